@@ -1,0 +1,37 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <map>
+
+#include "backend/midi/OrvMidiMessage.h"
+
+namespace Backend
+{
+/// Which notes each MIDI input holds: struck and not yet released, however the device says so (a note on of velocity 0
+/// releases too). The backend thread's own.
+class HeldNotes
+{
+public:
+    /// Follows an event of an input.
+    void follow(const MidiEngine::OrvMidiMessage& event);
+
+    /// Forgets what an input holds and calls `release(channel, note)` for each strike that was not answered, lowest
+    /// channel and note first.
+    template <class Release>
+    void release(int input, Release&& release)
+    {
+        const auto keyboard = held.extract(input);
+        if (keyboard.empty()) return;
+        for (unsigned key = 0; key < keyboard.mapped().size(); ++key)
+            for (auto strikes = keyboard.mapped()[key]; strikes > 0; --strikes)
+                release(static_cast<int>(key / NOTES), static_cast<int>(key % NOTES));
+    }
+
+private:
+    static constexpr unsigned CHANNELS = 16;
+    static constexpr unsigned NOTES = 128;
+
+    std::map<int, std::array<std::uint16_t, CHANNELS * NOTES>> held;
+};
+}  // namespace Backend

@@ -1,0 +1,86 @@
+#pragma once
+
+#include <mutex>
+#include <string>
+
+#include "backend/core/HeldNotes.h"
+#include "backend/core/MessageManagerMaster.h"
+#include "backend/core/OrvIF.h"
+#include "backend/core/OrvMessageManager.h"
+#include "backend/midi/MidiEngine.h"
+#include "backend/persistence/Program.h"
+#include "backend/persistence/RegistrySettings.h"
+
+namespace Backend
+{
+/// The backend: it owns every part by value, in the order in which they come to life. Its own thread is the authority
+/// over all of them; the engine, the display and the window work on copies.
+class Orv final : public OrvIF
+{
+public:
+    Orv(const std::string& application, MidiEngine::MidiPlayer& player);
+    ~Orv() override;
+
+    void initialize() override;
+    void endInitialize() override;
+    void end() override;
+    void start() override { messageManagerMaster.start(); }
+    void stop() override { messageManagerMaster.stop(); }
+
+    WindowHandle getGuiWindowHandle() const override;
+    void setGuiWindowHandle(const WindowHandle& window) override;
+    OrvMessageManager& getOrvMessageManager() override { return orvMessageManager; }
+    MidiEngine::MidiEngineMessageManager& getMidiEngineMessageManager() override
+    {
+        return midiEngine.getMessageManager();
+    }
+    void removeGuiWindowHandle() override { setGuiWindowHandle({}); }
+
+    void setMidiInputPorts(const MidiEngine::MidiInputPorts& ports) override;
+    void setMidiOutputPorts(const MidiEngine::MidiOutputPorts& ports) override;
+    MidiEngine::MidiInputPorts getMidiInputPorts() const override { return midiInputPorts; }
+    MidiEngine::MidiOutputPorts getMidiOutputPorts() const override { return midiOutputPorts; }
+    void enableMidiInput(int port, bool enabled) override;
+    void enableMidiOutput(int port, bool enabled) override;
+    void processMidiInputEvent(const MidiEngine::OrvMidiMessage& event) override;
+    void playMidi(const MidiEngine::OrvMidiMessage& event) override;
+    Program& getProgram() override { return program; }
+    void playTimeSlice(std::int32_t startPpq, std::int32_t endPpq) override
+    {
+        midiEngine.playTimeSlice(startPpq, endPpq);
+    }
+    RegistrySettings& getRegistrySettings() override { return registrySettings; }
+    MessageManagerMaster& getMessageManagerMaster() override { return messageManagerMaster; }
+
+    int getTempo() const override { return program.tempo; }
+    int getTempoSource() const override { return program.tempoSource; }
+    void changeTempo(const RelativeFixedValue& value, bool notify) override;
+    void setTempoSource(int source, bool notify) override;
+    void resetOrv() override;
+    void changeDefaultMidiOutput(const SelectType& select) override;
+    void changeMidiThru(const OnOffToggle& value, bool notify) override;
+    bool isAtRest() const override;
+    bool isResetWaiting() const override { return midiEngine.isResetWaiting(); }
+
+private:
+    template <class Value>
+    void tellGui(unsigned int message, const Value& value) const;
+    void takeInputEvent(const MidiEngine::OrvMidiMessage& event);
+    void releaseHeldNotes(int input);
+    void fixDefaultMidiOutput();
+    void setDefaultMidiOutput(int output);
+    int findOpenOutput(int from, int step) const;
+
+    const std::string applicationName;
+    mutable std::mutex guiWindowLock;
+    WindowHandle guiWindowHandle;
+    MessageManagerMaster messageManagerMaster;
+    OrvMessageManager orvMessageManager;
+    RegistrySettings registrySettings;
+    Program program;
+    MidiEngine::MidiInputPorts midiInputPorts;
+    MidiEngine::MidiOutputPorts midiOutputPorts;
+    HeldNotes heldNotes;
+    MidiEngine::MidiEngine midiEngine;
+};
+}  // namespace Backend

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <string>
+
+#include "backend/core/OrvIF.h"
+#include "backend/midi/MidiPlayer.h"
+#include "platform/Export.h"
+
+namespace Backend
+{
+class ORV_API OrvFactory
+{
+public:
+    /// A backend with no thread running yet, or null when memory runs out. The caller deletes it; `player` must
+    /// outlive it. `applicationName` names the place of its settings, and `retroRecordOption` says whether a
+    /// retrospective record may be kept.
+    static OrvIF* createOrv(const std::string& applicationName, MidiEngine::MidiPlayer& player, bool retroRecordOption);
+};
+}  // namespace Backend

@@ -1,0 +1,113 @@
+#pragma once
+
+#include <cstdint>
+
+#include "backend/input/values/OnOffToggle.h"
+#include "backend/input/values/RelativeFixedValue.h"
+#include "backend/input/values/SelectType.h"
+#include "backend/midi/MidiPort.h"
+#include "backend/midi/OrvMidiMessage.h"
+#include "platform/Export.h"
+#include "platform/WindowHandle.h"
+
+namespace Backend
+{
+class MessageManagerMaster;
+class OrvMessageManager;
+class RegistrySettings;
+struct Program;
+
+namespace MidiEngine
+{
+class MidiEngineMessageManager;
+}
+
+/// The backend as a host, the GUI and the backend's own parts see it. A host calls, in this order:
+///
+///     OrvFactory::createOrv, start,
+///     sendInitialize, sendSetMidiInputPorts, sendSetMidiOutputPorts, sendEndInitialize  (getOrvMessageManager),
+///     playTimeSlice again and again on one thread,
+///     and to end: inputs off, two slices, sendReset (getMidiEngineMessageManager), sendEnd while slices still run,
+///     no more slices, stop, delete.
+///
+/// Operations run on the backend thread, where the message managers call them, unless they say otherwise. None fails:
+/// what is out of range is ignored.
+class ORV_API OrvIF
+{
+public:
+    virtual ~OrvIF() = default;
+
+    /// Starts what the backend consists of. Reached through `OrvMessageManager::sendInitialize`.
+    virtual void initialize() = 0;
+    virtual void endInitialize() = 0;
+    virtual void end() = 0;
+
+    /// Starts and stops the backend thread. The host's thread.
+    virtual void start() = 0;
+    virtual void stop() = 0;
+
+    /// The window to be told of changes; empty if there is none. Any thread.
+    virtual WindowHandle getGuiWindowHandle() const = 0;
+    virtual void setGuiWindowHandle(const WindowHandle& window) = 0;
+
+    /// Any thread; they live as long as the backend.
+    virtual OrvMessageManager& getOrvMessageManager() = 0;
+    virtual MidiEngine::MidiEngineMessageManager& getMidiEngineMessageManager() = 0;
+
+    /// Any thread.
+    virtual void removeGuiWindowHandle() = 0;
+
+    /// The host's whole list, at the start and whenever something changed.
+    virtual void setMidiInputPorts(const MidiEngine::MidiInputPorts& ports) = 0;
+    virtual void setMidiOutputPorts(const MidiEngine::MidiOutputPorts& ports) = 0;
+    virtual MidiEngine::MidiInputPorts getMidiInputPorts() const = 0;
+    virtual MidiEngine::MidiOutputPorts getMidiOutputPorts() const = 0;
+
+    /// The user's choice. The backend's list of outputs changes only when the host sends the refreshed one.
+    virtual void enableMidiInput(int port, bool enabled) = 0;
+    virtual void enableMidiOutput(int port, bool enabled) = 0;
+
+    /// Takes an event whose `getInput` is an enabled port; any other is dropped.
+    virtual void processMidiInputEvent(const MidiEngine::OrvMidiMessage& event) = 0;
+
+    /// Gives an event to the engine.
+    virtual void playMidi(const MidiEngine::OrvMidiMessage& event) = 0;
+
+    virtual Program& getProgram() = 0;
+
+    /// The host's clock call: plays what is due from pulse `startPpq` up to, not including, `endPpq`, at 480 pulses
+    /// per quarter note. Always on the same thread, the one that `MidiPlayer::getThreadId` names. Spans follow each
+    /// other without gaps; one of 5000 pulses or more plays nothing, one that ends before it starts catches up.
+    virtual void playTimeSlice(std::int32_t startPpq, std::int32_t endPpq) = 0;
+
+    /// The backend thread's; the host's until `start`.
+    virtual RegistrySettings& getRegistrySettings() = 0;
+
+    /// Any thread.
+    virtual MessageManagerMaster& getMessageManagerMaster() = 0;
+
+    /// Beats per minute, 20 to 250.
+    virtual int getTempo() const = 0;
+    /// -1 for the internal clock, otherwise an input port.
+    virtual int getTempoSource() const = 0;
+    /// Ignored if the result lies outside 20 to 250. With `notify` the GUI is told.
+    virtual void changeTempo(const RelativeFixedValue& value, bool notify) = 0;
+    /// Ignored if `source` is neither -1 nor the index of an input port.
+    virtual void setTempoSource(int source, bool notify) = 0;
+
+    /// Ends every note and sends the hard reset's messages to the default output. Waits for a time slice.
+    virtual void resetOrv() = 0;
+
+    /// The next, previous or given output that is enabled and open becomes the default one.
+    virtual void changeDefaultMidiOutput(const SelectType& select) = 0;
+
+    virtual void changeMidiThru(const OnOffToggle& value, bool notify) = 0;
+
+    /// True when every worker has handled to its end all that was posted to it, or waits in a reset for a time slice.
+    /// Only a post, a slice or a `send` ends that state. Any thread.
+    virtual bool isAtRest() const = 0;
+
+    /// True while a reset waits for a time slice. Any thread.
+    virtual bool isResetWaiting() const = 0;
+};
+}  // namespace Backend

@@ -1,0 +1,148 @@
+#include "backend/core/OrvMessageManager.h"
+
+#include <array>
+
+#include "backend/core/Command.h"
+#include "backend/core/MessageManagerMaster.h"
+#include "platform/DbgStream.h"
+
+namespace Backend
+{
+using MidiEngine::MidiInputPorts;
+using MidiEngine::MidiOutputPorts;
+using MidiEngine::OrvMidiMessage;
+
+namespace
+{
+enum Number : unsigned int {
+    FIRST = 33218,
+    INITIALIZE = 33219,
+    END = 33220,
+    SEND_MIDI_INPUT_PORTS = 33221,
+    SET_MIDI_INPUT_PORTS = 33222,
+    SEND_MIDI_OUTPUT_PORTS = 33223,
+    SET_MIDI_OUTPUT_PORTS = 33224,
+    END_INITIALIZE = 33225,
+    REMOVE_GUI_WINDOW_HANDLE = 33228,
+    PLAY_MIDI_VIA_ALLOC = 33247,
+    PLAY_MIDI_VIA_PARAM = 33248,
+    ENABLE_MIDI_INPUT = 33249,
+    ENABLE_MIDI_OUTPUT = 33250,
+    PROCESS_MIDI_INPUT_EVENT_VIA_PARAM = 33251,
+    PROCESS_MIDI_INPUT_EVENT_VIA_ALLOC = 33252,
+    RESET_ORV = 33253,
+    CHANGE_DEFAULT_MIDI_OUTPUT = 33258,
+    CHANGE_TEMPO = 33264,
+    CHANGE_MIDI_THRU = 33265,
+    SET_TEMPO_SOURCE = 33267,
+    LAST = 33273
+};
+
+constexpr auto COMMANDS = std::to_array<Command<OrvIF>>({
+    command<&OrvIF::initialize>(INITIALIZE, "Initialize"),
+    command<&OrvIF::end>(END, "End"),
+    command<&OrvIF::setMidiInputPorts>(SEND_MIDI_INPUT_PORTS, "SendSetMidiInputPorts"),
+    command<&OrvIF::setMidiInputPorts>(SET_MIDI_INPUT_PORTS, "SetMidiInputPorts"),
+    command<&OrvIF::setMidiOutputPorts>(SEND_MIDI_OUTPUT_PORTS, "SendSetMidiOutputPorts"),
+    command<&OrvIF::setMidiOutputPorts>(SET_MIDI_OUTPUT_PORTS, "SetMidiOutputPorts"),
+    command<&OrvIF::endInitialize>(END_INITIALIZE, "EndInitialize"),
+    command<&OrvIF::removeGuiWindowHandle>(REMOVE_GUI_WINDOW_HANDLE, "RemoveGuiWindowHandle"),
+    command<&OrvIF::playMidi>(PLAY_MIDI_VIA_ALLOC, "PlayMidiViaAlloc"),
+    eventCommand<&OrvIF::playMidi>(PLAY_MIDI_VIA_PARAM, "PlayMidiViaParam"),
+    command<&OrvIF::enableMidiInput>(ENABLE_MIDI_INPUT, "EnableMidiInput"),
+    command<&OrvIF::enableMidiOutput>(ENABLE_MIDI_OUTPUT, "EnableMidiOutput"),
+    eventCommand<&OrvIF::processMidiInputEvent>(PROCESS_MIDI_INPUT_EVENT_VIA_PARAM, "ProcessMidiInputEventViaParam"),
+    command<&OrvIF::processMidiInputEvent>(PROCESS_MIDI_INPUT_EVENT_VIA_ALLOC, "ProcessMidiInputEventViaAlloc"),
+    command<&OrvIF::resetOrv>(RESET_ORV, "ResetOrv"),
+    command<&OrvIF::changeDefaultMidiOutput>(CHANGE_DEFAULT_MIDI_OUTPUT, "ChangeDefaultMidiOutput"),
+    command<&OrvIF::changeTempo>(CHANGE_TEMPO, "ChangeTempo"),
+    command<&OrvIF::changeMidiThru>(CHANGE_MIDI_THRU, "ChangeMidiThru"),
+    command<&OrvIF::setTempoSource>(SET_TEMPO_SOURCE, "SetTempoSource"),
+});
+}  // namespace
+
+OrvMessageManager::OrvMessageManager(MessageManagerMaster& managerMaster, OrvIF& backend)
+    : MessageManager(managerMaster), orv(backend)
+{
+}
+
+bool OrvMessageManager::wantMessage(unsigned int message) const { return message >= FIRST && message <= LAST; }
+
+void OrvMessageManager::handleMessage(Message& message)
+{
+    if (const auto* row = findCommand<OrvIF>(COMMANDS, message))
+        row->carryOut(orv, message);
+    else
+        WindowsLib::DbgStream() << "message " << message.number << ": no such command, ignored";
+}
+
+void OrvMessageManager::sendInitialize() { master.send(pack(INITIALIZE)); }
+
+void OrvMessageManager::sendEnd() { master.send(pack(END)); }
+
+void OrvMessageManager::sendSetMidiInputPorts(const MidiInputPorts& ports)
+{
+    master.send(pack(SEND_MIDI_INPUT_PORTS, ports));
+}
+
+void OrvMessageManager::postSetMidiInputPorts(const MidiInputPorts& ports)
+{
+    master.post(pack(SET_MIDI_INPUT_PORTS, ports));
+}
+
+void OrvMessageManager::sendSetMidiOutputPorts(const MidiOutputPorts& ports)
+{
+    master.send(pack(SEND_MIDI_OUTPUT_PORTS, ports));
+}
+
+void OrvMessageManager::postSetMidiOutputPorts(const MidiOutputPorts& ports)
+{
+    master.post(pack(SET_MIDI_OUTPUT_PORTS, ports));
+}
+
+void OrvMessageManager::sendEndInitialize() { master.send(pack(END_INITIALIZE)); }
+
+void OrvMessageManager::postRemoveGuiWindowHandle() { master.post(pack(REMOVE_GUI_WINDOW_HANDLE)); }
+
+void OrvMessageManager::postPlayMidi(const OrvMidiMessage& event)
+{
+    master.post(packEvent(PLAY_MIDI_VIA_PARAM, PLAY_MIDI_VIA_ALLOC, event));
+}
+
+void OrvMessageManager::postEnableMidiInput(int port, bool enabled)
+{
+    master.post(pack(ENABLE_MIDI_INPUT, port, enabled));
+}
+
+void OrvMessageManager::postEnableMidiOutput(int port, bool enabled)
+{
+    master.post(pack(ENABLE_MIDI_OUTPUT, port, enabled));
+}
+
+void OrvMessageManager::postProcessMidiInputEvent(const OrvMidiMessage& event)
+{
+    master.post(packEvent(PROCESS_MIDI_INPUT_EVENT_VIA_PARAM, PROCESS_MIDI_INPUT_EVENT_VIA_ALLOC, event));
+}
+
+void OrvMessageManager::postResetOrv() { master.post(pack(RESET_ORV)); }
+
+void OrvMessageManager::postChangeDefaultMidiOutput(const SelectType& select)
+{
+    master.post(pack(CHANGE_DEFAULT_MIDI_OUTPUT, select));
+}
+
+void OrvMessageManager::postChangeTempo(const RelativeFixedValue& value, bool notify)
+{
+    master.post(pack(CHANGE_TEMPO, value, notify));
+}
+
+void OrvMessageManager::postChangeMidiThru(const OnOffToggle& value, bool notify)
+{
+    master.post(pack(CHANGE_MIDI_THRU, value, notify));
+}
+
+void OrvMessageManager::postSetTempoSource(int source, bool notify)
+{
+    master.post(pack(SET_TEMPO_SOURCE, source, notify));
+}
+}  // namespace Backend

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "backend/core/MessageManager.h"
+#include "backend/core/OrvIF.h"
+
+namespace Backend
+{
+/// The backend's command set: what the outside world asks of it. `post` commands queue and return; `send` commands
+/// wait until the command is done, and must not be called on the backend thread. Any other thread.
+class ORV_API OrvMessageManager final : public MessageManager
+{
+public:
+    OrvMessageManager(MessageManagerMaster& managerMaster, OrvIF& backend);
+
+    bool wantMessage(unsigned int message) const override;
+    void handleMessage(Message& message) override;
+
+    void sendInitialize();
+    void sendEnd();
+    void sendSetMidiInputPorts(const MidiEngine::MidiInputPorts& ports);
+    void postSetMidiInputPorts(const MidiEngine::MidiInputPorts& ports);
+    void sendSetMidiOutputPorts(const MidiEngine::MidiOutputPorts& ports);
+    void postSetMidiOutputPorts(const MidiEngine::MidiOutputPorts& ports);
+    void sendEndInitialize();
+    void postRemoveGuiWindowHandle();
+
+    /// An event as the backend's own, past the input ports. Without an allocation unless it is timed or comes from a
+    /// control.
+    void postPlayMidi(const MidiEngine::OrvMidiMessage& event);
+    void postEnableMidiInput(int port, bool enabled);
+    void postEnableMidiOutput(int port, bool enabled);
+
+    /// Incoming MIDI: the host sets the event's input to the port number.
+    void postProcessMidiInputEvent(const MidiEngine::OrvMidiMessage& event);
+    void postResetOrv();
+    void postChangeDefaultMidiOutput(const SelectType& select);
+    void postChangeTempo(const RelativeFixedValue& value, bool notify);
+    void postChangeMidiThru(const OnOffToggle& value, bool notify);
+    void postSetTempoSource(int source, bool notify);
+
+private:
+    OrvIF& orv;
+};
+}  // namespace Backend

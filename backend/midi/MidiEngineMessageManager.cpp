@@ -1,0 +1,90 @@
+#include "backend/midi/MidiEngineMessageManager.h"
+
+#include <array>
+
+#include "backend/core/Command.h"
+#include "backend/midi/MidiEngine.h"
+#include "platform/DbgStream.h"
+
+namespace Backend::MidiEngine
+{
+namespace
+{
+enum Number : unsigned int {
+    STOP = 32869,
+    PLAY_MIDI_VIA_PARAM = 32870,
+    PLAY_MIDI_VIA_ALLOC = 32871,
+    SET_MIDI_INPUT_PORTS = 32872,
+    SET_MIDI_OUTPUT_PORTS = 32873,
+    ENABLE_MIDI_INPUT = 32874,
+    ENABLE_MIDI_OUTPUT = 32875,
+    SET_DEFAULT_MIDI_OUTPUT = 32876,
+    SET_TEMPO = 32881,
+    SET_TEMPO_SOURCE = 32882,
+    SET_MIDI_THRU = 32883
+};
+
+constexpr auto COMMANDS = std::to_array<Command<MidiEngine>>({
+    eventCommand<&MidiEngine::appendTimedEvent>(PLAY_MIDI_VIA_PARAM, "PlayMidiViaParam"),
+    command<&MidiEngine::appendTimedEvent>(PLAY_MIDI_VIA_ALLOC, "PlayMidiViaAlloc"),
+    command<&MidiEngine::setMidiInputPorts>(SET_MIDI_INPUT_PORTS, "SetMidiInputPorts"),
+    command<&MidiEngine::setMidiOutputPorts>(SET_MIDI_OUTPUT_PORTS, "SetMidiOutputPorts"),
+    command<&MidiEngine::enableMidiInput>(ENABLE_MIDI_INPUT, "EnableMidiInput"),
+    command<&MidiEngine::enableMidiOutput>(ENABLE_MIDI_OUTPUT, "EnableMidiOutput"),
+    command<&MidiEngine::setDefaultMidiOutput>(SET_DEFAULT_MIDI_OUTPUT, "SetDefaultMidiOutput"),
+    command<&MidiEngine::setTempo>(SET_TEMPO, "SetTempo"),
+    command<&MidiEngine::setTempoSource>(SET_TEMPO_SOURCE, "SetTempoSource"),
+    command<&MidiEngine::setMidiThru>(SET_MIDI_THRU, "SetMidiThru"),
+});
+}  // namespace
+
+MidiEngineMessageManager::MidiEngineMessageManager(MidiEngine& midiEngine)
+    : engine(midiEngine), worker("orv-engine", STOP, [this](Message& message) { handleMessage(message); })
+{
+}
+
+void MidiEngineMessageManager::handleMessage(Message& message)
+{
+    if (const auto* row = findCommand<MidiEngine>(COMMANDS, message))
+        row->carryOut(engine, message);
+    else
+        WindowsLib::DbgStream() << "engine message " << message.number << ": no such command, ignored";
+}
+
+void MidiEngineMessageManager::postPlayMidi(const OrvMidiMessage& event)
+{
+    worker.post(packEvent(PLAY_MIDI_VIA_PARAM, PLAY_MIDI_VIA_ALLOC, event));
+}
+
+void MidiEngineMessageManager::postSetMidiInputPorts(const MidiInputPorts& ports)
+{
+    worker.post(pack(SET_MIDI_INPUT_PORTS, ports));
+}
+
+void MidiEngineMessageManager::postSetMidiOutputPorts(const MidiOutputPorts& ports)
+{
+    worker.post(pack(SET_MIDI_OUTPUT_PORTS, ports));
+}
+
+void MidiEngineMessageManager::postEnableMidiInput(int port, bool enabled)
+{
+    worker.post(pack(ENABLE_MIDI_INPUT, port, enabled));
+}
+
+void MidiEngineMessageManager::postEnableMidiOutput(int port, bool enabled)
+{
+    worker.post(pack(ENABLE_MIDI_OUTPUT, port, enabled));
+}
+
+void MidiEngineMessageManager::postSetDefaultMidiOutput(int port) { worker.post(pack(SET_DEFAULT_MIDI_OUTPUT, port)); }
+
+void MidiEngineMessageManager::postSetTempo(int bpm) { worker.post(pack(SET_TEMPO, bpm)); }
+
+void MidiEngineMessageManager::postSetTempoSource(int source) { worker.post(pack(SET_TEMPO_SOURCE, source)); }
+
+void MidiEngineMessageManager::postSetMidiThru(bool on) { worker.post(pack(SET_MIDI_THRU, on)); }
+
+void MidiEngineMessageManager::sendReset() { engine.sendReset(); }
+
+void MidiEngineMessageManager::sendHardReset() { engine.sendHardReset(); }
+}  // namespace Backend::MidiEngine

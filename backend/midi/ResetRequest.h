@@ -1,0 +1,14 @@
+#pragma once
+
+#include "platform/Event.h"
+#include "platform/Worker.h"
+
+namespace Backend::MidiEngine
+{
+/// One caller waiting for its own reset. Lives on that caller's stack until `done` is set.
+struct ResetRequest {
+    Event done;
+    Worker* waiter = Worker::current();  ///< counts as resting until the reset was served; null for a foreign thread
+    ResetRequest* next = nullptr;        ///< among those that one slice served
+};
+}  // namespace Backend::MidiEngine

@@ -1,0 +1,8 @@
+#pragma once
+
+#include <cstdint>
+
+#include "platform/Export.h"
+
+/// Milliseconds of a clock that never jumps; wraps round after 49.7 days. Any thread, no system call on Linux.
+ORV_API std::uint32_t monotonicMilliseconds();

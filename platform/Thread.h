@@ -1,0 +1,38 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <thread>
+
+#include "platform/Export.h"
+
+/// A thread's number, unique while it lives; 0 is no thread.
+using ThreadId = std::uint32_t;
+
+/// The calling thread's number. After the first call on a thread this is a plain read.
+ORV_API ThreadId currentThreadId();
+
+/// Asks for real-time scheduling of the calling thread. `step` 0 is the most urgent of our threads (the clock), 1 the
+/// next (a MIDI backend), 2 the one behind (commands). False where the system grants none; the thread then goes on as
+/// it was.
+ORV_API bool requestRealTimePriority(int step);
+
+/// A thread with a name that debuggers and process lists show (the first 15 characters of it). Started by `start`,
+/// joined by `join` or the destructor.
+class ORV_API Thread
+{
+public:
+    Thread() = default;
+    ~Thread() { join(); }
+
+    Thread(const Thread&) = delete;
+    Thread& operator=(const Thread&) = delete;
+
+    void start(const std::string& name, std::function<void()> body);
+    void join();
+    bool isStarted() const { return thread.joinable(); }
+
+private:
+    std::thread thread;
+};

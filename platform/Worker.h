@@ -1,0 +1,64 @@
+#pragma once
+
+#include <atomic>
+#include <functional>
+#include <string>
+
+#include "platform/MessageQueue.h"
+#include "platform/Thread.h"
+
+/// A thread that takes the messages of one queue in order and gives each to one handler. Posts wait in the queue until
+/// the worker runs; once it has stopped they are freed at once.
+class ORV_API Worker
+{
+public:
+    using Handler = std::function<void(Message&)>;
+
+    /// `stopNumber` is the message that ends the thread. `slicePool` as in `MessageQueue`.
+    Worker(std::string name, unsigned int stopNumber, Handler handler, std::size_t slicePool = 0);
+    ~Worker() { stop(); }
+
+    Worker(const Worker&) = delete;
+    Worker& operator=(const Worker&) = delete;
+
+    void start();
+
+    /// Lets the worker handle what was posted before, ends its thread and waits for that; later posts are freed.
+    void stop();
+
+    void post(Message message) { messages.post(std::move(message)); }
+
+    /// Posts and waits until the message was handled, or freed because the worker stopped. Not on the worker's own
+    /// thread, which would wait for itself.
+    void send(Message message);
+
+    MessageQueue& queue() { return messages; }
+    bool currentThreadIsWorker() const { return currentThreadId() == threadId; }
+
+    /// The worker whose thread this is, or null.
+    static Worker* current();
+
+    /// A worker that waits for something a time slice will do counts as resting. Set by the thread that begins to
+    /// wait, cleared by whoever serves it, before it is let go.
+    void setWaiting(bool waits);
+
+    /// Whether the worker has nothing left to do, and a count that moves whenever that may have changed in between.
+    struct Rest {
+        bool resting;
+        std::uint64_t changes;
+        bool operator==(const Rest&) const = default;
+    };
+    Rest rest() const;
+
+private:
+    void run();
+
+    const std::string name;
+    const unsigned int stopNumber;
+    const Handler handler;
+    MessageQueue messages;
+    std::atomic<ThreadId> threadId{0};
+    std::atomic<bool> waiting{false};
+    std::atomic<std::uint64_t> waits{0};
+    Thread thread;
+};
