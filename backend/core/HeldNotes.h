@@ -8,8 +8,7 @@
 
 namespace Backend
 {
-/// Which notes each MIDI input holds: struck and not yet released, however the device says so (a note on of velocity 0
-/// releases too). The backend thread's own.
+/// Which notes each MIDI input holds: struck and not yet released. The backend thread's own.
 class HeldNotes
 {
 public:

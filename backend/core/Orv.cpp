@@ -187,8 +187,13 @@ void Orv::processMidiInputEvent(const OrvMidiMessage& event)
                                 << int{event.getInput()} << ": no such input, or not enabled";
 }
 
-void Orv::takeInputEvent(const OrvMidiMessage& event)
+/// Many keyboards release a key with a note on of velocity 0. From here on it is a note off.
+void Orv::takeInputEvent(OrvMidiMessage event)
 {
+    if (event.isNoteOn() && event.getD2() == 0) {
+        event.setToNoteOff();
+        event.setD2(RELEASE_VELOCITY);
+    }
     heldNotes.follow(event);
     orvMessageManager.postPlayMidi(event);
 }

@@ -65,7 +65,7 @@ public:
 private:
     template <class Value>
     void tellGui(unsigned int message, const Value& value) const;
-    void takeInputEvent(const MidiEngine::OrvMidiMessage& event);
+    void takeInputEvent(MidiEngine::OrvMidiMessage event);
     void releaseHeldNotes(int input);
     void fixDefaultMidiOutput();
     void setDefaultMidiOutput(int output);

@@ -1,5 +1,6 @@
 #include "backend/midi/MidiEngine.h"
 
+#include <array>
 #include <cmath>
 #include <utility>
 
@@ -62,12 +63,15 @@ void MidiEngine::setMidiInputPorts(MidiInputPorts ports)
 
 void MidiEngine::setMidiOutputPorts(MidiOutputPorts ports)
 {
+    std::array<bool, NoteCounters::OUTPUTS> isGone{};
+    for (int output = 0; output < NoteCounters::OUTPUTS; ++output)
+        isGone[static_cast<unsigned>(output)] = !isEnabled(ports, output);
+
     const Locked lock(criticalSection);
     midiOutputPorts.swap(ports);
-    const auto isGone = [this](int output) { return !isEnabled(midiOutputPorts, output); };
     for (int output = 0; output < NoteCounters::OUTPUTS; ++output)
-        if (isGone(output)) noteCounters.clearOutput(output);
-    directOutputs.forget(isGone);
+        if (isGone[static_cast<unsigned>(output)]) noteCounters.clearOutput(output);
+    directOutputs.forget([&](int output) { return isGone[static_cast<unsigned>(output)]; });
 }
 
 void MidiEngine::enableMidiInput(int port, bool enabled)

@@ -67,7 +67,7 @@ int parseNote(std::string_view text)
     if (text.starts_with('b')) accidental = -1;
     if (accidental != 0) text.remove_prefix(1);
 
-    const int octave = text.empty() ? 4 : Text::parseInteger(text).value_or(0);
+    const int octave = text.empty() ? 4 : Text::parseInteger(text).value_or(4);
     return pitchClass + 12 * (octave + 1) + accidental;
 }
 }  // namespace Backend::MidiEngine

@@ -1,7 +1,6 @@
 #include "backend/midi/NoteOutputs.h"
 
 #include <algorithm>
-#include <ranges>
 
 namespace Backend::MidiEngine
 {
@@ -15,7 +14,8 @@ void NoteOutputs::remember(std::size_t place, int output)
     } else if (!run.more && run.output == port) {
         ++run.count;
     } else {
-        const auto newest = std::ranges::find(later | std::views::reverse, place, &Later::place);
+        const auto newest = std::find_if(later.rbegin(), later.rend(),
+                                         [&](const Later& candidate) { return candidate.place == place; });
         if (newest != later.rend() && newest->output == port)
             ++newest->count;
         else

@@ -1,0 +1,141 @@
+#include "host/render/OfflineLoop.h"
+
+#include <algorithm>
+#include <new>
+#include <string>
+#include <thread>
+
+#include "backend/core/OrvFactory.h"
+#include "backend/core/OrvMessageManager.h"
+#include "backend/midi/MidiEngineMessageManager.h"
+#include "backend/persistence/RegistrySettings.h"
+#include "platform/Thread.h"
+
+namespace Host
+{
+using Backend::MidiEngine::MessageType;
+using Backend::MidiEngine::MidiInputPorts;
+using Backend::MidiEngine::OrvMidiMessage;
+
+namespace
+{
+// The library's pulse of time 0.
+constexpr std::int32_t FIRST_PULSE = 50000000;
+
+template <class Ports>
+Ports makePorts(const std::string& name, int count)
+{
+    Ports ports(static_cast<std::size_t>(count));
+    for (std::size_t i = 0; i < ports.size(); ++i) ports[i].name = name + " " + std::to_string(i + 1);
+    return ports;
+}
+}  // namespace
+
+OfflineLoop::OfflineLoop(const Settings& wanted)
+    : settings(wanted),
+      orv(Backend::OrvFactory::createOrv("Orvane 3", player, false)),
+      outputPorts(makePorts<Backend::MidiEngine::MidiOutputPorts>("Out", wanted.outputs))
+{
+    if (!orv) throw std::bad_alloc();
+    orv->getRegistrySettings().setDefaultMidiOutput(0);
+    orv->start();
+    auto& commands = orv->getOrvMessageManager();
+    commands.sendInitialize();
+    commands.sendSetMidiInputPorts(makePorts<MidiInputPorts>("In", settings.inputs));
+    commands.sendSetMidiOutputPorts(outputPorts);
+    commands.sendEndInitialize();
+    rest(0);
+}
+
+OfflineLoop::~OfflineLoop()
+{
+    orv->getOrvMessageManager().sendEnd();
+    orv->stop();
+}
+
+void OfflineLoop::play(const std::vector<TimedCommand>& commands)
+{
+    const std::int32_t lastCommand = commands.empty() ? 0 : commands.back().time;
+    const std::int32_t last = lastCommand + std::max(settings.tail, settings.slice);
+    auto next = commands.begin();
+    std::int32_t ppq = 0;
+    for (; ppq <= last; ppq += settings.slice) {
+        for (; next != commands.end() && next->time <= ppq; ++next) {
+            carryOut(next->command);
+            rest(ppq);
+        }
+        playSlice(ppq, settings.slice);
+        rest(ppq);
+    }
+    resetIn(ppq);
+    end = ppq;
+}
+
+void OfflineLoop::carryOut(const Command& command)
+{
+    std::visit([this](const auto& which) { post(which); }, command);
+}
+
+void OfflineLoop::post(const MidiCommand& command)
+{
+    orv->getOrvMessageManager().postProcessMidiInputEvent({static_cast<MessageType>(command.status), command.d1,
+                                                           command.d2, command.channel, OrvMidiMessage::DEFAULT_OUTPUT,
+                                                           OrvMidiMessage::DEFAULT_ZONE, command.input, -1});
+}
+
+void OfflineLoop::post(const PlayCommand& command)
+{
+    orv->getOrvMessageManager().postPlayMidi({static_cast<MessageType>(command.status), command.d1, command.d2,
+                                              command.channel, command.output, command.zone,
+                                              OrvMidiMessage::DEFAULT_INPUT, -1});
+}
+
+void OfflineLoop::post(const EnableCommand& command)
+{
+    auto& commands = orv->getOrvMessageManager();
+    if (command.direction == PortDirection::input)
+        commands.postEnableMidiInput(command.port, command.on);
+    else
+        commands.postEnableMidiOutput(command.port, command.on);
+}
+
+void OfflineLoop::playSlice(std::int32_t ppq, std::int32_t length)
+{
+    player.setPulse(ppq);
+    orv->playTimeSlice(FIRST_PULSE + ppq, FIRST_PULSE + ppq + length);
+}
+
+/// Waits until the library has nothing left to do. A reset that it waits in is served by a slice of no length, and the
+/// host's own answers count as something to do.
+void OfflineLoop::rest(std::int32_t ppq)
+{
+    do {
+        while (!orv->isAtRest()) std::this_thread::yield();
+        while (orv->isResetWaiting()) {
+            playSlice(ppq, 0);
+            while (!orv->isAtRest()) std::this_thread::yield();
+        }
+    } while (answerEnabledOutputs());
+}
+
+/// The refreshed list for what the user enabled or disabled; false if there was nothing of that.
+bool OfflineLoop::answerEnabledOutputs()
+{
+    const auto wishes = player.takeEnabledOutputs();
+    for (const auto& [port, enabled] : wishes)
+        if (port >= 0 && static_cast<std::size_t>(port) < outputPorts.size())
+            outputPorts[static_cast<std::size_t>(port)].enabled = enabled;
+    if (!wishes.empty()) orv->getOrvMessageManager().postSetMidiOutputPorts(outputPorts);
+    return !wishes.empty();
+}
+
+/// The last slice begins with a reset, which waits for it on a thread of its own.
+void OfflineLoop::resetIn(std::int32_t ppq)
+{
+    Thread waiter;
+    waiter.start("orvane-reset", [this] { orv->getMidiEngineMessageManager().sendReset(); });
+    while (!orv->isResetWaiting()) std::this_thread::yield();
+    playSlice(ppq, settings.slice);
+    waiter.join();
+}
+}  // namespace Host

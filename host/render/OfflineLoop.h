@@ -1,0 +1,56 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+#include "backend/core/OrvIF.h"
+#include "host/performance/PerformanceCommand.h"
+#include "host/render/RenderPlayer.h"
+
+namespace Host
+{
+/// A host whose clock is a counter: it runs the real library, with all its threads, and moves on only when they have
+/// done all there is to do, so that the same performance gives the same events every time. One thread.
+class OfflineLoop
+{
+public:
+    struct Settings {
+        int inputs = 2;            ///< ports offered, "In 1" onward
+        int outputs = 2;           ///< "Out 1" onward
+        std::int32_t slice = 1;    ///< pulses per time slice, 1 to 4999
+        std::int32_t tail = 1920;  ///< pulses played on after the last command, at least a slice
+    };
+
+    /// Starts the library up to the point where the first slice may come. Throws std::bad_alloc.
+    explicit OfflineLoop(const Settings& settings);
+    ~OfflineLoop();
+
+    OfflineLoop(const OfflineLoop&) = delete;
+    OfflineLoop& operator=(const OfflineLoop&) = delete;
+
+    /// Plays the commands, sorted by time, then the tail, then ends every note. Once.
+    void play(const std::vector<TimedCommand>& commands);
+
+    const RenderPlayer& getPlayer() const { return player; }
+    /// Where the performance ended, in pulses from its start.
+    std::int32_t getEnd() const { return end; }
+    const Backend::MidiEngine::MidiOutputPorts& getOutputPorts() const { return outputPorts; }
+
+private:
+    void carryOut(const Command& command);
+    void post(const MidiCommand& command);
+    void post(const PlayCommand& command);
+    void post(const EnableCommand& command);
+    void playSlice(std::int32_t ppq, std::int32_t length);
+    void rest(std::int32_t ppq);
+    void resetIn(std::int32_t ppq);
+    bool answerEnabledOutputs();
+
+    const Settings settings;
+    RenderPlayer player;
+    std::unique_ptr<Backend::OrvIF> orv;
+    Backend::MidiEngine::MidiOutputPorts outputPorts;
+    std::int32_t end = 0;
+};
+}  // namespace Host

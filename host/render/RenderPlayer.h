@@ -1,0 +1,53 @@
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "backend/midi/MidiPlayer.h"
+
+namespace Host
+{
+/// What the library handed to its player, and when.
+struct PlayedEvent {
+    std::int32_t ppq;  ///< start of the slice it was played in, in pulses from the start
+    Backend::MidiEngine::OrvMidiMessage event;
+};
+
+struct TempoChange {
+    std::int32_t ppq;
+    int bpm;
+};
+
+/// The player of the offline host: it plays nothing and remembers everything. The loop's thread sets the pulse and
+/// reads; the engine calls with its lock held and the loop looks only when the library is at rest.
+class RenderPlayer final : public Backend::MidiEngine::MidiPlayer
+{
+public:
+    void setPulse(std::int32_t ppq) { now = ppq; }
+
+    const std::vector<PlayedEvent>& getPlayed() const { return played; }
+    const std::vector<TempoChange>& getTempoChanges() const { return tempoChanges; }
+
+    /// Outputs that the user enabled or disabled since the last call, with the new state.
+    std::map<int, bool> takeEnabledOutputs() { return std::exchange(enabledOutputs, {}); }
+
+    void playMidi(const Backend::MidiEngine::OrvMidiMessage& event) override { played.push_back({now, event}); }
+    void enableMidiInput(int, bool) override {}
+    void enableMidiOutput(int port, bool enabled) override { enabledOutputs[port] = enabled; }
+    ThreadId getThreadId() override { return loopThread; }
+    void pulseSequencer() override {}
+    void setTempo(int bpm) override { tempoChanges.push_back({now, bpm}); }
+    void setTempoSource(char source) override { tempoSource = source; }
+    char getTempoSource() override { return tempoSource; }
+
+private:
+    const ThreadId loopThread = currentThreadId();
+    std::int32_t now = 0;
+    char tempoSource = -1;
+    std::vector<PlayedEvent> played;
+    std::vector<TempoChange> tempoChanges;
+    std::map<int, bool> enabledOutputs;
+};
+}  // namespace Host

@@ -1,0 +1,59 @@
+#include "platform/CriticalSection.h"
+
+#include <gtest/gtest.h>
+
+#include <thread>
+#include <vector>
+
+#include "platform/Event.h"
+
+TEST(CriticalSection, LetsOneThreadInAtATime)
+{
+    CriticalSection section;
+    int count = 0;
+    std::vector<std::thread> threads;
+    for (int i = 0; i < 3; ++i)
+        threads.emplace_back([&] {
+            for (int round = 0; round < 10000; ++round) {
+                const Locked lock(section);
+                ++count;
+            }
+        });
+    for (auto& thread : threads) thread.join();
+    EXPECT_EQ(count, 30000);
+}
+
+TEST(CriticalSection, AWaiterServesItsMessagesUntilTheLockIsFreeOrItMustQuit)
+{
+    CriticalSection section;
+    int pumped = 0;
+    ASSERT_TRUE(section.waitWithMessageLoop([&] { return ++pumped > 0; }));
+    EXPECT_EQ(pumped, 0) << "a free lock is taken at once";
+
+    Event letGo;
+    std::thread waiter([&] {
+        EXPECT_FALSE(section.waitWithMessageLoop([] { return false; })) << "told to quit";
+        EXPECT_FALSE(section.tryEnter()) << "and the lock not taken";
+        int rounds = 0;
+        EXPECT_TRUE(section.waitWithMessageLoop([&] {
+            if (++rounds == 3) letGo.set();
+            return true;
+        }));
+        EXPECT_GE(rounds, 3);
+        section.leave();
+    });
+    letGo.wait();
+    section.leave();
+    waiter.join();
+}
+
+TEST(Event, LetsOneWaiterThroughForAnyNumberOfSignals)
+{
+    Event event;
+    event.set();
+    event.set();
+    EXPECT_TRUE(event.waitFor(std::chrono::milliseconds(0)));
+    EXPECT_FALSE(event.waitFor(std::chrono::milliseconds(1)));
+    event.set();
+    event.wait();
+}

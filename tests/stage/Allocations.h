@@ -1,0 +1,6 @@
+#pragma once
+
+#include <cstdint>
+
+/// How often this thread has asked the heap for memory since it started.
+std::uint64_t allocationsOfThisThread();

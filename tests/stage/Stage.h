@@ -1,0 +1,78 @@
+#pragma once
+
+#include <functional>
+#include <initializer_list>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "backend/core/OrvIF.h"
+#include "backend/core/OrvMessageManager.h"
+#include "backend/midi/MidiEngineMessageManager.h"
+#include "backend/midi/MidiPlayer.h"
+
+/// A player that writes down what it gets. Called by one thread at a time, under the engine lock.
+class RecordingPlayer final : public Backend::MidiEngine::MidiPlayer
+{
+public:
+    std::vector<Backend::MidiEngine::OrvMidiMessage> events;
+    std::vector<std::string> wishes;  ///< "input 1 off", "tempo 90", "source 2"
+    ThreadId thread = currentThreadId();
+    char tempoSource = -1;
+
+    void playMidi(const Backend::MidiEngine::OrvMidiMessage& event) override { events.push_back(event); }
+    void enableMidiInput(int port, bool enabled) override;
+    void enableMidiOutput(int port, bool enabled) override;
+    ThreadId getThreadId() override { return thread; }
+    void pulseSequencer() override {}
+    void setTempo(int bpm) override { wishes.push_back("tempo " + std::to_string(bpm)); }
+    void setTempoSource(char source) override;
+    char getTempoSource() override { return tempoSource; }
+};
+
+/// The library on a stage: real threads, a clock that is a counter and a player that listens. Ports "In 1".."In 3" and
+/// "Out 1".."Out 3", all enabled; the default output is the first.
+class Stage
+{
+public:
+    static constexpr std::int32_t START = 50000000;
+
+    Stage();
+    ~Stage();
+
+    /// A key of input 1 (or another) on a channel.
+    void press(const std::string& note, int velocity = 100, int channel = 0, int input = 0);
+    void release(const std::string& note, int channel = 0, int input = 0);
+    void midi(int input, Backend::MidiEngine::MessageType type, int d1, int d2, int channel);
+
+    /// An event of the backend's own.
+    void play(const Backend::MidiEngine::OrvMidiMessage& event);
+
+    /// Slices of one pulse each, with rest after each.
+    void playSlices(int count = 2);
+    void slice(std::int32_t length);
+
+    /// Waits until nothing is left to do, serving resets.
+    void rest();
+
+    /// What the player got since the last call, each "C4 on", "C4 off" or the event's name with its data, with
+    /// " on output 1" and " channel 2" where they are not 0. Plays two slices first.
+    std::string played();
+    /// The same without playing.
+    std::string heard();
+
+    /// Runs `task` on another thread and plays slices until it is done.
+    void playWhile(const std::function<void()>& task);
+
+    Backend::MidiEngine::MidiInputPorts inputs(std::initializer_list<const char*> names) const;
+    Backend::MidiEngine::MidiOutputPorts outputs(std::initializer_list<const char*> names) const;
+    void setOutputEnabled(int output, bool enabled);
+    void setThru(bool on);
+
+    Backend::OrvMessageManager& commands() { return orv->getOrvMessageManager(); }
+    Backend::MidiEngine::MidiEngineMessageManager& engine() { return orv->getMidiEngineMessageManager(); }
+
+    RecordingPlayer player;
+    std::unique_ptr<Backend::OrvIF> orv;
+    std::int32_t pulse = START;
+};
