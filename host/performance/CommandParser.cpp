@@ -1,0 +1,92 @@
+#include "host/performance/CommandParser.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace Host
+{
+namespace
+{
+constexpr int HIGHEST_PORT = 127;
+constexpr int HIGHEST_ZONE = 127;
+constexpr int HIGHEST_CHANNEL = 15;
+constexpr int NONE = -1;
+
+Command parseMidi(PerformanceLine& line)
+{
+    MidiCommand midi{};
+    midi.input = line.number("INPUT", 0, HIGHEST_PORT);
+    const std::uint8_t status = line.hexadecimalByte("the first byte");
+    if (status < 0x80) line.refuse("the first byte is below 80");
+    midi.status = status < 0xF0 ? status & 0xF0 : status;
+    midi.channel = status < 0xF0 ? status & 0x0F : 0;
+    if (!line.empty()) midi.d1 = line.hexadecimalByte("the second byte");
+    if (!line.empty()) midi.d2 = line.hexadecimalByte("the third byte");
+    return midi;
+}
+
+/// -1 stands for none, which is 0.
+std::uint8_t dataByte(PerformanceLine& line, std::string_view name)
+{
+    return static_cast<std::uint8_t>(std::max(line.number(name, NONE, 255), 0));
+}
+
+Command parsePlay(PerformanceLine& line)
+{
+    PlayCommand play{};
+    play.output = line.number("OUTPUT", NONE, HIGHEST_PORT);
+    play.channel = line.number("CHANNEL", NONE, HIGHEST_CHANNEL);
+    play.zone = line.number("ZONE", NONE, HIGHEST_ZONE);
+    play.status = static_cast<std::uint8_t>(line.number("STATUS", 128, 255));
+    play.d1 = dataByte(line, "D1");
+    play.d2 = dataByte(line, "D2");
+    return play;
+}
+
+/// True for the one word, false for the other.
+bool isFirstOf(PerformanceLine& line, std::string_view first, std::string_view second)
+{
+    const std::string either = "'" + std::string(first) + "' or '" + std::string(second) + "'";
+    const std::string_view word = line.word(either);
+    if (word != first && word != second) line.refuse(quoted(word) + " is not " + either);
+    return word == first;
+}
+
+Command parseEnable(PerformanceLine& line)
+{
+    EnableCommand enable{};
+    enable.direction = isFirstOf(line, "input", "output") ? PortDirection::input : PortDirection::output;
+    enable.port = line.number("the port", 0, HIGHEST_PORT);
+    enable.on = isFirstOf(line, "on", "off");
+    return enable;
+}
+
+struct CommandRow {
+    std::string_view word;
+    Command (*parse)(PerformanceLine&);  // null: a command of the format that is not available yet
+};
+
+constexpr CommandRow COMMANDS[] = {
+    {"midi", parseMidi}, {"play", parsePlay}, {"enable", parseEnable}, {"key", nullptr},  {"function", nullptr},
+    {"axis", nullptr},   {"button", nullptr}, {"control", nullptr},    {"load", nullptr}, {"record", nullptr},
+};
+}  // namespace
+
+std::optional<Command> parseCommand(std::string_view text, const std::string& where)
+{
+    PerformanceLine line(text, where);
+    if (line.empty()) return std::nullopt;
+    return parseCommand(line);
+}
+
+Command parseCommand(PerformanceLine& line)
+{
+    const std::string_view word = line.word("the command");
+    const auto* row = std::ranges::find(COMMANDS, word, &CommandRow::word);
+    if (row == std::end(COMMANDS)) line.refuse("unknown command " + quoted(word));
+    if (row->parse == nullptr) line.refuse(quoted(word) + " is not available yet");
+    const Command command = row->parse(line);
+    line.end();
+    return command;
+}
+}  // namespace Host

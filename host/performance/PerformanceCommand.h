@@ -1,0 +1,51 @@
+#pragma once
+
+#include <cstdint>
+#include <variant>
+
+namespace Host
+{
+/// A MIDI message that arrives at an input port.
+struct MidiCommand {
+    int input;  ///< zero-based, 0 to 127; one that does not exist is left to the backend, which drops the event
+    std::uint8_t status;   ///< 80 to FF, below F0 without its channel
+    std::uint8_t channel;  ///< 0 to 15; 0 for a status of F0 or above
+    std::uint8_t d1;       ///< as it was given, 0 to 255
+    std::uint8_t d2;       ///< as it was given, 0 to 255
+
+    bool operator==(const MidiCommand&) const = default;
+};
+
+/// One event posted to the backend.
+struct PlayCommand {
+    int output;           ///< zero-based, -1 for none, at most 127
+    int channel;          ///< 0 to 15, -1 for none
+    int zone;             ///< 0 to 127, -1 for none
+    std::uint8_t status;  ///< 128 to 255, a channel message without its channel
+    std::uint8_t d1;      ///< 0 to 255
+    std::uint8_t d2;      ///< 0 to 255
+
+    bool operator==(const PlayCommand&) const = default;
+};
+
+enum class PortDirection { input, output };
+
+/// The user enables or disables a port.
+struct EnableCommand {
+    PortDirection direction;
+    int port;  ///< zero-based, 0 to 127
+    bool on;
+
+    bool operator==(const EnableCommand&) const = default;
+};
+
+/// What a line of a performance asks for. A further kind is a struct here and a row in the table of parseCommand.
+using Command = std::variant<MidiCommand, PlayCommand, EnableCommand>;
+
+struct TimedCommand {
+    std::int32_t time;  ///< pulses from the start, 480 per quarter note, 0 to LAST_PULSE
+    Command command;
+
+    bool operator==(const TimedCommand&) const = default;
+};
+}  // namespace Host

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "host/midifile/MidiFileReader.h"
+#include "host/performance/PerformanceCommand.h"
+
+namespace Host
+{
+/// The commands of a performance file, sorted by time, those of equal time in file order. UTF-8 text, with or without
+/// a byte order mark, lines ended by LF or CR LF:
+///
+///     <time> <command> [arguments]
+///
+/// `<time>` is in pulses from the start, 480 per quarter note, 0 to LAST_PULSE. Throws InputError ("demo.perf:12: ...",
+/// where `name` is what comes before the colon) at the first line that cannot be understood.
+std::vector<TimedCommand> parsePerformance(std::string_view text, const std::string& name);
+
+/// The channel messages of a MIDI file as they arrive at the first input port.
+std::vector<TimedCommand> fromMidiFile(const std::vector<MidiFileEvent>& events);
+
+/// All inputs as one, sorted by time; where times are equal, in the order of the inputs.
+std::vector<TimedCommand> mergeByTime(std::vector<std::vector<TimedCommand>> inputs);
+
+/// A performance (.perf) or MIDI file (.mid, .midi), told apart by the ending in upper or lower case. Throws
+/// InputError if it cannot be read or understood.
+std::vector<TimedCommand> readInput(const std::filesystem::path& path);
+}  // namespace Host

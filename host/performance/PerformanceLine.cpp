@@ -1,0 +1,93 @@
+#include "host/performance/PerformanceLine.h"
+
+#include <algorithm>
+#include <charconv>
+
+#include "host/InputError.h"
+#include "host/performance/Utf8.h"
+
+namespace Host
+{
+namespace
+{
+constexpr std::string_view BLANKS = " \t";
+
+bool isBlank(char character) { return BLANKS.find(character) != std::string_view::npos; }
+
+std::string_view withoutComment(std::string_view text)
+{
+    bool inQuotes = false;
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        if (text[at] == '"') inQuotes = !inQuotes;
+        if (text[at] == '#' && !inQuotes && (at == 0 || isBlank(text[at - 1]))) return text.substr(0, at);
+    }
+    return text;
+}
+
+std::string_view trimmed(std::string_view text)
+{
+    text.remove_prefix(std::min(text.find_first_not_of(BLANKS), text.size()));
+    return text.substr(0, text.find_last_not_of(BLANKS) + 1);
+}
+
+/// True if the whole word is a number of that base.
+bool parseWhole(std::string_view word, int base, int& value)
+{
+    const auto [end, error] = std::from_chars(word.data(), word.data() + word.size(), value, base);
+    return error == std::errc() && end == word.data() + word.size();
+}
+}  // namespace
+
+PerformanceLine::PerformanceLine(std::string_view line, const std::string& place) : text(line), where(place)
+{
+    if (text.find('\0') != std::string_view::npos) refuse("the line holds a NUL byte");
+    if (!isUtf8(text)) refuse("the line is not UTF-8 text");
+    if (text.ends_with('\r')) text.remove_suffix(1);
+    text = trimmed(withoutComment(text));
+}
+
+std::string_view PerformanceLine::word(std::string_view name)
+{
+    if (text.empty()) refuse(std::string(name) + " is missing");
+    const std::string_view word = text.substr(0, text.find_first_of(BLANKS));
+    text = trimmed(text.substr(word.size()));
+    return word;
+}
+
+int PerformanceLine::number(std::string_view name, int lowest, int highest)
+{
+    const std::string_view given = word(name);
+    int value = 0;
+    if (!parseWhole(given, 10, value) || value < lowest || value > highest)
+        refuse(std::string(name) + " is " + quoted(given) + ", not a number from " + std::to_string(lowest) + " to " +
+               std::to_string(highest));
+    return value;
+}
+
+std::uint8_t PerformanceLine::hexadecimalByte(std::string_view name)
+{
+    const std::string_view given = word(name);
+    int value = -1;
+    if (given.size() > 2 || !parseWhole(given, 16, value) || value < 0)
+        refuse(std::string(name) + " is " + quoted(given) + ", not a byte of one or two hexadecimal digits");
+    return static_cast<std::uint8_t>(value);
+}
+
+void PerformanceLine::end() const
+{
+    if (!text.empty()) refuse("unexpected " + quoted(text) + " at the end");
+}
+
+void PerformanceLine::refuse(const std::string& reason) const { throw InputError(where + ": " + reason); }
+
+std::string quoted(std::string_view word)
+{
+    constexpr std::size_t LONGEST = 40;
+    std::size_t size = std::min(word.size(), LONGEST);
+    while (size < word.size() && (word[size] & 0xC0) == 0x80) --size;  // not within a character
+    std::string shown(word.substr(0, size));
+    std::ranges::replace_if(
+        shown, [](char character) { return static_cast<unsigned char>(character) < 0x20 || character == 0x7F; }, '?');
+    return "'" + shown + (size < word.size() ? "...'" : "'");
+}
+}  // namespace Host
