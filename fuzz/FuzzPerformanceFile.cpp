@@ -1,0 +1,40 @@
+// Any bytes are read as a performance or refused with one printable line, never more.
+#include <algorithm>
+#include <cstdlib>
+
+#include "host/InputError.h"
+#include "host/LastPulse.h"
+#include "host/performance/PerformanceFile.h"
+#include "host/performance/Utf8.h"
+
+namespace
+{
+void require(bool truth)
+{
+    if (!truth) std::abort();
+}
+
+void checkCommand(const Host::TimedCommand& timed)
+{
+    require(timed.time >= 0 && timed.time <= Host::LAST_PULSE);
+    if (const auto* midi = std::get_if<Host::MidiCommand>(&timed.command))
+        require(midi->status >= 0x80 && midi->channel < 16 &&
+                (midi->status < 0xF0 ? midi->status % 16 : midi->channel) == 0);
+    if (const auto* play = std::get_if<Host::PlayCommand>(&timed.command))
+        require(play->status >= 0x80 && play->channel >= -1 && play->channel < 16 && play->zone >= -1);
+}
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+try {
+    const std::string_view text(reinterpret_cast<const char*>(data), size);
+    const std::vector<Host::TimedCommand> commands = Host::parsePerformance(text, "fuzz.perf");
+    require(std::ranges::is_sorted(commands, {}, &Host::TimedCommand::time));
+    std::ranges::for_each(commands, checkCommand);
+    return 0;
+} catch (const Host::InputError& error) {
+    const std::string_view line = error.what();
+    require(line.starts_with("fuzz.perf:") && Host::isUtf8(line));
+    require(std::ranges::none_of(line, [](char letter) { return static_cast<unsigned char>(letter) < ' '; }));
+    return 0;
+}
