@@ -87,15 +87,26 @@ std::optional<mode_t> modeOf(const fs::path& path)
     return std::nullopt;
 }
 
+/// The same file by a path that is its only one but for a link at its end, as far as its folder exists.
+fs::path uniquePath(const fs::path& path)
+{
+    std::error_code missing;
+    const fs::path folder = fs::canonical(path.has_parent_path() ? path.parent_path() : ".", missing);
+    return missing ? path : folder / path.filename();
+}
+
+/// Where /dev/stdout and its like lead to: a file that is already open, and that others write to.
+bool isOpenFile(const fs::path& target) { return target.native().starts_with("/proc/"); }
+
 /// The file that a path names in the end, existing or not: a rename over a link would replace the link.
 fs::path followLinks(const fs::path& path)
 {
     constexpr int DEEPEST = 40;
-    fs::path target = path;
+    fs::path target = uniquePath(path);
     std::error_code none;
-    for (int depth = 0; fs::is_symlink(fs::symlink_status(target, none)); ++depth) {
+    for (int depth = 0; !isOpenFile(target) && fs::is_symlink(fs::symlink_status(target, none)); ++depth) {
         if (depth == DEEPEST) fail(path, ELOOP);
-        target = target.parent_path() / fs::read_symlink(target, none);
+        target = uniquePath(target.parent_path() / fs::read_symlink(target, none));
     }
     return target;
 }
@@ -130,8 +141,7 @@ void writeTemporary(const fs::path& temporary, const fs::path& shown, std::optio
 /// So that the new name survives a power cut too; a file system that cannot do it does no harm.
 void syncFolderOf(const fs::path& target)
 {
-    const fs::path folder = target.has_parent_path() ? target.parent_path() : fs::path(".");
-    const int number = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    const int number = ::open(target.parent_path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     if (number < 0) return;
     ::fsync(number);
     ::close(number);
@@ -170,11 +180,13 @@ void StagedFiles::add(const fs::path& path, std::span<const std::uint8_t> bytes)
 {
     const std::optional<mode_t> oldMode = modeOf(path);
     if (oldMode && S_ISDIR(*oldMode)) fail(path, EISDIR);
-    if (oldMode && !S_ISREG(*oldMode)) {
+    const fs::path target = followLinks(path);
+    if (oldMode && (!S_ISREG(*oldMode) || isOpenFile(target))) {
         streams.push_back({path, {bytes.begin(), bytes.end()}});
         return;
     }
-    const fs::path target = fs::absolute(followLinks(path)).lexically_normal();
+    // A rename asks only the folder; a file that its owner has locked stays as it is.
+    if (oldMode && ::access(path.c_str(), W_OK) != 0) fail(path, errno);
     for (const Staged& other : files)
         if (other.target == target) throw InputError(path.string() + ": named for two output files");
     Staged staged{path, target, temporaryBeside(target)};
@@ -188,7 +200,7 @@ void StagedFiles::add(const fs::path& path, std::string_view text) { add(path, b
 void StagedFiles::commit()
 {
     for (const Stream& stream : streams) {
-        Descriptor out(stream.path, O_WRONLY, stream.path);
+        Descriptor out(stream.path, O_WRONLY | O_APPEND, stream.path);
         out.write(stream.bytes);
         out.close();
     }

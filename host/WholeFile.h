@@ -19,7 +19,7 @@ std::vector<std::uint8_t> readWholeFile(const std::filesystem::path& path, std::
 /// Output files that belong together. Each is written in full, and forced to the disk, beside the file it will replace;
 /// only `commit` puts them in place. A crash or a full disk at any moment leaves every target the old file or the new
 /// one, whole, and without `commit` nothing changes. Links are followed to the file they name, an existing file's mode
-/// is kept. A device or a pipe cannot be replaced, so it is written to in `commit`.
+/// is kept. A device, a pipe or /dev/stdout cannot be replaced, so it is written to in `commit`.
 class StagedFiles
 {
 public:

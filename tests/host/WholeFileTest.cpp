@@ -66,15 +66,19 @@ TEST(WholeFile, ReplacesAFileKeepingItsModeAndTheLinkToIt)
     fs::create_symlink("take.mid", folder / "latest.mid");
     fs::create_symlink("latest.mid", folder / "link.mid");
     fs::create_symlink("later.mid", folder / "dangling.mid");
+    fs::create_directories(folder / "takes/monday");
+    fs::create_directory_symlink("takes/monday", folder / "today");
 
     writeWholeFile(folder / "link.mid", std::string(200000, 'x'));
     writeWholeFile(folder / "dangling.mid", "later");
+    writeWholeFile(folder / "today/../up.mid", "up");
 
     EXPECT_EQ(textOf(folder / "take.mid"), std::string(200000, 'x'));
     EXPECT_EQ(fs::status(folder / "take.mid").permissions(), static_cast<fs::perms>(0640));
     EXPECT_EQ(textOf(folder / "later.mid"), "later");
+    EXPECT_EQ(textOf(folder / "takes/up.mid"), "up");
     EXPECT_TRUE(fs::is_symlink(folder / "link.mid") && fs::is_symlink(folder / "dangling.mid"));
-    EXPECT_EQ(folder.contents(), "dangling.mid later.mid latest.mid link.mid take.mid");
+    EXPECT_EQ(folder.contents(), "dangling.mid later.mid latest.mid link.mid take.mid takes today");
 }
 
 TEST(WholeFile, SaysWhyAFileCannotBeWrittenAndLeavesNothingBehind)
@@ -123,7 +127,7 @@ TEST(StagedFiles, AppearTogetherAtTheEnd)
     StagedFiles files;
     files.add(folder / "out.csv", "events");
     files.add(folder / "out.mid", "music");
-    EXPECT_EQ(complaintOf([&] { files.add(folder / "." / "out.mid", "twice"); }),
+    EXPECT_EQ(complaintOf([&] { files.add(folder / "./out.mid", "twice"); }),
               (folder / "./out.mid").string() + ": named for two output files");
     EXPECT_FALSE(fs::exists(folder / "out.csv"));
 
