@@ -45,6 +45,10 @@ TEST(MidiFileReader, CountsIn480PulsesAQuarterRoundedHalfUp)
     EXPECT_EQ(pulseOf(1920, {0x01}), 0);
     EXPECT_EQ(pulseOf(1920, {0x02}), 1);
     EXPECT_EQ(pulseOf(32767, {0xFF, 0xFF, 0xFF, 0x7F}), 3932280);  // 268435455 x 480 has more than 32 bits
+
+    Bytes twentyLongest;
+    for (int count = 0; count < 20; ++count) twentyLongest = twentyLongest + Bytes{0xFF, 0xFF, 0xFF, 0x7F, 0xC0, 1};
+    EXPECT_EQ(read(midiFile(0, 32767, {twentyLongest})).back().time, 78645600);  // and so have the ticks
 }
 
 TEST(MidiFileReader, HonoursTheRunningStatusUntilSysexOrMeta)
