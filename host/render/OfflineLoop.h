@@ -15,6 +15,9 @@ namespace Host
 class OfflineLoop
 {
 public:
+    /// The pulse counter has 32 bits and starts at 50000000; this is what the latest command leaves of it.
+    static constexpr std::int32_t LONGEST_TAIL = 90'000'000;
+
     struct Settings {
         int inputs = 2;            ///< ports offered, "In 1" onward
         int outputs = 2;           ///< "Out 1" onward

@@ -1,0 +1,58 @@
+#include "apps/orvane/RenderCommand.h"
+
+#include <memory>
+
+#include "host/InputError.h"
+#include "host/render/Render.h"
+
+namespace
+{
+/// An option that the renderer will have when the part it needs is there.
+void refuse(CLI::App& command, const std::string& name, const std::string& value)
+{
+    command
+        .add_option_function<std::vector<std::string>>(
+            name,
+            [name](const std::vector<std::string>&) {
+                throw Host::InputError("render: " + name + " is not available yet");
+            },
+            "(not available yet)")
+        ->type_name(value);
+}
+}  // namespace
+
+void addRenderCommand(CLI::App& program)
+{
+    CLI::App* command = program.add_subcommand(
+        "render", "Play performance (.perf) and MIDI (.mid) files without a clock and write what came of it");
+    const auto request = std::make_shared<Host::RenderRequest>();
+    auto& settings = request->settings;
+
+    command->add_option("input", request->inputs, "Performance or MIDI files, merged by time")
+        ->required()
+        ->type_name("INPUT");
+    command->add_option("--inputs", settings.inputs, "Input ports offered")
+        ->check(CLI::Range(0, 127))
+        ->capture_default_str();
+    command->add_option("--outputs", settings.outputs, "Output ports offered")
+        ->check(CLI::Range(0, 127))
+        ->capture_default_str();
+    command->add_option("--slice", settings.slice, "Pulses per time slice")
+        ->check(CLI::Range(1, 4999))
+        ->capture_default_str();
+    command->add_option("--tail", settings.tail, "Pulses played on after the last command")
+        ->check(CLI::Range(0, Host::OfflineLoop::LONGEST_TAIL))
+        ->capture_default_str();
+    command->add_option("--events", request->events, "Write the event list (- is standard output)")->type_name("FILE");
+    command->add_option("--mid", request->mid, "Write a Standard MIDI File")->type_name("FILE");
+    command->add_option("--wav", request->wav, "Write a sound file, played by the built-in synthesizer")
+        ->type_name("FILE");
+    refuse(*command, "--load", "FILE");
+    refuse(*command, "--number", "N");
+    refuse(*command, "--data", "DIR");
+    refuse(*command, "--set", "NAME=VALUE");
+    refuse(*command, "--seed", "N");
+    refuse(*command, "--display", "FILE");
+
+    command->callback([request] { Host::render(*request); });
+}

@@ -1,0 +1,53 @@
+#include "host/render/Render.h"
+
+#include <iostream>
+
+#include "host/InputError.h"
+#include "host/WholeFile.h"
+#include "host/midifile/MidiFileWriter.h"
+#include "host/performance/PerformanceFile.h"
+#include "host/render/EventList.h"
+#include "host/render/SoundFile.h"
+
+namespace Host
+{
+namespace
+{
+std::vector<TimedCommand> readInputs(const std::vector<std::filesystem::path>& paths)
+{
+    std::vector<std::vector<TimedCommand>> inputs;
+    for (const auto& path : paths) inputs.push_back(readInput(path));
+    return mergeByTime(std::move(inputs));
+}
+
+std::vector<std::uint8_t> midiFileOf(const OfflineLoop& loop)
+{
+    std::vector<std::string> names;
+    for (const auto& port : loop.getOutputPorts()) names.push_back(port.name);
+    MidiFileWriter writer(names);
+    for (const auto& [ppq, bpm] : loop.getPlayer().getTempoChanges()) writer.tempo(ppq, bpm);
+    for (const auto& [ppq, event] : loop.getPlayer().getPlayed())
+        writer.event(ppq, event.getOutput(), statusByte(event), event.getD1(), event.getD2());
+    return writer.bytes(loop.getEnd());
+}
+}  // namespace
+
+void render(const RenderRequest& request)
+{
+    if (!request.events && !request.mid && !request.wav)
+        throw InputError("render: nothing to write: give --events, --mid or --wav");
+    const auto commands = readInputs(request.inputs);
+    OfflineLoop loop(request.settings);
+    loop.play(commands);
+
+    const std::string eventList = request.events ? formatEventList(loop.getPlayer().getPlayed()) : std::string();
+    const bool eventsToOutput = request.events && *request.events == "-";
+    StagedFiles files;
+    if (request.events && !eventsToOutput) files.add(*request.events, eventList);
+    if (request.mid) files.add(*request.mid, midiFileOf(loop));
+    if (request.wav) files.add(*request.wav, renderSound(loop.getPlayer(), loop.getEnd()));
+    files.commit();
+    if (eventsToOutput && !(std::cout << eventList << std::flush))
+        throw InputError("standard output: cannot be written");
+}
+}  // namespace Host

@@ -1,0 +1,71 @@
+#include "host/synthesizer/Synthesizer.h"
+
+#include <stdexcept>
+
+namespace Host
+{
+namespace
+{
+constexpr double LOWEST_RATE = 8000;
+constexpr double HIGHEST_RATE = 96000;
+constexpr std::uint8_t SYSTEM_RESET = 0xFF;
+
+void keepQuiet()
+{
+    for (const int level : {FLUID_PANIC, FLUID_ERR, FLUID_WARN, FLUID_INFO, FLUID_DBG})
+        fluid_set_log_function(level, [](int, const char*, void*) {}, nullptr);
+}
+}  // namespace
+
+Synthesizer::Synthesizer(const std::filesystem::path& soundFont, double sampleRate, SynthesizerUse use)
+{
+    if (soundFont.empty()) throw std::runtime_error("no General MIDI sound font is installed");
+    if (sampleRate < LOWEST_RATE || sampleRate > HIGHEST_RATE)
+        throw std::runtime_error("the synthesizer plays at 8000 to 96000 Hz only");
+    keepQuiet();
+    settings.reset(new_fluid_settings());
+    fluid_settings_setnum(settings.get(), "synth.sample-rate", sampleRate);
+    fluid_settings_setint(settings.get(), "synth.threadsafe-api", use == SynthesizerUse::manyThreads ? 1 : 0);
+    synth.reset(new_fluid_synth(settings.get()));
+    if (!synth || fluid_synth_sfload(synth.get(), soundFont.c_str(), 1) == FLUID_FAILED)
+        throw std::runtime_error("the sound font " + soundFont.string() + " cannot be loaded");
+}
+
+void Synthesizer::play(const ShortMessage& message)
+{
+    fluid_synth_t* to = synth.get();
+    const int channel = message.channel();
+    const int d1 = message.bytes[1];
+    const int d2 = message.bytes[2];
+    switch (message.kind()) {
+        case 0x80:
+            fluid_synth_noteoff(to, channel, d1);
+            break;
+        case 0x90:
+            fluid_synth_noteon(to, channel, d1, d2);
+            break;
+        case 0xA0:
+            fluid_synth_key_pressure(to, channel, d1, d2);
+            break;
+        case 0xB0:
+            fluid_synth_cc(to, channel, d1, d2);
+            break;
+        case 0xC0:
+            fluid_synth_program_change(to, channel, d1);
+            break;
+        case 0xD0:
+            fluid_synth_channel_pressure(to, channel, d1);
+            break;
+        case 0xE0:
+            fluid_synth_pitch_bend(to, channel, d2 << 7 | d1);
+            break;
+        default:
+            if (message.bytes[0] == SYSTEM_RESET) fluid_synth_system_reset(to);
+    }
+}
+
+void Synthesizer::render(float* left, float* right, int frames)
+{
+    fluid_synth_write_float(synth.get(), frames, left, 0, 1, right, 0, 1);
+}
+}  // namespace Host

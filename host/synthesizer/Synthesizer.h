@@ -1,0 +1,46 @@
+#pragma once
+
+#include <filesystem>
+#include <memory>
+
+#include <fluidsynth.h>
+
+#include "host/midi/ShortMessage.h"
+
+namespace Host
+{
+/// Frees what FluidSynth made.
+struct FluidDeleter {
+    void operator()(fluid_settings_t* settings) const { delete_fluid_settings(settings); }
+    void operator()(fluid_synth_t* synth) const { delete_fluid_synth(synth); }
+    void operator()(fluid_audio_driver_t* driver) const { delete_fluid_audio_driver(driver); }
+};
+template <class Object>
+using FluidPointer = std::unique_ptr<Object, FluidDeleter>;
+
+/// Whether several threads use a synthesizer at once; one that belongs to a single thread takes no lock.
+enum class SynthesizerUse { oneThread, manyThreads };
+
+/// The built-in General MIDI synthesizer: sixteen channels, the tenth for drums. It says nothing on standard error.
+class Synthesizer
+{
+public:
+    /// Throws std::runtime_error with one line for the user if there is no sound font, or it cannot be loaded, or the
+    /// sample rate (per second) is not one from 8000 to 96000.
+    Synthesizer(const std::filesystem::path& soundFont, double sampleRate, SynthesizerUse use);
+
+    /// Takes effect with the next block of 64 frames that is rendered.
+    void play(const ShortMessage& message);
+
+    /// Fills both with the next `frames` frames, full scale 1.
+    void render(float* left, float* right, int frames);
+
+    /// For an audio driver. They live as long as this.
+    fluid_settings_t* getSettings() { return settings.get(); }
+    fluid_synth_t* getSynth() { return synth.get(); }
+
+private:
+    FluidPointer<fluid_settings_t> settings;
+    FluidPointer<fluid_synth_t> synth;
+};
+}  // namespace Host

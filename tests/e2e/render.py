@@ -1,0 +1,116 @@
+"""The offline host as its users meet it: render.py ORVANE DEMONSTRATION.perf MIDI_FILE_READERS.sh"""
+import array
+import os
+import subprocess
+import sys
+import tempfile
+import unittest
+import wave
+
+ORVANE, DEMONSTRATION, READERS = sys.argv[1:4]
+
+
+class Render(unittest.TestCase):
+    def setUp(self):
+        self.folder = tempfile.TemporaryDirectory()
+        self.addCleanup(self.folder.cleanup)
+
+    def path(self, name, content=None):
+        path = os.path.join(self.folder.name, name)
+        if content is not None:
+            with open(path, "wb") as file:
+                file.write(content)
+        return path
+
+    @staticmethod
+    def read(path):
+        with open(path, "rb") as file:
+            return file.read()
+
+    def orvane(self, *arguments, status=0, **environment):
+        result = subprocess.run([ORVANE, "render", *arguments], capture_output=True, timeout=120,
+                                env={**os.environ, **environment})
+        self.assertEqual(result.returncode, status, result.stderr.decode())
+        return result
+
+    def test_the_demonstration_sounds_and_other_programs_read_its_file(self):
+        mid, wav, events = self.path("d.mid"), self.path("d.wav"), self.path("d.events")
+        self.orvane(DEMONSTRATION, "--mid", mid, "--wav", wav, "--events", events)
+        subprocess.run(["sh", READERS, mid], check=True)
+        with wave.open(wav) as sound:
+            self.assertEqual((sound.getframerate(), sound.getnchannels(), sound.getsampwidth()), (48000, 2, 2))
+            samples = array.array("h", sound.readframes(sound.getnframes()))
+        self.assertGreater(max(samples), 1000, "silence")
+        self.assertLess(max(map(abs, samples)), 32767, "clipped")
+        self.assertLess(max(map(abs, samples[-4800:])), 1500, "still ringing at the end")
+        lines = self.read(events).decode().splitlines()[1:]
+        sounding = set()
+        for line in lines:
+            _, output, status, note, velocity = map(int, line.split(","))
+            if status & 0xF0 == 0x90:
+                sounding.add((output, status & 15, note))
+            elif status & 0xF0 == 0x80:
+                sounding.discard((output, status & 15, note))
+        self.assertEqual(sounding, set())
+        self.assertGreater(len(lines), 300)
+
+    def test_the_same_performance_gives_the_same_bytes(self):
+        runs = []
+        for run in range(3):
+            names = [self.path(f"{run}.{kind}") for kind in ("mid", "wav", "events")]
+            self.orvane(DEMONSTRATION, "--mid", names[0], "--wav", names[1], "--events", names[2])
+            runs.append([self.read(name) for name in names])
+        self.assertEqual(runs[0], runs[1])
+        self.assertEqual(runs[0], runs[2])
+
+    def test_what_it_wrote_it_reads_back(self):
+        first, second = self.path("a.mid"), self.path("b.mid")
+        performance = self.path("a.perf", b"10 midi 0 90 3C 64\n20 midi 0 E3 01 40\n30 midi 0 80 3C 40\n")
+        self.orvane(performance, "--mid", first)
+        events = self.orvane(first, "--events", "-").stdout.decode().splitlines()
+        self.assertEqual(events[1:], ["12,0,144,60,100", "22,0,227,1,64", "32,0,128,60,64"])
+        self.orvane(first, "--mid", second)
+
+    def test_several_inputs_are_merged_by_time(self):
+        a = self.path("a.perf", b"5 play 0 0 -1 144 60 1\n7 play 0 0 -1 144 61 1\n")
+        b = self.path("b.perf", b"5 play 0 0 -1 144 62 1\n6 play 0 0 -1 144 63 1\n")
+        events = self.orvane(b, a, "--events", "-", "--tail", "0").stdout.decode().splitlines()
+        self.assertEqual(events[1:5], ["6,0,144,62,1", "6,0,144,60,1", "7,0,144,63,1", "8,0,144,61,1"])
+
+    def test_bad_input_is_one_line_status_2_and_no_file(self):
+        good = self.path("good.perf", b"0 play 0 0 -1 144 60 100\n")
+        bad = self.path("bad.perf", b"0 play 0 0 -1 144 60 100\n\n5 pluy 0\n")
+        later = self.path("later.perf", b"0 key down Q\n")
+        cut = self.path("cut.mid", b"MThd\0\0\0\6\0\1\0\1\1\xe0MTrk\0\0\0\x10\0\x90")
+        cases = [([bad], "bad.perf:3"), ([later], "later.perf:1"), ([cut], "cut.mid"),
+                 ([self.path("missing.perf")], "missing.perf"), ([self.folder.name], ""), ([], ""),
+                 ([good, "--slice", "5000"], "--slice"), ([good, "--slice", "0"], "--slice"),
+                 ([good, "--outputs", "two"], "--outputs"), ([good, "--tail", "-1"], "--tail"),
+                 ([good, "--nonsense"], "--nonsense"), ([good, "--load", "x.bnk"], "--load"),
+                 ([good, "--seed", "7"], "--seed"), ([good, bad], "bad.perf:3")]
+        for arguments, named in cases:
+            out = self.path("out.events")
+            result = self.orvane(*arguments, "--events", out, "--mid", self.path("out.mid"), status=2)
+            lines = result.stderr.decode().splitlines()
+            self.assertEqual(len(lines), 1, result.stderr)
+            self.assertIn(named, lines[0])
+            self.assertFalse(os.path.exists(out))
+        self.assertEqual(len(self.orvane(good, status=2).stderr.splitlines()), 1, "nothing to write")
+        self.orvane(good, "--events", self.path("none/out.events"), "--mid", self.path("out.mid"), status=2)
+        self.assertFalse(os.path.exists(self.path("out.mid")), "one of two files failed: neither is written")
+        self.assertIn(b"space", self.orvane(good, "--events", "/dev/full", status=2).stderr)
+
+    def test_what_is_dropped_is_told_to_the_debug_stream(self):
+        performance = self.path("a.perf", b"0 play 5 0 -1 144 60 100\n0 midi 9 90 3C 64\n")
+        self.assertEqual(self.orvane(performance, "--events", "-").stderr, b"")
+        told = self.orvane(performance, "--events", "-", ORVANE_DEBUG="1").stderr.decode()
+        self.assertIn("output 5", told)
+        self.assertIn("input 9", told)
+
+    def test_a_rolled_back_file_keeps_its_old_content(self):
+        kept = self.path("kept.events", b"old")
+        self.orvane(self.path("bad.perf", b"x\n"), "--events", kept, status=2)
+        self.assertEqual(self.read(kept), b"old")
+
+
+unittest.main(argv=sys.argv[:1], verbosity=1)
