@@ -18,7 +18,7 @@ set(ORVANE_SANITIZE "" CACHE STRING "Sanitizers, as for -fsanitize=")
 
 # Oscillators are IEEE double, left to right: no contraction, ever.
 add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wno-sign-conversion -Wnon-virtual-dtor -Werror
-                    -ffp-contract=off)
+                    -ffp-contract=off -fno-semantic-interposition)
 if(CMAKE_CXX_COMPILER_ID MATCHES "Clang")
   add_compile_options(-Wthread-safety -Wthread-safety-beta)
 endif()

@@ -1,17 +1,20 @@
 #pragma once
 
+#include <atomic>
+#include <cstdint>
 #include <functional>
-#include <memory>
 
 #include "platform/Export.h"
+#include "platform/Thread.h"
 #include "platform/ThreadSafety.h"
 
 /// A lock whose holder inherits the priority of whoever waits for it, so that a low-priority thread inside it never
-/// keeps the time-slice thread waiting behind unrelated work. Not recursive.
+/// keeps the time-slice thread waiting behind unrelated work. Not recursive. A free lock costs one atomic exchange
+/// each way and no system call.
 class ORV_API CAPABILITY("lock") CriticalSection
 {
 public:
-    CriticalSection();
+    CriticalSection() = default;
 
     /// Releases the lock once if the calling thread still holds it.
     ~CriticalSection();
@@ -19,9 +22,24 @@ public:
     CriticalSection(const CriticalSection&) = delete;
     CriticalSection& operator=(const CriticalSection&) = delete;
 
-    void enter() ACQUIRE();
-    bool tryEnter() TRY_ACQUIRE(true);
-    void leave() RELEASE();
+    void enter() ACQUIRE()
+    {
+        if (!tryEnter()) enterContended();
+    }
+
+    bool tryEnter() TRY_ACQUIRE(true)
+    {
+        std::uint32_t free = 0;
+        return owner.compare_exchange_strong(free, currentThreadId(), std::memory_order_acquire,
+                                             std::memory_order_relaxed);
+    }
+
+    void leave() RELEASE()
+    {
+        std::uint32_t mine = currentThreadId();
+        if (!owner.compare_exchange_strong(mine, 0, std::memory_order_release, std::memory_order_relaxed))
+            leaveContended();
+    }
 
     /// Dispatches whatever waits in the caller's own message loop; false once the quit message came.
     using Pump = std::function<bool()>;
@@ -31,8 +49,11 @@ public:
     bool waitWithMessageLoop(const Pump& pump) TRY_ACQUIRE(true);
 
 private:
-    struct Lock;
-    std::unique_ptr<Lock> lock;
+    void enterContended();
+    void leaveContended();
+
+    // The holder's thread id, 0 while free; while others wait the system adds its own mark.
+    std::atomic<std::uint32_t> owner{0};
 };
 
 /// Holds a `CriticalSection` for the length of a block.

@@ -138,17 +138,17 @@ void MidiEngine::playTimeSlice(std::int32_t startPpq, std::int32_t endPpq)
 void MidiEngine::drain(Slice& slice, std::int32_t endPpq)
 {
     pending.swap(timedEvents);
-    std::size_t kept = 0;
-    for (OrvMidiMessage& event : pending) {
-        if (event.getMidiEngineMessageType() != MidiEngineMessageType::midiEvent) {
-            serveReset(slice, event);
+    auto kept = pending.begin();
+    for (auto event = kept; event != pending.end(); ++event) {
+        if (event->getMidiEngineMessageType() != MidiEngineMessageType::midiEvent) {
+            serveReset(slice, *event);
             continue;
         }
-        if (!event.isTimedEvent()) event.setPpq(endPpq);
-        OrvMidiMessage& place = pending[kept++];
-        if (&place != &event) place = event;
+        if (!event->isTimedEvent()) event->setPpq(endPpq);
+        if (kept != event) *kept = *event;
+        ++kept;
     }
-    pending.resize(kept);
+    pending.erase(kept, pending.end());
 }
 
 void MidiEngine::walk(Slice& slice, std::int32_t startPpq, std::int32_t endPpq)
@@ -167,15 +167,16 @@ void MidiEngine::walk(Slice& slice, std::int32_t startPpq, std::int32_t endPpq)
 void MidiEngine::processPpq(Slice& slice, std::int32_t ppq, std::int32_t minPpq)
 {
     if (ppq < 0 || pending.empty()) return;
-    std::size_t kept = 0;
-    for (std::size_t i = 0; i < pending.size(); ++i) {
-        const OrvMidiMessage& event = pending[i];
-        if (event.getPpq() <= ppq && event.getPpq() >= minPpq)
-            playMidi(slice, event);
-        else if (kept++ != i)
-            pending[kept - 1] = event;
+    auto kept = pending.begin();
+    for (auto event = kept; event != pending.end(); ++event) {
+        if (event->getPpq() <= ppq && event->getPpq() >= minPpq) {
+            playMidi(slice, *event);
+            continue;
+        }
+        if (kept != event) *kept = *event;
+        ++kept;
     }
-    pending.resize(kept);
+    pending.erase(kept, pending.end());
 }
 
 /// What was not due goes back behind what was scheduled meanwhile.

@@ -1,0 +1,30 @@
+#include "bench/EngineBench.h"
+
+using Backend::MidiEngine::MessageType;
+using Backend::MidiEngine::MidiEngine;
+using Backend::MidiEngine::MidiOutputPorts;
+
+EngineBench::EngineBench(const std::vector<Workload::Event>& workload, int output)
+{
+    for (const auto& [status, d1, d2] : workload)
+        events.emplace_back(static_cast<MessageType>(status), d1, d2, 0, output, -1, -1, -1);
+    engine.setMidiOutputPorts(MidiOutputPorts(1));
+    engine.setDefaultMidiOutput(0);
+}
+
+void EngineBench::playRound()
+{
+    for (std::size_t next = 0; next < events.size();) {
+        for (int i = 0; i < BATCH; ++i) engine.appendTimedEvent(events[next++]);
+        slice();
+    }
+    slice();
+}
+
+void EngineBench::slice()
+{
+    // The counter starts again long before its 32 bits run out.
+    if (pulse > 2'000'000'000) pulse = MidiEngine::FIRST_PULSE;
+    engine.playTimeSlice(pulse, pulse + 1);
+    ++pulse;
+}

@@ -1,0 +1,62 @@
+// What `bench/instructions.sh` counts: one road, so many rounds, nothing else. Two runs that differ only in their
+// rounds differ by exactly the instructions of the rounds between them.
+
+#include <cstdio>
+#include <cstdlib>
+#include <string_view>
+#include <thread>
+
+#include "bench/EngineBench.h"
+#include "platform/Event.h"
+
+using Backend::MidiEngine::MessageType;
+using Backend::MidiEngine::MidiEngine;
+using Backend::MidiEngine::MidiOutputPorts;
+
+namespace
+{
+void playNotes(int rounds, int output)
+{
+    EngineBench bench(Workload::notes(), output);
+    for (int round = 0; round < rounds; ++round) bench.playRound();
+}
+
+void idlePulses(int rounds)
+{
+    SummingPlayer player;
+    MidiEngine engine(player);
+    for (std::int32_t pulse = 0; pulse < rounds * Workload::EVENTS; ++pulse) engine.playTimeSlice(pulse, pulse + 1);
+}
+
+void resets(int rounds)
+{
+    SummingPlayer player;
+    MidiEngine engine(player);
+    engine.setMidiOutputPorts(MidiOutputPorts(1));
+    for (int round = 0; round < rounds; ++round) {
+        for (int note = 0; note < 10; ++note)
+            engine.appendTimedEvent({MessageType::noteOn, note, 100, 0, 0, -1, -1, 1});
+        engine.playTimeSlice(1, 2);
+        engine.sendReset();
+    }
+}
+}  // namespace
+
+int main(int argc, char** argv)
+{
+    if (argc != 3) return std::fprintf(stderr, "usage: bench_instructions ROAD ROUNDS\n"), 2;
+    const std::string_view road = argv[1];
+    const int rounds = std::atoi(argv[2]);
+    Event wake;
+    std::thread another([&] { wake.wait(); });  // as in every host
+    if (road == "named_output")
+        playNotes(rounds, 0);
+    else if (road == "default_output")
+        playNotes(rounds, -1);
+    else if (road == "idle_pulse")
+        idlePulses(rounds);
+    else if (road == "reset")
+        resets(rounds);
+    wake.set();
+    another.join();
+}

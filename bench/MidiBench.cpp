@@ -1,0 +1,120 @@
+// Nanoseconds of the engine's own roads: `build/release/bin/bench_midi`. Instruction counts: bench/instructions.sh.
+
+#include <benchmark/benchmark.h>
+
+#include <cinttypes>
+#include <cstdio>
+#include <thread>
+
+#include "bench/EngineBench.h"
+#include "platform/Event.h"
+#include "platform/Worker.h"
+
+using Backend::MidiEngine::MessageType;
+using Backend::MidiEngine::MidiEngine;
+using Backend::MidiEngine::MidiOutputPorts;
+
+namespace
+{
+/// The C library's mutex is far cheaper in a process of one thread, which no host ever is.
+class SleepingThread
+{
+public:
+    SleepingThread() : thread([this] { wake.wait(); }) {}
+    ~SleepingThread()
+    {
+        wake.set();
+        thread.join();
+    }
+
+private:
+    Event wake;
+    std::thread thread;
+};
+
+/// Per event of W-NOTES, queue and slice counted in.
+void direct(benchmark::State& state, int output)
+{
+    const SleepingThread another;
+    EngineBench bench(Workload::notes(), output);
+    bench.playRound();
+    for (auto _ : state) bench.playRound();
+    state.SetItemsProcessed(state.iterations() * Workload::EVENTS);
+}
+
+void idlePulse(benchmark::State& state)
+{
+    const SleepingThread another;
+    SummingPlayer player;
+    MidiEngine engine(player);
+    std::int32_t pulse = MidiEngine::FIRST_PULSE;
+    for (auto _ : state) {
+        engine.playTimeSlice(pulse, pulse + 1);
+        if (++pulse == 2'000'000'000) pulse = MidiEngine::FIRST_PULSE;
+    }
+}
+
+/// From a post on one thread to the handler on another, which sleeps in between.
+void postToTake(benchmark::State& state)
+{
+    Event taken;
+    Worker worker("bench", 1, [&](Message&) { taken.set(); });
+    worker.start();
+    for (auto _ : state) {
+        worker.post({.number = 2});
+        taken.wait();
+    }
+}
+
+/// A post of the slice alone: its consumer drains, nobody is woken.
+void postFromSlice(benchmark::State& state)
+{
+    MessageQueue queue(1024);
+    int posted = 0;
+    for (auto _ : state) {
+        queue.postFromSlice({.number = 2});
+        if (++posted % 512 == 0) {
+            state.PauseTiming();
+            while (queue.handleNext([](Message&) {})) {}
+            state.ResumeTiming();
+        }
+    }
+}
+
+/// A reset of `range` sounding notes.
+void reset(benchmark::State& state)
+{
+    SummingPlayer player;
+    MidiEngine engine(player);
+    engine.setMidiOutputPorts(MidiOutputPorts(16));
+    engine.playTimeSlice(0, 1);
+    for (auto _ : state) {
+        state.PauseTiming();
+        for (int i = 0; i < state.range(0); ++i)
+            engine.appendTimedEvent({MessageType::noteOn, i % 128, 100, i / 128 % 16, i % 16, -1, -1, 1});
+        engine.playTimeSlice(1, 2);
+        state.ResumeTiming();
+        engine.sendReset();
+    }
+}
+}  // namespace
+
+BENCHMARK_CAPTURE(direct, named_output, 0);
+BENCHMARK_CAPTURE(direct, default_output, -1);
+BENCHMARK(idlePulse);
+BENCHMARK(postToTake)->UseRealTime();
+BENCHMARK(postFromSlice);
+BENCHMARK(reset)->Arg(0)->Arg(10)->Arg(2048);
+
+int main(int argc, char** argv)
+{
+    // A wrong sum would mean that something else was measured.
+    EngineBench check(Workload::notes(), 0);
+    check.playRound();
+    if (check.player.sum != Workload::SUM_OF_NOTES) {
+        std::fprintf(stderr, "bench_midi: the sum is %016" PRIx64 ", not that of the workload\n", check.player.sum);
+        return 1;
+    }
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+}

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "backend/midi/OrvMidiMessage.h"
+
+/// The fixed events that every benchmark plays, so that any program can be given the same ones and checked by the same
+/// sum. Integer-exact.
+namespace Workload
+{
+constexpr int EVENTS = 65536;
+
+struct Event {
+    std::uint8_t status;  ///< without channel
+    std::uint8_t d1;
+    std::uint8_t d2;
+};
+
+/// 65,536 notes of at most eight at a time: a ring that starts and ends silent.
+std::vector<Event> notes();
+
+/// What one round of them sums to when every event comes out as it went in.
+constexpr std::uint64_t SUM_OF_NOTES = 0x3559967188c30198;
+
+/// The order-free sum over what came out: (status with channel << 16 | d1 << 8 | d2) x 2654435761, modulo 2^64, a note
+/// off counting as 0x80.
+inline std::uint64_t weigh(std::uint32_t statusWithChannel, std::uint32_t d1, std::uint32_t d2)
+{
+    return (std::uint64_t{statusWithChannel} << 16 | d1 << 8 | d2) * 2654435761u;
+}
+}  // namespace Workload

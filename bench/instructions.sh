@@ -1,0 +1,21 @@
+#!/bin/sh
+# Instructions per event (valgrind's callgrind; they repeat exactly): bench/instructions.sh [BUILD]
+# The difference between three rounds and one is two rounds of the road alone.
+set -eu
+program=${1:-build/release}/bin/bench_instructions
+
+count() {
+    valgrind --tool=callgrind --callgrind-out-file=/dev/null "$program" "$1" "$2" 2>&1 |
+        sed -n 's/.*Collected : \([0-9]*\).*/\1/p'
+}
+
+per() { # road, divisor of one round, what one of them is
+    one=$(count "$1" 1)
+    three=$(count "$1" 3)
+    echo "$1: $(( (three - one) / 2 / $2 )) instructions per $3"
+}
+
+per named_output 65536 event
+per default_output 65536 event
+per idle_pulse 65536 pulse
+per reset 1 "ten notes struck, one slice and a reset"
