@@ -1,0 +1,60 @@
+#pragma once
+
+#include <bitset>
+
+#include "host/midi/ShortMessage.h"
+
+namespace Host
+{
+inline constexpr int CHANNELS = 16;
+inline constexpr int NOTES = 128;
+
+/// A set of notes, one per channel and note number.
+using NoteSet = std::bitset<CHANNELS * NOTES>;
+
+inline std::size_t noteIndex(const ShortMessage& message)
+{
+    return static_cast<std::size_t>(message.channel() * NOTES + message.bytes[1]);
+}
+
+/// A note off for an index of a `NoteSet`, with the velocity that stands for none (64, MIDI 1.0 Detailed
+/// Specification, "Note-Off Velocity").
+ShortMessage noteOff(std::size_t index);
+
+/// What sounds at the far end of a port: the notes whose last message was a note on, and the pedals that are down and
+/// would hold them. Whoever closes the port asks it to release them all. One thread, that which sends to the port.
+class NoteLedger
+{
+public:
+    /// Enters a message that was sent.
+    void enter(const ShortMessage& message);
+
+    /// Gives the note offs, then the pedals up, to `send(const ShortMessage&)`. False as soon as that refuses one: what
+    /// is left stays in the ledger for the next time.
+    template <class Send>
+    bool release(Send&& send)
+    {
+        for (std::size_t index = 0; sounding.any() && index < sounding.size(); ++index)
+            if (sounding[index] && !give(noteOff(index), send)) return false;
+        for (std::size_t index = 0; pedals.any() && index < pedals.size(); ++index)
+            if (pedals[index] && !give(pedalUp(index), send)) return false;
+        return true;
+    }
+
+    bool isEmpty() const { return sounding.none() && pedals.none(); }
+
+private:
+    template <class Send>
+    bool give(const ShortMessage& message, Send& send)
+    {
+        if (!send(message)) return false;
+        enter(message);
+        return true;
+    }
+
+    static ShortMessage pedalUp(std::size_t index);
+
+    NoteSet sounding;
+    std::bitset<2 * CHANNELS> pedals;  // sustain, then sostenuto
+};
+}  // namespace Host
