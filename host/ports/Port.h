@@ -1,0 +1,88 @@
+#pragma once
+
+#include <atomic>
+#include <string>
+#include <utility>
+
+#include "host/midi/MidiRing.h"
+#include "host/midi/NoteLedger.h"
+
+namespace Host
+{
+/// What an input and an output have in common. Its index in its list is its number, and it never moves.
+struct Port {
+    explicit Port(std::string portName) : name(std::move(portName)) {}
+
+    const std::string name;
+
+    // The control thread's (that of `LivePlay`)
+    bool found = true;          ///< the device is there
+    bool couldNotOpen = false;  ///< tried, and failed
+    bool enabled = true;        ///< the user's choice, carried out
+
+    /// The user's choice, to be carried out. Any thread.
+    std::atomic<bool> wanted{true};
+};
+
+/// A way in. Whoever hears the device pushes into `arrived`; one host thread takes from there and posts.
+struct InputPort : Port {
+    using Port::Port;
+
+    /// What arrives is taken. The control thread writes.
+    std::atomic<bool> open{false};
+
+    MidiRing arrived;
+};
+
+/// A way out. The time slice plays into it; one other thread, or the same at another moment, delivers what waits to the
+/// device. Once closed it has sent a note off for every note that sounded there.
+class OutputPort : public Port
+{
+public:
+    using Port::Port;
+
+    /// Waits for nothing, allocates nothing, makes no system call. `stamp` as in `StampedMessage`. Time slice.
+    void play(const ShortMessage& message, std::uint32_t stamp)
+    {
+        if (isOpen.load(std::memory_order_relaxed)) waiting.push(message, stamp);
+    }
+
+    /// The control thread. `close` takes effect at the next `deliver`.
+    void open() { isOpen.store(true); }
+    void close() { isOpen.store(false); }
+
+    /// True from `close` until what had been played before was delivered and no note sounds. Any thread.
+    bool isClosing() const { return !isOpen.load() && !isSilent(); }
+
+    /// Gives what waits to `send(const ShortMessage&, std::uint32_t stamp)`, which returns false if it can take no
+    /// more now. What a closed port sends of itself is stamped `now`. The delivering thread.
+    template <class Send>
+    void deliver(std::uint32_t now, Send&& send)
+    {
+        const bool keepsOpen = isOpen.load();
+        if (keepsOpen) silent.store(false, std::memory_order_relaxed);
+        if (isSilent()) {
+            waiting.drain([](const StampedMessage&) { return true; });
+            return;
+        }
+        const bool done = waiting.drain([&](const StampedMessage& next) {
+            if (!send(next.message, next.stamp)) return false;
+            ledger.enter(next.message);
+            return true;
+        });
+        if (keepsOpen || !done) return;
+        if (ledger.release([&](const ShortMessage& message) { return send(message, now); }))
+            silent.store(true, std::memory_order_release);
+    }
+
+    std::uint64_t lossCount() const { return waiting.lossCount(); }
+
+private:
+    bool isSilent() const { return silent.load(std::memory_order_acquire); }
+
+    MidiRing waiting;
+    NoteLedger ledger;
+    std::atomic<bool> isOpen{false};
+    std::atomic<bool> silent{true};
+};
+}  // namespace Host
