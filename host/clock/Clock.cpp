@@ -1,0 +1,123 @@
+#include "host/clock/Clock.h"
+
+#include <algorithm>
+#include <thread>
+
+namespace Host
+{
+using namespace std::chrono_literals;
+using Holder = ClockBaton::Holder;
+
+namespace
+{
+constexpr std::int64_t NANOSECONDS = 1'000'000'000;
+constexpr auto TICK = 1ms;
+constexpr auto MOST_TO_CATCH_UP = 100ms;  // 200 pulses at the highest tempo
+constexpr auto STAND_BY_LOOK = 50ms;
+constexpr auto LONGEST_SILENCE = 500ms;
+constexpr auto LONGEST_WAIT_FOR_SLICES = 5s;
+}  // namespace
+
+Clock::Clock(Slices& songSlices, Player& songPlayer, std::function<void()> after)
+    : slices(songSlices), player(songPlayer), afterSlice(std::move(after)), timePulses(NANOSECONDS)
+{
+}
+
+Clock::~Clock() { stop(); }
+
+void Clock::startOnThread() { begin(Holder::thread); }
+
+void Clock::startInGraph(std::int64_t framesPerSecond)
+{
+    framePulses.emplace(framesPerSecond);
+    begin(Holder::graph);
+}
+
+void Clock::begin(Holder holder)
+{
+    lastTick = nextTick = lastSlice = std::chrono::steady_clock::now();
+    baton.passTo(holder);
+    thread.start("orvane clock", [this] { run(); });
+}
+
+void Clock::stop()
+{
+    stopping.store(true);
+    wake.set();
+    thread.join();
+    baton.passTo(Holder::nobody);
+}
+
+void Clock::waitForSlices(std::uint64_t count) const
+{
+    const std::uint64_t enough = slices.count() + count;
+    const auto giveUp = std::chrono::steady_clock::now() + LONGEST_WAIT_FOR_SLICES;
+    while (slices.count() < enough && std::chrono::steady_clock::now() < giveUp) std::this_thread::sleep_for(TICK);
+}
+
+void Clock::playPeriod(std::uint32_t firstStamp, std::uint32_t frames)
+{
+    if (!baton.enter(Holder::graph)) return;
+    player.takeClock();
+    while (framePulses->ticksToPulse() < frames) {
+        const auto frame = static_cast<std::uint32_t>(std::max<std::int64_t>(framePulses->ticksToPulse(), 0));
+        player.setStamp(firstStamp + frame);
+        slices.play(1);
+        framePulses->passPulse(player.getTempo());
+    }
+    framePulses->passTicks(frames);
+    baton.leave();
+}
+
+void Clock::graphDied()
+{
+    died.store(true);
+    wake.set();
+}
+
+void Clock::run()
+{
+    if (runsOnItsThread()) requestRealTimePriority(0);
+    while (!stopping.load()) runsOnItsThread() ? tick() : standBy();
+}
+
+void Clock::standBy()
+{
+    wake.waitFor(STAND_BY_LOOK);
+    const auto now = std::chrono::steady_clock::now();
+    if (slices.count() != slicesThen || !insists.load()) lastSlice = now;
+    slicesThen = slices.count();
+    if (!stopping.load() && (died.load() || now - lastSlice > LONGEST_SILENCE)) takeOver();
+}
+
+void Clock::takeOver()
+{
+    requestRealTimePriority(0);
+    baton.passTo(Holder::thread);
+    lastTick = nextTick = std::chrono::steady_clock::now();
+}
+
+void Clock::tick()
+{
+    nextTick += TICK;
+    std::this_thread::sleep_until(nextTick);
+    const Time now = std::chrono::steady_clock::now();
+    nextTick = std::max(nextTick, now - TICK);
+    if (!baton.enter(Holder::thread)) return;
+    player.takeClock();
+    slices.play(takeDuePulses(now));
+    const bool played = player.takePlayed();
+    baton.leave();
+    if (played) afterSlice();
+}
+
+int Clock::takeDuePulses(Time now)
+{
+    const std::chrono::nanoseconds passed = std::min<std::chrono::nanoseconds>(now - lastTick, MOST_TO_CATCH_UP);
+    lastTick = now;
+    timePulses.passTicks(passed.count());
+    int due = 0;
+    for (; timePulses.ticksToPulse() <= 0; ++due) timePulses.passPulse(player.getTempo());
+    return due;
+}
+}  // namespace Host

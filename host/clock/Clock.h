@@ -1,0 +1,85 @@
+#pragma once
+
+#include <atomic>
+#include <chrono>
+#include <cstdint>
+#include <functional>
+#include <optional>
+
+#include "host/clock/ClockBaton.h"
+#include "host/clock/PulseClock.h"
+#include "host/clock/Slices.h"
+#include "host/player/Player.h"
+#include "platform/Event.h"
+#include "platform/Thread.h"
+
+namespace Host
+{
+/// The host's clock: it turns time into slices at the player's tempo. In an audio graph the graph's process callback
+/// drives it, one slice for each pulse, whose stamp is the frame of that pulse; anywhere else a thread of its own does,
+/// about every millisecond. That thread stands by beside a graph too and goes on where the graph stopped, should it
+/// die.
+///
+/// When the process was held up for long, time is skipped and pulses are not.
+class Clock
+{
+public:
+    /// `afterSlice` is called on the clock's own thread after a slice that played something.
+    Clock(Slices& songSlices, Player& songPlayer, std::function<void()> afterSlice);
+    ~Clock();
+
+    // Control thread
+
+    void startOnThread();
+    void startInGraph(std::int64_t framesPerSecond);
+
+    /// No slice is played once this has returned.
+    void stop();
+
+    /// Beside a graph: from now on the clock's own thread also goes on if the graph is merely silent for half a second.
+    /// So whoever waits for a slice gets one.
+    void neverStall() { insists.store(true); }
+
+    /// Waits until that many further slices have been played; gives up after some seconds.
+    void waitForSlices(std::uint64_t slices) const;
+
+    bool runsOnItsThread() const { return baton.isHeldBy(ClockBaton::Holder::thread); }
+
+    /// The graph's callback: the next `frames` frames, of which the first has that stamp.
+    void playPeriod(std::uint32_t firstStamp, std::uint32_t frames);
+
+    /// The graph will not call again. Any thread, also where only what a signal handler may do is allowed.
+    void graphDied();
+
+private:
+    using Time = std::chrono::steady_clock::time_point;
+
+    void begin(ClockBaton::Holder holder);
+    void run();
+    void standBy();
+    void takeOver();
+    void tick();
+    int takeDuePulses(Time now);
+
+    Slices& slices;
+    Player& player;
+    const std::function<void()> afterSlice;
+
+    ClockBaton baton;
+    std::atomic<bool> stopping{false};
+    std::atomic<bool> insists{false};
+    std::atomic<bool> died{false};
+    Event wake;
+    Thread thread;
+
+    // The holder's
+    std::optional<PulseClock> framePulses;
+
+    // The clock's own thread's
+    PulseClock timePulses;
+    Time lastTick;
+    Time nextTick;
+    Time lastSlice;
+    std::uint64_t slicesThen = 0;
+};
+}  // namespace Host

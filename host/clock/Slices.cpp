@@ -1,0 +1,24 @@
+#include "host/clock/Slices.h"
+
+namespace Host
+{
+void Slices::play(int pulses)
+{
+    if (next > LAST_PULSE - pulses) startAgain();
+    playTo(next + pulses);
+}
+
+// Going back as a slice of its own plays what still waits for a pulse that would never come.
+void Slices::startAgain()
+{
+    playTo(FIRST_PULSE);
+    reset();
+}
+
+void Slices::playTo(std::int32_t endPpq)
+{
+    playTimeSlice(next, endPpq);
+    next = endPpq;
+    played.fetch_add(1, std::memory_order_release);
+}
+}  // namespace Host

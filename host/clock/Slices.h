@@ -1,0 +1,45 @@
+#pragma once
+
+#include <atomic>
+#include <cstdint>
+#include <functional>
+#include <utility>
+
+namespace Host
+{
+/// The time slices of a performance, one behind the other: each begins at the pulse where the last one ended. Before
+/// the pulse counter's 32 bits run out it ends every note and starts again. One thread at a time.
+class Slices
+{
+public:
+    static constexpr std::int32_t FIRST_PULSE = 50'000'000;
+    static constexpr std::int32_t LAST_PULSE = 2'147'000'000;  // some minutes are left above for what is timed ahead
+    static constexpr int LONGEST = 4999;                       // the engine plays nothing of a longer one
+
+    using Play = std::function<void(std::int32_t startPpq, std::int32_t endPpq)>;
+
+    /// `reset` ends every note; it is called between two slices on the thread that plays them.
+    Slices(Play playSlice, std::function<void()> resetNotes)
+        : playTimeSlice(std::move(playSlice)), reset(std::move(resetNotes))
+    {
+    }
+
+    /// For tests: begin elsewhere.
+    void startAt(std::int32_t pulse) { next = pulse; }
+
+    /// Plays the next `pulses` pulses, 0 to `LONGEST`.
+    void play(int pulses);
+
+    /// Slices played so far. Any thread.
+    std::uint64_t count() const { return played.load(std::memory_order_acquire); }
+
+private:
+    void startAgain();
+    void playTo(std::int32_t endPpq);
+
+    const Play playTimeSlice;
+    const std::function<void()> reset;
+    std::int32_t next = FIRST_PULSE;
+    std::atomic<std::uint64_t> played{0};
+};
+}  // namespace Host
