@@ -7,12 +7,11 @@ namespace Host
 {
 namespace
 {
-// What distributions install, the system's own choice before any particular font. The first of the `sf3` is packed and
-// loads slowly, so that it comes behind.
+// What distributions install, the system's own choice first. The packed `sf3` kind loads slowly and comes behind.
 constexpr std::string_view KNOWN_PLACES[] = {
-    "/usr/share/sounds/sf2/default-GM.sf2",   "/usr/share/sounds/sf2/TimGM6mb.sf2",
-    "/usr/share/sounds/sf2/FluidR3_GM.sf2",   "/usr/share/sounds/sf3/default-GM.sf3",
-    "/usr/share/soundfonts/default.sf2",      "/usr/share/soundfonts/FluidR3_GM.sf2",
+    "/usr/share/sounds/sf2/default-GM.sf2", "/usr/share/sounds/sf2/TimGM6mb.sf2",
+    "/usr/share/sounds/sf2/FluidR3_GM.sf2", "/usr/share/sounds/sf3/default-GM.sf3",
+    "/usr/share/soundfonts/default.sf2",    "/usr/share/soundfonts/FluidR3_GM.sf2",
 };
 }  // namespace
 

@@ -13,7 +13,8 @@ constexpr std::uint8_t SYSTEM_RESET = 0xFF;
 void keepQuiet()
 {
     for (const int level : {FLUID_PANIC, FLUID_ERR, FLUID_WARN, FLUID_INFO, FLUID_DBG})
-        fluid_set_log_function(level, [](int, const char*, void*) {}, nullptr);
+        fluid_set_log_function(
+            level, [](int, const char*, void*) {}, nullptr);
 }
 }  // namespace
 

@@ -1,0 +1,26 @@
+#include "host/synthesizer/SoundCard.h"
+
+#include <stdexcept>
+
+#include "host/synthesizer/SoundFont.h"
+
+namespace Host
+{
+namespace
+{
+constexpr double SAMPLE_RATE = 48000;
+
+// Never "jack": it would start a server, and a server that runs is used without this class.
+constexpr const char* DRIVERS[] = {"pipewire", "pulseaudio", "alsa"};
+}  // namespace
+
+SoundCard::SoundCard() : synthesizer(findSoundFont(), SAMPLE_RATE, SynthesizerUse::manyThreads)
+{
+    for (const char* name : DRIVERS) {
+        if (fluid_settings_setstr(synthesizer.getSettings(), "audio.driver", name) != FLUID_OK) continue;
+        driver.reset(new_fluid_audio_driver(synthesizer.getSettings(), synthesizer.getSynth()));
+        if (driver) return;
+    }
+    throw std::runtime_error("no sound output opens");
+}
+}  // namespace Host
