@@ -1,0 +1,87 @@
+#include "host/jack/JackClient.h"
+
+#include <jack/metadata.h>
+
+#include "host/InputError.h"
+
+namespace Host
+{
+namespace
+{
+void sayNothing(const char*) {}
+
+struct JackFree {
+    template <class Memory>
+    void operator()(Memory* memory) const
+    {
+        jack_free(const_cast<std::remove_const_t<Memory>*>(memory));
+    }
+};
+
+std::vector<std::string> findPorts(jack_client_t* client, const char* type, unsigned long flags)
+{
+    std::vector<std::string> names;
+    const std::unique_ptr<const char*, JackFree> found(jack_get_ports(client, nullptr, type, flags));
+    for (const char** name = found.get(); name != nullptr && *name != nullptr; ++name) names.emplace_back(*name);
+    return names;
+}
+
+std::string prettyName(jack_port_t* port)
+{
+    char* value = nullptr;
+    char* type = nullptr;
+    if (jack_get_property(jack_port_uuid(port), JACK_METADATA_PRETTY_NAME, &value, &type) != 0) return {};
+    const std::unique_ptr<char, JackFree> ownedValue(value);
+    const std::unique_ptr<char, JackFree> ownedType(type);
+    return value;
+}
+
+// A hardware port is called "system:midi_capture_3"; the device's own name is its first alias.
+std::string firstAlias(jack_port_t* port)
+{
+    std::vector<char> first(static_cast<std::size_t>(jack_port_name_size()));
+    std::vector<char> second(first.size());
+    char* aliases[2] = {first.data(), second.data()};
+    return jack_port_get_aliases(port, aliases) > 0 ? first.data() : std::string();
+}
+
+std::string shownName(jack_client_t* client, const std::string& jackName)
+{
+    jack_port_t* port = jack_port_by_name(client, jackName.c_str());
+    if (port == nullptr) return jackName;
+    std::string name = prettyName(port);
+    if (name.empty() && (jack_port_flags(port) & JackPortIsPhysical) != 0) name = firstAlias(port);
+    return name.empty() ? jackName : name;
+}
+}  // namespace
+
+JackClient openJackClient(const std::string& name)
+{
+    jack_set_error_function(sayNothing);
+    jack_set_info_function(sayNothing);
+    return JackClient(jack_client_open(name.c_str(), JackNoStartServer, nullptr));
+}
+
+void checkClientName(const std::string& name)
+{
+    const auto longest = static_cast<std::size_t>(jack_client_name_size()) - 1;
+    if (name.empty() || name.size() > longest || name.find(':') != std::string::npos)
+        throw InputError("--client: a name has 1 to " + std::to_string(longest) + " bytes and no colon");
+}
+
+std::vector<ForeignPort> findForeignMidiPorts(jack_client_t* client, JackPortFlags direction)
+{
+    std::vector<ForeignPort> ports;
+    for (const std::string& name : findPorts(client, JACK_DEFAULT_MIDI_TYPE, direction)) {
+        jack_port_t* port = jack_port_by_name(client, name.c_str());
+        if (port == nullptr || jack_port_is_mine(client, port)) continue;
+        ports.push_back({name, shownName(client, name)});
+    }
+    return ports;
+}
+
+std::vector<std::string> findPlaybackPorts(jack_client_t* client)
+{
+    return findPorts(client, JACK_DEFAULT_AUDIO_TYPE, JackPortIsInput | JackPortIsPhysical);
+}
+}  // namespace Host
