@@ -1,21 +1,55 @@
 #include <CLI/CLI.hpp>
+#include <algorithm>
+#include <exception>
 #include <iostream>
 
+#include "apps/orvane/Demonstration.h"
+#include "apps/orvane/PortsCommand.h"
 #include "apps/orvane/RenderCommand.h"
+#include "apps/orvane/RunCommand.h"
 #include "host/InputError.h"
 
-int main(int argc, char** argv)
+namespace
 {
-    CLI::App program("Orvane");
+constexpr int WRONG_INPUT = 2;
+constexpr int FAILED = 1;
+
+int complain(std::string line, int exitStatus)
+{
+    std::ranges::replace(line, '\n', ' ');
+    std::cerr << "orvane: " + line + "\n";
+    return exitStatus;
+}
+
+/// Carries out what the command line asks for; returns the exit status.
+int carryOut(int argc, char** argv)
+{
+    CLI::App program("Orvane plays MIDI live: from keyboards and keys through layers to outputs.", "orvane");
+    program.set_version_flag("--version", Host::VERSION);
+    Host::RunOptions options;
+    int exitStatus = 0;
+    addRunOptions(program, options);
+    addRunCommand(program, options, exitStatus);
+    addPortsCommand(program, exitStatus);
     addRenderCommand(program);
     try {
         program.parse(argc, argv);
+    } catch (const CLI::Success& asked) {
+        return program.exit(asked);
+    }
+    return program.get_subcommands().empty() ? Host::run(options, renderDemonstration) : exitStatus;
+}
+}  // namespace
+
+int main(int argc, char** argv)
+{
+    try {
+        return carryOut(argc, argv);
     } catch (const Host::InputError& error) {
-        std::cerr << "orvane: " << error.what() << "\n";
-        return 2;
+        return complain(error.what(), WRONG_INPUT);
     } catch (const CLI::ParseError& error) {
-        if (error.get_exit_code() == 0) return program.exit(error);
-        std::cerr << "orvane: " << error.what() << "\n";
-        return 2;
+        return complain(error.what(), WRONG_INPUT);
+    } catch (const std::exception& error) {
+        return complain(error.what(), FAILED);
     }
 }

@@ -1,0 +1,17 @@
+#include "apps/orvane/Demonstration.h"
+
+#include <iostream>
+
+#include "host/render/Render.h"
+
+int renderDemonstration()
+{
+    Host::RenderRequest request;
+    request.inputs = {ORVANE_EXAMPLES "/demonstration.perf"};
+    request.mid = "demonstration.mid";
+    request.wav = "demonstration.wav";
+    Host::render(request);
+    std::cout << "So here is the demonstration performance instead: demonstration.mid and demonstration.wav.\n"
+                 "\"orvane run\" plays without being heard.\n";
+    return 0;
+}

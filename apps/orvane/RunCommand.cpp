@@ -1,0 +1,22 @@
+#include "apps/orvane/RunCommand.h"
+
+void addRunOptions(CLI::App& command, Host::RunOptions& options)
+{
+    command.add_option("--client", options.client, "Name in the JACK graph or the ALSA sequencer")
+        ->type_name("NAME")
+        ->capture_default_str();
+    command.add_option("--connect", options.connections, "Join two JACK ports, from A to B; may be repeated")
+        ->type_name("A=B")
+        ->allow_extra_args(false);
+    command.add_option("--default-output", options.defaultOutput, "Output for what names none: its number or name")
+        ->type_name("N");
+    command.add_option("--tempo", options.tempo, "Beats per minute")->type_name("BPM")->check(CLI::Range(20, 250));
+}
+
+void addRunCommand(CLI::App& program, Host::RunOptions& options, int& exitStatus)
+{
+    CLI::App* command = program.add_subcommand(
+        "run", "Play live without a window; commands of a performance, without times, are read from standard input");
+    addRunOptions(*command, options);
+    command->callback([&] { exitStatus = Host::run(options); });
+}

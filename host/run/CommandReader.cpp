@@ -1,0 +1,80 @@
+#include "host/run/CommandReader.h"
+
+#include <poll.h>
+#include <sys/eventfd.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+
+#include "host/InputError.h"
+#include "host/performance/CommandParser.h"
+
+namespace Host
+{
+namespace
+{
+// No command is that long; what is longer is read past without being kept.
+constexpr std::size_t LONGEST_LINE = 65536;
+}  // namespace
+
+CommandReader::CommandReader(int from, std::string inputName, CarryOut carryOutCommand, Complain complainOfLine)
+    : input(from),
+      name(std::move(inputName)),
+      carryOut(std::move(carryOutCommand)),
+      complain(std::move(complainOfLine)),
+      stopEvent(eventfd(0, EFD_CLOEXEC))
+{
+    thread.start("orvane commands", [this] { run(); });
+}
+
+CommandReader::~CommandReader()
+{
+    eventfd_write(stopEvent, 1);
+    thread.join();
+    ::close(stopEvent);
+}
+
+void CommandReader::run()
+{
+    std::array<char, 4096> bytes;
+    while (waitForInput()) {
+        const ssize_t size = ::read(input, bytes.data(), bytes.size());
+        if (size < 0 && errno == EINTR) continue;
+        if (size <= 0) break;
+        takeBytes({bytes.data(), static_cast<std::size_t>(size)});
+    }
+    if (!line.empty()) takeLine();
+}
+
+/// False when it is time to stop.
+bool CommandReader::waitForInput() const
+{
+    std::array<pollfd, 2> waited{{{stopEvent, POLLIN, 0}, {input, POLLIN, 0}}};
+    while (::poll(waited.data(), waited.size(), -1) < 0)
+        if (errno != EINTR) return false;
+    return waited[0].revents == 0;
+}
+
+void CommandReader::takeBytes(std::string_view bytes)
+{
+    for (const char byte : bytes) {
+        if (byte == '\n')
+            takeLine();
+        else if (line.size() <= LONGEST_LINE)
+            line += byte;
+    }
+}
+
+void CommandReader::takeLine()
+{
+    const std::string where = name + ":" + std::to_string(++lineNumber);
+    try {
+        if (line.size() > LONGEST_LINE) throw InputError(where + ": the line is too long");
+        if (const auto command = parseCommand(line, where)) carryOut(*command);
+    } catch (const InputError& error) {
+        complain(error.what());
+    }
+    line.clear();
+}
+}  // namespace Host

@@ -1,0 +1,53 @@
+#include "host/run/EndSignals.h"
+
+#include <unistd.h>
+
+#include <atomic>
+#include <csignal>
+
+namespace Host
+{
+namespace
+{
+constexpr int ENDING[] = {SIGINT, SIGTERM, SIGHUP};
+constexpr int IGNORED[] = {SIGUSR1, SIGPIPE, SIGTTIN};
+constexpr int STATUS_OF_A_SIGNAL = 128;
+
+std::atomic<bool> endWanted{false};
+std::atomic<Event*> eventOfTheEnd{nullptr};
+
+extern "C" void orvaneEndSignal(int signal)
+{
+    if (endWanted.exchange(true)) _exit(STATUS_OF_A_SIGNAL + signal);
+    if (Event* event = eventOfTheEnd.load()) event->set();
+}
+
+void handle(int signal, void (*handler)(int))
+{
+    struct sigaction action {
+    };
+    action.sa_handler = handler;
+    action.sa_flags = SA_RESTART;
+    sigaction(signal, &action, nullptr);
+}
+
+bool isIgnored(int signal)
+{
+    struct sigaction present {
+    };
+    return sigaction(signal, nullptr, &present) == 0 && present.sa_handler == SIG_IGN;
+}
+}  // namespace
+
+EndSignals::EndSignals(Event& event)
+{
+    eventOfTheEnd.store(&event);
+    for (const int signal : ENDING)
+        if (signal != SIGHUP || !isIgnored(signal)) handle(signal, orvaneEndSignal);
+    for (const int signal : IGNORED) handle(signal, SIG_IGN);
+}
+
+EndSignals::~EndSignals() { eventOfTheEnd.store(nullptr); }
+
+bool EndSignals::isEndWanted() const { return endWanted.load(); }
+}  // namespace Host

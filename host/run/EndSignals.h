@@ -1,0 +1,23 @@
+#pragma once
+
+#include "platform/Event.h"
+
+namespace Host
+{
+/// The signals by which a user ends the program: interrupt, terminate, and hang-up where it is not ignored. The first
+/// one only sets an event, so that the end can be an orderly one; a second one ends the process at once. The user
+/// signal 1 is kept for later, and neither a closed pipe nor a terminal in the background stops the music.
+///
+/// One object per process, for the length of `run`.
+class EndSignals
+{
+public:
+    explicit EndSignals(Event& event);
+    ~EndSignals();
+
+    EndSignals(const EndSignals&) = delete;
+    EndSignals& operator=(const EndSignals&) = delete;
+
+    bool isEndWanted() const;
+};
+}  // namespace Host

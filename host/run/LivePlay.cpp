@@ -1,0 +1,158 @@
+#include "host/run/LivePlay.h"
+
+#include <new>
+#include <thread>
+
+#include "backend/core/OrvFactory.h"
+#include "backend/core/OrvMessageManager.h"
+#include "backend/midi/MidiEngineMessageManager.h"
+
+namespace Host
+{
+using namespace std::chrono_literals;
+using Backend::MidiEngine::MessageType;
+using Backend::MidiEngine::OrvMidiMessage;
+
+namespace
+{
+constexpr const char* APPLICATION_NAME = "Orvane 3";
+constexpr auto LONGEST_WAIT_FOR_REST = 2s;
+constexpr int SLICES_FOR_INPUTS_TO_END = 2;
+
+std::unique_ptr<Backend::OrvIF> createOrv(Player& player)
+{
+    std::unique_ptr<Backend::OrvIF> orv(Backend::OrvFactory::createOrv(APPLICATION_NAME, player, true));
+    if (!orv) throw std::bad_alloc();
+    return orv;
+}
+}  // namespace
+
+LivePlay::LivePlay(MidiSystem& midiSystem, Ports& allPorts, Event& wishes)
+    : system(midiSystem),
+      ports(allPorts),
+      player(ports, wishes),
+      orv(createOrv(player)),
+      slices([backend = orv.get()](std::int32_t from, std::int32_t to) { backend->playTimeSlice(from, to); },
+             [backend = orv.get()] { backend->getMidiEngineMessageManager().sendReset(); }),
+      clock(slices, player, [this] { system.deliver(); })
+{
+    start();
+}
+
+LivePlay::~LivePlay() { end(); }
+
+void LivePlay::start()
+{
+    orv->start();
+    auto& backend = orv->getOrvMessageManager();
+    backend.sendInitialize();
+    backend.sendSetMidiInputPorts(ports.inputList());
+    backend.sendSetMidiOutputPorts(ports.outputList());
+    backend.sendEndInitialize();
+    system.startClock(clock);
+    system.listen([&backend](const OrvMidiMessage& event) { backend.postProcessMidiInputEvent(event); });
+}
+
+// --- commands
+
+void LivePlay::carryOut(const Command& command)
+{
+    std::visit([this](const auto& kind) { post(kind); }, command);
+}
+
+void LivePlay::post(const MidiCommand& command)
+{
+    orv->getOrvMessageManager().postProcessMidiInputEvent({static_cast<MessageType>(command.status), command.d1,
+                                                           command.d2, command.channel, OrvMidiMessage::DEFAULT_OUTPUT,
+                                                           OrvMidiMessage::DEFAULT_ZONE, command.input, -1});
+}
+
+void LivePlay::post(const PlayCommand& command)
+{
+    orv->getOrvMessageManager().postPlayMidi({static_cast<MessageType>(command.status), command.d1, command.d2,
+                                              command.channel, command.output, command.zone,
+                                              OrvMidiMessage::DEFAULT_INPUT, -1});
+}
+
+void LivePlay::post(const EnableCommand& command)
+{
+    auto& backend = orv->getOrvMessageManager();
+    if (command.direction == PortDirection::input)
+        backend.postEnableMidiInput(command.port, command.on);
+    else
+        backend.postEnableMidiOutput(command.port, command.on);
+}
+
+// --- ports
+
+bool LivePlay::serve()
+{
+    serveInputs();
+    serveOutputs();
+    if (!system.hasDied() || toldOfDeath) return false;
+    toldOfDeath = true;
+    system.markGone();
+    orv->getOrvMessageManager().postSetMidiInputPorts(ports.inputList());
+    orv->getOrvMessageManager().postSetMidiOutputPorts(ports.outputList());
+    return true;
+}
+
+// The backend has switched the input already; it hears from us only if the device refuses.
+void LivePlay::serveInputs()
+{
+    bool changed = false;
+    for (std::size_t index = 0; index < ports.inputs().size(); ++index) {
+        InputPort& port = *ports.inputs()[index];
+        const bool wanted = port.wanted.load();
+        if (wanted == port.enabled) continue;
+        const bool couldNotOpen = port.couldNotOpen;
+        system.enableInput(index, wanted);
+        changed = changed || port.couldNotOpen != couldNotOpen;
+    }
+    if (changed) orv->getOrvMessageManager().postSetMidiInputPorts(ports.inputList());
+}
+
+void LivePlay::serveOutputs()
+{
+    if (!player.takeOutputWish()) return;
+    for (std::size_t index = 0; index < ports.outputs().size(); ++index) {
+        const OutputPort& port = *ports.outputs()[index];
+        const bool wanted = port.wanted.load();
+        if (wanted != port.enabled) system.enableOutput(index, wanted);
+    }
+    orv->getOrvMessageManager().postSetMidiOutputPorts(ports.outputList());
+}
+
+// --- the end
+
+void LivePlay::end()
+{
+    if (!orv) return;
+    clock.neverStall();
+    switchInputsOff();
+    clock.waitForSlices(SLICES_FOR_INPUTS_TO_END);
+    orv->getMidiEngineMessageManager().sendReset();
+    orv->getOrvMessageManager().sendEnd();
+    clock.stop();
+    orv->stop();
+    system.close();
+    orv.reset();
+}
+
+// The list alone, not the user's choice, which is stored. What the backend then releases of itself is on its way to
+// the slices once it rests.
+void LivePlay::switchInputsOff()
+{
+    system.stopListening();
+    auto inputs = ports.inputList();
+    for (auto& input : inputs) input.enabled = false;
+    orv->getOrvMessageManager().sendSetMidiInputPorts(inputs);
+    waitForRest();
+}
+
+void LivePlay::waitForRest() const
+{
+    const auto giveUp = std::chrono::steady_clock::now() + LONGEST_WAIT_FOR_REST;
+    while (!orv->isAtRest() && std::chrono::steady_clock::now() < giveUp) std::this_thread::sleep_for(1ms);
+}
+}  // namespace Host

@@ -1,0 +1,61 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "backend/core/OrvIF.h"
+#include "host/clock/Clock.h"
+#include "host/clock/Slices.h"
+#include "host/performance/PerformanceCommand.h"
+#include "host/player/Player.h"
+#include "host/ports/Ports.h"
+#include "host/system/MidiSystem.h"
+
+namespace Host
+{
+/// The backend playing live: it starts with this object, hears the inputs, plays to the outputs and is driven by the
+/// system's clock until `end`. The thread that makes it is the control thread: it opens and closes the ports for
+/// everybody else.
+class LivePlay
+{
+public:
+    /// All must outlive this. `wishes` is set whenever `serve` has something to do. Throws std::bad_alloc.
+    LivePlay(MidiSystem& midiSystem, Ports& allPorts, Event& wishes);
+
+    /// Ends first if that has not been done.
+    ~LivePlay();
+
+    LivePlay(const LivePlay&) = delete;
+    LivePlay& operator=(const LivePlay&) = delete;
+
+    Backend::OrvIF& getOrv() { return *orv; }
+
+    /// Carries a command of a performance out. Any thread.
+    void carryOut(const Command& command);
+
+    /// Opens and closes what the user wished, and takes note of a system that died. True at the moment it has.
+    bool serve();
+
+    /// Ends with every note off: inputs off, two slices, a reset, the backend's end while slices still run, then the
+    /// clock stands and the ports close. Always comes to its end: a clock that stalls is replaced.
+    void end();
+
+private:
+    void start();
+    void post(const MidiCommand& command);
+    void post(const PlayCommand& command);
+    void post(const EnableCommand& command);
+    void serveInputs();
+    void serveOutputs();
+    void switchInputsOff();
+    void waitForRest() const;
+
+    MidiSystem& system;
+    Ports& ports;
+    Player player;
+    std::unique_ptr<Backend::OrvIF> orv;
+    Slices slices;
+    Clock clock;
+    bool toldOfDeath = false;
+};
+}  // namespace Host

@@ -1,0 +1,131 @@
+#include "host/run/Run.h"
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <iostream>
+#include <stdexcept>
+
+#include "backend/core/OrvMessageManager.h"
+#include "host/InputError.h"
+#include "host/jack/JackClient.h"
+#include "host/run/CommandReader.h"
+#include "host/run/EndSignals.h"
+#include "host/run/LivePlay.h"
+#include "host/run/PortList.h"
+#include "host/system/MidiSystem.h"
+
+namespace Host
+{
+namespace
+{
+struct Connection {
+    std::string from;
+    std::string to;
+};
+
+void tell(const std::string& line) { std::cerr << "orvane: " + line + "\n"; }
+
+std::vector<Connection> parseConnections(const std::vector<std::string>& texts)
+{
+    std::vector<Connection> connections;
+    for (const std::string& text : texts) {
+        const auto sign = text.find('=');
+        if (sign == std::string::npos || sign == 0 || sign + 1 == text.size())
+            throw InputError("--connect: '" + text + "' is not two port names with a = between them");
+        connections.push_back({text.substr(0, sign), text.substr(sign + 1)});
+    }
+    return connections;
+}
+
+bool isAnythingHeard(const MidiSystem& system, const Ports& ports)
+{
+    return system.name() != "none" || !ports.outputs()[0]->couldNotOpen;
+}
+
+void tellComplaints(const MidiSystem& system)
+{
+    for (const std::string& complaint : system.complaints) tell(complaint);
+}
+
+void join(MidiSystem& system, const std::vector<Connection>& connections)
+{
+    for (const auto& [from, to] : connections) try {
+            system.connect(from, to);
+        } catch (const std::runtime_error& reason) {
+            tell("--connect " + from + "=" + to + ": " + reason.what());
+        }
+}
+
+void setDefaultOutput(LivePlay& play, const Ports& ports, int output)
+{
+    const OutputPort& port = *ports.outputs()[static_cast<std::size_t>(output)];
+    if (port.couldNotOpen)
+        tell("--default-output: \"" + port.name + "\" could not be opened; the default output stays as it is");
+    else
+        play.getOrv().getOrvMessageManager().postChangeDefaultMidiOutput({SelectType::Kind::specific, output});
+}
+
+void tellLosses(const Ports& ports)
+{
+    for (const auto& port : ports.outputs())
+        if (port->lossCount() > 0)
+            tell(port->name + ": " + std::to_string(port->lossCount()) + " messages were lost, the port was too slow");
+}
+
+void playUntil(const EndSignals& signals, LivePlay& play, Event& event)
+{
+    const CommandReader reader(
+        STDIN_FILENO, "standard input", [&](const Command& command) { play.carryOut(command); }, tell);
+    while (!signals.isEndWanted()) {
+        event.wait();
+        if (play.serve())
+            tell(
+                "The JACK server is gone: no MIDI and no sound any more. The engine goes on by its own clock, and "
+                "commands are read.");
+    }
+}
+}  // namespace
+
+int run(const RunOptions& options, const std::function<int()>& otherwise)
+{
+    checkClientName(options.client);
+    const auto connections = parseConnections(options.connections);
+
+    Event event;
+    const EndSignals signals(event);
+    Ports ports;
+    const auto system = openMidiSystem(options.client, ports, event);
+    tellComplaints(*system);
+    if (!isAnythingHeard(*system, ports)) {
+        if (otherwise) return otherwise();
+        tell("Nothing can be heard, but the engine runs and commands are read.");
+    }
+    const int defaultOutput = options.defaultOutput ? findOutput(ports.outputList(), *options.defaultOutput) : -1;
+
+    LivePlay play(*system, ports, event);
+    if (defaultOutput >= 0) setDefaultOutput(play, ports, defaultOutput);
+    if (options.tempo) play.getOrv().getOrvMessageManager().postChangeTempo({false, *options.tempo}, true);
+    join(*system, connections);
+    std::cout << VERSION << ": " << system->description() << "\n"
+              << describePorts(ports.inputList(), ports.outputList())
+              << "Commands are read from standard input. Ctrl+C ends with every note off." << std::endl;
+
+    playUntil(signals, play, event);
+    play.end();
+    tellLosses(ports);
+    return 0;
+}
+
+int listPorts(const std::string& client)
+{
+    checkClientName(client);
+    Event event;
+    Ports ports;
+    const auto system = openMidiSystem(client, ports, event);
+    tellComplaints(*system);
+    std::cout << "Back end: " << system->name() << "\n"
+              << describePorts(ports.inputList(), ports.outputList()) << std::flush;
+    return 0;
+}
+}  // namespace Host
