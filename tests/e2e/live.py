@@ -1,0 +1,316 @@
+"""Live playing as its users meet it, in a JACK graph and without one: live.py ORVANE MIDI_SOURCE
+
+Every test has a JACK server of its own. No test asserts a time: the limits only keep a hanging program from lasting."""
+import glob
+import os
+import re
+import signal
+import subprocess
+import sys
+import tempfile
+import time
+import unittest
+import uuid
+import wave
+
+ORVANE, MIDI_SOURCE = sys.argv[1:3]
+PATIENCE = 30
+
+
+def until(condition, what):
+    limit = time.monotonic() + PATIENCE
+    while not condition():
+        if time.monotonic() > limit:
+            raise AssertionError("waited in vain for " + what)
+        time.sleep(0.02)
+
+
+class Program:
+    """A program in the background, with what it has printed so far."""
+
+    def __init__(self, test, *command, env=None):
+        self.out, self.err = (tempfile.TemporaryFile() for _ in range(2))
+        self.process = subprocess.Popen(command, stdin=subprocess.PIPE, stdout=self.out, stderr=self.err,
+                                        env=env or test.environment, bufsize=0)
+        test.addCleanup(self.clean)
+
+    def clean(self):
+        if self.process.poll() is None:
+            self.process.terminate()
+            try:
+                self.process.wait(5)
+            except subprocess.TimeoutExpired:
+                self.process.kill()
+        self.process.wait()
+        for file in (self.process.stdin, self.out, self.err):
+            file.close()
+
+    @staticmethod
+    def text(file):
+        return os.pread(file.fileno(), 1 << 20, 0).decode()
+
+    @property
+    def printed(self):
+        return self.text(self.out)
+
+    @property
+    def complained(self):
+        return self.text(self.err)
+
+    def say(self, line):
+        self.process.stdin.write(line.encode() + b"\n")
+
+    def end(self, sent=signal.SIGINT):
+        self.process.send_signal(sent)
+        return self.process.wait(PATIENCE)
+
+
+class Server(Program):
+    """A JACK server. A machine has room for eight, and one that was killed keeps its place until a server of its name
+    ends properly."""
+
+    def __init__(self, test):
+        self.test = test
+        super().__init__(test, "jackd", "-r", "-n", test.environment["JACK_DEFAULT_SERVER"], "-d", "dummy", "-r",
+                         "48000", "-p", "512")
+        until(lambda: "system:playback_1" in test.ports(), "the server")
+
+    def stop(self):
+        """Before its clients go: it waits for seconds on one that leaves meanwhile."""
+        if self.process.poll() is None:
+            self.process.send_signal(signal.SIGCONT)
+            self.end(signal.SIGTERM)
+        if self.process.returncode < 0:
+            Server(self.test).end(signal.SIGTERM)
+        for left in glob.glob("/dev/shm/jack_sem.*_" + self.test.environment["JACK_DEFAULT_SERVER"] + "_*"):
+            os.remove(left)  # what killed clients leave behind
+
+
+class Monitor(Program):
+    """Hears what arrives at its port, NAME:input, and tells it as hexadecimal bytes."""
+
+    def __init__(self, test, name):
+        super().__init__(test, "stdbuf", "-oL", "jack_midi_dump", name)
+        until(lambda: name + ":input" in test.ports(), "the monitor")
+
+    @property
+    def heard(self):
+        lines = (re.match(r"\s*\d+:((?: [0-9a-f]{2})+)", line) for line in self.printed.splitlines())
+        return [line.group(1).strip() for line in lines if line]
+
+    def await_message(self, message):
+        until(lambda: message in self.heard, f"{message} among {self.heard}")
+
+
+class Live(unittest.TestCase):
+    def setUp(self):
+        self.environment = {**os.environ, "JACK_NO_START_SERVER": "1",
+                            "JACK_DEFAULT_SERVER": "orvane" + uuid.uuid4().hex[:8]}
+        self.server = None
+
+    def tearDown(self):
+        if self.server:
+            self.server.stop()
+
+    def serve(self):
+        """Starts the server."""
+        self.server = Server(self)
+
+    def tool(self, *command, status=0):
+        result = subprocess.run(command, capture_output=True, timeout=PATIENCE, env=self.environment)
+        if status is not None:
+            self.assertEqual(result.returncode, status, result.stderr.decode())
+        return result.stdout.decode()
+
+    def ports(self):
+        return self.tool("jack_lsp", status=None).splitlines()
+
+    def connections(self, port):
+        lines = self.tool("jack_lsp", "-c", port).splitlines()
+        return {line.strip() for line in lines if line.startswith(" ")}
+
+    def orvane(self, *arguments):
+        program = Program(self, ORVANE, "run", *arguments)
+        until(lambda: "Ctrl+C" in program.printed or program.process.poll() is not None, "orvane")
+        self.assertIsNone(program.process.poll(), program.complained)
+        return program
+
+    def play(self, port, *events):
+        """A second player plays, each event as MILLISECONDS:BYTES."""
+        self.tool(MIDI_SOURCE, "player", port, *events)
+
+    def test_what_another_program_plays_comes_out_and_what_stays_in_the_host_does_not(self):
+        self.serve()
+        monitor = Monitor(self, "monitor")
+        orvane = self.orvane("--client", "X", "--default-output", "Orvane Out", "--connect",
+                             "X:Orvane Out=monitor:input", "--connect", "nobody:there=monitor:input")
+        self.assertEqual(orvane.complained.count("\n"), 1, orvane.complained)
+        self.assertIn("nobody:there", orvane.complained)
+        messages = ["90 3c 64", "b1 07 7f", "c2 05", "d3 44", "e4 00 40", "a0 3c 01", "fa", "fb", "fc", "f2 01 02",
+                    "80 3c 40", "ff"]
+        kept = ["f8", "fe", "f0 01 02 f7"]
+        self.play("X:Orvane In", *(f"{20 * at}:{message.replace(' ', '')}"
+                                   for at, message in enumerate(messages[:6] + kept + messages[6:])))
+        monitor.await_message("ff")
+        self.assertEqual(monitor.heard, messages)
+        self.assertEqual(orvane.end(), 0)
+        self.assertEqual(monitor.heard, messages, "nothing sounded any more")
+
+    def test_every_midi_port_of_the_graph_is_a_port_of_its_own(self):
+        self.serve()
+        monitor = Monitor(self, "monitor")
+        source = Program(self, MIDI_SOURCE, "keys", "-", "0:933c64", "100:833c40")
+        until(lambda: "keys:out" in self.ports(), "the second player")
+        listed = self.tool(ORVANE, "ports")
+        self.assertEqual(listed.splitlines(), [
+            "Back end: JACK", "Inputs", "   0  Orvane In", "   1  keys:out", "Outputs", "   0  Orvane Synthesizer",
+            "   1  Orvane Out", "   2  monitor:input"])
+        source.clean()
+        source = Program(self, MIDI_SOURCE, "keys", "-", "200:933c64", "300:833c40")
+        until(lambda: "keys:out" in self.ports(), "the second player")
+        orvane = self.orvane("--default-output", "2")
+        self.assertIn("monitor:input", self.connections("orvane:to monitor:input"))
+        self.assertEqual(source.process.wait(PATIENCE), 0)
+        monitor.await_message("83 3c 40")
+        self.assertEqual(monitor.heard, ["93 3c 64", "83 3c 40"])
+        self.assertEqual(orvane.end(), 0)
+
+    def test_a_signal_ends_with_every_note_off(self):
+        for sent in (signal.SIGINT, signal.SIGTERM, signal.SIGHUP):
+            with self.subTest(signal=sent.name):
+                self.serve()
+                thru, direct = Monitor(self, "thru"), Monitor(self, "direct")
+                orvane = self.orvane("--default-output", "thru:input")
+                self.play("orvane:Orvane In", "0:903c64", "10:913e64")
+                output = next(line.split()[0] for line in orvane.printed.splitlines() if line.endswith("direct:input"))
+                orvane.say(f"play {output} 9 -1 144 36 100")
+                orvane.say(f"play {output} 0 -1 176 64 127")
+                thru.await_message("91 3e 64")
+                direct.await_message("b0 40 7f")
+                orvane.process.send_signal(signal.SIGUSR1)
+                self.assertEqual(orvane.end(sent), 0, orvane.complained)
+                for monitor, expected in ((thru, ["80 3c", "81 3e"]), (direct, ["89 24", "b0 40 00"])):
+                    for message in expected:
+                        until(lambda: any(heard.startswith(message) for heard in monitor.heard),
+                              f"{message} among {monitor.heard}")
+                self.assertEqual(orvane.complained, "")
+                self.startAfresh()
+
+    def startAfresh(self):
+        self.tearDown()
+        self.doCleanups()
+        self.setUp()
+
+    def test_an_output_that_is_switched_off_goes_silent_and_comes_back(self):
+        self.serve()
+        monitor = Monitor(self, "monitor")
+        orvane = self.orvane("--connect", "Orvane Out=monitor:input")
+        orvane.say("play 2 0 -1 144 60 100")
+        monitor.await_message("90 3c 64")
+        orvane.say("enable output 2 off")
+        until(lambda: len(monitor.heard) == 2, "the note off")
+        self.assertEqual(monitor.heard[1][:5], "80 3c")
+        until(lambda: not self.connections("orvane:to monitor:input"), "the end of the connection")
+        orvane.say("play 2 0 -1 144 62 100")
+        orvane.say("play 1 0 -1 176 1 1")
+        monitor.await_message("b0 01 01")
+        orvane.say("enable output 2 on")
+        until(lambda: self.connections("orvane:to monitor:input"), "the connection")
+        orvane.say("nonsense")
+        until(lambda: "standard input:6: " in orvane.complained, "the complaint")
+        # The list that says the output is back may still be under way when the first note is played.
+        until(lambda: orvane.say("play 2 0 -1 144 65 100") or "90 41 64" in monitor.heard, "a note")
+        self.assertNotIn("90 3e 64", monitor.heard)
+        orvane.process.stdin.close()
+        self.assertEqual(orvane.end(), 0)
+        until(lambda: monitor.heard[-1].startswith("80"), "the last note off")
+
+    def test_an_input_that_is_switched_off_is_not_heard(self):
+        self.serve()
+        monitor = Monitor(self, "monitor")
+        orvane = self.orvane("--default-output", "2")
+        self.play("orvane:Orvane In", "0:903c64")
+        monitor.await_message("90 3c 64")
+        orvane.say("enable input 0 off")
+        until(lambda: len(monitor.heard) == 2, "the note off of the input")
+        self.play("orvane:Orvane In", "0:904064")
+        orvane.say("play 2 0 -1 176 1 1")
+        monitor.await_message("b0 01 01")
+        self.assertEqual([heard[:5] for heard in monitor.heard], ["90 3c", "80 3c", "b0 01"])
+        self.assertEqual(orvane.end(), 0)
+
+    def test_the_built_in_synthesizer_sounds(self):
+        self.serve()
+        orvane = self.orvane("--tempo", "125")
+        self.assertEqual(self.connections("orvane:Synthesizer Left"), {"system:playback_1"})
+        self.assertEqual(self.connections("orvane:Synthesizer Right"), {"system:playback_2"})
+        orvane.say("play -1 0 -1 144 60 120")
+        with tempfile.TemporaryDirectory() as folder:
+            path = os.path.join(folder, "sound.wav")
+            self.tool("jack_rec", "-f", path, "-d", "1", "-b", "16", "orvane:Synthesizer Left",
+                      "orvane:Synthesizer Right", status=None)
+            with wave.open(path) as sound:
+                samples = memoryview(sound.readframes(sound.getnframes())).cast("h")
+        self.assertGreater(max(samples), 300, "silence")
+        self.assertEqual(orvane.end(), 0)
+
+    def test_a_server_that_dies_stops_the_sound_and_not_the_program(self):
+        for sent in (signal.SIGKILL, signal.SIGTERM):
+            with self.subTest(signal=sent.name):
+                self.serve()
+                orvane = self.orvane("--default-output", "1")
+                self.play("orvane:Orvane In", "0:903c64")
+                self.server.end(sent)
+                until(lambda: "server is gone" in orvane.complained, "the complaint")
+                for command in ("play 1 0 -1 144 60 100", "enable output 1 off", "enable input 0 off", "nonsense"):
+                    orvane.say(command)
+                until(lambda: "standard input:4" in orvane.complained, "the complaint")
+                self.assertEqual(orvane.end(), 0, orvane.complained)
+                self.startAfresh()
+
+    def test_with_a_server_that_hangs_it_ends_and_a_second_signal_ends_at_once(self):
+        self.serve()
+        patient, hurried = self.orvane("--client", "patient"), self.orvane("--client", "hurried")
+        self.server.process.send_signal(signal.SIGSTOP)
+        hurried.process.send_signal(signal.SIGTERM)
+        time.sleep(0.2)  # two of a kind at once would count as one
+        self.assertEqual(hurried.end(signal.SIGINT), 128 + signal.SIGINT)
+        self.assertEqual(patient.end(), 0)
+
+    def test_without_a_server_it_says_so_and_runs(self):
+        listed = self.tool(ORVANE, "ports")
+        self.assertNotIn("Back end: JACK", listed)
+        orvane = self.orvane("--tempo", "250", "--connect", "a:b=c:d")
+        self.assertIn("a:b=c:d: there is no JACK server", orvane.complained)
+        self.assertEqual("no MIDI ports" in orvane.complained, "Back end: none" in listed)
+        self.assertEqual("synthesizer is silent" in orvane.complained, "Synthesizer (Couldn't Open)" in listed)
+        orvane.say("play 0 0 -1 144 60 100")
+        orvane.say("midi 0 90 3C")
+        orvane.say("play 0")
+        until(lambda: "standard input:3: " in orvane.complained, "the complaint")
+        self.assertEqual(orvane.end(signal.SIGTERM), 0)
+
+    def test_without_anything_to_be_heard_the_program_alone_renders_the_demonstration(self):
+        listed = self.tool(ORVANE, "ports")
+        if "Back end: none" not in listed or "Couldn't Open" not in listed:
+            self.skipTest("this machine can be heard")
+        with tempfile.TemporaryDirectory() as folder:
+            subprocess.run([ORVANE], cwd=folder, env=self.environment, check=True, capture_output=True, timeout=120)
+            self.assertEqual(sorted(os.listdir(folder)), ["demonstration.mid", "demonstration.wav"])
+
+    def test_a_wrong_option_is_one_line_and_status_2(self):
+        self.serve()
+        for arguments in (["--nonsense"], ["nonsense"], ["run", "--tempo", "19"], ["run", "--tempo", "251"],
+                          ["run", "--tempo", "fast"], ["run", "--connect", "one"], ["run", "--connect", "=two"],
+                          ["run", "--default-output", "Nowhere"], ["run", "--default-output", "2"],
+                          ["run", "--client", "a:b"], ["run", "--client", ""], ["ports", "--nonsense"]):
+            result = subprocess.run([ORVANE, *arguments], capture_output=True, timeout=PATIENCE, env=self.environment,
+                                    stdin=subprocess.DEVNULL)
+            self.assertEqual(result.returncode, 2, arguments)
+            self.assertEqual(len(result.stderr.splitlines()), 1, result.stderr)
+            self.assertEqual(result.stdout, b"")
+        self.assertEqual(self.tool(ORVANE, "--version"), "Orvane 3.2\n")
+        self.assertIn("--default-output", self.tool(ORVANE, "run", "--help"))
+
+
+unittest.main(argv=sys.argv[:1], verbosity=1)

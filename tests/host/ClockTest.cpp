@@ -1,0 +1,150 @@
+#include "host/clock/Clock.h"
+
+#include <gtest/gtest.h>
+
+#include <mutex>
+#include <vector>
+
+namespace Host
+{
+using namespace std::chrono_literals;
+
+namespace
+{
+struct Span {
+    std::int32_t start;
+    std::int32_t end;
+};
+
+/// Slices that are written down, with the clock that plays them.
+struct Score {
+    Ports ports;
+    Event wishes;
+    Player player{ports, wishes};
+    std::mutex writing;
+    std::vector<Span> spans;
+    int resets = 0;
+    Slices slices{[this](std::int32_t start, std::int32_t end) {
+                      const std::lock_guard lock(writing);
+                      spans.push_back({start, end});
+                  },
+                  [this] { ++resets; }};
+    Clock clock{slices, player, [] {}};
+
+    void expectContiguous()
+    {
+        const std::lock_guard lock(writing);
+        for (std::size_t index = 1; index < spans.size(); ++index)
+            ASSERT_EQ(spans[index].start, spans[index - 1].end) << "slice " << index;
+    }
+};
+
+/// The frame of every pulse in `seconds` of periods.
+std::vector<std::int64_t> pulseFrames(int rate, int periodFrames, int seconds, int bpm)
+{
+    std::vector<std::int64_t> frames;
+    PulseClock pulses(rate);
+    std::int64_t start = 0;
+    for (; start < std::int64_t{rate} * seconds; start += periodFrames) {
+        for (; pulses.ticksToPulse() < periodFrames; pulses.passPulse(bpm))
+            frames.push_back(start + pulses.ticksToPulse());
+        pulses.passTicks(periodFrames);
+    }
+    while (!frames.empty() && frames.back() >= std::int64_t{rate} * seconds) frames.pop_back();
+    return frames;
+}
+}  // namespace
+
+TEST(PulseClock, AfterAnHourEveryPulseStillFallsOnItsFrame)
+{
+    struct Row {
+        int rate, period, bpm;
+    };
+    for (const auto& [rate, period, bpm] :
+         {Row{48000, 256, 120}, Row{44100, 441, 133}, Row{44100, 64, 250}, Row{96000, 1024, 20}}) {
+        constexpr int HOUR = 3600;
+        const auto frames = pulseFrames(rate, period, HOUR, bpm);
+        ASSERT_EQ(frames.size(), std::size_t(8) * bpm * HOUR);
+        for (std::size_t pulse = 0; pulse < frames.size(); ++pulse) {
+            const auto parts = static_cast<std::int64_t>(pulse) * rate;
+            ASSERT_EQ(frames[pulse], (parts + 8 * bpm - 1) / (8 * bpm)) << "pulse " << pulse;
+        }
+    }
+}
+
+TEST(PulseClock, ANewTempoHoldsFromTheNextPulseOn)
+{
+    PulseClock pulses(48000);
+    pulses.passPulse(120);
+    pulses.passTicks(30);
+    EXPECT_EQ(pulses.ticksToPulse(), 20);
+    pulses.passTicks(20);
+    pulses.passPulse(60);
+    EXPECT_EQ(pulses.ticksToPulse(), 100);
+}
+
+TEST(Slices, TheCounterStartsAgainBeforeItRunsOutAndNothingIsSkipped)
+{
+    Score score;
+    score.slices.startAt(Slices::LAST_PULSE - 2);
+    for (int count = 0; count < 4; ++count) score.slices.play(1);
+    score.expectContiguous();
+    ASSERT_EQ(score.spans.size(), 5u);
+    EXPECT_EQ(score.spans[2].end, Slices::FIRST_PULSE) << "one slice that goes back";
+    EXPECT_EQ(score.spans.back().end, Slices::FIRST_PULSE + 2);
+    EXPECT_EQ(score.resets, 1);
+}
+
+TEST(Clock, InAGraphPlaysOneSliceForEachPulseOfThePeriods)
+{
+    Score score;
+    score.clock.startInGraph(48000);
+    for (std::uint32_t period = 0; period < 375; ++period) score.clock.playPeriod(period * 256, 256);  // two seconds
+    score.clock.stop();
+    score.clock.playPeriod(375 * 256, 256);
+    ASSERT_EQ(score.spans.size(), 1920u) << "480 pulses a quarter note at 120, and none when it stands";
+    score.expectContiguous();
+    for (const Span& span : score.spans) ASSERT_EQ(span.end, span.start + 1);
+    EXPECT_EQ(score.spans[0].start, 50000000);
+    EXPECT_EQ(score.player.getThreadId(), currentThreadId());
+}
+
+TEST(Clock, WhereThereIsNoGraphAThreadPlaysContiguousSlices)
+{
+    Score score;
+    score.clock.startOnThread();
+    score.clock.waitForSlices(50);
+    EXPECT_NE(score.player.getThreadId(), currentThreadId());
+    score.clock.stop();
+    score.expectContiguous();
+    EXPECT_GE(score.spans.size(), 50u);
+    for (const Span& span : score.spans) ASSERT_LE(span.end - span.start, Slices::LONGEST);
+}
+
+TEST(Clock, GoesOnOnItsOwnThreadWhereTheGraphDied)
+{
+    Score score;
+    score.clock.startInGraph(48000);
+    for (std::uint32_t period = 0; period < 10; ++period) score.clock.playPeriod(period * 256, 256);
+    score.clock.graphDied();
+    score.clock.waitForSlices(20);
+    EXPECT_TRUE(score.clock.runsOnItsThread());
+    EXPECT_NE(score.player.getThreadId(), currentThreadId());
+    score.clock.playPeriod(2560, 256);  // a last call that came too late plays nothing
+    score.clock.stop();
+    score.expectContiguous();
+    EXPECT_GT(score.spans.size(), 52u + 20u);
+}
+
+TEST(Clock, WhoeverMustNotStallGetsSlicesFromASilentGraph)
+{
+    Score score;
+    score.clock.startInGraph(48000);
+    score.clock.playPeriod(0, 256);
+    score.clock.neverStall();
+    score.clock.waitForSlices(2);
+    EXPECT_TRUE(score.clock.runsOnItsThread());
+    score.clock.stop();
+    score.expectContiguous();
+}
+}  // namespace Host

@@ -1,0 +1,196 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <random>
+#include <thread>
+#include <vector>
+
+#include "backend/midi/OrvMidiMessage.h"
+#include "host/player/Player.h"
+#include "host/ports/Ports.h"
+#include "tests/stage/Allocations.h"
+
+namespace Host
+{
+namespace
+{
+ShortMessage on(int note, int channel = 0)
+{
+    return {{static_cast<std::uint8_t>(0x90 | channel), static_cast<std::uint8_t>(note), 100}, 3};
+}
+ShortMessage off(int note, int channel = 0)
+{
+    return {{static_cast<std::uint8_t>(0x80 | channel), static_cast<std::uint8_t>(note), 64}, 3};
+}
+ShortMessage controller(int number, int value)
+{
+    return {{0xB0, static_cast<std::uint8_t>(number), static_cast<std::uint8_t>(value)}, 3};
+}
+
+/// The device behind a port; `patience` is how many messages it takes at a time.
+struct Device {
+    std::vector<ShortMessage> heard;
+    std::size_t patience = ~std::size_t{0};
+
+    void listenTo(OutputPort& port)
+    {
+        std::size_t taken = 0;
+        port.deliver(0, [&](const ShortMessage& message, std::uint32_t) {
+            if (taken == patience) return false;
+            ++taken;
+            heard.push_back(message);
+            return true;
+        });
+    }
+
+    NoteSet sounding() const
+    {
+        NoteSet notes;
+        for (const ShortMessage& message : heard) {
+            if (message.startsNote()) notes.set(noteIndex(message));
+            if (message.endsNote()) notes.reset(noteIndex(message));
+        }
+        return notes;
+    }
+};
+
+using Messages = std::vector<ShortMessage>;
+}  // namespace
+
+TEST(OutputPort, GivesWhatWasPlayedInOrder)
+{
+    OutputPort port("Out");
+    Device device;
+    port.open();
+    for (const auto& message : {on(60), controller(7, 100), off(60), on(62), off(62)}) port.play(message, 0);
+    device.listenTo(port);
+    EXPECT_EQ(device.heard, (Messages{on(60), controller(7, 100), off(60), on(62), off(62)}));
+}
+
+TEST(OutputPort, EndsWhatSoundsBeforeItCloses)
+{
+    OutputPort port("Out");
+    Device device;
+    port.open();
+    const ShortMessage onOfVelocityZero{{0x90, 67, 0}, 3};
+    for (const auto& message : {on(60), on(64), on(67), off(60), onOfVelocityZero, on(64, 15), controller(64, 127)})
+        port.play(message, 0);
+    device.listenTo(port);
+    device.heard.clear();
+
+    port.close();
+    port.play(on(72), 0);
+    device.listenTo(port);
+    EXPECT_EQ(device.heard, (Messages{off(64), off(64, 15), controller(64, 0)}));
+    EXPECT_FALSE(port.isClosing());
+
+    device.listenTo(port);
+    port.open();
+    device.listenTo(port);
+    EXPECT_EQ(device.heard.size(), 3u) << "what was played while it was closed is gone";
+}
+
+TEST(OutputPort, ADeviceThatTakesOneMessageAtATimeHearsEveryNoteOffInTheEnd)
+{
+    OutputPort port("Out");
+    Device device;
+    device.patience = 1;
+    port.open();
+    for (const int note : {60, 64, 67}) port.play(on(note), 0);
+    device.listenTo(port);
+    port.close();
+    for (int turn = 0; turn < 5; ++turn) {
+        EXPECT_TRUE(port.isClosing());
+        device.listenTo(port);
+    }
+    EXPECT_FALSE(port.isClosing());
+    EXPECT_EQ(device.heard, (Messages{on(60), on(64), on(67), off(60), off(64), off(67)}));
+}
+
+TEST(OutputPort, AFullRingLosesAnythingButTheEndOfANote)
+{
+    OutputPort port("Out");
+    Device device;
+    port.open();
+    port.play(on(60), 0);
+    device.listenTo(port);
+    for (std::uint32_t count = 0; count < 3 * MidiRing::ROOM; ++count) port.play(controller(1, 5), 0);
+    EXPECT_GT(port.lossCount(), MidiRing::ROOM);
+    // More ends of notes than the ring has room for
+    for (std::uint32_t count = 0; count < MidiRing::ROOM; ++count) port.play(off(61), 0);
+    port.play(off(60), 0);
+    port.play(on(62), 0);
+    device.listenTo(port);
+    EXPECT_TRUE(device.sounding().none());
+    EXPECT_EQ(std::ranges::count(device.heard, on(62)), 0) << "nothing may pass an end that is owed";
+
+    port.play(on(65), 0);
+    device.listenTo(port);
+    EXPECT_EQ(device.heard.back(), on(65)) << "after an overload it plays on";
+}
+
+TEST(OutputPort, NoNoteIsLeftSoundingHoweverSlowTheDevice)
+{
+    OutputPort port("Out");
+    Device device;
+    port.open();
+    std::atomic<bool> done{false};
+    std::thread listener([&] {
+        while (!done.load()) device.listenTo(port);
+        device.listenTo(port);
+    });
+    std::mt19937 random(1);
+    for (int burst = 0; burst < 40; ++burst) {
+        for (int count = 0; count < 3000; ++count)
+            port.play(on(static_cast<int>(random() % 128), static_cast<int>(random() % 16)), 0);
+        for (int channel = 0; channel < CHANNELS; ++channel)
+            for (int note = 0; note < NOTES; ++note) port.play(off(note, channel), 0);
+    }
+    done.store(true);
+    listener.join();
+    EXPECT_TRUE(device.sounding().none());
+}
+
+TEST(Player, PlaysToThePortWithoutAllocatingAndIgnoresAPortThatIsNone)
+{
+    Ports ports;
+    Event wishes;
+    OutputPort& port = *ports.addOutput("Out");
+    port.open();
+    Player player(ports, wishes);
+    Backend::MidiEngine::OrvMidiMessage note(Backend::MidiEngine::MessageType::noteOn, 60, 100, 0, 0, -1, -1, -1);
+
+    const auto before = allocationsOfThisThread();
+    for (const int output : {0, -1, 1, 127}) {
+        note.setOutput(output);
+        player.playMidi(note);
+    }
+    EXPECT_EQ(allocationsOfThisThread(), before);
+    Device device;
+    device.listenTo(port);
+    EXPECT_EQ(device.heard, Messages{on(60)});
+}
+
+TEST(Player, OnlyNotesWhatItIsAskedToOpenOrClose)
+{
+    Ports ports;
+    Event wishes;
+    ports.addInput("In");
+    OutputPort& output = *ports.addOutput("Out");
+    Player player(ports, wishes);
+    EXPECT_FALSE(player.takeOutputWish());
+
+    player.enableMidiOutput(0, false);
+    EXPECT_FALSE(output.wanted.load());
+    EXPECT_TRUE(output.enabled) << "carried out by the control thread";
+    EXPECT_TRUE(wishes.waitFor(std::chrono::milliseconds(0)));
+    EXPECT_TRUE(player.takeOutputWish());
+    EXPECT_FALSE(player.takeOutputWish());
+    player.enableMidiOutput(5, true);
+    EXPECT_TRUE(player.takeOutputWish()) << "a port that is none is answered too";
+    player.enableMidiInput(0, false);
+    EXPECT_FALSE(ports.inputs()[0]->wanted.load());
+    player.setTempoSource(3);
+    EXPECT_EQ(player.getTempoSource(), 3);
+}
+}  // namespace Host
