@@ -5,6 +5,8 @@
 #include <functional>
 #include <utility>
 
+#include "backend/midi/MidiEngine.h"
+
 namespace Host
 {
 /// The time slices of a performance, one behind the other: each begins at the pulse where the last one ended. Before
@@ -12,9 +14,9 @@ namespace Host
 class Slices
 {
 public:
-    static constexpr std::int32_t FIRST_PULSE = 50'000'000;
+    static constexpr std::int32_t FIRST_PULSE = Backend::MidiEngine::MidiEngine::FIRST_PULSE;
     static constexpr std::int32_t LAST_PULSE = 2'147'000'000;  // some minutes are left above for what is timed ahead
-    static constexpr int LONGEST = 4999;                       // the engine plays nothing of a longer one
+    static constexpr int LONGEST = Backend::MidiEngine::MidiEngine::MAX_TIME_SLICE - 1;
 
     using Play = std::function<void(std::int32_t startPpq, std::int32_t endPpq)>;
 

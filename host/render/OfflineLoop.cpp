@@ -7,20 +7,18 @@
 
 #include "backend/core/OrvFactory.h"
 #include "backend/core/OrvMessageManager.h"
-#include "backend/midi/MidiEngineMessageManager.h"
+#include "backend/midi/MidiEngine.h"
 #include "backend/persistence/RegistrySettings.h"
+#include "host/performance/CommandPost.h"
 #include "platform/Thread.h"
 
 namespace Host
 {
-using Backend::MidiEngine::MessageType;
 using Backend::MidiEngine::MidiInputPorts;
-using Backend::MidiEngine::OrvMidiMessage;
 
 namespace
 {
-// The library's pulse of time 0.
-constexpr std::int32_t FIRST_PULSE = 50000000;
+constexpr std::int32_t FIRST_PULSE = Backend::MidiEngine::MidiEngine::FIRST_PULSE;
 
 template <class Ports>
 Ports makePorts(const std::string& name, int count)
@@ -61,7 +59,7 @@ void OfflineLoop::play(const std::vector<TimedCommand>& commands)
     std::int32_t ppq = 0;
     for (; ppq <= last; ppq += settings.slice) {
         for (; next != commands.end() && next->time <= ppq; ++next) {
-            carryOut(next->command);
+            post(orv->getOrvMessageManager(), next->command);
             rest(ppq);
         }
         playSlice(ppq, settings.slice);
@@ -69,34 +67,6 @@ void OfflineLoop::play(const std::vector<TimedCommand>& commands)
     }
     resetIn(ppq);
     end = ppq;
-}
-
-void OfflineLoop::carryOut(const Command& command)
-{
-    std::visit([this](const auto& which) { post(which); }, command);
-}
-
-void OfflineLoop::post(const MidiCommand& command)
-{
-    orv->getOrvMessageManager().postProcessMidiInputEvent({static_cast<MessageType>(command.status), command.d1,
-                                                           command.d2, command.channel, OrvMidiMessage::DEFAULT_OUTPUT,
-                                                           OrvMidiMessage::DEFAULT_ZONE, command.input, -1});
-}
-
-void OfflineLoop::post(const PlayCommand& command)
-{
-    orv->getOrvMessageManager().postPlayMidi({static_cast<MessageType>(command.status), command.d1, command.d2,
-                                              command.channel, command.output, command.zone,
-                                              OrvMidiMessage::DEFAULT_INPUT, -1});
-}
-
-void OfflineLoop::post(const EnableCommand& command)
-{
-    auto& commands = orv->getOrvMessageManager();
-    if (command.direction == PortDirection::input)
-        commands.postEnableMidiInput(command.port, command.on);
-    else
-        commands.postEnableMidiOutput(command.port, command.on);
 }
 
 void OfflineLoop::playSlice(std::int32_t ppq, std::int32_t length)

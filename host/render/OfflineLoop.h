@@ -41,10 +41,6 @@ public:
     const Backend::MidiEngine::MidiOutputPorts& getOutputPorts() const { return outputPorts; }
 
 private:
-    void carryOut(const Command& command);
-    void post(const MidiCommand& command);
-    void post(const PlayCommand& command);
-    void post(const EnableCommand& command);
     void playSlice(std::int32_t ppq, std::int32_t length);
     void rest(std::int32_t ppq);
     void resetIn(std::int32_t ppq);

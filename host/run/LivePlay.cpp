@@ -6,11 +6,11 @@
 #include "backend/core/OrvFactory.h"
 #include "backend/core/OrvMessageManager.h"
 #include "backend/midi/MidiEngineMessageManager.h"
+#include "host/performance/CommandPost.h"
 
 namespace Host
 {
 using namespace std::chrono_literals;
-using Backend::MidiEngine::MessageType;
 using Backend::MidiEngine::OrvMidiMessage;
 
 namespace
@@ -55,33 +55,7 @@ void LivePlay::start()
 
 // --- commands
 
-void LivePlay::carryOut(const Command& command)
-{
-    std::visit([this](const auto& kind) { post(kind); }, command);
-}
-
-void LivePlay::post(const MidiCommand& command)
-{
-    orv->getOrvMessageManager().postProcessMidiInputEvent({static_cast<MessageType>(command.status), command.d1,
-                                                           command.d2, command.channel, OrvMidiMessage::DEFAULT_OUTPUT,
-                                                           OrvMidiMessage::DEFAULT_ZONE, command.input, -1});
-}
-
-void LivePlay::post(const PlayCommand& command)
-{
-    orv->getOrvMessageManager().postPlayMidi({static_cast<MessageType>(command.status), command.d1, command.d2,
-                                              command.channel, command.output, command.zone,
-                                              OrvMidiMessage::DEFAULT_INPUT, -1});
-}
-
-void LivePlay::post(const EnableCommand& command)
-{
-    auto& backend = orv->getOrvMessageManager();
-    if (command.direction == PortDirection::input)
-        backend.postEnableMidiInput(command.port, command.on);
-    else
-        backend.postEnableMidiOutput(command.port, command.on);
-}
+void LivePlay::carryOut(const Command& command) { post(orv->getOrvMessageManager(), command); }
 
 // --- ports
 

@@ -42,9 +42,6 @@ public:
 
 private:
     void start();
-    void post(const MidiCommand& command);
-    void post(const PlayCommand& command);
-    void post(const EnableCommand& command);
     void serveInputs();
     void serveOutputs();
     void switchInputsOff();

@@ -8,6 +8,7 @@ namespace
 {
 constexpr double LOWEST_RATE = 8000;
 constexpr double HIGHEST_RATE = 96000;
+constexpr double GAIN = 0.6;  // a full chord at full velocity stays below full scale
 constexpr std::uint8_t SYSTEM_RESET = 0xFF;
 
 void keepQuiet()
@@ -26,6 +27,7 @@ Synthesizer::Synthesizer(const std::filesystem::path& soundFont, double sampleRa
     keepQuiet();
     settings.reset(new_fluid_settings());
     fluid_settings_setnum(settings.get(), "synth.sample-rate", sampleRate);
+    fluid_settings_setnum(settings.get(), "synth.gain", GAIN);
     fluid_settings_setint(settings.get(), "synth.threadsafe-api", use == SynthesizerUse::manyThreads ? 1 : 0);
     synth.reset(new_fluid_synth(settings.get()));
     if (!synth || fluid_synth_sfload(synth.get(), soundFont.c_str(), 1) == FLUID_FAILED)
