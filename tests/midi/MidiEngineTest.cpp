@@ -11,6 +11,7 @@
 
 using namespace Backend;
 using namespace Backend::MidiEngine;
+using TheEngine = Backend::MidiEngine::MidiEngine;
 
 namespace
 {
@@ -27,7 +28,7 @@ OrvMidiMessage noteOff(int note, int output, int channel, std::int32_t ppq = -1)
 /// The engine alone, its slices under the test's hand.
 struct Engine {
     RecordingPlayer player;
-    MidiEngine::MidiEngine engine{player};
+    TheEngine engine{player};
 
     Engine()
     {
@@ -106,9 +107,9 @@ TEST(TimeSlice, KeepsWhatIsOlderThanItselfForABackwardClock)
 
 TEST(TimeSlice, TurnsMillisecondsIntoPulses)
 {
-    EXPECT_EQ(MidiEngine::MidiEngine::milliseconds2Ppq(1000.0, 120), 50000960);
-    EXPECT_EQ(MidiEngine::MidiEngine::milliseconds2Ppq(0.0, 250), 50000000);
-    EXPECT_EQ(MidiEngine::MidiEngine::milliseconds2Ppq(0.53, 120), 50000001) << "rounded to the nearest";
+    EXPECT_EQ(TheEngine::milliseconds2Ppq(1000.0, 120), 50000960);
+    EXPECT_EQ(TheEngine::milliseconds2Ppq(0.0, 250), 50000000);
+    EXPECT_EQ(TheEngine::milliseconds2Ppq(0.53, 120), 50000001) << "rounded to the nearest";
 }
 
 TEST(TimeSlice, AllocatesNothingInTheSteadyState)

@@ -7,6 +7,12 @@
 
 #include "platform/Event.h"
 
+namespace
+{
+// Taken behind a condition that the analysis does not follow.
+void letGo(CriticalSection& section) NO_THREAD_SAFETY_ANALYSIS { section.leave(); }
+}  // namespace
+
 TEST(CriticalSection, LetsOneThreadInAtATime)
 {
     CriticalSection section;
@@ -30,20 +36,20 @@ TEST(CriticalSection, AWaiterServesItsMessagesUntilTheLockIsFreeOrItMustQuit)
     ASSERT_TRUE(section.waitWithMessageLoop([&] { return ++pumped > 0; }));
     EXPECT_EQ(pumped, 0) << "a free lock is taken at once";
 
-    Event letGo;
+    Event thirdRound;
     std::thread waiter([&] {
         EXPECT_FALSE(section.waitWithMessageLoop([] { return false; })) << "told to quit";
         EXPECT_FALSE(section.tryEnter()) << "and the lock not taken";
         int rounds = 0;
         EXPECT_TRUE(section.waitWithMessageLoop([&] {
-            if (++rounds == 3) letGo.set();
+            if (++rounds == 3) thirdRound.set();
             return true;
         }));
         EXPECT_GE(rounds, 3);
-        section.leave();
+        letGo(section);
     });
-    letGo.wait();
-    section.leave();
+    thirdRound.wait();
+    letGo(section);
     waiter.join();
 }
 
