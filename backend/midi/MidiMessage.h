@@ -70,6 +70,7 @@ public:
 
     /// The inverse of `toXmlString`; a name that is none gives status 0.
     explicit MidiMessage(std::string_view text);
+    static MidiMessage fromXmlString(std::string_view text) { return MidiMessage(text); }
 
     /// A note on of velocity 0, or nothing for no note.
     constexpr explicit MidiMessage(Note note)

@@ -18,6 +18,7 @@ public:
 
     /// From its text: "C4", "c#4", "Bb" (octave 4), a decimal number, or "" for no note. Never fails.
     explicit Note(std::string_view text);
+    static Note fromXmlString(std::string_view text) { return Note(text); }
 
     /// `base` moved by `interval` steps (up above 0, down below) through the major scale on `key`, a pitch class 0 to
     /// 11. A pitch outside the scale counts as the degree above it. The result is not brought into range.

@@ -1,12 +1,18 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
+#include <string_view>
 
 /// On, off, or the other of what it is now.
 struct OnOffToggle {
     enum class State : std::int32_t { on = 0, off = 1, toggle = 2 };
 
     State state = State::toggle;
+
+    /// From exactly "on" or "off"; anything else is toggle.
+    static OnOffToggle fromXmlString(std::string_view text);
+    std::string toXmlString() const;
 
     bool appliedTo(bool current) const { return state == State::toggle ? !current : state == State::on; }
 

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
+#include <string_view>
 
 /// Which item of a list is addressed. `value` is the item's number when `kind` is `specific`.
 struct SelectType {
@@ -8,6 +10,10 @@ struct SelectType {
 
     Kind kind = Kind::up;
     std::int32_t value = 0;
+
+    /// From exactly "up", "down", "selected" or "all"; anything else is specific, with 0 for what is no number.
+    static SelectType fromXmlString(std::string_view text);
+    std::string toXmlString() const;
 
     bool operator==(const SelectType&) const = default;
 };

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+/// A ratio of two numbers from 1 to 99.
+struct Fraction {
+    std::int32_t numerator = 1;
+    std::int32_t denominator = 1;
+
+    /// From "3/4", "3\4", "3_4" or "3" for 3/1. Each number goes to the nearer end of its range; what is no number
+    /// is 1. Only the first 220 characters are read.
+    static Fraction fromXmlString(std::string_view text);
+
+    /// "3_4", which may also stand in the name of a file.
+    std::string toXmlString() const;
+    /// "3/4", for the screen.
+    std::string toDisplayString() const;
+
+    bool operator==(const Fraction&) const = default;
+};
