@@ -1,0 +1,22 @@
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace pugi
+{
+class xml_document;
+}
+
+/// Why a text is not read, and where.
+struct XmlProblem {
+    std::string reason;
+    std::size_t offset = 0;  ///< bytes from the start of the text
+};
+
+/// Parses a text into `document` under the rules and limits of `XmlDocument`. Answers the first problem, after which
+/// nothing in `document` counts. Throws `std::bad_alloc` and nothing else.
+std::optional<XmlProblem> parseXml(std::string_view text, pugi::xml_document& document);

@@ -1,0 +1,80 @@
+#include "backend/persistence/XmlDocument.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+
+namespace
+{
+// Before anyone asks, so that the debug stream can be listened to.
+const bool DEBUGGING = setenv("ORVANE_DEBUG", "1", 1) == 0;
+
+/// What the debug stream says when a text is read.
+std::string complaintAbout(std::string_view textOrPath, XmlDocument::Source source = XmlDocument::Source::text)
+{
+    testing::internal::CaptureStderr();
+    const bool hasRoot = XmlDocument(textOrPath, source).getRoot().hasElement();
+    const std::string complaint = testing::internal::GetCapturedStderr();
+    EXPECT_EQ(hasRoot, complaint.empty()) << textOrPath.substr(0, 80);
+    return complaint;
+}
+
+/// A file in the temporary folder, for as long as this lives.
+class TemporaryFile
+{
+public:
+    explicit TemporaryFile(std::string_view content, const std::string& name = "document.xml")
+        : path(testing::TempDir() + "orvane-" + std::to_string(std::hash<std::string>{}(name)) + name)
+    {
+        std::ofstream(path, std::ios::binary) << content;
+    }
+    ~TemporaryFile() { std::filesystem::remove(path); }
+    TemporaryFile(const TemporaryFile&) = delete;
+    TemporaryFile& operator=(const TemporaryFile&) = delete;
+
+    const std::string path;
+};
+}  // namespace
+
+TEST(XmlDocument, ReadsAFileOrAText)
+{
+    const TemporaryFile file(
+        "\xEF\xBB\xBF<?xml version=\"1.0\" encoding=\"utf-8\"?>\r\n<Program name=\"\xC3\x84\"/>\r\n",
+        "\xC3\xA4 program.xml");
+    EXPECT_EQ(XmlDocument(file.path, XmlDocument::Source::file).getRoot().getAttribute("name"), "\xC3\x84");
+    EXPECT_EQ(complaintAbout("<!-- x --><?pi?>\n<a/>\n<!-- y -->\n"), "");
+    EXPECT_EQ(complaintAbout("<!DOCTYPE a [<!ENTITY b 'c'>]><a/>"), "");
+}
+
+TEST(XmlDocument, HasNoRootWhenItDoesNotParse)
+{
+    for (const char* text : {"", "   \n", "<!-- only -->", "no document", "<a>", "<a><b></a></b>", "<a></a></a>",
+                             "<a x=1/>", "<a x='1/>", "<a/><b/>", "<a/>rest", "first<a/>", "<a/><![CDATA[rest]]>",
+                             "<a/>&#32;", "<a", "<a/><", "<!-- <a/>", "&lt;a/>"}) {
+        const XmlElement root = XmlDocument(text, XmlDocument::Source::text).getRoot();
+        EXPECT_FALSE(root.hasElement()) << text;
+        EXPECT_EQ(root.getAttribute("x", "default"), "default");
+        EXPECT_EQ(root.getChildCount(), 0);
+        EXPECT_FALSE(root.begin().hasSiblings());
+    }
+}
+
+TEST(XmlDocument, TellsTheDebugStreamFileLineAndReason)
+{
+    ASSERT_TRUE(DEBUGGING);
+    const TemporaryFile file("<a>\n<b>\n</a>\n");
+    EXPECT_EQ(complaintAbout(file.path, XmlDocument::Source::file),
+              "orvane: " + file.path + ", line 3 (byte 10): not read: Start-end tags mismatch\n");
+    EXPECT_EQ(complaintAbout("<a/>\n<b/>"),
+              "orvane: XML text, line 2 (byte 6): not read: more than one root element\n");
+    EXPECT_EQ(complaintAbout("<a>\n\xFF</a>"), "orvane: XML text, line 2 (byte 4): not read: not UTF-8\n");
+}
+
+TEST(XmlDocument, ReadsOnlyFiles)
+{
+    for (const char* path : {"", "/nowhere/at/all.xml", "/", "/dev/zero", "/dev/null"})
+        EXPECT_EQ(complaintAbout(path, XmlDocument::Source::file),
+                  "orvane: " + std::string(path) + ": not read: no file that can be read\n");
+}
