@@ -1,0 +1,47 @@
+// Any text is read as a value of every type without fail, and what the value prints is read as the same print again.
+#include <cstdint>
+#include <cstdlib>
+#include <string_view>
+
+#include "tests/values/ValueTypes.h"
+
+namespace
+{
+void require(bool truth)
+{
+    if (!truth) std::abort();
+}
+
+template <class Value>
+void check(std::string_view text)
+{
+    const auto value = Value::fromXmlString(text);
+    const auto printed = value.toXmlString();
+    if (mirrors(value)) require(Value::fromXmlString(printed).toXmlString() == printed);
+}
+
+template <class... Values>
+void checkAll(std::string_view text, std::tuple<Values...>*)
+{
+    (check<Values>(text), ...);
+}
+
+/// What is derived from an event stays a number, whatever the text and the event.
+void checkTranslation(std::string_view text)
+{
+    const Backend::MidiEngine::MidiMessage message(static_cast<std::uint32_t>(text.size()) * 0x010101u);
+    const auto value = MidiTranslationValue::fromXmlString(text);
+    const auto selection = value.getSelectType(message);
+    require(selection.kind != SelectType::Kind::specific || selection.value == value.getValue(message).value);
+    const auto condition = MidiTranslationCondition::fromXmlString(text);
+    require(condition.operand != MidiTranslationCondition::Operand::off || condition.isTrue(message));
+}
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    const std::string_view text(reinterpret_cast<const char*>(data), size);
+    checkAll(text, static_cast<ValueTypes*>(nullptr));
+    checkTranslation(text);
+    return 0;
+}
