@@ -17,5 +17,12 @@ void* operator new(std::size_t size)
     throw std::bad_alloc();
 }
 
+// The sorting algorithms of the standard library ask this way.
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept
+{
+    ++allocations;
+    return std::malloc(size == 0 ? 1 : size);
+}
+
 void operator delete(void* memory) noexcept { std::free(memory); }
 void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
