@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cctype>
+#include <cstdint>
 
 #include "backend/input/values/Text.h"
 
@@ -67,7 +68,8 @@ int parseNote(std::string_view text)
     if (text.starts_with('b')) accidental = -1;
     if (accidental != 0) text.remove_prefix(1);
 
-    const int octave = text.empty() ? 4 : Text::parseInteger(text).value_or(4);
-    return pitchClass + 12 * (octave + 1) + accidental;
+    // Unsigned, so that an octave beyond all reason wraps; whoever wants a note keeps the low byte.
+    const auto octave = static_cast<std::uint32_t>(text.empty() ? 4 : Text::parseInteger(text).value_or(4));
+    return static_cast<int>(static_cast<std::uint32_t>(pitchClass + accidental) + 12 * (octave + 1));
 }
 }  // namespace Backend::MidiEngine

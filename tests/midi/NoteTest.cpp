@@ -10,24 +10,11 @@ TEST(Note, ReadsItsText)
         const char* text;
         int number;
     };
-    for (const auto& [text, number] : {Row{"C4", 60},
-                                       {"c#4", 61},
-                                       {"Bb", 70},
-                                       {"60", 60},
-                                       {"", 255},
-                                       {"C-1", 0},
-                                       {"g9", 127},
-                                       {"Cb4", 59},
-                                       {"a", 69},
-                                       {"B#3", 60},
-                                       {"H4", 60},
-                                       {"300", 44},
-                                       {"E+4", 64},
-                                       {"F# 4", 66},
-                                       {"Gx", 67},
-                                       {"G12", 163},
-                                       {"7up", 7},
-                                       {"D4 x", 62}})
+    for (const auto& [text, number] :
+         {Row{"C4", 60},         {"c#4", 61},  {"Bb", 70}, {"60", 60},   {"", 255},  {"C-1", 0},
+          {"g9", 127},           {"Cb4", 59},  {"a", 69},  {"B#3", 60},  {"H4", 60}, {"300", 44},
+          {"E+4", 64},           {"F# 4", 66}, {"Gx", 67}, {"G12", 163}, {"7up", 7}, {"C2147483647", 0},
+          {"C#-2147483648", 13}, {"D4 x", 62}})
         EXPECT_EQ(parseNote(text), number) << text;
     EXPECT_FALSE(Note("").isNote());
     EXPECT_EQ(Note("99999999999").getNumber(), 60) << "a number nobody can read";

@@ -27,8 +27,8 @@ TEST(HostileXml, MayNestSoDeepAndNoDeeper)
     const std::size_t deepest = XmlDocument::MAX_NESTING;
     EXPECT_TRUE(rootOf(nested(deepest)).hasElement());
     EXPECT_FALSE(rootOf(nested(deepest + 1)).hasElement());
-    EXPECT_FALSE(rootOf(nested(2'000'000)).hasElement());
-    EXPECT_FALSE(rootOf(repeat("<a>", 5'000'000)).hasElement());
+    EXPECT_FALSE(rootOf(nested(300'000)).hasElement());
+    EXPECT_FALSE(rootOf(repeat("<a>", 500'000)).hasElement());
 }
 
 TEST(HostileXml, MayBeSoLargeAndNoLarger)
@@ -37,7 +37,7 @@ TEST(HostileXml, MayBeSoLargeAndNoLarger)
     const std::size_t largest = XmlDocument::MAX_SIZE - withAttributeOf(0).size();
     EXPECT_EQ(rootOf(withAttributeOf(largest)).getAttribute("x").size(), largest);
     EXPECT_FALSE(rootOf(withAttributeOf(largest + 1)).hasElement());
-    EXPECT_EQ(rootOf("<a>" + repeat("<b/>", 1'000'000) + "</a>").getChildCount(), 1'000'000);
+    EXPECT_EQ(rootOf("<a>" + repeat("<b/>", 300'000) + "</a>").getChildCount(), 300'000);
 }
 
 TEST(HostileXml, NeverExpandsEntitiesOfItsOwn)

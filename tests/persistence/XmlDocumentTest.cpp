@@ -1,6 +1,8 @@
 #include "backend/persistence/XmlDocument.h"
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include <cstdlib>
 #include <filesystem>
@@ -8,6 +10,8 @@
 
 namespace
 {
+using namespace std::string_literals;
+
 // Before anyone asks, so that the debug stream can be listened to.
 const bool DEBUGGING = setenv("ORVANE_DEBUG", "1", 1) == 0;
 
@@ -26,7 +30,7 @@ class TemporaryFile
 {
 public:
     explicit TemporaryFile(std::string_view content, const std::string& name = "document.xml")
-        : path(testing::TempDir() + "orvane-" + std::to_string(std::hash<std::string>{}(name)) + name)
+        : path(testing::TempDir() + "orvane-" + std::to_string(getpid()) + name)
     {
         std::ofstream(path, std::ios::binary) << content;
     }
@@ -53,6 +57,7 @@ TEST(XmlDocument, HasNoRootWhenItDoesNotParse)
     for (const char* text : {"", "   \n", "<!-- only -->", "no document", "<a>", "<a><b></a></b>", "<a></a></a>",
                              "<a x=1/>", "<a x='1/>", "<a/><b/>", "<a/>rest", "first<a/>", "<a/><![CDATA[rest]]>",
                              "<a/>&#32;", "<a", "<a/><", "<!-- <a/>", "&lt;a/>"}) {
+        EXPECT_NE(complaintAbout(text), "") << text;
         const XmlElement root = XmlDocument(text, XmlDocument::Source::text).getRoot();
         EXPECT_FALSE(root.hasElement()) << text;
         EXPECT_EQ(root.getAttribute("x", "default"), "default");
@@ -74,7 +79,10 @@ TEST(XmlDocument, TellsTheDebugStreamFileLineAndReason)
 
 TEST(XmlDocument, ReadsOnlyFiles)
 {
-    for (const char* path : {"", "/nowhere/at/all.xml", "/", "/dev/zero", "/dev/null"})
+    const std::string pipe = testing::TempDir() + "orvane-pipe-" + std::to_string(getpid());
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    for (const std::string& path : {pipe, ""s, "/nowhere/at/all.xml"s, "/"s, "/dev/zero"s, "/dev/null"s})
         EXPECT_EQ(complaintAbout(path, XmlDocument::Source::file),
-                  "orvane: " + std::string(path) + ": not read: no file that can be read\n");
+                  "orvane: " + path + ": not read: no file that can be read\n");
+    std::filesystem::remove(pipe);
 }

@@ -80,6 +80,7 @@ TEST(Key, ComparesAndTravelsInEightBitsAndFourModifiers)
     const Key key{.keyCode = 65, .shift = true, .win = true};
     EXPECT_EQ(key.getPacked(), 0x941u);
     EXPECT_EQ(Key::fromPacked(0x941).toXmlString(), "Shift Win A");
+    for (std::uint32_t packed = 0; packed < 0x1000; ++packed) EXPECT_EQ(Key::fromPacked(packed).getPacked(), packed);
     EXPECT_EQ((Key{65 + 256}), Key{65});
     EXPECT_EQ(Key::fromPacked(Key{}.getPacked()), Key{});
     EXPECT_LT((Key{200}), (Key{.keyCode = 1, .shift = true}));
