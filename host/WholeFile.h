@@ -7,6 +7,8 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/WholeFile.h"
+
 namespace Host
 {
 /// More than any MIDI or performance file of use; what is larger is refused before it fills the memory.
@@ -16,20 +18,11 @@ inline constexpr std::size_t LARGEST_INPUT = 16u << 20;
 /// or has more than `largest` bytes.
 std::vector<std::uint8_t> readWholeFile(const std::filesystem::path& path, std::size_t largest = LARGEST_INPUT);
 
-/// Output files that belong together. Each is written in full, and forced to the disk, beside the file it will replace;
-/// only `commit` puts them in place. A crash or a full disk at any moment leaves every target the old file or the new
-/// one, whole, and without `commit` nothing changes. Links are followed to the file they name, an existing file's mode
-/// is kept. A device, a pipe or /dev/stdout cannot be replaced, so it is written to in `commit`.
+/// Output files that belong together, each a StagedFile: all are written in full before `commit` puts the first one in
+/// place, and without `commit` nothing changes.
 class StagedFiles
 {
 public:
-    StagedFiles() = default;
-    StagedFiles(const StagedFiles&) = delete;
-    StagedFiles& operator=(const StagedFiles&) = delete;
-
-    /// Removes what has not been committed.
-    ~StagedFiles();
-
     /// Throws InputError naming `path` and the reason, also for a second file with the same target; nothing of this
     /// file is left behind then.
     void add(const std::filesystem::path& path, std::span<const std::uint8_t> bytes);
@@ -41,17 +34,10 @@ public:
 
 private:
     struct Staged {
-        std::filesystem::path shown;      // as the user named it
-        std::filesystem::path target;     // links followed
-        std::filesystem::path temporary;  // empty once renamed
+        std::filesystem::path path;  // as the user named it
+        StagedFile file;
     };
-    struct Stream {
-        std::filesystem::path path;
-        std::vector<std::uint8_t> bytes;
-    };
-
     std::vector<Staged> files;
-    std::vector<Stream> streams;
 };
 
 /// Replaces one file as StagedFiles does.

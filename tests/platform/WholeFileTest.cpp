@@ -1,0 +1,76 @@
+#include "platform/WholeFile.h"
+
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <gtest/gtest.h>
+
+#include "tests/stage/FileFault.h"
+#include "tests/stage/TemporaryFolder.h"
+
+namespace
+{
+const std::string OLD = "old";
+const std::string NEW(100000, 'n');
+}  // namespace
+
+TEST(WholeFile, IsTheOldOneOrTheNewOneWhateverCallMeetsAFullDisk)
+{
+    int failures = 0;
+    for (int call = 0;; ++call) {
+        const TemporaryFolder folder;
+        folder.write("bank", OLD);
+        const FileFault fault(FileFault::Kind::fullDisk, call);
+        const auto error = WholeFile::replace(folder / "bank", NEW);
+        if (!fault.hasStruck()) {
+            EXPECT_EQ(call, 9) << "calls: " << fault.calls();
+            break;
+        }
+        EXPECT_EQ(folder.read("bank") == (error ? OLD : NEW), true) << "call " << call << ": " << error.message();
+        EXPECT_EQ(folder.contents(), "bank") << "call " << call;
+        failures += error ? 1 : 0;
+    }
+    EXPECT_EQ(failures, 6) << "all but what only the folder's sync needs";
+}
+
+TEST(WholeFile, IsTheOldOneOrTheNewOneWhereverTheProcessIsKilled)
+{
+    bool sawOld = false;
+    bool sawNew = false;
+    for (int call = 0;; ++call) {
+        const TemporaryFolder folder;
+        folder.write("bank", OLD);
+        const pid_t child = ::fork();
+        if (child == 0) {
+            const FileFault fault(FileFault::Kind::death, call);
+            WholeFile::replace(folder / "bank", NEW);
+            ::_exit(0);
+        }
+        int status = 0;
+        ASSERT_EQ(::waitpid(child, &status, 0), child);
+        if (WIFEXITED(status)) break;
+        const std::string found = folder.read("bank");
+        sawOld = sawOld || found == OLD;
+        sawNew = sawNew || found == NEW;
+        EXPECT_TRUE(found == OLD || found == NEW) << "killed in call " << call;
+        EXPECT_FALSE(WholeFile::replace(folder / "bank", "next"));
+        EXPECT_EQ(folder.read("bank"), "next");
+    }
+    EXPECT_TRUE(sawOld && sawNew);
+}
+
+TEST(WholeFile, IsOnTheDiskBeforeItTakesTheOldOnesPlace)
+{
+    const TemporaryFolder folder;
+    folder.write("bank", OLD);
+    const FileFault watch(FileFault::Kind::none, 0);
+    EXPECT_FALSE(WholeFile::replace(folder / "bank", NEW));
+    EXPECT_EQ(watch.calls(), "open write fchmod fsync close rename open fsync close");
+}
+
+TEST(WholeFile, KnowsWhatAKilledRunLeftBehind)
+{
+    const TemporaryFolder folder;
+    EXPECT_TRUE(WholeFile::isTemporary(WholeFile::temporaryBeside(folder / "bank")));
+    EXPECT_FALSE(WholeFile::isTemporary(folder / "bank"));
+}
