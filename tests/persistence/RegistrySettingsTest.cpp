@@ -1,0 +1,177 @@
+#include "backend/persistence/RegistrySettings.h"
+
+#include <gtest/gtest.h>
+
+#include "platform/SettingsStore.h"
+#include "tests/stage/FileFault.h"
+#include "tests/stage/PrivateFolders.h"
+
+using namespace Backend;
+
+namespace
+{
+const std::string KEY = "Software\\Brinlow Software\\Test\\3.2";
+const std::string FILE_NAME = "config/Brinlow Software/Test/3.2";
+
+/// Everything away from its default.
+void change(RegistrySettings& settings)
+{
+    settings.setDefaultBank("/home/Jörg/Über \\ all.bnk");
+    settings.setGlobalKeyboard(true);
+    settings.setMidiThru(false);
+    settings.setRetroRecordEnabled(false);
+    settings.setRetroRecordBufferSize(5000);
+    settings.setMidiBufferDir("/tmp");
+    settings.setLargeDisplayFont(true);
+    settings.setMouseSensitivity(4);
+    settings.setDockToBottomEdge(true);
+    settings.setDisplayMidiInputEvents(true);
+    settings.setDisplayMidiOutputEvents(false);
+    settings.setDisplayNumbers(true);
+    settings.setDisplayHeight(300);
+    settings.setLastWindowPosition({-10, 20, 30, 70000});
+    settings.setAlwaysOnTop(true);
+    settings.setUseSkinBorder(false);
+    settings.setDefaultMidiOutput(2);
+    settings.setLiteVelocity(90);
+    settings.setLiteChannel(15);
+    settings.setLiteStackNotes(false);
+    settings.setClickZoneChannelTranspose(true);
+    settings.setMidiInputEnabled(1, true);
+    settings.setMidiOutputEnabled(5, true);
+    settings.setMidiOutputEnabled(-1, true);
+}
+
+const char* const CHANGED =
+    "DefaultBank=string:/home/Jörg/Über \\\\ all.bnk\nGlobalKeyboard=number:1\nMidiThru=number:0\n"
+    "RetroRecordEnabled=number:0\nMaxMidiBufferFileSize=number:5000\nMidiBufferDir=string:/tmp\n"
+    "LargeDisplayFont=number:1\nMouseSensitivity=number:4\nDockToBottomEdge=number:1\n"
+    "DisplayMidiInputEvents=number:1\nDisplayMidiOutputEvents=number:0\nDisplayNumbers=number:1\n"
+    "DisplayHeight=number:300\nLastWindowPosition=hex:f6ffffff140000001e00000070110100\n"
+    "EnabledMidiInputs=string:NY\nEnabledMidiOutputs=string:NNNNNY\nAlwaysOnTop=number:1\nUseSkinBorder=number:0\n"
+    "DefaultMidiOutput=number:2\nLiteVelocity=number:90\nLiteChannel=number:15\nLiteStackNotes=number:0\n"
+    "ClickZoneChannelTranspose=number:1\n";
+
+const char* const PORTS_ALONE = "EnabledMidiInputs=string:\nEnabledMidiOutputs=string:\n";
+}  // namespace
+
+TEST(RegistrySettings, AreWrittenUnderTheirNamesInTheOrderOfTheTable)
+{
+    const PrivateFolders folder;
+    RegistrySettings settings;
+    change(settings);
+    settings.saveToRegistry(KEY);
+    EXPECT_EQ(folder.read(FILE_NAME), CHANGED);
+
+    RegistrySettings again;
+    again.loadFromRegistry(KEY);
+    EXPECT_EQ(again.getDefaultBank(), "/home/Jörg/Über \\ all.bnk");
+    EXPECT_EQ(again.getLastWindowPosition(), (WindowsLib::Rect{-10, 20, 30, 70000}));
+    EXPECT_EQ(again.getEnabledMidiOutputs(), (std::vector{false, false, false, false, false, true}));
+    // Whatever a getter gives, the setters take: a copy of everything comes out the same.
+    std::filesystem::remove(folder / FILE_NAME);
+    RegistrySettings copy;
+    copy.setDefaultBank(again.getDefaultBank());
+    copy.setGlobalKeyboard(again.getGlobalKeyboard());
+    copy.setMidiThru(again.getMidiThru());
+    copy.setRetroRecordEnabled(again.isRetroRecordEnabled());
+    copy.setRetroRecordBufferSize(again.getRetroRecordBufferSize());
+    copy.setMidiBufferDir(again.getMidiBufferDir());
+    copy.setLargeDisplayFont(again.getLargeDisplayFont());
+    copy.setMouseSensitivity(again.getMouseSensitivity());
+    copy.setDockToBottomEdge(again.getDockToBottomEdge());
+    copy.setDisplayMidiInputEvents(again.getDisplayMidiInputEvents());
+    copy.setDisplayMidiOutputEvents(again.getDisplayMidiOutputEvents());
+    copy.setDisplayNumbers(again.getDisplayNumbers());
+    copy.setDisplayHeight(again.getDisplayHeight());
+    copy.setLastWindowPosition(again.getLastWindowPosition());
+    copy.setAlwaysOnTop(again.getAlwaysOnTop());
+    copy.setUseSkinBorder(again.getUseSkinBorder());
+    copy.setDefaultMidiOutput(again.getDefaultMidiOutput());
+    copy.setLiteVelocity(again.getLiteVelocity());
+    copy.setLiteChannel(again.getLiteChannel());
+    copy.setLiteStackNotes(again.getLiteStackNotes());
+    copy.setClickZoneChannelTranspose(again.getClickZoneChannelTranspose());
+    copy.setMidiInputEnabled(1, again.getEnabledMidiInputs()[1]);
+    copy.setMidiOutputEnabled(5, again.getEnabledMidiOutputs()[5]);
+    copy.saveToRegistry(KEY);
+    EXPECT_EQ(folder.read(FILE_NAME), CHANGED);
+}
+
+TEST(RegistrySettings, AreWrittenOnlyOnceTheyWereSet)
+{
+    const PrivateFolders folder;
+    RegistrySettings settings;
+    settings.saveToRegistry(KEY);
+    EXPECT_EQ(folder.read(FILE_NAME), PORTS_ALONE);
+    settings.setMidiThru(true);
+    settings.saveToRegistry(KEY);
+    EXPECT_EQ(folder.read(FILE_NAME), std::string(PORTS_ALONE) + "MidiThru=number:1\n") << "set, if to its default";
+
+    std::filesystem::remove(folder / FILE_NAME);
+    settings.saveToRegistry(KEY);
+    EXPECT_EQ(folder.read(FILE_NAME), PORTS_ALONE) << "nothing was set since";
+    RegistrySettings loaded;
+    change(settings);
+    settings.saveToRegistry(KEY);
+    loaded.loadFromRegistry(KEY);
+    std::filesystem::remove(folder / FILE_NAME);
+    loaded.saveToRegistry(KEY);
+    EXPECT_EQ(folder.read(FILE_NAME), "EnabledMidiInputs=string:NY\nEnabledMidiOutputs=string:NNNNNY\n")
+        << "loading sets nothing";
+}
+
+TEST(RegistrySettings, KeepTheirDefaultWhereAValueDoesNotFit)
+{
+    const PrivateFolders folder;
+    const std::string longest(999, 'b');
+    folder.write(FILE_NAME, "DefaultBank=string:" + longest +
+                                "x\nMidiThru=string:0\nLiteChannel=number:4294967296\nDisplayHeight=hex:00\n"
+                                "LastWindowPosition=hex:000102\nGlobalKeyboard=number:-2\nEnabledMidiInputs=string:"
+                                "yYnNx\nMidiBufferDir=string:cut\\0here\n");
+    RegistrySettings settings;
+    EXPECT_TRUE(settings.loadFromRegistry(KEY));
+    EXPECT_EQ(settings.getDefaultBank(), "");
+    EXPECT_TRUE(settings.getMidiThru());
+    EXPECT_EQ(settings.getLiteChannel(), 0);
+    EXPECT_EQ(settings.getDisplayHeight(), 200);
+    EXPECT_EQ(settings.getLastWindowPosition(), (WindowsLib::Rect{-1, -1, -1, -1}));
+    EXPECT_TRUE(settings.getGlobalKeyboard()) << "anything but 0 is on";
+    EXPECT_EQ(settings.getEnabledMidiInputs(), (std::vector{true, true, false, false, false}));
+    EXPECT_EQ(settings.getMidiBufferDir(), "cut");
+
+    folder.write(FILE_NAME, "DefaultBank=string:" + longest + "\n");
+    settings.loadFromRegistry(KEY);
+    EXPECT_EQ(settings.getDefaultBank(), longest);
+    EXPECT_FALSE(settings.loadFromRegistry("no such place"));
+}
+
+TEST(RegistrySettings, OfTwoProgramsDoNotUndoEachOther)
+{
+    const PrivateFolders folder;
+    RegistrySettings one;
+    RegistrySettings other;
+    one.setLiteVelocity(64);
+    other.setLiteChannel(9);
+    one.saveToRegistry(KEY);
+    other.saveToRegistry(KEY);
+    RegistrySettings found;
+    found.loadFromRegistry(KEY);
+    EXPECT_EQ(found.getLiteVelocity(), 64);
+    EXPECT_EQ(found.getLiteChannel(), 9);
+}
+
+TEST(RegistrySettings, ThatCouldNotBeWrittenAreWrittenTheNextTime)
+{
+    const PrivateFolders folder;
+    RegistrySettings settings;
+    settings.setLiteVelocity(64);
+    {
+        const FileFault disk(FileFault::Kind::fullDisk, 2);  // behind the two calls that read
+        settings.saveToRegistry(KEY);
+        ASSERT_TRUE(disk.hasStruck());
+    }
+    EXPECT_EQ(folder.read(FILE_NAME), "");
+    settings.saveToRegistry(KEY);
+    EXPECT_EQ(folder.read(FILE_NAME), std::string(PORTS_ALONE) + "LiteVelocity=number:64\n");
+}
