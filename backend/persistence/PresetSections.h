@@ -1,0 +1,24 @@
+#pragma once
+
+#include <array>
+
+namespace Backend
+{
+/// A section of a program whose presets are kept: the folder they lie in, and the root element of their files.
+struct PresetSection {
+    const char* folder;
+    const char* rootElement;
+};
+
+namespace PresetSections
+{
+inline constexpr PresetSection COMPUTER_INPUT{"Computer Input Presets", "ComputerInput"};
+inline constexpr PresetSection CONTROLS{"Control Presets", "Controls"};
+inline constexpr PresetSection JOYSTICK{"Joystick Presets", "Joystick"};
+inline constexpr PresetSection LAYERS{"Layer Presets", "Layers"};
+inline constexpr PresetSection MIDI_INPUT{"Midi Input Presets", "MidiInput"};
+inline constexpr PresetSection OSCILLATORS{"Oscillator Presets", "Oscillators"};
+
+inline constexpr std::array ALL{COMPUTER_INPUT, CONTROLS, JOYSTICK, LAYERS, MIDI_INPUT, OSCILLATORS};
+}  // namespace PresetSections
+}  // namespace Backend

@@ -1,0 +1,118 @@
+#include "backend/persistence/OrvUtils.h"
+
+#include <sys/stat.h>
+
+#include <chrono>
+#include <thread>
+
+#include <gtest/gtest.h>
+
+#include "tests/stage/PrivateFolders.h"
+
+using Backend::OrvUtils;
+
+namespace
+{
+const std::string DATA = "data/Brinlow Software/Orvane 3";
+const char* const SUB_FOLDERS[] = {"Computer Input Presets", "Control Presets",    "Joystick Presets", "Layer Presets",
+                                   "Midi Input Presets",     "Oscillator Presets", "Sequences",        "Banks"};
+
+/// A user for whom everything was copied from an installed product.
+struct Installed : PrivateFolders {
+    Installed()
+    {
+        for (const std::string name : SUB_FOLDERS) write("prog/Default/" + name + "/Factory.pst", "factory");
+        OrvUtils::setOrvProgDir((*this / "prog").string());
+        OrvUtils::install(false);
+        for (const std::string name : SUB_FOLDERS) OrvUtils::copyFiles(name, name);
+        write(DATA + "/Retrospective Record/deep/take", "record");
+        write(DATA + "/Midi Inputs.txt", "In 1\n");
+        write(DATA + "/Midi Outputs.txt", "Out 1\n");
+    }
+};
+}  // namespace
+
+TEST(OrvUtils, NamesTheFolders)
+{
+    const PrivateFolders folder;
+    EXPECT_EQ(OrvUtils::getCompanyAppDataDir(), folder.string() + "/data/Brinlow Software");
+    EXPECT_EQ(OrvUtils::getOrvAppDataDir(), (folder / DATA).string());
+    EXPECT_TRUE(std::filesystem::is_directory(folder / "data"));
+
+    OrvUtils::setOrvAppDataDir("/elsewhere/");
+    EXPECT_EQ(OrvUtils::getOrvAppDataDir(), "/elsewhere");
+    OrvUtils::setOrvAppDataDir("");
+
+    EXPECT_EQ(OrvUtils::getOrvProgDir(), "");
+    ASSERT_TRUE(OrvUtils::setOrvProgDir("/opt/Orvane/"));
+    EXPECT_EQ(OrvUtils::getOrvProgDir(), "/opt/Orvane");
+    EXPECT_EQ(folder.read("config/Brinlow Software/Orvane 3/3.2"), "ProgDir=string:/opt/Orvane/\n");
+    EXPECT_EQ(OrvUtils::getRegistryKey("My Host"), "Software\\Brinlow Software\\My Host\\3.2");
+    EXPECT_NE(OrvUtils::getDllInstance(), nullptr);
+
+    folder.write("file", "");
+    Folders::setLocalApplicationData((folder / "file").string());
+    EXPECT_EQ(OrvUtils::getOrvAppDataDir(), "") << "no folder can be made there";
+    OrvUtils::copyFiles("Banks", "Banks");
+    uninstall();
+}
+
+TEST(OrvUtils, RemovesWhatTheProductBroughtAndTheFoldersThatAreEmptyThen)
+{
+    const Installed folder;
+    EXPECT_EQ(folder.read(DATA + "/Banks/Factory.pst"), "factory");
+    uninstall();
+    EXPECT_EQ(folder.contents("data"), "");
+    EXPECT_EQ(folder.contents("prog/Default"),
+              "Banks Computer Input Presets Control Presets Joystick Presets "
+              "Layer Presets Midi Input Presets Oscillator Presets Sequences");
+}
+
+TEST(OrvUtils, LeavesTheUsersOwnFiles)
+{
+    const Installed folder;
+    folder.write(DATA + "/Layer Presets/Mine.pst", "mine");
+    folder.write(DATA + "/Banks/Tour/Factory.pst", "mine");
+    folder.write("precious/take", "mine");
+    std::filesystem::create_directory_symlink(folder / "precious", folder / DATA / "Retrospective Record/link");
+    std::filesystem::remove(folder / DATA / "Sequences/Factory.pst");
+    std::filesystem::create_directory(folder / DATA / "Sequences/Factory.pst");
+    uninstall();
+    EXPECT_EQ(folder.contents(DATA), "Banks Layer Presets Sequences");
+    EXPECT_EQ(folder.contents(DATA + "/Layer Presets"), "Mine.pst");
+    EXPECT_EQ(folder.read(DATA + "/Banks/Tour/Factory.pst"), "mine");
+    EXPECT_EQ(folder.contents(DATA + "/Sequences"), "Factory.pst") << "a folder of that name is not the product's";
+    EXPECT_EQ(folder.read("precious/take"), "mine");
+}
+
+TEST(OrvUtils, RemovesNothingItDoesNotKnowOnceTheInstallFolderIsGone)
+{
+    const Installed folder;
+    std::filesystem::remove_all(folder / "prog");
+    uninstall();
+    EXPECT_EQ(folder.read(DATA + "/Banks/Factory.pst"), "factory");
+    EXPECT_FALSE(std::filesystem::exists(folder / DATA / "Midi Inputs.txt"));
+}
+
+TEST(OrvUtils, OpensPagesOfTheManualAndNothingElse)
+{
+    const PrivateFolders folder;
+    folder.write("xdg-open", "#!/bin/sh\nprintf '%s\\n' \"$1\" >>\"" + (folder / "opened").string() + "\"\n");
+    ::chmod((folder / "xdg-open").c_str(), 0755);
+    ::setenv("PATH", folder.string().c_str(), 1);
+    const auto open = [&](std::string_view page) {
+        const auto before = folder.read("opened").size();
+        OrvUtils::showManual(page);
+        for (int i = 0; i < 1000 && folder.read("opened").size() == before; ++i)
+            std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    };
+    OrvUtils::showManual("before.htm");
+    OrvUtils::setOrvProgDir("/prog");
+    for (const std::string_view page : {"../x.htm", "/etc/passwd", "a/../../x", "..", "a\\b", "file:x"})
+        OrvUtils::showManual(page);
+    OrvUtils::showManual(std::string_view("a\0b", 3));
+    open(" presets.htm ");
+    open("  ");
+    open("sub/page.htm");
+    EXPECT_EQ(folder.read("opened"), "/prog/Manual/presets.htm\n/prog/Manual/index.htm\n/prog/Manual/sub/page.htm\n");
+}
