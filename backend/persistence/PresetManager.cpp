@@ -1,0 +1,120 @@
+#include "backend/persistence/PresetManager.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <vector>
+
+#include "backend/input/values/Text.h"
+#include "backend/persistence/FileName.h"
+#include "backend/persistence/OrvUtils.h"
+#include "backend/persistence/XmlDocument.h"
+#include "backend/persistence/XmlWriter.h"
+#include "platform/DbgStream.h"
+#include "platform/Path.h"
+#include "platform/WholeFile.h"
+
+namespace Backend
+{
+namespace
+{
+namespace fs = std::filesystem;
+using WindowsLib::DbgStream;
+
+constexpr const char* EXTENSION = ".pst";
+
+bool isFolder(const std::string& path)
+{
+    std::error_code none;
+    return fs::is_directory(pathOf(path), none);
+}
+
+/// By name, so that of "a.pst" and "a.txt" it is always the same one that counts. What a killed run left half written
+/// is no preset.
+std::vector<fs::path> filesOf(const std::string& folder)
+{
+    std::vector<fs::path> files;
+    std::error_code error;
+    fs::directory_iterator entry(pathOf(folder), error);
+    for (; !error && entry != fs::directory_iterator(); entry.increment(error)) {
+        std::error_code none;
+        if (entry->is_regular_file(none) && !WholeFile::isTemporary(entry->path())) files.push_back(entry->path());
+    }
+    if (error) DbgStream() << folder << ": presets cannot be listed: " << error.message();
+    std::ranges::sort(files);
+    return files;
+}
+
+PresetEntry readEntry(const fs::path& file)
+{
+    const XmlDocument document(textOf(file), XmlDocument::Source::file);
+    return {textOf(file.stem()), document.getRoot().getBoolAttribute("merge", false)};
+}
+
+void tell(const std::string& path, const char* what, const std::error_code& error)
+{
+    if (error) DbgStream() << path << ": " << what << ": " << error.message();
+}
+}  // namespace
+
+void PresetManager::refresh()
+{
+    list.clear();
+    const std::string folder = getFolder();
+    if (folder.empty()) return;
+    if (!isFolder(folder)) OrvUtils::copyFiles(section.folder, section.folder);
+    if (!isFolder(folder)) return;
+    for (const fs::path& file : filesOf(folder)) list.add(readEntry(file));
+}
+
+std::string PresetManager::getFolder() const { return OrvUtils::pathIn(OrvUtils::getOrvAppDataDir(), section.folder); }
+
+std::string PresetManager::getPresetPath(std::string_view name) const
+{
+    return staysInFolder(name) ? OrvUtils::pathIn(getFolder(), std::string(name) + EXTENSION) : "";
+}
+
+std::string PresetManager::findPreset(std::string_view name) const
+{
+    const std::string path = getPresetPath(name);
+    std::error_code none;
+    if (!path.empty() && fs::is_regular_file(pathOf(path), none)) return path;
+    DbgStream() << section.folder << ": no preset \"" << name << "\"";
+    return "";
+}
+
+bool PresetManager::save(std::string_view name, const ElementWriter& writeElement)
+{
+    const std::string path = isValidFileName(name) ? getPresetPath(Text::trim(name)) : "";
+    if (path.empty()) return false;
+    std::string text = xmlHeader() + "\n\n";
+    writeElement(text);
+    std::error_code error;
+    fs::create_directories(pathOf(getFolder()), error);
+    if (!error) error = WholeFile::replace(pathOf(path), text);
+    tell(path, "not saved", error);
+    if (!error) list.add(readEntry(pathOf(path)));
+    return !error;
+}
+
+/// The entry takes its new name also if the file could not: the window has renamed its own already.
+void PresetManager::rename(std::string_view oldName, std::string_view newName)
+{
+    const std::string oldPath = getPresetPath(oldName);
+    const std::string newPath = isValidFileName(newName) ? getPresetPath(Text::trim(newName)) : "";
+    if (list.find(oldName) == nullptr || oldPath.empty() || newPath.empty()) return;
+    std::error_code error;
+    fs::rename(pathOf(oldPath), pathOf(newPath), error);
+    tell(oldPath, "not renamed", error);
+    list.rename(oldName, std::string(Text::trim(newName)));
+}
+
+void PresetManager::remove(std::string_view name)
+{
+    if (list.find(name) == nullptr) return;
+    const std::string path = getPresetPath(name);
+    std::error_code error;
+    if (!path.empty()) fs::remove(pathOf(path), error);
+    tell(path, "not removed", error);
+    list.remove(std::string(name));
+}
+}  // namespace Backend

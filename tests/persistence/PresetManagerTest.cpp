@@ -1,0 +1,179 @@
+#include "backend/persistence/PresetManager.h"
+
+#include <sys/stat.h>
+
+#include <gtest/gtest.h>
+
+#include "backend/persistence/FileName.h"
+#include "backend/persistence/OrvUtils.h"
+#include "tests/stage/FileFault.h"
+#include "tests/stage/PrivateFolders.h"
+
+using namespace Backend;
+
+namespace
+{
+const std::string FOLDER = "data/Brinlow Software/Orvane 3/Layer Presets";
+const std::string FACTORY = "prog/Default/Layer Presets";
+const std::string HEAD = "<?xml version=\"1.0\" encoding=\"utf-8\"?>\n\n";
+
+/// The layers' presets of a user whose folders are the test's.
+struct Presets : PrivateFolders {
+    PresetManager manager{PresetSections::LAYERS};
+
+    Presets() { OrvUtils::setOrvProgDir((*this / "prog").string()); }
+
+    /// The names, each with a + if it is one to merge.
+    std::string list() const
+    {
+        std::string all;
+        for (const PresetEntry& entry : manager.getList().getEntries())
+            all += (all.empty() ? "" : ",") + entry.name + (entry.merge ? "+" : "");
+        return all;
+    }
+
+    bool save(std::string_view name, bool merge = false)
+    {
+        return manager.save(name, [&](std::string& text) {
+            text += std::string("<Layers merge=\"") + (merge ? "true" : "false") + "\">\n</Layers>\n";
+        });
+    }
+};
+}  // namespace
+
+TEST(PresetManager, StartsANewUserWithTheFactorysPresets)
+{
+    Presets presets;
+    presets.manager.refresh();
+    EXPECT_EQ(presets.list(), "") << "the factory's folder is missing";
+    EXPECT_FALSE(std::filesystem::exists(presets / FOLDER));
+
+    presets.write(FACTORY + "/Organ.pst", HEAD + "<Layers merge=\"true\"/>");
+    presets.write(FACTORY + "/Bass.pst", HEAD + "<Layers/>");
+    presets.manager.refresh();
+    EXPECT_EQ(presets.list(), "Bass,Organ+");
+    EXPECT_EQ(presets.contents(FOLDER), "Bass.pst Organ.pst");
+
+    presets.write(FACTORY + "/New.pst", HEAD + "<Layers/>");
+    presets.manager.remove("Bass");
+    presets.manager.refresh();
+    EXPECT_EQ(presets.list(), "Organ+") << "from then on the folder is the user's";
+}
+
+TEST(PresetManager, ListsEveryFileByItsBaseName)
+{
+    Presets presets;
+    presets.write(FOLDER + "/b.pst", HEAD + "<Layers merge=\"true\">\n</Layers>\n");
+    presets.write(FOLDER + "/a.pst", HEAD + "<Layers merge=\"true\">");
+    presets.write(FOLDER + "/Z.pst", HEAD + "<Layers merge=\"yes\"/>");
+    presets.write(FOLDER + "/notes.txt", "buy strings");
+    presets.write(FOLDER + "/v1.2.pst", HEAD + "<Layers merge=\"1\"/>");
+    presets.write(FOLDER + "/Ünder:score? ?.pst", HEAD + "<Layers merge=\"true\"/>");
+    presets.write(FOLDER + "/both.pst", HEAD + "<Layers merge=\"true\"/>");
+    presets.write(FOLDER + "/both.txt", "");
+    presets.write(FOLDER + "/folder.pst/inside.pst", "");
+    presets.write(FOLDER + "/.orvane-1-1", "half a preset");
+    ::mkfifo((presets / FOLDER / "pipe.pst").c_str(), 0600);
+    presets.manager.refresh();
+    EXPECT_EQ(presets.list(), "Z+,a,b+,both,notes,v1.2,Ünder:score? ?+");
+    EXPECT_EQ(presets.manager.findPreset("Ünder:score? ?"), (presets / FOLDER / "Ünder:score? ?.pst").string());
+    EXPECT_EQ(presets.manager.findPreset("notes"), "");
+    EXPECT_EQ(presets.manager.findPreset("folder"), "");
+    EXPECT_EQ(presets.manager.findPreset("pipe"), "");
+}
+
+TEST(PresetManager, SavesUnderTheTrimmedNameAndListsItOnce)
+{
+    Presets presets;
+    EXPECT_TRUE(presets.save("  Two words "));
+    EXPECT_TRUE(presets.save("Alto"));
+    EXPECT_EQ(presets.list(), "Alto,Two words");
+    EXPECT_EQ(presets.read(FOLDER + "/Two words.pst"), HEAD + "<Layers merge=\"false\">\n</Layers>\n");
+    EXPECT_TRUE(presets.save("Two words", true));
+    EXPECT_EQ(presets.list(), "Alto,Two words+");
+    EXPECT_EQ(presets.manager.getPresetPath("x"), (presets / FOLDER / "x.pst").string());
+}
+
+TEST(PresetManager, RenamesAndRemoves)
+{
+    Presets presets;
+    presets.save("a", true);
+    presets.save("b");
+    presets.save("c");
+    presets.manager.rename("a", " d ");
+    EXPECT_EQ(presets.list(), "b,c,d+");
+    presets.manager.rename("d", "b");
+    EXPECT_EQ(presets.list(), "b+,c") << "the one of that name is replaced";
+    EXPECT_EQ(presets.contents(FOLDER), "b.pst c.pst");
+    presets.manager.rename("none", "x");
+    presets.manager.rename("b", "b");
+    presets.manager.rename("b", "../b");
+    presets.manager.remove("none");
+    presets.manager.remove("c");
+    EXPECT_EQ(presets.list(), "b+");
+    EXPECT_EQ(presets.contents(FOLDER), "b.pst");
+
+    std::filesystem::remove(presets / FOLDER / "b.pst");
+    presets.manager.rename("b", "gone");
+    EXPECT_EQ(presets.list(), "gone+") << "the window's list has it so";
+    presets.manager.remove("gone");
+    EXPECT_EQ(presets.list(), "");
+}
+
+TEST(PresetManager, NeverLeavesItsFolder)
+{
+    Presets presets;
+    presets.write("data/Brinlow Software/Orvane 3/out.pst", "out");
+    presets.save("in");
+    const std::string names[] = {"",
+                                 ".",
+                                 "..",
+                                 "../out",
+                                 "..\\out",
+                                 "/etc/x",
+                                 "a/b",
+                                 "a\nb",
+                                 std::string("a\0b", 3),
+                                 std::string(252, 'x'),
+                                 "\x7f",
+                                 "../../../config/x"};
+    for (const std::string& name : names) {
+        EXPECT_EQ(presets.manager.getPresetPath(name), "") << name;
+        EXPECT_EQ(presets.manager.findPreset(name), "") << name;
+        EXPECT_FALSE(isValidFileName(name)) << name;
+        EXPECT_FALSE(presets.save(name)) << name;
+        presets.manager.rename("in", name);
+        presets.manager.remove(name);
+    }
+    for (const std::string name : {"a:b", "a*", "a?", "\"a\"", "<a", "a>", "a|b", "   "}) {
+        EXPECT_FALSE(isValidFileName(name)) << name;
+        EXPECT_FALSE(presets.save(name)) << name;
+        presets.manager.rename("in", name);
+    }
+    EXPECT_EQ(presets.list(), "in");
+    EXPECT_EQ(presets.contents(FOLDER), "in.pst");
+    EXPECT_EQ(presets.contents("data/Brinlow Software/Orvane 3"), "Layer Presets out.pst");
+
+    const std::string good[] = {" a ", "a.b", ".a", "...", "Größe 100%", "a'b&c", std::string(251, 'x')};
+    for (const std::string& name : good) {
+        EXPECT_TRUE(isValidFileName(name)) << name;
+        EXPECT_TRUE(presets.save(name)) << name;
+    }
+}
+
+TEST(PresetManager, KeepsTheOldPresetWhateverFails)
+{
+    for (int call = 0;; ++call) {
+        Presets presets;
+        presets.save("a", false);
+        bool saved = false;
+        {
+            const FileFault fault(FileFault::Kind::fullDisk, call);
+            saved = presets.save("a", true);
+            if (!fault.hasStruck()) break;
+        }
+        EXPECT_EQ(presets.list(), saved ? "a+" : "a") << "call " << call;
+        presets.manager.refresh();
+        EXPECT_EQ(presets.list(), saved ? "a+" : "a") << "call " << call;
+    }
+}
