@@ -1,0 +1,40 @@
+#include "host/Installer.h"
+
+#include <gtest/gtest.h>
+
+#include "backend/persistence/OrvUtils.h"
+#include "tests/stage/PrivateFolders.h"
+
+namespace Host
+{
+namespace
+{
+using Backend::OrvUtils;
+
+TEST(Installer, SaysWhereTheContentIsUnlessAnInstallerDid)
+{
+    const PrivateFolders folder;
+    installIfNeeded();
+    const std::string content = OrvUtils::getOrvProgDir();
+    EXPECT_TRUE(std::filesystem::is_directory(content + "/Default")) << content;
+
+    folder.write("other/Default/README", "");
+    OrvUtils::setOrvProgDir((folder / "other").string());
+    installIfNeeded();
+    EXPECT_EQ(OrvUtils::getOrvProgDir(), (folder / "other").string());
+    std::filesystem::remove_all(folder / "other");
+    installIfNeeded();
+    EXPECT_EQ(OrvUtils::getOrvProgDir(), content);
+}
+
+TEST(Installer, PrefersWhatIsInstalledWithTheProgram)
+{
+    const PrivateFolders folder;
+    const std::filesystem::path built = findContent(folder / "bin/orvane");
+    folder.write("share/orvane/Default/README", "");
+    EXPECT_EQ(findContent(folder / "bin/orvane"), folder / "share/orvane");
+    EXPECT_NE(built, folder / "share/orvane");
+}
+
+}  // namespace
+}  // namespace Host
