@@ -43,14 +43,18 @@ void addRenderCommand(CLI::App& program)
     command->add_option("--tail", settings.tail, "Pulses played on after the last command")
         ->check(CLI::Range(0, Host::OfflineLoop::LONGEST_TAIL))
         ->capture_default_str();
+    command->add_option("--data", settings.data, "Data folder (a fresh one with the factory content)")
+        ->type_name("DIR");
+    command->add_option("--set", settings.choices, "A setting by its stored name, such as MidiThru=0")
+        ->type_name("NAME=VALUE")
+        ->take_all()
+        ->allow_extra_args(false);
     command->add_option("--events", request->events, "Write the event list (- is standard output)")->type_name("FILE");
     command->add_option("--mid", request->mid, "Write a Standard MIDI File")->type_name("FILE");
     command->add_option("--wav", request->wav, "Write a sound file, played by the built-in synthesizer")
         ->type_name("FILE");
     refuse(*command, "--load", "FILE");
     refuse(*command, "--number", "N");
-    refuse(*command, "--data", "DIR");
-    refuse(*command, "--set", "NAME=VALUE");
     refuse(*command, "--seed", "N");
     refuse(*command, "--display", "FILE");
 

@@ -2,10 +2,14 @@
 
 #include <algorithm>
 #include <array>
+#include <filesystem>
 #include <string_view>
 
 #include "backend/core/GuiMessages.h"
+#include "backend/input/values/Text.h"
+#include "backend/persistence/OrvUtils.h"
 #include "platform/DbgStream.h"
+#include "platform/Path.h"
 
 namespace Backend
 {
@@ -24,6 +28,9 @@ constexpr std::array<std::string_view, 2> SYSTEM_SYNTHESIZERS{"Microsoft GS Wave
                                                               "Microsoft GS Wavetable SW Synth"};
 
 constexpr int RELEASE_VELOCITY = 100;
+
+constexpr const char* BANKS = "Banks";
+constexpr const char* DEFAULT_BANK = "Default Bank.bnk";
 
 bool isSystemSynthesizer(const MidiOutputPort& port)
 {
@@ -51,12 +58,33 @@ Orv::~Orv()
 
 void Orv::initialize()
 {
+    registrySettings.loadFromRegistry(OrvUtils::getRegistryKey(applicationName));
+    presetStores.refresh();
     midiEngine.initialize(registrySettings.getDefaultMidiOutput(), registrySettings.getMidiThru());
+    prepareBanks();
 }
 
 void Orv::endInitialize() {}
 
-void Orv::end() { midiEngine.end(); }
+void Orv::end()
+{
+    midiEngine.end();
+    registrySettings.saveToRegistry(OrvUtils::getRegistryKey(applicationName));
+}
+
+/// A new user gets the installed banks, and a default bank among them.
+void Orv::prepareBanks()
+{
+    const std::string folder = OrvUtils::pathIn(OrvUtils::getOrvAppDataDir(), BANKS);
+    if (folder.empty()) return;
+    std::error_code failed;
+    if (!std::filesystem::is_directory(pathOf(folder), failed)) {
+        OrvUtils::copyFiles(BANKS, BANKS);
+        std::filesystem::create_directories(pathOf(folder), failed);
+    }
+    if (Text::trim(registrySettings.getDefaultBank()).empty())
+        registrySettings.setDefaultBank(OrvUtils::pathIn(folder, DEFAULT_BANK));
+}
 
 // --- the window
 

@@ -8,6 +8,7 @@
 #include "backend/core/OrvIF.h"
 #include "backend/core/OrvMessageManager.h"
 #include "backend/midi/MidiEngine.h"
+#include "backend/persistence/PresetStores.h"
 #include "backend/persistence/Program.h"
 #include "backend/persistence/RegistrySettings.h"
 
@@ -65,6 +66,7 @@ public:
 private:
     template <class Value>
     void tellGui(unsigned int message, const Value& value) const;
+    void prepareBanks();
     void takeInputEvent(MidiEngine::OrvMidiMessage event);
     void releaseHeldNotes(int input);
     void fixDefaultMidiOutput();
@@ -82,5 +84,6 @@ private:
     MidiEngine::MidiOutputPorts midiOutputPorts;
     HeldNotes heldNotes;
     MidiEngine::MidiEngine midiEngine;
+    PresetStores presetStores;
 };
 }  // namespace Backend

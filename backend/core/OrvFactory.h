@@ -12,8 +12,8 @@ class ORV_API OrvFactory
 {
 public:
     /// A backend with no thread running yet, or null when memory runs out. The caller deletes it; `player` must
-    /// outlive it. `applicationName` names the place of its settings, and `retroRecordOption` says whether a
-    /// retrospective record may be kept.
+    /// outlive it. `applicationName` names the place of its settings (one that is no file name has none), and
+    /// `retroRecordOption` says whether a retrospective record may be kept.
     static OrvIF* createOrv(const std::string& applicationName, MidiEngine::MidiPlayer& player, bool retroRecordOption);
 };
 }  // namespace Backend

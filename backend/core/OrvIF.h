@@ -37,9 +37,11 @@ class ORV_API OrvIF
 public:
     virtual ~OrvIF() = default;
 
-    /// Starts what the backend consists of. Reached through `OrvMessageManager::sendInitialize`.
+    /// Reads the settings and the lists of presets, copies the factory content for a new user, and starts what the
+    /// backend consists of. Reached through `OrvMessageManager::sendInitialize`.
     virtual void initialize() = 0;
     virtual void endInitialize() = 0;
+    /// Stops it again and saves the settings.
     virtual void end() = 0;
 
     /// Starts and stops the backend thread. The host's thread.
@@ -80,7 +82,7 @@ public:
     /// other without gaps; one of 5000 pulses or more plays nothing, one that ends before it starts catches up.
     virtual void playTimeSlice(std::int32_t startPpq, std::int32_t endPpq) = 0;
 
-    /// The backend thread's; the host's until `start`.
+    /// The backend thread's. Read from the settings store in `initialize`, kept there in `end`.
     virtual RegistrySettings& getRegistrySettings() = 0;
 
     /// Any thread.

@@ -8,7 +8,6 @@
 #include "backend/core/OrvFactory.h"
 #include "backend/core/OrvMessageManager.h"
 #include "backend/midi/MidiEngine.h"
-#include "backend/persistence/RegistrySettings.h"
 #include "host/performance/CommandPost.h"
 #include "platform/Thread.h"
 
@@ -31,11 +30,11 @@ Ports makePorts(const std::string& name, int count)
 
 OfflineLoop::OfflineLoop(const Settings& wanted)
     : settings(wanted),
-      orv(Backend::OrvFactory::createOrv("Orvane 3", player, false)),
+      home(wanted.data, wanted.choices),
+      orv(Backend::OrvFactory::createOrv(PrivateHome::APPLICATION, player, false)),
       outputPorts(makePorts<Backend::MidiEngine::MidiOutputPorts>("Out", wanted.outputs))
 {
     if (!orv) throw std::bad_alloc();
-    orv->getRegistrySettings().setDefaultMidiOutput(0);
     orv->start();
     auto& commands = orv->getOrvMessageManager();
     commands.sendInitialize();

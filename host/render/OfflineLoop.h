@@ -1,11 +1,15 @@
 #pragma once
 
 #include <cstdint>
+#include <filesystem>
 #include <memory>
+#include <optional>
+#include <string>
 #include <vector>
 
 #include "backend/core/OrvIF.h"
 #include "host/performance/PerformanceCommand.h"
+#include "host/render/PrivateHome.h"
 #include "host/render/RenderPlayer.h"
 
 namespace Host
@@ -19,13 +23,16 @@ public:
     static constexpr std::int32_t LONGEST_TAIL = 90'000'000;
 
     struct Settings {
-        int inputs = 2;            ///< ports offered, "In 1" onward
-        int outputs = 2;           ///< "Out 1" onward
-        std::int32_t slice = 1;    ///< pulses per time slice, 1 to 4999
-        std::int32_t tail = 1920;  ///< pulses played on after the last command, at least a slice
+        int inputs = 2;                             ///< ports offered, "In 1" onward
+        int outputs = 2;                            ///< "Out 1" onward
+        std::int32_t slice = 1;                     ///< pulses per time slice, 1 to 4999
+        std::int32_t tail = 1920;                   ///< pulses played on after the last command, at least a slice
+        std::optional<std::filesystem::path> data;  ///< the data folder; a fresh one, with the factory content, if none
+        std::vector<std::string> choices;           ///< settings by their stored names, "MidiThru=0"
     };
 
-    /// Starts the library up to the point where the first slice may come. Throws std::bad_alloc.
+    /// Starts the library up to the point where the first slice may come. Throws InputError for the data folder and the
+    /// choices, and std::bad_alloc. One loop at a time.
     explicit OfflineLoop(const Settings& settings);
     ~OfflineLoop();
 
@@ -47,6 +54,7 @@ private:
     bool answerEnabledOutputs();
 
     const Settings settings;
+    PrivateHome home;
     RenderPlayer player;
     std::unique_ptr<Backend::OrvIF> orv;
     Backend::MidiEngine::MidiOutputPorts outputPorts;

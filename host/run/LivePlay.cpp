@@ -6,6 +6,7 @@
 #include "backend/core/OrvFactory.h"
 #include "backend/core/OrvMessageManager.h"
 #include "backend/midi/MidiEngineMessageManager.h"
+#include "host/Installer.h"
 #include "host/performance/CommandPost.h"
 
 namespace Host
@@ -43,6 +44,7 @@ LivePlay::~LivePlay() { end(); }
 
 void LivePlay::start()
 {
+    installIfNeeded();
     orv->start();
     auto& backend = orv->getOrvMessageManager();
     backend.sendInitialize();

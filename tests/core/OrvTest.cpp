@@ -25,6 +25,7 @@ std::vector<unsigned> messagesOf(MessageQueue& window)
 
 TEST(Orv, PostsBeforeTheStartWaitAndThoseOfManyThreadsKeepTheirOrder)
 {
+    const PrivateFolders folders;
     RecordingPlayer player;
     const std::unique_ptr<OrvIF> orv(OrvFactory::createOrv("Test", player, true));
     auto& commands = orv->getOrvMessageManager();

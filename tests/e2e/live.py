@@ -104,8 +104,11 @@ class Monitor(Program):
 
 class Live(unittest.TestCase):
     def setUp(self):
+        home = tempfile.TemporaryDirectory()  # a new user each time
+        self.addCleanup(home.cleanup)
         self.environment = {**os.environ, "JACK_NO_START_SERVER": "1",
-                            "JACK_DEFAULT_SERVER": "orvane" + uuid.uuid4().hex[:8]}
+                            "JACK_DEFAULT_SERVER": "orvane" + uuid.uuid4().hex[:8],
+                            "XDG_CONFIG_HOME": home.name + "/config", "XDG_DATA_HOME": home.name + "/data"}
         self.server = None
 
     def tearDown(self):

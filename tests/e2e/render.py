@@ -107,6 +107,33 @@ class Render(unittest.TestCase):
         self.assertIn("output 5", told)
         self.assertIn("input 9", told)
 
+    def test_settings_are_chosen_by_their_stored_names(self):
+        performance = self.path("a.perf", b"0 midi 0 90 3C 64\n0 play -1 0 -1 144 62 100\n")
+        def notes(*choices):
+            lines = self.orvane(performance, "--events", "-", "--tail", "9", *choices).stdout.decode().splitlines()
+            return [line for line in lines if ",144," in line]
+        self.assertEqual(notes(), ["1,0,144,60,100", "1,0,144,62,100"])
+        self.assertEqual(notes("--set", "MidiThru=0", "--set", "DefaultMidiOutput=1"), ["1,1,144,62,100"])
+        for choice in ("MidiThru=maybe", "Nonsense=1", "MidiThru"):
+            lines = self.orvane(performance, "--events", "-", "--set", choice, status=2).stderr.decode().splitlines()
+            self.assertEqual(len(lines), 1)
+            self.assertIn(choice, lines[0])
+
+    def test_the_users_own_folders_are_left_alone_and_a_data_folder_is_kept(self):
+        home, temporary, data = self.path("home"), self.path("tmp"), self.path("new/data")
+        os.makedirs(home)
+        os.makedirs(temporary)
+        performance = self.path("a.perf", b"0 midi 0 90 3C 64\n")
+        private = {"HOME": home, "XDG_DATA_HOME": home, "XDG_CONFIG_HOME": home, "TMPDIR": temporary}
+        self.orvane(performance, "--events", "-", **private)
+        self.orvane(performance, "--events", "-", "--data", data, **private)
+        self.orvane(performance, "--events", "-", "--set", "MidiThru=x", status=2, **private)
+        self.assertEqual((os.listdir(home), os.listdir(temporary)), ([], []))
+        self.assertIn("Banks", os.listdir(data))
+        result = self.orvane(performance, "--events", "-", "--data", performance, status=2, **private)
+        self.assertEqual(len(result.stderr.splitlines()), 1)
+        self.assertIn(performance, result.stderr.decode())
+
     def test_a_rolled_back_file_keeps_its_old_content(self):
         kept = self.path("kept.events", b"old")
         self.orvane(self.path("bad.perf", b"x\n"), "--events", kept, status=2)

@@ -10,6 +10,7 @@
 #include "backend/core/OrvMessageManager.h"
 #include "backend/midi/MidiEngineMessageManager.h"
 #include "backend/midi/MidiPlayer.h"
+#include "tests/stage/PrivateFolders.h"
 
 /// A player that writes down what it gets. Called by one thread at a time, under the engine lock.
 class RecordingPlayer final : public Backend::MidiEngine::MidiPlayer
@@ -31,7 +32,7 @@ public:
 };
 
 /// The library on a stage: real threads, a clock that is a counter and a player that listens. Ports "In 1".."In 3" and
-/// "Out 1".."Out 3", all enabled; the default output is the first.
+/// "Out 1".."Out 3", all enabled; the default output is the first. Its user is new, with folders of its own.
 class Stage
 {
 public:
@@ -72,6 +73,7 @@ public:
     Backend::OrvMessageManager& commands() { return orv->getOrvMessageManager(); }
     Backend::MidiEngine::MidiEngineMessageManager& engine() { return orv->getMidiEngineMessageManager(); }
 
+    PrivateFolders folders;
     RecordingPlayer player;
     std::unique_ptr<Backend::OrvIF> orv;
     std::int32_t pulse = START;

@@ -1,0 +1,75 @@
+#include "host/render/PrivateHome.h"
+
+#include <cstdlib>
+#include <system_error>
+
+#include "backend/persistence/OrvUtils.h"
+#include "host/InputError.h"
+#include "host/Installer.h"
+#include "host/render/SettingChoice.h"
+#include "platform/Folders.h"
+#include "platform/Path.h"
+#include "platform/SettingsStore.h"
+
+namespace Host
+{
+namespace fs = std::filesystem;
+using Backend::OrvUtils;
+
+namespace
+{
+void orFail(const fs::path& path, const std::error_code& error)
+{
+    if (error) throw InputError(path.string() + ": " + error.message());
+}
+
+fs::path madeFolder(const fs::path& wanted)
+{
+    std::error_code error;
+    fs::create_directories(wanted, error);
+    orFail(wanted, error);
+    const fs::path folder = fs::absolute(wanted, error);
+    orFail(wanted, error);
+    return folder;
+}
+
+void writeSettings(const std::vector<std::string>& choices)
+{
+    SettingsStore store(OrvUtils::getRegistryKey(PrivateHome::APPLICATION));
+    store.setNumber("DefaultMidiOutput", 0);
+    for (const std::string& choice : choices) storeChoice(store, choice);
+    if (!store.save()) throw InputError("the settings of this rendering cannot be written to the temporary folder");
+}
+}  // namespace
+
+PrivateHome::Temporary::Temporary()
+{
+    std::error_code none;
+    std::string pattern = (fs::temp_directory_path(none) / "orvane-render-XXXXXX").string();
+    if (::mkdtemp(pattern.data()) == nullptr) orFail(pattern, {errno, std::generic_category()});
+    path = pattern;
+}
+
+PrivateHome::Temporary::~Temporary()
+{
+    std::error_code none;
+    fs::remove_all(path, none);
+}
+
+PrivateHome::PrivateHome(const std::optional<fs::path>& data, const std::vector<std::string>& choices)
+{
+    const std::string chosen = data ? textOf(madeFolder(*data)) : "";
+    Folders::setSettings(textOf(folder.path / "settings"));
+    Folders::setLocalApplicationData(textOf(folder.path / "data"));
+    OrvUtils::setOrvAppDataDir(chosen);
+    writeSettings(choices);
+    installIfNeeded();
+}
+
+PrivateHome::~PrivateHome()
+{
+    Folders::setSettings("");
+    Folders::setLocalApplicationData("");
+    OrvUtils::setOrvAppDataDir("");
+}
+}  // namespace Host

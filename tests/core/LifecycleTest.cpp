@@ -1,0 +1,103 @@
+#include <gtest/gtest.h>
+
+#include <thread>
+
+#include "backend/core/OrvFactory.h"
+#include "backend/persistence/OrvUtils.h"
+#include "backend/persistence/PresetSections.h"
+#include "backend/persistence/RegistrySettings.h"
+#include "tests/stage/Stage.h"
+
+using namespace Backend;
+
+namespace
+{
+const std::string SETTINGS = "config/Brinlow Software/Lifecycle/3.2";
+const std::string DATA = "data/Brinlow Software/Orvane 3";
+
+/// A backend from its first to its last day, with a user's folders.
+struct Life : PrivateFolders {
+    RecordingPlayer player;
+    std::unique_ptr<OrvIF> orv;
+
+    void begin()
+    {
+        orv.reset(OrvFactory::createOrv("Lifecycle", player, false));
+        orv->start();
+        orv->getOrvMessageManager().sendInitialize();
+    }
+    void end()
+    {
+        orv->getOrvMessageManager().sendEnd();
+        orv->stop();
+        orv.reset();
+    }
+};
+}  // namespace
+
+TEST(Lifecycle, ANewUserGetsTheFactorysPresetsAndBanksAndADefaultBank)
+{
+    Life life;
+    OrvUtils::setOrvProgDir((life / "prog").string());
+    life.write("prog/Default/Banks/Default Bank.bnk", "bank");
+    for (const PresetSection& section : PresetSections::ALL)
+        life.write("prog/Default/" + std::string(section.folder) + "/Factory.pst", "preset");
+    life.begin();
+    EXPECT_EQ(life.contents(DATA),
+              "Banks Computer Input Presets Control Presets Joystick Presets Layer Presets "
+              "Midi Input Presets Oscillator Presets");
+    EXPECT_EQ(life.read(DATA + "/Oscillator Presets/Factory.pst"), "preset");
+    const std::string bank = (life / DATA / "Banks/Default Bank.bnk").string();
+    EXPECT_EQ(life.orv->getRegistrySettings().getDefaultBank(), bank);
+    EXPECT_EQ(life.read(DATA + "/Banks/Default Bank.bnk"), "bank");
+    EXPECT_FALSE(std::filesystem::exists(life / SETTINGS)) << "saved at the end alone";
+    life.end();
+    EXPECT_EQ(life.read(SETTINGS),
+              "DefaultBank=string:" + bank + "\nEnabledMidiInputs=string:\nEnabledMidiOutputs=string:\n");
+}
+
+TEST(Lifecycle, WhatTheUserChoseIsThereTheNextTime)
+{
+    Life life;
+    life.write(SETTINGS, "DefaultBank=string:/my/own.bnk\nMidiThru=number:0\nDefaultMidiOutput=number:1\n");
+    life.begin();
+    auto& commands = life.orv->getOrvMessageManager();
+    commands.sendSetMidiInputPorts({{{.name = "In"}}});
+    commands.sendSetMidiOutputPorts({{{.name = "Out 1"}}, {{.name = "Out 2"}}});
+    commands.sendEndInitialize();
+    commands.postProcessMidiInputEvent({MidiEngine::MessageType::noteOn, 60, 100, 0, -1, -1, 0, -1});
+    commands.postPlayMidi({MidiEngine::MessageType::noteOn, 62, 100, 0, -1, -1, -1, -1});
+    while (!life.orv->isAtRest()) std::this_thread::yield();
+    life.orv->playTimeSlice(100, 101);
+    life.orv->playTimeSlice(101, 102);
+    ASSERT_EQ(life.player.events.size(), 1u) << "thru is off";
+    EXPECT_EQ(life.player.events[0].getD1(), 62);
+    EXPECT_EQ(life.player.events[0].getOutput(), 1);
+
+    commands.postChangeMidiThru({OnOffToggle::State::on}, false);
+    commands.postChangeDefaultMidiOutput({SelectType::Kind::down});
+    commands.postEnableMidiInput(0, true);
+    commands.postEnableMidiOutput(1, false);
+    life.end();
+    EXPECT_EQ(life.read(SETTINGS),
+              "DefaultBank=string:/my/own.bnk\nMidiThru=number:1\nDefaultMidiOutput=number:0\n"
+              "EnabledMidiInputs=string:Y\nEnabledMidiOutputs=string:NN\n");
+    EXPECT_TRUE(std::filesystem::is_directory(life / DATA / "Banks")) << "made also without a factory";
+
+    life.begin();
+    EXPECT_TRUE(life.orv->getRegistrySettings().getMidiThru());
+    EXPECT_EQ(life.orv->getRegistrySettings().getDefaultMidiOutput(), 0);
+    life.end();
+}
+
+TEST(Lifecycle, AUserWithoutFoldersPlaysWithTheDefaults)
+{
+    Life life;
+    life.write("data", "");
+    life.write("config", "");
+    life.begin();
+    EXPECT_TRUE(life.orv->getRegistrySettings().getMidiThru());
+    EXPECT_EQ(life.orv->getRegistrySettings().getDefaultBank(), "");
+    life.end();
+    EXPECT_EQ(life.contents(), "config data");
+}
