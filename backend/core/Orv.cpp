@@ -103,18 +103,6 @@ void Orv::setGuiWindowHandle(const WindowHandle& window)
     midiEngine.setGuiWindowHandle(window);
 }
 
-/// A small value travels in the first parameter, anything else as an owned copy.
-template <class Value>
-void Orv::tellGui(unsigned int message, const Value& value) const
-{
-    const WindowHandle window = getGuiWindowHandle();
-    if (!window) return;
-    if constexpr (std::is_integral_v<Value>)
-        window.post({.number = message, .wparam = static_cast<std::uint32_t>(value)});
-    else
-        window.post({.number = message, .payload = Payload::of(Value(value))});
-}
-
 // --- ports
 
 void Orv::setMidiInputPorts(const MidiInputPorts& ports)

@@ -2,6 +2,7 @@
 
 #include <mutex>
 #include <string>
+#include <type_traits>
 
 #include "backend/core/HeldNotes.h"
 #include "backend/core/MessageManagerMaster.h"
@@ -35,8 +36,11 @@ public:
     {
         return midiEngine.getMessageManager();
     }
+    void setLastWindowPosition(const WindowsLib::Rect& position) override;
     void removeGuiWindowHandle() override { setGuiWindowHandle({}); }
 
+    void setDockToBottomEdge(bool on) override;
+    void setMouseSensitivity(int divisor) override;
     void setMidiInputPorts(const MidiEngine::MidiInputPorts& ports) override;
     void setMidiOutputPorts(const MidiEngine::MidiOutputPorts& ports) override;
     MidiEngine::MidiInputPorts getMidiInputPorts() const override { return midiInputPorts; }
@@ -44,6 +48,10 @@ public:
     void enableMidiInput(int port, bool enabled) override;
     void enableMidiOutput(int port, bool enabled) override;
     void processMidiInputEvent(const MidiEngine::OrvMidiMessage& event) override;
+    void setAlwaysOnTop(bool on) override;
+    void setUseSkinBorder(bool on) override;
+    void setDisplayHeight(int pixels) override;
+    void setLargeDisplayFont(bool on) override;
     void playMidi(const MidiEngine::OrvMidiMessage& event) override;
     Program& getProgram() override { return program; }
     void playTimeSlice(std::int32_t startPpq, std::int32_t endPpq) override
@@ -60,12 +68,26 @@ public:
     void resetOrv() override;
     void changeDefaultMidiOutput(const SelectType& select) override;
     void changeMidiThru(const OnOffToggle& value, bool notify) override;
+    void changeGlobalKeyboard(const OnOffToggle& value, bool notify) override;
+    void setLiteVelocity(int velocity) override;
+    void setLiteChannel(int channel) override;
+    void setLiteStackNotes(bool on) override;
+    void setClickZoneChannelTranspose(bool on) override;
     bool isAtRest() const override;
     bool isResetWaiting() const override { return midiEngine.isResetWaiting(); }
 
 private:
+    /// A small value travels in the first parameter, anything else as an owned copy.
     template <class Value>
-    void tellGui(unsigned int message, const Value& value) const;
+    void tellGui(unsigned int message, const Value& value) const
+    {
+        const WindowHandle window = getGuiWindowHandle();
+        if (!window) return;
+        if constexpr (std::is_integral_v<Value>)
+            window.post({.number = message, .wparam = static_cast<std::uint32_t>(value)});
+        else
+            window.post({.number = message, .payload = Payload::of(Value(value))});
+    }
     void prepareBanks();
     void takeInputEvent(MidiEngine::OrvMidiMessage event);
     void releaseHeldNotes(int input);

@@ -8,6 +8,7 @@
 #include "backend/midi/MidiPort.h"
 #include "backend/midi/OrvMidiMessage.h"
 #include "platform/Export.h"
+#include "platform/Rect.h"
 #include "platform/WindowHandle.h"
 
 namespace Backend
@@ -56,8 +57,15 @@ public:
     virtual OrvMessageManager& getOrvMessageManager() = 0;
     virtual MidiEngine::MidiEngineMessageManager& getMidiEngineMessageManager() = 0;
 
+    /// Kept in the settings: where the window was.
+    virtual void setLastWindowPosition(const WindowsLib::Rect& position) = 0;
+
     /// Any thread.
     virtual void removeGuiWindowHandle() = 0;
+
+    /// Kept in the settings, and the GUI is told.
+    virtual void setDockToBottomEdge(bool on) = 0;
+    virtual void setMouseSensitivity(int divisor) = 0;
 
     /// The host's whole list, at the start and whenever something changed.
     virtual void setMidiInputPorts(const MidiEngine::MidiInputPorts& ports) = 0;
@@ -71,6 +79,14 @@ public:
 
     /// Takes an event whose `getInput` is an enabled port; any other is dropped.
     virtual void processMidiInputEvent(const MidiEngine::OrvMidiMessage& event) = 0;
+
+    /// Kept in the settings, and the GUI is told.
+    virtual void setAlwaysOnTop(bool on) = 0;
+    virtual void setUseSkinBorder(bool on) = 0;
+    /// Kept in the settings, in pixels.
+    virtual void setDisplayHeight(int pixels) = 0;
+    /// Kept in the settings, and the GUI is told.
+    virtual void setLargeDisplayFont(bool on) = 0;
 
     /// Gives an event to the engine.
     virtual void playMidi(const MidiEngine::OrvMidiMessage& event) = 0;
@@ -103,7 +119,17 @@ public:
     /// The next, previous or given output that is enabled and open becomes the default one.
     virtual void changeDefaultMidiOutput(const SelectType& select) = 0;
 
+    /// Kept in the settings; with `notify` the GUI is told.
     virtual void changeMidiThru(const OnOffToggle& value, bool notify) = 0;
+    virtual void changeGlobalKeyboard(const OnOffToggle& value, bool notify) = 0;
+
+    /// Kept in the settings: what a simple program plays with.
+    virtual void setLiteVelocity(int velocity) = 0;
+    virtual void setLiteChannel(int channel) = 0;
+    virtual void setLiteStackNotes(bool on) = 0;
+
+    /// Kept in the settings, and the GUI is told.
+    virtual void setClickZoneChannelTranspose(bool on) = 0;
 
     /// True when every worker has handled to its end all that was posted to it, or waits in a reset for a time slice.
     /// Only a post, a slice or a `send` ends that state. Any thread.

@@ -23,7 +23,12 @@ enum Number : unsigned int {
     SEND_MIDI_OUTPUT_PORTS = 33223,
     SET_MIDI_OUTPUT_PORTS = 33224,
     END_INITIALIZE = 33225,
+    SET_LAST_WINDOW_POSITION = 33227,
     REMOVE_GUI_WINDOW_HANDLE = 33228,
+    SET_DOCK_TO_BOTTOM_EDGE = 33229,
+    SET_DISPLAY_HEIGHT = 33231,
+    SET_LARGE_DISPLAY_FONT = 33233,
+    SET_ALWAYS_ON_TOP = 33236,
     PLAY_MIDI_VIA_ALLOC = 33247,
     PLAY_MIDI_VIA_PARAM = 33248,
     ENABLE_MIDI_INPUT = 33249,
@@ -32,9 +37,16 @@ enum Number : unsigned int {
     PROCESS_MIDI_INPUT_EVENT_VIA_ALLOC = 33252,
     RESET_ORV = 33253,
     CHANGE_DEFAULT_MIDI_OUTPUT = 33258,
+    SET_USE_SKIN_BORDER = 33260,
     CHANGE_TEMPO = 33264,
     CHANGE_MIDI_THRU = 33265,
+    CHANGE_GLOBAL_KEYBOARD = 33266,
     SET_TEMPO_SOURCE = 33267,
+    SET_MOUSE_SENSITIVITY = 33268,
+    SET_LITE_VELOCITY = 33269,
+    SET_LITE_CHANNEL = 33270,
+    SET_LITE_STACK_NOTES = 33271,
+    SET_CLICK_ZONE_CHANNEL_TRANSPOSE = 33272,
     LAST = 33273
 };
 
@@ -46,7 +58,12 @@ constexpr auto COMMANDS = std::to_array<Command<OrvIF>>({
     command<&OrvIF::setMidiOutputPorts>(SEND_MIDI_OUTPUT_PORTS, "SendSetMidiOutputPorts"),
     command<&OrvIF::setMidiOutputPorts>(SET_MIDI_OUTPUT_PORTS, "SetMidiOutputPorts"),
     command<&OrvIF::endInitialize>(END_INITIALIZE, "EndInitialize"),
+    command<&OrvIF::setLastWindowPosition>(SET_LAST_WINDOW_POSITION, "SetLastWindowPosition"),
     command<&OrvIF::removeGuiWindowHandle>(REMOVE_GUI_WINDOW_HANDLE, "RemoveGuiWindowHandle"),
+    command<&OrvIF::setDockToBottomEdge>(SET_DOCK_TO_BOTTOM_EDGE, "SetDockToBottomEdge"),
+    command<&OrvIF::setDisplayHeight>(SET_DISPLAY_HEIGHT, "SetDisplayHeight"),
+    command<&OrvIF::setLargeDisplayFont>(SET_LARGE_DISPLAY_FONT, "SetLargeDisplayFont"),
+    command<&OrvIF::setAlwaysOnTop>(SET_ALWAYS_ON_TOP, "SetAlwaysOnTop"),
     command<&OrvIF::playMidi>(PLAY_MIDI_VIA_ALLOC, "PlayMidiViaAlloc"),
     eventCommand<&OrvIF::playMidi>(PLAY_MIDI_VIA_PARAM, "PlayMidiViaParam"),
     command<&OrvIF::enableMidiInput>(ENABLE_MIDI_INPUT, "EnableMidiInput"),
@@ -55,9 +72,16 @@ constexpr auto COMMANDS = std::to_array<Command<OrvIF>>({
     command<&OrvIF::processMidiInputEvent>(PROCESS_MIDI_INPUT_EVENT_VIA_ALLOC, "ProcessMidiInputEventViaAlloc"),
     command<&OrvIF::resetOrv>(RESET_ORV, "ResetOrv"),
     command<&OrvIF::changeDefaultMidiOutput>(CHANGE_DEFAULT_MIDI_OUTPUT, "ChangeDefaultMidiOutput"),
+    command<&OrvIF::setUseSkinBorder>(SET_USE_SKIN_BORDER, "SetUseSkinBorder"),
     command<&OrvIF::changeTempo>(CHANGE_TEMPO, "ChangeTempo"),
     command<&OrvIF::changeMidiThru>(CHANGE_MIDI_THRU, "ChangeMidiThru"),
+    command<&OrvIF::changeGlobalKeyboard>(CHANGE_GLOBAL_KEYBOARD, "ChangeGlobalKeyboard"),
     command<&OrvIF::setTempoSource>(SET_TEMPO_SOURCE, "SetTempoSource"),
+    command<&OrvIF::setMouseSensitivity>(SET_MOUSE_SENSITIVITY, "SetMouseSensitivity"),
+    command<&OrvIF::setLiteVelocity>(SET_LITE_VELOCITY, "SetLiteVelocity"),
+    command<&OrvIF::setLiteChannel>(SET_LITE_CHANNEL, "SetLiteChannel"),
+    command<&OrvIF::setLiteStackNotes>(SET_LITE_STACK_NOTES, "SetLiteStackNotes"),
+    command<&OrvIF::setClickZoneChannelTranspose>(SET_CLICK_ZONE_CHANNEL_TRANSPOSE, "SetClickZoneChannelTranspose"),
 });
 }  // namespace
 
@@ -144,5 +168,40 @@ void OrvMessageManager::postChangeMidiThru(const OnOffToggle& value, bool notify
 void OrvMessageManager::postSetTempoSource(int source, bool notify)
 {
     master.post(pack(SET_TEMPO_SOURCE, source, notify));
+}
+
+// --- settings
+
+void OrvMessageManager::postSetLastWindowPosition(const WindowsLib::Rect& position)
+{
+    master.post(pack(SET_LAST_WINDOW_POSITION, position));
+}
+
+void OrvMessageManager::postSetDockToBottomEdge(bool on) { master.post(pack(SET_DOCK_TO_BOTTOM_EDGE, on)); }
+
+void OrvMessageManager::postSetDisplayHeight(int pixels) { master.post(pack(SET_DISPLAY_HEIGHT, pixels)); }
+
+void OrvMessageManager::postSetLargeDisplayFont(bool on) { master.post(pack(SET_LARGE_DISPLAY_FONT, on)); }
+
+void OrvMessageManager::postSetAlwaysOnTop(bool on) { master.post(pack(SET_ALWAYS_ON_TOP, on)); }
+
+void OrvMessageManager::postSetUseSkinBorder(bool on) { master.post(pack(SET_USE_SKIN_BORDER, on)); }
+
+void OrvMessageManager::postChangeGlobalKeyboard(const OnOffToggle& value, bool notify)
+{
+    master.post(pack(CHANGE_GLOBAL_KEYBOARD, value, notify));
+}
+
+void OrvMessageManager::postSetMouseSensitivity(int divisor) { master.post(pack(SET_MOUSE_SENSITIVITY, divisor)); }
+
+void OrvMessageManager::postSetLiteVelocity(int velocity) { master.post(pack(SET_LITE_VELOCITY, velocity)); }
+
+void OrvMessageManager::postSetLiteChannel(int channel) { master.post(pack(SET_LITE_CHANNEL, channel)); }
+
+void OrvMessageManager::postSetLiteStackNotes(bool on) { master.post(pack(SET_LITE_STACK_NOTES, on)); }
+
+void OrvMessageManager::postSetClickZoneChannelTranspose(bool on)
+{
+    master.post(pack(SET_CLICK_ZONE_CHANNEL_TRANSPOSE, on));
 }
 }  // namespace Backend

@@ -38,6 +38,20 @@ public:
     void postChangeMidiThru(const OnOffToggle& value, bool notify);
     void postSetTempoSource(int source, bool notify);
 
+    /// Settings: kept, and the window is told where it does not know by itself.
+    void postSetLastWindowPosition(const WindowsLib::Rect& position);
+    void postSetDockToBottomEdge(bool on);
+    void postSetDisplayHeight(int pixels);
+    void postSetLargeDisplayFont(bool on);
+    void postSetAlwaysOnTop(bool on);
+    void postSetUseSkinBorder(bool on);
+    void postChangeGlobalKeyboard(const OnOffToggle& value, bool notify);
+    void postSetMouseSensitivity(int divisor);
+    void postSetLiteVelocity(int velocity);
+    void postSetLiteChannel(int channel);
+    void postSetLiteStackNotes(bool on);
+    void postSetClickZoneChannelTranspose(bool on);
+
 private:
     OrvIF& orv;
 };

@@ -2,6 +2,7 @@
 
 #include <thread>
 
+#include "backend/core/GuiMessages.h"
 #include "backend/core/OrvFactory.h"
 #include "backend/persistence/OrvUtils.h"
 #include "backend/persistence/PresetSections.h"
@@ -88,6 +89,47 @@ TEST(Lifecycle, WhatTheUserChoseIsThereTheNextTime)
     EXPECT_TRUE(life.orv->getRegistrySettings().getMidiThru());
     EXPECT_EQ(life.orv->getRegistrySettings().getDefaultMidiOutput(), 0);
     life.end();
+}
+
+TEST(Settings, AreKeptAtTheEndAndTheWindowHearsOfThoseItShows)
+{
+    Life life;
+    life.begin();
+    const auto window = std::make_shared<MessageQueue>(64);
+    life.orv->setGuiWindowHandle(WindowHandle(window));
+    auto& commands = life.orv->getOrvMessageManager();
+    commands.postSetLastWindowPosition({1, 2, 3, 4});
+    commands.postSetDockToBottomEdge(true);
+    commands.postSetDisplayHeight(77);
+    commands.postSetLargeDisplayFont(true);
+    commands.postSetAlwaysOnTop(true);
+    commands.postSetUseSkinBorder(false);
+    commands.postChangeGlobalKeyboard({OnOffToggle::State::toggle}, true);
+    commands.postChangeGlobalKeyboard({OnOffToggle::State::toggle}, false);
+    commands.postSetMouseSensitivity(3);
+    commands.postSetLiteVelocity(64);
+    commands.postSetLiteChannel(9);
+    commands.postSetLiteStackNotes(false);
+    commands.postSetClickZoneChannelTranspose(true);
+    life.end();
+
+    std::vector<std::pair<unsigned, unsigned>> told;
+    while (window->handleNext([&](Message& message) { told.emplace_back(message.number, message.wparam); })) {}
+    using namespace GuiMessage;
+    EXPECT_EQ(told, (std::vector<std::pair<unsigned, unsigned>>{{DOCK_TO_BOTTOM_EDGE, 1},
+                                                                {LARGE_DISPLAY_FONT, 1},
+                                                                {ALWAYS_ON_TOP, 1},
+                                                                {USE_SKIN_BORDER, 0},
+                                                                {GLOBAL_KEYBOARD, 1},
+                                                                {MOUSE_SENSITIVITY, 3},
+                                                                {CLICK_ZONE_CHANNEL_TRANSPOSE, 1}}));
+    const std::string kept = life.read(SETTINGS);
+    EXPECT_EQ(kept.substr(kept.find('\n') + 1),
+              "GlobalKeyboard=number:0\nLargeDisplayFont=number:1\nMouseSensitivity=number:3\n"
+              "DockToBottomEdge=number:1\nDisplayHeight=number:77\n"
+              "LastWindowPosition=hex:01000000020000000300000004000000\nEnabledMidiInputs=string:\n"
+              "EnabledMidiOutputs=string:\nAlwaysOnTop=number:1\nUseSkinBorder=number:0\nLiteVelocity=number:64\n"
+              "LiteChannel=number:9\nLiteStackNotes=number:0\nClickZoneChannelTranspose=number:1\n");
 }
 
 TEST(Lifecycle, AUserWithoutFoldersPlaysWithTheDefaults)

@@ -1,0 +1,60 @@
+#include "backend/core/GuiMessages.h"
+#include "backend/core/Orv.h"
+
+// The commands that keep a choice in the settings and, where a window shows it, tell the window.
+
+namespace Backend
+{
+void Orv::setLastWindowPosition(const WindowsLib::Rect& position) { registrySettings.setLastWindowPosition(position); }
+
+void Orv::setDockToBottomEdge(bool on)
+{
+    registrySettings.setDockToBottomEdge(on);
+    tellGui(GuiMessage::DOCK_TO_BOTTOM_EDGE, on);
+}
+
+void Orv::setMouseSensitivity(int divisor)
+{
+    registrySettings.setMouseSensitivity(divisor);
+    tellGui(GuiMessage::MOUSE_SENSITIVITY, divisor);
+}
+
+void Orv::setAlwaysOnTop(bool on)
+{
+    registrySettings.setAlwaysOnTop(on);
+    tellGui(GuiMessage::ALWAYS_ON_TOP, on);
+}
+
+void Orv::setUseSkinBorder(bool on)
+{
+    registrySettings.setUseSkinBorder(on);
+    tellGui(GuiMessage::USE_SKIN_BORDER, on);
+}
+
+void Orv::setDisplayHeight(int pixels) { registrySettings.setDisplayHeight(pixels); }
+
+void Orv::setLargeDisplayFont(bool on)
+{
+    registrySettings.setLargeDisplayFont(on);
+    tellGui(GuiMessage::LARGE_DISPLAY_FONT, on);
+}
+
+void Orv::changeGlobalKeyboard(const OnOffToggle& value, bool notify)
+{
+    const bool on = value.appliedTo(registrySettings.getGlobalKeyboard());
+    registrySettings.setGlobalKeyboard(on);
+    if (notify) tellGui(GuiMessage::GLOBAL_KEYBOARD, on);
+}
+
+void Orv::setLiteVelocity(int velocity) { registrySettings.setLiteVelocity(velocity); }
+
+void Orv::setLiteChannel(int channel) { registrySettings.setLiteChannel(channel); }
+
+void Orv::setLiteStackNotes(bool on) { registrySettings.setLiteStackNotes(on); }
+
+void Orv::setClickZoneChannelTranspose(bool on)
+{
+    registrySettings.setClickZoneChannelTranspose(on);
+    tellGui(GuiMessage::CLICK_ZONE_CHANNEL_TRANSPOSE, on);
+}
+}  // namespace Backend
