@@ -63,7 +63,7 @@ SettingsText::SettingsText(std::string_view text)
     while (!text.empty()) {
         const auto end = text.find('\n');
         std::string_view line = text.substr(0, end);
-        if (line.ends_with('\r')) line.remove_suffix(1);
+        while (line.ends_with('\r')) line.remove_suffix(1);
         lines.emplace_back(line);
         text = end == std::string_view::npos ? std::string_view{} : text.substr(end + 1);
     }
