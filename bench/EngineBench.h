@@ -33,8 +33,11 @@ class EngineBench
 public:
     static constexpr int BATCH = 64;
 
-    /// Events on channel 0; `output` -1 is the default output, which is output 0.
-    EngineBench(const std::vector<Workload::Event>& events, int output);
+    /// Where the events go in.
+    enum class Road { namedOutput, defaultOutput, layers };
+
+    /// Events on channel 0, to output 0 in the end; through so many of the workload's layers, if any.
+    EngineBench(const std::vector<Workload::Event>& events, Road road, int layers = 0);
 
     /// The whole ring once, to the last event.
     void playRound();

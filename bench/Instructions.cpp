@@ -15,9 +15,9 @@ using Backend::MidiEngine::MidiOutputPorts;
 
 namespace
 {
-void playNotes(int rounds, int output)
+void play(const std::vector<Workload::Event>& workload, int rounds, EngineBench::Road road, int layers = 0)
 {
-    EngineBench bench(Workload::notes(), output);
+    EngineBench bench(workload, road, layers);
     for (int round = 0; round < rounds; ++round) bench.playRound();
 }
 
@@ -50,9 +50,13 @@ int main(int argc, char** argv)
     Event wake;
     std::thread another([&] { wake.wait(); });  // as in every host
     if (road == "named_output")
-        playNotes(rounds, 0);
+        play(Workload::notes(), rounds, EngineBench::Road::namedOutput);
     else if (road == "default_output")
-        playNotes(rounds, -1);
+        play(Workload::notes(), rounds, EngineBench::Road::defaultOutput);
+    else if (road.starts_with("notes_"))
+        play(Workload::notes(), rounds, EngineBench::Road::layers, std::atoi(argv[1] + 6));
+    else if (road.starts_with("mix_"))
+        play(Workload::mix(), rounds, EngineBench::Road::layers, std::atoi(argv[1] + 4));
     else if (road == "idle_pulse")
         idlePulses(rounds);
     else if (road == "reset")

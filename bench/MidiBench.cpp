@@ -4,6 +4,7 @@
 
 #include <cinttypes>
 #include <cstdio>
+#include <memory>
 #include <thread>
 
 #include "bench/EngineBench.h"
@@ -33,10 +34,20 @@ private:
 };
 
 /// Per event of W-NOTES, queue and slice counted in.
-void direct(benchmark::State& state, int output)
+void direct(benchmark::State& state, EngineBench::Road road)
 {
     const SleepingThread another;
-    EngineBench bench(Workload::notes(), output);
+    EngineBench bench(Workload::notes(), road);
+    bench.playRound();
+    for (auto _ : state) bench.playRound();
+    state.SetItemsProcessed(state.iterations() * Workload::EVENTS);
+}
+
+/// The same through so many layers.
+void layers(benchmark::State& state, std::vector<Workload::Event> (*workload)())
+{
+    const SleepingThread another;
+    EngineBench bench(workload(), EngineBench::Road::layers, static_cast<int>(state.range(0)));
     bench.playRound();
     for (auto _ : state) bench.playRound();
     state.SetItemsProcessed(state.iterations() * Workload::EVENTS);
@@ -99,22 +110,32 @@ void reset(benchmark::State& state)
 }
 }  // namespace
 
-BENCHMARK_CAPTURE(direct, named_output, 0);
-BENCHMARK_CAPTURE(direct, default_output, -1);
+BENCHMARK_CAPTURE(direct, named_output, EngineBench::Road::namedOutput);
+BENCHMARK_CAPTURE(direct, default_output, EngineBench::Road::defaultOutput);
+BENCHMARK_CAPTURE(layers, notes, &Workload::notes)->Arg(1)->Arg(4)->Arg(16)->Arg(64);
+BENCHMARK_CAPTURE(layers, mix, &Workload::mix)->Arg(1)->Arg(4)->Arg(16)->Arg(64);
 BENCHMARK(idlePulse);
 BENCHMARK(postToTake)->UseRealTime();
 BENCHMARK(postFromSlice);
 BENCHMARK(reset)->Arg(0)->Arg(10)->Arg(2048);
 
+/// A wrong sum would mean that something else was measured.
+bool isRight(EngineBench::Road road, int layers, std::uint64_t expected)
+{
+    const auto check = std::make_unique<EngineBench>(Workload::notes(), road, layers);
+    check->playRound();
+    if (check->player.sum == expected) return true;
+    std::fprintf(stderr, "bench_midi: through %d layers the sum is %016" PRIx64 ", not %016" PRIx64 "\n", layers,
+                 check->player.sum, expected);
+    return false;
+}
+
 int main(int argc, char** argv)
 {
-    // A wrong sum would mean that something else was measured.
-    EngineBench check(Workload::notes(), 0);
-    check.playRound();
-    if (check.player.sum != Workload::SUM_OF_NOTES) {
-        std::fprintf(stderr, "bench_midi: the sum is %016" PRIx64 ", not that of the workload\n", check.player.sum);
-        return 1;
-    }
+    bool right = isRight(EngineBench::Road::namedOutput, 0, Workload::SUM_OF_NOTES);
+    for (const auto& [count, sum] : Workload::SUMS_OF_LAYERS)
+        right = isRight(EngineBench::Road::layers, count, sum) && right;
+    if (!right) return 1;
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
 }

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "backend/midi/OrvMidiMessage.h"
+#include "backend/layers/Layer.h"
 
 /// The fixed events that every benchmark plays, so that any program can be given the same ones and checked by the same
 /// sum. Integer-exact.
@@ -20,8 +20,21 @@ struct Event {
 /// 65,536 notes of at most eight at a time: a ring that starts and ends silent.
 std::vector<Event> notes();
 
+/// The same with two controllers and one pitch bend in ten events.
+std::vector<Event> mix();
+
+/// Layer i of `count`: a range of 41 notes, a transposition, a velocity factor and a channel of its own.
+std::vector<Backend::Layers::Layer> layers(int count);
+
 /// What one round of them sums to when every event comes out as it went in.
 constexpr std::uint64_t SUM_OF_NOTES = 0x3559967188c30198;
+
+/// And what comes out of 1, 4 and 16 layers.
+struct LayerSum {
+    int layers;
+    std::uint64_t sum;
+};
+constexpr LayerSum SUMS_OF_LAYERS[] = {{1, 0x60f1260e56a17bd1}, {4, 0x4be56cd27f07fcfb}, {16, 0xc6228bab80282fe8}};
 
 /// The order-free sum over what came out: (status with channel << 16 | d1 << 8 | d2) x 2654435761, modulo 2^64, a note
 /// off counting as 0x80.

@@ -17,5 +17,7 @@ per() { # road, divisor of one round, what one of them is
 
 per named_output 65536 event
 per default_output 65536 event
+for layers in 1 4 16 64; do per notes_$layers 65536 "event, through $layers layers"; done
+for layers in 1 4 16 64; do per mix_$layers 65536 "event, through $layers layers"; done
 per idle_pulse 65536 pulse
 per reset 1 "ten notes struck, one slice and a reset"

@@ -10,6 +10,7 @@
 
 #include "backend/core/OrvFactory.h"
 #include "backend/core/OrvMessageManager.h"
+#include "backend/layers/LayerMessageManager.h"
 #include "backend/midi/MidiEngineMessageManager.h"
 
 using namespace Backend;
@@ -44,6 +45,11 @@ int main()
     commands.sendSetMidiInputPorts({{{.name = "Keyboard"}}});
     commands.sendSetMidiOutputPorts({{{.name = "Printer"}}});
     commands.sendEndInitialize();
+
+    // What is played goes through layers, which a performer keeps in programs and banks. One is enough here.
+    Layers::LayerList layers;
+    layers.add({});
+    orv->getLayerMessageManager().postSetLayers(layers, false);
 
     // 120 beats per minute of 480 pulses each: one slice of ten pulses every 10.4 milliseconds.
     std::int32_t pulse = 50000000;

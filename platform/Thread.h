@@ -10,8 +10,19 @@
 /// A thread's number, unique while it lives; 0 is no thread.
 using ThreadId = std::uint32_t;
 
+namespace Detail
+{
+// At a fixed place of each thread's own block, so that the engine lock can ask at the price of a read.
+extern ORV_API constinit thread_local ThreadId knownThreadId __attribute__((tls_model("initial-exec")));
+ORV_API ThreadId learnThreadId();
+}  // namespace Detail
+
 /// The calling thread's number. After the first call on a thread this is a plain read.
-ORV_API ThreadId currentThreadId();
+inline ThreadId currentThreadId()
+{
+    const ThreadId known = Detail::knownThreadId;
+    return known != 0 ? known : Detail::learnThreadId();
+}
 
 /// Asks for real-time scheduling of the calling thread. `step` 0 is the most urgent of our threads (the clock), 1 the
 /// next (a MIDI backend), 2 the one behind (commands). False where the system grants none; the thread then goes on as

@@ -43,6 +43,13 @@ void addRenderCommand(CLI::App& program)
     command->add_option("--tail", settings.tail, "Pulses played on after the last command")
         ->check(CLI::Range(0, Host::OfflineLoop::LONGEST_TAIL))
         ->capture_default_str();
+    command->add_option("--load", settings.loads, "Program (.prg) or bank (.bnk) loaded before the start, in order")
+        ->type_name("FILE")
+        ->take_all()
+        ->allow_extra_args(false);
+    command->add_option("--number", settings.number, "Program taken from a bank, counted from 0")
+        ->check(CLI::Range(0, 99999))
+        ->capture_default_str();
     command->add_option("--data", settings.data, "Data folder (a fresh one with the factory content)")
         ->type_name("DIR");
     command->add_option("--set", settings.choices, "A setting by its stored name, such as MidiThru=0")
@@ -53,8 +60,6 @@ void addRenderCommand(CLI::App& program)
     command->add_option("--mid", request->mid, "Write a Standard MIDI File")->type_name("FILE");
     command->add_option("--wav", request->wav, "Write a sound file, played by the built-in synthesizer")
         ->type_name("FILE");
-    refuse(*command, "--load", "FILE");
-    refuse(*command, "--number", "N");
     refuse(*command, "--seed", "N");
     refuse(*command, "--display", "FILE");
 

@@ -6,6 +6,7 @@
 #include <type_traits>
 
 #include "backend/midi/OrvMidiMessage.h"
+#include "platform/DbgStream.h"
 #include "platform/Message.h"
 
 namespace Backend
@@ -97,12 +98,12 @@ constexpr auto eventCommand(unsigned int number, const char* name)
                            }};
 }
 
-/// The row of `message`, or null.
+/// Does what the message says to the target; a number without a row is told to the debug stream and ignored.
 template <class Target>
-const Command<Target>* findCommand(std::span<const Command<Target>> table, const Message& message)
+void carryOut(std::span<const Command<Target>> table, Target& target, Message& message)
 {
     for (const auto& row : table)
-        if (row.number == message.number) return &row;
-    return nullptr;
+        if (row.number == message.number) return row.carryOut(target, message);
+    WindowsLib::DbgStream() << "message " << message.number << ": no such command, ignored";
 }
 }  // namespace Backend

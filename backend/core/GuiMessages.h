@@ -4,19 +4,34 @@ namespace Backend::GuiMessage
 {
 /// What the backend tells the window, each with owned copies where the two parameters do not hold it.
 enum Number : unsigned int {
-    MIDI_INPUT_PORTS = 33221,             ///< payload: MidiInputPorts
-    MIDI_OUTPUT_PORTS = 33223,            ///< payload: MidiOutputPorts
-    DOCK_TO_BOTTOM_EDGE = 33229,          ///< first parameter, as of all settings here: 0 or 1
-    LARGE_DISPLAY_FONT = 33233,           ///< 0 or 1
-    ALWAYS_ON_TOP = 33236,                ///< 0 or 1
-    MIDI_OUTPUT_EVENT = 33248,            ///< parameters: an event on its way to the player
-    ORV_RESET = 33253,                    ///< a hard reset was done
-    PROGRAM = 33257,                      ///< payload: Program
-    DEFAULT_MIDI_OUTPUT = 33258,          ///< first parameter: the output, -1 for none
-    USE_SKIN_BORDER = 33260,              ///< 0 or 1
-    MIDI_THRU = 33265,                    ///< 0 or 1
-    GLOBAL_KEYBOARD = 33266,              ///< 0 or 1
-    MOUSE_SENSITIVITY = 33268,            ///< the divisor
-    CLICK_ZONE_CHANNEL_TRANSPOSE = 33272  ///< 0 or 1
+    MIDI_INPUT_PORTS = 33221,              ///< payload: MidiInputPorts
+    MIDI_OUTPUT_PORTS = 33223,             ///< payload: MidiOutputPorts
+    DOCK_TO_BOTTOM_EDGE = 33229,           ///< first parameter, as of all settings here: 0 or 1
+    LARGE_DISPLAY_FONT = 33233,            ///< 0 or 1
+    ALWAYS_ON_TOP = 33236,                 ///< 0 or 1
+    MIDI_OUTPUT_EVENT = 33248,             ///< parameters: an event on its way to the player
+    ORV_RESET = 33253,                     ///< a hard reset was done
+    BANK = 33240,                          ///< payload: Bank
+    PROGRAM = 33257,                       ///< payload: Program
+    DEFAULT_MIDI_OUTPUT = 33258,           ///< first parameter: the output, -1 for none
+    USE_SKIN_BORDER = 33260,               ///< 0 or 1
+    MIDI_THRU = 33265,                     ///< 0 or 1
+    GLOBAL_KEYBOARD = 33266,               ///< 0 or 1
+    MOUSE_SENSITIVITY = 33268,             ///< the divisor
+    CLICK_ZONE_CHANNEL_TRANSPOSE = 33272,  ///< 0 or 1
+
+    LAYERS = 34719,             ///< payload: LayerList
+    LAYER_SELECTED = 34720,     ///< parameters, as of all layer messages here: the id, then 0 or 1
+    LAYER_TRANSPOSE = 34721,    ///< the number
+    LAYER_VELOCITY = 34722,     ///< the number
+    LAYER_MUTE = 34723,         ///< 0 or 1
+    LAYER_MONO = 34724,         ///< 0 or 1
+    LAYER_SOLO = 34725,         ///< 0 or 1
+    LAYER_NOTE_TOGGLE = 34726,  ///< the mode
+    LAYER_EDIT = 34727,         ///< payload: SelectType; opens the settings of a layer
+
+    ZONE_TRANSPOSE = 34969,  ///< parameters: the number, the transposition
+    ZONES = 34970,           ///< payload: ZoneMap
+    ZONE_SELECTED = 34971    ///< parameters: the number, 0 or 1
 };
 }  // namespace Backend::GuiMessage

@@ -45,9 +45,15 @@ bool isStillThere(const MidiInputPort& before, const MidiInputPorts& ports, std:
 }  // namespace
 
 Orv::Orv(const std::string& application, MidiEngine::MidiPlayer& player)
-    : applicationName(application), orvMessageManager(messageManagerMaster, *this), midiEngine(player)
+    : applicationName(application),
+      orvMessageManager(messageManagerMaster, *this),
+      midiEngine(player),
+      layerManager(*this, messageManagerMaster),
+      zoneManager(*this, messageManagerMaster)
 {
     messageManagerMaster.addMessageManager(&orvMessageManager);
+    messageManagerMaster.addMessageManager(&layerManager.getMessageManager());
+    messageManagerMaster.addMessageManager(&zoneManager.getMessageManager());
 }
 
 Orv::~Orv()
@@ -60,8 +66,10 @@ void Orv::initialize()
 {
     registrySettings.loadFromRegistry(OrvUtils::getRegistryKey(applicationName));
     presetStores.refresh();
+    layerManager.getPresets().refresh();
     midiEngine.initialize(registrySettings.getDefaultMidiOutput(), registrySettings.getMidiThru());
     prepareBanks();
+    loadBank(registrySettings.getDefaultBank());
 }
 
 void Orv::endInitialize() {}
@@ -211,6 +219,7 @@ void Orv::takeInputEvent(OrvMidiMessage event)
         event.setD2(RELEASE_VELOCITY);
     }
     heldNotes.follow(event);
+    event.setDefaultChannel(true);  // the layers give it theirs
     orvMessageManager.postPlayMidi(event);
 }
 

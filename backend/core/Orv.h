@@ -8,7 +8,10 @@
 #include "backend/core/MessageManagerMaster.h"
 #include "backend/core/OrvIF.h"
 #include "backend/core/OrvMessageManager.h"
+#include "backend/layers/LayerManager.h"
+#include "backend/layers/ZoneManager.h"
 #include "backend/midi/MidiEngine.h"
+#include "backend/persistence/Bank.h"
 #include "backend/persistence/PresetStores.h"
 #include "backend/persistence/Program.h"
 #include "backend/persistence/RegistrySettings.h"
@@ -48,11 +51,19 @@ public:
     void enableMidiInput(int port, bool enabled) override;
     void enableMidiOutput(int port, bool enabled) override;
     void processMidiInputEvent(const MidiEngine::OrvMidiMessage& event) override;
+    void loadProgram(const std::string& path) override;
+    void changeProgram(int number) override;
+    void loadBank(const std::string& path) override;
     void setAlwaysOnTop(bool on) override;
     void setUseSkinBorder(bool on) override;
     void setDisplayHeight(int pixels) override;
     void setLargeDisplayFont(bool on) override;
     void playMidi(const MidiEngine::OrvMidiMessage& event) override;
+    Layers::LayerManager& getLayerManager() override { return layerManager; }
+    Layers::LayerMessageManager& getLayerMessageManager() override { return layerManager.getMessageManager(); }
+    Zones::ZoneManager& getZoneManager() override { return zoneManager; }
+    Zones::ZoneMessageManager& getZoneMessageManager() override { return zoneManager.getMessageManager(); }
+    Bank& getBank() override { return bank; }
     Program& getProgram() override { return program; }
     void playTimeSlice(std::int32_t startPpq, std::int32_t endPpq) override
     {
@@ -65,10 +76,43 @@ public:
     int getTempoSource() const override { return program.tempoSource; }
     void changeTempo(const RelativeFixedValue& value, bool notify) override;
     void setTempoSource(int source, bool notify) override;
+    void updateZones() override { zoneManager.updateZones(); }
     void resetOrv() override;
+    void changeProgram(const SelectType& select) override;
     void changeDefaultMidiOutput(const SelectType& select) override;
+    void changeZoneTranspose(const SelectType& select, const RelativeFixedValue& value) override
+    {
+        zoneManager.changeTranspose(select, value);
+    }
+    void selectZone(const SelectType& select) override { zoneManager.selectZone(select); }
     void changeMidiThru(const OnOffToggle& value, bool notify) override;
     void changeGlobalKeyboard(const OnOffToggle& value, bool notify) override;
+    void selectLayer(const SelectType& select) override { layerManager.dataSelect(select); }
+    void editLayer(const SelectType& select) override { layerManager.editSelect(select); }
+    void changeLayerTranspose(const SelectType& select, const RelativeFixedValue& value) override
+    {
+        layerManager.changeTranspose(select, value);
+    }
+    void changeLayerVelocity(const SelectType& select, const RelativeFixedValue& value) override
+    {
+        layerManager.changeVelocity(select, value);
+    }
+    void changeLayerMute(const SelectType& select, const OnOffToggle& value) override
+    {
+        layerManager.changeMute(select, value);
+    }
+    void changeLayerMono(const SelectType& select, const OnOffToggle& value) override
+    {
+        layerManager.changeMono(select, value);
+    }
+    void changeLayerSolo(const SelectType& select, const OnOffToggle& value) override
+    {
+        layerManager.changeSolo(select, value);
+    }
+    void changeLayerNoteToggle(const SelectType& select, const NoteToggle& value) override
+    {
+        layerManager.changeNoteToggle(select, value);
+    }
     void setLiteVelocity(int velocity) override;
     void setLiteChannel(int channel) override;
     void setLiteStackNotes(bool on) override;
@@ -89,6 +133,8 @@ private:
             window.post({.number = message, .payload = Payload::of(Value(value))});
     }
     void prepareBanks();
+    void loadProgramFrom(const std::string& path, int number);
+    void readProgram(const XmlElement& element);
     void takeInputEvent(MidiEngine::OrvMidiMessage event);
     void releaseHeldNotes(int input);
     void fixDefaultMidiOutput();
@@ -101,11 +147,14 @@ private:
     MessageManagerMaster messageManagerMaster;
     OrvMessageManager orvMessageManager;
     RegistrySettings registrySettings;
+    Bank bank;
     Program program;
     MidiEngine::MidiInputPorts midiInputPorts;
     MidiEngine::MidiOutputPorts midiOutputPorts;
     HeldNotes heldNotes;
     MidiEngine::MidiEngine midiEngine;
     PresetStores presetStores;
+    Layers::LayerManager layerManager;
+    Zones::ZoneManager zoneManager;
 };
 }  // namespace Backend

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
+#include "backend/input/values/NoteToggle.h"
 #include "backend/input/values/OnOffToggle.h"
 #include "backend/input/values/RelativeFixedValue.h"
 #include "backend/input/values/SelectType.h"
@@ -16,7 +18,20 @@ namespace Backend
 class MessageManagerMaster;
 class OrvMessageManager;
 class RegistrySettings;
+struct Bank;
 struct Program;
+
+namespace Layers
+{
+class LayerManager;
+class LayerMessageManager;
+}  // namespace Layers
+
+namespace Zones
+{
+class ZoneManager;
+class ZoneMessageManager;
+}  // namespace Zones
 
 namespace MidiEngine
 {
@@ -80,6 +95,15 @@ public:
     /// Takes an event whose `getInput` is an enabled port; any other is dropped.
     virtual void processMidiInputEvent(const MidiEngine::OrvMidiMessage& event) = 0;
 
+    /// Replaces the current program by the one of a file, keeping its number; of a ".prg" file its only one, of any
+    /// other the one of that number. Every note is ended first. What a file lacks is emptied; a file without that
+    /// program leaves the sections as they are.
+    virtual void loadProgram(const std::string& path) = 0;
+    /// The program of that number, from 0, of the current bank.
+    virtual void changeProgram(int number) = 0;
+    /// Makes the file the current bank and loads the program of the current number.
+    virtual void loadBank(const std::string& path) = 0;
+
     /// Kept in the settings, and the GUI is told.
     virtual void setAlwaysOnTop(bool on) = 0;
     virtual void setUseSkinBorder(bool on) = 0;
@@ -91,6 +115,14 @@ public:
     /// Gives an event to the engine.
     virtual void playMidi(const MidiEngine::OrvMidiMessage& event) = 0;
 
+    virtual Layers::LayerManager& getLayerManager() = 0;
+    /// Any thread; they live as long as the backend.
+    virtual Layers::LayerMessageManager& getLayerMessageManager() = 0;
+    virtual Zones::ZoneManager& getZoneManager() = 0;
+    virtual Zones::ZoneMessageManager& getZoneMessageManager() = 0;
+
+    /// The current ones. The number may be set before `start`: the first bank is loaded with it.
+    virtual Bank& getBank() = 0;
     virtual Program& getProgram() = 0;
 
     /// The host's clock call: plays what is due from pulse `startPpq` up to, not including, `endPpq`, at 480 pulses
@@ -113,15 +145,35 @@ public:
     /// Ignored if `source` is neither -1 nor the index of an input port.
     virtual void setTempoSource(int source, bool notify) = 0;
 
+    /// Works out anew which zones the inputs play in.
+    virtual void updateZones() = 0;
+
     /// Ends every note and sends the hard reset's messages to the default output. Waits for a time slice.
     virtual void resetOrv() = 0;
+
+    /// The next, previous or given program of the bank; ignored at either end.
+    virtual void changeProgram(const SelectType& select) = 0;
 
     /// The next, previous or given output that is enabled and open becomes the default one.
     virtual void changeDefaultMidiOutput(const SelectType& select) = 0;
 
+    /// See `ZoneManager`.
+    virtual void changeZoneTranspose(const SelectType& select, const RelativeFixedValue& value) = 0;
+    virtual void selectZone(const SelectType& select) = 0;
+
     /// Kept in the settings; with `notify` the GUI is told.
     virtual void changeMidiThru(const OnOffToggle& value, bool notify) = 0;
     virtual void changeGlobalKeyboard(const OnOffToggle& value, bool notify) = 0;
+
+    /// See `LayerManager`.
+    virtual void selectLayer(const SelectType& select) = 0;
+    virtual void editLayer(const SelectType& select) = 0;
+    virtual void changeLayerTranspose(const SelectType& select, const RelativeFixedValue& value) = 0;
+    virtual void changeLayerVelocity(const SelectType& select, const RelativeFixedValue& value) = 0;
+    virtual void changeLayerMute(const SelectType& select, const OnOffToggle& value) = 0;
+    virtual void changeLayerMono(const SelectType& select, const OnOffToggle& value) = 0;
+    virtual void changeLayerSolo(const SelectType& select, const OnOffToggle& value) = 0;
+    virtual void changeLayerNoteToggle(const SelectType& select, const NoteToggle& value) = 0;
 
     /// Kept in the settings: what a simple program plays with.
     virtual void setLiteVelocity(int velocity) = 0;

@@ -4,7 +4,6 @@
 
 #include "backend/core/Command.h"
 #include "backend/core/MessageManagerMaster.h"
-#include "platform/DbgStream.h"
 
 namespace Backend
 {
@@ -36,6 +35,9 @@ enum Number : unsigned int {
     PROCESS_MIDI_INPUT_EVENT_VIA_PARAM = 33251,
     PROCESS_MIDI_INPUT_EVENT_VIA_ALLOC = 33252,
     RESET_ORV = 33253,
+    LOAD_PROGRAM = 33239,
+    LOAD_BANK = 33240,
+    CHANGE_PROGRAM = 33257,
     CHANGE_DEFAULT_MIDI_OUTPUT = 33258,
     SET_USE_SKIN_BORDER = 33260,
     CHANGE_TEMPO = 33264,
@@ -71,6 +73,9 @@ constexpr auto COMMANDS = std::to_array<Command<OrvIF>>({
     eventCommand<&OrvIF::processMidiInputEvent>(PROCESS_MIDI_INPUT_EVENT_VIA_PARAM, "ProcessMidiInputEventViaParam"),
     command<&OrvIF::processMidiInputEvent>(PROCESS_MIDI_INPUT_EVENT_VIA_ALLOC, "ProcessMidiInputEventViaAlloc"),
     command<&OrvIF::resetOrv>(RESET_ORV, "ResetOrv"),
+    command<&OrvIF::loadProgram>(LOAD_PROGRAM, "LoadProgram"),
+    command<&OrvIF::loadBank>(LOAD_BANK, "LoadBank"),
+    command<static_cast<void (OrvIF::*)(const SelectType&)>(&OrvIF::changeProgram)>(CHANGE_PROGRAM, "ChangeProgram"),
     command<&OrvIF::changeDefaultMidiOutput>(CHANGE_DEFAULT_MIDI_OUTPUT, "ChangeDefaultMidiOutput"),
     command<&OrvIF::setUseSkinBorder>(SET_USE_SKIN_BORDER, "SetUseSkinBorder"),
     command<&OrvIF::changeTempo>(CHANGE_TEMPO, "ChangeTempo"),
@@ -92,13 +97,7 @@ OrvMessageManager::OrvMessageManager(MessageManagerMaster& managerMaster, OrvIF&
 
 bool OrvMessageManager::wantMessage(unsigned int message) const { return message >= FIRST && message <= LAST; }
 
-void OrvMessageManager::handleMessage(Message& message)
-{
-    if (const auto* row = findCommand<OrvIF>(COMMANDS, message))
-        row->carryOut(orv, message);
-    else
-        WindowsLib::DbgStream() << "message " << message.number << ": no such command, ignored";
-}
+void OrvMessageManager::handleMessage(Message& message) { carryOut<OrvIF>(COMMANDS, orv, message); }
 
 void OrvMessageManager::sendInitialize() { master.send(pack(INITIALIZE)); }
 
@@ -149,6 +148,12 @@ void OrvMessageManager::postProcessMidiInputEvent(const OrvMidiMessage& event)
 }
 
 void OrvMessageManager::postResetOrv() { master.post(pack(RESET_ORV)); }
+
+void OrvMessageManager::postLoadProgram(const std::string& path) { master.post(pack(LOAD_PROGRAM, path)); }
+
+void OrvMessageManager::postLoadBank(const std::string& path) { master.post(pack(LOAD_BANK, path)); }
+
+void OrvMessageManager::postChangeProgram(const SelectType& select) { master.post(pack(CHANGE_PROGRAM, select)); }
 
 void OrvMessageManager::postChangeDefaultMidiOutput(const SelectType& select)
 {

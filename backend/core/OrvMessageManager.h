@@ -33,6 +33,10 @@ public:
     /// Incoming MIDI: the host sets the event's input to the port number.
     void postProcessMidiInputEvent(const MidiEngine::OrvMidiMessage& event);
     void postResetOrv();
+    /// See `OrvIF::loadProgram`; a path in UTF-8.
+    void postLoadProgram(const std::string& path);
+    void postLoadBank(const std::string& path);
+    void postChangeProgram(const SelectType& select);
     void postChangeDefaultMidiOutput(const SelectType& select);
     void postChangeTempo(const RelativeFixedValue& value, bool notify);
     void postChangeMidiThru(const OnOffToggle& value, bool notify);

@@ -1,7 +1,9 @@
 #include "backend/midi/MidiEngine.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
+#include <limits>
 #include <utility>
 
 #include "backend/core/GuiMessages.h"
@@ -63,15 +65,18 @@ void MidiEngine::setMidiInputPorts(MidiInputPorts ports)
 
 void MidiEngine::setMidiOutputPorts(MidiOutputPorts ports)
 {
-    std::array<bool, NoteCounters::OUTPUTS> isGone{};
+    std::array<bool, 256> enabled{};
     for (int output = 0; output < NoteCounters::OUTPUTS; ++output)
-        isGone[static_cast<unsigned>(output)] = !isEnabled(ports, output);
+        enabled[static_cast<unsigned>(output)] = isEnabled(ports, output);
+    const auto isGone = [&](int output) { return !enabled[static_cast<unsigned>(output)]; };
 
     const Locked lock(criticalSection);
     midiOutputPorts.swap(ports);
+    enabledOutputs = enabled;
     for (int output = 0; output < NoteCounters::OUTPUTS; ++output)
-        if (isGone[static_cast<unsigned>(output)]) noteCounters.clearOutput(output);
-    directOutputs.forget([&](int output) { return isGone[static_cast<unsigned>(output)]; });
+        if (isGone(output)) noteCounters.clearOutput(output);
+    directOutputs.forget(isGone);
+    for (Layers::EngineLayer& layer : layers.all()) layer.forgetOutputs(isGone);
 }
 
 void MidiEngine::enableMidiInput(int port, bool enabled)
@@ -118,6 +123,18 @@ void MidiEngine::setGuiWindowHandle(WindowHandle window)
     std::swap(guiWindow, window);
 }
 
+void MidiEngine::setZoneMap(std::vector<Zones::Zone> newZones)
+{
+    const Locked lock(criticalSection);
+    zones.set(newZones);
+}
+
+void MidiEngine::setZone(Zones::Zone zone)
+{
+    const Locked lock(criticalSection);
+    zones.setTranspose(zone);
+}
+
 // --- the time slice
 
 void MidiEngine::playTimeSlice(std::int32_t startPpq, std::int32_t endPpq)
@@ -138,6 +155,7 @@ void MidiEngine::playTimeSlice(std::int32_t startPpq, std::int32_t endPpq)
 void MidiEngine::drain(Slice& slice, std::int32_t endPpq)
 {
     pending.swap(timedEvents);
+    earliest = std::numeric_limits<std::int32_t>::max();
     auto kept = pending.begin();
     for (auto event = kept; event != pending.end(); ++event) {
         if (event->getMidiEngineMessageType() != MidiEngineMessageType::midiEvent) {
@@ -145,6 +163,7 @@ void MidiEngine::drain(Slice& slice, std::int32_t endPpq)
             continue;
         }
         if (!event->isTimedEvent()) event->setPpq(endPpq);
+        earliest = std::min(earliest, event->getPpq());
         if (kept != event) *kept = *event;
         ++kept;
     }
@@ -166,13 +185,15 @@ void MidiEngine::walk(Slice& slice, std::int32_t startPpq, std::int32_t endPpq)
 
 void MidiEngine::processPpq(Slice& slice, std::int32_t ppq, std::int32_t minPpq)
 {
-    if (ppq < 0 || pending.empty()) return;
+    if (ppq < 0 || ppq < earliest) return;
+    earliest = std::numeric_limits<std::int32_t>::max();
     auto kept = pending.begin();
     for (auto event = kept; event != pending.end(); ++event) {
         if (event->getPpq() <= ppq && event->getPpq() >= minPpq) {
             playMidi(slice, *event);
             continue;
         }
+        earliest = std::min(earliest, event->getPpq());
         if (kept != event) *kept = *event;
         ++kept;
     }
@@ -189,21 +210,49 @@ void MidiEngine::requeue()
     pending.clear();
 }
 
-void MidiEngine::playMidi(Slice& slice, const OrvMidiMessage& event)
+void MidiEngine::playMidi(Slice& slice, OrvMidiMessage& event)
 {
     Slice::proves(criticalSection);
     if (event.getChannel() < -1 || event.getChannel() > 15 || event.getOutput() < -1)
-        return drop(event, "no such channel or output");
-    if (event.isDefaultOutput() && event.isDefaultChannel()) return drop(event, "no layer takes it");
-    playDirect(slice, event);
+        return drop(slice, event, "no such channel or output");
+    if (event.isNote() && (event.getZone() >= 0 || layers.hasVelocityRange())) follow(event);
+    if (event.isDefaultOutput() && event.isDefaultChannel())
+        playThroughLayers(slice, event);
+    else
+        playDirect(slice, event);
 }
 
-void MidiEngine::playDirect(Slice& slice, OrvMidiMessage event)
+/// A note off becomes the note that its note on became in its zone, and takes its velocity, so that it passes the same
+/// velocity ranges.
+void MidiEngine::follow(OrvMidiMessage& event)
+{
+    const std::size_t press = presses.placeOf(event);
+    if (event.getZone() >= 0) event.setD1(zones.soundingNote(event, presses, press));
+    if (!layers.hasVelocityRange()) return;
+    if (event.isNoteOn())
+        presses.rememberVelocity(press, event.getD2());
+    else
+        event.setD2(presses.takeVelocity(press));
+}
+
+/// Every layer is offered the event as it is here; none keeps it from the next.
+void MidiEngine::playThroughLayers(Slice& slice, const OrvMidiMessage& event)
+{
+    if (layers.isEmpty()) return drop(slice, event, "there is no layer");
+    if (event.isNote()) {
+        for (Layers::EngineLayer* layer : layers.taking(event.getD1())) layer->playNote(slice, *this, event);
+        return;
+    }
+    sentPairs.begin();
+    for (Layers::EngineLayer* layer : layers.playing()) layer->playOther(slice, *this, event);
+}
+
+void MidiEngine::playDirect(Slice& slice, OrvMidiMessage& event)
 {
     const bool toDefaultOutput = event.isDefaultOutput();
     if (event.isDefaultChannel()) event.setChannel(0);
     if (toDefaultOutput) event.setOutput(getDefaultOutputFor(event));
-    if (!isEnabled(midiOutputPorts, event.getOutput())) return drop(event, "output missing or not enabled");
+    if (!isOutputEnabled(slice, event.getOutput())) return drop(slice, event, "output missing or not enabled");
 
     if (toDefaultOutput && event.isNoteOn())
         if (const int place = placeOf(event.getChannel(), event.getD1()); place >= 0)
@@ -216,38 +265,25 @@ int MidiEngine::getDefaultOutputFor(const OrvMidiMessage& event)
 {
     if (event.isNoteOff())
         if (const int place = placeOf(event.getChannel(), event.getD1()); place >= 0)
-            if (const int output = directOutputs.take(static_cast<std::size_t>(place)); output >= 0) return output;
+            if (const int output = directOutputs.take(static_cast<std::size_t>(place)); output != NoteMemory::NONE)
+                return output;
     return defaultMidiOutput;
 }
 
 void MidiEngine::playMidiInternal(Slice& slice, const OrvMidiMessage& event, bool stackNotes)
 {
     Slice::proves(criticalSection);
-    NoteCounters::Counter* counter =
-        event.isNote() ? noteCounters.find(event.getOutput(), event.getChannel(), event.getD1()) : nullptr;
-
-    bool heldBack = false;
-    if (event.isNoteOff())
-        heldBack = counter != nullptr && !counter->release() && stackNotes;
-    else if (counter != nullptr)
-        counter->press();
-
-    if (!heldBack && reachesPlayer(event, counter)) {
-        if (counter != nullptr) counter->setPlayerHolds(event.isNoteOn());
-        midiPlayer.playMidi(event);
-    }
-    if (guiWindow) {
-        guiWindow.postFromSlice(
-            {.number = GuiMessage::MIDI_OUTPUT_EVENT, .wparam = event.getWparam(), .lparam = event.getLparam()});
-        if (!slice.window) slice.window = guiWindow;
-    }
+    if (event.isNoteOn()) return playNoteOn(slice, event);
+    if (event.isNoteOff()) return playNoteOff(slice, event, stackNotes);
+    if (midiThru || event.getInput() < 0) midiPlayer.playMidi(event);
+    if (guiWindow) show(slice, event);
 }
 
-/// What came in on a MIDI input is passed on only with thru, but the note off of a note that the player holds always.
-bool MidiEngine::reachesPlayer(const OrvMidiMessage& event, const NoteCounters::Counter* counter) const
+void MidiEngine::show(Slice& slice, const OrvMidiMessage& event)
 {
-    if (midiThru || event.getInput() < 0) return true;
-    return event.isNoteOff() && counter != nullptr && counter->doesPlayerHold();
+    guiWindow.postFromSlice(
+        {.number = GuiMessage::MIDI_OUTPUT_EVENT, .wparam = event.getWparam(), .lparam = event.getLparam()});
+    if (!slice.window) slice.window = guiWindow;
 }
 
 void MidiEngine::postPlayMidi(Slice&, const OrvMidiMessage& event)
@@ -256,20 +292,9 @@ void MidiEngine::postPlayMidi(Slice&, const OrvMidiMessage& event)
     timedEvents.push_back(event);
 }
 
-bool MidiEngine::isOutputEnabled(Slice&, int output) const
+void MidiEngine::drop(Slice&, const OrvMidiMessage& event, const char* why)
 {
     Slice::proves(criticalSection);
-    return isEnabled(midiOutputPorts, output);
-}
-
-int MidiEngine::getDefaultMidiOutput(Slice&) const
-{
-    Slice::proves(criticalSection);
-    return defaultMidiOutput;
-}
-
-void MidiEngine::drop(const OrvMidiMessage& event, const char* why)
-{
     if (WindowsLib::DbgStream::isEnabled()) drops.push_back({.event = event, .why = why});
 }
 
@@ -289,19 +314,34 @@ void MidiEngine::finish(Slice& slice)
 
 // --- resets
 
-void MidiEngine::sendReset() { runReset(OrvMidiMessage::createOrvReset()); }
-
-void MidiEngine::sendHardReset() { runReset(OrvMidiMessage::createOrvHardReset()); }
-
-void MidiEngine::runReset(const OrvMidiMessage& order)
+void MidiEngine::sendReset()
 {
     ResetRequest request;
+    runReset(OrvMidiMessage::createOrvReset(), request);
+}
+
+void MidiEngine::sendHardReset()
+{
+    ResetRequest request;
+    runReset(OrvMidiMessage::createOrvHardReset(), request);
+}
+
+// The old layers come back with the request and go with it, outside the lock.
+void MidiEngine::setLayerList(std::vector<Layers::Layer> newLayers)
+{
+    ResetRequest request;
+    request.layers.emplace(newLayers);
+    runReset(OrvMidiMessage::createOrvReset(), request);
+}
+
+void MidiEngine::runReset(const OrvMidiMessage& order, ResetRequest& request)
+{
     Slice slice;
     const bool atOnce = isMidiPlayerThread();
     {
         const Locked lock(criticalSection);
         if (atOnce)
-            carryOut(slice, order);
+            carryOut(slice, order, request);
         else
             queueReset(order, request);
     }
@@ -329,20 +369,21 @@ void MidiEngine::queueReset(const OrvMidiMessage& order, ResetRequest& request)
 
 void MidiEngine::serveReset(Slice& slice, const OrvMidiMessage& order)
 {
-    carryOut(slice, order);
     ResetRequest& request = *resetRequests.front();
+    carryOut(slice, order, request);
     resetRequests.erase(resetRequests.begin());
     --resetsWaiting;
     if (request.waiter != nullptr) request.waiter->setWaiting(false);
     request.next = std::exchange(slice.served, &request);
 }
 
-void MidiEngine::carryOut(Slice& slice, const OrvMidiMessage& order)
+void MidiEngine::carryOut(Slice& slice, const OrvMidiMessage& order, ResetRequest& request)
 {
     if (order.isOrvHardReset())
         hardReset(slice);
     else
         reset(slice);
+    if (request.layers) layers.swap(*request.layers);
 }
 
 void MidiEngine::reset(Slice& slice)
@@ -352,6 +393,8 @@ void MidiEngine::reset(Slice& slice)
                                      OrvMidiMessage::DEFAULT_ZONE, OrvMidiMessage::DEFAULT_INPUT, -1);
         playMidiInternal(slice, noteOff, false);
     });
+    presses.forgetVelocities();
+    for (Layers::EngineLayer& layer : layers.all()) layer.reset();
     directOutputs.clear();
 }
 

@@ -1,15 +1,20 @@
 #pragma once
 
+#include <array>
 #include <atomic>
 #include <cstdint>
 #include <vector>
 
+#include "backend/layers/EngineLayerList.h"
+#include "backend/layers/EngineZones.h"
 #include "backend/midi/MidiEngineMessageManager.h"
 #include "backend/midi/MidiPlayer.h"
 #include "backend/midi/MidiPort.h"
 #include "backend/midi/NoteCounters.h"
-#include "backend/midi/NoteOutputs.h"
+#include "backend/midi/NoteMemory.h"
 #include "backend/midi/OrvMidiMessage.h"
+#include "backend/midi/PressMemory.h"
+#include "backend/midi/SentPairs.h"
 #include "backend/midi/Slice.h"
 #include "platform/CriticalSection.h"
 #include "platform/Export.h"
@@ -68,6 +73,12 @@ public:
     void setTempo(int bpm) EXCLUDES(criticalSection);
     void setTempoSource(int source) EXCLUDES(criticalSection);
     void setGuiWindowHandle(WindowHandle window) EXCLUDES(criticalSection);
+    /// Replaces the zones. Open presses keep the note they sound.
+    void setZoneMap(std::vector<Zones::Zone> zones) EXCLUDES(criticalSection);
+    /// Replaces the transposition of a zone, if it is there.
+    void setZone(Zones::Zone zone) EXCLUDES(criticalSection);
+    /// Replaces the layers right behind a reset, so that no event falls between the two. Waits like `sendReset`.
+    void setLayerList(std::vector<Layers::Layer> layers) EXCLUDES(criticalSection);
 
     /// See `MidiEngineMessageManager`.
     void sendReset() EXCLUDES(criticalSection);
@@ -83,14 +94,63 @@ public:
     // Inside a slice
 
     /// An event's way in: validity, then the layers or, when it names an output or a channel, straight out.
-    void playMidi(Slice& slice, const OrvMidiMessage& event);
+    /// The event is used up: it may come back with another note, velocity, output or channel.
+    void playMidi(Slice& slice, OrvMidiMessage& event);
     /// The last stage: count, send, show. With `stackNotes` a note off is held back while the same note sounds on.
     void playMidiInternal(Slice& slice, const OrvMidiMessage& event, bool stackNotes);
+
+    /// The same for what is known to be a note on, or a note off.
+    void playNoteOn(Slice& slice, const OrvMidiMessage& event)
+    {
+        Slice::proves(criticalSection);
+        NoteCounters::Counter* counter = noteCounters.find(event.getOutput(), event.getChannel(), event.getD1());
+        if (counter != nullptr) {
+            noteCounters.use(event.getOutput());
+            counter->press();
+        }
+        if (midiThru || event.getInput() < 0) {
+            if (counter != nullptr) counter->setPlayerHolds(true);
+            midiPlayer.playMidi(event);
+        }
+        if (guiWindow) show(slice, event);
+    }
+
+    // Without thru, what came in on a MIDI input does not go out, but the note off of a note that the player holds
+    // does.
+    void playNoteOff(Slice& slice, const OrvMidiMessage& event, bool stackNotes)
+    {
+        Slice::proves(criticalSection);
+        NoteCounters::Counter* counter = noteCounters.find(event.getOutput(), event.getChannel(), event.getD1());
+        const bool isLast = counter == nullptr || counter->release();
+        const bool passes = midiThru || event.getInput() < 0 || (counter != nullptr && counter->doesPlayerHold());
+        if ((isLast || !stackNotes) && passes) {
+            if (counter != nullptr) counter->setPlayerHolds(false);
+            midiPlayer.playMidi(event);
+        }
+        if (guiWindow) show(slice, event);
+    }
+
     /// Schedules an event from inside a slice.
     void postPlayMidi(Slice& slice, const OrvMidiMessage& event);
     /// False for an index outside the list of outputs too.
-    bool isOutputEnabled(Slice& slice, int output) const;
-    int getDefaultMidiOutput(Slice& slice) const;
+    bool isOutputEnabled(Slice&, int output) const
+    {
+        Slice::proves(criticalSection);
+        return enabledOutputs[static_cast<std::uint8_t>(output)];
+    }
+    int getDefaultMidiOutput(Slice&) const
+    {
+        Slice::proves(criticalSection);
+        return defaultMidiOutput;
+    }
+    /// True the first time it is asked for that output and channel during one event.
+    bool isFirstTo(Slice&, int output, int channel)
+    {
+        Slice::proves(criticalSection);
+        return sentPairs.add(output, channel);
+    }
+    /// Tells the debug stream, once the slice is over, what became of an event.
+    void drop(Slice& slice, const OrvMidiMessage& event, const char* why);
 
 private:
     void drain(Slice& slice, std::int32_t endPpq) REQUIRES(criticalSection);
@@ -99,16 +159,16 @@ private:
     void requeue() REQUIRES(criticalSection);
     static void finish(Slice& slice);
 
-    void playDirect(Slice& slice, OrvMidiMessage event) REQUIRES(criticalSection);
+    void playDirect(Slice& slice, OrvMidiMessage& event) REQUIRES(criticalSection);
     int getDefaultOutputFor(const OrvMidiMessage& event) REQUIRES(criticalSection);
-    bool reachesPlayer(const OrvMidiMessage& event, const NoteCounters::Counter* counter) const
-        REQUIRES(criticalSection);
-    void drop(const OrvMidiMessage& event, const char* why) REQUIRES(criticalSection);
+    void show(Slice& slice, const OrvMidiMessage& event) REQUIRES(criticalSection);
+    void follow(OrvMidiMessage& event) REQUIRES(criticalSection);
+    void playThroughLayers(Slice& slice, const OrvMidiMessage& event) REQUIRES(criticalSection);
 
-    void runReset(const OrvMidiMessage& order) EXCLUDES(criticalSection);
+    void runReset(const OrvMidiMessage& order, ResetRequest& request) EXCLUDES(criticalSection);
     void queueReset(const OrvMidiMessage& order, ResetRequest& request) REQUIRES(criticalSection);
     void serveReset(Slice& slice, const OrvMidiMessage& order) REQUIRES(criticalSection);
-    void carryOut(Slice& slice, const OrvMidiMessage& order) REQUIRES(criticalSection);
+    void carryOut(Slice& slice, const OrvMidiMessage& order, ResetRequest& request) REQUIRES(criticalSection);
     void reset(Slice& slice) REQUIRES(criticalSection);
     void hardReset(Slice& slice) REQUIRES(criticalSection);
 
@@ -124,16 +184,22 @@ private:
     // Guarded by the engine lock
     MidiInputPorts midiInputPorts GUARDED_BY(criticalSection);
     MidiOutputPorts midiOutputPorts GUARDED_BY(criticalSection);
+    std::array<bool, 256> enabledOutputs GUARDED_BY(criticalSection){};  // by the output's byte; none is enabled
     int defaultMidiOutput GUARDED_BY(criticalSection) = -1;
     bool midiThru GUARDED_BY(criticalSection) = true;
     WindowHandle guiWindow GUARDED_BY(criticalSection);
     std::vector<OrvMidiMessage> timedEvents GUARDED_BY(criticalSection);  // in order of arrival
     std::vector<OrvMidiMessage> pending GUARDED_BY(criticalSection);      // of this slice
+    std::int32_t earliest GUARDED_BY(criticalSection) = 0;                // pulse among them
     std::vector<Slice::Drop> drops GUARDED_BY(criticalSection);
     std::vector<ResetRequest*> resetRequests GUARDED_BY(criticalSection);  // one per queued reset, oldest first
     int resetsUnderWay GUARDED_BY(criticalSection) = 0;
     int keptTempoSource GUARDED_BY(criticalSection) = -1;
-    NoteOutputs directOutputs GUARDED_BY(criticalSection);
+    Layers::EngineLayerList layers GUARDED_BY(criticalSection);
+    Zones::EngineZones zones GUARDED_BY(criticalSection);
+    PressMemory presses GUARDED_BY(criticalSection);
+    SentPairs sentPairs GUARDED_BY(criticalSection);
+    NoteMemory directOutputs GUARDED_BY(criticalSection);
     NoteCounters noteCounters GUARDED_BY(criticalSection);
 
     // Last, so that its thread ends before what it works on goes

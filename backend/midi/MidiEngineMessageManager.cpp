@@ -4,7 +4,6 @@
 
 #include "backend/core/Command.h"
 #include "backend/midi/MidiEngine.h"
-#include "platform/DbgStream.h"
 
 namespace Backend::MidiEngine
 {
@@ -19,6 +18,9 @@ enum Number : unsigned int {
     ENABLE_MIDI_INPUT = 32874,
     ENABLE_MIDI_OUTPUT = 32875,
     SET_DEFAULT_MIDI_OUTPUT = 32876,
+    SET_LAYER_LIST = 32877,
+    SET_ZONE_MAP = 32879,
+    SET_ZONE = 32880,
     SET_TEMPO = 32881,
     SET_TEMPO_SOURCE = 32882,
     SET_MIDI_THRU = 32883
@@ -32,6 +34,9 @@ constexpr auto COMMANDS = std::to_array<Command<MidiEngine>>({
     command<&MidiEngine::enableMidiInput>(ENABLE_MIDI_INPUT, "EnableMidiInput"),
     command<&MidiEngine::enableMidiOutput>(ENABLE_MIDI_OUTPUT, "EnableMidiOutput"),
     command<&MidiEngine::setDefaultMidiOutput>(SET_DEFAULT_MIDI_OUTPUT, "SetDefaultMidiOutput"),
+    command<&MidiEngine::setLayerList>(SET_LAYER_LIST, "SetLayerList"),
+    command<&MidiEngine::setZoneMap>(SET_ZONE_MAP, "SetZoneMap"),
+    command<&MidiEngine::setZone>(SET_ZONE, "SetZone"),
     command<&MidiEngine::setTempo>(SET_TEMPO, "SetTempo"),
     command<&MidiEngine::setTempoSource>(SET_TEMPO_SOURCE, "SetTempoSource"),
     command<&MidiEngine::setMidiThru>(SET_MIDI_THRU, "SetMidiThru"),
@@ -43,13 +48,7 @@ MidiEngineMessageManager::MidiEngineMessageManager(MidiEngine& midiEngine)
 {
 }
 
-void MidiEngineMessageManager::handleMessage(Message& message)
-{
-    if (const auto* row = findCommand<MidiEngine>(COMMANDS, message))
-        row->carryOut(engine, message);
-    else
-        WindowsLib::DbgStream() << "engine message " << message.number << ": no such command, ignored";
-}
+void MidiEngineMessageManager::handleMessage(Message& message) { carryOut<MidiEngine>(COMMANDS, engine, message); }
 
 void MidiEngineMessageManager::postPlayMidi(const OrvMidiMessage& event)
 {
@@ -77,6 +76,18 @@ void MidiEngineMessageManager::postEnableMidiOutput(int port, bool enabled)
 }
 
 void MidiEngineMessageManager::postSetDefaultMidiOutput(int port) { worker.post(pack(SET_DEFAULT_MIDI_OUTPUT, port)); }
+
+void MidiEngineMessageManager::postSetLayerList(std::vector<Layers::Layer> layers)
+{
+    worker.post(pack(SET_LAYER_LIST, std::move(layers)));
+}
+
+void MidiEngineMessageManager::postSetZoneMap(std::vector<Zones::Zone> zones)
+{
+    worker.post(pack(SET_ZONE_MAP, std::move(zones)));
+}
+
+void MidiEngineMessageManager::postSetZone(const Zones::Zone& zone) { worker.post(pack(SET_ZONE, zone)); }
 
 void MidiEngineMessageManager::postSetTempo(int bpm) { worker.post(pack(SET_TEMPO, bpm)); }
 

@@ -1,5 +1,9 @@
 #pragma once
 
+#include <vector>
+
+#include "backend/layers/Layer.h"
+#include "backend/layers/Zone.h"
 #include "backend/midi/MidiPort.h"
 #include "backend/midi/OrvMidiMessage.h"
 #include "platform/Export.h"
@@ -27,6 +31,11 @@ public:
     void postEnableMidiInput(int port, bool enabled);
     void postEnableMidiOutput(int port, bool enabled);
     void postSetDefaultMidiOutput(int port);
+    /// A reset comes first, and the layers with it. The worker waits for the slice that does both.
+    void postSetLayerList(std::vector<Layers::Layer> layers);
+    void postSetZoneMap(std::vector<Zones::Zone> zones);
+    /// Only the transposition, and only if that zone is there.
+    void postSetZone(const Zones::Zone& zone);
     void postSetTempo(int bpm);
     void postSetTempoSource(int source);
     void postSetMidiThru(bool on);

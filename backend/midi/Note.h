@@ -36,6 +36,14 @@ private:
     std::int16_t number = -1;
 };
 
+/// Brings any number into 0 to 127 by whole octaves, as few as it takes.
+constexpr int foldNote(std::int64_t number)
+{
+    if (number < 0) return static_cast<int>(number + (-number - 1) / 12 * 12 + 12);
+    if (number > 127) return static_cast<int>(number - (number - 128) / 12 * 12 - 12);
+    return static_cast<int>(number);
+}
+
 enum class Octave { without, with };
 
 /// "C#" or "C#4" of a note number from 0 upwards; empty below.

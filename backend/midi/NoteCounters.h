@@ -17,22 +17,24 @@ public:
     class Counter
     {
     public:
-        void press() { ++count; }
+        void press() { word += ONE; }
 
         /// True if this note off ends the note: its count reaches zero, or nothing was counted.
         bool release()
         {
-            if (count > 0) --count;
-            return count == 0;
+            if (word >= ONE) word -= ONE;
+            return word < ONE;
         }
 
-        void setPlayerHolds(bool holds) { playerHolds = holds ? 1 : 0; }
-        bool doesPlayerHold() const { return playerHolds != 0; }
+        void setPlayerHolds(bool holds) { word = (word & ~HOLDS) | (holds ? HOLDS : 0); }
+        bool doesPlayerHold() const { return (word & HOLDS) != 0; }
 
     private:
         friend class NoteCounters;
-        std::uint32_t count : 31 = 0;
-        std::uint32_t playerHolds : 1 = 0;
+        static constexpr std::uint32_t HOLDS = 1;  // the lowest bit
+        static constexpr std::uint32_t ONE = 2;    // the count is what stands above it
+
+        std::uint32_t word = 0;
     };
 
     /// The counter of a note, or null if one of the three lies outside the table.
@@ -42,9 +44,11 @@ public:
         const auto c = static_cast<unsigned>(channel);
         const auto n = static_cast<unsigned>(note);
         if (o >= OUTPUTS || c >= CHANNELS || n >= NOTES) return nullptr;
-        used[o] = true;
         return &counters[(o * CHANNELS + c) * NOTES + n];
     }
+
+    /// To be told before the first note on an output.
+    void use(int output) { used[static_cast<unsigned>(output)] = true; }
 
     /// Forgets an output whose port went.
     void clearOutput(int output);
@@ -58,8 +62,8 @@ public:
             for (int channel = 0; channel < CHANNELS; ++channel)
                 for (int note = 0; note < NOTES; ++note) {
                     Counter* counter = find(output, channel, note);
-                    if (counter->count == 0) continue;
-                    counter->count = 0;
+                    if (counter->word < Counter::ONE) continue;
+                    counter->word &= Counter::HOLDS;
                     release(output, channel, note);
                 }
         }

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <optional>
+
+#include "backend/layers/EngineLayerList.h"
 #include "platform/Event.h"
 #include "platform/Worker.h"
 
@@ -9,6 +12,7 @@ namespace Backend::MidiEngine
 struct ResetRequest {
     Event done;
     Worker* waiter = Worker::current();  ///< counts as resting until the reset was served; null for a foreign thread
-    ResetRequest* next = nullptr;        ///< among those that one slice served
+    std::optional<Layers::EngineLayerList> layers;  ///< to be swapped in right behind the reset; then the old ones
+    ResetRequest* next = nullptr;                   ///< among those that one slice served
 };
 }  // namespace Backend::MidiEngine

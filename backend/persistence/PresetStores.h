@@ -4,18 +4,17 @@
 
 namespace Backend
 {
-/// The presets of all six sections. They know nothing of each other.
+/// The presets of the sections that have no manager of their own. They know nothing of each other.
 struct PresetStores {
     PresetManager oscillators{PresetSections::OSCILLATORS};
     PresetManager joystick{PresetSections::JOYSTICK};
     PresetManager computerInput{PresetSections::COMPUTER_INPUT};
     PresetManager midiInput{PresetSections::MIDI_INPUT};
     PresetManager controls{PresetSections::CONTROLS};
-    PresetManager layers{PresetSections::LAYERS};
 
     void refresh()
     {
-        for (PresetManager* store : {&oscillators, &joystick, &computerInput, &midiInput, &controls, &layers})
+        for (PresetManager* store : {&oscillators, &joystick, &computerInput, &midiInput, &controls})
             store->refresh();
     }
 };

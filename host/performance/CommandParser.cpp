@@ -3,6 +3,9 @@
 #include <algorithm>
 #include <iterator>
 
+#include "host/InputError.h"
+#include "host/SetupFile.h"
+
 namespace Host
 {
 namespace
@@ -61,14 +64,26 @@ Command parseEnable(PerformanceLine& line)
     return enable;
 }
 
+Command parseLoad(PerformanceLine& line)
+{
+    const std::string_view name = line.rest("the file");
+    const auto path = line.file(name);
+    try {
+        checkSetupFile(path);
+    } catch (const InputError& reason) {
+        line.refuse(reason.what());
+    }
+    return LoadCommand{path.string()};
+}
+
 struct CommandRow {
     std::string_view word;
     Command (*parse)(PerformanceLine&);  // null: a command of the format that is not available yet
 };
 
 constexpr CommandRow COMMANDS[] = {
-    {"midi", parseMidi}, {"play", parsePlay}, {"enable", parseEnable}, {"key", nullptr},  {"function", nullptr},
-    {"axis", nullptr},   {"button", nullptr}, {"control", nullptr},    {"load", nullptr}, {"record", nullptr},
+    {"midi", parseMidi}, {"play", parsePlay}, {"enable", parseEnable}, {"key", nullptr},    {"function", nullptr},
+    {"axis", nullptr},   {"button", nullptr}, {"control", nullptr},    {"load", parseLoad}, {"record", nullptr},
 };
 }  // namespace
 

@@ -1,5 +1,7 @@
 #include "host/performance/CommandPost.h"
 
+#include "host/SetupFile.h"
+
 namespace Host
 {
 using Backend::OrvMessageManager;
@@ -30,6 +32,8 @@ void postKind(OrvMessageManager& backend, const EnableCommand& command)
     else
         backend.postEnableMidiOutput(command.port, command.on);
 }
+
+void postKind(OrvMessageManager& backend, const LoadCommand& command) { postLoad(backend, command.file); }
 }  // namespace
 
 void post(OrvMessageManager& backend, const Command& command)

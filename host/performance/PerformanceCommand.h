@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 #include <variant>
 
 namespace Host
@@ -39,8 +40,15 @@ struct EnableCommand {
     bool operator==(const EnableCommand&) const = default;
 };
 
+/// A program (.prg) or bank (.bnk) is loaded. The file can be read at the time the performance is.
+struct LoadCommand {
+    std::string file;
+
+    bool operator==(const LoadCommand&) const = default;
+};
+
 /// What a line of a performance asks for. A further kind is a struct here and a row in the table of parseCommand.
-using Command = std::variant<MidiCommand, PlayCommand, EnableCommand>;
+using Command = std::variant<MidiCommand, PlayCommand, EnableCommand, LoadCommand>;
 
 struct TimedCommand {
     std::int32_t time;  ///< pulses from the start, 480 per quarter note, 0 to LAST_PULSE

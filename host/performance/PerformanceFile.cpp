@@ -39,14 +39,15 @@ std::string lowerCase(std::string text)
 }
 }  // namespace
 
-std::vector<TimedCommand> parsePerformance(std::string_view text, const std::string& name)
+std::vector<TimedCommand> parsePerformance(std::string_view text, const std::string& name,
+                                           const std::filesystem::path& folder)
 {
     if (text.starts_with(BYTE_ORDER_MARK)) text.remove_prefix(BYTE_ORDER_MARK.size());
     std::vector<TimedCommand> commands;
     for (std::size_t lineNumber = 1; !text.empty(); ++lineNumber) {
         const std::size_t size = text.find('\n');
         const std::string where = name + ":" + std::to_string(lineNumber);
-        PerformanceLine line(text.substr(0, size), where);
+        PerformanceLine line(text.substr(0, size), where, folder);
         if (!line.empty()) {
             const std::int32_t time = parseTime(line);
             commands.push_back({time, parseCommand(line)});
@@ -85,6 +86,7 @@ std::vector<TimedCommand> readInput(const std::filesystem::path& path)
     if (ending == ".mid" || ending == ".midi") return fromMidiFile(readMidiFile(path));
     if (ending != ".perf") throw InputError(path.string() + ": neither a performance (.perf) nor a MIDI file (.mid)");
     const std::vector<std::uint8_t> bytes = readWholeFile(path);
-    return parsePerformance({reinterpret_cast<const char*>(bytes.data()), bytes.size()}, path.string());
+    return parsePerformance({reinterpret_cast<const char*>(bytes.data()), bytes.size()}, path.string(),
+                            path.parent_path());
 }
 }  // namespace Host

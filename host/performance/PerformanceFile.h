@@ -15,9 +15,11 @@ namespace Host
 ///
 ///     <time> <command> [arguments]
 ///
-/// `<time>` is in pulses from the start, 480 per quarter note, 0 to LAST_PULSE. Throws InputError ("demo.perf:12: ...",
-/// where `name` is what comes before the colon) at the first line that cannot be understood.
-std::vector<TimedCommand> parsePerformance(std::string_view text, const std::string& name);
+/// `<time>` is in pulses from the start, 480 per quarter note, 0 to LAST_PULSE. Files that it loads are named relative
+/// to `folder`. Throws InputError ("demo.perf:12: ...", where `name` is what comes before the colon) at the first line
+/// that cannot be understood.
+std::vector<TimedCommand> parsePerformance(std::string_view text, const std::string& name,
+                                           const std::filesystem::path& folder = {});
 
 /// The channel messages of a MIDI file as they arrive at the first input port.
 std::vector<TimedCommand> fromMidiFile(const std::vector<MidiFileEvent>& events);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <utility>
 
 #include "host/InputError.h"
 #include "host/performance/Utf8.h"
@@ -38,7 +39,8 @@ bool parseWhole(std::string_view word, int base, int& value)
 }
 }  // namespace
 
-PerformanceLine::PerformanceLine(std::string_view line, const std::string& place) : text(line), where(place)
+PerformanceLine::PerformanceLine(std::string_view line, const std::string& place, std::filesystem::path filesIn)
+    : text(line), where(place), folder(std::move(filesIn))
 {
     if (text.find('\0') != std::string_view::npos) refuse("the line holds a NUL byte");
     if (!isUtf8(text)) refuse("the line is not UTF-8 text");
@@ -53,6 +55,14 @@ std::string_view PerformanceLine::word(std::string_view name)
     text = trimmed(text.substr(word.size()));
     return word;
 }
+
+std::string_view PerformanceLine::rest(std::string_view name)
+{
+    if (text.empty()) refuse(std::string(name) + " is missing");
+    return std::exchange(text, {});
+}
+
+std::filesystem::path PerformanceLine::file(std::string_view name) const { return folder / std::string(name); }
 
 int PerformanceLine::number(std::string_view name, int lowest, int highest)
 {

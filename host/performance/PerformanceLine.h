@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <filesystem>
 #include <string>
 #include <string_view>
 
@@ -12,8 +13,8 @@ namespace Host
 class PerformanceLine
 {
 public:
-    /// Throws InputError if the line is not UTF-8 or holds a NUL byte.
-    PerformanceLine(std::string_view text, const std::string& where);
+    /// Files are named relative to `folder`. Throws InputError if the line is not UTF-8 or holds a NUL byte.
+    PerformanceLine(std::string_view text, const std::string& where, std::filesystem::path folder = {});
 
     /// Nothing left but blanks.
     bool empty() const { return text.empty(); }
@@ -27,6 +28,12 @@ public:
     /// The next word as a byte, one or two hexadecimal digits.
     std::uint8_t hexadecimalByte(std::string_view name);
 
+    /// All that is left, which must not be nothing.
+    std::string_view rest(std::string_view name);
+
+    /// A file named relative to what the line came from.
+    std::filesystem::path file(std::string_view name) const;
+
     /// Refuses a line that goes on.
     void end() const;
 
@@ -35,6 +42,7 @@ public:
 private:
     std::string_view text;
     const std::string& where;
+    const std::filesystem::path folder;
 };
 
 /// A word of the user's for a message: in single quotes, control characters as `?`, cut after 40 bytes.

@@ -8,6 +8,8 @@
 #include "backend/core/OrvFactory.h"
 #include "backend/core/OrvMessageManager.h"
 #include "backend/midi/MidiEngine.h"
+#include "backend/persistence/Program.h"
+#include "host/SetupFile.h"
 #include "host/performance/CommandPost.h"
 #include "platform/Thread.h"
 
@@ -35,6 +37,7 @@ OfflineLoop::OfflineLoop(const Settings& wanted)
       outputPorts(makePorts<Backend::MidiEngine::MidiOutputPorts>("Out", wanted.outputs))
 {
     if (!orv) throw std::bad_alloc();
+    orv->getProgram().number = settings.number;
     orv->start();
     auto& commands = orv->getOrvMessageManager();
     commands.sendInitialize();
@@ -42,6 +45,7 @@ OfflineLoop::OfflineLoop(const Settings& wanted)
     commands.sendSetMidiOutputPorts(outputPorts);
     commands.sendEndInitialize();
     rest(0);
+    loadSetups();
 }
 
 OfflineLoop::~OfflineLoop()
@@ -66,6 +70,14 @@ void OfflineLoop::play(const std::vector<TimedCommand>& commands)
     }
     resetIn(ppq);
     end = ppq;
+}
+
+void OfflineLoop::loadSetups()
+{
+    for (const auto& path : settings.loads) {
+        postLoad(orv->getOrvMessageManager(), path.string());
+        rest(0);
+    }
 }
 
 void OfflineLoop::playSlice(std::int32_t ppq, std::int32_t length)

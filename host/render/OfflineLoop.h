@@ -28,6 +28,8 @@ public:
         std::int32_t slice = 1;                     ///< pulses per time slice, 1 to 4999
         std::int32_t tail = 1920;                   ///< pulses played on after the last command, at least a slice
         std::optional<std::filesystem::path> data;  ///< the data folder; a fresh one, with the factory content, if none
+        std::vector<std::filesystem::path> loads;   ///< programs and banks loaded before the start, in order
+        int number = 0;                             ///< of the program taken from a bank, from 0
         std::vector<std::string> choices;           ///< settings by their stored names, "MidiThru=0"
     };
 
@@ -48,6 +50,7 @@ public:
     const Backend::MidiEngine::MidiOutputPorts& getOutputPorts() const { return outputPorts; }
 
 private:
+    void loadSetups();
     void playSlice(std::int32_t ppq, std::int32_t length);
     void rest(std::int32_t ppq);
     void resetIn(std::int32_t ppq);

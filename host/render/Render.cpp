@@ -3,6 +3,7 @@
 #include <iostream>
 
 #include "host/InputError.h"
+#include "host/SetupFile.h"
 #include "host/WholeFile.h"
 #include "host/midifile/MidiFileWriter.h"
 #include "host/performance/PerformanceFile.h"
@@ -37,6 +38,7 @@ void render(const RenderRequest& request)
     if (!request.events && !request.mid && !request.wav)
         throw InputError("render: nothing to write: give --events, --mid or --wav");
     const auto commands = readInputs(request.inputs);
+    for (const auto& path : request.settings.loads) checkSetupFile(path);
     OfflineLoop loop(request.settings);
     loop.play(commands);
 

@@ -13,13 +13,9 @@ namespace
 constexpr int MOST_URGENT_PRIORITY = 8;
 }  // namespace
 
-ThreadId currentThreadId()
-{
-    // At a fixed place of the thread's own block, so that the engine lock can ask at the price of a read.
-    static thread_local ThreadId known __attribute__((tls_model("initial-exec"))) = 0;
-    if (known == 0) known = static_cast<ThreadId>(syscall(SYS_gettid));
-    return known;
-}
+constinit thread_local ThreadId Detail::knownThreadId = 0;
+
+ThreadId Detail::learnThreadId() { return knownThreadId = static_cast<ThreadId>(syscall(SYS_gettid)); }
 
 bool requestRealTimePriority(int step)
 {

@@ -149,7 +149,7 @@ class Live(unittest.TestCase):
                              "X:Orvane Out=monitor:input", "--connect", "nobody:there=monitor:input")
         self.assertEqual(orvane.complained.count("\n"), 1, orvane.complained)
         self.assertIn("nobody:there", orvane.complained)
-        messages = ["90 3c 64", "b1 07 7f", "c2 05", "d3 44", "e4 00 40", "a0 3c 01", "fa", "fb", "fc", "f2 01 02",
+        messages = ["90 3c 64", "b0 07 7f", "c0 05", "d0 44", "e0 00 40", "a0 3c 01", "fa", "fb", "fc", "f2 01 02",
                     "80 3c 40", "ff"]
         kept = ["f8", "fe", "f0 01 02 f7"]
         self.play("X:Orvane In", *(f"{20 * at}:{message.replace(' ', '')}"
@@ -174,8 +174,8 @@ class Live(unittest.TestCase):
         orvane = self.orvane("--default-output", "2")
         self.assertIn("monitor:input", self.connections("orvane:to monitor:input"))
         self.assertEqual(source.process.wait(PATIENCE), 0)
-        monitor.await_message("83 3c 40")
-        self.assertEqual(monitor.heard, ["93 3c 64", "83 3c 40"])
+        monitor.await_message("80 3c 40")
+        self.assertEqual(monitor.heard, ["90 3c 64", "80 3c 40"], "the layer gives them its channel")
         self.assertEqual(orvane.end(), 0)
 
     def test_a_signal_ends_with_every_note_off(self):
@@ -188,11 +188,11 @@ class Live(unittest.TestCase):
                 output = next(line.split()[0] for line in orvane.printed.splitlines() if line.endswith("direct:input"))
                 orvane.say(f"play {output} 9 -1 144 36 100")
                 orvane.say(f"play {output} 0 -1 176 64 127")
-                thru.await_message("91 3e 64")
+                thru.await_message("90 3e 64")
                 direct.await_message("b0 40 7f")
                 orvane.process.send_signal(signal.SIGUSR1)
                 self.assertEqual(orvane.end(sent), 0, orvane.complained)
-                for monitor, expected in ((thru, ["80 3c", "81 3e"]), (direct, ["89 24", "b0 40 00"])):
+                for monitor, expected in ((thru, ["80 3c", "80 3e"]), (direct, ["89 24", "b0 40 00"])):
                     for message in expected:
                         until(lambda: any(heard.startswith(message) for heard in monitor.heard),
                               f"{message} among {monitor.heard}")

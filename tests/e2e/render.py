@@ -68,7 +68,7 @@ class Render(unittest.TestCase):
         performance = self.path("a.perf", b"10 midi 0 90 3C 64\n20 midi 0 E3 01 40\n30 midi 0 80 3C 40\n")
         self.orvane(performance, "--mid", first)
         events = self.orvane(first, "--events", "-").stdout.decode().splitlines()
-        self.assertEqual(events[1:], ["12,0,144,60,100", "22,0,227,1,64", "32,0,128,60,64"])
+        self.assertEqual(events[1:], ["12,0,144,60,100", "22,0,224,1,64", "32,0,128,60,64"])
         self.orvane(first, "--mid", second)
 
     def test_several_inputs_are_merged_by_time(self):
@@ -76,6 +76,21 @@ class Render(unittest.TestCase):
         b = self.path("b.perf", b"5 play 0 0 -1 144 62 1\n6 play 0 0 -1 144 63 1\n")
         events = self.orvane(b, a, "--events", "-", "--tail", "0").stdout.decode().splitlines()
         self.assertEqual(events[1:5], ["6,0,144,62,1", "6,0,144,60,1", "7,0,144,63,1", "8,0,144,61,1"])
+
+    def test_programs_and_banks_are_loaded_before_and_while_it_plays(self):
+        def program(name, channel):
+            return f'<Program name="{name}"><Layers><Layer channel="{channel}"/></Layers></Program>'
+        bank = self.path("setups.bnk", f"<Bank>{program('A', 1)}{program('B', 2)}</Bank>".encode())
+        other = self.path("other.prg", f"<ProgramFile>{program('C', 3)}</ProgramFile>".encode())
+        performance = self.path("a.perf", b"0 midi 0 90 3C 64\n10 load other.prg\n10 midi 0 90 3D 64\n")
+
+        def played(*options):
+            return self.orvane(performance, "--tail", "5", "--events", "-", *options).stdout.decode().splitlines()[1:]
+        self.assertEqual(played()[0], "1,0,144,60,100", "the first-run default bank")
+        self.assertEqual(played("--load", bank), ["1,0,145,60,100", "10,0,129,60,100", "11,0,147,61,100",
+                                                  "16,0,131,61,100"])
+        self.assertEqual(played("--load", bank, "--number", "1")[0], "1,0,146,60,100")
+        self.assertEqual(played("--load", bank, "--load", other)[0], "1,0,147,60,100")
 
     def test_bad_input_is_one_line_status_2_and_no_file(self):
         good = self.path("good.perf", b"0 play 0 0 -1 144 60 100\n")
@@ -86,7 +101,7 @@ class Render(unittest.TestCase):
                  ([self.path("missing.perf")], "missing.perf"), ([self.folder.name], ""), ([], ""),
                  ([good, "--slice", "5000"], "--slice"), ([good, "--slice", "0"], "--slice"),
                  ([good, "--outputs", "two"], "--outputs"), ([good, "--tail", "-1"], "--tail"),
-                 ([good, "--nonsense"], "--nonsense"), ([good, "--load", "x.bnk"], "--load"),
+                 ([good, "--nonsense"], "--nonsense"), ([good, "--load", "x.bnk"], "x.bnk"), ([good, "--load", good], "good.perf"),
                  ([good, "--seed", "7"], "--seed"), ([good, bad], "bad.perf:3")]
         for arguments, named in cases:
             out = self.path("out.events")

@@ -90,8 +90,10 @@ TEST(PerformanceFile, RefusesALineItCannotUnderstandNamingIt)
     };
     for (const auto& row : ROWS)
         EXPECT_EQ(complaintAbout("0 midi 0 F8\r\n\n" + std::string(row.line) + "\n"), "demo.perf:3: " + row.complaint);
-    EXPECT_EQ(complaintOf([] { parseCommand("load a.prg", "standard input:7"); }),
-              "standard input:7: 'load' is not available yet");
+    EXPECT_EQ(complaintOf([] { parseCommand("record a", "standard input:7"); }),
+              "standard input:7: 'record' is not available yet");
+    EXPECT_EQ(complaintOf([] { parseCommand("load no such.prg", "standard input:7"); }),
+              "standard input:7: no such.prg: no such file or directory");
 }
 
 TEST(PerformanceFile, TakesEitherLineEndCommentsAndAByteOrderMark)

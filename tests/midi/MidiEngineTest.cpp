@@ -115,18 +115,26 @@ TEST(TimeSlice, TurnsMillisecondsIntoPulses)
 TEST(TimeSlice, AllocatesNothingInTheSteadyState)
 {
     Engine stage;
-    const auto window = std::make_shared<MessageQueue>(256);
+    const auto window = std::make_shared<MessageQueue>(1024);
     stage.engine.setGuiWindowHandle(WindowHandle(window));
+    std::vector<Layers::Layer> layers(3);
+    layers[0].mono = true;
+    layers[1].minVelocity = 30;
+    layers[2].toggle.mode = NoteToggle::Mode::type2;
+    stage.engine.setLayerList(layers);
     stage.player.events.reserve(100000);
     std::uint64_t counted = 0;
     std::int32_t ppq = 1000;
-    for (int round = 0; round < 200; ++round) {
+    for (int round = 0; round < 400; ++round) {
         for (int i = 0; i < 32; ++i)
-            stage.add(i % 2 == 0 ? noteOn(round % 100, -1, i / 2 % 16) : noteOff(round % 100, -1, i / 2 % 16));
+            stage.add(i % 2 == 0 ? noteOn(round % 100, -1, i / 2 % 16 - 1) : noteOff(round % 100, -1, i / 2 % 16 - 1));
+        for (const MessageType type : {MessageType::noteOn, MessageType::noteOff})
+            stage.add({type, round % 100, 99, -1, -1, 1, -1, -1});
+        stage.add({MessageType::controllerChange, 7, round % 100, -1, -1, 1, -1, -1});
         stage.add(noteOn(5, 1, 0, ppq + 40));
         const auto before = allocationsOfThisThread();
         for (int slice = 0; slice < 8; ++slice, ppq += 4) stage.engine.playTimeSlice(ppq, ppq + 4);
-        if (round >= 20) counted += allocationsOfThisThread() - before;
+        if (round >= 200) counted += allocationsOfThisThread() - before;
         while (window->handleNext([](Message&) {})) {}
     }
     EXPECT_EQ(counted, 0u);
@@ -156,6 +164,7 @@ TEST(DirectPath, FillsInTheDefaultsAndDropsWhatHasNoPort)
 TEST(DirectPath, AnEventForTheLayersIsSilentWithoutLayers)
 {
     Stage stage;
+    stage.setLayers({});
     stage.play(noteOn(60, -1, -1));
     EXPECT_EQ(stage.played(), "");
 }

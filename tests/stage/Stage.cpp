@@ -4,6 +4,7 @@
 #include <thread>
 
 #include "backend/core/OrvFactory.h"
+#include "backend/layers/LayerMessageManager.h"
 #include "backend/midi/Note.h"
 
 using namespace Backend;
@@ -60,7 +61,7 @@ Stage::Stage() : orv(OrvFactory::createOrv("Stage", player, false))
     commands().sendSetMidiInputPorts(inputs({"In 1", "In 2", "In 3"}));
     commands().sendSetMidiOutputPorts(outputs({"Out 1", "Out 2", "Out 3"}));
     commands().sendEndInitialize();
-    rest();
+    setLayers({{}});
     slice(1);
     player.wishes.clear();
 }
@@ -160,6 +161,14 @@ void Stage::setOutputEnabled(int output, bool enabled)
     auto ports = outputs({"Out 1", "Out 2", "Out 3"});
     ports[static_cast<std::size_t>(output)].enabled = enabled;
     commands().sendSetMidiOutputPorts(ports);
+    rest();
+}
+
+void Stage::setLayers(const std::vector<Layers::Layer>& layers)
+{
+    Layers::LayerList list;
+    for (const Layers::Layer& layer : layers) list.add(layer);
+    orv->getLayerMessageManager().postSetLayers(list, false);
     rest();
 }
 

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "backend/core/OrvIF.h"
+#include "backend/layers/Layer.h"
 #include "backend/core/OrvMessageManager.h"
 #include "backend/midi/MidiEngineMessageManager.h"
 #include "backend/midi/MidiPlayer.h"
@@ -32,7 +33,7 @@ public:
 };
 
 /// The library on a stage: real threads, a clock that is a counter and a player that listens. Ports "In 1".."In 3" and
-/// "Out 1".."Out 3", all enabled; the default output is the first. Its user is new, with folders of its own.
+/// "Out 1".."Out 3", all enabled; the default output is the first. One default layer. Its user is new, with folders of its own.
 class Stage
 {
 public:
@@ -69,6 +70,8 @@ public:
     Backend::MidiEngine::MidiOutputPorts outputs(std::initializer_list<const char*> names) const;
     void setOutputEnabled(int output, bool enabled);
     void setThru(bool on);
+    /// Replaces all layers.
+    void setLayers(const std::vector<Backend::Layers::Layer>& layers);
 
     Backend::OrvMessageManager& commands() { return orv->getOrvMessageManager(); }
     Backend::MidiEngine::MidiEngineMessageManager& engine() { return orv->getMidiEngineMessageManager(); }

@@ -1,4 +1,4 @@
-#include "backend/midi/NoteOutputs.h"
+#include "backend/midi/NoteMemory.h"
 
 #include <gtest/gtest.h>
 
@@ -6,14 +6,14 @@
 #include <map>
 #include <random>
 
-using Backend::MidiEngine::NoteOutputs;
+using Backend::MidiEngine::NoteMemory;
 
-TEST(NoteOutputs, GivesBackTheOldestFirstWhateverChangedInBetween)
+TEST(NoteMemory, GivesBackTheOldestFirstWhateverChangedInBetween)
 {
     // Against the plainest model: a queue per place.
     std::mt19937 random(7);
     const auto below = [&](unsigned limit) { return static_cast<int>(random() % limit); };
-    NoteOutputs outputs(4);
+    NoteMemory outputs(4);
     std::map<int, std::deque<int>> model;
     for (int step = 0; step < 20000; ++step) {
         const int place = below(4);

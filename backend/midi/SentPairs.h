@@ -1,0 +1,27 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+
+namespace Backend::MidiEngine
+{
+/// To which outputs and channels the event at hand has gone already. A new event begins by a count, not by clearing.
+class SentPairs
+{
+public:
+    void begin() { ++event; }
+
+    /// False if the pair is there already. Output 0 to 127, channel 0 to 15.
+    bool add(int output, int channel)
+    {
+        std::uint64_t& last = pairs[static_cast<unsigned>(output) * 16 + static_cast<unsigned>(channel)];
+        if (last == event) return false;
+        last = event;
+        return true;
+    }
+
+private:
+    std::uint64_t event = 0;
+    std::array<std::uint64_t, 128 * 16> pairs{};
+};
+}  // namespace Backend::MidiEngine

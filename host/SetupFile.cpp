@@ -1,0 +1,25 @@
+#include "host/SetupFile.h"
+
+#include "backend/persistence/Bank.h"
+#include "host/InputError.h"
+#include "host/WholeFile.h"
+
+namespace Host
+{
+void checkSetupFile(const std::filesystem::path& path)
+{
+    if (path.extension() != ".prg" && path.extension() != ".bnk")
+        throw InputError(path.string() + ": neither a program (.prg) nor a bank (.bnk)");
+    readWholeFile(path);
+    if (Backend::Bank::fromFile(path.string()).programNames.empty())
+        throw InputError(path.string() + ": there is no program in it");
+}
+
+void postLoad(Backend::OrvMessageManager& backend, const std::string& path)
+{
+    if (path.ends_with(".prg"))
+        backend.postLoadProgram(path);
+    else
+        backend.postLoadBank(path);
+}
+}  // namespace Host

@@ -1,0 +1,107 @@
+#include "backend/layers/ZoneManager.h"
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+#include "backend/persistence/XmlDocument.h"
+#include "tests/stage/Stage.h"
+
+using namespace Backend;
+using namespace Backend::MidiEngine;
+using namespace Backend::Zones;
+using Kind = SelectType::Kind;
+
+namespace
+{
+struct ZoneStage : Stage {
+    ZoneManager& zones() { return orv->getZoneManager(); }
+
+    void read(const std::string& section)
+    {
+        zones().readXml(XmlDocument("<Zones>" + section + "</Zones>", XmlDocument::Source::text).getRoot());
+        rest();
+    }
+    std::string written()
+    {
+        std::ostringstream out;
+        zones().writeXml(out, 0);
+        return out.str();
+    }
+    int selected()
+    {
+        for (int id = 0; id < 128; ++id)
+            if (const Zone* zone = zones().getZones().findElement(static_cast<ZoneId>(id)))
+                if (zone->selected) return id;
+        return -1;
+    }
+    void note(MessageType type, int note, int zone) { play({type, note, 100, -1, -1, zone, -1, -1}); }
+};
+}  // namespace
+
+TEST(Zones, StayThroughASecondSectionWithItsTranspositions)
+{
+    ZoneStage stage;
+    stage.read("<Zone id='5' transpose='12'/><Zone id='2' transpose='-3'/>");
+    EXPECT_EQ(stage.selected(), 2) << "the lowest";
+    stage.read("<Zone id='2' transpose='1'/><Other/><Zone/>");
+    EXPECT_EQ(stage.written(),
+              "<Zones merge=\"false\">\n\t<Zone id=\"0\" transpose=\"0\"/>\n\t<Zone id=\"2\" transpose=\"1\"/>\n"
+              "\t<Zone id=\"5\" transpose=\"0\"/>\n</Zones>\n");
+    EXPECT_EQ(stage.selected(), 0);
+    stage.zones().updateZones();
+    EXPECT_EQ(stage.zones().getZones().size(), 0u) << "no input plays in them";
+}
+
+TEST(Zones, AreSelectedPastGaps)
+{
+    ZoneStage stage;
+    stage.read("<Zone id='2'/><Zone id='5'/>");
+    const auto select = [&](Kind kind, int value = 0) {
+        stage.zones().selectZone({kind, value});
+        return stage.selected();
+    };
+    EXPECT_EQ(select(Kind::up), 5);
+    EXPECT_EQ(select(Kind::up), 5) << "nothing above";
+    EXPECT_EQ(select(Kind::down), 2);
+    EXPECT_EQ(select(Kind::down), 2);
+    EXPECT_EQ(select(Kind::specific, 5), 5);
+    EXPECT_EQ(select(Kind::specific, 3), -1) << "an unknown number leaves none";
+    EXPECT_EQ(select(Kind::specific, 261), -1);
+    EXPECT_EQ(select(Kind::up), 2);
+}
+
+TEST(Zones, AreTransposedByNumberAllTogetherOrWhereSelected)
+{
+    ZoneStage stage;
+    stage.read("<Zone id='2'/><Zone id='5' transpose='120'/>");
+    stage.zones().changeTranspose({Kind::all}, {true, 10});
+    stage.zones().changeTranspose({Kind::specific, 5}, {true, 1});
+    stage.zones().changeTranspose({Kind::specific, 4}, {true, 1});
+    stage.zones().changeTranspose({Kind::up}, {false, 7});
+    stage.zones().setZoneTranspose(9, 3);
+    EXPECT_EQ(stage.zones().getZones().findElement(2)->transpose, 7);
+    EXPECT_EQ(stage.zones().getZones().findElement(5)->transpose, static_cast<std::int8_t>(131));
+    EXPECT_EQ(stage.zones().getZones().size(), 2u);
+    stage.rest();
+}
+
+TEST(Zones, AHeldNoteEndsWhereItSoundsWhateverBecomesOfItsZone)
+{
+    ZoneStage stage;
+    stage.read("<Zone id='1' transpose='12'/>");
+    stage.note(MessageType::noteOn, 60, 1);
+    EXPECT_EQ(stage.played(), "C5 on");
+    stage.zones().setZoneTranspose(1, 2);
+    stage.note(MessageType::noteOn, 60, 1);
+    stage.note(MessageType::noteOff, 60, 1);
+    EXPECT_EQ(stage.played(), "D4 on, C5 off") << "the older press first";
+    stage.zones().setDefaults();
+    stage.note(MessageType::noteOff, 60, 1);
+    EXPECT_EQ(stage.played(), "D4 off") << "its zone is gone";
+    stage.note(MessageType::noteOff, 60, 1);
+    EXPECT_EQ(stage.played(), "C4 off");
+    stage.read("<Zone id='1' transpose='1'/>");
+    stage.note(MessageType::noteOff, 61, 1);
+    EXPECT_EQ(stage.played(), "C#4 off") << "never struck: as it is";
+}
