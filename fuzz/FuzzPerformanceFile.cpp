@@ -5,7 +5,7 @@
 #include "host/InputError.h"
 #include "host/LastPulse.h"
 #include "host/performance/PerformanceFile.h"
-#include "host/performance/Utf8.h"
+#include "platform/Utf8.h"
 
 namespace
 {
@@ -34,7 +34,7 @@ try {
     return 0;
 } catch (const Host::InputError& error) {
     const std::string_view line = error.what();
-    require(line.starts_with("fuzz.perf:") && Host::isUtf8(line));
+    require(line.starts_with("fuzz.perf:") && isUtf8(line));
     require(std::ranges::none_of(line, [](char letter) { return static_cast<unsigned char>(letter) < ' '; }));
     return 0;
 }

@@ -3,9 +3,9 @@
 #include <cstdint>
 #include <cstdlib>
 
-#include "backend/persistence/Utf8.h"
 #include "backend/persistence/XmlDocument.h"
 #include "backend/persistence/XmlWriter.h"
+#include "platform/Utf8.h"
 
 namespace
 {

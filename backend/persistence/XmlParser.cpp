@@ -3,8 +3,8 @@
 #include <new>
 #include <pugixml.hpp>
 
-#include "backend/persistence/Utf8.h"
 #include "backend/persistence/XmlDocument.h"
+#include "platform/Utf8.h"
 
 namespace
 {

@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "host/InputError.h"
-#include "host/performance/Utf8.h"
+#include "platform/Utf8.h"
 
 namespace Host
 {

@@ -1,4 +1,4 @@
-#include "backend/persistence/Utf8.h"
+#include "platform/Utf8.h"
 
 #include <bit>
 #include <cstdint>
