@@ -76,7 +76,8 @@ public:
     int getTempoSource() const override { return program.tempoSource; }
     void changeTempo(const RelativeFixedValue& value, bool notify) override;
     void setTempoSource(int source, bool notify) override;
-    void updateZones() override { zoneManager.updateZones(); }
+    // No input section plays in a zone as yet.
+    void updateZones() override { zoneManager.updateZones({}); }
     void resetOrv() override;
     void changeProgram(const SelectType& select) override;
     void changeDefaultMidiOutput(const SelectType& select) override;

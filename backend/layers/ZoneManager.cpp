@@ -11,10 +11,14 @@
 
 namespace Backend::Zones
 {
+using FunctionManagement::FunctionNoteSpan;
+using MidiEngine::Note;
+
 namespace
 {
 constexpr int HIGHEST_ZONE = 127;
-}
+constexpr ZoneId NO_ZONE = -1;
+}  // namespace
 
 ZoneManager::ZoneManager(OrvIF& backend, MessageManagerMaster& master) : orv(backend), messageManager(master, *this) {}
 
@@ -60,11 +64,31 @@ void ZoneManager::setDefaults()
     publish();
 }
 
-/// No input names a zone as yet, so none remains.
-void ZoneManager::updateZones()
+void ZoneManager::updateZones(std::span<const FunctionNoteSpan> spans)
 {
-    zones.clear();
+    const Zone* const selected = findSelected();
+    const ZoneId selectedId = selected != nullptr ? selected->id : NO_ZONE;
+    forEachZone([](Zone& zone) { zone.lowNote = zone.highNote = Note(); });
+    for (const FunctionNoteSpan& span : spans)
+        if (span.isPlayed()) mergeSpan(span);
+    forEachZone([this](const Zone& zone) {
+        if (!zone.lowNote.isNote() || !zone.highNote.isNote()) zones.remove(ZoneId{zone.id});
+    });
+
+    Zone* const kept = zones.findElement(selectedId);
+    selectOnly(kept != nullptr ? kept : findFrom(-1, 1));
     publish();
+}
+
+void ZoneManager::mergeSpan(const FunctionNoteSpan& span)
+{
+    if (span.zone < 0 || span.zone > HIGHEST_ZONE) return;
+    const auto id = static_cast<ZoneId>(span.zone);
+    Zone* const zone = zones.findElement(id);
+    if (zone == nullptr) return zones.put(id, {.id = id, .lowNote = span.lowNote, .highNote = span.highNote});
+    const auto number = [](Note note) { return note.getNumber(); };
+    if (!zone->lowNote.isNote() || number(zone->lowNote) > number(span.lowNote)) zone->lowNote = span.lowNote;
+    if (number(zone->highNote) < number(span.highNote)) zone->highNote = span.highNote;
 }
 
 // --- operations

@@ -2,8 +2,10 @@
 
 #include <cstdint>
 #include <iosfwd>
+#include <span>
 #include <vector>
 
+#include "backend/input/functions/FunctionNoteSpan.h"
 #include "backend/input/values/RelativeFixedValue.h"
 #include "backend/input/values/SelectType.h"
 #include "backend/layers/ZoneMap.h"
@@ -34,8 +36,12 @@ public:
     /// The element, one tag a line behind `indent` TABs.
     void writeXml(std::ostream& out, int indent) const;
 
-    /// Works out anew which zones exist and which notes are played in them.
-    void updateZones();
+    /// Works out anew which zones exist and which notes are played in them, from what the inputs play, in the order of
+    /// `spans`. A zone that none plays in goes, with its transposition; the selected one stays so, or the lowest is.
+    void updateZones(std::span<const FunctionManagement::FunctionNoteSpan> spans);
+
+    /// Widens the zone of the span's number, or adds one. Not published.
+    void mergeSpan(const FunctionManagement::FunctionNoteSpan& span);
 
     /// No zones.
     void setDefaults();

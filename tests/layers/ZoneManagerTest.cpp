@@ -49,8 +49,35 @@ TEST(Zones, StayThroughASecondSectionWithItsTranspositions)
               "<Zones merge=\"false\">\n\t<Zone id=\"0\" transpose=\"0\"/>\n\t<Zone id=\"2\" transpose=\"1\"/>\n"
               "\t<Zone id=\"5\" transpose=\"0\"/>\n</Zones>\n");
     EXPECT_EQ(stage.selected(), 0);
-    stage.zones().updateZones();
+    stage.orv->updateZones();
     EXPECT_EQ(stage.zones().getZones().size(), 0u) << "no input plays in them";
+}
+
+TEST(Zones, ReachAsFarAsTheInputsPlayInThem)
+{
+    ZoneStage stage;
+    stage.read("<Zone id='2' transpose='7'/><Zone id='9' transpose='1'/>");
+    stage.zones().selectZone({Kind::specific, 9});
+    const auto update = [&](std::vector<FunctionManagement::FunctionNoteSpan> spans) {
+        stage.zones().updateZones(spans);
+        std::string text;
+        for (int id = 0; id < 128; ++id)
+            if (const Zone* zone = stage.zones().getZones().findElement(static_cast<ZoneId>(id)))
+                text += std::to_string(id) + " " + zone->lowNote.toXmlString() + "-" + zone->highNote.toXmlString() +
+                        " " + std::to_string(zone->transpose) + (zone->selected ? " selected; " : "; ");
+        stage.rest();
+        return text;
+    };
+    EXPECT_EQ(update({{2, Note(60), Note(60)},
+                      {2, Note(67), Note(67)},
+                      {4, Note(50), Note(52)},
+                      {2, Note(48), Note(48)},
+                      {9, Note(-1), Note(-1)},
+                      {255, Note(1), Note(2)}}),
+              "2 C3-G4 7 selected; 4 D3-E3 0; ")
+        << "the zone that was selected is gone, so the lowest is";
+    stage.zones().selectZone({Kind::up});
+    EXPECT_EQ(update({{4, Note(51), Note(51)}, {2, Note(60), Note(61)}}), "2 C4-C#4 7; 4 D#3-D#3 0 selected; ");
 }
 
 TEST(Zones, AreSelectedPastGaps)
