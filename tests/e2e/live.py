@@ -72,7 +72,7 @@ class Server(Program):
     def __init__(self, test):
         self.test = test
         super().__init__(test, "jackd", "-r", "-n", test.environment["JACK_DEFAULT_SERVER"], "-d", "dummy", "-r",
-                         "48000", "-p", "512")
+                         "48000", "-p", "1024")
         until(lambda: "system:playback_1" in test.ports(), "the server")
 
     def stop(self):
