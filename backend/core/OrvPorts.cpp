@@ -1,0 +1,122 @@
+// The port lists, the default output and the user's choices.
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+#include "backend/core/GuiMessages.h"
+#include "backend/core/Orv.h"
+
+namespace Backend
+{
+using MidiEngine::isEnabled;
+using MidiEngine::MidiInputPort;
+using MidiEngine::MidiInputPorts;
+using MidiEngine::MidiOutputPort;
+using MidiEngine::MidiOutputPorts;
+
+namespace
+{
+// The operating system's own software synthesizer, which sounds on a first run.
+constexpr std::array<std::string_view, 2> SYSTEM_SYNTHESIZERS{"Microsoft GS Wavetable Synth",
+                                                              "Microsoft GS Wavetable SW Synth"};
+
+bool isSystemSynthesizer(const MidiOutputPort& port)
+{
+    return std::ranges::find(SYSTEM_SYNTHESIZERS, port.name) != SYSTEM_SYNTHESIZERS.end();
+}
+
+// Whether the device behind an input's number is still the one that was there before.
+bool isStillThere(const MidiInputPort& before, const MidiInputPorts& ports, std::size_t index)
+{
+    return index < ports.size() && ports[index].enabled && ports[index].found && ports[index].name == before.name;
+}
+}  // namespace
+
+void Orv::setMidiInputPorts(const MidiInputPorts& ports)
+{
+    for (std::size_t input = 0; input < midiInputPorts.size(); ++input)
+        if (!isStillThere(midiInputPorts[input], ports, input)) releaseHeldNotes(static_cast<int>(input));
+    midiInputPorts = ports;
+    midiEngine.getMessageManager().postSetMidiInputPorts(ports);
+    tellGui(GuiMessage::MIDI_INPUT_PORTS, ports);
+}
+
+void Orv::setMidiOutputPorts(const MidiOutputPorts& ports)
+{
+    midiOutputPorts = ports;
+    fixDefaultMidiOutput();
+    midiEngine.getMessageManager().postSetMidiOutputPorts(ports);
+    tellGui(GuiMessage::MIDI_OUTPUT_PORTS, ports);
+}
+
+/// Keeps a default that may still come back or is enabled; otherwise the system's synthesizer, or the first output
+/// that is enabled.
+void Orv::fixDefaultMidiOutput()
+{
+    int output = registrySettings.getDefaultMidiOutput();
+    const bool isSet = output >= 0;
+    if (isSet && (static_cast<std::size_t>(output) >= midiOutputPorts.size() || isEnabled(midiOutputPorts, output)))
+        return;
+
+    const auto indexOf = [&](auto port) {
+        return port == midiOutputPorts.end() ? -1 : static_cast<int>(port - midiOutputPorts.begin());
+    };
+    output = isSet ? -1 : indexOf(std::ranges::find_if(midiOutputPorts, isSystemSynthesizer));
+    if (!isEnabled(midiOutputPorts, output))
+        output = indexOf(std::ranges::find_if(midiOutputPorts, &MidiOutputPort::enabled));
+    setDefaultMidiOutput(output);
+}
+
+void Orv::setDefaultMidiOutput(int output)
+{
+    if (output == registrySettings.getDefaultMidiOutput()) return;
+    registrySettings.setDefaultMidiOutput(output);
+    midiEngine.getMessageManager().postSetDefaultMidiOutput(output);
+    tellGui(GuiMessage::DEFAULT_MIDI_OUTPUT, output);
+}
+
+void Orv::changeDefaultMidiOutput(const SelectType& select)
+{
+    const int current = registrySettings.getDefaultMidiOutput();
+    int output = -1;
+    switch (select.kind) {
+        case SelectType::Kind::up:
+            output = findOpenOutput(current + 1, 1);
+            break;
+        case SelectType::Kind::down:
+            output = findOpenOutput(current - 1, -1);
+            break;
+        default:
+            output = findOpenOutput(select.value, 0);
+    }
+    if (output >= 0) setDefaultMidiOutput(output);
+}
+
+/// The first output from `from` in steps of `step` (0: that one only) that is enabled and open, or -1.
+int Orv::findOpenOutput(int from, int step) const
+{
+    for (int output = from; output >= 0 && static_cast<std::size_t>(output) < midiOutputPorts.size(); output += step) {
+        const MidiOutputPort& port = midiOutputPorts[static_cast<std::size_t>(output)];
+        if (port.enabled && port.found && !port.couldNotOpen) return output;
+        if (step == 0) break;
+    }
+    return -1;
+}
+
+void Orv::enableMidiInput(int port, bool enabled)
+{
+    if (port < 0 || static_cast<std::size_t>(port) >= midiInputPorts.size()) return;
+    if (!enabled) releaseHeldNotes(port);
+    midiInputPorts[static_cast<std::size_t>(port)].enabled = enabled;
+    registrySettings.setMidiInputEnabled(port, enabled);
+    midiEngine.getMessageManager().postEnableMidiInput(port, enabled);
+    tellGui(GuiMessage::MIDI_INPUT_PORTS, midiInputPorts);
+}
+
+void Orv::enableMidiOutput(int port, bool enabled)
+{
+    registrySettings.setMidiOutputEnabled(port, enabled);
+    midiEngine.getMessageManager().postEnableMidiOutput(port, enabled);
+}
+}  // namespace Backend
