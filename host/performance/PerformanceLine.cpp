@@ -31,6 +31,14 @@ std::string_view trimmed(std::string_view text)
     return text.substr(0, text.find_last_not_of(BLANKS) + 1);
 }
 
+/// Control characters as `?`, so that a message stays one line that any terminal can show.
+std::string printable(std::string text)
+{
+    std::ranges::replace_if(
+        text, [](char character) { return static_cast<unsigned char>(character) < 0x20 || character == 0x7F; }, '?');
+    return text;
+}
+
 /// True if the whole word is a number of that base.
 bool parseWhole(std::string_view word, int base, int& value)
 {
@@ -88,16 +96,13 @@ void PerformanceLine::end() const
     if (!text.empty()) refuse("unexpected " + quoted(text) + " at the end");
 }
 
-void PerformanceLine::refuse(const std::string& reason) const { throw InputError(where + ": " + reason); }
+void PerformanceLine::refuse(const std::string& reason) const { throw InputError(where + ": " + printable(reason)); }
 
 std::string quoted(std::string_view word)
 {
     constexpr std::size_t LONGEST = 40;
     std::size_t size = std::min(word.size(), LONGEST);
     while (size < word.size() && (word[size] & 0xC0) == 0x80) --size;  // not within a character
-    std::string shown(word.substr(0, size));
-    std::ranges::replace_if(
-        shown, [](char character) { return static_cast<unsigned char>(character) < 0x20 || character == 0x7F; }, '?');
-    return "'" + shown + (size < word.size() ? "...'" : "'");
+    return "'" + printable(std::string(word.substr(0, size))) + (size < word.size() ? "...'" : "'");
 }
 }  // namespace Host

@@ -94,6 +94,8 @@ TEST(PerformanceFile, RefusesALineItCannotUnderstandNamingIt)
               "standard input:7: 'record' is not available yet");
     EXPECT_EQ(complaintOf([] { parseCommand("load no such.prg", "standard input:7"); }),
               "standard input:7: no such.prg: no such file or directory");
+    EXPECT_EQ(complaintOf([] { parseCommand("load \x15\x1b.prg", "standard input:7"); }),
+              "standard input:7: ??.prg: no such file or directory");
 }
 
 TEST(PerformanceFile, TakesEitherLineEndCommentsAndAByteOrderMark)
