@@ -76,8 +76,9 @@ void MidiEngine::enableMidiOutput(int port, bool enabled)
 
 void MidiEngine::setDefaultMidiOutput(int port)
 {
+    const bool isOutput = port >= 0 && port < NoteCounters::OUTPUTS;
     const Locked lock(criticalSection);
-    defaultMidiOutput = port;
+    defaultMidiOutput = isOutput ? port : OrvMidiMessage::DEFAULT_OUTPUT;
 }
 
 void MidiEngine::setMidiThru(bool on)

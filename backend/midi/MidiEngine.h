@@ -68,6 +68,7 @@ public:
     void setMidiOutputPorts(MidiOutputPorts ports) EXCLUDES(criticalSection);
     void enableMidiInput(int port, bool enabled) EXCLUDES(criticalSection);
     void enableMidiOutput(int port, bool enabled) EXCLUDES(criticalSection);
+    /// 0 to 127; any other number is none.
     void setDefaultMidiOutput(int port) EXCLUDES(criticalSection);
     void setMidiThru(bool on) EXCLUDES(criticalSection);
     void setTempo(int bpm) EXCLUDES(criticalSection);

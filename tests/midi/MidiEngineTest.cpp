@@ -161,6 +161,14 @@ TEST(DirectPath, FillsInTheDefaultsAndDropsWhatHasNoPort)
     EXPECT_EQ(stage.played(), "");
 }
 
+TEST(DirectPath, ADefaultOutputThatNoPortCanHaveIsNone)
+{
+    Engine stage;
+    stage.engine.setDefaultMidiOutput(256);  // not output 0, to which its low byte would lead
+    stage.add(noteOn(60, -1, 0, 10));
+    EXPECT_EQ(stage.notes(10, 11), Notes{});
+}
+
 TEST(DirectPath, AnEventForTheLayersIsSilentWithoutLayers)
 {
     Stage stage;
