@@ -5,6 +5,7 @@
 #include <filesystem>
 
 #include "backend/core/GuiMessages.h"
+#include "backend/core/WindowMove.h"
 #include "backend/input/values/Text.h"
 #include "backend/persistence/OrvUtils.h"
 #include "platform/DbgStream.h"
@@ -90,6 +91,35 @@ void Orv::setGuiWindowHandle(const WindowHandle& window)
     }
     midiEngine.setGuiWindowHandle(window);
 }
+
+void Orv::showScreen(Screen screen, OnOffToggle::State state) const
+{
+    getGuiWindowHandle().post({.number = GuiMessage::SHOW_SCREEN,
+                               .wparam = static_cast<std::uint32_t>(screen),
+                               .lparam = static_cast<std::int32_t>(state)});
+}
+
+void Orv::moveWindow(const RelativeFixedValue& x, const RelativeFixedValue& y)
+{
+    tellGui(GuiMessage::MOVE_WINDOW, WindowMove{x, y});
+}
+
+void Orv::setWidgetFocus(const SelectControlType& select)
+{
+    getGuiWindowHandle().post(
+        {.number = GuiMessage::SET_WIDGET_FOCUS, .payload = Payload::of(SelectControlType(select))});
+}
+
+// --- controls
+
+namespace
+{
+void tellNoControl() { WindowsLib::DbgStream() << "there is no control to act on"; }
+}  // namespace
+
+void Orv::selectControl(const SelectControlType&) { tellNoControl(); }
+void Orv::changeControl(const SelectControlType&, const RelativeFixedValue&) { tellNoControl(); }
+void Orv::sendControlData(const SelectControlType&) { tellNoControl(); }
 
 // --- events
 

@@ -4,10 +4,12 @@
 #include <string>
 #include <type_traits>
 
+#include "backend/core/GuiMessages.h"
 #include "backend/core/HeldNotes.h"
 #include "backend/core/MessageManagerMaster.h"
 #include "backend/core/OrvIF.h"
 #include "backend/core/OrvMessageManager.h"
+#include "backend/core/Screen.h"
 #include "backend/layers/LayerManager.h"
 #include "backend/layers/ZoneManager.h"
 #include "backend/midi/MidiEngine.h"
@@ -58,6 +60,61 @@ public:
     void setUseSkinBorder(bool on) override;
     void setDisplayHeight(int pixels) override;
     void setLargeDisplayFont(bool on) override;
+    void showSystemPanel(bool on) override
+    {
+        showScreen(Screen::system, on ? OnOffToggle::State::on : OnOffToggle::State::off);
+    }
+    void toggleSystemPanel() override { showScreen(Screen::system, OnOffToggle::State::toggle); }
+    void showDisplay(bool on) override
+    {
+        showScreen(Screen::display, on ? OnOffToggle::State::on : OnOffToggle::State::off);
+    }
+    void toggleDisplay() override { showScreen(Screen::display, OnOffToggle::State::toggle); }
+    void showHelp(bool on) override { showScreen(Screen::help, on ? OnOffToggle::State::on : OnOffToggle::State::off); }
+    void toggleHelp() override { showScreen(Screen::help, OnOffToggle::State::toggle); }
+    void showOutput(bool on) override
+    {
+        showScreen(Screen::output, on ? OnOffToggle::State::on : OnOffToggle::State::off);
+    }
+    void toggleOutput() override { showScreen(Screen::output, OnOffToggle::State::toggle); }
+    void showCc(bool on) override { showScreen(Screen::cc, on ? OnOffToggle::State::on : OnOffToggle::State::off); }
+    void toggleCc() override { showScreen(Screen::cc, OnOffToggle::State::toggle); }
+    void showLayer(bool on) override
+    {
+        showScreen(Screen::layers, on ? OnOffToggle::State::on : OnOffToggle::State::off);
+    }
+    void toggleLayer() override { showScreen(Screen::layers, OnOffToggle::State::toggle); }
+    void showZone(bool on) override
+    {
+        showScreen(Screen::zones, on ? OnOffToggle::State::on : OnOffToggle::State::off);
+    }
+    void toggleZone() override { showScreen(Screen::zones, OnOffToggle::State::toggle); }
+    void showOsc(bool on) override
+    {
+        showScreen(Screen::oscillators, on ? OnOffToggle::State::on : OnOffToggle::State::off);
+    }
+    void toggleOsc() override { showScreen(Screen::oscillators, OnOffToggle::State::toggle); }
+    void showJoystick(bool on) override
+    {
+        showScreen(Screen::joystick, on ? OnOffToggle::State::on : OnOffToggle::State::off);
+    }
+    void toggleJoystick() override { showScreen(Screen::joystick, OnOffToggle::State::toggle); }
+    void showComputerInput(bool on) override
+    {
+        showScreen(Screen::computerInput, on ? OnOffToggle::State::on : OnOffToggle::State::off);
+    }
+    void toggleComputerInput() override { showScreen(Screen::computerInput, OnOffToggle::State::toggle); }
+    void showMidiInput(bool on) override
+    {
+        showScreen(Screen::midiInput, on ? OnOffToggle::State::on : OnOffToggle::State::off);
+    }
+    void toggleMidiInput() override { showScreen(Screen::midiInput, OnOffToggle::State::toggle); }
+    void showControl(bool on) override
+    {
+        showScreen(Screen::controls, on ? OnOffToggle::State::on : OnOffToggle::State::off);
+    }
+    void toggleControl() override { showScreen(Screen::controls, OnOffToggle::State::toggle); }
+    void showSaveDialog() override { tellGui(GuiMessage::SHOW_SAVE_DIALOG, 0); }
     void playMidi(const MidiEngine::OrvMidiMessage& event) override;
     Layers::LayerManager& getLayerManager() override { return layerManager; }
     Layers::LayerMessageManager& getLayerMessageManager() override { return layerManager.getMessageManager(); }
@@ -79,13 +136,18 @@ public:
     // No input section plays in a zone as yet.
     void updateZones() override { zoneManager.updateZones({}); }
     void resetOrv() override;
+    void selectControl(const SelectControlType& select) override;
+    void changeControl(const SelectControlType& select, const RelativeFixedValue& value) override;
+    void sendControlData(const SelectControlType& select) override;
     void changeProgram(const SelectType& select) override;
     void changeDefaultMidiOutput(const SelectType& select) override;
+    void showProgramMenu() override { tellGui(GuiMessage::SHOW_PROGRAM_MENU, 0); }
     void changeZoneTranspose(const SelectType& select, const RelativeFixedValue& value) override
     {
         zoneManager.changeTranspose(select, value);
     }
     void selectZone(const SelectType& select) override { zoneManager.selectZone(select); }
+    void showDefaultMidiOutputMenu() override { tellGui(GuiMessage::SHOW_DEFAULT_MIDI_OUTPUT_MENU, 0); }
     void changeMidiThru(const OnOffToggle& value, bool notify) override;
     void changeGlobalKeyboard(const OnOffToggle& value, bool notify) override;
     void selectLayer(const SelectType& select) override { layerManager.dataSelect(select); }
@@ -120,6 +182,8 @@ public:
     void setClickZoneChannelTranspose(bool on) override;
     bool isAtRest() const override;
     bool isResetWaiting() const override { return midiEngine.isResetWaiting(); }
+    void moveWindow(const RelativeFixedValue& x, const RelativeFixedValue& y) override;
+    void setWidgetFocus(const SelectControlType& select) override;
 
 private:
     /// A small value travels in the first parameter, anything else as an owned copy.
@@ -133,6 +197,7 @@ private:
         else
             window.post({.number = message, .payload = Payload::of(Value(value))});
     }
+    void showScreen(Screen screen, OnOffToggle::State state) const;
     void prepareBanks();
     void loadProgramFrom(const std::string& path, int number);
     void readProgram(const XmlElement& element);

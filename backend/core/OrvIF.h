@@ -6,6 +6,7 @@
 #include "backend/input/values/NoteToggle.h"
 #include "backend/input/values/OnOffToggle.h"
 #include "backend/input/values/RelativeFixedValue.h"
+#include "backend/input/values/SelectControlType.h"
 #include "backend/input/values/SelectType.h"
 #include "backend/midi/MidiPort.h"
 #include "backend/midi/OrvMidiMessage.h"
@@ -112,6 +113,33 @@ public:
     /// Kept in the settings, and the GUI is told.
     virtual void setLargeDisplayFont(bool on) = 0;
 
+    /// Asks the window to show or hide a screen; nothing without a window.
+    virtual void showSystemPanel(bool on) = 0;
+    virtual void toggleSystemPanel() = 0;
+    virtual void showDisplay(bool on) = 0;
+    virtual void toggleDisplay() = 0;
+    virtual void showHelp(bool on) = 0;
+    virtual void toggleHelp() = 0;
+    virtual void showOutput(bool on) = 0;
+    virtual void toggleOutput() = 0;
+    virtual void showCc(bool on) = 0;
+    virtual void toggleCc() = 0;
+    virtual void showLayer(bool on) = 0;
+    virtual void toggleLayer() = 0;
+    virtual void showZone(bool on) = 0;
+    virtual void toggleZone() = 0;
+    virtual void showOsc(bool on) = 0;
+    virtual void toggleOsc() = 0;
+    virtual void showJoystick(bool on) = 0;
+    virtual void toggleJoystick() = 0;
+    virtual void showComputerInput(bool on) = 0;
+    virtual void toggleComputerInput() = 0;
+    virtual void showMidiInput(bool on) = 0;
+    virtual void toggleMidiInput() = 0;
+    virtual void showControl(bool on) = 0;
+    virtual void toggleControl() = 0;
+    virtual void showSaveDialog() = 0;
+
     /// Gives an event to the engine.
     virtual void playMidi(const MidiEngine::OrvMidiMessage& event) = 0;
 
@@ -151,15 +179,26 @@ public:
     /// Ends every note and sends the hard reset's messages to the default output. Waits for a time slice.
     virtual void resetOrv() = 0;
 
+    /// On the controls of the screen; a cell without one changes nothing.
+    virtual void selectControl(const SelectControlType& select) = 0;
+    virtual void changeControl(const SelectControlType& select, const RelativeFixedValue& value) = 0;
+    virtual void sendControlData(const SelectControlType& select) = 0;
+
     /// The next, previous or given program of the bank; ignored at either end.
     virtual void changeProgram(const SelectType& select) = 0;
 
     /// The next, previous or given output that is enabled and open becomes the default one.
     virtual void changeDefaultMidiOutput(const SelectType& select) = 0;
 
+    /// Asks the window for the pop-up menu of programs.
+    virtual void showProgramMenu() = 0;
+
     /// See `ZoneManager`.
     virtual void changeZoneTranspose(const SelectType& select, const RelativeFixedValue& value) = 0;
     virtual void selectZone(const SelectType& select) = 0;
+
+    /// Asks the window for the pop-up menu of outputs.
+    virtual void showDefaultMidiOutputMenu() = 0;
 
     /// Kept in the settings; with `notify` the GUI is told.
     virtual void changeMidiThru(const OnOffToggle& value, bool notify) = 0;
@@ -189,5 +228,10 @@ public:
 
     /// True while a reset waits for a time slice. Any thread.
     virtual bool isResetWaiting() const = 0;
+
+    /// Asks the window to move, in pixels; blank leaves a coordinate as it is.
+    virtual void moveWindow(const RelativeFixedValue& x, const RelativeFixedValue& y) = 0;
+    /// Asks the window to put the cursor into a control.
+    virtual void setWidgetFocus(const SelectControlType& select) = 0;
 };
 }  // namespace Backend

@@ -40,6 +40,7 @@ enum Number : unsigned int {
     CHANGE_PROGRAM = 33257,
     CHANGE_DEFAULT_MIDI_OUTPUT = 33258,
     SET_USE_SKIN_BORDER = 33260,
+    TOGGLE_SYSTEM_PANEL = 33261,
     CHANGE_TEMPO = 33264,
     CHANGE_MIDI_THRU = 33265,
     CHANGE_GLOBAL_KEYBOARD = 33266,
@@ -78,6 +79,7 @@ constexpr auto COMMANDS = std::to_array<Command<OrvIF>>({
     command<static_cast<void (OrvIF::*)(const SelectType&)>(&OrvIF::changeProgram)>(CHANGE_PROGRAM, "ChangeProgram"),
     command<&OrvIF::changeDefaultMidiOutput>(CHANGE_DEFAULT_MIDI_OUTPUT, "ChangeDefaultMidiOutput"),
     command<&OrvIF::setUseSkinBorder>(SET_USE_SKIN_BORDER, "SetUseSkinBorder"),
+    command<&OrvIF::toggleSystemPanel>(TOGGLE_SYSTEM_PANEL, "ToggleSystemPanel"),
     command<&OrvIF::changeTempo>(CHANGE_TEMPO, "ChangeTempo"),
     command<&OrvIF::changeMidiThru>(CHANGE_MIDI_THRU, "ChangeMidiThru"),
     command<&OrvIF::changeGlobalKeyboard>(CHANGE_GLOBAL_KEYBOARD, "ChangeGlobalKeyboard"),
@@ -159,6 +161,8 @@ void OrvMessageManager::postChangeDefaultMidiOutput(const SelectType& select)
 {
     master.post(pack(CHANGE_DEFAULT_MIDI_OUTPUT, select));
 }
+
+void OrvMessageManager::postToggleSystemPanel() { master.post(pack(TOGGLE_SYSTEM_PANEL)); }
 
 void OrvMessageManager::postChangeTempo(const RelativeFixedValue& value, bool notify)
 {

@@ -38,6 +38,7 @@ public:
     void postLoadBank(const std::string& path);
     void postChangeProgram(const SelectType& select);
     void postChangeDefaultMidiOutput(const SelectType& select);
+    void postToggleSystemPanel();
     void postChangeTempo(const RelativeFixedValue& value, bool notify);
     void postChangeMidiThru(const OnOffToggle& value, bool notify);
     void postSetTempoSource(int source, bool notify);

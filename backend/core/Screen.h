@@ -1,0 +1,22 @@
+#pragma once
+
+#include <cstdint>
+
+namespace Backend
+{
+/// The screens of the window, in the order in which their state is kept.
+enum class Screen : std::uint8_t {
+    system,
+    help,
+    display,
+    oscillators,
+    joystick,
+    midiInput,
+    computerInput,
+    controls,
+    output,
+    layers,
+    cc,
+    zones
+};
+}  // namespace Backend
