@@ -20,7 +20,12 @@ public:
     Named& operator=(const Named&) = delete;
     ~Named() override { --living; }
 
+    bool equals(const Function& other) const override { return getType() == other.getType(); }
     std::unique_ptr<Function> clone() const override { return std::make_unique<Named>(*this); }
+    void execute() override {}
+    std::string_view getType() const override { return name; }
+    void accept(FunctionManagement::FunctionVisitor&) override {}
+    int getHelpId() const override { return 0; }
     void writeXml(std::ostream& out, int indent) const override
     {
         out << std::string(static_cast<std::size_t>(indent), '\t') << xmlOpenTag(name) << xmlCloseEmpty() << '\n';
@@ -47,6 +52,7 @@ public:
     }
 
     void writeXml(std::ostream& out, int indent) const override { writeEntries(out, indent); }
+    bool isSame(const Button& other) const { return hasSameEntries(other); }
 
     std::string print(int indent) const
     {
@@ -112,4 +118,43 @@ TEST(ButtonConfiguration, OwnsItsFunctionsAndCopiesThemAsClones)
         EXPECT_EQ(button.print(0), copy.print(0));
     }
     EXPECT_EQ(Named::living, 0);
+}
+
+TEST(ButtonConfiguration, SetsASlotOfAnEntryOrAddsOneBehindTheLast)
+{
+    Button button("<Key><Function><Down><A/></Down></Function><Function/></Key>");
+    button.setDownFunction(std::make_unique<Named>("B"), 0);
+    button.setUpFunction(std::make_unique<Named>("C"), 2);
+    button.setDownFunction(std::make_unique<Named>("D"), 5);
+
+    ASSERT_EQ(button.getEntries().size(), 3u);
+    EXPECT_EQ(button.getDownFunctionType(0), "B");
+    EXPECT_EQ(button.getUpFunctionType(2), "C");
+    EXPECT_EQ(button.getDownFunctionType(2), "NoFunction");
+    EXPECT_EQ(button.getUpFunctionType(9), "NoFunction");
+    EXPECT_TRUE(button.isUsed(0) && button.isUsed(2));
+    EXPECT_FALSE(button.isUsed(1) || button.isUsed(3));
+}
+
+TEST(ButtonConfiguration, IsEmptyWhenNothingWouldHappenAndEqualToAnotherThatDoesTheSame)
+{
+    const std::string nothing = "<Function><Down><NoFunction/></Down></Function>";
+    const struct {
+        std::string one, other;
+        bool equal;
+    } rows[] = {
+        {"", nothing, true},
+        {nothing + nothing, nothing, true},
+        {"<Function><Up><A/></Up></Function>", "<Function><Down><NoFunction/></Down><Up><A/></Up></Function>", true},
+        {"<Function><Up><A/></Up></Function>", "<Function><Down><A/></Down></Function>", false},
+        {"<Function><Up><A/></Up></Function>", "<Function keepSending='true'><Up><A/></Up></Function>", false},
+        {"<Function><Up><A/></Up></Function>", "<Function><Up><A/></Up></Function><Function/>", false},
+        {"<Function><Up><A/></Up></Function>", "", false}};
+    for (const auto& [one, other, equal] : rows) {
+        const Button first("<Key>" + one + "</Key>");
+        const Button second("<Key>" + other + "</Key>");
+        EXPECT_EQ(first.isSame(second), equal) << one << " and " << other;
+        EXPECT_EQ(second.isSame(first), equal) << one << " and " << other;
+    }
+    EXPECT_TRUE(Button("<Key>" + nothing + "</Key>").isEmpty());
 }

@@ -1,6 +1,6 @@
 #include "backend/input/values/ButtonConfiguration.h"
 
-#include <memory>
+#include <algorithm>
 #include <string>
 
 #include "backend/persistence/XmlWriter.h"
@@ -11,6 +11,7 @@ namespace
 {
 using FunctionManagement::Function;
 using FunctionManagement::FunctionFactory;
+using FunctionManagement::NO_FUNCTION;
 
 constexpr const char* FUNCTION = "Function";
 constexpr const char* DOWN = "Down";
@@ -47,6 +48,41 @@ ButtonFunction readEntry(const XmlElement& element, const FunctionFactory& creat
     return entry;
 }
 }  // namespace
+
+void ButtonConfiguration::setFunction(std::unique_ptr<Function> ButtonFunction::*slot, std::size_t index,
+                                      std::unique_ptr<Function> function)
+{
+    if (index > entries.size()) return;
+    if (index == entries.size()) entries.emplace_back();
+    entries[index].*slot = std::move(function);
+}
+
+void ButtonConfiguration::setDownFunction(std::unique_ptr<Function> function, std::size_t index)
+{
+    setFunction(&ButtonFunction::downFunction, index, std::move(function));
+}
+
+void ButtonConfiguration::setUpFunction(std::unique_ptr<Function> function, std::size_t index)
+{
+    setFunction(&ButtonFunction::upFunction, index, std::move(function));
+}
+
+std::string_view ButtonConfiguration::getDownFunctionType(std::size_t index) const
+{
+    return index < entries.size() ? typeOf(entries[index].downFunction) : NO_FUNCTION;
+}
+
+std::string_view ButtonConfiguration::getUpFunctionType(std::size_t index) const
+{
+    return index < entries.size() ? typeOf(entries[index].upFunction) : NO_FUNCTION;
+}
+
+bool ButtonConfiguration::isEmpty() const { return std::ranges::none_of(entries, &ButtonFunction::isUsed); }
+
+bool ButtonConfiguration::hasSameEntries(const ButtonConfiguration& other) const
+{
+    return (isEmpty() && other.isEmpty()) || std::ranges::equal(entries, other.entries);
+}
 
 void ButtonConfiguration::writeEntries(std::ostream& out, int indent) const
 {

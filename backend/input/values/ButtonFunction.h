@@ -18,5 +18,13 @@ struct ButtonFunction {
     ButtonFunction(ButtonFunction&&) noexcept = default;
     ButtonFunction& operator=(ButtonFunction other) noexcept;
     ~ButtonFunction() = default;
+
+    /// Whether it does anything.
+    bool isUsed() const;
+    /// An empty slot is equal to a function that does nothing.
+    bool operator==(const ButtonFunction& other) const;
 };
+
+/// The type name, NO_FUNCTION for an empty slot.
+std::string_view typeOf(const std::unique_ptr<FunctionManagement::Function>& function);
 }  // namespace Backend
