@@ -1,0 +1,22 @@
+#include "backend/input/functions/PresetFunctions.h"
+
+#include "backend/layers/LayerManager.h"
+#include "platform/DbgStream.h"
+
+namespace Backend::FunctionManagement::Functions
+{
+namespace
+{
+void tellNoSection(const FunctionInfo& function)
+{
+    WindowsLib::DbgStream() << function.displayName << ": there is no such section";
+}
+}  // namespace
+
+void LoadOscillatorPreset::execute() { tellNoSection(info); }
+void LoadJoystickInputPreset::execute() { tellNoSection(info); }
+void LoadMidiInputPreset::execute() { tellNoSection(info); }
+void LoadComputerInputPreset::execute() { tellNoSection(info); }
+void LoadControlPreset::execute() { tellNoSection(info); }
+void LoadLayerPreset::execute() { orv().getLayerManager().loadPreset(preset); }
+}  // namespace Backend::FunctionManagement::Functions

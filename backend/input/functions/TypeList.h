@@ -1,0 +1,77 @@
+#pragma once
+
+#include <cstddef>
+#include <type_traits>
+
+namespace Backend
+{
+/// Types in a row, which may be incomplete.
+template <class... Types>
+struct TypeList {
+    static constexpr std::size_t size = sizeof...(Types);
+
+    /// Calls `visit(std::type_identity<Type>{})` for each, in order.
+    template <class Visit>
+    static constexpr void forEach(Visit&& visit)
+    {
+        (visit(std::type_identity<Types>{}), ...);
+    }
+};
+
+/// A class of a catalogue, and the settings interface of its family.
+template <class Settings, class Type>
+struct CatalogueRow;
+
+namespace Detail
+{
+template <class...>
+struct Concatenation {
+    using Type = TypeList<>;
+};
+template <class... First, class... Second, class... Rest>
+struct Concatenation<TypeList<First...>, TypeList<Second...>, Rest...>
+    : Concatenation<TypeList<First..., Second...>, Rest...> {
+};
+template <class... Only>
+struct Concatenation<TypeList<Only...>> {
+    using Type = TypeList<Only...>;
+};
+
+template <class Rows>
+struct Catalogue;
+template <class... Settings, class... Types>
+struct Catalogue<TypeList<CatalogueRow<Settings, Types>...>> {
+    using All = TypeList<Types...>;
+    template <class Family>
+    using Of = typename Concatenation<
+        std::conditional_t<std::is_same_v<Settings, Family>, TypeList<Types>, TypeList<>>...>::Type;
+};
+}  // namespace Detail
+
+/// All classes of a catalogue, in its order.
+template <class Rows>
+using ClassesOf = typename Detail::Catalogue<Rows>::All;
+/// Those of one family.
+template <class Rows, class Settings>
+using FamilyOf = typename Detail::Catalogue<Rows>::template Of<Settings>;
+
+/// A visitor with one operation, `visit`, for each type of a list.
+template <class List>
+class VisitorOf;
+
+template <>
+class VisitorOf<TypeList<>>
+{
+public:
+    virtual ~VisitorOf() = default;
+    void visit() = delete;  // gives the types something to overload
+};
+
+template <class First, class... Rest>
+class VisitorOf<TypeList<First, Rest...>> : public VisitorOf<TypeList<Rest...>>
+{
+public:
+    using VisitorOf<TypeList<Rest...>>::visit;
+    virtual void visit(First& type) = 0;
+};
+}  // namespace Backend
