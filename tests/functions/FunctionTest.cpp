@@ -1,0 +1,194 @@
+// What functions do when they run.
+
+#include <gtest/gtest.h>
+
+#include "backend/core/GuiMessages.h"
+#include "backend/core/Screen.h"
+#include "backend/core/WindowMove.h"
+#include "backend/input/functions/Functions.h"
+#include "backend/layers/LayerManager.h"
+#include "backend/layers/LayerMessageManager.h"
+#include "backend/persistence/RegistrySettings.h"
+#include "backend/persistence/XmlDocument.h"
+#include "tests/stage/Stage.h"
+
+using namespace Backend;
+using namespace Backend::FunctionManagement;
+
+namespace
+{
+/// A stage with a window, where the backend is at rest whenever a function runs.
+struct FunctionStage : Stage {
+    FunctionStage() { orv->setGuiWindowHandle(WindowHandle(window)); }
+
+    void run(const std::string& element)
+    {
+        const auto function = createFunctionFromXml(XmlDocument(element, XmlDocument::Source::text).getRoot(), *orv);
+        ASSERT_TRUE(function) << element;
+        function->execute();
+        rest();
+    }
+
+    /// "number wparam lparam" of each message since the last call.
+    std::string told()
+    {
+        std::string text;
+        while (window->handleNext([&](Message& message) {
+            text += std::to_string(message.number) + " " + std::to_string(message.wparam) + " " +
+                    std::to_string(message.lparam) + "\n";
+            if (const auto* move = message.payload.get<WindowMove>())
+                text += move->x.toXmlString() + "," + move->y.toXmlString() + "\n";
+            if (const auto* select = message.payload.get<SelectControlType>()) text += select->toXmlString() + "\n";
+        })) {}
+        return text;
+    }
+
+    std::shared_ptr<MessageQueue> window = std::make_shared<MessageQueue>(64);
+};
+}  // namespace
+
+TEST(MidiFunctions, PlayThroughTheLayersOrStraightToTheEngine)
+{
+    Layers::Layer second;
+    second.channel = 3;
+    const struct {
+        const char* element;
+        const char* played;
+    } rows[] = {
+        {R"(<MidiNoteOn note="C4"/>)", "C4 on, C4 on channel 3"},
+        {R"(<MidiNoteOff note="60"/>)", "C4 off, C4 off channel 3"},
+        {R"(<MidiNoteOn note="C4" channel="2" output="1" velocity="7"/>)", "C4 on on output 1 channel 2"},
+        {R"(<MidiNoteOff note="C4" channel="99" output="1"/>)", "C4 off on output 1 channel 15"},
+        {R"(<MidiKeyPressure key="60" pressure="5"/>)", "Key Pressure 60 5, Key Pressure 60 5 channel 3"},
+        {R"(<MidiControllerChange controller="7" value="9"/>)",
+         "Controller Change 7 9, Controller Change 7 9 channel 3"},
+        {R"(<ProgramChange program="11" channel="0"/>)", "Program Change 11 0"},
+        {R"(<MidiChannelPressure pressure="1" channel="0"/>)", "Channel Pressure 1 0"},
+        {R"(<MidiPitchBend value="16383" channel="0"/>)", "Pitch Bend 127 127"},
+        {R"(<MidiPitchBend value="8192" channel="0"/>)", "Pitch Bend 0 64"},
+        {R"(<MidiSongPosition value="129"/>)", "Song Position 1 1, Song Position 1 1 channel 3"},
+        {R"(<MidiSongPosition value="129" output="2"/>)", "Song Position 1 1 on output 2"},
+        {R"(<MidiSongSelect songNumber="4"/>)", "Song Select 4 0"},
+        {R"(<MidiBusSelect busNumber="4" output="1" zone="1"/>)", "Unofficial Bus Select 4 0 on output 1"},
+        {"<MidiStartSong/>", "Start Song 0 0"},
+        {R"(<MidiSystemReset output="2"/>)", "System Reset 0 0 on output 2"},
+        {"<MidiEndOfSysEx/>", "End Of Sysex 0 0"},
+        {"<MidiNoteOn/>", ""},
+    };
+    FunctionStage stage;
+    stage.setLayers({{}, second});
+    for (const auto& [element, played] : rows) {
+        stage.run(element);
+        EXPECT_EQ(stage.played(), played) << element;
+    }
+}
+
+TEST(MidiFunctions, OnlyANoteOnInAZoneSpansANote)
+{
+    Stage stage;
+    const auto spanOf = [&](const char* element) {
+        return createFunctionFromXml(XmlDocument(element, XmlDocument::Source::text).getRoot(), *stage.orv)
+            ->getNoteSpan();
+    };
+    const MidiEngine::Note c4(60);
+    EXPECT_EQ(spanOf(R"(<MidiNoteOn zone="0" note="C4"/>)"),
+              (FunctionNoteSpan{.zone = 0, .lowNote = c4, .highNote = c4}));
+    EXPECT_EQ(spanOf(R"(<MidiNoteOn note="C4"/>)"), FunctionNoteSpan{});
+    EXPECT_EQ(spanOf(R"(<MidiNoteOff zone="0" note="C4"/>)"), FunctionNoteSpan{});
+}
+
+TEST(MidiFunctions, KeepTheirParametersInAsManyBitsAsTheyHave)
+{
+    Stage stage;
+    Functions::MidiNoteOn note(*stage.orv);
+    note.setD1(200);
+    note.setChannel(300);
+    EXPECT_EQ(note.getD1(), -56);
+    EXPECT_EQ(note.getChannel(), 44);
+
+    Functions::MidiPitchBend bend(*stage.orv);
+    bend.setD1(16383);
+    bend.setD2(5);
+    EXPECT_EQ(bend.getD1(), 16383);
+    EXPECT_EQ(bend.getD2(), 0);
+
+    Functions::MidiSystemReset reset(*stage.orv);
+    reset.setChannel(5);
+    reset.setD1(5);
+    EXPECT_EQ(reset.getChannel(), -1);
+    EXPECT_EQ(reset.getD1(), 0);
+}
+
+TEST(ScreenFunctions, AskTheWindow)
+{
+    const auto screen = [](Screen which, OnOffToggle::State state) {
+        return std::to_string(GuiMessage::SHOW_SCREEN) + " " + std::to_string(static_cast<int>(which)) + " " +
+               std::to_string(static_cast<int>(state)) + "\n";
+    };
+    const auto only = [](unsigned number) { return std::to_string(number) + " 0 0\n"; };
+    using enum OnOffToggle::State;
+    const std::pair<const char*, std::string> rows[] = {
+        {R"(<ShowSystem type="on"/>)", screen(Screen::system, on)},
+        {R"(<ShowHelp type="off"/>)", screen(Screen::help, off)},
+        {"<ShowDisplay/>", screen(Screen::display, toggle)},
+        {"<ShowOscillator/>", screen(Screen::oscillators, toggle)},
+        {"<ShowJoystick/>", screen(Screen::joystick, toggle)},
+        {"<ShowMidiInput/>", screen(Screen::midiInput, toggle)},
+        {"<ShowComputerInput/>", screen(Screen::computerInput, toggle)},
+        {"<ShowControl/>", screen(Screen::controls, toggle)},
+        {R"(<ShowOutput type="on"/>)", screen(Screen::output, on)},
+        {R"(<ShowCC type="off"/>)", screen(Screen::cc, off)},
+        {"<ShowZone/>", screen(Screen::zones, toggle)},
+        {"<ShowLayer/>", screen(Screen::layers, toggle)},
+        {"<ShowSaveDialog/>", only(GuiMessage::SHOW_SAVE_DIALOG)},
+        {"<ShowProgramMenu/>", only(GuiMessage::SHOW_PROGRAM_MENU)},
+        {"<ShowDefaultMidiOutputMenu/>", only(GuiMessage::SHOW_DEFAULT_MIDI_OUTPUT_MENU)},
+        {R"(<MoveWindow x="+10"/>)", only(GuiMessage::MOVE_WINDOW) + "+10,\n"},
+        {R"(<SetWidgetFocus type="2,3"/>)", only(GuiMessage::SET_WIDGET_FOCUS) + "2,3\n"},
+    };
+    FunctionStage stage;
+    for (const auto& [element, told] : rows) {
+        stage.run(element);
+        EXPECT_EQ(stage.told(), told) << element;
+    }
+}
+
+TEST(SystemFunctions, ChangeProgramTempoOutputAndSwitchesAndTellTheWindow)
+{
+    FunctionStage stage;
+    stage.run(R"(<ChangeTempo value="+10"/>)");
+    EXPECT_EQ(stage.orv->getTempo(), 130);
+    EXPECT_TRUE(stage.told().starts_with(std::to_string(GuiMessage::PROGRAM)));
+
+    stage.run("<ChangeDefaultMidiOutput/>");
+    EXPECT_EQ(stage.told(), std::to_string(GuiMessage::DEFAULT_MIDI_OUTPUT) + " 1 0\n");
+    stage.run(R"(<ChangeDefaultMidiOutput type="0"/>)");
+    EXPECT_EQ(stage.told(), std::to_string(GuiMessage::DEFAULT_MIDI_OUTPUT) + " 0 0\n");
+
+    const bool thru = stage.orv->getRegistrySettings().getMidiThru();
+    stage.run("<ChangeMidiThru/>");
+    EXPECT_EQ(stage.orv->getRegistrySettings().getMidiThru(), !thru);
+    stage.run(R"(<ChangeGlobalKeyboard type="on"/>)");
+    EXPECT_TRUE(stage.orv->getRegistrySettings().getGlobalKeyboard());
+    EXPECT_NE(stage.told().find(std::to_string(GuiMessage::GLOBAL_KEYBOARD) + " 1"), std::string::npos);
+}
+
+TEST(LayerFunctions, ChangeTheLayersTheyName)
+{
+    FunctionStage stage;
+    stage.setLayers({{}, {}});
+    for (const char* element :
+         {R"(<DataSelectLayer type="1"/>)", R"(<ChangeLayerTranspose value="+3"/>)",
+          R"(<ChangeLayerVelocity type="all" value="-5"/>)", R"(<ChangeLayerMute type="0" value="on"/>)",
+          R"(<ChangeLayerMono/>)", R"(<ChangeLayerSolo/>)", R"(<ChangeLayerNoteToggle type="0" value="type2"/>)"})
+        stage.run(element);
+
+    const auto layers = stage.orv->getLayerManager().getLayers().getLayers();
+    ASSERT_EQ(layers.size(), 2u);
+    EXPECT_EQ(layers[1].transpose.value, 3);
+    EXPECT_EQ(layers[0].transpose.value, 0);
+    EXPECT_EQ(layers[0].velocity.value, -5);
+    EXPECT_TRUE(layers[0].mute && !layers[1].mute);
+    EXPECT_TRUE(layers[1].mono && layers[1].solo);
+    EXPECT_EQ(layers[0].toggle.mode, NoteToggle::Mode::type2);
+}
