@@ -16,6 +16,8 @@ struct Attribute {
     std::string_view name;
     Value Owner::*member;
 };
+template <class Owner, class Value>
+Attribute(const char*, Value Owner::*) -> Attribute<Owner, Value>;
 
 inline void writeAttribute(std::ostream& out, std::string_view name, const std::string& text)
 {
