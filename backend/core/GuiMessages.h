@@ -39,6 +39,13 @@ enum Number : unsigned int {
 
     ZONE_TRANSPOSE = 34969,  ///< parameters: the number, the transposition
     ZONES = 34970,           ///< payload: ZoneMap
-    ZONE_SELECTED = 34971    ///< parameters: the number, 0 or 1
+    ZONE_SELECTED = 34971,   ///< parameters: the number, 0 or 1
+
+    OSCILLATORS = 35469,     ///< payload: OscList
+    OSC_SELECTED = 35470,    ///< parameters, as of all oscillator messages here: the id, then 0 or 1
+    OSC_PLAYING = 35471,     ///< 0 or 1
+    OSC_SPEED = 35472,       ///< pulses per cycle
+    OSC_SPEED_MODE = 35473,  ///< the kind of a TimeIntervalType
+    OSC_VALUE = 35475        ///< the running value
 };
 }  // namespace Backend::GuiMessage

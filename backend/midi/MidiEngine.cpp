@@ -118,4 +118,32 @@ void MidiEngine::setZone(Zones::Zone zone)
     const Locked lock(criticalSection);
     zones.setTranspose(zone);
 }
+
+void MidiEngine::setOscPlaying(Oscillators::OscId id, bool playing)
+{
+    Slice slice;
+    {
+        const Locked lock(criticalSection);
+        Oscillators::EngineOscillator* oscillator = oscillators.find(id);
+        if (oscillator == nullptr) return;
+        if (const std::int32_t stopValue = oscillator->getStopValue(); stopValue >= 0) {
+            if (const auto event = oscillator->makeEvent(stopValue)) timedEvents.push_back(*event);
+            tellOscValue(slice, id, stopValue);
+        }
+        oscillators.setPlaying(*oscillator, playing);
+    }
+    finish(slice);
+}
+
+void MidiEngine::setOscSpeed(Oscillators::OscId id, int speed)
+{
+    const Locked lock(criticalSection);
+    if (auto* oscillator = oscillators.find(id)) oscillator->setSpeed(speed);
+}
+
+void MidiEngine::setRandomSeed(std::uint32_t seed)
+{
+    const Locked lock(criticalSection);
+    random = RandomSource(seed);
+}
 }  // namespace Backend::MidiEngine

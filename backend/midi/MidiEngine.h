@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "backend/layers/EngineLayerList.h"
+#include "backend/layers/EngineOscList.h"
 #include "backend/layers/EngineZones.h"
 #include "backend/midi/MidiEngineMessageManager.h"
 #include "backend/midi/MidiPlayer.h"
@@ -14,6 +15,7 @@
 #include "backend/midi/NoteMemory.h"
 #include "backend/midi/OrvMidiMessage.h"
 #include "backend/midi/PressMemory.h"
+#include "backend/midi/RandomSource.h"
 #include "backend/midi/SentPairs.h"
 #include "backend/midi/Slice.h"
 #include "platform/CriticalSection.h"
@@ -80,6 +82,14 @@ public:
     void setZone(Zones::Zone zone) EXCLUDES(criticalSection);
     /// Replaces the layers right behind a reset, so that no event falls between the two. Waits like `sendReset`.
     void setLayerList(std::vector<Layers::Layer> layers) EXCLUDES(criticalSection);
+
+    /// The same for the oscillators.
+    void setOscList(std::vector<Oscillators::Oscillator> oscillators) EXCLUDES(criticalSection);
+    /// Starts or stops an oscillator where it stands in its wave. Its stop value, if it has one, is queued either way.
+    void setOscPlaying(Oscillators::OscId id, bool playing) EXCLUDES(criticalSection);
+    void setOscSpeed(Oscillators::OscId id, int speed) EXCLUDES(criticalSection);
+    /// What is drawn from now on depends on the seed alone.
+    void setRandomSeed(std::uint32_t seed) EXCLUDES(criticalSection);
 
     /// See `MidiEngineMessageManager`.
     void sendReset() EXCLUDES(criticalSection);
@@ -150,6 +160,14 @@ public:
         Slice::proves(criticalSection);
         return sentPairs.add(output, channel);
     }
+    /// 0 to 32767.
+    std::int32_t drawRandom(Slice&)
+    {
+        Slice::proves(criticalSection);
+        return random.draw();
+    }
+    /// Shows the running value of an oscillator.
+    void tellOscValue(Slice& slice, Oscillators::OscId id, std::int32_t value);
     /// Tells the debug stream, once the slice is over, what became of an event.
     void drop(Slice& slice, const OrvMidiMessage& event, const char* why);
 
@@ -157,12 +175,14 @@ private:
     void drain(Slice& slice, std::int32_t endPpq) REQUIRES(criticalSection);
     void walk(Slice& slice, std::int32_t startPpq, std::int32_t endPpq) REQUIRES(criticalSection);
     void processPpq(Slice& slice, std::int32_t ppq, std::int32_t minPpq) REQUIRES(criticalSection);
+    void playDue(Slice& slice, std::int32_t ppq, std::int32_t minPpq) REQUIRES(criticalSection);
     void requeue() REQUIRES(criticalSection);
     static void finish(Slice& slice);
 
     void playDirect(Slice& slice, OrvMidiMessage& event) REQUIRES(criticalSection);
     int getDefaultOutputFor(const OrvMidiMessage& event) REQUIRES(criticalSection);
     void show(Slice& slice, const OrvMidiMessage& event) REQUIRES(criticalSection);
+    void tellGui(Slice& slice, Message message) REQUIRES(criticalSection);
     void follow(OrvMidiMessage& event) REQUIRES(criticalSection);
     void playThroughLayers(Slice& slice, const OrvMidiMessage& event) REQUIRES(criticalSection);
 
@@ -197,6 +217,8 @@ private:
     int resetsUnderWay GUARDED_BY(criticalSection) = 0;
     int keptTempoSource GUARDED_BY(criticalSection) = -1;
     Layers::EngineLayerList layers GUARDED_BY(criticalSection);
+    Oscillators::EngineOscList oscillators GUARDED_BY(criticalSection);
+    RandomSource random GUARDED_BY(criticalSection);
     Zones::EngineZones zones GUARDED_BY(criticalSection);
     PressMemory presses GUARDED_BY(criticalSection);
     SentPairs sentPairs GUARDED_BY(criticalSection);

@@ -19,11 +19,14 @@ enum Number : unsigned int {
     ENABLE_MIDI_OUTPUT = 32875,
     SET_DEFAULT_MIDI_OUTPUT = 32876,
     SET_LAYER_LIST = 32877,
+    SET_OSC_LIST = 32878,
     SET_ZONE_MAP = 32879,
     SET_ZONE = 32880,
     SET_TEMPO = 32881,
     SET_TEMPO_SOURCE = 32882,
-    SET_MIDI_THRU = 32883
+    SET_MIDI_THRU = 32883,
+    SET_OSC_PLAYING = 32884,
+    SET_OSC_SPEED = 32885
 };
 
 constexpr auto COMMANDS = std::to_array<Command<MidiEngine>>({
@@ -35,11 +38,14 @@ constexpr auto COMMANDS = std::to_array<Command<MidiEngine>>({
     command<&MidiEngine::enableMidiOutput>(ENABLE_MIDI_OUTPUT, "EnableMidiOutput"),
     command<&MidiEngine::setDefaultMidiOutput>(SET_DEFAULT_MIDI_OUTPUT, "SetDefaultMidiOutput"),
     command<&MidiEngine::setLayerList>(SET_LAYER_LIST, "SetLayerList"),
+    command<&MidiEngine::setOscList>(SET_OSC_LIST, "SetOscList"),
     command<&MidiEngine::setZoneMap>(SET_ZONE_MAP, "SetZoneMap"),
     command<&MidiEngine::setZone>(SET_ZONE, "SetZone"),
     command<&MidiEngine::setTempo>(SET_TEMPO, "SetTempo"),
     command<&MidiEngine::setTempoSource>(SET_TEMPO_SOURCE, "SetTempoSource"),
     command<&MidiEngine::setMidiThru>(SET_MIDI_THRU, "SetMidiThru"),
+    command<&MidiEngine::setOscPlaying>(SET_OSC_PLAYING, "SetOscPlaying"),
+    command<&MidiEngine::setOscSpeed>(SET_OSC_SPEED, "SetOscSpeed"),
 });
 }  // namespace
 
@@ -82,6 +88,11 @@ void MidiEngineMessageManager::postSetLayerList(std::vector<Layers::Layer> layer
     worker.post(pack(SET_LAYER_LIST, std::move(layers)));
 }
 
+void MidiEngineMessageManager::postSetOscList(std::vector<Oscillators::Oscillator> oscillators)
+{
+    worker.post(pack(SET_OSC_LIST, std::move(oscillators)));
+}
+
 void MidiEngineMessageManager::postSetZoneMap(std::vector<Zones::Zone> zones)
 {
     worker.post(pack(SET_ZONE_MAP, std::move(zones)));
@@ -94,6 +105,16 @@ void MidiEngineMessageManager::postSetTempo(int bpm) { worker.post(pack(SET_TEMP
 void MidiEngineMessageManager::postSetTempoSource(int source) { worker.post(pack(SET_TEMPO_SOURCE, source)); }
 
 void MidiEngineMessageManager::postSetMidiThru(bool on) { worker.post(pack(SET_MIDI_THRU, on)); }
+
+void MidiEngineMessageManager::postSetOscPlaying(Oscillators::OscId id, bool playing)
+{
+    worker.post(pack(SET_OSC_PLAYING, id, playing));
+}
+
+void MidiEngineMessageManager::postSetOscSpeed(Oscillators::OscId id, int speed)
+{
+    worker.post(pack(SET_OSC_SPEED, id, speed));
+}
 
 void MidiEngineMessageManager::sendReset() { engine.sendReset(); }
 

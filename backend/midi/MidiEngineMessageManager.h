@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "backend/layers/Layer.h"
+#include "backend/layers/Oscillator.h"
 #include "backend/layers/Zone.h"
 #include "backend/midi/MidiPort.h"
 #include "backend/midi/OrvMidiMessage.h"
@@ -33,12 +34,17 @@ public:
     void postSetDefaultMidiOutput(int port);
     /// A reset comes first, and the layers with it. The worker waits for the slice that does both.
     void postSetLayerList(std::vector<Layers::Layer> layers);
+    /// The same for the oscillators.
+    void postSetOscList(std::vector<Oscillators::Oscillator> oscillators);
     void postSetZoneMap(std::vector<Zones::Zone> zones);
     /// Only the transposition, and only if that zone is there.
     void postSetZone(const Zones::Zone& zone);
     void postSetTempo(int bpm);
     void postSetTempoSource(int source);
     void postSetMidiThru(bool on);
+    /// Starts or stops an oscillator; its stop value is sent in front. An id outside the list is ignored.
+    void postSetOscPlaying(Oscillators::OscId id, bool playing);
+    void postSetOscSpeed(Oscillators::OscId id, int speed);
 
     /// Ends every note and waits until a time slice has done so; done at once before the first slice, and when called
     /// on the time-slice thread itself (outside a slice). The clock runs internally meanwhile.

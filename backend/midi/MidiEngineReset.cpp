@@ -1,4 +1,4 @@
-// How notes end: resets, and the layers that travel with them.
+// How notes end: resets, and the layers and oscillators that travel with them.
 
 #include <utility>
 
@@ -29,6 +29,13 @@ void MidiEngine::setLayerList(std::vector<Layers::Layer> newLayers)
 {
     ResetRequest request;
     request.layers.emplace(newLayers);
+    runReset(OrvMidiMessage::createOrvReset(), request);
+}
+
+void MidiEngine::setOscList(std::vector<Oscillators::Oscillator> newOscillators)
+{
+    ResetRequest request;
+    request.oscillators.emplace(newOscillators);
     runReset(OrvMidiMessage::createOrvReset(), request);
 }
 
@@ -82,6 +89,7 @@ void MidiEngine::carryOut(Slice& slice, const OrvMidiMessage& order, ResetReques
     else
         reset(slice);
     if (request.layers) layers.swap(*request.layers);
+    if (request.oscillators) oscillators.swap(*request.oscillators);
 }
 
 void MidiEngine::reset(Slice& slice)

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 #include "backend/core/GuiMessages.h"
 #include "backend/midi/MidiEngine.h"
@@ -66,9 +67,16 @@ void MidiEngine::walk(Slice& slice, std::int32_t startPpq, std::int32_t endPpq)
     for (std::int32_t pulse = -CATCH_UP; pulse < 0; ++pulse) processPpq(slice, endPpq + pulse, -1);
 }
 
+/// One pulse: first the events, then the oscillators.
 void MidiEngine::processPpq(Slice& slice, std::int32_t ppq, std::int32_t minPpq)
 {
-    if (ppq < 0 || ppq < earliest) return;
+    if (ppq < 0) return;
+    if (ppq >= earliest) playDue(slice, ppq, minPpq);
+    oscillators.step(slice, *this, ppq);
+}
+
+void MidiEngine::playDue(Slice& slice, std::int32_t ppq, std::int32_t minPpq)
+{
     earliest = std::numeric_limits<std::int32_t>::max();
     auto kept = pending.begin();
     for (auto event = kept; event != pending.end(); ++event) {
@@ -164,8 +172,19 @@ void MidiEngine::playMidiInternal(Slice& slice, const OrvMidiMessage& event, boo
 
 void MidiEngine::show(Slice& slice, const OrvMidiMessage& event)
 {
-    guiWindow.postFromSlice(
-        {.number = GuiMessage::MIDI_OUTPUT_EVENT, .wparam = event.getWparam(), .lparam = event.getLparam()});
+    tellGui(slice, {.number = GuiMessage::MIDI_OUTPUT_EVENT, .wparam = event.getWparam(), .lparam = event.getLparam()});
+}
+
+void MidiEngine::tellOscValue(Slice& slice, Oscillators::OscId id, std::int32_t value)
+{
+    Slice::proves(criticalSection);
+    if (guiWindow)
+        tellGui(slice, {.number = GuiMessage::OSC_VALUE, .wparam = static_cast<std::uint32_t>(id), .lparam = value});
+}
+
+void MidiEngine::tellGui(Slice& slice, Message message)
+{
+    guiWindow.postFromSlice(std::move(message));
     if (!slice.window) slice.window = guiWindow;
 }
 

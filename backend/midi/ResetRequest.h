@@ -3,6 +3,7 @@
 #include <optional>
 
 #include "backend/layers/EngineLayerList.h"
+#include "backend/layers/EngineOscList.h"
 #include "platform/Event.h"
 #include "platform/Worker.h"
 
@@ -13,6 +14,7 @@ struct ResetRequest {
     Event done;
     Worker* waiter = Worker::current();  ///< counts as resting until the reset was served; null for a foreign thread
     std::optional<Layers::EngineLayerList> layers;  ///< to be swapped in right behind the reset; then the old ones
-    ResetRequest* next = nullptr;                   ///< among those that one slice served
+    std::optional<Oscillators::EngineOscList> oscillators;  ///< the same
+    ResetRequest* next = nullptr;                           ///< among those that one slice served
 };
 }  // namespace Backend::MidiEngine

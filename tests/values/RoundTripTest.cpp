@@ -26,11 +26,11 @@ public:
     std::string next()
     {
         static constexpr const char* PIECES[] = {
-            "",       " ",       ",",   "+",        "-",           "_",           "/",          "\\",
-            "1",      "64",      "300", "D1",       "D2",          "ge",          "Off",        "off",
-            "on",     "up",      "all", "left",     "selected",    "type1",       "ppq",        "C#",
-            "Shift ", "Alt ",    "A",   "Enter",    "Alt",         "Left",        "Note On",    "Controller Change",
-            "type2",  "Unknown", "\t",  "\xC3\xA4", "99999999999", "Right Shift", "-2147483648"};
+            "",       " ",       ",",   "+",        "-",           "_",           "/",           "\\",
+            "1",      "64",      "300", "D1",       "D2",          "ge",          "Off",         "off",
+            "on",     "up",      "all", "left",     "selected",    "type1",       "ppq",         "C#",
+            "Shift ", "Alt ",    "A",   "Enter",    "Alt",         "Left",        "Note On",     "Controller Change",
+            "type2",  "Unknown", "\t",  "\xC3\xA4", "99999999999", "Right Shift", "-2147483648", "saw"};
         std::string text;
         for (auto pieces = random() % 6; pieces > 0; --pieces) text += PIECES[random() % std::size(PIECES)];
         return text;

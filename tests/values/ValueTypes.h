@@ -14,14 +14,16 @@
 #include "backend/input/values/SelectControlType.h"
 #include "backend/input/values/SelectType.h"
 #include "backend/input/values/TimeIntervalType.h"
+#include "backend/layers/OscillatorType.h"
 #include "backend/midi/MidiMessage.h"
 #include "backend/midi/Note.h"
 
 /// Every type of value that is stored as an attribute. A new one joins here, and the tests and the fuzzer that walk all
 /// of them cover it.
-using ValueTypes = std::tuple<Cell, Fraction, Key, MidiTranslationCondition, MidiTranslationValue, NoteToggle,
-                              OnOffToggle, RelativeFixedValue, SelectControlType, SelectType, TimeIntervalType,
-                              Backend::MidiEngine::Note, Backend::MidiEngine::MidiMessage>;
+using ValueTypes =
+    std::tuple<Cell, Fraction, Key, MidiTranslationCondition, MidiTranslationValue, NoteToggle, OnOffToggle,
+               RelativeFixedValue, SelectControlType, SelectType, TimeIntervalType, Backend::MidiEngine::Note,
+               Backend::MidiEngine::MidiMessage, Backend::Oscillators::OscillatorType>;
 
 /// Whether what a value prints must print the same again when it is read. The names of the left modifier keys are
 /// printed but not read.
