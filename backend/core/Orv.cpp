@@ -29,10 +29,12 @@ Orv::Orv(const std::string& application, MidiEngine::MidiPlayer& player)
     : applicationName(application),
       orvMessageManager(messageManagerMaster, *this),
       midiEngine(player),
+      oscManager(*this, messageManagerMaster),
       layerManager(*this, messageManagerMaster),
       zoneManager(*this, messageManagerMaster)
 {
     messageManagerMaster.addMessageManager(&orvMessageManager);
+    messageManagerMaster.addMessageManager(&oscManager.getMessageManager());
     messageManagerMaster.addMessageManager(&layerManager.getMessageManager());
     messageManagerMaster.addMessageManager(&zoneManager.getMessageManager());
 }
@@ -46,6 +48,7 @@ Orv::~Orv()
 void Orv::initialize()
 {
     registrySettings.loadFromRegistry(OrvUtils::getRegistryKey(applicationName));
+    oscManager.getPresets().refresh();
     presetStores.refresh();
     layerManager.getPresets().refresh();
     midiEngine.initialize(registrySettings.getDefaultMidiOutput(), registrySettings.getMidiThru());

@@ -11,6 +11,7 @@
 #include "backend/core/OrvMessageManager.h"
 #include "backend/core/Screen.h"
 #include "backend/layers/LayerManager.h"
+#include "backend/layers/OscManager.h"
 #include "backend/layers/ZoneManager.h"
 #include "backend/midi/MidiEngine.h"
 #include "backend/persistence/Bank.h"
@@ -116,6 +117,8 @@ public:
     void toggleControl() override { showScreen(Screen::controls, OnOffToggle::State::toggle); }
     void showSaveDialog() override { tellGui(GuiMessage::SHOW_SAVE_DIALOG, 0); }
     void playMidi(const MidiEngine::OrvMidiMessage& event) override;
+    Oscillators::OscManager& getOscManager() override { return oscManager; }
+    Oscillators::OscMessageManager& getOscMessageManager() override { return oscManager.getMessageManager(); }
     Layers::LayerManager& getLayerManager() override { return layerManager; }
     Layers::LayerMessageManager& getLayerMessageManager() override { return layerManager.getMessageManager(); }
     Zones::ZoneManager& getZoneManager() override { return zoneManager; }
@@ -184,6 +187,7 @@ public:
     bool isResetWaiting() const override { return midiEngine.isResetWaiting(); }
     void moveWindow(const RelativeFixedValue& x, const RelativeFixedValue& y) override;
     void setWidgetFocus(const SelectControlType& select) override;
+    void setRandomSeed(std::uint32_t seed) override { midiEngine.setRandomSeed(seed); }
 
 private:
     /// A small value travels in the first parameter, anything else as an owned copy.
@@ -219,6 +223,7 @@ private:
     MidiEngine::MidiOutputPorts midiOutputPorts;
     HeldNotes heldNotes;
     MidiEngine::MidiEngine midiEngine;
+    Oscillators::OscManager oscManager;
     PresetStores presetStores;
     Layers::LayerManager layerManager;
     Zones::ZoneManager zoneManager;

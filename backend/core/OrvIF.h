@@ -28,6 +28,12 @@ class LayerManager;
 class LayerMessageManager;
 }  // namespace Layers
 
+namespace Oscillators
+{
+class OscManager;
+class OscMessageManager;
+}  // namespace Oscillators
+
 namespace Zones
 {
 class ZoneManager;
@@ -143,6 +149,9 @@ public:
     /// Gives an event to the engine.
     virtual void playMidi(const MidiEngine::OrvMidiMessage& event) = 0;
 
+    virtual Oscillators::OscManager& getOscManager() = 0;
+    /// Any thread; they live as long as the backend.
+    virtual Oscillators::OscMessageManager& getOscMessageManager() = 0;
     virtual Layers::LayerManager& getLayerManager() = 0;
     /// Any thread; they live as long as the backend.
     virtual Layers::LayerMessageManager& getLayerMessageManager() = 0;
@@ -233,5 +242,8 @@ public:
     virtual void moveWindow(const RelativeFixedValue& x, const RelativeFixedValue& y) = 0;
     /// Asks the window to put the cursor into a control.
     virtual void setWidgetFocus(const SelectControlType& select) = 0;
+    /// For a host that wants the same chance each time: what is left to it from now on depends on the seed alone. Any
+    /// thread but the time slice.
+    virtual void setRandomSeed(std::uint32_t seed) = 0;
 };
 }  // namespace Backend

@@ -85,7 +85,8 @@ void Orv::readProgram(const XmlElement& element)
     constexpr auto nothing = [](Orv&) {};
     constexpr auto updateZones = [](Orv& orv) { orv.updateZones(); };
     constexpr auto sections = std::to_array<Section>(
-        {{"Oscillators", passOver, nothing},
+        {{"Oscillators", [](Orv& orv, const XmlElement& section) { orv.oscManager.readXml(section); },
+          [](Orv& orv) { orv.oscManager.setDefaults(); }},
          {"Joystick", passOver, updateZones},
          {"ComputerInput", passOver, updateZones},
          {"MidiInput", passOver, updateZones},

@@ -23,16 +23,16 @@ struct ORV_API Oscillator {
 
     OscId id = -1;
     bool selected = false;  ///< the target of functions that say "selected"; not saved
-    OscillatorType type;
-    std::int32_t speed = 480;             ///< pulses per cycle, 40 to 30720; a file's is as it is until it is changed
-    std::int32_t min = 0;                 ///< the value at the bottom of the wave
-    std::int32_t max = 127;               ///< the value at its top; below `min` the wave is upside down
-    TimeIntervalType speedMode;           ///< how the speed is shown and stepped
-    std::int32_t stopValue = -1;          ///< sent on start and stop, below 0 for none
-    std::int32_t detail = 10;             ///< every how many changes of value one is sent, 1 to 30; 0 counts as 1
-    MidiEngine::MidiMessage midiMessage;  ///< the message that carries the value; without one nothing is heard
-    std::int8_t output = -1;              ///< -1 for through the layers, or the default output
-    std::int8_t channel = -1;             ///< -1 for the layers' channel
+    OscillatorType type{};
+    std::int32_t speed = 480;               ///< pulses per cycle, 40 to 30720; a file's is as it is until it is changed
+    std::int32_t min = 0;                   ///< the value at the bottom of the wave
+    std::int32_t max = 127;                 ///< the value at its top; below `min` the wave is upside down
+    TimeIntervalType speedMode{};           ///< how the speed is shown and stepped
+    std::int32_t stopValue = -1;            ///< sent on start and stop, below 0 for none
+    std::int32_t detail = 10;               ///< every how many changes of value one is sent, 1 to 30; 0 counts as 1
+    MidiEngine::MidiMessage midiMessage{};  ///< the message that carries the value; without one nothing is heard
+    std::int8_t output = -1;                ///< -1 for through the layers, or the default output
+    std::int8_t channel = -1;               ///< -1 for the layers' channel
     std::int8_t zone = -1;
     bool playing = false;  ///< not saved
 

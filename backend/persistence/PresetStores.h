@@ -6,7 +6,6 @@ namespace Backend
 {
 /// The presets of the sections that have no manager of their own. They know nothing of each other.
 struct PresetStores {
-    PresetManager oscillators{PresetSections::OSCILLATORS};
     PresetManager joystick{PresetSections::JOYSTICK};
     PresetManager computerInput{PresetSections::COMPUTER_INPUT};
     PresetManager midiInput{PresetSections::MIDI_INPUT};
@@ -14,8 +13,7 @@ struct PresetStores {
 
     void refresh()
     {
-        for (PresetManager* store : {&oscillators, &joystick, &computerInput, &midiInput, &controls})
-            store->refresh();
+        for (PresetManager* store : {&joystick, &computerInput, &midiInput, &controls}) store->refresh();
     }
 };
 }  // namespace Backend
