@@ -1,5 +1,7 @@
 #include "apps/orvane/RenderCommand.h"
 
+#include <cstdint>
+#include <limits>
 #include <memory>
 
 #include "host/InputError.h"
@@ -50,6 +52,9 @@ void addRenderCommand(CLI::App& program)
     command->add_option("--number", settings.number, "Program taken from a bank, counted from 0")
         ->check(CLI::Range(0, 99999))
         ->capture_default_str();
+    command->add_option("--seed", settings.seed, "Seed of what is left to chance, such as random oscillators")
+        ->check(CLI::Range(std::uint32_t{0}, std::numeric_limits<std::uint32_t>::max()))
+        ->capture_default_str();
     command->add_option("--data", settings.data, "Data folder (a fresh one with the factory content)")
         ->type_name("DIR");
     command->add_option("--set", settings.choices, "A setting by its stored name, such as MidiThru=0")
@@ -60,7 +65,6 @@ void addRenderCommand(CLI::App& program)
     command->add_option("--mid", request->mid, "Write a Standard MIDI File")->type_name("FILE");
     command->add_option("--wav", request->wav, "Write a sound file, played by the built-in synthesizer")
         ->type_name("FILE");
-    refuse(*command, "--seed", "N");
     refuse(*command, "--display", "FILE");
 
     command->callback([request] { Host::render(*request); });

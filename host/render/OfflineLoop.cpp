@@ -38,6 +38,7 @@ OfflineLoop::OfflineLoop(const Settings& wanted)
 {
     if (!orv) throw std::bad_alloc();
     orv->getProgram().number = settings.number;
+    orv->setRandomSeed(settings.seed);
     orv->start();
     auto& commands = orv->getOrvMessageManager();
     commands.sendInitialize();

@@ -30,6 +30,7 @@ public:
         std::optional<std::filesystem::path> data;  ///< the data folder; a fresh one, with the factory content, if none
         std::vector<std::filesystem::path> loads;   ///< programs and banks loaded before the start, in order
         int number = 0;                             ///< of the program taken from a bank, from 0
+        std::uint32_t seed = 1;                     ///< of what is left to chance; 0 counts as 1
         std::vector<std::string> choices;           ///< settings by their stored names, "MidiThru=0"
     };
 

@@ -102,7 +102,7 @@ class Render(unittest.TestCase):
                  ([good, "--slice", "5000"], "--slice"), ([good, "--slice", "0"], "--slice"),
                  ([good, "--outputs", "two"], "--outputs"), ([good, "--tail", "-1"], "--tail"),
                  ([good, "--nonsense"], "--nonsense"), ([good, "--load", "x.bnk"], "x.bnk"), ([good, "--load", good], "good.perf"),
-                 ([good, "--seed", "7"], "--seed"), ([good, bad], "bad.perf:3")]
+                 ([good, "--seed", "-1"], "--seed"), ([good, "--seed", "4294967296"], "--seed"), ([good, bad], "bad.perf:3")]
         for arguments, named in cases:
             out = self.path("out.events")
             result = self.orvane(*arguments, "--events", out, "--mid", self.path("out.mid"), status=2)
