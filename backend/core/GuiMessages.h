@@ -25,6 +25,11 @@ enum Number : unsigned int {
     MOUSE_SENSITIVITY = 33268,              ///< the divisor
     CLICK_ZONE_CHANNEL_TRANSPOSE = 33272,   ///< 0 or 1
 
+    KEY_CONFIGURATIONS = 33469,  ///< payload: vector of KeyConfiguration, those that were replaced
+    COMPUTER_INPUT = 33470,      ///< first parameter: whether modifiers count on key up; payload: KeyConfigurationMap
+    COMPUTER_INPUT_CHANGED = 33471,  ///< nothing; what the keys do has changed
+    COMPUTER_INPUT_PRESET = 33472,   ///< nothing; a preset was loaded
+
     SET_WIDGET_FOCUS = 33978,  ///< payload: SelectControlType
 
     LAYERS = 34719,             ///< payload: LayerList
