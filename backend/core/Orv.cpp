@@ -30,11 +30,13 @@ Orv::Orv(const std::string& application, MidiEngine::MidiPlayer& player)
       orvMessageManager(messageManagerMaster, *this),
       midiEngine(player),
       oscManager(*this, messageManagerMaster),
+      computerInputManager(*this, messageManagerMaster),
       layerManager(*this, messageManagerMaster),
       zoneManager(*this, messageManagerMaster)
 {
     messageManagerMaster.addMessageManager(&orvMessageManager);
     messageManagerMaster.addMessageManager(&oscManager.getMessageManager());
+    messageManagerMaster.addMessageManager(&computerInputManager.getMessageManager());
     messageManagerMaster.addMessageManager(&layerManager.getMessageManager());
     messageManagerMaster.addMessageManager(&zoneManager.getMessageManager());
 }
@@ -50,6 +52,7 @@ void Orv::initialize()
     registrySettings.loadFromRegistry(OrvUtils::getRegistryKey(applicationName));
     oscManager.getPresets().refresh();
     presetStores.refresh();
+    computerInputManager.getPresets().refresh();
     layerManager.getPresets().refresh();
     midiEngine.initialize(registrySettings.getDefaultMidiOutput(), registrySettings.getMidiThru());
     prepareBanks();
@@ -111,6 +114,16 @@ void Orv::setWidgetFocus(const SelectControlType& select)
 {
     getGuiWindowHandle().post(
         {.number = GuiMessage::SET_WIDGET_FOCUS, .payload = Payload::of(SelectControlType(select))});
+}
+
+// --- what the inputs do
+
+/// Each section of the inputs adds what it plays.
+void Orv::updateZones()
+{
+    std::vector<FunctionManagement::FunctionNoteSpan> spans;
+    computerInputManager.getNoteSpans(spans);
+    zoneManager.updateZones(spans);
 }
 
 // --- controls

@@ -10,6 +10,7 @@
 #include "backend/core/OrvIF.h"
 #include "backend/core/OrvMessageManager.h"
 #include "backend/core/Screen.h"
+#include "backend/input/computer/ComputerInputManager.h"
 #include "backend/layers/LayerManager.h"
 #include "backend/layers/OscManager.h"
 #include "backend/layers/ZoneManager.h"
@@ -100,11 +101,30 @@ public:
         showScreen(Screen::joystick, on ? OnOffToggle::State::on : OnOffToggle::State::off);
     }
     void toggleJoystick() override { showScreen(Screen::joystick, OnOffToggle::State::toggle); }
+    ComputerInput::ComputerInputManager& getComputerInputManager() override { return computerInputManager; }
+    ComputerInput::ComputerInputMessageManager& getComputerInputMessageManager() override
+    {
+        return computerInputManager.getMessageManager();
+    }
     void showComputerInput(bool on) override
     {
         showScreen(Screen::computerInput, on ? OnOffToggle::State::on : OnOffToggle::State::off);
     }
     void toggleComputerInput() override { showScreen(Screen::computerInput, OnOffToggle::State::toggle); }
+    void keyDown(const Key& key, bool isRepeat) override
+    {
+        getComputerInputMessageManager().postKeyDown(key, isRepeat);
+    }
+    void keyUp(const Key& key) override { getComputerInputMessageManager().postKeyUp(key); }
+    void mergeKeyConfigurations(const std::vector<ComputerInput::KeyConfiguration>& configurations,
+                                bool notifyGui) override
+    {
+        computerInputManager.mergeKeyConfigurations(configurations, notifyGui);
+    }
+    ComputerInput::KeyConfigurationMap getComputerInputConfiguration() const override
+    {
+        return computerInputManager.getKeys();
+    }
     void showMidiInput(bool on) override
     {
         showScreen(Screen::midiInput, on ? OnOffToggle::State::on : OnOffToggle::State::off);
@@ -136,8 +156,7 @@ public:
     int getTempoSource() const override { return program.tempoSource; }
     void changeTempo(const RelativeFixedValue& value, bool notify) override;
     void setTempoSource(int source, bool notify) override;
-    // No input section plays in a zone as yet.
-    void updateZones() override { zoneManager.updateZones({}); }
+    void updateZones() override;
     void resetOrv() override;
     void selectControl(const SelectControlType& select) override;
     void changeControl(const SelectControlType& select, const RelativeFixedValue& value) override;
@@ -225,6 +244,7 @@ private:
     MidiEngine::MidiEngine midiEngine;
     Oscillators::OscManager oscManager;
     PresetStores presetStores;
+    ComputerInput::ComputerInputManager computerInputManager;
     Layers::LayerManager layerManager;
     Zones::ZoneManager zoneManager;
 };

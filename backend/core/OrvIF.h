@@ -2,7 +2,9 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
+#include "backend/input/values/Key.h"
 #include "backend/input/values/NoteToggle.h"
 #include "backend/input/values/OnOffToggle.h"
 #include "backend/input/values/RelativeFixedValue.h"
@@ -21,6 +23,14 @@ class OrvMessageManager;
 class RegistrySettings;
 struct Bank;
 struct Program;
+
+namespace ComputerInput
+{
+class ComputerInputManager;
+class ComputerInputMessageManager;
+class KeyConfiguration;
+class KeyConfigurationMap;
+}  // namespace ComputerInput
 
 namespace Layers
 {
@@ -138,8 +148,18 @@ public:
     virtual void toggleOsc() = 0;
     virtual void showJoystick(bool on) = 0;
     virtual void toggleJoystick() = 0;
+    virtual ComputerInput::ComputerInputManager& getComputerInputManager() = 0;
+    /// Any thread; it lives as long as the backend.
+    virtual ComputerInput::ComputerInputMessageManager& getComputerInputMessageManager() = 0;
     virtual void showComputerInput(bool on) = 0;
     virtual void toggleComputerInput() = 0;
+    /// A key of the computer goes down, again and again while it is held, and comes up. Any thread; they post.
+    virtual void keyDown(const Key& key, bool isRepeat) = 0;
+    virtual void keyUp(const Key& key) = 0;
+    /// See `ComputerInputManager`.
+    virtual void mergeKeyConfigurations(const std::vector<ComputerInput::KeyConfiguration>& configurations,
+                                        bool notifyGui) = 0;
+    virtual ComputerInput::KeyConfigurationMap getComputerInputConfiguration() const = 0;
     virtual void showMidiInput(bool on) = 0;
     virtual void toggleMidiInput() = 0;
     virtual void showControl(bool on) = 0;

@@ -162,6 +162,10 @@ void OrvMessageManager::postChangeDefaultMidiOutput(const SelectType& select)
     master.post(pack(CHANGE_DEFAULT_MIDI_OUTPUT, select));
 }
 
+void OrvMessageManager::postKeyDown(const Key& key, bool isRepeat) { orv.keyDown(key, isRepeat); }
+
+void OrvMessageManager::postKeyUp(const Key& key) { orv.keyUp(key); }
+
 void OrvMessageManager::postToggleSystemPanel() { master.post(pack(TOGGLE_SYSTEM_PANEL)); }
 
 void OrvMessageManager::postChangeTempo(const RelativeFixedValue& value, bool notify)

@@ -38,6 +38,9 @@ public:
     void postLoadBank(const std::string& path);
     void postChangeProgram(const SelectType& select);
     void postChangeDefaultMidiOutput(const SelectType& select);
+    /// A key of the computer as the window reports it, with the modifiers held; without an allocation for it.
+    void postKeyDown(const Key& key, bool isRepeat);
+    void postKeyUp(const Key& key);
     void postToggleSystemPanel();
     void postChangeTempo(const RelativeFixedValue& value, bool notify);
     void postChangeMidiThru(const OnOffToggle& value, bool notify);

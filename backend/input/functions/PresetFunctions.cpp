@@ -1,5 +1,6 @@
 #include "backend/input/functions/PresetFunctions.h"
 
+#include "backend/input/computer/ComputerInputManager.h"
 #include "backend/layers/LayerManager.h"
 #include "platform/DbgStream.h"
 
@@ -16,7 +17,7 @@ void tellNoSection(const FunctionInfo& function)
 void LoadOscillatorPreset::execute() { tellNoSection(info); }
 void LoadJoystickInputPreset::execute() { tellNoSection(info); }
 void LoadMidiInputPreset::execute() { tellNoSection(info); }
-void LoadComputerInputPreset::execute() { tellNoSection(info); }
+void LoadComputerInputPreset::execute() { orv().getComputerInputManager().loadPreset(preset); }
 void LoadControlPreset::execute() { tellNoSection(info); }
 void LoadLayerPreset::execute() { orv().getLayerManager().loadPreset(preset); }
 }  // namespace Backend::FunctionManagement::Functions
