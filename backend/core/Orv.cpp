@@ -8,6 +8,7 @@
 #include "backend/core/WindowMove.h"
 #include "backend/input/values/Text.h"
 #include "backend/persistence/OrvUtils.h"
+#include "backend/persistence/XmlDocument.h"
 #include "platform/DbgStream.h"
 #include "platform/Path.h"
 
@@ -124,6 +125,15 @@ void Orv::updateZones()
     std::vector<FunctionManagement::FunctionNoteSpan> spans;
     computerInputManager.getNoteSpans(spans);
     zoneManager.updateZones(spans);
+}
+
+void Orv::executeFunction(const std::string& xml)
+{
+    const XmlDocument document(xml, XmlDocument::Source::text);
+    if (const auto function = FunctionManagement::createFunctionFromXml(document.getRoot(), *this))
+        function->execute();
+    else
+        WindowsLib::DbgStream() << xml << ": no function";
 }
 
 // --- controls

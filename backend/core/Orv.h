@@ -207,6 +207,7 @@ public:
     void moveWindow(const RelativeFixedValue& x, const RelativeFixedValue& y) override;
     void setWidgetFocus(const SelectControlType& select) override;
     void setRandomSeed(std::uint32_t seed) override { midiEngine.setRandomSeed(seed); }
+    void executeFunction(const std::string& xml) override;
 
 private:
     /// A small value travels in the first parameter, anything else as an owned copy.

@@ -265,5 +265,8 @@ public:
     /// For a host that wants the same chance each time: what is left to it from now on depends on the seed alone. Any
     /// thread but the time slice.
     virtual void setRandomSeed(std::uint32_t seed) = 0;
+
+    /// Makes a function of its element, `<ChangeTempo value="+10"/>`, and runs it; a text that is none does nothing.
+    virtual void executeFunction(const std::string& xml) = 0;
 };
 }  // namespace Backend

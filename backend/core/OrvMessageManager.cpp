@@ -28,6 +28,7 @@ enum Number : unsigned int {
     SET_DISPLAY_HEIGHT = 33231,
     SET_LARGE_DISPLAY_FONT = 33233,
     SET_ALWAYS_ON_TOP = 33236,
+    EXECUTE_FUNCTION = 33238,
     PLAY_MIDI_VIA_ALLOC = 33247,
     PLAY_MIDI_VIA_PARAM = 33248,
     ENABLE_MIDI_INPUT = 33249,
@@ -67,6 +68,7 @@ constexpr auto COMMANDS = std::to_array<Command<OrvIF>>({
     command<&OrvIF::setDisplayHeight>(SET_DISPLAY_HEIGHT, "SetDisplayHeight"),
     command<&OrvIF::setLargeDisplayFont>(SET_LARGE_DISPLAY_FONT, "SetLargeDisplayFont"),
     command<&OrvIF::setAlwaysOnTop>(SET_ALWAYS_ON_TOP, "SetAlwaysOnTop"),
+    command<&OrvIF::executeFunction>(EXECUTE_FUNCTION, "ExecuteFunction"),
     command<&OrvIF::playMidi>(PLAY_MIDI_VIA_ALLOC, "PlayMidiViaAlloc"),
     eventCommand<&OrvIF::playMidi>(PLAY_MIDI_VIA_PARAM, "PlayMidiViaParam"),
     command<&OrvIF::enableMidiInput>(ENABLE_MIDI_INPUT, "EnableMidiInput"),
@@ -165,6 +167,8 @@ void OrvMessageManager::postChangeDefaultMidiOutput(const SelectType& select)
 void OrvMessageManager::postKeyDown(const Key& key, bool isRepeat) { orv.keyDown(key, isRepeat); }
 
 void OrvMessageManager::postKeyUp(const Key& key) { orv.keyUp(key); }
+
+void OrvMessageManager::postExecuteFunction(const std::string& xml) { master.post(pack(EXECUTE_FUNCTION, xml)); }
 
 void OrvMessageManager::postToggleSystemPanel() { master.post(pack(TOGGLE_SYSTEM_PANEL)); }
 

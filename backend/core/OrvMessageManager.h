@@ -41,6 +41,8 @@ public:
     /// A key of the computer as the window reports it, with the modifiers held; without an allocation for it.
     void postKeyDown(const Key& key, bool isRepeat);
     void postKeyUp(const Key& key);
+    /// See `OrvIF::executeFunction`.
+    void postExecuteFunction(const std::string& xml);
     void postToggleSystemPanel();
     void postChangeTempo(const RelativeFixedValue& value, bool notify);
     void postChangeMidiThru(const OnOffToggle& value, bool notify);

@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <iterator>
+#include <utility>
 
+#include "backend/input/functions/FunctionText.h"
 #include "host/InputError.h"
 #include "host/SetupFile.h"
 
@@ -76,13 +78,35 @@ Command parseLoad(PerformanceLine& line)
     return LoadCommand{path.string()};
 }
 
+Command parseKey(PerformanceLine& line)
+{
+    constexpr std::pair<std::string_view, KeyAction> ACTIONS[] = {
+        {"down", KeyAction::down}, {"repeat", KeyAction::repeat}, {"up", KeyAction::up}};
+    const std::string_view word = line.word("'down', 'repeat' or 'up'");
+    const auto* action = std::ranges::find(ACTIONS, word, &std::pair<std::string_view, KeyAction>::first);
+    if (action == std::end(ACTIONS)) line.refuse(quoted(word) + " is not 'down', 'repeat' or 'up'");
+    const std::string_view text = line.rest("KEY");
+    const Key key = Key::fromXmlString(text);
+    if (key.keyCode < 0) line.refuse("there is no key " + quoted(text));
+    return KeyCommand{action->second, key};
+}
+
+Command parseFunction(PerformanceLine& line)
+{
+    const std::string_view xml = line.rest("XML");
+    const auto text = Backend::FunctionManagement::FunctionText::check(xml);
+    if (!text.problem.empty()) line.refuse("the function is no XML element: " + text.problem);
+    if (!text.isFunction) line.refuse("there is no function " + quoted(std::string_view(text.typeName)));
+    return FunctionCommand{std::string(xml)};
+}
+
 struct CommandRow {
     std::string_view word;
     Command (*parse)(PerformanceLine&);  // null: a command of the format that is not available yet
 };
 
 constexpr CommandRow COMMANDS[] = {
-    {"midi", parseMidi}, {"play", parsePlay}, {"enable", parseEnable}, {"key", nullptr},    {"function", nullptr},
+    {"midi", parseMidi}, {"play", parsePlay}, {"enable", parseEnable}, {"key", parseKey},   {"function", parseFunction},
     {"axis", nullptr},   {"button", nullptr}, {"control", nullptr},    {"load", parseLoad}, {"record", nullptr},
 };
 }  // namespace

@@ -34,6 +34,16 @@ void postKind(OrvMessageManager& backend, const EnableCommand& command)
 }
 
 void postKind(OrvMessageManager& backend, const LoadCommand& command) { postLoad(backend, command.file); }
+
+void postKind(OrvMessageManager& backend, const KeyCommand& command)
+{
+    if (command.action == KeyAction::up)
+        backend.postKeyUp(command.key);
+    else
+        backend.postKeyDown(command.key, command.action == KeyAction::repeat);
+}
+
+void postKind(OrvMessageManager& backend, const FunctionCommand& command) { backend.postExecuteFunction(command.xml); }
 }  // namespace
 
 void post(OrvMessageManager& backend, const Command& command)

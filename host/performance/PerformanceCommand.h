@@ -4,6 +4,8 @@
 #include <string>
 #include <variant>
 
+#include "backend/input/values/Key.h"
+
 namespace Host
 {
 /// A MIDI message that arrives at an input port.
@@ -47,8 +49,25 @@ struct LoadCommand {
     bool operator==(const LoadCommand&) const = default;
 };
 
+enum class KeyAction { down, repeat, up };
+
+/// A key of the computer as a window reports it.
+struct KeyCommand {
+    KeyAction action;
+    Key key;  ///< a key that has a name
+
+    bool operator==(const KeyCommand&) const = default;
+};
+
+/// A function is run.
+struct FunctionCommand {
+    std::string xml;  ///< its element, which is one
+
+    bool operator==(const FunctionCommand&) const = default;
+};
+
 /// What a line of a performance asks for. A further kind is a struct here and a row in the table of parseCommand.
-using Command = std::variant<MidiCommand, PlayCommand, EnableCommand, LoadCommand>;
+using Command = std::variant<MidiCommand, PlayCommand, EnableCommand, LoadCommand, KeyCommand, FunctionCommand>;
 
 struct TimedCommand {
     std::int32_t time;  ///< pulses from the start, 480 per quarter note, 0 to LAST_PULSE

@@ -64,4 +64,7 @@ ORV_API std::unique_ptr<Function> createFunction(std::string_view typeName, OrvI
 
 /// A function from its element, whose missing attributes have the defaults of files; null as above.
 ORV_API std::unique_ptr<Function> createFunctionFromXml(const XmlElement& element, OrvIF& orv);
+
+/// Whether those two make functions of that type name.
+ORV_API bool isFunctionType(std::string_view typeName);
 }  // namespace Backend::FunctionManagement

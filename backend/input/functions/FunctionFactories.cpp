@@ -38,6 +38,13 @@ std::unique_ptr<Function> createFunctionFromXml(const XmlElement& element, OrvIF
     return function;
 }
 
+bool isFunctionType(std::string_view typeName)
+{
+    bool found = false;
+    withClass(typeName, [&](auto) { found = true; });
+    return found;
+}
+
 void enumerateFunctions(FunctionEnumerator& enumerator)
 {
     AllFunctions::forEach([&]<class Type>(std::type_identity<Type>) {

@@ -5,9 +5,11 @@
 #include <string>
 #include <string_view>
 
+#include "platform/Export.h"
+
 /// A computer key with the modifiers held. Codes are virtual key numbers, with some of the system's own for keys that
 /// those do not tell apart; eight of their bits count. Keys compare, are ordered and cross threads in the packed form.
-struct Key {
+struct ORV_API Key {
     std::int32_t keyCode = -1;  ///< -1 for no key
     bool shift = false;
     bool control = false;

@@ -1,0 +1,17 @@
+#include "backend/input/functions/FunctionText.h"
+
+#include <pugixml.hpp>
+
+#include "backend/input/functions/Function.h"
+#include "backend/persistence/XmlParser.h"
+
+namespace Backend::FunctionManagement
+{
+FunctionText FunctionText::check(std::string_view xml)
+{
+    pugi::xml_document document;
+    if (const auto problem = parseXml(xml, document)) return {.problem = problem->reason};
+    const std::string name = document.document_element().name();
+    return {.typeName = name, .isFunction = isFunctionType(name)};
+}
+}  // namespace Backend::FunctionManagement
