@@ -18,5 +18,6 @@ void addRunCommand(CLI::App& program, Host::RunOptions& options, int& exitStatus
     CLI::App* command = program.add_subcommand(
         "run", "Play live without a window; commands of a performance, without times, are read from standard input");
     addRunOptions(*command, options);
+    command->add_flag("--keys", options.keys, "Play from the keys of this terminal; no commands are read then");
     command->callback([&] { exitStatus = Host::run(options); });
 }

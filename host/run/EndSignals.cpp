@@ -5,6 +5,8 @@
 #include <atomic>
 #include <csignal>
 
+#include "host/run/RawTerminal.h"
+
 namespace Host
 {
 namespace
@@ -18,7 +20,10 @@ std::atomic<Event*> eventOfTheEnd{nullptr};
 
 extern "C" void orvaneEndSignal(int signal)
 {
-    if (endWanted.exchange(true)) _exit(STATUS_OF_A_SIGNAL + signal);
+    if (endWanted.exchange(true)) {
+        RawTerminal::restoreNow();
+        _exit(STATUS_OF_A_SIGNAL + signal);
+    }
     if (Event* event = eventOfTheEnd.load()) event->set();
 }
 

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <iostream>
+#include <memory>
 #include <stdexcept>
 
 #include "backend/core/OrvMessageManager.h"
@@ -13,6 +14,8 @@
 #include "host/run/EndSignals.h"
 #include "host/run/LivePlay.h"
 #include "host/run/PortList.h"
+#include "host/run/RawTerminal.h"
+#include "host/run/TerminalKeyboard.h"
 #include "host/system/MidiSystem.h"
 
 namespace Host
@@ -75,15 +78,26 @@ void tellLosses(const Ports& ports)
 
 void playUntil(const EndSignals& signals, LivePlay& play, Event& event)
 {
-    const CommandReader reader(
-        STDIN_FILENO, "standard input", [&](const Command& command) { play.carryOut(command); }, tell);
     while (!signals.isEndWanted()) {
         event.wait();
         if (play.serve())
             tell(
                 "The JACK server is gone: no MIDI and no sound any more. The engine goes on by its own clock, and "
-                "commands are read.");
+                "what is typed is read.");
     }
+}
+
+void playFromKeys(const EndSignals& signals, LivePlay& play, Event& event)
+{
+    const TerminalKeyboard keyboard(STDIN_FILENO, [&](const Command& command) { play.carryOut(command); });
+    playUntil(signals, play, event);
+}
+
+void playFromCommands(const EndSignals& signals, LivePlay& play, Event& event)
+{
+    const CommandReader reader(
+        STDIN_FILENO, "standard input", [&](const Command& command) { play.carryOut(command); }, tell);
+    playUntil(signals, play, event);
 }
 }  // namespace
 
@@ -91,6 +105,7 @@ int run(const RunOptions& options, const std::function<int()>& otherwise)
 {
     checkClientName(options.client);
     const auto connections = parseConnections(options.connections);
+    const auto terminal = options.keys ? std::make_unique<RawTerminal>(STDIN_FILENO) : nullptr;
 
     Event event;
     const EndSignals signals(event);
@@ -99,7 +114,7 @@ int run(const RunOptions& options, const std::function<int()>& otherwise)
     tellComplaints(*system);
     if (!isAnythingHeard(*system, ports)) {
         if (otherwise) return otherwise();
-        tell("Nothing can be heard, but the engine runs and commands are read.");
+        tell("Nothing can be heard, but the engine runs and what is typed is read.");
     }
     const int defaultOutput = options.defaultOutput ? findOutput(ports.outputList(), *options.defaultOutput) : -1;
 
@@ -109,9 +124,13 @@ int run(const RunOptions& options, const std::function<int()>& otherwise)
     join(*system, connections);
     std::cout << VERSION << ": " << system->description() << "\n"
               << describePorts(ports.inputList(), ports.outputList())
-              << "Commands are read from standard input. Ctrl+C ends with every note off." << std::endl;
+              << (options.keys ? "The keys of this terminal play" : "Commands are read from standard input")
+              << ". Ctrl+C ends with every note off." << std::endl;
 
-    playUntil(signals, play, event);
+    if (options.keys)
+        playFromKeys(signals, play, event);
+    else
+        playFromCommands(signals, play, event);
     play.end();
     tellLosses(ports);
     return 0;

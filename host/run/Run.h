@@ -16,11 +16,12 @@ struct RunOptions {
     std::vector<std::string> connections;      ///< "A=B": JACK ports to join, each by its name
     std::optional<std::string> defaultOutput;  ///< an output's number or name
     std::optional<int> tempo;                  ///< beats per minute, 20 to 250
+    bool keys = false;                         ///< plays from the terminal's keys instead of reading commands
 };
 
-/// Plays until a signal ends it, reading commands from standard input; returns the exit status. Throws InputError if an
-/// option cannot be meant. Where neither sound nor MIDI is possible it plays all the same, unless there is something
-/// else to do: `otherwise`, whose result is then the exit status.
+/// Plays until a signal ends it, reading commands or keys from standard input; returns the exit status. Throws
+/// InputError if an option cannot be meant. Where neither sound nor MIDI is possible it plays all the same, unless
+/// there is something else to do: `otherwise`, whose result is then the exit status.
 int run(const RunOptions& options, const std::function<int()>& otherwise = {});
 
 /// Lists the ports as `run` would have them.

@@ -102,7 +102,7 @@ class Monitor(Program):
         until(lambda: message in self.heard, f"{message} among {self.heard}")
 
 
-class Live(unittest.TestCase):
+class House(unittest.TestCase):
     def setUp(self):
         home = tempfile.TemporaryDirectory()  # a new user each time
         self.addCleanup(home.cleanup)
@@ -142,6 +142,8 @@ class Live(unittest.TestCase):
         """A second player plays, each event as MILLISECONDS:BYTES."""
         self.tool(MIDI_SOURCE, "player", port, *events)
 
+
+class Live(House):
     def test_what_another_program_plays_comes_out_and_what_stays_in_the_host_does_not(self):
         self.serve()
         monitor = Monitor(self, "monitor")
@@ -316,4 +318,5 @@ class Live(unittest.TestCase):
         self.assertIn("--default-output", self.tool(ORVANE, "run", "--help"))
 
 
-unittest.main(argv=sys.argv[:1], verbosity=1)
+if __name__ == "__main__":
+    unittest.main(argv=sys.argv[:1], verbosity=1)

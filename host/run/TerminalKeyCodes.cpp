@@ -1,0 +1,119 @@
+#include "host/run/TerminalKeyCodes.h"
+
+#include <algorithm>
+#include <charconv>
+#include <span>
+
+namespace Host
+{
+namespace
+{
+enum Code : std::int32_t {
+    BACKSPACE = 8,
+    TAB = 9,
+    ENTER = 13,
+    SPACE = 32,
+    PAGE_UP = 33,
+    PAGE_DOWN = 34,
+    END = 35,
+    HOME = 36,
+    LEFT = 37,
+    UP = 38,
+    RIGHT = 39,
+    DOWN = 40,
+    INSERT = 45,
+    DELETE = 46,
+    NUMPAD_0 = 96,
+    F1 = 112,
+    NUMPAD_ENTER = 226
+};
+
+/// A key by the character it types alone and with Shift.
+struct Signs {
+    char plain;
+    char shifted;
+    std::int32_t code;
+};
+
+constexpr Signs SIGNS[] = {{'1', '!', '1'}, {'2', '@', '2'}, {'3', '#', '3'}, {'4', '$', '4'},  {'5', '%', '5'},
+                           {'6', '^', '6'}, {'7', '&', '7'}, {'8', '*', '8'}, {'9', '(', '9'},  {'0', ')', '0'},
+                           {';', ':', 186}, {'=', '+', 187}, {',', '<', 188}, {'-', '_', 189},  {'.', '>', 190},
+                           {'/', '?', 191}, {'`', '~', 192}, {'[', '{', 219}, {'\\', '|', 220}, {']', '}', 221},
+                           {'\'', '"', 222}};
+
+/// A key by what ends or numbers its escape sequence.
+struct Ending {
+    int sign;
+    std::int32_t code;
+};
+
+constexpr Ending LETTERS[] = {{'A', UP},  {'B', DOWN}, {'C', RIGHT},  {'D', LEFT},   {'H', HOME},
+                              {'F', END}, {'P', F1},   {'Q', F1 + 1}, {'R', F1 + 2}, {'S', F1 + 3}};
+
+constexpr Ending NUMBERS[] = {{1, HOME},      {2, INSERT},  {3, DELETE},  {4, END},      {5, PAGE_UP},
+                              {6, PAGE_DOWN}, {7, HOME},    {8, END},     {11, F1},      {12, F1 + 1},
+                              {13, F1 + 2},   {14, F1 + 3}, {15, F1 + 4}, {17, F1 + 5},  {18, F1 + 6},
+                              {19, F1 + 7},   {20, F1 + 8}, {21, F1 + 9}, {23, F1 + 10}, {24, F1 + 11}};
+
+// The keypad of a terminal that is told to tell it apart.
+constexpr Ending KEYPAD[] = {{'j', 106}, {'k', 107}, {'m', 109}, {'n', 110}, {'o', 111}, {'M', NUMPAD_ENTER}};
+
+std::optional<Key> findEnding(std::span<const Ending> endings, int sign)
+{
+    const auto found = std::ranges::find(endings, sign, &Ending::sign);
+    if (found == endings.end()) return std::nullopt;
+    return Key{.keyCode = found->code};
+}
+
+int takeNumber(std::string_view& parameters)
+{
+    int number = 0;
+    const auto [end, error] = std::from_chars(parameters.data(), parameters.data() + parameters.size(), number);
+    parameters.remove_prefix(static_cast<std::size_t>(end - parameters.data()));
+    if (parameters.starts_with(';')) parameters.remove_prefix(1);
+    return error == std::errc() ? number : 0;
+}
+}  // namespace
+
+std::optional<Key> keyOfCharacter(char character)
+{
+    if (character >= 'a' && character <= 'z') return Key{.keyCode = character - 'a' + 'A'};
+    if (character >= 'A' && character <= 'Z') return Key{.keyCode = character, .shift = true};
+    for (const Signs& signs : SIGNS) {
+        if (character == signs.plain) return Key{.keyCode = signs.code};
+        if (character == signs.shifted) return Key{.keyCode = signs.code, .shift = true};
+    }
+    if (character == ' ') return Key{.keyCode = SPACE};
+    if (character == '\r' || character == '\n') return Key{.keyCode = ENTER};
+    if (character == '\t') return Key{.keyCode = TAB};
+    if (character == '\b' || character == '\x7F') return Key{.keyCode = BACKSPACE};
+    if (character >= 1 && character <= 26) return Key{.keyCode = character - 1 + 'A', .control = true};
+    return std::nullopt;
+}
+
+std::optional<Key> keyOfSequence(std::string_view parameters, char ending)
+{
+    if (ending == 'Z') return Key{.keyCode = TAB, .shift = true};
+    const int number = takeNumber(parameters);
+    auto key = ending == '~' ? findEnding(NUMBERS, number) : findEnding(LETTERS, ending);
+    const int modifiers = takeNumber(parameters);
+    if (!key || modifiers < 2) return key;
+    key->shift = ((modifiers - 1) & 1) != 0;
+    key->alt = ((modifiers - 1) & 2) != 0;
+    key->control = ((modifiers - 1) & 4) != 0;
+    return key;
+}
+
+std::optional<Key> keyOfConsoleSequence(char letter)
+{
+    if (letter < 'A' || letter > 'E') return std::nullopt;
+    return Key{.keyCode = F1 + letter - 'A'};
+}
+
+std::optional<Key> keyOfKeypad(char letter)
+{
+    if (letter >= 'p' && letter <= 'y') return Key{.keyCode = NUMPAD_0 + letter - 'p'};
+    const auto key = findEnding(KEYPAD, letter);
+    return key ? key : findEnding(LETTERS, letter);
+}
+}  // namespace Host

@@ -1,0 +1,97 @@
+#include "host/run/TerminalKeyboard.h"
+
+#include <poll.h>
+#include <sys/eventfd.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+
+namespace Host
+{
+using namespace std::chrono_literals;
+using Clock = std::chrono::steady_clock;
+
+namespace
+{
+// An escape sequence comes in one piece; an escape behind which nothing comes is the key.
+constexpr auto LONGEST_PAUSE_IN_A_SEQUENCE = 50ms;
+constexpr auto IN_THE_BACKGROUND = 100ms;
+}  // namespace
+
+TerminalKeyboard::TerminalKeyboard(int from, CarryOut carryOut)
+    : input(from),
+      stopEvent(eventfd(0, EFD_CLOEXEC)),
+      held([carry = std::move(carryOut)](const KeyCommand& command) { carry(command); })
+{
+    thread.start("orvane keys", [this] { run(); });
+}
+
+TerminalKeyboard::~TerminalKeyboard()
+{
+    eventfd_write(stopEvent, 1);
+    thread.join();
+    ::close(stopEvent);
+}
+
+void TerminalKeyboard::run()
+{
+    while (const auto events = waitForInput()) {
+        if ((*events & POLLIN) != 0) {
+            if (!read(*events)) break;
+        } else if (*events != 0) {
+            break;  // the terminal is gone
+        }
+        const Time now = Clock::now();
+        if (parser.isWaiting() && now >= lastByte + LONGEST_PAUSE_IN_A_SEQUENCE) take(parser.finish());
+        held.pass(now);
+    }
+    held.release();
+}
+
+/// What came of it; none when it is time to stop.
+std::optional<short> TerminalKeyboard::waitForInput() const
+{
+    std::array<pollfd, 2> waited{{{stopEvent, POLLIN, 0}, {input, POLLIN, 0}}};
+    int timeout = -1;
+    if (const auto time = nextTime()) {
+        const auto left = std::chrono::ceil<std::chrono::milliseconds>(*time - Clock::now());
+        timeout = static_cast<int>(std::max(left, 0ms).count());
+    }
+    if (::poll(waited.data(), waited.size(), timeout) < 0)
+        return errno == EINTR ? std::optional<short>(0) : std::nullopt;
+    if (waited[0].revents != 0) return std::nullopt;
+    return waited[1].revents;
+}
+
+/// When there is something to do without a key.
+std::optional<TerminalKeyboard::Time> TerminalKeyboard::nextTime() const
+{
+    const auto end = held.getEnd();
+    if (!parser.isWaiting()) return end;
+    const Time pause = lastByte + LONGEST_PAUSE_IN_A_SEQUENCE;
+    return end ? std::min(*end, pause) : pause;
+}
+
+/// False at the end of the input.
+bool TerminalKeyboard::read(short events)
+{
+    std::array<char, 256> bytes;
+    const ssize_t size = ::read(input, bytes.data(), bytes.size());
+    if (size < 0 && errno == EIO && (events & POLLHUP) == 0) {  // in the background: what is typed is another program's
+        pollfd stop{stopEvent, POLLIN, 0};
+        ::poll(&stop, 1, static_cast<int>(IN_THE_BACKGROUND.count()));
+        return true;
+    }
+    if (size <= 0) return size < 0 && errno == EINTR;
+    lastByte = Clock::now();
+    take(parser.take({bytes.data(), static_cast<std::size_t>(size)}));
+    return true;
+}
+
+void TerminalKeyboard::take(const std::vector<Key>& keys)
+{
+    for (const Key& key : keys) held.arrive(key, Clock::now());
+}
+}  // namespace Host

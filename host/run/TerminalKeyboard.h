@@ -1,0 +1,48 @@
+#pragma once
+
+#include <chrono>
+#include <functional>
+#include <optional>
+
+#include "host/performance/PerformanceCommand.h"
+#include "host/run/HeldKey.h"
+#include "host/run/TerminalKeyParser.h"
+#include "platform/Thread.h"
+
+namespace Host
+{
+/// Plays from a terminal in raw mode, on a thread of its own, until the terminal is gone: what is typed becomes keys
+/// that go down, repeat and come up.
+class TerminalKeyboard
+{
+public:
+    using CarryOut = std::function<void(const Command&)>;
+
+    TerminalKeyboard(int input, CarryOut carryOut);
+
+    /// Releases the key that is held.
+    ~TerminalKeyboard();
+
+    TerminalKeyboard(const TerminalKeyboard&) = delete;
+    TerminalKeyboard& operator=(const TerminalKeyboard&) = delete;
+
+private:
+    using Time = HeldKey::Time;
+
+    void run();
+    std::optional<short> waitForInput() const;
+    std::optional<Time> nextTime() const;
+    bool read(short events);
+    void take(const std::vector<Key>& keys);
+
+    const int input;
+    int stopEvent;
+
+    // The thread's
+    HeldKey held;
+    TerminalKeyParser parser;
+    Time lastByte;
+
+    Thread thread;
+};
+}  // namespace Host

@@ -1,0 +1,135 @@
+"""Playing from the keys of a terminal, in a JACK graph: keys.py ORVANE MIDI_SOURCE"""
+import fcntl
+import os
+import pty
+import signal
+import subprocess
+import sys
+import tempfile
+import termios
+import time
+import unittest
+
+import live
+from live import Monitor, until
+
+
+class Terminal(live.Program):
+    """A program on a pseudo terminal. As its own it sends the signals of the keys; a borrowed one does not, but leaves
+    the program a job of ours, which can be suspended."""
+
+    def __init__(self, test, *command, own=True):
+        self.keyboard, self.screen = pty.openpty()
+        self.before = self.mode()
+        self.out, self.err = (tempfile.TemporaryFile() for _ in range(2))
+
+        def enter():
+            os.setsid() if own else os.setpgid(0, 0)
+            if own:
+                fcntl.ioctl(0, termios.TIOCSCTTY, 0)
+
+        self.process = subprocess.Popen(command, stdin=self.screen, stdout=self.out, stderr=self.err,
+                                        env=test.environment, preexec_fn=enter)
+        self.process.stdin = os.fdopen(self.screen, "rb", buffering=0)  # closed with the rest
+        test.addCleanup(os.close, self.keyboard)
+        test.addCleanup(self.clean)
+
+    def mode(self):
+        return termios.tcgetattr(self.screen)
+
+    @property
+    def isRaw(self):
+        return not self.mode()[3] & (termios.ECHO | termios.ICANON)
+
+    def type(self, text):
+        os.write(self.keyboard, text)
+
+
+class Keys(live.House):
+    def terminal(self, *arguments, own=True):
+        program = Terminal(self, live.ORVANE, "run", "--keys", *arguments, own=own)
+        until(lambda: "Ctrl+C" in program.printed or program.process.poll() is not None, "orvane")
+        self.assertIsNone(program.process.poll(), program.complained)
+        self.assertTrue(program.isRaw)
+        return program
+
+    def test_the_keys_of_a_new_user_play_and_come_up_by_themselves(self):
+        self.serve()
+        monitor = Monitor(self, "monitor")
+        orvane = self.terminal("--default-output", "2")
+        self.assertIn("The keys of this terminal play", orvane.printed)
+        orvane.type(b"q")
+        monitor.await_message("80 3c 64")
+        orvane.type(b"wz ")
+        monitor.await_message("b0 01 7f")
+        monitor.await_message("b0 01 00")
+        self.assertEqual(monitor.heard, ["90 3c 64", "80 3c 64", "90 3e 64", "80 3e 64", "90 30 64", "80 30 64",
+                                         "b0 01 7f", "b0 01 00"])
+        orvane.type(b"\x1bOQ\x1b[1;2Pi")  # F2 and Shift F1: an octave up and a semitone down
+        monitor.await_message("90 53 64")
+        orvane.type(b"\x03")
+        self.assertEqual(orvane.process.wait(live.PATIENCE), 0, orvane.complained)
+        self.assertEqual(orvane.mode(), orvane.before)
+        until(lambda: any(heard.startswith("80 53") for heard in monitor.heard), "the note off")
+        self.assertEqual(orvane.complained, "")
+
+    def test_a_held_key_repeats_without_sounding_again(self):
+        self.serve()
+        monitor = Monitor(self, "monitor")
+        orvane = self.terminal("--default-output", "2")
+        for _ in range(30):
+            orvane.type(b"q")
+            time.sleep(0.02)
+        monitor.await_message("80 3c 64")
+        orvane.type(b"\x03")
+        self.assertEqual(orvane.process.wait(live.PATIENCE), 0)
+        # A machine that stands still for long breaks a row of repeats in two, but every note ends.
+        notes = [heard for heard in monitor.heard if heard[:2] in ("80", "90")]
+        self.assertEqual(notes, ["90 3c 64", "80 3c 64"] * (len(notes) // 2))
+        self.assertLess(len(notes), 30)
+
+    def test_the_terminal_is_as_it_was_after_every_end(self):
+        for sent, status in ((signal.SIGTERM, 0), (signal.SIGHUP, 0), (signal.SIGQUIT, -signal.SIGQUIT),
+                             (signal.SIGABRT, -signal.SIGABRT), (signal.SIGSEGV, -signal.SIGSEGV)):
+            with self.subTest(signal=sent.name):
+                orvane = self.terminal()
+                self.assertEqual(orvane.end(sent), status, orvane.complained)
+                self.assertEqual(orvane.mode(), orvane.before)
+        self.serve()
+        hurried = self.terminal()
+        self.server.process.send_signal(signal.SIGSTOP)
+        hurried.type(b"\x03")
+        time.sleep(0.2)  # two of a kind at once would count as one
+        hurried.type(b"\x03")
+        self.assertEqual(hurried.process.wait(live.PATIENCE), 128 + signal.SIGINT)
+        self.assertEqual(hurried.mode(), hurried.before)
+
+    def test_the_terminal_is_as_it_was_while_the_program_is_suspended(self):
+        orvane = self.terminal(own=False)
+        for _ in range(2):
+            orvane.process.send_signal(signal.SIGTSTP)
+            self.assertTrue(os.WIFSTOPPED(os.waitpid(orvane.process.pid, os.WUNTRACED)[1]))
+            self.assertEqual(orvane.mode(), orvane.before)
+            orvane.process.send_signal(signal.SIGCONT)
+            until(lambda: orvane.isRaw, "the raw terminal")
+        self.assertEqual(orvane.end(), 0, orvane.complained)
+
+    def test_what_cannot_be_suspended_plays_on(self):
+        self.serve()
+        monitor = Monitor(self, "monitor")
+        orvane = self.terminal("--default-output", "2")
+        orvane.type(b"\x1a")
+        orvane.type(b"q")
+        monitor.await_message("90 3c 64")
+        self.assertTrue(orvane.isRaw)
+        self.assertEqual(orvane.end(), 0)
+
+    def test_without_a_terminal_it_says_why_not(self):
+        result = subprocess.run([live.ORVANE, "run", "--keys"], capture_output=True, timeout=live.PATIENCE,
+                                env=self.environment, stdin=subprocess.DEVNULL)
+        self.assertEqual(result.returncode, 2)
+        self.assertEqual(result.stdout, b"")
+        self.assertEqual(result.stderr, b"orvane: --keys: standard input is no terminal to play on\n")
+
+
+unittest.main(argv=sys.argv[:1], verbosity=1)
