@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <cstdlib>
 
+#include "backend/input/functions/FunctionText.h"
 #include "host/InputError.h"
 #include "host/LastPulse.h"
 #include "host/performance/PerformanceFile.h"
@@ -22,6 +23,9 @@ void checkCommand(const Host::TimedCommand& timed)
                 (midi->status < 0xF0 ? midi->status % 16 : midi->channel) == 0);
     if (const auto* play = std::get_if<Host::PlayCommand>(&timed.command))
         require(play->status >= 0x80 && play->channel >= -1 && play->channel < 16 && play->zone >= -1);
+    if (const auto* key = std::get_if<Host::KeyCommand>(&timed.command)) require(key->key.keyCode > 0);
+    if (const auto* function = std::get_if<Host::FunctionCommand>(&timed.command))
+        require(Backend::FunctionManagement::FunctionText::check(function->xml).isFunction);
 }
 }  // namespace
 
