@@ -51,6 +51,9 @@ public:
         return true;
     }
 
+    /// Whether a message waits behind the one being handled. Consumer only.
+    bool hasNext() const { return current->next.load(std::memory_order_acquire) != nullptr; }
+
     /// Sleeps until a message waits. Consumer only.
     void waitForMessage();
     /// The same, at most that long; false if none came.

@@ -4,29 +4,33 @@ namespace Backend::GuiMessage
 {
 /// What the backend tells the window, each with owned copies where the two parameters do not hold it.
 enum Number : unsigned int {
+    RETRO_RECORD_SAVED = 32880,  ///< payload: RetroRecord::SaveReport
+
     MIDI_INPUT_PORTS = 33221,               ///< payload: MidiInputPorts
     MIDI_OUTPUT_PORTS = 33223,              ///< payload: MidiOutputPorts
     DOCK_TO_BOTTOM_EDGE = 33229,            ///< first parameter, as of all settings here: 0 or 1
     LARGE_DISPLAY_FONT = 33233,             ///< 0 or 1
     ALWAYS_ON_TOP = 33236,                  ///< 0 or 1
-    MIDI_OUTPUT_EVENT = 33248,              ///< parameters: an event on its way to the player
-    ORV_RESET = 33253,                      ///< a hard reset was done
     BANK = 33240,                           ///< payload: Bank
-    PROGRAM = 33257,                        ///< payload: Program
-    DEFAULT_MIDI_OUTPUT = 33258,            ///< first parameter: the output, -1 for none
-    USE_SKIN_BORDER = 33260,                ///< 0 or 1
-    SHOW_SCREEN = 33261,                    ///< parameters: the Screen, the state of an OnOffToggle
-    SHOW_SAVE_DIALOG = 33262,               ///< nothing
-    SHOW_PROGRAM_MENU = 33263,              ///< nothing
-    SHOW_DEFAULT_MIDI_OUTPUT_MENU = 33264,  ///< nothing
-    MIDI_THRU = 33265,                      ///< 0 or 1
-    GLOBAL_KEYBOARD = 33266,                ///< 0 or 1
-    MOVE_WINDOW = 33267,                    ///< payload: WindowMove
-    MOUSE_SENSITIVITY = 33268,              ///< the divisor
-    CLICK_ZONE_CHANNEL_TRANSPOSE = 33272,   ///< 0 or 1
+    SHOW_SAVE_DIALOG = 33242,               ///< nothing
+    SHOW_PROGRAM_MENU = 33243,              ///< nothing
+    SHOW_DEFAULT_MIDI_OUTPUT_MENU = 33244,  ///< nothing
+    MOVE_WINDOW = 33245,                    ///< payload: WindowMove
+    MIDI_OUTPUT_EVENT = 33248,              ///< parameters: an event on its way to the player
 
-    KEY_CONFIGURATIONS = 33469,  ///< payload: vector of KeyConfiguration, those that were replaced
-    COMPUTER_INPUT = 33470,      ///< first parameter: whether modifiers count on key up; payload: KeyConfigurationMap
+    ORV_RESET = 33253,                     ///< a hard reset was done
+    PROGRAM = 33257,                       ///< payload: Program
+    DEFAULT_MIDI_OUTPUT = 33258,           ///< first parameter: the output, -1 for none
+    USE_SKIN_BORDER = 33260,               ///< 0 or 1
+    SHOW_SCREEN = 33261,                   ///< parameters: the Screen, the state of an OnOffToggle
+    RETRO_RECORD_BUFFER_SIZE = 33262,      ///< in bytes
+    RETRO_RECORD_ENABLED = 33263,          ///< 0 or 1
+    MIDI_THRU = 33265,                     ///< 0 or 1
+    GLOBAL_KEYBOARD = 33266,               ///< 0 or 1
+    MOUSE_SENSITIVITY = 33268,             ///< the divisor
+    CLICK_ZONE_CHANNEL_TRANSPOSE = 33272,  ///< 0 or 1
+    KEY_CONFIGURATIONS = 33469,            ///< payload: vector of KeyConfiguration, those that were replaced
+    COMPUTER_INPUT = 33470,  ///< first parameter: whether modifiers count on key up; payload: KeyConfigurationMap
     COMPUTER_INPUT_CHANGED = 33471,  ///< nothing; what the keys do has changed
     COMPUTER_INPUT_PRESET = 33472,   ///< nothing; a preset was loaded
 

@@ -1,0 +1,349 @@
+#include "backend/layers/RetroRecordBuffer.h"
+
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <csignal>
+#include <memory>
+#include <vector>
+
+#include "backend/layers/RecordedEvents.h"
+#include "tests/layers/RecordReading.h"
+#include "tests/stage/FileFault.h"
+#include "tests/stage/TemporaryFolder.h"
+
+using namespace Backend::RetroRecord;
+using Backend::MidiEngine::MessageType;
+using Backend::MidiEngine::MidiMessage;
+namespace fs = std::filesystem;
+
+namespace
+{
+constexpr int FILE_SIZE = 10000;
+
+/// A record of one output with a clock of its own, chains in "chain", saved files in "takes".
+struct Recorder {
+    Recorder(const TemporaryFolder& temporaryFolder, Restore restore, int fileSize = FILE_SIZE)
+        : folder(temporaryFolder), buffer(folder / "chain", "Out", restore, fileSize)
+    {
+        fs::create_directories(folder / "takes");
+        buffer.start(now);
+    }
+
+    void play(const MidiMessage& message, std::uint32_t silence = 0) { buffer.addEvent(message, now += silence); }
+    void note(int number, std::uint32_t silence = 0) { play(MidiMessage(MessageType::noteOn, number, 100), silence); }
+
+    SavedRecord save()
+    {
+        return buffer.save((folder / "takes/t").string(), [this] { return now; });
+    }
+    /// What is saved, as `readRecord` tells it, and "" for no file.
+    std::string saved()
+    {
+        const SavedRecord record = save();
+        EXPECT_FALSE(record.error) << record.error.message();
+        return record.file.empty() ? "" : readRecord(folder.read("takes/" + fs::path(record.file).filename().string()));
+    }
+
+    const TemporaryFolder& folder;
+    std::uint32_t now = 1000;
+    RetroRecordBuffer buffer;
+};
+
+/// The files of a size each that a folder holds.
+std::uintmax_t bytesIn(const fs::path& folder)
+{
+    std::uintmax_t bytes = 0;
+    for (const auto& entry : fs::directory_iterator(folder)) bytes += entry.file_size();
+    return bytes;
+}
+}  // namespace
+
+TEST(Record, ASavedFileIsAPlainMidiFileToTheLastByte)
+{
+    const TemporaryFolder folder;
+    Recorder recorder(folder, Restore::no);
+    recorder.note(60, 640);
+    EXPECT_EQ(recorder.save(), (SavedRecord{(folder / "takes/t_Out.mid").string(), {}}));
+    EXPECT_EQ(folder.read("takes/t_Out.mid"),
+              std::string("MThd\0\0\0\6\0\0\0\1\0\x60MTrk\0\0\0\x0D\x81\0\x90\x3C\x64\0\xB0\x78\0\0\xFF\x2F\0", 35));
+}
+
+TEST(Record, CountsTimeInFiveMillisecondsAndCutsSilence)
+{
+    const struct {
+        std::uint32_t start, time;
+        std::string ticks;
+    } ROWS[] = {{1000, 1000, "0"},       {1000, 1004, "0"},    {1000, 1634, "126"},
+                {1000, 1640, "128"},     {1000, 7999, "1399"}, {1000, 21000, "1400"},
+                {1000, 2147484649, "0"}, {0xFFFFFFFE, 8, "2"}, {0x7FFFFFFF, 0x80000009, "2"},
+                {1000, 995, "0"}};
+    for (const auto& row : ROWS) {
+        const TemporaryFolder folder;
+        Recorder recorder(folder, Restore::no);
+        recorder.buffer.start(row.start);
+        recorder.buffer.addEvent(MidiMessage(MessageType::startSong), row.time);
+        EXPECT_EQ(recorder.saved(), row.ticks + ":F7.FA") << row.start << " to " << row.time;
+    }
+    const TemporaryFolder folder;
+    Recorder recorder(folder, Restore::no);
+    for (const std::uint32_t time : {2000u, 1990u, 2000u})
+        recorder.buffer.addEvent(MidiMessage(MessageType::startSong), time);
+    EXPECT_EQ(recorder.saved(), "200:F7.FA 1400:F7.FA 2:F7.FA") << "a clock that goes back costs seven seconds, once";
+}
+
+TEST(Record, HoldsEveryMessageThatAMidiFileCan)
+{
+    const struct {
+        MidiMessage message;
+        std::string event;
+    } ROWS[] = {{MidiMessage(MessageType::noteOff, 60, 1, 15), "8F.3C.01"},
+                {MidiMessage(MessageType::noteOn, 127, 0), "90.7F.00"},
+                {MidiMessage(MessageType::keyPressure, 60, 1, 2), "A2.3C.01"},
+                {MidiMessage(MessageType::controllerChange, 7, 127, 9), "B9.07.7F"},
+                {MidiMessage(MessageType::programChange, 5, 200, 9), "C9.05"},
+                {MidiMessage(MessageType::channelPressure, 5, 0, 1), "D1.05"},
+                {MidiMessage(MessageType::pitchBend, 1, 64, 3), "E3.01.40"},
+                {MidiMessage(MessageType::systemExclusive, 1, 2, 3), "F7.F0.01.02"},
+                {MidiMessage(MessageType::songPosition, 1, 2, 3), "F7.F2.01.02"},
+                {MidiMessage(MessageType::songSelect, 1), "F7.F3.01"},
+                {MidiMessage(MessageType::unofficialBusSelect, 1), "F7.F5.01"},
+                {MidiMessage(MessageType::tuneRequest), "F7.F6"},
+                {MidiMessage(MessageType::endOfSysex), "F7.F7"},
+                {MidiMessage(MessageType::timingTick), "F7.F8"},
+                {MidiMessage(static_cast<MessageType>(0xF4)), "F7.F4"},
+                {MidiMessage(MessageType::systemReset), ""},
+                {MidiMessage(), ""},
+                {MidiMessage(static_cast<MessageType>(0x70), 1, 1), ""},
+                {MidiMessage(MessageType::noteOn, 128, 1), ""},
+                {MidiMessage(MessageType::noteOn, 1, 128), ""},
+                {MidiMessage(MessageType::songSelect, 255), ""}};
+    const TemporaryFolder folder;
+    Recorder recorder(folder, Restore::no);
+    std::string all;
+    for (const auto& [message, event] : ROWS) {
+        recorder.play(message);
+        if (!event.empty()) all += (all.empty() ? "0:" : " 0:") + event;
+    }
+    EXPECT_EQ(recorder.saved(), all);
+}
+
+TEST(Record, SavingEmptiesItAndNeverReplacesATake)
+{
+    const TemporaryFolder folder;
+    Recorder recorder(folder, Restore::no);
+    EXPECT_EQ(recorder.saved(), "") << "nothing was played";
+    recorder.play(MidiMessage(MessageType::controllerChange, 120, 0, 5));
+    EXPECT_EQ(recorder.saved(), "") << "all sound off is no music";
+    for (const int note : {60, 62, 64}) {
+        recorder.note(note, 50);
+        recorder.saved();
+        recorder.now += 500;
+        recorder.buffer.start(recorder.now);
+    }
+    EXPECT_EQ(folder.contents("takes"), "t_Out.mid t_Out_0.mid t_Out_1.mid");
+    EXPECT_EQ(readRecord(folder.read("takes/t_Out_1.mid")), "10:90.40.64");
+    for (int number = 0; number <= 500; ++number) folder.write("takes/t_Out_" + std::to_string(number) + ".mid", "");
+    recorder.note(1);
+    recorder.saved();
+    EXPECT_EQ(readRecord(folder.read("takes/t_Out_500.mid")), "0:90.01.64") << "the last name there is";
+}
+
+TEST(Record, RollsOverAndDropsTheOldest)
+{
+    const TemporaryFolder folder;
+    constexpr int SMALL = 100;
+    Recorder recorder(folder, Restore::no, SMALL);
+    constexpr int EVENTS_PER_FILE = (SMALL - LONGEST_EVENT) / 4 + 1;
+    for (int note = 0; note < EVENTS_PER_FILE * 10; ++note) recorder.note(note % 128);
+    EXPECT_EQ(std::ranges::count(folder.contents("chain"), '_'), 10) << folder.contents("chain");
+    for (int note = 0; note < EVENTS_PER_FILE; ++note) recorder.note(note);
+    recorder.buffer.flush();
+    EXPECT_EQ(std::ranges::count(folder.contents("chain"), '_'), 10);
+    EXPECT_LE(bytesIn(folder / "chain"), 10u * SMALL);
+    const std::string saved = recorder.saved();
+    EXPECT_EQ(std::ranges::count(saved, ':'), EVENTS_PER_FILE * 10);
+    EXPECT_TRUE(saved.starts_with("0:90.17.64")) << saved.substr(0, 20);
+
+    recorder.buffer.setFileSize(40);
+    for (int note = 0; note < 200; ++note) recorder.note(note % 128);
+    recorder.buffer.flush();
+    EXPECT_LE(bytesIn(folder / "chain"), 10u * 40);
+}
+
+TEST(Record, AnHourOfDensePlayingTakesNoMoreThanItsBuffer)
+{
+    const TemporaryFolder folder;
+    Recorder recorder(folder, Restore::no);
+    std::uintmax_t most = 0;
+    for (int second = 0; second < 3600; ++second) {
+        for (int event = 0; event < 200; ++event) recorder.note(event % 128, 5);
+        recorder.buffer.flush();
+        if (second % 60 == 0) most = std::max(most, bytesIn(folder / "chain"));
+    }
+    EXPECT_LE(most, 10u * FILE_SIZE);
+    EXPECT_GE(most, 9u * FILE_SIZE);
+    EXPECT_GE(std::ranges::count(recorder.saved(), ':'), 9 * FILE_SIZE / 4);
+}
+
+TEST(Record, OfAnEarlierRunGoesOn)
+{
+    const TemporaryFolder folder;
+    {
+        Recorder recorder(folder, Restore::yes, 100);
+        for (int note = 0; note < 40; ++note) recorder.note(note);
+    }
+    folder.write("chain/10_Out.tmp", "old");
+    folder.write("chain/1_Outer.tmp", "another's");
+    Recorder recorder(folder, Restore::yes, 100);
+    EXPECT_FALSE(fs::exists(folder / "chain/10_Out.tmp"));
+    recorder.note(127, 30);
+    Recorder other(folder, Restore::yes);
+    other.note(1);
+    EXPECT_EQ(other.saved(), "0:90.01.64") << "another player at the same time has files of its own";
+    const std::string saved = recorder.saved();
+    EXPECT_EQ(std::ranges::count(saved, ':'), 41);
+    EXPECT_TRUE(saved.starts_with("0:90.00.64") && saved.ends_with("0:90.27.64 6:90.7F.64")) << saved;
+    EXPECT_EQ(folder.read("chain/1_Outer.tmp"), "another's");
+}
+
+TEST(Record, ThatIsNotForALaterRunGoesWithItsOwner)
+{
+    const TemporaryFolder folder;
+    folder.write("chain/3_~123.tmp", "of a run that was killed");
+    folder.write("chain/~123.lock", "");
+    {
+        Recorder recorder(folder, Restore::no);
+        recorder.note(1);
+        recorder.buffer.flush();
+        RecordChain::removeOrphans(folder / "chain");
+        EXPECT_EQ(recorder.saved(), "0:90.01.64");
+    }
+    EXPECT_EQ(folder.contents("chain"), "");
+}
+
+TEST(Record, WhatIsDamagedIsLeftOutAndTheRestKept)
+{
+    const std::string good("\0\x90\x3C\x64", 4);
+    const struct {
+        std::string damaged, kept;
+    } ROWS[] = {{good + "\x01\x90\x3C", "0:90.3C.64 "},
+                {good + "\x8B", "0:90.3C.64 "},
+                {good + std::string("\0\x3C\x64", 3) + good, "0:90.3C.64 "},
+                {good + std::string("\0\x90\x3C\xE4", 4) + good, "0:90.3C.64 "},
+                {good + std::string("\0\xFF\x2F\0", 4) + good, "0:90.3C.64 "},
+                {good + std::string("\0\xF0\x01\xF7", 4) + good, "0:90.3C.64 "},
+                {std::string("\0\xF7\x04\xF2\1\1\1", 7) + good, ""},
+                {std::string("\0\xF7\0", 3) + good, ""},
+                {std::string("\x8A\x79\x90\x3C\x64", 5), ""},
+                {std::string("\x80\x80\x80\x80\0\x90\x3C\x64", 8), ""},
+                {std::string(5000, '\0'), ""},
+                {std::string("\x8A\x78\xF7\2\xF3\1", 6), "1400:F7.F3.01 "}};
+    for (const auto& row : ROWS) {
+        const TemporaryFolder folder;
+        folder.write("chain/1_Out.tmp", row.damaged);
+        folder.write("chain/0_Out.tmp", row.damaged);
+        Recorder recorder(folder, Restore::yes);
+        recorder.note(1);
+        EXPECT_EQ(recorder.saved(), row.kept + row.kept + "0:90.01.64") << testing::PrintToString(row.damaged);
+    }
+    const TemporaryFolder folder;
+    fs::create_directories(folder / "chain/0_Out.tmp");
+    Recorder recorder(folder, Restore::yes);
+    recorder.note(1);
+    EXPECT_TRUE(recorder.save().error) << "a folder in its place";
+}
+
+TEST(Record, ASaveThatMeetsAFullDiskLosesNothing)
+{
+    for (int call = 0;; ++call) {
+        const TemporaryFolder folder;
+        Recorder recorder(folder, Restore::yes);
+        recorder.note(60);
+        SavedRecord saved;
+        bool struck = false;
+        {
+            const FileFault fault(FileFault::Kind::fullDisk, call);
+            saved = recorder.save();
+            struck = fault.hasStruck();
+        }
+        EXPECT_EQ(folder.contents("takes"), saved.error ? "" : "t_Out.mid") << "call " << call;
+        recorder.note(62);
+        const std::string again = recorder.saved();
+        EXPECT_EQ(again, saved.error ? "0:90.3C.64 0:90.3E.64" : "0:90.3E.64") << "call " << call;
+        if (!struck) break;
+        ASSERT_LT(call, 50);
+    }
+    const TemporaryFolder folder;
+    Recorder recorder(folder, Restore::no);
+    recorder.note(60);
+    const auto now = [] { return 0u; };
+    EXPECT_EQ(recorder.buffer.save((folder / "none/t").string(), now).error, std::errc::no_such_file_or_directory);
+    EXPECT_EQ(recorder.saved(), "0:90.3C.64");
+}
+
+TEST(Record, IsInATakeOrStillThereWhereverTheProcessIsKilled)
+{
+    for (int call = 0;; ++call) {
+        const TemporaryFolder folder;
+        const pid_t child = ::fork();
+        if (child == 0) {
+            Recorder recorder(folder, Restore::yes);
+            recorder.note(60);
+            const FileFault fault(FileFault::Kind::death, call);
+            recorder.save();
+            ::_exit(0);
+        }
+        int status = 0;
+        ASSERT_EQ(::waitpid(child, &status, 0), child);
+        if (WIFEXITED(status)) break;
+        Recorder recorder(folder, Restore::yes);
+        recorder.note(62);
+        const std::string later = recorder.saved();
+        const bool isInTake = readRecord(folder.read("takes/t_Out.mid")) == "0:90.3C.64";
+        EXPECT_TRUE(isInTake || later == "0:90.3C.64 0:90.3E.64") << "killed in call " << call << ": " << later;
+    }
+}
+
+TEST(Record, GoesOnWhenAFullDiskHasRoomAgain)
+{
+    const TemporaryFolder folder;
+    Recorder recorder(folder, Restore::no);
+    recorder.note(60);
+    recorder.buffer.flush();
+    ::signal(SIGXFSZ, SIG_IGN);
+    rlimit old{};
+    ::getrlimit(RLIMIT_FSIZE, &old);
+    rlimit small = old;
+    small.rlim_cur = 7;  // the first event and most of the second
+    ::setrlimit(RLIMIT_FSIZE, &small);
+    for (int note = 0; note < 100; ++note) {
+        recorder.note(note, 10);
+        recorder.buffer.flush();
+    }
+    EXPECT_TRUE(recorder.save().error);
+    ::setrlimit(RLIMIT_FSIZE, &old);
+    recorder.note(61, 100);
+    recorder.buffer.flush();
+    recorder.note(62, 10000);
+    EXPECT_EQ(recorder.saved(), "0:90.3C.64 218:90.3D.64 1400:90.3E.64")
+        << "but for the event that met the full disk, and its ten milliseconds";
+}
+
+TEST(Record, OutlivesItsFolder)
+{
+    const TemporaryFolder folder;
+    Recorder recorder(folder, Restore::no, 100);
+    recorder.note(60);
+    fs::remove_all(folder / "chain");
+    folder.write("chain", "in its place");
+    for (int note = 0; note < 100; ++note) recorder.note(note);
+    EXPECT_EQ(recorder.saved(), "") << "nothing is left to be saved";
+    fs::remove(folder / "chain");
+    recorder.note(1, 5000);
+    recorder.note(2, 5000);
+    EXPECT_EQ(recorder.saved(), "1400:90.02.64") << "tried again after ten seconds";
+}
