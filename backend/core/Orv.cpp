@@ -26,10 +26,11 @@ constexpr const char* BANKS = "Banks";
 constexpr const char* DEFAULT_BANK = "Default Bank.bnk";
 }  // namespace
 
-Orv::Orv(const std::string& application, MidiEngine::MidiPlayer& player)
+Orv::Orv(const std::string& application, MidiEngine::MidiPlayer& player, RetroRecord::Restore restoreRecord)
     : applicationName(application),
       orvMessageManager(messageManagerMaster, *this),
       midiEngine(player),
+      retroRecord([&player] { return player.getMilliseconds(); }, restoreRecord),
       oscManager(*this, messageManagerMaster),
       computerInputManager(*this, messageManagerMaster),
       layerManager(*this, messageManagerMaster),
@@ -45,12 +46,15 @@ Orv::Orv(const std::string& application, MidiEngine::MidiPlayer& player)
 Orv::~Orv()
 {
     midiEngine.end();
+    midiEngine.setRetroRecordManager(nullptr);
     stop();
 }
 
 void Orv::initialize()
 {
     registrySettings.loadFromRegistry(OrvUtils::getRegistryKey(applicationName));
+    startDisplay();
+    startRetroRecord();
     oscManager.getPresets().refresh();
     presetStores.refresh();
     computerInputManager.getPresets().refresh();
@@ -65,7 +69,26 @@ void Orv::endInitialize() {}
 void Orv::end()
 {
     midiEngine.end();
+    midiEngine.setRetroRecordManager(nullptr);
+    retroRecord.end();
+    display.end();
     registrySettings.saveToRegistry(OrvUtils::getRegistryKey(applicationName));
+}
+
+void Orv::startDisplay()
+{
+    auto& commands = display.getMessageManager();
+    commands.postSetDisplayNumbers(registrySettings.getDisplayNumbers());
+    commands.postSetDisplayMidiInputEvents(registrySettings.getDisplayMidiInputEvents());
+    commands.postSetDisplayMidiOutputEvents(registrySettings.getDisplayMidiOutputEvents());
+    display.start();
+}
+
+void Orv::startRetroRecord()
+{
+    const bool enabled = registrySettings.isRetroRecordEnabled();
+    retroRecord.start(enabled, registrySettings.getRetroRecordBufferSize());
+    midiEngine.setRetroRecordManager(enabled ? &retroRecord : nullptr);
 }
 
 /// A new user gets the installed banks, and a default bank among them.
@@ -151,11 +174,13 @@ void Orv::sendControlData(const SelectControlType&) { tellNoControl(); }
 
 void Orv::processMidiInputEvent(const OrvMidiMessage& event)
 {
-    if (isEnabled(midiInputPorts, event.getInput()))
-        takeInputEvent(event);
-    else
+    if (!isEnabled(midiInputPorts, event.getInput())) {
         WindowsLib::DbgStream() << "dropped " << event.getMidiMessage().toXmlString() << ", input "
                                 << int{event.getInput()} << ": no such input, or not enabled";
+        return;
+    }
+    displayMidiInputEvent(event);
+    takeInputEvent(event);
 }
 
 /// Many keyboards release a key with a note on of velocity 0. From here on it is a note off.
@@ -181,6 +206,13 @@ void Orv::releaseHeldNotes(int input)
 }
 
 void Orv::playMidi(const OrvMidiMessage& event) { midiEngine.getMessageManager().postPlayMidi(event); }
+
+void Orv::displayMidiInputEvent(const OrvMidiMessage& event) { display.getMessageManager().postMidiInputEvent(event); }
+
+void Orv::displayMidiOutputEvent(const OrvMidiMessage& event)
+{
+    display.getMessageManager().postMidiOutputEvent(event);
+}
 
 // --- tempo, thru, reset
 
@@ -222,7 +254,8 @@ void Orv::resetOrv()
 bool Orv::isAtRest() const
 {
     const auto look = [this] {
-        return std::array{messageManagerMaster.getWorker().rest(), midiEngine.getMessageManager().getWorker().rest()};
+        return std::array{messageManagerMaster.getWorker().rest(), midiEngine.getMessageManager().getWorker().rest(),
+                          display.getMessageManager().getWorker().rest(), retroRecord.getWorker().rest()};
     };
     const auto first = look();
     return first == look() && std::ranges::all_of(first, &Worker::Rest::resting);

@@ -4,6 +4,7 @@
 #include <string>
 #include <type_traits>
 
+#include "backend/core/Display.h"
 #include "backend/core/GuiMessages.h"
 #include "backend/core/HeldNotes.h"
 #include "backend/core/MessageManagerMaster.h"
@@ -13,6 +14,7 @@
 #include "backend/input/computer/ComputerInputManager.h"
 #include "backend/layers/LayerManager.h"
 #include "backend/layers/OscManager.h"
+#include "backend/layers/RetroRecordManager.h"
 #include "backend/layers/ZoneManager.h"
 #include "backend/midi/MidiEngine.h"
 #include "backend/persistence/Bank.h"
@@ -27,7 +29,7 @@ namespace Backend
 class Orv final : public OrvIF
 {
 public:
-    Orv(const std::string& application, MidiEngine::MidiPlayer& player);
+    Orv(const std::string& application, MidiEngine::MidiPlayer& player, RetroRecord::Restore restoreRecord);
     ~Orv() override;
 
     void initialize() override;
@@ -61,6 +63,7 @@ public:
     void setAlwaysOnTop(bool on) override;
     void setUseSkinBorder(bool on) override;
     void setDisplayHeight(int pixels) override;
+    void setDisplayNumbers(bool on) override;
     void setLargeDisplayFont(bool on) override;
     void showSystemPanel(bool on) override
     {
@@ -136,13 +139,17 @@ public:
     }
     void toggleControl() override { showScreen(Screen::controls, OnOffToggle::State::toggle); }
     void showSaveDialog() override { tellGui(GuiMessage::SHOW_SAVE_DIALOG, 0); }
-    void playMidi(const MidiEngine::OrvMidiMessage& event) override;
     Oscillators::OscManager& getOscManager() override { return oscManager; }
     Oscillators::OscMessageManager& getOscMessageManager() override { return oscManager.getMessageManager(); }
+    void setDisplayMidiInputEvents(bool on) override;
+    void setDisplayMidiOutputEvents(bool on) override;
+    void playMidi(const MidiEngine::OrvMidiMessage& event) override;
+    void displayMidiInputEvent(const MidiEngine::OrvMidiMessage& event) override;
     Layers::LayerManager& getLayerManager() override { return layerManager; }
     Layers::LayerMessageManager& getLayerMessageManager() override { return layerManager.getMessageManager(); }
     Zones::ZoneManager& getZoneManager() override { return zoneManager; }
     Zones::ZoneMessageManager& getZoneMessageManager() override { return zoneManager.getMessageManager(); }
+    Display::DisplayMessageManager& getDisplayMessageManager() override { return display.getMessageManager(); }
     Bank& getBank() override { return bank; }
     Program& getProgram() override { return program; }
     void playTimeSlice(std::int32_t startPpq, std::int32_t endPpq) override
@@ -170,6 +177,9 @@ public:
     }
     void selectZone(const SelectType& select) override { zoneManager.selectZone(select); }
     void showDefaultMidiOutputMenu() override { tellGui(GuiMessage::SHOW_DEFAULT_MIDI_OUTPUT_MENU, 0); }
+    RetroRecord::RetroRecordManager& getRetroRecordManager() override { return retroRecord; }
+    void setRetroRecordBufferSize(int bytes) override;
+    void enableRetroRecord(bool on) override;
     void changeMidiThru(const OnOffToggle& value, bool notify) override;
     void changeGlobalKeyboard(const OnOffToggle& value, bool notify) override;
     void selectLayer(const SelectType& select) override { layerManager.dataSelect(select); }
@@ -198,6 +208,7 @@ public:
     {
         layerManager.changeNoteToggle(select, value);
     }
+    void displayMidiOutputEvent(const MidiEngine::OrvMidiMessage& event) override;
     void setLiteVelocity(int velocity) override;
     void setLiteChannel(int channel) override;
     void setLiteStackNotes(bool on) override;
@@ -222,6 +233,8 @@ private:
             window.post({.number = message, .payload = Payload::of(Value(value))});
     }
     void showScreen(Screen screen, OnOffToggle::State state) const;
+    void startDisplay();
+    void startRetroRecord();
     void prepareBanks();
     void loadProgramFrom(const std::string& path, int number);
     void readProgram(const XmlElement& element);
@@ -243,8 +256,10 @@ private:
     MidiEngine::MidiOutputPorts midiOutputPorts;
     HeldNotes heldNotes;
     MidiEngine::MidiEngine midiEngine;
-    Oscillators::OscManager oscManager;
+    Display::Display display;
+    RetroRecord::RetroRecordManager retroRecord;
     PresetStores presetStores;
+    Oscillators::OscManager oscManager;
     ComputerInput::ComputerInputManager computerInputManager;
     Layers::LayerManager layerManager;
     Zones::ZoneManager zoneManager;

@@ -6,11 +6,11 @@
 
 namespace Backend
 {
-OrvIF* OrvFactory::createOrv(const std::string& applicationName, MidiEngine::MidiPlayer& player,
-                             [[maybe_unused]] bool retroRecordOption)
+OrvIF* OrvFactory::createOrv(const std::string& applicationName, MidiEngine::MidiPlayer& player, bool retroRecordOption)
 {
     try {
-        return new Orv(applicationName, player);
+        return new Orv(applicationName, player,
+                       retroRecordOption ? RetroRecord::Restore::yes : RetroRecord::Restore::no);
     } catch (const std::bad_alloc&) {
         return nullptr;
     }

@@ -13,7 +13,8 @@ class ORV_API OrvFactory
 public:
     /// A backend with no thread running yet, or null when memory runs out. The caller deletes it; `player` must
     /// outlive it. `applicationName` names the place of its settings (one that is no file name has none), and
-    /// `retroRecordOption` says whether a retrospective record may be kept.
+    /// `retroRecordOption` says whether the retrospective record of an earlier run goes on, and this one is kept for a
+    /// later run; otherwise it starts clean and goes with the backend.
     static OrvIF* createOrv(const std::string& applicationName, MidiEngine::MidiPlayer& player, bool retroRecordOption);
 };
 }  // namespace Backend

@@ -31,6 +31,10 @@ class ComputerInputMessageManager;
 class KeyConfiguration;
 class KeyConfigurationMap;
 }  // namespace ComputerInput
+namespace Display
+{
+class DisplayMessageManager;
+}
 
 namespace Layers
 {
@@ -53,6 +57,11 @@ class ZoneMessageManager;
 namespace MidiEngine
 {
 class MidiEngineMessageManager;
+}
+
+namespace RetroRecord
+{
+class RetroRecordManager;
 }
 
 /// The backend as a host, the GUI and the backend's own parts see it. A host calls, in this order:
@@ -126,8 +135,13 @@ public:
     virtual void setUseSkinBorder(bool on) = 0;
     /// Kept in the settings, in pixels.
     virtual void setDisplayHeight(int pixels) = 0;
+    /// Kept in the settings: whether the display numbers its lines.
+    virtual void setDisplayNumbers(bool on) = 0;
     /// Kept in the settings, and the GUI is told.
     virtual void setLargeDisplayFont(bool on) = 0;
+    /// Kept in the settings: what the display shows.
+    virtual void setDisplayMidiInputEvents(bool on) = 0;
+    virtual void setDisplayMidiOutputEvents(bool on) = 0;
 
     /// Asks the window to show or hide a screen; nothing without a window.
     virtual void showSystemPanel(bool on) = 0;
@@ -172,11 +186,15 @@ public:
     virtual Oscillators::OscManager& getOscManager() = 0;
     /// Any thread; they live as long as the backend.
     virtual Oscillators::OscMessageManager& getOscMessageManager() = 0;
+    /// Gives an event of an input to the display. Any thread but a time slice.
+    virtual void displayMidiInputEvent(const MidiEngine::OrvMidiMessage& event) = 0;
+
     virtual Layers::LayerManager& getLayerManager() = 0;
     /// Any thread; they live as long as the backend.
     virtual Layers::LayerMessageManager& getLayerMessageManager() = 0;
     virtual Zones::ZoneManager& getZoneManager() = 0;
     virtual Zones::ZoneMessageManager& getZoneMessageManager() = 0;
+    virtual Display::DisplayMessageManager& getDisplayMessageManager() = 0;
 
     /// The current ones. The number may be set before `start`: the first bank is loaded with it.
     virtual Bank& getBank() = 0;
@@ -228,6 +246,11 @@ public:
 
     /// Asks the window for the pop-up menu of outputs.
     virtual void showDefaultMidiOutputMenu() = 0;
+    /// Any thread; it lives as long as the backend.
+    virtual RetroRecord::RetroRecordManager& getRetroRecordManager() = 0;
+    /// Kept in the settings, and the GUI is told: bytes for each output, 1000 to 200000000.
+    virtual void setRetroRecordBufferSize(int bytes) = 0;
+    virtual void enableRetroRecord(bool on) = 0;
 
     /// Kept in the settings; with `notify` the GUI is told.
     virtual void changeMidiThru(const OnOffToggle& value, bool notify) = 0;
@@ -242,6 +265,10 @@ public:
     virtual void changeLayerMono(const SelectType& select, const OnOffToggle& value) = 0;
     virtual void changeLayerSolo(const SelectType& select, const OnOffToggle& value) = 0;
     virtual void changeLayerNoteToggle(const SelectType& select, const NoteToggle& value) = 0;
+
+    /// Gives an event on its way to an output to the display, as a window does with each
+    /// GuiMessage::MIDI_OUTPUT_EVENT it gets. Any thread but a time slice.
+    virtual void displayMidiOutputEvent(const MidiEngine::OrvMidiMessage& event) = 0;
 
     /// Kept in the settings: what a simple program plays with.
     virtual void setLiteVelocity(int velocity) = 0;

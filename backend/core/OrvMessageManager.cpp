@@ -26,7 +26,10 @@ enum Number : unsigned int {
     REMOVE_GUI_WINDOW_HANDLE = 33228,
     SET_DOCK_TO_BOTTOM_EDGE = 33229,
     SET_DISPLAY_HEIGHT = 33231,
+    SET_DISPLAY_NUMBERS = 33232,
     SET_LARGE_DISPLAY_FONT = 33233,
+    SET_DISPLAY_MIDI_INPUT_EVENTS = 33234,
+    SET_DISPLAY_MIDI_OUTPUT_EVENTS = 33235,
     SET_ALWAYS_ON_TOP = 33236,
     EXECUTE_FUNCTION = 33238,
     PLAY_MIDI_VIA_ALLOC = 33247,
@@ -42,6 +45,8 @@ enum Number : unsigned int {
     CHANGE_DEFAULT_MIDI_OUTPUT = 33258,
     SET_USE_SKIN_BORDER = 33260,
     TOGGLE_SYSTEM_PANEL = 33261,
+    SET_RETRO_RECORD_BUFFER_SIZE = 33262,
+    ENABLE_RETRO_RECORD = 33263,
     CHANGE_TEMPO = 33264,
     CHANGE_MIDI_THRU = 33265,
     CHANGE_GLOBAL_KEYBOARD = 33266,
@@ -66,6 +71,9 @@ constexpr auto COMMANDS = std::to_array<Command<OrvIF>>({
     command<&OrvIF::removeGuiWindowHandle>(REMOVE_GUI_WINDOW_HANDLE, "RemoveGuiWindowHandle"),
     command<&OrvIF::setDockToBottomEdge>(SET_DOCK_TO_BOTTOM_EDGE, "SetDockToBottomEdge"),
     command<&OrvIF::setDisplayHeight>(SET_DISPLAY_HEIGHT, "SetDisplayHeight"),
+    command<&OrvIF::setDisplayNumbers>(SET_DISPLAY_NUMBERS, "SetDisplayNumbers"),
+    command<&OrvIF::setDisplayMidiInputEvents>(SET_DISPLAY_MIDI_INPUT_EVENTS, "SetDisplayMidiInputEvents"),
+    command<&OrvIF::setDisplayMidiOutputEvents>(SET_DISPLAY_MIDI_OUTPUT_EVENTS, "SetDisplayMidiOutputEvents"),
     command<&OrvIF::setLargeDisplayFont>(SET_LARGE_DISPLAY_FONT, "SetLargeDisplayFont"),
     command<&OrvIF::setAlwaysOnTop>(SET_ALWAYS_ON_TOP, "SetAlwaysOnTop"),
     command<&OrvIF::executeFunction>(EXECUTE_FUNCTION, "ExecuteFunction"),
@@ -82,6 +90,8 @@ constexpr auto COMMANDS = std::to_array<Command<OrvIF>>({
     command<&OrvIF::changeDefaultMidiOutput>(CHANGE_DEFAULT_MIDI_OUTPUT, "ChangeDefaultMidiOutput"),
     command<&OrvIF::setUseSkinBorder>(SET_USE_SKIN_BORDER, "SetUseSkinBorder"),
     command<&OrvIF::toggleSystemPanel>(TOGGLE_SYSTEM_PANEL, "ToggleSystemPanel"),
+    command<&OrvIF::setRetroRecordBufferSize>(SET_RETRO_RECORD_BUFFER_SIZE, "SetRetroRecordBufferSize"),
+    command<&OrvIF::enableRetroRecord>(ENABLE_RETRO_RECORD, "EnableRetroRecord"),
     command<&OrvIF::changeTempo>(CHANGE_TEMPO, "ChangeTempo"),
     command<&OrvIF::changeMidiThru>(CHANGE_MIDI_THRU, "ChangeMidiThru"),
     command<&OrvIF::changeGlobalKeyboard>(CHANGE_GLOBAL_KEYBOARD, "ChangeGlobalKeyboard"),
@@ -197,6 +207,22 @@ void OrvMessageManager::postSetLastWindowPosition(const WindowsLib::Rect& positi
 void OrvMessageManager::postSetDockToBottomEdge(bool on) { master.post(pack(SET_DOCK_TO_BOTTOM_EDGE, on)); }
 
 void OrvMessageManager::postSetDisplayHeight(int pixels) { master.post(pack(SET_DISPLAY_HEIGHT, pixels)); }
+
+void OrvMessageManager::postSetDisplayNumbers(bool on) { master.post(pack(SET_DISPLAY_NUMBERS, on)); }
+
+void OrvMessageManager::postSetDisplayMidiInputEvents(bool on) { master.post(pack(SET_DISPLAY_MIDI_INPUT_EVENTS, on)); }
+
+void OrvMessageManager::postSetDisplayMidiOutputEvents(bool on)
+{
+    master.post(pack(SET_DISPLAY_MIDI_OUTPUT_EVENTS, on));
+}
+
+void OrvMessageManager::postSetRetroRecordBufferSize(int bytes)
+{
+    master.post(pack(SET_RETRO_RECORD_BUFFER_SIZE, bytes));
+}
+
+void OrvMessageManager::postEnableRetroRecord(bool on) { master.post(pack(ENABLE_RETRO_RECORD, on)); }
 
 void OrvMessageManager::postSetLargeDisplayFont(bool on) { master.post(pack(SET_LARGE_DISPLAY_FONT, on)); }
 

@@ -52,7 +52,13 @@ public:
     void postSetLastWindowPosition(const WindowsLib::Rect& position);
     void postSetDockToBottomEdge(bool on);
     void postSetDisplayHeight(int pixels);
+    void postSetDisplayNumbers(bool on);
     void postSetLargeDisplayFont(bool on);
+    void postSetDisplayMidiInputEvents(bool on);
+    void postSetDisplayMidiOutputEvents(bool on);
+    /// Bytes for each output, 1000 to 200000000.
+    void postSetRetroRecordBufferSize(int bytes);
+    void postEnableRetroRecord(bool on);
     void postSetAlwaysOnTop(bool on);
     void postSetUseSkinBorder(bool on);
     void postChangeGlobalKeyboard(const OnOffToggle& value, bool notify);

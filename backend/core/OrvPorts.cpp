@@ -39,6 +39,7 @@ void Orv::setMidiInputPorts(const MidiInputPorts& ports)
         if (!isStillThere(midiInputPorts[input], ports, input)) releaseHeldNotes(static_cast<int>(input));
     midiInputPorts = ports;
     midiEngine.getMessageManager().postSetMidiInputPorts(ports);
+    display.getMessageManager().postSetMidiInputPorts(ports);
     tellGui(GuiMessage::MIDI_INPUT_PORTS, ports);
 }
 
@@ -46,7 +47,9 @@ void Orv::setMidiOutputPorts(const MidiOutputPorts& ports)
 {
     midiOutputPorts = ports;
     fixDefaultMidiOutput();
+    retroRecord.setOutputs(ports);  // before the engine can play to a new one
     midiEngine.getMessageManager().postSetMidiOutputPorts(ports);
+    display.getMessageManager().postSetMidiOutputPorts(ports);
     tellGui(GuiMessage::MIDI_OUTPUT_PORTS, ports);
 }
 

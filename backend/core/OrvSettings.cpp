@@ -33,6 +33,41 @@ void Orv::setUseSkinBorder(bool on)
 
 void Orv::setDisplayHeight(int pixels) { registrySettings.setDisplayHeight(pixels); }
 
+void Orv::setDisplayNumbers(bool on)
+{
+    registrySettings.setDisplayNumbers(on);
+    display.getMessageManager().postSetDisplayNumbers(on);
+}
+
+void Orv::setDisplayMidiInputEvents(bool on)
+{
+    registrySettings.setDisplayMidiInputEvents(on);
+    display.getMessageManager().postSetDisplayMidiInputEvents(on);
+}
+
+void Orv::setDisplayMidiOutputEvents(bool on)
+{
+    registrySettings.setDisplayMidiOutputEvents(on);
+    display.getMessageManager().postSetDisplayMidiOutputEvents(on);
+}
+
+void Orv::setRetroRecordBufferSize(int bytes)
+{
+    if (!RetroRecord::RetroRecordManager::isBufferSize(bytes)) return;
+    registrySettings.setRetroRecordBufferSize(bytes);
+    tellGui(GuiMessage::RETRO_RECORD_BUFFER_SIZE, bytes);
+    retroRecord.setBufferSize(bytes);
+}
+
+/// While the record is off the engine gives nothing to it.
+void Orv::enableRetroRecord(bool on)
+{
+    registrySettings.setRetroRecordEnabled(on);
+    tellGui(GuiMessage::RETRO_RECORD_ENABLED, on);
+    retroRecord.enable(on);
+    midiEngine.setRetroRecordManager(on ? &retroRecord : nullptr);
+}
+
 void Orv::setLargeDisplayFont(bool on)
 {
     registrySettings.setLargeDisplayFont(on);

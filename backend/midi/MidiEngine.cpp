@@ -105,6 +105,14 @@ void MidiEngine::setGuiWindowHandle(WindowHandle window)
 {
     const Locked lock(criticalSection);
     std::swap(guiWindow, window);
+    isToldOf = guiWindow || retroRecordManager != nullptr;
+}
+
+void MidiEngine::setRetroRecordManager(RetroRecord::RetroRecordManager* recorder)
+{
+    const Locked lock(criticalSection);
+    retroRecordManager = recorder;
+    isToldOf = guiWindow || retroRecordManager != nullptr;
 }
 
 void MidiEngine::setZoneMap(std::vector<Zones::Zone> newZones)

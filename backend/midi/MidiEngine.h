@@ -76,6 +76,8 @@ public:
     void setTempo(int bpm) EXCLUDES(criticalSection);
     void setTempoSource(int source) EXCLUDES(criticalSection);
     void setGuiWindowHandle(WindowHandle window) EXCLUDES(criticalSection);
+    /// What is played is recorded there; null for nowhere. It must outlive the slices.
+    void setRetroRecordManager(RetroRecord::RetroRecordManager* recorder) EXCLUDES(criticalSection);
     /// Replaces the zones. Open presses keep the note they sound.
     void setZoneMap(std::vector<Zones::Zone> zones) EXCLUDES(criticalSection);
     /// Replaces the transposition of a zone, if it is there.
@@ -107,7 +109,8 @@ public:
     /// An event's way in: validity, then the layers or, when it names an output or a channel, straight out.
     /// The event is used up: it may come back with another note, velocity, output or channel.
     void playMidi(Slice& slice, OrvMidiMessage& event);
-    /// The last stage: count, send, show. With `stackNotes` a note off is held back while the same note sounds on.
+    /// The last stage: count, send, record, show. With `stackNotes` a note off is held back while the same note sounds
+    /// on.
     void playMidiInternal(Slice& slice, const OrvMidiMessage& event, bool stackNotes);
 
     /// The same for what is known to be a note on, or a note off.
@@ -123,7 +126,7 @@ public:
             if (counter != nullptr) counter->setPlayerHolds(true);
             midiPlayer.playMidi(event);
         }
-        if (guiWindow) show(slice, event);
+        if (isToldOf) tell(slice, event);
     }
 
     // Without thru, what came in on a MIDI input does not go out, but the note off of a note that the player holds
@@ -138,7 +141,7 @@ public:
             if (counter != nullptr) counter->setPlayerHolds(false);
             midiPlayer.playMidi(event);
         }
-        if (guiWindow) show(slice, event);
+        if (isToldOf) tell(slice, event);
     }
 
     /// Schedules an event from inside a slice.
@@ -181,6 +184,8 @@ private:
 
     void playDirect(Slice& slice, OrvMidiMessage& event) REQUIRES(criticalSection);
     int getDefaultOutputFor(const OrvMidiMessage& event) REQUIRES(criticalSection);
+    void tell(Slice& slice, const OrvMidiMessage& event) REQUIRES(criticalSection);
+    void record(Slice& slice, const OrvMidiMessage& event) REQUIRES(criticalSection);
     void show(Slice& slice, const OrvMidiMessage& event) REQUIRES(criticalSection);
     void tellGui(Slice& slice, Message message) REQUIRES(criticalSection);
     void follow(OrvMidiMessage& event) REQUIRES(criticalSection);
@@ -209,6 +214,8 @@ private:
     int defaultMidiOutput GUARDED_BY(criticalSection) = -1;
     bool midiThru GUARDED_BY(criticalSection) = true;
     WindowHandle guiWindow GUARDED_BY(criticalSection);
+    RetroRecord::RetroRecordManager* retroRecordManager GUARDED_BY(criticalSection) = nullptr;
+    bool isToldOf GUARDED_BY(criticalSection) = false;                    // what is played, to the window or the record
     std::vector<OrvMidiMessage> timedEvents GUARDED_BY(criticalSection);  // in order of arrival
     std::vector<OrvMidiMessage> pending GUARDED_BY(criticalSection);      // of this slice
     std::int32_t earliest GUARDED_BY(criticalSection) = 0;                // pulse among them

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "backend/core/GuiMessages.h"
+#include "backend/layers/RetroRecordManager.h"
 #include "backend/midi/MidiEngine.h"
 #include "backend/midi/ResetRequest.h"
 #include "platform/DbgStream.h"
@@ -167,7 +168,21 @@ void MidiEngine::playMidiInternal(Slice& slice, const OrvMidiMessage& event, boo
     if (event.isNoteOn()) return playNoteOn(slice, event);
     if (event.isNoteOff()) return playNoteOff(slice, event, stackNotes);
     if (midiThru || event.getInput() < 0) midiPlayer.playMidi(event);
+    if (isToldOf) tell(slice, event);
+}
+
+void MidiEngine::tell(Slice& slice, const OrvMidiMessage& event)
+{
+    if (retroRecordManager != nullptr) record(slice, event);
     if (guiWindow) show(slice, event);
+}
+
+/// Everything that a slice plays has one time.
+void MidiEngine::record(Slice& slice, const OrvMidiMessage& event)
+{
+    if (!slice.milliseconds) slice.milliseconds = midiPlayer.getMilliseconds();
+    retroRecordManager->addEvent(event.getMidiMessage(), event.getOutput(), *slice.milliseconds);
+    slice.recorder = retroRecordManager;
 }
 
 void MidiEngine::show(Slice& slice, const OrvMidiMessage& event)
@@ -204,6 +219,7 @@ void MidiEngine::drop(Slice&, const OrvMidiMessage& event, const char* why)
 void MidiEngine::finish(Slice& slice)
 {
     slice.window.wake();
+    if (slice.recorder != nullptr) slice.recorder->wake();
     for (ResetRequest* request = slice.served; request != nullptr;) {
         ResetRequest* next = request->next;
         request->done.set();  // from here on it is gone

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "backend/midi/OrvMidiMessage.h"
+#include "platform/Clock.h"
 #include "platform/Export.h"
 #include "platform/Thread.h"
 
@@ -36,5 +37,10 @@ public:
     /// -1 is the internal clock, otherwise the input port whose timing ticks set the tempo.
     virtual void setTempoSource(char source) = 0;
     virtual char getTempoSource() = 0;
+
+    /// The time that played events have in the retrospective record: milliseconds of a clock that wraps round. Any
+    /// thread; asked at most once in a time slice, which it must not keep waiting. Hosts whose time is not the system's
+    /// have their own.
+    virtual std::uint32_t getMilliseconds() { return monotonicMilliseconds(); }
 };
 }  // namespace Backend::MidiEngine

@@ -1,10 +1,17 @@
 #pragma once
 
+#include <cstdint>
+#include <optional>
 #include <vector>
 
 #include "backend/midi/OrvMidiMessage.h"
 #include "platform/CriticalSection.h"
 #include "platform/WindowHandle.h"
+
+namespace Backend::RetroRecord
+{
+class RetroRecordManager;
+}
 
 namespace Backend::MidiEngine
 {
@@ -31,8 +38,10 @@ private:
         const char* why;
     };
 
-    ResetRequest* served = nullptr;  // resets done, newest first
-    WindowHandle window;             // to be woken, if anything was posted to it
-    std::vector<Drop> drops;         // for the debug stream
+    ResetRequest* served = nullptr;                       // resets done, newest first
+    WindowHandle window;                                  // to be woken, if anything was posted to it
+    RetroRecord::RetroRecordManager* recorder = nullptr;  // the same
+    std::optional<std::uint32_t> milliseconds;            // the slice's time, once it was asked for
+    std::vector<Drop> drops;                              // for the debug stream
 };
 }  // namespace Backend::MidiEngine

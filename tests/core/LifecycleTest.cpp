@@ -46,7 +46,7 @@ TEST(Lifecycle, ANewUserGetsTheFactorysPresetsAndBanksAndADefaultBank)
     life.begin();
     EXPECT_EQ(life.contents(DATA),
               "Banks Computer Input Presets Control Presets Joystick Presets Layer Presets "
-              "Midi Input Presets Oscillator Presets");
+              "Midi Input Presets Oscillator Presets Retrospective Record");
     EXPECT_EQ(life.read(DATA + "/Oscillator Presets/Factory.pst"), "preset");
     const std::string bank = (life / DATA / "Banks/Default Bank.bnk").string();
     EXPECT_EQ(life.orv->getRegistrySettings().getDefaultBank(), bank);
@@ -102,6 +102,13 @@ TEST(Settings, AreKeptAtTheEndAndTheWindowHearsOfThoseItShows)
     commands.postSetDockToBottomEdge(true);
     commands.postSetDisplayHeight(77);
     commands.postSetLargeDisplayFont(true);
+    commands.postSetDisplayNumbers(true);
+    commands.postSetDisplayMidiInputEvents(true);
+    commands.postSetDisplayMidiOutputEvents(false);
+    commands.postSetRetroRecordBufferSize(1000);
+    commands.postSetRetroRecordBufferSize(999);
+    commands.postSetRetroRecordBufferSize(200000001);
+    commands.postEnableRetroRecord(false);
     commands.postSetAlwaysOnTop(true);
     commands.postSetUseSkinBorder(false);
     commands.postChangeGlobalKeyboard({OnOffToggle::State::toggle}, true);
@@ -118,6 +125,8 @@ TEST(Settings, AreKeptAtTheEndAndTheWindowHearsOfThoseItShows)
     using namespace GuiMessage;
     EXPECT_EQ(told, (std::vector<std::pair<unsigned, unsigned>>{{DOCK_TO_BOTTOM_EDGE, 1},
                                                                 {LARGE_DISPLAY_FONT, 1},
+                                                                {RETRO_RECORD_BUFFER_SIZE, 1000},
+                                                                {RETRO_RECORD_ENABLED, 0},
                                                                 {ALWAYS_ON_TOP, 1},
                                                                 {USE_SKIN_BORDER, 0},
                                                                 {GLOBAL_KEYBOARD, 1},
@@ -125,8 +134,10 @@ TEST(Settings, AreKeptAtTheEndAndTheWindowHearsOfThoseItShows)
                                                                 {CLICK_ZONE_CHANNEL_TRANSPOSE, 1}}));
     const std::string kept = life.read(SETTINGS);
     EXPECT_EQ(kept.substr(kept.find('\n') + 1),
-              "GlobalKeyboard=number:0\nLargeDisplayFont=number:1\nMouseSensitivity=number:3\n"
-              "DockToBottomEdge=number:1\nDisplayHeight=number:77\n"
+              "GlobalKeyboard=number:0\nRetroRecordEnabled=number:0\nMaxMidiBufferFileSize=number:1000\n"
+              "LargeDisplayFont=number:1\nMouseSensitivity=number:3\nDockToBottomEdge=number:1\n"
+              "DisplayMidiInputEvents=number:1\nDisplayMidiOutputEvents=number:0\nDisplayNumbers=number:1\n"
+              "DisplayHeight=number:77\n"
               "LastWindowPosition=hex:01000000020000000300000004000000\nEnabledMidiInputs=string:\n"
               "EnabledMidiOutputs=string:\nAlwaysOnTop=number:1\nUseSkinBorder=number:0\nLiteVelocity=number:64\n"
               "LiteChannel=number:9\nLiteStackNotes=number:0\nClickZoneChannelTranspose=number:1\n");

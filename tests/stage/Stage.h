@@ -1,5 +1,6 @@
 #pragma once
 
+#include <atomic>
 #include <functional>
 #include <initializer_list>
 #include <memory>
@@ -21,6 +22,7 @@ public:
     std::vector<std::string> wishes;  ///< "input 1 off", "tempo 90", "source 2"
     ThreadId thread = currentThreadId();
     char tempoSource = -1;
+    std::atomic<std::uint32_t> milliseconds{0};  ///< the time that stands until a test moves it
 
     void playMidi(const Backend::MidiEngine::OrvMidiMessage& event) override { events.push_back(event); }
     void enableMidiInput(int port, bool enabled) override;
@@ -30,6 +32,7 @@ public:
     void setTempo(int bpm) override { wishes.push_back("tempo " + std::to_string(bpm)); }
     void setTempoSource(char source) override;
     char getTempoSource() override { return tempoSource; }
+    std::uint32_t getMilliseconds() override { return milliseconds; }
 };
 
 /// The library on a stage: real threads, a clock that is a counter and a player that listens. Ports "In 1".."In 3" and

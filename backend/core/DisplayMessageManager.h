@@ -1,0 +1,49 @@
+#pragma once
+
+#include <string>
+
+#include "backend/midi/MidiPort.h"
+#include "backend/midi/OrvMidiMessage.h"
+#include "platform/Export.h"
+#include "platform/Worker.h"
+
+namespace Backend::Display
+{
+class Display;
+class DisplayListener;
+
+/// The display's command set and its thread. Any thread but a time slice; all return at once.
+class ORV_API DisplayMessageManager
+{
+public:
+    explicit DisplayMessageManager(Display& display);
+
+    void start() { worker.start(); }
+    /// Ends the thread behind whatever was posted before, and waits for that.
+    void stop() { worker.stop(); }
+
+    void postAddText(const std::string& text);
+    /// Gives the listener the whole text.
+    void postResendText();
+    /// Gives the listener what is new, if anything is.
+    void postUpdateListener();
+    void postMidiInputEvent(const MidiEngine::OrvMidiMessage& event);
+    void postMidiOutputEvent(const MidiEngine::OrvMidiMessage& event);
+    /// Null for none. It must live until another takes its place or the display has ended.
+    void setListener(DisplayListener* listener);
+    void postSetDisplayNumbers(bool on);
+    void postSetDisplayMidiInputEvents(bool on);
+    void postSetDisplayMidiOutputEvents(bool on);
+    void postSetMidiInputPorts(const MidiEngine::MidiInputPorts& ports);
+    void postSetMidiOutputPorts(const MidiEngine::MidiOutputPorts& ports);
+
+    const Worker& getWorker() const { return worker; }
+
+private:
+    void postEvent(unsigned int number, const MidiEngine::OrvMidiMessage& event);
+    void handleMessage(Message& message);
+
+    Display& display;
+    Worker worker;
+};
+}  // namespace Backend::Display

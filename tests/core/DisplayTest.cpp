@@ -1,0 +1,158 @@
+#include "backend/core/Display.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+#include "backend/core/DisplayLine.h"
+#include "backend/core/DisplayListener.h"
+#include "backend/core/GuiMessages.h"
+#include "tests/stage/Stage.h"
+
+using namespace Backend;
+using namespace Backend::Display;
+using namespace Backend::MidiEngine;
+
+namespace
+{
+/// Writes down what it is told, "+" before what is added and "=" before the whole text.
+struct WritingListener final : DisplayListener {
+    std::string told;
+    void addText(const char* text) override { told += std::string("+") + text; }
+    void setText(const char* text) override { told += std::string("=") + text; }
+};
+
+/// A stage with a listener, and a window that shows each output event as a real one does.
+struct DisplayStage : Stage {
+    WritingListener listener;
+    std::shared_ptr<MessageQueue> window = std::make_shared<MessageQueue>(64);
+    DisplayMessageManager& display = orv->getDisplayMessageManager();
+
+    DisplayStage()
+    {
+        orv->setGuiWindowHandle(WindowHandle(window));
+        display.setListener(&listener);
+        told();
+    }
+    ~DisplayStage()
+    {
+        display.setListener(nullptr);
+        rest();
+    }
+    /// What is new.
+    std::string told()
+    {
+        rest();
+        while (window->handleNext([&](Message& message) {
+            if (message.number == GuiMessage::MIDI_OUTPUT_EVENT)
+                orv->displayMidiOutputEvent({message.wparam, message.lparam});
+        })) {}
+        display.postUpdateListener();
+        rest();
+        return std::exchange(listener.told, "");
+    }
+    void noteOn(int output)
+    {
+        play({MessageType::noteOn, 60, 100, 0, output, -1, -1, -1});
+        playSlices();
+    }
+};
+}  // namespace
+
+TEST(DisplayLine, ShowsEachKindOfEventInItsColumns)
+{
+    const struct {
+        MidiMessage message;
+        std::string line;
+    } ROWS[] = {
+        {MidiMessage(MessageType::noteOff, 60, 64, 1), "P\t2\tNote Off\t60 (C4)\t64"},
+        {MidiMessage(MessageType::noteOn, 0, 127, 15), "P\t16\tNote On\t0 (C-1)\t127"},
+        {MidiMessage(MessageType::keyPressure, 60, 1), "P\t1\tKey Pressure\t60\t1"},
+        {MidiMessage(MessageType::controllerChange, 7, 100), "P\t1\tController Change\t7 (Channel Volume)\t100"},
+        {MidiMessage(MessageType::programChange, 21, 9), "P\t1\tProgram Change\t21 (Accoridan)"},
+        {MidiMessage(MessageType::channelPressure, 3, 9), "P\t1\tChannel Pressure\t3"},
+        {MidiMessage(MessageType::pitchBend, 1, 64), "P\t1\tPitch Bend\t8193"},
+        {MidiMessage(MessageType::systemExclusive, 1, 2), "P\t1\tSystem Exclusive"},
+        {MidiMessage(MessageType::songPosition, 127, 127), "P\t\tSong Position\t16383"},
+        {MidiMessage(MessageType::songSelect, 5), "P\t\tSong Select\t5"},
+        {MidiMessage(MessageType::unofficialBusSelect, 5), "P\t\tUnofficial Bus Select\t5"},
+        {MidiMessage(MessageType::tuneRequest), "P\t\tTune Request"},
+        {MidiMessage(MessageType::endOfSysex), "P\t\tEnd Of Sysex"},
+        {MidiMessage(MessageType::timingTick), "P\t\tTiming Tick"},
+        {MidiMessage(MessageType::startSong), "P\t\tStart Song"},
+        {MidiMessage(MessageType::activeSensing), "P\t\tActive Sensing"},
+        {MidiMessage(static_cast<MessageType>(0xF9)), "P\t\tUnknown"},
+        {MidiMessage(MessageType::systemReset), "P\t\tSystem Reset"},
+        {MidiMessage(static_cast<MessageType>(0xF1)), "-"},
+        {MidiMessage(static_cast<MessageType>(0xF4)), "-"},
+        {MidiMessage(), "-"},
+        {MidiMessage(static_cast<MessageType>(0x70)), "-"},
+        {MidiMessage(MessageType::keyPressure, 255, 128), "P\t1\tKey Pressure\t-1\t-128"}};
+    for (const auto& [message, line] : ROWS) EXPECT_EQ(formatLine("P", message), line + "\r\n");
+}
+
+TEST(DisplayText, DropsItsOlderHalfWhenFull)
+{
+    DisplayText text;
+    text.append(std::string(14000, 'a'));
+    text.append(std::string(1000, 'b'));
+    text.append(std::string(14990, 'c'));
+    EXPECT_EQ(text.all().size(), 29990u);
+    text.append(std::string(9, 'd'));
+    EXPECT_EQ(text.all().size(), 29999u) << "room for the NUL alone is left";
+    text.append(std::string(DisplayText::TOO_LONG, 'x'));
+    EXPECT_EQ(text.all().size(), 29999u) << "too long";
+    EXPECT_STREQ(text.takeUnsent(), text.all().c_str());
+    text.append("e");
+    EXPECT_EQ(text.all(), "b" + std::string(14990, 'c') + std::string(9, 'd') + "e") << "14999 went";
+    EXPECT_STREQ(text.takeUnsent(), "e") << "the listener has the rest";
+    EXPECT_FALSE(text.hasUnsent());
+    text.append(std::string(14998, 'f'));
+    text.append("g");
+    EXPECT_STREQ(text.takeAll(), text.all().c_str());
+    EXPECT_FALSE(text.hasUnsent());
+}
+
+TEST(Display, ShowsWhatIsPlayedAndWhatComesInWhenAskedTo)
+{
+    DisplayStage stage;
+    stage.display.postResendText();
+    EXPECT_EQ(stage.told(), "=Orvane 3.2\r\n") << "the listener came when it was there already";
+    stage.noteOn(1);
+    EXPECT_EQ(stage.told(), "+Out 2\t1\tNote On\t60 (C4)\t100\r\n");
+    EXPECT_EQ(stage.told(), "");
+    stage.commands().postSetDisplayNumbers(true);
+    stage.press("D4", 9, 2, 1);
+    EXPECT_EQ(stage.told(), "") << "input is not shown, and takes no number";
+    stage.playSlices();
+    EXPECT_EQ(stage.told(), "+1  Out 1\t1\tNote On\t62 (D4)\t9\r\n");
+
+    stage.commands().postSetDisplayMidiInputEvents(true);
+    stage.commands().postSetDisplayMidiOutputEvents(false);
+    stage.midi(1, MessageType::noteOn, 62, 0, 2);
+    stage.midi(7, MessageType::noteOn, 62, 0, 2);
+    stage.playSlices();
+    EXPECT_EQ(stage.told(), "+2  > In 2\t3\tNote On\t62 (D4)\t0\r\n")
+        << "as it came, and from inputs alone that are there";
+    stage.commands().postSetDisplayMidiOutputEvents(true);
+    stage.commands().postSetDisplayNumbers(false);
+    stage.rest();
+    stage.orv->displayMidiInputEvent({MessageType::timingTick, 0, 0, 0, -1, -1, 9, -1});
+    stage.orv->displayMidiOutputEvent({MessageType::timingTick, 0, 0, 0, -1, -1, -1, -1});
+    stage.orv->displayMidiOutputEvent({MessageType::timingTick, 0, 0, 0, 3, -1, -1, -1});
+    EXPECT_EQ(stage.told(), "+> ???\t\tTiming Tick\r\n???\t\tTiming Tick\r\n???\t\tTiming Tick\r\n");
+    stage.commands().sendSetMidiOutputPorts(stage.outputs({"Other"}));
+    stage.orv->displayMidiOutputEvent({MessageType::timingTick, 0, 0, 0, 0, -1, -1, -1});
+    EXPECT_EQ(stage.told(), "+Other\t\tTiming Tick\r\n");
+}
+
+TEST(Display, KeepsItsTextWithoutAListener)
+{
+    DisplayStage stage;
+    stage.display.setListener(nullptr);
+    stage.display.postResendText();
+    stage.display.postUpdateListener();
+    stage.display.postAddText("text\r\n");
+    stage.display.setListener(&stage.listener);
+    EXPECT_EQ(stage.told(), "+text\r\n") << "the banner was told before";
+}

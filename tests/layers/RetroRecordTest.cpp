@@ -1,0 +1,146 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <map>
+#include <memory>
+
+#include "backend/core/GuiMessages.h"
+#include "backend/layers/RecordFileNames.h"
+#include "backend/layers/RetroRecordManager.h"
+#include "tests/layers/RecordReading.h"
+#include "tests/stage/Stage.h"
+
+using namespace Backend;
+using namespace Backend::MidiEngine;
+using namespace Backend::RetroRecord;
+
+namespace
+{
+/// A stage whose record is saved into its folder, under the stem "t".
+struct RecordStage : Stage {
+    std::shared_ptr<MessageQueue> window = std::make_shared<MessageQueue>();
+
+    void note(int number, int output, std::uint32_t silence = 0)
+    {
+        player.milliseconds += silence;
+        play({MessageType::noteOn, number, 100, 0, output, -1, -1, -1});
+        playSlices();
+    }
+    /// The saved files as `readRecord` tells them, by name, which are gone behind that.
+    std::map<std::string, std::string> saved()
+    {
+        orv->getRetroRecordManager().save((folders / "t").string(), WindowHandle(window));
+        rest();
+        std::map<std::string, std::string> takes;
+        SaveReport report;
+        EXPECT_TRUE(window->handleNext([&](Message& message) {
+            EXPECT_EQ(message.number, 32880u);
+            EXPECT_EQ(message.wparam, 0u);
+            EXPECT_EQ(message.lparam, 0);
+            if (auto* told = message.payload.get<SaveReport>()) report = *told;
+        }));
+        for (const auto& [file, error] : report) {
+            if (file.empty()) continue;
+            const std::string name = std::filesystem::path(file).filename();
+            takes[name] = readRecord(folders.read(name));
+            std::filesystem::remove(folders / name);
+        }
+        return takes;
+    }
+};
+
+using Takes = std::map<std::string, std::string>;
+}  // namespace
+
+TEST(RetroRecord, KeepsWhatIsPlayedForEachOutputAndTellsTheWindow)
+{
+    RecordStage stage;
+    EXPECT_EQ(stage.saved(), Takes{});
+    stage.note(60, 0, 1000);
+    stage.note(61, 1, 20000);
+    stage.note(62, 0, 500);
+    stage.play({MessageType::timingTick, 0, 0, 5, 1, -1, -1, -1});
+    stage.play({MessageType::systemReset, 0, 0, 5, 1, -1, -1, -1});
+    stage.playSlices();
+    EXPECT_EQ(stage.saved(),
+              (Takes{{"t_Out 1.mid", "200:90.3C.64 1400:90.3E.64"}, {"t_Out 2.mid", "1400:90.3D.64 100:F7.F8"}}));
+    EXPECT_EQ(stage.saved(), Takes{}) << "saving empties it";
+}
+
+TEST(RetroRecord, HearsAlsoWhatThruKeepsFromThePlayer)
+{
+    RecordStage stage;
+    stage.setThru(false);
+    stage.press("C4");
+    EXPECT_EQ(stage.played(), "");
+    EXPECT_EQ(stage.saved(), (Takes{{"t_Out 1.mid", "0:90.3C.64"}}));
+}
+
+TEST(RetroRecord, CanBeSwitchedOffAndMadeSmaller)
+{
+    RecordStage stage;
+    stage.note(60, 0);
+    stage.commands().postEnableRetroRecord(false);
+    stage.note(61, 0);
+    stage.commands().postEnableRetroRecord(true);
+    stage.note(62, 0);
+    EXPECT_EQ(stage.saved(), (Takes{{"t_Out 1.mid", "0:90.3C.64 0:90.3E.64"}}));
+    stage.commands().postSetRetroRecordBufferSize(1000);
+    for (int i = 0; i < 500; ++i) stage.play({MessageType::noteOn, i % 128, 100, 0, 0, -1, -1, -1});
+    stage.playSlices();
+    EXPECT_EQ(stage.saved()["t_Out 1.mid"].size(), 11 * (9 * 23 + 500 % 23) - 1)
+        << "a file takes a tenth of the size, 23 events";
+}
+
+TEST(RetroRecord, OfAnOutputGoesOnWhenTheListChanges)
+{
+    RecordStage stage;
+    stage.note(60, 0);
+    stage.note(61, 1);
+    stage.player.milliseconds += 100;
+    stage.commands().sendSetMidiOutputPorts(stage.outputs({"New", "Out 1"}));
+    stage.rest();
+    stage.note(62, 0, 100);
+    stage.note(63, 1, 100);
+    EXPECT_EQ(stage.saved(), (Takes{{"t_New.mid", "20:90.3E.64"}, {"t_Out 1.mid", "0:90.3C.64 60:90.3F.64"}}));
+    auto ports = stage.outputs({"New", "Out 1"});
+    ports[1].enabled = false;
+    stage.commands().sendSetMidiOutputPorts(ports);
+    stage.note(60, 1);
+    EXPECT_EQ(stage.saved(), Takes{});
+}
+
+TEST(RetroRecord, NamesFilesSoThatTheyCanBeWritten)
+{
+    MidiOutputPorts ports;
+    for (const auto& name :
+         {std::string("system:midi/1"), std::string("Piano"), std::string("Piano"), std::string("Piano_2"),
+          std::string("a\nb"), std::string(), std::string(400, 'x'), std::string(119, 'x') + "\xC3\xA9"})
+        ports.push_back({{.name = name}});
+    EXPECT_EQ(fileNamesOf(ports), (std::vector<std::string>{"system_midi_1", "Piano", "Piano_2", "Piano_2_2", "a_b", "",
+                                                            std::string(120, 'x'), std::string(119, 'x')}));
+}
+
+TEST(RetroRecord, LosesNothingThatIsPlayedWhileItIsSaved)
+{
+    RecordStage stage;
+    std::string all;
+    for (int round = 0; round < 20; ++round) {
+        stage.orv->getRetroRecordManager().save((stage.folders / "t").string(), WindowHandle(stage.window));
+        for (int note = 0; note < 100; ++note)
+            stage.commands().postPlayMidi({MessageType::noteOn, note, round + 1, 0, 0, -1, -1, -1});
+        stage.slice(1);
+    }
+    stage.rest();
+    stage.playSlices();
+    stage.saved();
+    std::size_t events = 0;
+    while (stage.window->handleNext([](Message&) {})) {}
+    for (const auto& entry : std::filesystem::directory_iterator(stage.folders / ""))
+        if (entry.path().extension() == ".mid") {
+            const std::string text = readRecord(stage.folders.read(entry.path().filename()));
+            events += static_cast<std::size_t>(std::ranges::count(text, ':'));
+        }
+    EXPECT_EQ(events, stage.player.events.size());
+    EXPECT_EQ(events, 2000u);
+}
