@@ -10,7 +10,7 @@
 
 /// What a message owns beside its two parameters: one value of any movable type, freed with the message if nobody
 /// takes it.
-class Payload
+class ORV_API Payload
 {
 public:
     Payload() = default;

@@ -65,7 +65,8 @@ void addRenderCommand(CLI::App& program)
     command->add_option("--mid", request->mid, "Write a Standard MIDI File")->type_name("FILE");
     command->add_option("--wav", request->wav, "Write a sound file, played by the built-in synthesizer")
         ->type_name("FILE");
-    refuse(*command, "--display", "FILE");
+    command->add_option("--display", request->display, "Write the display's text as it stands at the end")
+        ->type_name("FILE");
 
     command->callback([request] { Host::render(*request); });
 }

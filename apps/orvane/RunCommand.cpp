@@ -10,6 +10,7 @@ void addRunOptions(CLI::App& command, Host::RunOptions& options)
         ->allow_extra_args(false);
     command.add_option("--default-output", options.defaultOutput, "Output for what names none: its number or name")
         ->type_name("N");
+    command.add_flag("--display", options.display, "Print what is played");
     command.add_option("--tempo", options.tempo, "Beats per minute")->type_name("BPM")->check(CLI::Range(20, 250));
 }
 

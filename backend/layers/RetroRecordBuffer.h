@@ -16,7 +16,7 @@ namespace Backend::RetroRecord
 using Milliseconds = std::uint32_t;
 
 /// What became of saving one output's record.
-struct SavedRecord {
+struct ORV_API SavedRecord {
     std::string file;       ///< the MIDI file; empty if nothing was played
     std::error_code error;  ///< why it could not be written; then the record stands as it was
 

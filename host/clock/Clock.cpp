@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <thread>
 
+#include "platform/Clock.h"
+
 namespace Host
 {
 using namespace std::chrono_literals;
@@ -27,9 +29,10 @@ Clock::~Clock() { stop(); }
 
 void Clock::startOnThread() { begin(Holder::thread); }
 
-void Clock::startInGraph(std::int64_t framesPerSecond)
+void Clock::startInGraph(std::int64_t rate)
 {
-    framePulses.emplace(framesPerSecond);
+    framesPerSecond = rate;
+    framePulses.emplace(rate);
     begin(Holder::graph);
 }
 
@@ -59,9 +62,11 @@ void Clock::playPeriod(std::uint32_t firstStamp, std::uint32_t frames)
 {
     if (!baton.enter(Holder::graph)) return;
     player.takeClock();
+    const std::uint32_t periodStart = monotonicMilliseconds();
     while (framePulses->ticksToPulse() < frames) {
         const auto frame = static_cast<std::uint32_t>(std::max<std::int64_t>(framePulses->ticksToPulse(), 0));
         player.setStamp(firstStamp + frame);
+        player.setMilliseconds(periodStart + static_cast<std::uint32_t>(frame * std::int64_t{1000} / framesPerSecond));
         slices.play(1);
         framePulses->passPulse(player.getTempo());
     }
@@ -105,6 +110,7 @@ void Clock::tick()
     nextTick = std::max(nextTick, now - TICK);
     if (!baton.enter(Holder::thread)) return;
     player.takeClock();
+    player.setMilliseconds(monotonicMilliseconds());
     slices.play(takeDuePulses(now));
     const bool played = player.takePlayed();
     baton.leave();

@@ -74,6 +74,7 @@ private:
 
     // The holder's
     std::optional<PulseClock> framePulses;
+    std::int64_t framesPerSecond = 1;
 
     // The clock's own thread's
     PulseClock timePulses;

@@ -100,6 +100,16 @@ Command parseFunction(PerformanceLine& line)
     return FunctionCommand{std::string(xml)};
 }
 
+Command parseRecord(PerformanceLine& line)
+{
+    const auto stem = line.file(line.rest("the stem"));
+    const auto folder = stem.parent_path();
+    std::error_code none;
+    if (!folder.empty() && !std::filesystem::is_directory(folder, none))
+        line.refuse(Host::quoted(folder.string()) + " is no folder");
+    return RecordCommand{stem.string()};
+}
+
 struct CommandRow {
     std::string_view word;
     Command (*parse)(PerformanceLine&);  // null: a command of the format that is not available yet
@@ -107,7 +117,7 @@ struct CommandRow {
 
 constexpr CommandRow COMMANDS[] = {
     {"midi", parseMidi}, {"play", parsePlay}, {"enable", parseEnable}, {"key", parseKey},   {"function", parseFunction},
-    {"axis", nullptr},   {"button", nullptr}, {"control", nullptr},    {"load", parseLoad}, {"record", nullptr},
+    {"axis", nullptr},   {"button", nullptr}, {"control", nullptr},    {"load", parseLoad}, {"record", parseRecord},
 };
 }  // namespace
 

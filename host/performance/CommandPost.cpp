@@ -1,5 +1,7 @@
 #include "host/performance/CommandPost.h"
 
+#include "backend/core/OrvMessageManager.h"
+#include "backend/layers/RetroRecordManager.h"
 #include "host/SetupFile.h"
 
 namespace Host
@@ -11,6 +13,14 @@ using Backend::MidiEngine::OrvMidiMessage;
 namespace
 {
 constexpr std::int32_t UNTIMED = -1;
+
+/// Where commands go: most of them to the backend's own message manager.
+struct Destination {
+    Backend::OrvIF& orv;
+    const WindowHandle& window;
+
+    operator OrvMessageManager&() const { return orv.getOrvMessageManager(); }
+};
 
 void postKind(OrvMessageManager& backend, const MidiCommand& command)
 {
@@ -44,10 +54,15 @@ void postKind(OrvMessageManager& backend, const KeyCommand& command)
 }
 
 void postKind(OrvMessageManager& backend, const FunctionCommand& command) { backend.postExecuteFunction(command.xml); }
+
+void postKind(const Destination& destination, const RecordCommand& command)
+{
+    destination.orv.getRetroRecordManager().save(command.stem, destination.window);
+}
 }  // namespace
 
-void post(OrvMessageManager& backend, const Command& command)
+void post(Backend::OrvIF& orv, const Command& command, const WindowHandle& window)
 {
-    std::visit([&](const auto& kind) { postKind(backend, kind); }, command);
+    std::visit([&](const auto& kind) { postKind(Destination{orv, window}, kind); }, command);
 }
 }  // namespace Host

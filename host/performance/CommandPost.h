@@ -1,10 +1,10 @@
 #pragma once
 
-#include "backend/core/OrvMessageManager.h"
+#include "backend/core/OrvIF.h"
 #include "host/performance/PerformanceCommand.h"
 
 namespace Host
 {
-/// Posts a command of a performance to the backend. Any thread.
-void post(Backend::OrvMessageManager& backend, const Command& command);
+/// Posts a command of a performance to the backend; `window` is told what was saved. Any thread.
+void post(Backend::OrvIF& orv, const Command& command, const WindowHandle& window);
 }  // namespace Host

@@ -66,8 +66,16 @@ struct FunctionCommand {
     bool operator==(const FunctionCommand&) const = default;
 };
 
+/// The retrospective record is saved, each output as "<stem>_<its name>.mid".
+struct RecordCommand {
+    std::string stem;  ///< in a folder that is there at the time the performance is read
+
+    bool operator==(const RecordCommand&) const = default;
+};
+
 /// What a line of a performance asks for. A further kind is a struct here and a row in the table of parseCommand.
-using Command = std::variant<MidiCommand, PlayCommand, EnableCommand, LoadCommand, KeyCommand, FunctionCommand>;
+using Command =
+    std::variant<MidiCommand, PlayCommand, EnableCommand, LoadCommand, KeyCommand, FunctionCommand, RecordCommand>;
 
 struct TimedCommand {
     std::int32_t time;  ///< pulses from the start, 480 per quarter note, 0 to LAST_PULSE

@@ -33,6 +33,8 @@ public:
     /// Only remembered as yet: the internal clock goes on whatever the source.
     void setTempoSource(char source) override { tempoSource.store(source, std::memory_order_relaxed); }
     char getTempoSource() override { return tempoSource.load(std::memory_order_relaxed); }
+    /// Of the slice being played, or the last one.
+    std::uint32_t getMilliseconds() override { return milliseconds.load(std::memory_order_relaxed); }
 
     int getTempo() const { return tempo.load(std::memory_order_relaxed); }
 
@@ -43,6 +45,13 @@ public:
 
     /// The stamp of what the next slice plays.
     void setStamp(std::uint32_t newStamp) { stamp = newStamp; }
+
+    /// The time of what the next slice plays, in milliseconds as of `monotonicMilliseconds`. It never goes back.
+    void setMilliseconds(std::uint32_t time)
+    {
+        if (static_cast<std::int32_t>(time - getMilliseconds()) > 0)
+            milliseconds.store(time, std::memory_order_relaxed);
+    }
 
     /// Whether anything was played since the last call.
     bool takePlayed() { return std::exchange(played, false); }
@@ -57,6 +66,7 @@ private:
     std::atomic<int> tempo{FIRST_TEMPO};
     std::atomic<char> tempoSource{-1};
     std::atomic<bool> outputWish{false};
+    std::atomic<std::uint32_t> milliseconds{monotonicMilliseconds()};
 
     // The clock's
     std::uint32_t stamp = 0;

@@ -5,6 +5,9 @@
 #include <string>
 #include <thread>
 
+#include "backend/core/DisplayListener.h"
+#include "backend/core/DisplayMessageManager.h"
+#include "backend/core/GuiMessages.h"
 #include "backend/core/OrvFactory.h"
 #include "backend/core/OrvMessageManager.h"
 #include "backend/midi/MidiEngine.h"
@@ -16,10 +19,19 @@
 namespace Host
 {
 using Backend::MidiEngine::MidiInputPorts;
+namespace GuiMessage = Backend::GuiMessage;
 
 namespace
 {
 constexpr std::int32_t FIRST_PULSE = Backend::MidiEngine::MidiEngine::FIRST_PULSE;
+constexpr std::size_t ROOM_FOR_EVENTS = 1024;
+
+/// Takes the display's text when it is sent.
+struct TextTaker final : Backend::Display::DisplayListener {
+    std::string text;
+    void addText(const char*) override {}
+    void setText(const char* whole) override { text = whole; }
+};
 
 template <class Ports>
 Ports makePorts(const std::string& name, int count)
@@ -33,12 +45,14 @@ Ports makePorts(const std::string& name, int count)
 OfflineLoop::OfflineLoop(const Settings& wanted)
     : settings(wanted),
       home(wanted.data, wanted.choices),
+      window(std::make_shared<MessageQueue>(ROOM_FOR_EVENTS)),
       orv(Backend::OrvFactory::createOrv(PrivateHome::APPLICATION, player, false)),
       outputPorts(makePorts<Backend::MidiEngine::MidiOutputPorts>("Out", wanted.outputs))
 {
     if (!orv) throw std::bad_alloc();
     orv->getProgram().number = settings.number;
     orv->setRandomSeed(settings.seed);
+    if (settings.display) orv->setGuiWindowHandle(WindowHandle(window));
     orv->start();
     auto& commands = orv->getOrvMessageManager();
     commands.sendInitialize();
@@ -63,13 +77,14 @@ void OfflineLoop::play(const std::vector<TimedCommand>& commands)
     std::int32_t ppq = 0;
     for (; ppq <= last; ppq += settings.slice) {
         for (; next != commands.end() && next->time <= ppq; ++next) {
-            post(orv->getOrvMessageManager(), next->command);
+            post(*orv, next->command, WindowHandle(window));
             rest(ppq);
         }
         playSlice(ppq, settings.slice);
         rest(ppq);
     }
     resetIn(ppq);
+    rest(ppq);
     end = ppq;
 }
 
@@ -97,7 +112,7 @@ void OfflineLoop::rest(std::int32_t ppq)
             playSlice(ppq, 0);
             while (!orv->isAtRest()) std::this_thread::yield();
         }
-    } while (answerEnabledOutputs());
+    } while (answerEnabledOutputs() || answerWindow());
 }
 
 /// The refreshed list for what the user enabled or disabled; false if there was nothing of that.
@@ -109,6 +124,31 @@ bool OfflineLoop::answerEnabledOutputs()
             outputPorts[static_cast<std::size_t>(port)].enabled = enabled;
     if (!wishes.empty()) orv->getOrvMessageManager().postSetMidiOutputPorts(outputPorts);
     return !wishes.empty();
+}
+
+/// What a window does with what it is told; false if it was told nothing.
+bool OfflineLoop::answerWindow()
+{
+    bool any = false;
+    while (window->handleNext([&](Message& message) {
+        if (message.number == GuiMessage::MIDI_OUTPUT_EVENT)
+            orv->displayMidiOutputEvent({message.wparam, message.lparam});
+        if (auto* report = message.payload.get<Backend::RetroRecord::SaveReport>())
+            savedRecords.insert(savedRecords.end(), report->begin(), report->end());
+    }))
+        any = true;
+    return any;
+}
+
+std::string OfflineLoop::getDisplayText()
+{
+    auto& display = orv->getDisplayMessageManager();
+    TextTaker taker;
+    display.setListener(&taker);
+    display.postResendText();
+    display.setListener(nullptr);
+    rest(end);
+    return taker.text;
 }
 
 /// The last slice begins with a reset, which waits for it on a thread of its own.

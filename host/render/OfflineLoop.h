@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "backend/core/OrvIF.h"
+#include "backend/layers/RetroRecordManager.h"
 #include "host/performance/PerformanceCommand.h"
 #include "host/render/PrivateHome.h"
 #include "host/render/RenderPlayer.h"
@@ -32,6 +33,7 @@ public:
         int number = 0;                             ///< of the program taken from a bank, from 0
         std::uint32_t seed = 1;                     ///< of what is left to chance; 0 counts as 1
         std::vector<std::string> choices;           ///< settings by their stored names, "MidiThru=0"
+        bool display = false;                       ///< whether the display shows what is played
     };
 
     /// Starts the library up to the point where the first slice may come. Throws InputError for the data folder and the
@@ -46,6 +48,10 @@ public:
     void play(const std::vector<TimedCommand>& commands);
 
     const RenderPlayer& getPlayer() const { return player; }
+    /// The log of events as it stands.
+    std::string getDisplayText();
+    /// What the commands that saved the record did.
+    const Backend::RetroRecord::SaveReport& getSavedRecords() const { return savedRecords; }
     /// Where the performance ended, in pulses from its start.
     std::int32_t getEnd() const { return end; }
     const Backend::MidiEngine::MidiOutputPorts& getOutputPorts() const { return outputPorts; }
@@ -56,10 +62,13 @@ private:
     void rest(std::int32_t ppq);
     void resetIn(std::int32_t ppq);
     bool answerEnabledOutputs();
+    bool answerWindow();
 
     const Settings settings;
     PrivateHome home;
     RenderPlayer player;
+    std::shared_ptr<MessageQueue> window;  // stands in for one
+    Backend::RetroRecord::SaveReport savedRecords;
     std::unique_ptr<Backend::OrvIF> orv;
     Backend::MidiEngine::MidiOutputPorts outputPorts;
     std::int32_t end = 0;

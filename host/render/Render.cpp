@@ -35,12 +35,16 @@ std::vector<std::uint8_t> midiFileOf(const OfflineLoop& loop)
 
 void render(const RenderRequest& request)
 {
-    if (!request.events && !request.mid && !request.wav)
-        throw InputError("render: nothing to write: give --events, --mid or --wav");
+    if (!request.events && !request.mid && !request.wav && !request.display)
+        throw InputError("render: nothing to write: give --events, --mid, --wav or --display");
     const auto commands = readInputs(request.inputs);
     for (const auto& path : request.settings.loads) checkSetupFile(path);
-    OfflineLoop loop(request.settings);
+    auto settings = request.settings;
+    settings.display = request.display.has_value();
+    OfflineLoop loop(settings);
     loop.play(commands);
+    for (const auto& [file, error] : loop.getSavedRecords())
+        if (error) throw InputError("record: " + file + ": " + error.message());
 
     const std::string eventList = request.events ? formatEventList(loop.getPlayer().getPlayed()) : std::string();
     const bool eventsToOutput = request.events && *request.events == "-";
@@ -48,6 +52,7 @@ void render(const RenderRequest& request)
     if (request.events && !eventsToOutput) files.add(*request.events, eventList);
     if (request.mid) files.add(*request.mid, midiFileOf(loop));
     if (request.wav) files.add(*request.wav, renderSound(loop.getPlayer(), loop.getEnd()));
+    if (request.display) files.add(*request.display, loop.getDisplayText());
     files.commit();
     if (eventsToOutput && !(std::cout << eventList << std::flush))
         throw InputError("standard output: cannot be written");

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <atomic>
 #include <cstdint>
 #include <map>
 #include <utility>
@@ -32,7 +33,11 @@ struct TempoChange {
 class RenderPlayer final : public Backend::MidiEngine::MidiPlayer
 {
 public:
-    void setPulse(std::int32_t ppq) { now = ppq; }
+    void setPulse(std::int32_t ppq)
+    {
+        now = ppq;
+        milliseconds = static_cast<std::uint32_t>(static_cast<std::uint64_t>(millisecondsNow()));
+    }
 
     const std::vector<PlayedEvent>& getPlayed() const { return played; }
     const std::vector<TempoChange>& getTempoChanges() const { return tempoChanges; }
@@ -45,13 +50,29 @@ public:
     void enableMidiOutput(int port, bool enabled) override { enabledOutputs[port] = enabled; }
     ThreadId getThreadId() override { return loopThread; }
     void pulseSequencer() override {}
-    void setTempo(int bpm) override { tempoChanges.push_back({now, bpm}); }
+    void setTempo(int bpm) override
+    {
+        lastTempoTime = millisecondsNow();
+        tempoChanges.push_back({now, bpm});
+    }
     void setTempoSource(char source) override { tempoSource = source; }
     char getTempoSource() override { return tempoSource; }
+    /// Of the performance, not of the day: 125 / tempo for each pulse.
+    std::uint32_t getMilliseconds() override { return milliseconds; }
 
 private:
+    static constexpr int FIRST_TEMPO = 120;
+
+    double millisecondsNow() const
+    {
+        const TempoChange tempo = tempoChanges.empty() ? TempoChange{0, FIRST_TEMPO} : tempoChanges.back();
+        return lastTempoTime + (now - tempo.ppq) * 125.0 / tempo.bpm;
+    }
+
     const ThreadId loopThread = currentThreadId();
     std::int32_t now = 0;
+    double lastTempoTime = 0;  // milliseconds at the last change of tempo
+    std::atomic<std::uint32_t> milliseconds{0};
     char tempoSource = -1;
     std::vector<PlayedEvent> played;
     std::vector<TempoChange> tempoChanges;

@@ -12,11 +12,17 @@ namespace Host
 namespace
 {
 constexpr int ENDING[] = {SIGINT, SIGTERM, SIGHUP};
-constexpr int IGNORED[] = {SIGUSR1, SIGPIPE, SIGTTIN};
+constexpr int IGNORED[] = {SIGPIPE, SIGTTIN};
 constexpr int STATUS_OF_A_SIGNAL = 128;
 
 std::atomic<bool> endWanted{false};
-std::atomic<Event*> eventOfTheEnd{nullptr};
+std::atomic<bool> saveWanted{false};
+std::atomic<Event*> eventToSet{nullptr};
+
+void setEvent()
+{
+    if (Event* event = eventToSet.load()) event->set();
+}
 
 extern "C" void orvaneEndSignal(int signal)
 {
@@ -24,7 +30,13 @@ extern "C" void orvaneEndSignal(int signal)
         RawTerminal::restoreNow();
         _exit(STATUS_OF_A_SIGNAL + signal);
     }
-    if (Event* event = eventOfTheEnd.load()) event->set();
+    setEvent();
+}
+
+extern "C" void orvaneSaveSignal(int)
+{
+    saveWanted.store(true);
+    setEvent();
 }
 
 void handle(int signal, void (*handler)(int))
@@ -46,13 +58,16 @@ bool isIgnored(int signal)
 
 EndSignals::EndSignals(Event& event)
 {
-    eventOfTheEnd.store(&event);
+    eventToSet.store(&event);
+    handle(SIGUSR1, orvaneSaveSignal);
     for (const int signal : ENDING)
         if (signal != SIGHUP || !isIgnored(signal)) handle(signal, orvaneEndSignal);
     for (const int signal : IGNORED) handle(signal, SIG_IGN);
 }
 
-EndSignals::~EndSignals() { eventOfTheEnd.store(nullptr); }
+EndSignals::~EndSignals() { eventToSet.store(nullptr); }
 
 bool EndSignals::isEndWanted() const { return endWanted.load(); }
+
+bool EndSignals::takeSaveWish() { return saveWanted.exchange(false); }
 }  // namespace Host

@@ -6,7 +6,8 @@ namespace Host
 {
 /// The signals by which a user ends the program: interrupt, terminate, and hang-up where it is not ignored. The first
 /// one only sets an event, so that the end can be an orderly one; a second one ends the process at once. The user
-/// signal 1 is kept for later, and neither a closed pipe nor a terminal in the background stops the music.
+/// signal 1 asks for the record to be saved and sets the event too. Neither a closed pipe nor a terminal in the
+/// background stops the music.
 ///
 /// One object per process, for the length of `run`.
 class EndSignals
@@ -19,5 +20,8 @@ public:
     EndSignals& operator=(const EndSignals&) = delete;
 
     bool isEndWanted() const;
+
+    /// Whether the record was asked for since the last call.
+    bool takeSaveWish();
 };
 }  // namespace Host

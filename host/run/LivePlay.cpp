@@ -3,8 +3,10 @@
 #include <new>
 #include <thread>
 
+#include "backend/core/DisplayMessageManager.h"
 #include "backend/core/OrvFactory.h"
 #include "backend/core/OrvMessageManager.h"
+#include "backend/layers/RetroRecordManager.h"
 #include "backend/midi/MidiEngineMessageManager.h"
 #include "host/Installer.h"
 #include "host/performance/CommandPost.h"
@@ -28,10 +30,11 @@ std::unique_ptr<Backend::OrvIF> createOrv(Player& player)
 }
 }  // namespace
 
-LivePlay::LivePlay(MidiSystem& midiSystem, Ports& allPorts, Event& wishes)
+LivePlay::LivePlay(MidiSystem& midiSystem, Ports& allPorts, Event& wishes, LiveWindow::Tell tell)
     : system(midiSystem),
       ports(allPorts),
       player(ports, wishes),
+      window(std::move(tell)),
       orv(createOrv(player)),
       slices([backend = orv.get()](std::int32_t from, std::int32_t to) { backend->playTimeSlice(from, to); },
              [backend = orv.get()] { backend->getMidiEngineMessageManager().sendReset(); }),
@@ -57,7 +60,23 @@ void LivePlay::start()
 
 // --- commands
 
-void LivePlay::carryOut(const Command& command) { post(orv->getOrvMessageManager(), command); }
+void LivePlay::carryOut(const Command& command) { post(*orv, command, window.getHandle()); }
+
+void LivePlay::saveRecord(const std::string& stem) { orv->getRetroRecordManager().save(stem, window.getHandle()); }
+
+// --- the display
+
+void LivePlay::showDisplay()
+{
+    showsDisplay = true;
+    orv->getDisplayMessageManager().setListener(&display);
+    window.showEventsOf(*orv);
+}
+
+void LivePlay::updateDisplay()
+{
+    if (showsDisplay) orv->getDisplayMessageManager().postUpdateListener();
+}
 
 // --- ports
 
@@ -108,9 +127,12 @@ void LivePlay::end()
     switchInputsOff();
     clock.waitForSlices(SLICES_FOR_INPUTS_TO_END);
     orv->getMidiEngineMessageManager().sendReset();
+    waitForRest();
+    updateDisplay();  // with the last note offs
     orv->getOrvMessageManager().sendEnd();
     clock.stop();
     orv->stop();
+    window.close();
     system.close();
     orv.reset();
 }
@@ -126,9 +148,10 @@ void LivePlay::switchInputsOff()
     waitForRest();
 }
 
-void LivePlay::waitForRest() const
+void LivePlay::waitForRest()
 {
+    const auto isAtRest = [this] { return orv->isAtRest() && window.isAtRest(); };
     const auto giveUp = std::chrono::steady_clock::now() + LONGEST_WAIT_FOR_REST;
-    while (!orv->isAtRest() && std::chrono::steady_clock::now() < giveUp) std::this_thread::sleep_for(1ms);
+    while (!(isAtRest() && isAtRest()) && std::chrono::steady_clock::now() < giveUp) std::this_thread::sleep_for(1ms);
 }
 }  // namespace Host

@@ -9,6 +9,7 @@
 #include "host/performance/PerformanceCommand.h"
 #include "host/player/Player.h"
 #include "host/ports/Ports.h"
+#include "host/run/LiveWindow.h"
 #include "host/system/MidiSystem.h"
 
 namespace Host
@@ -19,8 +20,9 @@ namespace Host
 class LivePlay
 {
 public:
-    /// All must outlive this. `wishes` is set whenever `serve` has something to do. Throws std::bad_alloc.
-    LivePlay(MidiSystem& midiSystem, Ports& allPorts, Event& wishes);
+    /// All must outlive this. `wishes` is set whenever `serve` has something to do. `tell` gets lines for the user, on
+    /// any thread. Throws std::bad_alloc.
+    LivePlay(MidiSystem& midiSystem, Ports& allPorts, Event& wishes, LiveWindow::Tell tell);
 
     /// Ends first if that has not been done.
     ~LivePlay();
@@ -32,6 +34,13 @@ public:
 
     /// Carries a command of a performance out. Any thread.
     void carryOut(const Command& command);
+
+    /// Saves the retrospective record under that file stem and tells the user what became of it. Any thread.
+    void saveRecord(const std::string& stem);
+
+    /// From now on the display's lines are printed, each time they are asked for and at the end. Not before.
+    void showDisplay();
+    void updateDisplay();
 
     /// Opens and closes what the user wished, and takes note of a system that died. True at the moment it has.
     bool serve();
@@ -45,14 +54,17 @@ private:
     void serveInputs();
     void serveOutputs();
     void switchInputsOff();
-    void waitForRest() const;
+    void waitForRest();
 
     MidiSystem& system;
     Ports& ports;
     Player player;
+    LiveDisplay display;
+    LiveWindow window;
     std::unique_ptr<Backend::OrvIF> orv;
     Slices slices;
     Clock clock;
     bool toldOfDeath = false;
+    bool showsDisplay = false;
 };
 }  // namespace Host

@@ -3,6 +3,9 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <chrono>
+#include <ctime>
+#include <filesystem>
 #include <iostream>
 #include <memory>
 #include <stdexcept>
@@ -22,6 +25,8 @@ namespace Host
 {
 namespace
 {
+constexpr auto DISPLAY_UPDATE = std::chrono::milliseconds(100);
+
 struct Connection {
     std::string from;
     std::string to;
@@ -76,10 +81,32 @@ void tellLosses(const Ports& ports)
             tell(port->name + ": " + std::to_string(port->lossCount()) + " messages were lost, the port was too slow");
 }
 
-void playUntil(const EndSignals& signals, LivePlay& play, Event& event)
+/// A file stem in the current folder that names the moment.
+std::string recordStem()
+{
+    const std::time_t now = std::time(nullptr);
+    std::tm local{};
+    localtime_r(&now, &local);
+    char name[40];
+    std::strftime(name, sizeof name, "record %Y-%m-%d %H.%M.%S", &local);
+    std::error_code none;
+    return (std::filesystem::current_path(none) / name).string();
+}
+
+void waitFor(Event& event, bool display)
+{
+    if (display)
+        event.waitFor(DISPLAY_UPDATE);
+    else
+        event.wait();
+}
+
+void playUntil(EndSignals& signals, LivePlay& play, Event& event, bool display)
 {
     while (!signals.isEndWanted()) {
-        event.wait();
+        waitFor(event, display);
+        play.updateDisplay();
+        if (signals.takeSaveWish()) play.saveRecord(recordStem());
         if (play.serve())
             tell(
                 "The JACK server is gone: no MIDI and no sound any more. The engine goes on by its own clock, and "
@@ -87,17 +114,17 @@ void playUntil(const EndSignals& signals, LivePlay& play, Event& event)
     }
 }
 
-void playFromKeys(const EndSignals& signals, LivePlay& play, Event& event)
+void playFromKeys(EndSignals& signals, LivePlay& play, Event& event, bool display)
 {
     const TerminalKeyboard keyboard(STDIN_FILENO, [&](const Command& command) { play.carryOut(command); });
-    playUntil(signals, play, event);
+    playUntil(signals, play, event, display);
 }
 
-void playFromCommands(const EndSignals& signals, LivePlay& play, Event& event)
+void playFromCommands(EndSignals& signals, LivePlay& play, Event& event, bool display)
 {
     const CommandReader reader(
         STDIN_FILENO, "standard input", [&](const Command& command) { play.carryOut(command); }, tell);
-    playUntil(signals, play, event);
+    playUntil(signals, play, event, display);
 }
 }  // namespace
 
@@ -108,7 +135,7 @@ int run(const RunOptions& options, const std::function<int()>& otherwise)
     const auto terminal = options.keys ? std::make_unique<RawTerminal>(STDIN_FILENO) : nullptr;
 
     Event event;
-    const EndSignals signals(event);
+    EndSignals signals(event);
     Ports ports;
     const auto system = openMidiSystem(options.client, ports, event);
     tellComplaints(*system);
@@ -118,7 +145,7 @@ int run(const RunOptions& options, const std::function<int()>& otherwise)
     }
     const int defaultOutput = options.defaultOutput ? findOutput(ports.outputList(), *options.defaultOutput) : -1;
 
-    LivePlay play(*system, ports, event);
+    LivePlay play(*system, ports, event, tell);
     if (defaultOutput >= 0) setDefaultOutput(play, ports, defaultOutput);
     if (options.tempo) play.getOrv().getOrvMessageManager().postChangeTempo({false, *options.tempo}, true);
     join(*system, connections);
@@ -127,10 +154,11 @@ int run(const RunOptions& options, const std::function<int()>& otherwise)
               << (options.keys ? "The keys of this terminal play" : "Commands are read from standard input")
               << ". Ctrl+C ends with every note off." << std::endl;
 
+    if (options.display) play.showDisplay();
     if (options.keys)
-        playFromKeys(signals, play, event);
+        playFromKeys(signals, play, event, options.display);
     else
-        playFromCommands(signals, play, event);
+        playFromCommands(signals, play, event, options.display);
     play.end();
     tellLosses(ports);
     return 0;

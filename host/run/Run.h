@@ -17,6 +17,7 @@ struct RunOptions {
     std::optional<std::string> defaultOutput;  ///< an output's number or name
     std::optional<int> tempo;                  ///< beats per minute, 20 to 250
     bool keys = false;                         ///< plays from the terminal's keys instead of reading commands
+    bool display = false;                      ///< the display's lines on standard output
 };
 
 /// Plays until a signal ends it, reading commands or keys from standard input; returns the exit status. Throws

@@ -45,6 +45,7 @@ TEST(PerformanceFile, UnderstandsEachCommand)
         {"function  <MidiNoteOn note=\" # C#4\"/> # C4", FunctionCommand{"<MidiNoteOn note=\" # C#4\"/>"}},
         {"enable input 1 on", EnableCommand{PortDirection::input, 1, true}},
         {" \tenable\toutput  0 off \t", EnableCommand{PortDirection::output, 0, false}},
+        {"record a take # the first", RecordCommand{"a take"}},
     };
     for (const auto& row : ROWS) {
         EXPECT_EQ(parseCommand(row.text, "standard input:1"), row.command) << row.text;
@@ -75,7 +76,8 @@ TEST(PerformanceFile, RefusesALineItCannotUnderstandNamingIt)
         {"0 function <ResetOrv/><ResetOrv/>", "the function is no XML element: more than one root element"},
         {"0 function <Nonsense/>", "there is no function 'Nonsense'"},
         {"0 function <NoFunction/>", "there is no function 'NoFunction'"},
-        {"0 record take", "'record' is not available yet"},
+        {"0 record", "the stem is missing"},
+        {"0 record no such/take", "'no such' is no folder"},
         {"0 midi", "INPUT is missing"},
         {"0 midi 128 90", "INPUT is '128', not a number from 0 to 127"},
         {"0 midi 0", "the first byte is missing"},
@@ -105,8 +107,8 @@ TEST(PerformanceFile, RefusesALineItCannotUnderstandNamingIt)
     };
     for (const auto& row : ROWS)
         EXPECT_EQ(complaintAbout("0 midi 0 F8\r\n\n" + std::string(row.line) + "\n"), "demo.perf:3: " + row.complaint);
-    EXPECT_EQ(complaintOf([] { parseCommand("record a", "standard input:7"); }),
-              "standard input:7: 'record' is not available yet");
+    EXPECT_EQ(complaintOf([] { parseCommand("record /no/such/take", "standard input:7"); }),
+              "standard input:7: '/no/such' is no folder");
     EXPECT_EQ(complaintOf([] { parseCommand("load no such.prg", "standard input:7"); }),
               "standard input:7: no such.prg: no such file or directory");
     EXPECT_EQ(complaintOf([] { parseCommand("load \x15\x1b.prg", "standard input:7"); }),

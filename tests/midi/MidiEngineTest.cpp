@@ -6,6 +6,7 @@
 #include <thread>
 
 #include "backend/core/GuiMessages.h"
+#include "backend/layers/RetroRecordManager.h"
 #include "tests/stage/Allocations.h"
 #include "tests/stage/Stage.h"
 
@@ -117,6 +118,11 @@ TEST(TimeSlice, AllocatesNothingInTheSteadyState)
     Engine stage;
     const auto window = std::make_shared<MessageQueue>(1024);
     stage.engine.setGuiWindowHandle(WindowHandle(window));
+    const PrivateFolders folders;
+    RetroRecord::RetroRecordManager recorder([] { return 0u; }, RetroRecord::Restore::no);
+    recorder.start(true, 100000);
+    recorder.setOutputs(MidiOutputPorts(4));
+    stage.engine.setRetroRecordManager(&recorder);
     std::vector<Layers::Layer> layers(3);
     layers[0].mono = true;
     layers[1].minVelocity = 30;
@@ -136,7 +142,9 @@ TEST(TimeSlice, AllocatesNothingInTheSteadyState)
         for (int slice = 0; slice < 8; ++slice, ppq += 4) stage.engine.playTimeSlice(ppq, ppq + 4);
         if (round >= 200) counted += allocationsOfThisThread() - before;
         while (window->handleNext([](Message&) {})) {}
+        while (!recorder.getWorker().rest().resting) std::this_thread::yield();
     }
+    stage.engine.setRetroRecordManager(nullptr);
     EXPECT_EQ(counted, 0u);
     EXPECT_GT(stage.player.events.size(), 6000u);
 }

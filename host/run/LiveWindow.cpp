@@ -1,0 +1,57 @@
+#include "host/run/LiveWindow.h"
+
+#include <algorithm>
+#include <iostream>
+#include <utility>
+
+#include "backend/core/GuiMessages.h"
+#include "backend/layers/RetroRecordManager.h"
+
+namespace Host
+{
+using Backend::RetroRecord::SavedRecord;
+using Backend::RetroRecord::SaveReport;
+
+namespace
+{
+constexpr unsigned int CLOSE = 1;
+constexpr std::size_t ROOM_FOR_EVENTS = 1024;
+}  // namespace
+
+LiveWindow::LiveWindow(Tell tellUser)
+    : tell(std::move(tellUser)),
+      worker(std::make_shared<Worker>(
+          "orvane window", CLOSE, [this](Message& message) { handleMessage(message); }, ROOM_FOR_EVENTS))
+{
+    worker->start();
+}
+
+void LiveWindow::showEventsOf(Backend::OrvIF& orv)
+{
+    shown = &orv;
+    orv.setGuiWindowHandle(getHandle());
+}
+
+void LiveWindow::handleMessage(Message& message) const
+{
+    if (message.number == Backend::GuiMessage::MIDI_OUTPUT_EVENT)
+        shown->displayMidiOutputEvent({message.wparam, message.lparam});
+    const auto* report = message.payload.get<SaveReport>();
+    if (report == nullptr) return;
+    for (const auto& [file, error] : *report) {
+        if (error)
+            tell(file + ": the record was not saved, it goes on: " + error.message());
+        else if (!file.empty())
+            tell("saved " + file);
+    }
+    if (std::ranges::all_of(*report, [](const SavedRecord& saved) { return saved == SavedRecord(); }))
+        tell("nothing was played, so no record was saved");
+}
+
+void LiveDisplay::addText(const char* text)
+{
+    std::string lines = text;
+    std::erase(lines, '\r');
+    std::cout << lines << std::flush;
+}
+}  // namespace Host
