@@ -1,4 +1,5 @@
-"""Live playing as its users meet it, in a JACK graph and without one: live.py ORVANE MIDI_SOURCE
+"""Live playing as its users meet it, in a JACK graph and without one:
+live.py ORVANE MIDI_SOURCE MIDI_FILE_READERS.sh
 
 Every test has a JACK server of its own. No test asserts a time: the limits only keep a hanging program from lasting."""
 import glob
@@ -13,7 +14,7 @@ import unittest
 import uuid
 import wave
 
-ORVANE, MIDI_SOURCE = sys.argv[1:3]
+ORVANE, MIDI_SOURCE, READERS = sys.argv[1:4]
 PATIENCE = 30
 
 
@@ -31,7 +32,7 @@ class Program:
     def __init__(self, test, *command, env=None):
         self.out, self.err = (tempfile.TemporaryFile() for _ in range(2))
         self.process = subprocess.Popen(command, stdin=subprocess.PIPE, stdout=self.out, stderr=self.err,
-                                        env=env or test.environment, bufsize=0)
+                                        env=env or test.environment, cwd=test.folder, bufsize=0)
         test.addCleanup(self.clean)
 
     def clean(self):
@@ -106,6 +107,7 @@ class House(unittest.TestCase):
     def setUp(self):
         home = tempfile.TemporaryDirectory()  # a new user each time
         self.addCleanup(home.cleanup)
+        self.folder = home.name
         self.environment = {**os.environ, "JACK_NO_START_SERVER": "1",
                             "JACK_DEFAULT_SERVER": "orvane" + uuid.uuid4().hex[:8],
                             "XDG_CONFIG_HOME": home.name + "/config", "XDG_DATA_HOME": home.name + "/data"}
@@ -192,7 +194,6 @@ class Live(House):
                 orvane.say(f"play {output} 0 -1 176 64 127")
                 thru.await_message("90 3e 64")
                 direct.await_message("b0 40 7f")
-                orvane.process.send_signal(signal.SIGUSR1)
                 self.assertEqual(orvane.end(sent), 0, orvane.complained)
                 for monitor, expected in ((thru, ["80 3c", "80 3e"]), (direct, ["89 24", "b0 40 00"])):
                     for message in expected:
@@ -200,6 +201,33 @@ class Live(House):
                               f"{message} among {monitor.heard}")
                 self.assertEqual(orvane.complained, "")
                 self.startAfresh()
+
+    def test_what_was_played_is_saved_by_a_command_and_by_a_signal_and_kept_for_the_next_run(self):
+        self.serve()
+        orvane = self.orvane("--display")
+        orvane.say("play 1 0 -1 144 60 100")
+        orvane.say("play 0 0 -1 192 7 0")
+        until(lambda: "Orvane Out\t1\tNote On\t60 (C4)\t100\nOrvane Synthesizer\t1\tProgram Change" in orvane.printed,
+              f"the display, {orvane.printed}")
+        orvane.say("record take")
+        until(lambda: orvane.complained.count("\n") == 2, "the takes")
+        orvane.say("play 1 0 -1 144 62 100")
+        until(lambda: "62 (D4)" in orvane.printed, "the display")
+        self.assertEqual(orvane.end(), 0)
+        self.assertIn("Orvane Out\t1\tNote Off\t62 (D4)", orvane.printed, "the end is displayed too")
+
+        orvane = self.orvane()
+        orvane.process.send_signal(signal.SIGUSR1)
+        until(lambda: "saved " in orvane.complained, "the record of the run before")
+        until(lambda: "nothing was played" in orvane.complained or orvane.process.send_signal(signal.SIGUSR1), "the end")
+        self.assertEqual(orvane.end(), 0)
+        takes = sorted(glob.glob(self.folder + "/*.mid"))
+        self.assertEqual([re.sub("[0-9. -]+", " ", os.path.basename(take)) for take in takes],
+                         ["record _Orvane Out mid", "take_Orvane Out mid", "take_Orvane Synthesizer mid"])
+        subprocess.run(["sh", READERS, *takes], check=True)
+        with open(takes[0], "rb") as take:
+            events = take.read()
+        self.assertTrue(b"\x90\x3e\x64" in events and b"\x80\x3e" in events, "the note and the end's note off")
 
     def startAfresh(self):
         self.tearDown()

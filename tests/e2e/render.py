@@ -92,6 +92,52 @@ class Render(unittest.TestCase):
         self.assertEqual(played("--load", bank, "--number", "1")[0], "1,0,146,60,100")
         self.assertEqual(played("--load", bank, "--load", other)[0], "1,0,147,60,100")
 
+    def test_the_record_is_saved_under_its_stem_and_other_programs_read_it(self):
+        performance = self.path("a.perf", b"0 play 0 0 -1 144 60 100\n"
+                                b"192 play 0 0 -1 128 60 64\n192 play 1 0 -1 242 1 2\n9600 play 0 2 -1 192 7 0\n"
+                                b"10000 record takes/a\n10000 record takes/a\n10096 play 0 0 -1 144 61 1\n"
+                                b"10100 record takes/a\n")
+        folder = self.path("takes")
+        os.mkdir(folder)
+        contents = []
+        for run in range(2):
+            self.orvane(performance, "--events", self.path("events"), "--outputs", "3")
+            self.assertEqual(sorted(os.listdir(folder)), ["a_Out 1.mid", "a_Out 1_0.mid", "a_Out 2.mid"])
+            paths = [os.path.join(folder, name) for name in sorted(os.listdir(folder))]
+            subprocess.run(["sh", READERS, *paths], check=True)
+            contents.append([self.read(path) for path in paths])
+            for path in paths:
+                os.remove(path)
+        self.assertEqual(contents[0], contents[1])
+        end = b"\0\xB0\x78\0\0\xFF\x2F\0"
+        # 125 / 120 milliseconds a pulse, 5 a tick: 1 and 192 pulses; then seconds of silence, cut to seven
+        self.assertEqual(contents[0][0][22:], b"\0\x90\x3C\x64\x28\x80\x3C\x40\x8A\x78\xC2\x07" + end)
+        self.assertEqual(contents[0][1][22:], b"\x14\x90\x3D\x01" + end)
+        self.assertEqual(contents[0][2][22:], b"\x28\xF7\x03\xF2\x01\x02" + end)
+
+    def test_a_record_that_cannot_be_written_is_one_line(self):
+        folder = self.path("takes")
+        os.mkdir(folder)
+        os.makedirs(os.path.join(folder, "a_Out 1.mid"))
+        for number in range(501):
+            os.mkdir(os.path.join(folder, f"a_Out 1_{number}.mid"))
+        performance = self.path("a.perf", b"0 play 0 0 -1 144 60 100\n9 record takes/a\n")
+        lines = self.orvane(performance, "--events", self.path("e"), status=2).stderr.decode().splitlines()
+        self.assertEqual(len(lines), 1)
+        self.assertIn("a_Out 1_500.mid", lines[0])
+        self.assertFalse(os.path.exists(self.path("e")))
+
+    def test_the_displays_text_is_written(self):
+        performance = self.path("a.perf", b"0 midi 1 90 3C 64\n5 midi 1 90 3C 0\n5 play 1 9 -1 192 7 0\n")
+        text = self.path("a.txt")
+        self.orvane(performance, "--display", text)
+        self.assertEqual(self.read(text), b"Orvane 3.2\r\nOut 1\t1\tNote On\t60 (C4)\t100\r\n"
+                         b"Out 1\t1\tNote Off\t60 (C4)\t100\r\nOut 2\t10\tProgram Change\t7 (Clav)\r\n")
+        self.orvane(performance, "--display", text, "--set", "DisplayMidiInputEvents=1", "--set", "DisplayNumbers=1")
+        self.assertEqual(self.read(text).decode().splitlines()[1:4], [
+            "1  > In 2\t1\tNote On\t60 (C4)\t100", "2  Out 1\t1\tNote On\t60 (C4)\t100",
+            "3  > In 2\t1\tNote On\t60 (C4)\t0"])
+
     def test_bad_input_is_one_line_status_2_and_no_file(self):
         good = self.path("good.perf", b"0 play 0 0 -1 144 60 100\n")
         bad = self.path("bad.perf", b"0 play 0 0 -1 144 60 100\n\n5 pluy 0\n")

@@ -1,0 +1,41 @@
+// Whatever lies in the files of an earlier run's record, it is taken over: what is saved is a MIDI file by our reader,
+// and ends with what was played since.
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+
+#include "backend/layers/RetroRecordBuffer.h"
+#include "host/midifile/MidiFileReader.h"
+#include "tests/stage/TemporaryFolder.h"
+
+namespace
+{
+using namespace Backend;
+
+void require(bool truth)
+{
+    if (!truth) std::abort();
+}
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    static const TemporaryFolder folder;
+    const std::string text(reinterpret_cast<const char*>(data), size);
+    // The first byte says where the older file ends.
+    const std::size_t older = size == 0 ? 0 : data[0] % size;
+    folder.write("chain/1_Out.tmp", text.substr(0, older));
+    folder.write("chain/0_Out.tmp", text.substr(older));
+
+    RetroRecord::RetroRecordBuffer buffer(folder / "chain", "Out", RetroRecord::Restore::yes, 10000);
+    buffer.start(0);
+    buffer.addEvent(MidiEngine::MidiMessage(MidiEngine::MessageType::noteOn, 60, 100, 5), 0);
+    const auto saved = buffer.save((folder / "take").string(), [] { return 0u; });
+    require(!saved.error && !saved.file.empty());
+    const auto events = Host::readMidiFile(std::filesystem::path(saved.file));
+    require(events.size() >= 2);
+    const auto& [time, status, d1, d2] = events[events.size() - 2];  // behind it all sound off
+    require(status == 0x95 && d1 == 60 && d2 == 100 && events.back().time == time);
+    std::filesystem::remove(saved.file);
+    return 0;
+}
