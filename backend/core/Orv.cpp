@@ -131,8 +131,10 @@ void Orv::showScreen(Screen screen, OnOffToggle::State state) const
 
 void Orv::moveWindow(const RelativeFixedValue& x, const RelativeFixedValue& y)
 {
-    tellGui(GuiMessage::MOVE_WINDOW, WindowMove{x, y});
+    moveWindow(WindowMove{{x}, {y}});
 }
+
+void Orv::moveWindow(const WindowMove& move) { tellGui(GuiMessage::MOVE_WINDOW, move); }
 
 void Orv::setWidgetFocus(const SelectControlType& select)
 {

@@ -219,6 +219,7 @@ public:
     void setWidgetFocus(const SelectControlType& select) override;
     void setRandomSeed(std::uint32_t seed) override { midiEngine.setRandomSeed(seed); }
     void executeFunction(const std::string& xml) override;
+    void moveWindow(const WindowMove& move) override;
 
 private:
     /// A small value travels in the first parameter, anything else as an owned copy.

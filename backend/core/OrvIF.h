@@ -23,6 +23,7 @@ class OrvMessageManager;
 class RegistrySettings;
 struct Bank;
 struct Program;
+struct WindowMove;
 
 namespace ComputerInput
 {
@@ -295,5 +296,8 @@ public:
 
     /// Makes a function of its element, `<ChangeTempo value="+10"/>`, and runs it; a text that is none does nothing.
     virtual void executeFunction(const std::string& xml) = 0;
+
+    /// Asks the window to move, in pixels or along the whole screen.
+    virtual void moveWindow(const WindowMove& move) = 0;
 };
 }  // namespace Backend

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <ostream>
 #include <string>
 #include <string_view>
@@ -27,11 +28,19 @@ inline void writeAttribute(std::ostream& out, std::string_view name, const XmlIt
 {
     out << xmlItemAttribute(name, value);
 }
+inline void writeAttribute(std::ostream& out, std::string_view name, std::int8_t number)
+{
+    out << xmlCharAttribute(name, number);
+}
 
 /// What is not there stays as it is.
 inline void readAttribute(const XmlElement& element, std::string_view name, std::string& text)
 {
     text = element.getAttribute(name, text);
+}
+inline void readAttribute(const XmlElement& element, std::string_view name, std::int8_t& number)
+{
+    number = static_cast<std::int8_t>(element.getIntAttribute(name, number));
 }
 template <XmlItem Value>
 void readAttribute(const XmlElement& element, std::string_view name, Value& value)

@@ -26,6 +26,9 @@ struct ORV_API MidiEvent {
     /// The attributes of its element, with a blank before each.
     std::string toXmlAttributes() const;
 
+    /// Whether the first data byte counts.
+    bool hasNumber() const { return message.isNote() || message.isControllerChange(); }
+
     /// Input, channel, status and number from the high byte down.
     std::uint32_t getPacked() const;
 

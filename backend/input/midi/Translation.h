@@ -53,7 +53,7 @@ public:
     virtual void execute(const MidiEngine::OrvMidiMessage& message) = 0;
 
     /// Gives the translation its backend, which must outlive it.
-    virtual void setOrv(OrvIF& backend) { orv = &backend; }
+    virtual void setOrv(OrvIF& backend) { orvIF = &backend; }
 
     /// Which notes of which zone it can play when `event` comes in; none for most.
     virtual FunctionManagement::FunctionNoteSpan getNoteSpan(const MidiEvent& /*event*/) const { return {}; }
@@ -69,13 +69,20 @@ protected:
     Translation(const Translation&) = default;
     Translation& operator=(const Translation&) = default;
 
-    OrvIF* getOrv() const { return orv; }
+    OrvIF* getOrv() const { return orvIF; }
 
 private:
     MidiTranslationCondition condition{};
-    OrvIF* orv = nullptr;
+    OrvIF* orvIF = nullptr;
 };
 
 /// Makes a translation from its "Translation" element; null for an element that is none.
 using TranslationFactory = std::function<std::unique_ptr<Translation>(const XmlElement& element)>;
+
+/// A translation of that type name with default parameters and on no condition; null for an unknown name.
+ORV_API std::unique_ptr<Translation> createTranslation(std::string_view typeName);
+
+/// A translation from a "Translation" element: its condition, and the class that its first child element names. Null
+/// for an unknown name; missing attributes have their defaults.
+ORV_API std::unique_ptr<Translation> createTranslationFromXml(const XmlElement& element);
 }  // namespace Backend::MidiInput::TranslationManagement
