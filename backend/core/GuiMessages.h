@@ -34,6 +34,9 @@ enum Number : unsigned int {
     COMPUTER_INPUT_CHANGED = 33471,  ///< nothing; what the keys do has changed
     COMPUTER_INPUT_PRESET = 33472,   ///< nothing; a preset was loaded
 
+    MIDI_EVENT_CONFIGURATIONS = 33719,  ///< payload: vector of MidiEventConfiguration, those that changed
+    MIDI_INPUT = 33720,                 ///< payload: MidiEventConfigurationMap
+
     SET_WIDGET_FOCUS = 33978,  ///< payload: SelectControlType
 
     LAYERS = 34719,             ///< payload: LayerList

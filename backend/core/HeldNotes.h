@@ -12,7 +12,7 @@ namespace Backend
 class HeldNotes
 {
 public:
-    /// Follows an event of an input.
+    /// Follows an event of an input; a note on of velocity 0 is a release.
     void follow(const MidiEngine::OrvMidiMessage& event);
 
     /// Forgets what an input holds and calls `release(channel, note)` for each strike that was not answered, lowest

@@ -33,12 +33,14 @@ Orv::Orv(const std::string& application, MidiEngine::MidiPlayer& player, RetroRe
       retroRecord([&player] { return player.getMilliseconds(); }, restoreRecord),
       oscManager(*this, messageManagerMaster),
       computerInputManager(*this, messageManagerMaster),
+      midiInputManager(*this, messageManagerMaster),
       layerManager(*this, messageManagerMaster),
       zoneManager(*this, messageManagerMaster)
 {
     messageManagerMaster.addMessageManager(&orvMessageManager);
     messageManagerMaster.addMessageManager(&oscManager.getMessageManager());
     messageManagerMaster.addMessageManager(&computerInputManager.getMessageManager());
+    messageManagerMaster.addMessageManager(&midiInputManager.getMessageManager());
     messageManagerMaster.addMessageManager(&layerManager.getMessageManager());
     messageManagerMaster.addMessageManager(&zoneManager.getMessageManager());
 }
@@ -58,6 +60,7 @@ void Orv::initialize()
     oscManager.getPresets().refresh();
     presetStores.refresh();
     computerInputManager.getPresets().refresh();
+    midiInputManager.getPresets().refresh();
     layerManager.getPresets().refresh();
     midiEngine.initialize(registrySettings.getDefaultMidiOutput(), registrySettings.getMidiThru());
     prepareBanks();
@@ -129,10 +132,7 @@ void Orv::showScreen(Screen screen, OnOffToggle::State state) const
                                .lparam = static_cast<std::int32_t>(state)});
 }
 
-void Orv::moveWindow(const RelativeFixedValue& x, const RelativeFixedValue& y)
-{
-    moveWindow(WindowMove{{x}, {y}});
-}
+void Orv::moveWindow(const RelativeFixedValue& x, const RelativeFixedValue& y) { moveWindow(WindowMove{{x}, {y}}); }
 
 void Orv::moveWindow(const WindowMove& move) { tellGui(GuiMessage::MOVE_WINDOW, move); }
 
@@ -143,14 +143,6 @@ void Orv::setWidgetFocus(const SelectControlType& select)
 }
 
 // --- what the inputs do
-
-/// Each section of the inputs adds what it plays.
-void Orv::updateZones()
-{
-    std::vector<FunctionManagement::FunctionNoteSpan> spans;
-    computerInputManager.getNoteSpans(spans);
-    zoneManager.updateZones(spans);
-}
 
 void Orv::executeFunction(const std::string& xml)
 {
@@ -185,16 +177,10 @@ void Orv::processMidiInputEvent(const OrvMidiMessage& event)
     takeInputEvent(event);
 }
 
-/// Many keyboards release a key with a note on of velocity 0. From here on it is a note off.
-void Orv::takeInputEvent(OrvMidiMessage event)
+void Orv::takeInputEvent(const OrvMidiMessage& event)
 {
-    if (event.isNoteOn() && event.getD2() == 0) {
-        event.setToNoteOff();
-        event.setD2(RELEASE_VELOCITY);
-    }
     heldNotes.follow(event);
-    event.setDefaultChannel(true);  // the layers give it theirs
-    orvMessageManager.postPlayMidi(event);
+    midiInputManager.translate(event);
 }
 
 /// Before an input goes silent it gives the note offs that will not come any more, on the road its events take.
@@ -214,6 +200,17 @@ void Orv::displayMidiInputEvent(const OrvMidiMessage& event) { display.getMessag
 void Orv::displayMidiOutputEvent(const OrvMidiMessage& event)
 {
     display.getMessageManager().postMidiOutputEvent(event);
+}
+
+// --- zones
+
+/// The sections in a fixed order, each with what its functions and translations play.
+void Orv::updateZones()
+{
+    std::vector<FunctionManagement::FunctionNoteSpan> spans;
+    computerInputManager.getNoteSpans(spans);
+    midiInputManager.getNoteSpans(spans);
+    zoneManager.updateZones(spans);
 }
 
 // --- tempo, thru, reset

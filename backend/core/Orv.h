@@ -12,6 +12,7 @@
 #include "backend/core/OrvMessageManager.h"
 #include "backend/core/Screen.h"
 #include "backend/input/computer/ComputerInputManager.h"
+#include "backend/input/midi/MidiInputManager.h"
 #include "backend/layers/LayerManager.h"
 #include "backend/layers/OscManager.h"
 #include "backend/layers/RetroRecordManager.h"
@@ -128,11 +129,20 @@ public:
     {
         return computerInputManager.getKeys();
     }
+    MidiInput::MidiInputManager& getMidiInputManager() override { return midiInputManager; }
+    MidiInput::MidiInputMessageManager& getMidiInputMessageManager() override
+    {
+        return midiInputManager.getMessageManager();
+    }
     void showMidiInput(bool on) override
     {
         showScreen(Screen::midiInput, on ? OnOffToggle::State::on : OnOffToggle::State::off);
     }
     void toggleMidiInput() override { showScreen(Screen::midiInput, OnOffToggle::State::toggle); }
+    MidiInput::MidiEventConfigurationMap getMidiInputConfiguration() const override
+    {
+        return midiInputManager.getConfiguration();
+    }
     void showControl(bool on) override
     {
         showScreen(Screen::controls, on ? OnOffToggle::State::on : OnOffToggle::State::off);
@@ -239,7 +249,7 @@ private:
     void prepareBanks();
     void loadProgramFrom(const std::string& path, int number);
     void readProgram(const XmlElement& element);
-    void takeInputEvent(MidiEngine::OrvMidiMessage event);
+    void takeInputEvent(const MidiEngine::OrvMidiMessage& event);
     void releaseHeldNotes(int input);
     void fixDefaultMidiOutput();
     void setDefaultMidiOutput(int output);
@@ -262,6 +272,7 @@ private:
     PresetStores presetStores;
     Oscillators::OscManager oscManager;
     ComputerInput::ComputerInputManager computerInputManager;
+    MidiInput::MidiInputManager midiInputManager;
     Layers::LayerManager layerManager;
     Zones::ZoneManager zoneManager;
 };

@@ -55,6 +55,13 @@ class ZoneManager;
 class ZoneMessageManager;
 }  // namespace Zones
 
+namespace MidiInput
+{
+class MidiEventConfigurationMap;
+class MidiInputManager;
+class MidiInputMessageManager;
+}  // namespace MidiInput
+
 namespace MidiEngine
 {
 class MidiEngineMessageManager;
@@ -175,8 +182,13 @@ public:
     virtual void mergeKeyConfigurations(const std::vector<ComputerInput::KeyConfiguration>& configurations,
                                         bool notifyGui) = 0;
     virtual ComputerInput::KeyConfigurationMap getComputerInputConfiguration() const = 0;
+    virtual MidiInput::MidiInputManager& getMidiInputManager() = 0;
+    /// Any thread; it lives as long as the backend.
+    virtual MidiInput::MidiInputMessageManager& getMidiInputMessageManager() = 0;
     virtual void showMidiInput(bool on) = 0;
     virtual void toggleMidiInput() = 0;
+    /// A copy.
+    virtual MidiInput::MidiEventConfigurationMap getMidiInputConfiguration() const = 0;
     virtual void showControl(bool on) = 0;
     virtual void toggleControl() = 0;
     virtual void showSaveDialog() = 0;

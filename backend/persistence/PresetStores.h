@@ -7,12 +7,12 @@ namespace Backend
 /// The presets of the sections that have no manager of their own. They know nothing of each other.
 struct PresetStores {
     PresetManager joystick{PresetSections::JOYSTICK};
-    PresetManager midiInput{PresetSections::MIDI_INPUT};
     PresetManager controls{PresetSections::CONTROLS};
 
     void refresh()
     {
-        for (PresetManager* store : {&joystick, &midiInput, &controls}) store->refresh();
+        for (PresetManager* store : {&joystick, &controls})
+            store->refresh();
     }
 };
 }  // namespace Backend

@@ -170,15 +170,3 @@ TEST(MidiEventConfigurationMap, StoresWhatActsOrHidesAndOnDemandWhatClears)
                          "\t</MidiEvent>\n"
                          "\t<MidiEvent input=\"-1\" channel=\"-1\" midiEvent=\"Note On,60\">\n"));
 }
-
-TEST(MidiEventConfiguration, CopiesItsTranslationsAsClones)
-{
-    MidiEventConfiguration one = withTypes(note(0, 0), {"A", "B"});
-    MidiEventConfiguration copy(one);
-    ASSERT_EQ(copy.getTranslations().size(), 2u);
-    EXPECT_NE(copy.getTranslations()[0], one.getTranslations()[0]);
-    copy.addTranslation(std::make_unique<Named>("C"));
-    one = copy;
-    EXPECT_EQ(one.getTranslationType(2), "C");
-    EXPECT_NE(one.getTranslations()[2], copy.getTranslations()[2]);
-}

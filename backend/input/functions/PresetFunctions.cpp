@@ -1,7 +1,9 @@
 #include "backend/input/functions/PresetFunctions.h"
 
 #include "backend/input/computer/ComputerInputManager.h"
+#include "backend/input/midi/MidiInputManager.h"
 #include "backend/layers/LayerManager.h"
+#include "backend/layers/OscManager.h"
 #include "platform/DbgStream.h"
 
 namespace Backend::FunctionManagement::Functions
@@ -14,10 +16,10 @@ void tellNoSection(const FunctionInfo& function)
 }
 }  // namespace
 
-void LoadOscillatorPreset::execute() { tellNoSection(info); }
+void LoadOscillatorPreset::execute() { orv().getOscManager().loadPreset(preset); }
 void LoadJoystickInputPreset::execute() { tellNoSection(info); }
-void LoadMidiInputPreset::execute() { tellNoSection(info); }
 void LoadComputerInputPreset::execute() { orv().getComputerInputManager().loadPreset(preset); }
+void LoadMidiInputPreset::execute() { orv().getMidiInputManager().loadPreset(preset); }
 void LoadControlPreset::execute() { tellNoSection(info); }
 void LoadLayerPreset::execute() { orv().getLayerManager().loadPreset(preset); }
 }  // namespace Backend::FunctionManagement::Functions

@@ -1,0 +1,62 @@
+// Any document is read as translations of MIDI events, never more than it has; what they write is read as the same
+// again, and every event can be looked up and asked for its zones.
+#include <cstdint>
+#include <cstdlib>
+#include <sstream>
+
+#include "backend/input/midi/MidiEventConfigurationMap.h"
+#include "backend/persistence/XmlDocument.h"
+
+using namespace Backend;
+using namespace Backend::MidiInput;
+
+namespace
+{
+void require(bool truth)
+{
+    if (!truth) std::abort();
+}
+
+MidiEventConfigurationMap read(std::string_view text)
+{
+    MidiEventConfigurationMap map;
+    map.readXml(XmlDocument(text, XmlDocument::Source::text).getRoot(),
+                TranslationManagement::createTranslationFromXml);
+    return map;
+}
+
+std::string print(const MidiEventConfigurationMap& map)
+{
+    std::ostringstream out;
+    map.writeXml(out, 0, {});
+    return out.str();
+}
+
+/// Without a backend a translation only looks at the event.
+void playTo(const MidiEventConfigurationMap& map, const MidiEvent& event)
+{
+    const auto input = event.input < 0 ? 0 : event.input;
+    const auto channel = event.channel < 0 ? 0 : event.channel;
+    const MidiEngine::MidiMessage& message = event.message;
+    const MidiEngine::OrvMidiMessage incoming(message.getStatus(), message.getD1(), 100, channel, -1, -1, input, -1);
+    const MidiEventConfiguration* found = map.findBest(incoming);
+    if (found == nullptr) return;
+    require(found->getEvent().isSameKind(event));
+    found->execute(incoming);
+    std::vector<FunctionManagement::FunctionNoteSpan> spans;
+    found->getNoteSpans(spans);
+    for (const auto& span : spans)
+        require(span.zone >= 0 && span.zone <= 127 && span.lowNote.getNumber() <= span.highNote.getNumber() &&
+                span.highNote.getNumber() <= 127);
+}
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    const auto map = read({reinterpret_cast<const char*>(data), size});
+    const std::string printed = print(read(print(map)));  // a TAB in a name has become a blank by now
+    require(print(read(printed)) == printed);
+    const auto iterator = map.createIterator();
+    while (const MidiEventConfiguration* configuration = iterator->next()) playTo(map, configuration->getEvent());
+    return 0;
+}
