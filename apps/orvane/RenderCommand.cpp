@@ -7,22 +7,6 @@
 #include "host/InputError.h"
 #include "host/render/Render.h"
 
-namespace
-{
-/// An option that the renderer will have when the part it needs is there.
-void refuse(CLI::App& command, const std::string& name, const std::string& value)
-{
-    command
-        .add_option_function<std::vector<std::string>>(
-            name,
-            [name](const std::vector<std::string>&) {
-                throw Host::InputError("render: " + name + " is not available yet");
-            },
-            "(not available yet)")
-        ->type_name(value);
-}
-}  // namespace
-
 void addRenderCommand(CLI::App& program)
 {
     CLI::App* command = program.add_subcommand(

@@ -132,8 +132,6 @@ void Orv::showScreen(Screen screen, OnOffToggle::State state) const
                                .lparam = static_cast<std::int32_t>(state)});
 }
 
-void Orv::moveWindow(const RelativeFixedValue& x, const RelativeFixedValue& y) { moveWindow(WindowMove{{x}, {y}}); }
-
 void Orv::moveWindow(const WindowMove& move) { tellGui(GuiMessage::MOVE_WINDOW, move); }
 
 void Orv::setWidgetFocus(const SelectControlType& select)

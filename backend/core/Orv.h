@@ -225,7 +225,6 @@ public:
     void setClickZoneChannelTranspose(bool on) override;
     bool isAtRest() const override;
     bool isResetWaiting() const override { return midiEngine.isResetWaiting(); }
-    void moveWindow(const RelativeFixedValue& x, const RelativeFixedValue& y) override;
     void setWidgetFocus(const SelectControlType& select) override;
     void setRandomSeed(std::uint32_t seed) override { midiEngine.setRandomSeed(seed); }
     void executeFunction(const std::string& xml) override;

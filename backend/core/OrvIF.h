@@ -298,8 +298,6 @@ public:
     /// True while a reset waits for a time slice. Any thread.
     virtual bool isResetWaiting() const = 0;
 
-    /// Asks the window to move, in pixels; blank leaves a coordinate as it is.
-    virtual void moveWindow(const RelativeFixedValue& x, const RelativeFixedValue& y) = 0;
     /// Asks the window to put the cursor into a control.
     virtual void setWidgetFocus(const SelectControlType& select) = 0;
     /// For a host that wants the same chance each time: what is left to it from now on depends on the seed alone. Any

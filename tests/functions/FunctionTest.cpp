@@ -37,7 +37,7 @@ struct FunctionStage : Stage {
             text += std::to_string(message.number) + " " + std::to_string(message.wparam) + " " +
                     std::to_string(message.lparam) + "\n";
             if (const auto* move = message.payload.get<WindowMove>())
-                text += move->x.toXmlString() + "," + move->y.toXmlString() + "\n";
+                text += move->x.value.toXmlString() + "," + move->y.value.toXmlString() + "\n";
             if (const auto* select = message.payload.get<SelectControlType>()) text += select->toXmlString() + "\n";
         })) {}
         return text;

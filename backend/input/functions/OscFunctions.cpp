@@ -1,18 +1,10 @@
 #include "backend/input/functions/OscFunctions.h"
 
-#include "platform/DbgStream.h"
+#include "backend/layers/OscManager.h"
 
 namespace Backend::FunctionManagement::Functions
 {
-namespace
-{
-void tellNoOscillator(const FunctionInfo& function)
-{
-    WindowsLib::DbgStream() << function.displayName << ": there is no oscillator";
-}
-}  // namespace
-
-void DataSelectOsc::execute() { tellNoOscillator(info); }
-void ChangeOscPlaying::execute() { tellNoOscillator(info); }
-void ChangeOscSpeed::execute() { tellNoOscillator(info); }
+void DataSelectOsc::execute() { orv().getOscManager().dataSelect(selectType); }
+void ChangeOscPlaying::execute() { orv().getOscManager().changePlaying(selectType, value); }
+void ChangeOscSpeed::execute() { orv().getOscManager().changeSpeed(selectType, value); }
 }  // namespace Backend::FunctionManagement::Functions

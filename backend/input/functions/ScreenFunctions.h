@@ -1,5 +1,6 @@
 #pragma once
 
+#include "backend/core/WindowMove.h"
 #include "backend/input/functions/FunctionFamilies.h"
 #include "backend/input/functions/HelpId.h"
 
@@ -164,7 +165,7 @@ public:
     static constexpr FunctionInfo info{"Move Window", "MoveWindow", HelpId::moveWindow};
     using FunctionOf::FunctionOf;
 
-    void execute() override { orv().moveWindow(x, y); }
+    void execute() override { orv().moveWindow({{x}, {y}}); }
 
     RelativeFixedValue getX() const override { return x; }
     void setX(RelativeFixedValue position) override { x = position; }

@@ -47,14 +47,6 @@ std::string MidiEvent::toXmlAttributes() const
            xmlItemAttribute("midiEvent", message);
 }
 
-std::uint32_t MidiEvent::getPacked() const
-{
-    const auto byte = [](std::int8_t value) { return std::uint32_t{static_cast<std::uint8_t>(value)}; };
-    const std::uint32_t status = static_cast<std::uint32_t>(message.getStatus()) & 0xFF;
-    const std::uint32_t number = hasNumber() ? message.getD1() : 0;
-    return byte(input) << 24 | byte(channel) << 16 | status << 8 | number;
-}
-
 bool MidiEvent::isSameKind(const MidiEvent& other) const { return (getPacked() & KIND) == (other.getPacked() & KIND); }
 
 std::optional<MidiEvent> midiEventFromVersion2(int number, int input, int channel)

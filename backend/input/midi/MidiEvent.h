@@ -27,10 +27,15 @@ struct ORV_API MidiEvent {
     std::string toXmlAttributes() const;
 
     /// Whether the first data byte counts.
-    bool hasNumber() const { return message.isNote() || message.isControllerChange(); }
+    constexpr bool hasNumber() const { return message.isNote() || message.isControllerChange(); }
 
     /// Input, channel, status and number from the high byte down.
-    std::uint32_t getPacked() const;
+    constexpr std::uint32_t getPacked() const
+    {
+        const auto byte = [](std::int8_t value) { return std::uint32_t{static_cast<std::uint8_t>(value)}; };
+        const std::uint32_t status = static_cast<std::uint32_t>(message.getStatus()) & 0xFF;
+        return byte(input) << 24 | byte(channel) << 16 | status << 8 | (hasNumber() ? message.getD1() : 0u);
+    }
 
     /// The same kind of event, whatever its input and channel are.
     bool isSameKind(const MidiEvent& other) const;
