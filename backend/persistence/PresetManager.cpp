@@ -1,12 +1,11 @@
 #include "backend/persistence/PresetManager.h"
 
-#include <algorithm>
 #include <filesystem>
-#include <vector>
 
 #include "backend/input/values/Text.h"
 #include "backend/persistence/FileName.h"
 #include "backend/persistence/OrvUtils.h"
+#include "backend/persistence/PresetFiles.h"
 #include "backend/persistence/XmlDocument.h"
 #include "backend/persistence/XmlWriter.h"
 #include "platform/DbgStream.h"
@@ -21,28 +20,6 @@ namespace fs = std::filesystem;
 using WindowsLib::DbgStream;
 
 constexpr const char* EXTENSION = ".pst";
-
-bool isFolder(const std::string& path)
-{
-    std::error_code none;
-    return fs::is_directory(pathOf(path), none);
-}
-
-/// By name, so that of "a.pst" and "a.txt" it is always the same one that counts. What a killed run left half written
-/// is no preset.
-std::vector<fs::path> filesOf(const std::string& folder)
-{
-    std::vector<fs::path> files;
-    std::error_code error;
-    fs::directory_iterator entry(pathOf(folder), error);
-    for (; !error && entry != fs::directory_iterator(); entry.increment(error)) {
-        std::error_code none;
-        if (entry->is_regular_file(none) && !WholeFile::isTemporary(entry->path())) files.push_back(entry->path());
-    }
-    if (error) DbgStream() << folder << ": presets cannot be listed: " << error.message();
-    std::ranges::sort(files);
-    return files;
-}
 
 PresetEntry readEntry(const fs::path& file)
 {
@@ -59,11 +36,7 @@ void tell(const std::string& path, const char* what, const std::error_code& erro
 void PresetManager::refresh()
 {
     list.clear();
-    const std::string folder = getFolder();
-    if (folder.empty()) return;
-    if (!isFolder(folder)) OrvUtils::copyFiles(section.folder, section.folder);
-    if (!isFolder(folder)) return;
-    for (const fs::path& file : filesOf(folder)) list.add(readEntry(file));
+    for (const fs::path& file : listPresetFiles(section.folder)) list.add(readEntry(file));
 }
 
 std::string PresetManager::getFolder() const { return OrvUtils::pathIn(OrvUtils::getOrvAppDataDir(), section.folder); }
