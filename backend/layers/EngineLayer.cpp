@@ -42,7 +42,7 @@ std::int64_t shapedVelocity(const Layer& layer, int velocity)
 }  // namespace
 
 EngineLayer::EngineLayer(const Layer& layer)
-    : keepsNotes(layer.mono || layer.toggle.mode != NoteToggle::Mode::off),
+    : keepsNotes(layer.mono || layer.toggle.mode != NoteToggle::Mode::off || layer.arpeggio),
       minVelocity(layer.minVelocity),
       maxVelocity(layer.maxVelocity),
       zone(layer.zone),
@@ -50,6 +50,7 @@ EngineLayer::EngineLayer(const Layer& layer)
       channel(layer.channel >= MidiEngine::NoteCounters::CHANNELS ? std::int8_t{0} : layer.channel),
       useNoteStack(layer.useNoteStack),
       settings(layer),
+      arpeggio(layer.arpeggio ? ArpeggioManagement::createArpeggio(*layer.arpeggio) : nullptr),
       defaultOutputs(NOTES)
 {
     for (std::size_t byte = 0; byte < NOTES; ++byte) {
@@ -81,8 +82,16 @@ void EngineLayer::keepNoteOn(Slice& slice, MidiEngine::MidiEngine& engine, const
     const auto endOldNote = [&] {
         const auto old = noteStack.top();
         if (old.note < 0) return;
-        delayed = withNote(event, old.note);
-        delayed->setD2(old.velocity);
+        OrvMidiMessage noteOff = withNote(event, old.note);
+        noteOff.setD2(old.velocity);
+        if (settings.toggle.mode != NoteToggle::Mode::off) {
+            toggledNotes[noteOff.getD1()] = false;
+            noteStack.remove(old.note);
+        }
+        if (hasArpeggio())
+            giveNoteOff(slice, engine, noteOff);
+        else
+            delayed = noteOff;  // behind the new note: legato
     };
 
     if (settings.toggle.mode == NoteToggle::Mode::off) {
@@ -92,31 +101,59 @@ void EngineLayer::keepNoteOn(Slice& slice, MidiEngine::MidiEngine& engine, const
         const auto place = static_cast<std::size_t>(note);
         if (toggledNotes[place] && settings.toggle.mode == NoteToggle::Mode::type1) {
             toggledNotes[place] = false;
-            emitNoteOff(slice, engine, event);
+            giveNoteOff(slice, engine, event);
             noteStack.remove(note);
             return;
         }
-        if (settings.mono) {
-            endOldNote();
-            if (delayed) {
-                toggledNotes[delayed->getD1()] = false;
-                noteStack.remove(delayed->getD1());
-            }
-        }
-        if (toggledNotes[place]) emitNoteOff(slice, engine, event);  // struck anew
+        if (settings.mono) endOldNote();
+        if (toggledNotes[place]) giveNoteOff(slice, engine, event);  // struck anew
         toggledNotes[place] = true;
     }
     if (settings.mono) noteStack.push(note, event.getD2());  // nobody else asks for it
-    emitNoteOn(slice, engine, event);
-    if (delayed) emitNoteOff(slice, engine, *delayed);  // behind the new note: legato
+    giveNoteOn(slice, engine, event);
+    if (delayed) giveNoteOff(slice, engine, *delayed);
 }
 
 void EngineLayer::keepNoteOff(Slice& slice, MidiEngine::MidiEngine& engine, const OrvMidiMessage& event)
 {
+    if (!settings.mono) return giveNoteOff(slice, engine, event);
     const bool wasLast = noteStack.remove(event.getD1());
     if (!wasLast) return;
-    if (const auto older = noteStack.top(); older.note >= 0) emitNoteOn(slice, engine, withNote(event, older.note));
-    emitNoteOff(slice, engine, event);
+    if (hasArpeggio()) giveNoteOff(slice, engine, event);
+    if (const auto older = noteStack.top(); older.note >= 0) giveNoteOn(slice, engine, withNote(event, older.note));
+    if (!hasArpeggio()) giveNoteOff(slice, engine, event);
+}
+
+void EngineLayer::giveNoteOn(Slice& slice, MidiEngine::MidiEngine& engine, const OrvMidiMessage& event)
+{
+    if (!hasArpeggio()) return emitNoteOn(slice, engine, event);
+    const int port = output == OrvMidiMessage::DEFAULT_OUTPUT ? engine.getDefaultMidiOutput(slice) : output;
+    if (!engine.isOutputEnabled(slice, port)) return engine.drop(slice, event, "output missing or not enabled");
+    OrvMidiMessage played = shaped(event, port);
+    played.setToNoteOn();
+    addToArpeggio(slice, engine, played);
+}
+
+/// Wherever its output went meanwhile: a key that is up must not play on.
+void EngineLayer::giveNoteOff(Slice& slice, MidiEngine::MidiEngine& engine, const OrvMidiMessage& event)
+{
+    if (!hasArpeggio()) return emitNoteOff(slice, engine, event);
+    OrvMidiMessage played = shaped(event, output);
+    played.setToNoteOff();
+    addToArpeggio(slice, engine, played);
+}
+
+void EngineLayer::addToArpeggio(Slice& slice, MidiEngine::MidiEngine& engine, const OrvMidiMessage& event)
+{
+    ArpeggioManagement::ArpeggioVoice voice{slice, engine, settings.sequenceSetting};
+    arpeggio->addNote(voice, event);
+    engine.wakeArpeggios(slice);
+}
+
+void EngineLayer::playArpeggio(Slice& slice, MidiEngine::MidiEngine& engine, std::int32_t ppq)
+{
+    ArpeggioManagement::ArpeggioVoice voice{slice, engine, settings.sequenceSetting};
+    arpeggio->process(voice, ppq);
 }
 
 OrvMidiMessage EngineLayer::shaped(const OrvMidiMessage& event, int port) const
@@ -164,8 +201,12 @@ void EngineLayer::playOther(Slice& slice, MidiEngine::MidiEngine& engine, const 
     if (engine.isFirstTo(slice, played.getOutput(), played.getChannel())) engine.playMidiInternal(slice, played, false);
 }
 
-void EngineLayer::reset()
+void EngineLayer::reset(Slice& slice, MidiEngine::MidiEngine& engine)
 {
+    if (hasArpeggio()) {
+        ArpeggioManagement::ArpeggioVoice voice{slice, engine, settings.sequenceSetting};
+        arpeggio->stop(voice);
+    }
     noteStack.clear();
     toggledNotes.reset();
     defaultOutputs.clear();

@@ -3,8 +3,9 @@
 #include <array>
 #include <bitset>
 #include <cstdint>
-#include <vector>
+#include <memory>
 
+#include "backend/layers/Arpeggio.h"
 #include "backend/layers/HeldNoteStack.h"
 #include "backend/layers/Layer.h"
 #include "backend/midi/NoteMemory.h"
@@ -44,8 +45,19 @@ public:
     /// Offers it any other event. Each (output, channel) gets it once, however many layers lead there.
     void playOther(MidiEngine::Slice& slice, MidiEngine::MidiEngine& engine, const MidiEngine::OrvMidiMessage& event);
 
-    /// Forgets every note it holds.
-    void reset();
+    bool hasArpeggio() const { return arpeggio != nullptr; }
+    /// -1 without a running arpeggio.
+    std::int32_t getArpeggioStart() const { return arpeggio != nullptr ? arpeggio->getLastStart() : -1; }
+
+    // Of a layer that has an arpeggio: its turn in a pulse, and the next pulse in which it wants one.
+    void playArpeggio(MidiEngine::Slice& slice, MidiEngine::MidiEngine& engine, std::int32_t ppq);
+    std::int32_t nextArpeggioTurn(std::int32_t ppq, std::int32_t startTime) const
+    {
+        return arpeggio->nextTurn(ppq, startTime);
+    }
+
+    /// Forgets every note it holds; its arpeggio ends those that sound.
+    void reset(MidiEngine::Slice& slice, MidiEngine::MidiEngine& engine);
 
     /// Forgets the outputs that are gone.
     template <class IsGone>
@@ -70,6 +82,12 @@ private:
     void keepNoteOn(MidiEngine::Slice& slice, MidiEngine::MidiEngine& engine, const MidiEngine::OrvMidiMessage& event);
     void keepNoteOff(MidiEngine::Slice& slice, MidiEngine::MidiEngine& engine, const MidiEngine::OrvMidiMessage& event);
 
+    // What a layer that keeps notes emits: to its arpeggio, if it has one.
+    void giveNoteOn(MidiEngine::Slice& slice, MidiEngine::MidiEngine& engine, const MidiEngine::OrvMidiMessage& event);
+    void giveNoteOff(MidiEngine::Slice& slice, MidiEngine::MidiEngine& engine, const MidiEngine::OrvMidiMessage& event);
+    void addToArpeggio(MidiEngine::Slice& slice, MidiEngine::MidiEngine& engine,
+                       const MidiEngine::OrvMidiMessage& event);
+
     // The last stage: output, channel, transposition, velocity, and on to the player. Whatever the event's status, it
     // goes out as a note on or a note off.
     void emitNoteOn(MidiEngine::Slice& slice, MidiEngine::MidiEngine& engine, const MidiEngine::OrvMidiMessage& event);
@@ -77,7 +95,7 @@ private:
     MidiEngine::OrvMidiMessage shaped(const MidiEngine::OrvMidiMessage& event, int port) const;
 
     // What every event asks, together
-    bool keepsNotes;  // mono or toggle: it must know what is held
+    bool keepsNotes;  // mono, toggle or an arpeggio: it must know what is held
     std::int8_t minVelocity;
     std::int8_t maxVelocity;
     std::int8_t zone;
@@ -88,6 +106,7 @@ private:
     std::array<std::uint8_t, 256> velocities;  // what a velocity becomes, by its byte
 
     Layer settings;
+    std::unique_ptr<ArpeggioManagement::Arpeggio> arpeggio;  // null: notes are played straight through
     HeldNoteStack noteStack;
     std::bitset<256> toggledNotes;
     MidiEngine::NoteMemory defaultOutputs;  // by the note as it entered

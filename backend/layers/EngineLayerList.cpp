@@ -11,6 +11,8 @@ EngineLayerList::EngineLayerList(std::span<const Layer> layers)
     const bool anySolo = std::ranges::any_of(layers, &Layer::solo);
     for (std::size_t i = 0; i < layers.size(); ++i)
         if (anySolo ? layers[i].solo : !layers[i].mute) acting.push_back(&list[i]);
+    for (EngineLayer& layer : list)
+        if (layer.hasArpeggio()) withArpeggio.push_back(&layer);
 
     for (std::size_t note = 0; note + 1 < firstOfNote.size(); ++note) {
         firstOfNote[note] = static_cast<std::uint32_t>(byNote.size());
@@ -24,6 +26,7 @@ void EngineLayerList::swap(EngineLayerList& other) noexcept
 {
     list.swap(other.list);
     acting.swap(other.acting);
+    withArpeggio.swap(other.withArpeggio);
     byNote.swap(other.byNote);
     firstOfNote.swap(other.firstOfNote);
     std::swap(anyVelocityRange, other.anyVelocityRange);

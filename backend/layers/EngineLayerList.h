@@ -30,7 +30,9 @@ public:
     std::span<EngineLayer> all() { return list; }
     /// The layers that play: the soloed ones if there are any, otherwise those that are not muted.
     std::span<EngineLayer* const> playing() const { return acting; }
-    /// Those among them whose range has that note (a data byte).
+    /// Those, among all, that have an arpeggio.
+    std::span<EngineLayer* const> arpeggiating() const { return withArpeggio; }
+    /// Those that play and whose range has that note (a data byte).
     std::span<EngineLayer* const> taking(std::uint8_t note) const
     {
         return {byNote.data() + firstOfNote[note], byNote.data() + firstOfNote[note + 1u]};
@@ -39,6 +41,7 @@ public:
 private:
     std::vector<EngineLayer> list;
     std::vector<EngineLayer*> acting;
+    std::vector<EngineLayer*> withArpeggio;
     std::vector<EngineLayer*> byNote;  // of note 0, of note 1, and so on
     std::array<std::uint32_t, 257> firstOfNote{};
     bool anyVelocityRange = false;

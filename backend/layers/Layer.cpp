@@ -7,6 +7,7 @@
 
 namespace Backend::Layers
 {
+using ArpeggioManagement::ArpeggioSetting;
 using MidiEngine::Note;
 
 namespace
@@ -20,6 +21,16 @@ template <class Value>
 Value itemAttribute(const XmlElement& element, std::string_view name, const Value& defaultValue)
 {
     return Value::fromXmlString(element.getAttribute(name, defaultValue.toXmlString()));
+}
+
+/// Of the first element inside.
+std::optional<ArpeggioSetting> readArpeggio(const XmlElement& element)
+{
+    XmlElement first;
+    forEachElement(element, [&](const XmlElement& child) {
+        if (!first.hasElement()) first = child;
+    });
+    return ArpeggioSetting::fromXml(first);
 }
 }  // namespace
 
@@ -42,20 +53,31 @@ Layer Layer::fromXml(const XmlElement& element, LayerId layerId)
     layer.key = itemAttribute(element, "key", layer.key);
     layer.velocity = itemAttribute(element, "velocity", layer.velocity);
     layer.compress = itemAttribute(element, "compress", layer.compress);
+    forEachElement(element, [&](const XmlElement& child) {
+        if (child.getTagName() == "Arpeggio" && !layer.arpeggio) layer.arpeggio = readArpeggio(child);
+        if (child.getTagName() == "SequenceSetting")
+            layer.sequenceSetting = SequenceManagement::SequenceSetting::fromXml(child);
+    });
     return layer;
 }
 
 void Layer::writeXml(std::ostream& out, int indent) const
 {
-    out << std::string(static_cast<std::size_t>(indent), '\t') << xmlOpenTag("Layer") << xmlBoolAttribute("mute", mute)
-        << xmlBoolAttribute("mono", mono) << xmlItemAttribute("toggle", toggle)
-        << xmlBoolAttribute("useNoteStack", useNoteStack) << xmlItemAttribute("minNote", minNote)
-        << xmlItemAttribute("maxNote", maxNote) << xmlCharAttribute("minVelocity", minVelocity)
-        << xmlCharAttribute("maxVelocity", maxVelocity) << xmlCharAttribute("zone", zone)
-        << xmlCharAttribute("output", output) << xmlCharAttribute("channel", channel)
+    const std::string tabs(static_cast<std::size_t>(indent), '\t');
+    out << tabs << xmlOpenTag("Layer") << xmlBoolAttribute("mute", mute) << xmlBoolAttribute("mono", mono)
+        << xmlItemAttribute("toggle", toggle) << xmlBoolAttribute("useNoteStack", useNoteStack)
+        << xmlItemAttribute("minNote", minNote) << xmlItemAttribute("maxNote", maxNote)
+        << xmlCharAttribute("minVelocity", minVelocity) << xmlCharAttribute("maxVelocity", maxVelocity)
+        << xmlCharAttribute("zone", zone) << xmlCharAttribute("output", output) << xmlCharAttribute("channel", channel)
         << xmlItemAttribute("transpose", transpose) << xmlItemAttribute("key", key)
-        << xmlItemAttribute("velocity", velocity) << xmlItemAttribute("compress", compress) << xmlCloseOpen() << '\n'
-        << std::string(static_cast<std::size_t>(indent), '\t') << xmlEndTag("Layer") << '\n';
+        << xmlItemAttribute("velocity", velocity) << xmlItemAttribute("compress", compress) << xmlCloseOpen() << '\n';
+    if (arpeggio) {
+        out << tabs << '\t' << xmlStartTag("Arpeggio") << '\n';
+        arpeggio->writeXml(out, indent + 2);
+        out << tabs << '\t' << xmlEndTag("Arpeggio") << '\n';
+    }
+    if (!sequenceSetting.nodes.empty()) sequenceSetting.writeXml(out, indent + 1);
+    out << tabs << xmlEndTag("Layer") << '\n';
 }
 
 std::string Layer::getLayerString(const std::string& outputName) const
@@ -75,6 +97,7 @@ std::string Layer::getLayerString(const std::string& outputName) const
     if (toggle.mode == NoteToggle::Mode::type2) text += "  TOGGLE2";
     if (mono) text += "  MONO";
     if (!useNoteStack) text += "  STACK OFF";
+    if (arpeggio) text += "  " + arpeggio->toString();
     return text;
 }
 }  // namespace Backend::Layers

@@ -2,11 +2,14 @@
 
 #include <cstdint>
 #include <iosfwd>
+#include <optional>
 #include <string>
 
 #include "backend/input/values/Fraction.h"
 #include "backend/input/values/NoteToggle.h"
 #include "backend/input/values/RelativeFixedValue.h"
+#include "backend/layers/ArpeggioSetting.h"
+#include "backend/layers/SequenceSetting.h"
 #include "backend/midi/Note.h"
 #include "platform/Export.h"
 
@@ -38,6 +41,8 @@ struct ORV_API Layer {
     RelativeFixedValue velocity{.relative = true};   ///< added to the compressed velocity; fixed replaces it
     Fraction compress;                               ///< applied to the velocity, if that is relative
     NoteToggle toggle;
+    std::optional<ArpeggioManagement::ArpeggioSetting> arpeggio;  ///< none: notes are played straight through
+    SequenceManagement::SequenceSetting sequenceSetting;          ///< what the arpeggio's notes go through
 
     /// From a `Layer` element; what is absent is as above. Values are not checked: a channel of 16 or more stays.
     static Layer fromXml(const XmlElement& element, LayerId id);

@@ -8,6 +8,7 @@
 #include "backend/layers/EngineLayerList.h"
 #include "backend/layers/EngineOscList.h"
 #include "backend/layers/EngineZones.h"
+#include "backend/layers/PulseSpan.h"
 #include "backend/midi/MidiEngineMessageManager.h"
 #include "backend/midi/MidiPlayer.h"
 #include "backend/midi/MidiPort.h"
@@ -144,6 +145,27 @@ public:
         if (isToldOf) tell(slice, event);
     }
 
+    /// The pulse in which the grid of all arpeggios begins, -1 while none runs.
+    std::int32_t getStartTime(Slice&) const
+    {
+        Slice::proves(criticalSection);
+        return startTime;
+    }
+    /// Only while none runs: the first one begins the grid.
+    void setStartTime(Slice&, std::int32_t ppq)
+    {
+        Slice::proves(criticalSection);
+        if (startTime < 0) startTime = ppq;
+    }
+    /// The grid goes with the last arpeggio that runs.
+    void updateStartTime(Slice& slice);
+    /// To be told when an arpeggio got something to do.
+    void wakeArpeggios(Slice&)
+    {
+        Slice::proves(criticalSection);
+        arpeggiosRest = {};
+    }
+
     /// Schedules an event from inside a slice.
     void postPlayMidi(Slice& slice, const OrvMidiMessage& event);
     /// False for an index outside the list of outputs too.
@@ -179,6 +201,7 @@ private:
     void walk(Slice& slice, std::int32_t startPpq, std::int32_t endPpq) REQUIRES(criticalSection);
     void processPpq(Slice& slice, std::int32_t ppq, std::int32_t minPpq) REQUIRES(criticalSection);
     void playDue(Slice& slice, std::int32_t ppq, std::int32_t minPpq) REQUIRES(criticalSection);
+    void playArpeggios(Slice& slice, std::int32_t ppq) REQUIRES(criticalSection);
     void requeue() REQUIRES(criticalSection);
     static void finish(Slice& slice);
 
@@ -226,6 +249,8 @@ private:
     Layers::EngineLayerList layers GUARDED_BY(criticalSection);
     Oscillators::EngineOscList oscillators GUARDED_BY(criticalSection);
     RandomSource random GUARDED_BY(criticalSection);
+    std::int32_t startTime GUARDED_BY(criticalSection) = -1;      // of the arpeggios' grid
+    Layers::PulseSpan arpeggiosRest GUARDED_BY(criticalSection);  // none of them does anything in it
     Zones::EngineZones zones GUARDED_BY(criticalSection);
     PressMemory presses GUARDED_BY(criticalSection);
     SentPairs sentPairs GUARDED_BY(criticalSection);

@@ -100,7 +100,9 @@ void MidiEngine::reset(Slice& slice)
         playMidiInternal(slice, noteOff, false);
     });
     presses.forgetVelocities();
-    for (Layers::EngineLayer& layer : layers.all()) layer.reset();
+    for (Layers::EngineLayer& layer : layers.all()) layer.reset(slice, *this);
+    startTime = -1;
+    wakeArpeggios(slice);
     directOutputs.clear();
 }
 

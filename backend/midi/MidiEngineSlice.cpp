@@ -68,11 +68,12 @@ void MidiEngine::walk(Slice& slice, std::int32_t startPpq, std::int32_t endPpq)
     for (std::int32_t pulse = -CATCH_UP; pulse < 0; ++pulse) processPpq(slice, endPpq + pulse, -1);
 }
 
-/// One pulse: first the events, then the oscillators.
+/// One pulse: first the events, then the arpeggios, then the oscillators.
 void MidiEngine::processPpq(Slice& slice, std::int32_t ppq, std::int32_t minPpq)
 {
     if (ppq < 0) return;
     if (ppq >= earliest) playDue(slice, ppq, minPpq);
+    if (!arpeggiosRest.contains(ppq)) playArpeggios(slice, ppq);
     oscillators.step(slice, *this, ppq);
 }
 
@@ -90,6 +91,23 @@ void MidiEngine::playDue(Slice& slice, std::int32_t ppq, std::int32_t minPpq)
         ++kept;
     }
     pending.erase(kept, pending.end());
+}
+
+/// Each in the order of the layers, and all of them: one that stops may change the grid of the others. They say
+/// themselves how long they will rest.
+void MidiEngine::playArpeggios(Slice& slice, std::int32_t ppq)
+{
+    for (Layers::EngineLayer* layer : layers.arpeggiating()) layer->playArpeggio(slice, *this, ppq);
+    arpeggiosRest = {.from = ppq, .until = ArpeggioManagement::Arpeggio::NEVER};
+    for (const Layers::EngineLayer* layer : layers.arpeggiating())
+        arpeggiosRest.until = std::min(arpeggiosRest.until, layer->nextArpeggioTurn(ppq, startTime));
+}
+
+void MidiEngine::updateStartTime(Slice&)
+{
+    Slice::proves(criticalSection);
+    const auto runs = [](const Layers::EngineLayer* layer) { return layer->getArpeggioStart() >= 0; };
+    if (std::ranges::none_of(layers.arpeggiating(), runs)) startTime = -1;
 }
 
 /// What was not due goes back behind what was scheduled meanwhile.

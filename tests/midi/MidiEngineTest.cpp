@@ -123,12 +123,16 @@ TEST(TimeSlice, AllocatesNothingInTheSteadyState)
     recorder.start(true, 100000);
     recorder.setOutputs(MidiOutputPorts(4));
     stage.engine.setRetroRecordManager(&recorder);
-    std::vector<Layers::Layer> layers(3);
+    std::vector<Layers::Layer> layers(7);
     layers[0].mono = true;
     layers[1].minVelocity = 30;
     layers[2].toggle.mode = NoteToggle::Mode::type2;
+    for (std::size_t type = 0; type < 4; ++type) {
+        layers[3 + type].arpeggio = {static_cast<ArpeggioManagement::ArpeggioSetting::Type>(type), 2, 1};
+        layers[3 + type].sequenceSetting.setSequenceText("0,7|12,-");
+    }
     stage.engine.setLayerList(layers);
-    stage.player.events.reserve(100000);
+    stage.player.events.reserve(200000);
     std::uint64_t counted = 0;
     std::int32_t ppq = 1000;
     for (int round = 0; round < 400; ++round) {

@@ -159,9 +159,18 @@ private:
             layer.channel = static_cast<std::int8_t>(below(3) - 1);
             layer.transpose = {below(4) != 0, below(30)};
             layer.key = Note(below(3) - 1);
+            if (below(3) == 0) arpeggiate(layer);
             layers.add(layer);
         }
         stage.orv->getLayerMessageManager().postSetLayers(layers, false);
+    }
+
+    /// Of any type, in pulses so few that the performer meets its beats.
+    void arpeggiate(Layers::Layer& layer)
+    {
+        using ArpeggioManagement::ArpeggioSetting;
+        layer.arpeggio = {static_cast<ArpeggioSetting::Type>(below(4)), below(8), below(8) - 1};
+        if (below(2) == 0) layer.sequenceSetting.setSequenceText("0,7|12,-,-5 V-20,12|100");
     }
 
     void moveZones()
