@@ -1,0 +1,230 @@
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+#include "backend/layers/Layer.h"
+#include "backend/layers/SequencePresetManager.h"
+#include "backend/layers/SequenceTemplates.h"
+#include "backend/persistence/OrvUtils.h"
+#include "backend/persistence/XmlDocument.h"
+#include "tests/stage/PrivateFolders.h"
+
+using namespace Backend;
+using namespace Backend::SequenceManagement;
+
+namespace
+{
+const std::string FOLDER = "data/Brinlow Software/Orvane 3/Sequences";
+const std::string FACTORY = "prog/Default/Sequences";
+
+std::string fileOf(const std::string& text)
+{
+    return "<?xml version=\"1.0\" encoding=\"utf-8\"?>\n\t<Sequence>" + text + "</Sequence>\n";
+}
+
+XmlElement rootOf(const std::string& text) { return XmlDocument(text, XmlDocument::Source::text).getRoot(); }
+
+/// The sequences of a user whose folders are the test's.
+struct Sequences : PrivateFolders {
+    SequencePresetManager manager;
+
+    Sequences() { OrvUtils::setOrvProgDir((*this / "prog").string()); }
+
+    std::string list() const
+    {
+        std::string all;
+        for (const std::string& name : manager.getList()) all += (all.empty() ? "" : ",") + name;
+        return all;
+    }
+};
+}  // namespace
+
+TEST(SequenceText, IsReadAndPrinted)
+{
+    struct Row {
+        const char* text;
+        const char* printed;
+    };
+    for (const auto& [text, printed] : {Row{"", ""},
+                                        {"   ", ""},
+                                        {"0,12,24", "0,12,24"},
+                                        {" 0 | 7 , 12|19 ", "0|7,12|19"},
+                                        {"0 V-20,-,12", "0 V-20,-,12"},
+                                        {"12 V10 L960", "12 V10 L960"},
+                                        {"12 V0 L1920", "12"},
+                                        {"v10 l5", "0 V10 L5"},
+                                        {"1 V1 L1 2", "1 V1 L1"},
+                                        {"1 2 V3", "2 V3"},
+                                        {"- 3", "3"},
+                                        {"3 - L7", "- L7"},
+                                        {"12  V5", "-"},
+                                        {"0,,12", "0,-,12"},
+                                        {"0,12,", "0,12"},
+                                        {"0|7|,1", "0|7,1"},
+                                        {",", "-"},
+                                        {"x,+3,Vx,--,99999999999", "0,3,0,0,0"},
+                                        {"2147483647|-2147483648", "2147483647|-2147483648"}}) {
+        SequenceSetting setting{};
+        setting.preset = "of another";
+        setting.setSequenceText(text);
+        EXPECT_EQ(setting.getSequenceText(), printed) << text;
+        EXPECT_EQ(setting.preset, "") << "a typed sequence is the layer's own";
+        EXPECT_EQ(parseSequence(printed).size(), setting.nodes.size()) << text;
+    }
+}
+
+TEST(SequenceSetting, IsStoredInItsLayer)
+{
+    const PrivateFolders folders;
+    const std::string text =
+        "<Layer mute=\"false\" mono=\"false\" toggle=\"off\" useNoteStack=\"true\" minNote=\"C-1\" maxNote=\"G9\" "
+        "minVelocity=\"0\" maxVelocity=\"127\" zone=\"-1\" output=\"-1\" channel=\"0\" transpose=\"\" key=\"\" "
+        "velocity=\"\" compress=\"1_1\">\n"
+        "\t<Arpeggio>\n"
+        "\t\t<UpDownArpeggio beat=\"240\" length=\"120\"/>\n"
+        "\t</Arpeggio>\n"
+        "\t<SequenceSetting preset=\"\" useNote=\"true\" useVelocity=\"false\" useLength=\"true\">\n"
+        "\t\t<Sequence>0,12 V-5</Sequence>\n"
+        "\t</SequenceSetting>\n"
+        "</Layer>\n";
+    const Layers::Layer layer = Layers::Layer::fromXml(rootOf(text), 0);
+    std::ostringstream out;
+    layer.writeXml(out, 0);
+    EXPECT_EQ(out.str(), text);
+    EXPECT_EQ(layer.getLayerString(""), "L:1  Ch:1  Up + Down Arp 1/8 Len:1/16");
+
+    const auto textOf = [](const std::string& children) {
+        const Layers::Layer read = Layers::Layer::fromXml(rootOf("<Layer>" + children + "</Layer>"), 0);
+        return read.getLayerString("") + "; " + (read.sequenceSetting.useLength ? "L " : "") +
+               read.sequenceSetting.getSequenceText();
+    };
+    EXPECT_EQ(textOf(""), "L:1  Ch:1; ");
+    EXPECT_EQ(textOf("<Arpeggio><Odd/></Arpeggio><Arpeggio><!-- --><ChordArpeggio/><UpArpeggio/></Arpeggio><Arpeggio>"
+                     "<UpArpeggio/></Arpeggio>"),
+              "L:1  Ch:1  Chord Arp 1/4 Len:1/4; ")
+        << "the first that is one";
+    EXPECT_EQ(textOf("<Arpeggio><UpArpeggio beat='100' length='0'/></Arpeggio>"), "L:1  Ch:1  Up Arp 100 Len:100; ");
+    EXPECT_EQ(textOf("<SequenceSetting/>"), "L:1  Ch:1; L ");
+    EXPECT_EQ(textOf("<SequenceSetting useLength='false'><Sequence/></SequenceSetting>"), "L:1  Ch:1; -");
+    EXPECT_EQ(textOf("<SequenceSetting><Other/><Sequence>1</Sequence></SequenceSetting>"), "L:1  Ch:1; L ");
+    EXPECT_EQ(textOf("<SequenceSetting preset='gone'><Sequence>1</Sequence></SequenceSetting>"), "L:1  Ch:1; L ");
+}
+
+TEST(SequencePresets, StartWithTheFactorysAndAreTheUsersFromThenOn)
+{
+    Sequences sequences;
+    sequences.manager.load();
+    EXPECT_EQ(sequences.list(), "") << "the factory's folder is missing";
+    sequences.write(FACTORY + "/b.seq", fileOf("0,12"));
+    sequences.write(FACTORY + "/a.seq", fileOf("0"));
+    sequences.write(FACTORY + "/B.txt", "");
+    sequences.manager.load();
+    EXPECT_EQ(sequences.list(), "B,a,b");
+    EXPECT_EQ(sequences.manager.indexOf("a"), 1);
+    EXPECT_EQ(sequences.manager.indexOf("A"), -1);
+
+    EXPECT_TRUE(sequences.manager.addPreset(" C 1 ", " 0 V0 , 7|12,"));
+    EXPECT_EQ(sequences.read(FOLDER + "/C 1.seq"), fileOf("0,7|12"));
+    EXPECT_TRUE(sequences.manager.addPreset("C 1", "5"));
+    EXPECT_FALSE(sequences.manager.addPreset("a/b", "5"));
+    EXPECT_FALSE(sequences.manager.addPreset(" ", "5"));
+    EXPECT_EQ(sequences.list(), "B,C 1,a,b") << "each name once";
+
+    sequences.manager.renamePreset("C 1", "a");
+    sequences.manager.renamePreset("none", "d");
+    sequences.manager.renamePreset("C 1", "../d");
+    sequences.manager.renamePreset("C 1", "d");
+    sequences.manager.deletePreset("a");
+    sequences.manager.deletePreset("A");
+    EXPECT_EQ(sequences.list(), "B,b,d");
+    EXPECT_EQ(sequences.contents(FOLDER), "B.txt b.seq d.seq");
+    EXPECT_EQ(sequences.read(FOLDER + "/d.seq"), fileOf("5"));
+    sequences.manager.load();
+    EXPECT_EQ(sequences.list(), "B,b,d");
+}
+
+TEST(SequencePresets, ThatCannotBeWrittenAreNotListed)
+{
+    Sequences sequences;
+    sequences.write(FOLDER, "a file in the place of the folder");
+    EXPECT_FALSE(sequences.manager.addPreset("a", "5"));
+    EXPECT_EQ(sequences.list(), "");
+}
+
+TEST(SequencePresets, ComeIntoALayerByName)
+{
+    Sequences sequences;
+    sequences.write(FOLDER + "/x.seq", "<Any> 0 ,7</Any>");
+    sequences.write(FOLDER + "/off.seq", fileOf("1"));
+    sequences.write(FOLDER + "/bad.seq", "<Sequence>1");
+    sequences.write("data/Brinlow Software/Orvane 3/out.seq", fileOf("1"));
+    const SequenceSetting x = SequenceSetting::fromPreset(" x ");
+    EXPECT_EQ(x.preset, "x");
+    EXPECT_EQ(x.getSequenceText(), "0,7");
+    EXPECT_TRUE(x.useNote && x.useVelocity && x.useLength);
+    EXPECT_EQ(SequenceSetting::fromPreset("Off").preset, "");
+    EXPECT_EQ(SequenceSetting::fromPreset("off").getSequenceText(), "1");
+    for (const char* name : {"bad", "gone", "../out"}) {
+        EXPECT_EQ(SequenceSetting::fromPreset(name).preset, name);
+        EXPECT_TRUE(SequenceSetting::fromPreset(name).nodes.empty()) << name;
+    }
+    std::ostringstream out;
+    SequenceSetting::fromXml(rootOf("<SequenceSetting preset=' x ' useNote='no'/>")).writeXml(out, 1);
+    EXPECT_EQ(out.str(),
+              "\t<SequenceSetting preset=\"x\" useNote=\"false\" useVelocity=\"true\" useLength=\"true\">\n"
+              "\t</SequenceSetting>\n");
+}
+
+TEST(SequenceTemplates, EachNamesASequenceThatIsInstalled)
+{
+    const PrivateFolders folders;
+    OrvUtils::setOrvProgDir(ORVANE_CONTENT);
+    SequencePresetManager manager;
+    manager.load();
+    std::set<std::string> named;
+    for (int number = -1; number < 130; ++number) {
+        const SequenceSetting setting = fromTemplate(number, 2);
+        const bool isGap = number < 0 || (number > 44 && number < 49) || (number > 71 && number < 90) || number > 111;
+        EXPECT_EQ(setting.nodes.empty(), isGap) << number << " " << setting.preset;
+        EXPECT_TRUE(setting.preset.empty() || manager.exists(setting.preset)) << setting.preset;
+        if (!isGap) named.insert(setting.preset);
+        EXPECT_EQ(fileOf(setting.getSequenceText()),
+                  isGap ? fileOf("") : folders.read(FOLDER + "/" + setting.preset + ".seq"))
+            << "as we would write it";
+    }
+    EXPECT_EQ(named.size(), manager.getList().size()) << "and each that is installed has a number";
+    EXPECT_EQ(fromTemplate(10, 0).getSequenceText(), "0,7");
+    for (const auto& [number, name] : {std::pair{0, "001 - Oct 1 Up"},
+                                       {32, "033 - Seq 10"},
+                                       {43, "044 - Drums 11"},
+                                       {44, "042 - Drums 9"},
+                                       {49, "050 - Note 1 of 2"},
+                                       {71, "072 - Note 8 of 8"},
+                                       {90, "073 - Oct 1 Up (2)"},
+                                       {111, "094 - m2 Down (2)"}})
+        EXPECT_EQ(fromTemplate(number, 0).preset, name);
+}
+
+TEST(SequenceTemplates, SetTheLayerUpForTheirMode)
+{
+    const PrivateFolders folders;
+    for (const auto& [mode, flags] : {std::pair{0, "N L"}, {1, "-VL"}, {2, "NVL"}, {3, "N L"}, {-1, "N L"}}) {
+        const SequenceSetting setting = fromTemplate(3, mode);
+        EXPECT_EQ(std::string{setting.useNote ? 'N' : '-'} + (setting.useVelocity ? 'V' : ' ') +
+                      (setting.useLength ? 'L' : '-'),
+                  flags);
+        EXPECT_FALSE(fromTemplate(45, mode).useLength);
+    }
+    const auto applied = [](int number, int transpose) {
+        Layers::Layer layer;
+        layer.transpose = {.relative = false, .value = transpose};
+        layer.arpeggio = {.beat = 120, .length = 60};
+        applyTemplate(layer, number, 0);
+        return layer.transpose.toXmlString() + " " + layer.arpeggio->toString();
+    };
+    EXPECT_EQ(applied(32, 60), "60 Chord Arp 1/16 Len:1/32");
+    EXPECT_EQ(applied(33, 60), "0 Chord Arp 1/16 Len:1/32");
+    EXPECT_EQ(applied(36, 61), "61 Chord Arp 1/8 Len:1/16") << "Drums 4";
+    EXPECT_EQ(applied(41, 60), "0 Chord Arp 1/16 Len:1/32") << "Drums 9";
+    EXPECT_EQ(applied(44, 60), "0 Chord Arp 1/8 Len:1/16") << "Drums 9 at half the pace";
+}
