@@ -57,6 +57,7 @@ void Orv::initialize()
     registrySettings.loadFromRegistry(OrvUtils::getRegistryKey(applicationName));
     startDisplay();
     startRetroRecord();
+    sequencePresets.load();
     oscManager.getPresets().refresh();
     presetStores.refresh();
     computerInputManager.getPresets().refresh();

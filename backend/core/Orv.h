@@ -16,6 +16,7 @@
 #include "backend/layers/LayerManager.h"
 #include "backend/layers/OscManager.h"
 #include "backend/layers/RetroRecordManager.h"
+#include "backend/layers/SequencePresetManager.h"
 #include "backend/layers/ZoneManager.h"
 #include "backend/midi/MidiEngine.h"
 #include "backend/persistence/Bank.h"
@@ -175,6 +176,11 @@ public:
     void setTempoSource(int source, bool notify) override;
     void updateZones() override;
     void resetOrv() override;
+    SequenceManagement::SequencePresetManager& getSequencePresetManager() override { return sequencePresets; }
+    void addSequencePreset(const std::string& name, const std::string& text) override
+    {
+        sequencePresets.addPreset(name, text);
+    }
     void selectControl(const SelectControlType& select) override;
     void changeControl(const SelectControlType& select, const RelativeFixedValue& value) override;
     void sendControlData(const SelectControlType& select) override;
@@ -274,5 +280,6 @@ private:
     MidiInput::MidiInputManager midiInputManager;
     Layers::LayerManager layerManager;
     Zones::ZoneManager zoneManager;
+    SequenceManagement::SequencePresetManager sequencePresets;
 };
 }  // namespace Backend

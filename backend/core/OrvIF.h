@@ -49,6 +49,11 @@ class OscManager;
 class OscMessageManager;
 }  // namespace Oscillators
 
+namespace SequenceManagement
+{
+class SequencePresetManager;
+}
+
 namespace Zones
 {
 class ZoneManager;
@@ -239,6 +244,10 @@ public:
     /// Ends every note and sends the hard reset's messages to the default output. Waits for a time slice.
     virtual void resetOrv() = 0;
 
+    /// The sequences that stand by themselves. The backend thread's.
+    virtual SequenceManagement::SequencePresetManager& getSequencePresetManager() = 0;
+    /// Writes the sequence of that text as a preset, in place of one of that name.
+    virtual void addSequencePreset(const std::string& name, const std::string& text) = 0;
     /// On the controls of the screen; a cell without one changes nothing.
     virtual void selectControl(const SelectControlType& select) = 0;
     virtual void changeControl(const SelectControlType& select, const RelativeFixedValue& value) = 0;

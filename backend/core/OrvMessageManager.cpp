@@ -41,6 +41,7 @@ enum Number : unsigned int {
     RESET_ORV = 33253,
     LOAD_PROGRAM = 33239,
     LOAD_BANK = 33240,
+    ADD_SEQUENCE_PRESET = 33256,
     CHANGE_PROGRAM = 33257,
     CHANGE_DEFAULT_MIDI_OUTPUT = 33258,
     SET_USE_SKIN_BORDER = 33260,
@@ -86,6 +87,7 @@ constexpr auto COMMANDS = std::to_array<Command<OrvIF>>({
     command<&OrvIF::resetOrv>(RESET_ORV, "ResetOrv"),
     command<&OrvIF::loadProgram>(LOAD_PROGRAM, "LoadProgram"),
     command<&OrvIF::loadBank>(LOAD_BANK, "LoadBank"),
+    command<&OrvIF::addSequencePreset>(ADD_SEQUENCE_PRESET, "AddSequencePreset"),
     command<static_cast<void (OrvIF::*)(const SelectType&)>(&OrvIF::changeProgram)>(CHANGE_PROGRAM, "ChangeProgram"),
     command<&OrvIF::changeDefaultMidiOutput>(CHANGE_DEFAULT_MIDI_OUTPUT, "ChangeDefaultMidiOutput"),
     command<&OrvIF::setUseSkinBorder>(SET_USE_SKIN_BORDER, "SetUseSkinBorder"),
@@ -166,6 +168,11 @@ void OrvMessageManager::postResetOrv() { master.post(pack(RESET_ORV)); }
 void OrvMessageManager::postLoadProgram(const std::string& path) { master.post(pack(LOAD_PROGRAM, path)); }
 
 void OrvMessageManager::postLoadBank(const std::string& path) { master.post(pack(LOAD_BANK, path)); }
+
+void OrvMessageManager::postAddSequencePreset(const std::string& name, const std::string& text)
+{
+    master.post(pack(ADD_SEQUENCE_PRESET, name, text));
+}
 
 void OrvMessageManager::postChangeProgram(const SelectType& select) { master.post(pack(CHANGE_PROGRAM, select)); }
 

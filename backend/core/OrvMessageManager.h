@@ -36,6 +36,8 @@ public:
     /// See `OrvIF::loadProgram`; a path in UTF-8.
     void postLoadProgram(const std::string& path);
     void postLoadBank(const std::string& path);
+    /// See `OrvIF::addSequencePreset`.
+    void postAddSequencePreset(const std::string& name, const std::string& text);
     void postChangeProgram(const SelectType& select);
     void postChangeDefaultMidiOutput(const SelectType& select);
     /// A key of the computer as the window reports it, with the modifiers held; without an allocation for it.
