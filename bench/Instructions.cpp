@@ -6,9 +6,11 @@
 #include <string_view>
 #include <thread>
 
+#include "bench/ArpeggioBench.h"
 #include "bench/EngineBench.h"
 #include "platform/Event.h"
 
+using Backend::ArpeggioManagement::ArpeggioSetting;
 using Backend::MidiEngine::MessageType;
 using Backend::MidiEngine::MidiEngine;
 using Backend::MidiEngine::MidiOutputPorts;
@@ -26,6 +28,18 @@ void idlePulses(int rounds)
     SummingPlayer player;
     MidiEngine engine(player);
     for (std::int32_t pulse = 0; pulse < rounds * Workload::EVENTS; ++pulse) engine.playTimeSlice(pulse, pulse + 1);
+}
+
+void arpeggios(std::string_view kind, int rounds)
+{
+    using Type = ArpeggioSetting::Type;
+    const Type type = kind == "chord"  ? Type::chord
+                      : kind == "up"   ? Type::up
+                      : kind == "down" ? Type::down
+                                       : Type::upDown;
+    ArpeggioBench bench(type);
+    if (kind != "idle") bench.hold();
+    bench.playPulses(rounds * Workload::EVENTS);
 }
 
 void resets(int rounds)
@@ -59,6 +73,8 @@ int main(int argc, char** argv)
         play(Workload::mix(), rounds, EngineBench::Road::layers, std::atoi(argv[1] + 4));
     else if (road == "idle_pulse")
         idlePulses(rounds);
+    else if (road.starts_with("arpeggios_"))
+        arpeggios(road.substr(10), rounds);
     else if (road == "reset")
         resets(rounds);
     wake.set();

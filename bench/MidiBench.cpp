@@ -7,10 +7,12 @@
 #include <memory>
 #include <thread>
 
+#include "bench/ArpeggioBench.h"
 #include "bench/EngineBench.h"
 #include "platform/Event.h"
 #include "platform/Worker.h"
 
+using Backend::ArpeggioManagement::ArpeggioSetting;
 using Backend::MidiEngine::MessageType;
 using Backend::MidiEngine::MidiEngine;
 using Backend::MidiEngine::MidiOutputPorts;
@@ -65,6 +67,18 @@ void idlePulse(benchmark::State& state)
     }
 }
 
+enum class Keys { up, held };
+
+/// A pulse with sixteen arpeggios, idle or of four notes each.
+void arpeggios(benchmark::State& state, ArpeggioSetting::Type type, Keys keys)
+{
+    const SleepingThread another;
+    ArpeggioBench bench(type);
+    if (keys == Keys::held) bench.hold();
+    for (auto _ : state) bench.playPulses(ArpeggioBench::STEP);
+    state.SetItemsProcessed(state.iterations() * ArpeggioBench::STEP);
+}
+
 /// From a post on one thread to the handler on another, which sleeps in between.
 void postToTake(benchmark::State& state)
 {
@@ -115,6 +129,11 @@ BENCHMARK_CAPTURE(direct, default_output, EngineBench::Road::defaultOutput);
 BENCHMARK_CAPTURE(layers, notes, &Workload::notes)->Arg(1)->Arg(4)->Arg(16)->Arg(64);
 BENCHMARK_CAPTURE(layers, mix, &Workload::mix)->Arg(1)->Arg(4)->Arg(16)->Arg(64);
 BENCHMARK(idlePulse);
+BENCHMARK_CAPTURE(arpeggios, idle, ArpeggioSetting::Type::chord, Keys::up);
+BENCHMARK_CAPTURE(arpeggios, chord, ArpeggioSetting::Type::chord, Keys::held);
+BENCHMARK_CAPTURE(arpeggios, up, ArpeggioSetting::Type::up, Keys::held);
+BENCHMARK_CAPTURE(arpeggios, down, ArpeggioSetting::Type::down, Keys::held);
+BENCHMARK_CAPTURE(arpeggios, up_down, ArpeggioSetting::Type::upDown, Keys::held);
 BENCHMARK(postToTake)->UseRealTime();
 BENCHMARK(postFromSlice);
 BENCHMARK(reset)->Arg(0)->Arg(10)->Arg(2048);
@@ -130,11 +149,23 @@ bool isRight(EngineBench::Road road, int layers, std::uint64_t expected)
     return false;
 }
 
+bool isRight(ArpeggioSetting::Type type)
+{
+    constexpr int STEPS = 100;
+    ArpeggioBench check(type);
+    check.hold();
+    check.playPulses(STEPS * ArpeggioBench::STEP);
+    if (check.player.count == static_cast<std::uint64_t>(ArpeggioBench::eventsOf(type, STEPS))) return true;
+    std::fprintf(stderr, "bench_midi: an arpeggio played %" PRIu64 " notes\n", check.player.count);
+    return false;
+}
+
 int main(int argc, char** argv)
 {
     bool right = isRight(EngineBench::Road::namedOutput, 0, Workload::SUM_OF_NOTES);
     for (const auto& [count, sum] : Workload::SUMS_OF_LAYERS)
         right = isRight(EngineBench::Road::layers, count, sum) && right;
+    for (int type = 0; type < 4; ++type) right = isRight(static_cast<ArpeggioSetting::Type>(type)) && right;
     if (!right) return 1;
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
