@@ -8,6 +8,7 @@
 #include "backend/persistence/OrvUtils.h"
 #include "backend/persistence/XmlDocument.h"
 #include "tests/stage/PrivateFolders.h"
+#include "tests/stage/Stage.h"
 
 using namespace Backend;
 using namespace Backend::SequenceManagement;
@@ -149,6 +150,15 @@ TEST(SequencePresets, ThatCannotBeWrittenAreNotListed)
     sequences.write(FOLDER, "a file in the place of the folder");
     EXPECT_FALSE(sequences.manager.addPreset("a", "5"));
     EXPECT_EQ(sequences.list(), "");
+}
+
+TEST(SequencePresets, AreTheBackendsToAdd)
+{
+    Stage stage;
+    stage.commands().postAddSequencePreset("Mine", "0,7");
+    stage.rest();
+    EXPECT_TRUE(stage.orv->getSequencePresetManager().exists("Mine"));
+    EXPECT_EQ(stage.folders.read(FOLDER + "/Mine.seq"), fileOf("0,7"));
 }
 
 TEST(SequencePresets, ComeIntoALayerByName)
