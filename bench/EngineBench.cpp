@@ -1,5 +1,7 @@
 #include "bench/EngineBench.h"
 
+#include "backend/input/controls/DefaultControls.h"
+
 using Backend::MidiEngine::MessageType;
 using Backend::MidiEngine::MidiEngine;
 using Backend::MidiEngine::MidiOutputPorts;
@@ -13,6 +15,13 @@ EngineBench::EngineBench(const std::vector<Workload::Event>& workload, Road road
     engine.setMidiOutputPorts(MidiOutputPorts(1));
     engine.setDefaultMidiOutput(0);
     if (road == Road::layers) engine.setLayerList(Workload::layers(layers));
+}
+
+void EngineBench::followWithControls()
+{
+    updates.setFollowed(Backend::Controls::defaultControls());
+    engine.setControlUpdates(&updates);
+    hasControls = true;
 }
 
 void EngineBench::playRound()
@@ -30,4 +39,5 @@ void EngineBench::slice()
     if (pulse > 2'000'000'000) pulse = MidiEngine::FIRST_PULSE;
     engine.playTimeSlice(pulse, pulse + 1);
     ++pulse;
+    while (hasControls && queue.handleNext([](Message&) {})) {}
 }

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <vector>
 
+#include "backend/input/controls/ControlUpdates.h"
 #include "backend/midi/MidiEngine.h"
 #include "bench/Workload.h"
 
@@ -39,6 +40,9 @@ public:
     /// Events on channel 0, to output 0 in the end; through so many of the workload's layers, if any.
     EngineBench(const std::vector<Workload::Event>& events, Road road, int layers = 0);
 
+    /// From now on the default controls follow; what they are told is read and thrown away after each slice.
+    void followWithControls();
+
     /// The whole ring once, to the last event.
     void playRound();
 
@@ -48,6 +52,9 @@ private:
     void slice();
 
     std::vector<Backend::MidiEngine::OrvMidiMessage> events;
+    MessageQueue queue{1024};
+    Backend::Controls::ControlUpdates updates{queue};
+    bool hasControls = false;
     Backend::MidiEngine::MidiEngine engine{player};
     std::int32_t pulse = Backend::MidiEngine::MidiEngine::FIRST_PULSE;
 };

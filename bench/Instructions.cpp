@@ -17,9 +17,13 @@ using Backend::MidiEngine::MidiOutputPorts;
 
 namespace
 {
-void play(const std::vector<Workload::Event>& workload, int rounds, EngineBench::Road road, int layers = 0)
+enum class Controls { none, followed };
+
+void play(const std::vector<Workload::Event>& workload, int rounds, EngineBench::Road road, int layers = 0,
+          Controls controls = Controls::none)
 {
     EngineBench bench(workload, road, layers);
+    if (controls == Controls::followed) bench.followWithControls();
     for (int round = 0; round < rounds; ++round) bench.playRound();
 }
 
@@ -71,6 +75,8 @@ int main(int argc, char** argv)
         play(Workload::notes(), rounds, EngineBench::Road::layers, std::atoi(argv[1] + 6));
     else if (road.starts_with("mix_"))
         play(Workload::mix(), rounds, EngineBench::Road::layers, std::atoi(argv[1] + 4));
+    else if (road.starts_with("controls_"))
+        play(Workload::mix(), rounds, EngineBench::Road::layers, std::atoi(argv[1] + 9), Controls::followed);
     else if (road == "idle_pulse")
         idlePulses(rounds);
     else if (road.starts_with("arpeggios_"))

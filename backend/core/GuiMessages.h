@@ -37,6 +37,9 @@ enum Number : unsigned int {
     MIDI_EVENT_CONFIGURATIONS = 33719,  ///< payload: vector of MidiEventConfiguration, those that changed
     MIDI_INPUT = 33720,                 ///< payload: MidiEventConfigurationMap
 
+    CONTROLS = 33969,          ///< payload: ControlMap
+    CONTROL_VALUE = 33975,     ///< parameters: the packed cell, the value
+    CONTROL_SELECTED = 33976,  ///< parameters: the packed cell, 0 or 1
     SET_WIDGET_FOCUS = 33978,  ///< payload: SelectControlType
 
     LAYERS = 34719,             ///< payload: LayerList

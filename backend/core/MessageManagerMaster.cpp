@@ -5,8 +5,14 @@
 
 namespace Backend
 {
+namespace
+{
+constexpr std::size_t ROOM_FOR_SLICES = 1024;  // messages of time slices under way
+}
+
 MessageManagerMaster::MessageManagerMaster()
-    : worker("orv-backend", STOP_MESSAGE, [this](Message& message) { dispatch(message); })
+    : worker(
+          "orv-backend", STOP_MESSAGE, [this](Message& message) { dispatch(message); }, ROOM_FOR_SLICES)
 {
 }
 

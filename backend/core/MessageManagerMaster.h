@@ -38,6 +38,9 @@ public:
 
     const Worker& getWorker() const { return worker; }
 
+    /// The thread's queue, for whoever posts to it from a time slice.
+    MessageQueue& getQueue() { return worker.queue(); }
+
 private:
     void dispatch(Message& message);
 

@@ -34,6 +34,7 @@ Orv::Orv(const std::string& application, MidiEngine::MidiPlayer& player, RetroRe
       oscManager(*this, messageManagerMaster),
       computerInputManager(*this, messageManagerMaster),
       midiInputManager(*this, messageManagerMaster),
+      controlManager(*this, messageManagerMaster),
       layerManager(*this, messageManagerMaster),
       zoneManager(*this, messageManagerMaster)
 {
@@ -41,8 +42,10 @@ Orv::Orv(const std::string& application, MidiEngine::MidiPlayer& player, RetroRe
     messageManagerMaster.addMessageManager(&oscManager.getMessageManager());
     messageManagerMaster.addMessageManager(&computerInputManager.getMessageManager());
     messageManagerMaster.addMessageManager(&midiInputManager.getMessageManager());
+    messageManagerMaster.addMessageManager(&controlManager.getMessageManager());
     messageManagerMaster.addMessageManager(&layerManager.getMessageManager());
     messageManagerMaster.addMessageManager(&zoneManager.getMessageManager());
+    midiEngine.setControlUpdates(&controlManager.getMessageManager().getUpdates());
 }
 
 Orv::~Orv()
@@ -62,13 +65,16 @@ void Orv::initialize()
     presetStores.refresh();
     computerInputManager.getPresets().refresh();
     midiInputManager.getPresets().refresh();
+    controlManager.getPresets().refresh();
     layerManager.getPresets().refresh();
     midiEngine.initialize(registrySettings.getDefaultMidiOutput(), registrySettings.getMidiThru());
     prepareBanks();
+    initializing = true;
     loadBank(registrySettings.getDefaultBank());
+    initializing = false;
 }
 
-void Orv::endInitialize() {}
+void Orv::endInitialize() { controlManager.sendAll(true); }
 
 void Orv::end()
 {
@@ -151,17 +157,6 @@ void Orv::executeFunction(const std::string& xml)
     else
         WindowsLib::DbgStream() << xml << ": no function";
 }
-
-// --- controls
-
-namespace
-{
-void tellNoControl() { WindowsLib::DbgStream() << "there is no control to act on"; }
-}  // namespace
-
-void Orv::selectControl(const SelectControlType&) { tellNoControl(); }
-void Orv::changeControl(const SelectControlType&, const RelativeFixedValue&) { tellNoControl(); }
-void Orv::sendControlData(const SelectControlType&) { tellNoControl(); }
 
 // --- events
 

@@ -12,6 +12,7 @@
 #include "backend/core/OrvMessageManager.h"
 #include "backend/core/Screen.h"
 #include "backend/input/computer/ComputerInputManager.h"
+#include "backend/input/controls/ControlManager.h"
 #include "backend/input/midi/MidiInputManager.h"
 #include "backend/layers/LayerManager.h"
 #include "backend/layers/OscManager.h"
@@ -47,6 +48,7 @@ public:
     {
         return midiEngine.getMessageManager();
     }
+    Controls::ControlMessageManager& getControlMessageManager() override { return controlManager.getMessageManager(); }
     void setLastWindowPosition(const WindowsLib::Rect& position) override;
     void removeGuiWindowHandle() override { setGuiWindowHandle({}); }
 
@@ -144,6 +146,7 @@ public:
     {
         return midiInputManager.getConfiguration();
     }
+    Controls::ControlManager& getControlManager() override { return controlManager; }
     void showControl(bool on) override
     {
         showScreen(Screen::controls, on ? OnOffToggle::State::on : OnOffToggle::State::off);
@@ -181,9 +184,12 @@ public:
     {
         sequencePresets.addPreset(name, text);
     }
-    void selectControl(const SelectControlType& select) override;
-    void changeControl(const SelectControlType& select, const RelativeFixedValue& value) override;
-    void sendControlData(const SelectControlType& select) override;
+    void selectControl(const SelectControlType& select) override { controlManager.selectControl(select); }
+    void changeControl(const SelectControlType& select, const RelativeFixedValue& value) override
+    {
+        controlManager.changeControl(select, value);
+    }
+    void sendControlData(const SelectControlType& select) override { controlManager.sendControlData(select); }
     void changeProgram(const SelectType& select) override;
     void changeDefaultMidiOutput(const SelectType& select) override;
     void showProgramMenu() override { tellGui(GuiMessage::SHOW_PROGRAM_MENU, 0); }
@@ -271,6 +277,7 @@ private:
     MidiEngine::MidiInputPorts midiInputPorts;
     MidiEngine::MidiOutputPorts midiOutputPorts;
     HeldNotes heldNotes;
+    bool initializing = false;  // what is loaded now is sent at the end of it, when there are ports
     MidiEngine::MidiEngine midiEngine;
     Display::Display display;
     RetroRecord::RetroRecordManager retroRecord;
@@ -278,6 +285,7 @@ private:
     Oscillators::OscManager oscManager;
     ComputerInput::ComputerInputManager computerInputManager;
     MidiInput::MidiInputManager midiInputManager;
+    Controls::ControlManager controlManager;
     Layers::LayerManager layerManager;
     Zones::ZoneManager zoneManager;
     SequenceManagement::SequencePresetManager sequencePresets;

@@ -37,6 +37,12 @@ namespace Display
 class DisplayMessageManager;
 }
 
+namespace Controls
+{
+class ControlManager;
+class ControlMessageManager;
+}  // namespace Controls
+
 namespace Layers
 {
 class LayerManager;
@@ -95,6 +101,7 @@ public:
     /// Reads the settings and the lists of presets, copies the factory content for a new user, and starts what the
     /// backend consists of. Reached through `OrvMessageManager::sendInitialize`.
     virtual void initialize() = 0;
+    /// Sends the controls that are to send when a program is loaded. The ports are there by now.
     virtual void endInitialize() = 0;
     /// Stops it again and saves the settings.
     virtual void end() = 0;
@@ -110,6 +117,7 @@ public:
     /// Any thread; they live as long as the backend.
     virtual OrvMessageManager& getOrvMessageManager() = 0;
     virtual MidiEngine::MidiEngineMessageManager& getMidiEngineMessageManager() = 0;
+    virtual Controls::ControlMessageManager& getControlMessageManager() = 0;
 
     /// Kept in the settings: where the window was.
     virtual void setLastWindowPosition(const WindowsLib::Rect& position) = 0;
@@ -136,7 +144,7 @@ public:
 
     /// Replaces the current program by the one of a file, keeping its number; of a ".prg" file its only one, of any
     /// other the one of that number. Every note is ended first. What a file lacks is emptied; a file without that
-    /// program leaves the sections as they are.
+    /// program leaves the sections as they are. Last, the controls that are to send then do.
     virtual void loadProgram(const std::string& path) = 0;
     /// The program of that number, from 0, of the current bank.
     virtual void changeProgram(int number) = 0;
@@ -194,6 +202,7 @@ public:
     virtual void toggleMidiInput() = 0;
     /// A copy.
     virtual MidiInput::MidiEventConfigurationMap getMidiInputConfiguration() const = 0;
+    virtual Controls::ControlManager& getControlManager() = 0;
     virtual void showControl(bool on) = 0;
     virtual void toggleControl() = 0;
     virtual void showSaveDialog() = 0;
@@ -248,7 +257,8 @@ public:
     virtual SequenceManagement::SequencePresetManager& getSequencePresetManager() = 0;
     /// Writes the sequence of that text as a preset, in place of one of that name.
     virtual void addSequencePreset(const std::string& name, const std::string& text) = 0;
-    /// On the controls of the screen; a cell without one changes nothing.
+
+    /// See `ControlManager`.
     virtual void selectControl(const SelectControlType& select) = 0;
     virtual void changeControl(const SelectControlType& select, const RelativeFixedValue& value) = 0;
     virtual void sendControlData(const SelectControlType& select) = 0;

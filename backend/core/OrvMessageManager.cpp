@@ -4,6 +4,7 @@
 
 #include "backend/core/Command.h"
 #include "backend/core/MessageManagerMaster.h"
+#include "backend/input/controls/ControlMessageManager.h"
 
 namespace Backend
 {
@@ -161,6 +162,11 @@ void OrvMessageManager::postEnableMidiOutput(int port, bool enabled)
 void OrvMessageManager::postProcessMidiInputEvent(const OrvMidiMessage& event)
 {
     master.post(packEvent(PROCESS_MIDI_INPUT_EVENT_VIA_PARAM, PROCESS_MIDI_INPUT_EVENT_VIA_ALLOC, event));
+}
+
+void OrvMessageManager::postChangeControl(const Cell& cell, std::int32_t value)
+{
+    orv.getControlMessageManager().postSetValue(cell, value);
 }
 
 void OrvMessageManager::postResetOrv() { master.post(pack(RESET_ORV)); }

@@ -32,6 +32,8 @@ public:
 
     /// Incoming MIDI: the host sets the event's input to the port number.
     void postProcessMidiInputEvent(const MidiEngine::OrvMidiMessage& event);
+    /// The user moves the control of that cell; without one there nothing happens.
+    void postChangeControl(const Cell& cell, std::int32_t value);
     void postResetOrv();
     /// See `OrvIF::loadProgram`; a path in UTF-8.
     void postLoadProgram(const std::string& path);

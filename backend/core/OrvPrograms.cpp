@@ -54,10 +54,12 @@ void Orv::loadProgramFrom(const std::string& path, int number)
     tellGui(GuiMessage::ORV_RESET, 0);
     program = Program{};
     program.number = number;
+    bool wasFound = false;
     if (!path.empty()) {
         const XmlDocument document(path, XmlDocument::Source::file);
         const XmlElement element = findProgram(document.getRoot(), path.ends_with(PROGRAM_FILE) ? 0 : number);
-        if (element.hasElement())
+        wasFound = element.hasElement();
+        if (wasFound)
             readProgram(element);
         else
             WindowsLib::DbgStream() << path << ": no program " << number;
@@ -65,6 +67,7 @@ void Orv::loadProgramFrom(const std::string& path, int number)
     midiEngine.getMessageManager().postSetTempo(program.tempo);
     midiEngine.getMessageManager().postSetTempoSource(program.tempoSource);
     tellGui(GuiMessage::PROGRAM, program);
+    if (wasFound && !initializing) controlManager.sendAll(true);
 }
 
 void Orv::readProgram(const XmlElement& element)
@@ -92,7 +95,8 @@ void Orv::readProgram(const XmlElement& element)
           [](Orv& orv) { orv.computerInputManager.setDefaults(); }},
          {"MidiInput", [](Orv& orv, const XmlElement& section) { orv.midiInputManager.loadSection(section); },
           [](Orv& orv) { orv.midiInputManager.setDefaults(); }},
-         {"Controls", passOver, nothing},
+         {"Controls", [](Orv& orv, const XmlElement& section) { orv.controlManager.loadSection(section); },
+          [](Orv& orv) { orv.controlManager.setDefaults(); }},
          {"Layers", [](Orv& orv, const XmlElement& section) { orv.layerManager.readXml(section); },
           [](Orv& orv) { orv.layerManager.setDefaults(); }},
          {"Zones", [](Orv& orv, const XmlElement& section) { orv.zoneManager.readXml(section); },

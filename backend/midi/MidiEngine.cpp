@@ -115,6 +115,12 @@ void MidiEngine::setRetroRecordManager(RetroRecord::RetroRecordManager* recorder
     isToldOf = guiWindow || retroRecordManager != nullptr;
 }
 
+void MidiEngine::setControlUpdates(Controls::ControlUpdates* updates)
+{
+    const Locked lock(criticalSection);
+    controlUpdates = updates;
+}
+
 void MidiEngine::setZoneMap(std::vector<Zones::Zone> newZones)
 {
     const Locked lock(criticalSection);

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <vector>
 
+#include "backend/input/controls/ControlUpdates.h"
 #include "backend/layers/EngineLayerList.h"
 #include "backend/layers/EngineOscList.h"
 #include "backend/layers/EngineZones.h"
@@ -79,6 +80,8 @@ public:
     void setGuiWindowHandle(WindowHandle window) EXCLUDES(criticalSection);
     /// What is played is recorded there; null for nowhere. It must outlive the slices.
     void setRetroRecordManager(RetroRecord::RetroRecordManager* recorder) EXCLUDES(criticalSection);
+    /// Whom to tell of what controls may follow; it must outlive the slices. Null for nobody.
+    void setControlUpdates(Controls::ControlUpdates* updates) EXCLUDES(criticalSection);
     /// Replaces the zones. Open presses keep the note they sound.
     void setZoneMap(std::vector<Zones::Zone> zones) EXCLUDES(criticalSection);
     /// Replaces the transposition of a zone, if it is there.
@@ -166,6 +169,10 @@ public:
         arpeggiosRest = {};
     }
 
+    /// Tells the controls of an event that goes out, as it was before it got its output and channel. They hear of it
+    /// on their own thread.
+    void postUpdateControl(Slice& slice, const OrvMidiMessage& event);
+
     /// Schedules an event from inside a slice.
     void postPlayMidi(Slice& slice, const OrvMidiMessage& event);
     /// False for an index outside the list of outputs too.
@@ -206,6 +213,7 @@ private:
     static void finish(Slice& slice);
 
     void playDirect(Slice& slice, OrvMidiMessage& event) REQUIRES(criticalSection);
+    void playOtherDirect(Slice& slice, OrvMidiMessage& event) REQUIRES(criticalSection);
     int getDefaultOutputFor(const OrvMidiMessage& event) REQUIRES(criticalSection);
     void tell(Slice& slice, const OrvMidiMessage& event) REQUIRES(criticalSection);
     void record(Slice& slice, const OrvMidiMessage& event) REQUIRES(criticalSection);
@@ -238,7 +246,8 @@ private:
     bool midiThru GUARDED_BY(criticalSection) = true;
     WindowHandle guiWindow GUARDED_BY(criticalSection);
     RetroRecord::RetroRecordManager* retroRecordManager GUARDED_BY(criticalSection) = nullptr;
-    bool isToldOf GUARDED_BY(criticalSection) = false;                    // what is played, to the window or the record
+    bool isToldOf GUARDED_BY(criticalSection) = false;  // what is played, to the window or the record
+    Controls::ControlUpdates* controlUpdates GUARDED_BY(criticalSection) = nullptr;
     std::vector<OrvMidiMessage> timedEvents GUARDED_BY(criticalSection);  // in order of arrival
     std::vector<OrvMidiMessage> pending GUARDED_BY(criticalSection);      // of this slice
     std::int32_t earliest GUARDED_BY(criticalSection) = 0;                // pulse among them

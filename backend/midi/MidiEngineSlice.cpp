@@ -155,10 +155,12 @@ void MidiEngine::playThroughLayers(Slice& slice, const OrvMidiMessage& event)
     }
     sentPairs.begin();
     for (Layers::EngineLayer* layer : layers.playing()) layer->playOther(slice, *this, event);
+    if (sentPairs.hasAny()) postUpdateControl(slice, event);  // once: wherever it went, the controls hear the same
 }
 
 void MidiEngine::playDirect(Slice& slice, OrvMidiMessage& event)
 {
+    if (!event.isNote()) return playOtherDirect(slice, event);
     const bool toDefaultOutput = event.isDefaultOutput();
     if (event.isDefaultChannel()) event.setChannel(0);
     if (toDefaultOutput) event.setOutput(getDefaultOutputFor(event));
@@ -168,6 +170,26 @@ void MidiEngine::playDirect(Slice& slice, OrvMidiMessage& event)
         if (const int place = placeOf(event.getChannel(), event.getD1()); place >= 0)
             directOutputs.remember(static_cast<std::size_t>(place), event.getOutput());
     playMidiInternal(slice, event, false);
+}
+
+/// Controls hear of an event with the output that it names, if any; the channel is always its own here.
+void MidiEngine::playOtherDirect(Slice& slice, OrvMidiMessage& event)
+{
+    OrvMidiMessage update = event;
+    update.setChannel(event.getChannel());
+    if (event.isDefaultChannel()) event.setChannel(0);
+    if (event.isDefaultOutput()) event.setOutput(defaultMidiOutput);
+    if (!isOutputEnabled(slice, event.getOutput())) return drop(slice, event, "output missing or not enabled");
+    postUpdateControl(slice, update);
+    playMidiInternal(slice, event, false);
+}
+
+void MidiEngine::postUpdateControl(Slice& slice, const OrvMidiMessage& event)
+{
+    Slice::proves(criticalSection);
+    if (controlUpdates == nullptr || !controlUpdates->follows(event)) return;
+    controlUpdates->postFromSlice(event);
+    slice.controls = controlUpdates;
 }
 
 /// Where an event for the default output goes: a note off to wherever its note on went.
@@ -238,6 +260,7 @@ void MidiEngine::finish(Slice& slice)
 {
     slice.window.wake();
     if (slice.recorder != nullptr) slice.recorder->wake();
+    if (slice.controls != nullptr) slice.controls->wake();
     for (ResetRequest* request = slice.served; request != nullptr;) {
         ResetRequest* next = request->next;
         request->done.set();  // from here on it is gone

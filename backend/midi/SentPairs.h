@@ -17,11 +17,16 @@ public:
         std::uint64_t& last = pairs[static_cast<unsigned>(output) * 16 + static_cast<unsigned>(channel)];
         if (last == event) return false;
         last = event;
+        latest = event;
         return true;
     }
 
+    /// Whether the event at hand has gone anywhere.
+    bool hasAny() const { return latest == event; }
+
 private:
     std::uint64_t event = 0;
+    std::uint64_t latest = 0;
     std::array<std::uint64_t, 128 * 16> pairs{};
 };
 }  // namespace Backend::MidiEngine

@@ -13,6 +13,11 @@ namespace Backend::RetroRecord
 class RetroRecordManager;
 }
 
+namespace Backend::Controls
+{
+class ControlUpdates;
+}
+
 namespace Backend::MidiEngine
 {
 struct ResetRequest;
@@ -42,6 +47,7 @@ private:
     WindowHandle window;                                  // to be woken, if anything was posted to it
     RetroRecord::RetroRecordManager* recorder = nullptr;  // the same
     std::optional<std::uint32_t> milliseconds;            // the slice's time, once it was asked for
+    Controls::ControlUpdates* controls = nullptr;         // the same
     std::vector<Drop> drops;                              // for the debug stream
 };
 }  // namespace Backend::MidiEngine

@@ -7,12 +7,7 @@ namespace Backend
 /// The presets of the sections that have no manager of their own. They know nothing of each other.
 struct PresetStores {
     PresetManager joystick{PresetSections::JOYSTICK};
-    PresetManager controls{PresetSections::CONTROLS};
 
-    void refresh()
-    {
-        for (PresetManager* store : {&joystick, &controls})
-            store->refresh();
-    }
+    void refresh() { joystick.refresh(); }
 };
 }  // namespace Backend

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <limits>
 #include <utility>
 
 #include "backend/input/functions/FunctionText.h"
@@ -15,6 +16,7 @@ namespace
 constexpr int HIGHEST_PORT = 127;
 constexpr int HIGHEST_ZONE = 127;
 constexpr int HIGHEST_CHANNEL = 15;
+constexpr int HIGHEST_CELL = 32767;
 constexpr int NONE = -1;
 
 Command parseMidi(PerformanceLine& line)
@@ -110,14 +112,22 @@ Command parseRecord(PerformanceLine& line)
     return RecordCommand{stem.string()};
 }
 
+Command parseControl(PerformanceLine& line)
+{
+    const auto [row, column] = line.twoNumbers("ROW,COL", HIGHEST_CELL);
+    using Limits = std::numeric_limits<std::int32_t>;
+    return ControlCommand{row, column, line.number("VALUE", Limits::min(), Limits::max())};
+}
+
 struct CommandRow {
     std::string_view word;
     Command (*parse)(PerformanceLine&);  // null: a command of the format that is not available yet
 };
 
 constexpr CommandRow COMMANDS[] = {
-    {"midi", parseMidi}, {"play", parsePlay}, {"enable", parseEnable}, {"key", parseKey},   {"function", parseFunction},
-    {"axis", nullptr},   {"button", nullptr}, {"control", nullptr},    {"load", parseLoad}, {"record", parseRecord},
+    {"midi", parseMidi},         {"play", parsePlay},     {"enable", parseEnable}, {"key", parseKey},
+    {"function", parseFunction}, {"axis", nullptr},       {"button", nullptr},     {"control", parseControl},
+    {"load", parseLoad},         {"record", parseRecord},
 };
 }  // namespace
 

@@ -58,7 +58,10 @@ void postKind(OrvMessageManager& backend, const FunctionCommand& command) { back
 void postKind(const Destination& destination, const RecordCommand& command)
 {
     destination.orv.getRetroRecordManager().save(command.stem, destination.window);
-}
+    void postKind(OrvMessageManager & backend, const ControlCommand& command)
+    {
+        backend.postChangeControl({command.row, command.column}, command.value);
+    }
 }  // namespace
 
 void post(Backend::OrvIF& orv, const Command& command, const WindowHandle& window)

@@ -73,9 +73,18 @@ struct RecordCommand {
     bool operator==(const RecordCommand&) const = default;
 };
 
+/// The user moves a control of the screen. Without one at that place nothing happens.
+struct ControlCommand {
+    int row;     ///< 0 to 32767; the grid ends at 15
+    int column;  ///< 0 to 32767; the grid ends at 15
+    std::int32_t value;
+
+    bool operator==(const ControlCommand&) const = default;
+};
+
 /// What a line of a performance asks for. A further kind is a struct here and a row in the table of parseCommand.
-using Command =
-    std::variant<MidiCommand, PlayCommand, EnableCommand, LoadCommand, KeyCommand, FunctionCommand, RecordCommand>;
+using Command = std::variant<MidiCommand, PlayCommand, EnableCommand, LoadCommand, KeyCommand, FunctionCommand,
+                             ControlCommand, RecordCommand>;
 
 struct TimedCommand {
     std::int32_t time;  ///< pulses from the start, 480 per quarter note, 0 to LAST_PULSE

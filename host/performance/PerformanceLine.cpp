@@ -82,6 +82,21 @@ int PerformanceLine::number(std::string_view name, int lowest, int highest)
     return value;
 }
 
+std::pair<int, int> PerformanceLine::twoNumbers(std::string_view name, int highest)
+{
+    const std::string_view given = word(name);
+    const auto comma = std::min(given.find(','), given.size());
+    const auto isNumber = [&](std::string_view digits, int& value) {
+        return parseWhole(digits, 10, value) && value >= 0 && value <= highest;
+    };
+    std::pair<int, int> values;
+    if (!isNumber(given.substr(0, comma), values.first) ||
+        !isNumber(given.substr(std::min(comma + 1, given.size())), values.second))
+        refuse(std::string(name) + " is " + quoted(given) + ", not two numbers from 0 to " + std::to_string(highest) +
+               " with a comma between them");
+    return values;
+}
+
 std::uint8_t PerformanceLine::hexadecimalByte(std::string_view name)
 {
     const std::string_view given = word(name);

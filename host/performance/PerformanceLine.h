@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace Host
 {
@@ -24,6 +25,9 @@ public:
 
     /// The next word as a decimal number from `lowest` to `highest`.
     int number(std::string_view name, int lowest, int highest);
+
+    /// The next word as two decimal numbers from 0 to `highest`, with a comma between them.
+    std::pair<int, int> twoNumbers(std::string_view name, int highest);
 
     /// The next word as a byte, one or two hexadecimal digits.
     std::uint8_t hexadecimalByte(std::string_view name);

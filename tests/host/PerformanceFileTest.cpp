@@ -46,6 +46,8 @@ TEST(PerformanceFile, UnderstandsEachCommand)
         {"enable input 1 on", EnableCommand{PortDirection::input, 1, true}},
         {" \tenable\toutput  0 off \t", EnableCommand{PortDirection::output, 0, false}},
         {"record a take # the first", RecordCommand{"a take"}},
+        {"control 0,15 -2147483648", ControlCommand{0, 15, -2147483647 - 1}},
+        {"control 32767,0 16383", ControlCommand{32767, 0, 16383}},
     };
     for (const auto& row : ROWS) {
         EXPECT_EQ(parseCommand(row.text, "standard input:1"), row.command) << row.text;
@@ -98,6 +100,10 @@ TEST(PerformanceFile, RefusesALineItCannotUnderstandNamingIt)
         {"0 enable inputs 0 on", "'inputs' is not 'input' or 'output'"},
         {"0 enable input on", "the port is 'on', not a number from 0 to 127"},
         {"0 enable input 0 true", "'true' is not 'on' or 'off'"},
+        {"0 control 3 64", "ROW,COL is '3', not two numbers from 0 to 32767 with a comma between them"},
+        {"0 control 3,-1 64", "ROW,COL is '3,-1', not two numbers from 0 to 32767 with a comma between them"},
+        {"0 control 3,4,5 64", "ROW,COL is '3,4,5', not two numbers from 0 to 32767 with a comma between them"},
+        {"0 control 3,4", "VALUE is missing"},
         {std::string_view("# \0", 3), "the line holds a NUL byte"},
         {"# caf\xE9", "the line is not UTF-8 text"},
         {"# \xF4\x90\x80\x80", "the line is not UTF-8 text"},

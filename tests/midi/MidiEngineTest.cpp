@@ -6,6 +6,7 @@
 #include <thread>
 
 #include "backend/core/GuiMessages.h"
+#include "backend/input/controls/DefaultControls.h"
 #include "backend/layers/RetroRecordManager.h"
 #include "tests/stage/Allocations.h"
 #include "tests/stage/Stage.h"
@@ -124,6 +125,10 @@ TEST(TimeSlice, AllocatesNothingInTheSteadyState)
     recorder.setOutputs(MidiOutputPorts(4));
     stage.engine.setRetroRecordManager(&recorder);
     std::vector<Layers::Layer> layers(7);
+    MessageQueue controls(1024);
+    Controls::ControlUpdates updates(controls);
+    updates.setFollowed(Controls::defaultControls());
+    stage.engine.setControlUpdates(&updates);
     layers[0].mono = true;
     layers[1].minVelocity = 30;
     layers[2].toggle.mode = NoteToggle::Mode::type2;
@@ -147,9 +152,11 @@ TEST(TimeSlice, AllocatesNothingInTheSteadyState)
         if (round >= 200) counted += allocationsOfThisThread() - before;
         while (window->handleNext([](Message&) {})) {}
         while (!recorder.getWorker().rest().resting) std::this_thread::yield();
+        while (controls.handleNext([](Message&) {})) {}
     }
     stage.engine.setRetroRecordManager(nullptr);
     EXPECT_EQ(counted, 0u);
+    EXPECT_EQ(controls.handledCount(), 400u);
     EXPECT_GT(stage.player.events.size(), 6000u);
 }
 

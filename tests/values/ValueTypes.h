@@ -4,6 +4,7 @@
 #include <type_traits>
 
 #include "backend/input/midi/ChannelTranslation.h"
+#include "backend/input/controls/ControlType.h"
 #include "backend/input/values/Cell.h"
 #include "backend/input/values/Fraction.h"
 #include "backend/input/values/Key.h"
@@ -25,7 +26,7 @@ using ValueTypes =
     std::tuple<Cell, Fraction, Key, MidiTranslationCondition, MidiTranslationValue, NoteToggle, OnOffToggle,
                RelativeFixedValue, SelectControlType, SelectType, TimeIntervalType, Backend::MidiEngine::Note,
                Backend::MidiEngine::MidiMessage, Backend::MidiInput::ChannelTranslation,
-               Backend::Oscillators::OscillatorType>;
+               Backend::Oscillators::OscillatorType, Backend::Controls::ControlType>;
 
 /// Whether what a value prints must print the same again when it is read. The names of the left modifier keys are
 /// printed but not read.

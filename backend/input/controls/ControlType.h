@@ -1,0 +1,24 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace Backend::Controls
+{
+/// How a control looks on the screen. One that is nothing, or only a label, never sends.
+struct ControlType {
+    enum class Kind : std::int32_t { none = 0, edit = 1, vfader = 2, hfader = 3, knob = 4, label = 5 };
+
+    Kind kind = Kind::none;
+
+    /// From "edit", "vfader", "hfader", "knob" or "label", blanks around it aside; anything else is none.
+    static ControlType fromXmlString(std::string_view text);
+    /// The same words; none prints as the empty text.
+    std::string toXmlString() const;
+
+    bool sends() const { return kind != Kind::none && kind != Kind::label; }
+
+    bool operator==(const ControlType&) const = default;
+};
+}  // namespace Backend::Controls
