@@ -52,6 +52,14 @@ enum Number : unsigned int {
     LAYER_NOTE_TOGGLE = 34726,  ///< the mode
     LAYER_EDIT = 34727,         ///< payload: SelectType; opens the settings of a layer
 
+    JOYSTICK_BUTTONS = 35219,      ///< payload: vector of JoystickButtonConfiguration, those that were replaced
+    JOYSTICK_AXES = 35222,         ///< payload: vector of AxisConfiguration, likewise
+    JOYSTICK_ENABLED = 35223,      ///< parameters: the joystick, 0 or 1
+    JOYSTICK_BUTTON_DOWN = 35224,  ///< first parameter: the joystick in the low byte, the button in the next
+    JOYSTICK_BUTTON_UP = 35225,    ///< the same
+    JOYSTICK_AXIS =
+        35226,  ///< the same of an axis, its value in the high 16 bits; second: the limits, `min` in the low
+
     ZONE_TRANSPOSE = 34969,  ///< parameters: the number, the transposition
     ZONES = 34970,           ///< payload: ZoneMap
     ZONE_SELECTED = 34971,   ///< parameters: the number, 0 or 1

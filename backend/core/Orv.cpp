@@ -32,6 +32,7 @@ Orv::Orv(const std::string& application, MidiEngine::MidiPlayer& player, RetroRe
       midiEngine(player),
       retroRecord([&player] { return player.getMilliseconds(); }, restoreRecord),
       oscManager(*this, messageManagerMaster),
+      joystickManager(*this, messageManagerMaster),
       computerInputManager(*this, messageManagerMaster),
       midiInputManager(*this, messageManagerMaster),
       controlManager(*this, messageManagerMaster),
@@ -40,6 +41,7 @@ Orv::Orv(const std::string& application, MidiEngine::MidiPlayer& player, RetroRe
 {
     messageManagerMaster.addMessageManager(&orvMessageManager);
     messageManagerMaster.addMessageManager(&oscManager.getMessageManager());
+    messageManagerMaster.addMessageManager(&joystickManager.getMessageManager());
     messageManagerMaster.addMessageManager(&computerInputManager.getMessageManager());
     messageManagerMaster.addMessageManager(&midiInputManager.getMessageManager());
     messageManagerMaster.addMessageManager(&controlManager.getMessageManager());
@@ -62,7 +64,7 @@ void Orv::initialize()
     startRetroRecord();
     sequencePresets.load();
     oscManager.getPresets().refresh();
-    presetStores.refresh();
+    joystickManager.getPresets().refresh();
     computerInputManager.getPresets().refresh();
     midiInputManager.getPresets().refresh();
     controlManager.getPresets().refresh();
@@ -204,6 +206,7 @@ void Orv::updateZones()
     std::vector<FunctionManagement::FunctionNoteSpan> spans;
     computerInputManager.getNoteSpans(spans);
     midiInputManager.getNoteSpans(spans);
+    joystickManager.getNoteSpans(spans);
     zoneManager.updateZones(spans);
 }
 

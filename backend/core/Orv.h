@@ -13,6 +13,7 @@
 #include "backend/core/Screen.h"
 #include "backend/input/computer/ComputerInputManager.h"
 #include "backend/input/controls/ControlManager.h"
+#include "backend/input/joystick/JoystickManager.h"
 #include "backend/input/midi/MidiInputManager.h"
 #include "backend/layers/LayerManager.h"
 #include "backend/layers/OscManager.h"
@@ -21,7 +22,6 @@
 #include "backend/layers/ZoneManager.h"
 #include "backend/midi/MidiEngine.h"
 #include "backend/persistence/Bank.h"
-#include "backend/persistence/PresetStores.h"
 #include "backend/persistence/Program.h"
 #include "backend/persistence/RegistrySettings.h"
 
@@ -39,7 +39,11 @@ public:
     void endInitialize() override;
     void end() override;
     void start() override { messageManagerMaster.start(); }
-    void stop() override { messageManagerMaster.stop(); }
+    void stop() override
+    {
+        stopJoysticks();
+        messageManagerMaster.stop();
+    }
 
     WindowHandle getGuiWindowHandle() const override;
     void setGuiWindowHandle(const WindowHandle& window) override;
@@ -103,11 +107,20 @@ public:
         showScreen(Screen::oscillators, on ? OnOffToggle::State::on : OnOffToggle::State::off);
     }
     void toggleOsc() override { showScreen(Screen::oscillators, OnOffToggle::State::toggle); }
+    Joystick::JoystickManager& getJoystickManager() override { return joystickManager; }
+    Joystick::JoystickMessageManager& getJoystickMessageManager() override
+    {
+        return joystickManager.getMessageManager();
+    }
     void showJoystick(bool on) override
     {
         showScreen(Screen::joystick, on ? OnOffToggle::State::on : OnOffToggle::State::off);
     }
     void toggleJoystick() override { showScreen(Screen::joystick, OnOffToggle::State::toggle); }
+    Joystick::JoystickConfiguration getJoystickConfiguration() const override
+    {
+        return joystickManager.getConfiguration();
+    }
     ComputerInput::ComputerInputManager& getComputerInputManager() override { return computerInputManager; }
     ComputerInput::ComputerInputMessageManager& getComputerInputMessageManager() override
     {
@@ -241,6 +254,8 @@ public:
     void setRandomSeed(std::uint32_t seed) override { midiEngine.setRandomSeed(seed); }
     void executeFunction(const std::string& xml) override;
     void moveWindow(const WindowMove& move) override;
+    void startJoysticks() override { joystickManager.getEngine().start(); }
+    void stopJoysticks() override { joystickManager.getEngine().stop(); }
 
 private:
     /// A small value travels in the first parameter, anything else as an owned copy.
@@ -281,8 +296,8 @@ private:
     MidiEngine::MidiEngine midiEngine;
     Display::Display display;
     RetroRecord::RetroRecordManager retroRecord;
-    PresetStores presetStores;
     Oscillators::OscManager oscManager;
+    Joystick::JoystickManager joystickManager;
     ComputerInput::ComputerInputManager computerInputManager;
     MidiInput::MidiInputManager midiInputManager;
     Controls::ControlManager controlManager;

@@ -43,6 +43,13 @@ class ControlManager;
 class ControlMessageManager;
 }  // namespace Controls
 
+namespace Joystick
+{
+class JoystickManager;
+class JoystickMessageManager;
+struct JoystickConfiguration;
+}  // namespace Joystick
+
 namespace Layers
 {
 class LayerManager;
@@ -181,8 +188,12 @@ public:
     virtual void toggleZone() = 0;
     virtual void showOsc(bool on) = 0;
     virtual void toggleOsc() = 0;
+    virtual Joystick::JoystickManager& getJoystickManager() = 0;
+    /// Any thread; it lives as long as the backend.
+    virtual Joystick::JoystickMessageManager& getJoystickMessageManager() = 0;
     virtual void showJoystick(bool on) = 0;
     virtual void toggleJoystick() = 0;
+    virtual Joystick::JoystickConfiguration getJoystickConfiguration() const = 0;
     virtual ComputerInput::ComputerInputManager& getComputerInputManager() = 0;
     /// Any thread; it lives as long as the backend.
     virtual ComputerInput::ComputerInputMessageManager& getComputerInputMessageManager() = 0;
@@ -328,5 +339,11 @@ public:
 
     /// Asks the window to move, in pixels or along the whole screen.
     virtual void moveWindow(const WindowMove& move) = 0;
+
+    /// From here until `stopJoysticks`, or `stop`, the joysticks that are plugged in play, on a thread of their own; at
+    /// the end the buttons that are held are released. A host that does not call it may report joysticks itself, see
+    /// `OrvMessageManager::postJoystickAxis`. The host's thread.
+    virtual void startJoysticks() = 0;
+    virtual void stopJoysticks() = 0;
 };
 }  // namespace Backend

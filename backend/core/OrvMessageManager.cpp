@@ -5,6 +5,7 @@
 #include "backend/core/Command.h"
 #include "backend/core/MessageManagerMaster.h"
 #include "backend/input/controls/ControlMessageManager.h"
+#include "backend/input/joystick/JoystickMessageManager.h"
 
 namespace Backend
 {
@@ -192,6 +193,20 @@ void OrvMessageManager::postKeyDown(const Key& key, bool isRepeat) { orv.keyDown
 void OrvMessageManager::postKeyUp(const Key& key) { orv.keyUp(key); }
 
 void OrvMessageManager::postExecuteFunction(const std::string& xml) { master.post(pack(EXECUTE_FUNCTION, xml)); }
+void OrvMessageManager::postJoystickAxis(int joystick, int axis, int value)
+{
+    orv.getJoystickMessageManager().postJoystickAxis({joystick, axis}, value);
+}
+
+void OrvMessageManager::postJoystickButtonDown(int joystick, int button, bool isRepeat)
+{
+    orv.getJoystickMessageManager().postJoystickButtonDown({joystick, button}, isRepeat);
+}
+
+void OrvMessageManager::postJoystickButtonUp(int joystick, int button)
+{
+    orv.getJoystickMessageManager().postJoystickButtonUp({joystick, button});
+}
 
 void OrvMessageManager::postToggleSystemPanel() { master.post(pack(TOGGLE_SYSTEM_PANEL)); }
 

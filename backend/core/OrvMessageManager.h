@@ -47,6 +47,11 @@ public:
     void postKeyUp(const Key& key);
     /// See `OrvIF::executeFunction`.
     void postExecuteFunction(const std::string& xml);
+    /// What a joystick, 0 or 1, reports: an axis 0 to 5 (X, Y, Z, U, V, R) at a value 0 to 65535, up and right being
+    /// high; a button 0 to 35, the last four the directions forward, back, left and right of its hat.
+    void postJoystickAxis(int joystick, int axis, int value);
+    void postJoystickButtonDown(int joystick, int button, bool isRepeat);
+    void postJoystickButtonUp(int joystick, int button);
     void postToggleSystemPanel();
     void postChangeTempo(const RelativeFixedValue& value, bool notify);
     void postChangeMidiThru(const OnOffToggle& value, bool notify);

@@ -84,13 +84,11 @@ void Orv::readProgram(const XmlElement& element)
         void (*read)(Orv& orv, const XmlElement& section);
         void (*empty)(Orv& orv);
     };
-    constexpr auto passOver = [](Orv&, const XmlElement&) {};
-    constexpr auto nothing = [](Orv&) {};
-    constexpr auto updateZones = [](Orv& orv) { orv.updateZones(); };
     constexpr auto sections = std::to_array<Section>(
         {{"Oscillators", [](Orv& orv, const XmlElement& section) { orv.oscManager.readXml(section); },
           [](Orv& orv) { orv.oscManager.setDefaults(); }},
-         {"Joystick", passOver, updateZones},
+         {"Joystick", [](Orv& orv, const XmlElement& section) { orv.joystickManager.readXml(section); },
+          [](Orv& orv) { orv.joystickManager.setDefaults(); }},
          {"ComputerInput", [](Orv& orv, const XmlElement& section) { orv.computerInputManager.loadSection(section); },
           [](Orv& orv) { orv.computerInputManager.setDefaults(); }},
          {"MidiInput", [](Orv& orv, const XmlElement& section) { orv.midiInputManager.loadSection(section); },

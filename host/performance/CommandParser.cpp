@@ -6,6 +6,8 @@
 #include <utility>
 
 #include "backend/input/functions/FunctionText.h"
+#include "backend/input/joystick/JoyAxisElementId.h"
+#include "backend/input/joystick/JoyButtonElementId.h"
 #include "host/InputError.h"
 #include "host/SetupFile.h"
 
@@ -17,6 +19,8 @@ constexpr int HIGHEST_PORT = 127;
 constexpr int HIGHEST_ZONE = 127;
 constexpr int HIGHEST_CHANNEL = 15;
 constexpr int HIGHEST_CELL = 32767;
+constexpr int HIGHEST_JOYSTICK = Backend::Joystick::JOYSTICKS - 1;
+constexpr int HIGHEST_POSITION = 65535;
 constexpr int NONE = -1;
 
 Command parseMidi(PerformanceLine& line)
@@ -80,17 +84,23 @@ Command parseLoad(PerformanceLine& line)
     return LoadCommand{path.string()};
 }
 
+PressAction parsePressAction(PerformanceLine& line)
+{
+    constexpr std::pair<std::string_view, PressAction> ACTIONS[] = {
+        {"down", PressAction::down}, {"repeat", PressAction::repeat}, {"up", PressAction::up}};
+    const std::string_view word = line.word("'down', 'repeat' or 'up'");
+    const auto* action = std::ranges::find(ACTIONS, word, &std::pair<std::string_view, PressAction>::first);
+    if (action == std::end(ACTIONS)) line.refuse(quoted(word) + " is not 'down', 'repeat' or 'up'");
+    return action->second;
+}
+
 Command parseKey(PerformanceLine& line)
 {
-    constexpr std::pair<std::string_view, KeyAction> ACTIONS[] = {
-        {"down", KeyAction::down}, {"repeat", KeyAction::repeat}, {"up", KeyAction::up}};
-    const std::string_view word = line.word("'down', 'repeat' or 'up'");
-    const auto* action = std::ranges::find(ACTIONS, word, &std::pair<std::string_view, KeyAction>::first);
-    if (action == std::end(ACTIONS)) line.refuse(quoted(word) + " is not 'down', 'repeat' or 'up'");
+    const PressAction action = parsePressAction(line);
     const std::string_view text = line.rest("KEY");
     const Key key = Key::fromXmlString(text);
     if (key.keyCode < 0) line.refuse("there is no key " + quoted(text));
-    return KeyCommand{action->second, key};
+    return KeyCommand{action, key};
 }
 
 Command parseFunction(PerformanceLine& line)
@@ -119,6 +129,26 @@ Command parseControl(PerformanceLine& line)
     return ControlCommand{row, column, line.number("VALUE", Limits::min(), Limits::max())};
 }
 
+Command parseAxis(PerformanceLine& line)
+{
+    AxisCommand command{};
+    command.joystick = line.number("JOYSTICK", 0, HIGHEST_JOYSTICK);
+    const std::string_view name = line.word("the axis");
+    command.axis = Backend::Joystick::findAxis(name);
+    if (command.axis < 0) line.refuse(quoted(name) + " is not an axis: X, Y, Z, U, V or R");
+    command.value = line.number("VALUE", 0, HIGHEST_POSITION);
+    return command;
+}
+
+Command parseButton(PerformanceLine& line)
+{
+    ButtonCommand command{};
+    command.joystick = line.number("JOYSTICK", 0, HIGHEST_JOYSTICK);
+    command.button = line.number("the button", 0, Backend::Joystick::BUTTONS - 1);
+    command.action = parsePressAction(line);
+    return command;
+}
+
 struct CommandRow {
     std::string_view word;
     Command (*parse)(PerformanceLine&);  // null: a command of the format that is not available yet
@@ -126,7 +156,7 @@ struct CommandRow {
 
 constexpr CommandRow COMMANDS[] = {
     {"midi", parseMidi},         {"play", parsePlay},     {"enable", parseEnable}, {"key", parseKey},
-    {"function", parseFunction}, {"axis", nullptr},       {"button", nullptr},     {"control", parseControl},
+    {"function", parseFunction}, {"axis", parseAxis},     {"button", parseButton}, {"control", parseControl},
     {"load", parseLoad},         {"record", parseRecord},
 };
 }  // namespace

@@ -47,10 +47,10 @@ void postKind(OrvMessageManager& backend, const LoadCommand& command) { postLoad
 
 void postKind(OrvMessageManager& backend, const KeyCommand& command)
 {
-    if (command.action == KeyAction::up)
+    if (command.action == PressAction::up)
         backend.postKeyUp(command.key);
     else
-        backend.postKeyDown(command.key, command.action == KeyAction::repeat);
+        backend.postKeyDown(command.key, command.action == PressAction::repeat);
 }
 
 void postKind(OrvMessageManager& backend, const FunctionCommand& command) { backend.postExecuteFunction(command.xml); }
@@ -58,10 +58,25 @@ void postKind(OrvMessageManager& backend, const FunctionCommand& command) { back
 void postKind(const Destination& destination, const RecordCommand& command)
 {
     destination.orv.getRetroRecordManager().save(command.stem, destination.window);
-    void postKind(OrvMessageManager & backend, const ControlCommand& command)
-    {
-        backend.postChangeControl({command.row, command.column}, command.value);
-    }
+}
+
+void postKind(OrvMessageManager& backend, const ControlCommand& command)
+{
+    backend.postChangeControl({command.row, command.column}, command.value);
+}
+
+void postKind(OrvMessageManager& backend, const AxisCommand& command)
+{
+    backend.postJoystickAxis(command.joystick, command.axis, command.value);
+}
+
+void postKind(OrvMessageManager& backend, const ButtonCommand& command)
+{
+    if (command.action == PressAction::up)
+        backend.postJoystickButtonUp(command.joystick, command.button);
+    else
+        backend.postJoystickButtonDown(command.joystick, command.button, command.action == PressAction::repeat);
+}
 }  // namespace
 
 void post(Backend::OrvIF& orv, const Command& command, const WindowHandle& window)

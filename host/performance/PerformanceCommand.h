@@ -49,11 +49,11 @@ struct LoadCommand {
     bool operator==(const LoadCommand&) const = default;
 };
 
-enum class KeyAction { down, repeat, up };
+enum class PressAction { down, repeat, up };
 
 /// A key of the computer as a window reports it.
 struct KeyCommand {
-    KeyAction action;
+    PressAction action;
     Key key;  ///< a key that has a name
 
     bool operator==(const KeyCommand&) const = default;
@@ -82,9 +82,27 @@ struct ControlCommand {
     bool operator==(const ControlCommand&) const = default;
 };
 
+/// A joystick reports that an axis has moved.
+struct AxisCommand {
+    int joystick;  ///< 0 or 1
+    int axis;      ///< 0 to 5: X, Y, Z, U, V, R
+    int value;     ///< 0 to 65535
+
+    bool operator==(const AxisCommand&) const = default;
+};
+
+/// A joystick reports a button.
+struct ButtonCommand {
+    int joystick;  ///< 0 or 1
+    int button;    ///< 0 to 35, from 32 the directions of the hat: forward, back, left, right
+    PressAction action;
+
+    bool operator==(const ButtonCommand&) const = default;
+};
+
 /// What a line of a performance asks for. A further kind is a struct here and a row in the table of parseCommand.
 using Command = std::variant<MidiCommand, PlayCommand, EnableCommand, LoadCommand, KeyCommand, FunctionCommand,
-                             ControlCommand, RecordCommand>;
+                             ControlCommand, AxisCommand, ButtonCommand, RecordCommand>;
 
 struct TimedCommand {
     std::int32_t time;  ///< pulses from the start, 480 per quarter note, 0 to LAST_PULSE

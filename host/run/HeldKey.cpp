@@ -9,7 +9,7 @@ void HeldKey::arrive(const Key& arrived, Time now)
     if (!isRepeat) release();
     key = arrived;
     end = now + (isRepeat ? BETWEEN_REPEATS : UNTIL_FIRST_REPEAT);
-    send({isRepeat ? KeyAction::repeat : KeyAction::down, arrived});
+    send({isRepeat ? PressAction::repeat : PressAction::down, arrived});
 }
 
 void HeldKey::pass(Time now)
@@ -20,7 +20,7 @@ void HeldKey::pass(Time now)
 void HeldKey::release()
 {
     if (!key) return;
-    send({KeyAction::up, *key});
+    send({PressAction::up, *key});
     key.reset();
 }
 }  // namespace Host

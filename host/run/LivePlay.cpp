@@ -55,6 +55,7 @@ void LivePlay::start()
     backend.sendSetMidiOutputPorts(ports.outputList());
     backend.sendEndInitialize();
     system.startClock(clock);
+    orv->startJoysticks();
     system.listen([&backend](const OrvMidiMessage& event) { backend.postProcessMidiInputEvent(event); });
 }
 
@@ -142,6 +143,7 @@ void LivePlay::end()
 void LivePlay::switchInputsOff()
 {
     system.stopListening();
+    orv->stopJoysticks();
     auto inputs = ports.inputList();
     for (auto& input : inputs) input.enabled = false;
     orv->getOrvMessageManager().sendSetMidiInputPorts(inputs);

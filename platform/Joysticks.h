@@ -1,0 +1,48 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <optional>
+
+#include "platform/Export.h"
+
+/// What the parts of a joystick stand at.
+struct JoystickReading {
+    static constexpr std::size_t AXES = 6;
+    static constexpr std::uint16_t AXIS_CENTRE = 32768;
+    static constexpr std::uint16_t POV_CENTRED = 65535;
+
+    /// In the order of the hardware's names: X, Y, Z, R, U, V. 0 is left, away from the player or released; an axis
+    /// that the joystick lacks stays at the centre.
+    std::array<std::uint16_t, AXES> axes{AXIS_CENTRE, AXIS_CENTRE, AXIS_CENTRE, AXIS_CENTRE, AXIS_CENTRE, AXIS_CENTRE};
+    std::uint32_t buttons = 0;        ///< bit n is set while button n is pressed, 0 to 31
+    std::uint16_t pov = POV_CENTRED;  ///< of the point-of-view hat: hundredths of a degree, clockwise from forward
+
+    bool operator==(const JoystickReading&) const = default;
+};
+
+/// The first two joysticks that are plugged in, found as they come and go. All on one thread, which may be any. Needs
+/// neither a display nor a device, opens no window and takes no signals; where the system has no joysticks there simply
+/// are none.
+class ORV_API Joysticks
+{
+public:
+    static constexpr std::size_t MAX_JOYSTICKS = 2;
+    using Readings = std::array<std::optional<JoystickReading>, MAX_JOYSTICKS>;
+
+    Joysticks();
+    ~Joysticks();
+
+    Joysticks(const Joysticks&) = delete;
+    Joysticks& operator=(const Joysticks&) = delete;
+
+    /// What each stands at now, by place; none where there is no joystick. One that comes takes the lowest free place,
+    /// and a place that was left is empty for at least one reading.
+    Readings read();
+
+private:
+    struct Devices;
+    std::unique_ptr<Devices> devices;
+};

@@ -1,0 +1,176 @@
+#include "backend/input/joystick/JoystickManager.h"
+
+#include <gtest/gtest.h>
+
+#include "backend/core/GuiMessages.h"
+#include "backend/core/MessageManagerMaster.h"
+#include "backend/layers/ZoneManager.h"
+#include "tests/joystick/JoystickStage.h"
+
+using namespace Backend;
+using namespace Backend::Joystick;
+
+TEST(AxisFunction, ScalesTheAxisToItsLimits)
+{
+    constexpr auto raw = AxisMode::raw;
+    constexpr auto position = AxisMode::position;
+    constexpr auto finished = AxisMode::finished;
+    struct Row {
+        std::int32_t min, max, offset;
+        AxisMode mode;
+        std::int32_t value, scaled;
+    };
+    for (const auto& [min, max, offset, mode, value, scaled] : {
+             Row{0, 127, 0, raw, 0, 0},
+             {0, 127, 0, raw, 65535, 127},
+             {0, 127, 0, raw, 32768, 64},
+             {127, 0, 0, raw, 0, 127},
+             {127, 0, 0, raw, 65535, 0},
+             {0, 16383, 0, raw, 65535, 16383},
+             {10, 20, 0, raw, -70000, 10},
+             {0, 127, -10, raw, 5159, 0},  // 10/127 of the way are cut off at both ends: 5159 to 60376
+             {0, 127, -10, raw, 16384, 26},
+             {0, 127, -10, raw, 60376, 127},
+             {0, 127, -10, raw, 65535, 127},
+             {0, 127, -10, position, 16384, 32},  // no matter for the window's grids
+             {0, 127, -10, static_cast<AxisMode>(7), 16384, 32},
+             {0, 127, 10, raw, 1000, 2},
+             {0, 127, 10, raw, 65535, 127},
+             {0, 127, -127, raw, 0, 127},  // past the middle the window is turned round
+             {0, 127, -9, finished, 100, 100},
+             {0, 127, 0, finished, 200, 127},
+             {127, 20, 0, finished, 3, 20},
+         }) {
+        const AxisFunction function{.min = min, .max = max, .offset = offset};
+        EXPECT_EQ(function.scaled(value, mode), scaled) << min << " " << max << " " << offset << " " << value;
+    }
+}
+
+TEST(JoystickAxis, SendsItsEventsInOrderUntilOneIsNone)
+{
+    JoystickStage stage;
+    stage.load(
+        "<Axis joystick='1' axis='V'><Function midiEvent='Pitch Bend' output='1' channel='2' max='16383'/>"
+        "<Function midiEvent='Channel Pressure' output='0' channel='0' min='127' max='0'/>"
+        "<Function midiEvent='Controller Change,7' output='0' channel='0' min='20' max='100'/>"
+        "<Function midiEvent='Nonsense'/><Function midiEvent='Program Change' output='0' channel='0'/></Axis>" +
+        controllerAxis(1, "R", 9) + controllerAxis(0, "V", 8));
+    stage.axis(1, "V", 65535);
+    EXPECT_EQ(stage.played(),
+              "Pitch Bend 127 127 on output 1 channel 2, Channel Pressure 0 0, Controller Change 7 100");
+    stage.axis(1, "V", 20000);  // 4999.9 of 16383: 39 * 128 + 8
+    EXPECT_EQ(stage.played(), "Pitch Bend 8 39 on output 1 channel 2, Channel Pressure 88 0, Controller Change 7 44");
+    stage.axis(1, "U", 1);
+    stage.axis(2, "V", 1);
+    EXPECT_EQ(stage.played(), "") << "not bound, and none";
+}
+
+TEST(JoystickAxis, IsMovedByTheGridsOfTheWindow)
+{
+    JoystickStage stage;
+    std::string axes;
+    for (int axis = 0; axis < 6; ++axis) axes += controllerAxis(1, std::string(getAxisName(axis)), axis);
+    stage.load(axes);
+    stage.messages().postXyGrid(1, AxisMode::finished, 11, 12);
+    stage.messages().postUvGrid(1, AxisMode::position, 65535, 32768);
+    stage.messages().postGuiAxis({1, findAxis("R")}, AxisMode::finished, 15);
+    EXPECT_EQ(stage.played(),
+              "Controller Change 0 11, Controller Change 1 12, Controller Change 3 127, Controller Change 4 64, "
+              "Controller Change 5 15");
+    for (unsigned number = 35223; number <= 35228; ++number)  // X, Y, Z, R, U, V, with their own messages
+        stage.orv->getMessageManagerMaster().postMessage(number, 2u << 16 | 1u, 7);
+    EXPECT_EQ(stage.played(),
+              "Controller Change 0 7, Controller Change 1 7, Controller Change 2 7, Controller Change 5 7, "
+              "Controller Change 3 7, Controller Change 4 7");
+}
+
+TEST(JoystickButton, RunsItsFunctionsAsAKeyDoes)
+{
+    JoystickStage stage;
+    const auto play = [](const std::string& note) {
+        return "<Down><MidiNoteOn output='0' channel='0' note='" + note + "'/></Down>";
+    };
+    stage.load("<Button joystick='0' button='35'><Function>" + play("C4") + "</Function><Function keepSending='true'>" +
+               play("D4") + "</Function><Function/><Function keepSending='true'>" + play("E4") +
+               "</Function></Button>" + noteButton(1, 35, "F4"));
+    stage.down(0, 35);
+    EXPECT_EQ(stage.played(), "C4 on, D4 on, E4 on");
+    stage.down(0, 35, true);
+    EXPECT_EQ(stage.played(), "D4 on") << "an entry that does nothing and is not sent again ends a repeat";
+    stage.down(1, 35), stage.down(1, 35, true), stage.up(0, 35), stage.up(1, 35), stage.down(0, 36);
+    stage.messages().postGuiButtonDown({1, 35}, false);
+    stage.messages().postGuiButtonUp({1, 35});
+    EXPECT_EQ(stage.played(), "F4 on, F4 off, F4 on, F4 off");
+}
+
+TEST(DisabledJoystick, IsNotHeardWhileItsGridStillPlays)
+{
+    JoystickStage stage;
+    stage.load(controllerAxis(0, "X", 1) + noteButton(0, 3, "C4") + noteButton(1, 3, "D4"));
+    stage.down(0, 3), stage.down(1, 3);
+    EXPECT_EQ(stage.played(), "C4 on, D4 on");
+    stage.messages().postEnableJoystick(0, false);
+    EXPECT_EQ(stage.played(), "C4 off") << "what it held is released";
+    stage.axis(0, "X", 9), stage.up(0, 3), stage.down(0, 3), stage.up(1, 3);
+    stage.messages().postGuiAxis({0, 0}, AxisMode::finished, 5);
+    stage.rest();
+    stage.messages().postGuiButtonDown({0, 3}, false);
+    EXPECT_EQ(stage.played(), "D4 off, Controller Change 1 5, C4 on");
+    stage.messages().postEnableJoystick(0, true);
+    stage.messages().postEnableJoystick(7, false);
+    stage.down(0, 3);
+    EXPECT_EQ(stage.played(), "C4 on");
+}
+
+TEST(JoystickButtons, AddTheZonesTheyPlayIn)
+{
+    JoystickStage stage;
+    stage.load(noteButton(0, 1, "C4", " zone='2'") + noteButton(1, 0, "G4", " zone='2'") + noteButton(0, 2, "C4"));
+    const auto& zones = stage.orv->getZoneManager().getZones();
+    ASSERT_EQ(zones.size(), 1u);
+    EXPECT_EQ(zones.findElement(2)->highNote.toXmlString(), "G4");
+    stage.messages().postSetButtonConfigurations({JoystickButtonConfiguration({1, 0})}, false);
+    stage.rest();
+    EXPECT_EQ(zones.findElement(2)->highNote.toXmlString(), "C4");
+}
+
+TEST(JoystickWindow, IsToldWhatMovesAndWhatIsBound)
+{
+    JoystickStage stage;
+    const auto window = std::make_shared<MessageQueue>();
+    const auto told = [&] {
+        std::string text;
+        stage.rest();
+        while (window->handleNext([&](Message& message) {
+            if (message.number == GuiMessage::ZONES) return;
+            text += (text.empty() ? "" : ", ") + std::to_string(message.number);
+            if (auto* buttons = message.payload.get<std::vector<JoystickButtonConfiguration>>())
+                text += " " + std::to_string(buttons->size());
+            else if (auto* axes = message.payload.get<std::vector<AxisConfiguration>>())
+                text += " " + std::to_string(axes->size());
+            else
+                text += " " + std::to_string(message.wparam) + " " + std::to_string(message.lparam);
+        })) {}
+        return text;
+    };
+    stage.orv->setGuiWindowHandle(WindowHandle(window));
+    stage.load(
+        "<Axis joystick='1' axis='R'><Function midiEvent='Pitch Bend' min='16383' max='-1'/>"
+        "<Function midiEvent='Channel Pressure'/></Axis>");
+    EXPECT_EQ(told(), "35219 72, 35222 12");
+    stage.axis(1, "R", 65535);
+    EXPECT_EQ(told(), "35226 " + std::to_string(0xFFFFu << 16 | 5u << 8 | 1u) + " " +
+                          std::to_string(static_cast<std::int32_t>(0xFFFF3FFF)))
+        << "the first event alone, with its limits";
+    stage.down(1, 33), stage.down(1, 33, true), stage.up(1, 33);
+    EXPECT_EQ(told(), "35224 8449 0, 35225 8449 0");
+    stage.messages().postEnableJoystick(1, false);
+    stage.messages().postEnableJoystick(1, true);
+    EXPECT_EQ(told(), "35223 1 0, 35223 1 1");
+    stage.messages().postSetAxisConfigurations({{.id = {0, 0}}, {.id = {0, 6}}}, true);
+    stage.messages().postSetButtonConfigurations({JoystickButtonConfiguration({0, 0})}, true);
+    stage.messages().postSetAxisConfigurations({{.id = {1, 5}}}, false);
+    EXPECT_EQ(told(), "35222 2, 35219 1");
+    EXPECT_EQ(stage.orv->getJoystickConfiguration().axes.size(), 12u);
+    EXPECT_TRUE(stage.orv->getJoystickConfiguration().axes.findElement({1, 5})->isEmpty());
+}

@@ -1,0 +1,160 @@
+#include <SDL.h>
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <csignal>
+#include <functional>
+#include <thread>
+
+#include "platform/Joysticks.h"
+#include "tests/joystick/JoystickStage.h"
+
+namespace
+{
+/// A device with six axes, 32 buttons and a hat, plugged in as long as it lives. Its parts move once it was opened.
+class VirtualJoystick
+{
+public:
+    VirtualJoystick()
+    {
+        SDL_VirtualJoystickDesc description{};
+        description.version = SDL_VIRTUAL_JOYSTICK_DESC_VERSION;
+        description.type = SDL_JOYSTICK_TYPE_FLIGHT_STICK;
+        description.naxes = 6;
+        description.nbuttons = 32;
+        description.nhats = 1;
+        description.name = "Virtual";
+        SDL_LockJoysticks();
+        id = SDL_JoystickGetDeviceInstanceID(SDL_JoystickAttachVirtualEx(&description));
+        SDL_UnlockJoysticks();
+    }
+    ~VirtualJoystick() { unplug(); }
+    VirtualJoystick(const VirtualJoystick&) = delete;
+    VirtualJoystick& operator=(const VirtualJoystick&) = delete;
+
+    bool isOpen() const { return SDL_JoystickFromInstanceID(id) != nullptr; }
+
+    void axis(int axis, Sint16 value) { SDL_JoystickSetVirtualAxis(device(), axis, value); }
+    void button(int button, bool pressed) { SDL_JoystickSetVirtualButton(device(), button, pressed ? 1 : 0); }
+    void hat(Uint8 value) { SDL_JoystickSetVirtualHat(device(), 0, value); }
+
+    void unplug()
+    {
+        SDL_LockJoysticks();
+        for (int index = 0; index < SDL_NumJoysticks(); ++index)
+            if (SDL_JoystickGetDeviceInstanceID(index) == id) SDL_JoystickDetachVirtual(index);
+        SDL_UnlockJoysticks();
+    }
+
+private:
+    SDL_Joystick* device() const { return SDL_JoystickFromInstanceID(id); }
+
+    SDL_JoystickID id = -1;
+};
+
+/// SDL as a host has it who plugs joysticks in.
+struct Plugs {
+    Plugs()
+    {
+        SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
+        EXPECT_EQ(SDL_InitSubSystem(SDL_INIT_JOYSTICK), 0) << SDL_GetError();
+    }
+    ~Plugs() { SDL_QuitSubSystem(SDL_INIT_JOYSTICK); }
+};
+
+void until(const std::function<bool()>& condition)
+{
+    const auto giveUp = std::chrono::steady_clock::now() + std::chrono::seconds(30);
+    while (!condition()) {
+        ASSERT_LT(std::chrono::steady_clock::now(), giveUp);
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    }
+}
+}  // namespace
+
+TEST(Joysticks, AreReadAsTheyComeMoveAndGo)
+{
+    const Plugs plugs;
+    if (SDL_NumJoysticks() > 0) GTEST_SKIP() << "a joystick is plugged in";
+    Joysticks joysticks;
+    EXPECT_FALSE(joysticks.read()[0]);
+    VirtualJoystick one, two, three;
+    auto readings = joysticks.read();
+    EXPECT_EQ(readings[0], JoystickReading{});
+    EXPECT_EQ(readings[1], JoystickReading{});
+    EXPECT_FALSE(three.isOpen()) << "there is room for two";
+
+    one.axis(0, -32768), one.axis(1, 32767), one.axis(5, 1);
+    one.button(0, true), one.button(31, true);
+    two.hat(SDL_HAT_LEFT);
+    readings = joysticks.read();
+    JoystickReading moved;
+    moved.axes = {0, 65535, 32768, 32768, 32768, 32769};
+    moved.buttons = 0x80000001u;
+    EXPECT_EQ(readings[0], moved);
+    EXPECT_EQ(readings[1]->pov, 27000);
+    constexpr std::pair<Uint8, int> HATS[] = {{SDL_HAT_UP, 0},       {SDL_HAT_RIGHTUP, 4500},   {SDL_HAT_RIGHT, 9000},
+                                              {SDL_HAT_DOWN, 18000}, {SDL_HAT_LEFTDOWN, 22500}, {0, 65535}};
+    for (const auto& [hat, pov] : HATS) {
+        two.hat(hat);
+        EXPECT_EQ(joysticks.read()[1]->pov, pov);
+    }
+
+    one.unplug();
+    EXPECT_FALSE(joysticks.read()[0]) << "empty before another takes the place";
+    EXPECT_EQ(joysticks.read()[0], JoystickReading{});
+    EXPECT_TRUE(three.isOpen());
+}
+
+TEST(Joysticks, TakeNoSignalsAndOpenNoWindow)
+{
+    struct sigaction before = {};
+    struct sigaction after = {};
+    sigaction(SIGINT, nullptr, &before);
+    Joysticks joysticks;
+    joysticks.read();
+    sigaction(SIGINT, nullptr, &after);
+    EXPECT_EQ(before.sa_handler, after.sa_handler);
+    EXPECT_EQ(SDL_WasInit(SDL_INIT_VIDEO), 0u);
+}
+
+TEST(PluggedInJoystick, PlaysUntilItIsUnpluggedOrNobodyWatches)
+{
+    const Plugs plugs;
+    if (SDL_NumJoysticks() > 0) GTEST_SKIP() << "a joystick is plugged in";
+    JoystickStage stage;
+    stage.load(controllerAxis(0, "Y", 7) + noteButton(0, 4, "C4") + noteButton(0, 35, "E4"));
+    stage.orv->startJoysticks();
+    std::string heard;
+    const auto hears = [&](const std::string& wanted) {
+        until([&] {
+            const std::string now = stage.played();
+            if (!now.empty()) heard += (heard.empty() ? "" : ", ") + now;
+            return heard.size() >= wanted.size();
+        });
+        EXPECT_EQ(std::exchange(heard, {}), wanted);
+    };
+    VirtualJoystick first;
+    until([&] { return first.isOpen(); });
+    first.axis(1, 32767);
+    hears("Controller Change 7 0");
+    first.button(4, true);
+    hears("C4 on");
+    first.hat(SDL_HAT_RIGHT);
+    hears("E4 on");
+    first.hat(SDL_HAT_CENTERED);
+    hears("E4 off");
+    first.unplug();
+    hears("C4 off");
+
+    VirtualJoystick second;
+    until([&] { return second.isOpen(); });
+    second.button(4, true);
+    hears("C4 on");
+    stage.orv->stopJoysticks();
+    hears("C4 off");
+    stage.orv->startJoysticks();
+    until([&] { return second.isOpen(); });
+    second.button(4, false);
+    hears("C4 off");
+}
