@@ -141,7 +141,7 @@ class Render(unittest.TestCase):
     def test_bad_input_is_one_line_status_2_and_no_file(self):
         good = self.path("good.perf", b"0 play 0 0 -1 144 60 100\n")
         bad = self.path("bad.perf", b"0 play 0 0 -1 144 60 100\n\n5 pluy 0\n")
-        later = self.path("later.perf", b"0 key down Q\n")
+        later = self.path("later.perf", b"0 key down Nonsense\n")
         cut = self.path("cut.mid", b"MThd\0\0\0\6\0\1\0\1\1\xe0MTrk\0\0\0\x10\0\x90")
         cases = [([bad], "bad.perf:3"), ([later], "later.perf:1"), ([cut], "cut.mid"),
                  ([self.path("missing.perf")], "missing.perf"), ([self.folder.name], ""), ([], ""),
