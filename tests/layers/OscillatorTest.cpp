@@ -35,7 +35,7 @@ std::string textOf(const OscList& list, const std::vector<OscId>& ids = {})
 /// The engine alone, with a slice for each pulse.
 struct Engine {
     RecordingPlayer player;
-    MidiEngine::MidiEngine engine{player};
+    Backend::MidiEngine::MidiEngine engine{player};
     int pulse = 0;
 
     explicit Engine(const std::string& oscillators)
