@@ -114,6 +114,9 @@ class Render(unittest.TestCase):
         self.assertEqual(contents[0][0][22:], b"\0\x90\x3C\x64\x28\x80\x3C\x40\x8A\x78\xC2\x07" + end)
         self.assertEqual(contents[0][1][22:], b"\x14\x90\x3D\x01" + end)
         self.assertEqual(contents[0][2][22:], b"\x28\xF7\x03\xF2\x01\x02" + end)
+        slow = self.path("slow.prg", b'<ProgramFile><Program tempo="60"/></ProgramFile>')
+        self.orvane(performance, "--events", self.path("events"), "--load", slow)
+        self.assertIn(b"\x90\x3C\x64\x50\x80", self.read(paths[0]), "at half the tempo twice the time")
 
     def test_a_record_that_cannot_be_written_is_one_line(self):
         folder = self.path("takes")
