@@ -46,6 +46,17 @@ void arpeggios(std::string_view kind, int rounds)
     bench.playPulses(rounds * Workload::EVENTS);
 }
 
+void oscillators(int rounds, Workload::Sines state)
+{
+    SummingPlayer player;
+    MidiEngine engine(player);
+    engine.setMidiOutputPorts(MidiOutputPorts(1));
+    engine.setOscList(Workload::sines(16, state));
+    const std::int32_t first = MidiEngine::FIRST_PULSE;
+    for (std::int32_t pulse = first; pulse < first + rounds * Workload::EVENTS; ++pulse)
+        engine.playTimeSlice(pulse, pulse + 1);
+}
+
 void resets(int rounds)
 {
     SummingPlayer player;
@@ -81,6 +92,12 @@ int main(int argc, char** argv)
         idlePulses(rounds);
     else if (road.starts_with("arpeggios_"))
         arpeggios(road.substr(10), rounds);
+    else if (road == "sines_standing")
+        oscillators(rounds, Workload::Sines::standing);
+    else if (road == "sines_thinned")
+        oscillators(rounds, Workload::Sines::thinned);
+    else if (road == "sines_detailed")
+        oscillators(rounds, Workload::Sines::detailed);
     else if (road == "reset")
         resets(rounds);
     wake.set();

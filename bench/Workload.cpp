@@ -112,4 +112,20 @@ std::vector<Backend::Layers::Layer> layers(int count)
     }
     return layers;
 }
+
+std::vector<Backend::Oscillators::Oscillator> sines(int count, Sines state)
+{
+    using namespace Backend::MidiEngine;
+    std::vector<Backend::Oscillators::Oscillator> sines(static_cast<std::size_t>(count));
+    for (int i = 0; i < count; ++i) {
+        auto& sine = sines[static_cast<std::size_t>(i)];
+        sine.id = i;
+        sine.midiMessage = MidiMessage(MessageType::controllerChange, i);
+        sine.output = 0;
+        sine.channel = static_cast<std::int8_t>(i % 16);
+        sine.playing = state != Sines::standing;
+        if (state == Sines::detailed) sine.detail = 1;
+    }
+    return sines;
+}
 }  // namespace Workload

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "backend/layers/Layer.h"
+#include "backend/layers/Oscillator.h"
 
 /// The fixed events that every benchmark plays, so that any program can be given the same ones and checked by the same
 /// sum. Integer-exact.
@@ -25,6 +26,10 @@ std::vector<Event> mix();
 
 /// Layer i of `count`: a range of 41 notes, a transposition, a velocity factor and a channel of its own.
 std::vector<Backend::Layers::Layer> layers(int count);
+
+/// So many sines of speed 480, each for a controller of its own.
+enum class Sines { standing, thinned, detailed };  ///< playing with the default detail, or with the finest
+std::vector<Backend::Oscillators::Oscillator> sines(int count, Sines state);
 
 /// What one round of them sums to when every event comes out as it went in.
 constexpr std::uint64_t SUM_OF_NOTES = 0x3559967188c30198;

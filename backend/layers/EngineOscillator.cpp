@@ -41,13 +41,6 @@ double periodOf(OscillatorType::Kind kind, double range)
     }
 }
 
-/// The largest whole number that is not above one well within 64 bits.
-std::int64_t floorOf(double number)
-{
-    const auto whole = static_cast<std::int64_t>(number);
-    return whole - (number < static_cast<double>(whole) ? 1 : 0);
-}
-
 /// A phase has no end. Far beyond the point where it has lost its fraction it stops being counted.
 double countable(double phase)
 {
@@ -73,11 +66,13 @@ EngineOscillator::EngineOscillator(const Oscillator& settings)
       playing(settings.playing),
       range(rangeOf(settings)),
       base(std::min(settings.min, settings.max)),
+      sine(range, base),
       period(periodOf(kind, range)),
       mirror(std::int64_t{settings.min} + settings.max),
       detail(std::max<std::int64_t>(std::abs(std::int64_t{settings.detail}), 1)),
       id(settings.id),
       stopValue(settings.stopValue),
+      hasMessage(settings.midiMessage.isValid()),
       message(settings.midiMessage, settings.output, settings.channel, settings.zone, {})
 {
     setSpeed(settings.speed);
@@ -85,9 +80,8 @@ EngineOscillator::EngineOscillator(const Oscillator& settings)
 
 void EngineOscillator::setSpeed(std::int32_t speed) { perPulse = speed == 0 ? 0 : period / speed; }
 
-std::optional<OrvMidiMessage> EngineOscillator::makeEvent(std::int64_t value) const
+OrvMidiMessage EngineOscillator::makeEvent(std::int64_t value) const
 {
-    if (!message.getMidiMessage().isValid()) return std::nullopt;
     OrvMidiMessage event = message;
     if (event.isPitchBend()) {
         event.setD1(static_cast<int>(value & 127));
@@ -103,17 +97,20 @@ std::optional<OrvMidiMessage> EngineOscillator::makeEvent(std::int64_t value) co
 void EngineOscillator::step(Slice& slice, MidiEngine::MidiEngine& engine, std::int32_t pulses)
 {
     const double oldPhase = std::exchange(phase, phase + perPulse * pulses);
-    std::int64_t value = valueAt(phase, oldPhase, slice, engine);
+    std::int64_t value = kind == Kind::sin ? sine.valueAt(phase) : valueAt(phase, oldPhase, slice, engine);
     if (inverted) value = mirror - value;
     if (value == lastValue) return;
     if (flows) {
-        countChange();
-        if (sendCount != 0 && sendCount != detail) return;
+        if (--changesLeft > 0) return;
+        changesLeft = detail;
+        shows = !shows;
     }
-    if (auto event = makeEvent(value)) engine.playMidi(slice, *event);
+    if (hasMessage) {
+        OrvMidiMessage event = makeEvent(value);
+        engine.playMidi(slice, event);
+    }
     lastValue = value;
-    if (flows && sendCount != 0) return;
-    engine.tellOscValue(slice, id, static_cast<std::int32_t>(value));
+    if (shows) engine.tellOscValue(slice, id, static_cast<std::int32_t>(value));
 }
 
 std::int64_t EngineOscillator::valueAt(double newPhase, double oldPhase, Slice& slice, MidiEngine::MidiEngine& engine)
@@ -125,11 +122,9 @@ std::int64_t EngineOscillator::valueAt(double newPhase, double oldPhase, Slice& 
             return static_cast<std::int64_t>(base) + unitsIntoCycle(newPhase, static_cast<std::int64_t>(range));
         case Kind::pulse:
             return static_cast<std::int64_t>(base) + (isInSecondHalf(newPhase) ? static_cast<std::int64_t>(range) : 0);
-        case Kind::random:
+        default:
             if (isInSecondHalf(newPhase) == isInSecondHalf(oldPhase)) return lastValue;
             return floorOf(engine.drawRandom(slice) * (range / MidiEngine::RandomSource::HIGHEST) + base + 0.5);
-        default:
-            return floorOf((std::sin(newPhase) + 1) * 0.5 * range + base + 0.5);
     }
 }
 }  // namespace Backend::Oscillators

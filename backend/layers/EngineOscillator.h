@@ -1,9 +1,9 @@
 #pragma once
 
 #include <cstdint>
-#include <optional>
 
 #include "backend/layers/Oscillator.h"
+#include "backend/layers/SineWave.h"
 #include "backend/midi/OrvMidiMessage.h"
 #include "backend/midi/Slice.h"
 
@@ -29,8 +29,10 @@ public:
     void setSpeed(std::int32_t speed);
 
     std::int32_t getStopValue() const { return stopValue; }
-    /// The event that carries a value; none if the message is none.
-    std::optional<MidiEngine::OrvMidiMessage> makeEvent(std::int64_t value) const;
+    /// Whether there is anything to carry the values.
+    bool isHeard() const { return hasMessage; }
+    /// The event that carries a value.
+    MidiEngine::OrvMidiMessage makeEvent(std::int64_t value) const;
 
     /// Moves on by so many pulses, below 0 where the clock went back, and plays the value if it changed. Of the
     /// changes of a wave that flows only every `detail`-th is played, and every other one of these is shown.
@@ -40,7 +42,6 @@ private:
     using Kind = OscillatorType::Kind;
 
     std::int64_t valueAt(double newPhase, double oldPhase, MidiEngine::Slice& slice, MidiEngine::MidiEngine& engine);
-    void countChange() { sendCount = sendCount + 1 == 2 * detail ? 0 : sendCount + 1; }
 
     Kind kind;
     bool flows;     // sin, tri and saw, whose changes are thinned out
@@ -48,15 +49,18 @@ private:
     bool playing;
     double range;  // the width of the wave; for a saw the number of its values
     double base;   // its lowest value
+    SineWave sine;
     double period;
     double perPulse = 0;  // of phase
     double phase = 0;
     std::int64_t mirror;  // the lowest and the highest value together
     std::int64_t detail;
-    std::int64_t sendCount = 0;  // changes seen, up to twice the detail
+    std::int64_t changesLeft = detail;  // until one is played
+    bool shows = true;                  // what is played; turned over each time where values are thinned out
     std::int64_t lastValue = -1;
     OscId id;
     std::int32_t stopValue;
+    bool hasMessage;
     MidiEngine::OrvMidiMessage message;
 };
 }  // namespace Backend::Oscillators

@@ -2,11 +2,15 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <fstream>
+#include <numbers>
+#include <random>
 #include <sstream>
 
 #include "backend/core/GuiMessages.h"
 #include "backend/layers/OscList.h"
+#include "backend/layers/SineWave.h"
 #include "backend/midi/MidiEngine.h"
 #include "backend/persistence/XmlDocument.h"
 #include "tests/stage/Allocations.h"
@@ -121,6 +125,24 @@ TEST(Oscillators, PlayTheEventsOfTheirFormulas)
         played += stage.play(last);
         expected << std::ifstream(path + ".events").rdbuf();
         EXPECT_EQ("ppq,output,status,d1,d2\n" + played, expected.str()) << name;
+    }
+}
+
+TEST(SineWave, GivesTheValuesOfTheLibrarysSine)
+{
+    std::mt19937_64 random(1);
+    const auto even = [&](double low, double high) { return std::uniform_real_distribution(low, high)(random); };
+    for (int round = 0; round < 300000; ++round) {
+        const double range = std::floor(std::exp2(even(0, 32)));
+        const double base = std::floor(even(-1, 1) * std::exp2(even(0, 31)));
+        const SineWave sine(range, base);
+        // Any phase, and one at which the value changes
+        double phase = even(-1, 1) * std::exp2(even(0, 32));
+        ASSERT_EQ(sine.valueAt(phase), sine.exactValue(phase)) << range << " " << base << " " << phase;
+        const double step = std::floor(even(0, range)) + 0.5;
+        phase = std::asin(step / range * 2 - 1) + std::floor(even(-1e8, 1e8)) * 2 * std::numbers::pi;
+        for (int i = 0; i < 3; ++i, phase = std::nextafter(phase, 1e10))
+            ASSERT_EQ(sine.valueAt(phase), sine.exactValue(phase)) << range << " " << base << " " << phase;
     }
 }
 
