@@ -4,33 +4,35 @@ namespace Backend::GuiMessage
 {
 /// What the backend tells the window, each with owned copies where the two parameters do not hold it.
 enum Number : unsigned int {
-    RETRO_RECORD_SAVED = 32880,  ///< payload: RetroRecord::SaveReport
-
+    RETRO_RECORD_SAVED = 32880,             ///< payload: RetroRecord::SaveReport
     MIDI_INPUT_PORTS = 33221,               ///< payload: MidiInputPorts
     MIDI_OUTPUT_PORTS = 33223,              ///< payload: MidiOutputPorts
     DOCK_TO_BOTTOM_EDGE = 33229,            ///< first parameter, as of all settings here: 0 or 1
+    DEFAULT_BANK = 33230,                   ///< payload: string, its path
     LARGE_DISPLAY_FONT = 33233,             ///< 0 or 1
     ALWAYS_ON_TOP = 33236,                  ///< 0 or 1
     BANK = 33240,                           ///< payload: Bank
+    OPERATION_DONE = 33241,                 ///< to a progress dialog; first parameter: 1, or 0 if nothing was written
     SHOW_SAVE_DIALOG = 33242,               ///< nothing
     SHOW_PROGRAM_MENU = 33243,              ///< nothing
     SHOW_DEFAULT_MIDI_OUTPUT_MENU = 33244,  ///< nothing
     MOVE_WINDOW = 33245,                    ///< payload: WindowMove
     MIDI_OUTPUT_EVENT = 33248,              ///< parameters: an event on its way to the player
+    ORV_RESET = 33253,                      ///< a hard reset was done
+    PROGRAM_NAME = 33255,                   ///< payload: Program
+    PROGRAM = 33257,                        ///< payload: Program
+    DEFAULT_MIDI_OUTPUT = 33258,            ///< first parameter: the output, -1 for none
+    USE_SKIN_BORDER = 33260,                ///< 0 or 1
+    SHOW_SCREEN = 33261,                    ///< parameters: the Screen, the state of an OnOffToggle
+    RETRO_RECORD_BUFFER_SIZE = 33262,       ///< in bytes
+    RETRO_RECORD_ENABLED = 33263,           ///< 0 or 1
+    MIDI_THRU = 33265,                      ///< 0 or 1
+    GLOBAL_KEYBOARD = 33266,                ///< 0 or 1
+    MOUSE_SENSITIVITY = 33268,              ///< the divisor
+    CLICK_ZONE_CHANNEL_TRANSPOSE = 33272,   ///< 0 or 1
 
-    ORV_RESET = 33253,                     ///< a hard reset was done
-    PROGRAM = 33257,                       ///< payload: Program
-    DEFAULT_MIDI_OUTPUT = 33258,           ///< first parameter: the output, -1 for none
-    USE_SKIN_BORDER = 33260,               ///< 0 or 1
-    SHOW_SCREEN = 33261,                   ///< parameters: the Screen, the state of an OnOffToggle
-    RETRO_RECORD_BUFFER_SIZE = 33262,      ///< in bytes
-    RETRO_RECORD_ENABLED = 33263,          ///< 0 or 1
-    MIDI_THRU = 33265,                     ///< 0 or 1
-    GLOBAL_KEYBOARD = 33266,               ///< 0 or 1
-    MOUSE_SENSITIVITY = 33268,             ///< the divisor
-    CLICK_ZONE_CHANNEL_TRANSPOSE = 33272,  ///< 0 or 1
-    KEY_CONFIGURATIONS = 33469,            ///< payload: vector of KeyConfiguration, those that were replaced
-    COMPUTER_INPUT = 33470,  ///< first parameter: whether modifiers count on key up; payload: KeyConfigurationMap
+    KEY_CONFIGURATIONS = 33469,  ///< payload: vector of KeyConfiguration, those that were replaced
+    COMPUTER_INPUT = 33470,      ///< first parameter: whether modifiers count on key up; payload: KeyConfigurationMap
     COMPUTER_INPUT_CHANGED = 33471,  ///< nothing; what the keys do has changed
     COMPUTER_INPUT_PRESET = 33472,   ///< nothing; a preset was loaded
 
@@ -52,17 +54,16 @@ enum Number : unsigned int {
     LAYER_NOTE_TOGGLE = 34726,  ///< the mode
     LAYER_EDIT = 34727,         ///< payload: SelectType; opens the settings of a layer
 
+    ZONE_TRANSPOSE = 34969,  ///< parameters: the number, the transposition
+    ZONES = 34970,           ///< payload: ZoneMap
+    ZONE_SELECTED = 34971,   ///< parameters: the number, 0 or 1
+
     JOYSTICK_BUTTONS = 35219,      ///< payload: vector of JoystickButtonConfiguration, those that were replaced
     JOYSTICK_AXES = 35222,         ///< payload: vector of AxisConfiguration, likewise
     JOYSTICK_ENABLED = 35223,      ///< parameters: the joystick, 0 or 1
     JOYSTICK_BUTTON_DOWN = 35224,  ///< first parameter: the joystick in the low byte, the button in the next
     JOYSTICK_BUTTON_UP = 35225,    ///< the same
-    JOYSTICK_AXIS =
-        35226,  ///< the same of an axis, its value in the high 16 bits; second: the limits, `min` in the low
-
-    ZONE_TRANSPOSE = 34969,  ///< parameters: the number, the transposition
-    ZONES = 34970,           ///< payload: ZoneMap
-    ZONE_SELECTED = 34971,   ///< parameters: the number, 0 or 1
+    JOYSTICK_AXIS = 35226,         ///< joystick, axis and, from bit 16, the value; `min` and, from bit 16, `max`
 
     OSCILLATORS = 35469,     ///< payload: OscList
     OSC_SELECTED = 35470,    ///< parameters, as of all oscillator messages here: the id, then 0 or 1

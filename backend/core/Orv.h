@@ -1,7 +1,10 @@
 #pragma once
 
+#include <iosfwd>
 #include <mutex>
+#include <span>
 #include <string>
+#include <string_view>
 #include <type_traits>
 
 #include "backend/core/Display.h"
@@ -11,6 +14,7 @@
 #include "backend/core/OrvIF.h"
 #include "backend/core/OrvMessageManager.h"
 #include "backend/core/Screen.h"
+#include "backend/core/ScreenState.h"
 #include "backend/input/computer/ComputerInputManager.h"
 #include "backend/input/controls/ControlManager.h"
 #include "backend/input/joystick/JoystickManager.h"
@@ -22,6 +26,7 @@
 #include "backend/layers/ZoneManager.h"
 #include "backend/midi/MidiEngine.h"
 #include "backend/persistence/Bank.h"
+#include "backend/persistence/BankFile.h"
 #include "backend/persistence/Program.h"
 #include "backend/persistence/RegistrySettings.h"
 
@@ -57,6 +62,7 @@ public:
     void removeGuiWindowHandle() override { setGuiWindowHandle({}); }
 
     void setDockToBottomEdge(bool on) override;
+    void setDefaultBank(const std::string& path) override;
     void setMouseSensitivity(int divisor) override;
     void setMidiInputPorts(const MidiEngine::MidiInputPorts& ports) override;
     void setMidiOutputPorts(const MidiEngine::MidiOutputPorts& ports) override;
@@ -67,7 +73,16 @@ public:
     void processMidiInputEvent(const MidiEngine::OrvMidiMessage& event) override;
     void loadProgram(const std::string& path) override;
     void changeProgram(int number) override;
+    void loadProgramFromString(const std::string& text, int number) override;
     void loadBank(const std::string& path) override;
+    void importVersion2Bank(const std::string& source, const std::string& target, const WindowHandle& window) override;
+    void importVersion2Program(const std::string& source, const std::string& target,
+                               const WindowHandle& window) override;
+    void importVersion2Preset(const std::string& source, const std::string& name, const WindowHandle& window) override;
+    void saveToCurrentBank(int number, const WindowHandle& window) override;
+    void saveToBank(const std::string& path, const WindowHandle& window) override;
+    void saveToProgram(const std::string& path, const WindowHandle& window) override;
+    std::string getProgramAsString() override;
     void setAlwaysOnTop(bool on) override;
     void setUseSkinBorder(bool on) override;
     void setDisplayHeight(int pixels) override;
@@ -192,6 +207,8 @@ public:
     void setTempoSource(int source, bool notify) override;
     void updateZones() override;
     void resetOrv() override;
+    void changeBankSize(int size, const WindowHandle& window) override;
+    void changeProgramName(const std::string& name) override;
     SequenceManagement::SequencePresetManager& getSequencePresetManager() override { return sequencePresets; }
     void addSequencePreset(const std::string& name, const std::string& text) override
     {
@@ -212,6 +229,8 @@ public:
     }
     void selectZone(const SelectType& select) override { zoneManager.selectZone(select); }
     void showDefaultMidiOutputMenu() override { tellGui(GuiMessage::SHOW_DEFAULT_MIDI_OUTPUT_MENU, 0); }
+    void setScreenState(const ScreenState& state) override { screenState = state; }
+    ScreenState getScreenState() const override { return screenState; }
     RetroRecord::RetroRecordManager& getRetroRecordManager() override { return retroRecord; }
     void setRetroRecordBufferSize(int bytes) override;
     void enableRetroRecord(bool on) override;
@@ -273,8 +292,23 @@ private:
     void startDisplay();
     void startRetroRecord();
     void prepareBanks();
+
+    /// A section of a program.
+    struct Section {
+        const char* tag;
+        void (*read)(Orv& orv, const XmlElement& section);
+        void (*empty)(Orv& orv);
+        void (*write)(Orv& orv, std::ostream& out, int indent);
+    };
+    static std::span<const Section> getSections();
     void loadProgramFrom(const std::string& path, int number);
+    void beginProgram(int number);
+    void endProgram(const XmlElement& element, std::string_view source);
     void readProgram(const XmlElement& element);
+    std::string writeProgram();
+    std::string writeProgramFile(const char* root);
+    void saveInto(const std::string& path, int number, const WindowHandle& window);
+    PresetManager& getPresets(const PresetSection& section);
     void takeInputEvent(const MidiEngine::OrvMidiMessage& event);
     void releaseHeldNotes(int input);
     void fixDefaultMidiOutput();
@@ -288,6 +322,7 @@ private:
     OrvMessageManager orvMessageManager;
     RegistrySettings registrySettings;
     Bank bank;
+    BankFile bankFile;  // the current bank's, once there is one
     Program program;
     MidiEngine::MidiInputPorts midiInputPorts;
     MidiEngine::MidiOutputPorts midiOutputPorts;
@@ -304,5 +339,6 @@ private:
     Layers::LayerManager layerManager;
     Zones::ZoneManager zoneManager;
     SequenceManagement::SequencePresetManager sequencePresets;
+    ScreenState screenState;
 };
 }  // namespace Backend

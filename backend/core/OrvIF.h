@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "backend/core/ScreenState.h"
 #include "backend/input/values/Key.h"
 #include "backend/input/values/NoteToggle.h"
 #include "backend/input/values/OnOffToggle.h"
@@ -134,6 +135,9 @@ public:
 
     /// Kept in the settings, and the GUI is told.
     virtual void setDockToBottomEdge(bool on) = 0;
+    /// The bank that is loaded at the start; it is loaded now too.
+    virtual void setDefaultBank(const std::string& path) = 0;
+    /// Kept in the settings, and the GUI is told.
     virtual void setMouseSensitivity(int divisor) = 0;
 
     /// The host's whole list, at the start and whenever something changed.
@@ -155,8 +159,32 @@ public:
     virtual void loadProgram(const std::string& path) = 0;
     /// The program of that number, from 0, of the current bank.
     virtual void changeProgram(int number) = 0;
+    /// The program of a text that `getProgramAsString` gave, under that number.
+    virtual void loadProgramFromString(const std::string& text, int number) = 0;
     /// Makes the file the current bank and loads the program of the current number.
     virtual void loadBank(const std::string& path) = 0;
+
+    /// Make a new file of one of version 2, whole or not at all; nothing that plays is touched. The preset gets a name
+    /// and enters the list of the section that its file is for. See `Version2::importBank`.
+    virtual void importVersion2Bank(const std::string& source, const std::string& target,
+                                    const WindowHandle& window) = 0;
+    virtual void importVersion2Program(const std::string& source, const std::string& target,
+                                       const WindowHandle& window) = 0;
+    virtual void importVersion2Preset(const std::string& source, const std::string& name,
+                                      const WindowHandle& window) = 0;
+
+    /// Put the current program in the place of one of the current bank, or of the one of the current number in another
+    /// bank, which becomes the current one. The bank is then loaded again, with its program of the current number. A
+    /// bank without such a program stays as it is; so does, here and below, any file that could not be written in full.
+    ///
+    /// `window`, here and with the imports, is the progress dialog, or none. It gets `GuiMessage::OPERATION_DONE` when
+    /// all is done or has failed, unless there was nothing to do: no path, no bank, a number below 0.
+    virtual void saveToCurrentBank(int number, const WindowHandle& window) = 0;
+    virtual void saveToBank(const std::string& path, const WindowHandle& window) = 0;
+    /// Writes the current program as a file of its own.
+    virtual void saveToProgram(const std::string& path, const WindowHandle& window) = 0;
+    /// The current program as a text, for a host that keeps its state.
+    virtual std::string getProgramAsString() = 0;
 
     /// Kept in the settings, and the GUI is told.
     virtual void setAlwaysOnTop(bool on) = 0;
@@ -264,6 +292,12 @@ public:
     /// Ends every note and sends the hard reset's messages to the default output. Waits for a time slice.
     virtual void resetOrv() = 0;
 
+    /// Cuts programs off the end of the current bank's file, or appends empty ones. A program beyond the new end gives
+    /// way to the last one before it.
+    virtual void changeBankSize(int size, const WindowHandle& window) = 0;
+    /// Of the current program, in memory alone. A name that is not UTF-8 is ignored.
+    virtual void changeProgramName(const std::string& name) = 0;
+
     /// The sequences that stand by themselves. The backend thread's.
     virtual SequenceManagement::SequencePresetManager& getSequencePresetManager() = 0;
     /// Writes the sequence of that text as a preset, in place of one of that name.
@@ -294,6 +328,10 @@ public:
     /// Kept in the settings, and the GUI is told: bytes for each output, 1000 to 200000000.
     virtual void setRetroRecordBufferSize(int bytes) = 0;
     virtual void enableRetroRecord(bool on) = 0;
+
+    /// Which screens the window showed when it was closed; kept while the backend lives.
+    virtual void setScreenState(const ScreenState& state) = 0;
+    virtual ScreenState getScreenState() const = 0;
 
     /// Kept in the settings; with `notify` the GUI is told.
     virtual void changeMidiThru(const OnOffToggle& value, bool notify) = 0;

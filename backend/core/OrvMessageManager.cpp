@@ -1,6 +1,9 @@
 #include "backend/core/OrvMessageManager.h"
 
 #include <array>
+#include <memory>
+#include <string>
+#include <utility>
 
 #include "backend/core/Command.h"
 #include "backend/core/MessageManagerMaster.h"
@@ -17,6 +20,7 @@ namespace
 {
 enum Number : unsigned int {
     FIRST = 33218,
+    GET_PROGRAM_AS_STRING = FIRST,
     INITIALIZE = 33219,
     END = 33220,
     SEND_MIDI_INPUT_PORTS = 33221,
@@ -27,6 +31,7 @@ enum Number : unsigned int {
     SET_LAST_WINDOW_POSITION = 33227,
     REMOVE_GUI_WINDOW_HANDLE = 33228,
     SET_DOCK_TO_BOTTOM_EDGE = 33229,
+    SET_DEFAULT_BANK = 33230,
     SET_DISPLAY_HEIGHT = 33231,
     SET_DISPLAY_NUMBERS = 33232,
     SET_LARGE_DISPLAY_FONT = 33233,
@@ -34,6 +39,12 @@ enum Number : unsigned int {
     SET_DISPLAY_MIDI_OUTPUT_EVENTS = 33235,
     SET_ALWAYS_ON_TOP = 33236,
     EXECUTE_FUNCTION = 33238,
+    IMPORT_VERSION2_BANK = 33241,
+    IMPORT_VERSION2_PROGRAM = 33242,
+    IMPORT_VERSION2_PRESET = 33243,
+    SAVE_TO_CURRENT_BANK = 33244,
+    SAVE_TO_BANK = 33245,
+    SAVE_TO_PROGRAM = 33246,
     PLAY_MIDI_VIA_ALLOC = 33247,
     PLAY_MIDI_VIA_PARAM = 33248,
     ENABLE_MIDI_INPUT = 33249,
@@ -44,8 +55,11 @@ enum Number : unsigned int {
     LOAD_PROGRAM = 33239,
     LOAD_BANK = 33240,
     ADD_SEQUENCE_PRESET = 33256,
+    CHANGE_BANK_SIZE = 33254,
+    CHANGE_PROGRAM_NAME = 33255,
     CHANGE_PROGRAM = 33257,
     CHANGE_DEFAULT_MIDI_OUTPUT = 33258,
+    SET_SCREEN_STATE = 33259,
     SET_USE_SKIN_BORDER = 33260,
     TOGGLE_SYSTEM_PANEL = 33261,
     SET_RETRO_RECORD_BUFFER_SIZE = 33262,
@@ -59,10 +73,18 @@ enum Number : unsigned int {
     SET_LITE_CHANNEL = 33270,
     SET_LITE_STACK_NOTES = 33271,
     SET_CLICK_ZONE_CHANNEL_TRANSPOSE = 33272,
-    LAST = 33273
+    LAST = 33273,
+    LOAD_PROGRAM_FROM_STRING = LAST
 };
 
+/// Answers into a text that the one who waits holds too.
+void carryOutGetProgramAsString(OrvIF& orv, Message& message)
+{
+    if (auto* const text = message.payload.get<std::shared_ptr<std::string>>()) **text = orv.getProgramAsString();
+}
+
 constexpr auto COMMANDS = std::to_array<Command<OrvIF>>({
+    {GET_PROGRAM_AS_STRING, "GetProgramAsString", &carryOutGetProgramAsString},
     command<&OrvIF::initialize>(INITIALIZE, "Initialize"),
     command<&OrvIF::end>(END, "End"),
     command<&OrvIF::setMidiInputPorts>(SEND_MIDI_INPUT_PORTS, "SendSetMidiInputPorts"),
@@ -73,6 +95,7 @@ constexpr auto COMMANDS = std::to_array<Command<OrvIF>>({
     command<&OrvIF::setLastWindowPosition>(SET_LAST_WINDOW_POSITION, "SetLastWindowPosition"),
     command<&OrvIF::removeGuiWindowHandle>(REMOVE_GUI_WINDOW_HANDLE, "RemoveGuiWindowHandle"),
     command<&OrvIF::setDockToBottomEdge>(SET_DOCK_TO_BOTTOM_EDGE, "SetDockToBottomEdge"),
+    command<&OrvIF::setDefaultBank>(SET_DEFAULT_BANK, "SetDefaultBank"),
     command<&OrvIF::setDisplayHeight>(SET_DISPLAY_HEIGHT, "SetDisplayHeight"),
     command<&OrvIF::setDisplayNumbers>(SET_DISPLAY_NUMBERS, "SetDisplayNumbers"),
     command<&OrvIF::setDisplayMidiInputEvents>(SET_DISPLAY_MIDI_INPUT_EVENTS, "SetDisplayMidiInputEvents"),
@@ -80,6 +103,12 @@ constexpr auto COMMANDS = std::to_array<Command<OrvIF>>({
     command<&OrvIF::setLargeDisplayFont>(SET_LARGE_DISPLAY_FONT, "SetLargeDisplayFont"),
     command<&OrvIF::setAlwaysOnTop>(SET_ALWAYS_ON_TOP, "SetAlwaysOnTop"),
     command<&OrvIF::executeFunction>(EXECUTE_FUNCTION, "ExecuteFunction"),
+    command<&OrvIF::importVersion2Bank>(IMPORT_VERSION2_BANK, "ImportVersion2Bank"),
+    command<&OrvIF::importVersion2Program>(IMPORT_VERSION2_PROGRAM, "ImportVersion2Program"),
+    command<&OrvIF::importVersion2Preset>(IMPORT_VERSION2_PRESET, "ImportVersion2Preset"),
+    command<&OrvIF::saveToCurrentBank>(SAVE_TO_CURRENT_BANK, "SaveToCurrentBank"),
+    command<&OrvIF::saveToBank>(SAVE_TO_BANK, "SaveToBank"),
+    command<&OrvIF::saveToProgram>(SAVE_TO_PROGRAM, "SaveToProgram"),
     command<&OrvIF::playMidi>(PLAY_MIDI_VIA_ALLOC, "PlayMidiViaAlloc"),
     eventCommand<&OrvIF::playMidi>(PLAY_MIDI_VIA_PARAM, "PlayMidiViaParam"),
     command<&OrvIF::enableMidiInput>(ENABLE_MIDI_INPUT, "EnableMidiInput"),
@@ -90,8 +119,11 @@ constexpr auto COMMANDS = std::to_array<Command<OrvIF>>({
     command<&OrvIF::loadProgram>(LOAD_PROGRAM, "LoadProgram"),
     command<&OrvIF::loadBank>(LOAD_BANK, "LoadBank"),
     command<&OrvIF::addSequencePreset>(ADD_SEQUENCE_PRESET, "AddSequencePreset"),
+    command<&OrvIF::changeBankSize>(CHANGE_BANK_SIZE, "ChangeBankSize"),
+    command<&OrvIF::changeProgramName>(CHANGE_PROGRAM_NAME, "ChangeProgramName"),
     command<static_cast<void (OrvIF::*)(const SelectType&)>(&OrvIF::changeProgram)>(CHANGE_PROGRAM, "ChangeProgram"),
     command<&OrvIF::changeDefaultMidiOutput>(CHANGE_DEFAULT_MIDI_OUTPUT, "ChangeDefaultMidiOutput"),
+    command<&OrvIF::setScreenState>(SET_SCREEN_STATE, "SetScreenState"),
     command<&OrvIF::setUseSkinBorder>(SET_USE_SKIN_BORDER, "SetUseSkinBorder"),
     command<&OrvIF::toggleSystemPanel>(TOGGLE_SYSTEM_PANEL, "ToggleSystemPanel"),
     command<&OrvIF::setRetroRecordBufferSize>(SET_RETRO_RECORD_BUFFER_SIZE, "SetRetroRecordBufferSize"),
@@ -105,6 +137,7 @@ constexpr auto COMMANDS = std::to_array<Command<OrvIF>>({
     command<&OrvIF::setLiteChannel>(SET_LITE_CHANNEL, "SetLiteChannel"),
     command<&OrvIF::setLiteStackNotes>(SET_LITE_STACK_NOTES, "SetLiteStackNotes"),
     command<&OrvIF::setClickZoneChannelTranspose>(SET_CLICK_ZONE_CHANNEL_TRANSPOSE, "SetClickZoneChannelTranspose"),
+    command<&OrvIF::loadProgramFromString>(LOAD_PROGRAM_FROM_STRING, "LoadProgramFromString"),
 });
 }  // namespace
 
@@ -180,6 +213,62 @@ void OrvMessageManager::postAddSequencePreset(const std::string& name, const std
 {
     master.post(pack(ADD_SEQUENCE_PRESET, name, text));
 }
+
+void OrvMessageManager::postSetDefaultBank(const std::string& path) { master.post(pack(SET_DEFAULT_BANK, path)); }
+
+void OrvMessageManager::postImportVersion2Bank(const std::string& source, const std::string& target,
+                                               const WindowHandle& window)
+{
+    master.post(pack(IMPORT_VERSION2_BANK, source, target, window));
+}
+
+void OrvMessageManager::postImportVersion2Program(const std::string& source, const std::string& target,
+                                                  const WindowHandle& window)
+{
+    master.post(pack(IMPORT_VERSION2_PROGRAM, source, target, window));
+}
+
+void OrvMessageManager::postImportVersion2Preset(const std::string& source, const std::string& name,
+                                                 const WindowHandle& window)
+{
+    master.post(pack(IMPORT_VERSION2_PRESET, source, name, window));
+}
+
+void OrvMessageManager::postSaveToCurrentBank(int number, const WindowHandle& window)
+{
+    master.post(pack(SAVE_TO_CURRENT_BANK, number, window));
+}
+
+void OrvMessageManager::postSaveToBank(const std::string& path, const WindowHandle& window)
+{
+    master.post(pack(SAVE_TO_BANK, path, window));
+}
+
+void OrvMessageManager::postSaveToProgram(const std::string& path, const WindowHandle& window)
+{
+    master.post(pack(SAVE_TO_PROGRAM, path, window));
+}
+
+void OrvMessageManager::postChangeBankSize(int size, const WindowHandle& window)
+{
+    master.post(pack(CHANGE_BANK_SIZE, size, window));
+}
+
+void OrvMessageManager::postChangeProgramName(const std::string& name) { master.post(pack(CHANGE_PROGRAM_NAME, name)); }
+
+std::string OrvMessageManager::sendGetProgramAsString()
+{
+    auto text = std::make_shared<std::string>();
+    master.send({.number = GET_PROGRAM_AS_STRING, .payload = Payload::of(std::shared_ptr(text))});
+    return std::move(*text);
+}
+
+void OrvMessageManager::postLoadProgramFromString(const std::string& text, int number)
+{
+    master.post(pack(LOAD_PROGRAM_FROM_STRING, text, number));
+}
+
+void OrvMessageManager::postSetScreenState(const ScreenState& state) { master.post(pack(SET_SCREEN_STATE, state)); }
 
 void OrvMessageManager::postChangeProgram(const SelectType& select) { master.post(pack(CHANGE_PROGRAM, select)); }
 

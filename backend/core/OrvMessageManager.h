@@ -40,6 +40,20 @@ public:
     void postLoadBank(const std::string& path);
     /// See `OrvIF::addSequencePreset`.
     void postAddSequencePreset(const std::string& name, const std::string& text);
+    void postSetDefaultBank(const std::string& path);
+    /// What saves or imports tells its progress dialog, `window`, when it is done; see `OrvIF::saveToCurrentBank`.
+    void postImportVersion2Bank(const std::string& source, const std::string& target, const WindowHandle& window);
+    void postImportVersion2Program(const std::string& source, const std::string& target, const WindowHandle& window);
+    void postImportVersion2Preset(const std::string& source, const std::string& name, const WindowHandle& window);
+    void postSaveToCurrentBank(int number, const WindowHandle& window);
+    void postSaveToBank(const std::string& path, const WindowHandle& window);
+    void postSaveToProgram(const std::string& path, const WindowHandle& window);
+    void postChangeBankSize(int size, const WindowHandle& window);
+    void postChangeProgramName(const std::string& name);
+    /// The state of a host. While the one is loaded the host's slices must go on.
+    std::string sendGetProgramAsString();
+    void postLoadProgramFromString(const std::string& text, int number);
+    void postSetScreenState(const ScreenState& state);
     void postChangeProgram(const SelectType& select);
     void postChangeDefaultMidiOutput(const SelectType& select);
     /// A key of the computer as the window reports it, with the modifiers held; without an allocation for it.

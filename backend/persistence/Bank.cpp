@@ -1,17 +1,13 @@
 #include "backend/persistence/Bank.h"
 
-#include "backend/persistence/XmlDocument.h"
+#include "backend/persistence/BankFile.h"
 
 namespace Backend
 {
 Bank Bank::fromFile(const std::string& path)
 {
-    Bank bank;
-    bank.name = path;
-    if (path.empty()) return bank;
-    forEachElement(XmlDocument(path, XmlDocument::Source::file).getRoot(), [&](const XmlElement& child) {
-        if (child.getTagName() == "Program") bank.programNames.push_back(child.getAttribute("name"));
-    });
-    return bank;
+    BankFile file;
+    if (!path.empty()) file.open(path);
+    return {path, file.getProgramNames()};
 }
 }  // namespace Backend

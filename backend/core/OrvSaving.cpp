@@ -1,0 +1,131 @@
+// How a program goes out: into a bank, into a file of its own, as a text; and what changes a bank.
+
+#include <sstream>
+#include <string_view>
+#include <utility>
+
+#include "backend/core/GuiMessages.h"
+#include "backend/core/Orv.h"
+#include "backend/input/values/Text.h"
+#include "backend/persistence/XmlDocument.h"
+#include "backend/persistence/XmlWriter.h"
+#include "backend/persistence/version2/Version2Import.h"
+#include "platform/DbgStream.h"
+#include "platform/Path.h"
+#include "platform/Utf8.h"
+#include "platform/WholeFile.h"
+
+namespace Backend
+{
+namespace
+{
+void tellDone(const WindowHandle& window, bool written)
+{
+    window.post({.number = GuiMessage::OPERATION_DONE, .wparam = written});
+}
+
+/// A text that could not be read again is not worth the file that it would replace.
+bool writeDocument(const std::string& path, const std::string& text)
+{
+    const bool isDocument = XmlDocument(text, XmlDocument::Source::text).getRoot().hasElement();
+    const auto error = isDocument ? WholeFile::replace(pathOf(path), text) : std::error_code();
+    if (error) WindowsLib::DbgStream() << path << ": not written: " << error.message();
+    return isDocument && !error;
+}
+}  // namespace
+
+std::string Orv::writeProgram()
+{
+    std::ostringstream out;
+    out << xmlOpenTag("Program") << xmlStringAttribute("name", program.name) << xmlIntAttribute("tempo", program.tempo)
+        << xmlIntAttribute("tempoSource", program.tempoSource) << xmlCloseOpen() << '\n';
+    for (const Section& section : getSections()) section.write(*this, out, 1);
+    out << xmlEndTag("Program") << '\n';
+    return out.str();
+}
+
+std::string Orv::writeProgramFile(const char* root)
+{
+    return xmlHeader() + "\n\n" + xmlStartTag(root) + "\n" + writeProgram() + xmlEndTag(root) + "\n";
+}
+
+std::string Orv::getProgramAsString() { return writeProgramFile("OrvProgramFile"); }
+
+void Orv::saveToProgram(const std::string& path, const WindowHandle& window)
+{
+    const std::string file(Text::trim(path));
+    if (!file.empty()) tellDone(window, writeDocument(file, writeProgramFile("ProgramFile")));
+}
+
+void Orv::saveToCurrentBank(int number, const WindowHandle& window) { saveInto(bank.name, number, window); }
+
+void Orv::saveToBank(const std::string& path, const WindowHandle& window) { saveInto(path, program.number, window); }
+
+/// If it was not written, what would be lost by loading the bank again stays in memory.
+void Orv::saveInto(const std::string& path, int number, const WindowHandle& window)
+{
+    if (number < 0 || path.empty() || bank.name.empty()) return;
+    BankFile other;
+    BankFile& file = path == bank.name ? bankFile : other;
+    const bool written = file.open(path) && file.replaceProgram(number, writeProgram());
+    if (written && &file == &other) bankFile = std::move(other);
+    if (written) loadBank(path);
+    tellDone(window, written);
+}
+
+void Orv::changeBankSize(int size, const WindowHandle& window)
+{
+    if (size <= 0 || size == static_cast<int>(bank.programNames.size()) || bank.name.empty()) return;
+    if (program.number >= size) changeProgram(size - 1);
+    const bool written = bankFile.open(bank.name) && bankFile.resize(size);
+    if (written) loadBank(std::string(bank.name));
+    tellDone(window, written);
+}
+
+void Orv::changeProgramName(const std::string& name)
+{
+    const std::string text(name.c_str());
+    if (!isUtf8(text)) {
+        WindowsLib::DbgStream() << "a name for a program is not UTF-8, ignored";
+        return;
+    }
+    program.name = text;
+    tellGui(GuiMessage::PROGRAM_NAME, program);
+}
+
+void Orv::setDefaultBank(const std::string& path)
+{
+    registrySettings.setDefaultBank(path);
+    tellGui(GuiMessage::DEFAULT_BANK, path);
+    loadBank(path);
+}
+
+// --- files of version 2
+
+void Orv::importVersion2Bank(const std::string& source, const std::string& target, const WindowHandle& window)
+{
+    if (!source.empty() && !target.empty()) tellDone(window, Version2::importBank(source, target));
+}
+
+void Orv::importVersion2Program(const std::string& source, const std::string& target, const WindowHandle& window)
+{
+    if (!source.empty() && !target.empty()) tellDone(window, Version2::importProgram(source, target));
+}
+
+void Orv::importVersion2Preset(const std::string& source, const std::string& name, const WindowHandle& window)
+{
+    if (source.empty() || name.empty()) return;
+    const auto preset = Version2::readPreset(source);
+    const bool written =
+        preset && getPresets(preset->section).save(name, [&](std::string& text) { text += preset->element; });
+    tellDone(window, written);
+}
+
+PresetManager& Orv::getPresets(const PresetSection& section)
+{
+    for (PresetManager* store :
+         {&computerInputManager.getPresets(), &midiInputManager.getPresets(), &controlManager.getPresets()})
+        if (std::string_view(store->getSection().folder) == section.folder) return *store;
+    return layerManager.getPresets();
+}
+}  // namespace Backend

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "backend/input/functions/MidiFunction.h"
+#include "backend/midi/MidiMessage.h"
+
+namespace Backend::Version2
+{
+/// The event that a number stands for: 1 key pressure, 2 program change, 3 channel pressure, 4 pitch bend, from 10 the
+/// controllers, from 138 note ons, from 266 note offs, each by its number. None for any other.
+std::optional<MidiEngine::MidiMessage> eventOf(int number);
+
+/// The largest value that an event can carry.
+int highestValue(const MidiEngine::MidiMessage& event);
+
+/// The element of the function that plays an event with that value, a line of its own.
+std::string functionText(const MidiEngine::MidiMessage& event, int value, FunctionManagement::MidiParameters place);
+
+/// The type name of the translation into an event.
+std::string_view translationType(const MidiEngine::MidiMessage& event);
+
+/// A text of lines behind that many TABs.
+std::string indented(std::string_view text, int tabs);
+}  // namespace Backend::Version2
