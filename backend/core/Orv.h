@@ -88,49 +88,28 @@ public:
     void setDisplayHeight(int pixels) override;
     void setDisplayNumbers(bool on) override;
     void setLargeDisplayFont(bool on) override;
-    void showSystemPanel(bool on) override
-    {
-        showScreen(Screen::system, on ? OnOffToggle::State::on : OnOffToggle::State::off);
-    }
+    void showSystemPanel(bool on) override { showScreen(Screen::system, onOrOff(on)); }
     void toggleSystemPanel() override { showScreen(Screen::system, OnOffToggle::State::toggle); }
-    void showDisplay(bool on) override
-    {
-        showScreen(Screen::display, on ? OnOffToggle::State::on : OnOffToggle::State::off);
-    }
+    void showDisplay(bool on) override { showScreen(Screen::display, onOrOff(on)); }
     void toggleDisplay() override { showScreen(Screen::display, OnOffToggle::State::toggle); }
-    void showHelp(bool on) override { showScreen(Screen::help, on ? OnOffToggle::State::on : OnOffToggle::State::off); }
+    void showHelp(bool on) override { showScreen(Screen::help, onOrOff(on)); }
     void toggleHelp() override { showScreen(Screen::help, OnOffToggle::State::toggle); }
-    void showOutput(bool on) override
-    {
-        showScreen(Screen::output, on ? OnOffToggle::State::on : OnOffToggle::State::off);
-    }
+    void showOutput(bool on) override { showScreen(Screen::output, onOrOff(on)); }
     void toggleOutput() override { showScreen(Screen::output, OnOffToggle::State::toggle); }
-    void showCc(bool on) override { showScreen(Screen::cc, on ? OnOffToggle::State::on : OnOffToggle::State::off); }
+    void showCc(bool on) override { showScreen(Screen::cc, onOrOff(on)); }
     void toggleCc() override { showScreen(Screen::cc, OnOffToggle::State::toggle); }
-    void showLayer(bool on) override
-    {
-        showScreen(Screen::layers, on ? OnOffToggle::State::on : OnOffToggle::State::off);
-    }
+    void showLayer(bool on) override { showScreen(Screen::layers, onOrOff(on)); }
     void toggleLayer() override { showScreen(Screen::layers, OnOffToggle::State::toggle); }
-    void showZone(bool on) override
-    {
-        showScreen(Screen::zones, on ? OnOffToggle::State::on : OnOffToggle::State::off);
-    }
+    void showZone(bool on) override { showScreen(Screen::zones, onOrOff(on)); }
     void toggleZone() override { showScreen(Screen::zones, OnOffToggle::State::toggle); }
-    void showOsc(bool on) override
-    {
-        showScreen(Screen::oscillators, on ? OnOffToggle::State::on : OnOffToggle::State::off);
-    }
+    void showOsc(bool on) override { showScreen(Screen::oscillators, onOrOff(on)); }
     void toggleOsc() override { showScreen(Screen::oscillators, OnOffToggle::State::toggle); }
     Joystick::JoystickManager& getJoystickManager() override { return joystickManager; }
     Joystick::JoystickMessageManager& getJoystickMessageManager() override
     {
         return joystickManager.getMessageManager();
     }
-    void showJoystick(bool on) override
-    {
-        showScreen(Screen::joystick, on ? OnOffToggle::State::on : OnOffToggle::State::off);
-    }
+    void showJoystick(bool on) override { showScreen(Screen::joystick, onOrOff(on)); }
     void toggleJoystick() override { showScreen(Screen::joystick, OnOffToggle::State::toggle); }
     Joystick::JoystickConfiguration getJoystickConfiguration() const override
     {
@@ -141,10 +120,7 @@ public:
     {
         return computerInputManager.getMessageManager();
     }
-    void showComputerInput(bool on) override
-    {
-        showScreen(Screen::computerInput, on ? OnOffToggle::State::on : OnOffToggle::State::off);
-    }
+    void showComputerInput(bool on) override { showScreen(Screen::computerInput, onOrOff(on)); }
     void toggleComputerInput() override { showScreen(Screen::computerInput, OnOffToggle::State::toggle); }
     void keyDown(const Key& key, bool isRepeat) override
     {
@@ -165,20 +141,14 @@ public:
     {
         return midiInputManager.getMessageManager();
     }
-    void showMidiInput(bool on) override
-    {
-        showScreen(Screen::midiInput, on ? OnOffToggle::State::on : OnOffToggle::State::off);
-    }
+    void showMidiInput(bool on) override { showScreen(Screen::midiInput, onOrOff(on)); }
     void toggleMidiInput() override { showScreen(Screen::midiInput, OnOffToggle::State::toggle); }
     MidiInput::MidiEventConfigurationMap getMidiInputConfiguration() const override
     {
         return midiInputManager.getConfiguration();
     }
     Controls::ControlManager& getControlManager() override { return controlManager; }
-    void showControl(bool on) override
-    {
-        showScreen(Screen::controls, on ? OnOffToggle::State::on : OnOffToggle::State::off);
-    }
+    void showControl(bool on) override { showScreen(Screen::controls, onOrOff(on)); }
     void toggleControl() override { showScreen(Screen::controls, OnOffToggle::State::toggle); }
     void showSaveDialog() override { tellGui(GuiMessage::SHOW_SAVE_DIALOG, 0); }
     Oscillators::OscManager& getOscManager() override { return oscManager; }
@@ -287,6 +257,10 @@ private:
             window.post({.number = message, .wparam = static_cast<std::uint32_t>(value)});
         else
             window.post({.number = message, .payload = Payload::of(Value(value))});
+    }
+    static constexpr OnOffToggle::State onOrOff(bool on)
+    {
+        return on ? OnOffToggle::State::on : OnOffToggle::State::off;
     }
     void showScreen(Screen screen, OnOffToggle::State state) const;
     void startDisplay();

@@ -8,6 +8,7 @@
 #include "backend/core/OrvMessageManager.h"
 #include "backend/layers/RetroRecordManager.h"
 #include "backend/midi/MidiEngineMessageManager.h"
+#include "backend/persistence/Program.h"
 #include "host/Installer.h"
 #include "host/performance/CommandPost.h"
 
@@ -30,7 +31,7 @@ std::unique_ptr<Backend::OrvIF> createOrv(Player& player)
 }
 }  // namespace
 
-LivePlay::LivePlay(MidiSystem& midiSystem, Ports& allPorts, Event& wishes, LiveWindow::Tell tell)
+LivePlay::LivePlay(MidiSystem& midiSystem, Ports& allPorts, Event& wishes, LiveWindow::Tell tell, int programNumber)
     : system(midiSystem),
       ports(allPorts),
       player(ports, wishes),
@@ -40,6 +41,7 @@ LivePlay::LivePlay(MidiSystem& midiSystem, Ports& allPorts, Event& wishes, LiveW
              [backend = orv.get()] { backend->getMidiEngineMessageManager().sendReset(); }),
       clock(slices, player, [this] { system.deliver(); })
 {
+    orv->getProgram().number = programNumber;
     start();
 }
 

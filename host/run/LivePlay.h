@@ -21,8 +21,8 @@ class LivePlay
 {
 public:
     /// All must outlive this. `wishes` is set whenever `serve` has something to do. `tell` gets lines for the user, on
-    /// any thread. Throws std::bad_alloc.
-    LivePlay(MidiSystem& midiSystem, Ports& allPorts, Event& wishes, LiveWindow::Tell tell);
+    /// any thread. The first program is the one of that number, from 0. Throws std::bad_alloc.
+    LivePlay(MidiSystem& midiSystem, Ports& allPorts, Event& wishes, LiveWindow::Tell tell, int programNumber = 0);
 
     /// Ends first if that has not been done.
     ~LivePlay();

@@ -11,7 +11,9 @@
 #include <stdexcept>
 
 #include "backend/core/OrvMessageManager.h"
+#include "backend/persistence/Bank.h"
 #include "host/InputError.h"
+#include "host/SetupFile.h"
 #include "host/jack/JackClient.h"
 #include "host/run/CommandReader.h"
 #include "host/run/EndSignals.h"
@@ -81,6 +83,19 @@ void tellLosses(const Ports& ports)
             tell(port->name + ": " + std::to_string(port->lossCount()) + " messages were lost, the port was too slow");
 }
 
+/// Every file can be loaded, and the last bank among them has a program of that number.
+void checkLoads(const RunOptions& options)
+{
+    for (const std::string& file : options.loads) checkSetupFile(file);
+    const auto bank = std::find_if(options.loads.rbegin(), options.loads.rend(),
+                                   [](const std::string& file) { return file.ends_with(".bnk"); });
+    if (bank == options.loads.rend()) return;
+    if (const auto programs = Backend::Bank::fromFile(*bank).programNames.size();
+        static_cast<std::size_t>(options.number) >= programs)
+        throw InputError(*bank + ": there is no program " + std::to_string(options.number) + ", it has " +
+                         std::to_string(programs));
+}
+
 /// A file stem in the current folder that names the moment.
 std::string recordStem()
 {
@@ -131,6 +146,7 @@ void playFromCommands(EndSignals& signals, LivePlay& play, Event& event, bool di
 int run(const RunOptions& options, const std::function<int()>& otherwise)
 {
     checkClientName(options.client);
+    checkLoads(options);
     const auto connections = parseConnections(options.connections);
     const auto terminal = options.keys ? std::make_unique<RawTerminal>(STDIN_FILENO) : nullptr;
 
@@ -145,7 +161,8 @@ int run(const RunOptions& options, const std::function<int()>& otherwise)
     }
     const int defaultOutput = options.defaultOutput ? findOutput(ports.outputList(), *options.defaultOutput) : -1;
 
-    LivePlay play(*system, ports, event, tell);
+    LivePlay play(*system, ports, event, tell, options.number);
+    for (const std::string& file : options.loads) postLoad(play.getOrv().getOrvMessageManager(), file);
     if (defaultOutput >= 0) setDefaultOutput(play, ports, defaultOutput);
     if (options.tempo) play.getOrv().getOrvMessageManager().postChangeTempo({false, *options.tempo}, true);
     join(*system, connections);

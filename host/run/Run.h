@@ -16,6 +16,8 @@ struct RunOptions {
     std::vector<std::string> connections;      ///< "A=B": JACK ports to join, each by its name
     std::optional<std::string> defaultOutput;  ///< an output's number or name
     std::optional<int> tempo;                  ///< beats per minute, 20 to 250
+    std::vector<std::string> loads;            ///< programs (.prg) and banks (.bnk) loaded at the start, in order
+    int number = 0;                            ///< the program taken from a bank, from 0
     bool keys = false;                         ///< plays from the terminal's keys instead of reading commands
     bool display = false;                      ///< the display's lines on standard output
 };

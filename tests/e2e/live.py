@@ -234,6 +234,49 @@ class Live(House):
         self.doCleanups()
         self.setUp()
 
+    def test_programs_change_by_option_by_command_by_key_and_by_midi(self):
+        program = """<Program name="{0}"><ComputerInput>
+            <Key id="F9"><Function><Down><ChangeProgram type="up"/></Down></Function></Key>
+            <Key id="Q"><Function><Down><MidiNoteOn note="C4"/></Down><Up><MidiNoteOff note="C4"/></Up></Function></Key>
+            </ComputerInput><MidiInput><MidiEvent midiEvent="Program Change"><Translation>
+            <ChangeProgram type="D1"/></Translation></MidiEvent></MidiInput>
+            <Layers><Layer channel="{0}"/></Layers></Program>"""
+        bank = self.folder + "/four.bnk"
+        with open(bank, "w") as file:
+            file.write("<Bank>" + "".join(program.format(number) for number in range(4)) + "</Bank>")
+        self.serve()
+        monitor = Monitor(self, "monitor")
+        orvane = self.orvane("--client", "X", "--default-output", "Orvane Out", "--connect",
+                             "X:Orvane Out=monitor:input", "--load", bank, "--number", "1")
+        heard = []
+
+        def press(channel):
+            orvane.say("key down Q")
+            orvane.say("key up Q")
+            for message in (f"9{channel} 3c 64", f"8{channel} 3c 64"):
+                heard.append(message)
+                monitor.await_message(message)
+
+        press(1)
+        orvane.say("key down F9")
+        orvane.say("key up F9")
+        press(2)
+        orvane.say('function <ChangeProgram type="0"/>')
+        press(0)
+        self.play("X:Orvane In", "0:c003", "50:903c64", "100:803c40")
+        for message in ("93 3c 64", "83 3c 40"):
+            heard.append(message)
+            monitor.await_message(message)
+        orvane.say("key down F9")
+        orvane.say("key up F9")  # the last program stays
+        orvane.say('function <ChangeProgram type="down"/>')
+        orvane.say("key down Q")
+        orvane.say("key up Q")
+        heard += ["92 3c 64", "82 3c 64"]
+        until(lambda: len(monitor.heard) >= len(heard), "the program before the last")
+        self.assertEqual(orvane.end(), 0)
+        self.assertEqual(monitor.heard, heard)
+
     def test_an_output_that_is_switched_off_goes_silent_and_comes_back(self):
         self.serve()
         monitor = Monitor(self, "monitor")
@@ -336,6 +379,7 @@ class Live(House):
         for arguments in (["--nonsense"], ["nonsense"], ["run", "--tempo", "19"], ["run", "--tempo", "251"],
                           ["run", "--tempo", "fast"], ["run", "--connect", "one"], ["run", "--connect", "=two"],
                           ["run", "--default-output", "Nowhere"], ["run", "--default-output", "2"],
+                          ["run", "--load", "no.bnk"], ["run", "--load", ORVANE], ["run", "--number", "-1"],
                           ["run", "--client", "a:b"], ["run", "--client", ""], ["ports", "--nonsense"]):
             result = subprocess.run([ORVANE, *arguments], capture_output=True, timeout=PATIENCE, env=self.environment,
                                     stdin=subprocess.DEVNULL)
