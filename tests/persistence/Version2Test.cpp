@@ -4,7 +4,6 @@
 
 #include "backend/persistence/Bank.h"
 #include "backend/persistence/XmlDocument.h"
-#include "backend/persistence/version2/Sequences.h"
 #include "tests/stage/PrivateFolders.h"
 
 using namespace Backend;
@@ -144,6 +143,8 @@ TEST(Version2, AControlHasItsCellItsRangeAndItsEvent)
 
 TEST(Version2, ALayerBringsItsArpeggioItsSequenceAndTheTempo)
 {
+    const PrivateFolders folders;
+    folders.write("data/Brinlow Software/Orvane 3/Sequences/037 - Drums 4.seq", "<Sequence>36</Sequence>");
     const std::string lines =
         "L 1 0 2 0 36 59 1 100 2 1 10 +12 3 _ 3 4\nL 0 0 0 1 0 127 0 127 0 0 1 60 0 -5 1 1 updown 240 120 36 2 96 "
         "2\nL\n";
@@ -170,31 +171,6 @@ TEST(Version2, ALayerBringsItsArpeggioItsSequenceAndTheTempo)
               "\t</Layers>\n");
     EXPECT_NE(Version2::convertProgram("test", "P 1 x\n" + lines).find("tempo=\"96\" tempoSource=\"1\""),
               std::string::npos);
-}
-
-TEST(Version2, ATemplateBecomesThePresetOfItsNumber)
-{
-    const std::pair<int, const char*> rows[] = {{-1, ""},
-                                                {0, "001 - Oct 1 Up"},
-                                                {10, "011 - 5th Up"},
-                                                {21, "022 - m2 Down"},
-                                                {22, "023 - Seq 0"},
-                                                {32, "033 - Seq 10"},
-                                                {33, "034 - Drums 1"},
-                                                {43, "044 - Drums 11"},
-                                                {44, "042 - Drums 9"},
-                                                {45, ""},
-                                                {48, ""},
-                                                {49, "050 - Note 1 of 2"},
-                                                {54, "055 - Note 1 of 4"},
-                                                {71, "072 - Note 8 of 8"},
-                                                {72, ""},
-                                                {89, ""},
-                                                {90, "073 - Oct 1 Up (2)"},
-                                                {111, "094 - m2 Down (2)"},
-                                                {112, ""},
-                                                {INT32_MAX, ""}};
-    for (const auto& [number, preset] : rows) EXPECT_EQ(Version2::presetOf(number), preset) << number;
 }
 
 TEST(Version2, ALineThatIsNotUnderstoodIsPassedOverAlone)

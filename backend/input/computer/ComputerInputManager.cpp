@@ -4,6 +4,7 @@
 
 #include "backend/core/GuiMessages.h"
 #include "backend/core/OrvIF.h"
+#include "backend/input/values/ButtonEvent.h"
 #include "backend/input/values/Text.h"
 #include "backend/persistence/PresetSections.h"
 #include "backend/persistence/XmlDocument.h"
@@ -11,17 +12,11 @@
 
 namespace Backend::ComputerInput
 {
-using FunctionManagement::Function;
 using FunctionManagement::FunctionNoteSpan;
 
 namespace
 {
 constexpr const char* SECTION = PresetSections::COMPUTER_INPUT.rootElement;
-
-void run(const std::unique_ptr<Function>& function)
-{
-    if (function) function->execute();
-}
 }  // namespace
 
 ComputerInputManager::ComputerInputManager(OrvIF& backend, MessageManagerMaster& master)
@@ -132,26 +127,13 @@ void ComputerInputManager::keyEvent(const Key& key, bool isDown, bool isRepeat)
     const bool hasModifiers = isDown || useKeyUpMod;
     const KeyConfiguration* configuration = keys.findElement(hasModifiers ? key : Key{.keyCode = key.keyCode});
     if (configuration == nullptr) return;
-    // A function may load other bindings and with that end the one it stands in.
-    const std::vector<ButtonFunction> entries = configuration->getEntries();
-    for (const ButtonFunction& entry : entries) {
-        if (!isDown)
-            run(entry.upFunction);
-        else if (!isRepeat || entry.keepSending)
-            run(entry.downFunction);
-        else if (!entry.downFunction && !entry.upFunction)
-            break;
-    }
+    runButton(*configuration, !isDown ? ButtonEvent::up : isRepeat ? ButtonEvent::repeat : ButtonEvent::down);
 }
 
 void ComputerInputManager::getNoteSpans(std::vector<FunctionNoteSpan>& result) const
 {
     const auto iterator = keys.createIterator();
-    while (const KeyConfiguration* configuration = iterator->next())
-        configuration->forEachFunction([&](const Function& function) {
-            const FunctionNoteSpan span = function.getNoteSpan();
-            if (span.zone != FunctionNoteSpan::NO_ZONE && span.isPlayed()) result.push_back(span);
-        });
+    while (const KeyConfiguration* configuration = iterator->next()) appendNoteSpans(*configuration, result);
 }
 
 // --- the window

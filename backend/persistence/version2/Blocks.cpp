@@ -2,6 +2,7 @@
 // stands for none, for all, or for the default. Words behind the required ones may be left out from the end.
 
 #include "backend/persistence/version2/Blocks.h"
+#include "backend/input/midi/MidiEvent.h"
 
 #include <algorithm>
 #include <array>
@@ -30,9 +31,9 @@ constexpr int NOTE_OFF_VELOCITY = 100;
 std::optional<MidiMessage> readEvent(Words& words)
 {
     const int number = words.number(0, HIGHEST_EVENT, 0);
-    const auto event = eventOf(number);
+    const auto event = MidiInput::midiEventFromVersion2(number, 0, 0);
     if (number != 0 && !event) words.refuse();
-    return event;
+    return event ? std::optional(event->message) : std::nullopt;
 }
 
 /// "<output> <channel> <zone>"

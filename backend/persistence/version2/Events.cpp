@@ -16,19 +16,6 @@ namespace
 {
 constexpr int NUMBERS = 128;
 
-struct Range {
-    int first;
-    int size;
-    MessageType status;
-};
-constexpr auto RANGES = std::to_array<Range>({{1, 1, MessageType::keyPressure},
-                                              {2, 1, MessageType::programChange},
-                                              {3, 1, MessageType::channelPressure},
-                                              {4, 1, MessageType::pitchBend},
-                                              {10, NUMBERS, MessageType::controllerChange},
-                                              {138, NUMBERS, MessageType::noteOn},
-                                              {266, NUMBERS, MessageType::noteOff}});
-
 /// The value goes where the event has room for it.
 template <class Function>
 std::string write(const MidiMessage& event, int value, MidiParameters parameters)
@@ -60,7 +47,7 @@ constexpr auto KINDS =
                          {MessageType::channelPressure, "MidiChannelPressure", write<MidiChannelPressure>},
                          {MessageType::pitchBend, "MidiPitchBend", write<MidiPitchBend>}});
 
-/// Of an event of a range above, which all have a row.
+/// Of a channel message, which all have a row.
 const Kind& kindOf(const MidiMessage& event)
 {
     std::size_t row = 0;
@@ -68,13 +55,6 @@ const Kind& kindOf(const MidiMessage& event)
     return KINDS[row];
 }
 }  // namespace
-
-std::optional<MidiMessage> eventOf(int number)
-{
-    for (const auto& [first, size, status] : RANGES)
-        if (number >= first && number < first + size) return MidiMessage(status, size > 1 ? number - first : 0);
-    return std::nullopt;
-}
 
 int highestValue(const MidiMessage& event) { return event.isPitchBend() ? NUMBERS * NUMBERS - 1 : NUMBERS - 1; }
 

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <optional>
 #include <string>
 #include <string_view>
 
@@ -9,10 +8,6 @@
 
 namespace Backend::Version2
 {
-/// The event that a number stands for: 1 key pressure, 2 program change, 3 channel pressure, 4 pitch bend, from 10 the
-/// controllers, from 138 note ons, from 266 note offs, each by its number. None for any other.
-std::optional<MidiEngine::MidiMessage> eventOf(int number);
-
 /// The largest value that an event can carry.
 int highestValue(const MidiEngine::MidiMessage& event);
 

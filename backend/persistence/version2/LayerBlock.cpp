@@ -14,12 +14,12 @@
 #include <sstream>
 
 #include "backend/layers/Layer.h"
+#include "backend/layers/SequenceTemplates.h"
 #include "backend/persistence/Program.h"
-#include "backend/persistence/XmlWriter.h"
-#include "backend/persistence/version2/Sequences.h"
 
 namespace Backend::Version2
 {
+using ArpeggioManagement::ArpeggioSetting;
 using Layers::Layer;
 using MidiEngine::Note;
 
@@ -67,46 +67,49 @@ Layer readSetting(Words& words)
     return layer;
 }
 
-Arpeggio readArpeggio(Words& words)
+std::optional<ArpeggioSetting> readArpeggio(Words& words)
 {
-    constexpr auto TYPES = std::to_array<std::pair<std::string_view, std::string_view>>({{"off", ""},
-                                                                                         {"", ""},
-                                                                                         {"chord", "ChordArpeggio"},
-                                                                                         {"up", "UpArpeggio"},
-                                                                                         {"down", "DownArpeggio"},
-                                                                                         {"updown", "UpDownArpeggio"}});
+    using Type = ArpeggioSetting::Type;
+    struct Row {
+        std::string_view word;
+        std::optional<Type> type;
+    };
+    constexpr auto TYPES = std::to_array<Row>({{"off", std::nullopt},
+                                               {"", std::nullopt},
+                                               {"chord", Type::chord},
+                                               {"up", Type::up},
+                                               {"down", Type::down},
+                                               {"updown", Type::upDown}});
     constexpr int LONGEST = 30720;  // sixteen whole notes
-    Arpeggio arpeggio;
-    const std::string_view word = words.word();
-    const auto type = std::ranges::find(TYPES, word, &std::pair<std::string_view, std::string_view>::first);
-    if (type == TYPES.end()) words.refuse();
-    if (type != TYPES.end()) arpeggio.type = type->second;
+    const auto row = std::ranges::find(TYPES, words.word(), &Row::word);
+    if (row == TYPES.end()) words.refuse();
+    ArpeggioSetting arpeggio;
     arpeggio.beat = words.number(1, LONGEST, arpeggio.beat);
     arpeggio.length = words.number(1, LONGEST, arpeggio.length);
+    if (row == TYPES.end() || !row->type) return std::nullopt;
+    arpeggio.type = *row->type;
     return arpeggio;
 }
 
-/// The layer's element, with the children before its end tag.
-std::string textOf(const Layer& layer, const std::string& children)
+std::string textOf(const Layer& layer)
 {
     std::ostringstream out;
     layer.writeXml(out, 0);
-    std::string text = out.str();
-    return text.insert(text.rfind(xmlEndTag("Layer")), children);
+    return out.str();
 }
 }  // namespace
 
 bool readLayer(Words& words, Sections& sections)
 {
     Layer layer = readSetting(words);
-    Arpeggio arpeggio = readArpeggio(words);
+    layer.arpeggio = readArpeggio(words);
     const int number = words.number(-1, INT_MAX, -1);
     const int mode = words.number(INT_MIN, INT_MAX, 0);
     const int tempo = words.number(Program::LOWEST_TEMPO, Program::HIGHEST_TEMPO, sections.tempo);
     const int tempoSource = words.number(0, HIGHEST, sections.tempoSource + 1) - 1;
     if (!words.areUnderstood()) return false;
-    const std::string sequence = applyTemplate(layer, arpeggio, number, mode);
-    sections.layers.push_back(textOf(layer, arpeggioText(arpeggio) + sequence));
+    SequenceManagement::applyTemplate(layer, number, mode);
+    sections.layers.push_back(textOf(layer));
     sections.tempo = tempo;
     sections.tempoSource = tempoSource;
     return true;
