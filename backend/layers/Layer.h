@@ -23,6 +23,9 @@ using LayerId = std::int32_t;
 /// One row of the routing table that every default-routed event passes: which notes it takes, what it does to them and
 /// where it sends them. A plain value without any state of playing.
 struct ORV_API Layer {
+    static constexpr const char* SECTION = "Layers";
+    static constexpr const char* ELEMENT = "Layer";
+
     LayerId id = -1;
     bool selected = false;  ///< the target of functions that say "selected"; not saved
     bool mute = false;

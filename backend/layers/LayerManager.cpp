@@ -13,20 +13,6 @@ namespace Backend::Layers
 {
 namespace
 {
-bool isNamed(const SelectType& select, const Layer& layer)
-{
-    switch (select.kind) {
-        case SelectType::Kind::all:
-            return true;
-        case SelectType::Kind::selected:
-            return layer.selected;
-        case SelectType::Kind::specific:
-            return layer.id == select.value;
-        default:
-            return false;
-    }
-}
-
 /// The sum wraps as 32-bit numbers do; no limit is set to a transposition.
 std::int32_t changed(std::int32_t current, const RelativeFixedValue& value)
 {
@@ -94,10 +80,7 @@ void LayerManager::setLayers(const LayerList& newLayers, bool redraw)
     if (redraw) tellGui();
 }
 
-void LayerManager::setSelected(const std::vector<LayerId>& ids)
-{
-    for (Layer& layer : layers.all()) layer.selected = std::ranges::find(ids, layer.id) != ids.end();
-}
+void LayerManager::setSelected(const std::vector<LayerId>& ids) { layers.selectOnly(ids); }
 
 // --- operations
 
@@ -106,11 +89,10 @@ template <class Change>
 void LayerManager::changeLayers(const SelectType& select, unsigned int message, Change&& change)
 {
     const WindowHandle window = orv.getGuiWindowHandle();
-    for (Layer& layer : layers.all()) {
-        if (!isNamed(select, layer)) continue;
+    layers.forEachNamed(select, [&](Layer& layer) {
         const std::int32_t value = change(layer);
         window.post({.number = message, .wparam = static_cast<std::uint32_t>(layer.id), .lparam = value});
-    }
+    });
     publishToEngine();
 }
 
@@ -154,22 +136,12 @@ void LayerManager::changeNoteToggle(const SelectType& select, const NoteToggle& 
 
 void LayerManager::dataSelect(const SelectType& select)
 {
-    const auto all = layers.all();
-    const auto current = std::ranges::find_if(all, &Layer::selected);
-    std::int64_t target = current == all.end() ? -1 : current->id;
-    if (select.kind == SelectType::Kind::specific) target = select.value;
-    if (select.kind == SelectType::Kind::up) ++target;
-    if (select.kind == SelectType::Kind::down) --target;
-    if (target < 0 || target >= static_cast<std::int64_t>(all.size())) return;
-
     const WindowHandle window = orv.getGuiWindowHandle();
-    const auto setSelected = [&](Layer& layer, bool selected) {
-        layer.selected = selected;
-        window.post(
-            {.number = GuiMessage::LAYER_SELECTED, .wparam = static_cast<std::uint32_t>(layer.id), .lparam = selected});
-    };
-    if (current != all.end() && current->id != target) setSelected(*current, false);
-    setSelected(all[static_cast<std::size_t>(target)], true);
+    layers.select(select, [&](const Layer& layer) {
+        window.post({.number = GuiMessage::LAYER_SELECTED,
+                     .wparam = static_cast<std::uint32_t>(layer.id),
+                     .lparam = layer.selected});
+    });
 }
 
 void LayerManager::editSelect(const SelectType& select) const

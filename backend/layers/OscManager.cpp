@@ -19,20 +19,6 @@ namespace
 {
 constexpr std::int32_t KNOB_END = 127;
 
-bool isNamed(const SelectType& select, const Oscillator& oscillator)
-{
-    switch (select.kind) {
-        case SelectType::Kind::all:
-            return true;
-        case SelectType::Kind::selected:
-            return oscillator.selected;
-        case SelectType::Kind::specific:
-            return oscillator.id == select.value;
-        default:
-            return false;
-    }
-}
-
 /// One entry further in the table of note intervals; the last entry is out of reach.
 std::optional<std::int32_t> stepNoteInterval(std::int32_t speed, std::int32_t step)
 {
@@ -119,11 +105,7 @@ void OscManager::setOscillators(const OscList& newOscillators, bool redraw)
     if (redraw) tellGui();
 }
 
-void OscManager::setSelected(const std::vector<OscId>& ids)
-{
-    for (Oscillator& oscillator : oscillators.all())
-        oscillator.selected = std::ranges::find(ids, oscillator.id) != ids.end();
-}
+void OscManager::setSelected(const std::vector<OscId>& ids) { oscillators.selectOnly(ids); }
 
 void OscManager::setSpeedMode(OscId id, TimeIntervalType::Kind mode)
 {
@@ -137,20 +119,9 @@ void OscManager::setSpeedMode(OscId id, TimeIntervalType::Kind mode)
 
 void OscManager::dataSelect(const SelectType& select)
 {
-    const auto all = oscillators.all();
-    const auto current = std::ranges::find_if(all, &Oscillator::selected);
-    std::int64_t target = current == all.end() ? -1 : current->id;
-    if (select.kind == SelectType::Kind::specific) target = select.value;
-    if (select.kind == SelectType::Kind::up) ++target;
-    if (select.kind == SelectType::Kind::down) --target;
-    if (target < 0 || target >= static_cast<std::int64_t>(all.size())) return;
-
-    const auto setSelected = [&](Oscillator& oscillator, bool selected) {
-        oscillator.selected = selected;
-        tellGui(GuiMessage::OSC_SELECTED, oscillator.id, selected);
-    };
-    if (current != all.end() && current->id != target) setSelected(*current, false);
-    setSelected(all[static_cast<std::size_t>(target)], true);
+    oscillators.select(select, [&](const Oscillator& oscillator) {
+        tellGui(GuiMessage::OSC_SELECTED, oscillator.id, oscillator.selected);
+    });
 }
 
 /// Where the one that is named is selected, all that are follow it.
@@ -161,8 +132,7 @@ void OscManager::changeNamed(const SelectType& select, Change&& change)
     if (select.kind == SelectType::Kind::specific)
         if (const Oscillator* named = oscillators.findElement(select.value); named != nullptr && named->selected)
             widened.kind = SelectType::Kind::selected;
-    for (Oscillator& oscillator : oscillators.all())
-        if (isNamed(widened, oscillator)) change(oscillator);
+    oscillators.forEachNamed(widened, change);
 }
 
 void OscManager::changePlaying(const SelectType& select, const OnOffToggle& value)

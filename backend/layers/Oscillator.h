@@ -18,6 +18,8 @@ using OscId = std::int32_t;
 /// A stream of events made from a wave: a controller, a pitch bend, or any message whose first data byte follows the
 /// running value. A plain value; where in its wave an oscillator is, only the engine knows.
 struct ORV_API Oscillator {
+    static constexpr const char* SECTION = "Oscillators";
+    static constexpr const char* ELEMENT = "Oscillator";
     static constexpr std::int32_t FASTEST = 40;
     static constexpr std::int32_t SLOWEST = 30720;
 
