@@ -189,6 +189,11 @@ public:
     /// Kept in the settings, and the GUI is told.
     virtual void setAlwaysOnTop(bool on) = 0;
     virtual void setUseSkinBorder(bool on) = 0;
+
+    /// Asks the window to show or hide a screen; nothing without a window.
+    virtual void showSystemPanel(bool on) = 0;
+    virtual void toggleSystemPanel() = 0;
+
     /// Kept in the settings, in pixels.
     virtual void setDisplayHeight(int pixels) = 0;
     /// Kept in the settings: whether the display numbers its lines.
@@ -200,8 +205,6 @@ public:
     virtual void setDisplayMidiOutputEvents(bool on) = 0;
 
     /// Asks the window to show or hide a screen; nothing without a window.
-    virtual void showSystemPanel(bool on) = 0;
-    virtual void toggleSystemPanel() = 0;
     virtual void showDisplay(bool on) = 0;
     virtual void toggleDisplay() = 0;
     virtual void showHelp(bool on) = 0;
@@ -214,14 +217,26 @@ public:
     virtual void toggleLayer() = 0;
     virtual void showZone(bool on) = 0;
     virtual void toggleZone() = 0;
+    virtual void showSaveDialog() = 0;
+
+    /// Gives an event to the engine.
+    virtual void playMidi(const MidiEngine::OrvMidiMessage& event) = 0;
+    /// Gives an event of an input to the display. Any thread but a time slice.
+    virtual void displayMidiInputEvent(const MidiEngine::OrvMidiMessage& event) = 0;
+
+    virtual Oscillators::OscManager& getOscManager() = 0;
+    /// Any thread; they live as long as the backend.
+    virtual Oscillators::OscMessageManager& getOscMessageManager() = 0;
     virtual void showOsc(bool on) = 0;
     virtual void toggleOsc() = 0;
+
     virtual Joystick::JoystickManager& getJoystickManager() = 0;
     /// Any thread; it lives as long as the backend.
     virtual Joystick::JoystickMessageManager& getJoystickMessageManager() = 0;
     virtual void showJoystick(bool on) = 0;
     virtual void toggleJoystick() = 0;
     virtual Joystick::JoystickConfiguration getJoystickConfiguration() const = 0;
+
     virtual ComputerInput::ComputerInputManager& getComputerInputManager() = 0;
     /// Any thread; it lives as long as the backend.
     virtual ComputerInput::ComputerInputMessageManager& getComputerInputMessageManager() = 0;
@@ -234,6 +249,7 @@ public:
     virtual void mergeKeyConfigurations(const std::vector<ComputerInput::KeyConfiguration>& configurations,
                                         bool notifyGui) = 0;
     virtual ComputerInput::KeyConfigurationMap getComputerInputConfiguration() const = 0;
+
     virtual MidiInput::MidiInputManager& getMidiInputManager() = 0;
     /// Any thread; it lives as long as the backend.
     virtual MidiInput::MidiInputMessageManager& getMidiInputMessageManager() = 0;
@@ -241,19 +257,10 @@ public:
     virtual void toggleMidiInput() = 0;
     /// A copy.
     virtual MidiInput::MidiEventConfigurationMap getMidiInputConfiguration() const = 0;
+
     virtual Controls::ControlManager& getControlManager() = 0;
     virtual void showControl(bool on) = 0;
     virtual void toggleControl() = 0;
-    virtual void showSaveDialog() = 0;
-
-    /// Gives an event to the engine.
-    virtual void playMidi(const MidiEngine::OrvMidiMessage& event) = 0;
-
-    virtual Oscillators::OscManager& getOscManager() = 0;
-    /// Any thread; they live as long as the backend.
-    virtual Oscillators::OscMessageManager& getOscMessageManager() = 0;
-    /// Gives an event of an input to the display. Any thread but a time slice.
-    virtual void displayMidiInputEvent(const MidiEngine::OrvMidiMessage& event) = 0;
 
     virtual Layers::LayerManager& getLayerManager() = 0;
     /// Any thread; they live as long as the backend.
@@ -323,15 +330,16 @@ public:
 
     /// Asks the window for the pop-up menu of outputs.
     virtual void showDefaultMidiOutputMenu() = 0;
+
+    /// Which screens the window showed when it was closed; kept while the backend lives.
+    virtual void setScreenState(const ScreenState& state) = 0;
+    virtual ScreenState getScreenState() const = 0;
+
     /// Any thread; it lives as long as the backend.
     virtual RetroRecord::RetroRecordManager& getRetroRecordManager() = 0;
     /// Kept in the settings, and the GUI is told: bytes for each output, 1000 to 200000000.
     virtual void setRetroRecordBufferSize(int bytes) = 0;
     virtual void enableRetroRecord(bool on) = 0;
-
-    /// Which screens the window showed when it was closed; kept while the backend lives.
-    virtual void setScreenState(const ScreenState& state) = 0;
-    virtual ScreenState getScreenState() const = 0;
 
     /// Kept in the settings; with `notify` the GUI is told.
     virtual void changeMidiThru(const OnOffToggle& value, bool notify) = 0;

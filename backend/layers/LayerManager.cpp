@@ -1,6 +1,5 @@
 #include "backend/layers/LayerManager.h"
 
-#include <algorithm>
 #include <sstream>
 
 #include "backend/core/GuiMessages.h"
