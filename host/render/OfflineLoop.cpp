@@ -50,7 +50,7 @@ OfflineLoop::OfflineLoop(const Settings& wanted)
       outputPorts(makePorts<Backend::MidiEngine::MidiOutputPorts>("Out", wanted.outputs))
 {
     if (!orv) throw std::bad_alloc();
-    orv->getProgram().number = settings.number;
+    if (settings.loads.empty()) orv->getProgram().number = settings.number;
     orv->setRandomSeed(settings.seed);
     if (settings.display) orv->setGuiWindowHandle(WindowHandle(window));
     orv->start();
@@ -90,6 +90,7 @@ void OfflineLoop::play(const std::vector<TimedCommand>& commands)
 
 void OfflineLoop::loadSetups()
 {
+    orv->getProgram().number = settings.number;  // of these alone: what another bank has there would be heard
     for (const auto& path : settings.loads) {
         postLoad(orv->getOrvMessageManager(), path.string());
         rest(0);
