@@ -2,11 +2,18 @@
 
 #include <filesystem>
 #include <string>
+#include <vector>
 
 #include "backend/core/OrvMessageManager.h"
 
 namespace Host
 {
+/// What is loaded before anything is played.
+struct Setup {
+    std::vector<std::string> loads;  ///< programs (.prg) and banks (.bnk), in order; none for the user's default bank
+    int number = 0;                  ///< the program taken from a bank, from 0
+};
+
 /// Throws InputError with one line naming the file if it is neither a program (.prg) nor a bank (.bnk), or holds no
 /// program.
 void checkSetupFile(const std::filesystem::path& path);

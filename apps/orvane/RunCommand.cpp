@@ -10,11 +10,11 @@ void addRunOptions(CLI::App& command, Host::RunOptions& options)
         ->allow_extra_args(false);
     command.add_option("--default-output", options.defaultOutput, "Output for what names none: its number or name")
         ->type_name("N");
-    command.add_option("--load", options.loads, "Program (.prg) or bank (.bnk) loaded at the start, in order")
+    command.add_option("--load", options.setup.loads, "Program (.prg) or bank (.bnk) loaded at the start, in order")
         ->type_name("FILE")
         ->take_all()
         ->allow_extra_args(false);
-    command.add_option("--number", options.number, "Program taken from a bank, counted from 0")
+    command.add_option("--number", options.setup.number, "Program taken from a bank, counted from 0")
         ->check(CLI::Range(0, 99999))
         ->capture_default_str();
     command.add_flag("--display", options.display, "Print what is played");

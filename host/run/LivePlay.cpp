@@ -31,7 +31,7 @@ std::unique_ptr<Backend::OrvIF> createOrv(Player& player)
 }
 }  // namespace
 
-LivePlay::LivePlay(MidiSystem& midiSystem, Ports& allPorts, Event& wishes, LiveWindow::Tell tell, int programNumber)
+LivePlay::LivePlay(MidiSystem& midiSystem, Ports& allPorts, Event& wishes, LiveWindow::Tell tell, const Setup& setup)
     : system(midiSystem),
       ports(allPorts),
       player(ports, wishes),
@@ -41,21 +41,23 @@ LivePlay::LivePlay(MidiSystem& midiSystem, Ports& allPorts, Event& wishes, LiveW
              [backend = orv.get()] { backend->getMidiEngineMessageManager().sendReset(); }),
       clock(slices, player, [this] { system.deliver(); })
 {
-    orv->getProgram().number = programNumber;
-    start();
+    start(setup);
 }
 
 LivePlay::~LivePlay() { end(); }
 
-void LivePlay::start()
+void LivePlay::start(const Setup& setup)
 {
     installIfNeeded();
+    if (setup.loads.empty()) orv->getProgram().number = setup.number;
     orv->start();
     auto& backend = orv->getOrvMessageManager();
     backend.sendInitialize();
     backend.sendSetMidiInputPorts(ports.inputList());
     backend.sendSetMidiOutputPorts(ports.outputList());
     backend.sendEndInitialize();
+    orv->getProgram().number = setup.number;  // of these alone: what another bank has there would be heard
+    for (const std::string& file : setup.loads) postLoad(backend, file);
     system.startClock(clock);
     orv->startJoysticks();
     system.listen([&backend](const OrvMidiMessage& event) { backend.postProcessMidiInputEvent(event); });

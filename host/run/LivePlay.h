@@ -4,6 +4,7 @@
 #include <string>
 
 #include "backend/core/OrvIF.h"
+#include "host/SetupFile.h"
 #include "host/clock/Clock.h"
 #include "host/clock/Slices.h"
 #include "host/performance/PerformanceCommand.h"
@@ -21,8 +22,8 @@ class LivePlay
 {
 public:
     /// All must outlive this. `wishes` is set whenever `serve` has something to do. `tell` gets lines for the user, on
-    /// any thread. The first program is the one of that number, from 0. Throws std::bad_alloc.
-    LivePlay(MidiSystem& midiSystem, Ports& allPorts, Event& wishes, LiveWindow::Tell tell, int programNumber = 0);
+    /// any thread. The files of `setup` can be loaded. Throws std::bad_alloc.
+    LivePlay(MidiSystem& midiSystem, Ports& allPorts, Event& wishes, LiveWindow::Tell tell, const Setup& setup = {});
 
     /// Ends first if that has not been done.
     ~LivePlay();
@@ -50,7 +51,7 @@ public:
     void end();
 
 private:
-    void start();
+    void start(const Setup& setup);
     void serveInputs();
     void serveOutputs();
     void switchInputsOff();

@@ -13,7 +13,6 @@
 #include "backend/core/OrvMessageManager.h"
 #include "backend/persistence/Bank.h"
 #include "host/InputError.h"
-#include "host/SetupFile.h"
 #include "host/jack/JackClient.h"
 #include "host/run/CommandReader.h"
 #include "host/run/EndSignals.h"
@@ -84,15 +83,15 @@ void tellLosses(const Ports& ports)
 }
 
 /// Every file can be loaded, and the last bank among them has a program of that number.
-void checkLoads(const RunOptions& options)
+void checkSetup(const Setup& setup)
 {
-    for (const std::string& file : options.loads) checkSetupFile(file);
-    const auto bank = std::find_if(options.loads.rbegin(), options.loads.rend(),
+    for (const std::string& file : setup.loads) checkSetupFile(file);
+    const auto bank = std::find_if(setup.loads.rbegin(), setup.loads.rend(),
                                    [](const std::string& file) { return file.ends_with(".bnk"); });
-    if (bank == options.loads.rend()) return;
+    if (bank == setup.loads.rend()) return;
     if (const auto programs = Backend::Bank::fromFile(*bank).programNames.size();
-        static_cast<std::size_t>(options.number) >= programs)
-        throw InputError(*bank + ": there is no program " + std::to_string(options.number) + ", it has " +
+        static_cast<std::size_t>(setup.number) >= programs)
+        throw InputError(*bank + ": there is no program " + std::to_string(setup.number) + ", it has " +
                          std::to_string(programs));
 }
 
@@ -146,7 +145,7 @@ void playFromCommands(EndSignals& signals, LivePlay& play, Event& event, bool di
 int run(const RunOptions& options, const std::function<int()>& otherwise)
 {
     checkClientName(options.client);
-    checkLoads(options);
+    checkSetup(options.setup);
     const auto connections = parseConnections(options.connections);
     const auto terminal = options.keys ? std::make_unique<RawTerminal>(STDIN_FILENO) : nullptr;
 
@@ -161,8 +160,7 @@ int run(const RunOptions& options, const std::function<int()>& otherwise)
     }
     const int defaultOutput = options.defaultOutput ? findOutput(ports.outputList(), *options.defaultOutput) : -1;
 
-    LivePlay play(*system, ports, event, tell, options.number);
-    for (const std::string& file : options.loads) postLoad(play.getOrv().getOrvMessageManager(), file);
+    LivePlay play(*system, ports, event, tell, options.setup);
     if (defaultOutput >= 0) setDefaultOutput(play, ports, defaultOutput);
     if (options.tempo) play.getOrv().getOrvMessageManager().postChangeTempo({false, *options.tempo}, true);
     join(*system, connections);

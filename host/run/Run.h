@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "host/SetupFile.h"
+
 namespace Host
 {
 inline constexpr const char* VERSION = "Orvane 3.2";
@@ -16,8 +18,7 @@ struct RunOptions {
     std::vector<std::string> connections;      ///< "A=B": JACK ports to join, each by its name
     std::optional<std::string> defaultOutput;  ///< an output's number or name
     std::optional<int> tempo;                  ///< beats per minute, 20 to 250
-    std::vector<std::string> loads;            ///< programs (.prg) and banks (.bnk) loaded at the start, in order
-    int number = 0;                            ///< the program taken from a bank, from 0
+    Setup setup;                               ///< what it begins with
     bool keys = false;                         ///< plays from the terminal's keys instead of reading commands
     bool display = false;                      ///< the display's lines on standard output
 };
