@@ -21,8 +21,9 @@ std::size_t PressMemory::placeOf(const OrvMidiMessage& note)
     return known->second;
 }
 
-void PressMemory::forgetVelocities()
+void PressMemory::forget()
 {
+    notes.clear();
     velocities.clear();
     std::ranges::fill(lastVelocity, std::uint8_t{0});
 }

@@ -34,7 +34,8 @@ public:
         const int velocity = velocities.take(place);
         return velocity == NoteMemory::NONE ? lastVelocity[place] : velocity;
     }
-    void forgetVelocities();
+    /// Every press: its note and its velocity together, or a later press would get the one without the other.
+    void forget();
 
 private:
     std::unordered_map<std::uint64_t, std::size_t> places;

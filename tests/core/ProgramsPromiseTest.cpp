@@ -262,3 +262,23 @@ TEST(Promise, NoNoteIsLeftSoundingWhateverProgramsCameAndWent)
         EXPECT_TRUE(performer.hasPlayed()) << "seed " << seed;
     }
 }
+
+TEST(Promise, AKeyHeldThroughAResetMixesUpNoLaterPressOfItsRoad)
+{
+    Stage stage;
+    Layers::Layer layer;
+    layer.minVelocity = 20;
+    stage.setLayers({layer});
+    const auto strike = [&](int velocity, int transpose) {
+        stage.engine().postSetZoneMap({{.id = 1, .transpose = static_cast<std::int8_t>(transpose)}});
+        stage.play({MessageType::noteOn, 60, velocity, -1, -1, 1, -1, -1});
+    };
+    strike(100, 12);
+    EXPECT_EQ(stage.played(), "C5 on");
+    stage.engine().sendReset();
+    strike(100, 0);
+    strike(10, 0);
+    EXPECT_EQ(stage.played(), "C5 off, C4 on") << "the last was too soft";
+    for (int release = 0; release < 3; ++release) stage.play({MessageType::noteOff, 60, 64, -1, -1, 1, -1, -1});
+    EXPECT_EQ(stage.played(), "C4 off");
+}
