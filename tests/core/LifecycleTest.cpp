@@ -4,6 +4,7 @@
 
 #include "backend/core/GuiMessages.h"
 #include "backend/core/OrvFactory.h"
+#include "backend/persistence/Bank.h"
 #include "backend/persistence/OrvUtils.h"
 #include "backend/persistence/PresetSections.h"
 #include "backend/persistence/RegistrySettings.h"
@@ -55,6 +56,37 @@ TEST(Lifecycle, ANewUserGetsTheFactorysPresetsAndBanksAndADefaultBank)
     life.end();
     EXPECT_EQ(life.read(SETTINGS),
               "DefaultBank=string:" + bank + "\nEnabledMidiInputs=string:\nEnabledMidiOutputs=string:\n");
+}
+
+TEST(Lifecycle, AnEditSavedIntoTheDefaultBankIsThereTheNextTimeAndNothingElseChanged)
+{
+    Life life;
+    OrvUtils::setOrvProgDir(ORVANE_CONTENT);
+    life.begin();
+    const std::string factory = life.read(DATA + "/Banks/Default Bank.bnk");
+    const std::size_t programs = life.orv->getBank().programNames.size();
+    ASSERT_GT(programs, 2u);
+    auto& commands = life.orv->getOrvMessageManager();
+    commands.postChangeProgram({SelectType::Kind::specific, 1});
+    commands.postChangeProgramName("Mine");
+    commands.postChangeTempo({false, 77}, false);
+    commands.postExecuteFunction("<ChangeLayerMute type='all' value='on'/>");
+    const std::string edited = commands.sendGetProgramAsString();
+    commands.postSaveToCurrentBank(1, {});
+    life.end();
+
+    life.begin();
+    EXPECT_EQ(life.orv->getBank().programNames.size(), programs);
+    life.orv->getOrvMessageManager().postChangeProgram({SelectType::Kind::specific, 1});
+    EXPECT_EQ(life.orv->getOrvMessageManager().sendGetProgramAsString(), edited);
+    life.end();
+    const std::string bank = life.read(DATA + "/Banks/Default Bank.bnk");
+    const auto second = [](const std::string& text) {
+        const auto end = text.find("</Program>");
+        return std::pair(text.find("<Program ", end), text.find("</Program>", end + 1));
+    };
+    EXPECT_EQ(bank.substr(0, second(bank).first), factory.substr(0, second(factory).first));
+    EXPECT_EQ(bank.substr(second(bank).second), factory.substr(second(factory).second));
 }
 
 TEST(Lifecycle, WhatTheUserChoseIsThereTheNextTime)
