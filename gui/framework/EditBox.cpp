@@ -1,0 +1,108 @@
+#include "gui/framework/EditBox.h"
+
+#include <QContextMenuEvent>
+#include <QMenu>
+#include <QWheelEvent>
+#include <utility>
+
+#include "backend/midi/Note.h"
+#include "gui/framework/Properties.h"
+
+namespace Gui
+{
+using Backend::MidiEngine::Note;
+using Property::isSet;
+
+namespace
+{
+constexpr int NOTCH = 120;
+constexpr int OCTAVE = 12;
+constexpr int HIGHEST_DATA = 127;
+constexpr int LONGEST_MENU = 500;
+
+int limitOf(const QObject& edit, const char* property, int otherwise)
+{
+    const QVariant limit = edit.property(property);
+    return limit.isValid() ? limit.toInt() : otherwise;
+}
+}  // namespace
+
+EditBox::EditBox(QWidget* parent) : QLineEdit(parent) { setTextMargins(1, 0, 2, 0); }
+
+EditBox::Range EditBox::getRange() const
+{
+    Range range{limitOf(*this, Property::MIN, isSet(*this, Property::NUMBERS_ONLY) ? 0 : -HIGHEST_DATA),
+                limitOf(*this, Property::MAX, HIGHEST_DATA)};
+    if (range.lowest > range.highest) std::swap(range.lowest, range.highest);
+    return range;
+}
+
+int EditBox::getNumber() const
+{
+    const QString shown = text().trimmed();
+    const bool isNumber = !shown.isEmpty() && (shown[0].isDigit() || shown[0] == '-' || shown[0] == '+');
+    if (isSet(*this, Property::SHOW_NOTE_STRING) && !isNumber) {
+        constexpr int MIDDLE_C = 60;
+        const Note note(shown.toStdString());
+        return note.isNote() ? note.getNumber() : MIDDLE_C;
+    }
+    return shown.toInt();
+}
+
+QString EditBox::textOf(int number) const
+{
+    if (isSet(*this, Property::SHOW_NOTE_STRING)) return QString::fromStdString(Note(number).toXmlString());
+    if (number == 0 && isSet(*this, Property::SHOW_ZERO_AS_BLANK)) return {};
+    return QString::number(number);
+}
+
+void EditBox::setNumber(int number)
+{
+    const QSignalBlocker quiet(this);
+    setText(textOf(number));
+}
+
+/// As if it had been typed.
+void EditBox::choose(int number)
+{
+    setText(textOf(number));
+    emit textEdited(text());
+}
+
+void EditBox::step(int notches, bool shift)
+{
+    if (notches == 0) return;
+    const bool wide = shift || isSet(*this, Property::JUMP_BY_12);
+    const int number = getNumber() + notches * (wide ? OCTAVE : 1);
+    const Range range = getRange();
+    if (number >= range.lowest && number <= range.highest) choose(number);
+}
+
+void EditBox::wheelEvent(QWheelEvent* event)
+{
+    if (isSet(*this, Property::NOWHEEL)) return event->ignore();
+    // Some desktops turn Shift and the wheel into a sideways one, and fine wheels send parts of a notch.
+    wheelRest += event->angleDelta().y() != 0 ? event->angleDelta().y() : event->angleDelta().x();
+    const int notches = wheelRest / NOTCH;
+    wheelRest -= notches * NOTCH;
+    step(notches, event->modifiers().testFlag(Qt::ShiftModifier));
+    event->accept();
+}
+
+void EditBox::contextMenuEvent(QContextMenuEvent* event)
+{
+    const bool notes = isSet(*this, Property::SHOW_NOTE_STRING);
+    const Range range = getRange();
+    if (!notes && (range.highest - range.lowest >= LONGEST_MENU || range.lowest < 0 || range.highest <= 0)) return;
+
+    QMenu menu(this);
+    for (int number = range.lowest; number <= range.highest; ++number) {
+        const QString label = notes ? textOf(number) + " (" + QString::number(number) + ")" : textOf(number);
+        QAction* entry = menu.addAction(label);
+        entry->setData(number);
+        entry->setCheckable(true);
+        entry->setChecked(number == getNumber());
+    }
+    if (const QAction* chosen = menu.exec(event->globalPos())) choose(chosen->data().toInt());
+}
+}  // namespace Gui

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QVariant>
+#include <QWidget>
+
+// The named properties by which any control can be told apart or changed, whoever made it. An absent one means its
+// default: false, no limit, the colour of the role.
+namespace Gui::Property
+{
+inline constexpr const char* SELECTED = "SELECTED";  ///< button, menu item: drawn as selected
+inline constexpr const char* COLOR = "COLOR";        ///< button: a QColor in place of the role's
+inline constexpr const char* BKCOLOR = "BKCOLOR";    ///< label, edit: a QColor in place of the background's
+inline constexpr const char* TEXT = "TEXT";          ///< label, edit: in the colour of values
+inline constexpr const char* GRAYTEXT = "GRAYTEXT";  ///< any: in the colour of disabled labels
+inline constexpr const char* DISABLED = "DISABLED";  ///< any: drawn as disabled
+inline constexpr const char* NOWHEEL = "NOWHEEL";    ///< edit: the wheel is the parent's
+inline constexpr const char* MIN = "MIN";            ///< edit: the lowest number, an int
+inline constexpr const char* MAX = "MAX";            ///< edit: the highest
+inline constexpr const char* SHOW_ZERO_AS_BLANK = "SHOW_ZERO_AS_BLANK";  ///< edit: the empty text stands for 0
+inline constexpr const char* SHOW_NOTE_STRING = "SHOW_NOTE_STRING";      ///< edit: a note, shown by its name
+inline constexpr const char* JUMP_BY_12 = "JUMP_BY_12";                  ///< edit: a step of the wheel is 12
+inline constexpr const char* NUMBERS_ONLY = "NUMBERS_ONLY";              ///< edit: no sign, so 0 is the lowest
+inline constexpr const char* TOGGLE = "TOGGLE";                          ///< slider: a switch of two positions
+inline constexpr const char* HELP = "HELP";                              ///< any: the number of its help text
+
+inline bool isSet(const QObject& control, const char* property) { return control.property(property).toBool(); }
+inline void set(QObject& control, const char* property, bool on)
+{
+    control.setProperty(property, on ? QVariant(true) : QVariant());
+}
+}  // namespace Gui::Property
