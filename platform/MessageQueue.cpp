@@ -1,6 +1,7 @@
 #include "platform/MessageQueue.h"
 
 #include <bit>
+#include <utility>
 
 MessageQueue::Pool::Pool(std::size_t wanted) : ring(wanted == 0 ? 0 : std::bit_ceil(wanted))
 {
@@ -31,8 +32,15 @@ MessageQueue::Node* MessageQueue::Pool::take()
     return node;
 }
 
-MessageQueue::MessageQueue(std::size_t slicePool)
-    : newest(new Node), handled(newest.load()), pool(slicePool), current(newest.load()), oldest(current)
+MessageQueue::MessageQueue(std::size_t slicePool) : MessageQueue(slicePool, {}) {}
+
+MessageQueue::MessageQueue(std::size_t slicePool, std::function<void()> waker)
+    : newest(new Node),
+      callWaker(std::move(waker)),
+      handled(newest.load()),
+      pool(slicePool),
+      current(newest.load()),
+      oldest(current)
 {
 }
 
@@ -71,8 +79,16 @@ void MessageQueue::wake()
 {
     // Both sides exchange: either the consumer's exchange came first and it is woken here, or it comes later and then
     // sees what was appended before this line.
-    if (sleeping.exchange(false)) awake.set();
+    if (sleeping.exchange(false)) ring();
     if (closed) freeWhatWaits();
+}
+
+void MessageQueue::ring()
+{
+    if (callWaker)
+        callWaker();
+    else
+        awake.set();
 }
 
 bool MessageQueue::take(Message& message)

@@ -3,6 +3,7 @@
 #include <atomic>
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <mutex>
 #include <vector>
 
@@ -23,6 +24,9 @@ public:
     /// `slicePool`: how many messages the slice may have under way before it must turn to the heap; 0 for a queue to
     /// which no slice posts. Rounded up to a power of two.
     explicit MessageQueue(std::size_t slicePool = 0);
+    /// `waker` is for a consumer that sleeps elsewhere, as a window does in its event loop: it is called in place of
+    /// waking `waitForMessage`, on whichever thread posted, and must neither block nor allocate.
+    MessageQueue(std::size_t slicePool, std::function<void()> waker);
     ~MessageQueue();
 
     MessageQueue(const MessageQueue&) = delete;
@@ -58,6 +62,10 @@ public:
     void waitForMessage();
     /// The same, at most that long; false if none came.
     bool waitForMessage(std::chrono::milliseconds longest);
+
+    /// The consumer goes to sleep elsewhere: the next post calls the waker. False if a message waits already. Consumer
+    /// only.
+    bool fallAsleep();
 
     /// From now on what waits and what is posted is freed at once. The consumer calls it when it takes no more, or
     /// whoever has joined the consumer.
@@ -110,7 +118,7 @@ private:
     void append(Node* node);
     bool take(Message& message);
     void finish();
-    bool fallAsleep();
+    void ring();
     void freeWhatWaits();
 
     // Crossed by all threads
@@ -118,6 +126,7 @@ private:
     std::atomic<bool> closed{false};
     std::atomic<bool> sleeping{false};
     Event awake;
+    const std::function<void()> callWaker;
     std::atomic<Node*> handled;
     std::atomic<std::uint64_t> handledSoFar{0};
     Pool pool;

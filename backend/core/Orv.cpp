@@ -134,6 +134,28 @@ void Orv::setGuiWindowHandle(const WindowHandle& window)
     midiEngine.setGuiWindowHandle(window);
 }
 
+Gui::OrvGuiIF* Orv::createOrvGui(bool isVstPlugin)
+{
+    if (guiFactory == nullptr) return nullptr;
+    return guiFactory(*this, {.settings = registrySettings,
+                              .bank = bank,
+                              .program = program,
+                              .inputs = midiInputPorts,
+                              .outputs = midiOutputPorts,
+                              .screens = getScreenState(),
+                              .isVstPlugin = isVstPlugin});
+}
+
+void Orv::refreshGui()
+{
+    tellGui(GuiMessage::SETTINGS, registrySettings);
+    tellGui(GuiMessage::MIDI_INPUT_PORTS, midiInputPorts);
+    tellGui(GuiMessage::MIDI_OUTPUT_PORTS, midiOutputPorts);
+    tellGui(GuiMessage::BANK, bank);
+    tellGui(GuiMessage::PROGRAM, program);
+    computerInputManager.refreshGui();
+}
+
 void Orv::showScreen(Screen screen, OnOffToggle::State state) const
 {
     getGuiWindowHandle().post({.number = GuiMessage::SHOW_SCREEN,

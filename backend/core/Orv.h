@@ -8,6 +8,7 @@
 #include <type_traits>
 
 #include "backend/core/Display.h"
+#include "backend/core/GuiFactory.h"
 #include "backend/core/GuiMessages.h"
 #include "backend/core/HeldNotes.h"
 #include "backend/core/MessageManagerMaster.h"
@@ -199,8 +200,8 @@ public:
     }
     void selectZone(const SelectType& select) override { zoneManager.selectZone(select); }
     void showDefaultMidiOutputMenu() override { tellGui(GuiMessage::SHOW_DEFAULT_MIDI_OUTPUT_MENU, 0); }
-    void setScreenState(const ScreenState& state) override { screenState = state; }
-    ScreenState getScreenState() const override { return screenState; }
+    void setScreenState(const ScreenState& state) override { registrySettings.setScreens(state.toBits()); }
+    ScreenState getScreenState() const override { return ScreenState::fromBits(registrySettings.getScreens()); }
     RetroRecord::RetroRecordManager& getRetroRecordManager() override { return retroRecord; }
     void setRetroRecordBufferSize(int bytes) override;
     void enableRetroRecord(bool on) override;
@@ -245,6 +246,11 @@ public:
     void moveWindow(const WindowMove& move) override;
     void startJoysticks() override { joystickManager.getEngine().start(); }
     void stopJoysticks() override { joystickManager.getEngine().stop(); }
+    Gui::OrvGuiIF* createOrvGui(bool isVstPlugin) override;
+    void refreshGui() override;
+
+    /// What `createOrvGui` makes; null for nothing. Before `start`.
+    void setGuiFactory(GuiFactory factory) { guiFactory = factory; }
 
 private:
     /// A small value travels in the first parameter, anything else as an owned copy.
@@ -292,6 +298,7 @@ private:
     const std::string applicationName;
     mutable std::mutex guiWindowLock;
     WindowHandle guiWindowHandle;
+    GuiFactory guiFactory = nullptr;
     MessageManagerMaster messageManagerMaster;
     OrvMessageManager orvMessageManager;
     RegistrySettings registrySettings;
@@ -313,6 +320,5 @@ private:
     Layers::LayerManager layerManager;
     Zones::ZoneManager zoneManager;
     SequenceManagement::SequencePresetManager sequencePresets;
-    ScreenState screenState;
 };
 }  // namespace Backend

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "backend/core/GuiFactory.h"
 #include "backend/core/OrvIF.h"
 #include "backend/midi/MidiPlayer.h"
 #include "platform/Export.h"
@@ -16,5 +17,9 @@ public:
     /// `retroRecordOption` says whether the retrospective record of an earlier run goes on, and this one is kept for a
     /// later run; otherwise it starts clean and goes with the backend.
     static OrvIF* createOrv(const std::string& applicationName, MidiEngine::MidiPlayer& player, bool retroRecordOption);
+
+    /// What `OrvIF::createOrvGui` makes from now on, in backends created later: the library's own window, unless a host
+    /// brings another. Null for none. Before any thread creates a backend.
+    static void setGuiFactory(GuiFactory factory);
 };
 }  // namespace Backend

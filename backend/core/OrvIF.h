@@ -17,6 +17,11 @@
 #include "platform/Rect.h"
 #include "platform/WindowHandle.h"
 
+namespace Gui
+{
+class OrvGuiIF;
+}
+
 namespace Backend
 {
 class MessageManagerMaster;
@@ -331,7 +336,7 @@ public:
     /// Asks the window for the pop-up menu of outputs.
     virtual void showDefaultMidiOutputMenu() = 0;
 
-    /// Which screens the window showed when it was closed; kept while the backend lives.
+    /// Kept in the settings: which screens the window showed when it was closed.
     virtual void setScreenState(const ScreenState& state) = 0;
     virtual ScreenState getScreenState() const = 0;
 
@@ -391,5 +396,11 @@ public:
     /// `OrvMessageManager::postJoystickAxis`. The host's thread.
     virtual void startJoysticks() = 0;
     virtual void stopJoysticks() = 0;
+
+    /// Makes the window's object, which the caller deletes; see `OrvMessageManager::sendCreateOrvGui`. Null where the
+    /// library has no window.
+    virtual Gui::OrvGuiIF* createOrvGui(bool isVstPlugin) = 0;
+    /// Tells the window all that it shows. For one that was just opened.
+    virtual void refreshGui() = 0;
 };
 }  // namespace Backend

@@ -28,6 +28,7 @@ enum Number : unsigned int {
     SEND_MIDI_OUTPUT_PORTS = 33223,
     SET_MIDI_OUTPUT_PORTS = 33224,
     END_INITIALIZE = 33225,
+    CREATE_ORV_GUI = 33226,
     SET_LAST_WINDOW_POSITION = 33227,
     REMOVE_GUI_WINDOW_HANDLE = 33228,
     SET_DOCK_TO_BOTTOM_EDGE = 33229,
@@ -38,6 +39,7 @@ enum Number : unsigned int {
     SET_DISPLAY_MIDI_INPUT_EVENTS = 33234,
     SET_DISPLAY_MIDI_OUTPUT_EVENTS = 33235,
     SET_ALWAYS_ON_TOP = 33236,
+    REFRESH_GUI = 33237,
     EXECUTE_FUNCTION = 33238,
     IMPORT_VERSION2_BANK = 33241,
     IMPORT_VERSION2_PROGRAM = 33242,
@@ -83,6 +85,12 @@ void carryOutGetProgramAsString(OrvIF& orv, Message& message)
     if (auto* const text = message.payload.get<std::shared_ptr<std::string>>()) **text = orv.getProgramAsString();
 }
 
+void carryOutCreateOrvGui(OrvIF& orv, Message& message)
+{
+    if (auto* const gui = message.payload.get<std::shared_ptr<Gui::OrvGuiIF*>>())
+        **gui = orv.createOrvGui(message.wparam != 0);
+}
+
 constexpr auto COMMANDS = std::to_array<Command<OrvIF>>({
     {GET_PROGRAM_AS_STRING, "GetProgramAsString", &carryOutGetProgramAsString},
     command<&OrvIF::initialize>(INITIALIZE, "Initialize"),
@@ -92,6 +100,7 @@ constexpr auto COMMANDS = std::to_array<Command<OrvIF>>({
     command<&OrvIF::setMidiOutputPorts>(SEND_MIDI_OUTPUT_PORTS, "SendSetMidiOutputPorts"),
     command<&OrvIF::setMidiOutputPorts>(SET_MIDI_OUTPUT_PORTS, "SetMidiOutputPorts"),
     command<&OrvIF::endInitialize>(END_INITIALIZE, "EndInitialize"),
+    {CREATE_ORV_GUI, "CreateOrvGui", &carryOutCreateOrvGui},
     command<&OrvIF::setLastWindowPosition>(SET_LAST_WINDOW_POSITION, "SetLastWindowPosition"),
     command<&OrvIF::removeGuiWindowHandle>(REMOVE_GUI_WINDOW_HANDLE, "RemoveGuiWindowHandle"),
     command<&OrvIF::setDockToBottomEdge>(SET_DOCK_TO_BOTTOM_EDGE, "SetDockToBottomEdge"),
@@ -102,6 +111,7 @@ constexpr auto COMMANDS = std::to_array<Command<OrvIF>>({
     command<&OrvIF::setDisplayMidiOutputEvents>(SET_DISPLAY_MIDI_OUTPUT_EVENTS, "SetDisplayMidiOutputEvents"),
     command<&OrvIF::setLargeDisplayFont>(SET_LARGE_DISPLAY_FONT, "SetLargeDisplayFont"),
     command<&OrvIF::setAlwaysOnTop>(SET_ALWAYS_ON_TOP, "SetAlwaysOnTop"),
+    command<&OrvIF::refreshGui>(REFRESH_GUI, "RefreshGui"),
     command<&OrvIF::executeFunction>(EXECUTE_FUNCTION, "ExecuteFunction"),
     command<&OrvIF::importVersion2Bank>(IMPORT_VERSION2_BANK, "ImportVersion2Bank"),
     command<&OrvIF::importVersion2Program>(IMPORT_VERSION2_PROGRAM, "ImportVersion2Program"),
@@ -175,6 +185,16 @@ void OrvMessageManager::postSetMidiOutputPorts(const MidiOutputPorts& ports)
 }
 
 void OrvMessageManager::sendEndInitialize() { master.send(pack(END_INITIALIZE)); }
+
+Gui::OrvGuiIF* OrvMessageManager::sendCreateOrvGui(bool isVstPlugin)
+{
+    const auto gui = std::make_shared<Gui::OrvGuiIF*>(nullptr);
+    master.send(
+        {.number = CREATE_ORV_GUI, .wparam = isVstPlugin ? 1u : 0u, .payload = Payload::of(std::shared_ptr(gui))});
+    return *gui;
+}
+
+void OrvMessageManager::postRefreshGui() { master.post(pack(REFRESH_GUI)); }
 
 void OrvMessageManager::postRemoveGuiWindowHandle() { master.post(pack(REMOVE_GUI_WINDOW_HANDLE)); }
 

@@ -22,6 +22,11 @@ public:
     void sendSetMidiOutputPorts(const MidiEngine::MidiOutputPorts& ports);
     void postSetMidiOutputPorts(const MidiEngine::MidiOutputPorts& ports);
     void sendEndInitialize();
+    /// Makes the window's object, which the caller deletes before the backend ends; null where there is none to make.
+    /// The flag says that a host of plug-ins shows the window.
+    Gui::OrvGuiIF* sendCreateOrvGui(bool isVstPlugin);
+    /// Tells the window all that it shows.
+    void postRefreshGui();
     void postRemoveGuiWindowHandle();
 
     /// An event as the backend's own, past the input ports. Without an allocation unless it is timed or comes from a

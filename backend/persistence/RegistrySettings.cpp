@@ -82,7 +82,7 @@ void RegistrySettings::visitAll(Self& self, Visit visit)
         self.dockToBottomEdge, self.displayMidiInputEvents, self.displayMidiOutputEvents, self.displayNumbers,
         self.displayHeight, self.lastWindowPosition, self.enabledMidiInputs, self.enabledMidiOutputs, self.alwaysOnTop,
         self.useSkinBorder, self.defaultMidiOutput, self.liteVelocity, self.liteChannel, self.liteStackNotes,
-        self.clickZoneChannelTranspose);
+        self.clickZoneChannelTranspose, self.screenState);
 }
 
 std::vector<RegistrySettings::Info> RegistrySettings::getTable()

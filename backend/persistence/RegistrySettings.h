@@ -95,6 +95,10 @@ public:
     bool getClickZoneChannelTranspose() const { return clickZoneChannelTranspose.value; }
     void setClickZoneChannelTranspose(bool on) { clickZoneChannelTranspose.set(on); }
 
+    /// Which screens the window showed when it was last closed, see `ScreenState::toBits`; empty before that.
+    std::vector<bool> getScreens() const { return getBoolVectorFromString(screenState.value); }
+    void setScreens(const std::vector<bool>& bits) { screenState.set(getStringFromBoolVector(bits)); }
+
     /// The user's choice per port index. They grow on demand (new ones false) and outlive a device that is away.
     std::vector<bool> getEnabledMidiInputs() const { return enabledInputs; }
     std::vector<bool> getEnabledMidiOutputs() const { return enabledOutputs; }
@@ -149,6 +153,7 @@ private:
     Setting<int> liteChannel{"LiteChannel", 0};
     Setting<bool> liteStackNotes{"LiteStackNotes", true};
     Setting<bool> clickZoneChannelTranspose{"ClickZoneChannelTranspose", false};
+    Setting<std::string> screenState{"ScreenState", ""};
 
     // The working form of the two lists of ports
     std::vector<bool> enabledInputs;

@@ -21,11 +21,18 @@ inline constexpr const char* SHOW_NOTE_STRING = "SHOW_NOTE_STRING";      ///< ed
 inline constexpr const char* JUMP_BY_12 = "JUMP_BY_12";                  ///< edit: a step of the wheel is 12
 inline constexpr const char* NUMBERS_ONLY = "NUMBERS_ONLY";              ///< edit: no sign, so 0 is the lowest
 inline constexpr const char* TOGGLE = "TOGGLE";                          ///< slider: a switch of two positions
-inline constexpr const char* HELP = "HELP";                              ///< any: the number of its help text
+inline constexpr const char* HELP = "HELP";                              ///< any: what the help screen says of it
 
 inline bool isSet(const QObject& control, const char* property) { return control.property(property).toBool(); }
 inline void set(QObject& control, const char* property, bool on)
 {
     control.setProperty(property, on ? QVariant(true) : QVariant());
+}
+
+/// For the help screen, and for those who have the screen read to them.
+inline void setHelp(QWidget& control, const QString& text)
+{
+    control.setProperty(HELP, text);
+    control.setAccessibleDescription(text);
 }
 }  // namespace Gui::Property

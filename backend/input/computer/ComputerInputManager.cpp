@@ -157,6 +157,11 @@ KeyConfiguration& ComputerInputManager::getOrCreate(const Key& key)
 void ComputerInputManager::publish()
 {
     orv.updateZones();
+    refreshGui();
+}
+
+void ComputerInputManager::refreshGui() const
+{
     if (orv.getGuiWindowHandle())
         tellGui({.number = GuiMessage::COMPUTER_INPUT,
                  .wparam = useKeyUpMod,

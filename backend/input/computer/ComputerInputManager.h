@@ -77,6 +77,9 @@ public:
     /// A key's configuration; an unbound one if it had none. It lives until the key's configuration is replaced.
     KeyConfiguration& getOrCreate(const Key& key);
 
+    /// Tells the window what the keys do.
+    void refreshGui() const;
+
 private:
     bool readSection(const XmlElement& section, KeyConfigurationMap& map, bool& useKeyUpModOut) const;
     void publish();

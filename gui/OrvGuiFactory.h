@@ -1,0 +1,14 @@
+#pragma once
+
+#include "backend/core/GuiFactory.h"
+#include "platform/Export.h"
+
+namespace Gui
+{
+class ORV_API OrvGuiFactory
+{
+public:
+    /// Holds data alone: what belongs to Qt is made in `OrvGuiIF::create`. The caller deletes it.
+    static OrvGuiIF* createOrvGui(Backend::OrvIF& orv, Backend::GuiStart start);
+};
+}  // namespace Gui

@@ -1,0 +1,127 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "backend/core/Screen.h"
+#include "backend/midi/MidiPort.h"
+#include "backend/midi/OrvMidiMessage.h"
+#include "gui/framework/GuiContext.h"
+#include "platform/Export.h"
+#include "platform/Rect.h"
+#include "platform/WindowHandle.h"
+
+namespace Backend
+{
+class OrvIF;
+class OrvMessageManager;
+class RegistrySettings;
+struct Bank;
+struct Program;
+struct WindowMove;
+}  // namespace Backend
+
+namespace Gui
+{
+class GuiMessageManagerMaster;
+class ParentWindow;
+class Skinner;
+
+/// The window of a backend, as a host and its own screens see it. A host calls, on the thread of its QApplication:
+///
+///     OrvMessageManager::sendCreateOrvGui, then initialize,
+///     create and destroy, any number of times: the window opens and closes, and the backend plays on,
+///     and to end, before the backend ends: end, delete.
+///
+/// Everything here belongs to that thread. What the window shows is its own copy: the backend tells it of changes, and
+/// what the user does is posted to the backend.
+class ORV_API OrvGuiIF : public GuiContext
+{
+public:
+    /// Once, before the first `create`.
+    virtual void initialize() = 0;
+    /// Closes the window if it is open. Nothing may be called after it.
+    virtual void end() = 0;
+
+    /// Opens the window in its surroundings, with the screens that it showed when it was closed. False where there is
+    /// no QApplication, or the window is open.
+    virtual bool create(ParentWindow& parent) = 0;
+    /// Closes it: keys that are down are released, and what was shown and where is kept. Nothing if it is closed.
+    virtual void destroy() = 0;
+
+    /// The look; only while the window is open.
+    virtual Skinner& getSkinner() = 0;
+
+    virtual const Backend::MidiEngine::MidiOutputPorts& getMidiOutputPorts() const = 0;
+    virtual const Backend::MidiEngine::MidiInputPorts& getMidiInputPorts() const = 0;
+    /// Empty while it is closed.
+    virtual WindowHandle getWindowHandle() const = 0;
+    virtual const Backend::RegistrySettings& getRegistrySettings() const = 0;
+    /// The output for what names none, -1 for none.
+    virtual int getDefaultMidiOutput() const = 0;
+    virtual const Backend::Bank& getCurrentBank() const = 0;
+    virtual const Backend::Program& getCurrentProgram() const = 0;
+    virtual Backend::OrvMessageManager& getOrvMessageManager() = 0;
+
+    // What the backend tells
+    virtual void handleSettingsChanged(const Backend::RegistrySettings& settings) = 0;
+    virtual void handleDockToBottomEdgeChanged(bool on) = 0;
+    virtual void handleDefaultBankChanged(const std::string& path) = 0;
+    virtual void handleBankChanged(const Backend::Bank& bank) = 0;
+    virtual void handleProgramChanged(const Backend::Program& program) = 0;
+    virtual void handleProgramNameChanged(const Backend::Program& program) = 0;
+    virtual void handleMidiInputPortsChanged(const Backend::MidiEngine::MidiInputPorts& ports) = 0;
+    virtual void handleMidiOutputPortsChanged(const Backend::MidiEngine::MidiOutputPorts& ports) = 0;
+    virtual void handleDefaultMidiOutputChanged(int output) = 0;
+    virtual void handleAlwaysOnTopChanged(bool on) = 0;
+    virtual void handleUseSkinBorderChanged(bool on) = 0;
+
+    // The screens, one below the other; each is shown by itself. A screen within another shows that one too.
+    virtual void showScreen(Backend::Screen screen, bool on) = 0;
+    virtual void toggleScreen(Backend::Screen screen) = 0;
+    virtual bool isScreenShowing(Backend::Screen screen) const = 0;
+
+    /// Asks the surroundings to move.
+    virtual void moveWindow(const Backend::WindowMove& move) = 0;
+    /// An event on its way to an output: the display gets it, and the keyboard of the output screen shows it.
+    virtual void displayMidiOutputEvent(const Backend::MidiEngine::OrvMidiMessage& event) = 0;
+    virtual void setDockToBottomEdge(bool on) = 0;
+    virtual GuiMessageManagerMaster& getGuiMessageManagerMaster() = 0;
+
+    /// Lets the keys of the pictures go.
+    virtual void clearMusicKeyboardHilight() = 0;
+    virtual void clearComputerKeyboardHilight() = 0;
+
+    /// "Default" for -1, "???" for an index outside the list.
+    virtual std::string getMidiOutputName(int output) const = 0;
+    /// The backend was reset: nothing sounds any more.
+    virtual void handleResetOrv() = 0;
+    virtual int getNumberOfPrograms() const = 0;
+
+    /// Gives the keyboard back to playing, or to the text that is being edited.
+    virtual void setFocus() = 0;
+
+    /// Pop-up menus at the system panel.
+    virtual void showProgramMenu() = 0;
+    virtual void showDefaultMidiOutputMenu() = 0;
+
+    virtual void handleRetroRecordEnabledChanged(bool on) = 0;
+    virtual void handleMidiThruChanged(bool on) = 0;
+    virtual void handleGlobalKeyboardChanged(bool on) = 0;
+    virtual void handleMouseSensitivityChanged(int divisor) = 0;
+    virtual void handleLargeDisplayFontChanged(bool on) = 0;
+
+    virtual Backend::OrvIF& getOrvIF() = 0;
+    /// Without folder and extension.
+    virtual std::string getCurrentBankName() const = 0;
+
+    using GuiContext::displayHelp;
+    virtual void displayHelp(const std::string& text) = 0;
+    /// The text of that number, see `HelpTexts.h`; nothing for one that is none.
+    virtual void displayHelp(int helpId) = 0;
+
+    /// Where its surroundings stand on the screen.
+    virtual WindowsLib::Rect getMainWindowPosition() const = 0;
+    virtual bool isVstPlugin() const = 0;
+};
+}  // namespace Gui

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <thread>
+#include <vector>
+
+#include "gui/framework/GuiMessageManager.h"
+
+namespace Gui
+{
+/// Finds out whose a message of the backend is: the first manager that wants it gets it.
+class GuiMessageManagerMaster
+{
+public:
+    /// Not owned. In this order they are asked.
+    void addMessageManager(GuiMessageManager* manager) { managers.push_back(manager); }
+    void clear() { managers.clear(); }
+
+    void setThreadId(std::thread::id thread) { guiThread = thread; }
+    bool currentThreadIsManagerThread() const { return std::this_thread::get_id() == guiThread; }
+
+    bool wantMessage(unsigned int number) const { return find(number) != nullptr; }
+    /// False if nobody wants it.
+    bool handleMessage(Message& message) const;
+
+private:
+    GuiMessageManager* find(unsigned int number) const;
+
+    std::thread::id guiThread;
+    std::vector<GuiMessageManager*> managers;
+};
+}  // namespace Gui

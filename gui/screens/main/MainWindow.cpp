@@ -1,0 +1,196 @@
+#include "gui/screens/main/MainWindow.h"
+
+#include <QApplication>
+#include <QEvent>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+
+#include "backend/core/OrvMessageManager.h"
+#include "backend/persistence/RegistrySettings.h"
+#include "gui/OrvGuiIF.h"
+#include "gui/framework/Panel.h"
+#include "gui/framework/Properties.h"
+#include "gui/screens/computerinput/ComputerInputPanel.h"
+#include "gui/screens/display/DisplayPanel.h"
+#include "gui/screens/help/HelpPanel.h"
+#include "gui/screens/main/FocusControl.h"
+#include "gui/screens/output/OutputPanel.h"
+#include "gui/screens/system/SystemPanel.h"
+
+namespace Gui
+{
+using Backend::Screen;
+using Backend::ScreenState;
+
+namespace
+{
+constexpr QPoint COLUMN_PLACE(4, 5);
+constexpr QSize COMPACT(104, 33);
+constexpr int BUTTON_TOP = 6;
+constexpr QSize BUTTON(29, 20);
+
+constexpr Screen SCREENS[] = {
+    Screen::system,        Screen::help,     Screen::display, Screen::oscillators, Screen::joystick, Screen::midiInput,
+    Screen::computerInput, Screen::controls, Screen::output,  Screen::layers,      Screen::cc,       Screen::zones};
+
+OnOffToggle onOrOff(bool on) { return {on ? OnOffToggle::State::on : OnOffToggle::State::off}; }
+
+bool isTextEdit(const QObject* object)
+{
+    const auto* line = qobject_cast<const QLineEdit*>(object);
+    const auto* text = qobject_cast<const QPlainTextEdit*>(object);
+    return (line != nullptr && !line->isReadOnly()) || (text != nullptr && !text->isReadOnly());
+}
+}  // namespace
+
+/// The screens, one below the other.
+class MainWindow::Column final : public Panel
+{
+public:
+    Column(QWidget* parent, std::function<void()> tellSize) : resized(std::move(tellSize))
+    {
+        setParent(parent);
+        move(COLUMN_PLACE);
+    }
+
+private:
+    void resizeEvent(QResizeEvent*) override { resized(); }
+
+    const std::function<void()> resized;
+};
+
+MainWindow::MainWindow(OrvGuiIF& owner, QWidget* parent, Resized tellSizeChange)
+    : QWidget(parent),
+      gui(owner),
+      tellSize(std::move(tellSizeChange)),
+      focusControl(new FocusControl(owner, this)),
+      column(new Column(this, [this] { fit(); }))
+{
+    setWindowTitle(QStringLiteral("OrvGui"));
+    makeButtons();
+    makePanels();
+    column->show(true);
+    fit();
+    qApp->installEventFilter(this);
+}
+
+MainWindow::~MainWindow() { qApp->removeEventFilter(this); }
+
+void MainWindow::makeButtons()
+{
+    auto& commands = gui.getOrvMessageManager();
+    const auto make = [this](const QString& label, int left, const QString& name, const QString& help) {
+        auto* button = new QPushButton(label, this);
+        button->setGeometry({{left, BUTTON_TOP}, BUTTON});
+        button->setAccessibleName(name);
+        Property::setHelp(*button, help);
+        return button;
+    };
+    resetButton = make(QStringLiteral("R"), 5, tr("Reset"), tr("Reset: ends every note."));
+    thruButton = make(QStringLiteral("T"), 37, tr("MIDI thru"), tr("MIDI Thru: passes on what comes in."));
+    keyboardButton = make(QStringLiteral("K"), 69, tr("Global keyboard"),
+                          tr("Global Keyboard: plays from the keyboard while other programs have the focus."));
+    for (auto* latch : {thruButton, keyboardButton}) latch->setCheckable(true);
+    connect(resetButton, &QPushButton::clicked, [&commands] { commands.postResetOrv(); });
+    connect(thruButton, &QPushButton::clicked,
+            [&commands](bool on) { commands.postChangeMidiThru(onOrOff(on), true); });
+    connect(keyboardButton, &QPushButton::clicked,
+            [&commands](bool on) { commands.postChangeGlobalKeyboard(onOrOff(on), true); });
+}
+
+void MainWindow::makePanels()
+{
+    systemPanel = new System::SystemPanel(gui, column);
+    helpPanel = new Help::HelpPanel(gui, column);
+    displayPanel = new Display::DisplayPanel(gui, column);
+    computerInputPanel = new ComputerInput::ComputerInputPanel(gui, column);
+    outputPanel = new Output::OutputPanel(gui, column);
+}
+
+Panel* MainWindow::panelOf(Screen screen) const
+{
+    switch (screen) {
+        case Screen::system:
+            return systemPanel;
+        case Screen::help:
+            return helpPanel;
+        case Screen::display:
+            return displayPanel;
+        case Screen::computerInput:
+            return computerInputPanel;
+        case Screen::output:
+            return outputPanel;
+        default:
+            return nullptr;
+    }
+}
+
+void MainWindow::showScreen(Screen screen, bool on)
+{
+    if (Panel* panel = panelOf(screen)) panel->show(on);
+}
+
+void MainWindow::toggleScreen(Screen screen) { showScreen(screen, !isShowing(screen)); }
+
+bool MainWindow::isShowing(Screen screen) const
+{
+    const Panel* panel = panelOf(screen);
+    return panel != nullptr && panel->isShown();
+}
+
+ScreenState MainWindow::getScreenState() const
+{
+    auto bits = absentScreens.toBits();
+    for (const Screen screen : SCREENS)
+        if (panelOf(screen) != nullptr) bits[static_cast<std::size_t>(screen)] = isShowing(screen);
+    return ScreenState::fromBits(bits);
+}
+
+void MainWindow::setScreenState(const ScreenState& state)
+{
+    absentScreens = state;
+    const auto bits = state.toBits();
+    for (const Screen screen : SCREENS) showScreen(screen, bits[static_cast<std::size_t>(screen)]);
+    fit();
+}
+
+/// As large as the screens together, or as the three buttons where there are none.
+void MainWindow::fit()
+{
+    const bool compact = !column->hasShownChild();
+    for (auto* button : {resetButton, thruButton, keyboardButton}) button->setVisible(compact);
+    column->setVisible(!compact);
+    if (compact) {
+        setMidiThru(gui.getRegistrySettings().getMidiThru());
+        setGlobalKeyboard(gui.getRegistrySettings().getGlobalKeyboard());
+    }
+    const QSize needed = compact ? COMPACT : column->size() + QSize(2 * COLUMN_PLACE.x(), 2 * COLUMN_PLACE.y());
+    if (needed == lastSize) return;
+    const QSize before = lastSize;
+    lastSize = needed;
+    setFixedSize(needed);
+    tellSize(before, needed);
+}
+
+void MainWindow::setMidiThru(bool on) { thruButton->setChecked(on); }
+
+void MainWindow::setGlobalKeyboard(bool on) { keyboardButton->setChecked(on); }
+
+// --- the focus
+
+void MainWindow::setPlayingFocus()
+{
+    if (!isTextEdit(QApplication::focusWidget())) focusControl->setFocus();
+}
+
+/// A click beside a text ends its editing; pointing at a control shows its help.
+bool MainWindow::eventFilter(QObject* object, QEvent* event)
+{
+    const auto* widget = qobject_cast<QWidget*>(object);
+    if (widget == nullptr || widget->window() != window()) return false;
+    if (event->type() == QEvent::MouseButtonPress && !isTextEdit(object)) focusControl->setFocus();
+    if (event->type() == QEvent::Enter && widget->property(Property::HELP).isValid()) gui.displayHelp(*widget);
+    return false;
+}
+}  // namespace Gui

@@ -1,0 +1,97 @@
+#pragma once
+
+#include <QWidget>
+#include <functional>
+#include <memory>
+
+#include "backend/core/Screen.h"
+#include "backend/core/ScreenState.h"
+
+class QPushButton;
+
+namespace Gui
+{
+class FocusControl;
+class OrvGuiIF;
+class Panel;
+
+namespace ComputerInput
+{
+class ComputerInputPanel;
+}
+namespace Display
+{
+class DisplayPanel;
+}
+namespace Help
+{
+class HelpPanel;
+}
+namespace Output
+{
+class OutputPanel;
+}
+namespace System
+{
+class SystemPanel;
+}
+
+/// The window itself: the screens in one column, three buttons while none of them shows, and the control that holds the
+/// focus while the keyboard plays. It takes the size that its screens need.
+class MainWindow final : public QWidget
+{
+public:
+    using Resized = std::function<void(QSize before, QSize now)>;
+
+    /// In `parent`, or by itself.
+    MainWindow(OrvGuiIF& owner, QWidget* parent, Resized tellSize);
+    ~MainWindow() override;
+
+    /// Nothing for a screen that is not there.
+    void showScreen(Backend::Screen screen, bool on);
+    void toggleScreen(Backend::Screen screen);
+    bool isShowing(Backend::Screen screen) const;
+
+    Backend::ScreenState getScreenState() const;
+    void setScreenState(const Backend::ScreenState& state);
+
+    /// Back to playing, unless a text is being edited.
+    void setPlayingFocus();
+
+    void setMidiThru(bool on);
+    void setGlobalKeyboard(bool on);
+
+    System::SystemPanel& getSystemPanel() { return *systemPanel; }
+    Help::HelpPanel& getHelpPanel() { return *helpPanel; }
+    Display::DisplayPanel& getDisplayPanel() { return *displayPanel; }
+    ComputerInput::ComputerInputPanel& getComputerInputPanel() { return *computerInputPanel; }
+    Output::OutputPanel& getOutputPanel() { return *outputPanel; }
+    FocusControl& getFocusControl() { return *focusControl; }
+
+protected:
+    bool eventFilter(QObject* object, QEvent* event) override;
+
+private:
+    class Column;
+
+    void makeButtons();
+    void makePanels();
+    void fit();
+    Panel* panelOf(Backend::Screen screen) const;
+
+    OrvGuiIF& gui;
+    const Resized tellSize;
+    FocusControl* focusControl;  // these belong to their parents, as Qt has it
+    QPushButton* resetButton = nullptr;
+    QPushButton* thruButton = nullptr;
+    QPushButton* keyboardButton = nullptr;
+    Column* column = nullptr;
+    System::SystemPanel* systemPanel = nullptr;
+    Help::HelpPanel* helpPanel = nullptr;
+    Display::DisplayPanel* displayPanel = nullptr;
+    ComputerInput::ComputerInputPanel* computerInputPanel = nullptr;
+    Output::OutputPanel* outputPanel = nullptr;
+    QSize lastSize;
+    Backend::ScreenState absentScreens;  // kept for those that are not there
+};
+}  // namespace Gui

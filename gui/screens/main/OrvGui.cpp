@@ -1,0 +1,270 @@
+#include "gui/screens/main/OrvGui.h"
+
+#include <QApplication>
+#include <QGuiApplication>
+#include <QScreen>
+#include <QVariant>
+#include <QWindow>
+#include <algorithm>
+#include <filesystem>
+#include <utility>
+
+#include "backend/core/OrvIF.h"
+#include "backend/core/OrvMessageManager.h"
+#include "backend/core/WindowMove.h"
+#include "backend/input/functions/HelpTexts.h"
+#include "gui/OrvGuiFactory.h"
+#include "gui/ParentWindow.h"
+#include "gui/framework/GdiManager.h"
+#include "gui/framework/GuiWindow.h"
+#include "gui/framework/Properties.h"
+#include "gui/framework/Skinner.h"
+#include "gui/screens/main/MainWindow.h"
+#include "gui/screens/main/OrvGuiMessageManager.h"
+#include "platform/Path.h"
+
+namespace Gui
+{
+using namespace Backend;
+using MidiEngine::MidiInputPorts;
+using MidiEngine::MidiOutputPorts;
+using MidiEngine::OrvMidiMessage;
+
+namespace
+{
+constexpr RelativeFixedValue UNCHANGED{.relative = true, .value = 0};
+
+RelativeFixedValue by(int pixels) { return {.relative = true, .value = pixels}; }
+RelativeFixedValue to(int pixels) { return {.relative = false, .value = pixels}; }
+}  // namespace
+
+OrvGuiIF* OrvGuiFactory::createOrvGui(OrvIF& orv, GuiStart start) { return new OrvGui(orv, std::move(start)); }
+
+/// All that lives while the window is open. What is made last goes first.
+struct OrvGui::Desk {
+    Desk(OrvGui& gui, ParentWindow& parentWindow)
+        : parent(parentWindow),
+          skinner(gdi),
+          messages(gui),
+          window([&gui](Message& message) { gui.messageManagers.handleMessage(message); })
+    {
+    }
+
+    void open(OrvGui& gui)
+    {
+        main = std::make_unique<MainWindow>(gui, parent.getWidget(),
+                                            [&gui, this](QSize before, QSize now) { followSize(gui, before, now); });
+        skinner.skinWindow(*main);
+    }
+
+    /// The surroundings follow, and with docking the bottom edge stays where it was.
+    void followSize(const OrvGui& gui, QSize before, QSize now) const
+    {
+        parent.windowResized(now.width(), now.height());
+        if (placed && gui.shown.settings.getDockToBottomEdge() && before.height() != now.height())
+            parent.moveWindow(UNCHANGED, by(before.height() - now.height()));
+    }
+
+    ParentWindow& parent;
+    bool placed = false;  // until then its bottom edge means nothing
+    GdiManager gdi;
+    Skinner skinner;
+    OrvGuiMessageManager messages;
+    GuiWindow window;
+    std::unique_ptr<MainWindow> main;
+};
+
+OrvGui::OrvGui(OrvIF& backend, GuiStart start) : orv(backend), shown(std::move(start)) {}
+
+OrvGui::~OrvGui() { destroy(); }
+
+void OrvGui::initialize() {}
+
+void OrvGui::end() { destroy(); }
+
+bool OrvGui::create(ParentWindow& parentWindow)
+{
+    if (desk || qobject_cast<QApplication*>(QCoreApplication::instance()) == nullptr) return false;
+    messageManagers.setThreadId(std::this_thread::get_id());
+    desk = std::make_unique<Desk>(*this, parentWindow);
+    messageManagers.addMessageManager(&desk->messages);
+    desk->open(*this);  // its screens look for what is on the desk
+    desk->main->setScreenState(shown.screens);
+    if (const auto native = parentWindow.getNativeWindow(); native != 0 && parentWindow.getWidget() == nullptr) {
+        desk->main->winId();
+        desk->main->windowHandle()->setParent(QWindow::fromWinId(static_cast<WId>(native)));
+    }
+    desk->main->show();
+    placeWindow();
+    setFocus();
+    orv.setGuiWindowHandle(desk->window.getHandle());
+    getOrvMessageManager().postRefreshGui();
+    return true;
+}
+
+void OrvGui::destroy()
+{
+    if (!desk) return;
+    shown.screens = desk->main->getScreenState();
+    shown.settings.setLastWindowPosition(getMainWindowPosition());
+    getOrvMessageManager().postSetScreenState(shown.screens);
+    if (!shown.isVstPlugin) getOrvMessageManager().postSetLastWindowPosition(getMainWindowPosition());
+    orv.removeGuiWindowHandle();
+    messageManagers.clear();
+    desk.reset();
+}
+
+/// Where it was when it was last closed, if there is a screen at that place.
+void OrvGui::placeWindow()
+{
+    if (!shown.isVstPlugin) {
+        const auto last = shown.settings.getLastWindowPosition();
+        const int height = desk->main->window()->frameGeometry().height();
+        const QPoint place(last.left, shown.settings.getDockToBottomEdge() ? last.bottom - height : last.top);
+        if (place.x() >= 0 && place.y() >= 0 && QGuiApplication::screenAt(place) != nullptr)
+            desk->parent.moveWindow(to(place.x()), to(place.y()));
+    }
+    desk->placed = true;
+}
+
+GdiManager& OrvGui::getGdiManager() { return desk->gdi; }
+
+Skinner& OrvGui::getSkinner() { return desk->skinner; }
+
+int OrvGui::getMouseSensitivity() const { return std::max(1, shown.settings.getMouseSensitivity()); }
+
+WindowHandle OrvGui::getWindowHandle() const { return desk ? desk->window.getHandle() : WindowHandle(); }
+
+OrvMessageManager& OrvGui::getOrvMessageManager() { return orv.getOrvMessageManager(); }
+
+// --- what the backend tells
+
+void OrvGui::handleSettingsChanged(const RegistrySettings& settings)
+{
+    shown.settings = settings;
+    handleMidiThruChanged(settings.getMidiThru());
+    handleGlobalKeyboardChanged(settings.getGlobalKeyboard());
+    handleAlwaysOnTopChanged(settings.getAlwaysOnTop());
+    handleUseSkinBorderChanged(settings.getUseSkinBorder());
+    handleLargeDisplayFontChanged(settings.getLargeDisplayFont());
+    handleDefaultMidiOutputChanged(settings.getDefaultMidiOutput());
+    handleRetroRecordEnabledChanged(settings.isRetroRecordEnabled());
+}
+
+void OrvGui::handleDockToBottomEdgeChanged(bool on) { shown.settings.setDockToBottomEdge(on); }
+
+void OrvGui::handleDefaultBankChanged(const std::string& path) { shown.settings.setDefaultBank(path); }
+
+void OrvGui::handleBankChanged(const Bank& bank) { shown.bank = bank; }
+
+void OrvGui::handleProgramChanged(const Program& program) { shown.program = program; }
+
+void OrvGui::handleProgramNameChanged(const Program& program) { handleProgramChanged(program); }
+
+void OrvGui::handleMidiInputPortsChanged(const MidiInputPorts& ports) { shown.inputs = ports; }
+
+void OrvGui::handleMidiOutputPortsChanged(const MidiOutputPorts& ports) { shown.outputs = ports; }
+
+void OrvGui::handleDefaultMidiOutputChanged(int output) { shown.settings.setDefaultMidiOutput(output); }
+
+void OrvGui::handleAlwaysOnTopChanged(bool on)
+{
+    shown.settings.setAlwaysOnTop(on);
+    desk->parent.alwaysOnTopChanged(on);
+}
+
+void OrvGui::handleUseSkinBorderChanged(bool on)
+{
+    shown.settings.setUseSkinBorder(on);
+    desk->parent.useSkinBorderChanged(on);
+}
+
+void OrvGui::handleRetroRecordEnabledChanged(bool on) { shown.settings.setRetroRecordEnabled(on); }
+
+void OrvGui::handleMidiThruChanged(bool on)
+{
+    shown.settings.setMidiThru(on);
+    desk->main->setMidiThru(on);
+}
+
+void OrvGui::handleGlobalKeyboardChanged(bool on)
+{
+    shown.settings.setGlobalKeyboard(on);
+    desk->main->setGlobalKeyboard(on);
+    desk->parent.globalKeyboardChanged(on);
+}
+
+void OrvGui::handleMouseSensitivityChanged(int divisor) { shown.settings.setMouseSensitivity(divisor); }
+
+void OrvGui::handleLargeDisplayFontChanged(bool on) { shown.settings.setLargeDisplayFont(on); }
+
+void OrvGui::handleResetOrv() { clearMusicKeyboardHilight(); }
+
+void OrvGui::displayMidiOutputEvent(const OrvMidiMessage& event) { orv.displayMidiOutputEvent(event); }
+
+// --- screens and help
+
+void OrvGui::showScreen(Screen screen, bool on)
+{
+    desk->main->showScreen(screen, on);
+    if (screen == Screen::system) desk->parent.systemPanelShown(on);
+}
+
+void OrvGui::toggleScreen(Screen screen)
+{
+    desk->main->toggleScreen(screen);
+    if (screen == Screen::system) desk->parent.systemPanelShown(isScreenShowing(screen));
+}
+
+bool OrvGui::isScreenShowing(Screen screen) const { return desk && desk->main->isShowing(screen); }
+
+void OrvGui::setFocus() { desk->main->setPlayingFocus(); }
+
+void OrvGui::showProgramMenu() {}
+
+void OrvGui::showDefaultMidiOutputMenu() {}
+
+void OrvGui::clearMusicKeyboardHilight() {}
+
+void OrvGui::clearComputerKeyboardHilight() {}
+
+void OrvGui::displayHelp(const QWidget& control)
+{
+    displayHelp(control.property(Property::HELP).toString().toStdString());
+}
+
+void OrvGui::displayHelp(const std::string&) {}
+
+void OrvGui::displayHelp(int helpId) { displayHelp(helpText(helpId)); }
+
+// --- the place on the screen
+
+void OrvGui::moveWindow(const WindowMove& move)
+{
+    const QSize all = desk->main->screen()->virtualSize();
+    desk->parent.moveWindow(move.x.inPixels(all.width()), move.y.inPixels(all.height()));
+}
+
+void OrvGui::setDockToBottomEdge(bool on) { getOrvMessageManager().postSetDockToBottomEdge(on); }
+
+WindowsLib::Rect OrvGui::getMainWindowPosition() const
+{
+    if (!desk) return shown.settings.getLastWindowPosition();
+    const QRect frame = desk->main->window()->frameGeometry();
+    return {frame.left(), frame.top(), frame.left() + frame.width(), frame.top() + frame.height()};
+}
+
+// --- names
+
+std::string OrvGui::getMidiOutputName(int output) const
+{
+    if (output == OrvMidiMessage::DEFAULT_OUTPUT) return "Default";
+    const auto index = static_cast<std::size_t>(output);
+    return output < 0 || index >= shown.outputs.size() ? "???" : shown.outputs[index].getName();
+}
+
+int OrvGui::getNumberOfPrograms() const { return static_cast<int>(shown.bank.programNames.size()); }
+
+std::string OrvGui::getCurrentBankName() const { return textOf(pathOf(shown.bank.name).stem()); }
+
+}  // namespace Gui

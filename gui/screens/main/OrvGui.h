@@ -1,0 +1,91 @@
+#pragma once
+
+#include <memory>
+
+#include "backend/core/GuiFactory.h"
+#include "gui/OrvGuiIF.h"
+#include "gui/framework/GuiMessageManagerMaster.h"
+
+namespace Gui
+{
+class MainWindow;
+
+/// The window's object. It lives from one opening to the next and keeps what the backend told; all that belongs to Qt
+/// is made in `create` and goes in `destroy`.
+class OrvGui final : public OrvGuiIF
+{
+public:
+    OrvGui(Backend::OrvIF& backend, Backend::GuiStart start);
+    ~OrvGui() override;
+
+    void initialize() override;
+    void end() override;
+    bool create(ParentWindow& parentWindow) override;
+    void destroy() override;
+
+    GdiManager& getGdiManager() override;
+    Skinner& getSkinner() override;
+    int getMouseSensitivity() const override;
+
+    const Backend::MidiEngine::MidiOutputPorts& getMidiOutputPorts() const override { return shown.outputs; }
+    const Backend::MidiEngine::MidiInputPorts& getMidiInputPorts() const override { return shown.inputs; }
+    WindowHandle getWindowHandle() const override;
+    const Backend::RegistrySettings& getRegistrySettings() const override { return shown.settings; }
+    int getDefaultMidiOutput() const override { return shown.settings.getDefaultMidiOutput(); }
+    const Backend::Bank& getCurrentBank() const override { return shown.bank; }
+    const Backend::Program& getCurrentProgram() const override { return shown.program; }
+    Backend::OrvMessageManager& getOrvMessageManager() override;
+
+    void handleSettingsChanged(const Backend::RegistrySettings& settings) override;
+    void handleDockToBottomEdgeChanged(bool on) override;
+    void handleDefaultBankChanged(const std::string& path) override;
+    void handleBankChanged(const Backend::Bank& bank) override;
+    void handleProgramChanged(const Backend::Program& program) override;
+    void handleProgramNameChanged(const Backend::Program& program) override;
+    void handleMidiInputPortsChanged(const Backend::MidiEngine::MidiInputPorts& ports) override;
+    void handleMidiOutputPortsChanged(const Backend::MidiEngine::MidiOutputPorts& ports) override;
+    void handleDefaultMidiOutputChanged(int output) override;
+    void handleAlwaysOnTopChanged(bool on) override;
+    void handleUseSkinBorderChanged(bool on) override;
+
+    void showScreen(Backend::Screen screen, bool on) override;
+    void toggleScreen(Backend::Screen screen) override;
+    bool isScreenShowing(Backend::Screen screen) const override;
+
+    void moveWindow(const Backend::WindowMove& move) override;
+    void displayMidiOutputEvent(const Backend::MidiEngine::OrvMidiMessage& event) override;
+    void setDockToBottomEdge(bool on) override;
+    GuiMessageManagerMaster& getGuiMessageManagerMaster() override { return messageManagers; }
+    void clearMusicKeyboardHilight() override;
+    void clearComputerKeyboardHilight() override;
+    std::string getMidiOutputName(int output) const override;
+    void handleResetOrv() override;
+    int getNumberOfPrograms() const override;
+    void setFocus() override;
+    void showProgramMenu() override;
+    void showDefaultMidiOutputMenu() override;
+    void handleRetroRecordEnabledChanged(bool on) override;
+    void handleMidiThruChanged(bool on) override;
+    void handleGlobalKeyboardChanged(bool on) override;
+    void handleMouseSensitivityChanged(int divisor) override;
+    void handleLargeDisplayFontChanged(bool on) override;
+    Backend::OrvIF& getOrvIF() override { return orv; }
+    std::string getCurrentBankName() const override;
+    void displayHelp(const QWidget& control) override;
+    void displayHelp(const std::string& text) override;
+    void displayHelp(int helpId) override;
+    WindowsLib::Rect getMainWindowPosition() const override;
+    bool isVstPlugin() const override { return shown.isVstPlugin; }
+
+private:
+    struct Desk;
+
+    void applyScreens();
+    void placeWindow();
+
+    Backend::OrvIF& orv;
+    Backend::GuiStart shown;
+    GuiMessageManagerMaster messageManagers;
+    std::unique_ptr<Desk> desk;  // while the window is open
+};
+}  // namespace Gui

@@ -1,0 +1,85 @@
+#include "gui/screens/main/OrvGuiMessageManager.h"
+
+#include <array>
+
+#include "backend/core/GuiMessages.h"
+#include "backend/core/WindowMove.h"
+#include "backend/input/values/OnOffToggle.h"
+#include "backend/persistence/Bank.h"
+#include "backend/persistence/Program.h"
+#include "backend/persistence/RegistrySettings.h"
+#include "gui/OrvGuiIF.h"
+
+namespace Gui
+{
+using namespace Backend;
+using MidiEngine::MidiInputPorts;
+using MidiEngine::MidiOutputPorts;
+using MidiEngine::OrvMidiMessage;
+
+namespace
+{
+using Command = GuiCommand<OrvGuiIF>;
+
+template <auto operation, class Value>
+constexpr Command payload(unsigned int number)
+{
+    return payloadCommand<operation, Value, OrvGuiIF>(number);
+}
+template <auto operation>
+constexpr Command onOff(unsigned int number)
+{
+    return valueCommand<operation, bool, OrvGuiIF>(number);
+}
+template <auto operation>
+constexpr Command number(unsigned int messageNumber)
+{
+    return valueCommand<operation, int, OrvGuiIF>(messageNumber);
+}
+template <auto operation>
+constexpr Command plain(unsigned int messageNumber)
+{
+    return plainCommand<operation, OrvGuiIF>(messageNumber);
+}
+
+void showScreen(OrvGuiIF& gui, Message& message)
+{
+    const auto screen = static_cast<Screen>(message.wparam);
+    const OnOffToggle on{static_cast<OnOffToggle::State>(message.lparam)};
+    if (on.state == OnOffToggle::State::toggle)
+        gui.toggleScreen(screen);
+    else
+        gui.showScreen(screen, on.appliedTo(false));
+}
+
+constexpr auto COMMANDS = std::to_array<Command>({
+    payload<&OrvGuiIF::handleSettingsChanged, RegistrySettings>(GuiMessage::SETTINGS),
+    payload<&OrvGuiIF::handleMidiInputPortsChanged, MidiInputPorts>(GuiMessage::MIDI_INPUT_PORTS),
+    payload<&OrvGuiIF::handleMidiOutputPortsChanged, MidiOutputPorts>(GuiMessage::MIDI_OUTPUT_PORTS),
+    onOff<&OrvGuiIF::handleDockToBottomEdgeChanged>(GuiMessage::DOCK_TO_BOTTOM_EDGE),
+    payload<&OrvGuiIF::handleDefaultBankChanged, std::string>(GuiMessage::DEFAULT_BANK),
+    onOff<&OrvGuiIF::handleLargeDisplayFontChanged>(GuiMessage::LARGE_DISPLAY_FONT),
+    onOff<&OrvGuiIF::handleAlwaysOnTopChanged>(GuiMessage::ALWAYS_ON_TOP),
+    payload<&OrvGuiIF::handleBankChanged, Bank>(GuiMessage::BANK),
+    plain<&OrvGuiIF::showProgramMenu>(GuiMessage::SHOW_PROGRAM_MENU),
+    plain<&OrvGuiIF::showDefaultMidiOutputMenu>(GuiMessage::SHOW_DEFAULT_MIDI_OUTPUT_MENU),
+    payload<&OrvGuiIF::moveWindow, WindowMove>(GuiMessage::MOVE_WINDOW),
+    {GuiMessage::MIDI_OUTPUT_EVENT,
+     [](OrvGuiIF& gui, Message& message) {
+         gui.displayMidiOutputEvent(OrvMidiMessage(message.wparam, message.lparam));
+     }},
+    plain<&OrvGuiIF::handleResetOrv>(GuiMessage::ORV_RESET),
+    payload<&OrvGuiIF::handleProgramNameChanged, Program>(GuiMessage::PROGRAM_NAME),
+    payload<&OrvGuiIF::handleProgramChanged, Program>(GuiMessage::PROGRAM),
+    number<&OrvGuiIF::handleDefaultMidiOutputChanged>(GuiMessage::DEFAULT_MIDI_OUTPUT),
+    onOff<&OrvGuiIF::handleUseSkinBorderChanged>(GuiMessage::USE_SKIN_BORDER),
+    {GuiMessage::SHOW_SCREEN, &showScreen},
+    onOff<&OrvGuiIF::handleRetroRecordEnabledChanged>(GuiMessage::RETRO_RECORD_ENABLED),
+    onOff<&OrvGuiIF::handleMidiThruChanged>(GuiMessage::MIDI_THRU),
+    onOff<&OrvGuiIF::handleGlobalKeyboardChanged>(GuiMessage::GLOBAL_KEYBOARD),
+    number<&OrvGuiIF::handleMouseSensitivityChanged>(GuiMessage::MOUSE_SENSITIVITY),
+});
+}  // namespace
+
+OrvGuiMessageManager::OrvGuiMessageManager(OrvGuiIF& gui) : TableMessageManager(COMMANDS, gui) {}
+}  // namespace Gui

@@ -1,0 +1,11 @@
+#include "backend/core/OrvFactory.h"
+#include "gui/OrvGuiFactory.h"
+
+namespace
+{
+/// When the library is loaded: the backend knows of no window by itself.
+[[maybe_unused]] const bool hasWindow = [] {
+    Backend::OrvFactory::setGuiFactory(&Gui::OrvGuiFactory::createOrvGui);
+    return true;
+}();
+}  // namespace
