@@ -1,8 +1,8 @@
 #pragma once
 
 #include <QLineEdit>
-#include <optional>
-#include <string>
+
+#include "gui/framework/Wheel.h"
 
 namespace Gui
 {
@@ -36,6 +36,6 @@ private:
     Range getRange() const;
     void choose(int number);
 
-    int wheelRest = 0;
+    Wheel wheel;
 };
 }  // namespace Gui
