@@ -5,7 +5,6 @@
 #include <QTransform>
 #include <algorithm>
 
-#include "gui/framework/GdiManager.h"
 #include "gui/framework/Properties.h"
 
 namespace Gui::Look
@@ -89,5 +88,30 @@ void drawButton(QPainter& painter, const GdiManager& gdi, const QRect& rectangle
     const int lift = (isLow && isPlus) || isMinus ? 1 : 0;
     painter.drawText(rectangle.translated(0, -lift), Qt::AlignCenter | Qt::TextShowMnemonic | Qt::TextSingleLine,
                      state.label);
+}
+
+void drawDisc(QPainter& painter, GdiManager& gdi, const QPoint& corner, int diameter, Role colour)
+{
+    const auto& disc = gdi.getKnob(gdi.getBrush(colour).getColour(), gdi.getBrush(Role::background).getColour(),
+                                   GdiManager::Edge::smooth, diameter, painter.device()->devicePixelRatioF());
+    painter.drawPixmap(corner, disc.getHandle());
+}
+
+void drawFader(QPainter& painter, GdiManager& gdi, const QRect& rectangle, const FaderState& state)
+{
+    painter.fillRect(rectangle, gdi.getColour(Role::background));
+    painter.setPen(gdi.getColour(state.enabled ? Role::controlBorder : Role::controlBorderDisabled));
+    const bool upright = state.orientation == Qt::Vertical;
+    const QPoint middle = rectangle.center();
+    if (upright)
+        painter.drawLine(middle.x(), rectangle.top(), middle.x(), rectangle.bottom());
+    else
+        painter.drawLine(rectangle.left(), middle.y(), rectangle.right(), middle.y());
+
+    const int room = (upright ? rectangle.height() : rectangle.width()) - state.disc - 1;
+    const int along = static_cast<int>((upright ? 1 - state.fraction : state.fraction) * room + 0.5);
+    const QPoint corner = upright ? QPoint(middle.x() - state.disc / 2, rectangle.top() + along)
+                                  : QPoint(rectangle.left() + along, middle.y() - state.disc / 2);
+    drawDisc(painter, gdi, corner, state.disc, state.enabled ? Role::selectedButton : Role::disabledButton);
 }
 }  // namespace Gui::Look

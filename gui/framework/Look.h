@@ -1,17 +1,12 @@
 #pragma once
 
 #include <QString>
+#include <Qt>
 
-class QColor;
+#include "gui/framework/GdiManager.h"
+
 class QPainter;
-class QRect;
-class QRectF;
 class QWidget;
-
-namespace Gui
-{
-class GdiManager;
-}
 
 /// What the skin and the controls that draw themselves have in common.
 namespace Gui::Look
@@ -37,4 +32,17 @@ struct ButtonState {
 /// a small font, any other that of the painter.
 void drawButton(QPainter& painter, const GdiManager& gdi, const QRect& rectangle, const ButtonState& state,
                 const QWidget* control);
+
+/// A disc with its corner there, from the cache of knobs.
+void drawDisc(QPainter& painter, GdiManager& gdi, const QPoint& corner, int diameter, GdiManager::Role colour);
+
+struct FaderState {
+    Qt::Orientation orientation{};
+    qreal fraction{};  ///< 0 at the bottom or the left, 1 at the other end
+    int disc{};        ///< its diameter in logical pixels
+    bool enabled = true;
+};
+
+/// A thin line and a disc on it.
+void drawFader(QPainter& painter, GdiManager& gdi, const QRect& rectangle, const FaderState& state);
 }  // namespace Gui::Look
