@@ -30,8 +30,9 @@ Button::Button(GuiContext& guiContext, int buttonId, const QString& label, const
     setContextMenuPolicy(Qt::PreventContextMenu);
     setAttribute(Qt::WA_OpaquePaintEvent);
     new HoverHelp(context, *this);
-    // A screen reader's click.
+    // A screen reader's click, or that of the arrow keys in a group. A latching one has changed by then.
     connect(this, &QAbstractButton::clicked, this, [this] {
+        if (isCheckable()) return notify();
         mouseDown();
         mouseUp();
     });

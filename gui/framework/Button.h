@@ -51,7 +51,6 @@ protected:
     void keyReleaseEvent(QKeyEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     void hideEvent(QHideEvent* event) override;
-    void nextCheckState() override {}  // mouseDown does it
 
 private:
     GuiContext& context;

@@ -179,7 +179,7 @@ bool ComboBox::handleKey(const QKeyEvent& event)
 void ComboBox::keyPressEvent(QKeyEvent* event)
 {
     if (isReadOnly() && forwardToParent(*this, *event)) return;
-    if (!handleKey(*event) && !isReadOnly()) QLineEdit::keyPressEvent(event);
+    if (!handleKey(*event) && !isReadOnly()) EditBox::keyPressEvent(event);
 }
 
 void ComboBox::keyReleaseEvent(QKeyEvent* event)
@@ -187,7 +187,7 @@ void ComboBox::keyReleaseEvent(QKeyEvent* event)
     if (isReadOnly())
         forwardToParent(*this, *event);
     else
-        QLineEdit::keyReleaseEvent(event);
+        EditBox::keyReleaseEvent(event);
 }
 
 // --- the look

@@ -1,6 +1,8 @@
 #include "gui/framework/EditBox.h"
 
 #include <QContextMenuEvent>
+#include <QDialog>
+#include <QKeyEvent>
 #include <QWheelEvent>
 #include <algorithm>
 #include <utility>
@@ -76,6 +78,19 @@ void EditBox::step(int notches, bool shift)
     const int number = getNumber() + notches * (wide ? OCTAVE : 1);
     const Range range = getRange();
     if (number >= range.lowest && number <= range.highest) choose(number);
+}
+
+void EditBox::keyPressEvent(QKeyEvent* event)
+{
+    QLineEdit::keyPressEvent(event);
+    const bool ends = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter || event->key() == Qt::Key_Escape;
+    if (!ends || qobject_cast<QDialog*>(window()) == nullptr) event->accept();
+}
+
+void EditBox::keyReleaseEvent(QKeyEvent* event)
+{
+    QLineEdit::keyReleaseEvent(event);
+    event->accept();
 }
 
 void EditBox::wheelEvent(QWheelEvent* event)

@@ -25,6 +25,9 @@ public:
     void step(int notches, bool shift);
 
 protected:
+    /// What is typed here never plays. A dialog still gets its Enter and Escape.
+    void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
 
