@@ -85,7 +85,7 @@ TEST(Button, TakesTheKeyboardByTabAloneAndShowsItsHelp)
     EXPECT_TRUE(typing.hasFocus());
     QEnterEvent enter({1, 1}, {1, 1}, {1, 1});
     QApplication::sendEvent(&button, &enter);
-    EXPECT_EQ(stage.helped, std::vector<QWidget*>{&button});
+    EXPECT_EQ(stage.helped, std::vector<const QWidget*>{&button});
     QTest::keyClick(&typing, Qt::Key_Tab);
     EXPECT_TRUE(button.hasFocus());
 }
