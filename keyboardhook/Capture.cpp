@@ -55,7 +55,9 @@ void Capture::apply(const Wishes& newWishes)
     letGo();
     if (newWishes.enabled && !wishes.enabled) refused.reset();
     wishes = newWishes;
+    focus.look();
     takeAndRelease();
+    server.wait();
 }
 
 bool Capture::takes(int scanCode) const { return wishes.enabled && BOARD[scanCode] && !wishes.excluded[scanCode]; }
@@ -154,8 +156,9 @@ bool Capture::letGo()
 
 void Capture::reconcile()
 {
+    // With every event answered and none come since, what is physically down is what the events have said, and more.
     const KeySet physical = keyboard.keysDown();
-    if (const auto earlier = server.nextEvent()) return handle(*earlier);
+    if (server.hasEvent()) return;
     physicallyDown = physical;
     strangers &= physical;
     controlsDown &= physical;

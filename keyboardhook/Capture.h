@@ -34,10 +34,9 @@ public:
     void apply(const Wishes& newWishes);
     void handle(const xcb_generic_event_t& event);
 
-    /// Whether a key counts as down that may come up unseen; `reconcile` must then be called whenever nothing has
-    /// happened for a while. Not in between: what is physically down may be ahead of the events.
+    /// Whether a key counts as down that may come up unseen.
     bool needsReconciling() const { return (down | strangers | controlsDown).any(); }
-    /// Compares what counts as down with what is.
+    /// Compares what counts as down with what is. To be called after events, and now and again without any.
     void reconcile();
 
 private:

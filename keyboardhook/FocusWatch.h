@@ -15,8 +15,10 @@ public:
     /// True if the event says that the focus went elsewhere; `isOurs` then answers for the new window.
     bool take(const xcb_generic_event_t& event);
 
-private:
+    /// Looks for itself, without waiting for an event.
     void look();
+
+private:
     xcb_window_t focused();
     void watch(xcb_window_t candidate, std::uint32_t events);
     bool isOfThisProcess(xcb_window_t candidate);

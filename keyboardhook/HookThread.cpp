@@ -78,7 +78,7 @@ void HookThread::run()
         Capture capture(*server, [&] { toggle(capture); });
         while (!isStopping() && server->isAlive()) {
             takeWishes(capture);
-            while (const auto event = server->nextEvent()) capture.handle(*event);
+            handleEvents(capture);
             waitForNews(capture);
         }
     }
@@ -101,11 +101,19 @@ void HookThread::takeWishes(Capture& capture)
     progress.notify_all();
 }
 
-void HookThread::waitForNews(Capture& capture)
+/// What the server says while it is asked something counts too, before we sleep.
+void HookThread::handleEvents(Capture& capture)
+{
+    do {
+        while (const auto event = server->nextEvent()) capture.handle(*event);
+        if (capture.needsReconciling()) capture.reconcile();
+    } while (server->hasEvent());
+}
+
+void HookThread::waitForNews(const Capture& capture)
 {
     pollfd sources[] = {{server->getFileDescriptor(), POLLIN, 0}, {wakeDescriptor, POLLIN, 0}};
-    const int ready = ::poll(sources, 2, capture.needsReconciling() ? RECONCILE_INTERVAL : FOR_EVER);
-    if (ready == 0) capture.reconcile();
+    ::poll(sources, 2, capture.needsReconciling() ? RECONCILE_INTERVAL : FOR_EVER);
     eventfd_t wakes = 0;
     ::eventfd_read(wakeDescriptor, &wakes);
 }

@@ -32,7 +32,8 @@ private:
 
     void run();
     void takeWishes(Capture& capture);
-    void waitForNews(Capture& capture);
+    void handleEvents(Capture& capture);
+    void waitForNews(const Capture& capture);
     void toggle(Capture& capture);
     void serverHasGone();
     bool isStopping();

@@ -2,10 +2,7 @@
 
 #include <algorithm>
 
-// Its structs have a member named after a word of C++.
-#define explicit explicitMember
-#include <xcb/xkb.h>
-#undef explicit
+#include "keyboardhook/XkbForCpp.h"
 
 namespace KeyboardHook
 {

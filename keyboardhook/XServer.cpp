@@ -36,13 +36,18 @@ XServer::Event XServer::nextEvent()
     return oldest;
 }
 
-bool XServer::hasKeyEvent()
+bool XServer::hasEvent()
 {
     while (auto* const event = xcb_poll_for_queued_event(connection)) events.emplace_back(event);
-    return std::any_of(events.begin(), events.end(), [](const Event& event) {
-        const int type = event->response_type & 0x7F;
-        return type == XCB_KEY_PRESS || type == XCB_KEY_RELEASE;
-    });
+    return !events.empty();
+}
+
+bool XServer::hasKeyEvent()
+{
+    return hasEvent() && std::any_of(events.begin(), events.end(), [](const Event& event) {
+               const int type = event->response_type & 0x7F;
+               return type == XCB_KEY_PRESS || type == XCB_KEY_RELEASE;
+           });
 }
 
 XServer::~XServer() { xcb_disconnect(connection); }

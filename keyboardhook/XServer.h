@@ -37,7 +37,8 @@ public:
 
     /// What came and was not asked for, errors included; null if nothing has.
     Event nextEvent();
-    /// Whether a key is among what has come so far.
+    /// Whether there are events, or keys among them, that came before the last answer did.
+    bool hasEvent();
     bool hasKeyEvent();
 
     /// The answer to a request, null if it failed: `ask(xcb_query_keymap, xcb_query_keymap_reply)`.
@@ -51,6 +52,9 @@ public:
         std::free(error);
         return reply;
     }
+
+    /// Until the server has done all that was asked so far.
+    void wait() { ask(xcb_get_input_focus, xcb_get_input_focus_reply); }
 
 private:
     XServer(xcb_connection_t* opened, xcb_window_t rootWindow) : connection(opened), root(rootWindow) {}

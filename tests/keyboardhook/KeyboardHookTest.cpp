@@ -2,10 +2,12 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <chrono>
 #include <cstdlib>
 #include <filesystem>
 #include <optional>
 #include <random>
+#include <thread>
 
 #include "gui/framework/KeyboardHookProxy.h"
 #include "keyboardhook/KeyboardHookMessages.h"
@@ -146,6 +148,20 @@ TEST_F(GlobalKeyboard, LeavesExcludedKeysToOthersEvenInAChord)
     EXPECT_EQ(program->typed("Escape<Escape>Escape<Escape>W<W>"), "Escape<Escape>Escape<Escape>W<W>");
 }
 
+TEST_F(GlobalKeyboard, SeesAKeyComeUpThatSlippedThroughBehindAnExcludedOne)
+{
+    switchOn();
+    for (int round = 0; round < 20; ++round) {
+        display->press("Q");
+        display->press("Escape");
+        display->strike("W");
+        display->release("Escape");
+        display->release("Q");
+        EXPECT_TRUE(waitUntil([this] { return window.toldSoFar().find("Q>") != std::string::npos; }));
+        window.forget();
+    }
+}
+
 TEST_F(GlobalKeyboard, TellsTheModifiersThatAreDown)
 {
     switchOn();
@@ -198,8 +214,7 @@ TEST_F(GlobalKeyboard, ReleasesWhatIsHeldWhenItIsSwitchedOff)
     display->release("Q");
     display->release("W");
     display->strike("E");
-    waitUntil([this] { return program->typed("E<E>").ends_with("E<E>"); });
-    EXPECT_TRUE(program->typed("").ends_with("E<E>"));
+    EXPECT_TRUE(waitUntil([this] { return program->typed("").ends_with("E<E>"); })) << program->typed("");
     EXPECT_EQ(window.toldSoFar(), "");
 }
 
@@ -207,27 +222,30 @@ TEST_F(GlobalKeyboard, LeavesOurOwnWindowItsKeys)
 {
     switchOn();
     Program own(Program::Whose::ours);
-    switchOn();  // by now it has seen whose window that is
-    display->press("Q");
-    EXPECT_EQ(own.typed("Q<"), "Q<");
-
-    program->focus();
-    waitUntil([this] {
-        display->strike("E");
-        return window.toldSoFar().size() >= 4;
-    });
-    EXPECT_EQ(window.toldSoFar().substr(0, 4), "E<E>");  // and no repeats of Q, which went down elsewhere
-    display->release("Q");
-    display->strike("Escape");
-    waitUntil([this] { return program->typed("").ends_with("Escape<Escape>"); });
-    EXPECT_EQ(window.toldSoFar().find('Q'), std::string::npos) << window.toldSoFar();
-
-    window.forget();
-    waitUntil([this] {
+    EXPECT_TRUE(waitUntil([&] {
         display->strike("Q");
-        return window.toldSoFar().size() >= 4;
-    });
-    EXPECT_EQ(window.toldSoFar().substr(0, 4), "Q<Q>");
+        return own.typed("").ends_with("Q<Q>");
+    }));
+    program->focus();
+    EXPECT_TRUE(waitUntil([this] {
+        display->strike("Q");
+        return window.toldSoFar().ends_with("Q<Q>");
+    }));
+}
+
+TEST_F(GlobalKeyboard, DoesNotCountAKeyThatWentDownElsewhereUntilItIsStruckAgain)
+{
+    Program own(Program::Whose::ours);
+    switchOn();
+    display->press("Q");
+    EXPECT_TRUE(waitUntil([&] { return own.typed("").ends_with("Q>Q<"); }));  // repeats, as a plain program sees it
+    program->focus();
+    switchOn();
+    std::this_thread::sleep_for(std::chrono::milliseconds(100));  // it repeats all the while
+    display->release("Q");
+    display->strike("W");
+    display->strike("Q");
+    EXPECT_EQ(window.told("W<W>Q<Q>"), "W<W>Q<Q>");
 }
 
 TEST_F(GlobalKeyboard, LeavesAnotherProgramTheKeysThatItHasTaken)
@@ -267,17 +285,15 @@ TEST_F(GlobalKeyboard, LeavesNoKeyDownHoweverFastTheFingers)
 
     hook->clearControlKeys();
     switchOn();
-    waitUntil([this] {
+    EXPECT_TRUE(waitUntil([this] {
         display->strike("W");
-        return window.toldSoFar().ends_with("W<W>") && window.whatIsDown() == 0;
-    });
-    EXPECT_EQ(window.whatIsDown(), 0) << window.toldSoFar();
-    EXPECT_TRUE(window.toldSoFar().ends_with("W<W>")) << window.toldSoFar();
-    waitUntil([this] {
+        return window.toldSoFar().ends_with("W<W>");
+    }));
+    EXPECT_TRUE(waitUntil([this] {
         display->strike("Escape");
         return program->typed("").ends_with("Escape<Escape>");
-    });
-    EXPECT_TRUE(program->typed("").ends_with("Escape<Escape>"));
+    }));
+    EXPECT_TRUE(waitUntil([this] { return window.whatIsDown() == 0; })) << window.whatIsDown();
 }
 
 TEST_F(GlobalKeyboard, LeavesNothingBehindAfterManyRounds)
@@ -318,8 +334,7 @@ TEST_F(GlobalKeyboard, GivesTheKeysBackWhenItIsUnloaded)
     }
     EXPECT_EQ(::dlopen(path.c_str(), RTLD_NOW | RTLD_NOLOAD), nullptr);
     display->strike("W");
-    waitUntil([this] { return program->typed("W<W>").ends_with("W<W>"); });
-    EXPECT_TRUE(program->typed("").ends_with("W<W>"));
+    EXPECT_TRUE(waitUntil([this] { return program->typed("").ends_with("W<W>"); })) << program->typed("");
 }
 
 TEST_F(GlobalKeyboard, EndsWithItsServer)
@@ -328,8 +343,7 @@ TEST_F(GlobalKeyboard, EndsWithItsServer)
     display->press("Q");
     EXPECT_EQ(window.told("Q<"), "Q<");
     display->end();
-    waitUntil([this] { return window.toldSoFar().ends_with("(off)"); });
-    EXPECT_TRUE(window.toldSoFar().ends_with("Q>(off)")) << window.toldSoFar();
+    EXPECT_TRUE(waitUntil([this] { return window.toldSoFar().ends_with("Q>(off)"); })) << window.toldSoFar();
     EXPECT_STREQ(hook->setEnabled(1), "Global keys need an X server; there is none.");
     hook->addControlKey(F12);
     EXPECT_STREQ(hook->setEnabled(0), nullptr);

@@ -52,12 +52,14 @@ std::string nameOf(std::uint8_t scanCode, std::uint8_t modifiers)
     return Key::fromPacked(code | std::uint32_t{modifiers} << 8).toXmlString();
 }
 
-void waitUntil(const std::function<bool()>& condition)
+bool waitUntil(const std::function<bool()>& condition)
 {
     using namespace std::chrono_literals;
-    for (const auto start = std::chrono::steady_clock::now();
-         !condition() && std::chrono::steady_clock::now() - start < 10s;)
+    for (const auto start = std::chrono::steady_clock::now(); !condition();) {
+        if (std::chrono::steady_clock::now() - start > 10s) return false;
         std::this_thread::sleep_for(1ms);
+    }
+    return true;
 }
 
 bool PrivateDisplay::isInstalled() { return ::access(XVFB, X_OK) == 0; }

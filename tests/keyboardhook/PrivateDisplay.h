@@ -70,6 +70,6 @@ private:
 /// The name of a key, with those of the modifiers in front.
 std::string nameOf(std::uint8_t scanCode, std::uint8_t modifiers = 0);
 
-/// Waits until it is true, or for so long that the comparison that follows may fail.
-void waitUntil(const std::function<bool()>& condition);
+/// Whether it comes true before patience ends.
+bool waitUntil(const std::function<bool()>& condition);
 }  // namespace KeyboardHook
