@@ -19,6 +19,7 @@
 #include "gui/framework/GuiWindow.h"
 #include "gui/framework/Properties.h"
 #include "gui/framework/Skinner.h"
+#include "gui/screens/display/DisplayPanel.h"
 #include "gui/screens/main/MainWindow.h"
 #include "gui/screens/main/OrvGuiMessageManager.h"
 #include "platform/Path.h"
@@ -149,6 +150,7 @@ void OrvGui::handleSettingsChanged(const RegistrySettings& settings)
     handleLargeDisplayFontChanged(settings.getLargeDisplayFont());
     handleDefaultMidiOutputChanged(settings.getDefaultMidiOutput());
     handleRetroRecordEnabledChanged(settings.isRetroRecordEnabled());
+    desk->main->getDisplayPanel().handleSettingsChanged(settings);
 }
 
 void OrvGui::handleDockToBottomEdgeChanged(bool on) { shown.settings.setDockToBottomEdge(on); }
@@ -196,7 +198,11 @@ void OrvGui::handleGlobalKeyboardChanged(bool on)
 
 void OrvGui::handleMouseSensitivityChanged(int divisor) { shown.settings.setMouseSensitivity(divisor); }
 
-void OrvGui::handleLargeDisplayFontChanged(bool on) { shown.settings.setLargeDisplayFont(on); }
+void OrvGui::handleLargeDisplayFontChanged(bool on)
+{
+    shown.settings.setLargeDisplayFont(on);
+    desk->main->getDisplayPanel().handleLargeDisplayFontChanged(on);
+}
 
 void OrvGui::handleResetOrv() { clearMusicKeyboardHilight(); }
 

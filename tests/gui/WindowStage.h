@@ -1,0 +1,71 @@
+#pragma once
+
+#include <QTest>
+#include <QWidget>
+#include <memory>
+
+#include "backend/core/OrvFactory.h"
+#include "backend/core/Screen.h"
+#include "gui/OrvGuiFactory.h"
+#include "gui/OrvGuiIF.h"
+#include "gui/ParentWindow.h"
+#include "tests/stage/Stage.h"
+
+/// Before the backend is made it learns of the window.
+struct WithGuiFactory {
+    WithGuiFactory() { Backend::OrvFactory::setGuiFactory(&Gui::OrvGuiFactory::createOrvGui); }
+    ~WithGuiFactory() { Backend::OrvFactory::setGuiFactory(nullptr); }
+};
+
+/// A stage with a window, which stands in a widget of the host's. It shows the screens that a test asks for.
+struct WindowStage : WithGuiFactory, Stage {
+    struct Surroundings final : Gui::ParentWindow {
+        QWidget widget;
+        QWidget* getWidget() override { return &widget; }
+        void windowResized(int width, int height) override { widget.resize(width, height); }
+        void moveWindow(const RelativeFixedValue&, const RelativeFixedValue&) override {}
+    };
+
+    Surroundings host;
+    std::unique_ptr<Gui::OrvGuiIF> gui;
+
+    WindowStage() : gui(commands().sendCreateOrvGui(false))
+    {
+        gui->initialize();
+        open();
+        for (const Backend::Screen screen : {Backend::Screen::system, Backend::Screen::help, Backend::Screen::display,
+                                             Backend::Screen::computerInput, Backend::Screen::output})
+            gui->showScreen(screen, false);
+        host.widget.show();
+        gui->setFocus();
+        told();
+    }
+    ~WindowStage() { gui->end(); }
+
+    void open() { gui->create(host); }
+
+    /// Until the window has been told all that there is to tell.
+    void told()
+    {
+        rest();
+        constexpr int LONGER_THAN_A_PAUSE = 20;
+        QTest::qWait(LONGER_THAN_A_PAUSE);
+    }
+
+    /// The only control of that type; null if the window has none.
+    template <class Control>
+    Control* find() const
+    {
+        for (QWidget* widget : host.widget.findChildren<QWidget*>())
+            if (auto* control = dynamic_cast<Control*>(widget)) return control;
+        return nullptr;
+    }
+
+    /// The control of that accessible name; null if there is none.
+    QWidget* named(const char* name) const
+    {
+        for (QWidget* widget : host.widget.findChildren<QWidget*>())
+            if (widget->accessibleName() == QLatin1String(name)) return widget;
+        return nullptr;
+    }
+};
