@@ -22,6 +22,7 @@
 #include "gui/screens/display/DisplayPanel.h"
 #include "gui/screens/main/MainWindow.h"
 #include "gui/screens/main/OrvGuiMessageManager.h"
+#include "gui/screens/output/OutputPanel.h"
 #include "platform/Path.h"
 
 namespace Gui
@@ -165,9 +166,17 @@ void OrvGui::handleProgramNameChanged(const Program& program) { handleProgramCha
 
 void OrvGui::handleMidiInputPortsChanged(const MidiInputPorts& ports) { shown.inputs = ports; }
 
-void OrvGui::handleMidiOutputPortsChanged(const MidiOutputPorts& ports) { shown.outputs = ports; }
+void OrvGui::handleMidiOutputPortsChanged(const MidiOutputPorts& ports)
+{
+    shown.outputs = ports;
+    desk->main->getOutputPanel().handleMidiOutputPortsChanged(ports);
+}
 
-void OrvGui::handleDefaultMidiOutputChanged(int output) { shown.settings.setDefaultMidiOutput(output); }
+void OrvGui::handleDefaultMidiOutputChanged(int output)
+{
+    shown.settings.setDefaultMidiOutput(output);
+    desk->main->getOutputPanel().handleDefaultMidiOutputChanged(output);
+}
 
 void OrvGui::handleAlwaysOnTopChanged(bool on)
 {
@@ -206,7 +215,11 @@ void OrvGui::handleLargeDisplayFontChanged(bool on)
 
 void OrvGui::handleResetOrv() { clearMusicKeyboardHilight(); }
 
-void OrvGui::displayMidiOutputEvent(const OrvMidiMessage& event) { orv.displayMidiOutputEvent(event); }
+void OrvGui::displayMidiOutputEvent(const OrvMidiMessage& event)
+{
+    orv.displayMidiOutputEvent(event);
+    desk->main->getOutputPanel().displayMidiOutputEvent(event);
+}
 
 // --- screens and help
 
@@ -230,7 +243,12 @@ void OrvGui::showProgramMenu() {}
 
 void OrvGui::showDefaultMidiOutputMenu() {}
 
-void OrvGui::clearMusicKeyboardHilight() {}
+Output::MusicKeyboardCtl& OrvGui::getMainMusicKeyboardCtl()
+{
+    return desk->main->getOutputPanel().getMusicKeyboardCtl();
+}
+
+void OrvGui::clearMusicKeyboardHilight() { desk->main->getOutputPanel().clearHilight(); }
 
 void OrvGui::clearComputerKeyboardHilight() {}
 
