@@ -27,6 +27,11 @@ class GuiMessageManagerMaster;
 class ParentWindow;
 class Skinner;
 
+namespace Output
+{
+class MusicKeyboardCtl;
+}
+
 /// The window of a backend, as a host and its own screens see it. A host calls, on the thread of its QApplication:
 ///
 ///     OrvMessageManager::sendCreateOrvGui, then initialize,
@@ -88,6 +93,8 @@ public:
     virtual void setDockToBottomEdge(bool on) = 0;
     virtual GuiMessageManagerMaster& getGuiMessageManagerMaster() = 0;
 
+    /// The keys after which layers and zones are placed; only while the window is open.
+    virtual Output::MusicKeyboardCtl& getMainMusicKeyboardCtl() = 0;
     /// Lets the keys of the pictures go.
     virtual void clearMusicKeyboardHilight() = 0;
     virtual void clearComputerKeyboardHilight() = 0;

@@ -23,6 +23,18 @@ void Display::start()
     messageManager.start();
 }
 
+void Display::end()
+{
+    messageManager.stop();
+    listener = nullptr;
+}
+
+/// What is dropped is deleted when this returns.
+void Display::dropListener(std::unique_ptr<DisplayListener> dropped)
+{
+    if (listener == dropped.get()) listener = nullptr;
+}
+
 void Display::resendText()
 {
     if (listener != nullptr) listener->setText(text.takeAll());

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <string>
 
 #include "backend/core/DisplayMessageManager.h"
@@ -25,7 +26,8 @@ public:
 
     /// The log begins with the product's name and version.
     void start();
-    void end() { messageManager.stop(); }
+    /// From then on the listener is called no more.
+    void end();
 
     DisplayMessageManager& getMessageManager() { return messageManager; }
     const DisplayMessageManager& getMessageManager() const { return messageManager; }
@@ -36,6 +38,7 @@ public:
     void addMidiInputEvent(const MidiEngine::OrvMidiMessage& event);
     void addMidiOutputEvent(const MidiEngine::OrvMidiMessage& event);
     void setListener(DisplayListener* newListener) { listener = newListener; }
+    void dropListener(std::unique_ptr<DisplayListener> dropped);
     void setDisplayNumbers(bool on) { displayNumbers = on; }
     void setDisplayMidiInputEvents(bool on) { displayMidiInputEvents = on; }
     void setDisplayMidiOutputEvents(bool on) { displayMidiOutputEvents = on; }

@@ -1,9 +1,11 @@
 #include "backend/core/DisplayMessageManager.h"
 
 #include <array>
+#include <utility>
 
 #include "backend/core/Command.h"
 #include "backend/core/Display.h"
+#include "backend/core/DisplayListener.h"
 
 namespace Backend::Display
 {
@@ -21,7 +23,8 @@ enum Number : unsigned int {
     SET_DISPLAY_MIDI_INPUT_EVENTS = 32877,
     SET_DISPLAY_MIDI_OUTPUT_EVENTS = 32878,
     SET_MIDI_INPUT_PORTS = 32879,
-    SET_MIDI_OUTPUT_PORTS = 32880
+    SET_MIDI_OUTPUT_PORTS = 32880,
+    DROP_LISTENER = 32881
 };
 
 constexpr auto COMMANDS = std::to_array<Command<Display>>({
@@ -36,6 +39,7 @@ constexpr auto COMMANDS = std::to_array<Command<Display>>({
     command<&Display::setDisplayMidiOutputEvents>(SET_DISPLAY_MIDI_OUTPUT_EVENTS, "SetDisplayMidiOutputEvents"),
     command<&Display::setMidiInputPorts>(SET_MIDI_INPUT_PORTS, "SetMidiInputPorts"),
     command<&Display::setMidiOutputPorts>(SET_MIDI_OUTPUT_PORTS, "SetMidiOutputPorts"),
+    command<&Display::dropListener>(DROP_LISTENER, "DropListener"),
 });
 }  // namespace
 
@@ -69,6 +73,11 @@ void DisplayMessageManager::postMidiOutputEvent(const MidiEngine::OrvMidiMessage
 }
 
 void DisplayMessageManager::setListener(DisplayListener* listener) { worker.post(pack(SET_LISTENER, listener)); }
+
+void DisplayMessageManager::dropListener(std::unique_ptr<DisplayListener> listener)
+{
+    worker.post(pack(DROP_LISTENER, std::move(listener)));
+}
 
 void DisplayMessageManager::postSetDisplayNumbers(bool on) { worker.post(pack(SET_DISPLAY_NUMBERS, on)); }
 

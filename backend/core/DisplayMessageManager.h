@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <string>
 
 #include "backend/midi/MidiPort.h"
@@ -31,6 +32,9 @@ public:
     void postMidiOutputEvent(const MidiEngine::OrvMidiMessage& event);
     /// Null for none. It must live until another takes its place or the display has ended.
     void setListener(DisplayListener* listener);
+    /// For a listener that cannot wait for that, as a window that closes: it is deleted behind its last call. Another
+    /// that has taken its place stays.
+    void dropListener(std::unique_ptr<DisplayListener> listener);
     void postSetDisplayNumbers(bool on);
     void postSetDisplayMidiInputEvents(bool on);
     void postSetDisplayMidiOutputEvents(bool on);

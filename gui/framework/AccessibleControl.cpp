@@ -48,6 +48,7 @@ AccessibleControl::AccessibleControl()
 
 void AccessibleControl::accessibleValueChanged(QWidget& control, const QString& value)
 {
+    if (!QAccessible::isActive()) return;
     QAccessibleValueChangeEvent event(&control, value);
     QAccessible::updateAccessibility(&event);
 }

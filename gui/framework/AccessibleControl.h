@@ -16,8 +16,8 @@ public:
 
     virtual QAccessible::Role getAccessibleRole() const = 0;
     virtual QString getAccessibleValue() const = 0;
-    /// What a click on it does.
-    virtual void pressAccessible() = 0;
+    /// What a click on it does; nothing for a picture.
+    virtual void pressAccessible() {}
 
 protected:
     /// Tells whoever listens that the value is another one.

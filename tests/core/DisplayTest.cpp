@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <utility>
 
 #include "backend/core/DisplayLine.h"
 #include "backend/core/DisplayListener.h"
@@ -155,4 +156,32 @@ TEST(Display, KeepsItsTextWithoutAListener)
     stage.display.postAddText("text\r\n");
     stage.display.setListener(&stage.listener);
     EXPECT_EQ(stage.told(), "+text\r\n") << "the banner was told before";
+}
+
+TEST(Display, DeletesADroppedListenerBehindItsLastCall)
+{
+    struct LeavingListener final : DisplayListener {
+        explicit LeavingListener(std::string& where) : told(where) {}
+        ~LeavingListener() override { told += "gone"; }
+        void addText(const char* text) override { told += text; }
+        void setText(const char*) override {}
+        std::string& told;
+    };
+    DisplayStage stage;
+    std::string told;
+    auto first = std::make_unique<LeavingListener>(told);
+    stage.display.setListener(first.get());
+    stage.display.postAddText("last");
+    stage.display.postUpdateListener();
+    stage.display.dropListener(std::move(first));
+    stage.display.postAddText("text");
+    stage.display.postUpdateListener();
+    stage.rest();
+    EXPECT_EQ(told, "lastgone");
+
+    auto second = std::make_unique<LeavingListener>(told);
+    stage.display.setListener(second.get());
+    stage.display.setListener(&stage.listener);
+    stage.display.dropListener(std::move(second));
+    EXPECT_EQ(stage.told(), "+text") << "the one in its place stays";
 }

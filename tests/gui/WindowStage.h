@@ -8,17 +8,9 @@
 #include <QVBoxLayout>
 #include <memory>
 
-#include "backend/core/OrvFactory.h"
-#include "gui/OrvGuiFactory.h"
 #include "gui/OrvGuiIF.h"
 #include "gui/ParentWindow.h"
 #include "tests/computer/KeyStage.h"
-
-/// Before the first backend is made.
-inline const bool backendsHaveWindows = [] {
-    Backend::OrvFactory::setGuiFactory(&Gui::OrvGuiFactory::createOrvGui);
-    return true;
-}();
 
 /// A backend with its window on a desktop of its own, and hands on the computer's keyboard.
 class WindowStage : public KeyStage

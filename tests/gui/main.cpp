@@ -2,11 +2,16 @@
 
 #include <QApplication>
 
+#include "backend/core/OrvFactory.h"
+#include "gui/OrvGuiFactory.h"
+
+/// Backends of these tests have windows.
 int main(int argc, char** argv)
 {
     testing::InitGoogleTest(&argc, argv);
     const bool hasDisplay = qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY");
     if (!hasDisplay && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     const QApplication application(argc, argv);
+    Backend::OrvFactory::setGuiFactory(&Gui::OrvGuiFactory::createOrvGui);
     return RUN_ALL_TESTS();
 }

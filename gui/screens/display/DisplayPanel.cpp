@@ -1,13 +1,167 @@
 #include "gui/screens/display/DisplayPanel.h"
 
+#include <QCoreApplication>
+#include <QKeyEvent>
+#include <QPushButton>
+#include <chrono>
+#include <memory>
+
+#include "backend/core/DisplayMessageManager.h"
+#include "backend/core/OrvIF.h"
+#include "backend/core/OrvMessageManager.h"
+#include "backend/persistence/RegistrySettings.h"
 #include "gui/OrvGuiIF.h"
+#include "gui/framework/GuiMessageManagerMaster.h"
+#include "gui/framework/Properties.h"
+#include "gui/screens/display/DisplayFeed.h"
+#include "gui/screens/display/HeightEdge.h"
+#include "gui/screens/display/LogView.h"
 
 namespace Gui::Display
 {
+using Backend::OrvMessageManager;
+using Backend::RegistrySettings;
+
 namespace
 {
-constexpr QSize SIZE(760, 200);
+constexpr auto PULL = std::chrono::milliseconds(100);
+constexpr int BUTTON_HEIGHT = 20;
+constexpr int BUTTON_WIDTH = 74;
+constexpr int GAP = 4;
+constexpr int TEXT_TOP = BUTTON_HEIGHT + GAP;
+
+/// A setting with a button of its own.
+struct Switch {
+    const char* label;
+    const char* name;
+    const char* help;
+    bool (RegistrySettings::*isOn)() const;
+    void (OrvMessageManager::*post)(bool on);
+};
+constexpr Switch SWITCH_TABLE[] = {
+    {"INPUT", "Show input events", "Input: shows the MIDI events that come in.",
+     &RegistrySettings::getDisplayMidiInputEvents, &OrvMessageManager::postSetDisplayMidiInputEvents},
+    {"OUTPUT", "Show output events", "Output: shows the MIDI events that are played.",
+     &RegistrySettings::getDisplayMidiOutputEvents, &OrvMessageManager::postSetDisplayMidiOutputEvents},
+    {"NUMBERS", "Number the lines", "Numbers: puts a number before each line.", &RegistrySettings::getDisplayNumbers,
+     &OrvMessageManager::postSetDisplayNumbers},
+    {"LARGE", "Large font", "Large: shows the events in a font that can be read from afar.",
+     &RegistrySettings::getLargeDisplayFont, &OrvMessageManager::postSetLargeDisplayFont}};
+constexpr std::size_t LARGE = 3;
+}  // namespace
+
+DisplayPanel::DisplayPanel(OrvGuiIF& owner, Panel* around)
+    : Panel(around),
+      gui(owner),
+      messages(*this),
+      feed(new DisplayFeed(owner.getWindowHandle())),
+      log(new LogView(owner.getGdiManager(), this)),
+      edge(new HeightEdge(owner.getGdiManager(), LOWEST_HEIGHT, HIGHEST_HEIGHT, this))
+{
+    log->setAccessibleName(tr("Events"));
+    Property::setHelp(*log, tr("The MIDI events that come in and are played, one a line. Select some to copy them."));
+    log->onOtherKey = [this](const QKeyEvent& event) { playKey(event); };
+    makeButtons();
+    makeEdge();
+    handleSettingsChanged(gui.getRegistrySettings());
+
+    gui.getGuiMessageManagerMaster().addMessageManager(&messages);
+    getDisplay().setListener(feed);
+    connect(&pull, &QTimer::timeout, this, [this] { getDisplay().postUpdateListener(); });
 }
 
-DisplayPanel::DisplayPanel(OrvGuiIF& owner, Panel* around) : Panel(around), gui(owner) { setPanelSize(SIZE); }
+/// A call of the feed may be under way.
+DisplayPanel::~DisplayPanel() { getDisplay().dropListener(std::unique_ptr<Backend::Display::DisplayListener>(feed)); }
+
+Backend::Display::DisplayMessageManager& DisplayPanel::getDisplay() const
+{
+    return gui.getOrvIF().getDisplayMessageManager();
+}
+
+void DisplayPanel::makeButtons()
+{
+    int left = 0;
+    const auto make = [&](const QString& label, const QString& name, const QString& help) {
+        auto* button = new QPushButton(label, this);
+        button->setGeometry(left, 0, BUTTON_WIDTH, BUTTON_HEIGHT);
+        button->setFocusPolicy(Qt::TabFocus);
+        button->setAccessibleName(name);
+        Property::setHelp(*button, help);
+        left += BUTTON_WIDTH + GAP;
+        return button;
+    };
+    for (std::size_t i = 0; i < SWITCHES; ++i) {
+        const Switch& setting = SWITCH_TABLE[i];
+        switches[i] = make(tr(setting.label), tr(setting.name), tr(setting.help));
+        switches[i]->setCheckable(true);
+        connect(switches[i], &QPushButton::clicked, this,
+                [this, &setting](bool on) { (gui.getOrvMessageManager().*setting.post)(on); });
+    }
+    const auto* clear = make(tr("CLEAR"), tr("Clear"), tr("Clear: empties the display until it is shown anew."));
+    connect(clear, &QPushButton::clicked, log, &LogView::clear);
+}
+
+void DisplayPanel::makeEdge()
+{
+    edge->setAccessibleName(tr("Height of the display"));
+    Property::setHelp(*edge, tr("Drag it to change the height of the display."));
+    const auto keep = [this] { gui.getOrvMessageManager().postSetDisplayHeight(edge->value()); };
+    connect(edge, &HeightEdge::valueChanged, this, [this, keep](int height) {
+        setPanelSize({WIDTH, height});
+        if (!edge->isSliderDown()) keep();
+    });
+    connect(edge, &HeightEdge::sliderReleased, this, keep);
+}
+
+void DisplayPanel::addText(const std::string& text) { log->addText(text); }
+
+void DisplayPanel::setText(const std::string& text) { log->setText(text); }
+
+void DisplayPanel::handleSettingsChanged(const RegistrySettings& settings)
+{
+    for (std::size_t i = 0; i < SWITCHES; ++i) switches[i]->setChecked((settings.*SWITCH_TABLE[i].isOn)());
+    log->setLargeFont(settings.getLargeDisplayFont());
+    if (edge->isSliderDown()) return;
+    const QSignalBlocker quiet(edge);
+    edge->setValue(settings.getDisplayHeight());
+    setPanelSize({WIDTH, edge->value()});
+}
+
+void DisplayPanel::handleLargeDisplayFontChanged(bool on)
+{
+    switches[LARGE]->setChecked(on);
+    log->setLargeFont(on);
+}
+
+/// Typing plays, also behind a look at the log.
+void DisplayPanel::playKey(const QKeyEvent& event)
+{
+    gui.setFocus();
+    QWidget* player = window()->focusWidget();
+    if (player == nullptr || player == log) return;
+    const std::unique_ptr<QEvent> copy(event.clone());
+    QCoreApplication::sendEvent(player, copy.get());
+}
+
+/// What was logged while it was out of sight comes at once.
+void DisplayPanel::showEvent(QShowEvent* event)
+{
+    Panel::showEvent(event);
+    getDisplay().postResendText();
+    pull.start(PULL);
+}
+
+void DisplayPanel::hideEvent(QHideEvent* event)
+{
+    pull.stop();
+    Panel::hideEvent(event);
+}
+
+void DisplayPanel::resizeEvent(QResizeEvent* event)
+{
+    Panel::resizeEvent(event);
+    const int bottom = height() - HeightEdge::THICKNESS;
+    log->setGeometry(0, TEXT_TOP, width(), bottom - TEXT_TOP);
+    edge->setGeometry(0, bottom, width(), HeightEdge::THICKNESS);
+}
 }  // namespace Gui::Display

@@ -155,6 +155,7 @@ Panel* MainWindow::panelOf(Screen screen) const
 void MainWindow::showScreen(Screen screen, bool on)
 {
     if (Panel* panel = panelOf(screen)) panel->show(on);
+    fit();  // a column that was out of sight does not tell that it grew
 }
 
 void MainWindow::toggleScreen(Screen screen) { showScreen(screen, !isShowing(screen)); }

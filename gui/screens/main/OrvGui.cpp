@@ -19,8 +19,10 @@
 #include "gui/framework/GuiWindow.h"
 #include "gui/framework/Properties.h"
 #include "gui/framework/Skinner.h"
+#include "gui/screens/display/DisplayPanel.h"
 #include "gui/screens/main/MainWindow.h"
 #include "gui/screens/main/OrvGuiMessageManager.h"
+#include "gui/screens/output/OutputPanel.h"
 #include "platform/Path.h"
 
 namespace Gui
@@ -149,6 +151,7 @@ void OrvGui::handleSettingsChanged(const RegistrySettings& settings)
     handleLargeDisplayFontChanged(settings.getLargeDisplayFont());
     handleDefaultMidiOutputChanged(settings.getDefaultMidiOutput());
     handleRetroRecordEnabledChanged(settings.isRetroRecordEnabled());
+    desk->main->getDisplayPanel().handleSettingsChanged(settings);
 }
 
 void OrvGui::handleDockToBottomEdgeChanged(bool on) { shown.settings.setDockToBottomEdge(on); }
@@ -163,9 +166,17 @@ void OrvGui::handleProgramNameChanged(const Program& program) { handleProgramCha
 
 void OrvGui::handleMidiInputPortsChanged(const MidiInputPorts& ports) { shown.inputs = ports; }
 
-void OrvGui::handleMidiOutputPortsChanged(const MidiOutputPorts& ports) { shown.outputs = ports; }
+void OrvGui::handleMidiOutputPortsChanged(const MidiOutputPorts& ports)
+{
+    shown.outputs = ports;
+    desk->main->getOutputPanel().handleMidiOutputPortsChanged(ports);
+}
 
-void OrvGui::handleDefaultMidiOutputChanged(int output) { shown.settings.setDefaultMidiOutput(output); }
+void OrvGui::handleDefaultMidiOutputChanged(int output)
+{
+    shown.settings.setDefaultMidiOutput(output);
+    desk->main->getOutputPanel().handleDefaultMidiOutputChanged(output);
+}
 
 void OrvGui::handleAlwaysOnTopChanged(bool on)
 {
@@ -196,11 +207,19 @@ void OrvGui::handleGlobalKeyboardChanged(bool on)
 
 void OrvGui::handleMouseSensitivityChanged(int divisor) { shown.settings.setMouseSensitivity(divisor); }
 
-void OrvGui::handleLargeDisplayFontChanged(bool on) { shown.settings.setLargeDisplayFont(on); }
+void OrvGui::handleLargeDisplayFontChanged(bool on)
+{
+    shown.settings.setLargeDisplayFont(on);
+    desk->main->getDisplayPanel().handleLargeDisplayFontChanged(on);
+}
 
 void OrvGui::handleResetOrv() { clearMusicKeyboardHilight(); }
 
-void OrvGui::displayMidiOutputEvent(const OrvMidiMessage& event) { orv.displayMidiOutputEvent(event); }
+void OrvGui::displayMidiOutputEvent(const OrvMidiMessage& event)
+{
+    orv.displayMidiOutputEvent(event);
+    desk->main->getOutputPanel().displayMidiOutputEvent(event);
+}
 
 // --- screens and help
 
@@ -224,7 +243,12 @@ void OrvGui::showProgramMenu() {}
 
 void OrvGui::showDefaultMidiOutputMenu() {}
 
-void OrvGui::clearMusicKeyboardHilight() {}
+Output::MusicKeyboardCtl& OrvGui::getMainMusicKeyboardCtl()
+{
+    return desk->main->getOutputPanel().getMusicKeyboardCtl();
+}
+
+void OrvGui::clearMusicKeyboardHilight() { desk->main->getOutputPanel().clearHilight(); }
 
 void OrvGui::clearComputerKeyboardHilight() {}
 

@@ -56,6 +56,7 @@ public:
     void displayMidiOutputEvent(const Backend::MidiEngine::OrvMidiMessage& event) override;
     void setDockToBottomEdge(bool on) override;
     GuiMessageManagerMaster& getGuiMessageManagerMaster() override { return messageManagers; }
+    Output::MusicKeyboardCtl& getMainMusicKeyboardCtl() override;
     void clearMusicKeyboardHilight() override;
     void clearComputerKeyboardHilight() override;
     std::string getMidiOutputName(int output) const override;

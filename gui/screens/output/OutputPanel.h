@@ -1,5 +1,7 @@
 #pragma once
 
+#include "backend/midi/MidiPort.h"
+#include "backend/midi/OrvMidiMessage.h"
 #include "gui/framework/Panel.h"
 
 namespace Gui
@@ -9,13 +11,23 @@ class OrvGuiIF;
 
 namespace Gui::Output
 {
-/// The music keyboard that shows what is played, and plays.
+class KeyboardPanel;
+class MusicKeyboardCtl;
+
+/// The screen of what is played: the music keyboard, and below it whatever is placed by notes.
 class OutputPanel final : public Panel
 {
 public:
     OutputPanel(OrvGuiIF& owner, Panel* around);
 
+    MusicKeyboardCtl& getMusicKeyboardCtl();
+
+    void displayMidiOutputEvent(const Backend::MidiEngine::OrvMidiMessage& event);
+    void clearHilight();
+    void handleMidiOutputPortsChanged(const Backend::MidiEngine::MidiOutputPorts& ports);
+    void handleDefaultMidiOutputChanged(int output);
+
 private:
-    OrvGuiIF& gui;
+    KeyboardPanel* keyboardPanel;
 };
 }  // namespace Gui::Output

@@ -1,0 +1,180 @@
+// What a flood of played events costs the window's thread: `build/release/bin/bench_window [EVENTS_PER_SECOND]`, with
+// each of the screens that follow them, on a screen that nobody sees.
+
+#include <time.h>
+
+#include <QApplication>
+#include <QTimer>
+#include <QWidget>
+#include <algorithm>
+#include <atomic>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <memory>
+#include <thread>
+
+#include "backend/core/GuiMessages.h"
+#include "backend/core/OrvFactory.h"
+#include "backend/core/OrvMessageManager.h"
+#include "backend/midi/MidiPlayer.h"
+#include "gui/OrvGuiFactory.h"
+#include "gui/OrvGuiIF.h"
+#include "gui/ParentWindow.h"
+#include "tests/stage/PrivateFolders.h"
+
+using namespace Backend;
+using namespace std::chrono_literals;
+using Clock = std::chrono::steady_clock;
+using MidiEngine::MessageType;
+using MidiEngine::OrvMidiMessage;
+
+namespace
+{
+constexpr auto DURATION = 3s;
+constexpr auto TICK = 5ms;
+
+class SilentPlayer final : public MidiEngine::MidiPlayer
+{
+public:
+    void playMidi(const OrvMidiMessage&) override {}
+    void enableMidiInput(int, bool) override {}
+    void enableMidiOutput(int, bool) override {}
+    ThreadId getThreadId() override { return 0; }
+    void pulseSequencer() override {}
+    void setTempo(int) override {}
+    void setTempoSource(char) override {}
+    char getTempoSource() override { return -1; }
+};
+
+class Surroundings final : public Gui::ParentWindow
+{
+public:
+    QWidget widget;
+
+    QWidget* getWidget() override { return &widget; }
+    void windowResized(int width, int height) override { widget.resize(width, height); }
+    void moveWindow(const RelativeFixedValue&, const RelativeFixedValue&) override {}
+};
+
+/// A backend with one output and a window without screens.
+class Instrument
+{
+public:
+    Instrument() : orv(OrvFactory::createOrv("Bench", player, false))
+    {
+        orv->start();
+        auto& commands = orv->getOrvMessageManager();
+        commands.sendInitialize();
+        commands.sendSetMidiOutputPorts({{{.name = "Out"}}});
+        commands.sendEndInitialize();
+        gui.reset(commands.sendCreateOrvGui(false));
+        gui->initialize();
+        gui->create(host);
+        host.widget.show();
+    }
+    ~Instrument()
+    {
+        gui->end();
+        gui.reset();
+        orv->getOrvMessageManager().sendEnd();
+        orv->stop();
+    }
+    void show(bool display, bool output)
+    {
+        for (const Screen screen : {Screen::system, Screen::help, Screen::computerInput})
+            gui->showScreen(screen, false);
+        gui->showScreen(Screen::display, display);
+        gui->showScreen(Screen::output, output);
+    }
+    WindowHandle window() const { return gui->getWindowHandle(); }
+
+private:
+    PrivateFolders folders;
+    SilentPlayer player;
+    Surroundings host;
+    std::unique_ptr<OrvIF> orv;
+    std::unique_ptr<Gui::OrvGuiIF> gui;
+};
+
+/// Eight notes on four channels, on and then off, and then others.
+OrvMidiMessage eventOf(int count)
+{
+    const int chord = count / 64;
+    const auto type = count / 32 % 2 == 0 ? MessageType::noteOn : MessageType::noteOff;
+    return {type, chord * 37 % 100 + count % 8, 100, count / 8 % 4 + chord % 13, 0, -1, -1, -1};
+}
+
+/// A burst every millisecond.
+int flood(const WindowHandle& window, int perSecond)
+{
+    int count = 0;
+    const auto start = Clock::now();
+    for (auto now = start; now < start + DURATION; now += 1ms) {
+        for (const auto due = (now - start) / 1ms * perSecond / 1000; count < due; ++count) {
+            const OrvMidiMessage event = eventOf(count);
+            window.post(
+                {.number = GuiMessage::MIDI_OUTPUT_EVENT, .wparam = event.getWparam(), .lparam = event.getLparam()});
+        }
+        std::this_thread::sleep_until(now);
+    }
+    return count;
+}
+
+double threadMilliseconds()
+{
+    timespec used{};
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &used);
+    return static_cast<double>(used.tv_sec) * 1e3 + static_cast<double>(used.tv_nsec) / 1e6;
+}
+
+struct Cost {
+    double milliseconds;
+    double longestGap;  // of a timer that ticks every 5 ms
+    int events;
+};
+
+Cost measure(const Instrument& instrument, int perSecond)
+{
+    Cost cost{};
+    auto lastTick = Clock::now();
+    QTimer ticker;
+    QObject::connect(&ticker, &QTimer::timeout, [&] {
+        const auto now = Clock::now();
+        cost.longestGap = std::max(cost.longestGap, std::chrono::duration<double, std::milli>(now - lastTick).count());
+        lastTick = now;
+    });
+    ticker.start(TICK);
+    QTimer::singleShot(DURATION, [] { QApplication::exit(); });  // `quit` would close the window
+    std::thread poster([&, window = instrument.window()] { cost.events = flood(window, perSecond); });
+    const double before = threadMilliseconds();
+    QApplication::exec();
+    cost.milliseconds = threadMilliseconds() - before;
+    poster.join();
+    return cost;
+}
+}  // namespace
+
+int main(int argc, char** argv)
+{
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QApplication application(argc, argv);
+    const int perSecond = argc > 1 ? std::max(std::atoi(argv[1]), 1) : 20000;
+    OrvFactory::setGuiFactory(&Gui::OrvGuiFactory::createOrvGui);
+    Instrument instrument;
+    const struct {
+        const char* name;
+        bool display;
+        bool output;
+    } ROWS[] = {{"no screen", false, false}, {"output", false, true}, {"display", true, false}, {"both", true, true}};
+    for (const auto& [name, display, output] : ROWS) {
+        instrument.show(display, output);
+        measure(instrument, 1);
+        const double idle = measure(instrument, 1).milliseconds;
+        const Cost cost = measure(instrument, perSecond);
+        std::printf(
+            "%-10s %d events a second: %.2f us an event, %.1f %% of the thread (idle %.1f %%), longest gap %.0f ms\n",
+            name, perSecond, (cost.milliseconds - idle) * 1e3 / cost.events, cost.milliseconds / (DURATION / 1ms) * 100,
+            idle / (DURATION / 1ms) * 100, cost.longestGap);
+    }
+}

@@ -1,0 +1,15 @@
+#pragma once
+
+#include "gui/framework/GuiMessageTable.h"
+
+namespace Gui::Display
+{
+class DisplayPanel;
+
+/// The display's text on its way to the panel.
+class DisplayGuiMessageManager final : public TableMessageManager<DisplayPanel>
+{
+public:
+    explicit DisplayGuiMessageManager(DisplayPanel& panel);
+};
+}  // namespace Gui::Display

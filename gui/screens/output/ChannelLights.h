@@ -1,0 +1,44 @@
+#pragma once
+
+#include <QTimer>
+#include <QWidget>
+#include <bitset>
+
+#include "backend/midi/OrvMidiMessage.h"
+
+namespace Gui
+{
+class GdiManager;
+}
+
+namespace Gui::Output
+{
+/// A square for each of the 16 channels: it lights when an event is played on its channel and goes out soon after the
+/// last.
+class ChannelLights final : public QWidget
+{
+public:
+    static constexpr int CHANNELS = 16;
+
+    ChannelLights(GdiManager& manager, QWidget* parent);
+
+    void displayMidiOutputEvent(const Backend::MidiEngine::OrvMidiMessage& event);
+    void clear();
+
+    /// Channels from 0.
+    bool isLit(int channel) const { return lit.test(static_cast<std::size_t>(channel)); }
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    using Channels = std::bitset<CHANNELS>;
+
+    void show(const Channels& channels);
+
+    GdiManager& gdi;
+    Channels lit;
+    Channels heard;  // since the last look
+    QTimer look;
+};
+}  // namespace Gui::Output

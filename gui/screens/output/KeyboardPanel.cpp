@@ -1,0 +1,73 @@
+#include "gui/screens/output/KeyboardPanel.h"
+
+#include <QLabel>
+
+#include "gui/OrvGuiIF.h"
+#include "gui/framework/GdiManager.h"
+#include "gui/framework/Properties.h"
+#include "gui/screens/output/ChannelLights.h"
+
+namespace Gui::Output
+{
+namespace
+{
+constexpr int ROW = 20;
+constexpr int LABEL_WIDTH = 60;
+constexpr int NAME_WIDTH = 400;
+constexpr int MARGIN = 5;
+}  // namespace
+
+KeyboardPanel::KeyboardPanel(OrvGuiIF& owner, Panel* around)
+    : Panel(around),
+      gui(owner),
+      player(owner.getOrvMessageManager()),
+      keyboard(new MusicKeyboardCtl(owner, this)),
+      lights(new ChannelLights(owner.getGdiManager(), this)),
+      outputName(new QLabel(this))
+{
+    makeTopRow();
+    keyboard->move(0, ROW);
+    keyboard->setListener(&player);
+    setPanelSize({keyboard->width(), ROW + keyboard->height()});
+    handleDefaultMidiOutputChanged(gui.getDefaultMidiOutput());
+}
+
+/// No key stays down, and the player goes before the keyboard.
+KeyboardPanel::~KeyboardPanel() { keyboard->setListener(nullptr); }
+
+void KeyboardPanel::makeTopRow()
+{
+    auto* label = new QLabel(tr("OUTPUT"), this);
+    label->setGeometry(MARGIN, 0, LABEL_WIDTH, ROW);
+    outputName->setGeometry(MARGIN + LABEL_WIDTH, 0, NAME_WIDTH, ROW);
+    outputName->setTextFormat(Qt::PlainText);
+    Property::set(*outputName, Property::TEXT, true);
+    Property::setHelp(*outputName, tr("The default output: what names no output goes there."));
+    lights->move(keyboard->width() - MARGIN - lights->width(), (ROW - lights->height()) / 2);
+}
+
+void KeyboardPanel::displayMidiOutputEvent(const Backend::MidiEngine::OrvMidiMessage& event)
+{
+    keyboard->displayMidiOutputEvent(event);
+    lights->displayMidiOutputEvent(event);
+}
+
+void KeyboardPanel::clearHilight()
+{
+    keyboard->clearHilight();
+    lights->clear();
+}
+
+void KeyboardPanel::handleMidiOutputPortsChanged(const Backend::MidiEngine::MidiOutputPorts& ports)
+{
+    keyboard->handleMidiOutputPortsChanged(ports);
+    handleDefaultMidiOutputChanged(gui.getDefaultMidiOutput());
+}
+
+void KeyboardPanel::handleDefaultMidiOutputChanged(int output)
+{
+    const QString name = output < 0 ? tr("none") : QString::fromStdString(gui.getMidiOutputName(output));
+    outputName->setText(QFontMetrics(outputName->font()).elidedText(name, Qt::ElideRight, NAME_WIDTH));
+    outputName->setAccessibleName(tr("Default output: %1").arg(name));
+}
+}  // namespace Gui::Output

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "backend/midi/MidiPort.h"
+#include "backend/midi/OrvMidiMessage.h"
+#include "gui/framework/Panel.h"
+#include "gui/screens/output/KeyPlayer.h"
+
+class QLabel;
+
+namespace Gui
+{
+class OrvGuiIF;
+}
+
+namespace Gui::Output
+{
+class ChannelLights;
+
+/// The music keyboard, and above it the default output and the channels that are played.
+class KeyboardPanel final : public Panel
+{
+public:
+    KeyboardPanel(OrvGuiIF& owner, Panel* around);
+    ~KeyboardPanel() override;
+
+    MusicKeyboardCtl& getMusicKeyboardCtl() { return *keyboard; }
+
+    void displayMidiOutputEvent(const Backend::MidiEngine::OrvMidiMessage& event);
+    void clearHilight();
+    void handleMidiOutputPortsChanged(const Backend::MidiEngine::MidiOutputPorts& ports);
+    void handleDefaultMidiOutputChanged(int output);
+
+private:
+    void makeTopRow();
+
+    OrvGuiIF& gui;
+    KeyPlayer player;
+    MusicKeyboardCtl* keyboard;
+    ChannelLights* lights;
+    QLabel* outputName;
+};
+}  // namespace Gui::Output
