@@ -54,13 +54,11 @@ struct KeyboardStage : ScreenStage {
         QMouseEvent move(QEvent::MouseMove, point, keyboard->mapToGlobal(point), Qt::NoButton, button, Qt::NoModifier);
         QApplication::sendEvent(keyboard, &move);
     }
-    /// What is lit when everything has been told and drawn.
-    std::string shown()
+    /// Whether those keys are lit, when everything has been told and drawn.
+    bool shows(const char* names)
     {
         told();
-        constexpr int LONGER_THAN_TWO_FRAMES = 50;
-        QTest::qWait(LONGER_THAN_TWO_FRAMES);
-        return keyboard->getSoundingNames().toStdString();
+        return QTest::qWaitFor([&] { return keyboard->getSoundingNames() == QLatin1String(names); });
     }
 };
 }  // namespace
@@ -156,7 +154,7 @@ TEST(MusicKeyboard, LightsWhatIsPlayed)
     stage.play(on(60, 0, 0));
     stage.play(on(64, 1, 1));
     stage.playSlices();
-    EXPECT_EQ(stage.shown(), "C4 E4");
+    EXPECT_TRUE(stage.shows("C4 E4"));
     const auto* accessible = QAccessible::queryAccessibleInterface(stage.keyboard);
     ASSERT_NE(accessible, nullptr);
     EXPECT_EQ(accessible->text(QAccessible::Value), "C4 E4");
@@ -164,14 +162,14 @@ TEST(MusicKeyboard, LightsWhatIsPlayed)
 
     stage.play(off(60, 0, 0));
     stage.playSlices();
-    EXPECT_EQ(stage.shown(), "E4");
+    EXPECT_TRUE(stage.shows("E4"));
     stage.setOutputEnabled(1, false);
-    EXPECT_EQ(stage.shown(), "") << "the output went, and with it what it played";
+    EXPECT_TRUE(stage.shows("")) << "the output went, and with it what it played";
     stage.play(on(67, 0, 0));
     stage.playSlices();
-    EXPECT_EQ(stage.shown(), "G4");
+    EXPECT_TRUE(stage.shows("G4"));
     stage.commands().postResetOrv();
-    EXPECT_EQ(stage.shown(), "");
+    EXPECT_TRUE(stage.shows(""));
 }
 
 TEST(MusicKeyboard, ShowsANoteThatWasOverAtOnce)
@@ -188,7 +186,7 @@ TEST(MusicKeyboard, PlaysWhatTheMousePresses)
     KeyboardStage stage;
     stage.press(60);
     EXPECT_EQ(stage.played(), "C4 on");
-    EXPECT_EQ(stage.shown(), "C4");
+    EXPECT_TRUE(stage.shows("C4"));
     stage.press(67, Qt::RightButton);
     stage.drag(frontOf(60) - QPoint(2, 0));
     EXPECT_EQ(stage.played(), "") << "the right button plays nothing, nor does moving on the key";

@@ -1,8 +1,11 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <QTest>
 #include <QWidget>
 #include <memory>
+#include <utility>
 
 #include "backend/core/Screen.h"
 #include "gui/OrvGuiIF.h"
@@ -36,12 +39,14 @@ struct ScreenStage : Stage {
 
     void open() { gui->create(host); }
 
-    /// Until the window has been told all that there is to tell.
+    /// Until the window has been told all that there is to tell: the last message is freed behind the others.
     void told()
     {
         rest();
-        constexpr int LONGER_THAN_A_PAUSE = 20;
-        QTest::qWait(LONGER_THAN_A_PAUSE);
+        auto last = std::make_shared<int>();
+        const std::weak_ptr<int> untold = last;
+        gui->getWindowHandle().post({.payload = Payload::of(std::move(last))});
+        ASSERT_TRUE(QTest::qWaitFor([&] { return untold.expired(); }));
     }
 
     /// The only control of that type; null if the window has none.
