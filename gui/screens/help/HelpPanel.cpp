@@ -1,13 +1,36 @@
 #include "gui/screens/help/HelpPanel.h"
 
-#include "gui/OrvGuiIF.h"
+#include <QPlainTextEdit>
+
+#include "gui/framework/Properties.h"
 
 namespace Gui::Help
 {
 namespace
 {
 constexpr QSize SIZE(760, 60);
+
+QString firstText()
+{
+    return HelpPanel::tr(
+        "Play on the keys of the computer: the row of Q and the digits above it are one piano, the row of Z and the "
+        "letters above it are another. Point at anything to read here what it does. Ctrl+Tab goes from playing to the "
+        "controls, Escape back to playing.");
+}
+}  // namespace
+
+HelpPanel::HelpPanel(OrvGuiIF&, Panel* around) : Panel(around), edit(new QPlainTextEdit(this))
+{
+    setPanelSize(SIZE);
+    edit->setReadOnly(true);
+    edit->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    edit->setFocusPolicy(Qt::TabFocus);  // a click leaves the keyboard to whoever plays on it
+    edit->setGeometry(QRect({}, SIZE));
+    edit->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    edit->setAccessibleName(tr("Help"));
+    Property::set(*edit, Property::TEXT, true);
+    edit->setPlainText(firstText());
 }
 
-HelpPanel::HelpPanel(OrvGuiIF& owner, Panel* around) : Panel(around), gui(owner) { setPanelSize(SIZE); }
+void HelpPanel::showText(const std::string& text) { edit->setPlainText(QString::fromStdString(text)); }
 }  // namespace Gui::Help

@@ -88,6 +88,7 @@ MainWindow::MainWindow(OrvGuiIF& owner, QWidget* parent, Resized tellSizeChange)
       column(new Column(this, [this] { fit(); }))
 {
     setWindowTitle(QStringLiteral("OrvGui"));
+    setAutoFillBackground(true);
     makeButtons();
     makePanels();
     column->show(true);
@@ -211,7 +212,13 @@ void MainWindow::setPlayingFocus()
     if (!takesText(QApplication::focusWidget())) focusControl->setFocus();
 }
 
-/// A click beside a text ends its editing; pointing at a control shows its help; keys follow the focus.
+void MainWindow::helpOn(const QWidget& control)
+{
+    if (control.property(Property::HELP).isValid()) gui.displayHelp(control);
+}
+
+/// A click beside a text ends its editing; pointing at a control, or going there by keys, shows its help; the keys that
+/// play follow the focus.
 bool MainWindow::eventFilter(QObject* object, QEvent* event)
 {
     auto* widget = qobject_cast<QWidget*>(object);
@@ -221,12 +228,13 @@ bool MainWindow::eventFilter(QObject* object, QEvent* event)
             if (!takesText(widget)) focusControl->setFocus();
             break;
         case QEvent::Enter:
-            if (widget->property(Property::HELP).isValid()) gui.displayHelp(*widget);
+            helpOn(*widget);
             break;
         case QEvent::Show:
             if (isAncestorOf(widget)) leaveKeyboardAlone(*widget);
             break;
         case QEvent::FocusIn:
+            helpOn(*widget);
             if (isAncestorOf(widget) && !takesText(widget)) keyInput->focusCame();
             break;
         case QEvent::FocusOut:

@@ -84,6 +84,7 @@ private:
     void makeButtons();
     void makePanels();
     void fit();
+    void helpOn(const QWidget& control);
     Panel* panelOf(Backend::Screen screen) const;
 
     OrvGuiIF& gui;

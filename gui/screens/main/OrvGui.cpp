@@ -20,6 +20,7 @@
 #include "gui/framework/Properties.h"
 #include "gui/framework/Skinner.h"
 #include "gui/screens/display/DisplayPanel.h"
+#include "gui/screens/help/HelpPanel.h"
 #include "gui/screens/main/MainWindow.h"
 #include "gui/screens/main/OrvGuiMessageManager.h"
 #include "gui/screens/output/OutputPanel.h"
@@ -257,7 +258,11 @@ void OrvGui::displayHelp(const QWidget& control)
     displayHelp(control.property(Property::HELP).toString().toStdString());
 }
 
-void OrvGui::displayHelp(const std::string&) {}
+/// Where there is nothing to say the last text stays.
+void OrvGui::displayHelp(const std::string& text)
+{
+    if (desk && desk->main && !text.empty()) desk->main->getHelpPanel().showText(text);
+}
 
 void OrvGui::displayHelp(int helpId) { displayHelp(helpText(helpId)); }
 
