@@ -133,6 +133,8 @@ void MainWindow::makePanels()
     displayPanel = new Display::DisplayPanel(gui, column);
     computerInputPanel = new ComputerInput::ComputerInputPanel(gui, column);
     outputPanel = new Output::OutputPanel(gui, column);
+    for (const Screen screen : SCREENS)
+        if (screen != Screen::system && panelOf(screen) != nullptr) systemPanel->offerScreen(screen);
 }
 
 Panel* MainWindow::panelOf(Screen screen) const
@@ -155,8 +157,11 @@ Panel* MainWindow::panelOf(Screen screen) const
 
 void MainWindow::showScreen(Screen screen, bool on)
 {
-    if (Panel* panel = panelOf(screen)) panel->show(on);
+    Panel* panel = panelOf(screen);
+    if (panel == nullptr) return;
+    panel->show(on);
     fit();  // a column that was out of sight does not tell that it grew
+    systemPanel->screenShown(screen, on);
 }
 
 void MainWindow::toggleScreen(Screen screen) { showScreen(screen, !isShowing(screen)); }

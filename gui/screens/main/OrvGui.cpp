@@ -24,6 +24,7 @@
 #include "gui/screens/main/MainWindow.h"
 #include "gui/screens/main/OrvGuiMessageManager.h"
 #include "gui/screens/output/OutputPanel.h"
+#include "gui/screens/system/SystemPanel.h"
 #include "platform/Path.h"
 
 namespace Gui
@@ -159,24 +160,38 @@ void OrvGui::handleDockToBottomEdgeChanged(bool on) { shown.settings.setDockToBo
 
 void OrvGui::handleDefaultBankChanged(const std::string& path) { shown.settings.setDefaultBank(path); }
 
-void OrvGui::handleBankChanged(const Bank& bank) { shown.bank = bank; }
+void OrvGui::handleBankChanged(const Bank& bank)
+{
+    shown.bank = bank;
+    desk->main->getSystemPanel().handleBankChanged(bank);
+}
 
-void OrvGui::handleProgramChanged(const Program& program) { shown.program = program; }
+void OrvGui::handleProgramChanged(const Program& program)
+{
+    shown.program = program;
+    desk->main->getSystemPanel().handleProgramChanged(program);
+}
 
 void OrvGui::handleProgramNameChanged(const Program& program) { handleProgramChanged(program); }
 
-void OrvGui::handleMidiInputPortsChanged(const MidiInputPorts& ports) { shown.inputs = ports; }
+void OrvGui::handleMidiInputPortsChanged(const MidiInputPorts& ports)
+{
+    shown.inputs = ports;
+    desk->main->getSystemPanel().handleMidiInputPortsChanged(ports);
+}
 
 void OrvGui::handleMidiOutputPortsChanged(const MidiOutputPorts& ports)
 {
     shown.outputs = ports;
     desk->main->getOutputPanel().handleMidiOutputPortsChanged(ports);
+    desk->main->getSystemPanel().handleMidiOutputPortsChanged(ports);
 }
 
 void OrvGui::handleDefaultMidiOutputChanged(int output)
 {
     shown.settings.setDefaultMidiOutput(output);
     desk->main->getOutputPanel().handleDefaultMidiOutputChanged(output);
+    desk->main->getSystemPanel().handleDefaultMidiOutputChanged(output);
 }
 
 void OrvGui::handleAlwaysOnTopChanged(bool on)
@@ -191,18 +206,24 @@ void OrvGui::handleUseSkinBorderChanged(bool on)
     desk->parent.useSkinBorderChanged(on);
 }
 
-void OrvGui::handleRetroRecordEnabledChanged(bool on) { shown.settings.setRetroRecordEnabled(on); }
+void OrvGui::handleRetroRecordEnabledChanged(bool on)
+{
+    shown.settings.setRetroRecordEnabled(on);
+    desk->main->getSystemPanel().handleRetroRecordEnabledChanged(on);
+}
 
 void OrvGui::handleMidiThruChanged(bool on)
 {
     shown.settings.setMidiThru(on);
     desk->main->setMidiThru(on);
+    desk->main->getSystemPanel().handleMidiThruChanged(on);
 }
 
 void OrvGui::handleGlobalKeyboardChanged(bool on)
 {
     shown.settings.setGlobalKeyboard(on);
     desk->main->setGlobalKeyboard(on);
+    desk->main->getSystemPanel().handleGlobalKeyboardChanged(on);
     desk->parent.globalKeyboardChanged(on);
 }
 
@@ -240,9 +261,9 @@ bool OrvGui::isScreenShowing(Screen screen) const { return desk && desk->main->i
 
 void OrvGui::setFocus() { desk->main->setPlayingFocus(); }
 
-void OrvGui::showProgramMenu() {}
+void OrvGui::showProgramMenu() { desk->main->getSystemPanel().showProgramMenu(); }
 
-void OrvGui::showDefaultMidiOutputMenu() {}
+void OrvGui::showDefaultMidiOutputMenu() { desk->main->getSystemPanel().showDefaultMidiOutputMenu(); }
 
 Output::MusicKeyboardCtl& OrvGui::getMainMusicKeyboardCtl()
 {

@@ -1,0 +1,24 @@
+#include "gui/screens/system/ArrowButton.h"
+
+#include <QPainter>
+
+namespace Gui::System
+{
+namespace
+{
+constexpr int AROUND = 6;
+}
+
+ArrowButton::ArrowButton(const GdiManager& manager, Look::Direction pointsTo, QWidget* parent)
+    : QPushButton(parent), gdi(manager), direction(pointsTo)
+{
+}
+
+void ArrowButton::paintEvent(QPaintEvent* event)
+{
+    QPushButton::paintEvent(event);
+    QPainter painter(this);
+    const QRectF place = QRectF(rect()).adjusted(AROUND, AROUND, -AROUND, -AROUND);
+    Look::drawTriangle(painter, place, direction, gdi.getColour(GdiManager::Role::background));
+}
+}  // namespace Gui::System

@@ -1,0 +1,81 @@
+#include "gui/screens/system/ScreenButtons.h"
+
+#include <QPushButton>
+#include <algorithm>
+#include <array>
+
+#include "gui/OrvGuiIF.h"
+#include "gui/framework/Properties.h"
+
+namespace Gui::System
+{
+using Backend::Screen;
+
+namespace
+{
+constexpr int WIDEST = 74;
+constexpr int GAP = 4;
+
+struct ScreenRow {
+    const char* label;
+    const char* name;
+    const char* help;
+};
+
+/// By the number of the screen.
+constexpr std::array<ScreenRow, 12> SCREEN_TABLE{{
+    {"SYSTEM", "System screen", "System: the program, the tempo, the output and the other screens."},
+    {"HELP", "Help screen", "Help: says what the thing does that you point at."},
+    {"DISPLAY", "Display screen", "Display: lists the MIDI events that come in and are played."},
+    {"OSC", "Oscillator screen", "Oscillators: controllers that move by themselves."},
+    {"JOYSTICK", "Joystick screen", "Joystick: what the axes and buttons of the joysticks do."},
+    {"MIDI IN", "MIDI input screen", "MIDI Input: what becomes of the MIDI events that come in."},
+    {"KEYS", "Computer keyboard screen", "Keys: the computer's keyboard and what its keys do."},
+    {"CONTROLS", "Control screen", "Controls: faders and switches that send MIDI."},
+    {"OUTPUT", "Output screen", "Output: the piano keyboard that shows and plays what sounds."},
+    {"LAYERS", "Layer screen", "Layers: which notes sound on which outputs and channels."},
+    {"CC", "Controller screen", "CC: the controllers of a channel."},
+    {"ZONES", "Zone screen", "Zones: where on the piano keyboard each input plays."},
+}};
+}  // namespace
+
+ScreenButtons::ScreenButtons(OrvGuiIF& owner, QWidget* parent) : QWidget(parent), gui(owner)
+{
+    setFixedSize(WIDTH, HEIGHT);
+}
+
+void ScreenButtons::offerScreen(Screen screen)
+{
+    if (buttons.contains(screen)) return;
+    const ScreenRow& row = SCREEN_TABLE[static_cast<std::size_t>(screen)];
+    auto* button = new QPushButton(tr(row.label), this);
+    button->setCheckable(true);
+    button->setFocusPolicy(Qt::TabFocus);
+    button->setAccessibleName(tr(row.name));
+    Property::setHelp(*button, tr(row.help));
+    connect(button, &QPushButton::clicked, this, [this, screen](bool on) { gui.showScreen(screen, on); });
+    buttons.emplace(screen, button);
+    layOut();
+}
+
+/// In the order of the screens, narrower where there are many.
+void ScreenButtons::layOut()
+{
+    const int count = static_cast<int>(buttons.size());
+    const int width = std::min(WIDEST, (WIDTH + GAP) / count - GAP);
+    int left = 0;
+    QWidget* before = nullptr;
+    for (const auto& [screen, button] : buttons) {
+        button->setGeometry(left, 0, width, HEIGHT);
+        if (before != nullptr) setTabOrder(before, button);
+        before = button;
+        left += width + GAP;
+    }
+}
+
+void ScreenButtons::screenShown(Screen screen, bool on)
+{
+    const auto button = buttons.find(screen);
+    if (button != buttons.end()) button->second->setChecked(on);
+}
+}  // namespace Gui::System

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QWidget>
+#include <map>
+
+#include "backend/core/Screen.h"
+
+class QPushButton;
+
+namespace Gui
+{
+class OrvGuiIF;
+}
+
+namespace Gui::System
+{
+/// A row of buttons that show and hide the other screens. A button is down while its screen shows.
+class ScreenButtons final : public QWidget
+{
+public:
+    static constexpr int WIDTH = 572;  ///< logical pixels
+    static constexpr int HEIGHT = 20;
+
+    ScreenButtons(OrvGuiIF& owner, QWidget* parent);
+
+    /// Adds the button of a screen that does not show yet, once.
+    void offerScreen(Backend::Screen screen);
+    void screenShown(Backend::Screen screen, bool on);
+
+private:
+    void layOut();
+
+    OrvGuiIF& gui;
+    std::map<Backend::Screen, QPushButton*> buttons;
+};
+}  // namespace Gui::System

@@ -1,0 +1,21 @@
+#include "gui/screens/system/SystemGuiMessageManager.h"
+
+#include <array>
+
+#include "backend/core/GuiMessages.h"
+#include "gui/screens/system/SystemPanel.h"
+
+namespace Gui::System
+{
+using namespace Backend;
+
+namespace
+{
+constexpr auto COMMANDS = std::to_array<GuiCommand<SystemPanel>>({
+    payloadCommand<&SystemPanel::handleRetroRecordSaved, RetroRecord::SaveReport, SystemPanel>(
+        GuiMessage::RETRO_RECORD_SAVED),
+});
+}  // namespace
+
+SystemGuiMessageManager::SystemGuiMessageManager(SystemPanel& panel) : TableMessageManager(COMMANDS, panel) {}
+}  // namespace Gui::System

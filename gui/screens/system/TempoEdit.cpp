@@ -1,0 +1,96 @@
+#include "gui/screens/system/TempoEdit.h"
+
+#include <QKeyEvent>
+#include <QRegularExpressionValidator>
+#include <QWheelEvent>
+#include <algorithm>
+#include <cstdlib>
+
+#include "backend/persistence/Program.h"
+#include "gui/framework/Properties.h"
+
+namespace Gui::System
+{
+using Backend::Program;
+
+namespace
+{
+constexpr int WIDE_STEP = 12;
+
+int stepsOf(int key)
+{
+    switch (key) {
+        case Qt::Key_Up:
+            return 1;
+        case Qt::Key_Down:
+            return -1;
+        case Qt::Key_PageUp:
+            return 10;
+        case Qt::Key_PageDown:
+            return -10;
+        default:
+            return 0;
+    }
+}
+}  // namespace
+
+TempoEdit::TempoEdit(QWidget* parent) : EditBox(parent)
+{
+    setProperty(Property::MIN, Program::LOWEST_TEMPO);
+    setProperty(Property::MAX, Program::HIGHEST_TEMPO);
+    setValidator(new QRegularExpressionValidator(QRegularExpression(QStringLiteral("[+-]?[0-9]{0,3}")), this));
+    connect(this, &QLineEdit::editingFinished, this, &TempoEdit::change);
+    connect(this, &QLineEdit::textEdited, this, &TempoEdit::chooseFromMenu);
+}
+
+void TempoEdit::showTempo(int beatsPerMinute)
+{
+    tempo = beatsPerMinute;
+    if (!isModified()) restore();
+}
+
+void TempoEdit::wish(const RelativeFixedValue& value) const
+{
+    if (onChange) onChange(value);
+}
+
+void TempoEdit::change()
+{
+    if (!isModified()) return;
+    const auto typed = RelativeFixedValue::fromXmlString(text().toStdString());
+    const auto wanted = std::clamp<std::int64_t>(typed.appliedTo(tempo), Program::LOWEST_TEMPO, Program::HIGHEST_TEMPO);
+    const bool isNew = wanted != tempo && typed != RelativeFixedValue{.relative = true, .value = 0};
+    restore();
+    if (isNew) wish({.relative = false, .value = static_cast<std::int32_t>(wanted)});
+}
+
+/// What is typed, key by key, is no tempo yet.
+void TempoEdit::chooseFromMenu()
+{
+    if (!isModified()) wish({.relative = false, .value = getNumber()});
+}
+
+/// Each step is a wish of its own, relative to what the tempo will be by then: none gets lost, and at a limit the last
+/// ones do nothing.
+void TempoEdit::stepBy(int count, Qt::KeyboardModifiers modifiers)
+{
+    if (count != 0) restore();
+    const int step = (count < 0 ? -1 : 1) * (modifiers.testFlag(Qt::ShiftModifier) ? WIDE_STEP : 1);
+    for (int i = 0; i < std::abs(count); ++i) wish({.relative = true, .value = step});
+}
+
+void TempoEdit::keyPressEvent(QKeyEvent* event)
+{
+    const auto key = event->key();
+    if (const int steps = stepsOf(key); steps != 0) return stepBy(steps, event->modifiers());
+    if (key == Qt::Key_Escape) restore();
+    EditBox::keyPressEvent(event);
+    if ((key == Qt::Key_Escape || key == Qt::Key_Return || key == Qt::Key_Enter) && onLeave) onLeave();
+}
+
+void TempoEdit::wheelEvent(QWheelEvent* event)
+{
+    stepBy(tempoWheel.takeNotches(*event), event->modifiers());
+    event->accept();
+}
+}  // namespace Gui::System

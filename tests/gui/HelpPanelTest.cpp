@@ -1,0 +1,69 @@
+#include <gtest/gtest.h>
+
+#include <QPlainTextEdit>
+#include <QWindow>
+
+#include "backend/input/functions/HelpTexts.h"
+#include "gui/screens/system/SystemPanel.h"
+#include "tests/gui/OpenWindow.h"
+
+namespace
+{
+struct HelpPanel : OpenWindow, testing::Test {
+    QPlainTextEdit& area() { return control<QPlainTextEdit>("Help"); }
+    std::string help() { return area().toPlainText().toStdString(); }
+    void pointAt(QWidget& widget)
+    {
+        QTest::mouseMove(surroundings.windowHandle(), widget.mapTo(&surroundings, widget.rect().center()));
+        settle();
+    }
+};
+}  // namespace
+
+TEST_F(HelpPanel, BeginsWithWhatANewUserNeeds)
+{
+    for (const char* word : {"Q", "Z", "Ctrl+Tab", "Escape"}) EXPECT_NE(help().find(word), std::string::npos) << word;
+    EXPECT_TRUE(area().isReadOnly());
+    EXPECT_LE(area().document()->size().height() + 1, 4) << "lines that fit";
+}
+
+TEST_F(HelpPanel, SaysWhatIsPointedAtAndKeepsTheLastText)
+{
+    pointAt(button("Reset"));
+    EXPECT_EQ(help(), "Reset: ends every note.");
+    pointAt(control("Keyboard that plays"));
+    pointAt(area());
+    EXPECT_EQ(help(), "Reset: ends every note.") << "they have nothing to say";
+    gui->displayHelp(Backend::HelpId::changeTempo);
+    EXPECT_EQ(help(), Backend::helpText(Backend::HelpId::changeTempo));
+    gui->displayHelp(1), gui->displayHelp(std::string());
+    EXPECT_EQ(help(), Backend::helpText(Backend::HelpId::changeTempo));
+    gui->displayHelp(std::string("Größe"));
+    EXPECT_EQ(help(), "Größe");
+    gui->showScreen(Backend::Screen::help, false);
+    pointAt(edit("Tempo"));
+    gui->showScreen(Backend::Screen::help, true);
+    EXPECT_EQ(help().substr(0, 6), "Tempo:");
+}
+
+TEST_F(HelpPanel, FollowsTheKeyboard)
+{
+    button("MIDI thru").setFocus();
+    EXPECT_EQ(help().substr(0, 10), "MIDI Thru:");
+    edit("Default MIDI output").setFocus();
+    EXPECT_EQ(help().substr(0, 20), "Default MIDI output:");
+    gui->setFocus();
+    EXPECT_EQ(help().substr(0, 20), "Default MIDI output:") << "playing leaves it";
+}
+
+TEST_F(HelpPanel, SaysWhyTheGlobalKeyboardCannotBeHad)
+{
+    auto* panel = dynamic_cast<Gui::System::SystemPanel*>(control("Global keyboard").parentWidget());
+    ASSERT_NE(panel, nullptr);
+    panel->setGlobalKeyboardReason("There is no X server.");
+    EXPECT_FALSE(button("Global keyboard").isEnabled());
+    pointAt(button("Global keyboard"));
+    EXPECT_EQ(help(), "There is no X server.");
+    panel->setGlobalKeyboardReason("");
+    EXPECT_TRUE(button("Global keyboard").isEnabled());
+}
