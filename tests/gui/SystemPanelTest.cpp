@@ -28,7 +28,8 @@ struct SystemPanel : OpenWindow, testing::Test {
     std::string labels()
     {
         std::string all;
-        for (const auto* label : surroundings.findChildren<QLabel*>()) all += label->text().toStdString() + "|";
+        for (const auto* label : control("Tempo").parentWidget()->findChildren<QLabel*>())
+            all += label->text().toStdString() + "|";
         return all;
     }
     RegistrySettings& settings() { return orv->getRegistrySettings(); }

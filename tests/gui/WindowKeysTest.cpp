@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <QAbstractButton>
 #include <QLineEdit>
 #include <QMenu>
-#include <QPushButton>
 
 #include "tests/gui/WindowStage.h"
 
@@ -92,10 +92,11 @@ TEST(WindowKeys, DoNotPlayInAText)
 TEST(WindowKeys, ReachTheControlsWithControlAndTab)
 {
     PlayingWindow window;
-    auto& thru = window.find<QPushButton>("MIDI thru");
+    auto& thru = window.find<QAbstractButton>("MIDI thru");
     window.keyDown(TAB, Qt::Key_Tab, Qt::ControlModifier);
     EXPECT_FALSE(window.isPlaying());
-    while (&window.focus() != &thru) QTest::keyClick(&window.focus(), Qt::Key_Tab);
+    for (int control = 0; control < 100 && &window.focus() != &thru; ++control)
+        QTest::keyClick(&window.focus(), Qt::Key_Tab);
     const bool before = thru.isChecked();
     window.keyDown(SPACE, Qt::Key_Space), window.keyUp(SPACE, Qt::Key_Space);
     EXPECT_NE(thru.isChecked(), before) << "a key works the control";
@@ -110,7 +111,7 @@ TEST(WindowKeys, AClickLeavesHeldNotesAlone)
 {
     PlayingWindow window;
     window.keyDown(Q);
-    QTest::mouseClick(&window.find<QPushButton>("MIDI thru"), Qt::LeftButton);
+    QTest::mouseClick(&window.find<QAbstractButton>("MIDI thru"), Qt::LeftButton);
     EXPECT_EQ(window.playedNow(), "C4 on");
     EXPECT_TRUE(window.isPlaying());
     window.keyUp(Q);

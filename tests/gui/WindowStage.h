@@ -65,7 +65,7 @@ public:
     Control& find(const char* name)
     {
         for (auto* control : desktop.findChildren<Control*>())
-            if (control->accessibleName() == QLatin1String(name)) return *control;
+            if (control->isVisible() && control->accessibleName() == QLatin1String(name)) return *control;
         throw std::runtime_error(std::string("there is no ") + name);
     }
 
