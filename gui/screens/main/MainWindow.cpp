@@ -68,6 +68,7 @@ MainWindow::MainWindow(OrvGuiIF& owner, QWidget* parent, Resized tellSizeChange)
       column(new Column(this, [this] { fit(); }))
 {
     setWindowTitle(QStringLiteral("OrvGui"));
+    setAutoFillBackground(true);
     makeButtons();
     makePanels();
     column->show(true);
