@@ -19,6 +19,8 @@ struct RunOptions {
     Setup setup;                               ///< what it begins with
     bool keys = false;                         ///< plays from the terminal's keys instead of reading commands
     bool display = false;                      ///< the display's lines on standard output, or its screen in the window
+
+    bool operator==(const RunOptions&) const = default;
 };
 
 /// Two JACK ports, each by its name.

@@ -1,14 +1,11 @@
 #include "host/window/FindDesktop.h"
 
-#include <sys/socket.h>
-#include <sys/un.h>
-#include <unistd.h>
-
 #include <QLibraryInfo>
 #include <QString>
 #include <cstdlib>
 #include <filesystem>
 
+#include "host/window/LocalSocket.h"
 #include "host/window/XServer.h"
 
 namespace Host
@@ -23,22 +20,11 @@ std::string variable(const char* name)
     return value == nullptr ? "" : value;
 }
 
-bool acceptsConnections(const std::string& path)
-{
-    sockaddr_un address{};
-    address.sun_family = AF_UNIX;
-    if (path.size() >= sizeof address.sun_path) return false;
-    path.copy(address.sun_path, path.size());
-    const int file = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
-    const bool connected = ::connect(file, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
-    ::close(file);
-    return connected;
-}
-
 bool compositorAnswers()
 {
     const fs::path socket = variable("WAYLAND_DISPLAY");
-    return acceptsConnections((fs::path(variable("XDG_RUNTIME_DIR")) / socket).string());  // an absolute one as it is
+    return LocalSocket::connectTo(fs::path(variable("XDG_RUNTIME_DIR")) / socket)
+        .isOwnUsers();  // an absolute one as it is
 }
 
 /// Whether Qt's part for Wayland is installed, which is a package of its own.

@@ -3,7 +3,9 @@
 #include <QCloseEvent>
 #include <QLinearGradient>
 #include <QPainter>
+#include <QTimer>
 #include <QWindow>
+#include <chrono>
 #include <utility>
 
 #include "host/window/Icon.h"
@@ -16,6 +18,10 @@ namespace
 {
 constexpr int EDGE = 3;  // logical pixels
 constexpr QSize FIRST_SIZE(104, 33);
+
+// An X server refuses the focus to whoever asks with a time from before the last change. A window that was not used for
+// long has such a one, and learns the present time from its first attempt.
+constexpr auto UNTIL_THE_TIME_IS_KNOWN = std::chrono::milliseconds(100);
 }  // namespace
 
 Frame::Frame(std::function<void()> closeWanted)
@@ -53,6 +59,9 @@ void Frame::raiseAboveAll()
     setWindowState(windowState() & ~Qt::WindowMinimized);
     raise();
     activateWindow();
+    QTimer::singleShot(UNTIL_THE_TIME_IS_KNOWN, this, [this] {
+        if (!isActiveWindow()) activateWindow();
+    });
 }
 
 void Frame::windowResized(int width, int height)
