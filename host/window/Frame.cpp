@@ -25,7 +25,7 @@ constexpr auto UNTIL_THE_TIME_IS_KNOWN = std::chrono::milliseconds(100);
 }  // namespace
 
 Frame::Frame(std::function<void()> closeWanted)
-    : close(std::move(closeWanted)), content(new QWidget(this)), title(new TitleBar(this)), inside(FIRST_SIZE)
+    : tellWish(std::move(closeWanted)), content(new QWidget(this)), title(new TitleBar(this)), inside(FIRST_SIZE)
 {
     setWindowTitle(QStringLiteral("Orvane 3"));
     setWindowIcon(icon());
@@ -99,6 +99,6 @@ void Frame::paintEvent(QPaintEvent*)
 void Frame::closeEvent(QCloseEvent* event)
 {
     event->ignore();
-    close();
+    tellWish();
 }
 }  // namespace Host

@@ -40,7 +40,7 @@ private:
     void fit();
     void setFlag(Qt::WindowType flag, bool on);
 
-    const std::function<void()> close;
+    const std::function<void()> tellWish;
     QWidget* content;  // these belong to the frame
     TitleBar* title;
     QSize inside;
