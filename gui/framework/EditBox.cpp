@@ -1,11 +1,14 @@
 #include "gui/framework/EditBox.h"
 
 #include <QContextMenuEvent>
-#include <QMenu>
+#include <QDialog>
+#include <QKeyEvent>
 #include <QWheelEvent>
+#include <algorithm>
 #include <utility>
 
 #include "backend/midi/Note.h"
+#include "gui/framework/PopupMenu.h"
 #include "gui/framework/Properties.h"
 
 namespace Gui
@@ -15,7 +18,6 @@ using Property::isSet;
 
 namespace
 {
-constexpr int NOTCH = 120;
 constexpr int OCTAVE = 12;
 constexpr int HIGHEST_DATA = 127;
 constexpr int LONGEST_MENU = 500;
@@ -78,31 +80,41 @@ void EditBox::step(int notches, bool shift)
     if (number >= range.lowest && number <= range.highest) choose(number);
 }
 
+void EditBox::keyPressEvent(QKeyEvent* event)
+{
+    QLineEdit::keyPressEvent(event);
+    const bool ends = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter || event->key() == Qt::Key_Escape;
+    if (!ends || qobject_cast<QDialog*>(window()) == nullptr) event->accept();
+}
+
+void EditBox::keyReleaseEvent(QKeyEvent* event)
+{
+    QLineEdit::keyReleaseEvent(event);
+    event->accept();
+}
+
 void EditBox::wheelEvent(QWheelEvent* event)
 {
     if (isSet(*this, Property::NOWHEEL)) return event->ignore();
-    // Some desktops turn Shift and the wheel into a sideways one, and fine wheels send parts of a notch.
-    wheelRest += event->angleDelta().y() != 0 ? event->angleDelta().y() : event->angleDelta().x();
-    const int notches = wheelRest / NOTCH;
-    wheelRest -= notches * NOTCH;
-    step(notches, event->modifiers().testFlag(Qt::ShiftModifier));
+    step(wheel.takeNotches(*event), event->modifiers().testFlag(Qt::ShiftModifier));
     event->accept();
 }
 
 void EditBox::contextMenuEvent(QContextMenuEvent* event)
 {
     const bool notes = isSet(*this, Property::SHOW_NOTE_STRING);
-    const Range range = getRange();
+    Range range = getRange();
+    if (notes) range = {std::max(range.lowest, 0), std::min(range.highest, HIGHEST_DATA)};
     if (!notes && (range.highest - range.lowest >= LONGEST_MENU || range.lowest < 0 || range.highest <= 0)) return;
 
-    QMenu menu(this);
+    auto* menu = new PopupMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
     for (int number = range.lowest; number <= range.highest; ++number) {
         const QString label = notes ? textOf(number) + " (" + QString::number(number) + ")" : textOf(number);
-        QAction* entry = menu.addAction(label);
-        entry->setData(number);
-        entry->setCheckable(true);
-        entry->setChecked(number == getNumber());
+        menu->addItem({.text = label, .id = number});
     }
-    if (const QAction* chosen = menu.exec(event->globalPos())) choose(chosen->data().toInt());
+    menu->setSelected(getNumber());
+    menu->onChosen = [this](int number) { choose(number); };
+    menu->show(event->globalPos());
 }
 }  // namespace Gui

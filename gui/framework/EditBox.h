@@ -1,8 +1,8 @@
 #pragma once
 
 #include <QLineEdit>
-#include <optional>
-#include <string>
+
+#include "gui/framework/Wheel.h"
 
 namespace Gui
 {
@@ -25,6 +25,9 @@ public:
     void step(int notches, bool shift);
 
 protected:
+    /// What is typed here never plays. A dialog still gets its Enter and Escape.
+    void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
 
@@ -36,6 +39,6 @@ private:
     Range getRange() const;
     void choose(int number);
 
-    int wheelRest = 0;
+    Wheel wheel;
 };
 }  // namespace Gui

@@ -6,16 +6,16 @@ namespace Gui
 {
 class GdiManager;
 
-/// What a widget needs of the window it stands in. The GUI thread.
+/// What a control needs of the window around it. It outlives its controls. The GUI thread.
 class GuiContext
 {
 public:
     virtual ~GuiContext() = default;
 
     virtual GdiManager& getGdiManager() = 0;
-    /// What a movement of the mouse is divided by, at least 1.
+    /// How many logical pixels of a drag make one step, 1 or more.
     virtual int getMouseSensitivity() const = 0;
-    /// Shows the help text of a control, the one of its `Property::HELP`.
+    /// Shows the text of the control's property HELP.
     virtual void displayHelp(const QWidget& control) = 0;
 };
 }  // namespace Gui

@@ -8,9 +8,16 @@ namespace Gui
 Panel::Panel(Panel* parent) : QWidget(parent), parentPanel(parent)
 {
     setVisible(false);
+    setFixedSize(0, 0);
     if (parent == nullptr) return;
     assert(parent->childPanels.size() < MOST_CHILDREN);
     parent->childPanels.push_back(this);
+}
+
+Panel::~Panel()
+{
+    for (Panel* child : childPanels) child->parentPanel = nullptr;
+    if (parentPanel != nullptr) std::erase(parentPanel->childPanels, this);
 }
 
 void Panel::show(bool visible)

@@ -17,6 +17,7 @@ public:
 
     /// Stays hidden until `show`. With a parent it joins its column at the bottom.
     explicit Panel(Panel* parentPanel = nullptr);
+    ~Panel() override;
 
     /// Nothing happens if it is as it should be already.
     virtual void show(bool visible);

@@ -21,6 +21,7 @@ inline constexpr const char* SHOW_NOTE_STRING = "SHOW_NOTE_STRING";      ///< ed
 inline constexpr const char* JUMP_BY_12 = "JUMP_BY_12";                  ///< edit: a step of the wheel is 12
 inline constexpr const char* NUMBERS_ONLY = "NUMBERS_ONLY";              ///< edit: no sign, so 0 is the lowest
 inline constexpr const char* TOGGLE = "TOGGLE";                          ///< slider: a switch of two positions
+inline constexpr const char* COMBO_BOX = "ComboBox";                     ///< edit: it belongs to a ComboBox
 inline constexpr const char* HELP = "HELP";                              ///< any: what the help screen says of it
 
 inline bool isSet(const QObject& control, const char* property) { return control.property(property).toBool(); }

@@ -31,6 +31,10 @@ public:
     static void setMax(QWidget& edit, int highest);
     static void setMinMax(QWidget& edit, int lowest, int highest);
 
+    /// In gray, and the text of an edit is blanked: it stands for values that differ. That of a `ComboBox` stays.
+    /// Nobody is told of a blanked text.
+    static void indicateInvalidValue(QWidget& control, bool invalid);
+
     /// The control and its label, both.
     static void enableControl(QWidget& label, QWidget& control, bool on);
 
@@ -55,14 +59,20 @@ private:
     using Role = GdiManager::Role;
 
     void skinChild(QWidget& child);
-    void drawFrame(QPainter& painter, const QRect& rectangle, bool enabled) const;
-    void drawButton(QPainter& painter, const QStyleOption& option, const QString& text, const QWidget* widget) const;
+    QColor labelColour(const QWidget& widget) const;
+    QPalette paletteFor(const QWidget& widget) const;
+
     void drawCheckMark(QPainter& painter, const QStyleOption& option) const;
     void drawRadioMark(QPainter& painter, const QStyleOption& option) const;
-    void drawMenuItem(QPainter& painter, const QStyleOption& option) const;
+    void drawItemPanel(QPainter& painter, const QStyleOption& option) const;
+    void drawPushButton(QPainter& painter, const QStyleOption& option, const QString& text,
+                        const QWidget* widget) const;
+    void drawHeader(QPainter& painter, const QStyleOption& option) const;
+    void drawMenuItem(QPainter& painter, const QStyleOption& option, const QWidget* widget) const;
+    void drawMenuSeparator(QPainter& painter, const QRect& rectangle) const;
     void drawSlider(QPainter& painter, const QStyleOptionComplex& option) const;
+    void drawScrollBar(QPainter& painter, const QStyleOptionComplex& option, const QWidget* widget) const;
     void drawComboBox(QPainter& painter, const QStyleOptionComplex& option, const QWidget* widget) const;
-    QColor labelColour(const QWidget& widget) const;
 
     GdiManager& gdi;
 };

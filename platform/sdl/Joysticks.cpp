@@ -110,6 +110,7 @@ Joysticks::~Joysticks()
     for (SDL_Joystick* device : devices->places)
         if (device != nullptr) SDL_JoystickClose(device);
     if (devices->started) SDL_QuitSubSystem(SDL_INIT_JOYSTICK);
+    SDL_TLSCleanup();  // what SDL keeps for this thread, which it did not start
 }
 
 Joysticks::Readings Joysticks::read()

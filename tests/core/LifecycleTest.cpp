@@ -14,7 +14,7 @@ using namespace Backend;
 
 namespace
 {
-const std::string SETTINGS = "config/Brinlow Software/Lifecycle/3.2";
+const std::string SETTINGS_FILE = "config/Brinlow Software/Lifecycle/3.2";
 const std::string DATA = "data/Brinlow Software/Orvane 3";
 
 /// A backend from its first to its last day, with a user's folders.
@@ -52,9 +52,9 @@ TEST(Lifecycle, ANewUserGetsTheFactorysPresetsAndBanksAndADefaultBank)
     const std::string bank = (life / DATA / "Banks/Default Bank.bnk").string();
     EXPECT_EQ(life.orv->getRegistrySettings().getDefaultBank(), bank);
     EXPECT_EQ(life.read(DATA + "/Banks/Default Bank.bnk"), "bank");
-    EXPECT_FALSE(std::filesystem::exists(life / SETTINGS)) << "saved at the end alone";
+    EXPECT_FALSE(std::filesystem::exists(life / SETTINGS_FILE)) << "saved at the end alone";
     life.end();
-    EXPECT_EQ(life.read(SETTINGS),
+    EXPECT_EQ(life.read(SETTINGS_FILE),
               "DefaultBank=string:" + bank + "\nEnabledMidiInputs=string:\nEnabledMidiOutputs=string:\n");
 }
 
@@ -92,7 +92,7 @@ TEST(Lifecycle, AnEditSavedIntoTheDefaultBankIsThereTheNextTimeAndNothingElseCha
 TEST(Lifecycle, WhatTheUserChoseIsThereTheNextTime)
 {
     Life life;
-    life.write(SETTINGS, "DefaultBank=string:/my/own.bnk\nMidiThru=number:0\nDefaultMidiOutput=number:1\n");
+    life.write(SETTINGS_FILE, "DefaultBank=string:/my/own.bnk\nMidiThru=number:0\nDefaultMidiOutput=number:1\n");
     life.begin();
     auto& commands = life.orv->getOrvMessageManager();
     commands.sendSetMidiInputPorts({{{.name = "In"}}});
@@ -112,7 +112,7 @@ TEST(Lifecycle, WhatTheUserChoseIsThereTheNextTime)
     commands.postEnableMidiInput(0, true);
     commands.postEnableMidiOutput(1, false);
     life.end();
-    EXPECT_EQ(life.read(SETTINGS),
+    EXPECT_EQ(life.read(SETTINGS_FILE),
               "DefaultBank=string:/my/own.bnk\nMidiThru=number:1\nDefaultMidiOutput=number:0\n"
               "EnabledMidiInputs=string:Y\nEnabledMidiOutputs=string:NN\n");
     EXPECT_TRUE(std::filesystem::is_directory(life / DATA / "Banks")) << "made also without a factory";
@@ -164,7 +164,7 @@ TEST(Settings, AreKeptAtTheEndAndTheWindowHearsOfThoseItShows)
                                                                 {GLOBAL_KEYBOARD, 1},
                                                                 {MOUSE_SENSITIVITY, 3},
                                                                 {CLICK_ZONE_CHANNEL_TRANSPOSE, 1}}));
-    const std::string kept = life.read(SETTINGS);
+    const std::string kept = life.read(SETTINGS_FILE);
     EXPECT_EQ(kept.substr(kept.find('\n') + 1),
               "GlobalKeyboard=number:0\nRetroRecordEnabled=number:0\nMaxMidiBufferFileSize=number:1000\n"
               "LargeDisplayFont=number:1\nMouseSensitivity=number:3\nDockToBottomEdge=number:1\n"

@@ -51,6 +51,34 @@ TEST(Orv, PostsBeforeTheStartWaitAndThoseOfManyThreadsKeepTheirOrder)
     orv->stop();
 }
 
+TEST(Orv, MakesTheWindowThatItWasGivenWithWhatItKnowsAndLaterTellsItAll)
+{
+    static GuiStart start;
+    static char made;
+    OrvFactory::setGuiFactory([](OrvIF&, GuiStart known) {
+        start = std::move(known);
+        return reinterpret_cast<Gui::OrvGuiIF*>(&made);  // nobody looks into it
+    });
+    Stage stage;
+    OrvFactory::setGuiFactory(nullptr);
+    stage.commands().postSetScreenState({.system = false, .zones = true});
+    stage.commands().postChangeTempo({false, 99}, false);
+    EXPECT_EQ(static_cast<void*>(stage.commands().sendCreateOrvGui(true)), &made);
+    EXPECT_TRUE(start.isVstPlugin);
+    EXPECT_EQ(start.program.tempo, 99);
+    EXPECT_EQ(start.outputs, stage.orv->getMidiOutputPorts());
+    EXPECT_EQ(start.screens, (ScreenState{.system = false, .zones = true}));
+    EXPECT_EQ(Stage().commands().sendCreateOrvGui(false), nullptr) << "a backend that has none";
+
+    const auto window = std::make_shared<MessageQueue>();
+    stage.orv->setGuiWindowHandle(WindowHandle(window));
+    stage.commands().postRefreshGui();
+    stage.rest();
+    using namespace GuiMessage;
+    EXPECT_EQ(messagesOf(*window), (std::vector<unsigned>{SETTINGS, MIDI_INPUT_PORTS, MIDI_OUTPUT_PORTS, BANK, PROGRAM,
+                                                          COMPUTER_INPUT, COMPUTER_INPUT_CHANGED}));
+}
+
 TEST(Orv, EndsWhileSlicesRunAndCommandsPour)
 {
     for (int round = 0; round < 20; ++round) {

@@ -37,6 +37,7 @@ void change(RegistrySettings& settings)
     settings.setLiteChannel(15);
     settings.setLiteStackNotes(false);
     settings.setClickZoneChannelTranspose(true);
+    settings.setScreens({true, false, true});
     settings.setMidiInputEnabled(1, true);
     settings.setMidiOutputEnabled(5, true);
     settings.setMidiOutputEnabled(-1, true);
@@ -50,7 +51,7 @@ const char* const CHANGED =
     "DisplayHeight=number:300\nLastWindowPosition=hex:f6ffffff140000001e00000070110100\n"
     "EnabledMidiInputs=string:NY\nEnabledMidiOutputs=string:NNNNNY\nAlwaysOnTop=number:1\nUseSkinBorder=number:0\n"
     "DefaultMidiOutput=number:2\nLiteVelocity=number:90\nLiteChannel=number:15\nLiteStackNotes=number:0\n"
-    "ClickZoneChannelTranspose=number:1\n";
+    "ClickZoneChannelTranspose=number:1\nScreenState=string:YNY\n";
 
 const char* const PORTS_ALONE = "EnabledMidiInputs=string:\nEnabledMidiOutputs=string:\n";
 }  // namespace
@@ -92,6 +93,7 @@ TEST(RegistrySettings, AreWrittenUnderTheirNamesInTheOrderOfTheTable)
     copy.setLiteChannel(again.getLiteChannel());
     copy.setLiteStackNotes(again.getLiteStackNotes());
     copy.setClickZoneChannelTranspose(again.getClickZoneChannelTranspose());
+    copy.setScreens(again.getScreens());
     copy.setMidiInputEnabled(1, again.getEnabledMidiInputs()[1]);
     copy.setMidiOutputEnabled(5, again.getEnabledMidiOutputs()[5]);
     copy.saveToRegistry(KEY);

@@ -2,8 +2,7 @@
 
 #include <QApplication>
 #include <QEvent>
-#include <QLineEdit>
-#include <QPlainTextEdit>
+#include <QKeyEvent>
 #include <QPushButton>
 
 #include "backend/core/OrvMessageManager.h"
@@ -11,10 +10,13 @@
 #include "gui/OrvGuiIF.h"
 #include "gui/framework/Panel.h"
 #include "gui/framework/Properties.h"
+#include "gui/framework/TextFocus.h"
 #include "gui/screens/computerinput/ComputerInputPanel.h"
 #include "gui/screens/display/DisplayPanel.h"
 #include "gui/screens/help/HelpPanel.h"
 #include "gui/screens/main/FocusControl.h"
+#include "gui/screens/main/KeyInput.h"
+#include "gui/screens/main/KeyPresses.h"
 #include "gui/screens/output/OutputPanel.h"
 #include "gui/screens/system/SystemPanel.h"
 
@@ -36,11 +38,12 @@ constexpr Screen SCREENS[] = {
 
 OnOffToggle onOrOff(bool on) { return {on ? OnOffToggle::State::on : OnOffToggle::State::off}; }
 
-bool isTextEdit(const QObject* object)
+/// A control that takes the focus at a click would end the notes that are held.
+void leaveKeyboardAlone(QWidget& control)
 {
-    const auto* line = qobject_cast<const QLineEdit*>(object);
-    const auto* text = qobject_cast<const QPlainTextEdit*>(object);
-    return (line != nullptr && !line->isReadOnly()) || (text != nullptr && !text->isReadOnly());
+    if ((control.focusPolicy() & Qt::ClickFocus) != 0 && !takesText(&control) &&
+        dynamic_cast<FocusControl*>(&control) == nullptr)
+        control.setFocusPolicy(Qt::TabFocus);
 }
 }  // namespace
 
@@ -60,11 +63,28 @@ private:
     const std::function<void()> resized;
 };
 
+/// What comes of keys: the backend plays them, and the picture shows them.
+class MainWindow::PlayedKeys final : public KeyPresses::Listener
+{
+public:
+    explicit PlayedKeys(OrvGuiIF& owner) : gui(owner) {}
+
+    void keyDown(const Key& key, bool isRepeat) override { gui.getOrvMessageManager().postKeyDown(key, isRepeat); }
+    void keyUp(const Key& key) override { gui.getOrvMessageManager().postKeyUp(key); }
+    void showKey(int, bool) override {}
+
+private:
+    OrvGuiIF& gui;
+};
+
 MainWindow::MainWindow(OrvGuiIF& owner, QWidget* parent, Resized tellSizeChange)
     : QWidget(parent),
       gui(owner),
       tellSize(std::move(tellSizeChange)),
-      focusControl(new FocusControl(owner, this)),
+      playedKeys(std::make_unique<PlayedKeys>(owner)),
+      keyPresses(std::make_unique<KeyPresses>(*playedKeys)),
+      keyInput(std::make_unique<KeyInput>(*keyPresses)),
+      focusControl(new FocusControl(*keyInput, this)),
       column(new Column(this, [this] { fit(); }))
 {
     setWindowTitle(QStringLiteral("OrvGui"));
@@ -76,7 +96,13 @@ MainWindow::MainWindow(OrvGuiIF& owner, QWidget* parent, Resized tellSizeChange)
     qApp->installEventFilter(this);
 }
 
-MainWindow::~MainWindow() { qApp->removeEventFilter(this); }
+MainWindow::~MainWindow()
+{
+    hide();  // while all are there that its screens turn to
+    qApp->removeEventFilter(this);
+    for (const auto road : {KeyPresses::Road::window, KeyPresses::Road::hook, KeyPresses::Road::picture})
+        keyPresses->releaseAll(road);
+}
 
 void MainWindow::makeButtons()
 {
@@ -178,20 +204,55 @@ void MainWindow::setMidiThru(bool on) { thruButton->setChecked(on); }
 
 void MainWindow::setGlobalKeyboard(bool on) { keyboardButton->setChecked(on); }
 
-// --- the focus
+// --- the focus and the keys
 
 void MainWindow::setPlayingFocus()
 {
-    if (!isTextEdit(QApplication::focusWidget())) focusControl->setFocus();
+    if (!takesText(QApplication::focusWidget())) focusControl->setFocus();
 }
 
-/// A click beside a text ends its editing; pointing at a control shows its help.
+/// A click beside a text ends its editing; pointing at a control shows its help; keys follow the focus.
 bool MainWindow::eventFilter(QObject* object, QEvent* event)
 {
-    const auto* widget = qobject_cast<QWidget*>(object);
+    auto* widget = qobject_cast<QWidget*>(object);
     if (widget == nullptr || widget->window() != window()) return false;
-    if (event->type() == QEvent::MouseButtonPress && !isTextEdit(object)) focusControl->setFocus();
-    if (event->type() == QEvent::Enter && widget->property(Property::HELP).isValid()) gui.displayHelp(*widget);
+    switch (event->type()) {
+        case QEvent::MouseButtonPress:
+            if (!takesText(widget)) focusControl->setFocus();
+            break;
+        case QEvent::Enter:
+            if (widget->property(Property::HELP).isValid()) gui.displayHelp(*widget);
+            break;
+        case QEvent::Show:
+            if (isAncestorOf(widget)) leaveKeyboardAlone(*widget);
+            break;
+        case QEvent::FocusIn:
+            if (isAncestorOf(widget) && !takesText(widget)) keyInput->focusCame();
+            break;
+        case QEvent::FocusOut:
+        case QEvent::WindowDeactivate:
+            keyInput->focusWent();
+            break;
+        default:
+            break;
+    }
     return false;
+}
+
+/// Of a control that has the focus, these are the keys that it has no use for.
+void MainWindow::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Escape)
+        focusControl->setFocus();
+    else if (!takesText(QApplication::focusWidget()))
+        keyInput->press(*event);
+}
+
+void MainWindow::keyReleaseEvent(QKeyEvent* event) { keyInput->release(*event); }
+
+void MainWindow::hideEvent(QHideEvent* event)
+{
+    keyInput->focusWent();
+    QWidget::hideEvent(event);
 }
 }  // namespace Gui

@@ -12,6 +12,8 @@ class QPushButton;
 namespace Gui
 {
 class FocusControl;
+class KeyInput;
+class KeyPresses;
 class OrvGuiIF;
 class Panel;
 
@@ -67,12 +69,17 @@ public:
     ComputerInput::ComputerInputPanel& getComputerInputPanel() { return *computerInputPanel; }
     Output::OutputPanel& getOutputPanel() { return *outputPanel; }
     FocusControl& getFocusControl() { return *focusControl; }
+    KeyPresses& getKeyPresses() { return *keyPresses; }
 
 protected:
     bool eventFilter(QObject* object, QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
 
 private:
     class Column;
+    class PlayedKeys;
 
     void makeButtons();
     void makePanels();
@@ -81,6 +88,9 @@ private:
 
     OrvGuiIF& gui;
     const Resized tellSize;
+    std::unique_ptr<PlayedKeys> playedKeys;
+    std::unique_ptr<KeyPresses> keyPresses;
+    std::unique_ptr<KeyInput> keyInput;
     FocusControl* focusControl;  // these belong to their parents, as Qt has it
     QPushButton* resetButton = nullptr;
     QPushButton* thruButton = nullptr;

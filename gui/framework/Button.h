@@ -1,0 +1,60 @@
+#pragma once
+
+#include <QAbstractButton>
+#include <QRect>
+
+namespace Gui
+{
+class GuiContext;
+
+/// A push button that acts when it goes down, not when it is let go. A latching one stays down until the next press.
+class Button : public QAbstractButton
+{
+public:
+    class Listener
+    {
+    public:
+        virtual ~Listener() = default;
+        /// The user pressed it; a latching one may have been let go by that.
+        virtual void buttonChanged(int id, bool pressed) = 0;
+    };
+
+    enum class Action { momentary, latching };
+
+    /// Where a button stands in a row of them, `x` logical pixels from the left.
+    static constexpr QRect at(int x) { return {x, 6, 29, 20}; }
+
+    Button(GuiContext& guiContext, int buttonId, const QString& label, const QRect& rectangle, QWidget* parent,
+           Action action = Action::momentary);
+
+    int getId() const { return id; }
+    bool isPressed() const { return isCheckable() ? isChecked() : isDown(); }
+    /// Without telling the listener.
+    void setPressed(bool pressed);
+    /// It must outlive the button; null for none.
+    void setListener(Listener* newListener) { listener = newListener; }
+
+    QSize sizeHint() const override { return at(0).size(); }
+
+protected:
+    virtual void mouseDown();
+    void mouseUp();
+    void notify();
+
+    GuiContext& getContext() const { return context; }
+
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+
+private:
+    GuiContext& context;
+    int id;
+    Listener* listener = nullptr;
+};
+}  // namespace Gui

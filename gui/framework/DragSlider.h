@@ -1,0 +1,57 @@
+#pragma once
+
+#include <QAbstractSlider>
+#include <functional>
+#include <optional>
+
+#include "gui/framework/MouseCapture.h"
+#include "gui/framework/Wheel.h"
+
+namespace Gui
+{
+/// A value between two limits that is dragged, turned with the wheel, or stepped with the arrow keys. A middle click
+/// lets it follow the mouse without a button held, until the next click. What it looks like its heirs say.
+class DragSlider : public QAbstractSlider
+{
+public:
+    /// The value was changed by any way but `showValue`: mouse, wheel, keys, a screen reader.
+    std::function<void(int value)> onChange;
+    /// The mouse let go of it.
+    std::function<void()> onRelease;
+
+    /// Without telling. While the mouse holds it the value is the user's; the last one shown then stands when it is let
+    /// go.
+    void showValue(int newValue);
+
+    /// How far one step of a drag goes, 1 unless set.
+    void setDragStep(int newDragStep) { dragStep = newDragStep; }
+
+protected:
+    DragSlider(GuiContext& guiContext, Qt::Orientation direction, QWidget* parent);
+
+    GuiContext& getContext() const { return context; }
+    /// Where the value stands between its limits, 0 to 1.
+    qreal getFraction() const;
+
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    enum class Hold { button, nothing };
+
+    void beginDrag(const QPointF& position, Hold newHold);
+    void endDrag();
+
+    GuiContext& context;
+    MouseCapture capture;
+    Hold hold = Hold::button;
+    Wheel wheel;
+    int dragStep = 1;
+    bool quiet = false;
+    std::optional<int> shownMeanwhile;
+};
+}  // namespace Gui

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QPointF>
+#include <Qt>
+
+class QWidget;
+
+namespace Gui
+{
+class GuiContext;
+
+/// The drag that turns a value. The way from where it began, upwards or to the right, divided by the mouse sensitivity,
+/// is the number of steps: a value that had stopped at its limit moves again as soon as the pointer turns back.
+class MouseCapture
+{
+public:
+    enum class Pointer { plain, red };
+
+    MouseCapture(GuiContext& guiContext, QWidget& draggedControl, Qt::Orientation direction = Qt::Vertical);
+
+    /// Positions are global; `value` is what the steps are counted from.
+    void begin(const QPointF& position, int value, Pointer pointer);
+    void end();
+
+    bool isCaptured() const { return captured; }
+    int getValue() const { return startValue; }
+
+    int takeSteps(const QPointF& position);
+    /// Whether a step was made since the beginning. If not, it was a click.
+    bool hasMoved() const { return moved; }
+
+private:
+    GuiContext& context;
+    QWidget& control;
+    Qt::Orientation orientation;
+    QPointF startPosition;
+    int startValue = 0;
+    bool captured = false;
+    bool moved = false;
+};
+}  // namespace Gui

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "gui/framework/Button.h"
+
+class QButtonGroup;
+
+namespace Gui
+{
+/// A button of a group of which one is pressed: pressing it lets go of the others. The arrow keys go through the group.
+class RadioButton : public Button
+{
+public:
+    RadioButton(GuiContext& guiContext, int buttonId, const QString& label, const QRect& rectangle, QWidget* parent,
+                QButtonGroup& group);
+
+protected:
+    /// The listener hears of the pressed one alone.
+    void mouseDown() override;
+    void keyPressEvent(QKeyEvent* event) override;
+};
+}  // namespace Gui
