@@ -12,6 +12,8 @@ namespace Host
 struct Setup {
     std::vector<std::string> loads;  ///< programs (.prg) and banks (.bnk), in order; none for the user's default bank
     int number = 0;                  ///< the program taken from a bank, from 0
+
+    bool operator==(const Setup&) const = default;
 };
 
 /// Throws InputError with one line naming the file if it is neither a program (.prg) nor a bank (.bnk), or holds no

@@ -10,14 +10,14 @@ void addRunOptions(CLI::App& command, Host::RunOptions& options)
         ->allow_extra_args(false);
     command.add_option("--default-output", options.defaultOutput, "Output for what names none: its number or name")
         ->type_name("N");
-    command.add_option("--load", options.setup.loads, "Program (.prg) or bank (.bnk) loaded at the start, in order")
+    command.add_option("--load,FILE", options.setup.loads, "Program (.prg) or bank (.bnk) loaded at the start, in order")
         ->type_name("FILE")
         ->take_all()
         ->allow_extra_args(false);
     command.add_option("--number", options.setup.number, "Program taken from a bank, counted from 0")
         ->check(CLI::Range(0, 99999))
         ->capture_default_str();
-    command.add_flag("--display", options.display, "Print what is played");
+    command.add_flag("--display", options.display, "Print what is played; with a window, show its display");
     command.add_option("--tempo", options.tempo, "Beats per minute")->type_name("BPM")->check(CLI::Range(20, 250));
 }
 

@@ -3,7 +3,7 @@
 #include <exception>
 #include <iostream>
 
-#include "apps/orvane/Demonstration.h"
+#include "apps/orvane/Open.h"
 #include "apps/orvane/PortsCommand.h"
 #include "apps/orvane/RenderCommand.h"
 #include "apps/orvane/RunCommand.h"
@@ -37,7 +37,7 @@ int carryOut(int argc, char** argv)
     } catch (const CLI::Success& asked) {
         return program.exit(asked);
     }
-    return program.get_subcommands().empty() ? Host::run(options, renderDemonstration) : exitStatus;
+    return program.get_subcommands().empty() ? open(options) : exitStatus;
 }
 }  // namespace
 

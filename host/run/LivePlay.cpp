@@ -31,7 +31,7 @@ std::unique_ptr<Backend::OrvIF> createOrv(Player& player)
 }
 }  // namespace
 
-LivePlay::LivePlay(MidiSystem& midiSystem, Ports& allPorts, Event& wishes, LiveWindow::Tell tell, const Setup& setup)
+LivePlay::LivePlay(MidiSystem& midiSystem, Ports& allPorts, Event& wishes, Tell tell, const Setup& setup)
     : system(midiSystem),
       ports(allPorts),
       player(ports, wishes),
@@ -127,7 +127,8 @@ void LivePlay::serveOutputs()
 
 void LivePlay::end()
 {
-    if (!orv) return;
+    if (ended) return;
+    ended = true;
     clock.neverStall();
     switchInputsOff();
     clock.waitForSlices(SLICES_FOR_INPUTS_TO_END);
@@ -139,7 +140,6 @@ void LivePlay::end()
     orv->stop();
     window.close();
     system.close();
-    orv.reset();
 }
 
 // The list alone, not the user's choice, which is stored. What the backend then releases of itself is on its way to

@@ -23,7 +23,7 @@ class LivePlay
 public:
     /// All must outlive this. `wishes` is set whenever `serve` has something to do. `tell` gets lines for the user, on
     /// any thread. The files of `setup` can be loaded. Throws std::bad_alloc.
-    LivePlay(MidiSystem& midiSystem, Ports& allPorts, Event& wishes, LiveWindow::Tell tell, const Setup& setup = {});
+    LivePlay(MidiSystem& midiSystem, Ports& allPorts, Event& wishes, Tell tell, const Setup& setup = {});
 
     /// Ends first if that has not been done.
     ~LivePlay();
@@ -47,7 +47,8 @@ public:
     bool serve();
 
     /// Ends with every note off: inputs off, two slices, a reset, the backend's end while slices still run, then the
-    /// clock stands and the ports close. Always comes to its end: a clock that stalls is replaced.
+    /// clock stands and the ports close. Always comes to its end: a clock that stalls is replaced. The backend is there
+    /// until this object goes, and frees what is still posted to it.
     void end();
 
 private:
@@ -65,6 +66,7 @@ private:
     std::unique_ptr<Backend::OrvIF> orv;
     Slices slices;
     Clock clock;
+    bool ended = false;
     bool toldOfDeath = false;
     bool showsDisplay = false;
 };

@@ -1,11 +1,11 @@
 #pragma once
 
-#include <functional>
 #include <memory>
 #include <string>
 
 #include "backend/core/DisplayListener.h"
 #include "backend/core/OrvIF.h"
+#include "host/run/Tell.h"
 #include "platform/WindowHandle.h"
 #include "platform/Worker.h"
 
@@ -16,8 +16,6 @@ namespace Host
 class LiveWindow
 {
 public:
-    using Tell = std::function<void(const std::string&)>;
-
     explicit LiveWindow(Tell tellUser);
     ~LiveWindow() { close(); }
     LiveWindow(const LiveWindow&) = delete;

@@ -2,180 +2,58 @@
 
 #include <unistd.h>
 
-#include <algorithm>
-#include <chrono>
-#include <ctime>
-#include <filesystem>
 #include <iostream>
 #include <memory>
-#include <stdexcept>
 
-#include "backend/core/OrvMessageManager.h"
-#include "backend/persistence/Bank.h"
-#include "host/InputError.h"
 #include "host/jack/JackClient.h"
 #include "host/run/CommandReader.h"
-#include "host/run/EndSignals.h"
-#include "host/run/LivePlay.h"
+#include "host/run/LiveHost.h"
 #include "host/run/PortList.h"
 #include "host/run/RawTerminal.h"
 #include "host/run/TerminalKeyboard.h"
-#include "host/system/MidiSystem.h"
 
 namespace Host
 {
 namespace
 {
-constexpr auto DISPLAY_UPDATE = std::chrono::milliseconds(100);
-
-struct Connection {
-    std::string from;
-    std::string to;
-};
-
-void tell(const std::string& line) { std::cerr << "orvane: " + line + "\n"; }
-
-std::vector<Connection> parseConnections(const std::vector<std::string>& texts)
+void playFromKeys(EndSignals& signals, LiveHost& host)
 {
-    std::vector<Connection> connections;
-    for (const std::string& text : texts) {
-        const auto sign = text.find('=');
-        if (sign == std::string::npos || sign == 0 || sign + 1 == text.size())
-            throw InputError("--connect: '" + text + "' is not two port names with a = between them");
-        connections.push_back({text.substr(0, sign), text.substr(sign + 1)});
-    }
-    return connections;
+    const TerminalKeyboard keyboard(STDIN_FILENO, [&](const Command& command) { host.getPlay().carryOut(command); });
+    host.playUntil([&] { return signals.isEndWanted(); });
 }
 
-bool isAnythingHeard(const MidiSystem& system, const Ports& ports)
-{
-    return system.name() != "none" || !ports.outputs()[0]->couldNotOpen;
-}
-
-void tellComplaints(const MidiSystem& system)
-{
-    for (const std::string& complaint : system.complaints) tell(complaint);
-}
-
-void join(MidiSystem& system, const std::vector<Connection>& connections)
-{
-    for (const auto& [from, to] : connections) try {
-            system.connect(from, to);
-        } catch (const std::runtime_error& reason) {
-            tell("--connect " + from + "=" + to + ": " + reason.what());
-        }
-}
-
-void setDefaultOutput(LivePlay& play, const Ports& ports, int output)
-{
-    const OutputPort& port = *ports.outputs()[static_cast<std::size_t>(output)];
-    if (port.couldNotOpen)
-        tell("--default-output: \"" + port.name + "\" could not be opened; the default output stays as it is");
-    else
-        play.getOrv().getOrvMessageManager().postChangeDefaultMidiOutput({SelectType::Kind::specific, output});
-}
-
-void tellLosses(const Ports& ports)
-{
-    for (const auto& port : ports.outputs())
-        if (port->lossCount() > 0)
-            tell(port->name + ": " + std::to_string(port->lossCount()) + " messages were lost, the port was too slow");
-}
-
-/// Every file can be loaded, and the last bank among them has a program of that number.
-void checkSetup(const Setup& setup)
-{
-    for (const std::string& file : setup.loads) checkSetupFile(file);
-    const auto bank = std::find_if(setup.loads.rbegin(), setup.loads.rend(),
-                                   [](const std::string& file) { return file.ends_with(".bnk"); });
-    if (bank == setup.loads.rend()) return;
-    if (const auto programs = Backend::Bank::fromFile(*bank).programNames.size();
-        static_cast<std::size_t>(setup.number) >= programs)
-        throw InputError(*bank + ": there is no program " + std::to_string(setup.number) + ", it has " +
-                         std::to_string(programs));
-}
-
-/// A file stem in the current folder that names the moment.
-std::string recordStem()
-{
-    const std::time_t now = std::time(nullptr);
-    std::tm local{};
-    localtime_r(&now, &local);
-    char name[40];
-    std::strftime(name, sizeof name, "record %Y-%m-%d %H.%M.%S", &local);
-    std::error_code none;
-    return (std::filesystem::current_path(none) / name).string();
-}
-
-void waitFor(Event& event, bool display)
-{
-    if (display)
-        event.waitFor(DISPLAY_UPDATE);
-    else
-        event.wait();
-}
-
-void playUntil(EndSignals& signals, LivePlay& play, Event& event, bool display)
-{
-    while (!signals.isEndWanted()) {
-        waitFor(event, display);
-        play.updateDisplay();
-        if (signals.takeSaveWish()) play.saveRecord(recordStem());
-        if (play.serve())
-            tell(
-                "The JACK server is gone: no MIDI and no sound any more. The engine goes on by its own clock, and "
-                "what is typed is read.");
-    }
-}
-
-void playFromKeys(EndSignals& signals, LivePlay& play, Event& event, bool display)
-{
-    const TerminalKeyboard keyboard(STDIN_FILENO, [&](const Command& command) { play.carryOut(command); });
-    playUntil(signals, play, event, display);
-}
-
-void playFromCommands(EndSignals& signals, LivePlay& play, Event& event, bool display)
+void playFromCommands(EndSignals& signals, LiveHost& host)
 {
     const CommandReader reader(
-        STDIN_FILENO, "standard input", [&](const Command& command) { play.carryOut(command); }, tell);
-    playUntil(signals, play, event, display);
+        STDIN_FILENO, "standard input", [&](const Command& command) { host.getPlay().carryOut(command); },
+        tellOnStandardError);
+    host.playUntil([&] { return signals.isEndWanted(); });
 }
 }  // namespace
 
 int run(const RunOptions& options, const std::function<int()>& otherwise)
 {
-    checkClientName(options.client);
-    checkSetup(options.setup);
-    const auto connections = parseConnections(options.connections);
+    checkRunOptions(options);
     const auto terminal = options.keys ? std::make_unique<RawTerminal>(STDIN_FILENO) : nullptr;
 
     Event event;
     EndSignals signals(event);
-    Ports ports;
-    const auto system = openMidiSystem(options.client, ports, event);
-    tellComplaints(*system);
-    if (!isAnythingHeard(*system, ports)) {
+    LiveHost host(options, signals, event, tellOnStandardError);
+    if (!host.isAnythingHeard()) {
         if (otherwise) return otherwise();
-        tell("Nothing can be heard, but the engine runs and what is typed is read.");
+        tellOnStandardError("Nothing can be heard, but the engine runs and what is typed is read.");
     }
-    const int defaultOutput = options.defaultOutput ? findOutput(ports.outputList(), *options.defaultOutput) : -1;
-
-    LivePlay play(*system, ports, event, tell, options.setup);
-    if (defaultOutput >= 0) setDefaultOutput(play, ports, defaultOutput);
-    if (options.tempo) play.getOrv().getOrvMessageManager().postChangeTempo({false, *options.tempo}, true);
-    join(*system, connections);
-    std::cout << VERSION << ": " << system->description() << "\n"
-              << describePorts(ports.inputList(), ports.outputList())
+    host.start();
+    std::cout << host.describe()
               << (options.keys ? "The keys of this terminal play" : "Commands are read from standard input")
               << ". Ctrl+C ends with every note off." << std::endl;
 
-    if (options.display) play.showDisplay();
+    if (options.display) host.showDisplay();
     if (options.keys)
-        playFromKeys(signals, play, event, options.display);
+        playFromKeys(signals, host);
     else
-        playFromCommands(signals, play, event, options.display);
-    play.end();
-    tellLosses(ports);
+        playFromCommands(signals, host);
+    host.end();
     return 0;
 }
 
@@ -185,7 +63,7 @@ int listPorts(const std::string& client)
     Event event;
     Ports ports;
     const auto system = openMidiSystem(client, ports, event);
-    tellComplaints(*system);
+    for (const std::string& complaint : system->complaints) tellOnStandardError(complaint);
     std::cout << "Back end: " << system->name() << "\n"
               << describePorts(ports.inputList(), ports.outputList()) << std::flush;
     return 0;

@@ -111,6 +111,8 @@ class House(unittest.TestCase):
         self.environment = {**os.environ, "JACK_NO_START_SERVER": "1",
                             "JACK_DEFAULT_SERVER": "orvane" + uuid.uuid4().hex[:8],
                             "XDG_CONFIG_HOME": home.name + "/config", "XDG_DATA_HOME": home.name + "/data"}
+        for name in ("DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"):
+            self.environment.pop(name, None)
         self.server = None
 
     def tearDown(self):
@@ -371,7 +373,9 @@ class Live(House):
         if "Back end: none" not in listed or "Couldn't Open" not in listed:
             self.skipTest("this machine can be heard")
         with tempfile.TemporaryDirectory() as folder:
-            subprocess.run([ORVANE], cwd=folder, env=self.environment, check=True, capture_output=True, timeout=120)
+            result = subprocess.run([ORVANE], cwd=folder, env=self.environment, capture_output=True, timeout=120)
+            self.assertEqual(result.returncode, 0, result.stderr)
+            self.assertIn(b"There is no window, because there is no display.\n", result.stderr)
             self.assertEqual(sorted(os.listdir(folder)), ["demonstration.mid", "demonstration.wav"])
 
     def test_a_wrong_option_is_one_line_and_status_2(self):

@@ -1,0 +1,64 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "host/ports/Ports.h"
+#include "host/run/EndSignals.h"
+#include "host/run/LivePlay.h"
+#include "host/run/RunOptions.h"
+#include "host/run/Tell.h"
+#include "host/system/MidiSystem.h"
+
+namespace Host
+{
+/// The stand-alone host while it plays live: the devices, what plays through them, and all that the command line asked
+/// for. With a window or without one. The thread that makes it is the control thread, and everything here is its own.
+class LiveHost
+{
+public:
+    /// Opens the devices and tells what is missing. The options were checked. `wakeUp` wakes the control thread; it and
+    /// the signals outlive this.
+    LiveHost(const RunOptions& runOptions, EndSignals& endSignals, Event& wakeUp, Tell tellUser);
+
+    LiveHost(const LiveHost&) = delete;
+    LiveHost& operator=(const LiveHost&) = delete;
+
+    bool isAnythingHeard() const;
+
+    /// From here it plays. Throws InputError if there is no such output as the options name.
+    void start();
+
+    /// Once it has started. Its commands may be used on any thread until `end`.
+    LivePlay& getPlay() { return *play; }
+
+    /// The version, the devices and the ports, for the user.
+    std::string describe() const;
+
+    /// Prints the display's lines from now on.
+    void showDisplay();
+
+    /// Serves the ports, and saves the record when a signal asks for it, until `isEndWanted`, which is asked whenever
+    /// the event is set.
+    void playUntil(const std::function<bool()>& isEndWanted);
+
+    /// Ends with every note off and tells what was lost. The backend stays, at rest, as long as this.
+    void end();
+
+private:
+    void setDefaultOutput(int output);
+    void join();
+    void waitForEvent();
+
+    const RunOptions options;
+    EndSignals& signals;
+    Event& event;
+    const Tell tell;
+    Ports ports;
+    std::unique_ptr<MidiSystem> system;
+    std::unique_ptr<LivePlay> play;
+    bool printsDisplay = false;
+};
+}  // namespace Host

@@ -1,0 +1,45 @@
+#include "host/run/RunOptions.h"
+
+#include <algorithm>
+
+#include "backend/persistence/Bank.h"
+#include "host/InputError.h"
+#include "host/jack/JackClient.h"
+
+namespace Host
+{
+namespace
+{
+/// Every file can be loaded, and the last bank among them has a program of that number.
+void checkSetup(const Setup& setup)
+{
+    for (const std::string& file : setup.loads) checkSetupFile(file);
+    const auto bank = std::find_if(setup.loads.rbegin(), setup.loads.rend(),
+                                   [](const std::string& file) { return file.ends_with(".bnk"); });
+    if (bank == setup.loads.rend()) return;
+    if (const auto programs = Backend::Bank::fromFile(*bank).programNames.size();
+        static_cast<std::size_t>(setup.number) >= programs)
+        throw InputError(*bank + ": there is no program " + std::to_string(setup.number) + ", it has " +
+                         std::to_string(programs));
+}
+}  // namespace
+
+std::vector<Connection> parseConnections(const std::vector<std::string>& texts)
+{
+    std::vector<Connection> connections;
+    for (const std::string& text : texts) {
+        const auto sign = text.find('=');
+        if (sign == std::string::npos || sign == 0 || sign + 1 == text.size())
+            throw InputError("--connect: '" + text + "' is not two port names with a = between them");
+        connections.push_back({text.substr(0, sign), text.substr(sign + 1)});
+    }
+    return connections;
+}
+
+void checkRunOptions(const RunOptions& options)
+{
+    checkClientName(options.client);
+    checkSetup(options.setup);
+    parseConnections(options.connections);
+}
+}  // namespace Host

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "host/SetupFile.h"
+
+namespace Host
+{
+inline constexpr const char* FIRST_CLIENT_NAME = "orvane";
+
+/// What live playing was told on the command line.
+struct RunOptions {
+    std::string client = FIRST_CLIENT_NAME;    ///< name in the JACK graph or the ALSA sequencer
+    std::vector<std::string> connections;      ///< "A=B": JACK ports to join, each by its name
+    std::optional<std::string> defaultOutput;  ///< an output's number or name
+    std::optional<int> tempo;                  ///< beats per minute, 20 to 250
+    Setup setup;                               ///< what it begins with
+    bool keys = false;                         ///< plays from the terminal's keys instead of reading commands
+    bool display = false;                      ///< the display's lines on standard output, or its screen in the window
+
+    bool operator==(const RunOptions&) const = default;
+};
+
+/// Two JACK ports, each by its name.
+struct Connection {
+    std::string from;
+    std::string to;
+};
+
+/// Throws InputError if one is not "A=B".
+std::vector<Connection> parseConnections(const std::vector<std::string>& texts);
+
+/// Throws InputError with one line if something cannot be meant, whatever devices there are: a name that no client can
+/// have, a file that cannot be loaded, a program that the last bank has not.
+void checkRunOptions(const RunOptions& options);
+}  // namespace Host

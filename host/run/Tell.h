@@ -1,0 +1,13 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+namespace Host
+{
+/// Takes a line for the user. Any thread.
+using Tell = std::function<void(const std::string&)>;
+
+/// On standard error, behind the program's name.
+void tellOnStandardError(const std::string& line);
+}  // namespace Host

@@ -1,0 +1,25 @@
+#include "host/window/DesktopWindow.h"
+
+#include <new>
+#include <utility>
+
+#include "backend/core/OrvIF.h"
+#include "backend/core/OrvMessageManager.h"
+#include "backend/persistence/RegistrySettings.h"
+
+namespace Host
+{
+DesktopWindow::DesktopWindow(Backend::OrvIF& orv, std::function<void()> closeWanted)
+    : frame(std::move(closeWanted)), gui(orv.getOrvMessageManager().sendCreateOrvGui(false))
+{
+    if (!gui) throw std::bad_alloc();
+    frame.alwaysOnTopChanged(gui->getRegistrySettings().getAlwaysOnTop());
+    frame.useSkinBorderChanged(gui->getRegistrySettings().getUseSkinBorder());
+    gui->initialize();
+    gui->create(frame);
+    frame.show();
+    frame.raiseAboveAll();
+}
+
+DesktopWindow::~DesktopWindow() { gui->end(); }
+}  // namespace Host

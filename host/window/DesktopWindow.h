@@ -1,0 +1,30 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "gui/OrvGuiIF.h"
+#include "host/window/Frame.h"
+
+namespace Host
+{
+/// A backend's window, open on the desktop for as long as this lives. The GUI thread, while the backend runs.
+class DesktopWindow
+{
+public:
+    /// `closeWanted` is called when the user wants it closed.
+    DesktopWindow(Backend::OrvIF& orv, std::function<void()> closeWanted);
+    ~DesktopWindow();
+
+    DesktopWindow(const DesktopWindow&) = delete;
+    DesktopWindow& operator=(const DesktopWindow&) = delete;
+
+    Gui::OrvGuiIF& getGui() { return *gui; }
+    Frame& getFrame() { return frame; }
+
+private:
+    Frame frame;
+    std::unique_ptr<Gui::OrvGuiIF> gui;
+};
+}  // namespace Host

@@ -1,0 +1,153 @@
+#include "host/window/WindowDoor.h"
+
+#include <poll.h>
+#include <sys/eventfd.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <charconv>
+#include <cstdint>
+#include <cstdlib>
+#include <string_view>
+#include <utility>
+
+#include "host/window/LocalSocket.h"
+#include "platform/Folders.h"
+
+namespace Host
+{
+namespace fs = std::filesystem;
+
+namespace
+{
+// What is said at the door: these words, then each file, all with a zero behind. The answer is the words again.
+constexpr std::string_view WORDS("orvane window 1\0", 16);
+
+constexpr int WAITING_VISITORS = 16;
+
+/// The XDG Base Directory Specification's, or one of ours that nobody else can write to.
+std::optional<fs::path> runtimeFolder()
+{
+    std::error_code none;
+    const char* given = std::getenv("XDG_RUNTIME_DIR");
+    if (given != nullptr && *given == '/' && fs::is_directory(given, none)) return given;
+    const fs::path own = fs::temp_directory_path(none) / ("orvane-" + std::to_string(::getuid()));
+    ::mkdir(own.c_str(), S_IRWXU);
+    struct stat there {
+    };
+    const bool safe = ::lstat(own.c_str(), &there) == 0 && S_ISDIR(there.st_mode) && there.st_uid == ::getuid() &&
+                      (there.st_mode & (S_IWGRP | S_IWOTH)) == 0;
+    return safe ? std::optional(own) : std::nullopt;
+}
+
+/// FNV-1a, the same in every process.
+std::string shortNameOf(std::string_view text)
+{
+    std::uint64_t hash = 0xCBF29CE484222325;
+    for (const char character : text) hash = (hash ^ static_cast<unsigned char>(character)) * 0x100000001B3;
+    std::array<char, 16> digits;
+    return {digits.data(), std::to_chars(digits.data(), digits.data() + digits.size(), hash, 16).ptr};
+}
+
+/// Where the door is, or would be.
+std::optional<fs::path> doorPath()
+{
+    const auto folder = runtimeFolder();
+    if (!folder || ::access(folder->c_str(), W_OK) != 0) return std::nullopt;
+    fs::path path = *folder / ("orvane-" + shortNameOf(Folders::getSettings()) + ".socket");
+    return LocalSocket::isShortEnough(path) ? std::optional(path) : std::nullopt;
+}
+
+fs::path lockPathOf(fs::path socket) { return socket.replace_extension(".lock"); }
+
+std::string pack(const std::vector<std::string>& files)
+{
+    std::string text(WORDS);
+    for (const std::string& file : files) text += file + '\0';
+    return text;
+}
+
+/// None if it is nothing that `pack` made.
+std::optional<std::vector<std::string>> unpack(std::string_view text)
+{
+    if (!text.starts_with(WORDS) || !text.ends_with('\0')) return std::nullopt;
+    std::vector<std::string> files;
+    for (text.remove_prefix(WORDS.size()); !text.empty(); text.remove_prefix(files.back().size() + 1))
+        files.emplace_back(text.substr(0, text.find('\0')));
+    return files;
+}
+}  // namespace
+
+std::unique_ptr<WindowDoor> WindowDoor::build()
+{
+    const auto path = doorPath();
+    if (!path) return nullptr;
+    auto lock = FileLock::take(lockPathOf(*path));
+    if (!lock) return nullptr;
+    ::unlink(path->c_str());  // left by a program that was killed
+    const int socket = LocalSocket::listenAt(*path, WAITING_VISITORS);
+    if (socket < 0) return nullptr;
+    return std::unique_ptr<WindowDoor>(new WindowDoor(std::move(*lock), *path, socket));
+}
+
+WindowDoor::Knock WindowDoor::knock(const std::vector<std::string>& files)
+{
+    const auto path = doorPath();
+    if (!path) return Knock::impossible;
+    const LocalSocket visitor = LocalSocket::connectTo(*path);
+    const bool answered =
+        visitor.isOwnUsers() && visitor.write(pack(files)) && visitor.finishWriting() && visitor.readAll() == WORDS;
+    return answered ? Knock::answered : Knock::inVain;
+}
+
+WindowDoor::WindowDoor(FileLock taken, fs::path socketPath, int listeningSocket)
+    : lock(std::move(taken)),
+      path(std::move(socketPath)),
+      socket(listeningSocket),
+      stopEvent(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK))
+{
+}
+
+WindowDoor::~WindowDoor()
+{
+    close();
+    ::close(stopEvent);
+}
+
+void WindowDoor::open(Visit visit)
+{
+    thread.start("orvane door", [this, visitor = std::move(visit)] { run(visitor); });
+}
+
+void WindowDoor::close()
+{
+    if (socket < 0) return;
+    ::unlink(path.c_str());
+    eventfd_write(stopEvent, 1);
+    thread.join();
+    ::close(std::exchange(socket, -1));
+}
+
+void WindowDoor::run(const Visit& visit) const
+{
+    while (waitForVisitor()) {
+        const LocalSocket visitor = LocalSocket::acceptFrom(socket);
+        if (!visitor.isOwnUsers()) continue;
+        const auto files = unpack(visitor.readAll());
+        if (!files) continue;
+        visit(*files);
+        visitor.write(WORDS);
+    }
+}
+
+/// False when it is time to stop.
+bool WindowDoor::waitForVisitor() const
+{
+    std::array<pollfd, 2> waited{{{stopEvent, POLLIN, 0}, {socket, POLLIN, 0}}};
+    while (::poll(waited.data(), waited.size(), -1) < 0)
+        if (errno != EINTR) return false;
+    return waited[0].revents == 0;
+}
+}  // namespace Host

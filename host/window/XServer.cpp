@@ -1,0 +1,14 @@
+#include "host/window/XServer.h"
+
+#include <X11/Xlib.h>
+
+namespace Host
+{
+bool xServerAnswers()
+{
+    ::Display* display = XOpenDisplay(nullptr);
+    if (display == nullptr) return false;
+    XCloseDisplay(display);
+    return true;
+}
+}  // namespace Host

@@ -1,0 +1,151 @@
+#!/usr/bin/python3
+"""Draws the pictures of the documentation anew: packaging/screenshots.py [ORVANE]
+
+The window of a new user is opened on a display without a screen, whole and then with each screen alone, at 100 and at
+200 percent, while some keys are held. The pictures go to docs/pictures: window.png, help.png, help@2x.png ..."""
+import glob
+import os
+import re
+import signal
+import struct
+import subprocess
+import sys
+import tempfile
+import time
+import zlib
+
+HOUSE = os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
+ORVANE = os.path.abspath(sys.argv[1]) if len(sys.argv) > 1 else HOUSE + "/build/start/bin/orvane"
+PICTURES = HOUSE + "/docs/pictures"
+TITLE = "^Orvane 3$"
+
+SCREENS = ["system", "help", "display", "oscillators", "joystick", "midi-input", "computer-input", "controls", "output",
+           "layers", "cc", "zones"]  # in the order of the setting
+HELD_KEYS = [24, 26, 28]  # Q, E and T, by their places
+THREE_BUTTONS = 300  # the window is wider if it shows a screen
+PATIENCE = 30
+
+
+def until(condition, what):
+    limit = time.monotonic() + PATIENCE
+    while not condition():
+        if time.monotonic() > limit:
+            sys.exit("waited in vain for " + what)
+        time.sleep(0.05)
+
+
+def run(*command, **more):
+    return subprocess.run(command, capture_output=True, text=True, **more).stdout
+
+
+class Display:
+    """Keeps its picture in a file, in the format of xwd."""
+
+    def __init__(self, folder):
+        self.process = subprocess.Popen(["Xvfb", "-displayfd", "1", "-screen", "0", "3200x3200x24", "-nolisten", "tcp",
+                                         "-noreset", "-fbdir", folder], stdout=subprocess.PIPE,
+                                        stderr=subprocess.DEVNULL, text=True)
+        self.name = ":" + self.process.stdout.readline().strip()
+        self.file = folder + "/Xvfb_screen0"
+
+    def end(self):
+        self.process.terminate()
+        self.process.wait()
+
+    def lines(self, left, top, width, height):
+        """Rows of red, green and blue."""
+        with open(self.file, "rb") as file:
+            data = file.read()
+        header = struct.unpack(">25I", data[:100])
+        start, row, colours = header[0], header[12], header[19]
+        for line in range(top, top + height):
+            begin = start + 12 * colours + line * row + left * 4
+            pixels = data[begin:begin + width * 4]
+            rgb = bytearray(width * 3)
+            rgb[0::3], rgb[1::3], rgb[2::3] = pixels[2::4], pixels[1::4], pixels[0::4]
+            yield bytes(rgb)
+
+
+def png(lines, width, height):
+    def chunk(kind, data):
+        return struct.pack(">I", len(data)) + kind + data + struct.pack(">I", zlib.crc32(kind + data))
+
+    return (b"\x89PNG\r\n\x1a\n" + chunk(b"IHDR", struct.pack(">IIBBBBB", width, height, 8, 2, 0, 0, 0)) +
+            chunk(b"IDAT", zlib.compress(b"".join(b"\0" + line for line in lines), 9)) + chunk(b"IEND", b""))
+
+
+class NewUser:
+    def __init__(self, folder, display):
+        os.makedirs(folder + "/runtime", 0o700)
+        self.folder = folder
+        self.environment = {**os.environ, "DISPLAY": display.name, "QT_QPA_PLATFORM": "xcb",
+                            "JACK_NO_START_SERVER": "1", "JACK_DEFAULT_SERVER": "none",
+                            "XDG_CONFIG_HOME": folder + "/config", "XDG_DATA_HOME": folder + "/data",
+                            "XDG_RUNTIME_DIR": folder + "/runtime"}
+
+    def tool(self, *command):
+        return run(*command, env=self.environment)
+
+    def window(self):
+        return self.tool("xdotool", "search", "--onlyvisible", "--name", TITLE).strip()
+
+    def geometry(self):
+        text = self.tool("xdotool", "getwindowgeometry", "--shell", self.window())
+        return [int(re.search(name + r"=(-?\d+)", text).group(1)) for name in ("X", "Y", "WIDTH", "HEIGHT")]
+
+    def open(self, scale):
+        self.orvane = subprocess.Popen([ORVANE], env={**self.environment, "QT_SCALE_FACTOR": str(scale)},
+                                       cwd=self.folder, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        until(self.window, "the window")
+        for key in HELD_KEYS:
+            self.tool("xdotool", "keydown", str(key))
+        time.sleep(1)  # all is drawn
+
+    def close(self):
+        for key in HELD_KEYS:
+            self.tool("xdotool", "keyup", str(key))
+        self.orvane.send_signal(signal.SIGTERM)
+        self.orvane.wait(PATIENCE)
+
+    def showOnly(self, screen):
+        """Once a window was open. One that does not exist leaves the three buttons."""
+        (path,) = glob.glob(self.folder + "/config/**/3.2", recursive=True)
+        state = "".join("Y" if each == screen else "N" for each in SCREENS)
+        if screen in ("layers", "cc", "zones"):  # they are parts of that one
+            state = state[:8] + "Y" + state[9:]
+        with open(path) as file:
+            text = re.sub("ScreenState=.*", "ScreenState=string:" + state, file.read())
+        with open(path, "w") as file:
+            file.write(text)
+
+
+def takePicture(user, display, name):
+    left, top, width, height = user.geometry()
+    if width <= THREE_BUTTONS:
+        print("there is no screen", name)
+        return False
+    with open(f"{PICTURES}/{name}.png", "wb") as file:
+        file.write(png(display.lines(left, top, width, height), width, height))
+    return True
+
+
+def main():
+    os.makedirs(PICTURES, exist_ok=True)
+    with tempfile.TemporaryDirectory() as folder:
+        display = Display(folder)
+        try:
+            user = NewUser(folder + "/home", display)
+            for screen in [None, *SCREENS]:
+                for scale in (1, 2):
+                    if screen:
+                        user.showOnly(screen)
+                    user.open(scale)
+                    there = takePicture(user, display, (screen or "window") + ("@2x" if scale == 2 else ""))
+                    user.close()
+                    if not there:
+                        break
+        finally:
+            display.end()
+
+
+main()

@@ -1,0 +1,240 @@
+"""The window as its users meet it, on a display and in a JACK graph of the test's own:
+window.py ORVANE MIDI_SOURCE MIDI_FILE_READERS.sh X_CLIENT"""
+import glob
+import os
+import re
+import shutil
+import signal
+import socket
+import subprocess
+import sys
+import unittest
+
+import live
+from live import Monitor, Program, until
+
+X_CLIENT = sys.argv[4]
+TITLE = "Orvane 3"
+
+# What a key is called by its place: the codes of every PC keyboard.
+Q, W = 24, 25
+
+PROGRAM = """<ProgramFile><Program name="Test">
+    <ComputerInput><Key id="Q"><Function><Down><MidiNoteOn note="C4"/></Down><Up><MidiNoteOff note="C4"/></Up>
+    </Function></Key></ComputerInput>
+    <MidiInput>
+    <MidiEvent midiEvent="Controller Change,20"><Translation><ShowDisplay/></Translation></MidiEvent>
+    <MidiEvent midiEvent="Controller Change,21"><Translation><ShowHelp/></Translation></MidiEvent>
+    <MidiEvent midiEvent="Controller Change,22"><Translation><MoveWindowTranslation x="120" y="80"/></Translation>
+    </MidiEvent></MidiInput>
+    <Layers><Layer channel="{channel}"/></Layers></Program></ProgramFile>"""
+
+
+class Display(Program):
+    """An X server without a screen."""
+
+    def __init__(self, test):
+        super().__init__(test, "Xvfb", "-displayfd", "1", "-screen", "0", "1280x1024x24", "-nolisten", "tcp",
+                         "-noreset")
+        until(lambda: self.printed.endswith("\n") or self.process.poll() is not None, "the display")
+        if self.process.poll() is not None:
+            test.skipTest("this machine gives no display: " + self.complained)
+        self.name = ":" + self.printed.strip()
+
+
+class Window(live.House):
+    def setUp(self):
+        super().setUp()
+        for tool in ("Xvfb", "xdotool"):
+            if not shutil.which(tool):
+                self.skipTest(tool + " is not installed")
+        runtime = self.folder + "/runtime"
+        os.mkdir(runtime, 0o700)
+        self.environment["XDG_RUNTIME_DIR"] = runtime
+        self.display = Display(self)
+        self.environment["DISPLAY"] = self.display.name
+        self.serve()
+        self.monitor = Monitor(self, "monitor")
+
+    def write(self, name, channel=0):
+        path = os.path.join(self.folder, name)
+        with open(path, "w") as file:
+            file.write(PROGRAM.format(channel=channel))
+        return path
+
+    def open(self, *arguments, env=None):
+        program = Program(self, live.ORVANE, *arguments, env=env)
+        until(lambda: "Closing the window" in program.printed or program.process.poll() is not None, "orvane")
+        self.assertIsNone(program.process.poll(), program.complained)
+        until(lambda: self.windows(), "the window")
+        return program
+
+    def openPlaying(self, *arguments):
+        """What is played comes to the monitor."""
+        return self.open("--default-output", "Orvane Out", "--connect", "orvane:Orvane Out=monitor:input", *arguments)
+
+    def windows(self):
+        return self.tool("xdotool", "search", "--onlyvisible", "--name", f"^{TITLE}$", status=None).split()
+
+    def place(self):
+        """Left, top, width and height of the window."""
+        text = self.tool("xdotool", "getwindowgeometry", "--shell", self.windows()[0])
+        return [int(re.search(name + r"=(-?\d+)", text).group(1)) for name in ("X", "Y", "WIDTH", "HEIGHT")]
+
+    def focused(self):
+        return self.tool("xdotool", "getwindowfocus", "getwindowname", status=None).strip()
+
+    def awaitFocus(self):
+        until(lambda: self.focused() == TITLE, "the focus")
+
+    def key(self, action, code):
+        self.tool("xdotool", action, str(code))
+
+    def holdANote(self):
+        self.play("orvane:Orvane In", "0:903c64")
+        self.monitor.await_message("90 3c 64")
+
+    def checkSilence(self):
+        until(lambda: len([heard for heard in self.monitor.heard if heard[:2] == "80"]) ==
+              len([heard for heard in self.monitor.heard if heard[:2] == "90"]), "the note off")
+
+    def settings(self):
+        (path,) = (path for path in glob.glob(self.folder + "/config/**", recursive=True)
+                   if os.path.isfile(path) and not path.endswith(".lock"))
+        with open(path) as file:
+            return dict(line.strip().split("=", 1) for line in file if "=" in line)
+
+    def test_closing_the_window_ends_the_program_with_every_note_off(self):
+        orvane = self.openPlaying()
+        self.holdANote()
+        self.tool(X_CLIENT, "close", TITLE)
+        self.assertEqual(orvane.process.wait(live.PATIENCE), 0, orvane.complained)
+        self.assertEqual(self.monitor.heard, ["90 3c 64", "80 3c 64"])
+        self.assertEqual(orvane.complained, "")
+
+    def test_a_signal_ends_the_program_with_every_note_off(self):
+        for sent in (signal.SIGTERM, signal.SIGINT, signal.SIGHUP):
+            with self.subTest(signal=sent.name):
+                orvane = self.openPlaying()
+                self.holdANote()
+                self.assertEqual(orvane.end(sent), 0, orvane.complained)
+                self.checkSilence()
+
+    def test_a_signal_saves_the_record(self):
+        orvane = self.openPlaying()
+        self.holdANote()
+        orvane.process.send_signal(signal.SIGUSR1)
+        until(lambda: "saved " in orvane.complained, "the record")
+        self.assertEqual(orvane.end(), 0)
+
+    def test_a_display_that_hangs_or_dies_leaves_no_note_sounding(self):
+        orvane = self.openPlaying()
+        self.holdANote()
+        self.display.process.send_signal(signal.SIGSTOP)
+        orvane.end(signal.SIGTERM)
+        self.checkSilence()
+        self.display.process.send_signal(signal.SIGCONT)
+
+        orvane = self.openPlaying()
+        self.holdANote()
+        self.display.process.kill()
+        self.assertNotEqual(orvane.process.wait(live.PATIENCE), 0)
+        self.checkSilence()
+
+    def test_keys_play_and_are_released_with_the_focus(self):
+        orvane = self.openPlaying(self.write("keys.prg"))
+        self.awaitFocus()
+        self.key("keydown", Q)
+        self.monitor.await_message("90 3c 64")
+        self.key("keyup", Q)
+        self.checkSilence()
+
+        self.key("keydown", Q)
+        until(lambda: self.monitor.heard.count("90 3c 64") == 2, "the second note")
+        other = Program(self, X_CLIENT, "stay")
+        until(lambda: "here" in other.printed, "the other window")
+        self.checkSilence()
+        self.key("keyup", Q)
+        self.key("key", Q)
+        other.clean()
+
+        self.tool("xdotool", "windowfocus", "--sync", self.windows()[0])
+        self.key("keydown", Q)
+        until(lambda: self.monitor.heard.count("90 3c 64") == 3, "the third note and no more")
+        self.assertEqual(orvane.end(signal.SIGTERM), 0, orvane.complained)
+        self.key("keyup", Q)
+        self.checkSilence()
+
+    def test_the_window_comes_back_as_it_was(self):
+        orvane = self.openPlaying(self.write("screens.prg"))
+        _, _, width, height = self.place()
+        self.play("orvane:Orvane In", "0:b01401")  # the display shows
+        until(lambda: self.place()[3] > height, "a larger window")
+        self.play("orvane:Orvane In", "0:b01601")
+        until(lambda: self.place()[:2] == [120, 80], "the window at its new place")
+        place = self.place()
+        self.tool(X_CLIENT, "close", TITLE)
+        self.assertEqual(orvane.process.wait(live.PATIENCE), 0)
+        shown = self.settings()
+
+        orvane = self.openPlaying()
+        until(lambda: self.place() == place, f"the window as it was, {place}, not {self.place()}")
+        self.assertEqual(orvane.end(), 0)
+        self.assertEqual(self.settings(), shown)
+
+    def test_a_second_start_offers_the_window_of_the_first(self):
+        first = self.openPlaying(self.write("one.prg", 0))
+        other = Program(self, X_CLIENT, "stay")
+        until(lambda: "here" in other.printed, "the other window")
+        self.write("two.prg", 2)
+        second = Program(self, live.ORVANE, "two.prg", "--load", "two.prg")
+        self.assertEqual(second.process.wait(live.PATIENCE), 0, second.complained)
+        self.assertEqual((second.printed.count("\n"), second.complained), (1, ""))
+        self.assertIn("open already", second.printed)
+        self.awaitFocus()
+        until(lambda: self.play("orvane:Orvane In", "0:903c64", "1:803c40") or "92 3c 64" in self.monitor.heard,
+              "the program of the second start")
+
+        wrong = subprocess.run([live.ORVANE, "no.prg"], env=self.environment, cwd=self.folder, capture_output=True,
+                               timeout=live.PATIENCE)
+        self.assertEqual((wrong.returncode, wrong.stderr.count(b"\n")), (2, 1), wrong.stderr)
+
+        another = self.open(env={**self.environment, "XDG_CONFIG_HOME": self.folder + "/another"})
+        self.assertEqual(len(self.windows()), 2)
+        self.assertEqual(another.end(), 0)
+        self.assertEqual(self.open("--tempo", "100").end(), 0)
+        self.assertEqual(first.end(), 0)
+
+    def test_a_start_while_the_first_one_ends_opens_a_window_of_its_own(self):
+        first = self.open()
+        first.process.send_signal(signal.SIGTERM)
+        self.assertEqual(self.open().end(), 0)
+        self.assertEqual(first.process.wait(live.PATIENCE), 0)
+
+        killed = self.open()
+        killed.process.kill()
+        killed.process.wait()
+        orvane = self.open()
+        (door,) = glob.glob(self.environment["XDG_RUNTIME_DIR"] + "/orvane-*.socket")
+        for nonsense in (b"", b"orvane window 1", b"nonsense\0" * 1000):
+            with socket.socket(socket.AF_UNIX) as visitor:
+                visitor.connect(door)
+                visitor.sendall(nonsense)
+                visitor.shutdown(socket.SHUT_WR)
+                self.assertEqual(visitor.recv(1), b"")
+        self.assertEqual(orvane.end(), 0)
+        self.assertEqual(os.listdir(self.environment["XDG_RUNTIME_DIR"]), [])
+
+    def test_without_a_display_it_says_why_and_plays(self):
+        for changes, reason in (({"DISPLAY": ""}, "there is no display"),
+                                ({"DISPLAY": ":4711"}, "the display :4711 does not answer"),
+                                ({"DISPLAY": "", "WAYLAND_DISPLAY": "nowhere"}, "the display nowhere does not answer")):
+            with self.subTest(changes):
+                orvane = Program(self, live.ORVANE, "--client", "blind", env={**self.environment, **changes})
+                until(lambda: "Commands are read" in orvane.printed, "orvane")
+                self.assertEqual(orvane.complained, f"orvane: There is no window, because {reason}.\n")
+                self.assertEqual(orvane.end(), 0)
+
+
+if __name__ == "__main__":
+    unittest.main(argv=sys.argv[:1] + sys.argv[5:], verbosity=1)

@@ -1,0 +1,99 @@
+#include "host/window/WindowDoor.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <fstream>
+#include <mutex>
+
+#include "tests/stage/PrivateFolders.h"
+
+namespace Host
+{
+namespace
+{
+using Files = std::vector<std::string>;
+using Knock = WindowDoor::Knock;
+
+/// A user with an empty folder of run-time files.
+class User
+{
+public:
+    User() { ::setenv("XDG_RUNTIME_DIR", runtime.string().c_str(), 1); }
+    ~User() { ::unsetenv("XDG_RUNTIME_DIR"); }
+
+    TemporaryFolder runtime;
+    PrivateFolders folders;
+};
+}  // namespace
+
+TEST(WindowDoor, GivesTheFilesOfThoseWhoKnockToTheOneWindow)
+{
+    const User user;
+    const auto door = WindowDoor::build();
+    ASSERT_TRUE(door);
+    EXPECT_FALSE(WindowDoor::build()) << "one each";
+
+    std::mutex lock;
+    std::vector<Files> visits;
+    door->open([&](const Files& files) {
+        const std::lock_guard guard(lock);
+        visits.push_back(files);
+    });
+    const std::vector<Files> all = {{}, {"/a.prg"}, {"/a b\n.bnk", "", "/ö"}, Files(2000, "/a/rather/long/path.bnk")};
+    for (const Files& files : all) EXPECT_EQ(WindowDoor::knock(files), Knock::answered);
+    const std::lock_guard guard(lock);
+    EXPECT_EQ(visits, all);
+}
+
+TEST(WindowDoor, IsFreeAgainWhenTheWindowIsClosed)
+{
+    const User user;
+    EXPECT_EQ(WindowDoor::knock({}), Knock::inVain);
+    {
+        const auto door = WindowDoor::build();
+        door->open([](const Files&) {});
+        door->close();
+        EXPECT_EQ(WindowDoor::knock({}), Knock::inVain);
+        EXPECT_FALSE(WindowDoor::build()) << "it still ends";
+    }
+    EXPECT_TRUE(WindowDoor::build());
+    EXPECT_EQ(user.runtime.contents(), "");
+}
+
+TEST(WindowDoor, IsAnotherForOtherSettings)
+{
+    const User user;
+    const auto door = WindowDoor::build();
+    Folders::setSettings((user.folders / "other").string());
+    EXPECT_EQ(WindowDoor::knock({}), Knock::inVain);
+    EXPECT_TRUE(WindowDoor::build());
+}
+
+TEST(WindowDoor, ReplacesWhatAKilledProgramLeft)
+{
+    const User user;
+    const auto left = [&] {
+        const auto door = WindowDoor::build();
+        return user.runtime.contents();
+    }();
+    for (std::size_t start = 0; start < left.size(); start = left.find(' ', start) + 1) {
+        user.runtime.write(left.substr(start, left.find(' ', start) - start), "");
+        if (left.find(' ', start) == std::string::npos) break;
+    }
+    const auto door = WindowDoor::build();
+    ASSERT_TRUE(door);
+    door->open([](const Files&) {});
+    EXPECT_EQ(WindowDoor::knock({}), Knock::answered);
+}
+
+TEST(WindowDoor, IsDoneWithoutWhereTheFolderIsOfNoUse)
+{
+    const User user;
+    const std::string tooLong = user.runtime.string() + "/" + std::string(120, 'x');
+    std::filesystem::create_directory(tooLong);
+    ::setenv("XDG_RUNTIME_DIR", tooLong.c_str(), 1);
+    EXPECT_FALSE(WindowDoor::build());
+    EXPECT_EQ(WindowDoor::knock({}), Knock::impossible);
+}
+}  // namespace Host
