@@ -8,8 +8,8 @@
 #include <chrono>
 #include <utility>
 
+#include "host/window/Colours.h"
 #include "host/window/Icon.h"
-#include "host/window/Look.h"
 #include "host/window/TitleBar.h"
 
 namespace Host
@@ -91,8 +91,8 @@ void Frame::paintEvent(QPaintEvent*)
 {
     if (border != Border::own) return;
     QLinearGradient metal(0, 0, 0, height());
-    metal.setColorAt(0, Look::LIGHT_METAL);
-    metal.setColorAt(1, Look::DARK_METAL);
+    metal.setColorAt(0, Colours::LIGHT_METAL);
+    metal.setColorAt(1, Colours::DARK_METAL);
     QPainter(this).fillRect(rect(), metal);
 }
 

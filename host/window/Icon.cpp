@@ -4,7 +4,7 @@
 #include <QPixmap>
 #include <array>
 
-#include "host/window/Look.h"
+#include "host/window/Colours.h"
 
 namespace Host
 {
@@ -27,11 +27,11 @@ QPixmap drawIcon(int size)
     painter.setRenderHint(QPainter::Antialiasing);
     painter.scale(size / SIDE, size / SIDE);
     painter.setPen(Qt::NoPen);
-    painter.setBrush(Look::GROUND);
+    painter.setBrush(Colours::GROUND);
     painter.drawRoundedRect(QRectF(0, 0, SIDE, SIDE), ROUND, ROUND);
     for (std::size_t key = 0; key < WHITE_KEYS.size(); ++key)
-        painter.fillRect(WHITE_KEYS[key], key == HELD ? Look::BRIGHT : Look::LINE);
-    for (const QRectF& key : BLACK_KEYS) painter.fillRect(key, Look::GROUND);
+        painter.fillRect(WHITE_KEYS[key], key == HELD ? Colours::BRIGHT : Colours::LINE);
+    for (const QRectF& key : BLACK_KEYS) painter.fillRect(key, Colours::GROUND);
     return pixmap;
 }
 }  // namespace

@@ -7,7 +7,7 @@
 #include <QPainterPath>
 #include <QWindow>
 
-#include "host/window/Look.h"
+#include "host/window/Colours.h"
 
 namespace Host
 {
@@ -54,8 +54,8 @@ private:
         constexpr qreal INSET = 7;
         QPainter painter(this);
         painter.setRenderHint(QPainter::Antialiasing);
-        if (isDown()) painter.fillRect(rect(), Look::DIM);
-        painter.setPen(QPen(underMouse() ? Look::BRIGHT : Look::LINE, STROKE));
+        if (isDown()) painter.fillRect(rect(), Colours::DIM);
+        painter.setPen(QPen(underMouse() ? Colours::BRIGHT : Colours::LINE, STROKE));
         painter.drawPath(draw(QRectF(rect()).adjusted(INSET, INSET, -INSET, -INSET)));
     }
 
@@ -81,12 +81,12 @@ void TitleBar::resizeEvent(QResizeEvent*)
 void TitleBar::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
-    painter.fillRect(rect(), Look::GROUND);
+    painter.fillRect(rect(), Colours::GROUND);
     const QRect sign(MARGIN, (HEIGHT - SIGN) / 2, SIGN, SIGN);
     window()->windowIcon().paint(&painter, sign);
     const int left = sign.right() + MARGIN;
     const QRect room(left, 0, minimise->x() - left, HEIGHT);
-    painter.setPen(Look::BRIGHT);
+    painter.setPen(Colours::BRIGHT);
     painter.drawText(room, Qt::AlignVCenter | Qt::AlignLeft,
                      fontMetrics().elidedText(window()->windowTitle(), Qt::ElideRight, room.width()));
 }
