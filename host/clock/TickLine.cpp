@@ -1,0 +1,150 @@
+#include "host/clock/TickLine.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace Host
+{
+namespace
+{
+// In periods
+constexpr double FAR_OFF = 0.45;
+constexpr double ON_THE_LINE = 0.3;
+constexpr double LEAST_OFF_BEAT = 0.1;  // what an interval may always differ by
+constexpr double MOST_UNEVEN = 1.8;     // the longest interval of an even clock to the shortest
+
+constexpr int TICKS_THAT_DOUBT = 3;  // a line of fewer believes anything
+constexpr double JITTER_MEMORY = 32;
+constexpr double LEAST_JITTER = 0.00005;  // seconds
+constexpr double LEAST_PERIOD = 0.0002;   // seconds; a MIDI cable carries a byte in 0.00032
+
+// In jitters
+constexpr double BELIEVED = 4;
+constexpr double CHANGED = 8;
+constexpr double LEAST_CHANGE = 0.001;
+constexpr double MORE_THAN_IN_A_ROW = 2.9;
+}  // namespace
+
+void TickLine::tick(double time)
+{
+    time = std::max(time, lastHeard);
+    const double interval = time - lastHeard;
+    lastHeard = time;
+    if (memory == 0 || interval > LONGEST_GAP)
+        begin(time);
+    else if (doubts > 0 || isFarOff(time - lineTime - period))
+        doubt(time, interval);
+    else
+        take({counted + 1, time});
+}
+
+/// Ticks that were late, or early, before belong to another tempo, however far they get.
+bool TickLine::isFarOff(double deviation) const
+{
+    if (memory < TICKS_THAT_DOUBT || std::abs(deviation) < FAR_OFF * period) return false;
+    return (deviation > 0 ? late : early) < getChange() / 2;
+}
+
+double TickLine::getChange() const { return CHANGED * jitter + LEAST_CHANGE; }
+
+void TickLine::begin(double time)
+{
+    memory = 0;
+    doubts = 0;
+    ++beginnings;
+    take({counted + 1, time});
+}
+
+/// The gains of the least-squares line through `memory` points (a growing-memory filter of the first degree).
+void TickLine::take(const Tick& tick)
+{
+    const auto steps = static_cast<double>(tick.number - counted);
+    memory = std::min(memory + 1, MEMORY);
+    const double pairs = memory * (memory + 1.0);
+    double deviation = memory > 1 ? tick.time - lineTime - steps * period : 0;
+    lineTime = memory > 1 ? lineTime + steps * period : tick.time;
+    counted = tick.number;
+    kept[static_cast<std::size_t>(counted % KEPT)] = tick;
+    if (memory > ENOUGH) {
+        deviation = takeWhatDeviates(deviation);
+    } else {
+        late = early = 0;
+        lastNotLate = lastNotEarly = counted;
+    }
+    lineTime += deviation * 2 * (2 * memory - 1) / pairs;
+    period = std::max(period + deviation * 6 / pairs / steps, LEAST_PERIOD);
+    if (late > getChange()) beginAtChange(lastNotLate + 1);
+    if (early > getChange()) beginAtChange(lastNotEarly + 1);
+}
+
+/// Sums what goes one way and is more than the jitter; no single tick makes a change. Returns what to believe of it.
+double TickLine::takeWhatDeviates(double deviation)
+{
+    const double most = getChange() / MORE_THAN_IN_A_ROW;
+    late = std::max(0.0, late + std::min(deviation - jitter, most));
+    early = std::max(0.0, early + std::min(-deviation - jitter, most));
+    if (late <= 0) lastNotLate = counted;
+    if (early <= 0) lastNotEarly = counted;
+    const double believed = BELIEVED * jitter + LEAST_CHANGE;
+    deviation = std::clamp(deviation, -believed, believed);
+    jitter = std::max(jitter + (std::abs(deviation) - jitter) / JITTER_MEMORY, LEAST_JITTER);
+    return deviation;
+}
+
+void TickLine::beginAtChange(std::int64_t firstNumber)
+{
+    const std::int64_t last = counted;
+    late = early = 0;
+    memory = 0;
+    for (counted = std::max(firstNumber, last - KEPT + 1) - 1; counted < last;) {
+        const Tick& next = kept[static_cast<std::size_t>((counted + 1) % KEPT)];
+        if (next.number == counted + 1)
+            take(Tick(next));
+        else
+            ++counted;  // was lost
+    }
+}
+
+void TickLine::doubt(double time, double interval)
+{
+    const double steps = std::round((time - lineTime) / period);
+    const bool isOnTheLine = steps >= 1 && std::abs(time - lineTime - steps * period) < ON_THE_LINE * period;
+    const double offBeat = std::clamp(BELIEVED * jitter, LEAST_OFF_BEAT * period, FAR_OFF * period);
+    if (isOnTheLine && std::abs(interval - period) < offBeat) {
+        doubts = 0;
+        take({counted + static_cast<std::int64_t>(steps), time});
+        return;
+    }
+    suspects[static_cast<std::size_t>(doubts++ % SUSPECTS)] = time;
+    if (doubts == MOST_DOUBTS) {
+        counted += static_cast<std::int64_t>(std::max(steps, 1.0)) - 1;
+        begin(time);
+    } else if (doubts >= SUSPECTS && suspectsAgree()) {
+        believeSuspects();
+    }
+}
+
+bool TickLine::suspectsAgree() const
+{
+    double shortest = LONGEST_GAP;
+    double longest = 0;
+    for (int index = doubts - SUSPECTS + 1; index < doubts; ++index) {
+        const double interval = suspects[static_cast<std::size_t>(index % SUSPECTS)] -
+                                suspects[static_cast<std::size_t>((index - 1) % SUSPECTS)];
+        shortest = std::min(shortest, interval);
+        longest = std::max(longest, interval);
+    }
+    return longest < MOST_UNEVEN * shortest;
+}
+
+/// Another tempo: each of them is a tick.
+void TickLine::believeSuspects()
+{
+    const int end = doubts;
+    doubts = 0;
+    memory = 0;
+    counted += end - SUSPECTS;
+    for (int index = end - SUSPECTS; index < end; ++index)
+        take({counted + 1, suspects[static_cast<std::size_t>(index % SUSPECTS)]});
+}
+}  // namespace Host
