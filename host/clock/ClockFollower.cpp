@@ -10,6 +10,7 @@ namespace
 constexpr double SECONDS_PER_MINUTE = 60;
 constexpr double TIME_TO_WORK_OFF = 0.75;  // seconds
 constexpr double MOST_DEVIATION = 0.25;    // of the tempo
+constexpr double SAME_PLACE = 0.5;         // in ticks
 constexpr double SEEMING_LOWEST = 19.5;
 constexpr double SEEMING_HIGHEST = 252;
 
@@ -20,7 +21,7 @@ void ClockFollower::listenAfresh(double bpm)
 {
     line.forget();
     tempo = bpm;
-    follows = inPhase = knowsSong = isRunning = false;
+    follows = isTold = inPhase = knowsSong = isRunning = false;
     stoppedAt = 0;
     beatPulse = -1;
 }
@@ -44,7 +45,8 @@ void ClockFollower::tick(double time)
 void ClockFollower::goOn(std::int64_t position)
 {
     stoppedAt = position;
-    songOffset = position - (line.getCount() + 1);
+    songStart = line.getCount() + 1;
+    songOffset = position - songStart;
     isRunning = knowsSong = true;
     inPhase = false;
 }
@@ -60,25 +62,51 @@ void ClockFollower::setSongPosition(int sixteenths)
     if (!isRunning) stoppedAt = std::int64_t{sixteenths} * TICKS_PER_SIXTEENTH;
 }
 
-bool ClockFollower::isHeard(double time) const { return follows && time - line.getLastHeard() < TickLine::LONGEST_GAP; }
-
-double ClockFollower::pulseAt(double time) const
+void ClockFollower::followSong(double time, double beats, double bpm)
 {
-    const double ticks = static_cast<double>(line.getCount()) + (time - line.getTime()) / line.getPeriod();
-    return firstPulse + PULSES_PER_TICK * ticks;
+    const double tick = beats * TICKS_PER_BEAT;
+    const bool goesOn = isTold && std::abs(tickAt(time) - tick) < SAME_PLACE;
+    const double period = SECONDS_PER_MINUTE / bpm / TICKS_PER_BEAT;
+    const double whole = std::floor(tick);
+    line.lay(static_cast<std::int64_t>(whole), time - (tick - whole) * period, period);
+    songOffset = 0;
+    tempo = bpm;
+    inPhase = inPhase && goesOn;
+    isTold = follows = isRunning = knowsSong = true;
 }
+
+bool ClockFollower::isHeard(double time) const
+{
+    return follows && (isTold || time - line.getLastHeard() < TickLine::LONGEST_GAP);
+}
+
+double ClockFollower::tickAt(double time) const
+{
+    return static_cast<double>(line.getCount()) + (time - line.getTime()) / line.getPeriod();
+}
+
+double ClockFollower::pulseAt(double time) const { return firstPulse + PULSES_PER_TICK * tickAt(time); }
 
 double ClockFollower::passPulse(std::int64_t pulse, double time)
 {
     if (!line.isSteady() || !isHeard(time)) return tempo;
-    if (!inPhase) findPhase(pulseAt(time) - static_cast<double>(pulse));
-    const double error = pulseAt(time) - static_cast<double>(pulse);
+    error = pulseAt(time) - static_cast<double>(pulse);
+    const bool skipped = std::abs(error) > PULSES_PER_BEAT / 2;
+    if (!inPhase || skipped) {
+        const double before = firstPulse;
+        if (inPhase)
+            firstPulse -= nearestMultiple(error, PULSES_PER_BEAT);
+        else
+            findPhase();
+        error += firstPulse - before;
+        ++phases;
+    }
     const double seconds = error / PULSES_PER_BEAT * SECONDS_PER_MINUTE / tempo;
     return tempo * (1 + std::clamp(seconds / TIME_TO_WORK_OFF, -MOST_DEVIATION, MOST_DEVIATION));
 }
 
 /// Moves the line by as little as can be so that ticks fall on ticks, and beats on beats if they are known.
-void ClockFollower::findPhase(double error)
+void ClockFollower::findPhase()
 {
     inPhase = true;
     const double wanted = firstPulse - error;

@@ -37,6 +37,10 @@ public:
     void continueSong() { goOn(isRunning ? songPosition() + 1 : stoppedAt); }
     void stop();
 
+    /// Instead of messages: a song that runs is `beats` quarter notes from its beginning at that time, and goes on at
+    /// `bpm`, which is in the range.
+    void followSong(double time, double beats, double bpm);
+
     /// Where a continue goes on, in sixteenths from the song's beginning, 0 to 16383. Nothing while the song runs.
     void setSongPosition(int sixteenths);
 
@@ -50,27 +54,45 @@ public:
     /// The tempo that was last heard, beats per minute, without what works an error off.
     double getTempo() const { return tempo; }
 
+    // For whoever sends a clock on: in it nothing is worked off.
+
+    /// How far the last pulse was behind where it should be, in pulses.
+    double getError() const { return error; }
+
+    /// How often pulses were told where they should be anew.
+    std::int64_t getPhases() const { return phases; }
+
+    /// The pulse on which a tick should fall. Ticks are counted on and on; the first of a song is that of
+    /// `getSongStart`, for one that is told with `followSong` the beginning is tick 0.
+    double pulseOf(std::int64_t tick) const { return firstPulse + PULSES_PER_TICK * static_cast<double>(tick); }
+    std::int64_t getSongStart() const { return songStart; }
+
 private:
     static constexpr double PULSES_PER_BEAT = PULSES_PER_TICK * TICKS_PER_BEAT;
 
     void goOn(std::int64_t position);
     std::int64_t songPosition() const { return line.getCount() + songOffset; }
+    double tickAt(double time) const;
     double pulseAt(double time) const;
-    void findPhase(double error);
+    void findPhase();
 
     TickLine line;
     std::int64_t lineBegun = 0;
     double tempo = 120;
     bool follows = false;
+    bool isTold = false;  // by `followSong`
 
     // Tick n falls on pulse n * 20 + firstPulse.
     bool inPhase = false;
     double firstPulse = 0;
+    double error = 0;
+    std::int64_t phases = 0;
 
     // Where the song is: tick n is its tick n + songOffset
     bool isRunning = false;
     bool knowsSong = false;
     std::int64_t songOffset = 0;
+    std::int64_t songStart = 0;
     std::int64_t stoppedAt = 0;
 
     // A beat falls this many pulses behind each that divides by 480; -1 as long as no song began

@@ -38,6 +38,15 @@ void TickLine::tick(double time)
         take({counted + 1, time});
 }
 
+void TickLine::lay(std::int64_t number, double time, double seconds)
+{
+    memory = MEMORY;
+    doubts = 0;
+    counted = number;
+    lineTime = time;
+    period = seconds;
+}
+
 /// Ticks that were late, or early, before belong to another tempo, however far they get.
 bool TickLine::isFarOff(double deviation) const
 {

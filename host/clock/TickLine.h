@@ -28,6 +28,9 @@ public:
     /// The next tick begins a new line.
     void forget() { memory = 0; }
 
+    /// The line is known from elsewhere: tick `number` is at `time`, and each `seconds` behind the one before it.
+    void lay(std::int64_t number, double time, double seconds);
+
     /// Enough ticks lie on the line to know its tempo.
     bool isSteady() const { return memory >= ENOUGH; }
 

@@ -82,6 +82,23 @@ void tellLosses(const Ports& ports)
             tell(port->name + ": " + std::to_string(port->lossCount()) + " messages were lost, the port was too slow");
 }
 
+ClockLinks findClocks(const RunOptions& options, const Ports& ports)
+{
+    ClockLinks links;
+    if (options.clockIn) links.in = findInput(ports.inputList(), *options.clockIn, "--clock-in");
+    if (options.clockOut) links.out = findOutput(ports.outputList(), *options.clockOut, "--clock-out");
+    return links;
+}
+
+void tellSilentClocks(const ClockLinks& links, const Ports& ports)
+{
+    const auto check = [](const Port& port, const char* option) {
+        if (port.couldNotOpen) tell(std::string(option) + ": \"" + port.name + "\" could not be opened");
+    };
+    if (links.in >= 0) check(*ports.inputs()[static_cast<std::size_t>(links.in)], "--clock-in");
+    if (links.out >= 0) check(*ports.outputs()[static_cast<std::size_t>(links.out)], "--clock-out");
+}
+
 /// Every file can be loaded, and the last bank among them has a program of that number.
 void checkSetup(const Setup& setup)
 {
@@ -159,11 +176,15 @@ int run(const RunOptions& options, const std::function<int()>& otherwise)
         tell("Nothing can be heard, but the engine runs and what is typed is read.");
     }
     const int defaultOutput = options.defaultOutput ? findOutput(ports.outputList(), *options.defaultOutput) : -1;
+    const ClockLinks clocks = findClocks(options, ports);
+    tellSilentClocks(clocks, ports);
+    if (options.transport && !system->followTransport())
+        tell("--transport: there is no JACK server, so no transport to follow");
+    join(*system, connections);  // first: who is to hear the clock hears its start
 
-    LivePlay play(*system, ports, event, tell, options.setup);
+    LivePlay play(*system, ports, event, tell, options.setup, clocks);
     if (defaultOutput >= 0) setDefaultOutput(play, ports, defaultOutput);
     if (options.tempo) play.getOrv().getOrvMessageManager().postChangeTempo({false, *options.tempo}, true);
-    join(*system, connections);
     std::cout << VERSION << ": " << system->description() << "\n"
               << describePorts(ports.inputList(), ports.outputList())
               << (options.keys ? "The keys of this terminal play" : "Commands are read from standard input")
