@@ -67,6 +67,26 @@ void printSettling(double from, double to, double jitter)
     std::printf("%3.0f to %3.0f bpm, jitter %.0f ms: tempo settled in %.2f beats, phase in %.2f\n", from, to,
                 jitter * 1000, tempo, phase);
 }
+/// The farthest that the heard tempo and the phase are off while the tempo grows; of twenty the worst.
+void printAccelerando(double bpmPerBeat, double jitter)
+{
+    double heard = 0;
+    double phase = 0;
+    for (unsigned int seed = 1; seed <= SEEDS; ++seed) {
+        ClockMaster master;
+        master.jitter = uniformJitter(jitter, seed);
+        master.play(16 * BEAT, 80);
+        const std::int64_t before = std::lround(master.ahead(0) / ClockFollower::PULSES_PER_TICK);
+        for (int tick = 1; tick <= 24 * BEAT; ++tick) {
+            const double bpm = 80 + bpmPerBeat * tick / BEAT;
+            master.play(1, bpm);
+            heard = std::max(heard, std::abs(master.follower.getTempo() - bpm));
+            phase = std::max(phase, milliseconds(std::abs(master.ahead(before + tick)), bpm));
+        }
+    }
+    std::printf("from 80 by %.1f bpm a beat, jitter %.0f ms: heard within %.2f bpm, played within %.1f ms\n",
+                bpmPerBeat, jitter * 1000, heard, phase);
+}
 }  // namespace
 
 int main()
@@ -83,4 +103,6 @@ int main()
                                        {120.0, 60.0},
                                        {60.0, 120.0}})
             printSettling(from, to, jitter);
+    for (const double jitter : {0.0, 0.001, 0.003})
+        for (const double bpmPerBeat : {0.1, 0.5, 2.0, 4.0}) printAccelerando(bpmPerBeat, jitter);
 }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace Host
 {
@@ -11,10 +12,12 @@ namespace
 constexpr double FAR_OFF = 0.45;
 constexpr double ON_THE_LINE = 0.3;
 constexpr double LEAST_OFF_BEAT = 0.1;  // what an interval may always differ by
-constexpr double MOST_UNEVEN = 1.8;     // the longest interval of an even clock to the shortest
+constexpr double LEAST_UNEVEN = 0.25;
+constexpr double MOST_UNEVEN = 1.8;  // the longest interval of an even clock to the shortest
 
 constexpr int TICKS_THAT_DOUBT = 3;  // a line of fewer believes anything
 constexpr double JITTER_MEMORY = 32;
+constexpr double UNEVENNESS = 0.75;       // of even jitter: its mean to that of the difference of two
 constexpr double LEAST_JITTER = 0.00005;  // seconds
 constexpr double LEAST_PERIOD = 0.0002;   // seconds; a MIDI cable carries a byte in 0.00032
 
@@ -30,6 +33,11 @@ void TickLine::tick(double time)
     time = std::max(time, lastHeard);
     const double interval = time - lastHeard;
     lastHeard = time;
+    if (heardCount == HEARD)
+        std::shift_left(heard.begin(), heard.end(), 1);
+    else
+        ++heardCount;
+    heard[heardCount - 1] = {counted, time};
     if (memory == 0 || interval > LONGEST_GAP)
         begin(time);
     else if (doubts > 0 || isFarOff(time - lineTime - period))
@@ -61,6 +69,8 @@ void TickLine::begin(double time)
     memory = 0;
     doubts = 0;
     ++beginnings;
+    heard[0] = {counted, time};
+    heardCount = 1;
     take({counted + 1, time});
 }
 
@@ -96,7 +106,8 @@ double TickLine::takeWhatDeviates(double deviation)
     if (early <= 0) lastNotEarly = counted;
     const double believed = BELIEVED * jitter + LEAST_CHANGE;
     deviation = std::clamp(deviation, -believed, believed);
-    jitter = std::max(jitter + (std::abs(deviation) - jitter) / JITTER_MEMORY, LEAST_JITTER);
+    const double uneven = UNEVENNESS * std::abs(deviation - std::exchange(lastDeviation, deviation));
+    jitter = std::max(jitter + (uneven - jitter) / JITTER_MEMORY, LEAST_JITTER);
     return deviation;
 }
 
@@ -116,6 +127,10 @@ void TickLine::beginAtChange(std::int64_t firstNumber)
 
 void TickLine::doubt(double time, double interval)
 {
+    if (isEvenElsewhere()) {
+        believeHeard();
+        return;
+    }
     const double steps = std::round((time - lineTime) / period);
     const bool isOnTheLine = steps >= 1 && std::abs(time - lineTime - steps * period) < ON_THE_LINE * period;
     const double offBeat = std::clamp(BELIEVED * jitter, LEAST_OFF_BEAT * period, FAR_OFF * period);
@@ -155,5 +170,26 @@ void TickLine::believeSuspects()
     counted += end - SUSPECTS;
     for (int index = end - SUSPECTS; index < end; ++index)
         take({counted + 1, suspects[static_cast<std::size_t>(index % SUSPECTS)]});
+}
+
+/// What was heard last is an even clock of another tempo, though some of it fell on the line.
+bool TickLine::isEvenElsewhere() const
+{
+    if (heardCount < HEARD) return false;
+    const double mean = (heard.back().time - heard.front().time) / (HEARD - 1);
+    if (std::abs(mean - period) < LEAST_OFF_BEAT * period) return false;
+    const double most = std::clamp(BELIEVED * jitter, LEAST_UNEVEN * mean, FAR_OFF * mean);
+    return std::adjacent_find(heard.begin(), heard.end(), [&](const Tick& one, const Tick& next) {
+               return std::abs(next.time - one.time - mean) > most;
+           }) == heard.end();
+}
+
+void TickLine::believeHeard()
+{
+    doubts = 0;
+    memory = 0;
+    counted = heard.front().number;
+    for (const Tick& tick : heard) take({counted + 1, tick.time});
+    heardCount = 0;
 }
 }  // namespace Host

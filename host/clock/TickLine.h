@@ -64,6 +64,8 @@ private:
     void doubt(double time, double interval);
     bool suspectsAgree() const;
     void believeSuspects();
+    bool isEvenElsewhere() const;
+    void believeHeard();
 
     int memory = 0;  // ticks behind the gains, at most MEMORY
     std::int64_t counted = 0;
@@ -72,7 +74,9 @@ private:
     double period = 0;
     double lastHeard = 0;
 
-    double jitter = 0.001;  // mean deviation, seconds
+    // Mean deviation, seconds: from the difference of two, which a tempo that changes leaves as they are
+    double jitter = 0.001;
+    double lastDeviation = 0;
 
     // How far ticks have been late, or early, in a row, and the last tick before they were
     double late = 0;
@@ -88,5 +92,10 @@ private:
     static constexpr int MOST_DOUBTS = 12;
     std::array<double, SUSPECTS> suspects{};
     int doubts = 0;
+
+    // What was heard last, counted or not, oldest first, each with the count before it
+    static constexpr std::size_t HEARD = 9;
+    std::array<Tick, HEARD> heard{};
+    std::size_t heardCount = 0;
 };
 }  // namespace Host
