@@ -77,7 +77,7 @@ void TickLine::begin(double time)
 /// The gains of the least-squares line through `memory` points (a growing-memory filter of the first degree).
 void TickLine::take(const Tick& tick)
 {
-    const auto steps = static_cast<double>(tick.number - counted);
+    const auto steps = memory > 0 ? static_cast<double>(tick.number - counted) : 1.0;
     memory = std::min(memory + 1, MEMORY);
     const double pairs = memory * (memory + 1.0);
     double deviation = memory > 1 ? tick.time - lineTime - steps * period : 0;
@@ -116,12 +116,9 @@ void TickLine::beginAtChange(std::int64_t firstNumber)
     const std::int64_t last = counted;
     late = early = 0;
     memory = 0;
-    for (counted = std::max(firstNumber, last - KEPT + 1) - 1; counted < last;) {
-        const Tick& next = kept[static_cast<std::size_t>((counted + 1) % KEPT)];
-        if (next.number == counted + 1)
-            take(Tick(next));
-        else
-            ++counted;  // was lost
+    for (std::int64_t number = std::max(firstNumber, last - KEPT + 1); number <= last; ++number) {
+        const Tick next = kept[static_cast<std::size_t>(number % KEPT)];
+        if (next.number == number) take(next);  // else it was lost
     }
 }
 

@@ -26,7 +26,7 @@
 /// and a stop behind the last. Every tick is off by up to JITTER_MS either way, the same ones each time, and the tempo
 /// grows by DRIFT beats per minute in each beat. With 0 BEATS it sends nothing. It ends when everything was sent and
 /// 200 periods have passed, or at SIGTERM. Lines: "sent FRAME HEX", "heard FRAME HEX", and "gap FRAME" where the server
-/// left periods out.
+/// left periods out or did not wait for a client.
 ///
 ///     clock_source CLIENT - SOURCE roll FRAME BPM BEATS
 ///
@@ -78,7 +78,7 @@ struct Source {
     double bpm = 0;               // as timebase master
     std::atomic<bool> playing{false};
     std::atomic<int> periodsAfterwards{0};
-    std::atomic<bool> finished{false};
+    std::atomic<int> overruns{0};
     Record sent;
     Record heard;
     Record gaps;
@@ -95,7 +95,8 @@ int process(jack_nframes_t frames, void* argument)
     auto& source = *static_cast<Source*>(argument);
     const jack_nframes_t serverFrame = jack_last_frame_time(source.client);
     const jack_midi_data_t nothing = 0;
-    if (source.frame > 0 && serverFrame != source.serverFrame) source.gaps.add(source.frame, &nothing, 1);
+    const bool wasLate = source.overruns.exchange(0) > 0;
+    if (wasLate || (source.frame > 0 && serverFrame != source.serverFrame)) source.gaps.add(source.frame, &nothing, 1);
     source.serverFrame = serverFrame + frames;
 
     void* input = jack_port_get_buffer(source.in, frames);
@@ -118,6 +119,12 @@ int process(jack_nframes_t frames, void* argument)
         if (source.next == source.events.size()) ++source.periodsAfterwards;
     }
     source.frame += frames;
+    return 0;
+}
+
+int overrun(void* argument)
+{
+    ++static_cast<Source*>(argument)->overruns;
     return 0;
 }
 
@@ -204,6 +211,7 @@ int main(int argc, char** argv)
     source.in = jack_port_register(source.client, "in", JACK_DEFAULT_MIDI_TYPE, JackPortIsInput, 0);
     source.out = jack_port_register(source.client, "out", JACK_DEFAULT_MIDI_TYPE, JackPortIsOutput, 0);
     jack_set_process_callback(source.client, process, &source);
+    jack_set_xrun_callback(source.client, overrun, &source);
     if (jack_activate(source.client) != 0) return 1;
     if (!isJoined(source, jack_port_name(source.out), argv[2]) ||
         !isJoined(source, argv[3], jack_port_name(source.in))) {
