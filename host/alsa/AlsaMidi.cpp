@@ -84,7 +84,7 @@ AlsaInput::AlsaInput(AlsaDevice from, std::string client, Arrived whenArrived)
 bool AlsaInput::open()
 {
     if (!openDevice(midi, device, clientName)) return false;
-    midi->ignoreTypes(true, true, true);  // system exclusive, timing ticks, active sensing
+    midi->ignoreTypes(true, false, true);  // system exclusive and active sensing, not timing ticks
     midi->setCallback(hear, this);
     return true;
 }
@@ -92,7 +92,7 @@ bool AlsaInput::open()
 void AlsaInput::hear(double, std::vector<unsigned char>* bytes, void* self)
 {
     const auto message = readShortMessage(*bytes);
-    if (message && !staysInHost(*message)) static_cast<AlsaInput*>(self)->arrived(*message);
+    if (message) static_cast<AlsaInput*>(self)->arrived(*message);
 }
 
 bool AlsaOutput::open() { return openDevice(midi, device, clientName); }

@@ -37,7 +37,7 @@ class AlsaInput
 public:
     using Arrived = std::function<void(const ShortMessage&)>;
 
-    /// `arrived` is called on a thread of RtMidi, for what does not stay in the host.
+    /// `arrived` is called on a thread of RtMidi.
     AlsaInput(AlsaDevice from, std::string client, Arrived arrived);
 
     bool open();

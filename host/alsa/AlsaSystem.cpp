@@ -77,13 +77,21 @@ void AlsaSystem::listen(Listener newListener)
     listener = std::move(newListener);
 }
 
+void AlsaSystem::startClock(Clock& songClock)
+{
+    songClock.startOnThread();
+    const std::lock_guard lock(listening);
+    clock = &songClock;
+}
+
 void AlsaSystem::stopListening() { listen(nullptr); }
 
 void AlsaSystem::hear(std::size_t input, const ShortMessage& message)
 {
     if (!ports.inputs()[input]->open.load(std::memory_order_relaxed)) return;
     const std::lock_guard lock(listening);
-    if (listener) listener(toInputEvent(message, static_cast<int>(input)));
+    if (clock != nullptr) clock->hearNow(static_cast<int>(input), message);
+    if (listener && !staysInHost(message)) listener(toInputEvent(message, static_cast<int>(input)));
 }
 
 void AlsaSystem::enableInput(std::size_t index, bool enabled)

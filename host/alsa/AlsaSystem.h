@@ -27,7 +27,7 @@ public:
     std::string description() const override;
     void listen(Listener newListener) override;
     void stopListening() override;
-    void startClock(Clock& clock) override { clock.startOnThread(); }
+    void startClock(Clock& songClock) override;
     void deliver() override { sendAgain.set(); }
     void enableInput(std::size_t index, bool enabled) override;
     void enableOutput(std::size_t index, bool enabled) override;
@@ -50,8 +50,9 @@ private:
     std::vector<std::unique_ptr<AlsaInput>> inputs;
     std::vector<std::unique_ptr<AlsaOutput>> outputs;  // without the synthesizer: output 1 and up
 
-    std::mutex listening;  // guards `listener` among RtMidi's threads
+    std::mutex listening;  // guards these two among RtMidi's threads
     Listener listener;
+    Clock* clock = nullptr;
 
     std::atomic<bool> stopping{false};
     Event sendAgain;

@@ -18,6 +18,13 @@ constexpr auto MOST_TO_CATCH_UP = 100ms;  // 200 pulses at the highest tempo
 constexpr auto STAND_BY_LOOK = 50ms;
 constexpr auto LONGEST_SILENCE = 500ms;
 constexpr auto LONGEST_WAIT_FOR_SLICES = 5s;
+
+/// A stamp, which wraps round after 71 minutes.
+std::uint32_t microseconds(std::chrono::steady_clock::time_point time)
+{
+    return static_cast<std::uint32_t>(
+        std::chrono::duration_cast<std::chrono::microseconds>(time.time_since_epoch()).count());
+}
 }  // namespace
 
 Clock::Clock(Slices& songSlices, Player& songPlayer, std::function<void()> after)
@@ -49,6 +56,7 @@ void Clock::stop()
     wake.set();
     thread.join();
     baton.passTo(Holder::nobody);
+    conductor.end();
 }
 
 void Clock::waitForSlices(std::uint64_t count) const
@@ -58,20 +66,35 @@ void Clock::waitForSlices(std::uint64_t count) const
     while (slices.count() < enough && std::chrono::steady_clock::now() < giveUp) std::this_thread::sleep_for(TICK);
 }
 
-void Clock::playPeriod(std::uint32_t firstStamp, std::uint32_t frames)
+void Clock::playPeriod(std::uint32_t firstStamp, std::uint32_t frames, const Transport* transport)
 {
     if (!baton.enter(Holder::graph)) return;
     player.takeClock();
     const std::uint32_t periodStart = monotonicMilliseconds();
+    const auto rate = static_cast<double>(framesPerSecond);
+    if (transport != nullptr) conductor.heed(seconds, *transport);
+    conductor.heed(seconds, firstStamp, rate);
     while (framePulses->ticksToPulse() < frames) {
         const auto frame = static_cast<std::uint32_t>(std::max<std::int64_t>(framePulses->ticksToPulse(), 0));
         player.setStamp(firstStamp + frame);
         player.setMilliseconds(periodStart + static_cast<std::uint32_t>(frame * std::int64_t{1000} / framesPerSecond));
+        const double bpm = conductor.passPulse(seconds + frame / rate, firstStamp + frame);
         slices.play(1);
-        framePulses->passPulse(player.getTempo());
+        framePulses->passPulse(bpm);
     }
     framePulses->passTicks(frames);
+    seconds += frames / rate;
     baton.leave();
+}
+
+void Clock::hearInGraph(int input, const ShortMessage& message, std::uint32_t stamp)
+{
+    if (baton.isHeldBy(Holder::graph)) conductor.hear(input, message, stamp);
+}
+
+void Clock::hearNow(int input, const ShortMessage& message)
+{
+    if (baton.isHeldBy(Holder::thread)) conductor.hear(input, message, microseconds(std::chrono::steady_clock::now()));
 }
 
 void Clock::graphDied()
@@ -99,6 +122,7 @@ void Clock::takeOver()
 {
     requestRealTimePriority(0);
     baton.passTo(Holder::thread);
+    conductor.forgetHeard();
     lastTick = nextTick = std::chrono::steady_clock::now();
 }
 
@@ -119,11 +143,14 @@ void Clock::tick()
 
 int Clock::takeDuePulses(Time now)
 {
-    const std::chrono::nanoseconds passed = std::min<std::chrono::nanoseconds>(now - lastTick, MOST_TO_CATCH_UP);
+    const std::chrono::nanoseconds passed = now - lastTick;
     lastTick = now;
-    timePulses.passTicks(passed.count());
+    seconds += std::chrono::duration<double>(passed).count();
+    conductor.heed(seconds, microseconds(now), 1e6);
+    timePulses.passTicks(std::min<std::chrono::nanoseconds>(passed, MOST_TO_CATCH_UP).count());
     int due = 0;
-    for (; timePulses.ticksToPulse() <= 0; ++due) timePulses.passPulse(player.getTempo());
+    for (; timePulses.ticksToPulse() <= 0; ++due)
+        timePulses.passPulse(conductor.passPulse(seconds + static_cast<double>(timePulses.ticksToPulse()) / 1e9, 0));
     return due;
 }
 }  // namespace Host

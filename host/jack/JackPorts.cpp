@@ -32,7 +32,7 @@ float* audioBuffer(jack_port_t* port, jack_nframes_t frames)
 }
 }  // namespace
 
-bool receive(const JackMidiPort<InputPort>& input, jack_nframes_t frames)
+bool receive(const JackMidiPort<InputPort>& input, jack_nframes_t frames, const JackClockEar& ear)
 {
     if (input.own == nullptr || !input.port->open.load(std::memory_order_relaxed)) return false;
     void* buffer = jack_port_get_buffer(input.own, frames);
@@ -40,6 +40,7 @@ bool receive(const JackMidiPort<InputPort>& input, jack_nframes_t frames)
     jack_midi_event_t event;
     for (std::uint32_t index = 0; jack_midi_event_get(&event, buffer, index) == 0; ++index) {
         const auto message = readShortMessage({event.buffer, event.size});
+        if (message) ear.hear(*message, event.time);
         if (!message || staysInHost(*message)) continue;
         input.port->arrived.push(*message, event.time);
         arrived = true;

@@ -7,6 +7,7 @@
 
 #include <jack/jack.h>
 
+#include "host/clock/Clock.h"
 #include "host/ports/Port.h"
 #include "host/synthesizer/Synthesizer.h"
 
@@ -20,8 +21,20 @@ struct JackMidiPort {
     std::string foreign;
 };
 
-/// Takes what arrived in this period; true if there was something. Process callback.
-bool receive(const JackMidiPort<InputPort>& input, jack_nframes_t frames);
+/// Who hears the MIDI clock at an input: the host's, null for nobody. `start` is the stamp of the period's first frame.
+struct JackClockEar {
+    Clock* clock;
+    int input;
+    std::uint32_t start;
+
+    void hear(const ShortMessage& message, jack_nframes_t frame) const
+    {
+        if (clock != nullptr) clock->hearInGraph(input, message, start + frame);
+    }
+};
+
+/// Takes what arrived in this period; true if there was something for others than the clock. Process callback.
+bool receive(const JackMidiPort<InputPort>& input, jack_nframes_t frames, const JackClockEar& ear);
 
 /// Writes what was played, each message at its frame. `start` is the stamp of the period's first frame. What the
 /// port's buffer cannot hold waits for the next period. Process callback.

@@ -6,6 +6,8 @@
 #include <stdexcept>
 #include <thread>
 
+#include "host/jack/JackTransport.h"
+
 namespace Host
 {
 using namespace std::chrono_literals;
@@ -105,6 +107,12 @@ void JackSystem::startClock(Clock& songClock)
     songClock.startInGraph(jack_get_sample_rate(client.get()));
     clock.store(&songClock);
     if (hasDied()) songClock.graphDied();
+}
+
+bool JackSystem::followTransport()
+{
+    followsTransport.store(true);
+    return true;
 }
 
 void JackSystem::listen(Listener listener)
@@ -232,12 +240,21 @@ int JackSystem::process(jack_nframes_t frames, void* self)
 
 void JackSystem::playPeriod(jack_nframes_t frames)
 {
+    Clock* const songClock = clock.load();
     bool arrived = false;
     if (listening.load())
-        for (const auto& input : inputs) arrived = receive(input, frames) || arrived;
+        for (std::size_t index = 0; index < inputs.size(); ++index) {
+            const JackClockEar ear{songClock, static_cast<int>(index), periodStart};
+            arrived = receive(inputs[index], frames, ear) || arrived;
+        }
     if (arrived) reader.wake();
 
-    if (Clock* songClock = clock.load()) songClock->playPeriod(periodStart, frames);
+    if (songClock != nullptr && followsTransport.load()) {
+        const Transport transport = findTransport(client.get());
+        songClock->playPeriod(periodStart, frames, &transport);
+    } else if (songClock != nullptr) {
+        songClock->playPeriod(periodStart, frames);
+    }
 
     for (const auto& output : outputs) Host::deliver(output, periodStart, frames);
     if (synthesizer) synthesizer->render(periodStart, frames);

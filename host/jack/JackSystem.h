@@ -28,6 +28,7 @@ public:
     void listen(Listener listener) override;
     void stopListening() override;
     void startClock(Clock& clock) override;
+    bool followTransport() override;
     void deliver() override {}
     void enableInput(std::size_t index, bool enabled) override;
     void enableOutput(std::size_t index, bool enabled) override;
@@ -63,6 +64,7 @@ private:
     std::unique_ptr<JackSynthesizer> synthesizer;   // null if it cannot sound
 
     std::atomic<Clock*> clock{nullptr};
+    std::atomic<bool> followsTransport{false};
     std::atomic<bool> listening{false};
     std::atomic<bool> died{false};
     std::atomic<std::uint64_t> periods{0};

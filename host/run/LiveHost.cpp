@@ -51,10 +51,35 @@ bool LiveHost::isAnythingHeard() const { return system->name() != "none" || !por
 void LiveHost::start()
 {
     const int defaultOutput = options.defaultOutput ? findOutput(ports.outputList(), *options.defaultOutput) : -1;
-    play = std::make_unique<LivePlay>(*system, ports, event, tell, options.setup);
+    const ClockLinks clocks = findClocks();
+    tellSilentClocks(clocks);
+    if (options.transport) followTransport();
+    join();  // first: who is to hear the clock hears its start
+    play = std::make_unique<LivePlay>(*system, ports, event, tell, options.setup, clocks);
     if (defaultOutput >= 0) setDefaultOutput(defaultOutput);
     if (options.tempo) play->getOrv().getOrvMessageManager().postChangeTempo({false, *options.tempo}, true);
-    join();
+}
+
+ClockLinks LiveHost::findClocks() const
+{
+    ClockLinks links;
+    if (options.clockIn) links.in = findInput(ports.inputList(), *options.clockIn, "--clock-in");
+    if (options.clockOut) links.out = findOutput(ports.outputList(), *options.clockOut, "--clock-out");
+    return links;
+}
+
+void LiveHost::tellSilentClocks(const ClockLinks& links) const
+{
+    const auto check = [this](const Port& port, const char* option) {
+        if (port.couldNotOpen) tell(std::string(option) + ": \"" + port.name + "\" could not be opened");
+    };
+    if (links.in >= 0) check(*ports.inputs()[static_cast<std::size_t>(links.in)], "--clock-in");
+    if (links.out >= 0) check(*ports.outputs()[static_cast<std::size_t>(links.out)], "--clock-out");
+}
+
+void LiveHost::followTransport()
+{
+    if (!system->followTransport()) tell("--transport: there is no JACK server, so no transport to follow");
 }
 
 void LiveHost::setDefaultOutput(int output)

@@ -28,7 +28,7 @@ public:
 
     bool isAnythingHeard() const;
 
-    /// From here it plays. Throws InputError if there is no such output as the options name.
+    /// From here it plays. Throws InputError if there is no such port as the options name.
     void start();
 
     /// Once it has started. Its commands may be used on any thread until `end`.
@@ -48,6 +48,9 @@ public:
     void end();
 
 private:
+    ClockLinks findClocks() const;
+    void tellSilentClocks(const ClockLinks& links) const;
+    void followTransport();
     void setDefaultOutput(int output);
     void join();
     void waitForEvent();

@@ -31,7 +31,8 @@ std::unique_ptr<Backend::OrvIF> createOrv(Player& player)
 }
 }  // namespace
 
-LivePlay::LivePlay(MidiSystem& midiSystem, Ports& allPorts, Event& wishes, Tell tell, const Setup& setup)
+LivePlay::LivePlay(MidiSystem& midiSystem, Ports& allPorts, Event& wishes, Tell tell, const Setup& setup,
+                   const ClockLinks& links)
     : system(midiSystem),
       ports(allPorts),
       player(ports, wishes),
@@ -41,12 +42,12 @@ LivePlay::LivePlay(MidiSystem& midiSystem, Ports& allPorts, Event& wishes, Tell 
              [backend = orv.get()] { backend->getMidiEngineMessageManager().sendReset(); }),
       clock(slices, player, [this] { system.deliver(); })
 {
-    start(setup);
+    start(setup, links);
 }
 
 LivePlay::~LivePlay() { end(); }
 
-void LivePlay::start(const Setup& setup)
+void LivePlay::start(const Setup& setup, const ClockLinks& links)
 {
     installIfNeeded();
     if (setup.loads.empty()) orv->getProgram().number = setup.number;
@@ -58,6 +59,9 @@ void LivePlay::start(const Setup& setup)
     backend.sendEndInitialize();
     orv->getProgram().number = setup.number;  // of these alone: what another bank has there would be heard
     for (const std::string& file : setup.loads) postLoad(backend, file);
+    player.setClockIn(links.in);
+    player.setClockOut(links.out);
+    if (links.out >= 0) clock.setClockOut(ports.outputs()[static_cast<std::size_t>(links.out)].get());
     system.startClock(clock);
     orv->startJoysticks();
     system.listen([&backend](const OrvMidiMessage& event) { backend.postProcessMidiInputEvent(event); });
@@ -89,6 +93,7 @@ bool LivePlay::serve()
 {
     serveInputs();
     serveOutputs();
+    serveTempo();
     if (!system.hasDied() || toldOfDeath) return false;
     toldOfDeath = true;
     system.markGone();
@@ -121,6 +126,12 @@ void LivePlay::serveOutputs()
         if (wanted != port.enabled) system.enableOutput(index, wanted);
     }
     orv->getOrvMessageManager().postSetMidiOutputPorts(ports.outputList());
+}
+
+void LivePlay::serveTempo()
+{
+    if (const int bpm = player.takeHeardTempo(); bpm > 0)
+        orv->getOrvMessageManager().postChangeTempo({false, bpm}, true);
 }
 
 // --- the end

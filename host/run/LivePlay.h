@@ -6,6 +6,7 @@
 #include "backend/core/OrvIF.h"
 #include "host/SetupFile.h"
 #include "host/clock/Clock.h"
+#include "host/clock/ClockLinks.h"
 #include "host/clock/Slices.h"
 #include "host/performance/PerformanceCommand.h"
 #include "host/player/Player.h"
@@ -23,7 +24,8 @@ class LivePlay
 public:
     /// All must outlive this. `wishes` is set whenever `serve` has something to do. `tell` gets lines for the user, on
     /// any thread. The files of `setup` can be loaded. Throws std::bad_alloc.
-    LivePlay(MidiSystem& midiSystem, Ports& allPorts, Event& wishes, Tell tell, const Setup& setup = {});
+    LivePlay(MidiSystem& midiSystem, Ports& allPorts, Event& wishes, Tell tell, const Setup& setup = {},
+             const ClockLinks& links = {});
 
     /// Ends first if that has not been done.
     ~LivePlay();
@@ -43,7 +45,8 @@ public:
     void showDisplay();
     void updateDisplay();
 
-    /// Opens and closes what the user wished, and takes note of a system that died. True at the moment it has.
+    /// Opens and closes what the user wished, gives the program the tempo of a clock from outside, and takes note of a
+    /// system that died. True at the moment it has.
     bool serve();
 
     /// Ends with every note off: inputs off, two slices, a reset, the backend's end while slices still run, then the
@@ -52,9 +55,10 @@ public:
     void end();
 
 private:
-    void start(const Setup& setup);
+    void start(const Setup& setup, const ClockLinks& links);
     void serveInputs();
     void serveOutputs();
+    void serveTempo();
     void switchInputsOff();
     void waitForRest();
 

@@ -37,6 +37,9 @@ public:
 
     virtual void startClock(Clock& clock) = 0;
 
+    /// From now on the clock follows the system's transport. False if it has none.
+    virtual bool followTransport() { return false; }
+
     /// Sends what was played; called by a clock outside a graph after each slice that played.
     virtual void deliver() = 0;
 
