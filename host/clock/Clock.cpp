@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <thread>
+#include <utility>
 
 #include "platform/Clock.h"
 
@@ -38,7 +39,7 @@ void Clock::startInGraph(std::int64_t rate)
 
 void Clock::begin(Holder holder)
 {
-    lastTick = nextTick = lastSlice = std::chrono::steady_clock::now();
+    lastTick = nextTick = lastSlice = graphTime = std::chrono::steady_clock::now();
     baton.passTo(holder);
     thread.start("orvane clock", [this] { run(); });
 }
@@ -63,6 +64,7 @@ void Clock::playPeriod(std::uint32_t firstStamp, std::uint32_t frames)
     if (!baton.enter(Holder::graph)) return;
     player.takeClock();
     const std::uint32_t periodStart = monotonicMilliseconds();
+    catchUp(std::chrono::steady_clock::now());
     while (framePulses->ticksToPulse() < frames) {
         const auto frame = static_cast<std::uint32_t>(std::max<std::int64_t>(framePulses->ticksToPulse(), 0));
         player.setStamp(firstStamp + frame);
@@ -71,19 +73,55 @@ void Clock::playPeriod(std::uint32_t firstStamp, std::uint32_t frames)
         framePulses->passPulse(player.getTempo());
     }
     framePulses->passTicks(frames);
+    graphTime += std::chrono::nanoseconds(frames * NANOSECONDS / framesPerSecond);
+    baton.leave();
+}
+
+/// The first period behind the thread's slices begins where those ended.
+void Clock::catchUp(Time now)
+{
+    if (std::exchange(resumes, false)) {
+        const auto missed = std::clamp<std::chrono::nanoseconds>(now - graphTime, 0ns, MOST_TO_CATCH_UP);
+        framePulses->passTicks(missed.count() * framesPerSecond / NANOSECONDS);
+    }
+    graphTime = now;
+}
+
+void Clock::setGraphRate(std::int64_t rate)
+{
+    if (!baton.enter(Holder::graph)) return;
+    PulseClock atRate(rate);
+    atRate.continueFrom(*framePulses);
+    framePulses.emplace(atRate);
+    framesPerSecond = rate;
     baton.leave();
 }
 
 void Clock::graphDied()
 {
+    nextGraphRate.store(0);
     died.store(true);
+    wake.set();
+}
+
+void Clock::returnToGraph(std::int64_t rate)
+{
+    died.store(false);
+    nextGraphRate.store(rate);
     wake.set();
 }
 
 void Clock::run()
 {
     if (runsOnItsThread()) requestRealTimePriority(0);
-    while (!stopping.load()) runsOnItsThread() ? tick() : standBy();
+    while (!stopping.load()) {
+        if (!runsOnItsThread())
+            standBy();
+        else if (nextGraphRate.load() != 0)
+            handBack();
+        else
+            tick();
+    }
 }
 
 void Clock::standBy()
@@ -99,7 +137,23 @@ void Clock::takeOver()
 {
     requestRealTimePriority(0);
     baton.passTo(Holder::thread);
-    lastTick = nextTick = std::chrono::steady_clock::now();
+    timePulses.continueFrom(*framePulses);
+    lastTick = graphTime;
+    nextTick = std::chrono::steady_clock::now();
+}
+
+void Clock::handBack()
+{
+    const std::int64_t rate = nextGraphRate.exchange(0);
+    if (rate == 0) return;
+    baton.passTo(Holder::nobody);
+    framesPerSecond = rate;
+    framePulses.emplace(rate);
+    framePulses->continueFrom(timePulses);
+    graphTime = lastTick;
+    resumes = true;
+    lastSlice = std::chrono::steady_clock::now();
+    baton.passTo(Holder::graph);
 }
 
 void Clock::tick()
@@ -119,8 +173,8 @@ void Clock::tick()
 
 int Clock::takeDuePulses(Time now)
 {
-    const std::chrono::nanoseconds passed = std::min<std::chrono::nanoseconds>(now - lastTick, MOST_TO_CATCH_UP);
-    lastTick = now;
+    const auto passed = std::clamp<std::chrono::nanoseconds>(now - lastTick, 0ns, MOST_TO_CATCH_UP);
+    lastTick = std::max(lastTick, now);
     timePulses.passTicks(passed.count());
     int due = 0;
     for (; timePulses.ticksToPulse() <= 0; ++due) timePulses.passPulse(player.getTempo());

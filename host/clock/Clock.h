@@ -17,8 +17,8 @@ namespace Host
 {
 /// The host's clock: it turns time into slices at the player's tempo. In an audio graph the graph's process callback
 /// drives it, one slice for each pulse, whose stamp is the frame of that pulse; anywhere else a thread of its own does,
-/// about every millisecond. That thread stands by beside a graph too and goes on where the graph stopped, should it
-/// die.
+/// about every millisecond. That thread stands by beside a graph too, goes on where the graph stopped, should it die,
+/// and hands back to the next one.
 ///
 /// When the process was held up for long, time is skipped and pulses are not.
 class Clock
@@ -32,6 +32,9 @@ public:
 
     void startOnThread();
     void startInGraph(std::int64_t framesPerSecond);
+
+    /// There is a graph again, which calls already: it goes on where the thread stops.
+    void returnToGraph(std::int64_t framesPerSecond);
 
     /// No slice is played once this has returned.
     void stop();
@@ -48,6 +51,9 @@ public:
     /// The graph's callback: the next `frames` frames, of which the first has that stamp.
     void playPeriod(std::uint32_t firstStamp, std::uint32_t frames);
 
+    /// The graph's callback: from the next period on a second has that many frames.
+    void setGraphRate(std::int64_t framesPerSecond);
+
     /// The graph will not call again. Any thread, also where only what a signal handler may do is allowed.
     void graphDied();
 
@@ -58,6 +64,8 @@ private:
     void run();
     void standBy();
     void takeOver();
+    void handBack();
+    void catchUp(Time now);
     void tick();
     int takeDuePulses(Time now);
 
@@ -69,12 +77,15 @@ private:
     std::atomic<bool> stopping{false};
     std::atomic<bool> insists{false};
     std::atomic<bool> died{false};
+    std::atomic<std::int64_t> nextGraphRate{0};  // of a graph that waits to go on; 0 for none
     Event wake;
     Thread thread;
 
     // The holder's
     std::optional<PulseClock> framePulses;
     std::int64_t framesPerSecond = 1;
+    Time graphTime;        // up to which the graph has played
+    bool resumes = false;  // in the next period
 
     // The clock's own thread's
     PulseClock timePulses;

@@ -28,6 +28,13 @@ public:
         partsLeft += partsPerPulse;
     }
 
+    /// Stands where another clock stands between two pulses, which may have other ticks.
+    void continueFrom(const PulseClock& other)
+    {
+        partsLeft = other.partsLeft * partsPerPulse / other.partsPerPulse;
+        partsPerTick = other.partsPerTick;
+    }
+
     /// Time went on.
     void passTicks(std::int64_t ticks) { partsLeft -= ticks * partsPerTick; }
 
