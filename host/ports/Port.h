@@ -9,6 +9,14 @@
 
 namespace Host
 {
+/// A device as a scan found it.
+struct MidiDevice {
+    std::string address;  ///< tells it from every other; may change from one run to the next
+    std::string name;     ///< as its user knows it; twins share one
+
+    bool operator==(const MidiDevice&) const = default;
+};
+
 /// What an input and an output have in common. Its index in its list is its number, and it never moves.
 struct Port {
     explicit Port(std::string portName) : name(std::move(portName)) {}
@@ -16,6 +24,7 @@ struct Port {
     const std::string name;
 
     // The control thread's (that of `LivePlay`)
+    MidiDevice device;          ///< that it stands for, or last stood for
     bool found = true;          ///< the device is there
     bool couldNotOpen = false;  ///< tried, and failed
     bool enabled = true;        ///< the user's choice, carried out
@@ -73,6 +82,13 @@ public:
         if (keepsOpen || !done) return;
         if (ledger.release([&](const ShortMessage& message) { return send(message, now); }))
             silent.store(true, std::memory_order_release);
+    }
+
+    /// Drops what waits; what sounds at the far end stays known and is released when somebody delivers again. Closed,
+    /// and nobody delivers meanwhile.
+    void forgetWaiting()
+    {
+        waiting.drain([](const StampedMessage&) { return true; });
     }
 
     std::uint64_t lossCount() const { return waiting.lossCount(); }

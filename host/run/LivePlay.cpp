@@ -1,5 +1,6 @@
 #include "host/run/LivePlay.h"
 
+#include <algorithm>
 #include <new>
 #include <thread>
 
@@ -9,6 +10,7 @@
 #include "backend/layers/RetroRecordManager.h"
 #include "backend/midi/MidiEngineMessageManager.h"
 #include "backend/persistence/Program.h"
+#include "backend/persistence/RegistrySettings.h"
 #include "host/Installer.h"
 #include "host/performance/CommandPost.h"
 
@@ -31,15 +33,18 @@ std::unique_ptr<Backend::OrvIF> createOrv(Player& player)
 }
 }  // namespace
 
-LivePlay::LivePlay(MidiSystem& midiSystem, Ports& allPorts, Event& wishes, LiveWindow::Tell tell, const Setup& setup)
+LivePlay::LivePlay(MidiSystem& midiSystem, Ports& allPorts, Event& wishes, LiveWindow::Tell tellUser,
+                   const Setup& setup, PortMemory* portMemory)
     : system(midiSystem),
       ports(allPorts),
       player(ports, wishes),
-      window(std::move(tell)),
+      window(tellUser),
       orv(createOrv(player)),
       slices([backend = orv.get()](std::int32_t from, std::int32_t to) { backend->playTimeSlice(from, to); },
              [backend = orv.get()] { backend->getMidiEngineMessageManager().sendReset(); }),
-      clock(slices, player, [this] { system.deliver(); })
+      clock(slices, player, [this] { system.deliver(); }),
+      memory(portMemory),
+      tell(std::move(tellUser))
 {
     start(setup);
 }
@@ -53,8 +58,10 @@ void LivePlay::start(const Setup& setup)
     orv->start();
     auto& backend = orv->getOrvMessageManager();
     backend.sendInitialize();
+    takeChoices();
     backend.sendSetMidiInputPorts(ports.inputList());
     backend.sendSetMidiOutputPorts(ports.outputList());
+    keepChoices();
     backend.sendEndInitialize();
     orv->getProgram().number = setup.number;  // of these alone: what another bank has there would be heard
     for (const std::string& file : setup.loads) postLoad(backend, file);
@@ -85,16 +92,57 @@ void LivePlay::updateDisplay()
 
 // --- ports
 
-bool LivePlay::serve()
+void LivePlay::serve()
 {
+    const bool changed = system.refresh();
     serveInputs();
     serveOutputs();
-    if (!system.hasDied() || toldOfDeath) return false;
-    toldOfDeath = true;
-    system.markGone();
+    if (changed) publishPorts();
+    tellNews();
+}
+
+void LivePlay::publishPorts()
+{
     orv->getOrvMessageManager().postSetMidiInputPorts(ports.inputList());
     orv->getOrvMessageManager().postSetMidiOutputPorts(ports.outputList());
-    return true;
+    keepChoices();
+}
+
+void LivePlay::tellNews()
+{
+    for (const std::string& line : system.takeNews()) tell(line);
+    if (ports.leftOut() > toldLeftOut)
+        tell("There are more MIDI ports than the " + std::to_string(Ports::MOST) + " that can be used each way; " +
+             std::to_string(ports.leftOut()) + " are left out.");
+    toldLeftOut = ports.leftOut();
+}
+
+// A port without a stored choice is enabled. The backend rests, its settings are read.
+void LivePlay::takeChoices()
+{
+    const auto inputs = orv->getRegistrySettings().getEnabledMidiInputs();
+    const auto outputs = orv->getRegistrySettings().getEnabledMidiOutputs();
+    inputChoices = inputs.size();
+    outputChoices = outputs.size();
+    for (std::size_t index = 0; index < std::min(inputs.size(), ports.inputs().size()); ++index) {
+        ports.inputs()[index]->wanted.store(inputs[index]);
+        if (!inputs[index]) system.enableInput(index, false);
+    }
+    for (std::size_t index = 0; index < std::min(outputs.size(), ports.outputs().size()); ++index) {
+        ports.outputs()[index]->wanted.store(outputs[index]);
+        if (!outputs[index]) system.enableOutput(index, false);
+    }
+}
+
+// All of them up to the last port: a choice stored for one number says something of every number below.
+void LivePlay::keepChoices()
+{
+    auto& backend = orv->getOrvMessageManager();
+    for (; inputChoices < ports.inputs().size(); ++inputChoices)
+        backend.postEnableMidiInput(static_cast<int>(inputChoices), ports.inputs()[inputChoices]->wanted.load());
+    for (; outputChoices < ports.outputs().size(); ++outputChoices)
+        backend.postEnableMidiOutput(static_cast<int>(outputChoices), ports.outputs()[outputChoices]->wanted.load());
+    if (memory != nullptr) memory->keep(ports);
 }
 
 // The backend has switched the input already; it hears from us only if the device refuses.

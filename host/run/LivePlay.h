@@ -9,6 +9,7 @@
 #include "host/clock/Slices.h"
 #include "host/performance/PerformanceCommand.h"
 #include "host/player/Player.h"
+#include "host/ports/PortMemory.h"
 #include "host/ports/Ports.h"
 #include "host/run/LiveWindow.h"
 #include "host/system/MidiSystem.h"
@@ -22,8 +23,10 @@ class LivePlay
 {
 public:
     /// All must outlive this. `wishes` is set whenever `serve` has something to do. `tell` gets lines for the user, on
-    /// any thread. The files of `setup` can be loaded. Throws std::bad_alloc.
-    LivePlay(MidiSystem& midiSystem, Ports& allPorts, Event& wishes, LiveWindow::Tell tell, const Setup& setup = {});
+    /// any thread. The files of `setup` can be loaded. New ports are entered into `portMemory`, if there is one. Throws
+    /// std::bad_alloc.
+    LivePlay(MidiSystem& midiSystem, Ports& allPorts, Event& wishes, LiveWindow::Tell tell, const Setup& setup = {},
+             PortMemory* portMemory = nullptr);
 
     /// Ends first if that has not been done.
     ~LivePlay();
@@ -43,8 +46,9 @@ public:
     void showDisplay();
     void updateDisplay();
 
-    /// Opens and closes what the user wished, and takes note of a system that died. True at the moment it has.
-    bool serve();
+    /// Opens and closes what the user wished, and follows devices that come and go. To be called several times a
+    /// second.
+    void serve();
 
     /// Ends with every note off: inputs off, two slices, a reset, the backend's end while slices still run, then the
     /// clock stands and the ports close. Always comes to its end: a clock that stalls is replaced.
@@ -52,6 +56,10 @@ public:
 
 private:
     void start(const Setup& setup);
+    void takeChoices();
+    void keepChoices();
+    void publishPorts();
+    void tellNews();
     void serveInputs();
     void serveOutputs();
     void switchInputsOff();
@@ -65,7 +73,11 @@ private:
     std::unique_ptr<Backend::OrvIF> orv;
     Slices slices;
     Clock clock;
-    bool toldOfDeath = false;
+    PortMemory* const memory;
+    const LiveWindow::Tell tell;
+    std::size_t inputChoices = 0;  // stored so far
+    std::size_t outputChoices = 0;
+    std::size_t toldLeftOut = 0;
     bool showsDisplay = false;
 };
 }  // namespace Host

@@ -12,6 +12,7 @@
 
 #include "backend/core/OrvMessageManager.h"
 #include "backend/persistence/Bank.h"
+#include "backend/persistence/OrvUtils.h"
 #include "host/InputError.h"
 #include "host/jack/JackClient.h"
 #include "host/run/CommandReader.h"
@@ -26,7 +27,7 @@ namespace Host
 {
 namespace
 {
-constexpr auto DISPLAY_UPDATE = std::chrono::milliseconds(100);
+constexpr auto LOOK_AROUND = std::chrono::milliseconds(100);
 
 struct Connection {
     std::string from;
@@ -52,9 +53,9 @@ bool isAnythingHeard(const MidiSystem& system, const Ports& ports)
     return system.name() != "none" || !ports.outputs()[0]->couldNotOpen;
 }
 
-void tellComplaints(const MidiSystem& system)
+void tellNews(MidiSystem& system)
 {
-    for (const std::string& complaint : system.complaints) tell(complaint);
+    for (const std::string& line : system.takeNews()) tell(line);
 }
 
 void join(MidiSystem& system, const std::vector<Connection>& connections)
@@ -69,8 +70,9 @@ void join(MidiSystem& system, const std::vector<Connection>& connections)
 void setDefaultOutput(LivePlay& play, const Ports& ports, int output)
 {
     const OutputPort& port = *ports.outputs()[static_cast<std::size_t>(output)];
-    if (port.couldNotOpen)
-        tell("--default-output: \"" + port.name + "\" could not be opened; the default output stays as it is");
+    if (!port.found || port.couldNotOpen)
+        tell("--default-output: \"" + port.name + (port.found ? "\" could not be opened" : "\" is not there") +
+             "; the default output stays as it is");
     else
         play.getOrv().getOrvMessageManager().postChangeDefaultMidiOutput({SelectType::Kind::specific, output});
 }
@@ -107,38 +109,27 @@ std::string recordStem()
     return (std::filesystem::current_path(none) / name).string();
 }
 
-void waitFor(Event& event, bool display)
-{
-    if (display)
-        event.waitFor(DISPLAY_UPDATE);
-    else
-        event.wait();
-}
-
-void playUntil(EndSignals& signals, LivePlay& play, Event& event, bool display)
+void playUntil(EndSignals& signals, LivePlay& play, Event& event)
 {
     while (!signals.isEndWanted()) {
-        waitFor(event, display);
+        event.waitFor(LOOK_AROUND);
         play.updateDisplay();
         if (signals.takeSaveWish()) play.saveRecord(recordStem());
-        if (play.serve())
-            tell(
-                "The JACK server is gone: no MIDI and no sound any more. The engine goes on by its own clock, and "
-                "what is typed is read.");
+        play.serve();
     }
 }
 
-void playFromKeys(EndSignals& signals, LivePlay& play, Event& event, bool display)
+void playFromKeys(EndSignals& signals, LivePlay& play, Event& event)
 {
     const TerminalKeyboard keyboard(STDIN_FILENO, [&](const Command& command) { play.carryOut(command); });
-    playUntil(signals, play, event, display);
+    playUntil(signals, play, event);
 }
 
-void playFromCommands(EndSignals& signals, LivePlay& play, Event& event, bool display)
+void playFromCommands(EndSignals& signals, LivePlay& play, Event& event)
 {
     const CommandReader reader(
         STDIN_FILENO, "standard input", [&](const Command& command) { play.carryOut(command); }, tell);
-    playUntil(signals, play, event, display);
+    playUntil(signals, play, event);
 }
 }  // namespace
 
@@ -152,15 +143,17 @@ int run(const RunOptions& options, const std::function<int()>& otherwise)
     Event event;
     EndSignals signals(event);
     Ports ports;
+    PortMemory memory(Backend::OrvUtils::getOrvAppDataDir(), tell);
+    memory.recall(ports, SYNTHESIZER_NAME);
     const auto system = openMidiSystem(options.client, ports, event);
-    tellComplaints(*system);
+    tellNews(*system);
     if (!isAnythingHeard(*system, ports)) {
         if (otherwise) return otherwise();
         tell("Nothing can be heard, but the engine runs and what is typed is read.");
     }
     const int defaultOutput = options.defaultOutput ? findOutput(ports.outputList(), *options.defaultOutput) : -1;
 
-    LivePlay play(*system, ports, event, tell, options.setup);
+    LivePlay play(*system, ports, event, tell, options.setup, &memory);
     if (defaultOutput >= 0) setDefaultOutput(play, ports, defaultOutput);
     if (options.tempo) play.getOrv().getOrvMessageManager().postChangeTempo({false, *options.tempo}, true);
     join(*system, connections);
@@ -171,9 +164,9 @@ int run(const RunOptions& options, const std::function<int()>& otherwise)
 
     if (options.display) play.showDisplay();
     if (options.keys)
-        playFromKeys(signals, play, event, options.display);
+        playFromKeys(signals, play, event);
     else
-        playFromCommands(signals, play, event, options.display);
+        playFromCommands(signals, play, event);
     play.end();
     tellLosses(ports);
     return 0;
@@ -184,8 +177,9 @@ int listPorts(const std::string& client)
     checkClientName(client);
     Event event;
     Ports ports;
+    PortMemory(Backend::OrvUtils::getOrvAppDataDir(), tell).recall(ports, SYNTHESIZER_NAME);
     const auto system = openMidiSystem(client, ports, event);
-    tellComplaints(*system);
+    tellNews(*system);
     std::cout << "Back end: " << system->name() << "\n"
               << describePorts(ports.inputList(), ports.outputList()) << std::flush;
     return 0;
