@@ -175,7 +175,7 @@ void AlsaSystem::enableOutput(std::size_t index, bool enabled)
 
 void AlsaSystem::run()
 {
-    requestRealTimePriority(1);
+    requestRealTimePriority(RealTimeStep::backend);
     while (!stopping.load()) {
         sendAgain.wait();
         deliverAll();

@@ -113,7 +113,7 @@ void Clock::returnToGraph(std::int64_t rate)
 
 void Clock::run()
 {
-    if (runsOnItsThread()) requestRealTimePriority(0);
+    if (runsOnItsThread()) requestRealTimePriority(RealTimeStep::clock);
     while (!stopping.load()) {
         if (!runsOnItsThread())
             standBy();
@@ -135,7 +135,7 @@ void Clock::standBy()
 
 void Clock::takeOver()
 {
-    requestRealTimePriority(0);
+    requestRealTimePriority(RealTimeStep::clock);
     baton.passTo(Holder::thread);
     timePulses.continueFrom(*framePulses);
     lastTick = graphTime;

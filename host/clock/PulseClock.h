@@ -31,7 +31,8 @@ public:
     /// Stands where another clock stands between two pulses, which may have other ticks.
     void continueFrom(const PulseClock& other)
     {
-        partsLeft = other.partsLeft * partsPerPulse / other.partsPerPulse;
+        const double pulsesLeft = static_cast<double>(other.partsLeft) / static_cast<double>(other.partsPerPulse);
+        partsLeft = static_cast<std::int64_t>(pulsesLeft * static_cast<double>(partsPerPulse));
         partsPerTick = other.partsPerTick;
     }
 

@@ -5,6 +5,7 @@
 #include <thread>
 
 #include "backend/core/DisplayMessageManager.h"
+#include "backend/core/MessageManagerMaster.h"
 #include "backend/core/OrvFactory.h"
 #include "backend/core/OrvMessageManager.h"
 #include "backend/layers/RetroRecordManager.h"
@@ -55,6 +56,8 @@ void LivePlay::start(const Setup& setup)
 {
     installIfNeeded();
     if (setup.loads.empty()) orv->getProgram().number = setup.number;
+    orv->getMessageManagerMaster().setRealTimeStep(RealTimeStep::backend);
+    orv->getMidiEngineMessageManager().setRealTimeStep(RealTimeStep::commands);
     orv->start();
     auto& backend = orv->getOrvMessageManager();
     backend.sendInitialize();
