@@ -28,8 +28,15 @@ inline ThreadId currentThreadId()
 enum class RealTimeStep { clock, backend, commands };
 
 /// Asks for real-time scheduling of the calling thread; threads that it starts have none. False where the system grants
-/// none; the thread then goes on as it was. What came of it goes to the debug stream, once for each step.
+/// none, or did not to the clock, which nothing may overtake; the thread then goes on as it was. What came of it goes
+/// to the debug stream, once for each step.
 ORV_API bool requestRealTimePriority(RealTimeStep step);
+
+/// The clock is somebody else's thread, with that real-time priority, 0 for none: the others ask for less.
+ORV_API void noteClockPriority(int priority);
+
+/// The real-time priority of the calling thread, 0 for none.
+ORV_API int realTimePriority();
 
 enum class RealTimeAnswer { none, refused, granted };
 

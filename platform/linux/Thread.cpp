@@ -5,6 +5,7 @@
 #include <sys/syscall.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <atomic>
 #include <cstddef>
@@ -19,22 +20,44 @@ constexpr int MOST_URGENT_PRIORITY = 8;
 
 constexpr std::array<const char*, 3> STEP_NAMES{"the clock", "the backend", "commands"};
 std::array<std::atomic<RealTimeAnswer>, STEP_NAMES.size()> answers{};
+std::atomic<int> clockPriority{MOST_URGENT_PRIORITY};
+
+void note(RealTimeStep step, bool granted)
+{
+    const auto index = static_cast<std::size_t>(step);
+    const auto answer = granted ? RealTimeAnswer::granted : RealTimeAnswer::refused;
+    if (answers[index].exchange(answer) != answer)
+        WindowsLib::DbgStream() << "real-time priority for " << STEP_NAMES[index]
+                                << (granted ? ": granted" : ": refused, going on without");
+}
 }  // namespace
 
 constinit thread_local ThreadId Detail::knownThreadId = 0;
 
 ThreadId Detail::learnThreadId() { return knownThreadId = static_cast<ThreadId>(syscall(SYS_gettid)); }
 
+void noteClockPriority(int priority)
+{
+    const bool granted = priority > static_cast<int>(RealTimeStep::commands);
+    clockPriority.store(granted ? std::min(priority, MOST_URGENT_PRIORITY) : MOST_URGENT_PRIORITY);
+    note(RealTimeStep::clock, granted);
+}
+
+int realTimePriority()
+{
+    sched_param parameters{};
+    const int policy = sched_getscheduler(0) & ~SCHED_RESET_ON_FORK;
+    if ((policy != SCHED_FIFO && policy != SCHED_RR) || sched_getparam(0, &parameters) != 0) return 0;
+    return parameters.sched_priority;
+}
+
 bool requestRealTimePriority(RealTimeStep step)
 {
-    const auto index = static_cast<std::size_t>(step);
     sched_param parameters{};
-    parameters.sched_priority = MOST_URGENT_PRIORITY - static_cast<int>(index);
-    const bool granted = sched_setscheduler(0, SCHED_FIFO | SCHED_RESET_ON_FORK, &parameters) == 0;
-    const auto answer = granted ? RealTimeAnswer::granted : RealTimeAnswer::refused;
-    if (answers[index].exchange(answer) != answer)
-        WindowsLib::DbgStream() << "real-time priority for " << STEP_NAMES[index]
-                                << (granted ? ": granted" : ": refused, going on without");
+    parameters.sched_priority = clockPriority.load() - static_cast<int>(step);
+    const bool mayAsk = step == RealTimeStep::clock || realTimeAnswer(RealTimeStep::clock) != RealTimeAnswer::refused;
+    const bool granted = mayAsk && sched_setscheduler(0, SCHED_FIFO | SCHED_RESET_ON_FORK, &parameters) == 0;
+    note(step, granted);
     return granted;
 }
 
