@@ -18,6 +18,7 @@ void addRunOptions(CLI::App& command, Host::RunOptions& options)
         ->check(CLI::Range(0, 99999))
         ->capture_default_str();
     command.add_flag("--display", options.display, "Print what is played");
+    command.add_flag("--status", options.status, "Print once a second how it stands: ports, load, notes, losses");
     command.add_option("--tempo", options.tempo, "Beats per minute")->type_name("BPM")->check(CLI::Range(20, 250));
 }
 

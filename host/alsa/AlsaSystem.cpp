@@ -5,6 +5,8 @@
 #include <stdexcept>
 #include <thread>
 
+#include "platform/Clock.h"
+
 namespace Host
 {
 using namespace std::chrono_literals;
@@ -137,6 +139,7 @@ void AlsaSystem::stopListening() { listen(nullptr); }
 void AlsaSystem::hear(std::size_t input, const ShortMessage& message)
 {
     if (!ports.inputs()[input]->open.load(std::memory_order_relaxed)) return;
+    if (!ports.inputs()[input]->limit.passes(message, monotonicMilliseconds())) return;
     const std::lock_guard lock(listening);
     if (listener) listener(toInputEvent(message, static_cast<int>(input)));
 }

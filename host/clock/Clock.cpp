@@ -64,7 +64,8 @@ void Clock::playPeriod(std::uint32_t firstStamp, std::uint32_t frames)
     if (!baton.enter(Holder::graph)) return;
     player.takeClock();
     const std::uint32_t periodStart = monotonicMilliseconds();
-    catchUp(std::chrono::steady_clock::now());
+    const std::uint64_t slicesBefore = slices.count();
+    const bool isLate = catchUp(std::chrono::steady_clock::now(), frames);
     while (framePulses->ticksToPulse() < frames) {
         const auto frame = static_cast<std::uint32_t>(std::max<std::int64_t>(framePulses->ticksToPulse(), 0));
         player.setStamp(firstStamp + frame);
@@ -73,18 +74,22 @@ void Clock::playPeriod(std::uint32_t firstStamp, std::uint32_t frames)
         framePulses->passPulse(player.getTempo());
     }
     framePulses->passTicks(frames);
+    if (isLate) slices.noteLate(slices.count() - slicesBefore);
     graphTime += std::chrono::nanoseconds(frames * NANOSECONDS / framesPerSecond);
     baton.leave();
 }
 
-/// The first period behind the thread's slices begins where those ended.
-void Clock::catchUp(Time now)
+/// The first period behind the thread's slices begins where those ended. True if a period is missing.
+bool Clock::catchUp(Time now, std::uint32_t frames)
 {
+    const std::chrono::nanoseconds period(frames * NANOSECONDS / framesPerSecond);
+    const bool isLate = now - graphTime > std::max<std::chrono::nanoseconds>(period, TICK);
     if (std::exchange(resumes, false)) {
         const auto missed = std::clamp<std::chrono::nanoseconds>(now - graphTime, 0ns, MOST_TO_CATCH_UP);
         framePulses->passTicks(missed.count() * framesPerSecond / NANOSECONDS);
     }
     graphTime = now;
+    return isLate;
 }
 
 void Clock::setGraphRate(std::int64_t rate)
@@ -161,6 +166,7 @@ void Clock::tick()
     nextTick += TICK;
     std::this_thread::sleep_until(nextTick);
     const Time now = std::chrono::steady_clock::now();
+    if (now - nextTick > TICK) slices.noteLate(1);
     nextTick = std::max(nextTick, now - TICK);
     if (!baton.enter(Holder::thread)) return;
     player.takeClock();

@@ -65,7 +65,7 @@ private:
     void standBy();
     void takeOver();
     void handBack();
-    void catchUp(Time now);
+    bool catchUp(Time now, std::uint32_t frames);
     void tick();
     int takeDuePulses(Time now);
 

@@ -7,6 +7,7 @@
 
 #include "host/jack/JackClient.h"
 #include "host/synthesizer/SoundFont.h"
+#include "platform/Clock.h"
 
 namespace Host
 {
@@ -37,12 +38,12 @@ bool receive(InputPort& input, jack_port_t* own, jack_nframes_t frames)
     if (!input.open.load(std::memory_order_relaxed)) return false;
     void* buffer = jack_port_get_buffer(own, frames);
     bool arrived = false;
+    const std::uint32_t milliseconds = monotonicMilliseconds();
     jack_midi_event_t event;
     for (std::uint32_t index = 0; jack_midi_event_get(&event, buffer, index) == 0; ++index) {
         const auto message = readShortMessage({event.buffer, event.size});
         if (!message || staysInHost(*message)) continue;
-        input.arrived.push(*message, event.time);
-        arrived = true;
+        arrived = input.take(*message, event.time, milliseconds) || arrived;
     }
     return arrived;
 }

@@ -49,6 +49,19 @@ std::string JackSystem::description() const
            std::to_string(jack_get_buffer_size(client.get())) + " frames";
 }
 
+std::string JackSystem::status() const
+{
+    if (!client) return "no JACK server";
+    return "JACK " + std::to_string(jack_get_sample_rate(client.get())) + " Hz, " +
+           std::to_string(jack_get_buffer_size(client.get())) + " frames, " + std::to_string(xruns.load()) + " xruns";
+}
+
+RealTimeAnswer JackSystem::clockPriority() const
+{
+    if (!client) return MidiSystem::clockPriority();
+    return graphPriority.load() > 0 ? RealTimeAnswer::granted : RealTimeAnswer::refused;
+}
+
 void JackSystem::startClock(Clock& songClock)
 {
     if (!client || hasDied()) {
@@ -104,6 +117,7 @@ bool JackSystem::enter(JackClient newClient)
     newcomers.clear();
     newOutputs.clear();
     followDevices(Newcomers::atOnce);
+    if (waitForPeriods(1)) noteClockPriority(graphPriority.load());
     return true;
 }
 
@@ -219,11 +233,26 @@ std::vector<MidiDevice> JackSystem::settled(std::vector<MidiDevice> found)
 
 void JackSystem::followWires(bool becauseOfPorts)
 {
-    wiring.update(client.get(), becauseOfPorts);
+    for (const Wire& wire : wiring.look(client.get(), becauseOfPorts)) noteCut(wire, becauseOfPorts);
+    wiring.mend(client.get());
     if (listening.load()) joinInputs();
     for (const auto& [from, to] : wiring.takeNewLoops())
         news.push_back("A loop: \"" + from.substr(1) + "\" is wired to \"" + to.substr(1) +
                        "\", so what is played there comes in again.");
+}
+
+/// A wire to one of our inputs is gone, and whoever is at its other end cannot release the keys that are down. If it is
+/// a device that went and came between two looks, it is joined as any newcomer.
+void JackSystem::noteCut(const Wire& wire, bool becauseOfPorts)
+{
+    for (std::size_t index = 0; index < ports.inputs().size(); ++index) {
+        jack_port_t* own = ownInputs[index];
+        if (own == nullptr || shortNameOf(own) != wire.second) continue;
+        cutInputs.insert(index);
+        if (!becauseOfPorts || wire != wireOf(*ports.inputs()[index], own)) continue;
+        wiring.forget(wire);
+        joinFrom[index] = std::chrono::steady_clock::now() + TIME_TO_SETTLE;
+    }
 }
 
 bool JackSystem::isWiredByHand(const InputPort& port) const
@@ -234,6 +263,7 @@ bool JackSystem::isWiredByHand(const InputPort& port) const
 /// Those that are not heard at "Orvane In" already.
 void JackSystem::joinInputs()
 {
+    const auto now = std::chrono::steady_clock::now();
     for (std::size_t index = 0; index < ports.inputs().size(); ++index) {
         const InputPort& port = *ports.inputs()[index];
         jack_port_t* own = ownInputs[index];
@@ -241,8 +271,10 @@ void JackSystem::joinInputs()
         const bool joined = wiring.stands(wireOf(port, own));
         if (isWiredByHand(port)) {
             if (joined) wiring.part(client.get(), wireOf(port, own));
-            heldBack[index] = true;
-        } else if (std::exchange(heldBack[index], false) && !joined) {
+            joinFrom[index] = now;
+        } else if (joinFrom[index] && *joinFrom[index] > now) {
+            wiresChanged.store(true);  // to be looked at again
+        } else if (std::exchange(joinFrom[index], std::nullopt) && !joined) {
             openInput(index);
         }
     }
@@ -254,7 +286,7 @@ void JackSystem::addInput(std::size_t index)
     jack_port_t* own = registerMidi(port, FROM_DEVICE, JackPortIsInput);
     ownInputs[index].store(own);
     port.couldNotOpen = own == nullptr;
-    heldBack[index] = true;
+    joinFrom[index] = std::chrono::steady_clock::now();
     if (own == nullptr) return;
     wiring.forget(wireOf(port, own));
     if (port.enabled) port.open.store(true);  // joined once somebody listens and the wires are known
@@ -446,11 +478,20 @@ void JackSystem::close()
 void JackSystem::setCallbacks(jack_client_t* newClient)
 {
     jack_set_process_callback(newClient, process, this);
+    jack_set_thread_init_callback(
+        newClient, [](void* self) { static_cast<JackSystem*>(self)->newThread.store(true); }, this);
     // Either is enough for JACK's own library; an older one of PipeWire's knows the first alone.
     jack_on_shutdown(
         newClient, [](void* self) { shutDown(JackFailure, "", self); }, this);
     jack_on_info_shutdown(newClient, shutDown, this);
     jack_set_sample_rate_callback(newClient, noteRate, this);
+    jack_set_xrun_callback(
+        newClient,
+        [](void* self) {
+            static_cast<JackSystem*>(self)->xruns.fetch_add(1);
+            return 0;
+        },
+        this);
     jack_set_port_registration_callback(
         newClient,
         [](jack_port_id_t, int, void* self) {
@@ -497,6 +538,7 @@ void JackSystem::playPeriod(jack_nframes_t frames)
         if (jack_port_t* own = ownInputs[index]) arrived = receive(*ports.inputs()[index], own, frames) || arrived;
     if (arrived) reader.wake();
 
+    if (newThread.exchange(false)) takePriority();
     if (const jack_nframes_t newRate = rate.load(); newRate != playedRate) {
         if (songClock) songClock->setGraphRate(newRate);
         if (synthesizerEntered.load()) synthesizer->setRate(newRate);
@@ -509,6 +551,13 @@ void JackSystem::playPeriod(jack_nframes_t frames)
     if (synthesizerEntered.load()) synthesizer->render(periodStart, frames);
     periodStart += frames;
     periods.fetch_add(1);
+}
+
+// A server without real-time rights gives its clients none; the system may.
+void JackSystem::takePriority()
+{
+    if (realTimePriority() == 0) requestRealTimePriority(RealTimeStep::clock);
+    graphPriority.store(realTimePriority());
 }
 
 void JackSystem::shutDown(jack_status_t, const char*, void* self)

@@ -6,6 +6,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -32,6 +33,8 @@ public:
 
     std::string name() const override { return "JACK"; }
     std::string description() const override;
+    std::string status() const override;
+    RealTimeAnswer clockPriority() const override;
     void listen(Listener listener) override;
     void stopListening() override;
     void startClock(Clock& clock) override;
@@ -63,6 +66,7 @@ private:
     void openOutput(std::size_t index);
     void openNewOutputs();
     void joinInputs();
+    void noteCut(const Wire& wire, bool becauseOfPorts);
     bool isWiredByHand(const InputPort& port) const;
     std::vector<MidiDevice> settled(std::vector<MidiDevice> found);
     jack_port_t* registerMidi(const Port& port, const char* prefix, JackPortFlags direction);
@@ -80,6 +84,7 @@ private:
     static int noteRate(jack_nframes_t rate, void* self);
     void tellOfChange(std::atomic<bool>& change);
     void setCallbacks(jack_client_t* newClient);
+    void takePriority();
     void playPeriod(jack_nframes_t frames);
 
     const std::string clientName;
@@ -101,6 +106,9 @@ private:
     std::atomic<bool> wiresChanged{false};
     std::atomic<jack_nframes_t> rate{0};
     std::atomic<std::uint64_t> periods{0};
+    std::atomic<std::uint64_t> xruns{0};
+    std::atomic<bool> newThread{false};
+    std::atomic<int> graphPriority{0};  // of the process callback's thread
 
     // The control thread's
     JackWiring wiring;
@@ -108,7 +116,7 @@ private:
     using Time = std::chrono::steady_clock::time_point;
     std::map<std::string, Time> newcomers;  // addresses that were not there before, and since when they are
     std::vector<std::pair<std::size_t, jack_port_t*>> newOutputs;
-    std::array<bool, Ports::MOST> heldBack{};  // inputs to be joined, unless they are wired by hand
+    std::array<std::optional<Time>, Ports::MOST> joinFrom;  // inputs to be joined then, unless they are wired by hand
 
     // The process callback's
     std::uint32_t periodStart = 0;

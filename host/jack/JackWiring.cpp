@@ -66,13 +66,21 @@ std::set<Wire> without(const std::set<Wire>& wires, const std::set<Wire>& others
 }
 }  // namespace
 
-void JackWiring::update(jack_client_t* client, bool portsChanged)
+std::set<Wire> JackWiring::look(jack_client_t* client, bool portsChanged)
 {
-    for (const Wire& wire : without(stood, findWires(client)))
+    auto present = findWires(client);
+    const auto cut = without(stood, present);
+    for (const Wire& wire : cut)
         if (ownEndExists(client, wire) && (portsChanged || !bothExist(client, wire)) && lost.size() < MOST_LOST)
             lost.insert(wire);
-    std::erase_if(lost, [&](const Wire& wire) { return bothExist(client, wire) && connect(client, wire) == 0; });
-    stood = findWires(client);
+    stood = std::move(present);
+    return cut;
+}
+
+void JackWiring::mend(jack_client_t* client)
+{
+    const auto joined = [&](const Wire& wire) { return bothExist(client, wire) && connect(client, wire) == 0; };
+    if (std::erase_if(lost, joined) > 0) stood = findWires(client);
 }
 
 void JackWiring::lose()

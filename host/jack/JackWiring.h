@@ -18,8 +18,12 @@ using Wire = std::pair<std::string, std::string>;
 class JackWiring
 {
 public:
-    /// Looks at the graph and joins what came back. `portsChanged`: ports came or went since the last look.
-    void update(jack_client_t* client, bool portsChanged);
+    /// Looks at the graph. `portsChanged`: ports came or went since the last look. Returns what stood at the last look
+    /// and does no longer.
+    std::set<Wire> look(jack_client_t* client, bool portsChanged);
+
+    /// Joins what came back.
+    void mend(jack_client_t* client);
 
     /// The graph is gone with all wires.
     void lose();

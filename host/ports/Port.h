@@ -6,6 +6,7 @@
 
 #include "host/midi/MidiRing.h"
 #include "host/midi/NoteLedger.h"
+#include "host/ports/EventLimit.h"
 
 namespace Host
 {
@@ -40,6 +41,16 @@ struct InputPort : Port {
     /// What arrives is taken. The control thread writes.
     std::atomic<bool> open{false};
 
+    /// Pushes a message unless there are too many. `stamp` and `milliseconds` as in
+    /// `StampedMessage` and `EventLimit`. The thread that hears the device.
+    bool take(const ShortMessage& message, std::uint32_t stamp, std::uint32_t milliseconds)
+    {
+        const bool passes = limit.passes(message, milliseconds);
+        if (passes) arrived.push(message, stamp);
+        return passes;
+    }
+
+    EventLimit limit;
     MidiRing arrived;
 };
 
@@ -79,10 +90,14 @@ public:
             ledger.enter(next.message);
             return true;
         });
-        if (keepsOpen || !done) return;
-        if (ledger.release([&](const ShortMessage& message) { return send(message, now); }))
-            silent.store(true, std::memory_order_release);
+        const bool released =
+            !keepsOpen && done && ledger.release([&](const ShortMessage& message) { return send(message, now); });
+        sounding.store(ledger.soundingNotes(), std::memory_order_relaxed);
+        if (released) silent.store(true, std::memory_order_release);
     }
+
+    /// How many notes sound at the far end. Any thread.
+    int soundingNotes() const { return sounding.load(std::memory_order_relaxed); }
 
     /// Drops what waits; what sounds at the far end stays known and is released when somebody delivers again. Closed,
     /// and nobody delivers meanwhile.
@@ -98,6 +113,7 @@ private:
 
     MidiRing waiting;
     NoteLedger ledger;
+    std::atomic<int> sounding{0};
     std::atomic<bool> isOpen{false};
     std::atomic<bool> silent{true};
 };

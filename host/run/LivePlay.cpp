@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <new>
 #include <thread>
+#include <utility>
 
 #include "backend/core/DisplayMessageManager.h"
 #include "backend/core/MessageManagerMaster.h"
@@ -25,6 +26,7 @@ namespace
 constexpr const char* APPLICATION_NAME = "Orvane 3";
 constexpr auto LONGEST_WAIT_FOR_REST = 2s;
 constexpr int SLICES_FOR_INPUTS_TO_END = 2;
+constexpr auto PAUSE_BETWEEN_WARNINGS = 10s;
 
 std::unique_ptr<Backend::OrvIF> createOrv(Player& player)
 {
@@ -54,6 +56,7 @@ LivePlay::~LivePlay() { end(); }
 
 void LivePlay::start(const Setup& setup)
 {
+    slices.measureInto(&load);
     installIfNeeded();
     if (setup.loads.empty()) orv->getProgram().number = setup.number;
     orv->getMessageManagerMaster().setRealTimeStep(RealTimeStep::backend);
@@ -100,8 +103,21 @@ void LivePlay::serve()
     const bool changed = system.refresh();
     serveInputs();
     serveOutputs();
+    releaseCutInputs();
     if (changed) publishPorts();
     tellNews();
+    tellFloods();
+}
+
+// The backend releases what an input holds that is not found.
+void LivePlay::releaseCutInputs()
+{
+    const auto cut = system.takeCutInputs();
+    if (cut.empty()) return;
+    auto inputs = ports.inputList();
+    for (const std::size_t index : cut) inputs[index].found = false;
+    orv->getOrvMessageManager().postSetMidiInputPorts(inputs);
+    orv->getOrvMessageManager().postSetMidiInputPorts(ports.inputList());
 }
 
 void LivePlay::publishPorts()
@@ -119,6 +135,51 @@ void LivePlay::tellNews()
              std::to_string(ports.leftOut()) + " are left out.");
     toldLeftOut = ports.leftOut();
 }
+
+void LivePlay::tellFloods()
+{
+    const auto now = std::chrono::steady_clock::now();
+    for (std::size_t index = 0; index < ports.inputs().size(); ++index) {
+        Flood& flood = floods[index];
+        const std::uint64_t limited = ports.inputs()[index]->limit.limitedCount();
+        const bool floodsNow = std::exchange(flood.limited, limited) != limited;
+        const bool wasTold = flood.told.time_since_epoch().count() != 0 && now - flood.told < PAUSE_BETWEEN_WARNINGS;
+        if (!floodsNow || wasTold) continue;
+        flood.told = now;
+        tell("\"" + ports.inputs()[index]->name + "\": more than " + std::to_string(EventLimit::PER_SECOND) +
+             " events a second; what goes beyond is left out. Is an output wired to it?");
+    }
+}
+
+// --- status
+
+Status LivePlay::status()
+{
+    Status status;
+    status.system = system.status();
+    status.tempo = player.getTempo();
+    const auto counts = load.counts();
+    status.load = SliceLoad::summarise(std::exchange(loadBefore, counts), counts);
+    status.lateSlices = load.lateCount();
+    status.realTime = describeRealTime();
+    return status;
+}
+
+std::string LivePlay::describeRealTime() const
+{
+    const RealTimeAnswer clockAnswer =
+        clock.runsOnItsThread() ? realTimeAnswer(RealTimeStep::clock) : system.clockPriority();
+    std::string who;
+    const auto add = [&](RealTimeAnswer answer, const char* name) {
+        if (answer == RealTimeAnswer::granted) who += (who.empty() ? "" : ", ") + std::string(name);
+    };
+    add(clockAnswer, "clock");
+    add(realTimeAnswer(RealTimeStep::backend), "backend");
+    add(realTimeAnswer(RealTimeStep::commands), "commands");
+    return who.empty() ? "none" : who;
+}
+
+// --- choices
 
 // A port without a stored choice is enabled. The backend rests, its settings are read.
 void LivePlay::takeChoices()

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <array>
+#include <chrono>
 #include <memory>
 #include <string>
 
@@ -12,6 +14,7 @@
 #include "host/ports/PortMemory.h"
 #include "host/ports/Ports.h"
 #include "host/run/LiveWindow.h"
+#include "host/run/StatusLine.h"
 #include "host/system/MidiSystem.h"
 
 namespace Host
@@ -46,6 +49,12 @@ public:
     void showDisplay();
     void updateDisplay();
 
+    /// How it stands, with the load since the last call.
+    Status status();
+
+    /// The load since the start.
+    SliceLoad::Summary wholeLoad() const { return SliceLoad::summarise({}, load.counts()); }
+
     /// Opens and closes what the user wished, and follows devices that come and go. To be called several times a
     /// second.
     void serve();
@@ -60,6 +69,9 @@ private:
     void keepChoices();
     void publishPorts();
     void tellNews();
+    void tellFloods();
+    void releaseCutInputs();
+    std::string describeRealTime() const;
     void serveInputs();
     void serveOutputs();
     void switchInputsOff();
@@ -71,6 +83,8 @@ private:
     LiveDisplay display;
     LiveWindow window;
     std::unique_ptr<Backend::OrvIF> orv;
+    SliceLoad load;
+    SliceLoad::Counts loadBefore{};
     Slices slices;
     Clock clock;
     PortMemory* const memory;
@@ -78,6 +92,11 @@ private:
     std::size_t inputChoices = 0;  // stored so far
     std::size_t outputChoices = 0;
     std::size_t toldLeftOut = 0;
+    struct Flood {
+        std::uint64_t limited = 0;
+        std::chrono::steady_clock::time_point told;
+    };
+    std::array<Flood, Ports::MOST> floods{};  // by input
     bool showsDisplay = false;
 };
 }  // namespace Host

@@ -20,6 +20,7 @@
 #include "host/run/LivePlay.h"
 #include "host/run/PortList.h"
 #include "host/run/RawTerminal.h"
+#include "host/run/StatusLine.h"
 #include "host/run/TerminalKeyboard.h"
 #include "host/system/MidiSystem.h"
 
@@ -34,7 +35,7 @@ struct Connection {
     std::string to;
 };
 
-void tell(const std::string& line) { std::cerr << "orvane: " + line + "\n"; }
+void tell(const std::string& line) { std::cerr << std::string(StatusLine::eraser()) + "orvane: " + line + "\n"; }
 
 std::vector<Connection> parseConnections(const std::vector<std::string>& texts)
 {
@@ -109,27 +110,37 @@ std::string recordStem()
     return (std::filesystem::current_path(none) / name).string();
 }
 
-void playUntil(EndSignals& signals, LivePlay& play, Event& event)
+/// What goes on around the playing: on the control thread, until a signal ends it.
+struct Stage {
+    EndSignals& signals;
+    LivePlay& play;
+    Event& event;
+    const Ports& ports;
+    std::unique_ptr<StatusLine> status;  // null for none
+};
+
+void playUntilEnd(Stage& stage)
 {
-    while (!signals.isEndWanted()) {
-        event.waitFor(LOOK_AROUND);
-        play.updateDisplay();
-        if (signals.takeSaveWish()) play.saveRecord(recordStem());
-        play.serve();
+    while (!stage.signals.isEndWanted()) {
+        stage.event.waitFor(LOOK_AROUND);
+        stage.play.updateDisplay();
+        if (stage.signals.takeSaveWish()) stage.play.saveRecord(recordStem());
+        stage.play.serve();
+        if (stage.status && stage.status->isDue()) stage.status->show(describeStatus(stage.play.status(), stage.ports));
     }
 }
 
-void playFromKeys(EndSignals& signals, LivePlay& play, Event& event)
+void playFromKeys(Stage& stage)
 {
-    const TerminalKeyboard keyboard(STDIN_FILENO, [&](const Command& command) { play.carryOut(command); });
-    playUntil(signals, play, event);
+    const TerminalKeyboard keyboard(STDIN_FILENO, [&](const Command& command) { stage.play.carryOut(command); });
+    playUntilEnd(stage);
 }
 
-void playFromCommands(EndSignals& signals, LivePlay& play, Event& event)
+void playFromCommands(Stage& stage)
 {
     const CommandReader reader(
-        STDIN_FILENO, "standard input", [&](const Command& command) { play.carryOut(command); }, tell);
-    playUntil(signals, play, event);
+        STDIN_FILENO, "standard input", [&](const Command& command) { stage.play.carryOut(command); }, tell);
+    playUntilEnd(stage);
 }
 }  // namespace
 
@@ -163,11 +174,16 @@ int run(const RunOptions& options, const std::function<int()>& otherwise)
               << ". Ctrl+C ends with every note off." << std::endl;
 
     if (options.display) play.showDisplay();
+    Stage stage{signals, play, event, ports, options.status ? std::make_unique<StatusLine>() : nullptr};
     if (options.keys)
-        playFromKeys(signals, play, event);
+        playFromKeys(stage);
     else
-        playFromCommands(signals, play, event);
+        playFromCommands(stage);
     play.end();
+    if (stage.status) {
+        const auto load = play.wholeLoad();
+        stage.status->show("In all " + std::to_string(load.slices) + " slices, " + describeLoad(load));
+    }
     tellLosses(ports);
     return 0;
 }

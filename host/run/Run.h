@@ -20,6 +20,7 @@ struct RunOptions {
     std::optional<int> tempo;                  ///< beats per minute, 20 to 250
     Setup setup;                               ///< what it begins with
     bool keys = false;                         ///< plays from the terminal's keys instead of reading commands
+    bool status = false;                       ///< a line once a second on standard output
     bool display = false;                      ///< the display's lines on standard output
 };
 

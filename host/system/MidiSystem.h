@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <memory>
+#include <set>
 #include <string>
 #include <utility>
 #include <vector>
@@ -9,6 +10,7 @@
 #include "backend/midi/OrvMidiMessage.h"
 #include "host/clock/Clock.h"
 #include "host/ports/Ports.h"
+#include "platform/Thread.h"
 
 namespace Host
 {
@@ -27,6 +29,15 @@ public:
 
     /// How it stands, for the user: "JACK, client \"orvane\", 48000 Hz, 256 frames".
     virtual std::string description() const = 0;
+
+    /// The same in a few words, with what happened to it: "JACK 48000 Hz, 256 frames, 3 xruns".
+    virtual std::string status() const { return name(); }
+
+    /// What the thread got that is the clock.
+    virtual RealTimeAnswer clockPriority() const { return realTimeAnswer(RealTimeStep::clock); }
+
+    /// The inputs that lost a wire since the last call, by number: keys that are down there stay down for ever.
+    std::set<std::size_t> takeCutInputs() { return std::exchange(cutInputs, {}); }
 
     /// What there is to say since the last call, a sentence each.
     std::vector<std::string> takeNews() { return std::exchange(news, {}); }
@@ -58,6 +69,7 @@ public:
 
 protected:
     std::vector<std::string> news;
+    std::set<std::size_t> cutInputs;
 };
 
 /// The output of the built-in synthesizer, always number 0.

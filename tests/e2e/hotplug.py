@@ -2,6 +2,7 @@
 
 No test asserts a time: the limits only keep a hanging program from lasting."""
 import os
+import re
 import shutil
 import signal
 import subprocess
@@ -23,7 +24,7 @@ def sounding(heard):
         status, note, *rest = message.split()
         if status[0] in "89":
             notes[status[1], note] = status[0] == "9" and rest != ["00"]
-    return sorted(note for note, sounds in notes.items() if sounds)
+    return sorted(note for (_, note), sounds in notes.items() if sounds)
 
 
 class Stream:
@@ -146,6 +147,52 @@ class InJack(Stage):
         stream.stop()
         self.assertEqual(orvane.end(), 0, orvane.complained)
         self.assertEqual(sounding(monitor.heard), [])
+
+    def test_a_wire_that_is_pulled_out_with_keys_down_leaves_nothing_sounding(self):
+        self.serve()
+        monitor = self.monitor()
+        orvane = self.orvane("--client", "X", "--default-output", "Orvane Out", "--connect",
+                             "X:Orvane Out=monitor:input")
+        for pull in (lambda keys: self.tool("jack_disconnect", "keys:out", "X:Orvane In"), Program.clean):
+            keys = Program(self, MIDI_SOURCE, "keys", "X:Orvane In", "0:903c64", "60000:800000")
+            until(lambda: sounding(monitor.heard) == ["3c"], "the note")
+            pull(keys)
+            until(lambda: not sounding(monitor.heard), "its end")
+            keys.clean()
+        self.assertEqual(orvane.end(), 0, orvane.complained)
+
+    def test_a_loop_is_told_and_cannot_drown_what_else_is_played(self):
+        with open(self.folder + "/two.bnk", "w") as file:  # whatever comes in goes out twice
+            file.write('<Bank><Program><Layers><Layer channel="0"/><Layer channel="0"/></Layers></Program></Bank>')
+        self.serve()
+        monitor = self.monitor()
+        orvane = self.orvane("--default-output", "Orvane Out", "--load", "two.bnk", "--status")
+        until(lambda: "orvane:to monitor:input" in self.connections("monitor:input"), "the monitor")
+        self.tool("jack_connect", "orvane:Orvane Out", "orvane:Orvane In")
+        until(lambda: 'A loop: "Orvane Out" is wired to "Orvane In"' in orvane.complained, "the loop to be told")
+        flood = [f"{at // 8}:b0{at % 100:02x}40" for at in range(800)]
+        self.play("orvane:Orvane In", "0:903c64", *flood, "200:803c64")
+        until(lambda: "Is an output wired to it?" in orvane.complained, "the flood to be told")
+        until(lambda: re.search(r"Orvane In: \d+ limited", orvane.printed), "what was left out")
+        orvane.say("play 2 0 -1 144 72 100")
+        orvane.say("play 2 0 -1 128 72 64")
+        monitor.await_message("80 48 40")
+        self.assertEqual(orvane.complained.count("\n"), 2, orvane.complained)
+        self.tool("jack_disconnect", "orvane:Orvane Out", "orvane:Orvane In")
+        until(lambda: "| 0 notes |" in orvane.printed.splitlines()[-1], "the end of all notes")
+        self.assertEqual(orvane.end(), 0, orvane.complained)
+
+    def test_the_status_is_a_line_each_second(self):
+        self.serve()
+        orvane = self.orvane("--status", "--tempo", "96", "--default-output", "Orvane Out")
+        orvane.say("play 1 0 -1 144 60 100")
+        line = re.compile(r"^JACK 48000 Hz, 1024 frames, \d+ xruns \| in 1 of 1, out 2 of 2 \| 96 bpm \| "
+                          r"slice \d+/\d+/\d+ us, \d+ late \| 1 notes \| real time: [a-z, ]+$", re.M)
+        until(lambda: len(line.findall(orvane.printed)) >= 2, "two lines in " + orvane.printed)
+        self.server.end(signal.SIGKILL)
+        until(lambda: "\nno JACK server | in 0 of 1, out 0 of 2 | 96 bpm" in orvane.printed, "a line without a server")
+        self.assertEqual(orvane.end(), 0, orvane.complained)
+        self.assertRegex(orvane.printed.splitlines()[-1], r"^In all \d+ slices, \d+/\d+/\d+ us$")
 
     def test_an_orvane_that_is_held_up_loses_its_periods_and_nothing_else(self):
         self.serve()
