@@ -10,7 +10,8 @@ void addRunOptions(CLI::App& command, Host::RunOptions& options)
         ->allow_extra_args(false);
     command.add_option("--default-output", options.defaultOutput, "Output for what names none: its number or name")
         ->type_name("N");
-    command.add_option("--load,FILE", options.setup.loads, "Program (.prg) or bank (.bnk) loaded at the start, in order")
+    command
+        .add_option("--load,FILE", options.setup.loads, "Program (.prg) or bank (.bnk) loaded at the start, in order")
         ->type_name("FILE")
         ->take_all()
         ->allow_extra_args(false);
@@ -27,6 +28,7 @@ void addRunOptions(CLI::App& command, Host::RunOptions& options)
                      "Follow the JACK transport: it starts and stops the clock that is sent, and a timebase master "
                      "sets the tempo");
     command.add_flag("--display", options.display, "Print what is played; with a window, show its display");
+    command.add_flag("--status", options.status, "Print once a second how it stands: ports, load, notes, losses");
     command.add_option("--tempo", options.tempo, "Beats per minute")->type_name("BPM")->check(CLI::Range(20, 250));
 }
 

@@ -18,8 +18,8 @@ namespace Host
 {
 /// The host's clock: it turns time into slices at the tempo of its conductor. In an audio graph the graph's process
 /// callback drives it, one slice for each pulse, whose stamp is the frame of that pulse; anywhere else a thread of its
-/// own does, about every millisecond. That thread stands by beside a graph too and goes on where the graph stopped,
-/// should it die.
+/// own does, about every millisecond. That thread stands by beside a graph too, goes on where the graph stopped, should
+/// it die, and hands back to the next one.
 ///
 /// When the process was held up for long, time is skipped and pulses are not.
 class Clock
@@ -36,6 +36,9 @@ public:
 
     void startOnThread();
     void startInGraph(std::int64_t framesPerSecond);
+
+    /// There is a graph again, which calls already: it goes on where the thread stops.
+    void returnToGraph(std::int64_t framesPerSecond);
 
     /// No slice is played once this has returned.
     void stop();
@@ -60,6 +63,9 @@ public:
     /// The same where there is no graph, just now. One thread at a time.
     void hearNow(int input, const ShortMessage& message);
 
+    /// The graph's callback: from the next period on a second has that many frames.
+    void setGraphRate(std::int64_t framesPerSecond);
+
     /// The graph will not call again. Any thread, also where only what a signal handler may do is allowed.
     void graphDied();
 
@@ -70,6 +76,8 @@ private:
     void run();
     void standBy();
     void takeOver();
+    void handBack();
+    bool catchUp(Time now, std::uint32_t frames);
     void tick();
     int takeDuePulses(Time now);
 
@@ -82,13 +90,16 @@ private:
     std::atomic<bool> stopping{false};
     std::atomic<bool> insists{false};
     std::atomic<bool> died{false};
+    std::atomic<std::int64_t> nextGraphRate{0};  // of a graph that waits to go on; 0 for none
     Event wake;
     Thread thread;
 
     // The holder's
     std::optional<PulseClock> framePulses;
     std::int64_t framesPerSecond = 1;
-    double seconds = 0;  // played so far
+    Time graphTime;        // up to which the graph has played
+    bool resumes = false;  // in the next period
+    double seconds = 0;    // played so far
 
     // The clock's own thread's
     PulseClock timePulses;

@@ -32,6 +32,14 @@ public:
         partsLeft += partsPerPulse;
     }
 
+    /// Stands where another clock stands between two pulses, which may have other ticks.
+    void continueFrom(const PulseClock& other)
+    {
+        const double pulsesLeft = static_cast<double>(other.partsLeft) / static_cast<double>(other.partsPerPulse);
+        partsLeft = static_cast<std::int64_t>(pulsesLeft * static_cast<double>(partsPerPulse));
+        partsPerTick = other.partsPerTick;
+    }
+
     /// Time went on.
     void passTicks(std::int64_t ticks) { partsLeft -= ticks * partsPerTick; }
 

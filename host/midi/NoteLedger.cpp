@@ -22,10 +22,16 @@ ShortMessage NoteLedger::pedalUp(std::size_t index)
     return {{static_cast<std::uint8_t>(0xB0 | index % CHANNELS), index < CHANNELS ? SUSTAIN : SOSTENUTO, 0}, 3};
 }
 
+void NoteLedger::setSounding(std::size_t index, bool sounds)
+{
+    if (sounding[index] != sounds) soundingCount += sounds ? 1 : -1;
+    sounding[index] = sounds;
+}
+
 void NoteLedger::enter(const ShortMessage& message)
 {
-    if (message.startsNote()) sounding.set(noteIndex(message));
-    if (message.endsNote()) sounding.reset(noteIndex(message));
+    if (message.startsNote()) setSounding(noteIndex(message), true);
+    if (message.endsNote()) setSounding(noteIndex(message), false);
     if (!message.isController()) return;
     const auto channel = static_cast<std::size_t>(message.channel());
     if (message.bytes[1] == SUSTAIN) pedals.set(channel, message.bytes[2] >= PEDAL_DOWN);

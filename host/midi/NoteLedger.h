@@ -41,6 +41,9 @@ public:
         return true;
     }
 
+    /// Notes that sound.
+    int soundingNotes() const { return soundingCount; }
+
     bool isEmpty() const { return sounding.none() && pedals.none(); }
 
 private:
@@ -53,8 +56,10 @@ private:
     }
 
     static ShortMessage pedalUp(std::size_t index);
+    void setSounding(std::size_t index, bool sounds);
 
     NoteSet sounding;
+    int soundingCount = 0;
     std::bitset<2 * CHANNELS> pedals;  // sustain, then sostenuto
 };
 }  // namespace Host

@@ -6,9 +6,18 @@
 
 #include "host/midi/MidiRing.h"
 #include "host/midi/NoteLedger.h"
+#include "host/ports/EventLimit.h"
 
 namespace Host
 {
+/// A device as a scan found it.
+struct MidiDevice {
+    std::string address;  ///< tells it from every other; may change from one run to the next
+    std::string name;     ///< as its user knows it; twins share one
+
+    bool operator==(const MidiDevice&) const = default;
+};
+
 /// What an input and an output have in common. Its index in its list is its number, and it never moves.
 struct Port {
     explicit Port(std::string portName) : name(std::move(portName)) {}
@@ -16,6 +25,7 @@ struct Port {
     const std::string name;
 
     // The control thread's (that of `LivePlay`)
+    MidiDevice device;          ///< that it stands for, or last stood for
     bool found = true;          ///< the device is there
     bool couldNotOpen = false;  ///< tried, and failed
     bool enabled = true;        ///< the user's choice, carried out
@@ -31,6 +41,16 @@ struct InputPort : Port {
     /// What arrives is taken. The control thread writes.
     std::atomic<bool> open{false};
 
+    /// Pushes a message unless there are too many. `stamp` and `milliseconds` as in
+    /// `StampedMessage` and `EventLimit`. The thread that hears the device.
+    bool take(const ShortMessage& message, std::uint32_t stamp, std::uint32_t milliseconds)
+    {
+        const bool passes = limit.passes(message, milliseconds);
+        if (passes) arrived.push(message, stamp);
+        return passes;
+    }
+
+    EventLimit limit;
     MidiRing arrived;
 };
 
@@ -76,9 +96,20 @@ public:
             ledger.enter(next.message);
             return true;
         });
-        if (keepsOpen || !done) return;
-        if (ledger.release([&](const ShortMessage& message) { return send(message, now); }))
-            silent.store(true, std::memory_order_release);
+        const bool released =
+            !keepsOpen && done && ledger.release([&](const ShortMessage& message) { return send(message, now); });
+        sounding.store(ledger.soundingNotes(), std::memory_order_relaxed);
+        if (released) silent.store(true, std::memory_order_release);
+    }
+
+    /// How many notes sound at the far end. Any thread.
+    int soundingNotes() const { return sounding.load(std::memory_order_relaxed); }
+
+    /// Drops what waits; what sounds at the far end stays known and is released when somebody delivers again. Closed,
+    /// and nobody delivers meanwhile.
+    void forgetWaiting()
+    {
+        waiting.drain([](const StampedMessage&) { return true; });
     }
 
     std::uint64_t lossCount() const { return waiting.lossCount(); }
@@ -88,6 +119,7 @@ private:
 
     MidiRing waiting;
     NoteLedger ledger;
+    std::atomic<int> sounding{0};
     std::atomic<bool> isOpen{false};
     std::atomic<bool> silent{true};
 };

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "backend/core/OrvMessageManager.h"
+#include "backend/persistence/OrvUtils.h"
 #include "host/run/PortList.h"
 #include "host/run/Run.h"
 
@@ -14,7 +15,7 @@ namespace Host
 {
 namespace
 {
-constexpr auto DISPLAY_UPDATE = std::chrono::milliseconds(100);
+constexpr auto LOOK_AROUND = std::chrono::milliseconds(100);
 
 /// A file stem in the current folder that names the moment.
 std::string recordStem()
@@ -26,6 +27,13 @@ std::string recordStem()
     std::strftime(name, sizeof name, "record %Y-%m-%d %H.%M.%S", &local);
     std::error_code none;
     return (std::filesystem::current_path(none) / name).string();
+}
+
+/// Empty if it is not.
+std::string whySilent(const Port& port)
+{
+    if (!port.found) return "\"" + port.name + "\" is not there";
+    return port.couldNotOpen ? "\"" + port.name + "\" could not be opened" : "";
 }
 
 void tellLosses(const Ports& ports, const Tell& tell)
@@ -41,9 +49,11 @@ LiveHost::LiveHost(const RunOptions& runOptions, EndSignals& endSignals, Event& 
       signals(endSignals),
       event(wakeUp),
       tell(std::move(tellUser)),
-      system(openMidiSystem(options.client, ports, event))
+      memory(Backend::OrvUtils::getOrvAppDataDir(), tell)
 {
-    for (const std::string& complaint : system->complaints) tell(complaint);
+    memory.recall(ports, SYNTHESIZER_NAME);
+    system = openMidiSystem(options.client, ports, event);
+    for (const std::string& line : system->takeNews()) tell(line);
 }
 
 bool LiveHost::isAnythingHeard() const { return system->name() != "none" || !ports.outputs()[0]->couldNotOpen; }
@@ -55,9 +65,12 @@ void LiveHost::start()
     tellSilentClocks(clocks);
     if (options.transport) followTransport();
     join();  // first: who is to hear the clock hears its start
-    play = std::make_unique<LivePlay>(*system, ports, event, tell, options.setup, clocks);
+    play = std::make_unique<LivePlay>(*system, ports, memory, event, tell, options.setup, clocks);
     if (defaultOutput >= 0) setDefaultOutput(defaultOutput);
     if (options.tempo) play->getOrv().getOrvMessageManager().postChangeTempo({false, *options.tempo}, true);
+    if (options.status) status = std::make_unique<StatusLine>();
+    description = std::string(VERSION) + ": " + system->description() + "\n" +
+                  describePorts(ports.inputList(), ports.outputList());
 }
 
 ClockLinks LiveHost::findClocks() const
@@ -71,7 +84,7 @@ ClockLinks LiveHost::findClocks() const
 void LiveHost::tellSilentClocks(const ClockLinks& links) const
 {
     const auto check = [this](const Port& port, const char* option) {
-        if (port.couldNotOpen) tell(std::string(option) + ": \"" + port.name + "\" could not be opened");
+        if (const std::string reason = whySilent(port); !reason.empty()) tell(option + (": " + reason));
     };
     if (links.in >= 0) check(*ports.inputs()[static_cast<std::size_t>(links.in)], "--clock-in");
     if (links.out >= 0) check(*ports.outputs()[static_cast<std::size_t>(links.out)], "--clock-out");
@@ -85,8 +98,8 @@ void LiveHost::followTransport()
 void LiveHost::setDefaultOutput(int output)
 {
     const OutputPort& port = *ports.outputs()[static_cast<std::size_t>(output)];
-    if (port.couldNotOpen)
-        tell("--default-output: \"" + port.name + "\" could not be opened; the default output stays as it is");
+    if (const std::string reason = whySilent(port); !reason.empty())
+        tell("--default-output: " + reason + "; the default output stays as it is");
     else
         play->getOrv().getOrvMessageManager().postChangeDefaultMidiOutput({SelectType::Kind::specific, output});
 }
@@ -100,40 +113,31 @@ void LiveHost::join()
         }
 }
 
-std::string LiveHost::describe() const
-{
-    return std::string(VERSION) + ": " + system->description() + "\n" +
-           describePorts(ports.inputList(), ports.outputList());
-}
-
-void LiveHost::showDisplay()
-{
-    printsDisplay = true;
-    play->showDisplay();
-}
-
-void LiveHost::waitForEvent()
-{
-    if (printsDisplay)
-        event.waitFor(DISPLAY_UPDATE);
-    else
-        event.wait();
-}
+void LiveHost::showDisplay() { play->showDisplay(); }
 
 void LiveHost::playUntil(const std::function<bool()>& isEndWanted)
 {
     while (!isEndWanted()) {
-        waitForEvent();
+        event.waitFor(LOOK_AROUND);
         play->updateDisplay();
         if (signals.takeSaveWish()) play->saveRecord(recordStem());
-        if (play->serve())
-            tell("The JACK server is gone: no MIDI and no sound any more. The engine goes on by its own clock.");
+        play->serve();
+        showStatus();
     }
+}
+
+void LiveHost::showStatus()
+{
+    if (status && status->isDue()) status->show(describeStatus(play->status(), ports));
 }
 
 void LiveHost::end()
 {
     play->end();
+    if (status) {
+        const auto load = play->wholeLoad();
+        status->show("In all " + std::to_string(load.slices) + " slices, " + describeLoad(load));
+    }
     tellLosses(ports, tell);
 }
 }  // namespace Host

@@ -21,6 +21,7 @@ struct RunOptions {
     bool transport = false;                    ///< the JACK transport is followed
     Setup setup;                               ///< what it begins with
     bool keys = false;                         ///< plays from the terminal's keys instead of reading commands
+    bool status = false;                       ///< a line once a second on standard output
     bool display = false;                      ///< the display's lines on standard output, or its screen in the window
 
     bool operator==(const RunOptions&) const = default;

@@ -94,10 +94,10 @@ class Clocks(live.House):
         self.assertEqual(monitor.heard.count(STOP), 1)
         self.assertNotIn(TICK, monitor.heard[monitor.heard.index(STOP):])
 
-    def test_the_clock_that_is_heard_comes_out_tick_by_tick_once_and_leaves_its_tempo(self):
+    def test_the_clock_that_is_heard_comes_out_tick_by_tick_once_and_leaves_its_tempo_in_each_graph(self):
         self.serve()
         orvane = self.orvane("--clock-in", "Orvane In", "--clock-out", "Orvane Out", "--default-output", "Orvane Out")
-        for bpm, jitter, drift, beats in (150, 1, 0, 20), (100, 1, 2, 12):
+        for turn, (bpm, jitter, drift, beats) in enumerate([(150, 1, 0, 20), (100, 1, 2, 12)]):
             with self.subTest(bpm=bpm, drift=drift):
                 record = self.source("master", "orvane:Orvane In", "orvane:Orvane Out", bpm, jitter, drift, beats)
                 song = record.song()
@@ -110,6 +110,10 @@ class Clocks(live.House):
                 last = bpm + drift * beats
                 for distance in record.distances(STOP)[1:]:
                     self.assertAlmostEqual(distance, 48000 * 60 / last / 24, delta=24)
+            self.server.end(signal.SIGKILL)
+            until(lambda: orvane.complained.count("server is gone") == turn + 1, "the complaint")
+            self.serve()
+            until(lambda: orvane.complained.count("server is back") == turn + 1, "the return")
         self.assertEqual(orvane.end(), 0)
 
     def test_the_program_gets_the_tempo_that_is_heard(self):

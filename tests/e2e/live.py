@@ -48,7 +48,7 @@ class Program:
 
     @staticmethod
     def text(file):
-        return os.pread(file.fileno(), 1 << 20, 0).decode()
+        return os.pread(file.fileno(), 1 << 24, 0).decode()
 
     @property
     def printed(self):
@@ -70,10 +70,10 @@ class Server(Program):
     """A JACK server. A machine has room for eight, and one that was killed keeps its place until a server of its name
     ends properly."""
 
-    def __init__(self, test):
+    def __init__(self, test, *options):
         self.test = test
-        super().__init__(test, "jackd", "-r", "-n", test.environment["JACK_DEFAULT_SERVER"], "-d", "dummy", "-r",
-                         "48000", "-p", "1024")
+        super().__init__(test, "jackd", "-r", "-n", test.environment["JACK_DEFAULT_SERVER"], "-d", "dummy",
+                         *(options or ("-r", "48000", "-p", "1024")))
         until(lambda: "system:playback_1" in test.ports(), "the server")
 
     def stop(self):
