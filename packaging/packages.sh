@@ -6,7 +6,7 @@ BUILD_PACKAGES="g++ cmake ninja-build ccache pkg-config
     timgm6mb-soundfont"
 
 TEST_PACKAGES="$BUILD_PACKAGES clang libclang-rt-14-dev libgtest-dev libbenchmark-dev
-    jackd2 pipewire pipewire-bin pipewire-jack abcmidi python3 python3-mido"
+    jackd2 abcmidi python3 python3-mido"
 
 install_packages() {
     missing=""
