@@ -21,6 +21,8 @@ from live import Monitor, Server, until
 
 
 class Endurance(hotplug.Stage):
+    PERIOD = ("-r", "48000", "-p", "1024")
+
     def start(self):
         self.serve()
         orvane = self.orvane("--client", "X", "--default-output", "Orvane Out", "--status")
@@ -61,13 +63,15 @@ class Endurance(hotplug.Stage):
         gaps = []
         for turn in range(AMOUNT):
             until(lambda: len(monitor.heard) > 20, "the stream")
-            self.server.end(signal.SIGKILL if turn % 2 else signal.SIGTERM)
-            monitor.clean()
-            until(lambda: orvane.complained.count("server is gone") == turn + 1, "the complaint")
-            self.server = Server(self)
-            begin = time.monotonic()
-            until(lambda: orvane.complained.count("server is back") == turn + 1, "the return")
-            gaps.append(time.monotonic() - begin)
+            started = []
+
+            def server():
+                monitor.clean()
+                server = Server(self)
+                started.append(time.monotonic())
+                return server
+            self.restart(orvane, signal.SIGKILL if turn % 2 else signal.SIGTERM, server)
+            gaps.append(time.monotonic() - started[0])
             monitor = self.monitor(wired_to="X:Orvane Out")
         until(lambda: len(monitor.heard) > 20, "the stream")
         print(f"{AMOUNT} restarts; back in the graph after {sorted(gaps)[len(gaps) // 2]:.2f} s in the middle, "
