@@ -187,8 +187,7 @@ bool JackSystem::refresh()
         return true;
     }
     // A server that stands still would keep us waiting for an answer.
-    const bool goesOn = periods.load() != std::exchange(periodsSeen, periods.load());
-    if (!goesOn) return false;
+    if ((!portsChanged && !wiresChanged) || !waitForPeriods(1)) return false;
     if (portsChanged.exchange(false)) return followDevices(Newcomers::whenSettled);
     if (wiresChanged.exchange(false)) followWires(false);
     return false;

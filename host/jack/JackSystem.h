@@ -115,7 +115,6 @@ private:
 
     // The control thread's
     JackWiring wiring;
-    std::uint64_t periodsSeen = 0;
     using Time = std::chrono::steady_clock::time_point;
     std::map<std::string, Time> newcomers;  // addresses that were not there before, and since when they are
     std::vector<std::pair<std::size_t, jack_port_t*>> newOutputs;

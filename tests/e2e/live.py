@@ -133,7 +133,7 @@ class House(unittest.TestCase):
         return self.tool("jack_lsp", status=None).splitlines()
 
     def connections(self, port):
-        lines = self.tool("jack_lsp", "-c", port).splitlines()
+        lines = self.tool("jack_lsp", "-c", port, status=None).splitlines()
         return {line.strip() for line in lines if line.startswith(" ")}
 
     def orvane(self, *arguments):
@@ -349,6 +349,8 @@ class Live(House):
     def test_with_a_server_that_hangs_it_ends_and_a_second_signal_ends_at_once(self):
         self.serve()
         patient, hurried = self.orvane("--client", "patient"), self.orvane("--client", "hurried")
+        for one, other in (("patient", "hurried"), ("hurried", "patient")):
+            until(lambda: f"{other}:Orvane Out" in self.connections(f"{one}:from {other}:Orvane Out"), "both to settle")
         self.server.process.send_signal(signal.SIGSTOP)
         hurried.process.send_signal(signal.SIGTERM)
         time.sleep(0.2)  # two of a kind at once would count as one
