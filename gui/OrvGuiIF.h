@@ -24,6 +24,7 @@ struct WindowMove;
 namespace Gui
 {
 class GuiMessageManagerMaster;
+class KeyPresses;
 class ParentWindow;
 class Skinner;
 
@@ -107,6 +108,9 @@ public:
 
     /// Gives the keyboard back to playing, or to the text that is being edited.
     virtual void setFocus() = 0;
+
+    /// The keys of the computer that are down; only while the window is open.
+    virtual KeyPresses& getKeyPresses() = 0;
 
     /// Pop-up menus at the system panel.
     virtual void showProgramMenu() = 0;

@@ -12,6 +12,7 @@
 #include "gui/framework/Properties.h"
 #include "gui/framework/TextFocus.h"
 #include "gui/screens/computerinput/ComputerInputPanel.h"
+#include "gui/screens/computerinput/ComputerKeyboardCtl.h"
 #include "gui/screens/display/DisplayPanel.h"
 #include "gui/screens/help/HelpPanel.h"
 #include "gui/screens/main/FocusControl.h"
@@ -67,21 +68,26 @@ private:
 class MainWindow::PlayedKeys final : public KeyPresses::Listener
 {
 public:
-    explicit PlayedKeys(OrvGuiIF& owner) : gui(owner) {}
+    explicit PlayedKeys(MainWindow& mainWindow) : window(mainWindow), commands(mainWindow.gui.getOrvMessageManager()) {}
 
-    void keyDown(const Key& key, bool isRepeat) override { gui.getOrvMessageManager().postKeyDown(key, isRepeat); }
-    void keyUp(const Key& key) override { gui.getOrvMessageManager().postKeyUp(key); }
-    void showKey(int, bool) override {}
+    void keyDown(const Key& key, bool isRepeat) override { commands.postKeyDown(key, isRepeat); }
+    void keyUp(const Key& key) override { commands.postKeyUp(key); }
+    void showKey(int code, bool down) override
+    {
+        auto& picture = window.computerInputPanel->getKeyboard();
+        down ? picture.showKeyDown(code) : picture.showKeyUp(code);
+    }
 
 private:
-    OrvGuiIF& gui;
+    MainWindow& window;
+    Backend::OrvMessageManager& commands;
 };
 
 MainWindow::MainWindow(OrvGuiIF& owner, QWidget* parent, Resized tellSizeChange)
     : QWidget(parent),
       gui(owner),
       tellSize(std::move(tellSizeChange)),
-      playedKeys(std::make_unique<PlayedKeys>(owner)),
+      playedKeys(std::make_unique<PlayedKeys>(*this)),
       keyPresses(std::make_unique<KeyPresses>(*playedKeys)),
       keyInput(std::make_unique<KeyInput>(*keyPresses)),
       focusControl(new FocusControl(*keyInput, this)),

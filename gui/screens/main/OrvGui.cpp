@@ -21,6 +21,8 @@
 #include "gui/framework/Skinner.h"
 #include "gui/screens/display/DisplayPanel.h"
 #include "gui/screens/help/HelpPanel.h"
+#include "gui/screens/computerinput/ComputerInputPanel.h"
+#include "gui/screens/computerinput/ComputerKeyboardCtl.h"
 #include "gui/screens/main/MainWindow.h"
 #include "gui/screens/main/OrvGuiMessageManager.h"
 #include "gui/screens/output/OutputPanel.h"
@@ -114,6 +116,7 @@ void OrvGui::destroy()
     getOrvMessageManager().postSetScreenState(shown.screens);
     if (!shown.isVstPlugin) getOrvMessageManager().postSetLastWindowPosition(getMainWindowPosition());
     orv.removeGuiWindowHandle();
+    desk->main->hide();  // it lets go of the keys while all is there
     messageManagers.clear();
     desk.reset();
 }
@@ -262,6 +265,7 @@ bool OrvGui::isScreenShowing(Screen screen) const { return desk && desk->main->i
 void OrvGui::setFocus() { desk->main->setPlayingFocus(); }
 
 void OrvGui::showProgramMenu() { desk->main->getSystemPanel().showProgramMenu(); }
+KeyPresses& OrvGui::getKeyPresses() { return desk->main->getKeyPresses(); }
 
 void OrvGui::showDefaultMidiOutputMenu() { desk->main->getSystemPanel().showDefaultMidiOutputMenu(); }
 
@@ -272,7 +276,7 @@ Output::MusicKeyboardCtl& OrvGui::getMainMusicKeyboardCtl()
 
 void OrvGui::clearMusicKeyboardHilight() { desk->main->getOutputPanel().clearHilight(); }
 
-void OrvGui::clearComputerKeyboardHilight() {}
+void OrvGui::clearComputerKeyboardHilight() { desk->main->getComputerInputPanel().getKeyboard().clearHilight(); }
 
 void OrvGui::displayHelp(const QWidget& control)
 {

@@ -63,6 +63,7 @@ public:
     void handleResetOrv() override;
     int getNumberOfPrograms() const override;
     void setFocus() override;
+    KeyPresses& getKeyPresses() override;
     void showProgramMenu() override;
     void showDefaultMidiOutputMenu() override;
     void handleRetroRecordEnabledChanged(bool on) override;
