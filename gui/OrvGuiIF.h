@@ -13,6 +13,10 @@
 
 namespace Backend
 {
+namespace ComputerInput
+{
+class KeyConfigurationMap;
+}
 class OrvIF;
 class OrvMessageManager;
 class RegistrySettings;
@@ -111,6 +115,8 @@ public:
 
     /// The keys of the computer that are down; only while the window is open.
     virtual KeyPresses& getKeyPresses() = 0;
+    /// One line that says why the global keyboard does not do all that it should; empty if it does.
+    virtual std::string getGlobalKeyboardReason() const = 0;
 
     /// Pop-up menus at the system panel.
     virtual void showProgramMenu() = 0;
@@ -119,6 +125,10 @@ public:
     virtual void handleRetroRecordEnabledChanged(bool on) = 0;
     virtual void handleMidiThruChanged(bool on) = 0;
     virtual void handleGlobalKeyboardChanged(bool on) = 0;
+    /// The global keyboard was switched by a key of its own, wherever the focus was.
+    virtual void handleGlobalKeySwitched(bool on) = 0;
+    /// The bindings of the computer's keys are others.
+    virtual void handleKeysChanged(const Backend::ComputerInput::KeyConfigurationMap& keys) = 0;
     virtual void handleMouseSensitivityChanged(int divisor) = 0;
     virtual void handleLargeDisplayFontChanged(bool on) = 0;
 

@@ -11,7 +11,9 @@
 #include "gui/framework/GuiMessageManagerMaster.h"
 #include "gui/screens/computerinput/ComputerKeyboardCtl.h"
 #include "gui/screens/computerinput/FunctionCaption.h"
+#include "gui/screens/main/GlobalKeyboard.h"
 #include "gui/screens/main/KeyPresses.h"
+#include "keyboardhook/KeyboardHookMessages.h"
 #include "tests/gui/GuiStage.h"
 #include "tests/gui/WindowStage.h"
 
@@ -37,6 +39,11 @@ struct KeyboardWindow : WindowStage {
     {
         const QImage picture = keyboard().grab().toImage();
         return picture.pixelColor(picture.devicePixelRatio() * (keyboard().getPlace(code) + QPoint(12, 0)));
+    }
+    void hook(unsigned int number, KeyboardHook::KeyEvent event)
+    {
+        Message message = event.toMessage(static_cast<KeyboardHook::Number>(number));
+        gui->getGuiMessageManagerMaster().handleMessage(message);
     }
 };
 
@@ -160,5 +167,47 @@ TEST(ComputerKeyboard, HasAFewLettersForEveryFunction)
         const auto function = Backend::FunctionManagement::createFunctionFromXml(document.getRoot(), *stage.orv);
         EXPECT_EQ(FunctionCaption::shortNameOf(*function), caption);
     }
+}
+
+TEST(GlobalKeyboard, KeysOfOtherProgramsPlayOnceThoughOursAreHeld)
+{
+    KeyboardWindow window;
+    window.hook(KeyboardHook::KEY_DOWN, {.scanCode = 24});
+    window.hook(KeyboardHook::KEY_DOWN, {.scanCode = 24, .repeat = true});
+    EXPECT_EQ(window.keyboard().getAccessibleValue(), "Q");
+    QWidget other;
+    other.show(), other.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+    EXPECT_EQ(window.playedNow(), "C4 on") << "our focus has nothing to do with it";
+    window.hook(KeyboardHook::KEY_UP, {.scanCode = 24, .modifiers = KeyboardHook::SHIFT});
+    EXPECT_EQ(window.playedNow(), "C4 off");
+}
+
+TEST(GlobalKeyboard, TakesWhatDoesSomethingAndLeavesTheRest)
+{
+    const auto key = [](const std::string& attributes, const std::string& function) {
+        return "<Key " + attributes + "><Function><Down>" + function + "</Down></Function></Key>";
+    };
+    const std::string toggle = "<ChangeGlobalKeyboard type='toggle'/>";
+    KeyStage stage;
+    stage.load(noteKey("Q", "C4") + noteKey("Shift W", "C4") + key("id='E' global='false'", "<ResetOrv/>") +
+               "<Key id='R'/>" + key("id='F12'", toggle) + key("id='F11'", "<ChangeGlobalKeyboard type='on'/>") +
+               key("id='F10' global='false'", toggle) + key("id='F9'", toggle) + noteKey("Control F9", "D4") +
+               key("id='Shift F8'", toggle));
+    const auto excluded = Gui::GlobalKeyboard::findExcluded(stage.keys().getKeys());
+    std::string taken;
+    for (const int code : {int{'Q'}, int{'W'}, int{'E'}, int{'R'}, int{'T'}, 123, 122, 121, 120, 119, 16})
+        if (!excluded.contains(code)) taken += Key{.keyCode = code}.toXmlString() + " ";
+    EXPECT_EQ(taken, "Q W F12 F11 F9 F8 ");
+    EXPECT_EQ(Gui::GlobalKeyboard::findControlKeys(stage.keys().getKeys()), Gui::GlobalKeyboard::Codes{123});
+}
+
+TEST(GlobalKeyboard, IsSwitchedByItsKeyAndKept)
+{
+    KeyboardWindow window;
+    window.hook(KeyboardHook::UD_KEYBOARDHOOK_GLOBAL_KEY_CHANGED, {.scanCode = 1});
+    window.settle();
+    EXPECT_TRUE(window.gui->getRegistrySettings().getGlobalKeyboard());
+    EXPECT_TRUE(window.orv->getRegistrySettings().getGlobalKeyboard());
 }
 }  // namespace

@@ -78,5 +78,9 @@ void ComputerInputPanel::handleComputerInputChanged(const std::string& preset)
 
 void ComputerInputPanel::handlePresetLoaded() { keyboard->showConfigurations(); }
 
-void ComputerInputPanel::showKeys() { keyboard->showConfigurations(); }
+void ComputerInputPanel::showKeys()
+{
+    keyboard->showConfigurations();
+    gui.handleKeysChanged(keys);
+}
 }  // namespace Gui::ComputerInput

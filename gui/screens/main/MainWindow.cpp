@@ -122,8 +122,7 @@ void MainWindow::makeButtons()
     };
     resetButton = make(QStringLiteral("R"), 5, tr("Reset"), tr("Reset: ends every note."));
     thruButton = make(QStringLiteral("T"), 37, tr("MIDI thru"), tr("MIDI Thru: passes on what comes in."));
-    keyboardButton = make(QStringLiteral("K"), 69, tr("Global keyboard"),
-                          tr("Global Keyboard: plays from the keyboard while other programs have the focus."));
+    keyboardButton = make(QStringLiteral("K"), 69, tr("Global keyboard"), {});
     for (auto* latch : {thruButton, keyboardButton}) latch->setCheckable(true);
     connect(resetButton, &QPushButton::clicked, [&commands] { commands.postResetOrv(); });
     connect(thruButton, &QPushButton::clicked,
@@ -214,7 +213,13 @@ void MainWindow::fit()
 
 void MainWindow::setMidiThru(bool on) { thruButton->setChecked(on); }
 
-void MainWindow::setGlobalKeyboard(bool on) { keyboardButton->setChecked(on); }
+void MainWindow::setGlobalKeyboard(bool on)
+{
+    keyboardButton->setChecked(on);
+    const QString help = tr("Global Keyboard: plays from the keyboard while other programs have the focus.");
+    const QString reason = QString::fromStdString(gui.getGlobalKeyboardReason());
+    Property::setHelp(*keyboardButton, reason.isEmpty() ? help : help + '\n' + reason);
+}
 
 // --- the focus and the keys
 
