@@ -11,6 +11,8 @@
 #include "platform/Rect.h"
 #include "platform/WindowHandle.h"
 
+class QWidget;
+
 namespace Backend
 {
 namespace ComputerInput
@@ -136,7 +138,8 @@ public:
     /// Without folder and extension.
     virtual std::string getCurrentBankName() const = 0;
 
-    using GuiContext::displayHelp;
+    /// The text of the control's `Property::HELP`.
+    virtual void displayHelp(const QWidget& control) = 0;
     virtual void displayHelp(const std::string& text) = 0;
     /// The text of that number, see `HelpTexts.h`; nothing for one that is none.
     virtual void displayHelp(int helpId) = 0;

@@ -42,7 +42,6 @@ public:
     QAccessible::Role getAccessibleRole() const override { return QAccessible::Graphic; }
     QString getAccessibleValue() const override;
     bool isPressable() const override { return false; }
-    void pressAccessible() override {}
 
 protected:
     bool event(QEvent* event) override;

@@ -111,5 +111,11 @@ GlobalKeyboard::Codes GlobalKeyboard::findControlKeys(const KeyConfigurationMap&
     return codes;
 }
 
+std::string GlobalKeyboard::describe(const std::string& reason)
+{
+    const std::string help = "Global Keyboard: plays from the keyboard while other programs have the focus.";
+    return reason.empty() ? help : help + "\n" + reason;
+}
+
 std::string GlobalKeyboard::getReason() const { return proxy.getReason().empty() ? problem : proxy.getReason(); }
 }  // namespace Gui

@@ -33,6 +33,9 @@ public:
     /// One line that says why it does not do all that it should; empty if it does.
     std::string getReason() const;
 
+    /// What its button does, and that reason.
+    static std::string describe(const std::string& reason);
+
     using Codes = std::set<std::int32_t>;
     /// The keys of the board that stay with the other programs.
     static Codes findExcluded(const Backend::ComputerInput::KeyConfigurationMap& keys);

@@ -16,6 +16,7 @@
 #include "gui/screens/display/DisplayPanel.h"
 #include "gui/screens/help/HelpPanel.h"
 #include "gui/screens/main/FocusControl.h"
+#include "gui/screens/main/GlobalKeyboard.h"
 #include "gui/screens/main/KeyInput.h"
 #include "gui/screens/main/KeyPresses.h"
 #include "gui/screens/output/OutputPanel.h"
@@ -216,9 +217,7 @@ void MainWindow::setMidiThru(bool on) { thruButton->setChecked(on); }
 void MainWindow::setGlobalKeyboard(bool on)
 {
     keyboardButton->setChecked(on);
-    const QString help = tr("Global Keyboard: plays from the keyboard while other programs have the focus.");
-    const QString reason = QString::fromStdString(gui.getGlobalKeyboardReason());
-    Property::setHelp(*keyboardButton, reason.isEmpty() ? help : help + '\n' + reason);
+    Property::setHelp(*keyboardButton, QString::fromStdString(GlobalKeyboard::describe(gui.getGlobalKeyboardReason())));
 }
 
 // --- the focus and the keys
@@ -228,9 +227,11 @@ void MainWindow::setPlayingFocus()
     if (!takesText(QApplication::focusWidget())) focusControl->setFocus();
 }
 
+/// Its help, or that of what it is a part of.
 void MainWindow::helpOn(const QWidget& control)
 {
-    if (control.property(Property::HELP).isValid()) gui.displayHelp(control);
+    for (const QWidget* widget = &control; widget != nullptr; widget = widget->parentWidget())
+        if (widget->property(Property::HELP).isValid()) return gui.displayHelp(*widget);
 }
 
 /// A click beside a text ends its editing; pointing at a control, or going there by keys, shows its help; the keys that
