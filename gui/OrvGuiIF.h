@@ -11,8 +11,14 @@
 #include "platform/Rect.h"
 #include "platform/WindowHandle.h"
 
+class QWidget;
+
 namespace Backend
 {
+namespace ComputerInput
+{
+class KeyConfigurationMap;
+}
 class OrvIF;
 class OrvMessageManager;
 class RegistrySettings;
@@ -24,6 +30,7 @@ struct WindowMove;
 namespace Gui
 {
 class GuiMessageManagerMaster;
+class KeyPresses;
 class ParentWindow;
 class Skinner;
 
@@ -108,6 +115,11 @@ public:
     /// Gives the keyboard back to playing, or to the text that is being edited.
     virtual void setFocus() = 0;
 
+    /// The keys of the computer that are down; only while the window is open.
+    virtual KeyPresses& getKeyPresses() = 0;
+    /// One line that says why the global keyboard does not do all that it should; empty if it does.
+    virtual std::string getGlobalKeyboardReason() const = 0;
+
     /// Pop-up menus at the system panel.
     virtual void showProgramMenu() = 0;
     virtual void showDefaultMidiOutputMenu() = 0;
@@ -115,6 +127,10 @@ public:
     virtual void handleRetroRecordEnabledChanged(bool on) = 0;
     virtual void handleMidiThruChanged(bool on) = 0;
     virtual void handleGlobalKeyboardChanged(bool on) = 0;
+    /// The global keyboard was switched by a key of its own, wherever the focus was.
+    virtual void handleGlobalKeySwitched(bool on) = 0;
+    /// The bindings of the computer's keys are others.
+    virtual void handleKeysChanged(const Backend::ComputerInput::KeyConfigurationMap& keys) = 0;
     virtual void handleMouseSensitivityChanged(int divisor) = 0;
     virtual void handleLargeDisplayFontChanged(bool on) = 0;
 
@@ -122,7 +138,8 @@ public:
     /// Without folder and extension.
     virtual std::string getCurrentBankName() const = 0;
 
-    using GuiContext::displayHelp;
+    /// The text of the control's `Property::HELP`.
+    virtual void displayHelp(const QWidget& control) = 0;
     virtual void displayHelp(const std::string& text) = 0;
     /// The text of that number, see `HelpTexts.h`; nothing for one that is none.
     virtual void displayHelp(int helpId) = 0;

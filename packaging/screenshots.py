@@ -111,8 +111,6 @@ class NewUser:
         """Once a window was open. One that does not exist leaves the three buttons."""
         (path,) = glob.glob(self.folder + "/config/**/3.2", recursive=True)
         state = "".join("Y" if each == screen else "N" for each in SCREENS)
-        if screen in ("layers", "cc", "zones"):  # they are parts of that one
-            state = state[:8] + "Y" + state[9:]
         with open(path) as file:
             text = re.sub("ScreenState=.*", "ScreenState=string:" + state, file.read())
         with open(path, "w") as file:

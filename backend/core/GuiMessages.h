@@ -34,7 +34,7 @@ enum Number : unsigned int {
 
     KEY_CONFIGURATIONS = 33469,  ///< payload: vector of KeyConfiguration, those that were replaced
     COMPUTER_INPUT = 33470,      ///< first parameter: whether modifiers count on key up; payload: KeyConfigurationMap
-    COMPUTER_INPUT_CHANGED = 33471,  ///< nothing; what the keys do has changed
+    COMPUTER_INPUT_CHANGED = 33471,  ///< what the keys do has changed; payload: string, the preset they came from
     COMPUTER_INPUT_PRESET = 33472,   ///< nothing; a preset was loaded
 
     MIDI_EVENT_CONFIGURATIONS = 33719,  ///< payload: vector of MidiEventConfiguration, those that changed

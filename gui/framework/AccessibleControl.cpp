@@ -21,7 +21,11 @@ public:
         return kind == QAccessible::Value ? control.getAccessibleValue() : QAccessibleWidget::text(kind);
     }
 
-    QStringList actionNames() const override { return QStringList{pressAction()} + QAccessibleWidget::actionNames(); }
+    QStringList actionNames() const override
+    {
+        const QStringList others = QAccessibleWidget::actionNames();
+        return control.isPressable() ? QStringList{pressAction()} + others : others;
+    }
 
     void doAction(const QString& action) override
     {

@@ -16,6 +16,8 @@ public:
 
     virtual QAccessible::Role getAccessibleRole() const = 0;
     virtual QString getAccessibleValue() const = 0;
+    /// Whether it can be clicked on as a whole.
+    virtual bool isPressable() const { return true; }
     /// What a click on it does; nothing for a picture.
     virtual void pressAccessible() {}
 

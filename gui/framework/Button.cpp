@@ -5,7 +5,6 @@
 #include <QPainter>
 
 #include "gui/framework/GuiContext.h"
-#include "gui/framework/HoverHelp.h"
 #include "gui/framework/Look.h"
 
 namespace Gui
@@ -29,7 +28,6 @@ Button::Button(GuiContext& guiContext, int buttonId, const QString& label, const
     setFocusPolicy(Qt::TabFocus);  // a click leaves the keyboard to whoever plays on it
     setContextMenuPolicy(Qt::PreventContextMenu);
     setAttribute(Qt::WA_OpaquePaintEvent);
-    new HoverHelp(context, *this);
     // A screen reader's click, or that of the arrow keys in a group. A latching one has changed by then.
     connect(this, &QAbstractButton::clicked, this, [this] {
         if (isCheckable()) return notify();

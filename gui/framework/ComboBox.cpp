@@ -9,7 +9,6 @@
 
 #include "gui/framework/GdiManager.h"
 #include "gui/framework/GuiContext.h"
-#include "gui/framework/HoverHelp.h"
 #include "gui/framework/KeyForwarding.h"
 #include "gui/framework/Look.h"
 #include "gui/framework/PopupMenu.h"
@@ -40,7 +39,6 @@ ComboBox::ComboBox(GuiContext& context, Typing typing, QWidget* parent)
         setCursor(Qt::ArrowCursor);
     }
     setMouseTracking(true);
-    new HoverHelp(context, *this);
     connect(this, &QLineEdit::textEdited, this, &ComboBox::typed);
     connect(menu, &QMenu::aboutToHide, &menuGone, qOverload<>(&QTimer::start));
     menuGone.setSingleShot(true);

@@ -6,7 +6,6 @@
 #include <cstdint>
 #include <utility>
 
-#include "gui/framework/HoverHelp.h"
 #include "gui/framework/Properties.h"
 
 namespace Gui
@@ -18,7 +17,6 @@ DragSlider::DragSlider(GuiContext& guiContext, Qt::Orientation direction, QWidge
     setRange(0, 127);
     setFocusPolicy(Qt::TabFocus);  // a click leaves the keyboard to whoever plays on it
     setAttribute(Qt::WA_OpaquePaintEvent);
-    new HoverHelp(context, *this);
     connect(this, &QAbstractSlider::valueChanged, this, [this](int newValue) {
         if (!quiet && onChange) onChange(newValue);
     });

@@ -1,7 +1,5 @@
 #pragma once
 
-class QWidget;
-
 namespace Gui
 {
 class GdiManager;
@@ -15,7 +13,5 @@ public:
     virtual GdiManager& getGdiManager() = 0;
     /// How many logical pixels of a drag make one step, 1 or more.
     virtual int getMouseSensitivity() const = 0;
-    /// Shows the text of the control's property HELP.
-    virtual void displayHelp(const QWidget& control) = 0;
 };
 }  // namespace Gui

@@ -9,7 +9,6 @@
 #include "backend/input/values/NoteIntervals.h"
 #include "gui/framework/GdiManager.h"
 #include "gui/framework/GuiContext.h"
-#include "gui/framework/HoverHelp.h"
 #include "gui/framework/Look.h"
 #include "gui/framework/PopupMenu.h"
 #include "gui/framework/Properties.h"
@@ -51,7 +50,6 @@ TimeIntervalCtl::TimeIntervalCtl(GuiContext& guiContext, std::int32_t lowest, st
     setFocusPolicy(Qt::TabFocus);  // a click leaves the keyboard to whoever plays on it
     setContextMenuPolicy(Qt::PreventContextMenu);
     label.setListener(this);
-    new HoverHelp(context, *this);
 }
 
 // --- the value

@@ -73,19 +73,15 @@ TEST(Button, SwallowsTheRightButtonAndLeavesOtherKeysToPlay)
     EXPECT_TRUE(heard.all.empty());
 }
 
-TEST(Button, TakesTheKeyboardByTabAloneAndShowsItsHelp)
+TEST(Button, TakesTheKeyboardByTabAlone)
 {
     GuiStage stage;
     QLineEdit typing(&stage.window);
     Button button(stage, 1, "K", Button::at(200), &stage.window);
-    button.setProperty(Property::HELP, 7);
     stage.show(typing).setFocus();
     stage.show(button);
     QTest::mouseClick(&button, Qt::LeftButton);
     EXPECT_TRUE(typing.hasFocus());
-    QEnterEvent enter({1, 1}, {1, 1}, {1, 1});
-    QApplication::sendEvent(&button, &enter);
-    EXPECT_EQ(stage.helped, std::vector<const QWidget*>{&button});
     QTest::keyClick(&typing, Qt::Key_Tab);
     EXPECT_TRUE(button.hasFocus());
 }

@@ -44,7 +44,6 @@ public:
 
     Gui::GdiManager& getGdiManager() override { return gdi; }
     int getMouseSensitivity() const override { return sensitivity; }
-    void displayHelp(const QWidget& control) override { helped.push_back(&control); }
 
     /// The control, shown and skinned.
     template <class Control>
@@ -132,5 +131,4 @@ public:
     Gui::Skinner skinner{gdi};
     Window window;
     int sensitivity = 1;
-    std::vector<const QWidget*> helped;
 };

@@ -4,7 +4,6 @@
 #include <QWindow>
 
 #include "backend/input/functions/HelpTexts.h"
-#include "gui/screens/system/SystemPanel.h"
 #include "tests/gui/OpenWindow.h"
 
 namespace
@@ -54,16 +53,4 @@ TEST_F(HelpPanel, FollowsTheKeyboard)
     EXPECT_EQ(help().substr(0, 20), "Default MIDI output:");
     gui->setFocus();
     EXPECT_EQ(help().substr(0, 20), "Default MIDI output:") << "playing leaves it";
-}
-
-TEST_F(HelpPanel, SaysWhyTheGlobalKeyboardCannotBeHad)
-{
-    auto* panel = dynamic_cast<Gui::System::SystemPanel*>(control("Global keyboard").parentWidget());
-    ASSERT_NE(panel, nullptr);
-    panel->setGlobalKeyboardReason("There is no X server.");
-    EXPECT_FALSE(button("Global keyboard").isEnabled());
-    pointAt(button("Global keyboard"));
-    EXPECT_EQ(help(), "There is no X server.");
-    panel->setGlobalKeyboardReason("");
-    EXPECT_TRUE(button("Global keyboard").isEnabled());
 }

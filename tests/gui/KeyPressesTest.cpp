@@ -103,6 +103,8 @@ TEST(KeyPresses, ShiftWhileAnotherKeyIsHeldDoesNotGoDown)
     board.press('A'), board.press(SHIFT), board.press(RIGHT_SHIFT);
     EXPECT_EQ(board.told(), "A down");
     EXPECT_EQ(board.lit, " +65");
+    board.release(SHIFT);
+    EXPECT_EQ(board.told(), "Shift Left Shift up") << "with the other Shift still held; a release is never a chord";
 
     Board chord;
     chord.press(CONTROL), chord.press(SHIFT, WITH_CONTROL), chord.press(RIGHT_SHIFT, WITH_CONTROL);

@@ -145,7 +145,7 @@ void ComputerInputManager::mergeKeyConfigurations(const std::vector<KeyConfigura
     if (notifyGui && orv.getGuiWindowHandle())
         tellGui({.number = GuiMessage::KEY_CONFIGURATIONS,
                  .payload = Payload::of(std::vector<KeyConfiguration>(configurations))});
-    tellGui({.number = GuiMessage::COMPUTER_INPUT_CHANGED});
+    tellGuiOfChange();
 }
 
 KeyConfiguration& ComputerInputManager::getOrCreate(const Key& key)
@@ -166,7 +166,12 @@ void ComputerInputManager::refreshGui() const
         tellGui({.number = GuiMessage::COMPUTER_INPUT,
                  .wparam = useKeyUpMod,
                  .payload = Payload::of(KeyConfigurationMap(keys))});
-    tellGui({.number = GuiMessage::COMPUTER_INPUT_CHANGED});
+    tellGuiOfChange();
+}
+
+void ComputerInputManager::tellGuiOfChange() const
+{
+    tellGui({.number = GuiMessage::COMPUTER_INPUT_CHANGED, .payload = Payload::of(std::string(currentPreset))});
 }
 
 void ComputerInputManager::tellGui(Message message) const { orv.getGuiWindowHandle().post(std::move(message)); }

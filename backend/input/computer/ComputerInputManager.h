@@ -83,6 +83,7 @@ public:
 private:
     bool readSection(const XmlElement& section, KeyConfigurationMap& map, bool& useKeyUpModOut) const;
     void publish();
+    void tellGuiOfChange() const;
     void tellGui(Message message) const;
 
     OrvIF& orv;

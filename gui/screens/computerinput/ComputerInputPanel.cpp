@@ -1,16 +1,86 @@
 #include "gui/screens/computerinput/ComputerInputPanel.h"
 
+#include <QCheckBox>
+#include <QLabel>
+#include <QSignalBlocker>
+
+#include "backend/core/OrvIF.h"
+#include "backend/input/computer/ComputerInputMessageManager.h"
 #include "gui/OrvGuiIF.h"
+#include "gui/framework/GuiMessageManagerMaster.h"
+#include "gui/framework/Properties.h"
+#include "gui/screens/computerinput/ComputerKeyboardCtl.h"
 
 namespace Gui::ComputerInput
 {
+using Backend::ComputerInput::KeyConfiguration;
+using Backend::ComputerInput::KeyConfigurationMap;
+
 namespace
 {
-constexpr QSize SIZE(760, 200);
+constexpr int WIDTH = 760;
+constexpr int MARGIN = 8;
+constexpr int ROW = 22;
+constexpr QRect PRESET_LABEL(MARGIN, 4, 50, ROW);
+constexpr QRect PRESET_NAME(MARGIN + 50, 4, 400, ROW);
+constexpr QRect USE_MODIFIERS(530, 4, 222, ROW);
+constexpr int KEYBOARD_TOP = 34;
+}  // namespace
+
+ComputerInputPanel::ComputerInputPanel(OrvGuiIF& owner, Panel* around)
+    : Panel(around), gui(owner), messages(*this), keyboard(new ComputerKeyboardCtl(owner, keys, this))
+{
+    makeTopRow();
+    keyboard->move((WIDTH - keyboard->width()) / 2, KEYBOARD_TOP);
+    setPanelSize({WIDTH, KEYBOARD_TOP + keyboard->height() + MARGIN});
+    gui.getGuiMessageManagerMaster().addMessageManager(&messages);
 }
 
-ComputerInputPanel::ComputerInputPanel(OrvGuiIF& owner, Panel* around) : Panel(around), gui(owner)
+void ComputerInputPanel::makeTopRow()
 {
-    setPanelSize(SIZE);
+    auto* const label = new QLabel(tr("Preset:"), this);
+    label->setGeometry(PRESET_LABEL);
+    presetName = new QLabel(this);
+    presetName->setGeometry(PRESET_NAME);
+    presetName->setTextFormat(Qt::PlainText);
+    presetName->setAccessibleName(tr("Preset of the keys"));
+    Property::set(*presetName, Property::TEXT, true);
+    handleComputerInputChanged({});
+
+    useModifiers = new QCheckBox(tr("Use modifiers on key up"), this);
+    useModifiers->setGeometry(USE_MODIFIERS);
+    useModifiers->setLayoutDirection(Qt::RightToLeft);  // the mark at the edge of the panel
+    Property::setHelp(*useModifiers, tr("When off, shift / ctrl / alt / win modifier state is ignored for key up."));
+    connect(useModifiers, &QCheckBox::clicked,
+            [this](bool on) { gui.getOrvIF().getComputerInputMessageManager().postSetUseKeyUpMod(on); });
+}
+
+// --- what the backend tells
+
+void ComputerInputPanel::handleKeyConfigurations(const std::vector<KeyConfiguration>& configurations)
+{
+    for (const KeyConfiguration& configuration : configurations) keys.put(configuration);
+    showKeys();
+}
+
+void ComputerInputPanel::handleComputerInput(bool useKeyUpMod, KeyConfigurationMap newKeys)
+{
+    keys = std::move(newKeys);
+    const QSignalBlocker quiet(useModifiers);
+    useModifiers->setChecked(useKeyUpMod);
+    showKeys();
+}
+
+void ComputerInputPanel::handleComputerInputChanged(const std::string& preset)
+{
+    presetName->setText(preset.empty() ? tr("none") : QString::fromStdString(preset));
+}
+
+void ComputerInputPanel::handlePresetLoaded() { keyboard->showConfigurations(); }
+
+void ComputerInputPanel::showKeys()
+{
+    keyboard->showConfigurations();
+    gui.handleKeysChanged(keys);
 }
 }  // namespace Gui::ComputerInput

@@ -1,6 +1,14 @@
 #pragma once
 
+#include <string>
+#include <vector>
+
+#include "backend/input/computer/KeyConfigurationMap.h"
 #include "gui/framework/Panel.h"
+#include "gui/screens/computerinput/ComputerInputGuiMessageManager.h"
+
+class QCheckBox;
+class QLabel;
 
 namespace Gui
 {
@@ -9,13 +17,32 @@ class OrvGuiIF;
 
 namespace Gui::ComputerInput
 {
-/// The picture of the computer's keyboard.
+class ComputerKeyboardCtl;
+
+/// The screen of the computer's keyboard: what each key does, and which are down. Its own copy of the bindings.
 class ComputerInputPanel final : public Panel
 {
 public:
     ComputerInputPanel(OrvGuiIF& owner, Panel* around);
 
+    ComputerKeyboardCtl& getKeyboard() { return *keyboard; }
+
+    // What the backend tells
+    void handleKeyConfigurations(const std::vector<Backend::ComputerInput::KeyConfiguration>& configurations);
+    void handleComputerInput(bool useKeyUpMod, Backend::ComputerInput::KeyConfigurationMap newKeys);
+    /// The preset that the keys came from, empty if none.
+    void handleComputerInputChanged(const std::string& preset);
+    void handlePresetLoaded();
+
 private:
+    void makeTopRow();
+    void showKeys();
+
     OrvGuiIF& gui;
+    Backend::ComputerInput::KeyConfigurationMap keys;
+    ComputerInputGuiMessageManager messages;
+    ComputerKeyboardCtl* keyboard;
+    QLabel* presetName = nullptr;
+    QCheckBox* useModifiers = nullptr;
 };
 }  // namespace Gui::ComputerInput

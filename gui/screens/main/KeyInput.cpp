@@ -35,13 +35,16 @@ void KeyInput::release(const QKeyEvent& event)
     if (!event.isAutoRepeat()) presses.release(Road::window, readKey(event));
 }
 
+/// A key that went down just behind the focus is down by now too, but what tells of it waits already and is heard first.
 void KeyInput::focusCame()
 {
     const auto down = XKeyboard::getKeysDown();
     if (!down) return;
-    for (std::size_t place = 0; place < down->size(); ++place)
-        if (down->test(place)) presses.ignoreUntilReleased(KeyTable::virtualKeyAt(static_cast<std::int64_t>(place)));
-    watch.start();
+    QTimer::singleShot(0, &watch, [this, keys = *down] {
+        for (std::size_t place = 0; place < keys.size(); ++place)
+            if (keys.test(place)) presses.ignoreUntilReleased(KeyTable::virtualKeyAt(static_cast<std::int64_t>(place)));
+        watch.start();
+    });
 }
 
 void KeyInput::focusWent() { presses.releaseAll(Road::window); }

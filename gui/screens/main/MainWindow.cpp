@@ -12,9 +12,11 @@
 #include "gui/framework/Properties.h"
 #include "gui/framework/TextFocus.h"
 #include "gui/screens/computerinput/ComputerInputPanel.h"
+#include "gui/screens/computerinput/ComputerKeyboardCtl.h"
 #include "gui/screens/display/DisplayPanel.h"
 #include "gui/screens/help/HelpPanel.h"
 #include "gui/screens/main/FocusControl.h"
+#include "gui/screens/main/GlobalKeyboard.h"
 #include "gui/screens/main/KeyInput.h"
 #include "gui/screens/main/KeyPresses.h"
 #include "gui/screens/output/OutputPanel.h"
@@ -67,21 +69,26 @@ private:
 class MainWindow::PlayedKeys final : public KeyPresses::Listener
 {
 public:
-    explicit PlayedKeys(OrvGuiIF& owner) : gui(owner) {}
+    explicit PlayedKeys(MainWindow& mainWindow) : window(mainWindow), commands(mainWindow.gui.getOrvMessageManager()) {}
 
-    void keyDown(const Key& key, bool isRepeat) override { gui.getOrvMessageManager().postKeyDown(key, isRepeat); }
-    void keyUp(const Key& key) override { gui.getOrvMessageManager().postKeyUp(key); }
-    void showKey(int, bool) override {}
+    void keyDown(const Key& key, bool isRepeat) override { commands.postKeyDown(key, isRepeat); }
+    void keyUp(const Key& key) override { commands.postKeyUp(key); }
+    void showKey(int code, bool down) override
+    {
+        auto& picture = window.computerInputPanel->getKeyboard();
+        down ? picture.showKeyDown(code) : picture.showKeyUp(code);
+    }
 
 private:
-    OrvGuiIF& gui;
+    MainWindow& window;
+    Backend::OrvMessageManager& commands;
 };
 
 MainWindow::MainWindow(OrvGuiIF& owner, QWidget* parent, Resized tellSizeChange)
     : QWidget(parent),
       gui(owner),
       tellSize(std::move(tellSizeChange)),
-      playedKeys(std::make_unique<PlayedKeys>(owner)),
+      playedKeys(std::make_unique<PlayedKeys>(*this)),
       keyPresses(std::make_unique<KeyPresses>(*playedKeys)),
       keyInput(std::make_unique<KeyInput>(*keyPresses)),
       focusControl(new FocusControl(*keyInput, this)),
@@ -116,8 +123,7 @@ void MainWindow::makeButtons()
     };
     resetButton = make(QStringLiteral("R"), 5, tr("Reset"), tr("Reset: ends every note."));
     thruButton = make(QStringLiteral("T"), 37, tr("MIDI thru"), tr("MIDI Thru: passes on what comes in."));
-    keyboardButton = make(QStringLiteral("K"), 69, tr("Global keyboard"),
-                          tr("Global Keyboard: plays from the keyboard while other programs have the focus."));
+    keyboardButton = make(QStringLiteral("K"), 69, tr("Global keyboard"), {});
     for (auto* latch : {thruButton, keyboardButton}) latch->setCheckable(true);
     connect(resetButton, &QPushButton::clicked, [&commands] { commands.postResetOrv(); });
     connect(thruButton, &QPushButton::clicked,
@@ -208,7 +214,11 @@ void MainWindow::fit()
 
 void MainWindow::setMidiThru(bool on) { thruButton->setChecked(on); }
 
-void MainWindow::setGlobalKeyboard(bool on) { keyboardButton->setChecked(on); }
+void MainWindow::setGlobalKeyboard(bool on)
+{
+    keyboardButton->setChecked(on);
+    Property::setHelp(*keyboardButton, QString::fromStdString(GlobalKeyboard::describe(gui.getGlobalKeyboardReason())));
+}
 
 // --- the focus and the keys
 
@@ -217,9 +227,11 @@ void MainWindow::setPlayingFocus()
     if (!takesText(QApplication::focusWidget())) focusControl->setFocus();
 }
 
+/// Its help, or that of what it is a part of.
 void MainWindow::helpOn(const QWidget& control)
 {
-    if (control.property(Property::HELP).isValid()) gui.displayHelp(control);
+    for (const QWidget* widget = &control; widget != nullptr; widget = widget->parentWidget())
+        if (widget->property(Property::HELP).isValid()) return gui.displayHelp(*widget);
 }
 
 /// A click beside a text ends its editing; pointing at a control, or going there by keys, shows its help; the keys that

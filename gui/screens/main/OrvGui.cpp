@@ -19,8 +19,11 @@
 #include "gui/framework/GuiWindow.h"
 #include "gui/framework/Properties.h"
 #include "gui/framework/Skinner.h"
+#include "gui/screens/computerinput/ComputerInputPanel.h"
+#include "gui/screens/computerinput/ComputerKeyboardCtl.h"
 #include "gui/screens/display/DisplayPanel.h"
 #include "gui/screens/help/HelpPanel.h"
+#include "gui/screens/main/GlobalKeyMessageManager.h"
 #include "gui/screens/main/MainWindow.h"
 #include "gui/screens/main/OrvGuiMessageManager.h"
 #include "gui/screens/output/OutputPanel.h"
@@ -47,10 +50,9 @@ OrvGuiIF* OrvGuiFactory::createOrvGui(OrvIF& orv, GuiStart start) { return new O
 /// All that lives while the window is open. What is made last goes first.
 struct OrvGui::Desk {
     Desk(OrvGui& gui, ParentWindow& parentWindow)
-        : parent(parentWindow),
-          skinner(gdi),
-          messages(gui),
-          window([&gui](Message& message) { gui.messageManagers.handleMessage(message); })
+        : parent(parentWindow), skinner(gdi), messages(gui), globalKeys(gui), window([&gui](Message& message) {
+              gui.messageManagers.handleMessage(message);
+          })
     {
     }
 
@@ -74,6 +76,7 @@ struct OrvGui::Desk {
     GdiManager gdi;
     Skinner skinner;
     OrvGuiMessageManager messages;
+    GlobalKeyMessageManager globalKeys;
     GuiWindow window;
     std::unique_ptr<MainWindow> main;
 };
@@ -92,6 +95,7 @@ bool OrvGui::create(ParentWindow& parentWindow)
     messageManagers.setThreadId(std::this_thread::get_id());
     desk = std::make_unique<Desk>(*this, parentWindow);
     messageManagers.addMessageManager(&desk->messages);
+    messageManagers.addMessageManager(&desk->globalKeys);
     desk->open(*this);  // its screens look for what is on the desk
     desk->main->setScreenState(shown.screens);
     if (const auto native = parentWindow.getNativeWindow(); native != 0 && parentWindow.getWidget() == nullptr) {
@@ -101,6 +105,7 @@ bool OrvGui::create(ParentWindow& parentWindow)
     desk->main->show();
     placeWindow();
     setFocus();
+    globalKeyboard.open(desk->window.getHandle(), shown.settings.getGlobalKeyboard());
     orv.setGuiWindowHandle(desk->window.getHandle());
     getOrvMessageManager().postRefreshGui();
     return true;
@@ -114,6 +119,8 @@ void OrvGui::destroy()
     getOrvMessageManager().postSetScreenState(shown.screens);
     if (!shown.isVstPlugin) getOrvMessageManager().postSetLastWindowPosition(getMainWindowPosition());
     orv.removeGuiWindowHandle();
+    globalKeyboard.close();
+    desk->main->hide();  // it lets go of the keys while all is there
     messageManagers.clear();
     desk.reset();
 }
@@ -221,6 +228,24 @@ void OrvGui::handleMidiThruChanged(bool on)
 
 void OrvGui::handleGlobalKeyboardChanged(bool on)
 {
+    globalKeyboard.setOn(on);
+    showGlobalKeyboard(on);
+}
+
+void OrvGui::handleGlobalKeySwitched(bool on)
+{
+    showGlobalKeyboard(on);
+    const OnOffToggle state{on ? OnOffToggle::State::on : OnOffToggle::State::off};
+    getOrvMessageManager().postChangeGlobalKeyboard(state, false);
+}
+
+void OrvGui::handleKeysChanged(const Backend::ComputerInput::KeyConfigurationMap& keys)
+{
+    globalKeyboard.setKeys(keys);
+}
+
+void OrvGui::showGlobalKeyboard(bool on)
+{
     shown.settings.setGlobalKeyboard(on);
     desk->main->setGlobalKeyboard(on);
     desk->main->getSystemPanel().handleGlobalKeyboardChanged(on);
@@ -262,6 +287,7 @@ bool OrvGui::isScreenShowing(Screen screen) const { return desk && desk->main->i
 void OrvGui::setFocus() { desk->main->setPlayingFocus(); }
 
 void OrvGui::showProgramMenu() { desk->main->getSystemPanel().showProgramMenu(); }
+KeyPresses& OrvGui::getKeyPresses() { return desk->main->getKeyPresses(); }
 
 void OrvGui::showDefaultMidiOutputMenu() { desk->main->getSystemPanel().showDefaultMidiOutputMenu(); }
 
@@ -272,7 +298,7 @@ Output::MusicKeyboardCtl& OrvGui::getMainMusicKeyboardCtl()
 
 void OrvGui::clearMusicKeyboardHilight() { desk->main->getOutputPanel().clearHilight(); }
 
-void OrvGui::clearComputerKeyboardHilight() {}
+void OrvGui::clearComputerKeyboardHilight() { desk->main->getComputerInputPanel().getKeyboard().clearHilight(); }
 
 void OrvGui::displayHelp(const QWidget& control)
 {

@@ -5,6 +5,7 @@
 #include "backend/core/GuiFactory.h"
 #include "gui/OrvGuiIF.h"
 #include "gui/framework/GuiMessageManagerMaster.h"
+#include "gui/screens/main/GlobalKeyboard.h"
 
 namespace Gui
 {
@@ -63,11 +64,15 @@ public:
     void handleResetOrv() override;
     int getNumberOfPrograms() const override;
     void setFocus() override;
+    KeyPresses& getKeyPresses() override;
+    std::string getGlobalKeyboardReason() const override { return globalKeyboard.getReason(); }
     void showProgramMenu() override;
     void showDefaultMidiOutputMenu() override;
     void handleRetroRecordEnabledChanged(bool on) override;
     void handleMidiThruChanged(bool on) override;
     void handleGlobalKeyboardChanged(bool on) override;
+    void handleGlobalKeySwitched(bool on) override;
+    void handleKeysChanged(const Backend::ComputerInput::KeyConfigurationMap& keys) override;
     void handleMouseSensitivityChanged(int divisor) override;
     void handleLargeDisplayFontChanged(bool on) override;
     Backend::OrvIF& getOrvIF() override { return orv; }
@@ -83,10 +88,12 @@ private:
 
     void applyScreens();
     void placeWindow();
+    void showGlobalKeyboard(bool on);
 
     Backend::OrvIF& orv;
     Backend::GuiStart shown;
     GuiMessageManagerMaster messageManagers;
+    GlobalKeyboard globalKeyboard;
     std::unique_ptr<Desk> desk;  // while the window is open
 };
 }  // namespace Gui

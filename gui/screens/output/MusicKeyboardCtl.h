@@ -53,6 +53,7 @@ public:
 
     QAccessible::Role getAccessibleRole() const override { return QAccessible::Graphic; }
     QString getAccessibleValue() const override { return getSoundingNames(); }
+    bool isPressable() const override { return false; }
 
 protected:
     void paintEvent(QPaintEvent* event) override;

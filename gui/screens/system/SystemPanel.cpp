@@ -14,6 +14,7 @@
 #include "gui/framework/GuiMessageManagerMaster.h"
 #include "gui/framework/PopupMenu.h"
 #include "gui/framework/Properties.h"
+#include "gui/screens/main/GlobalKeyboard.h"
 #include "gui/screens/system/ProgramNameComboBox.h"
 #include "gui/screens/system/RecordFile.h"
 #include "gui/screens/system/ScreenButtons.h"
@@ -109,22 +110,17 @@ void SystemPanel::handleDefaultMidiOutputChanged(int index)
 
 void SystemPanel::handleMidiThruChanged(bool on) { thruButton->setChecked(on); }
 
-void SystemPanel::handleGlobalKeyboardChanged(bool on) { keyboardButton->setChecked(on); }
+void SystemPanel::handleGlobalKeyboardChanged(bool on)
+{
+    keyboardButton->setChecked(on);
+    Property::setHelp(*keyboardButton, QString::fromStdString(GlobalKeyboard::describe(gui.getGlobalKeyboardReason())));
+}
 
 void SystemPanel::handleRetroRecordEnabledChanged(bool on) { recordButton->setChecked(on); }
 
 void SystemPanel::handleRetroRecordSaved(const RetroRecord::SaveReport& report)
 {
     gui.displayHelp(RecordFile::describe(report));
-}
-
-void SystemPanel::setGlobalKeyboardReason(const std::string& reason)
-{
-    keyboardButton->setEnabled(reason.empty());
-    Property::setHelp(*keyboardButton,
-                      reason.empty()
-                          ? tr("Global Keyboard: plays from the keyboard while other programs have the focus.")
-                          : QString::fromStdString(reason));
 }
 
 // --- screens

@@ -57,9 +57,6 @@ public:
     void showProgramMenu();
     void showDefaultMidiOutputMenu();
 
-    /// Why the global keyboard cannot be had, in a sentence; empty where it can.
-    void setGlobalKeyboardReason(const std::string& reason);
-
 private:
     // SystemPanelRows.cpp: what it consists of
     void addControls();

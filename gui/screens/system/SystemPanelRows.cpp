@@ -165,7 +165,6 @@ void SystemPanel::addSwitches()
     keyboardButton = addSwitch(tr("GLOBAL KEYS"), at(1, LAST_BUTTONS, END), tr("Global keyboard"), {});
     connect(keyboardButton, &QPushButton::clicked, this,
             [this](bool on) { commands().postChangeGlobalKeyboard(onOrOff(on), true); });
-    setGlobalKeyboardReason({});
 }
 
 void SystemPanel::addScreens()

@@ -1,0 +1,245 @@
+#include "gui/screens/computerinput/ComputerKeyboardCtl.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+#include <algorithm>
+
+#include "backend/midi/Note.h"
+#include "gui/OrvGuiIF.h"
+#include "gui/screens/computerinput/FunctionCaption.h"
+#include "gui/screens/computerinput/KeyboardPlan.h"
+#include "gui/screens/main/KeyPresses.h"
+#include "keyboardhook/KeyTable.h"
+
+namespace Gui::ComputerInput
+{
+using Backend::ComputerInput::KeyConfiguration;
+using Role = GdiManager::Role;
+using FontRole = GdiManager::FontRole;
+using Road = KeyPresses::Road;
+
+namespace
+{
+constexpr qreal UNIT_WIDTH = 33;
+constexpr qreal UNIT_HEIGHT = 32;
+constexpr qreal GAP = 2;
+
+const PlannedKey* findPlanned(int keyCode)
+{
+    const auto all = KeyboardPlan::getKeys();
+    const auto found = std::ranges::find(all, keyCode, &PlannedKey::code);
+    return found == all.end() ? nullptr : &*found;
+}
+
+bool isBlackKey(int note)
+{
+    return Backend::MidiEngine::getNoteName(note, Backend::MidiEngine::Octave::without).size() > 1;
+}
+
+QString nameOf(const Key& key)
+{
+    if (key.keyCode == KeyTable::KEY_RIGHT_OF_LEFT_SHIFT) return QObject::tr("The key right of the left Shift");
+    return QString::fromStdString(key.toXmlString());
+}
+}  // namespace
+
+ComputerKeyboardCtl::ComputerKeyboardCtl(OrvGuiIF& owner,
+                                         const Backend::ComputerInput::KeyConfigurationMap& configurations,
+                                         QWidget* parent)
+    : QWidget(parent), gui(owner), keys(configurations)
+{
+    setAccessibleName(tr("Computer keyboard"));
+    setMouseTracking(true);
+    setFixedSize(qRound(KeyboardPlan::WIDTH * UNIT_WIDTH), qRound(KeyboardPlan::HEIGHT * UNIT_HEIGHT));
+}
+
+// --- what is down
+
+void ComputerKeyboardCtl::showKeyDown(int keyCode)
+{
+    if (findPlanned(keyCode) != nullptr && down.insert(keyCode).second) changed();
+}
+
+void ComputerKeyboardCtl::showKeyUp(int keyCode)
+{
+    if (down.erase(keyCode) > 0) changed();
+}
+
+void ComputerKeyboardCtl::clearHilight()
+{
+    if (down.empty()) return;
+    down.clear();
+    changed();
+}
+
+void ComputerKeyboardCtl::changed()
+{
+    held = Key();
+    for (const int code : down)
+        if (bool Key::*const modifier = KeyPresses::modifierOf(code)) held.*modifier = true;
+    update();
+    accessibleValueChanged(*this, getAccessibleValue());
+}
+
+void ComputerKeyboardCtl::showConfigurations()
+{
+    helpedKey = -1;
+    update();
+}
+
+QString ComputerKeyboardCtl::getAccessibleValue() const
+{
+    QStringList names;
+    for (const int code : down) names << nameOf(Key{.keyCode = code});
+    return names.join(QStringLiteral(", "));
+}
+
+// --- what a key does
+
+const KeyConfiguration* ComputerKeyboardCtl::findConfiguration(int keyCode) const
+{
+    Key key = held;
+    key.keyCode = keyCode;
+    if (bool Key::*const own = KeyPresses::modifierOf(keyCode)) key.*own = false;
+    const KeyConfiguration* const found = keys.findElement(key);
+    return found == nullptr || found->isEmpty() ? nullptr : found;
+}
+
+QString ComputerKeyboardCtl::getCaption(int keyCode) const
+{
+    const KeyConfiguration* const configuration = findConfiguration(keyCode);
+    return configuration == nullptr ? QString() : FunctionCaption::captionOf(*configuration);
+}
+
+QString ComputerKeyboardCtl::getHelp(int keyCode) const
+{
+    Key key = held;
+    key.keyCode = keyCode;
+    if (bool Key::*const own = KeyPresses::modifierOf(keyCode)) key.*own = false;
+    const KeyConfiguration* const configuration = findConfiguration(keyCode);
+    if (configuration == nullptr) return nameOf(key) + tr(": does nothing.");
+    const QString away = configuration->global ? QString() : tr("\nOther programs keep this key.");
+    return nameOf(key) + '\n' + FunctionCaption::describe(*configuration) + away;
+}
+
+ComputerKeyboardCtl::Look ComputerKeyboardCtl::lookOf(int keyCode) const
+{
+    if (down.contains(keyCode)) return {Role::selectedButton, Role::background, Role::background};
+    const KeyConfiguration* const configuration = findConfiguration(keyCode);
+    if (configuration == nullptr) return {Role::background, Role::unselectedButton, Role::label};
+    const int note = FunctionCaption::firstNoteOf(*configuration);
+    if (note < 0) return {Role::selectedCell, Role::label, Role::text};
+    if (isBlackKey(note)) return {Role::unusedButton, Role::selectedButton, Role::labelDisabled};
+    return {Role::unselectedButton, Role::background, Role::background};
+}
+
+// --- the picture
+
+QRectF ComputerKeyboardCtl::rectOf(const PlannedKey& key) const
+{
+    return {key.x * UNIT_WIDTH, key.y * UNIT_HEIGHT, key.width * UNIT_WIDTH - GAP, key.height * UNIT_HEIGHT - GAP};
+}
+
+QPoint ComputerKeyboardCtl::getPlace(int keyCode) const
+{
+    const PlannedKey* const key = findPlanned(keyCode);
+    return key == nullptr ? QPoint(-1, -1) : rectOf(*key).center().toPoint();
+}
+
+const PlannedKey* ComputerKeyboardCtl::keyAt(QPointF place) const
+{
+    const auto all = KeyboardPlan::getKeys();
+    const auto found = std::ranges::find_if(all, [&](const PlannedKey& key) { return rectOf(key).contains(place); });
+    return found == all.end() ? nullptr : &*found;
+}
+
+void ComputerKeyboardCtl::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    for (const PlannedKey& key : KeyboardPlan::getKeys()) paintKey(painter, key);
+}
+
+void ComputerKeyboardCtl::paintKey(QPainter& painter, const PlannedKey& key) const
+{
+    constexpr qreal CORNER = 3;
+    const GdiManager& gdi = gui.getGdiManager();
+    const Look look = lookOf(key.code);
+    const QRectF place = rectOf(key);
+    painter.setPen(QPen(gdi.getColour(Role::unusedButton), 1));
+    painter.setBrush(gdi.getColour(look.fill));
+    painter.drawRoundedRect(place.adjusted(0.5, 0.5, -0.5, -0.5), CORNER, CORNER);
+
+    const QRectF inside = place.adjusted(3, 2, -2, -2);
+    painter.setPen(gdi.getColour(look.label));
+    const QString label = labels.get(key);
+    painter.setFont(gdi.getFont(FontRole::font9));
+    if (painter.fontMetrics().horizontalAdvance(label) > inside.width()) painter.setFont(gdi.getFont(FontRole::font3));
+    painter.drawText(inside, Qt::AlignTop | Qt::AlignLeft | Qt::TextSingleLine, label);
+    painter.setPen(gdi.getColour(look.caption));
+    painter.setFont(gdi.getFont(FontRole::font3));
+    const QString caption =
+        painter.fontMetrics().elidedText(getCaption(key.code), Qt::ElideRight, static_cast<int>(inside.width()) + 1);
+    painter.drawText(inside, Qt::AlignBottom | Qt::AlignLeft | Qt::TextSingleLine, caption);
+}
+
+// --- the mouse
+
+void ComputerKeyboardCtl::mousePressEvent(QMouseEvent* event)
+{
+    const PlannedKey* const key = keyAt(event->position());
+    if (event->button() != Qt::LeftButton || key == nullptr) return;
+    letGo();
+    const auto modifiers = event->modifiers();
+    gui.getKeyPresses().press(Road::picture, {.keyCode = key->code,
+                                              .shift = modifiers.testFlag(Qt::ShiftModifier),
+                                              .control = modifiers.testFlag(Qt::ControlModifier),
+                                              .alt = modifiers.testFlag(Qt::AltModifier),
+                                              .win = modifiers.testFlag(Qt::MetaModifier)});
+}
+
+void ComputerKeyboardCtl::mouseReleaseEvent(QMouseEvent* event)
+{
+    if (event->button() != Qt::LeftButton) return;
+    const auto modifiers = event->modifiers();
+    for (const int code : gui.getKeyPresses().getCodesDown(Road::picture))
+        gui.getKeyPresses().release(Road::picture, {.keyCode = code,
+                                                    .shift = modifiers.testFlag(Qt::ShiftModifier),
+                                                    .control = modifiers.testFlag(Qt::ControlModifier),
+                                                    .alt = modifiers.testFlag(Qt::AltModifier),
+                                                    .win = modifiers.testFlag(Qt::MetaModifier)});
+}
+
+void ComputerKeyboardCtl::letGo() { gui.getKeyPresses().releaseAll(Road::picture); }
+
+void ComputerKeyboardCtl::mouseMoveEvent(QMouseEvent* event) { showHelp(keyAt(event->position())); }
+
+void ComputerKeyboardCtl::showHelp(const PlannedKey* key)
+{
+    const int code = key == nullptr ? -1 : key->code;
+    if (code == helpedKey) return;
+    helpedKey = code;
+    if (code >= 0) gui.displayHelp(getHelp(code).toStdString());
+}
+
+/// The layout may have been changed elsewhere, and a release of the mouse may be lost there.
+bool ComputerKeyboardCtl::event(QEvent* event)
+{
+    if (event->type() == QEvent::WindowActivate && labels.refresh()) update();
+    if (event->type() == QEvent::WindowDeactivate) letGo();
+    if (event->type() == QEvent::Leave) helpedKey = -1;
+    return QWidget::event(event);
+}
+
+void ComputerKeyboardCtl::showEvent(QShowEvent* event)
+{
+    labels.refresh();
+    QWidget::showEvent(event);
+}
+
+void ComputerKeyboardCtl::hideEvent(QHideEvent* event)
+{
+    letGo();
+    QWidget::hideEvent(event);
+}
+}  // namespace Gui::ComputerInput

@@ -1,0 +1,216 @@
+#include "gui/screens/computerinput/FunctionCaption.h"
+
+#include <QRegularExpression>
+#include <QStringList>
+#include <algorithm>
+#include <sstream>
+
+#include "backend/input/functions/FunctionEnumerator.h"
+#include "backend/input/functions/FunctionSettingsTypes.h"
+#include "backend/input/values/ButtonConfiguration.h"
+#include "backend/midi/Note.h"
+
+namespace Gui::ComputerInput::FunctionCaption
+{
+using namespace Backend;
+using namespace Backend::FunctionManagement;
+using MidiEngine::Note;
+
+namespace
+{
+struct ShortName {
+    std::string_view type;
+    const char* text;
+};
+
+// clang-format off
+constexpr ShortName SHORT_NAMES[] = {
+    {"MidiNoteOff", "Off"}, {"MidiKeyPressure", "KP"}, {"MidiControllerChange", "CC"}, {"ProgramChange", "PC"},
+    {"MidiChannelPressure", "Press"}, {"MidiPitchBend", "Bend"}, {"MidiSongPosition", "Pos"},
+    {"MidiSongSelect", "Song"}, {"MidiBusSelect", "Bus"}, {"MidiTuneRequest", "Tune"}, {"MidiTimingTick", "Tick"},
+    {"MidiStartSong", "Start"}, {"MidiContinueSong", "Cont"}, {"MidiStopSong", "Stop"}, {"MidiActiveSensing", "Sense"},
+    {"MidiSystemReset", "SysRst"}, {"MidiEndOfSysEx", "EOX"},
+    {"ShowSystem", "Main"}, {"ShowHelp", "Help"}, {"ShowDisplay", "Displ"}, {"ShowOscillator", "Oscs"},
+    {"ShowJoystick", "Joyst"}, {"ShowMidiInput", "MIDI"}, {"ShowComputerInput", "Keys"}, {"ShowControl", "Contr"},
+    {"ShowOutput", "Outp"}, {"ShowCC", "CCs"}, {"ShowZone", "Zones"}, {"ShowLayer", "Layers"},
+    {"ShowSaveDialog", "Save"}, {"MoveWindow", "Move"},
+    {"LoadOscillatorPreset", "Preset"}, {"LoadJoystickInputPreset", "Preset"}, {"LoadMidiInputPreset", "Preset"},
+    {"LoadComputerInputPreset", "Preset"}, {"LoadControlPreset", "Preset"}, {"LoadLayerPreset", "Preset"},
+    {"ChangeProgram", "Prog"}, {"ShowProgramMenu", "Progs"}, {"ChangeDefaultMidiOutput", "Out"},
+    {"ShowDefaultMidiOutputMenu", "Outs"}, {"ChangeMidiThru", "Thru"}, {"ChangeGlobalKeyboard", "Global"},
+    {"ChangeTempo", "Tmp"}, {"ResetOrv", "Reset"},
+    {"DataSelectOsc", "Osc"}, {"ChangeOscPlaying", "Run"}, {"ChangeOscSpeed", "Spd"},
+    {"SelectControl", "Sel"}, {"SetWidgetFocus", "Foc"}, {"ChangeControl", "Ctl"}, {"SendControlData", "Send"},
+    {"SelectZone", "Zone"}, {"ChangeZoneTranspose", "ZT"}, {"DataSelectLayer", "Lay"}, {"EditSelectLayer", "Edit"},
+    {"ChangeLayerTranspose", "LT"}, {"ChangeLayerVelocity", "LV"}, {"ChangeLayerMute", "Mute"},
+    {"ChangeLayerMono", "Mono"}, {"ChangeLayerSolo", "Solo"}, {"ChangeLayerNoteToggle", "Togg"},
+};
+// clang-format on
+
+QString toText(const std::string& text) { return QString::fromStdString(text); }
+
+/// The settings that an editor would see; null if these are not they.
+template <class Settings>
+const Settings* as(const Function& function)
+{
+    return dynamic_cast<const Settings*>(&function);
+}
+
+bool isNote(MidiEngine::MessageType status)
+{
+    return status == MidiEngine::MessageType::noteOn || status == MidiEngine::MessageType::noteOff;
+}
+
+QString noteOf(const MidiSettingsType& midi) { return toText(Note(midi.getD1()).toXmlString()); }
+
+QString select(const SelectType& which)
+{
+    switch (which.kind) {
+        case SelectType::Kind::up:
+            return QStringLiteral("+");
+        case SelectType::Kind::down:
+            return QStringLiteral("-");
+        case SelectType::Kind::specific:
+            return ' ' + QString::number(which.value);
+        default:
+            return {};
+    }
+}
+
+QString direction(const SelectControlType& which)
+{
+    switch (which.kind) {
+        case SelectControlType::Kind::up:
+            return QStringLiteral(" up");
+        case SelectControlType::Kind::down:
+            return QStringLiteral(" dn");
+        case SelectControlType::Kind::left:
+            return QStringLiteral(" lf");
+        case SelectControlType::Kind::right:
+            return QStringLiteral(" rt");
+        default:
+            return {};
+    }
+}
+
+/// A change as it is typed, a fixed value behind a blank.
+QString amount(const RelativeFixedValue& value)
+{
+    const QString text = toText(value.toXmlString());
+    return value.relative || text.isEmpty() ? text : ' ' + text;
+}
+
+/// How much, or which.
+QString suffixOf(const Function& function)
+{
+    if (const auto* midi = as<MidiSettingsType>(function)) {
+        if (isNote(midi->getStatus())) return ' ' + noteOf(*midi);
+        const bool numbered = midi->getStatus() == MidiEngine::MessageType::controllerChange ||
+                              midi->getStatus() == MidiEngine::MessageType::programChange;
+        return numbered ? QString::number(midi->getD1()) : QString();
+    }
+    if (const auto* item = as<SelectSettingsType>(function))
+        return item->hasValue() ? amount(item->getValue()) : select(item->getSelectType());
+    if (const auto* control = as<SelectControlSettingsType>(function))
+        return control->hasValue() ? amount(control->getValue()) : direction(control->getSelectControlType());
+    return {};
+}
+
+bool isNoteOn(const Function& function)
+{
+    const auto* midi = as<MidiSettingsType>(function);
+    return midi != nullptr && midi->getStatus() == MidiEngine::MessageType::noteOn;
+}
+
+/// What pickers call them.
+class DisplayNames final : public FunctionEnumerator
+{
+public:
+    DisplayNames() { enumerateFunctions(*this); }
+
+    void addFunction(const FunctionInfo& function) override { functions.push_back(function); }
+
+    QString get(std::string_view type) const
+    {
+        const auto found = std::ranges::find(functions, type, &FunctionInfo::typeName);
+        const std::string_view name = found == functions.end() ? type : found->displayName;
+        return QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size()));
+    }
+
+private:
+    std::vector<FunctionInfo> functions;
+};
+
+/// The default zone, output or channel; elsewhere -1 is a number as any other.
+bool isLeftOut(const QString& name, const QString& value)
+{
+    return value == QLatin1String("-1") && QStringList{"zone", "output", "channel"}.contains(name);
+}
+
+/// What is set of the parameters, as files have them.
+QStringList parametersOf(const Function& function)
+{
+    std::ostringstream out;
+    function.writeXml(out, 0);
+    static const QRegularExpression attribute(QStringLiteral("(\\w+)=\"([^\"]+)\""));
+    QStringList parameters;
+    for (auto found = attribute.globalMatch(toText(out.str())); found.hasNext();) {
+        const auto match = found.next();
+        if (!isLeftOut(match.captured(1), match.captured(2))) parameters << match.captured(1) + ' ' + match.captured(2);
+    }
+    return parameters;
+}
+
+void addLine(QStringList& lines, const QString& when, const std::unique_ptr<Function>& function)
+{
+    if (function != nullptr && function->getType() != NO_FUNCTION) lines << when + describe(*function);
+}
+}  // namespace
+
+QString shortNameOf(const Function& function)
+{
+    if (isNoteOn(function)) return noteOf(*as<MidiSettingsType>(function));
+    const auto* const row = std::ranges::find(SHORT_NAMES, function.getType(), &ShortName::type);
+    return row == std::end(SHORT_NAMES) ? QString() : QString::fromLatin1(row->text) + suffixOf(function);
+}
+
+QString describe(const Function& function)
+{
+    static const DisplayNames names;
+    const QString name = names.get(function.getType());
+    const QStringList parameters = parametersOf(function);
+    return parameters.isEmpty() ? name : name + QStringLiteral(": ") + parameters.join(QStringLiteral(", "));
+}
+
+QString captionOf(const ButtonConfiguration& button)
+{
+    QStringList captions;
+    for (const ButtonFunction& entry : button.getEntries()) {
+        const bool goesDown = entry.downFunction != nullptr && entry.downFunction->getType() != NO_FUNCTION;
+        const auto& function = goesDown ? entry.downFunction : entry.upFunction;
+        const QString caption = function == nullptr ? QString() : shortNameOf(*function);
+        if (!caption.isEmpty() && !captions.contains(caption)) captions << caption;
+    }
+    return captions.join(' ');
+}
+
+QString describe(const ButtonConfiguration& button)
+{
+    QStringList lines;
+    for (const ButtonFunction& entry : button.getEntries()) {
+        addLine(lines, entry.keepSending ? QStringLiteral("Down and held: ") : QStringLiteral("Down: "),
+                entry.downFunction);
+        addLine(lines, QStringLiteral("Up: "), entry.upFunction);
+    }
+    return lines.join('\n');
+}
+
+int firstNoteOf(const ButtonConfiguration& button)
+{
+    int note = -1;
+    button.forEachFunction([&note](const Function& function) {
+        if (note < 0 && isNoteOn(function)) note = as<MidiSettingsType>(function)->getD1();
+    });
+    return note;
+}
+}  // namespace Gui::ComputerInput::FunctionCaption

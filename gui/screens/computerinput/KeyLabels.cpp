@@ -1,0 +1,42 @@
+#include "gui/screens/computerinput/KeyLabels.h"
+
+#include <cstring>
+
+#include "gui/framework/XKeyboard.h"
+#include "gui/screens/computerinput/KeyboardPlan.h"
+#include "keyboardhook/KeyTable.h"
+
+namespace Gui::ComputerInput
+{
+namespace
+{
+constexpr int NUMPAD_0 = 96;
+constexpr int NUMPAD_SLASH = 111;
+
+/// The keypad types something else with Num Lock than without; what is printed there is the same everywhere.
+bool followsLayout(const PlannedKey& key)
+{
+    return std::strlen(key.label) == 1 && (key.code < NUMPAD_0 || key.code > NUMPAD_SLASH);
+}
+}  // namespace
+
+bool KeyLabels::refresh()
+{
+    const XKeyboard::Layout layout;
+    std::map<int, QString> now;
+    for (const PlannedKey& key : KeyboardPlan::getKeys()) {
+        if (!followsLayout(key)) continue;
+        const QString label = layout.getLabel(KeyTable::scanCodeOf(key.code));
+        if (!label.isEmpty() && label != QLatin1String(key.label)) now[key.code] = label;
+    }
+    const bool changed = now != labels;
+    labels = std::move(now);
+    return changed;
+}
+
+QString KeyLabels::get(const PlannedKey& key) const
+{
+    const auto found = labels.find(key.code);
+    return found == labels.end() ? QString::fromLatin1(key.label) : found->second;
+}
+}  // namespace Gui::ComputerInput
