@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <cerrno>
 #include <charconv>
 #include <chrono>
 #include <cmath>
@@ -160,9 +161,12 @@ std::vector<Message> clockOf(double bpm, double jitterFrames, double drift, int 
     return events;
 }
 
+/// Somebody else may have done it before.
 bool isJoined(const Source& source, const char* from, const char* to)
 {
-    return std::string_view(from) == "-" || std::string_view(to) == "-" || jack_connect(source.client, from, to) == 0;
+    if (std::string_view(from) == "-" || std::string_view(to) == "-") return true;
+    const int result = jack_connect(source.client, from, to);
+    return result == 0 || result == EEXIST;
 }
 
 template <class Condition>

@@ -175,6 +175,7 @@ class InJack(Stage):
         for pull in (lambda keys: self.tool("jack_disconnect", "keys:out", "X:Orvane In"), Program.clean):
             keys = self.keys("X:Orvane In", "3c")
             until(lambda: sounding(monitor.heard) == ["3c"], "the note")
+            time.sleep(1)  # until it was struck for the last time: pulled out, it is joined to the port of its own
             pull(keys)
             until(lambda: not sounding(monitor.heard), "its end")
             keys.clean()
