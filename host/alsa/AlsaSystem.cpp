@@ -99,7 +99,7 @@ void AlsaSystem::removeOutput(std::size_t index)
     port.couldNotOpen = false;
     const std::lock_guard lock(sending);
     sinks[index].reset();
-    port.forgetWaiting();
+    port.lose();
 }
 
 void AlsaSystem::openInput(std::size_t index)

@@ -155,7 +155,7 @@ void JackSystem::leaveDeadGraph()
     for (const auto& input : ports.inputs()) input->found = false;
     for (const auto& output : ports.outputs()) {
         output->found = false;
-        output->forgetWaiting();
+        output->lose();
     }
     // The synthesizer is still here; what it sounded through is not.
     ports.outputs()[SYNTHESIZER]->found = true;
@@ -344,7 +344,7 @@ void JackSystem::removeOutput(std::size_t index)
     port.close();
     port.couldNotOpen = false;
     unregister(ownOutputs[index]);
-    port.forgetWaiting();
+    port.lose();
 }
 
 // The own port of a foreign one tells its direction: two devices may share a name, two ports of a client may not.

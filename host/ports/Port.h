@@ -7,6 +7,7 @@
 #include "host/midi/MidiRing.h"
 #include "host/midi/NoteLedger.h"
 #include "host/ports/EventLimit.h"
+#include "platform/Clock.h"
 
 namespace Host
 {
@@ -86,6 +87,7 @@ public:
     void deliver(std::uint32_t now, Send&& send)
     {
         const bool keepsOpen = isOpen.load();
+        ledger.beginDelivery(monotonicMilliseconds());
         if (keepsOpen) silent.store(false, std::memory_order_relaxed);
         if (isSilent()) {
             waiting.drain([](const StampedMessage&) { return true; });
@@ -105,11 +107,14 @@ public:
     /// How many notes sound at the far end. Any thread.
     int soundingNotes() const { return sounding.load(std::memory_order_relaxed); }
 
-    /// Drops what waits; what sounds at the far end stays known and is released when somebody delivers again. Closed,
-    /// and nobody delivers meanwhile.
-    void forgetWaiting()
+    /// The device is gone: drops what waits. What sounds at the far end, or may do so because the last that was sent
+    /// was not heard any more, is released when somebody delivers again. Closed, and nobody delivers meanwhile.
+    void lose()
     {
         waiting.drain([](const StampedMessage&) { return true; });
+        ledger.doubt();
+        sounding.store(ledger.soundingNotes(), std::memory_order_relaxed);
+        if (!ledger.isEmpty()) silent.store(false, std::memory_order_release);
     }
 
     std::uint64_t lossCount() const { return waiting.lossCount(); }
