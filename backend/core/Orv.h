@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <iosfwd>
 #include <mutex>
 #include <span>
@@ -288,7 +289,9 @@ private:
     std::string writeProgram();
     std::string writeProgramFile(const char* root);
     void saveInto(const std::string& path, int number, const WindowHandle& window);
-    PresetManager& getPresets(const PresetSection& section);
+    /// In the order of `PresetSections::ALL`.
+    std::array<PresetManager*, PresetSections::ALL.size()> getPresetManagers();
+    void tellPresets(const PresetManager& presets, bool done) const;
     void takeInputEvent(const MidiEngine::OrvMidiMessage& event);
     void releaseHeldNotes(int input);
     void fixDefaultMidiOutput();
