@@ -15,13 +15,16 @@
 #include "backend/input/functions/HelpTexts.h"
 #include "gui/OrvGuiFactory.h"
 #include "gui/ParentWindow.h"
+#include "gui/framework/FileNames.h"
 #include "gui/framework/GdiManager.h"
 #include "gui/framework/GuiWindow.h"
 #include "gui/framework/Properties.h"
+#include "gui/framework/Question.h"
 #include "gui/framework/Skinner.h"
 #include "gui/screens/computerinput/ComputerInputPanel.h"
 #include "gui/screens/computerinput/ComputerKeyboardCtl.h"
 #include "gui/screens/display/DisplayPanel.h"
+#include "gui/screens/files/FileCommands.h"
 #include "gui/screens/help/HelpPanel.h"
 #include "gui/screens/main/GlobalKeyMessageManager.h"
 #include "gui/screens/main/MainWindow.h"
@@ -85,7 +88,7 @@ OrvGui::OrvGui(OrvIF& backend, GuiStart start) : orv(backend), shown(std::move(s
 
 OrvGui::~OrvGui() { destroy(); }
 
-void OrvGui::initialize() {}
+void OrvGui::initialize() { sequencePresets.load(); }
 
 void OrvGui::end() { destroy(); }
 
@@ -177,6 +180,18 @@ void OrvGui::handleProgramChanged(const Program& program)
 {
     shown.program = program;
     desk->main->getSystemPanel().handleProgramChanged(program);
+    loading.clear();
+}
+
+/// Nobody is interrupted by a message but who has just chosen the file.
+void OrvGui::handleProgramMissing(const Program& program)
+{
+    if (loading.empty()) return;
+    const QString file = shownFileName(loading);
+    const bool isBank = loading == shown.bank.name && !shown.bank.programNames.empty();
+    tell(dialogParent(), QObject::tr("Load"),
+         isBank ? QObject::tr("\"%1\" has no program %2.").arg(file).arg(program.number + 1)
+                : QObject::tr("There is no program in \"%1\".").arg(file));
 }
 
 void OrvGui::handleProgramNameChanged(const Program& program) { handleProgramChanged(program); }
@@ -266,6 +281,72 @@ void OrvGui::displayMidiOutputEvent(const OrvMidiMessage& event)
 {
     orv.displayMidiOutputEvent(event);
     desk->main->getOutputPanel().displayMidiOutputEvent(event);
+}
+
+// --- files and presets
+
+/// The dialog that is on top, or the window.
+QWidget& OrvGui::dialogParent() const
+{
+    QWidget* dialog = QApplication::activeModalWidget();
+    return dialog != nullptr && desk->main->isAround(*dialog) ? *dialog : *desk->main;
+}
+
+void OrvGui::showSaveDialog()
+{
+    if (!desk->main->hasDialog()) Files::showSaveDialog(*this, *desk->main);
+}
+
+void OrvGui::showLoadDialog()
+{
+    if (!desk->main->hasDialog()) Files::showLoadDialog(*this, *desk->main);
+}
+
+void OrvGui::importVersion2File()
+{
+    if (!desk->main->hasDialog()) Files::importVersion2File(*this, *desk->main);
+}
+
+void OrvGui::loadFile(const std::string& path)
+{
+    loading = path;
+    if (path.ends_with(".prg"))
+        getOrvMessageManager().postLoadProgram(path);
+    else
+        getOrvMessageManager().postLoadBank(path);
+}
+
+void OrvGui::handlePresetsChanged(std::size_t section, const PresetList& presets, bool done)
+{
+    if (section >= presetLists.size()) return;
+    presetLists[section] = presets;
+    if (section == PresetSections::indexOf(PresetSections::COMPUTER_INPUT))
+        desk->main->getComputerInputPanel().handlePresetsChanged(presets);
+    if (!done)
+        tell(dialogParent(), QObject::tr("Error"),
+             QObject::tr("The folder \"%1\" could not be changed.").arg(PresetSections::ALL[section].folder));
+}
+
+const PresetList& OrvGui::getPresetList(const PresetSection& section) const
+{
+    return presetLists[PresetSections::indexOf(section)];
+}
+
+Preset::PresetGuiOwner& OrvGui::getComputerInputPanelAsPresetGuiOwner()
+{
+    return desk->main->getComputerInputPanel().getPresets();
+}
+
+bool OrvGui::addSequencePreset(const std::string& name, const std::string& text)
+{
+    if (!sequencePresets.addPreset(name, text)) return false;
+    getOrvMessageManager().postAddSequencePreset(name, text);
+    return true;
+}
+
+bool OrvGui::editSequencePreset(const std::string& name, const std::string& text)
+{
+    return sequencePresets.exists(name) && sequencePresets.addPreset(name, text);
 }
 
 // --- screens and help

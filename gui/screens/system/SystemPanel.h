@@ -67,6 +67,7 @@ private:
     void addSwitches();
     void addScreens();
     void addRecord();
+    void addFiles();
     template <class Control>
     Control* add(Control* control, const QRect& place, const QString& name, const QString& help);
     QLabel* addLabel(const QString& text, const QRect& place);
@@ -81,6 +82,7 @@ private:
     void saveRecord();
     void leave();
     void showMenu(ComboBox& choices);
+    void showFileMenu(const QWidget& button);
 
     OrvGuiIF& gui;
     SystemGuiMessageManager messages;

@@ -12,14 +12,14 @@
 #include "gui/screens/system/ScreenButtons.h"
 #include "gui/screens/system/TempoEdit.h"
 
-// What the system screen consists of: three rows, each control with its place, its names and the wish it utters.
+// What the system screen consists of: four rows, each control with its place, its names and the wish it utters.
 namespace Gui::System
 {
 namespace
 {
-constexpr QSize SIZE(760, 68);
+constexpr QSize SIZE(760, 92);
 constexpr int HEIGHT = 20;
-constexpr int ROWS[] = {0, 24, 48};
+constexpr int ROWS[] = {0, 24, 48, 72};
 
 /// From `left` to `right`, in one of the rows.
 QRect at(int row, int left, int right) { return {left, ROWS[row], right - left, HEIGHT}; }
@@ -35,6 +35,7 @@ constexpr int SWITCHES = 580;
 constexpr int LAST_BUTTONS = 668;
 constexpr int END = 760;
 constexpr int ARROW = 20;
+constexpr int FILE_BUTTON = 82;
 
 SelectType specific(int number) { return {.kind = SelectType::Kind::specific, .value = number}; }
 OnOffToggle onOrOff(bool on) { return {on ? OnOffToggle::State::on : OnOffToggle::State::off}; }
@@ -96,6 +97,7 @@ void SystemPanel::addControls()
     addSwitches();
     addScreens();
     addRecord();
+    addFiles();
 }
 
 void SystemPanel::addProgram()
@@ -182,5 +184,23 @@ void SystemPanel::addRecord()
         tr("SAVE REC"), at(2, LAST_BUTTONS, END), tr("Save record"),
         tr("Save Record: makes MIDI files of what was played lately, one for each output, in your music folder."));
     connect(save, &QPushButton::clicked, this, [this] { saveRecord(); });
+}
+
+void SystemPanel::addFiles()
+{
+    addLabel(tr("Files"), at(3, 0, CONTROLS - SPACE));
+    int left = CONTROLS;
+    const auto addNext = [this, &left](const QString& label, const QString& name, const QString& help) {
+        QPushButton* button = addButton(label, at(3, left, left + FILE_BUTTON), name, help);
+        left += FILE_BUTTON + SPACE;
+        return button;
+    };
+    connect(addNext(tr("LOAD"), tr("Load"), tr("Load: another bank, or one program of a file.")), &QPushButton::clicked,
+            this, [this] { gui.showLoadDialog(); });
+    connect(addNext(tr("SAVE"), tr("Save"), tr("Save: the program into a bank, or as a file of its own.")),
+            &QPushButton::clicked, this, [this] { gui.showSaveDialog(); });
+    auto* more = addNext(tr("MORE"), tr("More about files"),
+                         tr("More: the size of the bank, the bank for the start, and files of version 2."));
+    connect(more, &QPushButton::clicked, this, [this, more] { showFileMenu(*more); });
 }
 }  // namespace Gui::System
