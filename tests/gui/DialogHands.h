@@ -92,6 +92,12 @@ struct DialogHands : OpenWindow, testing::Test {
         settle();
         return text;
     }
+    /// Whether what is typed plays once the dialogs are gone.
+    bool isPlayingAgain()
+    {
+        surroundings.activateWindow();  // which the offscreen platform leaves to us
+        return dialogs().empty() && QTest::qWaitForWindowActive(&surroundings) && isPlaying();
+    }
     void openFileMenu(const QString& item)
     {
         click("More about files");

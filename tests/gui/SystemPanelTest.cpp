@@ -41,7 +41,7 @@ struct SystemPanel : OpenWindow, testing::Test {
 TEST_F(SystemPanel, ProgramsAreChosenByArrowsWheelKeysAndMenu)
 {
     EXPECT_EQ(textOf("Program"), "P0");
-    EXPECT_EQ(labels(), "Program|1|Bank|Three|3 programs|Tempo|Clock|Output|");
+    EXPECT_EQ(labels(), "Program|1|Bank|Three|3 programs|Tempo|Clock|Output|Files|");
     for (const char* expected : {"P1", "P2", "P2"}) {
         click("Next program");
         EXPECT_EQ(textOf("Program") + " 120", program());
@@ -273,7 +273,7 @@ TEST_F(SystemPanel, ABankWithoutProgramsLeavesNothingToChoose)
 {
     commands().postLoadBank((folder / "none.bnk").string());
     settle();
-    EXPECT_EQ(labels(), "Program|1|Bank|none|0 programs|Tempo|Clock|Output|");
+    EXPECT_EQ(labels(), "Program|1|Bank|none|0 programs|Tempo|Clock|Output|Files|");
     EXPECT_EQ(textOf("Program"), "");
     gui->showProgramMenu();
     wheel("Program", -1), click("Next program");
