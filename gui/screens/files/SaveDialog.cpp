@@ -31,8 +31,8 @@ SaveDialog::SaveDialog(OrvGuiIF& owner, QWidget& parent)
       gui(owner),
       name(new EditBox),
       currentBank(new QRadioButton),
-      anotherBank(new QRadioButton(tr("Another bank..."))),
-      programFile(new QRadioButton(tr("A program file..."))),
+      anotherBank(new QRadioButton(tr("In another bank..."))),
+      programFile(new QRadioButton(tr("As a program file..."))),
       programs(new QListWidget)
 {
     setWindowTitle(tr("Save"));
@@ -86,7 +86,7 @@ void SaveDialog::showBank()
     bank = gui.getCurrentBank();
     program = gui.getCurrentProgram();
     name->setText(QString::fromStdString(program.name));
-    currentBank->setText(tr("The bank \"%1\"").arg(shownFileName(bank.name)));
+    currentBank->setText(tr("In the bank \"%1\", in place of:").arg(shownFileName(bank.name)));
     programs->clear();
     int number = 0;
     for (const std::string& each : bank.programNames)
@@ -138,16 +138,24 @@ void SaveDialog::saveToCurrentBank()
 
 void SaveDialog::saveToAnotherBank()
 {
-    const auto save = [this](const std::string& path) {
-        ask(*this, tr("Confirm Overwrite"),
-            tr("Program %1 of \"%2\" will be replaced. Continue?").arg(program.number + 1).arg(shownFileName(path)),
-            [this, path] {
-                this->save(path, [this, path](const auto& window) {
-                    gui.getOrvMessageManager().postSaveToBank(path, window);
-                });
-            });
-    };
-    showFileDialog(*this, {.title = tr("Save To Bank"), .filters = {bankFilter()}, .folder = getBanksFolder()}, save);
+    showFileDialog(*this, {.title = tr("Save To Bank"), .filters = {bankFilter()}, .folder = getBanksFolder()},
+                   [this](const std::string& path) { askToReplaceIn(path); });
+}
+
+void SaveDialog::askToReplaceIn(const std::string& path)
+{
+    const std::vector<std::string> names = Backend::Bank::fromFile(path).programNames;
+    const auto number = static_cast<std::size_t>(program.number);
+    const QString place = QString::number(program.number + 1);
+    const QString file = shownFileName(path);
+    if (number >= names.size())
+        return tell(*this, tr("Error"), tr("\"%1\" has no program %2 whose place this one could take.").arg(file, place));
+    ask(*this, tr("Confirm Overwrite"),
+        tr("Program %1 \"%2\" of \"%3\" will be replaced. Continue?")
+            .arg(place, QString::fromStdString(names[number]), file),
+        [this, path] {
+            save(path, [this, path](const auto& window) { gui.getOrvMessageManager().postSaveToBank(path, window); });
+        });
 }
 
 void SaveDialog::saveToProgram()

@@ -15,7 +15,6 @@ namespace Gui
 {
 class EditBox;
 class OrvGuiIF;
-struct Operation;
 }  // namespace Gui
 
 namespace Gui::Files
@@ -39,6 +38,7 @@ private:
 
     void saveToCurrentBank();
     void saveToAnotherBank();
+    void askToReplaceIn(const std::string& path);
     void saveToProgram();
     void save(const std::string& target, std::function<void(const WindowHandle& window)> post);
 

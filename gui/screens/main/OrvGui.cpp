@@ -190,7 +190,7 @@ void OrvGui::handleProgramMissing(const Program& program)
     const QString file = shownFileName(loading);
     const bool isBank = loading == shown.bank.name && !shown.bank.programNames.empty();
     tell(dialogParent(), QObject::tr("Load"),
-         isBank ? QObject::tr("\"%1\" has no program %2.").arg(file).arg(program.number + 1)
+         isBank ? QObject::tr("\"%1\" has no program %2.").arg(file, QString::number(program.number + 1))
                 : QObject::tr("There is no program in \"%1\".").arg(file));
 }
 

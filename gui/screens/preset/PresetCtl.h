@@ -24,12 +24,13 @@ class PresetsDialog;
 class PresetCtl final : public QWidget, public PresetGuiOwner
 {
 public:
-    /// What the section's message manager does; all post.
+    /// What the section's message manager does; all post but the last, which a section has where one can select.
     struct Commands {
         std::function<void(const std::string& name)> load;
         std::function<void(const std::string& name, bool selectedOnly)> save;
         std::function<void(const std::string& oldName, const std::string& newName)> rename;
         std::function<void(const std::string& name)> remove;
+        std::function<bool()> hasSelection{};
     };
 
     static constexpr int HEIGHT = 20;
@@ -47,6 +48,7 @@ public:
     void renamePreset(const std::string& oldName, const std::string& newName) override;
     void deletePreset(const std::string& name) override;
     const Backend::PresetList& getPresetList() const override { return list; }
+    bool hasSelection() const override { return commands.hasSelection && commands.hasSelection(); }
 
 protected:
     void resizeEvent(QResizeEvent* event) override;

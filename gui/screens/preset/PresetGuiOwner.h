@@ -19,5 +19,8 @@ public:
     virtual void renamePreset(const std::string& oldName, const std::string& newName) = 0;
     virtual void deletePreset(const std::string& name) = 0;
     virtual const Backend::PresetList& getPresetList() const = 0;
+
+    /// Whether there is anything selected that could be saved alone.
+    virtual bool hasSelection() const = 0;
 };
 }  // namespace Gui::Preset

@@ -42,6 +42,7 @@ void showAddPresetDialog(PresetGuiOwner& owner, QWidget& parent)
     EditBoxDialog& dialog = makeNameDialog(tr("Add Preset"), {}, parent);
     auto* selectedOnly = new QCheckBox(tr("Selected Only"));
     Property::setHelp(*selectedOnly, tr("Saves what is selected alone. Loaded, it is added to what is there."));
+    selectedOnly->setEnabled(owner.hasSelection());
     dialog.addOption(selectedOnly);
     dialog.doubt = [&owner](const QString& name) -> EditBoxDialog::Doubt {
         if (owner.getPresetList().find(name.toStdString()) == nullptr) return {};
