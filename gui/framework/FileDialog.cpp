@@ -1,8 +1,12 @@
 #include "gui/framework/FileDialog.h"
 
+#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QLineEdit>
+#include <QSplitter>
+#include <QStandardPaths>
+#include <QUrl>
 #include <utility>
 
 #include "gui/framework/FileNames.h"
@@ -13,6 +17,20 @@ namespace Gui
 namespace
 {
 using Purpose = FileQuestion::Purpose;
+
+constexpr QSize SIZE(680, 440);
+constexpr int SIDEBAR = 130;
+
+/// Where to go with one click: the folder that it starts in, and the user's own.
+QList<QUrl> shortcutsFrom(const QString& folder)
+{
+    QList<QUrl> places;
+    for (const QString& place :
+         {folder, QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation), QDir::homePath()})
+        if (const QUrl url = QUrl::fromLocalFile(place); QFileInfo(place).isDir() && !places.contains(url))
+            places.append(url);
+    return places;
+}
 
 /// Asks its questions itself: those of the toolkit do not return before they are answered.
 class FileDialog final : public QFileDialog
@@ -30,6 +48,9 @@ public:
         setAcceptMode(purpose == Purpose::open ? AcceptOpen : AcceptSave);
         setNameFilters(question.filters);
         if (!question.name.isEmpty()) selectFile(question.name);
+        setSidebarUrls(shortcutsFrom(question.folder));
+        if (auto* splitter = findChild<QSplitter*>()) splitter->setSizes({SIDEBAR, SIZE.width() - SIDEBAR});
+        resize(SIZE);
         setAttribute(Qt::WA_DeleteOnClose);
     }
 
