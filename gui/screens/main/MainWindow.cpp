@@ -6,7 +6,9 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QTimer>
 #include <algorithm>
+#include <chrono>
 
 #include "backend/core/OrvMessageManager.h"
 #include "backend/persistence/RegistrySettings.h"
@@ -40,6 +42,8 @@ constexpr QSize BUTTON(29, 20);
 constexpr Screen SCREENS[] = {
     Screen::system,        Screen::help,     Screen::display, Screen::oscillators, Screen::joystick, Screen::midiInput,
     Screen::computerInput, Screen::controls, Screen::output,  Screen::layers,      Screen::cc,       Screen::zones};
+
+constexpr auto FOCUS_RETURNS = std::chrono::seconds(1);  // the longest that a desktop takes to give it back
 
 OnOffToggle onOrOff(bool on) { return {on ? OnOffToggle::State::on : OnOffToggle::State::off}; }
 
@@ -296,7 +300,7 @@ bool MainWindow::playInDialog(QWidget& widget, QEvent& event)
             helpOn(widget);
             return false;
         case QEvent::WindowDeactivate:
-            keyInput->focusWent();
+            widget.window()->isHidden() ? dialogWent() : keyInput->focusWent();
             return false;
         case QEvent::KeyPress: {
             const auto& key = static_cast<const QKeyEvent&>(event);
@@ -310,6 +314,14 @@ bool MainWindow::playInDialog(QWidget& widget, QEvent& event)
         default:
             return false;
     }
+}
+
+/// The window, or a dialog below, has the keys a moment later, unless another program has taken them.
+void MainWindow::dialogWent()
+{
+    QTimer::singleShot(FOCUS_RETURNS, this, [this] {
+        if (!isActiveWindow() && !isPlayedIn(QApplication::activeModalWidget())) keyInput->focusWent();
+    });
 }
 
 bool MainWindow::isAround(const QWidget& widget) const

@@ -90,6 +90,7 @@ private:
     void fit();
     void helpOn(const QWidget& control);
     bool playInDialog(QWidget& widget, QEvent& event);
+    void dialogWent();
     Panel* panelOf(Backend::Screen screen) const;
 
     OrvGuiIF& gui;
