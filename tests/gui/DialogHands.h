@@ -9,6 +9,8 @@
 #include <QSettings>
 #include <QTest>
 
+#include "backend/persistence/Bank.h"
+#include "tests/computer/KeyStage.h"
 #include "tests/gui/OpenWindow.h"
 
 /// An open window, and hands for its dialogs.
@@ -102,6 +104,23 @@ struct DialogHands : OpenWindow, testing::Test {
     {
         click("More about files");
         choose(item);
+    }
+
+    /// One key that plays a note takes the place of all.
+    void loadKey(const std::string& id, const std::string& note)
+    {
+        const std::string section = "<ComputerInput>" + noteKey(id, note) + "</ComputerInput>";
+        orv->getComputerInputManager().loadSection(XmlDocument(section, XmlDocument::Source::text).getRoot());
+        settle();
+    }
+    /// "W", wherever the keys go; what is played then.
+    std::string key(QEvent::Type type)
+    {
+        QWidget* focus = QApplication::focusWidget();
+        QKeyEvent event(type, Qt::Key_W, {}, 25, 0, 0, QStringLiteral("w"));
+        QApplication::sendEvent(focus == nullptr ? QApplication::activeWindow() : focus, &event);
+        settle();
+        return played();
     }
 
     /// The names of a bank's programs.

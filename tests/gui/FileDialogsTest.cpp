@@ -126,21 +126,29 @@ TEST_F(FileDialogs, RefuseToSaveWithoutANameOrAnotherProgramThanWasShown)
 TEST_F(FileDialogs, SaveToAnotherBankOrAFileAndAskBeforeItIsReplaced)
 {
     folder.write("Other.bnk", "<Bank>\n<Program name=\"Old\">\n</Program>\n</Bank>\n");
-    openSaveDialog("Another bank...", "New");
+    openSaveDialog("In another bank...", "New");
     pressIn("Save", "Save");
     chooseFile("Save To Bank", (folder / "Other.bnk").string());
-    EXPECT_EQ(answer(Answer::Yes), "Confirm Overwrite: Program 1 of \"Other.bnk\" will be replaced. Continue?");
+    EXPECT_EQ(answer(Answer::Yes), "Confirm Overwrite: Program 1 \"Old\" of \"Other.bnk\" will be replaced. Continue?");
     EXPECT_EQ(namesIn("Other.bnk"), "New");
     EXPECT_EQ(current(), "New of " + (folder / "Other.bnk").string());
 
-    openSaveDialog("A program file...", "What? A/B");
+    commands().postLoadBank((folder / "Three.bnk").string());
+    click("Next program");
+    openSaveDialog("In another bank...");
+    pressIn("Save", "Save");
+    chooseFile("Save To Bank", (folder / "Other.bnk").string());
+    EXPECT_EQ(answer(), "Error: \"Other.bnk\" has no program 2 whose place this one could take.");
+    QTest::keyClick(&dialog("Save"), Qt::Key_Escape);
+
+    openSaveDialog("As a program file...", "What? A/B");
     pressIn("Save", "Save");
     EXPECT_EQ(dialog("Save To Program File").findChild<QLineEdit*>("fileNameEdit")->text(), "What AB.prg");
     chooseFile("Save To Program File", (folder / "Solo 1.5").string());
     EXPECT_EQ(namesIn("Solo 1.5.prg"), "What? A/B");
     EXPECT_EQ(dialogs(), "");
 
-    openSaveDialog("A program file...", "Third");
+    openSaveDialog("As a program file...", "Third");
     pressIn("Save", "Save");
     struct Row {
         std::string file;
@@ -148,15 +156,14 @@ TEST_F(FileDialogs, SaveToAnotherBankOrAFileAndAskBeforeItIsReplaced)
     };
     const std::string base = (folder / "").string();
     for (const Row& row :
-         {Row{base + "a:b",
-              R"(Error: Name cannot contain any of the following characters: \ / : * ? " < > |)"},
+         {Row{base + "a:b", R"(Error: Name cannot contain any of the following characters: \ / : * ? " < > |)"},
           Row{base + "none/x.prg", "Error: There is no folder \"" + base + "none\"."}}) {
         chooseFile("Save To Program File", row.file);
         EXPECT_EQ(answer(), row.said);
     }
     chooseFile("Save To Program File", (folder / "SOLO 1.5.PRG").string());
     EXPECT_EQ(namesIn("SOLO 1.5.prg"), "Third") << "the extension that loading knows";
-    openSaveDialog("A program file...", "Fourth");
+    openSaveDialog("As a program file...", "Fourth");
     pressIn("Save", "Save");
     chooseFile("Save To Program File", (folder / "Solo 1.5.prg").string());
     EXPECT_EQ(answer(Answer::No), "Confirm Overwrite: \"Solo 1.5.prg\" already exists. Overwrite?");
@@ -185,7 +192,7 @@ TEST_F(FileDialogs, KeepTheFileAndSaySoWhereItCannotBeWritten)
     EXPECT_EQ(folder.read("Three.bnk"), before);
     EXPECT_EQ(folder.contents(), "Three.bnk") << "nothing is left over";
 
-    openSaveDialog("A program file...");
+    openSaveDialog("As a program file...");
     pressIn("Save", "Save");
     chooseFile("Save To Program File", "/proc/x");
     EXPECT_EQ(answer(), "Error: The program could not be saved; \"x.prg\" is as it was.");
@@ -221,8 +228,9 @@ TEST_F(FileDialogs, ChangeTheSizeOfTheBankAndAskBeforeProgramsGo)
 TEST_F(FileDialogs, MakeTheBankTheOneForTheStart)
 {
     openFileMenu("Set As Default Bank...");
-    EXPECT_EQ(answer(Answer::Yes), "Default Bank: \"Three.bnk\" will be loaded at every start, and now: what was not "
-                                   "saved is lost. Continue?");
+    EXPECT_EQ(answer(Answer::Yes),
+              "Default Bank: \"Three.bnk\" will be loaded at every start, and now: what was not "
+              "saved is lost. Continue?");
     EXPECT_EQ(orv->getRegistrySettings().getDefaultBank(), (folder / "Three.bnk").string());
     click("More about files");
     EXPECT_EQ(menu(), "Change Bank Size..., -Set As Default Bank..., Import Version 2 File...");
