@@ -29,8 +29,9 @@ constexpr int SPACE = 4;
 constexpr int WIDE_SPACE = 12;
 constexpr int CONTROLS = 58;
 constexpr int CHOICES = 144;
-constexpr int SECOND_LABELS = 376;
-constexpr int SECOND_CONTROLS = 424;
+constexpr int SECOND_LABELS = 336;
+constexpr int SECOND_CONTROLS = 384;
+constexpr int BANK_SIZE = 496;
 constexpr int SWITCHES = 580;
 constexpr int LAST_BUTTONS = 668;
 constexpr int END = 760;
@@ -126,8 +127,11 @@ void SystemPanel::addProgram()
 void SystemPanel::addBank()
 {
     addLabel(tr("Bank"), at(0, SECOND_LABELS, SECOND_CONTROLS - SPACE));
-    bankName = addValue(at(0, SECOND_CONTROLS, SWITCHES - SPACE));
-    bankSize = addValue(at(0, SWITCHES, LAST_BUTTONS - SPACE));
+    bankName = addValue(at(0, SECOND_CONTROLS, BANK_SIZE - SPACE));
+    bankSize = addValue(at(0, BANK_SIZE, SWITCHES - SPACE));
+    const auto* setup = addButton(tr("SETUP..."), at(0, SWITCHES, LAST_BUTTONS - SPACE), tr("Setup"),
+                                  tr("Setup: MIDI ports, what is played and recorded, the window and more."));
+    connect(setup, &QPushButton::clicked, this, [this] { gui.showSetupDialog(); });
     const auto* reset = addButton(tr("RESET"), at(0, LAST_BUTTONS, END), tr("Reset"), tr("Reset: ends every note."));
     connect(reset, &QPushButton::pressed, this, [this] { commands().postResetOrv(); });
 }
