@@ -4,6 +4,7 @@
 
 #include <QAccessible>
 #include <QCheckBox>
+#include <QDir>
 #include <QFileDialog>
 #include <QLabel>
 #include <QListWidget>
@@ -206,19 +207,27 @@ TEST_F(SetupDialog, NumbersAreTakenWithinTheirLimits)
     }
 }
 
-TEST_F(SetupDialog, TheSizeOfTheRecordChangesOnlyAfterAYes)
+TEST_F(SetupDialog, WhatLosesSomethingIsDoneOnlyAfterAYesToEachQuestion)
 {
     const std::string question =
         "Confirm: Changing the retrospective record buffer size will clear all existing data. Continue?";
     enter("Buffer size", "200");
     flip("Large font");
+    reach("Default bank");
+    press("Current bank as default");
     press("OK");
+    EXPECT_TRUE(message().starts_with("Confirm: \"Three.bnk\"")) << message();
+    answer(QMessageBox::Yes);
     EXPECT_EQ(message(), question);
     answer(QMessageBox::No);
     EXPECT_TRUE(dialog()->isVisible());
     EXPECT_EQ(settings().getRetroRecordBufferSize(), 100000);
     EXPECT_FALSE(settings().getLargeDisplayFont()) << "all or nothing";
     press("OK");
+    EXPECT_TRUE(message().starts_with("Confirm: \"Three.bnk\"")) << message();
+    answer(QMessageBox::Yes);
+    EXPECT_EQ(message(), question) << "each is asked";
+    EXPECT_EQ(settings().getRetroRecordBufferSize(), 100000);
     answer(QMessageBox::Yes);
     EXPECT_FALSE(isOpen());
     EXPECT_EQ(settings().getRetroRecordBufferSize(), 200000);
@@ -315,7 +324,14 @@ TEST_F(SetupDialog, TheDefaultBankIsAFileThatIsThere)
     answer(QMessageBox::Ok);
     press("Current bank as default");
     EXPECT_EQ(shown("Default bank"), path);
+    const std::string before = settings().getDefaultBank();
     press("OK");
+    EXPECT_EQ(message(),
+              "Confirm: \"Three.bnk\" will be loaded at every start, and now: what was not saved is lost. Continue?");
+    answer(QMessageBox::No);
+    EXPECT_EQ(settings().getDefaultBank(), before);
+    press("OK");
+    answer(QMessageBox::Yes);
     EXPECT_EQ(settings().getDefaultBank(), path);
 
     folder.write("Other.bnk", "<Bank>\n<Program name=\"Other\">\n</Program>\n</Bank>\n");
@@ -332,8 +348,13 @@ TEST_F(SetupDialog, TheDefaultBankIsAFileThatIsThere)
     settle();
     EXPECT_EQ(shown("Default bank"), (folder / "Other.bnk").string());
     EXPECT_EQ(settings().getDefaultBank(), path);
+    const QString here = QDir::currentPath();
+    QDir::setCurrent(QString::fromStdString((folder / "").string()));
+    enter("Default bank", "Other.bnk");
     press("OK");
-    EXPECT_EQ(settings().getDefaultBank(), (folder / "Other.bnk").string());
+    answer(QMessageBox::Yes);
+    QDir::setCurrent(here);
+    EXPECT_EQ(settings().getDefaultBank(), (folder / "Other.bnk").string()) << "it is found from anywhere";
     EXPECT_EQ(orv->getProgram().name, "Other") << "it is loaded at once";
 
     open();

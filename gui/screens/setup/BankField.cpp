@@ -1,6 +1,7 @@
 #include "gui/screens/setup/BankField.h"
 
 #include <QBoxLayout>
+#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QLabel>
@@ -75,7 +76,19 @@ QString BankField::findFault() const
     return EditBox::tr("There is no bank \"%1\".").arg(getShown());
 }
 
-void BankField::post() const { gui.getOrvMessageManager().postSetDefaultBank(getShown().toStdString()); }
+QString BankField::getQuestion() const
+{
+    if (getShown().isEmpty()) return {};
+    return EditBox::tr("\"%1\" will be loaded at every start, and now: what was not saved is lost. Continue?")
+        .arg(QFileInfo(getShown()).fileName());
+}
+
+/// It must be found again from any folder.
+void BankField::post() const
+{
+    const QString path = getShown().isEmpty() ? QString() : QFileInfo(getShown()).absoluteFilePath();
+    gui.getOrvMessageManager().postSetDefaultBank(QDir::toNativeSeparators(path).toStdString());
+}
 
 QWidget& BankField::getControl() const { return *edit; }
 

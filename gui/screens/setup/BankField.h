@@ -20,6 +20,7 @@ public:
     BankField(OrvGuiIF& owner, QBoxLayout& page);
 
     QString findFault() const override;
+    QString getQuestion() const override;
     void post() const override;
     QWidget& getControl() const override;
 

@@ -10,19 +10,13 @@
 
 namespace Gui::Setup
 {
-namespace
-{
-constexpr int NARROWEST = 70;
-constexpr int WIDEST = 230;
-}  // namespace
-
 ChoiceField::ChoiceField(OrvGuiIF& owner, const Choice& choiceRow, QBoxLayout& page)
     : gui(owner), row(choiceRow), choices(new ComboBox(owner, ComboBox::Typing::readOnly))
 {
     choices->setAccessibleName(ComboBox::tr(row.name));
     Property::setHelp(*choices, ComboBox::tr(row.help));
     Property::set(*choices, Property::TEXT, true);
-    choices->setFixedWidth(row.getEntries == LITE_CHANNEL.getEntries ? NARROWEST : WIDEST);
+    choices->setFixedWidth(row.width);
     choices->onChange = [this](int index) { shown = index; };
     SetupRow(page, ComboBox::tr(row.label), *choices);
 }

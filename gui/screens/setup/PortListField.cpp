@@ -22,9 +22,10 @@ QString textOf(const MidiPort& port)
     return port.found ? name : QListWidget::tr("%1 (Not Found)").arg(name);
 }
 
-/// "Couldn't open: Out 1, Out 2"
+/// "Couldn't open: Out 1, Out 2"; empty if all is well.
 QString describeFailures(const std::vector<MidiPort>& ports)
 {
+    if (ports.empty()) return QListWidget::tr("There are none.");
     QStringList names;
     for (const MidiPort& port : ports)
         if (port.couldNotOpen) names.append(QString::fromStdString(port.name));

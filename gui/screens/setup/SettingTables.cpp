@@ -97,6 +97,7 @@ constexpr Choice DEFAULT_OUTPUT{
     "Default output:",
     "Default MIDI output",
     "Default MIDI output: where everything sounds that names no output of its own.",
+    230,
     &getOutputEntries,
     [](const OrvGuiIF& gui) { return gui.getDefaultMidiOutput(); },
     [](const OrvGuiIF& gui, int output) { return output < 0 ? "None" : gui.getMidiOutputName(output); },
@@ -162,7 +163,7 @@ constexpr Number LITE_VELOCITY{"Velocity:",
                                "",
                                "",
                                "Velocity",
-                               "Velocity: how hard the notes of a simple program are struck, 1 to 127.",
+                               "Velocity: how hard the notes of such a host are struck, 1 to 127.",
                                "",
                                "",
                                1,
@@ -173,12 +174,13 @@ constexpr Number LITE_VELOCITY{"Velocity:",
 
 constexpr Choice LITE_CHANNEL{"Channel:",
                               "Channel",
-                              "Channel: the one on which a simple program plays.",
+                              "Channel: the one on which such a host plays.",
+                              70,
                               &getChannelEntries,
                               [](const OrvGuiIF& gui) { return gui.getRegistrySettings().getLiteChannel(); },
                               [](const OrvGuiIF&, int channel) { return std::to_string(channel + 1); },
                               [](Commands& commands, int channel) { commands.postSetLiteChannel(channel); }};
 
-constexpr Switch LITE_STACK_NOTES{"Stack Notes", "Stack Notes: a simple program stacks its notes.",
+constexpr Switch LITE_STACK_NOTES{"Stack Notes", "Stack Notes: such a host stacks its notes.",
                                   &Settings::getLiteStackNotes, &post<&Commands::postSetLiteStackNotes>};
 }  // namespace Gui::Setup

@@ -47,6 +47,7 @@ struct Choice {
     const char* label;
     const char* name;
     const char* help;
+    int width;  ///< of its control, in logical pixels
     std::vector<ComboBox::Entry> (*getEntries)(const OrvGuiIF& gui);
     int (*get)(const OrvGuiIF& gui);
     /// What stands there for a value without an entry.
