@@ -9,17 +9,18 @@
 #include "gui/framework/Properties.h"
 #include "gui/screens/system/ArrowButton.h"
 #include "gui/screens/system/ProgramNameComboBox.h"
+#include "gui/screens/system/RecordGauge.h"
 #include "gui/screens/system/ScreenButtons.h"
 #include "gui/screens/system/TempoEdit.h"
 
-// What the system screen consists of: three rows, each control with its place, its names and the wish it utters.
+// What the system screen consists of: four rows, each control with its place, its names and the wish it utters.
 namespace Gui::System
 {
 namespace
 {
-constexpr QSize SIZE(760, 68);
+constexpr QSize SIZE(760, 92);
 constexpr int HEIGHT = 20;
-constexpr int ROWS[] = {0, 24, 48};
+constexpr int ROWS[] = {0, 24, 48, 72};
 
 /// From `left` to `right`, in one of the rows.
 QRect at(int row, int left, int right) { return {left, ROWS[row], right - left, HEIGHT}; }
@@ -132,7 +133,8 @@ void SystemPanel::addBank()
     const auto* setup = addButton(tr("SETUP..."), at(0, SWITCHES, LAST_BUTTONS - SPACE), tr("Setup"),
                                   tr("Setup: MIDI ports, what is played and recorded, the window and more."));
     connect(setup, &QPushButton::clicked, this, [this] { gui.showSetupDialog(); });
-    const auto* reset = addButton(tr("RESET"), at(0, LAST_BUTTONS, END), tr("Reset"), tr("Reset: ends every note."));
+    const auto* reset =
+        addButton(tr("RESET"), at(0, LAST_BUTTONS, END), tr("Reset"), tr("Reset (panic): ends every note."));
     connect(reset, &QPushButton::pressed, this, [this] { commands().postResetOrv(); });
 }
 
@@ -182,6 +184,10 @@ void SystemPanel::addRecord()
     recordButton = addSwitch(tr("RECORD"), at(2, SWITCHES, LAST_BUTTONS - SPACE), tr("Record"),
                              tr("Record: keeps what was played lately, so that it can be saved afterwards."));
     connect(recordButton, &QPushButton::clicked, this, [this](bool on) { commands().postEnableRetroRecord(on); });
+    recordGauge =
+        add(new RecordGauge(gui.getGdiManager(), this), at(3, SWITCHES, END), tr("Fill of the record"),
+            tr("The record: how full it is, of the output that was played on most. When it is full its oldest "
+               "tenth goes for what is played next. The setup says how large it is."));
     const auto* save = addButton(
         tr("SAVE REC"), at(2, LAST_BUTTONS, END), tr("Save record"),
         tr("Save Record: makes MIDI files of what was played lately, one for each output, in your music folder."));
