@@ -163,7 +163,10 @@ public:
     /// Pop-up menus at the system panel.
     virtual void showProgramMenu() = 0;
     virtual void showDefaultMidiOutputMenu() = 0;
+    /// Opens the dialog of the settings and returns at once; one that is open comes to the front.
+    virtual void showSetupDialog() = 0;
 
+    virtual void handleRetroRecordBufferSizeChanged(int bytes) = 0;
     virtual void handleRetroRecordEnabledChanged(bool on) = 0;
     virtual void handleMidiThruChanged(bool on) = 0;
     virtual void handleGlobalKeyboardChanged(bool on) = 0;
@@ -173,6 +176,7 @@ public:
     virtual void handleKeysChanged(const Backend::ComputerInput::KeyConfigurationMap& keys) = 0;
     virtual void handleMouseSensitivityChanged(int divisor) = 0;
     virtual void handleLargeDisplayFontChanged(bool on) = 0;
+    virtual void handleClickZoneChannelTransposeChanged(bool on) = 0;
 
     virtual Backend::OrvIF& getOrvIF() = 0;
     /// Without folder and extension.

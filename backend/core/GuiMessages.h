@@ -5,6 +5,7 @@ namespace Backend::GuiMessage
 /// What the backend tells the window, each with owned copies where the two parameters do not hold it.
 enum Number : unsigned int {
     RETRO_RECORD_SAVED = 32880,             ///< payload: RetroRecord::SaveReport
+    RETRO_RECORD_FILL = 32881,              ///< first parameter: 0 to 100 percent
     SETTINGS = 33219,                       ///< payload: RegistrySettings, all of them
     MIDI_INPUT_PORTS = 33221,               ///< payload: MidiInputPorts
     MIDI_OUTPUT_PORTS = 33223,              ///< payload: MidiOutputPorts

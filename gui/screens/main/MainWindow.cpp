@@ -145,7 +145,7 @@ void MainWindow::makeButtons()
         Property::setHelp(*button, help);
         return button;
     };
-    resetButton = make(QStringLiteral("R"), 5, tr("Reset"), tr("Reset: ends every note."));
+    resetButton = make(QStringLiteral("R"), 5, tr("Reset"), tr("Reset (panic): ends every note."));
     thruButton = make(QStringLiteral("T"), 37, tr("MIDI thru"), tr("MIDI Thru: passes on what comes in."));
     keyboardButton = make(QStringLiteral("K"), 69, tr("Global keyboard"), {});
     for (auto* latch : {thruButton, keyboardButton}) latch->setCheckable(true);

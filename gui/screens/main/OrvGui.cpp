@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QGuiApplication>
+#include <QPointer>
 #include <QScreen>
 #include <QVariant>
 #include <QWindow>
@@ -30,6 +31,7 @@
 #include "gui/screens/main/MainWindow.h"
 #include "gui/screens/main/OrvGuiMessageManager.h"
 #include "gui/screens/output/OutputPanel.h"
+#include "gui/screens/setup/SetupDialog.h"
 #include "gui/screens/system/SystemPanel.h"
 #include "platform/Path.h"
 
@@ -82,6 +84,7 @@ struct OrvGui::Desk {
     GlobalKeyMessageManager globalKeys;
     GuiWindow window;
     std::unique_ptr<MainWindow> main;
+    QPointer<Setup::SetupDialog> setup;  // while it is open; it belongs to the main window
 };
 
 OrvGui::OrvGui(OrvIF& backend, GuiStart start) : orv(backend), shown(std::move(start)) {}
@@ -164,11 +167,26 @@ void OrvGui::handleSettingsChanged(const RegistrySettings& settings)
     handleDefaultMidiOutputChanged(settings.getDefaultMidiOutput());
     handleRetroRecordEnabledChanged(settings.isRetroRecordEnabled());
     desk->main->getDisplayPanel().handleSettingsChanged(settings);
+    settingsChanged();
 }
 
-void OrvGui::handleDockToBottomEdgeChanged(bool on) { shown.settings.setDockToBottomEdge(on); }
+/// What shows settings and the ports they are about.
+void OrvGui::settingsChanged()
+{
+    if (desk->setup) desk->setup->follow();
+}
 
-void OrvGui::handleDefaultBankChanged(const std::string& path) { shown.settings.setDefaultBank(path); }
+void OrvGui::handleDockToBottomEdgeChanged(bool on)
+{
+    shown.settings.setDockToBottomEdge(on);
+    settingsChanged();
+}
+
+void OrvGui::handleDefaultBankChanged(const std::string& path)
+{
+    shown.settings.setDefaultBank(path);
+    settingsChanged();
+}
 
 void OrvGui::handleBankChanged(const Bank& bank)
 {
@@ -200,6 +218,7 @@ void OrvGui::handleMidiInputPortsChanged(const MidiInputPorts& ports)
 {
     shown.inputs = ports;
     desk->main->getSystemPanel().handleMidiInputPortsChanged(ports);
+    settingsChanged();
 }
 
 void OrvGui::handleMidiOutputPortsChanged(const MidiOutputPorts& ports)
@@ -207,6 +226,7 @@ void OrvGui::handleMidiOutputPortsChanged(const MidiOutputPorts& ports)
     shown.outputs = ports;
     desk->main->getOutputPanel().handleMidiOutputPortsChanged(ports);
     desk->main->getSystemPanel().handleMidiOutputPortsChanged(ports);
+    settingsChanged();
 }
 
 void OrvGui::handleDefaultMidiOutputChanged(int output)
@@ -214,24 +234,34 @@ void OrvGui::handleDefaultMidiOutputChanged(int output)
     shown.settings.setDefaultMidiOutput(output);
     desk->main->getOutputPanel().handleDefaultMidiOutputChanged(output);
     desk->main->getSystemPanel().handleDefaultMidiOutputChanged(output);
+    settingsChanged();
 }
 
 void OrvGui::handleAlwaysOnTopChanged(bool on)
 {
     shown.settings.setAlwaysOnTop(on);
     desk->parent.alwaysOnTopChanged(on);
+    settingsChanged();
 }
 
 void OrvGui::handleUseSkinBorderChanged(bool on)
 {
     shown.settings.setUseSkinBorder(on);
     desk->parent.useSkinBorderChanged(on);
+    settingsChanged();
 }
 
 void OrvGui::handleRetroRecordEnabledChanged(bool on)
 {
     shown.settings.setRetroRecordEnabled(on);
     desk->main->getSystemPanel().handleRetroRecordEnabledChanged(on);
+    settingsChanged();
+}
+
+void OrvGui::handleRetroRecordBufferSizeChanged(int bytes)
+{
+    shown.settings.setRetroRecordBufferSize(bytes);
+    settingsChanged();
 }
 
 void OrvGui::handleMidiThruChanged(bool on)
@@ -239,6 +269,7 @@ void OrvGui::handleMidiThruChanged(bool on)
     shown.settings.setMidiThru(on);
     desk->main->setMidiThru(on);
     desk->main->getSystemPanel().handleMidiThruChanged(on);
+    settingsChanged();
 }
 
 void OrvGui::handleGlobalKeyboardChanged(bool on)
@@ -265,14 +296,26 @@ void OrvGui::showGlobalKeyboard(bool on)
     desk->main->setGlobalKeyboard(on);
     desk->main->getSystemPanel().handleGlobalKeyboardChanged(on);
     desk->parent.globalKeyboardChanged(on);
+    settingsChanged();
 }
 
-void OrvGui::handleMouseSensitivityChanged(int divisor) { shown.settings.setMouseSensitivity(divisor); }
+void OrvGui::handleMouseSensitivityChanged(int divisor)
+{
+    shown.settings.setMouseSensitivity(divisor);
+    settingsChanged();
+}
 
 void OrvGui::handleLargeDisplayFontChanged(bool on)
 {
     shown.settings.setLargeDisplayFont(on);
     desk->main->getDisplayPanel().handleLargeDisplayFontChanged(on);
+    settingsChanged();
+}
+
+void OrvGui::handleClickZoneChannelTransposeChanged(bool on)
+{
+    shown.settings.setClickZoneChannelTranspose(on);
+    settingsChanged();
 }
 
 void OrvGui::handleResetOrv() { clearMusicKeyboardHilight(); }
@@ -371,6 +414,18 @@ void OrvGui::showProgramMenu() { desk->main->getSystemPanel().showProgramMenu();
 KeyPresses& OrvGui::getKeyPresses() { return desk->main->getKeyPresses(); }
 
 void OrvGui::showDefaultMidiOutputMenu() { desk->main->getSystemPanel().showDefaultMidiOutputMenu(); }
+
+/// Of some settings the window is not told, so it asks.
+void OrvGui::showSetupDialog()
+{
+    if (!desk) return;
+    if (desk->setup && desk->setup->isVisible()) return desk->setup->activateWindow();
+    desk->setup = new Setup::SetupDialog(*this, *desk->main);
+    desk->setup->setAttribute(Qt::WA_DeleteOnClose);
+    QObject::connect(desk->setup, &QDialog::finished, desk->main.get(), [this] { setFocus(); });
+    desk->setup->open();
+    getOrvMessageManager().postRefreshGui();
+}
 
 Output::MusicKeyboardCtl& OrvGui::getMainMusicKeyboardCtl()
 {

@@ -86,6 +86,8 @@ public:
     std::string getGlobalKeyboardReason() const override { return globalKeyboard.getReason(); }
     void showProgramMenu() override;
     void showDefaultMidiOutputMenu() override;
+    void showSetupDialog() override;
+    void handleRetroRecordBufferSizeChanged(int bytes) override;
     void handleRetroRecordEnabledChanged(bool on) override;
     void handleMidiThruChanged(bool on) override;
     void handleGlobalKeyboardChanged(bool on) override;
@@ -93,6 +95,7 @@ public:
     void handleKeysChanged(const Backend::ComputerInput::KeyConfigurationMap& keys) override;
     void handleMouseSensitivityChanged(int divisor) override;
     void handleLargeDisplayFontChanged(bool on) override;
+    void handleClickZoneChannelTransposeChanged(bool on) override;
     Backend::OrvIF& getOrvIF() override { return orv; }
     std::string getCurrentBankName() const override;
     void displayHelp(const QWidget& control) override;
@@ -108,6 +111,7 @@ private:
     void placeWindow();
     void showGlobalKeyboard(bool on);
     QWidget& dialogParent() const;
+    void settingsChanged();
 
     Backend::OrvIF& orv;
     Backend::GuiStart shown;

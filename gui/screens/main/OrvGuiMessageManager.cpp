@@ -90,11 +90,13 @@ constexpr auto COMMANDS = std::to_array<Command>({
     number<&OrvGuiIF::handleDefaultMidiOutputChanged>(GuiMessage::DEFAULT_MIDI_OUTPUT),
     onOff<&OrvGuiIF::handleUseSkinBorderChanged>(GuiMessage::USE_SKIN_BORDER),
     {GuiMessage::SHOW_SCREEN, &showScreen},
+    number<&OrvGuiIF::handleRetroRecordBufferSizeChanged>(GuiMessage::RETRO_RECORD_BUFFER_SIZE),
     onOff<&OrvGuiIF::handleRetroRecordEnabledChanged>(GuiMessage::RETRO_RECORD_ENABLED),
     onOff<&OrvGuiIF::handleMidiThruChanged>(GuiMessage::MIDI_THRU),
     onOff<&OrvGuiIF::handleGlobalKeyboardChanged>(GuiMessage::GLOBAL_KEYBOARD),
     number<&OrvGuiIF::handleMouseSensitivityChanged>(GuiMessage::MOUSE_SENSITIVITY),
     {GuiMessage::PRESETS, &changePresets},
+    onOff<&OrvGuiIF::handleClickZoneChannelTransposeChanged>(GuiMessage::CLICK_ZONE_CHANNEL_TRANSPOSE),
 });
 }  // namespace
 

@@ -18,6 +18,7 @@
 #include "gui/screens/main/GlobalKeyboard.h"
 #include "gui/screens/system/ProgramNameComboBox.h"
 #include "gui/screens/system/RecordFile.h"
+#include "gui/screens/system/RecordGauge.h"
 #include "gui/screens/system/ScreenButtons.h"
 #include "gui/screens/system/TempoEdit.h"
 
@@ -50,7 +51,10 @@ SystemPanel::SystemPanel(OrvGuiIF& owner, Panel* around)
     addControls();
     showAll();
     gui.getGuiMessageManagerMaster().addMessageManager(&messages);
+    gui.getOrvIF().getRetroRecordManager().tellFillTo(gui.getWindowHandle());
 }
+
+SystemPanel::~SystemPanel() { gui.getOrvIF().getRetroRecordManager().tellFillTo({}); }
 
 OrvMessageManager& SystemPanel::commands() const { return gui.getOrvMessageManager(); }
 
@@ -118,6 +122,8 @@ void SystemPanel::handleGlobalKeyboardChanged(bool on)
 }
 
 void SystemPanel::handleRetroRecordEnabledChanged(bool on) { recordButton->setChecked(on); }
+
+void SystemPanel::handleRetroRecordFillChanged(int percent) { recordGauge->showFill(percent); }
 
 void SystemPanel::handleRetroRecordSaved(const RetroRecord::SaveReport& report)
 {

@@ -28,6 +28,7 @@ class PopupMenu;
 namespace Gui::System
 {
 class ProgramNameComboBox;
+class RecordGauge;
 class ScreenButtons;
 class TempoEdit;
 
@@ -37,6 +38,7 @@ class SystemPanel final : public Panel
 {
 public:
     SystemPanel(OrvGuiIF& owner, Panel* around);
+    ~SystemPanel() override;
 
     // What the backend tells
     void handleBankChanged(const Backend::Bank& bank);
@@ -47,6 +49,7 @@ public:
     void handleMidiThruChanged(bool on);
     void handleGlobalKeyboardChanged(bool on);
     void handleRetroRecordEnabledChanged(bool on);
+    void handleRetroRecordFillChanged(int percent);
     void handleRetroRecordSaved(const Backend::RetroRecord::SaveReport& report);
 
     /// Gives a screen its button.
@@ -96,6 +99,7 @@ private:
     QPushButton* thruButton = nullptr;
     QPushButton* keyboardButton = nullptr;
     QPushButton* recordButton = nullptr;
+    RecordGauge* recordGauge = nullptr;
     ScreenButtons* screens = nullptr;
     PopupMenu* menu;
 };

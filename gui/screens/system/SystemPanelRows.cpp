@@ -9,6 +9,7 @@
 #include "gui/framework/Properties.h"
 #include "gui/screens/system/ArrowButton.h"
 #include "gui/screens/system/ProgramNameComboBox.h"
+#include "gui/screens/system/RecordGauge.h"
 #include "gui/screens/system/ScreenButtons.h"
 #include "gui/screens/system/TempoEdit.h"
 
@@ -29,8 +30,9 @@ constexpr int SPACE = 4;
 constexpr int WIDE_SPACE = 12;
 constexpr int CONTROLS = 58;
 constexpr int CHOICES = 144;
-constexpr int SECOND_LABELS = 376;
-constexpr int SECOND_CONTROLS = 424;
+constexpr int SECOND_LABELS = 336;
+constexpr int SECOND_CONTROLS = 384;
+constexpr int BANK_SIZE = 496;
 constexpr int SWITCHES = 580;
 constexpr int LAST_BUTTONS = 668;
 constexpr int END = 760;
@@ -128,9 +130,13 @@ void SystemPanel::addProgram()
 void SystemPanel::addBank()
 {
     addLabel(tr("Bank"), at(0, SECOND_LABELS, SECOND_CONTROLS - SPACE));
-    bankName = addValue(at(0, SECOND_CONTROLS, SWITCHES - SPACE));
-    bankSize = addValue(at(0, SWITCHES, LAST_BUTTONS - SPACE));
-    const auto* reset = addButton(tr("RESET"), at(0, LAST_BUTTONS, END), tr("Reset"), tr("Reset: ends every note."));
+    bankName = addValue(at(0, SECOND_CONTROLS, BANK_SIZE - SPACE));
+    bankSize = addValue(at(0, BANK_SIZE, SWITCHES - SPACE));
+    const auto* setup = addButton(tr("SETUP..."), at(0, SWITCHES, LAST_BUTTONS - SPACE), tr("Setup"),
+                                  tr("Setup: MIDI ports, what is played and recorded, the window and more."));
+    connect(setup, &QPushButton::clicked, this, [this] { gui.showSetupDialog(); });
+    const auto* reset =
+        addButton(tr("RESET"), at(0, LAST_BUTTONS, END), tr("Reset"), tr("Reset (panic): ends every note."));
     connect(reset, &QPushButton::pressed, this, [this] { commands().postResetOrv(); });
 }
 
@@ -180,6 +186,10 @@ void SystemPanel::addRecord()
     recordButton = addSwitch(tr("RECORD"), at(2, SWITCHES, LAST_BUTTONS - SPACE), tr("Record"),
                              tr("Record: keeps what was played lately, so that it can be saved afterwards."));
     connect(recordButton, &QPushButton::clicked, this, [this](bool on) { commands().postEnableRetroRecord(on); });
+    recordGauge =
+        add(new RecordGauge(gui.getGdiManager(), this), at(3, SWITCHES, END), tr("Fill of the record"),
+            tr("The record: how full it is, of the output that was played on most. When it is full its oldest "
+               "tenth goes for what is played next. The setup says how large it is."));
     const auto* save = addButton(
         tr("SAVE REC"), at(2, LAST_BUTTONS, END), tr("Save record"),
         tr("Save Record: makes MIDI files of what was played lately, one for each output, in your music folder."));
