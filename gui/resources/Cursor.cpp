@@ -1,5 +1,6 @@
 #include "gui/resources/Cursor.h"
 
+#include <QGuiApplication>
 #include <QPainter>
 #include <QPixmap>
 #include <QPolygonF>
@@ -16,7 +17,9 @@ QPixmap draw(const QColor& colour)
     constexpr qreal MIDDLE = SIZE / 2.0;
     const QPolygonF up{{QPointF(MIDDLE, 1), QPointF(MIDDLE + 6, 9), QPointF(MIDDLE - 6, 9)}};
     const QPolygonF down{{QPointF(MIDDLE, SIZE - 1), QPointF(MIDDLE + 6, SIZE - 9), QPointF(MIDDLE - 6, SIZE - 9)}};
-    QPixmap pixmap(SIZE, SIZE);
+    const qreal scale = qApp->devicePixelRatio();
+    QPixmap pixmap(QSize(SIZE, SIZE) * scale);
+    pixmap.setDevicePixelRatio(scale);
     pixmap.fill(Qt::transparent);
     QPainter painter(&pixmap);
     painter.setRenderHint(QPainter::Antialiasing);

@@ -239,8 +239,8 @@ TEST(Bank, TheWindowHearsOfNamesBanksAndScreens)
     stage.rest();
     std::string told;
     while (stage.window->handleNext([&](Message& message) {
-        if (auto* path = message.payload.get<std::string>())
-            told += message.number == GuiMessage::DEFAULT_BANK && *path == bank ? "default " : "?";
+        if (message.number == GuiMessage::DEFAULT_BANK)
+            told += *message.payload.get<std::string>() == bank ? "default " : "?";
         if (auto* loaded = message.payload.get<Bank>()) told += "bank " + std::to_string(loaded->programNames.size());
         if (message.number == GuiMessage::ORV_RESET) told += " reset ";
         if (auto* program = message.payload.get<Program>())
