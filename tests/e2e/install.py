@@ -74,6 +74,12 @@ class Install(unittest.TestCase):
         self.assertEqual([line.split(",")[2] for line in events[-2:]], ["144", "128"], events)
         self.assertEqual(sorted(os.listdir(data + "/Sequences")), sorted(os.listdir(self.there("orvane/Default/Sequences"))))
 
+    def test_the_manual_comes_with_its_pictures(self):
+        manual = self.there("orvane/Manual")
+        for path in ("index.htm", "manual.css", "pictures/window.png", "pictures/window@2x.png"):
+            self.assertTrue(os.path.isfile(os.path.join(manual, path)), path)
+        self.assertEqual([name for name in os.listdir(manual) if os.path.islink(os.path.join(manual, name))], [])
+
     def test_a_host_of_ones_own_is_built_with_what_is_installed(self):
         flags = self.run_there("pkg-config", "--cflags", "--libs", "orvane")
         host = self.folder + "/minimal_host"
