@@ -1,5 +1,8 @@
 #include "apps/orvane/RunCommand.h"
 
+#include "host/run/Tell.h"
+#include "host/session/Session.h"
+
 void addRunOptions(CLI::App& command, Host::RunOptions& options)
 {
     command.add_option("--client", options.client, "Name in the JACK graph or the ALSA sequencer")
@@ -10,7 +13,8 @@ void addRunOptions(CLI::App& command, Host::RunOptions& options)
         ->allow_extra_args(false);
     command.add_option("--default-output", options.defaultOutput, "Output for what names none: its number or name")
         ->type_name("N");
-    command.add_option("--load,FILE", options.setup.loads, "Program (.prg) or bank (.bnk) loaded at the start, in order")
+    command
+        .add_option("--load,FILE", options.setup.loads, "Program (.prg) or bank (.bnk) loaded at the start, in order")
         ->type_name("FILE")
         ->take_all()
         ->allow_extra_args(false);
@@ -27,5 +31,8 @@ void addRunCommand(CLI::App& program, Host::RunOptions& options, int& exitStatus
         "run", "Play live without a window; commands of a performance, without times, are read from standard input");
     addRunOptions(*command, options);
     command->add_flag("--keys", options.keys, "Play from the keys of this terminal; no commands are read then");
-    command->callback([&] { exitStatus = Host::run(options); });
+    command->callback([&] {
+        const auto session = Host::Session::join(options, Host::tellOnStandardError);
+        exitStatus = Host::run(options);
+    });
 }

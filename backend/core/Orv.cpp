@@ -115,6 +115,12 @@ void Orv::prepareBanks()
         registrySettings.setDefaultBank(OrvUtils::pathIn(folder, DEFAULT_BANK));
 }
 
+HostState Orv::saveState()
+{
+    const bool written = registrySettings.saveToRegistry(OrvUtils::getRegistryKey(applicationName));
+    return {bank.name, program.number, getProgramAsString(), written};
+}
+
 // --- the window
 
 WindowHandle Orv::getGuiWindowHandle() const

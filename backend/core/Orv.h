@@ -249,6 +249,7 @@ public:
     void stopJoysticks() override { joystickManager.getEngine().stop(); }
     Gui::OrvGuiIF* createOrvGui(bool isVstPlugin) override;
     void refreshGui() override;
+    HostState saveState() override;
 
     /// What `createOrvGui` makes; null for nothing. Before `start`.
     void setGuiFactory(GuiFactory factory) { guiFactory = factory; }

@@ -9,6 +9,7 @@
 #include "backend/core/OrvMessageManager.h"
 #include "host/run/PortList.h"
 #include "host/run/Run.h"
+#include "host/session/Session.h"
 
 namespace Host
 {
@@ -55,6 +56,7 @@ void LiveHost::start()
     if (defaultOutput >= 0) setDefaultOutput(defaultOutput);
     if (options.tempo) play->getOrv().getOrvMessageManager().postChangeTempo({false, *options.tempo}, true);
     join();
+    if (options.session != nullptr) options.session->begin(event);
 }
 
 void LiveHost::setDefaultOutput(int output)
@@ -101,6 +103,7 @@ void LiveHost::playUntil(const std::function<bool()>& isEndWanted)
         waitForEvent();
         play->updateDisplay();
         if (signals.takeSaveWish()) play->saveRecord(recordStem());
+        if (options.session != nullptr) options.session->serve(play->getOrv().getOrvMessageManager());
         if (play->serve())
             tell("The JACK server is gone: no MIDI and no sound any more. The engine goes on by its own clock.");
     }
@@ -108,6 +111,7 @@ void LiveHost::playUntil(const std::function<bool()>& isEndWanted)
 
 void LiveHost::end()
 {
+    if (options.session != nullptr) options.session->end();
     play->end();
     tellLosses(ports, tell);
 }

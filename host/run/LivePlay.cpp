@@ -11,6 +11,7 @@
 #include "backend/persistence/Program.h"
 #include "host/Installer.h"
 #include "host/performance/CommandPost.h"
+#include "host/run/RunOptions.h"
 
 namespace Host
 {
@@ -19,7 +20,6 @@ using Backend::MidiEngine::OrvMidiMessage;
 
 namespace
 {
-constexpr const char* APPLICATION_NAME = "Orvane 3";
 constexpr auto LONGEST_WAIT_FOR_REST = 2s;
 constexpr int SLICES_FOR_INPUTS_TO_END = 2;
 
@@ -58,6 +58,7 @@ void LivePlay::start(const Setup& setup)
     backend.sendEndInitialize();
     orv->getProgram().number = setup.number;  // of these alone: what another bank has there would be heard
     for (const std::string& file : setup.loads) postLoad(backend, file);
+    if (!setup.program.empty()) backend.postLoadProgramFromString(setup.program, setup.number);
     system.startClock(clock);
     orv->startJoysticks();
     system.listen([&backend](const OrvMidiMessage& event) { backend.postProcessMidiInputEvent(event); });

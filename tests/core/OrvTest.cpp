@@ -105,7 +105,7 @@ TEST(Orv, EndsWhileSlicesRunAndCommandsPour)
 TEST(Orv, AMessageOfNobodyIsIgnored)
 {
     Stage stage;
-    for (const unsigned number : {1u, 33217u, 33218u, 33273u, 40000u})
+    for (const unsigned number : {1u, 33217u, 33218u, 33274u, 40000u})
         stage.orv->getMessageManagerMaster().postMessage(number, 1, 2);
     stage.orv->getMessageManagerMaster().post({.number = 33257});  // a row may come without its payload
     stage.orv->getMessageManagerMaster().post({.number = 33264});

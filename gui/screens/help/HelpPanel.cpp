@@ -1,14 +1,21 @@
 #include "gui/screens/help/HelpPanel.h"
 
+#include <QFileInfo>
 #include <QPlainTextEdit>
+#include <QPushButton>
 
+#include "backend/persistence/OrvUtils.h"
 #include "gui/framework/Properties.h"
 
 namespace Gui::Help
 {
+using Backend::OrvUtils;
+
 namespace
 {
 constexpr QSize SIZE(760, 60);
+constexpr QRect MANUAL_BUTTON(668, 0, 92, 20);
+constexpr int GAP = 4;
 
 QString firstText()
 {
@@ -16,6 +23,11 @@ QString firstText()
         "Play on the keys of the computer: the row of Q and the digits above it are one piano, the row of Z and the "
         "letters above it are another. Point at anything to read here what it does. Ctrl+Tab goes from playing to the "
         "controls, Escape back to playing.");
+}
+bool hasManual()
+{
+    const std::string manual = OrvUtils::pathIn(OrvUtils::getOrvProgDir(), "Manual");
+    return QFileInfo(QString::fromStdString(OrvUtils::pathIn(manual, "index.htm"))).isFile();
 }
 }  // namespace
 
@@ -30,6 +42,18 @@ HelpPanel::HelpPanel(OrvGuiIF&, Panel* around) : Panel(around), edit(new QPlainT
     edit->setAccessibleName(tr("Help"));
     Property::set(*edit, Property::TEXT, true);
     edit->setPlainText(firstText());
+    if (hasManual()) addManualButton();
+}
+
+void HelpPanel::addManualButton()
+{
+    edit->setFixedWidth(MANUAL_BUTTON.left() - GAP);
+    auto* button = new QPushButton(tr("MANUAL"), this);
+    button->setGeometry(MANUAL_BUTTON);
+    button->setFocusPolicy(Qt::TabFocus);
+    button->setAccessibleName(tr("Manual"));
+    Property::setHelp(*button, tr("Manual: opens the manual, with pictures, where you read web pages."));
+    connect(button, &QPushButton::clicked, [] { OrvUtils::showManual(""); });
 }
 
 void HelpPanel::showText(const std::string& text) { edit->setPlainText(QString::fromStdString(text)); }
