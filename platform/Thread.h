@@ -24,10 +24,24 @@ inline ThreadId currentThreadId()
     return known != 0 ? known : Detail::learnThreadId();
 }
 
-/// Asks for real-time scheduling of the calling thread. `step` 0 is the most urgent of our threads (the clock), 1 the
-/// next (a MIDI backend), 2 the one behind (commands). False where the system grants none; the thread then goes on as
-/// it was.
-ORV_API bool requestRealTimePriority(int step);
+/// Who is to have real-time priority, the most urgent first.
+enum class RealTimeStep { clock, backend, commands };
+
+/// Asks for real-time scheduling of the calling thread; threads that it starts have none. False where the system grants
+/// none, or did not to the clock, which nothing may overtake; the thread then goes on as it was. What came of it goes
+/// to the debug stream, once for each step.
+ORV_API bool requestRealTimePriority(RealTimeStep step);
+
+/// The clock is somebody else's thread, with that real-time priority, 0 for none: the others ask for less.
+ORV_API void noteClockPriority(int priority);
+
+/// The real-time priority of the calling thread, 0 for none.
+ORV_API int realTimePriority();
+
+enum class RealTimeAnswer { none, refused, granted };
+
+/// What came of the last request of that step. Any thread.
+ORV_API RealTimeAnswer realTimeAnswer(RealTimeStep step);
 
 /// A thread with a name that debuggers and process lists show (the first 15 characters of it). Started by `start`,
 /// joined by `join` or the destructor.

@@ -56,6 +56,7 @@ Worker::Rest Worker::rest() const
 void Worker::run()
 {
     threadId = currentThreadId();
+    if (realTimeStep) requestRealTimePriority(*realTimeStep);
     currentWorker = this;
     bool stopping = false;
     while (!stopping) {

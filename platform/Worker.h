@@ -2,6 +2,7 @@
 
 #include <atomic>
 #include <functional>
+#include <optional>
 #include <string>
 
 #include "platform/MessageQueue.h"
@@ -20,6 +21,9 @@ public:
 
     Worker(const Worker&) = delete;
     Worker& operator=(const Worker&) = delete;
+
+    /// The thread will ask for real-time priority. Before `start`.
+    void setRealTimeStep(RealTimeStep step) { realTimeStep = step; }
 
     void start();
 
@@ -57,6 +61,7 @@ private:
     const unsigned int stopNumber;
     const Handler handler;
     MessageQueue messages;
+    std::optional<RealTimeStep> realTimeStep;
     std::atomic<ThreadId> threadId{0};
     std::atomic<bool> waiting{false};
     std::atomic<std::uint64_t> waits{0};

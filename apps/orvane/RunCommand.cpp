@@ -21,7 +21,17 @@ void addRunOptions(CLI::App& command, Host::RunOptions& options)
     command.add_option("--number", options.setup.number, "Program taken from a bank, counted from 0")
         ->check(CLI::Range(0, 99999))
         ->capture_default_str();
+    command
+        .add_option("--clock-in", options.clockIn,
+                    "Input whose MIDI clock sets the tempo where the program names none: its number or name")
+        ->type_name("PORT");
+    command.add_option("--clock-out", options.clockOut, "Output that gets a MIDI clock: its number or name")
+        ->type_name("PORT");
+    command.add_flag("--transport", options.transport,
+                     "Follow the JACK transport: it starts and stops the clock that is sent, and a timebase master "
+                     "sets the tempo");
     command.add_flag("--display", options.display, "Print what is played; with a window, show its display");
+    command.add_flag("--status", options.status, "Print once a second how it stands: ports, load, notes, losses");
     command.add_option("--tempo", options.tempo, "Beats per minute")->type_name("BPM")->check(CLI::Range(20, 250));
 }
 

@@ -19,6 +19,9 @@ public:
 
     MessageManagerMaster();
 
+    /// See `Worker`.
+    void setRealTimeStep(RealTimeStep step) { worker.setRealTimeStep(step); }
+
     void start() { worker.start(); }
 
     /// Ends the thread behind whatever was posted before, and waits for that.

@@ -21,6 +21,9 @@ class ORV_API MidiEngineMessageManager
 public:
     explicit MidiEngineMessageManager(MidiEngine& midiEngine);
 
+    /// See `Worker`.
+    void setRealTimeStep(RealTimeStep step) { worker.setRealTimeStep(step); }
+
     void start() { worker.start(); }
     void stop() { worker.stop(); }
 

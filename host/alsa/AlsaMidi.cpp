@@ -1,15 +1,33 @@
 #include "host/alsa/AlsaMidi.h"
 
 #include <alsa/asoundlib.h>
+#include <rtmidi/RtMidi.h>
+
+#include <cstdint>
+#include <utility>
+
+#include "platform/WholeFile.h"
 
 namespace Host
 {
 namespace
 {
+constexpr const char* CLIENTS = "/proc/asound/seq/clients";
+constexpr std::size_t LARGEST_LIST = 1u << 20;
+
 // A plain variadic function, as ALSA wants it.
 void sayNothing(const char*, int, const char*, int, const char*, ...) {}
 
 void ignoreError(RtMidiError::Type, const std::string&, void*) {}
+
+bool sequencerAnswers()
+{
+    snd_lib_error_set_handler(sayNothing);
+    snd_seq_t* sequencer = nullptr;
+    if (snd_seq_open(&sequencer, "default", SND_SEQ_OPEN_DUPLEX, SND_SEQ_NONBLOCK) < 0) return false;
+    snd_seq_close(sequencer);
+    return true;
+}
 
 template <class Midi>
 std::unique_ptr<Midi> makeMidi(const std::string& clientName)
@@ -19,52 +37,116 @@ std::unique_ptr<Midi> makeMidi(const std::string& clientName)
     return midi;
 }
 
+/// Joins to the device of that address; false if it is gone again.
+bool openPort(RtMidi& midi, const MidiDevice& device)
+{
+    if (device.address.starts_with(':')) {
+        midi.openVirtualPort(device.name);
+        return true;
+    }
+    for (unsigned int number = 0; number < midi.getPortCount(); ++number) {
+        if (midi.getPortName(number) != device.address) continue;
+        midi.openPort(number, device.name);
+        return midi.isPortOpen();
+    }
+    return false;
+}
+
 /// RtMidi throws from its constructors and, without an error callback, from everything else.
 template <class Midi>
-bool openDevice(std::unique_ptr<Midi>& midi, const AlsaDevice& device, const std::string& clientName)
+std::unique_ptr<Midi> openMidi(const MidiDevice& device, const std::string& clientName)
 {
     try {
-        midi = makeMidi<Midi>(clientName);
-        if (device.number == AlsaDevice::VIRTUAL) {
-            midi->openVirtualPort(device.name);
-            return true;
-        }
-        midi->openPort(device.number, device.name);
-        return midi->isPortOpen();
+        auto midi = makeMidi<Midi>(clientName);
+        return openPort(*midi, device) ? std::move(midi) : nullptr;
     } catch (const RtMidiError&) {
-        midi.reset();
-        return false;
+        return nullptr;
     }
 }
 
 template <class Midi>
-std::vector<AlsaDevice> findDevices(const std::string& clientName)
+std::vector<MidiDevice> findDevices(const std::string& clientName)
 {
-    std::vector<AlsaDevice> devices;
+    std::vector<MidiDevice> devices;
     try {
         const auto midi = makeMidi<Midi>(clientName);
         const unsigned int count = midi->getPortCount();
-        for (unsigned int number = 0; number < count; ++number)
-            devices.push_back({number, withoutAddress(midi->getPortName(number))});
+        for (unsigned int number = 0; number < count; ++number) {
+            const std::string name = midi->getPortName(number);
+            if (!name.starts_with(clientName + ":")) devices.push_back({name, withoutAddress(name)});
+        }
     } catch (const RtMidiError&) {
         // A sequencer that went away: no devices.
     }
     return devices;
 }
+
+class AlsaSource final : public MidiSource
+{
+public:
+    AlsaSource(std::unique_ptr<RtMidiIn> openMidi, MidiDevices::Arrived whenArrived)
+        : arrived(std::move(whenArrived)), midi(std::move(openMidi))
+    {
+        midi->ignoreTypes(true, false, true);  // system exclusive and active sensing, not timing ticks
+        midi->setCallback(hear, this);
+    }
+
+private:
+    static void hear(double, std::vector<unsigned char>* bytes, void* self)
+    {
+        const auto message = readShortMessage(*bytes);
+        if (message) static_cast<AlsaSource*>(self)->arrived(*message);
+    }
+
+    const MidiDevices::Arrived arrived;
+    const std::unique_ptr<RtMidiIn> midi;
+};
+
+class AlsaSink final : public MidiSink
+{
+public:
+    explicit AlsaSink(std::unique_ptr<RtMidiOut> openMidi) : midi(std::move(openMidi)) {}
+
+    void send(const ShortMessage& message) override
+    {
+        try {
+            midi->sendMessage(message.bytes.data(), message.size);
+        } catch (const RtMidiError&) {
+            // The device went away; its port says so after the next scan.
+        }
+    }
+
+private:
+    const std::unique_ptr<RtMidiOut> midi;
+};
 }  // namespace
 
-bool alsaSequencerAnswers()
+AlsaMidi::AlsaMidi(std::string name) : clientName(std::move(name)), hasSequencer(sequencerAnswers()) {}
+
+// Our own ports are in that list too, so that opening one is a change; what comes of it is the same list of devices.
+bool AlsaMidi::haveChanged()
 {
-    snd_lib_error_set_handler(sayNothing);
-    snd_seq_t* sequencer = nullptr;
-    if (snd_seq_open(&sequencer, "default", SND_SEQ_OPEN_DUPLEX, SND_SEQ_NONBLOCK) < 0) return false;
-    snd_seq_close(sequencer);
-    return true;
+    std::vector<std::uint8_t> bytes;
+    if (!hasSequencer || WholeFile::read(CLIENTS, LARGEST_LIST, bytes)) return false;
+    const std::string before = std::exchange(clients, std::string(bytes.begin(), bytes.end()));
+    return clients != before;
 }
 
-std::vector<AlsaDevice> findAlsaInputs(const std::string& clientName) { return findDevices<RtMidiIn>(clientName); }
+std::vector<MidiDevice> AlsaMidi::findSources() { return findDevices<RtMidiIn>(clientName); }
 
-std::vector<AlsaDevice> findAlsaOutputs(const std::string& clientName) { return findDevices<RtMidiOut>(clientName); }
+std::vector<MidiDevice> AlsaMidi::findSinks() { return findDevices<RtMidiOut>(clientName); }
+
+std::unique_ptr<MidiSource> AlsaMidi::openSource(const MidiDevice& device, Arrived arrived)
+{
+    auto midi = openMidi<RtMidiIn>(device, clientName);
+    return midi ? std::make_unique<AlsaSource>(std::move(midi), std::move(arrived)) : nullptr;
+}
+
+std::unique_ptr<MidiSink> AlsaMidi::openSink(const MidiDevice& device)
+{
+    auto midi = openMidi<RtMidiOut>(device, clientName);
+    return midi ? std::make_unique<AlsaSink>(std::move(midi)) : nullptr;
+}
 
 std::string withoutAddress(const std::string& name)
 {
@@ -74,35 +156,5 @@ std::string withoutAddress(const std::string& name)
     const bool isAddress =
         address.find(':') != std::string::npos && address.find_first_not_of("0123456789:") == std::string::npos;
     return isAddress ? name.substr(0, blank) : name;
-}
-
-AlsaInput::AlsaInput(AlsaDevice from, std::string client, Arrived whenArrived)
-    : device(std::move(from)), clientName(std::move(client)), arrived(std::move(whenArrived))
-{
-}
-
-bool AlsaInput::open()
-{
-    if (!openDevice(midi, device, clientName)) return false;
-    midi->ignoreTypes(true, true, true);  // system exclusive, timing ticks, active sensing
-    midi->setCallback(hear, this);
-    return true;
-}
-
-void AlsaInput::hear(double, std::vector<unsigned char>* bytes, void* self)
-{
-    const auto message = readShortMessage(*bytes);
-    if (message && !staysInHost(*message)) static_cast<AlsaInput*>(self)->arrived(*message);
-}
-
-bool AlsaOutput::open() { return openDevice(midi, device, clientName); }
-
-void AlsaOutput::send(const ShortMessage& message)
-{
-    try {
-        if (midi) midi->sendMessage(message.bytes.data(), message.size);
-    } catch (const RtMidiError&) {
-        // The device went away; its port says so after the next scan.
-    }
 }
 }  // namespace Host

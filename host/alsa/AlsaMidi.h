@@ -1,72 +1,32 @@
 #pragma once
 
-#include <functional>
-#include <memory>
 #include <string>
-#include <vector>
 
-#include <rtmidi/RtMidi.h>
-
-#include "host/ports/Port.h"
+#include "host/alsa/MidiDevices.h"
 
 namespace Host
 {
-/// True if there is an ALSA sequencer. Prints nothing.
-bool alsaSequencerAnswers();
+/// The devices of the ALSA sequencer through RtMidi. A device's address is RtMidi's whole name of it.
+class AlsaMidi final : public MidiDevices
+{
+public:
+    /// `name` is what our clients of the sequencer are called.
+    explicit AlsaMidi(std::string name);
 
-/// A device of the ALSA sequencer, or a port of our own that others may be joined to. What goes wrong is a `false`,
-/// never an exception and never a word on standard error.
-struct AlsaDevice {
-    /// Its index among RtMidi's ports at the start; `VIRTUAL` for a port of our own.
-    unsigned int number;
-    std::string name;
+    bool isPossible() const override { return hasSequencer; }
+    bool haveChanged() override;
+    std::vector<MidiDevice> findSources() override;
+    std::vector<MidiDevice> findSinks() override;
+    std::unique_ptr<MidiSource> openSource(const MidiDevice& device, Arrived arrived) override;
+    std::unique_ptr<MidiSink> openSink(const MidiDevice& device) override;
 
-    static constexpr unsigned int VIRTUAL = ~0u;
+private:
+    const std::string clientName;
+    const bool hasSequencer;
+    std::string clients;  // the sequencer's own list of them, as last seen
 };
-
-std::vector<AlsaDevice> findAlsaInputs(const std::string& clientName);
-std::vector<AlsaDevice> findAlsaOutputs(const std::string& clientName);
 
 /// RtMidi's name of a device without the address behind it, which changes from one start to the next:
 /// "Keys:Keys MIDI 1 24:0" is "Keys:Keys MIDI 1".
 std::string withoutAddress(const std::string& name);
-
-/// Listens to one device while open.
-class AlsaInput
-{
-public:
-    using Arrived = std::function<void(const ShortMessage&)>;
-
-    /// `arrived` is called on a thread of RtMidi, for what does not stay in the host.
-    AlsaInput(AlsaDevice from, std::string client, Arrived arrived);
-
-    bool open();
-    void close() { midi.reset(); }
-
-private:
-    static void hear(double, std::vector<unsigned char>* bytes, void* self);
-
-    const AlsaDevice device;
-    const std::string clientName;
-    const Arrived arrived;
-    std::unique_ptr<RtMidiIn> midi;
-};
-
-/// Sends to one device while open.
-class AlsaOutput
-{
-public:
-    AlsaOutput(AlsaDevice to, std::string client) : device(std::move(to)), clientName(std::move(client)) {}
-
-    bool open();
-    void close() { midi.reset(); }
-
-    /// May wait for the device.
-    void send(const ShortMessage& message);
-
-private:
-    const AlsaDevice device;
-    const std::string clientName;
-    std::unique_ptr<RtMidiOut> midi;
-};
 }  // namespace Host

@@ -5,6 +5,8 @@
 #include <stdexcept>
 #include <thread>
 
+#include "platform/Clock.h"
+
 namespace Host
 {
 using namespace std::chrono_literals;
@@ -12,61 +14,116 @@ using namespace std::chrono_literals;
 namespace
 {
 constexpr auto LONGEST_WAIT = 2s;
-}
+constexpr std::size_t SYNTHESIZER = 0;
 
-AlsaSystem::AlsaSystem(const std::string& clientName, Ports& allPorts)
-    : ports(allPorts), hasSequencer(alsaSequencerAnswers())
+const MidiDevice SYNTHESIZER_DEVICE{":synthesizer", SYNTHESIZER_NAME};
+const MidiDevice FREE_INPUT{":in", "Orvane In"};
+const MidiDevice FREE_OUTPUT{":out", "Orvane Out"};
+}  // namespace
+
+AlsaSystem::AlsaSystem(std::unique_ptr<MidiDevices> allDevices, Ports& allPorts)
+    : ports(allPorts), devices(std::move(allDevices))
 {
     addSynthesizer();
-    if (hasSequencer) {
-        const auto sources = findAlsaInputs(clientName);
-        const auto sinks = findAlsaOutputs(clientName);
-        addInput({AlsaDevice::VIRTUAL, "Orvane In"}, clientName);
-        addOutput({AlsaDevice::VIRTUAL, "Orvane Out"}, clientName);
-        for (const AlsaDevice& source : sources) addInput(source, clientName);
-        for (const AlsaDevice& sink : sinks) addOutput(sink, clientName);
-        // Only now: an open input is heard on another thread, and the lists stand still.
-        for (std::size_t index = 0; index < inputs.size(); ++index) enableInput(index, true);
-        for (std::size_t index = 0; index < outputs.size(); ++index) enableOutput(index + 1, true);
-    } else {
-        complaints.push_back("There is no JACK server and no ALSA sequencer, so no MIDI ports.");
-    }
     sender.start("orvane outputs", [this] { run(); });
+    if (!devices->isPossible()) news.push_back("There is no JACK server and no ALSA sequencer, so no MIDI ports.");
+    devices->haveChanged();  // whatever comes from here on is a change
+    followDevices();
 }
 
 AlsaSystem::~AlsaSystem() { close(); }
 
 std::string AlsaSystem::description() const
 {
-    return std::string(hasSequencer ? "the ALSA sequencer" : "no MIDI ports") +
+    return std::string(devices->isPossible() ? "the ALSA sequencer" : "no MIDI ports") +
            (soundCard ? ", sound output of the system" : ", no sound output");
 }
 
-// --- start
-
 void AlsaSystem::addSynthesizer()
 {
-    OutputPort* port = ports.addOutput(SYNTHESIZER_NAME);
+    if (ports.outputs().size() == 0) ports.addOutput(SYNTHESIZER_NAME);
+    ports.outputs()[SYNTHESIZER]->found = false;  // as every device before the first look
     try {
         soundCard = std::make_unique<SoundCard>();
-        port->open();
     } catch (const std::runtime_error& reason) {
-        port->couldNotOpen = true;
-        complaints.push_back("The built-in synthesizer is silent: " + std::string(reason.what()) + ".");
+        news.push_back("The built-in synthesizer is silent: " + std::string(reason.what()) + ".");
     }
 }
 
-void AlsaSystem::addInput(const AlsaDevice& device, const std::string& clientName)
+// --- devices come and go
+
+bool AlsaSystem::refresh() { return devices->haveChanged() && followDevices(); }
+
+bool AlsaSystem::followDevices()
 {
-    if (ports.addInput(device.name) == nullptr) return;
-    const std::size_t index = inputs.size();
-    inputs.push_back(std::make_unique<AlsaInput>(device, clientName,
-                                                 [this, index](const ShortMessage& message) { hear(index, message); }));
+    bool changed = false;
+    const auto andNote = [&](void (AlsaSystem::*follow)(std::size_t)) {
+        return [this, &changed, follow](std::size_t index) {
+            (this->*follow)(index);
+            changed = true;
+        };
+    };
+    auto heard = devices->findSources();
+    auto hearing = devices->findSinks();
+    if (devices->isPossible()) {
+        heard.insert(heard.begin(), FREE_INPUT);
+        hearing.insert(hearing.begin(), FREE_OUTPUT);
+    }
+    hearing.insert(hearing.begin(), SYNTHESIZER_DEVICE);
+    ports.settleInputs(heard, andNote(&AlsaSystem::removeInput), andNote(&AlsaSystem::addInput));
+    ports.settleOutputs(hearing, andNote(&AlsaSystem::removeOutput), andNote(&AlsaSystem::addOutput));
+    return changed;
 }
 
-void AlsaSystem::addOutput(const AlsaDevice& device, const std::string& clientName)
+void AlsaSystem::addInput(std::size_t index)
 {
-    if (ports.addOutput(device.name) != nullptr) outputs.push_back(std::make_unique<AlsaOutput>(device, clientName));
+    if (ports.inputs()[index]->enabled) openInput(index);
+}
+
+void AlsaSystem::removeInput(std::size_t index)
+{
+    ports.inputs()[index]->open.store(false);
+    ports.inputs()[index]->couldNotOpen = false;
+    sources[index].reset();
+}
+
+void AlsaSystem::addOutput(std::size_t index)
+{
+    if (ports.outputs()[index]->enabled) openOutput(index);
+}
+
+void AlsaSystem::removeOutput(std::size_t index)
+{
+    OutputPort& port = *ports.outputs()[index];
+    port.close();
+    port.couldNotOpen = false;
+    const std::lock_guard lock(sending);
+    sinks[index].reset();
+    port.lose();
+}
+
+void AlsaSystem::openInput(std::size_t index)
+{
+    InputPort& port = *ports.inputs()[index];
+    port.open.store(true);
+    sources[index] =
+        devices->openSource(port.device, [this, index](const ShortMessage& message) { hear(index, message); });
+    port.couldNotOpen = sources[index] == nullptr;
+}
+
+/// What sounded there when it was closed is released first, so that it is on the way before anything new.
+void AlsaSystem::openOutput(std::size_t index)
+{
+    OutputPort& port = *ports.outputs()[index];
+    if (index != SYNTHESIZER) {
+        auto sink = devices->openSink(port.device);
+        const std::lock_guard lock(sending);
+        sinks[index] = std::move(sink);
+    }
+    port.couldNotOpen = !isThere(index);
+    if (port.couldNotOpen) return;
+    waitUntilSilent(index, index + 1);
+    port.open();
 }
 
 // --- in
@@ -77,24 +134,34 @@ void AlsaSystem::listen(Listener newListener)
     listener = std::move(newListener);
 }
 
+void AlsaSystem::startClock(Clock& songClock)
+{
+    songClock.startOnThread();
+    const std::lock_guard lock(listening);
+    clock = &songClock;
+}
+
 void AlsaSystem::stopListening() { listen(nullptr); }
 
 void AlsaSystem::hear(std::size_t input, const ShortMessage& message)
 {
-    if (!ports.inputs()[input]->open.load(std::memory_order_relaxed)) return;
+    InputPort& port = *ports.inputs()[input];
+    if (!port.open.load(std::memory_order_relaxed)) return;
+    const bool passes = !staysInHost(message) && port.limit.passes(message, monotonicMilliseconds());
     const std::lock_guard lock(listening);
-    if (listener) listener(toInputEvent(message, static_cast<int>(input)));
+    if (clock != nullptr) clock->hearNow(static_cast<int>(input), message);
+    if (listener && passes) listener(toInputEvent(message, static_cast<int>(input)));
 }
 
 void AlsaSystem::enableInput(std::size_t index, bool enabled)
 {
     InputPort& port = *ports.inputs()[index];
     port.enabled = enabled;
-    port.open.store(enabled);
+    if (!port.found) return;
     if (enabled)
-        port.couldNotOpen = !inputs[index]->open();
+        openInput(index);
     else
-        inputs[index]->close();
+        removeInput(index);
 }
 
 void AlsaSystem::connect(const std::string&, const std::string&)
@@ -107,21 +174,20 @@ void AlsaSystem::connect(const std::string&, const std::string&)
 void AlsaSystem::enableOutput(std::size_t index, bool enabled)
 {
     OutputPort& port = *ports.outputs()[index];
-    AlsaOutput* device = index > 0 ? outputs[index - 1].get() : nullptr;
     port.enabled = enabled;
-    if (!enabled) {
-        port.close();
-        waitUntilSilent();
-        if (device != nullptr) device->close();
+    if (!port.found) return;
+    if (enabled) {
+        openOutput(index);
         return;
     }
-    if (device != nullptr) port.couldNotOpen = !device->open();
-    if (!port.couldNotOpen) port.open();
+    port.close();
+    waitUntilSilent(index, index + 1);
+    removeOutput(index);
 }
 
 void AlsaSystem::run()
 {
-    requestRealTimePriority(1);
+    requestRealTimePriority(RealTimeStep::backend);
     while (!stopping.load()) {
         sendAgain.wait();
         deliverAll();
@@ -130,25 +196,34 @@ void AlsaSystem::run()
 
 void AlsaSystem::deliverAll()
 {
+    const std::lock_guard lock(sending);
     for (std::size_t index = 0; index < ports.outputs().size(); ++index)
-        ports.outputs()[index]->deliver(
-            0, [&](const ShortMessage& message, std::uint32_t) { return sound(index, message); });
+        if (isThere(index))
+            ports.outputs()[index]->deliver(
+                0, [&](const ShortMessage& message, std::uint32_t) { return sound(index, message); });
+}
+
+bool AlsaSystem::isThere(std::size_t output) const
+{
+    return output == SYNTHESIZER ? soundCard != nullptr : sinks[output] != nullptr;
 }
 
 bool AlsaSystem::sound(std::size_t output, const ShortMessage& message)
 {
-    if (output > 0)
-        outputs[output - 1]->send(message);
-    else if (soundCard)
+    if (output == SYNTHESIZER)
         soundCard->play(message);
+    else
+        sinks[output]->send(message);
     return true;
 }
 
-void AlsaSystem::waitUntilSilent()
+void AlsaSystem::waitUntilSilent(std::size_t first, std::size_t end)
 {
+    const auto isClosing = [&](std::size_t index) { return isThere(index) && ports.outputs()[index]->isClosing(); };
     const auto giveUp = std::chrono::steady_clock::now() + LONGEST_WAIT;
-    while (std::ranges::any_of(ports.outputs(), [](const auto& port) { return port->isClosing(); }) &&
-           std::chrono::steady_clock::now() < giveUp) {
+    while (std::chrono::steady_clock::now() < giveUp) {
+        while (first < end && !isClosing(first)) ++first;
+        if (first == end) return;
         sendAgain.set();
         std::this_thread::sleep_for(1ms);
     }
@@ -159,12 +234,12 @@ void AlsaSystem::close()
     if (!sender.isStarted()) return;
     stopListening();
     for (const auto& port : ports.outputs()) port->close();
-    waitUntilSilent();
+    waitUntilSilent(0, ports.outputs().size());
     stopping.store(true);
     sendAgain.set();
     sender.join();
-    outputs.clear();
-    inputs.clear();
+    for (auto& sink : sinks) sink.reset();
+    for (auto& source : sources) source.reset();
     soundCard.reset();
 }
 }  // namespace Host

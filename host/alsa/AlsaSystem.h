@@ -1,12 +1,13 @@
 #pragma once
 
+#include <array>
 #include <atomic>
+#include <functional>
 #include <memory>
 #include <mutex>
 #include <string>
-#include <vector>
 
-#include "host/alsa/AlsaMidi.h"
+#include "host/alsa/MidiDevices.h"
 #include "host/synthesizer/SoundCard.h"
 #include "host/system/MidiSystem.h"
 #include "platform/Event.h"
@@ -14,21 +15,22 @@
 
 namespace Host
 {
-/// The host without a graph: the devices of the ALSA sequencer through RtMidi with two virtual ports to patch freely
-/// ("Orvane In", "Orvane Out"), and the built-in synthesizer on the system's sound output. Either may be missing, and
-/// so may both. One thread sends, so that no device is ever waited for by the clock.
+/// The host without a graph: the devices of the ALSA sequencer with two virtual ports to patch freely ("Orvane In",
+/// "Orvane Out"), and the built-in synthesizer on the system's sound output. Either may be missing, and so may both.
+/// One thread sends, so that no device is ever waited for by the clock.
 class AlsaSystem final : public MidiSystem
 {
 public:
-    AlsaSystem(const std::string& clientName, Ports& allPorts);
+    AlsaSystem(std::unique_ptr<MidiDevices> allDevices, Ports& allPorts);
     ~AlsaSystem() override;
 
-    std::string name() const override { return hasSequencer ? "ALSA" : "none"; }
+    std::string name() const override { return devices->isPossible() ? "ALSA" : "none"; }
     std::string description() const override;
     void listen(Listener newListener) override;
     void stopListening() override;
-    void startClock(Clock& clock) override { clock.startOnThread(); }
+    void startClock(Clock& songClock) override;
     void deliver() override { sendAgain.set(); }
+    bool refresh() override;
     void enableInput(std::size_t index, bool enabled) override;
     void enableOutput(std::size_t index, bool enabled) override;
     void connect(const std::string& from, const std::string& to) override;
@@ -36,22 +38,31 @@ public:
 
 private:
     void addSynthesizer();
-    void addInput(const AlsaDevice& device, const std::string& clientName);
-    void addOutput(const AlsaDevice& device, const std::string& clientName);
+    bool followDevices();
+    void addInput(std::size_t index);
+    void removeInput(std::size_t index);
+    void addOutput(std::size_t index);
+    void removeOutput(std::size_t index);
+    void openInput(std::size_t index);
+    void openOutput(std::size_t index);
     void hear(std::size_t input, const ShortMessage& message);
     void run();
     void deliverAll();
     bool sound(std::size_t output, const ShortMessage& message);
-    void waitUntilSilent();
+    bool isThere(std::size_t output) const;
+    void waitUntilSilent(std::size_t firstOutput, std::size_t endOutput);
 
     Ports& ports;
-    const bool hasSequencer;
+    const std::unique_ptr<MidiDevices> devices;
     std::unique_ptr<SoundCard> soundCard;  // null if none opens
-    std::vector<std::unique_ptr<AlsaInput>> inputs;
-    std::vector<std::unique_ptr<AlsaOutput>> outputs;  // without the synthesizer: output 1 and up
+    std::array<std::unique_ptr<MidiSource>, Ports::MOST> sources;
 
-    std::mutex listening;  // guards `listener` among RtMidi's threads
+    std::mutex sending;  // guards `sinks` between the sender and the control thread
+    std::array<std::unique_ptr<MidiSink>, Ports::MOST> sinks;  // the synthesizer, output 0, has none
+
+    std::mutex listening;  // guards these two among the devices' threads
     Listener listener;
+    Clock* clock = nullptr;
 
     std::atomic<bool> stopping{false};
     Event sendAgain;

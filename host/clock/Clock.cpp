@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <thread>
+#include <utility>
 
 #include "platform/Clock.h"
 
@@ -18,6 +19,13 @@ constexpr auto MOST_TO_CATCH_UP = 100ms;  // 200 pulses at the highest tempo
 constexpr auto STAND_BY_LOOK = 50ms;
 constexpr auto LONGEST_SILENCE = 500ms;
 constexpr auto LONGEST_WAIT_FOR_SLICES = 5s;
+
+/// A stamp, which wraps round after 71 minutes.
+std::uint32_t microseconds(std::chrono::steady_clock::time_point time)
+{
+    return static_cast<std::uint32_t>(
+        std::chrono::duration_cast<std::chrono::microseconds>(time.time_since_epoch()).count());
+}
 }  // namespace
 
 Clock::Clock(Slices& songSlices, Player& songPlayer, std::function<void()> after)
@@ -38,7 +46,7 @@ void Clock::startInGraph(std::int64_t rate)
 
 void Clock::begin(Holder holder)
 {
-    lastTick = nextTick = lastSlice = std::chrono::steady_clock::now();
+    lastTick = nextTick = lastSlice = graphTime = std::chrono::steady_clock::now();
     baton.passTo(holder);
     thread.start("orvane clock", [this] { run(); });
 }
@@ -49,6 +57,7 @@ void Clock::stop()
     wake.set();
     thread.join();
     baton.passTo(Holder::nobody);
+    conductor.end();
 }
 
 void Clock::waitForSlices(std::uint64_t count) const
@@ -58,32 +67,91 @@ void Clock::waitForSlices(std::uint64_t count) const
     while (slices.count() < enough && std::chrono::steady_clock::now() < giveUp) std::this_thread::sleep_for(TICK);
 }
 
-void Clock::playPeriod(std::uint32_t firstStamp, std::uint32_t frames)
+void Clock::playPeriod(std::uint32_t firstStamp, std::uint32_t frames, const Transport* transport)
 {
     if (!baton.enter(Holder::graph)) return;
     player.takeClock();
     const std::uint32_t periodStart = monotonicMilliseconds();
+    const std::uint64_t slicesBefore = slices.count();
+    const bool isLate = catchUp(std::chrono::steady_clock::now(), frames);
+    const auto rate = static_cast<double>(framesPerSecond);
+    if (transport != nullptr) conductor.heed(seconds, *transport);
+    conductor.heed(seconds, firstStamp, rate);
     while (framePulses->ticksToPulse() < frames) {
         const auto frame = static_cast<std::uint32_t>(std::max<std::int64_t>(framePulses->ticksToPulse(), 0));
         player.setStamp(firstStamp + frame);
         player.setMilliseconds(periodStart + static_cast<std::uint32_t>(frame * std::int64_t{1000} / framesPerSecond));
+        const double bpm = conductor.passPulse(seconds + frame / rate, firstStamp + frame);
         slices.play(1);
-        framePulses->passPulse(player.getTempo());
+        framePulses->passPulse(bpm);
     }
     framePulses->passTicks(frames);
+    seconds += frames / rate;
+    if (isLate) slices.noteLate(slices.count() - slicesBefore);
+    graphTime += std::chrono::nanoseconds(frames * NANOSECONDS / framesPerSecond);
     baton.leave();
+}
+
+/// The first period behind the thread's slices begins where those ended. True if a period is missing.
+bool Clock::catchUp(Time now, std::uint32_t frames)
+{
+    const std::chrono::nanoseconds period(frames * NANOSECONDS / framesPerSecond);
+    const bool isLate = now - graphTime > std::max<std::chrono::nanoseconds>(period, TICK);
+    if (std::exchange(resumes, false)) {
+        const auto missed = std::max<std::chrono::nanoseconds>(now - graphTime, 0ns);
+        seconds += std::chrono::duration<double>(missed).count();
+        const auto caughtUp = std::min<std::chrono::nanoseconds>(missed, MOST_TO_CATCH_UP);
+        framePulses->passTicks(caughtUp.count() * framesPerSecond / NANOSECONDS);
+    }
+    graphTime = now;
+    return isLate;
+}
+
+void Clock::setGraphRate(std::int64_t rate)
+{
+    if (!baton.enter(Holder::graph)) return;
+    PulseClock atRate(rate);
+    atRate.continueFrom(*framePulses);
+    framePulses.emplace(atRate);
+    framesPerSecond = rate;
+    baton.leave();
+}
+
+void Clock::hearInGraph(int input, const ShortMessage& message, std::uint32_t stamp)
+{
+    if (baton.isHeldBy(Holder::graph)) conductor.hear(input, message, stamp);
+}
+
+void Clock::hearNow(int input, const ShortMessage& message)
+{
+    if (baton.isHeldBy(Holder::thread)) conductor.hear(input, message, microseconds(std::chrono::steady_clock::now()));
 }
 
 void Clock::graphDied()
 {
+    nextGraphRate.store(0);
     died.store(true);
+    wake.set();
+}
+
+void Clock::returnToGraph(std::int64_t rate)
+{
+    died.store(false);
+    nextGraphRate.store(rate);
     wake.set();
 }
 
 void Clock::run()
 {
-    if (runsOnItsThread()) requestRealTimePriority(0);
-    while (!stopping.load()) runsOnItsThread() ? tick() : standBy();
+    if (runsOnItsThread()) requestRealTimePriority(RealTimeStep::clock);
+    while (!stopping.load()) {
+        if (!runsOnItsThread())
+            standBy();
+        else if (nextGraphRate.load() != 0)
+            handBack();
+        else
+            tick();
+    }
 }
 
 void Clock::standBy()
@@ -97,9 +165,27 @@ void Clock::standBy()
 
 void Clock::takeOver()
 {
-    requestRealTimePriority(0);
+    requestRealTimePriority(RealTimeStep::clock);
     baton.passTo(Holder::thread);
-    lastTick = nextTick = std::chrono::steady_clock::now();
+    conductor.forgetHeard();
+    timePulses.continueFrom(*framePulses);
+    lastTick = graphTime;
+    nextTick = std::chrono::steady_clock::now();
+}
+
+void Clock::handBack()
+{
+    const std::int64_t rate = nextGraphRate.exchange(0);
+    if (rate == 0) return;
+    baton.passTo(Holder::nobody);
+    conductor.forgetHeard();
+    framesPerSecond = rate;
+    framePulses.emplace(rate);
+    framePulses->continueFrom(timePulses);
+    graphTime = lastTick;
+    resumes = true;
+    lastSlice = std::chrono::steady_clock::now();
+    baton.passTo(Holder::graph);
 }
 
 void Clock::tick()
@@ -107,6 +193,7 @@ void Clock::tick()
     nextTick += TICK;
     std::this_thread::sleep_until(nextTick);
     const Time now = std::chrono::steady_clock::now();
+    if (now - nextTick > TICK) slices.noteLate(1);
     nextTick = std::max(nextTick, now - TICK);
     if (!baton.enter(Holder::thread)) return;
     player.takeClock();
@@ -119,11 +206,14 @@ void Clock::tick()
 
 int Clock::takeDuePulses(Time now)
 {
-    const std::chrono::nanoseconds passed = std::min<std::chrono::nanoseconds>(now - lastTick, MOST_TO_CATCH_UP);
-    lastTick = now;
-    timePulses.passTicks(passed.count());
+    const auto passed = std::max<std::chrono::nanoseconds>(now - lastTick, 0ns);
+    lastTick = std::max(lastTick, now);
+    seconds += std::chrono::duration<double>(passed).count();
+    conductor.heed(seconds, microseconds(now), 1e6);
+    timePulses.passTicks(std::min<std::chrono::nanoseconds>(passed, MOST_TO_CATCH_UP).count());
     int due = 0;
-    for (; timePulses.ticksToPulse() <= 0; ++due) timePulses.passPulse(player.getTempo());
+    for (; timePulses.ticksToPulse() <= 0; ++due)
+        timePulses.passPulse(conductor.passPulse(seconds + static_cast<double>(timePulses.ticksToPulse()) / 1e9, 0));
     return due;
 }
 }  // namespace Host

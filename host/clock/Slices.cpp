@@ -17,7 +17,13 @@ void Slices::startAgain()
 
 void Slices::playTo(std::int32_t endPpq)
 {
-    playTimeSlice(next, endPpq);
+    if (load == nullptr) {
+        playTimeSlice(next, endPpq);
+    } else {
+        const auto start = std::chrono::steady_clock::now();
+        playTimeSlice(next, endPpq);
+        load->add(std::chrono::steady_clock::now() - start);
+    }
     next = endPpq;
     played.fetch_add(1, std::memory_order_release);
 }

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "backend/midi/MidiEngine.h"
+#include "host/clock/SliceLoad.h"
 
 namespace Host
 {
@@ -26,8 +27,17 @@ public:
     {
     }
 
+    /// How long each slice takes goes there from now on; null for nowhere. Before the first slice.
+    void measureInto(SliceLoad* sliceLoad) { load = sliceLoad; }
+
     /// For tests: begin elsewhere.
     void startAt(std::int32_t pulse) { next = pulse; }
+
+    /// That many slices began behind their time.
+    void noteLate(std::uint64_t slices)
+    {
+        if (load != nullptr) load->addLate(slices);
+    }
 
     /// Plays the next `pulses` pulses, 0 to `LONGEST`.
     void play(int pulses);
@@ -41,6 +51,7 @@ private:
 
     const Play playTimeSlice;
     const std::function<void()> reset;
+    SliceLoad* load = nullptr;
     std::int32_t next = FIRST_PULSE;
     std::atomic<std::uint64_t> played{0};
 };

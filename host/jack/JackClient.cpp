@@ -18,12 +18,27 @@ struct JackFree {
     }
 };
 
-std::vector<std::string> findPorts(jack_client_t* client, const char* type, unsigned long flags)
+/// The names in a list that JACK gave away.
+std::vector<std::string> takeNames(const char** list)
 {
     std::vector<std::string> names;
-    const std::unique_ptr<const char*, JackFree> found(jack_get_ports(client, nullptr, type, flags));
-    for (const char** name = found.get(); name != nullptr && *name != nullptr; ++name) names.emplace_back(*name);
+    const std::unique_ptr<const char*, JackFree> owned(list);
+    for (const char** name = list; name != nullptr && *name != nullptr; ++name) names.emplace_back(*name);
     return names;
+}
+
+std::vector<std::string> findPorts(jack_client_t* client, const char* type, unsigned long flags)
+{
+    return takeNames(jack_get_ports(client, nullptr, type, flags));
+}
+
+bool standsForADevice(jack_client_t* client, const std::string& jackName)
+{
+    const auto colon = jackName.find(':');
+    if (colon == std::string::npos) return false;
+    const std::string_view own = std::string_view(jackName).substr(colon + 1);
+    if (!own.starts_with(FROM_DEVICE) && !own.starts_with(TO_DEVICE)) return false;
+    return jack_port_by_name(client, (jackName.substr(0, colon + 1) + FREE_INPUT).c_str()) != nullptr;
 }
 
 std::string prettyName(jack_port_t* port)
@@ -69,15 +84,31 @@ void checkClientName(const std::string& name)
         throw InputError("--client: a name has 1 to " + std::to_string(longest) + " bytes and no colon");
 }
 
-std::vector<ForeignPort> findForeignMidiPorts(jack_client_t* client, JackPortFlags direction)
+std::vector<MidiDevice> findForeignMidiPorts(jack_client_t* client, JackPortFlags direction)
 {
-    std::vector<ForeignPort> ports;
+    std::vector<MidiDevice> ports;
     for (const std::string& name : findPorts(client, JACK_DEFAULT_MIDI_TYPE, direction)) {
         jack_port_t* port = jack_port_by_name(client, name.c_str());
-        if (port == nullptr || jack_port_is_mine(client, port)) continue;
+        if (port == nullptr || jack_port_is_mine(client, port) || standsForADevice(client, name)) continue;
         ports.push_back({name, shownName(client, name)});
     }
     return ports;
+}
+
+std::vector<std::string> findOwnPorts(jack_client_t* client)
+{
+    auto names = findPorts(client, nullptr, 0);
+    std::erase_if(names, [&](const std::string& name) {
+        jack_port_t* port = jack_port_by_name(client, name.c_str());
+        return port == nullptr || !jack_port_is_mine(client, port);
+    });
+    return names;
+}
+
+std::vector<std::string> findConnections(jack_client_t* client, const std::string& ownPort)
+{
+    jack_port_t* port = jack_port_by_name(client, ownPort.c_str());
+    return port == nullptr ? std::vector<std::string>() : takeNames(jack_port_get_all_connections(client, port));
 }
 
 std::vector<std::string> findPlaybackPorts(jack_client_t* client)

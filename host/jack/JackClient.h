@@ -6,6 +6,8 @@
 
 #include <jack/jack.h>
 
+#include "host/ports/Port.h"
+
 namespace Host
 {
 struct JackCloser {
@@ -20,14 +22,22 @@ JackClient openJackClient(const std::string& name);
 /// Throws InputError if no client can have that name.
 void checkClientName(const std::string& name);
 
-/// A MIDI port of another client.
-struct ForeignPort {
-    std::string jackName;   ///< "client:port"
-    std::string shownName;  ///< as the user knows the device
-};
+/// The two ports to patch freely, and what the others begin with, which stand for a device each.
+inline constexpr const char* FREE_INPUT = "Orvane In";
+inline constexpr const char* FREE_OUTPUT = "Orvane Out";
+inline constexpr const char* FROM_DEVICE = "from ";
+inline constexpr const char* TO_DEVICE = "to ";
 
-/// Those that send to us (`JackPortIsOutput`) or that we can send to (`JackPortIsInput`), in the server's order.
-std::vector<ForeignPort> findForeignMidiPorts(jack_client_t* client, JackPortFlags direction);
+/// The MIDI ports of other clients that send to us (`JackPortIsOutput`) or that we can send to (`JackPortIsInput`), in
+/// the server's order; their addresses are their full names, "client:port". Of another Orvane only the ports to patch
+/// freely: two that gave each other a port for every port would never come to an end.
+std::vector<MidiDevice> findForeignMidiPorts(jack_client_t* client, JackPortFlags direction);
+
+/// All ports of `client` itself, by their full names.
+std::vector<std::string> findOwnPorts(jack_client_t* client);
+
+/// What a port of `client` itself is joined to, by full names.
+std::vector<std::string> findConnections(jack_client_t* client, const std::string& ownPort);
 
 /// The sound card's outputs, left before right.
 std::vector<std::string> findPlaybackPorts(jack_client_t* client);

@@ -7,6 +7,7 @@
 
 #include "host/jack/JackClient.h"
 #include "host/synthesizer/SoundFont.h"
+#include "platform/Clock.h"
 
 namespace Host
 {
@@ -32,39 +33,42 @@ float* audioBuffer(jack_port_t* port, jack_nframes_t frames)
 }
 }  // namespace
 
-bool receive(const JackMidiPort<InputPort>& input, jack_nframes_t frames)
+bool receive(InputPort& input, jack_port_t* own, jack_nframes_t frames, const JackClockEar& ear)
 {
-    if (input.own == nullptr || !input.port->open.load(std::memory_order_relaxed)) return false;
-    void* buffer = jack_port_get_buffer(input.own, frames);
+    if (!input.open.load(std::memory_order_relaxed)) return false;
+    void* buffer = jack_port_get_buffer(own, frames);
     bool arrived = false;
+    const std::uint32_t milliseconds = monotonicMilliseconds();
     jack_midi_event_t event;
     for (std::uint32_t index = 0; jack_midi_event_get(&event, buffer, index) == 0; ++index) {
         const auto message = readShortMessage({event.buffer, event.size});
+        if (message) ear.hear(*message, event.time);
         if (!message || staysInHost(*message)) continue;
-        input.port->arrived.push(*message, event.time);
-        arrived = true;
+        arrived = input.take(*message, event.time, milliseconds) || arrived;
     }
     return arrived;
 }
 
-void deliver(const JackMidiPort<OutputPort>& output, std::uint32_t start, jack_nframes_t frames)
+void deliver(OutputPort& output, jack_port_t* own, std::uint32_t start, jack_nframes_t frames)
 {
-    if (output.own == nullptr) return;
-    void* buffer = jack_port_get_buffer(output.own, frames);
+    void* buffer = jack_port_get_buffer(own, frames);
     jack_midi_clear_buffer(buffer);
     jack_nframes_t earliest = 0;
-    output.port->deliver(start, [&](const ShortMessage& message, std::uint32_t stamp) {
+    output.deliver(start, [&](const ShortMessage& message, std::uint32_t stamp) {
         earliest = frameOf(stamp, start, earliest, frames - 1);
         return jack_midi_event_write(buffer, earliest, message.bytes.data(), message.size) == 0;
     });
 }
 
-JackSynthesizer::JackSynthesizer(jack_client_t* client, OutputPort& output)
-    : port(output),
-      synthesizer(findSoundFont(), jack_get_sample_rate(client), SynthesizerUse::oneThread),
-      left(registerAudioOutput(client, "Synthesizer Left")),
-      right(registerAudioOutput(client, "Synthesizer Right"))
+JackSynthesizer::JackSynthesizer(double sampleRate, OutputPort& output)
+    : port(output), synthesizer(findSoundFont(), sampleRate, SynthesizerUse::oneThread)
 {
+}
+
+void JackSynthesizer::enter(jack_client_t* client)
+{
+    left = registerAudioOutput(client, LEFT);
+    right = registerAudioOutput(client, RIGHT);
 }
 
 bool JackSynthesizer::connectToSoundCard(jack_client_t* client) const
@@ -75,6 +79,8 @@ bool JackSynthesizer::connectToSoundCard(jack_client_t* client) const
     jack_connect(client, jack_port_name(right), playback[playback.size() > 1 ? 1 : 0].c_str());
     return true;
 }
+
+bool JackSynthesizer::isConnected() const { return jack_port_connected(left) > 0 || jack_port_connected(right) > 0; }
 
 void JackSynthesizer::render(std::uint32_t start, jack_nframes_t frames)
 {

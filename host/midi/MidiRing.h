@@ -47,6 +47,12 @@ public:
         }
     }
 
+    /// More than a quarter of the room is taken. The producer's thread.
+    bool isCrowded() const
+    {
+        return written.load(std::memory_order_relaxed) - taken.load(std::memory_order_acquire) > ROOM / 4;
+    }
+
     /// Messages lost so far. Any thread.
     std::uint64_t lossCount() const { return losses.load(std::memory_order_relaxed); }
 

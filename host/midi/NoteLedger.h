@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <bitset>
 
 #include "host/midi/ShortMessage.h"
@@ -22,12 +23,20 @@ inline std::size_t noteIndex(const ShortMessage& message)
 ShortMessage noteOff(std::size_t index);
 
 /// What sounds at the far end of a port: the notes whose last message was a note on, and the pedals that are down and
-/// would hold them. Whoever closes the port asks it to release them all. One thread, that which sends to the port.
+/// would hold them. Whoever closes the port asks it to release them all. When the way there breaks, what was ended last
+/// may not have been heard, and is to be ended once more. One thread, that which sends to the port.
 class NoteLedger
 {
 public:
     /// Enters a message that was sent.
     void enter(const ShortMessage& message);
+
+    /// A delivery begins. What is ended stays in doubt for the next half second of deliveries, as somebody may notice
+    /// only then that the way is broken. `milliseconds` of any clock that wraps round.
+    void beginDelivery(std::uint32_t milliseconds);
+
+    /// The way to the far end is broken: what is in doubt sounds.
+    void doubt();
 
     /// Gives the note offs, then the pedals up, to `send(const ShortMessage&)`. False as soon as that refuses one: what
     /// is left stays in the ledger for the next time.
@@ -41,6 +50,9 @@ public:
         return true;
     }
 
+    /// Notes that sound.
+    int soundingNotes() const { return soundingCount; }
+
     bool isEmpty() const { return sounding.none() && pedals.none(); }
 
 private:
@@ -52,9 +64,24 @@ private:
         return true;
     }
 
+    using PedalSet = std::bitset<2 * CHANNELS>;  // sustain, then sostenuto
+
+    /// What was ended in a quarter of a second.
+    struct Ended {
+        NoteSet notes;
+        PedalSet pedals;
+    };
+
     static ShortMessage pedalUp(std::size_t index);
+    void setSounding(std::size_t index, bool sounds);
+    void setPedal(std::size_t index, bool down);
 
     NoteSet sounding;
-    std::bitset<2 * CHANNELS> pedals;  // sustain, then sostenuto
+    int soundingCount = 0;
+    PedalSet pedals;
+    std::array<Ended, 3> ended;
+    std::size_t current = 0;         // of these
+    std::size_t mayDoubt = 0;        // so many of these may hold something
+    std::uint32_t currentSince = 0;  // milliseconds
 };
 }  // namespace Host

@@ -13,6 +13,9 @@ constexpr std::uint8_t SYSTEM_EXCLUSIVE = 0xF0;
 constexpr std::uint8_t TIME_CODE = 0xF1;
 constexpr std::uint8_t END_OF_EXCLUSIVE = 0xF7;
 constexpr std::uint8_t TIMING_TICK = 0xF8;
+constexpr std::uint8_t SONG_POSITION = 0xF2;
+constexpr std::uint8_t START = 0xFA;
+constexpr std::uint8_t STOP = 0xFC;
 constexpr std::uint8_t ACTIVE_SENSING = 0xFE;
 
 bool isDataByte(std::uint8_t byte) { return byte < 0x80; }
@@ -54,6 +57,12 @@ std::optional<ShortMessage> readShortMessage(std::span<const std::uint8_t> bytes
 bool staysInHost(const ShortMessage& message)
 {
     return message.bytes[0] == TIMING_TICK || message.bytes[0] == ACTIVE_SENSING;
+}
+
+bool isOfClock(const ShortMessage& message)
+{
+    const std::uint8_t status = message.bytes[0];
+    return status == TIMING_TICK || status == SONG_POSITION || (status >= START && status <= STOP);
 }
 
 OrvMidiMessage toInputEvent(const ShortMessage& message, int input)

@@ -41,6 +41,9 @@ std::optional<ShortMessage> readShortMessage(std::span<const std::uint8_t> bytes
 /// Timing ticks and active sensing are for the host alone.
 bool staysInHost(const ShortMessage& message);
 
+/// A MIDI clock speaks: tick, start, continue, stop, song position.
+bool isOfClock(const ShortMessage& message);
+
 /// The event to post for a message that arrived at input port `input`.
 Backend::MidiEngine::OrvMidiMessage toInputEvent(const ShortMessage& message, int input);
 }  // namespace Host

@@ -1,11 +1,16 @@
 #include "host/player/Player.h"
 
+#include <cmath>
+
 #include "host/midi/ShortMessage.h"
 
 namespace Host
 {
 namespace
 {
+constexpr double DIFFERENT_TEMPO = 0.6;  // so that one between two whole ones does not flicker
+constexpr int HEARINGS = 12;             // until one that was told must have arrived
+
 /// The port of that number, or null.
 template <class List>
 auto* portAt(const List& ports, int index)
@@ -20,11 +25,30 @@ Player::Player(const Ports& allPorts, Event& wishes) : ports(allPorts), wish(wis
 void Player::playMidi(const Backend::MidiEngine::OrvMidiMessage& event)
 {
     OutputPort* port = portAt(ports.outputs(), event.getOutput());
-    if (port == nullptr) return;
+    if (port == nullptr || comesBack(event)) return;
     const auto message = toShortMessage(event);
     if (!message) return;
     port->play(*message, stamp);
     played = true;
+}
+
+/// The clock that leads is passed on to the clock that is sent; what the layers make of it there would be a second one.
+bool Player::comesBack(const Backend::MidiEngine::OrvMidiMessage& event) const
+{
+    if (event.getOutput() != clockOut || event.getInput() < 0 || event.getInput() != getClockSource()) return false;
+    const auto message = toShortMessage(event);
+    return message && isOfClock(*message);
+}
+
+void Player::hearTempo(double bpm)
+{
+    const int program = getTempo();
+    if (++hearings < HEARINGS || (toldTempo == program && std::abs(bpm - program) < DIFFERENT_TEMPO)) return;
+    toldTempo = static_cast<int>(std::lround(bpm));
+    if (toldTempo == program) return;
+    hearings = 0;
+    heardTempo.store(toldTempo);
+    wish.set();
 }
 
 void Player::enableMidiInput(int index, bool enabled)

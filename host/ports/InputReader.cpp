@@ -17,7 +17,7 @@ void InputReader::stop()
 
 void InputReader::run(const Listener& listener)
 {
-    requestRealTimePriority(1);
+    requestRealTimePriority(RealTimeStep::backend);
     while (!stopping.load()) {
         arrived.wait();
         for (std::size_t index = 0; index < ports.inputs().size(); ++index)

@@ -6,9 +6,19 @@
 
 #include "host/midi/MidiRing.h"
 #include "host/midi/NoteLedger.h"
+#include "host/ports/EventLimit.h"
+#include "platform/Clock.h"
 
 namespace Host
 {
+/// A device as a scan found it.
+struct MidiDevice {
+    std::string address;  ///< tells it from every other; may change from one run to the next
+    std::string name;     ///< as its user knows it; twins share one
+
+    bool operator==(const MidiDevice&) const = default;
+};
+
 /// What an input and an output have in common. Its index in its list is its number, and it never moves.
 struct Port {
     explicit Port(std::string portName) : name(std::move(portName)) {}
@@ -16,6 +26,7 @@ struct Port {
     const std::string name;
 
     // The control thread's (that of `LivePlay`)
+    MidiDevice device;          ///< that it stands for, or last stood for
     bool found = true;          ///< the device is there
     bool couldNotOpen = false;  ///< tried, and failed
     bool enabled = true;        ///< the user's choice, carried out
@@ -31,6 +42,16 @@ struct InputPort : Port {
     /// What arrives is taken. The control thread writes.
     std::atomic<bool> open{false};
 
+    /// Pushes a message unless there are too many. `stamp` and `milliseconds` as in
+    /// `StampedMessage` and `EventLimit`. The thread that hears the device.
+    bool take(const ShortMessage& message, std::uint32_t stamp, std::uint32_t milliseconds)
+    {
+        const bool passes = limit.passes(message, milliseconds);
+        if (passes) arrived.push(message, stamp);
+        return passes;
+    }
+
+    EventLimit limit;
     MidiRing arrived;
 };
 
@@ -47,6 +68,12 @@ public:
         if (isOpen.load(std::memory_order_relaxed)) waiting.push(message, stamp);
     }
 
+    /// The same for a tick of a clock, which is left out where notes may soon want its place. Time slice.
+    void playTick(const ShortMessage& tick, std::uint32_t stamp)
+    {
+        if (!waiting.isCrowded()) play(tick, stamp);
+    }
+
     /// The control thread. `close` takes effect at the next `deliver`.
     void open() { isOpen.store(true); }
     void close() { isOpen.store(false); }
@@ -60,6 +87,7 @@ public:
     void deliver(std::uint32_t now, Send&& send)
     {
         const bool keepsOpen = isOpen.load();
+        ledger.beginDelivery(monotonicMilliseconds());
         if (keepsOpen) silent.store(false, std::memory_order_relaxed);
         if (isSilent()) {
             waiting.drain([](const StampedMessage&) { return true; });
@@ -70,9 +98,23 @@ public:
             ledger.enter(next.message);
             return true;
         });
-        if (keepsOpen || !done) return;
-        if (ledger.release([&](const ShortMessage& message) { return send(message, now); }))
-            silent.store(true, std::memory_order_release);
+        const bool released =
+            !keepsOpen && done && ledger.release([&](const ShortMessage& message) { return send(message, now); });
+        sounding.store(ledger.soundingNotes(), std::memory_order_relaxed);
+        if (released) silent.store(true, std::memory_order_release);
+    }
+
+    /// How many notes sound at the far end. Any thread.
+    int soundingNotes() const { return sounding.load(std::memory_order_relaxed); }
+
+    /// The device is gone: drops what waits. What sounds at the far end, or may do so because the last that was sent
+    /// was not heard any more, is released when somebody delivers again. Closed, and nobody delivers meanwhile.
+    void lose()
+    {
+        waiting.drain([](const StampedMessage&) { return true; });
+        ledger.doubt();
+        sounding.store(ledger.soundingNotes(), std::memory_order_relaxed);
+        if (!ledger.isEmpty()) silent.store(false, std::memory_order_release);
     }
 
     std::uint64_t lossCount() const { return waiting.lossCount(); }
@@ -82,6 +124,7 @@ private:
 
     MidiRing waiting;
     NoteLedger ledger;
+    std::atomic<int> sounding{0};
     std::atomic<bool> isOpen{false};
     std::atomic<bool> silent{true};
 };

@@ -6,30 +6,109 @@ namespace Host
 {
 namespace
 {
-template <class List>
-std::string numberedName(const List& ports, const std::string& name)
+std::string twinName(const std::string& name, int twin) { return twin == 1 ? name : name + " " + std::to_string(twin); }
+
+bool isControl(char byte) { return static_cast<unsigned char>(byte) < ' ' || byte == 0x7F; }
+
+/// A name that fits on a line.
+MidiDevice cleaned(MidiDevice device)
 {
-    const auto isTaken = [&](const std::string& wanted) {
-        return std::ranges::any_of(ports, [&](const auto& port) { return port->name == wanted; });
-    };
-    std::string numbered = name;
-    for (int twin = 2; isTaken(numbered); ++twin) numbered = name + " " + std::to_string(twin);
-    return numbered;
+    std::ranges::replace_if(device.name, isControl, ' ');
+    if (device.name.empty()) device.name = "Unnamed";
+    return device;
 }
 
 template <class PortType>
-PortType* add(std::vector<std::unique_ptr<PortType>>& ports, const std::string& name, std::size_t& tooMany)
+PortType* named(const PortTable<PortType>& ports, const std::string& name)
 {
-    if (ports.size() == Ports::MOST) {
-        ++tooMany;
-        return nullptr;
-    }
-    ports.push_back(std::make_unique<PortType>(numberedName(ports, name)));
-    return ports.back().get();
+    const auto port = std::ranges::find(ports, name, [](const auto& each) -> const std::string& { return each->name; });
+    return port == ports.end() ? nullptr : port->get();
 }
 
+template <class PortType>
+PortType* add(PortTable<PortType>& ports, const std::string& name, std::set<std::string>& leftOut)
+{
+    int twin = 1;
+    while (named(ports, twinName(name, twin)) != nullptr) ++twin;
+    PortType* port = ports.add(std::make_unique<PortType>(twinName(name, twin)));
+    if (port == nullptr) leftOut.insert(name);
+    return port;
+}
+
+/// Finds ports for what a scan found.
+template <class PortType>
+class Settlement
+{
+public:
+    Settlement(PortTable<PortType>& allPorts, const std::vector<MidiDevice>& found, std::set<std::string>& left)
+        : ports(allPorts), leftOut(left)
+    {
+        for (const MidiDevice& device : found) devices.push_back(cleaned(device));
+    }
+
+    void settle(const Ports::Settle& gone, const Ports::Settle& came)
+    {
+        for (std::size_t index = 0; index < ports.size(); ++index)
+            if (Port& port = *ports[index]; port.found && !isThere(port)) {
+                gone(index);
+                port.found = false;
+            }
+        std::erase_if(devices, [&](const MidiDevice& device) { return isSettled(device); });
+        giveTo([](const Port& port, const MidiDevice& device) { return port.device == device; });
+        giveTo([](const Port& port, const MidiDevice& device) { return port.name == device.name; });
+        for (const MidiDevice& device : devices) give(twinFor(device.name), device);
+        for (std::size_t index = 0; index < ports.size(); ++index)
+            if (std::ranges::find(newlyFound, ports[index].get()) != newlyFound.end()) came(index);
+    }
+
+private:
+    bool isThere(const Port& port) const
+    {
+        return std::ranges::find(devices, port.device.address, &MidiDevice::address) != devices.end();
+    }
+
+    bool isSettled(const MidiDevice& device) const
+    {
+        return std::ranges::any_of(
+            ports, [&](const auto& port) { return port->found && port->device.address == device.address; });
+    }
+
+    template <class Fits>
+    void giveTo(Fits fits)
+    {
+        std::erase_if(devices, [&](const MidiDevice& device) {
+            const auto port =
+                std::ranges::find_if(ports, [&](const auto& each) { return !each->found && fits(*each, device); });
+            if (port != ports.end()) give(port->get(), device);
+            return port != ports.end();
+        });
+    }
+
+    PortType* twinFor(const std::string& name)
+    {
+        for (int twin = 1;; ++twin) {
+            PortType* port = named(ports, twinName(name, twin));
+            if (port == nullptr) return add(ports, name, leftOut);
+            if (!port->found) return port;
+        }
+    }
+
+    void give(PortType* port, const MidiDevice& device)
+    {
+        if (port == nullptr) return;
+        port->device = device;
+        port->found = true;
+        newlyFound.push_back(port);
+    }
+
+    PortTable<PortType>& ports;
+    std::vector<MidiDevice> devices;  // without a port as yet
+    std::set<std::string>& leftOut;
+    std::vector<PortType*> newlyFound;
+};
+
 template <class Record, class PortType>
-std::vector<Record> records(const std::vector<std::unique_ptr<PortType>>& ports)
+std::vector<Record> records(const PortTable<PortType>& ports)
 {
     std::vector<Record> list;
     for (const auto& port : ports) {
@@ -44,9 +123,19 @@ std::vector<Record> records(const std::vector<std::unique_ptr<PortType>>& ports)
 }
 }  // namespace
 
-InputPort* Ports::addInput(const std::string& name) { return add(inputPorts, name, tooMany); }
+InputPort* Ports::addInput(const std::string& name) { return add(inputPorts, name, leftOutNames); }
 
-OutputPort* Ports::addOutput(const std::string& name) { return add(outputPorts, name, tooMany); }
+OutputPort* Ports::addOutput(const std::string& name) { return add(outputPorts, name, leftOutNames); }
+
+void Ports::settleInputs(const std::vector<MidiDevice>& devices, const Settle& gone, const Settle& came)
+{
+    Settlement(inputPorts, devices, leftOutNames).settle(gone, came);
+}
+
+void Ports::settleOutputs(const std::vector<MidiDevice>& devices, const Settle& gone, const Settle& came)
+{
+    Settlement(outputPorts, devices, leftOutNames).settle(gone, came);
+}
 
 Backend::MidiEngine::MidiInputPorts Ports::inputList() const
 {

@@ -1,39 +1,49 @@
 #pragma once
 
-#include <memory>
+#include <functional>
+#include <set>
 #include <string>
 #include <vector>
 
 #include "backend/midi/MidiPort.h"
 #include "host/ports/Port.h"
+#include "host/ports/PortTable.h"
 
 namespace Host
 {
-/// All ports of the host by number. Filled before anything plays; from then on the lists stand still.
+/// All ports of the host by number. A port stays in its list when its device goes, so that its number stays; only the
+/// control thread adds ports and settles which device they stand for, while any thread reads the lists.
 class Ports
 {
 public:
-    /// Port numbers are signed bytes.
-    static constexpr std::size_t MOST = 127;
+    static constexpr std::size_t MOST = PortTable<InputPort>::MOST;
 
-    /// Takes the next number. The name is numbered if it is taken ("Piano", "Piano 2"). Null, and the port counted as
-    /// left out, if there are `MOST` already. The port lives as long as this.
+    /// Takes the next number. The name is numbered if it is taken ("Piano", "Piano 2"). Null, and the name kept as left
+    /// out, if there are `MOST` already.
     InputPort* addInput(const std::string& name);
     OutputPort* addOutput(const std::string& name);
 
-    const std::vector<std::unique_ptr<InputPort>>& inputs() const { return inputPorts; }
-    const std::vector<std::unique_ptr<OutputPort>>& outputs() const { return outputPorts; }
+    const PortTable<InputPort>& inputs() const { return inputPorts; }
+    const PortTable<OutputPort>& outputs() const { return outputPorts; }
 
-    /// How many found no number.
-    std::size_t leftOut() const { return tooMany; }
+    /// Settles the port of each device that a scan found, for as long as the device is there: the port that it had
+    /// before in this run, else one without a device by exactly its name, else the first twin without one ("Piano 2"),
+    /// else a new one at the end. A port of which the device is gone is not found any more: `gone` is called for it
+    /// first, by its number. `came` is called for each that got a device.
+    using Settle = std::function<void(std::size_t index)>;
+    void settleInputs(const std::vector<MidiDevice>& devices, const Settle& gone, const Settle& came);
+    void settleOutputs(const std::vector<MidiDevice>& devices, const Settle& gone, const Settle& came);
+
+    /// How many names found no number.
+    std::size_t leftOut() const { return leftOutNames.size(); }
 
     /// The lists as the backend wants them. The control thread.
     Backend::MidiEngine::MidiInputPorts inputList() const;
     Backend::MidiEngine::MidiOutputPorts outputList() const;
 
 private:
-    std::vector<std::unique_ptr<InputPort>> inputPorts;
-    std::vector<std::unique_ptr<OutputPort>> outputPorts;
-    std::size_t tooMany = 0;
+    PortTable<InputPort> inputPorts;
+    PortTable<OutputPort> outputPorts;
+    std::set<std::string> leftOutNames;
 };
 }  // namespace Host

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "backend/core/OrvMessageManager.h"
+#include "backend/persistence/OrvUtils.h"
 #include "host/run/PortList.h"
 #include "host/run/Run.h"
 #include "host/session/Session.h"
@@ -15,7 +16,7 @@ namespace Host
 {
 namespace
 {
-constexpr auto DISPLAY_UPDATE = std::chrono::milliseconds(100);
+constexpr auto LOOK_AROUND = std::chrono::milliseconds(100);
 
 /// A file stem in the current folder that names the moment.
 std::string recordStem()
@@ -27,6 +28,13 @@ std::string recordStem()
     std::strftime(name, sizeof name, "record %Y-%m-%d %H.%M.%S", &local);
     std::error_code none;
     return (std::filesystem::current_path(none) / name).string();
+}
+
+/// Empty if it is not.
+std::string whySilent(const Port& port)
+{
+    if (!port.found) return "\"" + port.name + "\" is not there";
+    return port.couldNotOpen ? "\"" + port.name + "\" could not be opened" : "";
 }
 
 void tellLosses(const Ports& ports, const Tell& tell)
@@ -42,9 +50,11 @@ LiveHost::LiveHost(const RunOptions& runOptions, EndSignals& endSignals, Event& 
       signals(endSignals),
       event(wakeUp),
       tell(std::move(tellUser)),
-      system(openMidiSystem(options.client, ports, event))
+      memory(Backend::OrvUtils::getOrvAppDataDir(), tell)
 {
-    for (const std::string& complaint : system->complaints) tell(complaint);
+    memory.recall(ports, SYNTHESIZER_NAME);
+    system = openMidiSystem(options.client, ports, event);
+    for (const std::string& line : system->takeNews()) tell(line);
 }
 
 bool LiveHost::isAnythingHeard() const { return system->name() != "none" || !ports.outputs()[0]->couldNotOpen; }
@@ -52,18 +62,46 @@ bool LiveHost::isAnythingHeard() const { return system->name() != "none" || !por
 void LiveHost::start()
 {
     const int defaultOutput = options.defaultOutput ? findOutput(ports.outputList(), *options.defaultOutput) : -1;
-    play = std::make_unique<LivePlay>(*system, ports, event, tell, options.setup);
+    const ClockLinks clocks = findClocks();
+    tellSilentClocks(clocks);
+    if (options.transport) followTransport();
+    join();  // first: who is to hear the clock hears its start
+    play = std::make_unique<LivePlay>(*system, ports, memory, event, tell, options.setup, clocks);
     if (defaultOutput >= 0) setDefaultOutput(defaultOutput);
     if (options.tempo) play->getOrv().getOrvMessageManager().postChangeTempo({false, *options.tempo}, true);
-    join();
     if (options.session != nullptr) options.session->begin(event);
+    if (options.status) status = std::make_unique<StatusLine>();
+    description = std::string(VERSION) + ": " + system->description() + "\n" +
+                  describePorts(ports.inputList(), ports.outputList());
+}
+
+ClockLinks LiveHost::findClocks() const
+{
+    ClockLinks links;
+    if (options.clockIn) links.in = findInput(ports.inputList(), *options.clockIn, "--clock-in");
+    if (options.clockOut) links.out = findOutput(ports.outputList(), *options.clockOut, "--clock-out");
+    return links;
+}
+
+void LiveHost::tellSilentClocks(const ClockLinks& links) const
+{
+    const auto check = [this](const Port& port, const char* option) {
+        if (const std::string reason = whySilent(port); !reason.empty()) tell(option + (": " + reason));
+    };
+    if (links.in >= 0) check(*ports.inputs()[static_cast<std::size_t>(links.in)], "--clock-in");
+    if (links.out >= 0) check(*ports.outputs()[static_cast<std::size_t>(links.out)], "--clock-out");
+}
+
+void LiveHost::followTransport()
+{
+    if (!system->followTransport()) tell("--transport: there is no JACK server, so no transport to follow");
 }
 
 void LiveHost::setDefaultOutput(int output)
 {
     const OutputPort& port = *ports.outputs()[static_cast<std::size_t>(output)];
-    if (port.couldNotOpen)
-        tell("--default-output: \"" + port.name + "\" could not be opened; the default output stays as it is");
+    if (const std::string reason = whySilent(port); !reason.empty())
+        tell("--default-output: " + reason + "; the default output stays as it is");
     else
         play->getOrv().getOrvMessageManager().postChangeDefaultMidiOutput({SelectType::Kind::specific, output});
 }
@@ -77,42 +115,33 @@ void LiveHost::join()
         }
 }
 
-std::string LiveHost::describe() const
-{
-    return std::string(VERSION) + ": " + system->description() + "\n" +
-           describePorts(ports.inputList(), ports.outputList());
-}
-
-void LiveHost::showDisplay()
-{
-    printsDisplay = true;
-    play->showDisplay();
-}
-
-void LiveHost::waitForEvent()
-{
-    if (printsDisplay)
-        event.waitFor(DISPLAY_UPDATE);
-    else
-        event.wait();
-}
+void LiveHost::showDisplay() { play->showDisplay(); }
 
 void LiveHost::playUntil(const std::function<bool()>& isEndWanted)
 {
     while (!isEndWanted()) {
-        waitForEvent();
+        event.waitFor(LOOK_AROUND);
         play->updateDisplay();
         if (signals.takeSaveWish()) play->saveRecord(recordStem());
         if (options.session != nullptr) options.session->serve(play->getOrv().getOrvMessageManager());
-        if (play->serve())
-            tell("The JACK server is gone: no MIDI and no sound any more. The engine goes on by its own clock.");
+        play->serve();
+        showStatus();
     }
+}
+
+void LiveHost::showStatus()
+{
+    if (status && status->isDue()) status->show(describeStatus(play->status(), ports));
 }
 
 void LiveHost::end()
 {
     if (options.session != nullptr) options.session->end();
     play->end();
+    if (status) {
+        const auto load = play->wholeLoad();
+        status->show("In all " + std::to_string(load.slices) + " slices, " + describeLoad(load));
+    }
     tellLosses(ports, tell);
 }
 }  // namespace Host

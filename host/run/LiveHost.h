@@ -5,17 +5,20 @@
 #include <string>
 #include <vector>
 
+#include "host/ports/PortMemory.h"
 #include "host/ports/Ports.h"
 #include "host/run/EndSignals.h"
 #include "host/run/LivePlay.h"
 #include "host/run/RunOptions.h"
+#include "host/run/StatusLine.h"
 #include "host/run/Tell.h"
 #include "host/system/MidiSystem.h"
 
 namespace Host
 {
 /// The stand-alone host while it plays live: the devices, what plays through them, and all that the command line asked
-/// for. With a window or without one. The thread that makes it is the control thread, and everything here is its own.
+/// for. With a window or without one. The thread that makes it is the control thread; what is not said to be otherwise
+/// is its own.
 class LiveHost
 {
 public:
@@ -28,37 +31,43 @@ public:
 
     bool isAnythingHeard() const;
 
-    /// From here it plays. Throws InputError if there is no such output as the options name.
+    /// From here it plays. Throws InputError if there is no such port as the options name.
     void start();
 
     /// Once it has started. Its commands may be used on any thread until `end`.
     LivePlay& getPlay() { return *play; }
 
-    /// The version, the devices and the ports, for the user.
-    std::string describe() const;
+    /// The version, and the devices and the ports as they were when it started, for the user. Any thread.
+    const std::string& describe() const { return description; }
 
     /// Prints the display's lines from now on.
     void showDisplay();
 
-    /// Serves the ports, and saves the record when a signal asks for it, until `isEndWanted`, which is asked whenever
-    /// the event is set.
+    /// Serves the ports, shows the status if that was asked for, and saves the record when a signal asks for it, until
+    /// `isEndWanted`, which is asked several times a second and whenever the event is set.
     void playUntil(const std::function<bool()>& isEndWanted);
 
-    /// Ends with every note off and tells what was lost. The backend stays, at rest, as long as this.
+    /// Ends with every note off and tells what was lost, and what the slices cost beside the status. The backend stays,
+    /// at rest, as long as this.
     void end();
 
 private:
+    ClockLinks findClocks() const;
+    void tellSilentClocks(const ClockLinks& links) const;
+    void followTransport();
     void setDefaultOutput(int output);
     void join();
-    void waitForEvent();
+    void showStatus();
 
     const RunOptions options;
     EndSignals& signals;
     Event& event;
     const Tell tell;
     Ports ports;
+    PortMemory memory;
     std::unique_ptr<MidiSystem> system;
     std::unique_ptr<LivePlay> play;
-    bool printsDisplay = false;
+    std::unique_ptr<StatusLine> status;  // null for none
+    std::string description;
 };
 }  // namespace Host

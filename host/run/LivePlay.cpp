@@ -1,14 +1,18 @@
 #include "host/run/LivePlay.h"
 
+#include <algorithm>
 #include <new>
 #include <thread>
+#include <utility>
 
 #include "backend/core/DisplayMessageManager.h"
+#include "backend/core/MessageManagerMaster.h"
 #include "backend/core/OrvFactory.h"
 #include "backend/core/OrvMessageManager.h"
 #include "backend/layers/RetroRecordManager.h"
 #include "backend/midi/MidiEngineMessageManager.h"
 #include "backend/persistence/Program.h"
+#include "backend/persistence/RegistrySettings.h"
 #include "host/Installer.h"
 #include "host/performance/CommandPost.h"
 #include "host/run/RunOptions.h"
@@ -22,6 +26,7 @@ namespace
 {
 constexpr auto LONGEST_WAIT_FOR_REST = 2s;
 constexpr int SLICES_FOR_INPUTS_TO_END = 2;
+constexpr auto PAUSE_BETWEEN_WARNINGS = 10s;
 
 std::unique_ptr<Backend::OrvIF> createOrv(Player& player)
 {
@@ -31,34 +36,45 @@ std::unique_ptr<Backend::OrvIF> createOrv(Player& player)
 }
 }  // namespace
 
-LivePlay::LivePlay(MidiSystem& midiSystem, Ports& allPorts, Event& wishes, Tell tell, const Setup& setup)
+LivePlay::LivePlay(MidiSystem& midiSystem, Ports& allPorts, PortMemory& portMemory, Event& wishes, Tell tellUser,
+                   const Setup& setup, const ClockLinks& links)
     : system(midiSystem),
       ports(allPorts),
       player(ports, wishes),
-      window(std::move(tell)),
+      window(tellUser),
       orv(createOrv(player)),
       slices([backend = orv.get()](std::int32_t from, std::int32_t to) { backend->playTimeSlice(from, to); },
              [backend = orv.get()] { backend->getMidiEngineMessageManager().sendReset(); }),
-      clock(slices, player, [this] { system.deliver(); })
+      clock(slices, player, [this] { system.deliver(); }),
+      memory(portMemory),
+      tell(std::move(tellUser))
 {
-    start(setup);
+    start(setup, links);
 }
 
 LivePlay::~LivePlay() { end(); }
 
-void LivePlay::start(const Setup& setup)
+void LivePlay::start(const Setup& setup, const ClockLinks& links)
 {
+    slices.measureInto(&load);
     installIfNeeded();
     if (setup.loads.empty()) orv->getProgram().number = setup.number;
+    orv->getMessageManagerMaster().setRealTimeStep(RealTimeStep::backend);
+    orv->getMidiEngineMessageManager().setRealTimeStep(RealTimeStep::commands);
     orv->start();
     auto& backend = orv->getOrvMessageManager();
     backend.sendInitialize();
+    takeChoices();
     backend.sendSetMidiInputPorts(ports.inputList());
     backend.sendSetMidiOutputPorts(ports.outputList());
+    keepChoices();
     backend.sendEndInitialize();
     orv->getProgram().number = setup.number;  // of these alone: what another bank has there would be heard
     for (const std::string& file : setup.loads) postLoad(backend, file);
     if (!setup.program.empty()) backend.postLoadProgramFromString(setup.program, setup.number);
+    player.setClockIn(links.in);
+    player.setClockOut(links.out);
+    if (links.out >= 0) clock.setClockOut(ports.outputs()[static_cast<std::size_t>(links.out)].get());
     system.startClock(clock);
     orv->startJoysticks();
     system.listen([&backend](const OrvMidiMessage& event) { backend.postProcessMidiInputEvent(event); });
@@ -86,16 +102,116 @@ void LivePlay::updateDisplay()
 
 // --- ports
 
-bool LivePlay::serve()
+void LivePlay::serve()
 {
+    const bool changed = system.refresh();
     serveInputs();
     serveOutputs();
-    if (!system.hasDied() || toldOfDeath) return false;
-    toldOfDeath = true;
-    system.markGone();
+    serveTempo();
+    releaseCutInputs();
+    if (changed) publishPorts();
+    tellNews();
+    tellFloods();
+}
+
+// The backend releases what an input holds that is not found.
+void LivePlay::releaseCutInputs()
+{
+    const auto cut = system.takeCutInputs();
+    if (cut.empty()) return;
+    auto inputs = ports.inputList();
+    for (const std::size_t index : cut) inputs[index].found = false;
+    orv->getOrvMessageManager().postSetMidiInputPorts(inputs);
+    orv->getOrvMessageManager().postSetMidiInputPorts(ports.inputList());
+}
+
+void LivePlay::publishPorts()
+{
     orv->getOrvMessageManager().postSetMidiInputPorts(ports.inputList());
     orv->getOrvMessageManager().postSetMidiOutputPorts(ports.outputList());
-    return true;
+    keepChoices();
+}
+
+void LivePlay::tellNews()
+{
+    for (const std::string& line : system.takeNews()) tell(line);
+    if (ports.leftOut() > toldLeftOut)
+        tell("There are more MIDI ports than the " + std::to_string(Ports::MOST) + " that can be used each way; " +
+             std::to_string(ports.leftOut()) + " are left out.");
+    toldLeftOut = ports.leftOut();
+}
+
+void LivePlay::tellFloods()
+{
+    const auto now = std::chrono::steady_clock::now();
+    for (std::size_t index = 0; index < ports.inputs().size(); ++index) {
+        Flood& flood = floods[index];
+        const std::uint64_t limited = ports.inputs()[index]->limit.limitedCount();
+        const bool floodsNow = std::exchange(flood.limited, limited) != limited;
+        const bool wasTold = flood.told.time_since_epoch().count() != 0 && now - flood.told < PAUSE_BETWEEN_WARNINGS;
+        if (!floodsNow || wasTold) continue;
+        flood.told = now;
+        tell("\"" + ports.inputs()[index]->name + "\": more than " + std::to_string(EventLimit::PER_SECOND) +
+             " events a second; what goes beyond is left out. Is an output wired to it?");
+    }
+}
+
+// --- status
+
+Status LivePlay::status()
+{
+    Status status;
+    status.system = system.status();
+    status.tempo = player.getTempo();
+    const auto counts = load.counts();
+    status.load = SliceLoad::summarise(std::exchange(loadBefore, counts), counts);
+    status.lateSlices = load.lateCount();
+    status.realTime = describeRealTime();
+    return status;
+}
+
+std::string LivePlay::describeRealTime() const
+{
+    const RealTimeAnswer clockAnswer =
+        clock.runsOnItsThread() ? realTimeAnswer(RealTimeStep::clock) : system.clockPriority();
+    std::string who;
+    const auto add = [&](RealTimeAnswer answer, const char* name) {
+        if (answer == RealTimeAnswer::granted) who += (who.empty() ? "" : ", ") + std::string(name);
+    };
+    add(clockAnswer, "clock");
+    add(realTimeAnswer(RealTimeStep::backend), "backend");
+    add(realTimeAnswer(RealTimeStep::commands), "commands");
+    return who.empty() ? "none" : who;
+}
+
+// --- choices
+
+// A port without a stored choice is enabled. The backend rests, its settings are read.
+void LivePlay::takeChoices()
+{
+    const auto inputs = orv->getRegistrySettings().getEnabledMidiInputs();
+    const auto outputs = orv->getRegistrySettings().getEnabledMidiOutputs();
+    inputChoices = inputs.size();
+    outputChoices = outputs.size();
+    for (std::size_t index = 0; index < std::min(inputs.size(), ports.inputs().size()); ++index) {
+        ports.inputs()[index]->wanted.store(inputs[index]);
+        if (!inputs[index]) system.enableInput(index, false);
+    }
+    for (std::size_t index = 0; index < std::min(outputs.size(), ports.outputs().size()); ++index) {
+        ports.outputs()[index]->wanted.store(outputs[index]);
+        if (!outputs[index]) system.enableOutput(index, false);
+    }
+}
+
+// All of them up to the last port: a choice stored for one number says something of every number below.
+void LivePlay::keepChoices()
+{
+    auto& backend = orv->getOrvMessageManager();
+    for (; inputChoices < ports.inputs().size(); ++inputChoices)
+        backend.postEnableMidiInput(static_cast<int>(inputChoices), ports.inputs()[inputChoices]->wanted.load());
+    for (; outputChoices < ports.outputs().size(); ++outputChoices)
+        backend.postEnableMidiOutput(static_cast<int>(outputChoices), ports.outputs()[outputChoices]->wanted.load());
+    memory.keep(ports);
 }
 
 // The backend has switched the input already; it hears from us only if the device refuses.
@@ -122,6 +238,12 @@ void LivePlay::serveOutputs()
         if (wanted != port.enabled) system.enableOutput(index, wanted);
     }
     orv->getOrvMessageManager().postSetMidiOutputPorts(ports.outputList());
+}
+
+void LivePlay::serveTempo()
+{
+    if (const int bpm = player.takeHeardTempo(); bpm > 0)
+        orv->getOrvMessageManager().postChangeTempo({false, bpm}, true);
 }
 
 // --- the end

@@ -1,16 +1,21 @@
 #pragma once
 
+#include <array>
+#include <chrono>
 #include <memory>
 #include <string>
 
 #include "backend/core/OrvIF.h"
 #include "host/SetupFile.h"
 #include "host/clock/Clock.h"
+#include "host/clock/ClockLinks.h"
 #include "host/clock/Slices.h"
 #include "host/performance/PerformanceCommand.h"
 #include "host/player/Player.h"
+#include "host/ports/PortMemory.h"
 #include "host/ports/Ports.h"
 #include "host/run/LiveWindow.h"
+#include "host/run/StatusLine.h"
 #include "host/system/MidiSystem.h"
 
 namespace Host
@@ -22,8 +27,9 @@ class LivePlay
 {
 public:
     /// All must outlive this. `wishes` is set whenever `serve` has something to do. `tell` gets lines for the user, on
-    /// any thread. The files of `setup` can be loaded. Throws std::bad_alloc.
-    LivePlay(MidiSystem& midiSystem, Ports& allPorts, Event& wishes, Tell tell, const Setup& setup = {});
+    /// any thread. The files of `setup` can be loaded. New ports are entered into `portMemory`. Throws std::bad_alloc.
+    LivePlay(MidiSystem& midiSystem, Ports& allPorts, PortMemory& portMemory, Event& wishes, Tell tellUser,
+             const Setup& setup, const ClockLinks& links);
 
     /// Ends first if that has not been done.
     ~LivePlay();
@@ -43,8 +49,15 @@ public:
     void showDisplay();
     void updateDisplay();
 
-    /// Opens and closes what the user wished, and takes note of a system that died. True at the moment it has.
-    bool serve();
+    /// How it stands, with the load since the last call.
+    Status status();
+
+    /// The load since the start.
+    SliceLoad::Summary wholeLoad() const { return SliceLoad::summarise({}, load.counts()); }
+
+    /// Opens and closes what the user wished, follows devices that come and go, and gives the program the tempo of a
+    /// clock from outside. To be called several times a second.
+    void serve();
 
     /// Ends with every note off: inputs off, two slices, a reset, the backend's end while slices still run, then the
     /// clock stands and the ports close. Always comes to its end: a clock that stalls is replaced. The backend is there
@@ -52,9 +65,17 @@ public:
     void end();
 
 private:
-    void start(const Setup& setup);
+    void start(const Setup& setup, const ClockLinks& links);
+    void takeChoices();
+    void keepChoices();
+    void publishPorts();
+    void tellNews();
+    void tellFloods();
+    void releaseCutInputs();
+    std::string describeRealTime() const;
     void serveInputs();
     void serveOutputs();
+    void serveTempo();
     void switchInputsOff();
     void waitForRest();
 
@@ -64,10 +85,21 @@ private:
     LiveDisplay display;
     LiveWindow window;
     std::unique_ptr<Backend::OrvIF> orv;
+    SliceLoad load;
+    SliceLoad::Counts loadBefore{};
     Slices slices;
     Clock clock;
+    PortMemory& memory;
+    const Tell tell;
+    std::size_t inputChoices = 0;  // stored so far
+    std::size_t outputChoices = 0;
+    std::size_t toldLeftOut = 0;
+    struct Flood {
+        std::uint64_t limited = 0;
+        std::chrono::steady_clock::time_point told;
+    };
+    std::array<Flood, Ports::MOST> floods{};  // by input
     bool ended = false;
-    bool toldOfDeath = false;
     bool showsDisplay = false;
 };
 }  // namespace Host

@@ -6,6 +6,7 @@
 
 #include "backend/core/GuiMessages.h"
 #include "backend/layers/RetroRecordManager.h"
+#include "host/run/StatusLine.h"
 
 namespace Host
 {
@@ -52,6 +53,6 @@ void LiveDisplay::addText(const char* text)
 {
     std::string lines = text;
     std::erase(lines, '\r');
-    std::cout << lines << std::flush;
+    std::cout << StatusLine::eraser() + lines << std::flush;
 }
 }  // namespace Host

@@ -8,7 +8,6 @@
 namespace Host
 {
 using Backend::MidiEngine::MidiInputPorts;
-using Backend::MidiEngine::MidiOutputPort;
 using Backend::MidiEngine::MidiOutputPorts;
 
 namespace
@@ -24,6 +23,17 @@ std::string describe(const std::string& title, const List& ports)
                 std::to_string(index) + "  " + ports[index].getDisplayName() + "\n";
     return text;
 }
+template <class List>
+int findPort(const List& ports, const std::string& text, const std::string& option, const char* kind)
+{
+    const auto named = std::ranges::find_if(ports, [&](const auto& port) { return port.name == text; });
+    if (named != ports.end()) return static_cast<int>(named - ports.begin());
+    std::size_t number = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    if (error != std::errc() || end != text.data() + text.size() || number >= ports.size())
+        throw InputError(option + ": there is no " + kind + " '" + text + "' (orvane ports lists them)");
+    return static_cast<int>(number);
+}
 }  // namespace
 
 std::string describePorts(const MidiInputPorts& inputs, const MidiOutputPorts& outputs)
@@ -31,14 +41,13 @@ std::string describePorts(const MidiInputPorts& inputs, const MidiOutputPorts& o
     return describe("Inputs", inputs) + describe("Outputs", outputs);
 }
 
-int findOutput(const MidiOutputPorts& outputs, const std::string& text)
+int findInput(const MidiInputPorts& inputs, const std::string& text, const std::string& option)
 {
-    const auto named = std::ranges::find(outputs, text, &MidiOutputPort::name);
-    if (named != outputs.end()) return static_cast<int>(named - outputs.begin());
-    std::size_t number = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-    if (error != std::errc() || end != text.data() + text.size() || number >= outputs.size())
-        throw InputError("--default-output: there is no output '" + text + "' (orvane ports lists them)");
-    return static_cast<int>(number);
+    return findPort(inputs, text, option, "input");
+}
+
+int findOutput(const MidiOutputPorts& outputs, const std::string& text, const std::string& option)
+{
+    return findPort(outputs, text, option, "output");
 }
 }  // namespace Host

@@ -10,6 +10,9 @@ namespace Host
 std::string describePorts(const Backend::MidiEngine::MidiInputPorts& inputs,
                           const Backend::MidiEngine::MidiOutputPorts& outputs);
 
-/// The output that the user means: one of that name, otherwise that number. Throws InputError if there is none.
-int findOutput(const Backend::MidiEngine::MidiOutputPorts& outputs, const std::string& text);
+/// The port that the user means: one of that name, otherwise that number. Throws InputError, which names the option, if
+/// there is none.
+int findInput(const Backend::MidiEngine::MidiInputPorts& inputs, const std::string& text, const std::string& option);
+int findOutput(const Backend::MidiEngine::MidiOutputPorts& outputs, const std::string& text,
+               const std::string& option = "--default-output");
 }  // namespace Host

@@ -5,6 +5,7 @@
 #include <iostream>
 #include <memory>
 
+#include "backend/persistence/OrvUtils.h"
 #include "host/jack/JackClient.h"
 #include "host/run/CommandReader.h"
 #include "host/run/LiveHost.h"
@@ -62,8 +63,9 @@ int listPorts(const std::string& client)
     checkClientName(client);
     Event event;
     Ports ports;
+    PortMemory(Backend::OrvUtils::getOrvAppDataDir(), tellOnStandardError).recall(ports, SYNTHESIZER_NAME);
     const auto system = openMidiSystem(client, ports, event);
-    for (const std::string& complaint : system->complaints) tellOnStandardError(complaint);
+    for (const std::string& line : system->takeNews()) tellOnStandardError(line);
     std::cout << "Back end: " << system->name() << "\n"
               << describePorts(ports.inputList(), ports.outputList()) << std::flush;
     return 0;

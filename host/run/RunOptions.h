@@ -21,8 +21,12 @@ struct RunOptions {
     std::vector<std::string> connections;      ///< "A=B": JACK ports to join, each by its name
     std::optional<std::string> defaultOutput;  ///< an output's number or name
     std::optional<int> tempo;                  ///< beats per minute, 20 to 250
+    std::optional<std::string> clockIn;        ///< an input's number or name: its MIDI clock is followed
+    std::optional<std::string> clockOut;       ///< an output's number or name: it gets a MIDI clock
+    bool transport = false;                    ///< the JACK transport is followed
     Setup setup;                               ///< what it begins with
     bool keys = false;                         ///< plays from the terminal's keys instead of reading commands
+    bool status = false;                       ///< a line once a second on standard output
     bool display = false;                      ///< the display's lines on standard output, or its screen in the window
     Session* session = nullptr;                ///< the one it plays in, which outlives it; null for none
 

@@ -2,7 +2,12 @@
 
 #include <iostream>
 
+#include "host/run/StatusLine.h"
+
 namespace Host
 {
-void tellOnStandardError(const std::string& line) { std::cerr << "orvane: " + line + "\n"; }
+void tellOnStandardError(const std::string& line)
+{
+    std::cerr << std::string(StatusLine::eraser()) + "orvane: " + line + "\n";
+}
 }  // namespace Host

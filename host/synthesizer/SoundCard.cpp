@@ -1,5 +1,7 @@
 #include "host/synthesizer/SoundCard.h"
 
+#include <alsa/asoundlib.h>
+
 #include <stdexcept>
 
 #include "host/synthesizer/SoundFont.h"
@@ -12,10 +14,14 @@ constexpr double SAMPLE_RATE = 48000;
 
 // Never "jack": it would start a server, and a server that runs is used without this class.
 constexpr const char* DRIVERS[] = {"pipewire", "pulseaudio", "alsa"};
+
+// A plain variadic function, as ALSA wants it.
+void sayNothing(const char*, int, const char*, int, const char*, ...) {}
 }  // namespace
 
 SoundCard::SoundCard() : synthesizer(findSoundFont(), SAMPLE_RATE, SynthesizerUse::manyThreads)
 {
+    snd_lib_error_set_handler(sayNothing);
     for (const char* name : DRIVERS) {
         if (fluid_settings_setstr(synthesizer.getSettings(), "audio.driver", name) != FLUID_OK) continue;
         driver.reset(new_fluid_audio_driver(synthesizer.getSettings(), synthesizer.getSynth()));

@@ -11,6 +11,8 @@ constexpr double HIGHEST_RATE = 96000;
 constexpr double GAIN = 0.6;  // a full chord at full velocity stays below full scale
 constexpr std::uint8_t SYSTEM_RESET = 0xFF;
 
+bool isPossible(double sampleRate) { return sampleRate >= LOWEST_RATE && sampleRate <= HIGHEST_RATE; }
+
 void keepQuiet()
 {
     for (const int level : {FLUID_PANIC, FLUID_ERR, FLUID_WARN, FLUID_INFO, FLUID_DBG})
@@ -22,8 +24,7 @@ void keepQuiet()
 Synthesizer::Synthesizer(const std::filesystem::path& soundFont, double sampleRate, SynthesizerUse use)
 {
     if (soundFont.empty()) throw std::runtime_error("no General MIDI sound font is installed");
-    if (sampleRate < LOWEST_RATE || sampleRate > HIGHEST_RATE)
-        throw std::runtime_error("the synthesizer plays at 8000 to 96000 Hz only");
+    if (!isPossible(sampleRate)) throw std::runtime_error("the synthesizer plays at 8000 to 96000 Hz only");
     keepQuiet();
     settings.reset(new_fluid_settings());
     fluid_settings_setnum(settings.get(), "synth.sample-rate", sampleRate);
@@ -71,4 +72,13 @@ void Synthesizer::render(float* left, float* right, int frames)
 {
     fluid_synth_write_float(synth.get(), frames, left, 0, 1, right, 0, 1);
 }
+
+// Out of favour with its makers, but the only way that keeps what the channels were told.
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wdeprecated-declarations"
+void Synthesizer::setRate(double sampleRate)
+{
+    if (isPossible(sampleRate)) fluid_synth_set_sample_rate(synth.get(), static_cast<float>(sampleRate));
+}
+#pragma GCC diagnostic pop
 }  // namespace Host

@@ -35,6 +35,9 @@ public:
     /// Fills both with the next `frames` frames, full scale 1.
     void render(float* left, float* right, int frames);
 
+    /// From the next frame on; a rate outside the range is ignored. May allocate.
+    void setRate(double sampleRate);
+
     /// For an audio driver. They live as long as this.
     fluid_settings_t* getSettings() { return settings.get(); }
     fluid_synth_t* getSynth() { return synth.get(); }

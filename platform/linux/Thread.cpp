@@ -5,24 +5,63 @@
 #include <sys/syscall.h>
 #include <unistd.h>
 
+#include <algorithm>
+#include <array>
+#include <atomic>
+#include <cstddef>
 #include <utility>
+
+#include "platform/DbgStream.h"
 
 namespace
 {
 // Below the JACK server's own threads, above everything ordinary.
 constexpr int MOST_URGENT_PRIORITY = 8;
+
+constexpr std::array<const char*, 3> STEP_NAMES{"the clock", "the backend", "commands"};
+std::array<std::atomic<RealTimeAnswer>, STEP_NAMES.size()> answers{};
+std::atomic<int> clockPriority{MOST_URGENT_PRIORITY};
+
+void note(RealTimeStep step, bool granted)
+{
+    const auto index = static_cast<std::size_t>(step);
+    const auto answer = granted ? RealTimeAnswer::granted : RealTimeAnswer::refused;
+    if (answers[index].exchange(answer) != answer)
+        WindowsLib::DbgStream() << "real-time priority for " << STEP_NAMES[index]
+                                << (granted ? ": granted" : ": refused, going on without");
+}
 }  // namespace
 
 constinit thread_local ThreadId Detail::knownThreadId = 0;
 
 ThreadId Detail::learnThreadId() { return knownThreadId = static_cast<ThreadId>(syscall(SYS_gettid)); }
 
-bool requestRealTimePriority(int step)
+void noteClockPriority(int priority)
+{
+    const bool granted = priority > static_cast<int>(RealTimeStep::commands);
+    clockPriority.store(granted ? std::min(priority, MOST_URGENT_PRIORITY) : MOST_URGENT_PRIORITY);
+    note(RealTimeStep::clock, granted);
+}
+
+int realTimePriority()
 {
     sched_param parameters{};
-    parameters.sched_priority = MOST_URGENT_PRIORITY - step;
-    return pthread_setschedparam(pthread_self(), SCHED_FIFO, &parameters) == 0;
+    const int policy = sched_getscheduler(0) & ~SCHED_RESET_ON_FORK;
+    if ((policy != SCHED_FIFO && policy != SCHED_RR) || sched_getparam(0, &parameters) != 0) return 0;
+    return parameters.sched_priority;
 }
+
+bool requestRealTimePriority(RealTimeStep step)
+{
+    sched_param parameters{};
+    parameters.sched_priority = clockPriority.load() - static_cast<int>(step);
+    const bool mayAsk = step == RealTimeStep::clock || realTimeAnswer(RealTimeStep::clock) != RealTimeAnswer::refused;
+    const bool granted = mayAsk && sched_setscheduler(0, SCHED_FIFO | SCHED_RESET_ON_FORK, &parameters) == 0;
+    note(step, granted);
+    return granted;
+}
+
+RealTimeAnswer realTimeAnswer(RealTimeStep step) { return answers[static_cast<std::size_t>(step)].load(); }
 
 void Thread::start(const std::string& name, std::function<void()> body)
 {

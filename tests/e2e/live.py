@@ -48,7 +48,7 @@ class Program:
 
     @staticmethod
     def text(file):
-        return os.pread(file.fileno(), 1 << 20, 0).decode()
+        return os.pread(file.fileno(), 1 << 24, 0).decode()
 
     @property
     def printed(self):
@@ -70,10 +70,10 @@ class Server(Program):
     """A JACK server. A machine has room for eight, and one that was killed keeps its place until a server of its name
     ends properly."""
 
-    def __init__(self, test):
+    def __init__(self, test, *options):
         self.test = test
-        super().__init__(test, "jackd", "-r", "-n", test.environment["JACK_DEFAULT_SERVER"], "-d", "dummy", "-r",
-                         "48000", "-p", "1024")
+        super().__init__(test, "jackd", "-r", "-n", test.environment["JACK_DEFAULT_SERVER"], "-d", "dummy",
+                         *(options or ("-r", "48000", "-p", "1024")))
         until(lambda: "system:playback_1" in test.ports(), "the server")
 
     def stop(self):
@@ -133,7 +133,7 @@ class House(unittest.TestCase):
         return self.tool("jack_lsp", status=None).splitlines()
 
     def connections(self, port):
-        lines = self.tool("jack_lsp", "-c", port).splitlines()
+        lines = self.tool("jack_lsp", "-c", port, status=None).splitlines()
         return {line.strip() for line in lines if line.startswith(" ")}
 
     def orvane(self, *arguments):
@@ -349,6 +349,8 @@ class Live(House):
     def test_with_a_server_that_hangs_it_ends_and_a_second_signal_ends_at_once(self):
         self.serve()
         patient, hurried = self.orvane("--client", "patient"), self.orvane("--client", "hurried")
+        for one, other in (("patient", "hurried"), ("hurried", "patient")):
+            until(lambda: f"{other}:Orvane Out" in self.connections(f"{one}:from {other}:Orvane Out"), "both to settle")
         self.server.process.send_signal(signal.SIGSTOP)
         hurried.process.send_signal(signal.SIGTERM)
         time.sleep(0.2)  # two of a kind at once would count as one

@@ -127,6 +127,23 @@ class Window(live.House):
         until(lambda: "saved " in orvane.complained, "the record")
         self.assertEqual(orvane.end(), 0)
 
+    def test_the_clock_the_status_and_the_graph_go_on_beside_it(self):
+        orvane = self.openPlaying("--clock-out", "Orvane Out", "--status")
+        until(lambda: self.monitor.heard.count("f8") > 48, "ticks")
+        self.assertEqual(self.monitor.heard[:2], ["fa", "f8"])
+        until(lambda: "\nJACK 48000 Hz" in orvane.printed, "the status")
+        self.server.end(signal.SIGKILL)
+        until(lambda: "server is gone" in orvane.complained, "the complaint")
+        self.serve()
+        until(lambda: "server is back" in orvane.complained, "the return")
+        self.monitor.clean()
+        self.monitor = Monitor(self, "monitor")
+        until(lambda: self.monitor.heard.count("f8") > 48, "ticks")
+        self.holdANote()
+        self.tool(X_CLIENT, "close", TITLE)
+        self.assertEqual(orvane.process.wait(live.PATIENCE), 0, orvane.complained)
+        self.assertEqual([heard for heard in self.monitor.heard if heard != "f8"], ["90 3c 64", "80 3c 64", "fc"])
+
     def test_a_display_that_hangs_or_dies_leaves_no_note_sounding(self):
         orvane = self.openPlaying()
         self.holdANote()

@@ -136,6 +136,40 @@ TEST(Clock, GoesOnOnItsOwnThreadWhereTheGraphDied)
     EXPECT_GT(score.spans.size(), 52u + 20u);
 }
 
+TEST(Clock, GoesBackAndForthBetweenGraphsAndItsThreadAndSkipsNoPulse)
+{
+    Score score;
+    score.clock.startInGraph(48000);
+    std::uint32_t frame = 0;
+    for (const int rate : {44100, 96000, 48000}) {
+        for (int period = 0; period < 10; ++period) score.clock.playPeriod(frame += 256, 256);
+        score.clock.graphDied();
+        score.clock.waitForSlices(20);
+        ASSERT_TRUE(score.clock.runsOnItsThread());
+        EXPECT_NE(score.player.getThreadId(), currentThreadId());
+
+        score.clock.returnToGraph(rate);
+        while (score.clock.runsOnItsThread()) std::this_thread::yield();
+        const auto slices = score.slices.count();
+        while (score.slices.count() < slices + 5) score.clock.playPeriod(frame += 256, 256);
+        EXPECT_EQ(score.player.getThreadId(), currentThreadId());
+    }
+    score.clock.stop();
+    score.expectContiguous();
+}
+
+TEST(Clock, KeepsTheTempoWhenTheGraphsRateChanges)
+{
+    Score score;
+    score.clock.startInGraph(48000);
+    for (int period = 0; period < 100; ++period) score.clock.playPeriod(0, 480);  // a second
+    score.clock.setGraphRate(96000);
+    for (int period = 0; period < 100; ++period) score.clock.playPeriod(0, 960);
+    score.clock.stop();
+    EXPECT_EQ(score.spans.size(), 1920u);
+    score.expectContiguous();
+}
+
 TEST(Clock, WhoeverMustNotStallGetsSlicesFromASilentGraph)
 {
     Score score;

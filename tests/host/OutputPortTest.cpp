@@ -107,6 +107,35 @@ TEST(OutputPort, ADeviceThatTakesOneMessageAtATimeHearsEveryNoteOffInTheEnd)
     EXPECT_EQ(device.heard, (Messages{on(60), on(64), on(67), off(60), off(64), off(67)}));
 }
 
+TEST(OutputPort, WhatADeviceThatVanishesMayNotHaveHeardAnyMoreIsEndedWhenItIsBack)
+{
+    OutputPort port("Out");
+    Device device;
+    port.open();
+    for (const auto& message : {on(60), on(62), off(62), controller(64, 127), controller(64, 0)}) port.play(message, 0);
+    device.listenTo(port);
+    port.play(on(64), 0);  // waits
+    port.close();
+    port.lose();
+    EXPECT_EQ(port.soundingNotes(), 2);
+    device.heard.clear();
+    device.listenTo(port);
+    EXPECT_EQ(device.heard, (Messages{off(60), off(62), controller(64, 0)}));
+    EXPECT_FALSE(port.isClosing());
+}
+
+TEST(NoteLedger, DoubtsTheLastHalfSecond)
+{
+    NoteLedger ledger;
+    ledger.enter(off(60));
+    for (const std::uint32_t milliseconds : {1000u, 1200u, 1300u, 1550u, 1600u}) {
+        ledger.beginDelivery(milliseconds);
+        if (milliseconds == 1300) ledger.enter(off(62));
+    }
+    ledger.doubt();
+    EXPECT_EQ(ledger.soundingNotes(), 1) << "the first is certain by now";
+}
+
 TEST(OutputPort, AFullRingLosesAnythingButTheEndOfANote)
 {
     OutputPort port("Out");

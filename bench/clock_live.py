@@ -1,0 +1,51 @@
+#!/usr/bin/python3
+"""How well a MIDI clock of another process is followed, in a real JACK graph: bench/clock_live.py [BUILD]
+
+The clock that comes out is compared, frame by frame, with the one that came in as it would be without its jitter: the
+tempo of each beat and the moment of each tick, once four beats have passed. The other process hears it a period late,
+because it stands on both sides. In virtual time, and the same each time:
+bench_clock_follow."""
+import os
+import sys
+
+ROOT = os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
+BIN = os.path.abspath(sys.argv[1] if len(sys.argv) > 1 else ROOT + "/build/release") + "/bin/"
+sys.argv[1:] = [BIN + "orvane", BIN + "midi_source", "", BIN + "clock_source"]
+sys.path.insert(0, ROOT + "/tests/e2e")
+from clock import Clocks, START, TICK  # noqa: E402
+
+RATE = 48000
+SETTLED = 4 * 24
+
+
+def ideal_frames(bpm, jitter, drift, ticks):
+    at = 2 * jitter * RATE / 1000
+    for tick in range(ticks):
+        yield at
+        at += RATE * 60 / (bpm + drift * tick / 24) / 24
+
+
+class Measurement(Clocks):
+    def runTest(self):
+        self.serve()
+        self.orvane("--clock-in", "Orvane In", "--clock-out", "Orvane Out")
+        for bpm, jitter, drift, beats in ((120, 0, 0, 60), (120, 1, 0, 60), (120, 3, 0, 60), (180, 1, 0, 60),
+                                          (100, 1, 0.5, 60), (120, 1, -2, 20)):
+            record = self.source("master", "orvane:Orvane In", "orvane:Orvane Out", bpm, jitter, drift, beats)
+            began = next(frame for frame, message in record.sent if message == START)
+            start = next(index for index, (_, message) in enumerate(record.heard) if message == START)
+            heard = [frame - began for frame, message in record.heard[start:] if message == TICK][:beats * 24]
+            ideal = list(ideal_frames(bpm, jitter, drift, len(heard)))
+            late = [(one - other) / RATE * 1000 for one, other in zip(heard, ideal)][SETTLED:]
+            tempos = [60 * RATE / (heard[tick + 24] - heard[tick]) - 60 * RATE / (ideal[tick + 24] - ideal[tick])
+                      for tick in range(SETTLED, len(heard) - 24)]
+            print(f"{bpm} bpm, {drift:+} a beat, jitter {jitter} ms: tempo within {max(map(abs, tempos)):.2f} bpm "
+                  f"(mean {sum(map(abs, tempos)) / len(tempos):.3f}), ticks {min(late):+.2f} to {max(late):+.2f} ms")
+
+
+if __name__ == "__main__":
+    test = Measurement()
+    result = test.run()
+    for _, trouble in result.failures + result.errors + result.skipped:
+        print(trouble)
+    sys.exit(not result.wasSuccessful())

@@ -1,0 +1,68 @@
+#include "host/clock/ClockOut.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "host/clock/ClockFollower.h"
+
+namespace Host
+{
+namespace
+{
+constexpr int PULSES_PER_TICK = ClockFollower::PULSES_PER_TICK;
+
+constexpr double NEAREST_PULSE = 0.5;
+
+ShortMessage realTime(std::uint8_t status) { return {{status, 0, 0}, 1}; }
+
+ShortMessage songPosition(int sixteenths)
+{
+    return {{0xF2, static_cast<std::uint8_t>(sixteenths & 0x7F), static_cast<std::uint8_t>(sixteenths >> 7 & 0x7F)}, 3};
+}
+}  // namespace
+
+void ClockOut::add(const Command& command)
+{
+    if (port != nullptr && waitingCount < waiting.size()) waiting[waitingCount++] = command;
+}
+
+bool ClockOut::passPulse(double place, double time, std::uint32_t newStamp)
+{
+    if (port == nullptr) return false;
+    stamp = newStamp;
+    std::size_t due = 0;
+    for (; due < waitingCount && waiting[due].time <= time; ++due) send(waiting[due], place);
+    std::shift_left(waiting.begin(), waiting.begin() + waitingCount, static_cast<std::ptrdiff_t>(due));
+    waitingCount -= due;
+    const bool isTick = place >= static_cast<double>(ticks * PULSES_PER_TICK) - NEAREST_PULSE;
+    if (isTick) sendTick();
+    return isTick || due > 0;
+}
+
+void ClockOut::send(const Command& command, double place)
+{
+    if (command.status == SONG_POSITION) {
+        port->play(songPosition(command.sixteenths), stamp);
+        return;
+    }
+    port->play(realTime(command.status), stamp);
+    if (command.status == STOP) return;
+    // The tick that was just sent is sent again: the number of those that follow stays.
+    const double sinceTick = place - static_cast<double>((ticks - 1) * PULSES_PER_TICK);
+    const bool isRepeated = sinceTick < PULSES_PER_TICK / 2.0;
+    songStart = isRepeated ? ticks - 1 : ticks;
+    ++songs;
+    if (isRepeated) port->playTick(realTime(TICK), stamp);
+}
+
+void ClockOut::sendTick()
+{
+    port->playTick(realTime(TICK), stamp);
+    ++ticks;
+}
+
+void ClockOut::end()
+{
+    if (OutputPort* const last = std::exchange(port, nullptr)) last->play(realTime(STOP), stamp);
+}
+}  // namespace Host

@@ -1,0 +1,271 @@
+"""Devices and servers that come and go while Orvane plays: hotplug.py ORVANE MIDI_SOURCE
+
+No test asserts a time: the limits only keep a hanging program from lasting."""
+import os
+import re
+import shutil
+import signal
+import subprocess
+import sys
+import threading
+import time
+import unittest
+
+import live
+from live import MIDI_SOURCE, Monitor, Program, Server, until
+
+PIPEWIRE_LIBRARY = "/usr/lib/x86_64-linux-gnu/pipewire-0.3/jack"
+
+
+def sounding(heard):
+    """What has a note on as its last message."""
+    notes = {}
+    for message in heard:
+        status, note, *rest = message.split()
+        if status[0] in "89":
+            notes[status[1], note] = status[0] == "9" and rest != ["00"]
+    return sorted(note for (_, note), sounds in notes.items() if sounds)
+
+
+class Stream:
+    """Plays notes on an output from a thread of its own, never more than one at a time, until it is stopped."""
+
+    def __init__(self, orvane, output):
+        self.stopping = threading.Event()
+        self.thread = threading.Thread(target=self.run, args=(orvane, output))
+        self.thread.start()
+
+    def run(self, orvane, output):
+        note = 0
+        while not self.stopping.wait(0.005):
+            note = note % 127 + 1
+            orvane.say(f"play {output} 0 -1 144 {note} 100")
+            self.stopping.wait(0.005)
+            orvane.say(f"play {output} 0 -1 128 {note} 64")
+
+    def stop(self):
+        self.stopping.set()
+        self.thread.join()
+
+
+class Stage(live.House):
+    """Its servers have long periods: one that is missed, on a machine that does much else, loses what was sent in it."""
+    PERIOD = ("-r", "48000", "-p", "4096")
+
+    def serve(self):
+        self.server = Server(self, *self.PERIOD)
+
+    def restart(self, orvane, sent, server):
+        """Ends the server, starts another one with `server()` and waits until Orvane has entered that."""
+        told = orvane.complained
+        self.server.end(sent)
+        until(lambda: orvane.complained.count("server is gone") > told.count("server is gone"), "the complaint")
+        self.server = server()
+        until(lambda: orvane.complained.count("server is back") > told.count("server is back") and
+              "server is back" in orvane.complained.splitlines()[-1], "the return")
+
+    def monitor(self, name="monitor", wired_to=None):
+        monitor = Monitor(self, name)
+        if wired_to:
+            until(lambda: wired_to in self.connections(f"{name}:input"), f"the wire of {name}")
+        return monitor
+
+    def keys(self, port, note):
+        """A keyboard on which a note is struck some times, harder and harder, and never released."""
+        strikes = [f"{200 * strike}:90{note}{0x40 + strike:02x}" for strike in range(5)]
+        return Program(self, MIDI_SOURCE, "keys", port, *strikes, "60000:800000")
+
+    def numbers(self, direction):
+        with open(f"{self.folder}/data/Brinlow Software/Orvane 3/Midi {direction}.txt") as file:
+            return file.read().splitlines()
+
+
+class InJack(Stage):
+    def test_a_device_may_come_go_and_come_back_under_load_and_keeps_its_number(self):
+        self.serve()
+        orvane = self.orvane("--default-output", "Orvane Out")
+        stream = Stream(orvane, 1)
+        self.addCleanup(stream.stop)
+        for turn in range(3):
+            bells = self.monitor("bells", wired_to="orvane:to bells:input")
+            until(lambda: orvane.say("play 2 0 -1 144 72 100") or "90 48 64" in bells.heard, "a note on the bells")
+            self.assertEqual(set(bells.heard) - {"80 48 40"}, {"90 48 64"}, "nothing of the stream")
+            bells.clean()
+            until(lambda: "orvane:to bells:input" not in self.ports(), "the end of the bells")
+        bells = self.monitor("bells", wired_to="orvane:to bells:input")
+        self.monitor("drums", wired_to="orvane:to drums:input")
+        until(lambda: "80 48 40" in bells.heard, "the end of what sounded when they went")
+        stream.stop()
+        self.assertEqual(orvane.end(), 0, orvane.complained)
+        self.assertEqual(sounding(bells.heard), [])
+        self.assertEqual(self.numbers("Outputs"), ["Orvane Synthesizer", "Orvane Out", "bells:input", "drums:input"])
+
+    def test_a_keyboard_that_vanishes_with_keys_down_leaves_nothing_sounding(self):
+        self.serve()
+        monitor = self.monitor()
+        orvane = self.orvane("--default-output", "Orvane Out", "--connect", "Orvane Out=monitor:input")
+        for note in ("3c", "40"):
+            keys = self.keys("-", note)
+            until(lambda: sounding(monitor.heard) == [note], "the note")
+            self.assertIn("orvane:from keys:out", self.connections("keys:out"))
+            keys.clean()
+            until(lambda: not sounding(monitor.heard), "the end of the note")
+        self.assertEqual(self.numbers("Inputs"), ["Orvane In", "keys:out"])
+        self.keys("orvane:Orvane In", "43")
+        until(lambda: sounding(monitor.heard) == ["43"], "the note")
+        strikes = [heard for heard in monitor.heard if heard.startswith("90 43")]
+        self.assertEqual(len(set(strikes)), len(strikes), "wired by hand it is not heard twice")
+        self.assertEqual(orvane.end(), 0, orvane.complained)
+        self.assertEqual(sounding(monitor.heard), [])
+
+    def test_numbers_and_choices_are_kept_for_the_next_run(self):
+        self.serve()
+        both = [self.monitor(name) for name in ("bells", "drums")]
+        orvane = self.orvane()
+        orvane.say("enable output 2 off")
+        until(lambda: "orvane:to bells:input" not in self.connections("bells:input"), "the bells to be off")
+        self.assertEqual(orvane.end(), 0, orvane.complained)
+        for monitor in both:
+            monitor.clean()
+
+        orvane = self.orvane()
+        self.assertIn("   2  bells:input (Not Enabled) (Not Found)\n   3  drums:input (Not Found)\n", orvane.printed)
+        self.monitor("drums", wired_to="orvane:to drums:input")
+        bells = self.monitor("bells")
+        until(lambda: "orvane:to bells:input" in self.ports(), "the bells")
+        self.assertNotIn("orvane:to bells:input", self.connections("bells:input"))
+        orvane.say("enable output 2 on")
+        until(lambda: "orvane:to bells:input" in self.connections("bells:input"), "the bells to be on")
+        until(lambda: orvane.say("play 2 0 -1 176 7 1") or bells.heard, "the bells")
+        self.assertEqual(orvane.end(), 0, orvane.complained)
+        self.assertIn("   3  drums:input", self.tool(live.ORVANE, "ports"))
+
+    def test_a_server_may_die_and_come_back_with_another_period_and_rate(self):
+        self.serve()
+        orvane = self.orvane("--client", "X", "--default-output", "Orvane Out")
+        monitor = self.monitor()
+        self.tool("jack_connect", "X:Orvane Out", "monitor:input")
+        stream = Stream(orvane, 1)
+        self.addCleanup(stream.stop)
+        keys = self.keys("X:Orvane In", "3c")
+        monitor.await_message("90 3c 40")
+        for sent, options in ((signal.SIGKILL, ("-r", "44100", "-p", "2048")),
+                              (signal.SIGTERM, ("-r", "96000", "-p", "4096")), (signal.SIGKILL, self.PERIOD)):
+            def server():
+                for program in (monitor, keys):
+                    program.clean()
+                return Server(self, *options)
+            self.restart(orvane, sent, server)
+            self.assertIn(f"{options[1]} Hz, {options[3]} frames", orvane.complained.splitlines()[-1])
+            monitor = self.monitor(wired_to="X:Orvane Out")
+            until(lambda: len(monitor.heard) > 20, "the stream")
+            self.assertEqual(self.connections("X:Synthesizer Left"), {"system:playback_1"})
+        self.tool("jack_bufsize", "1024")
+        count = len(monitor.heard)
+        until(lambda: len(monitor.heard) > count + 20, "the stream to go on")
+        stream.stop()
+        self.assertEqual(orvane.end(), 0, orvane.complained)
+        self.assertEqual(sounding(monitor.heard), [])
+
+    def test_a_wire_that_is_pulled_out_with_keys_down_leaves_nothing_sounding(self):
+        self.serve()
+        monitor = self.monitor()
+        orvane = self.orvane("--client", "X", "--default-output", "Orvane Out", "--connect",
+                             "X:Orvane Out=monitor:input")
+        for pull in (lambda keys: self.tool("jack_disconnect", "keys:out", "X:Orvane In"), Program.clean):
+            keys = self.keys("X:Orvane In", "3c")
+            until(lambda: sounding(monitor.heard) == ["3c"], "the note")
+            time.sleep(1)  # until it was struck for the last time: pulled out, it is joined to the port of its own
+            pull(keys)
+            until(lambda: not sounding(monitor.heard), "its end")
+            keys.clean()
+        self.assertEqual(orvane.end(), 0, orvane.complained)
+
+    def test_a_loop_is_told_and_cannot_drown_what_else_is_played(self):
+        with open(self.folder + "/two.bnk", "w") as file:  # whatever comes in goes out twice
+            file.write('<Bank><Program><Layers><Layer channel="0"/><Layer channel="0"/></Layers></Program></Bank>')
+        self.serve()
+        monitor = self.monitor()
+        orvane = self.orvane("--default-output", "Orvane Out", "--load", "two.bnk", "--status")
+        until(lambda: "orvane:to monitor:input" in self.connections("monitor:input"), "the monitor")
+        self.tool("jack_connect", "orvane:Orvane Out", "orvane:Orvane In")
+        until(lambda: 'A loop: "Orvane Out" is wired to "Orvane In"' in orvane.complained, "the loop to be told")
+        flood = [f"{at // 8}:b0{at % 100:02x}40" for at in range(800)]
+        self.play("orvane:Orvane In", "0:903c64", *flood, "200:803c64")
+        until(lambda: "Is an output wired to it?" in orvane.complained, "the flood to be told")
+        until(lambda: re.search(r"Orvane In: \d+ limited", orvane.printed), "what was left out")
+        orvane.say("play 2 0 -1 144 72 100")
+        orvane.say("play 2 0 -1 128 72 64")
+        monitor.await_message("80 48 40")
+        self.assertEqual(orvane.complained.count("\n"), 2, orvane.complained)
+        self.tool("jack_disconnect", "orvane:Orvane Out", "orvane:Orvane In")
+        until(lambda: "| 0 notes |" in orvane.printed.splitlines()[-1], "the end of all notes")
+        self.assertEqual(orvane.end(), 0, orvane.complained)
+
+    def test_the_status_is_a_line_each_second(self):
+        self.serve()
+        orvane = self.orvane("--status", "--tempo", "96", "--default-output", "Orvane Out")
+        orvane.say("play 1 0 -1 144 60 100")
+        line = re.compile(r"^JACK 48000 Hz, 4096 frames, \d+ xruns \| in 1 of 1, out 2 of 2 \| 96 bpm \| "
+                          r"slice \d+/\d+/\d+ us, \d+ late \| 1 notes \| real time: [a-z, ]+$", re.M)
+        until(lambda: len(line.findall(orvane.printed)) >= 2, "two lines in " + orvane.printed)
+        self.server.end(signal.SIGKILL)
+        until(lambda: "\nno JACK server | in 0 of 1, out 0 of 2 | 96 bpm" in orvane.printed, "a line without a server")
+        self.assertEqual(orvane.end(), 0, orvane.complained)
+        self.assertRegex(orvane.printed.splitlines()[-1], r"^In all \d+ slices, \d+/\d+/\d+ us$")
+
+    def test_an_orvane_that_is_held_up_loses_its_periods_and_nothing_else(self):
+        self.serve()
+        monitor = self.monitor()
+        orvane = self.orvane("--connect", "Orvane Out=monitor:input")
+        stream = Stream(orvane, 1)
+        self.addCleanup(stream.stop)
+        for _ in range(3):
+            orvane.process.send_signal(signal.SIGSTOP)
+            time.sleep(0.1)
+            orvane.process.send_signal(signal.SIGCONT)
+            count = len(monitor.heard)
+            until(lambda: len(monitor.heard) > count + 20, "the stream to go on")
+        stream.stop()
+        self.assertEqual(orvane.end(), 0, orvane.complained)
+        self.assertEqual(sounding(monitor.heard), [])
+
+
+class PipeWire(Program):
+    """A PipeWire server."""
+
+    def __init__(self, test):
+        super().__init__(test, "pipewire", env={**test.environment, "LD_LIBRARY_PATH": ""})
+        until(lambda: subprocess.run(["jack_lsp"], capture_output=True, env=test.environment).returncode == 0,
+              "the server")
+
+    def stop(self):
+        self.clean()
+
+
+@unittest.skipUnless(shutil.which("pipewire") and os.path.isdir(PIPEWIRE_LIBRARY), "PipeWire is not installed")
+class InPipeWire(Stage):
+    def setUp(self):
+        super().setUp()
+        self.environment |= {"XDG_RUNTIME_DIR": self.folder, "HOME": self.folder, "LD_LIBRARY_PATH": PIPEWIRE_LIBRARY}
+
+    def test_devices_and_the_server_come_and_go(self):
+        self.server = PipeWire(self)
+        orvane = self.orvane("--default-output", "Orvane Out")
+        for turn, sent in enumerate((signal.SIGKILL, signal.SIGTERM)):
+            monitor = self.monitor(wired_to="orvane:to monitor:input")
+            if turn == 0:
+                self.tool("jack_connect", "orvane:Orvane Out", "monitor:input")
+            until(lambda: "orvane:Orvane Out" in self.connections("monitor:input"), "the wire")
+            keys = self.keys("-", "3c")
+            until(lambda: sounding(monitor.heard) == ["3c"], "the note")
+            keys.clean()
+            until(lambda: not sounding(monitor.heard), "the end of the note")
+            monitor.clean()
+            self.restart(orvane, sent, lambda: PipeWire(self))
+        self.assertEqual(self.numbers("Inputs"), ["Orvane In", "keys:out"])
+        self.assertEqual(orvane.end(), 0, orvane.complained)
+
+
+if __name__ == "__main__":
+    unittest.main(argv=sys.argv[:1], verbosity=1)

@@ -1,0 +1,273 @@
+#include "host/clock/ClockFollower.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+
+#include "tests/host/ClockMaster.h"
+
+namespace Host
+{
+using Testing::ClockMaster;
+using Testing::uniformJitter;
+
+namespace
+{
+constexpr int BEAT = ClockFollower::TICKS_PER_BEAT;
+
+/// The farthest that the tempo of the pulses is from `bpm` while `play` goes on.
+template <class Play>
+double wander(ClockMaster& master, double bpm, Play&& play)
+{
+    double farthest = 0;
+    master.afterPulse = [&] { farthest = std::max(farthest, std::abs(master.effectiveTempo - bpm)); };
+    play();
+    master.afterPulse = [] {};
+    return farthest;
+}
+
+/// Beats from a change to the last moment at which the heard tempo is farther than half a beat per minute away.
+double beatsToSettle(ClockMaster& master, double bpm)
+{
+    const double changed = master.now;
+    double settled = changed;
+    master.afterPulse = [&] {
+        if (std::abs(master.follower.getTempo() - bpm) > 0.5) settled = master.now;
+    };
+    master.play(16 * BEAT, bpm);
+    master.afterPulse = [] {};
+    return (settled - changed) * bpm / 60;
+}
+}  // namespace
+
+TEST(ClockFollower, HearsTheTempoOfAnEvenClock)
+{
+    for (const double bpm : {20.0, 33.3, 60.0, 120.0, 133.7, 250.0}) {
+        ClockMaster master;
+        master.play(8 * BEAT, bpm);
+        EXPECT_NEAR(master.follower.getTempo(), bpm, 1e-6);
+        EXPECT_LT(wander(master, bpm, [&] { master.play(8 * BEAT, bpm); }), 0.05) << bpm;
+    }
+}
+
+TEST(ClockFollower, WandersLessThanHalfABeatPerMinuteUnderAMillisecondOfJitter)
+{
+    for (const double bpm : {20.0, 60.0, 120.0, 180.0, 250.0})
+        for (const unsigned int seed : {1u, 2u, 3u}) {
+            ClockMaster master;
+            master.jitter = uniformJitter(0.001, seed);
+            master.play(16 * BEAT, bpm);
+            const double farthest = wander(master, bpm, [&] { master.play(static_cast<int>(bpm) * BEAT, bpm); });
+            EXPECT_LT(farthest, 0.5) << bpm << " seed " << seed;
+        }
+}
+
+TEST(ClockFollower, FollowsAChangeWithinTwoBeats)
+{
+    for (const double jitter : {0.0, 0.001})
+        for (const unsigned int seed : {1u, 2u, 3u, 4u, 5u}) {
+            ClockMaster master;
+            master.jitter = uniformJitter(jitter, seed);
+            master.play(16 * BEAT, 60);
+            for (const double bpm : {180.0, 60.0, 120.0, 240.0, 80.0, 100.0, 104.0, 101.0, 20.0, 250.0, 125.0})
+                EXPECT_LE(beatsToSettle(master, bpm), 2) << "to " << bpm << ", seed " << seed;
+        }
+}
+
+TEST(ClockFollower, StaysInPhaseWithWhatDriftsAndSpeedsUp)
+{
+    ClockMaster master;
+    master.jitter = uniformJitter(0.001);
+    master.play(4 * BEAT, 120);
+    double farthest = 0;
+    for (int beat = 4; beat < 200; ++beat) {
+        master.play(BEAT, [beat](double) { return 120 + 30 * std::sin(beat / 10.0); });
+        farthest = std::max(farthest, std::abs(master.ahead(0)));
+    }
+    EXPECT_LT(farthest, 60) << "an eighth of a beat while it changes three beats per minute at each beat";
+    master.play(8 * BEAT, 120);
+    EXPECT_LT(std::abs(master.ahead(0)), 2) << "and nothing was lost over 204 beats";
+}
+
+TEST(ClockFollower, CountsWhatWasLostAndNotWhatWasDoubled)
+{
+    struct Row {
+        const char* fault;
+        std::function<int(std::int64_t)> copies;
+    };
+    for (const auto& [fault, copies] :
+         {Row{"one lost now and then", [](std::int64_t tick) { return tick % 37 == 20 ? 0 : 1; }},
+          Row{"two lost", [](std::int64_t tick) { return tick % 50 / 2 == 15 ? 0 : 1; }},
+          Row{"one doubled now and then", [](std::int64_t tick) { return tick % 31 == 20 ? 2 : 1; }},
+          Row{"all doubled", [](std::int64_t) { return 2; }},
+          Row{"both", [](std::int64_t tick) { return tick % 29 == 20   ? 0
+                                                     : tick % 23 == 20 ? 3
+                                                                       : 1; }}}) {
+        ClockMaster master;
+        master.jitter = uniformJitter(0.001);
+        master.play(8 * BEAT, 120);
+        EXPECT_NEAR(master.ahead(0), 0, 2) << fault;
+        master.copies = copies;
+        EXPECT_LT(wander(master, 120, [&] { master.play(100 * BEAT, 120); }), 1) << fault;
+        EXPECT_NEAR(master.ahead(0), 0, 2) << fault;
+    }
+}
+
+TEST(ClockFollower, MakesLittleOfASingleLateTick)
+{
+    ClockMaster master;
+    const auto even = uniformJitter(0.001);
+    master.jitter = [&](std::int64_t tick) { return even(tick) + (tick % 60 == 0 ? 0.008 : 0); };
+    master.play(16 * BEAT, 120);
+    EXPECT_LT(wander(master, 120, [&] { master.play(120 * BEAT, 120); }), 0.7);
+}
+
+TEST(ClockFollower, HoldsTogetherWithTheJitterOfAnAudioPeriod)
+{
+    ClockMaster master;
+    double ideal = 0;
+    master.jitter = [&](std::int64_t) {
+        ideal += 60 / 120.0 / BEAT;
+        return std::ceil(ideal / 0.00533) * 0.00533 - ideal;  // 256 frames
+    };
+    master.play(16 * BEAT, 120);
+    EXPECT_LT(wander(master, 120, [&] { master.play(120 * BEAT, 120); }), 4);
+    EXPECT_NEAR(master.ahead(0), -3, 3);
+}
+
+TEST(ClockFollower, AClockThatStopsLeavesItsTempo)
+{
+    ClockMaster master;
+    master.play(8 * BEAT, 97);
+    EXPECT_TRUE(master.follower.isHeard(master.now));
+    master.follower.stop();
+    master.wait(1);
+    EXPECT_FALSE(master.follower.isHeard(master.now));
+    const std::int64_t pulse = master.pulse;
+    EXPECT_LT(wander(master, 97, [&] { master.wait(60); }), 1e-6);
+    EXPECT_NEAR(static_cast<double>(master.pulse - pulse), 97 * 480, 2);
+}
+
+TEST(ClockFollower, BeatsFallWhereTheyFellBehindEveryStartAndContinue)
+{
+    ClockMaster master;
+    master.jitter = uniformJitter(0.0005);
+    master.play(10 * BEAT + 7, 120);  // not yet started: any tick may be the beat
+    master.follower.start();
+    master.play(10 * BEAT, 120);
+    const double beat = master.ahead(0);
+    const auto expectBeat = [&](int ticksSinceBeat, const char* when) {
+        EXPECT_NEAR(master.ahead(ticksSinceBeat + std::lround(beat / 20)), 0, 3) << when;
+    };
+    expectBeat(0, "at first");
+
+    master.follower.stop();
+    master.play(11, 120);
+    master.follower.start();
+    master.play(8 * BEAT, 120);
+    expectBeat(0, "a stop with ticks going on, and a start");
+
+    master.follower.stop();
+    master.wait(1.234);
+    master.follower.start();
+    master.play(10 * BEAT + 5, 90);
+    expectBeat(5, "a stop in silence, and a start at another tempo");
+
+    master.follower.stop();
+    master.wait(0.777);
+    master.follower.continueSong();
+    master.play(10 * BEAT, 90);
+    expectBeat(5, "a continue where it stopped");
+
+    master.follower.stop();
+    master.wait(2.5);
+    master.follower.setSongPosition(7);  // three sixteenths behind a beat
+    master.follower.continueSong();
+    master.play(10 * BEAT, 90);
+    expectBeat(18, "a continue somewhere else");
+}
+
+TEST(ClockFollower, WorksAnErrorOffWithoutAJump)
+{
+    ClockMaster master;
+    master.follower.start();
+    master.play(8 * BEAT, 120);
+    master.follower.stop();
+    master.wait(0.26);  // about half a beat
+    master.follower.start();
+    EXPECT_LT(wander(master, 120, [&] { master.play(8 * BEAT, 120); }), 30.5) << "a quarter of the tempo";
+    EXPECT_NEAR(master.ahead(0), 0, 2);
+}
+
+TEST(ClockFollower, WhatIsOutsideTheTemposIsNotHeard)
+{
+    for (const double bpm : {5.0, 15.0, 19.0, 260.0, 400.0, 5000.0}) {
+        ClockMaster master;
+        master.play(8 * BEAT, 120);
+        master.play(20 * BEAT, bpm);
+        EXPECT_FALSE(master.follower.isHeard(master.now)) << bpm;
+        EXPECT_NEAR(master.effectiveTempo, 120, 1e-6) << bpm;
+        master.play(8 * BEAT, 120);
+        EXPECT_TRUE(master.follower.isHeard(master.now)) << bpm;
+    }
+    ClockMaster master;
+    master.play(8 * BEAT, 250.8);
+    EXPECT_DOUBLE_EQ(master.follower.getTempo(), 250);
+}
+
+TEST(ClockFollower, GarbageLeavesATempoWithinTheRangeAndAClockBehindItIsFollowed)
+{
+    std::mt19937 generator(7);
+    const auto random = [&] { return static_cast<int>(generator() % 16384); };
+    ClockMaster master;
+    for (int round = 0; round < 200; ++round) {
+        for (int count = random() % 40; count > 0; --count) switch (random() % 8) {
+                case 0:
+                    master.follower.start();
+                    break;
+                case 1:
+                    master.follower.stop();
+                    break;
+                case 2:
+                    master.follower.continueSong();
+                    break;
+                case 3:
+                    master.follower.setSongPosition(random());
+                    break;
+                case 4:
+                    master.wait(random() % 1000 / 3000.0);
+                    break;
+                case 5:
+                    master.follower.tick(master.now - random() % 100 / 50.0);
+                    break;  // never back
+                case 6:
+                    master.follower.tick(master.now);
+                    break;
+                default:
+                    master.play(random() % 9, 10 + random() % 400);
+                    break;
+            }
+        ASSERT_GE(master.follower.getTempo(), 20);
+        ASSERT_LE(master.follower.getTempo(), 250);
+        ASSERT_GE(master.effectiveTempo, 15);
+        ASSERT_LE(master.effectiveTempo, 312.5);
+    }
+    master.play(8 * BEAT, 120);
+    EXPECT_LT(wander(master, 120, [&] { master.play(8 * BEAT, 120); }), 40);
+    EXPECT_NEAR(master.effectiveTempo, 120, 0.5);
+}
+
+TEST(ClockFollower, KnowsNothingOfTheClockBefore)
+{
+    ClockMaster master;
+    master.follower.start();
+    master.play(8 * BEAT, 180);
+    master.follower.listenAfresh(77);
+    EXPECT_DOUBLE_EQ(master.follower.getTempo(), 77);
+    EXPECT_FALSE(master.follower.isHeard(master.now));
+    master.play(3, 180);
+    EXPECT_DOUBLE_EQ(master.effectiveTempo, 77) << "three ticks make no tempo";
+}
+}  // namespace Host

@@ -1,0 +1,69 @@
+#include "host/ports/EventLimit.h"
+
+#include <gtest/gtest.h>
+
+namespace Host
+{
+namespace
+{
+ShortMessage on(int note) { return {{0x90, static_cast<std::uint8_t>(note), 100}, 3}; }
+ShortMessage off(int note) { return {{0x80, static_cast<std::uint8_t>(note), 64}, 3}; }
+ShortMessage controller(int number, int value)
+{
+    return {{0xB0, static_cast<std::uint8_t>(number), static_cast<std::uint8_t>(value)}, 3};
+}
+
+constexpr std::uint32_t NOON = 0xFFFFFF00;  // the milliseconds wrap round soon
+
+/// Fills the limit up with something of no consequence.
+void flood(EventLimit& limit, std::uint32_t milliseconds)
+{
+    while (limit.passes(controller(1, 64), milliseconds)) {}
+}
+}  // namespace
+
+TEST(EventLimit, LetsPassWhateverACableCanCarry)
+{
+    EventLimit limit;
+    for (std::uint32_t milliseconds = 0; milliseconds < 60'000; milliseconds += 10)
+        for (int note = 0; note < 10; ++note) EXPECT_TRUE(limit.passes(on(note), NOON + milliseconds));
+    EXPECT_EQ(limit.limitedCount(), 0u) << "even if no note is ever released";
+}
+
+TEST(EventLimit, HoldsAFloodToItsRate)
+{
+    EventLimit limit;
+    std::uint32_t passed = 0;
+    std::uint32_t sent = 0;
+    for (std::uint32_t milliseconds = 0; milliseconds < 10'000; ++milliseconds)
+        for (int event = 0; event < 50; ++event, ++sent)
+            passed += limit.passes(controller(event, 64), NOON + milliseconds) ? 1 : 0;
+    EXPECT_LE(passed, EventLimit::BURST + 10 * EventLimit::PER_SECOND);
+    EXPECT_GE(passed, 10 * EventLimit::PER_SECOND);
+    EXPECT_EQ(limit.limitedCount(), sent - passed);
+}
+
+TEST(EventLimit, NeverDropsTheEndOfWhatPassed)
+{
+    EventLimit limit;
+    for (const int note : {60, 60, 64}) EXPECT_TRUE(limit.passes(on(note), 0));
+    EXPECT_TRUE(limit.passes(controller(64, 127), 0));
+    flood(limit, 0);
+    EXPECT_FALSE(limit.passes(on(67), 0));
+    for (const int note : {60, 64, 60}) EXPECT_TRUE(limit.passes(off(note), 0));
+    EXPECT_TRUE(limit.passes(controller(64, 0), 0));
+    EXPECT_FALSE(limit.passes(off(67), 0)) << "whose note on did not pass";
+    EXPECT_FALSE(limit.passes(off(60), 0)) << "a third for two";
+    EXPECT_FALSE(limit.passes(controller(64, 0), 0));
+    EXPECT_TRUE(limit.passes(off(67), 1)) << "a note off alone passes where there is room";
+}
+
+TEST(EventLimit, LetsAFloodStrikeNoNoteOverAndOver)
+{
+    EventLimit limit;
+    int strikes = 0;
+    for (std::uint32_t milliseconds = 0; milliseconds < 1000; ++milliseconds)
+        for (int event = 0; event < 100; ++event) strikes += limit.passes(on(60), milliseconds) ? 1 : 0;
+    EXPECT_LE(strikes, 300);
+}
+}  // namespace Host
