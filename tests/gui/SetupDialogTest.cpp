@@ -11,6 +11,7 @@
 #include <QMessageBox>
 #include <QStackedWidget>
 
+#include "backend/persistence/Program.h"
 #include "backend/persistence/RegistrySettings.h"
 #include "gui/framework/ComboBox.h"
 #include "gui/framework/Properties.h"
@@ -21,9 +22,9 @@ using namespace Backend;
 namespace
 {
 struct SetupDialog : OpenWindow, testing::Test {
-    SetupDialog() { open(); }
+    SetupDialog() { openDialog(); }
 
-    void open()
+    void openDialog()
     {
         click("Setup");
         settle();
@@ -203,7 +204,7 @@ TEST_F(SetupDialog, NumbersAreTakenWithinTheirLimits)
         if (!message().empty()) answer(QMessageBox::Yes);
         EXPECT_EQ((settings().*row.get)(), row.stored) << row.name;
         ASSERT_FALSE(isOpen()) << row.name;
-        open();
+        openDialog();
     }
 }
 
@@ -280,7 +281,7 @@ TEST_F(SetupDialog, BothEndsOfALoopbackPortCannotBeEnabled)
         press("OK");
         EXPECT_FALSE(isOpen()) << "any other port may be at both ends";
         EXPECT_FALSE(orv->getMidiInputPorts()[1].enabled);
-        open();
+        openDialog();
     }
     commands().postSetMidiInputPorts(inputs({"MIDI Yoke 1"}));
     auto outs = outputs({"MIDI Yoke 1", "MIDI Yoke 1 "});
@@ -335,7 +336,7 @@ TEST_F(SetupDialog, TheDefaultBankIsAFileThatIsThere)
     EXPECT_EQ(settings().getDefaultBank(), path);
 
     folder.write("Other.bnk", "<Bank>\n<Program name=\"Other\">\n</Program>\n</Bank>\n");
-    open();
+    openDialog();
     reach("Default bank");
     press("Choose default bank");
     auto* files = dialog()->findChild<QFileDialog*>();
@@ -357,7 +358,7 @@ TEST_F(SetupDialog, TheDefaultBankIsAFileThatIsThere)
     EXPECT_EQ(settings().getDefaultBank(), (folder / "Other.bnk").string()) << "it is found from anywhere";
     EXPECT_EQ(orv->getProgram().name, "Other") << "it is loaded at once";
 
-    open();
+    openDialog();
     enter("Default bank", "");
     press("OK");
     EXPECT_EQ(settings().getDefaultBank(), "");
@@ -368,7 +369,7 @@ TEST_F(SetupDialog, OkPostsOnlyWhatWasChanged)
 {
     press("OK");
     EXPECT_FALSE(isOpen());
-    open();
+    openDialog();
     flip("Large font"), flip("Large font");
     enter("Velocity", "100");
     // What is in the backend alone stays, because nothing is posted.
@@ -404,7 +405,7 @@ TEST_F(SetupDialog, CancelChangesNothing)
             EXPECT_EQ((settings().*SWITCHES[i].get)(), before[i]) << SWITCHES[i].name;
         EXPECT_EQ(settings().getRetroRecordBufferSize(), 100000);
         EXPECT_TRUE(player.wishes.empty());
-        open();
+        openDialog();
     }
 }
 
@@ -456,7 +457,7 @@ TEST_F(SetupDialog, WhatIsSetIsSeenInTheWindowAndHereWhenItOpensAgain)
     gui->showScreen(Screen::display, true);
     EXPECT_EQ(control("Events").parentWidget()->height(), 333);
     click("Number the lines");
-    open();
+    openDialog();
     EXPECT_FALSE(isChecked("Number the lines")) << "as it was set at the display";
     EXPECT_EQ(shown("Height of the display"), "333");
 }
@@ -494,11 +495,10 @@ TEST_F(SetupDialog, IsOneOnlyAndGoesWithTheWindow)
     gui->showSetupDialog();
     EXPECT_EQ(dialog(), nullptr) << "there is no window";
     ASSERT_TRUE(gui->create(*this));
-    gui->getGuiMessageManagerMaster().addMessageManager(&mark);
     settle();
     EXPECT_EQ(dialog(), nullptr);
     EXPECT_FALSE(settings().getLargeDisplayFont());
-    open();
+    openDialog();
     ASSERT_NE(dialog(), nullptr);
     EXPECT_TRUE(dialog()->isVisible());
     EXPECT_FALSE(isChecked("Large font"));
