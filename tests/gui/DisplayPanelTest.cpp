@@ -200,7 +200,7 @@ TEST(DisplayPanel, ClosesAtAnyMomentWhileTheDisplayPrints)
     });
     for (int i = 0; i < 100; ++i) {
         stage.gui->destroy();
-        stage.open();
+        stage.gui->create(stage);
         if (i % 4 == 0) QApplication::processEvents();
     }
     over = true;
