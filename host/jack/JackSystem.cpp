@@ -241,17 +241,39 @@ std::vector<MidiDevice> JackSystem::settled(std::vector<MidiDevice> found)
 
 void JackSystem::followWires(bool becauseOfPorts)
 {
-    for (const Wire& wire : wiring.look(client.get(), becauseOfPorts)) noteCut(wire, becauseOfPorts);
-    wiring.mend(client.get());
+    for (const Wire& wire : wiring.look(client.get(), becauseOfPorts)) {
+        noteCutInput(wire, becauseOfPorts);
+        if (OutputPort* output = findOutput(wire)) output->listenerWent();
+    }
+    // What is sent before the wires stand would not be heard.
+    if (wiring.mend(client.get())) waitForPeriods(PERIODS_TO_BE_JOINED);
     if (listening.load()) joinInputs();
-    for (const auto& [from, to] : wiring.takeNewLoops())
+    for (const Wire& wire : wiring.takeNew()) {
+        if (OutputPort* output = findOutput(wire)) output->listenerIsBack();
+        tellLoop(wire);
+    }
+}
+
+void JackSystem::tellLoop(const Wire& wire)
+{
+    const auto& [from, to] = wire;
+    if (JackWiring::isOwn(from) && JackWiring::isOwn(to))
         news.push_back("A loop: \"" + from.substr(1) + "\" is wired to \"" + to.substr(1) +
                        "\", so what is played there comes in again.");
 }
 
+/// The output from which a wire leads, null for none.
+OutputPort* JackSystem::findOutput(const Wire& wire) const
+{
+    for (std::size_t index = 0; index < ports.outputs().size(); ++index)
+        if (jack_port_t* own = ownOutputs[index]; own != nullptr && shortNameOf(own) == wire.first)
+            return ports.outputs()[index].get();
+    return nullptr;
+}
+
 /// A wire to one of our inputs is gone, and whoever is at its other end cannot release the keys that are down. If it is
 /// a device that went and came between two looks, it is joined as any newcomer.
-void JackSystem::noteCut(const Wire& wire, bool becauseOfPorts)
+void JackSystem::noteCutInput(const Wire& wire, bool becauseOfPorts)
 {
     for (std::size_t index = 0; index < ports.inputs().size(); ++index) {
         jack_port_t* own = ownInputs[index];

@@ -67,7 +67,9 @@ private:
     void openOutput(std::size_t index);
     void openNewOutputs();
     void joinInputs();
-    void noteCut(const Wire& wire, bool becauseOfPorts);
+    void noteCutInput(const Wire& wire, bool becauseOfPorts);
+    OutputPort* findOutput(const Wire& wire) const;
+    void tellLoop(const Wire& wire);
     bool isWiredByHand(const InputPort& port) const;
     std::vector<MidiDevice> settled(std::vector<MidiDevice> found);
     jack_port_t* registerMidi(const Port& port, const char* prefix, JackPortFlags direction);

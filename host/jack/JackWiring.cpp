@@ -74,19 +74,23 @@ std::set<Wire> JackWiring::look(jack_client_t* client, bool portsChanged)
         if (ownEndExists(client, wire) && (portsChanged || !bothExist(client, wire)) && lost.size() < MOST_LOST)
             lost.insert(wire);
     stood = std::move(present);
+    known = without(known, cut);
     return cut;
 }
 
-void JackWiring::mend(jack_client_t* client)
+bool JackWiring::mend(jack_client_t* client)
 {
     const auto joined = [&](const Wire& wire) { return bothExist(client, wire) && connect(client, wire) == 0; };
-    if (std::erase_if(lost, joined) > 0) stood = findWires(client);
+    if (std::erase_if(lost, joined) == 0) return false;
+    stood = findWires(client);
+    return true;
 }
 
 void JackWiring::lose()
 {
     lost.merge(stood);
     stood.clear();
+    known.clear();
     lost.insert(foreign.begin(), foreign.end());
 }
 
@@ -111,13 +115,10 @@ bool JackWiring::isWired(const std::string& ownPort) const
     return std::ranges::any_of(stood, ends) || std::ranges::any_of(lost, ends);
 }
 
-std::set<Wire> JackWiring::takeNewLoops()
+std::set<Wire> JackWiring::takeNew()
 {
-    std::set<Wire> present;
-    std::ranges::copy_if(stood, std::inserter(present, present.end()),
-                         [](const Wire& wire) { return isOwn(wire.first) && isOwn(wire.second); });
-    const auto added = without(present, loops);
-    loops = present;
+    auto added = without(stood, known);
+    known = stood;
     return added;
 }
 }  // namespace Host

@@ -22,8 +22,8 @@ public:
     /// and does no longer.
     std::set<Wire> look(jack_client_t* client, bool portsChanged);
 
-    /// Joins what came back.
-    void mend(jack_client_t* client);
+    /// Joins what came back. True if there was any.
+    bool mend(jack_client_t* client);
 
     /// The graph is gone with all wires.
     void lose();
@@ -43,9 +43,8 @@ public:
     /// Is not joined again.
     void forget(const Wire& wire) { lost.erase(wire); }
 
-    /// The wires that lead from an output of our own straight to an input of our own and did not when this was last
-    /// asked.
-    std::set<Wire> takeNewLoops();
+    /// The wires that stand and did not when this was last asked, or were cut meanwhile.
+    std::set<Wire> takeNew();
 
     static bool isOwn(const std::string& port) { return port.starts_with(':'); }
 
@@ -53,6 +52,6 @@ private:
     std::set<Wire> stood;    // at the last look, those of our own ports
     std::set<Wire> foreign;  // that we made between others
     std::set<Wire> lost;
-    std::set<Wire> loops;
+    std::set<Wire> known;  // when the new ones were last asked for
 };
 }  // namespace Host

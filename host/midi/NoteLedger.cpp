@@ -61,12 +61,22 @@ void NoteLedger::beginDelivery(std::uint32_t milliseconds)
 
 void NoteLedger::doubt()
 {
-    for (Ended& last : ended) {
+    for (Sounds& last : ended) {
         sounding |= last.notes;
         pedals |= last.pedals;
         last = {};
     }
     soundingCount = static_cast<int>(sounding.count());
     mayDoubt = 0;
+}
+
+void NoteLedger::owe()
+{
+    owed.notes |= sounding;
+    owed.pedals |= pedals;
+    for (const Sounds& last : ended) {
+        owed.notes |= last.notes;
+        owed.pedals |= last.pedals;
+    }
 }
 }  // namespace Host

@@ -24,7 +24,8 @@ ShortMessage noteOff(std::size_t index);
 
 /// What sounds at the far end of a port: the notes whose last message was a note on, and the pedals that are down and
 /// would hold them. Whoever closes the port asks it to release them all. When the way there breaks, what was ended last
-/// may not have been heard, and is to be ended once more. One thread, that which sends to the port.
+/// may not have been heard, and is to be ended once more; if it is but one of several ways, once that one is there
+/// again. One thread, that which sends to the port.
 class NoteLedger
 {
 public:
@@ -37,6 +38,26 @@ public:
 
     /// The way to the far end is broken: what is in doubt sounds.
     void doubt();
+
+    /// One of the ways is broken: what sounds or is in doubt now is owed to it until `pay`.
+    void owe();
+
+    /// The way is there again: gives the ends of what is owed and does not sound now, as `release` does.
+    template <class Send>
+    bool pay(Send&& send)
+    {
+        owed.notes &= ~sounding;
+        owed.pedals &= ~pedals;
+        for (std::size_t index = 0; owed.notes.any() && index < owed.notes.size(); ++index) {
+            if (owed.notes[index] && !send(noteOff(index))) return false;
+            owed.notes.reset(index);
+        }
+        for (std::size_t index = 0; owed.pedals.any() && index < owed.pedals.size(); ++index) {
+            if (owed.pedals[index] && !send(pedalUp(index))) return false;
+            owed.pedals.reset(index);
+        }
+        return true;
+    }
 
     /// Gives the note offs, then the pedals up, to `send(const ShortMessage&)`. False as soon as that refuses one: what
     /// is left stays in the ledger for the next time.
@@ -66,8 +87,7 @@ private:
 
     using PedalSet = std::bitset<2 * CHANNELS>;  // sustain, then sostenuto
 
-    /// What was ended in a quarter of a second.
-    struct Ended {
+    struct Sounds {
         NoteSet notes;
         PedalSet pedals;
     };
@@ -79,7 +99,8 @@ private:
     NoteSet sounding;
     int soundingCount = 0;
     PedalSet pedals;
-    std::array<Ended, 3> ended;
+    Sounds owed;
+    std::array<Sounds, 3> ended;     // each in a quarter of a second
     std::size_t current = 0;         // of these
     std::size_t mayDoubt = 0;        // so many of these may hold something
     std::uint32_t currentSince = 0;  // milliseconds

@@ -93,13 +93,18 @@ public:
             waiting.drain([](const StampedMessage&) { return true; });
             return;
         }
+        if (broken.exchange(false)) ledger.owe();
+        const auto sendNow = [&](const ShortMessage& message) { return send(message, now); };
+        if (isBack.load()) {
+            if (!ledger.pay(sendNow)) return;
+            isBack.store(false);
+        }
         const bool done = waiting.drain([&](const StampedMessage& next) {
             if (!send(next.message, next.stamp)) return false;
             ledger.enter(next.message);
             return true;
         });
-        const bool released =
-            !keepsOpen && done && ledger.release([&](const ShortMessage& message) { return send(message, now); });
+        const bool released = !keepsOpen && done && ledger.release(sendNow);
         sounding.store(ledger.soundingNotes(), std::memory_order_relaxed);
         if (released) silent.store(true, std::memory_order_release);
     }
@@ -112,10 +117,16 @@ public:
     void lose()
     {
         waiting.drain([](const StampedMessage&) { return true; });
+        ledger.owe();
         ledger.doubt();
         sounding.store(ledger.soundingNotes(), std::memory_order_relaxed);
         if (!ledger.isEmpty()) silent.store(false, std::memory_order_release);
     }
+
+    /// One of those who hear the port went, or is back and has not heard what ended meanwhile, so that it is ended
+    /// again. Control thread.
+    void listenerWent() { broken.store(true); }
+    void listenerIsBack() { isBack.store(true); }
 
     std::uint64_t lossCount() const { return waiting.lossCount(); }
 
@@ -127,5 +138,7 @@ private:
     std::atomic<int> sounding{0};
     std::atomic<bool> isOpen{false};
     std::atomic<bool> silent{true};
+    std::atomic<bool> broken{false};
+    std::atomic<bool> isBack{false};
 };
 }  // namespace Host

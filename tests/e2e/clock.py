@@ -6,6 +6,7 @@ left periods out, a try does not count."""
 import signal
 import subprocess
 import sys
+import time
 import unittest
 
 import live
@@ -37,6 +38,9 @@ class Record:
                 song.append(1)
         return song
 
+    def frames(self, message):
+        return [frame for frame, heard in self.heard if heard == message]
+
     def distances(self, behind=None):
         """From tick to tick, of those behind the last such message."""
         first = 0
@@ -53,6 +57,12 @@ def longest_run(values, wanted):
         run = run + 1 if value == wanted else 0
         longest = max(longest, run)
     return longest
+
+
+def runs_to_the_frame(frames, distance, count):
+    """Whether that many follow each other at that distance, rounded up to whole frames from the first."""
+    return any(all(abs(frame - frames[first] - number * distance) < 1 for number, frame in enumerate(run))
+               for first in range(len(frames) - count) for run in [frames[first:first + count + 1]])
 
 
 class Clocks(live.House):
@@ -93,6 +103,28 @@ class Clocks(live.House):
         until(lambda: monitor.heard[-1][:5] == "80 3c" or monitor.heard[-1] == STOP, "the end")
         self.assertEqual(monitor.heard.count(STOP), 1)
         self.assertNotIn(TICK, monitor.heard[monitor.heard.index(STOP):])
+
+    def test_an_arpeggio_plays_to_the_frame(self):
+        with open(self.folder + "/arpeggio.prg", "w") as file:
+            file.write('<ProgramFile><Program><Layers><Layer><Arpeggio><UpArpeggio beat="120" length="50"/></Arpeggio>'
+                       '</Layer></Layers></Program></ProgramFile>')
+        self.serve()
+        orvane = self.orvane("--load", "arpeggio.prg", "--default-output", "Orvane Out")
+        orvane.say("midi 0 90 3C 64")
+        for bpm in (120, 97):  # 6000 frames, and 7422.68
+            orvane.say(f'function <ChangeTempo value="{bpm}"/>')
+            beat, tries = 120 * 48000 * 60 / 480 / bpm, []
+            while not any(tries):
+                self.assertLess(len(tries), TRIES, f"{bpm} bpm")
+                listener = Program(self, CLOCK_SOURCE, "listener", "-", "orvane:Orvane Out", "0", "0", "0", "0")
+                time.sleep(6)
+                self.assertEqual(listener.end(signal.SIGTERM), 0)
+                record = Record(listener.printed)
+                on, off = record.frames("903c64"), record.frames("803c64")
+                lengths = {after - before for before, after in zip(on, [frame for frame in off if frame > on[0]])}
+                tries.append(runs_to_the_frame(on, beat, 24) and runs_to_the_frame(off, beat, 24) and
+                             any(abs(length - beat * 50 / 120) < 1 for length in lengths))
+        self.assertEqual(orvane.end(), 0)
 
     def test_the_clock_that_is_heard_comes_out_tick_by_tick_once_and_leaves_its_tempo_in_each_graph(self):
         self.serve()

@@ -124,6 +124,25 @@ TEST(OutputPort, WhatADeviceThatVanishesMayNotHaveHeardAnyMoreIsEndedWhenItIsBac
     EXPECT_FALSE(port.isClosing());
 }
 
+TEST(OutputPort, AListenerWhoIsBackHearsTheEndOfWhatEndedMeanwhileAndNothingElse)
+{
+    OutputPort port("Out");
+    Device device;
+    port.open();
+    for (const int note : {60, 62, 64}) port.play(on(note), 0);
+    port.play(off(64), 0);
+    device.listenTo(port);
+    port.listenerWent();
+    device.listenTo(port);
+    for (const auto& message : {off(60), on(66), off(66), on(64)}) port.play(message, 0);
+    device.listenTo(port);
+    device.heard.clear();
+    port.listenerIsBack();
+    port.play(off(62), 0);
+    device.listenTo(port);
+    EXPECT_EQ(device.heard, (Messages{off(60), off(62)})) << "62 and 64 sound on when it comes";
+}
+
 TEST(NoteLedger, DoubtsTheLastHalfSecond)
 {
     NoteLedger ledger;
