@@ -149,7 +149,8 @@ void SaveDialog::askToReplaceIn(const std::string& path)
     const QString place = QString::number(program.number + 1);
     const QString file = shownFileName(path);
     if (number >= names.size())
-        return tell(*this, tr("Error"), tr("\"%1\" has no program %2 whose place this one could take.").arg(file, place));
+        return tell(*this, tr("Error"),
+                    tr("\"%1\" has no program %2 whose place this one could take.").arg(file, place));
     ask(*this, tr("Confirm Overwrite"),
         tr("Program %1 \"%2\" of \"%3\" will be replaced. Continue?")
             .arg(place, QString::fromStdString(names[number]), file),
