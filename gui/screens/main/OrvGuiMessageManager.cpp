@@ -95,8 +95,8 @@ constexpr auto COMMANDS = std::to_array<Command>({
     onOff<&OrvGuiIF::handleMidiThruChanged>(GuiMessage::MIDI_THRU),
     onOff<&OrvGuiIF::handleGlobalKeyboardChanged>(GuiMessage::GLOBAL_KEYBOARD),
     number<&OrvGuiIF::handleMouseSensitivityChanged>(GuiMessage::MOUSE_SENSITIVITY),
-    {GuiMessage::PRESETS, &changePresets},
     onOff<&OrvGuiIF::handleClickZoneChannelTransposeChanged>(GuiMessage::CLICK_ZONE_CHANNEL_TRANSPOSE),
+    {GuiMessage::PRESETS, &changePresets},
 });
 }  // namespace
 
