@@ -75,8 +75,10 @@ TEST(Orv, MakesTheWindowThatItWasGivenWithWhatItKnowsAndLaterTellsItAll)
     stage.commands().postRefreshGui();
     stage.rest();
     using namespace GuiMessage;
-    EXPECT_EQ(messagesOf(*window), (std::vector<unsigned>{SETTINGS, MIDI_INPUT_PORTS, MIDI_OUTPUT_PORTS, BANK, PROGRAM,
-                                                          COMPUTER_INPUT, COMPUTER_INPUT_CHANGED}));
+    EXPECT_EQ(messagesOf(*window),
+              (std::vector<unsigned>{SETTINGS, MIDI_INPUT_PORTS, MIDI_OUTPUT_PORTS, BANK, PROGRAM, COMPUTER_INPUT,
+                                     COMPUTER_INPUT_CHANGED, PRESETS, PRESETS, PRESETS, PRESETS, PRESETS, PRESETS}))
+        << "the presets of each section";
 }
 
 TEST(Orv, EndsWhileSlicesRunAndCommandsPour)
