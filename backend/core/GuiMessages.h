@@ -32,7 +32,7 @@ enum Number : unsigned int {
     GLOBAL_KEYBOARD = 33266,                ///< 0 or 1
     MOUSE_SENSITIVITY = 33268,              ///< the divisor
     CLICK_ZONE_CHANNEL_TRANSPOSE = 33272,   ///< 0 or 1
-    PRESETS = 33274,  ///< parameters: the place in PresetSections::ALL, 0 if its folder did not take a change, or 1;
+    PRESETS = 33275,  ///< parameters: the place in PresetSections::ALL, 0 if its folder did not take a change, or 1;
                       ///< payload: PresetList
 
     KEY_CONFIGURATIONS = 33469,  ///< payload: vector of KeyConfiguration, those that were replaced

@@ -2,7 +2,7 @@
 
 #include <QAccessible>
 #include <QCheckBox>
-#include <QLabel>
+#include <QLineEdit>
 
 #include "backend/core/GuiMessages.h"
 #include "backend/input/functions/Function.h"
@@ -77,7 +77,7 @@ TEST(ComputerKeyboard, ShowsWhatItsKeysDoAsTheBackendTells)
 TEST(ComputerKeyboard, NamesThePresetOfTheKeys)
 {
     KeyboardWindow window;
-    auto& name = window.control<QLabel>("Preset of the keys");
+    auto& name = window.control<QLineEdit>("Preset of the keys");
     EXPECT_EQ(name.text(), "none");
     window.writePreset("Piano", "<ComputerInput>" + noteKey("A", "F4") + "</ComputerInput>");
     window.orv->getComputerInputMessageManager().postLoadPreset("Piano");
