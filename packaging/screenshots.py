@@ -24,6 +24,7 @@ SCREENS = ["system", "help", "display", "oscillators", "joystick", "midi-input",
            "layers", "cc", "zones"]  # in the order of the setting
 HELD_KEYS = [24, 26, 28]  # Q, E and T, by their places
 DIALOGS = [  # picture, title, the screen with its button, where that is in the window, the keys that choose from its menu
+    ("setup-dialog", "Setup", "system", (630, 40), []),
     ("save-dialog", "Save", "system", (192, 112), []),
     ("bank-size-dialog", "Change Bank Size", "system", (278, 112), ["Down", "Return"]),
     ("presets-dialog", "Presets", "computer-input", (432, 44), ["Down", "Down", "Return"]),

@@ -11,10 +11,15 @@ namespace Gui
 {
 using Backend::OrvUtils;
 
-void addManualButton(QBoxLayout& row, const char* page)
+bool hasManualPage(const char* page)
 {
     const std::string manual = OrvUtils::pathIn(OrvUtils::getOrvProgDir(), "Manual");
-    if (!QFileInfo(QString::fromStdString(OrvUtils::pathIn(manual, page))).isFile()) return;
+    return QFileInfo(QString::fromStdString(OrvUtils::pathIn(manual, page))).isFile();
+}
+
+void addManualButton(QBoxLayout& row, const char* page)
+{
+    if (!hasManualPage(page)) return;
     auto* help = new QPushButton(QCoreApplication::translate("ManualButton", "Help"));
     help->setAutoDefault(false);
     QObject::connect(help, &QPushButton::clicked, [page] { OrvUtils::showManual(page); });

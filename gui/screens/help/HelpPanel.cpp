@@ -1,16 +1,14 @@
 #include "gui/screens/help/HelpPanel.h"
 
-#include <QFileInfo>
 #include <QPlainTextEdit>
 #include <QPushButton>
 
 #include "backend/persistence/OrvUtils.h"
+#include "gui/framework/ManualButton.h"
 #include "gui/framework/Properties.h"
 
 namespace Gui::Help
 {
-using Backend::OrvUtils;
-
 namespace
 {
 constexpr QSize SIZE(760, 60);
@@ -23,11 +21,6 @@ QString firstText()
         "Play on the keys of the computer: the row of Q and the digits above it are one piano, the row of Z and the "
         "letters above it are another. Point at anything to read here what it does. Ctrl+Tab goes from playing to the "
         "controls, Escape back to playing.");
-}
-bool hasManual()
-{
-    const std::string manual = OrvUtils::pathIn(OrvUtils::getOrvProgDir(), "Manual");
-    return QFileInfo(QString::fromStdString(OrvUtils::pathIn(manual, "index.htm"))).isFile();
 }
 }  // namespace
 
@@ -42,7 +35,7 @@ HelpPanel::HelpPanel(OrvGuiIF&, Panel* around) : Panel(around), edit(new QPlainT
     edit->setAccessibleName(tr("Help"));
     Property::set(*edit, Property::TEXT, true);
     edit->setPlainText(firstText());
-    if (hasManual()) addManualButton();
+    if (hasManualPage("index.htm")) addManualButton();
 }
 
 void HelpPanel::addManualButton()
@@ -53,7 +46,7 @@ void HelpPanel::addManualButton()
     button->setFocusPolicy(Qt::TabFocus);
     button->setAccessibleName(tr("Manual"));
     Property::setHelp(*button, tr("Manual: opens the manual, with pictures, where you read web pages."));
-    connect(button, &QPushButton::clicked, [] { OrvUtils::showManual(""); });
+    connect(button, &QPushButton::clicked, [] { Backend::OrvUtils::showManual(""); });
 }
 
 void HelpPanel::showText(const std::string& text) { edit->setPlainText(QString::fromStdString(text)); }

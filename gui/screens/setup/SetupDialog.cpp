@@ -3,12 +3,13 @@
 #include <QBoxLayout>
 #include <QEvent>
 #include <QLabel>
-#include <QMessageBox>
 #include <QPushButton>
 
 #include "backend/core/OrvMessageManager.h"
 #include "gui/OrvGuiIF.h"
+#include "gui/framework/ManualButton.h"
 #include "gui/framework/Properties.h"
+#include "gui/framework/Question.h"
 #include "gui/framework/Skinner.h"
 #include "gui/screens/setup/SettingField.h"
 #include "gui/screens/setup/SetupPages.h"
@@ -19,14 +20,6 @@ namespace
 {
 constexpr int HELP_LINES = 3;
 constexpr int BUTTON_WIDTH = 80;
-
-QMessageBox& makeBox(QWidget& parent, const QString& title, const QString& text, QMessageBox::StandardButtons buttons)
-{
-    auto* box = new QMessageBox(QMessageBox::NoIcon, title, text, buttons, &parent);
-    box->setTextFormat(Qt::PlainText);
-    box->setAttribute(Qt::WA_DeleteOnClose);
-    return *box;
-}
 }  // namespace
 
 SetupDialog::SetupDialog(OrvGuiIF& owner, QWidget& parent)
@@ -45,6 +38,7 @@ SetupDialog::SetupDialog(OrvGuiIF& owner, QWidget& parent)
 QBoxLayout* SetupDialog::makeButtons()
 {
     auto* line = new QHBoxLayout;
+    addManualButton(*line, "setup.htm");
     line->addStretch();
     const auto addButton = [line](const QString& label) {
         auto* button = new QPushButton(label);
@@ -90,7 +84,7 @@ void SetupDialog::follow() { pages->follow(); }
 
 void SetupDialog::accept()
 {
-    if (!refuses()) ask(findQuestions());
+    if (!refuses()) askAll(findQuestions());
 }
 
 bool SetupDialog::refuses()
@@ -108,7 +102,7 @@ bool SetupDialog::refuses()
 void SetupDialog::refuse(const SettingField& field, const QString& text)
 {
     pages->goTo(field);
-    makeBox(*this, tr("Invalid entry"), text, QMessageBox::Ok).open();
+    tell(*this, tr("Invalid entry"), text);
 }
 
 QStringList SetupDialog::findQuestions() const
@@ -120,15 +114,11 @@ QStringList SetupDialog::findQuestions() const
 }
 
 /// One after the other; what was changed is done after a yes to the last, or if there is none.
-void SetupDialog::ask(QStringList questions)
+void SetupDialog::askAll(QStringList questions)
 {
     if (questions.isEmpty()) return apply();
     const QString first = questions.takeFirst();
-    QMessageBox& box = makeBox(*this, tr("Confirm"), first, QMessageBox::Yes | QMessageBox::No);
-    connect(&box, &QMessageBox::finished, this, [this, questions](int answer) {
-        if (answer == QMessageBox::Yes) ask(questions);
-    });
-    box.open();
+    ask(*this, tr("Confirm"), first, [this, questions] { askAll(questions); });
 }
 
 /// Of some settings nobody is told, so the window asks for all of them.

@@ -39,7 +39,7 @@ private:
     bool refuses();
     void refuse(const SettingField& field, const QString& text);
     QStringList findQuestions() const;
-    void ask(QStringList questions);
+    void askAll(QStringList questions);
     void apply();
 
     OrvGuiIF& gui;
