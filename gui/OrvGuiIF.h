@@ -1,7 +1,9 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "backend/core/Screen.h"
 #include "backend/midi/MidiPort.h"
@@ -21,10 +23,17 @@ class KeyConfigurationMap;
 }
 class OrvIF;
 class OrvMessageManager;
+class PresetList;
 class RegistrySettings;
 struct Bank;
+struct PresetSection;
 struct Program;
 struct WindowMove;
+
+namespace SequenceManagement
+{
+class SequencePresetManager;
+}
 }  // namespace Backend
 
 namespace Gui
@@ -37,6 +46,10 @@ class Skinner;
 namespace Output
 {
 class MusicKeyboardCtl;
+}
+namespace Preset
+{
+class PresetGuiOwner;
 }
 
 /// The window of a backend, as a host and its own screens see it. A host calls, on the thread of its QApplication:
@@ -75,12 +88,21 @@ public:
     virtual const Backend::Program& getCurrentProgram() const = 0;
     virtual Backend::OrvMessageManager& getOrvMessageManager() = 0;
 
+    /// Their dialogs; see `FileCommands.h`. They open and return at once; nothing while one is open already.
+    virtual void showSaveDialog() = 0;
+    virtual void showLoadDialog() = 0;
+    virtual void importVersion2File() = 0;
+    /// Loads a bank, or a program if it ends in ".prg", and says so if there is none in it. A path in UTF-8.
+    virtual void loadFile(const std::string& path) = 0;
+
     // What the backend tells
     virtual void handleSettingsChanged(const Backend::RegistrySettings& settings) = 0;
     virtual void handleDockToBottomEdgeChanged(bool on) = 0;
     virtual void handleDefaultBankChanged(const std::string& path) = 0;
     virtual void handleBankChanged(const Backend::Bank& bank) = 0;
     virtual void handleProgramChanged(const Backend::Program& program) = 0;
+    /// The file had no program of that number.
+    virtual void handleProgramMissing(const Backend::Program& program) = 0;
     virtual void handleProgramNameChanged(const Backend::Program& program) = 0;
     virtual void handleMidiInputPortsChanged(const Backend::MidiEngine::MidiInputPorts& ports) = 0;
     virtual void handleMidiOutputPortsChanged(const Backend::MidiEngine::MidiOutputPorts& ports) = 0;
@@ -88,10 +110,18 @@ public:
     virtual void handleAlwaysOnTopChanged(bool on) = 0;
     virtual void handleUseSkinBorderChanged(bool on) = 0;
 
+    /// The presets of a section, by its place in `PresetSections::ALL`; `done` is whether its folder took the last
+    /// change.
+    virtual void handlePresetsChanged(std::size_t section, const Backend::PresetList& presets, bool done) = 0;
+
     // The screens, one below the other; each is shown by itself. A screen within another shows that one too.
     virtual void showScreen(Backend::Screen screen, bool on) = 0;
     virtual void toggleScreen(Backend::Screen screen) = 0;
     virtual bool isScreenShowing(Backend::Screen screen) const = 0;
+
+    /// The presets of a section: its names, for whoever lets choose one, and what changes them.
+    virtual const Backend::PresetList& getPresetList(const Backend::PresetSection& section) const = 0;
+    virtual Preset::PresetGuiOwner& getComputerInputPanelAsPresetGuiOwner() = 0;
 
     /// Asks the surroundings to move.
     virtual void moveWindow(const Backend::WindowMove& move) = 0;
@@ -112,6 +142,16 @@ public:
     virtual void handleResetOrv() = 0;
     virtual int getNumberOfPrograms() const = 0;
 
+    /// The sequences that stand by themselves, sorted. The window reads their folder once, at its start, and changes
+    /// the files itself.
+    virtual const std::vector<std::string>& getSequencePresetList() const = 0;
+    /// False, and nothing changed, if the name is no valid one or the file could not be written.
+    virtual bool addSequencePreset(const std::string& name, const std::string& text) = 0;
+    /// Another text for one that is there; false as above, or if there is none.
+    virtual bool editSequencePreset(const std::string& name, const std::string& text) = 0;
+    virtual void deleteSequencePreset(const std::string& name) = 0;
+    virtual Backend::SequenceManagement::SequencePresetManager& getSequencePresetManager() = 0;
+
     /// Gives the keyboard back to playing, or to the text that is being edited.
     virtual void setFocus() = 0;
 
@@ -123,7 +163,10 @@ public:
     /// Pop-up menus at the system panel.
     virtual void showProgramMenu() = 0;
     virtual void showDefaultMidiOutputMenu() = 0;
+    /// Opens the dialog of the settings and returns at once; one that is open comes to the front.
+    virtual void showSetupDialog() = 0;
 
+    virtual void handleRetroRecordBufferSizeChanged(int bytes) = 0;
     virtual void handleRetroRecordEnabledChanged(bool on) = 0;
     virtual void handleMidiThruChanged(bool on) = 0;
     virtual void handleGlobalKeyboardChanged(bool on) = 0;
@@ -133,6 +176,7 @@ public:
     virtual void handleKeysChanged(const Backend::ComputerInput::KeyConfigurationMap& keys) = 0;
     virtual void handleMouseSensitivityChanged(int divisor) = 0;
     virtual void handleLargeDisplayFontChanged(bool on) = 0;
+    virtual void handleClickZoneChannelTransposeChanged(bool on) = 0;
 
     virtual Backend::OrvIF& getOrvIF() = 0;
     /// Without folder and extension.

@@ -23,19 +23,23 @@ bool isFolder(const fs::path& path)
 
 fs::path findContent(const fs::path& program)
 {
-    for (const fs::path& content : {program.parent_path().parent_path() / "share/orvane", fs::path(ORVANE_CONTENT)})
-        if (isFolder(content / "Default")) return content;
-    return {};
+    const fs::path content = program.parent_path().parent_path() / "share/orvane";
+    return isFolder(content / "Default") ? content : fs::path();
+}
+
+fs::path findContent()
+{
+    std::error_code none;
+    return findContent(fs::read_symlink("/proc/self/exe", none));
 }
 
 void installIfNeeded()
 {
     const std::string installed = OrvUtils::getOrvProgDir();
     if (!installed.empty() && isFolder(pathOf(installed))) return;
-    std::error_code none;
-    const fs::path content = findContent(fs::read_symlink("/proc/self/exe", none));
+    const fs::path content = findContent();
     if (content.empty())
-        DbgStream() << "no factory content: neither installed nor in the source";
+        DbgStream() << "no factory content beside the program";
     else if (OrvUtils::setOrvProgDir(textOf(content)))
         OrvUtils::install(false);
 }

@@ -10,8 +10,9 @@ namespace Host
 {
 /// What is loaded before anything is played.
 struct Setup {
-    std::vector<std::string> loads;  ///< programs (.prg) and banks (.bnk), in order; none for the user's default bank
-    int number = 0;                  ///< the program taken from a bank, from 0
+    std::vector<std::string> loads{};  ///< programs (.prg) and banks (.bnk), in order; none for the user's default bank
+    int number = 0;                    ///< the program taken from a bank, from 0
+    std::string program{};             ///< the program itself, as it was played last; empty for that of the files
 
     bool operator==(const Setup&) const = default;
 };

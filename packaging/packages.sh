@@ -2,11 +2,12 @@
 # Rights are asked for only then.
 
 BUILD_PACKAGES="g++ cmake ninja-build ccache pkg-config
-    libcli11-dev libfluidsynth-dev libjack-jackd2-dev libpugixml-dev librtmidi-dev libsdl2-dev libx11-dev
+    libcli11-dev libfluidsynth-dev libjack-jackd2-dev liblo-dev libpugixml-dev librtmidi-dev libsdl2-dev libx11-dev
     libxcb1-dev libxcb-xkb-dev libxkbcommon-dev qt6-base-dev fonts-liberation timgm6mb-soundfont"
 
 TEST_PACKAGES="$BUILD_PACKAGES clang libclang-rt-14-dev libgtest-dev libbenchmark-dev
-    jackd2 pipewire pipewire-bin pipewire-jack abcmidi python3 python3-mido libxcb-xtest0-dev xauth xdotool xvfb"
+    appstream desktop-file-utils groff-base jackd2 pipewire pipewire-bin pipewire-jack abcmidi python3 python3-mido
+    libxcb-xtest0-dev xauth xdotool xvfb"
 
 install_packages() {
     missing=""

@@ -2,7 +2,8 @@
 """Draws the pictures of the documentation anew: packaging/screenshots.py [ORVANE]
 
 The window of a new user is opened on a display without a screen, whole and then with each screen alone, at 100 and at
-200 percent, while some keys are held. The pictures go to docs/pictures: window.png, help.png, help@2x.png ..."""
+200 percent, while some keys are held; then the dialogs. The pictures go to docs/pictures: window.png, help.png,
+help@2x.png ..."""
 import glob
 import os
 import re
@@ -22,6 +23,12 @@ TITLE = "^Orvane 3$"
 SCREENS = ["system", "help", "display", "oscillators", "joystick", "midi-input", "computer-input", "controls", "output",
            "layers", "cc", "zones"]  # in the order of the setting
 HELD_KEYS = [24, 26, 28]  # Q, E and T, by their places
+DIALOGS = [  # picture, title, the screen with its button, where that is in the window, the keys that choose from its menu
+    ("setup-dialog", "Setup", "system", (630, 40), []),
+    ("save-dialog", "Save", "system", (192, 112), []),
+    ("bank-size-dialog", "Change Bank Size", "system", (278, 112), ["Down", "Return"]),
+    ("presets-dialog", "Presets", "computer-input", (432, 44), ["Down", "Down", "Return"]),
+]
 THREE_BUTTONS = 300  # the window is wider if it shows a screen
 PATIENCE = 30
 
@@ -86,23 +93,33 @@ class NewUser:
     def tool(self, *command):
         return run(*command, env=self.environment)
 
-    def window(self):
-        return self.tool("xdotool", "search", "--onlyvisible", "--name", TITLE).strip()
+    def window(self, title=TITLE):
+        return self.tool("xdotool", "search", "--onlyvisible", "--name", title).strip()
 
-    def geometry(self):
-        text = self.tool("xdotool", "getwindowgeometry", "--shell", self.window())
+    def geometry(self, title=TITLE):
+        text = self.tool("xdotool", "getwindowgeometry", "--shell", self.window(title))
         return [int(re.search(name + r"=(-?\d+)", text).group(1)) for name in ("X", "Y", "WIDTH", "HEIGHT")]
 
-    def open(self, scale):
+    def open(self, scale, heldKeys=()):
         self.orvane = subprocess.Popen([ORVANE], env={**self.environment, "QT_SCALE_FACTOR": str(scale)},
                                        cwd=self.folder, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         until(self.window, "the window")
-        for key in HELD_KEYS:
+        for key in heldKeys:
             self.tool("xdotool", "keydown", str(key))
         time.sleep(1)  # all is drawn
 
-    def close(self):
-        for key in HELD_KEYS:
+    def openDialog(self, title, place, scale, keys):
+        left, top, _, _ = self.geometry()
+        self.tool("xdotool", "mousemove", str(left + place[0] * scale), str(top + place[1] * scale), "click", "1")
+        time.sleep(1)  # the menu stands
+        for key in keys:
+            self.tool("xdotool", "key", key)
+        until(lambda: self.window(f"^{title}$"), "the dialog " + title)
+        self.tool("xdotool", "mousemove", "3199", "3199")
+        time.sleep(1)
+
+    def close(self, heldKeys=()):
+        for key in heldKeys:
             self.tool("xdotool", "keyup", str(key))
         self.orvane.send_signal(signal.SIGTERM)
         self.orvane.wait(PATIENCE)
@@ -117,14 +134,40 @@ class NewUser:
             file.write(text)
 
 
-def takePicture(user, display, name):
-    left, top, width, height = user.geometry()
-    if width <= THREE_BUTTONS:
+def takePicture(user, display, name, title=TITLE):
+    left, top, width, height = user.geometry(title)
+    if title == TITLE and width <= THREE_BUTTONS:
         print("there is no screen", name)
         return False
     with open(f"{PICTURES}/{name}.png", "wb") as file:
         file.write(png(display.lines(left, top, width, height), width, height))
     return True
+
+
+def suffix(scale):
+    return "@2x" if scale == 2 else ""
+
+
+def takeScreens(user, display):
+    for screen in [None, *SCREENS]:
+        for scale in (1, 2):
+            if screen:
+                user.showOnly(screen)
+            user.open(scale, HELD_KEYS)
+            there = takePicture(user, display, (screen or "window") + suffix(scale))
+            user.close(HELD_KEYS)
+            if not there:
+                break
+
+
+def takeDialogs(user, display):
+    for name, title, screen, place, keys in DIALOGS:
+        for scale in (1, 2):
+            user.showOnly(screen)
+            user.open(scale)
+            user.openDialog(title, place, scale, keys)
+            takePicture(user, display, name + suffix(scale), f"^{title}$")
+            user.close()
 
 
 def main():
@@ -133,15 +176,8 @@ def main():
         display = Display(folder)
         try:
             user = NewUser(folder + "/home", display)
-            for screen in [None, *SCREENS]:
-                for scale in (1, 2):
-                    if screen:
-                        user.showOnly(screen)
-                    user.open(scale)
-                    there = takePicture(user, display, (screen or "window") + ("@2x" if scale == 2 else ""))
-                    user.close()
-                    if not there:
-                        break
+            takeScreens(user, display)
+            takeDialogs(user, display)
         finally:
             display.end()
 

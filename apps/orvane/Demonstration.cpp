@@ -2,12 +2,13 @@
 
 #include <iostream>
 
+#include "host/Installer.h"
 #include "host/render/Render.h"
 
 int renderDemonstration()
 {
     Host::RenderRequest request;
-    request.inputs = {ORVANE_EXAMPLES "/demonstration.perf"};
+    request.inputs = {Host::findContent() / "demonstration.perf"};
     request.mid = "demonstration.mid";
     request.wav = "demonstration.wav";
     Host::render(request);

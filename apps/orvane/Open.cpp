@@ -3,14 +3,16 @@
 #include "apps/orvane/Demonstration.h"
 #include "host/run/Run.h"
 #include "host/run/Tell.h"
+#include "host/session/Session.h"
 #include "host/window/FindDesktop.h"
 #include "host/window/RunWithWindow.h"
 
-int open(const Host::RunOptions& options)
+int open(Host::RunOptions options)
 {
+    const auto session = Host::Session::join(options, Host::tellOnStandardError);
     Host::checkRunOptions(options);
     const Host::Desktop desktop = Host::findDesktop();
     if (!desktop.platform.empty()) return Host::runWithWindow(options, desktop.platform);
     Host::tellOnStandardError("There is no window, because " + desktop.whyNot + ".");
-    return Host::run(options, renderDemonstration);
+    return Host::run(options, session ? nullptr : renderDemonstration);
 }

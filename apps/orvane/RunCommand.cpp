@@ -1,5 +1,8 @@
 #include "apps/orvane/RunCommand.h"
 
+#include "host/run/Tell.h"
+#include "host/session/Session.h"
+
 void addRunOptions(CLI::App& command, Host::RunOptions& options)
 {
     command.add_option("--client", options.client, "Name in the JACK graph or the ALSA sequencer")
@@ -38,5 +41,8 @@ void addRunCommand(CLI::App& program, Host::RunOptions& options, int& exitStatus
         "run", "Play live without a window; commands of a performance, without times, are read from standard input");
     addRunOptions(*command, options);
     command->add_flag("--keys", options.keys, "Play from the keys of this terminal; no commands are read then");
-    command->callback([&] { exitStatus = Host::run(options); });
+    command->callback([&] {
+        const auto session = Host::Session::join(options, Host::tellOnStandardError);
+        exitStatus = Host::run(options);
+    });
 }

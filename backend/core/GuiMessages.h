@@ -5,6 +5,7 @@ namespace Backend::GuiMessage
 /// What the backend tells the window, each with owned copies where the two parameters do not hold it.
 enum Number : unsigned int {
     RETRO_RECORD_SAVED = 32880,             ///< payload: RetroRecord::SaveReport
+    RETRO_RECORD_FILL = 32881,              ///< first parameter: 0 to 100 percent
     SETTINGS = 33219,                       ///< payload: RegistrySettings, all of them
     MIDI_INPUT_PORTS = 33221,               ///< payload: MidiInputPorts
     MIDI_OUTPUT_PORTS = 33223,              ///< payload: MidiOutputPorts
@@ -21,7 +22,7 @@ enum Number : unsigned int {
     MIDI_OUTPUT_EVENT = 33248,              ///< parameters: an event on its way to the player
     ORV_RESET = 33253,                      ///< a hard reset was done
     PROGRAM_NAME = 33255,                   ///< payload: Program
-    PROGRAM = 33257,                        ///< payload: Program
+    PROGRAM = 33257,                        ///< payload: Program; first parameter: 1 if the file had no such program
     DEFAULT_MIDI_OUTPUT = 33258,            ///< first parameter: the output, -1 for none
     USE_SKIN_BORDER = 33260,                ///< 0 or 1
     SHOW_SCREEN = 33261,                    ///< parameters: the Screen, the state of an OnOffToggle
@@ -31,6 +32,8 @@ enum Number : unsigned int {
     GLOBAL_KEYBOARD = 33266,                ///< 0 or 1
     MOUSE_SENSITIVITY = 33268,              ///< the divisor
     CLICK_ZONE_CHANNEL_TRANSPOSE = 33272,   ///< 0 or 1
+    PRESETS = 33275,  ///< parameters: the place in PresetSections::ALL, 0 if its folder did not take a change, or 1;
+                      ///< payload: PresetList
 
     KEY_CONFIGURATIONS = 33469,  ///< payload: vector of KeyConfiguration, those that were replaced
     COMPUTER_INPUT = 33470,      ///< first parameter: whether modifiers count on key up; payload: KeyConfigurationMap

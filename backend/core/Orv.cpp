@@ -63,12 +63,10 @@ void Orv::initialize()
     startDisplay();
     startRetroRecord();
     sequencePresets.load();
-    oscManager.getPresets().refresh();
-    joystickManager.getPresets().refresh();
-    computerInputManager.getPresets().refresh();
-    midiInputManager.getPresets().refresh();
-    controlManager.getPresets().refresh();
-    layerManager.getPresets().refresh();
+    for (PresetManager* presets : getPresetManagers()) {
+        presets->refresh();
+        presets->onChange = [this, presets](bool done) { tellPresets(*presets, done); };
+    }
     midiEngine.initialize(registrySettings.getDefaultMidiOutput(), registrySettings.getMidiThru());
     prepareBanks();
     initializing = true;
@@ -117,6 +115,12 @@ void Orv::prepareBanks()
         registrySettings.setDefaultBank(OrvUtils::pathIn(folder, DEFAULT_BANK));
 }
 
+HostState Orv::saveState()
+{
+    const bool written = registrySettings.saveToRegistry(OrvUtils::getRegistryKey(applicationName));
+    return {bank.name, program.number, getProgramAsString(), written};
+}
+
 // --- the window
 
 WindowHandle Orv::getGuiWindowHandle() const
@@ -154,6 +158,7 @@ void Orv::refreshGui()
     tellGui(GuiMessage::BANK, bank);
     tellGui(GuiMessage::PROGRAM, program);
     computerInputManager.refreshGui();
+    for (const PresetManager* presets : getPresetManagers()) tellPresets(*presets, true);
 }
 
 void Orv::showScreen(Screen screen, OnOffToggle::State state) const

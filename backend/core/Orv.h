@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <iosfwd>
 #include <mutex>
 #include <span>
@@ -248,6 +249,7 @@ public:
     void stopJoysticks() override { joystickManager.getEngine().stop(); }
     Gui::OrvGuiIF* createOrvGui(bool isVstPlugin) override;
     void refreshGui() override;
+    HostState saveState() override;
 
     /// What `createOrvGui` makes; null for nothing. Before `start`.
     void setGuiFactory(GuiFactory factory) { guiFactory = factory; }
@@ -288,7 +290,9 @@ private:
     std::string writeProgram();
     std::string writeProgramFile(const char* root);
     void saveInto(const std::string& path, int number, const WindowHandle& window);
-    PresetManager& getPresets(const PresetSection& section);
+    /// In the order of `PresetSections::ALL`.
+    std::array<PresetManager*, PresetSections::ALL.size()> getPresetManagers();
+    void tellPresets(const PresetManager& presets, bool done) const;
     void takeInputEvent(const MidiEngine::OrvMidiMessage& event);
     void releaseHeldNotes(int input);
     void fixDefaultMidiOutput();

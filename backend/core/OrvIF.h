@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "backend/core/HostState.h"
 #include "backend/core/ScreenState.h"
 #include "backend/input/values/Key.h"
 #include "backend/input/values/NoteToggle.h"
@@ -402,5 +403,8 @@ public:
     virtual Gui::OrvGuiIF* createOrvGui(bool isVstPlugin) = 0;
     /// Tells the window all that it shows. For one that was just opened.
     virtual void refreshGui() = 0;
+
+    /// Writes the settings, as `end` does, and tells what else a host must keep to come back to where it stands now.
+    virtual HostState saveState() = 0;
 };
 }  // namespace Backend

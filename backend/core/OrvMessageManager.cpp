@@ -75,14 +75,20 @@ enum Number : unsigned int {
     SET_LITE_CHANNEL = 33270,
     SET_LITE_STACK_NOTES = 33271,
     SET_CLICK_ZONE_CHANNEL_TRANSPOSE = 33272,
-    LAST = 33273,
-    LOAD_PROGRAM_FROM_STRING = LAST
+    LOAD_PROGRAM_FROM_STRING = 33273,
+    LAST = 33274,
+    SAVE_STATE = LAST
 };
 
 /// Answers into a text that the one who waits holds too.
 void carryOutGetProgramAsString(OrvIF& orv, Message& message)
 {
     if (auto* const text = message.payload.get<std::shared_ptr<std::string>>()) **text = orv.getProgramAsString();
+}
+
+void carryOutSaveState(OrvIF& orv, Message& message)
+{
+    if (auto* const state = message.payload.get<std::shared_ptr<HostState>>()) **state = orv.saveState();
 }
 
 void carryOutCreateOrvGui(OrvIF& orv, Message& message)
@@ -148,6 +154,7 @@ constexpr auto COMMANDS = std::to_array<Command<OrvIF>>({
     command<&OrvIF::setLiteStackNotes>(SET_LITE_STACK_NOTES, "SetLiteStackNotes"),
     command<&OrvIF::setClickZoneChannelTranspose>(SET_CLICK_ZONE_CHANNEL_TRANSPOSE, "SetClickZoneChannelTranspose"),
     command<&OrvIF::loadProgramFromString>(LOAD_PROGRAM_FROM_STRING, "LoadProgramFromString"),
+    {SAVE_STATE, "SaveState", &carryOutSaveState},
 });
 }  // namespace
 
@@ -185,6 +192,13 @@ void OrvMessageManager::postSetMidiOutputPorts(const MidiOutputPorts& ports)
 }
 
 void OrvMessageManager::sendEndInitialize() { master.send(pack(END_INITIALIZE)); }
+
+HostState OrvMessageManager::sendSaveState()
+{
+    const auto state = std::make_shared<HostState>();
+    master.send({.number = SAVE_STATE, .payload = Payload::of(std::shared_ptr(state))});
+    return *state;
+}
 
 Gui::OrvGuiIF* OrvMessageManager::sendCreateOrvGui(bool isVstPlugin)
 {

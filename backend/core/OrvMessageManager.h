@@ -58,6 +58,8 @@ public:
     /// The state of a host. While the one is loaded the host's slices must go on.
     std::string sendGetProgramAsString();
     void postLoadProgramFromString(const std::string& text, int number);
+    /// See `OrvIF::saveState`.
+    HostState sendSaveState();
     void postSetScreenState(const ScreenState& state);
     void postChangeProgram(const SelectType& select);
     void postChangeDefaultMidiOutput(const SelectType& select);

@@ -113,7 +113,8 @@ void Orv::endProgram(const XmlElement& element, std::string_view source)
         WindowsLib::DbgStream() << source << ": no program " << program.number;
     midiEngine.getMessageManager().postSetTempo(program.tempo);
     midiEngine.getMessageManager().postSetTempoSource(program.tempoSource);
-    tellGui(GuiMessage::PROGRAM, program);
+    getGuiWindowHandle().post(
+        {.number = GuiMessage::PROGRAM, .wparam = !element.hasElement(), .payload = Payload::of(Program(program))});
     if (element.hasElement() && !initializing) controlManager.sendAll(true);
 }
 

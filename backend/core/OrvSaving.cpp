@@ -116,16 +116,24 @@ void Orv::importVersion2Preset(const std::string& source, const std::string& nam
 {
     if (source.empty() || name.empty()) return;
     const auto preset = Version2::readPreset(source);
-    const bool written =
-        preset && getPresets(preset->section).save(name, [&](std::string& text) { text += preset->element; });
+    const bool written = preset && getPresetManagers()[PresetSections::indexOf(preset->section)]->save(
+                                       name, [&](std::string& text) { text += preset->element; });
     tellDone(window, written);
 }
 
-PresetManager& Orv::getPresets(const PresetSection& section)
+// --- presets
+
+std::array<PresetManager*, PresetSections::ALL.size()> Orv::getPresetManagers()
 {
-    for (PresetManager* store :
-         {&computerInputManager.getPresets(), &midiInputManager.getPresets(), &controlManager.getPresets()})
-        if (std::string_view(store->getSection().folder) == section.folder) return *store;
-    return layerManager.getPresets();
+    return {&computerInputManager.getPresets(), &controlManager.getPresets(),   &joystickManager.getPresets(),
+            &layerManager.getPresets(),         &midiInputManager.getPresets(), &oscManager.getPresets()};
+}
+
+void Orv::tellPresets(const PresetManager& presets, bool done) const
+{
+    getGuiWindowHandle().post({.number = GuiMessage::PRESETS,
+                               .wparam = static_cast<std::uint32_t>(PresetSections::indexOf(presets.getSection())),
+                               .lparam = done,
+                               .payload = Payload::of(PresetList(presets.getList()))});
 }
 }  // namespace Backend

@@ -68,6 +68,14 @@ bool RetroRecordBuffer::openFile()
     return file.good();
 }
 
+/// A file behind the newest has its whole share of the room.
+int RetroRecordBuffer::getFill() const
+{
+    constexpr std::int64_t SHARE = 100 / RecordChain::FILES;
+    const std::int64_t newest = std::min(SHARE, (SHARE * bytesInFile + fileSize - 1) / fileSize);
+    return static_cast<int>(SHARE * (chain.getFilesInUse() - 1) + newest);
+}
+
 /// A file that failed is opened again after a while.
 bool RetroRecordBuffer::isReady(Milliseconds time)
 {

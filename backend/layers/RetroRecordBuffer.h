@@ -33,6 +33,8 @@ public:
     RetroRecordBuffer(const std::filesystem::path& folder, std::string outputName, Restore restore, int fileSize);
 
     const std::string& getOutputName() const { return outputName; }
+    /// How much of its room is taken, 0 to 100 percent. At 100 the oldest tenth goes for what is played next.
+    int getFill() const;
     void setFileSize(int bytes) { fileSize = bytes; }
 
     /// The next event's silence is counted from `now`. What was played before that but arrives later comes without one.

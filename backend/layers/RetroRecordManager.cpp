@@ -24,12 +24,14 @@ enum Number : unsigned int {
     ADD_EVENT = 32871,
     SAVE = 32872,
     SET_BUFFER_SIZE = 32873,
-    ENABLE = 32874
+    ENABLE = 32874,
+    TELL_FILL_TO = 32875
 };
 
 constexpr const char* FOLDER = "Retrospective Record";
 // Some seconds of the densest playing, should the disk stand still.
 constexpr std::size_t SLICE_POOL = 4096;
+constexpr int UNTOLD = -1;
 constexpr std::uint32_t FIRST_SYSTEM_STATUS = 0xF0;
 
 /// An event as one word, so that it travels without an allocation: status, data bytes and output from the low byte up.
@@ -87,11 +89,13 @@ void RetroRecordManager::handleMessage(Message& message)
         command<&RetroRecordManager::handleSave>(SAVE, "Save"),
         command<&RetroRecordManager::handleSetBufferSize>(SET_BUFFER_SIZE, "SetBufferSize"),
         command<&RetroRecordManager::handleEnable>(ENABLE, "Enable"),
+        command<&RetroRecordManager::handleTellFillTo>(TELL_FILL_TO, "TellFillTo"),
     });
     carryOut<RetroRecordManager>(COMMANDS, *this, message);
+    if (worker.queue().hasNext()) return;
     // Nothing is left in our hands that a crash would lose when nobody plays on.
-    if (!worker.queue().hasNext())
-        for (const auto& [output, buffer] : buffers) buffer->flush();
+    for (const auto& [output, buffer] : buffers) buffer->flush();
+    tellFill();
 }
 
 // --- posts
@@ -112,6 +116,8 @@ void RetroRecordManager::save(const std::string& stem, const WindowHandle& windo
 void RetroRecordManager::setBufferSize(int bytes) { worker.post(pack(SET_BUFFER_SIZE, bytes)); }
 
 void RetroRecordManager::enable(bool on) { worker.post(pack(ENABLE, on)); }
+
+void RetroRecordManager::tellFillTo(const WindowHandle& window) { worker.post(pack(TELL_FILL_TO, window)); }
 
 // --- the recorder's thread
 
@@ -155,5 +161,19 @@ void RetroRecordManager::handleSetBufferSize(int bytes)
     if (!isBufferSize(bytes)) return;
     fileSize = bytes / RecordChain::FILES;
     for (const auto& [output, buffer] : buffers) buffer->setFileSize(fileSize);
+}
+
+void RetroRecordManager::handleTellFillTo(const WindowHandle& window)
+{
+    listener = window;
+    toldFill = UNTOLD;
+}
+
+void RetroRecordManager::tellFill()
+{
+    int fill = 0;
+    for (const auto& [output, buffer] : buffers) fill = std::max(fill, buffer->getFill());
+    if (std::exchange(toldFill, fill) == fill) return;
+    listener.post({.number = GuiMessage::RETRO_RECORD_FILL, .wparam = static_cast<std::uint32_t>(fill)});
 }
 }  // namespace Backend::RetroRecord

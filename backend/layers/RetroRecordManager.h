@@ -59,6 +59,10 @@ public:
     /// Ignored outside the limits. What is recorded already goes as new events come.
     void setBufferSize(int bytes);
 
+    /// From now on `window` is told GuiMessage::RETRO_RECORD_FILL, at once and whenever it changes: the fill of the
+    /// fullest record, see `RetroRecordBuffer::getFill`. One window at a time; an empty handle for none.
+    void tellFillTo(const WindowHandle& window);
+
     /// While it is off events are dropped and the record stands as it is.
     void enable(bool on);
 
@@ -71,6 +75,8 @@ private:
     void handleSave(const std::string& stem, const WindowHandle& window);
     void handleSetBufferSize(int bytes);
     void handleEnable(bool on) { enabled = on; }
+    void handleTellFillTo(const WindowHandle& window);
+    void tellFill();
 
     const Clock clock;
     const Restore restore;
@@ -80,6 +86,8 @@ private:
     std::map<int, std::unique_ptr<RetroRecordBuffer>> buffers;  // by output
     int fileSize = 0;
     bool enabled = false;
+    WindowHandle listener;
+    int toldFill = 0;  // what the listener knows
 
     Worker worker;
 };

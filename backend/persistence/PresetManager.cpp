@@ -55,10 +55,15 @@ std::string PresetManager::findPreset(std::string_view name) const
     return "";
 }
 
+void PresetManager::changed(bool done) const
+{
+    if (onChange) onChange(done);
+}
+
 bool PresetManager::save(std::string_view name, const ElementWriter& writeElement)
 {
     const std::string path = isValidFileName(name) ? getPresetPath(Text::trim(name)) : "";
-    if (path.empty()) return false;
+    if (path.empty()) return changed(false), false;
     std::string text = xmlHeader() + "\n\n";
     writeElement(text);
     std::error_code error;
@@ -66,6 +71,7 @@ bool PresetManager::save(std::string_view name, const ElementWriter& writeElemen
     if (!error) error = WholeFile::replace(pathOf(path), text);
     tell(path, "not saved", error);
     if (!error) list.add(readEntry(pathOf(path)));
+    changed(!error);
     return !error;
 }
 
@@ -79,6 +85,7 @@ void PresetManager::rename(std::string_view oldName, std::string_view newName)
     fs::rename(pathOf(oldPath), pathOf(newPath), error);
     tell(oldPath, "not renamed", error);
     list.rename(oldName, std::string(Text::trim(newName)));
+    changed(!error);
 }
 
 void PresetManager::remove(std::string_view name)
@@ -89,5 +96,6 @@ void PresetManager::remove(std::string_view name)
     if (!path.empty()) fs::remove(pathOf(path), error);
     tell(path, "not removed", error);
     list.remove(std::string(name));
+    changed(!error);
 }
 }  // namespace Backend

@@ -18,6 +18,9 @@ class ORV_API PresetManager
 public:
     explicit PresetManager(const PresetSection& presetSection) : section(presetSection) {}
 
+    /// Called after each save, renaming and removal that was asked for of the list; says whether the folder took it.
+    std::function<void(bool done)> onChange;
+
     const PresetSection& getSection() const { return section; }
     const PresetList& getList() const { return list; }
 
@@ -49,6 +52,8 @@ public:
     void remove(std::string_view name);
 
 private:
+    void changed(bool done) const;
+
     PresetSection section;
     PresetList list;
 };

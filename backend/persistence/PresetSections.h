@@ -1,6 +1,8 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
+#include <string_view>
 
 namespace Backend
 {
@@ -20,5 +22,13 @@ inline constexpr PresetSection MIDI_INPUT{"Midi Input Presets", "MidiInput"};
 inline constexpr PresetSection OSCILLATORS{"Oscillator Presets", "Oscillators"};
 
 inline constexpr std::array ALL{COMPUTER_INPUT, CONTROLS, JOYSTICK, LAYERS, MIDI_INPUT, OSCILLATORS};
+
+/// The place of one of them in `ALL`.
+constexpr std::size_t indexOf(const PresetSection& section)
+{
+    std::size_t index = 0;
+    while (std::string_view(ALL[index].folder) != section.folder) ++index;
+    return index;
+}
 }  // namespace PresetSections
 }  // namespace Backend

@@ -108,17 +108,18 @@ bool RegistrySettings::loadFromRegistry(const std::string& key)
 }
 
 /// The key is read again first: another program may have written other values meanwhile.
-void RegistrySettings::saveToRegistry(const std::string& key)
+bool RegistrySettings::saveToRegistry(const std::string& key)
 {
     SettingsStore store(key);
-    if (!store.isOpen()) return;
+    if (!store.isOpen()) return false;
     enabledMidiInputs.set(getStringFromBoolVector(enabledInputs));
     enabledMidiOutputs.set(getStringFromBoolVector(enabledOutputs));
     visitAll(*this, [&](auto& setting) {
         if (setting.dirty) save(store, setting.name, setting.value);
     });
-    if (!store.save()) return;
+    if (!store.save()) return false;
     visitAll(*this, [](auto& setting) { setting.dirty = false; });
+    return true;
 }
 
 void RegistrySettings::setMidiInputEnabled(int port, bool enabled) { setBit(enabledInputs, port, enabled); }

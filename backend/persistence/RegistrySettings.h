@@ -30,8 +30,9 @@ public:
     /// such key.
     bool loadFromRegistry(const std::string& key);
 
-    /// Writes what was set since it was last written, and the choices of ports always.
-    void saveToRegistry(const std::string& key);
+    /// Writes what was set since it was last written, and the choices of ports always. False if that failed; what was
+    /// set is then written the next time.
+    bool saveToRegistry(const std::string& key);
 
     /// Path of the bank loaded at the start; empty or blank for the one in the banks folder.
     const std::string& getDefaultBank() const { return defaultBank.value; }

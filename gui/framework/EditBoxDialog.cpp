@@ -2,20 +2,22 @@
 
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QMessageBox>
 #include <QPushButton>
 #include <QVBoxLayout>
 #include <utility>
 
 #include "gui/framework/EditBox.h"
+#include "gui/framework/Question.h"
 
 namespace Gui
 {
-EditBoxDialog::EditBoxDialog(const QString& title, const QString& prompt, const QString& startText, Blank blankText,
+EditBoxDialog::EditBoxDialog(const QString& title, const QString& prompt, const QString& startText, Blank blank,
                              QWidget& parent)
-    : QDialog(&parent), edit(new EditBox), blank(blankText)
+    : QDialog(&parent), column(new QVBoxLayout(this)), edit(new EditBox)
 {
     setWindowTitle(title);
+    if (blank == Blank::refused)
+        refuse = [](const QString& text) { return text.isEmpty() ? tr("Entry cannot be blank") : QString(); };
     auto* label = new QLabel(prompt);
     label->setBuddy(edit);
     edit->setText(startText);
@@ -28,7 +30,6 @@ EditBoxDialog::EditBoxDialog(const QString& title, const QString& prompt, const 
     auto* cancel = new QPushButton(tr("Cancel"));
     connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
 
-    auto* column = new QVBoxLayout(this);
     column->addWidget(label);
     column->addWidget(edit);
     auto* buttons = new QHBoxLayout;
@@ -38,15 +39,24 @@ EditBoxDialog::EditBoxDialog(const QString& title, const QString& prompt, const 
     column->addLayout(buttons);
 }
 
+void EditBoxDialog::addOption(QWidget* option)
+{
+    column->insertWidget(column->count() - 1, option);
+    setTabOrder(edit, option);
+}
+
 void EditBoxDialog::accept()
 {
     const QString text = edit->text().trimmed();
-    if (text.isEmpty() && blank == Blank::refused) {
-        auto* error =
-            new QMessageBox(QMessageBox::NoIcon, tr("Error"), tr("Entry cannot be blank"), QMessageBox::Ok, this);
-        error->setAttribute(Qt::WA_DeleteOnClose);
-        return error->open();
-    }
+    if (const QString reason = refuse ? refuse(text) : QString(); !reason.isEmpty())
+        return tell(*this, tr("Error"), reason);
+    const Doubt doubted = doubt ? doubt(text) : Doubt();
+    if (doubted.question.isEmpty()) return take(text);
+    ask(*this, doubted.title, doubted.question, [this, text] { take(text); });
+}
+
+void EditBoxDialog::take(const QString& text)
+{
     acceptedText = text;
     QDialog::accept();
 }

@@ -3,6 +3,8 @@
 #include <QDialog>
 #include <functional>
 
+class QVBoxLayout;
+
 namespace Gui
 {
 class EditBox;
@@ -16,15 +18,31 @@ public:
     EditBoxDialog(const QString& title, const QString& prompt, const QString& startText, Blank blankText,
                   QWidget& parent);
 
+    /// Says why a text will not do, or nothing. It is asked for the trimmed text, a blank one too.
+    std::function<QString(const QString& text)> refuse;
+
+    struct Doubt {
+        QString title;
+        QString question;
+    };
+    /// What is to be asked before a text is accepted; without a question, nothing.
+    std::function<Doubt(const QString& text)> doubt;
+
+    /// Another control, below the line. It belongs to the dialog from now on.
+    void addOption(QWidget* option);
+    EditBox& getEdit() { return *edit; }
+
     /// What was accepted; empty until then.
     const QString& getText() const { return acceptedText; }
 
-    /// A text that is not allowed to be blank leaves the dialog open and says so.
+    /// A text that is refused leaves the dialog open and says why.
     void accept() override;
 
 private:
+    void take(const QString& text);
+
+    QVBoxLayout* column;
     EditBox* edit;
-    Blank blank;
     QString acceptedText;
 };
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <cassert>
 #include <span>
 
 #include "gui/framework/GuiMessageManager.h"
@@ -24,6 +25,7 @@ public:
     TableMessageManager(std::span<const GuiCommand<Target>> commandRows, Target& commandTarget)
         : rows(commandRows), target(commandTarget)
     {
+        assert(std::ranges::is_sorted(rows, {}, &GuiCommand<Target>::number));
     }
 
     bool wantsMessage(unsigned int number) const final

@@ -17,7 +17,9 @@ ShortMessage realTime(std::uint8_t status) { return {{status, 0, 0}, 1}; }
 
 ShortMessage songPosition(int sixteenths)
 {
-    return {{0xF2, static_cast<std::uint8_t>(sixteenths & 0x7F), static_cast<std::uint8_t>(sixteenths >> 7 & 0x7F)}, 3};
+    return {{StatusByte::SONG_POSITION, static_cast<std::uint8_t>(sixteenths & 0x7F),
+             static_cast<std::uint8_t>(sixteenths >> 7 & 0x7F)},
+            3};
 }
 }  // namespace
 
@@ -41,28 +43,28 @@ bool ClockOut::passPulse(double place, double time, std::uint32_t newStamp)
 
 void ClockOut::send(const Command& command, double place)
 {
-    if (command.status == SONG_POSITION) {
+    if (command.status == StatusByte::SONG_POSITION) {
         port->play(songPosition(command.sixteenths), stamp);
         return;
     }
     port->play(realTime(command.status), stamp);
-    if (command.status == STOP) return;
+    if (command.status == StatusByte::STOP) return;
     // The tick that was just sent is sent again: the number of those that follow stays.
     const double sinceTick = place - static_cast<double>((ticks - 1) * PULSES_PER_TICK);
     const bool isRepeated = sinceTick < PULSES_PER_TICK / 2.0;
     songStart = isRepeated ? ticks - 1 : ticks;
     ++songs;
-    if (isRepeated) port->playTick(realTime(TICK), stamp);
+    if (isRepeated) port->playTick(realTime(StatusByte::TICK), stamp);
 }
 
 void ClockOut::sendTick()
 {
-    port->playTick(realTime(TICK), stamp);
+    port->playTick(realTime(StatusByte::TICK), stamp);
     ++ticks;
 }
 
 void ClockOut::end()
 {
-    if (OutputPort* const last = std::exchange(port, nullptr)) last->play(realTime(STOP), stamp);
+    if (OutputPort* const last = std::exchange(port, nullptr)) last->play(realTime(StatusByte::STOP), stamp);
 }
 }  // namespace Host

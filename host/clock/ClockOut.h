@@ -3,6 +3,7 @@
 #include <array>
 #include <cstdint>
 
+#include "host/midi/StatusByte.h"
 #include "host/ports/Port.h"
 
 namespace Host
@@ -21,12 +22,12 @@ public:
 
     // Each at the first pulse at or behind `time`, in seconds as `passPulse` has them, and behind those before it
 
-    void start(double time) { add({START, 0, time}); }
-    void continueSong(double time) { add({CONTINUE, 0, time}); }
-    void stop(double time) { add({STOP, 0, time}); }
+    void start(double time) { add({StatusByte::START, 0, time}); }
+    void continueSong(double time) { add({StatusByte::CONTINUE, 0, time}); }
+    void stop(double time) { add({StatusByte::STOP, 0, time}); }
 
     /// 0 to 16383 sixteenths from the song's beginning.
-    void setSongPosition(double time, int sixteenths) { add({SONG_POSITION, sixteenths, time}); }
+    void setSongPosition(double time, int sixteenths) { add({StatusByte::SONG_POSITION, sixteenths, time}); }
 
     /// A pulse is played, at that place of the clock that is sent, where ticks fall near what divides by 20. What is
     /// sent with it has that stamp, and comes before the pulse's notes. A place farther back than the last tick waits,
@@ -41,11 +42,6 @@ public:
     void end();
 
 private:
-    static constexpr std::uint8_t SONG_POSITION = 0xF2;
-    static constexpr std::uint8_t TICK = 0xF8;
-    static constexpr std::uint8_t START = 0xFA;
-    static constexpr std::uint8_t CONTINUE = 0xFB;
-    static constexpr std::uint8_t STOP = 0xFC;
     static constexpr std::size_t MOST_WAITING = 16;
 
     struct Command {

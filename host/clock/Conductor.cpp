@@ -4,16 +4,12 @@
 #include <cmath>
 #include <utility>
 
+#include "host/midi/StatusByte.h"
+
 namespace Host
 {
 namespace
 {
-constexpr std::uint8_t SONG_POSITION = 0xF2;
-constexpr std::uint8_t TICK = 0xF8;
-constexpr std::uint8_t START = 0xFA;
-constexpr std::uint8_t CONTINUE = 0xFB;
-constexpr std::uint8_t STOP = 0xFC;
-
 constexpr double SECONDS_PER_MINUTE = 60;
 constexpr double SIXTEENTHS_PER_BEAT = 4;
 constexpr double HIGHEST_POSITION = 16383;
@@ -63,16 +59,16 @@ void Conductor::chooseSource(double now)
 void Conductor::heed(const ShortMessage& message, double time)
 {
     const std::uint8_t status = message.bytes[0];
-    if (status == TICK) takeTick(time);
-    if (status == START) follower.start();
-    if (status == CONTINUE) follower.continueSong();
-    if (status == START || status == CONTINUE) starting = status;
-    if (status == STOP) {
+    if (status == StatusByte::TICK) takeTick(time);
+    if (status == StatusByte::START) follower.start();
+    if (status == StatusByte::CONTINUE) follower.continueSong();
+    if (status == StatusByte::START || status == StatusByte::CONTINUE) starting = status;
+    if (status == StatusByte::STOP) {
         follower.stop();
         starting = 0;
         if (!hasTransport) stopSong(time);
     }
-    if (status == SONG_POSITION) {
+    if (status == StatusByte::SONG_POSITION) {
         const int sixteenths = message.bytes[1] | message.bytes[2] << 7;
         follower.setSongPosition(sixteenths);
         if (!hasTransport) clockOut.setSongPosition(time, sixteenths);
@@ -89,8 +85,8 @@ void Conductor::takeTick(double time)
     songOf = &follower;
     songStart = follower.getSongStart();
     songNumber = clockOut.getSongs() + 1;
-    if (begins == START) clockOut.start(time);
-    if (begins == CONTINUE) clockOut.continueSong(time);
+    if (begins == StatusByte::START) clockOut.start(time);
+    if (begins == StatusByte::CONTINUE) clockOut.continueSong(time);
 }
 
 // --- a transport

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "host/midi/StatusByte.h"
+
 namespace Host
 {
 using Backend::MidiEngine::MessageType;
@@ -9,21 +11,12 @@ using Backend::MidiEngine::OrvMidiMessage;
 
 namespace
 {
-constexpr std::uint8_t SYSTEM_EXCLUSIVE = 0xF0;
-constexpr std::uint8_t TIME_CODE = 0xF1;
-constexpr std::uint8_t END_OF_EXCLUSIVE = 0xF7;
-constexpr std::uint8_t TIMING_TICK = 0xF8;
-constexpr std::uint8_t SONG_POSITION = 0xF2;
-constexpr std::uint8_t START = 0xFA;
-constexpr std::uint8_t STOP = 0xFC;
-constexpr std::uint8_t ACTIVE_SENSING = 0xFE;
-
 bool isDataByte(std::uint8_t byte) { return byte < 0x80; }
 
 // The event model knows no time code quarter frame; a wire does.
 std::size_t dataBytes(std::uint8_t status)
 {
-    if (status == TIME_CODE) return 1;
+    if (status == StatusByte::TIME_CODE) return 1;
     return static_cast<std::size_t>(
         Backend::MidiEngine::MidiMessage(static_cast<MessageType>(status)).getMessageSize());
 }
@@ -44,7 +37,8 @@ std::optional<ShortMessage> toShortMessage(const OrvMidiMessage& event)
 
 std::optional<ShortMessage> readShortMessage(std::span<const std::uint8_t> bytes)
 {
-    if (bytes.empty() || isDataByte(bytes[0]) || bytes[0] == SYSTEM_EXCLUSIVE || bytes[0] == END_OF_EXCLUSIVE)
+    if (bytes.empty() || isDataByte(bytes[0]) || bytes[0] == StatusByte::SYSTEM_EXCLUSIVE ||
+        bytes[0] == StatusByte::END_OF_EXCLUSIVE)
         return std::nullopt;
     if (bytes.size() != 1 + dataBytes(bytes[0])) return std::nullopt;
     if (!std::all_of(bytes.begin() + 1, bytes.end(), isDataByte)) return std::nullopt;
@@ -56,18 +50,19 @@ std::optional<ShortMessage> readShortMessage(std::span<const std::uint8_t> bytes
 
 bool staysInHost(const ShortMessage& message)
 {
-    return message.bytes[0] == TIMING_TICK || message.bytes[0] == ACTIVE_SENSING;
+    return message.bytes[0] == StatusByte::TICK || message.bytes[0] == StatusByte::ACTIVE_SENSING;
 }
 
 bool isOfClock(const ShortMessage& message)
 {
     const std::uint8_t status = message.bytes[0];
-    return status == TIMING_TICK || status == SONG_POSITION || (status >= START && status <= STOP);
+    return status == StatusByte::TICK || status == StatusByte::SONG_POSITION ||
+           (status >= StatusByte::START && status <= StatusByte::STOP);
 }
 
 OrvMidiMessage toInputEvent(const ShortMessage& message, int input)
 {
-    const bool isSystem = message.bytes[0] >= SYSTEM_EXCLUSIVE;
+    const bool isSystem = message.bytes[0] >= StatusByte::SYSTEM_EXCLUSIVE;
     return {static_cast<MessageType>(message.bytes[0]),
             message.bytes[1],
             message.bytes[2],

@@ -10,6 +10,7 @@
 #include "backend/persistence/OrvUtils.h"
 #include "host/run/PortList.h"
 #include "host/run/Run.h"
+#include "host/session/Session.h"
 
 namespace Host
 {
@@ -68,6 +69,7 @@ void LiveHost::start()
     play = std::make_unique<LivePlay>(*system, ports, memory, event, tell, options.setup, clocks);
     if (defaultOutput >= 0) setDefaultOutput(defaultOutput);
     if (options.tempo) play->getOrv().getOrvMessageManager().postChangeTempo({false, *options.tempo}, true);
+    if (options.session != nullptr) options.session->begin(event);
     if (options.status) status = std::make_unique<StatusLine>();
     description = std::string(VERSION) + ": " + system->description() + "\n" +
                   describePorts(ports.inputList(), ports.outputList());
@@ -121,6 +123,7 @@ void LiveHost::playUntil(const std::function<bool()>& isEndWanted)
         event.waitFor(LOOK_AROUND);
         play->updateDisplay();
         if (signals.takeSaveWish()) play->saveRecord(recordStem());
+        if (options.session != nullptr) options.session->serve(play->getOrv().getOrvMessageManager());
         play->serve();
         showStatus();
     }
@@ -133,6 +136,7 @@ void LiveHost::showStatus()
 
 void LiveHost::end()
 {
+    if (options.session != nullptr) options.session->end();
     play->end();
     if (status) {
         const auto load = play->wholeLoad();

@@ -15,6 +15,7 @@
 #include "backend/persistence/RegistrySettings.h"
 #include "host/Installer.h"
 #include "host/performance/CommandPost.h"
+#include "host/run/RunOptions.h"
 
 namespace Host
 {
@@ -23,7 +24,6 @@ using Backend::MidiEngine::OrvMidiMessage;
 
 namespace
 {
-constexpr const char* APPLICATION_NAME = "Orvane 3";
 constexpr auto LONGEST_WAIT_FOR_REST = 2s;
 constexpr int SLICES_FOR_INPUTS_TO_END = 2;
 constexpr auto PAUSE_BETWEEN_WARNINGS = 10s;
@@ -71,6 +71,7 @@ void LivePlay::start(const Setup& setup, const ClockLinks& links)
     backend.sendEndInitialize();
     orv->getProgram().number = setup.number;  // of these alone: what another bank has there would be heard
     for (const std::string& file : setup.loads) postLoad(backend, file);
+    if (!setup.program.empty()) backend.postLoadProgramFromString(setup.program, setup.number);
     player.setClockIn(links.in);
     player.setClockOut(links.out);
     if (links.out >= 0) clock.setClockOut(ports.outputs()[static_cast<std::size_t>(links.out)].get());

@@ -10,7 +10,12 @@ namespace Host
 {
 inline constexpr const char* FIRST_CLIENT_NAME = "orvane";
 
-/// What live playing was told on the command line.
+/// The name under which live playing keeps its settings.
+inline constexpr const char* APPLICATION_NAME = "Orvane 3";
+
+class Session;
+
+/// What live playing was told on the command line, and by the session manager that started it.
 struct RunOptions {
     std::string client = FIRST_CLIENT_NAME;    ///< name in the JACK graph or the ALSA sequencer
     std::vector<std::string> connections;      ///< "A=B": JACK ports to join, each by its name
@@ -23,6 +28,7 @@ struct RunOptions {
     bool keys = false;                         ///< plays from the terminal's keys instead of reading commands
     bool status = false;                       ///< a line once a second on standard output
     bool display = false;                      ///< the display's lines on standard output, or its screen in the window
+    Session* session = nullptr;                ///< the one it plays in, which outlives it; null for none
 
     bool operator==(const RunOptions&) const = default;
 };

@@ -29,6 +29,7 @@ class Application
 public:
     explicit Application(std::string platformName) : platform(std::move(platformName)), application(count, arguments)
     {
+        QGuiApplication::setDesktopFileName(QStringLiteral("orvane"));  // the menu entry, whose icon the desktop shows
         std::setlocale(LC_NUMERIC, "C");  // Qt takes the user's; what others print and parse stays as it was
     }
 

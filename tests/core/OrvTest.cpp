@@ -75,8 +75,10 @@ TEST(Orv, MakesTheWindowThatItWasGivenWithWhatItKnowsAndLaterTellsItAll)
     stage.commands().postRefreshGui();
     stage.rest();
     using namespace GuiMessage;
-    EXPECT_EQ(messagesOf(*window), (std::vector<unsigned>{SETTINGS, MIDI_INPUT_PORTS, MIDI_OUTPUT_PORTS, BANK, PROGRAM,
-                                                          COMPUTER_INPUT, COMPUTER_INPUT_CHANGED}));
+    EXPECT_EQ(messagesOf(*window),
+              (std::vector<unsigned>{SETTINGS, MIDI_INPUT_PORTS, MIDI_OUTPUT_PORTS, BANK, PROGRAM, COMPUTER_INPUT,
+                                     COMPUTER_INPUT_CHANGED, PRESETS, PRESETS, PRESETS, PRESETS, PRESETS, PRESETS}))
+        << "the presets of each section";
 }
 
 TEST(Orv, EndsWhileSlicesRunAndCommandsPour)
@@ -105,7 +107,7 @@ TEST(Orv, EndsWhileSlicesRunAndCommandsPour)
 TEST(Orv, AMessageOfNobodyIsIgnored)
 {
     Stage stage;
-    for (const unsigned number : {1u, 33217u, 33218u, 33273u, 40000u})
+    for (const unsigned number : {1u, 33217u, 33218u, 33275u, 40000u})
         stage.orv->getMessageManagerMaster().postMessage(number, 1, 2);
     stage.orv->getMessageManagerMaster().post({.number = 33257});  // a row may come without its payload
     stage.orv->getMessageManagerMaster().post({.number = 33264});

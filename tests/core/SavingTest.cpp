@@ -7,6 +7,7 @@
 #include "backend/persistence/OrvUtils.h"
 #include "backend/persistence/Program.h"
 #include "backend/persistence/RegistrySettings.h"
+#include "platform/Folders.h"
 #include "tests/stage/Stage.h"
 #include "tests/stage/TemporaryFolder.h"
 
@@ -102,6 +103,26 @@ TEST(Saving, EverySectionComesBackAsItWasSaved)
     stage.commands().postLoadProgramFromString(text, 3);
     stage.rest();
     EXPECT_EQ(stage.commands().sendGetProgramAsString(), text);
+}
+
+TEST(Saving, AHostIsToldWhereTheBackendStandsAndWhetherItsSettingsAreWritten)
+{
+    SavingStage stage;
+    const std::string bank = stage.makeBank(3);
+    stage.load(bank, 2);
+    stage.commands().postSetDisplayHeight(321);
+    const HostState state = stage.commands().sendSaveState();
+    EXPECT_EQ(state.bank, bank);
+    EXPECT_EQ(state.number, 2);
+    EXPECT_EQ(state.program, stage.commands().sendGetProgramAsString());
+    EXPECT_TRUE(state.areSettingsWritten);
+    RegistrySettings written;
+    written.loadFromRegistry(OrvUtils::getRegistryKey("Stage"));
+    EXPECT_EQ(written.getDisplayHeight(), 321);
+
+    stage.folder.write("a file", "");
+    Folders::setSettings(stage.path("a file"));
+    EXPECT_FALSE(stage.commands().sendSaveState().areSettingsWritten);
 }
 
 TEST(Saving, AProgramIsReadBackAsItWasWrittenInAllItsForms)

@@ -2,7 +2,7 @@
 
 #include <QAccessible>
 #include <QCheckBox>
-#include <QLabel>
+#include <QLineEdit>
 
 #include "backend/core/GuiMessages.h"
 #include "backend/input/functions/Function.h"
@@ -31,7 +31,7 @@ struct KeyboardWindow : WindowStage {
         load(keys, attributes);
         settle();
     }
-    ComputerKeyboardCtl& keyboard() { return find<ComputerKeyboardCtl>("Computer keyboard"); }
+    ComputerKeyboardCtl& keyboard() { return control<ComputerKeyboardCtl>("Computer keyboard"); }
     void mouseDown(int code) { GuiStage::press(keyboard(), keyboard().getPlace(code)); }
     void mouseUp(int code) { GuiStage::release(keyboard(), keyboard().getPlace(code)); }
     /// Between the two texts of a key.
@@ -71,13 +71,13 @@ TEST(ComputerKeyboard, ShowsWhatItsKeysDoAsTheBackendTells)
     window.load("", "useKeyUpMod='true'");
     window.settle();
     EXPECT_EQ(keyboard.getCaption('Q'), "");
-    EXPECT_TRUE(window.desktop.findChild<QCheckBox*>()->isChecked());
+    EXPECT_TRUE(window.surroundings.findChild<QCheckBox*>()->isChecked());
 }
 
 TEST(ComputerKeyboard, NamesThePresetOfTheKeys)
 {
     KeyboardWindow window;
-    auto& name = window.find<QLabel>("Preset of the keys");
+    auto& name = window.control<QLineEdit>("Preset of the keys");
     EXPECT_EQ(name.text(), "none");
     window.writePreset("Piano", "<ComputerInput>" + noteKey("A", "F4") + "</ComputerInput>");
     window.orv->getComputerInputMessageManager().postLoadPreset("Piano");
@@ -129,7 +129,7 @@ TEST(ComputerKeyboard, LeavesNoNoteWhenItGoes)
 TEST(ComputerKeyboard, AskForModifiersOnRelease)
 {
     KeyboardWindow window;
-    QTest::mouseClick(window.desktop.findChild<QCheckBox*>(), Qt::LeftButton, {}, {215, 11});
+    QTest::mouseClick(window.surroundings.findChild<QCheckBox*>(), Qt::LeftButton, {}, {215, 11});
     window.rest();
     EXPECT_TRUE(window.keys().getUseKeyUpMod());
 }

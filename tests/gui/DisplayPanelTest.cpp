@@ -40,10 +40,10 @@ struct DisplayStage : ScreenStage {
     {
         return QTest::qWaitFor([&] { return log->toPlainText() == text; });
     }
-    void press(const char* button) { dynamic_cast<QPushButton*>(named(button))->click(); }
+    void press(const char* button) { control<QPushButton>(button).click(); }
     const Backend::RegistrySettings& settings()
     {
-        told();
+        settle();
         return orv->getRegistrySettings();
     }
 };
@@ -107,15 +107,15 @@ TEST(DisplayPanel, PostsItsSettingsAndShowsThem)
     EXPECT_EQ(stage.log->font(), gdi.getFont(Gui::GdiManager::FontRole::large));
 
     stage.commands().postSetLargeDisplayFont(false);
-    stage.told();
+    stage.settle();
     EXPECT_EQ(stage.log->font(), gdi.getFont(Gui::GdiManager::FontRole::font4));
-    EXPECT_FALSE(dynamic_cast<QPushButton*>(stage.named("Large font"))->isChecked());
+    EXPECT_FALSE(stage.control<QPushButton>("Large font").isChecked());
 
     stage.gui->destroy();
     stage.open();
-    stage.told();
-    EXPECT_TRUE(dynamic_cast<QPushButton*>(stage.named("Show input events"))->isChecked());
-    EXPECT_FALSE(dynamic_cast<QPushButton*>(stage.named("Show output events"))->isChecked());
+    stage.settle();
+    EXPECT_TRUE(stage.control<QPushButton>("Show input events").isChecked());
+    EXPECT_FALSE(stage.control<QPushButton>("Show output events").isChecked());
 }
 
 TEST(DisplayPanel, IsAsHighAsItsEdgeIsDragged)
@@ -123,7 +123,7 @@ TEST(DisplayPanel, IsAsHighAsItsEdgeIsDragged)
     DisplayStage stage;
     EXPECT_EQ(stage.panel->height(), 200);
     auto* edge = stage.find<HeightEdge>();
-    const int window = stage.host.widget.height();
+    const int window = stage.surroundings.height();
     const auto dragTo = [&](int y) {
         QMouseEvent move(QEvent::MouseMove, QPointF(), QPointF(100, y), Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
         QApplication::sendEvent(edge, &move);
@@ -132,7 +132,7 @@ TEST(DisplayPanel, IsAsHighAsItsEdgeIsDragged)
     const int start = edge->mapToGlobal(QPoint(100, 3)).y();
     dragTo(start + 50);
     EXPECT_EQ(stage.panel->height(), 250);
-    EXPECT_EQ(stage.host.widget.height(), window + 50);
+    EXPECT_EQ(stage.surroundings.height(), window + 50);
     EXPECT_EQ(stage.settings().getDisplayHeight(), 200) << "kept when it is let go";
     dragTo(start + 1000);
     EXPECT_EQ(stage.panel->height(), DisplayPanel::HIGHEST_HEIGHT);
@@ -148,7 +148,7 @@ TEST(DisplayPanel, IsAsHighAsItsEdgeIsDragged)
     stage.commands().postSetDisplayHeight(10000);
     stage.gui->destroy();
     stage.open();
-    stage.told();
+    stage.settle();
     EXPECT_EQ(stage.find<DisplayPanel>()->height(), DisplayPanel::HIGHEST_HEIGHT);
 }
 
@@ -156,21 +156,21 @@ TEST(DisplayPanel, CopiesWhatIsSelectedAndTakesNoOtherKey)
 {
     DisplayStage stage;
     stage.panel->setText("one\r\ntwo\r\n");
-    stage.host.widget.activateWindow();
-    QWidget* player = stage.host.widget.focusWidget();
+    stage.surroundings.activateWindow();
+    QWidget* player = stage.surroundings.focusWidget();
     ASSERT_NE(player, stage.log);
     QTest::mouseClick(stage.log->viewport(), Qt::LeftButton, Qt::NoModifier, {5, 5});
-    EXPECT_EQ(stage.host.widget.focusWidget(), player) << "a click goes on playing";
+    EXPECT_EQ(stage.surroundings.focusWidget(), player) << "a click goes on playing";
 
     const QPoint end(stage.log->viewport()->width() - 5, 5);
     QTest::mousePress(stage.log->viewport(), Qt::LeftButton, Qt::NoModifier, {5, 5});
     QTest::mouseMove(stage.log->viewport(), end);
     QTest::mouseRelease(stage.log->viewport(), Qt::LeftButton, Qt::NoModifier, end);
-    EXPECT_EQ(stage.host.widget.focusWidget(), stage.log);
+    EXPECT_EQ(stage.surroundings.focusWidget(), stage.log);
     QTest::keyPress(stage.log, Qt::Key_Control);
     QTest::keyClick(stage.log, Qt::Key_C, Qt::ControlModifier);
     EXPECT_EQ(QApplication::clipboard()->text(), "one");
-    EXPECT_EQ(stage.host.widget.focusWidget(), stage.log);
+    EXPECT_EQ(stage.surroundings.focusWidget(), stage.log);
 
     struct Keys final : QObject {
         QString typed;
@@ -183,7 +183,7 @@ TEST(DisplayPanel, CopiesWhatIsSelectedAndTakesNoOtherKey)
     player->installEventFilter(&keys);
     QTest::keyClick(stage.log, Qt::Key_Q);
     EXPECT_EQ(keys.typed, "q") << "it plays";
-    EXPECT_EQ(stage.host.widget.focusWidget(), player);
+    EXPECT_EQ(stage.surroundings.focusWidget(), player);
     EXPECT_EQ(stage.log->toPlainText(), "one\ntwo");
 }
 
@@ -200,7 +200,7 @@ TEST(DisplayPanel, ClosesAtAnyMomentWhileTheDisplayPrints)
     });
     for (int i = 0; i < 100; ++i) {
         stage.gui->destroy();
-        stage.open();
+        stage.gui->create(stage);
         if (i % 4 == 0) QApplication::processEvents();
     }
     over = true;

@@ -4,6 +4,7 @@
 #include <QWindow>
 
 #include "backend/input/functions/HelpTexts.h"
+#include "backend/persistence/OrvUtils.h"
 #include "tests/gui/OpenWindow.h"
 
 namespace
@@ -29,10 +30,10 @@ TEST_F(HelpPanel, BeginsWithWhatANewUserNeeds)
 TEST_F(HelpPanel, SaysWhatIsPointedAtAndKeepsTheLastText)
 {
     pointAt(button("Reset"));
-    EXPECT_EQ(help(), "Reset: ends every note.");
+    EXPECT_EQ(help(), "Reset (panic): ends every note.");
     pointAt(control("Keyboard that plays"));
     pointAt(area());
-    EXPECT_EQ(help(), "Reset: ends every note.") << "they have nothing to say";
+    EXPECT_EQ(help(), "Reset (panic): ends every note.") << "they have nothing to say";
     gui->displayHelp(Backend::HelpId::changeTempo);
     EXPECT_EQ(help(), Backend::helpText(Backend::HelpId::changeTempo));
     gui->displayHelp(1), gui->displayHelp(std::string());
@@ -53,4 +54,24 @@ TEST_F(HelpPanel, FollowsTheKeyboard)
     EXPECT_EQ(help().substr(0, 20), "Default MIDI output:");
     gui->setFocus();
     EXPECT_EQ(help().substr(0, 20), "Default MIDI output:") << "playing leaves it";
+}
+
+TEST_F(HelpPanel, OpensTheManualWhereThereIsOne)
+{
+    EXPECT_THROW(button("Manual"), std::runtime_error);
+
+    folder.write("prog/Manual/index.htm", "");
+    folder.write("xdg-open", "#!/bin/sh\nprintf '%s' \"$1\" >\"" + (folder / "opened").string() + "\"\n");
+    std::filesystem::permissions(folder / "xdg-open", std::filesystem::perms::owner_all);
+    Backend::OrvUtils::setOrvProgDir((folder / "prog").string());
+    const QByteArray path = qgetenv("PATH");
+    qputenv("PATH", QByteArray::fromStdString(folder.string()) + ":" + path);
+    gui->destroy();
+    gui->create(*this);
+    EXPECT_LE(area().document()->size().height() + 1, 4) << "lines that fit";
+    EXPECT_FALSE(area().geometry().intersects(button("Manual").geometry()));
+    QTest::mouseClick(&button("Manual"), Qt::LeftButton);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !folder.read("opened").empty(); }));
+    EXPECT_EQ(folder.read("opened"), (folder / "prog/Manual/index.htm").string());
+    qputenv("PATH", path);
 }

@@ -1,73 +1,38 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
-#include <QTest>
-#include <QWidget>
 #include <memory>
-#include <optional>
 #include <string>
 #include <vector>
 
 #include "backend/core/GuiMessages.h"
-#include "backend/core/ScreenState.h"
 #include "backend/core/WindowMove.h"
 #include "backend/persistence/Bank.h"
 #include "backend/persistence/RegistrySettings.h"
-#include "gui/OrvGuiIF.h"
-#include "gui/ParentWindow.h"
 #include "gui/framework/GuiMessageManagerMaster.h"
-#include "tests/stage/Stage.h"
+#include "tests/gui/Windowed.h"
 
 using namespace Backend;
 
 namespace
 {
-/// A host that writes down what it is told.
-struct Surroundings final : Gui::ParentWindow {
-    QWidget* getWidget() override { return &widget; }
-    void windowResized(int width, int height) override { size = {width, height}; }
-    void moveWindow(const RelativeFixedValue& x, const RelativeFixedValue& y) override
-    {
-        moves.push_back(x.toXmlString() + "," + y.toXmlString());
-    }
-    void systemPanelShown(bool on) override { systemPanel = on; }
-    void globalKeyboardChanged(bool on) override { globalKeyboard = on; }
-
-    QWidget widget;
-    QSize size;
-    std::vector<std::string> moves;
-    std::optional<bool> systemPanel;
-    std::optional<bool> globalKeyboard;
-};
-
-/// A backend and its window, not yet open.
-struct Windowed : Stage {
-    explicit Windowed(bool isVstPlugin = false) : gui(commands().sendCreateOrvGui(isVstPlugin)) { gui->initialize(); }
-    ~Windowed() { gui->end(); }
+/// A window, not yet open.
+struct Window : Windowed<> {
+    using Windowed::Windowed;
 
     /// With the screens given, as if it had been closed with them.
-    void open(const ScreenState& screens)
+    void openWith(const ScreenState& screens)
     {
-        gui->create(host);
-        for (const Screen screen : {Screen::system, Screen::help, Screen::computerInput, Screen::output})
-            gui->showScreen(screen, screens.toBits()[static_cast<std::size_t>(screen)]);
-        host.widget.show();
-        told();
-    }
-    void told()
-    {
-        rest();
-        QTest::qWait(20);
+        open();
+        showScreens(screens);
+        settle();
     }
     QAbstractButton& compactButton(const char* label)
     {
-        for (auto* button : host.widget.findChildren<QAbstractButton*>())
+        for (auto* button : surroundings.findChildren<QAbstractButton*>())
             if (button->text() == QLatin1String(label)) return *button;
         throw std::runtime_error(label);
     }
-
-    Surroundings host;
-    std::unique_ptr<Gui::OrvGuiIF> gui;
 };
 
 const ScreenState NONE{.system = false, .help = false, .computerInput = false, .output = false};
@@ -77,52 +42,50 @@ constexpr QSize COMPACT(104, 33);
 
 TEST(MainWindow, IsThreeButtonsWhileNoScreenShows)
 {
-    Windowed stage;
+    Window stage;
     stage.commands().postChangeMidiThru({OnOffToggle::State::off}, true);
-    stage.open(NONE);
-    EXPECT_EQ(stage.host.size, COMPACT);
+    stage.openWith(NONE);
+    EXPECT_EQ(stage.size, COMPACT);
     EXPECT_TRUE(stage.compactButton("R").isVisible());
     EXPECT_FALSE(stage.compactButton("T").isChecked());
     QTest::mouseClick(&stage.compactButton("T"), Qt::LeftButton);
-    stage.told();
+    stage.settle();
     EXPECT_TRUE(stage.orv->getRegistrySettings().getMidiThru());
 
     stage.gui->toggleScreen(Screen::system);
     EXPECT_FALSE(stage.compactButton("R").isVisible());
-    EXPECT_GT(stage.host.size.width(), 700);
-    EXPECT_EQ(stage.host.systemPanel, true);
+    EXPECT_GT(stage.size.width(), 700);
+    EXPECT_EQ(stage.systemPanel, true);
     stage.gui->toggleScreen(Screen::system);
-    EXPECT_EQ(stage.host.size, COMPACT);
-    EXPECT_EQ(stage.host.systemPanel, false);
+    EXPECT_EQ(stage.size, COMPACT);
+    EXPECT_EQ(stage.systemPanel, false);
 }
 
 TEST(MainWindow, GrowsUpwardsWhereItsBottomEdgeIsDocked)
 {
-    Windowed stage;
-    stage.open(SYSTEM);
-    stage.host.moves.clear();
-    const int before = stage.host.size.height();
+    Window stage;
+    stage.openWith(SYSTEM);
+    stage.moves.clear();
+    const int before = stage.size.height();
     stage.gui->showScreen(Screen::help, true);
-    EXPECT_TRUE(stage.host.moves.empty());
+    EXPECT_TRUE(stage.moves.empty());
     stage.gui->showScreen(Screen::help, false);
     stage.commands().postSetDockToBottomEdge(true);
-    stage.told();
+    stage.settle();
     stage.gui->showScreen(Screen::help, true);
-    const int grown = stage.host.size.height() - before;
-    EXPECT_EQ(stage.host.moves, (std::vector<std::string>{"," + std::to_string(-grown)}));
+    const int grown = stage.size.height() - before;
+    EXPECT_EQ(stage.moves, (std::vector<std::string>{"," + std::to_string(-grown)}));
 }
 
 TEST(MainWindow, ComesBackWhereItWasIfThatIsOnAScreen)
 {
     const auto movesFrom = [](const WindowsLib::Rect& last, bool docked, bool isVstPlugin) {
-        Stage stage;
+        Window stage;
         stage.commands().postSetLastWindowPosition(last);
         stage.commands().postSetDockToBottomEdge(docked);
-        Surroundings host;
-        const std::unique_ptr<Gui::OrvGuiIF> gui(stage.commands().sendCreateOrvGui(isVstPlugin));
-        gui->initialize();
-        gui->create(host);
-        return host.moves;
+        stage.makeGui(isVstPlugin ? Window::Host::plugin : Window::Host::program);
+        stage.open();
+        return stage.moves;
     };
     using Moves = std::vector<std::string>;
     EXPECT_EQ(movesFrom({30, 40, 100, 600}, false, false), Moves{"30,40"});
@@ -136,39 +99,39 @@ TEST(MainWindow, ComesBackWhereItWasIfThatIsOnAScreen)
 
 TEST(MainWindow, PassesMovesAndNoticesOnToItsSurroundings)
 {
-    Windowed stage;
-    stage.open(SYSTEM);
-    stage.host.moves.clear();
+    Window stage;
+    stage.openWith(SYSTEM);
+    stage.moves.clear();
     stage.commands().postExecuteFunction(R"(<MoveWindow x="+10" y=""/>)");
     stage.commands().postExecuteFunction("<ShowSystem type=\"off\"/>");
     stage.commands().postChangeGlobalKeyboard({OnOffToggle::State::on}, true);
-    stage.told();
-    EXPECT_EQ(stage.host.moves, std::vector<std::string>{"+10,"});
+    stage.settle();
+    EXPECT_EQ(stage.moves, std::vector<std::string>{"+10,"});
     EXPECT_FALSE(stage.gui->isScreenShowing(Screen::system));
-    EXPECT_EQ(stage.host.globalKeyboard, true);
+    EXPECT_EQ(stage.globalKeyboard, true);
 }
 
 TEST(MainWindow, StandsBesideAnotherOfTheSameProcess)
 {
-    Windowed first;
-    first.open(SYSTEM);
-    auto second = std::make_unique<Windowed>();
-    second->open(NONE);
+    Window first;
+    first.openWith(SYSTEM);
+    auto second = std::make_unique<Window>();
+    second->openWith(NONE);
     first.commands().postExecuteFunction("<ShowHelp type=\"on\"/>");
     second->commands().postChangeTempo({false, 77}, true);
-    first.told();
-    second->told();
+    first.settle();
+    second->settle();
     EXPECT_TRUE(first.gui->isScreenShowing(Screen::help));
     EXPECT_FALSE(second->gui->isScreenShowing(Screen::help));
     second.reset();
     first.gui->showScreen(Screen::help, false);
-    EXPECT_FALSE(first.gui->create(first.host)) << "it is open";
+    EXPECT_FALSE(first.gui->create(first)) << "it is open";
 }
 
 TEST(MainWindow, LosesNothingElseWhenItIsLost)
 {
-    Windowed stage;
-    stage.open(SYSTEM);
+    Window stage;
+    stage.openWith(SYSTEM);
     const WindowHandle handle = stage.gui->getWindowHandle();
     stage.gui->destroy();
     EXPECT_FALSE(stage.gui->getWindowHandle());
@@ -176,8 +139,8 @@ TEST(MainWindow, LosesNothingElseWhenItIsLost)
     stage.press("C4");
     stage.playSlices();
     EXPECT_EQ(stage.played(), "C4 on");
-    stage.gui->create(stage.host);
-    stage.told();
+    stage.gui->create(stage);
+    stage.settle();
     EXPECT_TRUE(stage.gui->isScreenShowing(Screen::system));
     EXPECT_EQ(stage.orv->getScreenState(), SYSTEM);
     EXPECT_FALSE(stage.gui->getGuiMessageManagerMaster().wantMessage(GuiMessage::SETTINGS - 2));

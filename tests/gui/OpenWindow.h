@@ -6,33 +6,19 @@
 #include <QMenu>
 #include <QTest>
 #include <QWheelEvent>
-#include <memory>
 #include <string>
 
-#include "backend/core/GuiFactory.h"
-#include "gui/OrvGuiFactory.h"
-#include "gui/OrvGuiIF.h"
-#include "gui/ParentWindow.h"
-#include "gui/framework/GuiMessageManager.h"
-#include "gui/framework/GuiMessageManagerMaster.h"
-#include "tests/stage/Stage.h"
+#include "tests/gui/Windowed.h"
 
 /// The stage with its window open, a bank of the programs "P0" to "P2", and hands for the controls, which go by their
 /// accessible names.
-class OpenWindow : public Stage, public Gui::ParentWindow
+class OpenWindow : public Windowed<>
 {
 public:
     OpenWindow()
-        : gui(Gui::OrvGuiFactory::createOrvGui(*orv, {.settings = orv->getRegistrySettings(),
-                                                      .inputs = orv->getMidiInputPorts(),
-                                                      .outputs = orv->getMidiOutputPorts()}))
     {
-        gui->initialize();
-        gui->create(*this);
+        open();
         control("Keyboard that plays").parentWidget()->installEventFilter(&keys);
-        gui->getGuiMessageManagerMaster().addMessageManager(&mark);
-        surroundings.show();
-        surroundings.activateWindow();
         std::string bank = "<Bank>\n";
         for (const char* name : {"P0", "P1", "P2"})
             bank += std::string("<Program name=\"") + name + "\">\n\t<Layers>\n\t\t<Layer/>\n\t</Layers>\n</Program>\n";
@@ -40,29 +26,7 @@ public:
         commands().postLoadBank((folder / "Three.bnk").string());
         settle();
     }
-    ~OpenWindow() { gui->end(); }
 
-    QWidget* getWidget() override { return &surroundings; }
-    void windowResized(int width, int height) override { surroundings.resize(width, height); }
-    void moveWindow(const RelativeFixedValue&, const RelativeFixedValue&) override {}
-
-    /// Until the backend has done all, and the window has heard all of it.
-    void settle()
-    {
-        rest();
-        mark.seen = false;
-        gui->getWindowHandle().post({.number = Mark::NUMBER});
-        ASSERT_TRUE(QTest::qWaitFor([this] { return mark.seen; }));
-        rest();
-    }
-
-    template <class Control = QWidget>
-    Control& control(const QString& name)
-    {
-        for (auto* candidate : surroundings.findChildren<Control*>())
-            if (candidate->accessibleName() == name) return *candidate;
-        throw std::runtime_error("no control " + name.toStdString());
-    }
     QAbstractButton& button(const QString& name) { return control<QAbstractButton>(name); }
     QLineEdit& edit(const QString& name) { return control<QLineEdit>(name); }
     std::string textOf(const QString& name) { return edit(name).text().toStdString(); }
@@ -138,18 +102,6 @@ public:
         }
     };
 
-    class Mark final : public Gui::GuiMessageManager
-    {
-    public:
-        static constexpr unsigned int NUMBER = 1;
-        bool seen = false;
-        bool wantsMessage(unsigned int number) const override { return number == NUMBER; }
-        void handleMessage(Message&) override { seen = true; }
-    };
-
     TemporaryFolder folder;
     Keys keys;
-    Mark mark;
-    QWidget surroundings;
-    std::unique_ptr<Gui::OrvGuiIF> gui;
 };

@@ -8,6 +8,7 @@
 #include "backend/persistence/Program.h"
 #include "backend/persistence/RegistrySettings.h"
 #include "gui/framework/Properties.h"
+#include "gui/screens/system/ScreenButtons.h"
 #include "tests/gui/OpenWindow.h"
 
 using namespace Backend;
@@ -41,7 +42,7 @@ struct SystemPanel : OpenWindow, testing::Test {
 TEST_F(SystemPanel, ProgramsAreChosenByArrowsWheelKeysAndMenu)
 {
     EXPECT_EQ(textOf("Program"), "P0");
-    EXPECT_EQ(labels(), "Program|1|Bank|Three|3 programs|Tempo|Clock|Output|");
+    EXPECT_EQ(labels(), "Program|1|Bank|Three|3 programs|Tempo|Clock|Output|Files|");
     for (const char* expected : {"P1", "P2", "P2"}) {
         click("Next program");
         EXPECT_EQ(textOf("Program") + " 120", program());
@@ -273,7 +274,7 @@ TEST_F(SystemPanel, ABankWithoutProgramsLeavesNothingToChoose)
 {
     commands().postLoadBank((folder / "none.bnk").string());
     settle();
-    EXPECT_EQ(labels(), "Program|1|Bank|none|0 programs|Tempo|Clock|Output|");
+    EXPECT_EQ(labels(), "Program|1|Bank|none|0 programs|Tempo|Clock|Output|Files|");
     EXPECT_EQ(textOf("Program"), "");
     gui->showProgramMenu();
     wheel("Program", -1), click("Next program");
@@ -297,6 +298,19 @@ TEST_F(SystemPanel, ScreensHaveButtonsThatFollowThem)
     EXPECT_THROW(button("System screen"), std::runtime_error);
 }
 
+TEST_F(SystemPanel, ThereIsRoomForTheButtonsOfAllScreens)
+{
+    auto& screens = dynamic_cast<Gui::System::ScreenButtons&>(*button("Help screen").parentWidget());
+    for (int screen = 1; screen < 12; ++screen) screens.offerScreen(static_cast<Screen>(screen));
+    const auto buttons = screens.findChildren<QAbstractButton*>();
+    EXPECT_EQ(buttons.size(), 11);
+    for (const auto* shown : buttons) {
+        EXPECT_LE(shown->fontMetrics().horizontalAdvance(shown->text()), shown->width() - 4)
+            << shown->text().toStdString();
+        EXPECT_TRUE(screens.rect().contains(shown->geometry()));
+    }
+}
+
 TEST_F(SystemPanel, TheRecordIsSavedIntoTheMusicFolder)
 {
     const QByteArray home = qgetenv("HOME");
@@ -306,9 +320,16 @@ TEST_F(SystemPanel, TheRecordIsSavedIntoTheMusicFolder)
     click("Save record");
     EXPECT_EQ(control<QWidget>("Help").property("plainText").toString(),
               "Nothing was recorded since the record was last saved.");
+    const auto fill = [this] {
+        settle();
+        return QAccessible::queryAccessibleInterface(&control("Fill of the record"))->text(QAccessible::Value);
+    };
+    EXPECT_EQ(fill(), "0% full");
     press("C4"), release("C4");
     playSlices(4);
+    EXPECT_EQ(fill(), "1% full");
     click("Save record");
+    EXPECT_EQ(fill(), "0% full");
     const QString text = control<QWidget>("Help").property("plainText").toString();
     const QStringList files = QDir(QString::fromStdString((folder / "home" / "Music").string())).entryList(QDir::Files);
     ASSERT_EQ(files.size(), 1);

@@ -27,7 +27,7 @@ struct PlayingWindow : WindowStage {
     /// Something of a screen's to type in.
     QLineEdit& addText()
     {
-        auto* const text = new QLineEdit(find<QWidget>("Keyboard that plays").parentWidget());
+        auto* const text = new QLineEdit(control<QWidget>("Keyboard that plays").parentWidget());
         text->show();
         return *text;
     }
@@ -66,7 +66,7 @@ TEST(WindowKeys, ComeUpWhenTheFocusGoes)
                   ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
               }),
               "D4 off");
-    QMenu menu(&window.desktop);
+    QMenu menu(&window.surroundings);
     menu.addAction("one");
     EXPECT_EQ(afterwards([&] { menu.popup({}); }), "D4 off");
     menu.close();
@@ -92,7 +92,7 @@ TEST(WindowKeys, DoNotPlayInAText)
 TEST(WindowKeys, ReachTheControlsWithControlAndTab)
 {
     PlayingWindow window;
-    auto& thru = window.find<QAbstractButton>("MIDI thru");
+    auto& thru = window.control<QAbstractButton>("MIDI thru");
     window.keyDown(TAB, Qt::Key_Tab, Qt::ControlModifier);
     EXPECT_FALSE(window.isPlaying());
     for (int control = 0; control < 100 && &window.focus() != &thru; ++control)
@@ -111,7 +111,7 @@ TEST(WindowKeys, AClickLeavesHeldNotesAlone)
 {
     PlayingWindow window;
     window.keyDown(Q);
-    QTest::mouseClick(&window.find<QAbstractButton>("MIDI thru"), Qt::LeftButton);
+    QTest::mouseClick(&window.control<QAbstractButton>("MIDI thru"), Qt::LeftButton);
     EXPECT_EQ(window.playedNow(), "C4 on");
     EXPECT_TRUE(window.isPlaying());
     window.keyUp(Q);

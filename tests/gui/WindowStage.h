@@ -1,47 +1,17 @@
 #pragma once
 
-#include <gtest/gtest.h>
-
 #include <QApplication>
 #include <QKeyEvent>
-#include <QTest>
-#include <QVBoxLayout>
-#include <memory>
+#include <string>
 
-#include "gui/OrvGuiIF.h"
-#include "gui/ParentWindow.h"
 #include "tests/computer/KeyStage.h"
+#include "tests/gui/Windowed.h"
 
-/// A backend with its window on a desktop of its own, and hands on the computer's keyboard.
-class WindowStage : public KeyStage
+/// A window that is open, and hands on the computer's keyboard.
+class WindowStage : public Windowed<KeyStage>
 {
 public:
-    WindowStage() : gui(commands().sendCreateOrvGui(false))
-    {
-        desktop.resize(1000, 700);
-        desktop.show();
-        gui->initialize();
-        gui->create(parent);
-        comeBack();
-        settle();
-    }
-    ~WindowStage() { gui.reset(); }
-
-    /// The desktop's focus is ours, and we play.
-    void comeBack()
-    {
-        desktop.activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&desktop));
-        gui->setFocus();
-    }
-
-    /// What was posted, in both directions.
-    void settle()
-    {
-        rest();
-        QTest::qWait(20);
-        rest();
-    }
+    WindowStage() { open(); }
 
     // By the place on the board: 24 is "Q", 50 and 62 Shift, 37 and 105 Control.
     void keyDown(quint32 place, int key = 0, Qt::KeyboardModifiers held = {})
@@ -59,34 +29,13 @@ public:
         return played();
     }
 
-    /// Where a key goes; the desktop itself if there is no focus.
-    QWidget& focus() { return QApplication::focusWidget() == nullptr ? desktop : *QApplication::focusWidget(); }
-    template <class Control>
-    Control& find(const char* name)
-    {
-        for (auto* control : desktop.findChildren<Control*>())
-            if (control->isVisible() && control->accessibleName() == QLatin1String(name)) return *control;
-        throw std::runtime_error(std::string("there is no ") + name);
-    }
-
-    QWidget desktop;
-    std::unique_ptr<Gui::OrvGuiIF> gui;
+    /// Where a key goes; the surroundings themselves if there is no focus.
+    QWidget& focus() { return QApplication::focusWidget() == nullptr ? surroundings : *QApplication::focusWidget(); }
 
 private:
-    struct Parent final : Gui::ParentWindow {
-        explicit Parent(QWidget& around) : desktop(around) {}
-        QWidget* getWidget() override { return &desktop; }
-        void windowResized(int, int) override {}
-        void moveWindow(const RelativeFixedValue&, const RelativeFixedValue&) override {}
-
-        QWidget& desktop;
-    };
-
     void send(QEvent::Type type, quint32 place, int key, Qt::KeyboardModifiers held)
     {
         QKeyEvent event(type, key, held, place, 0, 0);
         QApplication::sendEvent(&focus(), &event);
     }
-
-    Parent parent{desktop};
 };

@@ -8,6 +8,7 @@
 
 #include "host/clock/Clock.h"
 #include "host/clock/ClockLinks.h"
+#include "host/midi/StatusByte.h"
 #include "tests/stage/Allocations.h"
 
 namespace Host
@@ -20,10 +21,6 @@ namespace
 constexpr std::uint32_t RATE = 48000;
 constexpr std::uint32_t PERIOD = 256;
 constexpr std::uint32_t ALMOST_WRAPPED = 0xFFFF0000;
-constexpr std::uint8_t TICK = 0xF8;
-constexpr std::uint8_t START = 0xFA;
-constexpr std::uint8_t CONTINUE = 0xFB;
-constexpr std::uint8_t STOP = 0xFC;
 constexpr int FRAMES_PER_TICK = 1000;  // at 120 beats per minute
 
 struct Sent {
@@ -101,15 +98,16 @@ struct Graph {
         int ticks = 0;
         for (const Sent& message : sent) {
             const auto status = static_cast<std::uint8_t>(message.bytes[0]);
-            if (status == TICK) {
+            if (status == StatusByte::TICK) {
                 ++ticks;
                 continue;
             }
             if (ticks > 0) text += std::to_string(std::exchange(ticks, 0)) + " ";
-            text += status == START      ? "start "
-                    : status == CONTINUE ? "continue "
-                    : status == STOP     ? "stop "
-                                         : "at " + std::to_string(message.bytes[1] + 128 * message.bytes[2]) + " ";
+            text += status == StatusByte::START      ? "start "
+                    : status == StatusByte::CONTINUE ? "continue "
+                    : status == StatusByte::STOP
+                        ? "stop "
+                        : "at " + std::to_string(message.bytes[1] + 128 * message.bytes[2]) + " ";
         }
         if (ticks > 0) text += std::to_string(ticks) + " ";
         return text.substr(0, text.size() - 1);
@@ -119,7 +117,7 @@ struct Graph {
     {
         std::vector<std::uint32_t> frames;
         for (const Sent& message : sent)
-            if (static_cast<std::uint8_t>(message.bytes[0]) == TICK) frames.push_back(message.frame);
+            if (static_cast<std::uint8_t>(message.bytes[0]) == StatusByte::TICK) frames.push_back(message.frame);
         return frames;
     }
 
@@ -135,7 +133,7 @@ std::vector<Sent> clockOf(double bpm, double seconds, std::uint32_t from, const 
     if (!first.empty()) messages.push_back({first, from});
     const double step = RATE * 60 / bpm / 24;
     for (double at = 0; at < seconds * RATE; at += step)
-        messages.push_back({byte(TICK), from + static_cast<std::uint32_t>(at)});
+        messages.push_back({byte(StatusByte::TICK), from + static_cast<std::uint32_t>(at)});
     return messages;
 }
 }  // namespace
@@ -159,7 +157,7 @@ TEST(ClockOut, ATickComesBeforeTheNotesOfItsPulse)
     };
     graph.play(0.03);
     ASSERT_EQ(graph.sent.size(), 4u);
-    EXPECT_EQ(graph.sent[2].bytes, byte(TICK));
+    EXPECT_EQ(graph.sent[2].bytes, byte(StatusByte::TICK));
     EXPECT_EQ(graph.sent[3].bytes[0], '\x90');
     EXPECT_EQ(graph.sent[2].frame, graph.sent[3].frame);
 }
@@ -221,13 +219,13 @@ TEST(ClockIn, IsPassedOnToTheClockThatIsSentTickByTick)
     Graph graph({.in = 0, .out = 0});
     graph.play(2, clockOf(130, 1.99, 0));
     graph.sent.clear();
-    graph.play(4, clockOf(130, 4, graph.frame, byte(START)));
+    graph.play(4, clockOf(130, 4, graph.frame, byte(StatusByte::START)));
     const auto beforeStop = graph.song();
     EXPECT_TRUE(beforeStop.ends_with("start 208")) << beforeStop;
     graph.sent.clear();
-    graph.play(0.3, {{byte(STOP), graph.frame}, {std::string("\xF2\x05\x01"), graph.frame}});
+    graph.play(0.3, {{byte(StatusByte::STOP), graph.frame}, {std::string("\xF2\x05\x01"), graph.frame}});
     const std::uint32_t began = graph.frame;
-    graph.play(10, clockOf(170, 10, began, byte(CONTINUE)));
+    graph.play(10, clockOf(170, 10, began, byte(StatusByte::CONTINUE)));
     const auto song = graph.song();
     EXPECT_TRUE(song.starts_with("stop at 133 ")) << song;
     EXPECT_TRUE(song.ends_with(" continue 680")) << song;
@@ -246,7 +244,7 @@ TEST(ClockIn, WhatIsPassedOnDoesNotComeASecondTimeThroughTheLayers)
     graph.player.playMidi({MessageType::noteOn, 60, 1, 0, 0, 0, 0, -1});
     graph.deliver();
     ASSERT_EQ(graph.sent.size(), 2u);
-    EXPECT_EQ(graph.sent[0].bytes, byte(START));
+    EXPECT_EQ(graph.sent[0].bytes, byte(StatusByte::START));
 }
 
 TEST(ClockIn, HearsAClockOnAThreadToo)
@@ -260,7 +258,8 @@ TEST(ClockIn, HearsAClockOnAThreadToo)
     double pulsesBefore = 0;
     for (double nextPulse = 0, nextTick = 0; time < 60; time += 0.001) {
         for (; nextTick <= time; nextTick += 2.5 / 90)
-            conductor.hear(0, {{TICK, 0, 0}, 1}, static_cast<std::uint32_t>(static_cast<std::int64_t>(nextTick * 1e6)));
+            conductor.hear(0, {{StatusByte::TICK, 0, 0}, 1},
+                           static_cast<std::uint32_t>(static_cast<std::int64_t>(nextTick * 1e6)));
         conductor.heed(time, static_cast<std::uint32_t>(static_cast<std::int64_t>(time * 1e6)), 1e6);
         for (; nextPulse <= time; ++pulses) nextPulse += 1 / (8 * conductor.passPulse(nextPulse, 0));
         if (time < 30) pulsesBefore = pulses;
@@ -307,8 +306,8 @@ TEST(Transport, ATimebaseMasterGivesTempoAndPhase)
 TEST(Clock, WithAClockToFollowAndOneToSendAPeriodAllocatesNothing)
 {
     Graph graph({.in = 0, .out = 0});
-    graph.play(1, clockOf(120, 1, 0, byte(START)));
-    graph.hear({byte(TICK), graph.frame});
+    graph.play(1, clockOf(120, 1, 0, byte(StatusByte::START)));
+    graph.hear({byte(StatusByte::TICK), graph.frame});
     const auto before = allocationsOfThisThread();
     graph.clock.playPeriod(graph.start + graph.frame, 24000);
     EXPECT_EQ(allocationsOfThisThread(), before);

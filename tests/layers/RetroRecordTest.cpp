@@ -47,6 +47,16 @@ struct RecordStage : Stage {
         }
         return takes;
     }
+    /// What the window was told of the fill since it was asked last: "0 1 ".
+    std::string fills()
+    {
+        rest();
+        std::string told;
+        while (window->handleNext([&](Message& message) {
+            if (message.number == 32881u) told += std::to_string(message.wparam) + " ";
+        })) {}
+        return told;
+    }
 };
 
 using Takes = std::map<std::string, std::string>;
@@ -90,6 +100,28 @@ TEST(RetroRecord, CanBeSwitchedOffAndMadeSmaller)
     stage.playSlices();
     EXPECT_EQ(stage.saved()["t_Out 1.mid"].size(), 11 * (9 * 23 + 500 % 23) - 1)
         << "a file takes a tenth of the size, 23 events";
+}
+
+TEST(RetroRecord, TellsHowFullTheFullestIs)
+{
+    RecordStage stage;
+    stage.commands().postSetRetroRecordBufferSize(1000);
+    stage.orv->getRetroRecordManager().tellFillTo(WindowHandle(stage.window));
+    EXPECT_EQ(stage.fills(), "0 ") << "at once";
+    stage.note(60, 0);
+    EXPECT_EQ(stage.fills(), "1 ") << "empty means empty";
+    for (int i = 0; i < 30; ++i) stage.note(60, 1);
+    const std::string fills = stage.fills();
+    EXPECT_TRUE(fills.starts_with("2 3 ") && fills.ends_with("10 11 12 13 ")) << fills << ": 23 events are a tenth";
+    stage.note(60, 0);
+    EXPECT_EQ(stage.fills(), "");
+    for (int i = 0; i < 500; ++i) stage.note(60, 1);
+    EXPECT_NE(stage.fills().find("99 100 91 92 "), std::string::npos) << "the oldest tenth went";
+    stage.saved();
+    EXPECT_EQ(stage.fills(), "0 ");
+    stage.orv->getRetroRecordManager().tellFillTo({});
+    stage.note(60, 0);
+    EXPECT_EQ(stage.fills(), "");
 }
 
 TEST(RetroRecord, OfAnOutputGoesOnWhenTheListChanges)

@@ -10,6 +10,7 @@
 #include "gui/framework/GuiMessageManagerMaster.h"
 #include "gui/framework/Properties.h"
 #include "gui/screens/computerinput/ComputerKeyboardCtl.h"
+#include "gui/screens/preset/PresetCtl.h"
 
 namespace Gui::ComputerInput
 {
@@ -40,12 +41,15 @@ void ComputerInputPanel::makeTopRow()
 {
     auto* const label = new QLabel(tr("Preset:"), this);
     label->setGeometry(PRESET_LABEL);
-    presetName = new QLabel(this);
-    presetName->setGeometry(PRESET_NAME);
-    presetName->setTextFormat(Qt::PlainText);
-    presetName->setAccessibleName(tr("Preset of the keys"));
-    Property::set(*presetName, Property::TEXT, true);
-    handleComputerInputChanged({});
+    auto& commands = gui.getOrvIF().getComputerInputMessageManager();
+    presets = new Preset::PresetCtl(
+        gui, tr("Preset of the keys"),
+        {.load = [&commands](const auto& name) { commands.postLoadPreset(name); },
+         .save = [&commands](const auto& name, bool) { commands.postSavePreset(name, {}); },
+         .rename = [&commands](const auto& name, const auto& newName) { commands.postRenamePreset(name, newName); },
+         .remove = [&commands](const auto& name) { commands.postDeletePreset(name); }},
+        this);
+    presets->setGeometry(PRESET_NAME);
 
     useModifiers = new QCheckBox(tr("Use modifiers on key up"), this);
     useModifiers->setGeometry(USE_MODIFIERS);
@@ -71,12 +75,13 @@ void ComputerInputPanel::handleComputerInput(bool useKeyUpMod, KeyConfigurationM
     showKeys();
 }
 
-void ComputerInputPanel::handleComputerInputChanged(const std::string& preset)
-{
-    presetName->setText(preset.empty() ? tr("none") : QString::fromStdString(preset));
-}
+void ComputerInputPanel::handleComputerInputChanged(const std::string& preset) { presets->showCurrent(preset); }
 
 void ComputerInputPanel::handlePresetLoaded() { keyboard->showConfigurations(); }
+
+void ComputerInputPanel::handlePresetsChanged(const Backend::PresetList& list) { presets->setPresets(list); }
+
+Preset::PresetGuiOwner& ComputerInputPanel::getPresets() { return *presets; }
 
 void ComputerInputPanel::showKeys()
 {

@@ -4,16 +4,22 @@
 #include <vector>
 
 #include "backend/input/computer/KeyConfigurationMap.h"
+#include "backend/persistence/PresetList.h"
 #include "gui/framework/Panel.h"
 #include "gui/screens/computerinput/ComputerInputGuiMessageManager.h"
 
 class QCheckBox;
-class QLabel;
 
 namespace Gui
 {
 class OrvGuiIF;
-}
+
+namespace Preset
+{
+class PresetCtl;
+class PresetGuiOwner;
+}  // namespace Preset
+}  // namespace Gui
 
 namespace Gui::ComputerInput
 {
@@ -26,6 +32,7 @@ public:
     ComputerInputPanel(OrvGuiIF& owner, Panel* around);
 
     ComputerKeyboardCtl& getKeyboard() { return *keyboard; }
+    Preset::PresetGuiOwner& getPresets();
 
     // What the backend tells
     void handleKeyConfigurations(const std::vector<Backend::ComputerInput::KeyConfiguration>& configurations);
@@ -33,6 +40,7 @@ public:
     /// The preset that the keys came from, empty if none.
     void handleComputerInputChanged(const std::string& preset);
     void handlePresetLoaded();
+    void handlePresetsChanged(const Backend::PresetList& list);
 
 private:
     void makeTopRow();
@@ -42,7 +50,7 @@ private:
     Backend::ComputerInput::KeyConfigurationMap keys;
     ComputerInputGuiMessageManager messages;
     ComputerKeyboardCtl* keyboard;
-    QLabel* presetName = nullptr;
+    Preset::PresetCtl* presets = nullptr;
     QCheckBox* useModifiers = nullptr;
 };
 }  // namespace Gui::ComputerInput

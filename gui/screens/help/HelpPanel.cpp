@@ -1,7 +1,10 @@
 #include "gui/screens/help/HelpPanel.h"
 
 #include <QPlainTextEdit>
+#include <QPushButton>
 
+#include "backend/persistence/OrvUtils.h"
+#include "gui/framework/ManualButton.h"
 #include "gui/framework/Properties.h"
 
 namespace Gui::Help
@@ -9,6 +12,8 @@ namespace Gui::Help
 namespace
 {
 constexpr QSize SIZE(760, 60);
+constexpr QRect MANUAL_BUTTON(668, 0, 92, 20);
+constexpr int GAP = 4;
 
 QString firstText()
 {
@@ -30,6 +35,18 @@ HelpPanel::HelpPanel(OrvGuiIF&, Panel* around) : Panel(around), edit(new QPlainT
     edit->setAccessibleName(tr("Help"));
     Property::set(*edit, Property::TEXT, true);
     edit->setPlainText(firstText());
+    if (hasManualPage("index.htm")) addManualButton();
+}
+
+void HelpPanel::addManualButton()
+{
+    edit->setFixedWidth(MANUAL_BUTTON.left() - GAP);
+    auto* button = new QPushButton(tr("MANUAL"), this);
+    button->setGeometry(MANUAL_BUTTON);
+    button->setFocusPolicy(Qt::TabFocus);
+    button->setAccessibleName(tr("Manual"));
+    Property::setHelp(*button, tr("Manual: opens the manual, with pictures, where you read web pages."));
+    connect(button, &QPushButton::clicked, [] { Backend::OrvUtils::showManual(""); });
 }
 
 void HelpPanel::showText(const std::string& text) { edit->setPlainText(QString::fromStdString(text)); }

@@ -14,6 +14,7 @@ class OrvGuiIF;
 namespace Gui::Help
 {
 /// Says what the thing does that is pointed at or that the keyboard has reached. The last text stays.
+/// Where a manual is installed a button opens it.
 class HelpPanel final : public Panel
 {
 public:
@@ -23,6 +24,8 @@ public:
     void showText(const std::string& text);
 
 private:
+    void addManualButton();
+
     QPlainTextEdit* edit;  // belongs to the panel, as Qt has it
 };
 }  // namespace Gui::Help

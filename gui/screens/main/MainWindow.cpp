@@ -1,9 +1,14 @@
 #include "gui/screens/main/MainWindow.h"
 
 #include <QApplication>
+#include <QDialog>
 #include <QEvent>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QPushButton>
+#include <QTimer>
+#include <algorithm>
+#include <chrono>
 
 #include "backend/core/OrvMessageManager.h"
 #include "backend/persistence/RegistrySettings.h"
@@ -38,7 +43,26 @@ constexpr Screen SCREENS[] = {
     Screen::system,        Screen::help,     Screen::display, Screen::oscillators, Screen::joystick, Screen::midiInput,
     Screen::computerInput, Screen::controls, Screen::output,  Screen::layers,      Screen::cc,       Screen::zones};
 
+constexpr auto FOCUS_RETURNS = std::chrono::seconds(1);  // the longest that a desktop takes to give it back
+
 OnOffToggle onOrOff(bool on) { return {on ? OnOffToggle::State::on : OnOffToggle::State::off}; }
+
+/// Whether it is a dialog in which nothing can be typed.
+bool isPlayedIn(const QWidget* dialog)
+{
+    if (qobject_cast<const QDialog*>(dialog) == nullptr) return false;
+    const auto lines = dialog->findChildren<QLineEdit*>();
+    return std::ranges::none_of(lines, [](const QLineEdit* line) { return !line->isReadOnly(); });
+}
+
+/// The keys that move about in a dialog and answer it.
+bool belongsToDialog(const QKeyEvent& key)
+{
+    constexpr int KEYS[] = {Qt::Key_Tab,   Qt::Key_Backtab, Qt::Key_Return, Qt::Key_Enter,   Qt::Key_Escape,
+                            Qt::Key_Space, Qt::Key_Left,    Qt::Key_Right,  Qt::Key_Up,      Qt::Key_Down,
+                            Qt::Key_Home,  Qt::Key_End,     Qt::Key_PageUp, Qt::Key_PageDown};
+    return std::ranges::find(KEYS, key.key()) != std::end(KEYS);
+}
 
 /// A control that takes the focus at a click would end the notes that are held.
 void leaveKeyboardAlone(QWidget& control)
@@ -121,7 +145,7 @@ void MainWindow::makeButtons()
         Property::setHelp(*button, help);
         return button;
     };
-    resetButton = make(QStringLiteral("R"), 5, tr("Reset"), tr("Reset: ends every note."));
+    resetButton = make(QStringLiteral("R"), 5, tr("Reset"), tr("Reset (panic): ends every note."));
     thruButton = make(QStringLiteral("T"), 37, tr("MIDI thru"), tr("MIDI Thru: passes on what comes in."));
     keyboardButton = make(QStringLiteral("K"), 69, tr("Global keyboard"), {});
     for (auto* latch : {thruButton, keyboardButton}) latch->setCheckable(true);
@@ -239,7 +263,8 @@ void MainWindow::helpOn(const QWidget& control)
 bool MainWindow::eventFilter(QObject* object, QEvent* event)
 {
     auto* widget = qobject_cast<QWidget*>(object);
-    if (widget == nullptr || widget->window() != window()) return false;
+    if (widget == nullptr) return false;
+    if (widget->window() != window()) return isAround(*widget) && playInDialog(*widget, *event);
     switch (event->type()) {
         case QEvent::MouseButtonPress:
             if (!takesText(widget)) focusControl->setFocus();
@@ -256,12 +281,60 @@ bool MainWindow::eventFilter(QObject* object, QEvent* event)
             break;
         case QEvent::FocusOut:
         case QEvent::WindowDeactivate:
-            keyInput->focusWent();
+            if (!isPlayedIn(QApplication::activeModalWidget())) keyInput->focusWent();
             break;
         default:
             break;
     }
     return false;
+}
+
+/// In a dialog in which nothing can be typed the keys play, but for those that move about in it and answer it.
+bool MainWindow::playInDialog(QWidget& widget, QEvent& event)
+{
+    switch (event.type()) {
+        case QEvent::Enter:
+            helpOn(widget);
+            return false;
+        case QEvent::FocusIn:
+            helpOn(widget);
+            return false;
+        case QEvent::WindowDeactivate:
+            widget.window()->isHidden() ? dialogWent() : keyInput->focusWent();
+            return false;
+        case QEvent::KeyPress: {
+            const auto& key = static_cast<const QKeyEvent&>(event);
+            if (!isPlayedIn(widget.window()) || belongsToDialog(key)) return false;
+            keyInput->press(key);
+            return true;
+        }
+        case QEvent::KeyRelease:
+            keyInput->release(static_cast<const QKeyEvent&>(event));
+            return false;
+        default:
+            return false;
+    }
+}
+
+/// The window, or a dialog below, has the keys a moment later, unless another program has taken them.
+void MainWindow::dialogWent()
+{
+    QTimer::singleShot(FOCUS_RETURNS, this, [this] {
+        if (!isActiveWindow() && !isPlayedIn(QApplication::activeModalWidget())) keyInput->focusWent();
+    });
+}
+
+bool MainWindow::isAround(const QWidget& widget) const
+{
+    const QWidget* inner = &widget;
+    while (inner != nullptr && inner != this) inner = inner->parentWidget();
+    return inner == this;
+}
+
+bool MainWindow::hasDialog() const
+{
+    const auto dialogs = findChildren<QDialog*>();
+    return std::ranges::any_of(dialogs, [](const QDialog* dialog) { return dialog->isVisible(); });
 }
 
 /// Of a control that has the focus, these are the keys that it has no use for.

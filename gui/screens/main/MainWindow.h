@@ -60,6 +60,10 @@ public:
     /// Back to playing, unless a text is being edited.
     void setPlayingFocus();
 
+    /// Whether that is a part of it, or of a dialog of it.
+    bool isAround(const QWidget& widget) const;
+    bool hasDialog() const;
+
     void setMidiThru(bool on);
     void setGlobalKeyboard(bool on);
 
@@ -85,6 +89,8 @@ private:
     void makePanels();
     void fit();
     void helpOn(const QWidget& control);
+    bool playInDialog(QWidget& widget, QEvent& event);
+    void dialogWent();
     Panel* panelOf(Backend::Screen screen) const;
 
     OrvGuiIF& gui;

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QGuiApplication>
+#include <QPointer>
 #include <QScreen>
 #include <QVariant>
 #include <QWindow>
@@ -15,18 +16,22 @@
 #include "backend/input/functions/HelpTexts.h"
 #include "gui/OrvGuiFactory.h"
 #include "gui/ParentWindow.h"
+#include "gui/framework/FileNames.h"
 #include "gui/framework/GdiManager.h"
 #include "gui/framework/GuiWindow.h"
 #include "gui/framework/Properties.h"
+#include "gui/framework/Question.h"
 #include "gui/framework/Skinner.h"
 #include "gui/screens/computerinput/ComputerInputPanel.h"
 #include "gui/screens/computerinput/ComputerKeyboardCtl.h"
 #include "gui/screens/display/DisplayPanel.h"
+#include "gui/screens/files/FileCommands.h"
 #include "gui/screens/help/HelpPanel.h"
 #include "gui/screens/main/GlobalKeyMessageManager.h"
 #include "gui/screens/main/MainWindow.h"
 #include "gui/screens/main/OrvGuiMessageManager.h"
 #include "gui/screens/output/OutputPanel.h"
+#include "gui/screens/setup/SetupDialog.h"
 #include "gui/screens/system/SystemPanel.h"
 #include "platform/Path.h"
 
@@ -79,13 +84,14 @@ struct OrvGui::Desk {
     GlobalKeyMessageManager globalKeys;
     GuiWindow window;
     std::unique_ptr<MainWindow> main;
+    QPointer<Setup::SetupDialog> setup;  // while it is open; it belongs to the main window
 };
 
 OrvGui::OrvGui(OrvIF& backend, GuiStart start) : orv(backend), shown(std::move(start)) {}
 
 OrvGui::~OrvGui() { destroy(); }
 
-void OrvGui::initialize() {}
+void OrvGui::initialize() { sequencePresets.load(); }
 
 void OrvGui::end() { destroy(); }
 
@@ -161,11 +167,26 @@ void OrvGui::handleSettingsChanged(const RegistrySettings& settings)
     handleDefaultMidiOutputChanged(settings.getDefaultMidiOutput());
     handleRetroRecordEnabledChanged(settings.isRetroRecordEnabled());
     desk->main->getDisplayPanel().handleSettingsChanged(settings);
+    settingsChanged();
 }
 
-void OrvGui::handleDockToBottomEdgeChanged(bool on) { shown.settings.setDockToBottomEdge(on); }
+/// What shows settings and the ports they are about.
+void OrvGui::settingsChanged()
+{
+    if (desk->setup) desk->setup->follow();
+}
 
-void OrvGui::handleDefaultBankChanged(const std::string& path) { shown.settings.setDefaultBank(path); }
+void OrvGui::handleDockToBottomEdgeChanged(bool on)
+{
+    shown.settings.setDockToBottomEdge(on);
+    settingsChanged();
+}
+
+void OrvGui::handleDefaultBankChanged(const std::string& path)
+{
+    shown.settings.setDefaultBank(path);
+    settingsChanged();
+}
 
 void OrvGui::handleBankChanged(const Bank& bank)
 {
@@ -177,6 +198,18 @@ void OrvGui::handleProgramChanged(const Program& program)
 {
     shown.program = program;
     desk->main->getSystemPanel().handleProgramChanged(program);
+    loading.clear();
+}
+
+/// Nobody is interrupted by a message but who has just chosen the file.
+void OrvGui::handleProgramMissing(const Program& program)
+{
+    if (loading.empty()) return;
+    const QString file = shownFileName(loading);
+    const bool isBank = loading == shown.bank.name && !shown.bank.programNames.empty();
+    tell(dialogParent(), QObject::tr("Load"),
+         isBank ? QObject::tr("\"%1\" has no program %2.").arg(file, QString::number(program.number + 1))
+                : QObject::tr("There is no program in \"%1\".").arg(file));
 }
 
 void OrvGui::handleProgramNameChanged(const Program& program) { handleProgramChanged(program); }
@@ -185,6 +218,7 @@ void OrvGui::handleMidiInputPortsChanged(const MidiInputPorts& ports)
 {
     shown.inputs = ports;
     desk->main->getSystemPanel().handleMidiInputPortsChanged(ports);
+    settingsChanged();
 }
 
 void OrvGui::handleMidiOutputPortsChanged(const MidiOutputPorts& ports)
@@ -192,6 +226,7 @@ void OrvGui::handleMidiOutputPortsChanged(const MidiOutputPorts& ports)
     shown.outputs = ports;
     desk->main->getOutputPanel().handleMidiOutputPortsChanged(ports);
     desk->main->getSystemPanel().handleMidiOutputPortsChanged(ports);
+    settingsChanged();
 }
 
 void OrvGui::handleDefaultMidiOutputChanged(int output)
@@ -199,24 +234,34 @@ void OrvGui::handleDefaultMidiOutputChanged(int output)
     shown.settings.setDefaultMidiOutput(output);
     desk->main->getOutputPanel().handleDefaultMidiOutputChanged(output);
     desk->main->getSystemPanel().handleDefaultMidiOutputChanged(output);
+    settingsChanged();
 }
 
 void OrvGui::handleAlwaysOnTopChanged(bool on)
 {
     shown.settings.setAlwaysOnTop(on);
     desk->parent.alwaysOnTopChanged(on);
+    settingsChanged();
 }
 
 void OrvGui::handleUseSkinBorderChanged(bool on)
 {
     shown.settings.setUseSkinBorder(on);
     desk->parent.useSkinBorderChanged(on);
+    settingsChanged();
 }
 
 void OrvGui::handleRetroRecordEnabledChanged(bool on)
 {
     shown.settings.setRetroRecordEnabled(on);
     desk->main->getSystemPanel().handleRetroRecordEnabledChanged(on);
+    settingsChanged();
+}
+
+void OrvGui::handleRetroRecordBufferSizeChanged(int bytes)
+{
+    shown.settings.setRetroRecordBufferSize(bytes);
+    settingsChanged();
 }
 
 void OrvGui::handleMidiThruChanged(bool on)
@@ -224,6 +269,7 @@ void OrvGui::handleMidiThruChanged(bool on)
     shown.settings.setMidiThru(on);
     desk->main->setMidiThru(on);
     desk->main->getSystemPanel().handleMidiThruChanged(on);
+    settingsChanged();
 }
 
 void OrvGui::handleGlobalKeyboardChanged(bool on)
@@ -250,14 +296,26 @@ void OrvGui::showGlobalKeyboard(bool on)
     desk->main->setGlobalKeyboard(on);
     desk->main->getSystemPanel().handleGlobalKeyboardChanged(on);
     desk->parent.globalKeyboardChanged(on);
+    settingsChanged();
 }
 
-void OrvGui::handleMouseSensitivityChanged(int divisor) { shown.settings.setMouseSensitivity(divisor); }
+void OrvGui::handleMouseSensitivityChanged(int divisor)
+{
+    shown.settings.setMouseSensitivity(divisor);
+    settingsChanged();
+}
 
 void OrvGui::handleLargeDisplayFontChanged(bool on)
 {
     shown.settings.setLargeDisplayFont(on);
     desk->main->getDisplayPanel().handleLargeDisplayFontChanged(on);
+    settingsChanged();
+}
+
+void OrvGui::handleClickZoneChannelTransposeChanged(bool on)
+{
+    shown.settings.setClickZoneChannelTranspose(on);
+    settingsChanged();
 }
 
 void OrvGui::handleResetOrv() { clearMusicKeyboardHilight(); }
@@ -266,6 +324,72 @@ void OrvGui::displayMidiOutputEvent(const OrvMidiMessage& event)
 {
     orv.displayMidiOutputEvent(event);
     desk->main->getOutputPanel().displayMidiOutputEvent(event);
+}
+
+// --- files and presets
+
+/// The dialog that is on top, or the window.
+QWidget& OrvGui::dialogParent() const
+{
+    QWidget* dialog = QApplication::activeModalWidget();
+    return dialog != nullptr && desk->main->isAround(*dialog) ? *dialog : *desk->main;
+}
+
+void OrvGui::showSaveDialog()
+{
+    if (!desk->main->hasDialog()) Files::showSaveDialog(*this, *desk->main);
+}
+
+void OrvGui::showLoadDialog()
+{
+    if (!desk->main->hasDialog()) Files::showLoadDialog(*this, *desk->main);
+}
+
+void OrvGui::importVersion2File()
+{
+    if (!desk->main->hasDialog()) Files::importVersion2File(*this, *desk->main);
+}
+
+void OrvGui::loadFile(const std::string& path)
+{
+    loading = path;
+    if (path.ends_with(".prg"))
+        getOrvMessageManager().postLoadProgram(path);
+    else
+        getOrvMessageManager().postLoadBank(path);
+}
+
+void OrvGui::handlePresetsChanged(std::size_t section, const PresetList& presets, bool done)
+{
+    if (section >= presetLists.size()) return;
+    presetLists[section] = presets;
+    if (section == PresetSections::indexOf(PresetSections::COMPUTER_INPUT))
+        desk->main->getComputerInputPanel().handlePresetsChanged(presets);
+    if (!done)
+        tell(dialogParent(), QObject::tr("Error"),
+             QObject::tr("The folder \"%1\" could not be changed.").arg(PresetSections::ALL[section].folder));
+}
+
+const PresetList& OrvGui::getPresetList(const PresetSection& section) const
+{
+    return presetLists[PresetSections::indexOf(section)];
+}
+
+Preset::PresetGuiOwner& OrvGui::getComputerInputPanelAsPresetGuiOwner()
+{
+    return desk->main->getComputerInputPanel().getPresets();
+}
+
+bool OrvGui::addSequencePreset(const std::string& name, const std::string& text)
+{
+    if (!sequencePresets.addPreset(name, text)) return false;
+    getOrvMessageManager().postAddSequencePreset(name, text);
+    return true;
+}
+
+bool OrvGui::editSequencePreset(const std::string& name, const std::string& text)
+{
+    return sequencePresets.exists(name) && sequencePresets.addPreset(name, text);
 }
 
 // --- screens and help
@@ -290,6 +414,18 @@ void OrvGui::showProgramMenu() { desk->main->getSystemPanel().showProgramMenu();
 KeyPresses& OrvGui::getKeyPresses() { return desk->main->getKeyPresses(); }
 
 void OrvGui::showDefaultMidiOutputMenu() { desk->main->getSystemPanel().showDefaultMidiOutputMenu(); }
+
+/// Of some settings the window is not told, so it asks.
+void OrvGui::showSetupDialog()
+{
+    if (!desk) return;
+    if (desk->setup && desk->setup->isVisible()) return desk->setup->activateWindow();
+    desk->setup = new Setup::SetupDialog(*this, *desk->main);
+    desk->setup->setAttribute(Qt::WA_DeleteOnClose);
+    QObject::connect(desk->setup, &QDialog::finished, desk->main.get(), [this] { setFocus(); });
+    desk->setup->open();
+    getOrvMessageManager().postRefreshGui();
+}
 
 Output::MusicKeyboardCtl& OrvGui::getMainMusicKeyboardCtl()
 {

@@ -6,6 +6,7 @@
 #include "backend/core/WindowMove.h"
 #include "backend/input/values/OnOffToggle.h"
 #include "backend/persistence/Bank.h"
+#include "backend/persistence/PresetList.h"
 #include "backend/persistence/Program.h"
 #include "backend/persistence/RegistrySettings.h"
 #include "gui/OrvGuiIF.h"
@@ -52,6 +53,20 @@ void showScreen(OrvGuiIF& gui, Message& message)
         gui.showScreen(screen, on.appliedTo(false));
 }
 
+void changeProgram(OrvGuiIF& gui, Message& message)
+{
+    const auto* program = message.payload.get<Program>();
+    if (program == nullptr) return;
+    if (message.wparam != 0) gui.handleProgramMissing(*program);
+    gui.handleProgramChanged(*program);
+}
+
+void changePresets(OrvGuiIF& gui, Message& message)
+{
+    if (const auto* presets = message.payload.get<PresetList>())
+        gui.handlePresetsChanged(message.wparam, *presets, message.lparam != 0);
+}
+
 constexpr auto COMMANDS = std::to_array<Command>({
     payload<&OrvGuiIF::handleSettingsChanged, RegistrySettings>(GuiMessage::SETTINGS),
     payload<&OrvGuiIF::handleMidiInputPortsChanged, MidiInputPorts>(GuiMessage::MIDI_INPUT_PORTS),
@@ -61,6 +76,7 @@ constexpr auto COMMANDS = std::to_array<Command>({
     onOff<&OrvGuiIF::handleLargeDisplayFontChanged>(GuiMessage::LARGE_DISPLAY_FONT),
     onOff<&OrvGuiIF::handleAlwaysOnTopChanged>(GuiMessage::ALWAYS_ON_TOP),
     payload<&OrvGuiIF::handleBankChanged, Bank>(GuiMessage::BANK),
+    plain<&OrvGuiIF::showSaveDialog>(GuiMessage::SHOW_SAVE_DIALOG),
     plain<&OrvGuiIF::showProgramMenu>(GuiMessage::SHOW_PROGRAM_MENU),
     plain<&OrvGuiIF::showDefaultMidiOutputMenu>(GuiMessage::SHOW_DEFAULT_MIDI_OUTPUT_MENU),
     payload<&OrvGuiIF::moveWindow, WindowMove>(GuiMessage::MOVE_WINDOW),
@@ -70,14 +86,17 @@ constexpr auto COMMANDS = std::to_array<Command>({
      }},
     plain<&OrvGuiIF::handleResetOrv>(GuiMessage::ORV_RESET),
     payload<&OrvGuiIF::handleProgramNameChanged, Program>(GuiMessage::PROGRAM_NAME),
-    payload<&OrvGuiIF::handleProgramChanged, Program>(GuiMessage::PROGRAM),
+    {GuiMessage::PROGRAM, &changeProgram},
     number<&OrvGuiIF::handleDefaultMidiOutputChanged>(GuiMessage::DEFAULT_MIDI_OUTPUT),
     onOff<&OrvGuiIF::handleUseSkinBorderChanged>(GuiMessage::USE_SKIN_BORDER),
     {GuiMessage::SHOW_SCREEN, &showScreen},
+    number<&OrvGuiIF::handleRetroRecordBufferSizeChanged>(GuiMessage::RETRO_RECORD_BUFFER_SIZE),
     onOff<&OrvGuiIF::handleRetroRecordEnabledChanged>(GuiMessage::RETRO_RECORD_ENABLED),
     onOff<&OrvGuiIF::handleMidiThruChanged>(GuiMessage::MIDI_THRU),
     onOff<&OrvGuiIF::handleGlobalKeyboardChanged>(GuiMessage::GLOBAL_KEYBOARD),
     number<&OrvGuiIF::handleMouseSensitivityChanged>(GuiMessage::MOUSE_SENSITIVITY),
+    onOff<&OrvGuiIF::handleClickZoneChannelTransposeChanged>(GuiMessage::CLICK_ZONE_CHANNEL_TRANSPOSE),
+    {GuiMessage::PRESETS, &changePresets},
 });
 }  // namespace
 

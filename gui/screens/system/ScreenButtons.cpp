@@ -58,14 +58,19 @@ void ScreenButtons::offerScreen(Screen screen)
     layOut();
 }
 
-/// In the order of the screens, narrower where there are many.
+/// In the order of the screens, all of the same width, or with the same room around their words where there are many.
 void ScreenButtons::layOut()
 {
-    const int count = static_cast<int>(buttons.size());
-    const int width = std::min(WIDEST, (WIDTH + GAP) / count - GAP);
+    const auto widthOfWords = [](const QPushButton& button) {
+        return button.fontMetrics().horizontalAdvance(button.text());
+    };
+    int words = 0;
+    for (const auto& [screen, button] : buttons) words += widthOfWords(*button);
+    const int around = (WIDTH + GAP - words) / static_cast<int>(buttons.size()) - GAP;
     int left = 0;
     QWidget* before = nullptr;
     for (const auto& [screen, button] : buttons) {
+        const int width = std::min(WIDEST, widthOfWords(*button) + around);
         button->setGeometry(left, 0, width, HEIGHT);
         if (before != nullptr) setTabOrder(before, button);
         before = button;

@@ -14,6 +14,7 @@ namespace
 constexpr auto COMMANDS = std::to_array<GuiCommand<SystemPanel>>({
     payloadCommand<&SystemPanel::handleRetroRecordSaved, RetroRecord::SaveReport, SystemPanel>(
         GuiMessage::RETRO_RECORD_SAVED),
+    valueCommand<&SystemPanel::handleRetroRecordFillChanged, int, SystemPanel>(GuiMessage::RETRO_RECORD_FILL),
 });
 }  // namespace
 

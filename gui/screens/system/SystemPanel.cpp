@@ -14,9 +14,11 @@
 #include "gui/framework/GuiMessageManagerMaster.h"
 #include "gui/framework/PopupMenu.h"
 #include "gui/framework/Properties.h"
+#include "gui/screens/files/FileCommands.h"
 #include "gui/screens/main/GlobalKeyboard.h"
 #include "gui/screens/system/ProgramNameComboBox.h"
 #include "gui/screens/system/RecordFile.h"
+#include "gui/screens/system/RecordGauge.h"
 #include "gui/screens/system/ScreenButtons.h"
 #include "gui/screens/system/TempoEdit.h"
 
@@ -49,7 +51,10 @@ SystemPanel::SystemPanel(OrvGuiIF& owner, Panel* around)
     addControls();
     showAll();
     gui.getGuiMessageManagerMaster().addMessageManager(&messages);
+    gui.getOrvIF().getRetroRecordManager().tellFillTo(gui.getWindowHandle());
 }
+
+SystemPanel::~SystemPanel() { gui.getOrvIF().getRetroRecordManager().tellFillTo({}); }
 
 OrvMessageManager& SystemPanel::commands() const { return gui.getOrvMessageManager(); }
 
@@ -118,6 +123,8 @@ void SystemPanel::handleGlobalKeyboardChanged(bool on)
 
 void SystemPanel::handleRetroRecordEnabledChanged(bool on) { recordButton->setChecked(on); }
 
+void SystemPanel::handleRetroRecordFillChanged(int percent) { recordGauge->showFill(percent); }
+
 void SystemPanel::handleRetroRecordSaved(const RetroRecord::SaveReport& report)
 {
     gui.displayHelp(RecordFile::describe(report));
@@ -150,6 +157,23 @@ void SystemPanel::showProgramMenu()
 }
 
 void SystemPanel::showDefaultMidiOutputMenu() { showMenu(*output); }
+
+void SystemPanel::showFileMenu(const QWidget& button)
+{
+    const std::string& bank = gui.getCurrentBank().name;
+    menu->clear();
+    menu->addItem({.text = tr("Change Bank Size..."), .enabled = gui.getNumberOfPrograms() > 0});
+    menu->addItem({.text = tr("Set As Default Bank..."),
+                   .enabled = !bank.empty() && bank != gui.getRegistrySettings().getDefaultBank()});
+    menu->addItem(tr("Import Version 2 File..."));
+    menu->setSelected(-1);
+    menu->onChosen = [this](int item) {
+        if (item == 0) Files::showBankSizeDialog(gui, *this);
+        if (item == 1) Files::makeDefaultBank(gui, *this);
+        if (item == 2) gui.importVersion2File();
+    };
+    menu->showBelow(button);
+}
 
 // --- what the user does
 

@@ -28,6 +28,7 @@ class PopupMenu;
 namespace Gui::System
 {
 class ProgramNameComboBox;
+class RecordGauge;
 class ScreenButtons;
 class TempoEdit;
 
@@ -37,6 +38,7 @@ class SystemPanel final : public Panel
 {
 public:
     SystemPanel(OrvGuiIF& owner, Panel* around);
+    ~SystemPanel() override;
 
     // What the backend tells
     void handleBankChanged(const Backend::Bank& bank);
@@ -47,6 +49,7 @@ public:
     void handleMidiThruChanged(bool on);
     void handleGlobalKeyboardChanged(bool on);
     void handleRetroRecordEnabledChanged(bool on);
+    void handleRetroRecordFillChanged(int percent);
     void handleRetroRecordSaved(const Backend::RetroRecord::SaveReport& report);
 
     /// Gives a screen its button.
@@ -67,6 +70,7 @@ private:
     void addSwitches();
     void addScreens();
     void addRecord();
+    void addFiles();
     template <class Control>
     Control* add(Control* control, const QRect& place, const QString& name, const QString& help);
     QLabel* addLabel(const QString& text, const QRect& place);
@@ -81,6 +85,7 @@ private:
     void saveRecord();
     void leave();
     void showMenu(ComboBox& choices);
+    void showFileMenu(const QWidget& button);
 
     OrvGuiIF& gui;
     SystemGuiMessageManager messages;
@@ -94,6 +99,7 @@ private:
     QPushButton* thruButton = nullptr;
     QPushButton* keyboardButton = nullptr;
     QPushButton* recordButton = nullptr;
+    RecordGauge* recordGauge = nullptr;
     ScreenButtons* screens = nullptr;
     PopupMenu* menu;
 };

@@ -9,17 +9,18 @@
 #include "gui/framework/Properties.h"
 #include "gui/screens/system/ArrowButton.h"
 #include "gui/screens/system/ProgramNameComboBox.h"
+#include "gui/screens/system/RecordGauge.h"
 #include "gui/screens/system/ScreenButtons.h"
 #include "gui/screens/system/TempoEdit.h"
 
-// What the system screen consists of: three rows, each control with its place, its names and the wish it utters.
+// What the system screen consists of: four rows, each control with its place, its names and the wish it utters.
 namespace Gui::System
 {
 namespace
 {
-constexpr QSize SIZE(760, 68);
+constexpr QSize SIZE(760, 92);
 constexpr int HEIGHT = 20;
-constexpr int ROWS[] = {0, 24, 48};
+constexpr int ROWS[] = {0, 24, 48, 72};
 
 /// From `left` to `right`, in one of the rows.
 QRect at(int row, int left, int right) { return {left, ROWS[row], right - left, HEIGHT}; }
@@ -29,12 +30,14 @@ constexpr int SPACE = 4;
 constexpr int WIDE_SPACE = 12;
 constexpr int CONTROLS = 58;
 constexpr int CHOICES = 144;
-constexpr int SECOND_LABELS = 376;
-constexpr int SECOND_CONTROLS = 424;
+constexpr int SECOND_LABELS = 336;
+constexpr int SECOND_CONTROLS = 384;
+constexpr int BANK_SIZE = 496;
 constexpr int SWITCHES = 580;
 constexpr int LAST_BUTTONS = 668;
 constexpr int END = 760;
 constexpr int ARROW = 20;
+constexpr int FILE_BUTTON = 82;
 
 SelectType specific(int number) { return {.kind = SelectType::Kind::specific, .value = number}; }
 OnOffToggle onOrOff(bool on) { return {on ? OnOffToggle::State::on : OnOffToggle::State::off}; }
@@ -96,6 +99,7 @@ void SystemPanel::addControls()
     addSwitches();
     addScreens();
     addRecord();
+    addFiles();
 }
 
 void SystemPanel::addProgram()
@@ -126,9 +130,13 @@ void SystemPanel::addProgram()
 void SystemPanel::addBank()
 {
     addLabel(tr("Bank"), at(0, SECOND_LABELS, SECOND_CONTROLS - SPACE));
-    bankName = addValue(at(0, SECOND_CONTROLS, SWITCHES - SPACE));
-    bankSize = addValue(at(0, SWITCHES, LAST_BUTTONS - SPACE));
-    const auto* reset = addButton(tr("RESET"), at(0, LAST_BUTTONS, END), tr("Reset"), tr("Reset: ends every note."));
+    bankName = addValue(at(0, SECOND_CONTROLS, BANK_SIZE - SPACE));
+    bankSize = addValue(at(0, BANK_SIZE, SWITCHES - SPACE));
+    const auto* setup = addButton(tr("SETUP..."), at(0, SWITCHES, LAST_BUTTONS - SPACE), tr("Setup"),
+                                  tr("Setup: MIDI ports, what is played and recorded, the window and more."));
+    connect(setup, &QPushButton::clicked, this, [this] { gui.showSetupDialog(); });
+    const auto* reset =
+        addButton(tr("RESET"), at(0, LAST_BUTTONS, END), tr("Reset"), tr("Reset (panic): ends every note."));
     connect(reset, &QPushButton::pressed, this, [this] { commands().postResetOrv(); });
 }
 
@@ -178,9 +186,31 @@ void SystemPanel::addRecord()
     recordButton = addSwitch(tr("RECORD"), at(2, SWITCHES, LAST_BUTTONS - SPACE), tr("Record"),
                              tr("Record: keeps what was played lately, so that it can be saved afterwards."));
     connect(recordButton, &QPushButton::clicked, this, [this](bool on) { commands().postEnableRetroRecord(on); });
+    recordGauge =
+        add(new RecordGauge(gui.getGdiManager(), this), at(3, SWITCHES, END), tr("Fill of the record"),
+            tr("The record: how full it is, of the output that was played on most. When it is full its oldest "
+               "tenth goes for what is played next. The setup says how large it is."));
     const auto* save = addButton(
         tr("SAVE REC"), at(2, LAST_BUTTONS, END), tr("Save record"),
         tr("Save Record: makes MIDI files of what was played lately, one for each output, in your music folder."));
     connect(save, &QPushButton::clicked, this, [this] { saveRecord(); });
+}
+
+void SystemPanel::addFiles()
+{
+    addLabel(tr("Files"), at(3, 0, CONTROLS - SPACE));
+    int left = CONTROLS;
+    const auto addNext = [this, &left](const QString& label, const QString& name, const QString& help) {
+        QPushButton* button = addButton(label, at(3, left, left + FILE_BUTTON), name, help);
+        left += FILE_BUTTON + SPACE;
+        return button;
+    };
+    connect(addNext(tr("LOAD"), tr("Load"), tr("Load: another bank, or one program of a file.")), &QPushButton::clicked,
+            this, [this] { gui.showLoadDialog(); });
+    connect(addNext(tr("SAVE"), tr("Save"), tr("Save: the program into a bank, or as a file of its own.")),
+            &QPushButton::clicked, this, [this] { gui.showSaveDialog(); });
+    auto* more = addNext(tr("MORE"), tr("More about files"),
+                         tr("More: the size of the bank, the bank for the start, and files of version 2."));
+    connect(more, &QPushButton::clicked, this, [this, more] { showFileMenu(*more); });
 }
 }  // namespace Gui::System

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+#include <functional>
+#include <string>
+
+class QWidget;
+
+namespace Gui
+{
+/// What to ask for.
+struct FileQuestion {
+    enum class Purpose { open, save };
+
+    Purpose purpose = Purpose::open;
+    QString title{};
+    QStringList filters{};  ///< "Bank Files (*.bnk)"
+    QString folder{};       ///< where it starts
+    QString extension{};    ///< to save: what the name ends in, without the dot; added where it is missing
+    QString name{};         ///< to save: what stands there at first
+};
+
+/// Opens a dialog for one file, drawn by the skin like everything else, and returns at once. `chosen` gets the path in
+/// UTF-8: of a file that is there; or, to save, of one that was not there or may be replaced, with a name that any
+/// system takes. Nothing is called if it is cancelled. The GUI thread, which reads no folder for it.
+void showFileDialog(QWidget& parent, const FileQuestion& question, std::function<void(const std::string& path)> chosen);
+}  // namespace Gui

@@ -1,0 +1,28 @@
+#include "gui/framework/ManualButton.h"
+
+#include <QBoxLayout>
+#include <QCoreApplication>
+#include <QFileInfo>
+#include <QPushButton>
+
+#include "backend/persistence/OrvUtils.h"
+
+namespace Gui
+{
+using Backend::OrvUtils;
+
+bool hasManualPage(const char* page)
+{
+    const std::string manual = OrvUtils::pathIn(OrvUtils::getOrvProgDir(), "Manual");
+    return QFileInfo(QString::fromStdString(OrvUtils::pathIn(manual, page))).isFile();
+}
+
+void addManualButton(QBoxLayout& row, const char* page)
+{
+    if (!hasManualPage(page)) return;
+    auto* help = new QPushButton(QCoreApplication::translate("ManualButton", "Help"));
+    help->setAutoDefault(false);
+    QObject::connect(help, &QPushButton::clicked, [page] { OrvUtils::showManual(page); });
+    row.addWidget(help);
+}
+}  // namespace Gui

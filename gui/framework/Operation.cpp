@@ -1,0 +1,47 @@
+#include "gui/framework/Operation.h"
+
+#include "backend/core/GuiMessages.h"
+#include "gui/framework/GuiWindow.h"
+#include "gui/framework/OperationDialog.h"
+#include "gui/framework/Question.h"
+#include "platform/Message.h"
+
+namespace Gui
+{
+using Backend::GuiMessage::OPERATION_DONE;
+
+namespace
+{
+/// Belongs to the dialog, and both wait for the message, seen or not.
+class RunningOperation final : public QObject
+{
+public:
+    RunningOperation(QWidget& around, const Operation& operation)
+        : parent(around),
+          failure(operation.failure),
+          window([this](Message& message) { handleMessage(message); }),
+          dialog(*new OperationDialog(
+              operation.title, OPERATION_DONE, [this, post = operation.post] { post(window.getHandle()); }, around))
+    {
+        setParent(&dialog);
+        dialog.open();
+    }
+
+private:
+    void handleMessage(const Message& message)
+    {
+        dialog.handleMessage(message);
+        if (message.number != OPERATION_DONE) return;
+        dialog.deleteLater();
+        if (message.wparam == 0) tell(parent, tr("Error"), failure);
+    }
+
+    QWidget& parent;
+    const QString failure;
+    GuiWindow window;
+    OperationDialog& dialog;
+};
+}  // namespace
+
+void run(QWidget& parent, const Operation& operation) { new RunningOperation(parent, operation); }
+}  // namespace Gui

@@ -1,0 +1,59 @@
+#include "gui/screens/setup/NumberField.h"
+
+#include <QBoxLayout>
+#include <QLabel>
+
+#include "backend/core/OrvMessageManager.h"
+#include "backend/persistence/RegistrySettings.h"
+#include "gui/OrvGuiIF.h"
+#include "gui/framework/EditBox.h"
+#include "gui/framework/Properties.h"
+#include "gui/framework/Skinner.h"
+#include "gui/screens/setup/SettingTables.h"
+#include "gui/screens/setup/SetupRow.h"
+
+namespace Gui::Setup
+{
+namespace
+{
+constexpr int WIDTH = 70;
+}
+
+NumberField::NumberField(OrvGuiIF& owner, const Number& numberRow, QBoxLayout& page)
+    : gui(owner), row(numberRow), edit(new EditBox)
+{
+    edit->setFixedWidth(WIDTH);
+    edit->setAccessibleName(EditBox::tr(row.name));
+    Property::setHelp(*edit, EditBox::tr(row.help));
+    Property::set(*edit, Property::TEXT, true);
+    Property::set(*edit, Property::NUMBERS_ONLY, true);
+    Skinner::setMinMax(*edit, row.lowest, row.highest);
+    SetupRow line(page, EditBox::tr(row.label), *edit);
+    line.addBefore(EditBox::tr(row.before));
+    line.addBehind(EditBox::tr(row.behind));
+}
+
+QString NumberField::findFault() const
+{
+    bool isNumber = false;
+    const int number = getShown().toInt(&isNumber);
+    if (isNumber && number >= row.lowest && number <= row.highest) return {};
+    return EditBox::tr("%1 must be between %2%4 and %3%4")
+        .arg(EditBox::tr(row.name))
+        .arg(row.lowest)
+        .arg(row.highest)
+        .arg(EditBox::tr(row.unit));
+}
+
+QString NumberField::getQuestion() const { return EditBox::tr(row.question); }
+
+void NumberField::post() const { (gui.getOrvMessageManager().*row.post)(edit->getNumber() * row.scale); }
+
+QWidget& NumberField::getControl() const { return *edit; }
+
+QString NumberField::getTold() const { return QString::number((gui.getRegistrySettings().*row.get)() / row.scale); }
+
+QString NumberField::getShown() const { return edit->text().trimmed(); }
+
+void NumberField::show(const QString& text) { edit->setText(text); }
+}  // namespace Gui::Setup

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <vector>
+
+#include "gui/screens/setup/LoopbackRule.h"
+#include "gui/screens/setup/SettingField.h"
+
+class QBoxLayout;
+class QLabel;
+class QListWidget;
+
+namespace Gui
+{
+class OrvGuiIF;
+}
+
+namespace Gui::Setup
+{
+struct PortSide;
+
+/// The ports of one direction, each with a check box. Rows that the user has not touched follow.
+class PortListField final : public SettingField
+{
+public:
+    /// Both must outlive it.
+    PortListField(OrvGuiIF& owner, const PortSide& portSide, QBoxLayout& page);
+
+    /// The ports as they are to be.
+    PortChoices getChoices() const;
+
+    void follow() override;
+    bool isChanged() const override;
+    void post() const override;
+    QWidget& getControl() const override;
+
+private:
+    bool isChecked(int row) const;
+    std::vector<int> findChanged() const;
+
+    OrvGuiIF& gui;
+    const PortSide& side;
+    QListWidget* list;
+    QLabel* failures;
+    PortChoices told;
+};
+}  // namespace Gui::Setup

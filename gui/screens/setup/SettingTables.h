@@ -1,0 +1,80 @@
+#pragma once
+
+#include <span>
+#include <string>
+#include <vector>
+
+#include "backend/midi/MidiPort.h"
+#include "gui/framework/ComboBox.h"
+
+namespace Backend
+{
+class OrvMessageManager;
+class RegistrySettings;
+}  // namespace Backend
+
+namespace Gui
+{
+class OrvGuiIF;
+}
+
+/// The settings of the setup dialog, a row each: what they are called, where they are read, how they are wished for.
+namespace Gui::Setup
+{
+struct Switch {
+    const char* label;
+    const char* help;
+    bool (Backend::RegistrySettings::*get)() const;
+    void (*post)(Backend::OrvMessageManager& commands, bool on);
+};
+
+struct Number {
+    const char* label;
+    const char* before;  ///< stands in front of the field: "1 /"
+    const char* behind;  ///< stands behind it: "pixels"
+    const char* name;    ///< in messages, and for those who have the screen read to them
+    const char* help;
+    const char* unit;      ///< behind the limits in messages
+    const char* question;  ///< asked before it changes; empty for none
+    int lowest;            ///< as they are shown
+    int highest;
+    int scale;  ///< what is kept is so many times what is shown
+    int (Backend::RegistrySettings::*get)() const;
+    void (Backend::OrvMessageManager::*post)(int value);
+};
+
+struct Choice {
+    const char* label;
+    const char* name;
+    const char* help;
+    int width;  ///< of its control, in logical pixels
+    std::vector<ComboBox::Entry> (*getEntries)(const OrvGuiIF& gui);
+    int (*get)(const OrvGuiIF& gui);
+    /// What stands there for a value without an entry.
+    std::string (*describe)(const OrvGuiIF& gui, int value);
+    void (*post)(Backend::OrvMessageManager& commands, int value);
+};
+
+/// One direction of the MIDI ports.
+struct PortSide {
+    const char* name;
+    const char* help;
+    std::vector<Backend::MidiEngine::MidiPort> (*get)(const OrvGuiIF& gui);
+    void (Backend::OrvMessageManager::*post)(int port, bool enabled);
+};
+
+extern const PortSide INPUTS;
+extern const PortSide OUTPUTS;
+extern const Choice DEFAULT_OUTPUT;
+extern const std::span<const Switch> PLAYING_SWITCHES;
+extern const Switch GLOBAL_KEYBOARD;
+extern const Number MOUSE_SENSITIVITY;
+extern const Switch RECORD_SWITCH;
+extern const Number RECORD_SIZE;
+extern const std::span<const Switch> DISPLAY_SWITCHES;
+extern const Number DISPLAY_HEIGHT;
+extern const std::span<const Switch> WINDOW_SWITCHES;
+extern const Number LITE_VELOCITY;
+extern const Choice LITE_CHANNEL;
+extern const Switch LITE_STACK_NOTES;
+}  // namespace Gui::Setup

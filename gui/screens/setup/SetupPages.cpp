@@ -1,0 +1,143 @@
+#include "gui/screens/setup/SetupPages.h"
+
+#include <QBoxLayout>
+#include <QListWidget>
+#include <QStackedWidget>
+#include <utility>
+
+#include "gui/OrvGuiIF.h"
+#include "gui/framework/Properties.h"
+#include "gui/screens/main/GlobalKeyboard.h"
+#include "gui/screens/setup/BankField.h"
+#include "gui/screens/setup/ChoiceField.h"
+#include "gui/screens/setup/NumberField.h"
+#include "gui/screens/setup/PortListField.h"
+#include "gui/screens/setup/SettingTables.h"
+#include "gui/screens/setup/SetupRow.h"
+#include "gui/screens/setup/SwitchField.h"
+
+namespace Gui::Setup
+{
+namespace
+{
+constexpr int TITLES_WIDTH = 110;
+constexpr QSize PAGE_SIZE(420, 250);
+}  // namespace
+
+SetupPages::SetupPages(OrvGuiIF& owner) : gui(owner), titles(new QListWidget), pages(new QStackedWidget)
+{
+    titles->setFixedWidth(TITLES_WIDTH);
+    titles->setAccessibleName(tr("Pages"));
+    pages->setMinimumSize(PAGE_SIZE);
+    pages->setFrameShape(QFrame::StyledPanel);
+    auto* line = new QHBoxLayout(this);
+    line->setContentsMargins({});
+    line->addWidget(titles);
+    line->addWidget(pages, 1);
+    makePages();
+    follow();
+    connect(titles, &QListWidget::currentRowChanged, this, &SetupPages::turnTo);
+    titles->setCurrentRow(0);
+}
+
+SetupPages::~SetupPages() = default;
+
+// --- what there is
+
+QBoxLayout& SetupPages::addPage(const Page& page)
+{
+    auto* widget = new QWidget;
+    auto* rows = new QVBoxLayout(widget);
+    auto* title = new QListWidgetItem(page.title, titles);
+    title->setSizeHint(SetupRow::LIST_ROW);
+    title->setData(Qt::UserRole, page.help);
+    pages->addWidget(widget);
+    return *rows;
+}
+
+template <class Field, class... Arguments>
+Field& SetupPages::add(Arguments&&... arguments)
+{
+    auto field = std::make_unique<Field>(gui, std::forward<Arguments>(arguments)...);
+    Field& added = *field;
+    fields.push_back(std::move(field));
+    return added;
+}
+
+void SetupPages::makePages()
+{
+    QBoxLayout& in = addPage({tr("MIDI Inputs"), tr("What is listened to.")});
+    inputs = &add<PortListField>(INPUTS, in);
+
+    QBoxLayout& out = addPage({tr("MIDI Outputs"), tr("What is played on.")});
+    outputs = &add<PortListField>(OUTPUTS, out);
+    add<ChoiceField>(DEFAULT_OUTPUT, out);
+
+    QBoxLayout& playing = addPage({tr("Playing"), tr("What plays, and how.")});
+    auto& globalKeyboard = add<SwitchField>(GLOBAL_KEYBOARD, playing);
+    Property::setHelp(globalKeyboard.getControl(),
+                      QString::fromStdString(GlobalKeyboard::describe(gui.getGlobalKeyboardReason())));
+    for (const Switch& row : PLAYING_SWITCHES) add<SwitchField>(row, playing);
+    add<NumberField>(MOUSE_SENSITIVITY, playing);
+
+    QBoxLayout& bank = addPage({tr("Bank"), tr("What is loaded at the start.")});
+    add<BankField>(bank);
+
+    QBoxLayout& record = addPage({tr("Record"), tr("The record of what was played lately.")});
+    add<SwitchField>(RECORD_SWITCH, record);
+    add<NumberField>(RECORD_SIZE, record);
+
+    QBoxLayout& display = addPage({tr("Display"), tr("What the list of events shows.")});
+    for (const Switch& row : DISPLAY_SWITCHES) add<SwitchField>(row, display);
+    add<NumberField>(DISPLAY_HEIGHT, display);
+
+    QBoxLayout& window = addPage({tr("Window"), tr("How the window stands on the desktop.")});
+    for (const Switch& row : WINDOW_SWITCHES) add<SwitchField>(row, window);
+
+    QBoxLayout& lite = addPage({tr("Lite"), tr("For a host that plays without programs. Here nothing uses them.")});
+    add<NumberField>(LITE_VELOCITY, lite);
+    add<ChoiceField>(LITE_CHANNEL, lite);
+    add<SwitchField>(LITE_STACK_NOTES, lite);
+
+    for (QBoxLayout* rows : {&playing, &bank, &record, &display, &window, &lite}) rows->addStretch();
+}
+
+// --- what became of it
+
+void SetupPages::follow()
+{
+    for (const auto& field : fields) field->follow();
+}
+
+std::vector<const SettingField*> SetupPages::findChanged() const
+{
+    std::vector<const SettingField*> changed;
+    for (const auto& field : fields)
+        if (field->isChanged()) changed.push_back(field.get());
+    return changed;
+}
+
+const SettingField* SetupPages::findLoopback() const
+{
+    if (!breaksLoopbackRule(inputs->getChoices(), outputs->getChoices())) return nullptr;
+    return outputs->isChanged() && !inputs->isChanged() ? outputs : inputs;
+}
+
+// --- pages
+
+void SetupPages::turnTo(int row)
+{
+    const QString help = titles->item(row)->data(Qt::UserRole).toString();
+    Property::setHelp(*titles, help);
+    pages->setCurrentIndex(row);
+    if (onPage) onPage(help);
+}
+
+void SetupPages::goTo(const SettingField& field)
+{
+    QWidget& control = field.getControl();
+    for (int row = 0; row < pages->count(); ++row)
+        if (pages->widget(row)->isAncestorOf(&control)) titles->setCurrentRow(row);
+    control.setFocus();
+}
+}  // namespace Gui::Setup

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "gui/screens/setup/SettingField.h"
+
+class QBoxLayout;
+class QCheckBox;
+
+namespace Gui
+{
+class OrvGuiIF;
+}
+
+namespace Gui::Setup
+{
+struct Switch;
+
+/// A row with a check box.
+class SwitchField final : public ValueField<bool>
+{
+public:
+    /// Both must outlive it.
+    SwitchField(OrvGuiIF& owner, const Switch& switchRow, QBoxLayout& page);
+
+    void post() const override;
+    QWidget& getControl() const override;
+
+private:
+    bool getTold() const override;
+    bool getShown() const override;
+    void show(const bool& on) override;
+
+    OrvGuiIF& gui;
+    const Switch& row;
+    QCheckBox* box;
+};
+}  // namespace Gui::Setup

@@ -1,0 +1,150 @@
+#include "host/session/SessionFolder.h"
+
+#include <utility>
+
+#include "backend/persistence/Bank.h"
+#include "backend/persistence/OrvUtils.h"
+#include "host/InputError.h"
+#include "host/WholeFile.h"
+#include "host/run/RunOptions.h"
+#include "platform/FolderCopy.h"
+#include "platform/Folders.h"
+#include "platform/Path.h"
+#include "platform/SettingsStore.h"
+
+namespace Host
+{
+namespace fs = std::filesystem;
+using Backend::OrvUtils;
+
+namespace
+{
+// Under a key of its own, beside that of the settings.
+constexpr const char* SESSION = "Orvane 3 Session";
+constexpr const char* FOLDER = "Folder";  // where it was played in last
+constexpr const char* BANK = "Bank";
+constexpr const char* NUMBER = "Number";
+
+constexpr const char* DEFAULT_BANK = "DefaultBank";
+constexpr const char* RECORD = "Retrospective Record";  // the one part of the data that is not the session's to begin
+
+void makeFolder(const fs::path& path)
+{
+    std::error_code error;
+    fs::create_directories(path, error);
+    if (error) throw InputError(textOf(path) + ": " + error.message());
+}
+
+/// A path below one folder as the same path below another; others stay.
+void moveBelow(SettingsStore& store, const char* name, const fs::path& from, const fs::path& to)
+{
+    const fs::path relative = pathOf(store.getString(name).value_or("")).lexically_relative(from);
+    if (!relative.empty() && *relative.begin() != "..") store.setString(name, textOf(to / relative));
+}
+
+void copyData(const fs::path& from, const fs::path& to)
+{
+    std::error_code error;
+    fs::directory_iterator entry(from, error);
+    for (; !error && entry != fs::directory_iterator(); entry.increment(error)) {
+        std::error_code none;
+        const fs::path target = to / entry->path().filename();
+        if (entry->is_regular_file(none))
+            fs::copy_file(entry->path(), target, none);
+        else if (entry->is_directory(none) && target.filename() != RECORD)
+            copyFolder(entry->path(), target);
+    }
+}
+
+/// Where the settings of all that is ours are.
+fs::path settingsIn(const fs::path& folder)
+{
+    return folder / pathOf(OrvUtils::getCompanyAppDataDir()).filename() / APPLICATION_NAME;
+}
+
+std::optional<Setup> setupOf(const std::string& bank, int number)
+try {
+    checkSetupFile(pathOf(bank));
+    const auto programs = static_cast<int>(Backend::Bank::fromFile(bank).programNames.size());
+    return Setup{.loads = {bank}, .number = number >= 0 && number < programs ? number : 0};
+} catch (const InputError&) {
+    return std::nullopt;
+}
+}  // namespace
+
+SessionFolder::SessionFolder(fs::path sessionFolder) : folder(std::move(sessionFolder))
+{
+    makeFolder(folder / "data");
+    std::error_code none;
+    if (!fs::exists(folder / "settings", none)) begin();
+    OrvUtils::setOrvAppDataDir(textOf(folder / "data"));
+    Folders::setSettings(textOf(folder / "settings"));
+    followMove();
+}
+
+/// The settings come last: until they are there it has not begun.
+void SessionFolder::begin() const
+{
+    const fs::path data = pathOf(OrvUtils::getOrvAppDataDir());
+    copyData(data, folder / "data");
+    const fs::path beginning = folder / "settings.new";
+    std::error_code error;
+    fs::remove_all(beginning, error);
+    makeFolder(beginning);
+    copyFolder(settingsIn(pathOf(Folders::getSettings())), settingsIn(beginning));
+    Folders::setSettings(textOf(beginning));
+    SettingsStore settings(OrvUtils::getRegistryKey(APPLICATION_NAME));
+    moveBelow(settings, DEFAULT_BANK, data, folder / "data");
+    if (!settings.save()) throw InputError(textOf(beginning) + ": the settings cannot be written");
+    fs::rename(beginning, folder / "settings", error);
+    if (error) throw InputError(textOf(folder) + ": " + error.message());
+}
+
+/// A session that was moved, or copied, means its own banks and not those of where it was.
+void SessionFolder::followMove() const
+{
+    SettingsStore session(OrvUtils::getRegistryKey(SESSION));
+    const fs::path before = pathOf(session.getString(FOLDER).value_or(""));
+    if (before == folder) return;
+    SettingsStore settings(OrvUtils::getRegistryKey(APPLICATION_NAME));
+    if (!before.empty()) {
+        moveBelow(settings, DEFAULT_BANK, before, folder);
+        moveBelow(session, BANK, before, folder);
+    }
+    session.setString(FOLDER, textOf(folder));
+    if (!settings.save() || !session.save()) throw InputError(textOf(folder) + ": the session cannot be written");
+}
+
+Setup SessionFolder::getSetup(const Tell& tell) const
+{
+    const SettingsStore session(OrvUtils::getRegistryKey(SESSION));
+    const std::string bank = session.getString(BANK).value_or("");
+    const int number = session.getNumber(NUMBER).value_or(0);
+    Setup setup;
+    setup.number = number;
+    if (!bank.empty()) {
+        const auto saved = setupOf(bank, number);
+        if (saved)
+            setup = *saved;
+        else
+            tell("The session's bank cannot be loaded, so the default bank is: " + bank);
+    }
+    std::error_code none;
+    if (fs::exists(programPath(), none)) {
+        const auto bytes = readWholeFile(programPath());
+        setup.program.assign(bytes.begin(), bytes.end());
+    }
+    return setup;
+}
+
+std::string SessionFolder::save(const Backend::HostState& state) const
+{
+    if (!state.areSettingsWritten) return "the settings cannot be written";
+    if (const auto error = WholeFile::replace(programPath(), state.program))
+        return textOf(programPath()) + ": " + error.message();
+    SettingsStore session(OrvUtils::getRegistryKey(SESSION));
+    session.setString(BANK, state.bank);
+    session.setNumber(NUMBER, state.number);
+    return session.save() ? "" : "where it plays cannot be written";
+}
+}  // namespace Host

@@ -1,0 +1,31 @@
+# Run while installing: the headers for a host's own use are those that the library shows something in (ORV_API), and
+# whatever these include.
+cmake_policy(VERSION 3.24)
+get_filename_component(house ${CMAKE_CURRENT_LIST_DIR} DIRECTORY)
+file(GLOB_RECURSE headers RELATIVE ${house} ${house}/platform/*.h ${house}/backend/*.h ${house}/gui/*.h)
+
+set(public)
+foreach(header ${headers})
+  file(STRINGS ${house}/${header} mark REGEX "ORV_API" LIMIT_COUNT 1)
+  if(mark)
+    list(APPEND public ${header})
+  endif()
+endforeach()
+
+set(waiting ${public})
+while(waiting)
+  list(POP_FRONT waiting header)
+  file(STRINGS ${house}/${header} includes REGEX "^#include \"")
+  foreach(include ${includes})
+    string(REGEX REPLACE "^#include \"(.*)\".*" "\\1" included "${include}")
+    if(NOT included IN_LIST public)
+      list(APPEND public ${included})
+      list(APPEND waiting ${included})
+    endif()
+  endforeach()
+endwhile()
+
+foreach(header ${public})
+  get_filename_component(folder ${header} DIRECTORY)
+  file(INSTALL ${house}/${header} DESTINATION ${CMAKE_INSTALL_PREFIX}/include/orvane/${folder})
+endforeach()

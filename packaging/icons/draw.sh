@@ -1,0 +1,7 @@
+#!/bin/sh
+# Draws the icon's pictures anew from orvane.svg. Needs rsvg-convert (package librsvg2-bin).
+set -eu
+cd "$(dirname "$0")"
+for size in 48 128; do
+    rsvg-convert --width "$size" --height "$size" orvane.svg --output "orvane-$size.png"
+done

@@ -1,0 +1,103 @@
+"""The manual as it is read, and as the program opens it: manual.py SOURCE
+
+Links and pictures are followed, and what the program calls by name has to be there."""
+import glob
+import os
+import re
+import struct
+import sys
+import unittest
+from html.parser import HTMLParser
+
+SOURCE = sys.argv[1]
+MANUAL = SOURCE + "/content/Manual"
+FIRST = "index.htm"
+EMPTY = {"meta", "link", "img", "br"}  # elements that have no end
+
+
+class Page(HTMLParser):
+    def __init__(self, name):
+        super().__init__()
+        self.open, self.links, self.pictures, self.problems, self.title, self.anchors = [], [], [], [], "", set()
+        with open(os.path.join(MANUAL, name), encoding="utf-8") as file:
+            self.feed(file.read())
+        if self.open:
+            self.problems.append(f"not ended: {self.open}")
+
+    def handle_starttag(self, tag, attributes):
+        values = dict(attributes)
+        self.anchors.add(values.get("id"))
+        if tag not in EMPTY:
+            self.open.append(tag)
+        if tag in ("a", "link"):
+            self.links.append(values["href"])
+        elif tag == "img":
+            self.pictures.append(values)
+
+    def handle_endtag(self, tag):
+        if not self.open or self.open.pop() != tag:
+            self.problems.append(f"line {self.getpos()[0]}: </{tag}> ends nothing")
+
+    def handle_data(self, data):
+        if self.open[-1:] == ["title"]:
+            self.title += data
+
+
+def pages():
+    return {name: Page(name) for name in sorted(os.listdir(MANUAL)) if name.endswith(".htm")}
+
+
+def size_of(picture):
+    with open(os.path.join(MANUAL, picture), "rb") as file:
+        return struct.unpack(">II", file.read(24)[16:])
+
+
+class Manual(unittest.TestCase):
+    def test_every_page_is_well_formed_and_has_a_title_of_its_own(self):
+        found = pages()
+        for name, page in found.items():
+            self.assertEqual(page.problems, [], name)
+        self.assertEqual(len({page.title for page in found.values()} - {""}), len(found))
+
+    def test_every_link_leads_somewhere_within_the_manual(self):
+        found = pages()
+        for name, page in found.items():
+            for link in page.links:
+                target, _, anchor = link.partition("#")
+                with self.subTest(page=name, link=link):
+                    self.assertIn(target or name, os.listdir(MANUAL))
+                    if anchor:
+                        self.assertIn(anchor, found[target or name].anchors)
+
+    def test_every_page_is_reached_from_the_first(self):
+        found, reached, next_ones = pages(), set(), {FIRST}
+        while next_ones:
+            reached |= next_ones
+            links = {link.partition("#")[0] for name in next_ones for link in found[name].links}
+            next_ones = (links & set(found)) - reached
+        self.assertEqual(reached, set(found))
+
+    def test_every_picture_is_there_sharp_on_any_display_and_described(self):
+        count = 0
+        for name, page in pages().items():
+            for picture in page.pictures:
+                with self.subTest(page=name, picture=picture):
+                    width, height = size_of(picture["src"])
+                    path, scale = picture["srcset"].split()
+                    self.assertEqual((scale, size_of(path)), ("2x", (2 * width, 2 * height)))
+                    self.assertGreater(len(picture["alt"]), 5)
+                    count += 1
+        self.assertGreater(count, 0)
+
+    def test_every_topic_that_the_program_names_has_its_page(self):
+        topics = {FIRST}
+        for room in ("gui", "backend", "host", "apps"):
+            for path in glob.glob(f"{SOURCE}/{room}/**/*.cpp", recursive=True) + \
+                    glob.glob(f"{SOURCE}/{room}/**/*.h", recursive=True):
+                with open(path, encoding="utf-8") as file:
+                    topics |= set(re.findall(r'"([^"\n]*\.htm)"', file.read()))
+        self.assertEqual(topics - set(pages()), set())
+
+
+if __name__ == "__main__":
+    unittest.main(argv=sys.argv[:1] + sys.argv[2:], verbosity=1)

@@ -1,0 +1,106 @@
+#include <QAccessible>
+#include <QListWidget>
+#include <QRadioButton>
+#include <cstdlib>
+
+#include "gui/framework/Operation.h"
+#include "tests/gui/DialogHands.h"
+
+namespace
+{
+using Role = QAccessible::Role;
+
+/// What has no name of its own: what names another, what shows a part of another.
+bool needsNoName(Role role)
+{
+    constexpr Role ROLES[] = {Role::StaticText, Role::ScrollBar, Role::Splitter,  Role::Grip,     Role::Cell,
+                              Role::ListItem,   Role::TreeItem,  Role::Client,    Role::Pane,     Role::LayeredPane,
+                              Role::Border,     Role::Grouping,  Role::PopupMenu, Role::Separator};
+    return std::ranges::find(ROLES, role) != std::end(ROLES);
+}
+
+void addNameless(QAccessibleInterface& part, const std::string& path, std::string& all)
+{
+    if (part.state().invisible) return;
+    const QObject* object = part.object();
+    const std::string here =
+        path + "/" + (object != nullptr ? object->metaObject()->className() : std::to_string(int(part.role())));
+    if (!needsNoName(part.role()) && part.text(QAccessible::Name).trimmed().isEmpty())
+        all += here + (object != nullptr ? " " + object->objectName().toStdString() : "") + "\n";
+    if (part.role() == Role::Table || part.role() == Role::Tree || part.role() == Role::List) return;  // of items
+    for (int child = 0; child < part.childCount(); ++child)
+        if (auto* inner = part.child(child)) addNameless(*inner, here, all);
+}
+
+struct DialogNames : DialogHands {
+    /// What has no name in the dialog of that title, a line each.
+    std::string nameless(const QString& title)
+    {
+        std::string all;
+        addNameless(*QAccessible::queryAccessibleInterface(&dialog(title)), "", all);
+        if (const char* pictures = std::getenv("DIALOG_PICTURES"))
+            dialog(title).grab().save(QString(pictures) + "/" + title + ".png");
+        return all;
+    }
+    void leave(const QString& title)
+    {
+        QTest::keyClick(&dialog(title), Qt::Key_Escape);
+        settle();
+    }
+};
+}  // namespace
+
+TEST_F(DialogNames, EveryControlOfAFileDialogHasOne)
+{
+    click("Load");
+    EXPECT_EQ(nameless("Load"), "");
+    leave("Load");
+    click("Save");
+    EXPECT_EQ(nameless("Save"), "");
+    lineIn("Save").setText("Other");
+    pressIn("Save", "Save");
+    EXPECT_EQ(nameless("Confirm Overwrite"), "");
+    answer(Answer::No);
+    for (const auto& [target, title] :
+         {std::pair("In another bank...", "Save To Bank"), std::pair("As a program file...", "Save To Program File")}) {
+        buttonIn<QRadioButton>(dialog("Save"), target).setChecked(true);
+        pressIn("Save", "Save");
+        EXPECT_EQ(nameless(title), "");
+        leave(title);
+    }
+    leave("Save");
+    openFileMenu("Change Bank Size...");
+    EXPECT_EQ(nameless("Change Bank Size"), "");
+    leave("Change Bank Size");
+    openFileMenu("Import Version 2 File...");
+    EXPECT_EQ(nameless("Select Version 2 File To Import"), "");
+    folder.write("old.pst", "key\n\nK\n");
+    chooseFile("Select Version 2 File To Import", (folder / "old.pst").string());
+    EXPECT_EQ(nameless("Enter Preset Name"), "");
+    leave("Enter Preset Name");
+    openFileMenu("Set As Default Bank...");
+    EXPECT_EQ(nameless("Default Bank"), "");
+    answer(Answer::No);
+    Gui::run(*control("Keyboard that plays").parentWidget(),
+             {.title = "Saving...", .post = [](const auto&) {}, .failure = {}});
+    EXPECT_EQ(nameless("Saving..."), "");
+}
+
+TEST_F(DialogNames, EveryControlOfAPresetDialogHasOne)
+{
+    gui->showScreen(Backend::Screen::computerInput, true);
+    orv->getComputerInputMessageManager().postSavePreset("Organ", {});
+    settle();
+    click("Preset of the keys: save and edit");
+    choose("Edit Presets...");
+    EXPECT_EQ(nameless("Presets"), "");
+    pressIn("Presets", "Add");
+    EXPECT_EQ(nameless("Add Preset"), "");
+    leave("Add Preset");
+    dialog("Presets").findChild<QListWidget*>()->setCurrentRow(0);
+    pressIn("Presets", "Edit");
+    EXPECT_EQ(nameless("Edit Preset Name"), "");
+    leave("Edit Preset Name");
+    pressIn("Presets", "Delete");
+    EXPECT_EQ(nameless("Delete Preset"), "");
+}
