@@ -19,7 +19,8 @@ constexpr std::size_t SYNTHESIZER = 0;
 // What a port wrote in one period has certainly been read by everyone when the second one behind it is over.
 constexpr std::uint64_t PERIODS_TO_BE_HEARD = 2;
 constexpr std::uint64_t PERIODS_TO_BE_JOINED = 3;
-constexpr int TRIES_TO_BE_HEARD = 5;  // where each meets an xrun
+constexpr int TRIES_TO_BE_HEARD = 5;        // where each meets an xrun
+constexpr auto UNTIL_IT_IS_CALLED = 300ms;  // while what ended is still in doubt
 constexpr auto TIME_TO_SETTLE = 200ms;
 
 // Addresses that no port of a graph has: those begin with the name of a client.
@@ -188,7 +189,7 @@ bool JackSystem::refresh()
             "clock.");
         return true;
     }
-    followXruns();
+    endAgain();
     // A server that stands still would keep us waiting for an answer.
     if ((!portsChanged && !wiresChanged) || !waitForPeriods(1)) return false;
     if (portsChanged.exchange(false)) return followDevices(Newcomers::whenSettled);
@@ -242,11 +243,13 @@ std::vector<MidiDevice> JackSystem::settled(std::vector<MidiDevice> found)
     return found;
 }
 
-/// Whoever missed a period did not hear what ended in it.
-bool JackSystem::followXruns()
+/// Whoever missed a period, or has come so late that the server did not call it yet, did not hear what ended then.
+bool JackSystem::endAgain()
 {
+    const bool isDue = endAgainAt && *endAgainAt < std::chrono::steady_clock::now();
+    if (isDue) endAgainAt.reset();
     const std::uint64_t count = xruns.load();
-    if (count == std::exchange(xrunsSeen, count)) return false;
+    if (count == std::exchange(xrunsSeen, count) && !isDue) return false;
     for (const auto& output : ports.outputs()) output->listenerMissed();
     return true;
 }
@@ -261,7 +264,10 @@ void JackSystem::followWires(bool becauseOfPorts)
     if (wiring.mend(client.get())) waitForPeriods(PERIODS_TO_BE_JOINED);
     if (listening.load()) joinInputs();
     for (const Wire& wire : wiring.takeNew()) {
-        if (OutputPort* output = findOutput(wire)) output->listenerIsBack();
+        if (OutputPort* output = findOutput(wire)) {
+            output->listenerIsBack();
+            endAgainAt = std::chrono::steady_clock::now() + UNTIL_IT_IS_CALLED;
+        }
         tellLoop(wire);
     }
 }
@@ -509,9 +515,9 @@ void JackSystem::close()
     for (const auto& port : ports.outputs()) port->close();
     if (!client) return;
     // Asked to close by a server that stands still we would wait for ever.
-    followXruns();
+    endAgain();
     bool goesOn = waitUntilSilent(0, ports.outputs().size()) && waitForPeriods(PERIODS_TO_BE_HEARD);
-    for (int tries = 0; tries < TRIES_TO_BE_HEARD && goesOn && followXruns(); ++tries)
+    for (int tries = 0; tries < TRIES_TO_BE_HEARD && goesOn && endAgain(); ++tries)
         goesOn = waitForPeriods(PERIODS_TO_BE_HEARD);
     if (goesOn || hasDied())
         client.reset();
