@@ -19,6 +19,8 @@ constexpr std::size_t SYNTHESIZER = 0;
 // What a port wrote in one period has certainly been read by everyone when the second one behind it is over.
 constexpr std::uint64_t PERIODS_TO_BE_HEARD = 2;
 constexpr std::uint64_t PERIODS_TO_BE_JOINED = 3;
+constexpr int TRIES_TO_BE_HEARD = 5;        // where each meets an xrun
+constexpr auto UNTIL_IT_IS_CALLED = 300ms;  // while what ended is still in doubt
 constexpr auto TIME_TO_SETTLE = 200ms;
 
 // Addresses that no port of a graph has: those begin with the name of a client.
@@ -117,7 +119,8 @@ bool JackSystem::enter(JackClient newClient)
     setCallbacks(client.get());
     rate.store(playedRate = jack_get_sample_rate(client.get()));
     enterSynthesizer();
-    if (jack_activate(client.get()) != 0) {
+    // Now and then the server of a busy machine takes a client in and never wakes it: the next one may do better.
+    if (jack_activate(client.get()) != 0 || !waitForPeriods(1)) {
         died.store(true);
         leaveDeadGraph();
         return false;
@@ -126,7 +129,7 @@ bool JackSystem::enter(JackClient newClient)
     newcomers.clear();
     newOutputs.clear();
     followDevices(Newcomers::atOnce);
-    if (waitForPeriods(1)) noteClockPriority(graphPriority.load());
+    noteClockPriority(graphPriority.load());
     return true;
 }
 
@@ -186,6 +189,7 @@ bool JackSystem::refresh()
             "clock.");
         return true;
     }
+    endAgain();
     // A server that stands still would keep us waiting for an answer.
     if ((!portsChanged && !wiresChanged) || !waitForPeriods(1)) return false;
     if (portsChanged.exchange(false)) return followDevices(Newcomers::whenSettled);
@@ -239,6 +243,17 @@ std::vector<MidiDevice> JackSystem::settled(std::vector<MidiDevice> found)
     return found;
 }
 
+/// Whoever missed a period, or has come so late that the server did not call it yet, did not hear what ended then.
+bool JackSystem::endAgain()
+{
+    const bool isDue = endAgainAt && *endAgainAt < std::chrono::steady_clock::now();
+    if (isDue) endAgainAt.reset();
+    const std::uint64_t count = xruns.load();
+    if (count == std::exchange(xrunsSeen, count) && !isDue) return false;
+    for (const auto& output : ports.outputs()) output->listenerMissed();
+    return true;
+}
+
 void JackSystem::followWires(bool becauseOfPorts)
 {
     for (const Wire& wire : wiring.look(client.get(), becauseOfPorts)) {
@@ -249,7 +264,10 @@ void JackSystem::followWires(bool becauseOfPorts)
     if (wiring.mend(client.get())) waitForPeriods(PERIODS_TO_BE_JOINED);
     if (listening.load()) joinInputs();
     for (const Wire& wire : wiring.takeNew()) {
-        if (OutputPort* output = findOutput(wire)) output->listenerIsBack();
+        if (OutputPort* output = findOutput(wire)) {
+            output->listenerIsBack();
+            endAgainAt = std::chrono::steady_clock::now() + UNTIL_IT_IS_CALLED;
+        }
         tellLoop(wire);
     }
 }
@@ -497,7 +515,11 @@ void JackSystem::close()
     for (const auto& port : ports.outputs()) port->close();
     if (!client) return;
     // Asked to close by a server that stands still we would wait for ever.
-    if ((waitUntilSilent(0, ports.outputs().size()) && waitForPeriods(PERIODS_TO_BE_HEARD)) || hasDied())
+    endAgain();
+    bool goesOn = waitUntilSilent(0, ports.outputs().size()) && waitForPeriods(PERIODS_TO_BE_HEARD);
+    for (int tries = 0; tries < TRIES_TO_BE_HEARD && goesOn && endAgain(); ++tries)
+        goesOn = waitForPeriods(PERIODS_TO_BE_HEARD);
+    if (goesOn || hasDied())
         client.reset();
     else
         static_cast<void>(client.release());

@@ -58,6 +58,7 @@ private:
     // Devices
     enum class Newcomers { atOnce, whenSettled };
     bool followDevices(Newcomers newcomersPlay);
+    bool endAgain();
     void followWires(bool portsChanged);
     void addInput(std::size_t index);
     void removeInput(std::size_t index);
@@ -117,7 +118,9 @@ private:
 
     // The control thread's
     JackWiring wiring;
+    std::uint64_t xrunsSeen = 0;
     using Time = std::chrono::steady_clock::time_point;
+    std::optional<Time> endAgainAt;
     std::map<std::string, Time> newcomers;  // addresses that were not there before, and since when they are
     std::vector<std::pair<std::size_t, jack_port_t*>> newOutputs;
     std::array<std::optional<Time>, Ports::MOST> joinFrom;  // inputs to be joined then, unless they are wired by hand

@@ -59,24 +59,30 @@ void NoteLedger::beginDelivery(std::uint32_t milliseconds)
     ended[current] = {};
 }
 
+NoteLedger::Sounds NoteLedger::inDoubt() const
+{
+    Sounds doubts;
+    for (const Sounds& last : ended) {
+        doubts.notes |= last.notes;
+        doubts.pedals |= last.pedals;
+    }
+    return doubts;
+}
+
 void NoteLedger::doubt()
 {
-    for (Sounds& last : ended) {
-        sounding |= last.notes;
-        pedals |= last.pedals;
-        last = {};
-    }
+    const Sounds doubts = inDoubt();
+    sounding |= doubts.notes;
+    pedals |= doubts.pedals;
     soundingCount = static_cast<int>(sounding.count());
+    ended = {};
     mayDoubt = 0;
 }
 
 void NoteLedger::owe()
 {
-    owed.notes |= sounding;
-    owed.pedals |= pedals;
-    for (const Sounds& last : ended) {
-        owed.notes |= last.notes;
-        owed.pedals |= last.pedals;
-    }
+    const Sounds doubts = inDoubt();
+    owed.notes |= sounding | doubts.notes;
+    owed.pedals |= pedals | doubts.pedals;
 }
 }  // namespace Host

@@ -46,16 +46,33 @@ public:
     template <class Send>
     bool pay(Send&& send)
     {
+        mayDoubt = ended.size();
         owed.notes &= ~sounding;
         owed.pedals &= ~pedals;
         for (std::size_t index = 0; owed.notes.any() && index < owed.notes.size(); ++index) {
-            if (owed.notes[index] && !send(noteOff(index))) return false;
+            if (!owed.notes[index]) continue;
+            if (!send(noteOff(index))) return false;
             owed.notes.reset(index);
+            ended[current].notes.set(index);
         }
         for (std::size_t index = 0; owed.pedals.any() && index < owed.pedals.size(); ++index) {
-            if (owed.pedals[index] && !send(pedalUp(index))) return false;
+            if (!owed.pedals[index]) continue;
+            if (!send(pedalUp(index))) return false;
             owed.pedals.reset(index);
+            ended[current].pedals.set(index);
         }
+        return true;
+    }
+
+    /// Gives the ends that are in doubt once more, as `release` does.
+    template <class Send>
+    bool repeatEnds(Send&& send) const
+    {
+        const Sounds doubts = inDoubt();
+        for (std::size_t index = 0; doubts.notes.any() && index < doubts.notes.size(); ++index)
+            if (doubts.notes[index] && !sounding[index] && !send(noteOff(index))) return false;
+        for (std::size_t index = 0; doubts.pedals.any() && index < doubts.pedals.size(); ++index)
+            if (doubts.pedals[index] && !pedals[index] && !send(pedalUp(index))) return false;
         return true;
     }
 
@@ -92,6 +109,7 @@ private:
         PedalSet pedals;
     };
 
+    Sounds inDoubt() const;
     static ShortMessage pedalUp(std::size_t index);
     void setSounding(std::size_t index, bool sounds);
     void setPedal(std::size_t index, bool down);

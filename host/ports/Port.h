@@ -88,16 +88,12 @@ public:
     {
         const bool keepsOpen = isOpen.load();
         ledger.beginDelivery(monotonicMilliseconds());
+        const auto sendNow = [&](const ShortMessage& message) { return send(message, now); };
+        if (!endAgain(sendNow)) return;
         if (keepsOpen) silent.store(false, std::memory_order_relaxed);
         if (isSilent()) {
             waiting.drain([](const StampedMessage&) { return true; });
             return;
-        }
-        if (broken.exchange(false)) ledger.owe();
-        const auto sendNow = [&](const ShortMessage& message) { return send(message, now); };
-        if (isBack.load()) {
-            if (!ledger.pay(sendNow)) return;
-            isBack.store(false);
         }
         const bool done = waiting.drain([&](const StampedMessage& next) {
             if (!send(next.message, next.stamp)) return false;
@@ -128,9 +124,24 @@ public:
     void listenerWent() { broken.store(true); }
     void listenerIsBack() { isBack.store(true); }
 
+    /// Somebody did not hear some of what was sent just now, so that what ended then is ended again. Control thread.
+    void listenerMissed() { missed.store(true); }
+
     std::uint64_t lossCount() const { return waiting.lossCount(); }
 
 private:
+    /// False if not all could be given yet.
+    template <class Send>
+    bool endAgain(Send& send)
+    {
+        if (broken.exchange(false)) ledger.owe();
+        const bool repeated = !missed.exchange(false) || ledger.repeatEnds(send);
+        if (!repeated) missed.store(true);
+        const bool paid = !isBack.exchange(false) || ledger.pay(send);
+        if (!paid) isBack.store(true);
+        return repeated && paid;
+    }
+
     bool isSilent() const { return silent.load(std::memory_order_acquire); }
 
     MidiRing waiting;
@@ -140,5 +151,6 @@ private:
     std::atomic<bool> silent{true};
     std::atomic<bool> broken{false};
     std::atomic<bool> isBack{false};
+    std::atomic<bool> missed{false};
 };
 }  // namespace Host

@@ -18,8 +18,8 @@ ORVANE, MIDI_SOURCE, READERS = sys.argv[1:4]
 PATIENCE = 30
 
 
-def until(condition, what):
-    limit = time.monotonic() + PATIENCE
+def until(condition, what, patience=PATIENCE):
+    limit = time.monotonic() + patience
     while not condition():
         if time.monotonic() > limit:
             raise AssertionError("waited in vain for " + what)

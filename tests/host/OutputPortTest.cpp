@@ -141,6 +141,27 @@ TEST(OutputPort, AListenerWhoIsBackHearsTheEndOfWhatEndedMeanwhileAndNothingElse
     port.play(off(62), 0);
     device.listenTo(port);
     EXPECT_EQ(device.heard, (Messages{off(60), off(62)})) << "62 and 64 sound on when it comes";
+    port.listenerMissed();
+    device.heard.clear();
+    device.listenTo(port);
+    EXPECT_EQ(device.heard, (Messages{off(60), off(62), off(66)}));
+}
+
+TEST(OutputPort, AListenerWhoMissedSomethingHearsTheLastEndsAgain)
+{
+    OutputPort port("Out");
+    Device device;
+    port.open();
+    for (const auto& message : {on(60), on(62), off(60), off(62), on(62)}) port.play(message, 0);
+    device.listenTo(port);
+    port.listenerMissed();
+    device.heard.clear();
+    device.patience = 0;
+    device.listenTo(port);
+    device.patience = 10;
+    device.listenTo(port);
+    device.listenTo(port);
+    EXPECT_EQ(device.heard, Messages{off(60)});
 }
 
 TEST(NoteLedger, DoubtsTheLastHalfSecond)
