@@ -24,7 +24,7 @@ SCREENS = ["system", "help", "display", "oscillators", "joystick", "midi-input",
            "layers", "cc", "zones"]  # in the order of the setting
 HELD_KEYS = [24, 26, 28]  # Q, E and T, by their places
 DIALOGS = [  # picture, title, the screen with its button, where that is in the window, the keys that choose from its menu
-    ("setup-dialog", "Setup", "system", (630, 40), []),
+    ("setup-dialog", "Setup", "system", (630, 40), []),  # of its pages the one of the record
     ("save-dialog", "Save", "system", (192, 112), []),
     ("bank-size-dialog", "Change Bank Size", "system", (278, 112), ["Down", "Return"]),
     ("presets-dialog", "Presets", "computer-input", (432, 44), ["Down", "Down", "Return"]),
@@ -166,6 +166,9 @@ def takeDialogs(user, display):
             user.showOnly(screen)
             user.open(scale)
             user.openDialog(title, place, scale, keys)
+            if name == "setup-dialog":
+                user.tool("xdotool", "key", "Down", "Down", "Down", "Down")
+                time.sleep(0.5)
             takePicture(user, display, name + suffix(scale), f"^{title}$")
             user.close()
 

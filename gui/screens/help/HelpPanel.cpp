@@ -13,7 +13,6 @@ namespace
 {
 constexpr QSize SIZE(760, 60);
 constexpr QRect MANUAL_BUTTON(668, 0, 92, 20);
-constexpr int GAP = 4;
 
 QString firstText()
 {
