@@ -19,8 +19,8 @@ constexpr std::size_t SYNTHESIZER = 0;
 // What a port wrote in one period has certainly been read by everyone when the second one behind it is over.
 constexpr std::uint64_t PERIODS_TO_BE_HEARD = 2;
 constexpr std::uint64_t PERIODS_TO_BE_JOINED = 3;
-constexpr int TRIES_TO_BE_HEARD = 5;        // where each meets an xrun
-constexpr auto UNTIL_IT_IS_CALLED = 300ms;  // while what ended is still in doubt
+constexpr int TRIES_TO_BE_HEARD = 5;  // where each meets an xrun
+constexpr auto UNTIL_IT_IS_CALLED = 300ms;
 constexpr auto TIME_TO_SETTLE = 200ms;
 
 // Addresses that no port of a graph has: those begin with the name of a client.
@@ -189,7 +189,8 @@ bool JackSystem::refresh()
             "clock.");
         return true;
     }
-    endAgain();
+    followXruns();
+    followNewListeners();
     // A server that stands still would keep us waiting for an answer.
     if ((!portsChanged && !wiresChanged) || !waitForPeriods(1)) return false;
     if (portsChanged.exchange(false)) return followDevices(Newcomers::whenSettled);
@@ -243,15 +244,21 @@ std::vector<MidiDevice> JackSystem::settled(std::vector<MidiDevice> found)
     return found;
 }
 
-/// Whoever missed a period, or has come so late that the server did not call it yet, did not hear what ended then.
-bool JackSystem::endAgain()
+/// Whoever missed a period did not hear what ended then.
+bool JackSystem::followXruns()
 {
-    const bool isDue = endAgainAt && *endAgainAt < std::chrono::steady_clock::now();
-    if (isDue) endAgainAt.reset();
     const std::uint64_t count = xruns.load();
-    if (count == std::exchange(xrunsSeen, count) && !isDue) return false;
+    if (count == std::exchange(xrunsSeen, count)) return false;
     for (const auto& output : ports.outputs()) output->listenerMissed();
     return true;
+}
+
+/// A wire may stand before the server calls who is at its other end.
+void JackSystem::followNewListeners()
+{
+    if (!listensFrom || *listensFrom > std::chrono::steady_clock::now()) return;
+    listensFrom.reset();
+    for (const auto& output : ports.outputs()) output->listenerListens();
 }
 
 void JackSystem::followWires(bool becauseOfPorts)
@@ -266,7 +273,7 @@ void JackSystem::followWires(bool becauseOfPorts)
     for (const Wire& wire : wiring.takeNew()) {
         if (OutputPort* output = findOutput(wire)) {
             output->listenerIsBack();
-            endAgainAt = std::chrono::steady_clock::now() + UNTIL_IT_IS_CALLED;
+            listensFrom = std::chrono::steady_clock::now() + UNTIL_IT_IS_CALLED;
         }
         tellLoop(wire);
     }
@@ -515,9 +522,9 @@ void JackSystem::close()
     for (const auto& port : ports.outputs()) port->close();
     if (!client) return;
     // Asked to close by a server that stands still we would wait for ever.
-    endAgain();
+    followXruns();
     bool goesOn = waitUntilSilent(0, ports.outputs().size()) && waitForPeriods(PERIODS_TO_BE_HEARD);
-    for (int tries = 0; tries < TRIES_TO_BE_HEARD && goesOn && endAgain(); ++tries)
+    for (int tries = 0; tries < TRIES_TO_BE_HEARD && goesOn && followXruns(); ++tries)
         goesOn = waitForPeriods(PERIODS_TO_BE_HEARD);
     if (goesOn || hasDied())
         client.reset();

@@ -58,7 +58,8 @@ private:
     // Devices
     enum class Newcomers { atOnce, whenSettled };
     bool followDevices(Newcomers newcomersPlay);
-    bool endAgain();
+    bool followXruns();
+    void followNewListeners();
     void followWires(bool portsChanged);
     void addInput(std::size_t index);
     void removeInput(std::size_t index);
@@ -120,7 +121,7 @@ private:
     JackWiring wiring;
     std::uint64_t xrunsSeen = 0;
     using Time = std::chrono::steady_clock::time_point;
-    std::optional<Time> endAgainAt;
+    std::optional<Time> listensFrom;        // whoever was wired to an output just now
     std::map<std::string, Time> newcomers;  // addresses that were not there before, and since when they are
     std::vector<std::pair<std::size_t, jack_port_t*>> newOutputs;
     std::array<std::optional<Time>, Ports::MOST> joinFrom;  // inputs to be joined then, unless they are wired by hand
