@@ -21,6 +21,7 @@ constexpr std::uint64_t PERIODS_TO_BE_HEARD = 2;
 constexpr std::uint64_t PERIODS_TO_BE_JOINED = 3;
 constexpr int TRIES_TO_BE_HEARD = 5;  // where each meets an xrun
 constexpr auto UNTIL_IT_IS_CALLED = 300ms;
+constexpr auto UNTIL_ALL_IS_READ = 200ms;
 constexpr auto TIME_TO_SETTLE = 200ms;
 
 // Addresses that no port of a graph has: those begin with the name of a client.
@@ -145,13 +146,22 @@ void JackSystem::enterSynthesizer()
     }
 }
 
+/// JACK's library ends its thread wherever that is. If that still reads what a dying server told and holds a lock of
+/// the library, nobody enters a graph any more.
+void JackSystem::closeDeadClient()
+{
+    std::this_thread::sleep_for(UNTIL_ALL_IS_READ);
+    client.reset();
+}
+
 /// What sounded at the far ends stays in the ledgers, and is released when they are back.
 void JackSystem::leaveDeadGraph()
 {
     for (const auto& input : ports.inputs()) input->open.store(false);
     for (const auto& output : ports.outputs()) output->close();
-    client.reset();  // and with it the process callback
+    closeDeadClient();  // and with it the process callback
     wiring.lose();
+    listensFrom.reset();
     synthesizerEntered.store(false);
     for (auto* own : {&ownInputs, &ownOutputs})
         for (auto& port : *own) port.store(nullptr);
@@ -519,14 +529,20 @@ bool JackSystem::waitUntilSilent(std::size_t first, std::size_t end) const
 void JackSystem::close()
 {
     stopListening();
-    for (const auto& port : ports.outputs()) port->close();
+    for (const auto& port : ports.outputs()) {
+        port->listenerIsBack();
+        port->listenerListens();
+        port->close();
+    }
     if (!client) return;
     // Asked to close by a server that stands still we would wait for ever.
     followXruns();
     bool goesOn = waitUntilSilent(0, ports.outputs().size()) && waitForPeriods(PERIODS_TO_BE_HEARD);
     for (int tries = 0; tries < TRIES_TO_BE_HEARD && goesOn && followXruns(); ++tries)
         goesOn = waitForPeriods(PERIODS_TO_BE_HEARD);
-    if (goesOn || hasDied())
+    if (hasDied())
+        closeDeadClient();
+    else if (goesOn)
         client.reset();
     else
         static_cast<void>(client.release());

@@ -51,6 +51,7 @@ private:
     void makeSynthesizer(double sampleRate);
     bool enter(JackClient newClient);
     void enterSynthesizer();
+    void closeDeadClient();
     void leaveDeadGraph();
     bool enterNewGraph();
     bool hasDied() const { return died.load(); }
