@@ -13,7 +13,7 @@ using namespace std::chrono_literals;
 namespace
 {
 constexpr std::size_t SYNTHESIZER = 0;
-constexpr auto UNTIL_IT_IS_CALLED = 300ms;  // while what ended is still in doubt
+constexpr auto UNTIL_IT_IS_CALLED = 300ms;
 constexpr auto TIME_TO_SETTLE = 200ms;
 
 // Addresses that no port of a graph has: those begin with the name of a client.
@@ -59,7 +59,8 @@ void JackDevices::lose()
 
 bool JackDevices::refresh()
 {
-    endAgain();
+    followXruns();
+    followNewListeners();
     // A server that stands still would keep us waiting for an answer.
     if ((!periods.portsChanged && !periods.wiresChanged) || !periods.waitFor(1)) return false;
     if (periods.portsChanged.exchange(false)) return follow(Newcomers::whenSettled);
@@ -113,15 +114,21 @@ std::vector<MidiDevice> JackDevices::settled(std::vector<MidiDevice> found)
     return found;
 }
 
-/// Whoever missed a period, or has come so late that the server did not call it yet, did not hear what ended then.
-bool JackDevices::endAgain()
+/// Whoever missed a period did not hear what ended then.
+bool JackDevices::followXruns()
 {
-    const bool isDue = endAgainAt && *endAgainAt < std::chrono::steady_clock::now();
-    if (isDue) endAgainAt.reset();
     const std::uint64_t count = periods.getXruns();
-    if (count == std::exchange(xrunsSeen, count) && !isDue) return false;
+    if (count == std::exchange(xrunsSeen, count)) return false;
     for (const auto& output : ports.outputs()) output->listenerMissed();
     return true;
+}
+
+/// A wire may stand before the server calls who is at its other end.
+void JackDevices::followNewListeners()
+{
+    if (!listensFrom || *listensFrom > std::chrono::steady_clock::now()) return;
+    listensFrom.reset();
+    for (const auto& output : ports.outputs()) output->listenerListens();
 }
 
 void JackDevices::followWires(bool becauseOfPorts)
@@ -136,7 +143,7 @@ void JackDevices::followWires(bool becauseOfPorts)
     for (const Wire& wire : wiring.takeNew()) {
         if (OutputPort* output = findOutput(wire)) {
             output->listenerIsBack();
-            endAgainAt = std::chrono::steady_clock::now() + UNTIL_IT_IS_CALLED;
+            listensFrom = std::chrono::steady_clock::now() + UNTIL_IT_IS_CALLED;
         }
         tellLoop(wire);
     }

@@ -40,8 +40,8 @@ public:
     /// Takes notice of what changed; true if a list is another one now.
     bool refresh();
 
-    /// Ends again what was ended where somebody missed it; false if nobody did.
-    bool endAgain();
+    /// What ended in a period that somebody missed is ended once more; false if there was none since the last call.
+    bool followXruns();
 
     /// Joins the inputs that are not heard at "Orvane In" already.
     void joinInputs();
@@ -69,6 +69,7 @@ private:
     void openNewOutputs();
     bool isSynthesizerThere() const { return periods.synthesizer.load() != nullptr; }
 
+    void followNewListeners();
     void followWires(bool becauseOfPorts);
     void noteCutInput(const Wire& wire, bool becauseOfPorts);
     OutputPort* findOutput(const Wire& wire) const;
@@ -90,7 +91,7 @@ private:
 
     JackWiring wiring;
     std::uint64_t xrunsSeen = 0;
-    std::optional<Time> endAgainAt;
+    std::optional<Time> listensFrom;        // whoever was wired to an output just now
     std::map<std::string, Time> newcomers;  // addresses that were not there before, and since when they are
     std::vector<std::pair<std::size_t, jack_port_t*>> newOutputs;
     std::array<std::optional<Time>, Ports::MOST> joinFrom;  // inputs to be joined then, unless they are wired by hand

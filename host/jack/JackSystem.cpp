@@ -173,9 +173,9 @@ void JackSystem::close()
     for (const auto& port : ports.outputs()) port->close();
     if (!client) return;
     // Asked to close by a server that stands still we would wait for ever.
-    devices.endAgain();
+    devices.followXruns();
     bool goesOn = periods.waitUntilSilent(0, ports.outputs().size()) && periods.waitFor(JackPeriods::TO_BE_HEARD);
-    for (int tries = 0; tries < TRIES_TO_BE_HEARD && goesOn && devices.endAgain(); ++tries)
+    for (int tries = 0; tries < TRIES_TO_BE_HEARD && goesOn && devices.followXruns(); ++tries)
         goesOn = periods.waitFor(JackPeriods::TO_BE_HEARD);
     if (goesOn || hasDied())
         client.reset();

@@ -79,6 +79,13 @@ void NoteLedger::doubt()
     mayDoubt = 0;
 }
 
+void NoteLedger::noteMissed()
+{
+    const Sounds doubts = inDoubt();
+    missed.notes |= doubts.notes;
+    missed.pedals |= doubts.pedals;
+}
+
 void NoteLedger::owe()
 {
     const Sounds doubts = inDoubt();

@@ -46,34 +46,32 @@ public:
     template <class Send>
     bool pay(Send&& send)
     {
-        mayDoubt = ended.size();
         owed.notes &= ~sounding;
         owed.pedals &= ~pedals;
-        for (std::size_t index = 0; owed.notes.any() && index < owed.notes.size(); ++index) {
-            if (!owed.notes[index]) continue;
-            if (!send(noteOff(index))) return false;
-            owed.notes.reset(index);
-            ended[current].notes.set(index);
-        }
-        for (std::size_t index = 0; owed.pedals.any() && index < owed.pedals.size(); ++index) {
-            if (!owed.pedals[index]) continue;
-            if (!send(pedalUp(index))) return false;
-            owed.pedals.reset(index);
-            ended[current].pedals.set(index);
-        }
-        return true;
+        paid.notes |= owed.notes;
+        paid.pedals |= owed.pedals;
+        return giveEnds(owed, send);
     }
 
-    /// Gives the ends that are in doubt once more, as `release` does.
+    /// Gives once more what was paid, as it may have come too early.
     template <class Send>
-    bool repeatEnds(Send&& send) const
+    bool payAgain(Send&& send)
     {
-        const Sounds doubts = inDoubt();
-        for (std::size_t index = 0; doubts.notes.any() && index < doubts.notes.size(); ++index)
-            if (doubts.notes[index] && !sounding[index] && !send(noteOff(index))) return false;
-        for (std::size_t index = 0; doubts.pedals.any() && index < doubts.pedals.size(); ++index)
-            if (doubts.pedals[index] && !pedals[index] && !send(pedalUp(index))) return false;
-        return true;
+        paid.notes &= ~sounding;
+        paid.pedals &= ~pedals;
+        return giveEnds(paid, send);
+    }
+
+    /// Somebody missed some of what was sent: what is in doubt is to be given once more by `repeat`.
+    void noteMissed();
+
+    /// Gives that, as `release` does.
+    template <class Send>
+    bool repeat(Send&& send)
+    {
+        missed.notes &= ~sounding;
+        missed.pedals &= ~pedals;
+        return giveEnds(missed, send);
     }
 
     /// Gives the note offs, then the pedals up, to `send(const ShortMessage&)`. False as soon as that refuses one: what
@@ -109,6 +107,21 @@ private:
         PedalSet pedals;
     };
 
+    /// Takes away what was given.
+    template <class Send>
+    static bool giveEnds(Sounds& ends, Send& send)
+    {
+        for (std::size_t index = 0; ends.notes.any() && index < ends.notes.size(); ++index) {
+            if (ends.notes[index] && !send(noteOff(index))) return false;
+            ends.notes.reset(index);
+        }
+        for (std::size_t index = 0; ends.pedals.any() && index < ends.pedals.size(); ++index) {
+            if (ends.pedals[index] && !send(pedalUp(index))) return false;
+            ends.pedals.reset(index);
+        }
+        return true;
+    }
+
     Sounds inDoubt() const;
     static ShortMessage pedalUp(std::size_t index);
     void setSounding(std::size_t index, bool sounds);
@@ -118,6 +131,8 @@ private:
     int soundingCount = 0;
     PedalSet pedals;
     Sounds owed;
+    Sounds paid;
+    Sounds missed;
     std::array<Sounds, 3> ended;     // each in a quarter of a second
     std::size_t current = 0;         // of these
     std::size_t mayDoubt = 0;        // so many of these may hold something

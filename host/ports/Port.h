@@ -120,9 +120,10 @@ public:
     }
 
     /// One of those who hear the port went, or is back and has not heard what ended meanwhile, so that it is ended
-    /// again. Control thread.
+    /// again; and once more when it certainly listens. Control thread.
     void listenerWent() { broken.store(true); }
     void listenerIsBack() { isBack.store(true); }
+    void listenerListens() { listensNow.store(true); }
 
     /// Somebody did not hear some of what was sent just now, so that what ended then is ended again. Control thread.
     void listenerMissed() { missed.store(true); }
@@ -135,11 +136,12 @@ private:
     bool endAgain(Send& send)
     {
         if (broken.exchange(false)) ledger.owe();
-        const bool repeated = !missed.exchange(false) || ledger.repeatEnds(send);
-        if (!repeated) missed.store(true);
+        if (missed.exchange(false)) ledger.noteMissed();
         const bool paid = !isBack.exchange(false) || ledger.pay(send);
         if (!paid) isBack.store(true);
-        return repeated && paid;
+        const bool paidAgain = !listensNow.exchange(false) || ledger.payAgain(send);
+        if (!paidAgain) listensNow.store(true);
+        return paid && paidAgain && ledger.repeat(send);
     }
 
     bool isSilent() const { return silent.load(std::memory_order_acquire); }
@@ -151,6 +153,7 @@ private:
     std::atomic<bool> silent{true};
     std::atomic<bool> broken{false};
     std::atomic<bool> isBack{false};
+    std::atomic<bool> listensNow{false};
     std::atomic<bool> missed{false};
 };
 }  // namespace Host
