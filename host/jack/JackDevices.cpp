@@ -45,6 +45,7 @@ void JackDevices::lose()
 {
     client = nullptr;
     wiring.lose();
+    listensFrom.reset();
     for (auto* own : {&periods.inputs, &periods.outputs})
         for (auto& port : *own) port.store(nullptr);
     for (const auto& input : ports.inputs()) input->found = false;

@@ -1,13 +1,18 @@
 #include "host/jack/JackSystem.h"
 
+#include <chrono>
 #include <stdexcept>
+#include <thread>
 
 namespace Host
 {
+using namespace std::chrono_literals;
+
 namespace
 {
 constexpr std::size_t SYNTHESIZER = 0;
 constexpr int TRIES_TO_BE_HEARD = 5;  // where each meets an xrun
+constexpr auto UNTIL_ALL_IS_READ = 200ms;
 }  // namespace
 
 JackSystem::JackSystem(JackClient openClient, std::string wantedName, Ports& allPorts, Event& wakeEvent)
@@ -122,10 +127,18 @@ void JackSystem::enterSynthesizer()
     }
 }
 
+/// JACK's library ends its thread wherever that is. If that still reads what a dying server told and holds a lock of
+/// the library, nobody enters a graph any more.
+void JackSystem::closeDeadClient()
+{
+    std::this_thread::sleep_for(UNTIL_ALL_IS_READ);
+    client.reset();
+}
+
 void JackSystem::leaveDeadGraph()
 {
     devices.close();
-    client.reset();  // and with it the process callback
+    closeDeadClient();  // and with it the process callback
     periods.synthesizer.store(nullptr);
     devices.lose();
 }
@@ -170,14 +183,20 @@ void JackSystem::connect(const std::string& from, const std::string& to) { devic
 void JackSystem::close()
 {
     stopListening();
-    for (const auto& port : ports.outputs()) port->close();
+    for (const auto& port : ports.outputs()) {
+        port->listenerIsBack();
+        port->listenerListens();
+        port->close();
+    }
     if (!client) return;
     // Asked to close by a server that stands still we would wait for ever.
     devices.followXruns();
     bool goesOn = periods.waitUntilSilent(0, ports.outputs().size()) && periods.waitFor(JackPeriods::TO_BE_HEARD);
     for (int tries = 0; tries < TRIES_TO_BE_HEARD && goesOn && devices.followXruns(); ++tries)
         goesOn = periods.waitFor(JackPeriods::TO_BE_HEARD);
-    if (goesOn || hasDied())
+    if (hasDied())
+        closeDeadClient();
+    else if (goesOn)
         client.reset();
     else
         static_cast<void>(client.release());

@@ -44,6 +44,7 @@ private:
     bool enter(JackClient newClient);
     void enterSynthesizer();
     bool isSynthesizerThere() const { return periods.synthesizer.load() != nullptr; }
+    void closeDeadClient();
     void leaveDeadGraph();
     bool enterNewGraph();
     bool hasDied() const { return periods.died.load(); }

@@ -89,7 +89,7 @@ void NoteLedger::noteMissed()
 void NoteLedger::owe()
 {
     const Sounds doubts = inDoubt();
-    owed.notes |= sounding | doubts.notes;
-    owed.pedals |= pedals | doubts.pedals;
+    owed.notes |= sounding | doubts.notes | paid.notes;
+    owed.pedals |= pedals | doubts.pedals | paid.pedals;
 }
 }  // namespace Host

@@ -39,7 +39,8 @@ public:
     /// The way to the far end is broken: what is in doubt sounds.
     void doubt();
 
-    /// One of the ways is broken: what sounds or is in doubt now is owed to it until `pay`.
+    /// One of the ways is broken: what sounds or is in doubt now is owed to it until `pay`, and again what was not yet
+    /// given twice.
     void owe();
 
     /// The way is there again: gives the ends of what is owed and does not sound now, as `release` does.

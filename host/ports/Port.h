@@ -113,6 +113,7 @@ public:
     void lose()
     {
         waiting.drain([](const StampedMessage&) { return true; });
+        for (auto* news : {&broken, &isBack, &listensNow, &missed}) news->store(false);  // nobody listens any more
         ledger.owe();
         ledger.doubt();
         sounding.store(ledger.soundingNotes(), std::memory_order_relaxed);

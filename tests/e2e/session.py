@@ -228,11 +228,12 @@ class Session(live.House):
                     self.environment["DISPLAY"] = display.name
                 orvane = self.start(*(["run"] if how == "run" else []), *connect)
                 until(lambda: "every note off" in orvane.printed, "orvane")
-                self.play("orvane.nTEST:Orvane In", "0:903c64")
+                keys = Program(self, live.MIDI_SOURCE, "keys", "orvane.nTEST:Orvane In", "0:903c64", "60000:800000")
                 until(lambda: monitor.heard[-1:] == ["90 3c 64"], "the note")
                 self.save()
                 self.assertEqual(orvane.end(signal.SIGTERM), 0, orvane.complained)
                 until(lambda: monitor.heard[-1:] == ["80 3c 64"], "the note off")
+                keys.clean()
 
 
 if __name__ == "__main__":
