@@ -50,7 +50,7 @@ class Endurance(hotplug.Stage):
             print(f"{minute:5.1f} min, {self.memory(orvane)} kB: {orvane.printed.splitlines()[-1]}", flush=True)
             until_then = begin + 60 * (int(minute) + 1)
             while time.monotonic() < until_then:
-                guest = Monitor(self, "guest")
+                guest = Monitor(self, "guest", tried=False)
                 time.sleep(2)
                 guest.clean()
                 time.sleep(2)

@@ -60,7 +60,7 @@ void PlayThread::play()
     LiveHost host(options, signals, event, tell);
     host.start();
     playing.set_value(&host);
-    host.playUntil([this] { return isWindowClosed.load() || signals.isEndWanted(); });
+    host.playUntil([this] { return isEnding(); });
     if (!isWindowClosed.load()) {
         closeWindow();
         windowClosed.waitFor(LONGEST_WAIT_FOR_THE_WINDOW);

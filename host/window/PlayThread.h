@@ -28,6 +28,9 @@ public:
     /// Waits until it plays. Throws what hindered it.
     LiveHost& waitUntilPlaying() { return *playing.get_future().get(); }
 
+    /// Whether the end was asked for. Any thread.
+    bool isEnding() const { return isWindowClosed.load() || signals.isEndWanted(); }
+
     /// To be called when nothing of the window touches the backend any more: ends with every note off, and returns when
     /// all is done.
     void end();

@@ -90,20 +90,24 @@ void leave()
         qApp, [] { QCoreApplication::exit(0); }, Qt::QueuedConnection);
 }
 
-void welcome(WindowDoor& door, LivePlay& play, Frame& frame)
+/// A window whose end was asked for takes nobody in, also before it closes.
+void welcome(WindowDoor& door, const PlayThread& play, LiveHost& host, Frame& frame)
 {
     door.open([&](const std::vector<std::string>& files) {
-        for (const std::string& file : files) postLoad(play.getOrv().getOrvMessageManager(), file);
+        if (play.isEnding()) return false;
+        for (const std::string& file : files) postLoad(host.getPlay().getOrv().getOrvMessageManager(), file);
         QMetaObject::invokeMethod(&frame, &Frame::raiseAboveAll, Qt::QueuedConnection);
+        return true;
     });
 }
 
-void playWithWindow(LiveHost& host, WindowDoor* door, HelpLine& helpLine, const RunOptions& options)
+void playWithWindow(PlayThread& play, WindowDoor* door, HelpLine& helpLine, const RunOptions& options)
 {
+    LiveHost& host = play.waitUntilPlaying();
     DesktopWindow window(host.getPlay().getOrv(), &leave);
     helpLine.showIn(window.getGui());
     if (options.display) window.getGui().showScreen(Backend::Screen::display, true);
-    if (door != nullptr) welcome(*door, host.getPlay(), window.getFrame());
+    if (door != nullptr) welcome(*door, play, host, window.getFrame());
     std::cout << host.describe() << "Closing the window, or Ctrl+C, ends with every note off." << std::endl;
     QApplication::exec();
     if (door != nullptr) door->close();
@@ -125,7 +129,7 @@ int runWithWindow(const RunOptions& options, const std::string& platform)
             helpLine.show(line);
         },
         &leave);
-    playWithWindow(play.waitUntilPlaying(), door.get(), helpLine, options);
+    playWithWindow(play, door.get(), helpLine, options);
     play.end();
     return 0;
 }

@@ -137,8 +137,7 @@ void WindowDoor::run(const Visit& visit) const
         if (!visitor.isOwnUsers()) continue;
         const auto files = unpack(visitor.readAll());
         if (!files) continue;
-        visit(*files);
-        visitor.write(WORDS);
+        if (visit(*files)) visitor.write(WORDS);
     }
 }
 

@@ -18,7 +18,7 @@ namespace Host
 class WindowDoor
 {
 public:
-    using Visit = std::function<void(const std::vector<std::string>& files)>;
+    using Visit = std::function<bool(const std::vector<std::string>& files)>;
 
     enum class Knock {
         answered,
@@ -38,7 +38,8 @@ public:
     WindowDoor(const WindowDoor&) = delete;
     WindowDoor& operator=(const WindowDoor&) = delete;
 
-    /// From now on who knocks is answered; `visit` gets the files, on a thread of the door's. Once.
+    /// From now on who knocks is answered; `visit` gets the files, on a thread of the door's, and says whether it took
+    /// them: if not, the visitor tries again. Once.
     void open(Visit visit);
 
     /// Nobody is answered any more. Those who knock try again until somebody else has a window.

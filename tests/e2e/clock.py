@@ -141,7 +141,8 @@ class Clocks(live.House):
                 self.assertEqual(len(song), 4, f"{song}: what the layers make of the start does not come too")
                 last = bpm + drift * beats
                 for distance in record.distances(STOP)[1:]:
-                    self.assertAlmostEqual(distance, 48000 * 60 / last / 24, delta=24)
+                    expected = 48000 * 60 / last / 24
+                    self.assertAlmostEqual(distance, expected, delta=expected / 10)  # a busy server loses frames
             self.server.end(signal.SIGKILL)
             until(lambda: orvane.complained.count("server is gone") == turn + 1, "the complaint")
             self.serve()

@@ -65,7 +65,7 @@ class Stage(live.House):
               "server is back" in orvane.complained.splitlines()[-1], "the return")
 
     def monitor(self, name="monitor", wired_to=None):
-        monitor = Monitor(self, name)
+        monitor = Monitor(self, name, tried=False)
         if wired_to:
             until(lambda: wired_to in self.connections(f"{name}:input"), f"the wire of {name}")
         return monitor

@@ -2,6 +2,7 @@
 #include <jack/midiport.h>
 
 #include <atomic>
+#include <cerrno>
 #include <charconv>
 #include <chrono>
 #include <cstdint>
@@ -28,6 +29,7 @@ struct Source {
     jack_client_t* client = nullptr;
     jack_port_t* port = nullptr;
     std::vector<Event> events;
+    std::atomic<bool> called{false};
     std::atomic<bool> playing{false};
     std::atomic<std::size_t> next{0};
     std::atomic<int> periodsAfterwards{0};
@@ -52,6 +54,7 @@ int process(jack_nframes_t frames, void* argument)
     auto& source = *static_cast<Source*>(argument);
     void* buffer = jack_port_get_buffer(source.port, frames);
     jack_midi_clear_buffer(buffer);
+    source.called = true;
     if (!source.playing) return 0;
     const std::int64_t now = source.frames * 1000 / jack_get_sample_rate(source.client);
     for (; source.next < source.events.size() && source.events[source.next].milliseconds <= now; ++source.next) {
@@ -66,17 +69,33 @@ int process(jack_nframes_t frames, void* argument)
 bool isJoined(const Source& source, const char* destination)
 {
     if (std::string_view(destination) == "-") return jack_port_connected(source.port) > 0;
-    return jack_connect(source.client, jack_port_name(source.port), destination) == 0;
+    const int error = jack_connect(source.client, jack_port_name(source.port), destination);
+    return error == 0 || error == EEXIST;  // whoever is there may have joined it already, as it was before
 }
 
 template <class Condition>
-bool waitFor(Condition condition)
+bool waitFor(Condition condition, int tries = 2000)
 {
-    for (int tries = 0; tries < 2000; ++tries) {
+    for (; tries > 0; --tries) {
         if (condition()) return true;
         std::this_thread::sleep_for(std::chrono::milliseconds(10));
     }
     return false;
+}
+
+using Client = std::unique_ptr<jack_client_t, int (*)(jack_client_t*)>;
+
+/// The server of a busy machine now and then takes a client in and never wakes it: then the next one is tried.
+Client enter(Source& source, const char* name)
+{
+    for (int tries = 0; tries < 4; ++tries) {
+        Client client(source.client = jack_client_open(name, JackNoStartServer, nullptr), jack_client_close);
+        if (!client) break;
+        source.port = jack_port_register(client.get(), "out", JACK_DEFAULT_MIDI_TYPE, JackPortIsOutput, 0);
+        jack_set_process_callback(client.get(), process, &source);
+        if (jack_activate(client.get()) == 0 && waitFor([&] { return source.called.load(); }, 200)) return client;
+    }
+    return {nullptr, jack_client_close};
 }
 }  // namespace
 
@@ -87,12 +106,8 @@ int main(int argc, char** argv)
     for (int index = 3; index < argc; ++index)
         if (!parse(argv[index], source.events.emplace_back())) return 2;
 
-    source.client = jack_client_open(argv[1], JackNoStartServer, nullptr);
-    if (source.client == nullptr) return 1;
-    const std::unique_ptr<jack_client_t, int (*)(jack_client_t*)> closer(source.client, jack_client_close);
-    source.port = jack_port_register(source.client, "out", JACK_DEFAULT_MIDI_TYPE, JackPortIsOutput, 0);
-    jack_set_process_callback(source.client, process, &source);
-    if (jack_activate(source.client) != 0) return 1;
+    const Client client = enter(source, argv[1]);
+    if (!client) return 1;
     if (!waitFor([&] { return isJoined(source, argv[2]); })) {
         std::fprintf(stderr, "midi_source: %s is not there\n", argv[2]);
         return 1;

@@ -137,7 +137,7 @@ class Window(live.House):
         self.serve()
         until(lambda: "server is back" in orvane.complained, "the return")
         self.monitor.clean()
-        self.monitor = Monitor(self, "monitor")
+        self.monitor = Monitor(self, "monitor", tried=False)
         until(lambda: self.monitor.heard.count("f8") > 48, "ticks")
         self.holdANote()
         self.tool(X_CLIENT, "close", TITLE)
@@ -176,6 +176,7 @@ class Window(live.House):
         other.clean()
 
         self.tool("xdotool", "windowfocus", "--sync", self.windows()[0])
+        self.awaitFocus()
         self.key("keydown", Q)
         until(lambda: self.monitor.heard.count("90 3c 64") == 3, "the third note and no more")
         self.assertEqual(orvane.end(signal.SIGTERM), 0, orvane.complained)

@@ -10,6 +10,8 @@
 #include <QListWidget>
 #include <QMessageBox>
 #include <QStackedWidget>
+#include <map>
+#include <string>
 
 #include "backend/persistence/Program.h"
 #include "backend/persistence/RegistrySettings.h"
@@ -177,12 +179,11 @@ TEST_F(SetupDialog, SwitchesAreDoneAtOkAndNotBefore)
         EXPECT_EQ(isChecked(row.name), !first) << row.name;
         EXPECT_EQ((settings().*row.get)(), first) << row.name;
     }
-    std::vector<bool> before;
-    for (const SwitchCase& row : SWITCHES) before.push_back((settings().*row.get)());
+    std::map<std::string, bool> before;
+    for (const SwitchCase& row : SWITCHES) before[row.name] = (settings().*row.get)();
     press("OK");
     EXPECT_FALSE(isOpen());
-    for (std::size_t i = 0; i < before.size(); ++i)
-        EXPECT_NE((settings().*SWITCHES[i].get)(), before[i]) << SWITCHES[i].name;
+    for (const SwitchCase& row : SWITCHES) EXPECT_NE((settings().*row.get)(), before[row.name]) << row.name;
 }
 
 TEST_F(SetupDialog, NumbersAreTakenWithinTheirLimits)

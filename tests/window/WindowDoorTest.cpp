@@ -39,6 +39,7 @@ TEST(WindowDoor, GivesTheFilesOfThoseWhoKnockToTheOneWindow)
     door->open([&](const Files& files) {
         const std::lock_guard guard(lock);
         visits.push_back(files);
+        return true;
     });
     const std::vector<Files> all = {{}, {"/a.prg"}, {"/a b\n.bnk", "", "/ö"}, Files(2000, "/a/rather/long/path.bnk")};
     for (const Files& files : all) EXPECT_EQ(WindowDoor::knock(files), Knock::answered);
@@ -52,7 +53,8 @@ TEST(WindowDoor, IsFreeAgainWhenTheWindowIsClosed)
     EXPECT_EQ(WindowDoor::knock({}), Knock::inVain);
     {
         const auto door = WindowDoor::build();
-        door->open([](const Files&) {});
+        door->open([](const Files&) { return false; });
+        EXPECT_EQ(WindowDoor::knock({}), Knock::inVain) << "its end was asked for";
         door->close();
         EXPECT_EQ(WindowDoor::knock({}), Knock::inVain);
         EXPECT_FALSE(WindowDoor::build()) << "it still ends";
@@ -83,7 +85,7 @@ TEST(WindowDoor, ReplacesWhatAKilledProgramLeft)
     }
     const auto door = WindowDoor::build();
     ASSERT_TRUE(door);
-    door->open([](const Files&) {});
+    door->open([](const Files&) { return true; });
     EXPECT_EQ(WindowDoor::knock({}), Knock::answered);
 }
 
