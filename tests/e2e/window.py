@@ -8,6 +8,7 @@ import signal
 import socket
 import subprocess
 import sys
+import time
 import unittest
 
 import live
@@ -85,7 +86,9 @@ class Window(live.House):
         return self.tool("xdotool", "getwindowfocus", "getwindowname", status=None).strip()
 
     def awaitFocus(self):
+        """Of a key that goes down at the same moment the window cannot tell whether it was held before."""
         until(lambda: self.focused() == TITLE, "the focus")
+        time.sleep(0.5)
 
     def key(self, action, code):
         self.tool("xdotool", action, str(code))
