@@ -99,14 +99,17 @@ struct SessionManager::Osc {
         return 0;
     }
 
+    /// A text begins at four bytes, where none of the union's numbers may.
+    static const char* textOf(const lo_arg* value) { return reinterpret_cast<const char*>(value); }
+
     void take(std::string_view path, std::string_view types, lo_arg** values)
     {
         if (path == OPEN && types.starts_with("sss"))
-            takeOpening({&values[0]->s, &values[2]->s});
+            takeOpening({textOf(values[0]), textOf(values[2])});
         else if (path == SAVE && saveWanted)
             saveWanted();
-        else if (path == REFUSAL && types == "sis" && &values[0]->s == std::string_view(ANNOUNCE))
-            refusal = &values[2]->s;
+        else if (path == REFUSAL && types == "sis" && textOf(values[0]) == std::string_view(ANNOUNCE))
+            refusal = textOf(values[2]);
     }
 
     /// The program plays in one session for as long as it runs.
