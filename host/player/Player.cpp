@@ -25,19 +25,18 @@ Player::Player(const Ports& allPorts, Event& wishes) : ports(allPorts), wish(wis
 void Player::playMidi(const Backend::MidiEngine::OrvMidiMessage& event)
 {
     OutputPort* port = portAt(ports.outputs(), event.getOutput());
-    if (port == nullptr || comesBack(event)) return;
+    if (port == nullptr) return;
     const auto message = toShortMessage(event);
-    if (!message) return;
+    if (!message || comesBack(event, *message)) return;
     port->play(*message, stamp);
     played = true;
 }
 
 /// The clock that leads is passed on to the clock that is sent; what the layers make of it there would be a second one.
-bool Player::comesBack(const Backend::MidiEngine::OrvMidiMessage& event) const
+bool Player::comesBack(const Backend::MidiEngine::OrvMidiMessage& event, const ShortMessage& message) const
 {
-    if (event.getOutput() != clockOut || event.getInput() < 0 || event.getInput() != getClockSource()) return false;
-    const auto message = toShortMessage(event);
-    return message && isOfClock(*message);
+    return event.getOutput() == clockOut && event.getInput() >= 0 && event.getInput() == getClockSource() &&
+           isOfClock(message);
 }
 
 void Player::hearTempo(double bpm)

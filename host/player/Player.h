@@ -16,7 +16,7 @@ class Player final : public Backend::MidiEngine::MidiPlayer
 public:
     static constexpr int FIRST_TEMPO = 120;
 
-    /// Both must outlive the player. `ports` is complete.
+    /// Both must outlive the player.
     Player(const Ports& allPorts, Event& wishes);
 
     // Time slice
@@ -81,7 +81,7 @@ public:
     bool takeOutputWish() { return outputWish.exchange(false); }
 
 private:
-    bool comesBack(const Backend::MidiEngine::OrvMidiMessage& event) const;
+    bool comesBack(const Backend::MidiEngine::OrvMidiMessage& event, const ShortMessage& message) const;
 
     const Ports& ports;
     Event& wish;

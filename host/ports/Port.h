@@ -42,8 +42,8 @@ struct InputPort : Port {
     /// What arrives is taken. The control thread writes.
     std::atomic<bool> open{false};
 
-    /// Pushes a message unless there are too many. `stamp` and `milliseconds` as in
-    /// `StampedMessage` and `EventLimit`. The thread that hears the device.
+    /// Pushes a message unless there are too many. `stamp` and `milliseconds` as in `StampedMessage` and `EventLimit`.
+    /// The thread that hears the device.
     bool take(const ShortMessage& message, std::uint32_t stamp, std::uint32_t milliseconds)
     {
         const bool passes = limit.passes(message, milliseconds);
@@ -113,7 +113,7 @@ public:
     void lose()
     {
         waiting.drain([](const StampedMessage&) { return true; });
-        for (auto* news : {&broken, &isBack, &listensNow, &missed}) news->store(false);  // nobody listens any more
+        news.store(0);  // nobody listens any more
         ledger.owe();
         ledger.doubt();
         sounding.store(ledger.soundingNotes(), std::memory_order_relaxed);
@@ -122,27 +122,33 @@ public:
 
     /// One of those who hear the port went, or is back and has not heard what ended meanwhile, so that it is ended
     /// again; and once more when it certainly listens. Control thread.
-    void listenerWent() { broken.store(true); }
-    void listenerIsBack() { isBack.store(true); }
-    void listenerListens() { listensNow.store(true); }
+    void listenerWent() { news.fetch_or(WENT); }
+    void listenerIsBack() { news.fetch_or(IS_BACK); }
+    void listenerListens() { news.fetch_or(LISTENS); }
 
     /// Somebody did not hear some of what was sent just now, so that what ended then is ended again. Control thread.
-    void listenerMissed() { missed.store(true); }
+    void listenerMissed() { news.fetch_or(MISSED); }
 
     std::uint64_t lossCount() const { return waiting.lossCount(); }
 
 private:
+    // What there is to do about those who hear the port
+    enum News : unsigned { WENT = 1, IS_BACK = 2, LISTENS = 4, MISSED = 8, REPEATS = 16 };
+
     /// False if not all could be given yet.
     template <class Send>
     bool endAgain(Send& send)
     {
-        if (broken.exchange(false)) ledger.owe();
-        if (missed.exchange(false)) ledger.noteMissed();
-        const bool paid = !isBack.exchange(false) || ledger.pay(send);
-        if (!paid) isBack.store(true);
-        const bool paidAgain = !listensNow.exchange(false) || ledger.payAgain(send);
-        if (!paidAgain) listensNow.store(true);
-        return paid && paidAgain && ledger.repeat(send);
+        if (news.load(std::memory_order_relaxed) == 0) return true;
+        const unsigned told = news.exchange(0);
+        if ((told & WENT) != 0) ledger.owe();
+        if ((told & MISSED) != 0) ledger.noteMissed();
+        unsigned left = 0;
+        if ((told & IS_BACK) != 0 && !ledger.pay(send)) left |= IS_BACK;
+        if ((told & LISTENS) != 0 && !ledger.payAgain(send)) left |= LISTENS;
+        if ((told & (MISSED | REPEATS)) != 0 && !ledger.repeat(send)) left |= REPEATS;
+        if (left != 0) news.fetch_or(left);
+        return left == 0;
     }
 
     bool isSilent() const { return silent.load(std::memory_order_acquire); }
@@ -152,9 +158,6 @@ private:
     std::atomic<int> sounding{0};
     std::atomic<bool> isOpen{false};
     std::atomic<bool> silent{true};
-    std::atomic<bool> broken{false};
-    std::atomic<bool> isBack{false};
-    std::atomic<bool> listensNow{false};
-    std::atomic<bool> missed{false};
+    std::atomic<unsigned> news{0};
 };
 }  // namespace Host
