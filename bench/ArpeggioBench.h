@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "backend/layers/ArpeggioSetting.h"
+#include "backend/model/ArpeggioSetting.h"
 #include "bench/EngineBench.h"
 
 /// The engine with sixteen layers whose arpeggios step every 120 pulses, 60 pulses long; slices of one pulse.

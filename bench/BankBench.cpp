@@ -10,10 +10,10 @@
 
 #include "backend/core/OrvFactory.h"
 #include "backend/core/OrvMessageManager.h"
-#include "backend/midi/MidiEngine.h"
-#include "backend/persistence/Bank.h"
-#include "backend/persistence/BankFile.h"
-#include "backend/persistence/XmlDocument.h"
+#include "backend/engine/MidiEngine.h"
+#include "backend/files/Bank.h"
+#include "backend/files/BankFile.h"
+#include "backend/xml/XmlDocument.h"
 #include "bench/EngineBench.h"
 #include "platform/Folders.h"
 

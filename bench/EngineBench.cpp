@@ -1,6 +1,6 @@
 #include "bench/EngineBench.h"
 
-#include "backend/input/controls/DefaultControls.h"
+#include "backend/sections/controls/DefaultControls.h"
 
 using Backend::MidiEngine::MessageType;
 using Backend::MidiEngine::MidiEngine;

@@ -3,8 +3,8 @@
 #include <cstdint>
 #include <vector>
 
-#include "backend/input/controls/ControlUpdates.h"
-#include "backend/midi/MidiEngine.h"
+#include "backend/engine/ControlUpdates.h"
+#include "backend/engine/MidiEngine.h"
 #include "bench/Workload.h"
 
 /// A player that only sums.

@@ -8,7 +8,7 @@
 #include <thread>
 #include <vector>
 
-#include "backend/input/values/Key.h"
+#include "backend/values/Key.h"
 
 using namespace std::chrono_literals;
 using Clock = std::chrono::steady_clock;

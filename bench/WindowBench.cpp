@@ -14,10 +14,10 @@
 #include <memory>
 #include <thread>
 
-#include "backend/core/GuiMessages.h"
 #include "backend/core/OrvFactory.h"
 #include "backend/core/OrvMessageManager.h"
-#include "backend/midi/MidiPlayer.h"
+#include "backend/engine/MidiPlayer.h"
+#include "backend/messages/GuiMessages.h"
 #include "gui/OrvGuiFactory.h"
 #include "gui/OrvGuiIF.h"
 #include "gui/ParentWindow.h"

@@ -12,7 +12,7 @@
 #include <cstdlib>
 #include <thread>
 
-#include "backend/core/GuiMessages.h"
+#include "backend/messages/GuiMessages.h"
 #include "bench/KeyLatency.h"
 #include "host/window/DesktopWindow.h"
 

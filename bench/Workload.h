@@ -3,8 +3,8 @@
 #include <cstdint>
 #include <vector>
 
-#include "backend/layers/Layer.h"
-#include "backend/layers/Oscillator.h"
+#include "backend/model/Layer.h"
+#include "backend/model/Oscillator.h"
 
 /// The fixed events that every benchmark plays, so that any program can be given the same ones and checked by the same
 /// sum. Integer-exact.

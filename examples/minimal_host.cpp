@@ -10,8 +10,8 @@
 
 #include "backend/core/OrvFactory.h"
 #include "backend/core/OrvMessageManager.h"
-#include "backend/layers/LayerMessageManager.h"
-#include "backend/midi/MidiEngineMessageManager.h"
+#include "backend/engine/MidiEngineMessageManager.h"
+#include "backend/sections/layers/LayerMessageManager.h"
 
 using namespace Backend;
 using namespace Backend::MidiEngine;

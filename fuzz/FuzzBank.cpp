@@ -8,8 +8,8 @@
 #include <filesystem>
 #include <fstream>
 
-#include "backend/persistence/BankFile.h"
-#include "backend/persistence/XmlDocument.h"
+#include "backend/files/BankFile.h"
+#include "backend/xml/XmlDocument.h"
 
 using namespace Backend;
 

@@ -4,8 +4,8 @@
 #include <cstdlib>
 #include <sstream>
 
-#include "backend/input/midi/MidiEventConfigurationMap.h"
-#include "backend/persistence/XmlDocument.h"
+#include "backend/model/MidiEventConfigurationMap.h"
+#include "backend/xml/XmlDocument.h"
 
 using namespace Backend;
 using namespace Backend::MidiInput;

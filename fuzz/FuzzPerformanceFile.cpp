@@ -2,7 +2,7 @@
 #include <algorithm>
 #include <cstdlib>
 
-#include "backend/input/functions/FunctionText.h"
+#include "backend/bindings/functions/FunctionText.h"
 #include "host/InputError.h"
 #include "host/LastPulse.h"
 #include "host/performance/PerformanceFile.h"

@@ -4,7 +4,7 @@
 #include <filesystem>
 #include <fstream>
 
-#include "backend/layers/RetroRecordBuffer.h"
+#include "backend/recorder/RetroRecordBuffer.h"
 #include "host/midifile/MidiFileReader.h"
 #include "tests/stage/TemporaryFolder.h"
 

@@ -5,9 +5,9 @@
 
 #include "backend/core/OrvFactory.h"
 #include "backend/core/OrvIF.h"
-#include "backend/input/computer/ComputerInputManager.h"
-#include "backend/midi/MidiPlayer.h"
-#include "backend/persistence/XmlDocument.h"
+#include "backend/engine/MidiPlayer.h"
+#include "backend/sections/computerinput/ComputerInputManager.h"
+#include "backend/xml/XmlDocument.h"
 #include "tests/stage/PrivateFolders.h"
 
 using namespace Backend;

@@ -3,9 +3,9 @@
 #include <cstdlib>
 #include <string_view>
 
-#include "backend/persistence/OrvUtils.h"
-#include "backend/persistence/XmlDocument.h"
-#include "backend/persistence/version2/Version2Import.h"
+#include "backend/files/OrvUtils.h"
+#include "backend/files/version2/Version2Import.h"
+#include "backend/xml/XmlDocument.h"
 
 using namespace Backend;
 

@@ -3,8 +3,8 @@
 #include <cstdint>
 #include <cstdlib>
 
-#include "backend/persistence/XmlDocument.h"
-#include "backend/persistence/XmlWriter.h"
+#include "backend/xml/XmlDocument.h"
+#include "backend/xml/XmlWriter.h"
 #include "platform/Utf8.h"
 
 namespace

@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
-#include "backend/core/Screen.h"
-#include "backend/midi/MidiPort.h"
-#include "backend/midi/OrvMidiMessage.h"
+#include "backend/model/MidiPort.h"
+#include "backend/model/Screen.h"
+#include "backend/values/OrvMidiMessage.h"
 #include "gui/framework/GuiContext.h"
 #include "platform/Export.h"
 #include "platform/Rect.h"

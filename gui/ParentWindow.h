@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "backend/input/values/RelativeFixedValue.h"
+#include "backend/values/RelativeFixedValue.h"
 #include "platform/Export.h"
 
 class QWidget;

@@ -2,7 +2,7 @@
 
 #include <system_error>
 
-#include "backend/persistence/OrvUtils.h"
+#include "backend/files/OrvUtils.h"
 #include "platform/DbgStream.h"
 #include "platform/Path.h"
 

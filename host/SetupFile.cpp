@@ -1,6 +1,6 @@
 #include "host/SetupFile.h"
 
-#include "backend/persistence/Bank.h"
+#include "backend/files/Bank.h"
 #include "host/InputError.h"
 #include "host/WholeFile.h"
 

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "backend/core/ScreenState.h"
-#include "backend/midi/MidiPort.h"
-#include "backend/persistence/Bank.h"
-#include "backend/persistence/Program.h"
-#include "backend/persistence/RegistrySettings.h"
+#include "backend/files/Bank.h"
+#include "backend/files/RegistrySettings.h"
+#include "backend/model/MidiPort.h"
+#include "backend/model/Program.h"
+#include "backend/model/ScreenState.h"
 
 namespace Gui
 {

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <map>
 
-#include "backend/midi/OrvMidiMessage.h"
+#include "backend/values/OrvMidiMessage.h"
 
 namespace Backend
 {

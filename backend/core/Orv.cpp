@@ -4,11 +4,11 @@
 #include <array>
 #include <filesystem>
 
-#include "backend/core/GuiMessages.h"
-#include "backend/core/WindowMove.h"
-#include "backend/input/values/Text.h"
-#include "backend/persistence/OrvUtils.h"
-#include "backend/persistence/XmlDocument.h"
+#include "backend/files/OrvUtils.h"
+#include "backend/messages/GuiMessages.h"
+#include "backend/model/WindowMove.h"
+#include "backend/xml/Text.h"
+#include "backend/xml/XmlDocument.h"
 #include "platform/DbgStream.h"
 #include "platform/Path.h"
 

@@ -4,7 +4,7 @@
 
 #include "backend/core/GuiFactory.h"
 #include "backend/core/OrvIF.h"
-#include "backend/midi/MidiPlayer.h"
+#include "backend/engine/MidiPlayer.h"
 #include "platform/Export.h"
 
 namespace Backend

@@ -5,10 +5,10 @@
 #include <string>
 #include <utility>
 
-#include "backend/core/Command.h"
-#include "backend/core/MessageManagerMaster.h"
-#include "backend/input/controls/ControlMessageManager.h"
-#include "backend/input/joystick/JoystickMessageManager.h"
+#include "backend/messages/Command.h"
+#include "backend/messages/MessageManagerMaster.h"
+#include "backend/sections/controls/ControlMessageManager.h"
+#include "backend/sections/joystick/JoystickMessageManager.h"
 
 namespace Backend
 {

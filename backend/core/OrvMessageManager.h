@@ -1,7 +1,7 @@
 #pragma once
 
-#include "backend/core/MessageManager.h"
 #include "backend/core/OrvIF.h"
+#include "backend/messages/MessageManager.h"
 
 namespace Backend
 {

@@ -4,8 +4,8 @@
 #include <array>
 #include <string_view>
 
-#include "backend/core/GuiMessages.h"
 #include "backend/core/Orv.h"
+#include "backend/messages/GuiMessages.h"
 
 namespace Backend
 {

@@ -5,9 +5,9 @@
 #include <string_view>
 #include <vector>
 
-#include "backend/core/GuiMessages.h"
 #include "backend/core/Orv.h"
-#include "backend/persistence/XmlDocument.h"
+#include "backend/messages/GuiMessages.h"
+#include "backend/xml/XmlDocument.h"
 #include "platform/DbgStream.h"
 
 namespace Backend

@@ -4,12 +4,12 @@
 #include <string_view>
 #include <utility>
 
-#include "backend/core/GuiMessages.h"
 #include "backend/core/Orv.h"
-#include "backend/input/values/Text.h"
-#include "backend/persistence/XmlDocument.h"
-#include "backend/persistence/XmlWriter.h"
-#include "backend/persistence/version2/Version2Import.h"
+#include "backend/files/version2/Version2Import.h"
+#include "backend/messages/GuiMessages.h"
+#include "backend/xml/Text.h"
+#include "backend/xml/XmlDocument.h"
+#include "backend/xml/XmlWriter.h"
 #include "platform/DbgStream.h"
 #include "platform/Path.h"
 #include "platform/Utf8.h"

@@ -1,5 +1,5 @@
-#include "backend/core/GuiMessages.h"
 #include "backend/core/Orv.h"
+#include "backend/messages/GuiMessages.h"
 
 // The commands that keep a choice in the settings and, where a window shows it, tell the window.
 

@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "backend/midi/Note.h"
+#include "backend/values/Note.h"
 #include "gui/framework/PopupMenu.h"
 #include "gui/framework/Properties.h"
 

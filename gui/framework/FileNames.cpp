@@ -4,7 +4,7 @@
 #include <QFileInfo>
 #include <QRegularExpression>
 
-#include "backend/persistence/FileName.h"
+#include "backend/files/FileName.h"
 
 namespace Gui
 {

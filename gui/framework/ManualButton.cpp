@@ -5,7 +5,7 @@
 #include <QFileInfo>
 #include <QPushButton>
 
-#include "backend/persistence/OrvUtils.h"
+#include "backend/files/OrvUtils.h"
 
 namespace Gui
 {

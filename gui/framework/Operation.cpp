@@ -1,6 +1,6 @@
 #include "gui/framework/Operation.h"
 
-#include "backend/core/GuiMessages.h"
+#include "backend/messages/GuiMessages.h"
 #include "gui/framework/GuiWindow.h"
 #include "gui/framework/OperationDialog.h"
 #include "gui/framework/Question.h"

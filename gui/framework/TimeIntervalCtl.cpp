@@ -6,7 +6,7 @@
 #include <QWheelEvent>
 #include <algorithm>
 
-#include "backend/input/values/NoteIntervals.h"
+#include "backend/values/NoteIntervals.h"
 #include "gui/framework/GdiManager.h"
 #include "gui/framework/GuiContext.h"
 #include "gui/framework/Look.h"

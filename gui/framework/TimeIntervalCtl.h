@@ -3,7 +3,7 @@
 #include <QWidget>
 #include <cstdint>
 
-#include "backend/input/values/TimeIntervalType.h"
+#include "backend/values/TimeIntervalType.h"
 #include "gui/framework/AccessibleControl.h"
 #include "gui/framework/Button.h"
 #include "gui/framework/MouseCapture.h"

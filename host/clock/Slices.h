@@ -5,7 +5,7 @@
 #include <functional>
 #include <utility>
 
-#include "backend/midi/MidiEngine.h"
+#include "backend/engine/MidiEngine.h"
 #include "host/clock/SliceLoad.h"
 
 namespace Host

@@ -5,7 +5,7 @@
 #include <optional>
 #include <span>
 
-#include "backend/midi/OrvMidiMessage.h"
+#include "backend/values/OrvMidiMessage.h"
 
 namespace Host
 {

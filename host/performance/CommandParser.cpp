@@ -5,9 +5,9 @@
 #include <limits>
 #include <utility>
 
-#include "backend/input/functions/FunctionText.h"
-#include "backend/input/joystick/JoyAxisElementId.h"
-#include "backend/input/joystick/JoyButtonElementId.h"
+#include "backend/bindings/functions/FunctionText.h"
+#include "backend/model/JoyAxisElementId.h"
+#include "backend/model/JoyButtonElementId.h"
 #include "host/InputError.h"
 #include "host/SetupFile.h"
 

@@ -1,7 +1,7 @@
 #include "host/performance/CommandPost.h"
 
 #include "backend/core/OrvMessageManager.h"
-#include "backend/layers/RetroRecordManager.h"
+#include "backend/recorder/RetroRecordManager.h"
 #include "host/SetupFile.h"
 
 namespace Host

@@ -4,7 +4,7 @@
 #include <string>
 #include <variant>
 
-#include "backend/input/values/Key.h"
+#include "backend/values/Key.h"
 
 namespace Host
 {

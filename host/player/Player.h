@@ -3,7 +3,7 @@
 #include <atomic>
 #include <cstdint>
 
-#include "backend/midi/MidiPlayer.h"
+#include "backend/engine/MidiPlayer.h"
 #include "host/ports/Ports.h"
 #include "platform/Event.h"
 

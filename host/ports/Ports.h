@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "backend/midi/MidiPort.h"
+#include "backend/model/MidiPort.h"
 #include "host/ports/Port.h"
 #include "host/ports/PortTable.h"
 

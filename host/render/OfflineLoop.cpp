@@ -5,13 +5,13 @@
 #include <string>
 #include <thread>
 
-#include "backend/core/DisplayListener.h"
-#include "backend/core/DisplayMessageManager.h"
-#include "backend/core/GuiMessages.h"
 #include "backend/core/OrvFactory.h"
 #include "backend/core/OrvMessageManager.h"
-#include "backend/midi/MidiEngine.h"
-#include "backend/persistence/Program.h"
+#include "backend/display/DisplayListener.h"
+#include "backend/display/DisplayMessageManager.h"
+#include "backend/engine/MidiEngine.h"
+#include "backend/messages/GuiMessages.h"
+#include "backend/model/Program.h"
 #include "host/SetupFile.h"
 #include "host/performance/CommandPost.h"
 #include "platform/Thread.h"

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "backend/core/OrvIF.h"
-#include "backend/layers/RetroRecordManager.h"
+#include "backend/recorder/RetroRecordManager.h"
 #include "host/performance/PerformanceCommand.h"
 #include "host/render/PrivateHome.h"
 #include "host/render/RenderPlayer.h"

@@ -3,7 +3,7 @@
 #include <cstdlib>
 #include <system_error>
 
-#include "backend/persistence/OrvUtils.h"
+#include "backend/files/OrvUtils.h"
 #include "host/InputError.h"
 #include "host/Installer.h"
 #include "host/render/SettingChoice.h"

@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-#include "backend/midi/MidiPlayer.h"
+#include "backend/engine/MidiPlayer.h"
 
 namespace Host
 {

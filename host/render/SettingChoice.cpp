@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "backend/persistence/RegistrySettings.h"
+#include "backend/files/RegistrySettings.h"
 #include "host/InputError.h"
 
 namespace Host

@@ -7,7 +7,7 @@
 #include <utility>
 
 #include "backend/core/OrvMessageManager.h"
-#include "backend/persistence/OrvUtils.h"
+#include "backend/files/OrvUtils.h"
 #include "host/run/PortList.h"
 #include "host/run/Run.h"
 #include "host/session/Session.h"

@@ -5,14 +5,14 @@
 #include <thread>
 #include <utility>
 
-#include "backend/core/DisplayMessageManager.h"
-#include "backend/core/MessageManagerMaster.h"
 #include "backend/core/OrvFactory.h"
 #include "backend/core/OrvMessageManager.h"
-#include "backend/layers/RetroRecordManager.h"
-#include "backend/midi/MidiEngineMessageManager.h"
-#include "backend/persistence/Program.h"
-#include "backend/persistence/RegistrySettings.h"
+#include "backend/display/DisplayMessageManager.h"
+#include "backend/engine/MidiEngineMessageManager.h"
+#include "backend/files/RegistrySettings.h"
+#include "backend/messages/MessageManagerMaster.h"
+#include "backend/model/Program.h"
+#include "backend/recorder/RetroRecordManager.h"
 #include "host/Installer.h"
 #include "host/performance/CommandPost.h"
 #include "host/run/RunOptions.h"

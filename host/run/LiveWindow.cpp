@@ -4,8 +4,8 @@
 #include <iostream>
 #include <utility>
 
-#include "backend/core/GuiMessages.h"
-#include "backend/layers/RetroRecordManager.h"
+#include "backend/messages/GuiMessages.h"
+#include "backend/recorder/RetroRecordManager.h"
 #include "host/run/StatusLine.h"
 
 namespace Host

@@ -3,8 +3,8 @@
 #include <memory>
 #include <string>
 
-#include "backend/core/DisplayListener.h"
 #include "backend/core/OrvIF.h"
+#include "backend/display/DisplayListener.h"
 #include "host/run/Tell.h"
 #include "platform/WindowHandle.h"
 #include "platform/Worker.h"

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "backend/midi/MidiPort.h"
+#include "backend/model/MidiPort.h"
 
 namespace Host
 {

@@ -5,7 +5,7 @@
 #include <iostream>
 #include <memory>
 
-#include "backend/persistence/OrvUtils.h"
+#include "backend/files/OrvUtils.h"
 #include "host/jack/JackClient.h"
 #include "host/run/CommandReader.h"
 #include "host/run/LiveHost.h"

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "backend/persistence/Bank.h"
+#include "backend/files/Bank.h"
 #include "host/InputError.h"
 #include "host/jack/JackClient.h"
 

@@ -3,7 +3,7 @@
 #include <optional>
 #include <string_view>
 
-#include "backend/input/values/Key.h"
+#include "backend/values/Key.h"
 
 namespace Host
 {

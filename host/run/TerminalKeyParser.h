@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-#include "backend/input/values/Key.h"
+#include "backend/values/Key.h"
 
 namespace Host
 {

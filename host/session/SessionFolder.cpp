@@ -2,8 +2,8 @@
 
 #include <utility>
 
-#include "backend/persistence/Bank.h"
-#include "backend/persistence/OrvUtils.h"
+#include "backend/files/Bank.h"
+#include "backend/files/OrvUtils.h"
 #include "host/InputError.h"
 #include "host/WholeFile.h"
 #include "host/run/RunOptions.h"

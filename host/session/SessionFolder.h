@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <string>
 
-#include "backend/core/HostState.h"
+#include "backend/model/HostState.h"
 #include "host/SetupFile.h"
 #include "host/run/Tell.h"
 

@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "backend/midi/OrvMidiMessage.h"
+#include "backend/values/OrvMidiMessage.h"
 #include "host/clock/Clock.h"
 #include "host/ports/Ports.h"
 #include "platform/Thread.h"

@@ -5,7 +5,7 @@
 
 #include "backend/core/OrvIF.h"
 #include "backend/core/OrvMessageManager.h"
-#include "backend/persistence/RegistrySettings.h"
+#include "backend/files/RegistrySettings.h"
 
 namespace Host
 {

@@ -1,4 +1,4 @@
-#include "backend/input/computer/DefaultKeys.h"
+#include "backend/sections/computerinput/DefaultKeys.h"
 
 #include <gtest/gtest.h>
 

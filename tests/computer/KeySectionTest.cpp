@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "backend/core/GuiMessages.h"
+#include "backend/messages/GuiMessages.h"
 #include "tests/computer/KeyStage.h"
 
 using namespace Backend;

@@ -2,9 +2,9 @@
 
 #include <sstream>
 
-#include "backend/input/computer/ComputerInputManager.h"
-#include "backend/layers/ZoneManager.h"
-#include "backend/persistence/XmlDocument.h"
+#include "backend/sections/computerinput/ComputerInputManager.h"
+#include "backend/sections/zones/ZoneManager.h"
+#include "backend/xml/XmlDocument.h"
 #include "tests/stage/Stage.h"
 
 /// A key that plays a note as long as it is held, on channel 0 of the first output.

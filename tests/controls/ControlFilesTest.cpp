@@ -5,8 +5,8 @@
 #include <sstream>
 
 #include "backend/core/OrvFactory.h"
-#include "backend/input/controls/DefaultControls.h"
-#include "backend/persistence/XmlDocument.h"
+#include "backend/sections/controls/DefaultControls.h"
+#include "backend/xml/XmlDocument.h"
 #include "tests/controls/ControlStage.h"
 
 using namespace Backend;

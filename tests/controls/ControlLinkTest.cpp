@@ -1,4 +1,4 @@
-#include "backend/input/controls/ControlLink.h"
+#include "backend/sections/controls/ControlLink.h"
 
 #include <gtest/gtest.h>
 

@@ -1,12 +1,12 @@
-#include "backend/input/controls/ControlManager.h"
+#include "backend/sections/controls/ControlManager.h"
 
 #include <gtest/gtest.h>
 
 #include <memory>
 
-#include "backend/core/GuiMessages.h"
-#include "backend/input/controls/DefaultControls.h"
-#include "backend/input/controls/PackedCell.h"
+#include "backend/messages/GuiMessages.h"
+#include "backend/sections/controls/DefaultControls.h"
+#include "backend/values/PackedCell.h"
 #include "tests/controls/ControlStage.h"
 
 using namespace Backend;

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "backend/input/controls/ControlManager.h"
+#include "backend/sections/controls/ControlManager.h"
 #include "tests/stage/Stage.h"
 
 using Backend::MidiEngine::MessageType;

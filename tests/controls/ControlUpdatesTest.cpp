@@ -1,4 +1,4 @@
-#include "backend/input/controls/ControlUpdates.h"
+#include "backend/engine/ControlUpdates.h"
 
 #include <gtest/gtest.h>
 

@@ -1,9 +1,9 @@
 #include <gtest/gtest.h>
 
-#include "backend/core/GuiMessages.h"
-#include "backend/core/MessageManagerMaster.h"
-#include "backend/core/Screen.h"
-#include "backend/persistence/RegistrySettings.h"
+#include "backend/files/RegistrySettings.h"
+#include "backend/messages/GuiMessages.h"
+#include "backend/messages/MessageManagerMaster.h"
+#include "backend/model/Screen.h"
 #include "tests/stage/Stage.h"
 
 using namespace Backend;

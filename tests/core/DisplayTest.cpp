@@ -1,13 +1,13 @@
-#include "backend/core/Display.h"
+#include "backend/display/Display.h"
 
 #include <gtest/gtest.h>
 
 #include <memory>
 #include <utility>
 
-#include "backend/core/DisplayLine.h"
-#include "backend/core/DisplayListener.h"
-#include "backend/core/GuiMessages.h"
+#include "backend/display/DisplayLine.h"
+#include "backend/display/DisplayListener.h"
+#include "backend/messages/GuiMessages.h"
 #include "tests/stage/Stage.h"
 
 using namespace Backend;

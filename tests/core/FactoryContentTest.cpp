@@ -4,11 +4,11 @@
 #include <set>
 #include <sstream>
 
-#include "backend/input/values/Key.h"
-#include "backend/persistence/Bank.h"
-#include "backend/persistence/OrvUtils.h"
-#include "backend/persistence/PresetSections.h"
-#include "backend/persistence/Program.h"
+#include "backend/files/Bank.h"
+#include "backend/files/OrvUtils.h"
+#include "backend/model/PresetSections.h"
+#include "backend/model/Program.h"
+#include "backend/values/Key.h"
 #include "tests/stage/Stage.h"
 #include "tests/stage/TemporaryFolder.h"
 

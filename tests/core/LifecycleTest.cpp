@@ -2,12 +2,12 @@
 
 #include <thread>
 
-#include "backend/core/GuiMessages.h"
 #include "backend/core/OrvFactory.h"
-#include "backend/persistence/Bank.h"
-#include "backend/persistence/OrvUtils.h"
-#include "backend/persistence/PresetSections.h"
-#include "backend/persistence/RegistrySettings.h"
+#include "backend/files/Bank.h"
+#include "backend/files/OrvUtils.h"
+#include "backend/files/RegistrySettings.h"
+#include "backend/messages/GuiMessages.h"
+#include "backend/model/PresetSections.h"
 #include "tests/stage/Stage.h"
 
 using namespace Backend;

@@ -4,10 +4,10 @@
 
 #include <thread>
 
-#include "backend/core/GuiMessages.h"
-#include "backend/core/MessageManagerMaster.h"
-#include "backend/persistence/Program.h"
-#include "backend/persistence/RegistrySettings.h"
+#include "backend/files/RegistrySettings.h"
+#include "backend/messages/GuiMessages.h"
+#include "backend/messages/MessageManagerMaster.h"
+#include "backend/model/Program.h"
 #include "tests/stage/Stage.h"
 
 using namespace Backend;

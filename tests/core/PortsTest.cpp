@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "backend/core/GuiMessages.h"
-#include "backend/persistence/RegistrySettings.h"
+#include "backend/files/RegistrySettings.h"
+#include "backend/messages/GuiMessages.h"
 #include "tests/stage/Stage.h"
 
 using namespace Backend;

@@ -1,10 +1,10 @@
 #include <gtest/gtest.h>
 
-#include "backend/core/GuiMessages.h"
-#include "backend/layers/LayerManager.h"
-#include "backend/layers/ZoneManager.h"
-#include "backend/persistence/Bank.h"
-#include "backend/persistence/Program.h"
+#include "backend/files/Bank.h"
+#include "backend/messages/GuiMessages.h"
+#include "backend/model/Program.h"
+#include "backend/sections/layers/LayerManager.h"
+#include "backend/sections/zones/ZoneManager.h"
 #include "tests/stage/Stage.h"
 #include "tests/stage/TemporaryFolder.h"
 

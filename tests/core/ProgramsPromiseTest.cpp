@@ -7,7 +7,7 @@
 #include <set>
 #include <tuple>
 
-#include "backend/persistence/Program.h"
+#include "backend/model/Program.h"
 #include "tests/stage/Stage.h"
 #include "tests/stage/TemporaryFolder.h"
 

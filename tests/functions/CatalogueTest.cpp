@@ -5,10 +5,10 @@
 #include <set>
 #include <sstream>
 
-#include "backend/input/functions/FunctionEnumerator.h"
-#include "backend/input/functions/Functions.h"
-#include "backend/input/functions/HelpTexts.h"
-#include "backend/persistence/XmlDocument.h"
+#include "backend/bindings/functions/FunctionEnumerator.h"
+#include "backend/bindings/functions/Functions.h"
+#include "backend/bindings/functions/HelpTexts.h"
+#include "backend/xml/XmlDocument.h"
 #include "tests/stage/Stage.h"
 
 using namespace Backend;

@@ -2,14 +2,14 @@
 
 #include <gtest/gtest.h>
 
-#include "backend/core/GuiMessages.h"
-#include "backend/core/Screen.h"
-#include "backend/core/WindowMove.h"
-#include "backend/input/functions/Functions.h"
-#include "backend/layers/LayerManager.h"
-#include "backend/layers/LayerMessageManager.h"
-#include "backend/persistence/RegistrySettings.h"
-#include "backend/persistence/XmlDocument.h"
+#include "backend/bindings/functions/Functions.h"
+#include "backend/files/RegistrySettings.h"
+#include "backend/messages/GuiMessages.h"
+#include "backend/model/Screen.h"
+#include "backend/model/WindowMove.h"
+#include "backend/sections/layers/LayerManager.h"
+#include "backend/sections/layers/LayerMessageManager.h"
+#include "backend/xml/XmlDocument.h"
 #include "tests/stage/Stage.h"
 
 using namespace Backend;

@@ -4,10 +4,10 @@
 #include <QCheckBox>
 #include <QLineEdit>
 
-#include "backend/core/GuiMessages.h"
-#include "backend/input/functions/Function.h"
-#include "backend/input/functions/FunctionEnumerator.h"
-#include "backend/persistence/RegistrySettings.h"
+#include "backend/bindings/functions/FunctionEnumerator.h"
+#include "backend/files/RegistrySettings.h"
+#include "backend/messages/GuiMessages.h"
+#include "backend/model/Function.h"
 #include "gui/framework/GuiMessageManagerMaster.h"
 #include "gui/screens/computerinput/ComputerKeyboardCtl.h"
 #include "gui/screens/computerinput/FunctionCaption.h"

@@ -9,7 +9,7 @@
 #include <QSettings>
 #include <QTest>
 
-#include "backend/persistence/Bank.h"
+#include "backend/files/Bank.h"
 #include "tests/computer/KeyStage.h"
 #include "tests/gui/OpenWindow.h"
 

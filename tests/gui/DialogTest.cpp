@@ -2,7 +2,7 @@
 
 #include <QMessageBox>
 
-#include "backend/core/GuiMessages.h"
+#include "backend/messages/GuiMessages.h"
 #include "gui/framework/EditBox.h"
 #include "gui/framework/EditBoxDialog.h"
 #include "gui/framework/OperationDialog.h"

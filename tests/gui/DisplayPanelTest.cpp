@@ -9,8 +9,8 @@
 #include <atomic>
 #include <thread>
 
-#include "backend/core/DisplayMessageManager.h"
-#include "backend/persistence/RegistrySettings.h"
+#include "backend/display/DisplayMessageManager.h"
+#include "backend/files/RegistrySettings.h"
 #include "gui/framework/GdiManager.h"
 #include "gui/screens/display/HeightEdge.h"
 #include "gui/screens/display/LogView.h"

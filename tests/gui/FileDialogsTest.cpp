@@ -2,12 +2,12 @@
 #include <QRadioButton>
 #include <filesystem>
 
-#include "backend/core/GuiMessages.h"
-#include "backend/persistence/OrvUtils.h"
-#include "backend/persistence/PresetList.h"
-#include "backend/persistence/PresetSections.h"
-#include "backend/persistence/Program.h"
-#include "backend/persistence/RegistrySettings.h"
+#include "backend/files/OrvUtils.h"
+#include "backend/files/RegistrySettings.h"
+#include "backend/messages/GuiMessages.h"
+#include "backend/model/PresetList.h"
+#include "backend/model/PresetSections.h"
+#include "backend/model/Program.h"
 #include "gui/screens/preset/PresetGuiOwner.h"
 #include "tests/gui/DialogHands.h"
 #include "tests/gui/FullDisk.h"

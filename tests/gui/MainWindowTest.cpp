@@ -5,10 +5,10 @@
 #include <string>
 #include <vector>
 
-#include "backend/core/GuiMessages.h"
-#include "backend/core/WindowMove.h"
-#include "backend/persistence/Bank.h"
-#include "backend/persistence/RegistrySettings.h"
+#include "backend/files/Bank.h"
+#include "backend/files/RegistrySettings.h"
+#include "backend/messages/GuiMessages.h"
+#include "backend/model/WindowMove.h"
 #include "gui/framework/GuiMessageManagerMaster.h"
 #include "tests/gui/Windowed.h"
 

@@ -1,6 +1,6 @@
 #include "gui/framework/Operation.h"
 
-#include "backend/core/GuiMessages.h"
+#include "backend/messages/GuiMessages.h"
 #include "tests/gui/DialogHands.h"
 
 using Backend::GuiMessage::OPERATION_DONE;

@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <fstream>
 
-#include "backend/layers/SequencePresetManager.h"
-#include "backend/persistence/OrvUtils.h"
-#include "backend/persistence/PresetSections.h"
+#include "backend/files/OrvUtils.h"
+#include "backend/files/SequencePresetManager.h"
+#include "backend/model/PresetSections.h"
 #include "tests/gui/DialogHands.h"
 #include "tests/gui/FullDisk.h"
 

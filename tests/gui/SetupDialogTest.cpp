@@ -13,8 +13,8 @@
 #include <map>
 #include <string>
 
-#include "backend/persistence/Program.h"
-#include "backend/persistence/RegistrySettings.h"
+#include "backend/files/RegistrySettings.h"
+#include "backend/model/Program.h"
 #include "gui/framework/ComboBox.h"
 #include "gui/framework/Properties.h"
 #include "tests/gui/OpenWindow.h"

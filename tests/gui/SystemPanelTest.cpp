@@ -5,8 +5,8 @@
 #include <QDir>
 #include <QLabel>
 
-#include "backend/persistence/Program.h"
-#include "backend/persistence/RegistrySettings.h"
+#include "backend/files/RegistrySettings.h"
+#include "backend/model/Program.h"
 #include "gui/framework/Properties.h"
 #include "gui/screens/system/ScreenButtons.h"
 #include "tests/gui/OpenWindow.h"

@@ -11,7 +11,7 @@
 #include <utility>
 #include <vector>
 
-#include "backend/core/ScreenState.h"
+#include "backend/model/ScreenState.h"
 #include "gui/OrvGuiIF.h"
 #include "gui/ParentWindow.h"
 #include "tests/stage/Stage.h"

@@ -5,7 +5,7 @@
 #include <thread>
 #include <vector>
 
-#include "backend/midi/OrvMidiMessage.h"
+#include "backend/values/OrvMidiMessage.h"
 #include "host/player/Player.h"
 #include "host/ports/Ports.h"
 #include "tests/stage/Allocations.h"

@@ -1,4 +1,4 @@
-#include "backend/input/joystick/JoystickEngine.h"
+#include "backend/sections/joystick/JoystickEngine.h"
 
 #include <gtest/gtest.h>
 

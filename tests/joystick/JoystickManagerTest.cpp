@@ -1,10 +1,10 @@
-#include "backend/input/joystick/JoystickManager.h"
+#include "backend/sections/joystick/JoystickManager.h"
 
 #include <gtest/gtest.h>
 
-#include "backend/core/GuiMessages.h"
-#include "backend/core/MessageManagerMaster.h"
-#include "backend/layers/ZoneManager.h"
+#include "backend/messages/GuiMessages.h"
+#include "backend/messages/MessageManagerMaster.h"
+#include "backend/sections/zones/ZoneManager.h"
 #include "tests/joystick/JoystickStage.h"
 
 using namespace Backend;

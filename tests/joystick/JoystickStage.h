@@ -2,8 +2,8 @@
 
 #include <sstream>
 
-#include "backend/input/joystick/JoystickManager.h"
-#include "backend/persistence/XmlDocument.h"
+#include "backend/sections/joystick/JoystickManager.h"
+#include "backend/xml/XmlDocument.h"
 #include "tests/stage/Stage.h"
 
 /// The backend at rest, with joysticks that only report. Their manager may be asked and told from here.

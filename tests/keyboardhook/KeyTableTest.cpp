@@ -5,7 +5,7 @@
 
 #include <string>
 
-#include "backend/input/values/Key.h"
+#include "backend/values/Key.h"
 
 namespace
 {

@@ -12,7 +12,7 @@
 #include <stdexcept>
 #include <thread>
 
-#include "backend/input/values/Key.h"
+#include "backend/values/Key.h"
 #include "keyboardhook/KeyTable.h"
 
 extern char** environ;

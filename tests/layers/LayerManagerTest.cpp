@@ -1,11 +1,11 @@
-#include "backend/layers/LayerManager.h"
+#include "backend/sections/layers/LayerManager.h"
 
 #include <gtest/gtest.h>
 
 #include <filesystem>
 #include <fstream>
 
-#include "backend/core/GuiMessages.h"
+#include "backend/messages/GuiMessages.h"
 #include "tests/stage/Stage.h"
 
 using namespace Backend;

@@ -1,11 +1,11 @@
-#include "backend/layers/Layer.h"
+#include "backend/model/Layer.h"
 
 #include <gtest/gtest.h>
 
 #include <sstream>
 
-#include "backend/layers/LayerList.h"
-#include "backend/persistence/XmlDocument.h"
+#include "backend/model/LayerList.h"
+#include "backend/xml/XmlDocument.h"
 #include "tests/stage/Stage.h"
 
 using namespace Backend::Layers;

@@ -1,9 +1,9 @@
-#include "backend/layers/OscManager.h"
+#include "backend/sections/oscillators/OscManager.h"
 
 #include <gtest/gtest.h>
 
-#include "backend/core/GuiMessages.h"
-#include "backend/persistence/XmlDocument.h"
+#include "backend/messages/GuiMessages.h"
+#include "backend/xml/XmlDocument.h"
 #include "tests/stage/Stage.h"
 #include "tests/stage/TemporaryFolder.h"
 

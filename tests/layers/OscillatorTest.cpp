@@ -1,4 +1,4 @@
-#include "backend/layers/Oscillator.h"
+#include "backend/model/Oscillator.h"
 
 #include <gtest/gtest.h>
 
@@ -8,11 +8,11 @@
 #include <random>
 #include <sstream>
 
-#include "backend/core/GuiMessages.h"
-#include "backend/layers/OscList.h"
-#include "backend/layers/SineWave.h"
-#include "backend/midi/MidiEngine.h"
-#include "backend/persistence/XmlDocument.h"
+#include "backend/engine/MidiEngine.h"
+#include "backend/engine/SineWave.h"
+#include "backend/messages/GuiMessages.h"
+#include "backend/model/OscList.h"
+#include "backend/xml/XmlDocument.h"
 #include "tests/stage/Allocations.h"
 #include "tests/stage/Stage.h"
 

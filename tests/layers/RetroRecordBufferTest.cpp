@@ -1,4 +1,4 @@
-#include "backend/layers/RetroRecordBuffer.h"
+#include "backend/recorder/RetroRecordBuffer.h"
 
 #include <gtest/gtest.h>
 #include <sys/resource.h>
@@ -10,7 +10,7 @@
 #include <memory>
 #include <vector>
 
-#include "backend/layers/RecordedEvents.h"
+#include "backend/recorder/RecordedEvents.h"
 #include "tests/layers/RecordReading.h"
 #include "tests/stage/FileFault.h"
 #include "tests/stage/TemporaryFolder.h"

@@ -4,9 +4,9 @@
 #include <map>
 #include <memory>
 
-#include "backend/core/GuiMessages.h"
-#include "backend/layers/RecordFileNames.h"
-#include "backend/layers/RetroRecordManager.h"
+#include "backend/messages/GuiMessages.h"
+#include "backend/recorder/RecordFileNames.h"
+#include "backend/recorder/RetroRecordManager.h"
 #include "tests/layers/RecordReading.h"
 #include "tests/stage/Stage.h"
 

@@ -2,11 +2,11 @@
 
 #include <sstream>
 
-#include "backend/layers/Layer.h"
-#include "backend/layers/SequencePresetManager.h"
-#include "backend/layers/SequenceTemplates.h"
-#include "backend/persistence/OrvUtils.h"
-#include "backend/persistence/XmlDocument.h"
+#include "backend/files/OrvUtils.h"
+#include "backend/files/SequencePresetManager.h"
+#include "backend/model/Layer.h"
+#include "backend/model/SequenceTemplates.h"
+#include "backend/xml/XmlDocument.h"
 #include "tests/stage/PrivateFolders.h"
 #include "tests/stage/Stage.h"
 

@@ -1,10 +1,10 @@
-#include "backend/layers/ZoneManager.h"
+#include "backend/sections/zones/ZoneManager.h"
 
 #include <gtest/gtest.h>
 
 #include <sstream>
 
-#include "backend/persistence/XmlDocument.h"
+#include "backend/xml/XmlDocument.h"
 #include "tests/stage/Stage.h"
 
 using namespace Backend;

@@ -1,13 +1,13 @@
-#include "backend/midi/MidiEngine.h"
+#include "backend/engine/MidiEngine.h"
 
 #include <gtest/gtest.h>
 
 #include <set>
 #include <thread>
 
-#include "backend/core/GuiMessages.h"
-#include "backend/input/controls/DefaultControls.h"
-#include "backend/layers/RetroRecordManager.h"
+#include "backend/messages/GuiMessages.h"
+#include "backend/recorder/RetroRecordManager.h"
+#include "backend/sections/controls/DefaultControls.h"
 #include "tests/stage/Allocations.h"
 #include "tests/stage/Stage.h"
 

@@ -1,4 +1,4 @@
-#include "backend/midi/MidiMessage.h"
+#include "backend/values/MidiMessage.h"
 
 #include <gtest/gtest.h>
 
@@ -6,9 +6,9 @@
 #include <fstream>
 #include <sstream>
 
-#include "backend/midi/ControllerNames.h"
-#include "backend/midi/OrvMidiMessage.h"
-#include "backend/midi/ProgramNames.h"
+#include "backend/values/ControllerNames.h"
+#include "backend/values/OrvMidiMessage.h"
+#include "backend/values/ProgramNames.h"
 
 using namespace Backend::MidiEngine;
 

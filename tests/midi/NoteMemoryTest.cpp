@@ -1,4 +1,4 @@
-#include "backend/midi/NoteMemory.h"
+#include "backend/engine/NoteMemory.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "backend/midi/Note.h"
+#include "backend/values/Note.h"
 
 #include <gtest/gtest.h>
 

@@ -7,8 +7,8 @@
 #include <tuple>
 #include <vector>
 
-#include "backend/layers/LayerMessageManager.h"
-#include "backend/layers/ZoneMessageManager.h"
+#include "backend/sections/layers/LayerMessageManager.h"
+#include "backend/sections/zones/ZoneMessageManager.h"
 #include "tests/stage/Stage.h"
 
 using namespace Backend;

@@ -2,9 +2,9 @@
 
 #include <sstream>
 
-#include "backend/input/midi/MidiEventConfigurationMap.h"
-#include "backend/persistence/XmlDocument.h"
-#include "backend/persistence/XmlWriter.h"
+#include "backend/model/MidiEventConfigurationMap.h"
+#include "backend/xml/XmlDocument.h"
+#include "backend/xml/XmlWriter.h"
 
 using namespace Backend::MidiInput;
 using namespace Backend::MidiInput::TranslationManagement;

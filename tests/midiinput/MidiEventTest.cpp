@@ -1,6 +1,6 @@
-#include "backend/input/midi/MidiEvent.h"
+#include "backend/model/MidiEvent.h"
 
-#include "backend/input/midi/ChannelTranslation.h"
+#include "backend/model/ChannelTranslation.h"
 #include "tests/values/ValueTesting.h"
 
 using namespace Backend::MidiInput;

@@ -1,14 +1,14 @@
-#include "backend/input/midi/MidiInputManager.h"
+#include "backend/sections/midiinput/MidiInputManager.h"
 
 #include <gtest/gtest.h>
 
 #include <sstream>
 
-#include "backend/core/GuiMessages.h"
-#include "backend/core/WindowMove.h"
-#include "backend/layers/ZoneManager.h"
-#include "backend/persistence/Program.h"
-#include "backend/persistence/XmlDocument.h"
+#include "backend/messages/GuiMessages.h"
+#include "backend/model/Program.h"
+#include "backend/model/WindowMove.h"
+#include "backend/sections/zones/ZoneManager.h"
+#include "backend/xml/XmlDocument.h"
 #include "tests/stage/Stage.h"
 #include "tests/stage/TemporaryFolder.h"
 

@@ -6,10 +6,10 @@
 #include <array>
 #include <sstream>
 
-#include "backend/input/functions/HelpTexts.h"
-#include "backend/input/midi/translations/TranslationEnumerator.h"
-#include "backend/input/midi/translations/Translations.h"
-#include "backend/persistence/XmlDocument.h"
+#include "backend/bindings/functions/HelpTexts.h"
+#include "backend/bindings/translations/TranslationEnumerator.h"
+#include "backend/bindings/translations/Translations.h"
+#include "backend/xml/XmlDocument.h"
 
 using namespace Backend;
 using namespace Backend::MidiInput;

@@ -1,4 +1,4 @@
-#include "backend/persistence/BankFile.h"
+#include "backend/files/BankFile.h"
 
 #include <sys/wait.h>
 #include <unistd.h>
@@ -10,7 +10,7 @@
 
 #include <gtest/gtest.h>
 
-#include "backend/persistence/Bank.h"
+#include "backend/files/Bank.h"
 #include "tests/stage/FileFault.h"
 #include "tests/stage/TemporaryFolder.h"
 

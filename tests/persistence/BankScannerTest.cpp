@@ -1,4 +1,4 @@
-#include "backend/persistence/BankScanner.h"
+#include "backend/files/BankScanner.h"
 
 #include <gtest/gtest.h>
 

@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "backend/persistence/XmlDocument.h"
+#include "backend/xml/XmlDocument.h"
 #include "platform/Utf8.h"
 
 namespace

@@ -1,4 +1,4 @@
-#include "backend/persistence/OrvUtils.h"
+#include "backend/files/OrvUtils.h"
 
 #include <sys/stat.h>
 

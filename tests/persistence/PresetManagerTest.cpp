@@ -1,11 +1,11 @@
-#include "backend/persistence/PresetManager.h"
+#include "backend/files/PresetManager.h"
 
 #include <sys/stat.h>
 
 #include <gtest/gtest.h>
 
-#include "backend/persistence/FileName.h"
-#include "backend/persistence/OrvUtils.h"
+#include "backend/files/FileName.h"
+#include "backend/files/OrvUtils.h"
 #include "tests/stage/FileFault.h"
 #include "tests/stage/PrivateFolders.h"
 

@@ -1,4 +1,4 @@
-#include "backend/persistence/RegistrySettings.h"
+#include "backend/files/RegistrySettings.h"
 
 #include <gtest/gtest.h>
 

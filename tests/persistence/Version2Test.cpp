@@ -1,9 +1,9 @@
-#include "backend/persistence/version2/Version2Import.h"
+#include "backend/files/version2/Version2Import.h"
 
 #include <gtest/gtest.h>
 
-#include "backend/persistence/Bank.h"
-#include "backend/persistence/XmlDocument.h"
+#include "backend/files/Bank.h"
+#include "backend/xml/XmlDocument.h"
 #include "tests/stage/PrivateFolders.h"
 
 using namespace Backend;

@@ -1,4 +1,4 @@
-#include "backend/persistence/XmlDocument.h"
+#include "backend/xml/XmlDocument.h"
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>

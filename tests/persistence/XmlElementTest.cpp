@@ -1,8 +1,8 @@
-#include "backend/persistence/XmlElement.h"
+#include "backend/xml/XmlElement.h"
 
 #include <gtest/gtest.h>
 
-#include "backend/persistence/XmlDocument.h"
+#include "backend/xml/XmlDocument.h"
 
 namespace
 {

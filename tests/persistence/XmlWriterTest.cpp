@@ -1,8 +1,8 @@
-#include "backend/persistence/XmlWriter.h"
+#include "backend/xml/XmlWriter.h"
 
 #include <gtest/gtest.h>
 
-#include "backend/persistence/XmlDocument.h"
+#include "backend/xml/XmlDocument.h"
 #include "tests/values/ValueTypes.h"
 
 TEST(XmlWriter, FormatsEachPieceExactly)

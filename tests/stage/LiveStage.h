@@ -10,8 +10,8 @@
 
 #include "backend/core/OrvFactory.h"
 #include "backend/core/OrvMessageManager.h"
-#include "backend/layers/LayerMessageManager.h"
-#include "backend/midi/MidiPlayer.h"
+#include "backend/engine/MidiPlayer.h"
+#include "backend/sections/layers/LayerMessageManager.h"
 #include "tests/stage/PrivateFolders.h"
 
 /// The library with a clock that runs, a slice each millisecond, for what happens while it plays. One input, one

@@ -4,8 +4,8 @@
 #include <thread>
 
 #include "backend/core/OrvFactory.h"
-#include "backend/layers/LayerMessageManager.h"
-#include "backend/midi/Note.h"
+#include "backend/sections/layers/LayerMessageManager.h"
+#include "backend/values/Note.h"
 
 using namespace Backend;
 using namespace Backend::MidiEngine;

@@ -8,10 +8,10 @@
 #include <vector>
 
 #include "backend/core/OrvIF.h"
-#include "backend/layers/Layer.h"
 #include "backend/core/OrvMessageManager.h"
-#include "backend/midi/MidiEngineMessageManager.h"
-#include "backend/midi/MidiPlayer.h"
+#include "backend/engine/MidiEngineMessageManager.h"
+#include "backend/engine/MidiPlayer.h"
+#include "backend/model/Layer.h"
 #include "tests/stage/PrivateFolders.h"
 
 /// A player that writes down what it gets. Called by one thread at a time, under the engine lock.
@@ -36,7 +36,8 @@ public:
 };
 
 /// The library on a stage: real threads, a clock that is a counter and a player that listens. Ports "In 1".."In 3" and
-/// "Out 1".."Out 3", all enabled; the default output is the first. One default layer. Its user is new, with folders of its own.
+/// "Out 1".."Out 3", all enabled; the default output is the first. One default layer. Its user is new, with folders of
+/// its own.
 class Stage
 {
 public:

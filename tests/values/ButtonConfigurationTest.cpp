@@ -1,11 +1,11 @@
-#include "backend/input/values/ButtonConfiguration.h"
+#include "backend/model/ButtonConfiguration.h"
 
 #include <gtest/gtest.h>
 
 #include <sstream>
 
-#include "backend/persistence/XmlDocument.h"
-#include "backend/persistence/XmlWriter.h"
+#include "backend/xml/XmlDocument.h"
+#include "backend/xml/XmlWriter.h"
 
 using namespace Backend;
 using FunctionManagement::Function;

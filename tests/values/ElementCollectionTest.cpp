@@ -4,9 +4,9 @@
 #include <utility>
 #include <vector>
 
-#include "backend/input/values/ElementList.h"
-#include "backend/input/values/ElementMap.h"
-#include "backend/input/values/Key.h"
+#include "backend/values/ElementList.h"
+#include "backend/values/ElementMap.h"
+#include "backend/values/Key.h"
 
 using namespace Backend::Component;
 

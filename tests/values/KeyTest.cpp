@@ -1,4 +1,4 @@
-#include "backend/input/values/Key.h"
+#include "backend/values/Key.h"
 
 #include <map>
 

@@ -1,7 +1,7 @@
 #include <limits>
 
-#include "backend/input/values/MidiTranslationCondition.h"
-#include "backend/input/values/MidiTranslationValue.h"
+#include "backend/values/MidiTranslationCondition.h"
+#include "backend/values/MidiTranslationValue.h"
 #include "tests/values/ValueTesting.h"
 
 using Backend::MidiEngine::MessageType;

@@ -1,4 +1,4 @@
-#include "backend/input/values/NoteIntervals.h"
+#include "backend/values/NoteIntervals.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "backend/input/values/Scaling.h"
+#include "backend/values/Scaling.h"
 
 #include <gtest/gtest.h>
 

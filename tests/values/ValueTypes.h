@@ -3,22 +3,22 @@
 #include <tuple>
 #include <type_traits>
 
-#include "backend/input/midi/ChannelTranslation.h"
-#include "backend/input/controls/ControlType.h"
-#include "backend/input/values/Cell.h"
-#include "backend/input/values/Fraction.h"
-#include "backend/input/values/Key.h"
-#include "backend/input/values/MidiTranslationCondition.h"
-#include "backend/input/values/MidiTranslationValue.h"
-#include "backend/input/values/NoteToggle.h"
-#include "backend/input/values/OnOffToggle.h"
-#include "backend/input/values/RelativeFixedValue.h"
-#include "backend/input/values/SelectControlType.h"
-#include "backend/input/values/SelectType.h"
-#include "backend/input/values/TimeIntervalType.h"
-#include "backend/layers/OscillatorType.h"
-#include "backend/midi/MidiMessage.h"
-#include "backend/midi/Note.h"
+#include "backend/model/ChannelTranslation.h"
+#include "backend/model/ControlType.h"
+#include "backend/model/OscillatorType.h"
+#include "backend/values/Cell.h"
+#include "backend/values/Fraction.h"
+#include "backend/values/Key.h"
+#include "backend/values/MidiMessage.h"
+#include "backend/values/MidiTranslationCondition.h"
+#include "backend/values/MidiTranslationValue.h"
+#include "backend/values/Note.h"
+#include "backend/values/NoteToggle.h"
+#include "backend/values/OnOffToggle.h"
+#include "backend/values/RelativeFixedValue.h"
+#include "backend/values/SelectControlType.h"
+#include "backend/values/SelectType.h"
+#include "backend/values/TimeIntervalType.h"
 
 /// Every type of value that is stored as an attribute. A new one joins here, and the tests and the fuzzer that walk all
 /// of them cover it.

@@ -5,7 +5,7 @@
 #include <QSignalBlocker>
 
 #include "backend/core/OrvIF.h"
-#include "backend/input/computer/ComputerInputMessageManager.h"
+#include "backend/sections/computerinput/ComputerInputMessageManager.h"
 #include "gui/OrvGuiIF.h"
 #include "gui/framework/GuiMessageManagerMaster.h"
 #include "gui/framework/Properties.h"

@@ -3,8 +3,8 @@
 #include <string>
 #include <vector>
 
-#include "backend/input/computer/KeyConfigurationMap.h"
-#include "backend/persistence/PresetList.h"
+#include "backend/model/KeyConfigurationMap.h"
+#include "backend/model/PresetList.h"
 #include "gui/framework/Panel.h"
 #include "gui/screens/computerinput/ComputerInputGuiMessageManager.h"
 

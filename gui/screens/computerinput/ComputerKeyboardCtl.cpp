@@ -4,7 +4,7 @@
 #include <QPainter>
 #include <algorithm>
 
-#include "backend/midi/Note.h"
+#include "backend/values/Note.h"
 #include "gui/OrvGuiIF.h"
 #include "gui/screens/computerinput/FunctionCaption.h"
 #include "gui/screens/computerinput/KeyboardPlan.h"

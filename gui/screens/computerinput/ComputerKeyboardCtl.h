@@ -3,7 +3,7 @@
 #include <QWidget>
 #include <set>
 
-#include "backend/input/computer/KeyConfigurationMap.h"
+#include "backend/model/KeyConfigurationMap.h"
 #include "gui/framework/AccessibleControl.h"
 #include "gui/framework/GdiManager.h"
 #include "gui/screens/computerinput/KeyLabels.h"

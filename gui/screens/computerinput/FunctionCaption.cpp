@@ -5,10 +5,10 @@
 #include <algorithm>
 #include <sstream>
 
-#include "backend/input/functions/FunctionEnumerator.h"
-#include "backend/input/functions/FunctionSettingsTypes.h"
-#include "backend/input/values/ButtonConfiguration.h"
-#include "backend/midi/Note.h"
+#include "backend/bindings/functions/FunctionEnumerator.h"
+#include "backend/bindings/functions/FunctionSettingsTypes.h"
+#include "backend/model/ButtonConfiguration.h"
+#include "backend/values/Note.h"
 
 namespace Gui::ComputerInput::FunctionCaption
 {

@@ -2,7 +2,7 @@
 
 #include <QString>
 
-#include "backend/input/functions/Function.h"
+#include "backend/model/Function.h"
 
 namespace Backend
 {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "backend/core/DisplayListener.h"
+#include "backend/display/DisplayListener.h"
 #include "platform/WindowHandle.h"
 
 namespace Gui::Display

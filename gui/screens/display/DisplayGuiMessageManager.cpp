@@ -3,7 +3,7 @@
 #include <array>
 #include <string>
 
-#include "backend/core/GuiMessages.h"
+#include "backend/messages/GuiMessages.h"
 #include "gui/screens/display/DisplayFeed.h"
 #include "gui/screens/display/DisplayPanel.h"
 

@@ -6,10 +6,10 @@
 #include <chrono>
 #include <memory>
 
-#include "backend/core/DisplayMessageManager.h"
 #include "backend/core/OrvIF.h"
 #include "backend/core/OrvMessageManager.h"
-#include "backend/persistence/RegistrySettings.h"
+#include "backend/display/DisplayMessageManager.h"
+#include "backend/files/RegistrySettings.h"
 #include "gui/OrvGuiIF.h"
 #include "gui/framework/GuiMessageManagerMaster.h"
 #include "gui/framework/Properties.h"

@@ -4,8 +4,8 @@
 #include <QLabel>
 
 #include "backend/core/OrvMessageManager.h"
-#include "backend/persistence/Bank.h"
-#include "backend/persistence/OrvUtils.h"
+#include "backend/files/Bank.h"
+#include "backend/files/OrvUtils.h"
 #include "gui/OrvGuiIF.h"
 #include "gui/framework/EditBox.h"
 #include "gui/framework/EditBoxDialog.h"

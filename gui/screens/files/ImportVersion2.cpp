@@ -4,8 +4,8 @@
 #include <QFileInfo>
 
 #include "backend/core/OrvMessageManager.h"
-#include "backend/persistence/PresetList.h"
-#include "backend/persistence/PresetSections.h"
+#include "backend/model/PresetList.h"
+#include "backend/model/PresetSections.h"
 #include "gui/OrvGuiIF.h"
 #include "gui/framework/EditBoxDialog.h"
 #include "gui/framework/FileDialog.h"

@@ -4,8 +4,8 @@
 #include <functional>
 #include <string>
 
-#include "backend/persistence/Bank.h"
-#include "backend/persistence/Program.h"
+#include "backend/files/Bank.h"
+#include "backend/model/Program.h"
 #include "platform/WindowHandle.h"
 
 class QListWidget;

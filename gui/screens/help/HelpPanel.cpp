@@ -3,7 +3,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 
-#include "backend/persistence/OrvUtils.h"
+#include "backend/files/OrvUtils.h"
 #include "gui/framework/ManualButton.h"
 #include "gui/framework/Properties.h"
 

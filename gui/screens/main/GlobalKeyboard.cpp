@@ -2,8 +2,8 @@
 
 #include <map>
 
-#include "backend/input/computer/KeyConfigurationMap.h"
-#include "backend/input/functions/FunctionSettingsTypes.h"
+#include "backend/bindings/functions/FunctionSettingsTypes.h"
+#include "backend/model/KeyConfigurationMap.h"
 #include "keyboardhook/KeyTable.h"
 #include "platform/Module.h"
 

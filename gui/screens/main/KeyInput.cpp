@@ -35,7 +35,8 @@ void KeyInput::release(const QKeyEvent& event)
     if (!event.isAutoRepeat()) presses.release(Road::window, readKey(event));
 }
 
-/// A key that went down just behind the focus is down by now too, but what tells of it waits already and is heard first.
+/// A key that went down just behind the focus is down by now too, but what tells of it waits already and is heard
+/// first.
 void KeyInput::focusCame()
 {
     const auto down = XKeyboard::getKeysDown();

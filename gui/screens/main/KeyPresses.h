@@ -3,7 +3,7 @@
 #include <map>
 #include <vector>
 
-#include "backend/input/values/Key.h"
+#include "backend/values/Key.h"
 
 namespace Gui
 {

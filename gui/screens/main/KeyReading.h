@@ -1,6 +1,6 @@
 #pragma once
 
-#include "backend/input/values/Key.h"
+#include "backend/values/Key.h"
 
 class QKeyEvent;
 

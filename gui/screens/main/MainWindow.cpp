@@ -11,7 +11,7 @@
 #include <chrono>
 
 #include "backend/core/OrvMessageManager.h"
-#include "backend/persistence/RegistrySettings.h"
+#include "backend/files/RegistrySettings.h"
 #include "gui/OrvGuiIF.h"
 #include "gui/framework/Panel.h"
 #include "gui/framework/Properties.h"

@@ -4,8 +4,8 @@
 #include <functional>
 #include <memory>
 
-#include "backend/core/Screen.h"
-#include "backend/core/ScreenState.h"
+#include "backend/model/Screen.h"
+#include "backend/model/ScreenState.h"
 
 class QPushButton;
 

@@ -10,10 +10,10 @@
 #include <filesystem>
 #include <utility>
 
+#include "backend/bindings/functions/HelpTexts.h"
 #include "backend/core/OrvIF.h"
 #include "backend/core/OrvMessageManager.h"
-#include "backend/core/WindowMove.h"
-#include "backend/input/functions/HelpTexts.h"
+#include "backend/model/WindowMove.h"
 #include "gui/OrvGuiFactory.h"
 #include "gui/ParentWindow.h"
 #include "gui/framework/FileNames.h"

@@ -4,9 +4,9 @@
 #include <memory>
 
 #include "backend/core/GuiFactory.h"
-#include "backend/layers/SequencePresetManager.h"
-#include "backend/persistence/PresetList.h"
-#include "backend/persistence/PresetSections.h"
+#include "backend/files/SequencePresetManager.h"
+#include "backend/model/PresetList.h"
+#include "backend/model/PresetSections.h"
 #include "gui/OrvGuiIF.h"
 #include "gui/framework/GuiMessageManagerMaster.h"
 #include "gui/screens/main/GlobalKeyboard.h"

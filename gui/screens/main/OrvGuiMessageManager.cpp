@@ -2,13 +2,13 @@
 
 #include <array>
 
-#include "backend/core/GuiMessages.h"
-#include "backend/core/WindowMove.h"
-#include "backend/input/values/OnOffToggle.h"
-#include "backend/persistence/Bank.h"
-#include "backend/persistence/PresetList.h"
-#include "backend/persistence/Program.h"
-#include "backend/persistence/RegistrySettings.h"
+#include "backend/files/Bank.h"
+#include "backend/files/RegistrySettings.h"
+#include "backend/messages/GuiMessages.h"
+#include "backend/model/PresetList.h"
+#include "backend/model/Program.h"
+#include "backend/model/WindowMove.h"
+#include "backend/values/OnOffToggle.h"
 #include "gui/OrvGuiIF.h"
 
 namespace Gui

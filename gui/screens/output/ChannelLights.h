@@ -4,7 +4,7 @@
 #include <QWidget>
 #include <bitset>
 
-#include "backend/midi/OrvMidiMessage.h"
+#include "backend/values/OrvMidiMessage.h"
 
 namespace Gui
 {

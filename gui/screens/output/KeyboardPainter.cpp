@@ -2,7 +2,7 @@
 
 #include <QPainter>
 
-#include "backend/midi/Note.h"
+#include "backend/values/Note.h"
 #include "gui/framework/GdiManager.h"
 #include "gui/screens/output/KeyOutlines.h"
 

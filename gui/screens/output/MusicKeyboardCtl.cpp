@@ -7,7 +7,7 @@
 #include <chrono>
 #include <utility>
 
-#include "backend/midi/Note.h"
+#include "backend/values/Note.h"
 #include "gui/framework/GdiManager.h"
 #include "gui/framework/GuiContext.h"
 #include "gui/framework/Properties.h"

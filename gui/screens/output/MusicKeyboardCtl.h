@@ -4,7 +4,7 @@
 #include <QWidget>
 #include <bitset>
 
-#include "backend/midi/OrvMidiMessage.h"
+#include "backend/values/OrvMidiMessage.h"
 #include "gui/framework/AccessibleControl.h"
 #include "gui/screens/output/KeyOutlines.h"
 #include "gui/screens/output/SoundingNotes.h"

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "backend/midi/MidiPort.h"
-#include "backend/midi/OrvMidiMessage.h"
+#include "backend/model/MidiPort.h"
+#include "backend/values/OrvMidiMessage.h"
 #include "gui/framework/Panel.h"
 
 namespace Gui

@@ -3,8 +3,8 @@
 #include <array>
 #include <map>
 
-#include "backend/midi/MidiPort.h"
-#include "backend/midi/OrvMidiMessage.h"
+#include "backend/model/MidiPort.h"
+#include "backend/values/OrvMidiMessage.h"
 
 namespace Gui::Output
 {

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "backend/persistence/PresetList.h"
+#include "backend/model/PresetList.h"
 
 namespace Gui::Preset
 {

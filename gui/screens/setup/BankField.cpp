@@ -8,8 +8,8 @@
 #include <QPushButton>
 
 #include "backend/core/OrvMessageManager.h"
-#include "backend/persistence/Bank.h"
-#include "backend/persistence/RegistrySettings.h"
+#include "backend/files/Bank.h"
+#include "backend/files/RegistrySettings.h"
 #include "gui/OrvGuiIF.h"
 #include "gui/framework/EditBox.h"
 #include "gui/framework/Properties.h"

@@ -4,7 +4,7 @@
 #include <QLabel>
 
 #include "backend/core/OrvMessageManager.h"
-#include "backend/persistence/RegistrySettings.h"
+#include "backend/files/RegistrySettings.h"
 #include "gui/OrvGuiIF.h"
 #include "gui/framework/EditBox.h"
 #include "gui/framework/Properties.h"

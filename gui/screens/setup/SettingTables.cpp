@@ -1,8 +1,8 @@
 #include "gui/screens/setup/SettingTables.h"
 
 #include "backend/core/OrvMessageManager.h"
-#include "backend/layers/RetroRecordManager.h"
-#include "backend/persistence/RegistrySettings.h"
+#include "backend/files/RegistrySettings.h"
+#include "backend/recorder/RetroRecordManager.h"
 #include "gui/OrvGuiIF.h"
 #include "gui/screens/display/DisplayPanel.h"
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "backend/midi/MidiPort.h"
+#include "backend/model/MidiPort.h"
 #include "gui/framework/ComboBox.h"
 
 namespace Backend

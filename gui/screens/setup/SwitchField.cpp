@@ -3,7 +3,7 @@
 #include <QBoxLayout>
 #include <QCheckBox>
 
-#include "backend/persistence/RegistrySettings.h"
+#include "backend/files/RegistrySettings.h"
 #include "gui/OrvGuiIF.h"
 #include "gui/framework/Properties.h"
 #include "gui/screens/setup/SettingTables.h"

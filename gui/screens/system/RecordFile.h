@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "backend/layers/RetroRecordManager.h"
+#include "backend/recorder/RetroRecordManager.h"
 
 /// Where the record of what was played goes, and what to say of it.
 namespace Gui::System::RecordFile

@@ -3,7 +3,7 @@
 #include <QWidget>
 #include <map>
 
-#include "backend/core/Screen.h"
+#include "backend/model/Screen.h"
 
 class QPushButton;
 

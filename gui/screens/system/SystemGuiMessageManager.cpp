@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "backend/core/GuiMessages.h"
+#include "backend/messages/GuiMessages.h"
 #include "gui/screens/system/SystemPanel.h"
 
 namespace Gui::System

@@ -6,9 +6,9 @@
 
 #include "backend/core/OrvIF.h"
 #include "backend/core/OrvMessageManager.h"
-#include "backend/persistence/Bank.h"
-#include "backend/persistence/Program.h"
-#include "backend/persistence/RegistrySettings.h"
+#include "backend/files/Bank.h"
+#include "backend/files/RegistrySettings.h"
+#include "backend/model/Program.h"
 #include "gui/OrvGuiIF.h"
 #include "gui/framework/ComboBox.h"
 #include "gui/framework/GuiMessageManagerMaster.h"

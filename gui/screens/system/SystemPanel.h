@@ -2,9 +2,9 @@
 
 #include <string>
 
-#include "backend/core/Screen.h"
-#include "backend/layers/RetroRecordManager.h"
-#include "backend/midi/MidiPort.h"
+#include "backend/model/MidiPort.h"
+#include "backend/model/Screen.h"
+#include "backend/recorder/RetroRecordManager.h"
 #include "gui/framework/Panel.h"
 #include "gui/screens/system/SystemGuiMessageManager.h"
 

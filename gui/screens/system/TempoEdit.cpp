@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <cstdlib>
 
-#include "backend/persistence/Program.h"
+#include "backend/model/Program.h"
 #include "gui/framework/Properties.h"
 
 namespace Gui::System

@@ -2,7 +2,7 @@
 
 #include <functional>
 
-#include "backend/input/values/RelativeFixedValue.h"
+#include "backend/values/RelativeFixedValue.h"
 #include "gui/framework/EditBox.h"
 
 namespace Gui::System

@@ -1,0 +1,71 @@
+#pragma once
+
+#include <cstdint>
+#include <ostream>
+#include <string>
+#include <string_view>
+#include <tuple>
+
+#include "backend/xml/XmlElement.h"
+#include "backend/xml/XmlWriter.h"
+
+namespace Backend
+{
+/// A parameter that stands in an attribute of its owner's element.
+template <class Owner, class Value>
+struct Attribute {
+    std::string_view name;
+    Value Owner::*member;
+};
+template <class Owner, class Value>
+Attribute(const char*, Value Owner::*) -> Attribute<Owner, Value>;
+
+inline void writeAttribute(std::ostream& out, std::string_view name, const std::string& text)
+{
+    out << xmlStringAttribute(name, text);
+}
+inline void writeAttribute(std::ostream& out, std::string_view name, const XmlItem auto& value)
+{
+    out << xmlItemAttribute(name, value);
+}
+inline void writeAttribute(std::ostream& out, std::string_view name, std::int8_t number)
+{
+    out << xmlCharAttribute(name, number);
+}
+
+/// What is not there stays as it is.
+inline void readAttribute(const XmlElement& element, std::string_view name, std::string& text)
+{
+    text = element.getAttribute(name, text);
+}
+inline void readAttribute(const XmlElement& element, std::string_view name, std::int8_t& number)
+{
+    number = static_cast<std::int8_t>(element.getIntAttribute(name, number));
+}
+template <XmlItem Value>
+void readAttribute(const XmlElement& element, std::string_view name, Value& value)
+{
+    value = Value::fromXmlString(element.getAttribute(name, value.toXmlString()));
+}
+
+/// What the parameters of a family are good for, written once: `Family::attributes()` lists them as a tuple of
+/// Attribute in the order in which they are written.
+template <class Family>
+void writeAttributes(std::ostream& out, const Family& family)
+{
+    std::apply([&](const auto&... row) { (writeAttribute(out, row.name, family.*row.member), ...); },
+               Family::attributes());
+}
+template <class Family>
+void readAttributes(const XmlElement& element, Family& family)
+{
+    std::apply([&](const auto&... row) { (readAttribute(element, row.name, family.*row.member), ...); },
+               Family::attributes());
+}
+template <class Family>
+bool hasSameAttributes(const Family& one, const Family& other)
+{
+    return std::apply([&](const auto&... row) { return ((one.*row.member == other.*row.member) && ...); },
+                      Family::attributes());
+}
+}  // namespace Backend

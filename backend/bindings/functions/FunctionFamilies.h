@@ -1,0 +1,199 @@
+#pragma once
+
+#include <memory>
+#include <ostream>
+#include <string>
+#include <string_view>
+#include <tuple>
+
+#include "backend/bindings/functions/Attributes.h"
+#include "backend/bindings/functions/FunctionInfo.h"
+#include "backend/bindings/functions/FunctionSettingsTypes.h"
+#include "backend/core/OrvIF.h"
+#include "backend/model/Function.h"
+
+namespace Backend::FunctionManagement
+{
+/// What all functions share. A concrete class, `Derived`, says its `info` and what `execute` does; its family brings
+/// the parameters, listed by `attributes`.
+template <class Derived, class Settings>
+class FunctionOf : public Function, public Settings
+{
+public:
+    using Settings::accept;
+
+    explicit FunctionOf(OrvIF& backend) : orvIF(backend) {}
+
+    bool equals(const Function& other) const override
+    {
+        const auto* same = dynamic_cast<const Derived*>(&other);
+        return same != nullptr && derived().hasSameParameters(*same);
+    }
+    std::unique_ptr<Function> clone() const override { return std::make_unique<Derived>(derived()); }
+    std::string_view getType() const override { return Derived::info.typeName; }
+    void accept(FunctionVisitor& visitor) override { visitor.visit(derived()); }
+    void accept(typename Settings::Visitor& visitor) override { visitor.visit(derived()); }
+    void writeXml(std::ostream& out, int indent) const override
+    {
+        out << std::string(static_cast<std::size_t>(indent), '\t') << xmlOpenTag(Derived::info.typeName);
+        derived().writeParameters(out);
+        out << xmlCloseEmpty() << '\n';
+    }
+    int getHelpId() const override { return Derived::info.helpId; }
+
+    /// From its element.
+    void readParameters(const XmlElement& element) { readAttributes(element, derived()); }
+    void writeParameters(std::ostream& out) const { writeAttributes(out, derived()); }
+    bool hasSameParameters(const Derived& other) const { return hasSameAttributes(derived(), other); }
+
+    static constexpr std::tuple<> attributes() { return {}; }
+
+protected:
+    OrvIF& orv() const { return orvIF; }
+
+private:
+    Derived& derived() { return static_cast<Derived&>(*this); }
+    const Derived& derived() const { return static_cast<const Derived&>(*this); }
+
+    OrvIF& orvIF;
+};
+
+template <class Derived>
+using ActionFunction = FunctionOf<Derived, ActionSettingsType>;
+
+/// Switches something on, off, or to the other of what it is.
+template <class Derived>
+class ToggleFunction : public FunctionOf<Derived, OnOffToggleSettingsType>
+{
+public:
+    using FunctionOf<Derived, OnOffToggleSettingsType>::FunctionOf;
+
+    OnOffToggle getOnOffToggle() const override { return toggle; }
+    void setOnOffToggle(OnOffToggle newToggle) override { toggle = newToggle; }
+
+    static constexpr auto attributes() { return std::tuple{Attribute{"type", &ToggleFunction::toggle}}; }
+
+protected:
+    OnOffToggle toggle{};
+};
+
+/// Loads a stored preset by its name.
+template <class Derived>
+class PresetFunction : public FunctionOf<Derived, LoadPresetSettingsType>
+{
+public:
+    using FunctionOf<Derived, LoadPresetSettingsType>::FunctionOf;
+
+    std::string getPreset() const override { return preset; }
+    void setPreset(const std::string& name) override { preset = name; }
+
+    static constexpr auto attributes() { return std::tuple{Attribute{"preset", &PresetFunction::preset}}; }
+
+protected:
+    std::string preset;
+};
+
+inline constexpr RelativeFixedValue BLANK{.relative = true, .value = 0};
+
+/// Where a parameter starts.
+template <class Value>
+constexpr Value startValue()
+{
+    return {};
+}
+template <>
+constexpr RelativeFixedValue startValue()
+{
+    return BLANK;
+}
+
+/// Addresses items of a list, to select one or to change a setting of them: which of the two, `Derived::flags` say, and
+/// with that which attributes there are.
+template <class Derived, class Settings, class Value>
+class ChangeFunctionOf : public FunctionOf<Derived, Settings>
+{
+public:
+    explicit ChangeFunctionOf(OrvIF& backend) : FunctionOf<Derived, Settings>(backend)
+    {
+        if (!Derived::flags.allowUpDown) selectType.kind = SelectType::Kind::selected;
+    }
+
+    SelectType getSelectType() const override { return selectType; }
+    void setSelectType(SelectType select) override
+    {
+        if (hasSelect()) selectType = select;
+    }
+    Value getValue() const override { return value; }
+    void setValue(Value newValue) override
+    {
+        if (hasValue()) value = newValue;
+    }
+
+    bool hasSelect() const override { return Derived::flags.hasSelect; }
+    bool hasValue() const override { return Derived::flags.hasValue; }
+    bool allowUpDown() const override { return Derived::flags.allowUpDown; }
+    bool allowSelected() const override { return Derived::flags.allowSelected; }
+    bool allowSpecific() const override { return Derived::flags.allowSpecific; }
+    bool allowAll() const override { return Derived::flags.allowAll; }
+
+    static constexpr auto attributes()
+    {
+        constexpr Attribute select{"type", &ChangeFunctionOf::selectType};
+        constexpr Attribute number{"value", &ChangeFunctionOf::value};
+        if constexpr (!Derived::flags.hasValue)
+            return std::tuple{select};
+        else if constexpr (!Derived::flags.hasSelect)
+            return std::tuple{number};
+        else
+            return std::tuple{select, number};
+    }
+
+protected:
+    SelectType selectType{};
+    Value value = startValue<Value>();
+};
+
+template <class Derived>
+using SelectFunction = ChangeFunctionOf<Derived, SelectSettingsType, RelativeFixedValue>;
+template <class Derived>
+using BooleanFunction = ChangeFunctionOf<Derived, ChangeBooleanSettingsType, OnOffToggle>;
+template <class Derived>
+using NoteToggleFunction = ChangeFunctionOf<Derived, ChangeNoteToggleSettingsType, NoteToggle>;
+
+/// Acts on controls of the grid. `Derived::start` is the selection it starts from, `Derived::flags` what it takes.
+template <class Derived>
+class ControlFunctionOf : public FunctionOf<Derived, SelectControlSettingsType>
+{
+public:
+    explicit ControlFunctionOf(OrvIF& backend) : FunctionOf<Derived, SelectControlSettingsType>(backend)
+    {
+        selectControlType.kind = Derived::start;
+    }
+
+    SelectControlType getSelectControlType() const override { return selectControlType; }
+    void setSelectControlType(SelectControlType select) override { selectControlType = select; }
+    RelativeFixedValue getValue() const override { return value; }
+    void setValue(RelativeFixedValue newValue) override
+    {
+        if (hasValue()) value = newValue;
+    }
+
+    bool allowArrows() const override { return Derived::flags.allowArrows; }
+    bool allowSelected() const override { return Derived::flags.allowSelected; }
+    bool hasValue() const override { return Derived::flags.hasValue; }
+    bool allowAll() const override { return Derived::flags.allowAll; }
+
+    static constexpr auto attributes()
+    {
+        constexpr Attribute select{"type", &ControlFunctionOf::selectControlType};
+        if constexpr (Derived::flags.hasValue)
+            return std::tuple{select, Attribute{"value", &ControlFunctionOf::value}};
+        else
+            return std::tuple{select};
+    }
+
+protected:
+    SelectControlType selectControlType{};
+    RelativeFixedValue value = BLANK;
+};
+}  // namespace Backend::FunctionManagement

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <string>
+
+#include "backend/bindings/functions/HelpId.h"
+#include "platform/Export.h"
+
+namespace Backend
+{
+/// The sentence of that number, in English; empty if there is none.
+ORV_API std::string helpText(int helpId);
+}  // namespace Backend

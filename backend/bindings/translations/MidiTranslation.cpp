@@ -1,0 +1,49 @@
+#include "backend/bindings/translations/MidiTranslation.h"
+
+#include <algorithm>
+
+#include "backend/core/OrvMessageManager.h"
+
+namespace Backend::MidiInput::TranslationManagement
+{
+using FunctionManagement::FunctionNoteSpan;
+using MidiEngine::MessageType;
+using MidiEngine::MidiMessage;
+using MidiEngine::Note;
+
+namespace
+{
+constexpr int HIGHEST_DATA = 127;
+
+int dataFor(const MidiTranslationValue& value, const MidiMessage& message)
+{
+    return std::clamp(value.getValue(message).value, 0, HIGHEST_DATA);
+}
+}  // namespace
+
+void MidiTranslationParameters::play(OrvIF& orv, MidiEngine::OrvMidiMessage message, MessageType status) const
+{
+    const MidiMessage incoming = message.getMidiMessage();
+    if (status != MessageType::none) message.setStatus(status);
+    if (output != MidiEngine::OrvMidiMessage::DEFAULT_OUTPUT) message.setOutput(output);
+    channel.applyTo(message);
+    message.setZone(zone);
+    message.setD1(dataFor(d1, incoming));
+    message.setD2(dataFor(d2, incoming));
+    orv.getOrvMessageManager().postPlayMidi(message);
+}
+
+/// A data value never falls when a byte of the event rises, so the lowest and the highest event give the ends.
+FunctionNoteSpan MidiTranslationParameters::getNoteSpan(const MidiEvent& event, MessageType status) const
+{
+    const MessageType played = status != MessageType::none ? status : event.message.getStatus();
+    if (zone < 0 || played != MessageType::noteOn) return {};
+    const auto noteFor = [&](int openData) {
+        MidiMessage message = event.message;
+        if (!event.hasNumber()) message.setD1(openData);
+        message.setD2(openData);
+        return Note(dataFor(d1, message));
+    };
+    return {.zone = zone, .lowNote = noteFor(0), .highNote = noteFor(HIGHEST_DATA)};
+}
+}  // namespace Backend::MidiInput::TranslationManagement

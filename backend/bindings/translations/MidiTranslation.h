@@ -1,0 +1,70 @@
+#pragma once
+
+#include <cstdint>
+#include <tuple>
+
+#include "backend/bindings/functions/HelpId.h"
+#include "backend/bindings/translations/TranslationFamilies.h"
+#include "backend/model/MidiEvent.h"
+
+namespace Backend::MidiInput::TranslationManagement
+{
+/// The event that a MIDI translation makes of the incoming one.
+struct MidiTranslationParameters {
+    std::int8_t zone = -1;    ///< -1 for none, whatever the event had
+    std::int8_t output = -1;  ///< -1 for the output of the event
+    ChannelTranslation channel{};
+    MidiTranslationValue d1{.kind = MidiTranslationValue::Kind::useD1};
+    MidiTranslationValue d2{.kind = MidiTranslationValue::Kind::useD2};
+
+    static constexpr auto attributes()
+    {
+        using P = MidiTranslationParameters;
+        return std::tuple{Attribute{"zone", &P::zone}, Attribute{"output", &P::output},
+                          Attribute{"channel", &P::channel}, Attribute{"D1", &P::d1}, Attribute{"D2", &P::d2}};
+    }
+
+    /// Plays the result behind what is already on the backend's road. Both data bytes are taken from the incoming
+    /// event, so they can change places, and go to 0 to 127. `status` none keeps the event's own.
+    void play(OrvIF& orv, MidiEngine::OrvMidiMessage message, MidiEngine::MessageType status) const;
+
+    /// The notes that the result can have when `event` comes in, if it is a note on in a zone. What the kind of event
+    /// leaves open can be anything.
+    FunctionManagement::FunctionNoteSpan getNoteSpan(const MidiEvent& event, MidiEngine::MessageType status) const;
+
+    bool operator==(const MidiTranslationParameters&) const = default;
+};
+
+/// Plays the event with other data, and with the status of `Derived::status` unless that is none.
+template <class Derived>
+class MidiTranslation : public TranslationOf<Derived, MidiSettingsType>
+{
+public:
+    std::int8_t getZone() const override { return parameters.zone; }
+    void setZone(int number) override { parameters.zone = static_cast<std::int8_t>(number); }
+    std::int8_t getOutput() const override { return parameters.output; }
+    void setOutput(int port) override { parameters.output = static_cast<std::int8_t>(port); }
+    ChannelTranslation getChannel() const override { return parameters.channel; }
+    void setChannel(ChannelTranslation channel) override { parameters.channel = channel; }
+    MidiTranslationValue getD1() const override { return parameters.d1; }
+    void setD1(MidiTranslationValue value) override { parameters.d1 = value; }
+    MidiTranslationValue getD2() const override { return parameters.d2; }
+    void setD2(MidiTranslationValue value) override { parameters.d2 = value; }
+
+    void run(OrvIF& orv, const MidiEngine::OrvMidiMessage& message) const
+    {
+        parameters.play(orv, message, Derived::status);
+    }
+
+    FunctionManagement::FunctionNoteSpan getNoteSpan(const MidiEvent& event) const override
+    {
+        return parameters.getNoteSpan(event, Derived::status);
+    }
+
+    void readParameters(const XmlElement& element) { readAttributes(element, parameters); }
+    void writeParameters(std::ostream& out) const { writeAttributes(out, parameters); }
+
+protected:
+    MidiTranslationParameters parameters{};
+};
+}  // namespace Backend::MidiInput::TranslationManagement

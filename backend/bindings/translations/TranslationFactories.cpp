@@ -1,0 +1,53 @@
+// What derives from the table of contents: the factories and the list for pickers.
+
+#include "backend/bindings/translations/TranslationEnumerator.h"
+#include "backend/bindings/translations/Translations.h"
+
+namespace Backend::MidiInput::TranslationManagement
+{
+namespace
+{
+/// Calls `make` with the class of that type name, if there is one.
+template <class Make>
+void withClass(std::string_view typeName, Make&& make)
+{
+    AllTranslations::forEach([&]<class Type>(std::type_identity<Type> type) {
+        if (Type::info.typeName == typeName) make(type);
+    });
+}
+
+XmlElement firstChild(const XmlElement& parent)
+{
+    XmlElement first;
+    forEachElement(parent, [&](const XmlElement& child) {
+        if (!first.hasElement()) first = child;
+    });
+    return first;
+}
+}  // namespace
+
+std::unique_ptr<Translation> createTranslation(std::string_view typeName)
+{
+    std::unique_ptr<Translation> translation;
+    withClass(typeName, [&]<class Type>(std::type_identity<Type>) { translation = std::make_unique<Type>(); });
+    return translation;
+}
+
+std::unique_ptr<Translation> createTranslationFromXml(const XmlElement& element)
+{
+    const XmlElement child = firstChild(element);
+    std::unique_ptr<Translation> translation;
+    withClass(child.getTagName(), [&]<class Type>(std::type_identity<Type>) {
+        auto made = std::make_unique<Type>();
+        made->readParameters(child);
+        made->setCondition(MidiTranslationCondition::fromXmlString(element.getAttribute("condition")));
+        translation = std::move(made);
+    });
+    return translation;
+}
+
+void enumerateTranslations(TranslationEnumerator& enumerator)
+{
+    AllTranslations::forEach([&]<class Type>(std::type_identity<Type>) { enumerator.addTranslation(Type::info); });
+}
+}  // namespace Backend::MidiInput::TranslationManagement

@@ -1,0 +1,240 @@
+#pragma once
+
+#include <memory>
+#include <ostream>
+#include <string>
+#include <string_view>
+#include <tuple>
+
+#include "backend/bindings/functions/Attributes.h"
+#include "backend/bindings/translations/TranslationEnumerator.h"
+#include "backend/bindings/translations/TranslationSettingsTypes.h"
+#include "backend/core/OrvIF.h"
+#include "backend/model/Translation.h"
+#include "backend/xml/XmlWriter.h"
+
+namespace Backend::MidiInput::TranslationManagement
+{
+/// What all translations share. A concrete class, `Derived`, says its `info`; its family brings the parameters, listed
+/// by `attributes`, and `run(orv, message)`, which is what it does.
+template <class Derived, class Settings>
+class TranslationOf : public Translation, public Settings
+{
+public:
+    using Settings::accept;
+
+    std::unique_ptr<Translation> clone() const override { return std::make_unique<Derived>(derived()); }
+    std::string_view getType() const override { return Derived::info.typeName; }
+    void writeXml(std::ostream& out, int indent) const override
+    {
+        out << std::string(static_cast<std::size_t>(indent), '\t') << xmlOpenTag(Derived::info.typeName);
+        derived().writeParameters(out);
+        out << xmlCloseEmpty() << '\n';
+    }
+    void accept(TranslationVisitor& visitor) override { visitor.visit(derived()); }
+    void accept(typename Settings::Visitor& visitor) override { visitor.visit(derived()); }
+    void execute(const MidiEngine::OrvMidiMessage& message) override
+    {
+        if (OrvIF* const backend = getOrv()) derived().run(*backend, message);
+    }
+    int getHelpId() const override { return Derived::info.helpId; }
+
+    /// From its element.
+    void readParameters(const XmlElement& element) { readAttributes(element, derived()); }
+    void writeParameters(std::ostream& out) const { writeAttributes(out, derived()); }
+
+    static constexpr std::tuple<> attributes() { return {}; }
+
+private:
+    Derived& derived() { return static_cast<Derived&>(*this); }
+    const Derived& derived() const { return static_cast<const Derived&>(*this); }
+};
+
+// The families that do what a function does, `Like`: they set one up with what the event says, and run it. They have
+// its names and flags, unless `Derived` has others.
+
+template <class Derived, class Like>
+class ActionTranslation : public TranslationOf<Derived, ActionSettingsType>
+{
+public:
+    static constexpr TranslationInfo info = Like::info;
+
+    void run(OrvIF& orv, const MidiEngine::OrvMidiMessage&) const { Like(orv).execute(); }
+};
+
+template <class Derived, class Like>
+class ToggleTranslation : public TranslationOf<Derived, OnOffToggleSettingsType>
+{
+public:
+    static constexpr TranslationInfo info = Like::info;
+
+    OnOffToggle getOnOffToggle() const override { return toggle; }
+    void setOnOffToggle(OnOffToggle newToggle) override { toggle = newToggle; }
+
+    void run(OrvIF& orv, const MidiEngine::OrvMidiMessage&) const
+    {
+        Like function(orv);
+        function.setOnOffToggle(toggle);
+        function.execute();
+    }
+
+    static constexpr auto attributes() { return std::tuple{Attribute{"type", &ToggleTranslation::toggle}}; }
+
+private:
+    OnOffToggle toggle{};
+};
+
+template <class Derived, class Like>
+class PresetTranslation : public TranslationOf<Derived, LoadPresetSettingsType>
+{
+public:
+    static constexpr TranslationInfo info = Like::info;
+
+    std::string getPreset() const override { return preset; }
+    void setPreset(const std::string& name) override { preset = name; }
+
+    void run(OrvIF& orv, const MidiEngine::OrvMidiMessage&) const
+    {
+        Like function(orv);
+        function.setPreset(preset);
+        function.execute();
+    }
+
+    static constexpr auto attributes() { return std::tuple{Attribute{"preset", &PresetTranslation::preset}}; }
+
+private:
+    std::string preset;
+};
+
+/// What is taken from the event, or as it stands.
+inline SelectType selectFor(const MidiTranslationValue& select, const MidiEngine::OrvMidiMessage& message)
+{
+    return select.getSelectType(message);
+}
+inline RelativeFixedValue valueFor(const MidiTranslationValue& value, const MidiEngine::OrvMidiMessage& message)
+{
+    return value.getValue(message);
+}
+inline SelectType selectFor(SelectType select, const MidiEngine::OrvMidiMessage&) { return select; }
+inline OnOffToggle valueFor(OnOffToggle value, const MidiEngine::OrvMidiMessage&) { return value; }
+inline NoteToggle valueFor(NoteToggle value, const MidiEngine::OrvMidiMessage&) { return value; }
+
+/// Where a selection starts: the event picks the item, but what changes items changes the selected ones.
+template <class Select>
+constexpr Select startSelect(const SelectFlags& flags)
+{
+    return {flags.allowUpDown ? Select{}.kind : Select::Kind::selected};
+}
+
+/// Addresses items of a list, to select one or to change a setting of them: which of the two, the flags say, and with
+/// that which attributes there are.
+template <class Derived, class Like, class Settings, class Select, class Value>
+class ChangeTranslationOf : public TranslationOf<Derived, Settings>
+{
+public:
+    static constexpr TranslationInfo info = Like::info;
+    static constexpr SelectFlags flags = Like::flags;
+
+    Select getSelectType() const override { return selectType; }
+    void setSelectType(Select select) override
+    {
+        if (hasSelect()) selectType = select;
+    }
+    Value getValue() const override { return value; }
+    void setValue(Value newValue) override
+    {
+        if (hasValue()) value = newValue;
+    }
+
+    bool hasSelect() const override { return Derived::flags.hasSelect; }
+    bool hasValue() const override { return Derived::flags.hasValue; }
+    bool allowUpDown() const override { return Derived::flags.allowUpDown; }
+    bool allowSelected() const override { return Derived::flags.allowSelected; }
+    bool allowSpecific() const override { return Derived::flags.allowSpecific; }
+    bool allowAll() const override { return Derived::flags.allowAll; }
+
+    void run(OrvIF& orv, const MidiEngine::OrvMidiMessage& message) const
+    {
+        Like function(orv);
+        function.setSelectType(selectFor(selectType, message));
+        function.setValue(valueFor(value, message));
+        function.execute();
+    }
+
+    static constexpr auto attributes()
+    {
+        constexpr Attribute select{"type", &ChangeTranslationOf::selectType};
+        constexpr Attribute number{"value", &ChangeTranslationOf::value};
+        if constexpr (!Derived::flags.hasValue)
+            return std::tuple{select};
+        else if constexpr (!Derived::flags.hasSelect)
+            return std::tuple{number};
+        else
+            return std::tuple{select, number};
+    }
+
+protected:
+    ChangeTranslationOf() : selectType(startSelect<Select>(Derived::flags)) {}
+
+    Select selectType;
+    Value value{};
+};
+
+template <class Derived, class Like>
+using BooleanTranslation = ChangeTranslationOf<Derived, Like, ChangeBooleanSettingsType, SelectType, OnOffToggle>;
+template <class Derived, class Like>
+using NoteToggleTranslation = ChangeTranslationOf<Derived, Like, ChangeNoteToggleSettingsType, SelectType, NoteToggle>;
+
+template <class Derived, class Like>
+class SelectTranslation
+    : public ChangeTranslationOf<Derived, Like, SelectSettingsType, MidiTranslationValue, MidiTranslationValue>
+{
+public:
+    // The event may say which item to select, but not which one to change.
+    bool allowUseD1() const override { return this->hasSelect() && !this->hasValue(); }
+    bool allowUseD2() const override { return allowUseD1(); }
+    bool allowD1Relative() const override { return allowUseD1(); }
+    bool allowD2Relative() const override { return allowUseD1(); }
+};
+
+/// Acts on controls of the grid. The value stands in the file also where nothing uses it.
+template <class Derived, class Like>
+class ControlTranslation : public TranslationOf<Derived, SelectControlSettingsType>
+{
+public:
+    static constexpr TranslationInfo info = Like::info;
+    static constexpr ControlFlags flags = Like::flags;
+
+    ControlTranslation() { selectControlType.kind = Like::start; }
+
+    SelectControlType getSelectControlType() const override { return selectControlType; }
+    void setSelectControlType(SelectControlType select) override { selectControlType = select; }
+    MidiTranslationValue getValue() const override { return value; }
+    void setValue(MidiTranslationValue newValue) override { value = newValue; }
+
+    bool allowArrows() const override { return Derived::flags.allowArrows; }
+    bool allowSelected() const override { return Derived::flags.allowSelected; }
+    bool hasValue() const override { return Derived::flags.hasValue; }
+    bool allowAll() const override { return Derived::flags.allowAll; }
+
+    void run(OrvIF& orv, const MidiEngine::OrvMidiMessage& message) const
+    {
+        // A blank value is the default one here: the second data byte.
+        const bool isBlank = value == MidiTranslationValue{MidiTranslationValue::Kind::specific, {true, 0}};
+        Like function(orv);
+        function.setSelectControlType(selectControlType);
+        function.setValue((isBlank ? MidiTranslationValue{} : value).getValue(message));
+        function.execute();
+    }
+
+    static constexpr auto attributes()
+    {
+        return std::tuple{Attribute{"type", &ControlTranslation::selectControlType},
+                          Attribute{"value", &ControlTranslation::value}};
+    }
+
+private:
+    SelectControlType selectControlType{};
+    MidiTranslationValue value{};
+};
+}  // namespace Backend::MidiInput::TranslationManagement

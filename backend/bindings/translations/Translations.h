@@ -1,0 +1,6 @@
+#pragma once
+
+// Every translation class.
+
+#include "backend/bindings/translations/FunctionTranslations.h"
+#include "backend/bindings/translations/MidiTranslations.h"

@@ -1,0 +1,77 @@
+#include "backend/engine/Arpeggio.h"
+
+#include <algorithm>
+
+#include "backend/engine/MidiEngine.h"
+#include "backend/model/SequenceSetting.h"
+
+namespace Backend::ArpeggioManagement
+{
+namespace
+{
+/// Nothing is a multiple of 0 here: a beat of 0 is no beat.
+bool isMultiple(std::int64_t number, std::int64_t divisor) { return divisor != 0 && number % divisor == 0; }
+
+/// The first pulse behind `ppq` that lies a multiple of `divisor` behind `origin`.
+std::int32_t nextMultiple(std::int64_t ppq, std::int64_t origin, std::int64_t divisor)
+{
+    if (divisor == 0) return Arpeggio::NEVER;
+    const std::int64_t step = divisor < 0 ? -divisor : divisor;
+    const std::int64_t past = ((ppq - origin) % step + step) % step;
+    return static_cast<std::int32_t>(std::min<std::int64_t>(ppq - past + step, Arpeggio::NEVER));
+}
+}  // namespace
+
+Arpeggio::Arpeggio(const ArpeggioSetting& setting) : beat(setting.beat), length(setting.length)
+{
+    notes.reserve(ROOM_FOR_NOTES);
+}
+
+bool Arpeggio::onBeat(std::int32_t ppq, std::int32_t startTime) const
+{
+    return isMultiple(std::int64_t{ppq} - startTime, beat);
+}
+
+bool Arpeggio::noteEnds(std::int32_t ppq, std::int32_t startTime) const
+{
+    if (beat <= length) return onBeat(ppq, startTime);  // cut by the next
+    std::int64_t began = lastNoteOn;
+    if (ppq <= began) {  // the clock went back: so does the beginning, by whole beats
+        if (beat == 0) return false;
+        began -= ((began - ppq) / beat + 1) * beat;
+    }
+    return isMultiple(ppq, began + length);
+}
+
+std::int32_t Arpeggio::nextTurn(std::int32_t ppq, std::int32_t startTime) const
+{
+    if (notes.empty()) return NEVER;
+    if (startTime < 0 || ppq < lastNoteOn) return ppq + 1;
+    const std::int32_t nextBeat = nextMultiple(ppq, startTime, beat);
+    if (beat <= length) return nextBeat;
+    return std::min(nextBeat, nextMultiple(ppq, 0, std::int64_t{lastNoteOn} + length));
+}
+
+void Arpeggio::strike(ArpeggioVoice& voice, ArpeggioNote& note, std::int32_t ppq)
+{
+    voice.noteOn(note);
+    lastNoteOn = ppq;
+}
+
+void Arpeggio::start(ArpeggioVoice& voice, std::int32_t ppq)
+{
+    lastStart = ppq;
+    voice.setStartTime(ppq);
+}
+
+void Arpeggio::stop(ArpeggioVoice& voice)
+{
+    for (ArpeggioNote& note : notes)
+        if (note.playing) voice.noteOff(note);
+    notes.clear();
+    rewind();
+    lastStart = lastNoteOn = -1;
+    voice.engine.updateStartTime(voice.slice);
+    voice.sequence.currentNode = 0;
+}
+}  // namespace Backend::ArpeggioManagement

@@ -1,0 +1,215 @@
+#include "backend/engine/EngineLayer.h"
+
+#include <algorithm>
+#include <optional>
+
+#include "backend/engine/MidiEngine.h"
+
+namespace Backend::Layers
+{
+using MidiEngine::Note;
+using MidiEngine::NoteMemory;
+using MidiEngine::OrvMidiMessage;
+using MidiEngine::Slice;
+
+namespace
+{
+constexpr std::size_t NOTES = 256;  // as many as a data byte has
+
+OrvMidiMessage withNote(OrvMidiMessage event, int note)
+{
+    event.setD1(note);
+    return event;
+}
+
+/// The note that a played note becomes; results are held as signed bytes before they are brought into range.
+std::int64_t transposed(const Layer& layer, int played)
+{
+    const int key = layer.key.getNumber();
+    const auto signedByte = [](int value) { return static_cast<int>(static_cast<std::int8_t>(value)); };
+    if (key >= 0 && key <= 127)
+        return signedByte(Note(signedByte(layer.transpose.value), Note(played), layer.key).getNumber());
+    return layer.transpose.appliedTo(played);
+}
+
+std::int64_t shapedVelocity(const Layer& layer, int velocity)
+{
+    if (!layer.velocity.relative) return layer.velocity.value;
+    // The quotient first, then the product, in double precision.
+    const double ratio = static_cast<double>(layer.compress.numerator) / layer.compress.denominator;
+    return static_cast<std::int64_t>(ratio * velocity) + layer.velocity.value;
+}
+}  // namespace
+
+EngineLayer::EngineLayer(const Layer& layer)
+    : keepsNotes(layer.mono || layer.toggle.mode != NoteToggle::Mode::off || layer.arpeggio),
+      minVelocity(layer.minVelocity),
+      maxVelocity(layer.maxVelocity),
+      zone(layer.zone),
+      output(layer.output),
+      channel(layer.channel >= MidiEngine::NoteCounters::CHANNELS ? std::int8_t{0} : layer.channel),
+      useNoteStack(layer.useNoteStack),
+      settings(layer),
+      arpeggio(layer.arpeggio ? ArpeggioManagement::createArpeggio(*layer.arpeggio) : nullptr),
+      defaultOutputs(NOTES)
+{
+    for (std::size_t byte = 0; byte < NOTES; ++byte) {
+        const int note = static_cast<std::int8_t>(byte);
+        sounding[byte] = static_cast<std::uint8_t>(MidiEngine::foldNote(transposed(layer, note)));
+        velocities[byte] =
+            static_cast<std::uint8_t>(std::clamp<std::int64_t>(shapedVelocity(layer, static_cast<int>(byte)), 0, 127));
+    }
+}
+
+bool EngineLayer::hasInRange(std::uint8_t note) const
+{
+    const auto number = static_cast<std::int8_t>(note);
+    return number >= settings.minNote.getNumber() && number <= settings.maxNote.getNumber();
+}
+
+void EngineLayer::keepNote(Slice& slice, MidiEngine::MidiEngine& engine, const OrvMidiMessage& event)
+{
+    if (event.isNoteOn())
+        keepNoteOn(slice, engine, event);
+    else if (settings.toggle.mode == NoteToggle::Mode::off)  // otherwise releases play no part
+        keepNoteOff(slice, engine, event);
+}
+
+void EngineLayer::keepNoteOn(Slice& slice, MidiEngine::MidiEngine& engine, const OrvMidiMessage& event)
+{
+    const int note = event.getD1();
+    std::optional<OrvMidiMessage> delayed;
+    const auto endOldNote = [&] {
+        const auto old = noteStack.top();
+        if (old.note < 0) return;
+        OrvMidiMessage noteOff = withNote(event, old.note);
+        noteOff.setD2(old.velocity);
+        if (settings.toggle.mode != NoteToggle::Mode::off) {
+            toggledNotes[noteOff.getD1()] = false;
+            noteStack.remove(old.note);
+        }
+        if (hasArpeggio())
+            giveNoteOff(slice, engine, noteOff);
+        else
+            delayed = noteOff;  // behind the new note: legato
+    };
+
+    if (settings.toggle.mode == NoteToggle::Mode::off) {
+        // The older note stays in the stack: it comes back when the newer key is released.
+        if (settings.mono) endOldNote();
+    } else {
+        const auto place = static_cast<std::size_t>(note);
+        if (toggledNotes[place] && settings.toggle.mode == NoteToggle::Mode::type1) {
+            toggledNotes[place] = false;
+            giveNoteOff(slice, engine, event);
+            noteStack.remove(note);
+            return;
+        }
+        if (settings.mono) endOldNote();
+        if (toggledNotes[place]) giveNoteOff(slice, engine, event);  // struck anew
+        toggledNotes[place] = true;
+    }
+    if (settings.mono) noteStack.push(note, event.getD2());  // nobody else asks for it
+    giveNoteOn(slice, engine, event);
+    if (delayed) giveNoteOff(slice, engine, *delayed);
+}
+
+void EngineLayer::keepNoteOff(Slice& slice, MidiEngine::MidiEngine& engine, const OrvMidiMessage& event)
+{
+    if (!settings.mono) return giveNoteOff(slice, engine, event);
+    const bool wasLast = noteStack.remove(event.getD1());
+    if (!wasLast) return;
+    if (hasArpeggio()) giveNoteOff(slice, engine, event);
+    if (const auto older = noteStack.top(); older.note >= 0) giveNoteOn(slice, engine, withNote(event, older.note));
+    if (!hasArpeggio()) giveNoteOff(slice, engine, event);
+}
+
+void EngineLayer::giveNoteOn(Slice& slice, MidiEngine::MidiEngine& engine, const OrvMidiMessage& event)
+{
+    if (!hasArpeggio()) return emitNoteOn(slice, engine, event);
+    const int port = output == OrvMidiMessage::DEFAULT_OUTPUT ? engine.getDefaultMidiOutput(slice) : output;
+    if (!engine.isOutputEnabled(slice, port)) return engine.drop(slice, event, "output missing or not enabled");
+    OrvMidiMessage played = shaped(event, port);
+    played.setToNoteOn();
+    addToArpeggio(slice, engine, played);
+}
+
+/// Wherever its output went meanwhile: a key that is up must not play on.
+void EngineLayer::giveNoteOff(Slice& slice, MidiEngine::MidiEngine& engine, const OrvMidiMessage& event)
+{
+    if (!hasArpeggio()) return emitNoteOff(slice, engine, event);
+    OrvMidiMessage played = shaped(event, output);
+    played.setToNoteOff();
+    addToArpeggio(slice, engine, played);
+}
+
+void EngineLayer::addToArpeggio(Slice& slice, MidiEngine::MidiEngine& engine, const OrvMidiMessage& event)
+{
+    ArpeggioManagement::ArpeggioVoice voice{slice, engine, settings.sequenceSetting};
+    arpeggio->addNote(voice, event);
+    engine.wakeArpeggios(slice);
+}
+
+void EngineLayer::playArpeggio(Slice& slice, MidiEngine::MidiEngine& engine, std::int32_t ppq)
+{
+    ArpeggioManagement::ArpeggioVoice voice{slice, engine, settings.sequenceSetting};
+    arpeggio->process(voice, ppq);
+}
+
+OrvMidiMessage EngineLayer::shaped(const OrvMidiMessage& event, int port) const
+{
+    OrvMidiMessage played = event;
+    played.setOutput(port);
+    played.setChannel(channel);
+    played.setD1(sounding[event.getD1()]);
+    played.setD2(velocities[event.getD2()]);
+    return played;
+}
+
+void EngineLayer::emitNoteOn(Slice& slice, MidiEngine::MidiEngine& engine, const OrvMidiMessage& event)
+{
+    const bool toDefault = output == OrvMidiMessage::DEFAULT_OUTPUT;
+    const int port = toDefault ? engine.getDefaultMidiOutput(slice) : output;
+    if (!engine.isOutputEnabled(slice, port)) return engine.drop(slice, event, "output missing or not enabled");
+    if (toDefault) defaultOutputs.remember(event.getD1(), port);
+    OrvMidiMessage played = shaped(event, port);
+    played.setToNoteOn();
+    engine.playNoteOn(slice, played);
+}
+
+void EngineLayer::emitNoteOff(Slice& slice, MidiEngine::MidiEngine& engine, const OrvMidiMessage& event)
+{
+    int port = output;
+    if (port == OrvMidiMessage::DEFAULT_OUTPUT) {
+        port = defaultOutputs.take(event.getD1());
+        if (port == NoteMemory::NONE) port = engine.getDefaultMidiOutput(slice);
+    }
+    if (!engine.isOutputEnabled(slice, port)) return engine.drop(slice, event, "output missing or not enabled");
+    OrvMidiMessage played = shaped(event, port);
+    played.setToNoteOff();
+    engine.playNoteOff(slice, played, useNoteStack);
+}
+
+void EngineLayer::playOther(Slice& slice, MidiEngine::MidiEngine& engine, const OrvMidiMessage& event)
+{
+    if (!takesZone(event)) return;
+    OrvMidiMessage played = event;
+    played.setOutput(output != OrvMidiMessage::DEFAULT_OUTPUT ? output : engine.getDefaultMidiOutput(slice));
+    if (!engine.isOutputEnabled(slice, played.getOutput()))
+        return engine.drop(slice, played, "output missing or not enabled");
+    played.setChannel(channel);
+    if (engine.isFirstTo(slice, played.getOutput(), played.getChannel())) engine.playMidiInternal(slice, played, false);
+}
+
+void EngineLayer::reset(Slice& slice, MidiEngine::MidiEngine& engine)
+{
+    if (hasArpeggio()) {
+        ArpeggioManagement::ArpeggioVoice voice{slice, engine, settings.sequenceSetting};
+        arpeggio->stop(voice);
+    }
+    noteStack.clear();
+    toggledNotes.reset();
+    defaultOutputs.clear();
+}
+
+}  // namespace Backend::Layers

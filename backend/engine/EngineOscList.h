@@ -1,0 +1,43 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <vector>
+
+#include "backend/engine/EngineOscillator.h"
+
+namespace Backend::Oscillators
+{
+/// All oscillators of the engine, in order. Built outside the engine lock and swapped in as a whole. Those that stand
+/// cost nothing: they all stand at the same pulse, the last one that came by.
+class EngineOscList
+{
+public:
+    EngineOscList() = default;
+    explicit EngineOscList(std::span<const Oscillator> oscillators);
+
+    EngineOscList(const EngineOscList&) = delete;
+    EngineOscList& operator=(const EngineOscList&) = delete;
+
+    void swap(EngineOscList& other) noexcept;
+
+    /// Null for an id outside the list.
+    EngineOscillator* find(OscId id);
+    void setPlaying(EngineOscillator& oscillator, bool on);
+
+    /// Steps every oscillator that plays. A new list counts its first step from pulse 0.
+    void step(MidiEngine::Slice& slice, MidiEngine::MidiEngine& engine, std::int32_t ppq)
+    {
+        const std::int32_t pulses = ppq - lastPpq;
+        lastPpq = ppq;
+        for (EngineOscillator* oscillator : playing) oscillator->step(slice, engine, pulses);
+    }
+
+private:
+    void gatherPlaying();
+
+    std::vector<EngineOscillator> list;
+    std::vector<EngineOscillator*> playing;  // in order of the list
+    std::int32_t lastPpq = 0;
+};
+}  // namespace Backend::Oscillators

@@ -1,0 +1,163 @@
+#include "backend/engine/MidiEngine.h"
+
+#include <array>
+#include <cmath>
+#include <utility>
+
+namespace Backend::MidiEngine
+{
+namespace
+{
+constexpr std::size_t ROOM_FOR_EVENTS = 1024;
+}
+
+MidiEngine::MidiEngine(MidiPlayer& player)
+    : midiPlayer(player), directOutputs(NoteCounters::CHANNELS * NoteCounters::NOTES), messageManager(*this)
+{
+    timedEvents.reserve(ROOM_FOR_EVENTS);
+    pending.reserve(ROOM_FOR_EVENTS);
+}
+
+void MidiEngine::initialize(int output, bool thru)
+{
+    setDefaultMidiOutput(output);
+    setMidiThru(thru);
+    messageManager.start();
+}
+
+void MidiEngine::end() { messageManager.stop(); }
+
+std::int32_t MidiEngine::milliseconds2Ppq(double milliseconds, int tempo)
+{
+    return static_cast<std::int32_t>(std::floor(tempo / 60000.0 * milliseconds * PULSES_PER_QUARTER + 0.5)) +
+           FIRST_PULSE;
+}
+
+void MidiEngine::appendTimedEvent(const OrvMidiMessage& event)
+{
+    const Locked lock(criticalSection);
+    timedEvents.push_back(event);
+}
+
+// The old lists go when the argument does, outside the lock.
+void MidiEngine::setMidiInputPorts(MidiInputPorts ports)
+{
+    const Locked lock(criticalSection);
+    midiInputPorts.swap(ports);
+}
+
+void MidiEngine::setMidiOutputPorts(MidiOutputPorts ports)
+{
+    std::array<bool, 256> enabled{};
+    for (int output = 0; output < NoteCounters::OUTPUTS; ++output)
+        enabled[static_cast<unsigned>(output)] = isEnabled(ports, output);
+    const auto isGone = [&](int output) { return !enabled[static_cast<unsigned>(output)]; };
+
+    const Locked lock(criticalSection);
+    midiOutputPorts.swap(ports);
+    enabledOutputs = enabled;
+    for (int output = 0; output < NoteCounters::OUTPUTS; ++output)
+        if (isGone(output)) noteCounters.clearOutput(output);
+    directOutputs.forget(isGone);
+    for (Layers::EngineLayer& layer : layers.all()) layer.forgetOutputs(isGone);
+}
+
+void MidiEngine::enableMidiInput(int port, bool enabled)
+{
+    const Locked lock(criticalSection);
+    midiPlayer.enableMidiInput(port, enabled);
+}
+
+void MidiEngine::enableMidiOutput(int port, bool enabled)
+{
+    const Locked lock(criticalSection);
+    midiPlayer.enableMidiOutput(port, enabled);
+}
+
+void MidiEngine::setDefaultMidiOutput(int port)
+{
+    const bool isOutput = port >= 0 && port < NoteCounters::OUTPUTS;
+    const Locked lock(criticalSection);
+    defaultMidiOutput = isOutput ? port : OrvMidiMessage::DEFAULT_OUTPUT;
+}
+
+void MidiEngine::setMidiThru(bool on)
+{
+    const Locked lock(criticalSection);
+    midiThru = on;
+}
+
+void MidiEngine::setTempo(int bpm)
+{
+    const Locked lock(criticalSection);
+    midiPlayer.setTempo(bpm);
+}
+
+void MidiEngine::setTempoSource(int source)
+{
+    const Locked lock(criticalSection);
+    keptTempoSource = source;
+    // During a reset the clock stays internal; the new source takes over when the reset is done.
+    if (resetsUnderWay == 0) midiPlayer.setTempoSource(static_cast<char>(source));
+}
+
+void MidiEngine::setGuiWindowHandle(WindowHandle window)
+{
+    const Locked lock(criticalSection);
+    std::swap(guiWindow, window);
+    isToldOf = guiWindow || retroRecordManager != nullptr;
+}
+
+void MidiEngine::setRetroRecordManager(RetroRecord::RetroRecordManager* recorder)
+{
+    const Locked lock(criticalSection);
+    retroRecordManager = recorder;
+    isToldOf = guiWindow || retroRecordManager != nullptr;
+}
+
+void MidiEngine::setControlUpdates(Controls::ControlUpdates* updates)
+{
+    const Locked lock(criticalSection);
+    controlUpdates = updates;
+}
+
+void MidiEngine::setZoneMap(std::vector<Zones::Zone> newZones)
+{
+    const Locked lock(criticalSection);
+    zones.set(newZones);
+}
+
+void MidiEngine::setZone(Zones::Zone zone)
+{
+    const Locked lock(criticalSection);
+    zones.setTranspose(zone);
+}
+
+void MidiEngine::setOscPlaying(Oscillators::OscId id, bool playing)
+{
+    Slice slice;
+    {
+        const Locked lock(criticalSection);
+        Oscillators::EngineOscillator* oscillator = oscillators.find(id);
+        if (oscillator == nullptr) return;
+        if (const std::int32_t stopValue = oscillator->getStopValue(); stopValue >= 0) {
+            if (oscillator->isHeard()) timedEvents.push_back(oscillator->makeEvent(stopValue));
+            tellOscValue(slice, id, stopValue);
+        }
+        oscillators.setPlaying(*oscillator, playing);
+    }
+    finish(slice);
+}
+
+void MidiEngine::setOscSpeed(Oscillators::OscId id, int speed)
+{
+    const Locked lock(criticalSection);
+    if (auto* oscillator = oscillators.find(id)) oscillator->setSpeed(speed);
+}
+
+void MidiEngine::setRandomSeed(std::uint32_t seed)
+{
+    const Locked lock(criticalSection);
+    random = RandomSource(seed);
+}
+}  // namespace Backend::MidiEngine

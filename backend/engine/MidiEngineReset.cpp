@@ -1,0 +1,118 @@
+// How notes end: resets, and the layers and oscillators that travel with them.
+
+#include <utility>
+
+#include "backend/engine/MidiEngine.h"
+#include "backend/engine/ResetRequest.h"
+
+namespace Backend::MidiEngine
+{
+namespace
+{
+constexpr int RESET_VELOCITY = 100;
+}
+
+void MidiEngine::sendReset()
+{
+    ResetRequest request;
+    runReset(OrvMidiMessage::createOrvReset(), request);
+}
+
+void MidiEngine::sendHardReset()
+{
+    ResetRequest request;
+    runReset(OrvMidiMessage::createOrvHardReset(), request);
+}
+
+// The old layers come back with the request and go with it, outside the lock.
+void MidiEngine::setLayerList(std::vector<Layers::Layer> newLayers)
+{
+    ResetRequest request;
+    request.layers.emplace(newLayers);
+    runReset(OrvMidiMessage::createOrvReset(), request);
+}
+
+void MidiEngine::setOscList(std::vector<Oscillators::Oscillator> newOscillators)
+{
+    ResetRequest request;
+    request.oscillators.emplace(newOscillators);
+    runReset(OrvMidiMessage::createOrvReset(), request);
+}
+
+void MidiEngine::runReset(const OrvMidiMessage& order, ResetRequest& request)
+{
+    Slice slice;
+    const bool atOnce = isMidiPlayerThread();
+    {
+        const Locked lock(criticalSection);
+        if (atOnce)
+            carryOut(slice, order, request);
+        else
+            queueReset(order, request);
+    }
+    finish(slice);
+    if (atOnce) return;
+
+    request.done.wait();
+    const Locked lock(criticalSection);
+    if (--resetsUnderWay == 0) midiPlayer.setTempoSource(static_cast<char>(keptTempoSource));
+}
+
+/// With an external tempo source the slices may have stopped with its clock, so the first reset puts the clock inside
+/// and the last one puts it back.
+void MidiEngine::queueReset(const OrvMidiMessage& order, ResetRequest& request)
+{
+    if (resetsUnderWay++ == 0) {
+        keptTempoSource = midiPlayer.getTempoSource();
+        midiPlayer.setTempoSource(-1);
+    }
+    timedEvents.push_back(order);
+    resetRequests.push_back(&request);
+    ++resetsWaiting;
+    if (request.waiter != nullptr) request.waiter->setWaiting(true);
+}
+
+void MidiEngine::serveReset(Slice& slice, const OrvMidiMessage& order)
+{
+    ResetRequest& request = *resetRequests.front();
+    carryOut(slice, order, request);
+    resetRequests.erase(resetRequests.begin());
+    --resetsWaiting;
+    if (request.waiter != nullptr) request.waiter->setWaiting(false);
+    request.next = std::exchange(slice.served, &request);
+}
+
+void MidiEngine::carryOut(Slice& slice, const OrvMidiMessage& order, ResetRequest& request)
+{
+    if (order.isOrvHardReset())
+        hardReset(slice);
+    else
+        reset(slice);
+    if (request.layers) layers.swap(*request.layers);
+    if (request.oscillators) oscillators.swap(*request.oscillators);
+}
+
+void MidiEngine::reset(Slice& slice)
+{
+    noteCounters.clear([&](int output, int channel, int note) {
+        const OrvMidiMessage noteOff(MessageType::noteOff, note, RESET_VELOCITY, channel, output,
+                                     OrvMidiMessage::DEFAULT_ZONE, OrvMidiMessage::DEFAULT_INPUT, -1);
+        playMidiInternal(slice, noteOff, false);
+    });
+    presses.forget();
+    for (Layers::EngineLayer& layer : layers.all()) layer.reset(slice, *this);
+    startTime = -1;
+    wakeArpeggios(slice);
+    directOutputs.clear();
+}
+
+void MidiEngine::hardReset(Slice& slice)
+{
+    reset(slice);
+    for (int channel = 0; channel < NoteCounters::CHANNELS; ++channel) {
+        playMidiInternal(slice, OrvMidiMessage::createAllSoundOffCC(defaultMidiOutput, channel), false);
+        playMidiInternal(slice, OrvMidiMessage::createAllControllersOffCC(defaultMidiOutput, channel), false);
+    }
+    playMidiInternal(slice, OrvMidiMessage::createSystemReset(defaultMidiOutput), false);
+}
+}  // namespace Backend::MidiEngine

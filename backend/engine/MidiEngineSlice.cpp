@@ -1,0 +1,273 @@
+// What runs inside a time slice, from the queue to the player.
+
+#include <algorithm>
+#include <limits>
+#include <utility>
+
+#include "backend/engine/MidiEngine.h"
+#include "backend/engine/ResetRequest.h"
+#include "backend/messages/GuiMessages.h"
+#include "backend/recorder/RetroRecordManager.h"
+#include "platform/DbgStream.h"
+
+namespace Backend::MidiEngine
+{
+namespace
+{
+// The place of a direct note in the memory of outputs; none for what is no note of a channel.
+constexpr int placeOf(int channel, int note)
+{
+    const bool inRange = channel >= 0 && channel < NoteCounters::CHANNELS && note < NoteCounters::NOTES;
+    return inRange ? channel * NoteCounters::NOTES + note : -1;
+}
+}  // namespace
+
+void MidiEngine::playTimeSlice(std::int32_t startPpq, std::int32_t endPpq)
+{
+    Slice slice;
+    {
+        const Locked lock(criticalSection);
+        timeSlicesRunning = true;
+        drain(slice, endPpq);
+        walk(slice, startPpq, endPpq);
+        requeue();
+        slice.drops.swap(drops);
+    }
+    finish(slice);
+}
+
+/// Takes over what was queued: resets run at once, events get their place in pulse order.
+void MidiEngine::drain(Slice& slice, std::int32_t endPpq)
+{
+    pending.swap(timedEvents);
+    earliest = std::numeric_limits<std::int32_t>::max();
+    auto kept = pending.begin();
+    for (auto event = kept; event != pending.end(); ++event) {
+        if (event->getMidiEngineMessageType() != MidiEngineMessageType::midiEvent) {
+            serveReset(slice, *event);
+            continue;
+        }
+        if (!event->isTimedEvent()) event->setPpq(endPpq);
+        earliest = std::min(earliest, event->getPpq());
+        if (kept != event) *kept = *event;
+        ++kept;
+    }
+    pending.erase(kept, pending.end());
+}
+
+void MidiEngine::walk(Slice& slice, std::int32_t startPpq, std::int32_t endPpq)
+{
+    constexpr std::int32_t CATCH_UP = 10;
+    if (endPpq >= startPpq) {
+        if (std::int64_t{endPpq} - startPpq >= MAX_TIME_SLICE) return;
+        for (std::int32_t ppq = startPpq; ppq < endPpq; ++ppq) processPpq(slice, ppq, startPpq);
+        return;
+    }
+    // The clock went back: let off what lies between the two positions, then whatever is older.
+    for (std::int32_t pulse = 0; pulse < CATCH_UP; ++pulse) processPpq(slice, startPpq + pulse, endPpq);
+    for (std::int32_t pulse = -CATCH_UP; pulse < 0; ++pulse) processPpq(slice, endPpq + pulse, -1);
+}
+
+/// One pulse: first the events, then the arpeggios, then the oscillators.
+void MidiEngine::processPpq(Slice& slice, std::int32_t ppq, std::int32_t minPpq)
+{
+    if (ppq < 0) return;
+    if (ppq >= earliest) playDue(slice, ppq, minPpq);
+    if (!arpeggiosRest.contains(ppq)) playArpeggios(slice, ppq);
+    oscillators.step(slice, *this, ppq);
+}
+
+void MidiEngine::playDue(Slice& slice, std::int32_t ppq, std::int32_t minPpq)
+{
+    earliest = std::numeric_limits<std::int32_t>::max();
+    auto kept = pending.begin();
+    for (auto event = kept; event != pending.end(); ++event) {
+        if (event->getPpq() <= ppq && event->getPpq() >= minPpq) {
+            playMidi(slice, *event);
+            continue;
+        }
+        earliest = std::min(earliest, event->getPpq());
+        if (kept != event) *kept = *event;
+        ++kept;
+    }
+    pending.erase(kept, pending.end());
+}
+
+/// Each in the order of the layers, and all of them: one that stops may change the grid of the others. They say
+/// themselves how long they will rest.
+void MidiEngine::playArpeggios(Slice& slice, std::int32_t ppq)
+{
+    for (Layers::EngineLayer* layer : layers.arpeggiating()) layer->playArpeggio(slice, *this, ppq);
+    arpeggiosRest = {.from = ppq, .until = ArpeggioManagement::Arpeggio::NEVER};
+    for (const Layers::EngineLayer* layer : layers.arpeggiating())
+        arpeggiosRest.until = std::min(arpeggiosRest.until, layer->nextArpeggioTurn(ppq, startTime));
+}
+
+void MidiEngine::updateStartTime(Slice&)
+{
+    Slice::proves(criticalSection);
+    const auto runs = [](const Layers::EngineLayer* layer) { return layer->getArpeggioStart() >= 0; };
+    if (std::ranges::none_of(layers.arpeggiating(), runs)) startTime = -1;
+}
+
+/// What was not due goes back behind what was scheduled meanwhile.
+void MidiEngine::requeue()
+{
+    if (timedEvents.empty())
+        timedEvents.swap(pending);
+    else
+        timedEvents.insert(timedEvents.end(), pending.begin(), pending.end());
+    pending.clear();
+}
+
+void MidiEngine::playMidi(Slice& slice, OrvMidiMessage& event)
+{
+    Slice::proves(criticalSection);
+    if (event.getChannel() < -1 || event.getChannel() > 15 || event.getOutput() < -1)
+        return drop(slice, event, "no such channel or output");
+    if (event.isNote() && (event.getZone() >= 0 || layers.hasVelocityRange())) follow(event);
+    if (event.isDefaultOutput() && event.isDefaultChannel())
+        playThroughLayers(slice, event);
+    else
+        playDirect(slice, event);
+}
+
+/// A note off becomes the note that its note on became in its zone, and takes its velocity, so that it passes the same
+/// velocity ranges.
+void MidiEngine::follow(OrvMidiMessage& event)
+{
+    const std::size_t press = presses.placeOf(event);
+    if (event.getZone() >= 0) event.setD1(zones.soundingNote(event, presses, press));
+    if (!layers.hasVelocityRange()) return;
+    if (event.isNoteOn())
+        presses.rememberVelocity(press, event.getD2());
+    else
+        event.setD2(presses.takeVelocity(press));
+}
+
+/// Every layer is offered the event as it is here; none keeps it from the next.
+void MidiEngine::playThroughLayers(Slice& slice, const OrvMidiMessage& event)
+{
+    if (layers.isEmpty()) return drop(slice, event, "there is no layer");
+    if (event.isNote()) {
+        for (Layers::EngineLayer* layer : layers.taking(event.getD1())) layer->playNote(slice, *this, event);
+        return;
+    }
+    sentPairs.begin();
+    for (Layers::EngineLayer* layer : layers.playing()) layer->playOther(slice, *this, event);
+    if (sentPairs.hasAny()) postUpdateControl(slice, event);  // once: wherever it went, the controls hear the same
+}
+
+void MidiEngine::playDirect(Slice& slice, OrvMidiMessage& event)
+{
+    if (!event.isNote()) return playOtherDirect(slice, event);
+    const bool toDefaultOutput = event.isDefaultOutput();
+    if (event.isDefaultChannel()) event.setChannel(0);
+    if (toDefaultOutput) event.setOutput(getDefaultOutputFor(event));
+    if (!isOutputEnabled(slice, event.getOutput())) return drop(slice, event, "output missing or not enabled");
+
+    if (toDefaultOutput && event.isNoteOn())
+        if (const int place = placeOf(event.getChannel(), event.getD1()); place >= 0)
+            directOutputs.remember(static_cast<std::size_t>(place), event.getOutput());
+    playMidiInternal(slice, event, false);
+}
+
+/// Controls hear of an event with the output that it names, if any; the channel is always its own here.
+void MidiEngine::playOtherDirect(Slice& slice, OrvMidiMessage& event)
+{
+    OrvMidiMessage update = event;
+    update.setChannel(event.getChannel());
+    if (event.isDefaultChannel()) event.setChannel(0);
+    if (event.isDefaultOutput()) event.setOutput(defaultMidiOutput);
+    if (!isOutputEnabled(slice, event.getOutput())) return drop(slice, event, "output missing or not enabled");
+    postUpdateControl(slice, update);
+    playMidiInternal(slice, event, false);
+}
+
+void MidiEngine::postUpdateControl(Slice& slice, const OrvMidiMessage& event)
+{
+    Slice::proves(criticalSection);
+    if (controlUpdates == nullptr || !controlUpdates->follows(event)) return;
+    controlUpdates->postFromSlice(event);
+    slice.controls = controlUpdates;
+}
+
+/// Where an event for the default output goes: a note off to wherever its note on went.
+int MidiEngine::getDefaultOutputFor(const OrvMidiMessage& event)
+{
+    if (event.isNoteOff())
+        if (const int place = placeOf(event.getChannel(), event.getD1()); place >= 0)
+            if (const int output = directOutputs.take(static_cast<std::size_t>(place)); output != NoteMemory::NONE)
+                return output;
+    return defaultMidiOutput;
+}
+
+void MidiEngine::playMidiInternal(Slice& slice, const OrvMidiMessage& event, bool stackNotes)
+{
+    Slice::proves(criticalSection);
+    if (event.isNoteOn()) return playNoteOn(slice, event);
+    if (event.isNoteOff()) return playNoteOff(slice, event, stackNotes);
+    if (midiThru || event.getInput() < 0) midiPlayer.playMidi(event);
+    if (isToldOf) tell(slice, event);
+}
+
+void MidiEngine::tell(Slice& slice, const OrvMidiMessage& event)
+{
+    if (retroRecordManager != nullptr) record(slice, event);
+    if (guiWindow) show(slice, event);
+}
+
+/// Everything that a slice plays has one time.
+void MidiEngine::record(Slice& slice, const OrvMidiMessage& event)
+{
+    if (!slice.milliseconds) slice.milliseconds = midiPlayer.getMilliseconds();
+    retroRecordManager->addEvent(event.getMidiMessage(), event.getOutput(), *slice.milliseconds);
+    slice.recorder = retroRecordManager;
+}
+
+void MidiEngine::show(Slice& slice, const OrvMidiMessage& event)
+{
+    tellGui(slice, {.number = GuiMessage::MIDI_OUTPUT_EVENT, .wparam = event.getWparam(), .lparam = event.getLparam()});
+}
+
+void MidiEngine::tellOscValue(Slice& slice, Oscillators::OscId id, std::int32_t value)
+{
+    Slice::proves(criticalSection);
+    if (guiWindow)
+        tellGui(slice, {.number = GuiMessage::OSC_VALUE, .wparam = static_cast<std::uint32_t>(id), .lparam = value});
+}
+
+void MidiEngine::tellGui(Slice& slice, Message message)
+{
+    guiWindow.postFromSlice(std::move(message));
+    if (!slice.window) slice.window = guiWindow;
+}
+
+void MidiEngine::postPlayMidi(Slice&, const OrvMidiMessage& event)
+{
+    Slice::proves(criticalSection);
+    timedEvents.push_back(event);
+}
+
+void MidiEngine::drop(Slice&, const OrvMidiMessage& event, const char* why)
+{
+    Slice::proves(criticalSection);
+    if (WindowsLib::DbgStream::isEnabled()) drops.push_back({.event = event, .why = why});
+}
+
+/// What a slice leaves to be done without the lock: whoever sleeps is woken, once.
+void MidiEngine::finish(Slice& slice)
+{
+    slice.window.wake();
+    if (slice.recorder != nullptr) slice.recorder->wake();
+    if (slice.controls != nullptr) slice.controls->wake();
+    for (ResetRequest* request = slice.served; request != nullptr;) {
+        ResetRequest* next = request->next;
+        request->done.set();  // from here on it is gone
+        request = next;
+    }
+    for (const auto& [event, why] : slice.drops)
+        WindowsLib::DbgStream() << "dropped " << event.getMidiMessage().toXmlString() << ", channel "
+                                << int{event.getChannel()} << ", output " << int{event.getOutput()} << ": " << why;
+}
+}  // namespace Backend::MidiEngine

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+#include "backend/values/OrvMidiMessage.h"
+#include "platform/CriticalSection.h"
+#include "platform/WindowHandle.h"
+
+namespace Backend::RetroRecord
+{
+class RetroRecordManager;
+}
+
+namespace Backend::Controls
+{
+class ControlUpdates;
+}
+
+namespace Backend::MidiEngine
+{
+struct ResetRequest;
+
+/// Proof of being inside a time slice, with the engine lock held: only the engine makes one, and whatever plays asks
+/// for it. Inside a slice nothing allocates in the steady state, calls the system, takes another lock or throws. What
+/// must wait until the lock is left is collected here.
+class Slice
+{
+public:
+    Slice(const Slice&) = delete;
+    Slice& operator=(const Slice&) = delete;
+
+    /// Tells the analysis what holding a slice means.
+    static void proves([[maybe_unused]] const CriticalSection& section) ASSERT_CAPABILITY(section) {}
+
+private:
+    friend class MidiEngine;
+    Slice() = default;
+
+    struct Drop {
+        OrvMidiMessage event;
+        const char* why;
+    };
+
+    ResetRequest* served = nullptr;                       // resets done, newest first
+    WindowHandle window;                                  // to be woken, if anything was posted to it
+    RetroRecord::RetroRecordManager* recorder = nullptr;  // the same
+    std::optional<std::uint32_t> milliseconds;            // the slice's time, once it was asked for
+    Controls::ControlUpdates* controls = nullptr;         // the same
+    std::vector<Drop> drops;                              // for the debug stream
+};
+}  // namespace Backend::MidiEngine

@@ -1,0 +1,57 @@
+#include "backend/engine/UpDownArpeggio.h"
+
+#include "backend/model/SequenceSetting.h"
+
+namespace Backend::ArpeggioManagement::Arpeggios
+{
+/// Without a sequence it is always on the first node and the last.
+void UpDownArpeggio::step(ArpeggioVoice& voice)
+{
+    auto& sequence = voice.sequence;
+    const std::size_t last = notes.size() - 1;
+    if (!descending) {
+        if (current != last) {
+            ++current;
+        } else if (!sequence.isOnLastNode()) {
+            sequence.advance();
+            current = 0;
+        } else {
+            turnDown(voice);
+        }
+    } else {
+        if (current != 0) {
+            --current;
+        } else if (sequence.currentNode != 0) {
+            sequence.retreat();
+            current = last;
+        } else {
+            turnUp(voice);
+        }
+    }
+}
+
+/// A single note turns among the nodes instead.
+void UpDownArpeggio::turnDown(ArpeggioVoice& voice)
+{
+    descending = true;
+    if (current > 0)
+        --current;
+    else
+        voice.sequence.retreat();
+}
+
+void UpDownArpeggio::turnUp(ArpeggioVoice& voice)
+{
+    descending = false;
+    if (current + 1 < notes.size())
+        ++current;
+    else
+        voice.sequence.advance();
+}
+
+void UpDownArpeggio::rewind()
+{
+    WalkingArpeggio::rewind();
+    descending = false;
+}
+}  // namespace Backend::ArpeggioManagement::Arpeggios

@@ -1,0 +1,87 @@
+#include "backend/engine/WalkingArpeggio.h"
+
+#include <algorithm>
+
+#include "backend/model/SequenceSetting.h"
+
+namespace Backend::ArpeggioManagement
+{
+using MidiEngine::OrvMidiMessage;
+using State = ArpeggioNote::State;
+
+WalkingArpeggio::WalkingArpeggio(const ArpeggioSetting& setting, Order noteOrder, EqualKeys equalKeys)
+    : Arpeggio(setting), order(noteOrder), equal(equalKeys)
+{
+}
+
+void WalkingArpeggio::addNote(ArpeggioVoice& voice, const OrvMidiMessage& event)
+{
+    if (event.isNoteOn())
+        press(event);
+    else
+        release(voice, event);
+}
+
+void WalkingArpeggio::press(const OrvMidiMessage& event)
+{
+    const auto behind =
+        std::ranges::find_if(notes, [&](const ArpeggioNote& note) { return isBefore(event.getD1(), note.getD1()); });
+    const bool isThere = behind != notes.begin() && std::prev(behind)->getD1() == event.getD1();
+    if (isThere && equal == EqualKeys::ignored) return;
+    const auto place = static_cast<std::size_t>(behind - notes.begin());
+    notes.emplace(behind, event);
+    if (current != NOWHERE && place <= current) ++current;
+}
+
+/// Of equal keys the first that is still down, so that each key's end ends a note.
+void WalkingArpeggio::release(ArpeggioVoice& voice, const OrvMidiMessage& event)
+{
+    const auto note = std::ranges::find_if(
+        notes, [&](const ArpeggioNote& each) { return each.getD1() == event.getD1() && !each.isReleased(); });
+    if (note == notes.end()) return;
+    if (note->playing) {
+        note->state = State::released;
+        return;
+    }
+    erase(static_cast<std::size_t>(note - notes.begin()));
+    if (notes.empty()) stop(voice);
+}
+
+/// The walk stays on its note, or goes to the next, behind the last to the first.
+void WalkingArpeggio::erase(std::size_t place)
+{
+    notes.erase(notes.begin() + static_cast<std::ptrdiff_t>(place));
+    if (current == NOWHERE) return;
+    if (current > place) --current;
+    if (current == notes.size()) current = 0;
+}
+
+void WalkingArpeggio::process(ArpeggioVoice& voice, std::int32_t ppq)
+{
+    if (notes.empty()) return;
+    if (current == NOWHERE) current = 0;
+    if (std::ranges::all_of(notes, &ArpeggioNote::isReleased)) return stop(voice);
+
+    const std::int32_t startTime = voice.getStartTime();
+    if (ArpeggioNote& standing = notes[current]; standing.playing && noteEnds(ppq, startTime)) {
+        voice.noteOff(standing);
+        const std::size_t ended = current;
+        step(voice);
+        if (notes[ended].isReleased()) erase(ended);
+    }
+    ArpeggioNote& next = notes[current];
+    if (next.isReleased()) return;
+    if (onBeat(ppq, startTime) || (startTime < 0 && next.state == State::held)) {
+        strike(voice, next, ppq);
+        next.state = State::sounded;
+        start(voice, ppq);
+    }
+}
+
+void WalkingArpeggio::step(ArpeggioVoice& voice)
+{
+    if (++current < notes.size()) return;
+    current = 0;
+    voice.sequence.advance();
+}
+}  // namespace Backend::ArpeggioManagement

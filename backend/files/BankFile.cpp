@@ -1,0 +1,183 @@
+#include "backend/files/BankFile.h"
+
+#include <algorithm>
+#include <fstream>
+#include <utility>
+
+#include "backend/xml/XmlDocument.h"
+#include "backend/xml/XmlWriter.h"
+#include "platform/DbgStream.h"
+#include "platform/Path.h"
+#include "platform/WholeFile.h"
+
+namespace Backend
+{
+namespace
+{
+constexpr const char* PROGRAM = "Program";
+
+XmlElement parse(std::string_view text) { return XmlDocument(text, XmlDocument::Source::text).getRoot(); }
+
+std::string emptyProgram()
+{
+    return xmlOpenTag(PROGRAM) + xmlStringAttribute("name", "Empty") + xmlCloseOpen() + "\n" + xmlEndTag(PROGRAM) +
+           "\n";
+}
+
+/// What stands between two places begins a line of its own.
+const char* lineBreakBefore(std::string_view text, std::size_t place)
+{
+    return place == 0 || text[place - 1] == '\n' ? "" : "\n";
+}
+
+/// The document around the programs.
+std::string withoutPrograms(std::string_view text, const ElementLayout& layout)
+{
+    std::string rest;
+    std::size_t from = 0;
+    for (const TextSpan& program : layout.elements) {
+        rest += text.substr(from, program.begin - from);
+        from = program.end;
+    }
+    return rest += text.substr(from);
+}
+
+auto lineOf(std::string_view text, std::size_t place) { return 1 + std::ranges::count(text.substr(0, place), '\n'); }
+}  // namespace
+
+bool BankFile::open(const std::string& newPath)
+{
+    if (newPath == path && isUnchanged()) return true;
+    path = newPath;
+    std::string text;
+    return load(text);
+}
+
+BankFile::Stamp BankFile::stampOf(const std::string& path)
+{
+    std::error_code none;
+    return {std::filesystem::last_write_time(pathOf(path), none), std::filesystem::file_size(pathOf(path), none)};
+}
+
+bool BankFile::readText(std::string& text) const
+{
+    std::error_code error;
+    if (!std::filesystem::is_regular_file(pathOf(path), error)) return refuse("no file that can be read");
+    std::vector<std::uint8_t> bytes;
+    if ((error = WholeFile::read(pathOf(path), MAX_SIZE, bytes))) return refuse(error.message());
+    text.assign(bytes.begin(), bytes.end());
+    return true;
+}
+
+/// The whole text, and of a file that was changed also what it holds.
+bool BankFile::load(std::string& text)
+{
+    const Stamp now = stampOf(path);
+    const bool isKnown = std::exchange(isRead, false) && now == stamp;
+    stamp = now;
+    isRead = readText(text) && ((isKnown && scanElements(text, PROGRAM) == layout) || takeNames(text));
+    if (!isRead) {
+        layout = {};
+        names.clear();
+    }
+    return isRead;
+}
+
+/// Every program by itself, and the document without them: together they are the whole of it.
+bool BankFile::takeNames(std::string_view text)
+{
+    names.clear();
+    auto found = scanElements(text, PROGRAM);
+    if (!found) return refuse("the tags do not add up");
+    if (!parse(withoutPrograms(text, *found)).hasElement()) return refuse("no document around the programs");
+    for (const TextSpan& program : found->elements) {
+        const XmlElement element = parse(program.of(text));
+        if (element.getTagName() != PROGRAM)
+            return refuse("the program at line " + std::to_string(lineOf(text, program.begin)));
+        names.push_back(element.getAttribute("name"));
+    }
+    layout = std::move(*found);
+    return true;
+}
+
+XmlElement BankFile::readProgram(int number)
+{
+    std::string text;
+    if (!isUnchanged() && !load(text)) return {};
+    if (!hasProgram(number)) return {};
+    const XmlElement element = fetch(static_cast<std::size_t>(number));
+    if (element.hasElement()) return element;
+    // Someone wrote to it within one tick of the file system's clock.
+    isRead = false;
+    return load(text) && hasProgram(number) ? fetch(static_cast<std::size_t>(number)) : XmlElement();
+}
+
+/// The program from its place in the file, if it is there.
+XmlElement BankFile::fetch(std::size_t number) const
+{
+    const TextSpan& place = layout.elements[number];
+    std::string text(place.end - place.begin, '\0');
+    std::ifstream file(pathOf(path), std::ios::binary);
+    file.seekg(static_cast<std::streamoff>(place.begin));
+    file.read(text.data(), static_cast<std::streamsize>(text.size()));
+    const XmlElement element = parse(text);
+    return element.getTagName() == PROGRAM && element.getAttribute("name") == names[number] ? element : XmlElement();
+}
+
+bool BankFile::replaceProgram(int number, std::string_view element)
+{
+    const XmlElement program = parse(element);
+    if (program.getTagName() != PROGRAM) return refuse("what was to be saved is no program that can be read");
+    std::string text;
+    if (!load(text)) return false;
+    if (!hasProgram(number)) return refuse("no program " + std::to_string(number));
+
+    const auto index = static_cast<std::size_t>(number);
+    const TextSpan old = withItsLines(text, layout.elements[index]);
+    const std::string_view separator = lineBreakBefore(text, old.begin);
+    text.replace(old.begin, old.end - old.begin, std::string(separator) + std::string(element));
+    if (!write(text)) return false;
+
+    // The others only moved.
+    const std::size_t begin = old.begin + separator.size();
+    const std::size_t growth = separator.size() + element.size() - (old.end - old.begin);  // modulo 2^64
+    for (std::size_t i = index + 1; i < layout.elements.size(); ++i) layout.elements[i].moveBy(growth);
+    layout.rootEnd.moveBy(growth);
+    layout.elements[index] = {begin, begin + element.rfind('>') + 1};
+    names[index] = program.getAttribute("name");
+    stamp = stampOf(path);
+    return true;
+}
+
+bool BankFile::resize(int programs)
+{
+    if (programs <= 0 || programs > MAX_PROGRAMS) return refuse("no size for a bank: " + std::to_string(programs));
+    std::string text;
+    if (!load(text)) return false;
+    const auto size = static_cast<std::size_t>(programs);
+    const std::string_view rootEnd = layout.rootEnd.of(text);
+    const bool isEmpty = rootEnd == xmlCloseEmpty();
+    const std::size_t end = size < names.size() ? withItsLines(text, layout.elements[size]).begin
+                            : isEmpty           ? layout.rootEnd.begin
+                                                : withItsLines(text, layout.rootEnd).begin;
+    std::string newText = text.substr(0, end) + (isEmpty ? xmlCloseOpen() : "");
+    newText += lineBreakBefore(newText, newText.size());
+    for (std::size_t number = names.size(); number < size; ++number) newText += emptyProgram();
+    newText += xmlEndTag(layout.rootName) + text.substr(layout.rootEnd.end);
+    isRead = false;
+    return write(newText);
+}
+
+bool BankFile::write(const std::string& text)
+{
+    if (text.size() > MAX_SIZE) return refuse("it would be too large");
+    if (const auto error = WholeFile::replace(pathOf(path), text)) return refuse("not written: " + error.message());
+    return true;
+}
+
+bool BankFile::refuse(std::string_view reason) const
+{
+    WindowsLib::DbgStream() << path << ": " << reason;
+    return false;
+}
+}  // namespace Backend

@@ -1,0 +1,100 @@
+#include "backend/files/SequencePresetManager.h"
+
+#include <algorithm>
+#include <filesystem>
+
+#include "backend/files/FileName.h"
+#include "backend/files/OrvUtils.h"
+#include "backend/files/PresetFiles.h"
+#include "backend/model/SequenceSetting.h"
+#include "backend/xml/Text.h"
+#include "backend/xml/XmlWriter.h"
+#include "platform/DbgStream.h"
+#include "platform/Path.h"
+#include "platform/WholeFile.h"
+
+namespace Backend::SequenceManagement
+{
+namespace
+{
+namespace fs = std::filesystem;
+
+constexpr const char* FOLDER = "Sequences";
+constexpr const char* EXTENSION = ".seq";
+
+/// What the name is stored as, empty if the user may not call a file so.
+std::string storedName(std::string_view name)
+{
+    return isValidFileName(name) ? std::string(Text::trim(name)) : std::string();
+}
+
+/// True if there is none.
+bool tell(const std::error_code& error, const std::string& path, const char* what)
+{
+    if (error) WindowsLib::DbgStream() << path << ": " << what << ": " << error.message();
+    return !error;
+}
+}  // namespace
+
+void SequencePresetManager::load()
+{
+    list.clear();
+    for (const fs::path& file : listPresetFiles(FOLDER)) insert(textOf(file.stem()));
+}
+
+int SequencePresetManager::indexOf(std::string_view name) const
+{
+    const auto entry = std::ranges::find(list, name);
+    return entry == list.end() ? -1 : static_cast<int>(entry - list.begin());
+}
+
+bool SequencePresetManager::addPreset(std::string_view name, std::string_view text)
+{
+    const std::string stored = storedName(name);
+    const std::string path = stored.empty() ? "" : getPresetPath(stored);
+    if (path.empty()) return false;
+    const std::string document = xmlHeader() + "\n\t" + xmlStartTag("Sequence") + printSequence(parseSequence(text)) +
+                                 xmlEndTag("Sequence") + "\n";
+    std::error_code error;
+    fs::create_directories(pathOf(path).parent_path(), error);
+    if (!error) error = WholeFile::replace(pathOf(path), document);
+    if (!tell(error, path, "not saved")) return false;
+    insert(stored);
+    return true;
+}
+
+void SequencePresetManager::renamePreset(std::string_view oldName, std::string_view newName)
+{
+    const std::string stored = storedName(newName);
+    if (!exists(oldName) || stored.empty() || exists(stored)) return;
+    const std::string path = getPresetPath(oldName);
+    std::error_code error;
+    fs::rename(pathOf(path), pathOf(getPresetPath(stored)), error);
+    tell(error, path, "not renamed");
+    list.erase(list.begin() + indexOf(oldName));
+    insert(stored);
+}
+
+void SequencePresetManager::deletePreset(std::string_view name)
+{
+    const int place = indexOf(name);
+    if (place < 0) return;
+    const std::string path = getPresetPath(name);
+    std::error_code error;
+    fs::remove(pathOf(path), error);
+    tell(error, path, "not removed");
+    list.erase(list.begin() + place);
+}
+
+std::string SequencePresetManager::getPresetPath(std::string_view name)
+{
+    if (!staysInFolder(name)) return "";
+    return OrvUtils::pathIn(OrvUtils::pathIn(OrvUtils::getOrvAppDataDir(), FOLDER), std::string(name) + EXTENSION);
+}
+
+void SequencePresetManager::insert(std::string name)
+{
+    const auto place = std::ranges::lower_bound(list, name);
+    if (place == list.end() || *place != name) list.insert(place, std::move(name));
+}
+}  // namespace Backend::SequenceManagement

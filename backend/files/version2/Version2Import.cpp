@@ -1,0 +1,141 @@
+#include "backend/files/version2/Version2Import.h"
+
+#include <algorithm>
+#include <array>
+#include <climits>
+#include <sstream>
+#include <vector>
+
+#include "backend/files/version2/Blocks.h"
+#include "backend/files/version2/Words.h"
+#include "backend/xml/XmlDocument.h"
+#include "backend/xml/XmlWriter.h"
+#include "platform/DbgStream.h"
+#include "platform/Path.h"
+#include "platform/WholeFile.h"
+
+namespace Backend::Version2
+{
+namespace
+{
+using WindowsLib::DbgStream;
+
+constexpr std::size_t LARGEST_SOURCE = 64u << 20;
+constexpr char PROGRAM = 'P';
+
+/// "P... <anything> <name> <up to ten numbers>". The numbers mean nothing here.
+std::string readName(const Lines& lines)
+{
+    constexpr int NUMBERS = 10;
+    Words words(lines.current());
+    words.word();
+    words.word();
+    const std::string name = words.text();
+    for (int i = 0; i < NUMBERS; ++i) words.number(INT_MIN, INT_MAX, 0);
+    if (!words.areUnderstood()) lines.tell("what stands behind the program's name");
+    return name;
+}
+
+void convertOneProgram(Lines& lines, std::ostream& out)
+{
+    const std::string name = readName(lines);
+    lines.next();
+    Sections sections = Sections::withDefaultKeys();
+    readBlocks(lines, sections);
+    sections.writeProgram(out, name);
+}
+
+/// Behind a line that begins no block of a program, to where the next program begins.
+void passToProgram(Lines& lines)
+{
+    for (lines.passBlankLines(); !lines.atEnd() && lines.letter() != PROGRAM; lines.passBlankLines()) {
+        lines.tell("no program begins here");
+        lines.next();
+    }
+}
+
+using Converter = std::string (*)(std::string_view name, std::string_view text);
+
+bool readSource(const std::string& path, std::string& text)
+{
+    std::vector<std::uint8_t> bytes;
+    const auto error = WholeFile::read(pathOf(path), LARGEST_SOURCE, bytes);
+    if (error) DbgStream() << path << ": not read: " << error.message();
+    text.assign(bytes.begin(), bytes.end());
+    return !error;
+}
+
+bool import(const std::string& source, const std::string& target, Converter convert)
+{
+    std::string text;
+    if (!readSource(source, text)) return false;
+    const auto error = WholeFile::replace(pathOf(target), convert(source, text));
+    if (error) DbgStream() << target << ": not written: " << error.message();
+    return !error;
+}
+
+struct Kind {
+    std::string_view word;
+    PresetSection section;
+    void (Sections::*write)(std::ostream& out, int indent, bool merge) const;
+};
+constexpr auto KINDS = std::to_array<Kind>({{"key", PresetSections::COMPUTER_INPUT, &Sections::writeComputerInput},
+                                            {"midiin", PresetSections::MIDI_INPUT, &Sections::writeMidiInput},
+                                            {"control", PresetSections::CONTROLS, &Sections::writeControls},
+                                            {"layer", PresetSections::LAYERS, &Sections::writeLayers}});
+}  // namespace
+
+std::string convertBank(std::string_view name, std::string_view text)
+{
+    std::ostringstream out;
+    out << xmlHeader() << "\n\n" << xmlStartTag("Bank") << '\n';
+    Lines lines(name, text);
+    for (passToProgram(lines); !lines.atEnd(); passToProgram(lines)) convertOneProgram(lines, out);
+    out << xmlEndTag("Bank") << '\n';
+    return out.str();
+}
+
+std::string convertProgram(std::string_view name, std::string_view text)
+{
+    std::ostringstream out;
+    out << xmlHeader() << "\n\n" << xmlStartTag("ProgramFile") << '\n';
+    Lines lines(name, text);
+    lines.passBlankLines();
+    if (lines.letter() == PROGRAM) convertOneProgram(lines, out);
+    if (!lines.atEnd()) lines.tell("nothing of the program, and what follows neither");
+    out << xmlEndTag("ProgramFile") << '\n';
+    return out.str();
+}
+
+std::optional<Preset> convertPreset(std::string_view name, std::string_view text)
+{
+    Lines lines(name, text);
+    const bool merge = lines.current() == "SELECTED";
+    if (merge) lines.next();
+    const auto kind = std::ranges::find(KINDS, Words(lines.current()).word(), &Kind::word);
+    if (kind == KINDS.end()) {
+        lines.tell("no kind of preset");
+        return std::nullopt;
+    }
+    lines.next();
+    Sections sections = Sections::withDefaultKeys();
+    readBlocks(lines, sections);
+    if (!lines.atEnd()) lines.tell("nothing of a preset, and what follows neither");
+    std::ostringstream out;
+    (sections.*kind->write)(out, 0, merge);
+    return Preset{kind->section, out.str()};
+}
+
+bool importBank(const std::string& source, const std::string& target) { return import(source, target, convertBank); }
+
+bool importProgram(const std::string& source, const std::string& target)
+{
+    return import(source, target, convertProgram);
+}
+
+std::optional<Preset> readPreset(const std::string& source)
+{
+    std::string text;
+    return readSource(source, text) ? convertPreset(source, text) : std::nullopt;
+}
+}  // namespace Backend::Version2

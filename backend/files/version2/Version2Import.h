@@ -1,0 +1,33 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "backend/model/PresetSections.h"
+#include "platform/Export.h"
+
+/// What becomes of the files that version 2 of the product wrote: lines of words in blocks, under the same extensions.
+/// The source is never changed, and nothing but the source, the presets of the computer input and the target is
+/// touched. A line that is not understood is passed over and told to the debug stream, with file, line and reason.
+namespace Backend::Version2
+{
+/// Makes a bank or a program file. False, and there is no new file, if the source cannot be read or the target not be
+/// written.
+ORV_API bool importBank(const std::string& source, const std::string& target);
+ORV_API bool importProgram(const std::string& source, const std::string& target);
+
+/// A preset's section element, and which section it is.
+struct Preset {
+    PresetSection section;
+    std::string element;
+};
+
+/// None if the source cannot be read or is no preset of a section that version 2 had.
+ORV_API std::optional<Preset> readPreset(const std::string& source);
+
+/// The same with texts; `name` is what the debug stream is told.
+ORV_API std::string convertBank(std::string_view name, std::string_view text);
+ORV_API std::string convertProgram(std::string_view name, std::string_view text);
+ORV_API std::optional<Preset> convertPreset(std::string_view name, std::string_view text);
+}  // namespace Backend::Version2

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <compare>
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "backend/values/MidiMessage.h"
+#include "platform/Export.h"
+
+class XmlElement;
+
+namespace Backend::MidiInput
+{
+/// A kind of incoming event, the key of its translations: notes and controllers by their number, any other event by
+/// its status alone. The second data byte and the message's own channel never count.
+struct ORV_API MidiEvent {
+    static constexpr std::int8_t ALL = -1;
+
+    std::int8_t input = ALL;    ///< an input port, or all of them
+    std::int8_t channel = ALL;  ///< 0 to 15, or all of them
+    MidiEngine::MidiMessage message{};
+
+    /// From the attributes "input", "channel" and "midiEvent" of an element.
+    static MidiEvent fromXml(const XmlElement& element);
+    /// The attributes of its element, with a blank before each.
+    std::string toXmlAttributes() const;
+
+    /// Whether the first data byte counts.
+    constexpr bool hasNumber() const { return message.isNote() || message.isControllerChange(); }
+
+    /// Input, channel, status and number from the high byte down.
+    constexpr std::uint32_t getPacked() const
+    {
+        const auto byte = [](std::int8_t value) { return std::uint32_t{static_cast<std::uint8_t>(value)}; };
+        const std::uint32_t status = static_cast<std::uint32_t>(message.getStatus()) & 0xFF;
+        return byte(input) << 24 | byte(channel) << 16 | status << 8 | (hasNumber() ? message.getD1() : 0u);
+    }
+
+    /// The same kind of event, whatever its input and channel are.
+    bool isSameKind(const MidiEvent& other) const;
+
+    bool operator==(const MidiEvent& other) const { return getPacked() == other.getPacked(); }
+    std::strong_ordering operator<=>(const MidiEvent& other) const { return getPacked() <=> other.getPacked(); }
+};
+
+/// The event that a number of version 2 stands for, none for an unknown one. Inputs and channels count from 1 there.
+ORV_API std::optional<MidiEvent> midiEventFromVersion2(int number, int input, int channel);
+}  // namespace Backend::MidiInput

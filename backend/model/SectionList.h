@@ -1,0 +1,106 @@
+#pragma once
+
+#include <algorithm>
+#include <cstdint>
+#include <ostream>
+#include <span>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "backend/values/ElementList.h"
+#include "backend/values/SelectType.h"
+#include "backend/xml/XmlElement.h"
+#include "backend/xml/XmlWriter.h"
+
+namespace Backend::Layers
+{
+/// A section of a program that is a row of items: layers, oscillators. An id is a position, so whoever adds items
+/// leaves the numbering to the list. `Item` says the tags, `SECTION` and `ELEMENT`.
+template <class Item, class Id>
+class SectionList : public Component::ElementList<Item, Id>
+{
+public:
+    /// More are not taken, whatever a file says.
+    static constexpr Id MOST = 10000;
+
+    std::span<Item> all() { return elements; }
+
+    /// Appends the item under the next id.
+    void add(Item item)
+    {
+        item.id = static_cast<Id>(elements.size());
+        elements.push_back(std::move(item));
+    }
+
+    /// Takes the place of the item of the same id, growing the list to it with default ones if need be. A negative id,
+    /// and one of `MOST` or more, is ignored.
+    void put(const Item& item)
+    {
+        if (item.id < 0 || item.id >= MOST) return;
+        while (elements.size() <= static_cast<std::size_t>(item.id)) add({});
+        elements[static_cast<std::size_t>(item.id)] = item;
+    }
+
+    void clear() { elements.clear(); }
+
+    /// The section's element: its items replace those here, or with "merge" join them.
+    void readXml(const XmlElement& section)
+    {
+        if (!section.getBoolAttribute("merge", false)) clear();
+        forEachElement(section, [this](const XmlElement& child) {
+            if (child.getTagName() == Item::ELEMENT && elements.size() < MOST)
+                add(Item::fromXml(child, static_cast<Id>(elements.size())));
+        });
+    }
+
+    /// The element, one tag a line behind `indent` TABs: the items of `ids`, to be merged, or without ids all of them.
+    void writeXml(std::ostream& out, int indent, std::span<const Id> ids) const
+    {
+        const std::string tabs(static_cast<std::size_t>(indent), '\t');
+        out << tabs << xmlOpenTag(Item::SECTION) << xmlBoolAttribute("merge", !ids.empty()) << xmlCloseOpen() << '\n';
+        for (const Item& item : elements)
+            if (ids.empty() || std::ranges::find(ids, item.id) != ids.end()) item.writeXml(out, indent + 1);
+        out << tabs << xmlEndTag(Item::SECTION) << '\n';
+    }
+
+    /// Moves the selection up or down from the first selected item, or to the one that is named, and calls
+    /// `tell(item)` for each whose selection was set. A target outside the list changes nothing.
+    template <class Tell>
+    void select(const SelectType& to, Tell&& tell)
+    {
+        const auto current = std::ranges::find_if(elements, &Item::selected);
+        std::int64_t target = current == elements.end() ? -1 : current->id;
+        if (to.kind == SelectType::Kind::specific) target = to.value;
+        if (to.kind == SelectType::Kind::up) ++target;
+        if (to.kind == SelectType::Kind::down) --target;
+        if (target < 0 || target >= static_cast<std::int64_t>(elements.size())) return;
+
+        const auto setSelected = [&](Item& item, bool selected) {
+            item.selected = selected;
+            tell(std::as_const(item));
+        };
+        if (current != elements.end() && current->id != target) setSelected(*current, false);
+        setSelected(elements[static_cast<std::size_t>(target)], true);
+    }
+
+    /// Selects the items of `ids` and no others.
+    void selectOnly(const std::vector<Id>& ids)
+    {
+        for (Item& item : elements) item.selected = std::ranges::find(ids, item.id) != ids.end();
+    }
+
+    /// Calls `visit` with each item that `select` names: all, the selected ones, or the one of that id.
+    template <class Visit>
+    void forEachNamed(const SelectType& select, Visit&& visit)
+    {
+        for (Item& item : elements)
+            if (select.kind == SelectType::Kind::all || (select.kind == SelectType::Kind::selected && item.selected) ||
+                (select.kind == SelectType::Kind::specific && item.id == select.value))
+                visit(item);
+    }
+
+protected:
+    using Component::ElementList<Item, Id>::elements;
+};
+}  // namespace Backend::Layers

@@ -1,0 +1,179 @@
+#include "backend/recorder/RetroRecordManager.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "backend/files/OrvUtils.h"
+#include "backend/messages/Command.h"
+#include "backend/messages/GuiMessages.h"
+#include "backend/recorder/RecordFileNames.h"
+#include "platform/Path.h"
+
+namespace Backend::RetroRecord
+{
+using MidiEngine::MessageType;
+using MidiEngine::MidiMessage;
+using MidiEngine::MidiOutputPorts;
+
+namespace
+{
+enum Number : unsigned int {
+    STOP = 32869,
+    SET_OUTPUTS = 32870,
+    ADD_EVENT = 32871,
+    SAVE = 32872,
+    SET_BUFFER_SIZE = 32873,
+    ENABLE = 32874,
+    TELL_FILL_TO = 32875
+};
+
+constexpr const char* FOLDER = "Retrospective Record";
+// Some seconds of the densest playing, should the disk stand still.
+constexpr std::size_t SLICE_POOL = 4096;
+constexpr int UNTOLD = -1;
+constexpr std::uint32_t FIRST_SYSTEM_STATUS = 0xF0;
+
+/// An event as one word, so that it travels without an allocation: status, data bytes and output from the low byte up.
+std::uint32_t packed(const MidiMessage& message, int output)
+{
+    const auto bare = static_cast<std::uint32_t>(message.getStatus());
+    const auto channel = bare < FIRST_SYSTEM_STATUS ? static_cast<std::uint32_t>(message.getChannel()) & 0x0F : 0;
+    return bare | channel | std::uint32_t{message.getD1()} << 8 | std::uint32_t{message.getD2()} << 16 |
+           static_cast<std::uint32_t>(output) << 24;
+}
+
+MidiMessage unpackedMessage(std::uint32_t word)
+{
+    const std::uint32_t status = word & 0xFF;
+    const auto channel = status < FIRST_SYSTEM_STATUS ? static_cast<int>(status & 0x0F) : 0;
+    return MidiMessage(static_cast<MessageType>(status), static_cast<std::uint8_t>(word >> 8),
+                       static_cast<std::uint8_t>(word >> 16), channel);
+}
+
+int unpackedOutput(std::uint32_t word) { return static_cast<int>(word >> 24); }
+}  // namespace
+
+RetroRecordManager::RetroRecordManager(Clock timeOfEvents, Restore restoreFiles)
+    : clock(std::move(timeOfEvents)),
+      restore(restoreFiles),
+      worker(
+          "orv-recorder", STOP, [this](Message& message) { handleMessage(message); }, SLICE_POOL)
+{
+}
+
+void RetroRecordManager::start(bool on, int bufferSize)
+{
+    folder = pathOf(OrvUtils::pathIn(OrvUtils::getOrvAppDataDir(), FOLDER));
+    enabled = on;
+    fileSize = std::clamp(bufferSize, SMALLEST_BUFFER, LARGEST_BUFFER) / RecordChain::FILES;
+    if (!folder.empty()) {
+        std::error_code none;
+        std::filesystem::create_directories(folder, none);
+        RecordChain::removeOrphans(folder);
+    }
+    worker.start();
+}
+
+void RetroRecordManager::end()
+{
+    worker.stop();
+    buffers.clear();
+}
+
+void RetroRecordManager::handleMessage(Message& message)
+{
+    static constexpr auto COMMANDS = std::to_array<Command<RetroRecordManager>>({
+        command<&RetroRecordManager::handleAddEvent>(ADD_EVENT, "AddEvent"),
+        command<&RetroRecordManager::handleSetOutputs>(SET_OUTPUTS, "SetOutputs"),
+        command<&RetroRecordManager::handleSave>(SAVE, "Save"),
+        command<&RetroRecordManager::handleSetBufferSize>(SET_BUFFER_SIZE, "SetBufferSize"),
+        command<&RetroRecordManager::handleEnable>(ENABLE, "Enable"),
+        command<&RetroRecordManager::handleTellFillTo>(TELL_FILL_TO, "TellFillTo"),
+    });
+    carryOut<RetroRecordManager>(COMMANDS, *this, message);
+    if (worker.queue().hasNext()) return;
+    // Nothing is left in our hands that a crash would lose when nobody plays on.
+    for (const auto& [output, buffer] : buffers) buffer->flush();
+    tellFill();
+}
+
+// --- posts
+
+void RetroRecordManager::setOutputs(const MidiOutputPorts& ports) { worker.post(pack(SET_OUTPUTS, ports)); }
+
+void RetroRecordManager::addEvent(const MidiMessage& message, int output, Milliseconds time)
+{
+    worker.queue().postFromSlice(
+        {.number = ADD_EVENT, .wparam = packed(message, output), .lparam = static_cast<std::int32_t>(time)});
+}
+
+void RetroRecordManager::save(const std::string& stem, const WindowHandle& window)
+{
+    worker.post(pack(SAVE, stem, window));
+}
+
+void RetroRecordManager::setBufferSize(int bytes) { worker.post(pack(SET_BUFFER_SIZE, bytes)); }
+
+void RetroRecordManager::enable(bool on) { worker.post(pack(ENABLE, on)); }
+
+void RetroRecordManager::tellFillTo(const WindowHandle& window) { worker.post(pack(TELL_FILL_TO, window)); }
+
+// --- the recorder's thread
+
+void RetroRecordManager::handleSetOutputs(const MidiOutputPorts& ports)
+{
+    if (folder.empty()) return;
+    const auto names = fileNamesOf(ports);
+    auto before = std::exchange(buffers, {});
+    for (std::size_t index = 0; index < ports.size(); ++index) {
+        if (!ports[index].enabled) continue;
+        const auto kept = std::ranges::find_if(
+            before, [&](const auto& entry) { return entry.second && entry.second->getOutputName() == names[index]; });
+        buffers[static_cast<int>(index)] = kept == before.end() ? nullptr : std::move(kept->second);
+    }
+    before.clear();
+    for (auto& [output, buffer] : buffers) {
+        if (buffer) continue;
+        const std::string& name = names[static_cast<std::size_t>(output)];
+        buffer = std::make_unique<RetroRecordBuffer>(folder, name, restore, fileSize);
+        buffer->start(clock());
+    }
+}
+
+void RetroRecordManager::handleAddEvent(std::uint32_t bytesAndOutput, std::int32_t time)
+{
+    if (!enabled) return;
+    const auto buffer = buffers.find(unpackedOutput(bytesAndOutput));
+    if (buffer != buffers.end())
+        buffer->second->addEvent(unpackedMessage(bytesAndOutput), static_cast<Milliseconds>(time));
+}
+
+void RetroRecordManager::handleSave(const std::string& stem, const WindowHandle& window)
+{
+    SaveReport report;
+    for (const auto& [output, buffer] : buffers) report.push_back(buffer->save(stem, clock));
+    window.post({.number = GuiMessage::RETRO_RECORD_SAVED, .payload = Payload::of(std::move(report))});
+}
+
+void RetroRecordManager::handleSetBufferSize(int bytes)
+{
+    if (!isBufferSize(bytes)) return;
+    fileSize = bytes / RecordChain::FILES;
+    for (const auto& [output, buffer] : buffers) buffer->setFileSize(fileSize);
+}
+
+void RetroRecordManager::handleTellFillTo(const WindowHandle& window)
+{
+    listener = window;
+    toldFill = UNTOLD;
+}
+
+void RetroRecordManager::tellFill()
+{
+    int fill = 0;
+    for (const auto& [output, buffer] : buffers) fill = std::max(fill, buffer->getFill());
+    if (std::exchange(toldFill, fill) == fill) return;
+    listener.post({.number = GuiMessage::RETRO_RECORD_FILL, .wparam = static_cast<std::uint32_t>(fill)});
+}
+}  // namespace Backend::RetroRecord

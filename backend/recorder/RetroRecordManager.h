@@ -1,0 +1,94 @@
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "backend/model/MidiPort.h"
+#include "backend/recorder/RetroRecordBuffer.h"
+#include "platform/Export.h"
+#include "platform/WindowHandle.h"
+#include "platform/Worker.h"
+
+namespace Backend::RetroRecord
+{
+/// What became of a save, an entry for each recorded output by rising index. The payload of
+/// GuiMessage::RETRO_RECORD_SAVED.
+using SaveReport = std::vector<SavedRecord>;
+
+/// The retrospective record: whatever the engine plays is kept for a while, for each enabled output, and can be made
+/// into MIDI files at any time. Everything that touches the disk runs on a thread of its own. All operations are posts
+/// that any thread may make, but for `start`, `end` and what says otherwise.
+class ORV_API RetroRecordManager
+{
+public:
+    using Clock = std::function<Milliseconds()>;
+
+    /// The size of the whole record of an output, in bytes.
+    static constexpr int SMALLEST_BUFFER = 1000;
+    static constexpr int LARGEST_BUFFER = 200'000'000;
+    static bool isBufferSize(int bytes) { return bytes >= SMALLEST_BUFFER && bytes <= LARGEST_BUFFER; }
+
+    /// `clock` is asked on the recorder's thread and gives the time that events have, too.
+    RetroRecordManager(Clock clock, Restore restore);
+    ~RetroRecordManager() { end(); }
+
+    /// Makes the folder "Retrospective Record" in the data folder and starts the thread. A size outside the limits
+    /// goes to the nearer one.
+    void start(bool enabled, int bufferSize);
+
+    /// Ends the thread behind whatever was posted before, and closes the record.
+    void end();
+
+    /// The outputs that are enabled are recorded. The record of one that was recorded before goes on; that of another
+    /// goes, if it is not for a later run.
+    void setOutputs(const MidiEngine::MidiOutputPorts& ports);
+
+    /// Inside a time slice: one wait-free push. `output` 0 to 127, others are ignored. `wake` follows once the engine
+    /// lock is left.
+    void addEvent(const MidiEngine::MidiMessage& message, int output, Milliseconds time);
+    void wake() { worker.queue().wake(); }
+
+    /// Saves and empties all records, see `RetroRecordBuffer::save`. Then `window` is told
+    /// GuiMessage::RETRO_RECORD_SAVED.
+    void save(const std::string& stem, const WindowHandle& window);
+
+    /// Ignored outside the limits. What is recorded already goes as new events come.
+    void setBufferSize(int bytes);
+
+    /// From now on `window` is told GuiMessage::RETRO_RECORD_FILL, at once and whenever it changes: the fill of the
+    /// fullest record, see `RetroRecordBuffer::getFill`. One window at a time; an empty handle for none.
+    void tellFillTo(const WindowHandle& window);
+
+    /// While it is off events are dropped and the record stands as it is.
+    void enable(bool on);
+
+    const Worker& getWorker() const { return worker; }
+
+private:
+    void handleMessage(Message& message);
+    void handleSetOutputs(const MidiEngine::MidiOutputPorts& ports);
+    void handleAddEvent(std::uint32_t bytesAndOutput, std::int32_t time);
+    void handleSave(const std::string& stem, const WindowHandle& window);
+    void handleSetBufferSize(int bytes);
+    void handleEnable(bool on) { enabled = on; }
+    void handleTellFillTo(const WindowHandle& window);
+    void tellFill();
+
+    const Clock clock;
+    const Restore restore;
+
+    // The recorder's thread
+    std::filesystem::path folder;
+    std::map<int, std::unique_ptr<RetroRecordBuffer>> buffers;  // by output
+    int fileSize = 0;
+    bool enabled = false;
+    WindowHandle listener;
+    int toldFill = 0;  // what the listener knows
+
+    Worker worker;
+};
+}  // namespace Backend::RetroRecord

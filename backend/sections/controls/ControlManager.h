@@ -1,0 +1,99 @@
+#pragma once
+
+#include <iosfwd>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "backend/files/PresetManager.h"
+#include "backend/model/ControlMap.h"
+#include "backend/sections/controls/ControlLink.h"
+#include "backend/sections/controls/ControlMessageManager.h"
+#include "backend/values/RelativeFixedValue.h"
+#include "backend/values/SelectControlType.h"
+#include "platform/Export.h"
+
+namespace Backend
+{
+class OrvIF;
+}
+
+namespace Backend::Controls
+{
+/// The authority over the controls of the screen. A control sends its value as events and follows the same event when
+/// it passes through the engine from anywhere else. The window is told of every change. The backend thread's own.
+class ORV_API ControlManager
+{
+public:
+    ControlManager(OrvIF& backend, MessageManagerMaster& master);
+
+    const ControlMap& getControls() const { return controls; }
+    ControlMessageManager& getMessageManager() { return messageManager; }
+    PresetManager& getPresets() { return presets; }
+
+    // Files
+
+    /// See `ControlMap`. What is loaded is selected nowhere and sends nothing by itself.
+    void loadSection(const XmlElement& section);
+    void writeSection(std::ostream& out, int indent, std::span<const Cell> cells) const;
+
+    /// A preset that is not there, or cannot be read, changes nothing.
+    void loadPreset(const std::string& name);
+    /// The controls of `cells`, to be merged when loaded, or without cells all of them.
+    void savePreset(const std::string& name, const std::vector<Cell>& cells);
+    void renamePreset(const std::string& name, const std::string& newName);
+    void deletePreset(const std::string& name);
+
+    /// No controls.
+    void setDefaults();
+
+    // What functions do
+
+    /// Moves the selection from the first selected control, past empty cells: left and right run through the grid like
+    /// text, up and down stop at its edge. Without one it starts before the first column or above the first row. Or
+    /// selects the control of a cell. No control there, no change.
+    void selectControl(const SelectControlType& select);
+    /// The control of a cell, or else the first selected one, takes a value and sends it.
+    void changeControl(const SelectControlType& select, const RelativeFixedValue& amount);
+    /// All controls, that of a cell, or else the first selected one, send what they have.
+    void sendControlData(const SelectControlType& select);
+
+    /// Every control in the order of the cells, or only those that are to send when a program is loaded.
+    void sendAll(bool onlyAutoSend);
+
+    /// The control takes a value, within its range. With `send` it sends it; a bank select or a program change goes out
+    /// between its companions, the controls on the same way that hold the other parts: bank MSB, bank LSB, program. If
+    /// it is selected, the other selected controls move with it, and send with it.
+    void setControlValue(Control& control, std::int32_t value, bool notifyGui, bool send);
+
+    /// What an event that went out says, for every control that follows it but the one it came from. Sends nothing.
+    void updateControls(const MidiEngine::OrvMidiMessage& event);
+
+    // From the window
+
+    /// Each takes the place of the control of its cell; with `deleteMissing` all others go. With `notifyGui` the window
+    /// gets the controls back.
+    void mergeControls(const std::vector<Control>& changed, bool notifyGui, bool deleteMissing);
+    /// As `changeControl` on a packed cell; it never means the selected one.
+    void setValueAt(std::uint32_t packedCell, std::int32_t value);
+    /// Selects a control beside what is selected, or not any more. The window knows.
+    void setSelectedAt(std::uint32_t packedCell, bool selected);
+
+private:
+    Control* findTarget(const SelectControlType& select);
+    Control* findFrom(Cell cell, SelectControlType::Kind direction);
+    void sendControl(const Control& control);
+    void sendInOrder(const Control& control);
+    void moveLinked(const Control& moved, std::int64_t delta, bool send);
+    void setSelected(Control& control, bool selected);
+    void tellValue(const Control& control) const;
+    void publish();
+    void tellGui() const;
+
+    OrvIF& orv;
+    ControlMap controls;
+    ControlLink link;
+    PresetManager presets;
+    ControlMessageManager messageManager;
+};
+}  // namespace Backend::Controls

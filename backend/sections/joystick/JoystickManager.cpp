@@ -1,0 +1,191 @@
+#include "backend/sections/joystick/JoystickManager.h"
+
+#include <sstream>
+
+#include "backend/core/OrvIF.h"
+#include "backend/core/OrvMessageManager.h"
+#include "backend/messages/GuiMessages.h"
+#include "backend/model/PresetSections.h"
+#include "backend/xml/Text.h"
+#include "backend/xml/XmlDocument.h"
+#include "backend/xml/XmlWriter.h"
+
+namespace Backend::Joystick
+{
+namespace
+{
+constexpr const char* SECTION = PresetSections::JOYSTICK.rootElement;
+
+constexpr bool isJoystick(int number) { return number >= 0 && number < JOYSTICKS; }
+
+/// Two numbers of 16 bits each.
+constexpr std::uint32_t packed(std::uint32_t low, std::int32_t high)
+{
+    return (low & 0xFFFF) | static_cast<std::uint32_t>(high) << 16;
+}
+
+constexpr std::uint32_t packedId(int joystick, int part)
+{
+    return static_cast<std::uint32_t>(joystick) | static_cast<std::uint32_t>(part) << 8;
+}
+}  // namespace
+
+JoystickManager::JoystickManager(OrvIF& backend, MessageManagerMaster& master)
+    : orv(backend),
+      messageManager(master, *this),
+      listener(messageManager),
+      presets(PresetSections::JOYSTICK),
+      engine(listener)
+{
+}
+
+// --- files
+
+void JoystickManager::readXml(const XmlElement& section)
+{
+    if (section.getTagName() != SECTION) return;
+    // First, so that what is held is released by the functions that it was pressed with.
+    forEachElement(section, [this](const XmlElement& child) {
+        if (child.getTagName() == "DisabledInputs") readDisabledInputs(child);
+    });
+    if (!section.getBoolAttribute("merge", false)) configuration.clear();
+    configuration.readXml(
+        section, [this](const XmlElement& element) { return FunctionManagement::createFunctionFromXml(element, orv); });
+    publish();
+}
+
+void JoystickManager::readDisabledInputs(const XmlElement& section)
+{
+    const std::string text = section.getText();
+    std::bitset<JOYSTICKS> listed;
+    for (std::string_view rest = text; !rest.empty();) {
+        const int joystick = Text::parseInteger(Text::nextToken(rest, ',')).value_or(-1);
+        if (isJoystick(joystick)) listed.set(static_cast<std::size_t>(joystick));
+    }
+    for (int joystick = 0; joystick < JOYSTICKS; ++joystick)
+        enableJoystick(joystick, !listed[static_cast<std::size_t>(joystick)]);
+}
+
+void JoystickManager::writeXml(std::ostream& out, int indent) const
+{
+    const std::string tabs(static_cast<std::size_t>(indent), '\t');
+    out << tabs << xmlOpenTag(SECTION) << xmlBoolAttribute("merge", false) << xmlCloseOpen() << '\n';
+    configuration.writeXml(out, indent + 1);
+    out << tabs << xmlEndTag(SECTION) << '\n';
+}
+
+void JoystickManager::loadPreset(const std::string& name)
+{
+    const std::string path = presets.findPreset(name);
+    if (!path.empty()) readXml(XmlDocument(path, XmlDocument::Source::file).getRoot());
+}
+
+void JoystickManager::savePreset(const std::string& name)
+{
+    presets.save(name, [this](std::string& text) {
+        std::ostringstream out;
+        writeXml(out, 0);
+        text += out.str();
+    });
+}
+
+void JoystickManager::renamePreset(const std::string& name, const std::string& newName)
+{
+    presets.rename(name, newName);
+}
+
+void JoystickManager::deletePreset(const std::string& name) { presets.remove(name); }
+
+void JoystickManager::setDefaults()
+{
+    configuration.clear();
+    publish();
+}
+
+// --- playing
+
+void JoystickManager::setAxis(const JoyAxisElementId& id, AxisMode mode, int value, Source source)
+{
+    if (source == Source::joystick && isDisabled(id.joystick)) return;
+    const AxisConfiguration* const axis = configuration.axes.findElement(id);
+    if (axis == nullptr) return;
+    for (const AxisFunction& function : axis->functions) {
+        if (!function.midiMessage.isValid()) return;
+        const std::int32_t scaled = function.scaled(value, mode);
+        orv.getOrvMessageManager().postPlayMidi(function.eventOf(scaled));
+        if (&function == &axis->functions.front())
+            tellGui(
+                {.number = GuiMessage::JOYSTICK_AXIS,
+                 .wparam = packed(packedId(id.joystick, id.axis), scaled),
+                 .lparam = static_cast<std::int32_t>(packed(static_cast<std::uint32_t>(function.min), function.max))});
+    }
+}
+
+void JoystickManager::pressButton(const JoyButtonElementId& id, ButtonEvent event, Source source)
+{
+    if (source == Source::joystick && isDisabled(id.joystick)) return;
+    const JoystickButtonConfiguration* const button = configuration.buttons.findElement(id);
+    if (button == nullptr) return;
+    if (source == Source::joystick && event == ButtonEvent::down) held.insert(id);
+    if (source == Source::joystick && event == ButtonEvent::up) held.erase(id);
+    runButton(*button, event);
+    const std::uint32_t which = packedId(id.joystick, id.button);
+    if (event == ButtonEvent::down) tellGui({.number = GuiMessage::JOYSTICK_BUTTON_DOWN, .wparam = which});
+    if (event == ButtonEvent::up) tellGui({.number = GuiMessage::JOYSTICK_BUTTON_UP, .wparam = which});
+}
+
+bool JoystickManager::isDisabled(int joystick) const
+{
+    return isJoystick(joystick) && disabled[static_cast<std::size_t>(joystick)];
+}
+
+void JoystickManager::enableJoystick(int joystick, bool enabled)
+{
+    if (!isJoystick(joystick)) return;
+    if (!enabled) releaseHeldButtons(joystick);
+    disabled.set(static_cast<std::size_t>(joystick), !enabled);
+    tellGui(
+        {.number = GuiMessage::JOYSTICK_ENABLED, .wparam = static_cast<std::uint32_t>(joystick), .lparam = enabled});
+}
+
+void JoystickManager::releaseHeldButtons(int joystick)
+{
+    const auto buttons = held;
+    for (const JoyButtonElementId& id : buttons)
+        if (id.joystick == joystick) pressButton(id, ButtonEvent::up, Source::joystick);
+}
+
+void JoystickManager::getNoteSpans(std::vector<FunctionManagement::FunctionNoteSpan>& result) const
+{
+    const auto iterator = configuration.buttons.createIterator();
+    while (const JoystickButtonConfiguration* button = iterator->next()) appendNoteSpans(*button, result);
+}
+
+// --- the window
+
+void JoystickManager::setButtonConfigurations(const std::vector<JoystickButtonConfiguration>& buttons, bool notifyGui)
+{
+    for (const JoystickButtonConfiguration& button : buttons) configuration.put(button);
+    orv.updateZones();
+    if (notifyGui && orv.getGuiWindowHandle())
+        tellGui({.number = GuiMessage::JOYSTICK_BUTTONS,
+                 .payload = Payload::of(std::vector<JoystickButtonConfiguration>(buttons))});
+}
+
+void JoystickManager::setAxisConfigurations(const std::vector<AxisConfiguration>& axes, bool notifyGui)
+{
+    for (const AxisConfiguration& axis : axes) configuration.put(axis);
+    if (notifyGui && orv.getGuiWindowHandle())
+        tellGui({.number = GuiMessage::JOYSTICK_AXES, .payload = Payload::of(std::vector<AxisConfiguration>(axes))});
+}
+
+void JoystickManager::publish()
+{
+    orv.updateZones();
+    if (!orv.getGuiWindowHandle()) return;
+    tellGui({.number = GuiMessage::JOYSTICK_BUTTONS, .payload = Payload::of(configuration.allButtons())});
+    tellGui({.number = GuiMessage::JOYSTICK_AXES, .payload = Payload::of(configuration.allAxes())});
+}
+
+void JoystickManager::tellGui(Message message) const { orv.getGuiWindowHandle().post(std::move(message)); }
+}  // namespace Backend::Joystick

@@ -1,0 +1,83 @@
+#pragma once
+
+#include <iosfwd>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "backend/files/PresetManager.h"
+#include "backend/model/OscList.h"
+#include "backend/sections/oscillators/OscMessageManager.h"
+#include "backend/values/OnOffToggle.h"
+#include "backend/values/RelativeFixedValue.h"
+#include "backend/values/SelectType.h"
+#include "platform/Export.h"
+
+namespace Backend
+{
+class OrvIF;
+}
+
+namespace Backend::Oscillators
+{
+/// The authority over the oscillators. A new list is published: the engine gets a copy with a reset in front of it, and
+/// the window is told. Speed and playing change in the engine's list as it stands. The backend thread's own.
+class ORV_API OscManager
+{
+public:
+    OscManager(OrvIF& backend, MessageManagerMaster& master);
+
+    const OscList& getOscillators() const { return oscillators; }
+    OscMessageManager& getMessageManager() { return messageManager; }
+    PresetManager& getPresets() { return presets; }
+
+    void readXml(const XmlElement& section);
+    void writeXml(std::ostream& out, int indent, std::span<const OscId> ids) const;
+
+    /// A preset that is not there changes nothing.
+    void loadPreset(const std::string& name);
+    /// The oscillators of `ids`, to be merged when loaded, or without ids all of them.
+    void savePreset(const std::string& name, const std::vector<OscId>& ids);
+    void renamePreset(const std::string& name, const std::string& newName);
+    void deletePreset(const std::string& name);
+
+    /// No oscillators.
+    void setDefaults();
+
+    // From the window: with `redraw` it gets the list back.
+
+    /// Each takes the place of the oscillator of its id.
+    void mergeOscillators(const std::vector<Oscillator>& changed, bool redraw);
+    void setOscillators(const OscList& newOscillators, bool redraw);
+    void setSelected(const std::vector<OscId>& ids);
+    void setSpeedMode(OscId id, TimeIntervalType::Kind mode);
+
+    /// Moves the selection up or down from the first selected oscillator, or to an oscillator. A target outside the
+    /// list changes nothing.
+    void dataSelect(const SelectType& select);
+
+    // On the oscillators that `select` names: all, the selected ones, or the one of that id, and with it, if it is
+    // selected, all that are; other kinds name none. Speeds end up within `Oscillator::FASTEST` and `SLOWEST`.
+
+    void changePlaying(const SelectType& select, const OnOffToggle& value);
+    /// Fixed: pulses per cycle. Relative: one note interval longer or shorter, up to "8 Whole", or, where the speed is
+    /// shown in pulses, so many of the 127 steps of a logarithmic knob, which turns towards the faster end.
+    void changeSpeed(const SelectType& select, const RelativeFixedValue& value);
+    /// A knob, 0 to 127, from the slowest speed to the fastest: over the note intervals, or logarithmically.
+    void setSpeedFromMidi(const SelectType& select, std::int32_t value);
+
+private:
+    template <class Change>
+    void changeNamed(const SelectType& select, Change&& change);
+    void setSpeed(Oscillator& oscillator, std::int32_t speed);
+    void publish();
+    void publishToEngine();
+    void tellGui() const;
+    void tellGui(unsigned int message, OscId id, std::int32_t value) const;
+
+    OrvIF& orv;
+    OscList oscillators;
+    PresetManager presets;
+    OscMessageManager messageManager;
+};
+}  // namespace Backend::Oscillators

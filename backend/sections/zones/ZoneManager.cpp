@@ -1,0 +1,177 @@
+#include "backend/sections/zones/ZoneManager.h"
+
+#include <algorithm>
+#include <ostream>
+
+#include "backend/core/OrvIF.h"
+#include "backend/engine/MidiEngineMessageManager.h"
+#include "backend/messages/GuiMessages.h"
+#include "backend/xml/XmlElement.h"
+#include "backend/xml/XmlWriter.h"
+
+namespace Backend::Zones
+{
+using FunctionManagement::FunctionNoteSpan;
+using MidiEngine::Note;
+
+namespace
+{
+constexpr int HIGHEST_ZONE = 127;
+constexpr ZoneId NO_ZONE = -1;
+}  // namespace
+
+ZoneManager::ZoneManager(OrvIF& backend, MessageManagerMaster& master) : orv(backend), messageManager(master, *this) {}
+
+template <class Visit>
+void ZoneManager::forEachZone(Visit&& visit)
+{
+    const auto iterator = zones.createIterator();
+    while (Zone* zone = iterator->next()) visit(*zone);
+}
+
+// --- files
+
+void ZoneManager::readXml(const XmlElement& section)
+{
+    forEachZone([](Zone& zone) { zone.transpose = 0; });
+    forEachElement(section, [this](const XmlElement& child) {
+        if (child.getTagName() != "Zone") return;
+        const auto id = static_cast<ZoneId>(child.getIntAttribute("id", 0));
+        const auto transpose = static_cast<std::int8_t>(child.getIntAttribute("transpose", 0));
+        if (Zone* zone = zones.findElement(id))
+            zone->transpose = transpose;
+        else
+            zones.put(id, {.id = id, .transpose = transpose});
+    });
+    selectOnly(findFrom(-1, 1));
+    publish();
+}
+
+void ZoneManager::writeXml(std::ostream& out, int indent) const
+{
+    const std::string tabs(static_cast<std::size_t>(indent), '\t');
+    out << tabs << xmlOpenTag("Zones") << xmlBoolAttribute("merge", false) << xmlCloseOpen() << '\n';
+    const auto iterator = zones.createIterator();
+    while (const Zone* zone = iterator->next())
+        out << tabs << '\t' << xmlOpenTag("Zone") << xmlCharAttribute("id", zone->id)
+            << xmlCharAttribute("transpose", zone->transpose) << xmlCloseEmpty() << '\n';
+    out << tabs << xmlEndTag("Zones") << '\n';
+}
+
+void ZoneManager::setDefaults()
+{
+    zones.clear();
+    publish();
+}
+
+void ZoneManager::updateZones(std::span<const FunctionNoteSpan> spans)
+{
+    const Zone* const selected = findSelected();
+    const ZoneId selectedId = selected != nullptr ? selected->id : NO_ZONE;
+    forEachZone([](Zone& zone) { zone.lowNote = zone.highNote = Note(); });
+    for (const FunctionNoteSpan& span : spans)
+        if (span.isPlayed()) mergeSpan(span);
+    forEachZone([this](const Zone& zone) {
+        if (!zone.lowNote.isNote() || !zone.highNote.isNote()) zones.remove(ZoneId{zone.id});
+    });
+
+    Zone* const kept = zones.findElement(selectedId);
+    selectOnly(kept != nullptr ? kept : findFrom(-1, 1));
+    publish();
+}
+
+void ZoneManager::mergeSpan(const FunctionNoteSpan& span)
+{
+    if (span.zone < 0 || span.zone > HIGHEST_ZONE) return;
+    const auto id = static_cast<ZoneId>(span.zone);
+    Zone* const zone = zones.findElement(id);
+    if (zone == nullptr) return zones.put(id, {.id = id, .lowNote = span.lowNote, .highNote = span.highNote});
+    const auto number = [](Note note) { return note.getNumber(); };
+    if (!zone->lowNote.isNote() || number(zone->lowNote) > number(span.lowNote)) zone->lowNote = span.lowNote;
+    if (number(zone->highNote) < number(span.highNote)) zone->highNote = span.highNote;
+}
+
+// --- operations
+
+void ZoneManager::setZoneTranspose(int id, int transpose)
+{
+    Zone* zone = id >= 0 && id <= HIGHEST_ZONE ? zones.findElement(static_cast<ZoneId>(id)) : nullptr;
+    if (zone == nullptr) return;
+    zone->transpose = static_cast<std::int8_t>(transpose);
+    orv.getMidiEngineMessageManager().postSetZone(*zone);
+    orv.getGuiWindowHandle().post(
+        {.number = GuiMessage::ZONE_TRANSPOSE, .wparam = static_cast<std::uint32_t>(id), .lparam = zone->transpose});
+}
+
+void ZoneManager::changeTranspose(const SelectType& select, const RelativeFixedValue& value)
+{
+    const auto change = [&](const Zone& zone) {
+        setZoneTranspose(zone.id, static_cast<int>(value.appliedTo(zone.transpose)));
+    };
+    if (select.kind == SelectType::Kind::all) return forEachZone(change);
+    const bool inRange = select.value >= 0 && select.value <= HIGHEST_ZONE;
+    const Zone* zone = select.kind != SelectType::Kind::specific ? findSelected()
+                       : inRange                                 ? zones.findElement(static_cast<ZoneId>(select.value))
+                                                                 : nullptr;
+    if (zone != nullptr) change(*zone);
+}
+
+Zone* ZoneManager::findSelected()
+{
+    Zone* selected = nullptr;
+    forEachZone([&](Zone& zone) {
+        if (zone.selected && selected == nullptr) selected = &zone;
+    });
+    return selected;
+}
+
+/// The next zone that exists behind `start` in steps of `step`, or null.
+Zone* ZoneManager::findFrom(int start, int step)
+{
+    for (int id = start + step; step != 0 && id >= 0 && id <= HIGHEST_ZONE; id += step)
+        if (Zone* zone = zones.findElement(static_cast<ZoneId>(id))) return zone;
+    return nullptr;
+}
+
+void ZoneManager::selectOnly(Zone* chosen)
+{
+    forEachZone([&](Zone& zone) { zone.selected = &zone == chosen; });
+}
+
+void ZoneManager::selectZone(const SelectType& select)
+{
+    Zone* const selected = findSelected();
+    Zone* target = nullptr;
+    if (select.kind == SelectType::Kind::specific) {
+        if (select.value >= 0 && select.value <= HIGHEST_ZONE)
+            target = zones.findElement(static_cast<ZoneId>(select.value));
+    } else {
+        const int step = select.kind == SelectType::Kind::up ? 1 : select.kind == SelectType::Kind::down ? -1 : 0;
+        target = findFrom(selected != nullptr ? selected->id : -1, step);
+        if (target == nullptr) return;
+    }
+    const auto setSelected = [&](Zone& zone, bool on) {
+        zone.selected = on;
+        orv.getGuiWindowHandle().post(
+            {.number = GuiMessage::ZONE_SELECTED, .wparam = static_cast<std::uint32_t>(zone.id), .lparam = on});
+    };
+    if (selected != nullptr) setSelected(*selected, false);
+    if (target != nullptr) setSelected(*target, true);
+}
+
+void ZoneManager::setSelected(const std::vector<ZoneId>& ids)
+{
+    forEachZone([&](Zone& zone) { zone.selected = std::ranges::find(ids, zone.id) != ids.end(); });
+}
+
+// --- publishing
+
+void ZoneManager::publish()
+{
+    std::vector<Zone> copy;
+    forEachZone([&](const Zone& zone) { copy.push_back(zone); });
+    orv.getMidiEngineMessageManager().postSetZoneMap(std::move(copy));
+    const WindowHandle window = orv.getGuiWindowHandle();
+    if (window) window.post({.number = GuiMessage::ZONES, .payload = Payload::of(ZoneMap(zones))});
+}
+}  // namespace Backend::Zones

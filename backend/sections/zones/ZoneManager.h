@@ -1,0 +1,71 @@
+#pragma once
+
+#include <cstdint>
+#include <iosfwd>
+#include <span>
+#include <vector>
+
+#include "backend/model/FunctionNoteSpan.h"
+#include "backend/model/ZoneMap.h"
+#include "backend/sections/zones/ZoneMessageManager.h"
+#include "backend/values/RelativeFixedValue.h"
+#include "backend/values/SelectType.h"
+#include "platform/Export.h"
+
+class XmlElement;
+
+namespace Backend
+{
+class OrvIF;
+}
+
+namespace Backend::Zones
+{
+/// The authority over the zones. Changes are published to the engine and the window. The backend thread's own.
+class ORV_API ZoneManager
+{
+public:
+    ZoneManager(OrvIF& backend, MessageManagerMaster& master);
+
+    const ZoneMap& getZones() const { return zones; }
+    ZoneMessageManager& getMessageManager() { return messageManager; }
+
+    /// A `Zones` element: the zones that are here stay, with the transpositions of the element or none; the lowest zone
+    /// becomes the selected one.
+    void readXml(const XmlElement& section);
+    /// The element, one tag a line behind `indent` TABs.
+    void writeXml(std::ostream& out, int indent) const;
+
+    /// Works out anew which zones exist and which notes are played in them, from what the inputs play, in the order of
+    /// `spans`. A zone that none plays in goes, with its transposition; the selected one stays so, or the lowest is.
+    void updateZones(std::span<const FunctionManagement::FunctionNoteSpan> spans);
+
+    /// Widens the zone of the span's number, or adds one. Not published.
+    void mergeSpan(const FunctionManagement::FunctionNoteSpan& span);
+
+    /// No zones.
+    void setDefaults();
+
+    /// Of a zone that exists; the low 8 bits count. A note that is held keeps its note off.
+    void setZoneTranspose(int id, int transpose);
+
+    /// All zones, the one of that number, or with any other kind the selected one.
+    void changeTranspose(const SelectType& select, const RelativeFixedValue& value);
+
+    /// The next zone up or down, past gaps, or the one of that number; an unknown number leaves none selected.
+    void selectZone(const SelectType& select);
+    void setSelected(const std::vector<ZoneId>& ids);
+
+private:
+    template <class Visit>
+    void forEachZone(Visit&& visit);
+    Zone* findSelected();
+    Zone* findFrom(int start, int step);
+    void selectOnly(Zone* zone);
+    void publish();
+
+    OrvIF& orv;
+    ZoneMap zones;
+    ZoneMessageManager messageManager;
+};
+}  // namespace Backend::Zones

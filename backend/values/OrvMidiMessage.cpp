@@ -1,0 +1,36 @@
+#include "backend/values/OrvMidiMessage.h"
+
+namespace Backend::MidiEngine
+{
+namespace
+{
+// MIDI 1.0, channel mode messages
+constexpr int ALL_SOUND_OFF = 120;
+constexpr int RESET_ALL_CONTROLLERS = 121;
+
+OrvMidiMessage createController(int controller, int output, int channel)
+{
+    return {MessageType::controllerChange, controller, 0, channel, output, OrvMidiMessage::DEFAULT_ZONE,
+            OrvMidiMessage::DEFAULT_INPUT, -1};
+}
+}  // namespace
+
+OrvMidiMessage OrvMidiMessage::createAllSoundOffCC(int output, int channel)
+{
+    return createController(ALL_SOUND_OFF, output, channel);
+}
+
+OrvMidiMessage OrvMidiMessage::createAllControllersOffCC(int output, int channel)
+{
+    return createController(RESET_ALL_CONTROLLERS, output, channel);
+}
+
+OrvMidiMessage OrvMidiMessage::createSystemReset(int output)
+{
+    return {MessageType::systemReset, 0, 0, 0, output, DEFAULT_ZONE, DEFAULT_INPUT, -1};
+}
+
+OrvMidiMessage OrvMidiMessage::createOrvReset() { return OrvMidiMessage(MidiEngineMessageType::reset); }
+
+OrvMidiMessage OrvMidiMessage::createOrvHardReset() { return OrvMidiMessage(MidiEngineMessageType::hardReset); }
+}  // namespace Backend::MidiEngine

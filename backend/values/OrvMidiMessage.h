@@ -1,0 +1,145 @@
+#pragma once
+
+#include <cstdint>
+
+#include "backend/values/Cell.h"
+#include "backend/values/MidiMessage.h"
+#include "platform/Export.h"
+
+namespace Backend::MidiEngine
+{
+/// What the timed queue carries: a MIDI event, or an order to the engine itself.
+enum class MidiEngineMessageType : std::uint32_t { midiEvent = 0, reset = 1, hardReset = 2 };
+
+/// The system's event: a MIDI message with where it came from, where it goes and when. A plain value that copies
+/// without allocating.
+class ORV_API OrvMidiMessage
+{
+public:
+    static constexpr std::int8_t DEFAULT_CHANNEL = -1;  ///< the event has no channel of its own; the layers decide
+    static constexpr std::int8_t DEFAULT_INPUT = -1;    ///< made inside the system
+    static constexpr std::int8_t DEFAULT_OUTPUT = -1;   ///< through the layers, or to the default output
+    static constexpr std::int8_t DEFAULT_ZONE = -1;     ///< in no zone
+
+    constexpr OrvMidiMessage() = default;
+
+    /// `channel` below 0 is the default channel, above 15 counts as 15; `pulse` below 0 is untimed.
+    constexpr OrvMidiMessage(MessageType type, int d1, int d2, int channel, int toOutput, int inZone, int fromInput,
+                             std::int32_t pulse)
+        : zone(static_cast<std::int8_t>(inZone)),
+          output(static_cast<std::int8_t>(toOutput)),
+          input(static_cast<std::int8_t>(fromInput)),
+          defaultChannel(channel < 0),
+          midiMessage(type, d1, d2, channel),
+          ppq(pulse)
+    {
+    }
+
+    /// The inverse of `getWparam` and `getLparam`. What does not travel in them is as by default.
+    constexpr OrvMidiMessage(std::uint32_t wparam, std::int32_t lparam)
+        : zone(static_cast<std::int8_t>(static_cast<std::uint32_t>(lparam) >> 24)),
+          output(static_cast<std::int8_t>(lparam)),
+          input(static_cast<std::int8_t>(static_cast<std::uint32_t>(lparam) >> 16)),
+          defaultChannel((lparam & 0xFF00) != 0),
+          midiMessage(wparam)
+    {
+    }
+
+    constexpr explicit OrvMidiMessage(std::uint32_t wparam) : midiMessage(wparam) {}
+
+    /// `channel` replaces the message's own; below 0 it is the default channel.
+    constexpr OrvMidiMessage(const MidiMessage& message, int toOutput, int channel, int inZone, const Cell& control)
+        : zone(static_cast<std::int8_t>(inZone)),
+          output(static_cast<std::int8_t>(toOutput)),
+          midiMessage(message),
+          fromControl(control)
+    {
+        setChannel(channel);
+    }
+
+    static OrvMidiMessage createAllSoundOffCC(int output, int channel);
+    static OrvMidiMessage createAllControllersOffCC(int output, int channel);
+    static OrvMidiMessage createSystemReset(int output);
+    static OrvMidiMessage createOrvReset();
+    static OrvMidiMessage createOrvHardReset();
+
+    constexpr const MidiMessage& getMidiMessage() const { return midiMessage; }
+    constexpr void setMidiMessage(const MidiMessage& message) { midiMessage = message; }
+    constexpr MessageType getStatus() const { return midiMessage.getStatus(); }
+    constexpr void setStatus(MessageType type) { midiMessage.setMessageType(type); }
+    constexpr std::uint32_t getStatusWithChannel() const { return midiMessage.getStatusWithChannel(); }
+    constexpr std::uint8_t getD1() const { return midiMessage.getD1(); }
+    constexpr void setD1(int value) { midiMessage.setD1(value); }
+    constexpr std::uint8_t getD2() const { return midiMessage.getD2(); }
+    constexpr void setD2(int value) { midiMessage.setD2(value); }
+    constexpr std::int8_t getChannel() const { return midiMessage.getChannel(); }
+
+    /// Below 0 the event takes the default channel and stores 0; otherwise the channel is its own from now on.
+    constexpr void setChannel(int channel)
+    {
+        defaultChannel = channel < 0;
+        midiMessage.setChannel(defaultChannel ? 0 : channel);
+    }
+    constexpr void setDefaultChannel(bool isDefault) { defaultChannel = isDefault; }
+    constexpr bool isDefaultChannel() const { return defaultChannel; }
+    constexpr std::int8_t getOutput() const { return output; }
+    constexpr void setOutput(int port) { output = static_cast<std::int8_t>(port); }
+    constexpr bool isDefaultOutput() const { return output == DEFAULT_OUTPUT; }
+    constexpr std::int8_t getZone() const { return zone; }
+    constexpr void setZone(int number) { zone = static_cast<std::int8_t>(number); }
+    constexpr std::int8_t getInput() const { return input; }
+    constexpr const Cell& getFromControl() const { return fromControl; }
+    constexpr std::int32_t getPpq() const { return ppq; }
+    constexpr void setPpq(std::int32_t pulse) { ppq = pulse; }
+    constexpr bool isTimedEvent() const { return ppq >= 0; }
+    constexpr MidiEngineMessageType getMidiEngineMessageType() const { return midiEngineMessageType; }
+    constexpr bool isOrvReset() const { return midiEngineMessageType == MidiEngineMessageType::reset; }
+    constexpr bool isOrvHardReset() const { return midiEngineMessageType == MidiEngineMessageType::hardReset; }
+
+    bool hasParameters() const { return midiMessage.hasParameters(); }
+    constexpr bool isNote() const { return midiMessage.isNote(); }
+    constexpr bool isNoteOn() const { return midiMessage.isNoteOn(); }
+    constexpr bool isNoteOff() const { return midiMessage.isNoteOff(); }
+    constexpr bool isControllerChange() const { return midiMessage.isControllerChange(); }
+    constexpr bool isProgramChange() const { return midiMessage.isProgramChange(); }
+    constexpr bool isChannelPressure() const { return midiMessage.isChannelPressure(); }
+    constexpr bool isPitchBend() const { return midiMessage.isPitchBend(); }
+    constexpr bool isSongSelect() const { return midiMessage.isSongSelect(); }
+    constexpr bool isUnofficialBusSelect() const { return midiMessage.isUnofficialBusSelect(); }
+    constexpr bool isTimingTick() const { return midiMessage.isTimingTick(); }
+    constexpr void setToNoteOn() { midiMessage.setToNoteOn(); }
+    constexpr void setToNoteOff() { midiMessage.setToNoteOff(); }
+    std::string getEventName() const { return midiMessage.getEventName(); }
+    std::uint32_t getMidiOutShortMsg() const { return midiMessage.getMidiOutShortMsg(); }
+
+    constexpr std::uint32_t getWparam() const { return midiMessage.getWparam(); }
+
+    /// Output, default-channel flag, input and zone from the low byte up.
+    constexpr std::int32_t getLparam() const
+    {
+        return static_cast<std::int32_t>(byte(output) | (defaultChannel ? 0x100u : 0u) | byte(input) << 16 |
+                                         byte(zone) << 24);
+    }
+
+    /// Whether the two packed words hold the whole event: they do unless it is timed or comes from a control's cell
+    /// within 0 to 15 each way.
+    constexpr bool fitsParameters() const
+    {
+        const auto small = [](std::int32_t index) { return static_cast<std::uint32_t>(index) <= 15; };
+        return !isTimedEvent() && !(small(fromControl.row) && small(fromControl.col));
+    }
+
+private:
+    constexpr explicit OrvMidiMessage(MidiEngineMessageType type) : midiEngineMessageType(type) {}
+    static constexpr std::uint32_t byte(std::int8_t value) { return static_cast<std::uint8_t>(value); }
+
+    std::int8_t zone = DEFAULT_ZONE;
+    std::int8_t output = DEFAULT_OUTPUT;
+    std::int8_t input = DEFAULT_INPUT;
+    bool defaultChannel = true;
+    MidiMessage midiMessage;
+    Cell fromControl;
+    MidiEngineMessageType midiEngineMessageType = MidiEngineMessageType::midiEvent;
+    std::int32_t ppq = -1;
+};
+}  // namespace Backend::MidiEngine

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "backend/values/Cell.h"
+
+/// Which control of the grid is addressed. `cell` is its place when `kind` is `specific`; (-1, -1) counts as the
+/// selected one.
+struct SelectControlType {
+    enum class Kind : std::int32_t { up = 0, down = 1, left = 2, right = 3, selected = 4, specific = 5, all = 6 };
+
+    Kind kind = Kind::right;
+    Cell cell{0, 0};
+
+    /// From exactly one of the six words; anything else is specific and read as a cell.
+    static SelectControlType fromXmlString(std::string_view text);
+    std::string toXmlString() const;
+
+    bool operator==(const SelectControlType&) const = default;
+};
