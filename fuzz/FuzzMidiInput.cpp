@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <sstream>
 
+#include "backend/bindings/translations/TranslationFactories.h"
 #include "backend/model/MidiEventConfigurationMap.h"
 #include "backend/xml/XmlDocument.h"
 

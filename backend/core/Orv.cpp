@@ -4,6 +4,7 @@
 #include <array>
 #include <filesystem>
 
+#include "backend/bindings/functions/FunctionFactories.h"
 #include "backend/files/OrvUtils.h"
 #include "backend/messages/GuiMessages.h"
 #include "backend/model/WindowMove.h"

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "backend/engine/MidiEngine.h"
-#include "backend/model/SequenceSetting.h"
+#include "backend/engine/SequencePlayer.h"
 
 namespace Backend::ArpeggioManagement
 {
@@ -72,6 +72,6 @@ void Arpeggio::stop(ArpeggioVoice& voice)
     rewind();
     lastStart = lastNoteOn = -1;
     voice.engine.updateStartTime(voice.slice);
-    voice.sequence.currentNode = 0;
+    voice.sequence.rewind();
 }
 }  // namespace Backend::ArpeggioManagement

@@ -1,7 +1,7 @@
 #include "backend/engine/ArpeggioVoice.h"
 
 #include "backend/engine/MidiEngine.h"
-#include "backend/model/SequenceSetting.h"
+#include "backend/engine/SequencePlayer.h"
 
 namespace Backend::ArpeggioManagement
 {
@@ -9,7 +9,7 @@ void ArpeggioVoice::noteOn(ArpeggioNote& note)
 {
     note.setToNoteOn();
     note.playing = true;
-    note.node = sequence.currentNode;
+    note.node = sequence.getCurrentNode();
     send(note);
 }
 
@@ -22,7 +22,7 @@ void ArpeggioVoice::noteOff(ArpeggioNote& note)
 
 void ArpeggioVoice::send(const ArpeggioNote& note)
 {
-    if (sequence.nodes.empty())
+    if (sequence.isEmpty())
         engine.playMidiInternal(slice, note, false);
     else
         sequence.play(slice, engine, note, note.node);

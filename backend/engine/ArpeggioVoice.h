@@ -12,7 +12,7 @@ class MidiEngine;
 
 namespace Backend::SequenceManagement
 {
-struct SequenceSetting;
+class SequencePlayer;
 }
 
 namespace Backend::ArpeggioManagement
@@ -22,7 +22,7 @@ namespace Backend::ArpeggioManagement
 struct ArpeggioVoice {
     MidiEngine::Slice& slice;
     MidiEngine::MidiEngine& engine;
-    SequenceManagement::SequenceSetting& sequence;
+    SequenceManagement::SequencePlayer& sequence;
 
     /// Both go through the node of the sequence in which the note began.
     void noteOn(ArpeggioNote& note);

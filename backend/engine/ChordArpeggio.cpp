@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "backend/model/SequenceSetting.h"
+#include "backend/engine/SequencePlayer.h"
 
 namespace Backend::ArpeggioManagement::Arpeggios
 {

@@ -50,6 +50,7 @@ EngineLayer::EngineLayer(const Layer& layer)
       channel(layer.channel >= MidiEngine::NoteCounters::CHANNELS ? std::int8_t{0} : layer.channel),
       useNoteStack(layer.useNoteStack),
       settings(layer),
+      sequence(layer.sequenceSetting),
       arpeggio(layer.arpeggio ? ArpeggioManagement::createArpeggio(*layer.arpeggio) : nullptr),
       defaultOutputs(NOTES)
 {
@@ -145,14 +146,14 @@ void EngineLayer::giveNoteOff(Slice& slice, MidiEngine::MidiEngine& engine, cons
 
 void EngineLayer::addToArpeggio(Slice& slice, MidiEngine::MidiEngine& engine, const OrvMidiMessage& event)
 {
-    ArpeggioManagement::ArpeggioVoice voice{slice, engine, settings.sequenceSetting};
+    ArpeggioManagement::ArpeggioVoice voice{slice, engine, sequence};
     arpeggio->addNote(voice, event);
     engine.wakeArpeggios(slice);
 }
 
 void EngineLayer::playArpeggio(Slice& slice, MidiEngine::MidiEngine& engine, std::int32_t ppq)
 {
-    ArpeggioManagement::ArpeggioVoice voice{slice, engine, settings.sequenceSetting};
+    ArpeggioManagement::ArpeggioVoice voice{slice, engine, sequence};
     arpeggio->process(voice, ppq);
 }
 
@@ -204,7 +205,7 @@ void EngineLayer::playOther(Slice& slice, MidiEngine::MidiEngine& engine, const 
 void EngineLayer::reset(Slice& slice, MidiEngine::MidiEngine& engine)
 {
     if (hasArpeggio()) {
-        ArpeggioManagement::ArpeggioVoice voice{slice, engine, settings.sequenceSetting};
+        ArpeggioManagement::ArpeggioVoice voice{slice, engine, sequence};
         arpeggio->stop(voice);
     }
     noteStack.clear();

@@ -8,6 +8,7 @@
 #include "backend/engine/Arpeggio.h"
 #include "backend/engine/HeldNoteStack.h"
 #include "backend/engine/NoteMemory.h"
+#include "backend/engine/SequencePlayer.h"
 #include "backend/engine/Slice.h"
 #include "backend/model/Layer.h"
 #include "backend/values/OrvMidiMessage.h"
@@ -106,6 +107,7 @@ private:
     std::array<std::uint8_t, 256> velocities;  // what a velocity becomes, by its byte
 
     Layer settings;
+    SequenceManagement::SequencePlayer sequence;
     std::unique_ptr<ArpeggioManagement::Arpeggio> arpeggio;  // null: notes are played straight through
     HeldNoteStack noteStack;
     std::bitset<256> toggledNotes;

@@ -1,6 +1,6 @@
 #include "backend/engine/UpDownArpeggio.h"
 
-#include "backend/model/SequenceSetting.h"
+#include "backend/engine/SequencePlayer.h"
 
 namespace Backend::ArpeggioManagement::Arpeggios
 {
@@ -21,7 +21,7 @@ void UpDownArpeggio::step(ArpeggioVoice& voice)
     } else {
         if (current != 0) {
             --current;
-        } else if (sequence.currentNode != 0) {
+        } else if (!sequence.isOnFirstNode()) {
             sequence.retreat();
             current = last;
         } else {

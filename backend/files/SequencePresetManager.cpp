@@ -8,6 +8,7 @@
 #include "backend/files/PresetFiles.h"
 #include "backend/model/SequenceSetting.h"
 #include "backend/xml/Text.h"
+#include "backend/xml/XmlDocument.h"
 #include "backend/xml/XmlWriter.h"
 #include "platform/DbgStream.h"
 #include "platform/Path.h"
@@ -21,6 +22,7 @@ namespace fs = std::filesystem;
 
 constexpr const char* FOLDER = "Sequences";
 constexpr const char* EXTENSION = ".seq";
+constexpr std::string_view OFF = "Off";
 
 /// What the name is stored as, empty if the user may not call a file so.
 std::string storedName(std::string_view name)
@@ -35,6 +37,25 @@ bool tell(const std::error_code& error, const std::string& path, const char* wha
     return !error;
 }
 }  // namespace
+
+SequenceSetting sequenceFromPreset(std::string_view name)
+{
+    SequenceSetting setting;
+    setting.useLength = true;
+    name = Text::trim(name);
+    if (name.empty() || name == OFF) return setting;
+    setting.preset = name;
+    loadSequencePreset(setting);
+    return setting;
+}
+
+void loadSequencePreset(SequenceSetting& setting)
+{
+    if (setting.preset.empty()) return;
+    const std::string path = SequencePresetManager::getPresetPath(setting.preset);
+    setting.nodes.clear();
+    if (!path.empty()) setting.nodes = parseSequence(XmlDocument(path, XmlDocument::Source::file).getRoot().getText());
+}
 
 void SequencePresetManager::load()
 {

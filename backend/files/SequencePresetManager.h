@@ -8,6 +8,14 @@
 
 namespace Backend::SequenceManagement
 {
+struct SequenceSetting;
+
+/// The sequence of the preset of that name: its nodes, none if the file cannot be read. No name, and "Off", give no
+/// sequence.
+ORV_API SequenceSetting sequenceFromPreset(std::string_view name);
+/// Reads the nodes of the preset that a setting names; a setting without one stays as it is.
+ORV_API void loadSequencePreset(SequenceSetting& setting);
+
 /// The names of the sequences in the user's folder, by their bytes, each once.
 using SequencePresetList = std::vector<std::string>;
 

@@ -5,10 +5,6 @@
 #include <ostream>
 #include <string_view>
 
-#include "backend/engine/ChordArpeggio.h"
-#include "backend/engine/DownArpeggio.h"
-#include "backend/engine/UpArpeggio.h"
-#include "backend/engine/UpDownArpeggio.h"
 #include "backend/values/NoteIntervals.h"
 #include "backend/xml/XmlElement.h"
 #include "backend/xml/XmlWriter.h"
@@ -23,20 +19,12 @@ struct TypeRow {
     Type type;
     std::string_view element;
     std::string_view name;
-    std::unique_ptr<Arpeggio> (*create)(const ArpeggioSetting& setting);
 };
 
-template <class Playing>
-std::unique_ptr<Arpeggio> create(const ArpeggioSetting& setting)
-{
-    return std::make_unique<Playing>(setting);
-}
-
-constexpr auto TYPES =
-    std::to_array<TypeRow>({{Type::chord, "ChordArpeggio", "Chord", &create<Arpeggios::ChordArpeggio>},
-                            {Type::up, "UpArpeggio", "Up", &create<Arpeggios::UpArpeggio>},
-                            {Type::down, "DownArpeggio", "Down", &create<Arpeggios::DownArpeggio>},
-                            {Type::upDown, "UpDownArpeggio", "Up + Down", &create<Arpeggios::UpDownArpeggio>}});
+constexpr auto TYPES = std::to_array<TypeRow>({{Type::chord, "ChordArpeggio", "Chord"},
+                                               {Type::up, "UpArpeggio", "Up"},
+                                               {Type::down, "DownArpeggio", "Down"},
+                                               {Type::upDown, "UpDownArpeggio", "Up + Down"}});
 
 const TypeRow& rowOf(const ArpeggioSetting& setting) { return TYPES[static_cast<std::size_t>(setting.type)]; }
 }  // namespace
@@ -69,10 +57,5 @@ std::string ArpeggioSetting::getTypeName() const { return std::string(rowOf(*thi
 std::string ArpeggioSetting::toString() const
 {
     return std::string(rowOf(*this).name) + " Arp " + noteIntervalName(beat) + " Len:" + noteIntervalName(length);
-}
-
-std::unique_ptr<Arpeggio> createArpeggio(const ArpeggioSetting& setting)
-{
-    return rowOf(setting).create(setting.normalized());
 }
 }  // namespace Backend::ArpeggioManagement

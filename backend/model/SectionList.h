@@ -44,15 +44,18 @@ public:
 
     void clear() { elements.clear(); }
 
-    /// The section's element: its items replace those here, or with "merge" join them.
-    void readXml(const XmlElement& section)
+    /// The section's element: its items replace those here, or with "merge" join them. `readItem(element, id)` makes an
+    /// item of its element.
+    template <class ReadItem>
+    void readXml(const XmlElement& section, ReadItem&& readItem)
     {
         if (!section.getBoolAttribute("merge", false)) clear();
-        forEachElement(section, [this](const XmlElement& child) {
+        forEachElement(section, [&](const XmlElement& child) {
             if (child.getTagName() == Item::ELEMENT && elements.size() < MOST)
-                add(Item::fromXml(child, static_cast<Id>(elements.size())));
+                add(readItem(child, static_cast<Id>(elements.size())));
         });
     }
+    void readXml(const XmlElement& section) { readXml(section, &Item::fromXml); }
 
     /// The element, one tag a line behind `indent` TABs: the items of `ids`, to be merged, or without ids all of them.
     void writeXml(std::ostream& out, int indent, std::span<const Id> ids) const

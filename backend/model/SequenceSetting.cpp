@@ -1,27 +1,16 @@
 #include "backend/model/SequenceSetting.h"
 
-#include <algorithm>
 #include <ostream>
 
-#include "backend/engine/MidiEngine.h"
-#include "backend/files/SequencePresetManager.h"
 #include "backend/xml/Text.h"
-#include "backend/xml/XmlDocument.h"
+#include "backend/xml/XmlElement.h"
 #include "backend/xml/XmlWriter.h"
 
 namespace Backend::SequenceManagement
 {
 namespace
 {
-constexpr std::string_view OFF = "Off";
 constexpr std::string_view SEQUENCE = "Sequence";
-
-std::vector<SequenceNode> loadNodes(const std::string& preset)
-{
-    const std::string path = SequencePresetManager::getPresetPath(preset);
-    if (path.empty()) return {};
-    return parseSequence(XmlDocument(path, XmlDocument::Source::file).getRoot().getText());
-}
 
 /// A sequence without text is a single rest.
 std::vector<SequenceNode> readNodes(const XmlElement& setting)
@@ -37,17 +26,6 @@ std::vector<SequenceNode> readNodes(const XmlElement& setting)
 }
 }  // namespace
 
-SequenceSetting SequenceSetting::fromPreset(std::string_view name)
-{
-    SequenceSetting setting;
-    setting.useLength = true;
-    name = Text::trim(name);
-    if (name.empty() || name == OFF) return setting;
-    setting.preset = name;
-    setting.nodes = loadNodes(setting.preset);
-    return setting;
-}
-
 SequenceSetting SequenceSetting::fromXml(const XmlElement& element)
 {
     SequenceSetting setting;
@@ -55,7 +33,7 @@ SequenceSetting SequenceSetting::fromXml(const XmlElement& element)
     setting.useNote = element.getBoolAttribute("useNote", true);
     setting.useVelocity = element.getBoolAttribute("useVelocity", true);
     setting.useLength = element.getBoolAttribute("useLength", true);
-    setting.nodes = setting.preset.empty() ? readNodes(element) : loadNodes(setting.preset);
+    if (setting.preset.empty()) setting.nodes = readNodes(element);
     return setting;
 }
 
@@ -77,20 +55,4 @@ void SequenceSetting::setSequenceText(std::string_view text)
 }
 
 std::string SequenceSetting::getSequenceText() const { return printSequence(nodes); }
-
-void SequenceSetting::play(MidiEngine::Slice& slice, MidiEngine::MidiEngine& engine,
-                           const MidiEngine::OrvMidiMessage& event, std::size_t node) const
-{
-    if (node >= nodes.size() || !event.isNote()) return;
-    for (const SequenceOffset& offset : nodes[node]) {
-        if (offset.rest) continue;
-        MidiEngine::OrvMidiMessage played = event;
-        if (useNote) played.setD1(MidiEngine::foldNote(std::int64_t{event.getD1()} + offset.note));
-        if (useVelocity) {
-            const std::int64_t velocity = static_cast<std::int8_t>(event.getD2());
-            played.setD2(static_cast<int>(std::clamp<std::int64_t>(velocity + offset.velocity, 0, 127)));
-        }
-        engine.playMidiInternal(slice, played, false);
-    }
-}
 }  // namespace Backend::SequenceManagement

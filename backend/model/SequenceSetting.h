@@ -7,16 +7,9 @@
 #include <string_view>
 #include <vector>
 
-#include "backend/engine/Slice.h"
-#include "backend/values/OrvMidiMessage.h"
 #include "platform/Export.h"
 
 class XmlElement;
-
-namespace Backend::MidiEngine
-{
-class MidiEngine;
-}
 
 namespace Backend::SequenceManagement
 {
@@ -39,15 +32,11 @@ using SequenceNode = std::vector<SequenceOffset>;
 struct ORV_API SequenceSetting {
     std::string preset;               ///< its name, empty if the nodes are the layer's own
     std::vector<SequenceNode> nodes;  ///< none: the arpeggio's notes go out unchanged
-    std::size_t currentNode = 0;      ///< where it stands while it plays; not saved
     bool useNote = true;              ///< apply what the offsets say of notes
     bool useVelocity = true;          ///< and of velocities
     bool useLength = false;           ///< kept; read by nobody
 
-    /// With the nodes of that preset's file, none if it cannot be read. No name, and "Off", give no sequence.
-    static SequenceSetting fromPreset(std::string_view name);
-
-    /// From a `SequenceSetting` element; its preset is read too.
+    /// From a `SequenceSetting` element. One that names a preset has no nodes: they stand in the preset's file.
     static SequenceSetting fromXml(const XmlElement& element);
     /// The element, one tag a line behind `indent` TABs.
     void writeXml(std::ostream& out, int indent) const;
@@ -55,20 +44,6 @@ struct ORV_API SequenceSetting {
     /// Makes the nodes the layer's own. Never fails; see `parseSequence`.
     void setSequenceText(std::string_view text);
     std::string getSequenceText() const;
-
-    /// On to the next node, behind the last to the first.
-    void advance() { currentNode = currentNode + 1 < nodes.size() ? currentNode + 1 : 0; }
-    /// Back to the node before, before the first to the last.
-    void retreat()
-    {
-        if (currentNode == 0) currentNode = nodes.size();
-        if (currentNode > 0) --currentNode;
-    }
-    bool isOnLastNode() const { return currentNode + 1 >= nodes.size(); }
-
-    /// Plays a note on or a note off once for each offset of a node. Time slice only.
-    void play(MidiEngine::Slice& slice, MidiEngine::MidiEngine& engine, const MidiEngine::OrvMidiMessage& event,
-              std::size_t node) const;
 
     bool operator==(const SequenceSetting&) const = default;
 };

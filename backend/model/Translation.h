@@ -78,11 +78,4 @@ private:
 
 /// Makes a translation from its "Translation" element; null for an element that is none.
 using TranslationFactory = std::function<std::unique_ptr<Translation>(const XmlElement& element)>;
-
-/// A translation of that type name with default parameters and on no condition; null for an unknown name.
-ORV_API std::unique_ptr<Translation> createTranslation(std::string_view typeName);
-
-/// A translation from a "Translation" element: its condition, and the class that its first child element names. Null
-/// for an unknown name; missing attributes have their defaults.
-ORV_API std::unique_ptr<Translation> createTranslationFromXml(const XmlElement& element);
 }  // namespace Backend::MidiInput::TranslationManagement

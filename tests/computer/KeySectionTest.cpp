@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "backend/bindings/functions/FunctionFactories.h"
 #include "backend/messages/GuiMessages.h"
 #include "tests/computer/KeyStage.h"
 

@@ -6,6 +6,7 @@
 #include <sstream>
 
 #include "backend/bindings/functions/FunctionEnumerator.h"
+#include "backend/bindings/functions/FunctionFactories.h"
 #include "backend/bindings/functions/Functions.h"
 #include "backend/bindings/functions/HelpTexts.h"
 #include "backend/xml/XmlDocument.h"

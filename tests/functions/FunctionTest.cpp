@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "backend/bindings/functions/FunctionFactories.h"
 #include "backend/bindings/functions/Functions.h"
 #include "backend/files/RegistrySettings.h"
 #include "backend/messages/GuiMessages.h"

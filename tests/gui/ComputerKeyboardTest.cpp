@@ -5,6 +5,7 @@
 #include <QLineEdit>
 
 #include "backend/bindings/functions/FunctionEnumerator.h"
+#include "backend/bindings/functions/FunctionFactories.h"
 #include "backend/files/RegistrySettings.h"
 #include "backend/messages/GuiMessages.h"
 #include "backend/model/Function.h"

@@ -4,8 +4,8 @@
 
 #include "backend/files/OrvUtils.h"
 #include "backend/files/SequencePresetManager.h"
+#include "backend/files/version2/SequenceTemplates.h"
 #include "backend/model/Layer.h"
-#include "backend/model/SequenceTemplates.h"
 #include "backend/xml/XmlDocument.h"
 #include "tests/stage/PrivateFolders.h"
 #include "tests/stage/Stage.h"
@@ -168,15 +168,15 @@ TEST(SequencePresets, ComeIntoALayerByName)
     sequences.write(FOLDER + "/off.seq", fileOf("1"));
     sequences.write(FOLDER + "/bad.seq", "<Sequence>1");
     sequences.write("data/Brinlow Software/Orvane 3/out.seq", fileOf("1"));
-    const SequenceSetting x = SequenceSetting::fromPreset(" x ");
+    const SequenceSetting x = sequenceFromPreset(" x ");
     EXPECT_EQ(x.preset, "x");
     EXPECT_EQ(x.getSequenceText(), "0,7");
     EXPECT_TRUE(x.useNote && x.useVelocity && x.useLength);
-    EXPECT_EQ(SequenceSetting::fromPreset("Off").preset, "");
-    EXPECT_EQ(SequenceSetting::fromPreset("off").getSequenceText(), "1");
+    EXPECT_EQ(sequenceFromPreset("Off").preset, "");
+    EXPECT_EQ(sequenceFromPreset("off").getSequenceText(), "1");
     for (const char* name : {"bad", "gone", "../out"}) {
-        EXPECT_EQ(SequenceSetting::fromPreset(name).preset, name);
-        EXPECT_TRUE(SequenceSetting::fromPreset(name).nodes.empty()) << name;
+        EXPECT_EQ(sequenceFromPreset(name).preset, name);
+        EXPECT_TRUE(sequenceFromPreset(name).nodes.empty()) << name;
     }
     std::ostringstream out;
     SequenceSetting::fromXml(rootOf("<SequenceSetting preset=' x ' useNote='no'/>")).writeXml(out, 1);

@@ -4,6 +4,7 @@
 
 #include <sstream>
 
+#include "backend/bindings/translations/TranslationFactories.h"
 #include "backend/messages/GuiMessages.h"
 #include "backend/model/Program.h"
 #include "backend/model/WindowMove.h"

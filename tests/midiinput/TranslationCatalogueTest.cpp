@@ -8,6 +8,7 @@
 
 #include "backend/bindings/functions/HelpTexts.h"
 #include "backend/bindings/translations/TranslationEnumerator.h"
+#include "backend/bindings/translations/TranslationFactories.h"
 #include "backend/bindings/translations/Translations.h"
 #include "backend/xml/XmlDocument.h"
 

@@ -1,5 +1,6 @@
 // What derives from the table of contents: the factories and the list for pickers.
 
+#include "backend/bindings/functions/FunctionFactories.h"
 #include "backend/bindings/functions/FunctionEnumerator.h"
 #include "backend/bindings/functions/Functions.h"
 

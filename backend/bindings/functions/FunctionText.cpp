@@ -2,6 +2,7 @@
 
 #include <pugixml.hpp>
 
+#include "backend/bindings/functions/FunctionFactories.h"
 #include "backend/model/Function.h"
 #include "backend/xml/XmlParser.h"
 

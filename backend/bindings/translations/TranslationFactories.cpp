@@ -1,5 +1,6 @@
 // What derives from the table of contents: the factories and the list for pickers.
 
+#include "backend/bindings/translations/TranslationFactories.h"
 #include "backend/bindings/translations/TranslationEnumerator.h"
 #include "backend/bindings/translations/Translations.h"
 

@@ -13,9 +13,9 @@
 #include <climits>
 #include <sstream>
 
+#include "backend/files/version2/SequenceTemplates.h"
 #include "backend/model/Layer.h"
 #include "backend/model/Program.h"
-#include "backend/model/SequenceTemplates.h"
 
 namespace Backend::Version2
 {

@@ -2,6 +2,7 @@
 
 #include <sstream>
 
+#include "backend/bindings/functions/FunctionFactories.h"
 #include "backend/core/OrvIF.h"
 #include "backend/messages/GuiMessages.h"
 #include "backend/model/PresetSections.h"

@@ -4,6 +4,7 @@
 
 #include "backend/core/OrvIF.h"
 #include "backend/engine/MidiEngineMessageManager.h"
+#include "backend/files/SequencePresetManager.h"
 #include "backend/messages/GuiMessages.h"
 #include "backend/model/PresetSections.h"
 #include "backend/xml/XmlDocument.h"
@@ -28,7 +29,11 @@ LayerManager::LayerManager(OrvIF& backend, MessageManagerMaster& master)
 
 void LayerManager::readXml(const XmlElement& section)
 {
-    layers.readXml(section);
+    layers.readXml(section, [](const XmlElement& element, LayerId id) {
+        Layer layer = Layer::fromXml(element, id);
+        SequenceManagement::loadSequencePreset(layer.sequenceSetting);
+        return layer;
+    });
     publish();
 }
 

@@ -3,6 +3,7 @@
 #include <sstream>
 #include <utility>
 
+#include "backend/bindings/translations/TranslationFactories.h"
 #include "backend/core/OrvIF.h"
 #include "backend/core/OrvMessageManager.h"
 #include "backend/messages/GuiMessages.h"

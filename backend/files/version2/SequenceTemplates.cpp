@@ -1,4 +1,4 @@
-#include "backend/model/SequenceTemplates.h"
+#include "backend/files/version2/SequenceTemplates.h"
 
 #include <algorithm>
 #include <array>
@@ -6,6 +6,7 @@
 #include <span>
 #include <string_view>
 
+#include "backend/files/SequencePresetManager.h"
 #include "backend/model/Layer.h"
 
 namespace Backend::SequenceManagement
@@ -129,7 +130,7 @@ std::int32_t doubled(std::int32_t pulses)
 SequenceSetting fromTemplate(int number, int mode)
 {
     const std::string_view preset = presetOf(number);
-    SequenceSetting setting = preset.empty() ? SequenceSetting{} : SequenceSetting::fromPreset(preset);
+    SequenceSetting setting = preset.empty() ? SequenceSetting{} : sequenceFromPreset(preset);
     setting.useNote = mode != VELOCITIES;
     setting.useVelocity = mode == VELOCITIES || mode == NOTES_AND_VELOCITIES;
     return setting;

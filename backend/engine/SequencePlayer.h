@@ -1,0 +1,47 @@
+#pragma once
+
+#include <cstddef>
+
+#include "backend/engine/Slice.h"
+#include "backend/model/SequenceSetting.h"
+#include "backend/values/OrvMidiMessage.h"
+
+namespace Backend::MidiEngine
+{
+class MidiEngine;
+}
+
+namespace Backend::SequenceManagement
+{
+/// A sequence at play: its setting and the node at which its arpeggio stands. Time slice only.
+class SequencePlayer
+{
+public:
+    explicit SequencePlayer(const SequenceSetting& sequence) : setting(sequence) {}
+
+    /// Without nodes the arpeggio's notes are played unchanged.
+    bool isEmpty() const { return setting.nodes.empty(); }
+
+    std::size_t getCurrentNode() const { return currentNode; }
+    bool isOnFirstNode() const { return currentNode == 0; }
+    bool isOnLastNode() const { return currentNode + 1 >= setting.nodes.size(); }
+
+    /// To the next node; from the last one to the first.
+    void advance() { currentNode = isOnLastNode() ? 0 : currentNode + 1; }
+    /// To the previous node; from the first one to the last.
+    void retreat()
+    {
+        if (currentNode == 0) currentNode = setting.nodes.size();
+        if (currentNode > 0) --currentNode;
+    }
+    void rewind() { currentNode = 0; }
+
+    /// Plays a note on or a note off once for each offset of a node.
+    void play(MidiEngine::Slice& slice, MidiEngine::MidiEngine& engine, const MidiEngine::OrvMidiMessage& event,
+              std::size_t node) const;
+
+private:
+    const SequenceSetting setting;
+    std::size_t currentNode = 0;
+};
+}  // namespace Backend::SequenceManagement
