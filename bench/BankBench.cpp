@@ -8,8 +8,8 @@
 #include <sstream>
 #include <thread>
 
-#include "backend/core/OrvFactory.h"
-#include "backend/core/OrvMessageManager.h"
+#include "api/OrvFactory.h"
+#include "api/OrvMessageManager.h"
 #include "backend/engine/MidiEngine.h"
 #include "backend/files/Bank.h"
 #include "backend/files/BankFile.h"

@@ -14,9 +14,9 @@
 #include <memory>
 #include <thread>
 
-#include "backend/core/OrvFactory.h"
-#include "backend/core/OrvMessageManager.h"
-#include "backend/engine/MidiPlayer.h"
+#include "api/MidiPlayer.h"
+#include "api/OrvFactory.h"
+#include "api/OrvMessageManager.h"
 #include "backend/messages/GuiMessages.h"
 #include "gui/OrvGuiFactory.h"
 #include "gui/OrvGuiIF.h"

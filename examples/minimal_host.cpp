@@ -8,10 +8,10 @@
 #include <memory>
 #include <thread>
 
-#include "backend/core/OrvFactory.h"
-#include "backend/core/OrvMessageManager.h"
-#include "backend/engine/MidiEngineMessageManager.h"
-#include "backend/sections/layers/LayerMessageManager.h"
+#include "api/OrvFactory.h"
+#include "api/OrvMessageManager.h"
+#include "backend/messages/LayerMessageManager.h"
+#include "backend/messages/MidiEngineMessageManager.h"
 
 using namespace Backend;
 using namespace Backend::MidiEngine;

@@ -3,9 +3,9 @@
 #include <memory>
 #include <sstream>
 
-#include "backend/core/OrvFactory.h"
-#include "backend/core/OrvIF.h"
-#include "backend/engine/MidiPlayer.h"
+#include "api/MidiPlayer.h"
+#include "api/OrvFactory.h"
+#include "api/OrvIF.h"
 #include "backend/sections/computerinput/ComputerInputManager.h"
 #include "backend/xml/XmlDocument.h"
 #include "tests/stage/PrivateFolders.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "backend/core/GuiFactory.h"
+#include "api/GuiFactory.h"
 #include "platform/Export.h"
 
 namespace Gui

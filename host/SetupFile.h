@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "backend/core/OrvMessageManager.h"
+#include "api/OrvMessageManager.h"
 
 namespace Host
 {

@@ -1,4 +1,4 @@
-#include "backend/core/OrvFactory.h"
+#include "api/OrvFactory.h"
 #include "gui/OrvGuiFactory.h"
 
 namespace

@@ -2,7 +2,7 @@
 # whatever these include.
 cmake_policy(VERSION 3.24)
 get_filename_component(house ${CMAKE_CURRENT_LIST_DIR} DIRECTORY)
-file(GLOB_RECURSE headers RELATIVE ${house} ${house}/platform/*.h ${house}/backend/*.h ${house}/gui/*.h)
+file(GLOB_RECURSE headers RELATIVE ${house} ${house}/platform/*.h ${house}/api/*.h ${house}/backend/*.h ${house}/gui/*.h)
 
 set(public)
 foreach(header ${headers})

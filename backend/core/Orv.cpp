@@ -5,6 +5,7 @@
 #include <filesystem>
 
 #include "backend/bindings/functions/FunctionFactories.h"
+#include "backend/core/OrvCommands.h"
 #include "backend/files/OrvUtils.h"
 #include "backend/messages/GuiMessages.h"
 #include "backend/model/WindowMove.h"
@@ -29,7 +30,7 @@ constexpr const char* DEFAULT_BANK = "Default Bank.bnk";
 
 Orv::Orv(const std::string& application, MidiEngine::MidiPlayer& player, RetroRecord::Restore restoreRecord)
     : applicationName(application),
-      orvMessageManager(messageManagerMaster, *this),
+      orvMessageManager(messageManagerMaster, *this, [this](Message& message) { executeOrvCommand(*this, message); }),
       midiEngine(player),
       retroRecord([&player] { return player.getMilliseconds(); }, restoreRecord),
       oscManager(*this, messageManagerMaster),
@@ -48,7 +49,7 @@ Orv::Orv(const std::string& application, MidiEngine::MidiPlayer& player, RetroRe
     messageManagerMaster.addMessageManager(&controlManager.getMessageManager());
     messageManagerMaster.addMessageManager(&layerManager.getMessageManager());
     messageManagerMaster.addMessageManager(&zoneManager.getMessageManager());
-    midiEngine.setControlUpdates(&controlManager.getMessageManager().getUpdates());
+    midiEngine.setControlUpdates(&controlManager.getUpdates());
 }
 
 Orv::~Orv()
@@ -153,29 +154,23 @@ Gui::OrvGuiIF* Orv::createOrvGui(bool isVstPlugin)
 
 void Orv::refreshGui()
 {
-    tellGui(GuiMessage::SETTINGS, registrySettings);
-    tellGui(GuiMessage::MIDI_INPUT_PORTS, midiInputPorts);
-    tellGui(GuiMessage::MIDI_OUTPUT_PORTS, midiOutputPorts);
-    tellGui(GuiMessage::BANK, bank);
-    tellGui(GuiMessage::PROGRAM, program);
+    notifyGui(GuiMessage::SETTINGS, registrySettings);
+    notifyGui(GuiMessage::MIDI_INPUT_PORTS, midiInputPorts);
+    notifyGui(GuiMessage::MIDI_OUTPUT_PORTS, midiOutputPorts);
+    notifyGui(GuiMessage::BANK, bank);
+    notifyGui(GuiMessage::PROGRAM, program, false);
     computerInputManager.refreshGui();
     for (const PresetManager* presets : getPresetManagers()) tellPresets(*presets, true);
 }
 
 void Orv::showScreen(Screen screen, OnOffToggle::State state) const
 {
-    getGuiWindowHandle().post({.number = GuiMessage::SHOW_SCREEN,
-                               .wparam = static_cast<std::uint32_t>(screen),
-                               .lparam = static_cast<std::int32_t>(state)});
+    notifyGui(GuiMessage::SHOW_SCREEN, screen, state);
 }
 
-void Orv::moveWindow(const WindowMove& move) { tellGui(GuiMessage::MOVE_WINDOW, move); }
+void Orv::moveWindow(const WindowMove& move) { notifyGui(GuiMessage::MOVE_WINDOW, move); }
 
-void Orv::setWidgetFocus(const SelectControlType& select)
-{
-    getGuiWindowHandle().post(
-        {.number = GuiMessage::SET_WIDGET_FOCUS, .payload = Payload::of(SelectControlType(select))});
-}
+void Orv::setWidgetFocus(const SelectControlType& select) { notifyGui(GuiMessage::SET_WIDGET_FOCUS, select); }
 
 // --- what the inputs do
 
@@ -246,7 +241,7 @@ void Orv::changeTempo(const RelativeFixedValue& value, bool notify)
     if (tempo < Program::LOWEST_TEMPO || tempo > Program::HIGHEST_TEMPO) return;
     program.tempo = static_cast<int>(tempo);
     midiEngine.getMessageManager().postSetTempo(program.tempo);
-    if (notify) tellGui(GuiMessage::PROGRAM, program);
+    if (notify) notifyGui(GuiMessage::PROGRAM, program, false);
 }
 
 void Orv::setTempoSource(int source, bool notify)
@@ -255,7 +250,7 @@ void Orv::setTempoSource(int source, bool notify)
     if (!isInput && source != Program::INTERNAL_TEMPO_SOURCE) return;
     program.tempoSource = source;
     midiEngine.getMessageManager().postSetTempoSource(source);
-    if (notify) tellGui(GuiMessage::PROGRAM, program);
+    if (notify) notifyGui(GuiMessage::PROGRAM, program, false);
 }
 
 void Orv::changeMidiThru(const OnOffToggle& value, bool notify)
@@ -263,13 +258,13 @@ void Orv::changeMidiThru(const OnOffToggle& value, bool notify)
     const bool on = value.appliedTo(registrySettings.getMidiThru());
     registrySettings.setMidiThru(on);
     midiEngine.getMessageManager().postSetMidiThru(on);
-    if (notify) tellGui(GuiMessage::MIDI_THRU, on);
+    if (notify) notifyGui(GuiMessage::MIDI_THRU, on);
 }
 
 void Orv::resetOrv()
 {
     midiEngine.sendHardReset();
-    tellGui(GuiMessage::ORV_RESET, 0);
+    notifyGui(GuiMessage::ORV_RESET);
 }
 
 // --- rest

@@ -8,10 +8,10 @@
 #include <string_view>
 #include <type_traits>
 
-#include "backend/core/GuiFactory.h"
+#include "api/GuiFactory.h"
+#include "api/OrvIF.h"
+#include "api/OrvMessageManager.h"
 #include "backend/core/HeldNotes.h"
-#include "backend/core/OrvIF.h"
-#include "backend/core/OrvMessageManager.h"
 #include "backend/display/Display.h"
 #include "backend/engine/MidiEngine.h"
 #include "backend/files/Bank.h"
@@ -152,7 +152,7 @@ public:
     Controls::ControlManager& getControlManager() override { return controlManager; }
     void showControl(bool on) override { showScreen(Screen::controls, onOrOff(on)); }
     void toggleControl() override { showScreen(Screen::controls, OnOffToggle::State::toggle); }
-    void showSaveDialog() override { tellGui(GuiMessage::SHOW_SAVE_DIALOG, 0); }
+    void showSaveDialog() override { notifyGui(GuiMessage::SHOW_SAVE_DIALOG); }
     Oscillators::OscManager& getOscManager() override { return oscManager; }
     Oscillators::OscMessageManager& getOscMessageManager() override { return oscManager.getMessageManager(); }
     void setDisplayMidiInputEvents(bool on) override;
@@ -194,13 +194,13 @@ public:
     void sendControlData(const SelectControlType& select) override { controlManager.sendControlData(select); }
     void changeProgram(const SelectType& select) override;
     void changeDefaultMidiOutput(const SelectType& select) override;
-    void showProgramMenu() override { tellGui(GuiMessage::SHOW_PROGRAM_MENU, 0); }
+    void showProgramMenu() override { notifyGui(GuiMessage::SHOW_PROGRAM_MENU); }
     void changeZoneTranspose(const SelectType& select, const RelativeFixedValue& value) override
     {
         zoneManager.changeTranspose(select, value);
     }
     void selectZone(const SelectType& select) override { zoneManager.selectZone(select); }
-    void showDefaultMidiOutputMenu() override { tellGui(GuiMessage::SHOW_DEFAULT_MIDI_OUTPUT_MENU, 0); }
+    void showDefaultMidiOutputMenu() override { notifyGui(GuiMessage::SHOW_DEFAULT_MIDI_OUTPUT_MENU); }
     void setScreenState(const ScreenState& state) override { registrySettings.setScreens(state.toBits()); }
     ScreenState getScreenState() const override { return ScreenState::fromBits(registrySettings.getScreens()); }
     RetroRecord::RetroRecordManager& getRetroRecordManager() override { return retroRecord; }
@@ -255,16 +255,10 @@ public:
     void setGuiFactory(GuiFactory factory) { guiFactory = factory; }
 
 private:
-    /// A small value travels in the first parameter, anything else as an owned copy.
-    template <class Value>
-    void tellGui(unsigned int message, const Value& value) const
+    template <class... Arguments>
+    void notifyGui(const TypedMessage<Arguments...>& message, const std::type_identity_t<Arguments>&... arguments) const
     {
-        const WindowHandle window = getGuiWindowHandle();
-        if (!window) return;
-        if constexpr (std::is_integral_v<Value>)
-            window.post({.number = message, .wparam = static_cast<std::uint32_t>(value)});
-        else
-            window.post({.number = message, .payload = Payload::of(Value(value))});
+        notify(getGuiWindowHandle(), message, arguments...);
     }
     static constexpr OnOffToggle::State onOrOff(bool on)
     {

@@ -40,7 +40,7 @@ void Orv::setMidiInputPorts(const MidiInputPorts& ports)
     midiInputPorts = ports;
     midiEngine.getMessageManager().postSetMidiInputPorts(ports);
     display.getMessageManager().postSetMidiInputPorts(ports);
-    tellGui(GuiMessage::MIDI_INPUT_PORTS, ports);
+    notifyGui(GuiMessage::MIDI_INPUT_PORTS, ports);
 }
 
 void Orv::setMidiOutputPorts(const MidiOutputPorts& ports)
@@ -50,7 +50,7 @@ void Orv::setMidiOutputPorts(const MidiOutputPorts& ports)
     retroRecord.setOutputs(ports);  // before the engine can play to a new one
     midiEngine.getMessageManager().postSetMidiOutputPorts(ports);
     display.getMessageManager().postSetMidiOutputPorts(ports);
-    tellGui(GuiMessage::MIDI_OUTPUT_PORTS, ports);
+    notifyGui(GuiMessage::MIDI_OUTPUT_PORTS, ports);
 }
 
 /// Keeps a default that may still come back or is enabled; otherwise the system's synthesizer, or the first output
@@ -76,7 +76,7 @@ void Orv::setDefaultMidiOutput(int output)
     if (output == registrySettings.getDefaultMidiOutput()) return;
     registrySettings.setDefaultMidiOutput(output);
     midiEngine.getMessageManager().postSetDefaultMidiOutput(output);
-    tellGui(GuiMessage::DEFAULT_MIDI_OUTPUT, output);
+    notifyGui(GuiMessage::DEFAULT_MIDI_OUTPUT, output);
 }
 
 void Orv::changeDefaultMidiOutput(const SelectType& select)
@@ -114,7 +114,7 @@ void Orv::enableMidiInput(int port, bool enabled)
     midiInputPorts[static_cast<std::size_t>(port)].enabled = enabled;
     registrySettings.setMidiInputEnabled(port, enabled);
     midiEngine.getMessageManager().postEnableMidiInput(port, enabled);
-    tellGui(GuiMessage::MIDI_INPUT_PORTS, midiInputPorts);
+    notifyGui(GuiMessage::MIDI_INPUT_PORTS, midiInputPorts);
 }
 
 void Orv::enableMidiOutput(int port, bool enabled)

@@ -54,7 +54,7 @@ void Orv::loadBank(const std::string& path)
     if (path.empty()) return;
     bankFile.open(path);
     bank = {path, bankFile.getProgramNames()};
-    tellGui(GuiMessage::BANK, bank);
+    notifyGui(GuiMessage::BANK, bank);
     changeProgram(program.number);
 }
 
@@ -99,7 +99,7 @@ void Orv::loadProgramFromString(const std::string& text, int number)
 void Orv::beginProgram(int number)
 {
     midiEngine.sendReset();
-    tellGui(GuiMessage::ORV_RESET, 0);
+    notifyGui(GuiMessage::ORV_RESET);
     program = Program{};
     program.number = number;
 }
@@ -113,8 +113,7 @@ void Orv::endProgram(const XmlElement& element, std::string_view source)
         WindowsLib::DbgStream() << source << ": no program " << program.number;
     midiEngine.getMessageManager().postSetTempo(program.tempo);
     midiEngine.getMessageManager().postSetTempoSource(program.tempoSource);
-    getGuiWindowHandle().post(
-        {.number = GuiMessage::PROGRAM, .wparam = !element.hasElement(), .payload = Payload::of(Program(program))});
+    notifyGui(GuiMessage::PROGRAM, program, !element.hasElement());
     if (element.hasElement() && !initializing) controlManager.sendAll(true);
 }
 

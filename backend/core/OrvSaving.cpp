@@ -19,10 +19,7 @@ namespace Backend
 {
 namespace
 {
-void tellDone(const WindowHandle& window, bool written)
-{
-    window.post({.number = GuiMessage::OPERATION_DONE, .wparam = written});
-}
+void tellDone(const WindowHandle& window, bool written) { notify(window, GuiMessage::OPERATION_DONE, written); }
 
 /// A text that could not be read again is not worth the file that it would replace.
 bool writeDocument(const std::string& path, const std::string& text)
@@ -90,13 +87,13 @@ void Orv::changeProgramName(const std::string& name)
         return;
     }
     program.name = text;
-    tellGui(GuiMessage::PROGRAM_NAME, program);
+    notifyGui(GuiMessage::PROGRAM_NAME, program);
 }
 
 void Orv::setDefaultBank(const std::string& path)
 {
     registrySettings.setDefaultBank(path);
-    tellGui(GuiMessage::DEFAULT_BANK, path);
+    notifyGui(GuiMessage::DEFAULT_BANK, path);
     loadBank(path);
 }
 
@@ -131,9 +128,7 @@ std::array<PresetManager*, PresetSections::ALL.size()> Orv::getPresetManagers()
 
 void Orv::tellPresets(const PresetManager& presets, bool done) const
 {
-    getGuiWindowHandle().post({.number = GuiMessage::PRESETS,
-                               .wparam = static_cast<std::uint32_t>(PresetSections::indexOf(presets.getSection())),
-                               .lparam = done,
-                               .payload = Payload::of(PresetList(presets.getList()))});
+    notifyGui(GuiMessage::PRESETS, static_cast<std::uint32_t>(PresetSections::indexOf(presets.getSection())), done,
+              presets.getList());
 }
 }  // namespace Backend

@@ -10,25 +10,25 @@ void Orv::setLastWindowPosition(const WindowsLib::Rect& position) { registrySett
 void Orv::setDockToBottomEdge(bool on)
 {
     registrySettings.setDockToBottomEdge(on);
-    tellGui(GuiMessage::DOCK_TO_BOTTOM_EDGE, on);
+    notifyGui(GuiMessage::DOCK_TO_BOTTOM_EDGE, on);
 }
 
 void Orv::setMouseSensitivity(int divisor)
 {
     registrySettings.setMouseSensitivity(divisor);
-    tellGui(GuiMessage::MOUSE_SENSITIVITY, divisor);
+    notifyGui(GuiMessage::MOUSE_SENSITIVITY, divisor);
 }
 
 void Orv::setAlwaysOnTop(bool on)
 {
     registrySettings.setAlwaysOnTop(on);
-    tellGui(GuiMessage::ALWAYS_ON_TOP, on);
+    notifyGui(GuiMessage::ALWAYS_ON_TOP, on);
 }
 
 void Orv::setUseSkinBorder(bool on)
 {
     registrySettings.setUseSkinBorder(on);
-    tellGui(GuiMessage::USE_SKIN_BORDER, on);
+    notifyGui(GuiMessage::USE_SKIN_BORDER, on);
 }
 
 void Orv::setDisplayHeight(int pixels) { registrySettings.setDisplayHeight(pixels); }
@@ -55,7 +55,7 @@ void Orv::setRetroRecordBufferSize(int bytes)
 {
     if (!RetroRecord::RetroRecordManager::isBufferSize(bytes)) return;
     registrySettings.setRetroRecordBufferSize(bytes);
-    tellGui(GuiMessage::RETRO_RECORD_BUFFER_SIZE, bytes);
+    notifyGui(GuiMessage::RETRO_RECORD_BUFFER_SIZE, bytes);
     retroRecord.setBufferSize(bytes);
 }
 
@@ -63,7 +63,7 @@ void Orv::setRetroRecordBufferSize(int bytes)
 void Orv::enableRetroRecord(bool on)
 {
     registrySettings.setRetroRecordEnabled(on);
-    tellGui(GuiMessage::RETRO_RECORD_ENABLED, on);
+    notifyGui(GuiMessage::RETRO_RECORD_ENABLED, on);
     retroRecord.enable(on);
     midiEngine.setRetroRecordManager(on ? &retroRecord : nullptr);
 }
@@ -71,14 +71,14 @@ void Orv::enableRetroRecord(bool on)
 void Orv::setLargeDisplayFont(bool on)
 {
     registrySettings.setLargeDisplayFont(on);
-    tellGui(GuiMessage::LARGE_DISPLAY_FONT, on);
+    notifyGui(GuiMessage::LARGE_DISPLAY_FONT, on);
 }
 
 void Orv::changeGlobalKeyboard(const OnOffToggle& value, bool notify)
 {
     const bool on = value.appliedTo(registrySettings.getGlobalKeyboard());
     registrySettings.setGlobalKeyboard(on);
-    if (notify) tellGui(GuiMessage::GLOBAL_KEYBOARD, on);
+    if (notify) notifyGui(GuiMessage::GLOBAL_KEYBOARD, on);
 }
 
 void Orv::setLiteVelocity(int velocity) { registrySettings.setLiteVelocity(velocity); }
@@ -90,6 +90,6 @@ void Orv::setLiteStackNotes(bool on) { registrySettings.setLiteStackNotes(on); }
 void Orv::setClickZoneChannelTranspose(bool on)
 {
     registrySettings.setClickZoneChannelTranspose(on);
-    tellGui(GuiMessage::CLICK_ZONE_CHANNEL_TRANSPOSE, on);
+    notifyGui(GuiMessage::CLICK_ZONE_CHANNEL_TRANSPOSE, on);
 }
 }  // namespace Backend

@@ -5,41 +5,40 @@
 
 #include "backend/display/Display.h"
 #include "backend/display/DisplayListener.h"
-#include "backend/messages/Command.h"
+#include "backend/messages/TypedMessage.h"
 
 namespace Backend::Display
 {
 namespace
 {
-enum Number : unsigned int {
-    STOP = 32869,
-    ADD_TEXT = 32870,
-    RESEND_TEXT = 32871,
-    UPDATE_LISTENER = 32872,
-    MIDI_INPUT_EVENT = 32873,
-    MIDI_OUTPUT_EVENT = 32874,
-    SET_LISTENER = 32875,
-    SET_DISPLAY_NUMBERS = 32876,
-    SET_DISPLAY_MIDI_INPUT_EVENTS = 32877,
-    SET_DISPLAY_MIDI_OUTPUT_EVENTS = 32878,
-    SET_MIDI_INPUT_PORTS = 32879,
-    SET_MIDI_OUTPUT_PORTS = 32880,
-    DROP_LISTENER = 32881
-};
+constexpr unsigned int STOP = 32869;
+
+constexpr TypedMessage<std::string> ADD_TEXT{32870, "AddText"};
+constexpr TypedMessage<> RESEND_TEXT{32871, "ResendText"};
+constexpr TypedMessage<> UPDATE_LISTENER{32872, "UpdateListener"};
+constexpr TypedMessage<MidiEngine::OrvMidiMessage> MIDI_INPUT_EVENT{32873, "MidiInputEvent"};
+constexpr TypedMessage<MidiEngine::OrvMidiMessage> MIDI_OUTPUT_EVENT{32874, "MidiOutputEvent"};
+constexpr TypedMessage<DisplayListener*> SET_LISTENER{32875, "SetListener"};
+constexpr TypedMessage<bool> SET_DISPLAY_NUMBERS{32876, "SetDisplayNumbers"};
+constexpr TypedMessage<bool> SET_DISPLAY_MIDI_INPUT_EVENTS{32877, "SetDisplayMidiInputEvents"};
+constexpr TypedMessage<bool> SET_DISPLAY_MIDI_OUTPUT_EVENTS{32878, "SetDisplayMidiOutputEvents"};
+constexpr TypedMessage<MidiEngine::MidiInputPorts> SET_MIDI_INPUT_PORTS{32879, "SetMidiInputPorts"};
+constexpr TypedMessage<MidiEngine::MidiOutputPorts> SET_MIDI_OUTPUT_PORTS{32880, "SetMidiOutputPorts"};
+constexpr TypedMessage<std::unique_ptr<DisplayListener>> DROP_LISTENER{32881, "DropListener"};
 
 constexpr auto COMMANDS = std::to_array<Command<Display>>({
-    command<&Display::addText>(ADD_TEXT, "AddText"),
-    command<&Display::resendText>(RESEND_TEXT, "ResendText"),
-    command<&Display::updateListener>(UPDATE_LISTENER, "UpdateListener"),
-    eventCommand<&Display::addMidiInputEvent>(MIDI_INPUT_EVENT, "MidiInputEvent"),
-    eventCommand<&Display::addMidiOutputEvent>(MIDI_OUTPUT_EVENT, "MidiOutputEvent"),
-    command<&Display::setListener>(SET_LISTENER, "SetListener"),
-    command<&Display::setDisplayNumbers>(SET_DISPLAY_NUMBERS, "SetDisplayNumbers"),
-    command<&Display::setDisplayMidiInputEvents>(SET_DISPLAY_MIDI_INPUT_EVENTS, "SetDisplayMidiInputEvents"),
-    command<&Display::setDisplayMidiOutputEvents>(SET_DISPLAY_MIDI_OUTPUT_EVENTS, "SetDisplayMidiOutputEvents"),
-    command<&Display::setMidiInputPorts>(SET_MIDI_INPUT_PORTS, "SetMidiInputPorts"),
-    command<&Display::setMidiOutputPorts>(SET_MIDI_OUTPUT_PORTS, "SetMidiOutputPorts"),
-    command<&Display::dropListener>(DROP_LISTENER, "DropListener"),
+    on<ADD_TEXT, &Display::addText>(),
+    on<RESEND_TEXT, &Display::resendText>(),
+    on<UPDATE_LISTENER, &Display::updateListener>(),
+    on<MIDI_INPUT_EVENT, &Display::addMidiInputEvent>(),
+    on<MIDI_OUTPUT_EVENT, &Display::addMidiOutputEvent>(),
+    on<SET_LISTENER, &Display::setListener>(),
+    on<SET_DISPLAY_NUMBERS, &Display::setDisplayNumbers>(),
+    on<SET_DISPLAY_MIDI_INPUT_EVENTS, &Display::setDisplayMidiInputEvents>(),
+    on<SET_DISPLAY_MIDI_OUTPUT_EVENTS, &Display::setDisplayMidiOutputEvents>(),
+    on<SET_MIDI_INPUT_PORTS, &Display::setMidiInputPorts>(),
+    on<SET_MIDI_OUTPUT_PORTS, &Display::setMidiOutputPorts>(),
+    on<DROP_LISTENER, &Display::dropListener>(),
 });
 }  // namespace
 
@@ -48,56 +47,44 @@ DisplayMessageManager::DisplayMessageManager(Display& shown)
 {
 }
 
-void DisplayMessageManager::handleMessage(Message& message) { carryOut<Display>(COMMANDS, display, message); }
+void DisplayMessageManager::handleMessage(Message& message) { execute<Display>(COMMANDS, display, message); }
 
-void DisplayMessageManager::postAddText(const std::string& text) { worker.post(pack(ADD_TEXT, text)); }
+void DisplayMessageManager::postAddText(const std::string& text) { worker.post(ADD_TEXT(text)); }
 
-void DisplayMessageManager::postResendText() { worker.post(pack(RESEND_TEXT)); }
+void DisplayMessageManager::postResendText() { worker.post(RESEND_TEXT()); }
 
-void DisplayMessageManager::postUpdateListener() { worker.post(pack(UPDATE_LISTENER)); }
-
-// The two words hold all that a line shows.
-void DisplayMessageManager::postEvent(unsigned int number, const MidiEngine::OrvMidiMessage& event)
-{
-    worker.post({.number = number, .wparam = event.getWparam(), .lparam = event.getLparam()});
-}
+void DisplayMessageManager::postUpdateListener() { worker.post(UPDATE_LISTENER()); }
 
 void DisplayMessageManager::postMidiInputEvent(const MidiEngine::OrvMidiMessage& event)
 {
-    postEvent(MIDI_INPUT_EVENT, event);
+    worker.post(MIDI_INPUT_EVENT(event));
 }
 
 void DisplayMessageManager::postMidiOutputEvent(const MidiEngine::OrvMidiMessage& event)
 {
-    postEvent(MIDI_OUTPUT_EVENT, event);
+    worker.post(MIDI_OUTPUT_EVENT(event));
 }
 
-void DisplayMessageManager::setListener(DisplayListener* listener) { worker.post(pack(SET_LISTENER, listener)); }
+void DisplayMessageManager::setListener(DisplayListener* listener) { worker.post(SET_LISTENER(listener)); }
 
 void DisplayMessageManager::dropListener(std::unique_ptr<DisplayListener> listener)
 {
-    worker.post(pack(DROP_LISTENER, std::move(listener)));
+    worker.post(DROP_LISTENER(std::move(listener)));
 }
 
-void DisplayMessageManager::postSetDisplayNumbers(bool on) { worker.post(pack(SET_DISPLAY_NUMBERS, on)); }
+void DisplayMessageManager::postSetDisplayNumbers(bool on) { worker.post(SET_DISPLAY_NUMBERS(on)); }
 
-void DisplayMessageManager::postSetDisplayMidiInputEvents(bool on)
-{
-    worker.post(pack(SET_DISPLAY_MIDI_INPUT_EVENTS, on));
-}
+void DisplayMessageManager::postSetDisplayMidiInputEvents(bool on) { worker.post(SET_DISPLAY_MIDI_INPUT_EVENTS(on)); }
 
-void DisplayMessageManager::postSetDisplayMidiOutputEvents(bool on)
-{
-    worker.post(pack(SET_DISPLAY_MIDI_OUTPUT_EVENTS, on));
-}
+void DisplayMessageManager::postSetDisplayMidiOutputEvents(bool on) { worker.post(SET_DISPLAY_MIDI_OUTPUT_EVENTS(on)); }
 
 void DisplayMessageManager::postSetMidiInputPorts(const MidiEngine::MidiInputPorts& ports)
 {
-    worker.post(pack(SET_MIDI_INPUT_PORTS, ports));
+    worker.post(SET_MIDI_INPUT_PORTS(ports));
 }
 
 void DisplayMessageManager::postSetMidiOutputPorts(const MidiEngine::MidiOutputPorts& ports)
 {
-    worker.post(pack(SET_MIDI_OUTPUT_PORTS, ports));
+    worker.post(SET_MIDI_OUTPUT_PORTS(ports));
 }
 }  // namespace Backend::Display

@@ -44,7 +44,6 @@ public:
     const Worker& getWorker() const { return worker; }
 
 private:
-    void postEvent(unsigned int number, const MidiEngine::OrvMidiMessage& event);
     void handleMessage(Message& message);
 
     Display& display;

@@ -5,12 +5,11 @@
 #include <cstdint>
 #include <vector>
 
+#include "api/MidiPlayer.h"
 #include "backend/engine/ControlUpdates.h"
 #include "backend/engine/EngineLayerList.h"
 #include "backend/engine/EngineOscList.h"
 #include "backend/engine/EngineZones.h"
-#include "backend/engine/MidiEngineMessageManager.h"
-#include "backend/engine/MidiPlayer.h"
 #include "backend/engine/NoteCounters.h"
 #include "backend/engine/NoteMemory.h"
 #include "backend/engine/PressMemory.h"
@@ -18,6 +17,7 @@
 #include "backend/engine/RandomSource.h"
 #include "backend/engine/SentPairs.h"
 #include "backend/engine/Slice.h"
+#include "backend/messages/MidiEngineMessageManager.h"
 #include "backend/model/MidiPort.h"
 #include "backend/values/OrvMidiMessage.h"
 #include "platform/CriticalSection.h"
@@ -32,7 +32,7 @@ namespace Backend::MidiEngine
 ///
 /// A note off always follows its note on: to the output that the note on got, past a MIDI thru switched off in
 /// between, unless that output is gone.
-class ORV_API MidiEngine
+class ORV_API MidiEngine final : public MidiEngineCommands
 {
 public:
     /// A slice of that many pulses or more means that the host's clock jumped, and plays nothing.
@@ -98,8 +98,9 @@ public:
     void setRandomSeed(std::uint32_t seed) EXCLUDES(criticalSection);
 
     /// See `MidiEngineMessageManager`.
-    void sendReset() EXCLUDES(criticalSection);
-    void sendHardReset() EXCLUDES(criticalSection);
+    void handleMessage(Message& message) override;
+    void sendReset() override EXCLUDES(criticalSection);
+    void sendHardReset() override EXCLUDES(criticalSection);
     bool isResetWaiting() const { return resetsWaiting > 0; }
 
     /// For a host whose tempo is tapped by hand.

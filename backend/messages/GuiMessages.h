@@ -1,79 +1,136 @@
 #pragma once
 
-namespace Backend::GuiMessage
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "backend/messages/JoystickMessageManager.h"
+#include "backend/messages/TypedMessage.h"
+#include "backend/model/ControlMap.h"
+#include "backend/model/KeyConfigurationMap.h"
+#include "backend/model/LayerList.h"
+#include "backend/model/MidiEventConfigurationMap.h"
+#include "backend/model/MidiPort.h"
+#include "backend/model/OscList.h"
+#include "backend/model/PresetList.h"
+#include "backend/model/Program.h"
+#include "backend/model/Screen.h"
+#include "backend/model/WindowMove.h"
+#include "backend/model/ZoneMap.h"
+#include "backend/values/OnOffToggle.h"
+#include "backend/values/SelectControlType.h"
+#include "backend/values/SelectType.h"
+
+namespace Backend
 {
-/// What the backend tells the window, each with owned copies where the two parameters do not hold it.
-enum Number : unsigned int {
-    RETRO_RECORD_SAVED = 32880,             ///< payload: RetroRecord::SaveReport
-    RETRO_RECORD_FILL = 32881,              ///< first parameter: 0 to 100 percent
-    SETTINGS = 33219,                       ///< payload: RegistrySettings, all of them
-    MIDI_INPUT_PORTS = 33221,               ///< payload: MidiInputPorts
-    MIDI_OUTPUT_PORTS = 33223,              ///< payload: MidiOutputPorts
-    DOCK_TO_BOTTOM_EDGE = 33229,            ///< first parameter, as of all settings here: 0 or 1
-    DEFAULT_BANK = 33230,                   ///< payload: string, its path
-    LARGE_DISPLAY_FONT = 33233,             ///< 0 or 1
-    ALWAYS_ON_TOP = 33236,                  ///< 0 or 1
-    BANK = 33240,                           ///< payload: Bank
-    OPERATION_DONE = 33241,                 ///< to a progress dialog; first parameter: 1, or 0 if nothing was written
-    SHOW_SAVE_DIALOG = 33242,               ///< nothing
-    SHOW_PROGRAM_MENU = 33243,              ///< nothing
-    SHOW_DEFAULT_MIDI_OUTPUT_MENU = 33244,  ///< nothing
-    MOVE_WINDOW = 33245,                    ///< payload: WindowMove
-    MIDI_OUTPUT_EVENT = 33248,              ///< parameters: an event on its way to the player
-    ORV_RESET = 33253,                      ///< a hard reset was done
-    PROGRAM_NAME = 33255,                   ///< payload: Program
-    PROGRAM = 33257,                        ///< payload: Program; first parameter: 1 if the file had no such program
-    DEFAULT_MIDI_OUTPUT = 33258,            ///< first parameter: the output, -1 for none
-    USE_SKIN_BORDER = 33260,                ///< 0 or 1
-    SHOW_SCREEN = 33261,                    ///< parameters: the Screen, the state of an OnOffToggle
-    RETRO_RECORD_BUFFER_SIZE = 33262,       ///< in bytes
-    RETRO_RECORD_ENABLED = 33263,           ///< 0 or 1
-    MIDI_THRU = 33265,                      ///< 0 or 1
-    GLOBAL_KEYBOARD = 33266,                ///< 0 or 1
-    MOUSE_SENSITIVITY = 33268,              ///< the divisor
-    CLICK_ZONE_CHANNEL_TRANSPOSE = 33272,   ///< 0 or 1
-    PRESETS = 33275,  ///< parameters: the place in PresetSections::ALL, 0 if its folder did not take a change, or 1;
-                      ///< payload: PresetList
+struct Bank;
+class RegistrySettings;
 
-    KEY_CONFIGURATIONS = 33469,  ///< payload: vector of KeyConfiguration, those that were replaced
-    COMPUTER_INPUT = 33470,      ///< first parameter: whether modifiers count on key up; payload: KeyConfigurationMap
-    COMPUTER_INPUT_CHANGED = 33471,  ///< what the keys do has changed; payload: string, the preset they came from
-    COMPUTER_INPUT_PRESET = 33472,   ///< nothing; a preset was loaded
+namespace RetroRecord
+{
+struct SavedRecord;
+using SaveReport = std::vector<SavedRecord>;
+}  // namespace RetroRecord
 
-    MIDI_EVENT_CONFIGURATIONS = 33719,  ///< payload: vector of MidiEventConfiguration, those that changed
-    MIDI_INPUT = 33720,                 ///< payload: MidiEventConfigurationMap
+/// What the backend notifies the window of. Lists and records travel as copies.
+namespace GuiMessage
+{
+/// What a save of the record wrote.
+inline constexpr TypedMessage<RetroRecord::SaveReport> RETRO_RECORD_SAVED{32880, "RetroRecordSaved"};
+/// 0 to 100 percent.
+inline constexpr TypedMessage<int> RETRO_RECORD_FILL{32881, "RetroRecordFill"};
 
-    CONTROLS = 33969,          ///< payload: ControlMap
-    CONTROL_VALUE = 33975,     ///< parameters: the packed cell, the value
-    CONTROL_SELECTED = 33976,  ///< parameters: the packed cell, 0 or 1
-    SET_WIDGET_FOCUS = 33978,  ///< payload: SelectControlType
+/// All of them.
+inline constexpr TypedMessage<RegistrySettings> SETTINGS{33219, "Settings"};
+inline constexpr TypedMessage<MidiEngine::MidiInputPorts> MIDI_INPUT_PORTS{33221, "MidiInputPorts"};
+inline constexpr TypedMessage<MidiEngine::MidiOutputPorts> MIDI_OUTPUT_PORTS{33223, "MidiOutputPorts"};
+inline constexpr TypedMessage<bool> DOCK_TO_BOTTOM_EDGE{33229, "DockToBottomEdge"};
+/// Its path.
+inline constexpr TypedMessage<std::string> DEFAULT_BANK{33230, "DefaultBank"};
+inline constexpr TypedMessage<bool> LARGE_DISPLAY_FONT{33233, "LargeDisplayFont"};
+inline constexpr TypedMessage<bool> ALWAYS_ON_TOP{33236, "AlwaysOnTop"};
+inline constexpr TypedMessage<Bank> BANK{33240, "Bank"};
+/// To a progress dialog: false if nothing was written.
+inline constexpr TypedMessage<bool> OPERATION_DONE{33241, "OperationDone"};
+inline constexpr TypedMessage<> SHOW_SAVE_DIALOG{33242, "ShowSaveDialog"};
+inline constexpr TypedMessage<> SHOW_PROGRAM_MENU{33243, "ShowProgramMenu"};
+inline constexpr TypedMessage<> SHOW_DEFAULT_MIDI_OUTPUT_MENU{33244, "ShowDefaultMidiOutputMenu"};
+inline constexpr TypedMessage<WindowMove> MOVE_WINDOW{33245, "MoveWindow"};
+/// An event on its way to the player.
+inline constexpr TypedMessage<MidiEngine::OrvMidiMessage> MIDI_OUTPUT_EVENT{33248, "MidiOutputEvent"};
+/// A hard reset was done.
+inline constexpr TypedMessage<> ORV_RESET{33253, "OrvReset"};
+inline constexpr TypedMessage<Program> PROGRAM_NAME{33255, "ProgramName"};
+/// True if the file had no such program.
+inline constexpr TypedMessage<Program, bool> PROGRAM{33257, "Program"};
+/// The output, -1 for none.
+inline constexpr TypedMessage<int> DEFAULT_MIDI_OUTPUT{33258, "DefaultMidiOutput"};
+inline constexpr TypedMessage<bool> USE_SKIN_BORDER{33260, "UseSkinBorder"};
+inline constexpr TypedMessage<Screen, OnOffToggle::State> SHOW_SCREEN{33261, "ShowScreen"};
+/// In bytes.
+inline constexpr TypedMessage<int> RETRO_RECORD_BUFFER_SIZE{33262, "RetroRecordBufferSize"};
+inline constexpr TypedMessage<bool> RETRO_RECORD_ENABLED{33263, "RetroRecordEnabled"};
+inline constexpr TypedMessage<bool> MIDI_THRU{33265, "MidiThru"};
+inline constexpr TypedMessage<bool> GLOBAL_KEYBOARD{33266, "GlobalKeyboard"};
+/// The divisor.
+inline constexpr TypedMessage<int> MOUSE_SENSITIVITY{33268, "MouseSensitivity"};
+inline constexpr TypedMessage<bool> CLICK_ZONE_CHANNEL_TRANSPOSE{33272, "ClickZoneChannelTranspose"};
+/// The place in PresetSections::ALL, and false if its folder did not take a change.
+inline constexpr TypedMessage<std::uint32_t, bool, PresetList> PRESETS{33275, "Presets"};
 
-    LAYERS = 34719,             ///< payload: LayerList
-    LAYER_SELECTED = 34720,     ///< parameters, as of all layer messages here: the id, then 0 or 1
-    LAYER_TRANSPOSE = 34721,    ///< the number
-    LAYER_VELOCITY = 34722,     ///< the number
-    LAYER_MUTE = 34723,         ///< 0 or 1
-    LAYER_MONO = 34724,         ///< 0 or 1
-    LAYER_SOLO = 34725,         ///< 0 or 1
-    LAYER_NOTE_TOGGLE = 34726,  ///< the mode
-    LAYER_EDIT = 34727,         ///< payload: SelectType; opens the settings of a layer
+/// Those that were replaced.
+inline constexpr TypedMessage<std::vector<ComputerInput::KeyConfiguration>> KEY_CONFIGURATIONS{33469,
+                                                                                               "KeyConfigurations"};
+/// Whether modifiers count on key up.
+inline constexpr TypedMessage<bool, ComputerInput::KeyConfigurationMap> COMPUTER_INPUT{33470, "ComputerInput"};
+/// What the keys do has changed; the preset they came from.
+inline constexpr TypedMessage<std::string> COMPUTER_INPUT_CHANGED{33471, "ComputerInputChanged"};
+/// A preset was loaded.
+inline constexpr TypedMessage<> COMPUTER_INPUT_PRESET{33472, "ComputerInputPreset"};
 
-    ZONE_TRANSPOSE = 34969,  ///< parameters: the number, the transposition
-    ZONES = 34970,           ///< payload: ZoneMap
-    ZONE_SELECTED = 34971,   ///< parameters: the number, 0 or 1
+/// Those that changed.
+inline constexpr TypedMessage<std::vector<MidiInput::MidiEventConfiguration>> MIDI_EVENT_CONFIGURATIONS{
+    33719, "MidiEventConfigurations"};
+inline constexpr TypedMessage<MidiInput::MidiEventConfigurationMap> MIDI_INPUT{33720, "MidiInput"};
 
-    JOYSTICK_BUTTONS = 35219,      ///< payload: vector of JoystickButtonConfiguration, those that were replaced
-    JOYSTICK_AXES = 35222,         ///< payload: vector of AxisConfiguration, likewise
-    JOYSTICK_ENABLED = 35223,      ///< parameters: the joystick, 0 or 1
-    JOYSTICK_BUTTON_DOWN = 35224,  ///< first parameter: the joystick in the low byte, the button in the next
-    JOYSTICK_BUTTON_UP = 35225,    ///< the same
-    JOYSTICK_AXIS = 35226,         ///< joystick, axis and, from bit 16, the value; `min` and, from bit 16, `max`
+inline constexpr TypedMessage<Controls::ControlMap> CONTROLS{33969, "Controls"};
+inline constexpr TypedMessage<Cell, std::int32_t> CONTROL_VALUE{33975, "ControlValue"};
+inline constexpr TypedMessage<Cell, bool> CONTROL_SELECTED{33976, "ControlSelected"};
+inline constexpr TypedMessage<SelectControlType> SET_WIDGET_FOCUS{33978, "SetWidgetFocus"};
 
-    OSCILLATORS = 35469,     ///< payload: OscList
-    OSC_SELECTED = 35470,    ///< parameters, as of all oscillator messages here: the id, then 0 or 1
-    OSC_PLAYING = 35471,     ///< 0 or 1
-    OSC_SPEED = 35472,       ///< pulses per cycle
-    OSC_SPEED_MODE = 35473,  ///< the kind of a TimeIntervalType
-    OSC_VALUE = 35475        ///< the running value
-};
-}  // namespace Backend::GuiMessage
+inline constexpr TypedMessage<Layers::LayerList> LAYERS{34719, "Layers"};
+inline constexpr TypedMessage<Layers::LayerId, bool> LAYER_SELECTED{34720, "LayerSelected"};
+inline constexpr TypedMessage<Layers::LayerId, std::int32_t> LAYER_TRANSPOSE{34721, "LayerTranspose"};
+inline constexpr TypedMessage<Layers::LayerId, std::int32_t> LAYER_VELOCITY{34722, "LayerVelocity"};
+inline constexpr TypedMessage<Layers::LayerId, bool> LAYER_MUTE{34723, "LayerMute"};
+inline constexpr TypedMessage<Layers::LayerId, bool> LAYER_MONO{34724, "LayerMono"};
+inline constexpr TypedMessage<Layers::LayerId, bool> LAYER_SOLO{34725, "LayerSolo"};
+inline constexpr TypedMessage<Layers::LayerId, NoteToggle::Mode> LAYER_NOTE_TOGGLE{34726, "LayerNoteToggle"};
+/// Opens the settings of a layer.
+inline constexpr TypedMessage<SelectType> LAYER_EDIT{34727, "LayerEdit"};
+
+inline constexpr TypedMessage<Zones::ZoneId, std::int32_t> ZONE_TRANSPOSE{34969, "ZoneTranspose"};
+inline constexpr TypedMessage<Zones::ZoneMap> ZONES{34970, "Zones"};
+inline constexpr TypedMessage<Zones::ZoneId, bool> ZONE_SELECTED{34971, "ZoneSelected"};
+
+/// Those that were replaced.
+inline constexpr TypedMessage<std::vector<Joystick::JoystickButtonConfiguration>> JOYSTICK_BUTTONS{35219,
+                                                                                                   "JoystickButtons"};
+/// Likewise.
+inline constexpr TypedMessage<std::vector<Joystick::AxisConfiguration>> JOYSTICK_AXES{35222, "JoystickAxes"};
+inline constexpr TypedMessage<int, bool> JOYSTICK_ENABLED{35223, "JoystickEnabled"};
+inline constexpr TypedMessage<Joystick::JoystickElement> JOYSTICK_BUTTON_DOWN{35224, "JoystickButtonDown"};
+inline constexpr TypedMessage<Joystick::JoystickElement> JOYSTICK_BUTTON_UP{35225, "JoystickButtonUp"};
+/// Joystick, axis and, from bit 16, the value; `min` and, from bit 16, `max`.
+inline constexpr TypedMessage<std::uint32_t, std::int32_t> JOYSTICK_AXIS{35226, "JoystickAxis"};
+
+inline constexpr TypedMessage<Oscillators::OscList> OSCILLATORS{35469, "Oscillators"};
+inline constexpr TypedMessage<Oscillators::OscId, bool> OSC_SELECTED{35470, "OscSelected"};
+inline constexpr TypedMessage<Oscillators::OscId, bool> OSC_PLAYING{35471, "OscPlaying"};
+/// Pulses per cycle.
+inline constexpr TypedMessage<Oscillators::OscId, std::int32_t> OSC_SPEED{35472, "OscSpeed"};
+inline constexpr TypedMessage<Oscillators::OscId, TimeIntervalType::Kind> OSC_SPEED_MODE{35473, "OscSpeedMode"};
+/// The running value.
+inline constexpr TypedMessage<Oscillators::OscId, std::int32_t> OSC_VALUE{35475, "OscValue"};
+}  // namespace GuiMessage
+}  // namespace Backend

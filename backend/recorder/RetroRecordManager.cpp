@@ -5,8 +5,8 @@
 #include <utility>
 
 #include "backend/files/OrvUtils.h"
-#include "backend/messages/Command.h"
 #include "backend/messages/GuiMessages.h"
+#include "backend/messages/TypedMessage.h"
 #include "backend/recorder/RecordFileNames.h"
 #include "platform/Path.h"
 
@@ -18,15 +18,14 @@ using MidiEngine::MidiOutputPorts;
 
 namespace
 {
-enum Number : unsigned int {
-    STOP = 32869,
-    SET_OUTPUTS = 32870,
-    ADD_EVENT = 32871,
-    SAVE = 32872,
-    SET_BUFFER_SIZE = 32873,
-    ENABLE = 32874,
-    TELL_FILL_TO = 32875
-};
+constexpr unsigned int STOP = 32869;
+
+constexpr TypedMessage<MidiOutputPorts> SET_OUTPUTS{32870, "SetOutputs"};
+constexpr TypedMessage<std::uint32_t, std::int32_t> ADD_EVENT{32871, "AddEvent"};
+constexpr TypedMessage<std::string, WindowHandle> SAVE{32872, "Save"};
+constexpr TypedMessage<int> SET_BUFFER_SIZE{32873, "SetBufferSize"};
+constexpr TypedMessage<bool> ENABLE{32874, "Enable"};
+constexpr TypedMessage<WindowHandle> TELL_FILL_TO{32875, "TellFillTo"};
 
 constexpr const char* FOLDER = "Retrospective Record";
 // Some seconds of the densest playing, should the disk stand still.
@@ -84,14 +83,14 @@ void RetroRecordManager::end()
 void RetroRecordManager::handleMessage(Message& message)
 {
     static constexpr auto COMMANDS = std::to_array<Command<RetroRecordManager>>({
-        command<&RetroRecordManager::handleAddEvent>(ADD_EVENT, "AddEvent"),
-        command<&RetroRecordManager::handleSetOutputs>(SET_OUTPUTS, "SetOutputs"),
-        command<&RetroRecordManager::handleSave>(SAVE, "Save"),
-        command<&RetroRecordManager::handleSetBufferSize>(SET_BUFFER_SIZE, "SetBufferSize"),
-        command<&RetroRecordManager::handleEnable>(ENABLE, "Enable"),
-        command<&RetroRecordManager::handleTellFillTo>(TELL_FILL_TO, "TellFillTo"),
+        on<ADD_EVENT, &RetroRecordManager::handleAddEvent>(),
+        on<SET_OUTPUTS, &RetroRecordManager::handleSetOutputs>(),
+        on<SAVE, &RetroRecordManager::handleSave>(),
+        on<SET_BUFFER_SIZE, &RetroRecordManager::handleSetBufferSize>(),
+        on<ENABLE, &RetroRecordManager::handleEnable>(),
+        on<TELL_FILL_TO, &RetroRecordManager::handleTellFillTo>(),
     });
-    carryOut<RetroRecordManager>(COMMANDS, *this, message);
+    execute<RetroRecordManager>(COMMANDS, *this, message);
     if (worker.queue().hasNext()) return;
     // Nothing is left in our hands that a crash would lose when nobody plays on.
     for (const auto& [output, buffer] : buffers) buffer->flush();
@@ -100,24 +99,20 @@ void RetroRecordManager::handleMessage(Message& message)
 
 // --- posts
 
-void RetroRecordManager::setOutputs(const MidiOutputPorts& ports) { worker.post(pack(SET_OUTPUTS, ports)); }
+void RetroRecordManager::setOutputs(const MidiOutputPorts& ports) { worker.post(SET_OUTPUTS(ports)); }
 
 void RetroRecordManager::addEvent(const MidiMessage& message, int output, Milliseconds time)
 {
-    worker.queue().postFromSlice(
-        {.number = ADD_EVENT, .wparam = packed(message, output), .lparam = static_cast<std::int32_t>(time)});
+    worker.queue().postFromSlice(ADD_EVENT(packed(message, output), static_cast<std::int32_t>(time)));
 }
 
-void RetroRecordManager::save(const std::string& stem, const WindowHandle& window)
-{
-    worker.post(pack(SAVE, stem, window));
-}
+void RetroRecordManager::save(const std::string& stem, const WindowHandle& window) { worker.post(SAVE(stem, window)); }
 
-void RetroRecordManager::setBufferSize(int bytes) { worker.post(pack(SET_BUFFER_SIZE, bytes)); }
+void RetroRecordManager::setBufferSize(int bytes) { worker.post(SET_BUFFER_SIZE(bytes)); }
 
-void RetroRecordManager::enable(bool on) { worker.post(pack(ENABLE, on)); }
+void RetroRecordManager::enable(bool on) { worker.post(ENABLE(on)); }
 
-void RetroRecordManager::tellFillTo(const WindowHandle& window) { worker.post(pack(TELL_FILL_TO, window)); }
+void RetroRecordManager::tellFillTo(const WindowHandle& window) { worker.post(TELL_FILL_TO(window)); }
 
 // --- the recorder's thread
 
@@ -153,7 +148,7 @@ void RetroRecordManager::handleSave(const std::string& stem, const WindowHandle&
 {
     SaveReport report;
     for (const auto& [output, buffer] : buffers) report.push_back(buffer->save(stem, clock));
-    window.post({.number = GuiMessage::RETRO_RECORD_SAVED, .payload = Payload::of(std::move(report))});
+    window.post(GuiMessage::RETRO_RECORD_SAVED(std::move(report)));
 }
 
 void RetroRecordManager::handleSetBufferSize(int bytes)
@@ -174,6 +169,6 @@ void RetroRecordManager::tellFill()
     int fill = 0;
     for (const auto& [output, buffer] : buffers) fill = std::max(fill, buffer->getFill());
     if (std::exchange(toldFill, fill) == fill) return;
-    listener.post({.number = GuiMessage::RETRO_RECORD_FILL, .wparam = static_cast<std::uint32_t>(fill)});
+    listener.post(GuiMessage::RETRO_RECORD_FILL(fill));
 }
 }  // namespace Backend::RetroRecord

@@ -14,5 +14,15 @@ struct Cell {
     static Cell fromXmlString(std::string_view text);
     std::string toXmlString() const;
 
+    /// In one word, as it travels in a message: the row in the upper half, the column in the lower, 16 bits each.
+    constexpr std::uint32_t getPacked() const
+    {
+        return static_cast<std::uint32_t>(row) << 16 | (static_cast<std::uint32_t>(col) & 0xFFFF);
+    }
+    static constexpr Cell fromPacked(std::uint32_t packed)
+    {
+        return {static_cast<std::int16_t>(packed >> 16), static_cast<std::int16_t>(packed)};
+    }
+
     auto operator<=>(const Cell&) const = default;
 };

@@ -1,6 +1,6 @@
 #include "host/performance/CommandPost.h"
 
-#include "backend/core/OrvMessageManager.h"
+#include "api/OrvMessageManager.h"
 #include "backend/recorder/RetroRecordManager.h"
 #include "host/SetupFile.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "backend/core/OrvIF.h"
+#include "api/OrvIF.h"
 #include "host/performance/PerformanceCommand.h"
 
 namespace Host

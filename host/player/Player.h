@@ -3,7 +3,7 @@
 #include <atomic>
 #include <cstdint>
 
-#include "backend/engine/MidiPlayer.h"
+#include "api/MidiPlayer.h"
 #include "host/ports/Ports.h"
 #include "platform/Event.h"
 

@@ -5,8 +5,8 @@
 #include <string>
 #include <thread>
 
-#include "backend/core/OrvFactory.h"
-#include "backend/core/OrvMessageManager.h"
+#include "api/OrvFactory.h"
+#include "api/OrvMessageManager.h"
 #include "backend/display/DisplayListener.h"
 #include "backend/display/DisplayMessageManager.h"
 #include "backend/engine/MidiEngine.h"

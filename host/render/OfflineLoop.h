@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "backend/core/OrvIF.h"
+#include "api/OrvIF.h"
 #include "backend/recorder/RetroRecordManager.h"
 #include "host/performance/PerformanceCommand.h"
 #include "host/render/PrivateHome.h"

@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-#include "backend/engine/MidiPlayer.h"
+#include "api/MidiPlayer.h"
 
 namespace Host
 {

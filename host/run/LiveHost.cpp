@@ -6,7 +6,7 @@
 #include <stdexcept>
 #include <utility>
 
-#include "backend/core/OrvMessageManager.h"
+#include "api/OrvMessageManager.h"
 #include "backend/files/OrvUtils.h"
 #include "host/run/PortList.h"
 #include "host/run/Run.h"

@@ -5,12 +5,12 @@
 #include <thread>
 #include <utility>
 
-#include "backend/core/OrvFactory.h"
-#include "backend/core/OrvMessageManager.h"
+#include "api/OrvFactory.h"
+#include "api/OrvMessageManager.h"
 #include "backend/display/DisplayMessageManager.h"
-#include "backend/engine/MidiEngineMessageManager.h"
 #include "backend/files/RegistrySettings.h"
 #include "backend/messages/MessageManagerMaster.h"
+#include "backend/messages/MidiEngineMessageManager.h"
 #include "backend/model/Program.h"
 #include "backend/recorder/RetroRecordManager.h"
 #include "host/Installer.h"

@@ -5,7 +5,7 @@
 #include <memory>
 #include <string>
 
-#include "backend/core/OrvIF.h"
+#include "api/OrvIF.h"
 #include "host/SetupFile.h"
 #include "host/clock/Clock.h"
 #include "host/clock/ClockLinks.h"

@@ -3,7 +3,7 @@
 #include <memory>
 #include <string>
 
-#include "backend/core/OrvIF.h"
+#include "api/OrvIF.h"
 #include "backend/display/DisplayListener.h"
 #include "host/run/Tell.h"
 #include "platform/WindowHandle.h"

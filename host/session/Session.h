@@ -4,7 +4,7 @@
 #include <memory>
 #include <optional>
 
-#include "backend/core/OrvMessageManager.h"
+#include "api/OrvMessageManager.h"
 #include "host/run/RunOptions.h"
 #include "host/session/SessionFolder.h"
 #include "host/session/SessionManager.h"

@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <string>
 
-#include "backend/model/HostState.h"
+#include "api/HostState.h"
 #include "host/SetupFile.h"
 #include "host/run/Tell.h"
 

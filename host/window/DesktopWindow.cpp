@@ -3,8 +3,8 @@
 #include <new>
 #include <utility>
 
-#include "backend/core/OrvIF.h"
-#include "backend/core/OrvMessageManager.h"
+#include "api/OrvIF.h"
+#include "api/OrvMessageManager.h"
 #include "backend/files/RegistrySettings.h"
 
 namespace Host

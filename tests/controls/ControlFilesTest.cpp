@@ -4,7 +4,7 @@
 #include <iterator>
 #include <sstream>
 
-#include "backend/core/OrvFactory.h"
+#include "api/OrvFactory.h"
 #include "backend/sections/controls/DefaultControls.h"
 #include "backend/xml/XmlDocument.h"
 #include "tests/controls/ControlStage.h"

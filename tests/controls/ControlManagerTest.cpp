@@ -6,7 +6,6 @@
 
 #include "backend/messages/GuiMessages.h"
 #include "backend/sections/controls/DefaultControls.h"
-#include "backend/values/PackedCell.h"
 #include "tests/controls/ControlStage.h"
 
 using namespace Backend;
@@ -215,7 +214,7 @@ TEST(ControlWindow, IsToldOfValuesSelectionsAndLists)
     stage.rest();
     std::string told;
     while (window->handleNext([&](Message& message) {
-        const std::string where = unpackCell(message.wparam).toXmlString() + "=" + std::to_string(message.lparam);
+        const std::string where = Cell::fromPacked(message.wparam).toXmlString() + "=" + std::to_string(message.lparam);
         if (message.number == GuiMessage::CONTROL_VALUE) told += "value " + where + "; ";
         if (message.number == GuiMessage::CONTROL_SELECTED) told += "selected " + where + "; ";
         if (message.number == GuiMessage::CONTROLS)

@@ -2,7 +2,7 @@
 
 #include <thread>
 
-#include "backend/core/OrvFactory.h"
+#include "api/OrvFactory.h"
 #include "backend/files/Bank.h"
 #include "backend/files/OrvUtils.h"
 #include "backend/files/RegistrySettings.h"

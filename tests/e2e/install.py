@@ -93,7 +93,7 @@ class Install(unittest.TestCase):
         headers = self.prefix + "/include/orvane"
         paths = [os.path.relpath(os.path.join(root, name), headers) for root, _, names in os.walk(headers)
                  for name in names]
-        self.assertIn("backend/core/OrvFactory.h", paths)
+        self.assertIn("api/OrvFactory.h", paths)
         everything = "".join(f'#include "{path}"\n' for path in sorted(paths))
         done = subprocess.run([COMPILER, "-std=c++20", "-fsyntax-only", "-x", "c++", "-", "-I" + headers],
                               input=everything, capture_output=True, text=True)

@@ -6,10 +6,10 @@
 #include "backend/bindings/functions/Functions.h"
 #include "backend/files/RegistrySettings.h"
 #include "backend/messages/GuiMessages.h"
+#include "backend/messages/LayerMessageManager.h"
 #include "backend/model/Screen.h"
 #include "backend/model/WindowMove.h"
 #include "backend/sections/layers/LayerManager.h"
-#include "backend/sections/layers/LayerMessageManager.h"
 #include "backend/xml/XmlDocument.h"
 #include "tests/stage/Stage.h"
 

@@ -2,7 +2,7 @@
 
 #include <QApplication>
 
-#include "backend/core/OrvFactory.h"
+#include "api/OrvFactory.h"
 #include "gui/OrvGuiFactory.h"
 
 /// Backends of these tests have windows.

@@ -7,8 +7,8 @@
 #include <tuple>
 #include <vector>
 
-#include "backend/sections/layers/LayerMessageManager.h"
-#include "backend/sections/zones/ZoneMessageManager.h"
+#include "backend/messages/LayerMessageManager.h"
+#include "backend/messages/ZoneMessageManager.h"
 #include "tests/stage/Stage.h"
 
 using namespace Backend;

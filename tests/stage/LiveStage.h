@@ -8,10 +8,10 @@
 #include <string>
 #include <thread>
 
-#include "backend/core/OrvFactory.h"
-#include "backend/core/OrvMessageManager.h"
-#include "backend/engine/MidiPlayer.h"
-#include "backend/sections/layers/LayerMessageManager.h"
+#include "api/MidiPlayer.h"
+#include "api/OrvFactory.h"
+#include "api/OrvMessageManager.h"
+#include "backend/messages/LayerMessageManager.h"
 #include "tests/stage/PrivateFolders.h"
 
 /// The library with a clock that runs, a slice each millisecond, for what happens while it plays. One input, one

@@ -3,8 +3,8 @@
 #include <atomic>
 #include <thread>
 
-#include "backend/core/OrvFactory.h"
-#include "backend/sections/layers/LayerMessageManager.h"
+#include "api/OrvFactory.h"
+#include "backend/messages/LayerMessageManager.h"
 #include "backend/values/Note.h"
 
 using namespace Backend;

@@ -7,10 +7,10 @@
 #include <string>
 #include <vector>
 
-#include "backend/core/OrvIF.h"
-#include "backend/core/OrvMessageManager.h"
-#include "backend/engine/MidiEngineMessageManager.h"
-#include "backend/engine/MidiPlayer.h"
+#include "api/MidiPlayer.h"
+#include "api/OrvIF.h"
+#include "api/OrvMessageManager.h"
+#include "backend/messages/MidiEngineMessageManager.h"
 #include "backend/model/Layer.h"
 #include "tests/stage/PrivateFolders.h"
 

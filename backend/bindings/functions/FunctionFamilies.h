@@ -6,10 +6,10 @@
 #include <string_view>
 #include <tuple>
 
+#include "api/OrvIF.h"
 #include "backend/bindings/functions/Attributes.h"
 #include "backend/bindings/functions/FunctionInfo.h"
 #include "backend/bindings/functions/FunctionSettingsTypes.h"
-#include "backend/core/OrvIF.h"
 #include "backend/model/Function.h"
 
 namespace Backend::FunctionManagement

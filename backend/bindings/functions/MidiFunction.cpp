@@ -1,6 +1,6 @@
 #include "backend/bindings/functions/MidiFunctions.h"
 
-#include "backend/engine/MidiEngineMessageManager.h"
+#include "backend/messages/MidiEngineMessageManager.h"
 
 namespace Backend::FunctionManagement
 {

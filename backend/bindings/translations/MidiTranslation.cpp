@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "backend/core/OrvMessageManager.h"
+#include "api/OrvMessageManager.h"
 
 namespace Backend::MidiInput::TranslationManagement
 {

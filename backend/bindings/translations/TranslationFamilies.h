@@ -6,10 +6,10 @@
 #include <string_view>
 #include <tuple>
 
+#include "api/OrvIF.h"
 #include "backend/bindings/functions/Attributes.h"
 #include "backend/bindings/translations/TranslationEnumerator.h"
 #include "backend/bindings/translations/TranslationSettingsTypes.h"
-#include "backend/core/OrvIF.h"
 #include "backend/model/Translation.h"
 #include "backend/xml/XmlWriter.h"
 

@@ -1,9 +1,10 @@
 #include "backend/sections/computerinput/ComputerInputManager.h"
 
+#include <array>
 #include <sstream>
 
+#include "api/OrvIF.h"
 #include "backend/bindings/functions/FunctionFactories.h"
-#include "backend/core/OrvIF.h"
 #include "backend/messages/GuiMessages.h"
 #include "backend/model/PresetSections.h"
 #include "backend/sections/computerinput/ButtonEvent.h"
@@ -18,10 +19,23 @@ using FunctionManagement::FunctionNoteSpan;
 namespace
 {
 constexpr const char* SECTION = PresetSections::COMPUTER_INPUT.rootElement;
+
+constexpr auto COMMANDS = std::to_array<Command<ComputerInputManager>>({
+    on<ComputerInputMessage::SET_KEY_CONFIGURATIONS, &ComputerInputManager::mergeKeyConfigurations>(),
+    on<ComputerInputMessage::SET_USE_KEY_UP_MOD, &ComputerInputManager::setUseKeyUpMod>(),
+    on<ComputerInputMessage::LOAD_PRESET, &ComputerInputManager::loadPreset>(),
+    on<ComputerInputMessage::RENAME_PRESET, &ComputerInputManager::renamePreset>(),
+    on<ComputerInputMessage::DELETE_PRESET, &ComputerInputManager::deletePreset>(),
+    on<ComputerInputMessage::SAVE_PRESET, &ComputerInputManager::savePreset>(),
+    on<ComputerInputMessage::KEY_DOWN, &ComputerInputManager::keyDown>(),
+    on<ComputerInputMessage::KEY_UP, &ComputerInputManager::keyUp>(),
+});
 }  // namespace
 
 ComputerInputManager::ComputerInputManager(OrvIF& backend, MessageManagerMaster& master)
-    : orv(backend), presets(PresetSections::COMPUTER_INPUT), messageManager(master, *this)
+    : orv(backend),
+      presets(PresetSections::COMPUTER_INPUT),
+      messageManager(master, [this](Message& message) { execute<ComputerInputManager>(COMMANDS, *this, message); })
 {
 }
 

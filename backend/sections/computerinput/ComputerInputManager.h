@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "backend/files/PresetManager.h"
+#include "backend/messages/ComputerInputMessageManager.h"
 #include "backend/model/KeyConfigurationMap.h"
-#include "backend/sections/computerinput/ComputerInputMessageManager.h"
 #include "platform/Export.h"
 
 namespace Backend
@@ -65,6 +65,8 @@ public:
 
     /// Runs the functions of a key, in order. A repeat runs only the down functions that are to be sent again.
     void keyEvent(const Key& key, bool isDown, bool isRepeat);
+    void keyDown(const Key& key, bool isRepeat) { keyEvent(key, true, isRepeat); }
+    void keyUp(const Key& key) { keyEvent(key, false, false); }
 
     /// Appends what every function of every key plays in a zone.
     void getNoteSpans(std::vector<FunctionManagement::FunctionNoteSpan>& result) const;

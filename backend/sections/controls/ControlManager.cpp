@@ -1,19 +1,41 @@
 #include "backend/sections/controls/ControlManager.h"
 
+#include <array>
 #include <sstream>
 
-#include "backend/core/OrvIF.h"
+#include "api/OrvIF.h"
 #include "backend/messages/GuiMessages.h"
 #include "backend/model/PresetSections.h"
-#include "backend/values/PackedCell.h"
 #include "backend/xml/XmlDocument.h"
 
 namespace Backend::Controls
 {
 using Kind = SelectControlType::Kind;
 
+namespace
+{
+void updateControls(ControlManager& manager, Message& message)
+{
+    manager.updateControls(ControlUpdates::read(message));
+}
+
+constexpr auto COMMANDS = std::to_array<Command<ControlManager>>({
+    on<ControlMessage::SET_CONTROLS, &ControlManager::mergeControls>(),
+    on<ControlMessage::LOAD_PRESET, &ControlManager::loadPreset>(),
+    on<ControlMessage::RENAME_PRESET, &ControlManager::renamePreset>(),
+    on<ControlMessage::DELETE_PRESET, &ControlManager::deletePreset>(),
+    on<ControlMessage::SAVE_PRESET, &ControlManager::savePreset>(),
+    on<ControlMessage::SET_VALUE, &ControlManager::setValueAt>(),
+    on<ControlMessage::SET_SELECTED, &ControlManager::setSelectedAt>(),
+    {ControlUpdates::MESSAGE, "UpdateControl", updateControls},
+});
+}  // namespace
+
 ControlManager::ControlManager(OrvIF& backend, MessageManagerMaster& master)
-    : orv(backend), presets(PresetSections::CONTROLS), messageManager(master, *this)
+    : orv(backend),
+      presets(PresetSections::CONTROLS),
+      messageManager(master, [this](Message& message) { execute<ControlManager>(COMMANDS, *this, message); }),
+      updates(master.getQueue())
 {
 }
 
@@ -110,7 +132,7 @@ void ControlManager::setSelected(Control& control, bool selected)
     control.selected = selected;
     link.forget();
     orv.getGuiWindowHandle().post(
-        {.number = GuiMessage::CONTROL_SELECTED, .wparam = packCell(control.cell), .lparam = selected});
+        {.number = GuiMessage::CONTROL_SELECTED, .wparam = control.cell.getPacked(), .lparam = selected});
 }
 
 // --- the window's wishes
@@ -123,14 +145,14 @@ void ControlManager::mergeControls(const std::vector<Control>& changed, bool not
     if (notifyGui) tellGui();
 }
 
-void ControlManager::setValueAt(std::uint32_t packedCell, std::int32_t value)
+void ControlManager::setValueAt(const Cell& cell, std::int32_t value)
 {
-    if (Control* control = controls.findElement(unpackCell(packedCell))) setControlValue(*control, value, true, true);
+    if (Control* control = controls.findElement(cell)) setControlValue(*control, value, true, true);
 }
 
-void ControlManager::setSelectedAt(std::uint32_t packedCell, bool selected)
+void ControlManager::setSelectedAt(const Cell& cell, bool selected)
 {
-    Control* control = controls.findElement(unpackCell(packedCell));
+    Control* control = controls.findElement(cell);
     if (control == nullptr) return;
     control->selected = selected;
     link.forget();
@@ -142,7 +164,7 @@ void ControlManager::setSelectedAt(std::uint32_t packedCell, bool selected)
 void ControlManager::publish()
 {
     link.forget();
-    messageManager.getUpdates().setFollowed(controls);
+    updates.setFollowed(controls);
 }
 
 void ControlManager::tellGui() const
@@ -154,6 +176,6 @@ void ControlManager::tellGui() const
 void ControlManager::tellValue(const Control& control) const
 {
     orv.getGuiWindowHandle().post(
-        {.number = GuiMessage::CONTROL_VALUE, .wparam = packCell(control.cell), .lparam = control.value});
+        {.number = GuiMessage::CONTROL_VALUE, .wparam = control.cell.getPacked(), .lparam = control.value});
 }
 }  // namespace Backend::Controls

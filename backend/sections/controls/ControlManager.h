@@ -5,10 +5,11 @@
 #include <string>
 #include <vector>
 
+#include "backend/engine/ControlUpdates.h"
 #include "backend/files/PresetManager.h"
+#include "backend/messages/ControlMessageManager.h"
 #include "backend/model/ControlMap.h"
 #include "backend/sections/controls/ControlLink.h"
-#include "backend/sections/controls/ControlMessageManager.h"
 #include "backend/values/RelativeFixedValue.h"
 #include "backend/values/SelectControlType.h"
 #include "platform/Export.h"
@@ -29,6 +30,8 @@ public:
 
     const ControlMap& getControls() const { return controls; }
     ControlMessageManager& getMessageManager() { return messageManager; }
+    /// The way of the time slices to the controls.
+    ControlUpdates& getUpdates() { return updates; }
     PresetManager& getPresets() { return presets; }
 
     // Files
@@ -75,9 +78,9 @@ public:
     /// gets the controls back.
     void mergeControls(const std::vector<Control>& changed, bool notifyGui, bool deleteMissing);
     /// As `changeControl` on a packed cell; it never means the selected one.
-    void setValueAt(std::uint32_t packedCell, std::int32_t value);
+    void setValueAt(const Cell& cell, std::int32_t value);
     /// Selects a control beside what is selected, or not any more. The window knows.
-    void setSelectedAt(std::uint32_t packedCell, bool selected);
+    void setSelectedAt(const Cell& cell, bool selected);
 
 private:
     Control* findTarget(const SelectControlType& select);
@@ -95,5 +98,6 @@ private:
     ControlLink link;
     PresetManager presets;
     ControlMessageManager messageManager;
+    ControlUpdates updates;
 };
 }  // namespace Backend::Controls

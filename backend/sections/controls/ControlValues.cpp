@@ -4,8 +4,8 @@
 #include <array>
 #include <limits>
 
-#include "backend/core/OrvIF.h"
-#include "backend/core/OrvMessageManager.h"
+#include "api/OrvIF.h"
+#include "api/OrvMessageManager.h"
 #include "backend/sections/controls/ControlManager.h"
 
 namespace Backend::Controls

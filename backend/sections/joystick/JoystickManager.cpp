@@ -2,9 +2,9 @@
 
 #include <sstream>
 
+#include "api/OrvIF.h"
+#include "api/OrvMessageManager.h"
 #include "backend/bindings/functions/FunctionFactories.h"
-#include "backend/core/OrvIF.h"
-#include "backend/core/OrvMessageManager.h"
 #include "backend/messages/GuiMessages.h"
 #include "backend/model/PresetSections.h"
 #include "backend/xml/Text.h"
@@ -29,11 +29,72 @@ constexpr std::uint32_t packedId(int joystick, int part)
 {
     return static_cast<std::uint32_t>(joystick) | static_cast<std::uint32_t>(part) << 8;
 }
+
+// --- the commands of axes and buttons
+
+template <int FIRST_AXIS, int SECOND_AXIS>
+void moveGrid(JoystickManager& manager, const JoystickElement& element, const AxisPair& pair)
+{
+    manager.setAxis({element.joystick, FIRST_AXIS}, element.mode, pair.first, Source::gui);
+    manager.setAxis({element.joystick, SECOND_AXIS}, element.mode, pair.second, Source::gui);
+}
+
+template <int AXIS>
+void moveAxis(JoystickManager& manager, const JoystickElement& element, int value)
+{
+    manager.setAxis({element.joystick, AXIS}, element.mode, value, Source::gui);
+}
+
+template <Source SOURCE>
+void moveAnyAxis(JoystickManager& manager, const JoystickElement& element, int value)
+{
+    manager.setAxis({element.joystick, element.part}, element.mode, value, SOURCE);
+}
+
+template <Source SOURCE>
+void buttonDown(JoystickManager& manager, const JoystickElement& element, bool isRepeat)
+{
+    manager.pressButton({element.joystick, element.part}, isRepeat ? ButtonEvent::repeat : ButtonEvent::down, SOURCE);
+}
+
+template <Source SOURCE>
+void buttonUp(JoystickManager& manager, const JoystickElement& element)
+{
+    manager.pressButton({element.joystick, element.part}, ButtonEvent::up, SOURCE);
+}
+
+constexpr int X = findAxis("X"), Y = findAxis("Y"), Z = findAxis("Z");
+constexpr int R = findAxis("R"), U = findAxis("U"), V = findAxis("V");
+
+using namespace JoystickMessage;
+constexpr auto COMMANDS = std::to_array<Command<JoystickManager>>({
+    on<SET_BUTTON_CONFIGURATIONS, &JoystickManager::setButtonConfigurations>(),
+    on<SET_AXIS_CONFIGURATIONS, &JoystickManager::setAxisConfigurations>(),
+    on<XY_GRID, &moveGrid<X, Y>>(),
+    on<UV_GRID, &moveGrid<U, V>>(),
+    on<X_AXIS, &moveAxis<X>>(),
+    on<Y_AXIS, &moveAxis<Y>>(),
+    on<Z_AXIS, &moveAxis<Z>>(),
+    on<R_AXIS, &moveAxis<R>>(),
+    on<U_AXIS, &moveAxis<U>>(),
+    on<V_AXIS, &moveAxis<V>>(),
+    on<JOYSTICK_AXIS, &moveAnyAxis<Source::joystick>>(),
+    on<GUI_AXIS, &moveAnyAxis<Source::gui>>(),
+    on<JOYSTICK_BUTTON_DOWN, &buttonDown<Source::joystick>>(),
+    on<JOYSTICK_BUTTON_UP, &buttonUp<Source::joystick>>(),
+    on<GUI_BUTTON_DOWN, &buttonDown<Source::gui>>(),
+    on<GUI_BUTTON_UP, &buttonUp<Source::gui>>(),
+    on<LOAD_PRESET, &JoystickManager::loadPreset>(),
+    on<RENAME_PRESET, &JoystickManager::renamePreset>(),
+    on<DELETE_PRESET, &JoystickManager::deletePreset>(),
+    on<SAVE_PRESET, &JoystickManager::savePreset>(),
+    on<ENABLE_JOYSTICK, &JoystickManager::enableJoystick>(),
+});
 }  // namespace
 
 JoystickManager::JoystickManager(OrvIF& backend, MessageManagerMaster& master)
     : orv(backend),
-      messageManager(master, *this),
+      messageManager(master, [this](Message& message) { execute<JoystickManager>(COMMANDS, *this, message); }),
       listener(messageManager),
       presets(PresetSections::JOYSTICK),
       engine(listener)

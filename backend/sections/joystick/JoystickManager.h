@@ -7,11 +7,11 @@
 #include <vector>
 
 #include "backend/files/PresetManager.h"
+#include "backend/messages/JoystickMessageManager.h"
 #include "backend/model/FunctionNoteSpan.h"
 #include "backend/model/JoystickConfiguration.h"
 #include "backend/sections/computerinput/ButtonEvent.h"
 #include "backend/sections/joystick/JoystickEngine.h"
-#include "backend/sections/joystick/JoystickMessageManager.h"
 #include "platform/Export.h"
 
 namespace Backend

@@ -1,11 +1,12 @@
 #include "backend/sections/layers/LayerManager.h"
 
+#include <array>
 #include <sstream>
 
-#include "backend/core/OrvIF.h"
-#include "backend/engine/MidiEngineMessageManager.h"
+#include "api/OrvIF.h"
 #include "backend/files/SequencePresetManager.h"
 #include "backend/messages/GuiMessages.h"
+#include "backend/messages/MidiEngineMessageManager.h"
 #include "backend/model/PresetSections.h"
 #include "backend/xml/XmlDocument.h"
 
@@ -18,10 +19,22 @@ std::int32_t changed(std::int32_t current, const RelativeFixedValue& value)
 {
     return static_cast<std::int32_t>(value.appliedTo(current));
 }
+
+constexpr auto COMMANDS = std::to_array<Command<LayerManager>>({
+    on<LayerMessage::MERGE_LAYERS, &LayerManager::mergeLayers>(),
+    on<LayerMessage::SET_LAYERS, &LayerManager::setLayers>(),
+    on<LayerMessage::LOAD_PRESET, &LayerManager::loadPreset>(),
+    on<LayerMessage::RENAME_PRESET, &LayerManager::renamePreset>(),
+    on<LayerMessage::DELETE_PRESET, &LayerManager::deletePreset>(),
+    on<LayerMessage::SAVE_PRESET, &LayerManager::savePreset>(),
+    on<LayerMessage::SET_SELECTED, &LayerManager::setSelected>(),
+});
 }  // namespace
 
 LayerManager::LayerManager(OrvIF& backend, MessageManagerMaster& master)
-    : orv(backend), presets(PresetSections::LAYERS), messageManager(master, *this)
+    : orv(backend),
+      presets(PresetSections::LAYERS),
+      messageManager(master, [this](Message& message) { execute<LayerManager>(COMMANDS, *this, message); })
 {
 }
 

@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "backend/files/PresetManager.h"
+#include "backend/messages/LayerMessageManager.h"
 #include "backend/model/LayerList.h"
-#include "backend/sections/layers/LayerMessageManager.h"
 #include "backend/values/NoteToggle.h"
 #include "backend/values/OnOffToggle.h"
 #include "backend/values/RelativeFixedValue.h"

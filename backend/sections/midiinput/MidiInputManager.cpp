@@ -1,11 +1,13 @@
 #include "backend/sections/midiinput/MidiInputManager.h"
 
+#include <array>
+
 #include <sstream>
 #include <utility>
 
+#include "api/OrvIF.h"
+#include "api/OrvMessageManager.h"
 #include "backend/bindings/translations/TranslationFactories.h"
-#include "backend/core/OrvIF.h"
-#include "backend/core/OrvMessageManager.h"
 #include "backend/messages/GuiMessages.h"
 #include "backend/model/PresetSections.h"
 #include "backend/xml/XmlDocument.h"
@@ -17,8 +19,21 @@ namespace
 constexpr int RELEASE_VELOCITY = 100;
 }
 
+namespace
+{
+constexpr auto COMMANDS = std::to_array<Command<MidiInputManager>>({
+    on<MidiInputMessage::SET_EVENT_CONFIGURATIONS, &MidiInputManager::mergeEventConfigurations>(),
+    on<MidiInputMessage::LOAD_PRESET, &MidiInputManager::loadPreset>(),
+    on<MidiInputMessage::RENAME_PRESET, &MidiInputManager::renamePreset>(),
+    on<MidiInputMessage::DELETE_PRESET, &MidiInputManager::deletePreset>(),
+    on<MidiInputMessage::SAVE_PRESET, &MidiInputManager::savePreset>(),
+});
+}  // namespace
+
 MidiInputManager::MidiInputManager(OrvIF& backend, MessageManagerMaster& master)
-    : orv(backend), presets(PresetSections::MIDI_INPUT), messageManager(master, *this)
+    : orv(backend),
+      presets(PresetSections::MIDI_INPUT),
+      messageManager(master, [this](Message& message) { execute<MidiInputManager>(COMMANDS, *this, message); })
 {
 }
 

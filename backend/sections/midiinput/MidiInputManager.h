@@ -6,9 +6,9 @@
 #include <vector>
 
 #include "backend/files/PresetManager.h"
+#include "backend/messages/MidiInputMessageManager.h"
 #include "backend/model/FunctionNoteSpan.h"
 #include "backend/model/MidiEventConfigurationMap.h"
-#include "backend/sections/midiinput/MidiInputMessageManager.h"
 #include "platform/Export.h"
 
 namespace Backend::MidiInput

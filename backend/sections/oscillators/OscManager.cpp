@@ -1,13 +1,14 @@
 #include "backend/sections/oscillators/OscManager.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <optional>
 #include <sstream>
 
-#include "backend/core/OrvIF.h"
-#include "backend/engine/MidiEngineMessageManager.h"
+#include "api/OrvIF.h"
 #include "backend/messages/GuiMessages.h"
+#include "backend/messages/MidiEngineMessageManager.h"
 #include "backend/model/PresetSections.h"
 #include "backend/values/NoteIntervals.h"
 #include "backend/values/Scaling.h"
@@ -43,10 +44,26 @@ std::int32_t turnKnob(std::int32_t speed, std::int32_t steps)
     const std::int64_t knob = std::clamp<std::int64_t>(std::int64_t{knobOf(speed)} + steps, 0, KNOB_END);
     return scaleLogarithmic(static_cast<std::int32_t>(knob), Oscillator::FASTEST, Oscillator::SLOWEST);
 }
+
+constexpr auto COMMANDS = std::to_array<Command<OscManager>>({
+    on<OscMessage::MERGE_OSCILLATORS, &OscManager::mergeOscillators>(),
+    on<OscMessage::SET_OSCILLATORS, &OscManager::setOscillators>(),
+    on<OscMessage::LOAD_PRESET, &OscManager::loadPreset>(),
+    on<OscMessage::RENAME_PRESET, &OscManager::renamePreset>(),
+    on<OscMessage::DELETE_PRESET, &OscManager::deletePreset>(),
+    on<OscMessage::SAVE_PRESET, &OscManager::savePreset>(),
+    on<OscMessage::SET_SELECTED, &OscManager::setSelected>(),
+    on<OscMessage::CHANGE_PLAYING, &OscManager::changePlaying>(),
+    on<OscMessage::CHANGE_SPEED, &OscManager::changeSpeed>(),
+    on<OscMessage::SET_SPEED_FROM_MIDI, &OscManager::setSpeedFromMidi>(),
+    on<OscMessage::SET_SPEED_MODE, &OscManager::setSpeedMode>(),
+});
 }  // namespace
 
 OscManager::OscManager(OrvIF& backend, MessageManagerMaster& master)
-    : orv(backend), presets(PresetSections::OSCILLATORS), messageManager(master, *this)
+    : orv(backend),
+      presets(PresetSections::OSCILLATORS),
+      messageManager(master, [this](Message& message) { execute<OscManager>(COMMANDS, *this, message); })
 {
 }
 
@@ -107,12 +124,12 @@ void OscManager::setOscillators(const OscList& newOscillators, bool redraw)
 
 void OscManager::setSelected(const std::vector<OscId>& ids) { oscillators.selectOnly(ids); }
 
-void OscManager::setSpeedMode(OscId id, TimeIntervalType::Kind mode)
+void OscManager::setSpeedMode(OscId id, TimeIntervalType mode)
 {
     Oscillator* oscillator = oscillators.findElement(id);
     if (oscillator == nullptr) return;
-    oscillator->speedMode.kind = mode;
-    tellGui(GuiMessage::OSC_SPEED_MODE, id, static_cast<std::int32_t>(mode));
+    oscillator->speedMode = mode;
+    tellGui(GuiMessage::OSC_SPEED_MODE, id, static_cast<std::int32_t>(mode.kind));
 }
 
 // --- operations

@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "backend/files/PresetManager.h"
+#include "backend/messages/OscMessageManager.h"
 #include "backend/model/OscList.h"
-#include "backend/sections/oscillators/OscMessageManager.h"
 #include "backend/values/OnOffToggle.h"
 #include "backend/values/RelativeFixedValue.h"
 #include "backend/values/SelectType.h"
@@ -50,7 +50,7 @@ public:
     void mergeOscillators(const std::vector<Oscillator>& changed, bool redraw);
     void setOscillators(const OscList& newOscillators, bool redraw);
     void setSelected(const std::vector<OscId>& ids);
-    void setSpeedMode(OscId id, TimeIntervalType::Kind mode);
+    void setSpeedMode(OscId id, TimeIntervalType mode);
 
     /// Moves the selection up or down from the first selected oscillator, or to an oscillator. A target outside the
     /// list changes nothing.

@@ -1,11 +1,12 @@
 #include "backend/sections/zones/ZoneManager.h"
 
 #include <algorithm>
+#include <array>
 #include <ostream>
 
-#include "backend/core/OrvIF.h"
-#include "backend/engine/MidiEngineMessageManager.h"
+#include "api/OrvIF.h"
 #include "backend/messages/GuiMessages.h"
+#include "backend/messages/MidiEngineMessageManager.h"
 #include "backend/xml/XmlElement.h"
 #include "backend/xml/XmlWriter.h"
 
@@ -18,9 +19,18 @@ namespace
 {
 constexpr int HIGHEST_ZONE = 127;
 constexpr ZoneId NO_ZONE = -1;
+
+constexpr auto COMMANDS = std::to_array<Command<ZoneManager>>({
+    on<ZoneMessage::SET_ZONE_TRANSPOSE, &ZoneManager::setZoneTranspose>(),
+    on<ZoneMessage::SELECT_ZONE, &ZoneManager::selectZone>(),
+    on<ZoneMessage::SET_SELECTED, &ZoneManager::setSelected>(),
+});
 }  // namespace
 
-ZoneManager::ZoneManager(OrvIF& backend, MessageManagerMaster& master) : orv(backend), messageManager(master, *this) {}
+ZoneManager::ZoneManager(OrvIF& backend, MessageManagerMaster& master)
+    : orv(backend), messageManager(master, [this](Message& message) { execute<ZoneManager>(COMMANDS, *this, message); })
+{
+}
 
 template <class Visit>
 void ZoneManager::forEachZone(Visit&& visit)

@@ -5,9 +5,9 @@
 #include <span>
 #include <vector>
 
+#include "backend/messages/ZoneMessageManager.h"
 #include "backend/model/FunctionNoteSpan.h"
 #include "backend/model/ZoneMap.h"
-#include "backend/sections/zones/ZoneMessageManager.h"
 #include "backend/values/RelativeFixedValue.h"
 #include "backend/values/SelectType.h"
 #include "platform/Export.h"

@@ -4,8 +4,8 @@
 #include <QLabel>
 #include <QSignalBlocker>
 
-#include "backend/core/OrvIF.h"
-#include "backend/sections/computerinput/ComputerInputMessageManager.h"
+#include "api/OrvIF.h"
+#include "backend/messages/ComputerInputMessageManager.h"
 #include "gui/OrvGuiIF.h"
 #include "gui/framework/GuiMessageManagerMaster.h"
 #include "gui/framework/Properties.h"

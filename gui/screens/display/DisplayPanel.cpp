@@ -6,8 +6,8 @@
 #include <chrono>
 #include <memory>
 
-#include "backend/core/OrvIF.h"
-#include "backend/core/OrvMessageManager.h"
+#include "api/OrvIF.h"
+#include "api/OrvMessageManager.h"
 #include "backend/display/DisplayMessageManager.h"
 #include "backend/files/RegistrySettings.h"
 #include "gui/OrvGuiIF.h"

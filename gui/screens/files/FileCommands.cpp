@@ -3,7 +3,7 @@
 #include <QCoreApplication>
 #include <QLabel>
 
-#include "backend/core/OrvMessageManager.h"
+#include "api/OrvMessageManager.h"
 #include "backend/files/Bank.h"
 #include "backend/files/OrvUtils.h"
 #include "gui/OrvGuiIF.h"

@@ -3,7 +3,7 @@
 #include <QCoreApplication>
 #include <QFileInfo>
 
-#include "backend/core/OrvMessageManager.h"
+#include "api/OrvMessageManager.h"
 #include "backend/model/PresetList.h"
 #include "backend/model/PresetSections.h"
 #include "gui/OrvGuiIF.h"

@@ -8,7 +8,7 @@
 #include <QVBoxLayout>
 #include <utility>
 
-#include "backend/core/OrvMessageManager.h"
+#include "api/OrvMessageManager.h"
 #include "gui/OrvGuiIF.h"
 #include "gui/framework/EditBox.h"
 #include "gui/framework/FileDialog.h"

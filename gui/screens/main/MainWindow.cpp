@@ -10,7 +10,7 @@
 #include <algorithm>
 #include <chrono>
 
-#include "backend/core/OrvMessageManager.h"
+#include "api/OrvMessageManager.h"
 #include "backend/files/RegistrySettings.h"
 #include "gui/OrvGuiIF.h"
 #include "gui/framework/Panel.h"

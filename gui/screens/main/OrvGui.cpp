@@ -10,9 +10,9 @@
 #include <filesystem>
 #include <utility>
 
+#include "api/OrvIF.h"
+#include "api/OrvMessageManager.h"
 #include "backend/bindings/functions/HelpTexts.h"
-#include "backend/core/OrvIF.h"
-#include "backend/core/OrvMessageManager.h"
 #include "backend/model/WindowMove.h"
 #include "gui/OrvGuiFactory.h"
 #include "gui/ParentWindow.h"

@@ -3,7 +3,7 @@
 #include <array>
 #include <memory>
 
-#include "backend/core/GuiFactory.h"
+#include "api/GuiFactory.h"
 #include "backend/files/SequencePresetManager.h"
 #include "backend/model/PresetList.h"
 #include "backend/model/PresetSections.h"

@@ -1,6 +1,6 @@
 #include "gui/screens/output/KeyPlayer.h"
 
-#include "backend/core/OrvMessageManager.h"
+#include "api/OrvMessageManager.h"
 
 namespace Gui::Output
 {

@@ -7,7 +7,7 @@
 #include <QLabel>
 #include <QPushButton>
 
-#include "backend/core/OrvMessageManager.h"
+#include "api/OrvMessageManager.h"
 #include "backend/files/Bank.h"
 #include "backend/files/RegistrySettings.h"
 #include "gui/OrvGuiIF.h"

@@ -3,7 +3,7 @@
 #include <QBoxLayout>
 #include <QLabel>
 
-#include "backend/core/OrvMessageManager.h"
+#include "api/OrvMessageManager.h"
 #include "backend/files/RegistrySettings.h"
 #include "gui/OrvGuiIF.h"
 #include "gui/framework/EditBox.h"

@@ -4,7 +4,7 @@
 #include <QLabel>
 #include <QListWidget>
 
-#include "backend/core/OrvMessageManager.h"
+#include "api/OrvMessageManager.h"
 #include "gui/OrvGuiIF.h"
 #include "gui/framework/Properties.h"
 #include "gui/screens/setup/SettingTables.h"

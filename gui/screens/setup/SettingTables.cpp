@@ -1,6 +1,6 @@
 #include "gui/screens/setup/SettingTables.h"
 
-#include "backend/core/OrvMessageManager.h"
+#include "api/OrvMessageManager.h"
 #include "backend/files/RegistrySettings.h"
 #include "backend/recorder/RetroRecordManager.h"
 #include "gui/OrvGuiIF.h"

@@ -5,7 +5,7 @@
 #include <QLabel>
 #include <QPushButton>
 
-#include "backend/core/OrvMessageManager.h"
+#include "api/OrvMessageManager.h"
 #include "gui/OrvGuiIF.h"
 #include "gui/framework/ManualButton.h"
 #include "gui/framework/Properties.h"

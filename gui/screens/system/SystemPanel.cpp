@@ -4,8 +4,8 @@
 #include <QLabel>
 #include <QPushButton>
 
-#include "backend/core/OrvIF.h"
-#include "backend/core/OrvMessageManager.h"
+#include "api/OrvIF.h"
+#include "api/OrvMessageManager.h"
 #include "backend/files/Bank.h"
 #include "backend/files/RegistrySettings.h"
 #include "backend/model/Program.h"

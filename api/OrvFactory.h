@@ -2,9 +2,9 @@
 
 #include <string>
 
-#include "backend/core/GuiFactory.h"
-#include "backend/core/OrvIF.h"
-#include "backend/engine/MidiPlayer.h"
+#include "api/GuiFactory.h"
+#include "api/MidiPlayer.h"
+#include "api/OrvIF.h"
 #include "platform/Export.h"
 
 namespace Backend

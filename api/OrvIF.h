@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "backend/model/HostState.h"
+#include "api/HostState.h"
 #include "backend/model/MidiPort.h"
 #include "backend/model/ScreenState.h"
 #include "backend/values/Key.h"

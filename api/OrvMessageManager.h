@@ -1,6 +1,6 @@
 #pragma once
 
-#include "backend/core/OrvIF.h"
+#include "api/OrvIF.h"
 #include "backend/messages/MessageManager.h"
 
 namespace Backend
@@ -10,10 +10,8 @@ namespace Backend
 class ORV_API OrvMessageManager final : public MessageManager
 {
 public:
-    OrvMessageManager(MessageManagerMaster& managerMaster, OrvIF& backend);
-
-    bool wantMessage(unsigned int message) const override;
-    void handleMessage(Message& message) override;
+    /// `handler` executes what was posted, on the backend thread.
+    OrvMessageManager(MessageManagerMaster& managerMaster, OrvIF& backend, Handler handler);
 
     void sendInitialize();
     void sendEnd();

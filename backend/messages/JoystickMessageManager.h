@@ -1,0 +1,157 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "backend/messages/MessageManagerMaster.h"
+#include "backend/messages/TypedMessage.h"
+#include "backend/model/JoystickConfiguration.h"
+#include "platform/Export.h"
+
+namespace Backend::Joystick
+{
+/// An axis or a button of a joystick, as it travels in a message.
+struct JoystickElement {
+    int joystick = 0;
+    int part = 0;  ///< the number of the axis or button
+    AxisMode mode = AxisMode::position;
+
+    constexpr std::uint32_t getPacked() const
+    {
+        const auto byte = [](int value) { return static_cast<std::uint32_t>(value) & 0xFF; };
+        return byte(joystick) | byte(part) << 8 | static_cast<std::uint32_t>(mode) << 16;
+    }
+    static constexpr JoystickElement fromPacked(std::uint32_t word)
+    {
+        return {static_cast<int>(word & 0xFF), static_cast<int>(word >> 8 & 0xFF), static_cast<AxisMode>(word >> 16)};
+    }
+};
+
+/// The positions of two axes, each 0 to 65535.
+struct AxisPair {
+    int first = 0;
+    int second = 0;
+
+    constexpr std::uint32_t getPacked() const
+    {
+        return (static_cast<std::uint32_t>(first) & 0xFFFF) | static_cast<std::uint32_t>(second) << 16;
+    }
+    static constexpr AxisPair fromPacked(std::uint32_t word)
+    {
+        return {static_cast<int>(word & 0xFFFF), static_cast<int>(word >> 16)};
+    }
+};
+
+namespace JoystickMessage
+{
+inline constexpr MessageRange RANGE{35218, 35240};
+
+inline constexpr TypedMessage<std::vector<JoystickButtonConfiguration>, bool> SET_BUTTON_CONFIGURATIONS{
+    35219, "SetButtonConfigurations"};
+inline constexpr TypedMessage<std::vector<AxisConfiguration>, bool> SET_AXIS_CONFIGURATIONS{35220,
+                                                                                            "SetAxisConfigurations"};
+inline constexpr TypedMessage<JoystickElement, AxisPair> XY_GRID{35221, "XyGrid"};
+inline constexpr TypedMessage<JoystickElement, AxisPair> UV_GRID{35222, "UvGrid"};
+inline constexpr TypedMessage<JoystickElement, int> X_AXIS{35223, "XAxis"};
+inline constexpr TypedMessage<JoystickElement, int> Y_AXIS{35224, "YAxis"};
+inline constexpr TypedMessage<JoystickElement, int> Z_AXIS{35225, "ZAxis"};
+inline constexpr TypedMessage<JoystickElement, int> R_AXIS{35226, "RAxis"};
+inline constexpr TypedMessage<JoystickElement, int> U_AXIS{35227, "UAxis"};
+inline constexpr TypedMessage<JoystickElement, int> V_AXIS{35228, "VAxis"};
+inline constexpr TypedMessage<JoystickElement, int> JOYSTICK_AXIS{35229, "JoystickAxis"};
+inline constexpr TypedMessage<JoystickElement, int> GUI_AXIS{35230, "GuiAxis"};
+inline constexpr TypedMessage<JoystickElement, bool> JOYSTICK_BUTTON_DOWN{35231, "JoystickButtonDown"};
+inline constexpr TypedMessage<JoystickElement> JOYSTICK_BUTTON_UP{35232, "JoystickButtonUp"};
+inline constexpr TypedMessage<JoystickElement, bool> GUI_BUTTON_DOWN{35233, "GuiButtonDown"};
+inline constexpr TypedMessage<JoystickElement> GUI_BUTTON_UP{35234, "GuiButtonUp"};
+inline constexpr TypedMessage<std::string> LOAD_PRESET{35235, "LoadPreset"};
+inline constexpr TypedMessage<std::string, std::string> RENAME_PRESET{35236, "RenamePreset"};
+inline constexpr TypedMessage<std::string> DELETE_PRESET{35237, "DeletePreset"};
+inline constexpr TypedMessage<std::string> SAVE_PRESET{35238, "SavePreset"};
+inline constexpr TypedMessage<int, bool> ENABLE_JOYSTICK{35239, "EnableJoystick"};
+}  // namespace JoystickMessage
+
+/// What joysticks report and the window asks of them. Any thread but the time slice. Configurations travel as copies;
+/// axes and buttons go in the message itself. An id that is not valid does nothing.
+class ORV_API JoystickMessageManager final : public MessageManager
+{
+public:
+    JoystickMessageManager(MessageManagerMaster& managerMaster, Handler handler)
+        : MessageManager(managerMaster, JoystickMessage::RANGE, std::move(handler))
+    {
+    }
+
+    // A joystick's reports, ignored while it is disabled
+
+    /// 0 to 65535.
+    void postJoystickAxis(const JoyAxisElementId& id, int value)
+    {
+        master.post(JoystickMessage::JOYSTICK_AXIS({id.joystick, id.axis, AxisMode::raw}, value));
+    }
+
+    void postJoystickButtonDown(const JoyButtonElementId& id, bool repeat)
+    {
+        master.post(JoystickMessage::JOYSTICK_BUTTON_DOWN({id.joystick, id.button}, repeat));
+    }
+
+    void postJoystickButtonUp(const JoyButtonElementId& id)
+    {
+        master.post(JoystickMessage::JOYSTICK_BUTTON_UP({id.joystick, id.button}));
+    }
+
+    // The window's requests
+
+    /// X and Y together, or U and V, each from 0 to 65535.
+    void postXyGrid(int joystick, AxisMode mode, int x, int y)
+    {
+        master.post(JoystickMessage::XY_GRID({joystick, 0, mode}, {x, y}));
+    }
+
+    void postUvGrid(int joystick, AxisMode mode, int u, int v)
+    {
+        master.post(JoystickMessage::UV_GRID({joystick, 0, mode}, {u, v}));
+    }
+
+    void postGuiAxis(const JoyAxisElementId& id, AxisMode mode, int value)
+    {
+        master.post(JoystickMessage::GUI_AXIS({id.joystick, id.axis, mode}, value));
+    }
+
+    void postGuiButtonDown(const JoyButtonElementId& id, bool repeat)
+    {
+        master.post(JoystickMessage::GUI_BUTTON_DOWN({id.joystick, id.button}, repeat));
+    }
+
+    void postGuiButtonUp(const JoyButtonElementId& id)
+    {
+        master.post(JoystickMessage::GUI_BUTTON_UP({id.joystick, id.button}));
+    }
+
+    void postEnableJoystick(int joystick, bool enabled)
+    {
+        master.post(JoystickMessage::ENABLE_JOYSTICK(joystick, enabled));
+    }
+
+    void postSetButtonConfigurations(const std::vector<JoystickButtonConfiguration>& buttons, bool notifyGui)
+    {
+        master.post(JoystickMessage::SET_BUTTON_CONFIGURATIONS(buttons, notifyGui));
+    }
+
+    void postSetAxisConfigurations(const std::vector<AxisConfiguration>& axes, bool notifyGui)
+    {
+        master.post(JoystickMessage::SET_AXIS_CONFIGURATIONS(axes, notifyGui));
+    }
+
+    void postLoadPreset(const std::string& name) { master.post(JoystickMessage::LOAD_PRESET(name)); }
+
+    void postRenamePreset(const std::string& name, const std::string& newName)
+    {
+        master.post(JoystickMessage::RENAME_PRESET(name, newName));
+    }
+
+    void postDeletePreset(const std::string& name) { master.post(JoystickMessage::DELETE_PRESET(name)); }
+
+    void postSavePreset(const std::string& name) { master.post(JoystickMessage::SAVE_PRESET(name)); }
+};
+}  // namespace Backend::Joystick

@@ -1,0 +1,299 @@
+#pragma once
+
+#include <concepts>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <span>
+#include <tuple>
+#include <type_traits>
+#include <utility>
+
+#include "backend/messages/MessageManager.h"
+#include "backend/values/OrvMidiMessage.h"
+#include "platform/DbgStream.h"
+#include "platform/Message.h"
+#include "platform/WindowHandle.h"
+
+namespace Backend
+{
+namespace MessageCode
+{
+/// Values that travel in one of a message's two 32-bit parameters: integers, enumerations, and what packs itself.
+template <class Value>
+concept Word = (std::is_integral_v<Value> && sizeof(Value) <= sizeof(std::uint32_t)) || std::is_enum_v<Value>;
+template <class Value>
+concept PackedWord = requires(const Value& value)
+{
+    {
+        value.getPacked()
+        } -> std::same_as<std::uint32_t>;
+    {
+        Value::fromPacked(std::uint32_t{})
+        } -> std::same_as<Value>;
+};
+template <class Value>
+inline constexpr bool IS_WORD = Word<Value> || PackedWord<Value>;
+
+template <class Value>
+constexpr std::uint32_t toWord(const Value& value)
+{
+    if constexpr (Word<Value>)
+        return static_cast<std::uint32_t>(value);
+    else
+        return value.getPacked();
+}
+
+template <class Value>
+constexpr Value fromWord(std::uint32_t word)
+{
+    if constexpr (Word<Value>)
+        return static_cast<Value>(word);
+    else
+        return Value::fromPacked(word);
+}
+
+template <class... Arguments>
+inline constexpr std::size_t WORDS = (std::size_t{0} + ... + (IS_WORD<Arguments> ? 1 : 0));
+/// At most two words and one value that is none: the value is the payload. Everything else travels as a tuple.
+template <class... Arguments>
+inline constexpr bool IS_DIRECT = WORDS<Arguments...> <= 2 && sizeof...(Arguments) - WORDS<Arguments...> <= 1;
+}  // namespace MessageCode
+
+/// A message, declared once: its number, its name for the debug stream, and the types of its arguments. Called with
+/// them it makes the message; `on` makes the row of its receiver. Both refuse other types when they are compiled.
+template <class... Arguments>
+struct TypedMessage {
+    unsigned int number;
+    const char* name;
+
+    constexpr operator unsigned int() const { return number; }
+
+    Message operator()(Arguments... arguments) const
+    {
+        Message message{.number = number};
+        if constexpr (MessageCode::IS_DIRECT<Arguments...>) {
+            [[maybe_unused]] std::size_t words = 0;
+            const auto put = [&]<class Argument>(Argument& argument) {
+                if constexpr (!MessageCode::IS_WORD<Argument>)
+                    message.payload = Payload::of(std::move(argument));
+                else if (words++ == 0)
+                    message.wparam = MessageCode::toWord(argument);
+                else
+                    message.lparam = static_cast<std::int32_t>(MessageCode::toWord(argument));
+            };
+            (put(arguments), ...);
+        } else {
+            message.payload = Payload::of(std::tuple<Arguments...>(std::move(arguments)...));
+        }
+        return message;
+    }
+
+    /// Calls `operation` with the message's arguments; not at all if the payload is missing.
+    template <class Operation>
+    static void deliver(Message& message, Operation&& operation)
+    {
+        if constexpr (MessageCode::IS_DIRECT<Arguments...>) {
+            if (!(hasPayload<Arguments>(message) && ...)) return;
+            std::size_t words = 0;
+            std::apply(operation,
+                       std::tuple<decltype(take<Arguments>(message, words))...>{take<Arguments>(message, words)...});
+        } else if (auto* const arguments = message.payload.get<std::tuple<Arguments...>>()) {
+            std::apply([&](Arguments&... each) { operation(std::move(each)...); }, *arguments);
+        }
+    }
+
+private:
+    template <class Argument>
+    static bool hasPayload(Message& message)
+    {
+        return MessageCode::IS_WORD<Argument> || message.payload.get<Argument>() != nullptr;
+    }
+
+    template <class Argument>
+    static decltype(auto) take(Message& message, std::size_t& words)
+    {
+        if constexpr (MessageCode::IS_WORD<Argument>)
+            return MessageCode::fromWord<Argument>(words++ == 0 ? message.wparam
+                                                                : static_cast<std::uint32_t>(message.lparam));
+        else
+            return std::move(*message.payload.get<Argument>());
+    }
+};
+
+/// An event in the two parameters, without a control's cell and a pulse, which do not fit.
+template <>
+struct TypedMessage<MidiEngine::OrvMidiMessage> {
+    unsigned int number;
+    const char* name;
+
+    constexpr operator unsigned int() const { return number; }
+
+    Message operator()(const MidiEngine::OrvMidiMessage& event) const
+    {
+        return {.number = number, .wparam = event.getWparam(), .lparam = event.getLparam()};
+    }
+
+    template <class Operation>
+    static void deliver(Message& message, Operation&& operation)
+    {
+        operation(MidiEngine::OrvMidiMessage(message.wparam, message.lparam));
+    }
+};
+
+/// A whole event, as an owned copy.
+struct WholeEvent {
+    MidiEngine::OrvMidiMessage event;
+};
+
+/// An event by one of two messages: in the parameters where it fits, as an owned copy where it does not.
+struct EventMessage {
+    TypedMessage<MidiEngine::OrvMidiMessage> viaParam;
+    TypedMessage<WholeEvent> viaAlloc;
+
+    Message operator()(const MidiEngine::OrvMidiMessage& event) const
+    {
+        return event.fitsParameters() ? viaParam(event) : viaAlloc({event});
+    }
+};
+
+/// A message that is answered: its sender waits, see `ask`.
+template <class Result, class... Arguments>
+struct TypedRequest : TypedMessage<std::shared_ptr<Result>, Arguments...> {
+};
+
+/// Sends a request through a worker, or whatever else can `send`, and returns the answer; a default one if the worker
+/// has stopped. Not on the receiver's thread.
+template <class Sender, class Result, class... Arguments>
+Result ask(Sender& sender, const TypedRequest<Result, Arguments...>& request,
+           std::type_identity_t<Arguments>... arguments)
+{
+    const auto answer = std::make_shared<Result>();
+    sender.send(request(std::shared_ptr(answer), std::move(arguments)...));
+    return std::move(*answer);
+}
+
+/// Posts to the window, if there is one.
+template <class... Arguments>
+void notify(const WindowHandle& window, const TypedMessage<Arguments...>& type,
+            const std::type_identity_t<Arguments>&... arguments)
+{
+    if (window) window.post(type(arguments...));
+}
+
+/// A row of a receiver's table: what a message does to it.
+template <class Target>
+struct Command {
+    unsigned int number;
+    const char* name;
+    void (*execute)(Target& target, Message& message);
+};
+
+namespace MessageCode
+{
+template <class Operation>
+struct Signature;
+template <class Owner, class Result, class... Parameters>
+struct Signature<Result (Owner::*)(Parameters...)> {
+    using Target = Owner;
+};
+template <class Owner, class Result, class... Parameters>
+struct Signature<Result (Owner::*)(Parameters...) const> {
+    using Target = Owner;
+};
+template <class Owner, class Result, class... Parameters>
+struct Signature<Result (*)(Owner&, Parameters...)> {
+    using Target = Owner;
+};
+
+/// True if an operation takes these arguments as they are: the same types, nothing narrowed or converted.
+template <class Operation, class... Arguments>
+struct Takes : std::false_type {
+};
+template <class Argument, class Parameter>
+inline constexpr bool IS_TAKEN = std::is_same_v<Argument, std::remove_cvref_t<Parameter>>;
+template <class Owner, class Result, class... Parameters, class... Arguments>
+requires(sizeof...(Parameters) == sizeof...(Arguments)) struct Takes<Result (Owner::*)(Parameters...), Arguments...>
+    : std::bool_constant<(IS_TAKEN<Arguments, Parameters> && ...)> {
+};
+template <class Owner, class Result, class... Parameters, class... Arguments>
+requires(sizeof...(Parameters) ==
+         sizeof...(Arguments)) struct Takes<Result (Owner::*)(Parameters...) const, Arguments...>
+    : std::bool_constant<(IS_TAKEN<Arguments, Parameters> && ...)> {
+};
+template <class Owner, class Result, class... Parameters, class... Arguments>
+requires(sizeof...(Parameters) == sizeof...(Arguments)) struct Takes<Result (*)(Owner&, Parameters...), Arguments...>
+    : std::bool_constant<(IS_TAKEN<Arguments, Parameters> && ...)> {
+};
+
+template <class Operation, class... Arguments>
+consteval void check(const TypedMessage<Arguments...>&)
+{
+    static_assert(Takes<Operation, Arguments...>::value, "the operation does not take the arguments of the message");
+}
+template <class Operation, class Result, class... Arguments>
+consteval void checkRequest(const TypedRequest<Result, Arguments...>&)
+{
+    static_assert(Takes<Operation, Arguments...>::value, "the operation does not take the arguments of the request");
+}
+}  // namespace MessageCode
+
+/// The row that calls `operation`, a member function or a function of the target, with the message's arguments.
+template <const auto& type, auto operation>
+constexpr auto on()
+{
+    using Operation = decltype(operation);
+    using Target = typename MessageCode::Signature<Operation>::Target;
+    MessageCode::check<Operation>(type);
+    return Command<Target>{type.number, type.name, [](Target& target, Message& message) {
+                               type.deliver(message, [&](auto&&... arguments) {
+                                   std::invoke(operation, target, std::forward<decltype(arguments)>(arguments)...);
+                               });
+                           }};
+}
+
+/// The rows of an event that comes in the parameters, and of one that comes as a copy.
+template <const EventMessage& type, auto operation>
+constexpr auto onParam()
+{
+    using Target = typename MessageCode::Signature<decltype(operation)>::Target;
+    return Command<Target>{type.viaParam.number, type.viaParam.name, [](Target& target, Message& message) {
+                               type.viaParam.deliver(message, [&](const MidiEngine::OrvMidiMessage& event) {
+                                   std::invoke(operation, target, event);
+                               });
+                           }};
+}
+template <const EventMessage& type, auto operation>
+constexpr auto onAlloc()
+{
+    using Target = typename MessageCode::Signature<decltype(operation)>::Target;
+    return Command<Target>{type.viaAlloc.number, type.viaAlloc.name, [](Target& target, Message& message) {
+                               type.viaAlloc.deliver(message, [&](const WholeEvent& whole) {
+                                   std::invoke(operation, target, whole.event);
+                               });
+                           }};
+}
+
+/// The row that answers a request with what `operation` returns.
+template <const auto& request, auto operation>
+constexpr auto answer()
+{
+    using Operation = decltype(operation);
+    using Target = typename MessageCode::Signature<Operation>::Target;
+    MessageCode::checkRequest<Operation>(request);
+    return Command<Target>{request.number, request.name, [](Target& target, Message& message) {
+                               request.deliver(message, [&](const auto& result, auto&&... arguments) {
+                                   *result = std::invoke(operation, target, std::move(arguments)...);
+                               });
+                           }};
+}
+
+/// Executes the row of the message's number. One without a row is reported to the debug stream and ignored.
+template <class Target>
+void execute(std::span<const Command<Target>> table, Target& target, Message& message)
+{
+    for (const auto& row : table)
+        if (row.number == message.number) return row.execute(target, message);
+    WindowsLib::DbgStream() << "message " << message.number << ": no such command, ignored";
+}
+}  // namespace Backend

@@ -1,0 +1,46 @@
+# A module: one folder, one static library, and an include path that shows this folder alone.
+#
+#     orv_module(orv_engine backend/engine
+#       USES orv_model orv_messages      modules whose headers it may include; so may whoever uses it
+#       LINKS PkgConfig::SDL2            libraries that its sources alone use
+#       SOURCES Arpeggio.cpp ...)        relative to the folder
+#
+# Sources write `#include "backend/engine/Slice.h"`; a header of a module that is not among USES, or theirs, is not found.
+function(orv_module name folder)
+  cmake_parse_arguments(ARG "" "" "USES;LINKS;SOURCES" ${ARGN})
+  list(TRANSFORM ARG_SOURCES PREPEND ${CMAKE_SOURCE_DIR}/${folder}/)
+  if(ARG_SOURCES)
+    add_library(${name} STATIC ${ARG_SOURCES})
+    set(scope PUBLIC)
+    target_link_libraries(${name} PRIVATE ${ARG_LINKS})
+  else()
+    add_library(${name} INTERFACE)
+    set(scope INTERFACE)
+  endif()
+
+  set(view ${CMAKE_BINARY_DIR}/include/${name})
+  get_filename_component(parent ${view}/${folder} DIRECTORY)
+  file(MAKE_DIRECTORY ${parent})
+  file(CREATE_LINK ${CMAKE_SOURCE_DIR}/${folder} ${view}/${folder} SYMBOLIC)
+  target_include_directories(${name} ${scope} ${view})
+  target_link_libraries(${name} ${scope} ${ARG_USES})
+  set_property(GLOBAL APPEND_STRING PROPERTY ORVANE_MODULES "${folder} ${name} ${ARG_USES}\n")
+endfunction()
+
+# The targets, with sources, of the modules in these folders and below.
+function(orv_modules_below result)
+  get_property(modules GLOBAL PROPERTY ORVANE_MODULES)
+  string(REPLACE "\n" ";" modules "${modules}")
+  set(found)
+  foreach(module ${modules})
+    string(REGEX MATCH "^([^ /]+)[^ ]* ([^ ]+)" whole "${module}")
+    set(target ${CMAKE_MATCH_2})
+    if(CMAKE_MATCH_1 IN_LIST ARGN)
+      get_target_property(type ${target} TYPE)
+      if(NOT type STREQUAL INTERFACE_LIBRARY)
+        list(APPEND found ${target})
+      endif()
+    endif()
+  endforeach()
+  set(${result} ${found} PARENT_SCOPE)
+endfunction()
