@@ -9,11 +9,6 @@ set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
 set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/lib)
 
-find_program(CCACHE ccache)
-if(CCACHE)
-  set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE})
-endif()
-
 set(ORVANE_SANITIZE "" CACHE STRING "Sanitizers, as for -fsanitize=")
 
 # Oscillators are IEEE double, left to right: no contraction, ever.
@@ -27,4 +22,25 @@ if(ORVANE_SANITIZE)
   add_link_options(-fsanitize=${ORVANE_SANITIZE})
 endif()
 
+option(ORVANE_ANALYSE "Only check the sources: empty files stand for objects, libraries and programs" OFF)
+if(ORVANE_ANALYSE)
+  set(nothing "${CMAKE_COMMAND} -E touch")
+  set(CMAKE_CXX_COMPILE_OBJECT
+    "<CMAKE_CXX_COMPILER> <DEFINES> <INCLUDES> -fsyntax-only <FLAGS> -Xclang -o -Xclang <OBJECT> <SOURCE>"
+    "${nothing} <OBJECT>")
+  set(CMAKE_CXX_ARCHIVE_CREATE "${nothing} <TARGET>")
+  set(CMAKE_CXX_ARCHIVE_FINISH "")
+  set(CMAKE_CXX_CREATE_SHARED_LIBRARY "${nothing} <TARGET>")
+  set(CMAKE_CXX_CREATE_SHARED_MODULE "${nothing} <TARGET>")
+  set(CMAKE_CXX_LINK_EXECUTABLE "${nothing} <TARGET>")
+else()
+  # The compiler's cache, allowed to take precompiled headers
+  find_program(CCACHE ccache)
+  if(CCACHE)
+    set(CMAKE_CXX_COMPILER_LAUNCHER ${CMAKE_COMMAND} -E env
+      CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime ${CCACHE})
+  endif()
+endif()
+
 find_package(Threads REQUIRED)
+include(OrvanePrecompile)

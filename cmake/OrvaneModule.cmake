@@ -3,16 +3,21 @@
 #     orv_module(orv_engine backend/engine
 #       USES orv_model orv_messages      modules whose headers it may include; so may whoever uses it
 #       LINKS PkgConfig::SDL2            libraries that its sources alone use
+#       PRECOMPILE qt                    the kind of its precompiled headers; standard without it
 #       SOURCES Arpeggio.cpp ...)        relative to the folder
 #
 # Sources write `#include "backend/engine/Slice.h"`; a header of a module that is not among USES, or theirs, is not found.
 function(orv_module name folder)
-  cmake_parse_arguments(ARG "" "" "USES;LINKS;SOURCES" ${ARGN})
+  cmake_parse_arguments(ARG "" "PRECOMPILE" "USES;LINKS;SOURCES" ${ARGN})
   list(TRANSFORM ARG_SOURCES PREPEND ${CMAKE_SOURCE_DIR}/${folder}/)
   if(ARG_SOURCES)
     add_library(${name} STATIC ${ARG_SOURCES})
     set(scope PUBLIC)
     target_link_libraries(${name} PRIVATE ${ARG_LINKS})
+    if(NOT ARG_PRECOMPILE)
+      set(ARG_PRECOMPILE standard)
+    endif()
+    orv_precompile(${name} ${ARG_PRECOMPILE})
   else()
     add_library(${name} INTERFACE)
     set(scope INTERFACE)
