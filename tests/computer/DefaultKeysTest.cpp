@@ -38,20 +38,6 @@ TEST(DefaultKeys, AreSeventyFiveOfWhichEachDoesWhatItsElementSays)
     EXPECT_EQ(functions, 2u * 37 + 37 + 4) << "two a note, one each of the others, and four have one for release";
 }
 
-TEST(DefaultKeys, AreTwoPianos)
-{
-    KeyStage stage;
-    stage.keys().loadSection(XmlDocument(defaultKeysXml(3), XmlDocument::Source::text).getRoot());
-    for (const char* key : {"Q", "2", "Right Bracket", "Z", "Slash"}) stage.down(key), stage.up(key);
-    EXPECT_EQ(stage.played(), "C4 on, C4 off, C#4 on, C#4 off, G5 on, G5 off, C3 on, C3 off, E4 on, E4 off");
-    const auto& zones = stage.orv->getZoneManager().getZones();
-    ASSERT_EQ(zones.size(), 2u);
-    EXPECT_EQ(zones.findElement(0)->lowNote.toXmlString() + zones.findElement(0)->highNote.toXmlString(), "C4G5");
-    EXPECT_EQ(zones.findElement(1)->lowNote.toXmlString() + zones.findElement(1)->highNote.toXmlString(), "C3E4");
-    stage.down("F3"), stage.down("F4"), stage.down("Shift F2"), stage.down("Z"), stage.down("Numpad 2");
-    EXPECT_EQ(stage.played(), "C#3 on, Pitch Bend 127 127");
-}
-
 TEST(DefaultKeys, AreWhatTheFactoryContentHolds)
 {
     EXPECT_EQ(contentOf("Computer Input Presets/000 - Default.pst"),

@@ -6,25 +6,6 @@
 using namespace Backend;
 using namespace Backend::ComputerInput;
 
-TEST(KeyEvent, AReleaseHasNoModifiersUnlessTheyAreWanted)
-{
-    const std::string keys = noteKey("A", "C4") + noteKey("Shift A", "D4");
-    KeyStage stage;
-    stage.load(keys);
-    stage.down("Shift A"), stage.up("Shift A");
-    EXPECT_EQ(stage.played(), "D4 on, C4 off");
-    stage.load(keys, "useKeyUpMod='true'");
-    stage.down("Shift A"), stage.up("Shift A");
-    EXPECT_EQ(stage.played(), "D4 on, D4 off");
-    stage.down("Shift A"), stage.up("A");
-    EXPECT_EQ(stage.played(), "D4 on, C4 off") << "Shift was let go first";
-    stage.orv->getComputerInputMessageManager().postSetUseKeyUpMod(false);
-    stage.down("Shift A"), stage.up("Shift Control Alt Win A");
-    EXPECT_EQ(stage.played(), "D4 on, C4 off");
-    stage.down("Control A"), stage.down("B"), stage.up("B");
-    EXPECT_EQ(stage.played(), "") << "not bound";
-}
-
 TEST(KeyEvent, AModifierIsAKeyOfItsOwn)
 {
     KeyStage stage;
@@ -33,37 +14,6 @@ TEST(KeyEvent, AModifierIsAKeyOfItsOwn)
     EXPECT_EQ(stage.played(), "C4 on, C4 off, D4 on");
     stage.down("");
     EXPECT_EQ(stage.played(), "E4 on") << "what no text names is the key of code -1";
-}
-
-TEST(KeyEvent, RunsItsEntriesInOrderAndRepeatsThoseThatAreSentAgain)
-{
-    const auto controller = [](int number) {
-        return "<MidiControllerChange output='0' channel='0' controller='" + std::to_string(number) + "'/>";
-    };
-    const auto entry = [](const std::string& keepSending, const std::string& down, const std::string& up) {
-        return "<Function keepSending='" + keepSending + "'>" + (down.empty() ? "" : "<Down>" + down + "</Down>") +
-               (up.empty() ? "" : "<Up>" + up + "</Up>") + "</Function>";
-    };
-    KeyStage stage;
-    stage.load("<Key id='A'>" + entry("false", controller(1), controller(2)) +
-               entry("true", controller(3), controller(4)) + entry("true", "", "") + entry("false", "", "") +
-               entry("true", controller(5), "") + "</Key>");
-    const auto numbers = [&] {
-        stage.rest();
-        stage.playSlices();
-        std::string text;
-        for (const auto& event : stage.player.events) text += std::to_string(event.getD1());
-        stage.player.events.clear();
-        return text;
-    };
-    stage.down("A");
-    EXPECT_EQ(numbers(), "135");
-    stage.repeat("A"), stage.repeat("A");
-    EXPECT_EQ(numbers(), "33") << "an entry that does nothing and is not sent again ends a repeat";
-    stage.up("A");
-    EXPECT_EQ(numbers(), "24");
-    stage.repeat("A");
-    EXPECT_EQ(numbers(), "3") << "a repeat counts without a press before it";
 }
 
 TEST(KeyEvent, GoesOnWhenAFunctionChangesTheBindingsItStandsIn)

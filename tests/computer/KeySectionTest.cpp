@@ -111,52 +111,6 @@ TEST(KeyPreset, IsReferredToWhileTheKeysAreItsOwn)
     EXPECT_EQ(stage.names() + stage.keys().getCurrentPreset(), "");
 }
 
-TEST(KeyPreset, ThatIsMissingOrOfAnotherSectionChangesNothing)
-{
-    KeyStage stage;
-    stage.load(noteKey("A", "C4"));
-    stage.keys().savePreset("Mine", {});
-    stage.keys().loadPreset("Mine");
-    stage.writePreset("Layers", "<Layers/>");
-    stage.writePreset("Broken", "<ComputerInput>");
-    std::filesystem::create_directories(stage.keys().getPresets().getPresetPath("Folder"));
-    for (const char* name : {"Missing", "Layers", "Broken", "Folder", "../Mine", ""}) {
-        stage.keys().loadPreset(name);
-        EXPECT_EQ(stage.keys().getCurrentPreset(), "Mine") << name;
-        EXPECT_EQ(stage.names(), "A") << name;
-    }
-    stage.load(noteKey("B", "C4"), "preset='Missing'");
-    EXPECT_EQ(stage.keys().getCurrentPreset(), "");
-    EXPECT_EQ(stage.names(), "A");
-}
-
-TEST(KeyPreset, IsSavedMergedRenamedAndDeletedFromOutside)
-{
-    KeyStage stage;
-    stage.load(noteKey("A", "C4") + noteKey("B", "D4"));
-    auto& messages = stage.orv->getComputerInputMessageManager();
-    auto& list = stage.keys().getPresets();
-    messages.postSavePreset("Partly", {Key::fromXmlString("B"), Key::fromXmlString("C")});
-    messages.postSavePreset("All", {});
-    stage.rest();
-    stage.load(noteKey("A", "E4") + noteKey("C", "F4"));
-    messages.postLoadPreset("Partly");
-    stage.rest();
-    ASSERT_NE(list.getList().find("Partly"), nullptr);
-    EXPECT_TRUE(list.getList().find("Partly")->merge);
-    stage.down("A"), stage.down("B"), stage.down("C");
-    EXPECT_EQ(stage.played(), "E4 on, D4 on") << "the key that was listed without being there is unbound now";
-    EXPECT_TRUE(stage.keys().isPresetChanged("Partly"));
-    messages.postRenamePreset("All", "Everything");
-    messages.postDeletePreset("Partly");
-    messages.postDeletePreset("Nothing");
-    stage.rest();
-    ASSERT_EQ(list.getList().getEntries().size(), 1u);
-    EXPECT_EQ(list.getList().getEntries()[0], (PresetEntry{"Everything", false}));
-    EXPECT_TRUE(std::filesystem::exists(list.getPresetPath("Everything")));
-    EXPECT_FALSE(std::filesystem::exists(list.getPresetPath("Partly")));
-}
-
 TEST(KeyConfigurations, OfTheWindowReplaceThoseOfTheirKeys)
 {
     KeyStage stage;

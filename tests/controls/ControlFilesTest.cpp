@@ -71,28 +71,6 @@ TEST(ControlSection, OfTheFactoryIsWhatTheDefaultsSay)
     EXPECT_EQ(stage.controls().getControls().findElement({2, 3})->release, 64);
 }
 
-TEST(ControlPresets, ReplaceOrJoinTheControlsAndChangeNothingWhenBroken)
-{
-    ControlStage stage({fader({0, 0}, cc(1), 1), fader({0, 1}, cc(2), 2)});
-    auto& messages = stage.orv->getControlMessageManager();
-    messages.postSavePreset("All", {});
-    messages.postSavePreset("One", {{0, 1}});
-    messages.postSetControls({fader({0, 1}, cc(3), 30), fader({7, 7}, cc(3))}, false, true);
-    messages.postLoadPreset("One");
-    stage.rest();
-    EXPECT_EQ(stage.values(), "2 0");
-    messages.postRenamePreset("All", "Both");
-    messages.postDeletePreset("One");
-    messages.postLoadPreset("Both");
-    messages.postLoadPreset("One");
-    stage.rest();
-    EXPECT_EQ(stage.values(), "1 2");
-    std::ofstream(stage.controls().getPresets().getPresetPath("Both")) << "<Controls";
-    messages.postLoadPreset("Both");
-    stage.rest();
-    EXPECT_EQ(stage.values(), "1 2");
-}
-
 TEST(AutoSend, OfTheFirstProgramWaitsForThePortsAndComesOnce)
 {
     PrivateFolders folders;

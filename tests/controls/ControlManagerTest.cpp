@@ -14,8 +14,6 @@ using Kind = SelectControlType::Kind;
 
 namespace
 {
-constexpr MidiMessage PROGRAM(MessageType::programChange);
-
 std::vector<Control> defaults()
 {
     std::vector<Control> all;
@@ -86,58 +84,6 @@ TEST(ControlChanges, ReachTheirTargetWithinItsRange)
     EXPECT_EQ(stage.played(),
               "Controller Change 2 110, Controller Change 2 20, Controller Change 1 54, Controller Change 1 44, "
               "Controller Change 1 0, Controller Change 1 127");
-}
-
-TEST(ControlSending, IsOfAllItsEventsUnlessItIsOnlyALabel)
-{
-    Control several = fader({0, 1}, cc(7), 5);
-    several.functions.push_back({.midiEvent = PROGRAM, .output = 1, .channel = 3});
-    several.functions.push_back({.midiEvent = cc(1), .channel = 2});
-    Control label = fader({0, 2}, cc(2), 9);
-    label.type.kind = ControlType::Kind::label;
-    Control silent = fader({0, 4}, cc(3), 9);
-    silent.functions.clear();
-    ControlStage stage({fader({0, 0}, MidiMessage(MessageType::pitchBend), 16000, 16383), several, label, silent});
-    stage.controls().sendControlData({Kind::all});
-    EXPECT_EQ(stage.played(),
-              "Pitch Bend 0 125, Controller Change 7 5, Program Change 5 0 on output 1 channel 3, "
-              "Controller Change 1 5 channel 2");
-    stage.controls().sendControlData(at(0, 0));
-    stage.controls().sendControlData(at(9, 9));
-    stage.controls().sendControlData({Kind::selected});
-    EXPECT_EQ(stage.played(), "Pitch Bend 0 125");
-    stage.move({0, 2}, 77);
-    stage.move({0, 4}, 78);
-    EXPECT_EQ(stage.played(), "");
-    EXPECT_EQ(stage.values(), "16000 5 77 78") << "they keep values nevertheless";
-}
-
-TEST(ControlSending, KeepsBankAndProgramInOrder)
-{
-    std::vector<Control> all{fader({0, 0}, PROGRAM, 3), fader({0, 1}, cc(32), 2), fader({0, 2}, cc(0), 1)};
-    for (int col = 0; col < 3; ++col) {  // the same on another channel, and in another zone
-        Control other = all[static_cast<std::size_t>(col)];
-        other.cell = {1, col};
-        other.functions[0].channel = 5;
-        all.push_back(other);
-        other.cell = {2, col};
-        other.functions[0].channel = -1;
-        other.functions[0].zone = 1;
-        all.push_back(other);
-    }
-    ControlStage stage(all);
-    stage.move({0, 2}, 11);
-    EXPECT_EQ(stage.played(), "Controller Change 0 11, Controller Change 32 2, Program Change 3 0");
-    stage.move({0, 1}, 12);
-    EXPECT_EQ(stage.played(), "Controller Change 0 11, Controller Change 32 12, Program Change 3 0");
-    stage.move({0, 0}, 13);
-    EXPECT_EQ(stage.played(), "Controller Change 0 11, Controller Change 32 12, Program Change 13 0");
-    stage.move({1, 1}, 0);
-    EXPECT_EQ(stage.played(),
-              "Controller Change 0 1 channel 5, Controller Change 32 0 channel 5, "
-              "Program Change 3 0 channel 5");
-    stage.controls().sendControlData(at(0, 1));
-    EXPECT_EQ(stage.played(), "Controller Change 32 12") << "a send by itself is of one control";
 }
 
 TEST(ControlFollowing, MovesWhatHoldsTheSameEventAndSendsNothing)

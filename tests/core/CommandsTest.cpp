@@ -81,6 +81,9 @@ TEST(Commands, WithASettingStoreItUnderTheirNumberAndTellTheWindowThatShowsIt)
                 notice == NOTHING ? "" : std::to_string(notice) + ":" + std::to_string(value) + " ";
             EXPECT_EQ(stage.told(), expected) << number;
         }
+    for (const unsigned size : {999u, 200000001u}) stage.post(33262, size);
+    EXPECT_EQ(stage.orv->getRegistrySettings().getRetroRecordBufferSize(), 5000) << "out of range";
+    EXPECT_EQ(stage.told(), "");
 }
 
 TEST(Commands, OfThePortsTheTempoAndTheScreenActUnderTheirNumber)
@@ -108,104 +111,4 @@ TEST(Commands, OfThePortsTheTempoAndTheScreenActUnderTheirNumber)
     stage.post(33228);
     stage.post(33236, 1);
     EXPECT_EQ(stage.told(), "");
-}
-
-TEST(Commands, CarryPortsAndEventsWholeWithAndWithoutWaiting)
-{
-    Stage stage;
-    stage.commands().postSetMidiInputPorts(stage.inputs({"Only"}));
-    stage.press("C4", 100, 0, 1);
-    EXPECT_EQ(stage.played(), "");
-    stage.commands().sendSetMidiInputPorts(stage.inputs({"In 1", "In 2"}));
-    // Too much for two parameters: a pulse at which it is due.
-    stage.commands().postProcessMidiInputEvent({MessageType::noteOn, 62, 100, 0, -1, -1, 1, stage.pulse + 3});
-    EXPECT_EQ(stage.played(), "");
-    EXPECT_EQ(stage.played(), "D4 on");
-
-    stage.commands().postSetMidiOutputPorts(stage.outputs({"Out 1"}));
-    stage.play({MessageType::noteOn, 60, 100, 0, 1, -1, -1, -1});
-    EXPECT_EQ(stage.played(), "");
-    stage.commands().sendSetMidiOutputPorts(stage.outputs({"Out 1", "Out 2"}));
-    stage.play({MessageType::noteOn, 60, 100, 0, 1, -1, -1, -1});
-    EXPECT_EQ(stage.played(), "C4 on on output 1");
-}
-
-TEST(EngineCommands, ReachTheEngine)
-{
-    Stage stage;
-    auto& engine = stage.engine();
-    const OrvMidiMessage direct(MessageType::noteOn, 60, 100, 2, -1, -1, -1, -1);
-    const OrvMidiMessage zoned(MessageType::noteOn, 60, 100, -1, -1, 4, -1, -1);
-    const auto controller = [](int value) {
-        return "Controller Change 1 " + std::to_string(value) + " on output 1 channel 5";
-    };
-    Layers::Layer layer;
-    layer.channel = 3;
-    const Oscillators::Oscillator oscillator{.id = 0,
-                                             .type = {Oscillators::OscillatorType::Kind::saw},
-                                             .speed = 1280,
-                                             .stopValue = 99,
-                                             .detail = 1,
-                                             .midiMessage = MidiMessage(MessageType::controllerChange, 1),
-                                             .output = 1,
-                                             .channel = 5};
-    struct Row {
-        std::function<void()> command;
-        std::string played;
-    };
-    const std::vector<Row> rows{
-        {[&] { engine.postPlayMidi(direct); }, "C4 on channel 2"},
-        {[&] {
-             engine.postPlayMidi({MessageType::noteOn, 62, 1, 0, 0, -1, -1, stage.pulse + 1});
-         },
-         "D4 on"},
-        {[&] {
-             engine.postSetDefaultMidiOutput(1);
-             engine.postPlayMidi(direct);
-         },
-         "C4 on on output 1 channel 2"},
-        {[&] {
-             engine.postSetMidiOutputPorts(stage.outputs({"Out 1"}));
-             engine.postPlayMidi(direct);
-         },
-         ""},
-        {[&] {
-             engine.postSetMidiOutputPorts(stage.outputs({"Out 1", "Out 2"}));
-             engine.postSetLayerList({layer, layer});
-             engine.postPlayMidi(zoned);
-         },
-         "D4 off, C4 off channel 2, C4 on on output 1 channel 3, C4 on on output 1 channel 3"},
-        {[&] {
-             engine.postSetZoneMap({{.id = 4, .transpose = 12}});
-             engine.postPlayMidi(zoned);
-         },
-         "C5 on on output 1 channel 3, C5 on on output 1 channel 3"},
-        {[&] {
-             engine.postSetZone({.id = 4, .transpose = -12});
-             engine.postPlayMidi(zoned);
-         },
-         "C3 on on output 1 channel 3, C3 on on output 1 channel 3"},
-        {[&] { engine.sendReset(); },
-         "C3 off on output 1 channel 3, C4 off on output 1 channel 3, C5 off on output 1 channel 3"},
-        {[&] { engine.postSetOscList({oscillator}); }, ""},
-        {[&] { engine.postSetOscPlaying(0, true); }, controller(0) + ", " + controller(99)},
-        {[&] { engine.postSetOscSpeed(0, 128); }, controller(1) + ", " + controller(2)},
-        {[&] { engine.postSetOscPlaying(0, false); }, controller(99)},
-        {[&] {
-             engine.postSetMidiThru(false);
-             engine.postPlayMidi({MessageType::noteOn, 70, 100, -1, -1, -1, 0, -1});
-         },
-         ""}};
-    for (std::size_t row = 0; row < rows.size(); ++row) {
-        rows[row].command();
-        EXPECT_EQ(stage.played(), rows[row].played) << "row " << row;
-    }
-    engine.postSetTempo(77);
-    engine.postSetTempoSource(2);
-    engine.postEnableMidiInput(1, false);
-    engine.postEnableMidiOutput(2, true);
-    stage.rest();
-    ASSERT_GE(stage.player.wishes.size(), 4u);
-    EXPECT_EQ((std::vector<std::string>(stage.player.wishes.end() - 4, stage.player.wishes.end())),
-              (std::vector<std::string>{"tempo 77", "source 2", "input 1 off", "output 2 on"}));
 }

@@ -6,7 +6,6 @@
 #include "backend/files/Bank.h"
 #include "backend/files/OrvUtils.h"
 #include "backend/files/RegistrySettings.h"
-#include "backend/messages/GuiMessages.h"
 #include "backend/model/PresetSections.h"
 #include "tests/stage/Stage.h"
 
@@ -121,58 +120,6 @@ TEST(Lifecycle, WhatTheUserChoseIsThereTheNextTime)
     EXPECT_TRUE(life.orv->getRegistrySettings().getMidiThru());
     EXPECT_EQ(life.orv->getRegistrySettings().getDefaultMidiOutput(), 0);
     life.end();
-}
-
-TEST(Settings, AreKeptAtTheEndAndTheWindowHearsOfThoseItShows)
-{
-    Life life;
-    life.begin();
-    const auto window = std::make_shared<MessageQueue>(64);
-    life.orv->setGuiWindowHandle(WindowHandle(window));
-    auto& commands = life.orv->getOrvMessageManager();
-    commands.postSetLastWindowPosition({1, 2, 3, 4});
-    commands.postSetDockToBottomEdge(true);
-    commands.postSetDisplayHeight(77);
-    commands.postSetLargeDisplayFont(true);
-    commands.postSetDisplayNumbers(true);
-    commands.postSetDisplayMidiInputEvents(true);
-    commands.postSetDisplayMidiOutputEvents(false);
-    commands.postSetRetroRecordBufferSize(1000);
-    commands.postSetRetroRecordBufferSize(999);
-    commands.postSetRetroRecordBufferSize(200000001);
-    commands.postEnableRetroRecord(false);
-    commands.postSetAlwaysOnTop(true);
-    commands.postSetUseSkinBorder(false);
-    commands.postChangeGlobalKeyboard({OnOffToggle::State::toggle}, true);
-    commands.postChangeGlobalKeyboard({OnOffToggle::State::toggle}, false);
-    commands.postSetMouseSensitivity(3);
-    commands.postSetLiteVelocity(64);
-    commands.postSetLiteChannel(9);
-    commands.postSetLiteStackNotes(false);
-    commands.postSetClickZoneChannelTranspose(true);
-    life.end();
-
-    std::vector<std::pair<unsigned, unsigned>> told;
-    while (window->handleNext([&](Message& message) { told.emplace_back(message.number, message.wparam); })) {}
-    using namespace GuiMessage;
-    EXPECT_EQ(told, (std::vector<std::pair<unsigned, unsigned>>{{DOCK_TO_BOTTOM_EDGE, 1},
-                                                                {LARGE_DISPLAY_FONT, 1},
-                                                                {RETRO_RECORD_BUFFER_SIZE, 1000},
-                                                                {RETRO_RECORD_ENABLED, 0},
-                                                                {ALWAYS_ON_TOP, 1},
-                                                                {USE_SKIN_BORDER, 0},
-                                                                {GLOBAL_KEYBOARD, 1},
-                                                                {MOUSE_SENSITIVITY, 3},
-                                                                {CLICK_ZONE_CHANNEL_TRANSPOSE, 1}}));
-    const std::string kept = life.read(SETTINGS_FILE);
-    EXPECT_EQ(kept.substr(kept.find('\n') + 1),
-              "GlobalKeyboard=number:0\nRetroRecordEnabled=number:0\nMaxMidiBufferFileSize=number:1000\n"
-              "LargeDisplayFont=number:1\nMouseSensitivity=number:3\nDockToBottomEdge=number:1\n"
-              "DisplayMidiInputEvents=number:1\nDisplayMidiOutputEvents=number:0\nDisplayNumbers=number:1\n"
-              "DisplayHeight=number:77\n"
-              "LastWindowPosition=hex:01000000020000000300000004000000\nEnabledMidiInputs=string:\n"
-              "EnabledMidiOutputs=string:\nAlwaysOnTop=number:1\nUseSkinBorder=number:0\nLiteVelocity=number:64\n"
-              "LiteChannel=number:9\nLiteStackNotes=number:0\nClickZoneChannelTranspose=number:1\n");
 }
 
 TEST(Lifecycle, AUserWithoutFoldersPlaysWithTheDefaults)

@@ -120,13 +120,14 @@ TEST(Orv, AnEventFromAControlOrWithAPulseArrivesWhole)
     Stage stage;
     stage.play({MidiMessage(MessageType::controllerChange, 7, 9), 0, 1, -1, {2, 3}});
     stage.commands().postPlayMidi({MessageType::noteOn, 60, 100, 0, 0, -1, -1, stage.pulse + 5});
+    stage.commands().postProcessMidiInputEvent({MessageType::noteOn, 62, 100, 0, -1, -1, 1, stage.pulse + 5});
     stage.rest();
     stage.playSlices(2);
     ASSERT_EQ(stage.player.events.size(), 1u);
     EXPECT_EQ(stage.player.events[0].getFromControl(), (Cell{2, 3}));
     stage.playSlices(4);
-    ASSERT_EQ(stage.player.events.size(), 2u);
-    EXPECT_EQ(stage.player.events[1].getPpq(), stage.pulse - 1);
+    ASSERT_EQ(stage.player.events.size(), 3u);
+    for (const std::size_t timed : {1u, 2u}) EXPECT_EQ(stage.player.events[timed].getPpq(), stage.pulse - 1);
 }
 
 TEST(Tempo, IsTakenWithinItsLimitsAndReachesTheHost)

@@ -173,23 +173,3 @@ TEST(SystemFunctions, ChangeProgramTempoOutputAndSwitchesAndTellTheWindow)
     EXPECT_TRUE(stage.orv->getRegistrySettings().getGlobalKeyboard());
     EXPECT_NE(stage.told().find(std::to_string(GuiMessage::GLOBAL_KEYBOARD) + " 1"), std::string::npos);
 }
-
-TEST(LayerFunctions, ChangeTheLayersTheyName)
-{
-    FunctionStage stage;
-    stage.setLayers({{}, {}});
-    for (const char* element :
-         {R"(<DataSelectLayer type="1"/>)", R"(<ChangeLayerTranspose value="+3"/>)",
-          R"(<ChangeLayerVelocity type="all" value="-5"/>)", R"(<ChangeLayerMute type="0" value="on"/>)",
-          R"(<ChangeLayerMono/>)", R"(<ChangeLayerSolo/>)", R"(<ChangeLayerNoteToggle type="0" value="type2"/>)"})
-        stage.run(element);
-
-    const auto layers = stage.orv->getLayerManager().getLayers().getLayers();
-    ASSERT_EQ(layers.size(), 2u);
-    EXPECT_EQ(layers[1].transpose.value, 3);
-    EXPECT_EQ(layers[0].transpose.value, 0);
-    EXPECT_EQ(layers[0].velocity.value, -5);
-    EXPECT_TRUE(layers[0].mute && !layers[1].mute);
-    EXPECT_TRUE(layers[1].mono && layers[1].solo);
-    EXPECT_EQ(layers[0].toggle.mode, NoteToggle::Mode::type2);
-}

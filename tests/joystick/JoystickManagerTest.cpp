@@ -46,25 +46,6 @@ TEST(AxisFunction, ScalesTheAxisToItsLimits)
     }
 }
 
-TEST(JoystickAxis, SendsItsEventsInOrderUntilOneIsNone)
-{
-    JoystickStage stage;
-    stage.load(
-        "<Axis joystick='1' axis='V'><Function midiEvent='Pitch Bend' output='1' channel='2' max='16383'/>"
-        "<Function midiEvent='Channel Pressure' output='0' channel='0' min='127' max='0'/>"
-        "<Function midiEvent='Controller Change,7' output='0' channel='0' min='20' max='100'/>"
-        "<Function midiEvent='Nonsense'/><Function midiEvent='Program Change' output='0' channel='0'/></Axis>" +
-        controllerAxis(1, "R", 9) + controllerAxis(0, "V", 8));
-    stage.axis(1, "V", 65535);
-    EXPECT_EQ(stage.played(),
-              "Pitch Bend 127 127 on output 1 channel 2, Channel Pressure 0 0, Controller Change 7 100");
-    stage.axis(1, "V", 20000);  // 4999.9 of 16383: 39 * 128 + 8
-    EXPECT_EQ(stage.played(), "Pitch Bend 8 39 on output 1 channel 2, Channel Pressure 88 0, Controller Change 7 44");
-    stage.axis(1, "U", 1);
-    stage.axis(2, "V", 1);
-    EXPECT_EQ(stage.played(), "") << "not bound, and none";
-}
-
 TEST(JoystickAxis, IsMovedByTheGridsOfTheWindow)
 {
     JoystickStage stage;
@@ -82,25 +63,6 @@ TEST(JoystickAxis, IsMovedByTheGridsOfTheWindow)
     EXPECT_EQ(stage.played(),
               "Controller Change 0 7, Controller Change 1 7, Controller Change 2 7, Controller Change 5 7, "
               "Controller Change 3 7, Controller Change 4 7");
-}
-
-TEST(JoystickButton, RunsItsFunctionsAsAKeyDoes)
-{
-    JoystickStage stage;
-    const auto play = [](const std::string& note) {
-        return "<Down><MidiNoteOn output='0' channel='0' note='" + note + "'/></Down>";
-    };
-    stage.load("<Button joystick='0' button='35'><Function>" + play("C4") + "</Function><Function keepSending='true'>" +
-               play("D4") + "</Function><Function/><Function keepSending='true'>" + play("E4") +
-               "</Function></Button>" + noteButton(1, 35, "F4"));
-    stage.down(0, 35);
-    EXPECT_EQ(stage.played(), "C4 on, D4 on, E4 on");
-    stage.down(0, 35, true);
-    EXPECT_EQ(stage.played(), "D4 on") << "an entry that does nothing and is not sent again ends a repeat";
-    stage.down(1, 35), stage.down(1, 35, true), stage.up(0, 35), stage.up(1, 35), stage.down(0, 36);
-    stage.messages().postGuiButtonDown({1, 35}, false);
-    stage.messages().postGuiButtonUp({1, 35});
-    EXPECT_EQ(stage.played(), "F4 on, F4 off, F4 on, F4 off");
 }
 
 TEST(DisabledJoystick, IsNotHeardWhileItsGridStillPlays)

@@ -76,34 +76,6 @@ TEST(JoystickSection, SaysWhichJoysticksAreDisabledButDoesNotWriteIt)
     EXPECT_EQ(stage.played(), "C4 on, C4 off") << "by what it was pressed with";
 }
 
-TEST(JoystickPresets, AreSavedLoadedRenamedAndDeleted)
-{
-    JoystickStage stage;
-    const auto press = [&] {
-        stage.down(0, 0), stage.up(0, 0);
-        return stage.played();
-    };
-    const auto& presets = stage.joysticks().getPresets();
-    stage.load(noteButton(0, 0, "C4"));
-    stage.messages().postSavePreset("One");
-    stage.messages().postSavePreset("Two");
-    stage.rest();
-    stage.load(noteButton(0, 0, "D4"));
-    stage.messages().postLoadPreset("Missing");
-    EXPECT_EQ(press(), "D4 on, D4 off");
-    stage.load(
-        "<Button joystick='0' button='0'><Function><Down><LoadJoystickInputPreset preset='One'/></Down>"
-        "</Function></Button>");
-    EXPECT_EQ(press(), "C4 off") << "a function may replace the button it stands in";
-    EXPECT_EQ(press(), "C4 on, C4 off");
-    stage.messages().postRenamePreset("One", "First");
-    stage.messages().postDeletePreset("Two");
-    stage.rest();
-    ASSERT_EQ(presets.getList().getEntries().size(), 1u);
-    EXPECT_EQ(presets.getList().getEntries()[0], (PresetEntry{"First", false}));
-    EXPECT_TRUE(presets.getFolder().ends_with("/Joystick Presets"));
-}
-
 TEST(JoystickSection, IsEmptiedByAProgramThatLacksIt)
 {
     JoystickStage stage;

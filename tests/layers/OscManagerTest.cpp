@@ -184,27 +184,6 @@ TEST(OscOperations, AreHeardAndSeen)
     EXPECT_EQ(values, "2:64 2:0 2:127 2:0 2:64 ");
 }
 
-TEST(OscPresets, AreSavedLoadedMergedRenamedAndDeleted)
-{
-    OscStage stage;
-    const auto& presets = stage.oscillators().getPresets().getList();
-    stage.messages().postChangeSpeed(1, {false, 100});
-    stage.messages().postSavePreset("All", {});
-    stage.messages().postSavePreset("One", {1});
-    stage.messages().postLoadPreset("One");
-    stage.rest();
-    ASSERT_EQ(stage.oscillators().getOscillators().size(), 4u);
-    EXPECT_EQ(stage.oscillator(3).speed, 100);
-    stage.messages().postLoadPreset("All");
-    stage.messages().postLoadPreset("None");
-    stage.messages().postRenamePreset("One", "Second");
-    stage.messages().postDeletePreset("All");
-    stage.rest();
-    EXPECT_EQ(stage.oscillators().getOscillators().size(), 3u);
-    EXPECT_EQ(presets.find("All"), nullptr);
-    EXPECT_NE(presets.find("Second"), nullptr);
-}
-
 TEST(Programs, BringTheirOscillatorsAndNoneWhereTheyHaveNone)
 {
     OscStage stage;

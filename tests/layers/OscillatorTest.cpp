@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <fstream>
 #include <numbers>
 #include <random>
 #include <sstream>
@@ -95,37 +94,6 @@ TEST(Oscillator, IsWrittenAsItIsReadAndReadAsItIsWritten)
     ASSERT_EQ(back.size(), 3u);
     EXPECT_EQ(back.findElement(2)->id, 2);
     EXPECT_EQ(back.findElement(2)->detail, 0);
-}
-
-/// The event lists beside the programs were computed from the formulas by oscillators.py.
-TEST(Oscillators, PlayTheEventsOfTheirFormulas)
-{
-    struct Row {
-        const char* name;
-        unsigned seed;
-        int oscillators, off, on, end, last;
-    };
-    for (const auto& [name, seed, oscillators, off, on, end, last] : {Row{"waves", 1, 10, 200, 203, 325, 330},
-                                                                      {"random_waves", 7, 4, 200, 203, 325, 330},
-                                                                      {"wild_waves", 1, 11, 60, 63, 90, 100}}) {
-        const std::string path = std::string(ORVANE_PERFORMANCES) + "/" + name;
-        std::ostringstream section, expected;
-        section << std::ifstream(path + ".prg").rdbuf();
-        const auto begin = section.str().find("<Osc"), close = section.str().find("</Osc");
-        Engine stage(
-            section.str().substr(section.str().find('>', begin) + 1, close - section.str().find('>', begin) - 1));
-        stage.engine.setRandomSeed(seed);
-        stage.switchAll(oscillators, true);
-        std::string played = stage.play(off);
-        stage.switchAll(oscillators, false);
-        played += stage.play(on);
-        stage.switchAll(oscillators, true);
-        played += stage.play(end);
-        stage.switchAll(oscillators, false);
-        played += stage.play(last);
-        expected << std::ifstream(path + ".events").rdbuf();
-        EXPECT_EQ("ppq,output,status,d1,d2\n" + played, expected.str()) << name;
-    }
 }
 
 TEST(SineWave, GivesTheValuesOfTheLibrarysSine)

@@ -80,39 +80,6 @@ TEST(Zones, ReachAsFarAsTheInputsPlayInThem)
     EXPECT_EQ(update({{4, Note(51), Note(51)}, {2, Note(60), Note(61)}}), "2 C4-C#4 7; 4 D#3-D#3 0 selected; ");
 }
 
-TEST(Zones, AreSelectedPastGaps)
-{
-    ZoneStage stage;
-    stage.read("<Zone id='2'/><Zone id='5'/>");
-    const auto select = [&](Kind kind, int value = 0) {
-        stage.zones().selectZone({kind, value});
-        return stage.selected();
-    };
-    EXPECT_EQ(select(Kind::up), 5);
-    EXPECT_EQ(select(Kind::up), 5) << "nothing above";
-    EXPECT_EQ(select(Kind::down), 2);
-    EXPECT_EQ(select(Kind::down), 2);
-    EXPECT_EQ(select(Kind::specific, 5), 5);
-    EXPECT_EQ(select(Kind::specific, 3), -1) << "an unknown number leaves none";
-    EXPECT_EQ(select(Kind::specific, 261), -1);
-    EXPECT_EQ(select(Kind::up), 2);
-}
-
-TEST(Zones, AreTransposedByNumberAllTogetherOrWhereSelected)
-{
-    ZoneStage stage;
-    stage.read("<Zone id='2'/><Zone id='5' transpose='120'/>");
-    stage.zones().changeTranspose({Kind::all}, {true, 10});
-    stage.zones().changeTranspose({Kind::specific, 5}, {true, 1});
-    stage.zones().changeTranspose({Kind::specific, 4}, {true, 1});
-    stage.zones().changeTranspose({Kind::up}, {false, 7});
-    stage.zones().setZoneTranspose(9, 3);
-    EXPECT_EQ(stage.zones().getZones().findElement(2)->transpose, 7);
-    EXPECT_EQ(stage.zones().getZones().findElement(5)->transpose, static_cast<std::int8_t>(131));
-    EXPECT_EQ(stage.zones().getZones().size(), 2u);
-    stage.rest();
-}
-
 TEST(Zones, AHeldNoteEndsWhereItSoundsWhateverBecomesOfItsZone)
 {
     ZoneStage stage;

@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <sstream>
-
 #include "backend/bindings/translations/TranslationFactories.h"
 #include "backend/messages/GuiMessages.h"
 #include "backend/model/Program.h"
@@ -29,13 +27,6 @@ struct InputStage : Stage {
         const std::string text = "<MidiInput>" + events + "</MidiInput>";
         input().loadSection(XmlDocument(text, XmlDocument::Source::text).getRoot());
         rest();
-    }
-
-    std::string saved(const std::vector<MidiEvent>& events = {})
-    {
-        std::ostringstream out;
-        input().writeSection(out, 0, events);
-        return out.str();
     }
 
     /// A controller of the first input.
@@ -179,41 +170,4 @@ TEST(MidiInputWindow, IsToldOfEveryChangeAndAskedToMove)
     listen();
     EXPECT_EQ(move.x.inPixels(1270), (RelativeFixedValue{false, 640}));
     EXPECT_EQ(move.y, (WindowCoordinate{{false, 300}}));
-}
-
-TEST(MidiInputPresets, AreSavedLoadedMergedRenamedAndDeleted)
-{
-    InputStage stage;
-    auto& messages = stage.orv->getMidiInputMessageManager();
-    const auto& list = stage.input().getPresets().getList();
-    stage.load(entry("Note On,60", to("Unchanged D1='61'")) + entry("Note On,62", to("DoNothing")));
-    const std::string all = stage.saved();
-    messages.postSavePreset("All", {});
-    messages.postSavePreset("Some", {note(62), note(64)});
-    stage.rest();
-    EXPECT_FALSE(list.find("All")->merge);
-    EXPECT_TRUE(list.find("Some")->merge);
-
-    stage.load(entry("Note On,62", to("Unchanged D1='63'")) + entry("Note On,64", to("DoNothing")));
-    messages.postLoadPreset("Some");
-    messages.postLoadPreset("Nowhere");
-    stage.press("D4");
-    stage.press("E4");
-    EXPECT_EQ(stage.played(), "E4 on") << "the one swallows again, the other was cleared";
-    messages.postLoadPreset("All");
-    messages.postRenamePreset("All", "Whole");
-    messages.postDeletePreset("Some");
-    stage.rest();
-    EXPECT_EQ(stage.saved(), all);
-    ASSERT_EQ(list.getEntries().size(), 1u);
-    EXPECT_EQ(list.getEntries()[0].name, "Whole");
-}
-
-TEST(MidiInput, IgnoresASectionOfAnotherName)
-{
-    InputStage stage;
-    stage.load(entry("Note On,60", to("DoNothing")));
-    for (const char* text : {"<ComputerInput/>", "<midiInput/>", "nothing"})
-        stage.input().loadSection(XmlDocument(text, XmlDocument::Source::text).getRoot());
-    EXPECT_EQ(stage.input().getConfiguration().size(), 1u);
 }

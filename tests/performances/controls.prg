@@ -14,6 +14,9 @@
 			<Function midiEvent="Controller Change,7" output="1" channel="2"/>
 			<Function midiEvent="Controller Change,91"/>
 		</Control>
+		<Control cell="3,0" type="vfader" value="1"><Function midiEvent="Controller Change,0" channel="5"/></Control>
+		<Control cell="3,1" type="vfader" value="2"><Function midiEvent="Controller Change,32" channel="5"/></Control>
+		<Control cell="3,2" type="vfader" value="3"><Function midiEvent="Program Change" channel="5"/></Control>
 	</Controls>
 	<Layers>
 		<Layer channel="1"/>
