@@ -6,12 +6,12 @@
 #include <map>
 #include <memory>
 
-#include "gui/resources/Bitmap.h"
-#include "gui/resources/Brush.h"
-#include "gui/resources/Colour.h"
-#include "gui/resources/Cursor.h"
-#include "gui/resources/Font.h"
-#include "gui/resources/Pen.h"
+#include "gui/framework/Bitmap.h"
+#include "gui/framework/Brush.h"
+#include "gui/framework/Colour.h"
+#include "gui/framework/Cursor.h"
+#include "gui/framework/Font.h"
+#include "gui/framework/Pen.h"
 
 namespace Gui
 {

@@ -8,7 +8,7 @@
 #include "backend/model/PresetList.h"
 #include "backend/model/PresetSections.h"
 #include "backend/model/Program.h"
-#include "gui/screens/preset/PresetGuiOwner.h"
+#include "gui/presets/PresetGuiOwner.h"
 #include "tests/gui/DialogHands.h"
 #include "tests/gui/FullDisk.h"
 #include "tests/gui/PlainUser.h"

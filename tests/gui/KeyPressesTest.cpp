@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "gui/screens/main/KeyPresses.h"
+#include "gui/keyboard/KeyPresses.h"
 
 namespace
 {

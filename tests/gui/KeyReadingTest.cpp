@@ -2,7 +2,7 @@
 
 #include <QKeyEvent>
 
-#include "gui/screens/main/KeyReading.h"
+#include "gui/keyboard/KeyReading.h"
 
 namespace
 {

@@ -2,10 +2,10 @@
 
 #include <QAccessible>
 
+#include "gui/musickeyboard/KeyPlayer.h"
+#include "gui/musickeyboard/MusicKeyboardCtl.h"
+#include "gui/musickeyboard/SoundingNotes.h"
 #include "gui/screens/output/ChannelLights.h"
-#include "gui/screens/output/KeyPlayer.h"
-#include "gui/screens/output/MusicKeyboardCtl.h"
-#include "gui/screens/output/SoundingNotes.h"
 #include "tests/gui/ScreenStage.h"
 
 using namespace Gui::Output;

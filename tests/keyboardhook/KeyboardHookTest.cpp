@@ -9,7 +9,7 @@
 #include <random>
 #include <thread>
 
-#include "gui/framework/KeyboardHookProxy.h"
+#include "gui/keyboard/KeyboardHookProxy.h"
 #include "keyboardhook/KeyboardHookMessages.h"
 #include "platform/Module.h"
 #include "platform/WindowHandle.h"

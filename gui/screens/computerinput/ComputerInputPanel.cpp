@@ -9,8 +9,8 @@
 #include "gui/OrvGuiIF.h"
 #include "gui/framework/GuiMessageManagerMaster.h"
 #include "gui/framework/Properties.h"
+#include "gui/presets/PresetCtl.h"
 #include "gui/screens/computerinput/ComputerKeyboardCtl.h"
-#include "gui/screens/preset/PresetCtl.h"
 
 namespace Gui::ComputerInput
 {

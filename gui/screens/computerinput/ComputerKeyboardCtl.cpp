@@ -6,9 +6,9 @@
 
 #include "backend/values/Note.h"
 #include "gui/OrvGuiIF.h"
+#include "gui/keyboard/KeyPresses.h"
 #include "gui/screens/computerinput/FunctionCaption.h"
 #include "gui/screens/computerinput/KeyboardPlan.h"
-#include "gui/screens/main/KeyPresses.h"
 #include "keyboardhook/KeyTable.h"
 
 namespace Gui::ComputerInput

@@ -2,7 +2,7 @@
 
 #include <cstring>
 
-#include "gui/framework/XKeyboard.h"
+#include "gui/keyboard/XKeyboard.h"
 #include "gui/screens/computerinput/KeyboardPlan.h"
 #include "keyboardhook/KeyTable.h"
 

@@ -3,7 +3,7 @@
 #include "backend/model/MidiPort.h"
 #include "backend/values/OrvMidiMessage.h"
 #include "gui/framework/Panel.h"
-#include "gui/screens/output/KeyPlayer.h"
+#include "gui/musickeyboard/KeyPlayer.h"
 
 class QLabel;
 

@@ -7,7 +7,7 @@
 
 #include "gui/OrvGuiIF.h"
 #include "gui/framework/Properties.h"
-#include "gui/screens/main/GlobalKeyboard.h"
+#include "gui/keyboard/GlobalKeyboard.h"
 #include "gui/screens/setup/BankField.h"
 #include "gui/screens/setup/ChoiceField.h"
 #include "gui/screens/setup/NumberField.h"

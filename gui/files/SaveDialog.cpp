@@ -1,0 +1,190 @@
+#include "gui/files/SaveDialog.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QListWidget>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QVBoxLayout>
+#include <utility>
+
+#include "api/OrvMessageManager.h"
+#include "gui/OrvGuiIF.h"
+#include "gui/files/FileCommands.h"
+#include "gui/framework/EditBox.h"
+#include "gui/framework/FileDialog.h"
+#include "gui/framework/FileNames.h"
+#include "gui/framework/ManualButton.h"
+#include "gui/framework/Operation.h"
+#include "gui/framework/Properties.h"
+#include "gui/framework/Question.h"
+
+namespace Gui::Files
+{
+namespace
+{
+constexpr QSize LIST(380, 200);
+}
+
+SaveDialog::SaveDialog(OrvGuiIF& owner, QWidget& parent)
+    : QDialog(&parent),
+      gui(owner),
+      name(new EditBox),
+      currentBank(new QRadioButton),
+      anotherBank(new QRadioButton(tr("In another bank..."))),
+      programFile(new QRadioButton(tr("As a program file..."))),
+      programs(new QListWidget)
+{
+    setWindowTitle(tr("Save"));
+    auto* column = new QVBoxLayout(this);
+    auto* label = new QLabel(tr("Program name:"));
+    label->setBuddy(name);
+    name->setAccessibleName(tr("Program name"));
+    Property::setHelp(*name, tr("The name of the program, as the bank will show it."));
+    column->addWidget(label);
+    column->addWidget(name);
+    addTargets();
+    addButtons();
+    showBank();
+    name->selectAll();
+}
+
+void SaveDialog::addTargets()
+{
+    Property::setHelp(*currentBank, tr("Into the bank that is loaded, in place of the program chosen below."));
+    Property::setHelp(*anotherBank, tr("Into another bank, in place of its program of the same number. That bank is "
+                                       "loaded then."));
+    Property::setHelp(*programFile, tr("As a file that holds this program alone."));
+    programs->setMinimumSize(LIST);
+    programs->setAccessibleName(tr("Program to replace"));
+    Property::setHelp(*programs, tr("The program of the bank whose place this one takes."));
+    connect(programs, &QListWidget::itemDoubleClicked, this, &QDialog::accept);
+    connect(currentBank, &QRadioButton::toggled, programs, &QWidget::setEnabled);
+    for (QWidget* row : {static_cast<QWidget*>(currentBank), static_cast<QWidget*>(programs),
+                         static_cast<QWidget*>(anotherBank), static_cast<QWidget*>(programFile)})
+        layout()->addWidget(row);
+}
+
+void SaveDialog::addButtons()
+{
+    auto* row = new QHBoxLayout;
+    addManualButton(*row, "save.htm");
+    row->addStretch();
+    auto* save = new QPushButton(tr("Save"));
+    save->setDefault(true);
+    connect(save, &QPushButton::clicked, this, &QDialog::accept);
+    auto* cancel = new QPushButton(tr("Cancel"));
+    connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
+    row->addWidget(save);
+    row->addWidget(cancel);
+    static_cast<QVBoxLayout*>(layout())->addLayout(row);
+}
+
+/// As the window knows the bank and the program now.
+void SaveDialog::showBank()
+{
+    bank = gui.getCurrentBank();
+    program = gui.getCurrentProgram();
+    name->setText(QString::fromStdString(program.name));
+    currentBank->setText(tr("In the bank \"%1\", in place of:").arg(shownFileName(bank.name)));
+    programs->clear();
+    int number = 0;
+    for (const std::string& each : bank.programNames)
+        programs->addItem(QString::number(++number) + ": " + QString::fromStdString(each));
+    programs->setCurrentRow(program.number);
+    currentBank->setEnabled(!bank.programNames.empty());
+    anotherBank->setEnabled(!bank.name.empty());
+    (bank.programNames.empty() ? programFile : currentBank)->setChecked(true);
+    programs->setEnabled(currentBank->isChecked());
+}
+
+bool SaveDialog::isUpToDate() const
+{
+    const Backend::Program& now = gui.getCurrentProgram();
+    return gui.getCurrentBank() == bank && now.number == program.number && now.name == program.name;
+}
+
+QString SaveDialog::refusal() const
+{
+    if (name->text().trimmed().isEmpty()) return tr("Name cannot be blank");
+    if (currentBank->isChecked() && programs->currentRow() < 0) return tr("Choose the program to replace.");
+    return {};
+}
+
+void SaveDialog::accept()
+{
+    if (!isUpToDate()) {
+        showBank();
+        return tell(*this, tr("Error"), tr("Another program was loaded meanwhile. It is shown now."));
+    }
+    if (const QString reason = refusal(); !reason.isEmpty()) return tell(*this, tr("Error"), reason);
+    if (currentBank->isChecked()) return saveToCurrentBank();
+    anotherBank->isChecked() ? saveToAnotherBank() : saveToProgram();
+}
+
+/// A program that goes where it came from is not asked for; one that is called otherwise there might be another one.
+void SaveDialog::saveToCurrentBank()
+{
+    const int number = programs->currentRow();
+    const std::string& old = bank.programNames[static_cast<std::size_t>(number)];
+    const auto go = [this, number] {
+        save(bank.name,
+             [this, number](const auto& window) { gui.getOrvMessageManager().postSaveToCurrentBank(number, window); });
+    };
+    if (number == program.number && old == name->text().trimmed().toStdString()) return go();
+    ask(*this, tr("Confirm Overwrite"),
+        tr("Program %1 \"%2\" will be replaced. Continue?").arg(number + 1).arg(QString::fromStdString(old)), go);
+}
+
+void SaveDialog::saveToAnotherBank()
+{
+    showFileDialog(*this, {.title = tr("Save To Bank"), .filters = {bankFilter()}, .folder = getBanksFolder()},
+                   [this](const std::string& path) { askToReplaceIn(path); });
+}
+
+void SaveDialog::askToReplaceIn(const std::string& path)
+{
+    const std::vector<std::string> names = Backend::Bank::fromFile(path).programNames;
+    const auto number = static_cast<std::size_t>(program.number);
+    const QString place = QString::number(program.number + 1);
+    const QString file = shownFileName(path);
+    if (number >= names.size())
+        return tell(*this, tr("Error"),
+                    tr("\"%1\" has no program %2 whose place this one could take.").arg(file, place));
+    ask(*this, tr("Confirm Overwrite"),
+        tr("Program %1 \"%2\" of \"%3\" will be replaced. Continue?")
+            .arg(place, QString::fromStdString(names[number]), file),
+        [this, path] {
+            save(path, [this, path](const auto& window) { gui.getOrvMessageManager().postSaveToBank(path, window); });
+        });
+}
+
+void SaveDialog::saveToProgram()
+{
+    showFileDialog(*this,
+                   {.purpose = FileQuestion::Purpose::save,
+                    .title = tr("Save To Program File"),
+                    .filters = {programFilter()},
+                    .folder = getBanksFolder(),
+                    .extension = QStringLiteral("prg"),
+                    .name = asFileName(name->text(), tr("Program")) + ".prg"},
+                   [this](const std::string& path) {
+                       save(path, [this, path](const auto& window) {
+                           gui.getOrvMessageManager().postSaveToProgram(path, window);
+                       });
+                   });
+}
+
+/// What is asked for meanwhile is asked of the program that was shown.
+void SaveDialog::save(const std::string& target, std::function<void(const WindowHandle& window)> post)
+{
+    if (!isUpToDate()) return accept();
+    const std::string newName = name->text().trimmed().toStdString();
+    if (newName != program.name) gui.getOrvMessageManager().postChangeProgramName(newName);
+    QDialog::accept();
+    run(*parentWidget(),
+        {.title = tr("Saving..."),
+         .post = std::move(post),
+         .failure = tr("The program could not be saved; \"%1\" is as it was.").arg(shownFileName(target))});
+}
+}  // namespace Gui::Files

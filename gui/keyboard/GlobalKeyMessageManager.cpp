@@ -1,0 +1,45 @@
+#include "gui/keyboard/GlobalKeyMessageManager.h"
+
+#include <array>
+
+#include "gui/OrvGuiIF.h"
+#include "gui/keyboard/KeyPresses.h"
+#include "keyboardhook/KeyTable.h"
+#include "keyboardhook/KeyboardHookMessages.h"
+
+namespace Gui
+{
+using KeyboardHook::KeyEvent;
+using Road = KeyPresses::Road;
+
+namespace
+{
+Key keyOf(const KeyEvent& event)
+{
+    return {.keyCode = KeyTable::virtualKeyAt(event.scanCode),
+            .shift = (event.modifiers & KeyboardHook::SHIFT) != 0,
+            .control = (event.modifiers & KeyboardHook::CONTROL) != 0,
+            .alt = (event.modifiers & KeyboardHook::ALT) != 0,
+            .win = (event.modifiers & KeyboardHook::WIN) != 0};
+}
+
+void keyDown(OrvGuiIF& gui, Message& message)
+{
+    const auto event = KeyEvent::fromMessage(message);
+    gui.getKeyPresses().press(Road::hook, keyOf(event), event.repeat);
+}
+
+void keyUp(OrvGuiIF& gui, Message& message)
+{
+    gui.getKeyPresses().release(Road::hook, keyOf(KeyEvent::fromMessage(message)));
+}
+
+constexpr auto COMMANDS = std::to_array<GuiCommand<OrvGuiIF>>({
+    {KeyboardHook::KEY_DOWN, &keyDown},
+    {KeyboardHook::KEY_UP, &keyUp},
+    valueCommand<&OrvGuiIF::handleGlobalKeySwitched, bool, OrvGuiIF>(KeyboardHook::UD_KEYBOARDHOOK_GLOBAL_KEY_CHANGED),
+});
+}  // namespace
+
+GlobalKeyMessageManager::GlobalKeyMessageManager(OrvGuiIF& gui) : TableMessageManager(COMMANDS, gui) {}
+}  // namespace Gui

@@ -1,0 +1,64 @@
+#include "gui/keyboard/KeyInput.h"
+
+#include <QKeyEvent>
+#include <chrono>
+
+#include "gui/keyboard/KeyPresses.h"
+#include "gui/keyboard/KeyReading.h"
+#include "gui/keyboard/XKeyboard.h"
+#include "keyboardhook/KeyTable.h"
+
+namespace Gui
+{
+using Road = KeyPresses::Road;
+
+namespace
+{
+constexpr auto WATCH_INTERVAL = std::chrono::milliseconds(200);
+}
+
+KeyInput::KeyInput(KeyPresses& keyPresses) : presses(keyPresses)
+{
+    XKeyboard::makeRepeatsDetectable();
+    watch.setInterval(WATCH_INTERVAL);
+    QObject::connect(&watch, &QTimer::timeout, [this] { releaseWhatIsUp(); });
+}
+
+void KeyInput::press(const QKeyEvent& event)
+{
+    presses.press(Road::window, readKey(event), event.isAutoRepeat());
+    if (!watch.isActive()) watch.start();
+}
+
+void KeyInput::release(const QKeyEvent& event)
+{
+    if (!event.isAutoRepeat()) presses.release(Road::window, readKey(event));
+}
+
+/// A key that went down just behind the focus is down by now too, but what tells of it waits already and is heard
+/// first.
+void KeyInput::focusCame()
+{
+    const auto down = XKeyboard::getKeysDown();
+    if (!down) return;
+    QTimer::singleShot(0, &watch, [this, keys = *down] {
+        for (std::size_t place = 0; place < keys.size(); ++place)
+            if (keys.test(place)) presses.ignoreUntilReleased(KeyTable::virtualKeyAt(static_cast<std::int64_t>(place)));
+        watch.start();
+    });
+}
+
+void KeyInput::focusWent() { presses.releaseAll(Road::window); }
+
+void KeyInput::releaseWhatIsUp()
+{
+    const auto codes = presses.getCodesDown(Road::window);
+    const auto down = codes.empty() ? std::nullopt : XKeyboard::getKeysDown();
+    if (!down) return watch.stop();
+    for (const int code : codes) {
+        const int place = KeyTable::scanCodeOf(code);
+        if (place >= 0 && !down->test(static_cast<std::size_t>(place)))
+            presses.release(Road::window, Key{.keyCode = code});
+    }
+}
+}  // namespace Gui

@@ -1,0 +1,126 @@
+#include "gui/keyboard/KeyPresses.h"
+
+#include <algorithm>
+
+namespace Gui
+{
+namespace
+{
+constexpr int LEFT_SHIFT = 16;
+constexpr int RIGHT_SHIFT = 1;
+constexpr int LEFT_CONTROL = 17;
+constexpr int RIGHT_CONTROL = 225;
+constexpr int LEFT_ALT = 164;
+constexpr int RIGHT_ALT = 165;
+constexpr int LEFT_WINDOWS = 91;
+constexpr int RIGHT_WINDOWS = 92;
+
+struct ModifierKey {
+    int code;
+    bool Key::*modifier;
+};
+constexpr ModifierKey MODIFIER_KEYS[] = {{LEFT_SHIFT, &Key::shift},     {RIGHT_SHIFT, &Key::shift},
+                                         {LEFT_CONTROL, &Key::control}, {RIGHT_CONTROL, &Key::control},
+                                         {LEFT_ALT, &Key::alt},         {RIGHT_ALT, &Key::alt},
+                                         {LEFT_WINDOWS, &Key::win},     {RIGHT_WINDOWS, &Key::win}};
+
+constexpr bool isShift(int code) { return code == LEFT_SHIFT || code == RIGHT_SHIFT; }
+constexpr bool isShiftOrControl(int code) { return isShift(code) || code == LEFT_CONTROL || code == RIGHT_CONTROL; }
+}  // namespace
+
+bool Key::*KeyPresses::modifierOf(int keyCode)
+{
+    const auto* const row = std::ranges::find(MODIFIER_KEYS, keyCode, &ModifierKey::code);
+    return row == std::end(MODIFIER_KEYS) ? nullptr : row->modifier;
+}
+
+void KeyPresses::press(Road road, const Key& key, bool isRepeat)
+{
+    if (key.keyCode < 0) return;
+    auto found = presses.find(key.keyCode);
+    const bool wasDown = found != presses.end();
+    if (!wasDown && isRepeat) return;
+    if (wasDown && found->second.ignored) return;
+
+    bool Key::*const own = modifierOf(key.keyCode);
+    Key played = key;
+    if (own != nullptr)
+        played.*own = false;
+    else
+        releaseLostModifiers(road, key);
+    if (presses.contains(RIGHT_ALT) && own != &Key::alt) played.alt = true;  // as AltGr it is no Alt to the desktop
+
+    const bool isChord = isShift(key.keyCode) && isChordWith(key);
+    presses.insert_or_assign(key.keyCode, Press{road, played});
+    if (isChord) return;
+    listener.showKey(key.keyCode, true);
+    listener.keyDown(played, wasDown);
+}
+
+/// Whether anything is held but Shift and Control.
+bool KeyPresses::isChordWith(const Key& shift) const
+{
+    return shift.alt || shift.win ||
+           std::ranges::any_of(presses, [](const auto& press) { return !isShiftOrControl(press.first); });
+}
+
+bool KeyPresses::isHeld(bool Key::*modifier) const
+{
+    return std::ranges::any_of(presses, [modifier](const auto& press) { return modifierOf(press.first) == modifier; });
+}
+
+/// The desktop may take a modifier's release for itself. Of the right Alt key not every desktop tells that it is held.
+void KeyPresses::releaseLostModifiers(Road road, const Key& held)
+{
+    for (const auto& [code, modifier] : MODIFIER_KEYS) {
+        const auto found = presses.find(code);
+        if (found == presses.end() || found->second.road != road || code == RIGHT_ALT || held.*modifier) continue;
+        comeUp(found, Key{.keyCode = code});
+    }
+}
+
+void KeyPresses::release(Road road, const Key& key)
+{
+    const auto found = presses.find(key.keyCode);
+    if (found == presses.end() || found->second.road != road) return;
+    comeUp(found, key);
+}
+
+void KeyPresses::comeUp(Presses::iterator press, const Key& key)
+{
+    const Press released = press->second;
+    presses.erase(press);
+    if (released.ignored) return;
+    Key played = key;
+    if (bool Key::*const own = modifierOf(key.keyCode)) played.*own = isHeld(own);
+    if (presses.contains(RIGHT_ALT)) played.alt = true;
+    listener.showKey(key.keyCode, false);
+    if (key.keyCode != LEFT_WINDOWS) listener.keyUp(played);
+}
+
+void KeyPresses::releaseAll(Road road)
+{
+    for (const int code : getCodesDown(road)) {
+        const auto found = presses.find(code);
+        if (found == presses.end() || found->second.road != road) continue;
+        const Press released = found->second;
+        presses.erase(found);
+        if (released.ignored) continue;
+        listener.showKey(code, false);
+        if (code != LEFT_WINDOWS) listener.keyUp(released.key);
+    }
+}
+
+void KeyPresses::ignoreUntilReleased(int keyCode)
+{
+    if (keyCode >= 0) presses.try_emplace(keyCode, Press{Road::window, Key{.keyCode = keyCode}, true});
+}
+
+std::vector<int> KeyPresses::getCodesDown(Road road) const
+{
+    std::vector<int> codes;
+    for (const auto& [code, press] : presses)
+        if (press.road == road) codes.push_back(code);
+    return codes;
+}
+}  // namespace Gui

@@ -1,0 +1,189 @@
+#include "gui/musickeyboard/MusicKeyboardCtl.h"
+
+#include <QMouseEvent>
+#include <QPaintEvent>
+#include <QPainter>
+#include <QStringList>
+#include <chrono>
+#include <utility>
+
+#include "backend/values/Note.h"
+#include "gui/framework/GdiManager.h"
+#include "gui/framework/GuiContext.h"
+#include "gui/framework/Properties.h"
+#include "gui/musickeyboard/KeyboardPainter.h"
+
+namespace Gui::Output
+{
+using Backend::MidiEngine::Octave;
+using Backend::MidiEngine::OrvMidiMessage;
+
+namespace
+{
+constexpr auto FRAME = std::chrono::milliseconds(16);
+constexpr int LOUDEST = 127;
+
+QString nameOf(int note) { return QString::fromStdString(Backend::MidiEngine::getNoteName(note, Octave::with)); }
+
+/// Rises fast at first: the middle of a key is already loud, and the last third changes little.
+int velocityAt(int note, int y)
+{
+    const double fromFront = 1.0 - static_cast<double>(y) / (KeyOutlines::keyRectangle(note).height() - 1);
+    return LOUDEST - static_cast<int>((LOUDEST - 1) * fromFront * fromFront);
+}
+}  // namespace
+
+MusicKeyboardCtl::MusicKeyboardCtl(GuiContext& guiContext, QWidget* parent) : QWidget(parent), context(guiContext)
+{
+    setFixedSize(KeyOutlines::WIDTH, KeyOutlines::WHITE_HEIGHT + KeyboardPainter::LABEL_HEIGHT);
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setMouseTracking(true);  // it sees a button that was let go elsewhere
+    setAccessibleName(tr("Music keyboard"));
+    Property::setHelp(*this, tr("Shows the notes that sound. Click a key to play it, nearer to its front for louder."));
+    frame.setSingleShot(true);
+    connect(&frame, &QTimer::timeout, this, [this] { showFrame(); });
+}
+
+void MusicKeyboardCtl::setListener(Listener* newListener)
+{
+    release();
+    listener = newListener;
+}
+
+// --- what sounds
+
+void MusicKeyboardCtl::displayMidiOutputEvent(const OrvMidiMessage& event)
+{
+    notes.take(event);
+    const int note = event.getD1();
+    if (event.isNoteOn() && notes.isSounding(note)) struck.set(static_cast<std::size_t>(note));
+    showSoon();
+}
+
+void MusicKeyboardCtl::clearHilight()
+{
+    notes.clear();
+    struck.reset();
+    showSoon();
+}
+
+void MusicKeyboardCtl::handleMidiOutputPortsChanged(const Backend::MidiEngine::MidiOutputPorts& ports)
+{
+    notes.handleMidiOutputPortsChanged(ports);
+    showSoon();
+}
+
+bool MusicKeyboardCtl::isLit(int note) const
+{
+    return note >= 0 && note < KeyOutlines::NOTES && lit.test(static_cast<std::size_t>(note));
+}
+
+QString MusicKeyboardCtl::getSoundingNames() const
+{
+    QStringList names;
+    for (int note = 0; note < KeyOutlines::NOTES; ++note)
+        if (isLit(note)) names << nameOf(note);
+    return names.join(' ');
+}
+
+void MusicKeyboardCtl::showSoon()
+{
+    if (!frame.isActive()) frame.start(FRAME);
+}
+
+void MusicKeyboardCtl::showFrame()
+{
+    const Keys before = lit;
+    for (int note = 0; note < KeyOutlines::NOTES; ++note) {
+        const auto key = static_cast<std::size_t>(note);
+        lit[key] = notes.isSounding(note) || struck[key];
+        if (lit[key] != before[key]) update(KeyOutlines::keyRectangle(note));
+    }
+    if (struck.any()) showSoon();  // some of them may be over
+    struck.reset();
+    if (lit != before) accessibleValueChanged(*this, getSoundingNames());
+}
+
+// --- the mouse
+
+void MusicKeyboardCtl::mousePressEvent(QMouseEvent* event)
+{
+    const int note = KeyOutlines::noteAt(event->position().toPoint());
+    if (event->button() == Qt::LeftButton) {
+        isDragged = true;
+        hold(event->position().toPoint());
+    } else if (event->button() == Qt::RightButton && note != NO_KEY && listener != nullptr) {
+        listener->keyPressed(note, velocityAt(note, event->position().toPoint().y()), Qt::RightButton);
+    }
+}
+
+void MusicKeyboardCtl::mouseMoveEvent(QMouseEvent* event)
+{
+    if (!event->buttons().testFlag(Qt::LeftButton))
+        release();
+    else if (isDragged)
+        hold(event->position().toPoint());
+}
+
+void MusicKeyboardCtl::mouseReleaseEvent(QMouseEvent* event)
+{
+    if (event->button() == Qt::LeftButton) release();
+}
+
+/// Whatever ends the hold without the button.
+bool MusicKeyboardCtl::event(QEvent* event)
+{
+    switch (event->type()) {
+        case QEvent::Hide:
+        case QEvent::UngrabMouse:
+        case QEvent::WindowBlocked:
+        case QEvent::WindowDeactivate:
+            release();
+            break;
+        default:
+            break;
+    }
+    return QWidget::event(event);
+}
+
+/// The key there in place of the one that is held; beside the keys none.
+void MusicKeyboardCtl::hold(const QPoint& point)
+{
+    const int note = KeyOutlines::noteAt(point);
+    if (note == heldKey) return;
+    const int before = std::exchange(heldKey, note);
+    for (const int changed : {before, note})
+        if (changed != NO_KEY) update(KeyOutlines::keyRectangle(changed));
+    if (listener == nullptr) return;
+    if (before != NO_KEY) listener->keyReleased(before);
+    if (note != NO_KEY) listener->keyPressed(note, velocityAt(note, point.y()), Qt::LeftButton);
+}
+
+void MusicKeyboardCtl::release()
+{
+    isDragged = false;
+    const int note = std::exchange(heldKey, NO_KEY);
+    if (note == NO_KEY) return;
+    update(KeyOutlines::keyRectangle(note));
+    if (listener != nullptr) listener->keyReleased(note);
+}
+
+// --- drawing
+
+void MusicKeyboardCtl::paintEvent(QPaintEvent* event)
+{
+    const GdiManager& gdi = context.getGdiManager();
+    QPainter canvas(this);
+    KeyboardPainter painter(canvas, gdi);
+    canvas.fillRect(event->rect(), gdi.getBrush(GdiManager::Role::background).getHandle());
+    for (int note = 0; note < KeyOutlines::NOTES; ++note)
+        if (event->region().intersects(KeyOutlines::keyRectangle(note))) painter.paintKey(note, stateOf(note));
+    if (event->rect().bottom() >= KeyOutlines::WHITE_HEIGHT) painter.paintLabels();
+}
+
+KeyState MusicKeyboardCtl::stateOf(int note) const
+{
+    if (isLit(note)) return KeyState::sounding;
+    return note == heldKey ? KeyState::held : KeyState::up;
+}
+}  // namespace Gui::Output

@@ -1,0 +1,128 @@
+#include "gui/presets/PresetsDialog.h"
+
+#include <QCheckBox>
+#include <QCoreApplication>
+#include <QHBoxLayout>
+#include <QListWidget>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "gui/framework/EditBoxDialog.h"
+#include "gui/framework/FileNames.h"
+#include "gui/framework/ManualButton.h"
+#include "gui/framework/Properties.h"
+#include "gui/framework/Question.h"
+#include "gui/presets/PresetGuiOwner.h"
+
+namespace Gui::Preset
+{
+namespace
+{
+constexpr QSize LIST(260, 220);
+constexpr const char* HELP_TOPIC = "presets.htm";
+
+QString tr(const char* text) { return QCoreApplication::translate("PresetsDialog", text); }
+
+QString refusePresetName(const QString& name)
+{
+    return name.isEmpty() ? tr("Name cannot be blank") : refuseFileName(name);
+}
+
+EditBoxDialog& makeNameDialog(const QString& title, const QString& startText, QWidget& parent)
+{
+    auto* dialog = new EditBoxDialog(title, tr("Name:"), startText, EditBoxDialog::Blank::refused, parent);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->refuse = &refusePresetName;
+    return *dialog;
+}
+}  // namespace
+
+void showAddPresetDialog(PresetGuiOwner& owner, QWidget& parent)
+{
+    EditBoxDialog& dialog = makeNameDialog(tr("Add Preset"), {}, parent);
+    auto* selectedOnly = new QCheckBox(tr("Selected Only"));
+    Property::setHelp(*selectedOnly, tr("Saves what is selected alone. Loaded, it is added to what is there."));
+    selectedOnly->setEnabled(owner.hasSelection());
+    dialog.addOption(selectedOnly);
+    dialog.doubt = [&owner](const QString& name) -> EditBoxDialog::Doubt {
+        if (owner.getPresetList().find(name.toStdString()) == nullptr) return {};
+        return {tr("Confirm Overwrite"), tr("Preset already exists. Overwrite?")};
+    };
+    QObject::connect(&dialog, &QDialog::accepted, &parent, [&owner, &dialog, selectedOnly] {
+        owner.addPreset(dialog.getText().toStdString(), selectedOnly->isChecked());
+    });
+    dialog.open();
+}
+
+PresetsDialog::PresetsDialog(PresetGuiOwner& presetOwner, QWidget& parent)
+    : QDialog(&parent), owner(presetOwner), names(new QListWidget)
+{
+    setWindowTitle(tr("Presets"));
+    names->setMinimumSize(LIST);
+    names->setAccessibleName(tr("Presets"));
+    Property::setHelp(*names, tr("The presets of this section. A double click on one changes its name."));
+    connect(names, &QListWidget::itemDoubleClicked, this, [this] { editPreset(); });
+
+    auto* row = new QHBoxLayout(this);
+    row->addWidget(names);
+    auto* column = new QVBoxLayout;
+    addButton(*column, tr("Add"), tr("Saves what this section is now as a preset."), &PresetsDialog::addPreset);
+    addButton(*column, tr("Delete"), tr("Deletes the preset that is selected."), &PresetsDialog::deletePreset);
+    addButton(*column, tr("Edit"), tr("Gives the preset that is selected another name."), &PresetsDialog::editPreset);
+    column->addStretch();
+    addManualButton(*column, HELP_TOPIC);
+    auto* close = new QPushButton(tr("Close"));
+    close->setDefault(true);
+    connect(close, &QPushButton::clicked, this, &QDialog::accept);
+    column->addWidget(close);
+    row->addLayout(column);
+    refill();
+}
+
+void PresetsDialog::addButton(QBoxLayout& column, const QString& label, const QString& help,
+                              void (PresetsDialog::*action)())
+{
+    auto* button = new QPushButton(label);
+    button->setAutoDefault(false);
+    Property::setHelp(*button, help);
+    connect(button, &QPushButton::clicked, this, action);
+    column.addWidget(button);
+}
+
+/// What is selected stays so, if it is still there.
+void PresetsDialog::refill()
+{
+    const QString selected = selectedName();
+    names->clear();
+    for (const auto& entry : owner.getPresetList().getEntries()) {
+        auto* item = new QListWidgetItem(QString::fromStdString(entry.name), names);
+        if (item->text() == selected) names->setCurrentItem(item);
+    }
+}
+
+QString PresetsDialog::selectedName() const
+{
+    const auto* item = names->currentItem();
+    return item != nullptr && item->isSelected() ? item->text() : QString();
+}
+
+void PresetsDialog::addPreset() { showAddPresetDialog(owner, *this); }
+
+void PresetsDialog::deletePreset()
+{
+    const QString name = selectedName();
+    if (name.isEmpty()) return;
+    ask(*this, tr("Delete Preset"), tr("Are you sure you want to delete?"),
+        [this, name] { owner.deletePreset(name.toStdString()); });
+}
+
+void PresetsDialog::editPreset()
+{
+    const QString name = selectedName();
+    if (name.isEmpty()) return;
+    EditBoxDialog& dialog = makeNameDialog(tr("Edit Preset Name"), name, *this);
+    connect(&dialog, &QDialog::accepted, this,
+            [this, name, &dialog] { owner.renamePreset(name.toStdString(), dialog.getText().toStdString()); });
+    dialog.open();
+}
+}  // namespace Gui::Preset

@@ -1,0 +1,125 @@
+#pragma once
+
+#include <array>
+#include <memory>
+
+#include "api/GuiFactory.h"
+#include "backend/files/SequencePresetManager.h"
+#include "backend/model/PresetList.h"
+#include "backend/model/PresetSections.h"
+#include "gui/OrvGuiIF.h"
+#include "gui/framework/GuiMessageManagerMaster.h"
+#include "gui/keyboard/GlobalKeyboard.h"
+
+namespace Gui
+{
+class MainWindow;
+
+/// The window's object. It lives from one opening to the next and keeps what the backend told; all that belongs to Qt
+/// is made in `create` and goes in `destroy`.
+class OrvGui final : public OrvGuiIF
+{
+public:
+    OrvGui(Backend::OrvIF& backend, Backend::GuiStart start);
+    ~OrvGui() override;
+
+    void initialize() override;
+    void end() override;
+    bool create(ParentWindow& parentWindow) override;
+    void destroy() override;
+
+    GdiManager& getGdiManager() override;
+    Skinner& getSkinner() override;
+    int getMouseSensitivity() const override;
+
+    const Backend::MidiEngine::MidiOutputPorts& getMidiOutputPorts() const override { return shown.outputs; }
+    const Backend::MidiEngine::MidiInputPorts& getMidiInputPorts() const override { return shown.inputs; }
+    WindowHandle getWindowHandle() const override;
+    const Backend::RegistrySettings& getRegistrySettings() const override { return shown.settings; }
+    int getDefaultMidiOutput() const override { return shown.settings.getDefaultMidiOutput(); }
+    const Backend::Bank& getCurrentBank() const override { return shown.bank; }
+    const Backend::Program& getCurrentProgram() const override { return shown.program; }
+    Backend::OrvMessageManager& getOrvMessageManager() override;
+    void showSaveDialog() override;
+    void showLoadDialog() override;
+    void importVersion2File() override;
+    void loadFile(const std::string& path) override;
+
+    void handleSettingsChanged(const Backend::RegistrySettings& settings) override;
+    void handleDockToBottomEdgeChanged(bool on) override;
+    void handleDefaultBankChanged(const std::string& path) override;
+    void handleBankChanged(const Backend::Bank& bank) override;
+    void handleProgramChanged(const Backend::Program& program) override;
+    void handleProgramMissing(const Backend::Program& program) override;
+    void handleProgramNameChanged(const Backend::Program& program) override;
+    void handleMidiInputPortsChanged(const Backend::MidiEngine::MidiInputPorts& ports) override;
+    void handleMidiOutputPortsChanged(const Backend::MidiEngine::MidiOutputPorts& ports) override;
+    void handleDefaultMidiOutputChanged(int output) override;
+    void handleAlwaysOnTopChanged(bool on) override;
+    void handleUseSkinBorderChanged(bool on) override;
+    void handlePresetsChanged(std::size_t section, const Backend::PresetList& presets, bool done) override;
+
+    void showScreen(Backend::Screen screen, bool on) override;
+    void toggleScreen(Backend::Screen screen) override;
+    bool isScreenShowing(Backend::Screen screen) const override;
+
+    const Backend::PresetList& getPresetList(const Backend::PresetSection& section) const override;
+    Preset::PresetGuiOwner& getComputerInputPanelAsPresetGuiOwner() override;
+
+    void moveWindow(const Backend::WindowMove& move) override;
+    void displayMidiOutputEvent(const Backend::MidiEngine::OrvMidiMessage& event) override;
+    void setDockToBottomEdge(bool on) override;
+    GuiMessageManagerMaster& getGuiMessageManagerMaster() override { return messageManagers; }
+    Output::MusicKeyboardCtl& getMainMusicKeyboardCtl() override;
+    void clearMusicKeyboardHilight() override;
+    void clearComputerKeyboardHilight() override;
+    std::string getMidiOutputName(int output) const override;
+    void handleResetOrv() override;
+    int getNumberOfPrograms() const override;
+    const std::vector<std::string>& getSequencePresetList() const override { return sequencePresets.getList(); }
+    bool addSequencePreset(const std::string& name, const std::string& text) override;
+    bool editSequencePreset(const std::string& name, const std::string& text) override;
+    void deleteSequencePreset(const std::string& name) override { sequencePresets.deletePreset(name); }
+    Backend::SequenceManagement::SequencePresetManager& getSequencePresetManager() override { return sequencePresets; }
+    void setFocus() override;
+    KeyPresses& getKeyPresses() override;
+    std::string getGlobalKeyboardReason() const override { return globalKeyboard.getReason(); }
+    void showProgramMenu() override;
+    void showDefaultMidiOutputMenu() override;
+    void showSetupDialog() override;
+    void handleRetroRecordBufferSizeChanged(int bytes) override;
+    void handleRetroRecordEnabledChanged(bool on) override;
+    void handleMidiThruChanged(bool on) override;
+    void handleGlobalKeyboardChanged(bool on) override;
+    void handleGlobalKeySwitched(bool on) override;
+    void handleKeysChanged(const Backend::ComputerInput::KeyConfigurationMap& keys) override;
+    void handleMouseSensitivityChanged(int divisor) override;
+    void handleLargeDisplayFontChanged(bool on) override;
+    void handleClickZoneChannelTransposeChanged(bool on) override;
+    Backend::OrvIF& getOrvIF() override { return orv; }
+    std::string getCurrentBankName() const override;
+    void displayHelp(const QWidget& control) override;
+    void displayHelp(const std::string& text) override;
+    void displayHelp(int helpId) override;
+    WindowsLib::Rect getMainWindowPosition() const override;
+    bool isVstPlugin() const override { return shown.isVstPlugin; }
+
+private:
+    struct Desk;
+
+    void applyScreens();
+    void placeWindow();
+    void showGlobalKeyboard(bool on);
+    QWidget& dialogParent() const;
+    void settingsChanged();
+
+    Backend::OrvIF& orv;
+    Backend::GuiStart shown;
+    GuiMessageManagerMaster messageManagers;
+    GlobalKeyboard globalKeyboard;
+    std::array<Backend::PresetList, Backend::PresetSections::ALL.size()> presetLists;
+    Backend::SequenceManagement::SequencePresetManager sequencePresets;
+    std::string loading;         // what the user chose to load, until it is there
+    std::unique_ptr<Desk> desk;  // while the window is open
+};
+}  // namespace Gui
