@@ -11,6 +11,7 @@
 
 #include "backend/display/DisplayMessageManager.h"
 #include "backend/files/RegistrySettings.h"
+#include "gui/framework/DisplayHeight.h"
 #include "gui/framework/GdiManager.h"
 #include "gui/screens/display/HeightEdge.h"
 #include "gui/screens/display/LogView.h"
@@ -135,9 +136,9 @@ TEST(DisplayPanel, IsAsHighAsItsEdgeIsDragged)
     EXPECT_EQ(stage.surroundings.height(), window + 50);
     EXPECT_EQ(stage.settings().getDisplayHeight(), 200) << "kept when it is let go";
     dragTo(start + 1000);
-    EXPECT_EQ(stage.panel->height(), DisplayPanel::HIGHEST_HEIGHT);
+    EXPECT_EQ(stage.panel->height(), Gui::DisplayHeight::HIGHEST);
     dragTo(start - 1000);
-    EXPECT_EQ(stage.panel->height(), DisplayPanel::LOWEST_HEIGHT);
+    EXPECT_EQ(stage.panel->height(), Gui::DisplayHeight::LOWEST);
     dragTo(start - 40);
     QTest::mouseRelease(edge, Qt::LeftButton);
     EXPECT_EQ(stage.panel->height(), 160);
@@ -149,7 +150,7 @@ TEST(DisplayPanel, IsAsHighAsItsEdgeIsDragged)
     stage.gui->destroy();
     stage.open();
     stage.settle();
-    EXPECT_EQ(stage.find<DisplayPanel>()->height(), DisplayPanel::HIGHEST_HEIGHT);
+    EXPECT_EQ(stage.find<DisplayPanel>()->height(), Gui::DisplayHeight::HIGHEST);
 }
 
 TEST(DisplayPanel, CopiesWhatIsSelectedAndTakesNoOtherKey)

@@ -11,6 +11,7 @@
 #include "backend/display/DisplayMessageManager.h"
 #include "backend/files/RegistrySettings.h"
 #include "gui/OrvGuiIF.h"
+#include "gui/framework/DisplayHeight.h"
 #include "gui/framework/GuiMessageManagerMaster.h"
 #include "gui/framework/Properties.h"
 #include "gui/screens/display/DisplayFeed.h"
@@ -56,7 +57,7 @@ DisplayPanel::DisplayPanel(OrvGuiIF& owner, Panel* around)
       messages(*this),
       feed(new DisplayFeed(owner.getWindowHandle())),
       log(new LogView(owner.getGdiManager(), this)),
-      edge(new HeightEdge(owner.getGdiManager(), LOWEST_HEIGHT, HIGHEST_HEIGHT, this))
+      edge(new HeightEdge(owner.getGdiManager(), DisplayHeight::LOWEST, DisplayHeight::HIGHEST, this))
 {
     log->setAccessibleName(tr("Events"));
     Property::setHelp(*log, tr("The MIDI events that come in and are played, one a line. Select some to copy them."));

@@ -36,8 +36,6 @@ class DisplayPanel final : public Panel
 {
 public:
     static constexpr int WIDTH = 760;
-    static constexpr int LOWEST_HEIGHT = 60;
-    static constexpr int HIGHEST_HEIGHT = 600;
 
     DisplayPanel(OrvGuiIF& owner, Panel* around);
     ~DisplayPanel() override;

@@ -4,12 +4,11 @@
 #include "backend/files/RegistrySettings.h"
 #include "backend/recorder/RetroRecordManager.h"
 #include "gui/OrvGuiIF.h"
-#include "gui/screens/display/DisplayPanel.h"
+#include "gui/framework/DisplayHeight.h"
 
 namespace Gui::Setup
 {
 using namespace Backend;
-using Display::DisplayPanel;
 using MidiEngine::MidiPort;
 using RetroRecord::RetroRecordManager;
 using Commands = OrvMessageManager;
@@ -151,8 +150,8 @@ constexpr Number DISPLAY_HEIGHT{"Height:",
                                 "The height of the display. Its lower edge can be dragged, too.",
                                 "",
                                 "",
-                                DisplayPanel::LOWEST_HEIGHT,
-                                DisplayPanel::HIGHEST_HEIGHT,
+                                DisplayHeight::LOWEST,
+                                DisplayHeight::HIGHEST,
                                 1,
                                 &Settings::getDisplayHeight,
                                 &Commands::postSetDisplayHeight};
