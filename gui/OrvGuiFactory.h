@@ -8,7 +8,7 @@ namespace Gui
 class ORV_API OrvGuiFactory
 {
 public:
-    /// Holds data alone: what belongs to Qt is made in `OrvGuiIF::create`. The caller deletes it.
+    /// Makes no Qt object; those are made in `OrvGuiIF::create`. The caller deletes it.
     static OrvGuiIF* createOrvGui(Backend::OrvIF& orv, Backend::GuiStart start);
 };
 }  // namespace Gui

@@ -9,26 +9,25 @@ class QWidget;
 
 namespace Gui
 {
-/// The host's side of the window: where it stands, and what its surroundings are told. A host derives from it and gives
-/// it to `OrvGuiIF::create`; it must live until `destroy`. All operations are called on the GUI thread. Several windows
-/// of a process have one each.
+/// The host's side of the window: the parent it is placed in, and notices for the host. A host derives from it and
+/// passes it to `OrvGuiIF::create`; it must live until `destroy`. All operations are called on the GUI thread. Each
+/// window of a process has one of its own.
 class ORV_API ParentWindow
 {
 public:
     virtual ~ParentWindow() = default;
 
-    /// A host built on Qt: the widget in which the window stands, or null.
+    /// For a host built on Qt: the parent widget of the window, or null.
     virtual QWidget* getWidget() { return nullptr; }
-    /// Any other host: its window, by the number that the X server gave it; 0 for a window that stands by itself.
+    /// For any other host: the X window to place it in; 0 for a window of its own.
     virtual std::uintptr_t getNativeWindow() { return 0; }
 
-    /// The window has a new size, in logical pixels. The surroundings are to follow: what does not fit is cut off.
+    /// The window has a new size, in logical pixels. The host is to resize its frame, or the window is cut off.
     virtual void windowResized(int width, int height) = 0;
-    /// The window is to be moved on the screen, with its surroundings, in logical pixels; a blank value leaves it along
-    /// that axis.
+    /// The host is to move the window with its frame, in logical pixels; a blank value leaves that axis unchanged.
     virtual void moveWindow(const RelativeFixedValue& x, const RelativeFixedValue& y) = 0;
 
-    /// Notices, for a host that has switches or an own frame for it.
+    /// Notices for a host that has switches of its own, or its own frame.
     virtual void systemPanelShown([[maybe_unused]] bool on) {}
     virtual void globalKeyboardChanged([[maybe_unused]] bool on) {}
     virtual void alwaysOnTopChanged([[maybe_unused]] bool on) {}

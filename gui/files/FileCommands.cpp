@@ -80,7 +80,7 @@ void showSaveDialog(OrvGuiIF& gui, QWidget& parent)
 void showBankSizeDialog(OrvGuiIF& gui, QWidget& parent)
 {
     const int size = gui.getNumberOfPrograms();
-    if (size == 0) return tell(parent, tr("Error"), tr("There is no bank whose size could be changed."));
+    if (size == 0) return showMessage(parent, tr("Error"), tr("There is no bank whose size could be changed."));
     auto* dialog = new EditBoxDialog(tr("Change Bank Size"), tr("Number of programs:"), QString::number(size),
                                      EditBoxDialog::Blank::refused, parent);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
@@ -98,7 +98,7 @@ void showBankSizeDialog(OrvGuiIF& gui, QWidget& parent)
 void makeDefaultBank(OrvGuiIF& gui, QWidget& parent)
 {
     const std::string path = gui.getCurrentBank().name;
-    if (path.empty()) return tell(parent, tr("Error"), tr("There is no bank."));
+    if (path.empty()) return showMessage(parent, tr("Error"), tr("There is no bank."));
     ask(parent, tr("Default Bank"),
         tr("\"%1\" will be loaded at every start, and now: what was not saved is lost. Continue?")
             .arg(shownFileName(path)),

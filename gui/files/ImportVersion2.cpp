@@ -1,4 +1,4 @@
-// The import of files of version 2: the file, the name of what becomes of it, and the progress.
+// The import of files of version 2: the dialogs for the file and the new name, and the progress dialog.
 
 #include <QCoreApplication>
 #include <QFileInfo>
@@ -43,7 +43,7 @@ void importFile(OrvGuiIF& gui, QWidget& parent, const std::string& source, const
          .name = shownFileName(source)},
         [=, &gui, &parent](const std::string& target) {
             if (QFileInfo(QString::fromStdString(source)) == QFileInfo(QString::fromStdString(target)))
-                return tell(parent, tr("Error"), tr("The file that is imported cannot be replaced."));
+                return showMessage(parent, tr("Error"), tr("A file cannot be imported into itself."));
             run(parent,
                 {.title = title,
                  .post = [=, &gui](const auto& window) { (gui.getOrvMessageManager().*post)(source, target, window); },
@@ -56,7 +56,7 @@ QString refusePresetName(const QString& name)
     return name.isEmpty() ? tr("Entry cannot be blank") : refuseFileName(name);
 }
 
-/// For which section the file is, the backend finds out: what any has by that name might be replaced.
+/// The backend finds out which section the file belongs to, so a preset of that name in any section might be replaced.
 EditBoxDialog::Doubt doubtPresetName(const OrvGuiIF& gui, const QString& name)
 {
     for (const auto& section :

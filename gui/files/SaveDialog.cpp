@@ -54,10 +54,10 @@ void SaveDialog::addTargets()
     Property::setHelp(*currentBank, tr("Into the bank that is loaded, in place of the program chosen below."));
     Property::setHelp(*anotherBank, tr("Into another bank, in place of its program of the same number. That bank is "
                                        "loaded then."));
-    Property::setHelp(*programFile, tr("As a file that holds this program alone."));
+    Property::setHelp(*programFile, tr("Into a file of its own (.prg)."));
     programs->setMinimumSize(LIST);
     programs->setAccessibleName(tr("Program to replace"));
-    Property::setHelp(*programs, tr("The program of the bank whose place this one takes."));
+    Property::setHelp(*programs, tr("The program of the bank that this one replaces."));
     connect(programs, &QListWidget::itemDoubleClicked, this, &QDialog::accept);
     connect(currentBank, &QRadioButton::toggled, programs, &QWidget::setEnabled);
     for (QWidget* row : {static_cast<QWidget*>(currentBank), static_cast<QWidget*>(programs),
@@ -80,7 +80,7 @@ void SaveDialog::addButtons()
     static_cast<QVBoxLayout*>(layout())->addLayout(row);
 }
 
-/// As the window knows the bank and the program now.
+/// Shows the bank and the program as the window knows them now.
 void SaveDialog::showBank()
 {
     bank = gui.getCurrentBank();
@@ -115,14 +115,15 @@ void SaveDialog::accept()
 {
     if (!isUpToDate()) {
         showBank();
-        return tell(*this, tr("Error"), tr("Another program was loaded meanwhile. It is shown now."));
+        return showMessage(*this, tr("Error"),
+                           tr("Another program was loaded in the meantime. The dialog shows that one now."));
     }
-    if (const QString reason = refusal(); !reason.isEmpty()) return tell(*this, tr("Error"), reason);
+    if (const QString reason = refusal(); !reason.isEmpty()) return showMessage(*this, tr("Error"), reason);
     if (currentBank->isChecked()) return saveToCurrentBank();
     anotherBank->isChecked() ? saveToAnotherBank() : saveToProgram();
 }
 
-/// A program that goes where it came from is not asked for; one that is called otherwise there might be another one.
+/// Does not ask for a program that replaces itself, unless the name there is another one.
 void SaveDialog::saveToCurrentBank()
 {
     const int number = programs->currentRow();
@@ -149,8 +150,8 @@ void SaveDialog::askToReplaceIn(const std::string& path)
     const QString place = QString::number(program.number + 1);
     const QString file = shownFileName(path);
     if (number >= names.size())
-        return tell(*this, tr("Error"),
-                    tr("\"%1\" has no program %2 whose place this one could take.").arg(file, place));
+        return showMessage(*this, tr("Error"),
+                           tr("\"%1\" has no program %2 that this one could replace.").arg(file, place));
     ask(*this, tr("Confirm Overwrite"),
         tr("Program %1 \"%2\" of \"%3\" will be replaced. Continue?")
             .arg(place, QString::fromStdString(names[number]), file),
@@ -175,7 +176,7 @@ void SaveDialog::saveToProgram()
                    });
 }
 
-/// What is asked for meanwhile is asked of the program that was shown.
+/// If another program was loaded while a question was open, nothing is saved and the dialog says so.
 void SaveDialog::save(const std::string& target, std::function<void(const WindowHandle& window)> post)
 {
     if (!isUpToDate()) return accept();

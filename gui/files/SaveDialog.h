@@ -19,9 +19,9 @@ class OrvGuiIF;
 
 namespace Gui::Files
 {
-/// Saves the current program, under a name, into the current bank in place of one of its programs, into another bank in
-/// place of the one of its number, or as a file of its own. It asks before anything is replaced but the program that it
-/// is itself, and closes when the backend has been asked to save. The GUI thread.
+/// Saves the current program under a name: into the current bank in place of one of its programs, into another bank in
+/// place of the program of the same number, or as a file of its own. It asks before it replaces anything but an earlier
+/// version of the same program, and closes when the command is posted. The GUI thread.
 class SaveDialog final : public QDialog
 {
 public:
@@ -43,7 +43,7 @@ private:
     void save(const std::string& target, std::function<void(const WindowHandle& window)> post);
 
     OrvGuiIF& gui;
-    Backend::Bank bank;  // what is shown
+    Backend::Bank bank;  // as shown in the dialog
     Backend::Program program;
     EditBox* name;
     QRadioButton* currentBank;

@@ -7,7 +7,7 @@ class QWidget;
 
 namespace Gui
 {
-/// What a control tells a screen reader, where the words of Qt for its base class would not fit.
+/// What a control reports to a screen reader where the role of its Qt base class does not fit.
 class AccessibleControl
 {
 public:
@@ -16,13 +16,13 @@ public:
 
     virtual QAccessible::Role getAccessibleRole() const = 0;
     virtual QString getAccessibleValue() const = 0;
-    /// Whether it can be clicked on as a whole.
+    /// Whether it offers a press action.
     virtual bool isPressable() const { return true; }
-    /// What a click on it does; nothing for a picture.
+    /// Does what a click does.
     virtual void pressAccessible() {}
 
 protected:
-    /// Tells whoever listens that the value is another one.
+    /// Notifies screen readers of a new value.
     static void accessibleValueChanged(QWidget& control, const QString& value);
 };
 }  // namespace Gui

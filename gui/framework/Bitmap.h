@@ -6,7 +6,7 @@
 
 namespace WindowsLib
 {
-/// A picture. One that could not be made is a fault of the program.
+/// A picture. It must not be null.
 class Bitmap
 {
 public:

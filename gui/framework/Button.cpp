@@ -25,10 +25,10 @@ Button::Button(GuiContext& guiContext, int buttonId, const QString& label, const
     setText(label);
     setGeometry(rectangle);
     setCheckable(action == Action::latching);
-    setFocusPolicy(Qt::TabFocus);  // a click leaves the keyboard to whoever plays on it
+    setFocusPolicy(Qt::TabFocus);  // a click must not take the focus from playing
     setContextMenuPolicy(Qt::PreventContextMenu);
     setAttribute(Qt::WA_OpaquePaintEvent);
-    // A screen reader's click, or that of the arrow keys in a group. A latching one has changed by then.
+    // A click by a screen reader, or by the arrow keys in a group. A latching button has changed its state already.
     connect(this, &QAbstractButton::clicked, this, [this] {
         if (isCheckable()) return notify();
         mouseDown();

@@ -7,7 +7,7 @@ namespace Gui
 {
 class GuiContext;
 
-/// A push button that acts when it goes down, not when it is let go. A latching one stays down until the next press.
+/// A push button that acts when it is pressed, not when it is released. A latching one stays down until the next press.
 class Button : public QAbstractButton
 {
 public:
@@ -15,13 +15,13 @@ public:
     {
     public:
         virtual ~Listener() = default;
-        /// The user pressed it; a latching one may have been let go by that.
+        /// The user pressed the button; for a latching one `pressed` is its new state.
         virtual void buttonChanged(int id, bool pressed) = 0;
     };
 
     enum class Action { momentary, latching };
 
-    /// Where a button stands in a row of them, `x` logical pixels from the left.
+    /// The place of a button in a row, `x` logical pixels from the left.
     static constexpr QRect at(int x) { return {x, 6, 29, 20}; }
 
     Button(GuiContext& guiContext, int buttonId, const QString& label, const QRect& rectangle, QWidget* parent,
@@ -29,9 +29,9 @@ public:
 
     int getId() const { return id; }
     bool isPressed() const { return isCheckable() ? isChecked() : isDown(); }
-    /// Without telling the listener.
+    /// Does not notify the listener.
     void setPressed(bool pressed);
-    /// It must outlive the button; null for none.
+    /// It must outlive the button. Null for none.
     void setListener(Listener* newListener) { listener = newListener; }
 
     QSize sizeHint() const override { return at(0).size(); }

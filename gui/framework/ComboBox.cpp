@@ -19,7 +19,7 @@ namespace Gui
 namespace
 {
 constexpr int ARROW_WIDTH = 14;
-// The click that closes a menu can reach the control a moment after the menu is gone.
+// The click that closes a menu can reach the control a moment after the menu has closed.
 constexpr std::chrono::milliseconds CLOSING_CLICK{100};
 
 const QString& displayOf(const ComboBox::Entry& entry)
@@ -35,7 +35,7 @@ ComboBox::ComboBox(GuiContext& context, Typing typing, QWidget* parent)
     setTextMargins(1, 0, ARROW_WIDTH, 0);
     if (typing == Typing::readOnly) {
         setReadOnly(true);
-        setFocusPolicy(Qt::TabFocus);  // a click leaves the keyboard to whoever plays on it
+        setFocusPolicy(Qt::TabFocus);  // a click must not take the focus from playing
         setCursor(Qt::ArrowCursor);
     }
     setMouseTracking(true);
@@ -76,7 +76,7 @@ void ComboBox::typed(const QString& text)
     selectedIndex = entry == entries.end() ? -1 : static_cast<int>(entry - entries.begin());
 }
 
-/// By the user's hand: asked, then done, then told.
+/// A choice by the user: validated, made, reported.
 void ComboBox::choose(int index)
 {
     if (onValidate && onValidate(index)) return;
@@ -84,7 +84,7 @@ void ComboBox::choose(int index)
     if (onChange) onChange(index);
 }
 
-/// To the next entry that can be chosen in this direction, if there is one.
+/// Chooses the next enabled entry in this direction, if there is one.
 void ComboBox::stepEntry(int direction)
 {
     for (int index = selectedIndex + direction; index >= 0 && index < std::ssize(entries); index += direction)

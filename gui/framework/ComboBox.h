@@ -13,8 +13,9 @@ namespace Gui
 class GuiContext;
 class PopupMenu;
 
-/// A line with a list of entries behind it, which the wheel steps through and a click opens as a menu. One that is read
-/// only leaves the keys to what is around it: what nobody there takes opens it and steps it. The GUI thread.
+/// A line with a list of entries: the wheel steps through them, a click opens them as a menu. A read-only one first
+/// offers its keys to its parent, which plays them; the keys that the parent ignores open the menu and step through the
+/// entries. The GUI thread.
 class ComboBox : public EditBox, public AccessibleControl
 {
 public:
@@ -23,24 +24,24 @@ public:
     struct Entry {
         QString text{};         ///< in the menu
         QString displayText{};  ///< in the line once it is chosen; the same if empty
-        bool enabled = true;    ///< one that is not cannot be chosen
+        bool enabled = true;    ///< whether it can be chosen
     };
 
     ComboBox(GuiContext& context, Typing typing, QWidget* parent = nullptr);
 
-    /// Asked before an entry is chosen by the user: true refuses, and the old one stays.
+    /// Called before the user chooses an entry; true refuses it, and the old one stays.
     std::function<bool(int index)> onValidate;
-    /// The user chose an entry. What is typed comes by `textEdited`.
+    /// The user chose an entry. Typed text is reported by `textEdited`.
     std::function<void(int index)> onChange;
 
-    /// Nothing is selected then.
+    /// Selects nothing.
     void setEntries(std::vector<Entry> newEntries);
     void addEntry(Entry entry);
     const std::vector<Entry>& getEntries() const { return entries; }
 
     /// -1 for none, and for typed text that is no entry.
     int getSelectedIndex() const { return selectedIndex; }
-    /// Without asking or telling anyone. An index without an entry selects none and blanks the line.
+    /// Calls neither `onValidate` nor `onChange`. An index without an entry selects none and clears the line.
     void setSelectedIndex(int index);
 
     void openMenu();

@@ -10,7 +10,7 @@ namespace Gui
 {
 class PopupMenu;
 
-/// A button that shows its value and opens a menu of all of them. The GUI thread.
+/// A button that shows its value and opens a menu of all values. The GUI thread.
 class ComboButton final : public Button, public AccessibleControl
 {
 public:
@@ -21,7 +21,7 @@ public:
     std::function<void(int index)> onChange;
 
     int getSelectedIndex() const { return selectedIndex; }
-    /// Without telling anyone. An index without a value shows none, -1.
+    /// Does not call `onChange`. An index without a value selects none, -1.
     void setSelectedIndex(int index);
 
     QAccessible::Role getAccessibleRole() const override { return QAccessible::ButtonMenu; }

@@ -6,7 +6,7 @@
 
 namespace WindowsLib
 {
-/// A pointer in a colour: it shows that a value follows the mouse.
+/// A mouse pointer in a colour, shown while a value follows the mouse.
 class Cursor
 {
 public:

@@ -15,7 +15,7 @@ DragSlider::DragSlider(GuiContext& guiContext, Qt::Orientation direction, QWidge
 {
     setOrientation(direction);
     setRange(0, 127);
-    setFocusPolicy(Qt::TabFocus);  // a click leaves the keyboard to whoever plays on it
+    setFocusPolicy(Qt::TabFocus);  // a click must not take the focus from playing
     setAttribute(Qt::WA_OpaquePaintEvent);
     connect(this, &QAbstractSlider::valueChanged, this, [this](int newValue) {
         if (!quiet && onChange) onChange(newValue);

@@ -10,20 +10,20 @@
 namespace Gui
 {
 /// A value between two limits that is dragged, turned with the wheel, or stepped with the arrow keys. A middle click
-/// lets it follow the mouse without a button held, until the next click. What it looks like its heirs say.
+/// lets it follow the mouse without a button held, until the next click. Derived classes draw it.
 class DragSlider : public QAbstractSlider
 {
 public:
     /// The value was changed by any way but `showValue`: mouse, wheel, keys, a screen reader.
     std::function<void(int value)> onChange;
-    /// The mouse let go of it.
+    /// The drag has ended.
     std::function<void()> onRelease;
 
-    /// Without telling. While the mouse holds it the value is the user's; the last one shown then stands when it is let
-    /// go.
+    /// Does not call `onChange`. During a drag the value does not change; the last one shown is taken over when the
+    /// drag ends.
     void showValue(int newValue);
 
-    /// How far one step of a drag goes, 1 unless set.
+    /// By how much one step of a drag changes the value; 1 unless set.
     void setDragStep(int newDragStep) { dragStep = newDragStep; }
 
 protected:

@@ -6,26 +6,26 @@
 
 namespace Gui
 {
-/// A line to type in. What it holds, and what wheel and menu do with it, its properties say: a number between limits, a
-/// note, or any text.
+/// A line to type in. Its properties (`Properties.h`) say what it holds, a number between limits, a note or any text,
+/// and what the wheel and the menu do with it.
 class EditBox : public QLineEdit
 {
 public:
     explicit EditBox(QWidget* parent = nullptr);
 
-    /// The number that stands there: a note's, 0 for a blank that means 0.
+    /// The number in the line; of a note its number, of a blank 0 if SHOW_ZERO_AS_BLANK is set.
     int getNumber() const;
-    /// Without telling anyone.
+    /// Sends no `textEdited`.
     void setNumber(int number);
 
-    /// The text of a number, as the properties want it.
+    /// The text for a number, according to the properties.
     QString textOf(int number) const;
 
-    /// A wheel turned by so many notches; a result outside the limits changes nothing. Shift makes a notch 12.
+    /// Turns the wheel by so many notches; a result outside the limits changes nothing. With Shift a notch counts 12.
     void step(int notches, bool shift);
 
 protected:
-    /// What is typed here never plays. A dialog still gets its Enter and Escape.
+    /// Keys typed here are never played. A dialog still gets Enter and Escape.
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;

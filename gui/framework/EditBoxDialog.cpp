@@ -49,7 +49,7 @@ void EditBoxDialog::accept()
 {
     const QString text = edit->text().trimmed();
     if (const QString reason = refuse ? refuse(text) : QString(); !reason.isEmpty())
-        return tell(*this, tr("Error"), reason);
+        return showMessage(*this, tr("Error"), reason);
     const Doubt doubted = doubt ? doubt(text) : Doubt();
     if (doubted.question.isEmpty()) return take(text);
     ask(*this, doubted.title, doubted.question, [this, text] { take(text); });

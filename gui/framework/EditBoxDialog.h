@@ -18,21 +18,21 @@ public:
     EditBoxDialog(const QString& title, const QString& prompt, const QString& startText, Blank blankText,
                   QWidget& parent);
 
-    /// Says why a text will not do, or nothing. It is asked for the trimmed text, a blank one too.
+    /// Returns why a text is refused, or an empty string. It gets the trimmed text, a blank one too.
     std::function<QString(const QString& text)> refuse;
 
     struct Doubt {
         QString title;
         QString question;
     };
-    /// What is to be asked before a text is accepted; without a question, nothing.
+    /// What to ask before a text is accepted; without a question nothing is asked.
     std::function<Doubt(const QString& text)> doubt;
 
-    /// Another control, below the line. It belongs to the dialog from now on.
+    /// Adds a control below the line; the dialog takes ownership.
     void addOption(QWidget* option);
     EditBox& getEdit() { return *edit; }
 
-    /// What was accepted; empty until then.
+    /// The accepted text; empty until then.
     const QString& getText() const { return acceptedText; }
 
     /// A text that is refused leaves the dialog open and says why.

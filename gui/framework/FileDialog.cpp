@@ -21,7 +21,7 @@ using Purpose = FileQuestion::Purpose;
 constexpr QSize SIZE(680, 440);
 constexpr int SIDEBAR = 130;
 
-/// Where to go with one click: the folder that it starts in, and the user's own.
+/// The folders to reach with one click: the one that it starts in and the user's own.
 QList<QUrl> shortcutsFrom(const QString& folder)
 {
     QList<QUrl> places;
@@ -32,15 +32,15 @@ QList<QUrl> shortcutsFrom(const QString& folder)
     return places;
 }
 
-/// Asks its questions itself: those of the toolkit do not return before they are answered.
+/// Asks its own questions, because those of Qt block until they are answered.
 class FileDialog final : public QFileDialog
 {
 public:
-    FileDialog(QWidget& parent, const FileQuestion& question, std::function<void(const std::string& path)> tellChosen)
+    FileDialog(QWidget& parent, const FileQuestion& question, std::function<void(const std::string& path)> onChosen)
         : QFileDialog(&parent, question.title, question.folder),
           purpose(question.purpose),
           extension(question.extension),
-          chosen(std::move(tellChosen))
+          chosen(std::move(onChosen))
     {
         setOption(DontUseNativeDialog);
         setOption(DontConfirmOverwrite);
@@ -69,7 +69,7 @@ private:
     void open(const QString& file)
     {
         if (QFileInfo(file).isFile()) return take(file);
-        tell(*this, tr("Error"), tr("There is no file \"%1\".").arg(QFileInfo(file).fileName()));
+        showMessage(*this, tr("Error"), tr("There is no file \"%1\".").arg(QFileInfo(file).fileName()));
     }
 
     void save(const QString& file)
@@ -79,7 +79,7 @@ private:
                                : !QFileInfo(info.absolutePath()).isDir()
                                    ? tr("There is no folder \"%1\".").arg(info.path())
                                    : refuseFileName(info.fileName());
-        if (!reason.isEmpty()) return tell(*this, tr("Error"), reason);
+        if (!reason.isEmpty()) return showMessage(*this, tr("Error"), reason);
         if (!info.exists()) return take(file);
         ask(*this, tr("Confirm Overwrite"), tr("\"%1\" already exists. Overwrite?").arg(info.fileName()),
             [this, file] { take(file); });

@@ -21,8 +21,8 @@ struct FileQuestion {
     QString name{};         ///< to save: what stands there at first
 };
 
-/// Opens a dialog for one file, drawn by the skin like everything else, and returns at once. `chosen` gets the path in
-/// UTF-8: of a file that is there; or, to save, of one that was not there or may be replaced, with a name that any
-/// system takes. Nothing is called if it is cancelled. The GUI thread, which reads no folder for it.
+/// Opens a dialog for one file, drawn by the skin, and returns at once. `chosen` gets the path in UTF-8: of a file that
+/// is there; or, to save, of a new file or one that may be replaced, with a name that is valid on any system. Not
+/// called if the dialog is cancelled. The GUI thread; folders are read on another one.
 void showFileDialog(QWidget& parent, const FileQuestion& question, std::function<void(const std::string& path)> chosen);
 }  // namespace Gui

@@ -15,8 +15,8 @@
 
 namespace Gui
 {
-/// Every brush, pen and font of the window, made once and handed out by role: the look is one table of colours and one
-/// of fonts. What it hands out lives as long as it does. The GUI thread, once there is an application.
+/// Every brush, pen and font of the window, made once and returned by role: the look is one table of colours and one of
+/// fonts. What it returns lives as long as it does. The GUI thread, once there is an application.
 class GdiManager
 {
 public:
@@ -57,7 +57,7 @@ public:
     static constexpr std::size_t ROLES = 17;
     using Palette = std::array<WindowsLib::Colour, ROLES>;  ///< by role
 
-    /// The product's: green and amber on black.
+    /// The product's palette: green and amber on black.
     static constexpr Palette PALETTE{
         BLACK,     DARK_GREEN, LIGHT_LIGHT_GREEN, LIGHT_GREEN, GREEN, DARK_GREEN, DARK_DARK_GREEN,      DARK_RED,
         DARK_GREY, DARK_GREEN, DARK_GREY,         LIGHT_RED,   AMBER, LIGHT_GREY, DARK_DARK_DARK_GREEN, DARK_DARK_GREY,

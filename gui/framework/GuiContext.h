@@ -4,7 +4,7 @@ namespace Gui
 {
 class GdiManager;
 
-/// What a control needs of the window around it. It outlives its controls. The GUI thread.
+/// What a control uses of the window around it. It outlives its controls. The GUI thread.
 class GuiContext
 {
 public:

@@ -7,11 +7,11 @@
 
 namespace Gui
 {
-/// Finds out whose a message of the backend is: the first manager that wants it gets it.
+/// Passes each message of the backend to the first manager that wants it.
 class GuiMessageManagerMaster
 {
 public:
-    /// Not owned. In this order they are asked.
+    /// Not owned. They are asked in this order.
     void addMessageManager(GuiMessageManager* manager) { managers.push_back(manager); }
     void clear() { managers.clear(); }
 
@@ -19,7 +19,7 @@ public:
     bool currentThreadIsManagerThread() const { return std::this_thread::get_id() == guiThread; }
 
     bool wantMessage(unsigned int number) const { return find(number) != nullptr; }
-    /// False if nobody wants it.
+    /// False if no manager wants it.
     bool handleMessage(Message& message) const;
 
 private:

@@ -8,20 +8,19 @@
 
 namespace Gui
 {
-/// A row of a section's messages: a number and what it does to its target.
+/// A row of a section's message table: a number and what it does with the target.
 template <class Target>
 struct GuiCommand {
     unsigned int number;
-    void (*carryOut)(Target& target, Message& message);
+    void (*execute)(Target& target, Message& message);
 };
 
-/// A manager whose rows say all there is to say. A number within the range of its rows but without one is taken and
-/// ignored.
+/// A message manager that is a table of rows. A number within their range that has no row is ignored.
 template <class Target>
 class TableMessageManager : public GuiMessageManager
 {
 public:
-    /// Rows by ascending number, at least one; both must outlive this.
+    /// At least one row, by ascending number. Both must outlive this.
     TableMessageManager(std::span<const GuiCommand<Target>> commandRows, Target& commandTarget)
         : rows(commandRows), target(commandTarget)
     {
@@ -36,7 +35,7 @@ public:
     void handleMessage(Message& message) final
     {
         const auto row = std::ranges::find(rows, message.number, &GuiCommand<Target>::number);
-        if (row != rows.end()) row->carryOut(target, message);
+        if (row != rows.end()) row->execute(target, message);
     }
 
 private:
@@ -60,7 +59,7 @@ constexpr GuiCommand<Target> valueCommand(unsigned int number)
     return {number, [](Target& target, Message& message) { (target.*operation)(static_cast<Value>(message.wparam)); }};
 }
 
-/// A row of a message that says nothing more.
+/// A row whose message has no arguments.
 template <auto operation, class Target>
 constexpr GuiCommand<Target> plainCommand(unsigned int number)
 {

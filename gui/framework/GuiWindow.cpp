@@ -11,30 +11,31 @@ namespace Gui
 {
 namespace
 {
-constexpr std::size_t ROOM_FOR_EVENTS = 1024;
-constexpr int MOST_AT_ONCE = 500;  // then the user's own events have their turn
-constexpr auto PAUSE = std::chrono::milliseconds(8);
+constexpr std::size_t EVENT_CAPACITY = 1024;
+constexpr int MAX_BATCH = 500;  // then Qt handles the user's events
+constexpr auto POLL_INTERVAL = std::chrono::milliseconds(8);
 }  // namespace
 
-class GuiWindow::Bell
+/// A descriptor that becomes readable when it is signalled.
+class GuiWindow::WakeSignal
 {
 public:
-    Bell() : descriptor(eventfd(0, EFD_NONBLOCK | EFD_CLOEXEC)) {}
-    ~Bell() { close(descriptor); }
-    Bell(const Bell&) = delete;
-    Bell& operator=(const Bell&) = delete;
+    WakeSignal() : descriptor(eventfd(0, EFD_NONBLOCK | EFD_CLOEXEC)) {}
+    ~WakeSignal() { close(descriptor); }
+    WakeSignal(const WakeSignal&) = delete;
+    WakeSignal& operator=(const WakeSignal&) = delete;
 
-    void ring() const
+    void set() const
     {
         const std::uint64_t one = 1;
         [[maybe_unused]] const auto written = write(descriptor, &one, sizeof one);
     }
-    void silence() const
+    void reset() const
     {
-        std::uint64_t rung = 0;
-        [[maybe_unused]] const auto taken = read(descriptor, &rung, sizeof rung);
+        std::uint64_t count = 0;
+        [[maybe_unused]] const auto taken = read(descriptor, &count, sizeof count);
     }
-    int get() const { return descriptor; }
+    int getDescriptor() const { return descriptor; }
 
 private:
     const int descriptor;
@@ -42,29 +43,29 @@ private:
 
 GuiWindow::GuiWindow(std::function<void(Message&)> handle)
     : handleMessage(std::move(handle)),
-      bell(std::make_shared<Bell>()),
-      queue(std::make_shared<MessageQueue>(ROOM_FOR_EVENTS, [rung = bell] { rung->ring(); })),
-      notifier(bell->get(), QSocketNotifier::Read)
+      wakeSignal(std::make_shared<WakeSignal>()),
+      queue(std::make_shared<MessageQueue>(EVENT_CAPACITY, [signal = wakeSignal] { signal->set(); })),
+      notifier(wakeSignal->getDescriptor(), QSocketNotifier::Read)
 {
-    again.setSingleShot(true);
+    poll.setSingleShot(true);
     QObject::connect(&notifier, &QSocketNotifier::activated, [this] {
-        bell->silence();
+        wakeSignal->reset();
         drain();
     });
-    QObject::connect(&again, &QTimer::timeout, [this] { drain(); });
-    if (!queue->fallAsleep()) again.start(PAUSE);
+    QObject::connect(&poll, &QTimer::timeout, [this] { drain(); });
+    if (!queue->fallAsleep()) poll.start(POLL_INTERVAL);
 }
 
 GuiWindow::~GuiWindow() { queue->close(); }
 
-/// While messages come it looks again by itself; only when none came it asks to be woken.
+/// Polls while messages come; asks to be woken once none has come.
 void GuiWindow::drain()
 {
     int handled = 0;
-    while (handled < MOST_AT_ONCE && queue->handleNext([this](Message& message) { handleMessage(message); })) ++handled;
-    if (handled == MOST_AT_ONCE)
-        again.start(0);
+    while (handled < MAX_BATCH && queue->handleNext([this](Message& message) { handleMessage(message); })) ++handled;
+    if (handled == MAX_BATCH)
+        poll.start(0);
     else if (handled > 0 || !queue->fallAsleep())
-        again.start(PAUSE);
+        poll.start(POLL_INTERVAL);
 }
 }  // namespace Gui

@@ -9,13 +9,13 @@
 
 namespace Gui
 {
-/// A window as the backend knows it: a queue that Qt's event loop empties. Posts wake the loop from any thread, a time
-/// slice included, by one write to a descriptor, and then not again for some milliseconds, however many come. What is
-/// posted after it is gone is freed. The GUI thread.
+/// The window's message queue, which Qt's event loop empties. A post from any thread, a time slice included, wakes the
+/// loop by one write to a descriptor; further posts within some milliseconds write nothing. Messages posted after the
+/// destructor are freed. Belongs to the GUI thread.
 class GuiWindow
 {
 public:
-    /// `handle` gets the messages in order.
+    /// `handle` is called for each message, in order.
     explicit GuiWindow(std::function<void(Message&)> handle);
     ~GuiWindow();
 
@@ -25,14 +25,14 @@ public:
     WindowHandle getHandle() const { return WindowHandle(queue); }
 
 private:
-    class Bell;
+    class WakeSignal;
 
     void drain();
 
     const std::function<void(Message&)> handleMessage;
-    std::shared_ptr<Bell> bell;
+    std::shared_ptr<WakeSignal> wakeSignal;
     std::shared_ptr<MessageQueue> queue;
     QSocketNotifier notifier;
-    QTimer again;
+    QTimer poll;
 };
 }  // namespace Gui

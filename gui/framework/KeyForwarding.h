@@ -5,6 +5,6 @@ class QWidget;
 
 namespace Gui
 {
-/// Gives a key that was meant for `control` to what is around it, so that it plays; true if somebody took it.
+/// Sends a key event of `control` to its parent, so that the key plays; true if it was accepted there.
 bool forwardToParent(const QWidget& control, const QKeyEvent& event);
 }  // namespace Gui

@@ -8,7 +8,7 @@
 class QPainter;
 class QWidget;
 
-/// What the skin and the controls that draw themselves have in common.
+/// Shapes that the skin and the controls that paint themselves share.
 namespace Gui::Look
 {
 enum class Direction { up, down, left, right };
@@ -16,7 +16,7 @@ enum class Direction { up, down, left, right };
 /// One pixel around, in the role of a control's border.
 void drawFrame(QPainter& painter, const GdiManager& gdi, const QRect& rectangle, bool enabled);
 
-/// Shows where the keyboard is.
+/// Marks the control that has the keyboard focus.
 void drawFocus(QPainter& painter, const GdiManager& gdi, const QRect& rectangle);
 
 /// As large as fits into the middle of `place`.

@@ -9,8 +9,9 @@ namespace Gui
 {
 class GuiContext;
 
-/// The drag that turns a value. The way from where it began, upwards or to the right, divided by the mouse sensitivity,
-/// is the number of steps: a value that had stopped at its limit moves again as soon as the pointer turns back.
+/// A drag that changes a value. The distance from its beginning, upwards or to the right, divided by the mouse
+/// sensitivity is the number of steps. A value that has stopped at a limit changes again as soon as the pointer turns
+/// back.
 class MouseCapture
 {
 public:
@@ -26,7 +27,7 @@ public:
     int getValue() const { return startValue; }
 
     int takeSteps(const QPointF& position);
-    /// Whether a step was made since the beginning. If not, it was a click.
+    /// Whether a step was made since the beginning; if not, the drag is a click.
     bool hasMoved() const { return moved; }
 
 private:

@@ -12,7 +12,7 @@ using Backend::GuiMessage::OPERATION_DONE;
 
 namespace
 {
-/// Belongs to the dialog, and both wait for the message, seen or not.
+/// Owned by the dialog. Both live until the message comes, even if the dialog was closed.
 class RunningOperation final : public QObject
 {
 public:
@@ -33,7 +33,7 @@ private:
         dialog.handleMessage(message);
         if (message.number != OPERATION_DONE) return;
         dialog.deleteLater();
-        if (message.wparam == 0) tell(parent, tr("Error"), failure);
+        if (message.wparam == 0) showMessage(parent, tr("Error"), failure);
     }
 
     QWidget& parent;

@@ -9,14 +9,15 @@ class QWidget;
 
 namespace Gui
 {
-/// Something that the backend does with files while the window shows that it does: "Saving...".
+/// A file operation of the backend, during which the window shows a progress dialog: "Saving...".
 struct Operation {
-    QString title;                                         ///< the progress dialog says it
-    std::function<void(const WindowHandle& window)> post;  ///< gives it to the backend, which tells `window` of the end
-    QString failure;                                       ///< the sentence that is shown if it failed
+    QString title;  ///< of the progress dialog
+    std::function<void(const WindowHandle& window)>
+        post;         ///< posts it to the backend, which notifies `window` of the end
+    QString failure;  ///< the sentence that is shown if it fails
 };
 
-/// Starts it and returns at once. Its progress dialog closes when `GuiMessage::OPERATION_DONE` comes. A failure is told
-/// even if the dialog was closed by hand before. The GUI thread.
+/// Starts it and returns at once. Its progress dialog closes when `GuiMessage::OPERATION_DONE` comes. A failure is
+/// shown even if the user closed the dialog before. The GUI thread.
 void run(QWidget& parent, const Operation& operation);
 }  // namespace Gui

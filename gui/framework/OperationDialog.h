@@ -6,11 +6,11 @@
 
 namespace Gui
 {
-/// "Saving...", while the backend saves. The keys go on playing meanwhile; Escape closes it.
+/// The progress dialog of an operation, "Saving...". The keys go on playing; Escape closes it.
 class OperationDialog final : public ModalDialog
 {
 public:
-    /// `operation` posts what is to be done; the text is the title, too.
+    /// `operation` posts the command; the text is the title, too.
     OperationDialog(const QString& text, unsigned int closingNumber, std::function<void()> operation, QWidget& parent);
 
 protected:

@@ -6,32 +6,31 @@
 
 namespace Gui
 {
-/// A screen, or a part of one: panels stack in one column. Each is shown and hidden by itself; those below it move, and
-/// the panels around it grow and shrink, up to the top. Panels own nothing of each other but what Qt's parents own. The
-/// GUI thread.
+/// A screen, or a part of one. Panels are stacked in a column, and each is shown and hidden by itself: those below it
+/// move, and the panels around it grow or shrink. The Qt parent owns its panels. The GUI thread.
 class Panel : public QWidget
 {
 public:
     static constexpr std::size_t MOST_CHILDREN = 200;
     static constexpr int GAP = 5;  ///< logical pixels between two visible panels
 
-    /// Stays hidden until `show`. With a parent it joins its column at the bottom.
+    /// Hidden until `show`. With a parent it is added at the bottom of its column.
     explicit Panel(Panel* parentPanel = nullptr);
     ~Panel() override;
 
-    /// Nothing happens if it is as it should be already.
+    /// Ignored if it is in that state already.
     virtual void show(bool visible);
     /// Whether it was shown, even if a panel around it is hidden.
     bool isShown() const { return shown; }
 
-    /// The size of a panel without a column of its own. One with visible children follows them.
+    /// Sets the size of a panel without visible children. One with visible children takes the size of its column.
     void setPanelSize(QSize size);
 
     const std::vector<Panel*>& getChildPanels() const { return childPanels; }
     bool hasShownChild() const;
 
 protected:
-    /// What a panel around a column leaves at its edges.
+    /// The space between the edges of a panel and its column.
     void setMargins(const QMargins& newMargins);
     /// The size of the whole column changed.
     virtual void columnResized(QSize) {}

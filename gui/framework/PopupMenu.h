@@ -7,7 +7,7 @@
 
 namespace Gui
 {
-/// A menu drawn by the skin. It opens and returns at once; the choice comes later. The GUI thread.
+/// A menu drawn by the skin. `show` returns at once; the choice is reported later. The GUI thread.
 class PopupMenu : public QMenu
 {
 public:
@@ -16,25 +16,25 @@ public:
         bool enabled = true;
         bool useBold = false;
         std::optional<QColor> brush{};  ///< in place of the role's
-        int id = -1;                    ///< -1 for its place in its menu, from 0
+        int id = -1;                    ///< -1 for its index in the menu
     };
 
     explicit PopupMenu(QWidget* parent = nullptr);
 
-    /// The id of the item that was chosen, here or in a submenu. Nothing if the menu is left without a choice.
+    /// The id of the item that was chosen, here or in a submenu. Not called if the menu closes without a choice.
     std::function<void(int id)> onChosen;
 
     void clear();
-    /// The text as it stands: an ampersand is one.
+    /// The text is shown as it is, ampersands included.
     QAction& addItem(const Item& item);
     QAction& addItem(const QString& text) { return addItem(Item{text}); }
-    /// Owned by this one. Give its items ids of their own.
+    /// Owned by this menu. Its items need ids of their own.
     PopupMenu& addSubMenu(const QString& text, bool enabled = true);
 
     /// Marks one item as the current one, in its submenu if it is there; an unknown id marks none.
     void setSelected(int id);
 
-    /// With its corner there, or where it fits.
+    /// With its top left corner there, or as near as it fits on the screen.
     void show(const QPoint& globalPosition);
     void showBelow(const QWidget& control);
 

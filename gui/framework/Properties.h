@@ -3,8 +3,8 @@
 #include <QVariant>
 #include <QWidget>
 
-// The named properties by which any control can be told apart or changed, whoever made it. An absent one means its
-// default: false, no limit, the colour of the role.
+// Named Qt properties that change how a control looks and behaves. A property that is not set has its default: false,
+// no limit, the colour of the role.
 namespace Gui::Property
 {
 inline constexpr const char* SELECTED = "SELECTED";  ///< button, menu item: drawn as selected
@@ -13,7 +13,7 @@ inline constexpr const char* BKCOLOR = "BKCOLOR";    ///< label, edit: a QColor 
 inline constexpr const char* TEXT = "TEXT";          ///< label, edit: in the colour of values
 inline constexpr const char* GRAYTEXT = "GRAYTEXT";  ///< any: in the colour of disabled labels
 inline constexpr const char* DISABLED = "DISABLED";  ///< any: drawn as disabled
-inline constexpr const char* NOWHEEL = "NOWHEEL";    ///< edit: the wheel is the parent's
+inline constexpr const char* NOWHEEL = "NOWHEEL";    ///< edit: the wheel event is passed to the parent
 inline constexpr const char* MIN = "MIN";            ///< edit: the lowest number, an int
 inline constexpr const char* MAX = "MAX";            ///< edit: the highest
 inline constexpr const char* SHOW_ZERO_AS_BLANK = "SHOW_ZERO_AS_BLANK";  ///< edit: the empty text stands for 0
@@ -22,7 +22,7 @@ inline constexpr const char* JUMP_BY_12 = "JUMP_BY_12";                  ///< ed
 inline constexpr const char* NUMBERS_ONLY = "NUMBERS_ONLY";              ///< edit: no sign, so 0 is the lowest
 inline constexpr const char* TOGGLE = "TOGGLE";                          ///< slider: a switch of two positions
 inline constexpr const char* COMBO_BOX = "ComboBox";                     ///< edit: it belongs to a ComboBox
-inline constexpr const char* HELP = "HELP";                              ///< any: what the help screen says of it
+inline constexpr const char* HELP = "HELP";                              ///< any: its text on the help screen
 
 inline bool isSet(const QObject& control, const char* property) { return control.property(property).toBool(); }
 inline void set(QObject& control, const char* property, bool on)
@@ -30,7 +30,7 @@ inline void set(QObject& control, const char* property, bool on)
     control.setProperty(property, on ? QVariant(true) : QVariant());
 }
 
-/// For the help screen, and for those who have the screen read to them.
+/// For the help screen, and for screen readers.
 inline void setHelp(QWidget& control, const QString& text)
 {
     control.setProperty(HELP, text);

@@ -16,7 +16,7 @@ QMessageBox& makeBox(QWidget& parent, const QString& title, const QString& text,
 }
 }  // namespace
 
-void tell(QWidget& parent, const QString& title, const QString& text)
+void showMessage(QWidget& parent, const QString& title, const QString& text)
 {
     makeBox(parent, title, text, QMessageBox::Ok).open();
 }

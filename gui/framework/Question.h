@@ -7,11 +7,11 @@ class QWidget;
 
 namespace Gui
 {
-// Boxes with one sentence. They open and return at once. The GUI thread.
+// Message boxes with one sentence. They open and return at once. The GUI thread.
 
-/// Says something that only can be read.
-void tell(QWidget& parent, const QString& title, const QString& text);
+/// Shows a sentence.
+void showMessage(QWidget& parent, const QString& title, const QString& text);
 
-/// Asks; `yes` is called for a yes alone. Escape is a no, and so is Enter on what is chosen at first.
+/// Asks a question; `yes` is called if the answer is yes. Escape means no, and no is the default button.
 void ask(QWidget& parent, const QString& title, const QString& text, std::function<void()> yes);
 }  // namespace Gui

@@ -6,7 +6,8 @@ class QButtonGroup;
 
 namespace Gui
 {
-/// A button of a group of which one is pressed: pressing it lets go of the others. The arrow keys go through the group.
+/// A button of a group of which one is pressed: pressing one releases the others. The arrow keys move through the
+/// group.
 class RadioButton : public Button
 {
 public:
@@ -14,7 +15,7 @@ public:
                 QButtonGroup& group);
 
 protected:
-    /// The listener hears of the pressed one alone.
+    /// The listener is notified of the pressed button only.
     void mouseDown() override;
     void keyPressEvent(QKeyEvent* event) override;
 };

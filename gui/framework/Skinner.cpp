@@ -24,7 +24,7 @@ void mark(QWidget& control, const char* property, bool on)
     control.update();
 }
 
-/// The inside of a scrolled control, which shows that control's colours.
+/// The viewport of a scrolled control, which has the colours of that control.
 bool isViewport(const QWidget& widget)
 {
     const auto* area = qobject_cast<const QAbstractScrollArea*>(widget.parentWidget());
@@ -37,7 +37,7 @@ bool isPushButton(const QWidget& widget)
            qobject_cast<const QCheckBox*>(&widget) == nullptr && qobject_cast<const QRadioButton*>(&widget) == nullptr;
 }
 
-/// A switch of two positions flips at a click, wherever it is hit; true for an event of the mouse on one.
+/// A slider of two positions changes at a click anywhere on it; true for a mouse event on one.
 bool flipSwitch(QObject& object, const QEvent& event)
 {
     auto* slider = qobject_cast<QAbstractSlider*>(&object);
@@ -74,7 +74,7 @@ void Skinner::skinChild(QWidget& child)
     child.installEventFilter(this);
 }
 
-/// What is made in a skinned window later is skinned when it is complete, and draws itself anew when it is marked.
+/// Controls made later are skinned once they are complete, and repainted when a property changes.
 bool Skinner::eventFilter(QObject* object, QEvent* event)
 {
     if (event->type() == QEvent::ChildPolished) {
@@ -114,7 +114,7 @@ QPalette Skinner::paletteFor(const QWidget& widget) const
     return palette;
 }
 
-/// A font that somebody gave the control stays.
+/// A font that was set on the control is kept.
 void Skinner::polish(QWidget* widget)
 {
     if (isViewport(*widget)) return widget->update();

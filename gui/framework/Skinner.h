@@ -7,8 +7,8 @@
 
 namespace Gui
 {
-/// The look of every ordinary control: drawn from the roles of the `GdiManager` and the control's named properties.
-/// What is skinned stays an ordinary control, with its keys and its accessible name. It must outlive what it skins.
+/// The look of every ordinary control: drawn from the roles of the `GdiManager` and the control's named properties. A
+/// skinned control keeps its keys and its accessible name. The skinner must outlive the controls.
 class Skinner final : public QProxyStyle
 {
 public:
@@ -18,10 +18,10 @@ public:
 
     GdiManager& getGdiManager() const { return gdi; }
 
-    /// Skins a window and what is in it, also what is made in it later.
+    /// Skins a window and its controls, those that are made later included.
     void skinWindow(QWidget& window);
 
-    // Marks on a control, which draws itself anew.
+    // Set a property of a control and repaint it.
     static void setGrayText(QWidget& control, bool on);
     static void setText(QWidget& control, bool on);
     static void setSelected(QWidget& control, bool on);
@@ -31,8 +31,8 @@ public:
     static void setMax(QWidget& edit, int highest);
     static void setMinMax(QWidget& edit, int lowest, int highest);
 
-    /// In gray, and the text of an edit is blanked: it stands for values that differ. That of a `ComboBox` stays.
-    /// Nobody is told of a blanked text.
+    /// Shows that several values differ: in gray, and the text of an edit is cleared without a signal. That of a
+    /// `ComboBox` stays.
     static void indicateInvalidValue(QWidget& control, bool invalid);
 
     /// The control and its label, both.

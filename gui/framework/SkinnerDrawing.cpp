@@ -21,7 +21,7 @@ bool isEnabled(const QStyleOption& option) { return (option.state & QStyle::Stat
 bool isOn(const QStyleOption& option) { return (option.state & (QStyle::State_On | QStyle::State_Sunken)) != 0; }
 bool isSelected(const QStyleOption& option) { return (option.state & QStyle::State_Selected) != 0; }
 
-/// The item of a menu that stands in this rectangle, for its marks.
+/// The item of a menu at this rectangle, for its properties.
 const QAction* itemAt(const QWidget* widget, const QRect& rectangle)
 {
     const auto* menu = qobject_cast<const QMenu*>(widget);

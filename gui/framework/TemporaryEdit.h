@@ -7,8 +7,8 @@
 
 namespace Gui
 {
-/// An edit laid over a value for as long as somebody types into it: Enter or going elsewhere takes the text, Escape
-/// does not. It deletes itself, and gives the keyboard back to whoever had it.
+/// An edit over a value while the user types a new one: Enter or leaving it takes the text, Escape discards it. It
+/// deletes itself and gives the focus back to the control that had it.
 class TemporaryEdit final : public EditBox
 {
 public:
@@ -16,7 +16,7 @@ public:
 
     std::function<void(const QString& text)> onCommit;
 
-    /// A click anywhere else is going elsewhere, also on what takes no focus.
+    /// A click anywhere else leaves it, even on a control that takes no focus.
     bool eventFilter(QObject* object, QEvent* event) override;
 
 protected:

@@ -4,6 +4,6 @@ class QWidget;
 
 namespace Gui
 {
-/// Whether what is typed at this control is text, so that it does not play; null is not.
+/// Whether keys typed into this control are text and must not be played; false for null.
 bool takesText(const QWidget* control);
 }  // namespace Gui

@@ -27,7 +27,7 @@ QString labelOf(TimeIntervalType kind)
     return kind.kind == TimeIntervalType::Kind::ppq ? QStringLiteral("PPQ") : QStringLiteral("NOTE");
 }
 
-/// By named lengths. From one without a name the first step goes to its neighbour.
+/// Steps through the named lengths. From a length without a name the first step goes to the nearest one.
 std::int32_t steppedByNotes(std::int32_t from, int steps)
 {
     const bool isBetween = noteIntervalIndex(from) == 0 && noteIntervalFromIndex(INTERVALS) > from;
@@ -47,7 +47,7 @@ TimeIntervalCtl::TimeIntervalCtl(GuiContext& guiContext, std::int32_t lowest, st
       labelWidth(LABEL_WIDTH),
       capture(guiContext, *this)
 {
-    setFocusPolicy(Qt::TabFocus);  // a click leaves the keyboard to whoever plays on it
+    setFocusPolicy(Qt::TabFocus);  // a click must not take the focus from playing
     setContextMenuPolicy(Qt::PreventContextMenu);
     label.setListener(this);
 }
@@ -86,7 +86,7 @@ std::int32_t TimeIntervalCtl::stepped(std::int32_t from, int steps) const
     return showsNotes() ? steppedByNotes(from, steps) : from + steps;
 }
 
-/// By the user's hand: told.
+/// A change by the user, which the listener is notified of.
 void TimeIntervalCtl::changeValue(std::int32_t ppq)
 {
     const std::int32_t before = value;

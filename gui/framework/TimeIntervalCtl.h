@@ -11,13 +11,13 @@
 
 namespace Gui
 {
-/// A length in pulses, shown by its note length or as a number, with a label beside it that switches between the two.
-/// It is dragged or turned with the wheel: by one named length, or by one pulse. A click opens the menu of the note
-/// lengths, or an edit for the number. The GUI thread.
+/// A length in pulses, shown as a note length or as a number; the label beside it switches between the two. Dragging
+/// and the wheel change it by one named length, or by one pulse. A click opens the menu of the note lengths, or an edit
+/// for the number. The GUI thread.
 class TimeIntervalCtl : public QWidget, public AccessibleControl, private Button::Listener
 {
 public:
-    /// Of what the user does here.
+    /// Notified of what the user changes.
     class Listener
     {
     public:
@@ -36,14 +36,14 @@ public:
 
     TimeIntervalType getKind() const { return kind; }
     std::int32_t getValue() const { return value; }
-    /// Without telling, as all that follow. The value is brought between the limits.
+    /// These setters do not notify the listener. The value is clamped to the limits.
     void setKind(TimeIntervalType newKind);
     void setValue(std::int32_t ppq);
     void setLimits(std::int32_t lowest, std::int32_t highest);
 
     /// `width` in logical pixels.
     void setLabel(LabelSide side, int width);
-    /// What switches between the two kinds, for its name and help.
+    /// The label that switches between the two kinds, to set its accessible name and help.
     Button& getLabel() { return label; }
 
     QString getText() const;

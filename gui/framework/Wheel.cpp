@@ -7,7 +7,7 @@ namespace Gui
 int Wheel::takeNotches(const QWheelEvent& event)
 {
     constexpr int NOTCH = 120;
-    // Some desktops turn Shift and the wheel into a sideways one.
+    // With Shift some desktops report a horizontal wheel.
     rest += event.angleDelta().y() != 0 ? event.angleDelta().y() : event.angleDelta().x();
     const int notches = rest / NOTCH;
     rest -= notches * NOTCH;

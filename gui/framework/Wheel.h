@@ -8,7 +8,7 @@ namespace Gui
 class Wheel
 {
 public:
-    /// The whole notches since the last, above 0 away from the hand.
+    /// The whole notches since the last call, above 0 away from the user.
     int takeNotches(const QWheelEvent& event);
 
 private:

@@ -20,17 +20,17 @@ bool goesToControls(const QKeyEvent& event)
 FocusControl::FocusControl(KeyInput& keyInput, QWidget* parent) : QWidget(parent), input(keyInput)
 {
     setGeometry(0, 0, SIDE, SIDE);
-    setFocusPolicy(Qt::ClickFocus);  // Tab goes round the controls and does not end here
+    setFocusPolicy(Qt::ClickFocus);  // Tab moves among the controls and skips this one
     setAttribute(Qt::WA_InputMethodEnabled, false);
-    setAccessibleName(tr("Keyboard that plays"));
-    setAccessibleDescription(tr("Control and Tab go to the controls, Escape comes back."));
+    setAccessibleName(tr("Playing keyboard"));
+    setAccessibleDescription(tr("Control and Tab moves to the controls, Escape moves back."));
     lower();
 }
 
 bool FocusControl::event(QEvent* event)
 {
     if (event->type() == QEvent::ShortcutOverride) {
-        event->accept();  // no shortcut of a host takes a key from those that play
+        event->accept();  // no shortcut of a host takes the key
         return true;
     }
     if (event->type() == QEvent::KeyPress) {

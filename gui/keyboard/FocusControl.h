@@ -6,9 +6,9 @@ namespace Gui
 {
 class KeyInput;
 
-/// Holds the keyboard focus while no text is edited. What is typed there plays. Only Control with Tab, or Shift,
-/// Control and Tab, does not play: it goes to the first control, or the last. From there Tab goes on, what a control
-/// has no use for plays, and Escape comes back here.
+/// Has the keyboard focus while no text is edited; keys typed there are played. Control and Tab moves the focus to the
+/// first control, Shift, Control and Tab to the last. From there Tab moves on, keys that a control does not use are
+/// played, and Escape moves the focus back here.
 class FocusControl final : public QWidget
 {
 public:
@@ -17,7 +17,7 @@ public:
 protected:
     bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
-    /// Tab by itself is a key to play on.
+    /// Tab without Control is played.
     bool focusNextPrevChild(bool) override { return false; }
 
 private:

@@ -10,7 +10,7 @@
 namespace Gui
 {
 using KeyboardHook::KeyEvent;
-using Road = KeyPresses::Road;
+using Source = KeyPresses::Source;
 
 namespace
 {
@@ -26,12 +26,12 @@ Key keyOf(const KeyEvent& event)
 void keyDown(OrvGuiIF& gui, Message& message)
 {
     const auto event = KeyEvent::fromMessage(message);
-    gui.getKeyPresses().press(Road::hook, keyOf(event), event.repeat);
+    gui.getKeyPresses().press(Source::hook, keyOf(event), event.repeat);
 }
 
 void keyUp(OrvGuiIF& gui, Message& message)
 {
-    gui.getKeyPresses().release(Road::hook, keyOf(KeyEvent::fromMessage(message)));
+    gui.getKeyPresses().release(Source::hook, keyOf(KeyEvent::fromMessage(message)));
 }
 
 constexpr auto COMMANDS = std::to_array<GuiCommand<OrvGuiIF>>({

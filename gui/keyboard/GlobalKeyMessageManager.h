@@ -6,7 +6,7 @@ namespace Gui
 {
 class OrvGuiIF;
 
-/// What the global keyboard tells: the keys that it took, and that it was switched.
+/// Handles the messages of the global keyboard: keys that it intercepted, and that it was switched on or off.
 class GlobalKeyMessageManager final : public TableMessageManager<OrvGuiIF>
 {
 public:

@@ -25,7 +25,7 @@ bool switchesGlobalKeyboard(const ButtonFunction& entry)
     return alone && settings != nullptr && settings->getOnOffToggle().state == OnOffToggle::State::toggle;
 }
 
-/// Whether that is all that the key does. Such a key is never played, so any other effect of it would be lost.
+/// Whether that is the only function of the key. Such a key is never played, so any other function would be lost.
 bool onlySwitches(const KeyConfiguration& configuration)
 {
     const auto& entries = configuration.getEntries();
@@ -62,8 +62,8 @@ void GlobalKeyboard::setOn(bool on)
 {
     if (!window) return;
     if (proxy.setWindowHandle != nullptr) proxy.setWindowHandle(&window);
-    const char* const told = proxy.setEnabled != nullptr ? proxy.setEnabled(on ? 1 : 0) : nullptr;
-    problem = told != nullptr ? told : "";
+    const char* const reason = proxy.setEnabled != nullptr ? proxy.setEnabled(on ? 1 : 0) : nullptr;
+    problem = reason != nullptr ? reason : "";
 }
 
 void GlobalKeyboard::setKeys(const KeyConfigurationMap& keys)
@@ -83,7 +83,7 @@ void GlobalKeyboard::setKeys(const KeyConfigurationMap& keys)
     }
 }
 
-/// All of the board but those that do something, with whatever modifiers.
+/// Every key but those that are bound to a function, with any modifiers.
 GlobalKeyboard::Codes GlobalKeyboard::findExcluded(const KeyConfigurationMap& keys)
 {
     Codes codes;
@@ -94,7 +94,7 @@ GlobalKeyboard::Codes GlobalKeyboard::findExcluded(const KeyConfigurationMap& ke
     return codes;
 }
 
-/// The library knows no modifiers: a key that does something else with one of them is none.
+/// The library ignores modifiers, so a key with another function under one of them is excluded.
 GlobalKeyboard::Codes GlobalKeyboard::findControlKeys(const KeyConfigurationMap& keys)
 {
     std::map<std::int32_t, bool> candidates;
@@ -113,7 +113,7 @@ GlobalKeyboard::Codes GlobalKeyboard::findControlKeys(const KeyConfigurationMap&
 
 std::string GlobalKeyboard::describe(const std::string& reason)
 {
-    const std::string help = "Global Keyboard: plays from the keyboard while other programs have the focus.";
+    const std::string help = "Global keyboard: the keys play while another program has the focus.";
     return reason.empty() ? help : help + "\n" + reason;
 }
 

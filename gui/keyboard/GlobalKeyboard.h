@@ -13,33 +13,33 @@ class KeyConfigurationMap;
 
 namespace Gui
 {
-/// Playing while other programs have the focus, as far as the platform lets us. While it is on, the keys that do
-/// something here are taken from the others, but those that are bound as not global; the rest stays theirs. A key that
-/// does nothing but switch it works at any time. Without its library all this is nothing. The GUI thread.
+/// Plays keys while other programs have the focus, as far as the platform allows. While it is on, keys that are bound
+/// to functions are intercepted, except those bound as not global; other programs get the rest. A key whose only
+/// function switches the global keyboard works at any time. Without its library every call is ignored. The GUI thread.
 class GlobalKeyboard
 {
 public:
-    /// Looks for the library beside ours.
+    /// Loads the library from the folder of the main library.
     GlobalKeyboard();
 
-    /// The window that gets the keys, from now until `close`.
+    /// The window that gets the keys until `close`.
     void open(const WindowHandle& receiver, bool on);
     void close();
 
-    /// Nothing while it is closed.
+    /// Ignored while it is closed.
     void setOn(bool on);
     void setKeys(const Backend::ComputerInput::KeyConfigurationMap& keys);
 
-    /// One line that says why it does not do all that it should; empty if it does.
+    /// One line that says why it does not work, or not fully; empty if it does.
     std::string getReason() const;
 
-    /// What its button does, and that reason.
+    /// The help text of its button: what it does, and that reason.
     static std::string describe(const std::string& reason);
 
     using Codes = std::set<std::int32_t>;
-    /// The keys of the board that stay with the other programs.
+    /// The keys that are not intercepted.
     static Codes findExcluded(const Backend::ComputerInput::KeyConfigurationMap& keys);
-    /// Those that do nothing but switch it, with no modifier anything else.
+    /// The keys whose only function, with any modifiers, is to switch it.
     static Codes findControlKeys(const Backend::ComputerInput::KeyConfigurationMap& keys);
 
 private:

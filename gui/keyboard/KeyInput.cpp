@@ -10,7 +10,7 @@
 
 namespace Gui
 {
-using Road = KeyPresses::Road;
+using Source = KeyPresses::Source;
 
 namespace
 {
@@ -21,23 +21,23 @@ KeyInput::KeyInput(KeyPresses& keyPresses) : presses(keyPresses)
 {
     XKeyboard::makeRepeatsDetectable();
     watch.setInterval(WATCH_INTERVAL);
-    QObject::connect(&watch, &QTimer::timeout, [this] { releaseWhatIsUp(); });
+    QObject::connect(&watch, &QTimer::timeout, [this] { releaseMissedKeys(); });
 }
 
 void KeyInput::press(const QKeyEvent& event)
 {
-    presses.press(Road::window, readKey(event), event.isAutoRepeat());
+    presses.press(Source::window, readKey(event), event.isAutoRepeat());
     if (!watch.isActive()) watch.start();
 }
 
 void KeyInput::release(const QKeyEvent& event)
 {
-    if (!event.isAutoRepeat()) presses.release(Road::window, readKey(event));
+    if (!event.isAutoRepeat()) presses.release(Source::window, readKey(event));
 }
 
-/// A key that went down just behind the focus is down by now too, but what tells of it waits already and is heard
-/// first.
-void KeyInput::focusCame()
+/// A key pressed just after the focus came is reported as down, too; its event is queued already and is handled before
+/// the timer.
+void KeyInput::focusGained()
 {
     const auto down = XKeyboard::getKeysDown();
     if (!down) return;
@@ -48,17 +48,17 @@ void KeyInput::focusCame()
     });
 }
 
-void KeyInput::focusWent() { presses.releaseAll(Road::window); }
+void KeyInput::focusLost() { presses.releaseAll(Source::window); }
 
-void KeyInput::releaseWhatIsUp()
+void KeyInput::releaseMissedKeys()
 {
-    const auto codes = presses.getCodesDown(Road::window);
+    const auto codes = presses.getCodesDown(Source::window);
     const auto down = codes.empty() ? std::nullopt : XKeyboard::getKeysDown();
     if (!down) return watch.stop();
     for (const int code : codes) {
         const int place = KeyTable::scanCodeOf(code);
         if (place >= 0 && !down->test(static_cast<std::size_t>(place)))
-            presses.release(Road::window, Key{.keyCode = code});
+            presses.release(Source::window, Key{.keyCode = code});
     }
 }
 }  // namespace Gui

@@ -8,9 +8,8 @@ namespace Gui
 {
 class KeyPresses;
 
-/// Brings the toolkit's key events of a window to the keys that are down. Where it can be known which keys are
-/// physically down, a key that came up unseen, because the desktop took its release, does not stay down. The GUI
-/// thread.
+/// Passes Qt's key events of a window to `KeyPresses`. Where the platform reports which keys are physically down, a key
+/// whose release the desktop took is released as well. The GUI thread.
 class KeyInput
 {
 public:
@@ -22,13 +21,13 @@ public:
     void press(const QKeyEvent& event);
     void release(const QKeyEvent& event);
 
-    /// The window's keys come to us from now on; those that are down already are not ours.
-    void focusCame();
-    /// They go elsewhere, be it to another window, a text or a menu: whatever is down comes up.
-    void focusWent();
+    /// The window gets the keys from now on; those that are down already are ignored until they are released.
+    void focusGained();
+    /// Another window, a text or a menu gets the keys: those that are down are released.
+    void focusLost();
 
 private:
-    void releaseWhatIsUp();
+    void releaseMissedKeys();
 
     KeyPresses& presses;
     QTimer watch;

@@ -34,7 +34,7 @@ bool Key::*KeyPresses::modifierOf(int keyCode)
     return row == std::end(MODIFIER_KEYS) ? nullptr : row->modifier;
 }
 
-void KeyPresses::press(Road road, const Key& key, bool isRepeat)
+void KeyPresses::press(Source source, const Key& key, bool isRepeat)
 {
     if (key.keyCode < 0) return;
     auto found = presses.find(key.keyCode);
@@ -47,17 +47,17 @@ void KeyPresses::press(Road road, const Key& key, bool isRepeat)
     if (own != nullptr)
         played.*own = false;
     else
-        releaseLostModifiers(road, key);
-    if (presses.contains(RIGHT_ALT) && own != &Key::alt) played.alt = true;  // as AltGr it is no Alt to the desktop
+        releaseLostModifiers(source, key);
+    if (presses.contains(RIGHT_ALT) && own != &Key::alt) played.alt = true;  // the desktop does not report AltGr as Alt
 
     const bool isChord = isShift(key.keyCode) && isChordWith(key);
-    presses.insert_or_assign(key.keyCode, Press{road, played});
+    presses.insert_or_assign(key.keyCode, Press{source, played});
     if (isChord) return;
     listener.showKey(key.keyCode, true);
     listener.keyDown(played, wasDown);
 }
 
-/// Whether anything is held but Shift and Control.
+/// Whether a key other than Shift and Control is held.
 bool KeyPresses::isChordWith(const Key& shift) const
 {
     return shift.alt || shift.win ||
@@ -69,24 +69,25 @@ bool KeyPresses::isHeld(bool Key::*modifier) const
     return std::ranges::any_of(presses, [modifier](const auto& press) { return modifierOf(press.first) == modifier; });
 }
 
-/// The desktop may take a modifier's release for itself. Of the right Alt key not every desktop tells that it is held.
-void KeyPresses::releaseLostModifiers(Road road, const Key& held)
+/// Releases modifiers that are no longer held: the desktop may have taken their release. Not every desktop reports the
+/// right Alt key as held, so that one is left out.
+void KeyPresses::releaseLostModifiers(Source source, const Key& held)
 {
     for (const auto& [code, modifier] : MODIFIER_KEYS) {
         const auto found = presses.find(code);
-        if (found == presses.end() || found->second.road != road || code == RIGHT_ALT || held.*modifier) continue;
-        comeUp(found, Key{.keyCode = code});
+        if (found == presses.end() || found->second.source != source || code == RIGHT_ALT || held.*modifier) continue;
+        endPress(found, Key{.keyCode = code});
     }
 }
 
-void KeyPresses::release(Road road, const Key& key)
+void KeyPresses::release(Source source, const Key& key)
 {
     const auto found = presses.find(key.keyCode);
-    if (found == presses.end() || found->second.road != road) return;
-    comeUp(found, key);
+    if (found == presses.end() || found->second.source != source) return;
+    endPress(found, key);
 }
 
-void KeyPresses::comeUp(Presses::iterator press, const Key& key)
+void KeyPresses::endPress(Presses::iterator press, const Key& key)
 {
     const Press released = press->second;
     presses.erase(press);
@@ -98,11 +99,11 @@ void KeyPresses::comeUp(Presses::iterator press, const Key& key)
     if (key.keyCode != LEFT_WINDOWS) listener.keyUp(played);
 }
 
-void KeyPresses::releaseAll(Road road)
+void KeyPresses::releaseAll(Source source)
 {
-    for (const int code : getCodesDown(road)) {
+    for (const int code : getCodesDown(source)) {
         const auto found = presses.find(code);
-        if (found == presses.end() || found->second.road != road) continue;
+        if (found == presses.end() || found->second.source != source) continue;
         const Press released = found->second;
         presses.erase(found);
         if (released.ignored) continue;
@@ -113,14 +114,14 @@ void KeyPresses::releaseAll(Road road)
 
 void KeyPresses::ignoreUntilReleased(int keyCode)
 {
-    if (keyCode >= 0) presses.try_emplace(keyCode, Press{Road::window, Key{.keyCode = keyCode}, true});
+    if (keyCode >= 0) presses.try_emplace(keyCode, Press{Source::window, Key{.keyCode = keyCode}, true});
 }
 
-std::vector<int> KeyPresses::getCodesDown(Road road) const
+std::vector<int> KeyPresses::getCodesDown(Source source) const
 {
     std::vector<int> codes;
     for (const auto& [code, press] : presses)
-        if (press.road == road) codes.push_back(code);
+        if (press.source == source) codes.push_back(code);
     return codes;
 }
 }  // namespace Gui

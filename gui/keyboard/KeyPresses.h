@@ -7,16 +7,16 @@
 
 namespace Gui
 {
-/// The keys that are down, by whatever road they came, so that each goes down once, repeats while it is held, and comes
-/// up exactly once. Knows nothing of the toolkit. The GUI thread.
+/// The keys that are down, from all sources, so that each is pressed once, repeats while it is held, and is released
+/// exactly once. Independent of Qt. The GUI thread.
 class KeyPresses
 {
 public:
-    /// From where a key came. Who let it go down also lets it come up, unless another pressed it meanwhile.
-    enum class Road {
-        window,  ///< it was typed into our window
-        hook,    ///< it was typed into another program's, and the global keyboard took it
-        picture  ///< the mouse is on it
+    /// Where a key event comes from. A key is released by the source that pressed it last.
+    enum class Source {
+        window,  ///< typed into our window
+        hook,    ///< typed into another program and intercepted by the global keyboard
+        picture  ///< pressed with the mouse on the picture of the keyboard
     };
 
     class Listener
@@ -24,37 +24,38 @@ public:
     public:
         virtual ~Listener() = default;
         virtual void keyDown(const Key& key, bool isRepeat) = 0;
-        /// With the modifiers of this moment.
+        /// With the modifiers held at this moment.
         virtual void keyUp(const Key& key) = 0;
-        /// For a picture: a code goes down or comes up, also where nobody is told of it.
+        /// For the picture of the keyboard: a key goes down or up, also one for which `keyDown` or `keyUp` is not
+        /// called.
         virtual void showKey(int keyCode, bool down) = 0;
     };
 
     explicit KeyPresses(Listener& keyListener) : listener(keyListener) {}
 
-    /// `key` has the modifiers that are held, itself or not. A key that is down already repeats; a repeat of one that
-    /// is not down, and a key without a code, is nothing. Shift while another key is held is a chord with it and no key
-    /// of its own.
-    void press(Road road, const Key& key, bool isRepeat = false);
-    /// Nothing for a key that did not go down on that road. Of the left Windows key nobody but the picture is told:
+    /// `key` has the modifiers that are held; for a modifier key its own may be set or not. A key that is down already
+    /// repeats. A repeat of a key that is not down and a key without a code are ignored. Shift while another key is
+    /// held is part of a chord and not played.
+    void press(Source source, const Key& key, bool isRepeat = false);
+    /// Ignored for a key that this source did not press. The release of the left Windows key goes to `showKey` only:
     /// desktops open their menu with it.
-    void release(Road road, const Key& key);
+    void release(Source source, const Key& key);
 
-    /// Each with the modifiers that it went down with, so that its release finds what its press did.
-    void releaseAll(Road road);
+    /// Each with the modifiers of its press, so that its release finds the functions of its press.
+    void releaseAll(Source source);
 
-    /// A key that was down before we were told of keys: until it comes up it is no key of ours.
+    /// Ignores a key that was down before the window got the keys, until it is released.
     void ignoreUntilReleased(int keyCode);
 
-    /// The codes that are down, those ignored among them.
-    std::vector<int> getCodesDown(Road road) const;
+    /// The codes of the keys that are down, ignored ones included.
+    std::vector<int> getCodesDown(Source source) const;
 
-    /// Which modifier a key is, null for any other key.
+    /// The modifier of a modifier key, null for any other key.
     static bool Key::*modifierOf(int keyCode);
 
 private:
     struct Press {
-        Road road;
+        Source source;
         Key key;
         bool ignored = false;
     };
@@ -62,8 +63,8 @@ private:
 
     bool isChordWith(const Key& shift) const;
     bool isHeld(bool Key::*modifier) const;
-    void releaseLostModifiers(Road road, const Key& held);
-    void comeUp(Presses::iterator press, const Key& key);
+    void releaseLostModifiers(Source source, const Key& held);
+    void endPress(Presses::iterator press, const Key& key);
 
     Listener& listener;
     Presses presses;  // by code

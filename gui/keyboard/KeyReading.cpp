@@ -34,7 +34,7 @@ constexpr Meaning MEANINGS[] = {
     {Qt::Key_QuoteDbl, 222},
 };
 
-// What means something else there.
+// The keys with another meaning on the keypad.
 constexpr Meaning KEYPAD[] = {
     {Qt::Key_Asterisk, 106}, {Qt::Key_Plus, 107}, {Qt::Key_Minus, 109}, {Qt::Key_Period, 110}, {Qt::Key_Comma, 110},
     {Qt::Key_Slash, 111}, {Qt::Key_Enter, 226}, {Qt::Key_Return, 226},

@@ -23,7 +23,7 @@ KeyboardHookProxy::KeyboardHookProxy(const std::string& folder)
     if (!reason.empty()) WindowsLib::DbgStream() << "No global keyboard: " << reason;
 }
 
-// It gives the keys back before its code goes.
+// Releases the keys before the code is unloaded.
 KeyboardHookProxy::~KeyboardHookProxy()
 {
     if (clearControlKeys != nullptr) clearControlKeys();

@@ -7,9 +7,9 @@ class WindowHandle;
 
 namespace Gui
 {
-/// The global keyboard, if its library is there: it is loaded here and unloaded when this goes, which gives every key
-/// back. Without it, or without one of its functions, the pointers concerned are null and that is all; whoever calls
-/// one tests it first. What the functions do is said in keyboardhook/KeyboardHook.h. Any thread.
+/// The library of the global keyboard: loaded by the constructor and unloaded by the destructor, which releases every
+/// key. A function that is missing, or all of them if the library is, is a null pointer; callers test it. The functions
+/// are documented in keyboardhook/KeyboardHook.h. Any thread.
 class KeyboardHookProxy
 {
     void* library = nullptr;
@@ -22,14 +22,14 @@ public:
     void (*clearControlKeys)() = nullptr;
     void (*addControlKey)(std::int32_t virtualKey) = nullptr;
 
-    /// Loads the library from `folder`, which is the main library's: `getModuleFolder`.
+    /// Loads the library from `folder`, see `getModuleFolder`.
     explicit KeyboardHookProxy(const std::string& folder);
     ~KeyboardHookProxy();
 
     KeyboardHookProxy(const KeyboardHookProxy&) = delete;
     KeyboardHookProxy& operator=(const KeyboardHookProxy&) = delete;
 
-    /// One line that says why something is missing; empty if nothing is. The debug stream has it too.
+    /// One line that says why something is missing; empty if nothing is. It is written to the debug stream, too.
     const std::string& getReason() const { return reason; }
 
 private:

@@ -5,7 +5,7 @@
 #include <QGuiApplication>
 #include <algorithm>
 
-// Last: they bring macros with everyday names.
+// Last: they define macros with common names.
 #include <X11/XKBlib.h>
 #include <X11/keysym.h>
 
@@ -19,7 +19,7 @@ Display* getDisplay()
     return x11 == nullptr ? nullptr : x11->display();
 }
 
-/// Keys that wait for a letter to stand on.
+/// Dead keys, which change the next letter.
 struct DeadKey {
     KeySym symbol;
     char16_t sign;

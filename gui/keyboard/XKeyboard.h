@@ -6,18 +6,18 @@
 
 namespace Gui
 {
-/// What the X server knows of the keyboard and Qt does not tell. On other platforms it is empty. The GUI thread.
+/// Keyboard state of the X server that Qt does not provide. Empty on other platforms. The GUI thread.
 namespace XKeyboard
 {
 using Keys = std::bitset<256>;  ///< by scan code
 
-/// A key that is held then repeats as presses, and is released once.
+/// From then on a held key repeats as presses and is released once.
 void makeRepeatsDetectable();
 
-/// The keys that are physically down; none where that cannot be known.
+/// The keys that are physically down; no value where that is unknown.
 std::optional<Keys> getKeysDown();
 
-/// What the layout of this moment has on its keys; made anew when the layout may have changed.
+/// The labels of the current layout. Make a new one when the layout may have changed.
 class Layout
 {
 public:
@@ -26,7 +26,7 @@ public:
     Layout(const Layout&) = delete;
     Layout& operator=(const Layout&) = delete;
 
-    /// What the key at that place types by itself, as it is printed on a key; empty for one that types nothing.
+    /// What the key at that place types without modifiers, as it is printed on the key; empty if it types nothing.
     QString getLabel(int scanCode) const;
 
 private:

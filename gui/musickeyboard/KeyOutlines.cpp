@@ -15,8 +15,8 @@ constexpr int OCTAVE = 12;
 constexpr int WHITES_IN_OCTAVE = 7;
 constexpr int HIGHEST = NOTES - 1;
 
-/// How many white keys of the octave stand before a key, and how far a black one reaches back over the last of them:
-/// as on a piano it is not in the middle of the border.
+/// The number of white keys of the octave before a key, and how far a black key extends over the last of them: as on a
+/// piano it is not centred between them.
 struct PitchClass {
     int whitesBefore;
     int overlap;  // 0 for a white key
@@ -28,7 +28,7 @@ constexpr int inRange(int note) { return std::clamp(note, 0, HIGHEST); }
 constexpr PitchClass pitchClassOf(int note) { return PITCH_CLASSES[static_cast<std::size_t>(note % OCTAVE)]; }
 bool isBlackNeighbour(int note) { return note >= 0 && note <= HIGHEST && isBlack(note); }
 
-/// What the black key on either side leaves of a white one behind.
+/// The part of a white key between the black keys on its two sides.
 QRect backOf(int note)
 {
     const int left = isBlackNeighbour(note - 1) ? rightEdge(note - 1) : leftEdge(note);

@@ -9,8 +9,8 @@ class OrvMessageManager;
 
 namespace Gui::Output
 {
-/// Plays what the left button presses on the music keyboard: through the layers, to the outputs and channels that they
-/// name, or else to the default output.
+/// Plays the keys that the left button presses on the music keyboard, through the layers, or to the default output
+/// where no layer takes the note.
 class KeyPlayer final : public MusicKeyboardCtl::Listener
 {
 public:

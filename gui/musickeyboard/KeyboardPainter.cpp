@@ -34,7 +34,7 @@ void KeyboardPainter::paintKey(int note, KeyState state)
     if (note == MIDDLE_C) markMiddleC();
 }
 
-/// Between it and the next one a pixel of the ground stays free.
+/// One pixel of background stays free between two keys.
 void KeyboardPainter::paintWhiteFace(int note, KeyState state)
 {
     const QRect key = KeyOutlines::keyRectangle(note);

@@ -25,7 +25,7 @@ constexpr int LOUDEST = 127;
 
 QString nameOf(int note) { return QString::fromStdString(Backend::MidiEngine::getNoteName(note, Octave::with)); }
 
-/// Rises fast at first: the middle of a key is already loud, and the last third changes little.
+/// A quadratic curve: the middle of a key is loud already, and the front third changes little.
 int velocityAt(int note, int y)
 {
     const double fromFront = 1.0 - static_cast<double>(y) / (KeyOutlines::keyRectangle(note).height() - 1);
@@ -37,9 +37,11 @@ MusicKeyboardCtl::MusicKeyboardCtl(GuiContext& guiContext, QWidget* parent) : QW
 {
     setFixedSize(KeyOutlines::WIDTH, KeyOutlines::WHITE_HEIGHT + KeyboardPainter::LABEL_HEIGHT);
     setAttribute(Qt::WA_OpaquePaintEvent);
-    setMouseTracking(true);  // it sees a button that was let go elsewhere
+    setMouseTracking(true);  // to notice that the button was released elsewhere
     setAccessibleName(tr("Music keyboard"));
-    Property::setHelp(*this, tr("Shows the notes that sound. Click a key to play it, nearer to its front for louder."));
+    Property::setHelp(
+        *this,
+        tr("Shows the notes that sound. Click a key to play it: velocity 1 at the back, 127 at the front edge."));
     frame.setSingleShot(true);
     connect(&frame, &QTimer::timeout, this, [this] { showFrame(); });
 }
@@ -56,14 +58,14 @@ void MusicKeyboardCtl::displayMidiOutputEvent(const OrvMidiMessage& event)
 {
     notes.take(event);
     const int note = event.getD1();
-    if (event.isNoteOn() && notes.isSounding(note)) struck.set(static_cast<std::size_t>(note));
+    if (event.isNoteOn() && notes.isSounding(note)) started.set(static_cast<std::size_t>(note));
     showSoon();
 }
 
 void MusicKeyboardCtl::clearHilight()
 {
     notes.clear();
-    struck.reset();
+    started.reset();
     showSoon();
 }
 
@@ -96,11 +98,11 @@ void MusicKeyboardCtl::showFrame()
     const Keys before = lit;
     for (int note = 0; note < KeyOutlines::NOTES; ++note) {
         const auto key = static_cast<std::size_t>(note);
-        lit[key] = notes.isSounding(note) || struck[key];
+        lit[key] = notes.isSounding(note) || started[key];
         if (lit[key] != before[key]) update(KeyOutlines::keyRectangle(note));
     }
-    if (struck.any()) showSoon();  // some of them may be over
-    struck.reset();
+    if (started.any()) showSoon();  // some of them may have ended
+    started.reset();
     if (lit != before) accessibleValueChanged(*this, getSoundingNames());
 }
 
@@ -130,7 +132,7 @@ void MusicKeyboardCtl::mouseReleaseEvent(QMouseEvent* event)
     if (event->button() == Qt::LeftButton) release();
 }
 
-/// Whatever ends the hold without the button.
+/// Events that release the key although the button is down.
 bool MusicKeyboardCtl::event(QEvent* event)
 {
     switch (event->type()) {
@@ -146,7 +148,7 @@ bool MusicKeyboardCtl::event(QEvent* event)
     return QWidget::event(event);
 }
 
-/// The key there in place of the one that is held; beside the keys none.
+/// Holds the key at that point instead of the one held now; outside the keys none.
 void MusicKeyboardCtl::hold(const QPoint& point)
 {
     const int note = KeyOutlines::noteAt(point);

@@ -18,27 +18,27 @@ namespace Gui::Output
 {
 enum class KeyState;
 
-/// A piano of all 128 notes. Keys light while their notes sound, and the mouse plays it: a key is held while the left
-/// button is, and dragging plays from key to key. However many events come, it paints once a frame and only keys that
-/// changed; a note that is over within a frame is seen for one. Where the keys stand: `KeyOutlines`.
+/// A piano keyboard of 128 notes. Keys are lit while their notes sound, and the mouse plays them: a key is down while
+/// the left button is, and dragging plays from key to key. It repaints at most once a frame, and only the keys that
+/// changed; a note that ends within a frame is shown for one. The places of the keys are in `KeyOutlines`.
 class MusicKeyboardCtl final : public QWidget, public AccessibleControl
 {
 public:
-    /// Takes the clicks.
+    /// Notified of clicks.
     class Listener
     {
     public:
         virtual ~Listener() = default;
-        /// `velocity` is 1 to 127, the nearer to the front of the key the louder. The left and the right button.
+        /// `velocity` is 1 to 127, higher nearer to the front of the key. For the left and the right button.
         virtual void keyPressed(int note, int velocity, Qt::MouseButton button) = 0;
-        /// Of the left button; also if the control is hidden, or the mouse is taken from it. No key stays down.
+        /// The left button was released, the control was hidden or lost the mouse. Every press gets its release.
         virtual void keyReleased(int note) = 0;
     };
 
     MusicKeyboardCtl(GuiContext& guiContext, QWidget* parent);
 
-    /// In place of the one before, which gets the release of what is held. Null for none. It must live until another
-    /// takes its place or the control is gone.
+    /// Replaces the listener; the old one gets the release of a held key. Null for none. It must live until it is
+    /// replaced or the control is destroyed.
     void setListener(Listener* newListener);
 
     /// An event on its way to an output.
@@ -48,7 +48,7 @@ public:
 
     /// Whether the key is drawn as sounding.
     bool isLit(int note) const;
-    /// The names of the keys that are, "C4 E4", empty for none.
+    /// The names of those keys, "C4 E4"; empty for none.
     QString getSoundingNames() const;
 
     QAccessible::Role getAccessibleRole() const override { return QAccessible::Graphic; }
@@ -75,8 +75,8 @@ private:
     GuiContext& context;
     Listener* listener = nullptr;
     SoundingNotes notes;
-    Keys struck;  // since the last frame
-    Keys lit;     // as they are drawn
+    Keys started;  // note-ons since the last frame
+    Keys lit;      // the keys drawn as sounding
     int heldKey = NO_KEY;
     bool isDragged = false;  // the left button is down
     QTimer frame;

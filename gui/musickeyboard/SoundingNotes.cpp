@@ -41,7 +41,7 @@ void SoundingNotes::start(int output, int channel, int note)
     ++sounding[static_cast<std::size_t>(note)];
 }
 
-/// An end without a beginning is nothing.
+/// A note-off without a note-on is ignored.
 void SoundingNotes::end(int output, int channel, int note)
 {
     int& count = countOf(output, channel, note);

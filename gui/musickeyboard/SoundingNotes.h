@@ -8,19 +8,19 @@
 
 namespace Gui::Output
 {
-/// Which notes sound, as far as the events on their way to the outputs tell. A note that several outputs or channels
-/// play, or one of them several times, sounds until the last of them has ended it.
+/// The notes that sound, derived from the events sent to the outputs. A note is counted per output and channel; it
+/// sounds until every note-on has had its note-off.
 class SoundingNotes
 {
 public:
     static constexpr int NOTES = 128;
 
-    /// A note on of velocity 0 ends a note; so do, for all of a channel, "all sound off" and "all notes off", and for
-    /// all of an output a system reset. Other events change nothing.
+    /// A note-on with velocity 0 ends a note. "All sound off" and "all notes off" end those of a channel, a system
+    /// reset those of an output. Other events are ignored.
     void take(const Backend::MidiEngine::OrvMidiMessage& event);
 
     void clear();
-    /// Outputs that are off or not there end what they play without a word.
+    /// Ends the notes of outputs that are disabled or missing.
     void handleMidiOutputPortsChanged(const Backend::MidiEngine::MidiOutputPorts& ports);
 
     /// False for a note outside 0 to 127.

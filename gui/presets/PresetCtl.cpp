@@ -45,7 +45,7 @@ void PresetCtl::resizeEvent(QResizeEvent*)
     button->setGeometry(width() - BUTTON_WIDTH, 0, BUTTON_WIDTH, HEIGHT);
 }
 
-// --- what the backend tells
+// --- changes that the backend reports
 
 void PresetCtl::setPresets(const Backend::PresetList& presets)
 {

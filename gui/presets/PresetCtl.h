@@ -19,12 +19,12 @@ namespace Gui::Preset
 {
 class PresetsDialog;
 
-/// A row of a section's screen: which preset it came from, the list of all to load one from, and a menu to save and
-/// change them. The GUI thread.
+/// A row of a section's screen: the name of the preset that is loaded, the list of presets to load, and a menu to save
+/// and edit them. The GUI thread.
 class PresetCtl final : public QWidget, public PresetGuiOwner
 {
 public:
-    /// What the section's message manager does; all post but the last, which a section has where one can select.
+    /// The commands of the section's message manager. `hasSelection` is set for sections with a selection.
     struct Commands {
         std::function<void(const std::string& name)> load;
         std::function<void(const std::string& name, bool selectedOnly)> save;
@@ -35,13 +35,13 @@ public:
 
     static constexpr int HEIGHT = 20;
 
-    /// `name` is the accessible one: "Preset of the keys".
+    /// `name` is its accessible name: "Preset of the keys".
     PresetCtl(OrvGuiIF& gui, const QString& name, Commands sectionCommands, QWidget* parent);
     ~PresetCtl() override;
 
-    // What the backend tells
+    // Changes that the backend reports
     void setPresets(const Backend::PresetList& presets);
-    /// The preset that the section came from, empty for none.
+    /// The preset that the section was loaded from; empty for none.
     void showCurrent(const std::string& name);
 
     void addPreset(const std::string& name, bool selectedOnly) override;
@@ -61,7 +61,7 @@ private:
     const Commands commands;
     Backend::PresetList list;
     std::string current;
-    ComboBox* choices;  // these belong to the control, as Qt has it
+    ComboBox* choices;  // owned by their Qt parents
     QPushButton* button;
     PopupMenu* menu;
     QPointer<PresetsDialog> dialog;

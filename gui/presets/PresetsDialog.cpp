@@ -41,7 +41,9 @@ void showAddPresetDialog(PresetGuiOwner& owner, QWidget& parent)
 {
     EditBoxDialog& dialog = makeNameDialog(tr("Add Preset"), {}, parent);
     auto* selectedOnly = new QCheckBox(tr("Selected Only"));
-    Property::setHelp(*selectedOnly, tr("Saves what is selected alone. Loaded, it is added to what is there."));
+    Property::setHelp(
+        *selectedOnly,
+        tr("Saves the selected rows alone. When such a preset is loaded, its rows are added to those that are there."));
     selectedOnly->setEnabled(owner.hasSelection());
     dialog.addOption(selectedOnly);
     dialog.doubt = [&owner](const QString& name) -> EditBoxDialog::Doubt {
@@ -66,9 +68,9 @@ PresetsDialog::PresetsDialog(PresetGuiOwner& presetOwner, QWidget& parent)
     auto* row = new QHBoxLayout(this);
     row->addWidget(names);
     auto* column = new QVBoxLayout;
-    addButton(*column, tr("Add"), tr("Saves what this section is now as a preset."), &PresetsDialog::addPreset);
-    addButton(*column, tr("Delete"), tr("Deletes the preset that is selected."), &PresetsDialog::deletePreset);
-    addButton(*column, tr("Edit"), tr("Gives the preset that is selected another name."), &PresetsDialog::editPreset);
+    addButton(*column, tr("Add"), tr("Saves this section as a preset."), &PresetsDialog::addPreset);
+    addButton(*column, tr("Delete"), tr("Deletes the selected preset, after asking."), &PresetsDialog::deletePreset);
+    addButton(*column, tr("Edit"), tr("Renames the selected preset."), &PresetsDialog::editPreset);
     column->addStretch();
     addManualButton(*column, HELP_TOPIC);
     auto* close = new QPushButton(tr("Close"));
@@ -89,7 +91,7 @@ void PresetsDialog::addButton(QBoxLayout& column, const QString& label, const QS
     column.addWidget(button);
 }
 
-/// What is selected stays so, if it is still there.
+/// Keeps the selection if that preset is still there.
 void PresetsDialog::refill()
 {
     const QString selected = selectedName();

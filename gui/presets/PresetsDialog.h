@@ -9,16 +9,16 @@ namespace Gui::Preset
 {
 class PresetGuiOwner;
 
-/// Opens the dialog "Add Preset", which saves under a name, and returns at once. The GUI thread.
+/// Opens the dialog "Add Preset", which asks for a name and saves, and returns at once. The GUI thread.
 void showAddPresetDialog(PresetGuiOwner& owner, QWidget& parent);
 
-/// The presets of a section: saved, renamed and deleted here. The keys play on meanwhile. The GUI thread.
+/// Saves, renames and deletes the presets of a section. The keys go on playing. The GUI thread.
 class PresetsDialog final : public QDialog
 {
 public:
     PresetsDialog(PresetGuiOwner& presetOwner, QWidget& parent);
 
-    /// The list is another one.
+    /// The list has changed.
     void refill();
 
 private:

@@ -131,7 +131,7 @@ MainWindow::~MainWindow()
 {
     hide();  // while all are there that its screens turn to
     qApp->removeEventFilter(this);
-    for (const auto road : {KeyPresses::Road::window, KeyPresses::Road::hook, KeyPresses::Road::picture})
+    for (const auto road : {KeyPresses::Source::window, KeyPresses::Source::hook, KeyPresses::Source::picture})
         keyPresses->releaseAll(road);
 }
 
@@ -252,7 +252,7 @@ void MainWindow::setPlayingFocus()
 }
 
 /// Its help, or that of what it is a part of.
-void MainWindow::helpOn(const QWidget& control)
+void MainWindow::showHelpOf(const QWidget& control)
 {
     for (const QWidget* widget = &control; widget != nullptr; widget = widget->parentWidget())
         if (widget->property(Property::HELP).isValid()) return gui.displayHelp(*widget);
@@ -264,24 +264,24 @@ bool MainWindow::eventFilter(QObject* object, QEvent* event)
 {
     auto* widget = qobject_cast<QWidget*>(object);
     if (widget == nullptr) return false;
-    if (widget->window() != window()) return isAround(*widget) && playInDialog(*widget, *event);
+    if (widget->window() != window()) return contains(*widget) && playInDialog(*widget, *event);
     switch (event->type()) {
         case QEvent::MouseButtonPress:
             if (!takesText(widget)) focusControl->setFocus();
             break;
         case QEvent::Enter:
-            helpOn(*widget);
+            showHelpOf(*widget);
             break;
         case QEvent::Show:
             if (isAncestorOf(widget)) leaveKeyboardAlone(*widget);
             break;
         case QEvent::FocusIn:
-            helpOn(*widget);
-            if (isAncestorOf(widget) && !takesText(widget)) keyInput->focusCame();
+            showHelpOf(*widget);
+            if (isAncestorOf(widget) && !takesText(widget)) keyInput->focusGained();
             break;
         case QEvent::FocusOut:
         case QEvent::WindowDeactivate:
-            if (!isPlayedIn(QApplication::activeModalWidget())) keyInput->focusWent();
+            if (!isPlayedIn(QApplication::activeModalWidget())) keyInput->focusLost();
             break;
         default:
             break;
@@ -294,13 +294,13 @@ bool MainWindow::playInDialog(QWidget& widget, QEvent& event)
 {
     switch (event.type()) {
         case QEvent::Enter:
-            helpOn(widget);
+            showHelpOf(widget);
             return false;
         case QEvent::FocusIn:
-            helpOn(widget);
+            showHelpOf(widget);
             return false;
         case QEvent::WindowDeactivate:
-            widget.window()->isHidden() ? dialogWent() : keyInput->focusWent();
+            widget.window()->isHidden() ? dialogClosed() : keyInput->focusLost();
             return false;
         case QEvent::KeyPress: {
             const auto& key = static_cast<const QKeyEvent&>(event);
@@ -317,14 +317,14 @@ bool MainWindow::playInDialog(QWidget& widget, QEvent& event)
 }
 
 /// The window, or a dialog below, has the keys a moment later, unless another program has taken them.
-void MainWindow::dialogWent()
+void MainWindow::dialogClosed()
 {
     QTimer::singleShot(FOCUS_RETURNS, this, [this] {
-        if (!isActiveWindow() && !isPlayedIn(QApplication::activeModalWidget())) keyInput->focusWent();
+        if (!isActiveWindow() && !isPlayedIn(QApplication::activeModalWidget())) keyInput->focusLost();
     });
 }
 
-bool MainWindow::isAround(const QWidget& widget) const
+bool MainWindow::contains(const QWidget& widget) const
 {
     const QWidget* inner = &widget;
     while (inner != nullptr && inner != this) inner = inner->parentWidget();
@@ -350,7 +350,7 @@ void MainWindow::keyReleaseEvent(QKeyEvent* event) { keyInput->release(*event); 
 
 void MainWindow::hideEvent(QHideEvent* event)
 {
-    keyInput->focusWent();
+    keyInput->focusLost();
     QWidget::hideEvent(event);
 }
 }  // namespace Gui

@@ -61,7 +61,7 @@ public:
     void setPlayingFocus();
 
     /// Whether that is a part of it, or of a dialog of it.
-    bool isAround(const QWidget& widget) const;
+    bool contains(const QWidget& widget) const;
     bool hasDialog() const;
 
     void setMidiThru(bool on);
@@ -88,9 +88,9 @@ private:
     void makeButtons();
     void makePanels();
     void fit();
-    void helpOn(const QWidget& control);
+    void showHelpOf(const QWidget& control);
     bool playInDialog(QWidget& widget, QEvent& event);
-    void dialogWent();
+    void dialogClosed();
     Panel* panelOf(Backend::Screen screen) const;
 
     OrvGuiIF& gui;

@@ -207,7 +207,7 @@ void OrvGui::handleProgramMissing(const Program& program)
     if (loading.empty()) return;
     const QString file = shownFileName(loading);
     const bool isBank = loading == shown.bank.name && !shown.bank.programNames.empty();
-    tell(dialogParent(), QObject::tr("Load"),
+    showMessage(dialogParent(), QObject::tr("Load"),
          isBank ? QObject::tr("\"%1\" has no program %2.").arg(file, QString::number(program.number + 1))
                 : QObject::tr("There is no program in \"%1\".").arg(file));
 }
@@ -332,7 +332,7 @@ void OrvGui::displayMidiOutputEvent(const OrvMidiMessage& event)
 QWidget& OrvGui::dialogParent() const
 {
     QWidget* dialog = QApplication::activeModalWidget();
-    return dialog != nullptr && desk->main->isAround(*dialog) ? *dialog : *desk->main;
+    return dialog != nullptr && desk->main->contains(*dialog) ? *dialog : *desk->main;
 }
 
 void OrvGui::showSaveDialog()
@@ -366,7 +366,7 @@ void OrvGui::handlePresetsChanged(std::size_t section, const PresetList& presets
     if (section == PresetSections::indexOf(PresetSections::COMPUTER_INPUT))
         desk->main->getComputerInputPanel().handlePresetsChanged(presets);
     if (!done)
-        tell(dialogParent(), QObject::tr("Error"),
+        showMessage(dialogParent(), QObject::tr("Error"),
              QObject::tr("The folder \"%1\" could not be changed.").arg(PresetSections::ALL[section].folder));
 }
 

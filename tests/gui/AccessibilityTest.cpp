@@ -48,11 +48,11 @@ TEST(Accessibility, EveryControlSaysWhatItIsAndHowItIsCalled)
     rows.push_back({std::make_unique<PopupMenu>(), QAccessible::PopupMenu, ""});
     for (std::size_t i = 0; i < rows.size(); ++i) {
         rows[i].control->setAccessibleName("Program");
-        const QAccessibleInterface* told = QAccessible::queryAccessibleInterface(rows[i].control.get());
-        ASSERT_NE(told, nullptr) << i;
-        EXPECT_EQ(told->role(), rows[i].role) << i;
-        EXPECT_EQ(told->text(QAccessible::Name), "Program") << i;
-        EXPECT_EQ(told->text(QAccessible::Value).toStdString(), rows[i].value) << i;
+        const QAccessibleInterface* reported = QAccessible::queryAccessibleInterface(rows[i].control.get());
+        ASSERT_NE(reported, nullptr) << i;
+        EXPECT_EQ(reported->role(), rows[i].role) << i;
+        EXPECT_EQ(reported->text(QAccessible::Name), "Program") << i;
+        EXPECT_EQ(reported->text(QAccessible::Value).toStdString(), rows[i].value) << i;
     }
 }
 
@@ -68,9 +68,9 @@ TEST(Accessibility, AScreenReaderOpensAMenuAndTurnsAFader)
     GuiStage::openMenu()->close();
 
     Fader fader(stage, Qt::Vertical, &stage.window);
-    int told = -1;
-    fader.onChange = [&](int value) { told = value; };
+    int reported = -1;
+    fader.onChange = [&](int value) { reported = value; };
     QAccessible::queryAccessibleInterface(&fader)->valueInterface()->setCurrentValue(100);
-    EXPECT_EQ(told, 100);
+    EXPECT_EQ(reported, 100);
 }
 }  // namespace

@@ -18,7 +18,7 @@ using Gui::RadioButton;
 using Role = Gui::GdiManager::Role;
 namespace Property = Gui::Property;
 
-struct Heard : Button::Listener {
+struct Notices : Button::Listener {
     void buttonChanged(int id, bool pressed) override { all.emplace_back(id, pressed); }
     std::vector<std::pair<int, bool>> all;
 };
@@ -26,26 +26,26 @@ struct Heard : Button::Listener {
 TEST(Button, ActsWhenItGoesDownAndComesUpAgain)
 {
     GuiStage stage;
-    Heard heard;
+    Notices notices;
     Button button(stage, 117, "R", Button::at(5), &stage.window);
-    button.setListener(&heard);
+    button.setListener(&notices);
     stage.show(button);
     EXPECT_EQ(button.geometry(), QRect(5, 6, 29, 20));
 
     GuiStage::press(button, {2, 2});
     EXPECT_TRUE(button.isPressed());
-    EXPECT_EQ(heard.all, (std::vector<std::pair<int, bool>>{{117, true}}));
+    EXPECT_EQ(notices.all, (std::vector<std::pair<int, bool>>{{117, true}}));
     GuiStage::release(button, {2, 2});
     EXPECT_FALSE(button.isPressed());
-    EXPECT_EQ(heard.all.size(), 1u);
+    EXPECT_EQ(notices.all.size(), 1u);
 }
 
 TEST(Button, LatchesUntilTheNextPress)
 {
     GuiStage stage;
-    Heard heard;
+    Notices notices;
     Button button(stage, 118, "T", Button::at(37), &stage.window, Button::Action::latching);
-    button.setListener(&heard);
+    button.setListener(&notices);
     stage.show(button);
     QTest::mouseClick(&button, Qt::LeftButton);
     EXPECT_TRUE(button.isPressed());
@@ -54,15 +54,15 @@ TEST(Button, LatchesUntilTheNextPress)
     button.click();  // as a screen reader does
     button.setPressed(true);
     using Pairs = std::vector<std::pair<int, bool>>;
-    EXPECT_EQ(heard.all, (Pairs{{118, true}, {118, false}, {118, true}, {118, false}}));
+    EXPECT_EQ(notices.all, (Pairs{{118, true}, {118, false}, {118, true}, {118, false}}));
 }
 
 TEST(Button, SwallowsTheRightButtonAndLeavesOtherKeysToPlay)
 {
     GuiStage stage;
-    Heard heard;
+    Notices notices;
     Button button(stage, 1, "K", Button::at(69), &stage.window);
-    button.setListener(&heard);
+    button.setListener(&notices);
     stage.show(button);
     QMouseEvent right(QEvent::MouseButtonPress, QPointF(2, 2), button.mapToGlobal(QPointF(2, 2)), Qt::RightButton,
                       Qt::RightButton, Qt::NoModifier);
@@ -70,7 +70,7 @@ TEST(Button, SwallowsTheRightButtonAndLeavesOtherKeysToPlay)
     EXPECT_TRUE(right.isAccepted());
     QTest::keyClick(&button, Qt::Key_Q);
     EXPECT_EQ(stage.window.played, std::vector<int>{Qt::Key_Q});
-    EXPECT_TRUE(heard.all.empty());
+    EXPECT_TRUE(notices.all.empty());
 }
 
 TEST(Button, TakesTheKeyboardByTabAlone)
@@ -136,13 +136,13 @@ TEST(Button, IsWrittenByPriorityAndMixedWhenGray)
 TEST(RadioButton, LetsGoOfTheOthersOfItsGroup)
 {
     GuiStage stage;
-    Heard heard;
+    Notices notices;
     QButtonGroup group;
     RadioButton one(stage, 1, "1", Button::at(0), &stage.window, group);
     RadioButton two(stage, 2, "2", Button::at(32), &stage.window, group);
     Button apart(stage, 3, "3", Button::at(64), &stage.window, Button::Action::latching);
     for (Button* button : {static_cast<Button*>(&one), static_cast<Button*>(&two), &apart}) {
-        button->setListener(&heard);
+        button->setListener(&notices);
         stage.show(*button);
     }
     apart.setPressed(true);
@@ -156,7 +156,7 @@ TEST(RadioButton, LetsGoOfTheOthersOfItsGroup)
     QTest::keyClick(&two, Qt::Key_Left);
     EXPECT_TRUE(one.isPressed());
     using Pairs = std::vector<std::pair<int, bool>>;
-    EXPECT_EQ(heard.all, (Pairs{{1, true}, {2, true}, {2, true}, {1, true}}));
+    EXPECT_EQ(notices.all, (Pairs{{1, true}, {2, true}, {2, true}, {1, true}}));
 }
 
 TEST(ComboButton, ShowsTheValueThatWasChosen)

@@ -19,10 +19,10 @@ struct ComboStage : GuiStage {
         combo.setSelectedIndex(0);
         combo.resize(100, 20);
         combo.onValidate = [this](int index) {
-            told.push_back("validate " + std::to_string(index));
+            reported.push_back("validate " + std::to_string(index));
             return index == vetoed;
         };
-        combo.onChange = [this](int index) { told.push_back("change " + std::to_string(index)); };
+        combo.onChange = [this](int index) { reported.push_back("change " + std::to_string(index)); };
         show(combo);
     }
 
@@ -31,7 +31,7 @@ struct ComboStage : GuiStage {
     using Words = std::vector<std::string>;
     ComboBox combo;
     int vetoed = -1;
-    Words told;
+    Words reported;
 };
 
 TEST(ComboBox, SkipsWhatIsDisabledAndStopsAtItsEnds)
@@ -44,7 +44,7 @@ TEST(ComboBox, SkipsWhatIsDisabledAndStopsAtItsEnds)
     EXPECT_EQ(stage.combo.text(), "Piano");
     GuiStage::wheel(stage.combo, -5);
     EXPECT_EQ(stage.combo.getSelectedIndex(), 3);
-    EXPECT_EQ(stage.told, (ComboStage::Words{"validate 2", "change 2", "validate 3", "change 3"}));
+    EXPECT_EQ(stage.reported, (ComboStage::Words{"validate 2", "change 2", "validate 3", "change 3"}));
 
     stage.combo.setEntries({{"Off"}, {.text = "Bass", .enabled = false}});
     stage.combo.setSelectedIndex(0);
@@ -59,7 +59,7 @@ TEST(ComboBox, KeepsTheOldEntryWhenTheNewOneIsRefused)
     GuiStage::wheel(stage.combo, -1);
     EXPECT_EQ(stage.combo.getSelectedIndex(), 0);
     EXPECT_EQ(stage.combo.text(), "Off");
-    EXPECT_EQ(stage.told, ComboStage::Words{"validate 2"});
+    EXPECT_EQ(stage.reported, ComboStage::Words{"validate 2"});
 }
 
 TEST(ComboBox, OpensAMenuAndTakesTheChoice)
@@ -73,7 +73,7 @@ TEST(ComboBox, OpensAMenuAndTakesTheChoice)
     EXPECT_TRUE(menu->actions()[0]->isChecked());
     GuiStage::choose("2 Organ");
     EXPECT_EQ(stage.combo.text(), "Organ");
-    EXPECT_EQ(stage.told, (ComboStage::Words{"validate 3", "change 3"}));
+    EXPECT_EQ(stage.reported, (ComboStage::Words{"validate 3", "change 3"}));
     stage.click();
     EXPECT_NE(GuiStage::openMenu(), nullptr) << "a choice leaves it ready for the next click";
 }
@@ -87,7 +87,7 @@ TEST(ComboBox, ClosesItsMenuByAClickWithoutOpeningItAgain)
     EXPECT_FALSE(stage.combo.isMenuShowing());
     stage.click();
     EXPECT_NE(GuiStage::openMenu(), nullptr);
-    EXPECT_TRUE(stage.told.empty());
+    EXPECT_TRUE(stage.reported.empty());
 
     // The window system closes it first, and hands on the click that did it.
     GuiStage::openMenu()->close();
@@ -115,7 +115,7 @@ TEST(ComboBox, OpensAnEditableOneByItsArrowAlone)
     EXPECT_EQ(stage.combo.getSelectedIndex(), 3);
     QTest::keyClicks(&stage.combo, "s");
     EXPECT_EQ(stage.combo.getSelectedIndex(), -1);
-    EXPECT_TRUE(stage.told.empty());
+    EXPECT_TRUE(stage.reported.empty());
     EXPECT_TRUE(stage.window.played.empty());
 }
 
@@ -142,7 +142,7 @@ TEST(ComboBox, IsSetByCodeWithoutAsking)
     stage.combo.setSelectedIndex(9);
     EXPECT_EQ(stage.combo.getSelectedIndex(), -1);
     EXPECT_EQ(stage.combo.text(), "");
-    EXPECT_TRUE(stage.told.empty());
+    EXPECT_TRUE(stage.reported.empty());
 
     stage.combo.setSelectedIndex(3);
     Gui::Skinner::indicateInvalidValue(stage.combo, true);

@@ -81,7 +81,7 @@ TEST_F(DialogNames, EveryControlOfAFileDialogHasOne)
     openFileMenu("Set As Default Bank...");
     EXPECT_EQ(nameless("Default Bank"), "");
     answer(Answer::No);
-    Gui::run(*control("Keyboard that plays").parentWidget(),
+    Gui::run(*control("Playing keyboard").parentWidget(),
              {.title = "Saving...", .post = [](const auto&) {}, .failure = {}});
     EXPECT_EQ(nameless("Saving..."), "");
 }

@@ -15,14 +15,14 @@ struct FaderStage : GuiStage {
     {
         fader.resize(fader.sizeHint());
         fader.showValue(64);
-        fader.onChange = [this](int value) { told.push_back(value); };
+        fader.onChange = [this](int value) { reported.push_back(value); };
         fader.onRelease = [this] { ++released; };
         show(fader);
     }
 
     using Values = std::vector<int>;
     Fader fader;
-    Values told;
+    Values reported;
     int released = 0;
 };
 
@@ -36,7 +36,7 @@ TEST(Fader, FollowsTheMouseByItsSensitivity)
     GuiStage::move(stage.fader, {10, 40});
     GuiStage::move(stage.fader, {10, 53});
     GuiStage::release(stage.fader, {10, 53});
-    EXPECT_EQ(stage.told, (FaderStage::Values{69, 63}));
+    EXPECT_EQ(stage.reported, (FaderStage::Values{69, 63}));
     EXPECT_EQ(stage.released, 1);
     EXPECT_EQ(stage.fader.cursor().shape(), Qt::ArrowCursor);
     GuiStage::move(stage.fader, {10, 0}, Qt::NoButton);
@@ -59,7 +59,7 @@ TEST(Fader, GoesSidewaysWhenItLies)
     FaderStage stage(Qt::Horizontal);
     GuiStage::press(stage.fader, {10, 5});
     GuiStage::move(stage.fader, {15, 0});
-    EXPECT_EQ(stage.told, FaderStage::Values{69});
+    EXPECT_EQ(stage.reported, FaderStage::Values{69});
 }
 
 TEST(Fader, TellsOfWheelAndKeysButNotOfWhatIsShown)
@@ -69,7 +69,7 @@ TEST(Fader, TellsOfWheelAndKeysButNotOfWhatIsShown)
     GuiStage::wheel(stage.fader, 1, Qt::ShiftModifier);
     QTest::keyClick(&stage.fader, Qt::Key_Up);
     QTest::keyClick(&stage.fader, Qt::Key_Z);
-    EXPECT_EQ(stage.told, (FaderStage::Values{11, 12}));
+    EXPECT_EQ(stage.reported, (FaderStage::Values{11, 12}));
     EXPECT_EQ(stage.window.played, std::vector<int>{Qt::Key_Z});
 }
 
@@ -82,7 +82,7 @@ TEST(Fader, BelongsToTheHandThatHoldsIt)
     EXPECT_EQ(stage.fader.value(), 74);
     GuiStage::release(stage.fader, {10, 40});
     EXPECT_EQ(stage.fader.value(), 3) << "the last one shown, when it is let go";
-    EXPECT_EQ(stage.told, FaderStage::Values{74});
+    EXPECT_EQ(stage.reported, FaderStage::Values{74});
 }
 
 TEST(Fader, IsLetGoWhenItIsHiddenOrDisabled)

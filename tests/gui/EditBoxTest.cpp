@@ -67,12 +67,12 @@ TEST(EditBox, HasLimitsByDefault)
 TEST(EditBox, TellsOfTheWheelAsOfTypingButNotOfASetNumber)
 {
     EditBox edit;
-    int told = 0;
-    QObject::connect(&edit, &QLineEdit::textEdited, [&] { ++told; });
+    int reported = 0;
+    QObject::connect(&edit, &QLineEdit::textEdited, [&] { ++reported; });
     edit.setNumber(7);
-    EXPECT_EQ(told, 0);
+    EXPECT_EQ(reported, 0);
     edit.step(1, false);
-    EXPECT_EQ(told, 1);
+    EXPECT_EQ(reported, 1);
     EXPECT_EQ(edit.text(), "8");
 }
 
@@ -88,15 +88,15 @@ TEST(EditBox, OffersNotesByNameAndNumber)
     EditBox edit(&stage.window);
     Property::set(edit, Property::SHOW_NOTE_STRING, true);
     edit.setText("C4");
-    QString told;
-    QObject::connect(&edit, &QLineEdit::textEdited, [&](const QString& text) { told = text; });
+    QString reported;
+    QObject::connect(&edit, &QLineEdit::textEdited, [&](const QString& text) { reported = text; });
     stage.show(edit);
     openContextMenu(edit);
     ASSERT_NE(GuiStage::openMenu(), nullptr);
     EXPECT_EQ(GuiStage::openMenu()->actions().size(), 128);
     EXPECT_TRUE(GuiStage::openMenu()->actions()[60]->isChecked());
     GuiStage::choose("D4 (62)");
-    EXPECT_EQ(told, "D4");
+    EXPECT_EQ(reported, "D4");
     GuiStage::settle();
     EXPECT_EQ(edit.findChild<QMenu*>(), nullptr) << "the menu goes when it is closed";
 }

@@ -136,7 +136,7 @@ TEST_F(FileDialogs, RefuseToSaveWithoutANameOrAnotherProgramThanWasShown)
     commands().postChangeProgram({.kind = SelectType::Kind::up});
     settle();
     pressIn("Save", "Save");
-    EXPECT_EQ(answer(), "Error: Another program was loaded meanwhile. It is shown now.");
+    EXPECT_EQ(answer(), "Error: Another program was loaded in the meantime. The dialog shows that one now.");
     EXPECT_EQ(lineIn("Save").text(), "P1");
     EXPECT_EQ(programs().currentRow(), 1);
     EXPECT_EQ(namesIn("Three.bnk"), "P0, P1, P2");
@@ -157,7 +157,7 @@ TEST_F(FileDialogs, SaveToAnotherBankOrAFileAndAskBeforeItIsReplaced)
     openSaveDialog("In another bank...");
     pressIn("Save", "Save");
     chooseFile("Save To Bank", (folder / "Other.bnk").string());
-    EXPECT_EQ(answer(), "Error: \"Other.bnk\" has no program 2 whose place this one could take.");
+    EXPECT_EQ(answer(), "Error: \"Other.bnk\" has no program 2 that this one could replace.");
     QTest::keyClick(&dialog("Save"), Qt::Key_Escape);
 
     openSaveDialog("As a program file...", "What? A/B");
@@ -295,7 +295,7 @@ TEST_F(FileDialogs, ImportFilesOfVersion2)
     import("old.bnk");
     chooseFile("Select Name Of New File", (folder / "old.bnk").string());
     EXPECT_EQ(answer(Answer::Yes), "Confirm Overwrite: \"old.bnk\" already exists. Overwrite?");
-    EXPECT_EQ(answer(), "Error: The file that is imported cannot be replaced.");
+    EXPECT_EQ(answer(), "Error: A file cannot be imported into itself.");
     import("old.bnk");
     chooseFile("Select Name Of New File", (folder / "new").string());
     EXPECT_EQ(namesIn("new.bnk"), "Two Hands, One Hand");

@@ -30,10 +30,10 @@ TEST_F(HelpPanel, BeginsWithWhatANewUserNeeds)
 TEST_F(HelpPanel, SaysWhatIsPointedAtAndKeepsTheLastText)
 {
     pointAt(button("Reset"));
-    EXPECT_EQ(help(), "Reset (panic): ends every note.");
-    pointAt(control("Keyboard that plays"));
+    EXPECT_EQ(help(), "Reset (panic): ends every note on all channels of all outputs.");
+    pointAt(control("Playing keyboard"));
     pointAt(area());
-    EXPECT_EQ(help(), "Reset (panic): ends every note.") << "they have nothing to say";
+    EXPECT_EQ(help(), "Reset (panic): ends every note on all channels of all outputs.") << "they have nothing to say";
     gui->displayHelp(Backend::HelpId::changeTempo);
     EXPECT_EQ(help(), Backend::helpText(Backend::HelpId::changeTempo));
     gui->displayHelp(1), gui->displayHelp(std::string());

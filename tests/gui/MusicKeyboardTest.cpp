@@ -54,7 +54,7 @@ struct KeyboardStage : ScreenStage {
         QMouseEvent move(QEvent::MouseMove, point, keyboard->mapToGlobal(point), Qt::NoButton, button, Qt::NoModifier);
         QApplication::sendEvent(keyboard, &move);
     }
-    /// Whether those keys are lit, when everything has been told and drawn.
+    /// Whether those keys are lit, when everything has been reported and drawn.
     bool shows(const char* names)
     {
         settle();

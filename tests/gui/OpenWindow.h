@@ -18,7 +18,7 @@ public:
     OpenWindow()
     {
         open();
-        control("Keyboard that plays").parentWidget()->installEventFilter(&keys);
+        control("Playing keyboard").parentWidget()->installEventFilter(&keys);
         std::string bank = "<Bank>\n";
         for (const char* name : {"P0", "P1", "P2"})
             bank += std::string("<Program name=\"") + name + "\">\n\t<Layers>\n\t\t<Layer/>\n\t</Layers>\n</Program>\n";
@@ -88,7 +88,7 @@ public:
     }
 
     /// Whether what is typed plays.
-    bool isPlaying() { return QApplication::focusWidget() == &control("Keyboard that plays"); }
+    bool isPlaying() { return QApplication::focusWidget() == &control("Playing keyboard"); }
 
     /// Counts the keys that reach the window and would play.
     class Keys final : public QObject

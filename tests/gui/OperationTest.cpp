@@ -11,19 +11,19 @@ struct Operations : DialogHands {
     /// One that the test itself brings to its end.
     void start()
     {
-        Gui::run(*control("Keyboard that plays").parentWidget(),
+        Gui::run(*control("Playing keyboard").parentWidget(),
                  {.title = "Saving...",
-                  .post = [this](const WindowHandle& window) { told = window; },
+                  .post = [this](const WindowHandle& window) { reported = window; },
                   .failure = "Not saved."});
         settle();
     }
     void end(bool done)
     {
-        told.post({.number = OPERATION_DONE, .wparam = done});
+        reported.post({.number = OPERATION_DONE, .wparam = done});
         settle();
     }
 
-    WindowHandle told;
+    WindowHandle reported;
 };
 }  // namespace
 
@@ -51,7 +51,7 @@ TEST_F(Operations, CloseByHandWhereNoMessageComesAndStillHearOfIt)
     EXPECT_EQ(answer(), "Error: Not saved.");
     start();
     gui->destroy();
-    told.post({.number = OPERATION_DONE});
+    reported.post({.number = OPERATION_DONE});
     rest();
 }
 

@@ -518,23 +518,24 @@ TEST_F(SetupDialog, PointingAtAThingSaysWhatItDoes)
 namespace
 {
 /// Every control and what is in it, as a screen reader comes to them.
-void visit(QAccessibleInterface* told, const std::function<void(QAccessibleInterface&)>& see)
+void visit(QAccessibleInterface* reported, const std::function<void(QAccessibleInterface&)>& see)
 {
-    if (told == nullptr) return;
-    see(*told);
-    for (int i = 0; i < told->childCount(); ++i) visit(told->child(i), see);
+    if (reported == nullptr) return;
+    see(*reported);
+    for (int i = 0; i < reported->childCount(); ++i) visit(reported->child(i), see);
 }
 }  // namespace
 
 TEST_F(SetupDialog, EveryControlHasANameAndHelpAndNoTextIsCutOff)
 {
     int controls = 0;
-    visit(QAccessible::queryAccessibleInterface(dialog()), [&](QAccessibleInterface& told) {
-        if (!told.state().focusable) return;
+    visit(QAccessible::queryAccessibleInterface(dialog()), [&](QAccessibleInterface& reported) {
+        if (!reported.state().focusable) return;
         ++controls;
-        EXPECT_FALSE(told.text(QAccessible::Name).isEmpty()) << told.role();
-        if (told.object() != nullptr && told.object()->isWidgetType()) {
-            EXPECT_FALSE(told.text(QAccessible::Description).isEmpty()) << qPrintable(told.text(QAccessible::Name));
+        EXPECT_FALSE(reported.text(QAccessible::Name).isEmpty()) << reported.role();
+        if (reported.object() != nullptr && reported.object()->isWidgetType()) {
+            EXPECT_FALSE(reported.text(QAccessible::Description).isEmpty())
+                << qPrintable(reported.text(QAccessible::Name));
         }
     });
     EXPECT_GT(controls, 30);

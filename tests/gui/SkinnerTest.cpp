@@ -74,8 +74,8 @@ TEST(Skinner, BlanksAnEditWhoseValuesDifferWithoutTelling)
 {
     GuiStage stage;
     QLineEdit edit("64", &stage.window);
-    int told = 0;
-    QObject::connect(&edit, &QLineEdit::textChanged, [&] { ++told; });
+    int reported = 0;
+    QObject::connect(&edit, &QLineEdit::textChanged, [&] { ++reported; });
     stage.show(edit);
     Skinner::indicateInvalidValue(edit, true);
     EXPECT_EQ(edit.text(), "");
@@ -84,7 +84,7 @@ TEST(Skinner, BlanksAnEditWhoseValuesDifferWithoutTelling)
     Skinner::indicateInvalidValue(edit, false);
     EXPECT_EQ(edit.text(), "64");
     EXPECT_EQ(inkOf(edit), stage.colour(Role::label));
-    EXPECT_EQ(told, 1);
+    EXPECT_EQ(reported, 1);
 }
 
 TEST(Skinner, FlipsASwitchOfTwoPositionsAtAClick)

@@ -23,10 +23,10 @@ struct IntervalStage : GuiStage, TimeIntervalCtl::Listener {
         show(ctl);
     }
 
-    void valueChanged(TimeIntervalCtl&, std::int32_t ppq) override { told.push_back(std::to_string(ppq)); }
+    void valueChanged(TimeIntervalCtl&, std::int32_t ppq) override { reported.push_back(std::to_string(ppq)); }
     void kindChanged(TimeIntervalCtl&, TimeIntervalType kind, std::int32_t ppq) override
     {
-        told.push_back((kind.kind == Kind::ppq ? "PPQ " : "NOTE ") + std::to_string(ppq));
+        reported.push_back((kind.kind == Kind::ppq ? "PPQ " : "NOTE ") + std::to_string(ppq));
     }
 
     void click(Qt::MouseButton button = Qt::LeftButton)
@@ -40,7 +40,7 @@ struct IntervalStage : GuiStage, TimeIntervalCtl::Listener {
     static constexpr QPoint MIDDLE{80, 10};
     static constexpr QPoint up(int pixels) { return {80, 10 - pixels}; }
     TimeIntervalCtl ctl;
-    Words told;
+    Words reported;
 };
 
 TEST(TimeIntervalCtl, ShowsANoteLengthOrANumber)
@@ -53,7 +53,7 @@ TEST(TimeIntervalCtl, ShowsANoteLengthOrANumber)
     stage.ctl.setValue(480);
     EXPECT_EQ(stage.ctl.getText(), "480");
     EXPECT_EQ(stage.ctl.getLabel().text(), "PPQ");
-    EXPECT_EQ(stage.told, IntervalStage::Words{"PPQ 481"});
+    EXPECT_EQ(stage.reported, IntervalStage::Words{"PPQ 481"});
 }
 
 TEST(TimeIntervalCtl, IsDraggedByNamedLengths)
@@ -66,7 +66,7 @@ TEST(TimeIntervalCtl, IsDraggedByNamedLengths)
     GuiStage::move(stage.ctl, stage.up(-10));
     GuiStage::move(stage.ctl, stage.up(0));
     GuiStage::release(stage.ctl, stage.up(0));
-    EXPECT_EQ(stage.told, (IntervalStage::Words{"720", "360", "480"}));
+    EXPECT_EQ(stage.reported, (IntervalStage::Words{"720", "360", "480"}));
     EXPECT_EQ(GuiStage::openMenu(), nullptr) << "a drag that comes back is no click";
 }
 
@@ -100,7 +100,7 @@ TEST(TimeIntervalCtl, StepsFromALengthWithoutANameToItsNeighbours)
     }
     IntervalStage stage(Kind::ppq);
     QTest::keyClick(&stage.ctl, Qt::Key_Up);
-    EXPECT_EQ(stage.told, IntervalStage::Words{"481"});
+    EXPECT_EQ(stage.reported, IntervalStage::Words{"481"});
 }
 
 TEST(TimeIntervalCtl, OpensTheMenuOfTheLengthsThatItAllows)
@@ -111,7 +111,7 @@ TEST(TimeIntervalCtl, OpensTheMenuOfTheLengthsThatItAllows)
     ASSERT_NE(GuiStage::openMenu(), nullptr);
     EXPECT_EQ(GuiStage::openMenu()->actions().size(), 7);
     GuiStage::choose("1/8 Dotted");
-    EXPECT_EQ(stage.told, IntervalStage::Words{"360"});
+    EXPECT_EQ(stage.reported, IntervalStage::Words{"360"});
 }
 
 struct TypedRow {
@@ -135,7 +135,7 @@ TEST(TimeIntervalCtl, TakesATypedNumberBetweenItsLimits)
         if (*row.typed == '\0') stage.edit()->clear();
         QTest::keyClick(stage.edit(), row.key);
         EXPECT_EQ(stage.ctl.getValue(), row.value) << row.typed;
-        EXPECT_EQ(stage.told.size(), row.value == 480 ? 0u : 1u) << row.typed;
+        EXPECT_EQ(stage.reported.size(), row.value == 480 ? 0u : 1u) << row.typed;
         EXPECT_TRUE(row.key == Qt::Key_Tab || before.hasFocus()) << "the keyboard goes back";
         GuiStage::settle();
         EXPECT_EQ(stage.ctl.findChild<QLineEdit*>(), nullptr);
@@ -149,7 +149,7 @@ TEST(TimeIntervalCtl, TakesTheTypedNumberAtAClickElsewhere)
     stage.click();
     QTest::keyClicks(stage.edit(), "960");
     GuiStage::press(stage.ctl.getLabel(), {2, 2});
-    EXPECT_EQ(stage.told, (IntervalStage::Words{"960", "NOTE 960"}));
+    EXPECT_EQ(stage.reported, (IntervalStage::Words{"960", "NOTE 960"}));
     EXPECT_EQ(stage.edit(), nullptr);
 }
 }  // namespace

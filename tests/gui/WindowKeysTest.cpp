@@ -23,11 +23,11 @@ struct PlayingWindow : WindowStage {
         for (int screen = 0; screen < 12; ++screen) gui->showScreen(static_cast<Backend::Screen>(screen), false);
     }
 
-    bool isPlaying() { return focus().accessibleName() == QLatin1String("Keyboard that plays"); }
+    bool isPlaying() { return focus().accessibleName() == QLatin1String("Playing keyboard"); }
     /// Something of a screen's to type in.
     QLineEdit& addText()
     {
-        auto* const text = new QLineEdit(control<QWidget>("Keyboard that plays").parentWidget());
+        auto* const text = new QLineEdit(control<QWidget>("Playing keyboard").parentWidget());
         text->show();
         return *text;
     }
@@ -52,10 +52,10 @@ TEST(WindowKeys, ComeUpWhenTheFocusGoes)
         window.keyDown(Q, Qt::Key_Q, Qt::ShiftModifier);
         EXPECT_EQ(window.playedNow(), "D4 on");
         happening();
-        const std::string told = window.playedNow();
+        const std::string reported = window.playedNow();
         window.focus().clearFocus();
         window.comeBack();
-        return told;
+        return reported;
     };
     QLineEdit& text = window.addText();
     EXPECT_EQ(afterwards([&] { text.setFocus(); }), "D4 off") << "as it went down";

@@ -17,7 +17,7 @@
 #include "tests/stage/Stage.h"
 
 /// A stage, of whatever kind, with a window that is not yet open. It is the window's surroundings, and writes down what
-/// they are told.
+/// they are reported.
 template <class Base = Stage>
 class Windowed : public Base, public Gui::ParentWindow
 {
@@ -88,7 +88,7 @@ public:
     QWidget surroundings;
     std::unique_ptr<Gui::OrvGuiIF> gui;
 
-    // What the surroundings were told
+    // What the surroundings were reported
     QSize size;
     std::vector<std::string> moves;
     std::optional<bool> systemPanel;

@@ -6,7 +6,7 @@ namespace Gui::ComputerInput
 {
 class ComputerInputPanel;
 
-/// What the backend tells of the keys of the computer.
+/// Handles the backend's messages on the keys of the computer.
 class ComputerInputGuiMessageManager final : public TableMessageManager<ComputerInputPanel>
 {
 public:

@@ -53,13 +53,13 @@ void ComputerInputPanel::makeTopRow()
 
     useModifiers = new QCheckBox(tr("Use modifiers on key up"), this);
     useModifiers->setGeometry(USE_MODIFIERS);
-    useModifiers->setLayoutDirection(Qt::RightToLeft);  // the mark at the edge of the panel
+    useModifiers->setLayoutDirection(Qt::RightToLeft);  // the check box is at the right edge of the panel
     Property::setHelp(*useModifiers, tr("When off, shift / ctrl / alt / win modifier state is ignored for key up."));
     connect(useModifiers, &QCheckBox::clicked,
             [this](bool on) { gui.getOrvIF().getComputerInputMessageManager().postSetUseKeyUpMod(on); });
 }
 
-// --- what the backend tells
+// --- changes that the backend reports
 
 void ComputerInputPanel::handleKeyConfigurations(const std::vector<KeyConfiguration>& configurations)
 {

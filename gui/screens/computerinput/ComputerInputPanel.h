@@ -25,7 +25,8 @@ namespace Gui::ComputerInput
 {
 class ComputerKeyboardCtl;
 
-/// The screen of the computer's keyboard: what each key does, and which are down. Its own copy of the bindings.
+/// The screen of the computer's keyboard: what each key does, and which are down. It shows its own copy of the
+/// bindings.
 class ComputerInputPanel final : public Panel
 {
 public:
@@ -34,10 +35,10 @@ public:
     ComputerKeyboardCtl& getKeyboard() { return *keyboard; }
     Preset::PresetGuiOwner& getPresets();
 
-    // What the backend tells
+    // Changes that the backend reports
     void handleKeyConfigurations(const std::vector<Backend::ComputerInput::KeyConfiguration>& configurations);
     void handleComputerInput(bool useKeyUpMod, Backend::ComputerInput::KeyConfigurationMap newKeys);
-    /// The preset that the keys came from, empty if none.
+    /// The preset that the keys were loaded from; empty if none.
     void handleComputerInputChanged(const std::string& preset);
     void handlePresetLoaded();
     void handlePresetsChanged(const Backend::PresetList& list);

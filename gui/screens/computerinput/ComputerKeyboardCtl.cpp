@@ -16,7 +16,7 @@ namespace Gui::ComputerInput
 using Backend::ComputerInput::KeyConfiguration;
 using Role = GdiManager::Role;
 using FontRole = GdiManager::FontRole;
-using Road = KeyPresses::Road;
+using Source = KeyPresses::Source;
 
 namespace
 {
@@ -189,28 +189,28 @@ void ComputerKeyboardCtl::mousePressEvent(QMouseEvent* event)
 {
     const PlannedKey* const key = keyAt(event->position());
     if (event->button() != Qt::LeftButton || key == nullptr) return;
-    letGo();
+    releaseKeys();
     const auto modifiers = event->modifiers();
-    gui.getKeyPresses().press(Road::picture, {.keyCode = key->code,
-                                              .shift = modifiers.testFlag(Qt::ShiftModifier),
-                                              .control = modifiers.testFlag(Qt::ControlModifier),
-                                              .alt = modifiers.testFlag(Qt::AltModifier),
-                                              .win = modifiers.testFlag(Qt::MetaModifier)});
+    gui.getKeyPresses().press(Source::picture, {.keyCode = key->code,
+                                                .shift = modifiers.testFlag(Qt::ShiftModifier),
+                                                .control = modifiers.testFlag(Qt::ControlModifier),
+                                                .alt = modifiers.testFlag(Qt::AltModifier),
+                                                .win = modifiers.testFlag(Qt::MetaModifier)});
 }
 
 void ComputerKeyboardCtl::mouseReleaseEvent(QMouseEvent* event)
 {
     if (event->button() != Qt::LeftButton) return;
     const auto modifiers = event->modifiers();
-    for (const int code : gui.getKeyPresses().getCodesDown(Road::picture))
-        gui.getKeyPresses().release(Road::picture, {.keyCode = code,
-                                                    .shift = modifiers.testFlag(Qt::ShiftModifier),
-                                                    .control = modifiers.testFlag(Qt::ControlModifier),
-                                                    .alt = modifiers.testFlag(Qt::AltModifier),
-                                                    .win = modifiers.testFlag(Qt::MetaModifier)});
+    for (const int code : gui.getKeyPresses().getCodesDown(Source::picture))
+        gui.getKeyPresses().release(Source::picture, {.keyCode = code,
+                                                      .shift = modifiers.testFlag(Qt::ShiftModifier),
+                                                      .control = modifiers.testFlag(Qt::ControlModifier),
+                                                      .alt = modifiers.testFlag(Qt::AltModifier),
+                                                      .win = modifiers.testFlag(Qt::MetaModifier)});
 }
 
-void ComputerKeyboardCtl::letGo() { gui.getKeyPresses().releaseAll(Road::picture); }
+void ComputerKeyboardCtl::releaseKeys() { gui.getKeyPresses().releaseAll(Source::picture); }
 
 void ComputerKeyboardCtl::mouseMoveEvent(QMouseEvent* event) { showHelp(keyAt(event->position())); }
 
@@ -226,7 +226,7 @@ void ComputerKeyboardCtl::showHelp(const PlannedKey* key)
 bool ComputerKeyboardCtl::event(QEvent* event)
 {
     if (event->type() == QEvent::WindowActivate && labels.refresh()) update();
-    if (event->type() == QEvent::WindowDeactivate) letGo();
+    if (event->type() == QEvent::WindowDeactivate) releaseKeys();
     if (event->type() == QEvent::Leave) helpedKey = -1;
     return QWidget::event(event);
 }
@@ -239,7 +239,7 @@ void ComputerKeyboardCtl::showEvent(QShowEvent* event)
 
 void ComputerKeyboardCtl::hideEvent(QHideEvent* event)
 {
-    letGo();
+    releaseKeys();
     QWidget::hideEvent(event);
 }
 }  // namespace Gui::ComputerInput

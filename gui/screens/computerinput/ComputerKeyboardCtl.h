@@ -17,26 +17,26 @@ namespace Gui::ComputerInput
 {
 struct PlannedKey;
 
-/// The picture of the computer's keyboard. Each key shows what is printed on it and what it does; those that are down
-/// are lit, and while a modifier is down it shows what the keys do with it. The mouse plays it like the real one.
+/// The picture of the computer's keyboard. Each key shows its label and its function; keys that are down are lit, and
+/// while a modifier is down the functions under that modifier are shown. Keys can be pressed with the mouse.
 class ComputerKeyboardCtl final : public QWidget, public AccessibleControl
 {
 public:
     ComputerKeyboardCtl(OrvGuiIF& owner, const Backend::ComputerInput::KeyConfigurationMap& configurations,
                         QWidget* parent);
 
-    // By code. A key that the board does not have is nothing.
+    // By key code; a code without a key is ignored.
     void showKeyDown(int keyCode);
     void showKeyUp(int keyCode);
     void clearHilight();
 
-    /// What is shown of a key, as it is now.
+    /// The caption and the help text that a key has now.
     QString getCaption(int keyCode) const;
     QString getHelp(int keyCode) const;
     /// The middle of a key, in logical pixels.
     QPoint getPlace(int keyCode) const;
 
-    /// The configurations are others.
+    /// The configurations have changed.
     void showConfigurations();
 
     QAccessible::Role getAccessibleRole() const override { return QAccessible::Graphic; }
@@ -67,7 +67,7 @@ private:
     void paintKey(QPainter& painter, const PlannedKey& key) const;
     void showHelp(const PlannedKey* key);
     void changed();
-    void letGo();
+    void releaseKeys();
 
     OrvGuiIF& gui;
     const Backend::ComputerInput::KeyConfigurationMap& keys;

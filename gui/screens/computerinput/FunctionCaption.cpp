@@ -49,7 +49,7 @@ constexpr ShortName SHORT_NAMES[] = {
 
 QString toText(const std::string& text) { return QString::fromStdString(text); }
 
-/// The settings that an editor would see; null if these are not they.
+/// The settings of a function as this type; null if they are of another type.
 template <class Settings>
 const Settings* as(const Function& function)
 {
@@ -93,14 +93,14 @@ QString direction(const SelectControlType& which)
     }
 }
 
-/// A change as it is typed, a fixed value behind a blank.
+/// A relative value with its sign, a fixed value after a blank.
 QString amount(const RelativeFixedValue& value)
 {
     const QString text = toText(value.toXmlString());
     return value.relative || text.isEmpty() ? text : ' ' + text;
 }
 
-/// How much, or which.
+/// The value of the function.
 QString suffixOf(const Function& function)
 {
     if (const auto* midi = as<MidiSettingsType>(function)) {
@@ -122,7 +122,7 @@ bool isNoteOn(const Function& function)
     return midi != nullptr && midi->getStatus() == MidiEngine::MessageType::noteOn;
 }
 
-/// What pickers call them.
+/// The names that the dialogs show.
 class DisplayNames final : public FunctionEnumerator
 {
 public:
@@ -141,13 +141,13 @@ private:
     std::vector<FunctionInfo> functions;
 };
 
-/// The default zone, output or channel; elsewhere -1 is a number as any other.
+/// -1 means the default for a zone, output or channel; elsewhere it is a number.
 bool isLeftOut(const QString& name, const QString& value)
 {
     return value == QLatin1String("-1") && QStringList{"zone", "output", "channel"}.contains(name);
 }
 
-/// What is set of the parameters, as files have them.
+/// The parameters that are set, as in files.
 QStringList parametersOf(const Function& function)
 {
     std::ostringstream out;

@@ -13,7 +13,7 @@ namespace
 constexpr int NUMPAD_0 = 96;
 constexpr int NUMPAD_SLASH = 111;
 
-/// The keypad types something else with Num Lock than without; what is printed there is the same everywhere.
+/// The keypad types other characters with Num Lock; its labels are the same on every layout.
 bool followsLayout(const PlannedKey& key)
 {
     return std::strlen(key.label) == 1 && (key.code < NUMPAD_0 || key.code > NUMPAD_SLASH);

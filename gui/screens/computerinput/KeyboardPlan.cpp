@@ -10,7 +10,7 @@ namespace
 {
 constexpr float NAVIGATION = 15.25F;
 constexpr float KEYPAD = 18.5F;
-// The rows, downwards from the function keys.
+// The rows, from the function keys downwards.
 constexpr float R0 = 0;
 constexpr float R1 = 1.25F;
 constexpr float R2 = 2.25F;

@@ -5,10 +5,10 @@
 
 namespace Gui::ComputerInput
 {
-/// A key of the picture. Places are in units of a letter key, from the upper left corner of the board.
+/// A key of the picture. Coordinates are in widths of a letter key, from the upper left corner of the board.
 struct PlannedKey {
     int code;
-    const char* label;  ///< of the US layout; where it is one sign, the player's layout may have another there
+    const char* label;  ///< of the US layout; a label of one character is replaced by that of the current layout
     float x;
     float y;
     float width = 1;
@@ -17,7 +17,7 @@ struct PlannedKey {
     bool contains(QPointF point) const { return QRectF(x, y, width, height).contains(point); }
 };
 
-/// The 105 keys of a board: the US one with the European key besides.
+/// The 105 keys of a board: the US layout and the additional European key.
 namespace KeyboardPlan
 {
 inline constexpr float WIDTH = 22.5F;

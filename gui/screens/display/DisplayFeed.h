@@ -5,15 +5,15 @@
 
 namespace Gui::Display
 {
-/// What the display's thread tells the window, each with its text, a string. Numbers above those of the backend's
-/// sections, see `GuiMessages.h`.
+/// The messages of the display's thread to the window; payload: the text, a string. The numbers are above those of
+/// `GuiMessages.h`.
 namespace DisplayMessage
 {
 enum Number : unsigned int { ADD_TEXT = 35719, SET_TEXT = 35720 };
 }
 
-/// Carries the display's text from its thread to the window. It holds on to nothing but the window's queue, so the
-/// window may close while a call of it is under way.
+/// Posts the display's text from its thread to the window. It owns only a handle of the window's queue, so the window
+/// may close during a call.
 class DisplayFeed final : public Backend::Display::DisplayListener
 {
 public:

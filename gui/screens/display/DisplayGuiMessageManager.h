@@ -6,7 +6,7 @@ namespace Gui::Display
 {
 class DisplayPanel;
 
-/// The display's text on its way to the panel.
+/// Passes the display's text to the panel.
 class DisplayGuiMessageManager final : public TableMessageManager<DisplayPanel>
 {
 public:

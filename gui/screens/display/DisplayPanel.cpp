@@ -31,7 +31,7 @@ constexpr int BUTTON_WIDTH = 74;
 constexpr int GAP = 4;
 constexpr int TEXT_TOP = BUTTON_HEIGHT + GAP;
 
-/// A setting with a button of its own.
+/// A setting that has a button here.
 struct Switch {
     const char* label;
     const char* name;
@@ -40,14 +40,14 @@ struct Switch {
     void (OrvMessageManager::*post)(bool on);
 };
 constexpr Switch SWITCH_TABLE[] = {
-    {"INPUT", "Show input events", "Input: shows the MIDI events that come in.",
+    {"INPUT", "Show input events", "Input: lists the MIDI events that are received.",
      &RegistrySettings::getDisplayMidiInputEvents, &OrvMessageManager::postSetDisplayMidiInputEvents},
-    {"OUTPUT", "Show output events", "Output: shows the MIDI events that are played.",
+    {"OUTPUT", "Show output events", "Output: lists the MIDI events that are sent to the outputs.",
      &RegistrySettings::getDisplayMidiOutputEvents, &OrvMessageManager::postSetDisplayMidiOutputEvents},
-    {"NUMBERS", "Number the lines", "Numbers: puts a number before each line.", &RegistrySettings::getDisplayNumbers,
+    {"NUMBERS", "Number the lines", "Numbers: numbers the lines.", &RegistrySettings::getDisplayNumbers,
      &OrvMessageManager::postSetDisplayNumbers},
-    {"LARGE", "Large font", "Large: shows the events in a font that can be read from afar.",
-     &RegistrySettings::getLargeDisplayFont, &OrvMessageManager::postSetLargeDisplayFont}};
+    {"LARGE", "Large font", "Large: a larger font, to be read from a distance.", &RegistrySettings::getLargeDisplayFont,
+     &OrvMessageManager::postSetLargeDisplayFont}};
 constexpr std::size_t LARGE = 3;
 }  // namespace
 
@@ -60,7 +60,7 @@ DisplayPanel::DisplayPanel(OrvGuiIF& owner, Panel* around)
       edge(new HeightEdge(owner.getGdiManager(), DisplayHeight::LOWEST, DisplayHeight::HIGHEST, this))
 {
     log->setAccessibleName(tr("Events"));
-    Property::setHelp(*log, tr("The MIDI events that come in and are played, one a line. Select some to copy them."));
+    Property::setHelp(*log, tr("The MIDI events that are received and sent, one per line. Select lines to copy them."));
     log->onOtherKey = [this](const QKeyEvent& event) { playKey(event); };
     makeButtons();
     makeEdge();
@@ -71,7 +71,7 @@ DisplayPanel::DisplayPanel(OrvGuiIF& owner, Panel* around)
     connect(&pull, &QTimer::timeout, this, [this] { getDisplay().postUpdateListener(); });
 }
 
-/// A call of the feed may be under way.
+/// The display deletes the feed, because it may be calling it now.
 DisplayPanel::~DisplayPanel() { getDisplay().dropListener(std::unique_ptr<Backend::Display::DisplayListener>(feed)); }
 
 Backend::Display::DisplayMessageManager& DisplayPanel::getDisplay() const
@@ -98,14 +98,16 @@ void DisplayPanel::makeButtons()
         connect(switches[i], &QPushButton::clicked, this,
                 [this, &setting](bool on) { (gui.getOrvMessageManager().*setting.post)(on); });
     }
-    const auto* clear = make(tr("CLEAR"), tr("Clear"), tr("Clear: empties the display until it is shown anew."));
+    const auto* clear =
+        make(tr("CLEAR"), tr("Clear"),
+             tr("Clear: empties the view. The events come back when the display is hidden and shown again."));
     connect(clear, &QPushButton::clicked, log, &LogView::clear);
 }
 
 void DisplayPanel::makeEdge()
 {
     edge->setAccessibleName(tr("Height of the display"));
-    Property::setHelp(*edge, tr("Drag it to change the height of the display."));
+    Property::setHelp(*edge, tr("Height of the display, 60 to 600 pixels: drag the edge, or use the arrow keys."));
     const auto keep = [this] { gui.getOrvMessageManager().postSetDisplayHeight(edge->value()); };
     connect(edge, &HeightEdge::valueChanged, this, [this, keep](int height) {
         setPanelSize({WIDTH, height});
@@ -134,7 +136,7 @@ void DisplayPanel::handleLargeDisplayFontChanged(bool on)
     log->setLargeFont(on);
 }
 
-/// Typing plays, also behind a look at the log.
+/// Keys typed into the log are played.
 void DisplayPanel::playKey(const QKeyEvent& event)
 {
     gui.setFocus();
@@ -144,7 +146,7 @@ void DisplayPanel::playKey(const QKeyEvent& event)
     QCoreApplication::sendEvent(player, copy.get());
 }
 
-/// What was logged while it was out of sight comes at once.
+/// Shows at once what was logged while it was hidden.
 void DisplayPanel::showEvent(QShowEvent* event)
 {
     Panel::showEvent(event);

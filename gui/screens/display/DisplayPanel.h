@@ -30,8 +30,8 @@ namespace Gui::Display
 class HeightEdge;
 class LogView;
 
-/// The running log of what is played and comes in. While it is in sight it asks the backend's display for new text ten
-/// times a second, so it costs the same however much is played.
+/// The log of MIDI events that are received and played. While it is visible it fetches new text from the backend's
+/// display ten times a second, so its load does not grow with the number of events.
 class DisplayPanel final : public Panel
 {
 public:
@@ -61,7 +61,7 @@ private:
 
     OrvGuiIF& gui;
     DisplayGuiMessageManager messages;
-    Backend::Display::DisplayListener* feed;  // the display's, once it is given back
+    Backend::Display::DisplayListener* feed;  // owned by the display once it is returned
     LogView* log;
     HeightEdge* edge;
     std::array<QPushButton*, SWITCHES> switches{};

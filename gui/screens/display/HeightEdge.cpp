@@ -19,7 +19,7 @@ HeightEdge::HeightEdge(GdiManager& manager, int lowest, int highest, QWidget* pa
     : QAbstractSlider(parent), gdi(manager)
 {
     setOrientation(Qt::Vertical);
-    setInvertedControls(true);  // the lower, the more
+    setInvertedControls(true);  // downwards increases the value
     setRange(lowest, highest);
     setSingleStep(STEP);
     setPageStep(PAGE);
@@ -47,7 +47,7 @@ void HeightEdge::mousePressEvent(QMouseEvent* event)
     update();
 }
 
-/// On the screen, where the edge does not move away from under the pointer.
+/// Global positions, because the edge moves with the pointer.
 void HeightEdge::mouseMoveEvent(QMouseEvent* event)
 {
     if (isSliderDown()) setValue(event->globalPosition().toPoint().y() - grabbedAt);

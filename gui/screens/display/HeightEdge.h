@@ -9,8 +9,8 @@ class GdiManager;
 
 namespace Gui::Display
 {
-/// The lower edge of a panel, by which its height is changed: dragged, or moved by the arrow keys. Its value is the
-/// height in logical pixels.
+/// The lower edge of a panel, which is dragged or moved by the arrow keys to change the height. Its value is the height
+/// in logical pixels.
 class HeightEdge final : public QAbstractSlider
 {
 public:
@@ -27,6 +27,6 @@ protected:
 
 private:
     GdiManager& gdi;
-    int grabbedAt = 0;  // on the screen, where the height would be 0
+    int grabbedAt = 0;  // the position on the desktop that means height 0
 };
 }  // namespace Gui::Display

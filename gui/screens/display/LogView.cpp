@@ -13,7 +13,7 @@ namespace Gui::Display
 namespace
 {
 constexpr qreal TABS[] = {200, 232, 390, 560};  // port, channel, event, first and second value
-constexpr qreal TAB_OF_LARGE_FONT = 40;         // there only a gap
+constexpr qreal TAB_OF_LARGE_FONT = 40;         // a gap between the columns
 constexpr qreal MARGIN = 4;
 
 QString linesOf(const std::string& text)
@@ -77,7 +77,7 @@ void LogView::takeFont()
     document()->setDocumentMargin(large ? 0 : MARGIN);
 }
 
-/// The skin gives every control its font; this one keeps its own.
+/// The skin sets the font of every control; this one restores its own.
 void LogView::changeEvent(QEvent* event)
 {
     QPlainTextEdit::changeEvent(event);
@@ -93,7 +93,7 @@ void LogView::keyPressEvent(QKeyEvent* event)
     if (onOtherKey) onOtherKey(*event);
 }
 
-/// What was selected can be copied at once.
+/// With the focus, the selection can be copied at once.
 void LogView::mouseReleaseEvent(QMouseEvent* event)
 {
     QPlainTextEdit::mouseReleaseEvent(event);

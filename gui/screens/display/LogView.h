@@ -11,9 +11,8 @@ class GdiManager;
 
 namespace Gui::Display
 {
-/// The last lines of the log, to be read and copied. It follows the newest line as long as that is in sight. It takes
-/// the keyboard only while something is selected with the mouse or when Tab leads there, and then none but the keys
-/// that move in it and copy.
+/// The last lines of the log, to be read and copied. It scrolls with the newest line while that is visible. It has the
+/// focus only after lines were selected with the mouse or after Tab, and uses only the keys that move in it and copy.
 class LogView final : public QPlainTextEdit
 {
 public:
@@ -21,12 +20,12 @@ public:
 
     LogView(GdiManager& manager, QWidget* parent);
 
-    /// A key that is not for the log.
+    /// A key that the log does not use.
     std::function<void(QKeyEvent& event)> onOtherKey;
 
     /// Lines in UTF-8, each with CR LF at its end.
     void addText(const std::string& text);
-    /// The same in place of what is there; shows the end of it.
+    /// Replaces the lines and scrolls to the end.
     void setText(const std::string& text);
 
     void setLargeFont(bool on);

@@ -18,8 +18,8 @@ QString firstText()
 {
     return HelpPanel::tr(
         "Play on the keys of the computer: the row of Q and the digits above it are one piano, the row of Z and the "
-        "letters above it are another. Point at anything to read here what it does. Ctrl+Tab goes from playing to the "
-        "controls, Escape back to playing.");
+        "letters above it are another. Point at a control to read here what it does. Ctrl+Tab moves from playing to "
+        "the controls, Escape back to playing.");
 }
 }  // namespace
 
@@ -28,7 +28,7 @@ HelpPanel::HelpPanel(OrvGuiIF&, Panel* around) : Panel(around), edit(new QPlainT
     setPanelSize(SIZE);
     edit->setReadOnly(true);
     edit->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-    edit->setFocusPolicy(Qt::TabFocus);  // a click leaves the keyboard to whoever plays on it
+    edit->setFocusPolicy(Qt::TabFocus);  // a click must not take the focus from playing
     edit->setGeometry(QRect({}, SIZE));
     edit->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     edit->setAccessibleName(tr("Help"));
@@ -44,7 +44,7 @@ void HelpPanel::addManualButton()
     button->setGeometry(MANUAL_BUTTON);
     button->setFocusPolicy(Qt::TabFocus);
     button->setAccessibleName(tr("Manual"));
-    Property::setHelp(*button, tr("Manual: opens the manual, with pictures, where you read web pages."));
+    Property::setHelp(*button, tr("Manual: opens the manual in your web browser."));
     connect(button, &QPushButton::clicked, [] { Backend::OrvUtils::showManual(""); });
 }
 

@@ -13,19 +13,19 @@ class OrvGuiIF;
 
 namespace Gui::Help
 {
-/// Says what the thing does that is pointed at or that the keyboard has reached. The last text stays.
-/// Where a manual is installed a button opens it.
+/// Shows the help text of the control under the pointer or with the focus; the last text stays. A button opens the
+/// manual where it is installed.
 class HelpPanel final : public Panel
 {
 public:
     HelpPanel(OrvGuiIF& owner, Panel* around);
 
-    /// UTF-8; lines break where the panel ends.
+    /// UTF-8; lines are wrapped.
     void showText(const std::string& text);
 
 private:
     void addManualButton();
 
-    QPlainTextEdit* edit;  // belongs to the panel, as Qt has it
+    QPlainTextEdit* edit;  // owned by the panel
 };
 }  // namespace Gui::Help

@@ -24,10 +24,10 @@ ChannelLights::ChannelLights(GdiManager& manager, QWidget* parent) : QWidget(par
 {
     setFixedSize(CHANNELS * PITCH, SIDE);
     setAccessibleName(tr("Channels"));
-    Property::setHelp(*this, tr("The 16 MIDI channels: each lights while something is played on it."));
+    Property::setHelp(*this, tr("MIDI channels 1 to 16: each is lit while events are sent on it."));
     connect(&look, &QTimer::timeout, this, [this] {
-        show(heard);
-        heard.reset();
+        show(played);
+        played.reset();
         if (lit.none()) look.stop();
     });
 }
@@ -37,16 +37,16 @@ void ChannelLights::displayMidiOutputEvent(const Backend::MidiEngine::OrvMidiMes
     const auto channel = event.getChannel();
     if (event.getStatus() >= Backend::MidiEngine::MessageType::systemExclusive) return;
     if (channel < 0 || channel >= CHANNELS) return;
-    heard.set(static_cast<std::size_t>(channel));
+    played.set(static_cast<std::size_t>(channel));
     if (isLit(channel)) return;
-    show(lit | heard);
+    show(lit | played);
     if (!look.isActive()) look.start(GLOW);
 }
 
 void ChannelLights::clear()
 {
-    heard.reset();
-    show(heard);
+    played.reset();
+    show(played);
 }
 
 void ChannelLights::show(const Channels& channels)

@@ -13,8 +13,8 @@ class GdiManager;
 
 namespace Gui::Output
 {
-/// A square for each of the 16 channels: it lights when an event is played on its channel and goes out soon after the
-/// last.
+/// A square for each of the 16 channels, which is lit when an event is sent on its channel and goes out soon after the
+/// last one.
 class ChannelLights final : public QWidget
 {
 public:
@@ -38,7 +38,7 @@ private:
 
     GdiManager& gdi;
     Channels lit;
-    Channels heard;  // since the last look
+    Channels played;  // channels with events since the last timeout
     QTimer look;
 };
 }  // namespace Gui::Output

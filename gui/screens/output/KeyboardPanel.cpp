@@ -32,7 +32,7 @@ KeyboardPanel::KeyboardPanel(OrvGuiIF& owner, Panel* around)
     handleDefaultMidiOutputChanged(gui.getDefaultMidiOutput());
 }
 
-/// No key stays down, and the player goes before the keyboard.
+/// Releases a held key; the player is destroyed before the keyboard.
 KeyboardPanel::~KeyboardPanel() { keyboard->setListener(nullptr); }
 
 void KeyboardPanel::makeTopRow()
@@ -42,7 +42,8 @@ void KeyboardPanel::makeTopRow()
     outputName->setGeometry(MARGIN + LABEL_WIDTH, 0, NAME_WIDTH, ROW);
     outputName->setTextFormat(Qt::PlainText);
     Property::set(*outputName, Property::TEXT, true);
-    Property::setHelp(*outputName, tr("The default output: what names no output goes there."));
+    Property::setHelp(*outputName, tr("Default output: MIDI events without an output of their own are sent there. It "
+                                      "is chosen on the system screen."));
     lights->move(keyboard->width() - MARGIN - lights->width(), (ROW - lights->height()) / 2);
 }
 

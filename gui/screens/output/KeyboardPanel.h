@@ -16,7 +16,7 @@ namespace Gui::Output
 {
 class ChannelLights;
 
-/// The music keyboard, and above it the default output and the channels that are played.
+/// The music keyboard, and above it the name of the default output and the channel lights.
 class KeyboardPanel final : public Panel
 {
 public:

@@ -14,7 +14,7 @@ namespace Gui::Output
 class KeyboardPanel;
 class MusicKeyboardCtl;
 
-/// The screen of what is played: the music keyboard, and below it whatever is placed by notes.
+/// The output screen: the music keyboard, and below it the panels that are aligned with its keys.
 class OutputPanel final : public Panel
 {
 public:

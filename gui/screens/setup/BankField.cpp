@@ -27,8 +27,8 @@ BankField::BankField(OrvGuiIF& owner, QBoxLayout& page) : gui(owner), edit(new E
     label->setBuddy(edit);
     page.addWidget(label);
     edit->setAccessibleName(EditBox::tr("Default bank"));
-    Property::setHelp(*edit, EditBox::tr("Default bank: the one that is loaded at the start, and now if you change it. "
-                                         "None stands for the one in the banks folder."));
+    Property::setHelp(*edit, EditBox::tr("Default bank: it is loaded at every start, and at once if you change it. "
+                                         "Leave it empty for the bank in your banks folder."));
     Property::set(*edit, Property::TEXT, true);
     Property::set(*edit, Property::NOWHEEL, true);
     page.addWidget(edit);
@@ -46,8 +46,8 @@ void BankField::addButtons(QBoxLayout& page)
         line->addWidget(button);
         return button;
     };
-    const auto* browse =
-        add(EditBox::tr("CHOOSE..."), EditBox::tr("Choose default bank"), EditBox::tr("Chooses a bank's file."));
+    const auto* browse = add(EditBox::tr("CHOOSE..."), EditBox::tr("Choose default bank"),
+                             EditBox::tr("Chooses the file of a bank (.bnk)."));
     QObject::connect(browse, &QPushButton::clicked, edit, [this] { choose(); });
     const auto* current = add(EditBox::tr("CURRENT BANK"), EditBox::tr("Current bank as default"),
                               EditBox::tr("Takes the bank that is loaded now."));
@@ -83,7 +83,7 @@ QString BankField::getQuestion() const
         .arg(QFileInfo(getShown()).fileName());
 }
 
-/// It must be found again from any folder.
+/// An absolute path, valid from any folder.
 void BankField::post() const
 {
     const QString path = getShown().isEmpty() ? QString() : QFileInfo(getShown()).absoluteFilePath();
@@ -92,7 +92,7 @@ void BankField::post() const
 
 QWidget& BankField::getControl() const { return *edit; }
 
-QString BankField::getTold() const { return QString::fromStdString(gui.getRegistrySettings().getDefaultBank()); }
+QString BankField::getKnown() const { return QString::fromStdString(gui.getRegistrySettings().getDefaultBank()); }
 
 QString BankField::getShown() const { return edit->text().trimmed(); }
 

@@ -12,8 +12,8 @@ class OrvGuiIF;
 
 namespace Gui::Setup
 {
-/// The bank that is loaded at the start: its path, to be typed, chosen or taken from the bank that is loaded now. None
-/// stands for the one in the banks folder.
+/// The bank that is loaded at the start: its path is typed, chosen, or taken from the current bank. An empty path
+/// stands for the bank in the banks folder.
 class BankField final : public ValueField<QString>
 {
 public:
@@ -28,7 +28,7 @@ private:
     void addButtons(QBoxLayout& page);
     void choose();
 
-    QString getTold() const override;
+    QString getKnown() const override;
     QString getShown() const override;
     void show(const QString& path) override;
 

@@ -32,7 +32,7 @@ void ChoiceField::post() const { row.post(gui.getOrvMessageManager(), shown); }
 
 QWidget& ChoiceField::getControl() const { return *choices; }
 
-int ChoiceField::getTold() const { return row.get(gui); }
+int ChoiceField::getKnown() const { return row.get(gui); }
 
 void ChoiceField::show(const int& value)
 {

@@ -14,7 +14,7 @@ namespace Gui::Setup
 {
 struct Choice;
 
-/// A row with a list to choose from, whose entries may change.
+/// A row with a list of choices, which may change.
 class ChoiceField final : public ValueField<int>
 {
 public:
@@ -26,7 +26,7 @@ public:
     QWidget& getControl() const override;
 
 private:
-    int getTold() const override;
+    int getKnown() const override;
     int getShown() const override { return shown; }
     void show(const int& value) override;
 

@@ -7,15 +7,15 @@
 
 namespace Gui::Setup
 {
-/// A port as the user wants it.
+/// A port as the user has set it in the dialog.
 struct PortChoice {
     std::string name{};
     bool enabled = false;
 };
 using PortChoices = std::vector<PortChoice>;
 
-/// A loopback port joins an output to the input of the same name: with both enabled, what is played would come in
-/// again. Such ports are known by these words in their names.
+/// A loopback port connects an output to the input of the same name: with both enabled, every event would be received
+/// again. Such ports have one of these words in their names.
 inline constexpr std::string_view LOOPBACK_NAMES[] = {"MIDI Yoke", "Internal MIDI"};
 
 /// Whether an enabled loopback port of `choices` has its other end enabled among `others`.

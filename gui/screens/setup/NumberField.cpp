@@ -30,7 +30,7 @@ NumberField::NumberField(OrvGuiIF& owner, const Number& numberRow, QBoxLayout& p
     Skinner::setMinMax(*edit, row.lowest, row.highest);
     SetupRow line(page, EditBox::tr(row.label), *edit);
     line.addBefore(EditBox::tr(row.before));
-    line.addBehind(EditBox::tr(row.behind));
+    line.addAfter(EditBox::tr(row.after));
 }
 
 QString NumberField::findFault() const
@@ -51,7 +51,7 @@ void NumberField::post() const { (gui.getOrvMessageManager().*row.post)(edit->ge
 
 QWidget& NumberField::getControl() const { return *edit; }
 
-QString NumberField::getTold() const { return QString::number((gui.getRegistrySettings().*row.get)() / row.scale); }
+QString NumberField::getKnown() const { return QString::number((gui.getRegistrySettings().*row.get)() / row.scale); }
 
 QString NumberField::getShown() const { return edit->text().trimmed(); }
 

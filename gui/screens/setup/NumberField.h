@@ -14,7 +14,7 @@ namespace Gui::Setup
 {
 struct Number;
 
-/// A row with a number to type. A text that is no number, or one outside the limits, is a fault.
+/// A row with a number to type. A text that is not a number within the limits is a fault.
 class NumberField final : public ValueField<QString>
 {
 public:
@@ -27,7 +27,7 @@ public:
     QWidget& getControl() const override;
 
 private:
-    QString getTold() const override;
+    QString getKnown() const override;
     QString getShown() const override;
     void show(const QString& text) override;
 

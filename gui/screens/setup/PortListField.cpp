@@ -22,7 +22,7 @@ QString textOf(const MidiPort& port)
     return port.found ? name : QListWidget::tr("%1 (Not Found)").arg(name);
 }
 
-/// "Couldn't open: Out 1, Out 2"; empty if all is well.
+/// "Couldn't open: Out 1, Out 2"; empty if all ports are open.
 QString describeFailures(const std::vector<MidiPort>& ports)
 {
     if (ports.empty()) return QListWidget::tr("There are none.");
@@ -49,7 +49,7 @@ bool PortListField::isChecked(int row) const { return list->item(row)->checkStat
 
 PortChoices PortListField::getChoices() const
 {
-    PortChoices choices = told;
+    PortChoices choices = known;
     for (std::size_t row = 0; row < choices.size(); ++row) choices[row].enabled = isChecked(static_cast<int>(row));
     return choices;
 }
@@ -58,21 +58,21 @@ std::vector<int> PortListField::findChanged() const
 {
     std::vector<int> changed;
     for (int row = 0; row < list->count(); ++row)
-        if (isChecked(row) != told[static_cast<std::size_t>(row)].enabled) changed.push_back(row);
+        if (isChecked(row) != known[static_cast<std::size_t>(row)].enabled) changed.push_back(row);
     return changed;
 }
 
-/// A port keeps its number, so its row.
+/// A port keeps its number, and so its row.
 void PortListField::follow()
 {
     const auto ports = side.get(gui);
     const auto changed = findChanged();
     while (list->count() > std::ssize(ports)) delete list->takeItem(list->count() - 1);
     while (list->count() < std::ssize(ports)) (new QListWidgetItem(list))->setSizeHint(SetupRow::LIST_ROW);
-    told.clear();
+    known.clear();
     for (int row = 0; row < list->count(); ++row) {
         const MidiPort& port = ports[static_cast<std::size_t>(row)];
-        told.push_back({port.name, port.enabled});
+        known.push_back({port.name, port.enabled});
         QListWidgetItem& item = *list->item(row);
         item.setText(textOf(port));
         if (std::ranges::find(changed, row) == changed.end())

@@ -18,14 +18,14 @@ namespace Gui::Setup
 {
 struct PortSide;
 
-/// The ports of one direction, each with a check box. Rows that the user has not touched follow.
+/// The ports of one direction, each with a check box. Rows that the user has not changed show the current state.
 class PortListField final : public SettingField
 {
 public:
     /// Both must outlive it.
     PortListField(OrvGuiIF& owner, const PortSide& portSide, QBoxLayout& page);
 
-    /// The ports as they are to be.
+    /// The ports as the user has set them.
     PortChoices getChoices() const;
 
     void follow() override;
@@ -41,6 +41,6 @@ private:
     const PortSide& side;
     QListWidget* list;
     QLabel* failures;
-    PortChoices told;
+    PortChoices known;
 };
 }  // namespace Gui::Setup

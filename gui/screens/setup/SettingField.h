@@ -7,21 +7,21 @@ class QWidget;
 
 namespace Gui::Setup
 {
-/// A control of the setup dialog and the setting it stands for. Until the user makes it something else, it shows what
-/// the window was told last. The GUI thread.
+/// A control of the setup dialog for a setting. Until the user changes it, it shows the last value that the backend
+/// reported. The GUI thread.
 class SettingField
 {
 public:
     virtual ~SettingField() = default;
 
-    /// The window was told something.
+    /// The window has got new values from the backend.
     virtual void follow() = 0;
     virtual bool isChanged() const = 0;
-    /// Why what the user made of it cannot be; empty if it can.
+    /// Why the user's value is invalid; empty if it is valid.
     virtual QString findFault() const { return {}; }
-    /// What is to be asked before it becomes so; empty for nothing.
+    /// The question to ask before the value is applied; empty for none.
     virtual QString getQuestion() const { return {}; }
-    /// Tells the backend what was changed.
+    /// Posts the changed value to the backend.
     virtual void post() const = 0;
 
     /// Owned by the dialog.
@@ -36,17 +36,17 @@ public:
     void follow() override
     {
         const bool untouched = !isChanged();
-        told = getTold();
-        if (untouched) show(*told);
+        known = getKnown();
+        if (untouched) show(*known);
     }
-    bool isChanged() const final { return told && getShown() != *told; }
+    bool isChanged() const final { return known && getShown() != *known; }
 
 protected:
-    virtual Value getTold() const = 0;
+    virtual Value getKnown() const = 0;
     virtual Value getShown() const = 0;
     virtual void show(const Value& value) = 0;
 
 private:
-    std::optional<Value> told;
+    std::optional<Value> known;
 };
 }  // namespace Gui::Setup

@@ -39,7 +39,7 @@ std::vector<MidiPort> getOutputs(const OrvGuiIF& gui)
     return {gui.getMidiOutputPorts().begin(), gui.getMidiOutputPorts().end()};
 }
 
-/// Only those that are open can be chosen.
+/// Only open ports can be chosen.
 std::vector<ComboBox::Entry> getOutputEntries(const OrvGuiIF& gui)
 {
     std::vector<ComboBox::Entry> entries;
@@ -57,45 +57,45 @@ std::vector<ComboBox::Entry> getChannelEntries(const OrvGuiIF&)
 }
 
 constexpr Switch PLAYING_TABLE[] = {
-    {"MIDI thru", "MIDI Thru: what comes in also sounds.", &Settings::getMidiThru,
-     &postToggle<&Commands::postChangeMidiThru>},
+    {"MIDI thru", "MIDI thru: events received at the MIDI inputs are played, through the layers.",
+     &Settings::getMidiThru, &postToggle<&Commands::postChangeMidiThru>},
     {"Click before or after zone transposes zone.",
-     "A click on the piano keyboard beside a zone transposes that zone by octaves until it reaches there.",
+     "A click on the piano keyboard outside a zone transposes that zone by octaves so that it includes the key.",
      &Settings::getClickZoneChannelTranspose, &post<&Commands::postSetClickZoneChannelTranspose>}};
 
 constexpr Switch DISPLAY_TABLE[] = {
-    {"Show input events", "Shows the MIDI events that come in.", &Settings::getDisplayMidiInputEvents,
+    {"Show input events", "Lists the MIDI events that are received.", &Settings::getDisplayMidiInputEvents,
      &post<&Commands::postSetDisplayMidiInputEvents>},
-    {"Show output events", "Shows the MIDI events that are played.", &Settings::getDisplayMidiOutputEvents,
+    {"Show output events", "Lists the MIDI events that are sent to the outputs.", &Settings::getDisplayMidiOutputEvents,
      &post<&Commands::postSetDisplayMidiOutputEvents>},
-    {"Number the lines", "Puts a number before each line of the display.", &Settings::getDisplayNumbers,
+    {"Number the lines", "Numbers the lines of the display.", &Settings::getDisplayNumbers,
      &post<&Commands::postSetDisplayNumbers>},
-    {"Large font", "Shows the events in a font that can be read from afar.", &Settings::getLargeDisplayFont,
+    {"Large font", "A larger font, to be read from a distance.", &Settings::getLargeDisplayFont,
      &post<&Commands::postSetLargeDisplayFont>}};
 
 constexpr Switch WINDOW_TABLE[] = {
-    {"Dock to bottom edge", "The bottom edge of the window stays where it is when screens are shown and hidden.",
+    {"Dock to bottom edge", "The bottom edge of the window keeps its place when screens are shown and hidden.",
      &Settings::getDockToBottomEdge, &post<&Commands::postSetDockToBottomEdge>},
-    {"Always on top", "The window stays in front of those of other programs.", &Settings::getAlwaysOnTop,
+    {"Always on top", "The window stays in front of the windows of other programs.", &Settings::getAlwaysOnTop,
      &post<&Commands::postSetAlwaysOnTop>},
-    {"Metallic Border", "The window has a border of its own instead of that of the desktop.",
-     &Settings::getUseSkinBorder, &post<&Commands::postSetUseSkinBorder>}};
+    {"Metallic Border", "The window has a border of its own instead of the desktop's.", &Settings::getUseSkinBorder,
+     &post<&Commands::postSetUseSkinBorder>}};
 }  // namespace
 
-constexpr PortSide INPUTS{"MIDI inputs",
-                          "MIDI Inputs: those with a mark are listened to. One that is not there is opened when it "
-                          "comes back.",
-                          &getInputs, &Commands::postEnableMidiInput};
+constexpr PortSide INPUTS{
+    "MIDI inputs",
+    "MIDI inputs: those with a check mark are received. A device that is not plugged in is opened when it is.",
+    &getInputs, &Commands::postEnableMidiInput};
 
-constexpr PortSide OUTPUTS{"MIDI outputs",
-                           "MIDI Outputs: those with a mark can be played on. One that is not there is opened when it "
-                           "comes back.",
-                           &getOutputs, &Commands::postEnableMidiOutput};
+constexpr PortSide OUTPUTS{
+    "MIDI outputs",
+    "MIDI outputs: those with a check mark can be played. A device that is not plugged in is opened when it is.",
+    &getOutputs, &Commands::postEnableMidiOutput};
 
 constexpr Choice DEFAULT_OUTPUT{
     "Default output:",
     "Default MIDI output",
-    "Default MIDI output: where everything sounds that names no output of its own.",
+    "Default MIDI output: MIDI events without an output of their own are sent there.",
     230,
     &getOutputEntries,
     [](const OrvGuiIF& gui) { return gui.getDefaultMidiOutput(); },
@@ -109,37 +109,37 @@ constexpr std::span<const Switch> PLAYING_SWITCHES(PLAYING_TABLE);
 constexpr Switch GLOBAL_KEYBOARD{"Global keyboard", "", &Settings::getGlobalKeyboard,
                                  &postToggle<&Commands::postChangeGlobalKeyboard>};
 
-constexpr Number MOUSE_SENSITIVITY{
-    "Mouse sensitivity:",
-    "1 /",
-    "",
-    "Mouse sensitivity",
-    "Mouse sensitivity: faders and numbers that are dragged move one step for so many pixels. The higher, the finer.",
-    "",
-    "",
-    1,
-    100,
-    1,
-    &Settings::getMouseSensitivity,
-    &Commands::postSetMouseSensitivity};
+constexpr Number MOUSE_SENSITIVITY{"Mouse sensitivity:",
+                                   "1 /",
+                                   "",
+                                   "Mouse sensitivity",
+                                   "Mouse sensitivity: pixels of mouse movement for one step when you drag a fader or "
+                                   "a number, 1 to 100. Higher is finer.",
+                                   "",
+                                   "",
+                                   1,
+                                   100,
+                                   1,
+                                   &Settings::getMouseSensitivity,
+                                   &Commands::postSetMouseSensitivity};
 
 constexpr Switch RECORD_SWITCH{"Record what is played",
-                               "Record: keeps what was played lately, so that it can be saved afterwards.",
+                               "Record: keeps what you play, so that you can save it afterwards.",
                                &Settings::isRetroRecordEnabled, &post<&Commands::postEnableRetroRecord>};
 
-constexpr Number RECORD_SIZE{
-    "Buffer size:",
-    "",
-    "KB for each output",
-    "Buffer size",
-    "Buffer size: how much is kept of each output, the oldest going first. Hours of playing fit into 1000 KB.",
-    "KB",
-    "Changing the retrospective record buffer size will clear all existing data. Continue?",
-    RetroRecordManager::SMALLEST_BUFFER / KILOBYTE,
-    RetroRecordManager::LARGEST_BUFFER / KILOBYTE,
-    KILOBYTE,
-    &Settings::getRetroRecordBufferSize,
-    &Commands::postSetRetroRecordBufferSize};
+constexpr Number RECORD_SIZE{"Buffer size:",
+                             "",
+                             "KB for each output",
+                             "Buffer size",
+                             "Buffer size: 1 to 200000 KB for each output; 1000 KB hold hours of playing. When it is "
+                             "full the oldest events are deleted.",
+                             "KB",
+                             "Changing the retrospective record buffer size will clear all existing data. Continue?",
+                             RetroRecordManager::SMALLEST_BUFFER / KILOBYTE,
+                             RetroRecordManager::LARGEST_BUFFER / KILOBYTE,
+                             KILOBYTE,
+                             &Settings::getRetroRecordBufferSize,
+                             &Commands::postSetRetroRecordBufferSize};
 
 constexpr std::span<const Switch> DISPLAY_SWITCHES(DISPLAY_TABLE);
 
@@ -147,7 +147,7 @@ constexpr Number DISPLAY_HEIGHT{"Height:",
                                 "",
                                 "pixels",
                                 "Height of the display",
-                                "The height of the display. Its lower edge can be dragged, too.",
+                                "Height of the display, 60 to 600 pixels. You can drag its lower edge, too.",
                                 "",
                                 "",
                                 DisplayHeight::LOWEST,
@@ -162,7 +162,7 @@ constexpr Number LITE_VELOCITY{"Velocity:",
                                "",
                                "",
                                "Velocity",
-                               "Velocity: how hard the notes of such a host are struck, 1 to 127.",
+                               "Velocity of the notes of such a host, 1 to 127.",
                                "",
                                "",
                                1,
@@ -173,13 +173,14 @@ constexpr Number LITE_VELOCITY{"Velocity:",
 
 constexpr Choice LITE_CHANNEL{"Channel:",
                               "Channel",
-                              "Channel: the one on which such a host plays.",
+                              "MIDI channel of such a host, 1 to 16.",
                               70,
                               &getChannelEntries,
                               [](const OrvGuiIF& gui) { return gui.getRegistrySettings().getLiteChannel(); },
                               [](const OrvGuiIF&, int channel) { return std::to_string(channel + 1); },
                               [](Commands& commands, int channel) { commands.postSetLiteChannel(channel); }};
 
-constexpr Switch LITE_STACK_NOTES{"Stack Notes", "Stack Notes: such a host stacks its notes.",
-                                  &Settings::getLiteStackNotes, &post<&Commands::postSetLiteStackNotes>};
+constexpr Switch LITE_STACK_NOTES{
+    "Stack Notes", "Stack Notes: such a host sends the note-off of a repeated note only once all its keys are up.",
+    &Settings::getLiteStackNotes, &post<&Commands::postSetLiteStackNotes>};
 }  // namespace Gui::Setup

@@ -18,7 +18,8 @@ namespace Gui
 class OrvGuiIF;
 }
 
-/// The settings of the setup dialog, a row each: what they are called, where they are read, how they are wished for.
+/// The settings of the setup dialog, a row each: label and help, how the value is read, and the command that changes
+/// it.
 namespace Gui::Setup
 {
 struct Switch {
@@ -30,15 +31,15 @@ struct Switch {
 
 struct Number {
     const char* label;
-    const char* before;  ///< stands in front of the field: "1 /"
-    const char* behind;  ///< stands behind it: "pixels"
-    const char* name;    ///< in messages, and for those who have the screen read to them
+    const char* before;  ///< the text before the field: "1 /"
+    const char* after;   ///< the text after the field: "pixels"
+    const char* name;    ///< in messages, and its accessible name
     const char* help;
-    const char* unit;      ///< behind the limits in messages
+    const char* unit;      ///< follows the limits in messages
     const char* question;  ///< asked before it changes; empty for none
-    int lowest;            ///< as they are shown
+    int lowest;            ///< as shown
     int highest;
-    int scale;  ///< what is kept is so many times what is shown
+    int scale;  ///< the stored value is the shown one times this
     int (Backend::RegistrySettings::*get)() const;
     void (Backend::OrvMessageManager::*post)(int value);
 };
@@ -50,7 +51,7 @@ struct Choice {
     int width;  ///< of its control, in logical pixels
     std::vector<ComboBox::Entry> (*getEntries)(const OrvGuiIF& gui);
     int (*get)(const OrvGuiIF& gui);
-    /// What stands there for a value without an entry.
+    /// The text shown for a value without an entry.
     std::string (*describe)(const OrvGuiIF& gui, int value);
     void (*post)(Backend::OrvMessageManager& commands, int value);
 };

@@ -49,15 +49,15 @@ QBoxLayout* SetupDialog::makeButtons()
     };
     auto* ok = addButton(tr("OK"));
     ok->setDefault(true);
-    Property::setHelp(*ok, tr("Does what was changed here, on all pages."));
+    Property::setHelp(*ok, tr("Applies the changes of all pages."));
     connect(ok, &QPushButton::clicked, this, &QDialog::accept);
     auto* cancel = addButton(tr("Cancel"));
-    Property::setHelp(*cancel, tr("Leaves everything as it was."));
+    Property::setHelp(*cancel, tr("Closes without applying any change."));
     connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
     return line;
 }
 
-/// A line at the bottom says what the thing does that is pointed at.
+/// A line at the bottom shows the help of the control under the pointer.
 void SetupDialog::makeHelp()
 {
     help->setObjectName(QStringLiteral("help"));
@@ -98,11 +98,11 @@ bool SetupDialog::refuses()
     return false;
 }
 
-/// Says so, and goes where it is.
+/// Shows the reason and moves to the field.
 void SetupDialog::refuse(const SettingField& field, const QString& text)
 {
     pages->goTo(field);
-    tell(*this, tr("Invalid entry"), text);
+    showMessage(*this, tr("Invalid entry"), text);
 }
 
 QStringList SetupDialog::findQuestions() const
@@ -113,7 +113,7 @@ QStringList SetupDialog::findQuestions() const
     return questions;
 }
 
-/// One after the other; what was changed is done after a yes to the last, or if there is none.
+/// Asks one question after the other, and posts the changes after the last yes, or if there is no question.
 void SetupDialog::askAll(QStringList questions)
 {
     if (questions.isEmpty()) return apply();
@@ -121,7 +121,7 @@ void SetupDialog::askAll(QStringList questions)
     ask(*this, tr("Confirm"), first, [this, questions] { askAll(questions); });
 }
 
-/// Of some settings nobody is told, so the window asks for all of them.
+/// The backend does not report every change of a setting, so the dialog asks for all of them.
 void SetupDialog::apply()
 {
     const auto changed = pages->findChanged();

@@ -16,15 +16,14 @@ namespace Gui::Setup
 class SettingField;
 class SetupPages;
 
-/// The dialog of the settings. OK posts what was changed, unless something of it cannot be; Cancel posts nothing. While
-/// it is open it follows what the window is told, where the user has changed nothing. What is typed in it never plays.
-/// The GUI thread.
+/// The setup dialog. OK posts the changed settings if all are valid; Cancel posts nothing. While it is open, fields
+/// that the user has not changed show what the backend reports. Keys typed in it are not played. The GUI thread.
 class SetupDialog final : public QDialog
 {
 public:
     SetupDialog(OrvGuiIF& owner, QWidget& parent);
 
-    /// The window was told something.
+    /// The window has got new values from the backend.
     void follow();
 
     void accept() override;
@@ -43,7 +42,7 @@ private:
     void apply();
 
     OrvGuiIF& gui;
-    SetupPages* pages;  // these belong to the dialog, as Qt has it
+    SetupPages* pages;  // owned by their Qt parents
     QLabel* help;
 };
 }  // namespace Gui::Setup

@@ -42,7 +42,7 @@ SetupPages::SetupPages(OrvGuiIF& owner) : gui(owner), titles(new QListWidget), p
 
 SetupPages::~SetupPages() = default;
 
-// --- what there is
+// --- the pages and their fields
 
 QBoxLayout& SetupPages::addPage(const Page& page)
 {
@@ -66,35 +66,42 @@ Field& SetupPages::add(Arguments&&... arguments)
 
 void SetupPages::makePages()
 {
-    QBoxLayout& in = addPage({tr("MIDI Inputs"), tr("What is listened to.")});
+    QBoxLayout& in =
+        addPage({tr("MIDI Inputs"),
+                 tr("MIDI inputs: those with a check mark are received. Uncheck one to ignore its device.")});
     inputs = &add<PortListField>(INPUTS, in);
 
-    QBoxLayout& out = addPage({tr("MIDI Outputs"), tr("What is played on.")});
+    QBoxLayout& out = addPage(
+        {tr("MIDI Outputs"), tr("MIDI outputs: those with a check mark can be played. Below, the default output.")});
     outputs = &add<PortListField>(OUTPUTS, out);
     add<ChoiceField>(DEFAULT_OUTPUT, out);
 
-    QBoxLayout& playing = addPage({tr("Playing"), tr("What plays, and how.")});
+    QBoxLayout& playing =
+        addPage({tr("Playing"), tr("MIDI thru, the global keyboard and the sensitivity of the mouse.")});
     auto& globalKeyboard = add<SwitchField>(GLOBAL_KEYBOARD, playing);
     Property::setHelp(globalKeyboard.getControl(),
                       QString::fromStdString(GlobalKeyboard::describe(gui.getGlobalKeyboardReason())));
     for (const Switch& row : PLAYING_SWITCHES) add<SwitchField>(row, playing);
     add<NumberField>(MOUSE_SENSITIVITY, playing);
 
-    QBoxLayout& bank = addPage({tr("Bank"), tr("What is loaded at the start.")});
+    QBoxLayout& bank = addPage({tr("Bank"), tr("The bank that is loaded at every start.")});
     add<BankField>(bank);
 
-    QBoxLayout& record = addPage({tr("Record"), tr("The record of what was played lately.")});
+    QBoxLayout& record = addPage(
+        {tr("Record"), tr("The retrospective record: on or off, and its size, 1 to 200000 KB for each output.")});
     add<SwitchField>(RECORD_SWITCH, record);
     add<NumberField>(RECORD_SIZE, record);
 
-    QBoxLayout& display = addPage({tr("Display"), tr("What the list of events shows.")});
+    QBoxLayout& display = addPage(
+        {tr("Display"), tr("Which MIDI events the display lists, in which font, and its height of 60 to 600 pixels.")});
     for (const Switch& row : DISPLAY_SWITCHES) add<SwitchField>(row, display);
     add<NumberField>(DISPLAY_HEIGHT, display);
 
-    QBoxLayout& window = addPage({tr("Window"), tr("How the window stands on the desktop.")});
+    QBoxLayout& window = addPage({tr("Window"), tr("Position, stacking and border of the window on the desktop.")});
     for (const Switch& row : WINDOW_SWITCHES) add<SwitchField>(row, window);
 
-    QBoxLayout& lite = addPage({tr("Lite"), tr("For a host that plays without programs. Here nothing uses them.")});
+    QBoxLayout& lite = addPage({tr("Lite"), tr("Velocity, channel and note stacking of a host that plays without "
+                                               "programs. This program does not use them.")});
     add<NumberField>(LITE_VELOCITY, lite);
     add<ChoiceField>(LITE_CHANNEL, lite);
     add<SwitchField>(LITE_STACK_NOTES, lite);
@@ -102,7 +109,7 @@ void SetupPages::makePages()
     for (QBoxLayout* rows : {&playing, &bank, &record, &display, &window, &lite}) rows->addStretch();
 }
 
-// --- what became of it
+// --- values
 
 void SetupPages::follow()
 {
@@ -123,7 +130,7 @@ const SettingField* SetupPages::findLoopback() const
     return outputs->isChanged() && !inputs->isChanged() ? outputs : inputs;
 }
 
-// --- pages
+// --- choosing a page
 
 void SetupPages::turnTo(int row)
 {

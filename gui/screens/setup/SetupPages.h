@@ -19,22 +19,23 @@ namespace Gui::Setup
 class PortListField;
 class SettingField;
 
-/// Every setting that is the user's, a field each, on a few pages beside the list of their titles. The GUI thread.
+/// The fields of all settings of the user, on pages beside the list of their titles. The GUI thread.
 class SetupPages final : public QWidget
 {
 public:
     explicit SetupPages(OrvGuiIF& owner);
     ~SetupPages() override;
 
-    /// Another page came to the front; what it is about.
+    /// Another page was chosen; gets its help text.
     std::function<void(const QString& help)> onPage;
 
-    /// The window was told something: what the user has not touched follows.
+    /// The window has got new values from the backend: fields that the user has not changed show them.
     void follow();
 
-    /// What the user made something else, in the order of the pages.
+    /// The fields that the user has changed, in the order of the pages.
     std::vector<const SettingField*> findChanged() const;
-    /// The ports that would play into themselves, on the side that the user changed; null if none would.
+    /// The port list with a loopback that the user has enabled in both directions, on the side that was changed; null
+    /// if there is none.
     const SettingField* findLoopback() const;
 
     void goTo(const SettingField& field);
@@ -52,7 +53,7 @@ private:
     void turnTo(int row);
 
     OrvGuiIF& gui;
-    QListWidget* titles;  // these belong to the widget, as Qt has it
+    QListWidget* titles;  // owned by their Qt parents
     QStackedWidget* pages;
     std::vector<std::unique_ptr<SettingField>> fields;
     PortListField* inputs = nullptr;

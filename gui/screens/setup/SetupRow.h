@@ -5,12 +5,12 @@
 
 namespace Gui::Setup
 {
-/// A row of a page: a label, a control, and words around it.
+/// A row of a page: a label, a control, and the texts before and after it.
 class SetupRow
 {
 public:
-    static constexpr QSize LIST_ROW{0, 21};  ///< of the rows of a list
-    static constexpr int LABEL_WIDTH = 120;  ///< logical pixels; one behind the other, the controls stand in a column
+    static constexpr QSize LIST_ROW{0, 21};  ///< the size of a row of a list
+    static constexpr int LABEL_WIDTH = 120;  ///< logical pixels; it aligns the controls in a column
 
     SetupRow(QBoxLayout& page, const QString& label, QWidget& control) : line(new QHBoxLayout)
     {
@@ -24,7 +24,7 @@ public:
     }
 
     void addBefore(const QString& words) { add(1, words); }
-    void addBehind(const QString& words) { add(line->count() - 1, words); }
+    void addAfter(const QString& words) { add(line->count() - 1, words); }
 
 private:
     void add(int place, const QString& words)

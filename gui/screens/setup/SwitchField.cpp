@@ -22,7 +22,7 @@ void SwitchField::post() const { row.post(gui.getOrvMessageManager(), box->isChe
 
 QWidget& SwitchField::getControl() const { return *box; }
 
-bool SwitchField::getTold() const { return (gui.getRegistrySettings().*row.get)(); }
+bool SwitchField::getKnown() const { return (gui.getRegistrySettings().*row.get)(); }
 
 bool SwitchField::getShown() const { return box->isChecked(); }
 

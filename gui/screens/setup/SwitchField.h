@@ -25,7 +25,7 @@ public:
     QWidget& getControl() const override;
 
 private:
-    bool getTold() const override;
+    bool getKnown() const override;
     bool getShown() const override;
     void show(const bool& on) override;
 

@@ -4,23 +4,24 @@
 
 namespace Gui::System
 {
-/// The current program: a list of the bank's, and its name, which can be typed over. What is typed never plays. Enter,
-/// or going elsewhere, renames; Escape, a blank name, the list or another program leaves the name as it was.
+/// The current program: the list of the bank's programs, and the name, which can be edited. Keys typed here are not
+/// played. Enter or leaving the field renames; Escape, a blank name, a choice from the list or another program discards
+/// the text.
 class ProgramNameComboBox final : public ComboBox
 {
 public:
     explicit ProgramNameComboBox(GuiContext& context, QWidget* parent = nullptr);
 
-    /// The user typed another name.
+    /// The user entered another name.
     std::function<void(const QString& name)> onRename;
-    /// The user has done with typing.
+    /// The user has finished typing.
     std::function<void()> onLeave;
 
-    /// The programs by their names in the bank. The current one stays as it is shown.
+    /// The names of the programs in the bank. The current program is still shown.
     void setProgramNames(const std::vector<std::string>& names);
-    /// Without telling anyone. What is being typed stays, as long as it is for this program.
+    /// Calls no callback. A text that is being typed for this program stays.
     void showProgram(int number, const QString& name);
-    /// Back to the name it has, which is not always that of its entry in the bank.
+    /// Restores the name of the program, which may differ from that of its entry in the bank.
     void cancelTyping();
 
 protected:

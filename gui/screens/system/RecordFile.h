@@ -4,13 +4,13 @@
 
 #include "backend/recorder/RetroRecordManager.h"
 
-/// Where the record of what was played goes, and what to say of it.
+/// The file name of a saved record, and the text that reports the result.
 namespace Gui::System::RecordFile
 {
-/// A file stem that names the moment, in the user's music folder, which is made where there is none; in the home folder
-/// where it cannot be. UTF-8.
+/// A path with date and time as its name, without extension, in the user's music folder, which is created if it is
+/// missing; in the home folder if that fails. UTF-8.
 std::string stem();
 
-/// A line for each file that was written and for each that could not be, or one that says that there is none.
+/// A line for each file that was written or failed, or one that says that nothing was recorded.
 std::string describe(const Backend::RetroRecord::SaveReport& report);
 }  // namespace Gui::System::RecordFile

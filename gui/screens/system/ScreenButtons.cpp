@@ -25,16 +25,17 @@ struct ScreenRow {
 /// By the number of the screen.
 constexpr std::array<ScreenRow, 12> SCREEN_TABLE{{
     {"SYSTEM", "System screen", "System: the program, the tempo, the output and the other screens."},
-    {"HELP", "Help screen", "Help: says what the thing does that you point at."},
-    {"DISPLAY", "Display screen", "Display: lists the MIDI events that come in and are played."},
-    {"OSC", "Oscillator screen", "Oscillators: controllers that move by themselves."},
+    {"HELP", "Help screen", "Help: explains the control under the mouse pointer."},
+    {"DISPLAY", "Display screen", "Display: lists the MIDI events that are received and sent."},
+    {"OSC", "Oscillator screen",
+     "Oscillators: change controllers, pitch bend or pressure automatically, in time with the tempo."},
     {"JOYSTICK", "Joystick screen", "Joystick: what the axes and buttons of the joysticks do."},
-    {"MIDI IN", "MIDI input screen", "MIDI Input: what becomes of the MIDI events that come in."},
+    {"MIDI IN", "MIDI input screen", "MIDI input: what received MIDI events are translated to."},
     {"KEYS", "Computer keyboard screen", "Keys: the computer's keyboard and what its keys do."},
     {"CONTROLS", "Control screen", "Controls: faders and switches that send MIDI."},
-    {"OUTPUT", "Output screen", "Output: the piano keyboard that shows and plays what sounds."},
-    {"LAYERS", "Layer screen", "Layers: which notes sound on which outputs and channels."},
-    {"CC", "Controller screen", "CC: the controllers of a channel."},
+    {"OUTPUT", "Output screen", "Output: a piano keyboard that shows the notes that sound and can be played."},
+    {"LAYERS", "Layer screen", "Layers: which notes go to which outputs and channels."},
+    {"CC", "Controller screen", "CC: the values of the controllers of a channel."},
     {"ZONES", "Zone screen", "Zones: where on the piano keyboard each input plays."},
 }};
 }  // namespace

@@ -14,7 +14,7 @@ class OrvGuiIF;
 
 namespace Gui::System
 {
-/// A row of buttons that show and hide the other screens. A button is down while its screen shows.
+/// A row of buttons that show and hide the other screens. A button is down while its screen is shown.
 class ScreenButtons final : public QWidget
 {
 public:
@@ -23,7 +23,7 @@ public:
 
     ScreenButtons(OrvGuiIF& owner, QWidget* parent);
 
-    /// Adds the button of a screen that does not show yet, once.
+    /// Adds the button of a screen, up; once for each screen.
     void offerScreen(Backend::Screen screen);
     void screenShown(Backend::Screen screen, bool on);
 

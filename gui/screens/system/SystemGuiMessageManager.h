@@ -6,7 +6,7 @@ namespace Gui::System
 {
 class SystemPanel;
 
-/// What the record tells the system screen.
+/// Handles the messages of the retrospective record.
 class SystemGuiMessageManager final : public TableMessageManager<SystemPanel>
 {
 public:

@@ -13,7 +13,7 @@
 #include "gui/screens/system/ScreenButtons.h"
 #include "gui/screens/system/TempoEdit.h"
 
-// What the system screen consists of: four rows, each control with its place, its names and the wish it utters.
+// The controls of the system screen in four rows, each with its place, its names and the command it posts.
 namespace Gui::System
 {
 namespace
@@ -25,7 +25,7 @@ constexpr int ROWS[] = {0, 24, 48, 72};
 /// From `left` to `right`, in one of the rows.
 QRect at(int row, int left, int right) { return {left, ROWS[row], right - left, HEIGHT}; }
 
-// The columns, each from one of these to the next, with a gap before it
+// The columns; each reaches from one of these to the next, less a gap
 constexpr int SPACE = 4;
 constexpr int WIDE_SPACE = 12;
 constexpr int CONTROLS = 58;
@@ -77,7 +77,7 @@ ComboBox* SystemPanel::addChoices(const QRect& place, const QString& name, const
 QPushButton* SystemPanel::addButton(const QString& label, const QRect& place, const QString& name, const QString& help)
 {
     auto* button = add(new QPushButton(label, this), place, name, help);
-    button->setFocusPolicy(Qt::TabFocus);  // a click leaves the keyboard to whoever plays on it
+    button->setFocusPolicy(Qt::TabFocus);  // a click must not take the focus from playing
     return button;
 }
 
@@ -88,7 +88,7 @@ QPushButton* SystemPanel::addSwitch(const QString& label, const QRect& place, co
     return button;
 }
 
-/// In the order in which Tab goes through them.
+/// In Tab order.
 void SystemPanel::addControls()
 {
     setPanelSize(SIZE);
@@ -112,15 +112,15 @@ void SystemPanel::addProgram()
         connect(arrow, &QPushButton::clicked, this, [this, kind] { commands().postChangeProgram({.kind = kind}); });
     };
     addArrow(Look::Direction::left, SelectType::Kind::down, CONTROLS, tr("Previous program"),
-             tr("Goes to the program before this one."));
+             tr("Changes to the previous program of the bank."));
     addArrow(Look::Direction::right, SelectType::Kind::up, CONTROLS + ARROW + 2, tr("Next program"),
-             tr("Goes to the program behind this one."));
+             tr("Changes to the next program of the bank."));
     programNumber = addValue(at(0, CONTROLS + 2 * ARROW + SPACE, CHOICES - SPACE));
     programNumber->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
 
     programs = add(new ProgramNameComboBox(gui, this), at(0, CHOICES, SECOND_LABELS - WIDE_SPACE), tr("Program"),
-                   tr("Program: choose one from the list, or type a new name for this one. A name is kept in the bank "
-                      "when the program is saved."));
+                   tr("Program: choose one from the list, or type a new name for this one. The bank gets the name when "
+                      "you save the program."));
     Property::set(*programs, Property::TEXT, true);
     programs->onChange = [this](int number) { commands().postChangeProgram(specific(number)); };
     programs->onRename = [this](const QString& name) { commands().postChangeProgramName(name.toStdString()); };
@@ -133,10 +133,10 @@ void SystemPanel::addBank()
     bankName = addValue(at(0, SECOND_CONTROLS, BANK_SIZE - SPACE));
     bankSize = addValue(at(0, BANK_SIZE, SWITCHES - SPACE));
     const auto* setup = addButton(tr("SETUP..."), at(0, SWITCHES, LAST_BUTTONS - SPACE), tr("Setup"),
-                                  tr("Setup: MIDI ports, what is played and recorded, the window and more."));
+                                  tr("Setup: MIDI ports, global keyboard, default bank, record, display and window."));
     connect(setup, &QPushButton::clicked, this, [this] { gui.showSetupDialog(); });
-    const auto* reset =
-        addButton(tr("RESET"), at(0, LAST_BUTTONS, END), tr("Reset"), tr("Reset (panic): ends every note."));
+    const auto* reset = addButton(tr("RESET"), at(0, LAST_BUTTONS, END), tr("Reset"),
+                                  tr("Reset (panic): ends every note on all channels of all outputs."));
     connect(reset, &QPushButton::pressed, this, [this] { commands().postResetOrv(); });
 }
 
@@ -144,15 +144,15 @@ void SystemPanel::addTempo()
 {
     addLabel(tr("Tempo"), at(1, 0, CONTROLS - SPACE));
     tempo = add(new TempoEdit(this), at(1, CONTROLS, CONTROLS + 2 * ARROW + 2), tr("Tempo"),
-                tr("Tempo: beats per minute, 20 to 250. Type it, or turn the wheel."));
+                tr("Tempo: 20 to 250 beats per minute. Type a number, +5 or -5, or turn the wheel."));
     Property::set(*tempo, Property::TEXT, true);
-    tempo->onChange = [this](const RelativeFixedValue& wish) { commands().postChangeTempo(wish, true); };
+    tempo->onChange = [this](const RelativeFixedValue& change) { commands().postChangeTempo(change, true); };
     tempo->onLeave = [this] { leave(); };
 
     addLabel(tr("Clock"), at(1, CONTROLS + 2 * ARROW + 2 * SPACE, CHOICES - SPACE));
-    tempoSource =
-        addChoices(at(1, CHOICES, SECOND_LABELS - WIDE_SPACE), tr("Tempo source"),
-                   tr("Tempo source: the tempo beside it, or the MIDI clock that comes in at one of the inputs."));
+    tempoSource = addChoices(
+        at(1, CHOICES, SECOND_LABELS - WIDE_SPACE), tr("Tempo source"),
+        tr("Tempo source: Internal uses the tempo on the left; an input uses the MIDI clock received there."));
     tempoSource->onChange = [this](int index) { commands().postSetTempoSource(index - 1, true); };
 }
 
@@ -160,14 +160,14 @@ void SystemPanel::addOutput()
 {
     addLabel(tr("Output"), at(1, SECOND_LABELS, SECOND_CONTROLS - SPACE));
     output = addChoices(at(1, SECOND_CONTROLS, SWITCHES - SPACE), tr("Default MIDI output"),
-                        tr("Default MIDI output: where everything sounds that names no output of its own."));
+                        tr("Default MIDI output: MIDI events without an output of their own are sent there."));
     output->onChange = [this](int index) { commands().postChangeDefaultMidiOutput(specific(index)); };
 }
 
 void SystemPanel::addSwitches()
 {
     thruButton = addSwitch(tr("MIDI THRU"), at(1, SWITCHES, LAST_BUTTONS - SPACE), tr("MIDI thru"),
-                           tr("MIDI Thru: what comes in also sounds."));
+                           tr("MIDI thru: events received at the MIDI inputs are played, through the layers."));
     connect(thruButton, &QPushButton::clicked, this,
             [this](bool on) { commands().postChangeMidiThru(onOrOff(on), true); });
     keyboardButton = addSwitch(tr("GLOBAL KEYS"), at(1, LAST_BUTTONS, END), tr("Global keyboard"), {});
@@ -184,15 +184,14 @@ void SystemPanel::addScreens()
 void SystemPanel::addRecord()
 {
     recordButton = addSwitch(tr("RECORD"), at(2, SWITCHES, LAST_BUTTONS - SPACE), tr("Record"),
-                             tr("Record: keeps what was played lately, so that it can be saved afterwards."));
+                             tr("Record: keeps what you play, so that you can save it afterwards."));
     connect(recordButton, &QPushButton::clicked, this, [this](bool on) { commands().postEnableRetroRecord(on); });
-    recordGauge =
-        add(new RecordGauge(gui.getGdiManager(), this), at(3, SWITCHES, END), tr("Fill of the record"),
-            tr("The record: how full it is, of the output that was played on most. When it is full its oldest "
-               "tenth goes for what is played next. The setup says how large it is."));
-    const auto* save = addButton(
-        tr("SAVE REC"), at(2, LAST_BUTTONS, END), tr("Save record"),
-        tr("Save Record: makes MIDI files of what was played lately, one for each output, in your music folder."));
+    recordGauge = add(new RecordGauge(gui.getGdiManager(), this), at(3, SWITCHES, END), tr("Fill of the record"),
+                      tr("Fill of the record in percent, of the output with the most events. When it is full, the "
+                         "oldest tenth is deleted. Its size is set in the setup."));
+    const auto* save = addButton(tr("SAVE REC"), at(2, LAST_BUTTONS, END), tr("Save record"),
+                                 tr("Save record: writes what was recorded to MIDI files in your music folder, one for "
+                                    "each output, and empties the record."));
     connect(save, &QPushButton::clicked, this, [this] { saveRecord(); });
 }
 
@@ -205,12 +204,12 @@ void SystemPanel::addFiles()
         left += FILE_BUTTON + SPACE;
         return button;
     };
-    connect(addNext(tr("LOAD"), tr("Load"), tr("Load: another bank, or one program of a file.")), &QPushButton::clicked,
-            this, [this] { gui.showLoadDialog(); });
-    connect(addNext(tr("SAVE"), tr("Save"), tr("Save: the program into a bank, or as a file of its own.")),
+    connect(addNext(tr("LOAD"), tr("Load"), tr("Load: opens a bank (.bnk) or a single program (.prg).")),
+            &QPushButton::clicked, this, [this] { gui.showLoadDialog(); });
+    connect(addNext(tr("SAVE"), tr("Save"), tr("Save: saves the program into a bank, or as a file of its own.")),
             &QPushButton::clicked, this, [this] { gui.showSaveDialog(); });
     auto* more = addNext(tr("MORE"), tr("More about files"),
-                         tr("More: the size of the bank, the bank for the start, and files of version 2."));
+                         tr("More: changes the size of the bank, sets the default bank, imports files of version 2."));
     connect(more, &QPushButton::clicked, this, [this, more] { showFileMenu(*more); });
 }
 }  // namespace Gui::System

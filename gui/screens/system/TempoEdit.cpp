@@ -49,7 +49,7 @@ void TempoEdit::showTempo(int beatsPerMinute)
     if (!isModified()) restore();
 }
 
-void TempoEdit::wish(const RelativeFixedValue& value) const
+void TempoEdit::request(const RelativeFixedValue& value) const
 {
     if (onChange) onChange(value);
 }
@@ -61,22 +61,22 @@ void TempoEdit::change()
     const auto wanted = std::clamp<std::int64_t>(typed.appliedTo(tempo), Program::LOWEST_TEMPO, Program::HIGHEST_TEMPO);
     const bool isNew = wanted != tempo && typed != RelativeFixedValue{.relative = true, .value = 0};
     restore();
-    if (isNew) wish({.relative = false, .value = static_cast<std::int32_t>(wanted)});
+    if (isNew) request({.relative = false, .value = static_cast<std::int32_t>(wanted)});
 }
 
-/// What is typed, key by key, is no tempo yet.
+/// A text that is being typed is not a tempo yet.
 void TempoEdit::chooseFromMenu()
 {
-    if (!isModified()) wish({.relative = false, .value = getNumber()});
+    if (!isModified()) request({.relative = false, .value = getNumber()});
 }
 
-/// Each step is a wish of its own, relative to what the tempo will be by then: none gets lost, and at a limit the last
-/// ones do nothing.
+/// Each step is posted by itself, relative to the tempo at that time, so that none is lost; at a limit the last ones
+/// have no effect.
 void TempoEdit::stepBy(int count, Qt::KeyboardModifiers modifiers)
 {
     if (count != 0) restore();
     const int step = (count < 0 ? -1 : 1) * (modifiers.testFlag(Qt::ShiftModifier) ? WIDE_STEP : 1);
-    for (int i = 0; i < std::abs(count); ++i) wish({.relative = true, .value = step});
+    for (int i = 0; i < std::abs(count); ++i) request({.relative = true, .value = step});
 }
 
 void TempoEdit::keyPressEvent(QKeyEvent* event)

@@ -7,19 +7,19 @@
 
 namespace Gui::System
 {
-/// The tempo in beats per minute: typed, where "+5" and "-5" change it, or stepped by the wheel and the arrow keys (12
-/// with Shift) or by the page keys. What is typed counts with Enter or on going elsewhere, and Escape takes it back.
+/// The tempo in beats per minute: typed, where "+5" and "-5" change it, or stepped by the wheel, the arrow keys (by 12
+/// with Shift) or the page keys. Typed text is applied by Enter or on leaving the field, and discarded by Escape.
 class TempoEdit final : public EditBox
 {
 public:
     explicit TempoEdit(QWidget* parent = nullptr);
 
-    /// The user's wish. One that is relative may lie outside the limits.
-    std::function<void(const RelativeFixedValue& wish)> onChange;
-    /// The user has done with typing.
+    /// The user changes the tempo. The result of a relative change may be outside the limits.
+    std::function<void(const RelativeFixedValue& change)> onChange;
+    /// The user has finished typing.
     std::function<void()> onLeave;
 
-    /// Without telling anyone. What is being typed stays.
+    /// Does not call `onChange`. A text that is being typed stays.
     void showTempo(int beatsPerMinute);
 
 protected:
@@ -31,7 +31,7 @@ private:
     void change();
     void chooseFromMenu();
     void stepBy(int count, Qt::KeyboardModifiers modifiers);
-    void wish(const RelativeFixedValue& value) const;
+    void request(const RelativeFixedValue& value) const;
 
     int tempo = 0;
     Wheel tempoWheel;
