@@ -4,22 +4,17 @@
 #include <QDialog>
 #include <QEvent>
 #include <QKeyEvent>
-#include <QLineEdit>
 #include <QPushButton>
-#include <QTimer>
 #include <algorithm>
-#include <chrono>
 
 #include "api/OrvMessageManager.h"
 #include "backend/files/RegistrySettings.h"
 #include "gui/OrvGuiIF.h"
 #include "gui/framework/Panel.h"
 #include "gui/framework/Properties.h"
-#include "gui/framework/TextFocus.h"
-#include "gui/keyboard/FocusControl.h"
+#include "gui/framework/WidgetTree.h"
 #include "gui/keyboard/GlobalKeyboard.h"
-#include "gui/keyboard/KeyInput.h"
-#include "gui/keyboard/KeyPresses.h"
+#include "gui/keyboard/WindowKeyboard.h"
 #include "gui/screens/computerinput/ComputerInputPanel.h"
 #include "gui/screens/computerinput/ComputerKeyboardCtl.h"
 #include "gui/screens/display/DisplayPanel.h"
@@ -43,41 +38,14 @@ constexpr Screen SCREENS[] = {
     Screen::system,        Screen::help,     Screen::display, Screen::oscillators, Screen::joystick, Screen::midiInput,
     Screen::computerInput, Screen::controls, Screen::output,  Screen::layers,      Screen::cc,       Screen::zones};
 
-constexpr auto FOCUS_RETURNS = std::chrono::seconds(1);  // the longest that a desktop takes to give it back
-
 OnOffToggle onOrOff(bool on) { return {on ? OnOffToggle::State::on : OnOffToggle::State::off}; }
-
-/// Whether it is a dialog in which nothing can be typed.
-bool isPlayedIn(const QWidget* dialog)
-{
-    if (qobject_cast<const QDialog*>(dialog) == nullptr) return false;
-    const auto lines = dialog->findChildren<QLineEdit*>();
-    return std::ranges::none_of(lines, [](const QLineEdit* line) { return !line->isReadOnly(); });
-}
-
-/// The keys that move about in a dialog and answer it.
-bool belongsToDialog(const QKeyEvent& key)
-{
-    constexpr int KEYS[] = {Qt::Key_Tab,   Qt::Key_Backtab, Qt::Key_Return, Qt::Key_Enter,   Qt::Key_Escape,
-                            Qt::Key_Space, Qt::Key_Left,    Qt::Key_Right,  Qt::Key_Up,      Qt::Key_Down,
-                            Qt::Key_Home,  Qt::Key_End,     Qt::Key_PageUp, Qt::Key_PageDown};
-    return std::ranges::find(KEYS, key.key()) != std::end(KEYS);
-}
-
-/// A control that takes the focus at a click would end the notes that are held.
-void leaveKeyboardAlone(QWidget& control)
-{
-    if ((control.focusPolicy() & Qt::ClickFocus) != 0 && !takesText(&control) &&
-        dynamic_cast<FocusControl*>(&control) == nullptr)
-        control.setFocusPolicy(Qt::TabFocus);
-}
 }  // namespace
 
 /// The screens, one below the other.
 class MainWindow::Column final : public Panel
 {
 public:
-    Column(QWidget* parent, std::function<void()> tellSize) : resized(std::move(tellSize))
+    Column(QWidget* parent, std::function<void()> onResize) : resized(std::move(onResize))
     {
         setParent(parent);
         move(COLUMN_PLACE);
@@ -89,7 +57,7 @@ private:
     const std::function<void()> resized;
 };
 
-/// What comes of keys: the backend plays them, and the picture shows them.
+/// Posts keys to the backend, which plays them, and shows them on the picture of the keyboard.
 class MainWindow::PlayedKeys final : public KeyPresses::Listener
 {
 public:
@@ -108,14 +76,12 @@ private:
     Backend::OrvMessageManager& commands;
 };
 
-MainWindow::MainWindow(OrvGuiIF& owner, QWidget* parent, Resized tellSizeChange)
+MainWindow::MainWindow(OrvGuiIF& owner, QWidget* parent, Resized onResize)
     : QWidget(parent),
       gui(owner),
-      tellSize(std::move(tellSizeChange)),
+      resized(std::move(onResize)),
       playedKeys(std::make_unique<PlayedKeys>(*this)),
-      keyPresses(std::make_unique<KeyPresses>(*playedKeys)),
-      keyInput(std::make_unique<KeyInput>(*keyPresses)),
-      focusControl(new FocusControl(*keyInput, this)),
+      keyboard(std::make_unique<WindowKeyboard>(*this, *playedKeys)),
       column(new Column(this, [this] { fit(); }))
 {
     setWindowTitle(QStringLiteral("OrvGui"));
@@ -129,10 +95,9 @@ MainWindow::MainWindow(OrvGuiIF& owner, QWidget* parent, Resized tellSizeChange)
 
 MainWindow::~MainWindow()
 {
-    hide();  // while all are there that its screens turn to
+    hide();  // while everything that its screens call exists
     qApp->removeEventFilter(this);
-    for (const auto road : {KeyPresses::Source::window, KeyPresses::Source::hook, KeyPresses::Source::picture})
-        keyPresses->releaseAll(road);
+    keyboard->releaseAll();
 }
 
 void MainWindow::makeButtons()
@@ -145,8 +110,10 @@ void MainWindow::makeButtons()
         Property::setHelp(*button, help);
         return button;
     };
-    resetButton = make(QStringLiteral("R"), 5, tr("Reset"), tr("Reset (panic): ends every note."));
-    thruButton = make(QStringLiteral("T"), 37, tr("MIDI thru"), tr("MIDI Thru: passes on what comes in."));
+    resetButton =
+        make(QStringLiteral("R"), 5, tr("Reset"), tr("Reset (panic): ends every note on all channels of all outputs."));
+    thruButton = make(QStringLiteral("T"), 37, tr("MIDI thru"),
+                      tr("MIDI thru: events received at the MIDI inputs are played, through the layers."));
     keyboardButton = make(QStringLiteral("K"), 69, tr("Global keyboard"), {});
     for (auto* latch : {thruButton, keyboardButton}) latch->setCheckable(true);
     connect(resetButton, &QPushButton::clicked, [&commands] { commands.postResetOrv(); });
@@ -190,7 +157,7 @@ void MainWindow::showScreen(Screen screen, bool on)
     Panel* panel = panelOf(screen);
     if (panel == nullptr) return;
     panel->show(on);
-    fit();  // a column that was out of sight does not tell that it grew
+    fit();  // a hidden column gets no resize event
     systemPanel->screenShown(screen, on);
 }
 
@@ -204,7 +171,7 @@ bool MainWindow::isShowing(Screen screen) const
 
 ScreenState MainWindow::getScreenState() const
 {
-    auto bits = absentScreens.toBits();
+    auto bits = storedState.toBits();
     for (const Screen screen : SCREENS)
         if (panelOf(screen) != nullptr) bits[static_cast<std::size_t>(screen)] = isShowing(screen);
     return ScreenState::fromBits(bits);
@@ -212,13 +179,13 @@ ScreenState MainWindow::getScreenState() const
 
 void MainWindow::setScreenState(const ScreenState& state)
 {
-    absentScreens = state;
+    storedState = state;
     const auto bits = state.toBits();
     for (const Screen screen : SCREENS) showScreen(screen, bits[static_cast<std::size_t>(screen)]);
     fit();
 }
 
-/// As large as the screens together, or as the three buttons where there are none.
+/// Takes the size of the screens that are shown, or of the three buttons where there are none.
 void MainWindow::fit()
 {
     const bool compact = !column->hasShownChild();
@@ -233,7 +200,7 @@ void MainWindow::fit()
     const QSize before = lastSize;
     lastSize = needed;
     setFixedSize(needed);
-    tellSize(before, needed);
+    resized(before, needed);
 }
 
 void MainWindow::setMidiThru(bool on) { thruButton->setChecked(on); }
@@ -244,91 +211,22 @@ void MainWindow::setGlobalKeyboard(bool on)
     Property::setHelp(*keyboardButton, QString::fromStdString(GlobalKeyboard::describe(gui.getGlobalKeyboardReason())));
 }
 
-// --- the focus and the keys
+// --- help, focus and keys
 
-void MainWindow::setPlayingFocus()
-{
-    if (!takesText(QApplication::focusWidget())) focusControl->setFocus();
-}
-
-/// Its help, or that of what it is a part of.
+/// The help of the control, or of the nearest control around it that has one.
 void MainWindow::showHelpOf(const QWidget& control)
 {
     for (const QWidget* widget = &control; widget != nullptr; widget = widget->parentWidget())
         if (widget->property(Property::HELP).isValid()) return gui.displayHelp(*widget);
 }
 
-/// A click beside a text ends its editing; pointing at a control, or going there by keys, shows its help; the keys that
-/// play follow the focus.
+/// Pointing at a control of the window or of its dialogs, or going there by keys, shows its help.
 bool MainWindow::eventFilter(QObject* object, QEvent* event)
 {
-    auto* widget = qobject_cast<QWidget*>(object);
-    if (widget == nullptr) return false;
-    if (widget->window() != window()) return contains(*widget) && playInDialog(*widget, *event);
-    switch (event->type()) {
-        case QEvent::MouseButtonPress:
-            if (!takesText(widget)) focusControl->setFocus();
-            break;
-        case QEvent::Enter:
-            showHelpOf(*widget);
-            break;
-        case QEvent::Show:
-            if (isAncestorOf(widget)) leaveKeyboardAlone(*widget);
-            break;
-        case QEvent::FocusIn:
-            showHelpOf(*widget);
-            if (isAncestorOf(widget) && !takesText(widget)) keyInput->focusGained();
-            break;
-        case QEvent::FocusOut:
-        case QEvent::WindowDeactivate:
-            if (!isPlayedIn(QApplication::activeModalWidget())) keyInput->focusLost();
-            break;
-        default:
-            break;
-    }
+    if (event->type() != QEvent::Enter && event->type() != QEvent::FocusIn) return false;
+    const auto* widget = qobject_cast<QWidget*>(object);
+    if (widget != nullptr && (widget->window() == window() || isWithin(*widget, *this))) showHelpOf(*widget);
     return false;
-}
-
-/// In a dialog in which nothing can be typed the keys play, but for those that move about in it and answer it.
-bool MainWindow::playInDialog(QWidget& widget, QEvent& event)
-{
-    switch (event.type()) {
-        case QEvent::Enter:
-            showHelpOf(widget);
-            return false;
-        case QEvent::FocusIn:
-            showHelpOf(widget);
-            return false;
-        case QEvent::WindowDeactivate:
-            widget.window()->isHidden() ? dialogClosed() : keyInput->focusLost();
-            return false;
-        case QEvent::KeyPress: {
-            const auto& key = static_cast<const QKeyEvent&>(event);
-            if (!isPlayedIn(widget.window()) || belongsToDialog(key)) return false;
-            keyInput->press(key);
-            return true;
-        }
-        case QEvent::KeyRelease:
-            keyInput->release(static_cast<const QKeyEvent&>(event));
-            return false;
-        default:
-            return false;
-    }
-}
-
-/// The window, or a dialog below, has the keys a moment later, unless another program has taken them.
-void MainWindow::dialogClosed()
-{
-    QTimer::singleShot(FOCUS_RETURNS, this, [this] {
-        if (!isActiveWindow() && !isPlayedIn(QApplication::activeModalWidget())) keyInput->focusLost();
-    });
-}
-
-bool MainWindow::contains(const QWidget& widget) const
-{
-    const QWidget* inner = &widget;
-    while (inner != nullptr && inner != this) inner = inner->parentWidget();
-    return inner == this;
 }
 
 bool MainWindow::hasDialog() const
@@ -337,20 +235,18 @@ bool MainWindow::hasDialog() const
     return std::ranges::any_of(dialogs, [](const QDialog* dialog) { return dialog->isVisible(); });
 }
 
-/// Of a control that has the focus, these are the keys that it has no use for.
-void MainWindow::keyPressEvent(QKeyEvent* event)
-{
-    if (event->key() == Qt::Key_Escape)
-        focusControl->setFocus();
-    else if (!takesText(QApplication::focusWidget()))
-        keyInput->press(*event);
-}
+KeyPresses& MainWindow::getKeyPresses() { return keyboard->getKeyPresses(); }
 
-void MainWindow::keyReleaseEvent(QKeyEvent* event) { keyInput->release(*event); }
+void MainWindow::setPlayingFocus() { keyboard->takeFocus(); }
+
+/// Keys that the focused control did not use.
+void MainWindow::keyPressEvent(QKeyEvent* event) { keyboard->keyPressed(*event); }
+
+void MainWindow::keyReleaseEvent(QKeyEvent* event) { keyboard->keyReleased(*event); }
 
 void MainWindow::hideEvent(QHideEvent* event)
 {
-    keyInput->focusLost();
+    keyboard->releaseTyped();
     QWidget::hideEvent(event);
 }
 }  // namespace Gui

@@ -11,11 +11,10 @@ class QPushButton;
 
 namespace Gui
 {
-class FocusControl;
-class KeyInput;
 class KeyPresses;
 class OrvGuiIF;
 class Panel;
+class WindowKeyboard;
 
 namespace ComputerInput
 {
@@ -38,18 +37,18 @@ namespace System
 class SystemPanel;
 }
 
-/// The window itself: the screens in one column, three buttons while none of them shows, and the control that holds the
-/// focus while the keyboard plays. It takes the size that its screens need.
+/// The window itself: the screens in one column, or three buttons while no screen is shown, and the computer keyboard
+/// that plays in it. Its size follows its screens. The GUI thread.
 class MainWindow final : public QWidget
 {
 public:
     using Resized = std::function<void(QSize before, QSize now)>;
 
-    /// In `parent`, or by itself.
-    MainWindow(OrvGuiIF& owner, QWidget* parent, Resized tellSize);
+    /// A child of `parent`, or a window of its own where that is null. `onResize` is called when the size changes.
+    MainWindow(OrvGuiIF& owner, QWidget* parent, Resized onResize);
     ~MainWindow() override;
 
-    /// Nothing for a screen that is not there.
+    /// Ignored for a screen that does not exist yet.
     void showScreen(Backend::Screen screen, bool on);
     void toggleScreen(Backend::Screen screen);
     bool isShowing(Backend::Screen screen) const;
@@ -57,11 +56,9 @@ public:
     Backend::ScreenState getScreenState() const;
     void setScreenState(const Backend::ScreenState& state);
 
-    /// Back to playing, unless a text is being edited.
+    /// Gives the focus back to playing, unless a text is being edited.
     void setPlayingFocus();
-
-    /// Whether that is a part of it, or of a dialog of it.
-    bool contains(const QWidget& widget) const;
+    /// Whether a dialog of it is open.
     bool hasDialog() const;
 
     void setMidiThru(bool on);
@@ -72,8 +69,7 @@ public:
     Display::DisplayPanel& getDisplayPanel() { return *displayPanel; }
     ComputerInput::ComputerInputPanel& getComputerInputPanel() { return *computerInputPanel; }
     Output::OutputPanel& getOutputPanel() { return *outputPanel; }
-    FocusControl& getFocusControl() { return *focusControl; }
-    KeyPresses& getKeyPresses() { return *keyPresses; }
+    KeyPresses& getKeyPresses();
 
 protected:
     bool eventFilter(QObject* object, QEvent* event) override;
@@ -89,17 +85,13 @@ private:
     void makePanels();
     void fit();
     void showHelpOf(const QWidget& control);
-    bool playInDialog(QWidget& widget, QEvent& event);
-    void dialogClosed();
     Panel* panelOf(Backend::Screen screen) const;
 
     OrvGuiIF& gui;
-    const Resized tellSize;
+    const Resized resized;
     std::unique_ptr<PlayedKeys> playedKeys;
-    std::unique_ptr<KeyPresses> keyPresses;
-    std::unique_ptr<KeyInput> keyInput;
-    FocusControl* focusControl;  // these belong to their parents, as Qt has it
-    QPushButton* resetButton = nullptr;
+    std::unique_ptr<WindowKeyboard> keyboard;
+    QPushButton* resetButton = nullptr;  // these are owned by their Qt parents
     QPushButton* thruButton = nullptr;
     QPushButton* keyboardButton = nullptr;
     Column* column = nullptr;
@@ -109,6 +101,6 @@ private:
     ComputerInput::ComputerInputPanel* computerInputPanel = nullptr;
     Output::OutputPanel* outputPanel = nullptr;
     QSize lastSize;
-    Backend::ScreenState absentScreens;  // kept for those that are not there
+    Backend::ScreenState storedState;  // of screens that do not exist yet, it is kept as it is
 };
 }  // namespace Gui

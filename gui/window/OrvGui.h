@@ -2,6 +2,7 @@
 
 #include <array>
 #include <memory>
+#include <type_traits>
 
 #include "api/GuiFactory.h"
 #include "backend/files/SequencePresetManager.h"
@@ -13,10 +14,10 @@
 
 namespace Gui
 {
-class MainWindow;
+struct OpenWindow;
 
-/// The window's object. It lives from one opening to the next and keeps what the backend told; all that belongs to Qt
-/// is made in `create` and goes in `destroy`.
+/// The window's object. It exists while the window is closed, too, and keeps its copy of what the backend reported;
+/// everything that belongs to Qt is made in `create` and destroyed in `destroy`. The GUI thread.
 class OrvGui final : public OrvGuiIF
 {
 public:
@@ -105,13 +106,9 @@ public:
     bool isVstPlugin() const override { return shown.isVstPlugin; }
 
 private:
-    struct Desk;
-
-    void applyScreens();
-    void placeWindow();
+    template <class Value>
+    void keep(void (Backend::RegistrySettings::*set)(Value), const std::type_identity_t<Value>& value);
     void showGlobalKeyboard(bool on);
-    QWidget& dialogParent() const;
-    void settingsChanged();
 
     Backend::OrvIF& orv;
     Backend::GuiStart shown;
@@ -119,7 +116,7 @@ private:
     GlobalKeyboard globalKeyboard;
     std::array<Backend::PresetList, Backend::PresetSections::ALL.size()> presetLists;
     Backend::SequenceManagement::SequencePresetManager sequencePresets;
-    std::string loading;         // what the user chose to load, until it is there
-    std::unique_ptr<Desk> desk;  // while the window is open
+    std::string loading;               // the file that the user chose, until its program is shown
+    std::unique_ptr<OpenWindow> open;  // null while the window is closed
 };
 }  // namespace Gui

@@ -6,7 +6,7 @@ namespace Gui
 {
 class OrvGuiIF;
 
-/// What the backend tells the window as a whole: settings, ports, bank and program, screens, played events.
+/// Handles the messages for the window as a whole: settings, ports, bank and program, screens, played events.
 class OrvGuiMessageManager final : public TableMessageManager<OrvGuiIF>
 {
 public:

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QObject>
+
+#include "gui/keyboard/KeyInput.h"
+#include "gui/keyboard/KeyPresses.h"
+
+class QWidget;
+
+namespace Gui
+{
+class FocusControl;
+
+/// The computer keyboard of a window: plays the keys typed into it while no text is edited, and those typed into its
+/// dialogs in which nothing can be typed. Keys that are down are released when the focus leaves. The GUI thread.
+class WindowKeyboard final : public QObject
+{
+public:
+    /// The listener must outlive this; the focus control becomes a child of `playedWindow`.
+    WindowKeyboard(QWidget& playedWindow, KeyPresses::Listener& listener);
+    ~WindowKeyboard() override;
+
+    /// Gives the focus back to playing, unless a text is being edited.
+    void takeFocus();
+
+    /// Key events of the window that no control used.
+    void keyPressed(const QKeyEvent& event);
+    void keyReleased(const QKeyEvent& event);
+
+    /// Releases the keys that were typed into the window.
+    void releaseTyped();
+    /// Releases every key, whatever its source.
+    void releaseAll();
+
+    KeyPresses& getKeyPresses() { return keyPresses; }
+
+protected:
+    bool eventFilter(QObject* object, QEvent* event) override;
+
+private:
+    void handleInWindow(QWidget& widget, const QEvent& event);
+    bool handleInDialog(QWidget& widget, QEvent& event);
+    void dialogClosed();
+
+    QWidget& window;
+    KeyPresses keyPresses;
+    KeyInput keyInput;
+    FocusControl* focusControl;  // a child of the window
+};
+}  // namespace Gui

@@ -1,0 +1,110 @@
+#include "gui/window/OpenWindow.h"
+
+#include <QApplication>
+#include <QScreen>
+#include <QWindow>
+
+#include "backend/files/RegistrySettings.h"
+#include "backend/model/WindowMove.h"
+#include "gui/OrvGuiIF.h"
+#include "gui/ParentWindow.h"
+#include "gui/framework/GuiMessageManagerMaster.h"
+#include "gui/framework/WidgetTree.h"
+#include "gui/screens/setup/SetupDialog.h"
+
+namespace Gui
+{
+namespace
+{
+constexpr RelativeFixedValue UNCHANGED{.relative = true, .value = 0};
+
+RelativeFixedValue by(int pixels) { return {.relative = true, .value = pixels}; }
+RelativeFixedValue to(int pixels) { return {.relative = false, .value = pixels}; }
+}  // namespace
+
+OpenWindow::OpenWindow(OrvGuiIF& owner, ParentWindow& parentWindow)
+    : gui(owner),
+      parent(parentWindow),
+      skinner(gdi),
+      messages(owner),
+      globalKeys(owner),
+      window([&owner](Message& message) { owner.getGuiMessageManagerMaster().handleMessage(message); })
+{
+    gui.getGuiMessageManagerMaster().addMessageManager(&messages);
+    gui.getGuiMessageManagerMaster().addMessageManager(&globalKeys);
+}
+
+OpenWindow::~OpenWindow() { gui.getGuiMessageManagerMaster().clear(); }
+
+void OpenWindow::makeMainWindow()
+{
+    main = std::make_unique<MainWindow>(gui, parent.getWidget(),
+                                        [this](QSize before, QSize now) { sizeChanged(before, now); });
+    skinner.skinWindow(*main);
+}
+
+/// The surroundings follow; with docking the bottom edge keeps its place.
+void OpenWindow::sizeChanged(QSize before, QSize now) const
+{
+    parent.windowResized(now.width(), now.height());
+    if (placed && gui.getRegistrySettings().getDockToBottomEdge() && before.height() != now.height())
+        parent.moveWindow(UNCHANGED, by(before.height() - now.height()));
+}
+
+void OpenWindow::show()
+{
+    if (const auto native = parent.getNativeWindow(); native != 0 && parent.getWidget() == nullptr) {
+        main->winId();
+        main->windowHandle()->setParent(QWindow::fromWinId(static_cast<WId>(native)));
+    }
+    main->show();
+    if (!gui.isVstPlugin()) restorePosition();
+    placed = true;
+}
+
+void OpenWindow::restorePosition() const
+{
+    const auto& settings = gui.getRegistrySettings();
+    const auto last = settings.getLastWindowPosition();
+    const int height = main->window()->frameGeometry().height();
+    const QPoint place(last.left, settings.getDockToBottomEdge() ? last.bottom - height : last.top);
+    if (place.x() >= 0 && place.y() >= 0 && QGuiApplication::screenAt(place) != nullptr)
+        parent.moveWindow(to(place.x()), to(place.y()));
+}
+
+void OpenWindow::move(const Backend::WindowMove& move) const
+{
+    const QSize desktop = main->screen()->virtualSize();
+    parent.moveWindow(move.x.inPixels(desktop.width()), move.y.inPixels(desktop.height()));
+}
+
+WindowsLib::Rect OpenWindow::getPosition() const
+{
+    const QRect frame = main->window()->frameGeometry();
+    return {frame.left(), frame.top(), frame.left() + frame.width(), frame.top() + frame.height()};
+}
+
+bool OpenWindow::showSetupDialog()
+{
+    if (setup && setup->isVisible()) {
+        setup->activateWindow();
+        return false;
+    }
+    setup = new Setup::SetupDialog(gui, *main);
+    setup->setAttribute(Qt::WA_DeleteOnClose);
+    QObject::connect(setup, &QDialog::finished, main.get(), [this] { main->setPlayingFocus(); });
+    setup->open();
+    return true;
+}
+
+void OpenWindow::refreshSetup() const
+{
+    if (setup) setup->follow();
+}
+
+QWidget& OpenWindow::getDialogParent() const
+{
+    QWidget* dialog = QApplication::activeModalWidget();
+    return dialog != nullptr && isWithin(*dialog, *main) ? *dialog : *main;
+}
+}  // namespace Gui

@@ -1,0 +1,68 @@
+#pragma once
+
+#include <QPointer>
+#include <memory>
+
+#include "gui/framework/GdiManager.h"
+#include "gui/framework/GuiWindow.h"
+#include "gui/framework/Skinner.h"
+#include "gui/keyboard/GlobalKeyMessageManager.h"
+#include "gui/window/MainWindow.h"
+#include "gui/window/OrvGuiMessageManager.h"
+#include "platform/Rect.h"
+
+namespace Backend
+{
+struct WindowMove;
+}
+
+namespace Gui
+{
+class OrvGuiIF;
+class ParentWindow;
+
+namespace Setup
+{
+class SetupDialog;
+}
+
+/// Everything that exists only while the window is open. Members are destroyed in reverse order. The GUI thread.
+struct OpenWindow {
+    /// Both must outlive it.
+    OpenWindow(OrvGuiIF& owner, ParentWindow& parentWindow);
+    ~OpenWindow();
+
+    /// Makes the main window. Its screens use the other members through `OrvGuiIF`, so this follows the constructor.
+    void makeMainWindow();
+    /// Shows it in its surroundings, where it was when it was last closed, if a screen of the desktop is there.
+    void show();
+
+    void move(const Backend::WindowMove& move) const;
+    /// With the frame of its surroundings, on the desktop, in pixels.
+    WindowsLib::Rect getPosition() const;
+
+    /// Opens the dialog, or brings the open one to the front; false for that.
+    bool showSetupDialog();
+    /// Shows the settings and ports that the window knows now, where they are on show.
+    void refreshSetup() const;
+
+    /// The dialog on top, or the window.
+    QWidget& getDialogParent() const;
+
+    OrvGuiIF& gui;
+    ParentWindow& parent;
+    GdiManager gdi;
+    Skinner skinner;
+    OrvGuiMessageManager messages;
+    GlobalKeyMessageManager globalKeys;
+    GuiWindow window;
+    std::unique_ptr<MainWindow> main;
+
+private:
+    void sizeChanged(QSize before, QSize now) const;
+    void restorePosition() const;
+
+    bool placed = false;                 // until then the bottom edge has no place to keep
+    QPointer<Setup::SetupDialog> setup;  // while it is open; a child of the main window
+};
+}  // namespace Gui

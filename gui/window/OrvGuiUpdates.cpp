@@ -1,0 +1,172 @@
+// The changes that the backend reports: each is kept in the window's copy and shown where it is on show.
+#include "backend/core/OrvIF.h"
+#include "backend/core/OrvMessageManager.h"
+#include "gui/ParentWindow.h"
+#include "gui/framework/FileNames.h"
+#include "gui/framework/Question.h"
+#include "gui/screens/display/DisplayPanel.h"
+#include "gui/screens/output/OutputPanel.h"
+#include "gui/screens/system/SystemPanel.h"
+#include "gui/window/OpenWindow.h"
+#include "gui/window/OrvGui.h"
+
+namespace Gui
+{
+using namespace Backend;
+using MidiEngine::MidiInputPorts;
+using MidiEngine::MidiOutputPorts;
+using MidiEngine::OrvMidiMessage;
+
+// --- settings
+
+/// A setting that is only shown in the setup dialog.
+template <class Value>
+void OrvGui::keep(void (RegistrySettings::*set)(Value), const std::type_identity_t<Value>& value)
+{
+    (shown.settings.*set)(value);
+    open->refreshSetup();
+}
+
+void OrvGui::handleSettingsChanged(const RegistrySettings& settings)
+{
+    shown.settings = settings;
+    handleMidiThruChanged(settings.getMidiThru());
+    handleGlobalKeyboardChanged(settings.getGlobalKeyboard());
+    handleAlwaysOnTopChanged(settings.getAlwaysOnTop());
+    handleUseSkinBorderChanged(settings.getUseSkinBorder());
+    handleDefaultMidiOutputChanged(settings.getDefaultMidiOutput());
+    handleRetroRecordEnabledChanged(settings.isRetroRecordEnabled());
+    open->main->getDisplayPanel().handleSettingsChanged(settings);
+    open->refreshSetup();
+}
+
+void OrvGui::handleDockToBottomEdgeChanged(bool on) { keep(&RegistrySettings::setDockToBottomEdge, on); }
+
+void OrvGui::handleDefaultBankChanged(const std::string& path) { keep(&RegistrySettings::setDefaultBank, path); }
+
+void OrvGui::handleMouseSensitivityChanged(int divisor) { keep(&RegistrySettings::setMouseSensitivity, divisor); }
+
+void OrvGui::handleRetroRecordBufferSizeChanged(int bytes) { keep(&RegistrySettings::setRetroRecordBufferSize, bytes); }
+
+void OrvGui::handleClickZoneChannelTransposeChanged(bool on)
+{
+    keep(&RegistrySettings::setClickZoneChannelTranspose, on);
+}
+
+void OrvGui::handleAlwaysOnTopChanged(bool on)
+{
+    keep(&RegistrySettings::setAlwaysOnTop, on);
+    open->parent.alwaysOnTopChanged(on);
+}
+
+void OrvGui::handleUseSkinBorderChanged(bool on)
+{
+    keep(&RegistrySettings::setUseSkinBorder, on);
+    open->parent.useSkinBorderChanged(on);
+}
+
+void OrvGui::handleRetroRecordEnabledChanged(bool on)
+{
+    keep(&RegistrySettings::setRetroRecordEnabled, on);
+    open->main->getSystemPanel().handleRetroRecordEnabledChanged(on);
+}
+
+void OrvGui::handleMidiThruChanged(bool on)
+{
+    keep(&RegistrySettings::setMidiThru, on);
+    open->main->setMidiThru(on);
+    open->main->getSystemPanel().handleMidiThruChanged(on);
+}
+
+void OrvGui::handleLargeDisplayFontChanged(bool on)
+{
+    keep(&RegistrySettings::setLargeDisplayFont, on);
+    open->main->getDisplayPanel().handleLargeDisplayFontChanged(on);
+}
+
+void OrvGui::handleDefaultMidiOutputChanged(int output)
+{
+    keep(&RegistrySettings::setDefaultMidiOutput, output);
+    open->main->getOutputPanel().handleDefaultMidiOutputChanged(output);
+    open->main->getSystemPanel().handleDefaultMidiOutputChanged(output);
+}
+
+void OrvGui::handleGlobalKeyboardChanged(bool on)
+{
+    globalKeyboard.setOn(on);
+    showGlobalKeyboard(on);
+}
+
+void OrvGui::handleGlobalKeySwitched(bool on)
+{
+    showGlobalKeyboard(on);
+    const OnOffToggle state{on ? OnOffToggle::State::on : OnOffToggle::State::off};
+    getOrvMessageManager().postChangeGlobalKeyboard(state, false);
+}
+
+void OrvGui::showGlobalKeyboard(bool on)
+{
+    keep(&RegistrySettings::setGlobalKeyboard, on);
+    open->main->setGlobalKeyboard(on);
+    open->main->getSystemPanel().handleGlobalKeyboardChanged(on);
+    open->parent.globalKeyboardChanged(on);
+}
+
+void OrvGui::handleKeysChanged(const Backend::ComputerInput::KeyConfigurationMap& keys)
+{
+    globalKeyboard.setKeys(keys);
+}
+
+// --- bank, program and ports
+
+void OrvGui::handleBankChanged(const Bank& bank)
+{
+    shown.bank = bank;
+    open->main->getSystemPanel().handleBankChanged(bank);
+}
+
+void OrvGui::handleProgramChanged(const Program& program)
+{
+    shown.program = program;
+    open->main->getSystemPanel().handleProgramChanged(program);
+    loading.clear();
+}
+
+/// Only a user who has just chosen the file gets a message box.
+void OrvGui::handleProgramMissing(const Program& program)
+{
+    if (loading.empty()) return;
+    const QString file = shownFileName(loading);
+    const bool isBank = loading == shown.bank.name && !shown.bank.programNames.empty();
+    showMessage(open->getDialogParent(), QObject::tr("Load"),
+                isBank ? QObject::tr("\"%1\" has no program %2.").arg(file, QString::number(program.number + 1))
+                       : QObject::tr("There is no program in \"%1\".").arg(file));
+}
+
+void OrvGui::handleProgramNameChanged(const Program& program) { handleProgramChanged(program); }
+
+void OrvGui::handleMidiInputPortsChanged(const MidiInputPorts& ports)
+{
+    shown.inputs = ports;
+    open->main->getSystemPanel().handleMidiInputPortsChanged(ports);
+    open->refreshSetup();
+}
+
+void OrvGui::handleMidiOutputPortsChanged(const MidiOutputPorts& ports)
+{
+    shown.outputs = ports;
+    open->main->getOutputPanel().handleMidiOutputPortsChanged(ports);
+    open->main->getSystemPanel().handleMidiOutputPortsChanged(ports);
+    open->refreshSetup();
+}
+
+// --- what is played
+
+void OrvGui::handleResetOrv() { clearMusicKeyboardHilight(); }
+
+void OrvGui::displayMidiOutputEvent(const OrvMidiMessage& event)
+{
+    orv.displayMidiOutputEvent(event);
+    open->main->getOutputPanel().displayMidiOutputEvent(event);
+}
+}  // namespace Gui
