@@ -406,5 +406,11 @@ public:
 
     /// Writes the settings, as `end` does, and tells what else a host must keep to come back to where it stands now.
     virtual HostState saveState() = 0;
+
+    /// Removes a sequence preset and its file. The window is notified of this, and of `addSequencePreset`, by
+    /// GuiMessage::SEQUENCE_PRESETS.
+    virtual void deleteSequencePreset(const std::string& name) = 0;
+    /// See `RetroRecordManager::save`; the window is notified of the result.
+    virtual void saveRetroRecord(const std::string& stem) = 0;
 };
 }  // namespace Backend

@@ -88,6 +88,16 @@ void OrvMessageManager::postAddSequencePreset(const std::string& name, const std
     master.post(OrvMessage::ADD_SEQUENCE_PRESET(name, text));
 }
 
+void OrvMessageManager::postDeleteSequencePreset(const std::string& name)
+{
+    master.post(OrvMessage::DELETE_SEQUENCE_PRESET(name));
+}
+
+void OrvMessageManager::postSaveRetroRecord(const std::string& stem)
+{
+    master.post(OrvMessage::SAVE_RETRO_RECORD(stem));
+}
+
 void OrvMessageManager::postSetDefaultBank(const std::string& path) { master.post(OrvMessage::SET_DEFAULT_BANK(path)); }
 
 void OrvMessageManager::postImportVersion2Bank(const std::string& source, const std::string& target,

@@ -43,6 +43,9 @@ public:
     void postLoadBank(const std::string& path);
     /// See `OrvIF::addSequencePreset`.
     void postAddSequencePreset(const std::string& name, const std::string& text);
+    void postDeleteSequencePreset(const std::string& name);
+    /// Saves the retrospective record, see `OrvIF::saveRetroRecord`.
+    void postSaveRetroRecord(const std::string& stem);
     void postSetDefaultBank(const std::string& path);
     /// What saves or imports tells its progress dialog, `window`, when it is done; see `OrvIF::saveToCurrentBank`.
     void postImportVersion2Bank(const std::string& source, const std::string& target, const WindowHandle& window);

@@ -52,13 +52,13 @@ namespace Preset
 class PresetGuiOwner;
 }
 
-/// The window of a backend, as a host and its own screens see it. A host calls, on the thread of its QApplication:
+/// The window of a backend, as its host and its screens see it. A host calls, on the thread of its QApplication:
 ///
 ///     OrvMessageManager::sendCreateOrvGui, then initialize,
 ///     create and destroy, any number of times: the window opens and closes, and the backend plays on,
 ///     and to end, before the backend ends: end, delete.
 ///
-/// Everything here belongs to that thread. What the window shows is its own copy: the backend tells it of changes, and
+/// Everything here belongs to that thread. The window shows its own copy of the data: the backend reports changes, and
 /// what the user does is posted to the backend.
 class ORV_API OrvGuiIF : public GuiContext
 {
@@ -82,20 +82,21 @@ public:
     /// Empty while it is closed.
     virtual WindowHandle getWindowHandle() const = 0;
     virtual const Backend::RegistrySettings& getRegistrySettings() const = 0;
-    /// The output for what names none, -1 for none.
+    /// The output of events without an output of their own; -1 for none.
     virtual int getDefaultMidiOutput() const = 0;
     virtual const Backend::Bank& getCurrentBank() const = 0;
     virtual const Backend::Program& getCurrentProgram() const = 0;
     virtual Backend::OrvMessageManager& getOrvMessageManager() = 0;
 
-    /// Their dialogs; see `FileCommands.h`. They open and return at once; nothing while one is open already.
+    /// Open their dialogs, see `FileCommands.h`, and return at once. Ignored while a dialog is open.
     virtual void showSaveDialog() = 0;
     virtual void showLoadDialog() = 0;
     virtual void importVersion2File() = 0;
-    /// Loads a bank, or a program if it ends in ".prg", and says so if there is none in it. A path in UTF-8.
+    /// Loads a bank, or a program if the path ends in ".prg". A message box says so if the file holds none. A path in
+    /// UTF-8.
     virtual void loadFile(const std::string& path) = 0;
 
-    // What the backend tells
+    // Changes that the backend reports
     virtual void handleSettingsChanged(const Backend::RegistrySettings& settings) = 0;
     virtual void handleDockToBottomEdgeChanged(bool on) = 0;
     virtual void handleDefaultBankChanged(const std::string& path) = 0;
@@ -119,45 +120,46 @@ public:
     virtual void toggleScreen(Backend::Screen screen) = 0;
     virtual bool isScreenShowing(Backend::Screen screen) const = 0;
 
-    /// The presets of a section: its names, for whoever lets choose one, and what changes them.
+    /// The presets of a section, and what changes them.
     virtual const Backend::PresetList& getPresetList(const Backend::PresetSection& section) const = 0;
     virtual Preset::PresetGuiOwner& getComputerInputPanelAsPresetGuiOwner() = 0;
 
-    /// Asks the surroundings to move.
+    /// Has the host move the window.
     virtual void moveWindow(const Backend::WindowMove& move) = 0;
-    /// An event on its way to an output: the display gets it, and the keyboard of the output screen shows it.
+    /// An event sent to an output: passed to the display and shown on the output screen.
     virtual void displayMidiOutputEvent(const Backend::MidiEngine::OrvMidiMessage& event) = 0;
     virtual void setDockToBottomEdge(bool on) = 0;
     virtual GuiMessageManagerMaster& getGuiMessageManagerMaster() = 0;
 
-    /// The keys after which layers and zones are placed; only while the window is open.
+    /// The keyboard that layers and zones are aligned with; only while the window is open.
     virtual Output::MusicKeyboardCtl& getMainMusicKeyboardCtl() = 0;
-    /// Lets the keys of the pictures go.
+    /// Show every key of the pictures as up.
     virtual void clearMusicKeyboardHilight() = 0;
     virtual void clearComputerKeyboardHilight() = 0;
 
     /// "Default" for -1, "???" for an index outside the list.
     virtual std::string getMidiOutputName(int output) const = 0;
-    /// The backend was reset: nothing sounds any more.
+    /// The backend was reset, and no note sounds.
     virtual void handleResetOrv() = 0;
     virtual int getNumberOfPrograms() const = 0;
 
-    /// The sequences that stand by themselves, sorted. The window reads their folder once, at its start, and changes
-    /// the files itself.
+    /// The names of the sequence presets, sorted. The backend alone writes their files; the window reads the folder at
+    /// its start and after each change.
     virtual const std::vector<std::string>& getSequencePresetList() const = 0;
-    /// False, and nothing changed, if the name is no valid one or the file could not be written.
+    /// Has the backend write a preset, in place of one of that name. False for a name that no file can have; if the
+    /// file cannot be written, a message box says so later.
     virtual bool addSequencePreset(const std::string& name, const std::string& text) = 0;
-    /// Another text for one that is there; false as above, or if there is none.
+    /// The same for a preset that exists; false as well if there is none.
     virtual bool editSequencePreset(const std::string& name, const std::string& text) = 0;
     virtual void deleteSequencePreset(const std::string& name) = 0;
     virtual Backend::SequenceManagement::SequencePresetManager& getSequencePresetManager() = 0;
 
-    /// Gives the keyboard back to playing, or to the text that is being edited.
+    /// Gives the focus back to playing, unless a text is being edited.
     virtual void setFocus() = 0;
 
     /// The keys of the computer that are down; only while the window is open.
     virtual KeyPresses& getKeyPresses() = 0;
-    /// One line that says why the global keyboard does not do all that it should; empty if it does.
+    /// One line that says why the global keyboard does not work, or not fully; empty if it does.
     virtual std::string getGlobalKeyboardReason() const = 0;
 
     /// Pop-up menus at the system panel.
@@ -172,7 +174,7 @@ public:
     virtual void handleGlobalKeyboardChanged(bool on) = 0;
     /// The global keyboard was switched by a key of its own, wherever the focus was.
     virtual void handleGlobalKeySwitched(bool on) = 0;
-    /// The bindings of the computer's keys are others.
+    /// The bindings of the computer's keys have changed.
     virtual void handleKeysChanged(const Backend::ComputerInput::KeyConfigurationMap& keys) = 0;
     virtual void handleMouseSensitivityChanged(int divisor) = 0;
     virtual void handleLargeDisplayFontChanged(bool on) = 0;
@@ -188,8 +190,11 @@ public:
     /// The text of that number, see `HelpTexts.h`; nothing for one that is none.
     virtual void displayHelp(int helpId) = 0;
 
-    /// Where its surroundings stand on the screen.
+    /// The position of the window with its frame on the desktop.
     virtual WindowsLib::Rect getMainWindowPosition() const = 0;
     virtual bool isVstPlugin() const = 0;
+
+    /// The backend wrote or removed a sequence; `done` is false if the file could not be changed.
+    virtual void handleSequencePresetsChanged(bool done) = 0;
 };
 }  // namespace Gui

@@ -138,6 +138,7 @@ void Orv::setGuiWindowHandle(const WindowHandle& window)
         guiWindowHandle = window;
     }
     midiEngine.setGuiWindowHandle(window);
+    retroRecord.tellFillTo(window);
 }
 
 Gui::OrvGuiIF* Orv::createOrvGui(bool isVstPlugin)

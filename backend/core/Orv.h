@@ -182,10 +182,7 @@ public:
     void changeBankSize(int size, const WindowHandle& window) override;
     void changeProgramName(const std::string& name) override;
     SequenceManagement::SequencePresetManager& getSequencePresetManager() override { return sequencePresets; }
-    void addSequencePreset(const std::string& name, const std::string& text) override
-    {
-        sequencePresets.addPreset(name, text);
-    }
+    void addSequencePreset(const std::string& name, const std::string& text) override;
     void selectControl(const SelectControlType& select) override { controlManager.selectControl(select); }
     void changeControl(const SelectControlType& select, const RelativeFixedValue& value) override
     {
@@ -250,6 +247,8 @@ public:
     Gui::OrvGuiIF* createOrvGui(bool isVstPlugin) override;
     void refreshGui() override;
     HostState saveState() override;
+    void deleteSequencePreset(const std::string& name) override;
+    void saveRetroRecord(const std::string& stem) override { retroRecord.save(stem, getGuiWindowHandle()); }
 
     /// What `createOrvGui` makes; null for nothing. Before `start`.
     void setGuiFactory(GuiFactory factory) { guiFactory = factory; }

@@ -68,6 +68,8 @@ constexpr auto COMMANDS = std::to_array<Command<OrvIF>>({
     on<SET_LITE_STACK_NOTES, &OrvIF::setLiteStackNotes>(),
     on<SET_CLICK_ZONE_CHANNEL_TRANSPOSE, &OrvIF::setClickZoneChannelTranspose>(),
     on<LOAD_PROGRAM_FROM_STRING, &OrvIF::loadProgramFromString>(),
+    on<DELETE_SEQUENCE_PRESET, &OrvIF::deleteSequencePreset>(),
+    on<SAVE_RETRO_RECORD, &OrvIF::saveRetroRecord>(),
     answer<SAVE_STATE, &OrvIF::saveState>(),
     answer<CREATE_ORV_GUI, &OrvIF::createOrvGui>(),
 });

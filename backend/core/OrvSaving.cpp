@@ -131,4 +131,15 @@ void Orv::tellPresets(const PresetManager& presets, bool done) const
     notifyGui(GuiMessage::PRESETS, static_cast<std::uint32_t>(PresetSections::indexOf(presets.getSection())), done,
               presets.getList());
 }
+
+void Orv::addSequencePreset(const std::string& name, const std::string& text)
+{
+    notifyGui(GuiMessage::SEQUENCE_PRESETS, sequencePresets.addPreset(name, text));
+}
+
+void Orv::deleteSequencePreset(const std::string& name)
+{
+    sequencePresets.deletePreset(name);
+    notifyGui(GuiMessage::SEQUENCE_PRESETS, true);
+}
 }  // namespace Backend

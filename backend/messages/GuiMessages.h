@@ -77,6 +77,8 @@ inline constexpr TypedMessage<int> MOUSE_SENSITIVITY{33268, "MouseSensitivity"};
 inline constexpr TypedMessage<bool> CLICK_ZONE_CHANNEL_TRANSPOSE{33272, "ClickZoneChannelTranspose"};
 /// The place in PresetSections::ALL, and false if its folder did not take a change.
 inline constexpr TypedMessage<std::uint32_t, bool, PresetList> PRESETS{33275, "Presets"};
+/// The sequence presets have changed, or, if false, one could not be written.
+inline constexpr TypedMessage<bool> SEQUENCE_PRESETS{33276, "SequencePresets"};
 
 /// Those that were replaced.
 inline constexpr TypedMessage<std::vector<ComputerInput::KeyConfiguration>> KEY_CONFIGURATIONS{33469,

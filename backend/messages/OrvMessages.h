@@ -23,7 +23,7 @@ struct HostState;
 /// What the outside world asks of the backend: the operations of `OrvIF` of the same names, with their arguments.
 namespace OrvMessage
 {
-inline constexpr MessageRange RANGE{33218, 33274};
+inline constexpr MessageRange RANGE{33218, 33276};
 
 inline constexpr TypedRequest<std::string> GET_PROGRAM_AS_STRING{{33218, "GetProgramAsString"}};
 inline constexpr TypedMessage<> INITIALIZE{33219, "Initialize"};
@@ -83,5 +83,7 @@ inline constexpr TypedMessage<bool> SET_LITE_STACK_NOTES{33271, "SetLiteStackNot
 inline constexpr TypedMessage<bool> SET_CLICK_ZONE_CHANNEL_TRANSPOSE{33272, "SetClickZoneChannelTranspose"};
 inline constexpr TypedMessage<std::string, int> LOAD_PROGRAM_FROM_STRING{33273, "LoadProgramFromString"};
 inline constexpr TypedRequest<HostState> SAVE_STATE{{33274, "SaveState"}};
+inline constexpr TypedMessage<std::string> DELETE_SEQUENCE_PRESET{33275, "DeleteSequencePreset"};
+inline constexpr TypedMessage<std::string> SAVE_RETRO_RECORD{33276, "SaveRetroRecord"};
 }  // namespace OrvMessage
 }  // namespace Backend

@@ -80,7 +80,7 @@ public:
     const std::vector<std::string>& getSequencePresetList() const override { return sequencePresets.getList(); }
     bool addSequencePreset(const std::string& name, const std::string& text) override;
     bool editSequencePreset(const std::string& name, const std::string& text) override;
-    void deleteSequencePreset(const std::string& name) override { sequencePresets.deletePreset(name); }
+    void deleteSequencePreset(const std::string& name) override;
     Backend::SequenceManagement::SequencePresetManager& getSequencePresetManager() override { return sequencePresets; }
     void setFocus() override;
     KeyPresses& getKeyPresses() override;
@@ -104,11 +104,13 @@ public:
     void displayHelp(int helpId) override;
     WindowsLib::Rect getMainWindowPosition() const override;
     bool isVstPlugin() const override { return shown.isVstPlugin; }
+    void handleSequencePresetsChanged(bool done) override;
 
 private:
     template <class Value>
     void keep(void (Backend::RegistrySettings::*set)(Value), const std::type_identity_t<Value>& value);
     void showGlobalKeyboard(bool on);
+    void showPresetResult(const char* folder, bool done) const;
 
     Backend::OrvIF& orv;
     Backend::GuiStart shown;

@@ -37,15 +37,20 @@ void OrvGui::loadFile(const std::string& path)
 
 // --- presets
 
+void OrvGui::showPresetResult(const char* folder, bool done) const
+{
+    if (!done)
+        showMessage(open->getDialogParent(), QObject::tr("Error"),
+                    QObject::tr("The folder \"%1\" could not be changed.").arg(folder));
+}
+
 void OrvGui::handlePresetsChanged(std::size_t section, const PresetList& presets, bool done)
 {
     if (section >= presetLists.size()) return;
     presetLists[section] = presets;
     if (section == PresetSections::indexOf(PresetSections::COMPUTER_INPUT))
         open->main->getComputerInputPanel().handlePresetsChanged(presets);
-    if (!done)
-        showMessage(open->getDialogParent(), QObject::tr("Error"),
-                    QObject::tr("The folder \"%1\" could not be changed.").arg(PresetSections::ALL[section].folder));
+    showPresetResult(PresetSections::ALL[section].folder, done);
 }
 
 const PresetList& OrvGui::getPresetList(const PresetSection& section) const
@@ -55,13 +60,21 @@ const PresetList& OrvGui::getPresetList(const PresetSection& section) const
 
 bool OrvGui::addSequencePreset(const std::string& name, const std::string& text)
 {
-    if (!sequencePresets.addPreset(name, text)) return false;
+    if (!isValidFileName(name)) return false;
     getOrvMessageManager().postAddSequencePreset(name, text);
     return true;
 }
 
 bool OrvGui::editSequencePreset(const std::string& name, const std::string& text)
 {
-    return sequencePresets.exists(name) && sequencePresets.addPreset(name, text);
+    return sequencePresets.exists(name) && addSequencePreset(name, text);
+}
+
+void OrvGui::deleteSequencePreset(const std::string& name) { getOrvMessageManager().postDeleteSequencePreset(name); }
+
+void OrvGui::handleSequencePresetsChanged(bool done)
+{
+    sequencePresets.load();
+    showPresetResult("Sequences", done);
 }
 }  // namespace Gui

@@ -97,6 +97,7 @@ constexpr auto COMMANDS = std::to_array<Command>({
     number<&OrvGuiIF::handleMouseSensitivityChanged>(GuiMessage::MOUSE_SENSITIVITY),
     onOff<&OrvGuiIF::handleClickZoneChannelTransposeChanged>(GuiMessage::CLICK_ZONE_CHANNEL_TRANSPOSE),
     {GuiMessage::PRESETS, &changePresets},
+    onOff<&OrvGuiIF::handleSequencePresetsChanged>(GuiMessage::SEQUENCE_PRESETS),
 });
 }  // namespace
 

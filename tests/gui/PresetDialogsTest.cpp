@@ -211,11 +211,11 @@ TEST_F(PresetDialogs, TheKeysPlayOnUntilThereIsATextToType)
     EXPECT_EQ(lineIn("Add Preset").text(), "w");
 }
 
-TEST_F(PresetDialogs, SequencesAreKeptInTheirFolderAndTheBackendHearsOfThem)
+TEST_F(PresetDialogs, SequencesAreWrittenByTheBackendAndListedInTheWindow)
 {
     const auto lists = [this] {
-        const auto& inWindow = gui->getSequencePresetList();
         settle();
+        const auto& inWindow = gui->getSequencePresetList();
         return std::to_string(std::ranges::count(inWindow, "Up")) +
                (orv->getSequencePresetManager().exists("Up") ? "+" : "-");
     };
@@ -232,12 +232,15 @@ TEST_F(PresetDialogs, SequencesAreKeptInTheirFolderAndTheBackendHearsOfThem)
     EXPECT_TRUE(holds(">0,4,7<"));
     {
         const FullDisk full;
-        EXPECT_FALSE(gui->editSequencePreset("Up", "0,12"));
+        EXPECT_TRUE(gui->editSequencePreset("Up", "0,12"));
+        settle();
     }
+    EXPECT_EQ(answer(), "Error: The folder \"Sequences\" could not be changed.");
     EXPECT_TRUE(holds(">0,4,7<")) << "whole";
     EXPECT_TRUE(gui->editSequencePreset("Up", "0,12"));
+    settle();
     EXPECT_TRUE(holds(">0,12<"));
     gui->deleteSequencePreset("Up");
-    EXPECT_EQ(lists(), "0+");
+    EXPECT_EQ(lists(), "0-");
     EXPECT_FALSE(fs::exists(file));
 }

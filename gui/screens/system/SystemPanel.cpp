@@ -37,7 +37,7 @@ ComboBox::Entry entryOf(const MidiPort& port)
             .enabled = port.enabled && port.found && !port.couldNotOpen};
 }
 
-/// `otherwise` for a choice that is not in the list.
+/// Shows `otherwise` for a choice that is not in the list.
 void select(ComboBox& choices, int index, const QString& otherwise)
 {
     choices.setSelectedIndex(index);
@@ -51,14 +51,11 @@ SystemPanel::SystemPanel(OrvGuiIF& owner, Panel* around)
     addControls();
     showAll();
     gui.getGuiMessageManagerMaster().addMessageManager(&messages);
-    gui.getOrvIF().getRetroRecordManager().tellFillTo(gui.getWindowHandle());
 }
-
-SystemPanel::~SystemPanel() { gui.getOrvIF().getRetroRecordManager().tellFillTo({}); }
 
 OrvMessageManager& SystemPanel::commands() const { return gui.getOrvMessageManager(); }
 
-/// What the window knows already.
+/// Shows what the window knows already.
 void SystemPanel::showAll()
 {
     const RegistrySettings& settings = gui.getRegistrySettings();
@@ -71,7 +68,7 @@ void SystemPanel::showAll()
     handleRetroRecordEnabledChanged(settings.isRetroRecordEnabled());
 }
 
-// --- what the backend tells
+// --- changes that the backend reports
 
 void SystemPanel::handleBankChanged(const Bank& bank)
 {
@@ -79,7 +76,7 @@ void SystemPanel::handleBankChanged(const Bank& bank)
     const QString name = QString::fromStdString(gui.getCurrentBankName());
     bankName->setText(bankName->fontMetrics().elidedText(name, Qt::ElideMiddle, bankName->width()));
     bankName->setAccessibleName(name);
-    Property::setHelp(*bankName, tr("The bank: %1").arg(QString::fromStdString(bank.name)));
+    Property::setHelp(*bankName, tr("Bank: %1").arg(QString::fromStdString(bank.name)));
     const auto size = bank.programNames.size();
     bankSize->setText(size == 1 ? tr("1 program") : tr("%1 programs").arg(size));
 }
@@ -177,12 +174,9 @@ void SystemPanel::showFileMenu(const QWidget& button)
 
 // --- what the user does
 
-void SystemPanel::saveRecord()
-{
-    gui.getOrvIF().getRetroRecordManager().save(RecordFile::stem(), gui.getWindowHandle());
-}
+void SystemPanel::saveRecord() { commands().postSaveRetroRecord(RecordFile::stem()); }
 
-/// From a text back to playing.
+/// Ends editing and gives the focus back to playing.
 void SystemPanel::leave()
 {
     if (QWidget* edit = window()->focusWidget()) edit->clearFocus();

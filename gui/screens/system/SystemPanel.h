@@ -32,15 +32,14 @@ class RecordGauge;
 class ScreenButtons;
 class TempoEdit;
 
-/// The program and the bank it comes from, tempo, output, what is passed on and recorded, and the other screens. What
-/// the user does is posted to the backend; what it tells is shown and answered by nothing.
+/// The system screen: program and bank, tempo, default output, MIDI thru, the record, and the buttons of the other
+/// screens. It posts what the user does to the backend; changes that the backend reports are shown and posted nowhere.
 class SystemPanel final : public Panel
 {
 public:
     SystemPanel(OrvGuiIF& owner, Panel* around);
-    ~SystemPanel() override;
 
-    // What the backend tells
+    // Changes that the backend reports
     void handleBankChanged(const Backend::Bank& bank);
     void handleProgramChanged(const Backend::Program& program);
     void handleMidiInputPortsChanged(const Backend::MidiEngine::MidiInputPorts& ports);
@@ -52,16 +51,16 @@ public:
     void handleRetroRecordFillChanged(int percent);
     void handleRetroRecordSaved(const Backend::RetroRecord::SaveReport& report);
 
-    /// Gives a screen its button.
+    /// Adds the button of a screen.
     void offerScreen(Backend::Screen screen);
     void screenShown(Backend::Screen screen, bool on);
 
-    /// At their controls, or at the pointer while the panel is hidden. They return at once.
+    /// Open at their controls, or at the pointer while the panel is hidden, and return at once.
     void showProgramMenu();
     void showDefaultMidiOutputMenu();
 
 private:
-    // SystemPanelRows.cpp: what it consists of
+    // SystemPanelRows.cpp: the controls
     void addControls();
     void addProgram();
     void addBank();
@@ -89,7 +88,7 @@ private:
 
     OrvGuiIF& gui;
     SystemGuiMessageManager messages;
-    QLabel* programNumber = nullptr;  // these belong to the panel, as Qt has it
+    QLabel* programNumber = nullptr;  // owned by the panel
     ProgramNameComboBox* programs = nullptr;
     QLabel* bankName = nullptr;
     QLabel* bankSize = nullptr;
