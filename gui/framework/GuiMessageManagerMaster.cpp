@@ -1,6 +1,7 @@
 #include "gui/framework/GuiMessageManagerMaster.h"
 
 #include <algorithm>
+#include <cassert>
 
 namespace Gui
 {
@@ -13,6 +14,7 @@ GuiMessageManager* GuiMessageManagerMaster::find(unsigned int number) const
 
 bool GuiMessageManagerMaster::handleMessage(Message& message) const
 {
+    assert(currentThreadIsManagerThread());
     GuiMessageManager* manager = find(message.number);
     if (manager == nullptr) return false;
     manager->handleMessage(message);

@@ -26,7 +26,6 @@ public:
     /// Sets the size of a panel without visible children. One with visible children takes the size of its column.
     void setPanelSize(QSize size);
 
-    const std::vector<Panel*>& getChildPanels() const { return childPanels; }
     bool hasShownChild() const;
 
 protected:
