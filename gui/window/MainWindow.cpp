@@ -12,6 +12,7 @@
 #include "gui/OrvGuiIF.h"
 #include "gui/framework/Panel.h"
 #include "gui/framework/Properties.h"
+#include "gui/framework/Switches.h"
 #include "gui/framework/WidgetTree.h"
 #include "gui/keyboard/GlobalKeyboard.h"
 #include "gui/keyboard/WindowKeyboard.h"
@@ -37,8 +38,6 @@ constexpr QSize BUTTON(29, 20);
 constexpr Screen SCREENS[] = {
     Screen::system,        Screen::help,     Screen::display, Screen::oscillators, Screen::joystick, Screen::midiInput,
     Screen::computerInput, Screen::controls, Screen::output,  Screen::layers,      Screen::cc,       Screen::zones};
-
-OnOffToggle onOrOff(bool on) { return {on ? OnOffToggle::State::on : OnOffToggle::State::off}; }
 }  // namespace
 
 /// The screens, one below the other.
@@ -103,24 +102,19 @@ MainWindow::~MainWindow()
 void MainWindow::makeButtons()
 {
     auto& commands = gui.getOrvMessageManager();
-    const auto make = [this](const QString& label, int left, const QString& name, const QString& help) {
+    const auto make = [this](const QString& label, int left) {
         auto* button = new QPushButton(label, this);
         button->setGeometry({{left, BUTTON_TOP}, BUTTON});
-        button->setAccessibleName(name);
-        Property::setHelp(*button, help);
         return button;
     };
-    resetButton =
-        make(QStringLiteral("R"), 5, tr("Reset"), tr("Reset (panic): ends every note on all channels of all outputs."));
-    thruButton = make(QStringLiteral("T"), 37, tr("MIDI thru"),
-                      tr("MIDI thru: events received at the MIDI inputs are played, through the layers."));
-    keyboardButton = make(QStringLiteral("K"), 69, tr("Global keyboard"), {});
-    for (auto* latch : {thruButton, keyboardButton}) latch->setCheckable(true);
+    resetButton = make(QStringLiteral("R"), 5);
+    resetButton->setAccessibleName(tr("Reset"));
+    Property::setHelp(*resetButton, tr("Reset (panic): ends every note on all channels of all outputs."));
     connect(resetButton, &QPushButton::clicked, [&commands] { commands.postResetOrv(); });
-    connect(thruButton, &QPushButton::clicked,
-            [&commands](bool on) { commands.postChangeMidiThru(onOrOff(on), true); });
-    connect(keyboardButton, &QPushButton::clicked,
-            [&commands](bool on) { commands.postChangeGlobalKeyboard(onOrOff(on), true); });
+    thruButton = make(QStringLiteral("T"), 37);
+    makeSwitch(*thruButton, Switches::MIDI_THRU, commands);
+    keyboardButton = make(QStringLiteral("K"), 69);
+    makeSwitch(*keyboardButton, Switches::GLOBAL_KEYBOARD, commands);
 }
 
 void MainWindow::makePanels()

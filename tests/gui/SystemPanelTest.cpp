@@ -220,7 +220,7 @@ TEST_F(SystemPanel, SwitchesAreWhatTheBackendHas)
     };
     for (const Row& row : {Row{"MIDI thru", &RegistrySettings::getMidiThru},
                            {"Global keyboard", &RegistrySettings::getGlobalKeyboard},
-                           {"Record", &RegistrySettings::isRetroRecordEnabled}}) {
+                           {"Record what is played", &RegistrySettings::isRetroRecordEnabled}}) {
         const bool first = (settings().*row.get)();
         const auto& shown = button(row.name);
         for (const bool expected : {!first, first}) {
@@ -236,7 +236,7 @@ TEST_F(SystemPanel, SwitchesAreWhatTheBackendHas)
     settle();
     EXPECT_FALSE(button("MIDI thru").isChecked());
     EXPECT_TRUE(button("Global keyboard").isChecked());
-    EXPECT_FALSE(button("Record").isChecked());
+    EXPECT_FALSE(button("Record what is played").isChecked());
 }
 
 TEST_F(SystemPanel, ResetEndsEveryNoteAsItGoesDown)

@@ -14,13 +14,13 @@
 #include "gui/framework/DisplayHeight.h"
 #include "gui/framework/GuiMessageManagerMaster.h"
 #include "gui/framework/Properties.h"
+#include "gui/framework/Switches.h"
 #include "gui/screens/display/DisplayFeed.h"
 #include "gui/screens/display/HeightEdge.h"
 #include "gui/screens/display/LogView.h"
 
 namespace Gui::Display
 {
-using Backend::OrvMessageManager;
 using Backend::RegistrySettings;
 
 namespace
@@ -31,23 +31,8 @@ constexpr int BUTTON_WIDTH = 74;
 constexpr int GAP = 4;
 constexpr int TEXT_TOP = BUTTON_HEIGHT + GAP;
 
-/// A setting that has a button here.
-struct Switch {
-    const char* label;
-    const char* name;
-    const char* help;
-    bool (RegistrySettings::*isOn)() const;
-    void (OrvMessageManager::*post)(bool on);
-};
-constexpr Switch SWITCH_TABLE[] = {
-    {"INPUT", "Show input events", "Input: lists the MIDI events that are received.",
-     &RegistrySettings::getDisplayMidiInputEvents, &OrvMessageManager::postSetDisplayMidiInputEvents},
-    {"OUTPUT", "Show output events", "Output: lists the MIDI events that are sent to the outputs.",
-     &RegistrySettings::getDisplayMidiOutputEvents, &OrvMessageManager::postSetDisplayMidiOutputEvents},
-    {"NUMBERS", "Number the lines", "Numbers: numbers the lines.", &RegistrySettings::getDisplayNumbers,
-     &OrvMessageManager::postSetDisplayNumbers},
-    {"LARGE", "Large font", "Large: a larger font, to be read from a distance.", &RegistrySettings::getLargeDisplayFont,
-     &OrvMessageManager::postSetLargeDisplayFont}};
+/// The buttons of the settings in `Switches::DISPLAY`.
+constexpr const char* LABELS[] = {"INPUT", "OUTPUT", "NUMBERS", "LARGE"};
 constexpr std::size_t LARGE = 3;
 }  // namespace
 
@@ -82,25 +67,21 @@ Backend::Display::DisplayMessageManager& DisplayPanel::getDisplay() const
 void DisplayPanel::makeButtons()
 {
     int left = 0;
-    const auto make = [&](const QString& label, const QString& name, const QString& help) {
+    const auto make = [&](const QString& label) {
         auto* button = new QPushButton(label, this);
         button->setGeometry(left, 0, BUTTON_WIDTH, BUTTON_HEIGHT);
         button->setFocusPolicy(Qt::TabFocus);
-        button->setAccessibleName(name);
-        Property::setHelp(*button, help);
         left += BUTTON_WIDTH + GAP;
         return button;
     };
     for (std::size_t i = 0; i < SWITCHES; ++i) {
-        const Switch& setting = SWITCH_TABLE[i];
-        switches[i] = make(tr(setting.label), tr(setting.name), tr(setting.help));
-        switches[i]->setCheckable(true);
-        connect(switches[i], &QPushButton::clicked, this,
-                [this, &setting](bool on) { (gui.getOrvMessageManager().*setting.post)(on); });
+        switches[i] = make(tr(LABELS[i]));
+        makeSwitch(*switches[i], Switches::DISPLAY[i], gui.getOrvMessageManager());
     }
-    const auto* clear =
-        make(tr("CLEAR"), tr("Clear"),
-             tr("Clear: empties the view. The events come back when the display is hidden and shown again."));
+    auto* clear = make(tr("CLEAR"));
+    clear->setAccessibleName(tr("Clear"));
+    Property::setHelp(*clear,
+                      tr("Clear: empties the view. The events come back when the display is hidden and shown again."));
     connect(clear, &QPushButton::clicked, log, &LogView::clear);
 }
 
@@ -122,7 +103,7 @@ void DisplayPanel::setText(const std::string& text) { log->setText(text); }
 
 void DisplayPanel::handleSettingsChanged(const RegistrySettings& settings)
 {
-    for (std::size_t i = 0; i < SWITCHES; ++i) switches[i]->setChecked((settings.*SWITCH_TABLE[i].isOn)());
+    for (std::size_t i = 0; i < SWITCHES; ++i) switches[i]->setChecked((settings.*Switches::DISPLAY[i].get)());
     log->setLargeFont(settings.getLargeDisplayFont());
     if (edge->isSliderDown()) return;
     const QSignalBlocker quiet(edge);

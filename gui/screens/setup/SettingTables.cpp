@@ -19,17 +19,6 @@ namespace
 constexpr int KILOBYTE = 1000;
 constexpr int CHANNELS = 16;
 
-template <auto operation>
-void post(Commands& commands, bool on)
-{
-    (commands.*operation)(on);
-}
-template <auto operation>
-void postToggle(Commands& commands, bool on)
-{
-    (commands.*operation)({on ? OnOffToggle::State::on : OnOffToggle::State::off}, true);
-}
-
 std::vector<MidiPort> getInputs(const OrvGuiIF& gui)
 {
     return {gui.getMidiInputPorts().begin(), gui.getMidiInputPorts().end()};
@@ -55,31 +44,6 @@ std::vector<ComboBox::Entry> getChannelEntries(const OrvGuiIF&)
     for (int channel = 1; channel <= CHANNELS; ++channel) entries.push_back({.text = QString::number(channel)});
     return entries;
 }
-
-constexpr Switch PLAYING_TABLE[] = {
-    {"MIDI thru", "MIDI thru: events received at the MIDI inputs are played, through the layers.",
-     &Settings::getMidiThru, &postToggle<&Commands::postChangeMidiThru>},
-    {"Click before or after zone transposes zone.",
-     "A click on the piano keyboard outside a zone transposes that zone by octaves so that it includes the key.",
-     &Settings::getClickZoneChannelTranspose, &post<&Commands::postSetClickZoneChannelTranspose>}};
-
-constexpr Switch DISPLAY_TABLE[] = {
-    {"Show input events", "Lists the MIDI events that are received.", &Settings::getDisplayMidiInputEvents,
-     &post<&Commands::postSetDisplayMidiInputEvents>},
-    {"Show output events", "Lists the MIDI events that are sent to the outputs.", &Settings::getDisplayMidiOutputEvents,
-     &post<&Commands::postSetDisplayMidiOutputEvents>},
-    {"Number the lines", "Numbers the lines of the display.", &Settings::getDisplayNumbers,
-     &post<&Commands::postSetDisplayNumbers>},
-    {"Large font", "A larger font, to be read from a distance.", &Settings::getLargeDisplayFont,
-     &post<&Commands::postSetLargeDisplayFont>}};
-
-constexpr Switch WINDOW_TABLE[] = {
-    {"Dock to bottom edge", "The bottom edge of the window keeps its place when screens are shown and hidden.",
-     &Settings::getDockToBottomEdge, &post<&Commands::postSetDockToBottomEdge>},
-    {"Always on top", "The window stays in front of the windows of other programs.", &Settings::getAlwaysOnTop,
-     &post<&Commands::postSetAlwaysOnTop>},
-    {"Metallic Border", "The window has a border of its own instead of the desktop's.", &Settings::getUseSkinBorder,
-     &post<&Commands::postSetUseSkinBorder>}};
 }  // namespace
 
 constexpr PortSide INPUTS{
@@ -104,11 +68,6 @@ constexpr Choice DEFAULT_OUTPUT{
         commands.postChangeDefaultMidiOutput({.kind = SelectType::Kind::specific, .value = output});
     }};
 
-constexpr std::span<const Switch> PLAYING_SWITCHES(PLAYING_TABLE);
-
-constexpr Switch GLOBAL_KEYBOARD{"Global keyboard", "", &Settings::getGlobalKeyboard,
-                                 &postToggle<&Commands::postChangeGlobalKeyboard>};
-
 constexpr Number MOUSE_SENSITIVITY{"Mouse sensitivity:",
                                    "1 /",
                                    "",
@@ -122,10 +81,6 @@ constexpr Number MOUSE_SENSITIVITY{"Mouse sensitivity:",
                                    1,
                                    &Settings::getMouseSensitivity,
                                    &Commands::postSetMouseSensitivity};
-
-constexpr Switch RECORD_SWITCH{"Record what is played",
-                               "Record: keeps what you play, so that you can save it afterwards.",
-                               &Settings::isRetroRecordEnabled, &post<&Commands::postEnableRetroRecord>};
 
 constexpr Number RECORD_SIZE{"Buffer size:",
                              "",
@@ -141,8 +96,6 @@ constexpr Number RECORD_SIZE{"Buffer size:",
                              &Settings::getRetroRecordBufferSize,
                              &Commands::postSetRetroRecordBufferSize};
 
-constexpr std::span<const Switch> DISPLAY_SWITCHES(DISPLAY_TABLE);
-
 constexpr Number DISPLAY_HEIGHT{"Height:",
                                 "",
                                 "pixels",
@@ -155,8 +108,6 @@ constexpr Number DISPLAY_HEIGHT{"Height:",
                                 1,
                                 &Settings::getDisplayHeight,
                                 &Commands::postSetDisplayHeight};
-
-constexpr std::span<const Switch> WINDOW_SWITCHES(WINDOW_TABLE);
 
 constexpr Number LITE_VELOCITY{"Velocity:",
                                "",
@@ -179,8 +130,4 @@ constexpr Choice LITE_CHANNEL{"Channel:",
                               [](const OrvGuiIF& gui) { return gui.getRegistrySettings().getLiteChannel(); },
                               [](const OrvGuiIF&, int channel) { return std::to_string(channel + 1); },
                               [](Commands& commands, int channel) { commands.postSetLiteChannel(channel); }};
-
-constexpr Switch LITE_STACK_NOTES{
-    "Stack Notes", "Stack Notes: such a host sends the note-off of a repeated note only once all its keys are up.",
-    &Settings::getLiteStackNotes, &post<&Commands::postSetLiteStackNotes>};
 }  // namespace Gui::Setup

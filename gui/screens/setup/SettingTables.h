@@ -1,6 +1,5 @@
 #pragma once
 
-#include <span>
 #include <string>
 #include <vector>
 
@@ -18,17 +17,10 @@ namespace Gui
 class OrvGuiIF;
 }
 
-/// The settings of the setup dialog, a row each: label and help, how the value is read, and the command that changes
-/// it.
+/// The settings of the setup dialog that are not on or off (see `Switches.h`), a row each: label and help, how the
+/// value is read, and the command that changes it.
 namespace Gui::Setup
 {
-struct Switch {
-    const char* label;
-    const char* help;
-    bool (Backend::RegistrySettings::*get)() const;
-    void (*post)(Backend::OrvMessageManager& commands, bool on);
-};
-
 struct Number {
     const char* label;
     const char* before;  ///< the text before the field: "1 /"
@@ -67,15 +59,9 @@ struct PortSide {
 extern const PortSide INPUTS;
 extern const PortSide OUTPUTS;
 extern const Choice DEFAULT_OUTPUT;
-extern const std::span<const Switch> PLAYING_SWITCHES;
-extern const Switch GLOBAL_KEYBOARD;
 extern const Number MOUSE_SENSITIVITY;
-extern const Switch RECORD_SWITCH;
 extern const Number RECORD_SIZE;
-extern const std::span<const Switch> DISPLAY_SWITCHES;
 extern const Number DISPLAY_HEIGHT;
-extern const std::span<const Switch> WINDOW_SWITCHES;
 extern const Number LITE_VELOCITY;
 extern const Choice LITE_CHANNEL;
-extern const Switch LITE_STACK_NOTES;
 }  // namespace Gui::Setup

@@ -7,6 +7,7 @@
 
 #include "gui/OrvGuiIF.h"
 #include "gui/framework/Properties.h"
+#include "gui/framework/Switches.h"
 #include "gui/keyboard/GlobalKeyboard.h"
 #include "gui/screens/setup/BankField.h"
 #include "gui/screens/setup/ChoiceField.h"
@@ -78,10 +79,11 @@ void SetupPages::makePages()
 
     QBoxLayout& playing =
         addPage({tr("Playing"), tr("MIDI thru, the global keyboard and the sensitivity of the mouse.")});
-    auto& globalKeyboard = add<SwitchField>(GLOBAL_KEYBOARD, playing);
+    auto& globalKeyboard = add<SwitchField>(Switches::GLOBAL_KEYBOARD, playing);
     Property::setHelp(globalKeyboard.getControl(),
                       QString::fromStdString(GlobalKeyboard::describe(gui.getGlobalKeyboardReason())));
-    for (const Switch& row : PLAYING_SWITCHES) add<SwitchField>(row, playing);
+    add<SwitchField>(Switches::MIDI_THRU, playing);
+    add<SwitchField>(Switches::CLICK_ZONE_CHANNEL_TRANSPOSE, playing);
     add<NumberField>(MOUSE_SENSITIVITY, playing);
 
     QBoxLayout& bank = addPage({tr("Bank"), tr("The bank that is loaded at every start.")});
@@ -89,22 +91,22 @@ void SetupPages::makePages()
 
     QBoxLayout& record = addPage(
         {tr("Record"), tr("The retrospective record: on or off, and its size, 1 to 200000 KB for each output.")});
-    add<SwitchField>(RECORD_SWITCH, record);
+    add<SwitchField>(Switches::RECORD, record);
     add<NumberField>(RECORD_SIZE, record);
 
     QBoxLayout& display = addPage(
         {tr("Display"), tr("Which MIDI events the display lists, in which font, and its height of 60 to 600 pixels.")});
-    for (const Switch& row : DISPLAY_SWITCHES) add<SwitchField>(row, display);
+    for (const Switch& row : Switches::DISPLAY) add<SwitchField>(row, display);
     add<NumberField>(DISPLAY_HEIGHT, display);
 
     QBoxLayout& window = addPage({tr("Window"), tr("Position, stacking and border of the window on the desktop.")});
-    for (const Switch& row : WINDOW_SWITCHES) add<SwitchField>(row, window);
+    for (const Switch& row : Switches::WINDOW) add<SwitchField>(row, window);
 
     QBoxLayout& lite = addPage({tr("Lite"), tr("Velocity, channel and note stacking of a host that plays without "
                                                "programs. This program does not use them.")});
     add<NumberField>(LITE_VELOCITY, lite);
     add<ChoiceField>(LITE_CHANNEL, lite);
-    add<SwitchField>(LITE_STACK_NOTES, lite);
+    add<SwitchField>(Switches::LITE_STACK_NOTES, lite);
 
     for (QBoxLayout* rows : {&playing, &bank, &record, &display, &window, &lite}) rows->addStretch();
 }

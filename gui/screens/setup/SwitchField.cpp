@@ -6,12 +6,12 @@
 #include "backend/files/RegistrySettings.h"
 #include "gui/OrvGuiIF.h"
 #include "gui/framework/Properties.h"
-#include "gui/screens/setup/SettingTables.h"
+#include "gui/framework/Switches.h"
 
 namespace Gui::Setup
 {
 SwitchField::SwitchField(OrvGuiIF& owner, const Switch& switchRow, QBoxLayout& page)
-    : gui(owner), row(switchRow), box(new QCheckBox(QCheckBox::tr(switchRow.label)))
+    : gui(owner), row(switchRow), box(new QCheckBox(QCheckBox::tr(switchRow.name)))
 {
     box->setAccessibleName(box->text());
     Property::setHelp(*box, QCheckBox::tr(row.help));

@@ -8,12 +8,11 @@ class QCheckBox;
 namespace Gui
 {
 class OrvGuiIF;
-}
+struct Switch;
+}  // namespace Gui
 
 namespace Gui::Setup
 {
-struct Switch;
-
 /// A row with a check box.
 class SwitchField final : public ValueField<bool>
 {

@@ -23,6 +23,7 @@ namespace Gui
 class ComboBox;
 class OrvGuiIF;
 class PopupMenu;
+struct Switch;
 }  // namespace Gui
 
 namespace Gui::System
@@ -76,7 +77,7 @@ private:
     QLabel* addValue(const QRect& place);
     ComboBox* addChoices(const QRect& place, const QString& name, const QString& help);
     QPushButton* addButton(const QString& label, const QRect& place, const QString& name, const QString& help);
-    QPushButton* addSwitch(const QString& label, const QRect& place, const QString& name, const QString& help);
+    QPushButton* addSwitch(const QString& label, const QRect& place, const Switch& setting);
 
     Backend::OrvMessageManager& commands() const;
     void showAll();

@@ -7,6 +7,7 @@
 #include "gui/OrvGuiIF.h"
 #include "gui/framework/ComboBox.h"
 #include "gui/framework/Properties.h"
+#include "gui/framework/Switches.h"
 #include "gui/screens/system/ArrowButton.h"
 #include "gui/screens/system/ProgramNameComboBox.h"
 #include "gui/screens/system/RecordGauge.h"
@@ -40,7 +41,6 @@ constexpr int ARROW = 20;
 constexpr int FILE_BUTTON = 82;
 
 SelectType specific(int number) { return {.kind = SelectType::Kind::specific, .value = number}; }
-OnOffToggle onOrOff(bool on) { return {on ? OnOffToggle::State::on : OnOffToggle::State::off}; }
 }  // namespace
 
 template <class Control>
@@ -81,10 +81,10 @@ QPushButton* SystemPanel::addButton(const QString& label, const QRect& place, co
     return button;
 }
 
-QPushButton* SystemPanel::addSwitch(const QString& label, const QRect& place, const QString& name, const QString& help)
+QPushButton* SystemPanel::addSwitch(const QString& label, const QRect& place, const Switch& setting)
 {
-    auto* button = addButton(label, place, name, help);
-    button->setCheckable(true);
+    auto* button = addButton(label, place, {}, {});
+    makeSwitch(*button, setting, commands());
     return button;
 }
 
@@ -166,13 +166,8 @@ void SystemPanel::addOutput()
 
 void SystemPanel::addSwitches()
 {
-    thruButton = addSwitch(tr("MIDI THRU"), at(1, SWITCHES, LAST_BUTTONS - SPACE), tr("MIDI thru"),
-                           tr("MIDI thru: events received at the MIDI inputs are played, through the layers."));
-    connect(thruButton, &QPushButton::clicked, this,
-            [this](bool on) { commands().postChangeMidiThru(onOrOff(on), true); });
-    keyboardButton = addSwitch(tr("GLOBAL KEYS"), at(1, LAST_BUTTONS, END), tr("Global keyboard"), {});
-    connect(keyboardButton, &QPushButton::clicked, this,
-            [this](bool on) { commands().postChangeGlobalKeyboard(onOrOff(on), true); });
+    thruButton = addSwitch(tr("MIDI THRU"), at(1, SWITCHES, LAST_BUTTONS - SPACE), Switches::MIDI_THRU);
+    keyboardButton = addSwitch(tr("GLOBAL KEYS"), at(1, LAST_BUTTONS, END), Switches::GLOBAL_KEYBOARD);
 }
 
 void SystemPanel::addScreens()
@@ -183,9 +178,7 @@ void SystemPanel::addScreens()
 
 void SystemPanel::addRecord()
 {
-    recordButton = addSwitch(tr("RECORD"), at(2, SWITCHES, LAST_BUTTONS - SPACE), tr("Record"),
-                             tr("Record: keeps what you play, so that you can save it afterwards."));
-    connect(recordButton, &QPushButton::clicked, this, [this](bool on) { commands().postEnableRetroRecord(on); });
+    recordButton = addSwitch(tr("RECORD"), at(2, SWITCHES, LAST_BUTTONS - SPACE), Switches::RECORD);
     recordGauge = add(new RecordGauge(gui.getGdiManager(), this), at(3, SWITCHES, END), tr("Fill of the record"),
                       tr("Fill of the record in percent, of the output with the most events. When it is full, the "
                          "oldest tenth is deleted. Its size is set in the setup."));
