@@ -68,10 +68,11 @@ public:
     /// Closes the window if it is open. Nothing may be called after it.
     virtual void end() = 0;
 
-    /// Opens the window in its surroundings, with the screens that it showed when it was closed. False where there is
-    /// no QApplication, or the window is open.
+    /// Opens the window in the parent that the host provides, with the screens that it showed when it was closed. False
+    /// if there is no QApplication, or the window is open already.
     virtual bool create(ParentWindow& parent) = 0;
-    /// Closes it: keys that are down are released, and what was shown and where is kept. Nothing if it is closed.
+    /// Closes the window: keys that are down are released, and the screens and the position are stored. Ignored if it
+    /// is closed.
     virtual void destroy() = 0;
 
     /// The look; only while the window is open.
@@ -111,11 +112,11 @@ public:
     virtual void handleAlwaysOnTopChanged(bool on) = 0;
     virtual void handleUseSkinBorderChanged(bool on) = 0;
 
-    /// The presets of a section, by its place in `PresetSections::ALL`; `done` is whether its folder took the last
-    /// change.
+    /// The presets of a section, by its index in `PresetSections::ALL`; `done` is false if the last change of its
+    /// folder failed.
     virtual void handlePresetsChanged(std::size_t section, const Backend::PresetList& presets, bool done) = 0;
 
-    // The screens, one below the other; each is shown by itself. A screen within another shows that one too.
+    // The screens, one below the other; each is shown by itself. A screen inside another one shows that one, too.
     virtual void showScreen(Backend::Screen screen, bool on) = 0;
     virtual void toggleScreen(Backend::Screen screen) = 0;
     virtual bool isScreenShowing(Backend::Screen screen) const = 0;
@@ -165,7 +166,7 @@ public:
     /// Pop-up menus at the system panel.
     virtual void showProgramMenu() = 0;
     virtual void showDefaultMidiOutputMenu() = 0;
-    /// Opens the dialog of the settings and returns at once; one that is open comes to the front.
+    /// Opens the setup dialog, or brings it to the front, and returns at once.
     virtual void showSetupDialog() = 0;
 
     virtual void handleRetroRecordBufferSizeChanged(int bytes) = 0;
@@ -187,7 +188,7 @@ public:
     /// The text of the control's `Property::HELP`.
     virtual void displayHelp(const QWidget& control) = 0;
     virtual void displayHelp(const std::string& text) = 0;
-    /// The text of that number, see `HelpTexts.h`; nothing for one that is none.
+    /// The text with that number, see `HelpTexts.h`; an unknown number is ignored.
     virtual void displayHelp(int helpId) = 0;
 
     /// The position of the window with its frame on the desktop.

@@ -24,7 +24,7 @@ public:
     public:
         virtual ~Listener() = default;
         virtual void keyDown(const Key& key, bool isRepeat) = 0;
-        /// With the modifiers held at this moment.
+        /// `key` has the modifiers that are held at the release.
         virtual void keyUp(const Key& key) = 0;
         /// For the picture of the keyboard: a key goes down or up, also one for which `keyDown` or `keyUp` is not
         /// called.
@@ -34,8 +34,8 @@ public:
     explicit KeyPresses(Listener& keyListener) : listener(keyListener) {}
 
     /// `key` has the modifiers that are held; for a modifier key its own may be set or not. A key that is down already
-    /// repeats. A repeat of a key that is not down and a key without a code are ignored. Shift while another key is
-    /// held is part of a chord and not played.
+    /// repeats. A repeat of a key that is not down and a key without a code are ignored. Shift while a key other than
+    /// Shift and Control is held belongs to a chord and is not played.
     void press(Source source, const Key& key, bool isRepeat = false);
     /// Ignored for a key that this source did not press. The release of the left Windows key goes to `showKey` only:
     /// desktops open their menu with it.
