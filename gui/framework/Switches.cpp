@@ -2,7 +2,7 @@
 
 #include <QAbstractButton>
 
-#include "backend/core/OrvMessageManager.h"
+#include "api/OrvMessageManager.h"
 #include "backend/files/RegistrySettings.h"
 #include "gui/framework/Properties.h"
 

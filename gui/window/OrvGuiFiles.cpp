@@ -1,5 +1,5 @@
 // Files and presets: their dialogs, and the changes that the backend makes to files.
-#include "backend/core/OrvMessageManager.h"
+#include "api/OrvMessageManager.h"
 #include "backend/files/FileName.h"
 #include "gui/files/FileCommands.h"
 #include "gui/framework/Question.h"

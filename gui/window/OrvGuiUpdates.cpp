@@ -1,6 +1,6 @@
 // The changes that the backend reports: each is kept in the window's copy and shown where it is on show.
-#include "backend/core/OrvIF.h"
-#include "backend/core/OrvMessageManager.h"
+#include "api/OrvIF.h"
+#include "api/OrvMessageManager.h"
 #include "gui/ParentWindow.h"
 #include "gui/framework/FileNames.h"
 #include "gui/framework/Question.h"
