@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cstdlib>
 
-#include "host/InputError.h"
-#include "host/LastPulse.h"
+#include "host/common/InputError.h"
+#include "host/common/LastPulse.h"
 #include "host/midifile/MidiFileReader.h"
 #include "host/midifile/MidiFileWriter.h"
 

@@ -3,8 +3,8 @@
 #include <cstdlib>
 
 #include "backend/bindings/functions/FunctionText.h"
-#include "host/InputError.h"
-#include "host/LastPulse.h"
+#include "host/common/InputError.h"
+#include "host/common/LastPulse.h"
 #include "host/performance/PerformanceFile.h"
 #include "platform/Utf8.h"
 

@@ -2,7 +2,7 @@
 #include <cstdint>
 #include <cstdlib>
 
-#include "host/run/TerminalKeyParser.h"
+#include "host/terminal/TerminalKeyParser.h"
 
 namespace
 {

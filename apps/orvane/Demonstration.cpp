@@ -2,7 +2,7 @@
 
 #include <iostream>
 
-#include "host/Installer.h"
+#include "host/common/Installer.h"
 #include "host/render/Render.h"
 
 int renderDemonstration()

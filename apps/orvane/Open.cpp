@@ -2,7 +2,7 @@
 
 #include "apps/orvane/Demonstration.h"
 #include "host/run/Run.h"
-#include "host/run/Tell.h"
+#include "host/common/Report.h"
 #include "host/session/Session.h"
 #include "host/window/FindDesktop.h"
 #include "host/window/RunWithWindow.h"

@@ -4,7 +4,7 @@
 #include <limits>
 #include <memory>
 
-#include "host/InputError.h"
+#include "host/common/InputError.h"
 #include "host/render/Render.h"
 
 void addRenderCommand(CLI::App& program)

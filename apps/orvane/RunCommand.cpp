@@ -1,6 +1,6 @@
 #include "apps/orvane/RunCommand.h"
 
-#include "host/run/Tell.h"
+#include "host/common/Report.h"
 #include "host/session/Session.h"
 
 void addRunOptions(CLI::App& command, Host::RunOptions& options)

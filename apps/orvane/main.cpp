@@ -7,7 +7,7 @@
 #include "apps/orvane/PortsCommand.h"
 #include "apps/orvane/RenderCommand.h"
 #include "apps/orvane/RunCommand.h"
-#include "host/InputError.h"
+#include "host/common/InputError.h"
 
 namespace
 {

@@ -2,7 +2,7 @@
 
 #include <jack/metadata.h>
 
-#include "host/InputError.h"
+#include "host/common/InputError.h"
 
 namespace Host
 {

@@ -5,7 +5,7 @@
 #include <span>
 #include <string>
 
-#include "host/InputError.h"
+#include "host/common/InputError.h"
 
 namespace Host
 {

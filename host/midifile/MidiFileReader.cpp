@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <utility>
 
-#include "host/LastPulse.h"
-#include "host/WholeFile.h"
+#include "host/common/LastPulse.h"
+#include "host/common/WholeFile.h"
 #include "host/midifile/TrackReader.h"
 
 namespace Host

@@ -8,8 +8,8 @@
 #include "backend/bindings/functions/FunctionText.h"
 #include "backend/model/JoyAxisElementId.h"
 #include "backend/model/JoyButtonElementId.h"
-#include "host/InputError.h"
-#include "host/SetupFile.h"
+#include "host/common/InputError.h"
+#include "host/common/SetupFile.h"
 
 namespace Host
 {

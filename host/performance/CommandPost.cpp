@@ -2,7 +2,7 @@
 
 #include "api/OrvMessageManager.h"
 #include "backend/recorder/RetroRecordManager.h"
-#include "host/SetupFile.h"
+#include "host/common/SetupFile.h"
 
 namespace Host
 {

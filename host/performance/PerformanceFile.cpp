@@ -5,9 +5,9 @@
 #include <cstdint>
 #include <iterator>
 
-#include "host/InputError.h"
-#include "host/LastPulse.h"
-#include "host/WholeFile.h"
+#include "host/common/InputError.h"
+#include "host/common/LastPulse.h"
+#include "host/common/WholeFile.h"
 #include "host/performance/CommandParser.h"
 #include "host/performance/PerformanceLine.h"
 

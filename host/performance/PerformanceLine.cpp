@@ -4,7 +4,7 @@
 #include <charconv>
 #include <utility>
 
-#include "host/InputError.h"
+#include "host/common/InputError.h"
 #include "platform/Utf8.h"
 
 namespace Host

@@ -7,12 +7,9 @@
 
 #include "api/OrvFactory.h"
 #include "api/OrvMessageManager.h"
-#include "backend/display/DisplayListener.h"
-#include "backend/display/DisplayMessageManager.h"
 #include "backend/engine/MidiEngine.h"
-#include "backend/messages/GuiMessages.h"
 #include "backend/model/Program.h"
-#include "host/SetupFile.h"
+#include "host/common/SetupFile.h"
 #include "host/performance/CommandPost.h"
 #include "platform/Thread.h"
 

@@ -4,8 +4,8 @@
 #include <system_error>
 
 #include "backend/files/OrvUtils.h"
-#include "host/InputError.h"
-#include "host/Installer.h"
+#include "host/common/InputError.h"
+#include "host/common/Installer.h"
 #include "host/render/SettingChoice.h"
 #include "platform/Folders.h"
 #include "platform/Path.h"

@@ -2,9 +2,9 @@
 
 #include <iostream>
 
-#include "host/InputError.h"
-#include "host/SetupFile.h"
-#include "host/WholeFile.h"
+#include "host/common/InputError.h"
+#include "host/common/SetupFile.h"
+#include "host/common/WholeFile.h"
 #include "host/midifile/MidiFileWriter.h"
 #include "host/performance/PerformanceFile.h"
 #include "host/render/EventList.h"

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "backend/files/RegistrySettings.h"
-#include "host/InputError.h"
+#include "host/common/InputError.h"
 
 namespace Host
 {

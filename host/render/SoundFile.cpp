@@ -8,7 +8,7 @@
 #include <memory>
 #include <string_view>
 
-#include "host/InputError.h"
+#include "host/common/InputError.h"
 #include "host/midi/ShortMessage.h"
 #include "host/render/TempoMap.h"
 #include "host/synthesizer/SoundFont.h"

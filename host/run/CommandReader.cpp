@@ -7,7 +7,7 @@
 #include <array>
 #include <cerrno>
 
-#include "host/InputError.h"
+#include "host/common/InputError.h"
 #include "host/performance/CommandParser.h"
 
 namespace Host

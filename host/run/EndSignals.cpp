@@ -5,7 +5,7 @@
 #include <atomic>
 #include <csignal>
 
-#include "host/run/RawTerminal.h"
+#include "host/terminal/RawTerminal.h"
 
 namespace Host
 {

@@ -10,8 +10,8 @@
 #include "host/run/EndSignals.h"
 #include "host/run/LivePlay.h"
 #include "host/run/RunOptions.h"
-#include "host/run/StatusLine.h"
-#include "host/run/Tell.h"
+#include "host/terminal/StatusLine.h"
+#include "host/common/Report.h"
 #include "host/system/MidiSystem.h"
 
 namespace Host

@@ -6,7 +6,7 @@
 #include <string>
 
 #include "api/OrvIF.h"
-#include "host/SetupFile.h"
+#include "host/common/SetupFile.h"
 #include "host/clock/Clock.h"
 #include "host/clock/ClockLinks.h"
 #include "host/clock/Slices.h"
@@ -15,7 +15,7 @@
 #include "host/ports/PortMemory.h"
 #include "host/ports/Ports.h"
 #include "host/run/LiveWindow.h"
-#include "host/run/StatusLine.h"
+#include "host/terminal/StatusLine.h"
 #include "host/system/MidiSystem.h"
 
 namespace Host

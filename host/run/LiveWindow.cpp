@@ -6,7 +6,7 @@
 
 #include "backend/messages/GuiMessages.h"
 #include "backend/recorder/RetroRecordManager.h"
-#include "host/run/StatusLine.h"
+#include "host/terminal/StatusLine.h"
 
 namespace Host
 {

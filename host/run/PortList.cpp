@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <charconv>
 
-#include "host/InputError.h"
+#include "host/common/InputError.h"
 
 namespace Host
 {

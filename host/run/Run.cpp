@@ -10,8 +10,8 @@
 #include "host/run/CommandReader.h"
 #include "host/run/LiveHost.h"
 #include "host/run/PortList.h"
-#include "host/run/RawTerminal.h"
-#include "host/run/TerminalKeyboard.h"
+#include "host/terminal/RawTerminal.h"
+#include "host/terminal/TerminalKeyboard.h"
 
 namespace Host
 {

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "backend/files/Bank.h"
-#include "host/InputError.h"
+#include "host/common/InputError.h"
 #include "host/jack/JackClient.h"
 
 namespace Host

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "host/SetupFile.h"
+#include "host/common/SetupFile.h"
 
 namespace Host
 {

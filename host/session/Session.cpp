@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "host/InputError.h"
+#include "host/common/InputError.h"
 
 namespace Host
 {

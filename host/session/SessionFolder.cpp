@@ -4,8 +4,8 @@
 
 #include "backend/files/Bank.h"
 #include "backend/files/OrvUtils.h"
-#include "host/InputError.h"
-#include "host/WholeFile.h"
+#include "host/common/InputError.h"
+#include "host/common/WholeFile.h"
 #include "host/run/RunOptions.h"
 #include "platform/FolderCopy.h"
 #include "platform/Folders.h"

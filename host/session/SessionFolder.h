@@ -4,8 +4,8 @@
 #include <string>
 
 #include "api/HostState.h"
-#include "host/SetupFile.h"
-#include "host/run/Tell.h"
+#include "host/common/Report.h"
+#include "host/common/SetupFile.h"
 
 namespace Host
 {

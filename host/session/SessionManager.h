@@ -5,7 +5,7 @@
 #include <memory>
 #include <string>
 
-#include "host/run/Tell.h"
+#include "host/common/Report.h"
 
 namespace Host
 {

@@ -10,7 +10,7 @@
 #include "host/window/DesktopWindow.h"
 #include "host/window/HelpLine.h"
 #include "host/window/PlayThread.h"
-#include "host/window/WindowDoor.h"
+#include "host/window/SingleInstance.h"
 
 namespace Host
 {

@@ -3,7 +3,7 @@
 #include <functional>
 #include <string>
 
-#include "host/InputError.h"
+#include "host/common/InputError.h"
 #include "tests/stage/TemporaryFolder.h"
 
 namespace Host::Testing

@@ -1,4 +1,4 @@
-#include "host/Installer.h"
+#include "host/common/Installer.h"
 
 #include <gtest/gtest.h>
 

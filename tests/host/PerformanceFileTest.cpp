@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "host/WholeFile.h"
+#include "host/common/WholeFile.h"
 #include "host/performance/CommandParser.h"
 #include "tests/host/HostTesting.h"
 #include "tests/host/MidiFileBytes.h"

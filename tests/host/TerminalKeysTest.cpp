@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "host/run/HeldKey.h"
-#include "host/run/TerminalKeyParser.h"
+#include "host/terminal/HeldKey.h"
+#include "host/terminal/TerminalKeyParser.h"
 
 namespace Host
 {

@@ -1,4 +1,4 @@
-#include "host/WholeFile.h"
+#include "host/common/WholeFile.h"
 
 #include <sys/resource.h>
 #include <sys/stat.h>

@@ -1,4 +1,4 @@
-#include "host/run/TerminalKeyCodes.h"
+#include "host/terminal/TerminalKeyCodes.h"
 
 #include <algorithm>
 #include <charconv>

@@ -1,8 +1,8 @@
-#include "host/run/Tell.h"
+#include "host/common/Report.h"
 
 #include <iostream>
 
-#include "host/run/StatusLine.h"
+#include "host/terminal/StatusLine.h"
 
 namespace Host
 {

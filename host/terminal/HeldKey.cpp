@@ -1,4 +1,4 @@
-#include "host/run/HeldKey.h"
+#include "host/terminal/HeldKey.h"
 
 namespace Host
 {

@@ -1,8 +1,8 @@
-#include "host/run/TerminalKeyParser.h"
+#include "host/terminal/TerminalKeyParser.h"
 
 #include <utility>
 
-#include "host/run/TerminalKeyCodes.h"
+#include "host/terminal/TerminalKeyCodes.h"
 
 namespace Host
 {

@@ -1,4 +1,4 @@
-#include "host/run/StatusLine.h"
+#include "host/terminal/StatusLine.h"
 
 #include <sys/ioctl.h>
 #include <unistd.h>

@@ -1,4 +1,4 @@
-#include "host/run/RawTerminal.h"
+#include "host/terminal/RawTerminal.h"
 
 #include <termios.h>
 #include <unistd.h>
@@ -8,7 +8,7 @@
 #include <csignal>
 #include <iterator>
 
-#include "host/InputError.h"
+#include "host/common/InputError.h"
 
 namespace Host
 {

@@ -1,8 +1,8 @@
-#include "host/SetupFile.h"
+#include "host/common/SetupFile.h"
 
 #include "backend/files/Bank.h"
-#include "host/InputError.h"
-#include "host/WholeFile.h"
+#include "host/common/InputError.h"
+#include "host/common/WholeFile.h"
 
 namespace Host
 {

@@ -1,4 +1,4 @@
-#include "host/window/WindowDoor.h"
+#include "host/window/SingleInstance.h"
 
 #include <gtest/gtest.h>
 

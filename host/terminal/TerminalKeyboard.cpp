@@ -1,4 +1,4 @@
-#include "host/run/TerminalKeyboard.h"
+#include "host/terminal/TerminalKeyboard.h"
 
 #include <poll.h>
 #include <sys/eventfd.h>

@@ -5,8 +5,8 @@
 #include <optional>
 
 #include "host/performance/PerformanceCommand.h"
-#include "host/run/HeldKey.h"
-#include "host/run/TerminalKeyParser.h"
+#include "host/terminal/HeldKey.h"
+#include "host/terminal/TerminalKeyParser.h"
 #include "platform/Thread.h"
 
 namespace Host

@@ -1,4 +1,4 @@
-#include "host/WholeFile.h"
+#include "host/common/WholeFile.h"
 
 #include <algorithm>
 #include <cctype>
@@ -6,7 +6,7 @@
 #include <system_error>
 #include <utility>
 
-#include "host/InputError.h"
+#include "host/common/InputError.h"
 
 namespace Host
 {
