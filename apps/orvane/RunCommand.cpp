@@ -42,7 +42,7 @@ void addRunCommand(CLI::App& program, Host::RunOptions& options, int& exitStatus
     addRunOptions(*command, options);
     command->add_flag("--keys", options.keys, "Play from the keys of this terminal; no commands are read then");
     command->callback([&] {
-        const auto session = Host::Session::join(options, Host::tellOnStandardError);
+        const auto session = Host::Session::join(options, Host::reportOnStandardError);
         exitStatus = Host::run(options);
     });
 }

@@ -22,7 +22,7 @@ int complain(std::string line, int exitStatus)
 }
 
 /// Carries out what the command line asks for; returns the exit status.
-int carryOut(int argc, char** argv)
+int execute(int argc, char** argv)
 {
     CLI::App program("Orvane plays MIDI live: from keyboards and keys through layers to outputs.", "orvane");
     program.set_version_flag("--version", Host::VERSION);
@@ -44,7 +44,7 @@ int carryOut(int argc, char** argv)
 int main(int argc, char** argv)
 {
     try {
-        return carryOut(argc, argv);
+        return execute(argc, argv);
     } catch (const Host::InputError& error) {
         return complain(error.what(), WRONG_INPUT);
     } catch (const CLI::ParseError& error) {

@@ -6,8 +6,8 @@
 namespace Host
 {
 /// Takes a line for the user. Any thread.
-using Tell = std::function<void(const std::string&)>;
+using Report = std::function<void(const std::string&)>;
 
 /// On standard error, behind the program's name.
-void tellOnStandardError(const std::string& line);
+void reportOnStandardError(const std::string& line);
 }  // namespace Host

@@ -24,7 +24,7 @@ constexpr std::int32_t FIRST_PULSE = Backend::MidiEngine::MidiEngine::FIRST_PULS
 constexpr std::size_t ROOM_FOR_EVENTS = 1024;
 
 /// Takes the display's text when it is sent.
-struct TextTaker final : Backend::Display::DisplayListener {
+struct TextReceiver final : Backend::Display::DisplayListener {
     std::string text;
     void addText(const char*) override {}
     void setText(const char* whole) override { text = whole; }
@@ -43,7 +43,7 @@ OfflineLoop::OfflineLoop(const Settings& wanted)
     : settings(wanted),
       home(wanted.data, wanted.choices),
       window(std::make_shared<MessageQueue>(ROOM_FOR_EVENTS)),
-      orv(Backend::OrvFactory::createOrv(PrivateHome::APPLICATION, player, false)),
+      orv(Backend::OrvFactory::createOrv(RenderFolders::APPLICATION, player, false)),
       outputPorts(makePorts<Backend::MidiEngine::MidiOutputPorts>("Out", wanted.outputs))
 {
     if (!orv) throw std::bad_alloc();
@@ -110,11 +110,11 @@ void OfflineLoop::rest(std::int32_t ppq)
             playSlice(ppq, 0);
             while (!orv->isAtRest()) std::this_thread::yield();
         }
-    } while (answerEnabledOutputs() || answerWindow());
+    } while (applyEnabledOutputs() || processWindowMessages());
 }
 
 /// The refreshed list for what the user enabled or disabled; false if there was nothing of that.
-bool OfflineLoop::answerEnabledOutputs()
+bool OfflineLoop::applyEnabledOutputs()
 {
     const auto wishes = player.takeEnabledOutputs();
     for (const auto& [port, enabled] : wishes)
@@ -125,7 +125,7 @@ bool OfflineLoop::answerEnabledOutputs()
 }
 
 /// What a window does with what it is told; false if it was told nothing.
-bool OfflineLoop::answerWindow()
+bool OfflineLoop::processWindowMessages()
 {
     bool any = false;
     while (window->handleNext([&](Message& message) {
@@ -141,7 +141,7 @@ bool OfflineLoop::answerWindow()
 std::string OfflineLoop::getDisplayText()
 {
     auto& display = orv->getDisplayMessageManager();
-    TextTaker taker;
+    TextReceiver taker;
     display.setListener(&taker);
     display.postResendText();
     display.setListener(nullptr);

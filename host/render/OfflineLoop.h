@@ -10,7 +10,7 @@
 #include "api/OrvIF.h"
 #include "backend/recorder/RetroRecordManager.h"
 #include "host/performance/PerformanceCommand.h"
-#include "host/render/PrivateHome.h"
+#include "host/render/RenderFolders.h"
 #include "host/render/RenderPlayer.h"
 
 namespace Host
@@ -61,11 +61,11 @@ private:
     void playSlice(std::int32_t ppq, std::int32_t length);
     void rest(std::int32_t ppq);
     void resetIn(std::int32_t ppq);
-    bool answerEnabledOutputs();
-    bool answerWindow();
+    bool applyEnabledOutputs();
+    bool processWindowMessages();
 
     const Settings settings;
-    PrivateHome home;
+    RenderFolders home;
     RenderPlayer player;
     std::shared_ptr<MessageQueue> window;  // stands in for one
     Backend::RetroRecord::SaveReport savedRecords;

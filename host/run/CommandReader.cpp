@@ -18,10 +18,10 @@ namespace
 constexpr std::size_t LONGEST_LINE = 65536;
 }  // namespace
 
-CommandReader::CommandReader(int from, std::string inputName, CarryOut carryOutCommand, Complain complainOfLine)
+CommandReader::CommandReader(int from, std::string inputName, Execute executeCommand, Complain complainOfLine)
     : input(from),
       name(std::move(inputName)),
-      carryOut(std::move(carryOutCommand)),
+      execute(std::move(executeCommand)),
       complain(std::move(complainOfLine)),
       stopEvent(eventfd(0, EFD_CLOEXEC))
 {
@@ -71,7 +71,7 @@ void CommandReader::takeLine()
     const std::string where = name + ":" + std::to_string(++lineNumber);
     try {
         if (line.size() > LONGEST_LINE) throw InputError(where + ": the line is too long");
-        if (const auto command = parseCommand(line, where)) carryOut(*command);
+        if (const auto command = parseCommand(line, where)) execute(*command);
     } catch (const InputError& error) {
         complain(error.what());
     }

@@ -15,11 +15,11 @@ namespace Host
 class CommandReader
 {
 public:
-    using CarryOut = std::function<void(const Command&)>;
+    using Execute = std::function<void(const Command&)>;
     using Complain = std::function<void(const std::string&)>;
 
     /// `name` stands before the line number in complaints: "standard input:3: ...".
-    CommandReader(int input, std::string name, CarryOut carryOutCommand, Complain complainOfLine);
+    CommandReader(int input, std::string name, Execute executeCommand, Complain complainOfLine);
 
     /// Waits until a command that is being carried out is done; what has not been read is left.
     ~CommandReader();
@@ -35,7 +35,7 @@ private:
 
     const int input;
     const std::string name;
-    const CarryOut carryOut;
+    const Execute execute;
     const Complain complain;
     int stopEvent;
 

@@ -15,8 +15,8 @@ constexpr int ENDING[] = {SIGINT, SIGTERM, SIGHUP};
 constexpr int IGNORED[] = {SIGPIPE, SIGTTIN};
 constexpr int STATUS_OF_A_SIGNAL = 128;
 
-std::atomic<bool> endWanted{false};
-std::atomic<bool> saveWanted{false};
+std::atomic<bool> endRequested{false};
+std::atomic<bool> saveRequested{false};
 std::atomic<Event*> eventToSet{nullptr};
 
 void setEvent()
@@ -26,7 +26,7 @@ void setEvent()
 
 extern "C" void orvaneEndSignal(int signal)
 {
-    if (endWanted.exchange(true)) {
+    if (endRequested.exchange(true)) {
         RawTerminal::restoreNow();
         _exit(STATUS_OF_A_SIGNAL + signal);
     }
@@ -35,7 +35,7 @@ extern "C" void orvaneEndSignal(int signal)
 
 extern "C" void orvaneSaveSignal(int)
 {
-    saveWanted.store(true);
+    saveRequested.store(true);
     setEvent();
 }
 
@@ -67,7 +67,7 @@ EndSignals::EndSignals(Event& event)
 
 EndSignals::~EndSignals() { eventToSet.store(nullptr); }
 
-bool EndSignals::isEndWanted() const { return endWanted.load(); }
+bool EndSignals::isEndRequested() const { return endRequested.load(); }
 
-bool EndSignals::takeSaveWish() { return saveWanted.exchange(false); }
+bool EndSignals::takeSaveRequest() { return saveRequested.exchange(false); }
 }  // namespace Host

@@ -19,9 +19,9 @@ public:
     EndSignals(const EndSignals&) = delete;
     EndSignals& operator=(const EndSignals&) = delete;
 
-    bool isEndWanted() const;
+    bool isEndRequested() const;
 
     /// Whether the record was asked for since the last call.
-    bool takeSaveWish();
+    bool takeSaveRequest();
 };
 }  // namespace Host

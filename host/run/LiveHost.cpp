@@ -31,42 +31,43 @@ std::string recordStem()
 }
 
 /// Empty if it is not.
-std::string whySilent(const Port& port)
+std::string whyUnusable(const Port& port)
 {
     if (!port.found) return "\"" + port.name + "\" is not there";
     return port.couldNotOpen ? "\"" + port.name + "\" could not be opened" : "";
 }
 
-void tellLosses(const Ports& ports, const Tell& tell)
+void reportLosses(const Ports& ports, const Report& report)
 {
     for (const auto& port : ports.outputs())
         if (port->lossCount() > 0)
-            tell(port->name + ": " + std::to_string(port->lossCount()) + " messages were lost, the port was too slow");
+            report(port->name + ": " + std::to_string(port->lossCount()) +
+                   " messages were lost, the port was too slow");
 }
 }  // namespace
 
-LiveHost::LiveHost(const RunOptions& runOptions, EndSignals& endSignals, Event& wakeUp, Tell tellUser)
+LiveHost::LiveHost(const RunOptions& runOptions, EndSignals& endSignals, Event& wakeUp, Report reportLine)
     : options(runOptions),
       signals(endSignals),
       event(wakeUp),
-      tell(std::move(tellUser)),
-      memory(Backend::OrvUtils::getOrvAppDataDir(), tell)
+      report(std::move(reportLine)),
+      memory(Backend::OrvUtils::getOrvAppDataDir(), report)
 {
     memory.recall(ports, SYNTHESIZER_NAME);
     system = openMidiSystem(options.client, ports, event);
-    for (const std::string& line : system->takeNews()) tell(line);
+    for (const std::string& line : system->takeNews()) report(line);
 }
 
-bool LiveHost::isAnythingHeard() const { return system->name() != "none" || !ports.outputs()[0]->couldNotOpen; }
+bool LiveHost::hasOutput() const { return system->name() != "none" || !ports.outputs()[0]->couldNotOpen; }
 
 void LiveHost::start()
 {
     const int defaultOutput = options.defaultOutput ? findOutput(ports.outputList(), *options.defaultOutput) : -1;
     const ClockLinks clocks = findClocks();
-    tellSilentClocks(clocks);
+    reportUnusableClockPorts(clocks);
     if (options.transport) followTransport();
     join();  // first: who is to hear the clock hears its start
-    play = std::make_unique<LivePlay>(*system, ports, memory, event, tell, options.setup, clocks);
+    play = std::make_unique<LivePlay>(*system, ports, memory, event, report, options.setup, clocks);
     if (defaultOutput >= 0) setDefaultOutput(defaultOutput);
     if (options.tempo) play->getOrv().getOrvMessageManager().postChangeTempo({false, *options.tempo}, true);
     if (options.session != nullptr) options.session->begin(event);
@@ -83,10 +84,10 @@ ClockLinks LiveHost::findClocks() const
     return links;
 }
 
-void LiveHost::tellSilentClocks(const ClockLinks& links) const
+void LiveHost::reportUnusableClockPorts(const ClockLinks& links) const
 {
     const auto check = [this](const Port& port, const char* option) {
-        if (const std::string reason = whySilent(port); !reason.empty()) tell(option + (": " + reason));
+        if (const std::string reason = whyUnusable(port); !reason.empty()) report(option + (": " + reason));
     };
     if (links.in >= 0) check(*ports.inputs()[static_cast<std::size_t>(links.in)], "--clock-in");
     if (links.out >= 0) check(*ports.outputs()[static_cast<std::size_t>(links.out)], "--clock-out");
@@ -94,14 +95,14 @@ void LiveHost::tellSilentClocks(const ClockLinks& links) const
 
 void LiveHost::followTransport()
 {
-    if (!system->followTransport()) tell("--transport: there is no JACK server, so no transport to follow");
+    if (!system->followTransport()) report("--transport: there is no JACK server, so no transport to follow");
 }
 
 void LiveHost::setDefaultOutput(int output)
 {
     const OutputPort& port = *ports.outputs()[static_cast<std::size_t>(output)];
-    if (const std::string reason = whySilent(port); !reason.empty())
-        tell("--default-output: " + reason + "; the default output stays as it is");
+    if (const std::string reason = whyUnusable(port); !reason.empty())
+        report("--default-output: " + reason + "; the default output stays as it is");
     else
         play->getOrv().getOrvMessageManager().postChangeDefaultMidiOutput({SelectType::Kind::specific, output});
 }
@@ -111,18 +112,18 @@ void LiveHost::join()
     for (const auto& [from, to] : parseConnections(options.connections)) try {
             system->connect(from, to);
         } catch (const std::runtime_error& reason) {
-            tell("--connect " + from + "=" + to + ": " + reason.what());
+            report("--connect " + from + "=" + to + ": " + reason.what());
         }
 }
 
 void LiveHost::showDisplay() { play->showDisplay(); }
 
-void LiveHost::playUntil(const std::function<bool()>& isEndWanted)
+void LiveHost::playUntil(const std::function<bool()>& isEndRequested)
 {
-    while (!isEndWanted()) {
+    while (!isEndRequested()) {
         event.waitFor(LOOK_AROUND);
         play->updateDisplay();
-        if (signals.takeSaveWish()) play->saveRecord(recordStem());
+        if (signals.takeSaveRequest()) play->saveRecord(recordStem());
         if (options.session != nullptr) options.session->serve(play->getOrv().getOrvMessageManager());
         play->serve();
         showStatus();
@@ -142,6 +143,6 @@ void LiveHost::end()
         const auto load = play->wholeLoad();
         status->show("In all " + std::to_string(load.slices) + " slices, " + describeLoad(load));
     }
-    tellLosses(ports, tell);
+    reportLosses(ports, report);
 }
 }  // namespace Host

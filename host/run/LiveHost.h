@@ -5,14 +5,14 @@
 #include <string>
 #include <vector>
 
+#include "host/common/Report.h"
 #include "host/ports/PortMemory.h"
 #include "host/ports/Ports.h"
 #include "host/run/EndSignals.h"
 #include "host/run/LivePlay.h"
 #include "host/run/RunOptions.h"
-#include "host/terminal/StatusLine.h"
-#include "host/common/Report.h"
 #include "host/system/MidiSystem.h"
+#include "host/terminal/StatusLine.h"
 
 namespace Host
 {
@@ -24,12 +24,12 @@ class LiveHost
 public:
     /// Opens the devices and tells what is missing. The options were checked. `wakeUp` wakes the control thread; it and
     /// the signals outlive this.
-    LiveHost(const RunOptions& runOptions, EndSignals& endSignals, Event& wakeUp, Tell tellUser);
+    LiveHost(const RunOptions& runOptions, EndSignals& endSignals, Event& wakeUp, Report reportLine);
 
     LiveHost(const LiveHost&) = delete;
     LiveHost& operator=(const LiveHost&) = delete;
 
-    bool isAnythingHeard() const;
+    bool hasOutput() const;
 
     /// From here it plays. Throws InputError if there is no such port as the options name.
     void start();
@@ -44,8 +44,8 @@ public:
     void showDisplay();
 
     /// Serves the ports, shows the status if that was asked for, and saves the record when a signal asks for it, until
-    /// `isEndWanted`, which is asked several times a second and whenever the event is set.
-    void playUntil(const std::function<bool()>& isEndWanted);
+    /// `isEndRequested`, which is asked several times a second and whenever the event is set.
+    void playUntil(const std::function<bool()>& isEndRequested);
 
     /// Ends with every note off and tells what was lost, and what the slices cost beside the status. The backend stays,
     /// at rest, as long as this.
@@ -53,7 +53,7 @@ public:
 
 private:
     ClockLinks findClocks() const;
-    void tellSilentClocks(const ClockLinks& links) const;
+    void reportUnusableClockPorts(const ClockLinks& links) const;
     void followTransport();
     void setDefaultOutput(int output);
     void join();
@@ -62,7 +62,7 @@ private:
     const RunOptions options;
     EndSignals& signals;
     Event& event;
-    const Tell tell;
+    const Report report;
     Ports ports;
     PortMemory memory;
     std::unique_ptr<MidiSystem> system;

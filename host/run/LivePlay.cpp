@@ -34,18 +34,18 @@ std::unique_ptr<Backend::OrvIF> createOrv(Player& player)
 }
 }  // namespace
 
-LivePlay::LivePlay(MidiSystem& midiSystem, Ports& allPorts, PortMemory& portMemory, Event& wishes, Tell tellUser,
+LivePlay::LivePlay(MidiSystem& midiSystem, Ports& allPorts, PortMemory& portMemory, Event& wishes, Report reportLine,
                    const Setup& setup, const ClockLinks& links)
     : system(midiSystem),
       ports(allPorts),
       player(ports, wishes),
-      window(tellUser),
+      window(reportLine),
       orv(createOrv(player)),
       slices([backend = orv.get()](std::int32_t from, std::int32_t to) { backend->playTimeSlice(from, to); },
              [backend = orv.get()] { backend->getMidiEngineMessageManager().sendReset(); }),
       clock(slices, player, [this] { system.deliver(); }),
       memory(portMemory),
-      tell(std::move(tellUser))
+      report(std::move(reportLine))
 {
     start(setup, links);
 }
@@ -80,7 +80,7 @@ void LivePlay::start(const Setup& setup, const ClockLinks& links)
 
 // --- commands
 
-void LivePlay::carryOut(const Command& command) { post(*orv, command, window.getHandle()); }
+void LivePlay::execute(const Command& command) { post(*orv, command, window.getHandle()); }
 
 void LivePlay::saveRecord(const std::string& stem) { orv->getRetroRecordManager().save(stem, window.getHandle()); }
 
@@ -108,8 +108,8 @@ void LivePlay::serve()
     serveTempo();
     releaseCutInputs();
     if (changed) publishPorts();
-    tellNews();
-    tellFloods();
+    reportNews();
+    reportFloods();
 }
 
 // The backend releases what an input holds that is not found.
@@ -130,16 +130,16 @@ void LivePlay::publishPorts()
     keepChoices();
 }
 
-void LivePlay::tellNews()
+void LivePlay::reportNews()
 {
-    for (const std::string& line : system.takeNews()) tell(line);
-    if (ports.leftOut() > toldLeftOut)
-        tell("There are more MIDI ports than the " + std::to_string(Ports::MOST) + " that can be used each way; " +
-             std::to_string(ports.leftOut()) + " are left out.");
-    toldLeftOut = ports.leftOut();
+    for (const std::string& line : system.takeNews()) report(line);
+    if (ports.leftOut() > reportedLeftOut)
+        report("There are more MIDI ports than the " + std::to_string(Ports::MOST) + " that can be used each way; " +
+               std::to_string(ports.leftOut()) + " are left out.");
+    reportedLeftOut = ports.leftOut();
 }
 
-void LivePlay::tellFloods()
+void LivePlay::reportFloods()
 {
     const auto now = std::chrono::steady_clock::now();
     for (std::size_t index = 0; index < ports.inputs().size(); ++index) {
@@ -149,8 +149,8 @@ void LivePlay::tellFloods()
         const bool wasTold = flood.told.time_since_epoch().count() != 0 && now - flood.told < PAUSE_BETWEEN_WARNINGS;
         if (!floodsNow || wasTold) continue;
         flood.told = now;
-        tell("\"" + ports.inputs()[index]->name + "\": more than " + std::to_string(EventLimit::PER_SECOND) +
-             " events a second; what goes beyond is left out. Is an output wired to it?");
+        report("\"" + ports.inputs()[index]->name + "\": more than " + std::to_string(EventLimit::PER_SECOND) +
+               " events a second; what goes beyond is left out. Is an output wired to it?");
     }
 }
 

@@ -6,17 +6,17 @@
 #include <string>
 
 #include "api/OrvIF.h"
-#include "host/common/SetupFile.h"
 #include "host/clock/Clock.h"
 #include "host/clock/ClockLinks.h"
 #include "host/clock/Slices.h"
+#include "host/common/SetupFile.h"
 #include "host/performance/PerformanceCommand.h"
 #include "host/player/Player.h"
 #include "host/ports/PortMemory.h"
 #include "host/ports/Ports.h"
 #include "host/run/LiveWindow.h"
-#include "host/terminal/StatusLine.h"
 #include "host/system/MidiSystem.h"
+#include "host/terminal/StatusLine.h"
 
 namespace Host
 {
@@ -28,7 +28,7 @@ class LivePlay
 public:
     /// All must outlive this. `wishes` is set whenever `serve` has something to do. `tell` gets lines for the user, on
     /// any thread. The files of `setup` can be loaded. New ports are entered into `portMemory`. Throws std::bad_alloc.
-    LivePlay(MidiSystem& midiSystem, Ports& allPorts, PortMemory& portMemory, Event& wishes, Tell tellUser,
+    LivePlay(MidiSystem& midiSystem, Ports& allPorts, PortMemory& portMemory, Event& wishes, Report reportLine,
              const Setup& setup, const ClockLinks& links);
 
     /// Ends first if that has not been done.
@@ -40,7 +40,7 @@ public:
     Backend::OrvIF& getOrv() { return *orv; }
 
     /// Carries a command of a performance out. Any thread.
-    void carryOut(const Command& command);
+    void execute(const Command& command);
 
     /// Saves the retrospective record under that file stem and tells the user what became of it. Any thread.
     void saveRecord(const std::string& stem);
@@ -69,8 +69,8 @@ private:
     void takeChoices();
     void keepChoices();
     void publishPorts();
-    void tellNews();
-    void tellFloods();
+    void reportNews();
+    void reportFloods();
     void releaseCutInputs();
     std::string describeRealTime() const;
     void serveInputs();
@@ -90,10 +90,10 @@ private:
     Slices slices;
     Clock clock;
     PortMemory& memory;
-    const Tell tell;
+    const Report report;
     std::size_t inputChoices = 0;  // stored so far
     std::size_t outputChoices = 0;
-    std::size_t toldLeftOut = 0;
+    std::size_t reportedLeftOut = 0;
     struct Flood {
         std::uint64_t limited = 0;
         std::chrono::steady_clock::time_point told;

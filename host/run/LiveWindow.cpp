@@ -19,8 +19,8 @@ constexpr unsigned int CLOSE = 1;
 constexpr std::size_t ROOM_FOR_EVENTS = 1024;
 }  // namespace
 
-LiveWindow::LiveWindow(Tell tellUser)
-    : tell(std::move(tellUser)),
+LiveWindow::LiveWindow(Report reportLine)
+    : report(std::move(reportLine)),
       worker(std::make_shared<Worker>(
           "orvane window", CLOSE, [this](Message& message) { handleMessage(message); }, ROOM_FOR_EVENTS))
 {
@@ -37,16 +37,16 @@ void LiveWindow::handleMessage(Message& message) const
 {
     if (message.number == Backend::GuiMessage::MIDI_OUTPUT_EVENT)
         shown->displayMidiOutputEvent({message.wparam, message.lparam});
-    const auto* report = message.payload.get<SaveReport>();
-    if (report == nullptr) return;
-    for (const auto& [file, error] : *report) {
+    const auto* saved = message.payload.get<SaveReport>();
+    if (saved == nullptr) return;
+    for (const auto& [file, error] : *saved) {
         if (error)
-            tell(file + ": the record was not saved, it goes on: " + error.message());
+            report(file + ": the record was not saved, it goes on: " + error.message());
         else if (!file.empty())
-            tell("saved " + file);
+            report("saved " + file);
     }
-    if (std::ranges::all_of(*report, [](const SavedRecord& saved) { return saved == SavedRecord(); }))
-        tell("nothing was played, so no record was saved");
+    if (std::ranges::all_of(*saved, [](const SavedRecord& record) { return record == SavedRecord(); }))
+        report("nothing was played, so no record was saved");
 }
 
 void LiveDisplay::addText(const char* text)

@@ -15,7 +15,7 @@ namespace Host
 class LiveWindow
 {
 public:
-    explicit LiveWindow(Tell tellUser);
+    explicit LiveWindow(Report reportLine);
     ~LiveWindow() { close(); }
     LiveWindow(const LiveWindow&) = delete;
     LiveWindow& operator=(const LiveWindow&) = delete;
@@ -33,7 +33,7 @@ public:
 private:
     void handleMessage(Message& message) const;
 
-    const Tell tell;
+    const Report report;
     Backend::OrvIF* shown = nullptr;
     std::shared_ptr<Worker> worker;  // last: its thread ends before what it works on goes
 };

@@ -19,16 +19,16 @@ namespace
 {
 void playFromKeys(EndSignals& signals, LiveHost& host)
 {
-    const TerminalKeyboard keyboard(STDIN_FILENO, [&](const Command& command) { host.getPlay().carryOut(command); });
-    host.playUntil([&] { return signals.isEndWanted(); });
+    const TerminalKeyboard keyboard(STDIN_FILENO, [&](const Command& command) { host.getPlay().execute(command); });
+    host.playUntil([&] { return signals.isEndRequested(); });
 }
 
 void playFromCommands(EndSignals& signals, LiveHost& host)
 {
     const CommandReader reader(
-        STDIN_FILENO, "standard input", [&](const Command& command) { host.getPlay().carryOut(command); },
-        tellOnStandardError);
-    host.playUntil([&] { return signals.isEndWanted(); });
+        STDIN_FILENO, "standard input", [&](const Command& command) { host.getPlay().execute(command); },
+        reportOnStandardError);
+    host.playUntil([&] { return signals.isEndRequested(); });
 }
 }  // namespace
 
@@ -39,10 +39,10 @@ int run(const RunOptions& options, const std::function<int()>& otherwise)
 
     Event event;
     EndSignals signals(event);
-    LiveHost host(options, signals, event, tellOnStandardError);
-    if (!host.isAnythingHeard()) {
+    LiveHost host(options, signals, event, reportOnStandardError);
+    if (!host.hasOutput()) {
         if (otherwise) return otherwise();
-        tellOnStandardError("Nothing can be heard, but the engine runs and what is typed is read.");
+        reportOnStandardError("Nothing can be heard, but the engine runs and what is typed is read.");
     }
     host.start();
     std::cout << host.describe()
@@ -63,9 +63,9 @@ int listPorts(const std::string& client)
     checkClientName(client);
     Event event;
     Ports ports;
-    PortMemory(Backend::OrvUtils::getOrvAppDataDir(), tellOnStandardError).recall(ports, SYNTHESIZER_NAME);
+    PortMemory(Backend::OrvUtils::getOrvAppDataDir(), reportOnStandardError).recall(ports, SYNTHESIZER_NAME);
     const auto system = openMidiSystem(client, ports, event);
-    for (const std::string& line : system->takeNews()) tellOnStandardError(line);
+    for (const std::string& line : system->takeNews()) reportOnStandardError(line);
     std::cout << "Back end: " << system->name() << "\n"
               << describePorts(ports.inputList(), ports.outputList()) << std::flush;
     return 0;

@@ -6,12 +6,12 @@
 
 namespace Host
 {
-std::unique_ptr<Session> Session::join(RunOptions& options, const Tell& tell)
+std::unique_ptr<Session> Session::join(RunOptions& options, const Report& report)
 {
-    auto manager = SessionManager::join(tell);
+    auto manager = SessionManager::join(report);
     if (!manager) return nullptr;
     std::unique_ptr<Session> session(new Session(std::move(manager)));
-    session->open(options, tell);
+    session->open(options, report);
     return session;
 }
 
@@ -19,34 +19,34 @@ Session::Session(std::unique_ptr<SessionManager> sessionManager) : manager(std::
 
 Session::~Session()
 {
-    if (!answered) manager->answerOpened("Orvane could not start");
+    if (!answered) manager->replyOpened("Orvane could not start");
 }
 
-void Session::open(RunOptions& options, const Tell& tell)
+void Session::open(RunOptions& options, const Report& report)
 try {
     const SessionManager::Opening& opening = manager->getOpening();
     folder.emplace(opening.folder);
-    if (options.setup == Setup()) options.setup = folder->getSetup(tell);
+    if (options.setup == Setup()) options.setup = folder->getSetup(report);
     options.client = opening.client;
     options.session = this;
 } catch (const InputError& reason) {
     answered = true;
-    manager->answerOpened(reason.what());
+    manager->replyOpened(reason.what());
     throw;
 }
 
 void Session::begin(Event& wakeUp)
 {
     answered = true;
-    manager->answerOpened("");
+    manager->replyOpened("");
     manager->listen([this, &wakeUp] {
-        saveWanted.store(true);
+        saveRequested.store(true);
         wakeUp.set();
     });
 }
 
 void Session::serve(Backend::OrvMessageManager& backend)
 {
-    if (saveWanted.exchange(false)) manager->answerSaved(folder->save(backend.sendSaveState()));
+    if (saveRequested.exchange(false)) manager->replySaved(folder->save(backend.sendSaveState()));
 }
 }  // namespace Host

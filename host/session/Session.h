@@ -21,7 +21,7 @@ public:
     /// files that the options name come before that. Null where no session manager started the program. Before
     /// anything else looks at the user's folders. Throws InputError if the session cannot be opened, which the session
     /// manager hears too.
-    static std::unique_ptr<Session> join(RunOptions& options, const Tell& tell);
+    static std::unique_ptr<Session> join(RunOptions& options, const Report& report);
 
     /// A session manager that is still waiting hears that it did not open.
     ~Session();
@@ -40,11 +40,11 @@ public:
 
 private:
     explicit Session(std::unique_ptr<SessionManager> sessionManager);
-    void open(RunOptions& options, const Tell& tell);
+    void open(RunOptions& options, const Report& report);
 
     std::unique_ptr<SessionManager> manager;
     std::optional<SessionFolder> folder;
-    std::atomic<bool> saveWanted{false};
+    std::atomic<bool> saveRequested{false};
     bool answered = false;  // whether it opened
 };
 }  // namespace Host

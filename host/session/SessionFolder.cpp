@@ -28,7 +28,7 @@ constexpr const char* NUMBER = "Number";
 constexpr const char* DEFAULT_BANK = "DefaultBank";
 constexpr const char* RECORD = "Retrospective Record";  // the one part of the data that is not the session's to begin
 
-void makeFolder(const fs::path& path)
+void createFolder(const fs::path& path)
 {
     std::error_code error;
     fs::create_directories(path, error);
@@ -74,7 +74,7 @@ try {
 
 SessionFolder::SessionFolder(fs::path sessionFolder) : folder(std::move(sessionFolder))
 {
-    makeFolder(folder / "data");
+    createFolder(folder / "data");
     std::error_code none;
     if (!fs::exists(folder / "settings", none)) begin();
     OrvUtils::setOrvAppDataDir(textOf(folder / "data"));
@@ -90,7 +90,7 @@ void SessionFolder::begin() const
     const fs::path beginning = folder / "settings.new";
     std::error_code error;
     fs::remove_all(beginning, error);
-    makeFolder(beginning);
+    createFolder(beginning);
     copyFolder(settingsIn(pathOf(Folders::getSettings())), settingsIn(beginning));
     Folders::setSettings(textOf(beginning));
     SettingsStore settings(OrvUtils::getRegistryKey(APPLICATION_NAME));
@@ -115,7 +115,7 @@ void SessionFolder::followMove() const
     if (!settings.save() || !session.save()) throw InputError(textOf(folder) + ": the session cannot be written");
 }
 
-Setup SessionFolder::getSetup(const Tell& tell) const
+Setup SessionFolder::getSetup(const Report& report) const
 {
     const SettingsStore session(OrvUtils::getRegistryKey(SESSION));
     const std::string bank = session.getString(BANK).value_or("");
@@ -127,7 +127,7 @@ Setup SessionFolder::getSetup(const Tell& tell) const
         if (saved)
             setup = *saved;
         else
-            tell("The session's bank cannot be loaded, so the default bank is: " + bank);
+            report("The session's bank cannot be loaded, so the default bank is: " + bank);
     }
     std::error_code none;
     if (fs::exists(programPath(), none)) {

@@ -21,7 +21,7 @@ public:
     explicit SessionFolder(std::filesystem::path sessionFolder);
 
     /// The bank, the number and the program that were saved; a bank that is not there any more is told.
-    Setup getSetup(const Tell& tell) const;
+    Setup getSetup(const Report& report) const;
 
     /// Where the backend stands, whose settings are written already. Empty, or the reason why it is not saved.
     std::string save(const Backend::HostState& state) const;

@@ -55,7 +55,7 @@ struct SessionManager::Osc {
 
     std::string refusal{};  // of the announcement
     Opening asked{};        // empty until it opens a session
-    std::function<void()> saveWanted{};
+    std::function<void()> saveRequested{};
     const int stopEvent = eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
     Thread thread{};
 
@@ -106,8 +106,8 @@ struct SessionManager::Osc {
     {
         if (path == OPEN && types.starts_with("sss"))
             takeOpening({textOf(values[0]), textOf(values[2])});
-        else if (path == SAVE && saveWanted)
-            saveWanted();
+        else if (path == SAVE && saveRequested)
+            saveRequested();
         else if (path == REFUSAL && types == "sis" && textOf(values[0]) == std::string_view(ANNOUNCE))
             refusal = textOf(values[2]);
     }
@@ -138,7 +138,7 @@ struct SessionManager::Osc {
     }
 };
 
-std::unique_ptr<SessionManager> SessionManager::join(const Tell& tell)
+std::unique_ptr<SessionManager> SessionManager::join(const Report& report)
 {
     const char* url = std::getenv("NSM_URL");
     if (url == nullptr || *url == '\0') return nullptr;
@@ -146,19 +146,19 @@ std::unique_ptr<SessionManager> SessionManager::join(const Tell& tell)
     Address address(lo_address_new_from_url(url), &lo_address_free);
     Server server(lo_server_new_with_proto(nullptr, LO_UDP, nullptr), &lo_server_free);
     if (!speaksUdp(address) || !server) {
-        tell(here + " cannot be reached, so this is no part of a session.");
+        report(here + " cannot be reached, so this is no part of a session.");
         return nullptr;
     }
     std::unique_ptr<SessionManager> manager(
         new SessionManager(std::make_unique<Osc>(std::move(address), std::move(server))));
-    return manager->isOpened([&](const std::string& what) { tell(here + what); }) ? std::move(manager) : nullptr;
+    return manager->isOpened([&](const std::string& what) { report(here + what); }) ? std::move(manager) : nullptr;
 }
 
 SessionManager::SessionManager(std::unique_ptr<Osc> connection) : osc(std::move(connection)) {}
 
 SessionManager::~SessionManager() = default;
 
-bool SessionManager::isOpened(const Tell& tell)
+bool SessionManager::isOpened(const Report& report)
 {
     osc->announce();
     const auto giveUp = std::chrono::steady_clock::now() + LONGEST_WAIT_FOR_A_SESSION;
@@ -166,21 +166,21 @@ bool SessionManager::isOpened(const Tell& tell)
         const auto left =
             std::chrono::duration_cast<std::chrono::milliseconds>(giveUp - std::chrono::steady_clock::now());
         if (!osc->refusal.empty())
-            return tell(" does not want Orvane, so this is no part of a session: " + osc->refusal), false;
-        if (left <= 0ms) return tell(" does not answer, so this is no part of a session."), false;
+            return report(" does not want Orvane, so this is no part of a session: " + osc->refusal), false;
+        if (left <= 0ms) return report(" does not answer, so this is no part of a session."), false;
         lo_server_recv_noblock(osc->server.get(), static_cast<int>(left.count()));
     }
     opening = osc->asked;
     return true;
 }
 
-void SessionManager::answerOpened(const std::string& whyNot) { osc->answer(OPEN, whyNot); }
+void SessionManager::replyOpened(const std::string& whyNot) { osc->answer(OPEN, whyNot); }
 
-void SessionManager::answerSaved(const std::string& whyNot) { osc->answer(SAVE, whyNot); }
+void SessionManager::replySaved(const std::string& whyNot) { osc->answer(SAVE, whyNot); }
 
-void SessionManager::listen(std::function<void()> saveWanted)
+void SessionManager::listen(std::function<void()> saveRequested)
 {
-    osc->saveWanted = std::move(saveWanted);
+    osc->saveRequested = std::move(saveRequested);
     osc->thread.start("orvane session", [this] { osc->run(); });
 }
 

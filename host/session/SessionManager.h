@@ -23,7 +23,7 @@ public:
 
     /// Announces the program to the session manager that NSM_URL names, and waits until it opens a session. Null if
     /// there is none, or it does not want us or does not answer, which is told.
-    static std::unique_ptr<SessionManager> join(const Tell& tell);
+    static std::unique_ptr<SessionManager> join(const Report& report);
 
     ~SessionManager();
 
@@ -33,18 +33,18 @@ public:
     const Opening& getOpening() const { return opening; }
 
     /// The answers it waits for. An empty reason says that all went well. Any thread.
-    void answerOpened(const std::string& whyNot);
-    void answerSaved(const std::string& whyNot);
+    void replyOpened(const std::string& whyNot);
+    void replySaved(const std::string& whyNot);
 
-    /// From now on it is listened to; `saveWanted` is called on a thread of this object's.
-    void listen(std::function<void()> saveWanted);
+    /// From now on it is listened to; `saveRequested` is called on a thread of this object's.
+    void listen(std::function<void()> saveRequested);
     void stopListening();
 
 private:
     struct Osc;
 
     explicit SessionManager(std::unique_ptr<Osc> connection);
-    bool isOpened(const Tell& tell);
+    bool isOpened(const Report& report);
 
     std::unique_ptr<Osc> osc;
     Opening opening;

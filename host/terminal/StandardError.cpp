@@ -6,7 +6,7 @@
 
 namespace Host
 {
-void tellOnStandardError(const std::string& line)
+void reportOnStandardError(const std::string& line)
 {
     std::cerr << std::string(StatusLine::eraser()) + "orvane: " + line + "\n";
 }

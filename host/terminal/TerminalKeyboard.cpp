@@ -20,10 +20,10 @@ constexpr auto LONGEST_PAUSE_IN_A_SEQUENCE = 50ms;
 constexpr auto IN_THE_BACKGROUND = 100ms;
 }  // namespace
 
-TerminalKeyboard::TerminalKeyboard(int from, CarryOut carryOut)
+TerminalKeyboard::TerminalKeyboard(int from, Execute execute)
     : input(from),
       stopEvent(eventfd(0, EFD_CLOEXEC)),
-      held([carry = std::move(carryOut)](const KeyCommand& command) { carry(command); })
+      held([carry = std::move(execute)](const KeyCommand& command) { carry(command); })
 {
     thread.start("orvane keys", [this] { run(); });
 }

@@ -16,9 +16,9 @@ namespace Host
 class TerminalKeyboard
 {
 public:
-    using CarryOut = std::function<void(const Command&)>;
+    using Execute = std::function<void(const Command&)>;
 
-    TerminalKeyboard(int input, CarryOut carryOut);
+    TerminalKeyboard(int input, Execute execute);
 
     /// Releases the key that is held.
     ~TerminalKeyboard();

@@ -9,8 +9,8 @@
 
 namespace Host
 {
-DesktopWindow::DesktopWindow(Backend::OrvIF& orv, std::function<void()> closeWanted)
-    : frame(std::move(closeWanted)), gui(orv.getOrvMessageManager().sendCreateOrvGui(false))
+DesktopWindow::DesktopWindow(Backend::OrvIF& orv, std::function<void()> closeRequested)
+    : frame(std::move(closeRequested)), gui(orv.getOrvMessageManager().sendCreateOrvGui(false))
 {
     if (!gui) throw std::bad_alloc();
     frame.alwaysOnTopChanged(gui->getRegistrySettings().getAlwaysOnTop());

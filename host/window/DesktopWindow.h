@@ -13,8 +13,8 @@ namespace Host
 class DesktopWindow
 {
 public:
-    /// `closeWanted` is called when the user wants it closed.
-    DesktopWindow(Backend::OrvIF& orv, std::function<void()> closeWanted);
+    /// `closeRequested` is called when the user wants it closed.
+    DesktopWindow(Backend::OrvIF& orv, std::function<void()> closeRequested);
     ~DesktopWindow();
 
     DesktopWindow(const DesktopWindow&) = delete;

@@ -24,8 +24,8 @@ constexpr QSize FIRST_SIZE(104, 33);
 constexpr auto UNTIL_THE_TIME_IS_KNOWN = std::chrono::milliseconds(100);
 }  // namespace
 
-Frame::Frame(std::function<void()> closeWanted)
-    : tellWish(std::move(closeWanted)), content(new QWidget(this)), title(new TitleBar(this)), inside(FIRST_SIZE)
+Frame::Frame(std::function<void()> closeRequested)
+    : requestClose(std::move(closeRequested)), content(new QWidget(this)), title(new TitleBar(this)), inside(FIRST_SIZE)
 {
     setWindowTitle(QStringLiteral("Orvane 3"));
     setWindowIcon(icon());
@@ -99,6 +99,6 @@ void Frame::paintEvent(QPaintEvent*)
 void Frame::closeEvent(QCloseEvent* event)
 {
     event->ignore();
-    tellWish();
+    requestClose();
 }
 }  // namespace Host

@@ -16,8 +16,8 @@ class Frame final : public QWidget, public Gui::ParentWindow
 public:
     enum class Border { own, desktop };
 
-    /// Closing it calls `closeWanted` and leaves it open.
-    explicit Frame(std::function<void()> closeWanted);
+    /// Closing it calls `closeRequested` and leaves it open.
+    explicit Frame(std::function<void()> closeRequested);
 
     // Before it is shown or at any time after
     void setBorder(Border border);
@@ -40,7 +40,7 @@ private:
     void fit();
     void setFlag(Qt::WindowType flag, bool on);
 
-    const std::function<void()> tellWish;
+    const std::function<void()> requestClose;
     QWidget* content;  // these belong to the frame
     TitleBar* title;
     QSize inside;

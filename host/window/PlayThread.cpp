@@ -24,8 +24,8 @@ extern "C" void orvaneEndPlaying()
 }
 }  // namespace
 
-PlayThread::PlayThread(const RunOptions& runOptions, Tell tellUser, std::function<void()> close)
-    : options(runOptions), tell(std::move(tellUser)), closeWindow(std::move(close))
+PlayThread::PlayThread(const RunOptions& runOptions, Report reportLine, std::function<void()> close)
+    : options(runOptions), report(std::move(reportLine)), closeWindow(std::move(close))
 {
     present.store(this);
     std::atexit(orvaneEndPlaying);
@@ -57,7 +57,7 @@ void PlayThread::run()
 
 void PlayThread::play()
 {
-    LiveHost host(options, signals, event, tell);
+    LiveHost host(options, signals, event, report);
     host.start();
     playing.set_value(&host);
     host.playUntil([this] { return isEnding(); });
@@ -66,13 +66,13 @@ void PlayThread::play()
         windowClosed.waitFor(LONGEST_WAIT_FOR_THE_WINDOW);
     }
     host.end();
-    if (!isWindowClosed.load()) leaveTheWindow();
+    if (!isWindowClosed.load()) exitWithoutWindow();
 }
 
 /// What it may yet touch must not go before it, so everything goes at once.
-void PlayThread::leaveTheWindow()
+void PlayThread::exitWithoutWindow()
 {
-    tell("The window does not answer, so the program ends without it. Every note is off.");
+    report("The window does not answer, so the program ends without it. Every note is off.");
     _exit(FAILED);
 }
 }  // namespace Host

@@ -19,7 +19,7 @@ class PlayThread
 {
 public:
     /// `closeWindow` is called on the control thread. The options were checked.
-    PlayThread(const RunOptions& runOptions, Tell tellUser, std::function<void()> closeWindow);
+    PlayThread(const RunOptions& runOptions, Report reportLine, std::function<void()> closeWindow);
     ~PlayThread();
 
     PlayThread(const PlayThread&) = delete;
@@ -29,7 +29,7 @@ public:
     LiveHost& waitUntilPlaying() { return *playing.get_future().get(); }
 
     /// Whether the end was asked for. Any thread.
-    bool isEnding() const { return isWindowClosed.load() || signals.isEndWanted(); }
+    bool isEnding() const { return isWindowClosed.load() || signals.isEndRequested(); }
 
     /// To be called when nothing of the window touches the backend any more: ends with every note off, and returns when
     /// all is done.
@@ -38,10 +38,10 @@ public:
 private:
     void run();
     void play();
-    void leaveTheWindow();
+    void exitWithoutWindow();
 
     const RunOptions options;
-    const Tell tell;
+    const Report report;
     const std::function<void()> closeWindow;
     Event event;
     EndSignals signals{event};

@@ -57,29 +57,29 @@ std::vector<std::string> absolutePaths(std::vector<std::string> files)
 
 /// The window is ours to open, with its door if there can be one, or the exit status says what became of the other's.
 struct Arrival {
-    std::unique_ptr<WindowDoor> door{};
+    std::unique_ptr<SingleInstance> door{};
     std::optional<int> exitStatus{};
 };
 
 /// A window that is about to close, or just opening, does not answer: then it is tried again.
 Arrival arrive(const RunOptions& options)
 {
-    if (!isNothingButFiles(options)) return {.door = WindowDoor::build()};
+    if (!isNothingButFiles(options)) return {.door = SingleInstance::build()};
     const auto files = absolutePaths(options.setup.loads);
     for (const auto giveUp = std::chrono::steady_clock::now() + LONGEST_WAIT_FOR_THE_OTHER;
          std::chrono::steady_clock::now() < giveUp; std::this_thread::sleep_for(PAUSE)) {
-        if (auto door = WindowDoor::build()) return {.door = std::move(door)};
-        switch (WindowDoor::knock(files)) {
-            case WindowDoor::Knock::answered:
+        if (auto door = SingleInstance::build()) return {.door = std::move(door)};
+        switch (SingleInstance::knock(files)) {
+            case SingleInstance::Knock::answered:
                 std::cout << "Orvane is open already; here is its window." << std::endl;
                 return {.exitStatus = 0};
-            case WindowDoor::Knock::impossible:
+            case SingleInstance::Knock::impossible:
                 return {};
-            case WindowDoor::Knock::inVain:
+            case SingleInstance::Knock::inVain:
                 break;
         }
     }
-    tellOnStandardError("Orvane is open already, but its window does not answer.");
+    reportOnStandardError("Orvane is open already, but its window does not answer.");
     return {.exitStatus = FAILED};
 }
 
@@ -91,7 +91,7 @@ void leave()
 }
 
 /// A window whose end was asked for takes nobody in, also before it closes.
-void welcome(WindowDoor& door, const PlayThread& play, LiveHost& host, Frame& frame)
+void welcome(SingleInstance& door, const PlayThread& play, LiveHost& host, Frame& frame)
 {
     door.open([&](const std::vector<std::string>& files) {
         if (play.isEnding()) return false;
@@ -101,7 +101,7 @@ void welcome(WindowDoor& door, const PlayThread& play, LiveHost& host, Frame& fr
     });
 }
 
-void playWithWindow(PlayThread& play, WindowDoor* door, HelpLine& helpLine, const RunOptions& options)
+void playWithWindow(PlayThread& play, SingleInstance* door, HelpLine& helpLine, const RunOptions& options)
 {
     LiveHost& host = play.waitUntilPlaying();
     DesktopWindow window(host.getPlay().getOrv(), &leave);
@@ -125,7 +125,7 @@ int runWithWindow(const RunOptions& options, const std::string& platform)
     PlayThread play(
         options,
         [&helpLine](const std::string& line) {
-            tellOnStandardError(line);
+            reportOnStandardError(line);
             helpLine.show(line);
         },
         &leave);

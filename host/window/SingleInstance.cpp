@@ -80,7 +80,7 @@ std::optional<std::vector<std::string>> unpack(std::string_view text)
 }
 }  // namespace
 
-std::unique_ptr<WindowDoor> WindowDoor::build()
+std::unique_ptr<SingleInstance> SingleInstance::build()
 {
     const auto path = doorPath();
     if (!path) return nullptr;
@@ -89,10 +89,10 @@ std::unique_ptr<WindowDoor> WindowDoor::build()
     ::unlink(path->c_str());  // left by a program that was killed
     const int socket = LocalSocket::listenAt(*path, WAITING_VISITORS);
     if (socket < 0) return nullptr;
-    return std::unique_ptr<WindowDoor>(new WindowDoor(std::move(*lock), *path, socket));
+    return std::unique_ptr<SingleInstance>(new SingleInstance(std::move(*lock), *path, socket));
 }
 
-WindowDoor::Knock WindowDoor::knock(const std::vector<std::string>& files)
+SingleInstance::Knock SingleInstance::knock(const std::vector<std::string>& files)
 {
     const auto path = doorPath();
     if (!path) return Knock::impossible;
@@ -102,7 +102,7 @@ WindowDoor::Knock WindowDoor::knock(const std::vector<std::string>& files)
     return answered ? Knock::answered : Knock::inVain;
 }
 
-WindowDoor::WindowDoor(FileLock taken, fs::path socketPath, int listeningSocket)
+SingleInstance::SingleInstance(FileLock taken, fs::path socketPath, int listeningSocket)
     : lock(std::move(taken)),
       path(std::move(socketPath)),
       socket(listeningSocket),
@@ -110,18 +110,18 @@ WindowDoor::WindowDoor(FileLock taken, fs::path socketPath, int listeningSocket)
 {
 }
 
-WindowDoor::~WindowDoor()
+SingleInstance::~SingleInstance()
 {
     close();
     ::close(stopEvent);
 }
 
-void WindowDoor::open(Visit visit)
+void SingleInstance::open(Visit visit)
 {
     thread.start("orvane door", [this, visitor = std::move(visit)] { run(visitor); });
 }
 
-void WindowDoor::close()
+void SingleInstance::close()
 {
     if (socket < 0) return;
     ::unlink(path.c_str());
@@ -130,7 +130,7 @@ void WindowDoor::close()
     ::close(std::exchange(socket, -1));
 }
 
-void WindowDoor::run(const Visit& visit) const
+void SingleInstance::run(const Visit& visit) const
 {
     while (waitForVisitor()) {
         const LocalSocket visitor = LocalSocket::acceptFrom(socket);
@@ -142,7 +142,7 @@ void WindowDoor::run(const Visit& visit) const
 }
 
 /// False when it is time to stop.
-bool WindowDoor::waitForVisitor() const
+bool SingleInstance::waitForVisitor() const
 {
     std::array<pollfd, 2> waited{{{stopEvent, POLLIN, 0}, {socket, POLLIN, 0}}};
     while (::poll(waited.data(), waited.size(), -1) < 0)

@@ -15,7 +15,7 @@ namespace Host
 /// The door of the window that is open, at which a later start of the program knocks instead of opening a second one.
 /// A user has one per folder of settings and machine: a local socket in the folder of the user's run-time files, and
 /// beside it a lock that says whether somebody is behind it, so that what a killed program left is replaced.
-class WindowDoor
+class SingleInstance
 {
 public:
     using Visit = std::function<bool(const std::vector<std::string>& files)>;
@@ -27,16 +27,16 @@ public:
     };
 
     /// Null if another process has it, or it is impossible. Those who knock wait from now on.
-    static std::unique_ptr<WindowDoor> build();
+    static std::unique_ptr<SingleInstance> build();
 
     /// Asks the open window to come to the front and to load the files, whose paths are absolute.
     static Knock knock(const std::vector<std::string>& files);
 
     /// Only now another process can build one.
-    ~WindowDoor();
+    ~SingleInstance();
 
-    WindowDoor(const WindowDoor&) = delete;
-    WindowDoor& operator=(const WindowDoor&) = delete;
+    SingleInstance(const SingleInstance&) = delete;
+    SingleInstance& operator=(const SingleInstance&) = delete;
 
     /// From now on who knocks is answered; `visit` gets the files, on a thread of the door's, and says whether it took
     /// them: if not, the visitor tries again. Once.
@@ -46,7 +46,7 @@ public:
     void close();
 
 private:
-    WindowDoor(FileLock taken, std::filesystem::path socketPath, int listeningSocket);
+    SingleInstance(FileLock taken, std::filesystem::path socketPath, int listeningSocket);
 
     void run(const Visit& visit) const;
     bool waitForVisitor() const;

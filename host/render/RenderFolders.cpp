@@ -1,4 +1,4 @@
-#include "host/render/PrivateHome.h"
+#include "host/render/RenderFolders.h"
 
 #include <cstdlib>
 #include <system_error>
@@ -23,7 +23,7 @@ void orFail(const fs::path& path, const std::error_code& error)
     if (error) throw InputError(path.string() + ": " + error.message());
 }
 
-fs::path madeFolder(const fs::path& wanted)
+fs::path createdFolder(const fs::path& wanted)
 {
     std::error_code error;
     fs::create_directories(wanted, error);
@@ -35,14 +35,14 @@ fs::path madeFolder(const fs::path& wanted)
 
 void writeSettings(const std::vector<std::string>& choices)
 {
-    SettingsStore store(OrvUtils::getRegistryKey(PrivateHome::APPLICATION));
+    SettingsStore store(OrvUtils::getRegistryKey(RenderFolders::APPLICATION));
     store.setNumber("DefaultMidiOutput", 0);
     for (const std::string& choice : choices) storeChoice(store, choice);
     if (!store.save()) throw InputError("the settings of this rendering cannot be written to the temporary folder");
 }
 }  // namespace
 
-PrivateHome::Temporary::Temporary()
+RenderFolders::Temporary::Temporary()
 {
     std::error_code none;
     std::string pattern = (fs::temp_directory_path(none) / "orvane-render-XXXXXX").string();
@@ -50,15 +50,15 @@ PrivateHome::Temporary::Temporary()
     path = pattern;
 }
 
-PrivateHome::Temporary::~Temporary()
+RenderFolders::Temporary::~Temporary()
 {
     std::error_code none;
     fs::remove_all(path, none);
 }
 
-PrivateHome::PrivateHome(const std::optional<fs::path>& data, const std::vector<std::string>& choices)
+RenderFolders::RenderFolders(const std::optional<fs::path>& data, const std::vector<std::string>& choices)
 {
-    const std::string chosen = data ? textOf(madeFolder(*data)) : "";
+    const std::string chosen = data ? textOf(createdFolder(*data)) : "";
     Folders::setSettings(textOf(folder.path / "settings"));
     Folders::setLocalApplicationData(textOf(folder.path / "data"));
     OrvUtils::setOrvAppDataDir(chosen);
@@ -66,7 +66,7 @@ PrivateHome::PrivateHome(const std::optional<fs::path>& data, const std::vector<
     installIfNeeded();
 }
 
-PrivateHome::~PrivateHome()
+RenderFolders::~RenderFolders()
 {
     Folders::setSettings("");
     Folders::setLocalApplicationData("");
