@@ -9,13 +9,13 @@ namespace KeyboardHook
 {
 namespace
 {
-KeySet makeBoard()
+KeySet makeKeyboard()
 {
     KeySet keys;
     for (const auto& place : KeyTable::PLACES) keys.set(place.scanCode);
     return keys;
 }
-const KeySet BOARD = makeBoard();
+const KeySet KEYBOARD_KEYS = makeKeyboard();
 
 struct ModifierKey {
     int virtualKey;
@@ -47,40 +47,43 @@ Capture::Capture(XServer& xServer, std::function<void()> controlKeyPressed)
 
 Capture::~Capture() { apply({}); }
 
-void Capture::apply(const Wishes& newWishes)
+void Capture::apply(const HookSettings& newSettings)
 {
-    // Who got a key going down also gets it coming up.
-    comeUp(newWishes.enabled && newWishes.window == wishes.window ? down & newWishes.excluded : down);
-    controlsDown &= newWishes.controlKeys;
-    letGo();
-    if (newWishes.enabled && !wishes.enabled) refused.reset();
-    wishes = newWishes;
-    focus.look();
-    takeAndRelease();
+    // The window that got a press also gets the release.
+    postReleases(newSettings.enabled && newSettings.window == settings.window ? down & newSettings.excluded : down);
+    controlsDown &= newSettings.controlKeys;
+    ungrab();
+    if (newSettings.enabled && !settings.enabled) refused.reset();
+    settings = newSettings;
+    focus.update();
+    updateGrabs();
     server.wait();
 }
 
-bool Capture::takes(int scanCode) const { return wishes.enabled && BOARD[scanCode] && !wishes.excluded[scanCode]; }
-
-void Capture::takeAndRelease()
+bool Capture::captures(int scanCode) const
 {
-    KeySet wanted = wishes.controlKeys;
-    if (wishes.enabled && !focus.isOurs()) wanted |= BOARD & ~wishes.excluded;
-
-    keyboard.release(taken & ~wanted);
-    taken &= wanted;
-    const KeySet missing = wanted & ~taken & ~refused;
-    if (missing.any()) {
-        const KeySet contested = keyboard.take(missing);
-        complainAbout(contested);
-        refused |= contested;
-        taken |= missing & ~contested;
-        strangers |= missing & keyboard.keysDown() & ~down & ~controlsDown;
-    }
-    strangers &= taken;
+    return settings.enabled && KEYBOARD_KEYS[scanCode] && !settings.excluded[scanCode];
 }
 
-void Capture::complainAbout(const KeySet& keys) const
+void Capture::updateGrabs()
+{
+    KeySet wanted = settings.controlKeys;
+    if (settings.enabled && !focus.isOwnProcess()) wanted |= KEYBOARD_KEYS & ~settings.excluded;
+
+    keyboard.ungrabKeys(grabbed & ~wanted);
+    grabbed &= wanted;
+    const KeySet missing = wanted & ~grabbed & ~refused;
+    if (missing.any()) {
+        const KeySet contested = keyboard.grabKeys(missing);
+        reportContested(contested);
+        refused |= contested;
+        grabbed |= missing & ~contested;
+        downBefore |= missing & keyboard.keysDown() & ~down & ~controlsDown;
+    }
+    downBefore &= grabbed;
+}
+
+void Capture::reportContested(const KeySet& keys) const
 {
     forEach(keys, [](std::uint8_t key) {
         WindowsLib::DbgStream() << "Global keyboard: another program has the key of scan code " << int{key};
@@ -97,76 +100,76 @@ void Capture::handle(const xcb_generic_event_t& event)
             released(reinterpret_cast<const xcb_key_release_event_t&>(event).detail);
             break;
         default:
-            if (focus.take(event)) takeAndRelease();
+            if (focus.handle(event)) updateGrabs();
     }
 }
 
-// The server waits behind each event, so every branch answers it, once.
+// The server stops after each key event, so every branch replies to it, once.
 void Capture::pressed(std::uint8_t scanCode)
 {
-    if (!holding) physicallyDown = (keyboard.keysDown() & ~taken) | down | strangers;
+    if (!hasGrab) physicallyDown = (keyboard.keysDown() & ~grabbed) | down | downBefore;
     physicallyDown.set(scanCode);
-    if (wishes.controlKeys[scanCode]) {
+    if (settings.controlKeys[scanCode]) {
         keyboard.proceed();
         const bool repeat = controlsDown[scanCode];
         controlsDown.set(scanCode);
         if (!repeat) controlKey();
-    } else if (strangers[scanCode]) {
+    } else if (downBefore[scanCode]) {
         keyboard.proceed();
-    } else if (takes(scanCode)) {
+    } else if (captures(scanCode)) {
         post(KEY_DOWN, scanCode, down[scanCode]);
         down.set(scanCode);
-        if (holding || !hold()) keyboard.proceed();
+        if (hasGrab || !grab()) keyboard.proceed();
     } else {
-        giveBack();
+        replay();
     }
 }
 
 void Capture::released(std::uint8_t scanCode)
 {
     physicallyDown.reset(scanCode);
-    if (!down[scanCode] && !strangers[scanCode] && !controlsDown[scanCode]) return giveBack();
-    strangers.reset(scanCode);
+    if (!down[scanCode] && !downBefore[scanCode] && !controlsDown[scanCode]) return replay();
+    downBefore.reset(scanCode);
     controlsDown.reset(scanCode);
-    comeUp(down & KeySet().set(scanCode));
-    if (!letGo()) keyboard.proceed();
+    postReleases(down & KeySet().set(scanCode));
+    if (!ungrab()) keyboard.proceed();
 }
 
-void Capture::giveBack()
+void Capture::replay()
 {
-    keyboard.giveBack();
-    holding = false;
-    hold();
+    keyboard.replay();
+    hasGrab = false;
+    grab();
 }
 
-/// With the keyboard in our hands all the while a taken key is down, none of them comes up, or repeats, elsewhere.
-bool Capture::hold()
+/// While the whole keyboard is grabbed, no captured key is released or repeated in another window.
+bool Capture::grab()
 {
-    if (!holding && down.any()) holding = keyboard.hold();
-    return holding;
+    if (!hasGrab && down.any()) hasGrab = keyboard.grabKeyboard();
+    return hasGrab;
 }
 
-bool Capture::letGo()
+bool Capture::ungrab()
 {
-    if (!holding || (down | controlsDown).any()) return false;
-    keyboard.letGo();
-    holding = false;
+    if (!hasGrab || (down | controlsDown).any()) return false;
+    keyboard.ungrabKeyboard();
+    hasGrab = false;
     return true;
 }
 
 void Capture::reconcile()
 {
-    // With every event answered and none come since, what is physically down is what the events have said, and more.
+    // Once every event is handled and no other has arrived, the physical state is at least as new as the events.
     const KeySet physical = keyboard.keysDown();
     if (server.hasEvent()) return;
     physicallyDown = physical;
-    strangers &= physical;
+    downBefore &= physical;
     controlsDown &= physical;
-    comeUp(down & ~physical);
-    if (!letGo()) hold();
+    postReleases(down & ~physical);
+    if (!ungrab()) grab();
 }
 
-void Capture::comeUp(const KeySet& keys)
+void Capture::postReleases(const KeySet& keys)
 {
     down &= ~keys;
     forEach(keys, [this](std::uint8_t key) { post(KEY_UP, key); });
@@ -174,6 +177,6 @@ void Capture::comeUp(const KeySet& keys)
 
 void Capture::post(Number number, std::uint8_t scanCode, bool repeat) const
 {
-    wishes.window.post(KeyEvent{scanCode, modifiersOf(physicallyDown), repeat}.toMessage(number));
+    settings.window.post(KeyEvent{scanCode, modifiersOf(physicallyDown), repeat}.toMessage(number));
 }
 }  // namespace KeyboardHook

@@ -9,18 +9,18 @@
 
 namespace KeyboardHook
 {
-/// What is asked of the global keyboard.
-struct Wishes {
+/// The settings of the global keyboard.
+struct HookSettings {
     bool enabled = false;
     KeySet excluded;
     KeySet controlKeys;
     WindowHandle window;
 
-    bool needServer() const { return enabled || controlKeys.any(); }
+    bool needsServer() const { return enabled || controlKeys.any(); }
 };
 
-/// Takes the keys that are wished for and posts them. Every key that was posted as down is posted as up, whatever
-/// happens to it. One thread's own.
+/// Captures the keys of the settings and posts them to the window. Every key that was posted as down is posted as up,
+/// also when it stops being captured while it is held. One thread.
 class Capture
 {
 public:
@@ -31,39 +31,40 @@ public:
     Capture(const Capture&) = delete;
     Capture& operator=(const Capture&) = delete;
 
-    void apply(const Wishes& newWishes);
+    void apply(const HookSettings& newSettings);
     void handle(const xcb_generic_event_t& event);
 
-    /// Whether a key counts as down that may come up unseen.
-    bool needsReconciling() const { return (down | strangers | controlsDown).any(); }
-    /// Compares what counts as down with what is. To be called after events, and now and again without any.
+    /// Whether a key counts as down of which the release event may be missed.
+    bool needsReconciling() const { return (down | downBefore | controlsDown).any(); }
+    /// Compares the keys that count as down with those that are physically down, and posts missed releases. To be
+    /// called after events, and at intervals without any.
     void reconcile();
 
 private:
-    bool takes(int scanCode) const;
-    void takeAndRelease();
-    void complainAbout(const KeySet& keys) const;
+    bool captures(int scanCode) const;
+    void updateGrabs();
+    void reportContested(const KeySet& keys) const;
 
     void pressed(std::uint8_t scanCode);
     void released(std::uint8_t scanCode);
-    void giveBack();
-    bool hold();
-    bool letGo();
-    void comeUp(const KeySet& keys);
+    void replay();
+    bool grab();
+    bool ungrab();
+    void postReleases(const KeySet& keys);
     void post(Number number, std::uint8_t scanCode, bool repeat = false) const;
 
     XServer& server;
     XKeyboard keyboard;
     FocusWatch focus;
     const std::function<void()> controlKey;
-    Wishes wishes;
+    HookSettings settings;
 
-    KeySet taken;           ///< what the server gives us
-    KeySet refused;         ///< what it would not
+    KeySet grabbed;         ///< granted by the server
+    KeySet refused;         ///< refused by the server
     KeySet down;            ///< posted as down
-    KeySet strangers;       ///< were down before they were taken
+    KeySet downBefore;      ///< were physically down when they were grabbed
     KeySet controlsDown;    ///< control keys
     KeySet physicallyDown;  ///< at the event being handled
-    bool holding = false;
+    bool hasGrab = false;   ///< of the whole keyboard
 };
 }  // namespace KeyboardHook

@@ -13,38 +13,45 @@ namespace KeyboardHook
 {
 namespace
 {
-/// In milliseconds; no finger lets go of a key and strikes it again in that time.
+/// In milliseconds; shorter than the time between releasing a key and pressing it again.
 constexpr int RECONCILE_INTERVAL = 20;
 constexpr int FOR_EVER = -1;
 }  // namespace
 
-bool HookThread::change(const std::function<void(Wishes&)>& howTo)
+HookThread::~HookThread()
 {
-    const std::lock_guard oneCaller(calls);
-    std::unique_lock guard(shared);
-    howTo(wishes);
-    ++asked;
-    const bool needed = wishes.needServer();
+    const MutexLock oneCaller(calls);
+    stop();
+}
+
+bool HookThread::change(const std::function<void(HookSettings&)>& howTo)
+{
+    const MutexLock oneCaller(calls);
+    MutexLock lock(shared);
+    howTo(settings);
+    ++requested;
+    const bool needed = settings.needsServer();
     if (needed && !running) {
-        guard.unlock();
+        lock.unlock();
         const bool started = start();
-        guard.lock();
-        if (!started) wishes.enabled = false;
+        lock.lock();
+        if (!started) settings.enabled = false;
     }
     if (running) wake();
-    progress.wait(guard, [this] { return answered == asked || !running; });
+    while (applied != requested && running) progress.wait(lock);
     const bool holds = running || !needed;
-    guard.unlock();
+    lock.unlock();
     if (!needed) stop();
     return holds;
 }
 
 bool HookThread::start()
 {
-    stop();  // one that ended because its server had gone
+    stop();  // a thread that ended because its server was lost
     server = XServer::connect();
     if (!server) return false;
     wakeDescriptor = eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
+    MutexLock lock(shared);
     running = true;
     try {
         thread = std::thread([this] { run(); });
@@ -58,13 +65,14 @@ bool HookThread::start()
 void HookThread::stop()
 {
     if (!thread.joinable()) return;
-    {
-        const std::lock_guard guard(shared);
-        stopping = true;
-    }
+    MutexLock lock(shared);
+    stopping = true;
+    lock.unlock();
     wake();
     thread.join();
+    lock.lock();
     stopping = false;
+    lock.unlock();
     server.reset();
     ::close(wakeDescriptor);
 }
@@ -77,31 +85,31 @@ void HookThread::run()
     {
         Capture capture(*server, [&] { toggle(capture); });
         while (!isStopping() && server->isAlive()) {
-            takeWishes(capture);
+            applySettings(capture);
             handleEvents(capture);
-            waitForNews(capture);
+            waitForEvents(capture);
         }
     }
-    if (!isStopping()) serverHasGone();
-    const std::lock_guard guard(shared);
+    if (!isStopping()) serverWasLost();
+    const MutexLock lock(shared);
     running = false;
     progress.notify_all();
 }
 
-void HookThread::takeWishes(Capture& capture)
+void HookThread::applySettings(Capture& capture)
 {
-    std::unique_lock guard(shared);
-    if (answered == asked) return;
-    const Wishes now = wishes;
-    const auto answering = asked;
-    guard.unlock();
+    MutexLock lock(shared);
+    if (applied == requested) return;
+    const HookSettings now = settings;
+    const auto applying = requested;
+    lock.unlock();
     capture.apply(now);
-    guard.lock();
-    answered = answering;
+    lock.lock();
+    applied = applying;
     progress.notify_all();
 }
 
-/// What the server says while it is asked something counts too, before we sleep.
+/// What the server says while it is requested something counts too, before we sleep.
 void HookThread::handleEvents(Capture& capture)
 {
     do {
@@ -110,7 +118,7 @@ void HookThread::handleEvents(Capture& capture)
     } while (server->hasEvent());
 }
 
-void HookThread::waitForNews(const Capture& capture)
+void HookThread::waitForEvents(const Capture& capture)
 {
     pollfd sources[] = {{server->getFileDescriptor(), POLLIN, 0}, {wakeDescriptor, POLLIN, 0}};
     ::poll(sources, 2, capture.needsReconciling() ? RECONCILE_INTERVAL : FOR_EVER);
@@ -121,28 +129,28 @@ void HookThread::waitForNews(const Capture& capture)
 /// A control key was pressed.
 void HookThread::toggle(Capture& capture)
 {
-    Wishes now;
+    HookSettings now;
     {
-        const std::lock_guard guard(shared);
-        if (wishes.controlKeys.none()) return;  // it is one no longer
-        wishes.enabled = !wishes.enabled;
-        now = wishes;
+        const MutexLock lock(shared);
+        if (settings.controlKeys.none()) return;  // the control keys were removed meanwhile
+        settings.enabled = !settings.enabled;
+        now = settings;
     }
     capture.apply(now);
     now.window.post({.number = UD_KEYBOARDHOOK_GLOBAL_KEY_CHANGED, .wparam = now.enabled});
 }
 
-void HookThread::serverHasGone()
+void HookThread::serverWasLost()
 {
-    const std::lock_guard guard(shared);
-    if (!wishes.enabled) return;
-    wishes.enabled = false;
-    wishes.window.post({.number = UD_KEYBOARDHOOK_GLOBAL_KEY_CHANGED, .wparam = 0});
+    const MutexLock lock(shared);
+    if (!settings.enabled) return;
+    settings.enabled = false;
+    settings.window.post({.number = UD_KEYBOARDHOOK_GLOBAL_KEY_CHANGED, .wparam = 0});
 }
 
 bool HookThread::isStopping()
 {
-    const std::lock_guard guard(shared);
+    const MutexLock lock(shared);
     return stopping;
 }
 }  // namespace KeyboardHook

@@ -3,12 +3,12 @@
 #include <array>
 #include <cstdint>
 
-/// The keys of a standard board: the 104 of the US one, and the one more that European boards have. A key is known by
-/// its place, whatever the layout prints on it, so that the piano rows keep their shape: the key right of Tab is "Q"
-/// everywhere, and the keypad's digits are never arrows.
+/// The keys of a standard keyboard: the 104 of the US one, and the additional one of European keyboards. A key is
+/// identified by its position, whatever the layout prints on it, so that the piano rows keep their shape: the key right
+/// of Tab is "Q" on every layout, and the keypad's digits are never arrows.
 ///
 /// A scan code is what the X server calls a keycode: the number of the Linux input event (linux/input-event-codes.h)
-/// and 8. A virtual key is the code of a `Key`.
+/// plus 8. A virtual key is the code of a `Key`.
 namespace KeyTable
 {
 struct Place {
@@ -16,7 +16,7 @@ struct Place {
     std::uint8_t virtualKey;
 };
 
-/// Has no name and is `VK_OEM_8`; by the usual numbers it would be 226, which is the keypad's Enter here.
+/// `VK_OEM_8`, without a name. Its usual code would be 226, which is the keypad's Enter here.
 inline constexpr std::uint8_t KEY_RIGHT_OF_LEFT_SHIFT = 223;
 
 // clang-format off
@@ -67,9 +67,9 @@ constexpr int find(const Codes& codes, std::int64_t code)
 }
 }  // namespace Detail
 
-/// The virtual key at a place; -1 for one that is not on the board (a volume key).
+/// The virtual key of a scan code; -1 if the keyboard above has none (a volume key).
 constexpr int virtualKeyAt(std::int64_t scanCode) { return Detail::find(Detail::VIRTUAL_KEYS, scanCode); }
 
-/// The place of a virtual key; -1 for one that the board does not have.
+/// The scan code of a virtual key; -1 if the keyboard above does not have it.
 constexpr int scanCodeOf(std::int64_t virtualKey) { return Detail::find(Detail::SCAN_CODES, virtualKey); }
 }  // namespace KeyTable

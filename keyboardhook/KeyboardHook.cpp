@@ -8,7 +8,7 @@
 
 namespace
 {
-using KeyboardHook::Wishes;
+using KeyboardHook::HookSettings;
 
 KeyboardHook::HookThread& hook()
 {
@@ -36,35 +36,35 @@ const char* whyNotAll()
     return isWayland ? "On this desktop (Wayland) global keys are taken only from programs that use X." : nullptr;
 }
 
-void add(KeyboardHook::KeySet Wishes::*keys, std::int32_t virtualKey)
+void add(KeyboardHook::KeySet HookSettings::*keys, std::int32_t virtualKey)
 {
     const int scanCode = KeyTable::scanCodeOf(virtualKey);
     if (scanCode < 0) return;
-    hook().change([=](Wishes& wishes) { (wishes.*keys).set(static_cast<std::size_t>(scanCode)); });
+    hook().change([=](HookSettings& settings) { (settings.*keys).set(static_cast<std::size_t>(scanCode)); });
 }
 
-void clear(KeyboardHook::KeySet Wishes::*keys)
+void clear(KeyboardHook::KeySet HookSettings::*keys)
 {
-    hook().change([=](Wishes& wishes) { (wishes.*keys).reset(); });
+    hook().change([=](HookSettings& settings) { (settings.*keys).reset(); });
 }
 }  // namespace
 
 void setWindowHandle(const WindowHandle* window)
 {
-    hook().change([=](Wishes& wishes) { wishes.window = window != nullptr ? *window : WindowHandle(); });
+    hook().change([=](HookSettings& settings) { settings.window = window != nullptr ? *window : WindowHandle(); });
 }
 
 const char* setEnabled(int on)
 {
-    const bool holds = hook().change([=](Wishes& wishes) { wishes.enabled = on != 0; });
+    const bool holds = hook().change([=](HookSettings& settings) { settings.enabled = on != 0; });
     if (on == 0) return nullptr;
     return holds ? whyNotAll() : whyNone();
 }
 
-void setExcludeKey(std::int32_t virtualKey) { add(&Wishes::excluded, virtualKey); }
+void setExcludeKey(std::int32_t virtualKey) { add(&HookSettings::excluded, virtualKey); }
 
-void clearExclude() { clear(&Wishes::excluded); }
+void clearExclude() { clear(&HookSettings::excluded); }
 
-void addControlKey(std::int32_t virtualKey) { add(&Wishes::controlKeys, virtualKey); }
+void addControlKey(std::int32_t virtualKey) { add(&HookSettings::controlKeys, virtualKey); }
 
-void clearControlKeys() { clear(&Wishes::controlKeys); }
+void clearControlKeys() { clear(&HookSettings::controlKeys); }

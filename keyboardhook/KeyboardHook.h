@@ -6,32 +6,32 @@
 
 class WindowHandle;
 
-/// The global keyboard: a library of its own that takes keys from the windows of other programs and posts them to ours
-/// (keyboardhook/KeyboardHookMessages.h). These six functions are all it shows. They may be called on any thread, and
-/// what they ask for holds when they return. Without an X server they do nothing.
+/// The global keyboard: a library of its own that captures keys while other programs' windows have the focus, and posts
+/// them to our window (keyboardhook/KeyboardHookMessages.h). It exports these six functions only. They may be called on
+/// any thread, and what they set is in effect when they return. Without an X server they do nothing.
 ///
-/// While it is on, all keys of the board (keyboardhook/KeyTable.h) are taken but the excluded ones, those that another
-/// program has taken already, and the combinations that it has (a desktop's Super with L leaves L to us). While a
-/// window of our own process has the focus nothing is taken: that window gets its keys on the usual road, and gets none
-/// twice. Exceptions are the control keys, which are always taken and never posted, and whatever is pressed while a
-/// taken key is still held.
+/// While it is on, all keys of the keyboard (keyboardhook/KeyTable.h) are captured except the excluded ones, those that
+/// another program has grabbed already, and single combinations that another program has grabbed (if the desktop has
+/// Super with L, L with other modifiers is captured). While a window of this process has the focus nothing is captured:
+/// that window gets the key events of the window system, and none twice. Two exceptions: control keys are always
+/// captured and never posted, and every key is captured that is pressed while a captured key is held.
 ///
-/// A key that is down when it stops being taken is posted as coming up, and one that was down before does not count
-/// until it is pressed again. Codes are virtual keys as in `Key`; others are ignored. Unloading the library, or the end
-/// of the process, gives every key back.
+/// A key that is down when it stops being captured is posted as up. A key that was down before it was captured is
+/// ignored until it is pressed again. Codes are virtual keys as in `Key`; others are ignored. Unloading the library, or
+/// the end of the process, ends the capture.
 extern "C" {
-/// Who gets the keys and the changes, null for nobody. The handle is copied.
+/// The window that gets the keys and the changes, null for none. The handle is copied.
 ORV_API void setWindowHandle(const WindowHandle* window);
 
-/// Takes keys if `on` is not 0. Returns null if all is well, else one line that says why keys are not taken, or, on a
-/// Wayland desktop, why not all are; it lives as long as the library.
+/// Captures keys if `on` is not 0. Returns null on success, else one line that says why keys are not captured, or, on a
+/// Wayland desktop, why only some are; the text lives as long as the library.
 ORV_API const char* setEnabled(int on);
 
-/// Leaves a key to the other programs.
+/// A key that is not captured.
 ORV_API void setExcludeKey(std::int32_t virtualKey);
 ORV_API void clearExclude();
 
-/// A key that switches the taking of keys on and off, whatever it was; each such change is posted.
+/// A key that switches the capture on and off; each change is posted.
 ORV_API void addControlKey(std::int32_t virtualKey);
 ORV_API void clearControlKeys();
 }

@@ -10,13 +10,13 @@ namespace KeyboardHook
 enum Number : unsigned int {
     KEY_DOWN = 36000,                           ///< parameters: a KeyEvent
     KEY_UP = 36001,                             ///< the same, never a repeat
-    UD_KEYBOARDHOOK_GLOBAL_KEY_CHANGED = 36002  ///< first parameter: 1 if keys are now taken, 0 if not
+    UD_KEYBOARDHOOK_GLOBAL_KEY_CHANGED = 36002  ///< first parameter: 1 if keys are now captured, 0 if not
 };
 
 /// The modifiers that are physically down, the key itself included if it is one; the bits are those of a packed `Key`.
 enum Modifiers : std::uint8_t { SHIFT = 1, CONTROL = 2, ALT = 4, WIN = 8 };
 
-/// A key that was taken, with what the window's own key events say.
+/// A captured key, with the fields of a key event of the window.
 struct KeyEvent {
     std::uint8_t scanCode = 0;   ///< as Qt's native scan code; see keyboardhook/KeyTable.h
     std::uint8_t modifiers = 0;  ///< of `Modifiers`

@@ -11,33 +11,34 @@ namespace KeyboardHook
 /// Keys by their scan codes.
 using KeySet = std::bitset<256>;
 
-/// Takes keys on an X server. A press of a key that was taken gives us the whole keyboard until that key comes up, and
-/// stops it behind each event until we say how it goes on: so a key that is not ours can be given back as if it had
-/// never passed us. Every event must therefore be answered, by `proceed`, `giveBack`, `hold` or `letGo`.
+/// Grabs keys on an X server. The press of a grabbed key grabs the whole keyboard until that key is released, and the
+/// server stops after each key event until it gets a reply, so an event can still be replayed to the window that would
+/// have got it. Every key event needs one reply: `proceed`, `replay`, `grabKeyboard` or `ungrabKeyboard`.
 class XKeyboard
 {
 public:
     explicit XKeyboard(XServer& xServer);
 
-    /// From now on these keys come to us, whatever window has the focus. Returns those that do not because other
-    /// programs have them. Where they have a key with some modifiers only, it comes to us with the others.
-    KeySet take(const KeySet& keys);
-    void release(const KeySet& keys);
+    /// From now on these keys send their events here, whatever window has the focus. Returns those that are not granted
+    /// because other programs have them. A key that another program has with some modifiers is granted with all others.
+    KeySet grabKeys(const KeySet& keys);
+    void ungrabKeys(const KeySet& keys);
 
-    /// Whatever is pressed comes to us until `letGo`, though the key that began it comes up. False if another program
-    /// is at it.
-    bool hold();
-    void letGo();
+    /// All keys send their events here until `ungrabKeyboard`, also after the release of the key that began it. False
+    /// if another program has the keyboard.
+    bool grabKeyboard();
+    void ungrabKeyboard();
 
+    /// Lets the server send the next event.
     void proceed();
-    /// Lets the event go to the window that it would have gone to, and ends `hold`.
-    void giveBack();
+    /// Sends the event to the window that would have got it, and ends the grab of the keyboard.
+    void replay();
 
-    /// What is physically down.
+    /// The keys that are physically down.
     KeySet keysDown();
 
 private:
-    KeySet request(const KeySet& keys, const std::vector<std::uint16_t>& modifiers);
+    KeySet tryGrab(const KeySet& keys, const std::vector<std::uint16_t>& modifiers);
     std::vector<std::uint16_t> combinations();
     void allow(std::uint8_t mode);
 

@@ -9,8 +9,8 @@
 
 namespace KeyboardHook
 {
-/// A connection of our own to the X server. Through XCB, which keeps no handlers of errors for the whole process: what
-/// goes wrong here is seen by nobody else, and nothing is left behind when the library is unloaded. One thread's own.
+/// A connection to the X server of the library's own. It uses XCB because Xlib has one error handler for the whole
+/// process: errors here reach no other code, and nothing stays behind when the library is unloaded. One thread.
 class XServer
 {
 public:
@@ -21,7 +21,7 @@ public:
     using Owned = std::unique_ptr<Reply, Free>;
     using Event = Owned<xcb_generic_event_t>;
 
-    /// Null if there is none, or it lets nobody in.
+    /// Null if there is no server, or it refuses the connection.
     static std::unique_ptr<XServer> connect();
     ~XServer();
 
@@ -32,20 +32,20 @@ public:
     xcb_window_t getRoot() const { return root; }
     int getFileDescriptor() const { return xcb_get_file_descriptor(connection); }
 
-    /// False once the server has gone.
+    /// False once the connection is broken.
     bool isAlive() const { return xcb_connection_has_error(connection) == 0; }
 
-    /// What came and was not asked for, errors included; null if nothing has.
+    /// The next event, or the error of a request without a reply; null if there is none.
     Event nextEvent();
-    /// Whether there are events, or keys among them, that came before the last answer did.
+    /// Whether events, or key events, arrived before the last reply.
     bool hasEvent();
     bool hasKeyEvent();
 
-    /// The answer to a request, null if it failed: `ask(xcb_query_keymap, xcb_query_keymap_reply)`.
+    /// The reply to a request, null if it failed: `query(xcb_query_keymap, xcb_query_keymap_reply)`.
     template <class Cookie, class Reply, class... Parameters>
-    Owned<Reply> ask(Cookie (*request)(xcb_connection_t*, Parameters...),
-                     Reply* (*takeReply)(xcb_connection_t*, Cookie, xcb_generic_error_t**),
-                     std::type_identity_t<Parameters>... arguments)
+    Owned<Reply> query(Cookie (*request)(xcb_connection_t*, Parameters...),
+                       Reply* (*takeReply)(xcb_connection_t*, Cookie, xcb_generic_error_t**),
+                       std::type_identity_t<Parameters>... arguments)
     {
         xcb_generic_error_t* error = nullptr;
         Owned<Reply> reply(takeReply(connection, request(connection, arguments...), &error));
@@ -53,14 +53,14 @@ public:
         return reply;
     }
 
-    /// Until the server has done all that was asked so far.
-    void wait() { ask(xcb_get_input_focus, xcb_get_input_focus_reply); }
+    /// Returns when the server has processed all requests so far.
+    void wait() { query(xcb_get_input_focus, xcb_get_input_focus_reply); }
 
 private:
     XServer(xcb_connection_t* opened, xcb_window_t rootWindow) : connection(opened), root(rootWindow) {}
 
     xcb_connection_t* const connection;
     const xcb_window_t root;
-    std::deque<Event> events;  ///< those that were looked through
+    std::deque<Event> events;  ///< read from the connection and not yet given out
 };
 }  // namespace KeyboardHook

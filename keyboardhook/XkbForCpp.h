@@ -1,6 +1,6 @@
 #pragma once
 
-// XCB's header has members named after a word of C++.
+// Members of XCB's header are named with a keyword of C++.
 #include <xcb/xcb.h>
 #if defined(__clang__)
 #pragma clang diagnostic push
