@@ -1,15 +1,14 @@
 #include "apps/orvane/Open.h"
 
 #include "apps/orvane/Demonstration.h"
-#include "host/common/Report.h"
 #include "host/run/Run.h"
-#include "host/session/Session.h"
+#include "host/terminal/StandardError.h"
 #include "host/window/FindDesktop.h"
 #include "host/window/RunWithWindow.h"
 
 int open(Host::RunOptions options)
 {
-    const auto session = Host::Session::join(options, Host::reportOnStandardError);
+    const auto session = Host::openSession(options);
     Host::checkRunOptions(options);
     const Host::Desktop desktop = Host::findDesktop();
     if (!desktop.platform.empty()) return Host::runWithWindow(options, desktop.platform);

@@ -1,8 +1,5 @@
 #include "apps/orvane/RunCommand.h"
 
-#include "host/common/Report.h"
-#include "host/session/Session.h"
-
 void addRunOptions(CLI::App& command, Host::RunOptions& options)
 {
     command.add_option("--client", options.client, "Name in the JACK graph or the ALSA sequencer")
@@ -42,7 +39,7 @@ void addRunCommand(CLI::App& program, Host::RunOptions& options, int& exitStatus
     addRunOptions(*command, options);
     command->add_flag("--keys", options.keys, "Play from the keys of this terminal; no commands are read then");
     command->callback([&] {
-        const auto session = Host::Session::join(options, Host::reportOnStandardError);
+        const auto session = Host::openSession(options);
         exitStatus = Host::run(options);
     });
 }

@@ -5,9 +5,6 @@
 
 namespace Host
 {
-/// Takes a line for the user. Any thread.
+/// Shows a line to the user. May be called on any thread.
 using Report = std::function<void(const std::string&)>;
-
-/// On standard error, behind the program's name.
-void reportOnStandardError(const std::string& line);
 }  // namespace Host

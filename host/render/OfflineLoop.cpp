@@ -7,8 +7,12 @@
 
 #include "api/OrvFactory.h"
 #include "api/OrvMessageManager.h"
+#include "backend/display/DisplayListener.h"
+#include "backend/display/DisplayMessageManager.h"
 #include "backend/engine/MidiEngine.h"
+#include "backend/messages/GuiMessages.h"
 #include "backend/model/Program.h"
+#include "host/common/ApplicationName.h"
 #include "host/common/SetupFile.h"
 #include "host/performance/CommandPost.h"
 #include "platform/Thread.h"
@@ -43,7 +47,7 @@ OfflineLoop::OfflineLoop(const Settings& wanted)
     : settings(wanted),
       home(wanted.data, wanted.choices),
       window(std::make_shared<MessageQueue>(ROOM_FOR_EVENTS)),
-      orv(Backend::OrvFactory::createOrv(RenderFolders::APPLICATION, player, false)),
+      orv(Backend::OrvFactory::createOrv(APPLICATION_NAME, player, false)),
       outputPorts(makePorts<Backend::MidiEngine::MidiOutputPorts>("Out", wanted.outputs))
 {
     if (!orv) throw std::bad_alloc();

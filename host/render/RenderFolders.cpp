@@ -4,6 +4,7 @@
 #include <system_error>
 
 #include "backend/files/OrvUtils.h"
+#include "host/common/ApplicationName.h"
 #include "host/common/InputError.h"
 #include "host/common/Installer.h"
 #include "host/render/SettingChoice.h"
@@ -35,7 +36,7 @@ fs::path createdFolder(const fs::path& wanted)
 
 void writeSettings(const std::vector<std::string>& choices)
 {
-    SettingsStore store(OrvUtils::getRegistryKey(RenderFolders::APPLICATION));
+    SettingsStore store(OrvUtils::getRegistryKey(APPLICATION_NAME));
     store.setNumber("DefaultMidiOutput", 0);
     for (const std::string& choice : choices) storeChoice(store, choice);
     if (!store.save()) throw InputError("the settings of this rendering cannot be written to the temporary folder");

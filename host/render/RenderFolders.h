@@ -13,9 +13,6 @@ namespace Host
 class RenderFolders
 {
 public:
-    /// The name under which the renderer's backend keeps its settings.
-    static constexpr const char* APPLICATION = "Orvane 3";
-
     /// `data`: a data folder to use instead, made if need be, and kept. `choices`: settings by their stored names,
     /// "MidiThru=0". Throws InputError.
     RenderFolders(const std::optional<std::filesystem::path>& data, const std::vector<std::string>& choices);

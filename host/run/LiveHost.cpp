@@ -10,7 +10,6 @@
 #include "backend/files/OrvUtils.h"
 #include "host/run/PortList.h"
 #include "host/run/Run.h"
-#include "host/session/Session.h"
 
 namespace Host
 {

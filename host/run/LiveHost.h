@@ -11,6 +11,7 @@
 #include "host/run/EndSignals.h"
 #include "host/run/LivePlay.h"
 #include "host/run/RunOptions.h"
+#include "host/session/Session.h"
 #include "host/system/MidiSystem.h"
 #include "host/terminal/StatusLine.h"
 

@@ -7,13 +7,15 @@
 
 #include "api/OrvFactory.h"
 #include "api/OrvMessageManager.h"
+#include "backend/display/DisplayMessageManager.h"
 #include "backend/files/RegistrySettings.h"
+#include "backend/messages/MessageManagerMaster.h"
 #include "backend/messages/MidiEngineMessageManager.h"
 #include "backend/model/Program.h"
 #include "backend/recorder/RetroRecordManager.h"
+#include "host/common/ApplicationName.h"
 #include "host/common/Installer.h"
 #include "host/performance/CommandPost.h"
-#include "host/run/RunOptions.h"
 
 namespace Host
 {

@@ -15,8 +15,8 @@
 #include "host/ports/PortMemory.h"
 #include "host/ports/Ports.h"
 #include "host/run/LiveWindow.h"
+#include "host/run/Status.h"
 #include "host/system/MidiSystem.h"
-#include "host/terminal/StatusLine.h"
 
 namespace Host
 {

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "api/OrvIF.h"
+#include "backend/display/DisplayListener.h"
 #include "host/common/Report.h"
 #include "platform/WindowHandle.h"
 #include "platform/Worker.h"

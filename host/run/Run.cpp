@@ -11,6 +11,7 @@
 #include "host/run/LiveHost.h"
 #include "host/run/PortList.h"
 #include "host/terminal/RawTerminal.h"
+#include "host/terminal/StandardError.h"
 #include "host/terminal/TerminalKeyboard.h"
 
 namespace Host

@@ -5,12 +5,13 @@
 #include "backend/files/Bank.h"
 #include "host/common/InputError.h"
 #include "host/jack/JackClient.h"
+#include "host/terminal/StandardError.h"
 
 namespace Host
 {
 namespace
 {
-/// Every file can be loaded, and the last bank among them has a program of that number.
+/// Throws InputError unless every file can be loaded and the last bank has a program of that number.
 void checkSetup(const Setup& setup)
 {
     for (const std::string& file : setup.loads) checkSetupFile(file);
@@ -23,6 +24,13 @@ void checkSetup(const Setup& setup)
                          std::to_string(programs));
 }
 }  // namespace
+
+std::unique_ptr<Session> openSession(RunOptions& options)
+{
+    auto session = Session::open(options.setup, options.client, reportOnStandardError);
+    options.session = session.get();
+    return session;
+}
 
 std::vector<Connection> parseConnections(const std::vector<std::string>& texts)
 {

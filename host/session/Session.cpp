@@ -6,12 +6,12 @@
 
 namespace Host
 {
-std::unique_ptr<Session> Session::join(RunOptions& options, const Report& report)
+std::unique_ptr<Session> Session::open(Setup& setup, std::string& client, const Report& report)
 {
-    auto manager = SessionManager::join(report);
+    auto manager = SessionManager::announce(report);
     if (!manager) return nullptr;
     std::unique_ptr<Session> session(new Session(std::move(manager)));
-    session->open(options, report);
+    session->openFolder(setup, client, report);
     return session;
 }
 
@@ -19,27 +19,26 @@ Session::Session(std::unique_ptr<SessionManager> sessionManager) : manager(std::
 
 Session::~Session()
 {
-    if (!answered) manager->replyOpened("Orvane could not start");
+    if (!hasReplied) manager->replyOpened("Orvane could not start");
 }
 
-void Session::open(RunOptions& options, const Report& report)
+void Session::openFolder(Setup& setup, std::string& client, const Report& report)
 try {
     const SessionManager::Opening& opening = manager->getOpening();
     folder.emplace(opening.folder);
-    if (options.setup == Setup()) options.setup = folder->getSetup(report);
-    options.client = opening.client;
-    options.session = this;
+    if (setup == Setup()) setup = folder->getSetup(report);
+    client = opening.client;
 } catch (const InputError& reason) {
-    answered = true;
+    hasReplied = true;
     manager->replyOpened(reason.what());
     throw;
 }
 
 void Session::begin(Event& wakeUp)
 {
-    answered = true;
+    hasReplied = true;
     manager->replyOpened("");
-    manager->listen([this, &wakeUp] {
+    manager->startReceiving([this, &wakeUp] {
         saveRequested.store(true);
         wakeUp.set();
     });

@@ -3,48 +3,52 @@
 #include <atomic>
 #include <memory>
 #include <optional>
+#include <string>
 
 #include "api/OrvMessageManager.h"
-#include "host/run/RunOptions.h"
+#include "host/common/Report.h"
+#include "host/common/SetupFile.h"
 #include "host/session/SessionFolder.h"
 #include "host/session/SessionManager.h"
 #include "platform/Event.h"
 
 namespace Host
 {
-/// A session of several programs, in which this one plays its part: a session manager started it and saves it with the
-/// others. See docs/decisions/0046-sessions.md.
+/// The session of a session manager (NSM) that started this program and saves it together with others. See
+/// docs/behaviour/sessions.md.
 class Session
 {
 public:
-    /// The session that the options are played in from now on, under its name in the JACK graph and with what it saved;
-    /// files that the options name come before that. Null where no session manager started the program. Before
-    /// anything else looks at the user's folders. Throws InputError if the session cannot be opened, which the session
-    /// manager hears too.
-    static std::unique_ptr<Session> join(RunOptions& options, const Report& report);
+    /// Announces the program to the session manager and opens the session: from now on the user's folders of this
+    /// process are the session's. `setup` becomes what the session saved, unless it names something to load; `client`
+    /// becomes the program's name in the JACK graph. Null where no session manager started the program. To be called
+    /// before anything reads the user's folders. Throws InputError if the session cannot be opened; the session manager
+    /// gets the same text.
+    static std::unique_ptr<Session> open(Setup& setup, std::string& client, const Report& report);
 
-    /// A session manager that is still waiting hears that it did not open.
+    /// Replies to a session manager that still waits for the session to open that it did not.
     ~Session();
 
     Session(const Session&) = delete;
     Session& operator=(const Session&) = delete;
 
-    /// It plays: the session manager hears so. From here it may want it saved, which `wakeUp` tells. Once.
+    /// To be called when the program plays: the session manager gets its reply. From now on requests to save are
+    /// received, and each sets `wakeUp`. Once.
     void begin(Event& wakeUp);
 
-    /// Saves it if that is wanted, and answers. On the control thread.
+    /// Saves the session if that was requested, and replies. On the control thread.
     void serve(Backend::OrvMessageManager& backend);
 
-    /// Before `wakeUp` goes. What is wanted now is not answered any more.
-    void end() { manager->stopListening(); }
+    /// Receives nothing any more. To be called while `wakeUp` exists; a request that waits gets no reply.
+    void end() { manager->stopReceiving(); }
 
 private:
     explicit Session(std::unique_ptr<SessionManager> sessionManager);
-    void open(RunOptions& options, const Report& report);
+    void openFolder(Setup& setup, std::string& client, const Report& report);
 
     std::unique_ptr<SessionManager> manager;
     std::optional<SessionFolder> folder;
     std::atomic<bool> saveRequested{false};
-    bool answered = false;  // whether it opened
+    bool hasReplied = false;  // to the request to open
 };
 }  // namespace Host

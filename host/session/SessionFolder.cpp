@@ -4,9 +4,9 @@
 
 #include "backend/files/Bank.h"
 #include "backend/files/OrvUtils.h"
+#include "host/common/ApplicationName.h"
 #include "host/common/InputError.h"
 #include "host/common/WholeFile.h"
-#include "host/run/RunOptions.h"
 #include "platform/FolderCopy.h"
 #include "platform/Folders.h"
 #include "platform/Path.h"

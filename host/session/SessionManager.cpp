@@ -10,10 +10,10 @@
 #include <cerrno>
 #include <chrono>
 #include <cstdlib>
-#include <mutex>
 #include <string_view>
 #include <utility>
 
+#include "platform/Mutex.h"
 #include "platform/Thread.h"
 
 namespace Host
@@ -31,7 +31,7 @@ constexpr const char* REFUSAL = "/error";
 constexpr lo_timetag NOW{0, 1};
 
 constexpr const char* PROGRAM = "Orvane";
-constexpr const char* EXECUTABLE = "orvane";  // as it is found by whoever opens the session again
+constexpr const char* EXECUTABLE = "orvane";  // that opens the session the next time, found by PATH
 constexpr const char* CAPABILITIES = "";
 constexpr int API_MAJOR = 1;
 constexpr int API_MINOR = 0;
@@ -40,28 +40,29 @@ constexpr auto LONGEST_WAIT_FOR_A_SESSION = 5s;
 
 enum Failure : int { GENERAL = -1, NOT_NOW = -8 };
 
-// To the library they are all `void*`.
+// The library declares them all as `void*`.
 using Address = std::unique_ptr<void, decltype(&lo_address_free)>;
 using Server = std::unique_ptr<void, decltype(&lo_server_free)>;
 
 bool speaksUdp(const Address& address) { return address && lo_address_get_protocol(address.get()) == LO_UDP; }
 }  // namespace
 
-/// Both directions. The messages that come are taken one after the other, first by `join`, then by the thread.
+/// Sends and receives. Messages are received one after the other, by `announce` until the session is open and then by
+/// the thread.
 struct SessionManager::Osc {
-    Address manager;
-    Server server;  // from whose port we send, because the answers come back to it
-    std::mutex sending{};
+    Mutex sending{};
+    Address manager GUARDED_BY(sending);
+    Server server;  // messages are sent from its port, so that the replies arrive there
 
     std::string refusal{};  // of the announcement
-    Opening asked{};        // empty until it opens a session
+    Opening opening{};      // empty before the request to open a session
     std::function<void()> saveRequested{};
     const int stopEvent = eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
     Thread thread{};
 
     Osc(Address to, Server from) : manager(std::move(to)), server(std::move(from))
     {
-        lo_server_add_method(server.get(), nullptr, nullptr, &Osc::take, this);
+        lo_server_add_method(server.get(), nullptr, nullptr, &Osc::handle, this);
     }
 
     ~Osc()
@@ -78,34 +79,34 @@ struct SessionManager::Osc {
 
     void announce()
     {
-        const std::lock_guard guard(sending);
+        const MutexLock lock(sending);
         lo_send_from(manager.get(), server.get(), NOW, ANNOUNCE, "sssiii", PROGRAM, CAPABILITIES, EXECUTABLE, API_MAJOR,
                      API_MINOR, static_cast<int>(::getpid()));
     }
 
-    void answer(const char* request, const std::string& whyNot, Failure failure = GENERAL)
+    void reply(const char* request, const std::string& error, Failure failure = GENERAL)
     {
-        const std::lock_guard guard(sending);
-        if (whyNot.empty())
+        const MutexLock lock(sending);
+        if (error.empty())
             lo_send_from(manager.get(), server.get(), NOW, REPLY, "ss", request, "OK");
         else
-            lo_send_from(manager.get(), server.get(), NOW, REFUSAL, "sis", request, failure, whyNot.c_str());
+            lo_send_from(manager.get(), server.get(), NOW, REFUSAL, "sis", request, failure, error.c_str());
     }
 
-    /// Each message; what is not meant for us, or not understood, is left.
-    static int take(const char* path, const char* types, lo_arg** values, int, lo_message, void* self)
+    /// Called for each message; one that is unknown, or has other arguments, is ignored.
+    static int handle(const char* path, const char* types, lo_arg** values, int, lo_message, void* self)
     {
-        static_cast<Osc*>(self)->take(path, types, values);
+        static_cast<Osc*>(self)->handle(path, types, values);
         return 0;
     }
 
-    /// A text begins at four bytes, where none of the union's numbers may.
+    /// A text begins at the address of its argument, which need not be aligned as the union is.
     static const char* textOf(const lo_arg* value) { return reinterpret_cast<const char*>(value); }
 
-    void take(std::string_view path, std::string_view types, lo_arg** values)
+    void handle(std::string_view path, std::string_view types, lo_arg** values)
     {
         if (path == OPEN && types.starts_with("sss"))
-            takeOpening({textOf(values[0]), textOf(values[2])});
+            handleOpening({textOf(values[0]), textOf(values[2])});
         else if (path == SAVE && saveRequested)
             saveRequested();
         else if (path == REFUSAL && types == "sis" && textOf(values[0]) == std::string_view(ANNOUNCE))
@@ -113,14 +114,14 @@ struct SessionManager::Osc {
     }
 
     /// The program plays in one session for as long as it runs.
-    void takeOpening(Opening wanted)
+    void handleOpening(Opening requested)
     {
-        if (!asked.folder.empty())
-            answer(OPEN, "Orvane plays in a session already", NOT_NOW);
-        else if (!wanted.folder.is_absolute())
-            answer(OPEN, "the session's folder is not absolute");
+        if (!opening.folder.empty())
+            reply(OPEN, "Orvane plays in a session already", NOT_NOW);
+        else if (!requested.folder.is_absolute())
+            reply(OPEN, "the session's folder is not absolute");
         else
-            asked = std::move(wanted);
+            opening = std::move(requested);
     }
 
     void run()
@@ -128,7 +129,7 @@ struct SessionManager::Osc {
         while (waitForMessage()) lo_server_recv_noblock(server.get(), 0);
     }
 
-    /// False when it is time to stop.
+    /// False once `stop` was called.
     bool waitForMessage() const
     {
         std::array<pollfd, 2> waited{{{stopEvent, POLLIN, 0}, {lo_server_get_socket_fd(server.get()), POLLIN, 0}}};
@@ -138,7 +139,7 @@ struct SessionManager::Osc {
     }
 };
 
-std::unique_ptr<SessionManager> SessionManager::join(const Report& report)
+std::unique_ptr<SessionManager> SessionManager::announce(const Report& report)
 {
     const char* url = std::getenv("NSM_URL");
     if (url == nullptr || *url == '\0') return nullptr;
@@ -146,43 +147,44 @@ std::unique_ptr<SessionManager> SessionManager::join(const Report& report)
     Address address(lo_address_new_from_url(url), &lo_address_free);
     Server server(lo_server_new_with_proto(nullptr, LO_UDP, nullptr), &lo_server_free);
     if (!speaksUdp(address) || !server) {
-        report(here + " cannot be reached, so this is no part of a session.");
+        report(here + " cannot be reached, so the program does not belong to a session.");
         return nullptr;
     }
     std::unique_ptr<SessionManager> manager(
         new SessionManager(std::make_unique<Osc>(std::move(address), std::move(server))));
-    return manager->isOpened([&](const std::string& what) { report(here + what); }) ? std::move(manager) : nullptr;
+    return manager->waitForSession([&](const std::string& what) { report(here + what); }) ? std::move(manager)
+                                                                                          : nullptr;
 }
 
 SessionManager::SessionManager(std::unique_ptr<Osc> connection) : osc(std::move(connection)) {}
 
 SessionManager::~SessionManager() = default;
 
-bool SessionManager::isOpened(const Report& report)
+bool SessionManager::waitForSession(const Report& report)
 {
     osc->announce();
-    const auto giveUp = std::chrono::steady_clock::now() + LONGEST_WAIT_FOR_A_SESSION;
-    while (osc->asked.folder.empty()) {
+    const auto deadline = std::chrono::steady_clock::now() + LONGEST_WAIT_FOR_A_SESSION;
+    while (osc->opening.folder.empty()) {
         const auto left =
-            std::chrono::duration_cast<std::chrono::milliseconds>(giveUp - std::chrono::steady_clock::now());
+            std::chrono::duration_cast<std::chrono::milliseconds>(deadline - std::chrono::steady_clock::now());
         if (!osc->refusal.empty())
-            return report(" does not want Orvane, so this is no part of a session: " + osc->refusal), false;
-        if (left <= 0ms) return report(" does not answer, so this is no part of a session."), false;
+            return report(" refused Orvane, so the program does not belong to a session: " + osc->refusal), false;
+        if (left <= 0ms) return report(" does not answer, so the program does not belong to a session."), false;
         lo_server_recv_noblock(osc->server.get(), static_cast<int>(left.count()));
     }
-    opening = osc->asked;
+    opening = osc->opening;
     return true;
 }
 
-void SessionManager::replyOpened(const std::string& whyNot) { osc->answer(OPEN, whyNot); }
+void SessionManager::replyOpened(const std::string& error) { osc->reply(OPEN, error); }
 
-void SessionManager::replySaved(const std::string& whyNot) { osc->answer(SAVE, whyNot); }
+void SessionManager::replySaved(const std::string& error) { osc->reply(SAVE, error); }
 
-void SessionManager::listen(std::function<void()> saveRequested)
+void SessionManager::startReceiving(std::function<void()> saveRequested)
 {
     osc->saveRequested = std::move(saveRequested);
     osc->thread.start("orvane session", [this] { osc->run(); });
 }
 
-void SessionManager::stopListening() { osc->stop(); }
+void SessionManager::stopReceiving() { osc->stop(); }
 }  // namespace Host

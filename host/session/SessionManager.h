@@ -9,21 +9,21 @@
 
 namespace Host
 {
-/// The session manager by which this program was started, if it was: it says where the program keeps what belongs to
-/// the session, and when it is to be saved. The way of speaking is that of the Non Session Manager, API 1.0, by Open
-/// Sound Control over UDP. One object per process.
+/// The connection to the session manager that started this program. The protocol is that of the Non Session Manager,
+/// API 1.0: Open Sound Control over UDP. One object per process.
 class SessionManager
 {
 public:
-    /// What it asks for first.
+    /// What its request to open a session says.
     struct Opening {
-        std::filesystem::path folder;  ///< of this session and program alone; absolute; it may be there or not
-        std::string client;            ///< the name to have among the audio programs, unique in the session
+        std::filesystem::path folder;  ///< for this program in this session; absolute, may not exist yet
+        std::string client;            ///< the program's name in the JACK graph, unique in the session
     };
 
-    /// Announces the program to the session manager that NSM_URL names, and waits until it opens a session. Null if
-    /// there is none, or it does not want us or does not answer, which is told.
-    static std::unique_ptr<SessionManager> join(const Report& report);
+    /// Announces the program to the session manager that NSM_URL names, and waits up to five seconds for its request to
+    /// open a session. Null if NSM_URL is not set, or if the manager refuses the program or does not answer; the last
+    /// two are reported.
+    static std::unique_ptr<SessionManager> announce(const Report& report);
 
     ~SessionManager();
 
@@ -32,19 +32,19 @@ public:
 
     const Opening& getOpening() const { return opening; }
 
-    /// The answers it waits for. An empty reason says that all went well. Any thread.
-    void replyOpened(const std::string& whyNot);
-    void replySaved(const std::string& whyNot);
+    /// The replies to the requests to open and to save; `error` is empty if that was done. Any thread.
+    void replyOpened(const std::string& error);
+    void replySaved(const std::string& error);
 
-    /// From now on it is listened to; `saveRequested` is called on a thread of this object's.
-    void listen(std::function<void()> saveRequested);
-    void stopListening();
+    /// From now on requests are received; each request to save calls `saveRequested` on a thread of this object.
+    void startReceiving(std::function<void()> saveRequested);
+    void stopReceiving();
 
 private:
     struct Osc;
 
     explicit SessionManager(std::unique_ptr<Osc> connection);
-    bool isOpened(const Report& report);
+    bool waitForSession(const Report& report);
 
     std::unique_ptr<Osc> osc;
     Opening opening;

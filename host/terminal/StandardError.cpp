@@ -1,4 +1,4 @@
-#include "host/common/Report.h"
+#include "host/terminal/StandardError.h"
 
 #include <iostream>
 

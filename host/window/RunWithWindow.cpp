@@ -7,6 +7,7 @@
 #include <iostream>
 #include <thread>
 
+#include "host/terminal/StandardError.h"
 #include "host/window/DesktopWindow.h"
 #include "host/window/HelpLine.h"
 #include "host/window/PlayThread.h"

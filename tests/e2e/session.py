@@ -215,7 +215,7 @@ class Session(live.House):
         for url in (self.manager.url, "what is this?"):
             orvane = Program(self, live.ORVANE, "run", env={**self.environment, "NSM_URL": url})
             until(lambda: "Commands are read" in orvane.printed, "orvane")
-            self.assertIn("no part of a session", orvane.complained)
+            self.assertIn("does not belong to a session", orvane.complained)
             self.assertEqual(orvane.end(signal.SIGTERM), 0)
 
     def test_with_a_window_and_without_one_it_is_saved_and_ends_with_every_note_off(self):

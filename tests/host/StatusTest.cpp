@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "host/clock/SliceLoad.h"
-#include "host/terminal/StatusLine.h"
+#include "host/run/Status.h"
 #include "tests/stage/Allocations.h"
 
 namespace Host
