@@ -1,11 +1,11 @@
 #include "host/run/LiveWindow.h"
 
 #include <algorithm>
-#include <iostream>
 #include <utility>
 
 #include "backend/messages/GuiMessages.h"
 #include "backend/recorder/RetroRecordManager.h"
+#include "host/terminal/LineOutput.h"
 #include "host/terminal/StatusLine.h"
 
 namespace Host
@@ -53,6 +53,6 @@ void LiveDisplay::addText(const char* text)
 {
     std::string lines = text;
     std::erase(lines, '\r');
-    std::cout << StatusLine::eraser() + lines << std::flush;
+    standardOutput().write(StatusLine::eraser() + lines);
 }
 }  // namespace Host

@@ -1,13 +1,12 @@
 #include "host/terminal/StandardError.h"
 
-#include <iostream>
-
+#include "host/terminal/LineOutput.h"
 #include "host/terminal/StatusLine.h"
 
 namespace Host
 {
 void reportOnStandardError(const std::string& line)
 {
-    std::cerr << std::string(StatusLine::eraser()) + "orvane: " + line + "\n";
+    standardError().write(std::string(StatusLine::eraser()) + "orvane: " + line + "\n");
 }
 }  // namespace Host

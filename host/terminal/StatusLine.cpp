@@ -5,7 +5,8 @@
 
 #include <algorithm>
 #include <atomic>
-#include <iostream>
+
+#include "host/terminal/LineOutput.h"
 
 namespace Host
 {
@@ -22,8 +23,8 @@ std::atomic<bool> isShown{false};
 std::size_t terminalWidth()
 {
     winsize size{};
-    const bool told = ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0;
-    return told ? size.ws_col : USUAL_WIDTH;
+    const bool known = ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0;
+    return known ? size.ws_col : USUAL_WIDTH;
 }
 
 /// Cut to so many bytes, never within a character.
@@ -39,7 +40,7 @@ StatusLine::StatusLine() : onTerminal(isatty(STDOUT_FILENO) == 1), next(std::chr
 
 StatusLine::~StatusLine()
 {
-    if (isShown.exchange(false)) std::cout << std::endl;
+    if (isShown.exchange(false)) standardOutput().write("\n");
 }
 
 bool StatusLine::isDue()
@@ -50,14 +51,14 @@ bool StatusLine::isDue()
     return true;
 }
 
-// The cursor is left at the line's beginning, where the next one, whoever it is from, takes its place.
+// The cursor stays at the start of the line, so that the next output replaces it.
 void StatusLine::show(const std::string& line)
 {
     if (onTerminal) {
         isShown.store(true);
-        std::cout << cut(line, terminalWidth() - 1) + ERASE_TO_THE_END + "\r" << std::flush;
+        standardOutput().write(cut(line, terminalWidth() - 1) + ERASE_TO_THE_END + "\r");
     } else {
-        std::cout << line + "\n" << std::flush;
+        standardOutput().write(line + "\n");
     }
 }
 
