@@ -45,7 +45,7 @@ void reportLosses(const Ports& ports, const Report& report)
 }
 }  // namespace
 
-LiveHost::LiveHost(const RunOptions& runOptions, EndSignals& endSignals, Event& wakeUp, Report reportLine)
+LiveHost::LiveHost(const RunOptions& runOptions, ProcessSignals& endSignals, Event& wakeUp, Report reportLine)
     : options(runOptions),
       signals(endSignals),
       event(wakeUp),

@@ -8,8 +8,8 @@
 #include "host/common/Report.h"
 #include "host/ports/PortMemory.h"
 #include "host/ports/Ports.h"
-#include "host/run/EndSignals.h"
 #include "host/run/LivePlay.h"
+#include "host/run/ProcessSignals.h"
 #include "host/run/RunOptions.h"
 #include "host/session/Session.h"
 #include "host/system/MidiSystem.h"
@@ -25,7 +25,7 @@ class LiveHost
 public:
     /// Opens the devices and tells what is missing. The options were checked. `wakeUp` wakes the control thread; it and
     /// the signals outlive this.
-    LiveHost(const RunOptions& runOptions, EndSignals& endSignals, Event& wakeUp, Report reportLine);
+    LiveHost(const RunOptions& runOptions, ProcessSignals& endSignals, Event& wakeUp, Report reportLine);
 
     LiveHost(const LiveHost&) = delete;
     LiveHost& operator=(const LiveHost&) = delete;
@@ -61,7 +61,7 @@ private:
     void showStatus();
 
     const RunOptions options;
-    EndSignals& signals;
+    ProcessSignals& signals;
     Event& event;
     const Report report;
     Ports ports;

@@ -18,13 +18,13 @@ namespace Host
 {
 namespace
 {
-void playFromKeys(EndSignals& signals, LiveHost& host)
+void playFromKeys(ProcessSignals& signals, LiveHost& host)
 {
     const TerminalKeyboard keyboard(STDIN_FILENO, [&](const Command& command) { host.getPlay().execute(command); });
     host.playUntil([&] { return signals.isEndRequested(); });
 }
 
-void playFromCommands(EndSignals& signals, LiveHost& host)
+void playFromCommands(ProcessSignals& signals, LiveHost& host)
 {
     const CommandReader reader(
         STDIN_FILENO, "standard input", [&](const Command& command) { host.getPlay().execute(command); },
@@ -39,7 +39,7 @@ int run(const RunOptions& options, const std::function<int()>& otherwise)
     const auto terminal = options.keys ? std::make_unique<RawTerminal>(STDIN_FILENO) : nullptr;
 
     Event event;
-    EndSignals signals(event);
+    ProcessSignals signals(event);
     LiveHost host(options, signals, event, reportOnStandardError);
     if (!host.hasOutput()) {
         if (otherwise) return otherwise();

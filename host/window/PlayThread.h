@@ -4,8 +4,8 @@
 #include <functional>
 #include <future>
 
-#include "host/run/EndSignals.h"
 #include "host/run/LiveHost.h"
+#include "host/run/ProcessSignals.h"
 #include "platform/Event.h"
 #include "platform/Thread.h"
 
@@ -44,7 +44,7 @@ private:
     const Report report;
     const std::function<void()> closeWindow;
     Event event;
-    EndSignals signals{event};
+    ProcessSignals signals{event};
     std::promise<LiveHost*> playing;
     std::atomic<bool> isWindowClosed{false};
     Event windowClosed;

@@ -1,4 +1,4 @@
-#include "host/run/EndSignals.h"
+#include "host/run/ProcessSignals.h"
 
 #include <unistd.h>
 
@@ -56,7 +56,7 @@ bool isIgnored(int signal)
 }
 }  // namespace
 
-EndSignals::EndSignals(Event& event)
+ProcessSignals::ProcessSignals(Event& event)
 {
     eventToSet.store(&event);
     handle(SIGUSR1, orvaneSaveSignal);
@@ -65,9 +65,9 @@ EndSignals::EndSignals(Event& event)
     for (const int signal : IGNORED) handle(signal, SIG_IGN);
 }
 
-EndSignals::~EndSignals() { eventToSet.store(nullptr); }
+ProcessSignals::~ProcessSignals() { eventToSet.store(nullptr); }
 
-bool EndSignals::isEndRequested() const { return endRequested.load(); }
+bool ProcessSignals::isEndRequested() const { return endRequested.load(); }
 
-bool EndSignals::takeSaveRequest() { return saveRequested.exchange(false); }
+bool ProcessSignals::takeSaveRequest() { return saveRequested.exchange(false); }
 }  // namespace Host

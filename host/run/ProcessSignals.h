@@ -10,14 +10,14 @@ namespace Host
 /// background stops the music.
 ///
 /// One object per process, for the length of `run`.
-class EndSignals
+class ProcessSignals
 {
 public:
-    explicit EndSignals(Event& event);
-    ~EndSignals();
+    explicit ProcessSignals(Event& event);
+    ~ProcessSignals();
 
-    EndSignals(const EndSignals&) = delete;
-    EndSignals& operator=(const EndSignals&) = delete;
+    ProcessSignals(const ProcessSignals&) = delete;
+    ProcessSignals& operator=(const ProcessSignals&) = delete;
 
     bool isEndRequested() const;
 
