@@ -16,6 +16,7 @@ constexpr std::uint32_t TRACK_HEADER = 0x4D54726B;  // "MTrk"
 constexpr std::int64_t PULSES_PER_QUARTER = 480;
 
 struct Header {
+    std::uint32_t format;  // 0 or 1
     std::uint32_t tracks;
     std::int64_t division;  // ticks per quarter note, 1 to 32767
 };
@@ -29,21 +30,30 @@ Header readHeader(ByteCursor& file)
     const std::uint32_t format = chunk.bigEndian(2);
     if (format > 1) file.refuse(8, "format " + std::to_string(format) + " is not supported, only 0 and 1");
     const std::uint32_t tracks = chunk.bigEndian(2);
-    if (tracks == 0 || (format == 0 && tracks > 1))
-        file.refuse(
-            10, "a file of format " + std::to_string(format) + " cannot have " + std::to_string(tracks) + " tracks");
+    if (format == 0 && tracks > 1)
+        file.refuse(10, "a file of format 0 cannot have " + std::to_string(tracks) + " tracks");
     const std::uint32_t division = chunk.bigEndian(2);
     if (division >= 0x8000) file.refuse(12, "SMPTE time is not supported, only ticks per quarter note");
     if (division == 0) file.refuse(12, "0 ticks per quarter note");
-    return {tracks, division};
+    return {format, tracks, division};
 }
 
-std::vector<TrackReader> findTracks(ByteCursor& file, std::uint32_t count)
+/// Whether a chunk begins here that is all there. Where it need not be one, bytes after the last track are padding.
+bool hasWholeChunk(ByteCursor file)
 {
+    if (file.left() < 8) return false;
+    file.bigEndian(4);
+    return file.bigEndian(4) <= file.left();
+}
+
+/// Some writers count fewer tracks in the header of format 1 than they write, or none.
+std::vector<TrackReader> findTracks(ByteCursor& file, const Header& header)
+{
+    const std::size_t least = std::max(header.tracks, 1u);
     std::vector<TrackReader> tracks;
-    while (tracks.size() < count) {
+    while (tracks.size() < least || (header.format == 1 && hasWholeChunk(file))) {
         if (file.atEnd())
-            file.refuse("the file has " + std::to_string(tracks.size()) + " of its " + std::to_string(count) +
+            file.refuse("the file has " + std::to_string(tracks.size()) + " of its " + std::to_string(least) +
                         " tracks");
         const std::uint32_t kind = file.bigEndian(4);
         const std::uint32_t size = file.bigEndian(4);
@@ -60,7 +70,7 @@ MidiFileEvent eventOf(const TrackReader& track, std::int64_t division)
     return {static_cast<std::int32_t>(pulses), track.status(), track.d1(), track.d2()};
 }
 
-/// A heap of the tracks by their next message; the tracks stand in one vector, so their addresses tell their order.
+/// The order of a heap of tracks by their next message. All tracks are in one vector, so addresses give their order.
 bool soundsLater(const TrackReader* a, const TrackReader* b)
 {
     return std::pair(a->ticks(), a) > std::pair(b->ticks(), b);
@@ -96,7 +106,7 @@ std::vector<MidiFileEvent> readMidiFile(std::span<const std::uint8_t> bytes, con
 {
     ByteCursor file(bytes, name);
     const Header header = readHeader(file);
-    std::vector<TrackReader> tracks = findTracks(file, header.tracks);
+    std::vector<TrackReader> tracks = findTracks(file, header);
     return merge(tracks, header.division);
 }
 

@@ -81,7 +81,7 @@ TEST(MidiFileReader, KeepsTheOrderOfTicksWithinOnePulse)
               (Events{{0, 0x80, 60, 0}, {0, 0x90, 60, 100}}));
 }
 
-TEST(MidiFileReader, PassesOverWhatIsNoTrackAndStopsAfterTheLast)
+TEST(MidiFileReader, SkipsOtherChunksAndReadsTracksThatTheHeaderDoesNotCount)
 {
     const Bytes note{0, 0x90, 60, 100};
     const Events heard{{0, 0x90, 60, 100}};
@@ -89,6 +89,11 @@ TEST(MidiFileReader, PassesOverWhatIsNoTrackAndStopsAfterTheLast)
     file[11] = 1;
     EXPECT_EQ(read(file + Testing::chunk("XFIH", {1, 2, 3}) + Testing::chunk("MTrk", note + END)), heard);
     EXPECT_EQ(read(oneTrack(note + END) + Bytes{0, 0, 0}), heard) << "padding";
+    for (const std::uint8_t count : {0, 1}) {  // fewer than there are
+        Bytes more = midiFile(1, 480, {note + END, END, note + END});
+        more[11] = count;
+        EXPECT_EQ(read(more + Bytes{'M', 'T', 'r', 'k', 0, 0, 0, 9, 0}), (Events{heard[0], heard[0]})) << int{count};
+    }
     EXPECT_EQ(read(oneTrack(note + END + note)), heard) << "after the end of track";
     EXPECT_EQ(read(oneTrack(note)), heard) << "no end of track";
     EXPECT_EQ(read(oneTrack({})), Events{});
@@ -107,7 +112,7 @@ TEST(MidiFileReader, RefusesWhatItCannotPlayNamingTheByte)
         {headed({0, 2, 0, 1, 1, 0xE0}), "8: format 2 is not supported, only 0 and 1"},
         {headed({0, 1, 0, 1, 0xE7, 40}), "12: SMPTE time is not supported, only ticks per quarter note"},
         {headed({0, 1, 0, 1, 0, 0}), "12: 0 ticks per quarter note"},
-        {headed({0, 1, 0, 0, 1, 0xE0}), "10: a file of format 1 cannot have 0 tracks"},
+        {headed({0, 1, 0, 0, 1, 0xE0}), "14: the file has 0 of its 1 tracks"},
         {headed({0, 0, 0, 2, 1, 0xE0}), "10: a file of format 0 cannot have 2 tracks"},
         {headed({0, 1, 0xFF, 0xFF, 1, 0xE0}), "14: the file has 0 of its 65535 tracks"},
         {headed({0, 1, 0, 1, 1, 0xE0}) + Bytes{'M', 'T', 'r', 'k', 0xFF, 0xFF, 0xFF, 0xFF, 0},
