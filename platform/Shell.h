@@ -4,6 +4,6 @@
 
 #include "platform/Export.h"
 
-/// Opens a document with the program that the user's desktop has for it, and does not wait for it. False, with a line
-/// on the debug stream, if the desktop offers no way.
-ORV_API bool openDocument(const std::string& path);
+/// Opens a document with the desktop's program for it, and does not wait for that program. Returns an empty text, or a
+/// clause that says why it cannot be opened: "xdg-open is not installed".
+ORV_API std::string openDocument(const std::string& path);

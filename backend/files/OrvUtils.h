@@ -51,8 +51,9 @@ public:
     /// Whether an input device has the virtual port's name.
     static bool virtualMidiPortExists();
 
-    /// Opens a page of the manual, "" for the first one. A name that leads out of the manual opens nothing.
-    static void showManual(std::string_view page);
+    /// Opens a page of the manual, "" for the first one. A name that leads out of the manual opens nothing. Returns an
+    /// empty text, or a sentence for the user that says why the page cannot be opened and names its file.
+    static std::string showManual(std::string_view page);
 
 private:
     static void removeFiles(const std::string& folder, std::string_view name);

@@ -6,6 +6,7 @@
 #include <QPushButton>
 
 #include "backend/files/OrvUtils.h"
+#include "gui/framework/Question.h"
 
 namespace Gui
 {
@@ -22,7 +23,10 @@ void addManualButton(QBoxLayout& row, const char* page)
     if (!hasManualPage(page)) return;
     auto* help = new QPushButton(QCoreApplication::translate("ManualButton", "Help"));
     help->setAutoDefault(false);
-    QObject::connect(help, &QPushButton::clicked, [page] { OrvUtils::showManual(page); });
+    QObject::connect(help, &QPushButton::clicked, help, [help, page] {
+        const std::string problem = OrvUtils::showManual(page);
+        if (!problem.empty()) tell(*help->window(), help->text(), QString::fromStdString(problem));
+    });
     row.addWidget(help);
 }
 }  // namespace Gui

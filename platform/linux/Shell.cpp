@@ -6,13 +6,12 @@
 
 #include <csignal>
 #include <cstdlib>
+#include <string>
 #include <string_view>
-
-#include "platform/DbgStream.h"
 
 namespace
 {
-/// The program's path, looked for here because a forked child of a threaded process may not.
+/// The program's path in PATH. The forked child of a process with threads must not search it.
 std::string findProgram(const std::string& name)
 {
     const char* variable = std::getenv("PATH");
@@ -26,7 +25,7 @@ std::string findProgram(const std::string& name)
     return "";
 }
 
-/// In the child: a grandchild, in a session of its own, becomes the program, and nobody has to wait for it.
+/// In the child: forks again, so that this process need not wait for the program, and executes it in a new session.
 [[noreturn]] void becomeDetached(char* const* arguments)
 {
     ::setsid();
@@ -41,18 +40,15 @@ std::string findProgram(const std::string& name)
 }
 }  // namespace
 
-bool openDocument(const std::string& path)
+std::string openDocument(const std::string& path)
 {
     std::string program = findProgram("xdg-open");
+    if (program.empty()) return "xdg-open is not installed";
     std::string document = path;
     char* const arguments[] = {program.data(), document.data(), nullptr};
-    const pid_t child = program.empty() ? -1 : ::fork();
+    const pid_t child = ::fork();
     if (child == 0) becomeDetached(arguments);
-    if (child < 0) {
-        WindowsLib::DbgStream() << path << ": not opened: "
-                                << (program.empty() ? "there is no xdg-open" : "no process can be started");
-        return false;
-    }
+    if (child < 0) return "no process can be started";
     ::waitpid(child, nullptr, 0);
-    return true;
+    return "";
 }

@@ -45,7 +45,10 @@ void HelpPanel::addManualButton()
     button->setFocusPolicy(Qt::TabFocus);
     button->setAccessibleName(tr("Manual"));
     Property::setHelp(*button, tr("Manual: opens the manual in your web browser."));
-    connect(button, &QPushButton::clicked, [] { Backend::OrvUtils::showManual(""); });
+    connect(button, &QPushButton::clicked, this, [this] {
+        const std::string problem = Backend::OrvUtils::showManual("");
+        if (!problem.empty()) showText(problem);
+    });
 }
 
 void HelpPanel::showText(const std::string& text) { edit->setPlainText(QString::fromStdString(text)); }
