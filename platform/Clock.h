@@ -4,5 +4,5 @@
 
 #include "platform/Export.h"
 
-/// Milliseconds of a clock that never jumps; wraps round after 49.7 days. Any thread, no system call on Linux.
+/// Milliseconds of a monotonic clock; wraps to 0 after 49.7 days. Any thread, no system call on Linux.
 ORV_API std::uint32_t monotonicMilliseconds();

@@ -8,9 +8,9 @@
 #include "platform/Thread.h"
 #include "platform/ThreadSafety.h"
 
-/// A lock whose holder inherits the priority of whoever waits for it, so that a low-priority thread inside it never
-/// keeps the time-slice thread waiting behind unrelated work. Not recursive. A free lock costs one atomic exchange
-/// each way and no system call.
+/// A lock with priority inheritance: its holder runs with the priority of the most urgent waiting thread, so that the
+/// time-slice thread never waits for threads of lower priority that do not hold the lock. Not recursive. Taking and
+/// leaving a free lock are one atomic exchange each, without a system call.
 class ORV_API CAPABILITY("lock") CriticalSection
 {
 public:
@@ -41,18 +41,18 @@ public:
             leaveContended();
     }
 
-    /// Dispatches whatever waits in the caller's own message loop; false once the quit message came.
+    /// Dispatches the messages that wait in the caller's message loop; false once there was a quit message.
     using Pump = std::function<bool()>;
 
-    /// Takes the lock on a thread that must go on serving its messages meanwhile, because the holder may be waiting
-    /// for it. A free lock is taken at once, without a call of `pump`. False, and the lock not taken, on quit.
+    /// Takes the lock on a thread whose message loop must go on meanwhile, because the holder may wait for it. A free
+    /// lock is taken at once, without a call of `pump`. False, without the lock, on quit.
     bool waitWithMessageLoop(const Pump& pump) TRY_ACQUIRE(true);
 
 private:
     void enterContended();
     void leaveContended();
 
-    // The holder's thread id, 0 while free; while others wait the system adds its own mark.
+    // The holder's thread id, 0 while free; the kernel sets a bit in it while others wait.
     std::atomic<std::uint32_t> owner{0};
 };
 

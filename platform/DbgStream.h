@@ -7,9 +7,9 @@
 
 namespace WindowsLib
 {
-/// One line of the debug stream, written as a whole when the object goes: `DbgStream() << "no port " << index;`
-/// The lines go to standard error when the environment holds ORVANE_DEBUG=1 and nowhere otherwise. What the system
-/// drops silently by design is told here. Any thread, but never inside a time slice: writing is a system call.
+/// One line of the debug stream, written as a whole by the destructor: `DbgStream() << "no port " << index;`
+/// If the environment variable ORVANE_DEBUG is 1 the lines go to standard error, otherwise nowhere. They say what is
+/// ignored silently by design. Any thread, but never in a time slice: writing is a system call.
 class ORV_API DbgStream
 {
 public:

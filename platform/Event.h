@@ -6,8 +6,9 @@
 
 #include "platform/Export.h"
 
-/// An auto-reset event: not signalled at creation, `set` lets one waiter through, setting it twice before somebody
-/// waits counts once. What was written before `set` is seen after `wait`. `set` never blocks and takes no lock.
+/// An auto-reset event: not signalled at creation; `set` releases one waiting thread; two calls of `set` before a wait
+/// count as one. Writes before `set` are visible after `wait`. `set` never blocks, takes no lock and may be called in a
+/// signal handler.
 class ORV_API Event
 {
 public:
@@ -20,7 +21,7 @@ public:
     void set();
     void wait();
 
-    /// False if nobody set the event within that time.
+    /// False if the event was not set within that time.
     bool waitFor(std::chrono::milliseconds longest);
 
 private:

@@ -5,12 +5,12 @@
 
 #include "platform/Export.h"
 
-/// A file that only one holder on this machine has at a time, in any process. It is made when taken and gone when let
-/// go; what a process that was killed leaves behind can be taken again.
+/// A lock file that one process of the machine can hold at a time. It is created when taken and removed when released;
+/// the file of a killed process can be taken again.
 class ORV_API FileLock
 {
 public:
-    /// Nothing if another holds it or the file cannot be made. Never waits.
+    /// None if another object or process holds it, or the file cannot be created. Never waits.
     static std::optional<FileLock> take(const std::filesystem::path& path);
 
     FileLock(FileLock&& other) noexcept;

@@ -9,7 +9,7 @@ namespace
 {
 namespace fs = std::filesystem;
 
-void tell(const fs::path& path, const std::error_code& error)
+void report(const fs::path& path, const std::error_code& error)
 {
     if (error) WindowsLib::DbgStream() << path.string() << ": not copied: " << error.message();
 }
@@ -20,25 +20,25 @@ bool isThere(const fs::path& path)
     return fs::exists(fs::symlink_status(path, none));
 }
 
-/// Puts what `fill` makes under another name in its place, unless it cannot be made.
+/// Calls `fill` with a temporary name, and renames the result to `target` if it succeeded.
 template <class Fill>
-void appear(const fs::path& target, Fill fill)
+void create(const fs::path& target, Fill fill)
 {
     const fs::path temporary = WholeFile::temporaryBeside(target);
     std::error_code error = fill(temporary);
     if (!error) fs::rename(temporary, target, error);
     if (!error) return;
-    tell(target, error);
+    report(target, error);
     fs::remove_all(temporary, error);
 }
 
 void copyFile(const fs::path& from, const fs::path& to)
 {
     if (isThere(to)) return;
-    appear(to, [&](const fs::path& temporary) {
+    create(to, [&](const fs::path& temporary) {
         std::error_code error;
         fs::copy_file(from, temporary, error);
-        // What the system installed may be locked; the copy is the user's own.
+        // Installed files may be read-only; the copy belongs to the user.
         if (!error) fs::permissions(temporary, fs::perms::owner_write, fs::perm_options::add, error);
         return error;
     });
@@ -58,7 +58,7 @@ void copyContent(const fs::path& from, const fs::path& to)
         else
             WindowsLib::DbgStream() << entry->path().string() << ": not copied: neither a file nor a folder";
     }
-    tell(from, error);
+    report(from, error);
 }
 }  // namespace
 
@@ -74,7 +74,7 @@ bool copyFolder(const fs::path& from, const fs::path& to)
         return true;
     }
     fs::create_directories(to.parent_path(), error);
-    appear(to, [&](const fs::path& temporary) {
+    create(to, [&](const fs::path& temporary) {
         std::error_code failed;
         if (fs::create_directory(temporary, failed)) copyContent(from, temporary);
         return failed;

@@ -4,7 +4,7 @@
 
 #include "platform/Export.h"
 
-/// How a key that is held repeats.
+/// The repeat of a held key.
 struct KeyRepeat {
     std::uint32_t delay = 500;    ///< milliseconds from the press to the first repeat
     std::uint32_t interval = 33;  ///< milliseconds from one repeat to the next
@@ -12,6 +12,6 @@ struct KeyRepeat {
     bool operator==(const KeyRepeat&) const = default;
 };
 
-/// As the user has set the desktop's keyboard; the values above where there is no desktop or it does not say. Asks the
-/// display, so it may wait for it.
+/// The user's setting of the desktop's keyboard; the default values above without a display. Waits for a reply of the
+/// display.
 ORV_API KeyRepeat getKeyRepeat();

@@ -8,8 +8,8 @@
 #include "platform/Event.h"
 #include "platform/Export.h"
 
-/// What a message owns beside its two parameters: one value of any movable type, freed with the message if nobody
-/// takes it.
+/// What a message owns besides its two parameters: one value of any movable type, freed with the message unless the
+/// handler moves it out.
 class ORV_API Payload
 {
 public:
@@ -49,8 +49,8 @@ private:
     std::unique_ptr<AnyHolder> holder;
 };
 
-/// Tells one waiter that its message is done with. Travels with the message and answers when it is destroyed, so the
-/// waiter is let go whether the message was handled, freed by a stopped worker or dropped on the way.
+/// Releases the thread that waits for a message. It is part of the message and sets the event when it is destroyed, so
+/// the thread goes on whether the message was handled or freed by a stopped worker.
 class Answer
 {
 public:
@@ -71,12 +71,12 @@ private:
     Event* event = nullptr;
 };
 
-/// A numbered message: two 32-bit parameters, and what does not fit them as an owned payload. Pointers never travel in
-/// the parameters.
+/// A numbered message: two 32-bit parameters, and an owned payload for arguments that do not fit. The parameters never
+/// hold pointers.
 struct Message {
     unsigned int number = 0;
     std::uint32_t wparam = 0;
     std::int32_t lparam = 0;
-    Answer answer{};  // before the payload: members go in reverse, and the waiter goes on when all is freed
+    Answer answer{};  // before the payload, so that the payload is destroyed before the waiting thread goes on
     Payload payload{};
 };

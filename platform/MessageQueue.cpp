@@ -77,13 +77,13 @@ void MessageQueue::postFromSlice(Message message)
 
 void MessageQueue::wake()
 {
-    // Both sides exchange: either the consumer's exchange came first and it is woken here, or it comes later and then
-    // sees what was appended before this line.
-    if (sleeping.exchange(false)) ring();
-    if (closed) freeWhatWaits();
+    // Both sides exchange: either the consumer's exchange came first and it is woken here, or it comes later and reads
+    // what was appended before this line.
+    if (sleeping.exchange(false)) wakeConsumer();
+    if (closed) freeWaiting();
 }
 
-void MessageQueue::ring()
+void MessageQueue::wakeConsumer()
 {
     if (callWaker)
         callWaker();
@@ -102,7 +102,7 @@ bool MessageQueue::take(Message& message)
 
 void MessageQueue::finish()
 {
-    ++handledSoFar;  // first, so that whoever sees the queue drained sees that it was
+    ++handledSoFar;  // first, so that a thread that reads the queue as drained also reads the new count
     handled = current;
     while (oldest != current) {
         Node* free = oldest;
@@ -134,18 +134,18 @@ bool MessageQueue::waitForMessage(std::chrono::milliseconds longest)
 void MessageQueue::close()
 {
     closed = true;
-    freeWhatWaits();
+    freeWaiting();
 }
 
 void MessageQueue::open()
 {
-    const std::lock_guard alone(closing);
+    const MutexLock alone(closing);
     closed = false;
 }
 
-void MessageQueue::freeWhatWaits()
+void MessageQueue::freeWaiting()
 {
-    const std::lock_guard alone(closing);
+    const MutexLock alone(closing);
     if (!closed) return;
     while (handleNext([](Message&) {})) {}
 }

@@ -4,28 +4,29 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
-#include <mutex>
 #include <vector>
 
 #include "platform/Event.h"
 #include "platform/Export.h"
 #include "platform/Message.h"
+#include "platform/Mutex.h"
 
-/// The queue between threads: any number of posters, one consumer. It never drops a message, and all posters together
-/// make one total order in which a cause comes before its effect (the order of exchanges on one atomic pointer).
+/// A message queue with any number of producers and one consumer. It never drops a message while it is open, and the
+/// messages of all producers have one total order, in which a cause comes before its effect (the order of exchanges on
+/// one atomic pointer).
 ///
-/// The time slice is a poster of its own: `postFromSlice` is one exchange and one store, takes its nodes from a pool
-/// that the consumer fills, and wakes nobody; `wake` does that once the engine lock is left.
+/// The time slice is a special producer: `postFromSlice` is one exchange and one store, takes its nodes from a pool
+/// that the consumer fills, and does not wake the consumer; `wake` does that after the engine lock was left.
 ///
-/// A queue is open from construction. Once closed it frees at once what is posted to it.
+/// A queue is open from construction. Once closed it frees posted messages at once.
 class ORV_API MessageQueue
 {
 public:
-    /// `slicePool`: how many messages the slice may have under way before it must turn to the heap; 0 for a queue to
-    /// which no slice posts. Rounded up to a power of two.
+    /// `slicePool` is the number of messages from slices that can wait without an allocation, rounded up to a power of
+    /// two; 0 for a queue to which no slice posts.
     explicit MessageQueue(std::size_t slicePool = 0);
-    /// `waker` is for a consumer that sleeps elsewhere, as a window does in its event loop: it is called in place of
-    /// waking `waitForMessage`, on whichever thread posted, and must neither block nor allocate.
+    /// `waker` is for a consumer that sleeps elsewhere, as a window in its event loop: it is called instead of waking
+    /// `waitForMessage`, on the producer's thread, and must neither block nor allocate.
     MessageQueue(std::size_t slicePool, std::function<void()> waker);
     ~MessageQueue();
 
@@ -35,14 +36,14 @@ public:
     /// Any thread but the time slice. May allocate; wakes the consumer.
     void post(Message message);
 
-    /// Inside a time slice only (one poster at a time, ordered by the engine lock). Wait-free.
+    /// Inside a time slice only (one producer at a time, ordered by the engine lock). Wait-free.
     void postFromSlice(Message message);
 
     /// Wakes the consumer if it sleeps. Any thread, outside the engine lock.
     void wake();
 
-    /// Gives the oldest message to `handle(Message&)`; false if none waits. Consumer only; may be called again from
-    /// inside `handle`, as a modal message loop does.
+    /// Calls `handle(Message&)` with the oldest message; false if none waits. Consumer only; may be called again from
+    /// `handle`, as a modal message loop does.
     template <class Handle>
     bool handleNext(Handle&& handle)
     {
@@ -50,12 +51,12 @@ public:
         if (!take(message)) return false;
         const Handling handling(*this);
         handle(message);
-        // Freed, and its waiter let go, before it counts as handled.
+        // The message is freed, and its waiting thread released, before it counts as handled.
         [[maybe_unused]] const Message gone = std::move(message);
         return true;
     }
 
-    /// Whether a message waits behind the one being handled. Consumer only.
+    /// Whether another message waits. Consumer only.
     bool hasNext() const { return current->next.load(std::memory_order_acquire) != nullptr; }
 
     /// Sleeps until a message waits. Consumer only.
@@ -63,16 +64,16 @@ public:
     /// The same, at most that long; false if none came.
     bool waitForMessage(std::chrono::milliseconds longest);
 
-    /// The consumer goes to sleep elsewhere: the next post calls the waker. False if a message waits already. Consumer
-    /// only.
+    /// The consumer is about to sleep elsewhere: the next post calls the waker. False if a message waits already.
+    /// Consumer only.
     bool fallAsleep();
 
-    /// From now on what waits and what is posted is freed at once. The consumer calls it when it takes no more, or
-    /// whoever has joined the consumer.
+    /// From now on messages that wait or are posted are freed at once. Called by the consumer, or by another thread
+    /// after the consumer's thread has ended.
     void close();
     void open();
 
-    /// True if every posted message has been handled to its end. Any thread.
+    /// True if every posted message has been handled completely. Any thread.
     bool isDrained() const { return newest.load() == handled.load(); }
 
     /// Grows with every message handled. Any thread.
@@ -84,7 +85,7 @@ private:
         Message message;
     };
 
-    /// Nodes on their way back to the slice: written by the consumer, read by the slice.
+    /// Free nodes for the slice: a ring that the consumer fills and the slice empties.
     class Pool
     {
     public:
@@ -99,7 +100,7 @@ private:
         alignas(64) std::atomic<std::size_t> taken{0};
     };
 
-    /// Marks what was taken as handled when the outermost handler returns.
+    /// Marks the messages as handled when the outermost handler returns.
     class Handling
     {
     public:
@@ -118,10 +119,10 @@ private:
     void append(Node* node);
     bool take(Message& message);
     void finish();
-    void ring();
-    void freeWhatWaits();
+    void wakeConsumer();
+    void freeWaiting();
 
-    // Crossed by all threads
+    // Shared by all threads
     alignas(64) std::atomic<Node*> newest;
     std::atomic<bool> closed{false};
     std::atomic<bool> sleeping{false};
@@ -131,11 +132,12 @@ private:
     std::atomic<std::uint64_t> handledSoFar{0};
     Pool pool;
 
-    // The consumer's own. `oldest` up to, not including, `current` are nodes not yet given back.
+    // The consumer's. The nodes from `oldest` to the one before `current` are not yet free.
     alignas(64) Node* current;
     Node* oldest;
     int depth = 0;
 
-    // Guards the consumer's part once the queue is closed
-    std::mutex closing;
+    // While the queue is closed, any thread may consume, one at a time. While it is open the consumer takes no lock, so
+    // no member is marked as guarded.
+    Mutex closing;
 };

@@ -5,6 +5,5 @@
 
 #include "platform/Export.h"
 
-/// The names of the MIDI devices that a program can listen to, as the system lists them now; none where it has no such
-/// list.
+/// The names of the MIDI devices that programs can receive from, as the system lists them now; none if it has no list.
 ORV_API std::vector<std::string> getMidiInputDevices();

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-/// All text is UTF-8, file names included; these two are the way between text and the system's own form of a path.
+/// All text is UTF-8, file names included. These two convert between text and the system's form of a path.
 inline std::filesystem::path pathOf(std::string_view text) { return {std::u8string(text.begin(), text.end())}; }
 
 inline std::string textOf(const std::filesystem::path& path)

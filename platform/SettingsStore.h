@@ -10,28 +10,28 @@
 
 #include "platform/Export.h"
 
-/// Named values under one key, such as "Software\Brinlow Software\Orvane 3\3.2". A value has a type, and is there only
-/// for who asks for that type.
+/// Named values under one key, such as "Software\Brinlow Software\Orvane 3\3.2". A value has a type, and can
+/// only be read with that type.
 ///
 /// Where there is no registry a key is a file below `Folders::getSettings`, without the leading "Software": one line
 /// for each value, `Name=string:text`, `Name=number:-1`, `Name=hex:00ff`, in which a backslash, line feed, carriage
-/// return and NUL of a text are written \\, \n, \r and \0. A missing file is an empty key. Lines that are not
-/// understood stay as they are. A file that cannot be read is never overwritten: `save` first moves it aside, to the
-/// same name with ".unreadable" behind it.
+/// return and NUL of a text are written \\, \n, \r and \0. A missing file is an empty key. Lines of any
+/// other form are kept. A file that cannot be read is never overwritten: `save` first renames it to the same name with
+/// ".unreadable" appended.
 class ORV_API SettingsStore
 {
 public:
-    /// Opens a key and reads what is there. Parts of `key` that are no file name (empty, ".", "..", with a slash) leave
-    /// it closed.
+    /// Opens a key and reads its values. A part of `key` that cannot be a file name (empty, ".", "..", with a slash)
+    /// leaves it closed.
     explicit SettingsStore(const std::string& key);
     ~SettingsStore();
     SettingsStore(const SettingsStore&) = delete;
     SettingsStore& operator=(const SettingsStore&) = delete;
 
-    /// False where a key cannot be; then there are no values, and nothing is saved.
+    /// False if the key is not possible; then there are no values, and nothing is saved.
     bool isOpen() const;
 
-    /// True if the key was there.
+    /// True if the key exists.
     bool exists() const;
 
     std::optional<std::string> getString(std::string_view name) const;
@@ -42,8 +42,8 @@ public:
     void setNumber(std::string_view name, std::int32_t number);
     void setBytes(std::string_view name, std::span<const std::uint8_t> bytes);
 
-    /// Makes what was set last: at any instant the old values are there, or the new ones. False if they could not be
-    /// saved; the old ones stand.
+    /// Writes the values: at any instant the file has the old values or the new ones. False if it could not be written;
+    /// it then has the old ones.
     bool save();
 
 private:

@@ -12,7 +12,7 @@ using ThreadId = std::uint32_t;
 
 namespace Detail
 {
-// At a fixed place of each thread's own block, so that the engine lock can ask at the price of a read.
+// The initial-exec model makes this a plain read for the engine lock.
 extern ORV_API constinit thread_local ThreadId knownThreadId __attribute__((tls_model("initial-exec")));
 ORV_API ThreadId learnThreadId();
 }  // namespace Detail
@@ -24,15 +24,16 @@ inline ThreadId currentThreadId()
     return known != 0 ? known : Detail::learnThreadId();
 }
 
-/// Who is to have real-time priority, the most urgent first.
+/// The threads with real-time priority, the most urgent first.
 enum class RealTimeStep { clock, backend, commands };
 
-/// Asks for real-time scheduling of the calling thread; threads that it starts have none. False where the system grants
-/// none, or did not to the clock, which nothing may overtake; the thread then goes on as it was. What came of it goes
+/// Requests real-time scheduling for the calling thread; threads that it starts do not inherit it. False if the system
+/// refuses, or has refused the clock, which no thread may preempt; the scheduling is then not changed. The result goes
 /// to the debug stream, once for each step.
 ORV_API bool requestRealTimePriority(RealTimeStep step);
 
-/// The clock is somebody else's thread, with that real-time priority, 0 for none: the others ask for less.
+/// Says that a thread of another program is the clock, and its real-time priority, 0 for none. Later requests ask for
+/// less.
 ORV_API void noteClockPriority(int priority);
 
 /// The real-time priority of the calling thread, 0 for none.
@@ -40,7 +41,7 @@ ORV_API int realTimePriority();
 
 enum class RealTimeAnswer { none, refused, granted };
 
-/// What came of the last request of that step. Any thread.
+/// The result of the last request of that step. Any thread.
 ORV_API RealTimeAnswer realTimeAnswer(RealTimeStep step);
 
 /// A thread with a name that debuggers and process lists show (the first 15 characters of it). Started by `start`,

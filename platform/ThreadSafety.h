@@ -1,7 +1,7 @@
 #pragma once
 
-/// Clang's thread-safety annotations under short names; other compilers see nothing. They say which lock guards a
-/// member and which operation expects the lock held, and clang refuses code that breaks the promise.
+/// Clang's thread-safety annotations under short names, empty for other compilers. They state which lock guards a
+/// member and which function requires the lock, and clang rejects code that violates them.
 #if defined(__clang__)
 #define ORV_THREAD_ANNOTATION(x) __attribute__((x))
 #else

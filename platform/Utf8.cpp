@@ -5,7 +5,7 @@
 
 namespace
 {
-/// The bytes of the character that the text starts with, 0 if it is none.
+/// The number of bytes of the first character, 0 if it is not valid.
 std::size_t characterSize(std::string_view text)
 {
     const auto byteAt = [&](std::size_t index) { return static_cast<std::uint8_t>(text[index]); };
@@ -19,7 +19,7 @@ std::size_t characterSize(std::string_view text)
         character = character << 6 | (byteAt(index) & 0x3Fu);
     }
 
-    constexpr std::uint32_t SMALLEST[] = {0, 0, 0x80, 0x800, 0x10000};  // that needs so many bytes
+    constexpr std::uint32_t SMALLEST[] = {0, 0, 0x80, 0x800, 0x10000};  // that needs that many bytes
     const bool isSurrogate = character >= 0xD800 && character <= 0xDFFF;
     return character >= SMALLEST[size] && character <= 0x10FFFF && !isSurrogate ? size : 0;
 }

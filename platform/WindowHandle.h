@@ -5,8 +5,8 @@
 
 #include "platform/MessageQueue.h"
 
-/// The GUI's window as the backend sees it: something to post to. It is a queue that the GUI drains in its event loop.
-/// Copies stand for the same window, and an empty handle for none: posts to it are freed.
+/// A window as the backend uses it: a queue that the GUI empties in its event loop. Copies refer to the same window. An
+/// empty handle refers to none, and messages posted to it are freed.
 class WindowHandle
 {
 public:

@@ -41,7 +41,7 @@ void Worker::send(Message message)
 
 void Worker::setWaiting(bool waitsNow)
 {
-    ++waits;  // first, so that whoever sees the worker rest sees that something changed
+    ++waits;  // first, so that a thread that reads the worker as at rest also reads the new count
     waiting = waitsNow;
 }
 

@@ -8,8 +8,8 @@
 #include "platform/MessageQueue.h"
 #include "platform/Thread.h"
 
-/// A thread that takes the messages of one queue in order and gives each to one handler. Posts wait in the queue until
-/// the worker runs; once it has stopped they are freed at once.
+/// A thread that calls one handler with each message of a queue, in order. Messages posted before `start` wait;
+/// messages posted after `stop` are freed at once.
 class ORV_API Worker
 {
 public:
@@ -22,18 +22,18 @@ public:
     Worker(const Worker&) = delete;
     Worker& operator=(const Worker&) = delete;
 
-    /// The thread will ask for real-time priority. Before `start`.
+    /// The thread will request real-time priority. Before `start`.
     void setRealTimeStep(RealTimeStep step) { realTimeStep = step; }
 
     void start();
 
-    /// Lets the worker handle what was posted before, ends its thread and waits for that; later posts are freed.
+    /// Handles the messages posted before, and ends the thread. Returns when it has ended.
     void stop();
 
     void post(Message message) { messages.post(std::move(message)); }
 
-    /// Posts and waits until the message was handled, or freed because the worker stopped. Not on the worker's own
-    /// thread, which would wait for itself.
+    /// Posts and waits until the message was handled, or freed because the worker stopped. Not on the worker's thread,
+    /// which would wait for itself.
     void send(Message message);
 
     MessageQueue& queue() { return messages; }
@@ -42,11 +42,11 @@ public:
     /// The worker whose thread this is, or null.
     static Worker* current();
 
-    /// A worker that waits for something a time slice will do counts as resting. Set by the thread that begins to
-    /// wait, cleared by whoever serves it, before it is let go.
+    /// A worker that waits for a time slice counts as at rest. Set by the worker's thread before it waits, cleared by
+    /// the slice before it releases the worker.
     void setWaiting(bool waits);
 
-    /// Whether the worker has nothing left to do, and a count that moves whenever that may have changed in between.
+    /// Whether the worker has handled all messages, and a count that changes whenever that may have changed in between.
     struct Rest {
         bool resting;
         std::uint64_t changes;

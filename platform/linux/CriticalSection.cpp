@@ -7,9 +7,9 @@
 #include <cerrno>
 #include <thread>
 
-// The kernel's own lock with priority inheritance (futex(2), FUTEX_LOCK_PI): the word holds the owner's thread id, and
-// the kernel is asked only when two threads meet. The C library's mutex of that kind takes ten times the instructions
-// where they do not.
+// The kernel's lock with priority inheritance (futex(2), FUTEX_LOCK_PI): the word holds the owner's thread id, and
+// the kernel is called only when two threads compete. The C library's mutex of that kind takes ten times the
+// instructions where they do not.
 
 namespace
 {
@@ -27,12 +27,12 @@ CriticalSection::~CriticalSection() NO_THREAD_SAFETY_ANALYSIS
 void CriticalSection::enterContended()
 {
     while (callKernel(owner, FUTEX_LOCK_PI) != 0 && (errno == EINTR || errno == EAGAIN)) {}
-    owner.load(std::memory_order_acquire);  // what the kernel handed over, the last holder wrote before
+    owner.load(std::memory_order_acquire);  // pairs with the release in `leaveContended` of the last holder
 }
 
 void CriticalSection::leaveContended()
 {
-    owner.fetch_or(0, std::memory_order_release);  // for whoever the kernel hands it to
+    owner.fetch_or(0, std::memory_order_release);  // for the thread that the kernel gives the lock to
     callKernel(owner, FUTEX_UNLOCK_PI);
 }
 

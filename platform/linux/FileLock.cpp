@@ -11,7 +11,7 @@ namespace
 {
 constexpr int NO_FILE = -1;
 
-/// False if somebody else has removed it meanwhile: then a lock on it keeps nobody out.
+/// False if the file was removed meanwhile: then another process can lock a new one.
 bool isStillAt(const std::filesystem::path& path, int file)
 {
     struct stat there {
@@ -49,6 +49,6 @@ FileLock& FileLock::operator=(FileLock&& other) noexcept
 FileLock::~FileLock()
 {
     if (file == NO_FILE) return;
-    ::unlink(path.c_str());  // before it is let go, so that nobody takes a file that is about to vanish
+    ::unlink(path.c_str());  // before the lock is released, so that no process takes a file that is being removed
     ::close(file);
 }

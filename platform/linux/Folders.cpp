@@ -20,7 +20,7 @@ std::string homeFolder()
     return user != nullptr && user->pw_dir != nullptr ? user->pw_dir : "";
 }
 
-/// The XDG Base Directory Specification: a relative path in the variable counts as none.
+/// The XDG Base Directory Specification: a relative path in the variable is ignored.
 std::string systemFolder(const char* variable, const char* belowHome)
 {
     if (const char* folder = std::getenv(variable); folder != nullptr && *folder == '/') return folder;

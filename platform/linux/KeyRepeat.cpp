@@ -7,7 +7,7 @@ KeyRepeat getKeyRepeat()
     KeyRepeat repeat;
     Display* const display = XOpenDisplay(nullptr);
     if (display == nullptr) return repeat;
-    // A display that ends meanwhile must not end us.
+    // Without this handler a display that ends meanwhile ends this process.
     XSetIOErrorExitHandler(
         display, [](Display*, void*) {}, nullptr);
     unsigned int delay = 0;

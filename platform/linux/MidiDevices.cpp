@@ -12,7 +12,7 @@ std::vector<std::string> readablePorts(std::string_view clients)
         const auto end = clients.find('\n');
         const std::string_view line = clients.substr(0, end);
         clients = end == std::string_view::npos ? std::string_view{} : clients.substr(end + 1);
-        // A name may hold quotation marks itself. A capital R: readable, and open to all.
+        // A name may contain quotation marks. A capital R means readable by all programs.
         const auto open = line.find('"');
         const auto close = line.rfind("\" (R");
         if (line.starts_with("  Port") && open < close && close != std::string_view::npos)

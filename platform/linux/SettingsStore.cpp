@@ -22,7 +22,7 @@ bool isFileName(std::string_view part)
            part.find('\0') == std::string_view::npos;
 }
 
-/// The file of a key, or nothing.
+/// The file of a key; empty if the key is not possible.
 fs::path fileOf(std::string_view key)
 {
     constexpr std::string_view HIVE = "Software\\";
@@ -109,7 +109,7 @@ SettingsStore::SettingsStore(const std::string& key) : file(std::make_unique<Fil
     if (isOpen())
         file->read();
     else
-        DbgStream() << "no place for the settings of " << key;
+        DbgStream() << "no folder for the settings of " << key;
 }
 
 SettingsStore::~SettingsStore() = default;

@@ -9,7 +9,7 @@ constexpr std::string_view STRING = "string:";
 constexpr std::string_view NUMBER = "number:";
 constexpr std::string_view HEX = "hex:";
 
-// What a text may hold and a line may not.
+// The characters of a text that a line cannot contain.
 constexpr std::pair<char, char> ESCAPES[] = {{'\\', '\\'}, {'\n', 'n'}, {'\r', 'r'}, {'\0', '0'}};
 
 std::string escape(std::string_view text)
@@ -47,7 +47,7 @@ std::optional<std::string> unescape(std::string_view escaped)
     return text;
 }
 
-/// The whole of `text` as a number, or none.
+/// All of `text` as a number, or none.
 template <class Number>
 std::optional<Number> parse(std::string_view text, int base)
 {

@@ -7,15 +7,15 @@
 #include <string_view>
 #include <vector>
 
-/// The text of a settings file (see SettingsStore). Lines keep their order; where a name stands twice the last one
-/// counts. A line may end in CR LF; it is written back with a line feed.
+/// The text of a settings file (see SettingsStore). Lines keep their order; of two lines with one name the last one
+/// counts. A line may end in CR LF; it is written with a line feed.
 class SettingsText
 {
 public:
     SettingsText() = default;
     explicit SettingsText(std::string_view text);
 
-    /// What holds a NUL is no text.
+    /// Bytes with a NUL are not a text.
     static bool isText(std::string_view bytes) { return bytes.find('\0') == std::string_view::npos; }
 
     std::string print() const;

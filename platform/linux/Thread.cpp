@@ -15,7 +15,7 @@
 
 namespace
 {
-// Below the JACK server's own threads, above everything ordinary.
+// Below the threads of a JACK server, above all threads without real-time priority.
 constexpr int MOST_URGENT_PRIORITY = 8;
 
 constexpr std::array<const char*, 3> STEP_NAMES{"the clock", "the backend", "commands"};

@@ -22,7 +22,7 @@ std::error_code errorOf(int number) { return {number, std::generic_category()}; 
 /// The error of a call that returned non-zero.
 std::error_code check(int result) { return result == 0 ? std::error_code() : errorOf(errno); }
 
-/// An open file that closes itself.
+/// A file descriptor that is closed by the destructor.
 class Descriptor
 {
 public:
@@ -80,7 +80,7 @@ std::optional<mode_t> modeOf(const fs::path& path)
     return std::nullopt;
 }
 
-/// The same file by a path that is its only one but for a link at its end, as far as its folder exists.
+/// The same path with its folder in canonical form, if the folder exists. A link at the end stays.
 fs::path uniquePath(const fs::path& path)
 {
     std::error_code missing;
@@ -88,10 +88,10 @@ fs::path uniquePath(const fs::path& path)
     return missing ? path : folder / path.filename();
 }
 
-/// Where /dev/stdout and its like lead to: a file that is already open, and that others write to.
+/// The target of /dev/stdout and the like: a file that is already open, which other programs may write to.
 bool isOpenFile(const fs::path& target) { return target.native().starts_with("/proc/"); }
 
-/// The file that a path names in the end, existing or not: a rename over a link would replace the link.
+/// The file that a path names after links are followed, existing or not: a rename to a link would replace the link.
 std::error_code followLinks(const fs::path& path, fs::path& target)
 {
     constexpr int DEEPEST = 40;
@@ -122,7 +122,7 @@ std::error_code append(const fs::path& stream, Bytes bytes)
     return out.close();
 }
 
-/// So that the new name survives a power cut too; a file system that cannot do it does no harm.
+/// Makes the new name survive a power failure; file systems that do not support it are ignored.
 void syncFolderOf(const fs::path& target)
 {
     Descriptor folder(target.parent_path(), O_RDONLY | O_DIRECTORY);
@@ -153,7 +153,7 @@ std::error_code StagedFile::stage(const fs::path& path, Bytes bytes)
         streamBytes.assign(bytes.begin(), bytes.end());
         return {};
     }
-    // A rename asks only the folder.
+    // A rename checks the permissions of the folder only.
     if (oldMode && ::access(path.c_str(), W_OK) != 0) return errorOf(errno);
     const fs::path beside = WholeFile::temporaryBeside(target);
     Descriptor file(beside, O_WRONLY | O_CREAT | O_EXCL, oldMode ? 0600 : 0666);

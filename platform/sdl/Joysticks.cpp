@@ -15,7 +15,7 @@ constexpr int POV_HAT = 0;
 
 std::uint16_t readPov(SDL_Joystick* device)
 {
-    // Zero for a joystick without a hat, which is the hat's centre.
+    // SDL returns zero, the centre, for a joystick without a hat.
     switch (SDL_JoystickGetHat(device, POV_HAT)) {
         case SDL_HAT_UP:
             return 0;
@@ -57,7 +57,7 @@ const char* nameOf(const char* name) { return name != nullptr ? name : "without 
 
 struct Joysticks::Devices {
     std::array<SDL_Joystick*, MAX_JOYSTICKS> places{};
-    SDL_JoystickID refused = -1;  // the debug stream was told of
+    SDL_JoystickID refused = -1;  // already reported on the debug stream
     bool started = false;
 
     bool isOpen(SDL_JoystickID id) const
@@ -88,7 +88,7 @@ void Joysticks::Devices::closeDetached()
 {
     for (SDL_Joystick*& device : places) {
         if (device == nullptr || SDL_JoystickGetAttached(device) == SDL_TRUE) continue;
-        DbgStream() << "joystick " << nameOf(SDL_JoystickName(device)) << " is gone";
+        DbgStream() << "joystick " << nameOf(SDL_JoystickName(device)) << " was unplugged";
         SDL_JoystickClose(device);
         device = nullptr;
     }
@@ -101,7 +101,7 @@ Joysticks::Joysticks() : devices(std::make_unique<Devices>())
     const bool isOurs = SDL_WasInit(SDL_INIT_JOYSTICK) == 0;
     devices->started = SDL_InitSubSystem(SDL_INIT_JOYSTICK) == 0;
     if (!devices->started) DbgStream() << "no joysticks: " << SDL_GetError();
-    // Nobody would empty the queue of events. A host that uses them itself keeps them.
+    // Without a reader the event queue would fill. A host that uses SDL's joystick events keeps them.
     if (devices->started && isOurs) SDL_JoystickEventState(SDL_IGNORE);
 }
 
@@ -110,7 +110,7 @@ Joysticks::~Joysticks()
     for (SDL_Joystick* device : devices->places)
         if (device != nullptr) SDL_JoystickClose(device);
     if (devices->started) SDL_QuitSubSystem(SDL_INIT_JOYSTICK);
-    SDL_TLSCleanup();  // what SDL keeps for this thread, which it did not start
+    SDL_TLSCleanup();  // SDL frees its thread-local data only for threads that it started
 }
 
 Joysticks::Readings Joysticks::read()
