@@ -2,15 +2,13 @@
 
 #include <QColor>
 
-#include "gui/framework/GdiManager.h"
-
-/// The colours of the window's own border, out of those of the product.
+/// The colours of the window's border and icon. They match the green on black of what the window shows.
 namespace Host::Colours
 {
-inline const QColor LIGHT_METAL = WindowsLib::toQColor(Gui::GdiManager::LIGHT_GREY);
-inline const QColor DARK_METAL = WindowsLib::toQColor(Gui::GdiManager::DARK_DARK_GREY);
-inline const QColor GROUND = WindowsLib::toQColor(Gui::GdiManager::BLACK);
-inline const QColor BRIGHT = WindowsLib::toQColor(Gui::GdiManager::LIGHT_LIGHT_GREEN);
-inline const QColor LINE = WindowsLib::toQColor(Gui::GdiManager::DARK_GREEN);
-inline const QColor DIM = WindowsLib::toQColor(Gui::GdiManager::DARK_DARK_GREEN);
+inline const QColor LIGHT_METAL(192, 192, 192);
+inline const QColor DARK_METAL(70, 70, 70);
+inline const QColor GROUND(0, 0, 0);
+inline const QColor BRIGHT(0, 255, 0);
+inline const QColor LINE(0, 160, 0);
+inline const QColor DIM(0, 100, 0);
 }  // namespace Host::Colours

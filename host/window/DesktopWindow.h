@@ -9,11 +9,11 @@
 
 namespace Host
 {
-/// A backend's window, open on the desktop for as long as this lives. The GUI thread, while the backend runs.
+/// A backend's window, open on the desktop for the lifetime of this object. The GUI thread, while the backend runs.
 class DesktopWindow
 {
 public:
-    /// `closeRequested` is called when the user wants it closed.
+    /// `closeRequested` is called when the user closes the window.
     DesktopWindow(Backend::OrvIF& orv, std::function<void()> closeRequested);
     ~DesktopWindow();
 

@@ -24,10 +24,10 @@ bool compositorAnswers()
 {
     const fs::path socket = variable("WAYLAND_DISPLAY");
     return LocalSocket::connectTo(fs::path(variable("XDG_RUNTIME_DIR")) / socket)
-        .isOwnUsers();  // an absolute one as it is
+        .isOwnUsers();  // an absolute path replaces the folder
 }
 
-/// Whether Qt's part for Wayland is installed, which is a package of its own.
+/// Whether Qt's plug-in for Wayland is installed; it is a package of its own.
 bool isWaylandInstalled()
 {
     std::error_code none;

@@ -4,13 +4,13 @@
 
 namespace Host
 {
-/// Where a window can be opened.
+/// The window system to open the window in.
 struct Desktop {
     std::string platform;  ///< Qt's name for it, "xcb" or "wayland"; empty if there is none
     std::string whyNot;    ///< then a clause for the user: "there is no display"
 };
 
-/// Looks whether a display really answers, since Qt ends the whole process where none does. An X display is preferred:
-/// only there a window can be placed. What QT_QPA_PLATFORM names is taken, after the same look.
+/// Connects to the display before Qt does, because Qt ends the process where none answers. An X display is preferred:
+/// only there can a program place its window. The platform of QT_QPA_PLATFORM is used if its display answers.
 Desktop findDesktop();
 }  // namespace Host

@@ -19,13 +19,13 @@ namespace
 constexpr int EDGE = 3;  // logical pixels
 constexpr QSize FIRST_SIZE(104, 33);
 
-// An X server refuses the focus to whoever asks with a time from before the last change. A window that was not used for
-// long has such a one, and learns the present time from its first attempt.
+// An X server refuses the focus if the time stamp of the request is older than the last change of focus. Qt's time
+// stamp is old if the window was not used for a while; the events of the first attempt bring the present one.
 constexpr auto UNTIL_THE_TIME_IS_KNOWN = std::chrono::milliseconds(100);
 }  // namespace
 
-Frame::Frame(std::function<void()> closeRequested)
-    : requestClose(std::move(closeRequested)), content(new QWidget(this)), title(new TitleBar(this)), inside(FIRST_SIZE)
+Frame::Frame(std::function<void()> requestClose)
+    : closeRequested(std::move(requestClose)), content(new QWidget(this)), title(new TitleBar(this)), inside(FIRST_SIZE)
 {
     setWindowTitle(QStringLiteral("Orvane 3"));
     setWindowIcon(icon());
@@ -44,7 +44,7 @@ void Frame::setBorder(Border newBorder)
 
 void Frame::setAlwaysOnTop(bool on) { setFlag(Qt::WindowStaysOnTopHint, on); }
 
-/// An open window keeps what it is and where: made anew it would lose the focus, and with it the keys that are down.
+/// Changes the open window: a new one would lose the focus, and with it the keys that are down.
 void Frame::setFlag(Qt::WindowType flag, bool on)
 {
     if (windowFlags().testFlag(flag) == on) return;
@@ -86,7 +86,7 @@ void Frame::moveWindow(const RelativeFixedValue& x, const RelativeFixedValue& y)
     move(static_cast<int>(x.appliedTo(pos().x())), static_cast<int>(y.appliedTo(pos().y())));
 }
 
-/// Metal: light from above.
+/// A metal border, lit from above.
 void Frame::paintEvent(QPaintEvent*)
 {
     if (border != Border::own) return;
@@ -99,6 +99,6 @@ void Frame::paintEvent(QPaintEvent*)
 void Frame::closeEvent(QCloseEvent* event)
 {
     event->ignore();
-    requestClose();
+    closeRequested();
 }
 }  // namespace Host

@@ -9,21 +9,21 @@ namespace Host
 {
 class TitleBar;
 
-/// The window on the desktop, around what the backend shows. It is as large as that, moves where it is told, and has
-/// a border of its own with a title bar, or the desktop's. It remembers nothing. The GUI thread.
+/// The window on the desktop, which contains the backend's window. It has the size of that window plus its own border
+/// with a title bar, or the desktop's border. It stores nothing. The GUI thread.
 class Frame final : public QWidget, public Gui::ParentWindow
 {
 public:
     enum class Border { own, desktop };
 
-    /// Closing it calls `closeRequested` and leaves it open.
-    explicit Frame(std::function<void()> closeRequested);
+    /// `requestClose` is called when the user closes the window, which stays open.
+    explicit Frame(std::function<void()> requestClose);
 
-    // Before it is shown or at any time after
+    // Before it is shown or at any time afterwards
     void setBorder(Border border);
     void setAlwaysOnTop(bool on);
 
-    /// In front of the others, and no icon any more.
+    /// Raises the window above the others and restores it if it was minimised.
     void raiseAboveAll();
 
     QWidget* getWidget() override { return content; }
@@ -40,8 +40,8 @@ private:
     void fit();
     void setFlag(Qt::WindowType flag, bool on);
 
-    const std::function<void()> requestClose;
-    QWidget* content;  // these belong to the frame
+    const std::function<void()> closeRequested;
+    QWidget* content;  // children of the frame
     TitleBar* title;
     QSize inside;
     Border border = Border::own;

@@ -1,7 +1,8 @@
 #pragma once
 
-#include <mutex>
 #include <string>
+
+#include "platform/Mutex.h"
 
 namespace Gui
 {
@@ -10,23 +11,23 @@ class OrvGuiIF;
 
 namespace Host
 {
-/// Shows lines for the user in the window's help, because nobody sees the standard error of a program on the desktop.
-/// Those that come before the window are shown together when it is there.
+/// Shows lines to the user in the help text of the window, because a program that a desktop started has no visible
+/// standard error. Lines that arrive before the window is open are shown together when it is.
 class HelpLine
 {
 public:
     /// Any thread.
-    void show(const std::string& line);
+    void show(const std::string& line) EXCLUDES(lock);
 
-    /// From here until `leave`. The GUI thread.
-    void showIn(Gui::OrvGuiIF& openGui);
-    void leave();
+    /// The window to show lines in, from `attach` until `detach`. The GUI thread.
+    void attach(Gui::OrvGuiIF& openGui);
+    void detach();
 
 private:
-    void showWaiting();
+    void showWaiting() EXCLUDES(lock);
 
-    std::mutex lock;
-    std::string waiting;           // guarded by the lock
+    Mutex lock;
+    std::string waiting GUARDED_BY(lock);
     Gui::OrvGuiIF* gui = nullptr;  // the GUI thread's
 };
 }  // namespace Host

@@ -4,6 +4,6 @@
 
 namespace Host
 {
-/// Orvane's sign: three piano keys on black, one of them held. Sharp in every size.
+/// Orvane's icon: three piano keys on black, one of them pressed. Drawn for each size.
 QIcon icon();
 }  // namespace Host

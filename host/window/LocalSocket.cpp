@@ -38,11 +38,11 @@ bool LocalSocket::isShortEnough(const std::filesystem::path& path)
     return path.native().size() < sizeof sockaddr_un{}.sun_path;
 }
 
-int LocalSocket::listenAt(const std::filesystem::path& path, int waitingVisitors)
+int LocalSocket::listenAt(const std::filesystem::path& path, int waitingConnections)
 {
     const int file = newSocket();
     if (apply<&::bind>(file, path) && ::chmod(path.c_str(), S_IRUSR | S_IWUSR) == 0 &&
-        ::listen(file, waitingVisitors) == 0)
+        ::listen(file, waitingConnections) == 0)
         return file;
     ::close(file);
     return -1;
@@ -56,7 +56,7 @@ LocalSocket LocalSocket::acceptFrom(int listeningSocket)
 LocalSocket LocalSocket::connectTo(const std::filesystem::path& path)
 {
     const int file = newSocket();
-    apply<&::connect>(file, path);  // whether it has will show
+    apply<&::connect>(file, path);  // `isOwnUsers` tells whether it is connected
     return LocalSocket(file);
 }
 

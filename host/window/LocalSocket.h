@@ -6,16 +6,16 @@
 
 namespace Host
 {
-/// One end of a conversation between two programs of this machine. Whatever goes wrong, or takes too long, is as if the
-/// other had nothing to say; no signal is sent for it.
+/// One end of a local socket connection. An error, or a wait of more than two seconds, counts as the end of what the
+/// other end sends; no signal is raised.
 class LocalSocket
 {
 public:
-    /// The system allows a hundred characters or so.
+    /// Whether the system can have a socket at that path (about a hundred characters).
     static bool isShortEnough(const std::filesystem::path& path);
 
-    /// A file descriptor that others can connect to, for this user alone; -1 if there can be none.
-    static int listenAt(const std::filesystem::path& path, int waitingVisitors);
+    /// A listening socket that only this user can connect to; -1 on failure.
+    static int listenAt(const std::filesystem::path& path, int waitingConnections);
 
     static LocalSocket acceptFrom(int listeningSocket);
     static LocalSocket connectTo(const std::filesystem::path& path);
@@ -24,13 +24,13 @@ public:
     LocalSocket(const LocalSocket&) = delete;
     LocalSocket& operator=(const LocalSocket&) = delete;
 
-    /// Whether there is somebody, and it is a program of the same user.
+    /// Whether it is connected, and to a program of the same user.
     bool isOwnUsers() const;
 
     bool write(std::string_view text) const;
     bool finishWriting() const;
 
-    /// Until the other has finished. Not more than a command line can be long.
+    /// Everything until the other end has finished writing, at most 2 MB.
     std::string readAll() const;
 
 private:

@@ -17,7 +17,7 @@ constexpr int FAILED = 1;
 
 std::atomic<PlayThread*> present{nullptr};
 
-/// A window system that dies ends the process from within Qt: no note may be left sounding then either.
+/// When the window system dies, Qt calls exit: every note is ended then, too.
 extern "C" void orvaneEndPlaying()
 {
     if (PlayThread* thread = present.load()) thread->end();
@@ -50,7 +50,7 @@ void PlayThread::run()
 {
     try {
         play();
-    } catch (...) {  // before it played; later nothing throws
+    } catch (...) {  // only before it plays can something be thrown
         playing.set_exception(std::current_exception());
     }
 }
@@ -69,10 +69,10 @@ void PlayThread::play()
     if (!isWindowClosed.load()) exitWithoutWindow();
 }
 
-/// What it may yet touch must not go before it, so everything goes at once.
+/// The window may still use any object, so none is destroyed before the process ends.
 void PlayThread::exitWithoutWindow()
 {
-    report("The window does not answer, so the program ends without it. Every note is off.");
+    report("The window does not respond, so the program ends without closing it. Every note was ended.");
     _exit(FAILED);
 }
 }  // namespace Host

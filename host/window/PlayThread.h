@@ -11,8 +11,9 @@
 
 namespace Host
 {
-/// Live playing beside a window: the control thread is a thread of its own, so that neither waits for the other. When a
-/// signal wants the end it asks for the window to be closed. If the window does not answer, the notes end all the same.
+/// Live playing with a window: the control thread is a thread of its own, so that neither it nor the GUI thread waits
+/// for the other. A signal that ends the program requests the window to close; if the window does not within two
+/// seconds, the notes end and the program exits.
 ///
 /// One object per process.
 class PlayThread
@@ -25,14 +26,14 @@ public:
     PlayThread(const PlayThread&) = delete;
     PlayThread& operator=(const PlayThread&) = delete;
 
-    /// Waits until it plays. Throws what hindered it.
+    /// Waits until it plays. Throws what `LiveHost::start` throws.
     LiveHost& waitUntilPlaying() { return *playing.get_future().get(); }
 
-    /// Whether the end was asked for. Any thread.
+    /// Whether the end was requested. Any thread.
     bool isEnding() const { return isWindowClosed.load() || signals.isEndRequested(); }
 
-    /// To be called when nothing of the window touches the backend any more: ends with every note off, and returns when
-    /// all is done.
+    /// Ends every note and playing, and returns when that is done. To be called when the window does not use the
+    /// backend any more.
     void end();
 
 private:

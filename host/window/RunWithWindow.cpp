@@ -4,9 +4,10 @@
 #include <chrono>
 #include <clocale>
 #include <filesystem>
-#include <iostream>
+#include <optional>
 #include <thread>
 
+#include "host/terminal/LineOutput.h"
 #include "host/terminal/StandardError.h"
 #include "host/window/DesktopWindow.h"
 #include "host/window/HelpLine.h"
@@ -24,14 +25,14 @@ constexpr auto LONGEST_WAIT_FOR_THE_OTHER = 10s;
 constexpr auto PAUSE = 50ms;
 constexpr int FAILED = 1;
 
-/// Qt's application for `main`'s whole length.
+/// Qt's application object.
 class Application
 {
 public:
     explicit Application(std::string platformName) : platform(std::move(platformName)), application(count, arguments)
     {
         QGuiApplication::setDesktopFileName(QStringLiteral("orvane"));  // the menu entry, whose icon the desktop shows
-        std::setlocale(LC_NUMERIC, "C");  // Qt takes the user's; what others print and parse stays as it was
+        std::setlocale(LC_NUMERIC, "C");  // Qt sets the user's; numbers are printed and parsed without it
     }
 
 private:
@@ -56,45 +57,46 @@ std::vector<std::string> absolutePaths(std::vector<std::string> files)
     return files;
 }
 
-/// The window is ours to open, with its door if there can be one, or the exit status says what became of the other's.
-struct Arrival {
-    std::unique_ptr<SingleInstance> door{};
+/// Either this process opens the window, with the socket if that is possible, or the exit status says what became of
+/// the request to the open window.
+struct Start {
+    std::unique_ptr<SingleInstance> instance{};
     std::optional<int> exitStatus{};
 };
 
-/// A window that is about to close, or just opening, does not answer: then it is tried again.
-Arrival arrive(const RunOptions& options)
+/// Tries again while the open window does not answer, because it may be opening or closing.
+Start start(const RunOptions& options)
 {
-    if (!isNothingButFiles(options)) return {.door = SingleInstance::build()};
+    if (!isNothingButFiles(options)) return {.instance = SingleInstance::acquire()};
     const auto files = absolutePaths(options.setup.loads);
-    for (const auto giveUp = std::chrono::steady_clock::now() + LONGEST_WAIT_FOR_THE_OTHER;
-         std::chrono::steady_clock::now() < giveUp; std::this_thread::sleep_for(PAUSE)) {
-        if (auto door = SingleInstance::build()) return {.door = std::move(door)};
-        switch (SingleInstance::knock(files)) {
-            case SingleInstance::Knock::answered:
-                std::cout << "Orvane is open already; here is its window." << std::endl;
+    for (const auto deadline = std::chrono::steady_clock::now() + LONGEST_WAIT_FOR_THE_OTHER;
+         std::chrono::steady_clock::now() < deadline; std::this_thread::sleep_for(PAUSE)) {
+        if (auto instance = SingleInstance::acquire()) return {.instance = std::move(instance)};
+        switch (SingleInstance::notify(files)) {
+            case SingleInstance::Result::accepted:
+                standardOutput().write("Orvane is already open; its window was brought to the front.\n");
                 return {.exitStatus = 0};
-            case SingleInstance::Knock::impossible:
+            case SingleInstance::Result::impossible:
                 return {};
-            case SingleInstance::Knock::inVain:
+            case SingleInstance::Result::noAnswer:
                 break;
         }
     }
-    reportOnStandardError("Orvane is open already, but its window does not answer.");
+    reportOnStandardError("Orvane is already open, but its window does not answer.");
     return {.exitStatus = FAILED};
 }
 
-/// Out of every event loop. Any thread.
-void leave()
+/// Ends every event loop. Any thread.
+void leaveEventLoop()
 {
     QMetaObject::invokeMethod(
         qApp, [] { QCoreApplication::exit(0); }, Qt::QueuedConnection);
 }
 
-/// A window whose end was asked for takes nobody in, also before it closes.
-void welcome(SingleInstance& door, const PlayThread& play, LiveHost& host, Frame& frame)
+/// From the request to end on, other starts are refused.
+void acceptOtherStarts(SingleInstance& instance, const PlayThread& play, LiveHost& host, Frame& frame)
 {
-    door.open([&](const std::vector<std::string>& files) {
+    instance.listen([&](const std::vector<std::string>& files) {
         if (play.isEnding()) return false;
         for (const std::string& file : files) postLoad(host.getPlay().getOrv().getOrvMessageManager(), file);
         QMetaObject::invokeMethod(&frame, &Frame::raiseAboveAll, Qt::QueuedConnection);
@@ -102,24 +104,24 @@ void welcome(SingleInstance& door, const PlayThread& play, LiveHost& host, Frame
     });
 }
 
-void playWithWindow(PlayThread& play, SingleInstance* door, HelpLine& helpLine, const RunOptions& options)
+void playWithWindow(PlayThread& play, SingleInstance* instance, HelpLine& helpLine, const RunOptions& options)
 {
     LiveHost& host = play.waitUntilPlaying();
-    DesktopWindow window(host.getPlay().getOrv(), &leave);
-    helpLine.showIn(window.getGui());
+    DesktopWindow window(host.getPlay().getOrv(), &leaveEventLoop);
+    helpLine.attach(window.getGui());
     if (options.display) window.getGui().showScreen(Backend::Screen::display, true);
-    if (door != nullptr) welcome(*door, play, host, window.getFrame());
-    std::cout << host.describe() << "Closing the window, or Ctrl+C, ends with every note off." << std::endl;
+    if (instance != nullptr) acceptOtherStarts(*instance, play, host, window.getFrame());
+    standardOutput().write(host.describe() + "Closing the window, or Ctrl+C, ends every note and the program.\n");
     QApplication::exec();
-    if (door != nullptr) door->close();
-    helpLine.leave();
+    if (instance != nullptr) instance->stopListening();
+    helpLine.detach();
 }
 }  // namespace
 
 int runWithWindow(const RunOptions& options, const std::string& platform)
 {
     checkRunOptions(options);
-    const auto [door, exitStatus] = arrive(options);
+    const auto [instance, exitStatus] = start(options);
     if (exitStatus) return *exitStatus;
     const Application application(platform);
     HelpLine helpLine;
@@ -129,8 +131,8 @@ int runWithWindow(const RunOptions& options, const std::string& platform)
             reportOnStandardError(line);
             helpLine.show(line);
         },
-        &leave);
-    playWithWindow(play, door.get(), helpLine, options);
+        &leaveEventLoop);
+    playWithWindow(play, instance.get(), helpLine, options);
     play.end();
     return 0;
 }

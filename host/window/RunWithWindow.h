@@ -6,9 +6,9 @@
 
 namespace Host
 {
-/// Plays with a window, on the platform that `findDesktop` found, until it is closed or a signal ends it; returns the
-/// exit status. Throws InputError if an option cannot be meant. The main thread.
+/// Plays with a window, on the platform that `findDesktop` found, until the window is closed or a signal ends it.
+/// Returns the exit status. Throws InputError if an option is invalid. The main thread.
 ///
-/// Where a window is open already, and nothing but files is asked for, that one comes to the front and loads them.
+/// If a window is open already and the options name nothing but files, that window comes to the front and loads them.
 int runWithWindow(const RunOptions& options, const std::string& platform);
 }  // namespace Host

@@ -22,12 +22,12 @@ namespace fs = std::filesystem;
 
 namespace
 {
-// What is said at the door: these words, then each file, all with a zero behind. The answer is the words again.
-constexpr std::string_view WORDS("orvane window 1\0", 16);
+// The request is this text, then the path of each file, each ended by a zero byte. The reply is the text.
+constexpr std::string_view GREETING("orvane window 1\0", 16);
 
-constexpr int WAITING_VISITORS = 16;
+constexpr int WAITING_CONNECTIONS = 16;
 
-/// The XDG Base Directory Specification's, or one of ours that nobody else can write to.
+/// XDG_RUNTIME_DIR, or a folder of the program's own that no other user can write to.
 std::optional<fs::path> runtimeFolder()
 {
     std::error_code none;
@@ -51,8 +51,8 @@ std::string shortNameOf(std::string_view text)
     return {digits.data(), std::to_chars(digits.data(), digits.data() + digits.size(), hash, 16).ptr};
 }
 
-/// Where the door is, or would be.
-std::optional<fs::path> doorPath()
+/// The path of the socket; none where it is impossible.
+std::optional<fs::path> socketPathOfUser()
 {
     const auto folder = runtimeFolder();
     if (!folder || ::access(folder->c_str(), W_OK) != 0) return std::nullopt;
@@ -64,42 +64,42 @@ fs::path lockPathOf(fs::path socket) { return socket.replace_extension(".lock");
 
 std::string pack(const std::vector<std::string>& files)
 {
-    std::string text(WORDS);
+    std::string text(GREETING);
     for (const std::string& file : files) text += file + '\0';
     return text;
 }
 
-/// None if it is nothing that `pack` made.
+/// None if `pack` did not make it.
 std::optional<std::vector<std::string>> unpack(std::string_view text)
 {
-    if (!text.starts_with(WORDS) || !text.ends_with('\0')) return std::nullopt;
+    if (!text.starts_with(GREETING) || !text.ends_with('\0')) return std::nullopt;
     std::vector<std::string> files;
-    for (text.remove_prefix(WORDS.size()); !text.empty(); text.remove_prefix(files.back().size() + 1))
+    for (text.remove_prefix(GREETING.size()); !text.empty(); text.remove_prefix(files.back().size() + 1))
         files.emplace_back(text.substr(0, text.find('\0')));
     return files;
 }
 }  // namespace
 
-std::unique_ptr<SingleInstance> SingleInstance::build()
+std::unique_ptr<SingleInstance> SingleInstance::acquire()
 {
-    const auto path = doorPath();
+    const auto path = socketPathOfUser();
     if (!path) return nullptr;
     auto lock = FileLock::take(lockPathOf(*path));
     if (!lock) return nullptr;
     ::unlink(path->c_str());  // left by a program that was killed
-    const int socket = LocalSocket::listenAt(*path, WAITING_VISITORS);
+    const int socket = LocalSocket::listenAt(*path, WAITING_CONNECTIONS);
     if (socket < 0) return nullptr;
     return std::unique_ptr<SingleInstance>(new SingleInstance(std::move(*lock), *path, socket));
 }
 
-SingleInstance::Knock SingleInstance::knock(const std::vector<std::string>& files)
+SingleInstance::Result SingleInstance::notify(const std::vector<std::string>& files)
 {
-    const auto path = doorPath();
-    if (!path) return Knock::impossible;
-    const LocalSocket visitor = LocalSocket::connectTo(*path);
-    const bool answered =
-        visitor.isOwnUsers() && visitor.write(pack(files)) && visitor.finishWriting() && visitor.readAll() == WORDS;
-    return answered ? Knock::answered : Knock::inVain;
+    const auto path = socketPathOfUser();
+    if (!path) return Result::impossible;
+    const LocalSocket window = LocalSocket::connectTo(*path);
+    const bool accepted =
+        window.isOwnUsers() && window.write(pack(files)) && window.finishWriting() && window.readAll() == GREETING;
+    return accepted ? Result::accepted : Result::noAnswer;
 }
 
 SingleInstance::SingleInstance(FileLock taken, fs::path socketPath, int listeningSocket)
@@ -112,16 +112,16 @@ SingleInstance::SingleInstance(FileLock taken, fs::path socketPath, int listenin
 
 SingleInstance::~SingleInstance()
 {
-    close();
+    stopListening();
     ::close(stopEvent);
 }
 
-void SingleInstance::open(Visit visit)
+void SingleInstance::listen(Accept accept)
 {
-    thread.start("orvane door", [this, visitor = std::move(visit)] { run(visitor); });
+    thread.start("orvane instance", [this, call = std::move(accept)] { run(call); });
 }
 
-void SingleInstance::close()
+void SingleInstance::stopListening()
 {
     if (socket < 0) return;
     ::unlink(path.c_str());
@@ -130,19 +130,19 @@ void SingleInstance::close()
     ::close(std::exchange(socket, -1));
 }
 
-void SingleInstance::run(const Visit& visit) const
+void SingleInstance::run(const Accept& accept) const
 {
-    while (waitForVisitor()) {
-        const LocalSocket visitor = LocalSocket::acceptFrom(socket);
-        if (!visitor.isOwnUsers()) continue;
-        const auto files = unpack(visitor.readAll());
+    while (waitForConnection()) {
+        const LocalSocket other = LocalSocket::acceptFrom(socket);
+        if (!other.isOwnUsers()) continue;
+        const auto files = unpack(other.readAll());
         if (!files) continue;
-        if (visit(*files)) visitor.write(WORDS);
+        if (accept(*files)) other.write(GREETING);
     }
 }
 
-/// False when it is time to stop.
-bool SingleInstance::waitForVisitor() const
+/// False once `stopListening` was called.
+bool SingleInstance::waitForConnection() const
 {
     std::array<pollfd, 2> waited{{{stopEvent, POLLIN, 0}, {socket, POLLIN, 0}}};
     while (::poll(waited.data(), waited.size(), -1) < 0)

@@ -3,7 +3,6 @@
 #include <filesystem>
 #include <functional>
 #include <memory>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -12,44 +11,47 @@
 
 namespace Host
 {
-/// The door of the window that is open, at which a later start of the program knocks instead of opening a second one.
-/// A user has one per folder of settings and machine: a local socket in the folder of the user's run-time files, and
-/// beside it a lock that says whether somebody is behind it, so that what a killed program left is replaced.
+/// The socket of the one open window: a later start of the program sends its files there instead of opening a second
+/// window. There is one for each user, machine and settings folder: a local socket in the user's folder for run-time
+/// files, and a lock file beside it that is held while the socket is in use, so that what a killed program left behind
+/// is replaced.
 class SingleInstance
 {
 public:
-    using Visit = std::function<bool(const std::vector<std::string>& files)>;
+    /// Whether the files of another start were accepted.
+    using Accept = std::function<bool(const std::vector<std::string>& files)>;
 
-    enum class Knock {
-        answered,
-        inVain,     ///< nobody is there, or not any more, or does not answer
-        impossible  ///< the user has no folder for it
+    enum class Result {
+        accepted,
+        noAnswer,   ///< no window is open, or it is closing, or it does not answer
+        impossible  ///< the user has no folder for the socket
     };
 
-    /// Null if another process has it, or it is impossible. Those who knock wait from now on.
-    static std::unique_ptr<SingleInstance> build();
+    /// Takes the lock and opens the socket. From now on other starts can connect; they wait until `listen`. Null if
+    /// another process has the lock, or it is impossible.
+    static std::unique_ptr<SingleInstance> acquire();
 
     /// Asks the open window to come to the front and to load the files, whose paths are absolute.
-    static Knock knock(const std::vector<std::string>& files);
+    static Result notify(const std::vector<std::string>& files);
 
-    /// Only now another process can build one.
+    /// Gives the lock back.
     ~SingleInstance();
 
     SingleInstance(const SingleInstance&) = delete;
     SingleInstance& operator=(const SingleInstance&) = delete;
 
-    /// From now on who knocks is answered; `visit` gets the files, on a thread of the door's, and says whether it took
-    /// them: if not, the visitor tries again. Once.
-    void open(Visit visit);
+    /// From now on other starts are answered. `accept` is called with their files on a thread of this object; if it
+    /// returns false the other start tries again. Once.
+    void listen(Accept accept);
 
-    /// Nobody is answered any more. Those who knock try again until somebody else has a window.
-    void close();
+    /// Answers no other start any more. They try again until another process has the lock, or give up.
+    void stopListening();
 
 private:
     SingleInstance(FileLock taken, std::filesystem::path socketPath, int listeningSocket);
 
-    void run(const Visit& visit) const;
-    bool waitForVisitor() const;
+    void run(const Accept& accept) const;
+    bool waitForConnection() const;
 
     FileLock lock;
     const std::filesystem::path path;

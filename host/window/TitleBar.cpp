@@ -34,7 +34,7 @@ QPainterPath closeSign(const QRectF& square)
     return path;
 }
 
-/// A sign alone, bright under the pointer.
+/// A button that shows a sign alone, bright under the pointer.
 class SignButton final : public QAbstractButton
 {
 public:
@@ -44,7 +44,7 @@ public:
     {
         setAccessibleName(name);
         setToolTip(name);
-        setFocusPolicy(Qt::NoFocus);  // the keyboard plays; the desktop has keys for both
+        setFocusPolicy(Qt::NoFocus);  // the keyboard plays; the desktop has shortcuts for both buttons
         setAttribute(Qt::WA_Hover);
     }
 
@@ -98,7 +98,7 @@ void TitleBar::mousePressEvent(QMouseEvent* event)
     window()->windowHandle()->startSystemMove();
 }
 
-/// Only where the desktop does not move windows.
+/// Moves the window where the desktop does not.
 void TitleBar::mouseMoveEvent(QMouseEvent* event)
 {
     if (event->buttons().testFlag(Qt::LeftButton)) window()->move(event->globalPosition().toPoint() - grip);

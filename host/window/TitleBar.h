@@ -6,8 +6,8 @@ class QAbstractButton;
 
 namespace Host
 {
-/// The top of the window's own border: the title, a grip to move the window by, and buttons to minimise and to close
-/// it.
+/// The title bar of the window's own border: the title, which moves the window when it is dragged, and buttons to
+/// minimise and close it.
 class TitleBar final : public QWidget
 {
 public:
@@ -24,6 +24,6 @@ protected:
 private:
     QAbstractButton* minimise;
     QAbstractButton* close;
-    QPoint grip;  // in the window, where no desktop moves it for us
+    QPoint grip;  // where in the window it is dragged, if the desktop cannot move it
 };
 }  // namespace Host
