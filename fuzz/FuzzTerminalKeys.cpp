@@ -20,12 +20,12 @@ void check(const std::vector<Key>& keys)
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     Host::TerminalKeyParser whole;
-    check(whole.take({reinterpret_cast<const char*>(data), size}));
+    check(whole.parse({reinterpret_cast<const char*>(data), size}));
     check(whole.finish());
     require(!whole.isWaiting());
 
     Host::TerminalKeyParser pieces;
-    for (std::size_t at = 0; at < size; ++at) check(pieces.take({reinterpret_cast<const char*>(&data[at]), 1}));
+    for (std::size_t at = 0; at < size; ++at) check(pieces.parse({reinterpret_cast<const char*>(&data[at]), 1}));
     check(pieces.finish());
     return 0;
 }

@@ -14,15 +14,15 @@ namespace Host
 {
 namespace
 {
-// No command is that long; what is longer is read past without being kept.
+// Longer than any command; the rest of a longer line is skipped.
 constexpr std::size_t LONGEST_LINE = 65536;
 }  // namespace
 
-CommandReader::CommandReader(int from, std::string inputName, Execute executeCommand, Complain complainOfLine)
+CommandReader::CommandReader(int from, std::string inputName, Execute executeCommand, Report reportLine)
     : input(from),
       name(std::move(inputName)),
       execute(std::move(executeCommand)),
-      complain(std::move(complainOfLine)),
+      report(std::move(reportLine)),
       stopEvent(eventfd(0, EFD_CLOEXEC))
 {
     thread.start("orvane commands", [this] { run(); });
@@ -42,12 +42,12 @@ void CommandReader::run()
         const ssize_t size = ::read(input, bytes.data(), bytes.size());
         if (size < 0 && errno == EINTR) continue;
         if (size <= 0) break;
-        takeBytes({bytes.data(), static_cast<std::size_t>(size)});
+        addBytes({bytes.data(), static_cast<std::size_t>(size)});
     }
-    if (!line.empty()) takeLine();
+    if (!line.empty()) parseLine();
 }
 
-/// False when it is time to stop.
+/// False once the destructor runs.
 bool CommandReader::waitForInput() const
 {
     std::array<pollfd, 2> waited{{{stopEvent, POLLIN, 0}, {input, POLLIN, 0}}};
@@ -56,24 +56,24 @@ bool CommandReader::waitForInput() const
     return waited[0].revents == 0;
 }
 
-void CommandReader::takeBytes(std::string_view bytes)
+void CommandReader::addBytes(std::string_view bytes)
 {
     for (const char byte : bytes) {
         if (byte == '\n')
-            takeLine();
+            parseLine();
         else if (line.size() <= LONGEST_LINE)
             line += byte;
     }
 }
 
-void CommandReader::takeLine()
+void CommandReader::parseLine()
 {
     const std::string where = name + ":" + std::to_string(++lineNumber);
     try {
         if (line.size() > LONGEST_LINE) throw InputError(where + ": the line is too long");
         if (const auto command = parseCommand(line, where)) execute(*command);
     } catch (const InputError& error) {
-        complain(error.what());
+        report(error.what());
     }
     line.clear();
 }

@@ -15,9 +15,9 @@ namespace Host
 {
 namespace
 {
-constexpr auto LOOK_AROUND = std::chrono::milliseconds(100);
+constexpr auto SERVE_INTERVAL = std::chrono::milliseconds(100);
 
-/// A file stem in the current folder that names the moment.
+/// A file stem in the current folder that contains date and time.
 std::string recordStem()
 {
     const std::time_t now = std::time(nullptr);
@@ -29,10 +29,10 @@ std::string recordStem()
     return (std::filesystem::current_path(none) / name).string();
 }
 
-/// Empty if it is not.
+/// Why nothing can pass through the port; empty if it is usable.
 std::string whyUnusable(const Port& port)
 {
-    if (!port.found) return "\"" + port.name + "\" is not there";
+    if (!port.found) return "\"" + port.name + "\" is not available";
     return port.couldNotOpen ? "\"" + port.name + "\" could not be opened" : "";
 }
 
@@ -41,7 +41,7 @@ void reportLosses(const Ports& ports, const Report& report)
     for (const auto& port : ports.outputs())
         if (port->lossCount() > 0)
             report(port->name + ": " + std::to_string(port->lossCount()) +
-                   " messages were lost, the port was too slow");
+                   " messages were lost because the port was too slow");
 }
 }  // namespace
 
@@ -65,7 +65,7 @@ void LiveHost::start()
     const ClockLinks clocks = findClocks();
     reportUnusableClockPorts(clocks);
     if (options.transport) followTransport();
-    join();  // first: who is to hear the clock hears its start
+    connectPorts();  // first, so that the receiver of the clock gets its start
     play = std::make_unique<LivePlay>(*system, ports, memory, event, report, options.setup, clocks);
     if (defaultOutput >= 0) setDefaultOutput(defaultOutput);
     if (options.tempo) play->getOrv().getOrvMessageManager().postChangeTempo({false, *options.tempo}, true);
@@ -94,7 +94,7 @@ void LiveHost::reportUnusableClockPorts(const ClockLinks& links) const
 
 void LiveHost::followTransport()
 {
-    if (!system->followTransport()) report("--transport: there is no JACK server, so no transport to follow");
+    if (!system->followTransport()) report("--transport: there is no JACK server, so there is no transport to follow");
 }
 
 void LiveHost::setDefaultOutput(int output)
@@ -106,7 +106,7 @@ void LiveHost::setDefaultOutput(int output)
         play->getOrv().getOrvMessageManager().postChangeDefaultMidiOutput({SelectType::Kind::specific, output});
 }
 
-void LiveHost::join()
+void LiveHost::connectPorts()
 {
     for (const auto& [from, to] : parseConnections(options.connections)) try {
             system->connect(from, to);
@@ -120,9 +120,10 @@ void LiveHost::showDisplay() { play->showDisplay(); }
 void LiveHost::playUntil(const std::function<bool()>& isEndRequested)
 {
     while (!isEndRequested()) {
-        event.waitFor(LOOK_AROUND);
+        event.waitFor(SERVE_INTERVAL);
         play->updateDisplay();
         if (signals.takeSaveRequest()) play->saveRecord(recordStem());
+        if (signals.takeSuspendRequest()) play->suspend([this] { signals.suspend(); });
         if (options.session != nullptr) options.session->serve(play->getOrv().getOrvMessageManager());
         play->serve();
         showStatus();
@@ -140,7 +141,7 @@ void LiveHost::end()
     play->end();
     if (status) {
         const auto load = play->wholeLoad();
-        status->show("In all " + std::to_string(load.slices) + " slices, " + describeLoad(load));
+        status->show("In total " + std::to_string(load.slices) + " slices, " + describeLoad(load));
     }
     reportLosses(ports, report);
 }

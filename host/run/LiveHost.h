@@ -17,39 +17,41 @@
 
 namespace Host
 {
-/// The stand-alone host while it plays live: the devices, what plays through them, and all that the command line asked
-/// for. With a window or without one. The thread that makes it is the control thread; what is not said to be otherwise
-/// is its own.
+/// The stand-alone host while it plays live, with a window or without one: the devices, what plays through them, and
+/// the options of the command line. The thread that constructs it is the control thread; all operations belong to it
+/// unless they say otherwise.
 class LiveHost
 {
 public:
-    /// Opens the devices and tells what is missing. The options were checked. `wakeUp` wakes the control thread; it and
-    /// the signals outlive this.
-    LiveHost(const RunOptions& runOptions, ProcessSignals& endSignals, Event& wakeUp, Report reportLine);
+    /// Opens the devices and reports what is missing. The options were checked. `wakeUp` wakes the control thread; it
+    /// and the signals outlive this object.
+    LiveHost(const RunOptions& runOptions, ProcessSignals& processSignals, Event& wakeUp, Report reportLine);
 
     LiveHost(const LiveHost&) = delete;
     LiveHost& operator=(const LiveHost&) = delete;
 
+    /// Whether there is a MIDI system or a sound output.
     bool hasOutput() const;
 
-    /// From here it plays. Throws InputError if there is no such port as the options name.
+    /// Begins to play. Throws InputError if a port that the options name does not exist.
     void start();
 
-    /// Once it has started. Its commands may be used on any thread until `end`.
+    /// Between `start` and the destructor. Commands may be executed on any thread until `end`.
     LivePlay& getPlay() { return *play; }
 
-    /// The version, and the devices and the ports as they were when it started, for the user. Any thread.
+    /// The version, and the devices and ports as they were at the start, for the user. Any thread.
     const std::string& describe() const { return description; }
 
     /// Prints the display's lines from now on.
     void showDisplay();
 
-    /// Serves the ports, shows the status if that was asked for, and saves the record when a signal asks for it, until
-    /// `isEndRequested`, which is asked several times a second and whenever the event is set.
+    /// Until `isEndRequested`: serves the ports, shows the status if the options ask for it, saves the record and
+    /// suspends the process when a signal requests it. `isEndRequested` is called several times a second and whenever
+    /// the event is set.
     void playUntil(const std::function<bool()>& isEndRequested);
 
-    /// Ends with every note off and tells what was lost, and what the slices cost beside the status. The backend stays,
-    /// at rest, as long as this.
+    /// Ends every note and reports what was lost; with the status line also the load of all slices. The backend object
+    /// stays, at rest, until this one is destroyed.
     void end();
 
 private:
@@ -57,7 +59,7 @@ private:
     void reportUnusableClockPorts(const ClockLinks& links) const;
     void followTransport();
     void setDefaultOutput(int output);
-    void join();
+    void connectPorts();
     void showStatus();
 
     const RunOptions options;

@@ -25,6 +25,7 @@ using Backend::MidiEngine::OrvMidiMessage;
 namespace
 {
 constexpr auto LONGEST_WAIT_FOR_REST = 2s;
+constexpr auto LONGEST_WAIT_FOR_DELIVERY = 1s;
 constexpr int SLICES_FOR_INPUTS_TO_END = 2;
 constexpr auto PAUSE_BETWEEN_WARNINGS = 10s;
 
@@ -34,13 +35,20 @@ std::unique_ptr<Backend::OrvIF> createOrv(Player& player)
     if (!orv) throw std::bad_alloc();
     return orv;
 }
+
+template <class Condition>
+void waitUntil(Condition&& condition, std::chrono::milliseconds longest)
+{
+    const auto deadline = std::chrono::steady_clock::now() + longest;
+    while (!condition() && std::chrono::steady_clock::now() < deadline) std::this_thread::sleep_for(1ms);
+}
 }  // namespace
 
-LivePlay::LivePlay(MidiSystem& midiSystem, Ports& allPorts, PortMemory& portMemory, Event& wishes, Report reportLine,
+LivePlay::LivePlay(MidiSystem& midiSystem, Ports& allPorts, PortMemory& portMemory, Event& requests, Report reportLine,
                    const Setup& setup, const ClockLinks& links)
     : system(midiSystem),
       ports(allPorts),
-      player(ports, wishes),
+      player(ports, requests),
       window(reportLine),
       orv(createOrv(player)),
       slices([backend = orv.get()](std::int32_t from, std::int32_t to) { backend->playTimeSlice(from, to); },
@@ -64,12 +72,12 @@ void LivePlay::start(const Setup& setup, const ClockLinks& links)
     orv->start();
     auto& backend = orv->getOrvMessageManager();
     backend.sendInitialize();
-    takeChoices();
+    applyStoredChoices();
     backend.sendSetMidiInputPorts(ports.inputList());
     backend.sendSetMidiOutputPorts(ports.outputList());
-    keepChoices();
+    storeNewChoices();
     backend.sendEndInitialize();
-    orv->getProgram().number = setup.number;  // of these alone: what another bank has there would be heard
+    orv->getProgram().number = setup.number;  // the program of these files, not that of the bank before
     for (const std::string& file : setup.loads) postLoad(backend, file);
     if (!setup.program.empty()) backend.postLoadProgramFromString(setup.program, setup.number);
     player.setClockIn(links.in);
@@ -82,7 +90,11 @@ void LivePlay::start(const Setup& setup, const ClockLinks& links)
 
 // --- commands
 
-void LivePlay::execute(const Command& command) { post(*orv, command, window.getHandle()); }
+void LivePlay::execute(const Command& command)
+{
+    const MutexLock notSuspended(executing);
+    post(*orv, command, window.getHandle());
+}
 
 void LivePlay::saveRecord(const std::string& stem) { orv->getRetroRecordManager().save(stem, window.getHandle()); }
 
@@ -114,7 +126,7 @@ void LivePlay::serve()
     reportFloods();
 }
 
-// The backend releases what an input holds that is not found.
+// The backend releases what an input holds when the input is not found.
 void LivePlay::releaseCutInputs()
 {
     const auto cut = system.takeCutInputs();
@@ -129,7 +141,7 @@ void LivePlay::publishPorts()
 {
     orv->getOrvMessageManager().postSetMidiInputPorts(ports.inputList());
     orv->getOrvMessageManager().postSetMidiOutputPorts(ports.outputList());
-    keepChoices();
+    storeNewChoices();
 }
 
 void LivePlay::reportNews()
@@ -148,11 +160,12 @@ void LivePlay::reportFloods()
         Flood& flood = floods[index];
         const std::uint64_t limited = ports.inputs()[index]->limit.limitedCount();
         const bool floodsNow = std::exchange(flood.limited, limited) != limited;
-        const bool wasTold = flood.told.time_since_epoch().count() != 0 && now - flood.told < PAUSE_BETWEEN_WARNINGS;
-        if (!floodsNow || wasTold) continue;
-        flood.told = now;
+        const bool wasReported =
+            flood.reported.time_since_epoch().count() != 0 && now - flood.reported < PAUSE_BETWEEN_WARNINGS;
+        if (!floodsNow || wasReported) continue;
+        flood.reported = now;
         report("\"" + ports.inputs()[index]->name + "\": more than " + std::to_string(EventLimit::PER_SECOND) +
-               " events a second; what goes beyond is left out. Is an output wired to it?");
+               " events a second; the rest is left out. Is an output connected to this input?");
     }
 }
 
@@ -186,8 +199,8 @@ std::string LivePlay::describeRealTime() const
 
 // --- choices
 
-// A port without a stored choice is enabled. The backend rests, its settings are read.
-void LivePlay::takeChoices()
+// A port without a stored choice is enabled. The backend is at rest and has read its settings.
+void LivePlay::applyStoredChoices()
 {
     const auto inputs = orv->getRegistrySettings().getEnabledMidiInputs();
     const auto outputs = orv->getRegistrySettings().getEnabledMidiOutputs();
@@ -203,8 +216,8 @@ void LivePlay::takeChoices()
     }
 }
 
-// All of them up to the last port: a choice stored for one number says something of every number below.
-void LivePlay::keepChoices()
+// For every port up to the last one: storing the choice of one number stores one for each lower number too.
+void LivePlay::storeNewChoices()
 {
     auto& backend = orv->getOrvMessageManager();
     for (; inputChoices < ports.inputs().size(); ++inputChoices)
@@ -214,7 +227,7 @@ void LivePlay::keepChoices()
     memory.keep(ports);
 }
 
-// The backend has switched the input already; it hears from us only if the device refuses.
+// The backend has changed the input already; it gets a new list only if the device could not be opened.
 void LivePlay::serveInputs()
 {
     bool changed = false;
@@ -252,11 +265,8 @@ void LivePlay::end()
 {
     if (ended) return;
     ended = true;
-    clock.neverStall();
-    switchInputsOff();
-    clock.waitForSlices(SLICES_FOR_INPUTS_TO_END);
-    orv->getMidiEngineMessageManager().sendReset();
-    waitForRest();
+    system.stopListening();
+    endNotes();
     updateDisplay();  // with the last note offs
     orv->getOrvMessageManager().sendEnd();
     clock.stop();
@@ -265,11 +275,10 @@ void LivePlay::end()
     system.close();
 }
 
-// The list alone, not the user's choice, which is stored. What the backend then releases of itself is on its way to
-// the slices once it rests.
+// In the list only: the user's stored choice stays. When the backend is at rest, the note offs of what the inputs held
+// are queued for the slices.
 void LivePlay::switchInputsOff()
 {
-    system.stopListening();
     orv->stopJoysticks();
     auto inputs = ports.inputList();
     for (auto& input : inputs) input.enabled = false;
@@ -277,10 +286,29 @@ void LivePlay::switchInputsOff()
     waitForRest();
 }
 
+/// Inputs off, two slices for what they released, a reset.
+void LivePlay::endNotes()
+{
+    clock.neverStall();
+    switchInputsOff();
+    clock.waitForSlices(SLICES_FOR_INPUTS_TO_END);
+    orv->getMidiEngineMessageManager().sendReset();
+    waitForRest();
+}
+
+void LivePlay::suspend(const std::function<void()>& stopProcess)
+{
+    const MutexLock noCommand(executing);
+    endNotes();
+    waitUntil([this] { return soundingNotes(ports) == 0; }, LONGEST_WAIT_FOR_DELIVERY);
+    stopProcess();
+    orv->getOrvMessageManager().postSetMidiInputPorts(ports.inputList());
+    orv->startJoysticks();
+}
+
 void LivePlay::waitForRest()
 {
     const auto isAtRest = [this] { return orv->isAtRest() && window.isAtRest(); };
-    const auto giveUp = std::chrono::steady_clock::now() + LONGEST_WAIT_FOR_REST;
-    while (!(isAtRest() && isAtRest()) && std::chrono::steady_clock::now() < giveUp) std::this_thread::sleep_for(1ms);
+    waitUntil([&] { return isAtRest() && isAtRest(); }, LONGEST_WAIT_FOR_REST);
 }
 }  // namespace Host

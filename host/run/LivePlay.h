@@ -2,6 +2,7 @@
 
 #include <array>
 #include <chrono>
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -9,6 +10,7 @@
 #include "host/clock/Clock.h"
 #include "host/clock/ClockLinks.h"
 #include "host/clock/Slices.h"
+#include "host/common/Report.h"
 #include "host/common/SetupFile.h"
 #include "host/performance/PerformanceCommand.h"
 #include "host/player/Player.h"
@@ -17,21 +19,22 @@
 #include "host/run/LiveWindow.h"
 #include "host/run/Status.h"
 #include "host/system/MidiSystem.h"
+#include "platform/Mutex.h"
 
 namespace Host
 {
-/// The backend playing live: it starts with this object, hears the inputs, plays to the outputs and is driven by the
-/// system's clock until `end`. The thread that makes it is the control thread: it opens and closes the ports for
-/// everybody else.
+/// The backend while it plays live: from construction to `end` it receives the inputs, plays to the outputs and gets
+/// its slices from the clock. The thread that constructs it is the control thread, which alone opens and closes ports.
 class LivePlay
 {
 public:
-    /// All must outlive this. `wishes` is set whenever `serve` has something to do. `tell` gets lines for the user, on
-    /// any thread. The files of `setup` can be loaded. New ports are entered into `portMemory`. Throws std::bad_alloc.
-    LivePlay(MidiSystem& midiSystem, Ports& allPorts, PortMemory& portMemory, Event& wishes, Report reportLine,
+    /// All references must outlive this object. `requests` is set whenever `serve` has something to do. `reportLine` is
+    /// called on any thread. The files of `setup` can be loaded. New ports are added to `portMemory`. Throws
+    /// std::bad_alloc.
+    LivePlay(MidiSystem& midiSystem, Ports& allPorts, PortMemory& portMemory, Event& requests, Report reportLine,
              const Setup& setup, const ClockLinks& links);
 
-    /// Ends first if that has not been done.
+    /// Calls `end` if that was not done.
     ~LivePlay();
 
     LivePlay(const LivePlay&) = delete;
@@ -39,35 +42,38 @@ public:
 
     Backend::OrvIF& getOrv() { return *orv; }
 
-    /// Carries a command of a performance out. Any thread.
-    void execute(const Command& command);
+    /// Executes a command of a performance; waits while the process is being suspended. Any thread.
+    void execute(const Command& command) EXCLUDES(executing);
 
-    /// Saves the retrospective record under that file stem and tells the user what became of it. Any thread.
+    /// Saves the retrospective record under that file stem and reports the result. Any thread.
     void saveRecord(const std::string& stem);
 
-    /// From now on the display's lines are printed, each time they are asked for and at the end. Not before.
+    /// From now on the display's lines are printed, at each `updateDisplay` and at the end.
     void showDisplay();
     void updateDisplay();
 
-    /// How it stands, with the load since the last call.
+    /// The state now, with the load since the last call.
     Status status();
 
     /// The load since the start.
     SliceLoad::Summary wholeLoad() const { return SliceLoad::summarise({}, load.counts()); }
 
-    /// Opens and closes what the user wished, follows devices that come and go, and gives the program the tempo of a
-    /// clock from outside. To be called several times a second.
+    /// Opens and closes the ports that the user enabled and disabled, follows devices that are plugged in and
+    /// unplugged, and passes the tempo of an external clock to the backend. To be called several times a second.
     void serve();
 
-    /// Ends with every note off: inputs off, two slices, a reset, the backend's end while slices still run, then the
-    /// clock stands and the ports close. Always comes to its end: a clock that stalls is replaced. The backend is there
-    /// until this object goes, and frees what is still posted to it.
+    /// Ends every note, calls `stopProcess`, and enables the inputs again when that returns. The user's choices stay.
+    void suspend(const std::function<void()>& stopProcess) EXCLUDES(executing);
+
+    /// Ends every note and the backend, then stops the clock and closes the ports: inputs off, two slices, a reset, the
+    /// backend's end while slices still run. Ends also where a clock stalls, which is replaced. The backend object
+    /// stays until this one is destroyed, and frees what is still posted to it.
     void end();
 
 private:
     void start(const Setup& setup, const ClockLinks& links);
-    void takeChoices();
-    void keepChoices();
+    void applyStoredChoices();
+    void storeNewChoices();
     void publishPorts();
     void reportNews();
     void reportFloods();
@@ -77,6 +83,7 @@ private:
     void serveOutputs();
     void serveTempo();
     void switchInputsOff();
+    void endNotes();
     void waitForRest();
 
     MidiSystem& system;
@@ -91,12 +98,13 @@ private:
     Clock clock;
     PortMemory& memory;
     const Report report;
+    Mutex executing;               // held while a command is executed, and while the process is suspended
     std::size_t inputChoices = 0;  // stored so far
     std::size_t outputChoices = 0;
     std::size_t reportedLeftOut = 0;
     struct Flood {
         std::uint64_t limited = 0;
-        std::chrono::steady_clock::time_point told;
+        std::chrono::steady_clock::time_point reported;
     };
     std::array<Flood, Ports::MOST> floods{};  // by input
     bool ended = false;

@@ -11,8 +11,8 @@
 
 namespace Host
 {
-/// What stands where a window would be while there is none: a thread that takes what the backend tells a window. Output
-/// events go on to the display, and the user hears in a line what became of a saved record.
+/// Receives, on a thread of its own, the messages that the backend sends to a window, where there is no window: output
+/// events are passed to the display, and the result of saving the record is reported.
 class LiveWindow
 {
 public:
@@ -28,7 +28,7 @@ public:
 
     bool isAtRest() const { return worker->rest().resting; }
 
-    /// Ends the thread behind whatever was posted before.
+    /// Ends the thread when it has handled all messages posted before.
     void close() { worker->stop(); }
 
 private:
@@ -36,7 +36,7 @@ private:
 
     const Report report;
     Backend::OrvIF* shown = nullptr;
-    std::shared_ptr<Worker> worker;  // last: its thread ends before what it works on goes
+    std::shared_ptr<Worker> worker;  // last, so that its thread ends before the members that it uses are destroyed
 };
 
 /// Prints the display's text on standard output.

@@ -2,8 +2,10 @@
 
 #include <unistd.h>
 
+#include <algorithm>
 #include <atomic>
 #include <csignal>
+#include <iterator>
 
 #include "host/terminal/RawTerminal.h"
 
@@ -12,11 +14,13 @@ namespace Host
 namespace
 {
 constexpr int ENDING[] = {SIGINT, SIGTERM, SIGHUP};
+constexpr int MAY_BE_IGNORED[] = {SIGHUP, SIGTSTP};
 constexpr int IGNORED[] = {SIGPIPE, SIGTTIN};
 constexpr int STATUS_OF_A_SIGNAL = 128;
 
 std::atomic<bool> endRequested{false};
 std::atomic<bool> saveRequested{false};
+std::atomic<bool> suspendRequested{false};
 std::atomic<Event*> eventToSet{nullptr};
 
 void setEvent()
@@ -39,6 +43,12 @@ extern "C" void orvaneSaveSignal(int)
     setEvent();
 }
 
+extern "C" void orvaneSuspendSignal(int)
+{
+    suspendRequested.store(true);
+    setEvent();
+}
+
 void handle(int signal, void (*handler)(int))
 {
     struct sigaction action {
@@ -54,14 +64,21 @@ bool isIgnored(int signal)
     };
     return sigaction(signal, nullptr, &present) == 0 && present.sa_handler == SIG_IGN;
 }
+
+/// A shell without job control, and nohup, ignore some of them for the program.
+void handleUnlessIgnored(int signal, void (*handler)(int))
+{
+    const bool mayBe = std::ranges::find(MAY_BE_IGNORED, signal) != std::end(MAY_BE_IGNORED);
+    if (!mayBe || !isIgnored(signal)) handle(signal, handler);
+}
 }  // namespace
 
 ProcessSignals::ProcessSignals(Event& event)
 {
     eventToSet.store(&event);
     handle(SIGUSR1, orvaneSaveSignal);
-    for (const int signal : ENDING)
-        if (signal != SIGHUP || !isIgnored(signal)) handle(signal, orvaneEndSignal);
+    for (const int signal : ENDING) handleUnlessIgnored(signal, orvaneEndSignal);
+    handleUnlessIgnored(SIGTSTP, orvaneSuspendSignal);
     for (const int signal : IGNORED) handle(signal, SIG_IGN);
 }
 
@@ -70,4 +87,16 @@ ProcessSignals::~ProcessSignals() { eventToSet.store(nullptr); }
 bool ProcessSignals::isEndRequested() const { return endRequested.load(); }
 
 bool ProcessSignals::takeSaveRequest() { return saveRequested.exchange(false); }
+
+bool ProcessSignals::takeSuspendRequest() { return suspendRequested.exchange(false); }
+
+void ProcessSignals::suspend()
+{
+    RawTerminal::restoreNow();
+    suspendRequested.store(false);  // repeated while the notes ended
+    handle(SIGTSTP, SIG_DFL);
+    raise(SIGTSTP);  // stops this thread, and with it the others, before it returns
+    handle(SIGTSTP, orvaneSuspendSignal);
+    RawTerminal::applyNow();
+}
 }  // namespace Host

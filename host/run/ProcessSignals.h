@@ -4,12 +4,15 @@
 
 namespace Host
 {
-/// The signals by which a user ends the program: interrupt, terminate, and hang-up where it is not ignored. The first
-/// one only sets an event, so that the end can be an orderly one; a second one ends the process at once. The user
-/// signal 1 asks for the record to be saved and sets the event too. Neither a closed pipe nor a terminal in the
-/// background stops the music.
+/// The signals that a user sends to the program while it plays. Each only sets an event, so that the control thread can
+/// end the notes first:
 ///
-/// One object per process, for the length of `run`.
+/// - interrupt, terminate, and hang-up unless it is ignored: the end. A second one ends the process at once.
+/// - the terminal's stop signal (Ctrl+Z), unless it is ignored: the process is to be suspended.
+/// - user signal 1: the record is to be saved.
+///
+/// A broken pipe and reading from the terminal in the background are ignored. One object per process, for the length of
+/// `run`.
 class ProcessSignals
 {
 public:
@@ -21,7 +24,12 @@ public:
 
     bool isEndRequested() const;
 
-    /// Whether the record was asked for since the last call.
+    /// Whether that was requested since the last call.
     bool takeSaveRequest();
+    bool takeSuspendRequest();
+
+    /// Suspends the whole process, and returns when it continues; at once if the system does not allow it to stop, as
+    /// for a process group without a shell. The terminal has its old mode meanwhile (`RawTerminal`).
+    void suspend();
 };
 }  // namespace Host

@@ -10,6 +10,7 @@
 #include "host/run/CommandReader.h"
 #include "host/run/LiveHost.h"
 #include "host/run/PortList.h"
+#include "host/terminal/LineOutput.h"
 #include "host/terminal/RawTerminal.h"
 #include "host/terminal/StandardError.h"
 #include "host/terminal/TerminalKeyboard.h"
@@ -36,19 +37,19 @@ void playFromCommands(ProcessSignals& signals, LiveHost& host)
 int run(const RunOptions& options, const std::function<int()>& otherwise)
 {
     checkRunOptions(options);
-    const auto terminal = options.keys ? std::make_unique<RawTerminal>(STDIN_FILENO) : nullptr;
-
     Event event;
     ProcessSignals signals(event);
+    const auto terminal = options.keys ? std::make_unique<RawTerminal>(STDIN_FILENO) : nullptr;
     LiveHost host(options, signals, event, reportOnStandardError);
     if (!host.hasOutput()) {
         if (otherwise) return otherwise();
-        reportOnStandardError("Nothing can be heard, but the engine runs and what is typed is read.");
+        reportOnStandardError(
+            "There is no MIDI system and no sound output, so nothing sounds. Commands are executed all the same.");
     }
     host.start();
-    std::cout << host.describe()
-              << (options.keys ? "The keys of this terminal play" : "Commands are read from standard input")
-              << ". Ctrl+C ends with every note off." << std::endl;
+    standardOutput().write(host.describe() +
+                           (options.keys ? "The keys of this terminal play" : "Commands are read from standard input") +
+                           ". Ctrl+C ends every note and the program.\n");
 
     if (options.display) host.showDisplay();
     if (options.keys)

@@ -9,11 +9,11 @@ namespace Host
 {
 inline constexpr const char* VERSION = "Orvane 3.2";
 
-/// Plays until a signal ends it, reading commands or keys from standard input; returns the exit status. Throws
-/// InputError if an option cannot be meant. Where neither sound nor MIDI is possible it plays all the same, unless
-/// there is something else to do: `otherwise`, whose result is then the exit status.
+/// Plays until a signal ends it, and reads commands or keys from standard input meanwhile. Returns the exit status.
+/// Throws InputError if an option is invalid. If there is neither a MIDI system nor a sound output, `otherwise` is
+/// called instead and its result returned; without `otherwise` it plays all the same.
 int run(const RunOptions& options, const std::function<int()>& otherwise = {});
 
-/// Lists the ports as `run` would have them.
+/// Prints the ports as `run` would have them. Returns the exit status.
 int listPorts(const std::string& client);
 }  // namespace Host

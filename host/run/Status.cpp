@@ -14,13 +14,6 @@ std::string describeOpen(const PortTable<PortType>& ports)
     return std::to_string(std::ranges::count_if(ports, isConnected)) + " of " + std::to_string(ports.size());
 }
 
-int soundingNotes(const Ports& ports)
-{
-    int notes = 0;
-    for (const auto& port : ports.outputs()) notes += port->soundingNotes();
-    return notes;
-}
-
 std::string describeCount(const Port& port, std::uint64_t count, const char* what)
 {
     return count == 0 ? "" : " | " + port.name + ": " + std::to_string(count) + what;
@@ -41,6 +34,13 @@ std::string microseconds(std::chrono::nanoseconds time)
     return std::to_string(std::chrono::ceil<std::chrono::microseconds>(time).count());
 }
 }  // namespace
+
+int soundingNotes(const Ports& ports)
+{
+    int notes = 0;
+    for (const auto& port : ports.outputs()) notes += port->soundingNotes();
+    return notes;
+}
 
 std::string describeLoad(const SliceLoad::Summary& load)
 {

@@ -17,6 +17,9 @@ struct Status {
     std::string realTime;          ///< which threads have real-time priority
 };
 
+/// How many notes sound at all outputs, as delivered. Any thread.
+int soundingNotes(const Ports& ports);
+
 /// One line: system, open ports, tempo, duration of a slice (median, 99th percentile, longest), late slices, sounding
 /// notes, real-time priorities, and how many events each port lost or left out.
 std::string describeStatus(const Status& status, const Ports& ports);

@@ -2,17 +2,17 @@
 
 namespace Host
 {
-void HeldKey::arrive(const Key& arrived, Time now)
+void HeldKey::receive(const Key& received, Time now)
 {
-    pass(now);
-    const bool isRepeat = key == arrived;
+    advanceTo(now);
+    const bool isRepeat = key == received;
     if (!isRepeat) release();
-    key = arrived;
+    key = received;
     end = now + (isRepeat ? BETWEEN_REPEATS : UNTIL_FIRST_REPEAT);
-    send({isRepeat ? PressAction::repeat : PressAction::down, arrived});
+    send({isRepeat ? PressAction::repeat : PressAction::down, received});
 }
 
-void HeldKey::pass(Time now)
+void HeldKey::advanceTo(Time now)
 {
     if (key && now >= end) release();
 }

@@ -8,26 +8,26 @@
 
 namespace Host
 {
-/// Works out when a key comes up on a terminal, which tells only when one goes down and again while it is held. A key
-/// counts as released when its repeats stop, or when they have had time to begin and did not, or when another key
-/// arrives: one key at a time. Time comes in as an argument and never goes back.
+/// Finds out when a key is released on a terminal, which sends only presses and repeats. A key counts as released when
+/// its repeats stop, when no repeat came in the time of the first one, or when another key is pressed: one key at a
+/// time. Time is an argument and never goes back.
 class HeldKey
 {
 public:
     using Time = std::chrono::steady_clock::time_point;
     using Send = std::function<void(const KeyCommand&)>;
 
-    /// Longer than any keyboard waits before it repeats a key, and then between two repeats.
+    /// Longer than keyboards wait before the first repeat of a key, and between two repeats.
     static constexpr std::chrono::milliseconds UNTIL_FIRST_REPEAT{600};
     static constexpr std::chrono::milliseconds BETWEEN_REPEATS{100};
 
     explicit HeldKey(Send sendCommand) : send(std::move(sendCommand)) {}
 
-    /// A key came from the terminal: a repeat of the one that is held, or another press.
-    void arrive(const Key& key, Time now);
+    /// The terminal sent a key: a repeat of the one that is held, or another press.
+    void receive(const Key& key, Time now);
 
     /// Releases the key if it is time.
-    void pass(Time now);
+    void advanceTo(Time now);
 
     /// Releases the key, if one is held.
     void release();

@@ -8,9 +8,9 @@
 
 namespace Host
 {
-/// Writes text to a terminal, pipe or file without depending on its reader: if nothing can be written for a quarter of a
-/// second, the text is left out, and so is all text until the reader goes on. Then the number of texts that were left out
-/// is written first. Text of which a part was written is completed. Any thread; no time slice.
+/// Writes text to a terminal, pipe or file without depending on its reader: if nothing can be written for a quarter of
+/// a second, the text is left out, and so is all text until the reader goes on. Then the number of texts that were left
+/// out is written first. Text of which a part was written is completed. Any thread; no time slice.
 class LineOutput
 {
 public:

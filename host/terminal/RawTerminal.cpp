@@ -16,20 +16,19 @@ namespace
 {
 constexpr int FATAL[] = {SIGQUIT, SIGILL, SIGABRT, SIGBUS, SIGFPE, SIGSEGV};
 
-// Set before `isRaw`, which handlers look at first, and not changed while it is true.
+// Written before `isRaw`, which handlers read first, and not while it is true.
 int terminal = -1;
 termios before;
 termios raw;
 struct sigaction fatalBefore[std::size(FATAL)];
-struct sigaction suspendBefore;
 struct sigaction continueBefore;
 std::atomic<bool> isRaw{false};
 
-/// A program in the background leaves the terminal to the one in front.
+/// A program in the background leaves the terminal to the one in the foreground.
 void apply(const termios& mode, int when)
 {
-    const pid_t inFront = tcgetpgrp(terminal);
-    if (inFront == -1 || inFront == getpgrp()) tcsetattr(terminal, when, &mode);
+    const pid_t foreground = tcgetpgrp(terminal);
+    if (foreground == -1 || foreground == getpgrp()) tcsetattr(terminal, when, &mode);
 }
 
 void handle(int signal, void (*handler)(int), struct sigaction* previous)
@@ -41,7 +40,7 @@ void handle(int signal, void (*handler)(int), struct sigaction* previous)
     sigaction(signal, &action, previous);
 }
 
-/// What the signal did before it does now.
+/// Then the signal has its former effect.
 extern "C" void orvaneFatalSignal(int signal)
 {
     RawTerminal::restoreNow();
@@ -50,38 +49,18 @@ extern "C" void orvaneFatalSignal(int signal)
     raise(signal);
 }
 
-extern "C" void orvaneSuspendSignal(int signal);
-
-/// The program comes to the front, perhaps for the first time.
+/// The program comes to the foreground, perhaps for the first time.
 extern "C" void orvaneContinueSignal(int)
 {
     const int error = errno;
-    handle(SIGTSTP, orvaneSuspendSignal, nullptr);
-    if (isRaw) apply(raw, TCSANOW);
-    errno = error;
-}
-
-/// The signal comes once more, undisturbed, and stops the process within this handler, or not if it is one that cannot
-/// be stopped. Then the terminal is ours again.
-extern "C" void orvaneSuspendSignal(int signal)
-{
-    const int error = errno;
-    RawTerminal::restoreNow();
-    sigaction(signal, &suspendBefore, nullptr);
-    raise(signal);
-    sigset_t suspend, blocked;
-    sigemptyset(&suspend);
-    sigaddset(&suspend, signal);
-    pthread_sigmask(SIG_UNBLOCK, &suspend, &blocked);
-    pthread_sigmask(SIG_SETMASK, &blocked, nullptr);
-    orvaneContinueSignal(SIGCONT);
+    RawTerminal::applyNow();
     errno = error;
 }
 }  // namespace
 
 RawTerminal::RawTerminal(int input)
 {
-    if (tcgetattr(input, &before) != 0) throw InputError("--keys: standard input is no terminal to play on");
+    if (tcgetattr(input, &before) != 0) throw InputError("--keys: standard input is not a terminal");
     terminal = input;
     raw = before;
     raw.c_iflag &= ~static_cast<tcflag_t>(ICRNL | INLCR | IGNCR | IXON | ISTRIP);
@@ -91,7 +70,6 @@ RawTerminal::RawTerminal(int input)
     raw.c_cc[VQUIT] = _POSIX_VDISABLE;
     isRaw = true;
     for (std::size_t i = 0; i < std::size(FATAL); ++i) handle(FATAL[i], orvaneFatalSignal, &fatalBefore[i]);
-    handle(SIGTSTP, orvaneSuspendSignal, &suspendBefore);
     handle(SIGCONT, orvaneContinueSignal, &continueBefore);
     apply(raw, TCSANOW);
 }
@@ -99,14 +77,18 @@ RawTerminal::RawTerminal(int input)
 RawTerminal::~RawTerminal()
 {
     sigaction(SIGCONT, &continueBefore, nullptr);
-    sigaction(SIGTSTP, &suspendBefore, nullptr);
     for (std::size_t i = 0; i < std::size(FATAL); ++i) sigaction(FATAL[i], &fatalBefore[i], nullptr);
-    apply(before, TCSAFLUSH);  // what was not played is not for the shell
+    apply(before, TCSAFLUSH);  // unread keys must not reach the shell
     isRaw = false;
 }
 
 void RawTerminal::restoreNow()
 {
     if (isRaw) apply(before, TCSANOW);
+}
+
+void RawTerminal::applyNow()
+{
+    if (isRaw) apply(raw, TCSANOW);
 }
 }  // namespace Host

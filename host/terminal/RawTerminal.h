@@ -2,22 +2,24 @@
 
 namespace Host
 {
-/// A terminal that gives each key as it is pressed, without showing it, for as long as this object lives. Then it is as
-/// it was before: also while the program is suspended, and after every signal that ends it and can be caught. The keys
-/// that interrupt and suspend still do.
+/// Puts a terminal into raw mode for the lifetime of this object: each key is read at once and not echoed; the keys
+/// that interrupt and suspend still send their signals. The old mode is restored at the end, also by every fatal signal
+/// that can be caught, and raw mode returns when the process continues after it was stopped.
 ///
 /// One object per process.
 class RawTerminal
 {
 public:
-    /// Throws InputError with one line if `input` is no terminal.
+    /// Throws InputError with one line if `input` is not a terminal.
     explicit RawTerminal(int input);
     ~RawTerminal();
 
     RawTerminal(const RawTerminal&) = delete;
     RawTerminal& operator=(const RawTerminal&) = delete;
 
-    /// Puts the terminal back, if there is one, before the process ends at once. Also in a signal handler.
+    /// Restore the old mode before the process stops or ends, and raw mode afterwards. Nothing happens while there is
+    /// no object. Also in a signal handler.
     static void restoreNow();
+    static void applyNow();
 };
 }  // namespace Host

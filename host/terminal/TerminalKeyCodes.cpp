@@ -41,7 +41,7 @@ constexpr Signs SIGNS[] = {{'1', '!', '1'}, {'2', '@', '2'}, {'3', '#', '3'}, {'
                            {'/', '?', 191}, {'`', '~', 192}, {'[', '{', 219}, {'\\', '|', 220}, {']', '}', 221},
                            {'\'', '"', 222}};
 
-/// A key by what ends or numbers its escape sequence.
+/// A key by the final letter or the number of its escape sequence.
 struct Ending {
     int sign;
     std::int32_t code;
@@ -55,7 +55,7 @@ constexpr Ending NUMBERS[] = {{1, HOME},      {2, INSERT},  {3, DELETE},  {4, EN
                               {13, F1 + 2},   {14, F1 + 3}, {15, F1 + 4}, {17, F1 + 5},  {18, F1 + 6},
                               {19, F1 + 7},   {20, F1 + 8}, {21, F1 + 9}, {23, F1 + 10}, {24, F1 + 11}};
 
-// The keypad of a terminal that is told to tell it apart.
+// The keypad of a terminal in application keypad mode.
 constexpr Ending KEYPAD[] = {{'j', 106}, {'k', 107}, {'m', 109}, {'n', 110}, {'o', 111}, {'M', NUMPAD_ENTER}};
 
 std::optional<Key> findEnding(std::span<const Ending> endings, int sign)

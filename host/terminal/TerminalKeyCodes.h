@@ -7,7 +7,7 @@
 
 namespace Host
 {
-// The keys behind what a terminal sends; none where it is no key's.
+// The key of what a terminal sends; none if no key sends it.
 
 /// Of a character, on a keyboard of the US layout: Shift for capitals and upper signs, Control with a letter.
 std::optional<Key> keyOfCharacter(char character);

@@ -12,13 +12,13 @@ constexpr char ESCAPE = '\x1B';
 constexpr std::int32_t ESCAPE_KEY = 27;
 constexpr std::size_t LONGEST_SEQUENCE = 32;
 
-/// How many bytes were used, none if more have to come, and the key that they are, if any.
+/// The number of bytes that were parsed, 0 if the sequence is not complete, and its key, if it has one.
 struct Step {
     std::size_t size = 0;
     std::optional<Key> key{};
 };
 
-/// Behind "ESC [".
+/// Of a sequence that begins with "ESC [".
 Step stepOfSequence(std::string_view text)
 {
     std::size_t end = 2;
@@ -51,7 +51,7 @@ Step step(std::string_view text)
 }
 }  // namespace
 
-std::vector<Key> TerminalKeyParser::take(std::string_view bytes)
+std::vector<Key> TerminalKeyParser::parse(std::string_view bytes)
 {
     std::vector<Key> keys;
     pending += bytes;

@@ -8,19 +8,19 @@
 
 namespace Host
 {
-/// Makes keys of what a terminal sends, as a keyboard of the US layout has them: characters, with Shift for capitals
-/// and upper signs, Control with a letter, and the escape sequences of xterm, the VT220 and the Linux console for the
-/// others, with their modifiers. An escape in front of a character is Alt. What is none of that is passed over.
+/// Parses the bytes that a terminal sends into keys, as a keyboard of the US layout has them: characters, with Shift
+/// for capitals and upper signs, Control with a letter, and the escape sequences of xterm, the VT220 and the Linux
+/// console for other keys, with their modifiers. An escape before a character means Alt. Other bytes are ignored.
 class TerminalKeyParser
 {
 public:
     /// The keys that are complete with these bytes.
-    std::vector<Key> take(std::string_view bytes);
+    std::vector<Key> parse(std::string_view bytes);
 
-    /// Whether a sequence has begun that may still go on.
+    /// Whether a sequence has begun that is not complete.
     bool isWaiting() const { return !pending.empty(); }
 
-    /// No more comes: an escape that stands alone was the key itself.
+    /// Ends the sequence: an escape character alone is the Escape key.
     std::vector<Key> finish();
 
 private:

@@ -15,7 +15,7 @@ using Clock = std::chrono::steady_clock;
 
 namespace
 {
-// An escape sequence comes in one piece; an escape behind which nothing comes is the key.
+// An escape sequence arrives in one piece; an escape character alone is the Escape key.
 constexpr auto LONGEST_PAUSE_IN_A_SEQUENCE = 50ms;
 constexpr auto IN_THE_BACKGROUND = 100ms;
 }  // namespace
@@ -23,7 +23,7 @@ constexpr auto IN_THE_BACKGROUND = 100ms;
 TerminalKeyboard::TerminalKeyboard(int from, Execute execute)
     : input(from),
       stopEvent(eventfd(0, EFD_CLOEXEC)),
-      held([carry = std::move(execute)](const KeyCommand& command) { carry(command); })
+      held([run = std::move(execute)](const KeyCommand& command) { run(command); })
 {
     thread.start("orvane keys", [this] { run(); });
 }
@@ -41,16 +41,16 @@ void TerminalKeyboard::run()
         if ((*events & POLLIN) != 0) {
             if (!read(*events)) break;
         } else if (*events != 0) {
-            break;  // the terminal is gone
+            break;  // the terminal was closed
         }
         const Time now = Clock::now();
-        if (parser.isWaiting() && now >= lastByte + LONGEST_PAUSE_IN_A_SEQUENCE) take(parser.finish());
-        held.pass(now);
+        if (parser.isWaiting() && now >= lastByte + LONGEST_PAUSE_IN_A_SEQUENCE) send(parser.finish());
+        held.advanceTo(now);
     }
     held.release();
 }
 
-/// What came of it; none when it is time to stop.
+/// The events of the input; none once the destructor runs.
 std::optional<short> TerminalKeyboard::waitForInput() const
 {
     std::array<pollfd, 2> waited{{{stopEvent, POLLIN, 0}, {input, POLLIN, 0}}};
@@ -65,7 +65,7 @@ std::optional<short> TerminalKeyboard::waitForInput() const
     return waited[1].revents;
 }
 
-/// When there is something to do without a key.
+/// When there is something to do although no key arrives.
 std::optional<TerminalKeyboard::Time> TerminalKeyboard::nextTime() const
 {
     const auto end = held.getEnd();
@@ -79,19 +79,20 @@ bool TerminalKeyboard::read(short events)
 {
     std::array<char, 256> bytes;
     const ssize_t size = ::read(input, bytes.data(), bytes.size());
-    if (size < 0 && errno == EIO && (events & POLLHUP) == 0) {  // in the background: what is typed is another program's
+    if (size < 0 && errno == EIO &&
+        (events & POLLHUP) == 0) {  // in the background, where the terminal sends its keys to another program
         pollfd stop{stopEvent, POLLIN, 0};
         ::poll(&stop, 1, static_cast<int>(IN_THE_BACKGROUND.count()));
         return true;
     }
     if (size <= 0) return size < 0 && errno == EINTR;
     lastByte = Clock::now();
-    take(parser.take({bytes.data(), static_cast<std::size_t>(size)}));
+    send(parser.parse({bytes.data(), static_cast<std::size_t>(size)}));
     return true;
 }
 
-void TerminalKeyboard::take(const std::vector<Key>& keys)
+void TerminalKeyboard::send(const std::vector<Key>& keys)
 {
-    for (const Key& key : keys) held.arrive(key, Clock::now());
+    for (const Key& key : keys) held.receive(key, Clock::now());
 }
 }  // namespace Host

@@ -11,8 +11,8 @@
 
 namespace Host
 {
-/// Plays from a terminal in raw mode, on a thread of its own, until the terminal is gone: what is typed becomes keys
-/// that go down, repeat and come up.
+/// Reads a terminal in raw mode, on a thread of its own, until the terminal is closed, and executes a key command for
+/// each press, repeat and release.
 class TerminalKeyboard
 {
 public:
@@ -33,7 +33,7 @@ private:
     std::optional<short> waitForInput() const;
     std::optional<Time> nextTime() const;
     bool read(short events);
-    void take(const std::vector<Key>& keys);
+    void send(const std::vector<Key>& keys);
 
     const int input;
     int stopEvent;

@@ -192,7 +192,7 @@ class InJack(Stage):
         until(lambda: 'A loop: "Orvane Out" is wired to "Orvane In"' in orvane.complained, "the loop to be told")
         flood = [f"{at // 8}:b0{at % 100:02x}40" for at in range(800)]
         self.play("orvane:Orvane In", "0:903c64", *flood, "200:803c64")
-        until(lambda: "Is an output wired to it?" in orvane.complained, "the flood to be told")
+        until(lambda: "Is an output connected to this input?" in orvane.complained, "the warning of the flood")
         until(lambda: re.search(r"Orvane In: \d+ limited", orvane.printed), "what was left out")
         orvane.say("play 2 0 -1 144 72 100")
         orvane.say("play 2 0 -1 128 72 64")
@@ -212,7 +212,7 @@ class InJack(Stage):
         self.server.end(signal.SIGKILL)
         until(lambda: "\nno JACK server | in 0 of 1, out 0 of 2 | 96 bpm" in orvane.printed, "a line without a server")
         self.assertEqual(orvane.end(), 0, orvane.complained)
-        self.assertRegex(orvane.printed.splitlines()[-1], r"^In all \d+ slices, \d+/\d+/\d+ us$")
+        self.assertRegex(orvane.printed.splitlines()[-1], r"^In total \d+ slices, \d+/\d+/\d+ us$")
 
     def test_an_orvane_that_is_held_up_loses_its_periods_and_nothing_else(self):
         self.serve()

@@ -1,4 +1,5 @@
 """Playing from the keys of a terminal, in a JACK graph: keys.py ORVANE MIDI_SOURCE"""
+import array
 import fcntl
 import os
 import pty
@@ -107,15 +108,31 @@ class Keys(live.House):
         self.assertEqual(hurried.process.wait(live.PATIENCE), 128 + signal.SIGINT)
         self.assertEqual(hurried.mode(), hurried.before)
 
-    def test_the_terminal_is_as_it_was_while_the_program_is_suspended(self):
-        orvane = self.terminal(own=False)
-        for _ in range(2):
+    def test_suspending_ends_the_notes_and_restores_the_terminal(self):
+        self.serve()
+        monitor = Monitor(self, "monitor")
+        orvane = self.terminal("--default-output", "2", own=False)
+        for key, note in ((b"q", "3c"), (b"w", "3e")):
+            orvane.type(key)
+            monitor.await_message(f"90 {note} 64")
             orvane.process.send_signal(signal.SIGTSTP)
             self.assertTrue(os.WIFSTOPPED(os.waitpid(orvane.process.pid, os.WUNTRACED)[1]))
+            until(lambda: any(heard.startswith(f"80 {note}") for heard in monitor.heard), "the note off")
             self.assertEqual(orvane.mode(), orvane.before)
             orvane.process.send_signal(signal.SIGCONT)
             until(lambda: orvane.isRaw, "the raw terminal")
         self.assertEqual(orvane.end(), 0, orvane.complained)
+
+    def test_it_ends_although_nothing_reads_its_display(self):
+        orvane = subprocess.Popen([live.ORVANE, "run", "--display"], stdin=subprocess.PIPE, stdout=subprocess.PIPE,
+                                  stderr=subprocess.DEVNULL, env=self.environment)
+        self.addCleanup(lambda: (orvane.kill(), orvane.communicate()))
+        orvane.stdin.write(b"play 0 0 0 144 60 100\nplay 0 0 0 128 60 100\n" * 2000)
+        orvane.stdin.flush()
+        waiting = array.array("i", [0])
+        until(lambda: fcntl.ioctl(orvane.stdout, termios.FIONREAD, waiting) == 0 and waiting[0] > 60000, "a full pipe")
+        orvane.send_signal(signal.SIGINT)
+        self.assertEqual(orvane.wait(live.PATIENCE), 0)
 
     def test_what_cannot_be_suspended_plays_on(self):
         self.serve()
@@ -132,7 +149,7 @@ class Keys(live.House):
                                 env=self.environment, stdin=subprocess.DEVNULL)
         self.assertEqual(result.returncode, 2)
         self.assertEqual(result.stdout, b"")
-        self.assertEqual(result.stderr, b"orvane: --keys: standard input is no terminal to play on\n")
+        self.assertEqual(result.stderr, b"orvane: --keys: standard input is not a terminal\n")
 
 
 unittest.main(argv=sys.argv[:1], verbosity=1)

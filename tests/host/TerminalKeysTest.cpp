@@ -20,7 +20,7 @@ std::string textOf(const std::vector<Key>& keys)
 std::string typed(std::string_view bytes)
 {
     TerminalKeyParser parser;
-    const std::string text = textOf(parser.take(bytes));
+    const std::string text = textOf(parser.parse(bytes));
     EXPECT_FALSE(parser.isWaiting()) << bytes;
     return text;
 }
@@ -33,7 +33,7 @@ struct Fingers {
     }};
 
     HeldKey::Time at(int milliseconds) { return HeldKey::Time(std::chrono::milliseconds(milliseconds)); }
-    void arrive(const char* key, int milliseconds) { held.arrive(Key::fromXmlString(key), at(milliseconds)); }
+    void receive(const char* key, int milliseconds) { held.receive(Key::fromXmlString(key), at(milliseconds)); }
 };
 }  // namespace
 
@@ -67,30 +67,30 @@ TEST(TerminalKeys, MayComeInPieces)
 {
     TerminalKeyParser parser;
     std::string text;
-    for (const char byte : "\x1B[1;5A\x1BOPq"sv) text += textOf(parser.take({&byte, 1}));
+    for (const char byte : "\x1B[1;5A\x1BOPq"sv) text += textOf(parser.parse({&byte, 1}));
     EXPECT_EQ(text, "Control UpF1Q");
     const std::pair<std::string_view, const char*> ROWS[] = {
         {"\x1B", "Escape"}, {"\x1B[", "Alt Left Bracket"}, {"\x1BO", "Shift Alt O"}, {"\x1B[1;", ""}};
     for (const auto& [bytes, keys] : ROWS) {
-        EXPECT_EQ(textOf(parser.take(bytes)), "");
+        EXPECT_EQ(textOf(parser.parse(bytes)), "");
         EXPECT_TRUE(parser.isWaiting());
         EXPECT_EQ(textOf(parser.finish()), keys);
     }
-    EXPECT_EQ(textOf(parser.take("\x1B[" + std::string(1000, '1'))), "");
+    EXPECT_EQ(textOf(parser.parse("\x1B[" + std::string(1000, '1'))), "");
     EXPECT_FALSE(parser.isWaiting()) << "no sequence is that long";
 }
 
 TEST(HeldKey, ComesUpWhenNoRepeatComes)
 {
     Fingers fingers;
-    fingers.arrive("A", 1000);
+    fingers.receive("A", 1000);
     EXPECT_EQ(fingers.held.getEnd(), fingers.at(1600));
-    fingers.held.pass(fingers.at(1599));
+    fingers.held.advanceTo(fingers.at(1599));
     EXPECT_EQ(fingers.sent, "A<");
-    fingers.held.pass(fingers.at(1600));
+    fingers.held.advanceTo(fingers.at(1600));
     EXPECT_EQ(fingers.sent, "A<A>");
     EXPECT_EQ(fingers.held.getEnd(), std::nullopt);
-    fingers.held.pass(fingers.at(9000));
+    fingers.held.advanceTo(fingers.at(9000));
     fingers.held.release();
     EXPECT_EQ(fingers.sent, "A<A>");
 }
@@ -98,24 +98,24 @@ TEST(HeldKey, ComesUpWhenNoRepeatComes)
 TEST(HeldKey, ComesUpSoonerOnceRepeatsCame)
 {
     Fingers fingers;
-    fingers.arrive("A", 0);
-    fingers.arrive("A", 599);
-    fingers.arrive("A", 630);
-    fingers.held.pass(fingers.at(729));
+    fingers.receive("A", 0);
+    fingers.receive("A", 599);
+    fingers.receive("A", 630);
+    fingers.held.advanceTo(fingers.at(729));
     EXPECT_EQ(fingers.sent, "A<A=A=");
-    fingers.held.pass(fingers.at(730));
+    fingers.held.advanceTo(fingers.at(730));
     EXPECT_EQ(fingers.sent, "A<A=A=A>");
-    fingers.arrive("A", 731);
-    fingers.arrive("A", 2000);
+    fingers.receive("A", 731);
+    fingers.receive("A", 2000);
     EXPECT_EQ(fingers.sent, "A<A=A=A>A<A>A<") << "too late for a repeat, also if nobody looked in between";
 }
 
 TEST(HeldKey, ComesUpWhenAnotherArrives)
 {
     Fingers fingers;
-    fingers.arrive("A", 0);
-    fingers.arrive("Shift A", 1);
-    fingers.arrive("B", 2);
+    fingers.receive("A", 0);
+    fingers.receive("Shift A", 1);
+    fingers.receive("B", 2);
     EXPECT_EQ(fingers.sent, "A<A>Shift A<Shift A>B<");
     EXPECT_EQ(fingers.held.getEnd(), fingers.at(602)) << "and has its first repeat before it";
     fingers.held.release();
