@@ -12,7 +12,7 @@ int renderDemonstration()
     request.mid = "demonstration.mid";
     request.wav = "demonstration.wav";
     Host::render(request);
-    std::cout << "So here is the demonstration performance instead: demonstration.mid and demonstration.wav.\n"
-                 "\"orvane run\" plays without being heard.\n";
+    std::cout << "The demonstration performance was rendered instead, to demonstration.mid and demonstration.wav.\n"
+                 "\"orvane run\" plays live without sound.\n";
     return 0;
 }

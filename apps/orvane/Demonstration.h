@@ -1,4 +1,5 @@
 #pragma once
 
-/// What `orvane` does where nothing can be heard: renders the demonstration performance. Returns the exit status.
+/// Renders the demonstration performance into the current folder, for a machine without any output. Returns the exit
+/// status.
 int renderDemonstration();

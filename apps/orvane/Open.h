@@ -2,6 +2,7 @@
 
 #include "host/run/RunOptions.h"
 
-/// `orvane` by itself: plays with a window, or without one where there is no display, or renders the demonstration
-/// where nothing can be heard either; in a session, where a session manager started it. Returns the exit status.
+/// `orvane` without a subcommand: plays live with a window; without a display, plays live without one; without a MIDI
+/// system and sound output either, renders the demonstration. In a session if a session manager started it. Returns the
+/// exit status.
 int open(Host::RunOptions options);

@@ -6,9 +6,10 @@
 
 void addPortsCommand(CLI::App& program, int& exitStatus)
 {
-    CLI::App* command = program.add_subcommand("ports", "List the inputs and outputs by number, name and state");
+    CLI::App* command =
+        program.add_subcommand("ports", "List the MIDI inputs and outputs with number, name and state, and exit");
     const auto client = std::make_shared<std::string>(Host::FIRST_CLIENT_NAME);
-    command->add_option("--client", *client, "Name in the JACK graph or the ALSA sequencer")
+    command->add_option("--client", *client, "Name of Orvane in the JACK graph or the ALSA sequencer")
         ->type_name("NAME")
         ->capture_default_str();
     command->callback([client, &exitStatus] { exitStatus = Host::listPorts(*client); });

@@ -2,5 +2,5 @@
 
 #include <CLI/CLI.hpp>
 
-/// Adds `orvane ports`, the list of what can be played from and to.
+/// Adds `orvane ports`, which lists the inputs and outputs.
 void addPortsCommand(CLI::App& program, int& exitStatus);

@@ -10,46 +10,60 @@
 void addRenderCommand(CLI::App& program)
 {
     CLI::App* command = program.add_subcommand(
-        "render", "Play performance (.perf) and MIDI (.mid) files without a clock and write what came of it");
+        "render", "Play performance (.perf) and MIDI (.mid) files as fast as possible and write the result to files");
     const auto request = std::make_shared<Host::RenderRequest>();
     auto& settings = request->settings;
 
-    command->add_option("input", request->inputs, "Performance or MIDI files, merged by time")
+    command->add_option("input", request->inputs, "Performance or MIDI files; several are played at the same time")
         ->required()
         ->type_name("INPUT");
-    command->add_option("--inputs", settings.inputs, "Input ports offered")
+    command->add_option("--inputs", settings.inputs, "Number of MIDI inputs, 0 to 127")
         ->check(CLI::Range(0, 127))
         ->capture_default_str();
-    command->add_option("--outputs", settings.outputs, "Output ports offered")
+    command->add_option("--outputs", settings.outputs, "Number of MIDI outputs, 0 to 127")
         ->check(CLI::Range(0, 127))
         ->capture_default_str();
-    command->add_option("--slice", settings.slice, "Pulses per time slice")
+    command
+        ->add_option("--slice", settings.slice,
+                     "Length of a time slice in pulses, 1 to 4999; a quarter note has 480 pulses")
         ->check(CLI::Range(1, 4999))
         ->capture_default_str();
-    command->add_option("--tail", settings.tail, "Pulses played on after the last command")
+    command->add_option("--tail", settings.tail, "How long to play on after the last command, in pulses, 0 to 90000000")
         ->check(CLI::Range(0, Host::OfflineLoop::LONGEST_TAIL))
         ->capture_default_str();
-    command->add_option("--load", settings.loads, "Program (.prg) or bank (.bnk) loaded before the start, in order")
+    command
+        ->add_option("--load", settings.loads,
+                     "Load this program (.prg) or bank (.bnk) before the start; may be repeated, and the files are "
+                     "loaded in order")
         ->type_name("FILE")
         ->take_all()
         ->allow_extra_args(false);
-    command->add_option("--number", settings.number, "Program taken from a bank, counted from 0")
+    command
+        ->add_option("--number", settings.number,
+                     "Number of the program to play from a bank, 0 to 99999; the first program is 0")
         ->check(CLI::Range(0, 99999))
         ->capture_default_str();
-    command->add_option("--seed", settings.seed, "Seed of what is left to chance, such as random oscillators")
+    command
+        ->add_option("--seed", settings.seed,
+                     "Seed of random numbers, such as those of random oscillators; 0 counts as 1")
         ->check(CLI::Range(std::uint32_t{0}, std::numeric_limits<std::uint32_t>::max()))
         ->capture_default_str();
-    command->add_option("--data", settings.data, "Data folder (a fresh one with the factory content)")
+    command
+        ->add_option("--data", settings.data,
+                     "Use this data folder, which is kept; by default a temporary one with the factory content")
         ->type_name("DIR");
-    command->add_option("--set", settings.choices, "A setting by its stored name, such as MidiThru=0")
+    command
+        ->add_option("--set", settings.choices,
+                     "Change a setting, by its stored name, such as MidiThru=0; may be repeated")
         ->type_name("NAME=VALUE")
         ->take_all()
         ->allow_extra_args(false);
-    command->add_option("--events", request->events, "Write the event list (- is standard output)")->type_name("FILE");
-    command->add_option("--mid", request->mid, "Write a Standard MIDI File")->type_name("FILE");
-    command->add_option("--wav", request->wav, "Write a sound file, played by the built-in synthesizer")
+    command->add_option("--events", request->events, "Write the list of events that were played; - is standard output")
         ->type_name("FILE");
-    command->add_option("--display", request->display, "Write the display's text as it stands at the end")
+    command->add_option("--mid", request->mid, "Write the events to a Standard MIDI File")->type_name("FILE");
+    command->add_option("--wav", request->wav, "Write the sound of the built-in synthesizer to a WAV file")
+        ->type_name("FILE");
+    command->add_option("--display", request->display, "Write the text that the display screen shows at the end")
         ->type_name("FILE");
 
     command->callback([request] { Host::render(*request); });

@@ -4,7 +4,7 @@
 
 #include "host/run/Run.h"
 
-/// The options of live playing, into `options`, which must outlive the parsing.
+/// Adds the options of live playing. Parsing writes into `options`, which must exist until then.
 void addRunOptions(CLI::App& command, Host::RunOptions& options);
 
 /// Adds `orvane run`, live playing without a window.

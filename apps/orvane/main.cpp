@@ -11,20 +11,22 @@
 
 namespace
 {
-constexpr int WRONG_INPUT = 2;
+constexpr int INVALID_INPUT = 2;
 constexpr int FAILED = 1;
 
-int complain(std::string line, int exitStatus)
+int reportError(std::string line, int exitStatus)
 {
     std::ranges::replace(line, '\n', ' ');
     std::cerr << "orvane: " + line + "\n";
     return exitStatus;
 }
 
-/// Carries out what the command line asks for; returns the exit status.
+/// Executes the command line. Returns the exit status.
 int execute(int argc, char** argv)
 {
-    CLI::App program("Orvane plays MIDI live: from keyboards and keys through layers to outputs.", "orvane");
+    CLI::App program(
+        "Orvane plays MIDI live: from MIDI devices, computer keys and joysticks through layers to MIDI outputs.",
+        "orvane");
     program.set_version_flag("--version", Host::VERSION);
     Host::RunOptions options;
     int exitStatus = 0;
@@ -46,10 +48,10 @@ int main(int argc, char** argv)
     try {
         return execute(argc, argv);
     } catch (const Host::InputError& error) {
-        return complain(error.what(), WRONG_INPUT);
+        return reportError(error.what(), INVALID_INPUT);
     } catch (const CLI::ParseError& error) {
-        return complain(error.what(), WRONG_INPUT);
+        return reportError(error.what(), INVALID_INPUT);
     } catch (const std::exception& error) {
-        return complain(error.what(), FAILED);
+        return reportError(error.what(), FAILED);
     }
 }
