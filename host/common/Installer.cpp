@@ -39,7 +39,7 @@ void installIfNeeded()
     if (!installed.empty() && isFolder(pathOf(installed))) return;
     const fs::path content = findContent();
     if (content.empty())
-        DbgStream() << "no factory content beside the program";
+        DbgStream() << "no factory content in ../share/orvane of the program";
     else if (OrvUtils::setOrvProgDir(textOf(content)))
         OrvUtils::install(false);
 }

@@ -4,14 +4,14 @@
 
 namespace Host
 {
-/// The factory content, the manual and the demonstration that belong to a program: in ../share/orvane, where they are
-/// installed, and where the build puts links to them. Empty if there are none.
+/// The folder with the factory content, the manual and the demonstration of a program: ../share/orvane, which an
+/// installation and the build both have. Empty if it does not exist.
 std::filesystem::path findContent(const std::filesystem::path& program);
 
-/// Those of the running program.
+/// The folder of the running program.
 std::filesystem::path findContent();
 
-/// Plays installer: where the library does not know the install folder, or that folder is gone, it gets the content of
-/// the running program. Before a backend is initialized. What cannot be done is told to the debug stream.
+/// Does what an installer does: if the library knows no install folder, or the folder does not exist, it gets the
+/// content of the running program. To be called before a backend is initialized. Failures go to the debug stream.
 void installIfNeeded();
 }  // namespace Host

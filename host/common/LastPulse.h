@@ -4,7 +4,7 @@
 
 namespace Host
 {
-/// The latest time, in pulses from the start, that a performance may name. The player's counter has 32 bits and starts
-/// at 50000000; what is left above this time is room for the tail.
+/// The latest time of a command, in pulses from the start. The pulse counter has 32 bits and starts at 50000000; the
+/// range above this time is left for the tail.
 inline constexpr std::int32_t LAST_PULSE = 2'000'000'000;
 }  // namespace Host

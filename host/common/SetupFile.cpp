@@ -12,7 +12,7 @@ void checkSetupFile(const std::filesystem::path& path)
         throw InputError(path.string() + ": neither a program (.prg) nor a bank (.bnk)");
     readWholeFile(path);
     if (Backend::Bank::fromFile(path.string()).programNames.empty())
-        throw InputError(path.string() + ": there is no program in it");
+        throw InputError(path.string() + ": the file contains no program");
 }
 
 void postLoad(Backend::OrvMessageManager& backend, const std::string& path)

@@ -8,11 +8,11 @@
 
 namespace Host
 {
-/// What is loaded before anything is played.
+/// What is loaded at the start.
 struct Setup {
     std::vector<std::string> loads{};  ///< programs (.prg) and banks (.bnk), in order; none for the user's default bank
     int number = 0;                    ///< the program taken from a bank, from 0
-    std::string program{};             ///< the program itself, as it was played last; empty for that of the files
+    std::string program{};             ///< a program as text, loaded last; empty for none
 
     bool operator==(const Setup&) const = default;
 };

@@ -14,8 +14,8 @@ namespace
 {
 namespace fs = std::filesystem;
 
-/// Throws what the system refused, naming the file as the user knows it.
-void orFail(const fs::path& path, std::error_code error)
+/// Throws InputError if there is an error, with the path as the user gave it.
+void throwIf(const fs::path& path, std::error_code error)
 {
     if (!error) return;
     std::string reason = error.message();
@@ -35,14 +35,14 @@ std::vector<std::uint8_t> readWholeFile(const fs::path& path, std::size_t larges
     const std::error_code error = ::WholeFile::read(path, largest, bytes);
     if (error == std::errc::file_too_large)
         throw InputError(path.string() + ": larger than " + std::to_string(largest) + " bytes");
-    orFail(path, error);
+    throwIf(path, error);
     return bytes;
 }
 
 void StagedFiles::add(const fs::path& path, std::span<const std::uint8_t> bytes)
 {
     Staged staged{path, {}};
-    orFail(path, staged.file.stage(path, bytes));
+    throwIf(path, staged.file.stage(path, bytes));
     for (const Staged& other : files)
         if (!staged.file.isStream() && other.file.getTarget() == staged.file.getTarget())
             throw InputError(path.string() + ": named for two output files");
@@ -55,7 +55,7 @@ void StagedFiles::commit()
 {
     const auto commitAll = [this](bool streams) {
         for (Staged& staged : files)
-            if (staged.file.isStream() == streams) orFail(staged.path, staged.file.commit());
+            if (staged.file.isStream() == streams) throwIf(staged.path, staged.file.commit());
     };
     commitAll(true);
     commitAll(false);

@@ -9,9 +9,8 @@
 
 namespace Host
 {
-/// Reads a stretch of a Standard MIDI File from front to back and never past its end: what is not there is an
-/// InputError with the file's name and the byte offset, counted from 0 at the start of the file. Borrows the bytes and
-/// the name.
+/// Reads a part of a Standard MIDI File from start to end. Reading past the end throws InputError with the file's name
+/// and the byte offset from the start of the file. The bytes and the name must outlive this object.
 class ByteCursor
 {
 public:
@@ -50,7 +49,7 @@ public:
         refuse("a variable-length number has more than four bytes");
     }
 
-    /// The next `size` bytes as a stretch of their own; `what` names them if they are not all there.
+    /// The next `size` bytes as a part of their own; `what` names them in the error if there are fewer.
     ByteCursor take(std::uint32_t size, const char* what)
     {
         if (size > left())

@@ -8,20 +8,20 @@
 
 namespace Host
 {
-/// What a performance sent to its outputs, as a Standard MIDI File (SMF 1.0, format 1, 480 ticks per quarter note): a
-/// tempo track, then one track per output under the output's name. Tempo and events come in rising order of their
-/// pulse. One thread; everything is kept in memory until `bytes`.
+/// Writes the events of a performance's outputs as a Standard MIDI File (SMF 1.0, format 1, 480 ticks per quarter
+/// note): a tempo track, then one track per output under the output's name. Tempo and events come in rising order of
+/// their pulse. One thread; everything is kept in memory until `bytes`.
 class MidiFileWriter
 {
 public:
-    /// The outputs by index, at most 65534. The tempo is 120 until it is told otherwise.
+    /// The outputs by index, at most 65534. The tempo is 120 until `tempo` sets another.
     explicit MidiFileWriter(const std::vector<std::string>& outputNames);
 
-    /// `bpm` quarter notes per minute from `pulse` on. Slower than 4 is written as the slowest tempo a file can hold.
+    /// `bpm` quarter notes per minute from `pulse` on. Below 4 the slowest tempo that a file can hold is written.
     void tempo(std::int32_t pulse, int bpm);
 
     /// A MIDI message as the player got it, status with its channel. A system message is written as an F7 escape with
-    /// as many data bytes as it has (F0 counts two). Left out: an output that is not there (-1 for none), a status
+    /// as many data bytes as it has (F0 counts two). Left out: an output that does not exist (-1 for none), a status
     /// below 80, a message with a data byte above 127.
     void event(std::int32_t pulse, int output, std::uint8_t status, std::uint8_t d1, std::uint8_t d2);
 

@@ -31,7 +31,7 @@ bool TrackReader::next()
             channelMessage(leadingByte);
             return true;
         }
-        passOver(leadingByte);
+        skip(leadingByte);
     }
     return false;
 }
@@ -45,7 +45,7 @@ void TrackReader::channelMessage(std::uint8_t leadingByte)
     second = channelDataBytes(runningStatus) == 2 ? dataByte() : std::uint8_t{0};
 }
 
-void TrackReader::passOver(std::uint8_t leadingByte)
+void TrackReader::skip(std::uint8_t leadingByte)
 {
     if (leadingByte != SYSEX && leadingByte != ESCAPE && leadingByte != META)
         refuse("status " + hexadecimal(leadingByte) + " cannot stand in a track");

@@ -6,18 +6,18 @@
 
 namespace Host
 {
-/// One track chunk of a Standard MIDI File, read one channel message at a time. Sysex and meta events are passed over
-/// and end the running status, as the SMF standard has it. The track ends with its end-of-track event or, where a
-/// recorder was cut short before it wrote one, with its chunk.
+/// Reads the channel messages of one track chunk of a Standard MIDI File. Sysex and meta events are skipped and end the
+/// running status, as the SMF standard says. The track ends with its end-of-track event, or with its chunk if it has
+/// none.
 class TrackReader
 {
 public:
     explicit TrackReader(ByteCursor chunk) : bytes(chunk) {}
 
-    /// Moves to the next channel message; false when there is none left. Throws InputError on what is no MIDI.
+    /// Moves to the next channel message; false after the last. Throws InputError where the bytes are not MIDI.
     bool next();
 
-    /// The message's time in ticks of the file, saturated far above what a player can reach.
+    /// The time of the message in ticks of the file, limited to a value far above LAST_PULSE.
     std::int64_t ticks() const { return time; }
     std::uint8_t status() const { return runningStatus; }
     std::uint8_t d1() const { return first; }
@@ -27,7 +27,7 @@ public:
 
 private:
     void channelMessage(std::uint8_t leadingByte);
-    void passOver(std::uint8_t leadingByte);
+    void skip(std::uint8_t leadingByte);
     std::uint8_t dataByte();
 
     ByteCursor bytes;

@@ -46,7 +46,7 @@ void TrackWriter::advanceTo(std::int32_t pulse)
 {
     std::int32_t delta = std::max(pulse, lastPulse) - lastPulse;
     lastPulse += delta;
-    // Four bytes are all a delta has: what is longer is bridged with empty texts.
+    // A delta time has four bytes at most; a longer one is divided by empty text events.
     for (; delta > LONGEST_DELTA; delta -= LONGEST_DELTA) {
         variableLength(LONGEST_DELTA);
         events.insert(events.end(), {0xFF, TEXT, 0});

@@ -8,8 +8,7 @@
 namespace Host
 {
 /// One track chunk of a Standard MIDI File, written event by event. Times are pulses, 0 or more, in rising order; an
-/// earlier one counts as the time of the event before it. Every event carries its status byte, which every reader
-/// understands.
+/// earlier one counts as the time of the event before it. Every event has its status byte: running status is not used.
 class TrackWriter
 {
 public:

@@ -36,7 +36,7 @@ Command parseMidi(PerformanceLine& line)
     return midi;
 }
 
-/// -1 stands for none, which is 0.
+/// -1 means none, which is 0.
 std::uint8_t dataByte(PerformanceLine& line, std::string_view name)
 {
     return static_cast<std::uint8_t>(std::max(line.number(name, NONE, 255), 0));
@@ -54,7 +54,7 @@ Command parsePlay(PerformanceLine& line)
     return play;
 }
 
-/// True for the one word, false for the other.
+/// True if the next word is `first`, false if it is `second`.
 bool isFirstOf(PerformanceLine& line, std::string_view first, std::string_view second)
 {
     const std::string either = "'" + std::string(first) + "' or '" + std::string(second) + "'";
@@ -151,7 +151,7 @@ Command parseButton(PerformanceLine& line)
 
 struct CommandRow {
     std::string_view word;
-    Command (*parse)(PerformanceLine&);  // null: a command of the format that is not available yet
+    Command (*parse)(PerformanceLine&);
 };
 
 constexpr CommandRow COMMANDS[] = {
@@ -173,7 +173,6 @@ Command parseCommand(PerformanceLine& line)
     const std::string_view word = line.word("the command");
     const auto* row = std::ranges::find(COMMANDS, word, &CommandRow::word);
     if (row == std::end(COMMANDS)) line.refuse("unknown command " + quoted(word));
-    if (row->parse == nullptr) line.refuse(quoted(word) + " is not available yet");
     const Command command = row->parse(line);
     line.end();
     return command;

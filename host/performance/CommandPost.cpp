@@ -14,7 +14,7 @@ namespace
 {
 constexpr std::int32_t UNTIMED = -1;
 
-/// Where commands go: most of them to the backend's own message manager.
+/// The receivers of commands. Most commands go to the message manager of the backend.
 struct Destination {
     Backend::OrvIF& orv;
     const WindowHandle& window;

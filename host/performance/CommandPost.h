@@ -5,6 +5,6 @@
 
 namespace Host
 {
-/// Posts a command of a performance to the backend; `window` is told what was saved. Any thread.
+/// Posts a command of a performance to the backend; `window` gets the result of saving the record. Any thread.
 void post(Backend::OrvIF& orv, const Command& command, const WindowHandle& window);
 }  // namespace Host

@@ -10,16 +10,16 @@ namespace Host
 {
 /// A MIDI message that arrives at an input port.
 struct MidiCommand {
-    int input;  ///< zero-based, 0 to 127; one that does not exist is left to the backend, which drops the event
+    int input;             ///< zero-based, 0 to 127; the backend drops the event if it does not exist
     std::uint8_t status;   ///< 80 to FF, below F0 without its channel
     std::uint8_t channel;  ///< 0 to 15; 0 for a status of F0 or above
-    std::uint8_t d1;       ///< as it was given, 0 to 255
-    std::uint8_t d2;       ///< as it was given, 0 to 255
+    std::uint8_t d1;       ///< 0 to 255
+    std::uint8_t d2;       ///< 0 to 255
 
     bool operator==(const MidiCommand&) const = default;
 };
 
-/// One event posted to the backend.
+/// An event that is posted to the backend, past the input ports.
 struct PlayCommand {
     int output;           ///< zero-based, -1 for none, at most 127
     int channel;          ///< 0 to 15, -1 for none
@@ -42,7 +42,7 @@ struct EnableCommand {
     bool operator==(const EnableCommand&) const = default;
 };
 
-/// A program (.prg) or bank (.bnk) is loaded. The file can be read at the time the performance is.
+/// A program (.prg) or bank (.bnk) is loaded. The file could be read when the performance was parsed.
 struct LoadCommand {
     std::string file;
 
@@ -59,21 +59,21 @@ struct KeyCommand {
     bool operator==(const KeyCommand&) const = default;
 };
 
-/// A function is run.
+/// A function is executed.
 struct FunctionCommand {
-    std::string xml;  ///< its element, which is one
+    std::string xml;  ///< its element
 
     bool operator==(const FunctionCommand&) const = default;
 };
 
 /// The retrospective record is saved, each output as "<stem>_<its name>.mid".
 struct RecordCommand {
-    std::string stem;  ///< in a folder that is there at the time the performance is read
+    std::string stem;  ///< in a folder that existed when the performance was parsed
 
     bool operator==(const RecordCommand&) const = default;
 };
 
-/// The user moves a control of the screen. Without one at that place nothing happens.
+/// The user moves a control of the screen. Nothing happens if that cell has none.
 struct ControlCommand {
     int row;     ///< 0 to 32767; the grid ends at 15
     int column;  ///< 0 to 32767; the grid ends at 15
@@ -100,7 +100,7 @@ struct ButtonCommand {
     bool operator==(const ButtonCommand&) const = default;
 };
 
-/// What a line of a performance asks for. A further kind is a struct here and a row in the table of parseCommand.
+/// A command of a performance. A new one needs a struct here, a row in the table of parseCommand, and a `postKind`.
 using Command = std::variant<MidiCommand, PlayCommand, EnableCommand, LoadCommand, KeyCommand, FunctionCommand,
                              ControlCommand, AxisCommand, ButtonCommand, RecordCommand>;
 

@@ -60,14 +60,14 @@ std::vector<TimedCommand> parsePerformance(std::string_view text, const std::str
 
 std::vector<TimedCommand> fromMidiFile(const std::vector<MidiFileEvent>& events)
 {
-    const auto arrival = [](const MidiFileEvent& event) {
+    const auto toCommand = [](const MidiFileEvent& event) {
         const auto status = static_cast<std::uint8_t>(event.status & 0xF0);
         const auto channel = static_cast<std::uint8_t>(event.status & 0x0F);
         return TimedCommand{event.time, MidiCommand{0, status, channel, event.d1, event.d2}};
     };
     std::vector<TimedCommand> commands;
     commands.reserve(events.size());
-    std::ranges::transform(events, std::back_inserter(commands), arrival);
+    std::ranges::transform(events, std::back_inserter(commands), toCommand);
     return commands;
 }
 

@@ -15,9 +15,9 @@ namespace Host
 ///
 ///     <time> <command> [arguments]
 ///
-/// `<time>` is in pulses from the start, 480 per quarter note, 0 to LAST_PULSE. Files that it loads are named relative
-/// to `folder`. Throws InputError ("demo.perf:12: ...", where `name` is what comes before the colon) at the first line
-/// that cannot be understood.
+/// `<time>` is in pulses from the start, 480 per quarter note, 0 to LAST_PULSE. File names in it are relative
+/// to `folder`. Throws InputError ("demo.perf:12: ...", in which `name` stands before the colon) at the first line that
+/// is not valid.
 std::vector<TimedCommand> parsePerformance(std::string_view text, const std::string& name,
                                            const std::filesystem::path& folder = {});
 
@@ -27,7 +27,7 @@ std::vector<TimedCommand> fromMidiFile(const std::vector<MidiFileEvent>& events)
 /// All inputs as one, sorted by time; where times are equal, in the order of the inputs.
 std::vector<TimedCommand> mergeByTime(std::vector<std::vector<TimedCommand>> inputs);
 
-/// A performance (.perf) or MIDI file (.mid, .midi), told apart by the ending in upper or lower case. Throws
-/// InputError if it cannot be read or understood.
+/// Reads a performance (.perf) or MIDI file (.mid, .midi), by its ending in upper or lower case. Throws InputError if
+/// it cannot be read or is not valid.
 std::vector<TimedCommand> readInput(const std::filesystem::path& path);
 }  // namespace Host

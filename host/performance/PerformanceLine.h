@@ -8,19 +8,19 @@
 
 namespace Host
 {
-/// One line of a performance, taken off word by word from the left. A carriage return at its end and a comment are cut
-/// away: `#` starts one at the start of the line or after a blank (space or tab), but not between double quotes. What
-/// is wrong is an InputError that begins with `where`. Borrows the text.
+/// Parses one line of a performance word by word. A carriage return at its end and a comment are removed: `#` starts a
+/// comment at the start of the line or after a blank (space or tab), but not between double quotes. Errors are thrown
+/// as InputError beginning with `where`. The text must outlive this object.
 class PerformanceLine
 {
 public:
-    /// Files are named relative to `folder`. Throws InputError if the line is not UTF-8 or holds a NUL byte.
+    /// File names are relative to `folder`. Throws InputError if the line is not UTF-8 or holds a NUL byte.
     PerformanceLine(std::string_view text, const std::string& where, std::filesystem::path folder = {});
 
-    /// Nothing left but blanks.
+    /// Whether only blanks are left.
     bool empty() const { return text.empty(); }
 
-    /// The next word; `name` is what the message calls it when there is none.
+    /// The next word; `name` names it in the error if there is none.
     std::string_view word(std::string_view name);
 
     /// The next word as a decimal number from `lowest` to `highest`.
@@ -32,13 +32,13 @@ public:
     /// The next word as a byte, one or two hexadecimal digits.
     std::uint8_t hexadecimalByte(std::string_view name);
 
-    /// All that is left, which must not be nothing.
+    /// The rest of the line, which must not be empty.
     std::string_view rest(std::string_view name);
 
-    /// A file named relative to what the line came from.
+    /// The path of a file name of the line.
     std::filesystem::path file(std::string_view name) const;
 
-    /// Refuses a line that goes on.
+    /// Throws if the line has another word.
     void end() const;
 
     [[noreturn]] void refuse(const std::string& reason) const;
@@ -49,6 +49,6 @@ private:
     const std::filesystem::path folder;
 };
 
-/// A word of the user's for a message: in single quotes, control characters as `?`, cut after 40 bytes.
+/// A word of the input for an error message: in single quotes, control characters as `?`, cut after 40 bytes.
 std::string quoted(std::string_view word);
 }  // namespace Host

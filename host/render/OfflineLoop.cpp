@@ -27,7 +27,7 @@ namespace
 constexpr std::int32_t FIRST_PULSE = Backend::MidiEngine::MidiEngine::FIRST_PULSE;
 constexpr std::size_t ROOM_FOR_EVENTS = 1024;
 
-/// Takes the display's text when it is sent.
+/// Receives the text of the display.
 struct TextReceiver final : Backend::Display::DisplayListener {
     std::string text;
     void addText(const char*) override {}
@@ -60,7 +60,7 @@ OfflineLoop::OfflineLoop(const Settings& wanted)
     commands.sendSetMidiInputPorts(makePorts<MidiInputPorts>("In", settings.inputs));
     commands.sendSetMidiOutputPorts(outputPorts);
     commands.sendEndInitialize();
-    rest(0);
+    waitUntilAtRest(0);
     loadSetups();
 }
 
@@ -79,22 +79,22 @@ void OfflineLoop::play(const std::vector<TimedCommand>& commands)
     for (; ppq <= last; ppq += settings.slice) {
         for (; next != commands.end() && next->time <= ppq; ++next) {
             post(*orv, next->command, WindowHandle(window));
-            rest(ppq);
+            waitUntilAtRest(ppq);
         }
         playSlice(ppq, settings.slice);
-        rest(ppq);
+        waitUntilAtRest(ppq);
     }
-    resetIn(ppq);
-    rest(ppq);
+    playReset(ppq);
+    waitUntilAtRest(ppq);
     end = ppq;
 }
 
 void OfflineLoop::loadSetups()
 {
-    orv->getProgram().number = settings.number;  // of these alone: what another bank has there would be heard
+    orv->getProgram().number = settings.number;  // the program of these files, not that of the bank before
     for (const auto& path : settings.loads) {
         postLoad(orv->getOrvMessageManager(), path.string());
-        rest(0);
+        waitUntilAtRest(0);
     }
 }
 
@@ -104,9 +104,8 @@ void OfflineLoop::playSlice(std::int32_t ppq, std::int32_t length)
     orv->playTimeSlice(FIRST_PULSE + ppq, FIRST_PULSE + ppq + length);
 }
 
-/// Waits until the library has nothing left to do. A reset that it waits in is served by a slice of no length, and the
-/// host's own answers count as something to do.
-void OfflineLoop::rest(std::int32_t ppq)
+/// Waits until the library is at rest and has no messages for the host. A reset that waits gets a slice of no length.
+void OfflineLoop::waitUntilAtRest(std::int32_t ppq)
 {
     do {
         while (!orv->isAtRest()) std::this_thread::yield();
@@ -117,18 +116,18 @@ void OfflineLoop::rest(std::int32_t ppq)
     } while (applyEnabledOutputs() || processWindowMessages());
 }
 
-/// The refreshed list for what the user enabled or disabled; false if there was nothing of that.
+/// Posts the list with the outputs that were enabled or disabled; false if none was.
 bool OfflineLoop::applyEnabledOutputs()
 {
-    const auto wishes = player.takeEnabledOutputs();
-    for (const auto& [port, enabled] : wishes)
+    const auto changes = player.takeEnabledOutputs();
+    for (const auto& [port, enabled] : changes)
         if (port >= 0 && static_cast<std::size_t>(port) < outputPorts.size())
             outputPorts[static_cast<std::size_t>(port)].enabled = enabled;
-    if (!wishes.empty()) orv->getOrvMessageManager().postSetMidiOutputPorts(outputPorts);
-    return !wishes.empty();
+    if (!changes.empty()) orv->getOrvMessageManager().postSetMidiOutputPorts(outputPorts);
+    return !changes.empty();
 }
 
-/// What a window does with what it is told; false if it was told nothing.
+/// Handles the messages to the window; false if there was none.
 bool OfflineLoop::processWindowMessages()
 {
     bool any = false;
@@ -149,12 +148,12 @@ std::string OfflineLoop::getDisplayText()
     display.setListener(&taker);
     display.postResendText();
     display.setListener(nullptr);
-    rest(end);
+    waitUntilAtRest(end);
     return taker.text;
 }
 
-/// The last slice begins with a reset, which waits for it on a thread of its own.
-void OfflineLoop::resetIn(std::int32_t ppq)
+/// Plays the last slice, which begins with a reset. The reset waits for it on a thread of its own.
+void OfflineLoop::playReset(std::int32_t ppq)
 {
     Thread waiter;
     waiter.start("orvane-reset", [this] { orv->getMidiEngineMessageManager().sendReset(); });

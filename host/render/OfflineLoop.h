@@ -15,12 +15,12 @@
 
 namespace Host
 {
-/// A host whose clock is a counter: it runs the real library, with all its threads, and moves on only when they have
-/// done all there is to do, so that the same performance gives the same events every time. One thread.
+/// A host whose clock is a counter. It runs the library with all its threads, and advances the counter only when the
+/// library is at rest, so that the same performance gives the same events every time. One thread.
 class OfflineLoop
 {
 public:
-    /// The pulse counter has 32 bits and starts at 50000000; this is what the latest command leaves of it.
+    /// The range of the 32-bit pulse counter above the latest command.
     static constexpr std::int32_t LONGEST_TAIL = 90'000'000;
 
     struct Settings {
@@ -31,13 +31,13 @@ public:
         std::optional<std::filesystem::path> data;  ///< the data folder; a fresh one, with the factory content, if none
         std::vector<std::filesystem::path> loads;   ///< programs and banks loaded before the start, in order
         int number = 0;                             ///< of the program taken from a bank, from 0
-        std::uint32_t seed = 1;                     ///< of what is left to chance; 0 counts as 1
+        std::uint32_t seed = 1;                     ///< of random numbers; 0 counts as 1
         std::vector<std::string> choices;           ///< settings by their stored names, "MidiThru=0"
-        bool display = false;                       ///< whether the display shows what is played
+        bool display = false;                       ///< whether the display gets the events that are played
     };
 
-    /// Starts the library up to the point where the first slice may come. Throws InputError for the data folder and the
-    /// choices, and std::bad_alloc. One loop at a time.
+    /// Starts the library and loads the files. Throws InputError for the data folder and the choices, and
+    /// std::bad_alloc. One object at a time.
     explicit OfflineLoop(const Settings& settings);
     ~OfflineLoop();
 
@@ -48,9 +48,9 @@ public:
     void play(const std::vector<TimedCommand>& commands);
 
     const RenderPlayer& getPlayer() const { return player; }
-    /// The log of events as it stands.
+    /// The text of the display.
     std::string getDisplayText();
-    /// What the commands that saved the record did.
+    /// The results of the commands that saved the record.
     const Backend::RetroRecord::SaveReport& getSavedRecords() const { return savedRecords; }
     /// Where the performance ended, in pulses from its start.
     std::int32_t getEnd() const { return end; }
@@ -59,15 +59,15 @@ public:
 private:
     void loadSetups();
     void playSlice(std::int32_t ppq, std::int32_t length);
-    void rest(std::int32_t ppq);
-    void resetIn(std::int32_t ppq);
+    void waitUntilAtRest(std::int32_t ppq);
+    void playReset(std::int32_t ppq);
     bool applyEnabledOutputs();
     bool processWindowMessages();
 
     const Settings settings;
     RenderFolders home;
     RenderPlayer player;
-    std::shared_ptr<MessageQueue> window;  // stands in for one
+    std::shared_ptr<MessageQueue> window;  // receives what the backend sends to a window
     Backend::RetroRecord::SaveReport savedRecords;
     std::unique_ptr<Backend::OrvIF> orv;
     Backend::MidiEngine::MidiOutputPorts outputPorts;

@@ -19,7 +19,7 @@ using Backend::OrvUtils;
 
 namespace
 {
-void orFail(const fs::path& path, const std::error_code& error)
+void throwIf(const fs::path& path, const std::error_code& error)
 {
     if (error) throw InputError(path.string() + ": " + error.message());
 }
@@ -28,9 +28,9 @@ fs::path createdFolder(const fs::path& wanted)
 {
     std::error_code error;
     fs::create_directories(wanted, error);
-    orFail(wanted, error);
+    throwIf(wanted, error);
     const fs::path folder = fs::absolute(wanted, error);
-    orFail(wanted, error);
+    throwIf(wanted, error);
     return folder;
 }
 
@@ -47,7 +47,7 @@ RenderFolders::Temporary::Temporary()
 {
     std::error_code none;
     std::string pattern = (fs::temp_directory_path(none) / "orvane-render-XXXXXX").string();
-    if (::mkdtemp(pattern.data()) == nullptr) orFail(pattern, {errno, std::generic_category()});
+    if (::mkdtemp(pattern.data()) == nullptr) throwIf(pattern, {errno, std::generic_category()});
     path = pattern;
 }
 

@@ -10,7 +10,7 @@
 
 namespace Host
 {
-/// What the library handed to its player, and when.
+/// An event that the player got, and when.
 struct PlayedEvent {
     std::int32_t ppq;  ///< start of the slice it was played in, in pulses from the start
     Backend::MidiEngine::OrvMidiMessage event;
@@ -28,8 +28,8 @@ struct TempoChange {
     int bpm;
 };
 
-/// The player of the offline host: it plays nothing and remembers everything. The loop's thread sets the pulse and
-/// reads; the engine calls with its lock held and the loop looks only when the library is at rest.
+/// The player of the offline host, which records all events. `OfflineLoop` sets the pulse, and reads the events only
+/// while the library is at rest; the engine calls with its lock held.
 class RenderPlayer final : public Backend::MidiEngine::MidiPlayer
 {
 public:
@@ -57,7 +57,7 @@ public:
     }
     void setTempoSource(char source) override { tempoSource = source; }
     char getTempoSource() override { return tempoSource; }
-    /// Of the performance, not of the day: 125 / tempo for each pulse.
+    /// Time of the performance: 125 / tempo for each pulse.
     std::uint32_t getMilliseconds() override { return milliseconds; }
 
 private:

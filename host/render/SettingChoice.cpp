@@ -40,7 +40,7 @@ std::optional<std::vector<std::uint8_t>> parseRectangle(std::string_view text)
     return bytes;
 }
 
-/// False if the value is none of that kind.
+/// False if the value is not of the kind.
 bool store(SettingsStore& settings, const RegistrySettings::Info& setting, const std::string& value)
 {
     const auto number = parseNumber(value);

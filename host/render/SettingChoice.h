@@ -6,8 +6,8 @@
 
 namespace Host
 {
-/// Stores a setting that was given as NAME=VALUE, by its stored name: text as it stands, on and off as 1 and 0, a
-/// number of 32 bits, a rectangle as "left,top,right,bottom". Throws InputError for a name that no setting has and for
-/// a value that is none.
+/// Stores a setting that is given as NAME=VALUE, by its stored name. The value is a text, 1 or 0 for on or off, a
+/// number of 32 bits, or a rectangle "left,top,right,bottom". Throws InputError if no setting has the name, or the
+/// value is not of its kind.
 void storeChoice(SettingsStore& store, const std::string& choice);
 }  // namespace Host

@@ -52,15 +52,16 @@ std::vector<std::uint8_t> wavFile(std::int64_t frames)
     return file;
 }
 
-/// A synthesizer per output that plays anything at all, mixed.
-class Band
+/// The mix of all outputs, with one synthesizer for each output that plays.
+class Mix
 {
 public:
     void play(int output, const ShortMessage& message)
     {
-        auto& player = players[output];
-        if (!player) player = std::make_unique<Synthesizer>(findSoundFont(), SAMPLE_RATE, SynthesizerUse::oneThread);
-        player->play(message);
+        auto& synthesizer = synthesizers[output];
+        if (!synthesizer)
+            synthesizer = std::make_unique<Synthesizer>(findSoundFont(), SAMPLE_RATE, SynthesizerUse::oneThread);
+        synthesizer->play(message);
     }
 
     void appendTo(std::vector<std::uint8_t>& file, std::int64_t frames)
@@ -75,10 +76,10 @@ private:
     {
         Block left{};
         Block right{};
-        for (auto& [output, player] : players) {
+        for (auto& [output, synthesizer] : synthesizers) {
             Block l{};
             Block r{};
-            player->render(l.data(), r.data(), frames);
+            synthesizer->render(l.data(), r.data(), frames);
             std::ranges::transform(left, l, left.begin(), std::plus());
             std::ranges::transform(right, r, right.begin(), std::plus());
         }
@@ -95,7 +96,7 @@ private:
         file.push_back(static_cast<std::uint8_t>(value >> 8));
     }
 
-    std::map<int, std::unique_ptr<Synthesizer>> players;
+    std::map<int, std::unique_ptr<Synthesizer>> synthesizers;
 };
 }  // namespace
 
@@ -104,23 +105,23 @@ std::vector<std::uint8_t> renderSound(const RenderPlayer& player, std::int32_t e
     const TempoMap tempo(player.getTempoChanges(), SAMPLE_RATE);
     const std::int64_t frames = tempo.frameAt(end) + RELEASE_SECONDS * SAMPLE_RATE;
     std::vector<std::uint8_t> file = wavFile(frames);
-    Band band;
+    Mix mix;
     std::int64_t now = 0;
     try {
         for (const auto& [ppq, event] : player.getPlayed()) {
             const auto message = toShortMessage(event);
             if (!message || event.getOutput() < 0) continue;
             const std::int64_t at = tempo.frameAt(ppq);
-            band.appendTo(file, at - now);
+            mix.appendTo(file, at - now);
             now = std::max(now, at);
-            band.play(event.getOutput(), *message);
+            mix.play(event.getOutput(), *message);
         }
     } catch (const InputError&) {
         throw;
     } catch (const std::runtime_error& missing) {
         throw InputError(missing.what());
     }
-    band.appendTo(file, frames - now);
+    mix.appendTo(file, frames - now);
     return file;
 }
 }  // namespace Host

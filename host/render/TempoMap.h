@@ -7,12 +7,12 @@
 
 namespace Host
 {
-/// Turns pulses into frames of sound under the tempo as it was set: 120 beats per minute at the start, 480 pulses a
-/// beat.
+/// Converts pulses to frames of sound by the tempo changes of a performance: 120 beats per minute at the start, 480
+/// pulses for each beat.
 class TempoMap
 {
 public:
-    /// `changes` by rising pulse.
+    /// `changes` are sorted by pulse.
     TempoMap(const std::vector<TempoChange>& changes, int framesPerSecond);
 
     /// The frame at which a pulse begins, rounded down.

@@ -19,14 +19,14 @@ using Backend::OrvUtils;
 
 namespace
 {
-// Under a key of its own, beside that of the settings.
+// The session has a settings key of its own.
 constexpr const char* SESSION = "Orvane 3 Session";
-constexpr const char* FOLDER = "Folder";  // where it was played in last
+constexpr const char* FOLDER = "Folder";  // the session's path when it was last used
 constexpr const char* BANK = "Bank";
 constexpr const char* NUMBER = "Number";
 
 constexpr const char* DEFAULT_BANK = "DefaultBank";
-constexpr const char* RECORD = "Retrospective Record";  // the one part of the data that is not the session's to begin
+constexpr const char* RECORD = "Retrospective Record";  // not copied into a new session
 
 void createFolder(const fs::path& path)
 {
@@ -35,7 +35,7 @@ void createFolder(const fs::path& path)
     if (error) throw InputError(textOf(path) + ": " + error.message());
 }
 
-/// A path below one folder as the same path below another; others stay.
+/// Changes a path below `from` into the same path below `to`; others stay.
 void moveBelow(SettingsStore& store, const char* name, const fs::path& from, const fs::path& to)
 {
     const fs::path relative = pathOf(store.getString(name).value_or("")).lexically_relative(from);
@@ -56,7 +56,7 @@ void copyData(const fs::path& from, const fs::path& to)
     }
 }
 
-/// Where the settings of all that is ours are.
+/// The folder of the program's settings below a settings folder.
 fs::path settingsIn(const fs::path& folder)
 {
     return folder / pathOf(OrvUtils::getCompanyAppDataDir()).filename() / APPLICATION_NAME;
@@ -76,14 +76,14 @@ SessionFolder::SessionFolder(fs::path sessionFolder) : folder(std::move(sessionF
 {
     createFolder(folder / "data");
     std::error_code none;
-    if (!fs::exists(folder / "settings", none)) begin();
+    if (!fs::exists(folder / "settings", none)) copyUserFiles();
     OrvUtils::setOrvAppDataDir(textOf(folder / "data"));
     Folders::setSettings(textOf(folder / "settings"));
     followMove();
 }
 
-/// The settings come last: until they are there it has not begun.
-void SessionFolder::begin() const
+/// Copies the user's files. The settings come last, because their folder marks a complete copy.
+void SessionFolder::copyUserFiles() const
 {
     const fs::path data = pathOf(OrvUtils::getOrvAppDataDir());
     copyData(data, folder / "data");
@@ -100,7 +100,7 @@ void SessionFolder::begin() const
     if (error) throw InputError(textOf(folder) + ": " + error.message());
 }
 
-/// A session that was moved, or copied, means its own banks and not those of where it was.
+/// Changes paths into the folder where the session was before into paths of this folder.
 void SessionFolder::followMove() const
 {
     SettingsStore session(OrvUtils::getRegistryKey(SESSION));
@@ -127,7 +127,7 @@ Setup SessionFolder::getSetup(const Report& report) const
         if (saved)
             setup = *saved;
         else
-            report("The session's bank cannot be loaded, so the default bank is: " + bank);
+            report("The session's bank cannot be loaded; the default bank is loaded instead: " + bank);
     }
     std::error_code none;
     if (fs::exists(programPath(), none)) {
@@ -145,6 +145,6 @@ std::string SessionFolder::save(const Backend::HostState& state) const
     SettingsStore session(OrvUtils::getRegistryKey(SESSION));
     session.setString(BANK, state.bank);
     session.setNumber(NUMBER, state.number);
-    return session.save() ? "" : "where it plays cannot be written";
+    return session.save() ? "" : "the session's bank and program number cannot be written";
 }
 }  // namespace Host

@@ -9,25 +9,25 @@
 
 namespace Host
 {
-/// The folder in which a session keeps all that is Orvane's: "data" and "settings" take the place of the user's own
-/// folders, and beside them stands the program as it was played when the session was saved. A new session begins as a
-/// copy of the user's own banks, presets, sequences and settings, which then stay as they are. The folder can be moved
-/// and copied while nobody plays in it.
+/// The folder in which a session keeps all of Orvane's files: "data" and "settings" replace the user's own folders, and
+/// "program.xml" holds the program as it was played when the session was saved. A new session begins as a copy of the
+/// user's banks, presets, sequences and settings, which are not changed afterwards. The folder can be moved and copied
+/// while no program uses it.
 class SessionFolder
 {
 public:
-    /// Makes the folder if need be, and makes it the one of this process from now on. Before there is a backend. Throws
-    /// InputError if there can be no such folder.
+    /// Creates the folder if need be, and makes it the folder of this process from now on. To be called before there is
+    /// a backend. Throws InputError if the folder cannot be used.
     explicit SessionFolder(std::filesystem::path sessionFolder);
 
-    /// The bank, the number and the program that were saved; a bank that is not there any more is told.
+    /// The bank, number and program that were saved; a bank that cannot be loaded is reported.
     Setup getSetup(const Report& report) const;
 
-    /// Where the backend stands, whose settings are written already. Empty, or the reason why it is not saved.
+    /// Saves the state of the backend, which has written its settings. Returns an empty text, or why it was not saved.
     std::string save(const Backend::HostState& state) const;
 
 private:
-    void begin() const;
+    void copyUserFiles() const;
     void followMove() const;
     std::filesystem::path programPath() const { return folder / "program.xml"; }
 

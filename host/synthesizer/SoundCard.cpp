@@ -12,21 +12,21 @@ namespace
 {
 constexpr double SAMPLE_RATE = 48000;
 
-// Never "jack": it would start a server, and a server that runs is used without this class.
+// Not "jack": it would start a server, and where a server runs this class is not used.
 constexpr const char* DRIVERS[] = {"pipewire", "pulseaudio", "alsa"};
 
-// A plain variadic function, as ALSA wants it.
-void sayNothing(const char*, int, const char*, int, const char*, ...) {}
+// ALSA requires a variadic function.
+void ignoreError(const char*, int, const char*, int, const char*, ...) {}
 }  // namespace
 
 SoundCard::SoundCard() : synthesizer(findSoundFont(), SAMPLE_RATE, SynthesizerUse::manyThreads)
 {
-    snd_lib_error_set_handler(sayNothing);
+    snd_lib_error_set_handler(ignoreError);
     for (const char* name : DRIVERS) {
         if (fluid_settings_setstr(synthesizer.getSettings(), "audio.driver", name) != FLUID_OK) continue;
         driver.reset(new_fluid_audio_driver(synthesizer.getSettings(), synthesizer.getSynth()));
         if (driver) return;
     }
-    throw std::runtime_error("no sound output opens");
+    throw std::runtime_error("no sound output can be opened");
 }
 }  // namespace Host

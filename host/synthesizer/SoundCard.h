@@ -11,7 +11,7 @@ public:
     /// Throws std::runtime_error with one line for the user if no sound output opens. Prints nothing.
     SoundCard();
 
-    /// Sounds at once. May wait a moment for the rendering thread: not from within a time slice.
+    /// Plays at once. May wait for the rendering thread, so it must not be called in a time slice.
     void play(const ShortMessage& message) { synthesizer.play(message); }
 
 private:

@@ -7,7 +7,8 @@ namespace Host
 {
 namespace
 {
-// What distributions install, the system's own choice first. The packed `sf3` kind loads slowly and comes behind.
+// Where distributions install them, the system's default first. The compressed `sf3` format loads slowly, so it comes
+// last.
 constexpr std::string_view KNOWN_PLACES[] = {
     "/usr/share/sounds/sf2/default-GM.sf2", "/usr/share/sounds/sf2/TimGM6mb.sf2",
     "/usr/share/sounds/sf2/FluidR3_GM.sf2", "/usr/share/sounds/sf3/default-GM.sf3",

@@ -4,6 +4,6 @@
 
 namespace Host
 {
-/// The General MIDI sound font that the system has, an empty path if it has none.
+/// The installed General MIDI sound font; an empty path if there is none.
 std::filesystem::path findSoundFont();
 }  // namespace Host

@@ -13,7 +13,7 @@ constexpr std::uint8_t SYSTEM_RESET = 0xFF;
 
 bool isPossible(double sampleRate) { return sampleRate >= LOWEST_RATE && sampleRate <= HIGHEST_RATE; }
 
-void keepQuiet()
+void disableLog()
 {
     for (const int level : {FLUID_PANIC, FLUID_ERR, FLUID_WARN, FLUID_INFO, FLUID_DBG})
         fluid_set_log_function(
@@ -25,7 +25,7 @@ Synthesizer::Synthesizer(const std::filesystem::path& soundFont, double sampleRa
 {
     if (soundFont.empty()) throw std::runtime_error("no General MIDI sound font is installed");
     if (!isPossible(sampleRate)) throw std::runtime_error("the synthesizer plays at 8000 to 96000 Hz only");
-    keepQuiet();
+    disableLog();
     settings.reset(new_fluid_settings());
     fluid_settings_setnum(settings.get(), "synth.sample-rate", sampleRate);
     fluid_settings_setnum(settings.get(), "synth.gain", GAIN);
@@ -73,7 +73,7 @@ void Synthesizer::render(float* left, float* right, int frames)
     fluid_synth_write_float(synth.get(), frames, left, 0, 1, right, 0, 1);
 }
 
-// Out of favour with its makers, but the only way that keeps what the channels were told.
+// Deprecated, but the only function that keeps the programs and controllers of the channels.
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wdeprecated-declarations"
 void Synthesizer::setRate(double sampleRate)

@@ -18,10 +18,10 @@ struct FluidDeleter {
 template <class Object>
 using FluidPointer = std::unique_ptr<Object, FluidDeleter>;
 
-/// Whether several threads use a synthesizer at once; one that belongs to a single thread takes no lock.
+/// Whether several threads use a synthesizer at once; for a single thread it takes no lock.
 enum class SynthesizerUse { oneThread, manyThreads };
 
-/// The built-in General MIDI synthesizer: sixteen channels, the tenth for drums. It says nothing on standard error.
+/// The built-in General MIDI synthesizer: sixteen channels, the tenth for drums. It prints nothing.
 class Synthesizer
 {
 public:
@@ -35,10 +35,10 @@ public:
     /// Fills both with the next `frames` frames, full scale 1.
     void render(float* left, float* right, int frames);
 
-    /// From the next frame on; a rate outside the range is ignored. May allocate.
+    /// Takes effect with the next frame; a rate outside the range is ignored. May allocate.
     void setRate(double sampleRate);
 
-    /// For an audio driver. They live as long as this.
+    /// For an audio driver. Owned by this object.
     fluid_settings_t* getSettings() { return settings.get(); }
     fluid_synth_t* getSynth() { return synth.get(); }
 
