@@ -6,8 +6,6 @@
 #include <utility>
 
 #include "backend/bindings/functions/FunctionText.h"
-#include "backend/model/JoyAxisElementId.h"
-#include "backend/model/JoyButtonElementId.h"
 #include "host/common/InputError.h"
 #include "host/common/SetupFile.h"
 
@@ -19,7 +17,10 @@ constexpr int HIGHEST_PORT = 127;
 constexpr int HIGHEST_ZONE = 127;
 constexpr int HIGHEST_CHANNEL = 15;
 constexpr int HIGHEST_CELL = 32767;
-constexpr int HIGHEST_JOYSTICK = Backend::Joystick::JOYSTICKS - 1;
+// As OrvMessageManager numbers them
+constexpr int HIGHEST_JOYSTICK = 1;
+constexpr int HIGHEST_BUTTON = 35;
+constexpr std::string_view AXES[] = {"X", "Y", "Z", "U", "V", "R"};
 constexpr int HIGHEST_POSITION = 65535;
 constexpr int NONE = -1;
 
@@ -134,8 +135,8 @@ Command parseAxis(PerformanceLine& line)
     AxisCommand command{};
     command.joystick = line.number("JOYSTICK", 0, HIGHEST_JOYSTICK);
     const std::string_view name = line.word("the axis");
-    command.axis = Backend::Joystick::findAxis(name);
-    if (command.axis < 0) line.refuse(quoted(name) + " is not an axis: X, Y, Z, U, V or R");
+    command.axis = static_cast<int>(std::ranges::find(AXES, name) - std::begin(AXES));
+    if (command.axis == std::ssize(AXES)) line.refuse(quoted(name) + " is not an axis: X, Y, Z, U, V or R");
     command.value = line.number("VALUE", 0, HIGHEST_POSITION);
     return command;
 }
@@ -144,7 +145,7 @@ Command parseButton(PerformanceLine& line)
 {
     ButtonCommand command{};
     command.joystick = line.number("JOYSTICK", 0, HIGHEST_JOYSTICK);
-    command.button = line.number("the button", 0, Backend::Joystick::BUTTONS - 1);
+    command.button = line.number("the button", 0, HIGHEST_BUTTON);
     command.action = parsePressAction(line);
     return command;
 }
