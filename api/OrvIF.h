@@ -29,6 +29,7 @@ class MessageManagerMaster;
 class OrvMessageManager;
 class RegistrySettings;
 struct Bank;
+struct PresetSection;
 struct Program;
 struct WindowMove;
 
@@ -412,5 +413,15 @@ public:
     virtual void deleteSequencePreset(const std::string& name) = 0;
     /// See `RetroRecordManager::save`; the window is notified of the result.
     virtual void saveRetroRecord(const std::string& stem) = 0;
+
+    /// Loads a preset of that section. One that is missing, cannot be read or is another section's changes nothing.
+    virtual void loadPreset(const PresetSection& section, const std::string& name) = 0;
+
+    /// See `OscManager`.
+    virtual void selectOsc(const SelectType& select) = 0;
+    virtual void changeOscPlaying(const SelectType& select, const OnOffToggle& value) = 0;
+    virtual void changeOscSpeed(const SelectType& select, const RelativeFixedValue& value) = 0;
+    /// A knob's position, 0 to 127, from the slowest speed to the fastest.
+    virtual void setOscSpeedFromMidi(const SelectType& select, std::int32_t value) = 0;
 };
 }  // namespace Backend

@@ -38,6 +38,7 @@ public:
 
     MessageQueue& queue() { return messages; }
     bool currentThreadIsWorker() const { return currentThreadId() == threadId; }
+    bool isRunning() const { return threadId != 0; }
 
     /// The worker whose thread this is, or null.
     static Worker* current();

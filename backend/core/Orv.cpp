@@ -42,13 +42,7 @@ Orv::Orv(const std::string& application, MidiEngine::MidiPlayer& player, RetroRe
       zoneManager(*this, messageManagerMaster)
 {
     messageManagerMaster.addMessageManager(&orvMessageManager);
-    messageManagerMaster.addMessageManager(&oscManager.getMessageManager());
-    messageManagerMaster.addMessageManager(&joystickManager.getMessageManager());
-    messageManagerMaster.addMessageManager(&computerInputManager.getMessageManager());
-    messageManagerMaster.addMessageManager(&midiInputManager.getMessageManager());
-    messageManagerMaster.addMessageManager(&controlManager.getMessageManager());
-    messageManagerMaster.addMessageManager(&layerManager.getMessageManager());
-    messageManagerMaster.addMessageManager(&zoneManager.getMessageManager());
+    for (ProgramSection* section : sections) messageManagerMaster.addMessageManager(&section->getMessageManager());
     midiEngine.setControlUpdates(&controlManager.getUpdates());
 }
 
@@ -65,9 +59,11 @@ void Orv::initialize()
     startDisplay();
     startRetroRecord();
     sequencePresets.load();
-    for (PresetManager* presets : getPresetManagers()) {
-        presets->refresh();
-        presets->onChange = [this, presets](bool done) { tellPresets(*presets, done); };
+    for (ProgramSection* section : sections) {
+        if (!section->hasPresets()) continue;
+        PresetManager& presets = section->getPresets();
+        presets.refresh();
+        presets.onChange = [this, &presets](bool done) { notifyGuiOfPresets(presets, done); };
     }
     midiEngine.initialize(registrySettings.getDefaultMidiOutput(), registrySettings.getMidiThru());
     prepareBanks();
@@ -160,8 +156,10 @@ void Orv::refreshGui()
     notifyGui(GuiMessage::MIDI_OUTPUT_PORTS, midiOutputPorts);
     notifyGui(GuiMessage::BANK, bank);
     notifyGui(GuiMessage::PROGRAM, program, false);
-    computerInputManager.refreshGui();
-    for (const PresetManager* presets : getPresetManagers()) tellPresets(*presets, true);
+    for (const ProgramSection* section : sections) {
+        section->notifyGui();
+        if (section->hasPresets()) notifyGuiOfPresets(section->getPresets(), true);
+    }
 }
 
 void Orv::showScreen(Screen screen, OnOffToggle::State state) const
@@ -224,13 +222,10 @@ void Orv::displayMidiOutputEvent(const OrvMidiMessage& event)
 
 // --- zones
 
-/// The sections in a fixed order, each with what its functions and translations play.
 void Orv::updateZones()
 {
     std::vector<FunctionManagement::FunctionNoteSpan> spans;
-    computerInputManager.getNoteSpans(spans);
-    midiInputManager.getNoteSpans(spans);
-    joystickManager.getNoteSpans(spans);
+    for (const ProgramSection* section : sections) section->getNoteSpans(spans);
     zoneManager.updateZones(spans);
 }
 

@@ -249,6 +249,20 @@ public:
     HostState saveState() override;
     void deleteSequencePreset(const std::string& name) override;
     void saveRetroRecord(const std::string& stem) override { retroRecord.save(stem, getGuiWindowHandle()); }
+    void loadPreset(const PresetSection& section, const std::string& name) override;
+    void selectOsc(const SelectType& select) override { oscManager.dataSelect(select); }
+    void changeOscPlaying(const SelectType& select, const OnOffToggle& value) override
+    {
+        oscManager.changePlaying(select, value);
+    }
+    void changeOscSpeed(const SelectType& select, const RelativeFixedValue& value) override
+    {
+        oscManager.changeSpeed(select, value);
+    }
+    void setOscSpeedFromMidi(const SelectType& select, std::int32_t value) override
+    {
+        oscManager.setSpeedFromMidi(select, value);
+    }
 
     /// What `createOrvGui` makes; null for nothing. Before `start`.
     void setGuiFactory(GuiFactory factory) { guiFactory = factory; }
@@ -268,14 +282,6 @@ private:
     void startRetroRecord();
     void prepareBanks();
 
-    /// A section of a program.
-    struct Section {
-        const char* tag;
-        void (*read)(Orv& orv, const XmlElement& section);
-        void (*empty)(Orv& orv);
-        void (*write)(Orv& orv, std::ostream& out, int indent);
-    };
-    static std::span<const Section> getSections();
     void loadProgramFrom(const std::string& path, int number);
     void beginProgram(int number);
     void endProgram(const XmlElement& element, std::string_view source);
@@ -283,9 +289,8 @@ private:
     std::string writeProgram();
     std::string writeProgramFile(const char* root);
     void saveInto(const std::string& path, int number, const WindowHandle& window);
-    /// In the order of `PresetSections::ALL`.
-    std::array<PresetManager*, PresetSections::ALL.size()> getPresetManagers();
-    void tellPresets(const PresetManager& presets, bool done) const;
+    ProgramSection& findSection(const PresetSection& section) const;
+    void notifyGuiOfPresets(const PresetManager& presets, bool done) const;
     void takeInputEvent(const MidiEngine::OrvMidiMessage& event);
     void releaseHeldNotes(int input);
     void fixDefaultMidiOutput();
@@ -316,6 +321,10 @@ private:
     Controls::ControlManager controlManager;
     Layers::LayerManager layerManager;
     Zones::ZoneManager zoneManager;
+    /// In the order in which they are written, and in which those that a program lacks are emptied.
+    const std::array<ProgramSection*, 7> sections{&oscManager,       &joystickManager, &computerInputManager,
+                                                  &midiInputManager, &controlManager,  &layerManager,
+                                                  &zoneManager};
     SequenceManagement::SequencePresetManager sequencePresets;
 };
 }  // namespace Backend

@@ -1,9 +1,8 @@
 // How a program comes in: from a bank or a file, section by section.
 
 #include <array>
-#include <ostream>
 #include <string_view>
-#include <vector>
+#include <tuple>
 
 #include "backend/core/Orv.h"
 #include "backend/messages/GuiMessages.h"
@@ -17,37 +16,6 @@ namespace
 constexpr std::string_view PROGRAM_FILE = ".prg";
 constexpr int ONLY_PROGRAM = 0;
 }  // namespace
-
-/// In the order in which sections are written, and in which those that a program lacks are emptied. An input section
-/// that is emptied brings the zones up to date, whose notes come from the inputs.
-std::span<const Orv::Section> Orv::getSections()
-{
-    static constexpr auto SECTIONS = std::to_array<Section>(
-        {{"Oscillators", [](Orv& orv, const XmlElement& section) { orv.oscManager.readXml(section); },
-          [](Orv& orv) { orv.oscManager.setDefaults(); },
-          [](Orv& orv, std::ostream& out, int indent) { orv.oscManager.writeXml(out, indent, {}); }},
-         {"Joystick", [](Orv& orv, const XmlElement& section) { orv.joystickManager.readXml(section); },
-          [](Orv& orv) { orv.joystickManager.setDefaults(); },
-          [](Orv& orv, std::ostream& out, int indent) { orv.joystickManager.writeXml(out, indent); }},
-         {"ComputerInput", [](Orv& orv, const XmlElement& section) { orv.computerInputManager.loadSection(section); },
-          [](Orv& orv) { orv.computerInputManager.setDefaults(); },
-          [](Orv& orv, std::ostream& out, int indent) {
-              orv.computerInputManager.writeSection(out, indent, {}, false);
-          }},
-         {"MidiInput", [](Orv& orv, const XmlElement& section) { orv.midiInputManager.loadSection(section); },
-          [](Orv& orv) { orv.midiInputManager.setDefaults(); },
-          [](Orv& orv, std::ostream& out, int indent) { orv.midiInputManager.writeSection(out, indent, {}); }},
-         {"Controls", [](Orv& orv, const XmlElement& section) { orv.controlManager.loadSection(section); },
-          [](Orv& orv) { orv.controlManager.setDefaults(); },
-          [](Orv& orv, std::ostream& out, int indent) { orv.controlManager.writeSection(out, indent, {}); }},
-         {"Layers", [](Orv& orv, const XmlElement& section) { orv.layerManager.readXml(section); },
-          [](Orv& orv) { orv.layerManager.setDefaults(); },
-          [](Orv& orv, std::ostream& out, int indent) { orv.layerManager.writeXml(out, indent, {}); }},
-         {"Zones", [](Orv& orv, const XmlElement& section) { orv.zoneManager.readXml(section); },
-          [](Orv& orv) { orv.zoneManager.setDefaults(); },
-          [](Orv& orv, std::ostream& out, int indent) { orv.zoneManager.writeXml(out, indent); }}});
-    return SECTIONS;
-}
 
 void Orv::loadBank(const std::string& path)
 {
@@ -124,16 +92,15 @@ void Orv::readProgram(const XmlElement& element)
     if (tempo >= Program::LOWEST_TEMPO && tempo <= Program::HIGHEST_TEMPO) program.tempo = tempo;
     program.tempoSource = static_cast<std::int8_t>(element.getIntAttribute("tempoSource", program.tempoSource));
 
-    const auto sections = getSections();
-    std::vector<bool> seen(sections.size());
+    std::array<bool, std::tuple_size_v<decltype(sections)>> found{};
     forEachElement(element, [&](const XmlElement& child) {
         for (std::size_t i = 0; i < sections.size(); ++i)
-            if (child.getTagName() == sections[i].tag) {
-                seen[i] = true;
-                sections[i].read(*this, child);
+            if (child.getTagName() == sections[i]->getTag()) {
+                found[i] = true;
+                sections[i]->loadSection(child);
             }
     });
     for (std::size_t i = 0; i < sections.size(); ++i)
-        if (!seen[i]) sections[i].empty(*this);
+        if (!found[i]) sections[i]->setDefaults();
 }
 }  // namespace Backend

@@ -1,5 +1,6 @@
 // How a program goes out: into a bank, into a file of its own, as a text; and what changes a bank.
 
+#include <algorithm>
 #include <sstream>
 #include <string_view>
 #include <utility>
@@ -36,7 +37,7 @@ std::string Orv::writeProgram()
     std::ostringstream out;
     out << xmlOpenTag("Program") << xmlStringAttribute("name", program.name) << xmlIntAttribute("tempo", program.tempo)
         << xmlIntAttribute("tempoSource", program.tempoSource) << xmlCloseOpen() << '\n';
-    for (const Section& section : getSections()) section.write(*this, out, 1);
+    for (const ProgramSection* section : sections) section->writeInProgram(out, 1);
     out << xmlEndTag("Program") << '\n';
     return out.str();
 }
@@ -113,20 +114,22 @@ void Orv::importVersion2Preset(const std::string& source, const std::string& nam
 {
     if (source.empty() || name.empty()) return;
     const auto preset = Version2::readPreset(source);
-    const bool written = preset && getPresetManagers()[PresetSections::indexOf(preset->section)]->save(
-                                       name, [&](std::string& text) { text += preset->element; });
+    const bool written = preset && findSection(preset->section).getPresets().save(name, [&](std::string& text) {
+        text += preset->element;
+    });
     tellDone(window, written);
 }
 
 // --- presets
 
-std::array<PresetManager*, PresetSections::ALL.size()> Orv::getPresetManagers()
+ProgramSection& Orv::findSection(const PresetSection& section) const
 {
-    return {&computerInputManager.getPresets(), &controlManager.getPresets(),   &joystickManager.getPresets(),
-            &layerManager.getPresets(),         &midiInputManager.getPresets(), &oscManager.getPresets()};
+    return **std::ranges::find(sections, std::string_view(section.rootElement), &ProgramSection::getTag);
 }
 
-void Orv::tellPresets(const PresetManager& presets, bool done) const
+void Orv::loadPreset(const PresetSection& section, const std::string& name) { findSection(section).loadPreset(name); }
+
+void Orv::notifyGuiOfPresets(const PresetManager& presets, bool done) const
 {
     notifyGui(GuiMessage::PRESETS, static_cast<std::uint32_t>(PresetSections::indexOf(presets.getSection())), done,
               presets.getList());

@@ -76,26 +76,28 @@ bool PresetManager::save(std::string_view name, const ElementWriter& writeElemen
 }
 
 /// The entry takes its new name also if the file could not: the window has renamed its own already.
-void PresetManager::rename(std::string_view oldName, std::string_view newName)
+bool PresetManager::rename(std::string_view oldName, std::string_view newName)
 {
     const std::string oldPath = getPresetPath(oldName);
     const std::string newPath = isValidFileName(newName) ? getPresetPath(Text::trim(newName)) : "";
-    if (list.find(oldName) == nullptr || oldPath.empty() || newPath.empty()) return;
+    if (list.find(oldName) == nullptr || oldPath.empty() || newPath.empty()) return false;
     std::error_code error;
     fs::rename(pathOf(oldPath), pathOf(newPath), error);
     tell(oldPath, "not renamed", error);
     list.rename(oldName, std::string(Text::trim(newName)));
     changed(!error);
+    return true;
 }
 
-void PresetManager::remove(std::string_view name)
+bool PresetManager::remove(std::string_view name)
 {
-    if (list.find(name) == nullptr) return;
+    if (list.find(name) == nullptr) return false;
     const std::string path = getPresetPath(name);
     std::error_code error;
     if (!path.empty()) fs::remove(pathOf(path), error);
     tell(path, "not removed", error);
     list.remove(std::string(name));
     changed(!error);
+    return true;
 }
 }  // namespace Backend

@@ -12,7 +12,8 @@ namespace Backend
 {
 /// The presets of one section: files "NAME.pst" in one folder of the data folder, each an XML document whose root is
 /// the section's element, and the list of them. The list is read once, at the start. A name that would leave the folder
-/// names nothing. Nothing fails aloud; what could not be done is told to the debug stream. The backend thread's own.
+/// names nothing. What could not be done is
+/// written to the debug stream. The backend thread's.
 class ORV_API PresetManager
 {
 public:
@@ -44,12 +45,12 @@ public:
     /// the blanks on both sides. False, and nothing changed, if the name is no valid one or the file cannot be written.
     bool save(std::string_view name, const ElementWriter& writeElement);
 
-    /// Another name for a preset that is listed; one that has it already is replaced. A new name that is no valid one
-    /// changes nothing.
-    void rename(std::string_view oldName, std::string_view newName);
+    /// Another name for a preset that is listed; one that has it already is replaced. False, and nothing changed, if it
+    /// is not listed or the new name is no valid one.
+    bool rename(std::string_view oldName, std::string_view newName);
 
-    /// Removes a listed preset, entry and file.
-    void remove(std::string_view name);
+    /// Removes a preset, entry and file. False if it is not listed.
+    bool remove(std::string_view name);
 
 private:
     void changed(bool done) const;

@@ -238,13 +238,12 @@ consteval void checkRequest(const TypedRequest<Result, Arguments...>&)
 }
 }  // namespace MessageCode
 
-/// The row that calls `operation`, a member function or a function of the target, with the message's arguments.
-template <const auto& type, auto operation>
+/// The row that calls `operation`, a member function or a function of the target, with the message's arguments. A
+/// member may be inherited; then the target is named.
+template <const auto& type, auto operation, class Target = typename MessageCode::Signature<decltype(operation)>::Target>
 constexpr auto on()
 {
-    using Operation = decltype(operation);
-    using Target = typename MessageCode::Signature<Operation>::Target;
-    MessageCode::check<Operation>(type);
+    MessageCode::check<decltype(operation)>(type);
     return Command<Target>{type.number, type.name, [](Target& target, Message& message) {
                                type.deliver(message, [&](auto&&... arguments) {
                                    std::invoke(operation, target, std::forward<decltype(arguments)>(arguments)...);

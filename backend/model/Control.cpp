@@ -30,9 +30,9 @@ Control Control::fromXml(const XmlElement& element)
     control.cell = Cell::fromXmlString(element.getAttribute("cell"));
     control.type = ControlType::fromXmlString(element.getAttribute("type"));
     control.name = element.getAttribute("name");
-    control.value = element.getIntAttribute("value", control.value);
     control.min = element.getIntAttribute("min", control.min);
     control.max = element.getIntAttribute("max", control.max);
+    control.store(element.getIntAttribute("value", control.value));
     control.release = element.getIntAttribute("release", control.release);
     control.autoSend = element.getBoolAttribute("autoSend", control.autoSend);
     control.size = element.getIntAttribute("size", control.size);

@@ -28,7 +28,7 @@ struct ORV_API Control {
     std::vector<ControlFunction> functions{};  ///< what it sends; it follows the first
     bool selected = false;                     ///< selected controls move together; not saved
 
-    /// From a `Control` element; what is absent is as above. Values are not checked.
+    /// From a `Control` element; what is absent is as above. A value outside the range becomes its nearer end.
     static Control fromXml(const XmlElement& element);
     /// The element, one tag a line behind `indent` TABs.
     void writeXml(std::ostream& out, int indent) const;

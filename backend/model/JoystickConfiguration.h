@@ -1,5 +1,6 @@
 #pragma once
 
+#include <bitset>
 #include <iosfwd>
 #include <vector>
 
@@ -21,12 +22,14 @@ class AxisConfigurationMap final : public Component::ElementMap<AxisConfiguratio
 {
 };
 
-/// What the axes and buttons of both joysticks do: the content of a program's section.
+/// What the axes and buttons of both joysticks do, and which joysticks are disabled: the content of a program's
+/// section.
 struct ORV_API JoystickConfiguration {
     JoystickButtonConfigurationMap buttons;
     AxisConfigurationMap axes;
+    std::bitset<JOYSTICKS> disabled;
 
-    /// Nothing is bound.
+    /// Nothing is bound; `clear` leaves which joysticks are disabled.
     JoystickConfiguration() { clear(); }
     void clear();
 

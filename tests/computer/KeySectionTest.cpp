@@ -84,6 +84,9 @@ TEST(KeyPreset, IsReferredToWhileTheKeysAreItsOwn)
         "<ComputerInput preset=\"One &amp; only\" merge=\"false\" useKeyUpMod=\"false\">\n</ComputerInput>\n";
     stage.load(noteKey("Z", "E4"), "preset=' One &amp; only '");
     EXPECT_EQ(stage.names(), "A") << "what stands in the element is ignored";
+    stage.load(noteKey("B", "C4"), "preset='Missing'");
+    EXPECT_EQ(stage.names() + stage.keys().getCurrentPreset(), "A") << "the keys stay, of no preset";
+    stage.keys().loadPreset("One & only");
     EXPECT_EQ(stage.written(), reference);
     EXPECT_EQ(stage.written({}, true), embedded);
 
@@ -103,10 +106,26 @@ TEST(KeyPreset, IsReferredToWhileTheKeysAreItsOwn)
     EXPECT_TRUE(changed());
 
     stage.keys().loadPreset("One & only");
-    stage.keys().getOrCreate(Key::fromXmlString("B"));
-    std::filesystem::remove(stage.keys().getPresets().getPresetPath("One & only"));
-    EXPECT_FALSE(changed());
-    EXPECT_EQ(stage.written(), reference) << "of a preset that is gone nobody knows";
+    stage.keys().renamePreset("One & only", " Other ");
+    EXPECT_EQ(stage.keys().getCurrentPreset(), "Other");
+    EXPECT_EQ(attributesOf(stage.written()), "<ComputerInput preset=\"Other\" merge=\"false\" useKeyUpMod=\"false\">");
+    stage.writePreset("Joins", "<ComputerInput merge='true'/>");
+    stage.keys().loadPreset("Joins");
+    EXPECT_EQ(stage.written(), embedded) << "a program that named it would join its keys to those of before";
+    for (const bool deleted : {true, false}) {
+        stage.keys().savePreset("Other", {});
+        stage.keys().loadPreset("Other");
+        if (deleted)
+            stage.keys().deletePreset("Other");
+        else
+            std::filesystem::remove(stage.keys().getPresets().getPresetPath("Other"));
+        EXPECT_EQ(stage.written(), embedded);
+        EXPECT_EQ(stage.keys().getCurrentPreset(), deleted ? "" : "Other");
+    }
+    EXPECT_FALSE(stage.keys().isPresetChanged("Other"));
+    stage.writePreset("K\xE9", "<ComputerInput>" + noteKey("B", "D4") + "</ComputerInput>");
+    stage.keys().loadPreset("K\xE9");
+    EXPECT_EQ(stage.names() + stage.keys().getCurrentPreset(), "B") << "no program can hold a name that is not UTF-8";
     stage.load("", "preset='  '");
     EXPECT_EQ(stage.names() + stage.keys().getCurrentPreset(), "");
 }

@@ -39,7 +39,7 @@ TEST(ControlSection, WritesWhatItReadsWithDefaultsForTheRest)
     load(stage, R"(<Controls><Other/><Control/>
         <Control cell="1,2" type=" knob " name="a&lt;&quot;" value="-5" min="9" max="-9" release="3" autoSend="true"
             size="2"><Function midiEvent="Note On,60" output="1" channel="2" zone="3"/><Other/><Function/></Control>
-        <Control cell="0,15" type="slider"/><Control cell="0,15" value="7"/></Controls>)");
+        <Control cell="0,15" type="slider"/><Control cell="0,15" value="200"/></Controls>)");
     const std::string knob =
         "\t<Control cell=\"1,2\" type=\"knob\" name=\"a&lt;&quot;\" value=\"-5\" min=\"9\" max=\"-9\" release=\"3\" "
         "autoSend=\"true\" size=\"2\">\n"
@@ -49,7 +49,7 @@ TEST(ControlSection, WritesWhatItReadsWithDefaultsForTheRest)
     EXPECT_EQ(written(stage),
               "<Controls merge=\"false\">\n"
               "\t<Control cell=\"-1,-1\" type=\"\" name=\"\" value=\"0\" " +
-                  common + "\t<Control cell=\"0,15\" type=\"\" name=\"\" value=\"7\" " + common + knob +
+                  common + "\t<Control cell=\"0,15\" type=\"\" name=\"\" value=\"127\" " + common + knob +
                   "</Controls>\n");
     EXPECT_EQ(written(stage, {{1, 2}, {4, 4}}), "<Controls merge=\"true\">\n" + knob + "</Controls>\n");
 

@@ -33,15 +33,16 @@ TEST(JoystickSection, ReadsBackWhatItWritesOfWhatIsBound)
         "\t\t\t<Function keepSending=\"true\">\n\t\t\t\t<Up>\n\t\t\t\t\t<ResetOrv/>\n\t\t\t\t</Up>\n"
         "\t\t\t</Function>\n"
         "\t</Button>\n"
+        "\t<DisabledInputs></DisabledInputs>\n"
         "</Joystick>\n";
     EXPECT_EQ(stage.written(), text);
     EXPECT_EQ(stage.joysticks().getConfiguration().buttons.size(), 72u) << "all there are, and no other";
     EXPECT_EQ(stage.joysticks().getConfiguration().axes.size(), 12u);
     stage.load("");
-    EXPECT_EQ(stage.written(), "<Joystick merge=\"false\">\n</Joystick>\n");
-    stage.joysticks().readXml(XmlDocument(text, XmlDocument::Source::text).getRoot());
+    EXPECT_EQ(stage.written(), "<Joystick merge=\"false\">\n\t<DisabledInputs></DisabledInputs>\n</Joystick>\n");
+    stage.joysticks().loadSection(XmlDocument(text, XmlDocument::Source::text).getRoot());
     EXPECT_EQ(stage.written(), text);
-    stage.joysticks().readXml(XmlDocument("<Layers/>", XmlDocument::Source::text).getRoot());
+    stage.joysticks().loadSection(XmlDocument("<Layers/>", XmlDocument::Source::text).getRoot());
     EXPECT_EQ(stage.written(), text) << "another section's";
 }
 
@@ -57,7 +58,7 @@ TEST(JoystickSection, MergesInPlaceOfWhatItNames)
     EXPECT_EQ(stage.played(), "");
 }
 
-TEST(JoystickSection, SaysWhichJoysticksAreDisabledButDoesNotWriteIt)
+TEST(JoystickSection, SaysWhichJoysticksAreDisabled)
 {
     JoystickStage stage;
     const auto disabled = [&](const std::string& content) {
@@ -67,13 +68,29 @@ TEST(JoystickSection, SaysWhichJoysticksAreDisabledButDoesNotWriteIt)
     EXPECT_EQ(disabled("<DisabledInputs>1</DisabledInputs>"), "1");
     EXPECT_EQ(disabled(""), "1") << "not told otherwise";
     EXPECT_EQ(disabled("<DisabledInputs> 0 ,x,, 1,2,-1</DisabledInputs>"), "01");
-    EXPECT_EQ(stage.written(), "<Joystick merge=\"false\">\n</Joystick>\n");
+    EXPECT_EQ(stage.written(), "<Joystick merge=\"false\">\n\t<DisabledInputs>0,1</DisabledInputs>\n</Joystick>\n");
     EXPECT_EQ(disabled("<DisabledInputs/>"), "");
 
     stage.load(noteButton(0, 0, "C4"));
     stage.down(0, 0);
     stage.load("<DisabledInputs>0</DisabledInputs>" + noteButton(0, 0, "D4"));
     EXPECT_EQ(stage.played(), "C4 on, C4 off") << "by what it was pressed with";
+}
+
+TEST(JoystickSection, MayBeReplacedByTheButtonItHolds)
+{
+    JoystickStage stage;
+    const auto press = [&] {
+        stage.down(0, 0), stage.up(0, 0);
+        return stage.played();
+    };
+    stage.load(noteButton(0, 0, "C4"));
+    stage.joysticks().savePreset("One");
+    stage.load(
+        "<Button joystick='0' button='0'><Function><Down><LoadJoystickInputPreset preset='One'/></Down>"
+        "</Function></Button>");
+    EXPECT_EQ(press(), "C4 off");
+    EXPECT_EQ(press(), "C4 on, C4 off");
 }
 
 TEST(JoystickSection, IsEmptiedByAProgramThatLacksIt)

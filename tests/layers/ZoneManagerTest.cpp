@@ -25,7 +25,7 @@ struct ZoneStage : Stage {
     std::string written()
     {
         std::ostringstream out;
-        zones().writeXml(out, 0);
+        zones().writeInProgram(out, 0);
         return out.str();
     }
     int selected()

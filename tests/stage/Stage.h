@@ -10,6 +10,7 @@
 #include "api/MidiPlayer.h"
 #include "api/OrvIF.h"
 #include "api/OrvMessageManager.h"
+#include "backend/messages/BackendThread.h"
 #include "backend/messages/MidiEngineMessageManager.h"
 #include "backend/model/Layer.h"
 #include "tests/stage/PrivateFolders.h"
@@ -81,6 +82,7 @@ public:
     Backend::MidiEngine::MidiEngineMessageManager& engine() { return orv->getMidiEngineMessageManager(); }
 
     PrivateFolders folders;
+    Backend::BackendThread::StandIn standIn;  // the test's thread uses a backend at rest
     RecordingPlayer player;
     std::unique_ptr<Backend::OrvIF> orv;
     std::int32_t pulse = START;

@@ -5,61 +5,56 @@
 #include <string>
 #include <vector>
 
-#include "backend/files/PresetManager.h"
 #include "backend/messages/ComputerInputMessageManager.h"
-#include "backend/model/KeyConfigurationMap.h"
+#include "backend/model/KeyBindings.h"
+#include "backend/sections/Section.h"
 #include "platform/Export.h"
-
-namespace Backend
-{
-class OrvIF;
-}
 
 namespace Backend::ComputerInput
 {
-/// The authority over what the computer's keys do: it reads and writes the program's section, finds what a key is bound
-/// to and runs it, and tells the window of every change. The backend thread's own.
-class ORV_API ComputerInputManager
+/// What the computer's keys do: reads and writes the program's section, finds what a key is bound to and runs it, and
+/// notifies the window of every change. The backend thread's.
+class ORV_API ComputerInputManager final : public Section<KeyBindings, Key>
 {
 public:
     ComputerInputManager(OrvIF& backend, MessageManagerMaster& master);
 
-    const KeyConfigurationMap& getKeys() const { return keys; }
-    /// Whether a key is released with the modifiers that are held then; otherwise its release has none.
-    bool getUseKeyUpMod() const { return useKeyUpMod; }
-    void setUseKeyUpMod(bool on) { useKeyUpMod = on; }
+    const KeyConfigurationMap& getKeys() const { return getContent().keys; }
+    bool getUseKeyUpMod() const { return getContent().useKeyUpMod; }
+    void setUseKeyUpMod(bool on) { edit().useKeyUpMod = on; }
     /// The preset that the keys came from, empty if none. They may have changed since.
     const std::string& getCurrentPreset() const { return currentPreset; }
 
-    ComputerInputMessageManager& getMessageManager() { return messageManager; }
-    PresetManager& getPresets() { return presets; }
+    ComputerInputMessageManager& getMessageManager() override { return messageManager; }
 
     // Files
 
-    /// A "ComputerInput" element: the keys in it replace those here, or with "merge" join them, the last of a key
-    /// counting. One that names a preset is that preset instead; where that is missing the keys stay as they are, of no
-    /// preset. An element of another name is ignored.
-    void loadSection(const XmlElement& section);
+    /// A section that names a preset is that preset; where it cannot be loaded the keys stay as they are, of no preset.
+    void loadSection(const XmlElement& section) override;
 
-    /// The element, one tag a line behind `indent` TABs: the keys of `keysToSave`, to be merged, those without a
-    /// configuration as unbound ones; or without any, all keys. While the keys are those of the current preset, or its
-    /// file is gone, its name is written in place of the keys, unless `forceInline`.
+    /// The element with the keys of `keysToSave`, to be merged, those without a configuration as unbound ones; or
+    /// without any, all keys. While the keys are those of the current preset's file, and the file replaces and does not
+    /// merge, the preset's name is written instead of them, unless `forceInline`.
     void writeSection(std::ostream& out, int indent, std::span<const Key> keysToSave, bool forceInline) const;
+    void writeXml(std::ostream& out, int indent, std::span<const Key> keysToSave) const override
+    {
+        writeSection(out, indent, keysToSave, true);
+    }
+    void writeInProgram(std::ostream& out, int indent) const override { writeSection(out, indent, {}, false); }
 
-    /// A preset that is missing, or holds no such section, changes nothing.
-    void loadPreset(const std::string& name);
+    /// The preset becomes the current one. One whose name is not UTF-8, which no program can name, is loaded only.
+    void loadPreset(const std::string& name) override;
     /// Adds a preset's keys to `map`, in place of them unless the preset is to be merged, and reads its option. False,
-    /// and nothing changed, as above.
+    /// and nothing changed, if it cannot be loaded.
     bool loadPresetInto(const std::string& name, KeyConfigurationMap& map, bool& useKeyUpModOut) const;
-    /// See `writeSection`; a preset holds its keys itself.
-    void savePreset(const std::string& name, const std::vector<Key>& keysToSave);
-    /// Whether the keys are others than those of a preset. Of a preset that is gone nobody knows; that is no.
+    /// Whether the keys are others than those of a preset; false if it is missing.
     bool isPresetChanged(const std::string& name) const;
-    void renamePreset(const std::string& name, const std::string& newName);
-    void deletePreset(const std::string& name);
+    /// The current preset keeps its keys under its new name; without its file there is no current preset.
+    void renamePreset(const std::string& name, const std::string& newName) override;
+    void deletePreset(const std::string& name) override;
 
     /// No keys, released without modifiers, of no preset.
-    void setDefaults();
+    void setDefaults() override;
 
     // Playing
 
@@ -68,30 +63,26 @@ public:
     void keyDown(const Key& key, bool isRepeat) { keyEvent(key, true, isRepeat); }
     void keyUp(const Key& key) { keyEvent(key, false, false); }
 
-    /// Appends what every function of every key plays in a zone.
-    void getNoteSpans(std::vector<FunctionManagement::FunctionNoteSpan>& result) const;
+    void getNoteSpans(std::vector<FunctionManagement::FunctionNoteSpan>& result) const override;
 
-    // From the window
+    // Requests of the window
 
-    /// Each takes the place of the configuration of its key. With `notifyGui` the window gets them back.
-    void mergeKeyConfigurations(const std::vector<KeyConfiguration>& configurations, bool notifyGui);
+    /// Each takes the place of the configuration of its key. With `notify` the window gets them back.
+    void mergeKeyConfigurations(const std::vector<KeyConfiguration>& configurations, bool notify);
 
     /// A key's configuration; an unbound one if it had none. It lives until the key's configuration is replaced.
     KeyConfiguration& getOrCreate(const Key& key);
 
-    /// Tells the window what the keys do.
-    void refreshGui() const;
+    void notifyGui() const override;
 
 private:
-    bool readSection(const XmlElement& section, KeyConfigurationMap& map, bool& useKeyUpModOut) const;
-    void publish();
-    void tellGuiOfChange() const;
-    void tellGui(Message message) const;
+    void readContent(const XmlElement& section, KeyBindings& into) override { readKeys(section, into); }
+    void readKeys(const XmlElement& section, KeyBindings& into) const;
+    void updatePlaying() override { orv.updateZones(); }
+    bool isStoredIn(const std::string& preset) const;
+    void setCurrentPreset(const std::string& name);
+    void notifyGuiOfChange() const;
 
-    OrvIF& orv;
-    KeyConfigurationMap keys;
-    bool useKeyUpMod = false;
-    PresetManager presets;
     ComputerInputMessageManager messageManager;
     std::string currentPreset;
 };

@@ -1,12 +1,9 @@
 #include "backend/sections/controls/ControlManager.h"
 
 #include <array>
-#include <sstream>
 
-#include "api/OrvIF.h"
 #include "backend/messages/GuiMessages.h"
 #include "backend/model/PresetSections.h"
-#include "backend/xml/XmlDocument.h"
 
 namespace Backend::Controls
 {
@@ -21,10 +18,10 @@ void updateControls(ControlManager& manager, Message& message)
 
 constexpr auto COMMANDS = std::to_array<Command<ControlManager>>({
     on<ControlMessage::SET_CONTROLS, &ControlManager::mergeControls>(),
-    on<ControlMessage::LOAD_PRESET, &ControlManager::loadPreset>(),
-    on<ControlMessage::RENAME_PRESET, &ControlManager::renamePreset>(),
-    on<ControlMessage::DELETE_PRESET, &ControlManager::deletePreset>(),
-    on<ControlMessage::SAVE_PRESET, &ControlManager::savePreset>(),
+    on<ControlMessage::LOAD_PRESET, &ControlManager::loadPreset, ControlManager>(),
+    on<ControlMessage::RENAME_PRESET, &ControlManager::renamePreset, ControlManager>(),
+    on<ControlMessage::DELETE_PRESET, &ControlManager::deletePreset, ControlManager>(),
+    on<ControlMessage::SAVE_PRESET, &ControlManager::savePreset, ControlManager>(),
     on<ControlMessage::SET_VALUE, &ControlManager::setValueAt>(),
     on<ControlMessage::SET_SELECTED, &ControlManager::setSelectedAt>(),
     {ControlUpdates::MESSAGE, "UpdateControl", updateControls},
@@ -32,56 +29,15 @@ constexpr auto COMMANDS = std::to_array<Command<ControlManager>>({
 }  // namespace
 
 ControlManager::ControlManager(OrvIF& backend, MessageManagerMaster& master)
-    : orv(backend),
-      presets(PresetSections::CONTROLS),
+    : Section(backend, PresetSections::CONTROLS),
       messageManager(master, [this](Message& message) { execute<ControlManager>(COMMANDS, *this, message); }),
       updates(master.getQueue())
 {
 }
 
-// --- files
-
-void ControlManager::loadSection(const XmlElement& section)
+void ControlManager::writeXml(std::ostream& out, int indent, std::span<const Cell> cells) const
 {
-    controls.readXml(section);
-    publish();
-    tellGui();
-}
-
-void ControlManager::writeSection(std::ostream& out, int indent, std::span<const Cell> cells) const
-{
-    controls.writeXml(out, indent, cells);
-}
-
-void ControlManager::loadPreset(const std::string& name)
-{
-    const std::string path = presets.findPreset(name);
-    if (path.empty()) return;
-    const XmlElement root = XmlDocument(path, XmlDocument::Source::file).getRoot();
-    if (root.hasElement()) loadSection(root);
-}
-
-void ControlManager::savePreset(const std::string& name, const std::vector<Cell>& cells)
-{
-    presets.save(name, [&](std::string& text) {
-        std::ostringstream out;
-        writeSection(out, 0, cells);
-        text += out.str();
-    });
-}
-
-void ControlManager::renamePreset(const std::string& name, const std::string& newName)
-{
-    presets.rename(name, newName);
-}
-
-void ControlManager::deletePreset(const std::string& name) { presets.remove(name); }
-
-void ControlManager::setDefaults()
-{
-    controls.clear();
-    publish();
-    tellGui();
+    getContent().writeXml(out, indent, cells);
 }
 
 // --- selection
@@ -89,11 +45,11 @@ void ControlManager::setDefaults()
 /// A cell of (-1, -1) is none given: the selected control.
 Control* ControlManager::findTarget(const SelectControlType& select)
 {
-    if (select.kind == Kind::specific && select.cell != Cell{}) return controls.findElement(select.cell);
-    return controls.findSelected();
+    if (select.kind == Kind::specific && select.cell != Cell{}) return edit().findElement(select.cell);
+    return edit().findSelected();
 }
 
-/// The first control behind a cell, or null at the edge of the grid.
+/// The first control after a cell, or null at the edge of the grid.
 Control* ControlManager::findFrom(Cell cell, Kind direction)
 {
     while (true) {
@@ -102,13 +58,13 @@ Control* ControlManager::findFrom(Cell cell, Kind direction)
         if (direction == Kind::left && --cell.col < 0) cell = {cell.row - 1, ControlMap::COLUMNS - 1};
         if (direction == Kind::right && ++cell.col >= ControlMap::COLUMNS) cell = {cell.row + 1, 0};
         if (cell.row < 0 || cell.row >= ControlMap::ROWS) return nullptr;
-        if (Control* control = controls.findElement(cell)) return control;
+        if (Control* control = edit().findElement(cell)) return control;
     }
 }
 
 void ControlManager::selectControl(const SelectControlType& select)
 {
-    Control* old = controls.findSelected();
+    Control* old = edit().findSelected();
     Control* target = nullptr;
     switch (select.kind) {
         case Kind::up:
@@ -131,28 +87,26 @@ void ControlManager::setSelected(Control& control, bool selected)
 {
     control.selected = selected;
     link.forget();
-    orv.getGuiWindowHandle().post(
-        {.number = GuiMessage::CONTROL_SELECTED, .wparam = control.cell.getPacked(), .lparam = selected});
+    postToGui(GuiMessage::CONTROL_SELECTED, control.cell, selected);
 }
 
-// --- the window's wishes
+// --- requests of the window
 
-void ControlManager::mergeControls(const std::vector<Control>& changed, bool notifyGui, bool deleteMissing)
+void ControlManager::mergeControls(const std::vector<Control>& changed, bool notify, bool deleteMissing)
 {
-    if (deleteMissing) controls.clear();
-    for (const Control& control : changed) controls.put(control);
-    publish();
-    if (notifyGui) tellGui();
+    if (deleteMissing) edit().clear();
+    for (const Control& control : changed) edit().put(control);
+    publish(notify);
 }
 
 void ControlManager::setValueAt(const Cell& cell, std::int32_t value)
 {
-    if (Control* control = controls.findElement(cell)) setControlValue(*control, value, true, true);
+    if (Control* control = edit().findElement(cell)) setControlValue(*control, value, true, true);
 }
 
 void ControlManager::setSelectedAt(const Cell& cell, bool selected)
 {
-    Control* control = controls.findElement(cell);
+    Control* control = edit().findElement(cell);
     if (control == nullptr) return;
     control->selected = selected;
     link.forget();
@@ -160,22 +114,17 @@ void ControlManager::setSelectedAt(const Cell& cell, bool selected)
 
 // --- publishing
 
-/// Another list of controls is another group of linked ones, and time slices learn what to tell of.
-void ControlManager::publish()
+/// Another list of controls is another group of linked ones, and time slices get the events that it follows.
+void ControlManager::updatePlaying()
 {
     link.forget();
-    updates.setFollowed(controls);
+    updates.setFollowed(getContent());
 }
 
-void ControlManager::tellGui() const
-{
-    const WindowHandle window = orv.getGuiWindowHandle();
-    if (window) window.post({.number = GuiMessage::CONTROLS, .payload = Payload::of(ControlMap(controls))});
-}
+void ControlManager::notifyGui() const { postToGui(GuiMessage::CONTROLS, getContent()); }
 
-void ControlManager::tellValue(const Control& control) const
+void ControlManager::notifyGuiOfValue(const Control& control) const
 {
-    orv.getGuiWindowHandle().post(
-        {.number = GuiMessage::CONTROL_VALUE, .wparam = control.cell.getPacked(), .lparam = control.value});
+    postToGui(GuiMessage::CONTROL_VALUE, control.cell, control.value);
 }
 }  // namespace Backend::Controls

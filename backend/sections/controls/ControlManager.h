@@ -2,53 +2,38 @@
 
 #include <iosfwd>
 #include <span>
-#include <string>
 #include <vector>
 
 #include "backend/engine/ControlUpdates.h"
-#include "backend/files/PresetManager.h"
 #include "backend/messages/ControlMessageManager.h"
 #include "backend/model/ControlMap.h"
+#include "backend/sections/Section.h"
 #include "backend/sections/controls/ControlLink.h"
 #include "backend/values/RelativeFixedValue.h"
 #include "backend/values/SelectControlType.h"
 #include "platform/Export.h"
 
-namespace Backend
-{
-class OrvIF;
-}
-
 namespace Backend::Controls
 {
 /// The authority over the controls of the screen. A control sends its value as events and follows the same event when
 /// it passes through the engine from anywhere else. The window is told of every change. The backend thread's own.
-class ORV_API ControlManager
+class ORV_API ControlManager final : public Section<ControlMap, Cell>
 {
 public:
     ControlManager(OrvIF& backend, MessageManagerMaster& master);
 
-    const ControlMap& getControls() const { return controls; }
-    ControlMessageManager& getMessageManager() { return messageManager; }
-    /// The way of the time slices to the controls.
+    const ControlMap& getControls() const { return getContent(); }
+    ControlMessageManager& getMessageManager() override { return messageManager; }
+    /// The time slices' access to the controls.
     ControlUpdates& getUpdates() { return updates; }
-    PresetManager& getPresets() { return presets; }
+    void notifyGui() const override;
 
-    // Files
-
-    /// See `ControlMap`. What is loaded is selected nowhere and sends nothing by itself.
-    void loadSection(const XmlElement& section);
-    void writeSection(std::ostream& out, int indent, std::span<const Cell> cells) const;
-
-    /// A preset that is not there, or cannot be read, changes nothing.
-    void loadPreset(const std::string& name);
-    /// The controls of `cells`, to be merged when loaded, or without cells all of them.
-    void savePreset(const std::string& name, const std::vector<Cell>& cells);
-    void renamePreset(const std::string& name, const std::string& newName);
-    void deletePreset(const std::string& name);
-
-    /// No controls.
-    void setDefaults();
+    /// As a program or a preset holds it, see `writeXml`.
+    void writeSection(std::ostream& out, int indent, std::span<const Cell> cells) const
+    {
+        writeXml(out, indent, cells);
+    }
+    void writeXml(std::ostream& out, int indent, std::span<const Cell> cells) const override;
 
     // What functions do
 
@@ -67,17 +52,17 @@ public:
     /// The control takes a value, within its range. With `send` it sends it; a bank select or a program change goes out
     /// between its companions, the controls on the same way that hold the other parts: bank MSB, bank LSB, program. If
     /// it is selected, the other selected controls move with it, and send with it.
-    void setControlValue(Control& control, std::int32_t value, bool notifyGui, bool send);
+    void setControlValue(Control& control, std::int32_t value, bool notify, bool send);
 
     /// What an event that went out says, for every control that follows it but the one it came from. Sends nothing.
     void updateControls(const MidiEngine::OrvMidiMessage& event);
 
     // From the window
 
-    /// Each takes the place of the control of its cell; with `deleteMissing` all others go. With `notifyGui` the window
+    /// Each takes the place of the control of its cell; with `deleteMissing` all others go. With `notify` the window
     /// gets the controls back.
-    void mergeControls(const std::vector<Control>& changed, bool notifyGui, bool deleteMissing);
-    /// As `changeControl` on a packed cell; it never means the selected one.
+    void mergeControls(const std::vector<Control>& changed, bool notify, bool deleteMissing);
+    /// As `changeControl` on a cell; it never means the selected one.
     void setValueAt(const Cell& cell, std::int32_t value);
     /// Selects a control beside what is selected, or not any more. The window knows.
     void setSelectedAt(const Cell& cell, bool selected);
@@ -89,14 +74,12 @@ private:
     void sendInOrder(const Control& control);
     void moveLinked(const Control& moved, std::int64_t delta, bool send);
     void setSelected(Control& control, bool selected);
-    void tellValue(const Control& control) const;
-    void publish();
-    void tellGui() const;
+    void notifyGuiOfValue(const Control& control) const;
+    /// What is read is selected nowhere and sends nothing by itself.
+    void readContent(const XmlElement& section, ControlMap& into) override { into.readXml(section); }
+    void updatePlaying() override;
 
-    OrvIF& orv;
-    ControlMap controls;
     ControlLink link;
-    PresetManager presets;
     ControlMessageManager messageManager;
     ControlUpdates updates;
 };

@@ -1,10 +1,9 @@
-// How controls take values and send them: one by one, with their companions, linked, and behind the events they follow.
+// How controls take values and send them: one by one, with their companions, linked, and after the events they follow.
 
 #include <algorithm>
 #include <array>
 #include <limits>
 
-#include "api/OrvIF.h"
 #include "api/OrvMessageManager.h"
 #include "backend/sections/controls/ControlManager.h"
 
@@ -53,7 +52,7 @@ void ControlManager::sendControlData(const SelectControlType& select)
 
 void ControlManager::sendAll(bool onlyAutoSend)
 {
-    controls.forEach([&](const Control& control) {
+    getContent().forEach([&](const Control& control) {
         if (control.autoSend || !onlyAutoSend) sendControl(control);
     });
 }
@@ -65,12 +64,12 @@ void ControlManager::sendControl(const Control& control)
         orv.getOrvMessageManager().postPlayMidi(function.eventOf(control.value, control.cell));
 }
 
-void ControlManager::setControlValue(Control& control, std::int32_t value, bool notifyGui, bool send)
+void ControlManager::setControlValue(Control& control, std::int32_t value, bool notify, bool send)
 {
     const std::int64_t before = control.value;
     control.store(value);
     if (send) sendInOrder(control);
-    if (notifyGui) tellValue(control);
+    if (notify) notifyGuiOfValue(control);
     if (control.selected) moveLinked(control, control.value - before, send);
 }
 
@@ -84,7 +83,7 @@ void ControlManager::sendInOrder(const Control& control)
             sendControl(control);
             continue;
         }
-        controls.forEach([&](const Control& other) {
+        getContent().forEach([&](const Control& other) {
             if (other.functions.empty()) return;
             const ControlFunction& its = other.functions.front();
             if (isSameEvent(part, its.midiEvent) && goSameWay(own, its)) sendControl(other);
@@ -95,7 +94,7 @@ void ControlManager::sendInOrder(const Control& control)
 void ControlManager::moveLinked(const Control& moved, std::int64_t delta, bool send)
 {
     const auto forEachOther = [&](auto&& visit) {
-        controls.forEach([&](Control& control) {
+        edit().forEach([&](Control& control) {
             if (control.selected && control.cell != moved.cell) visit(control);
         });
     };
@@ -113,14 +112,14 @@ void ControlManager::moveLinked(const Control& moved, std::int64_t delta, bool s
     forEachOther([&](Control& control) {
         control.store(control.value + distance);
         if (send) sendControl(control);
-        tellValue(control);
+        notifyGuiOfValue(control);
     });
 }
 
 void ControlManager::updateControls(const OrvMidiMessage& event)
 {
-    const Control* origin = controls.findElement(event.getFromControl());
-    controls.forEach([&](Control& control) {
+    const Control* origin = getContent().findElement(event.getFromControl());
+    edit().forEach([&](Control& control) {
         if (&control == origin || control.functions.empty()) return;
         if (origin != nullptr && origin->selected && control.selected) return;  // the link has moved it already
         if (control.functions.front().agreesWith(event))

@@ -1,21 +1,20 @@
 #include "backend/sections/joystick/JoystickManager.h"
 
-#include <sstream>
+#include <bitset>
+#include <string>
 
-#include "api/OrvIF.h"
 #include "api/OrvMessageManager.h"
 #include "backend/bindings/functions/FunctionFactories.h"
 #include "backend/messages/GuiMessages.h"
 #include "backend/model/PresetSections.h"
 #include "backend/xml/Text.h"
-#include "backend/xml/XmlDocument.h"
 #include "backend/xml/XmlWriter.h"
 
 namespace Backend::Joystick
 {
 namespace
 {
-constexpr const char* SECTION = PresetSections::JOYSTICK.rootElement;
+constexpr const char* DISABLED_INPUTS = "DisabledInputs";
 
 constexpr bool isJoystick(int number) { return number >= 0 && number < JOYSTICKS; }
 
@@ -23,11 +22,6 @@ constexpr bool isJoystick(int number) { return number >= 0 && number < JOYSTICKS
 constexpr std::uint32_t packed(std::uint32_t low, std::int32_t high)
 {
     return (low & 0xFFFF) | static_cast<std::uint32_t>(high) << 16;
-}
-
-constexpr std::uint32_t packedId(int joystick, int part)
-{
-    return static_cast<std::uint32_t>(joystick) | static_cast<std::uint32_t>(part) << 8;
 }
 
 // --- the commands of axes and buttons
@@ -84,36 +78,33 @@ constexpr auto COMMANDS = std::to_array<Command<JoystickManager>>({
     on<JOYSTICK_BUTTON_UP, &buttonUp<Source::joystick>>(),
     on<GUI_BUTTON_DOWN, &buttonDown<Source::gui>>(),
     on<GUI_BUTTON_UP, &buttonUp<Source::gui>>(),
-    on<LOAD_PRESET, &JoystickManager::loadPreset>(),
-    on<RENAME_PRESET, &JoystickManager::renamePreset>(),
-    on<DELETE_PRESET, &JoystickManager::deletePreset>(),
+    on<LOAD_PRESET, &JoystickManager::loadPreset, JoystickManager>(),
+    on<RENAME_PRESET, &JoystickManager::renamePreset, JoystickManager>(),
+    on<DELETE_PRESET, &JoystickManager::deletePreset, JoystickManager>(),
     on<SAVE_PRESET, &JoystickManager::savePreset>(),
     on<ENABLE_JOYSTICK, &JoystickManager::enableJoystick>(),
 });
 }  // namespace
 
 JoystickManager::JoystickManager(OrvIF& backend, MessageManagerMaster& master)
-    : orv(backend),
+    : Section(backend, PresetSections::JOYSTICK),
       messageManager(master, [this](Message& message) { execute<JoystickManager>(COMMANDS, *this, message); }),
       listener(messageManager),
-      presets(PresetSections::JOYSTICK),
       engine(listener)
 {
 }
 
 // --- files
 
-void JoystickManager::readXml(const XmlElement& section)
+void JoystickManager::readContent(const XmlElement& section, JoystickConfiguration& into)
 {
-    if (section.getTagName() != SECTION) return;
     // First, so that what is held is released by the functions that it was pressed with.
     forEachElement(section, [this](const XmlElement& child) {
-        if (child.getTagName() == "DisabledInputs") readDisabledInputs(child);
+        if (child.getTagName() == DISABLED_INPUTS) readDisabledInputs(child);
     });
-    if (!section.getBoolAttribute("merge", false)) configuration.clear();
-    configuration.readXml(
-        section, [this](const XmlElement& element) { return FunctionManagement::createFunctionFromXml(element, orv); });
-    publish();
+    if (!section.getBoolAttribute("merge", false)) into.clear();
+    into.readXml(section,
+                 [this](const XmlElement& element) { return FunctionManagement::createFunctionFromXml(element, orv); });
 }
 
 void JoystickManager::readDisabledInputs(const XmlElement& section)
@@ -128,40 +119,16 @@ void JoystickManager::readDisabledInputs(const XmlElement& section)
         enableJoystick(joystick, !listed[static_cast<std::size_t>(joystick)]);
 }
 
-void JoystickManager::writeXml(std::ostream& out, int indent) const
+void JoystickManager::writeXml(std::ostream& out, int indent, std::span<const JoyButtonElementId>) const
 {
     const std::string tabs(static_cast<std::size_t>(indent), '\t');
-    out << tabs << xmlOpenTag(SECTION) << xmlBoolAttribute("merge", false) << xmlCloseOpen() << '\n';
-    configuration.writeXml(out, indent + 1);
-    out << tabs << xmlEndTag(SECTION) << '\n';
-}
-
-void JoystickManager::loadPreset(const std::string& name)
-{
-    const std::string path = presets.findPreset(name);
-    if (!path.empty()) readXml(XmlDocument(path, XmlDocument::Source::file).getRoot());
-}
-
-void JoystickManager::savePreset(const std::string& name)
-{
-    presets.save(name, [this](std::string& text) {
-        std::ostringstream out;
-        writeXml(out, 0);
-        text += out.str();
-    });
-}
-
-void JoystickManager::renamePreset(const std::string& name, const std::string& newName)
-{
-    presets.rename(name, newName);
-}
-
-void JoystickManager::deletePreset(const std::string& name) { presets.remove(name); }
-
-void JoystickManager::setDefaults()
-{
-    configuration.clear();
-    publish();
+    out << tabs << xmlOpenTag(getTag()) << xmlBoolAttribute("merge", false) << xmlCloseOpen() << '\n';
+    getContent().writeXml(out, indent + 1);
+    std::string numbers;
+    for (int joystick = 0; joystick < JOYSTICKS; ++joystick)
+        if (isDisabled(joystick)) numbers += (numbers.empty() ? "" : ",") + std::to_string(joystick);
+    out << tabs << '\t' << xmlStartTag(DISABLED_INPUTS) << numbers << xmlEndTag(DISABLED_INPUTS) << '\n'
+        << tabs << xmlEndTag(getTag()) << '\n';
 }
 
 // --- playing
@@ -169,45 +136,42 @@ void JoystickManager::setDefaults()
 void JoystickManager::setAxis(const JoyAxisElementId& id, AxisMode mode, int value, Source source)
 {
     if (source == Source::joystick && isDisabled(id.joystick)) return;
-    const AxisConfiguration* const axis = configuration.axes.findElement(id);
+    const AxisConfiguration* const axis = getContent().axes.findElement(id);
     if (axis == nullptr) return;
     for (const AxisFunction& function : axis->functions) {
         if (!function.midiMessage.isValid()) return;
         const std::int32_t scaled = function.scaled(value, mode);
         orv.getOrvMessageManager().postPlayMidi(function.eventOf(scaled));
         if (&function == &axis->functions.front())
-            tellGui(
-                {.number = GuiMessage::JOYSTICK_AXIS,
-                 .wparam = packed(packedId(id.joystick, id.axis), scaled),
-                 .lparam = static_cast<std::int32_t>(packed(static_cast<std::uint32_t>(function.min), function.max))});
+            postToGui(GuiMessage::JOYSTICK_AXIS, packed(JoystickElement{id.joystick, id.axis}.getPacked(), scaled),
+                      static_cast<std::int32_t>(packed(static_cast<std::uint32_t>(function.min), function.max)));
     }
 }
 
 void JoystickManager::pressButton(const JoyButtonElementId& id, ButtonEvent event, Source source)
 {
     if (source == Source::joystick && isDisabled(id.joystick)) return;
-    const JoystickButtonConfiguration* const button = configuration.buttons.findElement(id);
+    const JoystickButtonConfiguration* const button = getContent().buttons.findElement(id);
     if (button == nullptr) return;
     if (source == Source::joystick && event == ButtonEvent::down) held.insert(id);
     if (source == Source::joystick && event == ButtonEvent::up) held.erase(id);
     runButton(*button, event);
-    const std::uint32_t which = packedId(id.joystick, id.button);
-    if (event == ButtonEvent::down) tellGui({.number = GuiMessage::JOYSTICK_BUTTON_DOWN, .wparam = which});
-    if (event == ButtonEvent::up) tellGui({.number = GuiMessage::JOYSTICK_BUTTON_UP, .wparam = which});
+    const JoystickElement which{id.joystick, id.button};
+    if (event == ButtonEvent::down) postToGui(GuiMessage::JOYSTICK_BUTTON_DOWN, which);
+    if (event == ButtonEvent::up) postToGui(GuiMessage::JOYSTICK_BUTTON_UP, which);
 }
 
 bool JoystickManager::isDisabled(int joystick) const
 {
-    return isJoystick(joystick) && disabled[static_cast<std::size_t>(joystick)];
+    return isJoystick(joystick) && getContent().disabled[static_cast<std::size_t>(joystick)];
 }
 
 void JoystickManager::enableJoystick(int joystick, bool enabled)
 {
     if (!isJoystick(joystick)) return;
     if (!enabled) releaseHeldButtons(joystick);
-    disabled.set(static_cast<std::size_t>(joystick), !enabled);
-    tellGui(
-        {.number = GuiMessage::JOYSTICK_ENABLED, .wparam = static_cast<std::uint32_t>(joystick), .lparam = enabled});
+    edit().disabled.set(static_cast<std::size_t>(joystick), !enabled);
+    postToGui(GuiMessage::JOYSTICK_ENABLED, joystick, enabled);
 }
 
 void JoystickManager::releaseHeldButtons(int joystick)
@@ -219,35 +183,29 @@ void JoystickManager::releaseHeldButtons(int joystick)
 
 void JoystickManager::getNoteSpans(std::vector<FunctionManagement::FunctionNoteSpan>& result) const
 {
-    const auto iterator = configuration.buttons.createIterator();
+    const auto iterator = getContent().buttons.createIterator();
     while (const JoystickButtonConfiguration* button = iterator->next()) appendNoteSpans(*button, result);
 }
 
-// --- the window
+// --- requests of the window
 
-void JoystickManager::setButtonConfigurations(const std::vector<JoystickButtonConfiguration>& buttons, bool notifyGui)
+void JoystickManager::setButtonConfigurations(const std::vector<JoystickButtonConfiguration>& buttons, bool notify)
 {
-    for (const JoystickButtonConfiguration& button : buttons) configuration.put(button);
-    orv.updateZones();
-    if (notifyGui && orv.getGuiWindowHandle())
-        tellGui({.number = GuiMessage::JOYSTICK_BUTTONS,
-                 .payload = Payload::of(std::vector<JoystickButtonConfiguration>(buttons))});
+    for (const JoystickButtonConfiguration& button : buttons) edit().put(button);
+    updatePlaying();
+    if (notify) postToGui(GuiMessage::JOYSTICK_BUTTONS, buttons);
 }
 
-void JoystickManager::setAxisConfigurations(const std::vector<AxisConfiguration>& axes, bool notifyGui)
+void JoystickManager::setAxisConfigurations(const std::vector<AxisConfiguration>& axes, bool notify)
 {
-    for (const AxisConfiguration& axis : axes) configuration.put(axis);
-    if (notifyGui && orv.getGuiWindowHandle())
-        tellGui({.number = GuiMessage::JOYSTICK_AXES, .payload = Payload::of(std::vector<AxisConfiguration>(axes))});
+    for (const AxisConfiguration& axis : axes) edit().put(axis);
+    if (notify) postToGui(GuiMessage::JOYSTICK_AXES, axes);
 }
 
-void JoystickManager::publish()
+void JoystickManager::notifyGui() const
 {
-    orv.updateZones();
     if (!orv.getGuiWindowHandle()) return;
-    tellGui({.number = GuiMessage::JOYSTICK_BUTTONS, .payload = Payload::of(configuration.allButtons())});
-    tellGui({.number = GuiMessage::JOYSTICK_AXES, .payload = Payload::of(configuration.allAxes())});
+    postToGui(GuiMessage::JOYSTICK_BUTTONS, getContent().allButtons());
+    postToGui(GuiMessage::JOYSTICK_AXES, getContent().allAxes());
 }
-
-void JoystickManager::tellGui(Message message) const { orv.getGuiWindowHandle().post(std::move(message)); }
 }  // namespace Backend::Joystick

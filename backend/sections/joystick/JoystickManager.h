@@ -1,60 +1,38 @@
 #pragma once
 
-#include <bitset>
 #include <iosfwd>
 #include <set>
+#include <span>
 #include <string>
 #include <vector>
 
-#include "backend/files/PresetManager.h"
 #include "backend/messages/JoystickMessageManager.h"
-#include "backend/model/FunctionNoteSpan.h"
 #include "backend/model/JoystickConfiguration.h"
+#include "backend/sections/Section.h"
 #include "backend/sections/computerinput/ButtonEvent.h"
 #include "backend/sections/joystick/JoystickEngine.h"
 #include "platform/Export.h"
-
-namespace Backend
-{
-class OrvIF;
-}
 
 namespace Backend::Joystick
 {
 /// Who moves an axis or presses a button: the device, or the window's grids and buttons.
 enum class Source { joystick, gui };
 
-/// The authority over what the joysticks do: it reads and writes the program's section, sends what an axis is bound to
-/// and runs what a button is bound to, and tells the window of every change. The backend thread's own, but for the
-/// engine.
-class ORV_API JoystickManager
+/// What the joysticks do: reads and writes the program's section, sends what an axis is bound to, runs what a button is
+/// bound to, and notifies the window of every change. The backend thread's, but for the engine.
+class ORV_API JoystickManager final : public Section<JoystickConfiguration, JoyButtonElementId>
 {
 public:
     JoystickManager(OrvIF& backend, MessageManagerMaster& master);
 
-    const JoystickConfiguration& getConfiguration() const { return configuration; }
-    JoystickMessageManager& getMessageManager() { return messageManager; }
-    PresetManager& getPresets() { return presets; }
+    const JoystickConfiguration& getConfiguration() const { return getContent(); }
+    JoystickMessageManager& getMessageManager() override { return messageManager; }
     /// See there for who may call it.
     JoystickEngine& getEngine() { return engine; }
 
-    // Files
-
-    /// A "Joystick" element: what it holds replaces all there is, or with "merge" takes the places of its ids. Where it
-    /// lists disabled joysticks, the others are enabled. An element of another name is ignored.
-    void readXml(const XmlElement& section);
-    /// The element, one tag a line behind `indent` TABs, with the axes and buttons that are bound. Which joysticks are
-    /// disabled is not written.
-    void writeXml(std::ostream& out, int indent) const;
-
-    /// A preset that is not there changes nothing.
-    void loadPreset(const std::string& name);
-    void savePreset(const std::string& name);
-    void renamePreset(const std::string& name, const std::string& newName);
-    void deletePreset(const std::string& name);
-
-    /// Nothing is bound.
-    void setDefaults();
+    /// The axes and buttons that are bound, whatever the ids, and which joysticks are disabled.
+    void writeXml(std::ostream& out, int indent, std::span<const JoyButtonElementId> ids) const override;
+    void savePreset(const std::string& name) { Section::savePreset(name, {}); }
 
     // Playing. What a disabled joystick does is ignored; the window's grids and buttons go on.
 
@@ -67,13 +45,14 @@ public:
     /// A joystick that is disabled releases the buttons that it holds.
     void enableJoystick(int joystick, bool enabled);
 
-    /// Appends what every function of every button plays in a zone.
-    void getNoteSpans(std::vector<FunctionManagement::FunctionNoteSpan>& result) const;
+    void getNoteSpans(std::vector<FunctionManagement::FunctionNoteSpan>& result) const override;
 
-    // From the window: each takes the place of the one of its id. With `notifyGui` the window gets them back.
+    // Requests of the window: each takes the place of the one of its id. With `notify` the window gets them back.
 
-    void setButtonConfigurations(const std::vector<JoystickButtonConfiguration>& buttons, bool notifyGui);
-    void setAxisConfigurations(const std::vector<AxisConfiguration>& axes, bool notifyGui);
+    void setButtonConfigurations(const std::vector<JoystickButtonConfiguration>& buttons, bool notify);
+    void setAxisConfigurations(const std::vector<AxisConfiguration>& axes, bool notify);
+
+    void notifyGui() const override;
 
 private:
     /// Posts each report to the backend thread.
@@ -94,16 +73,13 @@ private:
 
     void readDisabledInputs(const XmlElement& section);
     void releaseHeldButtons(int joystick);
-    void publish();
-    void tellGui(Message message) const;
+    /// Where the element lists disabled joysticks, the others are enabled.
+    void readContent(const XmlElement& section, JoystickConfiguration& into) override;
+    void updatePlaying() override { orv.updateZones(); }
 
-    OrvIF& orv;
-    std::bitset<JOYSTICKS> disabled;
     std::set<JoyButtonElementId> held;  // on the devices
-    JoystickConfiguration configuration;
     JoystickMessageManager messageManager;
     JoystickEngineListener listener;
-    PresetManager presets;
     JoystickEngine engine;
 };
 }  // namespace Backend::Joystick

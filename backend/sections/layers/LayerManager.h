@@ -2,49 +2,32 @@
 
 #include <iosfwd>
 #include <span>
-#include <string>
 #include <string_view>
 #include <vector>
 
-#include "backend/files/PresetManager.h"
 #include "backend/messages/LayerMessageManager.h"
 #include "backend/model/LayerList.h"
+#include "backend/sections/Section.h"
 #include "backend/values/NoteToggle.h"
 #include "backend/values/OnOffToggle.h"
 #include "backend/values/RelativeFixedValue.h"
 #include "backend/values/SelectType.h"
 #include "platform/Export.h"
 
-namespace Backend
-{
-class OrvIF;
-}
-
 namespace Backend::Layers
 {
 /// The authority over the layers. Every change is published: the engine gets a copy with a reset in front of it, so
 /// that nothing hangs, and the window is told. The backend thread's own.
-class ORV_API LayerManager
+class ORV_API LayerManager final : public Section<LayerList, LayerId>
 {
 public:
     LayerManager(OrvIF& backend, MessageManagerMaster& master);
 
-    const LayerList& getLayers() const { return layers; }
-    LayerMessageManager& getMessageManager() { return messageManager; }
-    PresetManager& getPresets() { return presets; }
+    const LayerList& getLayers() const { return getContent(); }
+    LayerMessageManager& getMessageManager() override { return messageManager; }
+    void notifyGui() const override;
 
-    void readXml(const XmlElement& section);
-    void writeXml(std::ostream& out, int indent, std::span<const LayerId> ids) const;
-
-    /// A preset that is not there changes nothing.
-    void loadPreset(const std::string& name);
-    /// The layers of `ids`, to be merged when loaded, or without ids all of them.
-    void savePreset(const std::string& name, const std::vector<LayerId>& ids);
-    void renamePreset(const std::string& name, const std::string& newName);
-    void deletePreset(const std::string& name);
-
-    /// No layers.
-    void setDefaults();
+    void writeXml(std::ostream& out, int indent, std::span<const LayerId> ids) const override;
 
     // From the window: with `redraw` it gets the list back.
 
@@ -71,15 +54,11 @@ public:
     void editSelect(const SelectType& select) const;
 
 private:
-    template <class Change>
-    void changeLayers(const SelectType& select, unsigned int message, Change&& change);
-    void publish();
-    void publishToEngine();
-    void tellGui() const;
+    template <class Message, class Change>
+    void changeLayers(const SelectType& select, const Message& message, Change&& change);
+    void readContent(const XmlElement& section, LayerList& into) override;
+    void updatePlaying() override;
 
-    OrvIF& orv;
-    LayerList layers;
-    PresetManager presets;
     LayerMessageManager messageManager;
 };
 }  // namespace Backend::Layers

@@ -1,38 +1,30 @@
 #include "backend/sections/midiinput/MidiInputManager.h"
 
 #include <array>
-
-#include <sstream>
 #include <utility>
 
-#include "api/OrvIF.h"
 #include "api/OrvMessageManager.h"
 #include "backend/bindings/translations/TranslationFactories.h"
 #include "backend/messages/GuiMessages.h"
 #include "backend/model/PresetSections.h"
-#include "backend/xml/XmlDocument.h"
 
 namespace Backend::MidiInput
 {
 namespace
 {
 constexpr int RELEASE_VELOCITY = 100;
-}
 
-namespace
-{
 constexpr auto COMMANDS = std::to_array<Command<MidiInputManager>>({
     on<MidiInputMessage::SET_EVENT_CONFIGURATIONS, &MidiInputManager::mergeEventConfigurations>(),
-    on<MidiInputMessage::LOAD_PRESET, &MidiInputManager::loadPreset>(),
-    on<MidiInputMessage::RENAME_PRESET, &MidiInputManager::renamePreset>(),
-    on<MidiInputMessage::DELETE_PRESET, &MidiInputManager::deletePreset>(),
-    on<MidiInputMessage::SAVE_PRESET, &MidiInputManager::savePreset>(),
+    on<MidiInputMessage::LOAD_PRESET, &MidiInputManager::loadPreset, MidiInputManager>(),
+    on<MidiInputMessage::RENAME_PRESET, &MidiInputManager::renamePreset, MidiInputManager>(),
+    on<MidiInputMessage::DELETE_PRESET, &MidiInputManager::deletePreset, MidiInputManager>(),
+    on<MidiInputMessage::SAVE_PRESET, &MidiInputManager::savePreset, MidiInputManager>(),
 });
 }  // namespace
 
 MidiInputManager::MidiInputManager(OrvIF& backend, MessageManagerMaster& master)
-    : orv(backend),
-      presets(PresetSections::MIDI_INPUT),
+    : Section(backend, PresetSections::MIDI_INPUT),
       messageManager(master, [this](Message& message) { execute<MidiInputManager>(COMMANDS, *this, message); })
 {
 }
@@ -46,7 +38,7 @@ void MidiInputManager::translate(MidiEngine::OrvMidiMessage message)
         message.setToNoteOff();
         message.setD2(RELEASE_VELOCITY);
     }
-    const MidiEventConfiguration* const found = events.findBest(message);
+    const MidiEventConfiguration* const found = getContent().findBest(message);
     if (found != nullptr && !found->getTranslations().empty()) {
         // Of a copy: a translation may load another program or preset, which replaces what is here.
         const MidiEventConfiguration configuration = *found;
@@ -58,78 +50,36 @@ void MidiInputManager::translate(MidiEngine::OrvMidiMessage message)
 
 void MidiInputManager::getNoteSpans(std::vector<FunctionManagement::FunctionNoteSpan>& result) const
 {
-    const auto iterator = events.createIterator();
+    const auto iterator = getContent().createIterator();
     while (const MidiEventConfiguration* configuration = iterator->next()) configuration->getNoteSpans(result);
 }
 
 // --- files
 
-void MidiInputManager::loadSection(const XmlElement& section)
+void MidiInputManager::readContent(const XmlElement& section, MidiEventConfigurationMap& into)
 {
-    if (section.getTagName() != presets.getSection().rootElement) return;
-    events.readXml(section, TranslationManagement::createTranslationFromXml);
-    const auto iterator = events.createIterator();
+    into.readXml(section, TranslationManagement::createTranslationFromXml);
+    const auto iterator = into.createIterator();
     while (MidiEventConfiguration* configuration = iterator->next()) configuration->setOrv(orv);
-    publish();
 }
 
-void MidiInputManager::writeSection(std::ostream& out, int indent, std::span<const MidiEvent> eventsToSave) const
+void MidiInputManager::writeXml(std::ostream& out, int indent, std::span<const MidiEvent> eventsToSave) const
 {
-    events.writeXml(out, indent, eventsToSave);
+    getContent().writeXml(out, indent, eventsToSave);
 }
 
-void MidiInputManager::loadPreset(const std::string& name)
-{
-    const std::string path = presets.findPreset(name);
-    if (!path.empty()) loadSection(XmlDocument(path, XmlDocument::Source::file).getRoot());
-}
+// --- requests of the window
 
-void MidiInputManager::savePreset(const std::string& name, const std::vector<MidiEvent>& eventsToSave)
-{
-    presets.save(name, [&](std::string& text) {
-        std::ostringstream out;
-        writeSection(out, 0, eventsToSave);
-        text += out.str();
-    });
-}
-
-void MidiInputManager::renamePreset(const std::string& name, const std::string& newName)
-{
-    presets.rename(name, newName);
-}
-
-void MidiInputManager::deletePreset(const std::string& name) { presets.remove(name); }
-
-void MidiInputManager::setDefaults()
-{
-    events.clear();
-    publish();
-}
-
-// --- the window's wishes
-
-void MidiInputManager::mergeEventConfigurations(const std::vector<MidiEventConfiguration>& configurations,
-                                                bool notifyGui)
+void MidiInputManager::mergeEventConfigurations(const std::vector<MidiEventConfiguration>& configurations, bool notify)
 {
     for (MidiEventConfiguration configuration : configurations) {
         const MidiEvent event = configuration.getEvent();
         configuration.setOrv(orv);
-        events.put(event, std::move(configuration));
+        edit().put(event, std::move(configuration));
     }
-    orv.updateZones();
-    const WindowHandle window = orv.getGuiWindowHandle();
-    if (notifyGui && window)
-        window.post({.number = GuiMessage::MIDI_EVENT_CONFIGURATIONS,
-                     .payload = Payload::of(std::vector<MidiEventConfiguration>(configurations))});
+    updatePlaying();
+    if (notify) postToGui(GuiMessage::MIDI_EVENT_CONFIGURATIONS, configurations);
 }
 
-// --- publishing
-
-void MidiInputManager::publish()
-{
-    orv.updateZones();
-    const WindowHandle window = orv.getGuiWindowHandle();
-    if (window)
-        window.post({.number = GuiMessage::MIDI_INPUT, .payload = Payload::of(MidiEventConfigurationMap(events))});
-}
+void MidiInputManager::notifyGui() const { postToGui(GuiMessage::MIDI_INPUT, getContent()); }
 }  // namespace Backend::MidiInput

@@ -2,59 +2,46 @@
 
 #include <iosfwd>
 #include <span>
-#include <string>
 #include <vector>
 
-#include "backend/files/PresetManager.h"
 #include "backend/messages/MidiInputMessageManager.h"
-#include "backend/model/FunctionNoteSpan.h"
 #include "backend/model/MidiEventConfigurationMap.h"
+#include "backend/sections/Section.h"
 #include "platform/Export.h"
 
 namespace Backend::MidiInput
 {
 /// The authority over the translations of incoming events. After every change the zones are worked out anew and the
-/// window is told. The backend thread's own.
-class ORV_API MidiInputManager
+/// window is notified. The backend thread's own.
+class ORV_API MidiInputManager final : public Section<MidiEventConfigurationMap, MidiEvent>
 {
 public:
     MidiInputManager(OrvIF& backend, MessageManagerMaster& master);
 
-    const MidiEventConfigurationMap& getConfiguration() const { return events; }
-    MidiInputMessageManager& getMessageManager() { return messageManager; }
-    PresetManager& getPresets() { return presets; }
+    const MidiEventConfigurationMap& getConfiguration() const { return getContent(); }
+    MidiInputMessageManager& getMessageManager() override { return messageManager; }
+    void notifyGui() const override;
 
     /// Plays what the event's translations make of it. One without translations goes to the layers, which give it their
     /// channel; one whose conditions all fail is swallowed. A note on of velocity 0 is a note off of velocity 100.
     void translate(MidiEngine::OrvMidiMessage message);
 
-    /// Any element but "MidiInput" changes nothing.
-    void loadSection(const XmlElement& section);
-    /// See `MidiEventConfigurationMap::writeXml`.
-    void writeSection(std::ostream& out, int indent, std::span<const MidiEvent> eventsToSave) const;
+    /// As a program or a preset holds it, see `MidiEventConfigurationMap::writeXml`.
+    void writeSection(std::ostream& out, int indent, std::span<const MidiEvent> eventsToSave) const
+    {
+        writeXml(out, indent, eventsToSave);
+    }
+    void writeXml(std::ostream& out, int indent, std::span<const MidiEvent> eventsToSave) const override;
 
-    /// A preset that is not there changes nothing.
-    void loadPreset(const std::string& name);
-    /// The configurations of `eventsToSave`, to be merged when loaded, or without events all of them.
-    void savePreset(const std::string& name, const std::vector<MidiEvent>& eventsToSave);
-    void renamePreset(const std::string& name, const std::string& newName);
-    void deletePreset(const std::string& name);
+    /// Each takes the place of the configuration of its event. With `notify` the window gets them back.
+    void mergeEventConfigurations(const std::vector<MidiEventConfiguration>& configurations, bool notify);
 
-    /// No translations.
-    void setDefaults();
-
-    /// Each takes the place of the configuration of its event. With `notifyGui` the window gets them back.
-    void mergeEventConfigurations(const std::vector<MidiEventConfiguration>& configurations, bool notifyGui);
-
-    /// Appends what the translations can play in zones.
-    void getNoteSpans(std::vector<FunctionManagement::FunctionNoteSpan>& result) const;
+    void getNoteSpans(std::vector<FunctionManagement::FunctionNoteSpan>& result) const override;
 
 private:
-    void publish();
+    void readContent(const XmlElement& section, MidiEventConfigurationMap& into) override;
+    void updatePlaying() override { orv.updateZones(); }
 
-    OrvIF& orv;
-    MidiEventConfigurationMap events;
-    PresetManager presets;
     MidiInputMessageManager messageManager;
 };
 }  // namespace Backend::MidiInput

@@ -4,15 +4,12 @@
 #include <array>
 #include <cmath>
 #include <optional>
-#include <sstream>
 
-#include "api/OrvIF.h"
 #include "backend/messages/GuiMessages.h"
 #include "backend/messages/MidiEngineMessageManager.h"
 #include "backend/model/PresetSections.h"
 #include "backend/values/NoteIntervals.h"
 #include "backend/values/Scaling.h"
-#include "backend/xml/XmlDocument.h"
 
 namespace Backend::Oscillators
 {
@@ -48,10 +45,10 @@ std::int32_t turnKnob(std::int32_t speed, std::int32_t steps)
 constexpr auto COMMANDS = std::to_array<Command<OscManager>>({
     on<OscMessage::MERGE_OSCILLATORS, &OscManager::mergeOscillators>(),
     on<OscMessage::SET_OSCILLATORS, &OscManager::setOscillators>(),
-    on<OscMessage::LOAD_PRESET, &OscManager::loadPreset>(),
-    on<OscMessage::RENAME_PRESET, &OscManager::renamePreset>(),
-    on<OscMessage::DELETE_PRESET, &OscManager::deletePreset>(),
-    on<OscMessage::SAVE_PRESET, &OscManager::savePreset>(),
+    on<OscMessage::LOAD_PRESET, &OscManager::loadPreset, OscManager>(),
+    on<OscMessage::RENAME_PRESET, &OscManager::renamePreset, OscManager>(),
+    on<OscMessage::DELETE_PRESET, &OscManager::deletePreset, OscManager>(),
+    on<OscMessage::SAVE_PRESET, &OscManager::savePreset, OscManager>(),
     on<OscMessage::SET_SELECTED, &OscManager::setSelected>(),
     on<OscMessage::CHANGE_PLAYING, &OscManager::changePlaying>(),
     on<OscMessage::CHANGE_SPEED, &OscManager::changeSpeed>(),
@@ -61,83 +58,46 @@ constexpr auto COMMANDS = std::to_array<Command<OscManager>>({
 }  // namespace
 
 OscManager::OscManager(OrvIF& backend, MessageManagerMaster& master)
-    : orv(backend),
-      presets(PresetSections::OSCILLATORS),
+    : Section(backend, PresetSections::OSCILLATORS),
       messageManager(master, [this](Message& message) { execute<OscManager>(COMMANDS, *this, message); })
 {
 }
 
-// --- files
-
-void OscManager::readXml(const XmlElement& section)
-{
-    oscillators.readXml(section);
-    publish();
-}
-
 void OscManager::writeXml(std::ostream& out, int indent, std::span<const OscId> ids) const
 {
-    oscillators.writeXml(out, indent, ids);
+    getContent().writeXml(out, indent, ids);
 }
 
-void OscManager::loadPreset(const std::string& name)
-{
-    const std::string path = presets.findPreset(name);
-    if (path.empty()) return;
-    readXml(XmlDocument(path, XmlDocument::Source::file).getRoot());
-}
-
-void OscManager::savePreset(const std::string& name, const std::vector<OscId>& ids)
-{
-    presets.save(name, [&](std::string& text) {
-        std::ostringstream out;
-        writeXml(out, 0, ids);
-        text += out.str();
-    });
-}
-
-void OscManager::renamePreset(const std::string& name, const std::string& newName) { presets.rename(name, newName); }
-
-void OscManager::deletePreset(const std::string& name) { presets.remove(name); }
-
-void OscManager::setDefaults()
-{
-    oscillators.clear();
-    publish();
-}
-
-// --- the window's wishes
+// --- requests of the window
 
 void OscManager::mergeOscillators(const std::vector<Oscillator>& changed, bool redraw)
 {
-    for (const Oscillator& oscillator : changed) oscillators.put(oscillator);
-    publishToEngine();
-    if (redraw) tellGui();
+    for (const Oscillator& oscillator : changed) edit().put(oscillator);
+    publish(redraw);
 }
 
 void OscManager::setOscillators(const OscList& newOscillators, bool redraw)
 {
-    oscillators = newOscillators;
-    publishToEngine();
-    if (redraw) tellGui();
+    edit() = newOscillators;
+    publish(redraw);
 }
 
-void OscManager::setSelected(const std::vector<OscId>& ids) { oscillators.selectOnly(ids); }
+void OscManager::setSelected(const std::vector<OscId>& ids) { edit().selectOnly(ids); }
 
 void OscManager::setSpeedMode(OscId id, TimeIntervalType mode)
 {
-    Oscillator* oscillator = oscillators.findElement(id);
+    Oscillator* oscillator = edit().findElement(id);
     if (oscillator == nullptr) return;
     oscillator->speedMode = mode;
-    tellGui(GuiMessage::OSC_SPEED_MODE, id, static_cast<std::int32_t>(mode.kind));
+    postToGui(GuiMessage::OSC_SPEED_MODE, id, mode.kind);
 }
 
 // --- operations
 
 void OscManager::dataSelect(const SelectType& select)
 {
-    oscillators.select(select, [&](const Oscillator& oscillator) {
-        tellGui(GuiMessage::OSC_SELECTED, oscillator.id, oscillator.selected);
+    edit().select(select, [&](const Oscillator& oscillator) {
+        postToGui(GuiMessage::OSC_SELECTED, oscillator.id, oscillator.selected);
     });
 }
 
@@ -147,9 +107,9 @@ void OscManager::changeNamed(const SelectType& select, Change&& change)
 {
     SelectType widened = select;
     if (select.kind == SelectType::Kind::specific)
-        if (const Oscillator* named = oscillators.findElement(select.value); named != nullptr && named->selected)
+        if (const Oscillator* named = getContent().findElement(select.value); named != nullptr && named->selected)
             widened.kind = SelectType::Kind::selected;
-    oscillators.forEachNamed(widened, change);
+    edit().forEachNamed(widened, change);
 }
 
 void OscManager::changePlaying(const SelectType& select, const OnOffToggle& value)
@@ -159,7 +119,7 @@ void OscManager::changePlaying(const SelectType& select, const OnOffToggle& valu
         if (on == oscillator.playing) return;
         oscillator.playing = on;
         orv.getMidiEngineMessageManager().postSetOscPlaying(oscillator.id, on);
-        tellGui(GuiMessage::OSC_PLAYING, oscillator.id, on);
+        postToGui(GuiMessage::OSC_PLAYING, oscillator.id, on);
     });
 }
 
@@ -191,27 +151,15 @@ void OscManager::setSpeed(Oscillator& oscillator, std::int32_t speed)
 {
     oscillator.speed = std::clamp(speed, Oscillator::FASTEST, Oscillator::SLOWEST);
     orv.getMidiEngineMessageManager().postSetOscSpeed(oscillator.id, oscillator.speed);
-    tellGui(GuiMessage::OSC_SPEED, oscillator.id, oscillator.speed);
+    postToGui(GuiMessage::OSC_SPEED, oscillator.id, oscillator.speed);
 }
 
 // --- publishing
 
-void OscManager::publish()
+void OscManager::updatePlaying()
 {
-    publishToEngine();
-    tellGui();
+    orv.getMidiEngineMessageManager().postSetOscList(getOscillators().getOscillators());
 }
 
-void OscManager::publishToEngine() { orv.getMidiEngineMessageManager().postSetOscList(oscillators.getOscillators()); }
-
-void OscManager::tellGui() const
-{
-    const WindowHandle window = orv.getGuiWindowHandle();
-    if (window) window.post({.number = GuiMessage::OSCILLATORS, .payload = Payload::of(OscList(oscillators))});
-}
-
-void OscManager::tellGui(unsigned int message, OscId id, std::int32_t value) const
-{
-    orv.getGuiWindowHandle().post({.number = message, .wparam = static_cast<std::uint32_t>(id), .lparam = value});
-}
+void OscManager::notifyGui() const { postToGui(GuiMessage::OSCILLATORS, getContent()); }
 }  // namespace Backend::Oscillators

@@ -2,47 +2,30 @@
 
 #include <iosfwd>
 #include <span>
-#include <string>
 #include <vector>
 
-#include "backend/files/PresetManager.h"
 #include "backend/messages/OscMessageManager.h"
 #include "backend/model/OscList.h"
+#include "backend/sections/Section.h"
 #include "backend/values/OnOffToggle.h"
 #include "backend/values/RelativeFixedValue.h"
 #include "backend/values/SelectType.h"
 #include "platform/Export.h"
 
-namespace Backend
-{
-class OrvIF;
-}
-
 namespace Backend::Oscillators
 {
 /// The authority over the oscillators. A new list is published: the engine gets a copy with a reset in front of it, and
 /// the window is told. Speed and playing change in the engine's list as it stands. The backend thread's own.
-class ORV_API OscManager
+class ORV_API OscManager final : public Section<OscList, OscId>
 {
 public:
     OscManager(OrvIF& backend, MessageManagerMaster& master);
 
-    const OscList& getOscillators() const { return oscillators; }
-    OscMessageManager& getMessageManager() { return messageManager; }
-    PresetManager& getPresets() { return presets; }
+    const OscList& getOscillators() const { return getContent(); }
+    OscMessageManager& getMessageManager() override { return messageManager; }
+    void notifyGui() const override;
 
-    void readXml(const XmlElement& section);
-    void writeXml(std::ostream& out, int indent, std::span<const OscId> ids) const;
-
-    /// A preset that is not there changes nothing.
-    void loadPreset(const std::string& name);
-    /// The oscillators of `ids`, to be merged when loaded, or without ids all of them.
-    void savePreset(const std::string& name, const std::vector<OscId>& ids);
-    void renamePreset(const std::string& name, const std::string& newName);
-    void deletePreset(const std::string& name);
-
-    /// No oscillators.
-    void setDefaults();
+    void writeXml(std::ostream& out, int indent, std::span<const OscId> ids) const override;
 
     // From the window: with `redraw` it gets the list back.
 
@@ -70,14 +53,9 @@ private:
     template <class Change>
     void changeNamed(const SelectType& select, Change&& change);
     void setSpeed(Oscillator& oscillator, std::int32_t speed);
-    void publish();
-    void publishToEngine();
-    void tellGui() const;
-    void tellGui(unsigned int message, OscId id, std::int32_t value) const;
+    void readContent(const XmlElement& section, OscList& into) override { into.readXml(section); }
+    void updatePlaying() override;
 
-    OrvIF& orv;
-    OscList oscillators;
-    PresetManager presets;
     OscMessageManager messageManager;
 };
 }  // namespace Backend::Oscillators

@@ -4,10 +4,7 @@
 #include <array>
 #include <ostream>
 
-#include "api/OrvIF.h"
-#include "backend/messages/GuiMessages.h"
 #include "backend/messages/MidiEngineMessageManager.h"
-#include "backend/xml/XmlElement.h"
 #include "backend/xml/XmlWriter.h"
 
 namespace Backend::Zones
@@ -28,23 +25,24 @@ constexpr auto COMMANDS = std::to_array<Command<ZoneManager>>({
 }  // namespace
 
 ZoneManager::ZoneManager(OrvIF& backend, MessageManagerMaster& master)
-    : orv(backend), messageManager(master, [this](Message& message) { execute<ZoneManager>(COMMANDS, *this, message); })
+    : Section(backend, "Zones"),
+      messageManager(master, [this](Message& message) { execute<ZoneManager>(COMMANDS, *this, message); })
 {
 }
 
 template <class Visit>
 void ZoneManager::forEachZone(Visit&& visit)
 {
-    const auto iterator = zones.createIterator();
+    const auto iterator = edit().createIterator();
     while (Zone* zone = iterator->next()) visit(*zone);
 }
 
 // --- files
 
-void ZoneManager::readXml(const XmlElement& section)
+void ZoneManager::readContent(const XmlElement& section, ZoneMap& zones)
 {
     forEachZone([](Zone& zone) { zone.transpose = 0; });
-    forEachElement(section, [this](const XmlElement& child) {
+    forEachElement(section, [&zones](const XmlElement& child) {
         if (child.getTagName() != "Zone") return;
         const auto id = static_cast<ZoneId>(child.getIntAttribute("id", 0));
         const auto transpose = static_cast<std::int8_t>(child.getIntAttribute("transpose", 0));
@@ -54,24 +52,17 @@ void ZoneManager::readXml(const XmlElement& section)
             zones.put(id, {.id = id, .transpose = transpose});
     });
     selectOnly(findFrom(-1, 1));
-    publish();
 }
 
-void ZoneManager::writeXml(std::ostream& out, int indent) const
+void ZoneManager::writeXml(std::ostream& out, int indent, std::span<const ZoneId>) const
 {
     const std::string tabs(static_cast<std::size_t>(indent), '\t');
-    out << tabs << xmlOpenTag("Zones") << xmlBoolAttribute("merge", false) << xmlCloseOpen() << '\n';
-    const auto iterator = zones.createIterator();
+    out << tabs << xmlOpenTag(getTag()) << xmlBoolAttribute("merge", false) << xmlCloseOpen() << '\n';
+    const auto iterator = getContent().createIterator();
     while (const Zone* zone = iterator->next())
         out << tabs << '\t' << xmlOpenTag("Zone") << xmlCharAttribute("id", zone->id)
             << xmlCharAttribute("transpose", zone->transpose) << xmlCloseEmpty() << '\n';
-    out << tabs << xmlEndTag("Zones") << '\n';
-}
-
-void ZoneManager::setDefaults()
-{
-    zones.clear();
-    publish();
+    out << tabs << xmlEndTag(getTag()) << '\n';
 }
 
 void ZoneManager::updateZones(std::span<const FunctionNoteSpan> spans)
@@ -82,10 +73,10 @@ void ZoneManager::updateZones(std::span<const FunctionNoteSpan> spans)
     for (const FunctionNoteSpan& span : spans)
         if (span.isPlayed()) mergeSpan(span);
     forEachZone([this](const Zone& zone) {
-        if (!zone.lowNote.isNote() || !zone.highNote.isNote()) zones.remove(ZoneId{zone.id});
+        if (!zone.lowNote.isNote() || !zone.highNote.isNote()) edit().remove(ZoneId{zone.id});
     });
 
-    Zone* const kept = zones.findElement(selectedId);
+    Zone* const kept = edit().findElement(selectedId);
     selectOnly(kept != nullptr ? kept : findFrom(-1, 1));
     publish();
 }
@@ -94,8 +85,8 @@ void ZoneManager::mergeSpan(const FunctionNoteSpan& span)
 {
     if (span.zone < 0 || span.zone > HIGHEST_ZONE) return;
     const auto id = static_cast<ZoneId>(span.zone);
-    Zone* const zone = zones.findElement(id);
-    if (zone == nullptr) return zones.put(id, {.id = id, .lowNote = span.lowNote, .highNote = span.highNote});
+    Zone* const zone = edit().findElement(id);
+    if (zone == nullptr) return edit().put(id, {.id = id, .lowNote = span.lowNote, .highNote = span.highNote});
     const auto number = [](Note note) { return note.getNumber(); };
     if (!zone->lowNote.isNote() || number(zone->lowNote) > number(span.lowNote)) zone->lowNote = span.lowNote;
     if (number(zone->highNote) < number(span.highNote)) zone->highNote = span.highNote;
@@ -105,12 +96,11 @@ void ZoneManager::mergeSpan(const FunctionNoteSpan& span)
 
 void ZoneManager::setZoneTranspose(int id, int transpose)
 {
-    Zone* zone = id >= 0 && id <= HIGHEST_ZONE ? zones.findElement(static_cast<ZoneId>(id)) : nullptr;
+    Zone* zone = id >= 0 && id <= HIGHEST_ZONE ? edit().findElement(static_cast<ZoneId>(id)) : nullptr;
     if (zone == nullptr) return;
     zone->transpose = static_cast<std::int8_t>(transpose);
     orv.getMidiEngineMessageManager().postSetZone(*zone);
-    orv.getGuiWindowHandle().post(
-        {.number = GuiMessage::ZONE_TRANSPOSE, .wparam = static_cast<std::uint32_t>(id), .lparam = zone->transpose});
+    postToGui(GuiMessage::ZONE_TRANSPOSE, zone->id, zone->transpose);
 }
 
 void ZoneManager::changeTranspose(const SelectType& select, const RelativeFixedValue& value)
@@ -121,7 +111,7 @@ void ZoneManager::changeTranspose(const SelectType& select, const RelativeFixedV
     if (select.kind == SelectType::Kind::all) return forEachZone(change);
     const bool inRange = select.value >= 0 && select.value <= HIGHEST_ZONE;
     const Zone* zone = select.kind != SelectType::Kind::specific ? findSelected()
-                       : inRange                                 ? zones.findElement(static_cast<ZoneId>(select.value))
+                       : inRange                                 ? edit().findElement(static_cast<ZoneId>(select.value))
                                                                  : nullptr;
     if (zone != nullptr) change(*zone);
 }
@@ -135,11 +125,11 @@ Zone* ZoneManager::findSelected()
     return selected;
 }
 
-/// The next zone that exists behind `start` in steps of `step`, or null.
+/// The next zone that exists after `start` in steps of `step`, or null.
 Zone* ZoneManager::findFrom(int start, int step)
 {
     for (int id = start + step; step != 0 && id >= 0 && id <= HIGHEST_ZONE; id += step)
-        if (Zone* zone = zones.findElement(static_cast<ZoneId>(id))) return zone;
+        if (Zone* zone = edit().findElement(static_cast<ZoneId>(id))) return zone;
     return nullptr;
 }
 
@@ -154,7 +144,7 @@ void ZoneManager::selectZone(const SelectType& select)
     Zone* target = nullptr;
     if (select.kind == SelectType::Kind::specific) {
         if (select.value >= 0 && select.value <= HIGHEST_ZONE)
-            target = zones.findElement(static_cast<ZoneId>(select.value));
+            target = edit().findElement(static_cast<ZoneId>(select.value));
     } else {
         const int step = select.kind == SelectType::Kind::up ? 1 : select.kind == SelectType::Kind::down ? -1 : 0;
         target = findFrom(selected != nullptr ? selected->id : -1, step);
@@ -162,8 +152,7 @@ void ZoneManager::selectZone(const SelectType& select)
     }
     const auto setSelected = [&](Zone& zone, bool on) {
         zone.selected = on;
-        orv.getGuiWindowHandle().post(
-            {.number = GuiMessage::ZONE_SELECTED, .wparam = static_cast<std::uint32_t>(zone.id), .lparam = on});
+        postToGui(GuiMessage::ZONE_SELECTED, zone.id, on);
     };
     if (selected != nullptr) setSelected(*selected, false);
     if (target != nullptr) setSelected(*target, true);
@@ -176,12 +165,10 @@ void ZoneManager::setSelected(const std::vector<ZoneId>& ids)
 
 // --- publishing
 
-void ZoneManager::publish()
+void ZoneManager::updatePlaying()
 {
     std::vector<Zone> copy;
     forEachZone([&](const Zone& zone) { copy.push_back(zone); });
     orv.getMidiEngineMessageManager().postSetZoneMap(std::move(copy));
-    const WindowHandle window = orv.getGuiWindowHandle();
-    if (window) window.post({.number = GuiMessage::ZONES, .payload = Payload::of(ZoneMap(zones))});
 }
 }  // namespace Backend::Zones

@@ -5,36 +5,29 @@
 #include <span>
 #include <vector>
 
+#include "backend/messages/GuiMessages.h"
 #include "backend/messages/ZoneMessageManager.h"
 #include "backend/model/FunctionNoteSpan.h"
 #include "backend/model/ZoneMap.h"
+#include "backend/sections/Section.h"
 #include "backend/values/RelativeFixedValue.h"
 #include "backend/values/SelectType.h"
 #include "platform/Export.h"
 
-class XmlElement;
-
-namespace Backend
-{
-class OrvIF;
-}
-
 namespace Backend::Zones
 {
 /// The authority over the zones. Changes are published to the engine and the window. The backend thread's own.
-class ORV_API ZoneManager
+class ORV_API ZoneManager final : public Section<ZoneMap, ZoneId>
 {
 public:
     ZoneManager(OrvIF& backend, MessageManagerMaster& master);
 
-    const ZoneMap& getZones() const { return zones; }
-    ZoneMessageManager& getMessageManager() { return messageManager; }
+    const ZoneMap& getZones() const { return getContent(); }
+    ZoneMessageManager& getMessageManager() override { return messageManager; }
+    void notifyGui() const override { postToGui(GuiMessage::ZONES, getContent()); }
 
-    /// A `Zones` element: the zones that are here stay, with the transpositions of the element or none; the lowest zone
-    /// becomes the selected one.
-    void readXml(const XmlElement& section);
-    /// The element, one tag a line behind `indent` TABs.
-    void writeXml(std::ostream& out, int indent) const;
+    /// All zones, whatever the ids.
+    void writeXml(std::ostream& out, int indent, std::span<const ZoneId> ids) const override;
 
     /// Works out anew which zones exist and which notes are played in them, from what the inputs play, in the order of
     /// `spans`. A zone that none plays in goes, with its transposition; the selected one stays so, or the lowest is.
@@ -42,9 +35,6 @@ public:
 
     /// Widens the zone of the span's number, or adds one. Not published.
     void mergeSpan(const FunctionManagement::FunctionNoteSpan& span);
-
-    /// No zones.
-    void setDefaults();
 
     /// Of a zone that exists; the low 8 bits count. A note that is held keeps its note off.
     void setZoneTranspose(int id, int transpose);
@@ -62,10 +52,11 @@ private:
     Zone* findSelected();
     Zone* findFrom(int start, int step);
     void selectOnly(Zone* zone);
-    void publish();
+    /// The zones that are here stay, with the transpositions of the element or none; the lowest zone becomes the
+    /// selected one.
+    void readContent(const XmlElement& section, ZoneMap& into) override;
+    void updatePlaying() override;
 
-    OrvIF& orv;
-    ZoneMap zones;
     ZoneMessageManager messageManager;
 };
 }  // namespace Backend::Zones

@@ -1,0 +1,69 @@
+#pragma once
+
+#include <cassert>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "backend/sections/ProgramSection.h"
+
+namespace Backend
+{
+/// A section whose items, named by an `Id`, are held in a `Content`. What a section adds is how its content is read and
+/// written, and what is published of it. Each change starts at `edit` and ends with `publish` or with a message of what
+/// is new.
+template <class Content, class Id>
+class Section : public ProgramSection
+{
+public:
+    using ProgramSection::ProgramSection;
+
+    void readXml(const XmlElement& section) override
+    {
+        readContent(section, edit());
+        publish();
+    }
+
+    /// The element with the items of `ids`, to be merged when it is read, or without ids with all items.
+    virtual void writeXml(std::ostream& out, int indent, std::span<const Id> ids) const = 0;
+    void writeInProgram(std::ostream& out, int indent) const override { writeXml(out, indent, {}); }
+
+    /// See `PresetManager::save` and `writeXml`.
+    void savePreset(const std::string& name, const std::vector<Id>& ids)
+    {
+        writePreset(name, [&](std::ostream& out) { writeXml(out, 0, ids); });
+    }
+
+    void setDefaults() override
+    {
+        edit().clear();
+        publish();
+    }
+
+protected:
+    const Content& getContent() const { return content; }
+
+    /// The content, to be changed: all changes begin here.
+    Content& edit()
+    {
+        assert(isOnBackendThread());
+        return content;
+    }
+
+    /// Reads the children of a section's element, and whether they are to be merged.
+    virtual void readContent(const XmlElement& section, Content& into) = 0;
+
+    /// Passes the content on to what plays it.
+    virtual void updatePlaying() = 0;
+
+    /// Passes the content on to what plays it and, unless `redraw` is false, to the window.
+    void publish(bool redraw = true)
+    {
+        updatePlaying();
+        if (redraw) notifyGui();
+    }
+
+private:
+    Content content;
+};
+}  // namespace Backend
