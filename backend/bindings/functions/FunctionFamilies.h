@@ -11,6 +11,7 @@
 #include "backend/bindings/functions/FunctionInfo.h"
 #include "backend/bindings/functions/FunctionSettingsTypes.h"
 #include "backend/model/Function.h"
+#include "backend/model/PresetSections.h"
 
 namespace Backend::FunctionManagement
 {
@@ -77,7 +78,7 @@ protected:
     OnOffToggle toggle{};
 };
 
-/// Loads a stored preset by its name.
+/// Loads a stored preset of `Derived::SECTION` by its name.
 template <class Derived>
 class PresetFunction : public FunctionOf<Derived, LoadPresetSettingsType>
 {
@@ -86,6 +87,7 @@ public:
 
     std::string getPreset() const override { return preset; }
     void setPreset(const std::string& name) override { preset = name; }
+    void execute() override { this->orv().loadPreset(Derived::SECTION, preset); }
 
     static constexpr auto attributes() { return std::tuple{Attribute{"preset", &PresetFunction::preset}}; }
 

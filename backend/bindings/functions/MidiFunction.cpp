@@ -1,7 +1,5 @@
 #include "backend/bindings/functions/MidiFunctions.h"
 
-#include "backend/messages/MidiEngineMessageManager.h"
-
 namespace Backend::FunctionManagement
 {
 using MidiEngine::MessageType;
@@ -76,11 +74,9 @@ void MidiParameters::play(OrvIF& orv, const MidiShape& shape) const
     const bool wide = shape.width == MidiShape::Width::fourteenBits;
     const int low = wide ? d1 & SEVEN_BITS : d1;
     const int high = wide ? (d1 >> 7) & SEVEN_BITS : d2;
-    if (shape.road == MidiShape::Road::layers)
-        orv.playMidi({shape.status, low, high, channel, output, zone, OrvMidiMessage::DEFAULT_INPUT, -1});
-    else
-        orv.getMidiEngineMessageManager().postPlayMidi(
-            {shape.status, low, high, 0, output, OrvMidiMessage::DEFAULT_ZONE, OrvMidiMessage::DEFAULT_INPUT, -1});
+    const bool isForLayers = shape.road == MidiShape::Road::layers;
+    orv.playMidi({shape.status, low, high, isForLayers ? channel : 0, output,
+                  isForLayers ? zone : OrvMidiMessage::DEFAULT_ZONE, OrvMidiMessage::DEFAULT_INPUT, -1});
 }
 
 FunctionNoteSpan Functions::MidiNoteOn::getNoteSpan() const

@@ -12,7 +12,7 @@ public:
     static constexpr SelectFlags flags = SELECTS;
     using ChangeFunctionOf::ChangeFunctionOf;
 
-    void execute() override;
+    void execute() override { orv().selectOsc(selectType); }
 };
 
 class ChangeOscPlaying final : public BooleanFunction<ChangeOscPlaying>
@@ -22,7 +22,7 @@ public:
     static constexpr SelectFlags flags = CHANGES;
     using ChangeFunctionOf::ChangeFunctionOf;
 
-    void execute() override;
+    void execute() override { orv().changeOscPlaying(selectType, value); }
 };
 
 class ChangeOscSpeed final : public SelectFunction<ChangeOscSpeed>
@@ -32,7 +32,7 @@ public:
     static constexpr SelectFlags flags = CHANGES;
     using ChangeFunctionOf::ChangeFunctionOf;
 
-    void execute() override;
+    void execute() override { orv().changeOscSpeed(selectType, value); }
 };
 
 }  // namespace Backend::FunctionManagement::Functions

@@ -19,9 +19,8 @@ class LoadOscillatorPreset final : public PresetFunction<LoadOscillatorPreset>
 {
 public:
     static constexpr FunctionInfo info{"Load Oscillator Preset", "LoadOscillatorPreset", HelpId::loadOscillatorPreset};
+    static constexpr PresetSection SECTION = PresetSections::OSCILLATORS;
     using PresetFunction::PresetFunction;
-
-    void execute() override;
 };
 
 class LoadJoystickInputPreset final : public PresetFunction<LoadJoystickInputPreset>
@@ -29,18 +28,16 @@ class LoadJoystickInputPreset final : public PresetFunction<LoadJoystickInputPre
 public:
     static constexpr FunctionInfo info{"Load Joystick Input Preset", "LoadJoystickInputPreset",
                                        HelpId::loadJoystickInputPreset};
+    static constexpr PresetSection SECTION = PresetSections::JOYSTICK;
     using PresetFunction::PresetFunction;
-
-    void execute() override;
 };
 
 class LoadMidiInputPreset final : public PresetFunction<LoadMidiInputPreset>
 {
 public:
     static constexpr FunctionInfo info{"Load Midi Input Preset", "LoadMidiInputPreset", HelpId::loadMidiInputPreset};
+    static constexpr PresetSection SECTION = PresetSections::MIDI_INPUT;
     using PresetFunction::PresetFunction;
-
-    void execute() override;
 };
 
 class LoadComputerInputPreset final : public PresetFunction<LoadComputerInputPreset>
@@ -48,27 +45,24 @@ class LoadComputerInputPreset final : public PresetFunction<LoadComputerInputPre
 public:
     static constexpr FunctionInfo info{"Load Computer Input Preset", "LoadComputerInputPreset",
                                        HelpId::loadComputerInputPreset};
+    static constexpr PresetSection SECTION = PresetSections::COMPUTER_INPUT;
     using PresetFunction::PresetFunction;
-
-    void execute() override;
 };
 
 class LoadControlPreset final : public PresetFunction<LoadControlPreset>
 {
 public:
     static constexpr FunctionInfo info{"Load Control Preset", "LoadControlPreset", HelpId::loadControlPreset};
+    static constexpr PresetSection SECTION = PresetSections::CONTROLS;
     using PresetFunction::PresetFunction;
-
-    void execute() override;
 };
 
 class LoadLayerPreset final : public PresetFunction<LoadLayerPreset>
 {
 public:
     static constexpr FunctionInfo info{"Load Layer Preset", "LoadLayerPreset", HelpId::loadLayerPreset};
+    static constexpr PresetSection SECTION = PresetSections::LAYERS;
     using PresetFunction::PresetFunction;
-
-    void execute() override;
 };
 
 }  // namespace Backend::FunctionManagement::Functions

@@ -188,7 +188,11 @@ public:
 class ChangeOscSpeed final : public SelectTranslation<ChangeOscSpeed, Functions::ChangeOscSpeed>
 {
 public:
-    void run(OrvIF& orv, const MidiEngine::OrvMidiMessage& message) const;
+    void run(OrvIF& orv, const MidiEngine::OrvMidiMessage& message) const
+    {
+        if (value.kind == MidiTranslationValue::Kind::specific) return SelectTranslation::run(orv, message);
+        orv.setOscSpeedFromMidi(getSelectType().getSelectType(message), value.getValue(message).value);
+    }
 };
 
 // --- controls
