@@ -27,7 +27,7 @@ PresetEntry readEntry(const fs::path& file)
     return {textOf(file.stem()), document.getRoot().getBoolAttribute("merge", false)};
 }
 
-void tell(const std::string& path, const char* what, const std::error_code& error)
+void report(const std::string& path, const char* what, const std::error_code& error)
 {
     if (error) DbgStream() << path << ": " << what << ": " << error.message();
 }
@@ -69,7 +69,7 @@ bool PresetManager::save(std::string_view name, const ElementWriter& writeElemen
     std::error_code error;
     fs::create_directories(pathOf(getFolder()), error);
     if (!error) error = WholeFile::replace(pathOf(path), text);
-    tell(path, "not saved", error);
+    report(path, "not saved", error);
     if (!error) list.add(readEntry(pathOf(path)));
     changed(!error);
     return !error;
@@ -83,7 +83,7 @@ bool PresetManager::rename(std::string_view oldName, std::string_view newName)
     if (list.find(oldName) == nullptr || oldPath.empty() || newPath.empty()) return false;
     std::error_code error;
     fs::rename(pathOf(oldPath), pathOf(newPath), error);
-    tell(oldPath, "not renamed", error);
+    report(oldPath, "not renamed", error);
     list.rename(oldName, std::string(Text::trim(newName)));
     changed(!error);
     return true;
@@ -95,7 +95,7 @@ bool PresetManager::remove(std::string_view name)
     const std::string path = getPresetPath(name);
     std::error_code error;
     if (!path.empty()) fs::remove(pathOf(path), error);
-    tell(path, "not removed", error);
+    report(path, "not removed", error);
     list.remove(std::string(name));
     changed(!error);
     return true;

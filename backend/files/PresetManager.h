@@ -19,7 +19,7 @@ class ORV_API PresetManager
 public:
     explicit PresetManager(const PresetSection& presetSection) : section(presetSection) {}
 
-    /// Called after each save, renaming and removal that was asked for of the list; says whether the folder took it.
+    /// Called after each save, renaming and removal that was asked for; `done` is false if the folder did not take it.
     std::function<void(bool done)> onChange;
 
     const PresetSection& getSection() const { return section; }

@@ -15,8 +15,8 @@
 
 namespace Backend::Layers
 {
-/// A section of a program that is a row of items: layers, oscillators. An id is a position, so whoever adds items
-/// leaves the numbering to the list. `Item` says the tags, `SECTION` and `ELEMENT`.
+/// A section of a program that is a row of items: layers, oscillators. An id is a position, so the list
+/// numbers the items that are added. `Item` says the tags, `SECTION` and `ELEMENT`.
 template <class Item, class Id>
 class SectionList : public Component::ElementList<Item, Id>
 {
@@ -57,7 +57,8 @@ public:
     }
     void readXml(const XmlElement& section) { readXml(section, &Item::fromXml); }
 
-    /// The element, one tag a line behind `indent` TABs: the items of `ids`, to be merged, or without ids all of them.
+    /// The element, one tag a line, indented by `indent` TABs: the items of `ids`, to be merged, or without ids all of
+    /// them.
     void writeXml(std::ostream& out, int indent, std::span<const Id> ids) const
     {
         const std::string tabs(static_cast<std::size_t>(indent), '\t');
@@ -68,9 +69,9 @@ public:
     }
 
     /// Moves the selection up or down from the first selected item, or to the one that is named, and calls
-    /// `tell(item)` for each whose selection was set. A target outside the list changes nothing.
-    template <class Tell>
-    void select(const SelectType& to, Tell&& tell)
+    /// `notify(item)` for each whose selection was set. A target outside the list changes nothing.
+    template <class Notify>
+    void select(const SelectType& to, Notify&& notify)
     {
         const auto current = std::ranges::find_if(elements, &Item::selected);
         std::int64_t target = current == elements.end() ? -1 : current->id;
@@ -81,7 +82,7 @@ public:
 
         const auto setSelected = [&](Item& item, bool selected) {
             item.selected = selected;
-            tell(std::as_const(item));
+            notify(std::as_const(item));
         };
         if (current != elements.end() && current->id != target) setSelected(*current, false);
         setSelected(elements[static_cast<std::size_t>(target)], true);

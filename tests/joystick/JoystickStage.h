@@ -20,7 +20,7 @@ struct JoystickStage : Stage {
     std::string written()
     {
         std::ostringstream out;
-        joysticks().writeXml(out, 0);
+        joysticks().writeInProgram(out, 0);
         return out.str();
     }
 

@@ -15,8 +15,8 @@
 
 namespace Backend::Controls
 {
-/// The authority over the controls of the screen. A control sends its value as events and follows the same event when
-/// it passes through the engine from anywhere else. The window is told of every change. The backend thread's own.
+/// The controls of the screen. A control sends its value as events and follows the same event when it passes through
+/// the engine from anywhere else. The window is notified of every change. The backend thread's.
 class ORV_API ControlManager final : public Section<ControlMap, Cell>
 {
 public:
@@ -54,7 +54,7 @@ public:
     /// it is selected, the other selected controls move with it, and send with it.
     void setControlValue(Control& control, std::int32_t value, bool notify, bool send);
 
-    /// What an event that went out says, for every control that follows it but the one it came from. Sends nothing.
+    /// Sets every control that follows an event that was sent, except the one that sent it. Sends nothing.
     void updateControls(const MidiEngine::OrvMidiMessage& event);
 
     // From the window

@@ -11,6 +11,6 @@ namespace Backend::Controls
 /// The boxes below the faders hold the same events, so each shows what the other does.
 ORV_API ControlMap defaultControls();
 
-/// Their `Controls` element, as factory content holds it, one tag a line behind `indent` TABs.
+/// Their `Controls` element, as factory content holds it, one tag a line, indented by `indent` TABs.
 ORV_API std::string defaultControlsXml(int indent);
 }  // namespace Backend::Controls

@@ -87,7 +87,7 @@ void JoystickEngine::compareButtons(int joystick, const Pressed& before, const P
     }
 }
 
-/// The buttons, and behind them the directions.
+/// The buttons, then the directions.
 JoystickEngine::Pressed JoystickEngine::pressedIn(const JoystickReading& reading)
 {
     Pressed pressed(reading.buttons);

@@ -25,7 +25,7 @@ public:
     /// How often to look for a joystick while there is none.
     static constexpr std::chrono::milliseconds LOOK_INTERVAL{200};
 
-    /// Who is told. Called on the engine's thread.
+    /// Receives the reports, on the engine's thread.
     class Listener
     {
     public:
@@ -49,7 +49,7 @@ public:
     void start();
     void stop();
 
-    // The engine's thread, or whoever has not started it
+    // On the engine's thread, or on any one thread while it is not started
 
     /// How held buttons repeat from now on.
     void setRepeat(const KeyRepeat& repeat);

@@ -15,7 +15,7 @@
 
 namespace Backend::Joystick
 {
-/// Who moves an axis or presses a button: the device, or the window's grids and buttons.
+/// What moves an axis or presses a button: the device, or the window's grids and buttons.
 enum class Source { joystick, gui };
 
 /// What the joysticks do: reads and writes the program's section, sends what an axis is bound to, runs what a button is
@@ -27,7 +27,7 @@ public:
 
     const JoystickConfiguration& getConfiguration() const { return getContent(); }
     JoystickMessageManager& getMessageManager() override { return messageManager; }
-    /// See there for who may call it.
+    /// See there for the threads that may call it.
     JoystickEngine& getEngine() { return engine; }
 
     /// The axes and buttons that are bound, whatever the ids, and which joysticks are disabled.

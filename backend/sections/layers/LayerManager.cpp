@@ -66,7 +66,7 @@ void LayerManager::setSelected(const std::vector<LayerId>& ids) { edit().selectO
 
 // --- operations
 
-/// `change` alters a layer and returns what the window is told of it.
+/// `change` alters a layer and returns the new value for the window.
 template <class Message, class Change>
 void LayerManager::changeLayers(const SelectType& select, const Message& message, Change&& change)
 {

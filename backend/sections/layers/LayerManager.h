@@ -16,8 +16,8 @@
 
 namespace Backend::Layers
 {
-/// The authority over the layers. Every change is published: the engine gets a copy with a reset in front of it, so
-/// that nothing hangs, and the window is told. The backend thread's own.
+/// The layers of the program. Every change is published: the engine gets a reset, so that no note hangs, and then a
+/// copy; the window gets what changed. The backend thread's.
 class ORV_API LayerManager final : public Section<LayerList, LayerId>
 {
 public:
@@ -50,7 +50,7 @@ public:
     /// Moves the selection up or down from the first selected layer, or to a layer. A target outside the list changes
     /// nothing.
     void dataSelect(const SelectType& select);
-    /// Tells the window to open the settings of a layer; changes nothing here.
+    /// Asks the window to open the settings of a layer; changes nothing here.
     void editSelect(const SelectType& select) const;
 
 private:

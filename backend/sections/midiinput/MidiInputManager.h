@@ -11,8 +11,8 @@
 
 namespace Backend::MidiInput
 {
-/// The authority over the translations of incoming events. After every change the zones are worked out anew and the
-/// window is notified. The backend thread's own.
+/// The translations of incoming events. After every change the zones are worked out anew and the
+/// window is notified. The backend thread's.
 class ORV_API MidiInputManager final : public Section<MidiEventConfigurationMap, MidiEvent>
 {
 public:

@@ -14,8 +14,8 @@
 
 namespace Backend::Oscillators
 {
-/// The authority over the oscillators. A new list is published: the engine gets a copy with a reset in front of it, and
-/// the window is told. Speed and playing change in the engine's list as it stands. The backend thread's own.
+/// The oscillators of the program. A new list is published: the engine gets a reset and then a copy, and the window a
+/// copy. Speed and playing change in the engine's present list. The backend thread's.
 class ORV_API OscManager final : public Section<OscList, OscId>
 {
 public:

@@ -16,7 +16,7 @@
 
 namespace Backend::Zones
 {
-/// The authority over the zones. Changes are published to the engine and the window. The backend thread's own.
+/// The zones of the program. Changes are published to the engine and the window. The backend thread's.
 class ORV_API ZoneManager final : public Section<ZoneMap, ZoneId>
 {
 public:
