@@ -4,8 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "backend/messages/MessageManagerMaster.h"
-#include "backend/messages/TypedMessage.h"
+#include "backend/messages/PresetMessages.h"
 #include "backend/model/JoystickConfiguration.h"
 #include "platform/Export.h"
 
@@ -65,20 +64,18 @@ inline constexpr TypedMessage<JoystickElement, bool> JOYSTICK_BUTTON_DOWN{35231,
 inline constexpr TypedMessage<JoystickElement> JOYSTICK_BUTTON_UP{35232, "JoystickButtonUp"};
 inline constexpr TypedMessage<JoystickElement, bool> GUI_BUTTON_DOWN{35233, "GuiButtonDown"};
 inline constexpr TypedMessage<JoystickElement> GUI_BUTTON_UP{35234, "GuiButtonUp"};
-inline constexpr TypedMessage<std::string> LOAD_PRESET{35235, "LoadPreset"};
-inline constexpr TypedMessage<std::string, std::string> RENAME_PRESET{35236, "RenamePreset"};
-inline constexpr TypedMessage<std::string> DELETE_PRESET{35237, "DeletePreset"};
-inline constexpr TypedMessage<std::string> SAVE_PRESET{35238, "SavePreset"};
+/// LOAD_PRESET, RENAME_PRESET, DELETE_PRESET and SAVE_PRESET.
+using Presets = PresetMessages<35235>;
 inline constexpr TypedMessage<int, bool> ENABLE_JOYSTICK{35239, "EnableJoystick"};
 }  // namespace JoystickMessage
 
 /// What joysticks report and the window asks of them. Any thread but the time slice. Configurations travel as copies;
 /// axes and buttons go in the message itself. An id that is not valid does nothing.
-class ORV_API JoystickMessageManager final : public MessageManager
+class ORV_API JoystickMessageManager final : public PresetMessageManager<JoystickMessage::Presets>
 {
 public:
     JoystickMessageManager(MessageManagerMaster& managerMaster, Handler handler)
-        : MessageManager(managerMaster, JoystickMessage::RANGE, std::move(handler))
+        : PresetMessageManager(managerMaster, JoystickMessage::RANGE, std::move(handler))
     {
     }
 
@@ -142,16 +139,5 @@ public:
     {
         master.post(JoystickMessage::SET_AXIS_CONFIGURATIONS(axes, notifyGui));
     }
-
-    void postLoadPreset(const std::string& name) { master.post(JoystickMessage::LOAD_PRESET(name)); }
-
-    void postRenamePreset(const std::string& name, const std::string& newName)
-    {
-        master.post(JoystickMessage::RENAME_PRESET(name, newName));
-    }
-
-    void postDeletePreset(const std::string& name) { master.post(JoystickMessage::DELETE_PRESET(name)); }
-
-    void postSavePreset(const std::string& name) { master.post(JoystickMessage::SAVE_PRESET(name)); }
 };
 }  // namespace Backend::Joystick

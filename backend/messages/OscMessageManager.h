@@ -3,8 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "backend/messages/MessageManagerMaster.h"
-#include "backend/messages/TypedMessage.h"
+#include "backend/messages/PresetMessages.h"
 #include "backend/model/OscList.h"
 #include "backend/values/OnOffToggle.h"
 #include "backend/values/RelativeFixedValue.h"
@@ -20,10 +19,8 @@ inline constexpr MessageRange RANGE{35468, 35480};
 
 inline constexpr TypedMessage<std::vector<Oscillator>, bool> MERGE_OSCILLATORS{35469, "MergeOscillators"};
 inline constexpr TypedMessage<OscList, bool> SET_OSCILLATORS{35470, "SetOscillators"};
-inline constexpr TypedMessage<std::string> LOAD_PRESET{35471, "LoadPreset"};
-inline constexpr TypedMessage<std::string, std::string> RENAME_PRESET{35472, "RenamePreset"};
-inline constexpr TypedMessage<std::string> DELETE_PRESET{35473, "DeletePreset"};
-inline constexpr TypedMessage<std::string, std::vector<OscId>> SAVE_PRESET{35474, "SavePreset"};
+/// LOAD_PRESET, RENAME_PRESET, DELETE_PRESET and SAVE_PRESET.
+using Presets = PresetMessages<35471, std::vector<OscId>>;
 inline constexpr TypedMessage<std::vector<OscId>> SET_SELECTED{35475, "SetSelected"};
 inline constexpr TypedMessage<SelectType, OnOffToggle> CHANGE_PLAYING{35476, "ChangePlaying"};
 inline constexpr TypedMessage<SelectType, RelativeFixedValue> CHANGE_SPEED{35477, "ChangeSpeed"};
@@ -32,11 +29,11 @@ inline constexpr TypedMessage<OscId, TimeIntervalType> SET_SPEED_MODE{35479, "Se
 }  // namespace OscMessage
 
 /// What the window asks of the oscillators, see `OscManager`. Any thread but the time slice.
-class ORV_API OscMessageManager final : public MessageManager
+class ORV_API OscMessageManager final : public PresetMessageManager<OscMessage::Presets>
 {
 public:
     OscMessageManager(MessageManagerMaster& managerMaster, Handler handler)
-        : MessageManager(managerMaster, OscMessage::RANGE, std::move(handler))
+        : PresetMessageManager(managerMaster, OscMessage::RANGE, std::move(handler))
     {
     }
 
@@ -48,20 +45,6 @@ public:
     void postSetOscillators(const OscList& oscillators, bool redraw)
     {
         master.post(OscMessage::SET_OSCILLATORS(oscillators, redraw));
-    }
-
-    void postLoadPreset(const std::string& name) { master.post(OscMessage::LOAD_PRESET(name)); }
-
-    void postRenamePreset(const std::string& name, const std::string& newName)
-    {
-        master.post(OscMessage::RENAME_PRESET(name, newName));
-    }
-
-    void postDeletePreset(const std::string& name) { master.post(OscMessage::DELETE_PRESET(name)); }
-
-    void postSavePreset(const std::string& name, const std::vector<OscId>& ids)
-    {
-        master.post(OscMessage::SAVE_PRESET(name, ids));
     }
 
     void postSetSelected(const std::vector<OscId>& ids) { master.post(OscMessage::SET_SELECTED(ids)); }

@@ -1,6 +1,9 @@
 #pragma once
 
+#include <algorithm>
+#include <array>
 #include <concepts>
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -285,6 +288,17 @@ constexpr auto answer()
                                    *result = std::invoke(operation, target, std::move(arguments)...);
                                });
                            }};
+}
+
+/// The rows of two tables.
+template <class Target, std::size_t FIRST, std::size_t SECOND>
+constexpr std::array<Command<Target>, FIRST + SECOND> operator+(const std::array<Command<Target>, FIRST>& first,
+                                                                const std::array<Command<Target>, SECOND>& second)
+{
+    std::array<Command<Target>, FIRST + SECOND> all{};
+    std::ranges::copy(first, all.begin());
+    std::ranges::copy(second, all.begin() + FIRST);
+    return all;
 }
 
 /// Executes the row of the message's number. One without a row is reported to the debug stream and ignored.

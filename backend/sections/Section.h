@@ -1,10 +1,12 @@
 #pragma once
 
+#include <array>
 #include <cassert>
 #include <span>
 #include <string>
 #include <vector>
 
+#include "backend/messages/PresetMessages.h"
 #include "backend/sections/ProgramSection.h"
 
 namespace Backend
@@ -66,4 +68,14 @@ protected:
 private:
     Content content;
 };
+
+/// The rows of `Messages`, see `PresetMessages`, of a section's manager.
+template <class Manager, class Messages>
+constexpr auto presetCommands()
+{
+    return std::array{on<Messages::LOAD_PRESET, &Manager::loadPreset, Manager>(),
+                      on<Messages::RENAME_PRESET, &Manager::renamePreset, Manager>(),
+                      on<Messages::DELETE_PRESET, &Manager::deletePreset, Manager>(),
+                      on<Messages::SAVE_PRESET, &Manager::savePreset, Manager>()};
+}
 }  // namespace Backend

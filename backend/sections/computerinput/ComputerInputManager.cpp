@@ -18,16 +18,14 @@ using FunctionManagement::FunctionNoteSpan;
 
 namespace
 {
-constexpr auto COMMANDS = std::to_array<Command<ComputerInputManager>>({
-    on<ComputerInputMessage::SET_KEY_CONFIGURATIONS, &ComputerInputManager::mergeKeyConfigurations>(),
-    on<ComputerInputMessage::SET_USE_KEY_UP_MOD, &ComputerInputManager::setUseKeyUpMod>(),
-    on<ComputerInputMessage::LOAD_PRESET, &ComputerInputManager::loadPreset>(),
-    on<ComputerInputMessage::RENAME_PRESET, &ComputerInputManager::renamePreset>(),
-    on<ComputerInputMessage::DELETE_PRESET, &ComputerInputManager::deletePreset>(),
-    on<ComputerInputMessage::SAVE_PRESET, &ComputerInputManager::savePreset, ComputerInputManager>(),
-    on<ComputerInputMessage::KEY_DOWN, &ComputerInputManager::keyDown>(),
-    on<ComputerInputMessage::KEY_UP, &ComputerInputManager::keyUp>(),
-});
+constexpr auto COMMANDS =
+    std::to_array<Command<ComputerInputManager>>({
+        on<ComputerInputMessage::SET_KEY_CONFIGURATIONS, &ComputerInputManager::mergeKeyConfigurations>(),
+        on<ComputerInputMessage::SET_USE_KEY_UP_MOD, &ComputerInputManager::setUseKeyUpMod>(),
+        on<ComputerInputMessage::KEY_DOWN, &ComputerInputManager::keyDown>(),
+        on<ComputerInputMessage::KEY_UP, &ComputerInputManager::keyUp>(),
+    }) +
+    presetCommands<ComputerInputManager, ComputerInputMessage::Presets>();
 }  // namespace
 
 ComputerInputManager::ComputerInputManager(OrvIF& backend, MessageManagerMaster& master)

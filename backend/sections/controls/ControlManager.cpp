@@ -17,15 +17,12 @@ void updateControls(ControlManager& manager, Message& message)
 }
 
 constexpr auto COMMANDS = std::to_array<Command<ControlManager>>({
-    on<ControlMessage::SET_CONTROLS, &ControlManager::mergeControls>(),
-    on<ControlMessage::LOAD_PRESET, &ControlManager::loadPreset, ControlManager>(),
-    on<ControlMessage::RENAME_PRESET, &ControlManager::renamePreset, ControlManager>(),
-    on<ControlMessage::DELETE_PRESET, &ControlManager::deletePreset, ControlManager>(),
-    on<ControlMessage::SAVE_PRESET, &ControlManager::savePreset, ControlManager>(),
-    on<ControlMessage::SET_VALUE, &ControlManager::setValueAt>(),
-    on<ControlMessage::SET_SELECTED, &ControlManager::setSelectedAt>(),
-    {ControlUpdates::MESSAGE, "UpdateControl", updateControls},
-});
+                              on<ControlMessage::SET_CONTROLS, &ControlManager::mergeControls>(),
+                              on<ControlMessage::SET_VALUE, &ControlManager::setValueAt>(),
+                              on<ControlMessage::SET_SELECTED, &ControlManager::setSelectedAt>(),
+                              {ControlUpdates::MESSAGE, "UpdateControl", updateControls},
+                          }) +
+                          presetCommands<ControlManager, ControlMessage::Presets>();
 }  // namespace
 
 ControlManager::ControlManager(OrvIF& backend, MessageManagerMaster& master)

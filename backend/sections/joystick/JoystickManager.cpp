@@ -62,28 +62,25 @@ constexpr int R = findAxis("R"), U = findAxis("U"), V = findAxis("V");
 
 using namespace JoystickMessage;
 constexpr auto COMMANDS = std::to_array<Command<JoystickManager>>({
-    on<SET_BUTTON_CONFIGURATIONS, &JoystickManager::setButtonConfigurations>(),
-    on<SET_AXIS_CONFIGURATIONS, &JoystickManager::setAxisConfigurations>(),
-    on<XY_GRID, &moveGrid<X, Y>>(),
-    on<UV_GRID, &moveGrid<U, V>>(),
-    on<X_AXIS, &moveAxis<X>>(),
-    on<Y_AXIS, &moveAxis<Y>>(),
-    on<Z_AXIS, &moveAxis<Z>>(),
-    on<R_AXIS, &moveAxis<R>>(),
-    on<U_AXIS, &moveAxis<U>>(),
-    on<V_AXIS, &moveAxis<V>>(),
-    on<JOYSTICK_AXIS, &moveAnyAxis<Source::joystick>>(),
-    on<GUI_AXIS, &moveAnyAxis<Source::gui>>(),
-    on<JOYSTICK_BUTTON_DOWN, &buttonDown<Source::joystick>>(),
-    on<JOYSTICK_BUTTON_UP, &buttonUp<Source::joystick>>(),
-    on<GUI_BUTTON_DOWN, &buttonDown<Source::gui>>(),
-    on<GUI_BUTTON_UP, &buttonUp<Source::gui>>(),
-    on<LOAD_PRESET, &JoystickManager::loadPreset, JoystickManager>(),
-    on<RENAME_PRESET, &JoystickManager::renamePreset, JoystickManager>(),
-    on<DELETE_PRESET, &JoystickManager::deletePreset, JoystickManager>(),
-    on<SAVE_PRESET, &JoystickManager::savePreset>(),
-    on<ENABLE_JOYSTICK, &JoystickManager::enableJoystick>(),
-});
+                              on<SET_BUTTON_CONFIGURATIONS, &JoystickManager::setButtonConfigurations>(),
+                              on<SET_AXIS_CONFIGURATIONS, &JoystickManager::setAxisConfigurations>(),
+                              on<XY_GRID, &moveGrid<X, Y>>(),
+                              on<UV_GRID, &moveGrid<U, V>>(),
+                              on<X_AXIS, &moveAxis<X>>(),
+                              on<Y_AXIS, &moveAxis<Y>>(),
+                              on<Z_AXIS, &moveAxis<Z>>(),
+                              on<R_AXIS, &moveAxis<R>>(),
+                              on<U_AXIS, &moveAxis<U>>(),
+                              on<V_AXIS, &moveAxis<V>>(),
+                              on<JOYSTICK_AXIS, &moveAnyAxis<Source::joystick>>(),
+                              on<GUI_AXIS, &moveAnyAxis<Source::gui>>(),
+                              on<JOYSTICK_BUTTON_DOWN, &buttonDown<Source::joystick>>(),
+                              on<JOYSTICK_BUTTON_UP, &buttonUp<Source::joystick>>(),
+                              on<GUI_BUTTON_DOWN, &buttonDown<Source::gui>>(),
+                              on<GUI_BUTTON_UP, &buttonUp<Source::gui>>(),
+                              on<ENABLE_JOYSTICK, &JoystickManager::enableJoystick>(),
+                          }) +
+                          presetCommands<JoystickManager, JoystickMessage::Presets>();
 }  // namespace
 
 JoystickManager::JoystickManager(OrvIF& backend, MessageManagerMaster& master)

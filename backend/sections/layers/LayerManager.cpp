@@ -18,14 +18,11 @@ std::int32_t changed(std::int32_t current, const RelativeFixedValue& value)
 }
 
 constexpr auto COMMANDS = std::to_array<Command<LayerManager>>({
-    on<LayerMessage::MERGE_LAYERS, &LayerManager::mergeLayers>(),
-    on<LayerMessage::SET_LAYERS, &LayerManager::setLayers>(),
-    on<LayerMessage::LOAD_PRESET, &LayerManager::loadPreset, LayerManager>(),
-    on<LayerMessage::RENAME_PRESET, &LayerManager::renamePreset, LayerManager>(),
-    on<LayerMessage::DELETE_PRESET, &LayerManager::deletePreset, LayerManager>(),
-    on<LayerMessage::SAVE_PRESET, &LayerManager::savePreset, LayerManager>(),
-    on<LayerMessage::SET_SELECTED, &LayerManager::setSelected>(),
-});
+                              on<LayerMessage::MERGE_LAYERS, &LayerManager::mergeLayers>(),
+                              on<LayerMessage::SET_LAYERS, &LayerManager::setLayers>(),
+                              on<LayerMessage::SET_SELECTED, &LayerManager::setSelected>(),
+                          }) +
+                          presetCommands<LayerManager, LayerMessage::Presets>();
 }  // namespace
 
 LayerManager::LayerManager(OrvIF& backend, MessageManagerMaster& master)

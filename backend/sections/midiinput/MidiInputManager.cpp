@@ -14,13 +14,11 @@ namespace
 {
 constexpr int RELEASE_VELOCITY = 100;
 
-constexpr auto COMMANDS = std::to_array<Command<MidiInputManager>>({
-    on<MidiInputMessage::SET_EVENT_CONFIGURATIONS, &MidiInputManager::mergeEventConfigurations>(),
-    on<MidiInputMessage::LOAD_PRESET, &MidiInputManager::loadPreset, MidiInputManager>(),
-    on<MidiInputMessage::RENAME_PRESET, &MidiInputManager::renamePreset, MidiInputManager>(),
-    on<MidiInputMessage::DELETE_PRESET, &MidiInputManager::deletePreset, MidiInputManager>(),
-    on<MidiInputMessage::SAVE_PRESET, &MidiInputManager::savePreset, MidiInputManager>(),
-});
+constexpr auto COMMANDS =
+    std::to_array<Command<MidiInputManager>>({
+        on<MidiInputMessage::SET_EVENT_CONFIGURATIONS, &MidiInputManager::mergeEventConfigurations>(),
+    }) +
+    presetCommands<MidiInputManager, MidiInputMessage::Presets>();
 }  // namespace
 
 MidiInputManager::MidiInputManager(OrvIF& backend, MessageManagerMaster& master)

@@ -43,18 +43,15 @@ std::int32_t turnKnob(std::int32_t speed, std::int32_t steps)
 }
 
 constexpr auto COMMANDS = std::to_array<Command<OscManager>>({
-    on<OscMessage::MERGE_OSCILLATORS, &OscManager::mergeOscillators>(),
-    on<OscMessage::SET_OSCILLATORS, &OscManager::setOscillators>(),
-    on<OscMessage::LOAD_PRESET, &OscManager::loadPreset, OscManager>(),
-    on<OscMessage::RENAME_PRESET, &OscManager::renamePreset, OscManager>(),
-    on<OscMessage::DELETE_PRESET, &OscManager::deletePreset, OscManager>(),
-    on<OscMessage::SAVE_PRESET, &OscManager::savePreset, OscManager>(),
-    on<OscMessage::SET_SELECTED, &OscManager::setSelected>(),
-    on<OscMessage::CHANGE_PLAYING, &OscManager::changePlaying>(),
-    on<OscMessage::CHANGE_SPEED, &OscManager::changeSpeed>(),
-    on<OscMessage::SET_SPEED_FROM_MIDI, &OscManager::setSpeedFromMidi>(),
-    on<OscMessage::SET_SPEED_MODE, &OscManager::setSpeedMode>(),
-});
+                              on<OscMessage::MERGE_OSCILLATORS, &OscManager::mergeOscillators>(),
+                              on<OscMessage::SET_OSCILLATORS, &OscManager::setOscillators>(),
+                              on<OscMessage::SET_SELECTED, &OscManager::setSelected>(),
+                              on<OscMessage::CHANGE_PLAYING, &OscManager::changePlaying>(),
+                              on<OscMessage::CHANGE_SPEED, &OscManager::changeSpeed>(),
+                              on<OscMessage::SET_SPEED_FROM_MIDI, &OscManager::setSpeedFromMidi>(),
+                              on<OscMessage::SET_SPEED_MODE, &OscManager::setSpeedMode>(),
+                          }) +
+                          presetCommands<OscManager, OscMessage::Presets>();
 }  // namespace
 
 OscManager::OscManager(OrvIF& backend, MessageManagerMaster& master)
