@@ -149,8 +149,12 @@ void ComputerInputManager::keyEvent(const Key& key, bool isDown, bool isRepeat)
 {
     const bool hasModifiers = isDown || getUseKeyUpMod();
     const KeyConfiguration* configuration = getKeys().findElement(hasModifiers ? key : Key{.keyCode = key.keyCode});
-    if (configuration == nullptr) return;
-    runButton(*configuration, !isDown ? ButtonEvent::up : isRepeat ? ButtonEvent::repeat : ButtonEvent::down);
+    if (configuration == nullptr) {
+        if (!isDown) downRuns.forget(key.keyCode);
+        return;
+    }
+    const ButtonEvent event = !isDown ? ButtonEvent::up : isRepeat ? ButtonEvent::repeat : ButtonEvent::down;
+    runButton(*configuration, event, downRuns, key.keyCode);
 }
 
 void ComputerInputManager::getNoteSpans(std::vector<FunctionNoteSpan>& result) const

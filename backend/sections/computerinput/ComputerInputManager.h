@@ -8,6 +8,7 @@
 #include "backend/messages/ComputerInputMessageManager.h"
 #include "backend/model/KeyBindings.h"
 #include "backend/sections/Section.h"
+#include "backend/sections/computerinput/ButtonEvent.h"
 #include "platform/Export.h"
 
 namespace Backend::ComputerInput
@@ -83,6 +84,7 @@ private:
     void setCurrentPreset(const std::string& name);
     void notifyGuiOfChange() const;
 
+    DownRuns downRuns;  // by key code
     ComputerInputMessageManager messageManager;
     std::string currentPreset;
 };

@@ -148,12 +148,16 @@ void JoystickManager::setAxis(const JoyAxisElementId& id, AxisMode mode, int val
 void JoystickManager::pressButton(const JoyButtonElementId& id, ButtonEvent event, Source source)
 {
     if (source == Source::joystick && isDisabled(id.joystick)) return;
+    const JoystickElement which{id.joystick, id.button};
+    const auto place = static_cast<std::int32_t>(which.getPacked());
     const JoystickButtonConfiguration* const button = getContent().buttons.findElement(id);
-    if (button == nullptr) return;
+    if (button == nullptr) {
+        if (event == ButtonEvent::up) downRuns.forget(place);
+        return;
+    }
     if (source == Source::joystick && event == ButtonEvent::down) held.insert(id);
     if (source == Source::joystick && event == ButtonEvent::up) held.erase(id);
-    runButton(*button, event);
-    const JoystickElement which{id.joystick, id.button};
+    runButton(*button, event, downRuns, place);
     if (event == ButtonEvent::down) postToGui(GuiMessage::JOYSTICK_BUTTON_DOWN, which);
     if (event == ButtonEvent::up) postToGui(GuiMessage::JOYSTICK_BUTTON_UP, which);
 }

@@ -78,6 +78,7 @@ private:
     void updatePlaying() override { orv.updateZones(); }
 
     std::set<JoyButtonElementId> held;  // on the devices
+    DownRuns downRuns;  // by joystick and button
     JoystickMessageManager messageManager;
     JoystickEngineListener listener;
     JoystickEngine engine;
