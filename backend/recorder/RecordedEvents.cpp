@@ -111,10 +111,8 @@ int writeEvent(std::ofstream& out, int milliseconds, const MidiMessage& message)
     out.put(static_cast<char>(ticks & 0x7F));
     if (!isSystem(message)) return size + message.writeBytes(out);
 
-    MidiMessage bare = message;  // a system message has no channel
-    bare.setChannel(0);
-    out.put(static_cast<char>(ESCAPE)).put(static_cast<char>(1 + bare.getMessageSize()));
-    return size + 2 + bare.writeBytes(out);
+    out.put(static_cast<char>(ESCAPE)).put(static_cast<char>(1 + message.getMessageSize()));
+    return size + 2 + message.writeBytes(out);
 }
 
 WholeEvents findWholeEvents(Bytes bytes)

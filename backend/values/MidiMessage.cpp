@@ -66,9 +66,8 @@ int MidiMessage::getMessageSize() const
 
 std::uint32_t MidiMessage::getMidiOutShortMsg() const
 {
-    const bool hasChannel = channel >= 0 && channel <= 15 && !isSongPosition();
-    return getStatusByte() | (hasChannel ? static_cast<std::uint32_t>(channel) : 0) | std::uint32_t{d1} << 8 |
-           std::uint32_t{d2} << 16;
+    const bool hasChannel = channel >= 0 && channel <= 15;
+    return (hasChannel ? getStatusWithChannel() : getStatusByte()) | std::uint32_t{d1} << 8 | std::uint32_t{d2} << 16;
 }
 
 int MidiMessage::writeBytes(std::ofstream& out) const

@@ -81,10 +81,12 @@ public:
 
     constexpr MessageType getStatus() const { return status; }
     constexpr void setMessageType(MessageType type) { status = fixStatus(static_cast<std::uint32_t>(type)); }
-    /// The status byte ORed with the channel.
+    /// From 0xF0 up.
+    constexpr bool isSystem() const { return status >= MessageType::systemExclusive; }
+    /// The status byte ORed with the channel; a system message has none.
     constexpr std::uint32_t getStatusWithChannel() const
     {
-        return getStatusByte() | static_cast<std::uint8_t>(channel);
+        return isSystem() ? getStatusByte() : getStatusByte() | static_cast<std::uint8_t>(channel);
     }
     constexpr std::uint8_t getD1() const { return d1; }
     constexpr void setD1(int value) { d1 = static_cast<std::uint8_t>(value); }
@@ -103,7 +105,6 @@ public:
     constexpr bool isProgramChange() const { return status == MessageType::programChange; }
     constexpr bool isChannelPressure() const { return status == MessageType::channelPressure; }
     constexpr bool isPitchBend() const { return status == MessageType::pitchBend; }
-    constexpr bool isSongPosition() const { return status == MessageType::songPosition; }
     constexpr bool isSongSelect() const { return status == MessageType::songSelect; }
     constexpr bool isUnofficialBusSelect() const { return status == MessageType::unofficialBusSelect; }
     constexpr bool isTimingTick() const { return status == MessageType::timingTick; }
@@ -124,8 +125,7 @@ public:
                static_cast<std::uint32_t>(static_cast<std::uint8_t>(channel)) << 24;
     }
 
-    /// Status with channel, d1, d2 from the low byte up. A channel outside 0 to 15 counts as 0, and a song position
-    /// has none.
+    /// Status with channel, d1, d2 from the low byte up. A channel outside 0 to 15 counts as 0.
     std::uint32_t getMidiOutShortMsg() const;
 
     /// Writes the status with its channel and `getMessageSize` data bytes; returns how many bytes that were.

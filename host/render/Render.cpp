@@ -28,7 +28,8 @@ std::vector<std::uint8_t> midiFileOf(const OfflineLoop& loop)
     MidiFileWriter writer(names);
     for (const auto& [ppq, bpm] : loop.getPlayer().getTempoChanges()) writer.tempo(ppq, bpm);
     for (const auto& [ppq, event] : loop.getPlayer().getPlayed())
-        writer.event(ppq, event.getOutput(), statusByte(event), event.getD1(), event.getD2());
+        writer.event(ppq, event.getOutput(), static_cast<std::uint8_t>(event.getStatusWithChannel()), event.getD1(),
+                     event.getD2());
     return writer.bytes(loop.getEnd());
 }
 }  // namespace

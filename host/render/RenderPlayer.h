@@ -16,13 +16,6 @@ struct PlayedEvent {
     Backend::MidiEngine::OrvMidiMessage event;
 };
 
-/// The event's status byte: with its channel if it is a channel message, bare if it is a system message.
-inline std::uint8_t statusByte(const Backend::MidiEngine::OrvMidiMessage& event)
-{
-    const auto bare = static_cast<std::uint8_t>(event.getStatus());
-    return bare < 0xF0 ? static_cast<std::uint8_t>(event.getStatusWithChannel()) : bare;
-}
-
 struct TempoChange {
     std::int32_t ppq;
     int bpm;

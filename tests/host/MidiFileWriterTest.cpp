@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include "host/midi/ShortMessage.h"
 #include "host/midifile/MidiFileReader.h"
 #include "tests/host/MidiFileBytes.h"
 
@@ -11,6 +12,8 @@ namespace Host
 {
 namespace
 {
+using Backend::MidiEngine::MessageType;
+using Backend::MidiEngine::OrvMidiMessage;
 using Testing::Bytes;
 
 bool contains(const Bytes& file, const Bytes& part)
@@ -81,6 +84,24 @@ TEST(MidiFileWriter, EscapesSystemMessagesWithTheDataBytesTheyHave)
         track.insert(track.end(), {0, 0xFF, 0x2F, 0});
         EXPECT_TRUE(contains(writer.bytes(0), Testing::chunk("MTrk", track))) << int{row.status};
     }
+}
+
+TEST(MidiFileWriter, WritesTheBytesThatAPortGetsWhateverTheStatusAndChannel)
+{
+    for (int status = 0x80; status <= 0xFF; status += status < 0xF0 ? 0x10 : 1)
+        for (int channel = 0; channel < 16; ++channel) {
+            const OrvMidiMessage event(static_cast<MessageType>(status), 1, 2, channel, 0, -1, -1, -1);
+            const auto live = toShortMessage(event);
+            if (!live) continue;  // no message, or a system exclusive without a body
+            ASSERT_EQ(live->bytes[0], status < 0xF0 ? status | channel : status);
+            MidiFileWriter writer({"A"});
+            writer.event(0, 0, static_cast<std::uint8_t>(event.getStatusWithChannel()), event.getD1(), event.getD2());
+            Bytes track{0, 0xFF, 0x03, 1, 'A', 0};
+            if (status >= 0xF0) track.insert(track.end(), {0xF7, live->size});
+            track.insert(track.end(), live->bytes.begin(), live->bytes.begin() + live->size);
+            track.insert(track.end(), {0, 0xFF, 0x2F, 0});
+            EXPECT_TRUE(contains(writer.bytes(0), Testing::chunk("MTrk", track))) << status << " " << channel;
+        }
 }
 
 TEST(MidiFileWriter, LeavesOutWhatNoPortWouldGet)
