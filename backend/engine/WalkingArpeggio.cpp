@@ -24,12 +24,13 @@ void WalkingArpeggio::addNote(ArpeggioVoice& voice, const OrvMidiMessage& event)
 
 void WalkingArpeggio::press(const OrvMidiMessage& event)
 {
-    const auto behind =
+    const auto next =
         std::ranges::find_if(notes, [&](const ArpeggioNote& note) { return isBefore(event.getD1(), note.getD1()); });
-    const bool isThere = behind != notes.begin() && std::prev(behind)->getD1() == event.getD1();
-    if (isThere && equal == EqualKeys::ignored) return;
-    const auto place = static_cast<std::size_t>(behind - notes.begin());
-    notes.emplace(behind, event);
+    // One that sounds on after its key came up is no reason to ignore the next press.
+    const auto isDown = [&](const ArpeggioNote& note) { return note.getD1() == event.getD1() && !note.isReleased(); };
+    if (equal == EqualKeys::ignored && next != notes.begin() && isDown(*std::prev(next))) return;
+    const auto place = static_cast<std::size_t>(next - notes.begin());
+    notes.emplace(next, event);
     if (current != NOWHERE && place <= current) ++current;
 }
 

@@ -14,7 +14,7 @@ class WalkingArpeggio : public Arpeggio
 {
 public:
     enum class Order { rising, falling };
-    /// What a press of a note that is there already does.
+    /// What a press of a note does whose key is down already.
     enum class EqualKeys { ignored, kept };
 
     void addNote(ArpeggioVoice& voice, const MidiEngine::OrvMidiMessage& event) final;
