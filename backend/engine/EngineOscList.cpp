@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "backend/engine/MidiEngine.h"
+
 namespace Backend::Oscillators
 {
 EngineOscList::EngineOscList(std::span<const Oscillator> oscillators) : list(oscillators.begin(), oscillators.end())
@@ -14,6 +16,7 @@ void EngineOscList::swap(EngineOscList& other) noexcept
 {
     list.swap(other.list);
     playing.swap(other.playing);
+    starting.swap(other.starting);
     std::swap(lastPpq, other.lastPpq);
 }
 
@@ -27,6 +30,15 @@ void EngineOscList::setPlaying(EngineOscillator& oscillator, bool on)
 {
     oscillator.setPlaying(on);
     gatherPlaying();
+}
+
+void EngineOscList::playStopValues(MidiEngine::Slice& slice, MidiEngine::MidiEngine& engine)
+{
+    for (const EngineOscillator* oscillator : starting) {
+        MidiEngine::OrvMidiMessage event = oscillator->makeEvent(oscillator->getStopValue());
+        engine.playMidi(slice, event);
+    }
+    starting.clear();
 }
 
 void EngineOscList::gatherPlaying()

@@ -113,6 +113,14 @@ void EngineOscillator::step(Slice& slice, MidiEngine::MidiEngine& engine, std::i
     if (shows) engine.tellOscValue(slice, id, static_cast<std::int32_t>(value));
 }
 
+/// Upside down it stays within what its message can carry, whatever limits a file holds.
+std::int64_t EngineOscillator::randomValue(std::int32_t draw) const
+{
+    const std::int64_t value = floorOf(draw * (range / MidiEngine::RandomSource::HIGHEST) + base + 0.5);
+    const std::int64_t highest = message.isPitchBend() ? 16383 : 127;
+    return inverted ? std::clamp(value, mirror - highest, mirror) : value;
+}
+
 std::int64_t EngineOscillator::valueAt(double newPhase, double oldPhase, Slice& slice, MidiEngine::MidiEngine& engine)
 {
     switch (kind) {
@@ -123,8 +131,8 @@ std::int64_t EngineOscillator::valueAt(double newPhase, double oldPhase, Slice& 
         case Kind::pulse:
             return static_cast<std::int64_t>(base) + (isInSecondHalf(newPhase) ? static_cast<std::int64_t>(range) : 0);
         default:
-            if (isInSecondHalf(newPhase) == isInSecondHalf(oldPhase)) return lastValue;
-            return floorOf(engine.drawRandom(slice) * (range / MidiEngine::RandomSource::HIGHEST) + base + 0.5);
+            if (isInSecondHalf(newPhase) == isInSecondHalf(oldPhase)) return inverted ? mirror - lastValue : lastValue;
+            return randomValue(engine.drawRandom(slice));
     }
 }
 }  // namespace Backend::Oscillators

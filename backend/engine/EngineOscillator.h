@@ -29,8 +29,8 @@ public:
     void setSpeed(std::int32_t speed);
 
     std::int32_t getStopValue() const { return stopValue; }
-    /// Whether there is anything to carry the values.
-    bool isHeard() const { return hasMessage; }
+    /// Whether there is a message to carry the values.
+    bool hasEvent() const { return hasMessage; }
     /// The event that carries a value.
     MidiEngine::OrvMidiMessage makeEvent(std::int64_t value) const;
 
@@ -41,6 +41,7 @@ public:
 private:
     using Kind = OscillatorType::Kind;
 
+    std::int64_t randomValue(std::int32_t draw) const;
     std::int64_t valueAt(double newPhase, double oldPhase, MidiEngine::Slice& slice, MidiEngine::MidiEngine& engine);
 
     Kind kind;

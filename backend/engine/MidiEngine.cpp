@@ -141,7 +141,8 @@ void MidiEngine::setOscPlaying(Oscillators::OscId id, bool playing)
         Oscillators::EngineOscillator* oscillator = oscillators.find(id);
         if (oscillator == nullptr) return;
         if (const std::int32_t stopValue = oscillator->getStopValue(); stopValue >= 0) {
-            if (oscillator->isHeard()) timedEvents.push_back(oscillator->makeEvent(stopValue));
+            if (oscillator->hasEvent() && playing) oscillators.playStopValueFirst(*oscillator);
+            if (oscillator->hasEvent() && !playing) timedEvents.push_back(oscillator->makeEvent(stopValue));
             tellOscValue(slice, id, stopValue);
         }
         oscillators.setPlaying(*oscillator, playing);

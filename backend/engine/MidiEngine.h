@@ -91,7 +91,8 @@ public:
 
     /// The same for the oscillators.
     void setOscList(std::vector<Oscillators::Oscillator> oscillators) EXCLUDES(criticalSection);
-    /// Starts or stops an oscillator where it stands in its wave. Its stop value, if it has one, is queued either way.
+    /// Starts or stops an oscillator where it stands in its wave. Its stop value, if it has one, is played before the
+    /// wave's first value and after its last.
     void setOscPlaying(Oscillators::OscId id, bool playing) EXCLUDES(criticalSection);
     void setOscSpeed(Oscillators::OscId id, int speed) EXCLUDES(criticalSection);
     /// What is drawn from now on depends on the seed alone.

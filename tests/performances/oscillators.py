@@ -47,7 +47,7 @@ class Oscillator:
         elif int(self.phase) % 2 != int(old) % 2:
             value = math.floor(random.draw() * (span / 32767) + base + 0.5)
         else:
-            value = self.last
+            return None
         if self.max < self.min:
             value = 2 * base + span - value
         if value == self.last:
@@ -74,7 +74,9 @@ def main(path, seed, pulses, *switches):
         due, queued = queued, []
         if ppq in changes:
             for oscillator in oscillators:
-                if oscillator.stop >= 0:
+                if oscillator.stop >= 0 and changes[ppq] == "on":
+                    due.append(oscillator.event(ppq, oscillator.stop))
+                elif oscillator.stop >= 0:
                     queued.append(oscillator.event(ppq + 1, oscillator.stop))
                 oscillator.playing = changes[ppq] == "on"
         for event in due:
