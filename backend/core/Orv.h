@@ -295,7 +295,7 @@ private:
     void releaseHeldNotes(int input);
     void fixDefaultMidiOutput();
     void setDefaultMidiOutput(int output);
-    int findOpenOutput(int from, int step) const;
+    int findOpenOutput(std::int64_t from, int step) const;
 
     const std::string applicationName;
     mutable std::mutex guiWindowLock;

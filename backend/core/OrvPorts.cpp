@@ -81,7 +81,7 @@ void Orv::setDefaultMidiOutput(int output)
 
 void Orv::changeDefaultMidiOutput(const SelectType& select)
 {
-    const int current = registrySettings.getDefaultMidiOutput();
+    const std::int64_t current = registrySettings.getDefaultMidiOutput();
     int output = -1;
     switch (select.kind) {
         case SelectType::Kind::up:
@@ -97,11 +97,11 @@ void Orv::changeDefaultMidiOutput(const SelectType& select)
 }
 
 /// The first output from `from` in steps of `step` (0: that one only) that is enabled and open, or -1.
-int Orv::findOpenOutput(int from, int step) const
+int Orv::findOpenOutput(std::int64_t from, int step) const
 {
-    for (int output = from; output >= 0 && static_cast<std::size_t>(output) < midiOutputPorts.size(); output += step) {
+    for (std::int64_t output = from; output >= 0 && output < std::ssize(midiOutputPorts); output += step) {
         const MidiOutputPort& port = midiOutputPorts[static_cast<std::size_t>(output)];
-        if (port.enabled && port.found && !port.couldNotOpen) return output;
+        if (port.enabled && port.found && !port.couldNotOpen) return static_cast<int>(output);
         if (step == 0) break;
     }
     return -1;
@@ -119,6 +119,7 @@ void Orv::enableMidiInput(int port, bool enabled)
 
 void Orv::enableMidiOutput(int port, bool enabled)
 {
+    if (port < 0 || port >= std::ssize(midiOutputPorts)) return;
     registrySettings.setMidiOutputEnabled(port, enabled);
     midiEngine.getMessageManager().postEnableMidiOutput(port, enabled);
 }

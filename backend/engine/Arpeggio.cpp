@@ -46,7 +46,7 @@ bool Arpeggio::noteEnds(std::int32_t ppq, std::int32_t startTime) const
 std::int32_t Arpeggio::nextTurn(std::int32_t ppq, std::int32_t startTime) const
 {
     if (notes.empty()) return NEVER;
-    if (startTime < 0 || ppq < lastNoteOn) return ppq + 1;
+    if (startTime < 0 || ppq < lastNoteOn) return ppq < NEVER ? ppq + 1 : NEVER;
     const std::int32_t nextBeat = nextMultiple(ppq, startTime, beat);
     if (beat <= length) return nextBeat;
     return std::min(nextBeat, nextMultiple(ppq, 0, std::int64_t{lastNoteOn} + length));

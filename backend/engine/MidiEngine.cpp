@@ -1,7 +1,9 @@
 #include "backend/engine/MidiEngine.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
+#include <limits>
 #include <utility>
 
 namespace Backend::MidiEngine
@@ -29,8 +31,9 @@ void MidiEngine::end() { messageManager.stop(); }
 
 std::int32_t MidiEngine::milliseconds2Ppq(double milliseconds, int tempo)
 {
-    return static_cast<std::int32_t>(std::floor(tempo / 60000.0 * milliseconds * PULSES_PER_QUARTER + 0.5)) +
-           FIRST_PULSE;
+    constexpr double LAST_PULSE = std::numeric_limits<std::int32_t>::max();
+    const double pulse = std::floor(tempo / 60000.0 * milliseconds * PULSES_PER_QUARTER + 0.5) + FIRST_PULSE;
+    return pulse >= 0 ? static_cast<std::int32_t>(std::min(pulse, LAST_PULSE)) : 0;
 }
 
 void MidiEngine::appendTimedEvent(const OrvMidiMessage& event)

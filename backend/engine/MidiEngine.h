@@ -60,7 +60,7 @@ public:
     /// See `OrvIF::playTimeSlice`. The player's thread.
     void playTimeSlice(std::int32_t startPpq, std::int32_t endPpq) EXCLUDES(criticalSection);
 
-    /// The pulse at which a clock stands that has run that long at `tempo` beats per minute.
+    /// The pulse at which a clock stands that has run that long at `tempo` beats per minute, from 0 to the highest.
     static std::int32_t milliseconds2Ppq(double milliseconds, int tempo);
 
     // Commands: each one short stay under the lock, on any thread outside a slice.
@@ -214,6 +214,8 @@ private:
     void requeue() REQUIRES(criticalSection);
     static void finish(Slice& slice);
 
+    void processSpan(Slice& slice, std::int64_t from, std::int64_t until, std::int32_t minPpq)
+        REQUIRES(criticalSection);
     void playDirect(Slice& slice, OrvMidiMessage& event) REQUIRES(criticalSection);
     void playOtherDirect(Slice& slice, OrvMidiMessage& event) REQUIRES(criticalSection);
     int getDefaultOutputFor(const OrvMidiMessage& event) REQUIRES(criticalSection);

@@ -57,21 +57,29 @@ void MidiEngine::drain(Slice& slice, std::int32_t endPpq)
 
 void MidiEngine::walk(Slice& slice, std::int32_t startPpq, std::int32_t endPpq)
 {
-    constexpr std::int32_t CATCH_UP = 10;
-    if (endPpq >= startPpq) {
-        if (std::int64_t{endPpq} - startPpq >= MAX_TIME_SLICE) return;
-        for (std::int32_t ppq = startPpq; ppq < endPpq; ++ppq) processPpq(slice, ppq, startPpq);
+    constexpr std::int64_t CATCH_UP = 10;
+    const std::int64_t start = startPpq;
+    const std::int64_t end = endPpq;
+    if (end >= start) {
+        if (end - start < MAX_TIME_SLICE) processSpan(slice, start, end, startPpq);
         return;
     }
-    // The clock went back: let off what lies between the two positions, then whatever is older.
-    for (std::int32_t pulse = 0; pulse < CATCH_UP; ++pulse) processPpq(slice, startPpq + pulse, endPpq);
-    for (std::int32_t pulse = -CATCH_UP; pulse < 0; ++pulse) processPpq(slice, endPpq + pulse, -1);
+    // The clock went back: first what lies between the two positions, then whatever is older.
+    processSpan(slice, start, start + CATCH_UP, endPpq);
+    processSpan(slice, end - CATCH_UP, end, -1);
+}
+
+/// The pulses that 32 bits can count and that are not negative.
+void MidiEngine::processSpan(Slice& slice, std::int64_t from, std::int64_t until, std::int32_t minPpq)
+{
+    constexpr std::int64_t PULSES = std::int64_t{std::numeric_limits<std::int32_t>::max()} + 1;
+    for (std::int64_t ppq = std::max<std::int64_t>(from, 0); ppq < std::min(until, PULSES); ++ppq)
+        processPpq(slice, static_cast<std::int32_t>(ppq), minPpq);
 }
 
 /// One pulse: first the events, then the arpeggios, then the oscillators.
 void MidiEngine::processPpq(Slice& slice, std::int32_t ppq, std::int32_t minPpq)
 {
-    if (ppq < 0) return;
     if (ppq >= earliest) playDue(slice, ppq, minPpq);
     if (!arpeggiosRest.contains(ppq)) playArpeggios(slice, ppq);
     oscillators.step(slice, *this, ppq);

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
 #include <set>
 #include <thread>
 
@@ -97,6 +98,17 @@ TEST(TimeSlice, ABackwardClockLetsOffWhatItWouldLeaveBehind)
     for (const std::int32_t ppq : {1010, 1009, 700, 500, 499, 489, 10}) stage.add(noteOn(ppq % 128, 0, 0, ppq));
     EXPECT_EQ(stage.notes(1000, 500), (Notes{700 % 128, 500 % 128, 1009 % 128, 489 % 128, 10, 499 % 128}));
     EXPECT_EQ(stage.notes(1010, 1011), Notes{1010 % 128});
+}
+
+TEST(TimeSlice, EndsWithTheLastPulseThatCanBeCounted)
+{
+    constexpr std::int32_t LAST = std::numeric_limits<std::int32_t>::max();
+    Engine stage;
+    stage.add(noteOn(60, 0, 0, LAST));
+    EXPECT_EQ(stage.notes(LAST - 2, LAST), Notes{});
+    EXPECT_EQ(stage.notes(LAST, std::numeric_limits<std::int32_t>::min()), Notes{60});
+    EXPECT_EQ(TheEngine::milliseconds2Ppq(1e12, 250), LAST);
+    EXPECT_EQ(TheEngine::milliseconds2Ppq(-1e12, 250), 0);
 }
 
 TEST(TimeSlice, KeepsWhatIsOlderThanItselfForABackwardClock)
