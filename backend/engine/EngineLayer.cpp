@@ -7,8 +7,8 @@
 
 namespace Backend::Layers
 {
+using MidiEngine::DefaultRoute;
 using MidiEngine::Note;
-using MidiEngine::NoteMemory;
 using MidiEngine::OrvMidiMessage;
 using MidiEngine::Slice;
 
@@ -41,7 +41,7 @@ std::int64_t shapedVelocity(const Layer& layer, int velocity)
 }
 }  // namespace
 
-EngineLayer::EngineLayer(const Layer& layer)
+EngineLayer::EngineLayer(const Layer& layer, std::size_t number)
     : keepsNotes(layer.mono || layer.toggle.mode != NoteToggle::Mode::off || layer.arpeggio),
       minVelocity(layer.minVelocity),
       maxVelocity(layer.maxVelocity),
@@ -52,7 +52,7 @@ EngineLayer::EngineLayer(const Layer& layer)
       settings(layer),
       sequence(layer.sequenceSetting),
       arpeggio(layer.arpeggio ? ArpeggioManagement::createArpeggio(*layer.arpeggio) : nullptr),
-      defaultOutputs(NOTES)
+      defaultOutputs(NOTES, number)
 {
     for (std::size_t byte = 0; byte < NOTES; ++byte) {
         const int note = static_cast<std::int8_t>(byte);
@@ -79,7 +79,10 @@ void EngineLayer::keepNote(Slice& slice, MidiEngine::MidiEngine& engine, const O
 void EngineLayer::keepNoteOn(Slice& slice, MidiEngine::MidiEngine& engine, const OrvMidiMessage& event)
 {
     const int note = event.getD1();
-    std::optional<OrvMidiMessage> delayed;
+    struct {
+        std::optional<OrvMidiMessage> noteOff;
+        int output = 0;
+    } delayed;
     const auto endOldNote = [&] {
         const auto old = noteStack.top();
         if (old.note < 0) return;
@@ -91,8 +94,8 @@ void EngineLayer::keepNoteOn(Slice& slice, MidiEngine::MidiEngine& engine, const
         }
         if (hasArpeggio())
             giveNoteOff(slice, engine, noteOff);
-        else
-            delayed = noteOff;  // behind the new note: legato
+        else  // after the new note: legato
+            delayed = {.noteOff = noteOff, .output = getKeptOutput(slice, engine, old.note)};
     };
 
     if (settings.toggle.mode == NoteToggle::Mode::off) {
@@ -107,12 +110,12 @@ void EngineLayer::keepNoteOn(Slice& slice, MidiEngine::MidiEngine& engine, const
             return;
         }
         if (settings.mono) endOldNote();
-        if (toggledNotes[place]) giveNoteOff(slice, engine, event);  // struck anew
+        if (toggledNotes[place]) giveNoteOff(slice, engine, event);  // played anew
         toggledNotes[place] = true;
     }
-    if (settings.mono) noteStack.push(note, event.getD2());  // nobody else asks for it
+    if (settings.mono) noteStack.push(note, event.getD2());  // only mono layers read it
     giveNoteOn(slice, engine, event);
-    if (delayed) giveNoteOff(slice, engine, *delayed);
+    if (delayed.noteOff) sendNoteOff(slice, engine, *delayed.noteOff, delayed.output);
 }
 
 void EngineLayer::keepNoteOff(Slice& slice, MidiEngine::MidiEngine& engine, const OrvMidiMessage& event)
@@ -120,28 +123,48 @@ void EngineLayer::keepNoteOff(Slice& slice, MidiEngine::MidiEngine& engine, cons
     if (!settings.mono) return giveNoteOff(slice, engine, event);
     const bool wasLast = noteStack.remove(event.getD1());
     if (!wasLast) return;
+    const int keptOutput = getKeptOutput(slice, engine, event.getD1());
     if (hasArpeggio()) giveNoteOff(slice, engine, event);
-    if (const auto older = noteStack.top(); older.note >= 0) giveNoteOn(slice, engine, withNote(event, older.note));
-    if (!hasArpeggio()) giveNoteOff(slice, engine, event);
+    if (const auto older = noteStack.top(); older.note >= 0) {
+        OrvMidiMessage noteOn = withNote(event, older.note);
+        if (noteOn.getD2() == 0) noteOn.setD2(older.velocity);  // 0 would silence it
+        giveNoteOn(slice, engine, noteOn);
+    }
+    if (!hasArpeggio()) sendNoteOff(slice, engine, event, keptOutput);
 }
 
 void EngineLayer::giveNoteOn(Slice& slice, MidiEngine::MidiEngine& engine, const OrvMidiMessage& event)
 {
-    if (!hasArpeggio()) return emitNoteOn(slice, engine, event);
-    const int port = output == OrvMidiMessage::DEFAULT_OUTPUT ? engine.getDefaultMidiOutput(slice) : output;
+    const int port = getOutput(slice, engine);
     if (!engine.isOutputEnabled(slice, port)) return engine.drop(slice, event, "output missing or not enabled");
+    if (!hasArpeggio()) {
+        defaultOutputs.setOutput(event.getD1(), port);
+        return sendNoteOn(slice, engine, event, port);
+    }
     OrvMidiMessage played = shaped(event, port);
     played.setToNoteOn();
     addToArpeggio(slice, engine, played);
 }
 
-/// Wherever its output went meanwhile: a key that is up must not play on.
+/// To an arpeggio whatever became of the output meanwhile: a key that is up must not play on.
 void EngineLayer::giveNoteOff(Slice& slice, MidiEngine::MidiEngine& engine, const OrvMidiMessage& event)
 {
-    if (!hasArpeggio()) return emitNoteOff(slice, engine, event);
+    if (!hasArpeggio()) return sendNoteOff(slice, engine, event, getKeptOutput(slice, engine, event.getD1()));
     OrvMidiMessage played = shaped(event, output);
     played.setToNoteOff();
     addToArpeggio(slice, engine, played);
+}
+
+int EngineLayer::getOutput(Slice& slice, MidiEngine::MidiEngine& engine) const
+{
+    return output == OrvMidiMessage::DEFAULT_OUTPUT ? engine.getDefaultMidiOutput(slice) : output;
+}
+
+int EngineLayer::getKeptOutput(Slice& slice, MidiEngine::MidiEngine& engine, int note) const
+{
+    if (output != OrvMidiMessage::DEFAULT_OUTPUT) return output;
+    const int kept = defaultOutputs.getOutput(static_cast<std::size_t>(note));
+    return kept == MidiEngine::DefaultOutputMemory::NONE ? engine.getDefaultMidiOutput(slice) : kept;
 }
 
 void EngineLayer::addToArpeggio(Slice& slice, MidiEngine::MidiEngine& engine, const OrvMidiMessage& event)
@@ -167,24 +190,34 @@ OrvMidiMessage EngineLayer::shaped(const OrvMidiMessage& event, int port) const
     return played;
 }
 
-void EngineLayer::emitNoteOn(Slice& slice, MidiEngine::MidiEngine& engine, const OrvMidiMessage& event)
+void EngineLayer::emitNoteOn(Slice& slice, MidiEngine::MidiEngine& engine, const OrvMidiMessage& event,
+                             DefaultRoute route)
 {
-    const bool toDefault = output == OrvMidiMessage::DEFAULT_OUTPUT;
-    const int port = toDefault ? engine.getDefaultMidiOutput(slice) : output;
+    const int port = getOutput(slice, engine);
     if (!engine.isOutputEnabled(slice, port)) return engine.drop(slice, event, "output missing or not enabled");
-    if (toDefault) defaultOutputs.remember(event.getD1(), port);
+    if (output == OrvMidiMessage::DEFAULT_OUTPUT &&
+        !defaultOutputs.press(engine.getPresses(slice), event.getD1(), route))
+        return engine.drop(slice, event, "too many keys are down");
+    sendNoteOn(slice, engine, event, port);
+}
+
+void EngineLayer::emitNoteOff(Slice& slice, MidiEngine::MidiEngine& engine, const OrvMidiMessage& event,
+                              DefaultRoute route)
+{
+    if (output != OrvMidiMessage::DEFAULT_OUTPUT) return sendNoteOff(slice, engine, event, output);
+    defaultOutputs.release(engine.getPresses(slice), event.getD1(), route,
+                           [&](int port) { sendNoteOff(slice, engine, event, port); });
+}
+
+void EngineLayer::sendNoteOn(Slice& slice, MidiEngine::MidiEngine& engine, const OrvMidiMessage& event, int port)
+{
     OrvMidiMessage played = shaped(event, port);
     played.setToNoteOn();
     engine.playNoteOn(slice, played);
 }
 
-void EngineLayer::emitNoteOff(Slice& slice, MidiEngine::MidiEngine& engine, const OrvMidiMessage& event)
+void EngineLayer::sendNoteOff(Slice& slice, MidiEngine::MidiEngine& engine, const OrvMidiMessage& event, int port)
 {
-    int port = output;
-    if (port == OrvMidiMessage::DEFAULT_OUTPUT) {
-        port = defaultOutputs.take(event.getD1());
-        if (port == NoteMemory::NONE) port = engine.getDefaultMidiOutput(slice);
-    }
     if (!engine.isOutputEnabled(slice, port)) return engine.drop(slice, event, "output missing or not enabled");
     OrvMidiMessage played = shaped(event, port);
     played.setToNoteOff();
@@ -195,7 +228,7 @@ void EngineLayer::playOther(Slice& slice, MidiEngine::MidiEngine& engine, const 
 {
     if (!takesZone(event)) return;
     OrvMidiMessage played = event;
-    played.setOutput(output != OrvMidiMessage::DEFAULT_OUTPUT ? output : engine.getDefaultMidiOutput(slice));
+    played.setOutput(getOutput(slice, engine));
     if (!engine.isOutputEnabled(slice, played.getOutput()))
         return engine.drop(slice, played, "output missing or not enabled");
     played.setChannel(channel);

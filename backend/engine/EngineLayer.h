@@ -6,8 +6,8 @@
 #include <memory>
 
 #include "backend/engine/Arpeggio.h"
+#include "backend/engine/DefaultOutputMemory.h"
 #include "backend/engine/HeldNoteStack.h"
-#include "backend/engine/NoteMemory.h"
 #include "backend/engine/SequencePlayer.h"
 #include "backend/engine/Slice.h"
 #include "backend/model/Layer.h"
@@ -25,22 +25,24 @@ namespace Backend::Layers
 class EngineLayer
 {
 public:
-    explicit EngineLayer(const Layer& settings);
+    /// `number` tells the layers of a list apart, from 1.
+    EngineLayer(const Layer& settings, std::size_t number);
 
     /// Whether a note (a data byte, compared as a signed one) lies in its range.
     bool hasInRange(std::uint8_t note) const;
 
-    /// Offers it a note on or a note off within its range of notes. It may let it pass unheard, or make note ons and
-    /// note offs of its own.
-    void playNote(MidiEngine::Slice& slice, MidiEngine::MidiEngine& engine, const MidiEngine::OrvMidiMessage& event)
+    /// Offers it a note on or a note off within its range of notes. It may play nothing, or note ons and note offs of
+    /// its own. `route` is the event's.
+    void playNote(MidiEngine::Slice& slice, MidiEngine::MidiEngine& engine, const MidiEngine::OrvMidiMessage& event,
+                  MidiEngine::DefaultRoute route)
     {
         if (!takesVelocity(event) || !takesZone(event)) return;
         if (keepsNotes)
             keepNote(slice, engine, event);
         else if (event.isNoteOn())
-            emitNoteOn(slice, engine, event);
+            emitNoteOn(slice, engine, event, route);
         else
-            emitNoteOff(slice, engine, event);
+            emitNoteOff(slice, engine, event, route);
     }
 
     /// Offers it any other event. Each (output, channel) gets it once, however many layers lead there.
@@ -89,10 +91,21 @@ private:
     void addToArpeggio(MidiEngine::Slice& slice, MidiEngine::MidiEngine& engine,
                        const MidiEngine::OrvMidiMessage& event);
 
-    // The last stage: output, channel, transposition, velocity, and on to the player. Whatever the event's status, it
-    // goes out as a note on or a note off.
-    void emitNoteOn(MidiEngine::Slice& slice, MidiEngine::MidiEngine& engine, const MidiEngine::OrvMidiMessage& event);
-    void emitNoteOff(MidiEngine::Slice& slice, MidiEngine::MidiEngine& engine, const MidiEngine::OrvMidiMessage& event);
+    // What a layer without mono, toggle and arpeggio emits.
+    void emitNoteOn(MidiEngine::Slice& slice, MidiEngine::MidiEngine& engine, const MidiEngine::OrvMidiMessage& event,
+                    MidiEngine::DefaultRoute route);
+    void emitNoteOff(MidiEngine::Slice& slice, MidiEngine::MidiEngine& engine, const MidiEngine::OrvMidiMessage& event,
+                     MidiEngine::DefaultRoute route);
+
+    // The last stage: channel, transposition, velocity, and on to the player. Whatever the event's status, it goes out
+    // as a note on or a note off.
+    void sendNoteOn(MidiEngine::Slice& slice, MidiEngine::MidiEngine& engine, const MidiEngine::OrvMidiMessage& event,
+                    int port);
+    void sendNoteOff(MidiEngine::Slice& slice, MidiEngine::MidiEngine& engine, const MidiEngine::OrvMidiMessage& event,
+                     int port);
+    int getOutput(MidiEngine::Slice& slice, MidiEngine::MidiEngine& engine) const;
+    /// Of a layer that keeps notes: the output that the note off of this note takes.
+    int getKeptOutput(MidiEngine::Slice& slice, MidiEngine::MidiEngine& engine, int note) const;
     MidiEngine::OrvMidiMessage shaped(const MidiEngine::OrvMidiMessage& event, int port) const;
 
     // What every event asks, together
@@ -111,6 +124,6 @@ private:
     std::unique_ptr<ArpeggioManagement::Arpeggio> arpeggio;  // null: notes are played straight through
     HeldNoteStack noteStack;
     std::bitset<256> toggledNotes;
-    MidiEngine::NoteMemory defaultOutputs;  // by the note as it entered
+    MidiEngine::DefaultOutputMemory defaultOutputs;  // by the note as it entered
 };
 }  // namespace Backend::Layers

@@ -5,9 +5,35 @@
 
 namespace Backend::Layers
 {
-EngineLayerList::EngineLayerList(std::span<const Layer> layers)
-    : list(layers.begin(), layers.end()), anyVelocityRange(std::ranges::any_of(layers, &Layer::hasVelocityRange))
+namespace
 {
+/// Each velocity's class is the lowest velocity (as a byte) that the same layers take.
+std::array<std::uint8_t, 256> classesOf(std::span<const Layer> layers)
+{
+    const auto takes = [](const Layer& layer, std::size_t byte) {
+        const auto velocity = static_cast<std::int8_t>(byte);
+        return velocity >= layer.minVelocity && velocity <= layer.maxVelocity;
+    };
+    const auto areOne = [&](std::size_t one, std::size_t other) {
+        return std::ranges::all_of(layers,
+                                   [&](const Layer& layer) { return takes(layer, one) == takes(layer, other); });
+    };
+    std::array<std::uint8_t, 256> classes{};
+    for (std::size_t velocity = 1; velocity < classes.size(); ++velocity) {
+        std::size_t same = areOne(velocity, velocity - 1) ? classes[velocity - 1] : 0;
+        while (!areOne(velocity, same)) ++same;
+        classes[velocity] = static_cast<std::uint8_t>(same);
+    }
+    return classes;
+}
+}  // namespace
+
+EngineLayerList::EngineLayerList(std::span<const Layer> layers)
+    : anyVelocityRange(std::ranges::any_of(layers, &Layer::hasVelocityRange))
+{
+    list.reserve(layers.size());
+    for (const Layer& layer : layers) list.emplace_back(layer, list.size() + 1);  // 0 is the direct path
+    if (anyVelocityRange) velocityClasses = classesOf(layers);
     const bool anySolo = std::ranges::any_of(layers, &Layer::solo);
     for (std::size_t i = 0; i < layers.size(); ++i)
         if (anySolo ? layers[i].solo : !layers[i].mute) acting.push_back(&list[i]);
@@ -30,5 +56,6 @@ void EngineLayerList::swap(EngineLayerList& other) noexcept
     byNote.swap(other.byNote);
     firstOfNote.swap(other.firstOfNote);
     std::swap(anyVelocityRange, other.anyVelocityRange);
+    velocityClasses.swap(other.velocityClasses);
 }
 }  // namespace Backend::Layers

@@ -25,6 +25,8 @@ public:
     bool isEmpty() const { return list.empty(); }
     /// Any layer takes less than every velocity.
     bool hasVelocityRange() const { return anyVelocityRange; }
+    /// Two velocities (data bytes) are of one class if no layer's range tells them apart.
+    std::uint8_t getVelocityClass(std::uint8_t velocity) const { return velocityClasses[velocity]; }
 
     /// Every layer, playing or not.
     std::span<EngineLayer> all() { return list; }
@@ -45,5 +47,6 @@ private:
     std::vector<EngineLayer*> byNote;  // of note 0, of note 1, and so on
     std::array<std::uint32_t, 257> firstOfNote{};
     bool anyVelocityRange = false;
+    std::array<std::uint8_t, 256> velocityClasses{};
 };
 }  // namespace Backend::Layers

@@ -2,9 +2,7 @@
 
 namespace Backend::Zones
 {
-using MidiEngine::NoteMemory;
 using MidiEngine::OrvMidiMessage;
-using MidiEngine::PressMemory;
 
 void EngineZones::set(std::span<const Zone> zones)
 {
@@ -14,7 +12,7 @@ void EngineZones::set(std::span<const Zone> zones)
         Record& record = records[static_cast<std::size_t>(zone.id)];
         record.exists = true;
         record.transpose = zone.transpose;
-        record.last.fill(NoteMemory::NONE);
+        record.last.fill(NEVER);
     }
 }
 
@@ -24,19 +22,19 @@ void EngineZones::setTranspose(const Zone& zone)
         records[static_cast<std::size_t>(zone.id)].transpose = zone.transpose;
 }
 
-int EngineZones::soundingNote(const OrvMidiMessage& event, PressMemory& presses, std::size_t press)
+int EngineZones::press(const OrvMidiMessage& noteOn)
 {
-    const int played = event.getD1();
-    Record& record = records[static_cast<std::size_t>(event.getZone())];
-    if (event.isNoteOff()) {
-        if (const int sounding = presses.takeNote(press); sounding != NoteMemory::NONE) return sounding;
-        const int last = record.exists ? record.last[static_cast<std::size_t>(played)] : NoteMemory::NONE;
-        return last != NoteMemory::NONE ? last : played;
-    }
-    // Remembered without a zone too: it may come while the key is down.
+    Record& record = records[static_cast<std::size_t>(noteOn.getZone())];
+    const int played = noteOn.getD1();
     const int sounding = record.exists ? MidiEngine::foldNote(played + record.transpose) : played;
     record.last[static_cast<std::size_t>(played)] = static_cast<std::int16_t>(sounding);
-    presses.rememberNote(press, sounding);
     return sounding;
+}
+
+int EngineZones::getLastSounding(const OrvMidiMessage& noteOff) const
+{
+    const Record& record = records[static_cast<std::size_t>(noteOff.getZone())];
+    const int last = record.exists ? record.last[noteOff.getD1()] : NEVER;
+    return last != NEVER ? last : noteOff.getD1();
 }
 }  // namespace Backend::Zones

@@ -14,7 +14,7 @@ constexpr std::size_t ROOM_FOR_EVENTS = 1024;
 }
 
 MidiEngine::MidiEngine(MidiPlayer& player)
-    : midiPlayer(player), directOutputs(NoteCounters::CHANNELS * NoteCounters::NOTES), messageManager(*this)
+    : midiPlayer(player), directOutputs(NoteCounters::CHANNELS * NoteCounters::NOTES, 0), messageManager(*this)
 {
     timedEvents.reserve(ROOM_FOR_EVENTS);
     pending.reserve(ROOM_FOR_EVENTS);
@@ -61,6 +61,7 @@ void MidiEngine::setMidiOutputPorts(MidiOutputPorts ports)
     enabledOutputs = enabled;
     for (int output = 0; output < NoteCounters::OUTPUTS; ++output)
         if (isGone(output)) noteCounters.clearOutput(output);
+    presses.forgetOutputs(isGone);
     directOutputs.forget(isGone);
     for (Layers::EngineLayer& layer : layers.all()) layer.forgetOutputs(isGone);
 }

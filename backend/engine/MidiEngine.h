@@ -7,11 +7,11 @@
 
 #include "api/MidiPlayer.h"
 #include "backend/engine/ControlUpdates.h"
+#include "backend/engine/DefaultOutputMemory.h"
 #include "backend/engine/EngineLayerList.h"
 #include "backend/engine/EngineOscList.h"
 #include "backend/engine/EngineZones.h"
 #include "backend/engine/NoteCounters.h"
-#include "backend/engine/NoteMemory.h"
 #include "backend/engine/PressMemory.h"
 #include "backend/engine/PulseSpan.h"
 #include "backend/engine/RandomSource.h"
@@ -183,6 +183,12 @@ public:
         Slice::proves(criticalSection);
         return enabledOutputs[static_cast<std::uint8_t>(output)];
     }
+    /// The open presses of all keys.
+    PressMemory& getPresses(Slice&)
+    {
+        Slice::proves(criticalSection);
+        return presses;
+    }
     int getDefaultMidiOutput(Slice&) const
     {
         Slice::proves(criticalSection);
@@ -208,22 +214,24 @@ public:
 private:
     void drain(Slice& slice, std::int32_t endPpq) REQUIRES(criticalSection);
     void walk(Slice& slice, std::int32_t startPpq, std::int32_t endPpq) REQUIRES(criticalSection);
+    void processSpan(Slice& slice, std::int64_t from, std::int64_t until, std::int32_t minPpq)
+        REQUIRES(criticalSection);
     void processPpq(Slice& slice, std::int32_t ppq, std::int32_t minPpq) REQUIRES(criticalSection);
     void playDue(Slice& slice, std::int32_t ppq, std::int32_t minPpq) REQUIRES(criticalSection);
     void playArpeggios(Slice& slice, std::int32_t ppq) REQUIRES(criticalSection);
     void requeue() REQUIRES(criticalSection);
     static void finish(Slice& slice);
 
-    void processSpan(Slice& slice, std::int64_t from, std::int64_t until, std::int32_t minPpq)
-        REQUIRES(criticalSection);
     void playDirect(Slice& slice, OrvMidiMessage& event) REQUIRES(criticalSection);
+    void playToDefaultOutput(Slice& slice, OrvMidiMessage& note, DefaultRoute route) REQUIRES(criticalSection);
     void playOtherDirect(Slice& slice, OrvMidiMessage& event) REQUIRES(criticalSection);
-    int getDefaultOutputFor(const OrvMidiMessage& event) REQUIRES(criticalSection);
+    void sendDirect(Slice& slice, const OrvMidiMessage& note) REQUIRES(criticalSection);
     void tell(Slice& slice, const OrvMidiMessage& event) REQUIRES(criticalSection);
     void record(Slice& slice, const OrvMidiMessage& event) REQUIRES(criticalSection);
     void show(Slice& slice, const OrvMidiMessage& event) REQUIRES(criticalSection);
     void tellGui(Slice& slice, Message message) REQUIRES(criticalSection);
-    void follow(OrvMidiMessage& event) REQUIRES(criticalSection);
+    void playRemembered(Slice& slice, OrvMidiMessage& note) REQUIRES(criticalSection);
+    void playOn(Slice& slice, OrvMidiMessage& event) REQUIRES(criticalSection);
     void playThroughLayers(Slice& slice, const OrvMidiMessage& event) REQUIRES(criticalSection);
 
     void runReset(const OrvMidiMessage& order, ResetRequest& request) EXCLUDES(criticalSection);
@@ -267,7 +275,7 @@ private:
     Zones::EngineZones zones GUARDED_BY(criticalSection);
     PressMemory presses GUARDED_BY(criticalSection);
     SentPairs sentPairs GUARDED_BY(criticalSection);
-    NoteMemory directOutputs GUARDED_BY(criticalSection);
+    DefaultOutputMemory directOutputs GUARDED_BY(criticalSection);
     NoteCounters noteCounters GUARDED_BY(criticalSection);
 
     // Last, so that its thread ends before what it works on goes

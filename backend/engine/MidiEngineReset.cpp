@@ -99,7 +99,7 @@ void MidiEngine::reset(Slice& slice)
                                      OrvMidiMessage::DEFAULT_ZONE, OrvMidiMessage::DEFAULT_INPUT, -1);
         playMidiInternal(slice, noteOff, false);
     });
-    presses.forget();
+    presses.clear();
     for (Layers::EngineLayer& layer : layers.all()) layer.reset(slice, *this);
     startTime = -1;
     wakeArpeggios(slice);

@@ -133,24 +133,42 @@ void MidiEngine::playMidi(Slice& slice, OrvMidiMessage& event)
     Slice::proves(criticalSection);
     if (event.getChannel() < -1 || event.getChannel() > 15 || event.getOutput() < -1)
         return drop(slice, event, "no such channel or output");
-    if (event.isNote() && (event.getZone() >= 0 || layers.hasVelocityRange())) follow(event);
+    if (event.isNote() && (event.getZone() >= 0 || layers.hasVelocityRange())) return playRemembered(slice, event);
+    playOn(slice, event);
+}
+
+void MidiEngine::playOn(Slice& slice, OrvMidiMessage& event)
+{
     if (event.isDefaultOutput() && event.isDefaultChannel())
         playThroughLayers(slice, event);
     else
         playDirect(slice, event);
 }
 
-/// A note off becomes the note that its note on became in its zone, and takes its velocity, so that it passes the same
-/// velocity ranges.
-void MidiEngine::follow(OrvMidiMessage& event)
+/// A note that a zone may change, or that a velocity range may hold back: its note off ends what its note on began.
+void MidiEngine::playRemembered(Slice& slice, OrvMidiMessage& note)
 {
-    const std::size_t press = presses.placeOf(event);
-    if (event.getZone() >= 0) event.setD1(zones.soundingNote(event, presses, press));
-    if (!layers.hasVelocityRange()) return;
-    if (event.isNoteOn())
-        presses.rememberVelocity(press, event.getD2());
-    else
-        event.setD2(presses.takeVelocity(press));
+    const PressMemory::Key key = PressMemory::keyOf(note);
+    const bool isInZone = note.getZone() >= 0;
+    const bool hasVelocityRange = layers.hasVelocityRange();
+    if (note.isNoteOn()) {
+        const std::uint8_t velocity = note.getD2();
+        if (isInZone) note.setD1(zones.press(note));
+        if (!presses.press(key, {.value = note.getD1(), .velocityClass = layers.getVelocityClass(velocity)}, velocity))
+            return drop(slice, note, "too many keys are down");
+        return playOn(slice, note);
+    }
+    const bool isKnown = presses.release(key, [&](std::uint8_t sounding, std::uint8_t velocity) {
+        OrvMidiMessage noteOff = note;
+        noteOff.setD1(sounding);
+        if (hasVelocityRange) noteOff.setD2(velocity);
+        Slice::proves(criticalSection);
+        playOn(slice, noteOff);
+    });
+    if (isKnown) return;
+    if (isInZone) note.setD1(zones.getLastSounding(note));
+    if (hasVelocityRange) note.setD2(0);
+    playOn(slice, note);
 }
 
 /// Every layer is offered the event as it is here; none keeps it from the next.
@@ -158,7 +176,8 @@ void MidiEngine::playThroughLayers(Slice& slice, const OrvMidiMessage& event)
 {
     if (layers.isEmpty()) return drop(slice, event, "there is no layer");
     if (event.isNote()) {
-        for (Layers::EngineLayer* layer : layers.taking(event.getD1())) layer->playNote(slice, *this, event);
+        const DefaultRoute route(event, defaultMidiOutput);
+        for (Layers::EngineLayer* layer : layers.taking(event.getD1())) layer->playNote(slice, *this, event, route);
         return;
     }
     sentPairs.begin();
@@ -169,15 +188,34 @@ void MidiEngine::playThroughLayers(Slice& slice, const OrvMidiMessage& event)
 void MidiEngine::playDirect(Slice& slice, OrvMidiMessage& event)
 {
     if (!event.isNote()) return playOtherDirect(slice, event);
-    const bool toDefaultOutput = event.isDefaultOutput();
+    const DefaultRoute route(event, defaultMidiOutput);  // as the event names it
     if (event.isDefaultChannel()) event.setChannel(0);
-    if (toDefaultOutput) event.setOutput(getDefaultOutputFor(event));
-    if (!isOutputEnabled(slice, event.getOutput())) return drop(slice, event, "output missing or not enabled");
+    if (event.isDefaultOutput())
+        playToDefaultOutput(slice, event, route);
+    else
+        sendDirect(slice, event);
+}
 
-    if (toDefaultOutput && event.isNoteOn())
-        if (const int place = placeOf(event.getChannel(), event.getD1()); place >= 0)
-            directOutputs.remember(static_cast<std::size_t>(place), event.getOutput());
-    playMidiInternal(slice, event, false);
+void MidiEngine::playToDefaultOutput(Slice& slice, OrvMidiMessage& note, DefaultRoute route)
+{
+    const int place = placeOf(note.getChannel(), note.getD1());
+    if (place >= 0 && note.isNoteOff())
+        return directOutputs.release(presses, static_cast<std::size_t>(place), route, [&](int output) {
+            note.setOutput(output);
+            Slice::proves(criticalSection);
+            sendDirect(slice, note);
+        });
+    note.setOutput(defaultMidiOutput);
+    if (place >= 0 && isOutputEnabled(slice, defaultMidiOutput) &&
+        !directOutputs.press(presses, static_cast<std::size_t>(place), route))
+        return drop(slice, note, "too many keys are down");
+    sendDirect(slice, note);
+}
+
+void MidiEngine::sendDirect(Slice& slice, const OrvMidiMessage& note)
+{
+    if (!isOutputEnabled(slice, note.getOutput())) return drop(slice, note, "output missing or not enabled");
+    playMidiInternal(slice, note, false);
 }
 
 /// Controls hear of an event with the output that it names, if any; the channel is always its own here.
@@ -198,16 +236,6 @@ void MidiEngine::postUpdateControl(Slice& slice, const OrvMidiMessage& event)
     if (controlUpdates == nullptr || !controlUpdates->follows(event)) return;
     controlUpdates->postFromSlice(event);
     slice.controls = controlUpdates;
-}
-
-/// Where an event for the default output goes: a note off to wherever its note on went.
-int MidiEngine::getDefaultOutputFor(const OrvMidiMessage& event)
-{
-    if (event.isNoteOff())
-        if (const int place = placeOf(event.getChannel(), event.getD1()); place >= 0)
-            if (const int output = directOutputs.take(static_cast<std::size_t>(place)); output != NoteMemory::NONE)
-                return output;
-    return defaultMidiOutput;
 }
 
 void MidiEngine::playMidiInternal(Slice& slice, const OrvMidiMessage& event, bool stackNotes)

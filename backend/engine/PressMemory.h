@@ -2,45 +2,136 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <unordered_map>
+#include <limits>
 #include <vector>
 
-#include "backend/engine/NoteMemory.h"
 #include "backend/values/OrvMidiMessage.h"
 
 namespace Backend::MidiEngine
 {
-/// What each open press of a key needs so that its note off follows its note on: the note that its zone made of it, and
-/// its velocity, because a note off must pass the same velocity ranges. Presses of one key on one road (input, channel,
-/// output, zone) are answered oldest first. Time slice only; grows when a key is played for the first time.
+/// The open presses of each key, so that a note off follows its note on whatever was changed in between. What a press
+/// became is its outcome: a value (the note that its zone made of it, or the output that it got) and the class of its
+/// velocity. Equal outcomes of a key are counted as one run; the run that was pressed last is the latest.
+///
+/// Memory is fixed: `capacity` runs. When it is full, a run without open presses makes room. If there is none either,
+/// `press` refuses the press, and its note on must not be played; so no note off is ever lost. Pressing and releasing
+/// takes constant time as long as a key has one outcome. Time slice only.
 class PressMemory
 {
 public:
-    /// The place of a note's key on its road.
-    std::size_t placeOf(const OrvMidiMessage& note);
+    static constexpr std::size_t CAPACITY = 16384;
 
-    void rememberNote(std::size_t place, int sounding) { notes.remember(place, sounding); }
-    /// `NoteMemory::NONE` if no press is open.
-    int takeNote(std::size_t place) { return notes.take(place); }
+    /// Two kinds of keys share the memory: of notes in zones and velocity ranges, and of notes for the default output.
+    using Key = std::uint64_t;
+    static constexpr Key OUTPUT_KEY = Key{1} << 63;
 
-    void rememberVelocity(std::size_t place, std::uint8_t velocity)
+    struct Outcome {
+        std::uint8_t value = 0;
+        std::uint8_t velocityClass = 0;
+        bool operator==(const Outcome&) const = default;
+    };
+
+    explicit PressMemory(std::size_t capacity = CAPACITY);
+
+    /// Where an event comes from and goes to, as it names it: zone, output, input and default-channel mark from the low
+    /// byte up.
+    static constexpr std::uint32_t routeOf(const OrvMidiMessage& event)
     {
-        velocities.remember(place, velocity);
-        lastVelocity[place] = velocity;
+        return byte(event.getZone()) | byte(event.getOutput()) << 8 | byte(event.getInput()) << 16 |
+               static_cast<std::uint32_t>(event.isDefaultChannel()) << 24;
     }
-    /// With no press open the last one's, 0 if there was none.
-    int takeVelocity(std::size_t place)
+    static constexpr std::uint32_t byte(int value) { return static_cast<std::uint8_t>(value); }
+
+    /// The key of a note on its route.
+    static constexpr Key keyOf(const OrvMidiMessage& note)
     {
-        const int velocity = velocities.take(place);
-        return velocity == NoteMemory::NONE ? lastVelocity[place] : velocity;
+        return routeOf(note) | Key{byte(note.getChannel())} << 32 | Key{note.getD1()} << 40;
     }
-    /// Every press: its note and its velocity together, or a later press would get the one without the other.
-    void forget();
+
+    /// One press more. False if it cannot be remembered.
+    bool press(Key key, Outcome outcome, std::uint8_t velocity, std::uint32_t count = 1);
+
+    /// Takes one press from the key's latest run and calls `noteOff(value, velocity)` for it, also when that run has no
+    /// open press left; then once for each press of every other run, oldest run first. Those runs are forgotten.
+    /// `velocity` is that of the run's latest press. False, and nothing called, if nothing is known of the key.
+    template <class NoteOff>
+    bool release(Key key, NoteOff&& noteOff)
+    {
+        const Index latest = find(heads[slotOf(key)], key);
+        if (latest == NONE) return false;
+        const Run run = runs[latest];
+        takeOne(latest);
+        Index older = run.next == NONE ? NONE : detachOlder(latest);
+        noteOff(run.outcome.value, run.velocity);
+        while (older != NONE) {
+            const Run ended = runs[older];
+            for (std::uint32_t press = 0; press < ended.count; ++press) noteOff(ended.outcome.value, ended.velocity);
+            recycle(older);
+            older = ended.next;
+        }
+        return true;
+    }
+
+    /// Forgets the runs of `OUTPUT_KEY` keys whose output is gone.
+    template <class IsGone>
+    void forgetOutputs(IsGone&& isGone)
+    {
+        if (used == 0) return;
+        for (Index& head : heads)
+            for (Index* link = &head; *link != NONE;) {
+                const Index at = *link;
+                if ((runs[at].key & OUTPUT_KEY) == 0 || !isGone(runs[at].outcome.value)) {
+                    link = &runs[at].next;
+                    continue;
+                }
+                *link = runs[at].next;
+                if (runs[at].count == 0) --usedUp;
+                recycle(at);
+            }
+    }
+
+    void clear();
 
 private:
-    std::unordered_map<std::uint64_t, std::size_t> places;
-    NoteMemory notes{0};
-    NoteMemory velocities{0};
-    std::vector<std::uint8_t> lastVelocity;
+    using Index = std::uint16_t;
+    static constexpr Index NONE = std::numeric_limits<Index>::max();
+    static constexpr std::size_t SLOTS = 8192;
+
+    // The runs of a slot are chained; those of one key stand in their order, the latest first.
+    struct Run {
+        Key key;
+        std::uint32_t count;  // 0 only where the key has no other run
+        Index next;
+        Outcome outcome;
+        std::uint8_t velocity;
+    };
+
+    static std::size_t slotOf(Key key) { return key * 0x9E3779B97F4A7C15u >> 51; }
+    Index find(Index from, Key key) const
+    {
+        while (from != NONE && runs[from].key != key) from = runs[from].next;
+        return from;
+    }
+    void takeOne(Index run)
+    {
+        if (runs[run].count == 0) return;
+        if (--runs[run].count == 0) ++usedUp;
+    }
+
+    bool startRun(Key key, Outcome outcome, std::uint8_t velocity, std::uint32_t count);
+    void unlink(Index run);
+    void putFirst(Index run);
+    /// The key's other runs, taken out of the chain, oldest first.
+    Index detachOlder(Index latest);
+    /// A free run, or `NONE`.
+    Index take();
+    void recycle(Index run);
+
+    std::vector<Run> runs;
+    std::vector<Index> heads;
+    std::size_t used = 0;  // runs from the beginning that were ever in use
+    Index free = NONE;     // chain of those that are free again
+    std::size_t usedUp = 0;
+    std::size_t hand = 0;  // where the search for a used-up run goes on
 };
 }  // namespace Backend::MidiEngine

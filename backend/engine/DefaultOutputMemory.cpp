@@ -1,0 +1,32 @@
+#include "backend/engine/DefaultOutputMemory.h"
+
+#include <algorithm>
+
+namespace Backend::MidiEngine
+{
+bool DefaultOutputMemory::pressElsewhere(PressMemory& presses, std::size_t note, DefaultRoute route)
+{
+    Word& cell = cells[note];
+    const bool isMine = isOf(cell, route);
+    if (cell == 0 || (isMine && (cell & MOST) == 0)) {
+        isEmpty = false;
+        cell = route.word + 1;
+        return true;
+    }
+    const PressMemory::Key key = keyOf(note, route);
+    if (isMine) {
+        const auto count = static_cast<std::uint32_t>(cell & MOST);
+        const auto output = static_cast<std::uint8_t>(outputOf(cell));
+        if (!presses.press(key, {.value = output}, 0, count)) return false;
+        cell = IN_PRESSES;
+    }
+    return presses.press(key, {.value = static_cast<std::uint8_t>(route.getDefaultOutput())}, 0);
+}
+
+void DefaultOutputMemory::clear()
+{
+    if (isEmpty) return;
+    std::ranges::fill(cells, 0);
+    isEmpty = true;
+}
+}  // namespace Backend::MidiEngine

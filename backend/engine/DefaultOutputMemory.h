@@ -1,0 +1,114 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+#include "backend/engine/PressMemory.h"
+
+namespace Backend::MidiEngine
+{
+/// An event's route and the default output of the moment, in one word.
+class DefaultRoute
+{
+public:
+    /// Of an event whose output is the default one, with the channel as it names it.
+    DefaultRoute(const OrvMidiMessage& event, int defaultOutput)
+        : word(Word{PressMemory::routeOf(event) ^ PressMemory::byte(event.getChannel()) << 8} << 32 |
+               Word{PressMemory::byte(defaultOutput)} << 24)
+    {
+    }
+
+    int getDefaultOutput() const { return static_cast<std::int8_t>(word >> 24); }
+
+private:
+    friend class DefaultOutputMemory;
+    using Word = std::uint64_t;
+
+    Word word;
+};
+
+/// Remembers, for the notes of one layer or of the direct path, the output that each open press got while it was the
+/// default output. The rule is that of `PressMemory`; while a note has one route and one output, which is nearly
+/// always, this table counts by itself, and everything else is in the `PressMemory`. Time slice only.
+class DefaultOutputMemory
+{
+public:
+    static constexpr int NONE = -1;
+
+    /// `owner` tells this table from others that share a `PressMemory`.
+    DefaultOutputMemory(std::size_t notes, std::size_t owner)
+        : cells(notes), ownKey(PressMemory::OUTPUT_KEY | PressMemory::Key{owner} << 32)
+    {
+    }
+
+    /// A note on goes to the default output. False if it cannot be remembered; then it must not be played.
+    bool press(PressMemory& presses, std::size_t note, DefaultRoute route)
+    {
+        Word& cell = cells[note];
+        if (cell - route.word >= MOST) return pressElsewhere(presses, note, route);
+        ++cell;
+        return true;
+    }
+
+    /// Calls `noteOff(output)` for the output of the latest run, then for each press that got another output. With
+    /// nothing known that is the default output of the moment.
+    template <class NoteOff>
+    void release(PressMemory& presses, std::size_t note, DefaultRoute route, NoteOff&& noteOff)
+    {
+        Word& cell = cells[note];
+        const Word count = cell - route.word;
+        if (count <= MOST) {
+            if (count > 0) --cell;
+            return noteOff(route.getDefaultOutput());
+        }
+        if (isOf(cell, route)) {
+            if ((cell & MOST) > 0) --cell;
+            return noteOff(outputOf(cell));
+        }
+        const auto toOutput = [&](std::uint8_t output, std::uint8_t) { noteOff(int{output}); };
+        if (!presses.release(keyOf(note, route), toOutput)) noteOff(route.getDefaultOutput());
+    }
+
+    // For a layer on which each note sounds at most once, whatever its route
+
+    void setOutput(std::size_t note, int output)
+    {
+        isEmpty = false;
+        cells[note] = ANY_ROUTE | Word{PressMemory::byte(output)} << 24;
+    }
+    /// The output that the note's last note on got, or `NONE`.
+    int getOutput(std::size_t note) const { return cells[note] == 0 ? NONE : outputOf(cells[note]); }
+
+    /// Forgets the outputs that are gone; the `PressMemory` forgets its own.
+    template <class IsGone>
+    void forget(IsGone&& isGone)
+    {
+        if (isEmpty) return;
+        for (Word& cell : cells)
+            if (cell != 0 && cell != IN_PRESSES && isGone(outputOf(cell))) cell = 0;
+    }
+
+    void clear();
+
+private:
+    using Word = DefaultRoute::Word;
+
+    // A cell: route, output, number of open presses; 0 for nothing known. No route has all bits set.
+    static constexpr Word MOST = 0xFFFFFF;
+    static constexpr Word ANY_ROUTE = Word{0xFFFFFFFF} << 32;
+    static constexpr Word IN_PRESSES = ~Word{0};
+
+    static int outputOf(Word cell) { return static_cast<std::uint8_t>(cell >> 24); }
+    static bool isOf(Word cell, DefaultRoute route) { return cell >> 32 == route.word >> 32; }
+    PressMemory::Key keyOf(std::size_t note, DefaultRoute route) const
+    {
+        return ownKey ^ route.word >> 32 ^ PressMemory::Key{note} << 52;
+    }
+    bool pressElsewhere(PressMemory& presses, std::size_t note, DefaultRoute route);
+
+    std::vector<Word> cells;
+    PressMemory::Key ownKey;
+    bool isEmpty = true;
+};
+}  // namespace Backend::MidiEngine
