@@ -21,11 +21,18 @@ constexpr int OUTPUTS = 3;
 
 /// A performer who plays on while everything changes under the hands: keys of several inputs, notes of the backend's
 /// own straight out and through zones and layers, thru, default output, ports that come, go and are switched off,
-/// layers that are edited, zones that move, and programs that are loaded.
+/// layers that are edited, zones that move, and programs that are loaded. Some presses never get a note off of their
+/// own: what they became ends with the next note off of their key.
 class RestlessPerformer
 {
 public:
-    explicit RestlessPerformer(unsigned seed) : random(seed) {}
+    explicit RestlessPerformer(unsigned seed) : random(seed)
+    {
+        stage.folders.write("keys.prg", "<ProgramFile><Program><ComputerInput>" + repeatingKey("Q", "E4") +
+                                            repeatingKey("W", "F4") +
+                                            "</ComputerInput><Layers><Layer/></Layers></Program></ProgramFile>");
+        stage.commands().postLoadProgram((stage.folders / "keys.prg").string());
+    }
 
     void perform(int steps)
     {
@@ -42,6 +49,7 @@ public:
     {
         while (!keys.empty()) keyUp(*keys.begin());
         while (!notes.empty()) noteOff(*notes.begin());
+        releaseComputerKeys();
         stage.rest();
         stage.playSlices(2);
         listen();
@@ -66,7 +74,7 @@ private:
 
     void act()
     {
-        switch (below(20)) {
+        switch (below(23)) {
             case 0:
                 stage.setThru(below(2) == 0);
                 break;
@@ -103,7 +111,17 @@ private:
                 moveZones();
                 break;
             case 15:
-                if (below(4) == 0) stage.commands().postLoadProgram(below(2) == 0 ? program : "missing.prg");
+                if (below(4) == 0) loadProgram();
+                break;
+            case 16:
+                if (below(4) == 0) retrigger();
+                break;
+            case 17:
+            case 18:
+                pressComputerKey(below(2) == 0 ? "Q" : "W");
+                break;
+            case 19:
+                releaseComputerKeys();
                 break;
             default:
                 if (below(2) == 0)
@@ -130,8 +148,58 @@ private:
                                                     asNoteOn ? 0 : 64, channel, -1, -1, input, -1});
     }
 
+    // Computer keys whose note is sent again while they are held
+
+    static std::string repeatingKey(const std::string& key, const std::string& note)
+    {
+        return "<Key id='" + key + "'><Function keepSending='true'><Down><MidiNoteOn zone='1' note='" + note +
+               "'/></Down><Up><MidiNoteOff zone='1' note='" + note + "'/></Up></Function></Key>";
+    }
+    void pressComputerKey(const std::string& key)
+    {
+        stage.commands().postKeyDown(Key::fromXmlString(key), !computerKeys.insert(key).second);
+    }
+    void releaseComputerKeys()
+    {
+        for (const std::string& key : computerKeys) stage.commands().postKeyUp(Key::fromXmlString(key));
+        computerKeys.clear();
+    }
+
+    void loadProgram()
+    {
+        releaseComputerKeys();  // what another program's keys do is not theirs
+        const std::string own = (stage.folders / "keys.prg").string();
+        const std::string* const programs[] = {&own, &program, &missing};
+        stage.commands().postLoadProgram(*programs[below(3)]);
+    }
+
+    /// Every note that is held in a zone once more, in a transposition that was never used before: one note off is all
+    /// that each of them gets now.
+    void retrigger()
+    {
+        if (freshTranspose > 60) return;
+        stage.rest();
+        stage.playSlices(2);
+        std::vector<Zones::Zone> zones;
+        for (std::int8_t id = 0; id < 3; ++id) zones.push_back({.id = id, .transpose = freshTranspose});
+        ++freshTranspose;
+        stage.engine().postSetZoneMap(zones);
+        const std::set<Own> held(notes.begin(), notes.end());
+        for (const Own& note : held) {
+            if (std::get<2>(note) < 0) continue;
+            notes.erase(note);
+            retriggered.erase(note);
+            noteOn(note);
+            retriggered.insert(note);
+        }
+        stage.rest();
+        stage.playSlices(2);
+        listen();
+    }
+
     void noteOn(const Own& note)
     {
+        if (retriggered.contains(note)) return;  // it might join presses whose note offs never come
         notes.insert(note);
         const auto& [output, channel, zone, number] = note;
         stage.commands().postPlayMidi({MessageType::noteOn, number, 1 + below(127), channel, output, zone, -1, -1});
@@ -139,6 +207,7 @@ private:
     void noteOff(const Own note)
     {
         notes.erase(notes.find(note));
+        retriggered.erase(note);
         const auto& [output, channel, zone, number] = note;
         stage.commands().postPlayMidi({MessageType::noteOff, number, below(128), channel, output, zone, -1, -1});
     }
@@ -221,8 +290,12 @@ private:
     std::mt19937 random;
     Stage stage;
     const std::string program{ORVANE_EXAMPLES "/demonstration.prg"};
+    const std::string missing{"missing.prg"};
     std::set<Where> keys;
     std::multiset<Own> notes;
+    std::set<Own> retriggered;
+    std::set<std::string> computerKeys;
+    std::int8_t freshTranspose = 13;
     std::map<Where, bool> last;
 };
 }  // namespace
