@@ -49,7 +49,10 @@ EngineLayer::EngineLayer(const Layer& layer, std::size_t number)
       output(layer.output),
       channel(layer.channel >= MidiEngine::NoteCounters::CHANNELS ? std::int8_t{0} : layer.channel),
       useNoteStack(layer.useNoteStack),
-      settings(layer),
+      mono(layer.mono),
+      toggle(layer.toggle.mode),
+      minNote(layer.minNote.getNumber()),
+      maxNote(layer.maxNote.getNumber()),
       sequence(layer.sequenceSetting),
       arpeggio(layer.arpeggio ? ArpeggioManagement::createArpeggio(*layer.arpeggio) : nullptr),
       defaultOutputs(NOTES, number)
@@ -65,14 +68,14 @@ EngineLayer::EngineLayer(const Layer& layer, std::size_t number)
 bool EngineLayer::hasInRange(std::uint8_t note) const
 {
     const auto number = static_cast<std::int8_t>(note);
-    return number >= settings.minNote.getNumber() && number <= settings.maxNote.getNumber();
+    return number >= minNote && number <= maxNote;
 }
 
 void EngineLayer::keepNote(Slice& slice, MidiEngine::MidiEngine& engine, const OrvMidiMessage& event)
 {
     if (event.isNoteOn())
         keepNoteOn(slice, engine, event);
-    else if (settings.toggle.mode == NoteToggle::Mode::off)  // otherwise releases play no part
+    else if (toggle == NoteToggle::Mode::off)  // otherwise releases play no part
         keepNoteOff(slice, engine, event);
 }
 
@@ -88,7 +91,7 @@ void EngineLayer::keepNoteOn(Slice& slice, MidiEngine::MidiEngine& engine, const
         if (old.note < 0) return;
         OrvMidiMessage noteOff = withNote(event, old.note);
         noteOff.setD2(old.velocity);
-        if (settings.toggle.mode != NoteToggle::Mode::off) {
+        if (toggle != NoteToggle::Mode::off) {
             toggledNotes[noteOff.getD1()] = false;
             noteStack.remove(old.note);
         }
@@ -98,29 +101,29 @@ void EngineLayer::keepNoteOn(Slice& slice, MidiEngine::MidiEngine& engine, const
             delayed = {.noteOff = noteOff, .output = getKeptOutput(slice, engine, old.note)};
     };
 
-    if (settings.toggle.mode == NoteToggle::Mode::off) {
+    if (toggle == NoteToggle::Mode::off) {
         // The older note stays in the stack: it comes back when the newer key is released.
-        if (settings.mono) endOldNote();
+        if (mono) endOldNote();
     } else {
         const auto place = static_cast<std::size_t>(note);
-        if (toggledNotes[place] && settings.toggle.mode == NoteToggle::Mode::type1) {
+        if (toggledNotes[place] && toggle == NoteToggle::Mode::type1) {
             toggledNotes[place] = false;
             giveNoteOff(slice, engine, event);
             noteStack.remove(note);
             return;
         }
-        if (settings.mono) endOldNote();
+        if (mono) endOldNote();
         if (toggledNotes[place]) giveNoteOff(slice, engine, event);  // played anew
         toggledNotes[place] = true;
     }
-    if (settings.mono) noteStack.push(note, event.getD2());  // only mono layers read it
+    if (mono) noteStack.push(note, event.getD2());  // only mono layers read it
     giveNoteOn(slice, engine, event);
     if (delayed.noteOff) sendNoteOff(slice, engine, *delayed.noteOff, delayed.output);
 }
 
 void EngineLayer::keepNoteOff(Slice& slice, MidiEngine::MidiEngine& engine, const OrvMidiMessage& event)
 {
-    if (!settings.mono) return giveNoteOff(slice, engine, event);
+    if (!mono) return giveNoteOff(slice, engine, event);
     const bool wasLast = noteStack.remove(event.getD1());
     if (!wasLast) return;
     const int keptOutput = getKeptOutput(slice, engine, event.getD1());

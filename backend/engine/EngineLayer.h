@@ -119,8 +119,11 @@ private:
     std::array<std::uint8_t, 256> sounding;    // what a note becomes, by its byte
     std::array<std::uint8_t, 256> velocities;  // what a velocity becomes, by its byte
 
-    Layer settings;
-    SequenceManagement::SequencePlayer sequence;
+    bool mono;
+    NoteToggle::Mode toggle;
+    int minNote;
+    int maxNote;
+    SequenceManagement::SequencePlayer sequence;             // of the arpeggio
     std::unique_ptr<ArpeggioManagement::Arpeggio> arpeggio;  // null: notes are played straight through
     HeldNoteStack noteStack;
     std::bitset<256> toggledNotes;
