@@ -49,7 +49,7 @@ Orv::Orv(const std::string& application, MidiEngine::MidiPlayer& player, RetroRe
 Orv::~Orv()
 {
     midiEngine.end();
-    midiEngine.setRetroRecordManager(nullptr);
+    midiEngine.setEventRecorder(nullptr);
     stop();
 }
 
@@ -77,7 +77,7 @@ void Orv::endInitialize() { controlManager.sendAll(true); }
 void Orv::end()
 {
     midiEngine.end();
-    midiEngine.setRetroRecordManager(nullptr);
+    midiEngine.setEventRecorder(nullptr);
     retroRecord.end();
     display.end();
     registrySettings.saveToRegistry(OrvUtils::getRegistryKey(applicationName));
@@ -96,7 +96,7 @@ void Orv::startRetroRecord()
 {
     const bool enabled = registrySettings.isRetroRecordEnabled();
     retroRecord.start(enabled, registrySettings.getRetroRecordBufferSize());
-    midiEngine.setRetroRecordManager(enabled ? &retroRecord : nullptr);
+    midiEngine.setEventRecorder(enabled ? &engineRecorder : nullptr);
 }
 
 /// A new user gets the installed banks, and a default bank among them.

@@ -11,6 +11,7 @@
 #include "api/GuiFactory.h"
 #include "api/OrvIF.h"
 #include "api/OrvMessageManager.h"
+#include "backend/core/EngineRecorder.h"
 #include "backend/core/HeldNotes.h"
 #include "backend/display/Display.h"
 #include "backend/engine/MidiEngine.h"
@@ -314,6 +315,7 @@ private:
     MidiEngine::MidiEngine midiEngine;
     Display::Display display;
     RetroRecord::RetroRecordManager retroRecord;
+    EngineRecorder engineRecorder{retroRecord};
     Oscillators::OscManager oscManager;
     Joystick::JoystickManager joystickManager;
     ComputerInput::ComputerInputManager computerInputManager;

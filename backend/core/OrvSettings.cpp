@@ -65,7 +65,7 @@ void Orv::enableRetroRecord(bool on)
     registrySettings.setRetroRecordEnabled(on);
     notifyGui(GuiMessage::RETRO_RECORD_ENABLED, on);
     retroRecord.enable(on);
-    midiEngine.setRetroRecordManager(on ? &retroRecord : nullptr);
+    midiEngine.setEventRecorder(on ? &engineRecorder : nullptr);
 }
 
 void Orv::setLargeDisplayFont(bool on)

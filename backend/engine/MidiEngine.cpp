@@ -109,14 +109,14 @@ void MidiEngine::setGuiWindowHandle(WindowHandle window)
 {
     const Locked lock(criticalSection);
     std::swap(guiWindow, window);
-    isToldOf = guiWindow || retroRecordManager != nullptr;
+    isToldOf = guiWindow || recorder != nullptr;
 }
 
-void MidiEngine::setRetroRecordManager(RetroRecord::RetroRecordManager* recorder)
+void MidiEngine::setEventRecorder(EventRecorder* newRecorder)
 {
     const Locked lock(criticalSection);
-    retroRecordManager = recorder;
-    isToldOf = guiWindow || retroRecordManager != nullptr;
+    recorder = newRecorder;
+    isToldOf = guiWindow || recorder != nullptr;
 }
 
 void MidiEngine::setControlUpdates(Controls::ControlUpdates* updates)

@@ -11,6 +11,7 @@
 #include "backend/engine/EngineLayerList.h"
 #include "backend/engine/EngineOscList.h"
 #include "backend/engine/EngineZones.h"
+#include "backend/engine/EventRecorder.h"
 #include "backend/engine/NoteCounters.h"
 #include "backend/engine/PressMemory.h"
 #include "backend/engine/PulseSpan.h"
@@ -79,7 +80,7 @@ public:
     void setTempoSource(int source) EXCLUDES(criticalSection);
     void setGuiWindowHandle(WindowHandle window) EXCLUDES(criticalSection);
     /// What is played is recorded there; null for nowhere. It must outlive the slices.
-    void setRetroRecordManager(RetroRecord::RetroRecordManager* recorder) EXCLUDES(criticalSection);
+    void setEventRecorder(EventRecorder* newRecorder) EXCLUDES(criticalSection);
     /// Whom to tell of what controls may follow; it must outlive the slices. Null for nobody.
     void setControlUpdates(Controls::ControlUpdates* updates) EXCLUDES(criticalSection);
     /// Replaces the zones. Open presses keep the note they sound.
@@ -257,7 +258,7 @@ private:
     int defaultMidiOutput GUARDED_BY(criticalSection) = -1;
     bool midiThru GUARDED_BY(criticalSection) = true;
     WindowHandle guiWindow GUARDED_BY(criticalSection);
-    RetroRecord::RetroRecordManager* retroRecordManager GUARDED_BY(criticalSection) = nullptr;
+    EventRecorder* recorder GUARDED_BY(criticalSection) = nullptr;
     bool isToldOf GUARDED_BY(criticalSection) = false;  // what is played, to the window or the record
     Controls::ControlUpdates* controlUpdates GUARDED_BY(criticalSection) = nullptr;
     std::vector<OrvMidiMessage> timedEvents GUARDED_BY(criticalSection);  // in order of arrival

@@ -7,7 +7,6 @@
 #include "backend/engine/MidiEngine.h"
 #include "backend/engine/ResetRequest.h"
 #include "backend/messages/GuiMessages.h"
-#include "backend/recorder/RetroRecordManager.h"
 #include "platform/DbgStream.h"
 
 namespace Backend::MidiEngine
@@ -249,7 +248,7 @@ void MidiEngine::playMidiInternal(Slice& slice, const OrvMidiMessage& event, boo
 
 void MidiEngine::tell(Slice& slice, const OrvMidiMessage& event)
 {
-    if (retroRecordManager != nullptr) record(slice, event);
+    if (recorder != nullptr) record(slice, event);
     if (guiWindow) show(slice, event);
 }
 
@@ -257,8 +256,8 @@ void MidiEngine::tell(Slice& slice, const OrvMidiMessage& event)
 void MidiEngine::record(Slice& slice, const OrvMidiMessage& event)
 {
     if (!slice.milliseconds) slice.milliseconds = midiPlayer.getMilliseconds();
-    retroRecordManager->addEvent(event.getMidiMessage(), event.getOutput(), *slice.milliseconds);
-    slice.recorder = retroRecordManager;
+    recorder->addEvent(event.getMidiMessage(), event.getOutput(), *slice.milliseconds);
+    slice.recorder = recorder;
 }
 
 void MidiEngine::show(Slice& slice, const OrvMidiMessage& event)

@@ -8,11 +8,6 @@
 #include "platform/CriticalSection.h"
 #include "platform/WindowHandle.h"
 
-namespace Backend::RetroRecord
-{
-class RetroRecordManager;
-}
-
 namespace Backend::Controls
 {
 class ControlUpdates;
@@ -20,6 +15,7 @@ class ControlUpdates;
 
 namespace Backend::MidiEngine
 {
+class EventRecorder;
 struct ResetRequest;
 
 /// Proof of being inside a time slice, with the engine lock held: only the engine makes one, and whatever plays asks
@@ -43,11 +39,11 @@ private:
         const char* why;
     };
 
-    ResetRequest* served = nullptr;                       // resets done, newest first
-    WindowHandle window;                                  // to be woken, if anything was posted to it
-    RetroRecord::RetroRecordManager* recorder = nullptr;  // the same
-    std::optional<std::uint32_t> milliseconds;            // the slice's time, once it was asked for
-    Controls::ControlUpdates* controls = nullptr;         // the same
-    std::vector<Drop> drops;                              // for the debug stream
+    ResetRequest* served = nullptr;                // resets done, newest first
+    WindowHandle window;                           // to be woken, if anything was posted to it
+    EventRecorder* recorder = nullptr;             // the same
+    std::optional<std::uint32_t> milliseconds;     // the slice's time, once it was asked for
+    Controls::ControlUpdates* controls = nullptr;  // the same
+    std::vector<Drop> drops;                       // for the debug stream
 };
 }  // namespace Backend::MidiEngine

@@ -6,8 +6,8 @@
 #include <set>
 #include <thread>
 
+#include "backend/core/EngineRecorder.h"
 #include "backend/messages/GuiMessages.h"
-#include "backend/recorder/RetroRecordManager.h"
 #include "backend/sections/controls/DefaultControls.h"
 #include "tests/stage/Allocations.h"
 #include "tests/stage/Stage.h"
@@ -135,7 +135,8 @@ TEST(TimeSlice, AllocatesNothingInTheSteadyState)
     RetroRecord::RetroRecordManager recorder([] { return 0u; }, RetroRecord::Restore::no);
     recorder.start(true, 100000);
     recorder.setOutputs(MidiOutputPorts(4));
-    stage.engine.setRetroRecordManager(&recorder);
+    EngineRecorder engineRecorder(recorder);
+    stage.engine.setEventRecorder(&engineRecorder);
     std::vector<Layers::Layer> layers(7);
     MessageQueue controls(1024);
     Controls::ControlUpdates updates(controls);
@@ -166,7 +167,7 @@ TEST(TimeSlice, AllocatesNothingInTheSteadyState)
         while (!recorder.getWorker().rest().resting) std::this_thread::yield();
         while (controls.handleNext([](Message&) {})) {}
     }
-    stage.engine.setRetroRecordManager(nullptr);
+    stage.engine.setEventRecorder(nullptr);
     EXPECT_EQ(counted, 0u);
     EXPECT_EQ(controls.handledCount(), 400u);
     EXPECT_GT(stage.player.events.size(), 6000u);
