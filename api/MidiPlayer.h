@@ -9,7 +9,7 @@ namespace Backend::MidiEngine
 {
 /// What the host supplies: the way out to real MIDI devices, and the owner of the clock. The host keeps it alive as
 /// long as the backend. Every operation but `getThreadId` may be called with the engine lock held, so none of them may
-/// wait for the engine, and those that open devices or change the clock only note the wish for a thread of the host.
+/// wait for the engine, and those that open devices or change the clock only leave a request for a thread of the host.
 class ORV_API MidiPlayer
 {
 public:

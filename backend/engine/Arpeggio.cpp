@@ -12,7 +12,7 @@ namespace
 /// Nothing is a multiple of 0 here: a beat of 0 is no beat.
 bool isMultiple(std::int64_t number, std::int64_t divisor) { return divisor != 0 && number % divisor == 0; }
 
-/// The first pulse behind `ppq` that lies a multiple of `divisor` behind `origin`.
+/// The first pulse after `ppq` whose distance from `origin` is a multiple of `divisor`.
 std::int32_t nextMultiple(std::int64_t ppq, std::int64_t origin, std::int64_t divisor)
 {
     if (divisor == 0) return Arpeggio::NEVER;
@@ -52,7 +52,7 @@ std::int32_t Arpeggio::nextTurn(std::int32_t ppq, std::int32_t startTime) const
     return std::min(nextBeat, nextMultiple(ppq, 0, std::int64_t{lastNoteOn} + length));
 }
 
-void Arpeggio::strike(ArpeggioVoice& voice, ArpeggioNote& note, std::int32_t ppq)
+void Arpeggio::startNote(ArpeggioVoice& voice, ArpeggioNote& note, std::int32_t ppq)
 {
     voice.noteOn(note);
     lastNoteOn = ppq;

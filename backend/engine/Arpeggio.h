@@ -31,8 +31,8 @@ public:
     /// The turn of a pulse.
     virtual void process(ArpeggioVoice& voice, std::int32_t ppq) = 0;
 
-    /// The first pulse behind `ppq` in which `process` may do anything, given that nothing else happens; `NEVER` when
-    /// idle.
+    /// The first pulse after `ppq` in which `process` may do anything, unless a note or a reset comes before; `NEVER`
+    /// when idle.
     std::int32_t nextTurn(std::int32_t ppq, std::int32_t startTime) const;
 
     /// Ends what sounds, forgets all notes and sets the sequence back to its start.
@@ -46,7 +46,7 @@ protected:
     bool noteEnds(std::int32_t ppq, std::int32_t startTime) const;
     bool onBeat(std::int32_t ppq, std::int32_t startTime) const;
 
-    void strike(ArpeggioVoice& voice, ArpeggioNote& note, std::int32_t ppq);
+    void startNote(ArpeggioVoice& voice, ArpeggioNote& note, std::int32_t ppq);
     void start(ArpeggioVoice& voice, std::int32_t ppq);
 
     /// Back to the start of the pattern.

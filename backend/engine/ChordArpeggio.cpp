@@ -28,7 +28,7 @@ void ChordArpeggio::process(ArpeggioVoice& voice, std::int32_t ppq)
     const bool begins = startTime < 0;
     if (begins || (isOnBeat && lastStart < 0)) start(voice, ppq);
     for (ArpeggioNote& note : notes)
-        if (!note.isReleased() && (begins || (isOnBeat && !note.playing))) strike(voice, note, ppq);
+        if (!note.isReleased() && (begins || (isOnBeat && !note.playing))) startNote(voice, note, ppq);
 }
 
 /// The held ones stay, to sound again.

@@ -4,7 +4,7 @@
 
 namespace Backend::ArpeggioManagement::Arpeggios
 {
-/// All held notes together, struck anew on each beat. The first after silence sounds at once, later ones wait for the
+/// All held notes together, played anew on each beat. The first after silence sounds at once, later ones wait for the
 /// beat; when all keys are up the chord ends at once.
 class ChordArpeggio final : public Arpeggio
 {

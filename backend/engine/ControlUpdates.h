@@ -10,8 +10,8 @@
 
 namespace Backend::Controls
 {
-/// What a time slice knows of the controls: which events any of them follows, and the road on which it tells them.
-/// Nothing here waits. An event that no control follows costs a look into a table.
+/// Passes events that are played to the controls that follow them: a table of the events that any control follows, and
+/// the queue of the controls' thread. Nothing here waits. An event that no control follows costs one table look-up.
 class ORV_API ControlUpdates
 {
 public:
@@ -34,13 +34,13 @@ public:
     void postFromSlice(const MidiEngine::OrvMidiMessage& event) { controls.postFromSlice(pack(event)); }
     void wake() { controls.wake(); }
 
-    /// The event with what a control asks of it: message, output, channel, zone and the cell that it came from, if that
+    /// The event with what a control compares: message, output, channel, zone and the cell that it came from, if that
     /// lies within 0 to 15 each way. All of it travels in the two parameters.
     static Message pack(const MidiEngine::OrvMidiMessage& event);
     static MidiEngine::OrvMidiMessage read(const Message& message);
 
 private:
-    // Controllers behind the 256 status bytes
+    // The 256 status bytes, then the controllers
     static std::size_t placeOf(const MidiEngine::MidiMessage& event)
     {
         if (event.isControllerChange()) return 256u + event.getD1();

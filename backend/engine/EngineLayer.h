@@ -20,8 +20,8 @@ class MidiEngine;
 
 namespace Backend::Layers
 {
-/// A layer as the engine plays it: the settings, worked out into tables beforehand, and what it remembers of the notes
-/// it holds. The settings never change; an edited layer is a new one, and a reset stands between the two.
+/// A layer as the engine plays it: tables made of its settings, and what it remembers of the notes it holds. The
+/// settings never change: an edited layer is a new one, which is swapped in after a reset.
 class EngineLayer
 {
 public:
@@ -52,7 +52,7 @@ public:
     /// -1 without a running arpeggio.
     std::int32_t getArpeggioStart() const { return arpeggio != nullptr ? arpeggio->getLastStart() : -1; }
 
-    // Of a layer that has an arpeggio: its turn in a pulse, and the next pulse in which it wants one.
+    // Of a layer that has an arpeggio: plays a pulse; the next pulse in which it may do anything.
     void playArpeggio(MidiEngine::Slice& slice, MidiEngine::MidiEngine& engine, std::int32_t ppq);
     std::int32_t nextArpeggioTurn(std::int32_t ppq, std::int32_t startTime) const
     {
@@ -108,7 +108,7 @@ private:
     int getKeptOutput(MidiEngine::Slice& slice, MidiEngine::MidiEngine& engine, int note) const;
     MidiEngine::OrvMidiMessage shaped(const MidiEngine::OrvMidiMessage& event, int port) const;
 
-    // What every event asks, together
+    // What every event reads, together
     bool keepsNotes;  // mono, toggle or an arpeggio: it must know what is held
     std::int8_t minVelocity;
     std::int8_t maxVelocity;

@@ -8,8 +8,8 @@
 
 namespace Backend::Oscillators
 {
-/// All oscillators of the engine, in order. Built outside the engine lock and swapped in as a whole. Those that stand
-/// cost nothing: they all stand at the same pulse, the last one that came by.
+/// All oscillators of the engine, in order. Built outside the engine lock and swapped in as a whole. Those that do
+/// not play cost nothing: the last pulse is kept once, for all of them.
 class EngineOscList
 {
 public:

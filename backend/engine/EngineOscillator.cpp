@@ -110,7 +110,7 @@ void EngineOscillator::step(Slice& slice, MidiEngine::MidiEngine& engine, std::i
         engine.playMidi(slice, event);
     }
     lastValue = value;
-    if (shows) engine.tellOscValue(slice, id, static_cast<std::int32_t>(value));
+    if (shows) engine.showOscValue(slice, id, static_cast<std::int32_t>(value));
 }
 
 /// Upside down it stays within what its message can carry, whatever limits a file holds.

@@ -23,9 +23,9 @@ public:
     explicit EngineOscillator(const Oscillator& settings);
 
     bool isPlaying() const { return playing; }
-    /// The wave stands where it is until it plays again.
+    /// A wave that is stopped goes on from the same phase when it plays again.
     void setPlaying(bool on) { playing = on; }
-    /// Pulses per cycle from now on. At 0 the wave stands still, below 0 it runs backwards.
+    /// Pulses per cycle from now on. At 0 the wave does not move, below 0 it runs backwards.
     void setSpeed(std::int32_t speed);
 
     std::int32_t getStopValue() const { return stopValue; }

@@ -109,14 +109,14 @@ void MidiEngine::setGuiWindowHandle(WindowHandle window)
 {
     const Locked lock(criticalSection);
     std::swap(guiWindow, window);
-    isToldOf = guiWindow || recorder != nullptr;
+    isObserved = guiWindow || recorder != nullptr;
 }
 
 void MidiEngine::setEventRecorder(EventRecorder* newRecorder)
 {
     const Locked lock(criticalSection);
     recorder = newRecorder;
-    isToldOf = guiWindow || recorder != nullptr;
+    isObserved = guiWindow || recorder != nullptr;
 }
 
 void MidiEngine::setControlUpdates(Controls::ControlUpdates* updates)
@@ -147,7 +147,7 @@ void MidiEngine::setOscPlaying(Oscillators::OscId id, bool playing)
         if (const std::int32_t stopValue = oscillator->getStopValue(); stopValue >= 0) {
             if (oscillator->hasEvent() && playing) oscillators.playStopValueFirst(*oscillator);
             if (oscillator->hasEvent() && !playing) timedEvents.push_back(oscillator->makeEvent(stopValue));
-            tellOscValue(slice, id, stopValue);
+            showOscValue(slice, id, stopValue);
         }
         oscillators.setPlaying(*oscillator, playing);
     }

@@ -31,8 +31,8 @@ namespace Backend::MidiEngine
 /// are played at their pulse and reach the host's player; note ons and note offs are counted on the way, so that a
 /// reset can end every note.
 ///
-/// A note off always follows its note on: to the output that the note on got, past a MIDI thru switched off in
-/// between, unless that output is gone.
+/// A note off always follows its note on: to the output that the note on got, also if MIDI thru was switched off in
+/// between, unless that output is missing or disabled. See docs/sounding-notes.md.
 class ORV_API MidiEngine final : public MidiEngineCommands
 {
 public:
@@ -66,7 +66,7 @@ public:
 
     // Commands: each one short stay under the lock, on any thread outside a slice.
 
-    /// Queues an event; untimed it plays at the first pulse of the slice behind the one that finds it.
+    /// Queues an event; untimed it plays at the first pulse of the slice after the one that takes it from the queue.
     void appendTimedEvent(const OrvMidiMessage& event) EXCLUDES(criticalSection);
     void setMidiInputPorts(MidiInputPorts ports) EXCLUDES(criticalSection);
     /// An output that is missing from the list or not enabled loses its counters and what is remembered of it.
@@ -79,15 +79,15 @@ public:
     void setTempo(int bpm) EXCLUDES(criticalSection);
     void setTempoSource(int source) EXCLUDES(criticalSection);
     void setGuiWindowHandle(WindowHandle window) EXCLUDES(criticalSection);
-    /// What is played is recorded there; null for nowhere. It must outlive the slices.
+    /// What is played is recorded there; null for no record. It must outlive the slices.
     void setEventRecorder(EventRecorder* newRecorder) EXCLUDES(criticalSection);
-    /// Whom to tell of what controls may follow; it must outlive the slices. Null for nobody.
+    /// Receives the events that controls may follow; it must outlive the slices. Null for none.
     void setControlUpdates(Controls::ControlUpdates* updates) EXCLUDES(criticalSection);
     /// Replaces the zones. Open presses keep the note they sound.
     void setZoneMap(std::vector<Zones::Zone> zones) EXCLUDES(criticalSection);
     /// Replaces the transposition of a zone, if it is there.
     void setZone(Zones::Zone zone) EXCLUDES(criticalSection);
-    /// Replaces the layers right behind a reset, so that no event falls between the two. Waits like `sendReset`.
+    /// Replaces the layers directly after a reset, so that no event falls between the two. Waits like `sendReset`.
     void setLayerList(std::vector<Layers::Layer> layers) EXCLUDES(criticalSection);
 
     /// The same for the oscillators.
@@ -113,7 +113,7 @@ public:
 
     // Inside a slice
 
-    /// An event's way in: validity, then the layers or, when it names an output or a channel, straight out.
+    /// The entry of an event: validity, then the layers or, when it names an output or a channel, straight out.
     /// The event is used up: it may come back with another note, velocity, output or channel.
     void playMidi(Slice& slice, OrvMidiMessage& event);
     /// The last stage: count, send, record, show. With `stackNotes` a note off is held back while the same note sounds
@@ -133,7 +133,7 @@ public:
             if (counter != nullptr) counter->setPlayerHolds(true);
             midiPlayer.playMidi(event);
         }
-        if (isToldOf) tell(slice, event);
+        if (isObserved) notifyObservers(slice, event);
     }
 
     // Without thru, what came in on a MIDI input does not go out, but the note off of a note that the player holds
@@ -148,7 +148,7 @@ public:
             if (counter != nullptr) counter->setPlayerHolds(false);
             midiPlayer.playMidi(event);
         }
-        if (isToldOf) tell(slice, event);
+        if (isObserved) notifyObservers(slice, event);
     }
 
     /// The pulse in which the grid of all arpeggios begins, -1 while none runs.
@@ -163,16 +163,16 @@ public:
         Slice::proves(criticalSection);
         if (startTime < 0) startTime = ppq;
     }
-    /// The grid goes with the last arpeggio that runs.
+    /// Ends the grid if no arpeggio runs any more.
     void updateStartTime(Slice& slice);
-    /// To be told when an arpeggio got something to do.
+    /// To be called when an arpeggio has got a note.
     void wakeArpeggios(Slice&)
     {
         Slice::proves(criticalSection);
         arpeggiosRest = {};
     }
 
-    /// Tells the controls of an event that goes out, as it was before it got its output and channel. They hear of it
+    /// Posts an event that goes out to the controls, as it was before it got its output and channel. They process it
     /// on their own thread.
     void postUpdateControl(Slice& slice, const OrvMidiMessage& event);
 
@@ -195,7 +195,7 @@ public:
         Slice::proves(criticalSection);
         return defaultMidiOutput;
     }
-    /// True the first time it is asked for that output and channel during one event.
+    /// True at the first call for that output and channel during one event.
     bool isFirstTo(Slice&, int output, int channel)
     {
         Slice::proves(criticalSection);
@@ -208,8 +208,8 @@ public:
         return random.draw();
     }
     /// Shows the running value of an oscillator.
-    void tellOscValue(Slice& slice, Oscillators::OscId id, std::int32_t value);
-    /// Tells the debug stream, once the slice is over, what became of an event.
+    void showOscValue(Slice& slice, Oscillators::OscId id, std::int32_t value);
+    /// Writes to the debug stream, once the slice is over, why an event was dropped.
     void drop(Slice& slice, const OrvMidiMessage& event, const char* why);
 
 private:
@@ -227,10 +227,10 @@ private:
     void playToDefaultOutput(Slice& slice, OrvMidiMessage& note, DefaultRoute route) REQUIRES(criticalSection);
     void playOtherDirect(Slice& slice, OrvMidiMessage& event) REQUIRES(criticalSection);
     void sendDirect(Slice& slice, const OrvMidiMessage& note) REQUIRES(criticalSection);
-    void tell(Slice& slice, const OrvMidiMessage& event) REQUIRES(criticalSection);
+    void notifyObservers(Slice& slice, const OrvMidiMessage& event) REQUIRES(criticalSection);
     void record(Slice& slice, const OrvMidiMessage& event) REQUIRES(criticalSection);
     void show(Slice& slice, const OrvMidiMessage& event) REQUIRES(criticalSection);
-    void tellGui(Slice& slice, Message message) REQUIRES(criticalSection);
+    void postToWindow(Slice& slice, Message message) REQUIRES(criticalSection);
     void playRemembered(Slice& slice, OrvMidiMessage& note) REQUIRES(criticalSection);
     void playOn(Slice& slice, OrvMidiMessage& event) REQUIRES(criticalSection);
     void playThroughLayers(Slice& slice, const OrvMidiMessage& event) REQUIRES(criticalSection);
@@ -238,7 +238,7 @@ private:
     void runReset(const OrvMidiMessage& order, ResetRequest& request) EXCLUDES(criticalSection);
     void queueReset(const OrvMidiMessage& order, ResetRequest& request) REQUIRES(criticalSection);
     void serveReset(Slice& slice, const OrvMidiMessage& order) REQUIRES(criticalSection);
-    void carryOut(Slice& slice, const OrvMidiMessage& order, ResetRequest& request) REQUIRES(criticalSection);
+    void executeReset(Slice& slice, const OrvMidiMessage& order, ResetRequest& request) REQUIRES(criticalSection);
     void reset(Slice& slice) REQUIRES(criticalSection);
     void hardReset(Slice& slice) REQUIRES(criticalSection);
 
@@ -259,7 +259,7 @@ private:
     bool midiThru GUARDED_BY(criticalSection) = true;
     WindowHandle guiWindow GUARDED_BY(criticalSection);
     EventRecorder* recorder GUARDED_BY(criticalSection) = nullptr;
-    bool isToldOf GUARDED_BY(criticalSection) = false;  // what is played, to the window or the record
+    bool isObserved GUARDED_BY(criticalSection) = false;  // what is played goes to the window or the record
     Controls::ControlUpdates* controlUpdates GUARDED_BY(criticalSection) = nullptr;
     std::vector<OrvMidiMessage> timedEvents GUARDED_BY(criticalSection);  // in order of arrival
     std::vector<OrvMidiMessage> pending GUARDED_BY(criticalSection);      // of this slice
@@ -279,7 +279,7 @@ private:
     DefaultOutputMemory directOutputs GUARDED_BY(criticalSection);
     NoteCounters noteCounters GUARDED_BY(criticalSection);
 
-    // Last, so that its thread ends before what it works on goes
+    // Last, so that its thread ends before the members that it uses are destroyed
     MidiEngineMessageManager messageManager;
 };
 }  // namespace Backend::MidiEngine

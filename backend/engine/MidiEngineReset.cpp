@@ -46,7 +46,7 @@ void MidiEngine::runReset(const OrvMidiMessage& order, ResetRequest& request)
     {
         const Locked lock(criticalSection);
         if (atOnce)
-            carryOut(slice, order, request);
+            executeReset(slice, order, request);
         else
             queueReset(order, request);
     }
@@ -75,14 +75,14 @@ void MidiEngine::queueReset(const OrvMidiMessage& order, ResetRequest& request)
 void MidiEngine::serveReset(Slice& slice, const OrvMidiMessage& order)
 {
     ResetRequest& request = *resetRequests.front();
-    carryOut(slice, order, request);
+    executeReset(slice, order, request);
     resetRequests.erase(resetRequests.begin());
     --resetsWaiting;
     if (request.waiter != nullptr) request.waiter->setWaiting(false);
     request.next = std::exchange(slice.served, &request);
 }
 
-void MidiEngine::carryOut(Slice& slice, const OrvMidiMessage& order, ResetRequest& request)
+void MidiEngine::executeReset(Slice& slice, const OrvMidiMessage& order, ResetRequest& request)
 {
     if (order.isOrvHardReset())
         hardReset(slice);

@@ -35,7 +35,7 @@ void MidiEngine::playTimeSlice(std::int32_t startPpq, std::int32_t endPpq)
     finish(slice);
 }
 
-/// Takes over what was queued: resets run at once, events get their place in pulse order.
+/// Takes over the queue: resets run at once, events get their place in pulse order.
 void MidiEngine::drain(Slice& slice, std::int32_t endPpq)
 {
     pending.swap(timedEvents);
@@ -100,8 +100,8 @@ void MidiEngine::playDue(Slice& slice, std::int32_t ppq, std::int32_t minPpq)
     pending.erase(kept, pending.end());
 }
 
-/// Each in the order of the layers, and all of them: one that stops may change the grid of the others. They say
-/// themselves how long they will rest.
+/// In the order of the layers, and all of them: one that stops may change the grid of the others. Then each returns
+/// the next pulse in which it may do anything.
 void MidiEngine::playArpeggios(Slice& slice, std::int32_t ppq)
 {
     for (Layers::EngineLayer* layer : layers.arpeggiating()) layer->playArpeggio(slice, *this, ppq);
@@ -117,7 +117,7 @@ void MidiEngine::updateStartTime(Slice&)
     if (std::ranges::none_of(layers.arpeggiating(), runs)) startTime = -1;
 }
 
-/// What was not due goes back behind what was scheduled meanwhile.
+/// What was not due goes back, after what was scheduled meanwhile.
 void MidiEngine::requeue()
 {
     if (timedEvents.empty())
@@ -181,7 +181,7 @@ void MidiEngine::playThroughLayers(Slice& slice, const OrvMidiMessage& event)
     }
     sentPairs.begin();
     for (Layers::EngineLayer* layer : layers.playing()) layer->playOther(slice, *this, event);
-    if (sentPairs.hasAny()) postUpdateControl(slice, event);  // once: wherever it went, the controls hear the same
+    if (sentPairs.hasAny()) postUpdateControl(slice, event);  // once, wherever it went
 }
 
 void MidiEngine::playDirect(Slice& slice, OrvMidiMessage& event)
@@ -217,7 +217,7 @@ void MidiEngine::sendDirect(Slice& slice, const OrvMidiMessage& note)
     playMidiInternal(slice, note, false);
 }
 
-/// Controls hear of an event with the output that it names, if any; the channel is always its own here.
+/// Controls get an event with the output that it names, if any; here the channel is always its own.
 void MidiEngine::playOtherDirect(Slice& slice, OrvMidiMessage& event)
 {
     OrvMidiMessage update = event;
@@ -243,10 +243,10 @@ void MidiEngine::playMidiInternal(Slice& slice, const OrvMidiMessage& event, boo
     if (event.isNoteOn()) return playNoteOn(slice, event);
     if (event.isNoteOff()) return playNoteOff(slice, event, stackNotes);
     if (midiThru || event.getInput() < 0) midiPlayer.playMidi(event);
-    if (isToldOf) tell(slice, event);
+    if (isObserved) notifyObservers(slice, event);
 }
 
-void MidiEngine::tell(Slice& slice, const OrvMidiMessage& event)
+void MidiEngine::notifyObservers(Slice& slice, const OrvMidiMessage& event)
 {
     if (recorder != nullptr) record(slice, event);
     if (guiWindow) show(slice, event);
@@ -262,17 +262,19 @@ void MidiEngine::record(Slice& slice, const OrvMidiMessage& event)
 
 void MidiEngine::show(Slice& slice, const OrvMidiMessage& event)
 {
-    tellGui(slice, {.number = GuiMessage::MIDI_OUTPUT_EVENT, .wparam = event.getWparam(), .lparam = event.getLparam()});
+    postToWindow(slice,
+                 {.number = GuiMessage::MIDI_OUTPUT_EVENT, .wparam = event.getWparam(), .lparam = event.getLparam()});
 }
 
-void MidiEngine::tellOscValue(Slice& slice, Oscillators::OscId id, std::int32_t value)
+void MidiEngine::showOscValue(Slice& slice, Oscillators::OscId id, std::int32_t value)
 {
     Slice::proves(criticalSection);
     if (guiWindow)
-        tellGui(slice, {.number = GuiMessage::OSC_VALUE, .wparam = static_cast<std::uint32_t>(id), .lparam = value});
+        postToWindow(slice,
+                     {.number = GuiMessage::OSC_VALUE, .wparam = static_cast<std::uint32_t>(id), .lparam = value});
 }
 
-void MidiEngine::tellGui(Slice& slice, Message message)
+void MidiEngine::postToWindow(Slice& slice, Message message)
 {
     guiWindow.postFromSlice(std::move(message));
     if (!slice.window) slice.window = guiWindow;
@@ -290,7 +292,7 @@ void MidiEngine::drop(Slice&, const OrvMidiMessage& event, const char* why)
     if (WindowsLib::DbgStream::isEnabled()) drops.push_back({.event = event, .why = why});
 }
 
-/// What a slice leaves to be done without the lock: whoever sleeps is woken, once.
+/// What a slice leaves to be done without the lock: each consumer that sleeps is woken, once.
 void MidiEngine::finish(Slice& slice)
 {
     slice.window.wake();
@@ -298,7 +300,7 @@ void MidiEngine::finish(Slice& slice)
     if (slice.controls != nullptr) slice.controls->wake();
     for (ResetRequest* request = slice.served; request != nullptr;) {
         ResetRequest* next = request->next;
-        request->done.set();  // from here on it is gone
+        request->done.set();  // its owner may destroy it from here on
         request = next;
     }
     for (const auto& [event, why] : slice.drops)

@@ -32,7 +32,7 @@ public:
     private:
         friend class NoteCounters;
         static constexpr std::uint32_t HOLDS = 1;  // the lowest bit
-        static constexpr std::uint32_t ONE = 2;    // the count is what stands above it
+        static constexpr std::uint32_t ONE = 2;    // the count is in the bits above it
 
         std::uint32_t word = 0;
     };
@@ -47,7 +47,7 @@ public:
         return &counters[(o * CHANNELS + c) * NOTES + n];
     }
 
-    /// To be told before the first note on an output.
+    /// To be called before the first note on an output.
     void use(int output) { used[static_cast<unsigned>(output)] = true; }
 
     /// Forgets an output whose port went.

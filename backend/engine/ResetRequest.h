@@ -13,7 +13,8 @@ namespace Backend::MidiEngine
 struct ResetRequest {
     Event done;
     Worker* waiter = Worker::current();  ///< counts as resting until the reset was served; null for a foreign thread
-    std::optional<Layers::EngineLayerList> layers;  ///< to be swapped in right behind the reset; then the old ones
+    std::optional<Layers::EngineLayerList>
+        layers;  ///< to be swapped in directly after the reset; afterwards the old ones
     std::optional<Oscillators::EngineOscList> oscillators;  ///< the same
     ResetRequest* next = nullptr;                           ///< among those that one slice served
 };

@@ -5,7 +5,7 @@
 
 namespace Backend::MidiEngine
 {
-/// To which outputs and channels the event at hand has gone already. A new event begins by a count, not by clearing.
+/// The outputs and channels that the current event was sent to. A new event raises a number instead of clearing.
 class SentPairs
 {
 public:
@@ -21,7 +21,7 @@ public:
         return true;
     }
 
-    /// Whether the event at hand has gone anywhere.
+    /// Whether the current event was sent at all.
     bool hasAny() const { return latest == event; }
 
 private:

@@ -13,7 +13,7 @@ class MidiEngine;
 
 namespace Backend::SequenceManagement
 {
-/// A sequence at play: its setting and the node at which its arpeggio stands. Time slice only.
+/// A sequence at play: its setting and the node that its arpeggio has reached. Time slice only.
 class SequencePlayer
 {
 public:

@@ -16,7 +16,7 @@ inline std::int64_t floorOf(double number)
 
 /// The values of a sine of some width upon some base: exactly those of the formula (`exactValue`), for less. A near
 /// sine is taken first, and only where its value comes so close to a step that the two could differ is the library's
-/// sine asked.
+/// sine called.
 class SineWave
 {
 public:

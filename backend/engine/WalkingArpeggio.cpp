@@ -48,7 +48,7 @@ void WalkingArpeggio::release(ArpeggioVoice& voice, const OrvMidiMessage& event)
     if (notes.empty()) stop(voice);
 }
 
-/// The walk stays on its note, or goes to the next, behind the last to the first.
+/// `current` stays on its note, or moves to the next, after the last to the first.
 void WalkingArpeggio::erase(std::size_t place)
 {
     notes.erase(notes.begin() + static_cast<std::ptrdiff_t>(place));
@@ -73,7 +73,7 @@ void WalkingArpeggio::process(ArpeggioVoice& voice, std::int32_t ppq)
     ArpeggioNote& next = notes[current];
     if (next.isReleased()) return;
     if (onBeat(ppq, startTime) || (startTime < 0 && next.state == State::held)) {
-        strike(voice, next, ppq);
+        startNote(voice, next, ppq);
         next.state = State::sounded;
         start(voice, ppq);
     }
