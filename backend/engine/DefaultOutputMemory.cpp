@@ -4,8 +4,9 @@
 
 namespace Backend::MidiEngine
 {
-bool DefaultOutputMemory::pressElsewhere(PressMemory& presses, std::size_t note, DefaultRoute route)
+bool DefaultOutputMemory::press(PressMemory& presses, std::size_t note, DefaultRoute route)
 {
+    if (pressUsual(note, route)) return true;
     Word& cell = cells[note];
     const bool isMine = isOf(cell, route);
     if (cell == 0 || (isMine && (cell & MOST) == 0)) {

@@ -42,26 +42,34 @@ public:
     {
     }
 
-    /// A note on goes to the default output. False if it cannot be remembered; then it must not be played.
-    bool press(PressMemory& presses, std::size_t note, DefaultRoute route)
+    /// A note on goes to the default output. False if the case is not the usual one: then `press` does it.
+    bool pressUsual(std::size_t note, DefaultRoute route)
     {
         Word& cell = cells[note];
-        if (cell - route.word >= MOST) return pressElsewhere(presses, note, route);
+        if (cell - route.word >= MOST) return false;
         ++cell;
         return true;
     }
+    /// False if it cannot be remembered; then the note on must not be played.
+    bool press(PressMemory& presses, std::size_t note, DefaultRoute route);
 
+    /// True if the note off goes to the default output and nowhere else. False if the case is not the usual one: then
+    /// `release` does it.
+    bool releaseUsual(std::size_t note, DefaultRoute route)
+    {
+        Word& cell = cells[note];
+        const Word count = cell - route.word;
+        if (count > MOST) return false;
+        if (count > 0) --cell;
+        return true;
+    }
     /// Calls `noteOff(output)` for the output of the latest run, then for each press that got another output. With
     /// nothing known that is the default output of the moment.
     template <class NoteOff>
     void release(PressMemory& presses, std::size_t note, DefaultRoute route, NoteOff&& noteOff)
     {
+        if (releaseUsual(note, route)) return noteOff(route.getDefaultOutput());
         Word& cell = cells[note];
-        const Word count = cell - route.word;
-        if (count <= MOST) {
-            if (count > 0) --cell;
-            return noteOff(route.getDefaultOutput());
-        }
         if (isOf(cell, route)) {
             if ((cell & MOST) > 0) --cell;
             return noteOff(outputOf(cell));
@@ -105,7 +113,6 @@ private:
     {
         return ownKey ^ route.word >> 32 ^ PressMemory::Key{note} << 52;
     }
-    bool pressElsewhere(PressMemory& presses, std::size_t note, DefaultRoute route);
 
     std::vector<Word> cells;
     PressMemory::Key ownKey;

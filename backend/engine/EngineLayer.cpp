@@ -198,16 +198,31 @@ void EngineLayer::emitNoteOn(Slice& slice, MidiEngine::MidiEngine& engine, const
 {
     const int port = getOutput(slice, engine);
     if (!engine.isOutputEnabled(slice, port)) return engine.drop(slice, event, "output missing or not enabled");
-    if (output == OrvMidiMessage::DEFAULT_OUTPUT &&
-        !defaultOutputs.press(engine.getPresses(slice), event.getD1(), route))
-        return engine.drop(slice, event, "too many keys are down");
+    if (output == OrvMidiMessage::DEFAULT_OUTPUT && !defaultOutputs.pressUsual(event.getD1(), route))
+        return emitUnusualNoteOn(slice, engine, event, route);
     sendNoteOn(slice, engine, event, port);
+}
+
+void EngineLayer::emitUnusualNoteOn(Slice& slice, MidiEngine::MidiEngine& engine, const OrvMidiMessage& event,
+                                    DefaultRoute route)
+{
+    if (!defaultOutputs.press(engine.getPresses(slice), event.getD1(), route))
+        return engine.drop(slice, event, "too many keys are down");
+    sendNoteOn(slice, engine, event, route.getDefaultOutput());
 }
 
 void EngineLayer::emitNoteOff(Slice& slice, MidiEngine::MidiEngine& engine, const OrvMidiMessage& event,
                               DefaultRoute route)
 {
     if (output != OrvMidiMessage::DEFAULT_OUTPUT) return sendNoteOff(slice, engine, event, output);
+    if (defaultOutputs.releaseUsual(event.getD1(), route))
+        return sendNoteOff(slice, engine, event, route.getDefaultOutput());
+    emitUnusualNoteOff(slice, engine, event, route);
+}
+
+void EngineLayer::emitUnusualNoteOff(Slice& slice, MidiEngine::MidiEngine& engine, const OrvMidiMessage& event,
+                                     DefaultRoute route)
+{
     defaultOutputs.release(engine.getPresses(slice), event.getD1(), route,
                            [&](int port) { sendNoteOff(slice, engine, event, port); });
 }

@@ -96,6 +96,11 @@ private:
                     MidiEngine::DefaultRoute route);
     void emitNoteOff(MidiEngine::Slice& slice, MidiEngine::MidiEngine& engine, const MidiEngine::OrvMidiMessage& event,
                      MidiEngine::DefaultRoute route);
+    // The same where a note has more than one route or default output. Apart, so that the usual case stays short.
+    [[gnu::noinline]] void emitUnusualNoteOn(MidiEngine::Slice& slice, MidiEngine::MidiEngine& engine,
+                                             const MidiEngine::OrvMidiMessage& event, MidiEngine::DefaultRoute route);
+    [[gnu::noinline]] void emitUnusualNoteOff(MidiEngine::Slice& slice, MidiEngine::MidiEngine& engine,
+                                              const MidiEngine::OrvMidiMessage& event, MidiEngine::DefaultRoute route);
 
     // The last stage: channel, transposition, velocity, and on to the player. Whatever the event's status, it goes out
     // as a note on or a note off.

@@ -9,7 +9,21 @@
 					<Up><MidiNoteOff zone="0" note="C4"/></Up>
 				</Function>
 		</Key>
+		<Key id="Shift Q">
+				<Function keepSending="true">
+					<Down><MidiNoteOn zone="0" note="C4"/></Down>
+					<Up><MidiNoteOff zone="0" note="C4"/></Up>
+				</Function>
+		</Key>
 	</ComputerInput>
+	<Joystick>
+		<Button joystick="0" button="0">
+				<Function keepSending="true">
+					<Down><MidiNoteOn zone="0" note="E4"/></Down>
+					<Up><MidiNoteOff zone="0" note="E4"/></Up>
+				</Function>
+		</Button>
+	</Joystick>
 	<Layers>
 		<Layer zone="0"/>
 		<Layer zone="1" channel="1" useNoteStack="false"/>
