@@ -8,8 +8,8 @@
 #include <string>
 
 #include "host/alsa/MidiDevices.h"
+#include "host/devices/MidiSystem.h"
 #include "host/synthesizer/SoundCard.h"
-#include "host/system/MidiSystem.h"
 #include "platform/Event.h"
 #include "platform/Thread.h"
 

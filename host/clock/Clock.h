@@ -6,10 +6,10 @@
 #include <functional>
 #include <optional>
 
-#include "host/clock/ClockBaton.h"
-#include "host/clock/Conductor.h"
+#include "host/clock/ClockOwner.h"
 #include "host/clock/PulseClock.h"
 #include "host/clock/Slices.h"
+#include "host/clock/TempoController.h"
 #include "host/player/Player.h"
 #include "platform/Event.h"
 #include "platform/Thread.h"

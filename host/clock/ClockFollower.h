@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "host/clock/TickLine.h"
+#include "host/clock/TickPll.h"
 
 namespace Host
 {

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <stdexcept>
 
+#include "host/devices/MidiSystem.h"
 #include "host/jack/JackClient.h"
-#include "host/system/MidiSystem.h"
 
 namespace Host
 {

@@ -9,8 +9,8 @@
 #include <utility>
 #include <vector>
 
-#include "host/jack/JackPeriods.h"
-#include "host/jack/JackWiring.h"
+#include "host/jack/JackCallbacks.h"
+#include "host/jack/JackConnections.h"
 #include "host/ports/Ports.h"
 
 namespace Host

@@ -3,12 +3,12 @@
 #include <memory>
 #include <string>
 
+#include "host/devices/MidiSystem.h"
+#include "host/jack/JackCallbacks.h"
 #include "host/jack/JackClient.h"
 #include "host/jack/JackDevices.h"
-#include "host/jack/JackPeriods.h"
 #include "host/jack/JackPorts.h"
 #include "host/ports/InputReader.h"
-#include "host/system/MidiSystem.h"
 
 namespace Host
 {

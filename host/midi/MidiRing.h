@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <memory>
 
-#include "host/midi/NoteLedger.h"
+#include "host/midi/PendingNoteOffs.h"
 #include "host/midi/ShortMessage.h"
 
 namespace Host

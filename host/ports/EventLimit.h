@@ -5,7 +5,7 @@
 #include <bitset>
 #include <cstdint>
 
-#include "host/midi/NoteLedger.h"
+#include "host/midi/PendingNoteOffs.h"
 
 namespace Host
 {

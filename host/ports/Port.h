@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "host/midi/MidiRing.h"
-#include "host/midi/NoteLedger.h"
+#include "host/midi/PendingNoteOffs.h"
 #include "host/ports/EventLimit.h"
 #include "platform/Clock.h"
 

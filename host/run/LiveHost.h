@@ -6,13 +6,13 @@
 #include <vector>
 
 #include "host/common/Report.h"
+#include "host/devices/MidiSystem.h"
 #include "host/ports/PortMemory.h"
 #include "host/ports/Ports.h"
 #include "host/run/LivePlay.h"
 #include "host/run/ProcessSignals.h"
 #include "host/run/RunOptions.h"
 #include "host/session/Session.h"
-#include "host/system/MidiSystem.h"
 #include "host/terminal/StatusLine.h"
 
 namespace Host

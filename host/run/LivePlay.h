@@ -8,17 +8,17 @@
 
 #include "api/OrvIF.h"
 #include "host/clock/Clock.h"
-#include "host/clock/ClockLinks.h"
+#include "host/clock/ClockPorts.h"
 #include "host/clock/Slices.h"
 #include "host/common/Report.h"
 #include "host/common/SetupFile.h"
+#include "host/devices/MidiSystem.h"
 #include "host/performance/PerformanceCommand.h"
 #include "host/player/Player.h"
 #include "host/ports/PortMemory.h"
 #include "host/ports/Ports.h"
 #include "host/run/LiveWindow.h"
 #include "host/run/Status.h"
-#include "host/system/MidiSystem.h"
 #include "platform/Mutex.h"
 
 namespace Host

@@ -1,4 +1,4 @@
-#include "host/clock/ClockOut.h"
+#include "host/clock/ClockSender.h"
 
 #include <algorithm>
 #include <utility>

@@ -1,4 +1,4 @@
-#include "host/clock/Conductor.h"
+#include "host/clock/TempoController.h"
 
 #include <algorithm>
 #include <cmath>

@@ -3,7 +3,7 @@
 #include <cstdint>
 
 #include "host/clock/ClockFollower.h"
-#include "host/clock/ClockOut.h"
+#include "host/clock/ClockSender.h"
 #include "host/clock/Transport.h"
 #include "host/midi/MidiRing.h"
 #include "host/player/Player.h"

@@ -1,4 +1,4 @@
-#include "host/midi/NoteLedger.h"
+#include "host/midi/PendingNoteOffs.h"
 
 namespace Host
 {

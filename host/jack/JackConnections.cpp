@@ -1,4 +1,4 @@
-#include "host/jack/JackWiring.h"
+#include "host/jack/JackConnections.h"
 
 #include <algorithm>
 #include <cerrno>

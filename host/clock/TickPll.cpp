@@ -1,4 +1,4 @@
-#include "host/clock/TickLine.h"
+#include "host/clock/TickPll.h"
 
 #include <algorithm>
 #include <cmath>

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "host/clock/Clock.h"
-#include "host/clock/ClockLinks.h"
+#include "host/clock/ClockPorts.h"
 #include "host/midi/StatusByte.h"
 #include "tests/stage/Allocations.h"
 

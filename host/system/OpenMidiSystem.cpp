@@ -1,4 +1,4 @@
-#include "host/system/MidiSystem.h"
+#include "host/devices/MidiSystem.h"
 
 #include "host/alsa/AlsaMidi.h"
 #include "host/alsa/AlsaSystem.h"

@@ -1,4 +1,4 @@
-#include "host/jack/JackPeriods.h"
+#include "host/jack/JackCallbacks.h"
 
 #include <chrono>
 #include <thread>
