@@ -1,7 +1,6 @@
 #pragma once
 
 #include <functional>
-#include <memory>
 #include <set>
 #include <string>
 #include <utility>
@@ -77,9 +76,4 @@ protected:
 
 /// The output of the built-in synthesizer, always number 0.
 inline constexpr const char* SYNTHESIZER_NAME = "Orvane Synthesizer";
-
-/// The first that answers: a JACK graph (PipeWire's too), else the ALSA sequencer, else nothing but a sound output,
-/// else nothing at all. Looks without a sound on standard error. `wake` is set when `refresh` has something to do.
-/// `ports` holds the ports that were known before, none of them found.
-std::unique_ptr<MidiSystem> openMidiSystem(const std::string& clientName, Ports& ports, Event& wake);
 }  // namespace Host

@@ -4,6 +4,7 @@
 #include <thread>
 #include <utility>
 
+#include "host/jack/JackPorts.h"
 #include "host/jack/JackTransport.h"
 #include "platform/Thread.h"
 

@@ -8,7 +8,7 @@
 #include <jack/jack.h>
 
 #include "host/clock/Clock.h"
-#include "host/jack/JackPorts.h"
+#include "host/jack/JackSynthesizer.h"
 #include "host/ports/InputReader.h"
 #include "host/ports/Ports.h"
 

@@ -3,7 +3,6 @@
 #include <jack/metadata.h>
 
 #include "host/common/InputError.h"
-
 namespace Host
 {
 namespace
@@ -77,11 +76,11 @@ JackClient openJackClient(const std::string& name)
     return JackClient(jack_client_open(name.c_str(), JackNoStartServer, nullptr));
 }
 
-void checkClientName(const std::string& name)
+std::size_t longestClientName() { return static_cast<std::size_t>(jack_client_name_size()) - 1; }
+
+bool isClientName(const std::string& name)
 {
-    const auto longest = static_cast<std::size_t>(jack_client_name_size()) - 1;
-    if (name.empty() || name.size() > longest || name.find(':') != std::string::npos)
-        throw InputError("--client: a name has 1 to " + std::to_string(longest) + " bytes and no colon");
+    return !name.empty() && name.size() <= longestClientName() && name.find(':') == std::string::npos;
 }
 
 std::vector<MidiDevice> findForeignMidiPorts(jack_client_t* client, JackPortFlags direction)

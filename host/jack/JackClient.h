@@ -19,8 +19,11 @@ using JackClient = std::unique_ptr<jack_client_t, JackCloser>;
 /// the server gives a similar one.
 JackClient openJackClient(const std::string& name);
 
-/// Throws InputError if no client can have that name.
-void checkClientName(const std::string& name);
+/// The longest name of a client, in bytes.
+std::size_t longestClientName();
+
+/// Whether a client can have that name.
+bool isClientName(const std::string& name);
 
 /// The two ports to patch freely, and what the others begin with, which stand for a device each.
 inline constexpr const char* FREE_INPUT = "Orvane In";

@@ -7,7 +7,7 @@
 #include "host/jack/JackCallbacks.h"
 #include "host/jack/JackClient.h"
 #include "host/jack/JackDevices.h"
-#include "host/jack/JackPorts.h"
+#include "host/jack/JackSynthesizer.h"
 #include "host/ports/InputReader.h"
 
 namespace Host

@@ -10,6 +10,7 @@
 #include "backend/files/OrvUtils.h"
 #include "host/run/PortList.h"
 #include "host/run/Run.h"
+#include "host/system/OpenMidiSystem.h"
 
 namespace Host
 {

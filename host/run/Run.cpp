@@ -6,10 +6,10 @@
 #include <memory>
 
 #include "backend/files/OrvUtils.h"
-#include "host/jack/JackClient.h"
 #include "host/run/CommandReader.h"
 #include "host/run/LiveHost.h"
 #include "host/run/PortList.h"
+#include "host/system/OpenMidiSystem.h"
 #include "host/terminal/LineOutput.h"
 #include "host/terminal/RawTerminal.h"
 #include "host/terminal/StandardError.h"

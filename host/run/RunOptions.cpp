@@ -44,6 +44,12 @@ std::vector<Connection> parseConnections(const std::vector<std::string>& texts)
     return connections;
 }
 
+void checkClientName(const std::string& name)
+{
+    if (!isClientName(name))
+        throw InputError("--client: a name has 1 to " + std::to_string(longestClientName()) + " bytes and no colon");
+}
+
 void checkRunOptions(const RunOptions& options)
 {
     checkClientName(options.client);

@@ -43,6 +43,9 @@ struct Connection {
 /// Throws InputError if a text is not "A=B".
 std::vector<Connection> parseConnections(const std::vector<std::string>& texts);
 
+/// Throws InputError if no client of a JACK server can have that name.
+void checkClientName(const std::string& name);
+
 /// Throws InputError with one line if an option is invalid on any machine: an impossible client name, a file that
 /// cannot be loaded, a program number that the last bank does not have.
 void checkRunOptions(const RunOptions& options);

@@ -1,4 +1,4 @@
-#include "host/devices/MidiSystem.h"
+#include "host/system/OpenMidiSystem.h"
 
 #include "host/alsa/AlsaMidi.h"
 #include "host/alsa/AlsaSystem.h"
