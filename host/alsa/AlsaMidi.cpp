@@ -16,13 +16,13 @@ constexpr const char* CLIENTS = "/proc/asound/seq/clients";
 constexpr std::size_t LARGEST_LIST = 1u << 20;
 
 // A plain variadic function, as ALSA wants it.
-void sayNothing(const char*, int, const char*, int, const char*, ...) {}
+void printNothing(const char*, int, const char*, int, const char*, ...) {}
 
 void ignoreError(RtMidiError::Type, const std::string&, void*) {}
 
-bool sequencerAnswers()
+bool isSequencerAvailable()
 {
-    snd_lib_error_set_handler(sayNothing);
+    snd_lib_error_set_handler(printNothing);
     snd_seq_t* sequencer = nullptr;
     if (snd_seq_open(&sequencer, "default", SND_SEQ_OPEN_DUPLEX, SND_SEQ_NONBLOCK) < 0) return false;
     snd_seq_close(sequencer);
@@ -37,7 +37,7 @@ std::unique_ptr<Midi> makeMidi(const std::string& clientName)
     return midi;
 }
 
-/// Joins to the device of that address; false if it is gone again.
+/// Connects to the device of that address; false if it is gone.
 bool openPort(RtMidi& midi, const MidiDevice& device)
 {
     if (device.address.starts_with(':')) {
@@ -52,7 +52,7 @@ bool openPort(RtMidi& midi, const MidiDevice& device)
     return false;
 }
 
-/// RtMidi throws from its constructors and, without an error callback, from everything else.
+/// RtMidi throws from its constructors and, without an error callback, from all other functions.
 template <class Midi>
 std::unique_ptr<Midi> openMidi(const MidiDevice& device, const std::string& clientName)
 {
@@ -76,7 +76,7 @@ std::vector<MidiDevice> findDevices(const std::string& clientName)
             if (!name.starts_with(clientName + ":")) devices.push_back({name, withoutAddress(name)});
         }
     } catch (const RtMidiError&) {
-        // A sequencer that went away: no devices.
+        // The sequencer is gone, and so are its devices.
     }
     return devices;
 }
@@ -88,11 +88,11 @@ public:
         : arrived(std::move(whenArrived)), midi(std::move(openMidi))
     {
         midi->ignoreTypes(true, false, true);  // system exclusive and active sensing, not timing ticks
-        midi->setCallback(hear, this);
+        midi->setCallback(receive, this);
     }
 
 private:
-    static void hear(double, std::vector<unsigned char>* bytes, void* self)
+    static void receive(double, std::vector<unsigned char>* bytes, void* self)
     {
         const auto message = readShortMessage(*bytes);
         if (message) static_cast<AlsaSource*>(self)->arrived(*message);
@@ -112,7 +112,7 @@ public:
         try {
             midi->sendMessage(message.bytes.data(), message.size);
         } catch (const RtMidiError&) {
-            // The device went away; its port says so after the next scan.
+            // The device was unplugged; the next scan marks its port.
         }
     }
 
@@ -121,9 +121,9 @@ private:
 };
 }  // namespace
 
-AlsaMidi::AlsaMidi(std::string name) : clientName(std::move(name)), hasSequencer(sequencerAnswers()) {}
+AlsaMidi::AlsaMidi(std::string name) : clientName(std::move(name)), hasSequencer(isSequencerAvailable()) {}
 
-// Our own ports are in that list too, so that opening one is a change; what comes of it is the same list of devices.
+// Our own ports are in that list too: opening one counts as a change and leads to a scan with the same result.
 bool AlsaMidi::haveChanged()
 {
     std::vector<std::uint8_t> bytes;

@@ -6,14 +6,14 @@
 
 namespace Host
 {
-/// The devices of the ALSA sequencer through RtMidi. A device's address is RtMidi's whole name of it.
+/// The devices of the ALSA sequencer, through RtMidi. The address of a device is its full name in RtMidi.
 class AlsaMidi final : public MidiDevices
 {
 public:
-    /// `name` is what our clients of the sequencer are called.
+    /// `name` is the name of our clients of the sequencer.
     explicit AlsaMidi(std::string name);
 
-    bool isPossible() const override { return hasSequencer; }
+    bool isAvailable() const override { return hasSequencer; }
     bool haveChanged() override;
     std::vector<MidiDevice> findSources() override;
     std::vector<MidiDevice> findSinks() override;
@@ -23,10 +23,10 @@ public:
 private:
     const std::string clientName;
     const bool hasSequencer;
-    std::string clients;  // the sequencer's own list of them, as last seen
+    std::string clients;  // the sequencer's list of clients at the last `haveChanged`
 };
 
-/// RtMidi's name of a device without the address behind it, which changes from one start to the next:
+/// RtMidi's name of a device without the address at its end, which may change when the device is plugged in again:
 /// "Keys:Keys MIDI 1 24:0" is "Keys:Keys MIDI 1".
 std::string withoutAddress(const std::string& name);
 }  // namespace Host

@@ -25,24 +25,24 @@ AlsaSystem::AlsaSystem(std::unique_ptr<MidiDevices> allDevices, Ports& allPorts)
     : ports(allPorts), devices(std::move(allDevices))
 {
     addSynthesizer();
-    sender.start("orvane outputs", [this] { run(); });
-    if (!devices->isPossible()) news.push_back("There is no JACK server and no ALSA sequencer, so no MIDI ports.");
-    devices->haveChanged();  // whatever comes from here on is a change
-    followDevices();
+    sender.start("orvane outputs", [this] { runSender(); });
+    if (!devices->isAvailable()) news.push_back("There is no JACK server and no ALSA sequencer, so no MIDI ports.");
+    devices->haveChanged();  // changes count from here on
+    updateDevices();
 }
 
 AlsaSystem::~AlsaSystem() { close(); }
 
 std::string AlsaSystem::description() const
 {
-    return std::string(devices->isPossible() ? "the ALSA sequencer" : "no MIDI ports") +
+    return std::string(devices->isAvailable() ? "the ALSA sequencer" : "no MIDI ports") +
            (soundCard ? ", sound output of the system" : ", no sound output");
 }
 
 void AlsaSystem::addSynthesizer()
 {
     if (ports.outputs().size() == 0) ports.addOutput(SYNTHESIZER_NAME);
-    ports.outputs()[SYNTHESIZER]->found = false;  // as every device before the first look
+    ports.outputs()[SYNTHESIZER]->found = false;  // as every device before the first scan
     try {
         soundCard = std::make_unique<SoundCard>();
     } catch (const std::runtime_error& reason) {
@@ -50,28 +50,28 @@ void AlsaSystem::addSynthesizer()
     }
 }
 
-// --- devices come and go
+// --- devices
 
-bool AlsaSystem::refresh() { return devices->haveChanged() && followDevices(); }
+bool AlsaSystem::refresh() { return devices->haveChanged() && updateDevices(); }
 
-bool AlsaSystem::followDevices()
+bool AlsaSystem::updateDevices()
 {
     bool changed = false;
-    const auto andNote = [&](void (AlsaSystem::*follow)(std::size_t)) {
-        return [this, &changed, follow](std::size_t index) {
-            (this->*follow)(index);
+    const auto andNote = [&](void (AlsaSystem::*change)(std::size_t)) {
+        return [this, &changed, change](std::size_t index) {
+            (this->*change)(index);
             changed = true;
         };
     };
-    auto heard = devices->findSources();
-    auto hearing = devices->findSinks();
-    if (devices->isPossible()) {
-        heard.insert(heard.begin(), FREE_INPUT);
-        hearing.insert(hearing.begin(), FREE_OUTPUT);
+    auto foundSources = devices->findSources();
+    auto foundSinks = devices->findSinks();
+    if (devices->isAvailable()) {
+        foundSources.insert(foundSources.begin(), FREE_INPUT);
+        foundSinks.insert(foundSinks.begin(), FREE_OUTPUT);
     }
-    hearing.insert(hearing.begin(), SYNTHESIZER_DEVICE);
-    ports.settleInputs(heard, andNote(&AlsaSystem::removeInput), andNote(&AlsaSystem::addInput));
-    ports.settleOutputs(hearing, andNote(&AlsaSystem::removeOutput), andNote(&AlsaSystem::addOutput));
+    foundSinks.insert(foundSinks.begin(), SYNTHESIZER_DEVICE);
+    ports.assignInputs(foundSources, andNote(&AlsaSystem::removeInput), andNote(&AlsaSystem::addInput));
+    ports.assignOutputs(foundSinks, andNote(&AlsaSystem::removeOutput), andNote(&AlsaSystem::addOutput));
     return changed;
 }
 
@@ -97,9 +97,9 @@ void AlsaSystem::removeOutput(std::size_t index)
     OutputPort& port = *ports.outputs()[index];
     port.close();
     port.couldNotOpen = false;
-    const std::lock_guard lock(sending);
+    const Locked lock(sending);
     sinks[index].reset();
-    port.lose();
+    port.unplug();
 }
 
 void AlsaSystem::openInput(std::size_t index)
@@ -107,22 +107,22 @@ void AlsaSystem::openInput(std::size_t index)
     InputPort& port = *ports.inputs()[index];
     port.open.store(true);
     sources[index] =
-        devices->openSource(port.device, [this, index](const ShortMessage& message) { hear(index, message); });
+        devices->openSource(port.device, [this, index](const ShortMessage& message) { receive(index, message); });
     port.couldNotOpen = sources[index] == nullptr;
 }
 
-/// What sounded there when it was closed is released first, so that it is on the way before anything new.
+/// Notes that sounded there when it was unplugged are ended first.
 void AlsaSystem::openOutput(std::size_t index)
 {
     OutputPort& port = *ports.outputs()[index];
-    if (index != SYNTHESIZER) {
-        auto sink = devices->openSink(port.device);
-        const std::lock_guard lock(sending);
+    auto sink = index == SYNTHESIZER ? nullptr : devices->openSink(port.device);
+    {
+        const Locked lock(sending);
         sinks[index] = std::move(sink);
+        port.couldNotOpen = !isOpen(index);
     }
-    port.couldNotOpen = !isThere(index);
     if (port.couldNotOpen) return;
-    waitUntilSilent(index, index + 1);
+    waitUntilClosed(index, index + 1);
     port.open();
 }
 
@@ -130,26 +130,26 @@ void AlsaSystem::openOutput(std::size_t index)
 
 void AlsaSystem::listen(Listener newListener)
 {
-    const std::lock_guard lock(listening);
+    const Locked lock(receiving);
     listener = std::move(newListener);
 }
 
 void AlsaSystem::startClock(Clock& songClock)
 {
     songClock.startOnThread();
-    const std::lock_guard lock(listening);
+    const Locked lock(receiving);
     clock = &songClock;
 }
 
 void AlsaSystem::stopListening() { listen(nullptr); }
 
-void AlsaSystem::hear(std::size_t input, const ShortMessage& message)
+void AlsaSystem::receive(std::size_t input, const ShortMessage& message)
 {
     InputPort& port = *ports.inputs()[input];
     if (!port.open.load(std::memory_order_relaxed)) return;
     const bool passes = !staysInHost(message) && port.limit.passes(message, monotonicMilliseconds());
-    const std::lock_guard lock(listening);
-    if (clock != nullptr) clock->hearNow(static_cast<int>(input), message);
+    const Locked lock(receiving);
+    if (clock != nullptr) clock->receive(static_cast<int>(input), message);
     if (listener && passes) listener(toInputEvent(message, static_cast<int>(input)));
 }
 
@@ -181,50 +181,51 @@ void AlsaSystem::enableOutput(std::size_t index, bool enabled)
         return;
     }
     port.close();
-    waitUntilSilent(index, index + 1);
+    waitUntilClosed(index, index + 1);
     removeOutput(index);
 }
 
-void AlsaSystem::run()
+void AlsaSystem::runSender()
 {
     requestRealTimePriority(RealTimeStep::backend);
     while (!stopping.load()) {
-        sendAgain.wait();
+        messagesWait.wait();
         deliverAll();
     }
 }
 
 void AlsaSystem::deliverAll()
 {
-    const std::lock_guard lock(sending);
-    for (std::size_t index = 0; index < ports.outputs().size(); ++index)
-        if (isThere(index))
-            ports.outputs()[index]->deliver(
-                0, [&](const ShortMessage& message, std::uint32_t) { return sound(index, message); });
+    const Locked lock(sending);
+    for (std::size_t index = 0; index < ports.outputs().size(); ++index) {
+        if (!isOpen(index)) continue;
+        MidiSink* const sink = sinks[index].get();
+        ports.outputs()[index]->deliver(0, [&](const ShortMessage& message, std::uint32_t) {
+            if (sink != nullptr)
+                sink->send(message);
+            else
+                soundCard->play(message);
+            return true;
+        });
+    }
 }
 
-bool AlsaSystem::isThere(std::size_t output) const
+bool AlsaSystem::isOpen(std::size_t output) const
 {
     return output == SYNTHESIZER ? soundCard != nullptr : sinks[output] != nullptr;
 }
 
-bool AlsaSystem::sound(std::size_t output, const ShortMessage& message)
+void AlsaSystem::waitUntilClosed(std::size_t first, std::size_t end)
 {
-    if (output == SYNTHESIZER)
-        soundCard->play(message);
-    else
-        sinks[output]->send(message);
-    return true;
-}
-
-void AlsaSystem::waitUntilSilent(std::size_t first, std::size_t end)
-{
-    const auto isClosing = [&](std::size_t index) { return isThere(index) && ports.outputs()[index]->isClosing(); };
+    const auto isClosing = [&](std::size_t index) {
+        const Locked lock(sending);
+        return isOpen(index) && ports.outputs()[index]->isClosing();
+    };
     const auto giveUp = std::chrono::steady_clock::now() + LONGEST_WAIT;
     while (std::chrono::steady_clock::now() < giveUp) {
         while (first < end && !isClosing(first)) ++first;
         if (first == end) return;
-        sendAgain.set();
+        messagesWait.set();
         std::this_thread::sleep_for(1ms);
     }
 }
@@ -234,11 +235,14 @@ void AlsaSystem::close()
     if (!sender.isStarted()) return;
     stopListening();
     for (const auto& port : ports.outputs()) port->close();
-    waitUntilSilent(0, ports.outputs().size());
+    waitUntilClosed(0, ports.outputs().size());
     stopping.store(true);
-    sendAgain.set();
+    messagesWait.set();
     sender.join();
-    for (auto& sink : sinks) sink.reset();
+    {
+        const Locked lock(sending);
+        for (auto& sink : sinks) sink.reset();
+    }
     for (auto& source : sources) source.reset();
     soundCard.reset();
 }

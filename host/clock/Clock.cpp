@@ -9,18 +9,18 @@
 namespace Host
 {
 using namespace std::chrono_literals;
-using Holder = ClockBaton::Holder;
+using Owner = ClockOwner::Owner;
 
 namespace
 {
 constexpr std::int64_t NANOSECONDS = 1'000'000'000;
 constexpr auto TICK = 1ms;
 constexpr auto MOST_TO_CATCH_UP = 100ms;  // 200 pulses at the highest tempo
-constexpr auto STAND_BY_LOOK = 50ms;
+constexpr auto STAND_BY_INTERVAL = 50ms;
 constexpr auto LONGEST_SILENCE = 500ms;
 constexpr auto LONGEST_WAIT_FOR_SLICES = 5s;
 
-/// A stamp, which wraps round after 71 minutes.
+/// A stamp; it wraps round after 71 minutes.
 std::uint32_t microseconds(std::chrono::steady_clock::time_point time)
 {
     return static_cast<std::uint32_t>(
@@ -35,19 +35,19 @@ Clock::Clock(Slices& songSlices, Player& songPlayer, std::function<void()> after
 
 Clock::~Clock() { stop(); }
 
-void Clock::startOnThread() { begin(Holder::thread); }
+void Clock::startOnThread() { begin(Owner::thread); }
 
 void Clock::startInGraph(std::int64_t rate)
 {
     framesPerSecond = rate;
     framePulses.emplace(rate);
-    begin(Holder::graph);
+    begin(Owner::graph);
 }
 
-void Clock::begin(Holder holder)
+void Clock::begin(Owner first)
 {
     lastTick = nextTick = lastSlice = graphTime = std::chrono::steady_clock::now();
-    baton.passTo(holder);
+    owner.transferTo(first);
     thread.start("orvane clock", [this] { run(); });
 }
 
@@ -56,8 +56,8 @@ void Clock::stop()
     stopping.store(true);
     wake.set();
     thread.join();
-    baton.passTo(Holder::nobody);
-    conductor.end();
+    owner.transferTo(Owner::none);
+    tempo.end();
 }
 
 void Clock::waitForSlices(std::uint64_t count) const
@@ -69,19 +69,19 @@ void Clock::waitForSlices(std::uint64_t count) const
 
 void Clock::playPeriod(std::uint32_t firstStamp, std::uint32_t frames, const Transport* transport)
 {
-    if (!baton.enter(Holder::graph)) return;
-    player.takeClock();
+    if (!owner.enter(Owner::graph)) return;
+    player.setClockThread();
     const std::uint32_t periodStart = monotonicMilliseconds();
     const std::uint64_t slicesBefore = slices.count();
-    const bool isLate = catchUp(std::chrono::steady_clock::now(), frames);
+    const bool isLate = synchronise(std::chrono::steady_clock::now(), frames);
     const auto rate = static_cast<double>(framesPerSecond);
-    if (transport != nullptr) conductor.heed(seconds, *transport);
-    conductor.heed(seconds, firstStamp, rate);
+    if (transport != nullptr) tempo.processTransport(seconds, *transport);
+    tempo.process(seconds, firstStamp, rate);
     while (framePulses->ticksToPulse() < frames) {
         const auto frame = static_cast<std::uint32_t>(std::max<std::int64_t>(framePulses->ticksToPulse(), 0));
         player.setStamp(firstStamp + frame);
         player.setMilliseconds(periodStart + static_cast<std::uint32_t>(frame * std::int64_t{1000} / framesPerSecond));
-        const double bpm = conductor.passPulse(seconds + frame / rate, firstStamp + frame);
+        const double bpm = tempo.passPulse(seconds + frame / rate, firstStamp + frame);
         slices.play(1);
         framePulses->passPulse(bpm);
     }
@@ -89,11 +89,11 @@ void Clock::playPeriod(std::uint32_t firstStamp, std::uint32_t frames, const Tra
     seconds += frames / rate;
     if (isLate) slices.noteLate(slices.count() - slicesBefore);
     graphTime += std::chrono::nanoseconds(frames * NANOSECONDS / framesPerSecond);
-    baton.leave();
+    owner.leave();
 }
 
-/// The first period behind the thread's slices begins where those ended. True if a period is missing.
-bool Clock::catchUp(Time now, std::uint32_t frames)
+/// The first period after slices of the clock's own thread begins where those ended. True if a period was missed.
+bool Clock::synchronise(Time now, std::uint32_t frames)
 {
     const std::chrono::nanoseconds period(frames * NANOSECONDS / framesPerSecond);
     const bool isLate = now - graphTime > std::max<std::chrono::nanoseconds>(period, TICK);
@@ -109,22 +109,22 @@ bool Clock::catchUp(Time now, std::uint32_t frames)
 
 void Clock::setGraphRate(std::int64_t rate)
 {
-    if (!baton.enter(Holder::graph)) return;
+    if (!owner.enter(Owner::graph)) return;
     PulseClock atRate(rate);
     atRate.continueFrom(*framePulses);
     framePulses.emplace(atRate);
     framesPerSecond = rate;
-    baton.leave();
+    owner.leave();
 }
 
-void Clock::hearInGraph(int input, const ShortMessage& message, std::uint32_t stamp)
+void Clock::receiveInGraph(int input, const ShortMessage& message, std::uint32_t stamp)
 {
-    if (baton.isHeldBy(Holder::graph)) conductor.hear(input, message, stamp);
+    if (owner.isOwnedBy(Owner::graph)) tempo.receive(input, message, stamp);
 }
 
-void Clock::hearNow(int input, const ShortMessage& message)
+void Clock::receive(int input, const ShortMessage& message)
 {
-    if (baton.isHeldBy(Holder::thread)) conductor.hear(input, message, microseconds(std::chrono::steady_clock::now()));
+    if (owner.isOwnedBy(Owner::thread)) tempo.receive(input, message, microseconds(std::chrono::steady_clock::now()));
 }
 
 void Clock::graphDied()
@@ -156,7 +156,7 @@ void Clock::run()
 
 void Clock::standBy()
 {
-    wake.waitFor(STAND_BY_LOOK);
+    wake.waitFor(STAND_BY_INTERVAL);
     const auto now = std::chrono::steady_clock::now();
     if (slices.count() != slicesThen || !insists.load()) lastSlice = now;
     slicesThen = slices.count();
@@ -166,8 +166,8 @@ void Clock::standBy()
 void Clock::takeOver()
 {
     requestRealTimePriority(RealTimeStep::clock);
-    baton.passTo(Holder::thread);
-    conductor.forgetHeard();
+    owner.transferTo(Owner::thread);
+    tempo.discardReceived();
     timePulses.continueFrom(*framePulses);
     lastTick = graphTime;
     nextTick = std::chrono::steady_clock::now();
@@ -177,15 +177,15 @@ void Clock::handBack()
 {
     const std::int64_t rate = nextGraphRate.exchange(0);
     if (rate == 0) return;
-    baton.passTo(Holder::nobody);
-    conductor.forgetHeard();
+    owner.transferTo(Owner::none);
+    tempo.discardReceived();
     framesPerSecond = rate;
     framePulses.emplace(rate);
     framePulses->continueFrom(timePulses);
     graphTime = lastTick;
     resumes = true;
     lastSlice = std::chrono::steady_clock::now();
-    baton.passTo(Holder::graph);
+    owner.transferTo(Owner::graph);
 }
 
 void Clock::tick()
@@ -195,12 +195,12 @@ void Clock::tick()
     const Time now = std::chrono::steady_clock::now();
     if (now - nextTick > TICK) slices.noteLate(1);
     nextTick = std::max(nextTick, now - TICK);
-    if (!baton.enter(Holder::thread)) return;
-    player.takeClock();
+    if (!owner.enter(Owner::thread)) return;
+    player.setClockThread();
     player.setMilliseconds(monotonicMilliseconds());
     slices.play(takeDuePulses(now));
     const bool played = player.takePlayed();
-    baton.leave();
+    owner.leave();
     if (played) afterSlice();
 }
 
@@ -209,11 +209,11 @@ int Clock::takeDuePulses(Time now)
     const auto passed = std::max<std::chrono::nanoseconds>(now - lastTick, 0ns);
     lastTick = std::max(lastTick, now);
     seconds += std::chrono::duration<double>(passed).count();
-    conductor.heed(seconds, microseconds(now), 1e6);
+    tempo.process(seconds, microseconds(now), 1e6);
     timePulses.passTicks(std::min<std::chrono::nanoseconds>(passed, MOST_TO_CATCH_UP).count());
     int due = 0;
     for (; timePulses.ticksToPulse() <= 0; ++due)
-        timePulses.passPulse(conductor.passPulse(seconds + static_cast<double>(timePulses.ticksToPulse()) / 1e9, 0));
+        timePulses.passPulse(tempo.passPulse(seconds + static_cast<double>(timePulses.ticksToPulse()) / 1e9, 0));
     return due;
 }
 }  // namespace Host

@@ -16,92 +16,96 @@
 
 namespace Host
 {
-/// The host's clock: it turns time into slices at the tempo of its conductor. In an audio graph the graph's process
-/// callback drives it, one slice for each pulse, whose stamp is the frame of that pulse; anywhere else a thread of its
-/// own does, about every millisecond. That thread stands by beside a graph too, goes on where the graph stopped, should
-/// it die, and hands back to the next one.
+/// The host's clock: it plays time slices at the tempo of its tempo controller. In an audio graph the process callback
+/// plays them, one slice per pulse, with the frame of the pulse as its stamp. Without a graph the clock's own thread
+/// plays a slice about every millisecond. That thread also runs beside a graph: it takes over at the pulse where the
+/// graph stopped if the server dies, and hands back to the next graph. `ClockOwner` says which of the two plays.
 ///
-/// When the process was held up for long, time is skipped and pulses are not.
+/// If the process was stopped for more than 100 ms, the time beyond is skipped. No pulse is ever skipped.
 class Clock
 {
 public:
-    /// `afterSlice` is called on the clock's own thread after a slice that played something.
+    /// `afterSlice` is called on the clock's own thread after a slice in which a message was played.
     Clock(Slices& songSlices, Player& songPlayer, std::function<void()> afterSlice);
     ~Clock();
 
     // Control thread
 
-    /// The port gets a MIDI clock, null for none. Before the start.
-    void setClockOut(OutputPort* port) { conductor.setClockOut(port); }
+    /// The port that a MIDI clock is sent to, null for none. Before the start.
+    void setClockOut(OutputPort* port) { tempo.setClockOut(port); }
 
     void startOnThread();
     void startInGraph(std::int64_t framesPerSecond);
 
-    /// There is a graph again, which calls already: it goes on where the thread stops.
+    /// There is a new graph, whose process callback runs already: it continues where the thread stops.
     void returnToGraph(std::int64_t framesPerSecond);
 
     /// No slice is played once this has returned.
     void stop();
 
-    /// Beside a graph: from now on the clock's own thread also goes on if the graph is merely silent for half a second.
-    /// So whoever waits for a slice gets one.
+    /// Beside a graph: from now on the clock's own thread also takes over if the graph plays no slice for half a
+    /// second.
     void neverStall() { insists.store(true); }
 
-    /// Waits until that many further slices have been played; gives up after some seconds.
+    /// Waits until that many more slices have been played, at most 5 seconds.
     void waitForSlices(std::uint64_t slices) const;
 
-    bool runsOnItsThread() const { return baton.isHeldBy(ClockBaton::Holder::thread); }
+    bool runsOnItsThread() const { return owner.isOwnedBy(ClockOwner::Owner::thread); }
 
-    /// The graph's callback: the next `frames` frames, of which the first has that stamp. `transport` is how the
-    /// graph's transport stands then, null where it is not followed.
+    // Process callback
+
+    /// Plays the next `frames` frames, the first of which has that stamp. `transport` is the state of the graph's
+    /// transport at that frame, null if it is not followed.
     void playPeriod(std::uint32_t firstStamp, std::uint32_t frames, const Transport* transport = nullptr);
 
-    /// A message arrived at an input, in a period that is about to be played, at the frame of that stamp; those of a
-    /// MIDI clock are heeded. The graph's callback.
-    void hearInGraph(int input, const ShortMessage& message, std::uint32_t stamp);
+    /// A message arrived at an input at the frame of that stamp, in a period that is about to be played. Messages of
+    /// the external MIDI clock are processed, others ignored.
+    void receiveInGraph(int input, const ShortMessage& message, std::uint32_t stamp);
 
-    /// The same where there is no graph, just now. One thread at a time.
-    void hearNow(int input, const ShortMessage& message);
-
-    /// The graph's callback: from the next period on a second has that many frames.
+    /// The sample rate from the next period on.
     void setGraphRate(std::int64_t framesPerSecond);
 
-    /// The graph will not call again. Any thread, also where only what a signal handler may do is allowed.
+    // Other threads
+
+    /// A message arrived at an input just now, without a graph. One thread at a time.
+    void receive(int input, const ShortMessage& message);
+
+    /// The process callback will not run again. Any thread; async-signal-safe.
     void graphDied();
 
 private:
     using Time = std::chrono::steady_clock::time_point;
 
-    void begin(ClockBaton::Holder holder);
+    void begin(ClockOwner::Owner first);
     void run();
     void standBy();
     void takeOver();
     void handBack();
-    bool catchUp(Time now, std::uint32_t frames);
+    bool synchronise(Time now, std::uint32_t frames);
     void tick();
     int takeDuePulses(Time now);
 
     Slices& slices;
     Player& player;
-    Conductor conductor{player};
+    TempoController tempo{player};
     const std::function<void()> afterSlice;
 
-    ClockBaton baton;
+    ClockOwner owner;
     std::atomic<bool> stopping{false};
     std::atomic<bool> insists{false};
     std::atomic<bool> died{false};
-    std::atomic<std::int64_t> nextGraphRate{0};  // of a graph that waits to go on; 0 for none
+    std::atomic<std::int64_t> nextGraphRate{0};  // of a graph that is to own the clock; 0 for none
     Event wake;
     Thread thread;
 
-    // The holder's
+    // Used by the owner of the clock
     std::optional<PulseClock> framePulses;
     std::int64_t framesPerSecond = 1;
-    Time graphTime;        // up to which the graph has played
-    bool resumes = false;  // in the next period
+    Time graphTime;        // the end of the last period played
+    bool resumes = false;  // the next period is the first after the thread played
     double seconds = 0;    // played so far
 
-    // The clock's own thread's
+    // Used by the clock's own thread
     PulseClock timePulses;
     Time lastTick;
     Time nextTick;

@@ -8,44 +8,44 @@ namespace Host
 namespace
 {
 constexpr double SECONDS_PER_MINUTE = 60;
-constexpr double TIME_TO_WORK_OFF = 0.75;  // seconds
-constexpr double MOST_DEVIATION = 0.25;    // of the tempo
-constexpr double SAME_PLACE = 0.5;         // in ticks
-constexpr double SEEMING_LOWEST = 19.5;
-constexpr double SEEMING_HIGHEST = 252;
+constexpr double CORRECTION_TIME = 0.75;  // seconds
+constexpr double MOST_DEVIATION = 0.25;   // of the tempo
+constexpr double SAME_POSITION = 0.5;     // in ticks
+constexpr double LOWEST_MEASURED = 19.5;
+constexpr double HIGHEST_MEASURED = 252;
 
 double nearestMultiple(double value, double of) { return std::round(value / of) * of; }
 }  // namespace
 
-void ClockFollower::listenAfresh(double bpm)
+void ClockFollower::reset(double bpm)
 {
-    line.forget();
+    pll.restart();
     tempo = bpm;
-    follows = isTold = inPhase = knowsSong = isRunning = false;
+    hasTempo = isSongSet = inPhase = knowsSong = isRunning = false;
     stoppedAt = 0;
     beatPulse = -1;
 }
 
 void ClockFollower::tick(double time)
 {
-    line.tick(time);
-    if (line.getBeginnings() != lineBegun) {
-        // How much of the song was missed nobody knows, unless it begins just now.
+    pll.tick(time);
+    if (pll.getRestarts() != pllRestarts) {
+        // The position in the song is unknown, unless the song begins with this tick.
         if (!isRunning || songPosition() != stoppedAt) knowsSong = false;
-        lineBegun = line.getBeginnings();
-        follows = inPhase = false;
+        pllRestarts = pll.getRestarts();
+        hasTempo = inPhase = false;
     }
-    if (!line.isSteady()) return;
-    const double heard = SECONDS_PER_MINUTE / (TICKS_PER_BEAT * line.getPeriod());
-    follows = heard >= SEEMING_LOWEST && heard <= SEEMING_HIGHEST;
-    if (follows) tempo = std::clamp(heard, LOWEST_TEMPO, HIGHEST_TEMPO);
+    if (!pll.isLocked()) return;
+    const double measured = SECONDS_PER_MINUTE / (TICKS_PER_BEAT * pll.getPeriod());
+    hasTempo = measured >= LOWEST_MEASURED && measured <= HIGHEST_MEASURED;
+    if (hasTempo) tempo = std::clamp(measured, LOWEST_TEMPO, HIGHEST_TEMPO);
 }
 
 /// The next tick is tick `position` of the song.
-void ClockFollower::goOn(std::int64_t position)
+void ClockFollower::resumeAt(std::int64_t position)
 {
     stoppedAt = position;
-    songStart = line.getCount() + 1;
+    songStart = pll.getCount() + 1;
     songOffset = position - songStart;
     isRunning = knowsSong = true;
     inPhase = false;
@@ -62,34 +62,34 @@ void ClockFollower::setSongPosition(int sixteenths)
     if (!isRunning) stoppedAt = std::int64_t{sixteenths} * TICKS_PER_SIXTEENTH;
 }
 
-void ClockFollower::followSong(double time, double beats, double bpm)
+void ClockFollower::setSong(double time, double beats, double bpm)
 {
     const double tick = beats * TICKS_PER_BEAT;
-    const bool goesOn = isTold && std::abs(tickAt(time) - tick) < SAME_PLACE;
+    const bool continues = isSongSet && std::abs(tickAt(time) - tick) < SAME_POSITION;
     const double period = SECONDS_PER_MINUTE / bpm / TICKS_PER_BEAT;
     const double whole = std::floor(tick);
-    line.lay(static_cast<std::int64_t>(whole), time - (tick - whole) * period, period);
+    pll.set(static_cast<std::int64_t>(whole), time - (tick - whole) * period, period);
     songOffset = 0;
     tempo = bpm;
-    inPhase = inPhase && goesOn;
-    isTold = follows = isRunning = knowsSong = true;
+    inPhase = inPhase && continues;
+    isSongSet = hasTempo = isRunning = knowsSong = true;
 }
 
-bool ClockFollower::isHeard(double time) const
+bool ClockFollower::isActive(double time) const
 {
-    return follows && (isTold || time - line.getLastHeard() < TickLine::LONGEST_GAP);
+    return hasTempo && (isSongSet || time - pll.getLastTick() < TickPll::LONGEST_GAP);
 }
 
 double ClockFollower::tickAt(double time) const
 {
-    return static_cast<double>(line.getCount()) + (time - line.getTime()) / line.getPeriod();
+    return static_cast<double>(pll.getCount()) + (time - pll.getTime()) / pll.getPeriod();
 }
 
 double ClockFollower::pulseAt(double time) const { return firstPulse + PULSES_PER_TICK * tickAt(time); }
 
 double ClockFollower::passPulse(std::int64_t pulse, double time)
 {
-    if (!line.isSteady() || !isHeard(time)) return tempo;
+    if (!pll.isLocked() || !isActive(time)) return tempo;
     error = pulseAt(time) - static_cast<double>(pulse);
     const bool skipped = std::abs(error) > PULSES_PER_BEAT / 2;
     if (!inPhase || skipped) {
@@ -97,16 +97,17 @@ double ClockFollower::passPulse(std::int64_t pulse, double time)
         if (inPhase)
             firstPulse -= nearestMultiple(error, PULSES_PER_BEAT);
         else
-            findPhase();
+            alignPhase();
         error += firstPulse - before;
-        ++phases;
+        ++alignments;
     }
     const double seconds = error / PULSES_PER_BEAT * SECONDS_PER_MINUTE / tempo;
-    return tempo * (1 + std::clamp(seconds / TIME_TO_WORK_OFF, -MOST_DEVIATION, MOST_DEVIATION));
+    return tempo * (1 + std::clamp(seconds / CORRECTION_TIME, -MOST_DEVIATION, MOST_DEVIATION));
 }
 
-/// Moves the line by as little as can be so that ticks fall on ticks, and beats on beats if they are known.
-void ClockFollower::findPhase()
+/// Sets the pulse of the first tick to the nearest one where ticks fall on multiples of 20 pulses and, if the position
+/// in the song is known, beats fall on beats.
+void ClockFollower::alignPhase()
 {
     inPhase = true;
     const double wanted = firstPulse - error;

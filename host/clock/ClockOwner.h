@@ -6,34 +6,35 @@
 
 namespace Host
 {
-/// Decides which thread calls the time slices. Only the holder enters, and passing the baton on waits until a slice
-/// that is under way has ended, so that two never overlap and what the one wrote the other sees.
-class ClockBaton
+/// Says which thread owns the clock, that is, may play time slices: the process callback of the graph or the clock's
+/// own thread. A change of owner waits until the slice in progress has ended, so that two slices never overlap and the
+/// new owner sees what the old one wrote.
+class ClockOwner
 {
 public:
-    enum class Holder { nobody, graph, thread };
+    enum class Owner { none, graph, thread };
 
-    /// True if `who` holds the baton: call slices, then `leave`. Never waits.
-    bool enter(Holder who)
+    /// True if `who` owns the clock: play slices, then call `leave`. Never waits.
+    bool enter(Owner who)
     {
         inside.fetch_add(1);
-        if (holder.load() == who) return true;
+        if (owner.load() == who) return true;
         leave();
         return false;
     }
     void leave() { inside.fetch_sub(1); }
 
-    /// Not from within a slice.
-    void passTo(Holder who)
+    /// Waits for the slice in progress. Not to be called within a slice, nor on two threads at once.
+    void transferTo(Owner who)
     {
-        holder.store(who);
+        owner.store(who);
         while (inside.load() != 0) std::this_thread::sleep_for(std::chrono::microseconds(100));
     }
 
-    bool isHeldBy(Holder who) const { return holder.load() == who; }
+    bool isOwnedBy(Owner who) const { return owner.load() == who; }
 
 private:
-    std::atomic<Holder> holder{Holder::nobody};
+    std::atomic<Owner> owner{Owner::none};
     std::atomic<int> inside{0};
 };
 }  // namespace Host

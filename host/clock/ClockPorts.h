@@ -2,9 +2,9 @@
 
 namespace Host
 {
-/// Whose MIDI clock the host follows and who gets its own, by port number; -1 for nobody.
-struct ClockLinks {
-    int in = -1;   ///< the input that leads wherever the program names none
-    int out = -1;  ///< an output
+/// The ports of the MIDI clocks, by number; -1 for none.
+struct ClockPorts {
+    int in = -1;   ///< the input whose clock sets the tempo of programs that name no input
+    int out = -1;  ///< the output that the host sends its own clock to
 };
 }  // namespace Host

@@ -23,25 +23,25 @@ ShortMessage songPosition(int sixteenths)
 }
 }  // namespace
 
-void ClockOut::add(const Command& command)
+void ClockSender::add(const Command& command)
 {
     if (port != nullptr && waitingCount < waiting.size()) waiting[waitingCount++] = command;
 }
 
-bool ClockOut::passPulse(double place, double time, std::uint32_t newStamp)
+bool ClockSender::passPulse(double position, double time, std::uint32_t newStamp)
 {
     if (port == nullptr) return false;
     stamp = newStamp;
     std::size_t due = 0;
-    for (; due < waitingCount && waiting[due].time <= time; ++due) send(waiting[due], place);
+    for (; due < waitingCount && waiting[due].time <= time; ++due) send(waiting[due], position);
     std::shift_left(waiting.begin(), waiting.begin() + waitingCount, static_cast<std::ptrdiff_t>(due));
     waitingCount -= due;
-    const bool isTick = place >= static_cast<double>(ticks * PULSES_PER_TICK) - NEAREST_PULSE;
+    const bool isTick = position >= static_cast<double>(ticks * PULSES_PER_TICK) - NEAREST_PULSE;
     if (isTick) sendTick();
     return isTick || due > 0;
 }
 
-void ClockOut::send(const Command& command, double place)
+void ClockSender::send(const Command& command, double position)
 {
     if (command.status == StatusByte::SONG_POSITION) {
         port->play(songPosition(command.sixteenths), stamp);
@@ -49,21 +49,21 @@ void ClockOut::send(const Command& command, double place)
     }
     port->play(realTime(command.status), stamp);
     if (command.status == StatusByte::STOP) return;
-    // The tick that was just sent is sent again: the number of those that follow stays.
-    const double sinceTick = place - static_cast<double>((ticks - 1) * PULSES_PER_TICK);
+    // A tick that was sent just before is sent again and keeps its number.
+    const double sinceTick = position - static_cast<double>((ticks - 1) * PULSES_PER_TICK);
     const bool isRepeated = sinceTick < PULSES_PER_TICK / 2.0;
     songStart = isRepeated ? ticks - 1 : ticks;
     ++songs;
     if (isRepeated) port->playTick(realTime(StatusByte::TICK), stamp);
 }
 
-void ClockOut::sendTick()
+void ClockSender::sendTick()
 {
     port->playTick(realTime(StatusByte::TICK), stamp);
     ++ticks;
 }
 
-void ClockOut::end()
+void ClockSender::end()
 {
     if (OutputPort* const last = std::exchange(port, nullptr)) last->play(realTime(StatusByte::STOP), stamp);
 }

@@ -8,19 +8,19 @@
 
 namespace Host
 {
-/// The MIDI clock that the host sends (MIDI 1.0 Detailed Specification, "System Real Time Messages"): 24 ticks to the
-/// quarter note, each at the pulse where it falls, whether or not a song runs, and start, continue, stop and song
-/// position. The tick nearest to a start is the song's first: if it was just sent, another follows the start at once.
+/// Sends a MIDI clock (MIDI 1.0 Detailed Specification, "System Real Time Messages"): 24 ticks per quarter note,
+/// whether or not a song runs, and start, continue, stop and song position. The first tick of a song is the tick
+/// nearest to its start: if that was sent just before the start, it is sent again after it.
 ///
-/// Notes never wait for it: where a port is that slow that a quarter of its ring is taken, ticks are left out. All
-/// operations are the thread's that plays the slices.
-class ClockOut
+/// Ticks are dropped while the ring of the port is more than a quarter full, so that notes find room. All operations
+/// belong to the thread that plays the slices.
+class ClockSender
 {
 public:
-    /// Where it goes to, null for nowhere. Before the first pulse.
+    /// The port to send to, null for none. Before the first pulse.
     void setPort(OutputPort* clockPort) { port = clockPort; }
 
-    // Each at the first pulse at or behind `time`, in seconds as `passPulse` has them, and behind those before it
+    // Each is sent at the first pulse at or after `time` (seconds, as in `passPulse`), in the order of the calls.
 
     void start(double time) { add({StatusByte::START, 0, time}); }
     void continueSong(double time) { add({StatusByte::CONTINUE, 0, time}); }
@@ -29,16 +29,17 @@ public:
     /// 0 to 16383 sixteenths from the song's beginning.
     void setSongPosition(double time, int sixteenths) { add({StatusByte::SONG_POSITION, sixteenths, time}); }
 
-    /// A pulse is played, at that place of the clock that is sent, where ticks fall near what divides by 20. What is
-    /// sent with it has that stamp, and comes before the pulse's notes. A place farther back than the last tick waits,
-    /// one that left ticks out has them one for each pulse. True if anything was sent.
-    bool passPulse(double place, double time, std::uint32_t stamp);
+    /// Called for each pulse before its notes are played. `position` is the position of the pulse in the clock that is
+    /// sent, in pulses: a tick falls on each multiple of 20. Messages get that stamp. If the position goes back, no
+    /// tick is sent until it passes the last one; if it skips ticks, they are sent one per pulse. True if anything was
+    /// sent.
+    bool passPulse(double position, double time, std::uint32_t stamp);
 
-    /// The number of the first tick of the song, that of place 0 being 0, and how often there was one.
+    /// The number of the song's first tick, counted from position 0, and the number of songs that were started.
     std::int64_t getSongStart() const { return songStart; }
     int getSongs() const { return songs; }
 
-    /// No pulse follows: stops whatever song runs. Once.
+    /// Sends a stop; no pulse follows.
     void end();
 
 private:
@@ -51,7 +52,7 @@ private:
     };
 
     void add(const Command& command);
-    void send(const Command& command, double place);
+    void send(const Command& command, double position);
     void sendTick();
 
     OutputPort* port = nullptr;

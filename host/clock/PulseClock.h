@@ -5,23 +5,22 @@
 
 namespace Host
 {
-/// When pulses fall, 480 to the quarter note, measured in the ticks of whatever clock the host has: audio frames or
-/// nanoseconds. Whole numbers throughout: a pulse is cut into a thousand times `ticksPerSecond` parts, of which a tick
-/// passes eight for each thousandth of a beat per minute, so that an hour is as exact as a second. A new tempo holds
-/// from the next pulse on.
+/// Computes when pulses fall, 480 per quarter note, in ticks of a time base: audio frames or nanoseconds. The
+/// arithmetic is integer, so that no error accumulates: a pulse has a thousand times `ticksPerSecond` parts, of which a
+/// tick counts eight for each thousandth of a beat per minute. A new tempo takes effect with the next pulse.
 class PulseClock
 {
 public:
-    /// 1 to 10^9 ticks per second. The first pulse falls now.
+    /// 1 to 10^9 ticks per second. The first pulse is due at once.
     explicit PulseClock(std::int64_t ticksPerSecond) : partsPerPulse(ticksPerSecond * THOUSANDTHS) {}
 
-    /// Ticks from now to the next pulse, rounded up; 0 or less if it has come.
+    /// Ticks from now to the next pulse, rounded up; 0 or less if it is due.
     std::int64_t ticksToPulse() const
     {
         return partsLeft <= 0 ? partsLeft / partsPerTick : (partsLeft + partsPerTick - 1) / partsPerTick;
     }
 
-    /// The pulse was played; the one behind it follows at `bpm`, 1 to 1000, of which three decimals count.
+    /// The pulse was played, and the next one follows at a tempo of `bpm`, 1 to 1000, rounded to three decimals.
     void passPulse(double bpm)
     {
         const std::int64_t newPartsPerTick = std::llround(bpm * THOUSANDTHS) * PULSES_PER_BEAT / SECONDS_PER_MINUTE;
@@ -32,7 +31,7 @@ public:
         partsLeft += partsPerPulse;
     }
 
-    /// Stands where another clock stands between two pulses, which may have other ticks.
+    /// Takes the position between two pulses from another clock, which may have another time base.
     void continueFrom(const PulseClock& other)
     {
         const double pulsesLeft = static_cast<double>(other.partsLeft) / static_cast<double>(other.partsPerPulse);
@@ -40,7 +39,7 @@ public:
         partsPerTick = other.partsPerTick;
     }
 
-    /// Time went on.
+    /// That much time passed.
     void passTicks(std::int64_t ticks) { partsLeft -= ticks * partsPerTick; }
 
 private:

@@ -11,7 +11,7 @@ namespace
 constexpr unsigned STEP_BITS = 3;
 static_assert(SliceLoad::STEPS_PER_OCTAVE == 1u << STEP_BITS);
 
-/// Below 8 a step for each number; above it 8 steps from each power of two to the next.
+/// Below 8, one step for each number; above, 8 steps from each power of two to the next.
 std::size_t stepOf(std::uint64_t nanoseconds)
 {
     const auto width = static_cast<unsigned>(std::bit_width(nanoseconds));
@@ -21,7 +21,7 @@ std::size_t stepOf(std::uint64_t nanoseconds)
     return octave * SliceLoad::STEPS_PER_OCTAVE + step;
 }
 
-/// The first number beyond a step.
+/// The first number after a step.
 std::chrono::nanoseconds endOf(std::size_t step)
 {
     const std::size_t octave = step / SliceLoad::STEPS_PER_OCTAVE;

@@ -8,15 +8,15 @@
 
 namespace Host
 {
-/// How long time slices take and how many were late, in a table of a fixed size: an entry is a few plain stores on the
-/// thread that plays the slices, and any other may read meanwhile. Times are kept to an eighth.
+/// A histogram of the durations of time slices, and a count of late ones. `add` is a few plain stores; any thread may
+/// read meanwhile. Durations are kept with a resolution of an eighth.
 class SliceLoad
 {
 public:
-    /// A slice took that long. The clock's thread.
+    /// Adds a slice of that duration. The thread that plays the slices.
     void add(std::chrono::nanoseconds time);
 
-    /// That many slices began more than a period, or a millisecond, behind their time. The clock's thread.
+    /// That many slices began more than a period, or a millisecond, too late. The thread that plays the slices.
     void addLate(std::uint64_t slices) { late.store(lateCount() + slices, std::memory_order_relaxed); }
 
     std::uint64_t lateCount() const { return late.load(std::memory_order_relaxed); }
@@ -25,14 +25,14 @@ public:
     static constexpr std::size_t OCTAVES = 32;  // up to four seconds
     using Counts = std::array<std::uint64_t, OCTAVES * STEPS_PER_OCTAVE>;
 
-    /// The slices so far by the time they took. Any thread.
+    /// The number of slices for each step of duration. Any thread.
     Counts counts() const;
 
-    /// Of the slices in `after` that are not in `before`; all 0 if there are none.
+    /// Statistics of the slices that were added between `before` and `after`; all 0 if there are none.
     struct Summary {
         std::uint64_t slices = 0;
         std::chrono::nanoseconds median{};
-        std::chrono::nanoseconds most{};  ///< 99 of 100 take no longer
+        std::chrono::nanoseconds most{};  ///< 99th percentile
         std::chrono::nanoseconds worst{};
     };
     static Summary summarise(const Counts& before, const Counts& after);

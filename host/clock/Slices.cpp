@@ -4,12 +4,12 @@ namespace Host
 {
 void Slices::play(int pulses)
 {
-    if (next > LAST_PULSE - pulses) startAgain();
+    if (next > LAST_PULSE - pulses) restartCounter();
     playTo(next + pulses);
 }
 
-// Going back as a slice of its own plays what still waits for a pulse that would never come.
-void Slices::startAgain()
+// A slice that goes back to the first pulse plays the events whose pulses would never come.
+void Slices::restartCounter()
 {
     playTo(FIRST_PULSE);
     reset();

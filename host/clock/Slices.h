@@ -10,30 +10,30 @@
 
 namespace Host
 {
-/// The time slices of a performance, one behind the other: each begins at the pulse where the last one ended. Before
-/// the pulse counter's 32 bits run out it ends every note and starts again. One thread at a time.
+/// Plays contiguous time slices: each begins at the pulse where the last one ended. Before the 32-bit pulse counter
+/// overflows, all notes are ended and the counter restarts. One thread at a time.
 class Slices
 {
 public:
     static constexpr std::int32_t FIRST_PULSE = Backend::MidiEngine::MidiEngine::FIRST_PULSE;
-    static constexpr std::int32_t LAST_PULSE = 2'147'000'000;  // some minutes are left above for what is timed ahead
+    static constexpr std::int32_t LAST_PULSE = 2'147'000'000;  // events may be scheduled some minutes ahead
     static constexpr int LONGEST = Backend::MidiEngine::MidiEngine::MAX_TIME_SLICE - 1;
 
     using Play = std::function<void(std::int32_t startPpq, std::int32_t endPpq)>;
 
-    /// `reset` ends every note; it is called between two slices on the thread that plays them.
+    /// `resetNotes` ends every note; it is called between two slices on the thread that plays them.
     Slices(Play playSlice, std::function<void()> resetNotes)
         : playTimeSlice(std::move(playSlice)), reset(std::move(resetNotes))
     {
     }
 
-    /// How long each slice takes goes there from now on; null for nowhere. Before the first slice.
+    /// Measures the duration of each slice; null for no measurement. Before the first slice.
     void measureInto(SliceLoad* sliceLoad) { load = sliceLoad; }
 
-    /// For tests: begin elsewhere.
+    /// For tests: the first pulse.
     void startAt(std::int32_t pulse) { next = pulse; }
 
-    /// That many slices began behind their time.
+    /// That many slices began too late.
     void noteLate(std::uint64_t slices)
     {
         if (load != nullptr) load->addLate(slices);
@@ -42,11 +42,11 @@ public:
     /// Plays the next `pulses` pulses, 0 to `LONGEST`.
     void play(int pulses);
 
-    /// Slices played so far. Any thread.
+    /// How many slices have been played. Any thread.
     std::uint64_t count() const { return played.load(std::memory_order_acquire); }
 
 private:
-    void startAgain();
+    void restartCounter();
     void playTo(std::int32_t endPpq);
 
     const Play playTimeSlice;

@@ -10,74 +10,79 @@
 
 namespace Host
 {
-/// Gives the beat: says for each pulse how soon the next one follows, and sends a MIDI clock with them. The tempo is
-/// that of the MIDI clock at the input that leads (`Player::getClockSource`), also when it has stopped; else that of a
-/// transport, if it has one; else the program's. A tempo that the program is given while the leading clock stands
-/// counts more than the one that was heard last. What is heard is told to the player, so that the program has it too.
+/// Determines the tempo of each pulse and sends a MIDI clock with the pulses. The tempo comes from, in this order:
+/// - the external MIDI clock at the input `Player::getClockSource`, also after it has stopped, until the program gets
+///   another tempo;
+/// - an external transport, if it has a tempo;
+/// - the program.
+/// An external tempo is reported to the player, which makes it the tempo of the program.
 ///
-/// Start, continue, stop and song position of the clock that leads are passed on to the clock that is sent. A transport
-/// that is followed starts and stops it instead. With neither of them its song begins with the first pulse.
-class Conductor
+/// Start, continue, stop and song position of the external clock are forwarded to the clock that is sent. If there is
+/// an external transport, that starts and stops it instead. With neither, a song starts with the first pulse.
+class TempoController
 {
 public:
-    explicit Conductor(Player& songPlayer) : player(songPlayer) {}
+    explicit TempoController(Player& songPlayer) : player(songPlayer) {}
 
     /// Before the first pulse.
-    void setClockOut(OutputPort* port) { clockOut.setPort(port); }
+    void setClockOut(OutputPort* port) { sender.setPort(port); }
 
-    /// A message arrived at an input; those of the clock that leads are kept. Waits for nothing. One thread at a time.
-    void hear(int input, const ShortMessage& message, std::uint32_t stamp);
+    /// A message arrived at an input. Messages of the external clock are queued for `process`, others ignored. Never
+    /// waits. One thread at a time.
+    void receive(int input, const ShortMessage& message, std::uint32_t stamp);
 
-    // The clock's thread. Times are seconds and never go back.
+    // The thread that plays the slices. Times are in seconds and never decrease.
 
-    /// Heeds what was heard. `stamp`, of which there are that many in a second, is now.
-    void heed(double now, std::uint32_t stamp, double stampsPerSecond);
+    /// Processes the messages received since the last call. `stamp` is the current time in the unit of the messages'
+    /// stamps, of which a second has `stampsPerSecond`.
+    void process(double now, std::uint32_t stamp, double stampsPerSecond);
 
-    /// What was heard has stamps of a clock that is no more.
-    void forgetHeard();
+    /// Discards the received messages, whose stamps are those of a clock that is gone.
+    void discardReceived();
 
-    /// A transport is followed, and stands like this now.
-    void heed(double now, const Transport& newTransport);
+    /// Follows an external transport, which has this state now.
+    void processTransport(double now, const Transport& newTransport);
 
-    /// A pulse is played at that time, and what comes with it has that stamp. Returns the tempo at which the next one
-    /// follows.
+    /// A pulse is played at that time; messages of the clock that is sent with it get that stamp. Returns the tempo at
+    /// which the next pulse follows, in beats per minute.
     double passPulse(double time, std::uint32_t stamp);
 
-    /// No pulse follows, and nobody plays slices.
-    void end() { clockOut.end(); }
+    /// Stops the clock that is sent. No pulse follows, and no thread plays slices.
+    void end() { sender.end(); }
 
 private:
-    void chooseSource(double now);
-    void heed(const ShortMessage& message, double time);
-    void takeTick(double time);
-    void roll(double now);
+    void selectSource(double now);
+    void processMessage(const ShortMessage& message, double time);
+    void processTick(double time);
+    void startSong(double now);
     void stopSong(double time);
     double tempoAt(double time);
     double follow(ClockFollower& clock, double time);
 
     Player& player;
-    MidiRing heard;
-    ClockOut clockOut;
+    MidiRing received;
+    ClockSender sender;
     std::int64_t pulse = 0;
 
-    // The clock that is sent is `shift` pulses behind that of the follower, which goes before the pulses by what they
-    // still have to work off; if the song that is sent is the follower's, so that their ticks are the same.
-    const ClockFollower* followed = nullptr;  // at the last pulse
-    const ClockFollower* songOf = nullptr;    // whose song is sent
-    std::int64_t songStart = 0;               // its tick with which that begins
-    int songNumber = 0;                       // of the songs that are sent
-    std::int64_t phases = 0;
-    int songs = 0;
+    // The position of the clock that is sent is `lead` pulses ahead of the pulse counter: the phase error that the
+    // pulses have still to correct, less `shift`, a constant that makes the ticks of the song that is sent those of the
+    // follower
+    const ClockFollower* followed = nullptr;    // at the last pulse
+    const ClockFollower* songSource = nullptr;  // whose song is sent
+    std::int64_t songStart = 0;                 // the first tick of that song, by the count of its source
+    int songNumber = 0;                         // by the count of the sender
+    std::int64_t alignments = 0;                // of the follower at the last pulse
+    int songs = 0;                              // of the sender at the last pulse
     double shift = 0;
-    double ahead = 0;  // of the pulses
+    double lead = 0;
 
-    // The clock that leads
+    // The external clock
     ClockFollower follower;
-    int source = -1;
-    double leftSource = -1;  // since when the player's source may be another only for a reset, -1 for not at all
-    bool leads = false;      // it was heard, and the program got no tempo of its own since it stopped
-    int programTempo = 0;    // as it was when it was last heard
-    std::uint8_t starting = 0;
+    int source = -1;            // its input
+    double sourceLeftAt = -1;   // when the player's source changed to none, perhaps only for a reset; -1 for not at all
+    bool setsTempo = false;     // it was active, and the program got no other tempo after it stopped
+    int programTempo = 0;       // when it was last active
+    std::uint8_t starting = 0;  // start or continue, until the next tick
 
     bool hasTransport = false;
     Transport transport;

@@ -5,49 +5,48 @@
 
 namespace Host
 {
-/// The straight line that the ticks of a MIDI clock lie on, seen through their jitter: a phase-locked loop of second
-/// order. Its gains are those of the straight line through all ticks since the line began, so that it settles as fast
-/// as can be, until it remembers `MEMORY` ticks (two beats); from then on they stay.
+/// A second-order phase-locked loop for the ticks of a MIDI clock: it estimates the time of the last tick and the
+/// period from ticks with jitter. Its gains are those of a least-squares line through all ticks since it started, for
+/// the fastest settling, until these are `MEMORY` ticks (two beats); from then on the gains are constant.
 ///
-/// A tempo that changes shows as ticks that are late, or early, one after the other; the line then begins again where
-/// they began to be. Single late or early ticks count little. A tick that was lost is counted once the next ones are
-/// where they should be, one that was doubled is not counted. Behind a silence of more than `LONGEST_GAP` a new line
-/// begins.
+/// Consecutive ticks that are all late, or all early, mean that the tempo has changed: the loop restarts at the first
+/// of them. A single late or early tick has little effect. A lost tick is counted as soon as the next ones are in time;
+/// a duplicate is not counted. After a gap of more than `LONGEST_GAP` the loop restarts.
 ///
-/// Times are seconds of any clock; a time before the last one counts as that one. Takes no memory and works in bounded
-/// time whatever arrives.
-class TickLine
+/// Times are in seconds of any clock; a time before the last one counts as the last one. Allocates nothing and takes
+/// bounded time for any input.
+class TickPll
 {
 public:
     static constexpr int MEMORY = 48;            ///< ticks
-    static constexpr int ENOUGH = 6;             ///< ticks that make a tempo
+    static constexpr int ENOUGH = 6;             ///< ticks until it is locked
     static constexpr double LONGEST_GAP = 0.16;  ///< seconds; at 20 beats per minute ticks are 0.125 apart
 
     void tick(double time);
 
-    /// The next tick begins a new line.
-    void forget() { memory = 0; }
+    /// The next tick is the first of a new clock.
+    void restart() { memory = 0; }
 
-    /// The line is known from elsewhere: tick `number` is at `time`, and each `seconds` behind the one before it.
-    void lay(std::int64_t number, double time, double seconds);
+    /// Sets the state: tick `number` is at `time`, and the period is `seconds`.
+    void set(std::int64_t number, double time, double seconds);
 
-    /// Enough ticks lie on the line to know its tempo.
-    bool isSteady() const { return memory >= ENOUGH; }
+    /// There were enough ticks for a tempo.
+    bool isLocked() const { return memory >= ENOUGH; }
 
-    /// Ticks counted so far, of all lines.
+    /// Ticks counted so far, restarts included.
     std::int64_t getCount() const { return counted; }
 
-    /// How many lines have begun behind a silence or a `forget`.
-    std::int64_t getBeginnings() const { return beginnings; }
+    /// How often it started after a gap or `restart`.
+    std::int64_t getRestarts() const { return restarts; }
 
-    /// When the last counted tick should have come.
-    double getTime() const { return lineTime; }
+    /// The estimated time of the last counted tick.
+    double getTime() const { return estimate; }
 
-    /// Seconds from one tick to the next.
+    /// The estimated time from one tick to the next.
     double getPeriod() const { return period; }
 
-    /// When the last tick did come.
-    double getLastHeard() const { return lastHeard; }
+    /// The time at which the last tick arrived.
+    double getLastTick() const { return lastTick; }
 
 private:
     struct Tick {
@@ -55,47 +54,47 @@ private:
         double time;
     };
 
-    void begin(double time);
-    void take(const Tick& tick);
-    bool isFarOff(double deviation) const;
-    double takeWhatDeviates(double deviation);
-    double getChange() const;
-    void beginAtChange(std::int64_t firstNumber);
-    void doubt(double time, double interval);
-    bool suspectsAgree() const;
-    void believeSuspects();
-    bool isEvenElsewhere() const;
-    void believeHeard();
+    void start(double time);
+    void count(const Tick& tick);
+    bool isOutlier(double deviation) const;
+    double limitDeviation(double deviation);
+    double changeThreshold() const;
+    void restartAtChange(std::int64_t firstNumber);
+    void processOutlier(double time, double interval);
+    bool areOutliersEven() const;
+    void countOutliers();
+    bool isOtherTempo() const;
+    void countHistory();
 
-    int memory = 0;  // ticks behind the gains, at most MEMORY
+    int memory = 0;  // ticks that determine the gains, at most MEMORY
     std::int64_t counted = 0;
-    std::int64_t beginnings = 0;
-    double lineTime = 0;
+    std::int64_t restarts = 0;
+    double estimate = 0;
     double period = 0;
-    double lastHeard = 0;
+    double lastTick = 0;
 
-    // Mean deviation, seconds: from the difference of two, which a tempo that changes leaves as they are
+    // Mean deviation in seconds, from the difference of consecutive deviations, which does not depend on the tempo
     double jitter = 0.001;
     double lastDeviation = 0;
 
-    // How far ticks have been late, or early, in a row, and the last tick before they were
+    // The sums of consecutive late, and early, deviations, and the last tick before they began
     double late = 0;
     double early = 0;
     std::int64_t lastNotLate = 0;
     std::int64_t lastNotEarly = 0;
 
     static constexpr std::int64_t KEPT = 16;
-    std::array<Tick, KEPT> kept{};  // the last ticks, by number
+    std::array<Tick, KEPT> kept{};  // the last counted ticks, by number
 
-    // Ticks that are far off the line: of another tempo, doubled, or behind some that were lost
-    static constexpr int SUSPECTS = 4;
-    static constexpr int MOST_DOUBTS = 12;
-    std::array<double, SUSPECTS> suspects{};
-    int doubts = 0;
+    // Outliers: ticks of another tempo, duplicates, or ticks after lost ones
+    static constexpr int OUTLIERS = 4;
+    static constexpr int MOST_OUTLIERS = 12;
+    std::array<double, OUTLIERS> outliers{};
+    int outlierCount = 0;
 
-    // What was heard last, counted or not, oldest first, each with the count before it
-    static constexpr std::size_t HEARD = 9;
-    std::array<Tick, HEARD> heard{};
-    std::size_t heardCount = 0;
+    // The last ticks that arrived, counted or not, oldest first, each with the count before it
+    static constexpr std::size_t HISTORY = 9;
+    std::array<Tick, HISTORY> history{};
+    std::size_t historyCount = 0;
 };
 }  // namespace Host

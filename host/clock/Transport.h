@@ -2,11 +2,11 @@
 
 namespace Host
 {
-/// How a transport that others control stands.
+/// The state of an external transport.
 struct Transport {
     bool rolling = false;
-    double seconds = 0;  ///< from the song's beginning
-    double bpm = 0;      ///< 0 if nobody gives a tempo, or one outside 20 to 250
-    double beats = 0;    ///< where somebody does: quarter notes from the song's beginning
+    double seconds = 0;  ///< position, from the beginning of the song
+    double bpm = 0;      ///< 0 if there is no tempo, or one outside 20 to 250
+    double beats = 0;    ///< position in quarter notes, if there is a tempo
 };
 }  // namespace Host

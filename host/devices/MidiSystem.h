@@ -13,9 +13,9 @@
 
 namespace Host
 {
-/// The world outside: the devices behind the ports, and the clock that they may bring along. Made with its devices
-/// open and its ports entered; later it follows what comes and goes. All operations are the control thread's, but for
-/// `deliver`.
+/// The MIDI system of the machine: the devices of the ports, and the audio graph that may drive the clock. The
+/// constructor opens the devices and adds their ports; `refresh` follows devices that are plugged in and unplugged. All
+/// operations but `deliver` belong to the control thread.
 class MidiSystem
 {
 public:
@@ -26,54 +26,57 @@ public:
     /// "JACK", "ALSA" or "none".
     virtual std::string name() const = 0;
 
-    /// How it stands, for the user: "JACK, client \"orvane\", 48000 Hz, 256 frames".
+    /// The state, for the user: "JACK, client \"orvane\", 48000 Hz, 256 frames".
     virtual std::string description() const = 0;
 
-    /// The same in a few words, with what happened to it: "JACK 48000 Hz, 256 frames, 3 xruns".
+    /// The same in a few words, with xruns: "JACK 48000 Hz, 256 frames, 3 xruns".
     virtual std::string status() const { return name(); }
 
-    /// What the thread got that is the clock.
+    /// Whether the thread that plays the slices has real-time priority.
     virtual RealTimeAnswer clockPriority() const { return realTimeAnswer(RealTimeStep::clock); }
 
-    /// The inputs that lost a wire since the last call, by number: keys that are down there stay down for ever.
-    std::set<std::size_t> takeCutInputs() { return std::exchange(cutInputs, {}); }
+    /// The numbers of the inputs that lost a connection since the last call: no note-off will arrive for keys that were
+    /// down there.
+    std::set<std::size_t> takeDisconnectedInputs() { return std::exchange(disconnectedInputs, {}); }
 
-    /// What there is to say since the last call, a sentence each.
+    /// Messages for the user since the last call, one sentence each.
     std::vector<std::string> takeNews() { return std::exchange(news, {}); }
 
-    /// From now on what arrives at an open input goes to `listener`, on a thread of the system.
+    /// Passes each event of an open input to `listener`, on a thread of the system.
     virtual void listen(Listener listener) = 0;
 
-    /// Nothing goes to the listener once this has returned.
+    /// The listener is not called after this has returned.
     virtual void stopListening() = 0;
 
+    /// Starts the clock, in the process callback if there is a graph.
     virtual void startClock(Clock& clock) = 0;
 
-    /// From now on the clock follows the system's transport. False if it has none.
+    /// The clock follows the transport of the graph from now on. False if there is none.
     virtual bool followTransport() { return false; }
 
-    /// Sends what was played; called by a clock outside a graph after each slice that played.
+    /// Sends what was played. Called by the clock's own thread after each slice in which a message was played.
     virtual void deliver() = 0;
 
-    /// Takes notice of devices that came and went and of a server that died or is back. True if a list is another one
-    /// now. To be called several times a second, and whenever `wake` was set.
+    /// Updates the ports to devices that were plugged in or unplugged and to a server that died or was started. True if
+    /// a list of ports has changed. To be called several times a second, and whenever `wake` is set.
     virtual bool refresh() = 0;
 
-    /// Carries the user's choice out, at once if the device is there. An output is closed with every note off.
+    /// Executes the user's choice, at once if the device is present. An output that is disabled sends a note-off for
+    /// each note that sounds.
     virtual void enableInput(std::size_t index, bool enabled) = 0;
     virtual void enableOutput(std::size_t index, bool enabled) = 0;
 
-    /// Joins two ports of the graph by name. Throws std::runtime_error with the reason if that is refused.
+    /// Connects two ports of the graph by name. Throws std::runtime_error with the reason if that fails.
     virtual void connect(const std::string& from, const std::string& to) = 0;
 
-    /// Closes every output with every note off, then everything. The clock stands.
+    /// Closes everything, the outputs with a note-off for each note that sounds. The clock has stopped.
     virtual void close() = 0;
 
 protected:
     std::vector<std::string> news;
-    std::set<std::size_t> cutInputs;
+    std::set<std::size_t> disconnectedInputs;
 };
 
-/// The output of the built-in synthesizer, always number 0.
+/// The name of output 0, the built-in synthesizer.
 inline constexpr const char* SYNTHESIZER_NAME = "Orvane Synthesizer";
 }  // namespace Host

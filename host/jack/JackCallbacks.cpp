@@ -17,7 +17,7 @@ namespace
 constexpr auto LONGEST_WAIT = 2s;
 }
 
-bool JackPeriods::waitUntil(const std::function<bool()>& condition) const
+bool JackCallbacks::waitUntil(const std::function<bool()>& condition) const
 {
     const auto giveUp = std::chrono::steady_clock::now() + LONGEST_WAIT;
     while (!condition()) {
@@ -27,13 +27,13 @@ bool JackPeriods::waitUntil(const std::function<bool()>& condition) const
     return true;
 }
 
-bool JackPeriods::waitFor(std::uint64_t count) const
+bool JackCallbacks::waitFor(std::uint64_t count) const
 {
     const std::uint64_t enough = periods.load() + count;
     return waitUntil([&] { return periods.load() >= enough; });
 }
 
-bool JackPeriods::waitUntilSilent(std::size_t first, std::size_t end) const
+bool JackCallbacks::waitUntilClosed(std::size_t first, std::size_t end) const
 {
     return waitUntil([&] {
         for (std::size_t index = first; index < end; ++index)
@@ -42,74 +42,74 @@ bool JackPeriods::waitUntilSilent(std::size_t first, std::size_t end) const
     });
 }
 
-bool JackPeriods::isClosing(std::size_t output) const
+bool JackCallbacks::isClosing(std::size_t output) const
 {
     const bool isDelivered = output == 0 ? synthesizer.load() != nullptr : outputs[output] != nullptr;
     return isDelivered && ports.outputs()[output]->isClosing();
 }
 
-// --- the server's threads
+// --- called by the server's threads
 
-void JackPeriods::serve(jack_client_t* client)
+void JackCallbacks::registerAt(jack_client_t* client)
 {
     playedClient = client;
     rate.store(playedRate = jack_get_sample_rate(client));
     jack_set_process_callback(client, process, this);
     jack_set_thread_init_callback(
-        client, [](void* object) { static_cast<JackPeriods*>(object)->newThread.store(true); }, this);
-    // Either is enough for JACK's own library; an older one of PipeWire's knows the first alone.
+        client, [](void* object) { static_cast<JackCallbacks*>(object)->isNewThread.store(true); }, this);
+    // One is enough for JACK's own library; older versions of PipeWire's call only the first.
     jack_on_shutdown(
         client, [](void* object) { shutDown(JackFailure, "", object); }, this);
     jack_on_info_shutdown(client, shutDown, this);
-    jack_set_sample_rate_callback(client, noteRate, this);
+    jack_set_sample_rate_callback(client, setRate, this);
     jack_set_xrun_callback(
         client,
         [](void* object) {
-            static_cast<JackPeriods*>(object)->xruns.fetch_add(1);
+            static_cast<JackCallbacks*>(object)->xruns.fetch_add(1);
             return 0;
         },
         this);
     jack_set_port_registration_callback(
         client,
         [](jack_port_id_t, int, void* object) {
-            auto& self = *static_cast<JackPeriods*>(object);
-            self.tellOfChange(self.portsChanged);
+            auto& self = *static_cast<JackCallbacks*>(object);
+            self.notify(self.portsChanged);
         },
         this);
     jack_set_port_connect_callback(
         client,
         [](jack_port_id_t, jack_port_id_t, int, void* object) {
-            auto& self = *static_cast<JackPeriods*>(object);
-            self.tellOfChange(self.wiresChanged);
+            auto& self = *static_cast<JackCallbacks*>(object);
+            self.notify(self.connectionsChanged);
         },
         this);
 }
 
-// The server must not be asked anything from here.
-void JackPeriods::tellOfChange(std::atomic<bool>& change)
+// No function of the server may be called from here.
+void JackCallbacks::notify(std::atomic<bool>& change)
 {
     change.store(true);
     wake.set();
 }
 
-int JackPeriods::noteRate(jack_nframes_t newRate, void* object)
+int JackCallbacks::setRate(jack_nframes_t newRate, void* object)
 {
-    static_cast<JackPeriods*>(object)->rate.store(newRate);
+    static_cast<JackCallbacks*>(object)->rate.store(newRate);
     return 0;
 }
 
-int JackPeriods::process(jack_nframes_t frames, void* object)
+int JackCallbacks::process(jack_nframes_t frames, void* object)
 {
-    static_cast<JackPeriods*>(object)->playPeriod(frames);
+    static_cast<JackCallbacks*>(object)->playPeriod(frames);
     return 0;
 }
 
-void JackPeriods::playPeriod(jack_nframes_t frames)
+void JackCallbacks::playPeriod(jack_nframes_t frames)
 {
-    const std::size_t count = ports.outputs().size();  // as it is before the slices
-    takeWhatArrived(frames);
-    if (newThread.exchange(false)) takePriority();
-    heedRate();
+    const std::size_t count = ports.outputs().size();  // a port added during the slices is delivered in the next period
+    receiveAll(frames);
+    if (isNewThread.exchange(false)) updatePriority();
+    updateRate();
     if (Clock* const songClock = clock.load()) play(*songClock, frames);
     for (std::size_t index = 1; index < count; ++index)
         if (jack_port_t* own = outputs[index]) deliver(*ports.outputs()[index], own, periodStart, frames);
@@ -118,18 +118,18 @@ void JackPeriods::playPeriod(jack_nframes_t frames)
     periods.fetch_add(1);
 }
 
-void JackPeriods::takeWhatArrived(jack_nframes_t frames)
+void JackCallbacks::receiveAll(jack_nframes_t frames)
 {
     bool arrived = false;
-    for (std::size_t index = 0, count = ports.inputs().size(); index < count && listens.load(); ++index)
+    for (std::size_t index = 0, count = ports.inputs().size(); index < count && receives.load(); ++index)
         if (jack_port_t* own = inputs[index]) {
-            const JackClockEar ear{clock.load(), static_cast<int>(index), periodStart};
-            arrived = receive(*ports.inputs()[index], own, frames, ear) || arrived;
+            const JackClockSink sink{clock.load(), static_cast<int>(index), periodStart};
+            arrived = receive(*ports.inputs()[index], own, frames, sink) || arrived;
         }
     if (arrived) reader.wake();
 }
 
-void JackPeriods::heedRate()
+void JackCallbacks::updateRate()
 {
     const jack_nframes_t newRate = rate.load();
     if (newRate == std::exchange(playedRate, newRate)) return;
@@ -137,7 +137,7 @@ void JackPeriods::heedRate()
     if (auto* const sound = synthesizer.load()) sound->setRate(newRate);
 }
 
-void JackPeriods::play(Clock& songClock, jack_nframes_t frames)
+void JackCallbacks::play(Clock& songClock, jack_nframes_t frames)
 {
     if (followsTransport.load()) {
         const Transport transport = findTransport(playedClient);
@@ -147,16 +147,16 @@ void JackPeriods::play(Clock& songClock, jack_nframes_t frames)
     }
 }
 
-// A server without real-time rights gives its clients none; the system may.
-void JackPeriods::takePriority()
+// A server without real-time priority gives its clients none; the system may.
+void JackCallbacks::updatePriority()
 {
     if (realTimePriority() == 0) requestRealTimePriority(RealTimeStep::clock);
     priority.store(realTimePriority());
 }
 
-void JackPeriods::shutDown(jack_status_t, const char*, void* object)
+void JackCallbacks::shutDown(jack_status_t, const char*, void* object)
 {
-    auto& self = *static_cast<JackPeriods*>(object);
+    auto& self = *static_cast<JackCallbacks*>(object);
     self.died.store(true);
     if (Clock* songClock = self.clock.load()) songClock->graphDied();
     self.wake.set();

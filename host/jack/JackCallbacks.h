@@ -14,63 +14,66 @@
 
 namespace Host
 {
-/// What the threads of a JACK server call: each period takes what arrived, plays the slices and writes what they
-/// played; that ports or wires changed and that the server died is noted, and wakes the control thread. It outlives the
-/// clients. The control thread calls the operations.
-class JackPeriods
+/// The callbacks of the JACK client. The process callback takes the messages that arrived, plays the slices and writes
+/// what they played. The other callbacks store that ports or connections have changed, or that the server died, and
+/// notify the control thread, which calls the operations. This object outlives the clients.
+class JackCallbacks
 {
 public:
-    // What a port wrote in one period has certainly been read by everyone when the second one behind it is over.
-    static constexpr std::uint64_t TO_BE_HEARD = 2;
-    static constexpr std::uint64_t TO_BE_JOINED = 3;
+    /// Periods until all receivers have read what a port wrote in a period.
+    static constexpr std::uint64_t UNTIL_READ = 2;
+    /// Periods until a new connection passes messages on.
+    static constexpr std::uint64_t UNTIL_CONNECTED = 3;
 
-    JackPeriods(Ports& allPorts, InputReader& inputReader, Event& wakeEvent)
+    JackCallbacks(Ports& allPorts, InputReader& inputReader, Event& wakeEvent)
         : ports(allPorts), reader(inputReader), wake(wakeEvent)
     {
     }
 
-    /// The periods are that client's from its activation on. No other is active.
-    void serve(jack_client_t* client);
+    /// Registers the callbacks of a client before its activation. No other client is active.
+    void registerAt(jack_client_t* client);
 
-    // Our port for each port of the lists, null for none: written by the control thread, read by the periods.
+    // Our JACK port for each port of the lists, null for none. Written by the control thread, read by the process
+    // callback.
     std::array<std::atomic<jack_port_t*>, Ports::MOST> inputs{};
-    std::array<std::atomic<jack_port_t*>, Ports::MOST> outputs{};  ///< without the synthesizer's, output 0
+    std::array<std::atomic<jack_port_t*>, Ports::MOST> outputs{};  ///< output 0, the synthesizer, has none
 
-    std::atomic<JackSynthesizer*> synthesizer{nullptr};  ///< null while it is in no graph
+    std::atomic<JackSynthesizer*> synthesizer{nullptr};  ///< null while it has no ports
     std::atomic<Clock*> clock{nullptr};
     std::atomic<bool> followsTransport{false};
-    std::atomic<bool> listens{false};
+    std::atomic<bool> receives{false};  ///< the inputs are read
 
-    // What the server said. The control thread takes the changes back.
+    // Set by the server's callbacks; the control thread resets the changes.
     std::atomic<bool> died{false};
     std::atomic<bool> portsChanged{false};
-    std::atomic<bool> wiresChanged{false};
+    std::atomic<bool> connectionsChanged{false};
 
     jack_nframes_t getRate() const { return rate.load(); }
     std::uint64_t getXruns() const { return xruns.load(); }
 
-    /// Of the thread that plays the periods; 0 for none of real time.
+    /// The real-time priority of the thread of the process callback, 0 for none.
     int getPriority() const { return priority.load(); }
 
-    /// False if the server is dead or stands still: what it is asked then may never be answered.
+    /// Waits for that many periods. False if the server died or plays none for two seconds: then no call of the server
+    /// must be made, which might never return.
     bool waitFor(std::uint64_t count) const;
 
-    /// False as above. Outputs that have no device are left out.
-    bool waitUntilSilent(std::size_t first, std::size_t end) const;
+    /// Waits until these outputs are closed, except for those without a JACK port. False as `waitFor`.
+    bool waitUntilClosed(std::size_t first, std::size_t end) const;
 
 private:
     bool waitUntil(const std::function<bool()>& condition) const;
     bool isClosing(std::size_t output) const;
 
     static int process(jack_nframes_t frames, void* object);
-    static int noteRate(jack_nframes_t rate, void* object);
+    static int setRate(jack_nframes_t rate, void* object);
     static void shutDown(jack_status_t code, const char* reason, void* object);
-    void tellOfChange(std::atomic<bool>& change);
+    void notify(std::atomic<bool>& change);
 
     void playPeriod(jack_nframes_t frames);
-    void takeWhatArrived(jack_nframes_t frames);
-    void heedRate();
-    void takePriority();
+    void receiveAll(jack_nframes_t frames);
+    void updateRate();
+    void updatePriority();
     void play(Clock& songClock, jack_nframes_t frames);
 
     Ports& ports;
@@ -80,12 +83,12 @@ private:
     std::atomic<jack_nframes_t> rate{0};
     std::atomic<std::uint64_t> periods{0};
     std::atomic<std::uint64_t> xruns{0};
-    std::atomic<bool> newThread{false};
+    std::atomic<bool> isNewThread{false};
     std::atomic<int> priority{0};
 
-    // The process callback's
+    // Used by the process callback
     std::uint32_t periodStart = 0;
     jack_nframes_t playedRate = 0;
-    jack_client_t* playedClient = nullptr;  // also while that is being closed
+    jack_client_t* playedClient = nullptr;  // still set while the client is being closed
 };
 }  // namespace Host

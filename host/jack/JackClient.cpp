@@ -7,7 +7,7 @@ namespace Host
 {
 namespace
 {
-void sayNothing(const char*) {}
+void printNothing(const char*) {}
 
 struct JackFree {
     template <class Memory>
@@ -17,7 +17,7 @@ struct JackFree {
     }
 };
 
-/// The names in a list that JACK gave away.
+/// The names in a list allocated by JACK, which is freed.
 std::vector<std::string> takeNames(const char** list)
 {
     std::vector<std::string> names;
@@ -31,7 +31,7 @@ std::vector<std::string> findPorts(jack_client_t* client, const char* type, unsi
     return takeNames(jack_get_ports(client, nullptr, type, flags));
 }
 
-bool standsForADevice(jack_client_t* client, const std::string& jackName)
+bool belongsToADevice(jack_client_t* client, const std::string& jackName)
 {
     const auto colon = jackName.find(':');
     if (colon == std::string::npos) return false;
@@ -71,8 +71,8 @@ std::string shownName(jack_client_t* client, const std::string& jackName)
 
 JackClient openJackClient(const std::string& name)
 {
-    jack_set_error_function(sayNothing);
-    jack_set_info_function(sayNothing);
+    jack_set_error_function(printNothing);
+    jack_set_info_function(printNothing);
     return JackClient(jack_client_open(name.c_str(), JackNoStartServer, nullptr));
 }
 
@@ -88,7 +88,7 @@ std::vector<MidiDevice> findForeignMidiPorts(jack_client_t* client, JackPortFlag
     std::vector<MidiDevice> ports;
     for (const std::string& name : findPorts(client, JACK_DEFAULT_MIDI_TYPE, direction)) {
         jack_port_t* port = jack_port_by_name(client, name.c_str());
-        if (port == nullptr || jack_port_is_mine(client, port) || standsForADevice(client, name)) continue;
+        if (port == nullptr || jack_port_is_mine(client, port) || belongsToADevice(client, name)) continue;
         ports.push_back({name, shownName(client, name)});
     }
     return ports;

@@ -15,8 +15,8 @@ struct JackCloser {
 };
 using JackClient = std::unique_ptr<jack_client_t, JackCloser>;
 
-/// A client of the JACK server that runs, or null. Starts no server and prints nothing. If another client has the name
-/// the server gives a similar one.
+/// Opens a client of the running JACK server; null if there is none. Starts no server and prints nothing. If the name
+/// is in use, the server assigns a similar one.
 JackClient openJackClient(const std::string& name);
 
 /// The longest name of a client, in bytes.
@@ -25,21 +25,21 @@ std::size_t longestClientName();
 /// Whether a client can have that name.
 bool isClientName(const std::string& name);
 
-/// The two ports to patch freely, and what the others begin with, which stand for a device each.
+/// The names of the two free ports, which the user connects, and the prefixes of the ports that belong to a device.
 inline constexpr const char* FREE_INPUT = "Orvane In";
 inline constexpr const char* FREE_OUTPUT = "Orvane Out";
 inline constexpr const char* FROM_DEVICE = "from ";
 inline constexpr const char* TO_DEVICE = "to ";
 
-/// The MIDI ports of other clients that send to us (`JackPortIsOutput`) or that we can send to (`JackPortIsInput`), in
-/// the server's order; their addresses are their full names, "client:port". Of another Orvane only the ports to patch
-/// freely: two that gave each other a port for every port would never come to an end.
+/// The MIDI outputs (`JackPortIsOutput`) or inputs (`JackPortIsInput`) of other clients, in the server's order; the
+/// address is the full name, "client:port". Of another Orvane only the free ports are included: otherwise two of them
+/// would add ports for each other's ports without end.
 std::vector<MidiDevice> findForeignMidiPorts(jack_client_t* client, JackPortFlags direction);
 
-/// All ports of `client` itself, by their full names.
+/// The ports of `client` itself, by their full names.
 std::vector<std::string> findOwnPorts(jack_client_t* client);
 
-/// What a port of `client` itself is joined to, by full names.
+/// The ports that a port of `client` itself is connected to, by their full names.
 std::vector<std::string> findConnections(jack_client_t* client, const std::string& ownPort);
 
 /// The sound card's outputs, left before right.

@@ -8,11 +8,11 @@ namespace Host
 {
 namespace
 {
-constexpr std::size_t MOST_LOST = 1000;  // programs that never come back have their names in it
+constexpr std::size_t MOST_LOST = 1000;  // programs that never return would fill the set
 
 std::string fullName(jack_client_t* client, const std::string& port)
 {
-    return JackWiring::isOwn(port) ? jack_get_client_name(client) + port : port;
+    return JackConnections::isOwn(port) ? jack_get_client_name(client) + port : port;
 }
 
 std::string withoutClient(jack_client_t* client, const std::string& port)
@@ -26,99 +26,104 @@ bool exists(jack_client_t* client, const std::string& port)
     return jack_port_by_name(client, fullName(client, port).c_str()) != nullptr;
 }
 
-bool bothExist(jack_client_t* client, const Wire& wire)
+bool bothExist(jack_client_t* client, const JackConnection& connection)
 {
-    return exists(client, wire.first) && exists(client, wire.second);
+    return exists(client, connection.first) && exists(client, connection.second);
 }
 
-// A port of ours that is gone stood for a device; whoever enters that again joins the two.
-bool ownEndExists(jack_client_t* client, const Wire& wire)
+// A port of our own that is gone belonged to a device, and is connected when the device is added again.
+bool ownPortExists(jack_client_t* client, const JackConnection& connection)
 {
-    return exists(client, JackWiring::isOwn(wire.first) ? wire.first : wire.second);
+    return exists(client, JackConnections::isOwn(connection.first) ? connection.first : connection.second);
 }
 
-int connect(jack_client_t* client, const Wire& wire)
+int connectPorts(jack_client_t* client, const JackConnection& connection)
 {
     const int result =
-        jack_connect(client, fullName(client, wire.first).c_str(), fullName(client, wire.second).c_str());
+        jack_connect(client, fullName(client, connection.first).c_str(), fullName(client, connection.second).c_str());
     return result == EEXIST ? 0 : result;
 }
 
-std::set<Wire> findWires(jack_client_t* client)
+std::set<JackConnection> findAll(jack_client_t* client)
 {
-    std::set<Wire> wires;
+    std::set<JackConnection> connections;
     for (const std::string& port : findOwnPorts(client)) {
         const bool sends = (jack_port_flags(jack_port_by_name(client, port.c_str())) & JackPortIsOutput) != 0;
         const std::string own = withoutClient(client, port);
         for (const std::string& end : findConnections(client, port)) {
             const std::string other = withoutClient(client, end);
-            wires.insert(sends ? Wire(own, other) : Wire(other, own));
+            connections.insert(sends ? JackConnection(own, other) : JackConnection(other, own));
         }
     }
-    return wires;
+    return connections;
 }
 
-std::set<Wire> without(const std::set<Wire>& wires, const std::set<Wire>& others)
+std::set<JackConnection> without(const std::set<JackConnection>& connections, const std::set<JackConnection>& others)
 {
-    std::set<Wire> rest;
-    std::ranges::set_difference(wires, others, std::inserter(rest, rest.end()));
+    std::set<JackConnection> rest;
+    std::ranges::set_difference(connections, others, std::inserter(rest, rest.end()));
     return rest;
 }
 }  // namespace
 
-std::set<Wire> JackWiring::look(jack_client_t* client, bool portsChanged)
+std::set<JackConnection> JackConnections::update(jack_client_t* client, bool portsChanged)
 {
-    auto present = findWires(client);
-    const auto cut = without(stood, present);
-    for (const Wire& wire : cut)
-        if (ownEndExists(client, wire) && (portsChanged || !bothExist(client, wire)) && lost.size() < MOST_LOST)
-            lost.insert(wire);
-    stood = std::move(present);
-    known = without(known, cut);
-    return cut;
+    auto found = findAll(client);
+    const auto gone = without(present, found);
+    for (const JackConnection& connection : gone)
+        if (ownPortExists(client, connection) && (portsChanged || !bothExist(client, connection)) &&
+            lost.size() < MOST_LOST)
+            lost.insert(connection);
+    present = std::move(found);
+    known = without(known, gone);
+    return gone;
 }
 
-bool JackWiring::mend(jack_client_t* client)
+bool JackConnections::restore(jack_client_t* client)
 {
-    const auto joined = [&](const Wire& wire) { return bothExist(client, wire) && connect(client, wire) == 0; };
-    if (std::erase_if(lost, joined) == 0) return false;
-    stood = findWires(client);
+    const auto isRestored = [&](const JackConnection& connection) {
+        return bothExist(client, connection) && connectPorts(client, connection) == 0;
+    };
+    if (std::erase_if(lost, isRestored) == 0) return false;
+    present = findAll(client);
     return true;
 }
 
-void JackWiring::lose()
+void JackConnections::markAllLost()
 {
-    lost.merge(stood);
-    stood.clear();
+    lost.merge(present);
+    present.clear();
     known.clear();
     lost.insert(foreign.begin(), foreign.end());
 }
 
-int JackWiring::join(jack_client_t* client, const Wire& wire)
+int JackConnections::connect(jack_client_t* client, const JackConnection& connection)
 {
-    const Wire kept{withoutClient(client, wire.first), withoutClient(client, wire.second)};
-    const int result = connect(client, kept);
+    const JackConnection kept{withoutClient(client, connection.first), withoutClient(client, connection.second)};
+    const int result = connectPorts(client, kept);
     if (result == 0 && !isOwn(kept.first) && !isOwn(kept.second)) foreign.insert(kept);
     return result;
 }
 
-void JackWiring::part(jack_client_t* client, const Wire& wire)
+void JackConnections::disconnect(jack_client_t* client, const JackConnection& connection)
 {
-    jack_disconnect(client, fullName(client, wire.first).c_str(), fullName(client, wire.second).c_str());
-    stood.erase(wire);
-    lost.erase(wire);
+    jack_disconnect(client, fullName(client, connection.first).c_str(), fullName(client, connection.second).c_str());
+    present.erase(connection);
+    lost.erase(connection);
 }
 
-bool JackWiring::isWired(const std::string& ownPort) const
+bool JackConnections::hasAny(const std::string& ownPort) const
 {
-    const auto ends = [&](const Wire& wire) { return wire.first == ownPort || wire.second == ownPort; };
-    return std::ranges::any_of(stood, ends) || std::ranges::any_of(lost, ends);
+    const auto ends = [&](const JackConnection& connection) {
+        return connection.first == ownPort || connection.second == ownPort;
+    };
+    return std::ranges::any_of(present, ends) || std::ranges::any_of(lost, ends);
 }
 
-std::set<Wire> JackWiring::takeNew()
+std::set<JackConnection> JackConnections::takeNew()
 {
-    auto added = without(stood, known);
-    known = stood;
+    auto added = without(present, known);
+    known = present;
     return added;
 }
 }  // namespace Host

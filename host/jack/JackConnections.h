@@ -8,50 +8,51 @@
 
 namespace Host
 {
-/// Two ports of a graph that are joined, from an output to an input, by their full names. Of a port of our own the
-/// client's name is left away (":Orvane Out"): the next server may give us another one.
-using Wire = std::pair<std::string, std::string>;
+/// A connection of two ports of the graph, output and input, by their full names. The name of a port of our own client
+/// has no client name (":Orvane Out"), because the client may have another name at the next server.
+using JackConnection = std::pair<std::string, std::string>;
 
-/// What our ports are joined to, and what they were joined to until the other end, or the whole graph, went: that is
-/// joined again as soon as both ends are there. What is taken apart while both ends stand is forgotten. The control
-/// thread.
-class JackWiring
+/// The connections of our ports, present and lost. A connection is lost when the port at its other end, or the server,
+/// goes; it is made again as soon as both ports are present. A connection that is removed while both ports are present
+/// is forgotten. Control thread.
+class JackConnections
 {
 public:
-    /// Looks at the graph. `portsChanged`: ports came or went since the last look. Returns what stood at the last look
-    /// and does no longer.
-    std::set<Wire> look(jack_client_t* client, bool portsChanged);
+    /// Reads the connections from the graph. `portsChanged`: ports were registered or unregistered since the last call.
+    /// Returns the connections that have gone since then.
+    std::set<JackConnection> update(jack_client_t* client, bool portsChanged);
 
-    /// Joins what came back. True if there was any.
-    bool mend(jack_client_t* client);
+    /// Makes lost connections again where both ports are present. True if there were any.
+    bool restore(jack_client_t* client);
 
-    /// The graph is gone with all wires.
-    void lose();
+    /// The server is gone: all connections are lost.
+    void markAllLost();
 
-    /// Joins two ports, and again after a loss. 0, or the server's error.
-    int join(jack_client_t* client, const Wire& wire);
+    /// Connects two ports, which may both be those of other clients. 0, or the server's error.
+    int connect(jack_client_t* client, const JackConnection& connection);
 
-    /// Takes two ports apart for good.
-    void part(jack_client_t* client, const Wire& wire);
+    /// Disconnects two ports and forgets the connection.
+    void disconnect(jack_client_t* client, const JackConnection& connection);
 
-    /// Whether these two were joined at the last look; one of them is our own.
-    bool stands(const Wire& wire) const { return stood.contains(wire); }
+    /// The connection, of a port of our own, was present at the last update.
+    bool isPresent(const JackConnection& connection) const { return present.contains(connection); }
 
-    /// Whether a port of ours was joined to anything at the last look, or is to be again.
-    bool isWired(const std::string& ownPort) const;
+    /// The port of our own had a connection at the last update, or has a lost one.
+    bool hasAny(const std::string& ownPort) const;
 
-    /// Is not joined again.
-    void forget(const Wire& wire) { lost.erase(wire); }
+    /// The connection is not made again.
+    void forget(const JackConnection& connection) { lost.erase(connection); }
 
-    /// The wires that stand and did not when this was last asked, or were cut meanwhile.
-    std::set<Wire> takeNew();
+    /// The connections made since the last call, including those removed and made again.
+    std::set<JackConnection> takeNew();
 
+    /// A port of our own client.
     static bool isOwn(const std::string& port) { return port.starts_with(':'); }
 
 private:
-    std::set<Wire> stood;    // at the last look, those of our own ports
-    std::set<Wire> foreign;  // that we made between others
-    std::set<Wire> lost;
-    std::set<Wire> known;  // when the new ones were last asked for
+    std::set<JackConnection> present;  // of our own ports, at the last update
+    std::set<JackConnection> foreign;  // made by us between ports of other clients
+    std::set<JackConnection> lost;
+    std::set<JackConnection> known;  // at the last `takeNew`
 };
 }  // namespace Host

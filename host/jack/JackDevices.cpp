@@ -13,26 +13,26 @@ using namespace std::chrono_literals;
 namespace
 {
 constexpr std::size_t SYNTHESIZER = 0;
-constexpr auto UNTIL_IT_IS_CALLED = 300ms;
-constexpr auto TIME_TO_SETTLE = 200ms;
+constexpr auto UNTIL_READY = 300ms;
+constexpr auto SETTLING_TIME = 200ms;
 
-// Addresses that no port of a graph has: those begin with the name of a client.
+// These addresses differ from those of all ports in a graph, which begin with the name of a client.
 const MidiDevice SYNTHESIZER_DEVICE{":synthesizer", SYNTHESIZER_NAME};
 const MidiDevice FREE_INPUT_DEVICE{":in", FREE_INPUT};
 const MidiDevice FREE_OUTPUT_DEVICE{":out", FREE_OUTPUT};
 
-bool standsForADevice(const Port& port) { return !port.device.address.starts_with(':'); }
+bool belongsToADevice(const Port& port) { return !port.device.address.starts_with(':'); }
 
 std::string shortNameOf(jack_port_t* own) { return std::string(":") + jack_port_short_name(own); }
 }  // namespace
 
-void JackDevices::enter(jack_client_t* newClient)
+void JackDevices::enterGraph(jack_client_t* newClient)
 {
     client = newClient;
-    ports.outputs()[SYNTHESIZER]->found = false;  // as every device before the first look
-    newcomers.clear();
+    ports.outputs()[SYNTHESIZER]->found = false;  // as every device before the first scan
+    newDevices.clear();
     newOutputs.clear();
-    follow(Newcomers::atOnce);
+    updateDevices(NewDevices::atOnce);
 }
 
 void JackDevices::close()
@@ -41,37 +41,37 @@ void JackDevices::close()
     for (const auto& output : ports.outputs()) output->close();
 }
 
-void JackDevices::lose()
+void JackDevices::leaveGraph()
 {
     client = nullptr;
-    wiring.lose();
-    listensFrom.reset();
-    for (auto* own : {&periods.inputs, &periods.outputs})
+    connections.markAllLost();
+    receiversReadyAt.reset();
+    for (auto* own : {&callbacks.inputs, &callbacks.outputs})
         for (auto& port : *own) port.store(nullptr);
     for (const auto& input : ports.inputs()) input->found = false;
     for (const auto& output : ports.outputs()) {
         output->found = false;
-        output->lose();
+        output->unplug();
     }
-    // The synthesizer is still here; what it sounded through is not.
+    // The synthesizer is still present, but has no audio ports.
     ports.outputs()[SYNTHESIZER]->found = true;
     ports.outputs()[SYNTHESIZER]->couldNotOpen = true;
 }
 
 bool JackDevices::refresh()
 {
-    followXruns();
-    followNewListeners();
-    // A server that stands still would keep us waiting for an answer.
-    if ((!periods.portsChanged && !periods.wiresChanged) || !periods.waitFor(1)) return false;
-    if (periods.portsChanged.exchange(false)) return follow(Newcomers::whenSettled);
-    if (periods.wiresChanged.exchange(false)) followWires(false);
+    processXruns();
+    updateNewReceivers();
+    // Calls of a server that hangs would not return.
+    if ((!callbacks.portsChanged && !callbacks.connectionsChanged) || !callbacks.waitFor(1)) return false;
+    if (callbacks.portsChanged.exchange(false)) return updateDevices(NewDevices::delayed);
+    if (callbacks.connectionsChanged.exchange(false)) updateConnections(false);
     return false;
 }
 
-// --- devices come and go
+// --- devices
 
-bool JackDevices::follow(Newcomers newcomersPlay)
+bool JackDevices::updateDevices(NewDevices whenNew)
 {
     bool changed = false;
     const auto andNote = [&](void (JackDevices::*change)(std::size_t)) {
@@ -82,125 +82,125 @@ bool JackDevices::follow(Newcomers newcomersPlay)
     };
     auto sources = findForeignMidiPorts(client, JackPortIsOutput);
     auto sinks = findForeignMidiPorts(client, JackPortIsInput);
-    if (newcomersPlay == Newcomers::whenSettled) {
-        sources = settled(std::move(sources));
-        sinks = settled(std::move(sinks));
+    if (whenNew == NewDevices::delayed) {
+        sources = withoutNew(std::move(sources));
+        sinks = withoutNew(std::move(sinks));
     }
     sources.insert(sources.begin(), FREE_INPUT_DEVICE);
     sinks.insert(sinks.begin(), {SYNTHESIZER_DEVICE, FREE_OUTPUT_DEVICE});
-    ports.settleInputs(sources, andNote(&JackDevices::removeInput), andNote(&JackDevices::addInput));
-    ports.settleOutputs(sinks, andNote(&JackDevices::removeOutput), andNote(&JackDevices::addOutput));
-    followWires(true);
+    ports.assignInputs(sources, andNote(&JackDevices::removeInput), andNote(&JackDevices::addInput));
+    ports.assignOutputs(sinks, andNote(&JackDevices::removeOutput), andNote(&JackDevices::addOutput));
+    updateConnections(true);
     openNewOutputs();
     return changed;
 }
 
-/// Those among what was found that were there before, or have been for a while. Whoever enters a graph often gets its
-/// name and its wires only then.
-std::vector<MidiDevice> JackDevices::settled(std::vector<MidiDevice> found)
+/// Removes devices that were registered a moment ago: a new port often gets its pretty name and its connections only
+/// after it was registered.
+std::vector<MidiDevice> JackDevices::withoutNew(std::vector<MidiDevice> found)
 {
     const auto now = std::chrono::steady_clock::now();
     std::erase_if(found, [&](const MidiDevice& device) {
         const auto isIt = [&](const auto& port) { return port->found && port->device.address == device.address; };
         if (std::ranges::any_of(ports.inputs(), isIt) || std::ranges::any_of(ports.outputs(), isIt)) return false;
-        const Time since = newcomers.try_emplace(device.address, now).first->second;
-        if (now - since < TIME_TO_SETTLE) {
-            periods.portsChanged.store(true);  // to be looked at again
+        const Time since = newDevices.try_emplace(device.address, now).first->second;
+        if (now - since < SETTLING_TIME) {
+            callbacks.portsChanged.store(true);  // look again
             return true;
         }
-        newcomers.erase(device.address);
+        newDevices.erase(device.address);
         return false;
     });
-    std::erase_if(newcomers, [&](const auto& newcomer) { return now - newcomer.second > 2 * TIME_TO_SETTLE; });
+    std::erase_if(newDevices, [&](const auto& entry) { return now - entry.second > 2 * SETTLING_TIME; });
     return found;
 }
 
-/// Whoever missed a period did not hear what ended then.
-bool JackDevices::followXruns()
+/// A receiver that missed a period did not get the note-offs of that period.
+bool JackDevices::processXruns()
 {
-    const std::uint64_t count = periods.getXruns();
+    const std::uint64_t count = callbacks.getXruns();
     if (count == std::exchange(xrunsSeen, count)) return false;
-    for (const auto& output : ports.outputs()) output->listenerMissed();
+    for (const auto& output : ports.outputs()) output->periodMissed();
     return true;
 }
 
-/// A wire may stand before the server calls who is at its other end.
-void JackDevices::followNewListeners()
+/// A connection may exist before the process callback of the receiver runs.
+void JackDevices::updateNewReceivers()
 {
-    if (!listensFrom || *listensFrom > std::chrono::steady_clock::now()) return;
-    listensFrom.reset();
-    for (const auto& output : ports.outputs()) output->listenerListens();
+    if (!receiversReadyAt || *receiversReadyAt > std::chrono::steady_clock::now()) return;
+    receiversReadyAt.reset();
+    for (const auto& output : ports.outputs()) output->receiverReady();
 }
 
-void JackDevices::followWires(bool becauseOfPorts)
+void JackDevices::updateConnections(bool portsChanged)
 {
-    for (const Wire& wire : wiring.look(client, becauseOfPorts)) {
-        noteCutInput(wire, becauseOfPorts);
-        if (OutputPort* output = findOutput(wire)) output->listenerWent();
+    for (const JackConnection& gone : connections.update(client, portsChanged)) {
+        processDisconnection(gone, portsChanged);
+        if (OutputPort* output = findOutput(gone)) output->receiverDisconnected();
     }
-    // What is sent before the wires stand would not be heard.
-    if (wiring.mend(client)) periods.waitFor(JackPeriods::TO_BE_JOINED);
-    if (periods.listens.load()) joinInputs();
-    for (const Wire& wire : wiring.takeNew()) {
-        if (OutputPort* output = findOutput(wire)) {
-            output->listenerIsBack();
-            listensFrom = std::chrono::steady_clock::now() + UNTIL_IT_IS_CALLED;
+    // Messages sent before a connection passes them on would be lost.
+    if (connections.restore(client)) callbacks.waitFor(JackCallbacks::UNTIL_CONNECTED);
+    if (callbacks.receives.load()) connectInputs();
+    for (const JackConnection& added : connections.takeNew()) {
+        if (OutputPort* output = findOutput(added)) {
+            output->receiverConnected();
+            receiversReadyAt = std::chrono::steady_clock::now() + UNTIL_READY;
         }
-        tellLoop(wire);
+        reportLoop(added);
     }
 }
 
-void JackDevices::tellLoop(const Wire& wire)
+void JackDevices::reportLoop(const JackConnection& connection)
 {
-    const auto& [from, to] = wire;
-    if (JackWiring::isOwn(from) && JackWiring::isOwn(to))
-        news.push_back("A loop: \"" + from.substr(1) + "\" is wired to \"" + to.substr(1) +
-                       "\", so what is played there comes in again.");
+    const auto& [from, to] = connection;
+    if (JackConnections::isOwn(from) && JackConnections::isOwn(to))
+        news.push_back("A feedback loop: \"" + from.substr(1) + "\" is connected to \"" + to.substr(1) +
+                       "\", so messages that are sent there are received again.");
 }
 
-/// The output from which a wire leads, null for none.
-OutputPort* JackDevices::findOutput(const Wire& wire) const
+/// The output at the beginning of a connection, null for none.
+OutputPort* JackDevices::findOutput(const JackConnection& connection) const
 {
     for (std::size_t index = 0; index < ports.outputs().size(); ++index)
-        if (jack_port_t* own = periods.outputs[index]; own != nullptr && shortNameOf(own) == wire.first)
+        if (jack_port_t* own = callbacks.outputs[index]; own != nullptr && shortNameOf(own) == connection.first)
             return ports.outputs()[index].get();
     return nullptr;
 }
 
-/// A wire to one of our inputs is gone, and whoever is at its other end cannot release the keys that are down. If it is
-/// a device that went and came between two looks, it is joined as any newcomer.
-void JackDevices::noteCutInput(const Wire& wire, bool becauseOfPorts)
+/// If a connection to one of our inputs is gone, no note-off will arrive for keys that are down. If the device was
+/// unplugged and plugged in between two updates, it is connected like a new one.
+void JackDevices::processDisconnection(const JackConnection& connection, bool portsChanged)
 {
     for (std::size_t index = 0; index < ports.inputs().size(); ++index) {
-        jack_port_t* own = periods.inputs[index];
-        if (own == nullptr || shortNameOf(own) != wire.second) continue;
-        cutInputs.insert(index);
-        if (!becauseOfPorts || wire != wireOf(*ports.inputs()[index], own)) continue;
-        wiring.forget(wire);
-        joinFrom[index] = std::chrono::steady_clock::now() + TIME_TO_SETTLE;
+        jack_port_t* own = callbacks.inputs[index];
+        if (own == nullptr || shortNameOf(own) != connection.second) continue;
+        disconnectedInputs.insert(index);
+        if (!portsChanged || connection != connectionOf(*ports.inputs()[index], own)) continue;
+        connections.forget(connection);
+        connectAt[index] = std::chrono::steady_clock::now() + SETTLING_TIME;
     }
 }
 
-bool JackDevices::isWiredByHand(const InputPort& port) const
+bool JackDevices::isConnectedToFreeInput(const InputPort& port) const
 {
-    return wiring.stands({port.device.address, std::string(":") + FREE_INPUT});
+    return connections.isPresent({port.device.address, std::string(":") + FREE_INPUT});
 }
 
-/// Those that are not heard at "Orvane In" already.
-void JackDevices::joinInputs()
+/// A device that the user connected to "Orvane In" is not received a second time at the port of its own.
+void JackDevices::connectInputs()
 {
     const auto now = std::chrono::steady_clock::now();
     for (std::size_t index = 0; index < ports.inputs().size(); ++index) {
         const InputPort& port = *ports.inputs()[index];
-        jack_port_t* own = periods.inputs[index];
-        if (own == nullptr || !port.enabled || !standsForADevice(port)) continue;
-        const bool joined = wiring.stands(wireOf(port, own));
-        if (isWiredByHand(port)) {
-            if (joined) wiring.part(client, wireOf(port, own));
-            joinFrom[index] = now;
-        } else if (joinFrom[index] && *joinFrom[index] > now) {
-            periods.wiresChanged.store(true);  // to be looked at again
-        } else if (std::exchange(joinFrom[index], std::nullopt) && !joined) {
+        jack_port_t* own = callbacks.inputs[index];
+        if (own == nullptr || !port.enabled || !belongsToADevice(port)) continue;
+        const bool isConnectedNow = connections.isPresent(connectionOf(port, own));
+        if (isConnectedToFreeInput(port)) {
+            if (isConnectedNow) connections.disconnect(client, connectionOf(port, own));
+            connectAt[index] = now;
+        } else if (connectAt[index] && *connectAt[index] > now) {
+            callbacks.connectionsChanged.store(true);  // look again
+        } else if (std::exchange(connectAt[index], std::nullopt) && !isConnectedNow) {
             openInput(index);
         }
     }
@@ -210,19 +210,19 @@ void JackDevices::addInput(std::size_t index)
 {
     InputPort& port = *ports.inputs()[index];
     jack_port_t* own = registerMidi(port, FROM_DEVICE, JackPortIsInput);
-    periods.inputs[index].store(own);
+    callbacks.inputs[index].store(own);
     port.couldNotOpen = own == nullptr;
-    joinFrom[index] = std::chrono::steady_clock::now();
+    connectAt[index] = std::chrono::steady_clock::now();
     if (own == nullptr) return;
-    wiring.forget(wireOf(port, own));
-    if (port.enabled) port.open.store(true);  // joined once somebody listens and the wires are known
+    connections.forget(connectionOf(port, own));
+    if (port.enabled) port.open.store(true);  // connected by `connectInputs`
 }
 
 void JackDevices::removeInput(std::size_t index)
 {
     ports.inputs()[index]->open.store(false);
     ports.inputs()[index]->couldNotOpen = false;
-    unregister(periods.inputs[index]);
+    unregister(callbacks.inputs[index]);
 }
 
 void JackDevices::addOutput(std::size_t index)
@@ -236,22 +236,22 @@ void JackDevices::addOutput(std::size_t index)
     jack_port_t* own = registerMidi(port, TO_DEVICE, JackPortIsOutput);
     port.couldNotOpen = own == nullptr;
     if (own == nullptr) return;
-    wiring.forget(wireOf(port, own));
+    connections.forget(connectionOf(port, own));
     newOutputs.emplace_back(index, own);
 }
 
-/// What sounded at the far end when the device went is released there before anything else: so the wires have to
-/// stand, which takes the server some periods.
+/// Notes that sounded at the device when it was unplugged are ended before anything else is sent, so the connection has
+/// to be made first, which takes the server some callbacks.
 void JackDevices::openNewOutputs()
 {
     for (const auto& [index, own] : newOutputs)
         if (OutputPort& port = *ports.outputs()[index]; port.enabled)
-            port.couldNotOpen = join(port, wireOf(port, own)) != 0;
-    if (!newOutputs.empty()) periods.waitFor(JackPeriods::TO_BE_JOINED);
+            port.couldNotOpen = connectToDevice(port, connectionOf(port, own)) != 0;
+    if (!newOutputs.empty()) callbacks.waitFor(JackCallbacks::UNTIL_CONNECTED);
     for (const auto& [index, own] : newOutputs) {
         OutputPort& port = *ports.outputs()[index];
-        periods.outputs[index].store(own);
-        if (port.enabled && !port.couldNotOpen && periods.waitUntilSilent(index, index + 1)) port.open();
+        callbacks.outputs[index].store(own);
+        if (port.enabled && !port.couldNotOpen && callbacks.waitUntilClosed(index, index + 1)) port.open();
     }
     newOutputs.clear();
 }
@@ -261,97 +261,102 @@ void JackDevices::removeOutput(std::size_t index)
     OutputPort& port = *ports.outputs()[index];
     port.close();
     port.couldNotOpen = false;
-    unregister(periods.outputs[index]);
-    port.lose();
+    unregister(callbacks.outputs[index]);
+    port.unplug();
 }
 
-// The own port of a foreign one tells its direction: two devices may share a name, two ports of a client may not.
+// The name contains the direction: an input and an output device may share a name, two ports of a client may not.
 jack_port_t* JackDevices::registerMidi(const Port& port, const char* prefix, JackPortFlags direction)
 {
     const auto room = static_cast<std::size_t>(jack_port_name_size() - jack_client_name_size() - 1);
-    const std::string own = ((standsForADevice(port) ? prefix : "") + port.name).substr(0, room);
+    const std::string own = ((belongsToADevice(port) ? prefix : "") + port.name).substr(0, room);
     return jack_port_register(client, own.c_str(), JACK_DEFAULT_MIDI_TYPE, direction, 0);
 }
 
 void JackDevices::unregister(std::atomic<jack_port_t*>& own)
 {
     jack_port_t* port = own.exchange(nullptr);
-    // The period under way may still use it.
-    if (port != nullptr && periods.waitFor(JackPeriods::TO_BE_HEARD)) jack_port_unregister(client, port);
+    // The current period may still use it.
+    if (port != nullptr && callbacks.waitFor(JackCallbacks::UNTIL_READ)) jack_port_unregister(client, port);
 }
 
-Wire JackDevices::wireOf(const InputPort& port, jack_port_t* own) const
+JackConnection JackDevices::connectionOf(const InputPort& port, jack_port_t* own) const
 {
     return {port.device.address, shortNameOf(own)};
 }
 
-Wire JackDevices::wireOf(const OutputPort& port, jack_port_t* own) const
+JackConnection JackDevices::connectionOf(const OutputPort& port, jack_port_t* own) const
 {
     return {shortNameOf(own), port.device.address};
 }
 
-int JackDevices::join(const Port& port, const Wire& wire)
+int JackDevices::connectToDevice(const Port& port, const JackConnection& connection)
 {
-    return standsForADevice(port) ? wiring.join(client, wire) : 0;
+    return belongsToADevice(port) ? connections.connect(client, connection) : 0;
 }
 
 void JackDevices::openInput(std::size_t index)
 {
     InputPort& port = *ports.inputs()[index];
-    port.couldNotOpen = !isWiredByHand(port) && join(port, wireOf(port, periods.inputs[index])) != 0;
+    port.couldNotOpen =
+        !isConnectedToFreeInput(port) && connectToDevice(port, connectionOf(port, callbacks.inputs[index])) != 0;
     port.open.store(true);
 }
 
 void JackDevices::openOutput(std::size_t index)
 {
     OutputPort& port = *ports.outputs()[index];
-    if (index != SYNTHESIZER) port.couldNotOpen = join(port, wireOf(port, periods.outputs[index])) != 0;
-    if (!port.couldNotOpen && periods.waitUntilSilent(index, index + 1)) port.open();
+    if (index != SYNTHESIZER)
+        port.couldNotOpen = connectToDevice(port, connectionOf(port, callbacks.outputs[index])) != 0;
+    if (!port.couldNotOpen && callbacks.waitUntilClosed(index, index + 1)) port.open();
 }
 
 void JackDevices::enableInput(std::size_t index, bool enabled)
 {
     InputPort& port = *ports.inputs()[index];
     port.enabled = enabled;
-    jack_port_t* own = periods.inputs[index];
-    if (own == nullptr || periods.died.load()) return;
+    jack_port_t* own = callbacks.inputs[index];
+    if (own == nullptr || callbacks.died.load()) return;
     if (enabled) {
         openInput(index);
         return;
     }
     port.open.store(false);
-    if (standsForADevice(port)) jack_disconnect(client, port.device.address.c_str(), jack_port_name(own));
+    if (belongsToADevice(port)) jack_disconnect(client, port.device.address.c_str(), jack_port_name(own));
 }
 
 void JackDevices::enableOutput(std::size_t index, bool enabled)
 {
     OutputPort& port = *ports.outputs()[index];
     port.enabled = enabled;
-    jack_port_t* own = periods.outputs[index];
-    if (client == nullptr || periods.died.load() || (index == SYNTHESIZER ? !isSynthesizerThere() : own == nullptr))
+    jack_port_t* own = callbacks.outputs[index];
+    if (client == nullptr || callbacks.died.load() || (index == SYNTHESIZER ? !isSynthesizerThere() : own == nullptr))
         return;
     if (enabled) {
         openOutput(index);
         return;
     }
     port.close();
-    if (periods.waitUntilSilent(index, index + 1) && periods.waitFor(JackPeriods::TO_BE_HEARD) && own != nullptr &&
-        standsForADevice(port))
+    if (callbacks.waitUntilClosed(index, index + 1) && callbacks.waitFor(JackCallbacks::UNTIL_READ) && own != nullptr &&
+        belongsToADevice(port))
         jack_disconnect(client, jack_port_name(own), port.device.address.c_str());
 }
 
 void JackDevices::connect(const std::string& from, const std::string& to)
 {
     if (client == nullptr) throw std::runtime_error("there is no JACK server");
-    const auto wired = [&](const std::string& port) { return port.find(':') != std::string::npos ? port : ":" + port; };
-    const Wire wire{wired(from), wired(to)};
-    for (const std::string& end : {wire.first, wire.second}) {
-        const std::string port = JackWiring::isOwn(end) ? jack_get_client_name(client) + end : end;
+    const auto withColon = [&](const std::string& port) {
+        return port.find(':') != std::string::npos ? port : ":" + port;
+    };
+    const JackConnection connection{withColon(from), withColon(to)};
+    for (const std::string& end : {connection.first, connection.second}) {
+        const std::string port = JackConnections::isOwn(end) ? jack_get_client_name(client) + end : end;
         if (jack_port_by_name(client, port.c_str()) == nullptr)
             throw std::runtime_error("there is no port \"" + port + "\"");
     }
-    if (wiring.join(client, wire) != 0)
+    if (connections.connect(client, connection) != 0)
         throw std::runtime_error(
-            "the JACK server refuses (the first must be an output, the second an input of one kind)");
+            "the JACK server refuses the connection (the first port must be an output, the second an input of the same "
+            "type)");
 }
 }  // namespace Host

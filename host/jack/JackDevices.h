@@ -15,51 +15,52 @@
 
 namespace Host
 {
-/// The MIDI ports of others in a JACK graph: each gets a port of our client as long as it is there, is joined to it,
-/// and is followed when it comes and goes, with the wires that others draw. What a far end may not have heard is ended
-/// there once more. The control thread's; while the server stands still nothing is asked of it.
+/// The MIDI ports of other clients in a JACK graph. Each of them gets a port of our client, connected to it, for as
+/// long as it is registered; connections that others make are observed. Note-offs that a receiver may have missed are
+/// sent to it again. Control thread; while the server plays no periods, no call of it is made.
 class JackDevices
 {
 public:
-    /// What there is to tell goes to `newsToTell` and `inputsToRelease`: those that lost a wire.
-    JackDevices(Ports& allPorts, JackPeriods& jackPeriods, std::vector<std::string>& newsToTell,
-                std::set<std::size_t>& inputsToRelease)
-        : ports(allPorts), periods(jackPeriods), news(newsToTell), cutInputs(inputsToRelease)
+    /// Messages for the user are added to `newsOfSystem`, and inputs that lose a connection to `disconnected`.
+    JackDevices(Ports& allPorts, JackCallbacks& jackCallbacks, std::vector<std::string>& newsOfSystem,
+                std::set<std::size_t>& disconnected)
+        : ports(allPorts), callbacks(jackCallbacks), news(newsOfSystem), disconnectedInputs(disconnected)
     {
     }
 
-    /// The client is active; its periods go by.
-    void enter(jack_client_t* newClient);
+    /// Adds the devices of the graph. The client is active, and periods are being played.
+    void enterGraph(jack_client_t* newClient);
 
-    /// Nothing more goes in or out.
+    /// Closes all ports.
     void close();
 
-    /// The client is gone. What sounded at the far ends stays in the ledgers, and is released when they are back.
-    void lose();
+    /// The client is gone. Notes that sounded at a device are ended when the device is back.
+    void leaveGraph();
 
-    /// Takes notice of what changed; true if a list is another one now.
+    /// Updates ports and connections; true if a list of ports has changed.
     bool refresh();
 
-    /// What ended in a period that somebody missed is ended once more; false if there was none since the last call.
-    bool followXruns();
+    /// Sends recent note-offs again if there was an xrun since the last call; false if not.
+    bool processXruns();
 
-    /// Joins the inputs that are not heard at "Orvane In" already.
-    void joinInputs();
+    /// Connects the inputs whose device is not connected to "Orvane In".
+    void connectInputs();
 
     void enableInput(std::size_t index, bool enabled);
     void enableOutput(std::size_t index, bool enabled);
 
-    /// Throws std::runtime_error with the reason if that is refused.
+    /// Connects two ports by name. Throws std::runtime_error with the reason if that fails.
     void connect(const std::string& from, const std::string& to);
 
-    /// Whether a wire stood at that port of ours, by its name with a colon before it, when it was last looked at.
-    bool isWired(const std::string& own) const { return wiring.isWired(own); }
+    /// A port of our client, by its name with a colon before it, had a connection at the last update, or has a lost
+    /// one.
+    bool isConnected(const std::string& own) const { return connections.hasAny(own); }
 
 private:
-    enum class Newcomers { atOnce, whenSettled };
+    enum class NewDevices { atOnce, delayed };
 
-    bool follow(Newcomers newcomersPlay);
-    std::vector<MidiDevice> settled(std::vector<MidiDevice> found);
+    bool updateDevices(NewDevices newDevices);
+    std::vector<MidiDevice> withoutNew(std::vector<MidiDevice> found);
     void addInput(std::size_t index);
     void removeInput(std::size_t index);
     void addOutput(std::size_t index);
@@ -67,33 +68,34 @@ private:
     void openInput(std::size_t index);
     void openOutput(std::size_t index);
     void openNewOutputs();
-    bool isSynthesizerThere() const { return periods.synthesizer.load() != nullptr; }
+    bool isSynthesizerThere() const { return callbacks.synthesizer.load() != nullptr; }
 
-    void followNewListeners();
-    void followWires(bool becauseOfPorts);
-    void noteCutInput(const Wire& wire, bool becauseOfPorts);
-    OutputPort* findOutput(const Wire& wire) const;
-    void tellLoop(const Wire& wire);
-    bool isWiredByHand(const InputPort& port) const;
-    Wire wireOf(const InputPort& port, jack_port_t* own) const;
-    Wire wireOf(const OutputPort& port, jack_port_t* own) const;
-    int join(const Port& port, const Wire& wire);
+    void updateNewReceivers();
+    void updateConnections(bool portsChanged);
+    void processDisconnection(const JackConnection& connection, bool portsChanged);
+    OutputPort* findOutput(const JackConnection& connection) const;
+    void reportLoop(const JackConnection& connection);
+    bool isConnectedToFreeInput(const InputPort& port) const;
+    JackConnection connectionOf(const InputPort& port, jack_port_t* own) const;
+    JackConnection connectionOf(const OutputPort& port, jack_port_t* own) const;
+    int connectToDevice(const Port& port, const JackConnection& connection);
     jack_port_t* registerMidi(const Port& port, const char* prefix, JackPortFlags direction);
     void unregister(std::atomic<jack_port_t*>& own);
 
     using Time = std::chrono::steady_clock::time_point;
 
     Ports& ports;
-    JackPeriods& periods;
+    JackCallbacks& callbacks;
     std::vector<std::string>& news;
-    std::set<std::size_t>& cutInputs;
+    std::set<std::size_t>& disconnectedInputs;
     jack_client_t* client = nullptr;  // null while there is no server
 
-    JackWiring wiring;
+    JackConnections connections;
     std::uint64_t xrunsSeen = 0;
-    std::optional<Time> listensFrom;        // whoever was wired to an output just now
-    std::map<std::string, Time> newcomers;  // addresses that were not there before, and since when they are
+    std::optional<Time> receiversReadyAt;    // a receiver that was connected since the last cycle is ready then
+    std::map<std::string, Time> newDevices;  // when each new address was first found
     std::vector<std::pair<std::size_t, jack_port_t*>> newOutputs;
-    std::array<std::optional<Time>, Ports::MOST> joinFrom;  // inputs to be joined then, unless they are wired by hand
+    std::array<std::optional<Time>, Ports::MOST>
+        connectAt;  // when to connect each input, unless its device is connected to "Orvane In"
 };
 }  // namespace Host

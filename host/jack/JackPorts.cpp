@@ -13,7 +13,7 @@ jack_nframes_t frameOf(std::uint32_t stamp, std::uint32_t start, jack_nframes_t 
     const auto frame = static_cast<std::int32_t>(stamp - start);
     return frame < 0 ? earliest : std::clamp(static_cast<jack_nframes_t>(frame), earliest, latest);
 }
-bool receive(InputPort& input, jack_port_t* own, jack_nframes_t frames, const JackClockEar& ear)
+bool receive(InputPort& input, jack_port_t* own, jack_nframes_t frames, const JackClockSink& clock)
 {
     if (!input.open.load(std::memory_order_relaxed)) return false;
     void* buffer = jack_port_get_buffer(own, frames);
@@ -22,7 +22,7 @@ bool receive(InputPort& input, jack_port_t* own, jack_nframes_t frames, const Ja
     jack_midi_event_t event;
     for (std::uint32_t index = 0; jack_midi_event_get(&event, buffer, index) == 0; ++index) {
         const auto message = readShortMessage({event.buffer, event.size});
-        if (message) ear.hear(*message, event.time);
+        if (message) clock.receive(*message, event.time);
         if (!message || staysInHost(*message)) continue;
         arrived = input.take(*message, event.time, milliseconds) || arrived;
     }

@@ -9,30 +9,31 @@
 
 namespace Host
 {
-/// The built-in synthesizer as two audio ports of our client. It outlives a client and keeps what it was told.
+/// The built-in synthesizer as two audio ports of our client. It outlives the client and keeps its programs and
+/// controllers.
 class JackSynthesizer
 {
 public:
-    /// Throws std::runtime_error with one line for the user if it cannot sound.
+    /// Throws std::runtime_error with one line for the user if there is no sound font or it cannot be loaded.
     JackSynthesizer(double sampleRate, OutputPort& output);
 
     static constexpr const char* LEFT = "Synthesizer Left";
     static constexpr const char* RIGHT = "Synthesizer Right";
 
-    /// Registers the two ports in a graph. Throws as above. Before the client is activated.
+    /// Registers the two ports. Throws std::runtime_error if the server refuses. Before the client is activated.
     void enter(jack_client_t* client);
 
-    /// Joins the two to the sound card's; false if there is none. After the client was activated.
+    /// Connects the two ports to the sound card's. False if there is none. After the client was activated.
     bool connectToSoundCard(jack_client_t* client) const;
 
-    /// Whether either is joined to anything.
+    /// Either port has a connection.
     bool isConnected() const;
 
     /// Renders the period, each message at its frame. Process callback.
     void render(std::uint32_t start, jack_nframes_t frames);
 
-    /// From the next period on. Process callback, or before the client is activated. A rate that it cannot have
-    /// leaves it as it is, out of tune.
+    /// The sample rate from the next period on. A rate outside 8000 to 96000 is ignored, and the synthesizer is out of
+    /// tune. Process callback, or before the client is activated.
     void setRate(double sampleRate) { synthesizer.setRate(sampleRate); }
 
 private:

@@ -11,20 +11,20 @@ using namespace std::chrono_literals;
 namespace
 {
 constexpr std::size_t SYNTHESIZER = 0;
-constexpr int TRIES_TO_BE_HEARD = 5;  // where each meets an xrun
-constexpr auto UNTIL_ALL_IS_READ = 200ms;
+constexpr int MOST_XRUNS_AT_END = 5;
+constexpr auto UNTIL_READER_STOPPED = 200ms;
 }  // namespace
 
 JackSystem::JackSystem(JackClient openClient, std::string wantedName, Ports& allPorts, Event& wakeEvent)
     : clientName(std::move(wantedName)),
       ports(allPorts),
       reader(allPorts),
-      periods(allPorts, reader, wakeEvent),
-      devices(allPorts, periods, news, cutInputs)
+      callbacks(allPorts, reader, wakeEvent),
+      devices(allPorts, callbacks, news, disconnectedInputs)
 {
     makeSynthesizer(jack_get_sample_rate(openClient.get()));
-    if (!enter(std::move(openClient)))
-        news.push_back("The JACK server refuses to run the client.");
+    if (!enterGraph(std::move(openClient)))
+        news.push_back("The JACK server does not run the client.");
     else if (isSynthesizerThere() && !synthesizer->connectToSoundCard(client.get()))
         news.push_back("The JACK graph has no sound output; connect the synthesizer's ports by hand.");
 }
@@ -43,48 +43,48 @@ std::string JackSystem::status() const
 {
     if (!client) return "no JACK server";
     return "JACK " + std::to_string(jack_get_sample_rate(client.get())) + " Hz, " +
-           std::to_string(jack_get_buffer_size(client.get())) + " frames, " + std::to_string(periods.getXruns()) +
+           std::to_string(jack_get_buffer_size(client.get())) + " frames, " + std::to_string(callbacks.getXruns()) +
            " xruns";
 }
 
 RealTimeAnswer JackSystem::clockPriority() const
 {
     if (!client) return MidiSystem::clockPriority();
-    return periods.getPriority() > 0 ? RealTimeAnswer::granted : RealTimeAnswer::refused;
+    return callbacks.getPriority() > 0 ? RealTimeAnswer::granted : RealTimeAnswer::refused;
 }
 
 void JackSystem::startClock(Clock& songClock)
 {
     if (!client || hasDied()) {
         songClock.startOnThread();
-        periods.clock.store(&songClock);
+        callbacks.clock.store(&songClock);
         return;
     }
     songClock.startInGraph(jack_get_sample_rate(client.get()));
-    periods.clock.store(&songClock);
+    callbacks.clock.store(&songClock);
     if (hasDied()) songClock.graphDied();
 }
 
 bool JackSystem::followTransport()
 {
-    periods.followsTransport.store(true);
+    callbacks.followsTransport.store(true);
     return true;
 }
 
 void JackSystem::listen(Listener listener)
 {
     reader.start(std::move(listener));
-    periods.listens.store(true);
-    if (client && !hasDied()) devices.joinInputs();
+    callbacks.receives.store(true);
+    if (client && !hasDied()) devices.connectInputs();
 }
 
 void JackSystem::stopListening()
 {
-    periods.listens.store(false);
+    callbacks.receives.store(false);
     reader.stop();
 }
 
-// --- the server comes and goes
+// --- the server
 
 void JackSystem::makeSynthesizer(double sampleRate)
 {
@@ -98,20 +98,20 @@ void JackSystem::makeSynthesizer(double sampleRate)
     }
 }
 
-bool JackSystem::enter(JackClient newClient)
+bool JackSystem::enterGraph(JackClient newClient)
 {
-    periods.died.store(false);
+    callbacks.died.store(false);
     client = std::move(newClient);
-    periods.serve(client.get());
+    callbacks.registerAt(client.get());
     enterSynthesizer();
-    // Now and then the server of a busy machine takes a client in and never wakes it: the next one may do better.
-    if (jack_activate(client.get()) != 0 || !periods.waitFor(1)) {
-        periods.died.store(true);
+    // The server of a busy machine sometimes accepts a client and never runs it: the next attempt may succeed.
+    if (jack_activate(client.get()) != 0 || !callbacks.waitFor(1)) {
+        callbacks.died.store(true);
         leaveDeadGraph();
         return false;
     }
-    devices.enter(client.get());
-    noteClockPriority(periods.getPriority());
+    devices.enterGraph(client.get());
+    noteClockPriority(callbacks.getPriority());
     return true;
 }
 
@@ -121,36 +121,37 @@ void JackSystem::enterSynthesizer()
     try {
         synthesizer->setRate(jack_get_sample_rate(client.get()));
         synthesizer->enter(client.get());
-        periods.synthesizer.store(synthesizer.get());
+        callbacks.synthesizer.store(synthesizer.get());
     } catch (const std::runtime_error& reason) {
         news.push_back("The built-in synthesizer is silent: " + std::string(reason.what()) + ".");
     }
 }
 
-/// JACK's library ends its thread wherever that is. If that still reads what a dying server told and holds a lock of
-/// the library, nobody enters a graph any more.
+/// JACK's library cancels its thread when a client is closed. If that thread is still processing the server's last
+/// messages and holds a lock of the library, no client of this process can be opened any more.
 void JackSystem::closeDeadClient()
 {
-    std::this_thread::sleep_for(UNTIL_ALL_IS_READ);
+    std::this_thread::sleep_for(UNTIL_READER_STOPPED);
     client.reset();
 }
 
 void JackSystem::leaveDeadGraph()
 {
     devices.close();
-    closeDeadClient();  // and with it the process callback
-    periods.synthesizer.store(nullptr);
-    devices.lose();
+    closeDeadClient();  // ends the process callback
+    callbacks.synthesizer.store(nullptr);
+    devices.leaveGraph();
 }
 
 bool JackSystem::enterNewGraph()
 {
     auto newClient = openJackClient(clientName);
-    const bool sounded = devices.isWired(std::string(":") + JackSynthesizer::LEFT);
-    if (!newClient || !enter(std::move(newClient))) return false;
-    if (sounded && isSynthesizerThere() && !synthesizer->isConnected()) synthesizer->connectToSoundCard(client.get());
-    if (Clock* songClock = periods.clock.load()) {
-        songClock->returnToGraph(periods.getRate());
+    const bool wasConnected = devices.isConnected(std::string(":") + JackSynthesizer::LEFT);
+    if (!newClient || !enterGraph(std::move(newClient))) return false;
+    if (wasConnected && isSynthesizerThere() && !synthesizer->isConnected())
+        synthesizer->connectToSoundCard(client.get());
+    if (Clock* songClock = callbacks.clock.load()) {
+        songClock->returnToGraph(callbacks.getRate());
         if (hasDied()) songClock->graphDied();
     }
     news.push_back("The JACK server is back: " + description() + ".");
@@ -163,7 +164,7 @@ bool JackSystem::refresh()
     if (hasDied()) {
         leaveDeadGraph();
         news.push_back(
-            "The JACK server is gone: no MIDI and no sound until there is one again. The engine goes on by its own "
+            "The JACK server is gone: no MIDI and no sound until there is one again. The engine continues with its own "
             "clock.");
         return true;
     }
@@ -184,19 +185,20 @@ void JackSystem::close()
 {
     stopListening();
     for (const auto& port : ports.outputs()) {
-        port->listenerIsBack();
-        port->listenerListens();
+        port->receiverConnected();
+        port->receiverReady();
         port->close();
     }
     if (!client) return;
-    // Asked to close by a server that stands still we would wait for ever.
-    devices.followXruns();
-    bool goesOn = periods.waitUntilSilent(0, ports.outputs().size()) && periods.waitFor(JackPeriods::TO_BE_HEARD);
-    for (int tries = 0; tries < TRIES_TO_BE_HEARD && goesOn && devices.followXruns(); ++tries)
-        goesOn = periods.waitFor(JackPeriods::TO_BE_HEARD);
+    // Closing the client of a server that hangs would never return.
+    devices.processXruns();
+    bool serverRuns =
+        callbacks.waitUntilClosed(0, ports.outputs().size()) && callbacks.waitFor(JackCallbacks::UNTIL_READ);
+    for (int xruns = 0; xruns < MOST_XRUNS_AT_END && serverRuns && devices.processXruns(); ++xruns)
+        serverRuns = callbacks.waitFor(JackCallbacks::UNTIL_READ);
     if (hasDied())
         closeDeadClient();
-    else if (goesOn)
+    else if (serverRuns)
         client.reset();
     else
         static_cast<void>(client.release());

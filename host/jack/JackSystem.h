@@ -12,15 +12,15 @@
 
 namespace Host
 {
-/// The host in a JACK graph, PipeWire's included: one client with two MIDI ports to patch freely ("Orvane In", "Orvane
-/// Out"), one more for each MIDI port of others as long as that is there, and the built-in synthesizer's two audio
-/// ports. The process callback is the clock. A device that is wired to "Orvane In" is not heard a second time at the
-/// port of its own. A server that dies takes the client along; when there is one again, a new client enters it, with
-/// the wires that stood.
+/// The host in a JACK graph, PipeWire's included: one client with two free MIDI ports that the user connects ("Orvane
+/// In", "Orvane Out"), one more for each MIDI port of other clients while that is registered, and the built-in
+/// synthesizer's two audio ports. The process callback drives the clock. A device that is connected to "Orvane In" is
+/// not received a second time at the port of its own. If the server dies, a new client enters the next server and
+/// restores the connections.
 class JackSystem final : public MidiSystem
 {
 public:
-    /// Enters the ports, activates the client and joins the ports to those they stand for.
+    /// Adds the ports, activates the client and connects the ports to their devices.
     JackSystem(JackClient openClient, std::string wantedName, Ports& allPorts, Event& wakeEvent);
     ~JackSystem() override;
 
@@ -41,20 +41,20 @@ public:
 
 private:
     void makeSynthesizer(double sampleRate);
-    bool enter(JackClient newClient);
+    bool enterGraph(JackClient newClient);
     void enterSynthesizer();
-    bool isSynthesizerThere() const { return periods.synthesizer.load() != nullptr; }
+    bool isSynthesizerThere() const { return callbacks.synthesizer.load() != nullptr; }
     void closeDeadClient();
     void leaveDeadGraph();
     bool enterNewGraph();
-    bool hasDied() const { return periods.died.load(); }
+    bool hasDied() const { return callbacks.died.load(); }
 
     const std::string clientName;
     Ports& ports;
     InputReader reader;
-    std::unique_ptr<JackSynthesizer> synthesizer;  // null if it cannot sound
-    JackPeriods periods;
+    std::unique_ptr<JackSynthesizer> synthesizer;  // null if it could not be made
+    JackCallbacks callbacks;
     JackDevices devices;
-    JackClient client;  // null while there is no server; closed before anything above goes
+    JackClient client;  // null while there is no server; destroyed before the members above
 };
 }  // namespace Host

@@ -6,7 +6,7 @@
 
 namespace Host
 {
-/// How the graph's transport stands at the first frame of this period. It has a tempo if a timebase master gives bars
-/// and beats; a beat of the master is a quarter note. Process callback.
+/// The state of the graph's transport at the first frame of this period. It has a tempo if there is a timebase master;
+/// a beat of the master counts as a quarter note. Process callback.
 Transport findTransport(jack_client_t* client);
 }  // namespace Host

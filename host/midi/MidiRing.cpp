@@ -6,37 +6,37 @@ void MidiRing::push(const ShortMessage& message, std::uint32_t stamp)
 {
     const std::uint32_t next = written.load(std::memory_order_relaxed);
     const std::uint32_t waiting = next - taken.load(std::memory_order_acquire);
-    // As long as ends of notes are owed nothing may pass them by.
-    const bool owing = overflowed.load(std::memory_order_relaxed);
-    if (!owing && waiting < (message.endsNote() ? ROOM : ROOM_FOR_ALL)) {
+    // No message may overtake a note-off that found the ring full.
+    const bool keepsNoteOffs = overflowed.load(std::memory_order_relaxed);
+    if (!keepsNoteOffs && waiting < (message.endsNote() ? ROOM : ROOM_FOR_ALL)) {
         (*ring)[next % ROOM] = {message, stamp};
         written.store(next + 1, std::memory_order_release);
     } else if (message.endsNote()) {
-        owedStamp.store(stamp, std::memory_order_relaxed);
-        rememberEnd(message);
+        overflowStamp.store(stamp, std::memory_order_relaxed);
+        keepNoteOff(message);
     } else {
         losses.fetch_add(1, std::memory_order_relaxed);
     }
 }
 
-void MidiRing::rememberEnd(const ShortMessage& message)
+void MidiRing::keepNoteOff(const ShortMessage& message)
 {
     const std::size_t index = noteIndex(message);
-    lostEnds[index / BITS].fetch_or(std::uint64_t{1} << index % BITS, std::memory_order_release);
+    overflowedNoteOffs[index / BITS].fetch_or(std::uint64_t{1} << index % BITS, std::memory_order_release);
     overflowed.store(true, std::memory_order_release);
 }
 
-void MidiRing::collectOwed()
+void MidiRing::collectOverflow()
 {
-    if (owed.any() || !overflowed.load(std::memory_order_relaxed)) return;
-    // Lowered before the notes are read: one that is added meanwhile raises it again.
+    if (overflow.any() || !overflowed.load(std::memory_order_relaxed)) return;
+    // Cleared before the notes are read: a note that is added meanwhile sets it again.
     overflowed.exchange(false, std::memory_order_acq_rel);
-    for (std::size_t word = 0; word < lostEnds.size(); ++word) {
-        const std::uint64_t bits = lostEnds[word].exchange(0, std::memory_order_acq_rel);
+    for (std::size_t word = 0; word < overflowedNoteOffs.size(); ++word) {
+        const std::uint64_t bits = overflowedNoteOffs[word].exchange(0, std::memory_order_acq_rel);
         for (std::size_t bit = 0; bit < BITS; ++bit)
-            if ((bits >> bit & 1) != 0) owed.set(word * BITS + bit);
+            if ((bits >> bit & 1) != 0) overflow.set(word * BITS + bit);
     }
-    // Whatever was written before a note was remembered comes before its end.
-    owedAt = written.load(std::memory_order_acquire);
+    // Every message written before a note-off was kept is taken before that note-off.
+    overflowAt = written.load(std::memory_order_acquire);
 }
 }  // namespace Host

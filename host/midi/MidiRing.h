@@ -10,16 +10,17 @@
 
 namespace Host
 {
-/// A message and when it is due, in the frames of the audio clock (wraps round); what has no such clock ignores it.
+/// A message and its time in frames of the audio clock, which wraps round. Ports without an audio clock ignore the
+/// time.
 struct StampedMessage {
     ShortMessage message;
     std::uint32_t stamp = 0;
 };
 
-/// MIDI on its way from one thread to one other, in order. `push` waits for nothing, allocates nothing and makes no
-/// system call. A full ring loses messages and counts them, but never the end of a note: the last half of the room is
-/// kept for note offs, and those that find not even that are remembered by note and given last. So a note may be cut
-/// short under an overload that lasts, but none is left sounding.
+/// A queue of MIDI messages from one thread to one other, in order, without a lock. `push` never waits, allocates or
+/// makes a system call. A full ring drops messages and counts them, but never a note-off: the last half of the ring is
+/// reserved for note-offs, and a note-off that finds the ring full is kept by note number and taken after all messages
+/// that were pushed before it. So a long overload may cut a note short but leaves none sounding.
 class MidiRing
 {
 public:
@@ -31,62 +32,62 @@ public:
     /// The producer's thread.
     void push(const ShortMessage& message, std::uint32_t stamp);
 
-    /// Gives what waits to `take(const StampedMessage&)` until that returns false, which leaves the message at the
-    /// front. True if nothing waits any more. The consumer's thread.
+    /// Passes the messages to `take(const StampedMessage&)` until that returns false, which leaves the message at the
+    /// front. True if the ring is empty then. The consumer's thread.
     template <class Take>
     bool drain(Take&& take)
     {
-        collectOwed();
+        collectOverflow();
         const std::uint32_t end = written.load(std::memory_order_acquire);
         std::uint32_t next = taken.load(std::memory_order_relaxed);
         for (;;) {
-            if (next == owedAt && !giveOwed(take)) return false;
+            if (next == overflowAt && !takeOverflow(take)) return false;
             if (next == end) return true;
             if (!take((*ring)[next % ROOM])) return false;
             taken.store(++next, std::memory_order_release);
         }
     }
 
-    /// More than a quarter of the room is taken. The producer's thread.
+    /// More than a quarter of the ring is filled. The producer's thread.
     bool isCrowded() const
     {
         return written.load(std::memory_order_relaxed) - taken.load(std::memory_order_acquire) > ROOM / 4;
     }
 
-    /// Messages lost so far. Any thread.
+    /// How many messages were dropped so far. Any thread.
     std::uint64_t lossCount() const { return losses.load(std::memory_order_relaxed); }
 
 private:
     static constexpr std::size_t BITS = 64;
 
-    void rememberEnd(const ShortMessage& message);
-    void collectOwed();
+    void keepNoteOff(const ShortMessage& message);
+    void collectOverflow();
 
     template <class Take>
-    bool giveOwed(Take& take)
+    bool takeOverflow(Take& take)
     {
-        for (std::size_t index = 0; owed.any() && index < owed.size(); ++index) {
-            if (!owed[index]) continue;
-            if (!take(StampedMessage{noteOff(index), owedStamp.load(std::memory_order_relaxed)})) return false;
-            owed.reset(index);
+        for (std::size_t index = 0; overflow.any() && index < overflow.size(); ++index) {
+            if (!overflow[index]) continue;
+            if (!take(StampedMessage{noteOff(index), overflowStamp.load(std::memory_order_relaxed)})) return false;
+            overflow.reset(index);
         }
         return true;
     }
 
     std::unique_ptr<std::array<StampedMessage, ROOM>> ring;
 
-    // The producer writes
+    // Written by the producer
     alignas(64) std::atomic<std::uint32_t> written{0};
     std::atomic<std::uint64_t> losses{0};
-    std::atomic<std::uint32_t> owedStamp{0};
+    std::atomic<std::uint32_t> overflowStamp{0};
 
-    // Both: note offs that found no room
+    // Written by both: note-offs that found the ring full
     alignas(64) std::atomic<bool> overflowed{false};
-    std::array<std::atomic<std::uint64_t>, CHANNELS * NOTES / BITS> lostEnds{};
+    std::array<std::atomic<std::uint64_t>, CHANNELS * NOTES / BITS> overflowedNoteOffs{};
 
-    // The consumer's
+    // Used by the consumer alone
     alignas(64) std::atomic<std::uint32_t> taken{0};
-    NoteSet owed;  // to be given once the messages before `owedAt` have been
-    std::uint32_t owedAt = 0;
+    NoteSet overflow;  // note-offs to take after the messages before `overflowAt`
+    std::uint32_t overflowAt = 0;
 };
 }  // namespace Host

@@ -1,5 +1,7 @@
 #include "host/midi/PendingNoteOffs.h"
 
+#include <utility>
+
 namespace Host
 {
 namespace
@@ -18,29 +20,29 @@ ShortMessage noteOff(std::size_t index)
         3};
 }
 
-ShortMessage NoteLedger::pedalUp(std::size_t index)
+ShortMessage PendingNoteOffs::pedalUp(std::size_t index)
 {
     return {{static_cast<std::uint8_t>(0xB0 | index % CHANNELS), index < CHANNELS ? SUSTAIN : SOSTENUTO, 0}, 3};
 }
 
-void NoteLedger::setSounding(std::size_t index, bool sounds)
+void PendingNoteOffs::setSounding(std::size_t index, bool sounds)
 {
-    if (sounding[index] != sounds) soundingCount += sounds ? 1 : -1;
-    sounding[index] = sounds;
+    if (sounding.notes[index] != sounds) soundingCount += sounds ? 1 : -1;
+    sounding.notes[index] = sounds;
     if (sounds) return;
-    ended[current].notes.set(index);
-    mayDoubt = ended.size();
+    recentQuarters[current].notes.set(index);
+    filledQuarters = recentQuarters.size();
 }
 
-void NoteLedger::setPedal(std::size_t index, bool down)
+void PendingNoteOffs::setPedal(std::size_t index, bool down)
 {
-    pedals[index] = down;
+    sounding.pedals[index] = down;
     if (down) return;
-    ended[current].pedals.set(index);
-    mayDoubt = ended.size();
+    recentQuarters[current].pedals.set(index);
+    filledQuarters = recentQuarters.size();
 }
 
-void NoteLedger::enter(const ShortMessage& message)
+void PendingNoteOffs::record(const ShortMessage& message)
 {
     if (message.startsNote()) setSounding(noteIndex(message), true);
     if (message.endsNote()) setSounding(noteIndex(message), false);
@@ -50,46 +52,55 @@ void NoteLedger::enter(const ShortMessage& message)
     if (message.bytes[1] == SOSTENUTO) setPedal(CHANNELS + channel, message.bytes[2] >= PEDAL_DOWN);
 }
 
-void NoteLedger::beginDelivery(std::uint32_t milliseconds)
+void PendingNoteOffs::beginDelivery(std::uint32_t milliseconds)
 {
-    if (mayDoubt == 0 || milliseconds - currentSince < QUARTER_SECOND) return;
-    --mayDoubt;
+    if (filledQuarters == 0 || milliseconds - currentSince < QUARTER_SECOND) return;
+    --filledQuarters;
     currentSince = milliseconds;
-    current = (current + 1) % ended.size();
-    ended[current] = {};
+    current = (current + 1) % recentQuarters.size();
+    recentQuarters[current] = {};
 }
 
-NoteLedger::Sounds NoteLedger::inDoubt() const
+PendingNoteOffs::Notes PendingNoteOffs::recent() const
 {
-    Sounds doubts;
-    for (const Sounds& last : ended) {
-        doubts.notes |= last.notes;
-        doubts.pedals |= last.pedals;
-    }
-    return doubts;
+    Notes all;
+    for (const Notes& quarter : recentQuarters) add(all, quarter);
+    return all;
 }
 
-void NoteLedger::doubt()
+void PendingNoteOffs::queue(const Notes& ends)
 {
-    const Sounds doubts = inDoubt();
-    sounding |= doubts.notes;
-    pedals |= doubts.pedals;
-    soundingCount = static_cast<int>(sounding.count());
-    ended = {};
-    mayDoubt = 0;
+    add(queued, ends);
+    hasQueued = true;
 }
 
-void NoteLedger::noteMissed()
+void PendingNoteOffs::markUndelivered()
 {
-    const Sounds doubts = inDoubt();
-    missed.notes |= doubts.notes;
-    missed.pedals |= doubts.pedals;
+    add(undelivered, sounding);
+    add(undelivered, recent());
+    add(undelivered, sentOnce);
+    add(undelivered, queued);
 }
 
-void NoteLedger::owe()
+void PendingNoteOffs::queueUndelivered()
 {
-    const Sounds doubts = inDoubt();
-    owed.notes |= sounding | doubts.notes | paid.notes;
-    owed.pedals |= pedals | doubts.pedals | paid.pedals;
+    remove(undelivered, sounding);
+    add(sentOnce, undelivered);
+    queue(std::exchange(undelivered, {}));
+}
+
+void PendingNoteOffs::queueSentOnce() { queue(std::exchange(sentOnce, {})); }
+
+void PendingNoteOffs::queueRecent() { queue(recent()); }
+
+void PendingNoteOffs::markLinkBroken()
+{
+    markUndelivered();
+    add(sounding, recent());
+    add(sounding, std::exchange(queued, {}));
+    hasQueued = false;
+    soundingCount = static_cast<int>(sounding.notes.count());
+    recentQuarters = {};
+    filledQuarters = 0;
 }
 }  // namespace Host

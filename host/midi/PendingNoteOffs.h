@@ -13,104 +13,105 @@ inline constexpr int NOTES = 128;
 /// A set of notes, one per channel and note number.
 using NoteSet = std::bitset<CHANNELS * NOTES>;
 
+/// The index of a note message's note in a `NoteSet`.
 inline std::size_t noteIndex(const ShortMessage& message)
 {
     return static_cast<std::size_t>(message.channel() * NOTES + message.bytes[1]);
 }
 
-/// A note off for an index of a `NoteSet`, with the velocity that stands for none (64, MIDI 1.0 Detailed
-/// Specification, "Note-Off Velocity").
+/// The note-off for an index of a `NoteSet`, with the default release velocity (64, MIDI 1.0 Detailed Specification,
+/// "Note-Off Velocity").
 ShortMessage noteOff(std::size_t index);
 
-/// What sounds at the far end of a port: the notes whose last message was a note on, and the pedals that are down and
-/// would hold them. Whoever closes the port asks it to release them all. When the way there breaks, what was ended last
-/// may not have been heard, and is to be ended once more; if it is but one of several ways, once that one is there
-/// again. One thread, that which sends to the port.
-class NoteLedger
+/// Tracks the notes that sound at the receivers of an output, and the note-offs that some receiver may not have got.
+/// Pedals (sustain and sostenuto, controllers 64 and 66) are tracked in the same way as notes: a pedal that is up is
+/// the "note-off" of one that is down. It keeps five sets:
+///
+/// | set         | holds                                                    | filled by          | emptied by         |
+/// |-------------|----------------------------------------------------------|--------------------|--------------------|
+/// | sounding    | notes whose last message was a note-on                   | `record`           | `record`           |
+/// | recent      | note-offs sent in the last half second                   | `record`           | `beginDelivery`    |
+/// | undelivered | note-offs that a disconnected receiver misses            | `markUndelivered`  | `queueUndelivered` |
+/// | sentOnce    | note-offs sent once since that receiver was reconnected  | `queueUndelivered` | `queueSentOnce`    |
+/// | queued      | note-offs to send before anything else                   | `queue...`         | `resend`           |
+///
+/// A note that sounds again when it is queued or sent is left out, since its note-off will come by itself. All
+/// operations belong to the thread that sends to the port; they allocate nothing.
+class PendingNoteOffs
 {
 public:
-    /// Enters a message that was sent.
-    void enter(const ShortMessage& message);
+    /// A message was sent.
+    void record(const ShortMessage& message);
 
-    /// A delivery begins. What is ended stays in doubt for the next half second of deliveries, as somebody may notice
-    /// only then that the way is broken. `milliseconds` of any clock that wraps round.
+    /// A delivery begins; `milliseconds` is the time of a clock that may wrap round. A note-off counts as recent for
+    /// half a second of deliveries, because a broken connection is noticed late.
     void beginDelivery(std::uint32_t milliseconds);
 
-    /// The way to the far end is broken: what is in doubt sounds.
-    void doubt();
+    /// A receiver was disconnected: what sounds, and every note-off that it may have missed, is undelivered.
+    void markUndelivered();
 
-    /// One of the ways is broken: what sounds or is in doubt now is owed to it until `pay`, and again what was not yet
-    /// given twice.
-    void owe();
+    /// The receiver is connected again: what is undelivered is queued.
+    void queueUndelivered();
 
-    /// The way is there again: gives the ends of what is owed and does not sound now, as `release` does.
+    /// The receiver certainly processes messages now: what was queued when it was connected is queued a second time.
+    void queueSentOnce();
+
+    /// A receiver missed a period: the recent note-offs are queued.
+    void queueRecent();
+
+    /// The only link to the receivers is broken. As `markUndelivered`; the note-offs that may have been missed count as
+    /// notes that sound, so that `release` sends them.
+    void markLinkBroken();
+
+    /// Sends what is queued to `send(const ShortMessage&)`. False as soon as that refuses a message: the rest stays
+    /// queued.
     template <class Send>
-    bool pay(Send&& send)
+    bool resend(Send&& send)
     {
-        owed.notes &= ~sounding;
-        owed.pedals &= ~pedals;
-        paid.notes |= owed.notes;
-        paid.pedals |= owed.pedals;
-        return giveEnds(owed, send);
+        if (!hasQueued) return true;
+        remove(queued, sounding);
+        hasQueued = !sendAll(queued, send);
+        return !hasQueued;
     }
 
-    /// Gives once more what was paid, as it may have come too early.
-    template <class Send>
-    bool payAgain(Send&& send)
-    {
-        paid.notes &= ~sounding;
-        paid.pedals &= ~pedals;
-        return giveEnds(paid, send);
-    }
-
-    /// Somebody missed some of what was sent: what is in doubt is to be given once more by `repeat`.
-    void noteMissed();
-
-    /// Gives that, as `release` does.
-    template <class Send>
-    bool repeat(Send&& send)
-    {
-        missed.notes &= ~sounding;
-        missed.pedals &= ~pedals;
-        return giveEnds(missed, send);
-    }
-
-    /// Gives the note offs, then the pedals up, to `send(const ShortMessage&)`. False as soon as that refuses one: what
-    /// is left stays in the ledger for the next time.
+    /// Sends a note-off for each note that sounds, then a pedal up for each pedal that is down. False as `resend`.
     template <class Send>
     bool release(Send&& send)
     {
-        for (std::size_t index = 0; sounding.any() && index < sounding.size(); ++index)
-            if (sounding[index] && !give(noteOff(index), send)) return false;
-        for (std::size_t index = 0; pedals.any() && index < pedals.size(); ++index)
-            if (pedals[index] && !give(pedalUp(index), send)) return false;
-        return true;
+        Notes ends = sounding;
+        return sendAll(ends, [&](const ShortMessage& message) {
+            const bool sent = send(message);
+            if (sent) record(message);
+            return sent;
+        });
     }
 
-    /// Notes that sound.
+    /// How many notes sound.
     int soundingNotes() const { return soundingCount; }
 
-    bool isEmpty() const { return sounding.none() && pedals.none(); }
+    /// No note sounds and no pedal is down.
+    bool isSilent() const { return sounding.notes.none() && sounding.pedals.none(); }
 
 private:
-    template <class Send>
-    bool give(const ShortMessage& message, Send& send)
-    {
-        if (!send(message)) return false;
-        enter(message);
-        return true;
-    }
-
-    using PedalSet = std::bitset<2 * CHANNELS>;  // sustain, then sostenuto
-
-    struct Sounds {
+    struct Notes {
         NoteSet notes;
-        PedalSet pedals;
+        std::bitset<2 * CHANNELS> pedals;  // sustain, then sostenuto
     };
 
-    /// Takes away what was given.
+    static void add(Notes& to, const Notes& notes)
+    {
+        to.notes |= notes.notes;
+        to.pedals |= notes.pedals;
+    }
+    static void remove(Notes& from, const Notes& notes)
+    {
+        from.notes &= ~notes.notes;
+        from.pedals &= ~notes.pedals;
+    }
+
+    /// Removes from `ends` what was sent.
     template <class Send>
-    static bool giveEnds(Sounds& ends, Send& send)
+    static bool sendAll(Notes& ends, Send&& send)
     {
         for (std::size_t index = 0; ends.notes.any() && index < ends.notes.size(); ++index) {
             if (ends.notes[index] && !send(noteOff(index))) return false;
@@ -123,20 +124,22 @@ private:
         return true;
     }
 
-    Sounds inDoubt() const;
     static ShortMessage pedalUp(std::size_t index);
+    Notes recent() const;
+    void queue(const Notes& ends);
     void setSounding(std::size_t index, bool sounds);
     void setPedal(std::size_t index, bool down);
 
-    NoteSet sounding;
+    Notes sounding;
     int soundingCount = 0;
-    PedalSet pedals;
-    Sounds owed;
-    Sounds paid;
-    Sounds missed;
-    std::array<Sounds, 3> ended;     // each in a quarter of a second
-    std::size_t current = 0;         // of these
-    std::size_t mayDoubt = 0;        // so many of these may hold something
-    std::uint32_t currentSince = 0;  // milliseconds
+    Notes undelivered;
+    Notes sentOnce;
+    Notes queued;
+    bool hasQueued = false;
+
+    std::array<Notes, 3> recentQuarters;  // note-offs by the quarter of a second in which they were sent
+    std::size_t current = 0;              // index of the present quarter
+    std::size_t filledQuarters = 0;       // how many of them may hold something
+    std::uint32_t currentSince = 0;       // milliseconds
 };
 }  // namespace Host

@@ -13,7 +13,7 @@ namespace
 {
 bool isDataByte(std::uint8_t byte) { return byte < 0x80; }
 
-// The event model knows no time code quarter frame; a wire does.
+// The event model has no MIDI time code quarter frame.
 std::size_t dataBytes(std::uint8_t status)
 {
     if (status == StatusByte::TIME_CODE) return 1;
@@ -53,7 +53,7 @@ bool staysInHost(const ShortMessage& message)
     return message.bytes[0] == StatusByte::TICK || message.bytes[0] == StatusByte::ACTIVE_SENSING;
 }
 
-bool isOfClock(const ShortMessage& message)
+bool isClockMessage(const ShortMessage& message)
 {
     const std::uint8_t status = message.bytes[0];
     return status == StatusByte::TICK || status == StatusByte::SONG_POSITION ||

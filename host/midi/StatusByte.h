@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-/// Status bytes of system messages as they travel over a wire (MIDI 1.0 Detailed Specification, tables V to VII).
+/// Status bytes of system messages (MIDI 1.0 Detailed Specification, tables V to VII).
 namespace Host::StatusByte
 {
 constexpr std::uint8_t SYSTEM_EXCLUSIVE = 0xF0;

@@ -8,8 +8,9 @@ namespace Host
 {
 namespace
 {
-constexpr double DIFFERENT_TEMPO = 0.6;  // so that one between two whole ones does not flicker
-constexpr int HEARINGS = 12;             // until one that was told must have arrived
+constexpr double LEAST_CHANGE =
+    0.6;  // beats per minute; above 0.5, so that a tempo between two numbers does not flicker
+constexpr int TICKS_BETWEEN_REPORTS = 12;  // until then the program has the tempo that was reported last
 
 /// The port of that number, or null.
 template <class List>
@@ -20,34 +21,36 @@ auto* portAt(const List& ports, int index)
 }
 }  // namespace
 
-Player::Player(const Ports& allPorts, Event& wishes) : ports(allPorts), wish(wishes) {}
+Player::Player(const Ports& allPorts, Event& requestEvent) : ports(allPorts), requested(requestEvent) {}
 
 void Player::playMidi(const Backend::MidiEngine::OrvMidiMessage& event)
 {
     OutputPort* port = portAt(ports.outputs(), event.getOutput());
     if (port == nullptr) return;
     const auto message = toShortMessage(event);
-    if (!message || comesBack(event, *message)) return;
+    if (!message || isForwardedClock(event, *message)) return;
     port->play(*message, stamp);
     played = true;
 }
 
-/// The clock that leads is passed on to the clock that is sent; what the layers make of it there would be a second one.
-bool Player::comesBack(const Backend::MidiEngine::OrvMidiMessage& event, const ShortMessage& message) const
+/// The external clock is forwarded by `ClockSender`; the same messages through the layers would arrive there twice.
+bool Player::isForwardedClock(const Backend::MidiEngine::OrvMidiMessage& event, const ShortMessage& message) const
 {
     return event.getOutput() == clockOut && event.getInput() >= 0 && event.getInput() == getClockSource() &&
-           isOfClock(message);
+           isClockMessage(message);
 }
 
-void Player::hearTempo(double bpm)
+void Player::reportExternalTempo(double bpm)
 {
     const int program = getTempo();
-    if (++hearings < HEARINGS || (toldTempo == program && std::abs(bpm - program) < DIFFERENT_TEMPO)) return;
-    toldTempo = static_cast<int>(std::lround(bpm));
-    if (toldTempo == program) return;
-    hearings = 0;
-    heardTempo.store(toldTempo);
-    wish.set();
+    if (++ticksSinceReport < TICKS_BETWEEN_REPORTS ||
+        (reportedTempo == program && std::abs(bpm - program) < LEAST_CHANGE))
+        return;
+    reportedTempo = static_cast<int>(std::lround(bpm));
+    if (reportedTempo == program) return;
+    ticksSinceReport = 0;
+    externalTempo.store(reportedTempo);
+    requested.set();
 }
 
 void Player::enableMidiInput(int index, bool enabled)
@@ -55,18 +58,18 @@ void Player::enableMidiInput(int index, bool enabled)
     InputPort* port = portAt(ports.inputs(), index);
     if (port == nullptr) return;
     port->wanted.store(enabled);
-    wish.set();
+    requested.set();
 }
 
 void Player::enableMidiOutput(int index, bool enabled)
 {
     OutputPort* port = portAt(ports.outputs(), index);
     if (port != nullptr) port->wanted.store(enabled);
-    outputWish.store(true);
-    wish.set();
+    outputRequest.store(true);
+    requested.set();
 }
 
-void Player::takeClock()
+void Player::setClockThread()
 {
     const ThreadId self = currentThreadId();
     if (clockThread.load(std::memory_order_relaxed) != self) clockThread.store(self, std::memory_order_release);

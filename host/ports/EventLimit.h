@@ -9,34 +9,34 @@
 
 namespace Host
 {
-/// Keeps a flood, as an output makes it that is wired to an input, from drowning the engine: what goes beyond the rate
-/// does not pass and is counted. What ends something that passed always passes: the note off of a note, the release of
-/// a pedal. One thread at a time.
+/// Limits the rate of an input's messages, so that a feedback loop (an output connected to an input) cannot overload
+/// the engine. Messages above the rate are dropped and counted, except those that end something that passed before: the
+/// note-off of a note, a controller with value 0. One thread at a time.
 class EventLimit
 {
 public:
-    /// In the long run; eight times what a MIDI cable can carry.
+    /// Messages per second, averaged; eight times the capacity of a MIDI cable.
     static constexpr std::uint32_t PER_SECOND = 8000;
-    /// At once, after a pause.
+    /// Messages at once after a pause.
     static constexpr std::int32_t BURST = 2000;
 
-    /// `milliseconds` as of `monotonicMilliseconds`.
+    /// False if the message is to be dropped. `milliseconds` as of `monotonicMilliseconds`.
     bool passes(const ShortMessage& message, std::uint32_t milliseconds);
 
-    /// What did not pass so far. Any thread.
+    /// How many messages were dropped so far. Any thread.
     std::uint64_t limitedCount() const { return limited.load(std::memory_order_relaxed); }
 
 private:
-    bool isStruckAgain(const ShortMessage& message) const;
+    bool isRepeatedNoteOn(const ShortMessage& message) const;
     void refill(std::uint32_t milliseconds);
     bool ends(const ShortMessage& message) const;
-    void enter(const ShortMessage& message);
+    void record(const ShortMessage& message);
 
     std::uint32_t lastRefill = 0;
-    std::int32_t room = BURST;                              // for what passes
-    std::int32_t calm = BURST;                              // the same for all that arrives
-    std::array<std::uint16_t, CHANNELS * NOTES> strikes{};  // that passed and were not answered
-    std::bitset<CHANNELS * 128> controllers;                // that passed with a value above 0, and not with 0 since
+    std::int32_t tokens = BURST;                            // messages that may pass now
+    std::int32_t allTokens = BURST;                         // the same, reduced by dropped messages too
+    std::array<std::uint16_t, CHANNELS * NOTES> noteOns{};  // that passed, less the note-offs that passed
+    std::bitset<CHANNELS * 128> controllers;                // whose last value that passed was above 0
     std::atomic<std::uint64_t> limited{0};
 };
 }  // namespace Host

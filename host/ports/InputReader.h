@@ -9,9 +9,9 @@
 
 namespace Host
 {
-/// Takes what arrived at the inputs and hands it on, so that an audio callback only fills a ring: to post to the
-/// backend allocates, and an allocation may wait for any thread of the process. The detour is far shorter than an audio
-/// period, and an event is played in the next one either way.
+/// Takes the messages from the rings of the inputs and passes them to a listener on a thread of its own. The process
+/// callback only fills the rings: posting to the backend allocates, and an allocation may wait for any thread of the
+/// process. The delay is much shorter than an audio period.
 class InputReader
 {
 public:
@@ -26,7 +26,7 @@ public:
     /// The listener is not called once this has returned.
     void stop();
 
-    /// Something arrived. Any thread; does not wait.
+    /// A message was pushed into a ring. Any thread; never waits.
     void wake() { arrived.set(); }
 
 private:

@@ -11,39 +11,40 @@
 
 namespace Host
 {
-/// A device as a scan found it.
+/// A MIDI device as a scan found it.
 struct MidiDevice {
-    std::string address;  ///< tells it from every other; may change from one run to the next
-    std::string name;     ///< as its user knows it; twins share one
+    std::string address;  ///< unique among all devices; may change from one run to the next
+    std::string name;     ///< as the user knows it; two devices may share one
 
     bool operator==(const MidiDevice&) const = default;
 };
 
-/// What an input and an output have in common. Its index in its list is its number, and it never moves.
+/// What an input and an output have in common. The index of a port in its list is its number, which never changes.
 struct Port {
     explicit Port(std::string portName) : name(std::move(portName)) {}
 
     const std::string name;
 
-    // The control thread's (that of `LivePlay`)
-    MidiDevice device;          ///< that it stands for, or last stood for
-    bool found = true;          ///< the device is there
-    bool couldNotOpen = false;  ///< tried, and failed
-    bool enabled = true;        ///< the user's choice, carried out
+    // Used by the control thread alone (that of `LivePlay`)
+    MidiDevice device;          ///< the device of this port, or the last one it had
+    bool found = true;          ///< the device is present
+    bool couldNotOpen = false;  ///< opening the device failed
+    bool enabled = true;        ///< the user's choice as far as it has been executed
 
-    /// The user's choice, to be carried out. Any thread.
+    /// The user's choice, not yet executed. Any thread.
     std::atomic<bool> wanted{true};
 };
 
-/// A way in. Whoever hears the device pushes into `arrived`; one host thread takes from there and posts.
+/// An input. The thread that receives from the device pushes into `arrived`; one host thread takes the messages from
+/// there and posts them to the backend.
 struct InputPort : Port {
     using Port::Port;
 
-    /// What arrives is taken. The control thread writes.
+    /// Messages are accepted. Written by the control thread.
     std::atomic<bool> open{false};
 
-    /// Pushes a message unless there are too many. `stamp` and `milliseconds` as in `StampedMessage` and `EventLimit`.
-    /// The thread that hears the device.
+    /// Pushes a message unless the rate limit drops it. `stamp` and `milliseconds` as in `StampedMessage` and
+    /// `EventLimit`. True if it was pushed. The thread that receives from the device.
     bool take(const ShortMessage& message, std::uint32_t stamp, std::uint32_t milliseconds)
     {
         const bool passes = limit.passes(message, milliseconds);
@@ -55,109 +56,122 @@ struct InputPort : Port {
     MidiRing arrived;
 };
 
-/// A way out. The time slice plays into it; one other thread, or the same at another moment, delivers what waits to the
-/// device. Once closed it has sent a note off for every note that sounded there.
+/// An output. The time slices play into its ring; one other thread, or the same thread at another moment, delivers the
+/// ring to the device.
+///
+/// | state   | entered by                                | `play`        | `deliver` sends, in this order           |
+/// |---------|-------------------------------------------|---------------|------------------------------------------|
+/// | closed  | construction; the end of closing          | drops         | queued note-offs                         |
+/// | open    | `open`                                    | fills a ring  | queued note-offs, the ring               |
+/// | closing | `close`; `unplug` while notes may sound   | drops         | queued note-offs, the ring, a note-off   |
+/// |         |                                           |               | for each note that sounds, pedals up     |
+///
+/// Queued note-offs are those that a receiver may have missed (`PendingNoteOffs`). These calls queue them, in any
+/// state, for the next `deliver`; `unplug` discards calls that no `deliver` has processed yet:
+///
+/// | call                   | effect on note-offs                                                                  |
+/// |------------------------|--------------------------------------------------------------------------------------|
+/// | `receiverDisconnected` | notes that sound, and note-offs of the last half second, become undelivered          |
+/// | `receiverConnected`    | undelivered note-offs are sent, except for notes that sound                          |
+/// | `receiverReady`        | the same are sent a second time: the first may have come before the receiver was run |
+/// | `periodMissed`         | note-offs of the last half second are sent again                                     |
+/// | `unplug`               | as `receiverDisconnected`; and the notes count as sounding, so that closing ends them |
 class OutputPort : public Port
 {
 public:
     using Port::Port;
 
-    /// Waits for nothing, allocates nothing, makes no system call. `stamp` as in `StampedMessage`. Time slice.
+    /// Never waits, allocates or makes a system call. `stamp` as in `StampedMessage`. Time slice.
     void play(const ShortMessage& message, std::uint32_t stamp)
     {
-        if (isOpen.load(std::memory_order_relaxed)) waiting.push(message, stamp);
+        if (state.load(std::memory_order_relaxed) == State::open) waiting.push(message, stamp);
     }
 
-    /// The same for a tick of a clock, which is left out where notes may soon want its place. Time slice.
+    /// The same for a tick of a MIDI clock, which is dropped when the ring is more than a quarter full, to leave room
+    /// for notes. Time slice.
     void playTick(const ShortMessage& tick, std::uint32_t stamp)
     {
         if (!waiting.isCrowded()) play(tick, stamp);
     }
 
-    /// The control thread. `close` takes effect at the next `deliver`.
-    void open() { isOpen.store(true); }
-    void close() { isOpen.store(false); }
+    void open() { state.store(State::open); }               ///< Control thread.
+    void close() { replace(State::open, State::closing); }  ///< Takes effect at the next `deliver`. Control thread.
 
-    /// True from `close` until what had been played before was delivered and no note sounds. Any thread.
-    bool isClosing() const { return !isOpen.load() && !isSilent(); }
+    /// Closing is not complete: messages wait, or notes sound. Any thread.
+    bool isClosing() const { return state.load() == State::closing; }
 
-    /// Gives what waits to `send(const ShortMessage&, std::uint32_t stamp)`, which returns false if it can take no
-    /// more now. What a closed port sends of itself is stamped `now`. The delivering thread.
+    /// Passes the messages to send to `send(const ShortMessage&, std::uint32_t stamp)`, which returns false if it can
+    /// take no more now. Note-offs that the port sends by itself have the stamp `now`. The delivering thread.
     template <class Send>
     void deliver(std::uint32_t now, Send&& send)
     {
-        const bool keepsOpen = isOpen.load();
-        ledger.beginDelivery(monotonicMilliseconds());
+        const State before = state.load();
+        noteOffs.beginDelivery(monotonicMilliseconds());
+        processReceiverEvents();
         const auto sendNow = [&](const ShortMessage& message) { return send(message, now); };
-        if (!endAgain(sendNow)) return;
-        if (keepsOpen) silent.store(false, std::memory_order_relaxed);
-        if (isSilent()) {
-            waiting.drain([](const StampedMessage&) { return true; });
+        if (!noteOffs.resend(sendNow)) return;
+        if (before == State::closed) {
+            discardWaiting();
             return;
         }
-        const bool done = waiting.drain([&](const StampedMessage& next) {
+        const bool delivered = waiting.drain([&](const StampedMessage& next) {
             if (!send(next.message, next.stamp)) return false;
-            ledger.enter(next.message);
+            noteOffs.record(next.message);
             return true;
         });
-        const bool released = !keepsOpen && done && ledger.release(sendNow);
-        sounding.store(ledger.soundingNotes(), std::memory_order_relaxed);
-        if (released) silent.store(true, std::memory_order_release);
+        const bool released = before == State::closing && delivered && noteOffs.release(sendNow);
+        sounding.store(noteOffs.soundingNotes(), std::memory_order_relaxed);
+        if (released) replace(State::closing, State::closed);
     }
 
-    /// How many notes sound at the far end. Any thread.
+    /// How many notes sound at the receivers. Any thread.
     int soundingNotes() const { return sounding.load(std::memory_order_relaxed); }
 
-    /// The device is gone: drops what waits. What sounds at the far end, or may do so because the last that was sent
-    /// was not heard any more, is released when somebody delivers again. Closed, and nobody delivers meanwhile.
-    void lose()
+    /// The device is gone: discards the ring. Control thread, after `close`, while no thread delivers.
+    void unplug()
     {
-        waiting.drain([](const StampedMessage&) { return true; });
-        news.store(0);  // nobody listens any more
-        ledger.owe();
-        ledger.doubt();
-        sounding.store(ledger.soundingNotes(), std::memory_order_relaxed);
-        if (!ledger.isEmpty()) silent.store(false, std::memory_order_release);
+        discardWaiting();
+        receiverEvents.store(0);
+        noteOffs.markLinkBroken();
+        sounding.store(noteOffs.soundingNotes(), std::memory_order_relaxed);
+        state.store(noteOffs.isSilent() ? State::closed : State::closing);
     }
 
-    /// One of those who hear the port went, or is back and has not heard what ended meanwhile, so that it is ended
-    /// again; and once more when it certainly listens. Control thread.
-    void listenerWent() { news.fetch_or(WENT); }
-    void listenerIsBack() { news.fetch_or(IS_BACK); }
-    void listenerListens() { news.fetch_or(LISTENS); }
+    // One of the receivers of this port, see above. Control thread.
 
-    /// Somebody did not hear some of what was sent just now, so that what ended then is ended again. Control thread.
-    void listenerMissed() { news.fetch_or(MISSED); }
+    void receiverDisconnected() { receiverEvents.fetch_or(DISCONNECTED); }
+    void receiverConnected() { receiverEvents.fetch_or(CONNECTED); }
+    void receiverReady() { receiverEvents.fetch_or(READY); }
+    void periodMissed() { receiverEvents.fetch_or(MISSED); }
 
+    /// How many messages were dropped because the ring was full. Any thread.
     std::uint64_t lossCount() const { return waiting.lossCount(); }
 
 private:
-    // What there is to do about those who hear the port
-    enum News : unsigned { WENT = 1, IS_BACK = 2, LISTENS = 4, MISSED = 8, REPEATS = 16 };
+    enum class State { closed, open, closing };
+    enum ReceiverEvent : unsigned { DISCONNECTED = 1, CONNECTED = 2, READY = 4, MISSED = 8 };
 
-    /// False if not all could be given yet.
-    template <class Send>
-    bool endAgain(Send& send)
+    void processReceiverEvents()
     {
-        if (news.load(std::memory_order_relaxed) == 0) return true;
-        const unsigned told = news.exchange(0);
-        if ((told & WENT) != 0) ledger.owe();
-        if ((told & MISSED) != 0) ledger.noteMissed();
-        unsigned left = 0;
-        if ((told & IS_BACK) != 0 && !ledger.pay(send)) left |= IS_BACK;
-        if ((told & LISTENS) != 0 && !ledger.payAgain(send)) left |= LISTENS;
-        if ((told & (MISSED | REPEATS)) != 0 && !ledger.repeat(send)) left |= REPEATS;
-        if (left != 0) news.fetch_or(left);
-        return left == 0;
+        if (receiverEvents.load(std::memory_order_relaxed) == 0) return;
+        const unsigned events = receiverEvents.exchange(0);
+        if ((events & DISCONNECTED) != 0) noteOffs.markUndelivered();
+        if ((events & MISSED) != 0) noteOffs.queueRecent();
+        if ((events & CONNECTED) != 0) noteOffs.queueUndelivered();
+        if ((events & READY) != 0) noteOffs.queueSentOnce();
     }
 
-    bool isSilent() const { return silent.load(std::memory_order_acquire); }
+    void discardWaiting()
+    {
+        waiting.drain([](const StampedMessage&) { return true; });
+    }
+
+    void replace(State expected, State next) { state.compare_exchange_strong(expected, next); }
 
     MidiRing waiting;
-    NoteLedger ledger;
+    PendingNoteOffs noteOffs;
     std::atomic<int> sounding{0};
-    std::atomic<bool> isOpen{false};
-    std::atomic<bool> silent{true};
-    std::atomic<unsigned> news{0};
+    std::atomic<State> state{State::closed};
+    std::atomic<unsigned> receiverEvents{0};
 };
 }  // namespace Host

@@ -37,31 +37,31 @@ std::vector<std::string> namesOf(const PortTable<PortType>& ports)
     return names;
 }
 
-void enterAbsent(Port* port)
+void markAbsent(Port* port)
 {
     if (port != nullptr) port->found = false;
 }
 }  // namespace
 
-PortMemory::PortMemory(const std::string& folder, Tell tellUser) : tell(std::move(tellUser))
+PortMemory::PortMemory(const std::string& folder, Report reportLine) : report(std::move(reportLine))
 {
     inputs.path = Backend::OrvUtils::pathIn(folder, "Midi Inputs.txt");
     outputs.path = Backend::OrvUtils::pathIn(folder, "Midi Outputs.txt");
 }
 
-void PortMemory::recall(Ports& ports, std::string_view firstOutput)
+void PortMemory::restore(Ports& ports, std::string_view firstOutput)
 {
-    for (const std::string& name : read(inputs)) enterAbsent(ports.addInput(name));
+    for (const std::string& name : read(inputs)) markAbsent(ports.addInput(name));
     auto names = read(outputs);
     std::erase(names, firstOutput);
     names.insert(names.begin(), std::string(firstOutput));
-    for (const std::string& name : names) enterAbsent(ports.addOutput(name));
+    for (const std::string& name : names) markAbsent(ports.addOutput(name));
 }
 
-void PortMemory::keep(const Ports& ports)
+void PortMemory::save(const Ports& ports)
 {
-    if (ports.inputs().size() > inputs.known) write(inputs, namesOf(ports.inputs()));
-    if (ports.outputs().size() > outputs.known) write(outputs, namesOf(ports.outputs()));
+    if (ports.inputs().size() > inputs.stored) write(inputs, namesOf(ports.inputs()));
+    if (ports.outputs().size() > outputs.stored) write(outputs, namesOf(ports.outputs()));
 }
 
 std::vector<std::string> PortMemory::read(List& list) const
@@ -70,10 +70,10 @@ std::vector<std::string> PortMemory::read(List& list) const
     const auto error = WholeFile::read(pathOf(list.path), LARGEST_LIST, bytes);
     if (error && error != std::errc::no_such_file_or_directory && error != std::errc::not_a_directory) {
         list.usable = false;
-        tell(list.path + ": " + error.message() + "; the numbers of the ports may be others than before");
+        report(list.path + ": " + error.message() + "; ports may have other numbers than before");
     }
     auto names = splitNames({reinterpret_cast<const char*>(bytes.data()), bytes.size()});
-    list.known = names.size();
+    list.stored = names.size();
     return names;
 }
 
@@ -82,10 +82,10 @@ void PortMemory::write(List& list, const std::vector<std::string>& names) const
     if (!list.usable || list.path.empty()) return;
     std::string text;
     for (const std::string& name : names) text += name + "\n";
-    list.known = names.size();
+    list.stored = names.size();
     if (const auto error = WholeFile::replace(pathOf(list.path), text)) {
         list.usable = false;
-        tell(list.path + ": " + error.message() + "; the ports may get other numbers in the next run");
+        report(list.path + ": " + error.message() + "; ports may have other numbers in the next run");
     }
 }
 }  // namespace Host

@@ -10,34 +10,35 @@
 
 namespace Host
 {
-/// Keeps the numbers of the ports from one run to the next: their names, one a line in the order of their numbers, in
-/// "Midi Inputs.txt" and "Midi Outputs.txt" of a folder. The control thread.
+/// Stores the numbers of the ports from one run to the next: the names of the ports, one per line in the order of their
+/// numbers, in "Midi Inputs.txt" and "Midi Outputs.txt". Control thread.
 class PortMemory
 {
 public:
-    using Tell = std::function<void(const std::string& line)>;
+    using Report = std::function<void(const std::string& line)>;
 
-    /// `folder` may be missing as yet. `tell` gets a line for each file that cannot be used; such a file is left alone.
-    PortMemory(const std::string& folder, Tell tell);
+    /// `folder` need not exist yet. `report` gets a line for each file that cannot be read or written; such a file is
+    /// not changed.
+    PortMemory(const std::string& folder, Report report);
 
-    /// Enters the ports that were known, as not found, into lists that are empty. The first output is `firstOutput`,
-    /// whatever the file says. A line that is empty, not UTF-8 or there a second time counts for nothing.
-    void recall(Ports& ports, std::string_view firstOutput);
+    /// Adds the stored ports, as not found, to empty lists. The first output is `firstOutput`, whatever the file says.
+    /// Lines that are empty, not UTF-8 or duplicates are ignored.
+    void restore(Ports& ports, std::string_view firstOutput);
 
-    /// Writes the names down if there are more than the files have.
-    void keep(const Ports& ports);
+    /// Writes the names if there are more ports than names in the files.
+    void save(const Ports& ports);
 
 private:
     struct List {
         std::string path;
-        std::size_t known = 0;
+        std::size_t stored = 0;  // names in the file
         bool usable = true;
     };
 
     std::vector<std::string> read(List& list) const;
     void write(List& list, const std::vector<std::string>& names) const;
 
-    const Tell tell;
+    const Report report;
     List inputs;
     List outputs;
 };

@@ -7,8 +7,8 @@
 
 namespace Host
 {
-/// Ports by number. One thread adds to it while any thread reads, without a lock: whoever sees a port sees it whole. A
-/// port keeps its number and its place for as long as the table lives.
+/// Ports by number. One thread adds ports while any thread reads, without a lock. A port keeps its number and its
+/// address for the lifetime of the table.
 template <class PortType>
 class PortTable
 {
@@ -16,7 +16,7 @@ public:
     /// Port numbers are signed bytes.
     static constexpr std::size_t MOST = 127;
 
-    /// Takes the next number; null if there is none left. The thread that adds.
+    /// Gives the port the next number. Null if there are `MOST` ports already. The adding thread.
     PortType* add(std::unique_ptr<PortType> port)
     {
         const std::size_t number = size();

@@ -10,7 +10,7 @@ std::string twinName(const std::string& name, int twin) { return twin == 1 ? nam
 
 bool isControl(char byte) { return static_cast<unsigned char>(byte) < ' ' || byte == 0x7F; }
 
-/// A name that fits on a line.
+/// With a name that fits on one line.
 MidiDevice cleaned(MidiDevice device)
 {
     std::ranges::replace_if(device.name, isControl, ' ');
@@ -35,30 +35,30 @@ PortType* add(PortTable<PortType>& ports, const std::string& name, std::set<std:
     return port;
 }
 
-/// Finds ports for what a scan found.
+/// Assigns ports to the devices that a scan found.
 template <class PortType>
-class Settlement
+class Assignment
 {
 public:
-    Settlement(PortTable<PortType>& allPorts, const std::vector<MidiDevice>& found, std::set<std::string>& left)
+    Assignment(PortTable<PortType>& allPorts, const std::vector<MidiDevice>& found, std::set<std::string>& left)
         : ports(allPorts), leftOut(left)
     {
         for (const MidiDevice& device : found) devices.push_back(cleaned(device));
     }
 
-    void settle(const Ports::Settle& gone, const Ports::Settle& came)
+    void run(const Ports::PortChange& removed, const Ports::PortChange& added)
     {
         for (std::size_t index = 0; index < ports.size(); ++index)
             if (Port& port = *ports[index]; port.found && !isThere(port)) {
-                gone(index);
+                removed(index);
                 port.found = false;
             }
-        std::erase_if(devices, [&](const MidiDevice& device) { return isSettled(device); });
-        giveTo([](const Port& port, const MidiDevice& device) { return port.device == device; });
-        giveTo([](const Port& port, const MidiDevice& device) { return port.name == device.name; });
-        for (const MidiDevice& device : devices) give(twinFor(device.name), device);
+        std::erase_if(devices, [&](const MidiDevice& device) { return isAssigned(device); });
+        assignWhere([](const Port& port, const MidiDevice& device) { return port.device == device; });
+        assignWhere([](const Port& port, const MidiDevice& device) { return port.name == device.name; });
+        for (const MidiDevice& device : devices) assign(twinFor(device.name), device);
         for (std::size_t index = 0; index < ports.size(); ++index)
-            if (std::ranges::find(newlyFound, ports[index].get()) != newlyFound.end()) came(index);
+            if (std::ranges::find(newlyFound, ports[index].get()) != newlyFound.end()) added(index);
     }
 
 private:
@@ -67,19 +67,19 @@ private:
         return std::ranges::find(devices, port.device.address, &MidiDevice::address) != devices.end();
     }
 
-    bool isSettled(const MidiDevice& device) const
+    bool isAssigned(const MidiDevice& device) const
     {
         return std::ranges::any_of(
             ports, [&](const auto& port) { return port->found && port->device.address == device.address; });
     }
 
     template <class Fits>
-    void giveTo(Fits fits)
+    void assignWhere(Fits fits)
     {
         std::erase_if(devices, [&](const MidiDevice& device) {
             const auto port =
                 std::ranges::find_if(ports, [&](const auto& each) { return !each->found && fits(*each, device); });
-            if (port != ports.end()) give(port->get(), device);
+            if (port != ports.end()) assign(port->get(), device);
             return port != ports.end();
         });
     }
@@ -93,7 +93,7 @@ private:
         }
     }
 
-    void give(PortType* port, const MidiDevice& device)
+    void assign(PortType* port, const MidiDevice& device)
     {
         if (port == nullptr) return;
         port->device = device;
@@ -102,7 +102,7 @@ private:
     }
 
     PortTable<PortType>& ports;
-    std::vector<MidiDevice> devices;  // without a port as yet
+    std::vector<MidiDevice> devices;  // without a port so far
     std::set<std::string>& leftOut;
     std::vector<PortType*> newlyFound;
 };
@@ -127,14 +127,14 @@ InputPort* Ports::addInput(const std::string& name) { return add(inputPorts, nam
 
 OutputPort* Ports::addOutput(const std::string& name) { return add(outputPorts, name, leftOutNames); }
 
-void Ports::settleInputs(const std::vector<MidiDevice>& devices, const Settle& gone, const Settle& came)
+void Ports::assignInputs(const std::vector<MidiDevice>& devices, const PortChange& removed, const PortChange& added)
 {
-    Settlement(inputPorts, devices, leftOutNames).settle(gone, came);
+    Assignment(inputPorts, devices, leftOutNames).run(removed, added);
 }
 
-void Ports::settleOutputs(const std::vector<MidiDevice>& devices, const Settle& gone, const Settle& came)
+void Ports::assignOutputs(const std::vector<MidiDevice>& devices, const PortChange& removed, const PortChange& added)
 {
-    Settlement(outputPorts, devices, leftOutNames).settle(gone, came);
+    Assignment(outputPorts, devices, leftOutNames).run(removed, added);
 }
 
 Backend::MidiEngine::MidiInputPorts Ports::inputList() const

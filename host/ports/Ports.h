@@ -11,33 +11,33 @@
 
 namespace Host
 {
-/// All ports of the host by number. A port stays in its list when its device goes, so that its number stays; only the
-/// control thread adds ports and settles which device they stand for, while any thread reads the lists.
+/// All ports of the host by number. A port stays in its list when its device is unplugged, and so keeps its number. The
+/// control thread adds ports and assigns devices to them; any thread may read the lists.
 class Ports
 {
 public:
     static constexpr std::size_t MOST = PortTable<InputPort>::MOST;
 
-    /// Takes the next number. The name is numbered if it is taken ("Piano", "Piano 2"). Null, and the name kept as left
-    /// out, if there are `MOST` already.
+    /// Adds a port with the next number. If the name is in use, the port gets a numbered name ("Piano 2"). Null, with
+    /// the name counted in `leftOut`, if there are `MOST` ports already.
     InputPort* addInput(const std::string& name);
     OutputPort* addOutput(const std::string& name);
 
     const PortTable<InputPort>& inputs() const { return inputPorts; }
     const PortTable<OutputPort>& outputs() const { return outputPorts; }
 
-    /// Settles the port of each device that a scan found, for as long as the device is there: the port that it had
-    /// before in this run, else one without a device by exactly its name, else the first twin without one ("Piano 2"),
-    /// else a new one at the end. A port of which the device is gone is not found any more: `gone` is called for it
-    /// first, by its number. `came` is called for each that got a device.
-    using Settle = std::function<void(std::size_t index)>;
-    void settleInputs(const std::vector<MidiDevice>& devices, const Settle& gone, const Settle& came);
-    void settleOutputs(const std::vector<MidiDevice>& devices, const Settle& gone, const Settle& came);
+    /// Assigns a port to each device that a scan found, until the device is gone: the port that the device had earlier
+    /// in this run, else a free port with exactly its name, else the first free port with a numbered name ("Piano 2"),
+    /// else a new port. First, `removed` is called with the number of each port whose device is gone, which is not
+    /// found from then on; at the end, `added` is called for each port that got a device.
+    using PortChange = std::function<void(std::size_t index)>;
+    void assignInputs(const std::vector<MidiDevice>& devices, const PortChange& removed, const PortChange& added);
+    void assignOutputs(const std::vector<MidiDevice>& devices, const PortChange& removed, const PortChange& added);
 
-    /// How many names found no number.
+    /// How many devices have no port because there are `MOST` ports.
     std::size_t leftOut() const { return leftOutNames.size(); }
 
-    /// The lists as the backend wants them. The control thread.
+    /// The lists in the form of the backend. Control thread.
     Backend::MidiEngine::MidiInputPorts inputList() const;
     Backend::MidiEngine::MidiOutputPorts outputList() const;
 

@@ -53,7 +53,7 @@ LiveHost::LiveHost(const RunOptions& runOptions, ProcessSignals& endSignals, Eve
       report(std::move(reportLine)),
       memory(Backend::OrvUtils::getOrvAppDataDir(), report)
 {
-    memory.recall(ports, SYNTHESIZER_NAME);
+    memory.restore(ports, SYNTHESIZER_NAME);
     system = openMidiSystem(options.client, ports, event);
     for (const std::string& line : system->takeNews()) report(line);
 }
@@ -63,7 +63,7 @@ bool LiveHost::hasOutput() const { return system->name() != "none" || !ports.out
 void LiveHost::start()
 {
     const int defaultOutput = options.defaultOutput ? findOutput(ports.outputList(), *options.defaultOutput) : -1;
-    const ClockLinks clocks = findClocks();
+    const ClockPorts clocks = findClocks();
     reportUnusableClockPorts(clocks);
     if (options.transport) followTransport();
     connectPorts();  // first, so that the receiver of the clock gets its start
@@ -76,15 +76,15 @@ void LiveHost::start()
                   describePorts(ports.inputList(), ports.outputList());
 }
 
-ClockLinks LiveHost::findClocks() const
+ClockPorts LiveHost::findClocks() const
 {
-    ClockLinks links;
+    ClockPorts links;
     if (options.clockIn) links.in = findInput(ports.inputList(), *options.clockIn, "--clock-in");
     if (options.clockOut) links.out = findOutput(ports.outputList(), *options.clockOut, "--clock-out");
     return links;
 }
 
-void LiveHost::reportUnusableClockPorts(const ClockLinks& links) const
+void LiveHost::reportUnusableClockPorts(const ClockPorts& links) const
 {
     const auto check = [this](const Port& port, const char* option) {
         if (const std::string reason = whyUnusable(port); !reason.empty()) report(option + (": " + reason));

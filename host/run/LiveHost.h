@@ -55,8 +55,8 @@ public:
     void end();
 
 private:
-    ClockLinks findClocks() const;
-    void reportUnusableClockPorts(const ClockLinks& links) const;
+    ClockPorts findClocks() const;
+    void reportUnusableClockPorts(const ClockPorts& links) const;
     void followTransport();
     void setDefaultOutput(int output);
     void connectPorts();

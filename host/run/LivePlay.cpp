@@ -45,7 +45,7 @@ void waitUntil(Condition&& condition, std::chrono::milliseconds longest)
 }  // namespace
 
 LivePlay::LivePlay(MidiSystem& midiSystem, Ports& allPorts, PortMemory& portMemory, Event& requests, Report reportLine,
-                   const Setup& setup, const ClockLinks& links)
+                   const Setup& setup, const ClockPorts& links)
     : system(midiSystem),
       ports(allPorts),
       player(ports, requests),
@@ -62,7 +62,7 @@ LivePlay::LivePlay(MidiSystem& midiSystem, Ports& allPorts, PortMemory& portMemo
 
 LivePlay::~LivePlay() { end(); }
 
-void LivePlay::start(const Setup& setup, const ClockLinks& links)
+void LivePlay::start(const Setup& setup, const ClockPorts& links)
 {
     slices.measureInto(&load);
     installIfNeeded();
@@ -129,7 +129,7 @@ void LivePlay::serve()
 // The backend releases what an input holds when the input is not found.
 void LivePlay::releaseCutInputs()
 {
-    const auto cut = system.takeCutInputs();
+    const auto cut = system.takeDisconnectedInputs();
     if (cut.empty()) return;
     auto inputs = ports.inputList();
     for (const std::size_t index : cut) inputs[index].found = false;
@@ -224,7 +224,7 @@ void LivePlay::storeNewChoices()
         backend.postEnableMidiInput(static_cast<int>(inputChoices), ports.inputs()[inputChoices]->wanted.load());
     for (; outputChoices < ports.outputs().size(); ++outputChoices)
         backend.postEnableMidiOutput(static_cast<int>(outputChoices), ports.outputs()[outputChoices]->wanted.load());
-    memory.keep(ports);
+    memory.save(ports);
 }
 
 // The backend has changed the input already; it gets a new list only if the device could not be opened.
@@ -244,7 +244,7 @@ void LivePlay::serveInputs()
 
 void LivePlay::serveOutputs()
 {
-    if (!player.takeOutputWish()) return;
+    if (!player.takeOutputRequest()) return;
     for (std::size_t index = 0; index < ports.outputs().size(); ++index) {
         const OutputPort& port = *ports.outputs()[index];
         const bool wanted = port.wanted.load();
@@ -255,7 +255,7 @@ void LivePlay::serveOutputs()
 
 void LivePlay::serveTempo()
 {
-    if (const int bpm = player.takeHeardTempo(); bpm > 0)
+    if (const int bpm = player.takeExternalTempo(); bpm > 0)
         orv->getOrvMessageManager().postChangeTempo({false, bpm}, true);
 }
 

@@ -32,7 +32,7 @@ public:
     /// called on any thread. The files of `setup` can be loaded. New ports are added to `portMemory`. Throws
     /// std::bad_alloc.
     LivePlay(MidiSystem& midiSystem, Ports& allPorts, PortMemory& portMemory, Event& requests, Report reportLine,
-             const Setup& setup, const ClockLinks& links);
+             const Setup& setup, const ClockPorts& links);
 
     /// Calls `end` if that was not done.
     ~LivePlay();
@@ -71,7 +71,7 @@ public:
     void end();
 
 private:
-    void start(const Setup& setup, const ClockLinks& links);
+    void start(const Setup& setup, const ClockPorts& links);
     void applyStoredChoices();
     void storeNewChoices();
     void publishPorts();

@@ -17,9 +17,9 @@ namespace
 {
 constexpr int BEAT = ClockFollower::TICKS_PER_BEAT;
 
-/// The farthest that the tempo of the pulses is from `bpm` while `play` goes on.
+/// The largest difference of the pulses' tempo from `bpm` during `play`.
 template <class Play>
-double wander(ClockMaster& master, double bpm, Play&& play)
+double deviation(ClockMaster& master, double bpm, Play&& play)
 {
     double farthest = 0;
     master.afterPulse = [&] { farthest = std::max(farthest, std::abs(master.effectiveTempo - bpm)); };
@@ -28,7 +28,7 @@ double wander(ClockMaster& master, double bpm, Play&& play)
     return farthest;
 }
 
-/// Beats from a change to the last moment at which the heard tempo is farther than half a beat per minute away.
+/// Beats from a change of tempo until the follower's tempo stays within half a beat per minute.
 double beatsToSettle(ClockMaster& master, double bpm)
 {
     const double changed = master.now;
@@ -42,24 +42,24 @@ double beatsToSettle(ClockMaster& master, double bpm)
 }
 }  // namespace
 
-TEST(ClockFollower, HearsTheTempoOfAnEvenClock)
+TEST(ClockFollower, HasTheTempoOfAnEvenClock)
 {
     for (const double bpm : {20.0, 33.3, 60.0, 120.0, 133.7, 250.0}) {
         ClockMaster master;
         master.play(8 * BEAT, bpm);
         EXPECT_NEAR(master.follower.getTempo(), bpm, 1e-6);
-        EXPECT_LT(wander(master, bpm, [&] { master.play(8 * BEAT, bpm); }), 0.05) << bpm;
+        EXPECT_LT(deviation(master, bpm, [&] { master.play(8 * BEAT, bpm); }), 0.05) << bpm;
     }
 }
 
-TEST(ClockFollower, WandersLessThanHalfABeatPerMinuteUnderAMillisecondOfJitter)
+TEST(ClockFollower, DeviatesLessThanHalfABeatPerMinuteUnderAMillisecondOfJitter)
 {
     for (const double bpm : {20.0, 60.0, 120.0, 180.0, 250.0})
         for (const unsigned int seed : {1u, 2u, 3u}) {
             ClockMaster master;
             master.jitter = uniformJitter(0.001, seed);
             master.play(16 * BEAT, bpm);
-            const double farthest = wander(master, bpm, [&] { master.play(static_cast<int>(bpm) * BEAT, bpm); });
+            const double farthest = deviation(master, bpm, [&] { master.play(static_cast<int>(bpm) * BEAT, bpm); });
             EXPECT_LT(farthest, 0.5) << bpm << " seed " << seed;
         }
 }
@@ -76,7 +76,7 @@ TEST(ClockFollower, FollowsAChangeWithinTwoBeats)
         }
 }
 
-TEST(ClockFollower, StaysInPhaseWithWhatDriftsAndSpeedsUp)
+TEST(ClockFollower, StaysInPhaseWithAChangingTempo)
 {
     ClockMaster master;
     master.jitter = uniformJitter(0.001);
@@ -88,10 +88,10 @@ TEST(ClockFollower, StaysInPhaseWithWhatDriftsAndSpeedsUp)
     }
     EXPECT_LT(farthest, 60) << "an eighth of a beat while it changes three beats per minute at each beat";
     master.play(8 * BEAT, 120);
-    EXPECT_LT(std::abs(master.ahead(0)), 2) << "and nothing was lost over 204 beats";
+    EXPECT_LT(std::abs(master.ahead(0)), 2) << "and no tick was lost in 204 beats";
 }
 
-TEST(ClockFollower, CountsWhatWasLostAndNotWhatWasDoubled)
+TEST(ClockFollower, CountsLostTicksAndNoDuplicates)
 {
     struct Row {
         const char* fault;
@@ -110,21 +110,21 @@ TEST(ClockFollower, CountsWhatWasLostAndNotWhatWasDoubled)
         master.play(8 * BEAT, 120);
         EXPECT_NEAR(master.ahead(0), 0, 2) << fault;
         master.copies = copies;
-        EXPECT_LT(wander(master, 120, [&] { master.play(100 * BEAT, 120); }), 1) << fault;
+        EXPECT_LT(deviation(master, 120, [&] { master.play(100 * BEAT, 120); }), 1) << fault;
         EXPECT_NEAR(master.ahead(0), 0, 2) << fault;
     }
 }
 
-TEST(ClockFollower, MakesLittleOfASingleLateTick)
+TEST(ClockFollower, ASingleLateTickHasLittleEffect)
 {
     ClockMaster master;
     const auto even = uniformJitter(0.001);
     master.jitter = [&](std::int64_t tick) { return even(tick) + (tick % 60 == 0 ? 0.008 : 0); };
     master.play(16 * BEAT, 120);
-    EXPECT_LT(wander(master, 120, [&] { master.play(120 * BEAT, 120); }), 0.7);
+    EXPECT_LT(deviation(master, 120, [&] { master.play(120 * BEAT, 120); }), 0.7);
 }
 
-TEST(ClockFollower, HoldsTogetherWithTheJitterOfAnAudioPeriod)
+TEST(ClockFollower, FollowsWithTheJitterOfAnAudioPeriod)
 {
     ClockMaster master;
     double ideal = 0;
@@ -133,24 +133,24 @@ TEST(ClockFollower, HoldsTogetherWithTheJitterOfAnAudioPeriod)
         return std::ceil(ideal / 0.00533) * 0.00533 - ideal;  // 256 frames
     };
     master.play(16 * BEAT, 120);
-    EXPECT_LT(wander(master, 120, [&] { master.play(120 * BEAT, 120); }), 4);
+    EXPECT_LT(deviation(master, 120, [&] { master.play(120 * BEAT, 120); }), 4);
     EXPECT_NEAR(master.ahead(0), -3, 3);
 }
 
-TEST(ClockFollower, AClockThatStopsLeavesItsTempo)
+TEST(ClockFollower, KeepsTheTempoOfAClockThatStops)
 {
     ClockMaster master;
     master.play(8 * BEAT, 97);
-    EXPECT_TRUE(master.follower.isHeard(master.now));
+    EXPECT_TRUE(master.follower.isActive(master.now));
     master.follower.stop();
     master.wait(1);
-    EXPECT_FALSE(master.follower.isHeard(master.now));
+    EXPECT_FALSE(master.follower.isActive(master.now));
     const std::int64_t pulse = master.pulse;
-    EXPECT_LT(wander(master, 97, [&] { master.wait(60); }), 1e-6);
+    EXPECT_LT(deviation(master, 97, [&] { master.wait(60); }), 1e-6);
     EXPECT_NEAR(static_cast<double>(master.pulse - pulse), 97 * 480, 2);
 }
 
-TEST(ClockFollower, BeatsFallWhereTheyFellBehindEveryStartAndContinue)
+TEST(ClockFollower, AlignsBeatsAfterEveryStartAndContinue)
 {
     ClockMaster master;
     master.jitter = uniformJitter(0.0005);
@@ -183,13 +183,13 @@ TEST(ClockFollower, BeatsFallWhereTheyFellBehindEveryStartAndContinue)
 
     master.follower.stop();
     master.wait(2.5);
-    master.follower.setSongPosition(7);  // three sixteenths behind a beat
+    master.follower.setSongPosition(7);  // three sixteenths after a beat
     master.follower.continueSong();
     master.play(10 * BEAT, 90);
     expectBeat(18, "a continue somewhere else");
 }
 
-TEST(ClockFollower, WorksAnErrorOffWithoutAJump)
+TEST(ClockFollower, CorrectsAPhaseErrorWithoutAJump)
 {
     ClockMaster master;
     master.follower.start();
@@ -197,27 +197,27 @@ TEST(ClockFollower, WorksAnErrorOffWithoutAJump)
     master.follower.stop();
     master.wait(0.26);  // about half a beat
     master.follower.start();
-    EXPECT_LT(wander(master, 120, [&] { master.play(8 * BEAT, 120); }), 30.5) << "a quarter of the tempo";
+    EXPECT_LT(deviation(master, 120, [&] { master.play(8 * BEAT, 120); }), 30.5) << "a quarter of the tempo";
     EXPECT_NEAR(master.ahead(0), 0, 2);
 }
 
-TEST(ClockFollower, WhatIsOutsideTheTemposIsNotHeard)
+TEST(ClockFollower, IgnoresTemposOutsideTheRange)
 {
     for (const double bpm : {5.0, 15.0, 19.0, 260.0, 400.0, 5000.0}) {
         ClockMaster master;
         master.play(8 * BEAT, 120);
         master.play(20 * BEAT, bpm);
-        EXPECT_FALSE(master.follower.isHeard(master.now)) << bpm;
+        EXPECT_FALSE(master.follower.isActive(master.now)) << bpm;
         EXPECT_NEAR(master.effectiveTempo, 120, 1e-6) << bpm;
         master.play(8 * BEAT, 120);
-        EXPECT_TRUE(master.follower.isHeard(master.now)) << bpm;
+        EXPECT_TRUE(master.follower.isActive(master.now)) << bpm;
     }
     ClockMaster master;
     master.play(8 * BEAT, 250.8);
     EXPECT_DOUBLE_EQ(master.follower.getTempo(), 250);
 }
 
-TEST(ClockFollower, GarbageLeavesATempoWithinTheRangeAndAClockBehindItIsFollowed)
+TEST(ClockFollower, RandomInputLeavesATempoWithinTheRangeAndALaterClockIsFollowed)
 {
     std::mt19937 generator(7);
     const auto random = [&] { return static_cast<int>(generator() % 16384); };
@@ -255,19 +255,19 @@ TEST(ClockFollower, GarbageLeavesATempoWithinTheRangeAndAClockBehindItIsFollowed
         ASSERT_LE(master.effectiveTempo, 312.5);
     }
     master.play(8 * BEAT, 120);
-    EXPECT_LT(wander(master, 120, [&] { master.play(8 * BEAT, 120); }), 40);
+    EXPECT_LT(deviation(master, 120, [&] { master.play(8 * BEAT, 120); }), 40);
     EXPECT_NEAR(master.effectiveTempo, 120, 0.5);
 }
 
-TEST(ClockFollower, KnowsNothingOfTheClockBefore)
+TEST(ClockFollower, ResetForgetsTheClockBefore)
 {
     ClockMaster master;
     master.follower.start();
     master.play(8 * BEAT, 180);
-    master.follower.listenAfresh(77);
+    master.follower.reset(77);
     EXPECT_DOUBLE_EQ(master.follower.getTempo(), 77);
-    EXPECT_FALSE(master.follower.isHeard(master.now));
+    EXPECT_FALSE(master.follower.isActive(master.now));
     master.play(3, 180);
-    EXPECT_DOUBLE_EQ(master.effectiveTempo, 77) << "three ticks make no tempo";
+    EXPECT_DOUBLE_EQ(master.effectiveTempo, 77) << "three ticks are too few for a tempo";
 }
 }  // namespace Host

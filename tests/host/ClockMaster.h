@@ -11,17 +11,16 @@
 
 namespace Host::Testing
 {
-/// Somebody else's MIDI clock in virtual time, with a follower that hears it and the pulses that come of it, one at
-/// its moment.
+/// A simulated MIDI clock in virtual time, with a follower that receives its ticks and plays pulses.
 class ClockMaster
 {
 public:
     ClockFollower follower;
 
-    /// Moves a tick away from where it should be, in seconds. The tick's number counts from 0.
+    /// The deviation of a tick from its time, in seconds. Ticks are counted from 0.
     std::function<double(std::int64_t tick)> jitter = [](std::int64_t) { return 0.0; };
 
-    /// How often a tick is heard.
+    /// How often a tick is received.
     std::function<int(std::int64_t tick)> copies = [](std::int64_t) { return 1; };
 
     /// Called after each pulse.
@@ -39,16 +38,16 @@ public:
         const double first = nextTick;
         for (int count = 0; count < ticks; ++count, ++tick) {
             nextTick += 60 / bpm(nextTick - first) / ClockFollower::TICKS_PER_BEAT;
-            const double heard = nextTick + jitter(tick);
-            runTo(heard);
-            for (int copy = copies(tick); copy > 0; --copy) follower.tick(heard);
+            const double arrival = nextTick + jitter(tick);
+            runTo(arrival);
+            for (int copy = copies(tick); copy > 0; --copy) follower.tick(arrival);
         }
         runTo(nextTick);
     }
 
     void wait(double seconds) { runTo(nextTick += seconds); }
 
-    /// How far the pulses were ahead of the last tick when it should have been heard, -240 to 240, if that was tick
+    /// How many pulses the counter was ahead of the last tick at the tick's nominal time, -240 to 240, if that was tick
     /// `ofBeat` of a beat.
     double ahead(std::int64_t ofBeat) const
     {
@@ -77,7 +76,7 @@ private:
     std::int64_t tick = 0;
 };
 
-/// Evenly spread, at most that far away; the same numbers everywhere.
+/// Uniformly distributed jitter of at most that size; the same numbers on every machine.
 inline std::function<double(std::int64_t)> uniformJitter(double seconds, unsigned int seed = 1)
 {
     return [random = std::mt19937(seed), seconds](std::int64_t) mutable {

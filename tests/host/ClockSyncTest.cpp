@@ -28,11 +28,11 @@ struct Sent {
     std::uint32_t frame;
 };
 
-/// A graph in which the host's clock plays, with one input to hear a clock at and one output to send one to.
+/// A graph in which the host's clock plays, with an input for a MIDI clock and an output that one is sent to.
 struct Graph {
     Ports ports;
-    Event wishes;
-    Player player{ports, wishes};
+    Event requests;
+    Player player{ports, requests};
     InputPort& in = *ports.addInput("In");
     OutputPort& out = *ports.addOutput("Out");
     std::int32_t pulses = 0;
@@ -47,7 +47,7 @@ struct Graph {
     std::uint32_t frame = 0;
     std::vector<Sent> sent;
 
-    explicit Graph(const ClockLinks& links = {.in = -1, .out = 0})
+    explicit Graph(const ClockPorts& links = {.in = -1, .out = 0})
     {
         player.setClockIn(links.in);
         player.setClockOut(links.out);
@@ -56,13 +56,13 @@ struct Graph {
         clock.startInGraph(RATE);
     }
 
-    /// Plays on, while the messages arrive at their frames.
-    void play(double seconds, std::vector<Sent> heard = {}, const Transport* transport = nullptr)
+    /// Plays for that long, while the messages arrive at their frames.
+    void play(double seconds, std::vector<Sent> arriving = {}, const Transport* transport = nullptr)
     {
         const auto end = frame + static_cast<std::uint32_t>(seconds * RATE);
         std::size_t next = 0;
         for (; frame < end; frame += PERIOD) {
-            for (; next < heard.size() && heard[next].frame < frame + PERIOD; ++next) hear(heard[next]);
+            for (; next < arriving.size() && arriving[next].frame < frame + PERIOD; ++next) receive(arriving[next]);
             Transport now;
             if (transport != nullptr) {
                 now = *transport;
@@ -74,12 +74,12 @@ struct Graph {
         }
     }
 
-    void hear(const Sent& message)
+    void receive(const Sent& message)
     {
         ShortMessage bytes{{}, static_cast<std::uint8_t>(message.bytes.size())};
         std::ranges::transform(message.bytes, bytes.bytes.begin(),
                                [](char byte) { return static_cast<std::uint8_t>(byte); });
-        clock.hearInGraph(0, bytes, start + message.frame);
+        clock.receiveInGraph(0, bytes, start + message.frame);
     }
 
     void deliver()
@@ -90,8 +90,7 @@ struct Graph {
         });
     }
 
-    /// What was sent but ticks: "T" for a start, "C", "P" with a position in sixteenths, "S" for a stop, each with the
-    /// ticks between.
+    /// The messages that were sent, with the number of ticks between them: "start 96 stop at 5 continue 12".
     std::string song() const
     {
         std::string text;
@@ -138,7 +137,7 @@ std::vector<Sent> clockOf(double bpm, double seconds, std::uint32_t from, const 
 }
 }  // namespace
 
-TEST(ClockOut, TicksFallOnTheirFramesBehindAStartAndTheEndIsAStop)
+TEST(ClockSender, SendsAStartThenTicksAtTheirFramesAndAStopAtTheEnd)
 {
     Graph graph;
     graph.play(2);
@@ -149,7 +148,7 @@ TEST(ClockOut, TicksFallOnTheirFramesBehindAStartAndTheEndIsAStop)
     for (std::size_t tick = 0; tick < frames.size(); ++tick) ASSERT_EQ(frames[tick], FRAMES_PER_TICK * tick);
 }
 
-TEST(ClockOut, ATickComesBeforeTheNotesOfItsPulse)
+TEST(ClockSender, ATickComesBeforeTheNotesOfItsPulse)
 {
     Graph graph;
     graph.inSlice = [&] {
@@ -162,10 +161,10 @@ TEST(ClockOut, ATickComesBeforeTheNotesOfItsPulse)
     EXPECT_EQ(graph.sent[2].frame, graph.sent[3].frame);
 }
 
-TEST(ClockOut, TakesNoRoomFromNotesWhereAPortStandsStill)
+TEST(ClockSender, LeavesRoomForNotesInAPortThatIsNotDelivered)
 {
     OutputPort port("Slow");
-    ClockOut clock;
+    ClockSender clock;
     clock.setPort(&port);
     port.open();
     for (int pulse = 0; pulse < 1'000'000; ++pulse) clock.passPulse(pulse, 0, 0);
@@ -176,7 +175,7 @@ TEST(ClockOut, TakesNoRoomFromNotesWhereAPortStandsStill)
     EXPECT_EQ(notes, 1000);
 }
 
-TEST(ClockIn, TheInputThatTheProgramNamesLeadsAndTheOneOfTheOptionElse)
+TEST(TempoController, FollowsTheInputOfTheProgramOrElseThatOfTheOption)
 {
     for (const bool byProgram : {true, false}) {
         Graph graph({.in = byProgram ? -1 : 0, .out = 0});
@@ -185,21 +184,21 @@ TEST(ClockIn, TheInputThatTheProgramNamesLeadsAndTheOneOfTheOptionElse)
         const std::int32_t before = graph.pulses;
         graph.play(8, clockOf(150, 8, graph.frame));
         EXPECT_NEAR(graph.pulses - before, 8 * 1200, 3);
-        EXPECT_EQ(graph.player.takeHeardTempo(), 150);
+        EXPECT_EQ(graph.player.takeExternalTempo(), 150);
         graph.play(2);
-        EXPECT_NEAR(graph.pulses - before, 10 * 1200, 25) << "the clock stands, its tempo stays";
+        EXPECT_NEAR(graph.pulses - before, 10 * 1200, 25) << "the clock has stopped, its tempo remains";
         graph.player.setTempo(60);
         graph.play(2);
-        EXPECT_NEAR(graph.pulses - before, 10 * 1200 + 960, 25) << "until the program is given another";
+        EXPECT_NEAR(graph.pulses - before, 10 * 1200 + 960, 25) << "until the program gets another";
         if (!byProgram) continue;
         graph.player.setTempoSource(-1);
         graph.play(1);
         graph.play(2, clockOf(150, 2, graph.frame));
-        EXPECT_NEAR(graph.pulses - before, 10 * 1200 + 5 * 480, 25) << "nobody listens";
+        EXPECT_NEAR(graph.pulses - before, 10 * 1200 + 5 * 480, 25) << "the input is not followed any more";
     }
 }
 
-TEST(ClockIn, AResetIsNotHeard)
+TEST(TempoController, AResetHasNoEffect)
 {
     Graph graph;
     graph.player.setTempoSource(0);
@@ -214,7 +213,7 @@ TEST(ClockIn, AResetIsNotHeard)
     EXPECT_NEAR(graph.pulses - before, graph.frame / 48000.0 * 1600 - 6400, 40);
 }
 
-TEST(ClockIn, IsPassedOnToTheClockThatIsSentTickByTick)
+TEST(TempoController, ForwardsTheExternalClockTickByTick)
 {
     Graph graph({.in = 0, .out = 0});
     graph.play(2, clockOf(130, 1.99, 0));
@@ -236,32 +235,32 @@ TEST(ClockIn, IsPassedOnToTheClockThatIsSentTickByTick)
     }
 }
 
-TEST(ClockIn, WhatIsPassedOnDoesNotComeASecondTimeThroughTheLayers)
+TEST(TempoController, AForwardedStartIsNotSentASecondTimeByTheLayers)
 {
     Graph graph({.in = 0, .out = 0});
-    graph.player.playMidi({MessageType::startSong, 0, 0, 0, 0, 0, 0, -1});   // the leading clock's
-    graph.player.playMidi({MessageType::startSong, 0, 0, 0, 0, 0, -1, -1});  // a key's
+    graph.player.playMidi({MessageType::startSong, 0, 0, 0, 0, 0, 0, -1});   // from the external clock
+    graph.player.playMidi({MessageType::startSong, 0, 0, 0, 0, 0, -1, -1});  // from a key
     graph.player.playMidi({MessageType::noteOn, 60, 1, 0, 0, 0, 0, -1});
     graph.deliver();
     ASSERT_EQ(graph.sent.size(), 2u);
     EXPECT_EQ(graph.sent[0].bytes, byte(StatusByte::START));
 }
 
-TEST(ClockIn, HearsAClockOnAThreadToo)
+TEST(TempoController, FollowsAClockWithoutAGraphToo)
 {
     Graph graph({.in = 0, .out = 0});
     graph.clock.stop();
     Player& player = graph.player;
-    Conductor conductor(player);
+    TempoController controller(player);
     double time = 0;
     double pulses = 0;
     double pulsesBefore = 0;
     for (double nextPulse = 0, nextTick = 0; time < 60; time += 0.001) {
         for (; nextTick <= time; nextTick += 2.5 / 90)
-            conductor.hear(0, {{StatusByte::TICK, 0, 0}, 1},
-                           static_cast<std::uint32_t>(static_cast<std::int64_t>(nextTick * 1e6)));
-        conductor.heed(time, static_cast<std::uint32_t>(static_cast<std::int64_t>(time * 1e6)), 1e6);
-        for (; nextPulse <= time; ++pulses) nextPulse += 1 / (8 * conductor.passPulse(nextPulse, 0));
+            controller.receive(0, {{StatusByte::TICK, 0, 0}, 1},
+                               static_cast<std::uint32_t>(static_cast<std::int64_t>(nextTick * 1e6)));
+        controller.process(time, static_cast<std::uint32_t>(static_cast<std::int64_t>(time * 1e6)), 1e6);
+        for (; nextPulse <= time; ++pulses) nextPulse += 1 / (8 * controller.passPulse(nextPulse, 0));
         if (time < 30) pulsesBefore = pulses;
     }
     EXPECT_NEAR(pulses - pulsesBefore, 30 * 90 * 8, 2);
@@ -300,14 +299,14 @@ TEST(Transport, ATimebaseMasterGivesTempoAndPhase)
         const double phase = frames[tick] / step;
         ASSERT_LT(std::abs(phase - std::round(phase)) * step, 48) << "a millisecond, tick " << tick;
     }
-    EXPECT_EQ(graph.player.takeHeardTempo(), 94);
+    EXPECT_EQ(graph.player.takeExternalTempo(), 94);
 }
 
-TEST(Clock, WithAClockToFollowAndOneToSendAPeriodAllocatesNothing)
+TEST(Clock, APeriodWithBothMidiClocksAllocatesNothing)
 {
     Graph graph({.in = 0, .out = 0});
     graph.play(1, clockOf(120, 1, 0, byte(StatusByte::START)));
-    graph.hear({byte(StatusByte::TICK), graph.frame});
+    graph.receive({byte(StatusByte::TICK), graph.frame});
     const auto before = allocationsOfThisThread();
     graph.clock.playPeriod(graph.start + graph.frame, 24000);
     EXPECT_EQ(allocationsOfThisThread(), before);

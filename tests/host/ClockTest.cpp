@@ -16,11 +16,11 @@ struct Span {
     std::int32_t end;
 };
 
-/// Slices that are written down, with the clock that plays them.
-struct Score {
+/// A clock that plays slices, which are recorded.
+struct Recording {
     Ports ports;
-    Event wishes;
-    Player player{ports, wishes};
+    Event requests;
+    Player player{ports, requests};
     std::mutex writing;
     std::vector<Span> spans;
     int resets = 0;
@@ -72,7 +72,7 @@ TEST(PulseClock, AfterAnHourEveryPulseStillFallsOnItsFrame)
     }
 }
 
-TEST(PulseClock, ANewTempoHoldsFromTheNextPulseOn)
+TEST(PulseClock, ANewTempoTakesEffectWithTheNextPulse)
 {
     PulseClock pulses(48000);
     pulses.passPulse(120);
@@ -83,102 +83,103 @@ TEST(PulseClock, ANewTempoHoldsFromTheNextPulseOn)
     EXPECT_EQ(pulses.ticksToPulse(), 100);
 }
 
-TEST(Slices, TheCounterStartsAgainBeforeItRunsOutAndNothingIsSkipped)
+TEST(Slices, TheCounterRestartsBeforeItOverflowsAndNothingIsSkipped)
 {
-    Score score;
-    score.slices.startAt(Slices::LAST_PULSE - 2);
-    for (int count = 0; count < 4; ++count) score.slices.play(1);
-    score.expectContiguous();
-    ASSERT_EQ(score.spans.size(), 5u);
-    EXPECT_EQ(score.spans[2].end, Slices::FIRST_PULSE) << "one slice that goes back";
-    EXPECT_EQ(score.spans.back().end, Slices::FIRST_PULSE + 2);
-    EXPECT_EQ(score.resets, 1);
+    Recording recording;
+    recording.slices.startAt(Slices::LAST_PULSE - 2);
+    for (int count = 0; count < 4; ++count) recording.slices.play(1);
+    recording.expectContiguous();
+    ASSERT_EQ(recording.spans.size(), 5u);
+    EXPECT_EQ(recording.spans[2].end, Slices::FIRST_PULSE) << "one slice goes back";
+    EXPECT_EQ(recording.spans.back().end, Slices::FIRST_PULSE + 2);
+    EXPECT_EQ(recording.resets, 1);
 }
 
 TEST(Clock, InAGraphPlaysOneSliceForEachPulseOfThePeriods)
 {
-    Score score;
-    score.clock.startInGraph(48000);
-    for (std::uint32_t period = 0; period < 375; ++period) score.clock.playPeriod(period * 256, 256);  // two seconds
-    score.clock.stop();
-    score.clock.playPeriod(375 * 256, 256);
-    ASSERT_EQ(score.spans.size(), 1920u) << "480 pulses a quarter note at 120, and none when it stands";
-    score.expectContiguous();
-    for (const Span& span : score.spans) ASSERT_EQ(span.end, span.start + 1);
-    EXPECT_EQ(score.spans[0].start, 50000000);
-    EXPECT_EQ(score.player.getThreadId(), currentThreadId());
+    Recording recording;
+    recording.clock.startInGraph(48000);
+    for (std::uint32_t period = 0; period < 375; ++period)
+        recording.clock.playPeriod(period * 256, 256);  // two seconds
+    recording.clock.stop();
+    recording.clock.playPeriod(375 * 256, 256);
+    ASSERT_EQ(recording.spans.size(), 1920u) << "480 pulses a quarter note at 120, and none after the stop";
+    recording.expectContiguous();
+    for (const Span& span : recording.spans) ASSERT_EQ(span.end, span.start + 1);
+    EXPECT_EQ(recording.spans[0].start, 50000000);
+    EXPECT_EQ(recording.player.getThreadId(), currentThreadId());
 }
 
-TEST(Clock, WhereThereIsNoGraphAThreadPlaysContiguousSlices)
+TEST(Clock, WithoutAGraphItsThreadPlaysContiguousSlices)
 {
-    Score score;
-    score.clock.startOnThread();
-    score.clock.waitForSlices(50);
-    EXPECT_NE(score.player.getThreadId(), currentThreadId());
-    score.clock.stop();
-    score.expectContiguous();
-    EXPECT_GE(score.spans.size(), 50u);
-    for (const Span& span : score.spans) ASSERT_LE(span.end - span.start, Slices::LONGEST);
+    Recording recording;
+    recording.clock.startOnThread();
+    recording.clock.waitForSlices(50);
+    EXPECT_NE(recording.player.getThreadId(), currentThreadId());
+    recording.clock.stop();
+    recording.expectContiguous();
+    EXPECT_GE(recording.spans.size(), 50u);
+    for (const Span& span : recording.spans) ASSERT_LE(span.end - span.start, Slices::LONGEST);
 }
 
 TEST(Clock, GoesOnOnItsOwnThreadWhereTheGraphDied)
 {
-    Score score;
-    score.clock.startInGraph(48000);
-    for (std::uint32_t period = 0; period < 10; ++period) score.clock.playPeriod(period * 256, 256);
-    score.clock.graphDied();
-    score.clock.waitForSlices(20);
-    EXPECT_TRUE(score.clock.runsOnItsThread());
-    EXPECT_NE(score.player.getThreadId(), currentThreadId());
-    score.clock.playPeriod(2560, 256);  // a last call that came too late plays nothing
-    score.clock.stop();
-    score.expectContiguous();
-    EXPECT_GT(score.spans.size(), 52u + 20u);
+    Recording recording;
+    recording.clock.startInGraph(48000);
+    for (std::uint32_t period = 0; period < 10; ++period) recording.clock.playPeriod(period * 256, 256);
+    recording.clock.graphDied();
+    recording.clock.waitForSlices(20);
+    EXPECT_TRUE(recording.clock.runsOnItsThread());
+    EXPECT_NE(recording.player.getThreadId(), currentThreadId());
+    recording.clock.playPeriod(2560, 256);  // a last call that came too late plays nothing
+    recording.clock.stop();
+    recording.expectContiguous();
+    EXPECT_GT(recording.spans.size(), 52u + 20u);
 }
 
 TEST(Clock, GoesBackAndForthBetweenGraphsAndItsThreadAndSkipsNoPulse)
 {
-    Score score;
-    score.clock.startInGraph(48000);
+    Recording recording;
+    recording.clock.startInGraph(48000);
     std::uint32_t frame = 0;
     for (const int rate : {44100, 96000, 48000}) {
-        for (int period = 0; period < 10; ++period) score.clock.playPeriod(frame += 256, 256);
-        score.clock.graphDied();
-        score.clock.waitForSlices(20);
-        ASSERT_TRUE(score.clock.runsOnItsThread());
-        EXPECT_NE(score.player.getThreadId(), currentThreadId());
+        for (int period = 0; period < 10; ++period) recording.clock.playPeriod(frame += 256, 256);
+        recording.clock.graphDied();
+        recording.clock.waitForSlices(20);
+        ASSERT_TRUE(recording.clock.runsOnItsThread());
+        EXPECT_NE(recording.player.getThreadId(), currentThreadId());
 
-        score.clock.returnToGraph(rate);
-        while (score.clock.runsOnItsThread()) std::this_thread::yield();
-        const auto slices = score.slices.count();
-        while (score.slices.count() < slices + 5) score.clock.playPeriod(frame += 256, 256);
-        EXPECT_EQ(score.player.getThreadId(), currentThreadId());
+        recording.clock.returnToGraph(rate);
+        while (recording.clock.runsOnItsThread()) std::this_thread::yield();
+        const auto slices = recording.slices.count();
+        while (recording.slices.count() < slices + 5) recording.clock.playPeriod(frame += 256, 256);
+        EXPECT_EQ(recording.player.getThreadId(), currentThreadId());
     }
-    score.clock.stop();
-    score.expectContiguous();
+    recording.clock.stop();
+    recording.expectContiguous();
 }
 
 TEST(Clock, KeepsTheTempoWhenTheGraphsRateChanges)
 {
-    Score score;
-    score.clock.startInGraph(48000);
-    for (int period = 0; period < 100; ++period) score.clock.playPeriod(0, 480);  // a second
-    score.clock.setGraphRate(96000);
-    for (int period = 0; period < 100; ++period) score.clock.playPeriod(0, 960);
-    score.clock.stop();
-    EXPECT_EQ(score.spans.size(), 1920u);
-    score.expectContiguous();
+    Recording recording;
+    recording.clock.startInGraph(48000);
+    for (int period = 0; period < 100; ++period) recording.clock.playPeriod(0, 480);  // a second
+    recording.clock.setGraphRate(96000);
+    for (int period = 0; period < 100; ++period) recording.clock.playPeriod(0, 960);
+    recording.clock.stop();
+    EXPECT_EQ(recording.spans.size(), 1920u);
+    recording.expectContiguous();
 }
 
 TEST(Clock, WhoeverMustNotStallGetsSlicesFromASilentGraph)
 {
-    Score score;
-    score.clock.startInGraph(48000);
-    score.clock.playPeriod(0, 256);
-    score.clock.neverStall();
-    score.clock.waitForSlices(2);
-    EXPECT_TRUE(score.clock.runsOnItsThread());
-    score.clock.stop();
-    score.expectContiguous();
+    Recording recording;
+    recording.clock.startInGraph(48000);
+    recording.clock.playPeriod(0, 256);
+    recording.clock.neverStall();
+    recording.clock.waitForSlices(2);
+    EXPECT_TRUE(recording.clock.runsOnItsThread());
+    recording.clock.stop();
+    recording.expectContiguous();
 }
 }  // namespace Host

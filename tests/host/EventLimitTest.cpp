@@ -13,24 +13,24 @@ ShortMessage controller(int number, int value)
     return {{0xB0, static_cast<std::uint8_t>(number), static_cast<std::uint8_t>(value)}, 3};
 }
 
-constexpr std::uint32_t NOON = 0xFFFFFF00;  // the milliseconds wrap round soon
+constexpr std::uint32_t NOON = 0xFFFFFF00;  // the milliseconds wrap round in the test
 
-/// Fills the limit up with something of no consequence.
+/// Sends controllers until one is dropped.
 void flood(EventLimit& limit, std::uint32_t milliseconds)
 {
     while (limit.passes(controller(1, 64), milliseconds)) {}
 }
 }  // namespace
 
-TEST(EventLimit, LetsPassWhateverACableCanCarry)
+TEST(EventLimit, PassesAsMuchAsACableCanCarry)
 {
     EventLimit limit;
     for (std::uint32_t milliseconds = 0; milliseconds < 60'000; milliseconds += 10)
         for (int note = 0; note < 10; ++note) EXPECT_TRUE(limit.passes(on(note), NOON + milliseconds));
-    EXPECT_EQ(limit.limitedCount(), 0u) << "even if no note is ever released";
+    EXPECT_EQ(limit.limitedCount(), 0u) << "even without any note-off";
 }
 
-TEST(EventLimit, HoldsAFloodToItsRate)
+TEST(EventLimit, LimitsAFloodToItsRate)
 {
     EventLimit limit;
     std::uint32_t passed = 0;
@@ -43,7 +43,7 @@ TEST(EventLimit, HoldsAFloodToItsRate)
     EXPECT_EQ(limit.limitedCount(), sent - passed);
 }
 
-TEST(EventLimit, NeverDropsTheEndOfWhatPassed)
+TEST(EventLimit, NeverDropsTheNoteOffOfANoteThatPassed)
 {
     EventLimit limit;
     for (const int note : {60, 60, 64}) EXPECT_TRUE(limit.passes(on(note), 0));
@@ -55,15 +55,15 @@ TEST(EventLimit, NeverDropsTheEndOfWhatPassed)
     EXPECT_FALSE(limit.passes(off(67), 0)) << "whose note on did not pass";
     EXPECT_FALSE(limit.passes(off(60), 0)) << "a third for two";
     EXPECT_FALSE(limit.passes(controller(64, 0), 0));
-    EXPECT_TRUE(limit.passes(off(67), 1)) << "a note off alone passes where there is room";
+    EXPECT_TRUE(limit.passes(off(67), 1)) << "a note-off without a note-on passes below the limit";
 }
 
-TEST(EventLimit, LetsAFloodStrikeNoNoteOverAndOver)
+TEST(EventLimit, LimitsRepeatedNoteOnsInAFlood)
 {
     EventLimit limit;
-    int strikes = 0;
+    int noteOns = 0;
     for (std::uint32_t milliseconds = 0; milliseconds < 1000; ++milliseconds)
-        for (int event = 0; event < 100; ++event) strikes += limit.passes(on(60), milliseconds) ? 1 : 0;
-    EXPECT_LE(strikes, 300);
+        for (int event = 0; event < 100; ++event) noteOns += limit.passes(on(60), milliseconds) ? 1 : 0;
+    EXPECT_LE(noteOns, 300);
 }
 }  // namespace Host

@@ -8,7 +8,7 @@
 
 namespace Host
 {
-TEST(HostPorts, TwinsAreNumbered)
+TEST(HostPorts, EqualNamesAreNumbered)
 {
     Ports ports;
     for (const char* name : {"Piano", "Piano", "Piano 3", "Piano", "Piano 2"}) ports.addOutput(name);
@@ -19,7 +19,7 @@ TEST(HostPorts, TwinsAreNumbered)
     EXPECT_EQ(ports.inputList()[0].name, "Piano") << "the other way is a list of its own";
 }
 
-TEST(HostPorts, WhatFindsNoNumberIsLeftOut)
+TEST(HostPorts, ThereAreAtMost127PortsEachWay)
 {
     Ports ports;
     for (std::size_t count = 0; count < Ports::MOST; ++count) EXPECT_NE(ports.addInput("Keys"), nullptr);
@@ -30,18 +30,18 @@ TEST(HostPorts, WhatFindsNoNumberIsLeftOut)
 
 namespace
 {
-/// Lets devices come and go, each as {address, name}, and tells the inputs by number: "Keys Keys_2-", where - is gone.
-struct Cabling {
+/// Assigns devices, each as {address, name}, and lists the changes and the inputs: "-0 Keys-|Pads|", where - is absent.
+struct Inputs {
     Ports ports;
     std::string log;
 
-    std::string settle(const std::vector<MidiDevice>& devices)
+    std::string assign(const std::vector<MidiDevice>& devices)
     {
         log.clear();
         const auto note = [this](const char* what) {
             return [this, what](std::size_t index) { log += what + std::to_string(index) + " "; };
         };
-        ports.settleInputs(devices, note("-"), note("+"));
+        ports.assignInputs(devices, note("-"), note("+"));
         std::string names;
         for (const auto& port : ports.inputs()) names += port->name + (port->found ? "|" : "-|");
         return log + names;
@@ -49,78 +49,78 @@ struct Cabling {
 };
 }  // namespace
 
-TEST(HostPorts, KeepTheirNumbersWhileDevicesComeAndGo)
+TEST(HostPorts, KeepTheirNumbersWhileDevicesAreUnpluggedAndPluggedIn)
 {
-    Cabling cabling;
-    EXPECT_EQ(cabling.settle({{"a:1", "Keys"}, {"b:1", "Pads"}}), "+0 +1 Keys|Pads|");
-    EXPECT_EQ(cabling.settle({{"b:1", "Pads"}, {"c:1", "Wheel"}}), "-0 +2 Keys-|Pads|Wheel|");
-    EXPECT_EQ(cabling.settle({{"b:1", "Pads"}, {"c:1", "Wheel"}}), "Keys-|Pads|Wheel|") << "nothing new";
-    EXPECT_EQ(cabling.settle({{"b:1", "Pads"}, {"d:9", "Keys"}}), "-2 +0 Keys|Pads|Wheel-|") << "at another socket";
+    Inputs inputs;
+    EXPECT_EQ(inputs.assign({{"a:1", "Keys"}, {"b:1", "Pads"}}), "+0 +1 Keys|Pads|");
+    EXPECT_EQ(inputs.assign({{"b:1", "Pads"}, {"c:1", "Wheel"}}), "-0 +2 Keys-|Pads|Wheel|");
+    EXPECT_EQ(inputs.assign({{"b:1", "Pads"}, {"c:1", "Wheel"}}), "Keys-|Pads|Wheel|") << "no change";
+    EXPECT_EQ(inputs.assign({{"b:1", "Pads"}, {"d:9", "Keys"}}), "-2 +0 Keys|Pads|Wheel-|") << "at another socket";
 }
 
-TEST(HostPorts, ATwinComesBackToItsOwnNumber)
+TEST(HostPorts, OneOfTwoEqualDevicesGetsItsOwnNumberBack)
 {
-    Cabling cabling;
-    cabling.settle({{"a:1", "Keys"}, {"b:1", "Keys"}});
-    EXPECT_EQ(cabling.settle({}), "-0 -1 Keys-|Keys 2-|");
-    EXPECT_EQ(cabling.settle({{"b:1", "Keys"}}), "+1 Keys-|Keys 2|");
-    EXPECT_EQ(cabling.settle({{"b:1", "Keys"}, {"x:1", "Keys"}}), "+0 Keys|Keys 2|");
-    EXPECT_EQ(cabling.settle({{"b:1", "Keys"}, {"x:1", "Keys"}, {"y:1", "Keys"}}), "+2 Keys|Keys 2|Keys 3|");
+    Inputs inputs;
+    inputs.assign({{"a:1", "Keys"}, {"b:1", "Keys"}});
+    EXPECT_EQ(inputs.assign({}), "-0 -1 Keys-|Keys 2-|");
+    EXPECT_EQ(inputs.assign({{"b:1", "Keys"}}), "+1 Keys-|Keys 2|");
+    EXPECT_EQ(inputs.assign({{"b:1", "Keys"}, {"x:1", "Keys"}}), "+0 Keys|Keys 2|");
+    EXPECT_EQ(inputs.assign({{"b:1", "Keys"}, {"x:1", "Keys"}, {"y:1", "Keys"}}), "+2 Keys|Keys 2|Keys 3|");
 }
 
-TEST(HostPorts, AnExactNameComesBeforeATwin)
+TEST(HostPorts, AnExactNameComesBeforeANumberedOne)
 {
-    Cabling cabling;
-    for (const char* name : {"Keys", "Keys 2"}) cabling.ports.addInput(name)->found = false;
-    EXPECT_EQ(cabling.settle({{"a:1", "Keys"}, {"b:1", "Keys"}, {"c:1", "Keys 2"}}), "+0 +1 +2 Keys|Keys 2|Keys 3|");
-    EXPECT_EQ(cabling.ports.inputs()[1]->device.address, "c:1");
+    Inputs inputs;
+    for (const char* name : {"Keys", "Keys 2"}) inputs.ports.addInput(name)->found = false;
+    EXPECT_EQ(inputs.assign({{"a:1", "Keys"}, {"b:1", "Keys"}, {"c:1", "Keys 2"}}), "+0 +1 +2 Keys|Keys 2|Keys 3|");
+    EXPECT_EQ(inputs.ports.inputs()[1]->device.address, "c:1");
 }
 
-TEST(PortMemory, GivesTheNumbersOfTheRunBefore)
+TEST(PortMemory, RestoresTheNumbersOfTheRunBefore)
 {
     const Testing::TemporaryFolder folder;
-    const auto noComplaint = [](const std::string& line) { ADD_FAILURE() << line; };
+    const auto unexpected = [](const std::string& line) { ADD_FAILURE() << line; };
     {
         Ports ports;
-        PortMemory memory(folder.string(), noComplaint);
-        memory.recall(ports, "Synthesizer");
+        PortMemory memory(folder.string(), unexpected);
+        memory.restore(ports, "Synthesizer");
         EXPECT_EQ(ports.outputs().size(), 1u);
         for (const char* name : {"Piano", "Piano",
                                  "Gr\xC3\xBC\xC3\x9F"
                                  "e"})
             ports.addOutput(name);
         ports.addInput("Keys");
-        memory.keep(ports);
+        memory.save(ports);
         EXPECT_EQ(folder.read("Midi Outputs.txt"),
                   "Synthesizer\nPiano\nPiano 2\nGr\xC3\xBC\xC3\x9F"
                   "e\n");
         ports.addInput("Pads");
-        memory.keep(ports);
+        memory.save(ports);
         EXPECT_EQ(folder.read("Midi Inputs.txt"), "Keys\nPads\n");
     }
     folder.write("Midi Inputs.txt", "Pads\r\n\nKeys\nPads\n\xFF\nWheel");
     folder.write("Midi Outputs.txt", "Piano\nSynthesizer\n");
     Ports ports;
-    PortMemory(folder.string(), noComplaint).recall(ports, "Synthesizer");
+    PortMemory(folder.string(), unexpected).restore(ports, "Synthesizer");
     EXPECT_EQ(describePorts(ports.inputList(), ports.outputList()),
               "Inputs\n   0  Pads (Not Found)\n   1  Keys (Not Found)\n   2  Wheel (Not Found)\n"
               "Outputs\n   0  Synthesizer (Not Found)\n   1  Piano (Not Found)\n");
 }
 
-TEST(PortMemory, LeavesAFileAloneThatItCannotRead)
+TEST(PortMemory, DoesNotOverwriteAFileThatItCannotRead)
 {
     const Testing::TemporaryFolder folder;
     std::filesystem::create_directory(folder / "Midi Inputs.txt");
-    std::vector<std::string> told;
-    PortMemory memory(folder.string(), [&](const std::string& line) { told.push_back(line); });
+    std::vector<std::string> lines;
+    PortMemory memory(folder.string(), [&](const std::string& line) { lines.push_back(line); });
     Ports ports;
-    memory.recall(ports, "Synthesizer");
-    ASSERT_EQ(told.size(), 1u);
-    EXPECT_NE(told[0].find("Midi Inputs.txt: "), std::string::npos);
+    memory.restore(ports, "Synthesizer");
+    ASSERT_EQ(lines.size(), 1u);
+    EXPECT_NE(lines[0].find("Midi Inputs.txt: "), std::string::npos);
     ports.addInput("Keys");
-    memory.keep(ports);
+    memory.save(ports);
     EXPECT_TRUE(std::filesystem::is_directory(folder / "Midi Inputs.txt"));
-    EXPECT_EQ(told.size(), 1u);
+    EXPECT_EQ(lines.size(), 1u);
 }
 
 TEST(HostPorts, AreShownWithTheirState)
@@ -132,7 +132,7 @@ TEST(HostPorts, AreShownWithTheirState)
               "Inputs\n  none\nOutputs\n   0  Orvane Synthesizer (Couldn't Open)\n   1  Organ (Not Enabled)\n");
 }
 
-TEST(HostPorts, AnOutputIsMeantByItsNameOrItsNumber)
+TEST(HostPorts, AnOutputIsNamedByItsNameOrItsNumber)
 {
     Ports ports;
     for (const char* name : {"Organ", "0", "Bells 2"}) ports.addOutput(name);
@@ -144,7 +144,7 @@ TEST(HostPorts, AnOutputIsMeantByItsNameOrItsNumber)
         EXPECT_NE(Testing::complaintOf([&] { findOutput(outputs, none); }), "") << none;
 }
 
-TEST(HostPorts, ADeviceOfTheSequencerIsKnownWithoutItsAddress)
+TEST(HostPorts, TheNameOfASequencerDeviceHasNoAddress)
 {
     EXPECT_EQ(withoutAddress("Keys:Keys MIDI 1 24:0"), "Keys:Keys MIDI 1");
     EXPECT_EQ(withoutAddress("Keys:Keys MIDI 1"), "Keys:Keys MIDI 1");

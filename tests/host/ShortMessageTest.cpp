@@ -23,17 +23,17 @@ Bytes sent(int status, int d1, int d2, int channel)
 }
 }  // namespace
 
-TEST(ShortMessage, APortGetsAsManyBytesAsTheMessageHas)
+TEST(ShortMessage, HasAsManyBytesAsItsStatusRequires)
 {
     EXPECT_EQ(sent(0x90, 60, 100, 2), (Bytes{0x92, 60, 100}));
     EXPECT_EQ(sent(0xC0, 5, 99, 15), (Bytes{0xCF, 5}));
-    EXPECT_EQ(sent(0xD0, 5, 200, 0), (Bytes{0xD0, 5})) << "the third byte is none of the message";
+    EXPECT_EQ(sent(0xD0, 5, 200, 0), (Bytes{0xD0, 5})) << "the third byte is not part of the message";
     EXPECT_EQ(sent(0xF2, 1, 2, 3), (Bytes{0xF2, 1, 2})) << "a song position has no channel";
     EXPECT_EQ(sent(0xF3, 7, 0, 0), (Bytes{0xF3, 7}));
     EXPECT_EQ(sent(0xFF, 0, 0, 0), (Bytes{0xFF}));
 }
 
-TEST(ShortMessage, WhatIsNoMidiIsSentToNoPort)
+TEST(ShortMessage, InvalidMidiIsNotSent)
 {
     EXPECT_EQ(sent(0x90, 128, 100, 0), Bytes());
     EXPECT_EQ(sent(0x80, 60, 255, 0), Bytes());
@@ -42,7 +42,7 @@ TEST(ShortMessage, WhatIsNoMidiIsSentToNoPort)
     EXPECT_EQ(sent(0x00, 60, 60, 0), Bytes());
 }
 
-TEST(ShortMessage, AWireIsReadOneWholeMessageAtATime)
+TEST(ShortMessage, ReadsExactlyOneCompleteMessage)
 {
     const Bytes whole[] = {{0x92, 60, 0}, {0xC1, 5}, {0xE0, 0, 64}, {0xF1, 3}, {0xF2, 1, 2}, {0xFA}, {0xFF}};
     for (const Bytes& bytes : whole) EXPECT_EQ(bytesOf(readShortMessage(bytes)), bytes);
