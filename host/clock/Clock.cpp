@@ -18,6 +18,7 @@ constexpr auto TICK = 1ms;
 constexpr auto MOST_TO_CATCH_UP = 100ms;  // 200 pulses at the highest tempo
 constexpr auto STAND_BY_INTERVAL = 50ms;
 constexpr auto LONGEST_SILENCE = 500ms;
+constexpr int PERIODS_TO_RESUME = 3;  // a server that hung may run two at once, and then the first is lost
 constexpr auto LONGEST_WAIT_FOR_SLICES = 5s;
 
 /// A stamp; it wraps round after 71 minutes.
@@ -41,12 +42,14 @@ void Clock::startInGraph(std::int64_t rate)
 {
     framesPerSecond = rate;
     framePulses.emplace(rate);
+    graphRate.store(rate);
+    graph.store(Graph::running);
     begin(Owner::graph);
 }
 
 void Clock::begin(Owner first)
 {
-    lastTick = nextTick = lastSlice = graphTime = std::chrono::steady_clock::now();
+    lastTick = nextTick = lastLook = graphTime = std::chrono::steady_clock::now();
     owner.transferTo(first);
     thread.start("orvane clock", [this] { run(); });
 }
@@ -57,6 +60,7 @@ void Clock::stop()
     wake.set();
     thread.join();
     owner.transferTo(Owner::none);
+    graph.store(Graph::none);
     tempo.end();
 }
 
@@ -69,7 +73,12 @@ void Clock::waitForSlices(std::uint64_t count) const
 
 void Clock::playPeriod(std::uint32_t firstStamp, std::uint32_t frames, const Transport* transport)
 {
-    if (!owner.enter(Owner::graph)) return;
+    periods.fetch_add(1);
+    if (!owner.enter(Owner::graph)) {
+        if (graphHangs() && ++periodsAfterHang >= PERIODS_TO_RESUME) replace(Graph::hung, Graph::returning);
+        return;
+    }
+    periodsAfterHang = 0;
     player.setClockThread();
     const std::uint32_t periodStart = monotonicMilliseconds();
     const std::uint64_t slicesBefore = slices.count();
@@ -109,6 +118,7 @@ bool Clock::synchronise(Time now, std::uint32_t frames)
 
 void Clock::setGraphRate(std::int64_t rate)
 {
+    graphRate.store(rate);
     if (!owner.enter(Owner::graph)) return;
     PulseClock atRate(rate);
     atRate.continueFrom(*framePulses);
@@ -129,15 +139,14 @@ void Clock::receive(int input, const ShortMessage& message)
 
 void Clock::graphDied()
 {
-    nextGraphRate.store(0);
-    died.store(true);
+    graph.store(Graph::dead);
     wake.set();
 }
 
 void Clock::returnToGraph(std::int64_t rate)
 {
-    died.store(false);
-    nextGraphRate.store(rate);
+    graphRate.store(rate);
+    graph.store(Graph::returning);
     wake.set();
 }
 
@@ -147,7 +156,7 @@ void Clock::run()
     while (!stopping.load()) {
         if (!runsOnItsThread())
             standBy();
-        else if (nextGraphRate.load() != 0)
+        else if (graph.load() == Graph::returning)
             handBack();
         else
             tick();
@@ -157,10 +166,18 @@ void Clock::run()
 void Clock::standBy()
 {
     wake.waitFor(STAND_BY_INTERVAL);
-    const auto now = std::chrono::steady_clock::now();
-    if (slices.count() != slicesThen || !insists.load()) lastSlice = now;
-    slicesThen = slices.count();
-    if (!stopping.load() && (died.load() || now - lastSlice > LONGEST_SILENCE)) takeOver();
+    if (hasStalled()) replace(Graph::running, Graph::hung);
+    if (!stopping.load() && graph.load() != Graph::running) takeOver();
+}
+
+/// No process callback has run for `LONGEST_SILENCE`. If this process was suspended, that time does not count.
+bool Clock::hasStalled()
+{
+    const Time now = std::chrono::steady_clock::now();
+    const std::uint32_t count = periods.load();
+    if (std::exchange(periodsSeen, count) != count) silence = 0ns;
+    silence += std::min<std::chrono::nanoseconds>(now - std::exchange(lastLook, now), 2 * STAND_BY_INTERVAL);
+    return silence > LONGEST_SILENCE;
 }
 
 void Clock::takeOver()
@@ -175,8 +192,8 @@ void Clock::takeOver()
 
 void Clock::handBack()
 {
-    const std::int64_t rate = nextGraphRate.exchange(0);
-    if (rate == 0) return;
+    if (!replace(Graph::returning, Graph::running)) return;
+    const std::int64_t rate = graphRate.load();
     owner.transferTo(Owner::none);
     tempo.discardReceived();
     framesPerSecond = rate;
@@ -184,7 +201,8 @@ void Clock::handBack()
     framePulses->continueFrom(timePulses);
     graphTime = lastTick;
     resumes = true;
-    lastSlice = std::chrono::steady_clock::now();
+    lastLook = std::chrono::steady_clock::now();
+    silence = 0ns;
     owner.transferTo(Owner::graph);
 }
 

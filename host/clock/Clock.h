@@ -18,8 +18,16 @@ namespace Host
 {
 /// The host's clock: it plays time slices at the tempo of its tempo controller. In an audio graph the process callback
 /// plays them, one slice per pulse, with the frame of the pulse as its stamp. Without a graph the clock's own thread
-/// plays a slice about every millisecond. That thread also runs beside a graph: it takes over at the pulse where the
-/// graph stopped if the server dies, and hands back to the next graph. `ClockOwner` says which of the two plays.
+/// plays a slice about every millisecond. That thread also runs beside a graph and takes over at the pulse where the
+/// graph stopped. `ClockOwner` says which of the two plays:
+///
+/// | graph     | entered by                                       | owner of the clock                  |
+/// |-----------|--------------------------------------------------|-------------------------------------|
+/// | none      | `startOnThread`                                  | thread                              |
+/// | running   | `startInGraph`; when the thread has handed over  | graph                               |
+/// | hung      | from running: no period for half a second        | thread                              |
+/// | dead      | `graphDied`                                      | thread                              |
+/// | returning | `returnToGraph`; from hung: the third period     | thread, until its next slice        |
 ///
 /// If the process was stopped for more than 100 ms, the time beyond is skipped. No pulse is ever skipped.
 class Clock
@@ -43,16 +51,19 @@ public:
     /// No slice is played once this has returned.
     void stop();
 
-    /// Beside a graph: from now on the clock's own thread also takes over if the graph plays no slice for half a
-    /// second.
-    void neverStall() { insists.store(true); }
-
     /// Waits until that many more slices have been played, at most 5 seconds.
     void waitForSlices(std::uint64_t slices) const;
 
+    /// The process callback has not run for half a second, though the server is not known to be dead. Any thread.
+    bool graphHangs() const { return graph.load() == Graph::hung; }
+
+    /// The clock's own thread plays. Any thread.
     bool runsOnItsThread() const { return owner.isOwnedBy(ClockOwner::Owner::thread); }
 
     // Process callback
+
+    /// The graph hung and does not own the clock again: it should send nothing in this period.
+    bool isResuming() const { return graphHangs() || graph.load() == Graph::returning; }
 
     /// Plays the next `frames` frames, the first of which has that stamp. `transport` is the state of the graph's
     /// transport at that frame, null if it is not followed.
@@ -76,9 +87,13 @@ public:
 private:
     using Time = std::chrono::steady_clock::time_point;
 
+    enum class Graph { none, running, hung, dead, returning };
+
+    bool replace(Graph expected, Graph next) { return graph.compare_exchange_strong(expected, next); }
     void begin(ClockOwner::Owner first);
     void run();
     void standBy();
+    bool hasStalled();
     void takeOver();
     void handBack();
     bool synchronise(Time now, std::uint32_t frames);
@@ -92,11 +107,14 @@ private:
 
     ClockOwner owner;
     std::atomic<bool> stopping{false};
-    std::atomic<bool> insists{false};
-    std::atomic<bool> died{false};
-    std::atomic<std::int64_t> nextGraphRate{0};  // of a graph that is to own the clock; 0 for none
+    std::atomic<Graph> graph{Graph::none};
+    std::atomic<std::int64_t> graphRate{0};
+    std::atomic<std::uint32_t> periods{0};  // process callbacks so far; wraps round
     Event wake;
     Thread thread;
+
+    // Used by the process callback
+    int periodsAfterHang = 0;
 
     // Used by the owner of the clock
     std::optional<PulseClock> framePulses;
@@ -109,7 +127,8 @@ private:
     PulseClock timePulses;
     Time lastTick;
     Time nextTick;
-    Time lastSlice;
-    std::uint64_t slicesThen = 0;
+    Time lastLook;
+    std::chrono::nanoseconds silence{0};  // since the last process callback
+    std::uint32_t periodsSeen = 0;
 };
 }  // namespace Host

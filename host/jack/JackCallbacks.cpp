@@ -110,9 +110,16 @@ void JackCallbacks::playPeriod(jack_nframes_t frames)
     receiveAll(frames);
     if (isNewThread.exchange(false)) updatePriority();
     updateRate();
-    if (Clock* const songClock = clock.load()) play(*songClock, frames);
-    for (std::size_t index = 1; index < count; ++index)
-        if (jack_port_t* own = outputs[index]) deliver(*ports.outputs()[index], own, periodStart, frames);
+    Clock* const songClock = clock.load();
+    if (songClock != nullptr) play(*songClock, frames);
+    const bool delivers = songClock == nullptr || !songClock->isResuming();
+    for (std::size_t index = 1; index < count; ++index) {
+        jack_port_t* const own = outputs[index];
+        if (own != nullptr && delivers)
+            deliver(*ports.outputs()[index], own, periodStart, frames);
+        else if (own != nullptr)
+            deliverNothing(own, frames);
+    }
     if (auto* const sound = synthesizer.load()) sound->render(periodStart, frames);
     periodStart += frames;
     periods.fetch_add(1);

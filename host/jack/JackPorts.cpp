@@ -29,6 +29,11 @@ bool receive(InputPort& input, jack_port_t* own, jack_nframes_t frames, const Ja
     return arrived;
 }
 
+void deliverNothing(jack_port_t* own, jack_nframes_t frames)
+{
+    jack_midi_clear_buffer(jack_port_get_buffer(own, frames));
+}
+
 void deliver(OutputPort& output, jack_port_t* own, std::uint32_t start, jack_nframes_t frames)
 {
     void* buffer = jack_port_get_buffer(own, frames);

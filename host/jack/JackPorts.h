@@ -25,6 +25,9 @@ struct JackClockSink {
 /// True if any were pushed. Process callback.
 bool receive(InputPort& input, jack_port_t* own, jack_nframes_t frames, const JackClockSink& clock);
 
+/// Writes nothing in this period. Process callback.
+void deliverNothing(jack_port_t* own, jack_nframes_t frames);
+
 /// The frame of a period on which a stamp falls: `earliest` for a stamp that is late, never after `latest`.
 jack_nframes_t frameOf(std::uint32_t stamp, std::uint32_t start, jack_nframes_t earliest, jack_nframes_t latest);
 

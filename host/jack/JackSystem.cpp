@@ -3,6 +3,7 @@
 #include <chrono>
 #include <stdexcept>
 #include <thread>
+#include <utility>
 
 namespace Host
 {
@@ -42,6 +43,7 @@ std::string JackSystem::description() const
 std::string JackSystem::status() const
 {
     if (!client) return "no JACK server";
+    if (hangs) return "JACK server hangs";
     return "JACK " + std::to_string(jack_get_sample_rate(client.get())) + " Hz, " +
            std::to_string(jack_get_buffer_size(client.get())) + " frames, " + std::to_string(callbacks.getXruns()) +
            " xruns";
@@ -163,12 +165,26 @@ bool JackSystem::refresh()
     if (!client) return enterNewGraph();
     if (hasDied()) {
         leaveDeadGraph();
+        hangs = false;
         news.push_back(
             "The JACK server is gone: no MIDI and no sound until there is one again. The engine continues with its own "
             "clock.");
         return true;
     }
-    return devices.refresh();
+    return !updateHang() && devices.refresh();
+}
+
+/// True while the server hangs: calls of it would not return.
+bool JackSystem::updateHang()
+{
+    const Clock* const songClock = callbacks.clock.load();
+    const bool hangsNow = songClock != nullptr && songClock->graphHangs();
+    if (hangsNow != std::exchange(hangs, hangsNow))
+        news.push_back(hangsNow
+                           ? "The JACK server hangs: no MIDI and no sound until it runs again. The engine continues "
+                             "with its own clock."
+                           : "The JACK server runs again.");
+    return hangsNow;
 }
 
 // --- the user's choices

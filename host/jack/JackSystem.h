@@ -14,9 +14,9 @@ namespace Host
 {
 /// The host in a JACK graph, PipeWire's included: one client with two free MIDI ports that the user connects ("Orvane
 /// In", "Orvane Out"), one more for each MIDI port of other clients while that is registered, and the built-in
-/// synthesizer's two audio ports. The process callback drives the clock. A device that is connected to "Orvane In" is
-/// not received a second time at the port of its own. If the server dies, a new client enters the next server and
-/// restores the connections.
+/// synthesizer's two audio ports. The process callback drives the clock. While the server hangs, the clock's own thread
+/// does. A device that is connected to "Orvane In" is not received a second time at the port of its own. If the server
+/// dies, a new client enters the next server and restores the connections.
 class JackSystem final : public MidiSystem
 {
 public:
@@ -47,6 +47,7 @@ private:
     void closeDeadClient();
     void leaveDeadGraph();
     bool enterNewGraph();
+    bool updateHang();
     bool hasDied() const { return callbacks.died.load(); }
 
     const std::string clientName;
@@ -55,6 +56,7 @@ private:
     std::unique_ptr<JackSynthesizer> synthesizer;  // null if it could not be made
     JackCallbacks callbacks;
     JackDevices devices;
-    JackClient client;  // null while there is no server; destroyed before the members above
+    bool hangs = false;  // as reported
+    JackClient client;   // null while there is no server; destroyed before the members above
 };
 }  // namespace Host

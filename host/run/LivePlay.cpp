@@ -289,7 +289,6 @@ void LivePlay::switchInputsOff()
 /// Inputs off, two slices for what they released, a reset.
 void LivePlay::endNotes()
 {
-    clock.neverStall();
     switchInputsOff();
     clock.waitForSlices(SLICES_FOR_INPUTS_TO_END);
     orv->getMidiEngineMessageManager().sendReset();
