@@ -33,12 +33,12 @@ class Measurement(Clocks):
                                           (100, 1, 0.5, 60), (120, 1, -2, 20)):
             record = self.source("master", "orvane:Orvane In", "orvane:Orvane Out", bpm, jitter, drift, beats)
             began = next(frame for frame, message in record.sent if message == START)
-            start = next(index for index, (_, message) in enumerate(record.heard) if message == START)
-            heard = [frame - began for frame, message in record.heard[start:] if message == TICK][:beats * 24]
-            ideal = list(ideal_frames(bpm, jitter, drift, len(heard)))
-            late = [(one - other) / RATE * 1000 for one, other in zip(heard, ideal)][SETTLED:]
-            tempos = [60 * RATE / (heard[tick + 24] - heard[tick]) - 60 * RATE / (ideal[tick + 24] - ideal[tick])
-                      for tick in range(SETTLED, len(heard) - 24)]
+            start = next(index for index, (_, message) in enumerate(record.received) if message == START)
+            received = [frame - began for frame, message in record.received[start:] if message == TICK][:beats * 24]
+            ideal = list(ideal_frames(bpm, jitter, drift, len(received)))
+            late = [(one - other) / RATE * 1000 for one, other in zip(received, ideal)][SETTLED:]
+            tempos = [60 * RATE / (received[tick + 24] - received[tick]) - 60 * RATE / (ideal[tick + 24] - ideal[tick])
+                      for tick in range(SETTLED, len(received) - 24)]
             print(f"{bpm} bpm, {drift:+} a beat, jitter {jitter} ms: tempo within {max(map(abs, tempos)):.2f} bpm "
                   f"(mean {sum(map(abs, tempos)) / len(tempos):.3f}), ticks {min(late):+.2f} to {max(late):+.2f} ms")
 

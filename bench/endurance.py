@@ -34,10 +34,10 @@ class Endurance(hotplug.Stage):
         with open(f"/proc/{program.process.pid}/status") as status:
             return int(re.search(r"VmRSS:\s+(\d+)", status.read()).group(1))
 
-    def finish(self, orvane, stream, monitor, heard_before=()):
+    def finish(self, orvane, stream, monitor, received_before=()):
         stream.stop()
         self.assertEqual(orvane.end(), 0, orvane.complained)
-        self.assertEqual(sounding([*heard_before, *monitor.heard]), [])
+        self.assertEqual(sounding([*received_before, *monitor.received]), [])
         print(orvane.printed.splitlines()[-1])
 
     def minutes(self):
@@ -59,7 +59,7 @@ class Endurance(hotplug.Stage):
 
     def hears(self, monitor):
         try:
-            until(lambda: len(monitor.heard) > 20, "the stream", 3)
+            until(lambda: len(monitor.received) > 20, "the stream", 3)
         except AssertionError:
             return False
         return True
@@ -68,10 +68,10 @@ class Endurance(hotplug.Stage):
         orvane, stream = self.start()
         monitor = self.monitor()
         self.tool("jack_connect", "X:Orvane Out", "monitor:input")
-        gaps, heard, asleep = [], [], 0  # all monitors together are an instrument with power of its own
+        gaps, received, asleep = [], [], 0  # all monitors together are an instrument with power of its own
         for turn in range(AMOUNT + 1):
             while not self.hears(monitor):  # a busy server now and then never wakes a client that it took in
-                heard += [f"80 {note} 40" for note in sounding(heard)]
+                received += [f"80 {note} 40" for note in sounding(received)]
                 asleep += 1
                 monitor.clean()
                 monitor = self.monitor(wired_to="X:Orvane Out")
@@ -80,7 +80,7 @@ class Endurance(hotplug.Stage):
             started = []
 
             def server():
-                heard.extend(monitor.heard)
+                received.extend(monitor.received)
                 monitor.clean()
                 server = Server(self)
                 started.append(time.monotonic())
@@ -90,7 +90,7 @@ class Endurance(hotplug.Stage):
             monitor = self.monitor(wired_to="X:Orvane Out")
         print(f"{AMOUNT} restarts; back in the graph after {sorted(gaps)[len(gaps) // 2]:.2f} s in the middle, "
               f"{max(gaps):.2f} s at most; {self.memory(orvane)} kB; {asleep} monitors were never woken")
-        self.finish(orvane, stream, monitor, heard)
+        self.finish(orvane, stream, monitor, received)
 
     def virtual(self):
         with open(self.folder + "/long.perf", "w") as file:

@@ -57,7 +57,7 @@ bool AlsaSystem::refresh() { return devices->haveChanged() && updateDevices(); }
 bool AlsaSystem::updateDevices()
 {
     bool changed = false;
-    const auto andNote = [&](void (AlsaSystem::*change)(std::size_t)) {
+    const auto markChange = [&](void (AlsaSystem::*change)(std::size_t)) {
         return [this, &changed, change](std::size_t index) {
             (this->*change)(index);
             changed = true;
@@ -70,8 +70,8 @@ bool AlsaSystem::updateDevices()
         foundSinks.insert(foundSinks.begin(), FREE_OUTPUT);
     }
     foundSinks.insert(foundSinks.begin(), SYNTHESIZER_DEVICE);
-    ports.assignInputs(foundSources, andNote(&AlsaSystem::removeInput), andNote(&AlsaSystem::addInput));
-    ports.assignOutputs(foundSinks, andNote(&AlsaSystem::removeOutput), andNote(&AlsaSystem::addOutput));
+    ports.assignInputs(foundSources, markChange(&AlsaSystem::removeInput), markChange(&AlsaSystem::addInput));
+    ports.assignOutputs(foundSinks, markChange(&AlsaSystem::removeOutput), markChange(&AlsaSystem::addOutput));
     return changed;
 }
 

@@ -74,7 +74,7 @@ bool JackDevices::refresh()
 bool JackDevices::updateDevices(NewDevices whenNew)
 {
     bool changed = false;
-    const auto andNote = [&](void (JackDevices::*change)(std::size_t)) {
+    const auto markChange = [&](void (JackDevices::*change)(std::size_t)) {
         return [this, &changed, change](std::size_t index) {
             (this->*change)(index);
             changed = true;
@@ -88,8 +88,8 @@ bool JackDevices::updateDevices(NewDevices whenNew)
     }
     sources.insert(sources.begin(), FREE_INPUT_DEVICE);
     sinks.insert(sinks.begin(), {SYNTHESIZER_DEVICE, FREE_OUTPUT_DEVICE});
-    ports.assignInputs(sources, andNote(&JackDevices::removeInput), andNote(&JackDevices::addInput));
-    ports.assignOutputs(sinks, andNote(&JackDevices::removeOutput), andNote(&JackDevices::addOutput));
+    ports.assignInputs(sources, markChange(&JackDevices::removeInput), markChange(&JackDevices::addInput));
+    ports.assignOutputs(sinks, markChange(&JackDevices::removeOutput), markChange(&JackDevices::addOutput));
     updateConnections(true);
     openNewOutputs();
     return changed;

@@ -1,4 +1,4 @@
-"""MIDI clocks and the transport of a JACK graph, with another process for the other side:
+"""MIDI clocks and the transport of a JACK graph, with another process as the other end:
 clock.py ORVANE MIDI_SOURCE MIDI_FILE_READERS.sh CLOCK_SOURCE
 
 What is asserted are messages in their order and distances in frames of the graph, which are exact; where the server
@@ -22,14 +22,14 @@ class Record:
 
     def __init__(self, text):
         lines = [line.split() for line in text.splitlines()]
-        self.sent, self.heard = ([(int(line[1]), line[2]) for line in lines if line[0] == verb]
-                                 for verb in ("sent", "heard"))
+        self.sent, self.received = ([(int(line[1]), line[2]) for line in lines if line[0] == verb]
+                                 for verb in ("sent", "received"))
         self.gaps = sum(line[0] == "gap" for line in lines)
 
     def song(self):
-        """What was heard, ticks behind each other as their number."""
+        """The messages received, consecutive ticks as their number."""
         song = []
-        for _, message in self.heard:
+        for _, message in self.received:
             if message != TICK:
                 song.append(message)
             elif song and isinstance(song[-1], int):
@@ -39,15 +39,15 @@ class Record:
         return song
 
     def frames(self, message):
-        return [frame for frame, heard in self.heard if heard == message]
+        return [frame for frame, received in self.received if received == message]
 
-    def distances(self, behind=None):
-        """From tick to tick, of those behind the last such message."""
+    def distances(self, after=None):
+        """From tick to tick, of those after the last such message."""
         first = 0
-        for index, (_, message) in enumerate(self.heard):
-            if message == behind:
+        for index, (_, message) in enumerate(self.received):
+            if message == after:
                 first = index
-        frames = [frame for frame, message in self.heard[first:] if message == TICK]
+        frames = [frame for frame, message in self.received[first:] if message == TICK]
         return [later - earlier for earlier, later in zip(frames, frames[1:])]
 
 
@@ -81,8 +81,8 @@ class Clocks(live.House):
         runs = []
         for _ in range(TRIES):
             listener = Program(self, CLOCK_SOURCE, "listener", "-", "orvane:Orvane Out", "0", "0", "0", "0")
-            heard = monitor.heard.count(TICK)
-            until(lambda: monitor.heard.count(TICK) > heard + 120, "ticks")
+            received = monitor.received.count(TICK)
+            until(lambda: monitor.received.count(TICK) > received + 120, "ticks")
             self.assertEqual(listener.end(signal.SIGTERM), 0)
             runs.append(longest_run(Record(listener.printed).distances(), frames))
             if runs[-1] >= 48:
@@ -94,15 +94,15 @@ class Clocks(live.House):
         monitor = Monitor(self, "monitor")
         orvane = self.orvane("--tempo", "120", "--clock-out", "Orvane Out", "--connect", "Orvane Out=monitor:input",
                              "--default-output", "Orvane Out")
-        until(lambda: monitor.heard.count(TICK) > 48, "ticks")
-        self.assertEqual(monitor.heard[:2], [START, TICK])
+        until(lambda: monitor.received.count(TICK) > 48, "ticks")
+        self.assertEqual(monitor.received[:2], [START, TICK])
         self.expect_ticks_of(1000, monitor)
         orvane.say("play 1 0 -1 144 60 100")
         monitor.await_message("90 3c 64")
         self.assertEqual(orvane.end(), 0)
-        until(lambda: monitor.heard[-1][:5] == "80 3c" or monitor.heard[-1] == STOP, "the end")
-        self.assertEqual(monitor.heard.count(STOP), 1)
-        self.assertNotIn(TICK, monitor.heard[monitor.heard.index(STOP):])
+        until(lambda: monitor.received[-1][:5] == "80 3c" or monitor.received[-1] == STOP, "the end")
+        self.assertEqual(monitor.received.count(STOP), 1)
+        self.assertNotIn(TICK, monitor.received[monitor.received.index(STOP):])
 
     def test_an_arpeggio_plays_to_the_frame(self):
         with open(self.folder + "/arpeggio.prg", "w") as file:
@@ -126,7 +126,7 @@ class Clocks(live.House):
                              any(abs(length - beat * 50 / 120) < 1 for length in lengths))
         self.assertEqual(orvane.end(), 0)
 
-    def test_the_clock_that_is_heard_comes_out_tick_by_tick_once_and_leaves_its_tempo_in_each_graph(self):
+    def test_an_external_clock_is_forwarded_tick_by_tick_and_its_tempo_stays_in_each_graph(self):
         self.serve()
         orvane = self.orvane("--clock-in", "Orvane In", "--clock-out", "Orvane Out", "--default-output", "Orvane Out")
         for turn, (bpm, jitter, drift, beats) in enumerate([(150, 1, 0, 20), (100, 1, 2, 12)]):
@@ -134,7 +134,7 @@ class Clocks(live.House):
                 record = self.source("master", "orvane:Orvane In", "orvane:Orvane Out", bpm, jitter, drift, beats)
                 song = record.song()
                 if isinstance(song[0], int):
-                    song = song[1:]  # what the clock sends while nobody leads
+                    song = song[1:]  # ticks sent before the external clock starts
                 self.assertEqual(song[0], START)
                 self.assertEqual(song[2], STOP, song)
                 self.assertAlmostEqual(song[1], beats * 24, delta=1)
@@ -149,7 +149,7 @@ class Clocks(live.House):
             until(lambda: orvane.complained.count("server is back") == turn + 1, "the return")
         self.assertEqual(orvane.end(), 0)
 
-    def test_the_program_gets_the_tempo_that_is_heard(self):
+    def test_the_program_gets_the_external_tempo(self):
         self.serve()
         monitor = Monitor(self, "monitor")
         orvane = self.orvane("--clock-in", "0", "--clock-out", "Orvane Out", "--connect", "Orvane Out=monitor:input")
@@ -164,8 +164,8 @@ class Clocks(live.House):
         record = self.source("roller", "-", "orvane:Orvane Out", "roll", 0, 125, 20)
         song = [part for part in record.song() if not isinstance(part, int)]
         self.assertEqual(song, [START, STOP])
-        ticks = [frame for frame, message in record.heard if message in (TICK, STOP)]
-        stop = next(frame for frame, message in record.heard if message == STOP)
+        ticks = [frame for frame, message in record.received if message in (TICK, STOP)]
+        stop = next(frame for frame, message in record.received if message == STOP)
         settled = [frame for frame in ticks if frame < stop][-25:]
         for earlier, later in zip(settled, settled[1:]):
             self.assertAlmostEqual(later - earlier, 960, delta=1)

@@ -18,16 +18,16 @@
 #include <thread>
 #include <vector>
 
-/// Somebody else's MIDI clock in a JACK graph, for the end-to-end tests and the measurements. It sends ticks, each at
-/// its frame, and tells what was sent and what it hears, with the frames of its own count:
+/// An external MIDI clock in a JACK graph, for the end-to-end tests and the measurements. It sends ticks, each at its
+/// frame, and prints the messages sent and received, with the frames of its own count:
 ///
 ///     clock_source CLIENT DESTINATION SOURCE BPM JITTER_MS DRIFT BEATS
 ///
-/// CLIENT:out is joined to DESTINATION and SOURCE to CLIENT:in ("-" for nothing). A start comes before the first tick
-/// and a stop behind the last. Every tick is off by up to JITTER_MS either way, the same ones each time, and the tempo
-/// grows by DRIFT beats per minute in each beat. With 0 BEATS it sends nothing. It ends when everything was sent and
-/// 200 periods have passed, or at SIGTERM. Lines: "sent FRAME HEX", "heard FRAME HEX", and "gap FRAME" where the server
-/// left periods out or did not wait for a client.
+/// CLIENT:out is connected to DESTINATION and SOURCE to CLIENT:in ("-" for nothing). A start comes before the first
+/// tick and a stop after the last. Every tick is off by up to JITTER_MS either way, the same ones each time, and the
+/// tempo grows by DRIFT beats per minute in each beat. With 0 BEATS it sends nothing. It ends when everything was sent
+/// and 200 periods have passed, or at SIGTERM. Lines: "sent FRAME HEX", "received FRAME HEX", and "gap FRAME" where the
+/// server left periods out or did not wait for a client.
 ///
 ///     clock_source CLIENT - SOURCE roll FRAME BPM BEATS
 ///
@@ -81,7 +81,7 @@ struct Source {
     std::atomic<int> periodsAfterwards{0};
     std::atomic<int> overruns{0};
     Record sent;
-    Record heard;
+    Record received;
     Record gaps;
     std::size_t next = 0;
     std::int64_t frame = 0;
@@ -103,7 +103,7 @@ int process(jack_nframes_t frames, void* argument)
     void* input = jack_port_get_buffer(source.in, frames);
     jack_midi_event_t event;
     for (std::uint32_t index = 0; jack_midi_event_get(&event, input, index) == 0; ++index)
-        source.heard.add(source.frame + event.time, event.buffer, event.size);
+        source.received.add(source.frame + event.time, event.buffer, event.size);
 
     void* output = jack_port_get_buffer(source.out, frames);
     jack_midi_clear_buffer(output);
@@ -229,7 +229,7 @@ int main(int argc, char** argv)
     waitFor([&] { return !endless && source.periodsAfterwards >= (rolls ? 3 : PERIODS_AFTERWARDS); });
     jack_client_close(source.client);
     source.sent.print("sent");
-    source.heard.print("heard");
+    source.received.print("received");
     source.gaps.print("gap");
     return 0;
 }

@@ -67,14 +67,14 @@ class Keys(live.House):
         orvane.type(b"wz ")
         monitor.await_message("b0 01 7f")
         monitor.await_message("b0 01 00")
-        self.assertEqual(monitor.heard, ["90 3c 64", "80 3c 64", "90 3e 64", "80 3e 64", "90 30 64", "80 30 64",
+        self.assertEqual(monitor.received, ["90 3c 64", "80 3c 64", "90 3e 64", "80 3e 64", "90 30 64", "80 30 64",
                                          "b0 01 7f", "b0 01 00"])
         orvane.type(b"\x1bOQ\x1b[1;2Pi")  # F2 and Shift F1: an octave up and a semitone down
         monitor.await_message("90 53 64")
         orvane.type(b"\x03")
         self.assertEqual(orvane.process.wait(live.PATIENCE), 0, orvane.complained)
         self.assertEqual(orvane.mode(), orvane.before)
-        until(lambda: any(heard.startswith("80 53") for heard in monitor.heard), "the note off")
+        until(lambda: any(received.startswith("80 53") for received in monitor.received), "the note off")
         self.assertEqual(orvane.complained, "")
 
     def test_a_held_key_repeats_without_sounding_again(self):
@@ -88,7 +88,7 @@ class Keys(live.House):
         orvane.type(b"\x03")
         self.assertEqual(orvane.process.wait(live.PATIENCE), 0)
         # A machine that stands still for long breaks a row of repeats in two, but every note ends.
-        notes = [heard for heard in monitor.heard if heard[:2] in ("80", "90")]
+        notes = [received for received in monitor.received if received[:2] in ("80", "90")]
         self.assertEqual(notes, ["90 3c 64", "80 3c 64"] * (len(notes) // 2))
         self.assertLess(len(notes), 30)
 

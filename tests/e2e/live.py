@@ -22,7 +22,7 @@ def until(condition, what, patience=PATIENCE):
     limit = time.monotonic() + patience
     while not condition():
         if time.monotonic() > limit:
-            raise AssertionError("waited in vain for " + what)
+            raise AssertionError("timed out waiting for " + what)
         time.sleep(0.02)
 
 
@@ -84,14 +84,14 @@ class Server(Program):
         if self.process.returncode < 0:
             Server(self.test).end(signal.SIGTERM)
         for left in glob.glob("/dev/shm/jack_sem.*_" + self.test.environment["JACK_DEFAULT_SERVER"] + "_*"):
-            os.remove(left)  # what killed clients leave behind
+            os.remove(left)  # left over by killed clients
 
 
 class Monitor(Program):
-    """Hears what arrives at its port, NAME:input, and tells it as hexadecimal bytes.
+    """Receives messages at its port, NAME:input, and prints them as hexadecimal bytes.
 
-    The server of a busy machine now and then takes a client in and never wakes it, so it is tried first, and another
-    takes its place if it is deaf; not where the player that tries it would be in the way."""
+    The server of a busy machine sometimes accepts a client and never runs it. So a monitor is tried with a probe, and
+    replaced if it does not receive it; not where the player of the probe would disturb the test."""
 
     PROBE = "fe"
     TRIES = 4
@@ -101,28 +101,28 @@ class Monitor(Program):
         for _ in range(self.TRIES):
             super().__init__(test, "stdbuf", "-oL", "jack_midi_dump", name)
             until(lambda: name + ":input" in test.ports(), "the monitor")
-            if not tried or self.hears(test, name):
+            if not tried or self.is_run(test, name):
                 return
             self.clean()
             until(lambda: name + ":input" not in test.ports(), "the deaf monitor's end")
-        raise AssertionError("no monitor hears anything")
+        raise AssertionError("no monitor receives anything")
 
-    def hears(self, test, name):
+    def is_run(self, test, name):
         test.play(name + ":input", "0:" + self.PROBE)
         try:
-            until(lambda: self.heard == [self.PROBE], "the probe", 5)
+            until(lambda: self.received == [self.PROBE], "the probe", 5)
         except AssertionError:
             return False
         self.known = 1
         return True
 
     @property
-    def heard(self):
+    def received(self):
         lines = (re.match(r"\s*\d+:((?: [0-9a-f]{2})+)", line) for line in self.printed.splitlines())
         return [line.group(1).strip() for line in lines if line][self.known:]
 
     def await_message(self, message):
-        until(lambda: message in self.heard, f"{message} among {self.heard}")
+        until(lambda: message in self.received, f"{message} among {self.received}")
 
 
 class House(unittest.TestCase):
@@ -170,7 +170,7 @@ class House(unittest.TestCase):
 
 
 class Live(House):
-    def test_what_another_program_plays_comes_out_and_what_stays_in_the_host_does_not(self):
+    def test_messages_of_another_program_are_played_except_those_kept_in_the_host(self):
         self.serve()
         monitor = Monitor(self, "monitor")
         orvane = self.orvane("--client", "X", "--default-output", "Orvane Out", "--connect",
@@ -183,9 +183,9 @@ class Live(House):
         self.play("X:Orvane In", *(f"{20 * at}:{message.replace(' ', '')}"
                                    for at, message in enumerate(messages[:6] + kept + messages[6:])))
         monitor.await_message("ff")
-        self.assertEqual(monitor.heard, messages)
+        self.assertEqual(monitor.received, messages)
         self.assertEqual(orvane.end(), 0)
-        self.assertEqual(monitor.heard, messages, "nothing sounded any more")
+        self.assertEqual(monitor.received, messages, "nothing sounded any more")
 
     def test_every_midi_port_of_the_graph_is_a_port_of_its_own(self):
         self.serve()
@@ -203,7 +203,7 @@ class Live(House):
         self.assertIn("monitor:input", self.connections("orvane:to monitor:input"))
         self.assertEqual(source.process.wait(PATIENCE), 0)
         monitor.await_message("80 3c 40")
-        self.assertEqual(monitor.heard, ["90 3c 64", "80 3c 40"], "the layer gives them its channel")
+        self.assertEqual(monitor.received, ["90 3c 64", "80 3c 40"], "the layer gives them its channel")
         self.assertEqual(orvane.end(), 0)
 
     def test_a_signal_ends_with_every_note_off(self):
@@ -221,8 +221,8 @@ class Live(House):
                 self.assertEqual(orvane.end(sent), 0, orvane.complained)
                 for monitor, expected in ((thru, ["80 3c", "80 3e"]), (direct, ["89 24", "b0 40 00"])):
                     for message in expected:
-                        until(lambda: any(heard.startswith(message) for heard in monitor.heard),
-                              f"{message} among {monitor.heard}")
+                        until(lambda: any(received.startswith(message) for received in monitor.received),
+                              f"{message} among {monitor.received}")
                 self.assertEqual(orvane.complained, "")
                 self.startAfresh()
 
@@ -272,13 +272,13 @@ class Live(House):
         monitor = Monitor(self, "monitor")
         orvane = self.orvane("--client", "X", "--default-output", "Orvane Out", "--connect",
                              "X:Orvane Out=monitor:input", "--load", bank, "--number", "1")
-        heard = []
+        received = []
 
         def press(channel):
             orvane.say("key down Q")
             orvane.say("key up Q")
             for message in (f"9{channel} 3c 64", f"8{channel} 3c 64"):
-                heard.append(message)
+                received.append(message)
                 monitor.await_message(message)
 
         press(1)
@@ -289,27 +289,27 @@ class Live(House):
         press(0)
         self.play("X:Orvane In", "0:c003", "50:903c64", "100:803c40")
         for message in ("93 3c 64", "83 3c 40"):
-            heard.append(message)
+            received.append(message)
             monitor.await_message(message)
         orvane.say("key down F9")
         orvane.say("key up F9")  # the last program stays
         orvane.say('function <ChangeProgram type="down"/>')
         orvane.say("key down Q")
         orvane.say("key up Q")
-        heard += ["92 3c 64", "82 3c 64"]
-        until(lambda: len(monitor.heard) >= len(heard), "the program before the last")
+        received += ["92 3c 64", "82 3c 64"]
+        until(lambda: len(monitor.received) >= len(received), "the program before the last")
         self.assertEqual(orvane.end(), 0)
-        self.assertEqual(monitor.heard, heard)
+        self.assertEqual(monitor.received, received)
 
-    def test_an_output_that_is_switched_off_goes_silent_and_comes_back(self):
+    def test_a_disabled_output_ends_its_notes_and_can_be_enabled_again(self):
         self.serve()
         monitor = Monitor(self, "monitor")
         orvane = self.orvane("--connect", "Orvane Out=monitor:input")
         orvane.say("play 2 0 -1 144 60 100")
         monitor.await_message("90 3c 64")
         orvane.say("enable output 2 off")
-        until(lambda: len(monitor.heard) == 2, "the note off")
-        self.assertEqual(monitor.heard[1][:5], "80 3c")
+        until(lambda: len(monitor.received) == 2, "the note off")
+        self.assertEqual(monitor.received[1][:5], "80 3c")
         until(lambda: not self.connections("orvane:to monitor:input"), "the end of the connection")
         orvane.say("play 2 0 -1 144 62 100")
         orvane.say("play 1 0 -1 176 1 1")
@@ -319,24 +319,24 @@ class Live(House):
         orvane.say("nonsense")
         until(lambda: "standard input:6: " in orvane.complained, "the complaint")
         # The list that says the output is back may still be under way when the first note is played.
-        until(lambda: orvane.say("play 2 0 -1 144 65 100") or "90 41 64" in monitor.heard, "a note")
-        self.assertNotIn("90 3e 64", monitor.heard)
+        until(lambda: orvane.say("play 2 0 -1 144 65 100") or "90 41 64" in monitor.received, "a note")
+        self.assertNotIn("90 3e 64", monitor.received)
         orvane.process.stdin.close()
         self.assertEqual(orvane.end(), 0)
-        until(lambda: monitor.heard[-1].startswith("80"), "the last note off")
+        until(lambda: monitor.received[-1].startswith("80"), "the last note off")
 
-    def test_an_input_that_is_switched_off_is_not_heard(self):
+    def test_a_disabled_input_is_not_received(self):
         self.serve()
         monitor = Monitor(self, "monitor")
         orvane = self.orvane("--default-output", "2")
         self.play("orvane:Orvane In", "0:903c64")
         monitor.await_message("90 3c 64")
         orvane.say("enable input 0 off")
-        until(lambda: len(monitor.heard) == 2, "the note off of the input")
+        until(lambda: len(monitor.received) == 2, "the note off of the input")
         self.play("orvane:Orvane In", "0:904064")
         orvane.say("play 2 0 -1 176 1 1")
         monitor.await_message("b0 01 01")
-        self.assertEqual([heard[:5] for heard in monitor.heard], ["90 3c", "80 3c", "b0 01"])
+        self.assertEqual([received[:5] for received in monitor.received], ["90 3c", "80 3c", "b0 01"])
         self.assertEqual(orvane.end(), 0)
 
     def test_the_built_in_synthesizer_sounds(self):
@@ -354,7 +354,7 @@ class Live(House):
         self.assertGreater(max(samples), 300, "silence")
         self.assertEqual(orvane.end(), 0)
 
-    def test_a_server_that_dies_stops_the_sound_and_not_the_program(self):
+    def test_a_server_that_dies_does_not_stop_the_program(self):
         for sent in (signal.SIGKILL, signal.SIGTERM):
             with self.subTest(signal=sent.name):
                 self.serve()
@@ -392,10 +392,10 @@ class Live(House):
         until(lambda: "standard input:3: " in orvane.complained, "the complaint")
         self.assertEqual(orvane.end(signal.SIGTERM), 0)
 
-    def test_without_anything_to_be_heard_the_program_alone_renders_the_demonstration(self):
+    def test_without_any_output_the_program_alone_renders_the_demonstration(self):
         listed = self.tool(ORVANE, "ports")
         if "Back end: none" not in listed or "Couldn't Open" not in listed:
-            self.skipTest("this machine can be heard")
+            self.skipTest("this machine has an output")
         with tempfile.TemporaryDirectory() as folder:
             result = subprocess.run([ORVANE], cwd=folder, env=self.environment, capture_output=True, timeout=120)
             self.assertEqual(result.returncode, 0, result.stderr)

@@ -16,7 +16,7 @@
 ///
 ///     midi_source CLIENT DESTINATION MS:HEX...
 ///
-/// Its port is CLIENT:out; with "-" as DESTINATION it is joined to nothing and waits for somebody who joins it. Exit
+/// Its port is CLIENT:out; with "-" as DESTINATION it is not connected and waits for a connection. Exit
 /// status 0 once everything has been played, 1 if the graph or the destination is not there.
 namespace
 {
@@ -66,11 +66,11 @@ int process(jack_nframes_t frames, void* argument)
     return 0;
 }
 
-bool isJoined(const Source& source, const char* destination)
+bool isConnected(const Source& source, const char* destination)
 {
     if (std::string_view(destination) == "-") return jack_port_connected(source.port) > 0;
     const int error = jack_connect(source.client, jack_port_name(source.port), destination);
-    return error == 0 || error == EEXIST;  // whoever is there may have joined it already, as it was before
+    return error == 0 || error == EEXIST;  // the other end may have restored the connection
 }
 
 template <class Condition>
@@ -85,7 +85,7 @@ bool waitFor(Condition condition, int tries = 2000)
 
 using Client = std::unique_ptr<jack_client_t, int (*)(jack_client_t*)>;
 
-/// The server of a busy machine now and then takes a client in and never wakes it: then the next one is tried.
+/// The server of a busy machine sometimes accepts a client and never runs it: then another one is tried.
 Client enter(Source& source, const char* name)
 {
     for (int tries = 0; tries < 4; ++tries) {
@@ -108,7 +108,7 @@ int main(int argc, char** argv)
 
     const Client client = enter(source, argv[1]);
     if (!client) return 1;
-    if (!waitFor([&] { return isJoined(source, argv[2]); })) {
+    if (!waitFor([&] { return isConnected(source, argv[2]); })) {
         std::fprintf(stderr, "midi_source: %s is not there\n", argv[2]);
         return 1;
     }

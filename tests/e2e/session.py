@@ -229,10 +229,10 @@ class Session(live.House):
                 orvane = self.start(*(["run"] if how == "run" else []), *connect)
                 until(lambda: "every note off" in orvane.printed, "orvane")
                 keys = Program(self, live.MIDI_SOURCE, "keys", "orvane.nTEST:Orvane In", "0:903c64", "60000:800000")
-                until(lambda: monitor.heard[-1:] == ["90 3c 64"], "the note")
+                until(lambda: monitor.received[-1:] == ["90 3c 64"], "the note")
                 self.save()
                 self.assertEqual(orvane.end(signal.SIGTERM), 0, orvane.complained)
-                until(lambda: monitor.heard[-1:] == ["80 3c 64"], "the note off")
+                until(lambda: monitor.received[-1:] == ["80 3c 64"], "the note off")
                 keys.clean()
 
 

@@ -98,8 +98,8 @@ class Window(live.House):
         self.monitor.await_message("90 3c 64")
 
     def checkSilence(self):
-        until(lambda: len([heard for heard in self.monitor.heard if heard[:2] == "80"]) ==
-              len([heard for heard in self.monitor.heard if heard[:2] == "90"]), "the note off")
+        until(lambda: len([received for received in self.monitor.received if received[:2] == "80"]) ==
+              len([received for received in self.monitor.received if received[:2] == "90"]), "the note off")
 
     def settings(self):
         (path,) = (path for path in glob.glob(self.folder + "/config/**", recursive=True)
@@ -112,7 +112,7 @@ class Window(live.House):
         self.holdANote()
         self.tool(X_CLIENT, "close", TITLE)
         self.assertEqual(orvane.process.wait(live.PATIENCE), 0, orvane.complained)
-        self.assertEqual(self.monitor.heard, ["90 3c 64", "80 3c 64"])
+        self.assertEqual(self.monitor.received, ["90 3c 64", "80 3c 64"])
         self.assertEqual(orvane.complained, "")
 
     def test_a_signal_ends_the_program_with_every_note_off(self):
@@ -132,8 +132,8 @@ class Window(live.House):
 
     def test_the_clock_the_status_and_the_graph_go_on_beside_it(self):
         orvane = self.openPlaying("--clock-out", "Orvane Out", "--status")
-        until(lambda: self.monitor.heard.count("f8") > 48, "ticks")
-        self.assertEqual(self.monitor.heard[:2], ["fa", "f8"])
+        until(lambda: self.monitor.received.count("f8") > 48, "ticks")
+        self.assertEqual(self.monitor.received[:2], ["fa", "f8"])
         until(lambda: "\nJACK 48000 Hz" in orvane.printed, "the status")
         self.server.end(signal.SIGKILL)
         until(lambda: "server is gone" in orvane.complained, "the complaint")
@@ -141,11 +141,11 @@ class Window(live.House):
         until(lambda: "server is back" in orvane.complained, "the return")
         self.monitor.clean()
         self.monitor = Monitor(self, "monitor", tried=False)
-        until(lambda: self.monitor.heard.count("f8") > 48, "ticks")
+        until(lambda: self.monitor.received.count("f8") > 48, "ticks")
         self.holdANote()
         self.tool(X_CLIENT, "close", TITLE)
         self.assertEqual(orvane.process.wait(live.PATIENCE), 0, orvane.complained)
-        self.assertEqual([heard for heard in self.monitor.heard if heard != "f8"], ["90 3c 64", "80 3c 64", "fc"])
+        self.assertEqual([received for received in self.monitor.received if received != "f8"], ["90 3c 64", "80 3c 64", "fc"])
 
     def test_a_display_that_hangs_or_dies_leaves_no_note_sounding(self):
         orvane = self.openPlaying()
@@ -170,7 +170,7 @@ class Window(live.House):
         self.checkSilence()
 
         self.key("keydown", Q)
-        until(lambda: self.monitor.heard.count("90 3c 64") == 2, "the second note")
+        until(lambda: self.monitor.received.count("90 3c 64") == 2, "the second note")
         other = Program(self, X_CLIENT, "stay")
         until(lambda: "here" in other.printed, "the other window")
         self.checkSilence()
@@ -181,7 +181,7 @@ class Window(live.House):
         self.tool("xdotool", "windowfocus", "--sync", self.windows()[0])
         self.awaitFocus()
         self.key("keydown", Q)
-        until(lambda: self.monitor.heard.count("90 3c 64") == 3, "the third note and no more")
+        until(lambda: self.monitor.received.count("90 3c 64") == 3, "the third note and no more")
         self.assertEqual(orvane.end(signal.SIGTERM), 0, orvane.complained)
         self.key("keyup", Q)
         self.checkSilence()
@@ -213,7 +213,7 @@ class Window(live.House):
         self.assertEqual((second.printed.count("\n"), second.complained), (1, ""))
         self.assertIn("open already", second.printed)
         self.awaitFocus()
-        until(lambda: self.play("orvane:Orvane In", "0:903c64", "1:803c40") or "92 3c 64" in self.monitor.heard,
+        until(lambda: self.play("orvane:Orvane In", "0:903c64", "1:803c40") or "92 3c 64" in self.monitor.received,
               "the program of the second start")
 
         wrong = subprocess.run([live.ORVANE, "no.prg"], env=self.environment, cwd=self.folder, capture_output=True,
