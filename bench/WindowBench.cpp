@@ -18,9 +18,9 @@
 #include "api/OrvFactory.h"
 #include "api/OrvMessageManager.h"
 #include "backend/messages/GuiMessages.h"
-#include "gui/OrvGuiFactory.h"
-#include "gui/OrvGuiIF.h"
-#include "gui/ParentWindow.h"
+#include "api/OrvGuiFactory.h"
+#include "api/OrvGuiIF.h"
+#include "api/ParentWindow.h"
 #include "tests/stage/PrivateFolders.h"
 
 using namespace Backend;

@@ -1,5 +1,5 @@
 #include "api/OrvFactory.h"
-#include "gui/OrvGuiFactory.h"
+#include "api/OrvGuiFactory.h"
 
 namespace
 {

@@ -17,6 +17,7 @@
 #include "backend/engine/MidiEngine.h"
 #include "backend/files/Bank.h"
 #include "backend/files/BankFile.h"
+#include "backend/files/GuiStart.h"
 #include "backend/files/RegistrySettings.h"
 #include "backend/files/SequencePresetManager.h"
 #include "backend/messages/GuiMessages.h"

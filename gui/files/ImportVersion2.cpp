@@ -3,10 +3,10 @@
 #include <QCoreApplication>
 #include <QFileInfo>
 
+#include "api/OrvGuiIF.h"
 #include "api/OrvMessageManager.h"
 #include "backend/model/PresetList.h"
 #include "backend/model/PresetSections.h"
-#include "gui/OrvGuiIF.h"
 #include "gui/files/FileCommands.h"
 #include "gui/framework/EditBoxDialog.h"
 #include "gui/framework/FileDialog.h"

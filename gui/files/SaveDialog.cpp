@@ -8,8 +8,8 @@
 #include <QVBoxLayout>
 #include <utility>
 
+#include "api/OrvGuiIF.h"
 #include "api/OrvMessageManager.h"
-#include "gui/OrvGuiIF.h"
 #include "gui/files/FileCommands.h"
 #include "gui/framework/EditBox.h"
 #include "gui/framework/FileDialog.h"

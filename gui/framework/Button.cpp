@@ -4,7 +4,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 
-#include "gui/framework/GuiContext.h"
+#include "api/GuiContext.h"
 #include "gui/framework/Look.h"
 
 namespace Gui

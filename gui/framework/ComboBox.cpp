@@ -7,8 +7,8 @@
 #include <algorithm>
 #include <chrono>
 
+#include "api/GuiContext.h"
 #include "gui/framework/GdiManager.h"
-#include "gui/framework/GuiContext.h"
 #include "gui/framework/KeyForwarding.h"
 #include "gui/framework/Look.h"
 #include "gui/framework/PopupMenu.h"

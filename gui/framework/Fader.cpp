@@ -2,7 +2,7 @@
 
 #include <QPainter>
 
-#include "gui/framework/GuiContext.h"
+#include "api/GuiContext.h"
 #include "gui/framework/Look.h"
 
 namespace Gui

@@ -3,8 +3,8 @@
 #include <QPainter>
 #include <algorithm>
 
+#include "api/GuiContext.h"
 #include "gui/framework/GdiManager.h"
-#include "gui/framework/GuiContext.h"
 #include "gui/framework/Look.h"
 
 namespace Gui

@@ -3,8 +3,8 @@
 #include <QWidget>
 #include <algorithm>
 
+#include "api/GuiContext.h"
 #include "gui/framework/GdiManager.h"
-#include "gui/framework/GuiContext.h"
 
 namespace Gui
 {

@@ -6,9 +6,9 @@
 #include <QWheelEvent>
 #include <algorithm>
 
+#include "api/GuiContext.h"
 #include "backend/values/NoteIntervals.h"
 #include "gui/framework/GdiManager.h"
-#include "gui/framework/GuiContext.h"
 #include "gui/framework/Look.h"
 #include "gui/framework/PopupMenu.h"
 #include "gui/framework/Properties.h"

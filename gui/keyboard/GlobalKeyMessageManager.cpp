@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "gui/OrvGuiIF.h"
+#include "api/OrvGuiIF.h"
 #include "gui/keyboard/KeyPresses.h"
 #include "keyboardhook/KeyTable.h"
 #include "keyboardhook/KeyboardHookMessages.h"

@@ -7,9 +7,9 @@
 #include <chrono>
 #include <utility>
 
+#include "api/GuiContext.h"
 #include "backend/values/Note.h"
 #include "gui/framework/GdiManager.h"
-#include "gui/framework/GuiContext.h"
 #include "gui/framework/Properties.h"
 #include "gui/musickeyboard/KeyboardPainter.h"
 

@@ -3,7 +3,7 @@
 #include <QPushButton>
 #include <utility>
 
-#include "gui/OrvGuiIF.h"
+#include "api/OrvGuiIF.h"
 #include "gui/framework/ComboBox.h"
 #include "gui/framework/PopupMenu.h"
 #include "gui/framework/Properties.h"

@@ -7,9 +7,9 @@
 #include <QPushButton>
 #include <algorithm>
 
+#include "api/OrvGuiIF.h"
 #include "api/OrvMessageManager.h"
 #include "backend/files/RegistrySettings.h"
-#include "gui/OrvGuiIF.h"
 #include "gui/framework/Panel.h"
 #include "gui/framework/Properties.h"
 #include "gui/framework/Switches.h"

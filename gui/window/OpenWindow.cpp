@@ -4,10 +4,10 @@
 #include <QScreen>
 #include <QWindow>
 
+#include "api/OrvGuiIF.h"
+#include "api/ParentWindow.h"
 #include "backend/files/RegistrySettings.h"
 #include "backend/model/WindowMove.h"
-#include "gui/OrvGuiIF.h"
-#include "gui/ParentWindow.h"
 #include "gui/framework/GuiMessageManagerMaster.h"
 #include "gui/framework/WidgetTree.h"
 #include "gui/screens/setup/SetupDialog.h"

@@ -5,14 +5,12 @@
 #include <filesystem>
 #include <utility>
 
+#include "api/OrvGuiFactory.h"
 #include "api/OrvIF.h"
 #include "api/OrvMessageManager.h"
+#include "api/ParentWindow.h"
 #include "backend/bindings/functions/HelpTexts.h"
-#include "api/OrvIF.h"
-#include "api/OrvMessageManager.h"
 #include "backend/model/WindowMove.h"
-#include "gui/OrvGuiFactory.h"
-#include "gui/ParentWindow.h"
 #include "gui/framework/Properties.h"
 #include "gui/screens/computerinput/ComputerInputPanel.h"
 #include "gui/screens/computerinput/ComputerKeyboardCtl.h"

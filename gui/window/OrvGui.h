@@ -5,10 +5,11 @@
 #include <type_traits>
 
 #include "api/GuiFactory.h"
+#include "api/OrvGuiIF.h"
+#include "backend/files/GuiStart.h"
 #include "backend/files/SequencePresetManager.h"
 #include "backend/model/PresetList.h"
 #include "backend/model/PresetSections.h"
-#include "gui/OrvGuiIF.h"
 #include "gui/framework/GuiMessageManagerMaster.h"
 #include "gui/keyboard/GlobalKeyboard.h"
 

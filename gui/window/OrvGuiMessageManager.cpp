@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "api/OrvGuiIF.h"
 #include "backend/files/Bank.h"
 #include "backend/files/RegistrySettings.h"
 #include "backend/messages/GuiMessages.h"
@@ -9,7 +10,6 @@
 #include "backend/model/Program.h"
 #include "backend/model/WindowMove.h"
 #include "backend/values/OnOffToggle.h"
-#include "gui/OrvGuiIF.h"
 
 namespace Gui
 {

@@ -1,7 +1,7 @@
 // The changes that the backend reports: each is kept in the window's copy and shown where it is on show.
 #include "api/OrvIF.h"
 #include "api/OrvMessageManager.h"
-#include "gui/ParentWindow.h"
+#include "api/ParentWindow.h"
 #include "gui/framework/FileNames.h"
 #include "gui/framework/Question.h"
 #include "gui/screens/display/DisplayPanel.h"

@@ -4,7 +4,7 @@
 #include <memory>
 #include <string>
 
-#include "gui/OrvGuiIF.h"
+#include "api/OrvGuiIF.h"
 #include "host/window/Frame.h"
 
 namespace Host

@@ -3,7 +3,7 @@
 #include <QWidget>
 #include <functional>
 
-#include "gui/ParentWindow.h"
+#include "api/ParentWindow.h"
 
 namespace Host
 {

@@ -4,7 +4,7 @@
 #include <QMetaObject>
 #include <utility>
 
-#include "gui/OrvGuiIF.h"
+#include "api/OrvGuiIF.h"
 
 namespace Host
 {

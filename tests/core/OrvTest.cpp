@@ -10,6 +10,8 @@
 #include "backend/model/Program.h"
 #include "tests/stage/Stage.h"
 
+#include "backend/files/GuiStart.h"
+
 using namespace Backend;
 using namespace Backend::MidiEngine;
 

@@ -12,7 +12,7 @@
 #include <vector>
 
 #include "gui/framework/GdiManager.h"
-#include "gui/framework/GuiContext.h"
+#include "api/GuiContext.h"
 #include "gui/framework/Skinner.h"
 
 /// A skinned window that is shown, what its controls need, and hands for them.

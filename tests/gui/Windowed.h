@@ -12,8 +12,8 @@
 #include <vector>
 
 #include "backend/model/ScreenState.h"
-#include "gui/OrvGuiIF.h"
-#include "gui/ParentWindow.h"
+#include "api/OrvGuiIF.h"
+#include "api/ParentWindow.h"
 #include "tests/stage/Stage.h"
 
 /// A stage, of whatever kind, with a window that is not yet open. It is the window's surroundings, and writes down what

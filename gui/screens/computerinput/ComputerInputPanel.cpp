@@ -4,9 +4,9 @@
 #include <QLabel>
 #include <QSignalBlocker>
 
+#include "api/OrvGuiIF.h"
 #include "api/OrvIF.h"
 #include "backend/messages/ComputerInputMessageManager.h"
-#include "gui/OrvGuiIF.h"
 #include "gui/framework/GuiMessageManagerMaster.h"
 #include "gui/framework/Properties.h"
 #include "gui/presets/PresetCtl.h"

@@ -4,8 +4,8 @@
 #include <QPainter>
 #include <algorithm>
 
+#include "api/OrvGuiIF.h"
 #include "backend/values/Note.h"
-#include "gui/OrvGuiIF.h"
 #include "gui/keyboard/KeyPresses.h"
 #include "gui/screens/computerinput/FunctionCaption.h"
 #include "gui/screens/computerinput/KeyboardPlan.h"

@@ -6,11 +6,11 @@
 #include <chrono>
 #include <memory>
 
+#include "api/OrvGuiIF.h"
 #include "api/OrvIF.h"
 #include "api/OrvMessageManager.h"
 #include "backend/display/DisplayMessageManager.h"
 #include "backend/files/RegistrySettings.h"
-#include "gui/OrvGuiIF.h"
 #include "gui/framework/DisplayHeight.h"
 #include "gui/framework/GuiMessageManagerMaster.h"
 #include "gui/framework/Properties.h"

@@ -2,7 +2,7 @@
 
 #include <QLabel>
 
-#include "gui/OrvGuiIF.h"
+#include "api/OrvGuiIF.h"
 #include "gui/framework/GdiManager.h"
 #include "gui/framework/Properties.h"
 #include "gui/screens/output/ChannelLights.h"

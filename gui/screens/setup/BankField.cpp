@@ -7,10 +7,10 @@
 #include <QLabel>
 #include <QPushButton>
 
+#include "api/OrvGuiIF.h"
 #include "api/OrvMessageManager.h"
 #include "backend/files/Bank.h"
 #include "backend/files/RegistrySettings.h"
-#include "gui/OrvGuiIF.h"
 #include "gui/framework/EditBox.h"
 #include "gui/framework/Properties.h"
 

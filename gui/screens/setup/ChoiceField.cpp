@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "gui/OrvGuiIF.h"
+#include "api/OrvGuiIF.h"
 #include "gui/framework/ComboBox.h"
 #include "gui/framework/Properties.h"
 #include "gui/screens/setup/SettingTables.h"

@@ -3,9 +3,9 @@
 #include <QBoxLayout>
 #include <QLabel>
 
+#include "api/OrvGuiIF.h"
 #include "api/OrvMessageManager.h"
 #include "backend/files/RegistrySettings.h"
-#include "gui/OrvGuiIF.h"
 #include "gui/framework/EditBox.h"
 #include "gui/framework/Properties.h"
 #include "gui/framework/Skinner.h"

@@ -4,8 +4,8 @@
 #include <QLabel>
 #include <QListWidget>
 
+#include "api/OrvGuiIF.h"
 #include "api/OrvMessageManager.h"
-#include "gui/OrvGuiIF.h"
 #include "gui/framework/Properties.h"
 #include "gui/screens/setup/SettingTables.h"
 #include "gui/screens/setup/SetupRow.h"

@@ -1,9 +1,9 @@
 #include "gui/screens/setup/SettingTables.h"
 
+#include "api/OrvGuiIF.h"
 #include "api/OrvMessageManager.h"
 #include "backend/files/RegistrySettings.h"
 #include "backend/recorder/RetroRecordManager.h"
-#include "gui/OrvGuiIF.h"
 #include "gui/framework/DisplayHeight.h"
 
 namespace Gui::Setup

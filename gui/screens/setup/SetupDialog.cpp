@@ -5,8 +5,8 @@
 #include <QLabel>
 #include <QPushButton>
 
+#include "api/OrvGuiIF.h"
 #include "api/OrvMessageManager.h"
-#include "gui/OrvGuiIF.h"
 #include "gui/framework/ManualButton.h"
 #include "gui/framework/Properties.h"
 #include "gui/framework/Question.h"

@@ -5,7 +5,7 @@
 #include <QStackedWidget>
 #include <utility>
 
-#include "gui/OrvGuiIF.h"
+#include "api/OrvGuiIF.h"
 #include "gui/framework/Properties.h"
 #include "gui/framework/Switches.h"
 #include "gui/keyboard/GlobalKeyboard.h"

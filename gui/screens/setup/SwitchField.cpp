@@ -3,8 +3,8 @@
 #include <QBoxLayout>
 #include <QCheckBox>
 
+#include "api/OrvGuiIF.h"
 #include "backend/files/RegistrySettings.h"
-#include "gui/OrvGuiIF.h"
 #include "gui/framework/Properties.h"
 #include "gui/framework/Switches.h"
 

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <array>
 
-#include "gui/OrvGuiIF.h"
+#include "api/OrvGuiIF.h"
 #include "gui/framework/Properties.h"
 
 namespace Gui::System

@@ -4,12 +4,12 @@
 #include <QLabel>
 #include <QPushButton>
 
+#include "api/OrvGuiIF.h"
 #include "api/OrvIF.h"
 #include "api/OrvMessageManager.h"
 #include "backend/files/Bank.h"
 #include "backend/files/RegistrySettings.h"
 #include "backend/model/Program.h"
-#include "gui/OrvGuiIF.h"
 #include "gui/files/FileCommands.h"
 #include "gui/framework/ComboBox.h"
 #include "gui/framework/GuiMessageManagerMaster.h"

@@ -3,8 +3,8 @@
 #include <QLabel>
 #include <QPushButton>
 
+#include "api/OrvGuiIF.h"
 #include "api/OrvMessageManager.h"
-#include "gui/OrvGuiIF.h"
 #include "gui/framework/ComboBox.h"
 #include "gui/framework/Properties.h"
 #include "gui/framework/Switches.h"

@@ -5,10 +5,10 @@
 #include <string>
 #include <vector>
 
+#include "api/GuiContext.h"
 #include "backend/model/MidiPort.h"
 #include "backend/model/Screen.h"
 #include "backend/values/OrvMidiMessage.h"
-#include "gui/framework/GuiContext.h"
 #include "platform/Export.h"
 #include "platform/Rect.h"
 #include "platform/WindowHandle.h"

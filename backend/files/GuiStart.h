@@ -1,0 +1,21 @@
+#pragma once
+
+#include "backend/files/Bank.h"
+#include "backend/files/RegistrySettings.h"
+#include "backend/model/MidiPort.h"
+#include "backend/model/Program.h"
+#include "backend/model/ScreenState.h"
+
+namespace Backend
+{
+/// What a window shows when it is made; it is notified of every later change.
+struct GuiStart {
+    RegistrySettings settings{};
+    Bank bank{};
+    Program program{};
+    MidiEngine::MidiInputPorts inputs{};
+    MidiEngine::MidiOutputPorts outputs{};
+    ScreenState screens{};
+    bool isVstPlugin = false;  ///< whether a host of plug-ins shows it, which places it itself
+};
+}  // namespace Backend
