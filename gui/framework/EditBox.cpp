@@ -68,7 +68,7 @@ void EditBox::setNumber(int number)
 void EditBox::choose(int number)
 {
     setText(textOf(number));
-    emit textEdited(text());
+    Q_EMIT textEdited(text());
 }
 
 void EditBox::step(int notches, bool shift)

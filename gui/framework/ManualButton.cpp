@@ -25,7 +25,7 @@ void addManualButton(QBoxLayout& row, const char* page)
     help->setAutoDefault(false);
     QObject::connect(help, &QPushButton::clicked, help, [help, page] {
         const std::string problem = OrvUtils::showManual(page);
-        if (!problem.empty()) tell(*help->window(), help->text(), QString::fromStdString(problem));
+        if (!problem.empty()) showMessage(*help->window(), help->text(), QString::fromStdString(problem));
     });
     row.addWidget(help);
 }

@@ -4,13 +4,12 @@
 
 #include <thread>
 
+#include "backend/files/GuiStart.h"
 #include "backend/files/RegistrySettings.h"
 #include "backend/messages/GuiMessages.h"
 #include "backend/messages/MessageManagerMaster.h"
 #include "backend/model/Program.h"
 #include "tests/stage/Stage.h"
-
-#include "backend/files/GuiStart.h"
 
 using namespace Backend;
 using namespace Backend::MidiEngine;

@@ -17,7 +17,7 @@ namespace
 using Name = const std::string&;
 
 /// A section as the messages about its presets see it.
-struct Section {
+struct TestedSection {
     const char* root;
     const char* first;  ///< two contents
     const char* second;
@@ -28,7 +28,7 @@ struct Section {
 };
 
 template <class Manager, class Messages, class... Ids>
-Section section(const char* root, const char* first, const char* second, Manager& manager, Messages& messages,
+TestedSection section(const char* root, const char* first, const char* second, Manager& manager, Messages& messages,
                 Ids... some)
 {
     return {.root = root,
@@ -52,7 +52,7 @@ Section section(const char* root, const char* first, const char* second, Manager
 }
 
 struct PresetStage : Stage {
-    std::vector<Section> sections()
+    std::vector<TestedSection> sections()
     {
         return {section("Oscillators", "<Oscillator speed='7'/>", "<Oscillator/><Oscillator/>", orv->getOscManager(),
                         orv->getOscMessageManager(), 0),
@@ -72,14 +72,14 @@ struct PresetStage : Stage {
                         orv->getLayerMessageManager(), 0)};
     }
 
-    void setContent(const Section& section, const char* content)
+    void setContent(const TestedSection& section, const char* content)
     {
         const std::string element = std::string("<") + section.root + ">" + content + "</" + section.root + ">";
         commands().postLoadProgramFromString("<File><Program>" + element + "</Program></File>", 0);
         rest();
     }
     /// The section as a program stores it.
-    std::string content(const Section& section)
+    std::string content(const TestedSection& section)
     {
         rest();
         const std::string program = commands().sendGetProgramAsString();
@@ -87,7 +87,7 @@ struct PresetStage : Stage {
         return program.substr(begin, program.find(std::string("</") + section.root, begin) - begin);
     }
     /// Loads a preset over the second content; whether that changed anything.
-    bool changes(const Section& section, Name preset)
+    bool changes(const TestedSection& section, Name preset)
     {
         setContent(section, section.second);
         const std::string before = content(section);
@@ -100,7 +100,7 @@ struct PresetStage : Stage {
 TEST(SectionPresets, AreSavedLoadedRenamedAndDeletedByMessage)
 {
     PresetStage stage;
-    for (const Section& section : stage.sections()) {
+    for (const TestedSection& section : stage.sections()) {
         SCOPED_TRACE(section.root);
         stage.setContent(section, section.first);
         const std::string first = stage.content(section);
