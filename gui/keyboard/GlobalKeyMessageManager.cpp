@@ -34,10 +34,13 @@ void keyUp(OrvGuiIF& gui, Message& message)
     gui.getKeyPresses().release(Source::hook, keyOf(KeyEvent::fromMessage(message)));
 }
 
-constexpr auto COMMANDS = std::to_array<GuiCommand<OrvGuiIF>>({
-    {KeyboardHook::KEY_DOWN, &keyDown},
-    {KeyboardHook::KEY_UP, &keyUp},
-    valueCommand<&OrvGuiIF::handleGlobalKeySwitched, bool, OrvGuiIF>(KeyboardHook::UD_KEYBOARDHOOK_GLOBAL_KEY_CHANGED),
+/// Whether keys are captured now.
+constexpr Backend::TypedMessage<bool> SWITCHED{KeyboardHook::UD_KEYBOARDHOOK_GLOBAL_KEY_CHANGED, "GlobalKeySwitched"};
+
+constexpr auto COMMANDS = std::to_array<Backend::Command<OrvGuiIF>>({
+    {KeyboardHook::KEY_DOWN, "KeyDown", &keyDown},
+    {KeyboardHook::KEY_UP, "KeyUp", &keyUp},
+    Backend::on<SWITCHED, &OrvGuiIF::handleGlobalKeySwitched>(),
 });
 }  // namespace
 

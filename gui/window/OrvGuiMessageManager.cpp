@@ -14,90 +14,56 @@
 namespace Gui
 {
 using namespace Backend;
-using MidiEngine::MidiInputPorts;
-using MidiEngine::MidiOutputPorts;
-using MidiEngine::OrvMidiMessage;
 
 namespace
 {
-using Command = GuiCommand<OrvGuiIF>;
-
-template <auto operation, class Value>
-constexpr Command payload(unsigned int number)
+void showScreen(OrvGuiIF& gui, Screen screen, OnOffToggle::State state)
 {
-    return payloadCommand<operation, Value, OrvGuiIF>(number);
-}
-template <auto operation>
-constexpr Command onOff(unsigned int number)
-{
-    return valueCommand<operation, bool, OrvGuiIF>(number);
-}
-template <auto operation>
-constexpr Command number(unsigned int messageNumber)
-{
-    return valueCommand<operation, int, OrvGuiIF>(messageNumber);
-}
-template <auto operation>
-constexpr Command plain(unsigned int messageNumber)
-{
-    return plainCommand<operation, OrvGuiIF>(messageNumber);
-}
-
-void showScreen(OrvGuiIF& gui, Message& message)
-{
-    const auto screen = static_cast<Screen>(message.wparam);
-    const OnOffToggle on{static_cast<OnOffToggle::State>(message.lparam)};
-    if (on.state == OnOffToggle::State::toggle)
+    if (state == OnOffToggle::State::toggle)
         gui.toggleScreen(screen);
     else
-        gui.showScreen(screen, on.appliedTo(false));
+        gui.showScreen(screen, state == OnOffToggle::State::on);
 }
 
-void changeProgram(OrvGuiIF& gui, Message& message)
+void changeProgram(OrvGuiIF& gui, const Program& program, bool isMissing)
 {
-    const auto* program = message.payload.get<Program>();
-    if (program == nullptr) return;
-    if (message.wparam != 0) gui.handleProgramMissing(*program);
-    gui.handleProgramChanged(*program);
+    if (isMissing) gui.handleProgramMissing(program);
+    gui.handleProgramChanged(program);
 }
 
-void changePresets(OrvGuiIF& gui, Message& message)
+void changePresets(OrvGuiIF& gui, std::uint32_t section, bool done, const PresetList& presets)
 {
-    if (const auto* presets = message.payload.get<PresetList>())
-        gui.handlePresetsChanged(message.wparam, *presets, message.lparam != 0);
+    gui.handlePresetsChanged(section, presets, done);
 }
 
-constexpr auto COMMANDS = std::to_array<Command>({
-    payload<&OrvGuiIF::handleSettingsChanged, RegistrySettings>(GuiMessage::SETTINGS),
-    payload<&OrvGuiIF::handleMidiInputPortsChanged, MidiInputPorts>(GuiMessage::MIDI_INPUT_PORTS),
-    payload<&OrvGuiIF::handleMidiOutputPortsChanged, MidiOutputPorts>(GuiMessage::MIDI_OUTPUT_PORTS),
-    onOff<&OrvGuiIF::handleDockToBottomEdgeChanged>(GuiMessage::DOCK_TO_BOTTOM_EDGE),
-    payload<&OrvGuiIF::handleDefaultBankChanged, std::string>(GuiMessage::DEFAULT_BANK),
-    onOff<&OrvGuiIF::handleLargeDisplayFontChanged>(GuiMessage::LARGE_DISPLAY_FONT),
-    onOff<&OrvGuiIF::handleAlwaysOnTopChanged>(GuiMessage::ALWAYS_ON_TOP),
-    payload<&OrvGuiIF::handleBankChanged, Bank>(GuiMessage::BANK),
-    plain<&OrvGuiIF::showSaveDialog>(GuiMessage::SHOW_SAVE_DIALOG),
-    plain<&OrvGuiIF::showProgramMenu>(GuiMessage::SHOW_PROGRAM_MENU),
-    plain<&OrvGuiIF::showDefaultMidiOutputMenu>(GuiMessage::SHOW_DEFAULT_MIDI_OUTPUT_MENU),
-    payload<&OrvGuiIF::moveWindow, WindowMove>(GuiMessage::MOVE_WINDOW),
-    {GuiMessage::MIDI_OUTPUT_EVENT,
-     [](OrvGuiIF& gui, Message& message) {
-         gui.displayMidiOutputEvent(OrvMidiMessage(message.wparam, message.lparam));
-     }},
-    plain<&OrvGuiIF::handleResetOrv>(GuiMessage::ORV_RESET),
-    payload<&OrvGuiIF::handleProgramNameChanged, Program>(GuiMessage::PROGRAM_NAME),
-    {GuiMessage::PROGRAM, &changeProgram},
-    number<&OrvGuiIF::handleDefaultMidiOutputChanged>(GuiMessage::DEFAULT_MIDI_OUTPUT),
-    onOff<&OrvGuiIF::handleUseSkinBorderChanged>(GuiMessage::USE_SKIN_BORDER),
-    {GuiMessage::SHOW_SCREEN, &showScreen},
-    number<&OrvGuiIF::handleRetroRecordBufferSizeChanged>(GuiMessage::RETRO_RECORD_BUFFER_SIZE),
-    onOff<&OrvGuiIF::handleRetroRecordEnabledChanged>(GuiMessage::RETRO_RECORD_ENABLED),
-    onOff<&OrvGuiIF::handleMidiThruChanged>(GuiMessage::MIDI_THRU),
-    onOff<&OrvGuiIF::handleGlobalKeyboardChanged>(GuiMessage::GLOBAL_KEYBOARD),
-    number<&OrvGuiIF::handleMouseSensitivityChanged>(GuiMessage::MOUSE_SENSITIVITY),
-    onOff<&OrvGuiIF::handleClickZoneChannelTransposeChanged>(GuiMessage::CLICK_ZONE_CHANNEL_TRANSPOSE),
-    {GuiMessage::PRESETS, &changePresets},
-    onOff<&OrvGuiIF::handleSequencePresetsChanged>(GuiMessage::SEQUENCE_PRESETS),
+constexpr auto COMMANDS = std::to_array<Command<OrvGuiIF>>({
+    on<GuiMessage::SETTINGS, &OrvGuiIF::handleSettingsChanged>(),
+    on<GuiMessage::MIDI_INPUT_PORTS, &OrvGuiIF::handleMidiInputPortsChanged>(),
+    on<GuiMessage::MIDI_OUTPUT_PORTS, &OrvGuiIF::handleMidiOutputPortsChanged>(),
+    on<GuiMessage::DOCK_TO_BOTTOM_EDGE, &OrvGuiIF::handleDockToBottomEdgeChanged>(),
+    on<GuiMessage::DEFAULT_BANK, &OrvGuiIF::handleDefaultBankChanged>(),
+    on<GuiMessage::LARGE_DISPLAY_FONT, &OrvGuiIF::handleLargeDisplayFontChanged>(),
+    on<GuiMessage::ALWAYS_ON_TOP, &OrvGuiIF::handleAlwaysOnTopChanged>(),
+    on<GuiMessage::BANK, &OrvGuiIF::handleBankChanged>(),
+    on<GuiMessage::SHOW_SAVE_DIALOG, &OrvGuiIF::showSaveDialog>(),
+    on<GuiMessage::SHOW_PROGRAM_MENU, &OrvGuiIF::showProgramMenu>(),
+    on<GuiMessage::SHOW_DEFAULT_MIDI_OUTPUT_MENU, &OrvGuiIF::showDefaultMidiOutputMenu>(),
+    on<GuiMessage::MOVE_WINDOW, &OrvGuiIF::moveWindow>(),
+    on<GuiMessage::MIDI_OUTPUT_EVENT, &OrvGuiIF::displayMidiOutputEvent>(),
+    on<GuiMessage::ORV_RESET, &OrvGuiIF::handleResetOrv>(),
+    on<GuiMessage::PROGRAM_NAME, &OrvGuiIF::handleProgramNameChanged>(),
+    on<GuiMessage::PROGRAM, &changeProgram>(),
+    on<GuiMessage::DEFAULT_MIDI_OUTPUT, &OrvGuiIF::handleDefaultMidiOutputChanged>(),
+    on<GuiMessage::USE_SKIN_BORDER, &OrvGuiIF::handleUseSkinBorderChanged>(),
+    on<GuiMessage::SHOW_SCREEN, &showScreen>(),
+    on<GuiMessage::RETRO_RECORD_BUFFER_SIZE, &OrvGuiIF::handleRetroRecordBufferSizeChanged>(),
+    on<GuiMessage::RETRO_RECORD_ENABLED, &OrvGuiIF::handleRetroRecordEnabledChanged>(),
+    on<GuiMessage::MIDI_THRU, &OrvGuiIF::handleMidiThruChanged>(),
+    on<GuiMessage::GLOBAL_KEYBOARD, &OrvGuiIF::handleGlobalKeyboardChanged>(),
+    on<GuiMessage::MOUSE_SENSITIVITY, &OrvGuiIF::handleMouseSensitivityChanged>(),
+    on<GuiMessage::CLICK_ZONE_CHANNEL_TRANSPOSE, &OrvGuiIF::handleClickZoneChannelTransposeChanged>(),
+    on<GuiMessage::PRESETS, &changePresets>(),
+    on<GuiMessage::SEQUENCE_PRESETS, &OrvGuiIF::handleSequencePresetsChanged>(),
 });
 }  // namespace
 

@@ -7,24 +7,15 @@
 
 namespace Gui::ComputerInput
 {
-using Backend::ComputerInput::KeyConfiguration;
-using Backend::ComputerInput::KeyConfigurationMap;
-using Command = GuiCommand<ComputerInputPanel>;
+using namespace Backend;
 
 namespace
 {
-constexpr auto COMMANDS = std::to_array<Command>({
-    payloadCommand<&ComputerInputPanel::handleKeyConfigurations, std::vector<KeyConfiguration>, ComputerInputPanel>(
-        Backend::GuiMessage::KEY_CONFIGURATIONS),
-    {Backend::GuiMessage::COMPUTER_INPUT,
-     [](ComputerInputPanel& panel, Message& message) {
-         if (auto* keys = message.payload.get<KeyConfigurationMap>())
-             panel.handleComputerInput(message.wparam != 0, std::move(*keys));
-     }},
-    payloadCommand<&ComputerInputPanel::handleComputerInputChanged, std::string, ComputerInputPanel>(
-        Backend::GuiMessage::COMPUTER_INPUT_CHANGED),
-    plainCommand<&ComputerInputPanel::handlePresetLoaded, ComputerInputPanel>(
-        Backend::GuiMessage::COMPUTER_INPUT_PRESET),
+constexpr auto COMMANDS = std::to_array<Command<ComputerInputPanel>>({
+    on<GuiMessage::KEY_CONFIGURATIONS, &ComputerInputPanel::handleKeyConfigurations>(),
+    on<GuiMessage::COMPUTER_INPUT, &ComputerInputPanel::handleComputerInput>(),
+    on<GuiMessage::COMPUTER_INPUT_CHANGED, &ComputerInputPanel::handleComputerInputChanged>(),
+    on<GuiMessage::COMPUTER_INPUT_PRESET, &ComputerInputPanel::handlePresetLoaded>(),
 });
 }  // namespace
 

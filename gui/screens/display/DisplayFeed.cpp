@@ -1,19 +1,12 @@
 #include "gui/screens/display/DisplayFeed.h"
 
-#include <string>
 #include <utility>
 
 namespace Gui::Display
 {
 DisplayFeed::DisplayFeed(WindowHandle target) : window(std::move(target)) {}
 
-void DisplayFeed::addText(const char* text)
-{
-    window.post({.number = DisplayMessage::ADD_TEXT, .payload = Payload::of(std::string(text))});
-}
+void DisplayFeed::addText(const char* text) { Backend::notify(window, DisplayMessage::ADD_TEXT, text); }
 
-void DisplayFeed::setText(const char* text)
-{
-    window.post({.number = DisplayMessage::SET_TEXT, .payload = Payload::of(std::string(text))});
-}
+void DisplayFeed::setText(const char* text) { Backend::notify(window, DisplayMessage::SET_TEXT, text); }
 }  // namespace Gui::Display

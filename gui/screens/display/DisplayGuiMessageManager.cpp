@@ -1,7 +1,6 @@
 #include "gui/screens/display/DisplayGuiMessageManager.h"
 
 #include <array>
-#include <string>
 
 #include "backend/messages/GuiMessages.h"
 #include "gui/screens/display/DisplayFeed.h"
@@ -11,11 +10,11 @@ namespace Gui::Display
 {
 namespace
 {
-static_assert(unsigned{DisplayMessage::ADD_TEXT} > unsigned{Backend::GuiMessage::OSC_VALUE});
+static_assert(DisplayMessage::ADD_TEXT.number > Backend::GuiMessage::OSC_VALUE.number);
 
-constexpr auto COMMANDS = std::to_array<GuiCommand<DisplayPanel>>({
-    payloadCommand<&DisplayPanel::addText, std::string, DisplayPanel>(DisplayMessage::ADD_TEXT),
-    payloadCommand<&DisplayPanel::setText, std::string, DisplayPanel>(DisplayMessage::SET_TEXT),
+constexpr auto COMMANDS = std::to_array<Backend::Command<DisplayPanel>>({
+    Backend::on<DisplayMessage::ADD_TEXT, &DisplayPanel::addText>(),
+    Backend::on<DisplayMessage::SET_TEXT, &DisplayPanel::setText>(),
 });
 }  // namespace
 

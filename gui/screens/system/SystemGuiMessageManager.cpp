@@ -11,10 +11,9 @@ using namespace Backend;
 
 namespace
 {
-constexpr auto COMMANDS = std::to_array<GuiCommand<SystemPanel>>({
-    payloadCommand<&SystemPanel::handleRetroRecordSaved, RetroRecord::SaveReport, SystemPanel>(
-        GuiMessage::RETRO_RECORD_SAVED),
-    valueCommand<&SystemPanel::handleRetroRecordFillChanged, int, SystemPanel>(GuiMessage::RETRO_RECORD_FILL),
+constexpr auto COMMANDS = std::to_array<Command<SystemPanel>>({
+    on<GuiMessage::RETRO_RECORD_SAVED, &SystemPanel::handleRetroRecordSaved>(),
+    on<GuiMessage::RETRO_RECORD_FILL, &SystemPanel::handleRetroRecordFillChanged>(),
 });
 }  // namespace
 
