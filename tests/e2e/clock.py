@@ -6,7 +6,6 @@ left periods out, a try does not count."""
 import signal
 import subprocess
 import sys
-import time
 import unittest
 
 import live
@@ -65,7 +64,7 @@ def runs_to_the_frame(frames, distance, count):
                for first in range(len(frames) - count) for run in [frames[first:first + count + 1]])
 
 
-class Clocks(live.House):
+class Clocks(live.Graph):
     def source(self, *arguments):
         """The record of a clock source that came to its end without a gap."""
         for _ in range(TRIES):
@@ -109,7 +108,9 @@ class Clocks(live.House):
             file.write('<ProgramFile><Program><Layers><Layer><Arpeggio><UpArpeggio beat="120" length="50"/></Arpeggio>'
                        '</Layer></Layers></Program></ProgramFile>')
         self.serve()
-        orvane = self.orvane("--load", "arpeggio.prg", "--default-output", "Orvane Out")
+        monitor = Monitor(self, "monitor")
+        orvane = self.orvane("--load", "arpeggio.prg", "--default-output", "Orvane Out", "--connect",
+                             "Orvane Out=monitor:input")
         orvane.say("midi 0 90 3C 64")
         for bpm in (120, 97):  # 6000 frames, and 7422.68
             orvane.say(f'function <ChangeTempo value="{bpm}"/>')
@@ -117,7 +118,8 @@ class Clocks(live.House):
             while not any(tries):
                 self.assertLess(len(tries), TRIES, f"{bpm} bpm")
                 listener = Program(self, CLOCK_SOURCE, "listener", "-", "orvane:Orvane Out", "0", "0", "0", "0")
-                time.sleep(6)
+                played = monitor.received.count("80 3c 64")
+                until(lambda: monitor.received.count("80 3c 64") > played + 40, "the arpeggio")
                 self.assertEqual(listener.end(signal.SIGTERM), 0)
                 record = Record(listener.printed)
                 on, off = record.frames("903c64"), record.frames("803c64")

@@ -12,19 +12,9 @@ import time
 import unittest
 
 import live
-from live import MIDI_SOURCE, Monitor, Program, Server, until
+from live import MIDI_SOURCE, Monitor, Program, Server, sounding, until
 
 PIPEWIRE_LIBRARY = "/usr/lib/x86_64-linux-gnu/pipewire-0.3/jack"
-
-
-def sounding(received):
-    """The notes whose last message is a note-on."""
-    notes = {}
-    for message in received:
-        status, note, *rest = message.split()
-        if status[0] in "89":
-            notes[status[1], note] = status[0] == "9" and rest != ["00"]
-    return sorted(note for (_, note), sounds in notes.items() if sounds)
 
 
 class Stream:
@@ -48,7 +38,7 @@ class Stream:
         self.thread.join()
 
 
-class Stage(live.House):
+class Stage(live.Graph):
     """Tests with servers that have long periods: messages in a period that a busy machine misses are lost."""
     PERIOD = ("-r", "48000", "-p", "4096")
 
@@ -192,7 +182,8 @@ class InJack(Stage):
         for disconnect in (lambda keys: self.tool("jack_disconnect", "keys:out", "X:Orvane In"), Program.clean):
             keys = self.keys("X:Orvane In", "3c")
             until(lambda: sounding(monitor.received) == ["3c"], "the note")
-            time.sleep(1)  # until the last note-on: once disconnected, the keyboard is connected to the port of its own
+            # After the last note-on: once disconnected, the keyboard gets a port of its own.
+            monitor.await_message("90 3c 44")
             disconnect(keys)
             until(lambda: not sounding(monitor.received), "its end")
             keys.clean()

@@ -99,7 +99,7 @@ class Install(unittest.TestCase):
                               input=everything, capture_output=True, text=True)
         self.assertEqual(done.returncode, 0, done.stderr)
 
-    def test_the_desktop_is_told_what_it_is(self):
+    def test_the_desktop_files_describe_it(self):
         entry = self.there("applications/orvane.desktop")
         with open(entry) as file:
             said = dict(line.strip().split("=", 1) for line in file if "=" in line)

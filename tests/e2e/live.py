@@ -15,7 +15,7 @@ import uuid
 import wave
 
 ORVANE, MIDI_SOURCE, READERS = sys.argv[1:4]
-PATIENCE = 30
+PATIENCE = 60
 
 
 def until(condition, what, patience=PATIENCE):
@@ -24,6 +24,31 @@ def until(condition, what, patience=PATIENCE):
         if time.monotonic() > limit:
             raise AssertionError("timed out waiting for " + what)
         time.sleep(0.02)
+
+
+def sounding(messages):
+    """The notes whose last message is a note-on. A note-off may be repeated."""
+    notes = {}
+    for message in messages:
+        if message[0] in "89":
+            status, note, velocity = message.split()
+            notes[status[1], note] = status[0] == "9" and velocity != "00"
+    return sorted(note for (_, note), sounds in notes.items() if sounds)
+
+
+def song(messages):
+    """Without the note-offs of notes that do not sound, which are allowed."""
+    kept, on = [], set()
+    for message in messages:
+        status, *note = message.split()[:2]
+        if status[0] == "9":
+            on.add((status[1], *note))
+        elif status[0] == "8":
+            if (status[1], *note) not in on:
+                continue
+            on.discard((status[1], *note))
+        kept.append(message)
+    return kept
 
 
 class Program:
@@ -60,6 +85,12 @@ class Program:
 
     def say(self, line):
         self.process.stdin.write(line.encode() + b"\n")
+
+    def isPending(self, sent):
+        """Whether the program has not yet taken a signal that it was sent."""
+        with open(f"/proc/{self.process.pid}/status") as status:
+            pending = re.search(r"^ShdPnd:\s*(\w+)", status.read(), re.M).group(1)
+        return int(pending, 16) >> (sent - 1) & 1 == 1
 
     def end(self, sent=signal.SIGINT):
         self.process.send_signal(sent)
@@ -125,7 +156,7 @@ class Monitor(Program):
         until(lambda: message in self.received, f"{message} among {self.received}")
 
 
-class House(unittest.TestCase):
+class Graph(unittest.TestCase):
     def setUp(self):
         home = tempfile.TemporaryDirectory()  # a new user each time
         self.addCleanup(home.cleanup)
@@ -169,7 +200,7 @@ class House(unittest.TestCase):
         self.tool(MIDI_SOURCE, "player", port, *events)
 
 
-class Live(House):
+class Live(Graph):
     def test_messages_of_another_program_are_played_except_those_kept_in_the_host(self):
         self.serve()
         monitor = Monitor(self, "monitor")
@@ -183,9 +214,9 @@ class Live(House):
         self.play("X:Orvane In", *(f"{20 * at}:{message.replace(' ', '')}"
                                    for at, message in enumerate(messages[:6] + kept + messages[6:])))
         monitor.await_message("ff")
-        self.assertEqual(monitor.received, messages)
+        self.assertEqual(song(monitor.received), messages)
         self.assertEqual(orvane.end(), 0)
-        self.assertEqual(monitor.received, messages, "nothing sounded any more")
+        self.assertEqual(sounding(monitor.received), [])
 
     def test_every_midi_port_of_the_graph_is_a_port_of_its_own(self):
         self.serve()
@@ -203,7 +234,7 @@ class Live(House):
         self.assertIn("monitor:input", self.connections("orvane:to monitor:input"))
         self.assertEqual(source.process.wait(PATIENCE), 0)
         monitor.await_message("80 3c 40")
-        self.assertEqual(monitor.received, ["90 3c 64", "80 3c 40"], "the layer gives them its channel")
+        self.assertEqual(song(monitor.received), ["90 3c 64", "80 3c 40"], "the layer gives them its channel")
         self.assertEqual(orvane.end(), 0)
 
     def test_a_signal_ends_with_every_note_off(self):
@@ -297,9 +328,9 @@ class Live(House):
         orvane.say("key down Q")
         orvane.say("key up Q")
         received += ["92 3c 64", "82 3c 64"]
-        until(lambda: len(monitor.received) >= len(received), "the program before the last")
+        until(lambda: len(song(monitor.received)) >= len(received), "the program before the last")
         self.assertEqual(orvane.end(), 0)
-        self.assertEqual(monitor.received, received)
+        self.assertEqual(song(monitor.received), received)
 
     def test_a_disabled_output_ends_its_notes_and_can_be_enabled_again(self):
         self.serve()
@@ -308,8 +339,7 @@ class Live(House):
         orvane.say("play 2 0 -1 144 60 100")
         monitor.await_message("90 3c 64")
         orvane.say("enable output 2 off")
-        until(lambda: len(monitor.received) == 2, "the note off")
-        self.assertEqual(monitor.received[1][:5], "80 3c")
+        until(lambda: not sounding(monitor.received), "the note-off")
         until(lambda: not self.connections("orvane:to monitor:input"), "the end of the connection")
         orvane.say("play 2 0 -1 144 62 100")
         orvane.say("play 1 0 -1 176 1 1")
@@ -332,7 +362,7 @@ class Live(House):
         self.play("orvane:Orvane In", "0:903c64")
         monitor.await_message("90 3c 64")
         orvane.say("enable input 0 off")
-        until(lambda: len(monitor.received) == 2, "the note off of the input")
+        until(lambda: not sounding(monitor.received), "the note-off of the input")
         self.play("orvane:Orvane In", "0:904064")
         orvane.say("play 2 0 -1 176 1 1")
         monitor.await_message("b0 01 01")
@@ -375,7 +405,7 @@ class Live(House):
             until(lambda: f"{other}:Orvane Out" in self.connections(f"{one}:from {other}:Orvane Out"), "both to settle")
         self.server.process.send_signal(signal.SIGSTOP)
         hurried.process.send_signal(signal.SIGTERM)
-        time.sleep(0.2)  # two of a kind at once would count as one
+        until(lambda: not hurried.isPending(signal.SIGTERM), "the first signal to be taken")
         self.assertEqual(hurried.end(signal.SIGINT), 128 + signal.SIGINT)
         self.assertEqual(patient.end(), 0)
 

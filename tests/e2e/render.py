@@ -164,12 +164,12 @@ class Render(unittest.TestCase):
         self.assertFalse(os.path.exists(self.path("out.mid")), "one of two files failed: neither is written")
         self.assertIn(b"space", self.orvane(good, "--events", "/dev/full", status=2).stderr)
 
-    def test_what_is_dropped_is_told_to_the_debug_stream(self):
+    def test_what_is_dropped_is_written_to_the_debug_stream(self):
         performance = self.path("a.perf", b"0 play 5 0 -1 144 60 100\n0 midi 9 90 3C 64\n")
         self.assertEqual(self.orvane(performance, "--events", "-").stderr, b"")
-        told = self.orvane(performance, "--events", "-", ORVANE_DEBUG="1").stderr.decode()
-        self.assertIn("output 5", told)
-        self.assertIn("input 9", told)
+        written = self.orvane(performance, "--events", "-", ORVANE_DEBUG="1").stderr.decode()
+        self.assertIn("output 5", written)
+        self.assertIn("input 9", written)
 
     def test_settings_are_chosen_by_their_stored_names(self):
         performance = self.path("a.perf", b"0 midi 0 90 3C 64\n0 play -1 0 -1 144 62 100\n")
