@@ -1,14 +1,10 @@
 #include "gui/screens/setup/SetupDialog.h"
 
-#include <gtest/gtest.h>
-
-#include <QAccessible>
 #include <QCheckBox>
 #include <QDir>
 #include <QFileDialog>
 #include <QLabel>
 #include <QListWidget>
-#include <QMessageBox>
 #include <QStackedWidget>
 #include <map>
 #include <string>
@@ -17,13 +13,13 @@
 #include "backend/model/Program.h"
 #include "gui/framework/ComboBox.h"
 #include "gui/framework/Properties.h"
-#include "tests/gui/OpenWindow.h"
+#include "tests/gui/DialogHands.h"
 
 using namespace Backend;
 
 namespace
 {
-struct SetupDialog : OpenWindow, testing::Test {
+struct SetupDialog : DialogHands {
     SetupDialog() { openDialog(); }
 
     void openDialog()
@@ -31,12 +27,12 @@ struct SetupDialog : OpenWindow, testing::Test {
         click("Setup");
         settle();
     }
-    Gui::Setup::SetupDialog* dialog() { return surroundings.findChild<Gui::Setup::SetupDialog*>(); }
+    Gui::Setup::SetupDialog* setup() { return surroundings.findChild<Gui::Setup::SetupDialog*>(); }
 
     template <class Control = QWidget>
     Control& field(const QString& name)
     {
-        for (auto* candidate : dialog()->findChildren<Control*>())
+        for (auto* candidate : setup()->findChildren<Control*>())
             if (candidate->accessibleName() == name) return *candidate;
         throw std::runtime_error("no field " + name.toStdString());
     }
@@ -47,7 +43,7 @@ struct SetupDialog : OpenWindow, testing::Test {
     Control& reach(const QString& name)
     {
         auto& found = field<Control>(name);
-        auto& pages = *dialog()->findChild<QStackedWidget*>();
+        auto& pages = *setup()->findChild<QStackedWidget*>();
         QListWidget& titles = list("Pages");
         for (int row = 0; row < pages.count(); ++row)
             if (pages.widget(row)->isAncestorOf(&found))
@@ -93,19 +89,7 @@ struct SetupDialog : OpenWindow, testing::Test {
     bool isOpen()
     {
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        return dialog() != nullptr;
-    }
-    /// What the box in front of the dialog says; nothing without one.
-    std::string message()
-    {
-        const auto* box = dialog() == nullptr ? nullptr : dialog()->findChild<QMessageBox*>();
-        return box == nullptr ? "" : box->windowTitle().toStdString() + ": " + box->text().toStdString();
-    }
-    void answer(QMessageBox::StandardButton button)
-    {
-        QTest::mouseClick(dialog()->findChild<QMessageBox*>()->button(button), Qt::LeftButton);
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        settle();
+        return setup() != nullptr;
     }
     RegistrySettings& settings() { return orv->getRegistrySettings(); }
     std::string stored()
@@ -195,14 +179,13 @@ TEST_F(SetupDialog, NumbersAreTakenWithinTheirLimits)
             enter(row.name, text);
             list("Pages").setCurrentRow(0);
             press("OK");
-            EXPECT_EQ(message(), std::string("Invalid entry: ") + row.name + " " + row.refusal) << text;
-            answer(QMessageBox::Ok);
+            EXPECT_EQ(answer(), std::string("Invalid entry: ") + row.name + " " + row.refusal) << text;
             EXPECT_TRUE(field(row.name).isVisible()) << "it is where the fault is";
             EXPECT_EQ((settings().*row.get)(), before) << row.name;
         }
         enter(row.name, row.good);
         press("OK");
-        if (!message().empty()) answer(QMessageBox::Yes);
+        if (!said().empty()) answer(Answer::Yes);
         EXPECT_EQ((settings().*row.get)(), row.stored) << row.name;
         ASSERT_FALSE(isOpen()) << row.name;
         openDialog();
@@ -218,19 +201,18 @@ TEST_F(SetupDialog, WhatLosesSomethingIsDoneOnlyAfterAYesToEachQuestion)
     reach("Default bank");
     press("Current bank as default");
     press("OK");
-    EXPECT_TRUE(message().starts_with("Confirm: \"Three.bnk\"")) << message();
-    answer(QMessageBox::Yes);
-    EXPECT_EQ(message(), question);
-    answer(QMessageBox::No);
-    EXPECT_TRUE(dialog()->isVisible());
+    EXPECT_TRUE(said().starts_with("Confirm: \"Three.bnk\"")) << said();
+    answer(Answer::Yes);
+    EXPECT_EQ(answer(Answer::No), question);
+    EXPECT_TRUE(setup()->isVisible());
     EXPECT_EQ(settings().getRetroRecordBufferSize(), 100000);
     EXPECT_FALSE(settings().getLargeDisplayFont()) << "all or nothing";
     press("OK");
-    EXPECT_TRUE(message().starts_with("Confirm: \"Three.bnk\"")) << message();
-    answer(QMessageBox::Yes);
-    EXPECT_EQ(message(), question) << "each is asked";
+    EXPECT_TRUE(said().starts_with("Confirm: \"Three.bnk\"")) << said();
+    answer(Answer::Yes);
+    EXPECT_EQ(said(), question) << "each is asked";
     EXPECT_EQ(settings().getRetroRecordBufferSize(), 100000);
-    answer(QMessageBox::Yes);
+    answer(Answer::Yes);
     EXPECT_FALSE(isOpen());
     EXPECT_EQ(settings().getRetroRecordBufferSize(), 200000);
     EXPECT_TRUE(settings().getLargeDisplayFont());
@@ -247,7 +229,7 @@ TEST_F(SetupDialog, PortsHaveABoxEach)
     EXPECT_EQ(ports("MIDI inputs"), "*In 1|*In 2 (Not Found)|In 3|") << "as they are now";
     EXPECT_EQ(ports("MIDI outputs"), "*Out 1|*Out 2|*Out 3|");
     std::string labels;
-    for (const auto* label : dialog()->findChildren<QLabel*>())
+    for (const auto* label : setup()->findChildren<QLabel*>())
         if (label->isVisible()) labels += label->text().toStdString() + "|";
     EXPECT_NE(labels.find("Couldn't open: In 3|"), std::string::npos) << labels;
 
@@ -275,8 +257,7 @@ TEST_F(SetupDialog, BothEndsOfALoopbackPortCannotBeEnabled)
         settle();
         flipPort("MIDI inputs", 1);
         press("OK");
-        EXPECT_EQ(message(), refusal) << name;
-        answer(QMessageBox::Ok);
+        EXPECT_EQ(answer(), refusal) << name;
         EXPECT_TRUE(list("MIDI inputs").isVisible());
         flipPort("MIDI inputs", 1);
         press("OK");
@@ -291,8 +272,7 @@ TEST_F(SetupDialog, BothEndsOfALoopbackPortCannotBeEnabled)
     settle();
     flipPort("MIDI outputs", 0);
     press("OK");
-    EXPECT_EQ(message(), refusal);
-    answer(QMessageBox::Ok);
+    EXPECT_EQ(answer(), refusal);
     EXPECT_TRUE(list("MIDI outputs").isVisible()) << "where the user was";
     flipPort("MIDI outputs", 0);
     press("OK");
@@ -322,25 +302,24 @@ TEST_F(SetupDialog, TheDefaultBankIsAFileThatIsThere)
     const std::string path = (folder / "Three.bnk").string();
     enter("Default bank", "/nowhere/no.bnk");
     press("OK");
-    EXPECT_EQ(message(), "Invalid entry: There is no bank \"/nowhere/no.bnk\".");
-    answer(QMessageBox::Ok);
+    EXPECT_EQ(answer(), "Invalid entry: There is no bank \"/nowhere/no.bnk\".");
     press("Current bank as default");
     EXPECT_EQ(shown("Default bank"), path);
     const std::string before = settings().getDefaultBank();
     press("OK");
-    EXPECT_EQ(message(),
+    EXPECT_EQ(said(),
               "Confirm: \"Three.bnk\" will be loaded at every start, and now: what was not saved is lost. Continue?");
-    answer(QMessageBox::No);
+    answer(Answer::No);
     EXPECT_EQ(settings().getDefaultBank(), before);
     press("OK");
-    answer(QMessageBox::Yes);
+    answer(Answer::Yes);
     EXPECT_EQ(settings().getDefaultBank(), path);
 
     folder.write("Other.bnk", "<Bank>\n<Program name=\"Other\">\n</Program>\n</Bank>\n");
     openDialog();
     reach("Default bank");
     press("Choose default bank");
-    auto* files = dialog()->findChild<QFileDialog*>();
+    auto* files = setup()->findChild<QFileDialog*>();
     ASSERT_NE(files, nullptr);
     QTest::qWait(50);
     auto* name = files->findChild<QLineEdit*>("fileNameEdit");
@@ -354,7 +333,7 @@ TEST_F(SetupDialog, TheDefaultBankIsAFileThatIsThere)
     QDir::setCurrent(QString::fromStdString((folder / "").string()));
     enter("Default bank", "Other.bnk");
     press("OK");
-    answer(QMessageBox::Yes);
+    answer(Answer::Yes);
     QDir::setCurrent(here);
     EXPECT_EQ(settings().getDefaultBank(), (folder / "Other.bnk").string()) << "it is found from anywhere";
     EXPECT_EQ(orv->getProgram().name, "Other") << "it is loaded at once";
@@ -443,7 +422,7 @@ TEST_F(SetupDialog, FieldsThatAreNotTouchedFollowAndTheOthersStay)
     settle();
     EXPECT_EQ(ports("MIDI inputs"), "*In 1|");
     press("OK");
-    EXPECT_EQ(message(), "");
+    EXPECT_EQ(said(), "");
     EXPECT_EQ(settings().getMouseSensitivity(), 7);
 }
 
@@ -466,7 +445,7 @@ TEST_F(SetupDialog, WhatIsSetIsSeenInTheWindowAndHereWhenItOpensAgain)
 TEST_F(SetupDialog, TypingInItNeverPlaysAndMidiPlaysOn)
 {
     keys.count = 0;
-    for (QWidget* candidate : dialog()->findChildren<QWidget*>())
+    for (QWidget* candidate : setup()->findChildren<QWidget*>())
         if (candidate->focusPolicy() != Qt::NoFocus && qobject_cast<QAbstractButton*>(candidate) == nullptr) {
             QTest::keyClick(candidate, Qt::Key_A);
             QTest::keyClick(candidate, Qt::Key_Z);
@@ -490,18 +469,18 @@ TEST_F(SetupDialog, IsOneOnlyAndGoesWithTheWindow)
     flip("Large font");
     enter("Velocity", "0");
     press("OK");
-    EXPECT_NE(message(), "");
+    EXPECT_NE(said(), "");
     gui->destroy();
-    EXPECT_EQ(dialog(), nullptr);
+    EXPECT_EQ(setup(), nullptr);
     gui->showSetupDialog();
-    EXPECT_EQ(dialog(), nullptr) << "there is no window";
+    EXPECT_EQ(setup(), nullptr) << "there is no window";
     ASSERT_TRUE(gui->create(*this));
     settle();
-    EXPECT_EQ(dialog(), nullptr);
+    EXPECT_EQ(setup(), nullptr);
     EXPECT_FALSE(settings().getLargeDisplayFont());
     openDialog();
-    ASSERT_NE(dialog(), nullptr);
-    EXPECT_TRUE(dialog()->isVisible());
+    ASSERT_NE(setup(), nullptr);
+    EXPECT_TRUE(setup()->isVisible());
     EXPECT_FALSE(isChecked("Large font"));
 }
 
@@ -511,58 +490,6 @@ TEST_F(SetupDialog, PointingAtAThingSaysWhatItDoes)
     QEnterEvent enter({1, 1}, {1, 1}, {1, 1});
     QApplication::sendEvent(&box, &enter);
     std::string labels;
-    for (const auto* label : dialog()->findChildren<QLabel*>()) labels += label->text().toStdString() + "|";
+    for (const auto* label : setup()->findChildren<QLabel*>()) labels += label->text().toStdString() + "|";
     EXPECT_NE(labels.find(box.property(Gui::Property::HELP).toString().toStdString() + "|"), std::string::npos);
-}
-
-namespace
-{
-/// Every control and what is in it, as a screen reader comes to them.
-void visit(QAccessibleInterface* reported, const std::function<void(QAccessibleInterface&)>& see)
-{
-    if (reported == nullptr) return;
-    see(*reported);
-    for (int i = 0; i < reported->childCount(); ++i) visit(reported->child(i), see);
-}
-}  // namespace
-
-TEST_F(SetupDialog, EveryControlHasANameAndHelpAndNoTextIsCutOff)
-{
-    int controls = 0;
-    visit(QAccessible::queryAccessibleInterface(dialog()), [&](QAccessibleInterface& reported) {
-        if (!reported.state().focusable) return;
-        ++controls;
-        EXPECT_FALSE(reported.text(QAccessible::Name).isEmpty()) << reported.role();
-        if (reported.object() != nullptr && reported.object()->isWidgetType()) {
-            EXPECT_FALSE(reported.text(QAccessible::Description).isEmpty())
-                << qPrintable(reported.text(QAccessible::Name));
-        }
-    });
-    EXPECT_GT(controls, 30);
-
-    QListWidget& titles = list("Pages");
-    for (int row = 0; row < titles.count(); ++row) {
-        titles.setCurrentRow(row);
-        QTest::qWait(1);
-        for (const auto* candidate : dialog()->findChildren<QWidget*>()) {
-            if (!candidate->isVisible()) continue;
-            const std::string name =
-                titles.item(row)->text().toStdString() + ": " + candidate->property("text").toString().toStdString();
-            const QRect place(candidate->mapTo(dialog(), QPoint()), candidate->size());
-            EXPECT_TRUE(dialog()->rect().contains(place) || qobject_cast<const QLabel*>(candidate) == nullptr) << name;
-            if (const auto* label = qobject_cast<const QLabel*>(candidate); label != nullptr && !label->wordWrap()) {
-                EXPECT_GE(label->width(), label->sizeHint().width()) << name;
-            }
-            if (const auto* pushed = qobject_cast<const QAbstractButton*>(candidate)) {
-                EXPECT_GE(pushed->width(), pushed->fontMetrics().horizontalAdvance(pushed->text()) + 4) << name;
-                EXPECT_GE(pushed->height(), pushed->fontMetrics().height()) << name;
-            }
-            const QVariant help = candidate->property(Gui::Property::HELP);
-            if (!help.isValid()) continue;
-            auto& line = *dialog()->findChild<QLabel*>("help");
-            line.setText(help.toString());
-            EXPECT_LE(line.heightForWidth(line.width()), line.height()) << help.toString().toStdString();
-        }
-        EXPECT_LE(titles.sizeHintForColumn(0), titles.viewport()->width());
-    }
 }

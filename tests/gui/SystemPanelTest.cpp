@@ -338,24 +338,3 @@ TEST_F(SystemPanel, TheRecordIsSavedIntoTheMusicFolder)
     qputenv("HOME", home);
     config.isNull() ? qunsetenv("XDG_CONFIG_HOME") : qputenv("XDG_CONFIG_HOME", config);
 }
-
-TEST_F(SystemPanel, EveryControlHasANameAndHelpAndNoTextIsCutOff)
-{
-    for (auto* candidate : surroundings.findChildren<QWidget*>()) {
-        if (candidate->focusPolicy() == Qt::NoFocus) continue;
-        const auto* accessible = QAccessible::queryAccessibleInterface(candidate);
-        EXPECT_FALSE(accessible->text(QAccessible::Name).isEmpty()) << candidate->metaObject()->className();
-    }
-    const QWidget& panel = *control("Tempo").parentWidget();
-    for (const auto* label : panel.findChildren<QLabel*>())
-        EXPECT_LE(label->fontMetrics().horizontalAdvance(label->text()), label->width()) << label->text().toStdString();
-    for (const auto* candidate : panel.findChildren<QWidget*>()) {
-        if (candidate->focusPolicy() == Qt::NoFocus) continue;
-        EXPECT_FALSE(candidate->accessibleDescription().isEmpty()) << candidate->accessibleName().toStdString();
-        EXPECT_TRUE(candidate->property(Gui::Property::HELP).isValid()) << candidate->accessibleName().toStdString();
-        const auto* pushed = qobject_cast<const QAbstractButton*>(candidate);
-        if (pushed == nullptr) continue;
-        EXPECT_LE(pushed->fontMetrics().horizontalAdvance(pushed->text()), pushed->width() - 4)
-            << pushed->text().toStdString();
-    }
-}

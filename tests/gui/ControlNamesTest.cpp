@@ -1,9 +1,11 @@
 #include <QAccessible>
+#include <QLabel>
 #include <QListWidget>
 #include <QRadioButton>
-#include <cstdlib>
 
 #include "gui/framework/Operation.h"
+#include "gui/framework/Properties.h"
+#include "gui/screens/setup/SetupDialog.h"
 #include "tests/gui/DialogHands.h"
 
 namespace
@@ -32,14 +34,32 @@ void addNameless(QAccessibleInterface& part, const std::string& path, std::strin
         if (auto* inner = part.child(child)) addNameless(*inner, here, all);
 }
 
-struct DialogNames : DialogHands {
+/// What is wrong with the controls that are seen, a line each: no help, or a text that is cut off.
+std::string unhelpfulOrCutOff(const QWidget& window)
+{
+    std::string all;
+    for (const auto* control : window.findChildren<QWidget*>()) {
+        if (!control->isVisible()) continue;
+        const QString text = control->property("text").toString();
+        const auto* label = qobject_cast<const QLabel*>(control);
+        const bool isPlainLabel = label != nullptr && !label->wordWrap();
+        const bool isButton = qobject_cast<const QAbstractButton*>(control) != nullptr;
+        const int needed = control->fontMetrics().horizontalAdvance(text) + (isButton ? 4 : 0);
+        const std::string name = (control->accessibleName() + " '" + text + "'").toStdString();
+        if ((isPlainLabel || isButton) && control->width() < needed) all += name + " is cut off\n";
+        if (control->focusPolicy() == Qt::NoFocus) continue;
+        if (control->accessibleDescription().isEmpty()) all += name + " has no description\n";
+        if (!control->property(Gui::Property::HELP).isValid()) all += name + " has no help\n";
+    }
+    return all;
+}
+
+struct ControlNames : DialogHands {
     /// What has no name in the dialog of that title, a line each.
     std::string nameless(const QString& title)
     {
         std::string all;
         addNameless(*QAccessible::queryAccessibleInterface(&dialog(title)), "", all);
-        if (const char* pictures = std::getenv("DIALOG_PICTURES"))
-            dialog(title).grab().save(QString(pictures) + "/" + title + ".png");
         return all;
     }
     void leave(const QString& title)
@@ -50,7 +70,35 @@ struct DialogNames : DialogHands {
 };
 }  // namespace
 
-TEST_F(DialogNames, EveryControlOfAFileDialogHasOne)
+TEST_F(ControlNames, OfTheSystemPanelHaveHelpAndRoomForTheirTexts)
+{
+    for (auto* candidate : surroundings.findChildren<QWidget*>()) {
+        if (candidate->focusPolicy() == Qt::NoFocus) continue;
+        const auto* accessible = QAccessible::queryAccessibleInterface(candidate);
+        EXPECT_FALSE(accessible->text(QAccessible::Name).isEmpty()) << candidate->metaObject()->className();
+    }
+    EXPECT_EQ(unhelpfulOrCutOff(*control("Tempo").parentWidget()), "");
+}
+
+TEST_F(ControlNames, OfTheSetupHaveHelpAndRoomForTheirTexts)
+{
+    click("Setup");
+    auto& setup = *surroundings.findChild<Gui::Setup::SetupDialog*>();
+    auto& titles = control<QListWidget>("Pages");
+    for (int page = 0; page < titles.count(); ++page) {
+        titles.setCurrentRow(page);
+        QTest::qWait(1);
+        EXPECT_EQ(nameless("Setup") + unhelpfulOrCutOff(setup), "") << page;
+        for (const auto* helped : setup.findChildren<QWidget*>()) {
+            auto& line = *setup.findChild<QLabel*>("help");
+            line.setText(helped->property(Gui::Property::HELP).toString());
+            EXPECT_LE(line.heightForWidth(line.width()), line.height()) << line.text().toStdString();
+        }
+    }
+    EXPECT_LE(titles.sizeHintForColumn(0), titles.viewport()->width());
+}
+
+TEST_F(ControlNames, OfFileDialogsAreAllThere)
 {
     click("Load");
     EXPECT_EQ(nameless("Load"), "");
@@ -86,7 +134,7 @@ TEST_F(DialogNames, EveryControlOfAFileDialogHasOne)
     EXPECT_EQ(nameless("Saving..."), "");
 }
 
-TEST_F(DialogNames, EveryControlOfAPresetDialogHasOne)
+TEST_F(ControlNames, OfPresetDialogsAreAllThere)
 {
     gui->showScreen(Backend::Screen::computerInput, true);
     orv->getComputerInputMessageManager().postSavePreset("Organ", {});
