@@ -117,7 +117,7 @@ TEST(ControlFollowing, AsksForEventOutputChannelAndZone)
     all.back().functions.clear();
     ControlStage stage(all);
     const auto send = [&](int output, int channel, int zone, int value) {
-        stage.play({MessageType::controllerChange, 7, value, channel, output, zone, -1, -1});
+        stage.play(controller(7, value).output(output).channel(channel).zone(zone));
     };
     send(-1, -1, -1, 1);
     EXPECT_EQ(stage.values(), "1 0 0 0 0 0 0");

@@ -100,9 +100,9 @@ TEST(Commands, OfThePortsTheTempoAndTheScreenActUnderTheirNumber)
     stage.post(33261);
     EXPECT_EQ(stage.told(), "33261:" + std::to_string(static_cast<unsigned>(Screen::system)) + " ");
 
-    stage.postEvent(33248, {MessageType::noteOn, 60, 100, 3, 1, -1, -1, -1});
-    stage.postEvent(33251, {MessageType::noteOn, 62, 100, 3, -1, -1, 0, -1});
-    stage.postEvent(33251, {MessageType::noteOn, 64, 100, 3, -1, -1, 1, -1});
+    stage.postEvent(33248, noteOn(60).output(1).channel(3));
+    stage.postEvent(33251, noteOn(62).channel(3).input(0));
+    stage.postEvent(33251, noteOn(64).channel(3).input(1));
     EXPECT_EQ(stage.played(), "C4 on on output 1 channel 3, D4 on") << "input 1 is off";
     stage.told();
     stage.post(33253);

@@ -52,9 +52,9 @@ struct DisplayStage : Stage {
         rest();
         return std::exchange(listener.told, "");
     }
-    void noteOn(int output)
+    void playNoteOn(int output)
     {
-        play({MessageType::noteOn, 60, 100, 0, output, -1, -1, -1});
+        play(noteOn(60).output(output).channel(0));
         playSlices();
     }
 };
@@ -119,7 +119,7 @@ TEST(Display, ShowsWhatIsPlayedAndWhatComesInWhenAskedTo)
     DisplayStage stage;
     stage.display.postResendText();
     EXPECT_EQ(stage.told(), "=Orvane 3.2\r\n") << "the listener came when it was there already";
-    stage.noteOn(1);
+    stage.playNoteOn(1);
     EXPECT_EQ(stage.told(), "+Out 2\t1\tNote On\t60 (C4)\t100\r\n");
     EXPECT_EQ(stage.told(), "");
     stage.commands().postSetDisplayNumbers(true);
@@ -138,12 +138,12 @@ TEST(Display, ShowsWhatIsPlayedAndWhatComesInWhenAskedTo)
     stage.commands().postSetDisplayMidiOutputEvents(true);
     stage.commands().postSetDisplayNumbers(false);
     stage.rest();
-    stage.orv->displayMidiInputEvent({MessageType::timingTick, 0, 0, 0, -1, -1, 9, -1});
-    stage.orv->displayMidiOutputEvent({MessageType::timingTick, 0, 0, 0, -1, -1, -1, -1});
-    stage.orv->displayMidiOutputEvent({MessageType::timingTick, 0, 0, 0, 3, -1, -1, -1});
+    stage.orv->displayMidiInputEvent(TestEvent{MessageType::timingTick, 0, 0}.channel(0).input(9));
+    stage.orv->displayMidiOutputEvent(TestEvent{MessageType::timingTick, 0, 0}.channel(0));
+    stage.orv->displayMidiOutputEvent(TestEvent{MessageType::timingTick, 0, 0}.output(3).channel(0));
     EXPECT_EQ(stage.told(), "+> ???\t\tTiming Tick\r\n???\t\tTiming Tick\r\n???\t\tTiming Tick\r\n");
     stage.commands().sendSetMidiOutputPorts(stage.outputs({"Other"}));
-    stage.orv->displayMidiOutputEvent({MessageType::timingTick, 0, 0, 0, 0, -1, -1, -1});
+    stage.orv->displayMidiOutputEvent(TestEvent{MessageType::timingTick, 0, 0}.output(0).channel(0));
     EXPECT_EQ(stage.told(), "+Other\t\tTiming Tick\r\n");
 }
 

@@ -97,8 +97,8 @@ TEST(Lifecycle, WhatTheUserChoseIsThereTheNextTime)
     commands.sendSetMidiInputPorts({{{.name = "In"}}});
     commands.sendSetMidiOutputPorts({{{.name = "Out 1"}}, {{.name = "Out 2"}}});
     commands.sendEndInitialize();
-    commands.postProcessMidiInputEvent({MidiEngine::MessageType::noteOn, 60, 100, 0, -1, -1, 0, -1});
-    commands.postPlayMidi({MidiEngine::MessageType::noteOn, 62, 100, 0, -1, -1, -1, -1});
+    commands.postProcessMidiInputEvent(noteOn(60).channel(0).input(0));
+    commands.postPlayMidi(noteOn(62).channel(0));
     while (!life.orv->isAtRest()) std::this_thread::yield();
     life.orv->playTimeSlice(100, 101);
     life.orv->playTimeSlice(101, 102);

@@ -33,8 +33,7 @@ TEST(Orv, PostsBeforeTheStartWaitAndThoseOfManyThreadsKeepTheirOrder)
     std::vector<std::thread> hands;
     for (int hand = 0; hand < 3; ++hand)
         hands.emplace_back([&, hand] {
-            for (int note = 0; note < 100; ++note)
-                commands.postPlayMidi({MessageType::noteOn, note, 1, hand, 0, -1, -1, -1});
+            for (int note = 0; note < 100; ++note) commands.postPlayMidi(noteOn(note, 1).output(0).channel(hand));
         });
     for (auto& hand : hands) hand.join();
     orv->start();
@@ -89,7 +88,7 @@ TEST(Orv, EndsWhileSlicesRunAndCommandsPour)
         std::atomic<bool> pouring{true};
         std::thread hand([&] {
             while (pouring) {
-                stage.commands().postProcessMidiInputEvent({MessageType::noteOn, 60, 100, 0, -1, -1, 0, -1});
+                stage.commands().postProcessMidiInputEvent(noteOn(60).channel(0).input(0));
                 std::this_thread::yield();
             }
         });
@@ -120,8 +119,8 @@ TEST(Orv, AnEventFromAControlOrWithAPulseArrivesWhole)
 {
     Stage stage;
     stage.play({MidiMessage(MessageType::controllerChange, 7, 9), 0, 1, -1, {2, 3}});
-    stage.commands().postPlayMidi({MessageType::noteOn, 60, 100, 0, 0, -1, -1, stage.pulse + 5});
-    stage.commands().postProcessMidiInputEvent({MessageType::noteOn, 62, 100, 0, -1, -1, 1, stage.pulse + 5});
+    stage.commands().postPlayMidi(noteOn(60).output(0).channel(0).pulse(stage.pulse + 5));
+    stage.commands().postProcessMidiInputEvent(noteOn(62).channel(0).input(1).pulse(stage.pulse + 5));
     stage.rest();
     stage.playSlices(2);
     ASSERT_EQ(stage.player.events.size(), 1u);

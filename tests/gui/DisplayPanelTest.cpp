@@ -54,8 +54,8 @@ TEST(DisplayPanel, ShowsTheLogAndWhatIsNew)
 {
     DisplayStage stage;
     EXPECT_TRUE(stage.comesToShow("Orvane 3.2")) << "what was there before";
-    stage.play({MessageType::noteOn, 60, 100, 0, 1, -1, -1, -1});
-    stage.play({MessageType::noteOff, 60, 64, 0, 1, -1, -1, -1});
+    stage.play(noteOn(60).output(1).channel(0));
+    stage.play(noteOff(60).output(1).channel(0));
     stage.playSlices();
     EXPECT_TRUE(stage.comesToShow("Orvane 3.2\nOut 2\t1\tNote On\t60 (C4)\t100\nOut 2\t1\tNote Off\t60 (C4)\t64"));
 

@@ -132,7 +132,7 @@ TEST(Oscillators, ComeBehindTheEventsOfTheirPulse)
 {
     Engine stage(LAYERED + " output='0' channel='0'/>");
     stage.switchAll(1, true);
-    stage.engine.appendTimedEvent({MessageType::noteOn, 60, 100, 0, 0, -1, -1, 10});
+    stage.engine.appendTimedEvent(noteOn(60).output(0).channel(0).pulse(10));
     EXPECT_EQ(stage.play(11), "10,0,144,60,100\n10,0,176,1,0\n");
 }
 

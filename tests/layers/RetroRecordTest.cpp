@@ -23,7 +23,7 @@ struct RecordStage : Stage {
     void note(int number, int output, std::uint32_t silence = 0)
     {
         player.milliseconds += silence;
-        play({MessageType::noteOn, number, 100, 0, output, -1, -1, -1});
+        play(noteOn(number).output(output).channel(0));
         playSlices();
     }
     /// The saved files as `readRecord` tells them, by name, which are gone behind that.
@@ -69,8 +69,8 @@ TEST(RetroRecord, KeepsWhatIsPlayedForEachOutputAndTellsTheWindow)
     stage.note(60, 0, 1000);
     stage.note(61, 1, 20000);
     stage.note(62, 0, 500);
-    stage.play({MessageType::timingTick, 0, 0, 5, 1, -1, -1, -1});
-    stage.play({MessageType::systemReset, 0, 0, 5, 1, -1, -1, -1});
+    stage.play(TestEvent{MessageType::timingTick, 0, 0}.output(1).channel(5));
+    stage.play(TestEvent{MessageType::systemReset, 0, 0}.output(1).channel(5));
     stage.playSlices();
     EXPECT_EQ(stage.saved(),
               (Takes{{"t_Out 1.mid", "200:90.3C.64 1400:90.3E.64"}, {"t_Out 2.mid", "1400:90.3D.64 100:F7.F8"}}));
@@ -96,7 +96,7 @@ TEST(RetroRecord, CanBeSwitchedOffAndMadeSmaller)
     stage.note(62, 0);
     EXPECT_EQ(stage.saved(), (Takes{{"t_Out 1.mid", "0:90.3C.64 0:90.3E.64"}}));
     stage.commands().postSetRetroRecordBufferSize(1000);
-    for (int i = 0; i < 500; ++i) stage.play({MessageType::noteOn, i % 128, 100, 0, 0, -1, -1, -1});
+    for (int i = 0; i < 500; ++i) stage.play(noteOn(i % 128).output(0).channel(0));
     stage.playSlices();
     EXPECT_EQ(stage.saved()["t_Out 1.mid"].size(), 11 * (9 * 23 + 500 % 23) - 1)
         << "a file takes a tenth of the size, 23 events";
@@ -160,7 +160,7 @@ TEST(RetroRecord, LosesNothingThatIsPlayedWhileItIsSaved)
     for (int round = 0; round < 20; ++round) {
         stage.orv->getRetroRecordManager().save((stage.folders / "t").string(), WindowHandle(stage.window));
         for (int note = 0; note < 100; ++note)
-            stage.commands().postPlayMidi({MessageType::noteOn, note, round + 1, 0, 0, -1, -1, -1});
+            stage.commands().postPlayMidi(noteOn(note, round + 1).output(0).channel(0));
         stage.slice(1);
     }
     stage.rest();

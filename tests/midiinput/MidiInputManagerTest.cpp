@@ -125,7 +125,7 @@ TEST(MidiInput, TakesItsNumbersFromTheEvent)
 TEST(MidiInput, WithoutABackendDoesNothing)
 {
     const auto translation = TranslationManagement::createTranslation("ResetOrv");
-    translation->execute({MessageType::noteOn, 60, 100, 0, -1, -1, 0, -1});
+    translation->execute(noteOn(60).channel(0).input(0));
     EXPECT_EQ(translation->clone()->getType(), "ResetOrv");
 }
 

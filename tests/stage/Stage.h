@@ -14,6 +14,7 @@
 #include "backend/messages/MidiEngineMessageManager.h"
 #include "backend/model/Layer.h"
 #include "tests/stage/PrivateFolders.h"
+#include "tests/stage/TestEvent.h"
 
 /// A player that writes down what it gets. Called by one thread at a time, under the engine lock.
 class RecordingPlayer final : public Backend::MidiEngine::MidiPlayer
