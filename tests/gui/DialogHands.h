@@ -10,7 +10,7 @@
 #include <QTest>
 
 #include "backend/files/Bank.h"
-#include "tests/computer/KeyStage.h"
+#include "tests/sections/KeyStage.h"
 #include "tests/gui/OpenWindow.h"
 
 /// An open window, and hands for its dialogs.

@@ -4,7 +4,7 @@
 #include <QKeyEvent>
 #include <string>
 
-#include "tests/computer/KeyStage.h"
+#include "tests/sections/KeyStage.h"
 #include "tests/gui/Windowed.h"
 
 /// A window that is open, and hands on the computer's keyboard.

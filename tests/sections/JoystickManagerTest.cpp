@@ -5,7 +5,7 @@
 #include "backend/messages/GuiMessages.h"
 #include "backend/messages/MessageManagerMaster.h"
 #include "backend/sections/zones/ZoneManager.h"
-#include "tests/joystick/JoystickStage.h"
+#include "tests/sections/JoystickStage.h"
 
 using namespace Backend;
 using namespace Backend::Joystick;

@@ -7,7 +7,7 @@
 #include <thread>
 
 #include "platform/Joysticks.h"
-#include "tests/joystick/JoystickStage.h"
+#include "tests/sections/JoystickStage.h"
 
 namespace
 {

@@ -2,7 +2,7 @@
 
 #include "backend/bindings/functions/FunctionFactories.h"
 #include "backend/messages/GuiMessages.h"
-#include "tests/computer/KeyStage.h"
+#include "tests/sections/KeyStage.h"
 
 using namespace Backend;
 using namespace Backend::ComputerInput;

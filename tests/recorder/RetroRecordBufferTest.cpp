@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "backend/recorder/RecordedEvents.h"
-#include "tests/layers/RecordReading.h"
+#include "tests/recorder/RecordReading.h"
 #include "tests/stage/FileFault.h"
 #include "tests/stage/TemporaryFolder.h"
 

@@ -7,7 +7,7 @@
 #include "backend/messages/GuiMessages.h"
 #include "backend/recorder/RecordFileNames.h"
 #include "backend/recorder/RetroRecordManager.h"
-#include "tests/layers/RecordReading.h"
+#include "tests/recorder/RecordReading.h"
 #include "tests/stage/Stage.h"
 
 using namespace Backend;

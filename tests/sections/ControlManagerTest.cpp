@@ -6,7 +6,7 @@
 
 #include "backend/messages/GuiMessages.h"
 #include "backend/sections/controls/DefaultControls.h"
-#include "tests/controls/ControlStage.h"
+#include "tests/sections/ControlStage.h"
 
 using namespace Backend;
 using namespace Backend::Controls;

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/controls/ControlStage.h"
+#include "tests/sections/ControlStage.h"
 
 using namespace Backend::Controls;
 using Backend::MidiEngine::OrvMidiMessage;

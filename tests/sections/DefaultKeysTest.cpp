@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/computer/KeyStage.h"
+#include "tests/sections/KeyStage.h"
 
 using namespace Backend;
 using namespace Backend::ComputerInput;

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "tests/joystick/JoystickStage.h"
+#include "tests/sections/JoystickStage.h"
 
 using namespace Backend;
 using namespace Backend::Joystick;

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "tests/computer/KeyStage.h"
+#include "tests/sections/KeyStage.h"
 #include "tests/stage/Allocations.h"
 
 using namespace Backend;

@@ -7,7 +7,7 @@
 #include "api/OrvFactory.h"
 #include "backend/sections/controls/DefaultControls.h"
 #include "backend/xml/XmlDocument.h"
-#include "tests/controls/ControlStage.h"
+#include "tests/sections/ControlStage.h"
 
 using namespace Backend;
 using namespace Backend::Controls;
@@ -28,7 +28,7 @@ std::string written(ControlStage& stage, const std::vector<Cell>& cells = {})
 
 std::string fileOf(const std::string& name)
 {
-    std::ifstream file(ORVANE_CONTENT "/" + name, std::ios::binary);
+    std::ifstream file(ORVANE_CONTENT "/Default/" + name, std::ios::binary);
     return {std::istreambuf_iterator<char>(file), {}};
 }
 }  // namespace
