@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <fstream>
 #include <sstream>
 
 #include "backend/bindings/functions/HelpTexts.h"
@@ -18,90 +19,30 @@ using namespace Backend::MidiInput::TranslationManagement;
 
 namespace
 {
+/// A line of the catalogue's file.
 struct Row {
-    const char* displayName;
-    const char* typeName;
-    const char* attributes;  // of one that was just made
-    const char* flags = "";  // what a picker offers, in the order of the settings interface
+    std::string displayName, typeName;
+    std::string attributes;  ///< of one that was just made, each after a blank
+    std::string flags;       ///< what a picker offers, in the order of the settings interface
 };
 
-constexpr const char* MIDI = R"( zone="-1" output="-1" channel="-1" D1="D1" D2="D2")";
-constexpr const char* TOGGLE = R"( type="toggle")";
-constexpr const char* PRESET = R"( preset="")";
-constexpr const char* SELECT = R"( type="D2")";
-constexpr const char* CHANGE = R"( type="selected" value="D2")";
-constexpr const char* BOOLEAN = R"( type="selected" value="toggle")";
-constexpr const char* SELECTS_FROM_EVENT = "yn ynyn yyyy";
-constexpr const char* CHANGES_ALL = "yy nyyy nnnn";
-constexpr const char* CHANGES_SOME = "yy nyyn nnnn";
-constexpr const char* SIX_FLAGS = "yy nyyy";
-
-constexpr Row ROWS[] = {
-    {"Unchanged", "Unchanged", MIDI},
-    {"Do Nothing", "DoNothing", ""},
-    {"Midi Note On", "MidiNoteOn", MIDI},
-    {"Midi Note Off", "MidiNoteOff", MIDI},
-    {"Midi Key Pressure", "MidiKeyPressure", MIDI},
-    {"Midi Controller Change", "MidiControllerChange", MIDI},
-    {"Midi Program Change", "MidiProgramChange", MIDI},
-    {"Midi Channel Pressure", "MidiChannelPressure", MIDI},
-    {"Midi Pitch Bend", "MidiPitchBend", MIDI},
-    {"Midi Song Position", "MidiSongPosition", MIDI},
-    {"Midi Song Select", "MidiSongSelect", MIDI},
-    {"Midi Bus Select", "MidiBusSelect", MIDI},
-    {"Midi Tune Request", "MidiTuneRequest", MIDI},
-    {"Midi Timing Tick", "MidiTimingTick", MIDI},
-    {"Midi Start Song", "MidiStartSong", MIDI},
-    {"Midi Continue Song", "MidiContinueSong", MIDI},
-    {"Midi Stop Song", "MidiStopSong", MIDI},
-    {"Midi Active Sensing", "MidiActiveSensing", MIDI},
-    {"Midi System Reset", "MidiSystemReset", MIDI},
-    {"Show Main Screen", "ShowSystem", TOGGLE},
-    {"Show Help", "ShowHelp", TOGGLE},
-    {"Show Display", "ShowDisplay", TOGGLE},
-    {"Show Oscillator", "ShowOscillator", TOGGLE},
-    {"Show Joystick Input", "ShowJoystickInput", TOGGLE},
-    {"Show Midi Input", "ShowMidiInput", TOGGLE},
-    {"Show Computer Input", "ShowComputerInput", TOGGLE},
-    {"Show Controls", "ShowControl", TOGGLE},
-    {"Show Output", "ShowOutput", TOGGLE},
-    {"Show CC", "ShowCc", TOGGLE},
-    {"Show Zone", "ShowZone", TOGGLE},
-    {"Show Layer", "ShowLayer", TOGGLE},
-    {"Show Save Dialog", "ShowSaveDialog", ""},
-    {"Move Window", "MoveWindowTranslation", R"( x="D2" y="D2")"},
-    {"Load Oscillator Preset", "LoadOscillatorPreset", PRESET},
-    {"Load Joystick Input Preset", "LoadJoystickInputPreset", PRESET},
-    {"Load Midi Input Preset", "LoadMidiInputPreset", PRESET},
-    {"Load Computer Input Preset", "LoadComputerInputPreset", PRESET},
-    {"Load Control Preset", "LoadControlPreset", PRESET},
-    {"Load Layer Preset", "LoadLayerPreset", PRESET},
-    {"Change Program", "ChangeProgram", SELECT, SELECTS_FROM_EVENT},
-    {"Show Program Menu", "ShowProgramMenu", ""},
-    {"Change Default Midi Output", "ChangeDefaultMidiOutput", SELECT, SELECTS_FROM_EVENT},
-    {"Show Default Midi Output Menu", "ShowDefaultMidiOutMenu", ""},
-    {"Change Midi Thru", "ChangeMidiThru", TOGGLE},
-    {"Change Global Keyboard", "ChangeGlobalKeyboard", TOGGLE},
-    {"Change Tempo", "ChangeTempo", R"( value="D2")", "ny nnnn nnnn"},
-    {"Reset ORV", "ResetOrv", ""},
-    {"Data Select Oscillator", "DataSelectOscillator", SELECT, SELECTS_FROM_EVENT},
-    {"Start Stop Oscillator", "ChangeOscPlaying", BOOLEAN, SIX_FLAGS},
-    {"Change Oscillator Speed", "ChangeOscSpeed", CHANGE, CHANGES_ALL},
-    {"Select Control", "SelectControl", R"( type="right" value="D2")", "yynn"},
-    {"Set Control Focus", "SetWidgetFocus", R"( type="right" value="D2")", "yynn"},
-    {"Send Control Data", "SendControlData", CHANGE, "nyny"},
-    {"Change Control", "ChangeControl", CHANGE, "nyyn"},
-    {"Select Zone", "SelectZone", SELECT, SELECTS_FROM_EVENT},
-    {"Change Zone Transpose", "ChangeZoneTranspose", CHANGE, CHANGES_ALL},
-    {"Data Select Layer", "DataSelectLayer", SELECT, SELECTS_FROM_EVENT},
-    {"Edit Select Layer", "EditSelectLayer", SELECT, SELECTS_FROM_EVENT},
-    {"Change Layer Transpose", "ChangeLayerTranspose", CHANGE, CHANGES_SOME},
-    {"Change Layer Velocity", "ChangeLayerVelocity", CHANGE, CHANGES_SOME},
-    {"Change Layer Mute", "ChangeLayerMute", BOOLEAN, SIX_FLAGS},
-    {"Change Layer Mono", "ChangeLayerMono", BOOLEAN, SIX_FLAGS},
-    {"Change Layer Solo", "ChangeLayerSolo", BOOLEAN, SIX_FLAGS},
-    {"Change Layer Note Toggle", "ChangeLayerNoteToggle", R"( type="selected" value="off")", SIX_FLAGS},
-};
+const std::vector<Row>& rows()
+{
+    static const std::vector<Row> all = [] {
+        std::vector<Row> read;
+        std::ifstream file(ORVANE_BINDINGS "/translations.txt");
+        for (std::string line; std::getline(file, line);) {
+            if (line.starts_with('#')) continue;
+            const auto type = line.find(" | "), attributes = line.find(" |", type + 1);
+            const auto flags = line.find(" |", attributes + 1);
+            read.push_back({line.substr(0, type), line.substr(type + 3, attributes - type - 3),
+                            line.substr(attributes + 2, flags - attributes - 2),
+                            line.substr(std::min(flags + 3, line.size()))});
+        }
+        return read;
+    }();
+    return all;
+}
 
 /// What a picker would offer, "" for a family without flags.
 template <class Type>
@@ -160,8 +101,8 @@ std::string withOtherAttributes(std::string element)
 void expectItsRow(const Translation& plain, const std::string& flags)
 {
     const std::string type(plain.getType());
-    const auto* row = std::ranges::find(ROWS, type, &Row::typeName);
-    ASSERT_NE(row, std::end(ROWS));
+    const auto row = std::ranges::find(rows(), type, &Row::typeName);
+    ASSERT_NE(row, rows().end());
     const std::string element = "<" + type + row->attributes + "/>\n";
     EXPECT_EQ(print(plain), "Off " + element);
     EXPECT_EQ(print(*createTranslation(type)), "Off " + element);
@@ -202,10 +143,10 @@ TEST(TranslationCatalogue, OffersItsTranslationsInOrderUnderTheirNames)
 {
     Picker picker;
     enumerateTranslations(picker);
-    ASSERT_EQ(picker.offered.size(), std::size(ROWS));
-    for (std::size_t i = 0; i < std::size(ROWS); ++i) {
-        EXPECT_EQ(picker.offered[i].displayName, ROWS[i].displayName);
-        EXPECT_EQ(picker.offered[i].typeName, ROWS[i].typeName);
+    ASSERT_EQ(picker.offered.size(), rows().size());
+    for (std::size_t i = 0; i < rows().size(); ++i) {
+        EXPECT_EQ(picker.offered[i].displayName, rows()[i].displayName);
+        EXPECT_EQ(picker.offered[i].typeName, rows()[i].typeName);
     }
 }
 
