@@ -11,7 +11,6 @@
 #include "gui/presets/PresetGuiOwner.h"
 #include "tests/gui/DialogHands.h"
 #include "tests/gui/FullDisk.h"
-#include "tests/gui/PlainUser.h"
 
 using namespace Backend;
 namespace fs = std::filesystem;
@@ -31,21 +30,6 @@ struct FileDialogs : DialogHands {
         if (!target.isEmpty()) buttonIn<QRadioButton>(save, target).setChecked(true);
     }
     QListWidget& programs() { return *dialog("Save").findChild<QListWidget*>(); }
-};
-
-/// The data folder and that of the bank take nothing.
-struct ReadOnlyData : PlainUser, FileDialogs {
-    ReadOnlyData() { setMode(fs::perms::owner_read | fs::perms::owner_exec); }
-    ~ReadOnlyData() override { setMode(fs::perms::owner_all); }
-
-    void setMode(fs::perms mode)
-    {
-        for (const fs::path& place : {fs::path(OrvUtils::getOrvAppDataDir()), folder / ""}) {
-            for (const auto& entry : fs::recursive_directory_iterator(place))
-                if (entry.is_directory()) fs::permissions(entry.path(), mode);
-            fs::permissions(place, mode);
-        }
-    }
 };
 }  // namespace
 
@@ -216,35 +200,6 @@ TEST_F(FileDialogs, KeepTheFileAndSaySoWhereItCannotBeWritten)
     chooseFile("Save To Program File", "/proc/x");
     EXPECT_EQ(answer(), "Error: The program could not be saved; \"x.prg\" is as it was.");
     EXPECT_EQ(dialogs(), "");
-}
-
-TEST_F(ReadOnlyData, IsToldOfByEveryDialogAndPlayedFrom)
-{
-    const std::string before = folder.read("Three.bnk");
-    openSaveDialog({});
-    pressIn("Save", "Save");
-    EXPECT_EQ(answer(), "Error: The program could not be saved; \"Three.bnk\" is as it was.");
-    openFileMenu("Change Bank Size...");
-    enter("Change Bank Size", "9");
-    EXPECT_EQ(answer(), "Error: The bank could not be written; \"Three.bnk\" is as it was.");
-    EXPECT_EQ(folder.read("Three.bnk"), before);
-
-    openFileMenu("Import Version 2 File...");
-    const TemporaryFolder mine;
-    mine.write("old.bnk", "P 1 Solo 0\n");
-    chooseFile("Select Version 2 File To Import", (mine / "old.bnk").string());
-    chooseFile("Select Name Of New File", (folder / "new.bnk").string());
-    EXPECT_EQ(answer(), "Error: \"old.bnk\" could not be imported; nothing was written.");
-    gui->getComputerInputPanelAsPresetGuiOwner().addPreset("Mine", false);
-    settle();
-    EXPECT_EQ(answer(), "Error: The folder \"Computer Input Presets\" could not be changed.");
-
-    click("Next program");
-    EXPECT_EQ(orv->getProgram().name, "P1");
-    openSaveDialog("As a program file...");
-    pressIn("Save", "Save");
-    chooseFile("Save To Program File", (mine / "elsewhere").string());
-    EXPECT_EQ(namesOf((mine / "elsewhere.prg").string()), "P1") << "there is a way out";
 }
 
 TEST_F(FileDialogs, ChangeTheSizeOfTheBankAndAskBeforeProgramsGo)

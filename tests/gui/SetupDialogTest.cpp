@@ -426,22 +426,6 @@ TEST_F(SetupDialog, FieldsThatAreNotTouchedFollowAndTheOthersStay)
     EXPECT_EQ(settings().getMouseSensitivity(), 7);
 }
 
-TEST_F(SetupDialog, WhatIsSetIsSeenInTheWindowAndHereWhenItOpensAgain)
-{
-    flip("Number the lines");
-    flip("Show input events");
-    enter("Height of the display", "333");
-    press("OK");
-    EXPECT_TRUE(button("Number the lines").isChecked());
-    EXPECT_TRUE(button("Show input events").isChecked());
-    gui->showScreen(Screen::display, true);
-    EXPECT_EQ(control("Events").parentWidget()->height(), 333);
-    click("Number the lines");
-    openDialog();
-    EXPECT_FALSE(isChecked("Number the lines")) << "as it was set at the display";
-    EXPECT_EQ(shown("Height of the display"), "333");
-}
-
 TEST_F(SetupDialog, TypingInItNeverPlaysAndMidiPlaysOn)
 {
     keys.count = 0;
@@ -482,14 +466,4 @@ TEST_F(SetupDialog, IsOneOnlyAndGoesWithTheWindow)
     ASSERT_NE(setup(), nullptr);
     EXPECT_TRUE(setup()->isVisible());
     EXPECT_FALSE(isChecked("Large font"));
-}
-
-TEST_F(SetupDialog, PointingAtAThingSaysWhatItDoes)
-{
-    QWidget& box = reach("Always on top");
-    QEnterEvent enter({1, 1}, {1, 1}, {1, 1});
-    QApplication::sendEvent(&box, &enter);
-    std::string labels;
-    for (const auto* label : setup()->findChildren<QLabel*>()) labels += label->text().toStdString() + "|";
-    EXPECT_NE(labels.find(box.property(Gui::Property::HELP).toString().toStdString() + "|"), std::string::npos);
 }
