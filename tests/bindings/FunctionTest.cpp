@@ -31,7 +31,7 @@ struct FunctionStage : Stage {
     }
 
     /// "number wparam lparam" of each message since the last call.
-    std::string told()
+    std::string received()
     {
         std::string text;
         while (window->handleNext([&](Message& message) {
@@ -148,28 +148,28 @@ TEST(ScreenFunctions, AskTheWindow)
         {R"(<SetWidgetFocus type="2,3"/>)", only(GuiMessage::SET_WIDGET_FOCUS) + "2,3\n"},
     };
     FunctionStage stage;
-    for (const auto& [element, told] : rows) {
+    for (const auto& [element, received] : rows) {
         stage.run(element);
-        EXPECT_EQ(stage.told(), told) << element;
+        EXPECT_EQ(stage.received(), received) << element;
     }
 }
 
-TEST(SystemFunctions, ChangeProgramTempoOutputAndSwitchesAndTellTheWindow)
+TEST(SystemFunctions, ChangeProgramTempoOutputAndSwitchesAndNotifyTheWindow)
 {
     FunctionStage stage;
     stage.run(R"(<ChangeTempo value="+10"/>)");
     EXPECT_EQ(stage.orv->getTempo(), 130);
-    EXPECT_TRUE(stage.told().starts_with(std::to_string(GuiMessage::PROGRAM)));
+    EXPECT_TRUE(stage.received().starts_with(std::to_string(GuiMessage::PROGRAM)));
 
     stage.run("<ChangeDefaultMidiOutput/>");
-    EXPECT_EQ(stage.told(), std::to_string(GuiMessage::DEFAULT_MIDI_OUTPUT) + " 1 0\n");
+    EXPECT_EQ(stage.received(), std::to_string(GuiMessage::DEFAULT_MIDI_OUTPUT) + " 1 0\n");
     stage.run(R"(<ChangeDefaultMidiOutput type="0"/>)");
-    EXPECT_EQ(stage.told(), std::to_string(GuiMessage::DEFAULT_MIDI_OUTPUT) + " 0 0\n");
+    EXPECT_EQ(stage.received(), std::to_string(GuiMessage::DEFAULT_MIDI_OUTPUT) + " 0 0\n");
 
     const bool thru = stage.orv->getRegistrySettings().getMidiThru();
     stage.run("<ChangeMidiThru/>");
     EXPECT_EQ(stage.orv->getRegistrySettings().getMidiThru(), !thru);
     stage.run(R"(<ChangeGlobalKeyboard type="on"/>)");
     EXPECT_TRUE(stage.orv->getRegistrySettings().getGlobalKeyboard());
-    EXPECT_NE(stage.told().find(std::to_string(GuiMessage::GLOBAL_KEYBOARD) + " 1"), std::string::npos);
+    EXPECT_NE(stage.received().find(std::to_string(GuiMessage::GLOBAL_KEYBOARD) + " 1"), std::string::npos);
 }

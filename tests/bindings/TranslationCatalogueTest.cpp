@@ -176,7 +176,7 @@ TEST(TranslationCatalogue, PassesThroughOnlyWhatNothingChangesOrHoldsBack)
         EXPECT_FALSE(read("<Unchanged " + std::string(change) + "/>")->isPassThrough()) << change;
 }
 
-TEST(TranslationCatalogue, TellsVisitorsItsClassAndItsFamily)
+TEST(TranslationCatalogue, GivesVisitorsItsClassAndItsFamily)
 {
     struct Family final : ChangeBooleanSettingsType::Visitor {
         void visit(Translations::ChangeOscPlaying&) override { seen = "playing"; }

@@ -24,8 +24,8 @@ struct CommandStage : Stage {
     }
     void postEvent(unsigned number, const OrvMidiMessage& event) { post(number, event.getWparam(), event.getLparam()); }
 
-    /// What the window was told, "number:first parameter" each.
-    std::string told()
+    /// What the window received, "number:first parameter" each.
+    std::string received()
     {
         std::string text;
         while (window->handleNext([&](Message& message) {
@@ -36,7 +36,7 @@ struct CommandStage : Stage {
 };
 }  // namespace
 
-TEST(Commands, WithASettingStoreItUnderTheirNumberAndTellTheWindowThatShowsIt)
+TEST(Commands, WithASettingStoreItUnderTheirNumberAndNotifyTheWindowThatShowsIt)
 {
     constexpr auto NOTHING = 0u;
     using Settings = const RegistrySettings&;
@@ -79,11 +79,11 @@ TEST(Commands, WithASettingStoreItUnderTheirNumberAndTellTheWindowThatShowsIt)
             EXPECT_EQ(stored(stage.orv->getRegistrySettings()), value) << number;
             const std::string expected =
                 notice == NOTHING ? "" : std::to_string(notice) + ":" + std::to_string(value) + " ";
-            EXPECT_EQ(stage.told(), expected) << number;
+            EXPECT_EQ(stage.received(), expected) << number;
         }
     for (const unsigned size : {999u, 200000001u}) stage.post(33262, size);
     EXPECT_EQ(stage.orv->getRegistrySettings().getRetroRecordBufferSize(), 5000) << "out of range";
-    EXPECT_EQ(stage.told(), "");
+    EXPECT_EQ(stage.received(), "");
 }
 
 TEST(Commands, OfThePortsTheTempoAndTheScreenActUnderTheirNumber)
@@ -96,19 +96,19 @@ TEST(Commands, OfThePortsTheTempoAndTheScreenActUnderTheirNumber)
     EXPECT_FALSE(stage.orv->getRegistrySettings().getEnabledMidiInputs().at(1));
     EXPECT_FALSE(stage.orv->getRegistrySettings().getEnabledMidiOutputs().at(2));
     EXPECT_EQ(stage.orv->getTempoSource(), 2);
-    stage.told();
+    stage.received();
     stage.post(33261);
-    EXPECT_EQ(stage.told(), "33261:" + std::to_string(static_cast<unsigned>(Screen::system)) + " ");
+    EXPECT_EQ(stage.received(), "33261:" + std::to_string(static_cast<unsigned>(Screen::system)) + " ");
 
     stage.postEvent(33248, noteOn(60).output(1).channel(3));
     stage.postEvent(33251, noteOn(62).channel(3).input(0));
     stage.postEvent(33251, noteOn(64).channel(3).input(1));
     EXPECT_EQ(stage.played(), "C4 on on output 1 channel 3, D4 on") << "input 1 is off";
-    stage.told();
+    stage.received();
     stage.post(33253);
-    EXPECT_NE(stage.told().find(std::to_string(GuiMessage::ORV_RESET) + ":"), std::string::npos);
-    EXPECT_EQ(stage.heard().substr(0, 6), "D4 off");
+    EXPECT_NE(stage.received().find(std::to_string(GuiMessage::ORV_RESET) + ":"), std::string::npos);
+    EXPECT_EQ(stage.takePlayed().substr(0, 6), "D4 off");
     stage.post(33228);
     stage.post(33236, 1);
-    EXPECT_EQ(stage.told(), "");
+    EXPECT_EQ(stage.received(), "");
 }

@@ -51,7 +51,7 @@ TEST(Orv, PostsBeforeTheStartWaitAndThoseOfManyThreadsKeepTheirOrder)
     orv->stop();
 }
 
-TEST(Orv, MakesTheWindowThatItWasGivenWithWhatItKnowsAndLaterTellsItAll)
+TEST(Orv, MakesTheWindowThatItWasGivenWithWhatItKnowsAndLaterSendsItAll)
 {
     static GuiStart start;
     static char made;
@@ -104,7 +104,7 @@ TEST(Orv, EndsWhileSlicesRunAndCommandsPour)
     }
 }
 
-TEST(Orv, AMessageOfNobodyIsIgnored)
+TEST(Orv, AnUnknownMessageIsIgnored)
 {
     Stage stage;
     for (const unsigned number : {1u, 33217u, 33218u, 33275u, 40000u})
@@ -164,7 +164,7 @@ TEST(Tempo, ComesFromTheClockInsideOrFromAnInput)
     EXPECT_EQ(stage.player.wishes, (std::vector<std::string>{"source 2", "source -1"}));
 }
 
-TEST(Gui, HearsOfChangesWhenAskedTo)
+TEST(Gui, ReceivesChangesWhenAskedTo)
 {
     Stage stage;
     const auto window = std::make_shared<MessageQueue>(64);

@@ -109,7 +109,7 @@ TEST(Outputs, ADisabledOneIsForgottenWithItsCountsAndMemories)
     EXPECT_EQ(stage.played(), "C4 off on output 1") << "to the new default, the former being gone";
     stage.setOutputEnabled(1, true);
     stage.playWhile([&] { stage.engine().sendReset(); });
-    EXPECT_EQ(stage.heard(), "") << "nothing is counted there any more";
+    EXPECT_EQ(stage.takePlayed(), "") << "nothing is counted there any more";
 }
 
 TEST(Outputs, TheUsersChoiceGoesToTheHostWhoseListDecides)
@@ -124,7 +124,7 @@ TEST(Outputs, TheUsersChoiceGoesToTheHostWhoseListDecides)
     EXPECT_TRUE(stage.orv->getMidiOutputPorts()[1].enabled);
 }
 
-TEST(Inputs, OnlyAnEnabledOneIsHeard)
+TEST(Inputs, OnlyAnEnabledOneIsProcessed)
 {
     Stage stage;
     stage.commands().postEnableMidiInput(1, false);
@@ -161,7 +161,7 @@ TEST(Inputs, GiveTheirNoteOffsBeforeTheyGoSilent)
     EXPECT_EQ(stage.played(), "B4 on, B4 off") << "the port went";
 }
 
-TEST(Inputs, AKeyStruckTwiceIsReleasedTwice)
+TEST(Inputs, AKeyPressedTwiceIsReleasedTwice)
 {
     Stage stage;
     stage.press("C4");
@@ -207,5 +207,5 @@ TEST(Thru, WhatItKeptBackStillCounts)
     stage.press("C4");
     EXPECT_EQ(stage.played(), "");
     stage.playWhile([&] { stage.engine().sendReset(); });
-    EXPECT_EQ(stage.heard(), "C4 off");
+    EXPECT_EQ(stage.takePlayed(), "C4 off");
 }

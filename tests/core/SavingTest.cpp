@@ -57,8 +57,8 @@ struct SavingStage : Stage {
         for (const std::string& name : orv->getBank().programNames) all += name + " ";
         return all;
     }
-    /// What the dialog heard: w for written, f for failed.
-    std::string heard()
+    /// What the dialog received: w for written, f for failed.
+    std::string results()
     {
         rest();
         std::string all;
@@ -105,7 +105,7 @@ TEST(Saving, EverySectionComesBackAsItWasSaved)
     EXPECT_EQ(stage.commands().sendGetProgramAsString(), text);
 }
 
-TEST(Saving, AHostIsToldWhereTheBackendStandsAndWhetherItsSettingsAreWritten)
+TEST(Saving, AHostGetsWhereTheBackendStandsAndWhetherItsSettingsAreWritten)
 {
     SavingStage stage;
     const std::string bank = stage.makeBank(3);
@@ -137,7 +137,7 @@ TEST(Saving, AProgramIsReadBackAsItWasWrittenInAllItsForms)
     stage.commands().postSetTempoSource(1, false);
     stage.commands().postSaveToProgram("  " + stage.path("a.prg") + " ", stage.progress());
     const std::string text = stage.commands().sendGetProgramAsString();
-    EXPECT_EQ(stage.heard(), "w");
+    EXPECT_EQ(stage.results(), "w");
     const std::string file = stage.folder.read("a.prg");
     EXPECT_TRUE(file.starts_with(HEAD +
                                  "<ProgramFile>\n<Program name=\"&quot;Grand&quot; &amp; &lt;Program Größe&gt;\" "
@@ -184,14 +184,14 @@ TEST(Saving, IntoABankMakesItTheCurrentOneWithItsProgramOfTheCurrentNumber)
     EXPECT_EQ(stage.current(), "Mine 1 1");
     EXPECT_EQ(stage.names(), "Q0 Mine ");
     EXPECT_EQ(stage.orv->getBank().name, stage.path("b.bnk"));
-    EXPECT_EQ(stage.heard(), "ww");
+    EXPECT_EQ(stage.results(), "ww");
 }
 
-TEST(Saving, WhatCannotBeSavedStaysInMemoryAndTheDialogHearsOfIt)
+TEST(Saving, WhatCannotBeSavedStaysInMemoryAndTheDialogIsNotified)
 {
     SavingStage stage;
     stage.commands().postSaveToCurrentBank(0, stage.progress());
-    EXPECT_EQ(stage.heard(), "f") << "the bank of a new user is missing here";
+    EXPECT_EQ(stage.results(), "f") << "the bank of a new user is missing here";
     stage.load(stage.makeBank(2), 1);
     const std::string before = stage.folder.read("a.bnk");
     stage.folder.write("broken.bnk", "<Bank>\n<Program name=\"P\">\n</Bank>\n");
@@ -199,12 +199,12 @@ TEST(Saving, WhatCannotBeSavedStaysInMemoryAndTheDialogHearsOfIt)
     stage.commands().postSaveToCurrentBank(-1, stage.progress());
     stage.commands().postSaveToBank("", stage.progress());
     stage.commands().postSaveToProgram("   ", stage.progress());
-    EXPECT_EQ(stage.heard(), "") << "nothing was asked for";
+    EXPECT_EQ(stage.results(), "") << "nothing was asked for";
     stage.commands().postSaveToCurrentBank(2, stage.progress());
     stage.commands().postSaveToBank(stage.path("broken.bnk"), stage.progress());
     stage.commands().postSaveToBank(stage.path("none.bnk"), stage.progress());
     stage.commands().postSaveToProgram(stage.path("no/folder.prg"), stage.progress());
-    EXPECT_EQ(stage.heard(), "ffff");
+    EXPECT_EQ(stage.results(), "ffff");
     stage.commands().postChangeProgramName("\xFF");
     EXPECT_EQ(stage.current(), "Mine 1 1");
     EXPECT_EQ(stage.folder.read("a.bnk"), before);
@@ -222,7 +222,7 @@ TEST(Saving, AnImportedPresetIsListedAndLoads)
     stage.commands().postImportVersion2Bank(stage.path("old.bnk"), stage.path("new.bnk"), stage.progress());
     stage.commands().postImportVersion2Program(stage.path("old.bnk"), "", stage.progress());
     stage.commands().postImportVersion2Program(stage.path("none.prg"), stage.path("new.prg"), stage.progress());
-    EXPECT_EQ(stage.heard(), "wfwf");
+    EXPECT_EQ(stage.results(), "wfwf");
     EXPECT_EQ(stage.orv->getLayerManager().getPresets().getList().getEntries(),
               (std::vector<PresetEntry>{{"Old one", false}}));
     stage.load(stage.path("new.bnk"), 0);
@@ -240,7 +240,7 @@ TEST(Bank, GrowsAndShrinksAndNoProgramIsCurrentBeyondItsEnd)
     stage.commands().postChangeBankSize(4, stage.progress());
     stage.commands().postChangeBankSize(0, stage.progress());
     EXPECT_EQ(stage.names(), "P0 P1 Empty Empty ");
-    EXPECT_EQ(stage.heard(), "ww");
+    EXPECT_EQ(stage.results(), "ww");
     stage.commands().postChangeProgram({Kind::specific, 3});
     EXPECT_EQ(stage.current(), "Empty 3 0");
     EXPECT_EQ(stage.orv->getTempo(), 120);
@@ -249,7 +249,7 @@ TEST(Bank, GrowsAndShrinksAndNoProgramIsCurrentBeyondItsEnd)
     EXPECT_EQ(stage.current(), "Empty 3 1");
 }
 
-TEST(Bank, TheWindowHearsOfNamesBanksAndScreens)
+TEST(Bank, TheWindowIsNotifiedOfNamesBanksAndScreens)
 {
     SavingStage stage;
     const std::string bank = stage.makeBank(1);
@@ -258,16 +258,17 @@ TEST(Bank, TheWindowHearsOfNamesBanksAndScreens)
     stage.commands().postChangeProgramName("Mine");
     stage.commands().postSetScreenState({.help = true});
     stage.rest();
-    std::string told;
+    std::string received;
     while (stage.window->handleNext([&](Message& message) {
         if (message.number == GuiMessage::DEFAULT_BANK)
-            told += *message.payload.get<std::string>() == bank ? "default " : "?";
-        if (auto* loaded = message.payload.get<Bank>()) told += "bank " + std::to_string(loaded->programNames.size());
-        if (message.number == GuiMessage::ORV_RESET) told += " reset ";
+            received += *message.payload.get<std::string>() == bank ? "default " : "?";
+        if (auto* loaded = message.payload.get<Bank>())
+            received += "bank " + std::to_string(loaded->programNames.size());
+        if (message.number == GuiMessage::ORV_RESET) received += " reset ";
         if (auto* program = message.payload.get<Program>())
-            told += (message.number == GuiMessage::PROGRAM_NAME ? "name " : "program ") + program->name + " ";
+            received += (message.number == GuiMessage::PROGRAM_NAME ? "name " : "program ") + program->name + " ";
     })) {}
-    EXPECT_EQ(told, "default bank 1 reset program P0 name Mine ");
+    EXPECT_EQ(received, "default bank 1 reset program P0 name Mine ");
     EXPECT_EQ(stage.orv->getRegistrySettings().getDefaultBank(), bank);
     EXPECT_EQ(stage.orv->getScreenState(), (ScreenState{.help = true}));
 }

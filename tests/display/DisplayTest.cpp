@@ -16,11 +16,11 @@ using namespace Backend::MidiEngine;
 
 namespace
 {
-/// Writes down what it is told, "+" before what is added and "=" before the whole text.
+/// Writes down what it receives, "+" before what is added and "=" before the whole text.
 struct WritingListener final : DisplayListener {
-    std::string told;
-    void addText(const char* text) override { told += std::string("+") + text; }
-    void setText(const char* text) override { told += std::string("=") + text; }
+    std::string received;
+    void addText(const char* text) override { received += std::string("+") + text; }
+    void setText(const char* text) override { received += std::string("=") + text; }
 };
 
 /// A stage with a listener, and a window that shows each output event as a real one does.
@@ -33,7 +33,7 @@ struct DisplayStage : Stage {
     {
         orv->setGuiWindowHandle(WindowHandle(window));
         display.setListener(&listener);
-        told();
+        received();
     }
     ~DisplayStage()
     {
@@ -41,7 +41,7 @@ struct DisplayStage : Stage {
         rest();
     }
     /// What is new.
-    std::string told()
+    std::string received()
     {
         rest();
         while (window->handleNext([&](Message& message) {
@@ -50,7 +50,7 @@ struct DisplayStage : Stage {
         })) {}
         display.postUpdateListener();
         rest();
-        return std::exchange(listener.told, "");
+        return std::exchange(listener.received, "");
     }
     void playNoteOn(int output)
     {
@@ -118,22 +118,22 @@ TEST(Display, ShowsWhatIsPlayedAndWhatComesInWhenAskedTo)
 {
     DisplayStage stage;
     stage.display.postResendText();
-    EXPECT_EQ(stage.told(), "=Orvane 3.2\r\n") << "the listener came when it was there already";
+    EXPECT_EQ(stage.received(), "=Orvane 3.2\r\n") << "the listener came when it was there already";
     stage.playNoteOn(1);
-    EXPECT_EQ(stage.told(), "+Out 2\t1\tNote On\t60 (C4)\t100\r\n");
-    EXPECT_EQ(stage.told(), "");
+    EXPECT_EQ(stage.received(), "+Out 2\t1\tNote On\t60 (C4)\t100\r\n");
+    EXPECT_EQ(stage.received(), "");
     stage.commands().postSetDisplayNumbers(true);
     stage.press("D4", 9, 2, 1);
-    EXPECT_EQ(stage.told(), "") << "input is not shown, and takes no number";
+    EXPECT_EQ(stage.received(), "") << "input is not shown, and takes no number";
     stage.playSlices();
-    EXPECT_EQ(stage.told(), "+1  Out 1\t1\tNote On\t62 (D4)\t9\r\n");
+    EXPECT_EQ(stage.received(), "+1  Out 1\t1\tNote On\t62 (D4)\t9\r\n");
 
     stage.commands().postSetDisplayMidiInputEvents(true);
     stage.commands().postSetDisplayMidiOutputEvents(false);
     stage.midi(1, MessageType::noteOn, 62, 0, 2);
     stage.midi(7, MessageType::noteOn, 62, 0, 2);
     stage.playSlices();
-    EXPECT_EQ(stage.told(), "+2  > In 2\t3\tNote On\t62 (D4)\t0\r\n")
+    EXPECT_EQ(stage.received(), "+2  > In 2\t3\tNote On\t62 (D4)\t0\r\n")
         << "as it came, and from inputs alone that are there";
     stage.commands().postSetDisplayMidiOutputEvents(true);
     stage.commands().postSetDisplayNumbers(false);
@@ -141,10 +141,10 @@ TEST(Display, ShowsWhatIsPlayedAndWhatComesInWhenAskedTo)
     stage.orv->displayMidiInputEvent(TestEvent{MessageType::timingTick, 0, 0}.channel(0).input(9));
     stage.orv->displayMidiOutputEvent(TestEvent{MessageType::timingTick, 0, 0}.channel(0));
     stage.orv->displayMidiOutputEvent(TestEvent{MessageType::timingTick, 0, 0}.output(3).channel(0));
-    EXPECT_EQ(stage.told(), "+> ???\t\tTiming Tick\r\n???\t\tTiming Tick\r\n???\t\tTiming Tick\r\n");
+    EXPECT_EQ(stage.received(), "+> ???\t\tTiming Tick\r\n???\t\tTiming Tick\r\n???\t\tTiming Tick\r\n");
     stage.commands().sendSetMidiOutputPorts(stage.outputs({"Other"}));
     stage.orv->displayMidiOutputEvent(TestEvent{MessageType::timingTick, 0, 0}.output(0).channel(0));
-    EXPECT_EQ(stage.told(), "+Other\t\tTiming Tick\r\n");
+    EXPECT_EQ(stage.received(), "+Other\t\tTiming Tick\r\n");
 }
 
 TEST(Display, KeepsItsTextWithoutAListener)
@@ -155,21 +155,21 @@ TEST(Display, KeepsItsTextWithoutAListener)
     stage.display.postUpdateListener();
     stage.display.postAddText("text\r\n");
     stage.display.setListener(&stage.listener);
-    EXPECT_EQ(stage.told(), "+text\r\n") << "the banner was told before";
+    EXPECT_EQ(stage.received(), "+text\r\n") << "the banner was sent before";
 }
 
 TEST(Display, DeletesADroppedListenerBehindItsLastCall)
 {
     struct LeavingListener final : DisplayListener {
-        explicit LeavingListener(std::string& where) : told(where) {}
-        ~LeavingListener() override { told += "gone"; }
-        void addText(const char* text) override { told += text; }
+        explicit LeavingListener(std::string& where) : received(where) {}
+        ~LeavingListener() override { received += "gone"; }
+        void addText(const char* text) override { received += text; }
         void setText(const char*) override {}
-        std::string& told;
+        std::string& received;
     };
     DisplayStage stage;
-    std::string told;
-    auto first = std::make_unique<LeavingListener>(told);
+    std::string received;
+    auto first = std::make_unique<LeavingListener>(received);
     stage.display.setListener(first.get());
     stage.display.postAddText("last");
     stage.display.postUpdateListener();
@@ -177,11 +177,11 @@ TEST(Display, DeletesADroppedListenerBehindItsLastCall)
     stage.display.postAddText("text");
     stage.display.postUpdateListener();
     stage.rest();
-    EXPECT_EQ(told, "lastgone");
+    EXPECT_EQ(received, "lastgone");
 
-    auto second = std::make_unique<LeavingListener>(told);
+    auto second = std::make_unique<LeavingListener>(received);
     stage.display.setListener(second.get());
     stage.display.setListener(&stage.listener);
     stage.display.dropListener(std::move(second));
-    EXPECT_EQ(stage.told(), "+text") << "the one in its place stays";
+    EXPECT_EQ(stage.received(), "+text") << "the one in its place stays";
 }

@@ -227,9 +227,9 @@ TEST(NoteCounting, AResetEndsEachSoundingNoteOnceFromTheLowestUp)
     stage.playWhile([&] { stage.engine().sendReset(); });
     ASSERT_FALSE(stage.player.events.empty());
     EXPECT_EQ(stage.player.events.front().getD2(), 100);
-    EXPECT_EQ(stage.heard(), "D4 off, C4 off channel 3, E4 off on output 2 channel 1");
+    EXPECT_EQ(stage.takePlayed(), "D4 off, C4 off channel 3, E4 off on output 2 channel 1");
     stage.playWhile([&] { stage.engine().sendReset(); });
-    EXPECT_EQ(stage.heard(), "");
+    EXPECT_EQ(stage.takePlayed(), "");
 }
 
 TEST(Reset, RunsBeforeTheNotesThatWereQueuedBeforeIt)
@@ -240,11 +240,11 @@ TEST(Reset, RunsBeforeTheNotesThatWereQueuedBeforeIt)
     stage.play(noteOn(64, 0, 0));
     stage.commands().postResetOrv();
     stage.rest();
-    EXPECT_EQ(stage.heard().substr(0, 7), "C4 off,") << "served by a slice of no length";
+    EXPECT_EQ(stage.takePlayed().substr(0, 7), "C4 off,") << "served by a slice of no length";
     EXPECT_EQ(stage.played(), "E4 on");
 }
 
-TEST(Reset, AHardOneTellsTheDefaultOutputAlone)
+TEST(Reset, AHardOneGoesToTheDefaultOutputAlone)
 {
     Stage stage;
     stage.commands().postChangeDefaultMidiOutput({SelectType::Kind::specific, 1});
@@ -252,7 +252,7 @@ TEST(Reset, AHardOneTellsTheDefaultOutputAlone)
     stage.rest();
     ASSERT_EQ(stage.player.events.size(), 33u);
     for (const auto& event : stage.player.events) EXPECT_EQ(event.getOutput(), 1);
-    const auto text = stage.heard();
+    const auto text = stage.takePlayed();
     EXPECT_TRUE(
         text.starts_with("Controller Change 120 0 on output 1, Controller Change 121 0 on output 1, "
                          "Controller Change 120 0 on output 1 channel 1,"))
@@ -292,7 +292,7 @@ TEST(Reset, OnThePlayingThreadRunsAtOnce)
     stage.play(noteOn(60, 0, 0));
     stage.played();
     stage.engine().sendReset();
-    EXPECT_EQ(stage.heard(), "C4 off");
+    EXPECT_EQ(stage.takePlayed(), "C4 off");
 }
 
 TEST(Reset, BeforeTheFirstSliceRunsOnAnyThread)

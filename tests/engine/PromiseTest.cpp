@@ -452,7 +452,7 @@ TEST(Promise, NoNoteIsLeftSoundingWhateverChanged) { expectSilenceAfter<LayerEdi
 
 TEST(Promise, NoNoteIsLeftSoundingWhateverProgramsCameAndWent) { expectSilenceAfter<ProgramChanger>(40); }
 
-TEST(Promise, AKeyHeldThroughAResetMixesUpNoLaterPressOfItsRoad)
+TEST(Promise, AKeyHeldThroughAResetMixesUpNoLaterPressOfItsRoute)
 {
     Stage stage;
     Layers::Layer layer;

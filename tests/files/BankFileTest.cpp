@@ -176,7 +176,7 @@ TEST(BankFile, AFullDiskLeavesTheOldBankOrTheNewOne)
         {
             const FileFault fault(FileFault::Kind::fullDisk, call);
             written = folder.bank.replaceProgram(0, program("new", 3));
-            if (!fault.hasStruck()) break;
+            if (!fault.hasHappened()) break;
         }
         EXPECT_EQ(folder.text(), written ? HEAD + program("new", 3) + program("b") + END : before) << "call " << call;
         EXPECT_EQ(folder.contents(), "a.bnk") << "call " << call;

@@ -170,7 +170,7 @@ TEST(PresetManager, KeepsTheOldPresetWhateverFails)
         {
             const FileFault fault(FileFault::Kind::fullDisk, call);
             saved = presets.save("a", true);
-            if (!fault.hasStruck()) break;
+            if (!fault.hasHappened()) break;
         }
         EXPECT_EQ(presets.list(), saved ? "a+" : "a") << "call " << call;
         presets.manager.refresh();

@@ -142,7 +142,7 @@ TEST(RegistrySettings, ThatCouldNotBeWrittenAreWrittenTheNextTime)
     {
         const FileFault disk(FileFault::Kind::fullDisk, 2);  // behind the two calls that read
         settings.saveToRegistry(KEY);
-        ASSERT_TRUE(disk.hasStruck());
+        ASSERT_TRUE(disk.hasHappened());
     }
     EXPECT_EQ(folder.read(FILE_NAME), "");
     settings.saveToRegistry(KEY);

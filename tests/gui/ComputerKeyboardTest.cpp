@@ -48,7 +48,7 @@ struct KeyboardWindow : WindowStage {
     }
 };
 
-TEST(ComputerKeyboard, ShowsWhatItsKeysDoAsTheBackendTells)
+TEST(ComputerKeyboard, ShowsWhatItsKeysDoInTheBackend)
 {
     KeyboardWindow window;
     auto& keyboard = window.keyboard();

@@ -62,7 +62,7 @@ TEST(Fader, GoesSidewaysWhenItLies)
     EXPECT_EQ(stage.reported, FaderStage::Values{69});
 }
 
-TEST(Fader, TellsOfWheelAndKeysButNotOfWhatIsShown)
+TEST(Fader, ReportsWheelAndKeysButNotASetValue)
 {
     FaderStage stage;
     stage.fader.showValue(10);

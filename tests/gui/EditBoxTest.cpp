@@ -64,7 +64,7 @@ TEST(EditBox, HasLimitsByDefault)
     EXPECT_EQ(edit.text(), "0");
 }
 
-TEST(EditBox, TellsOfTheWheelAsOfTypingButNotOfASetNumber)
+TEST(EditBox, ReportsTheWheelLikeTypingButNotASetNumber)
 {
     EditBox edit;
     int reported = 0;

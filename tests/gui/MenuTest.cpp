@@ -8,7 +8,7 @@ namespace
 using Gui::PopupMenu;
 using Role = Gui::GdiManager::Role;
 
-TEST(PopupMenu, TellsWhatWasChosenAlsoInASubmenu)
+TEST(PopupMenu, ReportsWhatWasChosenAlsoInASubmenu)
 {
     GuiStage stage;
     PopupMenu menu(&stage.window);

@@ -42,7 +42,7 @@ struct KeyboardStage : ScreenStage {
     {
         gui->showScreen(Backend::Screen::output, true);
         keyboard = find<MusicKeyboardCtl>();
-        heard();
+        takePlayed();
     }
     void press(int note, Qt::MouseButton button = Qt::LeftButton)
     {
@@ -210,7 +210,7 @@ TEST(MusicKeyboard, PlaysLouderNearerToTheFront)
         stage.rest();
         stage.playSlices();
         const int velocity = stage.player.events.empty() ? -1 : stage.player.events.front().getD2();
-        stage.heard();
+        stage.takePlayed();
         return velocity;
     };
     EXPECT_EQ(velocityAt(61, 0), 1);

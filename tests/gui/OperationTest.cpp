@@ -39,7 +39,7 @@ TEST_F(Operations, CloseByTheMessageAndSayWhatFailed)
     EXPECT_TRUE(isPlayingAgain());
 }
 
-TEST_F(Operations, CloseByHandWhereNoMessageComesAndStillHearOfIt)
+TEST_F(Operations, CloseByHandWhereNoMessageComesAndStillReceiveIt)
 {
     start();
     pressIn("Saving...", "Close");

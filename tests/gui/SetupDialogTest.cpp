@@ -437,7 +437,7 @@ TEST_F(SetupDialog, TypingInItNeverPlaysAndMidiPlaysOn)
     for (const SwitchCase& row : SWITCHES) QTest::keyClick(&reach(row.name), Qt::Key_Q);
     EXPECT_EQ(keys.count, 0);
     settle();
-    EXPECT_EQ(heard(), "");
+    EXPECT_EQ(takePlayed(), "");
     Stage::press("C4");
     EXPECT_EQ(played(), "C4 on");
     press("Cancel");

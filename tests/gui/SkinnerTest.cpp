@@ -70,7 +70,7 @@ TEST(Skinner, LeavesAControlItsOwnFont)
     EXPECT_EQ(label.font().pixelSize(), 72);
 }
 
-TEST(Skinner, BlanksAnEditWhoseValuesDifferWithoutTelling)
+TEST(Skinner, BlanksAnEditWhoseValuesDifferWithoutANotice)
 {
     GuiStage stage;
     QLineEdit edit("64", &stage.window);

@@ -55,14 +55,14 @@ public:
             gui->showScreen(static_cast<Backend::Screen>(screen), bits[screen]);
     }
 
-    /// Until the backend has done all, and the window has heard all of it: the last message is freed behind the others.
+    /// Until the backend has done all, and the window has handled all of it: the last message is freed behind the others.
     void settle()
     {
         this->rest();
         auto last = std::make_shared<int>();
-        const std::weak_ptr<int> unheard = last;
+        const std::weak_ptr<int> unhandled = last;
         gui->getWindowHandle().post({.payload = Payload::of(std::move(last))});
-        ASSERT_TRUE(QTest::qWaitFor([&] { return unheard.expired(); }));
+        ASSERT_TRUE(QTest::qWaitFor([&] { return unhandled.expired(); }));
         this->rest();
     }
 

@@ -22,14 +22,14 @@ namespace
 const std::string FOLDER = ORVANE_LIBRARY_FOLDER;
 enum Codes : std::int32_t { ESCAPE = 27, F11 = 122, F12 = 123 };
 
-/// What a window of ours is told: Q< where a key goes down, Q= where it repeats, Q> where it comes up, and whether keys
-/// are taken.
+/// What a window of ours received: Q< where a key goes down, Q= where it repeats, Q> where it comes up, and whether
+/// keys are taken.
 class Window
 {
 public:
     const WindowHandle& getHandle() const { return handle; }
 
-    const std::string& told(const std::string& expected)
+    const std::string& received(const std::string& expected)
     {
         waitUntil([&] { return toldSoFar().size() >= expected.size(); });
         return text;
@@ -43,7 +43,7 @@ public:
 
     void forget() { text.clear(); }
 
-    /// How many keys it was told of going down and not coming up.
+    /// How many keys it received going down and not coming up.
     std::ptrdiff_t whatIsDown()
     {
         toldSoFar();
@@ -104,7 +104,7 @@ TEST_F(GlobalKeyboard, TakesKeysFromAnotherProgramWhileItIsOn)
     for (int round = 0; round < 2; ++round) {
         switchOn();
         for (const auto* key : {"Q", "Numpad 5", "Right Control", "Windows Key", "Escape"}) display->strike(key);
-        EXPECT_EQ(window.told("Q<Q>Numpad 5<Numpad 5>Control Right Control<Right Control>Windows Key<Windows Key>"),
+        EXPECT_EQ(window.received("Q<Q>Numpad 5<Numpad 5>Control Right Control<Right Control>Windows Key<Windows Key>"),
                   "Q<Q>Numpad 5<Numpad 5>Control Right Control<Right Control>Windows Key<Windows Key>");
         switchOff();
         display->strike("Q");
@@ -121,7 +121,7 @@ TEST_F(GlobalKeyboard, KeepsAChordToTheLastKeyAndItsRepeats)
     display->press("Q");
     display->press("W");
     display->release("Q");
-    EXPECT_EQ(window.told("Q<W<Q>W=W=").substr(0, 10), "Q<W<Q>W=W=");
+    EXPECT_EQ(window.received("Q<W<Q>W=W=").substr(0, 10), "Q<W<Q>W=W=");
     display->release("W");
     display->strike("Escape");
     EXPECT_EQ(program->typed("Escape<Escape>"), "Escape<Escape>");
@@ -138,11 +138,11 @@ TEST_F(GlobalKeyboard, LeavesExcludedKeysToOthersEvenInAChord)
     display->release("Escape");
     EXPECT_EQ(program->typed("Escape<Escape>Escape<Escape>"), "Escape<Escape>Escape<Escape>");
     display->release("Q");
-    EXPECT_EQ(window.told("Q<W<W>Q>"), "Q<W<W>Q>");
+    EXPECT_EQ(window.received("Q<W<W>Q>"), "Q<W<W>Q>");
 
     hook->clearExclude();
     display->strike("Escape");
-    EXPECT_EQ(window.told("Q<W<W>Q>Escape<Escape>"), "Q<W<W>Q>Escape<Escape>");
+    EXPECT_EQ(window.received("Q<W<W>Q>Escape<Escape>"), "Q<W<W>Q>Escape<Escape>");
     hook->setExcludeKey('W');
     display->strike("W");
     EXPECT_EQ(program->typed("Escape<Escape>Escape<Escape>W<W>"), "Escape<Escape>Escape<Escape>W<W>");
@@ -162,13 +162,13 @@ TEST_F(GlobalKeyboard, SeesAKeyComeUpThatSlippedThroughBehindAnExcludedOne)
     }
 }
 
-TEST_F(GlobalKeyboard, TellsTheModifiersThatAreDown)
+TEST_F(GlobalKeyboard, ReportsTheModifiersThatAreDown)
 {
     switchOn();
     for (const auto* modifier : {"Right Shift", "Left Control", "Left Alt", "Right Windows"}) display->press(modifier);
     display->strike("Q");
-    EXPECT_EQ(window.told("Shift Right Shift<Shift Control Left Control<Shift Control Alt Left Alt<"
-                          "Shift Control Alt Win Right Windows<Shift Control Alt Win Q<Shift Control Alt Win Q>"),
+    EXPECT_EQ(window.received("Shift Right Shift<Shift Control Left Control<Shift Control Alt Left Alt<"
+                              "Shift Control Alt Win Right Windows<Shift Control Alt Win Q<Shift Control Alt Win Q>"),
               "Shift Right Shift<Shift Control Left Control<Shift Control Alt Left Alt<"
               "Shift Control Alt Win Right Windows<Shift Control Alt Win Q<Shift Control Alt Win Q>");
 }
@@ -178,21 +178,21 @@ TEST_F(GlobalKeyboard, IsToggledByAControlKeyWhetherItIsOnOrOff)
     hook->addControlKey(F11);
     hook->addControlKey(F12);
     display->strike("F12");
-    EXPECT_EQ(window.told("(on)"), "(on)");
+    EXPECT_EQ(window.received("(on)"), "(on)");
     display->press("Q");
-    EXPECT_EQ(window.told("(on)Q<"), "(on)Q<");
+    EXPECT_EQ(window.received("(on)Q<"), "(on)Q<");
     display->strike("F11");
-    EXPECT_EQ(window.told("(on)Q<Q>(off)"), "(on)Q<Q>(off)");
+    EXPECT_EQ(window.received("(on)Q<Q>(off)"), "(on)Q<Q>(off)");
     display->release("Q");
     display->strike("W");
 
     Program own(Program::Whose::ours);
     display->strike("F12");
-    EXPECT_EQ(window.told("(on)Q<Q>(off)(on)"), "(on)Q<Q>(off)(on)");
+    EXPECT_EQ(window.received("(on)Q<Q>(off)(on)"), "(on)Q<Q>(off)(on)");
     program->focus();
     hook->clearControlKeys();
     display->strike("F12");
-    EXPECT_EQ(window.told("(on)Q<Q>(off)(on)F12<F12>"), "(on)Q<Q>(off)(on)F12<F12>");
+    EXPECT_EQ(window.received("(on)Q<Q>(off)(on)F12<F12>"), "(on)Q<Q>(off)(on)F12<F12>");
 
     switchOff();
     display->strike("F12");
@@ -206,7 +206,7 @@ TEST_F(GlobalKeyboard, ReleasesWhatIsHeldWhenItIsSwitchedOff)
     switchOn();
     display->press("Q");
     display->press("W");
-    EXPECT_EQ(window.told("Q<W<").substr(0, 4), "Q<W<");
+    EXPECT_EQ(window.received("Q<W<").substr(0, 4), "Q<W<");
     switchOff();
     EXPECT_TRUE(window.toldSoFar().ends_with("W>Q>") || window.toldSoFar().ends_with("Q>W>")) << window.toldSoFar();
     window.forget();
@@ -233,7 +233,7 @@ TEST_F(GlobalKeyboard, LeavesOurOwnWindowItsKeys)
     }));
 }
 
-TEST_F(GlobalKeyboard, DoesNotCountAKeyThatWentDownElsewhereUntilItIsStruckAgain)
+TEST_F(GlobalKeyboard, DoesNotCountAKeyThatWentDownElsewhereUntilItGoesDownAgain)
 {
     Program own(Program::Whose::ours);
     switchOn();
@@ -245,7 +245,7 @@ TEST_F(GlobalKeyboard, DoesNotCountAKeyThatWentDownElsewhereUntilItIsStruckAgain
     display->release("Q");
     display->strike("W");
     display->strike("Q");
-    EXPECT_EQ(window.told("W<W>Q<Q>"), "W<W>Q<Q>");
+    EXPECT_EQ(window.received("W<W>Q<Q>"), "W<W>Q<Q>");
 }
 
 TEST_F(GlobalKeyboard, LeavesAnotherProgramTheKeysThatItHasTaken)
@@ -257,7 +257,7 @@ TEST_F(GlobalKeyboard, LeavesAnotherProgramTheKeysThatItHasTaken)
     switchOn();
     for (const auto* key : {"W", "L", "Q"}) display->strike(key);
     EXPECT_EQ(desktop.typed("W<W>"), "W<W>");
-    EXPECT_EQ(window.told("L<L>Q<Q>"), "L<L>Q<Q>");
+    EXPECT_EQ(window.received("L<L>Q<Q>"), "L<L>Q<Q>");
 
     hook->setExcludeKey(17);
     display->press("Left Control");
@@ -265,7 +265,7 @@ TEST_F(GlobalKeyboard, LeavesAnotherProgramTheKeysThatItHasTaken)
     display->release("Left Control");
     EXPECT_EQ(desktop.typed("W<W>L<L>"), "W<W>L<L>");
     display->strike("E");
-    EXPECT_EQ(window.told("L<L>Q<Q>E<E>"), "L<L>Q<Q>E<E>");
+    EXPECT_EQ(window.received("L<L>Q<Q>E<E>"), "L<L>Q<Q>E<E>");
 }
 
 TEST_F(GlobalKeyboard, LeavesNoKeyDownHoweverFastTheFingers)
@@ -306,7 +306,7 @@ TEST_F(GlobalKeyboard, LeavesNothingBehindAfterManyRounds)
     for (int round = 0; round < 100; ++round) {
         switchOn();
         display->strike("Q");
-        EXPECT_EQ(window.told("Q<Q>"), "Q<Q>");
+        EXPECT_EQ(window.received("Q<Q>"), "Q<Q>");
         switchOff();
         window.forget();
     }
@@ -326,7 +326,7 @@ TEST_F(GlobalKeyboard, GivesTheKeysBackWhenItIsUnloaded)
         findFunction<void(const WindowHandle*)>(library, "setWindowHandle")(&window.getHandle());
         findFunction<const char*(int)>(library, "setEnabled")(1);
         display->press("Q");
-        EXPECT_EQ(window.told("Q<").substr(0, 2), "Q<");
+        EXPECT_EQ(window.received("Q<").substr(0, 2), "Q<");
         closeLibrary(library);
         display->release("Q");
         EXPECT_TRUE(window.toldSoFar().ends_with("Q>")) << window.toldSoFar();
@@ -341,7 +341,7 @@ TEST_F(GlobalKeyboard, EndsWithItsServer)
 {
     switchOn();
     display->press("Q");
-    EXPECT_EQ(window.told("Q<"), "Q<");
+    EXPECT_EQ(window.received("Q<"), "Q<");
     display->end();
     EXPECT_TRUE(waitUntil([this] { return window.toldSoFar().ends_with("Q>(off)"); })) << window.toldSoFar();
     EXPECT_STREQ(hook->setEnabled(1), "Global keys need an X server; there is none.");
@@ -355,7 +355,7 @@ TEST_F(GlobalKeyboard, SaysWhatADesktopWithoutXCosts)
     ::setenv("XDG_SESSION_TYPE", "wayland", 1);
     EXPECT_STREQ(hook->setEnabled(1), "On this desktop (Wayland) global keys are taken only from programs that use X.");
     display->strike("Q");
-    EXPECT_EQ(window.told("Q<Q>"), "Q<Q>");
+    EXPECT_EQ(window.received("Q<Q>"), "Q<Q>");
     switchOff();
     ::unsetenv("DISPLAY");
     EXPECT_STREQ(hook->setEnabled(1), "Global keys need an X server; this desktop (Wayland) gives none.");

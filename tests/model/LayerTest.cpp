@@ -91,7 +91,7 @@ TEST(LayerList, MergesTheLayersOfAListBehindItsOwn)
     EXPECT_EQ(list.size(), 1u);
 }
 
-TEST(Layer, TellsInOneLineWhatItDoes)
+TEST(Layer, DescribesItselfInOneLine)
 {
     struct Row {
         const char* attributes;

@@ -38,7 +38,7 @@ TEST(CriticalSection, AWaiterServesItsMessagesUntilTheLockIsFreeOrItMustQuit)
 
     Event thirdRound;
     std::thread waiter([&] {
-        EXPECT_FALSE(section.waitWithMessageLoop([] { return false; })) << "told to quit";
+        EXPECT_FALSE(section.waitWithMessageLoop([] { return false; })) << "received to quit";
         EXPECT_FALSE(section.tryEnter()) << "and the lock not taken";
         int rounds = 0;
         EXPECT_TRUE(section.waitWithMessageLoop([&] {

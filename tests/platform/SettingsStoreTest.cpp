@@ -157,7 +157,7 @@ TEST(SettingsStore, HoldsTheOldValuesOrTheNewOnesWhateverFails)
         {
             const FileFault fault(FileFault::Kind::fullDisk, call);
             store.save();
-            if (!fault.hasStruck()) break;
+            if (!fault.hasHappened()) break;
         }
         const SettingsStore found(KEY);
         EXPECT_EQ(found.getNumber("A"), found.getNumber("B")) << "call " << call;

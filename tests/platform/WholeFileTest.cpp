@@ -22,7 +22,7 @@ TEST(WholeFile, IsTheOldOneOrTheNewOneWhateverCallMeetsAFullDisk)
         folder.write("bank", OLD);
         const FileFault fault(FileFault::Kind::fullDisk, call);
         const auto error = WholeFile::replace(folder / "bank", NEW);
-        if (!fault.hasStruck()) {
+        if (!fault.hasHappened()) {
             EXPECT_EQ(call, 9) << "calls: " << fault.calls();
             break;
         }

@@ -264,17 +264,17 @@ TEST(Record, ASaveThatMeetsAFullDiskLosesNothing)
         Recorder recorder(folder, Restore::yes);
         recorder.note(60);
         SavedRecord saved;
-        bool struck = false;
+        bool happened = false;
         {
             const FileFault fault(FileFault::Kind::fullDisk, call);
             saved = recorder.save();
-            struck = fault.hasStruck();
+            happened = fault.hasHappened();
         }
         EXPECT_EQ(folder.contents("takes"), saved.error ? "" : "t_Out.mid") << "call " << call;
         recorder.note(62);
         const std::string again = recorder.saved();
         EXPECT_EQ(again, saved.error ? "0:90.3C.64 0:90.3E.64" : "0:90.3E.64") << "call " << call;
-        if (!struck) break;
+        if (!happened) break;
         ASSERT_LT(call, 50);
     }
     const TemporaryFolder folder;

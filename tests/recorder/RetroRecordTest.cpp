@@ -37,7 +37,7 @@ struct RecordStage : Stage {
             EXPECT_EQ(message.number, 32880u);
             EXPECT_EQ(message.wparam, 0u);
             EXPECT_EQ(message.lparam, 0);
-            if (auto* told = message.payload.get<SaveReport>()) report = *told;
+            if (auto* received = message.payload.get<SaveReport>()) report = *received;
         }));
         for (const auto& [file, error] : report) {
             if (file.empty()) continue;
@@ -47,22 +47,22 @@ struct RecordStage : Stage {
         }
         return takes;
     }
-    /// What the window was told of the fill since it was asked last: "0 1 ".
+    /// The fills that the window received since the last call: "0 1 ".
     std::string fills()
     {
         rest();
-        std::string told;
+        std::string received;
         while (window->handleNext([&](Message& message) {
-            if (message.number == 32881u) told += std::to_string(message.wparam) + " ";
+            if (message.number == 32881u) received += std::to_string(message.wparam) + " ";
         })) {}
-        return told;
+        return received;
     }
 };
 
 using Takes = std::map<std::string, std::string>;
 }  // namespace
 
-TEST(RetroRecord, KeepsWhatIsPlayedForEachOutputAndTellsTheWindow)
+TEST(RetroRecord, KeepsWhatIsPlayedForEachOutputAndNotifiesTheWindow)
 {
     RecordStage stage;
     EXPECT_EQ(stage.saved(), Takes{});
@@ -77,7 +77,7 @@ TEST(RetroRecord, KeepsWhatIsPlayedForEachOutputAndTellsTheWindow)
     EXPECT_EQ(stage.saved(), Takes{}) << "saving empties it";
 }
 
-TEST(RetroRecord, HearsAlsoWhatThruKeepsFromThePlayer)
+TEST(RetroRecord, RecordsAlsoWhatThruKeepsFromThePlayer)
 {
     RecordStage stage;
     stage.setThru(false);
@@ -102,7 +102,7 @@ TEST(RetroRecord, CanBeSwitchedOffAndMadeSmaller)
         << "a file takes a tenth of the size, 23 events";
 }
 
-TEST(RetroRecord, TellsHowFullTheFullestIs)
+TEST(RetroRecord, ReportsHowFullTheFullestIs)
 {
     RecordStage stage;
     stage.commands().postSetRetroRecordBufferSize(1000);

@@ -147,7 +147,7 @@ TEST(ControlFollowing, LeavesToTheLinkWhatTheLinkHasMoved)
     EXPECT_EQ(stage.played(), "Controller Change 2 90") << "without a sound of their own";
 }
 
-TEST(ControlWindow, IsToldOfValuesSelectionsAndLists)
+TEST(ControlWindow, IsNotifiedOfValuesSelectionsAndLists)
 {
     ControlStage stage({fader({1, 2}, cc(1)), fader({3, 4}, cc(1))});
     const auto window = std::make_shared<MessageQueue>(64);
@@ -158,13 +158,13 @@ TEST(ControlWindow, IsToldOfValuesSelectionsAndLists)
     stage.controls().selectControl({Kind::right});
     stage.orv->getControlMessageManager().postSetControls({}, true, true);
     stage.rest();
-    std::string told;
+    std::string received;
     while (window->handleNext([&](Message& message) {
         const std::string where = Cell::fromPacked(message.wparam).toXmlString() + "=" + std::to_string(message.lparam);
-        if (message.number == GuiMessage::CONTROL_VALUE) told += "value " + where + "; ";
-        if (message.number == GuiMessage::CONTROL_SELECTED) told += "selected " + where + "; ";
+        if (message.number == GuiMessage::CONTROL_VALUE) received += "value " + where + "; ";
+        if (message.number == GuiMessage::CONTROL_SELECTED) received += "selected " + where + "; ";
         if (message.number == GuiMessage::CONTROLS)
-            told += std::to_string(message.payload.get<ControlMap>()->size()) + " controls";
+            received += std::to_string(message.payload.get<ControlMap>()->size()) + " controls";
     })) {}
-    EXPECT_EQ(told, "value 1,2=127; value 3,4=127; selected 1,2=1; selected 1,2=0; selected 3,4=1; 0 controls");
+    EXPECT_EQ(received, "value 1,2=127; value 3,4=127; selected 1,2=1; selected 1,2=0; selected 3,4=1; 0 controls");
 }

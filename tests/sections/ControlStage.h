@@ -25,7 +25,7 @@ inline SelectControlType at(std::int32_t row, std::int32_t col)
     return {SelectControlType::Kind::specific, {row, col}};
 }
 
-/// The backend at rest with these controls, which may be asked and told from here.
+/// The backend at rest with these controls, which may be called from here.
 struct ControlStage : Stage {
     explicit ControlStage(const std::vector<Backend::Controls::Control>& all)
     {

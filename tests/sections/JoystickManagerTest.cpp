@@ -65,7 +65,7 @@ TEST(JoystickAxis, IsMovedByTheGridsOfTheWindow)
               "Controller Change 3 7, Controller Change 4 7");
 }
 
-TEST(DisabledJoystick, IsNotHeardWhileItsGridStillPlays)
+TEST(DisabledJoystick, IsIgnoredWhileItsGridStillPlays)
 {
     JoystickStage stage;
     stage.load(controllerAxis(0, "X", 1) + noteButton(0, 3, "C4") + noteButton(1, 3, "D4"));
@@ -96,11 +96,11 @@ TEST(JoystickButtons, AddTheZonesTheyPlayIn)
     EXPECT_EQ(zones.findElement(2)->highNote.toXmlString(), "C4");
 }
 
-TEST(JoystickWindow, IsToldWhatMovesAndWhatIsBound)
+TEST(JoystickWindow, IsNotifiedOfWhatMovesAndWhatIsBound)
 {
     JoystickStage stage;
     const auto window = std::make_shared<MessageQueue>();
-    const auto told = [&] {
+    const auto received = [&] {
         std::string text;
         stage.rest();
         while (window->handleNext([&](Message& message) {
@@ -119,20 +119,20 @@ TEST(JoystickWindow, IsToldWhatMovesAndWhatIsBound)
     stage.load(
         "<Axis joystick='1' axis='R'><Function midiEvent='Pitch Bend' min='16383' max='-1'/>"
         "<Function midiEvent='Channel Pressure'/></Axis>");
-    EXPECT_EQ(told(), "35219 72, 35222 12");
+    EXPECT_EQ(received(), "35219 72, 35222 12");
     stage.axis(1, "R", 65535);
-    EXPECT_EQ(told(), "35226 " + std::to_string(0xFFFFu << 16 | 5u << 8 | 1u) + " " +
-                          std::to_string(static_cast<std::int32_t>(0xFFFF3FFF)))
+    EXPECT_EQ(received(), "35226 " + std::to_string(0xFFFFu << 16 | 5u << 8 | 1u) + " " +
+                              std::to_string(static_cast<std::int32_t>(0xFFFF3FFF)))
         << "the first event alone, with its limits";
     stage.down(1, 33), stage.down(1, 33, true), stage.up(1, 33);
-    EXPECT_EQ(told(), "35224 8449 0, 35225 8449 0");
+    EXPECT_EQ(received(), "35224 8449 0, 35225 8449 0");
     stage.messages().postEnableJoystick(1, false);
     stage.messages().postEnableJoystick(1, true);
-    EXPECT_EQ(told(), "35223 1 0, 35223 1 1");
+    EXPECT_EQ(received(), "35223 1 0, 35223 1 1");
     stage.messages().postSetAxisConfigurations({{.id = {0, 0}}, {.id = {0, 6}}}, true);
     stage.messages().postSetButtonConfigurations({JoystickButtonConfiguration({0, 0})}, true);
     stage.messages().postSetAxisConfigurations({{.id = {1, 5}}}, false);
-    EXPECT_EQ(told(), "35222 2, 35219 1");
+    EXPECT_EQ(received(), "35222 2, 35219 1");
     EXPECT_EQ(stage.orv->getJoystickConfiguration().axes.size(), 12u);
     EXPECT_TRUE(stage.orv->getJoystickConfiguration().axes.findElement({1, 5})->isEmpty());
 }

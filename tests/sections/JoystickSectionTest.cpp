@@ -66,7 +66,7 @@ TEST(JoystickSection, SaysWhichJoysticksAreDisabled)
         return (stage.joysticks().isDisabled(0) ? "0" : "") + std::string(stage.joysticks().isDisabled(1) ? "1" : "");
     };
     EXPECT_EQ(disabled("<DisabledInputs>1</DisabledInputs>"), "1");
-    EXPECT_EQ(disabled(""), "1") << "not told otherwise";
+    EXPECT_EQ(disabled(""), "1") << "not received otherwise";
     EXPECT_EQ(disabled("<DisabledInputs> 0 ,x,, 1,2,-1</DisabledInputs>"), "01");
     EXPECT_EQ(stage.written(), "<Joystick merge=\"false\">\n\t<DisabledInputs>0,1</DisabledInputs>\n</Joystick>\n");
     EXPECT_EQ(disabled("<DisabledInputs/>"), "");

@@ -6,7 +6,7 @@
 #include "backend/xml/XmlDocument.h"
 #include "tests/stage/Stage.h"
 
-/// The backend at rest, with joysticks that only report. Their manager may be asked and told from here.
+/// The backend at rest, with joysticks that only report. Their manager may be called from here.
 struct JoystickStage : Stage {
     Backend::Joystick::JoystickManager& joysticks() { return orv->getJoystickManager(); }
     Backend::Joystick::JoystickMessageManager& messages() { return orv->getJoystickMessageManager(); }

@@ -149,11 +149,11 @@ TEST(KeyConfigurations, OfTheWindowReplaceThoseOfTheirKeys)
     EXPECT_FALSE(copy == stage.keys().getKeys());
 }
 
-TEST(KeyConfigurations, AreToldToTheWindow)
+TEST(KeyConfigurations, ArePostedToTheWindow)
 {
     KeyStage stage;
     const auto window = std::make_shared<MessageQueue>(64);
-    const auto told = [&] {
+    const auto received = [&] {
         std::vector<unsigned> numbers;
         while (window->handleNext([&](Message& message) {
             if (message.number == GuiMessage::COMPUTER_INPUT) {
@@ -171,15 +171,15 @@ TEST(KeyConfigurations, AreToldToTheWindow)
     using Numbers = std::vector<unsigned>;
     stage.orv->setGuiWindowHandle(WindowHandle(window));
     stage.load("<Key id='A'/><Key id='B'/>", "useKeyUpMod='true'");
-    EXPECT_EQ(told(), (Numbers{GuiMessage::COMPUTER_INPUT, GuiMessage::COMPUTER_INPUT_CHANGED}));
+    EXPECT_EQ(received(), (Numbers{GuiMessage::COMPUTER_INPUT, GuiMessage::COMPUTER_INPUT_CHANGED}));
     stage.keys().savePreset("P", {});
     stage.keys().loadPreset("P");
-    EXPECT_EQ(told(), (Numbers{GuiMessage::COMPUTER_INPUT, GuiMessage::COMPUTER_INPUT_CHANGED,
-                               GuiMessage::COMPUTER_INPUT_PRESET}));
+    EXPECT_EQ(received(), (Numbers{GuiMessage::COMPUTER_INPUT, GuiMessage::COMPUTER_INPUT_CHANGED,
+                                   GuiMessage::COMPUTER_INPUT_PRESET}));
     stage.keys().mergeKeyConfigurations({KeyConfiguration{}}, true);
-    EXPECT_EQ(told(), (Numbers{GuiMessage::KEY_CONFIGURATIONS, GuiMessage::COMPUTER_INPUT_CHANGED}));
+    EXPECT_EQ(received(), (Numbers{GuiMessage::KEY_CONFIGURATIONS, GuiMessage::COMPUTER_INPUT_CHANGED}));
     stage.keys().mergeKeyConfigurations({KeyConfiguration{}}, false);
-    EXPECT_EQ(told(), (Numbers{GuiMessage::COMPUTER_INPUT_CHANGED}));
+    EXPECT_EQ(received(), (Numbers{GuiMessage::COMPUTER_INPUT_CHANGED}));
 }
 
 TEST(KeyZones, AreThoseThatTheKeysPlayIn)

@@ -17,7 +17,7 @@ inline std::string noteKey(const std::string& id, const std::string& note, const
            "</Up></Function></Key>";
 }
 
-/// The backend at rest, with a keyboard. Its manager may be asked and told from here.
+/// The backend at rest, with a keyboard. Its manager may be called from here.
 struct KeyStage : Stage {
     Backend::ComputerInput::ComputerInputManager& keys() { return orv->getComputerInputManager(); }
 

@@ -11,7 +11,7 @@ using Kind = SelectType::Kind;
 
 namespace
 {
-/// The backend at rest: its layers may be asked and told from here.
+/// The backend at rest: its layers may be called from here.
 struct LayerStage : Stage {
     LayerStage() { setLayers(std::vector<Layer>(3)); }
 
@@ -28,7 +28,7 @@ struct LayerStage : Stage {
 };
 }  // namespace
 
-TEST(LayerOperations, AreHeardBehindAResetAndSeen)
+TEST(LayerOperations, TakeEffectAfterAResetAndAreShown)
 {
     LayerStage stage;
     const auto window = std::make_shared<MessageQueue>(64);
@@ -38,7 +38,7 @@ TEST(LayerOperations, AreHeardBehindAResetAndSeen)
     stage.orv->setGuiWindowHandle(WindowHandle(window));
     stage.layers().changeTranspose({Kind::specific, 0}, {true, 2});
     stage.rest();
-    EXPECT_EQ(stage.heard(), "C4 off") << "with the velocity of a reset, before the list is replaced";
+    EXPECT_EQ(stage.takePlayed(), "C4 off") << "with the velocity of a reset, before the list is replaced";
     stage.release("C4");
     stage.press("C4");
     EXPECT_EQ(stage.played(), "D4 off, D4 on");

@@ -18,7 +18,7 @@ using MidiEngine::MidiMessage;
 
 namespace
 {
-/// The backend at rest: its translations may be asked and told from here.
+/// The backend at rest: its translations may be called from here.
 struct InputStage : Stage {
     MidiInputManager& input() { return orv->getMidiInputManager(); }
 
@@ -80,7 +80,7 @@ TEST(MidiInput, RunsAnEntryToItsEndAlsoWhenItReplacesItself)
     EXPECT_EQ(stage.input().getConfiguration().size(), 0u) << "a program without the section has no translations";
 }
 
-TEST(MidiInput, ReleasesWhatAnInputHoldsOnTheRoadItsNotesTook)
+TEST(MidiInput, ReleasesWhatAnInputHoldsOnThePathOfItsNotes)
 {
     InputStage stage;
     stage.load(entry("Note On,60", to("Unchanged D1='D1 +12'")) + entry("Note Off,60", to("Unchanged D1='D1 +12'")));
@@ -129,45 +129,45 @@ TEST(MidiInput, WithoutABackendDoesNothing)
     EXPECT_EQ(translation->clone()->getType(), "ResetOrv");
 }
 
-TEST(MidiInputWindow, IsToldOfEveryChangeAndAskedToMove)
+TEST(MidiInputWindow, IsNotifiedOfEveryChangeAndAskedToMove)
 {
     InputStage stage;
     const auto window = std::make_shared<MessageQueue>(64);
     stage.orv->setGuiWindowHandle(WindowHandle(window));
-    std::vector<unsigned> told;
+    std::vector<unsigned> received;
     std::size_t configurations = 0;
     WindowMove move;
     const auto listen = [&] {
         stage.rest();
-        told.clear();
+        received.clear();
         while (window->handleNext([&](Message& message) {
-            if (message.number != GuiMessage::ZONES) told.push_back(message.number);
+            if (message.number != GuiMessage::ZONES) received.push_back(message.number);
             if (auto* map = message.payload.get<MidiEventConfigurationMap>()) configurations = map->size();
             if (auto* list = message.payload.get<std::vector<MidiEventConfiguration>>()) configurations = list->size();
             if (auto* asked = message.payload.get<WindowMove>()) move = *asked;
         })) {}
-        return told;
+        return received;
     };
     stage.load(entry("Note On,60", to("DoNothing")) + entry("Note On,61", to("DoNothing")));
-    EXPECT_EQ(listen(), std::vector<unsigned>{GuiMessage::MIDI_INPUT});
+    EXPECT_EQ(collect(), std::vector<unsigned>{GuiMessage::MIDI_INPUT});
     EXPECT_EQ(configurations, 2u);
     auto& messages = stage.orv->getMidiInputMessageManager();
     messages.postSetEventConfigurations({MidiEventConfiguration(note(62))}, true);
-    EXPECT_EQ(listen(), std::vector<unsigned>{GuiMessage::MIDI_EVENT_CONFIGURATIONS});
+    EXPECT_EQ(collect(), std::vector<unsigned>{GuiMessage::MIDI_EVENT_CONFIGURATIONS});
     EXPECT_EQ(configurations, 1u);
     EXPECT_EQ(stage.orv->getMidiInputConfiguration().size(), 3u);
     messages.postSetEventConfigurations({MidiEventConfiguration(note(63))}, false);
-    EXPECT_TRUE(listen().empty()) << "it knows";
+    EXPECT_TRUE(collect().empty()) << "it knows";
 
     stage.load(entry("Controller Change,1", to("MoveWindowTranslation x='D1 +200' y='-10'")) +
                entry("Controller Change,2", to("MoveWindowTranslation y='300'")));
     stage.turn(1, 64);
-    listen();
+    collect();
     EXPECT_EQ(move, (WindowMove{{{false, 201}, WindowCoordinate::Unit::dataByte}, {{true, -10}}}));
     EXPECT_EQ(move.x.inPixels(1920), (RelativeFixedValue{false, 1920})) << "no further than the right edge";
     EXPECT_EQ(move.y.inPixels(1080), (RelativeFixedValue{true, -10}));
     stage.turn(2, 64);
-    listen();
+    collect();
     EXPECT_EQ(move.x.inPixels(1270), (RelativeFixedValue{false, 640}));
     EXPECT_EQ(move.y, (WindowCoordinate{{false, 300}}));
 }

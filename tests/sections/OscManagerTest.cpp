@@ -16,7 +16,7 @@ namespace
 constexpr OnOffToggle ON{OnOffToggle::State::on};
 constexpr OnOffToggle TOGGLE{OnOffToggle::State::toggle};
 
-/// The backend at rest: its oscillators may be asked and told from here. Three sines that play controller 1, 2 and 3.
+/// The backend at rest: its oscillators may be called from here. Three sines that play controller 1, 2 and 3.
 struct OscStage : Stage {
     OscStage()
     {
@@ -146,7 +146,7 @@ TEST(OscOperations, MoveTheSelection)
     EXPECT_EQ(select(Kind::up), "2");
 }
 
-TEST(OscOperations, AreHeardAndSeen)
+TEST(OscOperations, ArePlayedAndShown)
 {
     OscStage stage;
     stage.played();

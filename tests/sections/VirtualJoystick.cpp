@@ -118,43 +118,43 @@ TEST(Joysticks, TakeNoSignalsAndOpenNoWindow)
     EXPECT_EQ(SDL_WasInit(SDL_INIT_VIDEO), 0u);
 }
 
-TEST(PluggedInJoystick, PlaysUntilItIsUnpluggedOrNobodyWatches)
+TEST(PluggedInJoystick, PlaysUntilItIsUnpluggedOrReadingStops)
 {
     const Plugs plugs;
     if (SDL_NumJoysticks() > 0) GTEST_SKIP() << "a joystick is plugged in";
     JoystickStage stage;
     stage.load(controllerAxis(0, "Y", 7) + noteButton(0, 4, "C4") + noteButton(0, 35, "E4"));
     stage.orv->startJoysticks();
-    std::string heard;
-    const auto hears = [&](const std::string& wanted) {
+    std::string collected;
+    const auto expectPlayed = [&](const std::string& wanted) {
         until([&] {
             const std::string now = stage.played();
-            if (!now.empty()) heard += (heard.empty() ? "" : ", ") + now;
-            return heard.size() >= wanted.size();
+            if (!now.empty()) collected += (collected.empty() ? "" : ", ") + now;
+            return collected.size() >= wanted.size();
         });
-        EXPECT_EQ(std::exchange(heard, {}), wanted);
+        EXPECT_EQ(std::exchange(collected, {}), wanted);
     };
     VirtualJoystick first;
     until([&] { return first.isOpen(); });
     first.axis(1, 32767);
-    hears("Controller Change 7 0");
+    expectPlayed("Controller Change 7 0");
     first.button(4, true);
-    hears("C4 on");
+    expectPlayed("C4 on");
     first.hat(SDL_HAT_RIGHT);
-    hears("E4 on");
+    expectPlayed("E4 on");
     first.hat(SDL_HAT_CENTERED);
-    hears("E4 off");
+    expectPlayed("E4 off");
     first.unplug();
-    hears("C4 off");
+    expectPlayed("C4 off");
 
     VirtualJoystick second;
     until([&] { return second.isOpen(); });
     second.button(4, true);
-    hears("C4 on");
+    expectPlayed("C4 on");
     stage.orv->stopJoysticks();
-    hears("C4 off");
+    expectPlayed("C4 off");
     stage.orv->startJoysticks();
     until([&] { return second.isOpen(); });
     second.button(4, false);
-    hears("C4 off");
+    expectPlayed("C4 off");
 }

@@ -97,5 +97,5 @@ TEST(Zones, AHeldNoteEndsWhereItSoundsWhateverBecomesOfItsZone)
     EXPECT_EQ(stage.played(), "C4 off");
     stage.read("<Zone id='1' transpose='1'/>");
     stage.note(MessageType::noteOff, 61, 1);
-    EXPECT_EQ(stage.played(), "C#4 off") << "never struck: as it is";
+    EXPECT_EQ(stage.played(), "C#4 off") << "never happened: as it is";
 }

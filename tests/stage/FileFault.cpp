@@ -40,7 +40,7 @@ FileFault::FileFault(Kind kind, int call)
 
 FileFault::~FileFault() { watching = false; }
 
-bool FileFault::hasStruck() const { return callsToGo < 0; }
+bool FileFault::hasHappened() const { return callsToGo < 0; }
 
 std::string FileFault::calls() const { return names; }
 
@@ -76,9 +76,9 @@ int __wrap_fchmod(int file, mode_t mode) { return strikes("fchmod") ? fail() : _
 
 int __wrap_close(int file)
 {
-    const bool struck = strikes("close");
+    const bool happened = strikes("close");
     const int result = __real_close(file);
-    return struck ? fail() : result;
+    return happened ? fail() : result;
 }
 
 int __wrap_rename(const char* from, const char* to) { return strikes("rename") ? fail() : __real_rename(from, to); }

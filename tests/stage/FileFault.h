@@ -17,7 +17,7 @@ public:
     FileFault& operator=(const FileFault&) = delete;
 
     /// False if there were not that many calls.
-    bool hasStruck() const;
+    bool hasHappened() const;
 
     /// The calls so far, by name and separated by blanks.
     std::string calls() const;

@@ -131,10 +131,10 @@ std::string Stage::played()
 {
     rest();
     playSlices();
-    return heard();
+    return takePlayed();
 }
 
-std::string Stage::heard()
+std::string Stage::takePlayed()
 {
     std::string text;
     for (const auto& event : player.events) text += (text.empty() ? "" : ", ") + describe(event);

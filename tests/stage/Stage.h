@@ -37,7 +37,7 @@ public:
     std::uint32_t getMilliseconds() override { return milliseconds; }
 };
 
-/// The library on a stage: real threads, a clock that is a counter and a player that listens. Ports "In 1".."In 3" and
+/// The library on a stage: real threads, a clock that is a counter and a recording player. Ports "In 1".."In 3" and
 /// "Out 1".."Out 3", all enabled; the default output is the first. One default layer. Its user is new, with folders of
 /// its own.
 class Stage
@@ -67,7 +67,7 @@ public:
     /// " on output 1" and " channel 2" where they are not 0. Plays two slices first.
     std::string played();
     /// The same without playing.
-    std::string heard();
+    std::string takePlayed();
 
     /// Runs `task` on another thread and plays slices until it is done.
     void playWhile(const std::function<void()>& task);

@@ -99,7 +99,7 @@ TEST(MidiMessage, IsStoredAsAPattern)
     EXPECT_FALSE(MidiMessage(Note(-1)).isValid());
 }
 
-TEST(MidiMessage, TellsNotesAndControllersInDetail)
+TEST(MidiMessage, NamesNotesAndControllersInDetail)
 {
     EXPECT_EQ(MidiMessage(type(0x80), 60).getEventNameWithCcAndNoteDetail(), "Note 60 (C4)");
     EXPECT_EQ(MidiMessage(type(0xB0), 7).getEventNameWithCcAndNoteDetail(), "Control Change 7: Channel Volume");

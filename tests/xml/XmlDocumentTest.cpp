@@ -66,7 +66,7 @@ TEST(XmlDocument, HasNoRootWhenItDoesNotParse)
     }
 }
 
-TEST(XmlDocument, TellsTheDebugStreamFileLineAndReason)
+TEST(XmlDocument, ReportsFileLineAndReasonToTheDebugStream)
 {
     ASSERT_TRUE(DEBUGGING);
     const TemporaryFile file("<a>\n<b>\n</a>\n");
