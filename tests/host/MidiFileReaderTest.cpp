@@ -89,10 +89,10 @@ TEST(MidiFileReader, SkipsOtherChunksAndReadsTracksThatTheHeaderDoesNotCount)
     file[11] = 1;
     EXPECT_EQ(read(file + Testing::chunk("XFIH", {1, 2, 3}) + Testing::chunk("MTrk", note + END)), heard);
     EXPECT_EQ(read(oneTrack(note + END) + Bytes{0, 0, 0}), heard) << "padding";
-    for (const std::uint8_t count : {0, 1}) {  // fewer than there are
+    for (const int count : {0, 1}) {  // fewer than there are
         Bytes more = midiFile(1, 480, {note + END, END, note + END});
-        more[11] = count;
-        EXPECT_EQ(read(more + Bytes{'M', 'T', 'r', 'k', 0, 0, 0, 9, 0}), (Events{heard[0], heard[0]})) << int{count};
+        more[11] = static_cast<std::uint8_t>(count);
+        EXPECT_EQ(read(more + Bytes{'M', 'T', 'r', 'k', 0, 0, 0, 9, 0}), (Events{heard[0], heard[0]})) << count;
     }
     EXPECT_EQ(read(oneTrack(note + END + note)), heard) << "after the end of track";
     EXPECT_EQ(read(oneTrack(note)), heard) << "no end of track";

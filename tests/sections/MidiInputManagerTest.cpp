@@ -137,7 +137,7 @@ TEST(MidiInputWindow, IsNotifiedOfEveryChangeAndAskedToMove)
     std::vector<unsigned> received;
     std::size_t configurations = 0;
     WindowMove move;
-    const auto listen = [&] {
+    const auto collect = [&] {
         stage.rest();
         received.clear();
         while (window->handleNext([&](Message& message) {
