@@ -94,7 +94,8 @@ public:
     {
         if (isEmpty) return;
         for (Word& cell : cells)
-            if (cell != 0 && cell != IN_PRESSES && isGone(outputOf(cell))) cell = 0;
+            if (cell != 0 && cell != IN_PRESSES && isGone(outputOf(cell)))
+                cell = (cell & ANY_ROUTE) == ANY_ROUTE ? 0 : IN_PRESSES;  // where another run of its route may be
     }
 
     void clear();

@@ -76,9 +76,12 @@ TEST(Orv, MakesTheWindowThatItWasGivenWithWhatItKnowsAndLaterSendsItAll)
     stage.rest();
     using namespace GuiMessage;
     EXPECT_EQ(messagesOf(*window),
-              (std::vector<unsigned>{SETTINGS, MIDI_INPUT_PORTS, MIDI_OUTPUT_PORTS, BANK, PROGRAM, COMPUTER_INPUT,
-                                     COMPUTER_INPUT_CHANGED, PRESETS, PRESETS, PRESETS, PRESETS, PRESETS, PRESETS}))
-        << "the presets of each section";
+              (std::vector<unsigned>{SETTINGS,      MIDI_INPUT_PORTS, MIDI_OUTPUT_PORTS, BANK,
+                                     PROGRAM,       OSCILLATORS,      PRESETS,           JOYSTICK_BUTTONS,
+                                     JOYSTICK_AXES, PRESETS,          COMPUTER_INPUT,    COMPUTER_INPUT_CHANGED,
+                                     PRESETS,       MIDI_INPUT,       PRESETS,           CONTROLS,
+                                     PRESETS,       LAYERS,           PRESETS,           ZONES}))
+        << "all sections, with their presets";
 }
 
 TEST(Orv, EndsWhileSlicesRunAndCommandsPour)

@@ -94,8 +94,8 @@ TEST(DefaultOutput, ANoteOffFollowsItsNoteOnToTheFormerDefault)
     stage.release("C4");
     stage.release("C4", 0, 1);
     stage.release("C4");
-    EXPECT_EQ(stage.played(), "C4 on on output 1, C4 off, C4 off on output 1, C4 off on output 1")
-        << "oldest first, then the default";
+    EXPECT_EQ(stage.played(), "C4 on on output 1, C4 off, C4 off on output 1, C4 off")
+        << "each input to the output of its own press";
 }
 
 TEST(Outputs, ADisabledOneIsForgottenWithItsCountsAndMemories)

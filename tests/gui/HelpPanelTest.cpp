@@ -49,7 +49,7 @@ TEST_F(HelpPanel, SaysWhatIsPointedAtAndKeepsTheLastText)
 TEST_F(HelpPanel, FollowsTheKeyboard)
 {
     button("MIDI thru").setFocus();
-    EXPECT_EQ(help().substr(0, 10), "MIDI Thru:");
+    EXPECT_EQ(help().substr(0, 10), "MIDI thru:");
     edit("Default MIDI output").setFocus();
     EXPECT_EQ(help().substr(0, 20), "Default MIDI output:");
     gui->setFocus();

@@ -84,11 +84,17 @@ TEST(LineOutput, LeavesOutWhatNothingReadsAndSaysHowMuch)
     std::string text = readAll();
     output.write("on\n");
     text += readAll();
-    const std::size_t whole = text.find("...") / line.size();
-    ASSERT_LT(whole, static_cast<std::size_t>(LINES));
-    std::string expected;
-    for (std::size_t i = 0; i < whole; ++i) expected += line;
-    EXPECT_EQ(text, expected + "... " + std::to_string(LINES - whole) + " left out, because nothing read them\non\n");
+    std::size_t written = 0;
+    int leftOut = 0;
+    std::istringstream lines(text);
+    for (std::string each; std::getline(lines, each);) {
+        int count = 0;
+        if (each + "\n" == line) ++written;
+        if (std::sscanf(each.c_str(), "... %d left out, because nothing read them", &count) == 1) leftOut += count;
+    }
+    EXPECT_GT(leftOut, 0);
+    EXPECT_EQ(written + static_cast<std::size_t>(leftOut), std::size_t{LINES});
+    EXPECT_TRUE(text.ends_with(" left out, because nothing read them\non\n"));
     ::close(ends[0]);
     ::signal(SIGPIPE, SIG_IGN);
     output.write("to nobody\n");

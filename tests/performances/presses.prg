@@ -16,6 +16,7 @@
 				</Function>
 		</Key>
 	</ComputerInput>
+	<MidiInput/>
 	<Joystick>
 		<Button joystick="0" button="0">
 				<Function keepSending="true">

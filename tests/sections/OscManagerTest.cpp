@@ -166,9 +166,9 @@ TEST(OscOperations, ArePlayedAndShown)
     stage.playSlices(4);
     stage.messages().postChangePlaying({Kind::all}, {OnOffToggle::State::off});
     EXPECT_EQ(stage.played(),
-              "Controller Change 3 0, Controller Change 3 64, Controller Change 3 127, Controller Change 3 0, "
+              "Controller Change 3 64, Controller Change 3 0, Controller Change 3 127, Controller Change 3 0, "
               "Controller Change 3 64")
-        << "the stop value at start and stop, each a slice later";
+        << "the stop value before the first value, and at the stop";
 
     std::string changes, values;  // from two threads
     while (window->handleNext([&](Message& message) {
