@@ -3,6 +3,8 @@
 #include <unistd.h>
 
 #include <csignal>
+#include <cstdio>
+#include <sstream>
 
 #include "host/clock/SliceLoad.h"
 #include "host/run/Status.h"
