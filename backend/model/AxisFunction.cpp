@@ -24,14 +24,11 @@ constexpr Cell NO_CELL{};
 
 AxisFunction AxisFunction::fromXml(const XmlElement& element)
 {
-    const auto byte = [&](const char* name, std::int8_t standard) {
-        return static_cast<std::int8_t>(element.getIntAttribute(name, standard));
-    };
     AxisFunction function;
     function.midiMessage = MidiMessage::fromXmlString(element.getAttribute("midiEvent"));
-    function.output = byte("output", function.output);
-    function.channel = byte("channel", function.channel);
-    function.zone = byte("zone", function.zone);
+    function.output = element.getByteAttribute("output", function.output);
+    function.channel = element.getByteAttribute("channel", function.channel);
+    function.zone = element.getByteAttribute("zone", function.zone);
     function.min = element.getIntAttribute("min", function.min);
     function.max = element.getIntAttribute("max", function.max);
     function.offset = element.getIntAttribute("offset", function.offset);

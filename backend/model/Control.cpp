@@ -14,13 +14,10 @@ namespace
 {
 ControlFunction readFunction(const XmlElement& element)
 {
-    const auto number = [&](std::string_view name) {
-        return static_cast<std::int8_t>(element.getIntAttribute(name, -1));
-    };
     return {.midiEvent = MidiMessage::fromXmlString(element.getAttribute("midiEvent")),
-            .output = number("output"),
-            .channel = number("channel"),
-            .zone = number("zone")};
+            .output = element.getByteAttribute("output", -1),
+            .channel = element.getByteAttribute("channel", -1),
+            .zone = element.getByteAttribute("zone", -1)};
 }
 }  // namespace
 

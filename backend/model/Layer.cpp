@@ -12,11 +12,6 @@ using MidiEngine::Note;
 
 namespace
 {
-std::int8_t byteAttribute(const XmlElement& element, std::string_view name, std::int8_t defaultValue)
-{
-    return static_cast<std::int8_t>(element.getIntAttribute(name, defaultValue));
-}
-
 template <class Value>
 Value itemAttribute(const XmlElement& element, std::string_view name, const Value& defaultValue)
 {
@@ -44,11 +39,11 @@ Layer Layer::fromXml(const XmlElement& element, LayerId layerId)
     layer.useNoteStack = element.getBoolAttribute("useNoteStack", layer.useNoteStack);
     layer.minNote = itemAttribute(element, "minNote", layer.minNote);
     layer.maxNote = itemAttribute(element, "maxNote", layer.maxNote);
-    layer.minVelocity = byteAttribute(element, "minVelocity", layer.minVelocity);
-    layer.maxVelocity = byteAttribute(element, "maxVelocity", layer.maxVelocity);
-    layer.zone = byteAttribute(element, "zone", layer.zone);
-    layer.output = byteAttribute(element, "output", layer.output);
-    layer.channel = byteAttribute(element, "channel", layer.channel);
+    layer.minVelocity = element.getByteAttribute("minVelocity", layer.minVelocity);
+    layer.maxVelocity = element.getByteAttribute("maxVelocity", layer.maxVelocity);
+    layer.zone = element.getByteAttribute("zone", layer.zone);
+    layer.output = element.getByteAttribute("output", layer.output);
+    layer.channel = element.getByteAttribute("channel", layer.channel);
     layer.transpose = itemAttribute(element, "transpose", layer.transpose);
     layer.key = itemAttribute(element, "key", layer.key);
     layer.velocity = itemAttribute(element, "velocity", layer.velocity);

@@ -14,11 +14,6 @@ namespace
 {
 constexpr std::uint32_t KIND = 0xFFFF;
 
-std::int8_t readByte(const XmlElement& element, std::string_view name)
-{
-    return static_cast<std::int8_t>(element.getIntAttribute(name, MidiEvent::ALL));
-}
-
 /// A row of the numbers of version 2: from `first` to `last`, counted up in the first data byte.
 struct Version2Row {
     int first;
@@ -37,7 +32,7 @@ constexpr auto VERSION_2 = std::to_array<Version2Row>({{1, 1, MessageType::keyPr
 
 MidiEvent MidiEvent::fromXml(const XmlElement& element)
 {
-    return {readByte(element, "input"), readByte(element, "channel"),
+    return {element.getByteAttribute("input", ALL), element.getByteAttribute("channel", ALL),
             MidiMessage::fromXmlString(element.getAttribute("midiEvent"))};
 }
 

@@ -7,14 +7,6 @@
 
 namespace Backend::Oscillators
 {
-namespace
-{
-std::int8_t byteAttribute(const XmlElement& element, std::string_view name, std::int8_t defaultValue)
-{
-    return static_cast<std::int8_t>(element.getIntAttribute(name, defaultValue));
-}
-}  // namespace
-
 Oscillator Oscillator::fromXml(const XmlElement& element, OscId oscId)
 {
     Oscillator oscillator;
@@ -27,9 +19,9 @@ Oscillator Oscillator::fromXml(const XmlElement& element, OscId oscId)
     oscillator.stopValue = element.getIntAttribute("stopValue", oscillator.stopValue);
     oscillator.detail = element.getIntAttribute("detail", oscillator.detail);
     oscillator.midiMessage = MidiEngine::MidiMessage::fromXmlString(element.getAttribute("midiMessage"));
-    oscillator.output = byteAttribute(element, "output", oscillator.output);
-    oscillator.channel = byteAttribute(element, "channel", oscillator.channel);
-    oscillator.zone = byteAttribute(element, "zone", oscillator.zone);
+    oscillator.output = element.getByteAttribute("output", oscillator.output);
+    oscillator.channel = element.getByteAttribute("channel", oscillator.channel);
+    oscillator.zone = element.getByteAttribute("zone", oscillator.zone);
     return oscillator;
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iterator>
 #include <pugixml.hpp>
+#include <utility>
 
 #include "backend/xml/Text.h"
 #include "backend/xml/Words.h"
@@ -68,6 +69,12 @@ bool XmlElement::getBoolAttribute(std::string_view name, bool defaultValue) cons
 std::int32_t XmlElement::getIntAttribute(std::string_view name, std::int32_t defaultValue) const
 {
     return Text::parseInteger(getAttribute(name)).value_or(defaultValue);
+}
+
+std::int8_t XmlElement::getByteAttribute(std::string_view name, std::int8_t defaultValue) const
+{
+    const std::int32_t number = getIntAttribute(name, defaultValue);
+    return std::in_range<std::int8_t>(number) ? static_cast<std::int8_t>(number) : defaultValue;
 }
 
 std::string XmlElement::getText() const

@@ -38,6 +38,9 @@ public:
     /// The decimal number at the start of the attribute; the default if there is none or it does not fit 32 bits.
     std::int32_t getIntAttribute(std::string_view name, std::int32_t defaultValue) const;
 
+    /// The same for a field of eight bits: the default also for a number outside -128 to 127.
+    std::int8_t getByteAttribute(std::string_view name, std::int8_t defaultValue) const;
+
     /// All the text inside the element and the elements inside it, in order.
     std::string getText() const;
 

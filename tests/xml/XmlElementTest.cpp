@@ -111,6 +111,8 @@ TEST(XmlElement, ReadsADecimalNumberOrTheDefault)
                                        {"--1", 99}})
         EXPECT_EQ(rootOf("<a x=\"" + text + "\"/>").getIntAttribute("x", 99), number) << text;
     EXPECT_EQ(rootOf("<a/>").getIntAttribute("x", 99), 99);
+    for (const auto& [text, number] : {std::pair{"127", 127}, {"-128", -128}, {"128", 99}, {"300", 99}, {"-999", 99}})
+        EXPECT_EQ(rootOf(std::string("<a x=\"") + text + "\"/>").getByteAttribute("x", 99), number) << text;
     EXPECT_EQ(XmlElement().getIntAttribute("x", 99), 99);
 }
 

@@ -40,7 +40,7 @@ inline void readAttribute(const XmlElement& element, std::string_view name, std:
 }
 inline void readAttribute(const XmlElement& element, std::string_view name, std::int8_t& number)
 {
-    number = static_cast<std::int8_t>(element.getIntAttribute(name, number));
+    number = element.getByteAttribute(name, number);
 }
 template <XmlItem Value>
 void readAttribute(const XmlElement& element, std::string_view name, Value& value)

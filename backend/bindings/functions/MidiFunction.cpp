@@ -14,9 +14,12 @@ std::int16_t kept(int value, MidiShape::Width width)
     return width == MidiShape::Width::bytes ? static_cast<std::int8_t>(value) : static_cast<std::int16_t>(value);
 }
 
-int readData(const XmlElement& element, const MidiDataShape& data)
+int readData(const XmlElement& element, const MidiDataShape& data, MidiShape::Width width)
 {
-    if (data.text == MidiDataShape::Text::number) return element.getIntAttribute(data.attribute, data.fromFile);
+    if (data.text == MidiDataShape::Text::number) {
+        const int number = element.getIntAttribute(data.attribute, data.fromFile);
+        return kept(number, width) == number ? number : data.fromFile;
+    }
     return MidiEngine::parseNote(element.getAttribute(data.attribute));  // -1 without a note
 }
 
@@ -24,11 +27,6 @@ std::string dataAttribute(const MidiDataShape& data, int value)
 {
     if (data.text == MidiDataShape::Text::number) return xmlIntAttribute(data.attribute, value);
     return xmlItemAttribute(data.attribute, MidiEngine::Note(value));
-}
-
-std::int8_t readByte(const XmlElement& element, std::string_view name)
-{
-    return static_cast<std::int8_t>(element.getIntAttribute(name, -1));
 }
 }  // namespace
 
@@ -43,11 +41,11 @@ MidiParameters MidiParameters::picked(const MidiShape& shape)
 MidiParameters MidiParameters::fromXml(const XmlElement& element, const MidiShape& shape)
 {
     MidiParameters parameters;
-    parameters.zone = readByte(element, "zone");
-    parameters.output = readByte(element, "output");
-    if (shape.hasChannel) parameters.channel = readByte(element, "channel");
-    if (shape.d1.exists()) parameters.setD1(readData(element, shape.d1), shape);
-    if (shape.d2.exists()) parameters.setD2(readData(element, shape.d2), shape);
+    parameters.zone = element.getByteAttribute("zone", -1);
+    parameters.output = element.getByteAttribute("output", -1);
+    if (shape.hasChannel) parameters.channel = element.getByteAttribute("channel", -1);
+    if (shape.d1.exists()) parameters.setD1(readData(element, shape.d1, shape.width), shape);
+    if (shape.d2.exists()) parameters.setD2(readData(element, shape.d2, shape.width), shape);
     return parameters;
 }
 

@@ -44,8 +44,8 @@ void ZoneManager::readContent(const XmlElement& section, ZoneMap& zones)
     forEachZone([](Zone& zone) { zone.transpose = 0; });
     forEachElement(section, [&zones](const XmlElement& child) {
         if (child.getTagName() != "Zone") return;
-        const auto id = static_cast<ZoneId>(child.getIntAttribute("id", 0));
-        const auto transpose = static_cast<std::int8_t>(child.getIntAttribute("transpose", 0));
+        const auto id = ZoneId{child.getByteAttribute("id", 0)};
+        const auto transpose = child.getByteAttribute("transpose", 0);
         if (Zone* zone = zones.findElement(id))
             zone->transpose = transpose;
         else
