@@ -59,9 +59,12 @@ TEST(Version2, ABankKeepsItsProgramsWithTheirNames)
                         "<Program name=\"" + rest + "</Bank>\n");
     EXPECT_NE(Version2::convertBank("test",
                                     "P 1 Gr\xF6\xDF"
-                                    "e\x80\x01")
-                  .find("name=\"Größe\xC2\x80\""),
+                                    "e\x80\x9F\x81\x01")
+                  .find("name=\"Größe€Ÿ\xC2\x81\""),
               std::string::npos);
+    EXPECT_NE(Version2::convertProgram("test", "\xEF\xBB\xBFP 1 A").find("name=\"A\""), std::string::npos);
+    EXPECT_EQ(Version2::convertBank("test", "P 1 A\nX\nP 2 B\nK\n").find("name=\"B\""), std::string::npos)
+        << "the rest of a block belongs to it";
 }
 
 TEST(Version2, AKeyTakesThePlaceOfTheDefaultOne)
@@ -200,9 +203,9 @@ TEST(Version2, ALineThatIsNotUnderstoodIsPassedOverAlone)
                                    "L 0 0 0 1 0 128",
                                    "L 0 0 0 1 0 127 0 127 0 0 1 +",
                                    "L 0 0 0 1 0 127 0 127 0 0 1 1 0 _ 1 1 sideways"}) {
-        EXPECT_EQ(control(line + "\n" + good), kept) << line;
+        EXPECT_EQ(control(line + "\n\n" + good), kept) << line;
         EXPECT_EQ(section("Layers", line), "\t<Layers merge=\"false\">\n\t</Layers>\n") << line;
-        EXPECT_EQ(section("MidiInput", line), "\t<MidiInput merge=\"false\">\n\t</MidiInput>\n") << line;
+        EXPECT_EQ(section("MidiInput", "K 66\n" + line), "\t<MidiInput merge=\"false\">\n\t</MidiInput>\n") << line;
         EXPECT_NE(section("ComputerInput", line).find("preset=\"000 - Default\""), std::string::npos) << line;
     }
 }
@@ -221,13 +224,13 @@ TEST(Version2, APresetIsOneSection)
               "\t\t\t\t</Down>\n\t\t\t</Function>\n\t</Key>\n</ComputerInput>\n")
         << "the selected keys alone";
     EXPECT_EQ(
-        element("key\n"),
+        element("anything\nkey\n"),
         "Computer Input Presets: <ComputerInput merge=\"false\">\n\t<Key id=\"A\" global=\"true\">\n\t\t\t<Function>\n"
         "\t\t\t</Function>\n\t</Key>\n\t<Key id=\"B\"/>\n</ComputerInput>\n");
-    EXPECT_EQ(element("midiin\r\nX\r\n"), "Midi Input Presets: <MidiInput merge=\"false\">\n</MidiInput>\n");
-    EXPECT_EQ(element("control"), "Control Presets: <Controls merge=\"false\">\n</Controls>\n");
+    EXPECT_EQ(element("\r\nmidiin\r\nX\r\n"), "Midi Input Presets: <MidiInput merge=\"false\">\n</MidiInput>\n");
+    EXPECT_EQ(element("key\ncontrol"), "Control Presets: <Controls merge=\"false\">\n</Controls>\n");
     EXPECT_EQ(element("SELECTED\nlayer\n\nL\n").substr(0, 42), "Layer Presets: <Layers merge=\"true\">\n\t<Lay");
-    for (const std::string text : {"", "SELECTED", "joystick\n", "\nkey\n", "P 1 x\n"})
+    for (const std::string text : {"", "SELECTED", "joystick\n", "key\n", "\nx key\n", "P 1 x\n"})
         EXPECT_EQ(element(text), "none");
 }
 
@@ -244,6 +247,16 @@ TEST(Version2, TheSourceIsLeftAloneAndTheTargetWrittenWholeOrNot)
     EXPECT_EQ(Bank::fromFile(target).programNames, std::vector<std::string>{"A"}) << "the first one";
     const std::string before = files.read("new.bnk");
     EXPECT_FALSE(Version2::importBank((files / "none").string(), target));
+    EXPECT_FALSE(Version2::importBank(source, (files / "." / "old.bnk").string())) << "itself";
+    EXPECT_EQ(files.read("old.bnk"), "P 1 A\n\nP 2 B\n");
+    for (const char* text : {"<?xml version=\"1.0\"?>\n\n<Bank>\n</Bank>\n", "K 66 200\n\nP 1 A\n", "P 1\n",
+                             "Please read this letter\n"}) {
+        files.write("other", text);
+        EXPECT_FALSE(Version2::importBank((files / "other").string(), target)) << text;
+        EXPECT_FALSE(Version2::importProgram((files / "other").string(), target)) << text;
+    }
+    files.write("other", "\n\n");
+    EXPECT_FALSE(Version2::importProgram((files / "other").string(), target)) << "no program";
     EXPECT_FALSE(Version2::importBank(source, (files / "no/folder").string()));
     EXPECT_EQ(Version2::readPreset(files.string()), std::nullopt) << "a folder";
     EXPECT_EQ(files.read("new.bnk"), before);

@@ -163,10 +163,11 @@ void readBlocks(Lines& lines, Sections& sections)
     for (lines.passBlankLines(); !lines.atEnd(); lines.passBlankLines()) {
         const auto block = std::ranges::find(BLOCKS, lines.letter(), &Block::letter);
         if (block == BLOCKS.end()) return;
-        Words words(lines.current());
-        words.word();
-        if (!block->readLine(words, sections)) lines.tell("not understood");
-        lines.next();
+        for (; lines.letter() != 0; lines.next()) {
+            Words words(lines.current());
+            words.word();
+            if (lines.letter() != block->letter || !block->readLine(words, sections)) lines.tell("not understood");
+        }
     }
 }
 }  // namespace Backend::Version2

@@ -5,7 +5,8 @@
 
 namespace Backend::Version2
 {
-/// Reads blocks, blank lines between them or not, up to a line that begins none, or the end: each line is an entry of
-/// the section that its first letter names. What the entries look like stands with their readers.
+/// Reads blocks, with blank lines between them, up to a line that begins none, or the end. The first letter of a block
+/// names its section, and each line of it that begins so is an entry. What the entries look like stands with their
+/// readers.
 void readBlocks(Lines& lines, Sections& sections);
 }  // namespace Backend::Version2

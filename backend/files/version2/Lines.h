@@ -7,8 +7,8 @@
 
 namespace Backend::Version2
 {
-/// The lines of a file, one after the other. Lines end with CR, LF or both. A text that is not UTF-8 is taken as
-/// Latin 1, and control characters count as blanks.
+/// The lines of a file, one after the other. Lines end with CR, LF or both. A byte order mark is passed over; a text
+/// that is not UTF-8 is read as Windows-1252; control characters count as blanks.
 class Lines
 {
 public:
@@ -21,6 +21,8 @@ public:
     char letter() const { return current().empty() ? '\0' : current().front(); }
     void next() { at += atEnd() ? 0 : 1; }
     void passBlankLines();
+    /// Beyond a block: up to the blank line behind it, with a line in the debug stream for each that is passed.
+    void passBlock(std::string_view reason);
 
     /// Tells the debug stream why the current line does not count.
     void tell(std::string_view reason) const;

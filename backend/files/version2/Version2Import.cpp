@@ -23,16 +23,22 @@ using WindowsLib::DbgStream;
 constexpr std::size_t LARGEST_SOURCE = 64u << 20;
 constexpr char PROGRAM = 'P';
 
-/// "P... <anything> <name> <up to ten numbers>". The numbers mean nothing here.
-std::string readName(const Lines& lines)
+/// The end of a program's line: nothing but up to ten numbers, which mean nothing here.
+bool passNumbers(Words& words)
 {
     constexpr int NUMBERS = 10;
+    for (int i = 0; i < NUMBERS; ++i) words.number(INT_MIN, INT_MAX, 0);
+    return words.areUnderstood();
+}
+
+/// "P... <anything> <name> <up to ten numbers>".
+std::string readName(const Lines& lines)
+{
     Words words(lines.current());
     words.word();
     words.word();
     const std::string name = words.text();
-    for (int i = 0; i < NUMBERS; ++i) words.number(INT_MIN, INT_MAX, 0);
-    if (!words.areUnderstood()) lines.tell("what stands behind the program's name");
+    if (!passNumbers(words)) lines.tell("what stands behind the program's name");
     return name;
 }
 
@@ -45,16 +51,33 @@ void convertOneProgram(Lines& lines, std::ostream& out)
     sections.writeProgram(out, name);
 }
 
-/// Behind a line that begins no block of a program, to where the next program begins.
+/// After a block that is none of a program, to where the next program begins.
 void passToProgram(Lines& lines)
 {
-    for (lines.passBlankLines(); !lines.atEnd() && lines.letter() != PROGRAM; lines.passBlankLines()) {
-        lines.tell("no program begins here");
-        lines.next();
-    }
+    for (lines.passBlankLines(); !lines.atEnd() && lines.letter() != PROGRAM; lines.passBlankLines())
+        lines.passBlock("no program begins here");
 }
 
 using Converter = std::string (*)(std::string_view name, std::string_view text);
+
+enum class NoProgram { allowed, refused };
+
+/// Whether the first line that is not blank is a program's. A bank may have none.
+bool isVersion2(Lines lines, NoProgram noProgram)
+{
+    lines.passBlankLines();
+    if (lines.atEnd()) return noProgram == NoProgram::allowed;
+    Words words(lines.current());
+    words.word();
+    words.word();
+    return lines.letter() == PROGRAM && !words.word().empty() && passNumbers(words);
+}
+
+bool refuse(const std::string& source, std::string_view reason)
+{
+    DbgStream() << source << ": not imported: " << reason;
+    return false;
+}
 
 bool readSource(const std::string& path, std::string& text)
 {
@@ -65,10 +88,12 @@ bool readSource(const std::string& path, std::string& text)
     return !error;
 }
 
-bool import(const std::string& source, const std::string& target, Converter convert)
+bool import(const std::string& source, const std::string& target, NoProgram noProgram, Converter convert)
 {
     std::string text;
+    if (isSameFile(source, target)) return refuse(source, "it would replace itself");
     if (!readSource(source, text)) return false;
+    if (!isVersion2(Lines(source, text), noProgram)) return refuse(source, "no file of version 2 with a program");
     const auto error = WholeFile::replace(pathOf(target), convert(source, text));
     if (error) DbgStream() << target << ": not written: " << error.message();
     return !error;
@@ -111,7 +136,7 @@ std::optional<Preset> convertPreset(std::string_view name, std::string_view text
 {
     Lines lines(name, text);
     const bool merge = lines.current() == "SELECTED";
-    if (merge) lines.next();
+    lines.next();
     const auto kind = std::ranges::find(KINDS, Words(lines.current()).word(), &Kind::word);
     if (kind == KINDS.end()) {
         lines.tell("no kind of preset");
@@ -126,11 +151,20 @@ std::optional<Preset> convertPreset(std::string_view name, std::string_view text
     return Preset{kind->section, out.str()};
 }
 
-bool importBank(const std::string& source, const std::string& target) { return import(source, target, convertBank); }
+bool isSameFile(const std::string& path, const std::string& other)
+{
+    std::error_code none;
+    return std::filesystem::equivalent(pathOf(path), pathOf(other), none);
+}
+
+bool importBank(const std::string& source, const std::string& target)
+{
+    return import(source, target, NoProgram::allowed, convertBank);
+}
 
 bool importProgram(const std::string& source, const std::string& target)
 {
-    return import(source, target, convertProgram);
+    return import(source, target, NoProgram::refused, convertProgram);
 }
 
 std::optional<Preset> readPreset(const std::string& source)

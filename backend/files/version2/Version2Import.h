@@ -12,10 +12,13 @@
 /// touched. A line that is not understood is passed over and told to the debug stream, with file, line and reason.
 namespace Backend::Version2
 {
-/// Makes a bank or a program file. False, and there is no new file, if the source cannot be read or the target not be
-/// written.
+/// Makes a bank or a program file. False, and the target stays as it is, if the source is the target, cannot be read or
+/// does not begin with a program, or the target cannot be written. A bank may have no program.
 ORV_API bool importBank(const std::string& source, const std::string& target);
 ORV_API bool importProgram(const std::string& source, const std::string& target);
+
+/// Whether both paths name one file that exists.
+bool isSameFile(const std::string& path, const std::string& other);
 
 /// A preset's section element, and which section it is.
 struct Preset {
