@@ -22,7 +22,14 @@ namespace
 {
 constexpr std::string_view EXTENSION = ".tmp";
 constexpr std::string_view LOCK_EXTENSION = ".lock";
-constexpr char NEW_NAME = '~';  // begins the base name of a chain that is not for a later run
+// Begins the base name of a chain that is not for a later run. In the name of an output that begins with it, it stands
+// twice.
+constexpr char NEW_NAME = '~';
+
+bool isNewName(std::string_view baseName)
+{
+    return baseName.starts_with(NEW_NAME) && !baseName.substr(1).starts_with(NEW_NAME);
+}
 
 struct ChainFile {
     int number;  // LOCK for the chain's lock
@@ -92,7 +99,7 @@ std::error_code readFile(const fs::path& path, FileContent& content)
 }  // namespace
 
 RecordChain::RecordChain(fs::path inFolder, const std::string& name, Restore restore)
-    : folder(std::move(inFolder)), baseName(name)
+    : folder(std::move(inFolder)), baseName(name.starts_with(NEW_NAME) ? NEW_NAME + name : name)
 {
     std::error_code none;
     fs::create_directories(folder, none);
@@ -186,7 +193,7 @@ void RecordChain::removeOrphans(const fs::path& folder)
 {
     std::set<std::string> left;
     forEachChainFile(folder, [&](const fs::path&, const ChainFile& file) {
-        if (file.baseName.starts_with(NEW_NAME)) left.insert(file.baseName);
+        if (isNewName(file.baseName)) left.insert(file.baseName);
     });
     for (const std::string& baseName : left)
         if (const auto lock = FileLock::take(lockPathOf(folder, baseName)))

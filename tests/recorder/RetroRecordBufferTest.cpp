@@ -210,6 +210,24 @@ TEST(Record, OfAnEarlierRunGoesOn)
     EXPECT_EQ(folder.read("chain/1_Outer.tmp"), "another's");
 }
 
+TEST(Record, OfAnyOutputOutlivesARestart)
+{
+    const TemporaryFolder folder;
+    const std::string names[] = {"Out", "~", "~7", "~~7"};
+    const auto forEach = [&](const auto& visit) {
+        RecordChain::removeOrphans(folder / "chain");
+        for (const std::string& name : names) {
+            RetroRecordBuffer buffer(folder / "chain", name, Restore::yes, FILE_SIZE);
+            buffer.start(0);
+            visit(buffer);
+        }
+    };
+    forEach([](auto& buffer) { buffer.addEvent(MidiMessage(MessageType::noteOn, 60, 100), 0); });
+    forEach([&](auto& buffer) {
+        EXPECT_NE(buffer.save((folder / "t").string(), [] { return 0; }).file, "") << buffer.getOutputName();
+    });
+}
+
 TEST(Record, ThatIsNotForALaterRunGoesWithItsOwner)
 {
     const TemporaryFolder folder;
