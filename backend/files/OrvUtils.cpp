@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <vector>
 
+#include "backend/files/BankFile.h"
 #include "backend/model/PresetSections.h"
 #include "backend/xml/Text.h"
 #include "platform/DbgStream.h"
@@ -14,6 +15,7 @@
 #include "platform/Path.h"
 #include "platform/SettingsStore.h"
 #include "platform/Shell.h"
+#include "platform/WholeFile.h"
 
 namespace Backend
 {
@@ -56,6 +58,14 @@ std::vector<fs::path> filesIn(const std::string& folder)
         if (entry->is_regular_file(none)) names.push_back(entry->path().filename());
     }
     return names;
+}
+
+bool isCopy(const fs::path& path, const fs::path& original)
+{
+    std::vector<std::uint8_t> bytes;
+    std::vector<std::uint8_t> originalBytes;
+    return !WholeFile::read(path, BankFile::MAX_SIZE, bytes) &&
+           !WholeFile::read(original, BankFile::MAX_SIZE, originalBytes) && bytes == originalBytes;
 }
 
 void removeFile(const fs::path& path)
@@ -150,11 +160,14 @@ void OrvUtils::uninstall()
     if (chosenDataFolder.empty()) removeIfEmpty(getCompanyAppDataDir());
 }
 
-/// Removes from a folder what the factory put there, and the folder itself once nothing is left in it.
+/// Removes from a folder what the factory put there and the user has not changed, and the folder itself once nothing is
+/// left in it.
 void OrvUtils::removeFiles(const std::string& folder, std::string_view name)
 {
+    const fs::path source = pathOf(factoryFolder(name));
     const fs::path target = pathOf(pathIn(folder, name));
-    for (const fs::path& file : filesIn(factoryFolder(name))) removeFile(target / file);
+    for (const fs::path& file : filesIn(textOf(source)))
+        if (isCopy(target / file, source / file)) removeFile(target / file);
     removeIfEmpty(textOf(target));
 }
 

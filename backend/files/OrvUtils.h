@@ -45,7 +45,8 @@ public:
 
     static void install(bool withPort);
 
-    /// Removes what the product put into the data folder. The user's own files stay, and the folders that hold them.
+    /// Removes what the product put into the data folder. The user's own files stay, those of the factory that the user
+    /// saved into among them, and the folders that hold them.
     static void uninstall();
 
     /// Whether an input device has the virtual port's name.

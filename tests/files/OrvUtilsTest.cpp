@@ -73,6 +73,7 @@ TEST(OrvUtils, LeavesTheUsersOwnFiles)
     const Installed folder;
     folder.write(DATA + "/Layer Presets/Mine.pst", "mine");
     folder.write(DATA + "/Banks/Tour/Factory.pst", "mine");
+    folder.write(DATA + "/Banks/Factory.pst", "saved into");
     folder.write("precious/take", "mine");
     std::filesystem::create_directory_symlink(folder / "precious", folder / DATA / "Retrospective Record/link");
     std::filesystem::remove(folder / DATA / "Sequences/Factory.pst");
@@ -81,6 +82,7 @@ TEST(OrvUtils, LeavesTheUsersOwnFiles)
     EXPECT_EQ(folder.contents(DATA), "Banks Layer Presets Sequences");
     EXPECT_EQ(folder.contents(DATA + "/Layer Presets"), "Mine.pst");
     EXPECT_EQ(folder.read(DATA + "/Banks/Tour/Factory.pst"), "mine");
+    EXPECT_EQ(folder.read(DATA + "/Banks/Factory.pst"), "saved into");
     EXPECT_EQ(folder.contents(DATA + "/Sequences"), "Factory.pst") << "a folder of that name is not the product's";
     EXPECT_EQ(folder.read("precious/take"), "mine");
 }
