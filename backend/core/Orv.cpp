@@ -99,16 +99,15 @@ void Orv::startRetroRecord()
     midiEngine.setEventRecorder(enabled ? &engineRecorder : nullptr);
 }
 
-/// A new user gets the installed banks, and a default bank among them.
+/// A new user gets the installed banks, and a default bank among them. A folder without anything is one that an earlier
+/// run made without them.
 void Orv::prepareBanks()
 {
     const std::string folder = OrvUtils::pathIn(OrvUtils::getOrvAppDataDir(), BANKS);
     if (folder.empty()) return;
-    std::error_code failed;
-    if (!std::filesystem::is_directory(pathOf(folder), failed)) {
+    std::error_code none;
+    if (!std::filesystem::is_directory(pathOf(folder), none) || std::filesystem::is_empty(pathOf(folder), none))
         OrvUtils::copyFiles(BANKS, BANKS);
-        std::filesystem::create_directories(pathOf(folder), failed);
-    }
     if (Text::trim(registrySettings.getDefaultBank()).empty())
         registrySettings.setDefaultBank(OrvUtils::pathIn(folder, DEFAULT_BANK));
 }

@@ -285,8 +285,13 @@ private:
     void prepareBanks();
 
     void loadProgramFrom(const std::string& path, int number);
-    void beginProgram(int number);
-    void endProgram(const XmlElement& element, std::string_view source);
+    static bool openProgramFile(BankFile& file, const std::string& path);
+    bool openBank(const std::string& path);
+    void showBank();
+    void refuseLoad() const;
+    void replaceProgram(const XmlElement& element, int number);
+    enum class IsThere { no, yes };
+    void tellProgram(IsThere isThere) const;
     void readProgram(const XmlElement& element);
     std::string writeProgram();
     std::string writeProgramFile(const char* root);

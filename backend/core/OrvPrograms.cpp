@@ -3,6 +3,7 @@
 #include <array>
 #include <string_view>
 #include <tuple>
+#include <utility>
 
 #include "backend/core/Orv.h"
 #include "backend/messages/GuiMessages.h"
@@ -13,15 +14,32 @@ namespace Backend
 {
 namespace
 {
+using WindowsLib::DbgStream;
+
 constexpr std::string_view PROGRAM_FILE = ".prg";
 constexpr int ONLY_PROGRAM = 0;
 }  // namespace
 
+/// A file without a single program is no bank.
 void Orv::loadBank(const std::string& path)
 {
-    if (path.empty()) return;
-    bankFile.open(path);
+    if (!path.empty() && openBank(path)) showBank();
+}
+
+bool Orv::openBank(const std::string& path)
+{
+    BankFile file;
+    if (!openProgramFile(path == bank.name ? bankFile : file, path)) {
+        refuseLoad();
+        return false;
+    }
+    if (path != bank.name) bankFile = std::move(file);
     bank = {path, bankFile.getProgramNames()};
+    return true;
+}
+
+void Orv::showBank()
+{
     notifyGui(GuiMessage::BANK, bank);
     changeProgram(program.number);
 }
@@ -39,50 +57,59 @@ void Orv::changeProgram(const SelectType& select)
 
 void Orv::loadProgram(const std::string& path) { loadProgramFrom(path, program.number); }
 
-/// A program file has one program; in a bank it is the one of that number.
+/// A program file has one program; in a bank it is the one of that number. Everything is read before anything changes.
 void Orv::loadProgramFrom(const std::string& path, int number)
 {
-    beginProgram(number);
-    const int index = path.ends_with(PROGRAM_FILE) ? ONLY_PROGRAM : number;
-    if (path.empty()) {
-        endProgram({}, "no bank");
-    } else if (path == bank.name) {
-        endProgram(bankFile.readProgram(index), path);
-    } else {
-        BankFile file;
-        endProgram(file.open(path) ? file.readProgram(index) : XmlElement(), path);
+    BankFile other;
+    BankFile& file = path == bank.name ? bankFile : other;
+    XmlElement element;
+    if (!path.empty()) {
+        if (!openProgramFile(file, path)) return refuseLoad();
+        element = file.readProgram(path.ends_with(PROGRAM_FILE) ? ONLY_PROGRAM : number);
+        if (file.getProgramNames().empty()) return refuseLoad();
     }
+    if (!element.hasElement()) DbgStream() << path << ": no program " << number;
+    replaceProgram(element, number);
+}
+
+bool Orv::openProgramFile(BankFile& file, const std::string& path)
+{
+    if (!file.open(path)) return false;
+    if (file.getProgramNames().empty()) DbgStream() << path << ": no program in it, not loaded";
+    return !file.getProgramNames().empty();
 }
 
 void Orv::loadProgramFromString(const std::string& text, int number)
 {
-    beginProgram(number);
     XmlElement element;
     forEachElement(XmlDocument(text, XmlDocument::Source::text).getRoot(), [&](const XmlElement& child) {
         if (child.getTagName() == "Program" && !element.hasElement()) element = child;
     });
-    endProgram(element, "a program's text");
+    if (element.hasElement()) return replaceProgram(element, number);
+    DbgStream() << "a program's text: no program in it, not loaded";
+    refuseLoad();
 }
 
-void Orv::beginProgram(int number)
+/// What is loaded stays, and the window learns that the file that it asked for has no program.
+void Orv::refuseLoad() const { tellProgram(IsThere::no); }
+
+/// Without an element the sections stay, and the program has no name.
+void Orv::replaceProgram(const XmlElement& element, int number)
 {
     midiEngine.sendReset();
     notifyGui(GuiMessage::ORV_RESET);
     program = Program{};
     program.number = number;
-}
-
-/// Where there is no such program the sections stay.
-void Orv::endProgram(const XmlElement& element, std::string_view source)
-{
-    if (element.hasElement())
-        readProgram(element);
-    else
-        WindowsLib::DbgStream() << source << ": no program " << program.number;
+    if (element.hasElement()) readProgram(element);
     midiEngine.getMessageManager().postSetTempo(program.tempo);
     midiEngine.getMessageManager().postSetTempoSource(program.tempoSource);
-    notifyGui(GuiMessage::PROGRAM, program, !element.hasElement());
+    tellProgram(element.hasElement() ? IsThere::yes : IsThere::no);
     if (element.hasElement() && !initializing) controlManager.sendAll(true);
+}
+
+void Orv::tellProgram(IsThere isThere) const
+{
+    notifyGui(GuiMessage::PROGRAM, program, isThere == IsThere::no);
 }
 
 void Orv::readProgram(const XmlElement& element)
@@ -90,7 +117,7 @@ void Orv::readProgram(const XmlElement& element)
     program.name = element.getAttribute("name");
     const int tempo = element.getIntAttribute("tempo", program.tempo);
     if (tempo >= Program::LOWEST_TEMPO && tempo <= Program::HIGHEST_TEMPO) program.tempo = tempo;
-    program.tempoSource = static_cast<std::int8_t>(element.getIntAttribute("tempoSource", program.tempoSource));
+    program.tempoSource = element.getByteAttribute("tempoSource", Program::INTERNAL_TEMPO_SOURCE);
 
     std::array<bool, std::tuple_size_v<decltype(sections)>> found{};
     forEachElement(element, [&](const XmlElement& child) {

@@ -20,6 +20,8 @@ namespace Backend
 {
 namespace
 {
+using WindowsLib::DbgStream;
+
 void tellDone(const WindowHandle& window, bool written) { notify(window, GuiMessage::OPERATION_DONE, written); }
 
 /// A text that could not be read again is not worth the file that it would replace.
@@ -27,7 +29,7 @@ bool writeDocument(const std::string& path, const std::string& text)
 {
     const bool isDocument = XmlDocument(text, XmlDocument::Source::text).getRoot().hasElement();
     const auto error = isDocument ? WholeFile::replace(pathOf(path), text) : std::error_code();
-    if (error) WindowsLib::DbgStream() << path << ": not written: " << error.message();
+    if (error) DbgStream() << path << ": not written: " << error.message();
     return isDocument && !error;
 }
 }  // namespace
@@ -84,7 +86,7 @@ void Orv::changeProgramName(const std::string& name)
 {
     const std::string text(name.c_str());
     if (!isUtf8(text)) {
-        WindowsLib::DbgStream() << "a name for a program is not UTF-8, ignored";
+        DbgStream() << "a name for a program is not UTF-8, ignored";
         return;
     }
     program.name = text;
@@ -93,9 +95,10 @@ void Orv::changeProgramName(const std::string& name)
 
 void Orv::setDefaultBank(const std::string& path)
 {
+    if (!path.empty() && !openBank(path)) return;
     registrySettings.setDefaultBank(path);
     notifyGui(GuiMessage::DEFAULT_BANK, path);
-    loadBank(path);
+    if (!path.empty()) showBank();
 }
 
 // --- files of version 2
@@ -114,10 +117,11 @@ void Orv::importVersion2Preset(const std::string& source, const std::string& nam
 {
     if (source.empty() || name.empty()) return;
     const auto preset = Version2::readPreset(source);
-    const bool written = preset && findSection(preset->section).getPresets().save(name, [&](std::string& text) {
-        text += preset->element;
-    });
-    tellDone(window, written);
+    if (!preset) return tellDone(window, false);
+    PresetManager& presets = findSection(preset->section).getPresets();
+    const bool isTarget = Version2::isSameFile(source, presets.getPresetPath(Text::trim(name)));
+    if (isTarget) DbgStream() << source << ": not imported: it would replace itself";
+    tellDone(window, !isTarget && presets.save(name, [&](std::string& text) { text += preset->element; }));
 }
 
 // --- presets

@@ -8,6 +8,7 @@
 #include "api/OrvFactory.h"
 #include "api/OrvMessageManager.h"
 #include "backend/display/DisplayMessageManager.h"
+#include "backend/files/Bank.h"
 #include "backend/files/RegistrySettings.h"
 #include "backend/messages/MessageManagerMaster.h"
 #include "backend/messages/MidiEngineMessageManager.h"
@@ -72,6 +73,9 @@ void LivePlay::start(const Setup& setup, const ClockPorts& links)
     orv->start();
     auto& backend = orv->getOrvMessageManager();
     backend.sendInitialize();
+    if (setup.loads.empty() && orv->getBank().name.empty())
+        report("\"" + orv->getRegistrySettings().getDefaultBank() +
+               "\": no default bank with a program, none is loaded");
     applyStoredChoices();
     backend.sendSetMidiInputPorts(ports.inputList());
     backend.sendSetMidiOutputPorts(ports.outputList());

@@ -114,9 +114,12 @@ TEST(Lifecycle, WhatTheUserChoseIsThereTheNextTime)
     EXPECT_EQ(life.read(SETTINGS_FILE),
               "DefaultBank=string:/my/own.bnk\nMidiThru=number:1\nDefaultMidiOutput=number:0\n"
               "EnabledMidiInputs=string:Y\nEnabledMidiOutputs=string:NN\n");
-    EXPECT_TRUE(std::filesystem::is_directory(life / DATA / "Banks")) << "made also without a factory";
+    EXPECT_FALSE(std::filesystem::exists(life / DATA / "Banks")) << "there was no factory";
 
+    OrvUtils::setOrvProgDir(ORVANE_CONTENT);
+    std::filesystem::create_directory(life / DATA / "Banks");
     life.begin();
+    EXPECT_NE(life.read(DATA + "/Banks/Default Bank.bnk"), "") << "it comes when there is one";
     EXPECT_TRUE(life.orv->getRegistrySettings().getMidiThru());
     EXPECT_EQ(life.orv->getRegistrySettings().getDefaultMidiOutput(), 0);
     life.end();

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "backend/files/Bank.h"
+#include "backend/files/RegistrySettings.h"
 #include "backend/messages/GuiMessages.h"
 #include "backend/model/Program.h"
 #include "backend/sections/layers/LayerManager.h"
@@ -76,9 +77,39 @@ TEST(Bank, IsAListOfNamesAndItsProgramIsReadWhenItIsCalled)
 
     stage.load(stage.file("other.bnk", "<Bank><Program name='Only'/></Bank>"));
     EXPECT_EQ(stage.current(), " 2 120 3") << "no such program there: the sections stay, the program is blank";
-    stage.load((stage.folder / "missing.bnk").string());
-    EXPECT_TRUE(stage.orv->getBank().programNames.empty());
-    EXPECT_EQ(stage.current(), " 2 120 3");
+}
+
+TEST(Program, OfAFileWithoutOneIsRefusedAndWhatIsLoadedStays)
+{
+    ProgramStage stage;
+    const std::string bank = stage.bank(2);
+    stage.load(bank);
+    stage.commands().postChangeProgram({Kind::up});
+    stage.press("C4");
+    EXPECT_EQ(stage.played(), "C4 on, C4 on");
+    const auto window = std::make_shared<MessageQueue>();
+    stage.orv->setGuiWindowHandle(WindowHandle(window));
+    stage.commands().postLoadProgramFromString("<OrvProgramFile/>", 7);
+    for (const char* content : {"", "no bank", "<Bank/>", "<Bank><Program name='x'></Bank>"})
+        for (const char* name : {"a.bnk", "a.prg"}) {
+            const std::string path = *content == 0 ? (stage.folder / "missing").string() : stage.file(name, content);
+            stage.load(path);
+            stage.commands().postLoadProgram(path);
+            stage.commands().postSetDefaultBank(path);
+        }
+    std::filesystem::rename(bank, bank + "2");
+    stage.commands().postChangeProgram({Kind::down});
+    stage.rest();
+    EXPECT_EQ(stage.current(), "P1 1 101 2");
+    EXPECT_EQ(stage.orv->getBank().programNames.size(), 2u);
+    EXPECT_NE(stage.orv->getRegistrySettings().getDefaultBank(), stage.file("a.bnk", ""));
+    EXPECT_EQ(stage.played(), "") << "nothing was reset";
+    int refused = 0;
+    while (window->handleNext([&](Message& message) {
+        EXPECT_EQ(message.number, GuiMessage::PROGRAM);
+        refused += message.wparam;
+    })) {}
+    EXPECT_EQ(refused, 2 + 4 * 2 * 3);
 }
 
 TEST(Program, KeepsTheCurrentNumberWhenItComesFromAFile)
@@ -87,9 +118,10 @@ TEST(Program, KeepsTheCurrentNumberWhenItComesFromAFile)
     stage.load(stage.bank(2));
     stage.commands().postChangeProgram({Kind::up});
     stage.rest();
-    const std::string text = "<F><Program name='First' tempo='7' tempoSource='x'><Layers/></Program></F>";
+    const std::string text = "<F><Program name='First' tempo='7' tempoSource='300'><Layers/></Program></F>";
     stage.load(stage.file("a.prg", text));
     EXPECT_EQ(stage.current(), "First 1 120 0") << "a tempo that cannot be played is none";
+    EXPECT_EQ(stage.orv->getTempoSource(), -1);
     stage.load(stage.file("A.PRG", text));
     EXPECT_EQ(stage.current(), " 1 120 0") << "any other file is read like a bank, and has no program 1";
 }
@@ -109,7 +141,7 @@ TEST(Program, WhatItLacksIsEmptied)
     stage.load(stage.file("c.prg", "<F><Program name='Empty'></Program></F>"));
     EXPECT_EQ(stage.current(), "Empty 0 120 0");
     stage.load(stage.file("d.prg", "<F><Program name='Broken'>"));
-    EXPECT_EQ(stage.current(), " 0 120 0");
+    EXPECT_EQ(stage.current(), "Empty 0 120 0");
 }
 
 TEST(Program, AChangeEndsEveryNoteAndLetsNoneFallBetweenOldAndNew)
