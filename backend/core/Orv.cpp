@@ -95,7 +95,7 @@ void Orv::startDisplay()
 void Orv::startRetroRecord()
 {
     const bool enabled = registrySettings.isRetroRecordEnabled();
-    retroRecord.start(enabled, registrySettings.getRetroRecordBufferSize());
+    retroRecord.start(enabled, registrySettings.getRetroRecordBufferSize(), OrvUtils::getRecordDir());
     midiEngine.setEventRecorder(enabled ? &engineRecorder : nullptr);
 }
 

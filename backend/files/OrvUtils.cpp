@@ -121,6 +121,8 @@ std::string OrvUtils::getOrvAppDataDir()
     return chosenDataFolder.empty() ? pathIn(getCompanyAppDataDir(), PRODUCT) : chosenDataFolder;
 }
 
+std::string OrvUtils::getRecordDir() { return pathIn(getOrvAppDataDir(), "Retrospective Record"); }
+
 void OrvUtils::setOrvAppDataDir(const std::string& folder) { chosenDataFolder = withoutSeparatorAtEnd(folder); }
 
 std::string OrvUtils::pathIn(const std::string& folder, std::string_view name)
@@ -151,8 +153,8 @@ void OrvUtils::uninstall()
     removeFiles(data, "Sequences");
     removeFiles(data, "Banks");
     std::error_code error;
-    fs::remove_all(pathOf(pathIn(data, "Retrospective Record")), error);
-    tell("Retrospective Record", error);
+    fs::remove_all(pathOf(getRecordDir()), error);
+    tell(getRecordDir(), error);
     removeFile(pathOf(pathIn(data, "Midi Inputs.txt")));
     removeFile(pathOf(pathIn(data, "Midi Outputs.txt")));
     uninstallMidiPort();

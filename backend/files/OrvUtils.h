@@ -37,6 +37,9 @@ public:
 
     static std::string getCompanyAppDataDir();
 
+    /// The folder of the retrospective record; empty if there is no data folder.
+    static std::string getRecordDir();
+
     /// A path of something in a folder; empty if the folder is.
     static std::string pathIn(const std::string& folder, std::string_view name);
 

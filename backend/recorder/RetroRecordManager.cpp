@@ -4,7 +4,6 @@
 #include <array>
 #include <utility>
 
-#include "backend/files/OrvUtils.h"
 #include "backend/messages/GuiMessages.h"
 #include "backend/messages/TypedMessage.h"
 #include "backend/recorder/RecordFileNames.h"
@@ -27,7 +26,6 @@ constexpr TypedMessage<int> SET_BUFFER_SIZE{32873, "SetBufferSize"};
 constexpr TypedMessage<bool> ENABLE{32874, "Enable"};
 constexpr TypedMessage<WindowHandle> TELL_FILL_TO{32875, "TellFillTo"};
 
-constexpr const char* FOLDER = "Retrospective Record";
 // Some seconds of the densest playing, should the disk stand still.
 constexpr std::size_t SLICE_POOL = 4096;
 constexpr int UNTOLD = -1;
@@ -61,9 +59,9 @@ RetroRecordManager::RetroRecordManager(Clock timeOfEvents, Restore restoreFiles)
 {
 }
 
-void RetroRecordManager::start(bool on, int bufferSize)
+void RetroRecordManager::start(bool on, int bufferSize, const std::string& recordFolder)
 {
-    folder = pathOf(OrvUtils::pathIn(OrvUtils::getOrvAppDataDir(), FOLDER));
+    folder = pathOf(recordFolder);
     enabled = on;
     fileSize = std::clamp(bufferSize, SMALLEST_BUFFER, LARGEST_BUFFER) / RecordChain::FILES;
     if (!folder.empty()) {

@@ -36,9 +36,9 @@ public:
     RetroRecordManager(Clock clock, Restore restore);
     ~RetroRecordManager() { end(); }
 
-    /// Makes the folder "Retrospective Record" in the data folder and starts the thread. A size outside the limits
-    /// goes to the nearer one.
-    void start(bool enabled, int bufferSize);
+    /// Makes the folder of the record and starts the thread. A size outside the limits goes to the nearer one. Without
+    /// a folder ("") nothing is recorded.
+    void start(bool enabled, int bufferSize, const std::string& folder);
 
     /// Ends the thread behind whatever was posted before, and closes the record.
     void end();
