@@ -142,7 +142,8 @@ public:
 
     /// Kept in the settings, and the GUI is told.
     virtual void setDockToBottomEdge(bool on) = 0;
-    /// The bank that is loaded at the start; it is loaded now too.
+    /// The bank that is loaded at the start; it is loaded now too. A file that is no bank with a program changes
+    /// nothing.
     virtual void setDefaultBank(const std::string& path) = 0;
     /// Kept in the settings, and the GUI is told.
     virtual void setMouseSensitivity(int divisor) = 0;
@@ -161,8 +162,10 @@ public:
     virtual void processMidiInputEvent(const MidiEngine::OrvMidiMessage& event) = 0;
 
     /// Replaces the current program by the one of a file, keeping its number; of a ".prg" file its only one, of any
-    /// other the one of that number. Every note is ended first. What a file lacks is emptied; a file without that
-    /// program leaves the sections as they are. Last, the controls that are to send then do.
+    /// other the one of that number. A file without any program, here and below, is refused: everything stays, and the
+    /// window gets `GuiMessage::PROGRAM` with true. Otherwise every note is ended; what the program lacks is emptied;
+    /// where the file has no program of that number, the sections stay and the program has no name. Last, the controls
+    /// that are to send then do.
     virtual void loadProgram(const std::string& path) = 0;
     /// The program of that number, from 0, of the current bank.
     virtual void changeProgram(int number) = 0;
@@ -181,8 +184,10 @@ public:
                                       const WindowHandle& window) = 0;
 
     /// Put the current program in the place of one of the current bank, or of the one of the current number in another
-    /// bank, which becomes the current one. The bank is then loaded again, with its program of the current number. A
-    /// bank without such a program stays as it is; so does, here and below, any file that could not be written in full.
+    /// bank, which becomes the current one. A program that is saved in the place of another is then loaded again as the
+    /// bank has it. A bank without such a program stays as it is; so does, here and below, any file that could not be
+    /// written in full. Files are written on a thread of their own: keys, MIDI and edits go on, while commands that use
+    /// the bank or a file, `end` among them, wait.
     ///
     /// `window`, here and with the imports, is the progress dialog, or none. It gets `GuiMessage::OPERATION_DONE` when
     /// all is done or has failed, unless there was nothing to do: no path, no bank, a number below 0.

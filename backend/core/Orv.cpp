@@ -8,6 +8,7 @@
 #include "backend/core/OrvCommands.h"
 #include "backend/files/OrvUtils.h"
 #include "backend/messages/GuiMessages.h"
+#include "backend/messages/OrvMessages.h"
 #include "backend/model/WindowMove.h"
 #include "backend/xml/Text.h"
 #include "backend/xml/XmlDocument.h"
@@ -30,7 +31,8 @@ constexpr const char* DEFAULT_BANK = "Default Bank.bnk";
 
 Orv::Orv(const std::string& application, MidiEngine::MidiPlayer& player, RetroRecord::Restore restoreRecord)
     : applicationName(application),
-      orvMessageManager(messageManagerMaster, *this, [this](Message& message) { executeOrvCommand(*this, message); }),
+      files([this] { messageManagerMaster.post(OrvMessage::FILES_DONE()); }),
+      orvMessageManager(messageManagerMaster, *this, [this](Message& message) { handleCommand(message); }),
       midiEngine(player),
       retroRecord([&player] { return player.getMilliseconds(); }, restoreRecord),
       oscManager(*this, messageManagerMaster),
@@ -97,6 +99,18 @@ void Orv::startRetroRecord()
     const bool enabled = registrySettings.isRetroRecordEnabled();
     retroRecord.start(enabled, registrySettings.getRetroRecordBufferSize(), OrvUtils::getRecordDir());
     midiEngine.setEventRecorder(enabled ? &engineRecorder : nullptr);
+}
+
+/// Commands that use the bank or a file wait while another one still works with files.
+void Orv::handleCommand(Message& message)
+{
+    const auto execute = [this](Message& command) { executeOrvCommand(*this, command); };
+    if (message.number == OrvMessage::FILES_DONE)
+        files.finish(execute);
+    else if (files.isBusy() && waitsForFiles(message.number))
+        files.hold(std::move(message));
+    else
+        execute(message);
 }
 
 /// A new user gets the installed banks, and a default bank among them. A folder without anything is one that an earlier
@@ -269,7 +283,8 @@ bool Orv::isAtRest() const
 {
     const auto look = [this] {
         return std::array{messageManagerMaster.getWorker().rest(), midiEngine.getMessageManager().getWorker().rest(),
-                          display.getMessageManager().getWorker().rest(), retroRecord.getWorker().rest()};
+                          display.getMessageManager().getWorker().rest(), retroRecord.getWorker().rest(),
+                          files.getWorker().rest()};
     };
     const auto first = look();
     return first == look() && std::ranges::all_of(first, &Worker::Rest::resting);

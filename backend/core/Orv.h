@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <functional>
 #include <iosfwd>
 #include <mutex>
 #include <span>
@@ -17,6 +18,7 @@
 #include "backend/engine/MidiEngine.h"
 #include "backend/files/Bank.h"
 #include "backend/files/BankFile.h"
+#include "backend/files/FileWork.h"
 #include "backend/files/GuiStart.h"
 #include "backend/files/RegistrySettings.h"
 #include "backend/files/SequencePresetManager.h"
@@ -36,6 +38,11 @@
 
 namespace Backend
 {
+namespace Version2
+{
+struct Preset;
+}
+
 /// The backend: it owns every part by value, in the order in which they come to life. Its own thread is the authority
 /// over all of them; the engine, the display and the window work on copies.
 class Orv final : public OrvIF
@@ -47,11 +54,16 @@ public:
     void initialize() override;
     void endInitialize() override;
     void end() override;
-    void start() override { messageManagerMaster.start(); }
+    void start() override
+    {
+        files.start();
+        messageManagerMaster.start();
+    }
     void stop() override
     {
         stopJoysticks();
         messageManagerMaster.stop();
+        files.stop();
     }
 
     WindowHandle getGuiWindowHandle() const override;
@@ -280,6 +292,7 @@ private:
         return on ? OnOffToggle::State::on : OnOffToggle::State::off;
     }
     void showScreen(Screen screen, OnOffToggle::State state) const;
+    void handleCommand(Message& message);
     void startDisplay();
     void startRetroRecord();
     void prepareBanks();
@@ -287,6 +300,7 @@ private:
     void loadProgramFrom(const std::string& path, int number);
     static bool openProgramFile(BankFile& file, const std::string& path);
     bool openBank(const std::string& path);
+    void takeBank(const std::string& path);
     void showBank();
     void refuseLoad() const;
     void replaceProgram(const XmlElement& element, int number);
@@ -295,6 +309,8 @@ private:
     void readProgram(const XmlElement& element);
     std::string writeProgram();
     std::string writeProgramFile(const char* root);
+    void writeFile(std::function<bool()> write, const WindowHandle& window);
+    bool savePreset(const std::string& source, const Version2::Preset& preset, const std::string& name);
     void saveInto(const std::string& path, int number, const WindowHandle& window);
     ProgramSection& findSection(const PresetSection& section) const;
     void notifyGuiOfPresets(const PresetManager& presets, bool done) const;
@@ -309,6 +325,7 @@ private:
     WindowHandle guiWindowHandle;
     GuiFactory guiFactory = nullptr;
     MessageManagerMaster messageManagerMaster;
+    FileWork files;  // while it is busy it has `bankFile`
     OrvMessageManager orvMessageManager;
     RegistrySettings registrySettings;
     Bank bank;

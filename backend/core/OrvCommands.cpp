@@ -1,5 +1,6 @@
 #include "backend/core/OrvCommands.h"
 
+#include <algorithm>
 #include <array>
 
 #include "api/HostState.h"
@@ -73,7 +74,14 @@ constexpr auto COMMANDS = std::to_array<Command<OrvIF>>({
     answer<SAVE_STATE, &OrvIF::saveState>(),
     answer<CREATE_ORV_GUI, &OrvIF::createOrvGui>(),
 });
+
+constexpr auto WAIT_FOR_FILES = std::to_array<unsigned int>(
+    {END, SET_DEFAULT_BANK, IMPORT_VERSION2_BANK, IMPORT_VERSION2_PROGRAM, IMPORT_VERSION2_PRESET, SAVE_TO_CURRENT_BANK,
+     SAVE_TO_BANK, SAVE_TO_PROGRAM, LOAD_PROGRAM, LOAD_BANK, CHANGE_BANK_SIZE, CHANGE_PROGRAM, LOAD_PROGRAM_FROM_STRING,
+     SAVE_STATE});
 }  // namespace
+
+bool waitsForFiles(unsigned int number) { return std::ranges::count(WAIT_FOR_FILES, number) > 0; }
 
 void executeOrvCommand(OrvIF& orv, Message& message) { execute<OrvIF>(COMMANDS, orv, message); }
 }  // namespace Backend

@@ -34,9 +34,11 @@ bool Orv::openBank(const std::string& path)
         return false;
     }
     if (path != bank.name) bankFile = std::move(file);
-    bank = {path, bankFile.getProgramNames()};
+    takeBank(path);
     return true;
 }
+
+void Orv::takeBank(const std::string& path) { bank = {path, bankFile.getProgramNames()}; }
 
 void Orv::showBank()
 {
@@ -46,8 +48,10 @@ void Orv::showBank()
 
 void Orv::changeProgram(int number) { loadProgramFrom(bank.name, number); }
 
+/// A key's function waits for a save as a command does.
 void Orv::changeProgram(const SelectType& select)
 {
+    if (files.isBusy()) return orvMessageManager.postChangeProgram(select);
     std::int64_t number = select.value;
     if (select.kind == SelectType::Kind::up) number = std::int64_t{program.number} + 1;
     if (select.kind == SelectType::Kind::down) number = std::int64_t{program.number} - 1;

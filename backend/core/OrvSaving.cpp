@@ -1,6 +1,9 @@
 // How a program goes out: into a bank, into a file of its own, as a text; and what changes a bank.
 
 #include <algorithm>
+#include <functional>
+#include <memory>
+#include <optional>
 #include <sstream>
 #include <string_view>
 #include <utility>
@@ -51,35 +54,72 @@ std::string Orv::writeProgramFile(const char* root)
 
 std::string Orv::getProgramAsString() { return writeProgramFile("OrvProgramFile"); }
 
+/// Off the backend thread, which tells the window when it is done.
+void Orv::writeFile(std::function<bool()> write, const WindowHandle& window)
+{
+    const auto written = std::make_shared<bool>(false);
+    files.run([written, write = std::move(write)] { *written = write(); },
+              [written, window] { tellDone(window, *written); });
+}
+
 void Orv::saveToProgram(const std::string& path, const WindowHandle& window)
 {
     const std::string file(Text::trim(path));
-    if (!file.empty()) tellDone(window, writeDocument(file, writeProgramFile("ProgramFile")));
+    if (file.empty()) return;
+    writeFile([file, text = writeProgramFile("ProgramFile")] { return writeDocument(file, text); }, window);
 }
 
 void Orv::saveToCurrentBank(int number, const WindowHandle& window) { saveInto(bank.name, number, window); }
 
 void Orv::saveToBank(const std::string& path, const WindowHandle& window) { saveInto(path, program.number, window); }
 
-/// If it was not written, what would be lost by loading the bank again stays in memory.
+/// A program that is saved in its own place is what is loaded, so it plays on. Otherwise the current one is loaded
+/// again at once, as it is stored: what is changed while the file is written comes after it. If the file cannot be
+/// written, the program comes back as it was to be saved.
 void Orv::saveInto(const std::string& path, int number, const WindowHandle& window)
 {
     if (number < 0 || path.empty() || bank.name.empty()) return;
-    BankFile other;
-    BankFile& file = path == bank.name ? bankFile : other;
-    const bool written = file.open(path) && file.replaceProgram(number, writeProgram());
-    if (written && &file == &other) bankFile = std::move(other);
-    if (written) loadBank(path);
-    tellDone(window, written);
+    const std::string text = writeProgram();
+    const XmlElement saved = XmlDocument(text, XmlDocument::Source::text).getRoot();
+    const bool isCurrentBank = path == bank.name;
+    const bool hasPlace = !isCurrentBank || static_cast<std::size_t>(number) < bank.programNames.size();
+    if (!hasPlace) DbgStream() << path << ": no program " << number;
+    if (!hasPlace || !saved.hasElement()) return tellDone(window, false);
+
+    const int current = program.number;
+    const bool isCurrentProgram = number == current;
+    if (!isCurrentProgram) replaceProgram(bankFile.readProgram(current), current);
+
+    const auto file = std::make_shared<BankFile>(isCurrentBank ? std::move(bankFile) : BankFile());
+    const auto written = std::make_shared<bool>(false);
+    files.run([=] { *written = file->open(path) && file->replaceProgram(number, text); },
+              [=, this] {
+                  if (isCurrentBank || *written) bankFile = std::move(*file);
+                  if (*written) {
+                      takeBank(path);
+                      notifyGui(GuiMessage::BANK, bank);
+                      if (isCurrentProgram) tellProgram(IsThere::yes);
+                  }
+                  if (!*written && !isCurrentProgram) replaceProgram(saved, current);
+                  tellDone(window, *written);
+              });
 }
 
 void Orv::changeBankSize(int size, const WindowHandle& window)
 {
     if (size <= 0 || size == static_cast<int>(bank.programNames.size()) || bank.name.empty()) return;
     if (program.number >= size) changeProgram(size - 1);
-    const bool written = bankFile.open(bank.name) && bankFile.resize(size);
-    if (written) loadBank(std::string(bank.name));
-    tellDone(window, written);
+    const auto file = std::make_shared<BankFile>(std::move(bankFile));
+    const auto written = std::make_shared<bool>(false);
+    files.run([=, path = bank.name] { *written = file->open(path) && file->resize(size) && file->open(path); },
+              [=, this] {
+                  bankFile = std::move(*file);
+                  if (*written) {
+                      takeBank(std::string(bank.name));
+                      showBank();
+                  }
+                  tellDone(window, *written);
+              });
 }
 
 void Orv::changeProgramName(const std::string& name)
@@ -105,23 +145,30 @@ void Orv::setDefaultBank(const std::string& path)
 
 void Orv::importVersion2Bank(const std::string& source, const std::string& target, const WindowHandle& window)
 {
-    if (!source.empty() && !target.empty()) tellDone(window, Version2::importBank(source, target));
+    if (source.empty() || target.empty()) return;
+    writeFile([=] { return Version2::importBank(source, target); }, window);
 }
 
 void Orv::importVersion2Program(const std::string& source, const std::string& target, const WindowHandle& window)
 {
-    if (!source.empty() && !target.empty()) tellDone(window, Version2::importProgram(source, target));
+    if (source.empty() || target.empty()) return;
+    writeFile([=] { return Version2::importProgram(source, target); }, window);
 }
 
 void Orv::importVersion2Preset(const std::string& source, const std::string& name, const WindowHandle& window)
 {
     if (source.empty() || name.empty()) return;
-    const auto preset = Version2::readPreset(source);
-    if (!preset) return tellDone(window, false);
-    PresetManager& presets = findSection(preset->section).getPresets();
+    const auto preset = std::make_shared<std::optional<Version2::Preset>>();
+    files.run([=] { *preset = Version2::readPreset(source); },
+              [=, this] { tellDone(window, *preset && savePreset(source, **preset, name)); });
+}
+
+bool Orv::savePreset(const std::string& source, const Version2::Preset& preset, const std::string& name)
+{
+    PresetManager& presets = findSection(preset.section).getPresets();
     const bool isTarget = Version2::isSameFile(source, presets.getPresetPath(Text::trim(name)));
     if (isTarget) DbgStream() << source << ": not imported: it would replace itself";
-    tellDone(window, !isTarget && presets.save(name, [&](std::string& text) { text += preset->element; }));
+    return !isTarget && presets.save(name, [&](std::string& text) { text += preset.element; });
 }
 
 // --- presets

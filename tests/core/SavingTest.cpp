@@ -1,4 +1,7 @@
 #include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <thread>
 
 #include "backend/files/Bank.h"
 #include "backend/files/OrvUtils.h"
@@ -8,6 +11,7 @@
 #include "backend/model/ScreenState.h"
 #include "backend/sections/layers/LayerManager.h"
 #include "platform/Folders.h"
+#include "tests/stage/LiveStage.h"
 #include "tests/stage/Stage.h"
 #include "tests/stage/TemporaryFolder.h"
 
@@ -208,6 +212,23 @@ TEST(Saving, WhatCannotBeSavedStaysInMemoryAndTheDialogIsNotified)
     EXPECT_EQ(stage.folder.read("a.bnk"), before);
     EXPECT_EQ(stage.folder.read("broken.bnk"), "<Bank>\n<Program name=\"P\">\n</Bank>\n");
     EXPECT_EQ(stage.folder.contents(), "a.bnk broken.bnk");
+}
+
+TEST(Saving, KeysPlayWhileAFileIsWrittenAndLoadsWaitForIt)
+{
+    LiveStage stage;
+    const std::string pipe = (stage.folders / "slow disk").string();
+    ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+    stage.commands().postSaveToProgram(pipe, {});
+    stage.commands().postLoadProgramFromString("<F><Program name='Loaded'/></F>", 0);
+    stage.commands().postKeyDown(Key::fromXmlString("Q"), false);
+    while (stage.player.events == 0) std::this_thread::yield();
+    EXPECT_FALSE(stage.orv->isAtRest());
+    std::thread end([&] { stage.commands().sendEnd(); });
+    stage.folders.write("copy", stage.folders.read("slow disk"));
+    end.join();
+    EXPECT_NE(stage.folders.read("copy").find("<Key id=\"Q\""), std::string::npos) << "as it was before the load";
+    EXPECT_EQ(stage.orv->getProgram().name, "Loaded");
 }
 
 TEST(Saving, AnImportedPresetIsListedAndLoads)

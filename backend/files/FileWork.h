@@ -1,0 +1,54 @@
+#pragma once
+
+#include <deque>
+#include <functional>
+
+#include "platform/Export.h"
+#include "platform/Message.h"
+#include "platform/Worker.h"
+
+namespace Backend
+{
+/// Work with files that may take long, on a thread of its own, so that keys do not wait for a disk. One piece of work
+/// at a time; commands that need its result are held until it is finished. The backend thread, unless it says
+/// otherwise.
+class ORV_API FileWork
+{
+public:
+    using Step = std::function<void()>;
+
+    /// `notify` is called on the files thread when work is done; `finish` must then be called on the backend thread.
+    explicit FileWork(Step notify);
+    ~FileWork() { stop(); }
+
+    /// The host's thread. `stop` waits for the work under way, and frees the commands that are held.
+    void start() { worker.start(); }
+    void stop();
+
+    /// From `run` until its last step has returned.
+    bool isBusy() const { return busy; }
+
+    /// Calls `work` on the files thread, which alone uses what it captured, and then `lastStep` on the backend thread.
+    /// Only while nothing else is under way.
+    void run(Step work, Step lastStep);
+
+    /// Keeps a command, with its waiter, while work is under way.
+    void hold(Message command) { held.push_back(std::move(command)); }
+
+    /// The work is done: takes its last step, and gives the commands that were held to `execute` in their order, up to
+    /// one that starts new work.
+    void finish(const std::function<void(Message& command)>& execute);
+
+    /// Any thread.
+    const Worker& getWorker() const { return worker; }
+
+private:
+    void handleMessage(Message& message);
+
+    const Step notify;
+    bool busy = false;
+    Step lastStep;
+    std::deque<Message> held;
+    Worker worker;
+};
+}  // namespace Backend
