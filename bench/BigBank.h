@@ -1,0 +1,15 @@
+#pragma once
+
+#include <string>
+
+/// A bank of a thousand programs of the size that ours have, with 75 keys, 13 controls and 4 layers each: 22 MB.
+namespace BigBank
+{
+constexpr int PROGRAMS = 1000;
+
+/// The `Program` element of that number, with its line end.
+std::string program(int number);
+
+/// Writes the bank.
+void write(const std::string& path);
+}  // namespace BigBank
