@@ -2,7 +2,7 @@
 
 #include <cstdint>
 #include <optional>
-#include <type_traits>
+#include <utility>
 
 #include "platform/SettingsStore.h"
 
@@ -62,36 +62,24 @@ void setBit(std::vector<bool>& bits, int index, bool value)
     if (at >= bits.size()) bits.resize(at + 1);
     bits[at] = value;
 }
-
-template <class Value>
-constexpr RegistrySettings::Kind kindOf()
-{
-    if constexpr (std::is_same_v<Value, std::string>) return RegistrySettings::Kind::text;
-    if constexpr (std::is_same_v<Value, bool>) return RegistrySettings::Kind::onOff;
-    if constexpr (std::is_same_v<Value, int>) return RegistrySettings::Kind::number;
-    if constexpr (std::is_same_v<Value, WindowsLib::Rect>) return RegistrySettings::Kind::rectangle;
-}
+RegistrySettings::Kind kindOf(const Settings::Text&) { return RegistrySettings::Kind::text; }
+RegistrySettings::Kind kindOf(const Settings::Switch&) { return RegistrySettings::Kind::onOff; }
+RegistrySettings::Kind kindOf(const Settings::Number&) { return RegistrySettings::Kind::number; }
+RegistrySettings::Kind kindOf(const Settings::Rectangle&) { return RegistrySettings::Kind::rectangle; }
 }  // namespace
 
-template <class Self, class Visit>
-void RegistrySettings::visitAll(Self& self, Visit visit)
+template <class Values, class Visit>
+void RegistrySettings::visitAll(Values& values, Visit visit)
 {
-    const auto all = [&](auto&... setting) { (visit(setting), ...); };
-    all(self.progDir, self.defaultBank, self.globalKeyboard, self.midiThru, self.retroRecordEnabled,
-        self.retroRecordBufferSize, self.midiBufferDir, self.largeDisplayFont, self.mouseSensitivity,
-        self.dockToBottomEdge, self.displayMidiInputEvents, self.displayMidiOutputEvents, self.displayNumbers,
-        self.displayHeight, self.lastWindowPosition, self.enabledMidiInputs, self.enabledMidiOutputs, self.alwaysOnTop,
-        self.useSkinBorder, self.defaultMidiOutput, self.liteVelocity, self.liteChannel, self.liteStackNotes,
-        self.clickZoneChannelTranspose, self.screenState);
+    std::apply(
+        [&](const auto*... rows) { std::apply([&](auto&... stored) { (visit(rows->name, stored), ...); }, values); },
+        Settings::ALL);
 }
 
 std::vector<RegistrySettings::Info> RegistrySettings::getTable()
 {
     std::vector<Info> table;
-    const RegistrySettings defaults;
-    visitAll(defaults, [&]<class Value>(const Setting<Value>& setting) {
-        table.push_back({setting.name, kindOf<Value>()});
-    });
+    std::apply([&](const auto*... rows) { (table.push_back({rows->name, kindOf(*rows)}), ...); }, Settings::ALL);
     return table;
 }
 
@@ -99,11 +87,11 @@ bool RegistrySettings::loadFromRegistry(const std::string& key)
 {
     const SettingsStore store(key);
     if (!store.isOpen()) return false;
-    visitAll(*this, [&](auto& setting) {
-        if (auto value = load(store, setting.name, setting.value)) setting.value = std::move(*value);
+    visitAll(values, [&](const char* name, auto& stored) {
+        if (auto value = load(store, name, stored.value)) stored.value = std::move(*value);
     });
-    enabledInputs = getBoolVectorFromString(enabledMidiInputs.value);
-    enabledOutputs = getBoolVectorFromString(enabledMidiOutputs.value);
+    enabledInputs = getBoolVectorFromString(get<Settings::ENABLED_MIDI_INPUTS>());
+    enabledOutputs = getBoolVectorFromString(get<Settings::ENABLED_MIDI_OUTPUTS>());
     return true;
 }
 
@@ -112,13 +100,13 @@ bool RegistrySettings::saveToRegistry(const std::string& key)
 {
     SettingsStore store(key);
     if (!store.isOpen()) return false;
-    enabledMidiInputs.set(getStringFromBoolVector(enabledInputs));
-    enabledMidiOutputs.set(getStringFromBoolVector(enabledOutputs));
-    visitAll(*this, [&](auto& setting) {
-        if (setting.dirty) save(store, setting.name, setting.value);
+    set<Settings::ENABLED_MIDI_INPUTS>(getStringFromBoolVector(enabledInputs));
+    set<Settings::ENABLED_MIDI_OUTPUTS>(getStringFromBoolVector(enabledOutputs));
+    visitAll(values, [&](const char* name, const auto& stored) {
+        if (stored.dirty) save(store, name, stored.value);
     });
     if (!store.save()) return false;
-    visitAll(*this, [](auto& setting) { setting.dirty = false; });
+    visitAll(values, [](const char*, auto& stored) { stored.dirty = false; });
     return true;
 }
 

@@ -1,0 +1,122 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <tuple>
+#include <type_traits>
+
+#include "platform/Rect.h"
+
+/// The settings that belong to the installation rather than to a program. A row says everything about one; the store,
+/// the command, the message to the window and the fields of the setup dialog refer to it.
+namespace Backend::Settings
+{
+/// Whether the window gets a message when a setting was changed.
+enum class Notice { none, window };
+
+template <class Type>
+struct Setting {
+    using Value = std::conditional_t<std::is_same_v<Type, std::string_view>, std::string, Type>;
+
+    const char* name;  ///< in the store
+    Type standard;     ///< the default
+    /// Of the command that changes it, and of the window's message; 0 if there is no such command.
+    unsigned int number = 0;
+    Notice notice = Notice::none;
+    /// Of numbers: what a command may set. Nothing is checked where the two are equal.
+    int lowest = 0;
+    int highest = 0;
+
+    constexpr bool allows(const Value& value) const
+    {
+        if constexpr (std::is_same_v<Type, int>)
+            return lowest == highest || (value >= lowest && value <= highest);
+        else
+            return true;
+    }
+};
+
+using Text = Setting<std::string_view>;
+using Switch = Setting<bool>;
+using Number = Setting<int>;
+using Rectangle = Setting<WindowsLib::Rect>;
+
+inline constexpr Text PROG_DIR{"ProgDir", ""};
+inline constexpr Text DEFAULT_BANK{"DefaultBank", "", 33230, Notice::window};
+inline constexpr Switch GLOBAL_KEYBOARD{"GlobalKeyboard", false, 33266, Notice::window};
+inline constexpr Switch MIDI_THRU{"MidiThru", true, 33265, Notice::window};
+inline constexpr Switch RETRO_RECORD_ENABLED{"RetroRecordEnabled", true, 33263, Notice::window};
+/// Bytes for each output.
+inline constexpr Number RETRO_RECORD_BUFFER_SIZE{"MaxMidiBufferFileSize", 100'000, 33262,
+                                                 Notice::window,          1'000,   200'000'000};
+inline constexpr Text MIDI_BUFFER_DIR{"MidiBufferDir", ""};
+inline constexpr Switch LARGE_DISPLAY_FONT{"LargeDisplayFont", false, 33233, Notice::window};
+/// Pixels of mouse movement for one step.
+inline constexpr Number MOUSE_SENSITIVITY{"MouseSensitivity", 1, 33268, Notice::window};
+inline constexpr Switch DOCK_TO_BOTTOM_EDGE{"DockToBottomEdge", false, 33229, Notice::window};
+inline constexpr Switch DISPLAY_MIDI_INPUT_EVENTS{"DisplayMidiInputEvents", false, 33234};
+inline constexpr Switch DISPLAY_MIDI_OUTPUT_EVENTS{"DisplayMidiOutputEvents", true, 33235};
+inline constexpr Switch DISPLAY_NUMBERS{"DisplayNumbers", false, 33232};
+/// Pixels.
+inline constexpr Number DISPLAY_HEIGHT{"DisplayHeight", 200, 33231};
+inline constexpr Rectangle LAST_WINDOW_POSITION{"LastWindowPosition", {-1, -1, -1, -1}, 33227};
+inline constexpr Text ENABLED_MIDI_INPUTS{"EnabledMidiInputs", ""};
+inline constexpr Text ENABLED_MIDI_OUTPUTS{"EnabledMidiOutputs", ""};
+inline constexpr Switch ALWAYS_ON_TOP{"AlwaysOnTop", false, 33236, Notice::window};
+inline constexpr Switch USE_SKIN_BORDER{"UseSkinBorder", true, 33260, Notice::window};
+inline constexpr Number DEFAULT_MIDI_OUTPUT{"DefaultMidiOutput", -1};
+inline constexpr Number LITE_VELOCITY{"LiteVelocity", 100, 33269};
+inline constexpr Number LITE_CHANNEL{"LiteChannel", 0, 33270};
+inline constexpr Switch LITE_STACK_NOTES{"LiteStackNotes", true, 33271};
+inline constexpr Switch CLICK_ZONE_CHANNEL_TRANSPOSE{"ClickZoneChannelTranspose", false, 33272, Notice::window};
+inline constexpr Text SCREEN_STATE{"ScreenState", ""};
+
+/// All of them, in the order in which they are written.
+inline constexpr std::tuple ALL{&PROG_DIR,
+                                &DEFAULT_BANK,
+                                &GLOBAL_KEYBOARD,
+                                &MIDI_THRU,
+                                &RETRO_RECORD_ENABLED,
+                                &RETRO_RECORD_BUFFER_SIZE,
+                                &MIDI_BUFFER_DIR,
+                                &LARGE_DISPLAY_FONT,
+                                &MOUSE_SENSITIVITY,
+                                &DOCK_TO_BOTTOM_EDGE,
+                                &DISPLAY_MIDI_INPUT_EVENTS,
+                                &DISPLAY_MIDI_OUTPUT_EVENTS,
+                                &DISPLAY_NUMBERS,
+                                &DISPLAY_HEIGHT,
+                                &LAST_WINDOW_POSITION,
+                                &ENABLED_MIDI_INPUTS,
+                                &ENABLED_MIDI_OUTPUTS,
+                                &ALWAYS_ON_TOP,
+                                &USE_SKIN_BORDER,
+                                &DEFAULT_MIDI_OUTPUT,
+                                &LITE_VELOCITY,
+                                &LITE_CHANNEL,
+                                &LITE_STACK_NOTES,
+                                &CLICK_ZONE_CHANNEL_TRANSPOSE,
+                                &SCREEN_STATE};
+
+/// The type of a row's value.
+template <const auto& row>
+using ValueOf = typename std::remove_cvref_t<decltype(row)>::Value;
+
+/// How a value is returned: texts and rectangles by reference.
+template <const auto& row>
+using ResultOf = std::conditional_t<std::is_scalar_v<ValueOf<row>>, ValueOf<row>, const ValueOf<row>&>;
+
+/// The place of a row in `ALL`.
+template <const auto& row>
+constexpr std::size_t placeOf()
+{
+    return std::apply(
+        [](const auto*... rows) {
+            std::size_t place = 0;
+            (void)((static_cast<const void*>(rows) == static_cast<const void*>(&row) || (++place, false)) || ...);
+            return place;
+        },
+        ALL);
+}
+}  // namespace Backend::Settings
