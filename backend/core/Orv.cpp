@@ -214,7 +214,7 @@ void Orv::takeInputEvent(const OrvMidiMessage& event)
     midiInputManager.translate(event);
 }
 
-/// Before an input goes silent it gives the note offs that will not come any more, on the road its events take.
+/// Before an input is disabled or removed, its open notes get their note offs on the path of its events.
 void Orv::releaseHeldNotes(int input)
 {
     if (!isEnabled(midiInputPorts, input)) return;

@@ -305,7 +305,7 @@ private:
     void refuseLoad() const;
     void replaceProgram(const XmlElement& element, int number);
     enum class IsThere { no, yes };
-    void tellProgram(IsThere isThere) const;
+    void notifyProgram(IsThere isThere) const;
     void readProgram(const XmlElement& element);
     std::string writeProgram();
     std::string writeProgramFile(const char* root);

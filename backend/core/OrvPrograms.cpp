@@ -94,8 +94,8 @@ void Orv::loadProgramFromString(const std::string& text, int number)
     refuseLoad();
 }
 
-/// What is loaded stays, and the window learns that the file that it asked for has no program.
-void Orv::refuseLoad() const { tellProgram(IsThere::no); }
+/// What is loaded stays, and the window gets a message that there is no such program.
+void Orv::refuseLoad() const { notifyProgram(IsThere::no); }
 
 /// Without an element the sections stay, and the program has no name.
 void Orv::replaceProgram(const XmlElement& element, int number)
@@ -107,11 +107,11 @@ void Orv::replaceProgram(const XmlElement& element, int number)
     if (element.hasElement()) readProgram(element);
     midiEngine.getMessageManager().postSetTempo(program.tempo);
     midiEngine.getMessageManager().postSetTempoSource(program.tempoSource);
-    tellProgram(element.hasElement() ? IsThere::yes : IsThere::no);
+    notifyProgram(element.hasElement() ? IsThere::yes : IsThere::no);
     if (element.hasElement() && !initializing) controlManager.sendAll(true);
 }
 
-void Orv::tellProgram(IsThere isThere) const
+void Orv::notifyProgram(IsThere isThere) const
 {
     notifyGui(GuiMessage::PROGRAM, program, isThere == IsThere::no);
 }

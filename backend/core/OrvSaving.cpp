@@ -54,7 +54,7 @@ std::string Orv::writeProgramFile(const char* root)
 
 std::string Orv::getProgramAsString() { return writeProgramFile("OrvProgramFile"); }
 
-/// Off the backend thread, which tells the window when it is done.
+/// On the files thread; then the window gets the result.
 void Orv::writeFile(std::function<bool()> write, const WindowHandle& window)
 {
     const auto written = std::make_shared<bool>(false);
@@ -98,7 +98,7 @@ void Orv::saveInto(const std::string& path, int number, const WindowHandle& wind
                   if (*written) {
                       takeBank(path);
                       notifyGui(GuiMessage::BANK, bank);
-                      if (isCurrentProgram) tellProgram(IsThere::yes);
+                      if (isCurrentProgram) notifyProgram(IsThere::yes);
                   }
                   if (!*written && !isCurrentProgram) replaceProgram(saved, current);
                   tellDone(window, *written);

@@ -1,7 +1,7 @@
 #include "backend/core/Orv.h"
 #include "backend/messages/GuiMessages.h"
 
-// The commands that keep a choice in the settings and, where a window shows it, tell the window.
+// The commands that change a setting and, where the window shows it, notify the window.
 
 namespace Backend
 {

@@ -107,7 +107,7 @@ XmlElement BankFile::readProgram(int number)
     if (!hasProgram(number)) return {};
     const XmlElement element = fetch(static_cast<std::size_t>(number));
     if (element.hasElement()) return element;
-    // Someone wrote to it within one tick of the file system's clock.
+    // It was written within one tick of the file system's clock.
     isRead = false;
     return load(text) && hasProgram(number) ? fetch(static_cast<std::size_t>(number)) : XmlElement();
 }

@@ -13,9 +13,9 @@
 namespace Backend
 {
 /// The programs in a file: a bank's, or the only one of a program file. The file is read and checked as a whole once;
-/// from then on a program is fetched from its place alone, however many there are. A file that was changed by someone
-/// else meanwhile is read anew. Whatever is written replaces the file whole, and every byte outside the programs in
-/// question stays what it was. What cannot be done changes nothing and is told to the debug stream.
+/// from then on a program is read from its place alone, however many there are. A file that another program has changed
+/// since is read again. Whatever is written replaces the file whole, and every byte outside the programs in
+/// question stays what it was. What cannot be done changes nothing and is written to the debug stream.
 class ORV_API BankFile
 {
 public:
@@ -39,7 +39,7 @@ public:
     bool resize(int programs);
 
 private:
-    /// What tells that nobody else wrote to the file.
+    /// Shows whether another program wrote to the file.
     struct Stamp {
         std::filesystem::file_time_type time{};
         std::uintmax_t size = 0;

@@ -13,7 +13,7 @@ namespace Backend
 /// A piece of a text, in bytes from its start.
 struct TextSpan {
     std::size_t begin = 0;
-    std::size_t end = 0;  ///< behind the last byte
+    std::size_t end = 0;  ///< after the last byte
 
     std::string_view of(std::string_view text) const { return text.substr(begin, end - begin); }
     /// By a difference of sizes, which may have wrapped.

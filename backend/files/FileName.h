@@ -6,7 +6,7 @@
 
 namespace Backend
 {
-/// Whether a file in a folder can be called so (with an extension of up to four characters behind it): not empty, not
+/// Whether a file in a folder can have this name (followed by an extension of up to four characters): not empty, not
 /// "." or "..", no slash or backslash, no control character, at most 251 bytes. What other programs put there may be
 /// called like that.
 ORV_API bool staysInFolder(std::string_view name);

@@ -42,7 +42,7 @@ std::string factoryFolder(std::string_view name)
     return OrvUtils::pathIn(OrvUtils::pathIn(OrvUtils::getOrvProgDir(), "Default"), name);
 }
 
-void tell(const std::string& path, const std::error_code& error)
+void report(const std::string& path, const std::error_code& error)
 {
     if (error) DbgStream() << path << ": not removed: " << error.message();
 }
@@ -73,7 +73,7 @@ void removeFile(const fs::path& path)
     std::error_code error;
     if (fs::symlink_status(path, error).type() == fs::file_type::directory) return;
     fs::remove(path, error);
-    tell(textOf(path), error);
+    report(textOf(path), error);
 }
 
 /// Only a folder with nothing in it can be removed.
@@ -154,7 +154,7 @@ void OrvUtils::uninstall()
     removeFiles(data, "Banks");
     std::error_code error;
     fs::remove_all(pathOf(getRecordDir()), error);
-    tell(getRecordDir(), error);
+    report(getRecordDir(), error);
     removeFile(pathOf(pathIn(data, "Midi Inputs.txt")));
     removeFile(pathOf(pathIn(data, "Midi Outputs.txt")));
     uninstallMidiPort();

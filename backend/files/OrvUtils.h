@@ -8,8 +8,8 @@
 namespace Backend
 {
 /// Where things are on the disk, and the small steps of installing and removing the product. Paths have the platform's
-/// separators and none at the end; a path that cannot be told is empty. Nothing fails aloud: what could not be done is
-/// told to the debug stream. Any thread; the two setters before there is a backend.
+/// separators and none at the end; a path that cannot be determined is empty. No operation reports an error: what could
+/// not be done is written to the debug stream. Any thread; the two setters before there is a backend.
 class ORV_API OrvUtils
 {
 public:
@@ -23,7 +23,7 @@ public:
     static std::string getRegistryKey(std::string_view applicationName);
 
     /// The install folder, with the factory content in "Default" and the manual in "Manual"; empty before the
-    /// installer said where it is.
+    /// installer has set it.
     static std::string getOrvProgDir();
 
     /// What an installer writes. False if it could not be kept.

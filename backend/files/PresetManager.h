@@ -12,8 +12,7 @@ namespace Backend
 {
 /// The presets of one section: files "NAME.pst" in one folder of the data folder, each an XML document whose root is
 /// the section's element, and the list of them. The list is read once, at the start. A name that would leave the folder
-/// names nothing. What could not be done is
-/// written to the debug stream. The backend thread's.
+/// names nothing. What could not be done is written to the debug stream. The backend thread's.
 class ORV_API PresetManager
 {
 public:

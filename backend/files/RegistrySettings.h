@@ -59,7 +59,7 @@ public:
     bool getMidiThru() const { return get<Settings::MIDI_THRU>(); }
     void setMidiThru(bool on) { set<Settings::MIDI_THRU>(on); }
 
-    /// The retrospective record: on by default, and its size in bytes. Nobody reads the folder.
+    /// The retrospective record: on by default, and its size in bytes. The folder is not used.
     bool isRetroRecordEnabled() const { return get<Settings::RETRO_RECORD_ENABLED>(); }
     void setRetroRecordEnabled(bool on) { set<Settings::RETRO_RECORD_ENABLED>(on); }
     int getRetroRecordBufferSize() const { return get<Settings::RETRO_RECORD_BUFFER_SIZE>(); }
@@ -105,7 +105,7 @@ public:
     bool getLiteStackNotes() const { return get<Settings::LITE_STACK_NOTES>(); }
     void setLiteStackNotes(bool on) { set<Settings::LITE_STACK_NOTES>(on); }
 
-    /// Whether a click before or behind a zone transposes it.
+    /// Whether a click before or after a zone transposes it.
     bool getClickZoneChannelTranspose() const { return get<Settings::CLICK_ZONE_CHANNEL_TRANSPOSE>(); }
     void setClickZoneChannelTranspose(bool on) { set<Settings::CLICK_ZONE_CHANNEL_TRANSPOSE>(on); }
 

@@ -31,7 +31,7 @@ std::string storedName(std::string_view name)
 }
 
 /// True if there is none.
-bool tell(const std::error_code& error, const std::string& path, const char* what)
+bool report(const std::error_code& error, const std::string& path, const char* what)
 {
     if (error) WindowsLib::DbgStream() << path << ": " << what << ": " << error.message();
     return !error;
@@ -79,7 +79,7 @@ bool SequencePresetManager::addPreset(std::string_view name, std::string_view te
     std::error_code error;
     fs::create_directories(pathOf(path).parent_path(), error);
     if (!error) error = WholeFile::replace(pathOf(path), document);
-    if (!tell(error, path, "not saved")) return false;
+    if (!report(error, path, "not saved")) return false;
     insert(stored);
     return true;
 }
@@ -91,7 +91,7 @@ void SequencePresetManager::renamePreset(std::string_view oldName, std::string_v
     const std::string path = getPresetPath(oldName);
     std::error_code error;
     fs::rename(pathOf(path), pathOf(getPresetPath(stored)), error);
-    tell(error, path, "not renamed");
+    report(error, path, "not renamed");
     list.erase(list.begin() + indexOf(oldName));
     insert(stored);
 }
@@ -103,7 +103,7 @@ void SequencePresetManager::deletePreset(std::string_view name)
     const std::string path = getPresetPath(name);
     std::error_code error;
     fs::remove(pathOf(path), error);
-    tell(error, path, "not removed");
+    report(error, path, "not removed");
     list.erase(list.begin() + place);
 }
 

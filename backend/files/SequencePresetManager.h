@@ -21,7 +21,7 @@ using SequencePresetList = std::vector<std::string>;
 
 /// The sequences that stand by themselves: files "NAME.seq" in the data folder's "Sequences", each an XML document with
 /// the text of one sequence. The list is read once, at the start. A name that would leave the folder names nothing.
-/// Nothing fails aloud; what could not be done is told to the debug stream. Its owner's thread.
+/// No operation reports an error; what could not be done is written to the debug stream. Its owner's thread.
 class ORV_API SequencePresetManager
 {
 public:

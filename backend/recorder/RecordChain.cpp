@@ -37,7 +37,7 @@ struct ChainFile {
 };
 constexpr int LOCK = -1;
 
-/// What a file name in the folder says, if it is a chain's.
+/// The parts of a file name in the folder, if it is a chain's.
 std::optional<ChainFile> parseFileName(std::string_view name)
 {
     if (name.ends_with(LOCK_EXTENSION))
@@ -51,7 +51,7 @@ std::optional<ChainFile> parseFileName(std::string_view name)
     return ChainFile{number, std::string(base.substr(0, base.size() - EXTENSION.size()))};
 }
 
-/// Visits the chain files in a folder, whatever becomes of them meanwhile.
+/// Visits the chain files in a folder; `visit` may remove them.
 template <class Visit>
 void forEachChainFile(const fs::path& folder, Visit visit)
 {

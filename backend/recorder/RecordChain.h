@@ -37,7 +37,7 @@ public:
     /// away. Returns how many bytes it has; nothing if it cannot be a record's file.
     std::optional<std::uintmax_t> prepareNewest();
 
-    /// Makes room for a new file number 0 behind all others. False if the old one is still there.
+    /// Makes room for a new file number 0 by counting up all others. False if the old one is still there.
     bool rollOver();
 
     /// Appends all whole events, oldest first. With an error nothing is lost and the bytes are of no use.
@@ -45,7 +45,7 @@ public:
 
     void removeFiles();
 
-    /// Removes from a folder what chains left behind that were not restored, and whose owners ended without doing so.
+    /// Removes from a folder the files of chains that are not for a later run and whose owners were killed.
     static void removeOrphans(const std::filesystem::path& folder);
 
 private:

@@ -138,7 +138,7 @@ std::vector<std::uint8_t> beginMidiFile()
             0,   0};
 }
 
-/// All sound off and the end of the track, both right behind the last event.
+/// All sound off and the end of the track, both directly after the last event.
 void finishMidiFile(std::vector<std::uint8_t>& file)
 {
     file.insert(file.end(), {0, 0xB0, 120, 0, 0, 0xFF, 0x2F, 0});

@@ -24,7 +24,7 @@ constexpr int LONGEST_EVENT = 10;
 /// False for a system reset, and for what a MIDI file cannot hold: no status, or a data byte above 127.
 ORV_API bool canBeRecorded(const MidiEngine::MidiMessage& message);
 
-/// Appends an event, `milliseconds` (0 to LONGEST_SILENCE) behind the last one; returns how many bytes it has.
+/// Appends an event, `milliseconds` (0 to LONGEST_SILENCE) after the last one; returns how many bytes it has.
 ORV_API int writeEvent(std::ofstream& out, int milliseconds, const MidiEngine::MidiMessage& message);
 
 /// How far bytes from anywhere are a record.

@@ -68,7 +68,7 @@ bool RetroRecordBuffer::openFile()
     return file.good();
 }
 
-/// A file behind the newest has its whole share of the room.
+/// A file older than the newest has its whole share of the room.
 int RetroRecordBuffer::getFill() const
 {
     constexpr std::int64_t SHARE = 100 / RecordChain::FILES;

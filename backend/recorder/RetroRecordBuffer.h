@@ -15,7 +15,7 @@ namespace Backend::RetroRecord
 /// Milliseconds of the host's clock, which wraps round; the difference of two counts.
 using Milliseconds = std::uint32_t;
 
-/// What became of saving one output's record.
+/// The result of saving one output's record.
 struct ORV_API SavedRecord {
     std::string file;       ///< the MIDI file; empty if nothing was played
     std::error_code error;  ///< why it could not be written; then the record stands as it was
@@ -46,9 +46,9 @@ public:
     /// Gives what was added to the system.
     void flush();
 
-    /// Makes a MIDI file "<stem>_<output name>.mid" of the record, or with "_0", "_1", ... behind the name if that is
-    /// taken, and empties the record. Where nothing was played there is no file. `now` is asked when the record starts
-    /// anew.
+    /// Makes a MIDI file "<stem>_<output name>.mid" of the record, or with "_0", "_1", ... after the name if that is
+    /// taken, and empties the record. Where nothing was played there is no file. `now` is called when the record starts
+    /// again.
     SavedRecord save(const std::string& stem, const std::function<Milliseconds()>& now);
 
 private:

@@ -28,7 +28,7 @@ constexpr TypedMessage<WindowHandle> TELL_FILL_TO{32875, "TellFillTo"};
 
 // Some seconds of the densest playing, should the disk stand still.
 constexpr std::size_t SLICE_POOL = 4096;
-constexpr int UNTOLD = -1;
+constexpr int NONE_SENT = -1;
 constexpr std::uint32_t FIRST_SYSTEM_STATUS = 0xF0;
 
 /// An event as one word, so that it travels without an allocation: status, data bytes and output from the low byte up.
@@ -90,9 +90,9 @@ void RetroRecordManager::handleMessage(Message& message)
     });
     execute<RetroRecordManager>(COMMANDS, *this, message);
     if (worker.queue().hasNext()) return;
-    // Nothing is left in our hands that a crash would lose when nobody plays on.
+    // A crash while nothing is played must not lose what was played before.
     for (const auto& [output, buffer] : buffers) buffer->flush();
-    tellFill();
+    sendFill();
 }
 
 // --- posts
@@ -159,14 +159,14 @@ void RetroRecordManager::handleSetBufferSize(int bytes)
 void RetroRecordManager::handleTellFillTo(const WindowHandle& window)
 {
     listener = window;
-    toldFill = UNTOLD;
+    sentFill = NONE_SENT;
 }
 
-void RetroRecordManager::tellFill()
+void RetroRecordManager::sendFill()
 {
     int fill = 0;
     for (const auto& [output, buffer] : buffers) fill = std::max(fill, buffer->getFill());
-    if (std::exchange(toldFill, fill) == fill) return;
+    if (std::exchange(sentFill, fill) == fill) return;
     listener.post(GuiMessage::RETRO_RECORD_FILL(fill));
 }
 }  // namespace Backend::RetroRecord

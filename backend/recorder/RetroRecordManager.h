@@ -15,13 +15,13 @@
 
 namespace Backend::RetroRecord
 {
-/// What became of a save, an entry for each recorded output by rising index. The payload of
+/// The result of a save, an entry for each recorded output by rising index. The payload of
 /// GuiMessage::RETRO_RECORD_SAVED.
 using SaveReport = std::vector<SavedRecord>;
 
 /// The retrospective record: whatever the engine plays is kept for a while, for each enabled output, and can be made
 /// into MIDI files at any time. Everything that touches the disk runs on a thread of its own. All operations are posts
-/// that any thread may make, but for `start`, `end` and what says otherwise.
+/// that any thread may make, except `start`, `end` and those that name a thread.
 class ORV_API RetroRecordManager
 {
 public:
@@ -32,7 +32,7 @@ public:
     static constexpr int LARGEST_BUFFER = 200'000'000;
     static bool isBufferSize(int bytes) { return bytes >= SMALLEST_BUFFER && bytes <= LARGEST_BUFFER; }
 
-    /// `clock` is asked on the recorder's thread and gives the time that events have, too.
+    /// `clock` is called on the recorder's thread; events have its time, too.
     RetroRecordManager(Clock clock, Restore restore);
     ~RetroRecordManager() { end(); }
 
@@ -40,7 +40,7 @@ public:
     /// a folder ("") nothing is recorded.
     void start(bool enabled, int bufferSize, const std::string& folder);
 
-    /// Ends the thread behind whatever was posted before, and closes the record.
+    /// Ends the thread after what was posted before, and closes the record.
     void end();
 
     /// The outputs that are enabled are recorded. The record of one that was recorded before goes on; that of another
@@ -52,14 +52,14 @@ public:
     void addEvent(const MidiEngine::MidiMessage& message, int output, Milliseconds time);
     void wake() { worker.queue().wake(); }
 
-    /// Saves and empties all records, see `RetroRecordBuffer::save`. Then `window` is told
+    /// Saves and empties all records, see `RetroRecordBuffer::save`. Then `window` gets
     /// GuiMessage::RETRO_RECORD_SAVED.
     void save(const std::string& stem, const WindowHandle& window);
 
     /// Ignored outside the limits. What is recorded already goes as new events come.
     void setBufferSize(int bytes);
 
-    /// From now on `window` is told GuiMessage::RETRO_RECORD_FILL, at once and whenever it changes: the fill of the
+    /// From now on `window` gets GuiMessage::RETRO_RECORD_FILL, at once and whenever it changes: the fill of the
     /// fullest record, see `RetroRecordBuffer::getFill`. One window at a time; an empty handle for none.
     void tellFillTo(const WindowHandle& window);
 
@@ -76,7 +76,7 @@ private:
     void handleSetBufferSize(int bytes);
     void handleEnable(bool on) { enabled = on; }
     void handleTellFillTo(const WindowHandle& window);
-    void tellFill();
+    void sendFill();
 
     const Clock clock;
     const Restore restore;
@@ -87,7 +87,7 @@ private:
     int fileSize = 0;
     bool enabled = false;
     WindowHandle listener;
-    int toldFill = 0;  // what the listener knows
+    int sentFill = 0;  // the last that the listener got
 
     Worker worker;
 };

@@ -15,7 +15,7 @@ inline std::string_view trim(std::string_view text)
     return text.substr(first, text.find_last_not_of(' ') - first + 1);
 }
 
-/// Cuts `rest` at the first `delimiter`: the trimmed part before it is the token, the part behind it stays in `rest`.
+/// Cuts `rest` at the first `delimiter`: the trimmed part before it is the token, the part after it stays in `rest`.
 /// Without a delimiter everything is the token and `rest` becomes empty.
 inline std::string_view nextToken(std::string_view& rest, char delimiter)
 {

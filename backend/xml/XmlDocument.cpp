@@ -24,7 +24,7 @@ std::optional<std::string> readFile(std::string_view path)
     return text;
 }
 
-void tell(std::string_view name, std::string_view text, const XmlProblem& problem)
+void report(std::string_view name, std::string_view text, const XmlProblem& problem)
 {
     const auto line = 1 + std::ranges::count(text.substr(0, problem.offset), '\n');
     WindowsLib::DbgStream() << name << ", line " << line << " (byte " << problem.offset
@@ -36,7 +36,7 @@ std::shared_ptr<const pugi::xml_document> parse(std::string_view name, std::stri
     auto document = std::make_shared<pugi::xml_document>();
     const auto problem = parseXml(text, *document);
     if (!problem) return document;
-    tell(name, text, *problem);
+    report(name, text, *problem);
     return nullptr;
 }
 }  // namespace

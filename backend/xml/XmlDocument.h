@@ -7,7 +7,7 @@
 #include "backend/xml/XmlElement.h"
 
 /// An XML document that was read, from a file or from a text in memory, in UTF-8. What cannot be read has no root, and
-/// the debug stream is told the file, the place and the reason: a missing file, bad tags, anything but white space,
+/// the debug stream gets the file, the place and the reason: a missing file, bad tags, anything but white space,
 /// comments and instructions around the one root element, bytes that are not UTF-8, and what passes the limits below.
 ///
 /// The limits keep a hostile file to about 450 MB of memory while it is read, and to little stack: nothing recurses. A

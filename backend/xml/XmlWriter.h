@@ -6,7 +6,7 @@
 
 #include "backend/xml/XmlItem.h"
 
-// The pieces of an XML text. The writer of a file streams them out itself, one tag on a line behind a TAB for each
+// The pieces of an XML text. The writer of a file streams them out itself, one tag on a line after a TAB for each
 // level of nesting: none of them ends a line or indents. Other readers of these files go by the lines, so keep to that.
 
 /// The declaration that a file begins with.

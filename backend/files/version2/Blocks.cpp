@@ -1,5 +1,5 @@
-// What a line of each kind says, word by word. Inputs, outputs, channels, zones, rows and columns count from 1, and 0
-// stands for none, for all, or for the default. Words behind the required ones may be left out from the end.
+// The words of a line of each kind. Inputs, outputs, channels, zones, rows and columns count from 1, and 0
+// stands for none, for all, or for the default. Words after the required ones may be left out from the end.
 
 #include "backend/files/version2/Blocks.h"
 #include "backend/model/MidiEvent.h"
@@ -166,7 +166,7 @@ void readBlocks(Lines& lines, Sections& sections)
         for (; lines.letter() != 0; lines.next()) {
             Words words(lines.current());
             words.word();
-            if (lines.letter() != block->letter || !block->readLine(words, sections)) lines.tell("not understood");
+            if (lines.letter() != block->letter || !block->readLine(words, sections)) lines.report("not understood");
         }
     }
 }

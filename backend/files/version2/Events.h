@@ -17,6 +17,6 @@ std::string functionText(const MidiEngine::MidiMessage& event, int value, Functi
 /// The type name of the translation into an event.
 std::string_view translationType(const MidiEngine::MidiMessage& event);
 
-/// A text of lines behind that many TABs.
+/// A text of lines, each after that many TABs.
 std::string indented(std::string_view text, int tabs);
 }  // namespace Backend::Version2

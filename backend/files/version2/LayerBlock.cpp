@@ -3,7 +3,7 @@
 //   <arpeggio> <beat> <length> <template> <template mode> <tempo> <tempo source>
 //
 // Toggle is 0 to 2. Transpose and velocity are "+5" and "-5" for more and less, "60" for instead, "_" for unchanged.
-// The key counts from 1 for C, the numbers behind the velocity compress it. The arpeggio is a word, beat and length are
+// The key counts from 1 for C, the numbers after the velocity compress it. The arpeggio is a word, beat and length are
 // pulses. A template of -1 is none. What starts with a tempo gives it to the program.
 
 #include "backend/files/version2/LayerBlock.h"

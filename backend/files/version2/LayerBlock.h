@@ -5,6 +5,6 @@
 
 namespace Backend::Version2
 {
-/// Reads the words behind the first of a layer's line. False if they are not understood; then nothing is added.
+/// Reads the words after the first of a layer's line. False if they are not understood; then nothing is added.
 bool readLayer(Words& words, Sections& sections);
 }  // namespace Backend::Version2

@@ -63,11 +63,11 @@ void Lines::passBlankLines()
 
 void Lines::passBlock(std::string_view reason)
 {
-    for (; letter() != 0; next()) tell(reason);
+    for (; letter() != 0; next()) report(reason);
 }
 
-void Lines::tell(std::string_view reason) const
+void Lines::report(std::string_view reason) const
 {
-    WindowsLib::DbgStream() << name << ", line " << at + 1 << ": passed over: " << reason;
+    WindowsLib::DbgStream() << name << ", line " << at + 1 << ": left out: " << reason;
 }
 }  // namespace Backend::Version2

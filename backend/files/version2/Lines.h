@@ -21,11 +21,11 @@ public:
     char letter() const { return current().empty() ? '\0' : current().front(); }
     void next() { at += atEnd() ? 0 : 1; }
     void passBlankLines();
-    /// Beyond a block: up to the blank line behind it, with a line in the debug stream for each that is passed.
+    /// Beyond a block: up to the blank line after it, with a line in the debug stream for each line that is left out.
     void passBlock(std::string_view reason);
 
-    /// Tells the debug stream why the current line does not count.
-    void tell(std::string_view reason) const;
+    /// Writes to the debug stream why the current line does not count.
+    void report(std::string_view reason) const;
 
 private:
     std::string name;

@@ -41,7 +41,7 @@ std::string readDefaultPreset()
     return {bytes.begin(), bytes.end()};
 }
 
-/// A section's start tag, behind its attribute "merge" what else it has, its elements, and its end tag.
+/// A section's start tag, its attribute "merge", then its other attributes, its elements, and its end tag.
 template <class Elements>
 void writeSection(std::ostream& out, int indent, const char* tag, bool merge, const std::string& attributes,
                   const Elements& elements)

@@ -22,7 +22,7 @@ struct InputEvent {
 };
 
 /// What a program or a preset of version 2 becomes: the elements of its sections as text, each element without
-/// indentation and with a line end behind each tag.
+/// indentation and with a line end after each tag.
 struct Sections {
     std::map<Key, std::string> keys{};     ///< all, those of the default preset included
     std::map<Key, std::string> ownKeys{};  ///< those that the file itself names
@@ -40,7 +40,7 @@ struct Sections {
     /// A `Program` element. While its keys are those of the default preset it names that too.
     void writeProgram(std::ostream& out, const std::string& name) const;
 
-    // One section each, behind `indent` TABs. What is to be merged has only the keys that the file names.
+    // One section each, after `indent` TABs. A section to be merged has only the keys that the file names.
     void writeComputerInput(std::ostream& out, int indent, bool merge) const;
     void writeMidiInput(std::ostream& out, int indent, bool merge) const;
     void writeControls(std::ostream& out, int indent, bool merge) const;

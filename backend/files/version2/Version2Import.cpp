@@ -38,7 +38,7 @@ std::string readName(const Lines& lines)
     words.word();
     words.word();
     const std::string name = words.text();
-    if (!passNumbers(words)) lines.tell("what stands behind the program's name");
+    if (!passNumbers(words)) lines.report("something other than numbers after the program's name");
     return name;
 }
 
@@ -127,7 +127,7 @@ std::string convertProgram(std::string_view name, std::string_view text)
     Lines lines(name, text);
     lines.passBlankLines();
     if (lines.letter() == PROGRAM) convertOneProgram(lines, out);
-    if (!lines.atEnd()) lines.tell("nothing of the program, and what follows neither");
+    if (!lines.atEnd()) lines.report("not part of the program, nor is what follows");
     out << xmlEndTag("ProgramFile") << '\n';
     return out.str();
 }
@@ -139,13 +139,13 @@ std::optional<Preset> convertPreset(std::string_view name, std::string_view text
     lines.next();
     const auto kind = std::ranges::find(KINDS, Words(lines.current()).word(), &Kind::word);
     if (kind == KINDS.end()) {
-        lines.tell("no kind of preset");
+        lines.report("no kind of preset");
         return std::nullopt;
     }
     lines.next();
     Sections sections = Sections::withDefaultKeys();
     readBlocks(lines, sections);
-    if (!lines.atEnd()) lines.tell("nothing of a preset, and what follows neither");
+    if (!lines.atEnd()) lines.report("not part of the preset, nor is what follows");
     std::ostringstream out;
     (sections.*kind->write)(out, 0, merge);
     return Preset{kind->section, out.str()};

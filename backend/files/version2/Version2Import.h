@@ -7,9 +7,9 @@
 #include "backend/model/PresetSections.h"
 #include "platform/Export.h"
 
-/// What becomes of the files that version 2 of the product wrote: lines of words in blocks, under the same extensions.
+/// Conversion of the files that version 2 of the product wrote: lines of words in blocks, under the same extensions.
 /// The source is never changed, and nothing but the source, the presets of the computer input and the target is
-/// touched. A line that is not understood is passed over and told to the debug stream, with file, line and reason.
+/// touched. A line that is not understood is left out, with file, line and reason in the debug stream.
 namespace Backend::Version2
 {
 /// Makes a bank or a program file. False, and the target stays as it is, if the source is the target, cannot be read or
@@ -29,7 +29,7 @@ struct Preset {
 /// None if the source cannot be read or is no preset of a section that version 2 had.
 ORV_API std::optional<Preset> readPreset(const std::string& source);
 
-/// The same with texts; `name` is what the debug stream is told.
+/// The same with texts; `name` is the file name in the debug stream.
 ORV_API std::string convertBank(std::string_view name, std::string_view text);
 ORV_API std::string convertProgram(std::string_view name, std::string_view text);
 ORV_API std::optional<Preset> convertPreset(std::string_view name, std::string_view text);

@@ -12,7 +12,7 @@ class Words
 public:
     explicit Words(std::string_view line) : rest(line) {}
 
-    /// The next word, empty behind the last.
+    /// The next word, empty after the last.
     std::string_view word();
     /// The same with a blank for each "_".
     std::string text();
