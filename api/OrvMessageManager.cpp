@@ -6,6 +6,7 @@
 #include "backend/messages/JoystickMessageManager.h"
 #include "backend/messages/MessageManagerMaster.h"
 #include "backend/messages/OrvMessages.h"
+#include "backend/messages/SettingMessages.h"
 
 namespace Backend
 {
@@ -98,7 +99,10 @@ void OrvMessageManager::postSaveRetroRecord(const std::string& stem)
     master.post(OrvMessage::SAVE_RETRO_RECORD(stem));
 }
 
-void OrvMessageManager::postSetDefaultBank(const std::string& path) { master.post(OrvMessage::SET_DEFAULT_BANK(path)); }
+void OrvMessageManager::postSetDefaultBank(const std::string& path)
+{
+    master.post(SETTING<Settings::DEFAULT_BANK>(path));
+}
 
 void OrvMessageManager::postImportVersion2Bank(const std::string& source, const std::string& target,
                                                const WindowHandle& window)
@@ -201,39 +205,41 @@ void OrvMessageManager::postSetTempoSource(int source, bool notify)
 
 // --- settings
 
+void OrvMessageManager::postSetting(Message setting) { master.post(std::move(setting)); }
+
 void OrvMessageManager::postSetLastWindowPosition(const WindowsLib::Rect& position)
 {
-    master.post(OrvMessage::SET_LAST_WINDOW_POSITION(position));
+    master.post(SETTING<Settings::LAST_WINDOW_POSITION>(position));
 }
 
-void OrvMessageManager::postSetDockToBottomEdge(bool on) { master.post(OrvMessage::SET_DOCK_TO_BOTTOM_EDGE(on)); }
+void OrvMessageManager::postSetDockToBottomEdge(bool on) { master.post(SETTING<Settings::DOCK_TO_BOTTOM_EDGE>(on)); }
 
-void OrvMessageManager::postSetDisplayHeight(int pixels) { master.post(OrvMessage::SET_DISPLAY_HEIGHT(pixels)); }
+void OrvMessageManager::postSetDisplayHeight(int pixels) { master.post(SETTING<Settings::DISPLAY_HEIGHT>(pixels)); }
 
-void OrvMessageManager::postSetDisplayNumbers(bool on) { master.post(OrvMessage::SET_DISPLAY_NUMBERS(on)); }
+void OrvMessageManager::postSetDisplayNumbers(bool on) { master.post(SETTING<Settings::DISPLAY_NUMBERS>(on)); }
 
 void OrvMessageManager::postSetDisplayMidiInputEvents(bool on)
 {
-    master.post(OrvMessage::SET_DISPLAY_MIDI_INPUT_EVENTS(on));
+    master.post(SETTING<Settings::DISPLAY_MIDI_INPUT_EVENTS>(on));
 }
 
 void OrvMessageManager::postSetDisplayMidiOutputEvents(bool on)
 {
-    master.post(OrvMessage::SET_DISPLAY_MIDI_OUTPUT_EVENTS(on));
+    master.post(SETTING<Settings::DISPLAY_MIDI_OUTPUT_EVENTS>(on));
 }
 
 void OrvMessageManager::postSetRetroRecordBufferSize(int bytes)
 {
-    master.post(OrvMessage::SET_RETRO_RECORD_BUFFER_SIZE(bytes));
+    master.post(SETTING<Settings::RETRO_RECORD_BUFFER_SIZE>(bytes));
 }
 
-void OrvMessageManager::postEnableRetroRecord(bool on) { master.post(OrvMessage::ENABLE_RETRO_RECORD(on)); }
+void OrvMessageManager::postEnableRetroRecord(bool on) { master.post(SETTING<Settings::RETRO_RECORD_ENABLED>(on)); }
 
-void OrvMessageManager::postSetLargeDisplayFont(bool on) { master.post(OrvMessage::SET_LARGE_DISPLAY_FONT(on)); }
+void OrvMessageManager::postSetLargeDisplayFont(bool on) { master.post(SETTING<Settings::LARGE_DISPLAY_FONT>(on)); }
 
-void OrvMessageManager::postSetAlwaysOnTop(bool on) { master.post(OrvMessage::SET_ALWAYS_ON_TOP(on)); }
+void OrvMessageManager::postSetAlwaysOnTop(bool on) { master.post(SETTING<Settings::ALWAYS_ON_TOP>(on)); }
 
-void OrvMessageManager::postSetUseSkinBorder(bool on) { master.post(OrvMessage::SET_USE_SKIN_BORDER(on)); }
+void OrvMessageManager::postSetUseSkinBorder(bool on) { master.post(SETTING<Settings::USE_SKIN_BORDER>(on)); }
 
 void OrvMessageManager::postChangeGlobalKeyboard(const OnOffToggle& value, bool notify)
 {
@@ -242,17 +248,17 @@ void OrvMessageManager::postChangeGlobalKeyboard(const OnOffToggle& value, bool 
 
 void OrvMessageManager::postSetMouseSensitivity(int divisor)
 {
-    master.post(OrvMessage::SET_MOUSE_SENSITIVITY(divisor));
+    master.post(SETTING<Settings::MOUSE_SENSITIVITY>(divisor));
 }
 
-void OrvMessageManager::postSetLiteVelocity(int velocity) { master.post(OrvMessage::SET_LITE_VELOCITY(velocity)); }
+void OrvMessageManager::postSetLiteVelocity(int velocity) { master.post(SETTING<Settings::LITE_VELOCITY>(velocity)); }
 
-void OrvMessageManager::postSetLiteChannel(int channel) { master.post(OrvMessage::SET_LITE_CHANNEL(channel)); }
+void OrvMessageManager::postSetLiteChannel(int channel) { master.post(SETTING<Settings::LITE_CHANNEL>(channel)); }
 
-void OrvMessageManager::postSetLiteStackNotes(bool on) { master.post(OrvMessage::SET_LITE_STACK_NOTES(on)); }
+void OrvMessageManager::postSetLiteStackNotes(bool on) { master.post(SETTING<Settings::LITE_STACK_NOTES>(on)); }
 
 void OrvMessageManager::postSetClickZoneChannelTranspose(bool on)
 {
-    master.post(OrvMessage::SET_CLICK_ZONE_CHANNEL_TRANSPOSE(on));
+    master.post(SETTING<Settings::CLICK_ZONE_CHANNEL_TRANSPOSE>(on));
 }
 }  // namespace Backend

@@ -80,6 +80,8 @@ public:
     void postSetTempoSource(int source, bool notify);
 
     /// Settings: kept, and the window is told where it does not know by itself.
+    /// Changes a setting: `postSetting(SETTING<Settings::ALWAYS_ON_TOP>(true))`. Those below are of the same kind.
+    void postSetting(Message setting);
     void postSetLastWindowPosition(const WindowsLib::Rect& position);
     void postSetDockToBottomEdge(bool on);
     void postSetDisplayHeight(int pixels);

@@ -14,6 +14,7 @@
 #include "api/OrvMessageManager.h"
 #include "backend/core/EngineRecorder.h"
 #include "backend/core/HeldNotes.h"
+#include "backend/core/SettingCommands.h"
 #include "backend/display/Display.h"
 #include "backend/engine/MidiEngine.h"
 #include "backend/files/Bank.h"
@@ -74,12 +75,15 @@ public:
         return midiEngine.getMessageManager();
     }
     Controls::ControlMessageManager& getControlMessageManager() override { return controlManager.getMessageManager(); }
-    void setLastWindowPosition(const WindowsLib::Rect& position) override;
+    void setLastWindowPosition(const WindowsLib::Rect& position) override
+    {
+        changeSetting<Settings::LAST_WINDOW_POSITION>(*this, position);
+    }
     void removeGuiWindowHandle() override { setGuiWindowHandle({}); }
 
-    void setDockToBottomEdge(bool on) override;
+    void setDockToBottomEdge(bool on) override { changeSetting<Settings::DOCK_TO_BOTTOM_EDGE>(*this, on); }
     void setDefaultBank(const std::string& path) override;
-    void setMouseSensitivity(int divisor) override;
+    void setMouseSensitivity(int divisor) override { changeSetting<Settings::MOUSE_SENSITIVITY>(*this, divisor); }
     void setMidiInputPorts(const MidiEngine::MidiInputPorts& ports) override;
     void setMidiOutputPorts(const MidiEngine::MidiOutputPorts& ports) override;
     MidiEngine::MidiInputPorts getMidiInputPorts() const override { return midiInputPorts; }
@@ -99,11 +103,11 @@ public:
     void saveToBank(const std::string& path, const WindowHandle& window) override;
     void saveToProgram(const std::string& path, const WindowHandle& window) override;
     std::string getProgramAsString() override;
-    void setAlwaysOnTop(bool on) override;
-    void setUseSkinBorder(bool on) override;
-    void setDisplayHeight(int pixels) override;
+    void setAlwaysOnTop(bool on) override { changeSetting<Settings::ALWAYS_ON_TOP>(*this, on); }
+    void setUseSkinBorder(bool on) override { changeSetting<Settings::USE_SKIN_BORDER>(*this, on); }
+    void setDisplayHeight(int pixels) override { changeSetting<Settings::DISPLAY_HEIGHT>(*this, pixels); }
     void setDisplayNumbers(bool on) override;
-    void setLargeDisplayFont(bool on) override;
+    void setLargeDisplayFont(bool on) override { changeSetting<Settings::LARGE_DISPLAY_FONT>(*this, on); }
     void showSystemPanel(bool on) override { showScreen(Screen::system, onOrOff(on)); }
     void toggleSystemPanel() override { showScreen(Screen::system, OnOffToggle::State::toggle); }
     void showDisplay(bool on) override { showScreen(Screen::display, onOrOff(on)); }
@@ -246,10 +250,13 @@ public:
         layerManager.changeNoteToggle(select, value);
     }
     void displayMidiOutputEvent(const MidiEngine::OrvMidiMessage& event) override;
-    void setLiteVelocity(int velocity) override;
-    void setLiteChannel(int channel) override;
-    void setLiteStackNotes(bool on) override;
-    void setClickZoneChannelTranspose(bool on) override;
+    void setLiteVelocity(int velocity) override { changeSetting<Settings::LITE_VELOCITY>(*this, velocity); }
+    void setLiteChannel(int channel) override { changeSetting<Settings::LITE_CHANNEL>(*this, channel); }
+    void setLiteStackNotes(bool on) override { changeSetting<Settings::LITE_STACK_NOTES>(*this, on); }
+    void setClickZoneChannelTranspose(bool on) override
+    {
+        changeSetting<Settings::CLICK_ZONE_CHANNEL_TRANSPOSE>(*this, on);
+    }
     bool isAtRest() const override;
     bool isResetWaiting() const override { return midiEngine.isResetWaiting(); }
     void setWidgetFocus(const SelectControlType& select) override;

@@ -5,6 +5,7 @@
 
 #include "api/HostState.h"
 #include "api/OrvIF.h"
+#include "backend/core/SettingCommands.h"
 #include "backend/messages/OrvMessages.h"
 
 namespace Backend
@@ -22,16 +23,11 @@ constexpr auto COMMANDS = std::to_array<Command<OrvIF>>({
     on<SEND_MIDI_OUTPUT_PORTS, &OrvIF::setMidiOutputPorts>(),
     on<SET_MIDI_OUTPUT_PORTS, &OrvIF::setMidiOutputPorts>(),
     on<END_INITIALIZE, &OrvIF::endInitialize>(),
-    on<SET_LAST_WINDOW_POSITION, &OrvIF::setLastWindowPosition>(),
     on<REMOVE_GUI_WINDOW_HANDLE, &OrvIF::removeGuiWindowHandle>(),
-    on<SET_DOCK_TO_BOTTOM_EDGE, &OrvIF::setDockToBottomEdge>(),
-    on<SET_DEFAULT_BANK, &OrvIF::setDefaultBank>(),
-    on<SET_DISPLAY_HEIGHT, &OrvIF::setDisplayHeight>(),
-    on<SET_DISPLAY_NUMBERS, &OrvIF::setDisplayNumbers>(),
-    on<SET_DISPLAY_MIDI_INPUT_EVENTS, &OrvIF::setDisplayMidiInputEvents>(),
-    on<SET_DISPLAY_MIDI_OUTPUT_EVENTS, &OrvIF::setDisplayMidiOutputEvents>(),
-    on<SET_LARGE_DISPLAY_FONT, &OrvIF::setLargeDisplayFont>(),
-    on<SET_ALWAYS_ON_TOP, &OrvIF::setAlwaysOnTop>(),
+    on<SETTING<Settings::DEFAULT_BANK>, &OrvIF::setDefaultBank>(),
+    on<SETTING<Settings::DISPLAY_NUMBERS>, &OrvIF::setDisplayNumbers>(),
+    on<SETTING<Settings::DISPLAY_MIDI_INPUT_EVENTS>, &OrvIF::setDisplayMidiInputEvents>(),
+    on<SETTING<Settings::DISPLAY_MIDI_OUTPUT_EVENTS>, &OrvIF::setDisplayMidiOutputEvents>(),
     on<REFRESH_GUI, &OrvIF::refreshGui>(),
     on<EXECUTE_FUNCTION, &OrvIF::executeFunction>(),
     on<IMPORT_VERSION2_BANK, &OrvIF::importVersion2Bank>(),
@@ -55,19 +51,13 @@ constexpr auto COMMANDS = std::to_array<Command<OrvIF>>({
     on<CHANGE_PROGRAM, static_cast<void (OrvIF::*)(const SelectType&)>(&OrvIF::changeProgram)>(),
     on<CHANGE_DEFAULT_MIDI_OUTPUT, &OrvIF::changeDefaultMidiOutput>(),
     on<SET_SCREEN_STATE, &OrvIF::setScreenState>(),
-    on<SET_USE_SKIN_BORDER, &OrvIF::setUseSkinBorder>(),
     on<TOGGLE_SYSTEM_PANEL, &OrvIF::toggleSystemPanel>(),
-    on<SET_RETRO_RECORD_BUFFER_SIZE, &OrvIF::setRetroRecordBufferSize>(),
-    on<ENABLE_RETRO_RECORD, &OrvIF::enableRetroRecord>(),
+    on<SETTING<Settings::RETRO_RECORD_BUFFER_SIZE>, &OrvIF::setRetroRecordBufferSize>(),
+    on<SETTING<Settings::RETRO_RECORD_ENABLED>, &OrvIF::enableRetroRecord>(),
     on<CHANGE_TEMPO, &OrvIF::changeTempo>(),
     on<CHANGE_MIDI_THRU, &OrvIF::changeMidiThru>(),
     on<CHANGE_GLOBAL_KEYBOARD, &OrvIF::changeGlobalKeyboard>(),
     on<SET_TEMPO_SOURCE, &OrvIF::setTempoSource>(),
-    on<SET_MOUSE_SENSITIVITY, &OrvIF::setMouseSensitivity>(),
-    on<SET_LITE_VELOCITY, &OrvIF::setLiteVelocity>(),
-    on<SET_LITE_CHANNEL, &OrvIF::setLiteChannel>(),
-    on<SET_LITE_STACK_NOTES, &OrvIF::setLiteStackNotes>(),
-    on<SET_CLICK_ZONE_CHANNEL_TRANSPOSE, &OrvIF::setClickZoneChannelTranspose>(),
     on<LOAD_PROGRAM_FROM_STRING, &OrvIF::loadProgramFromString>(),
     on<DELETE_SEQUENCE_PRESET, &OrvIF::deleteSequencePreset>(),
     on<SAVE_RETRO_RECORD, &OrvIF::saveRetroRecord>(),
@@ -76,12 +66,16 @@ constexpr auto COMMANDS = std::to_array<Command<OrvIF>>({
 });
 
 constexpr auto WAIT_FOR_FILES = std::to_array<unsigned int>(
-    {END, SET_DEFAULT_BANK, IMPORT_VERSION2_BANK, IMPORT_VERSION2_PROGRAM, IMPORT_VERSION2_PRESET, SAVE_TO_CURRENT_BANK,
-     SAVE_TO_BANK, SAVE_TO_PROGRAM, LOAD_PROGRAM, LOAD_BANK, CHANGE_BANK_SIZE, CHANGE_PROGRAM, LOAD_PROGRAM_FROM_STRING,
-     SAVE_STATE});
+    {END, Settings::DEFAULT_BANK.number, IMPORT_VERSION2_BANK, IMPORT_VERSION2_PROGRAM, IMPORT_VERSION2_PRESET,
+     SAVE_TO_CURRENT_BANK, SAVE_TO_BANK, SAVE_TO_PROGRAM, LOAD_PROGRAM, LOAD_BANK, CHANGE_BANK_SIZE, CHANGE_PROGRAM,
+     LOAD_PROGRAM_FROM_STRING, SAVE_STATE});
 }  // namespace
 
 bool waitsForFiles(unsigned int number) { return std::ranges::count(WAIT_FOR_FILES, number) > 0; }
 
-void executeOrvCommand(OrvIF& orv, Message& message) { execute<OrvIF>(COMMANDS, orv, message); }
+void executeOrvCommand(OrvIF& orv, Message& message)
+{
+    const bool isOperation = std::ranges::count(COMMANDS, message.number, &Command<OrvIF>::number) > 0;
+    if (isOperation || !executeSettingCommand(orv, message)) execute<OrvIF>(COMMANDS, orv, message);
+}
 }  // namespace Backend

@@ -136,8 +136,7 @@ void Orv::changeProgramName(const std::string& name)
 void Orv::setDefaultBank(const std::string& path)
 {
     if (!path.empty() && !openBank(path)) return;
-    registrySettings.setDefaultBank(path);
-    notifyGui(GuiMessage::DEFAULT_BANK, path);
+    changeSetting<Settings::DEFAULT_BANK>(*this, path);
     if (!path.empty()) showBank();
 }
 

@@ -8,7 +8,6 @@
 #include "backend/values/OnOffToggle.h"
 #include "backend/values/RelativeFixedValue.h"
 #include "backend/values/SelectType.h"
-#include "platform/Rect.h"
 #include "platform/WindowHandle.h"
 
 namespace Gui
@@ -20,7 +19,8 @@ namespace Backend
 {
 struct HostState;
 
-/// What the outside world asks of the backend: the operations of `OrvIF` of the same names, with their arguments.
+/// What the outside world asks of the backend: the operations of `OrvIF` of the same names, with their arguments. The
+/// commands that change a setting are in `SettingMessages.h`.
 namespace OrvMessage
 {
 inline constexpr MessageRange RANGE{33218, 33277};
@@ -34,16 +34,7 @@ inline constexpr TypedMessage<MidiEngine::MidiOutputPorts> SEND_MIDI_OUTPUT_PORT
 inline constexpr TypedMessage<MidiEngine::MidiOutputPorts> SET_MIDI_OUTPUT_PORTS{33224, "SetMidiOutputPorts"};
 inline constexpr TypedMessage<> END_INITIALIZE{33225, "EndInitialize"};
 inline constexpr TypedRequest<Gui::OrvGuiIF*, bool> CREATE_ORV_GUI{{33226, "CreateOrvGui"}};
-inline constexpr TypedMessage<WindowsLib::Rect> SET_LAST_WINDOW_POSITION{33227, "SetLastWindowPosition"};
 inline constexpr TypedMessage<> REMOVE_GUI_WINDOW_HANDLE{33228, "RemoveGuiWindowHandle"};
-inline constexpr TypedMessage<bool> SET_DOCK_TO_BOTTOM_EDGE{33229, "SetDockToBottomEdge"};
-inline constexpr TypedMessage<std::string> SET_DEFAULT_BANK{33230, "SetDefaultBank"};
-inline constexpr TypedMessage<int> SET_DISPLAY_HEIGHT{33231, "SetDisplayHeight"};
-inline constexpr TypedMessage<bool> SET_DISPLAY_NUMBERS{33232, "SetDisplayNumbers"};
-inline constexpr TypedMessage<bool> SET_LARGE_DISPLAY_FONT{33233, "SetLargeDisplayFont"};
-inline constexpr TypedMessage<bool> SET_DISPLAY_MIDI_INPUT_EVENTS{33234, "SetDisplayMidiInputEvents"};
-inline constexpr TypedMessage<bool> SET_DISPLAY_MIDI_OUTPUT_EVENTS{33235, "SetDisplayMidiOutputEvents"};
-inline constexpr TypedMessage<bool> SET_ALWAYS_ON_TOP{33236, "SetAlwaysOnTop"};
 inline constexpr TypedMessage<> REFRESH_GUI{33237, "RefreshGui"};
 inline constexpr TypedMessage<std::string> EXECUTE_FUNCTION{33238, "ExecuteFunction"};
 inline constexpr TypedMessage<std::string> LOAD_PROGRAM{33239, "LoadProgram"};
@@ -68,19 +59,11 @@ inline constexpr TypedMessage<std::string, std::string> ADD_SEQUENCE_PRESET{3325
 inline constexpr TypedMessage<SelectType> CHANGE_PROGRAM{33257, "ChangeProgram"};
 inline constexpr TypedMessage<SelectType> CHANGE_DEFAULT_MIDI_OUTPUT{33258, "ChangeDefaultMidiOutput"};
 inline constexpr TypedMessage<ScreenState> SET_SCREEN_STATE{33259, "SetScreenState"};
-inline constexpr TypedMessage<bool> SET_USE_SKIN_BORDER{33260, "SetUseSkinBorder"};
 inline constexpr TypedMessage<> TOGGLE_SYSTEM_PANEL{33261, "ToggleSystemPanel"};
-inline constexpr TypedMessage<int> SET_RETRO_RECORD_BUFFER_SIZE{33262, "SetRetroRecordBufferSize"};
-inline constexpr TypedMessage<bool> ENABLE_RETRO_RECORD{33263, "EnableRetroRecord"};
 inline constexpr TypedMessage<RelativeFixedValue, bool> CHANGE_TEMPO{33264, "ChangeTempo"};
 inline constexpr TypedMessage<OnOffToggle, bool> CHANGE_MIDI_THRU{33265, "ChangeMidiThru"};
 inline constexpr TypedMessage<OnOffToggle, bool> CHANGE_GLOBAL_KEYBOARD{33266, "ChangeGlobalKeyboard"};
 inline constexpr TypedMessage<int, bool> SET_TEMPO_SOURCE{33267, "SetTempoSource"};
-inline constexpr TypedMessage<int> SET_MOUSE_SENSITIVITY{33268, "SetMouseSensitivity"};
-inline constexpr TypedMessage<int> SET_LITE_VELOCITY{33269, "SetLiteVelocity"};
-inline constexpr TypedMessage<int> SET_LITE_CHANNEL{33270, "SetLiteChannel"};
-inline constexpr TypedMessage<bool> SET_LITE_STACK_NOTES{33271, "SetLiteStackNotes"};
-inline constexpr TypedMessage<bool> SET_CLICK_ZONE_CHANNEL_TRANSPOSE{33272, "SetClickZoneChannelTranspose"};
 inline constexpr TypedMessage<std::string, int> LOAD_PROGRAM_FROM_STRING{33273, "LoadProgramFromString"};
 inline constexpr TypedRequest<HostState> SAVE_STATE{{33274, "SaveState"}};
 inline constexpr TypedMessage<std::string> DELETE_SEQUENCE_PRESET{33275, "DeleteSequencePreset"};

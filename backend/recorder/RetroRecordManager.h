@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "backend/model/MidiPort.h"
+#include "backend/model/Settings.h"
 #include "backend/recorder/RetroRecordBuffer.h"
 #include "platform/Export.h"
 #include "platform/WindowHandle.h"
@@ -28,8 +29,8 @@ public:
     using Clock = std::function<Milliseconds()>;
 
     /// The size of the whole record of an output, in bytes.
-    static constexpr int SMALLEST_BUFFER = 1000;
-    static constexpr int LARGEST_BUFFER = 200'000'000;
+    static constexpr int SMALLEST_BUFFER = Settings::RETRO_RECORD_BUFFER_SIZE.lowest;
+    static constexpr int LARGEST_BUFFER = Settings::RETRO_RECORD_BUFFER_SIZE.highest;
     static bool isBufferSize(int bytes) { return bytes >= SMALLEST_BUFFER && bytes <= LARGEST_BUFFER; }
 
     /// `clock` is called on the recorder's thread; events have its time, too.

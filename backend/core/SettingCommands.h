@@ -1,0 +1,22 @@
+#pragma once
+
+#include "api/OrvIF.h"
+#include "backend/files/RegistrySettings.h"
+#include "backend/messages/SettingMessages.h"
+
+namespace Backend
+{
+/// Changes a setting, and notifies the window if its row says so. A value outside its limits changes nothing. The
+/// backend thread.
+template <const auto& row>
+void changeSetting(OrvIF& orv, const Settings::ValueOf<row>& value)
+{
+    if (!row.allows(value)) return;
+    orv.getRegistrySettings().set<row>(value);
+    if constexpr (row.notice == Settings::Notice::window) notify(orv.getGuiWindowHandle(), SETTING<row>, value);
+}
+
+/// Executes the command of a setting that has no effect in the backend but its value. False if there is none of that
+/// number.
+bool executeSettingCommand(OrvIF& orv, Message& message);
+}  // namespace Backend
