@@ -2,6 +2,7 @@
 
 #include "api/OrvIF.h"
 #include "backend/files/RegistrySettings.h"
+#include "backend/messages/GuiMessages.h"
 #include "backend/messages/SettingMessages.h"
 
 namespace Backend
@@ -13,7 +14,9 @@ void changeSetting(OrvIF& orv, const Settings::ValueOf<row>& value)
 {
     if (!row.allows(value)) return;
     orv.getRegistrySettings().set<row>(value);
-    if constexpr (row.notice == Settings::Notice::window) notify(orv.getGuiWindowHandle(), SETTING<row>, value);
+    if constexpr (row.notice == Settings::Notice::own) notify(orv.getGuiWindowHandle(), SETTING<row>, value);
+    if constexpr (row.notice == Settings::Notice::all)
+        notify(orv.getGuiWindowHandle(), GuiMessage::SETTINGS, orv.getRegistrySettings());
 }
 
 /// Executes the command of a setting that has no effect in the backend but its value. False if there is none of that

@@ -12,8 +12,8 @@
 /// the command, the message to the window and the fields of the setup dialog refer to it.
 namespace Backend::Settings
 {
-/// Whether the window gets a message when a setting was changed.
-enum class Notice { none, window };
+/// The message that the window gets when a setting was changed: none, one of its own, or the one with all settings.
+enum class Notice { none, own, all };
 
 template <class Type>
 struct Setting {
@@ -21,7 +21,7 @@ struct Setting {
 
     const char* name;  ///< in the store
     Type standard;     ///< the default
-    /// Of the command that changes it, and of the window's message; 0 if there is no such command.
+    /// Of the command that changes it, and of a message of its own; 0 if there is no such command.
     unsigned int number = 0;
     Notice notice = Notice::none;
     /// Of numbers: what a command may set. Nothing is checked where the two are equal.
@@ -43,18 +43,18 @@ using Number = Setting<int>;
 using Rectangle = Setting<WindowsLib::Rect>;
 
 inline constexpr Text PROG_DIR{"ProgDir", ""};
-inline constexpr Text DEFAULT_BANK{"DefaultBank", "", 33230, Notice::window};
-inline constexpr Switch GLOBAL_KEYBOARD{"GlobalKeyboard", false, 33266, Notice::window};
-inline constexpr Switch MIDI_THRU{"MidiThru", true, 33265, Notice::window};
-inline constexpr Switch RETRO_RECORD_ENABLED{"RetroRecordEnabled", true, 33263, Notice::window};
+inline constexpr Text DEFAULT_BANK{"DefaultBank", "", 33230, Notice::own};
+inline constexpr Switch GLOBAL_KEYBOARD{"GlobalKeyboard", false, 33266, Notice::own};
+inline constexpr Switch MIDI_THRU{"MidiThru", true, 33265, Notice::own};
+inline constexpr Switch RETRO_RECORD_ENABLED{"RetroRecordEnabled", true, 33263, Notice::own};
 /// Bytes for each output.
-inline constexpr Number RETRO_RECORD_BUFFER_SIZE{"MaxMidiBufferFileSize", 100'000, 33262,
-                                                 Notice::window,          1'000,   200'000'000};
+inline constexpr Number RETRO_RECORD_BUFFER_SIZE{
+    "MaxMidiBufferFileSize", 100'000, 33262, Notice::own, 1'000, 200'000'000};
 inline constexpr Text MIDI_BUFFER_DIR{"MidiBufferDir", ""};
-inline constexpr Switch LARGE_DISPLAY_FONT{"LargeDisplayFont", false, 33233, Notice::window};
+inline constexpr Switch LARGE_DISPLAY_FONT{"LargeDisplayFont", false, 33233, Notice::own};
 /// Pixels of mouse movement for one step.
-inline constexpr Number MOUSE_SENSITIVITY{"MouseSensitivity", 1, 33268, Notice::window};
-inline constexpr Switch DOCK_TO_BOTTOM_EDGE{"DockToBottomEdge", false, 33229, Notice::window};
+inline constexpr Number MOUSE_SENSITIVITY{"MouseSensitivity", 1, 33268, Notice::own};
+inline constexpr Switch DOCK_TO_BOTTOM_EDGE{"DockToBottomEdge", false, 33229, Notice::own};
 inline constexpr Switch DISPLAY_MIDI_INPUT_EVENTS{"DisplayMidiInputEvents", false, 33234};
 inline constexpr Switch DISPLAY_MIDI_OUTPUT_EVENTS{"DisplayMidiOutputEvents", true, 33235};
 inline constexpr Switch DISPLAY_NUMBERS{"DisplayNumbers", false, 33232};
@@ -63,13 +63,13 @@ inline constexpr Number DISPLAY_HEIGHT{"DisplayHeight", 200, 33231};
 inline constexpr Rectangle LAST_WINDOW_POSITION{"LastWindowPosition", {-1, -1, -1, -1}, 33227};
 inline constexpr Text ENABLED_MIDI_INPUTS{"EnabledMidiInputs", ""};
 inline constexpr Text ENABLED_MIDI_OUTPUTS{"EnabledMidiOutputs", ""};
-inline constexpr Switch ALWAYS_ON_TOP{"AlwaysOnTop", false, 33236, Notice::window};
-inline constexpr Switch USE_SKIN_BORDER{"UseSkinBorder", true, 33260, Notice::window};
+inline constexpr Switch ALWAYS_ON_TOP{"AlwaysOnTop", false, 33236, Notice::own};
+inline constexpr Switch USE_SKIN_BORDER{"UseSkinBorder", true, 33260, Notice::own};
 inline constexpr Number DEFAULT_MIDI_OUTPUT{"DefaultMidiOutput", -1};
 inline constexpr Number LITE_VELOCITY{"LiteVelocity", 100, 33269};
 inline constexpr Number LITE_CHANNEL{"LiteChannel", 0, 33270};
 inline constexpr Switch LITE_STACK_NOTES{"LiteStackNotes", true, 33271};
-inline constexpr Switch CLICK_ZONE_CHANNEL_TRANSPOSE{"ClickZoneChannelTranspose", false, 33272, Notice::window};
+inline constexpr Switch CLICK_ZONE_CHANNEL_TRANSPOSE{"ClickZoneChannelTranspose", false, 33272, Notice::own};
 inline constexpr Text SCREEN_STATE{"ScreenState", ""};
 
 /// All of them, in the order in which they are written.

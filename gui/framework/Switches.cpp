@@ -4,19 +4,23 @@
 
 #include "api/OrvMessageManager.h"
 #include "backend/files/RegistrySettings.h"
+#include "backend/messages/SettingMessages.h"
 #include "gui/framework/Properties.h"
 
 namespace Gui
 {
 using Commands = Backend::OrvMessageManager;
 using Settings = Backend::RegistrySettings;
+namespace Rows = Backend::Settings;
 
 namespace
 {
-template <auto operation>
-void post(Commands& commands, bool on)
+/// The control of a setting's row.
+template <const auto& row>
+constexpr Switch setting(const char* name, const char* help)
 {
-    (commands.*operation)(on);
+    return {name, help, &Settings::get<row>,
+            [](Commands& commands, bool on) { commands.postSetting(Backend::SETTING<row>(on)); }};
 }
 template <auto operation>
 void postToggle(Commands& commands, bool on)
@@ -25,22 +29,17 @@ void postToggle(Commands& commands, bool on)
 }
 
 constexpr Switch DISPLAY_TABLE[] = {
-    {"Show input events", "Lists the MIDI events that are received.", &Settings::getDisplayMidiInputEvents,
-     &post<&Commands::postSetDisplayMidiInputEvents>},
-    {"Show output events", "Lists the MIDI events that are sent to the outputs.", &Settings::getDisplayMidiOutputEvents,
-     &post<&Commands::postSetDisplayMidiOutputEvents>},
-    {"Number the lines", "Numbers the lines of the display.", &Settings::getDisplayNumbers,
-     &post<&Commands::postSetDisplayNumbers>},
-    {"Large font", "A larger font for the display, to be read from a distance.", &Settings::getLargeDisplayFont,
-     &post<&Commands::postSetLargeDisplayFont>}};
+    setting<Rows::DISPLAY_MIDI_INPUT_EVENTS>("Show input events", "Lists the MIDI events that are received."),
+    setting<Rows::DISPLAY_MIDI_OUTPUT_EVENTS>("Show output events",
+                                              "Lists the MIDI events that are sent to the outputs."),
+    setting<Rows::DISPLAY_NUMBERS>("Number the lines", "Numbers the lines of the display."),
+    setting<Rows::LARGE_DISPLAY_FONT>("Large font", "A larger font for the display, to be read from a distance.")};
 
 constexpr Switch WINDOW_TABLE[] = {
-    {"Dock to bottom edge", "The bottom edge of the window keeps its place when screens are shown and hidden.",
-     &Settings::getDockToBottomEdge, &post<&Commands::postSetDockToBottomEdge>},
-    {"Always on top", "The window stays in front of the windows of other programs.", &Settings::getAlwaysOnTop,
-     &post<&Commands::postSetAlwaysOnTop>},
-    {"Metallic Border", "The window has a border of its own instead of the desktop's.", &Settings::getUseSkinBorder,
-     &post<&Commands::postSetUseSkinBorder>}};
+    setting<Rows::DOCK_TO_BOTTOM_EDGE>(
+        "Dock to bottom edge", "The bottom edge of the window keeps its place when screens are shown and hidden."),
+    setting<Rows::ALWAYS_ON_TOP>("Always on top", "The window stays in front of the windows of other programs."),
+    setting<Rows::USE_SKIN_BORDER>("Metallic Border", "The window has a border of its own instead of the desktop's.")};
 }  // namespace
 
 namespace Switches
@@ -51,17 +50,15 @@ constexpr Switch MIDI_THRU{"MIDI thru", "MIDI thru: events received at the MIDI 
 constexpr Switch GLOBAL_KEYBOARD{"Global keyboard", "", &Settings::getGlobalKeyboard,
                                  &postToggle<&Commands::postChangeGlobalKeyboard>};
 
-constexpr Switch CLICK_ZONE_CHANNEL_TRANSPOSE{
+constexpr Switch CLICK_ZONE_CHANNEL_TRANSPOSE = setting<Rows::CLICK_ZONE_CHANNEL_TRANSPOSE>(
     "Click before or after zone transposes zone.",
-    "A click on the piano keyboard outside a zone transposes that zone by octaves so that it includes the key.",
-    &Settings::getClickZoneChannelTranspose, &post<&Commands::postSetClickZoneChannelTranspose>};
+    "A click on the piano keyboard outside a zone transposes that zone by octaves so that it includes the key.");
 
-constexpr Switch RECORD{"Record what is played", "Record: keeps what you play, so that you can save it afterwards.",
-                        &Settings::isRetroRecordEnabled, &post<&Commands::postEnableRetroRecord>};
+constexpr Switch RECORD = setting<Rows::RETRO_RECORD_ENABLED>(
+    "Record what is played", "Record: keeps what you play, so that you can save it afterwards.");
 
-constexpr Switch LITE_STACK_NOTES{
-    "Stack Notes", "Stack Notes: such a host sends the note-off of a repeated note only once all its keys are up.",
-    &Settings::getLiteStackNotes, &post<&Commands::postSetLiteStackNotes>};
+constexpr Switch LITE_STACK_NOTES = setting<Rows::LITE_STACK_NOTES>(
+    "Stack Notes", "Stack Notes: such a host sends the note-off of a repeated note only once all its keys are up.");
 
 constexpr std::span<const Switch> DISPLAY(DISPLAY_TABLE);
 constexpr std::span<const Switch> WINDOW(WINDOW_TABLE);
