@@ -34,11 +34,11 @@ struct OpenWindow {
 
     /// Makes the main window. Its screens use the other members through `OrvGuiIF`, so this follows the constructor.
     void makeMainWindow();
-    /// Shows it in its surroundings, where it was when it was last closed, if a screen of the desktop is there.
+    /// Shows it in its parent, at the position where it was last closed, if that is on a screen of the desktop.
     void show();
 
     void move(const Backend::WindowMove& move) const;
-    /// With the frame of its surroundings, on the desktop, in pixels.
+    /// Its position on the desktop with its frame, in pixels.
     WindowsLib::Rect getPosition() const;
 
     /// Opens the dialog, or brings the open one to the front; false for that.
