@@ -97,7 +97,7 @@ void AlsaSystem::removeOutput(std::size_t index)
     OutputPort& port = *ports.outputs()[index];
     port.close();
     port.couldNotOpen = false;
-    const Locked lock(sending);
+    const MutexLock lock(sending);
     sinks[index].reset();
     port.unplug();
 }
@@ -117,7 +117,7 @@ void AlsaSystem::openOutput(std::size_t index)
     OutputPort& port = *ports.outputs()[index];
     auto sink = index == SYNTHESIZER ? nullptr : devices->openSink(port.device);
     {
-        const Locked lock(sending);
+        const MutexLock lock(sending);
         sinks[index] = std::move(sink);
         port.couldNotOpen = !isOpen(index);
     }
@@ -130,14 +130,14 @@ void AlsaSystem::openOutput(std::size_t index)
 
 void AlsaSystem::listen(Listener newListener)
 {
-    const Locked lock(receiving);
+    const MutexLock lock(receiving);
     listener = std::move(newListener);
 }
 
 void AlsaSystem::startClock(Clock& songClock)
 {
     songClock.startOnThread();
-    const Locked lock(receiving);
+    const MutexLock lock(receiving);
     clock = &songClock;
 }
 
@@ -148,7 +148,7 @@ void AlsaSystem::receive(std::size_t input, const ShortMessage& message)
     InputPort& port = *ports.inputs()[input];
     if (!port.open.load(std::memory_order_relaxed)) return;
     const bool passes = !staysInHost(message) && port.limit.passes(message, monotonicMilliseconds());
-    const Locked lock(receiving);
+    const MutexLock lock(receiving);
     if (clock != nullptr) clock->receive(static_cast<int>(input), message);
     if (listener && passes) listener(toInputEvent(message, static_cast<int>(input)));
 }
@@ -196,7 +196,7 @@ void AlsaSystem::runSender()
 
 void AlsaSystem::deliverAll()
 {
-    const Locked lock(sending);
+    const MutexLock lock(sending);
     for (std::size_t index = 0; index < ports.outputs().size(); ++index) {
         if (!isOpen(index)) continue;
         MidiSink* const sink = sinks[index].get();
@@ -218,7 +218,7 @@ bool AlsaSystem::isOpen(std::size_t output) const
 void AlsaSystem::waitUntilClosed(std::size_t first, std::size_t end)
 {
     const auto isClosing = [&](std::size_t index) {
-        const Locked lock(sending);
+        const MutexLock lock(sending);
         return isOpen(index) && ports.outputs()[index]->isClosing();
     };
     const auto giveUp = std::chrono::steady_clock::now() + LONGEST_WAIT;
@@ -240,7 +240,7 @@ void AlsaSystem::close()
     messagesWait.set();
     sender.join();
     {
-        const Locked lock(sending);
+        const MutexLock lock(sending);
         for (auto& sink : sinks) sink.reset();
     }
     for (auto& source : sources) source.reset();

@@ -9,8 +9,8 @@
 #include "host/alsa/MidiDevices.h"
 #include "host/devices/MidiSystem.h"
 #include "host/synthesizer/SoundCard.h"
-#include "platform/CriticalSection.h"
 #include "platform/Event.h"
+#include "platform/Mutex.h"
 #include "platform/Thread.h"
 
 namespace Host
@@ -57,11 +57,11 @@ private:
     std::array<std::unique_ptr<MidiSource>, Ports::MOST> sources;
 
     // Shared by the sender and the control thread; the synthesizer, output 0, has no sink
-    CriticalSection sending;
+    Mutex sending;
     std::array<std::unique_ptr<MidiSink>, Ports::MOST> sinks GUARDED_BY(sending);
 
     // Shared by the threads of the devices and the control thread
-    CriticalSection receiving;
+    Mutex receiving;
     Listener listener GUARDED_BY(receiving);
     Clock* clock GUARDED_BY(receiving) = nullptr;
 
