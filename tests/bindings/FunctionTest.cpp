@@ -48,42 +48,6 @@ struct FunctionStage : Stage {
 };
 }  // namespace
 
-TEST(MidiFunctions, PlayThroughTheLayersOrStraightToTheEngine)
-{
-    Layers::Layer second;
-    second.channel = 3;
-    const struct {
-        const char* element;
-        const char* played;
-    } rows[] = {
-        {R"(<MidiNoteOn note="C4"/>)", "C4 on, C4 on channel 3"},
-        {R"(<MidiNoteOff note="60"/>)", "C4 off, C4 off channel 3"},
-        {R"(<MidiNoteOn note="C4" channel="2" output="1" velocity="7"/>)", "C4 on on output 1 channel 2"},
-        {R"(<MidiNoteOff note="C4" channel="99" output="1"/>)", "C4 off on output 1 channel 15"},
-        {R"(<MidiKeyPressure key="60" pressure="5"/>)", "Key Pressure 60 5, Key Pressure 60 5 channel 3"},
-        {R"(<MidiControllerChange controller="7" value="9"/>)",
-         "Controller Change 7 9, Controller Change 7 9 channel 3"},
-        {R"(<ProgramChange program="11" channel="0"/>)", "Program Change 11 0"},
-        {R"(<MidiChannelPressure pressure="1" channel="0"/>)", "Channel Pressure 1 0"},
-        {R"(<MidiPitchBend value="16383" channel="0"/>)", "Pitch Bend 127 127"},
-        {R"(<MidiPitchBend value="8192" channel="0"/>)", "Pitch Bend 0 64"},
-        {R"(<MidiSongPosition value="129"/>)", "Song Position 1 1, Song Position 1 1 channel 3"},
-        {R"(<MidiSongPosition value="129" output="2"/>)", "Song Position 1 1 on output 2"},
-        {R"(<MidiSongSelect songNumber="4"/>)", "Song Select 4 0"},
-        {R"(<MidiBusSelect busNumber="4" output="1" zone="1"/>)", "Unofficial Bus Select 4 0 on output 1"},
-        {"<MidiStartSong/>", "Start Song 0 0"},
-        {R"(<MidiSystemReset output="2"/>)", "System Reset 0 0 on output 2"},
-        {"<MidiEndOfSysEx/>", "End Of Sysex 0 0"},
-        {"<MidiNoteOn/>", ""},
-    };
-    FunctionStage stage;
-    stage.setLayers({{}, second});
-    for (const auto& [element, played] : rows) {
-        stage.run(element);
-        EXPECT_EQ(stage.played(), played) << element;
-    }
-}
-
 TEST(MidiFunctions, OnlyANoteOnInAZoneSpansANote)
 {
     Stage stage;
