@@ -1,6 +1,6 @@
 # Precompiled headers: system headers that many sources of a kind include, compiled once for all of them.
 #
-#     orv_precompile(TARGET standard|qt|test|qt_test)
+#     orv_precompile(TARGET standard|qt|test|qt_test|none)
 #
 # A source still includes what it uses.
 set(orv_headers_standard
@@ -17,6 +17,8 @@ add_compile_options(-Wno-error=invalid-pch)
 # What the target of the headers and those that use them are compiled with alike: what is tested is optimised, the tests
 # are not, and Qt wants position-independent code of programs too.
 function(orv_options_of_kind target kind)
+  # As the flags of SDL, RtMidi and FluidSynth do
+  target_compile_options(${target} PRIVATE -pthread)
   if(kind MATCHES qt)
     find_package(Qt6 REQUIRED COMPONENTS Widgets)
     target_compile_definitions(${target} PRIVATE QT_NO_KEYWORDS)
@@ -29,6 +31,9 @@ function(orv_options_of_kind target kind)
 endfunction()
 
 function(orv_precompile target kind)
+  if(kind STREQUAL none)
+    return()
+  endif()
   set(owner orv_precompiled_${kind})
   if(NOT TARGET ${owner})
     file(WRITE ${CMAKE_BINARY_DIR}/precompiled/${kind}.cpp "")
