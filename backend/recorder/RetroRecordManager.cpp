@@ -28,7 +28,6 @@ constexpr TypedMessage<WindowHandle> TELL_FILL_TO{32875, "TellFillTo"};
 
 // Some seconds of the densest playing, should the disk stand still.
 constexpr std::size_t SLICE_POOL = 4096;
-constexpr int NONE_SENT = -1;
 constexpr std::uint32_t FIRST_SYSTEM_STATUS = 0xF0;
 
 /// An event as one word, so that it travels without an allocation: status, data bytes and output from the low byte up.
@@ -159,7 +158,7 @@ void RetroRecordManager::handleSetBufferSize(int bytes)
 void RetroRecordManager::handleTellFillTo(const WindowHandle& window)
 {
     listener = window;
-    sentFill = NONE_SENT;
+    sentFill = 0;  // what a window shows until it receives one
 }
 
 void RetroRecordManager::sendFill()

@@ -133,7 +133,7 @@ TEST(TimeSlice, AllocatesNothingInTheSteadyState)
     stage.engine.setGuiWindowHandle(WindowHandle(window));
     const PrivateFolders folders;
     RetroRecord::RetroRecordManager recorder([] { return 0u; }, RetroRecord::Restore::no);
-    recorder.start(true, 100000);
+    recorder.start(true, 100000, (folders / "record").string());
     recorder.setOutputs(MidiOutputPorts(4));
     EngineRecorder engineRecorder(recorder);
     stage.engine.setEventRecorder(&engineRecorder);
