@@ -77,7 +77,7 @@ bool LineOutput::writeAll(std::string& text, int patience) const
         else if (errno == EAGAIN)
             goesOn = false;
         else if (errno != EINTR)
-            written = text.size();  // nobody can read it any more
+            written = text.size();  // no reader is left
     }
     text.erase(0, written);
     return goesOn;
