@@ -125,7 +125,7 @@ public:
     virtual void start() = 0;
     virtual void stop() = 0;
 
-    /// The window to be told of changes; empty if there is none. Any thread.
+    /// The window that is notified of changes; empty if there is none. Any thread.
     virtual WindowHandle getGuiWindowHandle() const = 0;
     virtual void setGuiWindowHandle(const WindowHandle& window) = 0;
 
@@ -140,12 +140,12 @@ public:
     /// Any thread.
     virtual void removeGuiWindowHandle() = 0;
 
-    /// Kept in the settings, and the GUI is told.
+    /// Kept in the settings, and the GUI is notified.
     virtual void setDockToBottomEdge(bool on) = 0;
     /// The bank that is loaded at the start; it is loaded now too. A file that is no bank with a program changes
     /// nothing.
     virtual void setDefaultBank(const std::string& path) = 0;
-    /// Kept in the settings, and the GUI is told.
+    /// Kept in the settings, and the GUI is notified.
     virtual void setMouseSensitivity(int divisor) = 0;
 
     /// The host's whole list, at the start and whenever something changed.
@@ -198,7 +198,7 @@ public:
     /// The current program as a text, for a host that keeps its state.
     virtual std::string getProgramAsString() = 0;
 
-    /// Kept in the settings, and the GUI is told.
+    /// Kept in the settings, and the GUI is notified.
     virtual void setAlwaysOnTop(bool on) = 0;
     virtual void setUseSkinBorder(bool on) = 0;
 
@@ -210,7 +210,7 @@ public:
     virtual void setDisplayHeight(int pixels) = 0;
     /// Kept in the settings: whether the display numbers its lines.
     virtual void setDisplayNumbers(bool on) = 0;
-    /// Kept in the settings, and the GUI is told.
+    /// Kept in the settings, and the GUI is notified.
     virtual void setLargeDisplayFont(bool on) = 0;
     /// Kept in the settings: what the display shows.
     virtual void setDisplayMidiInputEvents(bool on) = 0;
@@ -300,7 +300,7 @@ public:
     virtual int getTempo() const = 0;
     /// -1 for the internal clock, otherwise an input port.
     virtual int getTempoSource() const = 0;
-    /// Ignored if the result lies outside 20 to 250. With `notify` the GUI is told.
+    /// Ignored if the result lies outside 20 to 250. With `notify` the GUI is notified.
     virtual void changeTempo(const RelativeFixedValue& value, bool notify) = 0;
     /// Ignored if `source` is neither -1 nor the index of an input port.
     virtual void setTempoSource(int source, bool notify) = 0;
@@ -349,11 +349,11 @@ public:
 
     /// Any thread; it lives as long as the backend.
     virtual RetroRecord::RetroRecordManager& getRetroRecordManager() = 0;
-    /// Kept in the settings, and the GUI is told: bytes for each output, 1000 to 200000000.
+    /// Kept in the settings, and the GUI is notified: bytes for each output, 1000 to 200000000.
     virtual void setRetroRecordBufferSize(int bytes) = 0;
     virtual void enableRetroRecord(bool on) = 0;
 
-    /// Kept in the settings; with `notify` the GUI is told.
+    /// Kept in the settings; with `notify` the GUI is notified.
     virtual void changeMidiThru(const OnOffToggle& value, bool notify) = 0;
     virtual void changeGlobalKeyboard(const OnOffToggle& value, bool notify) = 0;
 
@@ -376,7 +376,7 @@ public:
     virtual void setLiteChannel(int channel) = 0;
     virtual void setLiteStackNotes(bool on) = 0;
 
-    /// Kept in the settings, and the GUI is told.
+    /// Kept in the settings, and the GUI is notified.
     virtual void setClickZoneChannelTranspose(bool on) = 0;
 
     /// True when every worker has handled to its end all that was posted to it, or waits in a reset for a time slice.
@@ -407,10 +407,10 @@ public:
     /// Makes the window's object, which the caller deletes; see `OrvMessageManager::sendCreateOrvGui`. Null where the
     /// library has no window.
     virtual Gui::OrvGuiIF* createOrvGui(bool isVstPlugin) = 0;
-    /// Tells the window all that it shows. For one that was just opened.
+    /// Sends the window all that it shows. For one that was just opened.
     virtual void refreshGui() = 0;
 
-    /// Writes the settings, as `end` does, and tells what else a host must keep to come back to where it stands now.
+    /// Writes the settings, as `end` does, and returns what else a host must keep to restore its state.
     virtual HostState saveState() = 0;
 
     /// Removes a sequence preset and its file. The window is notified of this, and of `addSequencePreset`, by

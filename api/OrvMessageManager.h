@@ -23,7 +23,7 @@ public:
     /// Makes the window's object, which the caller deletes before the backend ends; null where there is none to make.
     /// The flag says that a host of plug-ins shows the window.
     Gui::OrvGuiIF* sendCreateOrvGui(bool isVstPlugin);
-    /// Tells the window all that it shows.
+    /// Sends the window all that it shows.
     void postRefreshGui();
     void postRemoveGuiWindowHandle();
 
@@ -47,7 +47,7 @@ public:
     /// Saves the retrospective record, see `OrvIF::saveRetroRecord`.
     void postSaveRetroRecord(const std::string& stem);
     void postSetDefaultBank(const std::string& path);
-    /// What saves or imports tells its progress dialog, `window`, when it is done; see `OrvIF::saveToCurrentBank`.
+    /// A save or an import notifies its progress dialog, `window`, when it is done; see `OrvIF::saveToCurrentBank`.
     void postImportVersion2Bank(const std::string& source, const std::string& target, const WindowHandle& window);
     void postImportVersion2Program(const std::string& source, const std::string& target, const WindowHandle& window);
     void postImportVersion2Preset(const std::string& source, const std::string& name, const WindowHandle& window);
@@ -79,7 +79,7 @@ public:
     void postChangeMidiThru(const OnOffToggle& value, bool notify);
     void postSetTempoSource(int source, bool notify);
 
-    /// Settings: kept, and the window is told where it does not know by itself.
+    /// Settings: stored, and the window is notified of those that it did not change itself.
     /// Changes a setting: `postSetting(SETTING<Settings::ALWAYS_ON_TOP>(true))`. Those below are of the same kind.
     void postSetting(Message setting);
     void postSetLastWindowPosition(const WindowsLib::Rect& position);

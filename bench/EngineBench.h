@@ -35,7 +35,7 @@ public:
     static constexpr int BATCH = 64;
 
     /// Where the events go in.
-    enum class Road { namedOutput, defaultOutput, layers };
+    enum class Path { namedOutput, defaultOutput, layers };
 
     /// Events on channel 0, to output 0 in the end; through so many of the workload's layers, if any.
     EngineBench(const std::vector<Workload::Event>& events, Road road, int layers = 0);

@@ -10,7 +10,7 @@
 namespace KeyboardHook
 {
 /// A connection to the X server of the library's own. It uses XCB because Xlib has one error handler for the whole
-/// process: errors here reach no other code, and nothing stays behind when the library is unloaded. One thread.
+/// process: errors here reach no other code, and nothing stays when the library is unloaded. One thread.
 class XServer
 {
 public:

@@ -54,6 +54,6 @@ ORV_API std::error_code replace(const std::filesystem::path& path, std::string_v
 /// A free name in the folder of `target`, for the file or folder that will replace it.
 ORV_API std::filesystem::path temporaryBeside(const std::filesystem::path& target);
 
-/// Whether a file name is such a name, left behind by a killed process.
+/// Whether a file name is such a name, left by a killed process.
 ORV_API bool isTemporary(const std::filesystem::path& path);
 }  // namespace WholeFile

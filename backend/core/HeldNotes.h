@@ -8,14 +8,14 @@
 
 namespace Backend
 {
-/// Which notes each MIDI input holds: struck and not yet released. The backend thread's own.
+/// Which notes each MIDI input holds: note-ons without a note-off. The backend thread only.
 class HeldNotes
 {
 public:
     /// Follows an event of an input; a note on of velocity 0 is a release.
     void follow(const MidiEngine::OrvMidiMessage& event);
 
-    /// Forgets what an input holds and calls `release(channel, note)` for each strike that was not answered, lowest
+    /// Forgets what an input holds and calls `release(channel, note)` for each note-on without a note-off, lowest
     /// channel and note first.
     template <class Release>
     void release(int input, Release&& release)

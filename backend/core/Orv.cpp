@@ -147,7 +147,7 @@ void Orv::setGuiWindowHandle(const WindowHandle& window)
         guiWindowHandle = window;
     }
     midiEngine.setGuiWindowHandle(window);
-    retroRecord.tellFillTo(window);
+    retroRecord.setFillListener(window);
 }
 
 Gui::OrvGuiIF* Orv::createOrvGui(bool isVstPlugin)

@@ -26,7 +26,7 @@ bool isSystemSynthesizer(const MidiOutputPort& port)
     return std::ranges::find(SYSTEM_SYNTHESIZERS, port.name) != SYSTEM_SYNTHESIZERS.end();
 }
 
-// Whether the device behind an input's number is still the one that was there before.
+// Whether an input's number still belongs to the same device.
 bool isStillThere(const MidiInputPort& before, const MidiInputPorts& ports, std::size_t index)
 {
     return index < ports.size() && ports[index].enabled && ports[index].found && ports[index].name == before.name;

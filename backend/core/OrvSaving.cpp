@@ -25,7 +25,7 @@ namespace
 {
 using WindowsLib::DbgStream;
 
-void tellDone(const WindowHandle& window, bool written) { notify(window, GuiMessage::OPERATION_DONE, written); }
+void notifyDone(const WindowHandle& window, bool written) { notify(window, GuiMessage::OPERATION_DONE, written); }
 
 /// A text that could not be read again is not worth the file that it would replace.
 bool writeDocument(const std::string& path, const std::string& text)
@@ -59,7 +59,7 @@ void Orv::writeFile(std::function<bool()> write, const WindowHandle& window)
 {
     const auto written = std::make_shared<bool>(false);
     files.run([written, write = std::move(write)] { *written = write(); },
-              [written, window] { tellDone(window, *written); });
+              [written, window] { notifyDone(window, *written); });
 }
 
 void Orv::saveToProgram(const std::string& path, const WindowHandle& window)
@@ -84,7 +84,7 @@ void Orv::saveInto(const std::string& path, int number, const WindowHandle& wind
     const bool isCurrentBank = path == bank.name;
     const bool hasPlace = !isCurrentBank || static_cast<std::size_t>(number) < bank.programNames.size();
     if (!hasPlace) DbgStream() << path << ": no program " << number;
-    if (!hasPlace || !saved.hasElement()) return tellDone(window, false);
+    if (!hasPlace || !saved.hasElement()) return notifyDone(window, false);
 
     const int current = program.number;
     const bool isCurrentProgram = number == current;
@@ -101,7 +101,7 @@ void Orv::saveInto(const std::string& path, int number, const WindowHandle& wind
                       if (isCurrentProgram) notifyProgram(IsThere::yes);
                   }
                   if (!*written && !isCurrentProgram) replaceProgram(saved, current);
-                  tellDone(window, *written);
+                  notifyDone(window, *written);
               });
 }
 
@@ -118,7 +118,7 @@ void Orv::changeBankSize(int size, const WindowHandle& window)
                       takeBank(std::string(bank.name));
                       showBank();
                   }
-                  tellDone(window, *written);
+                  notifyDone(window, *written);
               });
 }
 
@@ -159,7 +159,7 @@ void Orv::importVersion2Preset(const std::string& source, const std::string& nam
     if (source.empty() || name.empty()) return;
     const auto preset = std::make_shared<std::optional<Version2::Preset>>();
     files.run([=] { *preset = Version2::readPreset(source); },
-              [=, this] { tellDone(window, *preset && savePreset(source, **preset, name)); });
+              [=, this] { notifyDone(window, *preset && savePreset(source, **preset, name)); });
 }
 
 bool Orv::savePreset(const std::string& source, const Version2::Preset& preset, const std::string& name)

@@ -14,7 +14,7 @@ namespace Backend::Display
 class DisplayListener;
 
 /// The running log of MIDI events. It is written on a thread of its own, so that neither playing nor the window pays
-/// for it, and whoever shows it asks for what is new. All operations are the display thread's, called by its message
+/// for it, and a listener asks for what is new. All operations are the display thread's, called by its message
 /// manager, but for `start`, `end` and `getMessageManager`.
 class ORV_API Display
 {

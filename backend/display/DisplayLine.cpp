@@ -31,7 +31,7 @@ bool isEvent(MessageType type)
     return status >= 0x80 && status <= 0xFF && status != 0xF1 && status != 0xF4;
 }
 
-/// The columns behind the event's name.
+/// The columns after the event's name.
 std::string data(const MidiMessage& message)
 {
     const std::uint8_t d1 = message.getD1();

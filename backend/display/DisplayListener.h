@@ -11,7 +11,7 @@ class ORV_API DisplayListener
 public:
     virtual ~DisplayListener() = default;
 
-    /// Text behind what the listener has. Ends of lines are CR LF.
+    /// Text that follows what the listener has. Ends of lines are CR LF.
     virtual void addText(const char* text) = 0;
     /// The whole text, in place of what the listener has.
     virtual void setText(const char* text) = 0;

@@ -20,7 +20,7 @@ public:
     explicit DisplayMessageManager(Display& display);
 
     void start() { worker.start(); }
-    /// Ends the thread behind whatever was posted before, and waits for that.
+    /// Ends the thread after the messages posted before, and waits for that.
     void stop() { worker.stop(); }
 
     void postAddText(const std::string& text);
@@ -32,7 +32,7 @@ public:
     void postMidiOutputEvent(const MidiEngine::OrvMidiMessage& event);
     /// Null for none. It must live until another takes its place or the display has ended.
     void setListener(DisplayListener* listener);
-    /// For a listener that cannot wait for that, as a window that closes: it is deleted behind its last call. Another
+    /// For a listener that cannot wait for that, as a window that closes: it is deleted after its last call. Another
     /// that has taken its place stays.
     void dropListener(std::unique_ptr<DisplayListener> listener);
     void postSetDisplayNumbers(bool on);

@@ -28,7 +28,7 @@ void MessageManagerMaster::dispatch(Message& message)
         manager->handleMessage(message);
         return;
     }
-    WindowsLib::DbgStream() << "message " << message.number << ": nobody's, ignored";
+    WindowsLib::DbgStream() << "message " << message.number << ": no manager handles it, ignored";
 }
 
 bool MessageManager::currentThreadIsManagerThread() const { return master.currentThreadIsManagerThread(); }

@@ -11,7 +11,7 @@ namespace Backend
 class MessageManager;
 
 /// The backend thread: it offers each message to the managers in the order in which they were added, and the first
-/// that wants it carries it out. A message nobody wants is freed.
+/// that handles it executes it. A message without a manager is freed.
 class ORV_API MessageManagerMaster
 {
 public:
@@ -24,7 +24,7 @@ public:
 
     void start() { worker.start(); }
 
-    /// Ends the thread behind whatever was posted before, and waits for that.
+    /// Ends the thread after the messages posted before, and waits for that.
     void stop() { worker.stop(); }
 
     /// Before `start` only. The manager is not owned and must outlive the thread.
@@ -41,7 +41,7 @@ public:
 
     const Worker& getWorker() const { return worker; }
 
-    /// The thread's queue, for whoever posts to it from a time slice.
+    /// The thread's queue, for posts from a time slice.
     MessageQueue& getQueue() { return worker.queue(); }
 
 private:

@@ -17,12 +17,12 @@ struct ORV_API ArpeggioSetting {
     enum class Type { chord, up, down, upDown };
 
     Type type = Type::chord;
-    std::int32_t beat = 480;    ///< from note to note; 0 is no beat: only the first note after silence is heard
+    std::int32_t beat = 480;    ///< from note to note; 0 is no beat: only the first note after silence sounds
     std::int32_t length = 480;  ///< of a note; one that is longer than the beat is cut by the next
 
     /// From one of the elements `ChordArpeggio`, `UpArpeggio`, `DownArpeggio` and `UpDownArpeggio`; none from another.
     static std::optional<ArpeggioSetting> fromXml(const XmlElement& element);
-    /// The element, one line behind `indent` TABs.
+    /// The element, one line after `indent` TABs.
     void writeXml(std::ostream& out, int indent) const;
 
     /// As it is played: in the types that walk, a length of 0 or less is the beat.

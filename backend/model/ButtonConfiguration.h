@@ -20,7 +20,7 @@ class ButtonConfiguration
 public:
     virtual ~ButtonConfiguration() = default;
 
-    /// Writes the element of the derived class behind `indent` TABs, with `writeEntries` inside it.
+    /// Writes the element of the derived class after `indent` TABs, with `writeEntries` inside it.
     virtual void writeXml(std::ostream& out, int indent) const = 0;
 
     const std::vector<ButtonFunction>& getEntries() const { return entries; }
@@ -28,7 +28,7 @@ public:
 
     // By entry, from 0.
 
-    /// Replaces the entry's function, or with the number behind the last entry adds an entry of that function alone. A
+    /// Replaces the entry's function, or with the number after the last entry adds an entry of that function alone. A
     /// higher number changes nothing.
     void setDownFunction(std::unique_ptr<FunctionManagement::Function> function, std::size_t index);
     void setUpFunction(std::unique_ptr<FunctionManagement::Function> function, std::size_t index);

@@ -30,7 +30,7 @@ struct ORV_API Control {
 
     /// From a `Control` element; what is absent is as above. A value outside the range becomes its nearer end.
     static Control fromXml(const XmlElement& element);
-    /// The element, one tag a line behind `indent` TABs.
+    /// The element, one tag a line after `indent` TABs.
     void writeXml(std::ostream& out, int indent) const;
 
     /// Takes a value, or the end of the range that is nearer.

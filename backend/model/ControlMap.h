@@ -23,7 +23,7 @@ public:
 
     /// A `Controls` element: its controls replace those here, or with "merge" join them. The last of a cell counts.
     void readXml(const XmlElement& section);
-    /// The element, one tag a line behind `indent` TABs: the controls of `cells`, to be merged, or without cells all.
+    /// The element, one tag a line after `indent` TABs: the controls of `cells`, to be merged, or without cells all.
     void writeXml(std::ostream& out, int indent, std::span<const Cell> cells) const;
 
     template <class Visit>

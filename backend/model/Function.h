@@ -40,7 +40,7 @@ public:
     virtual std::string_view getType() const = 0;
     virtual void accept(FunctionVisitor& visitor) = 0;
 
-    /// Writes the function's element, a line of its own, behind `indent` TABs.
+    /// Writes the function's element, a line of its own, after `indent` TABs.
     virtual void writeXml(std::ostream& out, int indent) const = 0;
 
     /// Which note of which zone it plays; none for most.

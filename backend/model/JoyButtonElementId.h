@@ -8,7 +8,7 @@
 
 namespace Backend::Joystick
 {
-/// A joystick's own buttons are 0 to 31; behind them the directions of its point-of-view hat count as buttons.
+/// A joystick's own buttons are 0 to 31; the directions of its point-of-view hat are the buttons after them.
 inline constexpr int FIRST_DIRECTION = 32;
 
 /// The hat's reading in hundredths of a degree that presses each direction: forward, back, left, right. A reading in

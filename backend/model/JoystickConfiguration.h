@@ -39,7 +39,7 @@ struct ORV_API JoystickConfiguration {
 
     /// The children of a "Joystick" element, each in place of the one of its id.
     void readXml(const XmlElement& section, const FunctionManagement::FunctionFactory& create);
-    /// A line for each, behind `indent` TABs, of those that are bound: axes, then buttons.
+    /// A line for each, after `indent` TABs, of those that are bound: axes, then buttons.
     void writeXml(std::ostream& out, int indent) const;
 
     std::vector<JoystickButtonConfiguration> allButtons() const;

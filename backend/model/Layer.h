@@ -49,7 +49,7 @@ struct ORV_API Layer {
 
     /// From a `Layer` element; what is absent is as above. Values are not checked: a channel of 16 or more stays.
     static Layer fromXml(const XmlElement& element, LayerId id);
-    /// The element, one tag a line behind `indent` TABs.
+    /// The element, one tag a line after `indent` TABs.
     void writeXml(std::ostream& out, int indent) const;
 
     /// One line for the screens, such as "L:1  Ch:1  T:+2  K:C". `outputName` is shown if the layer names an output.

@@ -27,12 +27,12 @@ public:
     /// A "MidiEvent" element. A translation of which `createTranslation` makes nothing is left out.
     static MidiEventConfiguration fromXml(const XmlElement& element,
                                           const TranslationManagement::TranslationFactory& createTranslation);
-    /// The element, one tag a line behind `indent` TABs.
+    /// The element, one tag a line after `indent` TABs.
     void writeXml(std::ostream& out, int indent) const;
 
     const MidiEvent& getEvent() const { return event; }
     const Translations& getTranslations() const { return translations; }
-    /// Behind the others; null is none.
+    /// After the others; null is none.
     void addTranslation(std::unique_ptr<TranslationManagement::Translation> translation);
 
     /// The type name, from 0. Where there is none an event without translations is UNCHANGED, and any further row

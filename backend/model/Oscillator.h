@@ -32,7 +32,7 @@ struct ORV_API Oscillator {
     TimeIntervalType speedMode{};           ///< how the speed is shown and stepped
     std::int32_t stopValue = -1;            ///< sent on start and stop, below 0 for none
     std::int32_t detail = 10;               ///< every how many changes of value one is sent, 1 to 30; 0 counts as 1
-    MidiEngine::MidiMessage midiMessage{};  ///< the message that carries the value; without one nothing is heard
+    MidiEngine::MidiMessage midiMessage{};  ///< the message that carries the value; without one nothing is sent
     std::int8_t output = -1;                ///< -1 for through the layers, or the default output
     std::int8_t channel = -1;               ///< -1 for the layers' channel
     std::int8_t zone = -1;
@@ -40,7 +40,7 @@ struct ORV_API Oscillator {
 
     /// From an `Oscillator` element; what is absent is as above. Values are not checked.
     static Oscillator fromXml(const XmlElement& element, OscId id);
-    /// The element, on one line behind `indent` TABs.
+    /// The element, on one line after `indent` TABs.
     void writeXml(std::ostream& out, int indent) const;
 
     bool operator==(const Oscillator&) const = default;

@@ -19,7 +19,7 @@ struct SequenceOffset {
 
     std::int32_t note = 0;             ///< semitones to add
     std::int32_t velocity = 0;         ///< to add
-    std::int32_t length = WHOLE_NOTE;  ///< pulses; kept in text and files, played by nobody
+    std::int32_t length = WHOLE_NOTE;  ///< pulses; kept in text and files, not played
     bool rest = false;                 ///< plays nothing
 
     bool operator==(const SequenceOffset&) const = default;
@@ -34,11 +34,11 @@ struct ORV_API SequenceSetting {
     std::vector<SequenceNode> nodes;  ///< none: the arpeggio's notes go out unchanged
     bool useNote = true;              ///< apply what the offsets say of notes
     bool useVelocity = true;          ///< and of velocities
-    bool useLength = false;           ///< kept; read by nobody
+    bool useLength = false;           ///< stored, not used
 
     /// From a `SequenceSetting` element. One that names a preset has no nodes: they stand in the preset's file.
     static SequenceSetting fromXml(const XmlElement& element);
-    /// The element, one tag a line behind `indent` TABs.
+    /// The element, one tag a line after `indent` TABs.
     void writeXml(std::ostream& out, int indent) const;
 
     /// Makes the nodes the layer's own. Never fails; see `parseSequence`.

@@ -42,7 +42,7 @@ public:
     /// The name of the translation's element in files.
     virtual std::string_view getType() const = 0;
 
-    /// Writes the translation's element, a line of its own, behind `indent` TABs.
+    /// Writes the translation's element, a line of its own, after `indent` TABs.
     virtual void writeXml(std::ostream& out, int indent) const = 0;
     virtual void accept(TranslationVisitor& visitor) = 0;
 

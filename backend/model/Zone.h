@@ -9,7 +9,7 @@ namespace Backend::Zones
 /// A zone's number, 0 to 127; the screens show one more.
 using ZoneId = std::int8_t;
 
-/// A number that an input source puts on its events, with a transposition of its own in front of the layers. A zone
+/// A number that an input source puts on its events, with a transposition of its own before the layers. A zone
 /// exists because some input plays notes in it.
 struct Zone {
     ZoneId id = 0;

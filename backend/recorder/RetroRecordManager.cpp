@@ -24,7 +24,7 @@ constexpr TypedMessage<std::uint32_t, std::int32_t> ADD_EVENT{32871, "AddEvent"}
 constexpr TypedMessage<std::string, WindowHandle> SAVE{32872, "Save"};
 constexpr TypedMessage<int> SET_BUFFER_SIZE{32873, "SetBufferSize"};
 constexpr TypedMessage<bool> ENABLE{32874, "Enable"};
-constexpr TypedMessage<WindowHandle> TELL_FILL_TO{32875, "TellFillTo"};
+constexpr TypedMessage<WindowHandle> SET_FILL_LISTENER{32875, "SetFillListener"};
 
 // Some seconds of the densest playing, should the disk stand still.
 constexpr std::size_t SLICE_POOL = 4096;
@@ -85,7 +85,7 @@ void RetroRecordManager::handleMessage(Message& message)
         on<SAVE, &RetroRecordManager::handleSave>(),
         on<SET_BUFFER_SIZE, &RetroRecordManager::handleSetBufferSize>(),
         on<ENABLE, &RetroRecordManager::handleEnable>(),
-        on<TELL_FILL_TO, &RetroRecordManager::handleTellFillTo>(),
+        on<SET_FILL_LISTENER, &RetroRecordManager::handleSetFillListener>(),
     });
     execute<RetroRecordManager>(COMMANDS, *this, message);
     if (worker.queue().hasNext()) return;
@@ -109,7 +109,7 @@ void RetroRecordManager::setBufferSize(int bytes) { worker.post(SET_BUFFER_SIZE(
 
 void RetroRecordManager::enable(bool on) { worker.post(ENABLE(on)); }
 
-void RetroRecordManager::tellFillTo(const WindowHandle& window) { worker.post(TELL_FILL_TO(window)); }
+void RetroRecordManager::setFillListener(const WindowHandle& window) { worker.post(SET_FILL_LISTENER(window)); }
 
 // --- the recorder's thread
 
@@ -155,7 +155,7 @@ void RetroRecordManager::handleSetBufferSize(int bytes)
     for (const auto& [output, buffer] : buffers) buffer->setFileSize(fileSize);
 }
 
-void RetroRecordManager::handleTellFillTo(const WindowHandle& window)
+void RetroRecordManager::handleSetFillListener(const WindowHandle& window)
 {
     listener = window;
     sentFill = 0;  // what a window shows until it receives one

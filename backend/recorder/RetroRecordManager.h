@@ -62,7 +62,7 @@ public:
 
     /// From now on `window` gets GuiMessage::RETRO_RECORD_FILL, at once and whenever it changes: the fill of the
     /// fullest record, see `RetroRecordBuffer::getFill`. One window at a time; an empty handle for none.
-    void tellFillTo(const WindowHandle& window);
+    void setFillListener(const WindowHandle& window);
 
     /// While it is off events are dropped and the record stands as it is.
     void enable(bool on);
@@ -76,7 +76,7 @@ private:
     void handleSave(const std::string& stem, const WindowHandle& window);
     void handleSetBufferSize(int bytes);
     void handleEnable(bool on) { enabled = on; }
-    void handleTellFillTo(const WindowHandle& window);
+    void handleSetFillListener(const WindowHandle& window);
     void sendFill();
 
     const Clock clock;

@@ -51,7 +51,7 @@ public:
     std::size_t size() const { return elements.size(); }
 
 protected:
-    // Whoever adds and removes gives the elements their ids.
+    // The caller that adds and removes gives the elements their ids.
     std::vector<Element> elements;
 
 private:

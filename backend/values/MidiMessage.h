@@ -44,7 +44,7 @@ constexpr MessageType fixStatus(std::uint32_t status)
 /// 0 to 15; what lies outside goes to the nearer end.
 constexpr int clampChannel(int channel) { return channel < 1 ? 0 : channel >= 15 ? 15 : channel; }
 
-/// One MIDI event as a plain value. Nothing here fails: bad values pass through, and `isValid` tells of them.
+/// One MIDI event as a plain value. Nothing here fails: bad values pass through, and `isValid` shows them.
 class ORV_API MidiMessage
 {
 public:
@@ -138,7 +138,7 @@ public:
     /// "Note 60 (C4)", "Control Change 7: Channel Volume", otherwise the event's name.
     std::string getEventNameWithCcAndNoteDetail() const;
 
-    /// "Note On,60": the name, and for notes and controllers the number behind a comma. A stored message is a pattern
+    /// "Note On,60": the name, and for notes and controllers the number after a comma. A stored message is a pattern
     /// for a kind of event: d2 and the channel are not part of it.
     std::string toXmlString() const;
 

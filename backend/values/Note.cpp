@@ -68,7 +68,7 @@ int parseNote(std::string_view text)
     if (text.starts_with('b')) accidental = -1;
     if (accidental != 0) text.remove_prefix(1);
 
-    // Unsigned, so that an octave beyond all reason wraps; whoever wants a note keeps the low byte.
+    // Unsigned, so that an octave out of range wraps; a caller that wants a note keeps the low byte.
     const auto octave = static_cast<std::uint32_t>(text.empty() ? 4 : Text::parseInteger(text).value_or(4));
     return static_cast<int>(static_cast<std::uint32_t>(pitchClass + accidental) + 12 * (octave + 1));
 }

@@ -15,7 +15,7 @@ struct RelativeFixedValue {
     /// The same forms. A fixed number below 0 has none of its own: it prints as the relative one does.
     std::string toXmlString() const;
 
-    /// The new value in place of `current`. Limits are those of whoever holds it.
+    /// The new value in place of `current`. Limits are the caller's.
     std::int64_t appliedTo(std::int32_t current) const { return std::int64_t{value} + (relative ? current : 0); }
 
     bool operator==(const RelativeFixedValue&) const = default;

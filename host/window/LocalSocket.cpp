@@ -56,7 +56,7 @@ LocalSocket LocalSocket::acceptFrom(int listeningSocket)
 LocalSocket LocalSocket::connectTo(const std::filesystem::path& path)
 {
     const int file = newSocket();
-    apply<&::connect>(file, path);  // `isOwnUsers` tells whether it is connected
+    apply<&::connect>(file, path);  // `isOwnUsers` shows whether it is connected
     return LocalSocket(file);
 }
 

@@ -13,7 +13,7 @@ namespace Host
 {
 /// The socket of the one open window: a later start of the program sends its files there instead of opening a second
 /// window. There is one for each user, machine and settings folder: a local socket in the user's folder for run-time
-/// files, and a lock file beside it that is held while the socket is in use, so that what a killed program left behind
+/// files, and a lock file beside it that is held while the socket is in use, so that what a killed program left
 /// is replaced.
 class SingleInstance
 {

@@ -106,7 +106,7 @@ TEST(RetroRecord, ReportsHowFullTheFullestIs)
 {
     RecordStage stage;
     stage.commands().postSetRetroRecordBufferSize(1000);
-    stage.orv->getRetroRecordManager().tellFillTo(WindowHandle(stage.window));
+    stage.orv->getRetroRecordManager().setFillListener(WindowHandle(stage.window));
     EXPECT_EQ(stage.fills(), "0 ") << "at once";
     stage.note(60, 0);
     EXPECT_EQ(stage.fills(), "1 ") << "empty means empty";
@@ -119,7 +119,7 @@ TEST(RetroRecord, ReportsHowFullTheFullestIs)
     EXPECT_NE(stage.fills().find("99 100 91 92 "), std::string::npos) << "the oldest tenth went";
     stage.saved();
     EXPECT_EQ(stage.fills(), "0 ");
-    stage.orv->getRetroRecordManager().tellFillTo({});
+    stage.orv->getRetroRecordManager().setFillListener({});
     stage.note(60, 0);
     EXPECT_EQ(stage.fills(), "");
 }

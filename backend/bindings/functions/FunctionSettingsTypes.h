@@ -20,7 +20,7 @@ class FunctionSettingsType
 public:
     virtual ~FunctionSettingsType() = default;
 
-    /// Tells the kind of settings.
+    /// Shows the kind of settings to a visitor.
     virtual void accept(FunctionSettingsTypeVisitor& visitor) = 0;
 
 protected:
@@ -29,7 +29,7 @@ protected:
     FunctionSettingsType& operator=(const FunctionSettingsType&) = default;
 };
 
-/// A kind of settings, which also tells the function's class to its own visitor.
+/// A kind of settings, which also shows the function's class to its own visitor.
 template <class Self>
 class FunctionSettingsOf : public FunctionSettingsType
 {

@@ -72,7 +72,7 @@ void MidiParameters::play(OrvIF& orv, const MidiShape& shape) const
     const bool wide = shape.width == MidiShape::Width::fourteenBits;
     const int low = wide ? d1 & SEVEN_BITS : d1;
     const int high = wide ? (d1 >> 7) & SEVEN_BITS : d2;
-    const bool isForLayers = shape.road == MidiShape::Road::layers;
+    const bool isForLayers = shape.path == MidiShape::Path::layers;
     orv.playMidi({shape.status, low, high, isForLayers ? channel : 0, output,
                   isForLayers ? zone : OrvMidiMessage::DEFAULT_ZONE, OrvMidiMessage::DEFAULT_INPUT, -1});
 }

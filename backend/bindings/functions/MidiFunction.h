@@ -22,11 +22,11 @@ struct MidiDataShape {
 
 /// What a MIDI function plays.
 struct MidiShape {
-    enum class Road { layers, engine };
+    enum class Path { layers, engine };
     enum class Width { bytes, fourteenBits };
 
     MidiEngine::MessageType status;
-    Road road = Road::layers;
+    Path path = Path::layers;
     bool hasChannel = true;
     MidiDataShape d1{};
     MidiDataShape d2{};

@@ -11,7 +11,7 @@ inline constexpr MidiDataShape VELOCITY{"velocity", 100, 100};
 /// A system message that passes the layers by.
 constexpr MidiShape systemMessage(MidiEngine::MessageType status, MidiDataShape d1 = {})
 {
-    return {.status = status, .road = MidiShape::Road::engine, .hasChannel = false, .d1 = d1};
+    return {.status = status, .path = MidiShape::Path::engine, .hasChannel = false, .d1 = d1};
 }
 
 class MidiNoteOn final : public MidiFunction<MidiNoteOn>

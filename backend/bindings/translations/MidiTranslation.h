@@ -24,7 +24,7 @@ struct MidiTranslationParameters {
                           Attribute{"channel", &P::channel}, Attribute{"D1", &P::d1}, Attribute{"D2", &P::d2}};
     }
 
-    /// Plays the result behind what is already on the backend's road. Both data bytes are taken from the incoming
+    /// Plays the result after the events that the backend has queued. Both data bytes are taken from the incoming
     /// event, so they can change places, and go to 0 to 127. `status` none keeps the event's own.
     void play(OrvIF& orv, MidiEngine::OrvMidiMessage message, MidiEngine::MessageType status) const;
 

@@ -14,7 +14,7 @@
 
 namespace Backend::MidiInput::TranslationManagement
 {
-/// What an editor sees of a translation: its parameters, without its class. The class is told to the visitor of its
+/// What an editor sees of a translation: its parameters, without its class. The class is shown to the visitor of its
 /// family. The families are those of the functions; numbers may come from the event.
 template <class Self>
 class TranslationSettingsOf
