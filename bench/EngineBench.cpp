@@ -6,15 +6,15 @@ using Backend::MidiEngine::MessageType;
 using Backend::MidiEngine::MidiEngine;
 using Backend::MidiEngine::MidiOutputPorts;
 
-EngineBench::EngineBench(const std::vector<Workload::Event>& workload, Road road, int layers)
+EngineBench::EngineBench(const std::vector<Workload::Event>& workload, Path path, int layers)
 {
-    const int output = road == Road::namedOutput ? 0 : -1;
-    const int channel = road == Road::layers ? -1 : 0;
+    const int output = path == Path::namedOutput ? 0 : -1;
+    const int channel = path == Path::layers ? -1 : 0;
     for (const auto& [status, d1, d2] : workload)
         events.emplace_back(static_cast<MessageType>(status), d1, d2, channel, output, -1, -1, -1);
     engine.setMidiOutputPorts(MidiOutputPorts(1));
     engine.setDefaultMidiOutput(0);
-    if (road == Road::layers) engine.setLayerList(Workload::layers(layers));
+    if (path == Path::layers) engine.setLayerList(Workload::layers(layers));
 }
 
 void EngineBench::followWithControls()

@@ -38,7 +38,7 @@ public:
     enum class Path { namedOutput, defaultOutput, layers };
 
     /// Events on channel 0, to output 0 in the end; through so many of the workload's layers, if any.
-    EngineBench(const std::vector<Workload::Event>& events, Road road, int layers = 0);
+    EngineBench(const std::vector<Workload::Event>& events, Path path, int layers = 0);
 
     /// From now on the default controls follow; what they are told is read and thrown away after each slice.
     void followWithControls();

@@ -1,4 +1,4 @@
-// What `bench/instructions.sh` counts: one road, so many rounds, nothing else. Two runs that differ only in their
+// What `bench/instructions.sh` counts: one path, so many rounds, nothing else. Two runs that differ only in their
 // rounds differ by exactly the instructions of the rounds between them.
 
 #include <cstdio>
@@ -19,10 +19,10 @@ namespace
 {
 enum class Controls { none, followed };
 
-void play(const std::vector<Workload::Event>& workload, int rounds, EngineBench::Road road, int layers = 0,
+void play(const std::vector<Workload::Event>& workload, int rounds, EngineBench::Path path, int layers = 0,
           Controls controls = Controls::none)
 {
-    EngineBench bench(workload, road, layers);
+    EngineBench bench(workload, path, layers);
     if (controls == Controls::followed) bench.followWithControls();
     for (int round = 0; round < rounds; ++round) bench.playRound();
 }
@@ -73,32 +73,32 @@ void resets(int rounds)
 
 int main(int argc, char** argv)
 {
-    if (argc != 3) return std::fprintf(stderr, "usage: bench_instructions ROAD ROUNDS\n"), 2;
-    const std::string_view road = argv[1];
+    if (argc != 3) return std::fprintf(stderr, "usage: bench_instructions PATH ROUNDS\n"), 2;
+    const std::string_view path = argv[1];
     const int rounds = std::atoi(argv[2]);
     Event wake;
     std::thread another([&] { wake.wait(); });  // as in every host
-    if (road == "named_output")
-        play(Workload::notes(), rounds, EngineBench::Road::namedOutput);
-    else if (road == "default_output")
-        play(Workload::notes(), rounds, EngineBench::Road::defaultOutput);
-    else if (road.starts_with("notes_"))
-        play(Workload::notes(), rounds, EngineBench::Road::layers, std::atoi(argv[1] + 6));
-    else if (road.starts_with("mix_"))
-        play(Workload::mix(), rounds, EngineBench::Road::layers, std::atoi(argv[1] + 4));
-    else if (road.starts_with("controls_"))
-        play(Workload::mix(), rounds, EngineBench::Road::layers, std::atoi(argv[1] + 9), Controls::followed);
-    else if (road == "idle_pulse")
+    if (path == "named_output")
+        play(Workload::notes(), rounds, EngineBench::Path::namedOutput);
+    else if (path == "default_output")
+        play(Workload::notes(), rounds, EngineBench::Path::defaultOutput);
+    else if (path.starts_with("notes_"))
+        play(Workload::notes(), rounds, EngineBench::Path::layers, std::atoi(argv[1] + 6));
+    else if (path.starts_with("mix_"))
+        play(Workload::mix(), rounds, EngineBench::Path::layers, std::atoi(argv[1] + 4));
+    else if (path.starts_with("controls_"))
+        play(Workload::mix(), rounds, EngineBench::Path::layers, std::atoi(argv[1] + 9), Controls::followed);
+    else if (path == "idle_pulse")
         idlePulses(rounds);
-    else if (road.starts_with("arpeggios_"))
-        arpeggios(road.substr(10), rounds);
-    else if (road == "sines_standing")
+    else if (path.starts_with("arpeggios_"))
+        arpeggios(path.substr(10), rounds);
+    else if (path == "sines_standing")
         oscillators(rounds, Workload::Sines::standing);
-    else if (road == "sines_thinned")
+    else if (path == "sines_thinned")
         oscillators(rounds, Workload::Sines::thinned);
-    else if (road == "sines_detailed")
+    else if (path == "sines_detailed")
         oscillators(rounds, Workload::Sines::detailed);
-    else if (road == "reset")
+    else if (path == "reset")
         resets(rounds);
     wake.set();
     another.join();

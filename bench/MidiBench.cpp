@@ -1,4 +1,4 @@
-// Nanoseconds of the engine's own roads: `build/release/bin/bench_midi`. Instruction counts: bench/instructions.sh.
+// Nanoseconds of the engine's own paths: `build/release/bin/bench_midi`. Instruction counts: bench/instructions.sh.
 
 #include <benchmark/benchmark.h>
 
@@ -36,10 +36,10 @@ private:
 };
 
 /// Per event of W-NOTES, queue and slice counted in.
-void direct(benchmark::State& state, EngineBench::Road road)
+void direct(benchmark::State& state, EngineBench::Path path)
 {
     const SleepingThread another;
-    EngineBench bench(Workload::notes(), road);
+    EngineBench bench(Workload::notes(), path);
     bench.playRound();
     for (auto _ : state) bench.playRound();
     state.SetItemsProcessed(state.iterations() * Workload::EVENTS);
@@ -49,7 +49,7 @@ void direct(benchmark::State& state, EngineBench::Road road)
 void layers(benchmark::State& state, std::vector<Workload::Event> (*workload)())
 {
     const SleepingThread another;
-    EngineBench bench(workload(), EngineBench::Road::layers, static_cast<int>(state.range(0)));
+    EngineBench bench(workload(), EngineBench::Path::layers, static_cast<int>(state.range(0)));
     bench.playRound();
     for (auto _ : state) bench.playRound();
     state.SetItemsProcessed(state.iterations() * Workload::EVENTS);
@@ -124,8 +124,8 @@ void reset(benchmark::State& state)
 }
 }  // namespace
 
-BENCHMARK_CAPTURE(direct, named_output, EngineBench::Road::namedOutput);
-BENCHMARK_CAPTURE(direct, default_output, EngineBench::Road::defaultOutput);
+BENCHMARK_CAPTURE(direct, named_output, EngineBench::Path::namedOutput);
+BENCHMARK_CAPTURE(direct, default_output, EngineBench::Path::defaultOutput);
 BENCHMARK_CAPTURE(layers, notes, &Workload::notes)->Arg(1)->Arg(4)->Arg(16)->Arg(64);
 BENCHMARK_CAPTURE(layers, mix, &Workload::mix)->Arg(1)->Arg(4)->Arg(16)->Arg(64);
 BENCHMARK(idlePulse);
@@ -139,9 +139,9 @@ BENCHMARK(postFromSlice);
 BENCHMARK(reset)->Arg(0)->Arg(10)->Arg(2048);
 
 /// A wrong sum would mean that something else was measured.
-bool isRight(EngineBench::Road road, int layers, std::uint64_t expected)
+bool isRight(EngineBench::Path path, int layers, std::uint64_t expected)
 {
-    const auto check = std::make_unique<EngineBench>(Workload::notes(), road, layers);
+    const auto check = std::make_unique<EngineBench>(Workload::notes(), path, layers);
     check->playRound();
     if (check->player.sum == expected) return true;
     std::fprintf(stderr, "bench_midi: through %d layers the sum is %016" PRIx64 ", not %016" PRIx64 "\n", layers,
@@ -162,9 +162,9 @@ bool isRight(ArpeggioSetting::Type type)
 
 int main(int argc, char** argv)
 {
-    bool right = isRight(EngineBench::Road::namedOutput, 0, Workload::SUM_OF_NOTES);
+    bool right = isRight(EngineBench::Path::namedOutput, 0, Workload::SUM_OF_NOTES);
     for (const auto& [count, sum] : Workload::SUMS_OF_LAYERS)
-        right = isRight(EngineBench::Road::layers, count, sum) && right;
+        right = isRight(EngineBench::Path::layers, count, sum) && right;
     for (int type = 0; type < 4; ++type) right = isRight(static_cast<ArpeggioSetting::Type>(type)) && right;
     if (!right) return 1;
     benchmark::Initialize(&argc, argv);

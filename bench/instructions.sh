@@ -1,6 +1,6 @@
 #!/bin/sh
 # Instructions per event (valgrind's callgrind; they repeat exactly): bench/instructions.sh [BUILD]
-# The difference between three rounds and one is two rounds of the road alone.
+# The difference between three rounds and one is two rounds of the path alone.
 set -eu
 program=${1:-build/release}/bin/bench_instructions
 
@@ -9,7 +9,7 @@ count() {
         sed -n 's/.*Collected : \([0-9]*\).*/\1/p'
 }
 
-per() { # road, divisor of one round, what one of them is
+per() { # path, divisor of one round, what one of them is
     one=$(count "$1" 1)
     three=$(count "$1" 3)
     echo "$1: $(( (three - one) / 2 / $2 )) instructions per $3"

@@ -92,7 +92,7 @@ TEST(Commands, OfThePortsTheTempoAndTheScreenActUnderTheirNumber)
     stage.post(33249, 1, 0);
     stage.post(33250, 2, 0);
     stage.post(33267, 2, 1);
-    EXPECT_EQ(stage.player.wishes, (std::vector<std::string>{"input 1 off", "output 2 off", "source 2"}));
+    EXPECT_EQ(stage.player.requests, (std::vector<std::string>{"input 1 off", "output 2 off", "source 2"}));
     EXPECT_FALSE(stage.orv->getRegistrySettings().getEnabledMidiInputs().at(1));
     EXPECT_FALSE(stage.orv->getRegistrySettings().getEnabledMidiOutputs().at(2));
     EXPECT_EQ(stage.orv->getTempoSource(), 2);

@@ -149,7 +149,7 @@ TEST(Tempo, IsTakenWithinItsLimitsAndReachesTheHost)
     EXPECT_EQ(change(true, 2147483647), 245);
     EXPECT_EQ(change(false, 20), 20);
     EXPECT_EQ(change(false, 19), 20);
-    EXPECT_EQ(stage.player.wishes, (std::vector<std::string>{"tempo 250", "tempo 245", "tempo 20"}));
+    EXPECT_EQ(stage.player.requests, (std::vector<std::string>{"tempo 250", "tempo 245", "tempo 20"}));
 }
 
 TEST(Tempo, ComesFromTheClockInsideOrFromAnInput)
@@ -164,7 +164,7 @@ TEST(Tempo, ComesFromTheClockInsideOrFromAnInput)
     EXPECT_EQ(choose(3), 2) << "there are three inputs";
     EXPECT_EQ(choose(-2), 2);
     EXPECT_EQ(choose(-1), -1);
-    EXPECT_EQ(stage.player.wishes, (std::vector<std::string>{"source 2", "source -1"}));
+    EXPECT_EQ(stage.player.requests, (std::vector<std::string>{"source 2", "source -1"}));
 }
 
 TEST(Gui, ReceivesChangesWhenAskedTo)

@@ -119,7 +119,7 @@ TEST(Outputs, TheUsersChoiceGoesToTheHostWhoseListDecides)
     stage.commands().postEnableMidiOutput(1, false);
     stage.commands().postEnableMidiOutput(-1, false);
     stage.rest();
-    EXPECT_EQ(stage.player.wishes, (std::vector<std::string>{"output 1 off"})) << "no other is in the list";
+    EXPECT_EQ(stage.player.requests, (std::vector<std::string>{"output 1 off"})) << "no other is in the list";
     EXPECT_EQ(stage.orv->getRegistrySettings().getEnabledMidiOutputs(), (std::vector<bool>{false, false}));
     EXPECT_TRUE(stage.orv->getMidiOutputPorts()[1].enabled);
 }
@@ -134,7 +134,7 @@ TEST(Inputs, OnlyAnEnabledOneIsProcessed)
     stage.press("E4", 100, 0, 3);
     stage.press("F4", 100, 0, -1);
     EXPECT_EQ(stage.played(), "D4 on");
-    EXPECT_EQ(stage.player.wishes, std::vector<std::string>{"input 1 off"});
+    EXPECT_EQ(stage.player.requests, std::vector<std::string>{"input 1 off"});
 }
 
 TEST(Inputs, GiveTheirNoteOffsBeforeTheyGoSilent)

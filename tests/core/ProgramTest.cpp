@@ -72,8 +72,8 @@ TEST(Bank, IsAListOfNamesAndItsProgramIsReadWhenItIsCalled)
     EXPECT_EQ(change(Kind::up), "P2 2 102 3");
     EXPECT_EQ(change(Kind::specific, 3), "P2 2 102 3");
     EXPECT_EQ(change(Kind::specific, -1), "P2 2 102 3");
-    std::erase(stage.player.wishes, "source -1");
-    EXPECT_EQ(stage.player.wishes, (std::vector<std::string>{"tempo 100", "tempo 101", "tempo 102"}));
+    std::erase(stage.player.requests, "source -1");
+    EXPECT_EQ(stage.player.requests, (std::vector<std::string>{"tempo 100", "tempo 101", "tempo 102"}));
 
     stage.load(stage.file("other.bnk", "<Bank><Program name='Only'/></Bank>"));
     EXPECT_EQ(stage.current(), " 2 120 3") << "no such program there: the sections stay, the program is blank";

@@ -265,7 +265,7 @@ TEST(Reset, PutsTheTempoSourceBackWhenTheLastOfSeveralIsDone)
     Stage stage;
     stage.commands().postSetTempoSource(2, false);
     stage.rest();
-    stage.player.wishes.clear();
+    stage.player.requests.clear();
     std::atomic<int> waiting{2};
     const auto reset = [&] {
         stage.engine().sendReset();

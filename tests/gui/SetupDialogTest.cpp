@@ -233,13 +233,13 @@ TEST_F(SetupDialog, PortsHaveABoxEach)
         if (label->isVisible()) labels += label->text().toStdString() + "|";
     EXPECT_NE(labels.find("Couldn't open: In 3|"), std::string::npos) << labels;
 
-    player.wishes.clear();
+    player.requests.clear();
     flipPort("MIDI inputs", 0);
     flipPort("MIDI inputs", 2);
     flipPort("MIDI outputs", 1);
     press("OK");
     playSlices();
-    EXPECT_EQ(player.wishes, (std::vector<std::string>{"input 0 off", "input 2 on", "output 1 off"}));
+    EXPECT_EQ(player.requests, (std::vector<std::string>{"input 0 off", "input 2 on", "output 1 off"}));
     EXPECT_FALSE(orv->getMidiInputPorts()[0].enabled);
     EXPECT_EQ(settings().getEnabledMidiInputs(), (std::vector<bool>{false, false, true}));
     EXPECT_EQ(settings().getEnabledMidiOutputs(), (std::vector<bool>{false, false}));
@@ -356,13 +356,13 @@ TEST_F(SetupDialog, OkPostsOnlyWhatWasChanged)
     settings().setLiteVelocity(99);
     settings().setAlwaysOnTop(true);
     settings().setDefaultBank("else");
-    player.wishes.clear();
+    player.requests.clear();
     press("OK");
     playSlices();
     EXPECT_EQ(settings().getLiteVelocity(), 99);
     EXPECT_TRUE(settings().getAlwaysOnTop());
     EXPECT_EQ(settings().getDefaultBank(), "else");
-    EXPECT_TRUE(player.wishes.empty());
+    EXPECT_TRUE(player.requests.empty());
 }
 
 TEST_F(SetupDialog, CancelChangesNothing)
@@ -373,7 +373,7 @@ TEST_F(SetupDialog, CancelChangesNothing)
         flipPort("MIDI outputs", 2);
         std::vector<bool> before;
         for (const SwitchCase& row : SWITCHES) before.push_back((settings().*row.get)());
-        player.wishes.clear();
+        player.requests.clear();
         if (byKey)
             QTest::keyClick(&reach("Velocity"), Qt::Key_Escape);
         else
@@ -384,7 +384,7 @@ TEST_F(SetupDialog, CancelChangesNothing)
         for (std::size_t i = 0; i < before.size(); ++i)
             EXPECT_EQ((settings().*SWITCHES[i].get)(), before[i]) << SWITCHES[i].name;
         EXPECT_EQ(settings().getRetroRecordBufferSize(), 100000);
-        EXPECT_TRUE(player.wishes.empty());
+        EXPECT_TRUE(player.requests.empty());
         openDialog();
     }
 }

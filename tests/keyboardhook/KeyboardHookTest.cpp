@@ -103,11 +103,11 @@ TEST_F(GlobalKeyboard, TakesKeysFromAnotherProgramWhileItIsOn)
 {
     for (int round = 0; round < 2; ++round) {
         switchOn();
-        for (const auto* key : {"Q", "Numpad 5", "Right Control", "Windows Key", "Escape"}) display->strike(key);
+        for (const auto* key : {"Q", "Numpad 5", "Right Control", "Windows Key", "Escape"}) display->tap(key);
         EXPECT_EQ(window.received("Q<Q>Numpad 5<Numpad 5>Control Right Control<Right Control>Windows Key<Windows Key>"),
                   "Q<Q>Numpad 5<Numpad 5>Control Right Control<Right Control>Windows Key<Windows Key>");
         switchOff();
-        display->strike("Q");
+        display->tap("Q");
         const std::string expected = round == 0 ? "Escape<Escape>Q<Q>" : "Escape<Escape>Q<Q>Escape<Escape>Q<Q>";
         EXPECT_EQ(program->typed(expected), expected);
         window.forget();
@@ -123,7 +123,7 @@ TEST_F(GlobalKeyboard, KeepsAChordToTheLastKeyAndItsRepeats)
     display->release("Q");
     EXPECT_EQ(window.received("Q<W<Q>W=W=").substr(0, 10), "Q<W<Q>W=W=");
     display->release("W");
-    display->strike("Escape");
+    display->tap("Escape");
     EXPECT_EQ(program->typed("Escape<Escape>"), "Escape<Escape>");
     EXPECT_TRUE(window.toldSoFar().ends_with("W=W>")) << window.toldSoFar();
 }
@@ -132,19 +132,19 @@ TEST_F(GlobalKeyboard, LeavesExcludedKeysToOthersEvenInAChord)
 {
     switchOn();
     display->press("Q");
-    display->strike("Escape");
+    display->tap("Escape");
     display->press("Escape");
-    display->strike("W");
+    display->tap("W");
     display->release("Escape");
     EXPECT_EQ(program->typed("Escape<Escape>Escape<Escape>"), "Escape<Escape>Escape<Escape>");
     display->release("Q");
     EXPECT_EQ(window.received("Q<W<W>Q>"), "Q<W<W>Q>");
 
     hook->clearExclude();
-    display->strike("Escape");
+    display->tap("Escape");
     EXPECT_EQ(window.received("Q<W<W>Q>Escape<Escape>"), "Q<W<W>Q>Escape<Escape>");
     hook->setExcludeKey('W');
-    display->strike("W");
+    display->tap("W");
     EXPECT_EQ(program->typed("Escape<Escape>Escape<Escape>W<W>"), "Escape<Escape>Escape<Escape>W<W>");
 }
 
@@ -154,7 +154,7 @@ TEST_F(GlobalKeyboard, SeesAKeyComeUpThatSlippedThroughBehindAnExcludedOne)
     for (int round = 0; round < 20; ++round) {
         display->press("Q");
         display->press("Escape");
-        display->strike("W");
+        display->tap("W");
         display->release("Escape");
         display->release("Q");
         EXPECT_TRUE(waitUntil([this] { return window.toldSoFar().find("Q>") != std::string::npos; }));
@@ -166,7 +166,7 @@ TEST_F(GlobalKeyboard, ReportsTheModifiersThatAreDown)
 {
     switchOn();
     for (const auto* modifier : {"Right Shift", "Left Control", "Left Alt", "Right Windows"}) display->press(modifier);
-    display->strike("Q");
+    display->tap("Q");
     EXPECT_EQ(window.received("Shift Right Shift<Shift Control Left Control<Shift Control Alt Left Alt<"
                               "Shift Control Alt Win Right Windows<Shift Control Alt Win Q<Shift Control Alt Win Q>"),
               "Shift Right Shift<Shift Control Left Control<Shift Control Alt Left Alt<"
@@ -177,25 +177,25 @@ TEST_F(GlobalKeyboard, IsToggledByAControlKeyWhetherItIsOnOrOff)
 {
     hook->addControlKey(F11);
     hook->addControlKey(F12);
-    display->strike("F12");
+    display->tap("F12");
     EXPECT_EQ(window.received("(on)"), "(on)");
     display->press("Q");
     EXPECT_EQ(window.received("(on)Q<"), "(on)Q<");
-    display->strike("F11");
+    display->tap("F11");
     EXPECT_EQ(window.received("(on)Q<Q>(off)"), "(on)Q<Q>(off)");
     display->release("Q");
-    display->strike("W");
+    display->tap("W");
 
     Program own(Program::Whose::ours);
-    display->strike("F12");
+    display->tap("F12");
     EXPECT_EQ(window.received("(on)Q<Q>(off)(on)"), "(on)Q<Q>(off)(on)");
     program->focus();
     hook->clearControlKeys();
-    display->strike("F12");
+    display->tap("F12");
     EXPECT_EQ(window.received("(on)Q<Q>(off)(on)F12<F12>"), "(on)Q<Q>(off)(on)F12<F12>");
 
     switchOff();
-    display->strike("F12");
+    display->tap("F12");
     const std::string typed = program->typed("Q>W<W>F12<F12>");
     EXPECT_TRUE(typed.ends_with("Q>W<W>F12<F12>")) << typed;
     EXPECT_EQ(typed.find("F11"), std::string::npos) << typed;
@@ -213,7 +213,7 @@ TEST_F(GlobalKeyboard, ReleasesWhatIsHeldWhenItIsSwitchedOff)
 
     display->release("Q");
     display->release("W");
-    display->strike("E");
+    display->tap("E");
     EXPECT_TRUE(waitUntil([this] { return program->typed("").ends_with("E<E>"); })) << program->typed("");
     EXPECT_EQ(window.toldSoFar(), "");
 }
@@ -223,12 +223,12 @@ TEST_F(GlobalKeyboard, LeavesOurOwnWindowItsKeys)
     switchOn();
     Program own(Program::Whose::ours);
     EXPECT_TRUE(waitUntil([&] {
-        display->strike("Q");
+        display->tap("Q");
         return own.typed("").ends_with("Q<Q>");
     }));
     program->focus();
     EXPECT_TRUE(waitUntil([this] {
-        display->strike("Q");
+        display->tap("Q");
         return window.toldSoFar().ends_with("Q<Q>");
     }));
 }
@@ -243,8 +243,8 @@ TEST_F(GlobalKeyboard, DoesNotCountAKeyThatWentDownElsewhereUntilItGoesDownAgain
     switchOn();
     std::this_thread::sleep_for(std::chrono::milliseconds(100));  // it repeats all the while
     display->release("Q");
-    display->strike("W");
-    display->strike("Q");
+    display->tap("W");
+    display->tap("Q");
     EXPECT_EQ(window.received("W<W>Q<Q>"), "W<W>Q<Q>");
 }
 
@@ -255,16 +255,16 @@ TEST_F(GlobalKeyboard, LeavesAnotherProgramTheKeysThatItHasTaken)
     desktop.take("L", XCB_MOD_MASK_CONTROL);
     program->focus();
     switchOn();
-    for (const auto* key : {"W", "L", "Q"}) display->strike(key);
+    for (const auto* key : {"W", "L", "Q"}) display->tap(key);
     EXPECT_EQ(desktop.typed("W<W>"), "W<W>");
     EXPECT_EQ(window.received("L<L>Q<Q>"), "L<L>Q<Q>");
 
     hook->setExcludeKey(17);
     display->press("Left Control");
-    display->strike("L");
+    display->tap("L");
     display->release("Left Control");
     EXPECT_EQ(desktop.typed("W<W>L<L>"), "W<W>L<L>");
-    display->strike("E");
+    display->tap("E");
     EXPECT_EQ(window.received("L<L>Q<Q>E<E>"), "L<L>Q<Q>E<E>");
 }
 
@@ -286,11 +286,11 @@ TEST_F(GlobalKeyboard, LeavesNoKeyDownHoweverFastTheFingers)
     hook->clearControlKeys();
     switchOn();
     EXPECT_TRUE(waitUntil([this] {
-        display->strike("W");
+        display->tap("W");
         return window.toldSoFar().ends_with("W<W>");
     }));
     EXPECT_TRUE(waitUntil([this] {
-        display->strike("Escape");
+        display->tap("Escape");
         return program->typed("").ends_with("Escape<Escape>");
     }));
     EXPECT_TRUE(waitUntil([this] { return window.whatIsDown() == 0; })) << window.whatIsDown();
@@ -305,13 +305,13 @@ TEST_F(GlobalKeyboard, LeavesNothingBehindAfterManyRounds)
     const auto files = countFiles();
     for (int round = 0; round < 100; ++round) {
         switchOn();
-        display->strike("Q");
+        display->tap("Q");
         EXPECT_EQ(window.received("Q<Q>"), "Q<Q>");
         switchOff();
         window.forget();
     }
     EXPECT_EQ(countFiles(), files);
-    display->strike("Q");
+    display->tap("Q");
     EXPECT_EQ(program->typed("Q<Q>"), "Q<Q>");
 }
 
@@ -333,7 +333,7 @@ TEST_F(GlobalKeyboard, GivesTheKeysBackWhenItIsUnloaded)
         window.forget();
     }
     EXPECT_EQ(::dlopen(path.c_str(), RTLD_NOW | RTLD_NOLOAD), nullptr);
-    display->strike("W");
+    display->tap("W");
     EXPECT_TRUE(waitUntil([this] { return program->typed("").ends_with("W<W>"); })) << program->typed("");
 }
 
@@ -354,7 +354,7 @@ TEST_F(GlobalKeyboard, SaysWhatADesktopWithoutXCosts)
     ::setenv("WAYLAND_DISPLAY", "wayland-0", 1);
     ::setenv("XDG_SESSION_TYPE", "wayland", 1);
     EXPECT_STREQ(hook->setEnabled(1), "On this desktop (Wayland) global keys are taken only from programs that use X.");
-    display->strike("Q");
+    display->tap("Q");
     EXPECT_EQ(window.received("Q<Q>"), "Q<Q>");
     switchOff();
     ::unsetenv("DISPLAY");

@@ -29,7 +29,7 @@ public:
     /// Fingers on its keyboard, by the names of keys.
     void press(const std::string& key) { move(key, XCB_KEY_PRESS); }
     void release(const std::string& key) { move(key, XCB_KEY_RELEASE); }
-    void strike(const std::string& key)
+    void tap(const std::string& key)
     {
         press(key);
         release(key);

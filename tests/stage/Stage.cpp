@@ -40,18 +40,18 @@ const char* onOff(bool on) { return on ? " on" : " off"; }
 
 void RecordingPlayer::enableMidiInput(int port, bool enabled)
 {
-    wishes.push_back("input " + std::to_string(port) + onOff(enabled));
+    requests.push_back("input " + std::to_string(port) + onOff(enabled));
 }
 
 void RecordingPlayer::enableMidiOutput(int port, bool enabled)
 {
-    wishes.push_back("output " + std::to_string(port) + onOff(enabled));
+    requests.push_back("output " + std::to_string(port) + onOff(enabled));
 }
 
 void RecordingPlayer::setTempoSource(char source)
 {
     tempoSource = source;
-    wishes.push_back("source " + std::to_string(source));
+    requests.push_back("source " + std::to_string(source));
 }
 
 Stage::Stage() : orv(OrvFactory::createOrv("Stage", player, false))
@@ -63,7 +63,7 @@ Stage::Stage() : orv(OrvFactory::createOrv("Stage", player, false))
     commands().sendEndInitialize();
     setLayers({{}});
     slice(1);
-    player.wishes.clear();
+    player.requests.clear();
 }
 
 Stage::~Stage()

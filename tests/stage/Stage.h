@@ -21,7 +21,7 @@ class RecordingPlayer final : public Backend::MidiEngine::MidiPlayer
 {
 public:
     std::vector<Backend::MidiEngine::OrvMidiMessage> events;
-    std::vector<std::string> wishes;  ///< "input 1 off", "tempo 90", "source 2"
+    std::vector<std::string> requests;  ///< "input 1 off", "tempo 90", "source 2"
     ThreadId thread = currentThreadId();
     char tempoSource = -1;
     std::atomic<std::uint32_t> milliseconds{0};  ///< the time that stands until a test moves it
@@ -31,7 +31,7 @@ public:
     void enableMidiOutput(int port, bool enabled) override;
     ThreadId getThreadId() override { return thread; }
     void pulseSequencer() override {}
-    void setTempo(int bpm) override { wishes.push_back("tempo " + std::to_string(bpm)); }
+    void setTempo(int bpm) override { requests.push_back("tempo " + std::to_string(bpm)); }
     void setTempoSource(char source) override;
     char getTempoSource() override { return tempoSource; }
     std::uint32_t getMilliseconds() override { return milliseconds; }
