@@ -2,7 +2,7 @@
 #
 #     orv_module(orv_engine backend/engine
 #       USES orv_model orv_messages      modules whose headers it may include; so may whoever uses it
-#       LINKS PkgConfig::SDL2            libraries that its sources alone use
+#       LINKS PkgConfig::SDL2            libraries and modules that its sources alone use
 #       PRECOMPILE qt                    the kind of its precompiled headers; standard without it
 #       SOURCES Arpeggio.cpp ...)        relative to the folder
 #
@@ -29,7 +29,7 @@ function(orv_module name folder)
   file(CREATE_LINK ${CMAKE_SOURCE_DIR}/${folder} ${view}/${folder} SYMBOLIC)
   target_include_directories(${name} ${scope} ${view})
   target_link_libraries(${name} ${scope} ${ARG_USES})
-  set_property(GLOBAL APPEND_STRING PROPERTY ORVANE_MODULES "${folder} ${name} ${ARG_USES}\n")
+  set_property(GLOBAL APPEND_STRING PROPERTY ORVANE_MODULES "${folder} ${name} ${ARG_USES} ${ARG_LINKS}\n")
 endfunction()
 
 # The targets, with sources, of the modules in these folders and below.
@@ -48,4 +48,41 @@ function(orv_modules_below result)
     endif()
   endforeach()
   set(${result} ${found} PARENT_SCOPE)
+endfunction()
+
+# Writes modules.txt into the build folder, a line for each module: its folder, then the folders of the modules it uses.
+# What draws the architecture reads it.
+function(orv_write_modules)
+  get_property(modules GLOBAL PROPERTY ORVANE_MODULES)
+  string(REPLACE ";" " " modules "${modules}")
+  string(REPLACE "\n" ";" modules "${modules}")
+  foreach(module ${modules})
+    separate_arguments(words UNIX_COMMAND "${module}")
+    list(GET words 0 folder)
+    list(GET words 1 target)
+    set(folder_of_${target} ${folder})
+  endforeach()
+  set(folder_of_Orv3_32 library)
+
+  set(text "")
+  foreach(module ${modules})
+    separate_arguments(words UNIX_COMMAND "${module}")
+    list(POP_FRONT words folder target)
+    set(used)
+    foreach(use ${words})
+      if(DEFINED folder_of_${use})
+        list(APPEND used ${folder_of_${use}})
+      elseif(TARGET ${use} AND use MATCHES "^orv_")  # several modules under one name
+        get_target_property(members ${use} INTERFACE_LINK_LIBRARIES)
+        foreach(member ${members})
+          list(APPEND used ${folder_of_${member}})
+        endforeach()
+      endif()
+    endforeach()
+    list(SORT used)
+    list(REMOVE_DUPLICATES used)
+    list(JOIN used " " used)
+    string(APPEND text "${folder}: ${used}\n")
+  endforeach()
+  file(WRITE ${CMAKE_BINARY_DIR}/modules.txt "${text}")
 endfunction()
