@@ -20,7 +20,7 @@ struct HookSettings {
 };
 
 /// Captures the keys of the settings and posts them to the window. Every key that was posted as down is posted as up,
-/// also when it stops being captured while it is held. One thread.
+/// also when it stops being captured while it is held. See docs/decisions/0020. One thread.
 class Capture
 {
 public:

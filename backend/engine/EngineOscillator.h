@@ -17,6 +17,7 @@ namespace Backend::Oscillators
 /// An oscillator as the engine plays it: the settings, worked out beforehand, and where in its wave it is. All its
 /// arithmetic is in double precision, in the order in which it is written, so that the same pulses give the same values
 /// on every machine. Any settings play: whatever a file holds stays a number.
+/// See docs/decisions/0008.
 class EngineOscillator
 {
 public:

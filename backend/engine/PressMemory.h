@@ -15,7 +15,7 @@ namespace Backend::MidiEngine
 ///
 /// Memory is fixed: `capacity` runs. When it is full, a run without open presses makes room. If there is none either,
 /// `press` refuses the press, and its note on must not be played; so no note off is ever lost. Pressing and releasing
-/// takes constant time as long as a key has one outcome. Time slice only.
+/// takes constant time as long as a key has one outcome. Time slice only. See docs/decisions/0006.
 class PressMemory
 {
 public:

@@ -16,6 +16,7 @@ namespace Backend
 /// from then on a program is read from its place alone, however many there are. A file that another program has changed
 /// since is read again. Whatever is written replaces the file whole, and every byte outside the programs in
 /// question stays what it was. What cannot be done changes nothing and is written to the debug stream.
+/// See docs/decisions/0010.
 class ORV_API BankFile
 {
 public:

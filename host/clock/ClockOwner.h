@@ -8,7 +8,7 @@ namespace Host
 {
 /// Says which thread owns the clock, that is, may play time slices: the process callback of the graph or the clock's
 /// own thread. A change of owner waits until the slice in progress has ended, so that two slices never overlap and the
-/// new owner sees what the old one wrote.
+/// new owner sees what the old one wrote. See docs/decisions/0017.
 class ClockOwner
 {
 public:
