@@ -98,7 +98,12 @@ void* OrvUtils::getDllInstance() { return getModuleHandle(); }
 
 std::string OrvUtils::getRegistryKey(std::string_view applicationName)
 {
-    return std::string("Software\\") + COMPANY + "\\" + std::string(applicationName) + "\\" + VERSION;
+    std::string key = "Software";
+    for (const std::string_view part : {std::string_view(COMPANY), applicationName, std::string_view(VERSION)}) {
+        key += '\\';
+        key += part;
+    }
+    return key;
 }
 
 std::string OrvUtils::getOrvProgDir()

@@ -148,7 +148,9 @@ void JackSystem::leaveDeadGraph()
 bool JackSystem::enterNewGraph()
 {
     auto newClient = openJackClient(clientName);
-    const bool wasConnected = devices.isConnected(std::string(":") + JackSynthesizer::LEFT);
+    std::string left(":");
+    left += JackSynthesizer::LEFT;
+    const bool wasConnected = devices.isConnected(left);
     if (!newClient || !enterGraph(std::move(newClient))) return false;
     if (wasConnected && isSynthesizerThere() && !synthesizer->isConnected())
         synthesizer->connectToSoundCard(client.get());
