@@ -38,49 +38,46 @@ LineOutput::~LineOutput()
 void LineOutput::write(std::string_view text)
 {
     const MutexLock guard(lock);
-    if (finish() && leftOut > 0) {
+    isStalled = !isWritable(isStalled ? 0 : PATIENCE) || !writeAll(unfinished);
+    if (!isStalled && leftOut > 0) {
         unfinished = "... " + std::to_string(leftOut) + " left out, because nothing read them\n";
         leftOut = 0;
-        finish();
+        isStalled = !writeAll(unfinished);
     }
     if (isStalled) {
         ++leftOut;
         return;
     }
     unfinished = text;
-    if (finish() || unfinished.size() < text.size()) return;
+    isStalled = !writeAll(unfinished);
+    if (!isStalled || unfinished.size() < text.size()) return;
     unfinished.clear();
     ++leftOut;
 }
 
-/// Writes what is unfinished; false if the reader does not go on.
-bool LineOutput::finish()
+bool LineOutput::isWritable(int patience) const
 {
-    isStalled = !writeAll(unfinished, isStalled ? 0 : PATIENCE);
-    return !isStalled;
+    pollfd waited{file, POLLOUT, 0};
+    int ready = 0;
+    while ((ready = ::poll(&waited, 1, patience)) < 0 && errno == EINTR) {}
+    return ready > 0;
 }
 
 /// Removes what was written. False if the reader did not go on in time.
-bool LineOutput::writeAll(std::string& text, int patience) const
+bool LineOutput::writeAll(std::string& text) const
 {
     std::size_t written = 0;
-    bool goesOn = true;
-    while (goesOn && written < text.size()) {
-        pollfd waited{file, POLLOUT, 0};
-        const int ready = ::poll(&waited, 1, patience);
-        if (ready < 0 && errno == EINTR) continue;
-        goesOn = ready > 0;
-        if (!goesOn) break;
+    while (written < text.size() && isWritable(PATIENCE)) {
         const ssize_t size = ::write(file, text.data() + written, std::min(text.size() - written, PIECE));
         if (size >= 0)
             written += static_cast<std::size_t>(size);
         else if (errno == EAGAIN)
-            goesOn = false;
+            break;
         else if (errno != EINTR)
             written = text.size();  // no reader is left
     }
     text.erase(0, written);
-    return goesOn;
+    return text.empty();
 }
 
 LineOutput& standardOutput()

@@ -25,8 +25,8 @@ public:
     void write(std::string_view text) EXCLUDES(lock);
 
 private:
-    bool finish() REQUIRES(lock);
-    bool writeAll(std::string& text, int patience) const;
+    bool isWritable(int patience) const;
+    bool writeAll(std::string& text) const;
 
     const int ownFile;  // another opening of the same pipe or terminal, which never blocks; -1 for none
     const int file;

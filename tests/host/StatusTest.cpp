@@ -3,8 +3,6 @@
 #include <unistd.h>
 
 #include <csignal>
-#include <cstdio>
-#include <sstream>
 
 #include "host/clock/SliceLoad.h"
 #include "host/run/Status.h"
@@ -86,17 +84,11 @@ TEST(LineOutput, LeavesOutWhatNothingReadsAndSaysHowMuch)
     std::string text = readAll();
     output.write("on\n");
     text += readAll();
-    std::size_t written = 0;
-    int leftOut = 0;
-    std::istringstream lines(text);
-    for (std::string each; std::getline(lines, each);) {
-        int count = 0;
-        if (each + "\n" == line) ++written;
-        if (std::sscanf(each.c_str(), "... %d left out, because nothing read them", &count) == 1) leftOut += count;
-    }
-    EXPECT_GT(leftOut, 0);
-    EXPECT_EQ(written + static_cast<std::size_t>(leftOut), std::size_t{LINES});
-    EXPECT_TRUE(text.ends_with(" left out, because nothing read them\non\n"));
+    const std::size_t whole = text.find("...") / line.size();
+    ASSERT_LT(whole, std::size_t{LINES});
+    std::string expected;
+    for (std::size_t i = 0; i < whole; ++i) expected += line;
+    EXPECT_EQ(text, expected + "... " + std::to_string(LINES - whole) + " left out, because nothing read them\non\n");
     ::close(ends[0]);
     ::signal(SIGPIPE, SIG_IGN);
     output.write("to nobody\n");
