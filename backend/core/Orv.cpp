@@ -147,7 +147,7 @@ void Orv::setGuiWindowHandle(const WindowHandle& window)
         guiWindowHandle = window;
     }
     midiEngine.setGuiWindowHandle(window);
-    retroRecord.setFillListener(window);
+    if (!window) retroRecord.setFillListener({});
 }
 
 Gui::OrvGuiIF* Orv::createOrvGui(bool isVstPlugin)
@@ -164,6 +164,7 @@ Gui::OrvGuiIF* Orv::createOrvGui(bool isVstPlugin)
 
 void Orv::refreshGui()
 {
+    retroRecord.setFillListener(getGuiWindowHandle());
     notifyGui(GuiMessage::SETTINGS, registrySettings);
     notifyGui(GuiMessage::MIDI_INPUT_PORTS, midiInputPorts);
     notifyGui(GuiMessage::MIDI_OUTPUT_PORTS, midiOutputPorts);

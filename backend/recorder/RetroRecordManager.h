@@ -60,8 +60,8 @@ public:
     /// Ignored outside the limits. What is recorded already goes as new events come.
     void setBufferSize(int bytes);
 
-    /// From now on `window` gets GuiMessage::RETRO_RECORD_FILL, at once and whenever it changes: the fill of the
-    /// fullest record, see `RetroRecordBuffer::getFill`. One window at a time; an empty handle for none.
+    /// From now on `window`, which starts with 0, gets GuiMessage::RETRO_RECORD_FILL whenever it changes: the fill of
+    /// the fullest record, see `RetroRecordBuffer::getFill`. One window at a time; an empty handle for none.
     void setFillListener(const WindowHandle& window);
 
     /// While it is off events are dropped and the record stands as it is.

@@ -242,7 +242,9 @@ TEST(Saving, AnImportedPresetIsListedAndLoads)
     stage.commands().postImportVersion2Program(stage.path("old.bnk"), "", stage.progress());
     stage.commands().postImportVersion2Program(stage.path("none.prg"), stage.path("new.prg"), stage.progress());
     const std::string preset = "data/Brinlow Software/Orvane 3/Layer Presets/Old one.pst";
+    stage.rest();
     const std::string before = stage.folders.read(preset);
+    EXPECT_NE(before, "");
     stage.commands().postImportVersion2Preset((stage.folders / preset).string(), "Old one", stage.progress());
     EXPECT_EQ(stage.results(), "wfwff");
     EXPECT_EQ(stage.folders.read(preset), before);

@@ -71,6 +71,7 @@ TEST_F(FileDialogs, LoadABankOrAProgramAndSayWhereThereIsNone)
 
 TEST_F(FileDialogs, StartInTheFolderOfTheBanks)
 {
+    std::filesystem::create_directories(OrvUtils::pathIn(OrvUtils::getOrvAppDataDir(), "Banks"));
     click("Load");
     const auto& load = static_cast<QFileDialog&>(dialog("Load"));
     EXPECT_EQ(load.directory().path().toStdString(), OrvUtils::pathIn(OrvUtils::getOrvAppDataDir(), "Banks"));
@@ -267,7 +268,7 @@ TEST_F(FileDialogs, ImportFilesOfVersion2)
     chooseFile("Select Name Of New File", (folder / "solo").string());
     EXPECT_EQ(namesIn("solo.prg"), "Solo");
 
-    folder.write("old.pst", "key\n\nK\n");
+    folder.write("old.pst", "\nkey\nK\n");
     import("old.pst");
     EXPECT_EQ(lineIn("Enter Preset Name").text(), "default preset name");
     enter("Enter Preset Name", "  ");

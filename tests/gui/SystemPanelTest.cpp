@@ -270,18 +270,6 @@ TEST_F(SystemPanel, NoticesAreAnsweredByNothing)
     EXPECT_EQ(settings().isRetroRecordEnabled(), record);
 }
 
-TEST_F(SystemPanel, ABankWithoutProgramsLeavesNothingToChoose)
-{
-    commands().postLoadBank((folder / "none.bnk").string());
-    settle();
-    EXPECT_EQ(labels(), "Program|1|Bank|none|0 programs|Tempo|Clock|Output|Files|");
-    EXPECT_EQ(textOf("Program"), "");
-    gui->showProgramMenu();
-    wheel("Program", -1), click("Next program");
-    EXPECT_EQ(menu(), "");
-    EXPECT_EQ(programNumber(), 0);
-}
-
 TEST_F(SystemPanel, ScreensHaveButtonsThatFollowThem)
 {
     EXPECT_TRUE(button("Help screen").isChecked());
