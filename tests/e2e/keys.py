@@ -117,7 +117,7 @@ class Keys(live.Graph):
             monitor.await_message(f"90 {note} 64")
             orvane.process.send_signal(signal.SIGTSTP)
             self.assertTrue(os.WIFSTOPPED(os.waitpid(orvane.process.pid, os.WUNTRACED)[1]))
-            until(lambda: any(heard.startswith(f"80 {note}") for heard in monitor.heard), "the note off")
+            until(lambda: any(message.startswith(f"80 {note}") for message in monitor.received), "the note off")
             self.assertEqual(orvane.mode(), orvane.before)
             orvane.process.send_signal(signal.SIGCONT)
             until(lambda: orvane.isRaw, "the raw terminal")
@@ -127,10 +127,14 @@ class Keys(live.Graph):
         orvane = subprocess.Popen([live.ORVANE, "run", "--display"], stdin=subprocess.PIPE, stdout=subprocess.PIPE,
                                   stderr=subprocess.DEVNULL, env=self.environment)
         self.addCleanup(lambda: (orvane.kill(), orvane.communicate()))
-        orvane.stdin.write(b"play 0 0 0 144 60 100\nplay 0 0 0 128 60 100\n" * 2000)
-        orvane.stdin.flush()
         waiting = array.array("i", [0])
-        until(lambda: fcntl.ioctl(orvane.stdout, termios.FIONREAD, waiting) == 0 and waiting[0] > 60000, "a full pipe")
+
+        def fills_the_pipe():
+            orvane.stdin.write(b"play 0 0 0 144 60 100\nplay 0 0 0 128 60 100\n" * 100)
+            orvane.stdin.flush()
+            return fcntl.ioctl(orvane.stdout, termios.FIONREAD, waiting) == 0 and waiting[0] > 50000
+
+        until(fills_the_pipe, "a full pipe")
         orvane.send_signal(signal.SIGINT)
         self.assertEqual(orvane.wait(live.PATIENCE), 0)
 

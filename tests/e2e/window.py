@@ -215,7 +215,7 @@ class Window(live.Graph):
         second = Program(self, live.ORVANE, "two.prg", "--load", "two.prg")
         self.assertEqual(second.process.wait(live.PATIENCE), 0, second.complained)
         self.assertEqual((second.printed.count("\n"), second.complained), (1, ""))
-        self.assertIn("open already", second.printed)
+        self.assertIn("already open", second.printed)
         until(lambda: self.focused() == TITLE, "the focus")
         until(lambda: self.play("orvane:Orvane In", "0:903c64", "1:803c40") or "92 3c 64" in self.monitor.received,
               "the program of the second start")
