@@ -227,7 +227,7 @@ class Session(live.Graph):
                 if how == "window":
                     self.environment["DISPLAY"] = display.name
                 orvane = self.start(*(["run"] if how == "run" else []), *connect)
-                until(lambda: "every note off" in orvane.printed, "orvane")
+                until(lambda: "ends every note" in orvane.printed, "orvane")
                 keys = Program(self, live.MIDI_SOURCE, "keys", "orvane.nTEST:Orvane In", "0:903c64", "60000:800000")
                 until(lambda: sounding(monitor.received) == ["3c"], "the note")
                 self.save()
