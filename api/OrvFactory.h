@@ -2,13 +2,22 @@
 
 #include <string>
 
-#include "api/GuiFactory.h"
 #include "api/MidiPlayer.h"
 #include "api/OrvIF.h"
 #include "platform/Export.h"
 
+namespace Gui
+{
+class OrvGuiIF;
+}
+
 namespace Backend
 {
+struct GuiStart;
+
+/// Makes the window's object of a backend; the caller deletes it. On the backend thread, so it creates no widget yet.
+using GuiFactory = Gui::OrvGuiIF* (*)(OrvIF& orv, GuiStart start);
+
 class ORV_API OrvFactory
 {
 public:

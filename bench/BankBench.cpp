@@ -5,10 +5,10 @@
 #include <filesystem>
 #include <thread>
 
+#include "api/Bank.h"
 #include "api/OrvFactory.h"
 #include "api/OrvMessageManager.h"
 #include "backend/engine/MidiEngine.h"
-#include "backend/files/Bank.h"
 #include "backend/files/BankFile.h"
 #include "backend/xml/XmlDocument.h"
 #include "bench/BigBank.h"

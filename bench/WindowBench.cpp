@@ -16,11 +16,11 @@
 
 #include "api/MidiPlayer.h"
 #include "api/OrvFactory.h"
-#include "api/OrvMessageManager.h"
-#include "backend/messages/GuiMessages.h"
-#include "api/OrvGuiFactory.h"
 #include "api/OrvGuiIF.h"
+#include "api/OrvMessageManager.h"
 #include "api/ParentWindow.h"
+#include "backend/messages/GuiMessages.h"
+#include "gui/window/OrvGuiFactory.h"
 #include "tests/stage/PrivateFolders.h"
 
 using namespace Backend;

@@ -2,7 +2,7 @@
 #include <algorithm>
 #include <cstdlib>
 
-#include "backend/bindings/functions/FunctionText.h"
+#include "api/FunctionText.h"
 #include "host/common/InputError.h"
 #include "host/common/LastPulse.h"
 #include "host/performance/PerformanceFile.h"

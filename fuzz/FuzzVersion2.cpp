@@ -3,7 +3,7 @@
 #include <cstdlib>
 #include <string_view>
 
-#include "backend/files/OrvUtils.h"
+#include "api/OrvUtils.h"
 #include "backend/files/version2/Version2Import.h"
 #include "backend/xml/XmlDocument.h"
 

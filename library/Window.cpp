@@ -1,5 +1,5 @@
 #include "api/OrvFactory.h"
-#include "api/OrvGuiFactory.h"
+#include "gui/window/OrvGuiFactory.h"
 
 namespace
 {

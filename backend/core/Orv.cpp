@@ -4,9 +4,9 @@
 #include <array>
 #include <filesystem>
 
+#include "api/OrvUtils.h"
 #include "backend/bindings/functions/FunctionFactories.h"
 #include "backend/core/OrvCommands.h"
-#include "backend/files/OrvUtils.h"
 #include "backend/messages/GuiMessages.h"
 #include "backend/messages/OrvMessages.h"
 #include "backend/model/WindowMove.h"

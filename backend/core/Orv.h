@@ -9,7 +9,8 @@
 #include <string_view>
 #include <type_traits>
 
-#include "api/GuiFactory.h"
+#include "api/Bank.h"
+#include "api/OrvFactory.h"
 #include "api/OrvIF.h"
 #include "api/OrvMessageManager.h"
 #include "backend/core/EngineRecorder.h"
@@ -17,7 +18,6 @@
 #include "backend/core/SettingCommands.h"
 #include "backend/display/Display.h"
 #include "backend/engine/MidiEngine.h"
-#include "backend/files/Bank.h"
 #include "backend/files/BankFile.h"
 #include "backend/files/FileWork.h"
 #include "backend/files/GuiStart.h"

@@ -1,7 +1,7 @@
 #include "backend/display/Display.h"
 
+#include "api/DisplayListener.h"
 #include "backend/display/DisplayLine.h"
-#include "backend/display/DisplayListener.h"
 
 namespace Backend::Display
 {

@@ -3,8 +3,8 @@
 #include <array>
 #include <utility>
 
+#include "api/DisplayListener.h"
 #include "backend/display/Display.h"
-#include "backend/display/DisplayListener.h"
 #include "backend/messages/TypedMessage.h"
 
 namespace Backend::Display

@@ -1,4 +1,4 @@
-#include "backend/files/Bank.h"
+#include "api/Bank.h"
 
 #include "backend/files/BankFile.h"
 

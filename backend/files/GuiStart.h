@@ -1,6 +1,6 @@
 #pragma once
 
-#include "backend/files/Bank.h"
+#include "api/Bank.h"
 #include "backend/files/RegistrySettings.h"
 #include "backend/model/MidiPort.h"
 #include "backend/model/Program.h"

@@ -2,8 +2,8 @@
 
 #include <filesystem>
 
+#include "api/OrvUtils.h"
 #include "backend/files/FileName.h"
-#include "backend/files/OrvUtils.h"
 #include "backend/files/PresetFiles.h"
 #include "backend/xml/Text.h"
 #include "backend/xml/XmlDocument.h"

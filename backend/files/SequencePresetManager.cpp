@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <filesystem>
 
+#include "api/OrvUtils.h"
 #include "backend/files/FileName.h"
-#include "backend/files/OrvUtils.h"
 #include "backend/files/PresetFiles.h"
 #include "backend/model/SequenceSetting.h"
 #include "backend/xml/Text.h"

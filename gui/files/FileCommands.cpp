@@ -3,10 +3,10 @@
 #include <QCoreApplication>
 #include <QLabel>
 
+#include "api/Bank.h"
 #include "api/OrvGuiIF.h"
 #include "api/OrvMessageManager.h"
-#include "backend/files/Bank.h"
-#include "backend/files/OrvUtils.h"
+#include "api/OrvUtils.h"
 #include "gui/files/SaveDialog.h"
 #include "gui/framework/EditBox.h"
 #include "gui/framework/EditBoxDialog.h"

@@ -4,7 +4,7 @@
 #include <functional>
 #include <string>
 
-#include "backend/files/Bank.h"
+#include "api/Bank.h"
 #include "backend/model/Program.h"
 #include "platform/WindowHandle.h"
 

@@ -5,7 +5,7 @@
 #include <QFileInfo>
 #include <QPushButton>
 
-#include "backend/files/OrvUtils.h"
+#include "api/OrvUtils.h"
 #include "gui/framework/Question.h"
 
 namespace Gui

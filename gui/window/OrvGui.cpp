@@ -5,7 +5,6 @@
 #include <filesystem>
 #include <utility>
 
-#include "api/OrvGuiFactory.h"
 #include "api/OrvIF.h"
 #include "api/OrvMessageManager.h"
 #include "api/ParentWindow.h"
@@ -18,6 +17,7 @@
 #include "gui/screens/output/OutputPanel.h"
 #include "gui/screens/system/SystemPanel.h"
 #include "gui/window/OpenWindow.h"
+#include "gui/window/OrvGuiFactory.h"
 #include "platform/Path.h"
 
 namespace Gui

@@ -4,7 +4,7 @@
 #include <memory>
 #include <type_traits>
 
-#include "api/GuiFactory.h"
+#include "api/OrvFactory.h"
 #include "api/OrvGuiIF.h"
 #include "backend/files/GuiStart.h"
 #include "backend/files/SequencePresetManager.h"

@@ -2,8 +2,8 @@
 
 #include <array>
 
+#include "api/Bank.h"
 #include "api/OrvGuiIF.h"
-#include "backend/files/Bank.h"
 #include "backend/files/RegistrySettings.h"
 #include "backend/messages/GuiMessages.h"
 #include "backend/model/PresetList.h"

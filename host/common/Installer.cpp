@@ -2,7 +2,7 @@
 
 #include <system_error>
 
-#include "backend/files/OrvUtils.h"
+#include "api/OrvUtils.h"
 #include "platform/DbgStream.h"
 #include "platform/Path.h"
 

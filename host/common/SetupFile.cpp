@@ -1,6 +1,6 @@
 #include "host/common/SetupFile.h"
 
-#include "backend/files/Bank.h"
+#include "api/Bank.h"
 #include "host/common/InputError.h"
 #include "host/common/WholeFile.h"
 

@@ -5,7 +5,7 @@
 #include <limits>
 #include <utility>
 
-#include "backend/bindings/functions/FunctionText.h"
+#include "api/FunctionText.h"
 #include "host/common/InputError.h"
 #include "host/common/SetupFile.h"
 

@@ -5,7 +5,7 @@
 #include <system_error>
 #include <utility>
 
-#include "backend/files/OrvUtils.h"
+#include "api/OrvUtils.h"
 #include "platform/Path.h"
 #include "platform/Utf8.h"
 #include "platform/WholeFile.h"

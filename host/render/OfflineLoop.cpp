@@ -5,9 +5,9 @@
 #include <string>
 #include <thread>
 
+#include "api/DisplayListener.h"
 #include "api/OrvFactory.h"
 #include "api/OrvMessageManager.h"
-#include "backend/display/DisplayListener.h"
 #include "backend/display/DisplayMessageManager.h"
 #include "backend/engine/MidiEngine.h"
 #include "backend/messages/GuiMessages.h"

@@ -3,7 +3,7 @@
 #include <cstdlib>
 #include <system_error>
 
-#include "backend/files/OrvUtils.h"
+#include "api/OrvUtils.h"
 #include "host/common/ApplicationName.h"
 #include "host/common/InputError.h"
 #include "host/common/Installer.h"

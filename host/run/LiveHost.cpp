@@ -7,7 +7,7 @@
 #include <utility>
 
 #include "api/OrvMessageManager.h"
-#include "backend/files/OrvUtils.h"
+#include "api/OrvUtils.h"
 #include "host/run/PortList.h"
 #include "host/run/Run.h"
 #include "host/system/OpenMidiSystem.h"

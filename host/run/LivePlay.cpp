@@ -5,10 +5,10 @@
 #include <thread>
 #include <utility>
 
+#include "api/Bank.h"
 #include "api/OrvFactory.h"
 #include "api/OrvMessageManager.h"
 #include "backend/display/DisplayMessageManager.h"
-#include "backend/files/Bank.h"
 #include "backend/files/RegistrySettings.h"
 #include "backend/messages/MessageManagerMaster.h"
 #include "backend/messages/MidiEngineMessageManager.h"

@@ -3,8 +3,8 @@
 #include <memory>
 #include <string>
 
+#include "api/DisplayListener.h"
 #include "api/OrvIF.h"
-#include "backend/display/DisplayListener.h"
 #include "host/common/Report.h"
 #include "platform/WindowHandle.h"
 #include "platform/Worker.h"

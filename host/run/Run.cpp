@@ -5,7 +5,7 @@
 #include <iostream>
 #include <memory>
 
-#include "backend/files/OrvUtils.h"
+#include "api/OrvUtils.h"
 #include "host/run/CommandReader.h"
 #include "host/run/LiveHost.h"
 #include "host/run/PortList.h"

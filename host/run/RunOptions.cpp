@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "backend/files/Bank.h"
+#include "api/Bank.h"
 #include "host/common/InputError.h"
 #include "host/jack/JackClient.h"
 #include "host/terminal/StandardError.h"

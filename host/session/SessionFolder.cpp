@@ -2,8 +2,8 @@
 
 #include <utility>
 
-#include "backend/files/Bank.h"
-#include "backend/files/OrvUtils.h"
+#include "api/Bank.h"
+#include "api/OrvUtils.h"
 #include "host/common/ApplicationName.h"
 #include "host/common/InputError.h"
 #include "host/common/WholeFile.h"

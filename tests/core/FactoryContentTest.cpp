@@ -4,8 +4,8 @@
 #include <set>
 #include <sstream>
 
-#include "backend/files/Bank.h"
-#include "backend/files/OrvUtils.h"
+#include "api/Bank.h"
+#include "api/OrvUtils.h"
 #include "backend/model/PresetSections.h"
 #include "backend/model/Program.h"
 #include "backend/values/Key.h"

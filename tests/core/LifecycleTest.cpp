@@ -2,9 +2,9 @@
 
 #include <thread>
 
+#include "api/Bank.h"
 #include "api/OrvFactory.h"
-#include "backend/files/Bank.h"
-#include "backend/files/OrvUtils.h"
+#include "api/OrvUtils.h"
 #include "backend/files/RegistrySettings.h"
 #include "backend/model/PresetSections.h"
 #include "tests/stage/Stage.h"

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "backend/files/Bank.h"
+#include "api/Bank.h"
 #include "backend/files/RegistrySettings.h"
 #include "backend/messages/GuiMessages.h"
 #include "backend/model/Program.h"

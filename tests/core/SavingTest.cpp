@@ -3,8 +3,8 @@
 
 #include <thread>
 
-#include "backend/files/Bank.h"
-#include "backend/files/OrvUtils.h"
+#include "api/Bank.h"
+#include "api/OrvUtils.h"
 #include "backend/files/RegistrySettings.h"
 #include "backend/messages/GuiMessages.h"
 #include "backend/model/Program.h"

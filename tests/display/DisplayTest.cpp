@@ -5,8 +5,8 @@
 #include <memory>
 #include <utility>
 
+#include "api/DisplayListener.h"
 #include "backend/display/DisplayLine.h"
-#include "backend/display/DisplayListener.h"
 #include "backend/messages/GuiMessages.h"
 #include "tests/stage/Stage.h"
 

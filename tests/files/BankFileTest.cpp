@@ -10,7 +10,7 @@
 
 #include <gtest/gtest.h>
 
-#include "backend/files/Bank.h"
+#include "api/Bank.h"
 #include "tests/stage/FileFault.h"
 #include "tests/stage/TemporaryFolder.h"
 

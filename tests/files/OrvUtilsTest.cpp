@@ -1,4 +1,4 @@
-#include "backend/files/OrvUtils.h"
+#include "api/OrvUtils.h"
 
 #include <sys/stat.h>
 

@@ -4,8 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include "api/OrvUtils.h"
 #include "backend/files/FileName.h"
-#include "backend/files/OrvUtils.h"
 #include "tests/stage/FileFault.h"
 #include "tests/stage/PrivateFolders.h"
 

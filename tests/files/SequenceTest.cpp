@@ -2,7 +2,7 @@
 
 #include <sstream>
 
-#include "backend/files/OrvUtils.h"
+#include "api/OrvUtils.h"
 #include "backend/files/SequencePresetManager.h"
 #include "backend/files/version2/SequenceTemplates.h"
 #include "backend/model/Layer.h"

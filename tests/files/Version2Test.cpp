@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "backend/files/Bank.h"
+#include "api/Bank.h"
 #include "backend/xml/XmlDocument.h"
 #include "tests/stage/PrivateFolders.h"
 

@@ -9,9 +9,9 @@
 #include <QSettings>
 #include <QTest>
 
-#include "backend/files/Bank.h"
-#include "tests/sections/KeyStage.h"
+#include "api/Bank.h"
 #include "tests/gui/OpenWindow.h"
+#include "tests/sections/KeyStage.h"
 
 /// An open window, and hands for its dialogs.
 struct DialogHands : OpenWindow, testing::Test {

@@ -2,7 +2,7 @@
 #include <QRadioButton>
 #include <filesystem>
 
-#include "backend/files/OrvUtils.h"
+#include "api/OrvUtils.h"
 #include "backend/files/RegistrySettings.h"
 #include "backend/messages/GuiMessages.h"
 #include "backend/model/PresetList.h"

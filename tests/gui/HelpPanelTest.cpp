@@ -3,8 +3,8 @@
 #include <QPlainTextEdit>
 #include <QWindow>
 
+#include "api/OrvUtils.h"
 #include "backend/bindings/functions/HelpTexts.h"
-#include "backend/files/OrvUtils.h"
 #include "tests/gui/OpenWindow.h"
 
 namespace

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "backend/files/Bank.h"
+#include "api/Bank.h"
 #include "backend/files/RegistrySettings.h"
 #include "backend/messages/GuiMessages.h"
 #include "backend/model/WindowMove.h"

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <fstream>
 
-#include "backend/files/OrvUtils.h"
+#include "api/OrvUtils.h"
 #include "backend/files/SequencePresetManager.h"
 #include "backend/model/PresetSections.h"
 #include "tests/gui/DialogHands.h"

@@ -3,7 +3,7 @@
 #include <QApplication>
 
 #include "api/OrvFactory.h"
-#include "api/OrvGuiFactory.h"
+#include "gui/window/OrvGuiFactory.h"
 
 /// Backends of these tests have windows.
 int main(int argc, char** argv)

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "backend/files/OrvUtils.h"
+#include "api/OrvUtils.h"
 #include "tests/host/HostTesting.h"
 #include "tests/stage/PrivateFolders.h"
 

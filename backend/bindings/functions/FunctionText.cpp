@@ -1,4 +1,4 @@
-#include "backend/bindings/functions/FunctionText.h"
+#include "api/FunctionText.h"
 
 #include <pugixml.hpp>
 

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "backend/display/DisplayListener.h"
+#include "api/DisplayListener.h"
 #include "backend/messages/TypedMessage.h"
 #include "platform/WindowHandle.h"
 

@@ -3,7 +3,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 
-#include "backend/files/OrvUtils.h"
+#include "api/OrvUtils.h"
 #include "gui/framework/ManualButton.h"
 #include "gui/framework/Properties.h"
 

@@ -7,9 +7,9 @@
 #include <QLabel>
 #include <QPushButton>
 
+#include "api/Bank.h"
 #include "api/OrvGuiIF.h"
 #include "api/OrvMessageManager.h"
-#include "backend/files/Bank.h"
 #include "backend/files/RegistrySettings.h"
 #include "gui/framework/EditBox.h"
 #include "gui/framework/Properties.h"

@@ -4,10 +4,10 @@
 #include <QLabel>
 #include <QPushButton>
 
+#include "api/Bank.h"
 #include "api/OrvGuiIF.h"
 #include "api/OrvIF.h"
 #include "api/OrvMessageManager.h"
-#include "backend/files/Bank.h"
 #include "backend/files/RegistrySettings.h"
 #include "backend/model/Program.h"
 #include "gui/files/FileCommands.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "api/GuiFactory.h"
+#include "api/OrvFactory.h"
 #include "platform/Export.h"
 
 namespace Gui
