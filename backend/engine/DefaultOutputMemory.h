@@ -14,7 +14,7 @@ class DefaultRoute
 public:
     /// Of an event whose output is the default one, with the channel as it names it.
     DefaultRoute(const OrvMidiMessage& event, int defaultOutput)
-        : word(Word{PressMemory::routeOf(event) ^ PressMemory::byte(event.getChannel()) << 8} << 32 |
+        : word(Word{event.getRoute() ^ static_cast<std::uint8_t>(event.getChannel()) << 8u} << 32 |
                Word{PressMemory::byte(defaultOutput)} << 24)
     {
     }

@@ -33,19 +33,12 @@ public:
 
     explicit PressMemory(std::size_t capacity = CAPACITY);
 
-    /// Where an event comes from and goes to, as it names it: zone, output, input and default-channel mark from the low
-    /// byte up.
-    static constexpr std::uint32_t routeOf(const OrvMidiMessage& event)
-    {
-        return byte(event.getZone()) | byte(event.getOutput()) << 8 | byte(event.getInput()) << 16 |
-               static_cast<std::uint32_t>(event.isDefaultChannel()) << 24;
-    }
     static constexpr std::uint32_t byte(int value) { return static_cast<std::uint8_t>(value); }
 
     /// The key of a note on its route.
     static constexpr Key keyOf(const OrvMidiMessage& note)
     {
-        return routeOf(note) | Key{byte(note.getChannel())} << 32 | Key{note.getD1()} << 40;
+        return note.getRoute() | Key{byte(note.getChannel())} << 32 | Key{note.getD1()} << 40;
     }
 
     /// One press more. False if it cannot be remembered.

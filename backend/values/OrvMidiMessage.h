@@ -78,13 +78,19 @@ public:
     constexpr void setChannel(int channel)
     {
         defaultChannel = channel < 0;
-        midiMessage.setChannel(defaultChannel ? 0 : channel);
+        midiMessage.setChannel(channel < 0 ? 0 : channel);
     }
     constexpr void setDefaultChannel(bool isDefault) { defaultChannel = isDefault; }
-    constexpr bool isDefaultChannel() const { return defaultChannel; }
+    constexpr bool isDefaultChannel() const { return defaultChannel != 0; }
     constexpr std::int8_t getOutput() const { return output; }
     constexpr void setOutput(int port) { output = static_cast<std::int8_t>(port); }
     constexpr bool isDefaultOutput() const { return output == DEFAULT_OUTPUT; }
+    /// Where the event comes from and goes to, as it names it: zone, output, input and default-channel flag from the low
+    /// byte up.
+    constexpr std::uint32_t getRoute() const
+    {
+        return byte(zone) | byte(output) << 8 | byte(input) << 16 | byte(defaultChannel) << 24;
+    }
     constexpr std::int8_t getZone() const { return zone; }
     constexpr void setZone(int number) { zone = static_cast<std::int8_t>(number); }
     constexpr std::int8_t getInput() const { return input; }
@@ -117,7 +123,7 @@ public:
     /// Output, default-channel flag, input and zone from the low byte up.
     constexpr std::int32_t getLparam() const
     {
-        return static_cast<std::int32_t>(byte(output) | (defaultChannel ? 0x100u : 0u) | byte(input) << 16 |
+        return static_cast<std::int32_t>(byte(output) | (isDefaultChannel() ? 0x100u : 0u) | byte(input) << 16 |
                                          byte(zone) << 24);
     }
 
@@ -136,7 +142,7 @@ private:
     std::int8_t zone = DEFAULT_ZONE;
     std::int8_t output = DEFAULT_OUTPUT;
     std::int8_t input = DEFAULT_INPUT;
-    bool defaultChannel = true;
+    std::int8_t defaultChannel = 1;  // 0 or 1; a byte, so that the compiler reads the route as one word
     MidiMessage midiMessage;
     Cell fromControl;
     MidiEngineMessageType midiEngineMessageType = MidiEngineMessageType::midiEvent;
