@@ -3,6 +3,7 @@
 #include <array>
 #include <atomic>
 #include <cstdint>
+#include <span>
 #include <vector>
 
 #include "api/MidiPlayer.h"
@@ -209,8 +210,9 @@ public:
     }
     /// Shows the running value of an oscillator.
     void showOscValue(Slice& slice, Oscillators::OscId id, std::int32_t value);
-    /// Writes to the debug stream, once the slice is over, why an event was dropped.
-    void drop(Slice& slice, const OrvMidiMessage& event, const char* why);
+    /// Writes to the debug stream, once the slice is over, why an event was dropped. Not inlined, so that its callers stay
+    /// short.
+    [[gnu::noinline]] void drop(Slice& slice, const OrvMidiMessage& event, const char* why);
 
 private:
     void drain(Slice& slice, std::int32_t endPpq) REQUIRES(criticalSection);
@@ -222,6 +224,7 @@ private:
     void playArpeggios(Slice& slice, std::int32_t ppq) REQUIRES(criticalSection);
     void requeue() REQUIRES(criticalSection);
     static void finish(Slice& slice);
+    [[gnu::noinline]] static void report(std::span<const Slice::Drop> drops);
 
     void playDirect(Slice& slice, OrvMidiMessage& event) REQUIRES(criticalSection);
     void playToDefaultOutput(Slice& slice, OrvMidiMessage& note, DefaultRoute route) REQUIRES(criticalSection);

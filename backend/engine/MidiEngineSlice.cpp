@@ -38,8 +38,9 @@ void MidiEngine::playTimeSlice(std::int32_t startPpq, std::int32_t endPpq)
 /// Takes over the queue: resets run at once, events get their place in pulse order.
 void MidiEngine::drain(Slice& slice, std::int32_t endPpq)
 {
-    pending.swap(timedEvents);
     earliest = std::numeric_limits<std::int32_t>::max();
+    if (timedEvents.empty()) return;
+    pending.swap(timedEvents);
     auto kept = pending.begin();
     for (auto event = kept; event != pending.end(); ++event) {
         if (event->getMidiEngineMessageType() != MidiEngineMessageType::midiEvent) {
@@ -120,6 +121,7 @@ void MidiEngine::updateStartTime(Slice&)
 /// What was not due goes back, after what was scheduled meanwhile.
 void MidiEngine::requeue()
 {
+    if (pending.empty()) return;
     if (timedEvents.empty())
         timedEvents.swap(pending);
     else
@@ -303,7 +305,12 @@ void MidiEngine::finish(Slice& slice)
         request->done.set();  // its owner may destroy it from here on
         request = next;
     }
-    for (const auto& [event, why] : slice.drops)
+    if (!slice.drops.empty()) report(slice.drops);
+}
+
+void MidiEngine::report(std::span<const Slice::Drop> drops)
+{
+    for (const auto& [event, why] : drops)
         WindowsLib::DbgStream() << "dropped " << event.getMidiMessage().toXmlString() << ", channel "
                                 << int{event.getChannel()} << ", output " << int{event.getOutput()} << ": " << why;
 }
