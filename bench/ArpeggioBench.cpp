@@ -4,6 +4,7 @@ using Backend::ArpeggioManagement::ArpeggioSetting;
 using Backend::MidiEngine::MessageType;
 using Backend::MidiEngine::MidiEngine;
 using Backend::MidiEngine::MidiOutputPorts;
+using Backend::MidiEngine::OrvMidiMessage;
 
 namespace
 {
@@ -24,7 +25,8 @@ ArpeggioBench::ArpeggioBench(ArpeggioSetting::Type type)
 
 void ArpeggioBench::hold()
 {
-    for (const int key : KEYS) engine.appendTimedEvent({MessageType::noteOn, key, 100, -1, -1, -1, -1, pulse});
+    for (const int key : KEYS)
+        engine.appendTimedEvent(OrvMidiMessage({.type = MessageType::noteOn, .d1 = key, .d2 = 100, .pulse = pulse}));
 }
 
 void ArpeggioBench::playPulses(int count)

@@ -5,13 +5,15 @@
 using Backend::MidiEngine::MessageType;
 using Backend::MidiEngine::MidiEngine;
 using Backend::MidiEngine::MidiOutputPorts;
+using Backend::MidiEngine::OrvMidiMessage;
 
 EngineBench::EngineBench(const std::vector<Workload::Event>& workload, Path path, int layers)
 {
     const int output = path == Path::namedOutput ? 0 : -1;
     const int channel = path == Path::layers ? -1 : 0;
     for (const auto& [status, d1, d2] : workload)
-        events.emplace_back(static_cast<MessageType>(status), d1, d2, channel, output, -1, -1, -1);
+        events.push_back(OrvMidiMessage(
+            {.type = static_cast<MessageType>(status), .d1 = d1, .d2 = d2, .channel = channel, .output = output}));
     engine.setMidiOutputPorts(MidiOutputPorts(1));
     engine.setDefaultMidiOutput(0);
     if (path == Path::layers) engine.setLayerList(Workload::layers(layers));

@@ -64,7 +64,8 @@ void resets(int rounds)
     engine.setMidiOutputPorts(MidiOutputPorts(1));
     for (int round = 0; round < rounds; ++round) {
         for (int note = 0; note < 10; ++note)
-            engine.appendTimedEvent({MessageType::noteOn, note, 100, 0, 0, -1, -1, 1});
+            engine.appendTimedEvent(Backend::MidiEngine::OrvMidiMessage(
+                {.type = MessageType::noteOn, .d1 = note, .d2 = 100, .channel = 0, .output = 0, .pulse = 1}));
         engine.playTimeSlice(1, 2);
         engine.sendReset();
     }

@@ -116,7 +116,12 @@ void reset(benchmark::State& state)
     for (auto _ : state) {
         state.PauseTiming();
         for (int i = 0; i < state.range(0); ++i)
-            engine.appendTimedEvent({MessageType::noteOn, i % 128, 100, i / 128 % 16, i % 16, -1, -1, 1});
+            engine.appendTimedEvent(Backend::MidiEngine::OrvMidiMessage({.type = MessageType::noteOn,
+                                                                         .d1 = i % 128,
+                                                                         .d2 = 100,
+                                                                         .channel = i / 128 % 16,
+                                                                         .output = i % 16,
+                                                                         .pulse = 1}));
         engine.playTimeSlice(1, 2);
         state.ResumeTiming();
         engine.sendReset();

@@ -102,7 +102,11 @@ OrvMidiMessage eventOf(int count)
 {
     const int chord = count / 64;
     const auto type = count / 32 % 2 == 0 ? MessageType::noteOn : MessageType::noteOff;
-    return {type, chord * 37 % 100 + count % 8, 100, count / 8 % 4 + chord % 13, 0, -1, -1, -1};
+    return OrvMidiMessage({.type = type,
+                           .d1 = chord * 37 % 100 + count % 8,
+                           .d2 = 100,
+                           .channel = count / 8 % 4 + chord % 13,
+                           .output = 0});
 }
 
 /// A burst every millisecond.

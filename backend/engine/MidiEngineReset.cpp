@@ -95,8 +95,8 @@ void MidiEngine::executeReset(Slice& slice, const OrvMidiMessage& order, ResetRe
 void MidiEngine::reset(Slice& slice)
 {
     noteCounters.clear([&](int output, int channel, int note) {
-        const OrvMidiMessage noteOff(MessageType::noteOff, note, RESET_VELOCITY, channel, output,
-                                     OrvMidiMessage::DEFAULT_ZONE, OrvMidiMessage::DEFAULT_INPUT, -1);
+        const OrvMidiMessage noteOff(
+            {.type = MessageType::noteOff, .d1 = note, .d2 = RESET_VELOCITY, .channel = channel, .output = output});
         playMidiInternal(slice, noteOff, false);
     });
     presses.clear();

@@ -10,8 +10,8 @@ constexpr int RESET_ALL_CONTROLLERS = 121;
 
 OrvMidiMessage createController(int controller, int output, int channel)
 {
-    return {MessageType::controllerChange, controller, 0, channel, output, OrvMidiMessage::DEFAULT_ZONE,
-            OrvMidiMessage::DEFAULT_INPUT, -1};
+    return OrvMidiMessage(
+        {.type = MessageType::controllerChange, .d1 = controller, .channel = channel, .output = output});
 }
 }  // namespace
 
@@ -27,7 +27,7 @@ OrvMidiMessage OrvMidiMessage::createAllControllersOffCC(int output, int channel
 
 OrvMidiMessage OrvMidiMessage::createSystemReset(int output)
 {
-    return {MessageType::systemReset, 0, 0, 0, output, DEFAULT_ZONE, DEFAULT_INPUT, -1};
+    return OrvMidiMessage({.type = MessageType::systemReset, .channel = 0, .output = output});
 }
 
 OrvMidiMessage OrvMidiMessage::createOrvReset() { return OrvMidiMessage(MidiEngineMessageType::reset); }

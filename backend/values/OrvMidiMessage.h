@@ -21,17 +21,35 @@ public:
     static constexpr std::int8_t DEFAULT_OUTPUT = -1;   ///< through the layers, or to the default output
     static constexpr std::int8_t DEFAULT_ZONE = -1;     ///< in no zone
 
+    static constexpr std::int32_t UNTIMED = -1;  ///< played in the next slice
+
+    /// An event by the names of its parts: `OrvMidiMessage({.type = MessageType::noteOn, .d1 = 60, .d2 = 100})`.
+    struct Fields {
+        MessageType type = MessageType::noteOff;
+        int d1 = 0;                     ///< 0 to 127
+        int d2 = 0;                     ///< 0 to 127
+        int channel = DEFAULT_CHANNEL;  ///< 0 to 15, above that 15; below 0 the default channel
+        int output = DEFAULT_OUTPUT;    ///< index of a port, 0 to 127
+        int zone = DEFAULT_ZONE;        ///< 0 to 127
+        int input = DEFAULT_INPUT;      ///< index of a port, 0 to 127
+        std::int32_t pulse = UNTIMED;   ///< pulses, from 0
+    };
+
     constexpr OrvMidiMessage() = default;
+    constexpr OrvMidiMessage(const Fields& fields)
+        : zone(static_cast<std::int8_t>(fields.zone)),
+          output(static_cast<std::int8_t>(fields.output)),
+          input(static_cast<std::int8_t>(fields.input)),
+          defaultChannel(fields.channel < 0),
+          midiMessage(fields.type, fields.d1, fields.d2, fields.channel),
+          ppq(fields.pulse)
+    {
+    }
 
     /// `channel` below 0 is the default channel, above 15 counts as 15; `pulse` below 0 is untimed.
     constexpr OrvMidiMessage(MessageType type, int d1, int d2, int channel, int toOutput, int inZone, int fromInput,
                              std::int32_t pulse)
-        : zone(static_cast<std::int8_t>(inZone)),
-          output(static_cast<std::int8_t>(toOutput)),
-          input(static_cast<std::int8_t>(fromInput)),
-          defaultChannel(channel < 0),
-          midiMessage(type, d1, d2, channel),
-          ppq(pulse)
+        : OrvMidiMessage(Fields{type, d1, d2, channel, toOutput, inZone, fromInput, pulse})
     {
     }
 
@@ -146,6 +164,6 @@ private:
     MidiMessage midiMessage;
     Cell fromControl;
     MidiEngineMessageType midiEngineMessageType = MidiEngineMessageType::midiEvent;
-    std::int32_t ppq = -1;
+    std::int32_t ppq = UNTIMED;
 };
 }  // namespace Backend::MidiEngine

@@ -10,18 +10,10 @@ using Backend::MidiEngine::OrvMidiMessage;
 namespace
 {
 constexpr int RELEASE_VELOCITY = 64;
-constexpr int UNTIMED = -1;
 
 OrvMidiMessage event(MessageType type, int note, int velocity)
 {
-    return {type,
-            note,
-            velocity,
-            OrvMidiMessage::DEFAULT_CHANNEL,
-            OrvMidiMessage::DEFAULT_OUTPUT,
-            OrvMidiMessage::DEFAULT_ZONE,
-            OrvMidiMessage::DEFAULT_INPUT,
-            UNTIMED};
+    return OrvMidiMessage({.type = type, .d1 = note, .d2 = velocity});
 }
 }  // namespace
 

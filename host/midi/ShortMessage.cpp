@@ -63,13 +63,10 @@ bool isClockMessage(const ShortMessage& message)
 OrvMidiMessage toInputEvent(const ShortMessage& message, int input)
 {
     const bool isSystem = message.bytes[0] >= StatusByte::SYSTEM_EXCLUSIVE;
-    return {static_cast<MessageType>(message.bytes[0]),
-            message.bytes[1],
-            message.bytes[2],
-            isSystem ? 0 : message.channel(),
-            OrvMidiMessage::DEFAULT_OUTPUT,
-            OrvMidiMessage::DEFAULT_ZONE,
-            input,
-            -1};
+    return OrvMidiMessage({.type = static_cast<MessageType>(message.bytes[0]),
+                           .d1 = message.bytes[1],
+                           .d2 = message.bytes[2],
+                           .channel = isSystem ? 0 : message.channel(),
+                           .input = input});
 }
 }  // namespace Host

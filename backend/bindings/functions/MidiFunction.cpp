@@ -73,8 +73,12 @@ void MidiParameters::play(OrvIF& orv, const MidiShape& shape) const
     const int low = wide ? d1 & SEVEN_BITS : d1;
     const int high = wide ? (d1 >> 7) & SEVEN_BITS : d2;
     const bool isForLayers = shape.path == MidiShape::Path::layers;
-    orv.playMidi({shape.status, low, high, isForLayers ? channel : 0, output,
-                  isForLayers ? zone : OrvMidiMessage::DEFAULT_ZONE, OrvMidiMessage::DEFAULT_INPUT, -1});
+    orv.playMidi(OrvMidiMessage({.type = shape.status,
+                                 .d1 = low,
+                                 .d2 = high,
+                                 .channel = isForLayers ? channel : 0,
+                                 .output = output,
+                                 .zone = isForLayers ? zone : OrvMidiMessage::DEFAULT_ZONE}));
 }
 
 FunctionNoteSpan Functions::MidiNoteOn::getNoteSpan() const
