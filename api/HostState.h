@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 namespace Backend
 {
@@ -10,5 +11,13 @@ struct HostState {
     int number = 0;                   ///< the program's number in it, from 0
     std::string program;              ///< the program as it is played, for `OrvIF::loadProgramFromString`
     bool areSettingsWritten = false;  ///< false if the settings could not be written
+};
+
+/// What a host needs of the settings and of what was loaded at the start.
+struct HostStart {
+    std::string bank;                  ///< path of the bank that is loaded; empty for none
+    std::string defaultBank;           ///< path of the bank that the settings name
+    std::vector<bool> enabledInputs;   ///< the user's choices by number of the port, as far as there are any
+    std::vector<bool> enabledOutputs;  ///< the same for outputs
 };
 }  // namespace Backend

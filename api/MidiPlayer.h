@@ -1,7 +1,6 @@
 #pragma once
 
 #include "backend/values/OrvMidiMessage.h"
-#include "platform/Clock.h"
 #include "platform/Export.h"
 #include "platform/Thread.h"
 
@@ -41,6 +40,6 @@ public:
     /// The time that played events have in the retrospective record: milliseconds of a clock that wraps round. Any
     /// thread; asked at most once in a time slice, which it must not keep waiting. Hosts whose time is not the system's
     /// have their own.
-    virtual std::uint32_t getMilliseconds() { return monotonicMilliseconds(); }
+    virtual std::uint32_t getMilliseconds();
 };
 }  // namespace Backend::MidiEngine

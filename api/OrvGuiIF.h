@@ -11,9 +11,9 @@
 #include "backend/values/OrvMidiMessage.h"
 #include "platform/Export.h"
 #include "platform/Rect.h"
-#include "platform/WindowHandle.h"
 
 class QWidget;
+class WindowHandle;
 
 namespace Backend
 {
@@ -127,7 +127,7 @@ public:
 
     /// Has the host move the window.
     virtual void moveWindow(const Backend::WindowMove& move) = 0;
-    /// An event sent to an output: passed to the display and shown on the output screen.
+    /// An event sent to an output: shown on the output screen.
     virtual void displayMidiOutputEvent(const Backend::MidiEngine::OrvMidiMessage& event) = 0;
     virtual void setDockToBottomEdge(bool on) = 0;
     virtual GuiMessageManagerMaster& getGuiMessageManagerMaster() = 0;

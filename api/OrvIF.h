@@ -5,8 +5,8 @@
 #include <vector>
 
 #include "api/HostState.h"
+#include "api/RetroRecordReport.h"
 #include "backend/model/MidiPort.h"
-#include "backend/model/ScreenState.h"
 #include "backend/values/Key.h"
 #include "backend/values/NoteToggle.h"
 #include "backend/values/OnOffToggle.h"
@@ -15,8 +15,13 @@
 #include "backend/values/SelectControlType.h"
 #include "backend/values/SelectType.h"
 #include "platform/Export.h"
-#include "platform/Rect.h"
-#include "platform/WindowHandle.h"
+
+class WindowHandle;
+
+namespace WindowsLib
+{
+struct Rect;
+}
 
 namespace Gui
 {
@@ -31,6 +36,7 @@ class RegistrySettings;
 struct Bank;
 struct PresetSection;
 struct Program;
+struct ScreenState;
 struct WindowMove;
 
 namespace ComputerInput
@@ -42,8 +48,9 @@ class KeyConfigurationMap;
 }  // namespace ComputerInput
 namespace Display
 {
+class DisplayListener;
 class DisplayMessageManager;
-}
+}  // namespace Display
 
 namespace Controls
 {
@@ -98,84 +105,100 @@ namespace RetroRecord
 class RetroRecordManager;
 }
 
-/// The backend as a host, the GUI and the backend's own parts see it. A host calls, in this order:
+/// The backend as a host, the window and the backend's own parts use it. A host calls, in this order:
 ///
-///     OrvFactory::createOrv, start,
+///     OrvFactory::makeOrv, start,
 ///     sendInitialize, sendSetMidiInputPorts, sendSetMidiOutputPorts, sendEndInitialize  (getOrvMessageManager),
 ///     playTimeSlice again and again on one thread,
-///     and to end: inputs off, two slices, sendReset (getMidiEngineMessageManager), sendEnd while slices still run,
-///     no more slices, stop, delete.
+///     and to end: inputs off, two slices, sendReset while slices still run, sendEnd, no more slices, stop, delete.
 ///
-/// Operations run on the backend thread, where the message managers call them, unless they say otherwise. None fails:
-/// what is out of range is ignored.
+/// Each operation, or the line above a group of them, says where it may be called:
+///
+///     [host]       on the thread that created the backend; may wait.
+///     [backend]    on the backend thread, which executes the commands of `OrvMessageManager`: a host posts the command
+///                  instead. A debug build asserts it. While the backend thread does not run, any one thread may.
+///     [any]        on any thread, but neither in a time slice nor in another real-time callback: it may allocate and
+///                  take a lock for a moment.
+///     [real-time]  on any thread, in real-time callbacks too: it neither allocates nor waits.
+///
+/// No operation fails: what is out of range, or names something that does not exist, changes nothing. Numbers count
+/// from 0. Texts and paths are UTF-8. References that are returned are valid as long as the backend.
+///
+/// The order of the operations is part of the binary interface: new ones come last.
 class ORV_API OrvIF
 {
 public:
+    /// The longest time slice is one pulse shorter: a slice of that many pulses or more means that the clock jumped.
+    static constexpr std::int32_t MAX_TIME_SLICE = 5000;
+    /// The pulse at which a host's clock starts; earlier ones are left to what was due before.
+    static constexpr std::int32_t FIRST_PULSE = 50000000;
+
     virtual ~OrvIF() = default;
 
-    /// Reads the settings and the lists of presets, copies the factory content for a new user, and starts what the
-    /// backend consists of. Reached through `OrvMessageManager::sendInitialize`.
+    /// [backend] Reads the settings and the lists of presets, copies the factory content for a new user, and starts
+    /// what the backend consists of; sends the controls that send when a program is loaded, once the ports are known;
+    /// stops it again and saves the settings. See `OrvMessageManager::sendInitialize` and its neighbours.
     virtual void initialize() = 0;
-    /// Sends the controls that are to send when a program is loaded. The ports are there by now.
     virtual void endInitialize() = 0;
-    /// Stops it again and saves the settings.
     virtual void end() = 0;
 
-    /// Starts and stops the backend thread. The host's thread.
+    /// [host] Start the backend thread; end it after the commands that were posted before, and wait for that.
     virtual void start() = 0;
     virtual void stop() = 0;
 
-    /// The window that is notified of changes; empty if there is none. Any thread.
+    /// [any] The window that is notified of changes; an empty handle for none.
     virtual WindowHandle getGuiWindowHandle() const = 0;
     virtual void setGuiWindowHandle(const WindowHandle& window) = 0;
 
-    /// Any thread; they live as long as the backend.
+    /// [real-time] The commands that a host, the window or a section posts.
     virtual OrvMessageManager& getOrvMessageManager() = 0;
     virtual MidiEngine::MidiEngineMessageManager& getMidiEngineMessageManager() = 0;
     virtual Controls::ControlMessageManager& getControlMessageManager() = 0;
 
-    /// Kept in the settings: where the window was.
+    /// [backend] Kept in the settings: where the window was, in logical pixels.
     virtual void setLastWindowPosition(const WindowsLib::Rect& position) = 0;
 
-    /// Any thread.
+    /// [any] As `setGuiWindowHandle` with an empty handle.
     virtual void removeGuiWindowHandle() = 0;
 
-    /// Kept in the settings, and the GUI is notified.
+    /// [backend] Kept in the settings, and the window is notified.
     virtual void setDockToBottomEdge(bool on) = 0;
-    /// The bank that is loaded at the start; it is loaded now too. A file that is no bank with a program changes
-    /// nothing.
+    /// [backend] The bank that is loaded at the start; it is loaded now too. A file that is no bank with a program
+    /// changes nothing.
     virtual void setDefaultBank(const std::string& path) = 0;
-    /// Kept in the settings, and the GUI is notified.
+    /// [backend] Kept in the settings, and the window is notified: what a movement of the mouse is divided by; below 1
+    /// counts as 1.
     virtual void setMouseSensitivity(int divisor) = 0;
 
-    /// The host's whole list, at the start and whenever something changed.
+    /// [backend] The host's whole lists, at the start and whenever something changed; a port's index is its number, at
+    /// most 128 are used.
     virtual void setMidiInputPorts(const MidiEngine::MidiInputPorts& ports) = 0;
     virtual void setMidiOutputPorts(const MidiEngine::MidiOutputPorts& ports) = 0;
     virtual MidiEngine::MidiInputPorts getMidiInputPorts() const = 0;
     virtual MidiEngine::MidiOutputPorts getMidiOutputPorts() const = 0;
 
-    /// The user's choice. The backend's list of outputs changes only when the host sends the refreshed one.
+    /// [backend] The user's choice. The backend's list of outputs changes only when the host sends the refreshed one.
     virtual void enableMidiInput(int port, bool enabled) = 0;
     virtual void enableMidiOutput(int port, bool enabled) = 0;
 
-    /// Takes an event whose `getInput` is an enabled port; any other is dropped.
+    /// [backend] Takes an event whose `getInput` is an enabled port; any other is dropped.
     virtual void processMidiInputEvent(const MidiEngine::OrvMidiMessage& event) = 0;
 
-    /// Replaces the current program by the one of a file, keeping its number; of a ".prg" file its only one, of any
-    /// other the one of that number. A file without any program, here and below, is refused: everything stays, and the
-    /// window gets `GuiMessage::PROGRAM` with true. Otherwise every note is ended; what the program lacks is emptied;
-    /// where the file has no program of that number, the sections stay and the program has no name. Last, the controls
-    /// that are to send then do.
+    /// [backend] Replaces the current program by the one of a file, keeping its number; of a ".prg" file its only one,
+    /// of any other the one of that number. A file without any program, here and below, is refused: everything stays,
+    /// and the window gets `GuiMessage::PROGRAM` with true. Otherwise every note is ended; what the program lacks is
+    /// emptied; where the file has no program of that number, the sections stay and the program has no name. Last, the
+    /// controls that are to send then do.
     virtual void loadProgram(const std::string& path) = 0;
-    /// The program of that number, from 0, of the current bank.
+    /// [backend] The program of that number, from 0, of the current bank.
     virtual void changeProgram(int number) = 0;
-    /// The program of a text that `getProgramAsString` gave, under that number.
+    /// [backend] The program of a text that `getProgramAsString` gave, under that number.
     virtual void loadProgramFromString(const std::string& text, int number) = 0;
-    /// Makes the file the current bank and loads the program of the current number.
+    /// [backend] Makes the file the current bank and loads the program of the current number.
     virtual void loadBank(const std::string& path) = 0;
 
-    /// Make a new file of one of version 2, whole or not at all; nothing that plays is touched. The preset gets a name
-    /// and enters the list of the section that its file is for. See `Version2::importBank`.
+    /// [backend] Make a new file of one of version 2, whole or not at all; nothing that plays is touched. The preset
+    /// gets a name and enters the list of the section that its file is for. See `Version2::importBank`.
     virtual void importVersion2Bank(const std::string& source, const std::string& target,
                                     const WindowHandle& window) = 0;
     virtual void importVersion2Program(const std::string& source, const std::string& target,
@@ -183,40 +206,41 @@ public:
     virtual void importVersion2Preset(const std::string& source, const std::string& name,
                                       const WindowHandle& window) = 0;
 
-    /// Put the current program in the place of one of the current bank, or of the one of the current number in another
-    /// bank, which becomes the current one. A program that is saved in the place of another is then loaded again as the
-    /// bank has it. A bank without such a program stays as it is; so does, here and below, any file that could not be
-    /// written in full. Files are written on a thread of their own: keys, MIDI and edits go on, while commands that use
-    /// the bank or a file, `end` among them, wait.
+    /// [backend] Put the current program in the place of one of the current bank, or of the one of the current number
+    /// in another bank, which becomes the current one. A program that is saved in the place of another is then loaded
+    /// again as the bank has it. A bank without such a program stays as it is; so does, here and below, any file that
+    /// could not be written in full. Files are written on a thread of their own: keys, MIDI and edits go on, while
+    /// commands that use the bank or a file, `end` among them, wait.
     ///
     /// `window`, here and with the imports, is the progress dialog, or none. It gets `GuiMessage::OPERATION_DONE` when
     /// all is done or has failed, unless there was nothing to do: no path, no bank, a number below 0.
     virtual void saveToCurrentBank(int number, const WindowHandle& window) = 0;
     virtual void saveToBank(const std::string& path, const WindowHandle& window) = 0;
-    /// Writes the current program as a file of its own.
+    /// [backend] Writes the current program as a file of its own.
     virtual void saveToProgram(const std::string& path, const WindowHandle& window) = 0;
-    /// The current program as a text, for a host that keeps its state.
+    /// [backend] The current program as a text, for a host that keeps its state.
     virtual std::string getProgramAsString() = 0;
 
-    /// Kept in the settings, and the GUI is notified.
+    /// [backend] Kept in the settings, and the window is notified.
     virtual void setAlwaysOnTop(bool on) = 0;
     virtual void setUseSkinBorder(bool on) = 0;
 
-    /// Asks the window to show or hide a screen; nothing without a window.
+    /// [any] Ask the window to show or hide a screen; nothing without a window. So do the operations of that kind
+    /// below.
     virtual void showSystemPanel(bool on) = 0;
     virtual void toggleSystemPanel() = 0;
 
-    /// Kept in the settings, in pixels.
+    /// [backend] Kept in the settings: the height of the display in logical pixels; whether it shows numbers instead
+    /// of names.
     virtual void setDisplayHeight(int pixels) = 0;
-    /// Kept in the settings: whether the display numbers its lines.
     virtual void setDisplayNumbers(bool on) = 0;
-    /// Kept in the settings, and the GUI is notified.
+    /// [backend] Kept in the settings, and the window is notified.
     virtual void setLargeDisplayFont(bool on) = 0;
-    /// Kept in the settings: what the display shows.
+    /// [backend] Kept in the settings: what the display shows.
     virtual void setDisplayMidiInputEvents(bool on) = 0;
     virtual void setDisplayMidiOutputEvents(bool on) = 0;
 
-    /// Asks the window to show or hide a screen; nothing without a window.
+    /// [any]
     virtual void showDisplay(bool on) = 0;
     virtual void toggleDisplay() = 0;
     virtual void showHelp(bool on) = 0;
@@ -231,133 +255,145 @@ public:
     virtual void toggleZone() = 0;
     virtual void showSaveDialog() = 0;
 
-    /// Gives an event to the engine.
+    /// [any] Gives an event to the engine, which plays it in the next slice, or at its pulse if it has one.
     virtual void playMidi(const MidiEngine::OrvMidiMessage& event) = 0;
-    /// Gives an event of an input to the display. Any thread but a time slice.
+    /// [any] Gives an event of an input to the display.
     virtual void displayMidiInputEvent(const MidiEngine::OrvMidiMessage& event) = 0;
 
+    /// The sections and their commands: [backend] what a section itself offers, [real-time] a reference to its
+    /// commands.
     virtual Oscillators::OscManager& getOscManager() = 0;
-    /// Any thread; they live as long as the backend.
     virtual Oscillators::OscMessageManager& getOscMessageManager() = 0;
+    /// [any]
     virtual void showOsc(bool on) = 0;
     virtual void toggleOsc() = 0;
 
+    /// As `getOscManager` and `getOscMessageManager`.
     virtual Joystick::JoystickManager& getJoystickManager() = 0;
-    /// Any thread; it lives as long as the backend.
     virtual Joystick::JoystickMessageManager& getJoystickMessageManager() = 0;
+    /// [any]
     virtual void showJoystick(bool on) = 0;
     virtual void toggleJoystick() = 0;
+    /// [backend] A copy.
     virtual Joystick::JoystickConfiguration getJoystickConfiguration() const = 0;
 
+    /// As `getOscManager` and `getOscMessageManager`.
     virtual ComputerInput::ComputerInputManager& getComputerInputManager() = 0;
-    /// Any thread; it lives as long as the backend.
     virtual ComputerInput::ComputerInputMessageManager& getComputerInputMessageManager() = 0;
+    /// [any]
     virtual void showComputerInput(bool on) = 0;
     virtual void toggleComputerInput() = 0;
-    /// A key of the computer goes down, again and again while it is held, and comes up. Any thread; they post.
+    /// [any] A key of the computer goes down, again and again while it is held, and comes up. They post.
     virtual void keyDown(const Key& key, bool isRepeat) = 0;
     virtual void keyUp(const Key& key) = 0;
-    /// See `ComputerInputManager`.
+    /// [backend] See `ComputerInputManager`.
     virtual void mergeKeyConfigurations(const std::vector<ComputerInput::KeyConfiguration>& configurations,
                                         bool notifyGui) = 0;
+    /// [backend] A copy.
     virtual ComputerInput::KeyConfigurationMap getComputerInputConfiguration() const = 0;
 
+    /// As `getOscManager` and `getOscMessageManager`.
     virtual MidiInput::MidiInputManager& getMidiInputManager() = 0;
-    /// Any thread; it lives as long as the backend.
     virtual MidiInput::MidiInputMessageManager& getMidiInputMessageManager() = 0;
+    /// [any]
     virtual void showMidiInput(bool on) = 0;
     virtual void toggleMidiInput() = 0;
-    /// A copy.
+    /// [backend] A copy.
     virtual MidiInput::MidiEventConfigurationMap getMidiInputConfiguration() const = 0;
 
+    /// As `getOscManager`.
     virtual Controls::ControlManager& getControlManager() = 0;
+    /// [any]
     virtual void showControl(bool on) = 0;
     virtual void toggleControl() = 0;
 
+    /// As `getOscManager` and `getOscMessageManager`.
     virtual Layers::LayerManager& getLayerManager() = 0;
-    /// Any thread; they live as long as the backend.
     virtual Layers::LayerMessageManager& getLayerMessageManager() = 0;
     virtual Zones::ZoneManager& getZoneManager() = 0;
     virtual Zones::ZoneMessageManager& getZoneMessageManager() = 0;
+    /// [real-time] The display's commands.
     virtual Display::DisplayMessageManager& getDisplayMessageManager() = 0;
 
-    /// The current ones. The number may be set before `start`: the first bank is loaded with it.
+    /// [backend] The current ones.
     virtual Bank& getBank() = 0;
     virtual Program& getProgram() = 0;
 
     /// The host's clock call: plays what is due from pulse `startPpq` up to, not including, `endPpq`, at 480 pulses
-    /// per quarter note. Always on the same thread, the one that `MidiPlayer::getThreadId` names. Spans follow each
-    /// other without gaps; one of 5000 pulses or more plays nothing, one that ends before it starts catches up.
+    /// per quarter note. Always on the same thread, the one that `MidiPlayer::getThreadId` names; in a real-time
+    /// callback too, since it allocates nothing and waits for no thread longer than that takes to swap a list. Spans
+    /// follow each other without gaps; one of MAX_TIME_SLICE pulses or more plays nothing, one that ends before it
+    /// starts catches up.
     virtual void playTimeSlice(std::int32_t startPpq, std::int32_t endPpq) = 0;
 
-    /// The backend thread's. Read from the settings store in `initialize`, kept there in `end`.
+    /// [backend] Read from the settings store in `initialize`, kept there in `end`.
     virtual RegistrySettings& getRegistrySettings() = 0;
 
-    /// Any thread.
+    /// [real-time] The backend thread.
     virtual MessageManagerMaster& getMessageManagerMaster() = 0;
 
-    /// Beats per minute, 20 to 250.
+    /// [backend] Beats per minute, 20 to 250.
     virtual int getTempo() const = 0;
-    /// -1 for the internal clock, otherwise an input port.
+    /// [backend] -1 for the internal clock, otherwise an input port.
     virtual int getTempoSource() const = 0;
-    /// Ignored if the result lies outside 20 to 250. With `notify` the GUI is notified.
+    /// [backend] Ignored if the result lies outside 20 to 250. With `notify` the window is notified.
     virtual void changeTempo(const RelativeFixedValue& value, bool notify) = 0;
-    /// Ignored if `source` is neither -1 nor the index of an input port.
+    /// [backend] Ignored if `source` is neither -1 nor the index of an input port.
     virtual void setTempoSource(int source, bool notify) = 0;
 
-    /// Works out anew which zones the inputs play in.
+    /// [backend] Works out anew which zones the inputs play in.
     virtual void updateZones() = 0;
 
-    /// Ends every note and sends the hard reset's messages to the default output. Waits for a time slice.
+    /// [backend] Ends every note and sends the hard reset's messages to the default output. Waits for a time slice.
     virtual void resetOrv() = 0;
 
-    /// Cuts programs off the end of the current bank's file, or appends empty ones. A program beyond the new end gives
-    /// way to the last one before it.
+    /// [backend] Cuts programs off the end of the current bank's file, or appends empty ones. A program beyond the new
+    /// end gives way to the last one before it.
     virtual void changeBankSize(int size, const WindowHandle& window) = 0;
-    /// Of the current program, in memory alone. A name that is not UTF-8 is ignored.
+    /// [backend] Of the current program, in memory alone. A name that is not UTF-8 is ignored.
     virtual void changeProgramName(const std::string& name) = 0;
 
-    /// The sequences that stand by themselves. The backend thread's.
+    /// [backend] The sequences that stand by themselves.
     virtual SequenceManagement::SequencePresetManager& getSequencePresetManager() = 0;
-    /// Writes the sequence of that text as a preset, in place of one of that name.
+    /// [backend] Writes the sequence of that text as a preset, in place of one of that name.
     virtual void addSequencePreset(const std::string& name, const std::string& text) = 0;
 
-    /// See `ControlManager`.
+    /// [backend] See `ControlManager`; the values of a control are 0 to 127, or 0 to 16383 where it is fine.
     virtual void selectControl(const SelectControlType& select) = 0;
     virtual void changeControl(const SelectControlType& select, const RelativeFixedValue& value) = 0;
     virtual void sendControlData(const SelectControlType& select) = 0;
 
-    /// The next, previous or given program of the bank; ignored at either end.
+    /// [backend] The next, previous or given program of the bank; ignored at either end.
     virtual void changeProgram(const SelectType& select) = 0;
 
-    /// The next, previous or given output that is enabled and open becomes the default one.
+    /// [backend] The next, previous or given output that is enabled and open becomes the default one.
     virtual void changeDefaultMidiOutput(const SelectType& select) = 0;
 
-    /// Asks the window for the pop-up menu of programs.
+    /// [any] Asks the window for the pop-up menu of programs.
     virtual void showProgramMenu() = 0;
 
-    /// See `ZoneManager`.
+    /// [backend] See `ZoneManager`; transposition in half tones.
     virtual void changeZoneTranspose(const SelectType& select, const RelativeFixedValue& value) = 0;
     virtual void selectZone(const SelectType& select) = 0;
 
-    /// Asks the window for the pop-up menu of outputs.
+    /// [any] Asks the window for the pop-up menu of outputs.
     virtual void showDefaultMidiOutputMenu() = 0;
 
-    /// Kept in the settings: which screens the window showed when it was closed.
+    /// [backend] Kept in the settings: which screens the window showed when it was closed.
     virtual void setScreenState(const ScreenState& state) = 0;
     virtual ScreenState getScreenState() const = 0;
 
-    /// Any thread; it lives as long as the backend.
+    /// [real-time] The retrospective record.
     virtual RetroRecord::RetroRecordManager& getRetroRecordManager() = 0;
-    /// Kept in the settings, and the GUI is notified: bytes for each output, 1000 to 200000000.
+    /// [backend] Kept in the settings, and the window is notified: bytes for each output, 1000 to 200000000.
     virtual void setRetroRecordBufferSize(int bytes) = 0;
     virtual void enableRetroRecord(bool on) = 0;
 
-    /// Kept in the settings; with `notify` the GUI is notified.
+    /// [backend] Kept in the settings; with `notify` the window is notified.
     virtual void changeMidiThru(const OnOffToggle& value, bool notify) = 0;
     virtual void changeGlobalKeyboard(const OnOffToggle& value, bool notify) = 0;
 
-    /// See `LayerManager`.
+    /// [backend] See `LayerManager`; transposition in half tones, velocity in steps of MIDI.
     virtual void selectLayer(const SelectType& select) = 0;
     virtual void editLayer(const SelectType& select) = 0;
     virtual void changeLayerTranspose(const SelectType& select, const RelativeFixedValue& value) = 0;
@@ -367,66 +403,89 @@ public:
     virtual void changeLayerSolo(const SelectType& select, const OnOffToggle& value) = 0;
     virtual void changeLayerNoteToggle(const SelectType& select, const NoteToggle& value) = 0;
 
-    /// Gives an event on its way to an output to the display, as a window does with each
-    /// GuiMessage::MIDI_OUTPUT_EVENT it gets. Any thread but a time slice.
+    /// [any] Gives an event of an output to the display. While there is a window or a display listener, the engine
+    /// gives it what it plays by itself.
     virtual void displayMidiOutputEvent(const MidiEngine::OrvMidiMessage& event) = 0;
 
-    /// Kept in the settings: what a simple program plays with.
+    /// [backend] Kept in the settings: what a simple program plays with: velocity 0 to 127, channel 0 to 15.
     virtual void setLiteVelocity(int velocity) = 0;
     virtual void setLiteChannel(int channel) = 0;
     virtual void setLiteStackNotes(bool on) = 0;
 
-    /// Kept in the settings, and the GUI is notified.
+    /// [backend] Kept in the settings, and the window is notified.
     virtual void setClickZoneChannelTranspose(bool on) = 0;
 
-    /// True when every worker has handled to its end all that was posted to it, or waits in a reset for a time slice.
-    /// Only a post, a slice or a `send` ends that state. Any thread.
+    /// [any] True when every worker has handled to its end all that was posted to it, or waits in a reset for a time
+    /// slice. Only a post, a slice or a `send` ends that state.
     virtual bool isAtRest() const = 0;
 
-    /// True while a reset waits for a time slice. Any thread.
+    /// [real-time] True while a reset waits for a time slice.
     virtual bool isResetWaiting() const = 0;
 
-    /// Asks the window to put the cursor into a control.
+    /// [any] Asks the window to put the cursor into a control.
     virtual void setWidgetFocus(const SelectControlType& select) = 0;
-    /// For a host that wants the same chance each time: what is left to it from now on depends on the seed alone. Any
-    /// thread but the time slice.
+    /// [any] For a host that wants the same chance each time: what is left to it from now on depends on the seed alone.
     virtual void setRandomSeed(std::uint32_t seed) = 0;
 
-    /// Makes a function of its element, `<ChangeTempo value="+10"/>`, and runs it; a text that is none does nothing.
+    /// [backend] Makes a function of its element, `<ChangeTempo value="+10"/>`, and runs it; a text that is none does
+    /// nothing, see `FunctionText`.
     virtual void executeFunction(const std::string& xml) = 0;
 
-    /// Asks the window to move, in pixels or along the whole screen.
+    /// [any] Asks the window to move, in pixels or along the whole screen.
     virtual void moveWindow(const WindowMove& move) = 0;
 
-    /// From here until `stopJoysticks`, or `stop`, the joysticks that are plugged in play, on a thread of their own; at
-    /// the end the buttons that are held are released. A host that does not call it may report joysticks itself, see
-    /// `OrvMessageManager::postJoystickAxis`. The host's thread.
+    /// [host] From here until `stopJoysticks`, or `stop`, the joysticks that are plugged in play, on a thread of their
+    /// own; at the end the buttons that are held are released. A host that does not call it may report joysticks
+    /// itself, see `OrvMessageManager::postJoystickAxis`.
     virtual void startJoysticks() = 0;
     virtual void stopJoysticks() = 0;
 
-    /// Makes the window's object, which the caller deletes; see `OrvMessageManager::sendCreateOrvGui`. Null where the
-    /// library has no window.
+    /// [backend] Makes the window's object, which the caller deletes; see `OrvMessageManager::sendCreateOrvGui`. Null
+    /// where the library has no window.
     virtual Gui::OrvGuiIF* createOrvGui(bool isVstPlugin) = 0;
-    /// Sends the window all that it shows. For one that was just opened.
+    /// [backend] Sends the window all that it shows. For one that was just opened.
     virtual void refreshGui() = 0;
 
-    /// Writes the settings, as `end` does, and returns what else a host must keep to restore its state.
+    /// [backend] Writes the settings, as `end` does, and returns what else a host must keep to restore its state.
     virtual HostState saveState() = 0;
 
-    /// Removes a sequence preset and its file. The window is notified of this, and of `addSequencePreset`, by
+    /// [backend] Removes a sequence preset and its file. The window is notified of this, and of `addSequencePreset`, by
     /// GuiMessage::SEQUENCE_PRESETS.
     virtual void deleteSequencePreset(const std::string& name) = 0;
-    /// See `RetroRecordManager::save`; the window is notified of the result.
+    /// [any] Saves and empties the retrospective record: an output's becomes the MIDI file "<stem>_<output name>.mid".
+    /// The window is notified of the result.
     virtual void saveRetroRecord(const std::string& stem) = 0;
 
-    /// Loads a preset of that section. One that is missing, cannot be read or is another section's changes nothing.
+    /// [backend] Loads a preset of that section. One that is missing, cannot be read or is another section's changes
+    /// nothing.
     virtual void loadPreset(const PresetSection& section, const std::string& name) = 0;
 
-    /// See `OscManager`.
+    /// [backend] See `OscManager`; speed in pulses per cycle, 40 to 30720.
     virtual void selectOsc(const SelectType& select) = 0;
     virtual void changeOscPlaying(const SelectType& select, const OnOffToggle& value) = 0;
     virtual void changeOscSpeed(const SelectType& select, const RelativeFixedValue& value) = 0;
-    /// A knob's position, 0 to 127, from the slowest speed to the fastest.
+    /// [backend] A knob's position, 0 to 127, from the slowest speed to the fastest.
     virtual void setOscSpeedFromMidi(const SelectType& select, std::int32_t value) = 0;
+
+    /// [any] As the other one, but `listener` gets the result, on the recorder's thread.
+    virtual void saveRetroRecord(const std::string& stem, RetroRecord::SaveListener listener) = 0;
+
+    /// [any] What gets the display's text, in place of a window; null for none. It must live until another takes its
+    /// place or the backend has ended. `updateDisplayListener` gives it what is new, `resendDisplayText` the whole
+    /// text.
+    virtual void setDisplayListener(Display::DisplayListener* listener) = 0;
+    virtual void updateDisplayListener() = 0;
+    virtual void resendDisplayText() = 0;
+
+    /// [host] Before `start`: the backend thread and the thread of the engine's commands will request real-time
+    /// priority, below that of the clock. What the system granted is in `realTimeAnswer`.
+    virtual void requestRealTime() = 0;
+
+    /// [backend] What a host needs of the settings and of what was loaded at the start.
+    virtual HostStart getHostStart() const = 0;
+
+    /// [backend] The number, from 0, of the program that the next bank loads, the one at the start included. Nothing is
+    /// loaded now.
+    virtual void setProgramNumber(int number) = 0;
 };
 }  // namespace Backend

@@ -5,6 +5,7 @@
 #include "backend/messages/ControlMessageManager.h"
 #include "backend/messages/JoystickMessageManager.h"
 #include "backend/messages/MessageManagerMaster.h"
+#include "backend/messages/MidiEngineMessageManager.h"
 #include "backend/messages/OrvMessages.h"
 #include "backend/messages/SettingMessages.h"
 
@@ -14,10 +15,7 @@ using MidiEngine::MidiInputPorts;
 using MidiEngine::MidiOutputPorts;
 using MidiEngine::OrvMidiMessage;
 
-OrvMessageManager::OrvMessageManager(MessageManagerMaster& managerMaster, OrvIF& backend, Handler handler)
-    : MessageManager(managerMaster, OrvMessage::RANGE, std::move(handler)), orv(backend)
-{
-}
+constinit const WindowHandle NO_WINDOW;
 
 void OrvMessageManager::sendInitialize() { master.send(OrvMessage::INITIALIZE()); }
 
@@ -44,6 +42,12 @@ void OrvMessageManager::postSetMidiOutputPorts(const MidiOutputPorts& ports)
 }
 
 void OrvMessageManager::sendEndInitialize() { master.send(OrvMessage::END_INITIALIZE()); }
+
+void OrvMessageManager::postSetProgramNumber(int number) { master.post(OrvMessage::SET_PROGRAM_NUMBER(number)); }
+
+HostStart OrvMessageManager::sendGetHostStart() { return ask(master, OrvMessage::GET_HOST_START); }
+
+void OrvMessageManager::sendReset() { orv.getMidiEngineMessageManager().sendReset(); }
 
 HostState OrvMessageManager::sendSaveState() { return ask(master, OrvMessage::SAVE_STATE); }
 

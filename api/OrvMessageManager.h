@@ -1,25 +1,45 @@
 #pragma once
 
 #include "api/OrvIF.h"
-#include "backend/messages/MessageManager.h"
+
+struct Message;
 
 namespace Backend
 {
-/// The backend's command set: what the outside world asks of it. `post` commands queue and return; `send` commands
-/// wait until the command is done, and must not be called on the backend thread. Any other thread.
-class ORV_API OrvMessageManager final : public MessageManager
+class MessageManagerMaster;
+
+/// No window: for the operations that notify one when they are done.
+extern ORV_API const WindowHandle NO_WINDOW;
+
+/// The backend's command set: what a host and the window ask of it. Any thread but the backend thread, and not in a
+/// time slice or another real-time callback: every operation allocates. `post` operations queue the command and return;
+/// `send` operations return when it is done, and one that resets waits for time slices, so it is not for the thread
+/// that plays them. Commands are executed in the order in which they were posted, by the operations of `OrvIF` of the
+/// same names, which say what their arguments mean.
+class ORV_API OrvMessageManager final
 {
 public:
-    /// `handler` executes what was posted, on the backend thread.
-    OrvMessageManager(MessageManagerMaster& managerMaster, OrvIF& backend, Handler handler);
+    OrvMessageManager(MessageManagerMaster& managerMaster, OrvIF& backend) : master(managerMaster), orv(backend) {}
 
+    OrvMessageManager(const OrvMessageManager&) = delete;
+    OrvMessageManager& operator=(const OrvMessageManager&) = delete;
+
+    /// The start, after `OrvIF::start`: what the settings and folders hold, then the host's ports, then the controls
+    /// that send. The end.
     void sendInitialize();
+    void sendEndInitialize();
     void sendEnd();
+    /// The program that a bank loads from now on, see `OrvIF::setProgramNumber`; before `sendInitialize`, the one at
+    /// the start.
+    void postSetProgramNumber(int number);
+    /// After `sendInitialize`.
+    HostStart sendGetHostStart();
+
+    /// The host's whole lists, see `OrvIF::setMidiInputPorts`.
     void sendSetMidiInputPorts(const MidiEngine::MidiInputPorts& ports);
     void postSetMidiInputPorts(const MidiEngine::MidiInputPorts& ports);
     void sendSetMidiOutputPorts(const MidiEngine::MidiOutputPorts& ports);
     void postSetMidiOutputPorts(const MidiEngine::MidiOutputPorts& ports);
-    void sendEndInitialize();
     /// Makes the window's object, which the caller deletes before the backend ends; null where there is none to make.
     /// The flag says that a host of plug-ins shows the window.
     Gui::OrvGuiIF* sendCreateOrvGui(bool isVstPlugin);
@@ -37,6 +57,10 @@ public:
     void postProcessMidiInputEvent(const MidiEngine::OrvMidiMessage& event);
     /// The user moves the control of that cell; without one there nothing happens.
     void postChangeControl(const Cell& cell, std::int32_t value);
+    /// Ends every note and waits until a time slice has done so; at once before the first slice, and on the thread that
+    /// plays slices. Any thread, the backend thread too.
+    void sendReset();
+    /// A hard reset of everything, by the backend.
     void postResetOrv();
     /// See `OrvIF::loadProgram`; a path in UTF-8.
     void postLoadProgram(const std::string& path);
@@ -48,13 +72,16 @@ public:
     void postSaveRetroRecord(const std::string& stem);
     void postSetDefaultBank(const std::string& path);
     /// A save or an import notifies its progress dialog, `window`, when it is done; see `OrvIF::saveToCurrentBank`.
-    void postImportVersion2Bank(const std::string& source, const std::string& target, const WindowHandle& window);
-    void postImportVersion2Program(const std::string& source, const std::string& target, const WindowHandle& window);
-    void postImportVersion2Preset(const std::string& source, const std::string& name, const WindowHandle& window);
-    void postSaveToCurrentBank(int number, const WindowHandle& window);
-    void postSaveToBank(const std::string& path, const WindowHandle& window);
-    void postSaveToProgram(const std::string& path, const WindowHandle& window);
-    void postChangeBankSize(int size, const WindowHandle& window);
+    void postImportVersion2Bank(const std::string& source, const std::string& target,
+                                const WindowHandle& window = NO_WINDOW);
+    void postImportVersion2Program(const std::string& source, const std::string& target,
+                                   const WindowHandle& window = NO_WINDOW);
+    void postImportVersion2Preset(const std::string& source, const std::string& name,
+                                  const WindowHandle& window = NO_WINDOW);
+    void postSaveToCurrentBank(int number, const WindowHandle& window = NO_WINDOW);
+    void postSaveToBank(const std::string& path, const WindowHandle& window = NO_WINDOW);
+    void postSaveToProgram(const std::string& path, const WindowHandle& window = NO_WINDOW);
+    void postChangeBankSize(int size, const WindowHandle& window = NO_WINDOW);
     void postChangeProgramName(const std::string& name);
     /// The state of a host. While the one is loaded the host's slices must go on.
     std::string sendGetProgramAsString();
@@ -102,6 +129,7 @@ public:
     void postSetClickZoneChannelTranspose(bool on);
 
 private:
+    MessageManagerMaster& master;
     OrvIF& orv;
 };
 }  // namespace Backend

@@ -27,7 +27,8 @@ public:
     /// The host is to move the window with its frame, in logical pixels; a blank value leaves that axis unchanged.
     virtual void moveWindow(const RelativeFixedValue& x, const RelativeFixedValue& y) = 0;
 
-    /// Notices for a host that has switches of its own, or its own frame.
+    /// Notices for a host that has switches of its own, or its own frame. The last two also come when the window opens,
+    /// before it is made.
     virtual void systemPanelShown([[maybe_unused]] bool on) {}
     virtual void globalKeyboardChanged([[maybe_unused]] bool on) {}
     virtual void alwaysOnTopChanged([[maybe_unused]] bool on) {}

@@ -125,13 +125,14 @@ struct Saves {
             commands.postSaveToCurrentBank(0, {});
             commands.postSetMouseSensitivity(generation);
             commands.postSetDisplayHeight(generation);
-            commands.postPlayMidi({MidiEngine::MessageType::noteOn, 60, 100, 0, 0, -1, -1, -1});
+            commands.postPlayMidi(MidiEngine::OrvMidiMessage(
+                {.type = MidiEngine::MessageType::noteOn, .d1 = 60, .d2 = 100, .channel = 0, .output = 0}));
             rest();
             commands.sendSaveState();
             orv->getLayerMessageManager().postSavePreset("Kept", {});
             orv->playTimeSlice(pulse, pulse + 1);
             ++pulse;
-            orv->getRetroRecordManager().save(path("take"), {});
+            orv->saveRetroRecord(path("take"));
             rest();
             if (generation == 2) std::ofstream(path("settled"), std::ios::binary) << "1";
         }

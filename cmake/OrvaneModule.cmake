@@ -63,6 +63,7 @@ function(orv_write_modules)
     set(folder_of_${target} ${folder})
   endforeach()
   set(folder_of_Orv3_32 library)
+  set(folder_of_orv_host_platform platform)
 
   set(text "")
   foreach(module ${modules})

@@ -1,17 +1,16 @@
 // A whole host in one page: it owns the clock and a player, plays three notes through the library and prints what
 // would go to a MIDI device. Build it against the library and its headers:
 //
-//     c++ -std=c++20 minimal_host.cpp -I <headers> -l Orv3_32
+//     c++ -std=c++20 minimal_host.cpp $(pkg-config --cflags --libs orvane)
 
 #include <chrono>
 #include <cstdio>
 #include <memory>
 #include <thread>
 
+#include "api/MidiPlayer.h"
 #include "api/OrvFactory.h"
 #include "api/OrvMessageManager.h"
-#include "backend/messages/LayerMessageManager.h"
-#include "backend/messages/MidiEngineMessageManager.h"
 
 using namespace Backend;
 using namespace Backend::MidiEngine;
@@ -34,10 +33,14 @@ public:
     char getTempoSource() override { return -1; }
 };
 
+/// A program of one layer, which plays to the default output. Performers keep theirs in banks.
+constexpr const char* PROGRAM =
+    "<ProgramFile><Program name=\"One Layer\"><Layers><Layer/></Layers></Program></ProgramFile>";
+
 int main()
 {
     PrintingPlayer player;
-    const std::unique_ptr<OrvIF> orv(OrvFactory::createOrv("Minimal Host", player, false));
+    const auto orv = OrvFactory::makeOrv("Minimal Host", player, false);
     OrvMessageManager& commands = orv->getOrvMessageManager();
 
     orv->start();
@@ -45,14 +48,10 @@ int main()
     commands.sendSetMidiInputPorts({{{.name = "Keyboard"}}});
     commands.sendSetMidiOutputPorts({{{.name = "Printer"}}});
     commands.sendEndInitialize();
-
-    // What is played goes through layers, which a performer keeps in programs and banks. One is enough here.
-    Layers::LayerList layers;
-    layers.add({});
-    orv->getLayerMessageManager().postSetLayers(layers, false);
+    commands.postLoadProgramFromString(PROGRAM, 0);
 
     // 120 beats per minute of 480 pulses each: one slice of ten pulses every 10.4 milliseconds.
-    std::int32_t pulse = 50000000;
+    std::int32_t pulse = OrvIF::FIRST_PULSE;
     const auto playFor = [&](int slices) {
         for (int i = 0; i < slices; ++i, pulse += 10) {
             orv->playTimeSlice(pulse, pulse + 10);
@@ -60,19 +59,17 @@ int main()
         }
     };
     for (const int note : {60, 64, 67}) {
-        const auto post = [&](MessageType type) {
-            commands.postProcessMidiInputEvent({type, note, 100, /*channel*/ 0, /*output*/ -1, /*zone*/ -1,
-                                                /*input*/ 0, /*untimed*/ -1});
-        };
-        post(MessageType::noteOn);
+        commands.postProcessMidiInputEvent(
+            OrvMidiMessage({.type = MessageType::noteOn, .d1 = note, .d2 = 100, .channel = 0, .input = 0}));
         playFor(12);
-        post(MessageType::noteOff);
+        commands.postProcessMidiInputEvent(
+            OrvMidiMessage({.type = MessageType::noteOff, .d1 = note, .d2 = 100, .channel = 0, .input = 0}));
         playFor(12);
     }
 
     commands.postEnableMidiInput(0, false);  // from here on nothing new comes in
     playFor(2);
-    orv->getMidiEngineMessageManager().sendReset();
+    commands.sendReset();
     commands.sendEnd();
     orv->stop();
 }

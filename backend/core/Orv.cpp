@@ -32,7 +32,8 @@ constexpr const char* DEFAULT_BANK = "Default Bank.bnk";
 Orv::Orv(const std::string& application, MidiEngine::MidiPlayer& player, RetroRecord::Restore restoreRecord)
     : applicationName(application),
       files([this] { messageManagerMaster.post(OrvMessage::FILES_DONE()); }),
-      orvMessageManager(messageManagerMaster, *this, [this](Message& message) { handleCommand(message); }),
+      orvCommands(messageManagerMaster, OrvMessage::RANGE, [this](Message& message) { handleCommand(message); }),
+      orvMessageManager(messageManagerMaster, *this),
       midiEngine(player),
       retroRecord([&player] { return player.getMilliseconds(); }, restoreRecord),
       oscManager(*this, messageManagerMaster),
@@ -43,7 +44,7 @@ Orv::Orv(const std::string& application, MidiEngine::MidiPlayer& player, RetroRe
       layerManager(*this, messageManagerMaster),
       zoneManager(*this, messageManagerMaster)
 {
-    messageManagerMaster.addMessageManager(&orvMessageManager);
+    messageManagerMaster.addMessageManager(&orvCommands);
     for (ProgramSection* section : sections) messageManagerMaster.addMessageManager(&section->getMessageManager());
     midiEngine.setControlUpdates(&controlManager.getUpdates());
 }
@@ -52,11 +53,13 @@ Orv::~Orv()
 {
     midiEngine.end();
     midiEngine.setEventRecorder(nullptr);
+    midiEngine.setEventLog(nullptr);
     stop();
 }
 
 void Orv::initialize()
 {
+    assertBackendThread();
     registrySettings.loadFromRegistry(OrvUtils::getRegistryKey(applicationName));
     startDisplay();
     startRetroRecord();
@@ -74,12 +77,18 @@ void Orv::initialize()
     initializing = false;
 }
 
-void Orv::endInitialize() { controlManager.sendAll(true); }
+void Orv::endInitialize()
+{
+    assertBackendThread();
+    controlManager.sendAll(true);
+}
 
 void Orv::end()
 {
+    assertBackendThread();
     midiEngine.end();
     midiEngine.setEventRecorder(nullptr);
+    midiEngine.setEventLog(nullptr);
     retroRecord.end();
     display.end();
     registrySettings.saveToRegistry(OrvUtils::getRegistryKey(applicationName));
@@ -126,8 +135,29 @@ void Orv::prepareBanks()
         registrySettings.setDefaultBank(OrvUtils::pathIn(folder, DEFAULT_BANK));
 }
 
+void Orv::requestRealTime()
+{
+    messageManagerMaster.setRealTimeStep(RealTimeStep::backend);
+    midiEngine.getMessageManager().setRealTimeStep(RealTimeStep::commands);
+}
+
+HostStart Orv::getHostStart() const
+{
+    assertBackendThread();
+    return {bank.name, registrySettings.getDefaultBank(), registrySettings.getEnabledMidiInputs(),
+            registrySettings.getEnabledMidiOutputs()};
+}
+
+void Orv::saveRetroRecord(const std::string& stem)
+{
+    retroRecord.save(stem, [window = getGuiWindowHandle()](const RetroRecord::SaveReport& report) {
+        notify(window, GuiMessage::RETRO_RECORD_SAVED, report);
+    });
+}
+
 HostState Orv::saveState()
 {
+    assertBackendThread();
     const bool written = registrySettings.saveToRegistry(OrvUtils::getRegistryKey(applicationName));
     return {bank.name, program.number, getProgramAsString(), written};
 }
@@ -136,22 +166,35 @@ HostState Orv::saveState()
 
 WindowHandle Orv::getGuiWindowHandle() const
 {
-    const std::lock_guard lock(guiWindowLock);
+    const MutexLock lock(guiWindowLock);
     return guiWindowHandle;
 }
 
 void Orv::setGuiWindowHandle(const WindowHandle& window)
 {
     {
-        const std::lock_guard lock(guiWindowLock);
+        const MutexLock lock(guiWindowLock);
         guiWindowHandle = window;
+        updateEventLog();
     }
     midiEngine.setGuiWindowHandle(window);
     if (!window) retroRecord.setFillListener({});
 }
 
+void Orv::setDisplayListener(Display::DisplayListener* listener)
+{
+    display.getMessageManager().setListener(listener);
+    const MutexLock lock(guiWindowLock);
+    hasDisplayListener = listener != nullptr;
+    updateEventLog();
+}
+
+/// What is played is logged while anything may show it.
+void Orv::updateEventLog() { midiEngine.setEventLog(guiWindowHandle || hasDisplayListener ? &engineLog : nullptr); }
+
 Gui::OrvGuiIF* Orv::createOrvGui(bool isVstPlugin)
 {
+    assertBackendThread();
     if (guiFactory == nullptr) return nullptr;
     return guiFactory(*this, {.settings = registrySettings,
                               .bank = bank,
@@ -164,6 +207,7 @@ Gui::OrvGuiIF* Orv::createOrvGui(bool isVstPlugin)
 
 void Orv::refreshGui()
 {
+    assertBackendThread();
     retroRecord.setFillListener(getGuiWindowHandle());
     notifyGui(GuiMessage::SETTINGS, registrySettings);
     notifyGui(GuiMessage::MIDI_INPUT_PORTS, midiInputPorts);
@@ -189,6 +233,7 @@ void Orv::setWidgetFocus(const SelectControlType& select) { notifyGui(GuiMessage
 
 void Orv::executeFunction(const std::string& xml)
 {
+    assertBackendThread();
     const XmlDocument document(xml, XmlDocument::Source::text);
     if (const auto function = FunctionManagement::createFunctionFromXml(document.getRoot(), *this))
         function->execute();
@@ -200,6 +245,7 @@ void Orv::executeFunction(const std::string& xml)
 
 void Orv::processMidiInputEvent(const OrvMidiMessage& event)
 {
+    assertBackendThread();
     if (!isEnabled(midiInputPorts, event.getInput())) {
         WindowsLib::DbgStream() << "dropped " << event.getMidiMessage().toXmlString() << ", input "
                                 << int{event.getInput()} << ": no such input, or not enabled";
@@ -220,8 +266,8 @@ void Orv::releaseHeldNotes(int input)
 {
     if (!isEnabled(midiInputPorts, input)) return;
     heldNotes.release(input, [&](int channel, int note) {
-        takeInputEvent({MessageType::noteOff, note, RELEASE_VELOCITY, channel, OrvMidiMessage::DEFAULT_OUTPUT,
-                        OrvMidiMessage::DEFAULT_ZONE, input, -1});
+        takeInputEvent(OrvMidiMessage(
+            {.type = MessageType::noteOff, .d1 = note, .d2 = RELEASE_VELOCITY, .channel = channel, .input = input}));
     });
 }
 
@@ -238,6 +284,7 @@ void Orv::displayMidiOutputEvent(const OrvMidiMessage& event)
 
 void Orv::updateZones()
 {
+    assertBackendThread();
     std::vector<FunctionManagement::FunctionNoteSpan> spans;
     for (const ProgramSection* section : sections) section->getNoteSpans(spans);
     zoneManager.updateZones(spans);
@@ -247,6 +294,7 @@ void Orv::updateZones()
 
 void Orv::changeTempo(const RelativeFixedValue& value, bool notify)
 {
+    assertBackendThread();
     const auto tempo = value.appliedTo(program.tempo);
     if (tempo < Program::LOWEST_TEMPO || tempo > Program::HIGHEST_TEMPO) return;
     program.tempo = static_cast<int>(tempo);
@@ -256,6 +304,7 @@ void Orv::changeTempo(const RelativeFixedValue& value, bool notify)
 
 void Orv::setTempoSource(int source, bool notify)
 {
+    assertBackendThread();
     const bool isInput = source >= 0 && static_cast<std::size_t>(source) < midiInputPorts.size();
     if (!isInput && source != Program::INTERNAL_TEMPO_SOURCE) return;
     program.tempoSource = source;
@@ -265,6 +314,7 @@ void Orv::setTempoSource(int source, bool notify)
 
 void Orv::changeMidiThru(const OnOffToggle& value, bool notify)
 {
+    assertBackendThread();
     const bool on = value.appliedTo(registrySettings.getMidiThru());
     registrySettings.setMidiThru(on);
     midiEngine.getMessageManager().postSetMidiThru(on);
@@ -273,6 +323,7 @@ void Orv::changeMidiThru(const OnOffToggle& value, bool notify)
 
 void Orv::resetOrv()
 {
+    assertBackendThread();
     midiEngine.sendHardReset();
     notifyGui(GuiMessage::ORV_RESET);
 }

@@ -1,18 +1,20 @@
 #pragma once
 
 #include <array>
+#include <cassert>
 #include <functional>
 #include <iosfwd>
-#include <mutex>
 #include <span>
 #include <string>
 #include <string_view>
 #include <type_traits>
+#include <utility>
 
 #include "api/Bank.h"
 #include "api/OrvFactory.h"
 #include "api/OrvIF.h"
 #include "api/OrvMessageManager.h"
+#include "backend/core/EngineLog.h"
 #include "backend/core/EngineRecorder.h"
 #include "backend/core/HeldNotes.h"
 #include "backend/core/SettingCommands.h"
@@ -23,6 +25,7 @@
 #include "backend/files/GuiStart.h"
 #include "backend/files/RegistrySettings.h"
 #include "backend/files/SequencePresetManager.h"
+#include "backend/messages/BackendThread.h"
 #include "backend/messages/GuiMessages.h"
 #include "backend/messages/MessageManagerMaster.h"
 #include "backend/model/Program.h"
@@ -36,6 +39,7 @@
 #include "backend/sections/midiinput/MidiInputManager.h"
 #include "backend/sections/oscillators/OscManager.h"
 #include "backend/sections/zones/ZoneManager.h"
+#include "platform/Mutex.h"
 
 namespace Backend
 {
@@ -86,8 +90,8 @@ public:
     void setMouseSensitivity(int divisor) override { changeSetting<Settings::MOUSE_SENSITIVITY>(*this, divisor); }
     void setMidiInputPorts(const MidiEngine::MidiInputPorts& ports) override;
     void setMidiOutputPorts(const MidiEngine::MidiOutputPorts& ports) override;
-    MidiEngine::MidiInputPorts getMidiInputPorts() const override { return midiInputPorts; }
-    MidiEngine::MidiOutputPorts getMidiOutputPorts() const override { return midiOutputPorts; }
+    MidiEngine::MidiInputPorts getMidiInputPorts() const override { return onBackendThread(midiInputPorts); }
+    MidiEngine::MidiOutputPorts getMidiOutputPorts() const override { return onBackendThread(midiOutputPorts); }
     void enableMidiInput(int port, bool enabled) override;
     void enableMidiOutput(int port, bool enabled) override;
     void processMidiInputEvent(const MidiEngine::OrvMidiMessage& event) override;
@@ -124,7 +128,7 @@ public:
     void toggleZone() override { showScreen(Screen::zones, OnOffToggle::State::toggle); }
     void showOsc(bool on) override { showScreen(Screen::oscillators, onOrOff(on)); }
     void toggleOsc() override { showScreen(Screen::oscillators, OnOffToggle::State::toggle); }
-    Joystick::JoystickManager& getJoystickManager() override { return joystickManager; }
+    Joystick::JoystickManager& getJoystickManager() override { return onBackendThread(joystickManager); }
     Joystick::JoystickMessageManager& getJoystickMessageManager() override
     {
         return joystickManager.getMessageManager();
@@ -133,9 +137,12 @@ public:
     void toggleJoystick() override { showScreen(Screen::joystick, OnOffToggle::State::toggle); }
     Joystick::JoystickConfiguration getJoystickConfiguration() const override
     {
-        return joystickManager.getConfiguration();
+        return onBackendThread(joystickManager.getConfiguration());
     }
-    ComputerInput::ComputerInputManager& getComputerInputManager() override { return computerInputManager; }
+    ComputerInput::ComputerInputManager& getComputerInputManager() override
+    {
+        return onBackendThread(computerInputManager);
+    }
     ComputerInput::ComputerInputMessageManager& getComputerInputMessageManager() override
     {
         return computerInputManager.getMessageManager();
@@ -154,9 +161,9 @@ public:
     }
     ComputerInput::KeyConfigurationMap getComputerInputConfiguration() const override
     {
-        return computerInputManager.getKeys();
+        return onBackendThread(computerInputManager.getKeys());
     }
-    MidiInput::MidiInputManager& getMidiInputManager() override { return midiInputManager; }
+    MidiInput::MidiInputManager& getMidiInputManager() override { return onBackendThread(midiInputManager); }
     MidiInput::MidiInputMessageManager& getMidiInputMessageManager() override
     {
         return midiInputManager.getMessageManager();
@@ -165,41 +172,44 @@ public:
     void toggleMidiInput() override { showScreen(Screen::midiInput, OnOffToggle::State::toggle); }
     MidiInput::MidiEventConfigurationMap getMidiInputConfiguration() const override
     {
-        return midiInputManager.getConfiguration();
+        return onBackendThread(midiInputManager.getConfiguration());
     }
-    Controls::ControlManager& getControlManager() override { return controlManager; }
+    Controls::ControlManager& getControlManager() override { return onBackendThread(controlManager); }
     void showControl(bool on) override { showScreen(Screen::controls, onOrOff(on)); }
     void toggleControl() override { showScreen(Screen::controls, OnOffToggle::State::toggle); }
     void showSaveDialog() override { notifyGui(GuiMessage::SHOW_SAVE_DIALOG); }
-    Oscillators::OscManager& getOscManager() override { return oscManager; }
+    Oscillators::OscManager& getOscManager() override { return onBackendThread(oscManager); }
     Oscillators::OscMessageManager& getOscMessageManager() override { return oscManager.getMessageManager(); }
     void setDisplayMidiInputEvents(bool on) override;
     void setDisplayMidiOutputEvents(bool on) override;
     void playMidi(const MidiEngine::OrvMidiMessage& event) override;
     void displayMidiInputEvent(const MidiEngine::OrvMidiMessage& event) override;
-    Layers::LayerManager& getLayerManager() override { return layerManager; }
+    Layers::LayerManager& getLayerManager() override { return onBackendThread(layerManager); }
     Layers::LayerMessageManager& getLayerMessageManager() override { return layerManager.getMessageManager(); }
-    Zones::ZoneManager& getZoneManager() override { return zoneManager; }
+    Zones::ZoneManager& getZoneManager() override { return onBackendThread(zoneManager); }
     Zones::ZoneMessageManager& getZoneMessageManager() override { return zoneManager.getMessageManager(); }
     Display::DisplayMessageManager& getDisplayMessageManager() override { return display.getMessageManager(); }
-    Bank& getBank() override { return bank; }
-    Program& getProgram() override { return program; }
+    Bank& getBank() override { return onBackendThread(bank); }
+    Program& getProgram() override { return onBackendThread(program); }
     void playTimeSlice(std::int32_t startPpq, std::int32_t endPpq) override
     {
         midiEngine.playTimeSlice(startPpq, endPpq);
     }
-    RegistrySettings& getRegistrySettings() override { return registrySettings; }
+    RegistrySettings& getRegistrySettings() override { return onBackendThread(registrySettings); }
     MessageManagerMaster& getMessageManagerMaster() override { return messageManagerMaster; }
 
-    int getTempo() const override { return program.tempo; }
-    int getTempoSource() const override { return program.tempoSource; }
+    int getTempo() const override { return onBackendThread(program.tempo); }
+    int getTempoSource() const override { return onBackendThread(program.tempoSource); }
     void changeTempo(const RelativeFixedValue& value, bool notify) override;
     void setTempoSource(int source, bool notify) override;
     void updateZones() override;
     void resetOrv() override;
     void changeBankSize(int size, const WindowHandle& window) override;
     void changeProgramName(const std::string& name) override;
-    SequenceManagement::SequencePresetManager& getSequencePresetManager() override { return sequencePresets; }
+    SequenceManagement::SequencePresetManager& getSequencePresetManager() override
+    {
+        return onBackendThread(sequencePresets);
+    }
     void addSequencePreset(const std::string& name, const std::string& text) override;
     void selectControl(const SelectControlType& select) override { controlManager.selectControl(select); }
     void changeControl(const SelectControlType& select, const RelativeFixedValue& value) override
@@ -216,8 +226,15 @@ public:
     }
     void selectZone(const SelectType& select) override { zoneManager.selectZone(select); }
     void showDefaultMidiOutputMenu() override { notifyGui(GuiMessage::SHOW_DEFAULT_MIDI_OUTPUT_MENU); }
-    void setScreenState(const ScreenState& state) override { registrySettings.setScreens(state.toBits()); }
-    ScreenState getScreenState() const override { return ScreenState::fromBits(registrySettings.getScreens()); }
+    void setScreenState(const ScreenState& state) override
+    {
+        assertBackendThread();
+        registrySettings.setScreens(state.toBits());
+    }
+    ScreenState getScreenState() const override
+    {
+        return ScreenState::fromBits(onBackendThread(registrySettings).getScreens());
+    }
     RetroRecord::RetroRecordManager& getRetroRecordManager() override { return retroRecord; }
     void setRetroRecordBufferSize(int bytes) override;
     void enableRetroRecord(bool on) override;
@@ -269,7 +286,7 @@ public:
     void refreshGui() override;
     HostState saveState() override;
     void deleteSequencePreset(const std::string& name) override;
-    void saveRetroRecord(const std::string& stem) override { retroRecord.save(stem, getGuiWindowHandle()); }
+    void saveRetroRecord(const std::string& stem) override;
     void loadPreset(const PresetSection& section, const std::string& name) override;
     void selectOsc(const SelectType& select) override { oscManager.dataSelect(select); }
     void changeOscPlaying(const SelectType& select, const OnOffToggle& value) override
@@ -284,6 +301,20 @@ public:
     {
         oscManager.setSpeedFromMidi(select, value);
     }
+    void saveRetroRecord(const std::string& stem, RetroRecord::SaveListener listener) override
+    {
+        retroRecord.save(stem, std::move(listener));
+    }
+    void setDisplayListener(Display::DisplayListener* listener) override;
+    void updateDisplayListener() override { display.getMessageManager().postUpdateListener(); }
+    void resendDisplayText() override { display.getMessageManager().postResendText(); }
+    void requestRealTime() override;
+    HostStart getHostStart() const override;
+    void setProgramNumber(int number) override
+    {
+        assertBackendThread();
+        program.number = number;
+    }
 
     /// What `createOrvGui` makes; null for nothing. Before `start`.
     void setGuiFactory(GuiFactory factory) { guiFactory = factory; }
@@ -294,6 +325,14 @@ private:
     {
         notify(getGuiWindowHandle(), message, arguments...);
     }
+    /// That part of the backend, for the backend thread alone.
+    template <class Part>
+    Part&& onBackendThread(Part&& part) const
+    {
+        assertBackendThread();
+        return std::forward<Part>(part);
+    }
+    void assertBackendThread() const { assert(BackendThread::isCurrent(messageManagerMaster)); }
     static constexpr OnOffToggle::State onOrOff(bool on)
     {
         return on ? OnOffToggle::State::on : OnOffToggle::State::off;
@@ -302,6 +341,7 @@ private:
     void handleCommand(Message& message);
     void startDisplay();
     void startRetroRecord();
+    void updateEventLog() REQUIRES(guiWindowLock);
     void prepareBanks();
 
     void loadProgramFrom(const std::string& path, int number);
@@ -328,11 +368,13 @@ private:
     int findOpenOutput(std::int64_t from, int step) const;
 
     const std::string applicationName;
-    mutable std::mutex guiWindowLock;
-    WindowHandle guiWindowHandle;
+    mutable Mutex guiWindowLock;
+    WindowHandle guiWindowHandle GUARDED_BY(guiWindowLock);
+    bool hasDisplayListener GUARDED_BY(guiWindowLock) = false;  // of the host
     GuiFactory guiFactory = nullptr;
     MessageManagerMaster messageManagerMaster;
     FileWork files;  // while it is busy it has `bankFile`
+    MessageManager orvCommands;
     OrvMessageManager orvMessageManager;
     RegistrySettings registrySettings;
     Bank bank;
@@ -346,6 +388,7 @@ private:
     Display::Display display;
     RetroRecord::RetroRecordManager retroRecord;
     EngineRecorder engineRecorder{retroRecord};
+    EngineLog engineLog{display.getMessageManager()};
     Oscillators::OscManager oscManager;
     Joystick::JoystickManager joystickManager;
     ComputerInput::ComputerInputManager computerInputManager;

@@ -59,9 +59,11 @@ constexpr auto COMMANDS = std::to_array<Command<OrvIF>>({
     on<CHANGE_GLOBAL_KEYBOARD, &OrvIF::changeGlobalKeyboard>(),
     on<SET_TEMPO_SOURCE, &OrvIF::setTempoSource>(),
     on<LOAD_PROGRAM_FROM_STRING, &OrvIF::loadProgramFromString>(),
+    on<SET_PROGRAM_NUMBER, &OrvIF::setProgramNumber>(),
     on<DELETE_SEQUENCE_PRESET, &OrvIF::deleteSequencePreset>(),
-    on<SAVE_RETRO_RECORD, &OrvIF::saveRetroRecord>(),
+    on<SAVE_RETRO_RECORD, static_cast<void (OrvIF::*)(const std::string&)>(&OrvIF::saveRetroRecord)>(),
     answer<SAVE_STATE, &OrvIF::saveState>(),
+    answer<GET_HOST_START, &OrvIF::getHostStart>(),
     answer<CREATE_ORV_GUI, &OrvIF::createOrvGui>(),
 });
 

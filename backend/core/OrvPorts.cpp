@@ -35,6 +35,7 @@ bool isStillThere(const MidiInputPort& before, const MidiInputPorts& ports, std:
 
 void Orv::setMidiInputPorts(const MidiInputPorts& ports)
 {
+    assertBackendThread();
     for (std::size_t input = 0; input < midiInputPorts.size(); ++input)
         if (!isStillThere(midiInputPorts[input], ports, input)) releaseHeldNotes(static_cast<int>(input));
     midiInputPorts = ports;
@@ -45,6 +46,7 @@ void Orv::setMidiInputPorts(const MidiInputPorts& ports)
 
 void Orv::setMidiOutputPorts(const MidiOutputPorts& ports)
 {
+    assertBackendThread();
     midiOutputPorts = ports;
     fixDefaultMidiOutput();
     retroRecord.setOutputs(ports);  // before the engine can play to a new one
@@ -81,6 +83,7 @@ void Orv::setDefaultMidiOutput(int output)
 
 void Orv::changeDefaultMidiOutput(const SelectType& select)
 {
+    assertBackendThread();
     const std::int64_t current = registrySettings.getDefaultMidiOutput();
     int output = -1;
     switch (select.kind) {
@@ -109,6 +112,7 @@ int Orv::findOpenOutput(std::int64_t from, int step) const
 
 void Orv::enableMidiInput(int port, bool enabled)
 {
+    assertBackendThread();
     if (port < 0 || static_cast<std::size_t>(port) >= midiInputPorts.size()) return;
     if (!enabled) releaseHeldNotes(port);
     midiInputPorts[static_cast<std::size_t>(port)].enabled = enabled;
@@ -119,6 +123,7 @@ void Orv::enableMidiInput(int port, bool enabled)
 
 void Orv::enableMidiOutput(int port, bool enabled)
 {
+    assertBackendThread();
     if (port < 0 || port >= std::ssize(midiOutputPorts)) return;
     registrySettings.setMidiOutputEnabled(port, enabled);
     midiEngine.getMessageManager().postEnableMidiOutput(port, enabled);

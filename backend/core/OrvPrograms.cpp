@@ -23,6 +23,7 @@ constexpr int ONLY_PROGRAM = 0;
 /// A file without a single program is no bank.
 void Orv::loadBank(const std::string& path)
 {
+    assertBackendThread();
     if (!path.empty() && openBank(path)) showBank();
 }
 
@@ -46,11 +47,16 @@ void Orv::showBank()
     changeProgram(program.number);
 }
 
-void Orv::changeProgram(int number) { loadProgramFrom(bank.name, number); }
+void Orv::changeProgram(int number)
+{
+    assertBackendThread();
+    loadProgramFrom(bank.name, number);
+}
 
 /// A key's function waits for a save as a command does.
 void Orv::changeProgram(const SelectType& select)
 {
+    assertBackendThread();
     if (files.isBusy()) return orvMessageManager.postChangeProgram(select);
     std::int64_t number = select.value;
     if (select.kind == SelectType::Kind::up) number = std::int64_t{program.number} + 1;
@@ -59,7 +65,11 @@ void Orv::changeProgram(const SelectType& select)
     changeProgram(static_cast<int>(number));
 }
 
-void Orv::loadProgram(const std::string& path) { loadProgramFrom(path, program.number); }
+void Orv::loadProgram(const std::string& path)
+{
+    assertBackendThread();
+    loadProgramFrom(path, program.number);
+}
 
 /// A program file has one program; in a bank it is the one of that number. Everything is read before anything changes.
 void Orv::loadProgramFrom(const std::string& path, int number)
@@ -85,6 +95,7 @@ bool Orv::openProgramFile(BankFile& file, const std::string& path)
 
 void Orv::loadProgramFromString(const std::string& text, int number)
 {
+    assertBackendThread();
     XmlElement element;
     forEachElement(XmlDocument(text, XmlDocument::Source::text).getRoot(), [&](const XmlElement& child) {
         if (child.getTagName() == "Program" && !element.hasElement()) element = child;
@@ -111,10 +122,7 @@ void Orv::replaceProgram(const XmlElement& element, int number)
     if (element.hasElement() && !initializing) controlManager.sendAll(true);
 }
 
-void Orv::notifyProgram(IsThere isThere) const
-{
-    notifyGui(GuiMessage::PROGRAM, program, isThere == IsThere::no);
-}
+void Orv::notifyProgram(IsThere isThere) const { notifyGui(GuiMessage::PROGRAM, program, isThere == IsThere::no); }
 
 void Orv::readProgram(const XmlElement& element)
 {

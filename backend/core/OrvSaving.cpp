@@ -52,7 +52,11 @@ std::string Orv::writeProgramFile(const char* root)
     return xmlHeader() + "\n\n" + xmlStartTag(root) + "\n" + writeProgram() + xmlEndTag(root) + "\n";
 }
 
-std::string Orv::getProgramAsString() { return writeProgramFile("OrvProgramFile"); }
+std::string Orv::getProgramAsString()
+{
+    assertBackendThread();
+    return writeProgramFile("OrvProgramFile");
+}
 
 /// On the files thread; then the window gets the result.
 void Orv::writeFile(std::function<bool()> write, const WindowHandle& window)
@@ -64,14 +68,23 @@ void Orv::writeFile(std::function<bool()> write, const WindowHandle& window)
 
 void Orv::saveToProgram(const std::string& path, const WindowHandle& window)
 {
+    assertBackendThread();
     const std::string file(Text::trim(path));
     if (file.empty()) return;
     writeFile([file, text = writeProgramFile("ProgramFile")] { return writeDocument(file, text); }, window);
 }
 
-void Orv::saveToCurrentBank(int number, const WindowHandle& window) { saveInto(bank.name, number, window); }
+void Orv::saveToCurrentBank(int number, const WindowHandle& window)
+{
+    assertBackendThread();
+    saveInto(bank.name, number, window);
+}
 
-void Orv::saveToBank(const std::string& path, const WindowHandle& window) { saveInto(path, program.number, window); }
+void Orv::saveToBank(const std::string& path, const WindowHandle& window)
+{
+    assertBackendThread();
+    saveInto(path, program.number, window);
+}
 
 /// A program that is saved in its own place is what is loaded, so it plays on. Otherwise the current one is loaded
 /// again at once, as it is stored: what is changed while the file is written comes after it. If the file cannot be
@@ -107,6 +120,7 @@ void Orv::saveInto(const std::string& path, int number, const WindowHandle& wind
 
 void Orv::changeBankSize(int size, const WindowHandle& window)
 {
+    assertBackendThread();
     if (size <= 0 || size == static_cast<int>(bank.programNames.size()) || bank.name.empty()) return;
     if (program.number >= size) changeProgram(size - 1);
     const auto file = std::make_shared<BankFile>(std::move(bankFile));
@@ -124,6 +138,7 @@ void Orv::changeBankSize(int size, const WindowHandle& window)
 
 void Orv::changeProgramName(const std::string& name)
 {
+    assertBackendThread();
     const std::string text(name.c_str());
     if (!isUtf8(text)) {
         DbgStream() << "a name for a program is not UTF-8, ignored";
@@ -135,6 +150,7 @@ void Orv::changeProgramName(const std::string& name)
 
 void Orv::setDefaultBank(const std::string& path)
 {
+    assertBackendThread();
     if (!path.empty() && !openBank(path)) return;
     changeSetting<Settings::DEFAULT_BANK>(*this, path);
     if (!path.empty()) showBank();
@@ -144,18 +160,21 @@ void Orv::setDefaultBank(const std::string& path)
 
 void Orv::importVersion2Bank(const std::string& source, const std::string& target, const WindowHandle& window)
 {
+    assertBackendThread();
     if (source.empty() || target.empty()) return;
     writeFile([=] { return Version2::importBank(source, target); }, window);
 }
 
 void Orv::importVersion2Program(const std::string& source, const std::string& target, const WindowHandle& window)
 {
+    assertBackendThread();
     if (source.empty() || target.empty()) return;
     writeFile([=] { return Version2::importProgram(source, target); }, window);
 }
 
 void Orv::importVersion2Preset(const std::string& source, const std::string& name, const WindowHandle& window)
 {
+    assertBackendThread();
     if (source.empty() || name.empty()) return;
     const auto preset = std::make_shared<std::optional<Version2::Preset>>();
     files.run([=] { *preset = Version2::readPreset(source); },
@@ -177,7 +196,11 @@ ProgramSection& Orv::findSection(const PresetSection& section) const
     return **std::ranges::find(sections, std::string_view(section.rootElement), &ProgramSection::getTag);
 }
 
-void Orv::loadPreset(const PresetSection& section, const std::string& name) { findSection(section).loadPreset(name); }
+void Orv::loadPreset(const PresetSection& section, const std::string& name)
+{
+    assertBackendThread();
+    findSection(section).loadPreset(name);
+}
 
 void Orv::notifyGuiOfPresets(const PresetManager& presets, bool done) const
 {
@@ -187,11 +210,13 @@ void Orv::notifyGuiOfPresets(const PresetManager& presets, bool done) const
 
 void Orv::addSequencePreset(const std::string& name, const std::string& text)
 {
+    assertBackendThread();
     notifyGui(GuiMessage::SEQUENCE_PRESETS, sequencePresets.addPreset(name, text));
 }
 
 void Orv::deleteSequencePreset(const std::string& name)
 {
+    assertBackendThread();
     sequencePresets.deletePreset(name);
     notifyGui(GuiMessage::SEQUENCE_PRESETS, true);
 }

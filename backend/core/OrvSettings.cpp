@@ -7,24 +7,28 @@ namespace Backend
 {
 void Orv::setDisplayNumbers(bool on)
 {
+    assertBackendThread();
     changeSetting<Settings::DISPLAY_NUMBERS>(*this, on);
     display.getMessageManager().postSetDisplayNumbers(on);
 }
 
 void Orv::setDisplayMidiInputEvents(bool on)
 {
+    assertBackendThread();
     changeSetting<Settings::DISPLAY_MIDI_INPUT_EVENTS>(*this, on);
     display.getMessageManager().postSetDisplayMidiInputEvents(on);
 }
 
 void Orv::setDisplayMidiOutputEvents(bool on)
 {
+    assertBackendThread();
     changeSetting<Settings::DISPLAY_MIDI_OUTPUT_EVENTS>(*this, on);
     display.getMessageManager().postSetDisplayMidiOutputEvents(on);
 }
 
 void Orv::setRetroRecordBufferSize(int bytes)
 {
+    assertBackendThread();
     if (!Settings::RETRO_RECORD_BUFFER_SIZE.allows(bytes)) return;
     changeSetting<Settings::RETRO_RECORD_BUFFER_SIZE>(*this, bytes);
     retroRecord.setBufferSize(bytes);
@@ -33,6 +37,7 @@ void Orv::setRetroRecordBufferSize(int bytes)
 /// While the record is off the engine gives nothing to it.
 void Orv::enableRetroRecord(bool on)
 {
+    assertBackendThread();
     changeSetting<Settings::RETRO_RECORD_ENABLED>(*this, on);
     retroRecord.enable(on);
     midiEngine.setEventRecorder(on ? &engineRecorder : nullptr);
@@ -40,6 +45,7 @@ void Orv::enableRetroRecord(bool on)
 
 void Orv::changeGlobalKeyboard(const OnOffToggle& value, bool notify)
 {
+    assertBackendThread();
     const bool on = value.appliedTo(registrySettings.getGlobalKeyboard());
     registrySettings.setGlobalKeyboard(on);
     if (notify) notifyGui(GuiMessage::GLOBAL_KEYBOARD, on);

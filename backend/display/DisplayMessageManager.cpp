@@ -26,6 +26,9 @@ constexpr TypedMessage<MidiEngine::MidiInputPorts> SET_MIDI_INPUT_PORTS{32879, "
 constexpr TypedMessage<MidiEngine::MidiOutputPorts> SET_MIDI_OUTPUT_PORTS{32880, "SetMidiOutputPorts"};
 constexpr TypedMessage<std::unique_ptr<DisplayListener>> DROP_LISTENER{32881, "DropListener"};
 
+/// Events of slices that can wait without an allocation.
+constexpr std::size_t ROOM_FOR_EVENTS = 1024;
+
 constexpr auto COMMANDS = std::to_array<Command<Display>>({
     on<ADD_TEXT, &Display::addText>(),
     on<RESEND_TEXT, &Display::resendText>(),
@@ -43,7 +46,9 @@ constexpr auto COMMANDS = std::to_array<Command<Display>>({
 }  // namespace
 
 DisplayMessageManager::DisplayMessageManager(Display& shown)
-    : display(shown), worker("orv-display", STOP, [this](Message& message) { handleMessage(message); })
+    : display(shown),
+      worker(
+          "orv-display", STOP, [this](Message& message) { handleMessage(message); }, ROOM_FOR_EVENTS)
 {
 }
 
@@ -63,6 +68,11 @@ void DisplayMessageManager::postMidiInputEvent(const MidiEngine::OrvMidiMessage&
 void DisplayMessageManager::postMidiOutputEvent(const MidiEngine::OrvMidiMessage& event)
 {
     worker.post(MIDI_OUTPUT_EVENT(event));
+}
+
+void DisplayMessageManager::postMidiOutputEventFromSlice(const MidiEngine::OrvMidiMessage& event)
+{
+    worker.queue().postFromSlice(MIDI_OUTPUT_EVENT(event));
 }
 
 void DisplayMessageManager::setListener(DisplayListener* listener) { worker.post(SET_LISTENER(listener)); }

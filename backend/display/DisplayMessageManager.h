@@ -13,7 +13,8 @@ namespace Backend::Display
 class Display;
 class DisplayListener;
 
-/// The display's command set and its thread. Any thread but a time slice; all return at once.
+/// The display's command set and its thread. Any thread but a time slice, where nothing else is said; all return at
+/// once.
 class ORV_API DisplayMessageManager
 {
 public:
@@ -30,6 +31,9 @@ public:
     void postUpdateListener();
     void postMidiInputEvent(const MidiEngine::OrvMidiMessage& event);
     void postMidiOutputEvent(const MidiEngine::OrvMidiMessage& event);
+    /// The same inside a time slice, without an allocation; `wake` follows once the engine lock is left.
+    void postMidiOutputEventFromSlice(const MidiEngine::OrvMidiMessage& event);
+    void wake() { worker.queue().wake(); }
     /// Null for none. It must live until another takes its place or the display has ended.
     void setListener(DisplayListener* listener);
     /// For a listener that cannot wait for that, as a window that closes: it is deleted after its last call. Another

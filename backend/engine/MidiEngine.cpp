@@ -109,15 +109,24 @@ void MidiEngine::setGuiWindowHandle(WindowHandle window)
 {
     const Locked lock(criticalSection);
     std::swap(guiWindow, window);
-    isObserved = guiWindow || recorder != nullptr;
+    updateObserved();
 }
 
 void MidiEngine::setEventRecorder(EventRecorder* newRecorder)
 {
     const Locked lock(criticalSection);
     recorder = newRecorder;
-    isObserved = guiWindow || recorder != nullptr;
+    updateObserved();
 }
+
+void MidiEngine::setEventLog(EventLog* newLog)
+{
+    const Locked lock(criticalSection);
+    eventLog = newLog;
+    updateObserved();
+}
+
+void MidiEngine::updateObserved() { isObserved = guiWindow || recorder != nullptr || eventLog != nullptr; }
 
 void MidiEngine::setControlUpdates(Controls::ControlUpdates* updates)
 {

@@ -7,11 +7,13 @@
 #include <vector>
 
 #include "api/MidiPlayer.h"
+#include "api/OrvIF.h"
 #include "backend/engine/ControlUpdates.h"
 #include "backend/engine/DefaultOutputMemory.h"
 #include "backend/engine/EngineLayerList.h"
 #include "backend/engine/EngineOscList.h"
 #include "backend/engine/EngineZones.h"
+#include "backend/engine/EventLog.h"
 #include "backend/engine/EventRecorder.h"
 #include "backend/engine/NoteCounters.h"
 #include "backend/engine/PressMemory.h"
@@ -38,10 +40,10 @@ class ORV_API MidiEngine final : public MidiEngineCommands
 {
 public:
     /// A slice of that many pulses or more means that the host's clock jumped, and plays nothing.
-    static constexpr std::int32_t MAX_TIME_SLICE = 5000;
+    static constexpr std::int32_t MAX_TIME_SLICE = OrvIF::MAX_TIME_SLICE;
     static constexpr int PULSES_PER_QUARTER = 480;
     /// The position of millisecond 0, far above the negative values that mean no time.
-    static constexpr std::int32_t FIRST_PULSE = 50000000;
+    static constexpr std::int32_t FIRST_PULSE = OrvIF::FIRST_PULSE;
 
     /// `player` must outlive the engine.
     explicit MidiEngine(MidiPlayer& player);
@@ -82,6 +84,8 @@ public:
     void setGuiWindowHandle(WindowHandle window) EXCLUDES(criticalSection);
     /// What is played is recorded there; null for no record. It must outlive the slices.
     void setEventRecorder(EventRecorder* newRecorder) EXCLUDES(criticalSection);
+    /// What is played is logged there; null for no log. It must outlive the slices.
+    void setEventLog(EventLog* newLog) EXCLUDES(criticalSection);
     /// Receives the events that controls may follow; it must outlive the slices. Null for none.
     void setControlUpdates(Controls::ControlUpdates* updates) EXCLUDES(criticalSection);
     /// Replaces the zones. Open presses keep the note they sound.
@@ -242,6 +246,7 @@ private:
     void queueReset(const OrvMidiMessage& order, ResetRequest& request) REQUIRES(criticalSection);
     void serveReset(Slice& slice, const OrvMidiMessage& order) REQUIRES(criticalSection);
     void executeReset(Slice& slice, const OrvMidiMessage& order, ResetRequest& request) REQUIRES(criticalSection);
+    void updateObserved() REQUIRES(criticalSection);
     void reset(Slice& slice) REQUIRES(criticalSection);
     void hardReset(Slice& slice) REQUIRES(criticalSection);
 
@@ -262,7 +267,8 @@ private:
     bool midiThru GUARDED_BY(criticalSection) = true;
     WindowHandle guiWindow GUARDED_BY(criticalSection);
     EventRecorder* recorder GUARDED_BY(criticalSection) = nullptr;
-    bool isObserved GUARDED_BY(criticalSection) = false;  // what is played goes to the window or the record
+    EventLog* eventLog GUARDED_BY(criticalSection) = nullptr;
+    bool isObserved GUARDED_BY(criticalSection) = false;  // what is played goes to the window, the log or the record
     Controls::ControlUpdates* controlUpdates GUARDED_BY(criticalSection) = nullptr;
     std::vector<OrvMidiMessage> timedEvents GUARDED_BY(criticalSection);  // in order of arrival
     std::vector<OrvMidiMessage> pending GUARDED_BY(criticalSection);      // of this slice

@@ -251,6 +251,10 @@ void MidiEngine::playMidiInternal(Slice& slice, const OrvMidiMessage& event, boo
 void MidiEngine::notifyObservers(Slice& slice, const OrvMidiMessage& event)
 {
     if (recorder != nullptr) record(slice, event);
+    if (eventLog != nullptr) {
+        eventLog->addFromSlice(event);
+        slice.log = eventLog;
+    }
     if (guiWindow) show(slice, event);
 }
 
@@ -299,6 +303,7 @@ void MidiEngine::finish(Slice& slice)
 {
     slice.window.wake();
     if (slice.recorder != nullptr) slice.recorder->wake();
+    if (slice.log != nullptr) slice.log->wake();
     if (slice.controls != nullptr) slice.controls->wake();
     for (ResetRequest* request = slice.served; request != nullptr;) {
         ResetRequest* next = request->next;

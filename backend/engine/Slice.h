@@ -15,6 +15,7 @@ class ControlUpdates;
 
 namespace Backend::MidiEngine
 {
+class EventLog;
 class EventRecorder;
 struct ResetRequest;
 
@@ -42,6 +43,7 @@ private:
     ResetRequest* served = nullptr;                // resets done, newest first
     WindowHandle window;                           // to be woken, if anything was posted to it
     EventRecorder* recorder = nullptr;             // the same
+    EventLog* log = nullptr;                       // the same
     std::optional<std::uint32_t> milliseconds;     // the slice's time, once it was read
     Controls::ControlUpdates* controls = nullptr;  // the same
     std::vector<Drop> drops;                       // for the debug stream

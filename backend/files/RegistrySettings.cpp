@@ -1,4 +1,5 @@
 #include "backend/files/RegistrySettings.h"
+#include "api/SettingInfo.h"
 
 #include <cstdint>
 #include <optional>
@@ -62,10 +63,10 @@ void setBit(std::vector<bool>& bits, int index, bool value)
     if (at >= bits.size()) bits.resize(at + 1);
     bits[at] = value;
 }
-RegistrySettings::Kind kindOf(const Settings::Text&) { return RegistrySettings::Kind::text; }
-RegistrySettings::Kind kindOf(const Settings::Switch&) { return RegistrySettings::Kind::onOff; }
-RegistrySettings::Kind kindOf(const Settings::Number&) { return RegistrySettings::Kind::number; }
-RegistrySettings::Kind kindOf(const Settings::Rectangle&) { return RegistrySettings::Kind::rectangle; }
+SettingInfo::Kind kindOf(const Settings::Text&) { return SettingInfo::Kind::text; }
+SettingInfo::Kind kindOf(const Settings::Switch&) { return SettingInfo::Kind::onOff; }
+SettingInfo::Kind kindOf(const Settings::Number&) { return SettingInfo::Kind::number; }
+SettingInfo::Kind kindOf(const Settings::Rectangle&) { return SettingInfo::Kind::rectangle; }
 }  // namespace
 
 template <class Values, class Visit>
@@ -76,9 +77,9 @@ void RegistrySettings::visitAll(Values& values, Visit visit)
         Settings::ALL);
 }
 
-std::vector<RegistrySettings::Info> RegistrySettings::getTable()
+std::vector<SettingInfo> SettingInfo::getTable()
 {
-    std::vector<Info> table;
+    std::vector<SettingInfo> table;
     std::apply([&](const auto*... rows) { (table.push_back({rows->name, kindOf(*rows)}), ...); }, Settings::ALL);
     return table;
 }

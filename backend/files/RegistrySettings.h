@@ -17,16 +17,6 @@ namespace Backend
 class ORV_API RegistrySettings
 {
 public:
-    /// The kinds of value that the settings have.
-    enum class Kind { text, onOff, number, rectangle };
-    struct Info {
-        const char* name;  ///< in the store
-        Kind kind;
-    };
-
-    /// Every setting, in the order in which they are written.
-    static std::vector<Info> getTable();
-
     template <const auto& row>
     Settings::ResultOf<row> get() const
     {

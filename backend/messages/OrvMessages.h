@@ -17,13 +17,14 @@ class OrvGuiIF;
 
 namespace Backend
 {
+struct HostStart;
 struct HostState;
 
 /// What the outside world asks of the backend: the operations of `OrvIF` of the same names, with their arguments. The
 /// commands that change a setting are in `SettingMessages.h`.
 namespace OrvMessage
 {
-inline constexpr MessageRange RANGE{33218, 33277};
+inline constexpr MessageRange RANGE{33218, 33279};
 
 inline constexpr TypedRequest<std::string> GET_PROGRAM_AS_STRING{{33218, "GetProgramAsString"}};
 inline constexpr TypedMessage<> INITIALIZE{33219, "Initialize"};
@@ -68,6 +69,8 @@ inline constexpr TypedMessage<std::string, int> LOAD_PROGRAM_FROM_STRING{33273, 
 inline constexpr TypedRequest<HostState> SAVE_STATE{{33274, "SaveState"}};
 inline constexpr TypedMessage<std::string> DELETE_SEQUENCE_PRESET{33275, "DeleteSequencePreset"};
 inline constexpr TypedMessage<std::string> SAVE_RETRO_RECORD{33276, "SaveRetroRecord"};
+inline constexpr TypedRequest<HostStart> GET_HOST_START{{33278, "GetHostStart"}};
+inline constexpr TypedMessage<int> SET_PROGRAM_NUMBER{33279, "SetProgramNumber"};
 /// From the files thread: its work is done.
 inline constexpr TypedMessage<> FILES_DONE{33277, "FilesDone"};
 }  // namespace OrvMessage

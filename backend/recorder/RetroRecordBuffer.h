@@ -6,6 +6,7 @@
 #include <string>
 #include <system_error>
 
+#include "api/RetroRecordReport.h"
 #include "backend/recorder/RecordChain.h"
 #include "backend/values/MidiMessage.h"
 #include "platform/Export.h"
@@ -14,14 +15,6 @@ namespace Backend::RetroRecord
 {
 /// Milliseconds of the host's clock, which wraps round; the difference of two counts.
 using Milliseconds = std::uint32_t;
-
-/// The result of saving one output's record.
-struct ORV_API SavedRecord {
-    std::string file;       ///< the MIDI file; empty if nothing was played
-    std::error_code error;  ///< why it could not be written; then the record stands as it was
-
-    bool operator==(const SavedRecord&) const = default;
-};
 
 /// The record of one output: what was played lately, in a chain of files that drops the oldest. A disk that is full or
 /// gone costs the events of that time and nothing else. The recorder's thread.

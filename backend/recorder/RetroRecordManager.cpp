@@ -21,7 +21,7 @@ constexpr unsigned int STOP = 32869;
 
 constexpr TypedMessage<MidiOutputPorts> SET_OUTPUTS{32870, "SetOutputs"};
 constexpr TypedMessage<std::uint32_t, std::int32_t> ADD_EVENT{32871, "AddEvent"};
-constexpr TypedMessage<std::string, WindowHandle> SAVE{32872, "Save"};
+constexpr TypedMessage<std::string, SaveListener> SAVE{32872, "Save"};
 constexpr TypedMessage<int> SET_BUFFER_SIZE{32873, "SetBufferSize"};
 constexpr TypedMessage<bool> ENABLE{32874, "Enable"};
 constexpr TypedMessage<WindowHandle> SET_FILL_LISTENER{32875, "SetFillListener"};
@@ -103,7 +103,10 @@ void RetroRecordManager::addEvent(const MidiMessage& message, int output, Millis
     worker.queue().postFromSlice(ADD_EVENT(packed(message, output), static_cast<std::int32_t>(time)));
 }
 
-void RetroRecordManager::save(const std::string& stem, const WindowHandle& window) { worker.post(SAVE(stem, window)); }
+void RetroRecordManager::save(const std::string& stem, SaveListener whenSaved)
+{
+    worker.post(SAVE(stem, std::move(whenSaved)));
+}
 
 void RetroRecordManager::setBufferSize(int bytes) { worker.post(SET_BUFFER_SIZE(bytes)); }
 
@@ -141,11 +144,11 @@ void RetroRecordManager::handleAddEvent(std::uint32_t bytesAndOutput, std::int32
         buffer->second->addEvent(unpackedMessage(bytesAndOutput), static_cast<Milliseconds>(time));
 }
 
-void RetroRecordManager::handleSave(const std::string& stem, const WindowHandle& window)
+void RetroRecordManager::handleSave(const std::string& stem, const SaveListener& whenSaved)
 {
     SaveReport report;
     for (const auto& [output, buffer] : buffers) report.push_back(buffer->save(stem, clock));
-    window.post(GuiMessage::RETRO_RECORD_SAVED(std::move(report)));
+    whenSaved(report);
 }
 
 void RetroRecordManager::handleSetBufferSize(int bytes)

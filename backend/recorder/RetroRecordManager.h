@@ -16,10 +16,6 @@
 
 namespace Backend::RetroRecord
 {
-/// The result of a save, an entry for each recorded output by rising index. The payload of
-/// GuiMessage::RETRO_RECORD_SAVED.
-using SaveReport = std::vector<SavedRecord>;
-
 /// The retrospective record: whatever the engine plays is kept for a while, for each enabled output, and can be made
 /// into MIDI files at any time. Everything that touches the disk runs on a thread of its own. All operations are posts
 /// that any thread may make, except `start`, `end` and those that name a thread.
@@ -53,9 +49,9 @@ public:
     void addEvent(const MidiEngine::MidiMessage& message, int output, Milliseconds time);
     void wake() { worker.queue().wake(); }
 
-    /// Saves and empties all records, see `RetroRecordBuffer::save`. Then `window` gets
-    /// GuiMessage::RETRO_RECORD_SAVED.
-    void save(const std::string& stem, const WindowHandle& window);
+    /// Saves and empties all records, see `RetroRecordBuffer::save`. Then `whenSaved` gets the result, on the recorder's
+    /// thread.
+    void save(const std::string& stem, SaveListener whenSaved);
 
     /// Ignored outside the limits. What is recorded already goes as new events come.
     void setBufferSize(int bytes);
@@ -73,7 +69,7 @@ private:
     void handleMessage(Message& message);
     void handleSetOutputs(const MidiEngine::MidiOutputPorts& ports);
     void handleAddEvent(std::uint32_t bytesAndOutput, std::int32_t time);
-    void handleSave(const std::string& stem, const WindowHandle& window);
+    void handleSave(const std::string& stem, const SaveListener& whenSaved);
     void handleSetBufferSize(int bytes);
     void handleEnable(bool on) { enabled = on; }
     void handleSetFillListener(const WindowHandle& window);

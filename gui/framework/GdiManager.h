@@ -12,12 +12,13 @@
 #include "gui/framework/Cursor.h"
 #include "gui/framework/Font.h"
 #include "gui/framework/Pen.h"
+#include "platform/Export.h"
 
 namespace Gui
 {
 /// Every brush, pen and font of the window, made once and returned by role: the look is one table of colours and one of
 /// fonts. What it returns lives as long as it does. The GUI thread, once there is an application.
-class GdiManager
+class ORV_API GdiManager
 {
 public:
     static constexpr WindowsLib::Colour BLACK = WindowsLib::rgb(0, 0, 0);

@@ -4,11 +4,12 @@
 #include <vector>
 
 #include "gui/framework/GuiMessageManager.h"
+#include "platform/Export.h"
 
 namespace Gui
 {
 /// Passes each message of the backend to the first manager that wants it.
-class GuiMessageManagerMaster
+class ORV_API GuiMessageManagerMaster
 {
 public:
     /// Not owned. They are asked in this order.

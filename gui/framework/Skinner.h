@@ -4,12 +4,13 @@
 #include <QWidget>
 
 #include "gui/framework/GdiManager.h"
+#include "platform/Export.h"
 
 namespace Gui
 {
 /// The look of every ordinary control: drawn from the roles of the `GdiManager` and the control's named properties. A
 /// skinned control keeps its keys and its accessible name. The skinner must outlive the controls.
-class Skinner final : public QProxyStyle
+class ORV_API Skinner final : public QProxyStyle
 {
 public:
     static constexpr int MENUGAP = 5;  ///< logical pixels left of the text of a menu item

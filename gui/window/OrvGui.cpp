@@ -39,6 +39,8 @@ bool OrvGui::create(ParentWindow& parentWindow)
 {
     if (open || qobject_cast<QApplication*>(QCoreApplication::instance()) == nullptr) return false;
     messageManagers.setThreadId(std::this_thread::get_id());
+    parentWindow.alwaysOnTopChanged(shown.settings.getAlwaysOnTop());
+    parentWindow.useSkinBorderChanged(shown.settings.getUseSkinBorder());
     open = std::make_unique<OpenWindow>(*this, parentWindow);
     open->makeMainWindow();
     open->main->setScreenState(shown.screens);

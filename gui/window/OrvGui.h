@@ -12,6 +12,7 @@
 #include "backend/model/PresetSections.h"
 #include "gui/framework/GuiMessageManagerMaster.h"
 #include "gui/keyboard/GlobalKeyboard.h"
+#include "platform/Export.h"
 
 namespace Gui
 {
@@ -19,7 +20,7 @@ struct OpenWindow;
 
 /// The window's object. It exists while the window is closed, too, and keeps its copy of what the backend reported;
 /// everything that belongs to Qt is made in `create` and destroyed in `destroy`. The GUI thread.
-class OrvGui final : public OrvGuiIF
+class ORV_API OrvGui final : public OrvGuiIF
 {
 public:
     OrvGui(Backend::OrvIF& backend, Backend::GuiStart start);

@@ -166,7 +166,6 @@ void OrvGui::handleResetOrv() { clearMusicKeyboardHilight(); }
 
 void OrvGui::displayMidiOutputEvent(const OrvMidiMessage& event)
 {
-    orv.displayMidiOutputEvent(event);
     open->main->getOutputPanel().displayMidiOutputEvent(event);
 }
 }  // namespace Gui

@@ -5,7 +5,7 @@
 #include <functional>
 #include <utility>
 
-#include "backend/engine/MidiEngine.h"
+#include "api/OrvIF.h"
 #include "host/clock/SliceLoad.h"
 
 namespace Host
@@ -15,9 +15,9 @@ namespace Host
 class Slices
 {
 public:
-    static constexpr std::int32_t FIRST_PULSE = Backend::MidiEngine::MidiEngine::FIRST_PULSE;
+    static constexpr std::int32_t FIRST_PULSE = Backend::OrvIF::FIRST_PULSE;
     static constexpr std::int32_t LAST_PULSE = 2'147'000'000;  // events may be scheduled some minutes ahead
-    static constexpr int LONGEST = Backend::MidiEngine::MidiEngine::MAX_TIME_SLICE - 1;
+    static constexpr int LONGEST = Backend::OrvIF::MAX_TIME_SLICE - 1;
 
     using Play = std::function<void(std::int32_t startPpq, std::int32_t endPpq)>;
 

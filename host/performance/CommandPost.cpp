@@ -1,7 +1,6 @@
 #include "host/performance/CommandPost.h"
 
 #include "api/OrvMessageManager.h"
-#include "backend/recorder/RetroRecordManager.h"
 #include "host/common/SetupFile.h"
 
 namespace Host
@@ -12,27 +11,31 @@ using Backend::MidiEngine::OrvMidiMessage;
 
 namespace
 {
-constexpr std::int32_t UNTIMED = -1;
-
 /// The receivers of commands. Most commands go to the message manager of the backend.
 struct Destination {
     Backend::OrvIF& orv;
-    const WindowHandle& window;
+    const Backend::RetroRecord::SaveListener& whenSaved;
 
     operator OrvMessageManager&() const { return orv.getOrvMessageManager(); }
 };
 
 void postKind(OrvMessageManager& backend, const MidiCommand& command)
 {
-    backend.postProcessMidiInputEvent({static_cast<MessageType>(command.status), command.d1, command.d2,
-                                       command.channel, OrvMidiMessage::DEFAULT_OUTPUT, OrvMidiMessage::DEFAULT_ZONE,
-                                       command.input, UNTIMED});
+    backend.postProcessMidiInputEvent(OrvMidiMessage({.type = static_cast<MessageType>(command.status),
+                                                      .d1 = command.d1,
+                                                      .d2 = command.d2,
+                                                      .channel = command.channel,
+                                                      .input = command.input}));
 }
 
 void postKind(OrvMessageManager& backend, const PlayCommand& command)
 {
-    backend.postPlayMidi({static_cast<MessageType>(command.status), command.d1, command.d2, command.channel,
-                          command.output, command.zone, OrvMidiMessage::DEFAULT_INPUT, UNTIMED});
+    backend.postPlayMidi(OrvMidiMessage({.type = static_cast<MessageType>(command.status),
+                                         .d1 = command.d1,
+                                         .d2 = command.d2,
+                                         .channel = command.channel,
+                                         .output = command.output,
+                                         .zone = command.zone}));
 }
 
 void postKind(OrvMessageManager& backend, const EnableCommand& command)
@@ -57,7 +60,7 @@ void postKind(OrvMessageManager& backend, const FunctionCommand& command) { back
 
 void postKind(const Destination& destination, const RecordCommand& command)
 {
-    destination.orv.getRetroRecordManager().save(command.stem, destination.window);
+    destination.orv.saveRetroRecord(command.stem, destination.whenSaved);
 }
 
 void postKind(OrvMessageManager& backend, const ControlCommand& command)
@@ -79,8 +82,8 @@ void postKind(OrvMessageManager& backend, const ButtonCommand& command)
 }
 }  // namespace
 
-void post(Backend::OrvIF& orv, const Command& command, const WindowHandle& window)
+void post(Backend::OrvIF& orv, const Command& command, const Backend::RetroRecord::SaveListener& whenSaved)
 {
-    std::visit([&](const auto& kind) { postKind(Destination{orv, window}, kind); }, command);
+    std::visit([&](const auto& kind) { postKind(Destination{orv, whenSaved}, kind); }, command);
 }
 }  // namespace Host

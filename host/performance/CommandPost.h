@@ -5,6 +5,7 @@
 
 namespace Host
 {
-/// Posts a command of a performance to the backend; `window` gets the result of saving the record. Any thread.
-void post(Backend::OrvIF& orv, const Command& command, const WindowHandle& window);
+/// Posts a command of a performance to the backend; `whenSaved` gets the result of saving the record, on the recorder's
+/// thread. Any thread.
+void post(Backend::OrvIF& orv, const Command& command, const Backend::RetroRecord::SaveListener& whenSaved);
 }  // namespace Host

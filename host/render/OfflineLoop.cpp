@@ -8,10 +8,6 @@
 #include "api/DisplayListener.h"
 #include "api/OrvFactory.h"
 #include "api/OrvMessageManager.h"
-#include "backend/display/DisplayMessageManager.h"
-#include "backend/engine/MidiEngine.h"
-#include "backend/messages/GuiMessages.h"
-#include "backend/model/Program.h"
 #include "host/common/ApplicationName.h"
 #include "host/common/SetupFile.h"
 #include "host/performance/CommandPost.h"
@@ -20,19 +16,10 @@
 namespace Host
 {
 using Backend::MidiEngine::MidiInputPorts;
-namespace GuiMessage = Backend::GuiMessage;
 
 namespace
 {
-constexpr std::int32_t FIRST_PULSE = Backend::MidiEngine::MidiEngine::FIRST_PULSE;
-constexpr std::size_t ROOM_FOR_EVENTS = 1024;
-
-/// Receives the text of the display.
-struct TextReceiver final : Backend::Display::DisplayListener {
-    std::string text;
-    void addText(const char*) override {}
-    void setText(const char* whole) override { text = whole; }
-};
+constexpr std::int32_t FIRST_PULSE = Backend::OrvIF::FIRST_PULSE;
 
 template <class Ports>
 Ports makePorts(const std::string& name, int count)
@@ -46,14 +33,13 @@ Ports makePorts(const std::string& name, int count)
 OfflineLoop::OfflineLoop(const Settings& wanted)
     : settings(wanted),
       home(wanted.data, wanted.choices),
-      window(std::make_shared<MessageQueue>(ROOM_FOR_EVENTS)),
-      orv(Backend::OrvFactory::createOrv(APPLICATION_NAME, player, false)),
+      orv(Backend::OrvFactory::makeOrv(APPLICATION_NAME, player, false)),
       outputPorts(makePorts<Backend::MidiEngine::MidiOutputPorts>("Out", wanted.outputs))
 {
     if (!orv) throw std::bad_alloc();
-    if (settings.loads.empty()) orv->getProgram().number = settings.number;
+    if (settings.loads.empty()) orv->getOrvMessageManager().postSetProgramNumber(settings.number);
     orv->setRandomSeed(settings.seed);
-    if (settings.display) orv->setGuiWindowHandle(WindowHandle(window));
+    if (settings.display) orv->setDisplayListener(&displayText);
     orv->start();
     auto& commands = orv->getOrvMessageManager();
     commands.sendInitialize();
@@ -78,7 +64,8 @@ void OfflineLoop::play(const std::vector<TimedCommand>& commands)
     std::int32_t ppq = 0;
     for (; ppq <= last; ppq += settings.slice) {
         for (; next != commands.end() && next->time <= ppq; ++next) {
-            post(*orv, next->command, WindowHandle(window));
+            post(*orv, next->command,
+                 [this](const auto& report) { savedRecords.insert(savedRecords.end(), report.begin(), report.end()); });
             waitUntilAtRest(ppq);
         }
         playSlice(ppq, settings.slice);
@@ -91,7 +78,8 @@ void OfflineLoop::play(const std::vector<TimedCommand>& commands)
 
 void OfflineLoop::loadSetups()
 {
-    orv->getProgram().number = settings.number;  // the program of these files, not that of the bank before
+    orv->getOrvMessageManager().postSetProgramNumber(
+        settings.number);  // the program of these files, not that of the bank before
     for (const auto& path : settings.loads) {
         postLoad(orv->getOrvMessageManager(), path.string());
         waitUntilAtRest(0);
@@ -104,7 +92,7 @@ void OfflineLoop::playSlice(std::int32_t ppq, std::int32_t length)
     orv->playTimeSlice(FIRST_PULSE + ppq, FIRST_PULSE + ppq + length);
 }
 
-/// Waits until the library is at rest and has no messages for the host. A reset that waits gets a slice of no length.
+/// Waits until the library is at rest and requests nothing of the host. A reset that waits gets a slice of no length.
 void OfflineLoop::waitUntilAtRest(std::int32_t ppq)
 {
     do {
@@ -113,7 +101,7 @@ void OfflineLoop::waitUntilAtRest(std::int32_t ppq)
             playSlice(ppq, 0);
             while (!orv->isAtRest()) std::this_thread::yield();
         }
-    } while (applyEnabledOutputs() || processWindowMessages());
+    } while (applyEnabledOutputs());
 }
 
 /// Posts the list with the outputs that were enabled or disabled; false if none was.
@@ -127,36 +115,18 @@ bool OfflineLoop::applyEnabledOutputs()
     return !changes.empty();
 }
 
-/// Handles the messages to the window; false if there was none.
-bool OfflineLoop::processWindowMessages()
-{
-    bool any = false;
-    while (window->handleNext([&](Message& message) {
-        if (message.number == GuiMessage::MIDI_OUTPUT_EVENT)
-            orv->displayMidiOutputEvent({message.wparam, message.lparam});
-        if (auto* report = message.payload.get<Backend::RetroRecord::SaveReport>())
-            savedRecords.insert(savedRecords.end(), report->begin(), report->end());
-    }))
-        any = true;
-    return any;
-}
-
 std::string OfflineLoop::getDisplayText()
 {
-    auto& display = orv->getDisplayMessageManager();
-    TextReceiver taker;
-    display.setListener(&taker);
-    display.postResendText();
-    display.setListener(nullptr);
+    orv->resendDisplayText();
     waitUntilAtRest(end);
-    return taker.text;
+    return displayText.text;
 }
 
 /// Plays the last slice, which begins with a reset. The reset waits for it on a thread of its own.
 void OfflineLoop::playReset(std::int32_t ppq)
 {
     Thread waiter;
-    waiter.start("orvane-reset", [this] { orv->getMidiEngineMessageManager().sendReset(); });
+    waiter.start("orvane-reset", [this] { orv->getOrvMessageManager().sendReset(); });
     while (!orv->isResetWaiting()) std::this_thread::yield();
     playSlice(ppq, settings.slice);
     waiter.join();

@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "api/DisplayListener.h"
 #include "api/OrvIF.h"
-#include "backend/recorder/RetroRecordManager.h"
 #include "host/performance/PerformanceCommand.h"
 #include "host/render/RenderFolders.h"
 #include "host/render/RenderPlayer.h"
@@ -57,17 +57,23 @@ public:
     const Backend::MidiEngine::MidiOutputPorts& getOutputPorts() const { return outputPorts; }
 
 private:
+    /// Receives the text of the display.
+    struct DisplayText final : Backend::Display::DisplayListener {
+        std::string text;
+        void addText(const char* added) override { text += added; }
+        void setText(const char* whole) override { text = whole; }
+    };
+
     void loadSetups();
     void playSlice(std::int32_t ppq, std::int32_t length);
     void waitUntilAtRest(std::int32_t ppq);
     void playReset(std::int32_t ppq);
     bool applyEnabledOutputs();
-    bool processWindowMessages();
 
     const Settings settings;
     RenderFolders home;
     RenderPlayer player;
-    std::shared_ptr<MessageQueue> window;  // receives what the backend sends to a window
+    DisplayText displayText;
     Backend::RetroRecord::SaveReport savedRecords;
     std::unique_ptr<Backend::OrvIF> orv;
     Backend::MidiEngine::MidiOutputPorts outputPorts;

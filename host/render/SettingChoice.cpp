@@ -7,15 +7,15 @@
 #include <string_view>
 #include <vector>
 
-#include "backend/files/RegistrySettings.h"
+#include "api/SettingInfo.h"
 #include "host/common/InputError.h"
 
 namespace Host
 {
 namespace
 {
-using Backend::RegistrySettings;
-using Kind = RegistrySettings::Kind;
+using Backend::SettingInfo;
+using Kind = SettingInfo::Kind;
 
 std::optional<std::int32_t> parseNumber(std::string_view text)
 {
@@ -41,7 +41,7 @@ std::optional<std::vector<std::uint8_t>> parseRectangle(std::string_view text)
 }
 
 /// False if the value is not of the kind.
-bool store(SettingsStore& settings, const RegistrySettings::Info& setting, const std::string& value)
+bool store(SettingsStore& settings, const SettingInfo& setting, const std::string& value)
 {
     const auto number = parseNumber(value);
     const auto rectangle = parseRectangle(value);
@@ -83,8 +83,8 @@ void storeChoice(SettingsStore& settings, const std::string& choice)
     const auto equals = choice.find('=');
     const std::string name = choice.substr(0, equals);
     if (equals == std::string::npos) throw InputError("--set " + choice + ": NAME=VALUE expected");
-    const auto table = RegistrySettings::getTable();
-    const auto setting = std::ranges::find(table, name, &RegistrySettings::Info::name);
+    const auto table = SettingInfo::getTable();
+    const auto setting = std::ranges::find(table, name, &SettingInfo::name);
     if (setting == table.end()) throw InputError("--set " + choice + ": there is no setting " + name);
     if (!store(settings, *setting, choice.substr(equals + 1)))
         throw InputError("--set " + choice + ": " + expected(setting->kind) + " expected");

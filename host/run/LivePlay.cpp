@@ -8,12 +8,6 @@
 #include "api/Bank.h"
 #include "api/OrvFactory.h"
 #include "api/OrvMessageManager.h"
-#include "backend/display/DisplayMessageManager.h"
-#include "backend/files/RegistrySettings.h"
-#include "backend/messages/MessageManagerMaster.h"
-#include "backend/messages/MidiEngineMessageManager.h"
-#include "backend/model/Program.h"
-#include "backend/recorder/RetroRecordManager.h"
 #include "host/common/ApplicationName.h"
 #include "host/common/Installer.h"
 #include "host/performance/CommandPost.h"
@@ -22,6 +16,8 @@ namespace Host
 {
 using namespace std::chrono_literals;
 using Backend::MidiEngine::OrvMidiMessage;
+using Backend::RetroRecord::SavedRecord;
+using Backend::RetroRecord::SaveReport;
 
 namespace
 {
@@ -32,7 +28,7 @@ constexpr auto PAUSE_BETWEEN_WARNINGS = 10s;
 
 std::unique_ptr<Backend::OrvIF> createOrv(Player& player)
 {
-    std::unique_ptr<Backend::OrvIF> orv(Backend::OrvFactory::createOrv(APPLICATION_NAME, player, true));
+    auto orv = Backend::OrvFactory::makeOrv(APPLICATION_NAME, player, true);
     if (!orv) throw std::bad_alloc();
     return orv;
 }
@@ -50,10 +46,9 @@ LivePlay::LivePlay(MidiSystem& midiSystem, Ports& allPorts, PortMemory& portMemo
     : system(midiSystem),
       ports(allPorts),
       player(ports, requests),
-      window(reportLine),
       orv(createOrv(player)),
       slices([backend = orv.get()](std::int32_t from, std::int32_t to) { backend->playTimeSlice(from, to); },
-             [backend = orv.get()] { backend->getMidiEngineMessageManager().sendReset(); }),
+             [backend = orv.get()] { backend->getOrvMessageManager().sendReset(); }),
       clock(slices, player, [this] { system.deliver(); }),
       memory(portMemory),
       report(std::move(reportLine))
@@ -67,21 +62,20 @@ void LivePlay::start(const Setup& setup, const ClockPorts& links)
 {
     slices.measureInto(&load);
     installIfNeeded();
-    if (setup.loads.empty()) orv->getProgram().number = setup.number;
-    orv->getMessageManagerMaster().setRealTimeStep(RealTimeStep::backend);
-    orv->getMidiEngineMessageManager().setRealTimeStep(RealTimeStep::commands);
+    if (setup.loads.empty()) orv->getOrvMessageManager().postSetProgramNumber(setup.number);
+    orv->requestRealTime();
     orv->start();
     auto& backend = orv->getOrvMessageManager();
     backend.sendInitialize();
-    if (setup.loads.empty() && orv->getBank().name.empty())
-        report("\"" + orv->getRegistrySettings().getDefaultBank() +
-               "\": no default bank with a program, none is loaded");
-    applyStoredChoices();
+    const Backend::HostStart stored = backend.sendGetHostStart();
+    if (setup.loads.empty() && stored.bank.empty())
+        report("\"" + stored.defaultBank + "\": no default bank with a program, none is loaded");
+    applyStoredChoices(stored);
     backend.sendSetMidiInputPorts(ports.inputList());
     backend.sendSetMidiOutputPorts(ports.outputList());
     storeNewChoices();
     backend.sendEndInitialize();
-    orv->getProgram().number = setup.number;  // the program of these files, not that of the bank before
+    backend.postSetProgramNumber(setup.number);  // the program of these files, not that of the bank before
     for (const std::string& file : setup.loads) postLoad(backend, file);
     if (!setup.program.empty()) backend.postLoadProgramFromString(setup.program, setup.number);
     player.setClockIn(links.in);
@@ -97,23 +91,37 @@ void LivePlay::start(const Setup& setup, const ClockPorts& links)
 void LivePlay::execute(const Command& command)
 {
     const MutexLock notSuspended(executing);
-    post(*orv, command, window.getHandle());
+    post(*orv, command, [this](const auto& saved) { reportSaved(saved); });
 }
 
-void LivePlay::saveRecord(const std::string& stem) { orv->getRetroRecordManager().save(stem, window.getHandle()); }
+void LivePlay::saveRecord(const std::string& stem)
+{
+    orv->saveRetroRecord(stem, [this](const auto& saved) { reportSaved(saved); });
+}
+
+void LivePlay::reportSaved(const SaveReport& saved) const
+{
+    for (const auto& [file, error] : saved) {
+        if (error)
+            report(file + ": the record was not saved, it goes on: " + error.message());
+        else if (!file.empty())
+            report("saved " + file);
+    }
+    if (std::ranges::all_of(saved, [](const SavedRecord& record) { return record == SavedRecord(); }))
+        report("nothing was played, so no record was saved");
+}
 
 // --- the display
 
 void LivePlay::showDisplay()
 {
     showsDisplay = true;
-    orv->getDisplayMessageManager().setListener(&display);
-    window.showEventsOf(*orv);
+    orv->setDisplayListener(&display);
 }
 
 void LivePlay::updateDisplay()
 {
-    if (showsDisplay) orv->getDisplayMessageManager().postUpdateListener();
+    if (showsDisplay) orv->updateDisplayListener();
 }
 
 // --- ports
@@ -203,11 +211,11 @@ std::string LivePlay::describeRealTime() const
 
 // --- choices
 
-// A port without a stored choice is enabled. The backend is at rest and has read its settings.
-void LivePlay::applyStoredChoices()
+// A port without a stored choice is enabled.
+void LivePlay::applyStoredChoices(const Backend::HostStart& stored)
 {
-    const auto inputs = orv->getRegistrySettings().getEnabledMidiInputs();
-    const auto outputs = orv->getRegistrySettings().getEnabledMidiOutputs();
+    const auto& inputs = stored.enabledInputs;
+    const auto& outputs = stored.enabledOutputs;
     inputChoices = inputs.size();
     outputChoices = outputs.size();
     for (std::size_t index = 0; index < std::min(inputs.size(), ports.inputs().size()); ++index) {
@@ -275,7 +283,6 @@ void LivePlay::end()
     orv->getOrvMessageManager().sendEnd();
     clock.stop();
     orv->stop();
-    window.close();
     system.close();
 }
 
@@ -295,7 +302,7 @@ void LivePlay::endNotes()
 {
     switchInputsOff();
     clock.waitForSlices(SLICES_FOR_INPUTS_TO_END);
-    orv->getMidiEngineMessageManager().sendReset();
+    orv->getOrvMessageManager().sendReset();
     waitForRest();
 }
 
@@ -311,7 +318,6 @@ void LivePlay::suspend(const std::function<void()>& stopProcess)
 
 void LivePlay::waitForRest()
 {
-    const auto isAtRest = [this] { return orv->isAtRest() && window.isAtRest(); };
-    waitUntil([&] { return isAtRest() && isAtRest(); }, LONGEST_WAIT_FOR_REST);
+    waitUntil([this] { return orv->isAtRest(); }, LONGEST_WAIT_FOR_REST);
 }
 }  // namespace Host

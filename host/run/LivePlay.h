@@ -17,7 +17,7 @@
 #include "host/player/Player.h"
 #include "host/ports/PortMemory.h"
 #include "host/ports/Ports.h"
-#include "host/run/LiveWindow.h"
+#include "host/run/LiveDisplay.h"
 #include "host/run/Status.h"
 #include "platform/Mutex.h"
 
@@ -72,7 +72,8 @@ public:
 
 private:
     void start(const Setup& setup, const ClockPorts& links);
-    void applyStoredChoices();
+    void reportSaved(const Backend::RetroRecord::SaveReport& saved) const;
+    void applyStoredChoices(const Backend::HostStart& stored);
     void storeNewChoices();
     void publishPorts();
     void reportNews();
@@ -90,7 +91,6 @@ private:
     Ports& ports;
     Player player;
     LiveDisplay display;
-    LiveWindow window;
     std::unique_ptr<Backend::OrvIF> orv;
     SliceLoad load;
     SliceLoad::Counts loadBefore{};

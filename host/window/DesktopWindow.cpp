@@ -5,7 +5,6 @@
 
 #include "api/OrvIF.h"
 #include "api/OrvMessageManager.h"
-#include "backend/files/RegistrySettings.h"
 
 namespace Host
 {
@@ -13,8 +12,6 @@ DesktopWindow::DesktopWindow(Backend::OrvIF& orv, std::function<void()> closeReq
     : frame(std::move(closeRequested)), gui(orv.getOrvMessageManager().sendCreateOrvGui(false))
 {
     if (!gui) throw std::bad_alloc();
-    frame.alwaysOnTopChanged(gui->getRegistrySettings().getAlwaysOnTop());
-    frame.useSkinBorderChanged(gui->getRegistrySettings().getUseSkinBorder());
     gui->initialize();
     gui->create(frame);
     frame.show();

@@ -18,6 +18,7 @@ const std::string DATA = "data/Brinlow Software/Orvane 3";
 
 /// A backend from its first to its last day, with a user's folders.
 struct Life : PrivateFolders {
+    BackendThread::StandIn standIn;
     RecordingPlayer player;
     std::unique_ptr<OrvIF> orv;
 

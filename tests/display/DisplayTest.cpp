@@ -7,7 +7,6 @@
 
 #include "api/DisplayListener.h"
 #include "backend/display/DisplayLine.h"
-#include "backend/messages/GuiMessages.h"
 #include "tests/stage/Stage.h"
 
 using namespace Backend;
@@ -23,16 +22,13 @@ struct WritingListener final : DisplayListener {
     void setText(const char* text) override { received += std::string("=") + text; }
 };
 
-/// A stage with a listener, and a window that shows each output event as a real one does.
 struct DisplayStage : Stage {
     WritingListener listener;
-    std::shared_ptr<MessageQueue> window = std::make_shared<MessageQueue>(64);
     DisplayMessageManager& display = orv->getDisplayMessageManager();
 
     DisplayStage()
     {
-        orv->setGuiWindowHandle(WindowHandle(window));
-        display.setListener(&listener);
+        orv->setDisplayListener(&listener);
         received();
     }
     ~DisplayStage()
@@ -44,10 +40,6 @@ struct DisplayStage : Stage {
     std::string received()
     {
         rest();
-        while (window->handleNext([&](Message& message) {
-            if (message.number == GuiMessage::MIDI_OUTPUT_EVENT)
-                orv->displayMidiOutputEvent({message.wparam, message.lparam});
-        })) {}
         display.postUpdateListener();
         rest();
         return std::exchange(listener.received, "");

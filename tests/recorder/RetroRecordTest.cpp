@@ -29,16 +29,10 @@ struct RecordStage : Stage {
     /// The saved files as `readRecord` tells them, by name, which are gone behind that.
     std::map<std::string, std::string> saved()
     {
-        orv->getRetroRecordManager().save((folders / "t").string(), WindowHandle(window));
+        SaveReport report;
+        orv->saveRetroRecord((folders / "t").string(), [&](const SaveReport& result) { report = result; });
         rest();
         std::map<std::string, std::string> takes;
-        SaveReport report;
-        EXPECT_TRUE(window->handleNext([&](Message& message) {
-            EXPECT_EQ(message.number, 32880u);
-            EXPECT_EQ(message.wparam, 0u);
-            EXPECT_EQ(message.lparam, 0);
-            if (auto* received = message.payload.get<SaveReport>()) report = *received;
-        }));
         for (const auto& [file, error] : report) {
             if (file.empty()) continue;
             const std::string name = std::filesystem::path(file).filename();
@@ -158,16 +152,16 @@ TEST(RetroRecord, LosesNothingThatIsPlayedWhileItIsSaved)
     RecordStage stage;
     std::string all;
     for (int round = 0; round < 20; ++round) {
-        stage.orv->getRetroRecordManager().save((stage.folders / "t").string(), WindowHandle(stage.window));
+        stage.orv->saveRetroRecord((stage.folders / "t").string());
         for (int note = 0; note < 100; ++note)
             stage.commands().postPlayMidi(noteOn(note, round + 1).output(0).channel(0));
         stage.slice(1);
     }
     stage.rest();
     stage.playSlices();
-    stage.saved();
+    stage.orv->saveRetroRecord((stage.folders / "t").string());
+    stage.rest();
     std::size_t events = 0;
-    while (stage.window->handleNext([](Message&) {})) {}
     for (const auto& entry : std::filesystem::directory_iterator(stage.folders / ""))
         if (entry.path().extension() == ".mid") {
             const std::string text = readRecord(stage.folders.read(entry.path().filename()));

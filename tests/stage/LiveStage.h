@@ -11,6 +11,7 @@
 #include "api/MidiPlayer.h"
 #include "api/OrvFactory.h"
 #include "api/OrvMessageManager.h"
+#include "backend/messages/BackendThread.h"
 #include "backend/messages/LayerMessageManager.h"
 #include "tests/stage/PrivateFolders.h"
 
@@ -80,6 +81,7 @@ public:
     }
 
     PrivateFolders folders;
+    Backend::BackendThread::StandIn standIn;  // the test's thread looks at a backend at rest
     Player player;
     std::unique_ptr<Backend::OrvIF> orv;
 

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "backend/display/DisplayMessageManager.h"
+#include "backend/engine/EventLog.h"
+
+namespace Backend
+{
+/// Passes what the engine plays to the display.
+class EngineLog final : public MidiEngine::EventLog
+{
+public:
+    explicit EngineLog(Display::DisplayMessageManager& manager) : display(manager) {}
+
+    void addFromSlice(const MidiEngine::OrvMidiMessage& event) override { display.postMidiOutputEventFromSlice(event); }
+    void wake() override { display.wake(); }
+
+private:
+    Display::DisplayMessageManager& display;
+};
+}  // namespace Backend
