@@ -1,9 +1,9 @@
 #!/usr/bin/python3
 """Draws the pictures of the documentation anew: packaging/screenshots.py [ORVANE]
 
-The window of a new user is opened on a display without a screen, whole and then with each screen alone, at 100 and at
-200 percent, while some keys are held; then the dialogs. The pictures go to docs/pictures: window.png, help.png,
-help@2x.png ..."""
+Opens the window of a new user on a virtual display, at first with its default screens and then with each screen alone,
+at 100 and at 200 percent, while some keys are held; then the dialogs. Writes the pictures to docs/pictures: window.png,
+help.png, help@2x.png ... Look at them: on a busy machine a picture may be taken too early."""
 import glob
 import os
 import re
@@ -15,21 +15,21 @@ import tempfile
 import time
 import zlib
 
-HOUSE = os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
-ORVANE = os.path.abspath(sys.argv[1]) if len(sys.argv) > 1 else HOUSE + "/build/start/bin/orvane"
-PICTURES = HOUSE + "/docs/pictures"
+ROOT = os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
+ORVANE = os.path.abspath(sys.argv[1]) if len(sys.argv) > 1 else ROOT + "/build/start/bin/orvane"
+PICTURES = ROOT + "/docs/pictures"
 TITLE = "^Orvane 3$"
 
 SCREENS = ["system", "help", "display", "oscillators", "joystick", "midi-input", "computer-input", "controls", "output",
            "layers", "cc", "zones"]  # in the order of the setting
-HELD_KEYS = [24, 26, 28]  # Q, E and T, by their places
-DIALOGS = [  # picture, title, the screen with its button, where that is in the window, the keys that choose from its menu
-    ("setup-dialog", "Setup", "system", (630, 40), []),  # of its pages the one of the record
+HELD_KEYS = [24, 26, 28]  # Q, E and T, by their positions
+DIALOGS = [  # picture, title, the screen with its button, the position of the button, the keys that choose from its menu
+    ("setup-dialog", "Setup", "system", (630, 40), []),  # its page of the record
     ("save-dialog", "Save", "system", (192, 112), []),
     ("bank-size-dialog", "Change Bank Size", "system", (278, 112), ["Down", "Return"]),
     ("presets-dialog", "Presets", "computer-input", (432, 44), ["Down", "Down", "Return"]),
 ]
-THREE_BUTTONS = 300  # the window is wider if it shows a screen
+THREE_BUTTONS = 300  # a window with a screen is wider
 PATIENCE = 30
 
 
@@ -37,7 +37,7 @@ def until(condition, what):
     limit = time.monotonic() + PATIENCE
     while not condition():
         if time.monotonic() > limit:
-            sys.exit("waited in vain for " + what)
+            sys.exit("timed out waiting for " + what)
         time.sleep(0.05)
 
 
@@ -46,7 +46,7 @@ def run(*command, **more):
 
 
 class Display:
-    """Keeps its picture in a file, in the format of xwd."""
+    """A virtual display whose content is a file in the format of xwd."""
 
     def __init__(self, folder):
         self.process = subprocess.Popen(["Xvfb", "-displayfd", "1", "-screen", "0", "3200x3200x24", "-nolisten", "tcp",
@@ -96,6 +96,9 @@ class NewUser:
     def window(self, title=TITLE):
         return self.tool("xdotool", "search", "--onlyvisible", "--name", title).strip()
 
+    def hasFocus(self):
+        return self.window() and re.match(TITLE, self.tool("xdotool", "getwindowfocus", "getwindowname").strip())
+
     def geometry(self, title=TITLE):
         text = self.tool("xdotool", "getwindowgeometry", "--shell", self.window(title))
         return [int(re.search(name + r"=(-?\d+)", text).group(1)) for name in ("X", "Y", "WIDTH", "HEIGHT")]
@@ -103,15 +106,16 @@ class NewUser:
     def open(self, scale, heldKeys=()):
         self.orvane = subprocess.Popen([ORVANE], env={**self.environment, "QT_SCALE_FACTOR": str(scale)},
                                        cwd=self.folder, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
-        until(self.window, "the window")
+        until(self.hasFocus, "the window")
+        time.sleep(1)
         for key in heldKeys:
             self.tool("xdotool", "keydown", str(key))
-        time.sleep(1)  # all is drawn
+        time.sleep(2)  # until everything is drawn
 
     def openDialog(self, title, place, scale, keys):
         left, top, _, _ = self.geometry()
         self.tool("xdotool", "mousemove", str(left + place[0] * scale), str(top + place[1] * scale), "click", "1")
-        time.sleep(1)  # the menu stands
+        time.sleep(1)  # until the menu is shown
         for key in keys:
             self.tool("xdotool", "key", key)
         until(lambda: self.window(f"^{title}$"), "the dialog " + title)
@@ -125,7 +129,7 @@ class NewUser:
         self.orvane.wait(PATIENCE)
 
     def showOnly(self, screen):
-        """Once a window was open. One that does not exist leaves the three buttons."""
+        """To be called after a window was open. A screen that does not exist leaves the three buttons."""
         (path,) = glob.glob(self.folder + "/config/**/3.2", recursive=True)
         state = "".join("Y" if each == screen else "N" for each in SCREENS)
         with open(path) as file:
