@@ -1,4 +1,4 @@
-# A Debian package of what is installed, made by `cpack`: see deb.sh.
+# Makes a Debian package of the installed files with `cpack`: see deb.sh.
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME orvane)
 set(CPACK_PACKAGE_VENDOR "Brinlow Software")
@@ -18,7 +18,7 @@ set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
 set(CPACK_PRE_BUILD_SCRIPTS ${CMAKE_CURRENT_LIST_DIR}/CompressPages.cmake)
 
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
-# Whoever makes it says who they are in the variables that Debian's own tools read.
+# The name and address of the maintainer come from the variables that Debian's tools read.
 if(DEFINED ENV{DEBEMAIL})
   set(packager "$ENV{DEBFULLNAME} <$ENV{DEBEMAIL}>")
 else()
