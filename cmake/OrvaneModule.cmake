@@ -4,14 +4,18 @@
 #       USES orv_model orv_messages      modules whose headers it may include; so may whoever uses it
 #       LINKS PkgConfig::SDL2            libraries and modules that its sources alone use
 #       PRECOMPILE qt                    the kind of its precompiled headers; standard without it
+#       ALONE ChordArpeggio.cpp          sources that a unity build compiles by themselves, because names that are local to
+#                                        them are local to others too
 #       SOURCES Arpeggio.cpp ...)        relative to the folder
 #
 # Sources write `#include "backend/engine/Slice.h"`; a header of a module that is not among USES, or theirs, is not found.
 function(orv_module name folder)
-  cmake_parse_arguments(ARG "" "PRECOMPILE" "USES;LINKS;SOURCES" ${ARGN})
+  cmake_parse_arguments(ARG "" "PRECOMPILE" "USES;LINKS;ALONE;SOURCES" ${ARGN})
   list(TRANSFORM ARG_SOURCES PREPEND ${CMAKE_SOURCE_DIR}/${folder}/)
   if(ARG_SOURCES)
     add_library(${name} STATIC ${ARG_SOURCES})
+    list(TRANSFORM ARG_ALONE PREPEND ${CMAKE_SOURCE_DIR}/${folder}/)
+    set_source_files_properties(${ARG_ALONE} PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
     set(scope PUBLIC)
     target_link_libraries(${name} PRIVATE ${ARG_LINKS})
     if(NOT ARG_PRECOMPILE)
