@@ -3,20 +3,20 @@
 #include "api/OrvGuiIF.h"
 #include "api/OrvMessageManager.h"
 #include "backend/files/RegistrySettings.h"
-#include "backend/recorder/RetroRecordManager.h"
+#include "backend/model/Settings.h"
 #include "gui/framework/DisplayHeight.h"
 
 namespace Gui::Setup
 {
 using namespace Backend;
 using MidiEngine::MidiPort;
-using RetroRecord::RetroRecordManager;
 using Commands = OrvMessageManager;
 using Settings = RegistrySettings;
 
 namespace
 {
 constexpr int KILOBYTE = 1000;
+constexpr const auto& RECORD = Backend::Settings::RETRO_RECORD_BUFFER_SIZE;
 constexpr int CHANNELS = 16;
 
 std::vector<MidiPort> getInputs(const OrvGuiIF& gui)
@@ -90,8 +90,8 @@ constexpr Number RECORD_SIZE{"Buffer size:",
                              "full the oldest events are deleted.",
                              "KB",
                              "Changing the retrospective record buffer size will clear all existing data. Continue?",
-                             RetroRecordManager::SMALLEST_BUFFER / KILOBYTE,
-                             RetroRecordManager::LARGEST_BUFFER / KILOBYTE,
+                             RECORD.lowest / KILOBYTE,
+                             RECORD.highest / KILOBYTE,
                              KILOBYTE,
                              &Settings::getRetroRecordBufferSize,
                              &Commands::postSetRetroRecordBufferSize};
