@@ -42,8 +42,6 @@ void Frame::setBorder(Border newBorder)
     fit();
 }
 
-void Frame::setAlwaysOnTop(bool on) { setFlag(Qt::WindowStaysOnTopHint, on); }
-
 /// Changes the open window: a new one would lose the focus, and with it the keys that are down.
 void Frame::setFlag(Qt::WindowType flag, bool on)
 {

@@ -21,7 +21,6 @@ public:
 
     // Before it is shown or at any time afterwards
     void setBorder(Border border);
-    void setAlwaysOnTop(bool on);
 
     /// Raises the window above the others and restores it if it was minimised.
     void raiseAboveAll();
@@ -29,7 +28,7 @@ public:
     QWidget* getWidget() override { return content; }
     void windowResized(int width, int height) override;
     void moveWindow(const RelativeFixedValue& x, const RelativeFixedValue& y) override;
-    void alwaysOnTopChanged(bool on) override { setAlwaysOnTop(on); }
+    void alwaysOnTopChanged(bool on) override { setFlag(Qt::WindowStaysOnTopHint, on); }
     void useSkinBorderChanged(bool on) override { setBorder(on ? Border::own : Border::desktop); }
 
 protected:
