@@ -27,7 +27,6 @@ public:
     Button(GuiContext& guiContext, int buttonId, const QString& label, const QRect& rectangle, QWidget* parent,
            Action action = Action::momentary);
 
-    int getId() const { return id; }
     bool isPressed() const { return isCheckable() ? isChecked() : isDown(); }
     /// Does not notify the listener.
     void setPressed(bool pressed);

@@ -37,12 +37,6 @@ void Panel::setPanelSize(QSize newSize)
 
 bool Panel::hasShownChild() const { return std::ranges::any_of(childPanels, &Panel::isShown); }
 
-void Panel::setMargins(const QMargins& newMargins)
-{
-    margins = newMargins;
-    layOut();
-}
-
 void Panel::layOut()
 {
     const QSize column = placeChildren();
@@ -53,17 +47,17 @@ void Panel::layOut()
 /// One below the other with a gap between two, and the size they need.
 QSize Panel::placeChildren()
 {
-    int bottom = margins.top();
+    int bottom = 0;
     int width = 0;
     bool first = true;
     for (Panel* child : childPanels) {
         if (!child->shown) continue;
         if (!first) bottom += GAP;
         first = false;
-        child->move(margins.left(), bottom);
+        child->move(0, bottom);
         bottom += child->height();
         width = std::max(width, child->width());
     }
-    return {margins.left() + width + margins.right(), bottom + margins.bottom()};
+    return {width, bottom};
 }
 }  // namespace Gui

@@ -29,8 +29,6 @@ public:
     bool hasShownChild() const;
 
 protected:
-    /// The space between the edges of a panel and its column.
-    void setMargins(const QMargins& newMargins);
     /// The size of the whole column changed.
     virtual void columnResized(QSize) {}
 
@@ -40,7 +38,6 @@ private:
 
     Panel* parentPanel;
     std::vector<Panel*> childPanels;
-    QMargins margins;
     bool shown = false;
 };
 }  // namespace Gui
