@@ -487,5 +487,8 @@ public:
     /// [backend] The number, from 0, of the program that the next bank loads, the one at the start included. Nothing is
     /// loaded now.
     virtual void setProgramNumber(int number) = 0;
+
+    /// [backend] Plays the note-offs of the notes that this input holds, as if their keys were released.
+    virtual void releaseMidiInput(int port) = 0;
 };
 }  // namespace Backend

@@ -72,6 +72,8 @@ void OrvMessageManager::postEnableMidiOutput(int port, bool enabled)
     master.post(OrvMessage::ENABLE_MIDI_OUTPUT(port, enabled));
 }
 
+void OrvMessageManager::postReleaseMidiInput(int port) { master.post(OrvMessage::RELEASE_MIDI_INPUT(port)); }
+
 void OrvMessageManager::postProcessMidiInputEvent(const OrvMidiMessage& event)
 {
     master.post(OrvMessage::PROCESS_MIDI_INPUT_EVENT(event));

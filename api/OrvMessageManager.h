@@ -55,6 +55,8 @@ public:
 
     /// Incoming MIDI: the host sets the event's input to the port number.
     void postProcessMidiInputEvent(const MidiEngine::OrvMidiMessage& event);
+    /// For an input that lost its connection, see `OrvIF::releaseMidiInput`.
+    void postReleaseMidiInput(int port);
     /// The user moves the control of that cell; without one there nothing happens.
     void postChangeControl(const Cell& cell, std::int32_t value);
     /// Ends every note and waits until a time slice has done so; at once before the first slice, and on the thread that

@@ -305,6 +305,7 @@ public:
     {
         retroRecord.save(stem, std::move(listener));
     }
+    void releaseMidiInput(int port) override;
     void setDisplayListener(Display::DisplayListener* listener) override;
     void updateDisplayListener() override { display.getMessageManager().postUpdateListener(); }
     void resendDisplayText() override { display.getMessageManager().postResendText(); }

@@ -60,6 +60,7 @@ constexpr auto COMMANDS = std::to_array<Command<OrvIF>>({
     on<SET_TEMPO_SOURCE, &OrvIF::setTempoSource>(),
     on<LOAD_PROGRAM_FROM_STRING, &OrvIF::loadProgramFromString>(),
     on<SET_PROGRAM_NUMBER, &OrvIF::setProgramNumber>(),
+    on<RELEASE_MIDI_INPUT, &OrvIF::releaseMidiInput>(),
     on<DELETE_SEQUENCE_PRESET, &OrvIF::deleteSequencePreset>(),
     on<SAVE_RETRO_RECORD, static_cast<void (OrvIF::*)(const std::string&)>(&OrvIF::saveRetroRecord)>(),
     answer<SAVE_STATE, &OrvIF::saveState>(),
@@ -70,7 +71,7 @@ constexpr auto COMMANDS = std::to_array<Command<OrvIF>>({
 constexpr auto WAIT_FOR_FILES = std::to_array<unsigned int>(
     {END, Settings::DEFAULT_BANK.number, IMPORT_VERSION2_BANK, IMPORT_VERSION2_PROGRAM, IMPORT_VERSION2_PRESET,
      SAVE_TO_CURRENT_BANK, SAVE_TO_BANK, SAVE_TO_PROGRAM, LOAD_PROGRAM, LOAD_BANK, CHANGE_BANK_SIZE, CHANGE_PROGRAM,
-     LOAD_PROGRAM_FROM_STRING, SAVE_STATE});
+     LOAD_PROGRAM_FROM_STRING, SET_PROGRAM_NUMBER, SAVE_STATE});
 }  // namespace
 
 bool waitsForFiles(unsigned int number) { return std::ranges::count(WAIT_FOR_FILES, number) > 0; }

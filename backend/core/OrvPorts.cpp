@@ -110,6 +110,12 @@ int Orv::findOpenOutput(std::int64_t from, int step) const
     return -1;
 }
 
+void Orv::releaseMidiInput(int port)
+{
+    assertBackendThread();
+    releaseHeldNotes(port);
+}
+
 void Orv::enableMidiInput(int port, bool enabled)
 {
     assertBackendThread();

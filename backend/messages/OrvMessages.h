@@ -24,7 +24,7 @@ struct HostState;
 /// commands that change a setting are in `SettingMessages.h`.
 namespace OrvMessage
 {
-inline constexpr MessageRange RANGE{33218, 33279};
+inline constexpr MessageRange RANGE{33218, 33280};
 
 inline constexpr TypedRequest<std::string> GET_PROGRAM_AS_STRING{{33218, "GetProgramAsString"}};
 inline constexpr TypedMessage<> INITIALIZE{33219, "Initialize"};
@@ -71,6 +71,7 @@ inline constexpr TypedMessage<std::string> DELETE_SEQUENCE_PRESET{33275, "Delete
 inline constexpr TypedMessage<std::string> SAVE_RETRO_RECORD{33276, "SaveRetroRecord"};
 inline constexpr TypedRequest<HostStart> GET_HOST_START{{33278, "GetHostStart"}};
 inline constexpr TypedMessage<int> SET_PROGRAM_NUMBER{33279, "SetProgramNumber"};
+inline constexpr TypedMessage<int> RELEASE_MIDI_INPUT{33280, "ReleaseMidiInput"};
 /// From the files thread: its work is done.
 inline constexpr TypedMessage<> FILES_DONE{33277, "FilesDone"};
 }  // namespace OrvMessage

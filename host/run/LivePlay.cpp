@@ -138,15 +138,10 @@ void LivePlay::serve()
     reportFloods();
 }
 
-// The backend releases what an input holds when the input is not found.
 void LivePlay::releaseCutInputs()
 {
-    const auto cut = system.takeDisconnectedInputs();
-    if (cut.empty()) return;
-    auto inputs = ports.inputList();
-    for (const std::size_t index : cut) inputs[index].found = false;
-    orv->getOrvMessageManager().postSetMidiInputPorts(inputs);
-    orv->getOrvMessageManager().postSetMidiInputPorts(ports.inputList());
+    for (const std::size_t index : system.takeDisconnectedInputs())
+        orv->getOrvMessageManager().postReleaseMidiInput(static_cast<int>(index));
 }
 
 void LivePlay::publishPorts()
