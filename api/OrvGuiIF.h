@@ -153,7 +153,7 @@ public:
     /// The same for a preset that exists; false as well if there is none.
     virtual bool editSequencePreset(const std::string& name, const std::string& text) = 0;
     virtual void deleteSequencePreset(const std::string& name) = 0;
-    virtual Backend::SequenceManagement::SequencePresetManager& getSequencePresetManager() = 0;
+    virtual const Backend::SequenceManagement::SequencePresetManager& getSequencePresetManager() const = 0;
 
     /// Gives the focus back to playing, unless a text is being edited.
     virtual void setFocus() = 0;

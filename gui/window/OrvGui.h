@@ -83,7 +83,10 @@ public:
     bool addSequencePreset(const std::string& name, const std::string& text) override;
     bool editSequencePreset(const std::string& name, const std::string& text) override;
     void deleteSequencePreset(const std::string& name) override;
-    Backend::SequenceManagement::SequencePresetManager& getSequencePresetManager() override { return sequencePresets; }
+    const Backend::SequenceManagement::SequencePresetManager& getSequencePresetManager() const override
+    {
+        return sequencePresets;
+    }
     void setFocus() override;
     KeyPresses& getKeyPresses() override;
     std::string getGlobalKeyboardReason() const override { return globalKeyboard.getReason(); }
