@@ -318,7 +318,7 @@ void Orv::changeMidiThru(const OnOffToggle& value, bool notify)
     const bool on = value.appliedTo(registrySettings.getMidiThru());
     registrySettings.setMidiThru(on);
     midiEngine.getMessageManager().postSetMidiThru(on);
-    if (notify) notifyGui(GuiMessage::MIDI_THRU, on);
+    if (notify) notifyGui(SETTING<Settings::MIDI_THRU>, on);
 }
 
 void Orv::resetOrv()

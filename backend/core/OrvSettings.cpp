@@ -48,6 +48,6 @@ void Orv::changeGlobalKeyboard(const OnOffToggle& value, bool notify)
     assertBackendThread();
     const bool on = value.appliedTo(registrySettings.getGlobalKeyboard());
     registrySettings.setGlobalKeyboard(on);
-    if (notify) notifyGui(GuiMessage::GLOBAL_KEYBOARD, on);
+    if (notify) notifyGui(SETTING<Settings::GLOBAL_KEYBOARD>, on);
 }
 }  // namespace Backend

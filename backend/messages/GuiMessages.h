@@ -5,7 +5,6 @@
 #include <vector>
 
 #include "backend/messages/JoystickMessageManager.h"
-#include "backend/messages/SettingMessages.h"
 #include "backend/messages/TypedMessage.h"
 #include "backend/model/ControlMap.h"
 #include "backend/model/KeyConfigurationMap.h"
@@ -33,7 +32,8 @@ struct SavedRecord;
 using SaveReport = std::vector<SavedRecord>;
 }  // namespace RetroRecord
 
-/// What the backend notifies the window of. Lists and records travel as copies.
+/// What the backend notifies the window of, besides the changes of settings (`SettingMessages.h`). Lists and records
+/// travel as copies.
 namespace GuiMessage
 {
 /// What a save of the record wrote.
@@ -45,10 +45,6 @@ inline constexpr TypedMessage<int> RETRO_RECORD_FILL{32881, "RetroRecordFill"};
 inline constexpr TypedMessage<RegistrySettings> SETTINGS{33219, "Settings"};
 inline constexpr TypedMessage<MidiEngine::MidiInputPorts> MIDI_INPUT_PORTS{33221, "MidiInputPorts"};
 inline constexpr TypedMessage<MidiEngine::MidiOutputPorts> MIDI_OUTPUT_PORTS{33223, "MidiOutputPorts"};
-inline constexpr auto DOCK_TO_BOTTOM_EDGE = SETTING<Settings::DOCK_TO_BOTTOM_EDGE>;
-inline constexpr auto DEFAULT_BANK = SETTING<Settings::DEFAULT_BANK>;
-inline constexpr auto LARGE_DISPLAY_FONT = SETTING<Settings::LARGE_DISPLAY_FONT>;
-inline constexpr auto ALWAYS_ON_TOP = SETTING<Settings::ALWAYS_ON_TOP>;
 inline constexpr TypedMessage<Bank> BANK{33240, "Bank"};
 /// To a progress dialog: false if nothing was written.
 inline constexpr TypedMessage<bool> OPERATION_DONE{33241, "OperationDone"};
@@ -65,14 +61,7 @@ inline constexpr TypedMessage<Program> PROGRAM_NAME{33255, "ProgramName"};
 inline constexpr TypedMessage<Program, bool> PROGRAM{33257, "Program"};
 /// The output, -1 for none.
 inline constexpr TypedMessage<int> DEFAULT_MIDI_OUTPUT{33258, "DefaultMidiOutput"};
-inline constexpr auto USE_SKIN_BORDER = SETTING<Settings::USE_SKIN_BORDER>;
 inline constexpr TypedMessage<Screen, OnOffToggle::State> SHOW_SCREEN{33261, "ShowScreen"};
-inline constexpr auto RETRO_RECORD_BUFFER_SIZE = SETTING<Settings::RETRO_RECORD_BUFFER_SIZE>;
-inline constexpr auto RETRO_RECORD_ENABLED = SETTING<Settings::RETRO_RECORD_ENABLED>;
-inline constexpr auto MIDI_THRU = SETTING<Settings::MIDI_THRU>;
-inline constexpr auto GLOBAL_KEYBOARD = SETTING<Settings::GLOBAL_KEYBOARD>;
-inline constexpr auto MOUSE_SENSITIVITY = SETTING<Settings::MOUSE_SENSITIVITY>;
-inline constexpr auto CLICK_ZONE_CHANNEL_TRANSPOSE = SETTING<Settings::CLICK_ZONE_CHANNEL_TRANSPOSE>;
 /// The place in PresetSections::ALL, and false if its folder did not take a change.
 inline constexpr TypedMessage<std::uint32_t, bool, PresetList> PRESETS{33275, "Presets"};
 /// The sequence presets have changed, or, if false, one could not be written.

@@ -6,6 +6,7 @@
 #include "api/OrvGuiIF.h"
 #include "backend/files/RegistrySettings.h"
 #include "backend/messages/GuiMessages.h"
+#include "backend/messages/SettingMessages.h"
 #include "backend/model/PresetList.h"
 #include "backend/model/Program.h"
 #include "backend/model/WindowMove.h"
@@ -40,10 +41,10 @@ constexpr auto COMMANDS = std::to_array<Command<OrvGuiIF>>({
     on<GuiMessage::SETTINGS, &OrvGuiIF::handleSettingsChanged>(),
     on<GuiMessage::MIDI_INPUT_PORTS, &OrvGuiIF::handleMidiInputPortsChanged>(),
     on<GuiMessage::MIDI_OUTPUT_PORTS, &OrvGuiIF::handleMidiOutputPortsChanged>(),
-    on<GuiMessage::DOCK_TO_BOTTOM_EDGE, &OrvGuiIF::handleDockToBottomEdgeChanged>(),
-    on<GuiMessage::DEFAULT_BANK, &OrvGuiIF::handleDefaultBankChanged>(),
-    on<GuiMessage::LARGE_DISPLAY_FONT, &OrvGuiIF::handleLargeDisplayFontChanged>(),
-    on<GuiMessage::ALWAYS_ON_TOP, &OrvGuiIF::handleAlwaysOnTopChanged>(),
+    on<SETTING<Settings::DOCK_TO_BOTTOM_EDGE>, &OrvGuiIF::handleDockToBottomEdgeChanged>(),
+    on<SETTING<Settings::DEFAULT_BANK>, &OrvGuiIF::handleDefaultBankChanged>(),
+    on<SETTING<Settings::LARGE_DISPLAY_FONT>, &OrvGuiIF::handleLargeDisplayFontChanged>(),
+    on<SETTING<Settings::ALWAYS_ON_TOP>, &OrvGuiIF::handleAlwaysOnTopChanged>(),
     on<GuiMessage::BANK, &OrvGuiIF::handleBankChanged>(),
     on<GuiMessage::SHOW_SAVE_DIALOG, &OrvGuiIF::showSaveDialog>(),
     on<GuiMessage::SHOW_PROGRAM_MENU, &OrvGuiIF::showProgramMenu>(),
@@ -54,14 +55,14 @@ constexpr auto COMMANDS = std::to_array<Command<OrvGuiIF>>({
     on<GuiMessage::PROGRAM_NAME, &OrvGuiIF::handleProgramNameChanged>(),
     on<GuiMessage::PROGRAM, &changeProgram>(),
     on<GuiMessage::DEFAULT_MIDI_OUTPUT, &OrvGuiIF::handleDefaultMidiOutputChanged>(),
-    on<GuiMessage::USE_SKIN_BORDER, &OrvGuiIF::handleUseSkinBorderChanged>(),
+    on<SETTING<Settings::USE_SKIN_BORDER>, &OrvGuiIF::handleUseSkinBorderChanged>(),
     on<GuiMessage::SHOW_SCREEN, &showScreen>(),
-    on<GuiMessage::RETRO_RECORD_BUFFER_SIZE, &OrvGuiIF::handleRetroRecordBufferSizeChanged>(),
-    on<GuiMessage::RETRO_RECORD_ENABLED, &OrvGuiIF::handleRetroRecordEnabledChanged>(),
-    on<GuiMessage::MIDI_THRU, &OrvGuiIF::handleMidiThruChanged>(),
-    on<GuiMessage::GLOBAL_KEYBOARD, &OrvGuiIF::handleGlobalKeyboardChanged>(),
-    on<GuiMessage::MOUSE_SENSITIVITY, &OrvGuiIF::handleMouseSensitivityChanged>(),
-    on<GuiMessage::CLICK_ZONE_CHANNEL_TRANSPOSE, &OrvGuiIF::handleClickZoneChannelTransposeChanged>(),
+    on<SETTING<Settings::RETRO_RECORD_BUFFER_SIZE>, &OrvGuiIF::handleRetroRecordBufferSizeChanged>(),
+    on<SETTING<Settings::RETRO_RECORD_ENABLED>, &OrvGuiIF::handleRetroRecordEnabledChanged>(),
+    on<SETTING<Settings::MIDI_THRU>, &OrvGuiIF::handleMidiThruChanged>(),
+    on<SETTING<Settings::GLOBAL_KEYBOARD>, &OrvGuiIF::handleGlobalKeyboardChanged>(),
+    on<SETTING<Settings::MOUSE_SENSITIVITY>, &OrvGuiIF::handleMouseSensitivityChanged>(),
+    on<SETTING<Settings::CLICK_ZONE_CHANNEL_TRANSPOSE>, &OrvGuiIF::handleClickZoneChannelTransposeChanged>(),
     on<GuiMessage::PRESETS, &changePresets>(),
     on<GuiMessage::SEQUENCE_PRESETS, &OrvGuiIF::handleSequencePresetsChanged>(),
 });
