@@ -137,9 +137,9 @@ void Clock::receive(int input, const ShortMessage& message)
     if (owner.isOwnedBy(Owner::thread)) tempo.receive(input, message, microseconds(std::chrono::steady_clock::now()));
 }
 
-void Clock::graphDied()
+void Clock::graphLost()
 {
-    graph.store(Graph::dead);
+    graph.store(Graph::lost);
     wake.set();
 }
 

@@ -26,7 +26,7 @@ namespace Host
 /// | none      | `startOnThread`                                  | thread                              |
 /// | running   | `startInGraph`; when the thread has handed over  | graph                               |
 /// | hung      | from running: no period for half a second        | thread                              |
-/// | dead      | `graphDied`                                      | thread                              |
+/// | lost      | `graphLost`                                      | thread                              |
 /// | returning | `returnToGraph`; from hung: the third period     | thread, until its next slice        |
 ///
 /// If the process was stopped for more than 100 ms, the time beyond is skipped. No pulse is ever skipped.
@@ -54,7 +54,7 @@ public:
     /// Waits until that many more slices have been played, at most 5 seconds.
     void waitForSlices(std::uint64_t slices) const;
 
-    /// The process callback has not run for half a second, though the server is not known to be dead. Any thread.
+    /// No process callback for half a second, although the server is not known to have stopped. Any thread.
     bool graphHangs() const { return graph.load() == Graph::hung; }
 
     /// The clock's own thread plays. Any thread.
@@ -82,12 +82,12 @@ public:
     void receive(int input, const ShortMessage& message);
 
     /// The process callback will not run again. Any thread; async-signal-safe.
-    void graphDied();
+    void graphLost();
 
 private:
     using Time = std::chrono::steady_clock::time_point;
 
-    enum class Graph { none, running, hung, dead, returning };
+    enum class Graph { none, running, hung, lost, returning };
 
     bool replace(Graph expected, Graph next) { return graph.compare_exchange_strong(expected, next); }
     void begin(ClockOwner::Owner first);

@@ -10,7 +10,7 @@
 
 namespace Host
 {
-/// Determines the tempo of each pulse and sends a MIDI clock with the pulses. The tempo comes from, in this order:
+/// Determines the tempo of each pulse and sends a MIDI clock (docs/behaviour/clock.md). The tempo comes from, in order:
 /// - the external MIDI clock at the input `Player::getClockSource`, also after it has stopped, until the program gets
 ///   another tempo;
 /// - an external transport, if it has a tempo;

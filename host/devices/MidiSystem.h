@@ -57,8 +57,8 @@ public:
     /// Sends what was played. Called by the clock's own thread after each slice in which a message was played.
     virtual void deliver() = 0;
 
-    /// Updates the ports to devices that were plugged in or unplugged and to a server that died or was started. True if
-    /// a list of ports has changed. To be called several times a second, and whenever `wake` is set.
+    /// Updates the ports to devices that were plugged in or unplugged and to a server that was stopped or started. True
+    /// if a list of ports has changed. To be called several times a second, and whenever `wake` is set.
     virtual bool refresh() = 0;
 
     /// Executes the user's choice, at once if the device is present. An output that is disabled sends a note-off for

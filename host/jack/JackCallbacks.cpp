@@ -21,7 +21,7 @@ bool JackCallbacks::waitUntil(const std::function<bool()>& condition) const
 {
     const auto giveUp = std::chrono::steady_clock::now() + LONGEST_WAIT;
     while (!condition()) {
-        if (died.load() || std::chrono::steady_clock::now() > giveUp) return false;
+        if (serverLost.load() || std::chrono::steady_clock::now() > giveUp) return false;
         std::this_thread::sleep_for(1ms);
     }
     return true;
@@ -164,8 +164,8 @@ void JackCallbacks::updatePriority()
 void JackCallbacks::shutDown(jack_status_t, const char*, void* object)
 {
     auto& self = *static_cast<JackCallbacks*>(object);
-    self.died.store(true);
-    if (Clock* songClock = self.clock.load()) songClock->graphDied();
+    self.serverLost.store(true);
+    if (Clock* songClock = self.clock.load()) songClock->graphLost();
     self.wake.set();
 }
 }  // namespace Host

@@ -15,7 +15,7 @@
 namespace Host
 {
 /// The callbacks of the JACK client. The process callback takes the messages that arrived, plays the slices and writes
-/// what they played. The other callbacks store that ports or connections have changed, or that the server died, and
+/// what they played. The other callbacks store that ports or connections have changed, or that the server was lost, and
 /// notify the control thread, which calls the operations. This object outlives the clients.
 class JackCallbacks
 {
@@ -44,7 +44,7 @@ public:
     std::atomic<bool> receives{false};  ///< the inputs are read
 
     // Set by the server's callbacks; the control thread resets the changes.
-    std::atomic<bool> died{false};
+    std::atomic<bool> serverLost{false};
     std::atomic<bool> portsChanged{false};
     std::atomic<bool> connectionsChanged{false};
 
@@ -54,8 +54,8 @@ public:
     /// The real-time priority of the thread of the process callback, 0 for none.
     int getPriority() const { return priority.load(); }
 
-    /// Waits for that many periods. False if the server died or plays none for two seconds: then no call of the server
-    /// must be made, which might never return.
+    /// Waits for that many periods. False if the server was lost or plays none for two seconds: then no function of
+    /// the server may be called, because it might never return.
     bool waitFor(std::uint64_t count) const;
 
     /// Waits until these outputs are closed, except for those without a JACK port. False as `waitFor`.

@@ -316,7 +316,7 @@ void JackDevices::enableInput(std::size_t index, bool enabled)
     InputPort& port = *ports.inputs()[index];
     port.enabled = enabled;
     jack_port_t* own = callbacks.inputs[index];
-    if (own == nullptr || callbacks.died.load()) return;
+    if (own == nullptr || callbacks.serverLost.load()) return;
     if (enabled) {
         openInput(index);
         return;
@@ -330,7 +330,8 @@ void JackDevices::enableOutput(std::size_t index, bool enabled)
     OutputPort& port = *ports.outputs()[index];
     port.enabled = enabled;
     jack_port_t* own = callbacks.outputs[index];
-    if (client == nullptr || callbacks.died.load() || (index == SYNTHESIZER ? !isSynthesizerThere() : own == nullptr))
+    if (client == nullptr || callbacks.serverLost.load() ||
+        (index == SYNTHESIZER ? !isSynthesizerThere() : own == nullptr))
         return;
     if (enabled) {
         openOutput(index);

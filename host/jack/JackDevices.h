@@ -17,7 +17,7 @@ namespace Host
 {
 /// The MIDI ports of other clients in a JACK graph. Each of them gets a port of our client, connected to it, for as
 /// long as it is registered; connections that others make are observed. Note-offs that a receiver may have missed are
-/// sent to it again. Control thread; while the server plays no periods, no call of it is made.
+/// sent to it again. Control thread; while the server plays no periods, none of its functions is called.
 class JackDevices
 {
 public:

@@ -57,14 +57,14 @@ RealTimeAnswer JackSystem::clockPriority() const
 
 void JackSystem::startClock(Clock& songClock)
 {
-    if (!client || hasDied()) {
+    if (!client || isServerLost()) {
         songClock.startOnThread();
         callbacks.clock.store(&songClock);
         return;
     }
     songClock.startInGraph(jack_get_sample_rate(client.get()));
     callbacks.clock.store(&songClock);
-    if (hasDied()) songClock.graphDied();
+    if (isServerLost()) songClock.graphLost();
 }
 
 bool JackSystem::followTransport()
@@ -77,7 +77,7 @@ void JackSystem::listen(Listener listener)
 {
     reader.start(std::move(listener));
     callbacks.receives.store(true);
-    if (client && !hasDied()) devices.connectInputs();
+    if (client && !isServerLost()) devices.connectInputs();
 }
 
 void JackSystem::stopListening()
@@ -102,14 +102,14 @@ void JackSystem::makeSynthesizer(double sampleRate)
 
 bool JackSystem::enterGraph(JackClient newClient)
 {
-    callbacks.died.store(false);
+    callbacks.serverLost.store(false);
     client = std::move(newClient);
     callbacks.registerAt(client.get());
     enterSynthesizer();
     // The server of a busy machine sometimes accepts a client and never runs it: the next attempt may succeed.
     if (jack_activate(client.get()) != 0 || !callbacks.waitFor(1)) {
-        callbacks.died.store(true);
-        leaveDeadGraph();
+        callbacks.serverLost.store(true);
+        leaveLostGraph();
         return false;
     }
     devices.enterGraph(client.get());
@@ -131,16 +131,16 @@ void JackSystem::enterSynthesizer()
 
 /// JACK's library cancels its thread when a client is closed. If that thread is still processing the server's last
 /// messages and holds a lock of the library, no client of this process can be opened any more.
-void JackSystem::closeDeadClient()
+void JackSystem::closeLostClient()
 {
     std::this_thread::sleep_for(UNTIL_READER_STOPPED);
     client.reset();
 }
 
-void JackSystem::leaveDeadGraph()
+void JackSystem::leaveLostGraph()
 {
     devices.close();
-    closeDeadClient();  // ends the process callback
+    closeLostClient();  // ends the process callback
     callbacks.synthesizer.store(nullptr);
     devices.leaveGraph();
 }
@@ -156,7 +156,7 @@ bool JackSystem::enterNewGraph()
         synthesizer->connectToSoundCard(client.get());
     if (Clock* songClock = callbacks.clock.load()) {
         songClock->returnToGraph(callbacks.getRate());
-        if (hasDied()) songClock->graphDied();
+        if (isServerLost()) songClock->graphLost();
     }
     news.push_back("The JACK server is back: " + description() + ".");
     return true;
@@ -165,8 +165,8 @@ bool JackSystem::enterNewGraph()
 bool JackSystem::refresh()
 {
     if (!client) return enterNewGraph();
-    if (hasDied()) {
-        leaveDeadGraph();
+    if (isServerLost()) {
+        leaveLostGraph();
         hangs = false;
         news.push_back(
             "The JACK server is gone: no MIDI and no sound until there is one again. The engine continues with its own "
@@ -214,8 +214,8 @@ void JackSystem::close()
         callbacks.waitUntilClosed(0, ports.outputs().size()) && callbacks.waitFor(JackCallbacks::UNTIL_READ);
     for (int xruns = 0; xruns < MOST_XRUNS_AT_END && serverRuns && devices.processXruns(); ++xruns)
         serverRuns = callbacks.waitFor(JackCallbacks::UNTIL_READ);
-    if (hasDied())
-        closeDeadClient();
+    if (isServerLost())
+        closeLostClient();
     else if (serverRuns)
         client.reset();
     else

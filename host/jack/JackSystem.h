@@ -16,7 +16,7 @@ namespace Host
 /// In", "Orvane Out"), one more for each MIDI port of other clients while that is registered, and the built-in
 /// synthesizer's two audio ports. The process callback drives the clock. While the server hangs, the clock's own thread
 /// does. A device that is connected to "Orvane In" is not received a second time at the port of its own. If the server
-/// dies, a new client enters the next server and restores the connections.
+/// stops, a new client enters the next server and restores the connections.
 class JackSystem final : public MidiSystem
 {
 public:
@@ -44,11 +44,11 @@ private:
     bool enterGraph(JackClient newClient);
     void enterSynthesizer();
     bool isSynthesizerThere() const { return callbacks.synthesizer.load() != nullptr; }
-    void closeDeadClient();
-    void leaveDeadGraph();
+    void closeLostClient();
+    void leaveLostGraph();
     bool enterNewGraph();
     bool updateHang();
-    bool hasDied() const { return callbacks.died.load(); }
+    bool isServerLost() const { return callbacks.serverLost.load(); }
 
     const std::string clientName;
     Ports& ports;

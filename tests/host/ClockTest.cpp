@@ -135,13 +135,13 @@ TEST(Clock, ItsThreadTakesOverWhenTheGraphDiesOrHangsAndHandsBackWithoutSkipping
     };
     for (const auto& [dies, nextRate] : {Row{true, 44100}, Row{false, 44100}, Row{true, 96000}, Row{false, 96000}}) {
         for (int period = 0; period < 10; ++period) playPeriod();
-        if (dies) clock.graphDied();
+        if (dies) clock.graphLost();
         clock.waitForSlices(20);
         ASSERT_TRUE(clock.runsOnItsThread());
         EXPECT_EQ(clock.graphHangs(), !dies);
         EXPECT_NE(recording.player.getThreadId(), currentThreadId());
         if (dies) {
-            playPeriod();  // a last callback of the dead graph
+            playPeriod();  // a last callback of the lost graph
             EXPECT_TRUE(clock.runsOnItsThread());
             clock.returnToGraph(nextRate);
         }
