@@ -8,14 +8,14 @@
 
 namespace Backend
 {
-/// Which notes each MIDI input holds: note-ons without a note-off. The backend thread only.
+/// The notes that each MIDI input holds: note-ons without a note-off. The backend thread only.
 class HeldNotes
 {
 public:
-    /// Follows an event of an input; a note on of velocity 0 is a release.
+    /// Records an event of an input; a note-on with velocity 0 counts as a note-off.
     void follow(const MidiEngine::OrvMidiMessage& event);
 
-    /// Forgets what an input holds and calls `release(channel, note)` for each note-on without a note-off, lowest
+    /// Forgets the notes of an input and calls `release(channel, note)` for each note-on without a note-off, lowest
     /// channel and note first.
     template <class Release>
     void release(int input, Release&& release)
@@ -23,7 +23,7 @@ public:
         const auto keyboard = held.extract(input);
         if (keyboard.empty()) return;
         for (unsigned key = 0; key < keyboard.mapped().size(); ++key)
-            for (auto strikes = keyboard.mapped()[key]; strikes > 0; --strikes)
+            for (auto count = keyboard.mapped()[key]; count > 0; --count)
                 release(static_cast<int>(key / NOTES), static_cast<int>(key % NOTES));
     }
 

@@ -9,7 +9,7 @@ namespace Backend::ArpeggioManagement
 {
 namespace
 {
-/// Nothing is a multiple of 0 here: a beat of 0 is no beat.
+/// False for a divisor of 0: an arpeggio with a beat of 0 has no beats.
 bool isMultiple(std::int64_t number, std::int64_t divisor) { return divisor != 0 && number % divisor == 0; }
 
 /// The first pulse after `ppq` whose distance from `origin` is a multiple of `divisor`.
@@ -34,16 +34,16 @@ bool Arpeggio::onBeat(std::int32_t ppq, std::int32_t startTime) const
 
 bool Arpeggio::noteEnds(std::int32_t ppq, std::int32_t startTime) const
 {
-    if (beat <= length) return onBeat(ppq, startTime);  // cut by the next
+    if (beat <= length) return onBeat(ppq, startTime);  // the next beat ends the note
     std::int64_t began = lastNoteOn;
-    if (ppq <= began) {  // the clock went back: so does the beginning, by whole beats
+    if (ppq <= began) {  // the clock went back: the note counts as started whole beats earlier
         if (beat == 0) return false;
         began -= ((began - ppq) / beat + 1) * beat;
     }
     return isMultiple(ppq, began + length);
 }
 
-std::int32_t Arpeggio::nextTurn(std::int32_t ppq, std::int32_t startTime) const
+std::int32_t Arpeggio::nextActivePulse(std::int32_t ppq, std::int32_t startTime) const
 {
     if (notes.empty()) return NEVER;
     if (startTime < 0 || ppq < lastNoteOn) return ppq < NEVER ? ppq + 1 : NEVER;

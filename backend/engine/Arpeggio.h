@@ -11,8 +11,9 @@
 
 namespace Backend::ArpeggioManagement
 {
-/// Holds the notes of a layer and plays them on the engine's pulse, in the pattern of its type. A key's end is the end
-/// of its note: none sounds on when all keys are up. Beyond `ROOM_FOR_NOTES` keys it allocates. Time slice only.
+/// The arpeggio of a layer: keeps the notes that are held on the layer and plays them on beats, in the order of its
+/// type. When all keys are released, every note ends. It allocates only for more than `ROOM_FOR_NOTES` keys. Time slice
+/// only.
 class Arpeggio
 {
 public:
@@ -25,31 +26,31 @@ public:
     Arpeggio(const Arpeggio&) = delete;
     Arpeggio& operator=(const Arpeggio&) = delete;
 
-    /// A note on or a note off from the layer. Nothing sounds before the next `process`.
+    /// Adds the note of a note-on, or releases that of a note-off. Nothing sounds before the next `process`.
     virtual void addNote(ArpeggioVoice& voice, const MidiEngine::OrvMidiMessage& event) = 0;
 
-    /// The turn of a pulse.
+    /// Plays pulse `ppq`: ends and starts notes. To be called for each pulse that `nextActivePulse` does not exclude.
     virtual void process(ArpeggioVoice& voice, std::int32_t ppq) = 0;
 
     /// The first pulse after `ppq` in which `process` may do anything, unless a note or a reset comes before; `NEVER`
-    /// when idle.
-    std::int32_t nextTurn(std::int32_t ppq, std::int32_t startTime) const;
+    /// without notes.
+    std::int32_t nextActivePulse(std::int32_t ppq, std::int32_t startTime) const;
 
-    /// Ends what sounds, forgets all notes and sets the sequence back to its start.
+    /// Ends the sounding notes, forgets all notes and sets the sequence back to its first node.
     void stop(ArpeggioVoice& voice);
 
-    /// The pulse of its last start, -1 while it is idle or waits for its first beat.
+    /// The pulse of the beat on which it last started notes, -1 while it is idle or waits for its first beat.
     std::int32_t getLastStart() const { return lastStart; }
 
 protected:
-    /// Whether the sounding notes end in that pulse.
+    /// Whether the notes that sound end in that pulse.
     bool noteEnds(std::int32_t ppq, std::int32_t startTime) const;
     bool onBeat(std::int32_t ppq, std::int32_t startTime) const;
 
     void startNote(ArpeggioVoice& voice, ArpeggioNote& note, std::int32_t ppq);
     void start(ArpeggioVoice& voice, std::int32_t ppq);
 
-    /// Back to the start of the pattern.
+    /// Sets the order back to its first note.
     virtual void rewind() {}
 
     std::vector<ArpeggioNote> notes;
@@ -61,6 +62,6 @@ private:
     std::int32_t lastNoteOn = -1;
 };
 
-/// The arpeggio that plays so.
+/// Makes an arpeggio of the type of `setting`.
 std::unique_ptr<Arpeggio> createArpeggio(const ArpeggioSetting& setting);
 }  // namespace Backend::ArpeggioManagement

@@ -7,14 +7,14 @@
 
 namespace Backend::ArpeggioManagement
 {
-/// A note that an arpeggio holds, ready to go out: the layer settled its output, channel, pitch and velocity.
+/// A note that an arpeggio plays. Output, channel, note number and velocity are those that the layer gave it.
 class ArpeggioNote : public MidiEngine::OrvMidiMessage
 {
 public:
     enum class State : std::uint8_t {
         held,      ///< its key is down
-        released,  ///< its key is up; it goes at its end
-        sounded    ///< held, and the walk has been there
+        released,  ///< its key is up; the note is removed when it ends
+        sounded    ///< its key is down, and the arpeggio has played it
     };
 
     explicit ArpeggioNote(const MidiEngine::OrvMidiMessage& event) : OrvMidiMessage(event) {}
@@ -22,7 +22,7 @@ public:
     bool isReleased() const { return state == State::released; }
 
     State state = State::held;
-    bool playing = false;  ///< its note on went out, its note off not yet
-    std::size_t node = 0;  ///< of the sequence, at its note on: the note off takes the same
+    bool playing = false;  ///< its note-on was sent, its note-off not yet
+    std::size_t node = 0;  ///< of the sequence, at its note-on; its note-off goes through the same node
 };
 }  // namespace Backend::ArpeggioManagement

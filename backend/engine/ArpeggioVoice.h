@@ -17,20 +17,20 @@ class SequencePlayer;
 
 namespace Backend::ArpeggioManagement
 {
-/// What an arpeggio plays with, inside a slice: the way out of its notes, straight or through the layer's sequence, and
-/// the grid.
+/// What an arpeggio needs to play inside a slice: the engine, to which its notes go, directly or through the sequence
+/// of the layer, and the grid of beats.
 struct ArpeggioVoice {
     MidiEngine::Slice& slice;
     MidiEngine::MidiEngine& engine;
     SequenceManagement::SequencePlayer& sequence;
 
-    /// Both go through the node of the sequence in which the note began.
+    /// Sends the note. Both pass it through the node of the sequence at which its note-on was sent.
     void noteOn(ArpeggioNote& note);
     void noteOff(ArpeggioNote& note);
 
     /// The pulse in which the grid begins, -1 while no arpeggio runs.
     std::int32_t getStartTime() const;
-    /// The first one begins the grid.
+    /// Begins the grid, unless another arpeggio runs.
     void setStartTime(std::int32_t ppq);
 
 private:

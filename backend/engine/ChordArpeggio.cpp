@@ -23,7 +23,7 @@ void ChordArpeggio::process(ArpeggioVoice& voice, std::int32_t ppq)
     if (noteEnds(ppq, startTime)) end(voice);
     if (std::ranges::all_of(notes, &ArpeggioNote::isReleased)) return stop(voice);
 
-    // The sequence moves between the note offs and the note ons of a beat.
+    // The sequence advances between the note-offs and the note-ons of a beat.
     if (isOnBeat && lastStart >= 0) voice.sequence.advance();
     const bool begins = startTime < 0;
     if (begins || (isOnBeat && lastStart < 0)) start(voice, ppq);
@@ -31,7 +31,7 @@ void ChordArpeggio::process(ArpeggioVoice& voice, std::int32_t ppq)
         if (!note.isReleased() && (begins || (isOnBeat && !note.playing))) startNote(voice, note, ppq);
 }
 
-/// The held ones stay, to sound again.
+/// Ends the sounding notes. Those whose keys are down are kept and played again on the next beat.
 void ChordArpeggio::end(ArpeggioVoice& voice)
 {
     for (ArpeggioNote& note : notes)

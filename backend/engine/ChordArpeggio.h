@@ -4,8 +4,8 @@
 
 namespace Backend::ArpeggioManagement::Arpeggios
 {
-/// All held notes together, played anew on each beat. The first after silence sounds at once, later ones wait for the
-/// beat; when all keys are up the chord ends at once.
+/// Plays all held notes together, again on each beat. The first chord sounds at once if no other arpeggio runs, keys
+/// that are pressed later wait for the next beat. When all keys are released, the chord ends at once.
 class ChordArpeggio final : public Arpeggio
 {
 public:

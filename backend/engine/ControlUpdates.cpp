@@ -7,7 +7,8 @@ using MidiEngine::OrvMidiMessage;
 
 namespace
 {
-// The second parameter from the low byte up: output, these flags, row and column in four bits each, zone.
+// The layout of the second parameter, from the low byte up: output, these flags, row and column in four bits each,
+// zone.
 constexpr std::uint32_t DEFAULT_CHANNEL = 0x100;
 constexpr std::uint32_t HAS_CELL = 0x200;
 

@@ -10,18 +10,18 @@
 
 namespace Backend::Controls
 {
-/// Passes events that are played to the controls that follow them: a table of the events that any control follows, and
-/// the queue of the controls' thread. Nothing here waits. An event that no control follows costs one table look-up.
+/// Passes played events to the controls that follow them. It has a table of the events that any control follows, and
+/// the queue of the backend thread. Nothing here waits; an event that no control follows costs one table look-up.
 class ORV_API ControlUpdates
 {
 public:
-    /// The message of an update; `read` gives back its event.
+    /// The number of the update message; `read` returns its event.
     static constexpr unsigned int MESSAGE = 33974;
 
-    /// `queue` is that of the thread that owns the controls.
+    /// `queue` is the queue of the thread that owns the controls.
     explicit ControlUpdates(MessageQueue& queue) : controls(queue) {}
 
-    /// From now on the events of these controls are followed. The controls' thread.
+    /// Replaces the table by the events of these controls. The thread that owns the controls.
     void setFollowed(const ControlMap& map);
 
     /// Any thread.
@@ -30,12 +30,12 @@ public:
         return followed[placeOf(event.getMidiMessage())].load(std::memory_order_relaxed);
     }
 
-    /// Inside a time slice only; `wake` follows once the engine lock is left.
+    /// Time slice only; `wake` must be called after the engine lock was released.
     void postFromSlice(const MidiEngine::OrvMidiMessage& event) { controls.postFromSlice(pack(event)); }
     void wake() { controls.wake(); }
 
-    /// The event with what a control compares: message, output, channel, zone and the cell that it came from, if that
-    /// lies within 0 to 15 each way. All of it travels in the two parameters.
+    /// Packs into the two parameters what a control compares: message, output, channel, zone, and the cell of the
+    /// control that sent the event, if it has one.
     static Message pack(const MidiEngine::OrvMidiMessage& event);
     static MidiEngine::OrvMidiMessage read(const Message& message);
 

@@ -8,11 +8,11 @@
 
 namespace Backend::MidiEngine
 {
-/// An event's route and the default output of the moment, in one word.
+/// The route of an event and the present default output, in one word.
 class DefaultRoute
 {
 public:
-    /// Of an event whose output is the default one, with the channel as it names it.
+    /// For an event whose output is the default one; the channel is the one that the event names.
     DefaultRoute(const OrvMidiMessage& event, int defaultOutput)
         : word(Word{event.getRoute() ^ static_cast<std::uint8_t>(event.getChannel()) << 8u} << 32 |
                Word{PressMemory::byte(defaultOutput)} << 24)
@@ -28,21 +28,21 @@ private:
     Word word;
 };
 
-/// Remembers, for the notes of one layer or of the direct path, the output that each open press got while it was the
-/// default output. The rule is that of `PressMemory`; while a note has one route and one output, which is nearly
-/// always, this table counts by itself, and everything else is in the `PressMemory`. Time slice only.
+/// Remembers the output that each open press got when it was the default output, for the notes of one layer or of the
+/// direct path. The rules are those of `PressMemory`. As long as a note has one route and one output, which is nearly
+/// always the case, this table counts its presses; all other cases are stored in the `PressMemory`. Time slice only.
 class DefaultOutputMemory
 {
 public:
     static constexpr int NONE = -1;
 
-    /// `owner` tells this table from others that share a `PressMemory`.
+    /// `owner` distinguishes this table from the others that share a `PressMemory`.
     DefaultOutputMemory(std::size_t notes, std::size_t owner)
         : cells(notes), ownKey(PressMemory::OUTPUT_KEY | PressMemory::Key{owner} << 32)
     {
     }
 
-    /// A note on goes to the default output. False if the case is not the usual one: then `press` does it.
+    /// Counts a note-on to the default output. False if the note has another route or output: then call `press`.
     bool pressUsual(std::size_t note, DefaultRoute route)
     {
         Word& cell = cells[note];
@@ -50,11 +50,11 @@ public:
         ++cell;
         return true;
     }
-    /// False if it cannot be remembered; then the note on must not be played.
+    /// False if the memory is full; then the note-on must not be played.
     bool press(PressMemory& presses, std::size_t note, DefaultRoute route);
 
-    /// True if the note off goes to the default output and nowhere else. False if the case is not the usual one: then
-    /// `release` does it.
+    /// True if the note-off goes to the default output only. False if the note has another route or output: then call
+    /// `release`.
     bool releaseUsual(std::size_t note, DefaultRoute route)
     {
         Word& cell = cells[note];
@@ -63,8 +63,8 @@ public:
         if (count > 0) --cell;
         return true;
     }
-    /// Calls `noteOff(output)` for the output of the latest run, then for each press that got another output. With
-    /// nothing known that is the default output of the moment.
+    /// Calls `noteOff(output)` for the output of the latest run, then for each press that got another output. For a
+    /// note without presses that is the present default output.
     template <class NoteOff>
     void release(PressMemory& presses, std::size_t note, DefaultRoute route, NoteOff&& noteOff)
     {
@@ -78,24 +78,24 @@ public:
         if (!presses.release(keyOf(note, route), toOutput)) noteOff(route.getDefaultOutput());
     }
 
-    // For a layer on which each note sounds at most once, whatever its route
+    // For a layer on which each note sounds at most once, on any route
 
     void setOutput(std::size_t note, int output)
     {
         isEmpty = false;
         cells[note] = ANY_ROUTE | Word{PressMemory::byte(output)} << 24;
     }
-    /// The output that the note's last note on got, or `NONE`.
+    /// The output that the last note-on of the note got, or `NONE`.
     int getOutput(std::size_t note) const { return cells[note] == 0 ? NONE : outputOf(cells[note]); }
 
-    /// Forgets the outputs that are gone; the `PressMemory` forgets its own.
+    /// Forgets the outputs that are gone. Those in the `PressMemory` are forgotten by `PressMemory::forgetOutputs`.
     template <class IsGone>
     void forget(IsGone&& isGone)
     {
         if (isEmpty) return;
         for (Word& cell : cells)
             if (cell != 0 && cell != IN_PRESSES && isGone(outputOf(cell)))
-                cell = (cell & ANY_ROUTE) == ANY_ROUTE ? 0 : IN_PRESSES;  // where another run of its route may be
+                cell = (cell & ANY_ROUTE) == ANY_ROUTE ? 0 : IN_PRESSES;  // the route may have other runs
     }
 
     void clear();
@@ -103,7 +103,7 @@ public:
 private:
     using Word = DefaultRoute::Word;
 
-    // A cell: route, output, number of open presses; 0 for nothing known. No route has all bits set.
+    // A cell: route, output, number of open presses; 0 if nothing is stored. No route has all bits set.
     static constexpr Word MOST = 0xFFFFFF;
     static constexpr Word ANY_ROUTE = Word{0xFFFFFFFF} << 32;
     static constexpr Word IN_PRESSES = ~Word{0};

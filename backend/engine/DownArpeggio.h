@@ -4,7 +4,7 @@
 
 namespace Backend::ArpeggioManagement::Arpeggios
 {
-/// From the highest held note down, and again.
+/// Plays the held notes one after another, from the highest to the lowest, and again.
 class DownArpeggio final : public WalkingArpeggio
 {
 public:

@@ -14,7 +14,7 @@ using MidiEngine::Slice;
 
 namespace
 {
-constexpr std::size_t NOTES = 256;  // as many as a data byte has
+constexpr std::size_t NOTES = 256;  // the number of values of a data byte
 
 OrvMidiMessage withNote(OrvMidiMessage event, int note)
 {
@@ -22,7 +22,7 @@ OrvMidiMessage withNote(OrvMidiMessage event, int note)
     return event;
 }
 
-/// The note that a played note becomes; results are held as signed bytes before they are brought into range.
+/// The note that a layer makes of a note. The result is a signed byte, not yet limited to the range of notes.
 std::int64_t transposed(const Layer& layer, int played)
 {
     const int key = layer.key.getNumber();
@@ -35,7 +35,7 @@ std::int64_t transposed(const Layer& layer, int played)
 std::int64_t shapedVelocity(const Layer& layer, int velocity)
 {
     if (!layer.velocity.relative) return layer.velocity.value;
-    // The quotient first, then the product, in double precision.
+    // The quotient is computed first, in double precision, then the product.
     const double ratio = static_cast<double>(layer.compress.numerator) / layer.compress.denominator;
     return static_cast<std::int64_t>(ratio * velocity) + layer.velocity.value;
 }
@@ -75,7 +75,7 @@ void EngineLayer::keepNote(Slice& slice, MidiEngine::MidiEngine& engine, const O
 {
     if (event.isNoteOn())
         keepNoteOn(slice, engine, event);
-    else if (toggle == NoteToggle::Mode::off)  // otherwise releases play no part
+    else if (toggle == NoteToggle::Mode::off)  // with toggle, note-offs have no effect
         keepNoteOff(slice, engine, event);
 }
 
@@ -96,47 +96,47 @@ void EngineLayer::keepNoteOn(Slice& slice, MidiEngine::MidiEngine& engine, const
             noteStack.remove(old.note);
         }
         if (hasArpeggio())
-            giveNoteOff(slice, engine, noteOff);
-        else  // after the new note: legato
+            emitKeptNoteOff(slice, engine, noteOff);
+        else  // the old note ends after the new one begins: legato
             delayed = {.noteOff = noteOff, .output = getKeptOutput(slice, engine, old.note)};
     };
 
     if (toggle == NoteToggle::Mode::off) {
-        // The older note stays in the stack: it comes back when the newer key is released.
+        // The older note stays in the stack; it sounds again when the newer key is released.
         if (mono) endOldNote();
     } else {
         const auto place = static_cast<std::size_t>(note);
         if (toggledNotes[place] && toggle == NoteToggle::Mode::type1) {
             toggledNotes[place] = false;
-            giveNoteOff(slice, engine, event);
+            emitKeptNoteOff(slice, engine, event);
             noteStack.remove(note);
             return;
         }
         if (mono) endOldNote();
-        if (toggledNotes[place]) giveNoteOff(slice, engine, event);  // played anew
+        if (toggledNotes[place]) emitKeptNoteOff(slice, engine, event);  // type 2: the note is played again
         toggledNotes[place] = true;
     }
-    if (mono) noteStack.push(note, event.getD2());  // only mono layers read it
-    giveNoteOn(slice, engine, event);
+    if (mono) noteStack.push(note, event.getD2());  // only mono layers use the stack
+    emitKeptNoteOn(slice, engine, event);
     if (delayed.noteOff) sendNoteOff(slice, engine, *delayed.noteOff, delayed.output);
 }
 
 void EngineLayer::keepNoteOff(Slice& slice, MidiEngine::MidiEngine& engine, const OrvMidiMessage& event)
 {
-    if (!mono) return giveNoteOff(slice, engine, event);
+    if (!mono) return emitKeptNoteOff(slice, engine, event);
     const bool wasLast = noteStack.remove(event.getD1());
     if (!wasLast) return;
     const int keptOutput = getKeptOutput(slice, engine, event.getD1());
-    if (hasArpeggio()) giveNoteOff(slice, engine, event);
+    if (hasArpeggio()) emitKeptNoteOff(slice, engine, event);
     if (const auto older = noteStack.top(); older.note >= 0) {
         OrvMidiMessage noteOn = withNote(event, older.note);
-        if (noteOn.getD2() == 0) noteOn.setD2(older.velocity);  // 0 would silence it
-        giveNoteOn(slice, engine, noteOn);
+        if (noteOn.getD2() == 0) noteOn.setD2(older.velocity);  // a velocity of 0 would make it a note-off
+        emitKeptNoteOn(slice, engine, noteOn);
     }
     if (!hasArpeggio()) sendNoteOff(slice, engine, event, keptOutput);
 }
 
-void EngineLayer::giveNoteOn(Slice& slice, MidiEngine::MidiEngine& engine, const OrvMidiMessage& event)
+void EngineLayer::emitKeptNoteOn(Slice& slice, MidiEngine::MidiEngine& engine, const OrvMidiMessage& event)
 {
     const int port = getOutput(slice, engine);
     if (!engine.isOutputEnabled(slice, port)) return engine.drop(slice, event, "output missing or not enabled");
@@ -149,8 +149,8 @@ void EngineLayer::giveNoteOn(Slice& slice, MidiEngine::MidiEngine& engine, const
     addToArpeggio(slice, engine, played);
 }
 
-/// To an arpeggio whatever became of the output meanwhile: a key that is up must not play on.
-void EngineLayer::giveNoteOff(Slice& slice, MidiEngine::MidiEngine& engine, const OrvMidiMessage& event)
+/// An arpeggio gets the note-off even if the output is missing, so that it stops playing the released key.
+void EngineLayer::emitKeptNoteOff(Slice& slice, MidiEngine::MidiEngine& engine, const OrvMidiMessage& event)
 {
     if (!hasArpeggio()) return sendNoteOff(slice, engine, event, getKeptOutput(slice, engine, event.getD1()));
     OrvMidiMessage played = shaped(event, output);

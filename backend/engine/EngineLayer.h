@@ -20,19 +20,21 @@ class MidiEngine;
 
 namespace Backend::Layers
 {
-/// A layer as the engine plays it: tables made of its settings, and what it remembers of the notes it holds. The
-/// settings never change: an edited layer is a new one, which is swapped in after a reset.
+/// A layer as the engine plays it: tables computed from its settings, and the notes that it holds. It takes the notes
+/// of its note range, velocity range and zone, and sends them, with its own transposition, velocity, channel and
+/// output, to the player or to its arpeggio. Its settings never change: an edited layer is a new `EngineLayer`, which
+/// replaces this one after a reset. Time slice only, except the constructor.
 class EngineLayer
 {
 public:
-    /// `number` tells the layers of a list apart, from 1.
+    /// `number` identifies the layer in its list, from 1.
     EngineLayer(const Layer& settings, std::size_t number);
 
-    /// Whether a note (a data byte, compared as a signed one) lies in its range.
+    /// Whether the layer takes that note (a data byte, compared as a signed one).
     bool hasInRange(std::uint8_t note) const;
 
-    /// Offers it a note on or a note off within its range of notes. It may play nothing, or note ons and note offs of
-    /// its own. `route` is the event's.
+    /// Plays a note-on or note-off within the layer's note range. That may play nothing, or also notes of other keys
+    /// (mono, toggle). `route` is that of the event.
     void playNote(MidiEngine::Slice& slice, MidiEngine::MidiEngine& engine, const MidiEngine::OrvMidiMessage& event,
                   MidiEngine::DefaultRoute route)
     {
@@ -45,21 +47,21 @@ public:
             emitNoteOff(slice, engine, event, route);
     }
 
-    /// Offers it any other event. Each (output, channel) gets it once, however many layers lead there.
+    /// Plays any other event, unless another layer has sent it to the same output and channel.
     void playOther(MidiEngine::Slice& slice, MidiEngine::MidiEngine& engine, const MidiEngine::OrvMidiMessage& event);
 
     bool hasArpeggio() const { return arpeggio != nullptr; }
-    /// -1 without a running arpeggio.
+    /// See `Arpeggio::getLastStart`; -1 without an arpeggio.
     std::int32_t getArpeggioStart() const { return arpeggio != nullptr ? arpeggio->getLastStart() : -1; }
 
-    // Of a layer that has an arpeggio: plays a pulse; the next pulse in which it may do anything.
+    // For a layer with an arpeggio, see `Arpeggio::process` and `Arpeggio::nextActivePulse`.
     void playArpeggio(MidiEngine::Slice& slice, MidiEngine::MidiEngine& engine, std::int32_t ppq);
-    std::int32_t nextArpeggioTurn(std::int32_t ppq, std::int32_t startTime) const
+    std::int32_t nextArpeggioPulse(std::int32_t ppq, std::int32_t startTime) const
     {
-        return arpeggio->nextTurn(ppq, startTime);
+        return arpeggio->nextActivePulse(ppq, startTime);
     }
 
-    /// Forgets every note it holds; its arpeggio ends those that sound.
+    /// Forgets all notes. The arpeggio ends the notes that it plays.
     void reset(MidiEngine::Slice& slice, MidiEngine::MidiEngine& engine);
 
     /// Forgets the outputs that are gone.
@@ -85,53 +87,56 @@ private:
     void keepNoteOn(MidiEngine::Slice& slice, MidiEngine::MidiEngine& engine, const MidiEngine::OrvMidiMessage& event);
     void keepNoteOff(MidiEngine::Slice& slice, MidiEngine::MidiEngine& engine, const MidiEngine::OrvMidiMessage& event);
 
-    // What a layer that keeps notes emits: to its arpeggio, if it has one.
-    void giveNoteOn(MidiEngine::Slice& slice, MidiEngine::MidiEngine& engine, const MidiEngine::OrvMidiMessage& event);
-    void giveNoteOff(MidiEngine::Slice& slice, MidiEngine::MidiEngine& engine, const MidiEngine::OrvMidiMessage& event);
+    // For a layer with mono, toggle or an arpeggio. The note goes to the arpeggio, if there is one.
+    void emitKeptNoteOn(MidiEngine::Slice& slice, MidiEngine::MidiEngine& engine,
+                        const MidiEngine::OrvMidiMessage& event);
+    void emitKeptNoteOff(MidiEngine::Slice& slice, MidiEngine::MidiEngine& engine,
+                         const MidiEngine::OrvMidiMessage& event);
     void addToArpeggio(MidiEngine::Slice& slice, MidiEngine::MidiEngine& engine,
                        const MidiEngine::OrvMidiMessage& event);
 
-    // What a layer without mono, toggle and arpeggio emits.
+    // For a layer without mono, toggle and arpeggio.
     void emitNoteOn(MidiEngine::Slice& slice, MidiEngine::MidiEngine& engine, const MidiEngine::OrvMidiMessage& event,
                     MidiEngine::DefaultRoute route);
     void emitNoteOff(MidiEngine::Slice& slice, MidiEngine::MidiEngine& engine, const MidiEngine::OrvMidiMessage& event,
                      MidiEngine::DefaultRoute route);
-    // The same where a note has more than one route or default output. Apart, so that the usual case stays short.
+    // The same for a note with more than one route or default output; separate functions, so that the usual case is
+    // short.
     [[gnu::noinline]] void emitUnusualNoteOn(MidiEngine::Slice& slice, MidiEngine::MidiEngine& engine,
                                              const MidiEngine::OrvMidiMessage& event, MidiEngine::DefaultRoute route);
     [[gnu::noinline]] void emitUnusualNoteOff(MidiEngine::Slice& slice, MidiEngine::MidiEngine& engine,
                                               const MidiEngine::OrvMidiMessage& event, MidiEngine::DefaultRoute route);
 
-    // The last stage: channel, transposition, velocity, and on to the player. Whatever the event's status, it goes out
-    // as a note on or a note off.
+    // Sends the note to the player, with the layer's channel, transposition and velocity. The event becomes a note-on
+    // or note-off, whichever it was.
     void sendNoteOn(MidiEngine::Slice& slice, MidiEngine::MidiEngine& engine, const MidiEngine::OrvMidiMessage& event,
                     int port);
     void sendNoteOff(MidiEngine::Slice& slice, MidiEngine::MidiEngine& engine, const MidiEngine::OrvMidiMessage& event,
                      int port);
     int getOutput(MidiEngine::Slice& slice, MidiEngine::MidiEngine& engine) const;
-    /// Of a layer that keeps notes: the output that the note off of this note takes.
+    /// For a layer with mono, toggle or an arpeggio: the output to which the note-off of that note goes.
     int getKeptOutput(MidiEngine::Slice& slice, MidiEngine::MidiEngine& engine, int note) const;
     MidiEngine::OrvMidiMessage shaped(const MidiEngine::OrvMidiMessage& event, int port) const;
 
-    // What every event reads, together
-    bool keepsNotes;  // mono, toggle or an arpeggio: it must know what is held
+    // Used for every event, therefore next to each other
+    bool keepsNotes;  // mono, toggle or an arpeggio: the layer keeps track of held notes
     std::int8_t minVelocity;
     std::int8_t maxVelocity;
     std::int8_t zone;
     std::int8_t output;
     std::int8_t channel;
     bool useNoteStack;
-    std::array<std::uint8_t, 256> sounding;    // what a note becomes, by its byte
-    std::array<std::uint8_t, 256> velocities;  // what a velocity becomes, by its byte
+    std::array<std::uint8_t, 256> sounding;    // the note to play, by the note of the event
+    std::array<std::uint8_t, 256> velocities;  // the velocity to play, by that of the event
 
     bool mono;
     NoteToggle::Mode toggle;
     int minNote;
     int maxNote;
     SequenceManagement::SequencePlayer sequence;             // of the arpeggio
-    std::unique_ptr<ArpeggioManagement::Arpeggio> arpeggio;  // null: notes are played straight through
+    std::unique_ptr<ArpeggioManagement::Arpeggio> arpeggio;  // null if the layer has none
     HeldNoteStack noteStack;
     std::bitset<256> toggledNotes;
-    MidiEngine::DefaultOutputMemory defaultOutputs;  // by the note as it entered
+    MidiEngine::DefaultOutputMemory defaultOutputs;  // by the note of the event
 };
 }  // namespace Backend::Layers

@@ -7,7 +7,7 @@ namespace Backend::Layers
 {
 namespace
 {
-/// Each velocity's class is the lowest velocity (as a byte) that the same layers take.
+/// The class of a velocity is the lowest velocity (as a byte) that the same layers take.
 std::array<std::uint8_t, 256> classesOf(std::span<const Layer> layers)
 {
     const auto takes = [](const Layer& layer, std::size_t byte) {
@@ -36,13 +36,13 @@ EngineLayerList::EngineLayerList(std::span<const Layer> layers)
     if (anyVelocityRange) velocityClasses = classesOf(layers);
     const bool anySolo = std::ranges::any_of(layers, &Layer::solo);
     for (std::size_t i = 0; i < layers.size(); ++i)
-        if (anySolo ? layers[i].solo : !layers[i].mute) acting.push_back(&list[i]);
+        if (anySolo ? layers[i].solo : !layers[i].mute) playingLayers.push_back(&list[i]);
     for (EngineLayer& layer : list)
         if (layer.hasArpeggio()) withArpeggio.push_back(&layer);
 
     for (std::size_t note = 0; note + 1 < firstOfNote.size(); ++note) {
         firstOfNote[note] = static_cast<std::uint32_t>(byNote.size());
-        for (EngineLayer* layer : acting)
+        for (EngineLayer* layer : playingLayers)
             if (layer->hasInRange(static_cast<std::uint8_t>(note))) byNote.push_back(layer);
     }
     firstOfNote.back() = static_cast<std::uint32_t>(byNote.size());
@@ -51,7 +51,7 @@ EngineLayerList::EngineLayerList(std::span<const Layer> layers)
 void EngineLayerList::swap(EngineLayerList& other) noexcept
 {
     list.swap(other.list);
-    acting.swap(other.acting);
+    playingLayers.swap(other.playingLayers);
     withArpeggio.swap(other.withArpeggio);
     byNote.swap(other.byNote);
     firstOfNote.swap(other.firstOfNote);

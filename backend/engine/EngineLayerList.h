@@ -9,8 +9,8 @@
 
 namespace Backend::Layers
 {
-/// All layers of the engine, in order of processing. Built outside the engine lock and swapped in as a whole. It knows
-/// beforehand which layers a note can reach, so that the others cost nothing.
+/// All layers of the engine, in order of processing. Built outside the engine lock and swapped in as a whole. A table
+/// has the layers that take each note, so that the other layers cost nothing.
 class EngineLayerList
 {
 public:
@@ -23,18 +23,18 @@ public:
     void swap(EngineLayerList& other) noexcept;
 
     bool isEmpty() const { return list.empty(); }
-    /// Any layer takes less than every velocity.
+    /// Whether any layer does not take every velocity.
     bool hasVelocityRange() const { return anyVelocityRange; }
-    /// Two velocities (data bytes) are of one class if no layer's range tells them apart.
+    /// The class of a velocity (a data byte): equal for two velocities if every layer takes both or neither.
     std::uint8_t getVelocityClass(std::uint8_t velocity) const { return velocityClasses[velocity]; }
 
-    /// Every layer, playing or not.
+    /// All layers, muted ones included.
     std::span<EngineLayer> all() { return list; }
-    /// The layers that play: the soloed ones if there are any, otherwise those that are not muted.
-    std::span<EngineLayer* const> playing() const { return acting; }
-    /// Those, among all, that have an arpeggio.
+    /// The layers that play: those with solo if there are any, otherwise those that are not muted.
+    std::span<EngineLayer* const> playing() const { return playingLayers; }
+    /// All layers that have an arpeggio.
     std::span<EngineLayer* const> arpeggiating() const { return withArpeggio; }
-    /// Those that play and whose range has that note (a data byte).
+    /// The layers that play and have that note (a data byte) in their range.
     std::span<EngineLayer* const> taking(std::uint8_t note) const
     {
         return {byNote.data() + firstOfNote[note], byNote.data() + firstOfNote[note + 1u]};
@@ -42,9 +42,9 @@ public:
 
 private:
     std::vector<EngineLayer> list;
-    std::vector<EngineLayer*> acting;
+    std::vector<EngineLayer*> playingLayers;
     std::vector<EngineLayer*> withArpeggio;
-    std::vector<EngineLayer*> byNote;  // of note 0, of note 1, and so on
+    std::vector<EngineLayer*> byNote;  // those of note 0, then those of note 1, and so on
     std::array<std::uint32_t, 257> firstOfNote{};
     bool anyVelocityRange = false;
     std::array<std::uint8_t, 256> velocityClasses{};

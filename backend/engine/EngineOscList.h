@@ -8,8 +8,8 @@
 
 namespace Backend::Oscillators
 {
-/// All oscillators of the engine, in order. Built outside the engine lock and swapped in as a whole. Those that do
-/// not play cost nothing: the last pulse is kept once, for all of them.
+/// All oscillators of the engine, in order. Built outside the engine lock and swapped in as a whole. Stopped
+/// oscillators cost nothing: the last pulse is kept once for the whole list.
 class EngineOscList
 {
 public:
@@ -21,13 +21,13 @@ public:
 
     void swap(EngineOscList& other) noexcept;
 
-    /// Null for an id outside the list.
+    /// Null if there is no such id.
     EngineOscillator* find(OscId id);
     void setPlaying(EngineOscillator& oscillator, bool on);
-    /// Its stop value is played in the next pulse, before any wave.
+    /// Plays the oscillator's stop value in the next pulse, before any wave.
     void playStopValueFirst(EngineOscillator& oscillator) { starting.push_back(&oscillator); }
 
-    /// Steps every oscillator that plays. A new list counts its first step from pulse 0.
+    /// Advances every oscillator that plays to pulse `ppq`. A new list starts from pulse 0.
     void step(MidiEngine::Slice& slice, MidiEngine::MidiEngine& engine, std::int32_t ppq)
     {
         if (!starting.empty()) playStopValues(slice, engine);
@@ -42,7 +42,7 @@ private:
 
     std::vector<EngineOscillator> list;
     std::vector<EngineOscillator*> playing;   // in order of the list
-    std::vector<EngineOscillator*> starting;  // whose stop values are to be played, in the order they were started
+    std::vector<EngineOscillator*> starting;  // whose stop values are to be played, in order of their start
     std::int32_t lastPpq = 0;
 };
 }  // namespace Backend::Oscillators

@@ -20,7 +20,7 @@ namespace
 constexpr double PULSE_PERIOD = 2;
 constexpr double RANDOM_PERIOD = 1;
 
-/// The width of the wave; a saw counts its values instead, from the lowest to the highest.
+/// The height of the wave; for a saw the number of its values.
 double rangeOf(const Oscillator& settings)
 {
     const std::int64_t width = std::abs(std::int64_t{settings.max} - settings.min);
@@ -41,17 +41,17 @@ double periodOf(OscillatorType::Kind kind, double range)
     }
 }
 
-/// A phase has no end. Far beyond the point where it has lost its fraction it stops being counted.
+/// Limits a phase to the numbers that 64 bits can count. There a double has no fraction any more.
 double countable(double phase)
 {
     constexpr double FAR = 0x1p62;
     return std::clamp(phase, -FAR, FAR);
 }
 
-/// Which half of its cycle a phase of period 2 is in.
+/// Whether a phase of period 2 is in the second half of its cycle.
 bool isInSecondHalf(double phase) { return static_cast<std::int64_t>(countable(phase)) % 2 != 0; }
 
-/// How far a phase is into a cycle of so many units, from 0 up to, not including, `units`.
+/// The position of a phase in a cycle of `units`, from 0 up to, but not including, `units`.
 std::int64_t unitsIntoCycle(double phase, std::int64_t units)
 {
     const std::int64_t rest = floorOf(countable(phase) + 0.5) % units;
@@ -113,7 +113,7 @@ void EngineOscillator::step(Slice& slice, MidiEngine::MidiEngine& engine, std::i
     if (shows) engine.showOscValue(slice, id, static_cast<std::int32_t>(value));
 }
 
-/// Upside down it stays within what its message can carry, whatever limits a file holds.
+/// An inverted wave is limited to the range of its message, because a file may have limits outside it.
 std::int64_t EngineOscillator::randomValue(std::int32_t draw) const
 {
     const std::int64_t value = floorOf(draw * (range / MidiEngine::RandomSource::HIGHEST) + base + 0.5);

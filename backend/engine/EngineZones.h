@@ -9,32 +9,33 @@
 
 namespace Backend::Zones
 {
-/// The zones as the engine plays them: the first stage of every note that names one. Time slice only.
+/// The zones of the engine: the first stage of the signal path of every note that has a zone. Applies the transposition
+/// of its zone. Time slice only.
 class EngineZones
 {
 public:
-    /// Replaces all transpositions.
+    /// Replaces the transpositions of all zones.
     void set(std::span<const Zone> zones);
 
-    /// Replaces the transposition of a zone that exists.
+    /// Replaces the transposition of one zone; ignored if there is no such zone.
     void setTranspose(const Zone& zone);
 
-    /// What a note on becomes in its zone: without a record of the zone, itself.
+    /// The sounding note for a note-on: transposed by its zone, unchanged if there is no such zone.
     int press(const MidiEngine::OrvMidiMessage& noteOn);
 
-    /// What a note off becomes that has no press on its route: the note that the zone made last of the played one;
-    /// itself if it never sounded there.
+    /// The sounding note for a note-off without a press on its route: the last one that the zone made of this note, or
+    /// the note itself if there was none.
     int getLastSounding(const MidiEngine::OrvMidiMessage& noteOff) const;
 
 private:
     static constexpr int ZONES = 128;
-    static constexpr int NOTES = 256;  // as many as a data byte has
+    static constexpr int NOTES = 256;  // the number of values of a data byte
     static constexpr int NEVER = -1;
 
     struct Record {
         bool exists = false;
         std::int8_t transpose = 0;
-        std::array<std::int16_t, NOTES> last{};  // what a note became last
+        std::array<std::int16_t, NOTES> last{};  // the last sounding note, by the played note
     };
 
     std::array<Record, ZONES> records{};

@@ -5,7 +5,7 @@
 
 namespace Backend::Layers
 {
-/// The notes that are held on a layer, oldest first, as they entered it. The same note may stand in it more than once.
+/// The held notes of a mono layer, before its transposition, oldest first. A note may be contained more than once.
 class HeldNoteStack
 {
 public:
@@ -18,10 +18,10 @@ public:
 
     void push(int note, std::uint8_t velocity) { notes.push_back({.note = note, .velocity = velocity}); }
 
-    /// The newest, or none.
+    /// The newest note, or none.
     HeldNote top() const { return notes.empty() ? HeldNote{} : notes.back(); }
 
-    /// Takes out the newest entry of that note. True if it was the newest of all, or if there was nothing at all.
+    /// Removes the newest entry of that note. True if it was the newest of all, or if the stack was empty.
     bool remove(int note)
     {
         if (notes.empty()) return true;

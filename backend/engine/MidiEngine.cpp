@@ -42,7 +42,7 @@ void MidiEngine::appendTimedEvent(const OrvMidiMessage& event)
     timedEvents.push_back(event);
 }
 
-// The old lists go when the argument does, outside the lock.
+// The old lists are freed with the argument, outside the lock.
 void MidiEngine::setMidiInputPorts(MidiInputPorts ports)
 {
     const Locked lock(criticalSection);
@@ -101,7 +101,7 @@ void MidiEngine::setTempoSource(int source)
 {
     const Locked lock(criticalSection);
     keptTempoSource = source;
-    // During a reset the clock stays internal; the new source takes over when the reset is done.
+    // During a reset the clock is internal; the new source is set at the end of the reset.
     if (resetsUnderWay == 0) midiPlayer.setTempoSource(static_cast<char>(source));
 }
 

@@ -30,19 +30,19 @@
 
 namespace Backend::MidiEngine
 {
-/// The one place through which every played event passes. Events wait in a queue until the host's next time slice,
-/// are played at their pulse and reach the host's player; note ons and note offs are counted on the way, so that a
-/// reset can end every note.
+/// The engine: every played event passes through it. Events wait in a queue until the host's next time slice, are
+/// played at their pulse through zones and layers, and go to the host's player. Note-ons and note-offs are counted, so
+/// that a reset can end every note.
 ///
-/// A note off always follows its note on: to the output that the note on got, also if MIDI thru was switched off in
-/// between, unless that output is missing or disabled. See docs/sounding-notes.md.
+/// A note-off always goes to the output of its note-on, also if MIDI thru was switched off in between, unless that
+/// output is missing or disabled. See docs/sounding-notes.md.
 class ORV_API MidiEngine final : public MidiEngineCommands
 {
 public:
-    /// A slice of that many pulses or more means that the host's clock jumped, and plays nothing.
+    /// A slice of that many pulses or more plays nothing, because the host's clock has jumped.
     static constexpr std::int32_t MAX_TIME_SLICE = OrvIF::MAX_TIME_SLICE;
     static constexpr int PULSES_PER_QUARTER = 480;
-    /// The position of millisecond 0, far above the negative values that mean no time.
+    /// The pulse at millisecond 0. It is high because negative pulses mean that an event has no time.
     static constexpr std::int32_t FIRST_PULSE = OrvIF::FIRST_PULSE;
 
     /// `player` must outlive the engine.
@@ -52,9 +52,9 @@ public:
     MidiEngine(const MidiEngine&) = delete;
     MidiEngine& operator=(const MidiEngine&) = delete;
 
-    /// Takes the two settings and starts the command thread.
+    /// Sets the two settings and starts the command thread.
     void initialize(int defaultMidiOutput, bool midiThru);
-    /// Ends the command thread and waits for that.
+    /// Stops the command thread and waits for its end.
     void end();
 
     MidiEngineMessageManager& getMessageManager() { return messageManager; }
@@ -64,44 +64,45 @@ public:
     /// See `OrvIF::playTimeSlice`. The player's thread.
     void playTimeSlice(std::int32_t startPpq, std::int32_t endPpq) EXCLUDES(criticalSection);
 
-    /// The pulse at which a clock stands that has run that long at `tempo` beats per minute, from 0 to the highest.
+    /// The pulse of a clock that has run that long at `tempo` beats per minute, limited to 0 to the highest pulse.
     static std::int32_t milliseconds2Ppq(double milliseconds, int tempo);
 
-    // Commands: each one short stay under the lock, on any thread outside a slice.
+    // Commands: any thread outside a slice. Each holds the lock for a short time only.
 
-    /// Queues an event; untimed it plays at the first pulse of the slice after the one that takes it from the queue.
+    /// Queues an event. One without a pulse is played at the first pulse of the slice after the one that takes it from
+    /// the queue.
     void appendTimedEvent(const OrvMidiMessage& event) EXCLUDES(criticalSection);
     void setMidiInputPorts(MidiInputPorts ports) EXCLUDES(criticalSection);
-    /// An output that is missing from the list or not enabled loses its counters and what is remembered of it.
+    /// Counters and stored presses of an output that is missing from the list or disabled are cleared.
     void setMidiOutputPorts(MidiOutputPorts ports) EXCLUDES(criticalSection);
     void enableMidiInput(int port, bool enabled) EXCLUDES(criticalSection);
     void enableMidiOutput(int port, bool enabled) EXCLUDES(criticalSection);
-    /// 0 to 127; any other number is none.
+    /// 0 to 127; any other number means none.
     void setDefaultMidiOutput(int port) EXCLUDES(criticalSection);
     void setMidiThru(bool on) EXCLUDES(criticalSection);
     void setTempo(int bpm) EXCLUDES(criticalSection);
     void setTempoSource(int source) EXCLUDES(criticalSection);
     void setGuiWindowHandle(WindowHandle window) EXCLUDES(criticalSection);
-    /// What is played is recorded there; null for no record. It must outlive the slices.
+    /// Receives what is played, for the retrospective record; null for none. It must outlive the slices.
     void setEventRecorder(EventRecorder* newRecorder) EXCLUDES(criticalSection);
-    /// What is played is logged there; null for no log. It must outlive the slices.
+    /// Receives what is played, for the display; null for none. It must outlive the slices.
     void setEventLog(EventLog* newLog) EXCLUDES(criticalSection);
-    /// Receives the events that controls may follow; it must outlive the slices. Null for none.
+    /// Receives the events that controls may follow; null for none. It must outlive the slices.
     void setControlUpdates(Controls::ControlUpdates* updates) EXCLUDES(criticalSection);
-    /// Replaces the zones. Open presses keep the note they sound.
+    /// Replaces the zones. Open presses keep their sounding note.
     void setZoneMap(std::vector<Zones::Zone> zones) EXCLUDES(criticalSection);
-    /// Replaces the transposition of a zone, if it is there.
+    /// Replaces the transposition of a zone; ignored if there is no such zone.
     void setZone(Zones::Zone zone) EXCLUDES(criticalSection);
-    /// Replaces the layers directly after a reset, so that no event falls between the two. Waits like `sendReset`.
+    /// Replaces the layers directly after a reset, so that no event is played in between. Waits like `sendReset`.
     void setLayerList(std::vector<Layers::Layer> layers) EXCLUDES(criticalSection);
 
     /// The same for the oscillators.
     void setOscList(std::vector<Oscillators::Oscillator> oscillators) EXCLUDES(criticalSection);
-    /// Starts or stops an oscillator where it stands in its wave. Its stop value, if it has one, is played before the
-    /// wave's first value and after its last.
+    /// Starts or stops an oscillator; its phase is kept. Its stop value, if it has one, is played before the first
+    /// value of the wave and after the last.
     void setOscPlaying(Oscillators::OscId id, bool playing) EXCLUDES(criticalSection);
     void setOscSpeed(Oscillators::OscId id, int speed) EXCLUDES(criticalSection);
-    /// What is drawn from now on depends on the seed alone.
+    /// Seeds the random waves: their values from now on depend on the seed alone.
     void setRandomSeed(std::uint32_t seed) EXCLUDES(criticalSection);
 
     /// See `MidiEngineMessageManager`.
@@ -110,7 +111,7 @@ public:
     void sendHardReset() override EXCLUDES(criticalSection);
     bool isResetWaiting() const { return resetsWaiting > 0; }
 
-    /// For a host whose tempo is tapped by hand.
+    /// Passes a tap of the tempo to the host.
     void pulseSequencer() { midiPlayer.pulseSequencer(); }
 
     /// True on the thread that plays the slices; before the first slice on any thread.
@@ -118,14 +119,14 @@ public:
 
     // Inside a slice
 
-    /// The entry of an event: validity, then the layers or, when it names an output or a channel, straight out.
-    /// The event is used up: it may come back with another note, velocity, output or channel.
+    /// The first stage for every event: checks it and passes it to the layers or, if it names an output or a channel,
+    /// directly to that output. `event` may be changed.
     void playMidi(Slice& slice, OrvMidiMessage& event);
-    /// The last stage: count, send, record, show. With `stackNotes` a note off is held back while the same note sounds
-    /// on.
+    /// The last stage: counts, plays, records and shows the event. With `stackNotes` a note-off is not played while the
+    /// same note sounds for another press.
     void playMidiInternal(Slice& slice, const OrvMidiMessage& event, bool stackNotes);
 
-    /// The same for what is known to be a note on, or a note off.
+    /// The same for an event that is a note-on, or a note-off.
     void playNoteOn(Slice& slice, const OrvMidiMessage& event)
     {
         Slice::proves(criticalSection);
@@ -135,22 +136,22 @@ public:
             counter->press();
         }
         if (midiThru || event.getInput() < 0) {
-            if (counter != nullptr) counter->setPlayerHolds(true);
+            if (counter != nullptr) counter->setLastNoteOn(true);
             midiPlayer.playMidi(event);
         }
         if (isObserved) notifyObservers(slice, event);
     }
 
-    // Without thru, what came in on a MIDI input does not go out, but the note off of a note that the player holds
-    // does.
+    // With MIDI thru off, events of MIDI inputs are not played, except a note-off if the last event that the player got
+    // for that note was a note-on.
     void playNoteOff(Slice& slice, const OrvMidiMessage& event, bool stackNotes)
     {
         Slice::proves(criticalSection);
         NoteCounters::Counter* counter = noteCounters.find(event.getOutput(), event.getChannel(), event.getD1());
         const bool isLast = counter == nullptr || counter->release();
-        const bool passes = midiThru || event.getInput() < 0 || (counter != nullptr && counter->doesPlayerHold());
+        const bool passes = midiThru || event.getInput() < 0 || (counter != nullptr && counter->wasLastNoteOn());
         if ((isLast || !stackNotes) && passes) {
-            if (counter != nullptr) counter->setPlayerHolds(false);
+            if (counter != nullptr) counter->setLastNoteOn(false);
             midiPlayer.playMidi(event);
         }
         if (isObserved) notifyObservers(slice, event);
@@ -162,7 +163,7 @@ public:
         Slice::proves(criticalSection);
         return startTime;
     }
-    /// Only while none runs: the first one begins the grid.
+    /// Ignored while an arpeggio runs: the first one begins the grid.
     void setStartTime(Slice&, std::int32_t ppq)
     {
         Slice::proves(criticalSection);
@@ -170,20 +171,20 @@ public:
     }
     /// Ends the grid if no arpeggio runs any more.
     void updateStartTime(Slice& slice);
-    /// To be called when an arpeggio has got a note.
+    /// To be called when an arpeggio got a note: its next pulse has to be determined again.
     void wakeArpeggios(Slice&)
     {
         Slice::proves(criticalSection);
-        arpeggiosRest = {};
+        arpeggiosIdle = {};
     }
 
-    /// Posts an event that goes out to the controls, as it was before it got its output and channel. They process it
-    /// on their own thread.
+    /// Posts a played event to the controls, with the output and channel that it had before the layers. The controls
+    /// process it on the backend thread.
     void postUpdateControl(Slice& slice, const OrvMidiMessage& event);
 
-    /// Schedules an event from inside a slice.
+    /// Queues an event from inside a slice.
     void postPlayMidi(Slice& slice, const OrvMidiMessage& event);
-    /// False for an index outside the list of outputs too.
+    /// False also for an index outside the list of outputs.
     bool isOutputEnabled(Slice&, int output) const
     {
         Slice::proves(criticalSection);
@@ -200,21 +201,21 @@ public:
         Slice::proves(criticalSection);
         return defaultMidiOutput;
     }
-    /// True at the first call for that output and channel during one event.
+    /// Whether the present event is sent to that output and channel for the first time.
     bool isFirstTo(Slice&, int output, int channel)
     {
         Slice::proves(criticalSection);
         return sentPairs.add(output, channel);
     }
-    /// 0 to 32767.
+    /// A random number, 0 to 32767.
     std::int32_t drawRandom(Slice&)
     {
         Slice::proves(criticalSection);
         return random.draw();
     }
-    /// Shows the running value of an oscillator.
+    /// Sends the present value of an oscillator to the window.
     void showOscValue(Slice& slice, Oscillators::OscId id, std::int32_t value);
-    /// Writes to the debug stream, once the slice is over, why an event was dropped. Not inlined, so that its callers stay
+    /// Writes to the debug stream, after the slice, why an event was dropped. Not inlined, so that its callers stay
     /// short.
     [[gnu::noinline]] void drop(Slice& slice, const OrvMidiMessage& event, const char* why);
 
@@ -250,10 +251,10 @@ private:
     void reset(Slice& slice) REQUIRES(criticalSection);
     void hardReset(Slice& slice) REQUIRES(criticalSection);
 
-    // Fixed after construction
+    // Set in the constructor
     MidiPlayer& midiPlayer;
 
-    // Crossed without the lock
+    // Used without the lock
     std::atomic<bool> timeSlicesRunning{false};
     std::atomic<int> resetsWaiting{0};
 
@@ -268,20 +269,20 @@ private:
     WindowHandle guiWindow GUARDED_BY(criticalSection);
     EventRecorder* recorder GUARDED_BY(criticalSection) = nullptr;
     EventLog* eventLog GUARDED_BY(criticalSection) = nullptr;
-    bool isObserved GUARDED_BY(criticalSection) = false;  // what is played goes to the window, the log or the record
+    bool isObserved GUARDED_BY(criticalSection) = false;  // played events go to the window, the log or the record
     Controls::ControlUpdates* controlUpdates GUARDED_BY(criticalSection) = nullptr;
     std::vector<OrvMidiMessage> timedEvents GUARDED_BY(criticalSection);  // in order of arrival
-    std::vector<OrvMidiMessage> pending GUARDED_BY(criticalSection);      // of this slice
-    std::int32_t earliest GUARDED_BY(criticalSection) = 0;                // pulse among them
+    std::vector<OrvMidiMessage> pending GUARDED_BY(criticalSection);      // those of this slice
+    std::int32_t earliest GUARDED_BY(criticalSection) = 0;                // the lowest pulse in `pending`
     std::vector<Slice::Drop> drops GUARDED_BY(criticalSection);
-    std::vector<ResetRequest*> resetRequests GUARDED_BY(criticalSection);  // one per queued reset, oldest first
+    std::vector<ResetRequest*> resetRequests GUARDED_BY(criticalSection);  // one for each queued reset, oldest first
     int resetsUnderWay GUARDED_BY(criticalSection) = 0;
     int keptTempoSource GUARDED_BY(criticalSection) = -1;
     Layers::EngineLayerList layers GUARDED_BY(criticalSection);
     Oscillators::EngineOscList oscillators GUARDED_BY(criticalSection);
     RandomSource random GUARDED_BY(criticalSection);
     std::int32_t startTime GUARDED_BY(criticalSection) = -1;      // of the arpeggios' grid
-    Layers::PulseSpan arpeggiosRest GUARDED_BY(criticalSection);  // none of them does anything in it
+    Layers::PulseSpan arpeggiosIdle GUARDED_BY(criticalSection);  // the pulses in which no arpeggio does anything
     Zones::EngineZones zones GUARDED_BY(criticalSection);
     PressMemory presses GUARDED_BY(criticalSection);
     SentPairs sentPairs GUARDED_BY(criticalSection);

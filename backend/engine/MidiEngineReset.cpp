@@ -1,4 +1,4 @@
-// How notes end: resets, and the layers and oscillators that travel with them.
+// Resets, which end all notes, and the new lists of layers and oscillators, which replace the old ones after a reset.
 
 #include <utility>
 
@@ -24,7 +24,7 @@ void MidiEngine::sendHardReset()
     runReset(OrvMidiMessage::createOrvHardReset(), request);
 }
 
-// The old layers come back with the request and go with it, outside the lock.
+// The request has the old layers afterwards; they are freed with it, outside the lock.
 void MidiEngine::setLayerList(std::vector<Layers::Layer> newLayers)
 {
     ResetRequest request;
@@ -58,8 +58,8 @@ void MidiEngine::runReset(const OrvMidiMessage& order, ResetRequest& request)
     if (--resetsUnderWay == 0) midiPlayer.setTempoSource(static_cast<char>(keptTempoSource));
 }
 
-/// With an external tempo source the slices may have stopped with its clock, so the first reset puts the clock inside
-/// and the last one puts it back.
+/// With an external tempo source, the slices may have stopped together with its clock. Therefore the first reset
+/// selects the internal clock, and the last one restores the source.
 void MidiEngine::queueReset(const OrvMidiMessage& order, ResetRequest& request)
 {
     if (resetsUnderWay++ == 0) {

@@ -1,4 +1,4 @@
-// What runs inside a time slice, from the queue to the player.
+// What runs inside a time slice: from the queue of events to the player.
 
 #include <algorithm>
 #include <limits>
@@ -13,7 +13,7 @@ namespace Backend::MidiEngine
 {
 namespace
 {
-// The place of a direct note in the memory of outputs; none for what is no note of a channel.
+// The index of a note in `directOutputs`, -1 if channel or note is outside its range.
 constexpr int placeOf(int channel, int note)
 {
     const bool inRange = channel >= 0 && channel < NoteCounters::CHANNELS && note < NoteCounters::NOTES;
@@ -35,7 +35,7 @@ void MidiEngine::playTimeSlice(std::int32_t startPpq, std::int32_t endPpq)
     finish(slice);
 }
 
-/// Takes over the queue: resets run at once, events get their place in pulse order.
+/// Takes the events from the queue. Resets are executed at once; an event without a pulse gets the end of the slice.
 void MidiEngine::drain(Slice& slice, std::int32_t endPpq)
 {
     earliest = std::numeric_limits<std::int32_t>::max();
@@ -64,12 +64,12 @@ void MidiEngine::walk(Slice& slice, std::int32_t startPpq, std::int32_t endPpq)
         if (end - start < MAX_TIME_SLICE) processSpan(slice, start, end, startPpq);
         return;
     }
-    // The clock went back: first what lies between the two positions, then whatever is older.
+    // The clock went back: first the events between the two positions are played, then the older ones.
     processSpan(slice, start, start + CATCH_UP, endPpq);
     processSpan(slice, end - CATCH_UP, end, -1);
 }
 
-/// The pulses that 32 bits can count and that are not negative.
+/// Plays those pulses that are not negative and that 32 bits can count.
 void MidiEngine::processSpan(Slice& slice, std::int64_t from, std::int64_t until, std::int32_t minPpq)
 {
     constexpr std::int64_t PULSES = std::int64_t{std::numeric_limits<std::int32_t>::max()} + 1;
@@ -77,11 +77,11 @@ void MidiEngine::processSpan(Slice& slice, std::int64_t from, std::int64_t until
         processPpq(slice, static_cast<std::int32_t>(ppq), minPpq);
 }
 
-/// One pulse: first the events, then the arpeggios, then the oscillators.
+/// Plays one pulse: first the events, then the arpeggios, then the oscillators.
 void MidiEngine::processPpq(Slice& slice, std::int32_t ppq, std::int32_t minPpq)
 {
     if (ppq >= earliest) playDue(slice, ppq, minPpq);
-    if (!arpeggiosRest.contains(ppq)) playArpeggios(slice, ppq);
+    if (!arpeggiosIdle.contains(ppq)) playArpeggios(slice, ppq);
     oscillators.step(slice, *this, ppq);
 }
 
@@ -101,14 +101,14 @@ void MidiEngine::playDue(Slice& slice, std::int32_t ppq, std::int32_t minPpq)
     pending.erase(kept, pending.end());
 }
 
-/// In the order of the layers, and all of them: one that stops may change the grid of the others. Then each returns
-/// the next pulse in which it may do anything.
+/// Plays the arpeggios in the order of the layers. The next pulses are determined after that, because an arpeggio that
+/// stops may end the grid of the others.
 void MidiEngine::playArpeggios(Slice& slice, std::int32_t ppq)
 {
     for (Layers::EngineLayer* layer : layers.arpeggiating()) layer->playArpeggio(slice, *this, ppq);
-    arpeggiosRest = {.from = ppq, .until = ArpeggioManagement::Arpeggio::NEVER};
+    arpeggiosIdle = {.from = ppq, .until = ArpeggioManagement::Arpeggio::NEVER};
     for (const Layers::EngineLayer* layer : layers.arpeggiating())
-        arpeggiosRest.until = std::min(arpeggiosRest.until, layer->nextArpeggioTurn(ppq, startTime));
+        arpeggiosIdle.until = std::min(arpeggiosIdle.until, layer->nextArpeggioPulse(ppq, startTime));
 }
 
 void MidiEngine::updateStartTime(Slice&)
@@ -118,7 +118,7 @@ void MidiEngine::updateStartTime(Slice&)
     if (std::ranges::none_of(layers.arpeggiating(), runs)) startTime = -1;
 }
 
-/// What was not due goes back, after what was scheduled meanwhile.
+/// Puts the events that were not due back into the queue, after those queued during the slice.
 void MidiEngine::requeue()
 {
     if (pending.empty()) return;
@@ -146,7 +146,8 @@ void MidiEngine::playOn(Slice& slice, OrvMidiMessage& event)
         playDirect(slice, event);
 }
 
-/// A note that a zone may change, or that a velocity range may hold back: its note off ends what its note on began.
+/// Plays a note that has a zone, or any note while a layer has a velocity range. Its note-off ends what the note-on
+/// started, even if zones or layers were changed in between.
 void MidiEngine::playRemembered(Slice& slice, OrvMidiMessage& note)
 {
     const PressMemory::Key key = PressMemory::keyOf(note);
@@ -172,7 +173,7 @@ void MidiEngine::playRemembered(Slice& slice, OrvMidiMessage& note)
     playOn(slice, note);
 }
 
-/// Every layer is offered the event as it is here; none keeps it from the next.
+/// Passes the event to every layer that takes it.
 void MidiEngine::playThroughLayers(Slice& slice, const OrvMidiMessage& event)
 {
     if (layers.isEmpty()) return drop(slice, event, "there is no layer");
@@ -183,13 +184,13 @@ void MidiEngine::playThroughLayers(Slice& slice, const OrvMidiMessage& event)
     }
     sentPairs.begin();
     for (Layers::EngineLayer* layer : layers.playing()) layer->playOther(slice, *this, event);
-    if (sentPairs.hasAny()) postUpdateControl(slice, event);  // once, wherever it went
+    if (sentPairs.hasAny()) postUpdateControl(slice, event);  // once, however many layers sent it
 }
 
 void MidiEngine::playDirect(Slice& slice, OrvMidiMessage& event)
 {
     if (!event.isNote()) return playOtherDirect(slice, event);
-    const DefaultRoute route(event, defaultMidiOutput);  // as the event names it
+    const DefaultRoute route(event, defaultMidiOutput);  // of the event as it was received
     if (event.isDefaultChannel()) event.setChannel(0);
     if (event.isDefaultOutput())
         playToDefaultOutput(slice, event, route);
@@ -219,7 +220,7 @@ void MidiEngine::sendDirect(Slice& slice, const OrvMidiMessage& note)
     playMidiInternal(slice, note, false);
 }
 
-/// Controls get an event with the output that it names, if any; here the channel is always its own.
+/// Controls get the event with the output that it names, if any, and with its channel.
 void MidiEngine::playOtherDirect(Slice& slice, OrvMidiMessage& event)
 {
     OrvMidiMessage update = event;
@@ -258,7 +259,7 @@ void MidiEngine::notifyObservers(Slice& slice, const OrvMidiMessage& event)
     if (guiWindow) show(slice, event);
 }
 
-/// Everything that a slice plays has one time.
+/// All events of a slice are recorded with the same time.
 void MidiEngine::record(Slice& slice, const OrvMidiMessage& event)
 {
     if (!slice.milliseconds) slice.milliseconds = midiPlayer.getMilliseconds();
@@ -298,7 +299,7 @@ void MidiEngine::drop(Slice&, const OrvMidiMessage& event, const char* why)
     if (WindowsLib::DbgStream::isEnabled()) drops.push_back({.event = event, .why = why});
 }
 
-/// What a slice leaves to be done without the lock: each consumer that sleeps is woken, once.
+/// What must be done without the lock: wakes the threads that have new messages, and the senders of resets.
 void MidiEngine::finish(Slice& slice)
 {
     slice.window.wake();
@@ -307,7 +308,7 @@ void MidiEngine::finish(Slice& slice)
     if (slice.controls != nullptr) slice.controls->wake();
     for (ResetRequest* request = slice.served; request != nullptr;) {
         ResetRequest* next = request->next;
-        request->done.set();  // its owner may destroy it from here on
+        request->done.set();  // the sender may destroy the request now
         request = next;
     }
     if (!slice.drops.empty()) report(slice.drops);

@@ -5,8 +5,8 @@
 
 namespace Backend::MidiEngine
 {
-/// How many notes sound per output, channel and note, and whether the last thing the player got there was a note on.
-/// One flat table, so that counting is one add. Time slice only.
+/// Counts, for each output, channel and note, how many notes sound, and whether the last event played there was a
+/// note-on. One flat table, so that counting takes one addition. Time slice only.
 class NoteCounters
 {
 public:
@@ -19,25 +19,25 @@ public:
     public:
         void press() { word += ONE; }
 
-        /// True if this note off ends the note: its count reaches zero, or nothing was counted.
+        /// Counts a note-off. True if it ends the note: the count reaches zero, or was zero.
         bool release()
         {
             if (word >= ONE) word -= ONE;
             return word < ONE;
         }
 
-        void setPlayerHolds(bool holds) { word = (word & ~HOLDS) | (holds ? HOLDS : 0); }
-        bool doesPlayerHold() const { return (word & HOLDS) != 0; }
+        void setLastNoteOn(bool isNoteOn) { word = (word & ~LAST_NOTE_ON) | (isNoteOn ? LAST_NOTE_ON : 0); }
+        bool wasLastNoteOn() const { return (word & LAST_NOTE_ON) != 0; }
 
     private:
         friend class NoteCounters;
-        static constexpr std::uint32_t HOLDS = 1;  // the lowest bit
-        static constexpr std::uint32_t ONE = 2;    // the count is in the bits above it
+        static constexpr std::uint32_t LAST_NOTE_ON = 1;  // the lowest bit: the last event was a note-on
+        static constexpr std::uint32_t ONE = 2;           // the count is in the bits above
 
         std::uint32_t word = 0;
     };
 
-    /// The counter of a note, or null if one of the three lies outside the table.
+    /// The counter of a note; null if output, channel or note is outside the table.
     Counter* find(int output, int channel, int note)
     {
         const auto o = static_cast<unsigned>(output);
@@ -47,13 +47,13 @@ public:
         return &counters[(o * CHANNELS + c) * NOTES + n];
     }
 
-    /// To be called before the first note on an output.
+    /// To be called before the first note of an output.
     void use(int output) { used[static_cast<unsigned>(output)] = true; }
 
-    /// Forgets an output whose port went.
+    /// Clears the counters of an output that is gone.
     void clearOutput(int output);
 
-    /// Sets every count above zero to zero and calls `release(output, channel, note)` for it, upward.
+    /// Calls `release(output, channel, note)` for every count above zero, in ascending order, and clears it.
     template <class Release>
     void clear(Release&& release)
     {
@@ -63,7 +63,7 @@ public:
                 for (int note = 0; note < NOTES; ++note) {
                     Counter* counter = find(output, channel, note);
                     if (counter->word < Counter::ONE) continue;
-                    counter->word &= Counter::HOLDS;
+                    counter->word &= Counter::LAST_NOTE_ON;
                     release(output, channel, note);
                 }
         }
@@ -71,6 +71,6 @@ public:
 
 private:
     std::array<Counter, OUTPUTS * CHANNELS * NOTES> counters{};
-    std::array<bool, OUTPUTS> used{};  // so that a reset walks only outputs that ever played
+    std::array<bool, OUTPUTS> used{};  // the outputs that have played; a reset skips the others
 };
 }  // namespace Backend::MidiEngine

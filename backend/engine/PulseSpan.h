@@ -5,7 +5,7 @@
 
 namespace Backend::Layers
 {
-/// The pulses between two, both left out; by itself none.
+/// The pulses between `from` and `until`, both excluded; empty by default.
 struct PulseSpan {
     std::int32_t from = std::numeric_limits<std::int32_t>::max();
     std::int32_t until = std::numeric_limits<std::int32_t>::min();

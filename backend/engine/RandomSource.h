@@ -4,14 +4,14 @@
 
 namespace Backend::MidiEngine
 {
-/// Where chance comes from: 0 to 32767, evenly, and for the same seed always in the same order (xorshift32 with 13, 17
-/// and 5, of which the upper 15 bits are drawn).
+/// Random numbers from 0 to 32767, evenly distributed; the same seed gives the same numbers (xorshift32 with 13, 17 and
+/// 5, the upper 15 bits).
 class RandomSource
 {
 public:
     static constexpr std::int32_t HIGHEST = 32767;
 
-    /// The generator never leaves 0, so a seed of 0 counts as 1.
+    /// The generator cannot leave 0, so a seed of 0 counts as 1.
     constexpr explicit RandomSource(std::uint32_t seed = 1) : state(seed == 0 ? 1 : seed) {}
 
     constexpr std::int32_t draw()

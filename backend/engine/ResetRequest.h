@@ -9,13 +9,12 @@
 
 namespace Backend::MidiEngine
 {
-/// One caller waiting for its own reset. Lives on that caller's stack until `done` is set.
+/// A caller that waits for its reset. It is on the caller's stack, and valid until `done` is set.
 struct ResetRequest {
     Event done;
-    Worker* waiter = Worker::current();  ///< counts as resting until the reset was served; null for a foreign thread
-    std::optional<Layers::EngineLayerList>
-        layers;  ///< to be swapped in directly after the reset; afterwards the old ones
+    Worker* waiter = Worker::current();             ///< at rest until the reset was executed; null for any other thread
+    std::optional<Layers::EngineLayerList> layers;  ///< swapped in directly after the reset; the old ones afterwards
     std::optional<Oscillators::EngineOscList> oscillators;  ///< the same
-    ResetRequest* next = nullptr;                           ///< among those that one slice served
+    ResetRequest* next = nullptr;                           ///< the next request executed in the same slice
 };
 }  // namespace Backend::MidiEngine

@@ -5,13 +5,13 @@
 
 namespace Backend::MidiEngine
 {
-/// The outputs and channels that the current event was sent to. A new event raises a number instead of clearing.
+/// The outputs and channels to which the present event was sent. A new event increments a number instead of clearing.
 class SentPairs
 {
 public:
     void begin() { ++event; }
 
-    /// False if the pair is there already. Output 0 to 127, channel 0 to 15.
+    /// False if the pair was added before. Output 0 to 127, channel 0 to 15.
     bool add(int output, int channel)
     {
         std::uint64_t& last = pairs[static_cast<unsigned>(output) * 16 + static_cast<unsigned>(channel)];
@@ -21,7 +21,7 @@ public:
         return true;
     }
 
-    /// Whether the current event was sent at all.
+    /// Whether the present event was sent at all.
     bool hasAny() const { return latest == event; }
 
 private:

@@ -13,22 +13,23 @@ class MidiEngine;
 
 namespace Backend::SequenceManagement
 {
-/// A sequence at play: its setting and the node that its arpeggio has reached. Time slice only.
+/// Plays the notes of an arpeggio through a sequence: the setting and the node that the arpeggio has reached. Time
+/// slice only.
 class SequencePlayer
 {
 public:
     explicit SequencePlayer(const SequenceSetting& sequence) : setting(sequence) {}
 
-    /// Without nodes the arpeggio's notes are played unchanged.
+    /// True without nodes; then the notes of the arpeggio are played unchanged.
     bool isEmpty() const { return setting.nodes.empty(); }
 
     std::size_t getCurrentNode() const { return currentNode; }
     bool isOnFirstNode() const { return currentNode == 0; }
     bool isOnLastNode() const { return currentNode + 1 >= setting.nodes.size(); }
 
-    /// To the next node; from the last one to the first.
+    /// Goes to the next node, from the last one to the first.
     void advance() { currentNode = isOnLastNode() ? 0 : currentNode + 1; }
-    /// To the previous node; from the first one to the last.
+    /// Goes to the previous node, from the first one to the last.
     void retreat()
     {
         if (currentNode == 0) currentNode = setting.nodes.size();
@@ -36,7 +37,7 @@ public:
     }
     void rewind() { currentNode = 0; }
 
-    /// Plays a note on or a note off once for each offset of a node.
+    /// Plays a note-on or note-off once for each offset of a node.
     void play(MidiEngine::Slice& slice, MidiEngine::MidiEngine& engine, const MidiEngine::OrvMidiMessage& event,
               std::size_t node) const;
 

@@ -7,20 +7,20 @@
 
 namespace Backend::Oscillators
 {
-/// The largest whole number that is not above one well within 64 bits.
+/// The largest integer that is not above `number`, whose magnitude must be well below 2^63.
 inline std::int64_t floorOf(double number)
 {
     const auto whole = static_cast<std::int64_t>(number);
     return whole - (number < static_cast<double>(whole) ? 1 : 0);
 }
 
-/// The values of a sine of some width upon some base: exactly those of the formula (`exactValue`), for less. A near
-/// sine is taken first, and only where its value comes so close to a step that the two could differ is the library's
-/// sine called.
+/// Computes the values of a sine wave: exactly those of the formula (`exactValue`), but faster. An approximation is
+/// computed first; the library's sine is called only where the approximation is so close to a step between two values
+/// that its error could change the result.
 class SineWave
 {
 public:
-    /// `range` from 0 up to 2^32, `base` of 32 bits; both whole.
+    /// `range` from 0 to 2^32, `base` of 32 bits; both integers.
     SineWave(double waveRange, double waveBase)
         : range(waveRange),
           base(waveBase),
@@ -42,16 +42,17 @@ public:
     std::int64_t exactValue(double phase) const { return floorOf((std::sin(phase) + 1) * 0.5 * range + base + 0.5); }
 
 private:
-    // The near height and the exact one differ by at most half the range times the error of the near sine, which is
-    // below 3e-8 of the range, and by ten roundings of 2^-53 of nothing larger than twice the range and the base. From
-    // 4e-8 of these on, away from the half where the rounding turns, both round to the same.
+    // The approximate and the exact height differ by at most half the range times the error of the approximation, below
+    // 3e-8 of the range, and by ten roundings of 2^-53 of at most twice the range and the base. If the height is at
+    // least 4e-8 of these away from the half at which rounding changes, both are rounded to the same value.
     static constexpr double NEAR_ENOUGH = 4e-8;
     static constexpr double FARTHEST = 0x1p30;
     static constexpr double ROUNDS_OFF = 0x1.8p52;  // a sum this large has no fraction, and its last bit counts ones
 
-    /// Within 5.8e-8 of the sine. Half turns are taken off until a quarter turn is left on either side: pi in two
-    /// parts, the first of 24 bits, so that its product with less than 2^29 half turns is exact. What is left, below
-    /// 1.571, goes into the sine's series up to its 11th power, whose error is below the next term, 1.571^13 / 13!.
+    /// Within 5.8e-8 of the sine. Half turns are subtracted until at most a quarter turn is left on either side, with
+    /// pi as the sum of two numbers, the first of 24 bits, so that its product with less than 2^29 half turns is exact.
+    /// The rest, below 1.571, goes into the sine's series up to its 11th power, whose error is below the next term,
+    /// 1.571^13 / 13!.
     static double nearSine(double phase)
     {
         constexpr double PI_FIRST = 0x1.921fb4p+1;
@@ -65,7 +66,7 @@ private:
         series = series * square - 1.0 / 5040;
         series = series * square + 1.0 / 120;
         series = series * square - 1.0 / 6;
-        // An odd number of half turns turns it over.
+        // After an odd number of half turns the sign is inverted.
         const std::uint64_t sign = std::bit_cast<std::uint64_t>(shifted) << 63;
         return std::bit_cast<double>(std::bit_cast<std::uint64_t>(rest * (series * square + 1)) ^ sign);
     }
@@ -73,7 +74,7 @@ private:
     double range;
     double base;
     double half;
-    double clear;  // of the nearest value, to be sure of it
+    double clear;  // the distance from the step at which the approximation suffices
     std::int64_t lowest;
 };
 }  // namespace Backend::Oscillators

@@ -19,16 +19,16 @@ class EventLog;
 class EventRecorder;
 struct ResetRequest;
 
-/// Proof of being inside a time slice, with the engine lock held: only the engine makes one, and whatever plays takes
-/// it as an argument. Inside a slice nothing allocates in the steady state, calls the system, takes another lock or
-/// throws. What must wait until the lock is left is collected here.
+/// Proof of being inside a time slice, with the engine lock held: only the engine can make a `Slice`, and every
+/// function that plays takes one as an argument. Inside a slice nothing is allocated in the steady state, nothing calls
+/// the system, takes another lock or throws. What has to wait until the lock is released is collected here.
 class Slice
 {
 public:
     Slice(const Slice&) = delete;
     Slice& operator=(const Slice&) = delete;
 
-    /// States for the static analysis what holding a slice means.
+    /// For the static analysis: a slice exists, so the lock is held.
     static void proves([[maybe_unused]] const CriticalSection& section) ASSERT_CAPABILITY(section) {}
 
 private:
@@ -40,12 +40,12 @@ private:
         const char* why;
     };
 
-    ResetRequest* served = nullptr;                // resets done, newest first
+    ResetRequest* served = nullptr;                // executed resets, newest first
     WindowHandle window;                           // to be woken, if anything was posted to it
     EventRecorder* recorder = nullptr;             // the same
     EventLog* log = nullptr;                       // the same
-    std::optional<std::uint32_t> milliseconds;     // the slice's time, once it was read
-    Controls::ControlUpdates* controls = nullptr;  // the same
+    std::optional<std::uint32_t> milliseconds;     // the time of the slice, once it was read
+    Controls::ControlUpdates* controls = nullptr;  // to be woken as well
     std::vector<Drop> drops;                       // for the debug stream
 };
 }  // namespace Backend::MidiEngine

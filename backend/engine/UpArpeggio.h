@@ -4,7 +4,7 @@
 
 namespace Backend::ArpeggioManagement::Arpeggios
 {
-/// From the lowest held note up, and again.
+/// Plays the held notes one after another, from the lowest to the highest, and again.
 class UpArpeggio final : public WalkingArpeggio
 {
 public:

@@ -4,7 +4,7 @@
 
 namespace Backend::ArpeggioManagement::Arpeggios
 {
-/// Without a sequence it is always on the first node and the last.
+/// A layer without a sequence counts as being on the first and on the last node.
 void UpDownArpeggio::step(ArpeggioVoice& voice)
 {
     auto& sequence = voice.sequence;
@@ -30,7 +30,7 @@ void UpDownArpeggio::step(ArpeggioVoice& voice)
     }
 }
 
-/// A single note turns among the nodes instead.
+/// With a single note, the sequence goes to the other node instead.
 void UpDownArpeggio::turnDown(ArpeggioVoice& voice)
 {
     descending = true;

@@ -4,8 +4,8 @@
 
 namespace Backend::ArpeggioManagement::Arpeggios
 {
-/// Up to the highest held note and down again; the notes at the two ends sound once. With a sequence it rises through
-/// all nodes before it falls through them, a pass a node.
+/// Plays the held notes one after another, up to the highest and down again; the notes at the two ends sound once. With
+/// a sequence it rises through all nodes, one pass for each node, before it falls back through them.
 class UpDownArpeggio final : public WalkingArpeggio
 {
 public:

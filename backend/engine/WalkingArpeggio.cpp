@@ -26,7 +26,7 @@ void WalkingArpeggio::press(const OrvMidiMessage& event)
 {
     const auto next =
         std::ranges::find_if(notes, [&](const ArpeggioNote& note) { return isBefore(event.getD1(), note.getD1()); });
-    // One that sounds on after its key came up is no reason to ignore the next press.
+    // A note that still sounds after its key was released does not make the next press of the key ignored.
     const auto isDown = [&](const ArpeggioNote& note) { return note.getD1() == event.getD1() && !note.isReleased(); };
     if (equal == EqualKeys::ignored && next != notes.begin() && isDown(*std::prev(next))) return;
     const auto place = static_cast<std::size_t>(next - notes.begin());
@@ -34,7 +34,7 @@ void WalkingArpeggio::press(const OrvMidiMessage& event)
     if (current != NOWHERE && place <= current) ++current;
 }
 
-/// Of equal keys the first that is still down, so that each key's end ends a note.
+/// Of several presses of one note, releases the first whose key is down, so that each note-off ends one note.
 void WalkingArpeggio::release(ArpeggioVoice& voice, const OrvMidiMessage& event)
 {
     const auto note = std::ranges::find_if(
@@ -48,7 +48,7 @@ void WalkingArpeggio::release(ArpeggioVoice& voice, const OrvMidiMessage& event)
     if (notes.empty()) stop(voice);
 }
 
-/// `current` stays on its note, or moves to the next, after the last to the first.
+/// `current` keeps its note. If that is the one removed, the next one follows, and after the last the first.
 void WalkingArpeggio::erase(std::size_t place)
 {
     notes.erase(notes.begin() + static_cast<std::ptrdiff_t>(place));

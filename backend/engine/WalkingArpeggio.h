@@ -7,14 +7,14 @@
 
 namespace Backend::ArpeggioManagement
 {
-/// Walks over the held notes in order of pitch, one a beat; a new key takes its place at once, also in the midst of a
-/// pass. The first note after silence needs no beat. What sounds ends at its time also when its key is up, or at once
-/// when all are.
+/// Plays the held notes one after another in order of pitch, one on each beat. A new note gets its place in the order
+/// at once. The first note sounds at once if no other arpeggio runs. A note that sounds when its key is released ends
+/// at its time, or at once if all keys are released.
 class WalkingArpeggio : public Arpeggio
 {
 public:
     enum class Order { rising, falling };
-    /// What a press of a note does whose key is down already.
+    /// What happens to a press of a note whose key is down already.
     enum class EqualKeys { ignored, kept };
 
     void addNote(ArpeggioVoice& voice, const MidiEngine::OrvMidiMessage& event) final;
@@ -23,13 +23,13 @@ public:
 protected:
     WalkingArpeggio(const ArpeggioSetting& setting, Order noteOrder, EqualKeys equalKeys);
 
-    /// Moves `current` on from a note that stays for the moment. From the last it goes to the first, and the sequence
-    /// moves on: a node lasts one pass.
+    /// Advances `current` from the note that has ended. After the last note the first one follows, and the sequence
+    /// advances by a node.
     virtual void step(ArpeggioVoice& voice);
     void rewind() override { current = NOWHERE; }
 
     static constexpr std::size_t NOWHERE = static_cast<std::size_t>(-1);
-    std::size_t current = NOWHERE;  // the note that the walk stands on
+    std::size_t current = NOWHERE;  // the note that sounds, or is played next
 
 private:
     void press(const MidiEngine::OrvMidiMessage& event);

@@ -91,12 +91,12 @@ std::vector<MidiFileEvent> merge(std::vector<TrackReader>& tracks, std::int64_t 
         std::pop_heap(waiting.begin(), waiting.end(), soundsLater);
         TrackReader& track = *waiting.back();
         waiting.pop_back();
-        bool goesOn = true;
-        while (goesOn && (waiting.empty() || soundsLater(waiting.front(), &track))) {
+        bool continues = true;
+        while (continues && (waiting.empty() || soundsLater(waiting.front(), &track))) {
             events.push_back(eventOf(track, division));
-            goesOn = track.next();
+            continues = track.next();
         }
-        if (goesOn) wait(track);
+        if (continues) wait(track);
     }
     return events;
 }

@@ -1,4 +1,5 @@
-// How controls take values and send them: one by one, with their companions, linked, and after the events they follow.
+// Values of controls: how they are set and sent, singly, with bank and program, linked, and by the events that they
+// follow.
 
 #include <algorithm>
 #include <array>
@@ -19,7 +20,7 @@ namespace
 constexpr int BANK_MSB = 0;
 constexpr int BANK_LSB = 32;
 
-/// A synthesizer takes a bank when the program change comes, so these go out in this order, whichever of them moved.
+/// A synthesizer applies a bank select at the next program change, so they are always sent in this order.
 constexpr std::array PROGRAM_ORDER{MidiMessage(MessageType::controllerChange, BANK_MSB),
                                    MidiMessage(MessageType::controllerChange, BANK_LSB),
                                    MidiMessage(MessageType::programChange)};
@@ -29,7 +30,7 @@ bool isOfProgram(const MidiMessage& event)
     return std::ranges::any_of(PROGRAM_ORDER, [&](const MidiMessage& part) { return isSameEvent(part, event); });
 }
 
-bool goSameWay(const ControlFunction& one, const ControlFunction& other)
+bool haveSameRoute(const ControlFunction& one, const ControlFunction& other)
 {
     return one.output == other.output && one.channel == other.channel && one.zone == other.zone;
 }
@@ -86,7 +87,7 @@ void ControlManager::sendInOrder(const Control& control)
         getContent().forEach([&](const Control& other) {
             if (other.functions.empty()) return;
             const ControlFunction& its = other.functions.front();
-            if (isSameEvent(part, its.midiEvent) && goSameWay(own, its)) sendControl(other);
+            if (isSameEvent(part, its.midiEvent) && haveSameRoute(own, its)) sendControl(other);
         });
     }
 }
@@ -121,7 +122,7 @@ void ControlManager::updateControls(const OrvMidiMessage& event)
     const Control* origin = getContent().findElement(event.getFromControl());
     edit().forEach([&](Control& control) {
         if (&control == origin || control.functions.empty()) return;
-        if (origin != nullptr && origin->selected && control.selected) return;  // the link has moved it already
+        if (origin != nullptr && origin->selected && control.selected) return;  // moved by the link
         if (control.functions.front().agreesWith(event))
             setControlValue(control, ControlFunction::valueOf(event), true, false);
     });
