@@ -1,8 +1,8 @@
-"""Long evenings: endurance.py ORVANE MIDI_SOURCE [minutes M | restarts N | virtual M]
+"""Memory and losses in long runs: endurance.py ORVANE MIDI_SOURCE [minutes M | restarts N | virtual M]
 
-minutes M: M real minutes under a stream of notes with devices that come and go; prints the status line and the memory
-once a minute. restarts N: the JACK server is killed and started again N times under the stream. virtual M: M minutes of
-virtual time rendered offline, with the memory that took. All end with what still sounds, which has to be nothing."""
+minutes M: M minutes of a stream of notes, with devices that are plugged in and unplugged; prints the status line and
+the memory once a minute. restarts N: the JACK server is killed and started again N times during the stream. virtual M:
+renders M minutes of virtual time offline and prints time and memory. At the end no note may sound."""
 import os
 import re
 import resource
@@ -15,7 +15,7 @@ import unittest
 sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "../tests/e2e"))
 sys.argv[1:3] = map(os.path.abspath, sys.argv[1:3])
 ORVANE, KIND, AMOUNT = sys.argv[1], sys.argv[3], int(sys.argv[4])
-sys.argv.append("")  # what the tests have there is not used here
+sys.argv.append("")  # an argument of the tests that is not used here
 import hotplug
 from hotplug import Stream, sounding
 from live import Monitor, Server, until
@@ -57,7 +57,7 @@ class Endurance(hotplug.Stage):
         print(f"at the end {self.memory(orvane)} kB")
         self.finish(orvane, stream, monitor)
 
-    def hears(self, monitor):
+    def receives(self, monitor):
         try:
             until(lambda: len(monitor.received) > 20, "the stream", 3)
         except AssertionError:
@@ -68,13 +68,13 @@ class Endurance(hotplug.Stage):
         orvane, stream = self.start()
         monitor = self.monitor()
         self.tool("jack_connect", "X:Orvane Out", "monitor:input")
-        gaps, received, asleep = [], [], 0  # all monitors together are an instrument with power of its own
+        gaps, received, asleep = [], [], 0  # the monitors count as one instrument that is never switched off
         for turn in range(AMOUNT + 1):
-            while not self.hears(monitor):  # a busy server now and then never wakes a client that it took in
+            while not self.receives(monitor):  # a busy server sometimes accepts a client and never runs it
                 received += [f"80 {note} 40" for note in sounding(received)]
                 asleep += 1
                 monitor.clean()
-                monitor = self.monitor(wired_to="X:Orvane Out")
+                monitor = self.monitor(connected_to="X:Orvane Out")
             if turn == AMOUNT:
                 break
             started = []
@@ -87,9 +87,9 @@ class Endurance(hotplug.Stage):
                 return server
             self.restart(orvane, signal.SIGKILL if turn % 2 else signal.SIGTERM, server)
             gaps.append(time.monotonic() - started[0])
-            monitor = self.monitor(wired_to="X:Orvane Out")
+            monitor = self.monitor(connected_to="X:Orvane Out")
         print(f"{AMOUNT} restarts; back in the graph after {sorted(gaps)[len(gaps) // 2]:.2f} s in the middle, "
-              f"{max(gaps):.2f} s at most; {self.memory(orvane)} kB; {asleep} monitors were never woken")
+              f"{max(gaps):.2f} s at most; {self.memory(orvane)} kB; {asleep} monitors were never run")
         self.finish(orvane, stream, monitor, received)
 
     def virtual(self):
