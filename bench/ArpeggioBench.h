@@ -18,7 +18,7 @@ public:
     void hold();
     void playPulses(int count);
 
-    /// Note ons and note offs of so many steps.
+    /// The number of note-ons and note-offs of that many steps.
     static int eventsOf(Backend::ArpeggioManagement::ArpeggioSetting::Type type, int steps);
 
     SummingPlayer player;

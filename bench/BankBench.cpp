@@ -1,4 +1,4 @@
-// What a bank of a thousand programs costs: `build/release/bin/bench_bank`.
+// Times of operations on a bank of a thousand programs: `build/release/bin/bench_bank`.
 
 #include <benchmark/benchmark.h>
 
@@ -22,7 +22,7 @@ namespace
 using BigBank::program;
 using BigBank::PROGRAMS;
 
-/// The bank in a folder of its own, which is the user's too.
+/// The bank in a temporary folder, which is also the user's folder.
 class ThousandPrograms
 {
 public:
@@ -46,7 +46,7 @@ private:
     std::filesystem::path folder;
 };
 
-/// The whole file, as when it is loaded.
+/// Reads and checks the whole file.
 void openBank(benchmark::State& state)
 {
     const std::string path = ThousandPrograms::get().path();
@@ -57,7 +57,7 @@ void openBank(benchmark::State& state)
     state.counters["MB"] = static_cast<double>(std::filesystem::file_size(path)) / 1e6;
 }
 
-/// One program of a bank that is open, from the file to its element.
+/// Reads a program of an open bank.
 void readProgram(benchmark::State& state)
 {
     BankFile bank;
@@ -66,7 +66,7 @@ void readProgram(benchmark::State& state)
     for (auto _ : state) benchmark::DoNotOptimize(bank.readProgram(number = (number + 611) % PROGRAMS));
 }
 
-/// One program into the bank, to the disk.
+/// Replaces a program in the file.
 void replaceProgram(benchmark::State& state)
 {
     BankFile bank;
@@ -76,7 +76,7 @@ void replaceProgram(benchmark::State& state)
         if (!bank.replaceProgram(500, text)) state.SkipWithError("not written");
 }
 
-/// From the command to rest, the reset served at once: what the backend's thread is busy with.
+/// Changes the program: the time until the backend is at rest, with resets executed at once.
 void changeProgram(benchmark::State& state)
 {
     ThousandPrograms::get();

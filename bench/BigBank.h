@@ -2,7 +2,7 @@
 
 #include <string>
 
-/// A bank of a thousand programs of the size that ours have, with 75 keys, 13 controls and 4 layers each: 22 MB.
+/// A bank of a thousand programs of the usual size, with 75 keys, 13 controls and 4 layers each: 22 MB.
 namespace BigBank
 {
 constexpr int PROGRAMS = 1000;

@@ -18,11 +18,11 @@ constexpr int SEEDS = 20;
 
 double milliseconds(double pulses, double bpm) { return pulses / (8 * bpm) * 1000; }
 
-/// The farthest that the heard tempo, the tempo of the pulses and their phase are off over a minute, of twenty minutes
-/// the worst.
+/// Prints the largest errors of the measured tempo, of the tempo of the pulses and of their phase in a steady clock;
+/// the worst of twenty runs of a minute.
 void printWander(double bpm, double jitter)
 {
-    double heard = 0;
+    double measured = 0;
     double played = 0;
     double phase = 0;
     for (unsigned int seed = 1; seed <= SEEDS; ++seed) {
@@ -31,7 +31,7 @@ void printWander(double bpm, double jitter)
         master.play(16 * BEAT, bpm);
         const std::int64_t tick = std::lround(master.ahead(0) / ClockFollower::PULSES_PER_TICK);
         master.afterPulse = [&] {
-            heard = std::max(heard, std::abs(master.follower.getTempo() - bpm));
+            measured = std::max(measured, std::abs(master.follower.getTempo() - bpm));
             played = std::max(played, std::abs(master.effectiveTempo - bpm));
         };
         for (int beat = 0; beat < bpm; ++beat) {
@@ -39,12 +39,12 @@ void printWander(double bpm, double jitter)
             phase = std::max(phase, milliseconds(std::abs(master.ahead(tick)), bpm));
         }
     }
-    std::printf("%3.0f bpm, jitter %.0f ms: heard within %.3f bpm, played within %.3f bpm and %.2f ms\n", bpm,
-                jitter * 1000, heard, played, phase);
+    std::printf("%3.0f bpm, jitter %.0f ms: measured within %.3f bpm, played within %.3f bpm and %.2f ms\n", bpm,
+                jitter * 1000, measured, played, phase);
 }
 
-/// Beats from a change to the last moment at which the heard tempo is half a beat per minute off, and to the last at
-/// which the pulses are three milliseconds off; of twenty the worst.
+/// Prints how many beats after a change the measured tempo is within half a beat per minute, and the pulses are within
+/// three milliseconds; the worst of twenty runs.
 void printSettling(double from, double to, double jitter)
 {
     double tempo = 0;
@@ -67,10 +67,10 @@ void printSettling(double from, double to, double jitter)
     std::printf("%3.0f to %3.0f bpm, jitter %.0f ms: tempo settled in %.2f beats, phase in %.2f\n", from, to,
                 jitter * 1000, tempo, phase);
 }
-/// The farthest that the heard tempo and the phase are off while the tempo grows; of twenty the worst.
+/// Prints the largest errors of the measured tempo and of the phase while the tempo rises; the worst of twenty runs.
 void printAccelerando(double bpmPerBeat, double jitter)
 {
-    double heard = 0;
+    double measured = 0;
     double phase = 0;
     for (unsigned int seed = 1; seed <= SEEDS; ++seed) {
         ClockMaster master;
@@ -80,12 +80,12 @@ void printAccelerando(double bpmPerBeat, double jitter)
         for (int tick = 1; tick <= 24 * BEAT; ++tick) {
             const double bpm = 80 + bpmPerBeat * tick / BEAT;
             master.play(1, bpm);
-            heard = std::max(heard, std::abs(master.follower.getTempo() - bpm));
+            measured = std::max(measured, std::abs(master.follower.getTempo() - bpm));
             phase = std::max(phase, milliseconds(std::abs(master.ahead(before + tick)), bpm));
         }
     }
-    std::printf("from 80 by %.1f bpm a beat, jitter %.0f ms: heard within %.2f bpm, played within %.1f ms\n",
-                bpmPerBeat, jitter * 1000, heard, phase);
+    std::printf("from 80 by %.1f bpm a beat, jitter %.0f ms: measured within %.2f bpm, played within %.1f ms\n",
+                bpmPerBeat, jitter * 1000, measured, phase);
 }
 }  // namespace
 

@@ -7,7 +7,7 @@
 #include "backend/engine/MidiEngine.h"
 #include "bench/Workload.h"
 
-/// A player that only sums.
+/// A player that computes a checksum of the events.
 class SummingPlayer final : public Backend::MidiEngine::MidiPlayer
 {
 public:
@@ -28,22 +28,22 @@ public:
     char getTempoSource() override { return -1; }
 };
 
-/// The engine with a workload: 64 events into the queue, one slice of one pulse, and on.
+/// Plays a workload with the engine: queues 64 events, plays a slice of one pulse, and repeats that.
 class EngineBench
 {
 public:
     static constexpr int BATCH = 64;
 
-    /// Where the events go in.
+    /// How the events reach an output.
     enum class Path { namedOutput, defaultOutput, layers };
 
-    /// Events on channel 0, to output 0 in the end; through so many of the workload's layers, if any.
+    /// Plays `events` on channel 0 to output 0, through `layers` of the workload's layers, if any.
     EngineBench(const std::vector<Workload::Event>& events, Path path, int layers = 0);
 
-    /// From now on the default controls follow; what they are told is read and thrown away after each slice.
+    /// The default controls follow the events from now on; their updates are read and discarded after each slice.
     void followWithControls();
 
-    /// The whole ring once, to the last event.
+    /// Plays all events once.
     void playRound();
 
     SummingPlayer player;

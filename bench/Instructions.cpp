@@ -1,5 +1,5 @@
-// What `bench/instructions.sh` counts: one path, so many rounds, nothing else. Two runs that differ only in their
-// rounds differ by exactly the instructions of the rounds between them.
+// The program whose instructions `bench/instructions.sh` counts: it plays one path for a number of rounds. The
+// difference between two runs of the same path is exactly that of the additional rounds.
 
 #include <cstdio>
 #include <cstdlib>
@@ -93,8 +93,8 @@ int main(int argc, char** argv)
         idlePulses(rounds);
     else if (path.starts_with("arpeggios_"))
         arpeggios(path.substr(10), rounds);
-    else if (path == "sines_standing")
-        oscillators(rounds, Workload::Sines::standing);
+    else if (path == "sines_stopped")
+        oscillators(rounds, Workload::Sines::stopped);
     else if (path == "sines_thinned")
         oscillators(rounds, Workload::Sines::thinned);
     else if (path == "sines_detailed")

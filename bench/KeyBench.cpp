@@ -1,6 +1,6 @@
-// From a key going down to the player: `build/release/bin/bench_keys [PRESSES]`. The key crosses to the backend's
-// thread and to the engine's, and is played by the slice after the one that finds it, slices being a millisecond. Then
-// the same while a program is saved into a bank of a thousand, one save after the other.
+// The time from a pressed key to the player: `build/release/bin/bench_keys [PRESSES]`. The key is posted to the backend
+// thread, its note to the engine's command thread, and the slice after the one that takes it from the queue plays it;
+// slices have a millisecond. Then the same while a program is saved into a bank of a thousand, again and again.
 
 #include <cstdio>
 
@@ -10,7 +10,7 @@
 
 namespace
 {
-/// Saves the current program into its place in the current bank until it goes.
+/// Saves the current program in its place in the current bank, until it is destroyed.
 class Saver
 {
 public:

@@ -37,14 +37,14 @@ void print(const std::string& name, std::vector<Clock::duration> times)
 }
 }  // namespace
 
-KeyWay postedKeys(LiveStage& stage)
+KeySender postedKeys(LiveStage& stage)
 {
     const Key key = Key::fromXmlString("Q");
     return {.press = [&stage, key] { stage.commands().postKeyDown(key, false); },
             .release = [&stage, key] { stage.commands().postKeyUp(key); }};
 }
 
-void measureKeys(LiveStage& stage, const std::string& name, int presses, const KeyWay& way)
+void measureKeys(LiveStage& stage, const std::string& name, int presses, const KeySender& way)
 {
     std::vector<Clock::duration> times;
     for (int press = 0; press < presses; ++press) {

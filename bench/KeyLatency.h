@@ -5,18 +5,18 @@
 
 #include "tests/stage/LiveStage.h"
 
-/// How a press and a release of the key Q, which plays a note, come to the backend. Any thread.
-struct KeyWay {
+/// The functions that press and release the key Q, which plays a note. Any thread.
+struct KeySender {
     std::function<void()> press;
     std::function<void()> release;
 };
 
-/// Straight to the backend.
-KeyWay postedKeys(LiveStage& stage);
+/// Keys that are posted directly to the backend.
+KeySender postedKeys(LiveStage& stage);
 
-/// Measures from a key going down to the player having its note, so many times, and prints the median, the 99th
-/// percentile and the longest. On a thread that nothing else needs.
-void measureKeys(LiveStage& stage, const std::string& name, int presses, const KeyWay& way);
+/// Measures the time from the press of a key until the player gets its note, `presses` times, and prints the median,
+/// the 99th percentile and the maximum. On a thread of its own.
+void measureKeys(LiveStage& stage, const std::string& name, int presses, const KeySender& way);
 
 /// The first argument, or `otherwise`.
 int countOfPresses(int argc, char** argv, int otherwise);

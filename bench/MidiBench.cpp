@@ -1,4 +1,5 @@
-// Nanoseconds of the engine's own paths: `build/release/bin/bench_midi`. Instruction counts: bench/instructions.sh.
+// Nanoseconds of the paths through the engine: `build/release/bin/bench_midi`. Instruction counts:
+// bench/instructions.sh.
 
 #include <benchmark/benchmark.h>
 
@@ -19,7 +20,7 @@ using Backend::MidiEngine::MidiOutputPorts;
 
 namespace
 {
-/// The C library's mutex is far cheaper in a process of one thread, which no host ever is.
+/// In a process with one thread the C library's mutex is far cheaper than in any host.
 class SleepingThread
 {
 public:
@@ -35,7 +36,7 @@ private:
     std::thread thread;
 };
 
-/// Per event of W-NOTES, queue and slice counted in.
+/// Per event of `Workload::notes`, queue and slice included.
 void direct(benchmark::State& state, EngineBench::Path path)
 {
     const SleepingThread another;
@@ -45,7 +46,7 @@ void direct(benchmark::State& state, EngineBench::Path path)
     state.SetItemsProcessed(state.iterations() * Workload::EVENTS);
 }
 
-/// The same through so many layers.
+/// The same through layers.
 void layers(benchmark::State& state, std::vector<Workload::Event> (*workload)())
 {
     const SleepingThread another;
@@ -69,7 +70,7 @@ void idlePulse(benchmark::State& state)
 
 enum class Keys { up, held };
 
-/// A pulse with sixteen arpeggios, idle or of four notes each.
+/// A pulse with sixteen arpeggios, idle or with four notes each.
 void arpeggios(benchmark::State& state, ArpeggioSetting::Type type, Keys keys)
 {
     const SleepingThread another;
@@ -79,7 +80,7 @@ void arpeggios(benchmark::State& state, ArpeggioSetting::Type type, Keys keys)
     state.SetItemsProcessed(state.iterations() * ArpeggioBench::STEP);
 }
 
-/// From a post on one thread to the handler on another, which sleeps in between.
+/// From a post on one thread to the handler on another, which was asleep.
 void postToTake(benchmark::State& state)
 {
     Event taken;
@@ -91,7 +92,7 @@ void postToTake(benchmark::State& state)
     }
 }
 
-/// A post of the slice alone: its consumer drains, nobody is woken.
+/// A post from a slice; its consumer empties the queue and is not woken.
 void postFromSlice(benchmark::State& state)
 {
     MessageQueue queue(1024);
@@ -143,7 +144,7 @@ BENCHMARK(postToTake)->UseRealTime();
 BENCHMARK(postFromSlice);
 BENCHMARK(reset)->Arg(0)->Arg(10)->Arg(2048);
 
-/// A wrong sum would mean that something else was measured.
+/// Whether the checksum is right, so that the intended path was measured.
 bool isRight(EngineBench::Path path, int layers, std::uint64_t expected)
 {
     const auto check = std::make_unique<EngineBench>(Workload::notes(), path, layers);

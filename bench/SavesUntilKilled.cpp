@@ -1,6 +1,7 @@
 // Saves a bank, a program, a preset, the settings and the record into a folder, again and again, until it is killed:
-// `bench_saves FOLDER`. First it checks what the last run left there: every file is there and whole, of one generation.
-// Prints "saving" after that check; exits with 2 and a line for the first file that is not whole. See crash_saves.py.
+// `bench_saves FOLDER`. First it checks the files of the last run: each must exist and be complete, and all must be of
+// one generation. Prints "saving" after that check; exits with 2 and a line for the first damaged file. See
+// crash_saves.py.
 
 #include <cstdio>
 #include <filesystem>
@@ -64,7 +65,7 @@ struct Saves {
         bank << "</Bank>\n";
     }
 
-    /// The first file that is not whole, or empty.
+    /// The first damaged file, or empty.
     std::string findDamage() const
     {
         BankFile bank;
@@ -84,7 +85,7 @@ struct Saves {
         return "";
     }
 
-    /// The name is the generation, the tempo follows from it.
+    /// The name is the number of the generation, and the tempo is derived from it.
     static bool isWhole(const XmlElement& program)
     {
         const int generation = std::atoi(program.getAttribute("name").c_str());
@@ -92,7 +93,7 @@ struct Saves {
     }
     static int tempoOf(int generation) { return Program::LOWEST_TEMPO + generation % TEMPI; }
 
-    /// A header, and one track of the length that it says, to the end of the file.
+    /// A header, and one track, whose length ends at the end of the file.
     static bool isMidiFile(const fs::path& file)
     {
         std::ifstream in(file, std::ios::binary);

@@ -1,5 +1,5 @@
-// What a flood of played events costs the window's thread: `build/release/bin/bench_window [EVENTS_PER_SECOND]`, with
-// each of the screens that follow them, on a screen that nobody sees.
+// The load of the window's thread by a flood of played events: `build/release/bin/bench_window [EVENTS_PER_SECOND]`,
+// with each of the screens that show events, without a display.
 
 #include <time.h>
 

@@ -1,7 +1,7 @@
-// From a key going down to the player beside a window that has all it can do: every screen is painted anew all the
-// time, and the display gets ten thousand events a second. `build/release/bin/bench_key_under_load [PRESSES]` measures
-// three ways: no window at all; past the busy window, as the global keyboard and MIDI go; and through its event queue,
-// as the toolkit's keys go, which wait for the painting that is under way. Without a screen
+// The time from a pressed key to the player beside a window under full load: every screen is repainted all the time,
+// and the display gets ten thousand events a second. `build/release/bin/bench_key_under_load [PRESSES]` measures three
+// cases: without a window; with the busy window, but not through it, like keys of the global keyboard and MIDI; and
+// through its event queue, like typed keys, which wait until the present painting is finished. Runs without a display
 // (QT_QPA_PLATFORM=offscreen).
 
 #include <QApplication>
@@ -26,7 +26,7 @@ constexpr Backend::Screen SCREENS[] = {
     Backend::Screen::computerInput, Backend::Screen::controls, Backend::Screen::output,
     Backend::Screen::layers,        Backend::Screen::cc,       Backend::Screen::zones};
 
-/// Tells the window of events that nobody played, which the player does not see.
+/// Posts played events to the window, which the player does not get.
 class Flood
 {
 public:
@@ -52,8 +52,8 @@ private:
     std::thread thread;
 };
 
-/// Through the queue of the thread that paints, which asks for it, to the control that has the focus.
-KeyWay typedKeys(QWidget& focus)
+/// Posts key events to the control with the focus, through the event queue of the thread that paints.
+KeySender typedKeys(QWidget& focus)
 {
     QInputDevice::primaryKeyboard();  // made with the first event, and belongs to this thread
     const auto post = [&focus](QEvent::Type type) {
@@ -84,15 +84,15 @@ int main(int argc, char** argv)
     });
     painting.start(0);
     const Flood flood(window.getGui().getWindowHandle());
-    const KeyWay typed = typedKeys(*window.getFrame().focusWidget());
+    const KeySender typed = typedKeys(*window.getFrame().focusWidget());
     const auto start = std::chrono::steady_clock::now();
     std::thread measuring([&] {
-        measureKeys(stage, "past a busy window", presses, postedKeys(stage));
+        measureKeys(stage, "beside a busy window", presses, postedKeys(stage));
         measureKeys(stage, "through a busy window", presses, typed);
         QMetaObject::invokeMethod(qApp, [] { QCoreApplication::exit(0); });
     });
     QApplication::exec();
     measuring.join();
     const std::chrono::duration<double> time = std::chrono::steady_clock::now() - start;
-    std::printf("it was painted %.0f times a second\n", paintings / time.count());
+    std::printf("painted %.0f times a second\n", paintings / time.count());
 }

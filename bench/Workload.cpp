@@ -123,7 +123,7 @@ std::vector<Backend::Oscillators::Oscillator> sines(int count, Sines state)
         sine.midiMessage = MidiMessage(MessageType::controllerChange, i);
         sine.output = 0;
         sine.channel = static_cast<std::int8_t>(i % 16);
-        sine.playing = state != Sines::standing;
+        sine.playing = state != Sines::stopped;
         if (state == Sines::detailed) sine.detail = 1;
     }
     return sines;

@@ -1,10 +1,9 @@
 #!/usr/bin/python3
 """How well a MIDI clock of another process is followed, in a real JACK graph: bench/clock_live.py [BUILD]
 
-The clock that comes out is compared, frame by frame, with the one that came in as it would be without its jitter: the
-tempo of each beat and the moment of each tick, once four beats have passed. The other process hears it a period late,
-because it stands on both sides. In virtual time, and the same each time:
-bench_clock_follow."""
+The clock that Orvane sends is compared, frame by frame, with the received one without its jitter: the tempo of each
+beat and the time of each tick, after the first four beats. The other process, which sends and receives, gets each tick
+a period late. bench_clock_follow measures in virtual time, with the same result each time."""
 import os
 import sys
 

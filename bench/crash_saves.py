@@ -1,7 +1,8 @@
 """Kills saves at random moments: crash_saves.py BENCH_SAVES N [seed]
 
-Each of N times the program `bench_saves` saves a bank, a program, a preset, the settings and the record until it is
-killed, and the next run checks that every file is there and whole. Prints how many were, and what a kill left behind."""
+Runs `bench_saves` N times: it saves a bank, a program, a preset, the settings and the record until it is killed, and
+the next run checks that every file exists and is complete. Prints how many kills there were, how many files were
+damaged, and how many temporary files are left."""
 import os
 import random
 import signal
@@ -11,7 +12,7 @@ import tempfile
 import time
 
 LONGEST = 0.25  # seconds from the first save to the kill
-PREFIX = ".orvane-"  # of the names of files that were not yet in their place
+PREFIX = ".orvane-"  # of the names of temporary files
 
 
 def run(program, folder, moment):
@@ -33,7 +34,7 @@ def main(program, kills, seed):
             if fault:
                 faults.append(f"after kill {number}: {fault}")
                 break
-            for name in os.listdir(folder):  # takes are checked by the next run alone, or they would be too many
+            for name in os.listdir(folder):  # the next run has checked them; they would be too many
                 if name.endswith(".mid") and number % 20 == 0:
                     os.remove(os.path.join(folder, name))
         generation = open(os.path.join(folder, "a.prg")).read().split('name="')[1].split('"')[0]

@@ -22,6 +22,6 @@ for layers in 1 4 16 64; do per mix_$layers 65536 "event, through $layers layers
 for layers in 1 16; do per controls_$layers 65536 "event, through $layers layers, followed by controls"; done
 per idle_pulse 65536 pulse
 for kind in idle chord up down up_down; do per arpeggios_$kind 65536 "pulse, with 16 arpeggios"; done
-per sines_standing 65536 "pulse, 16 sines that stand"
-for detail in thinned detailed; do per sines_$detail 65536 "pulse, 16 sines of speed 480 with a controller each"; done
-per reset 1 "ten notes struck, one slice and a reset"
+per sines_stopped 65536 "pulse, with 16 stopped sines"
+for detail in thinned detailed; do per sines_$detail 65536 "pulse, with 16 sines of speed 480 and a controller each"; done
+per reset 1 "ten note-ons, one slice and a reset"
