@@ -7,9 +7,9 @@
 
 namespace Backend
 {
-/// A bank file by name, with the names of its programs. Their content stays in the file.
+/// A bank: the path of its file and the names of its programs. The programs themselves stay in the file.
 struct ORV_API Bank {
-    std::string name;                       ///< the file's path; empty if no bank is loaded
+    std::string name;                       ///< the path of the file; empty if no bank is loaded
     std::vector<std::string> programNames;  ///< in file order
 
     /// Reads the names; a file that cannot be read has none.

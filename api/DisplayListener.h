@@ -4,16 +4,16 @@
 
 namespace Backend::Display
 {
-/// Who shows the log of events. Called on the display's thread: what it gets must be handed to a window by a way that
-/// crosses threads.
+/// Receives the text of the log, to show it. Called on the display's thread, so the text has to be posted to a window
+/// in a way that is safe between threads.
 class ORV_API DisplayListener
 {
 public:
     virtual ~DisplayListener() = default;
 
-    /// Text that follows what the listener has. Ends of lines are CR LF.
+    /// Appends to the text of the listener. Lines end with CR LF.
     virtual void addText(const char* text) = 0;
-    /// The whole text, in place of what the listener has.
+    /// Replaces the text of the listener.
     virtual void setText(const char* text) = 0;
 };
 }  // namespace Backend::Display

@@ -7,9 +7,9 @@
 
 namespace Backend
 {
-/// Where things are on the disk, and the small steps of installing and removing the product. Paths have the platform's
-/// separators and none at the end; a path that cannot be determined is empty. No operation reports an error: what could
-/// not be done is written to the debug stream. Any thread; the two setters before there is a backend.
+/// The folders of the product, and the steps of installing and removing it. Paths have the separators of the platform
+/// and none at the end; a path that cannot be determined is empty. Failures are written to the debug stream only. Any
+/// thread; the two setters only before a backend is made.
 class ORV_API OrvUtils
 {
 public:
@@ -19,20 +19,20 @@ public:
     /// The name of the virtual MIDI port.
     static const char* getOrvPortName() { return "Orvane"; }
 
-    /// The key of an application's settings.
+    /// The key of an application's settings in the settings store.
     static std::string getRegistryKey(std::string_view applicationName);
 
-    /// The install folder, with the factory content in "Default" and the manual in "Manual"; empty before the
-    /// installer has set it.
+    /// The install folder, with the factory content in "Default" and the manual in "Manual"; empty if no installer has
+    /// set it.
     static std::string getOrvProgDir();
 
-    /// What an installer writes. False if it could not be kept.
+    /// Sets the install folder. False if it could not be stored.
     static bool setOrvProgDir(const std::string& folder);
 
-    /// The data folder: presets, sequences, banks, record.
+    /// The data folder, with presets, sequences, banks and the record.
     static std::string getOrvAppDataDir();
 
-    /// Another data folder for this process, "" for the user's own.
+    /// Sets the data folder of this process; "" for the user's own.
     static void setOrvAppDataDir(const std::string& folder);
 
     static std::string getCompanyAppDataDir();
@@ -40,7 +40,7 @@ public:
     /// The folder of the retrospective record; empty if there is no data folder.
     static std::string getRecordDir();
 
-    /// A path of something in a folder; empty if the folder is.
+    /// The path of a file in a folder; empty if `folder` is.
     static std::string pathIn(const std::string& folder, std::string_view name);
 
     /// Copies a folder of the factory content to a folder of the data folder, without overwriting anything.
@@ -48,11 +48,11 @@ public:
 
     static void install(bool withPort);
 
-    /// Removes what the product put into the data folder. The user's own files stay, those of the factory that the user
-    /// saved into among them, and the folders that hold them.
+    /// Removes the factory content from the data folder. Files of the user stay, including files of the factory content
+    /// that the user has changed, and so do their folders.
     static void uninstall();
 
-    /// Whether an input device has the virtual port's name.
+    /// Whether an input device has the name of the virtual port.
     static bool virtualMidiPortExists();
 
     /// Opens a page of the manual, "" for the first one. A name that leads out of the manual opens nothing. Returns an

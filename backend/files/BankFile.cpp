@@ -24,13 +24,13 @@ std::string emptyProgram()
            "\n";
 }
 
-/// What stands between two places begins a line of its own.
+/// A line break, unless what is at `place` begins a line.
 const char* lineBreakBefore(std::string_view text, std::size_t place)
 {
     return place == 0 || text[place - 1] == '\n' ? "" : "\n";
 }
 
-/// The document around the programs.
+/// The document without its programs.
 std::string withoutPrograms(std::string_view text, const ElementLayout& layout)
 {
     std::string rest;
@@ -69,7 +69,7 @@ bool BankFile::readText(std::string& text) const
     return true;
 }
 
-/// The whole text, and of a file that was changed also what it holds.
+/// Reads the text and, if the file was changed, its programs.
 bool BankFile::load(std::string& text)
 {
     const Stamp now = stampOf(path);
@@ -83,7 +83,8 @@ bool BankFile::load(std::string& text)
     return isRead;
 }
 
-/// Every program by itself, and the document without them: together they are the whole of it.
+/// Reads the names. Each program and the document without programs are parsed, which together checks the whole
+/// document.
 bool BankFile::takeNames(std::string_view text)
 {
     names.clear();
@@ -107,12 +108,12 @@ XmlElement BankFile::readProgram(int number)
     if (!hasProgram(number)) return {};
     const XmlElement element = fetch(static_cast<std::size_t>(number));
     if (element.hasElement()) return element;
-    // It was written within one tick of the file system's clock.
+    // Another program may have written it again within one tick of the file system's clock.
     isRead = false;
     return load(text) && hasProgram(number) ? fetch(static_cast<std::size_t>(number)) : XmlElement();
 }
 
-/// The program from its place in the file, if it is there.
+/// Reads the program from its place in the file; no element if it is not there.
 XmlElement BankFile::fetch(std::size_t number) const
 {
     const TextSpan& place = layout.elements[number];
@@ -138,7 +139,7 @@ bool BankFile::replaceProgram(int number, std::string_view element)
     text.replace(old.begin, old.end - old.begin, std::string(separator) + std::string(element));
     if (!write(text)) return false;
 
-    // The others only moved.
+    // The programs after it have moved.
     const std::size_t begin = old.begin + separator.size();
     const std::size_t growth = separator.size() + element.size() - (old.end - old.begin);  // modulo 2^64
     for (std::size_t i = index + 1; i < layout.elements.size(); ++i) layout.elements[i].moveBy(growth);

@@ -12,18 +12,18 @@
 
 namespace Backend
 {
-/// The programs in a file: a bank's, or the only one of a program file. The file is read and checked as a whole once;
-/// from then on a program is read from its place alone, however many there are. A file that another program has changed
-/// since is read again. Whatever is written replaces the file whole, and every byte outside the programs in
-/// question stays what it was. What cannot be done changes nothing and is written to the debug stream.
+/// A bank file, or a program file with one program. The file is read and checked as a whole once; after that a program
+/// is read from its place alone, in any size of bank. If another program has changed the file, it is read again.
+/// Writing replaces the file as a whole, and keeps every byte outside the programs that are written. An operation that
+/// fails changes nothing and writes a line to the debug stream.
 /// See docs/decisions/0010.
 class ORV_API BankFile
 {
 public:
-    static constexpr std::size_t MAX_SIZE = 256u << 20;  ///< bytes; a program of our own takes some 20000
-    static constexpr int MAX_PROGRAMS = 10000;           ///< what a bank can be made to have
+    static constexpr std::size_t MAX_SIZE = 256u << 20;  ///< bytes; a program that Orvane writes has some 20000
+    static constexpr int MAX_PROGRAMS = 10000;           ///< the highest size of a bank
 
-    /// Takes a file for its own. False if it cannot be read or is no XML document; then it has no programs.
+    /// Sets the file. False if it cannot be read or is no XML document; then it has no programs.
     bool open(const std::string& path);
 
     /// In file order.
@@ -32,15 +32,15 @@ public:
     /// The `Program` element of that number, from 0; no element if there is none.
     XmlElement readProgram(int number);
 
-    /// Puts an element, with its line end, in the place of a program. False, and nothing is written, if there is no
-    /// such program, or what was given is no `Program` element.
+    /// Replaces a program by an element with its line end. False, and nothing is written, if there is no such program,
+    /// or the text is no `Program` element.
     bool replaceProgram(int number, std::string_view element);
 
-    /// Cuts programs off at the end of the file, or appends empty ones. False if that is not written.
+    /// Removes programs from the end of the file, or appends empty ones. False if the file could not be written.
     bool resize(int programs);
 
 private:
-    /// Shows whether another program wrote to the file.
+    /// Time and size of the file, by which changes are noticed.
     struct Stamp {
         std::filesystem::file_time_type time{};
         std::uintmax_t size = 0;

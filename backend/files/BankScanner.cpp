@@ -6,7 +6,7 @@ namespace
 {
 constexpr auto NOWHERE = std::string_view::npos;
 
-/// Goes from tag to tag.
+/// Finds the tags of a document, one after another.
 class Scanner
 {
 public:
@@ -33,7 +33,7 @@ private:
 
     bool startsWith(std::string_view mark) const { return text.compare(at, mark.size(), mark) == 0; }
 
-    /// Beyond the mark that ends something; false if it has no end.
+    /// Goes to the end of the next `mark`; false if there is none.
     bool passTo(std::string_view mark, std::size_t from)
     {
         const auto found = text.find(mark, at + from);
@@ -42,7 +42,7 @@ private:
         return true;
     }
 
-    /// Declarations in brackets may stand inside it.
+    /// A document type may contain declarations in brackets.
     bool passDocumentType()
     {
         int open = 0;
@@ -80,7 +80,7 @@ private:
         return true;
     }
 
-    /// Beyond the ">" of a start tag; one that is quoted does not count.
+    /// Goes to the end of a start tag; a ">" in quotes does not end it.
     bool passAttributes()
     {
         for (at = text.find_first_of("\"'>", at); at != NOWHERE; at = text.find_first_of("\"'>", at)) {
@@ -113,7 +113,7 @@ private:
     std::string_view tag;
     std::size_t at = 0;
     int depth = 0;
-    bool isWanted = false;  // the child of the root that we are in
+    bool isWanted = false;  // the present child of the root has the tag that is looked for
     bool rootIsClosed = false;
     ElementLayout layout;
 };

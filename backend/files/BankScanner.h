@@ -10,13 +10,13 @@
 
 namespace Backend
 {
-/// A piece of a text, in bytes from its start.
+/// A part of a text, in bytes from its start.
 struct TextSpan {
     std::size_t begin = 0;
-    std::size_t end = 0;  ///< after the last byte
+    std::size_t end = 0;  ///< the byte after the last one
 
     std::string_view of(std::string_view text) const { return text.substr(begin, end - begin); }
-    /// By a difference of sizes, which may have wrapped.
+    /// Adds a difference of sizes, which may have wrapped.
     void moveBy(std::size_t bytes)
     {
         begin += bytes;
@@ -26,21 +26,21 @@ struct TextSpan {
     bool operator==(const TextSpan&) const = default;
 };
 
-/// Where the children of a document's root stand that have a certain tag, and where the root ends.
+/// The positions of those children of a document's root that have a certain tag, and of the end of the root.
 struct ElementLayout {
-    std::vector<TextSpan> elements;  ///< from "<" to ">", in order
+    std::vector<TextSpan> elements;  ///< from "<" to ">", in the order of the document
     std::string rootName;
     TextSpan rootEnd;  ///< the root's end tag; of an empty root the "/>"
 
     bool operator==(const ElementLayout&) const = default;
 };
 
-/// Finds the elements by going through the tags, without reading what they say. Comments, instructions, character data
-/// and quoted text count as nothing, however much they look like tags. None if the tags do not add up; whether the text
-/// is a document is for `XmlDocument` to say.
+/// Finds the elements by their tags, without reading their content. Comments, processing instructions, character data
+/// and quoted text are skipped, even if they look like tags. Nothing if start and end tags do not match; whether the
+/// text is a well-formed document is checked by `XmlDocument`.
 ORV_API std::optional<ElementLayout> scanElements(std::string_view text, std::string_view tag);
 
-/// The span with the rest of its first and its last line, as far as nothing else stands on them: blanks, TABs, and the
-/// line's end.
+/// The span extended to the whole of its first and last line, with the line end, as far as these contain only blanks
+/// and TABs besides.
 ORV_API TextSpan withItsLines(std::string_view text, TextSpan span);
 }  // namespace Backend

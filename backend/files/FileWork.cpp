@@ -30,7 +30,7 @@ void FileWork::run(Step work, Step step)
     worker.post({.number = WORK, .payload = Payload::of(std::move(work))});
 }
 
-/// The backend is notified also of work that ran out of memory; what it had not set by then is its result.
+/// The backend is notified even if the work ran out of memory; its result is then what was stored so far.
 void FileWork::handleMessage(Message& message)
 {
     if (const auto* work = message.payload.get<Step>()) {

@@ -9,9 +9,9 @@
 
 namespace Backend
 {
-/// Work with files that may take long, on a thread of its own, so that keys do not wait for a disk. One piece of work
-/// at a time; commands that need its result are held until it is finished. The backend thread, unless it says
-/// otherwise.
+/// Executes work with files that may take long on a thread of its own, so that keys do not wait for a disk. One piece
+/// of work is executed at a time; commands that need its result are held until it is finished. The backend thread,
+/// unless a function says otherwise.
 class ORV_API FileWork
 {
 public:
@@ -21,22 +21,22 @@ public:
     explicit FileWork(Step notify);
     ~FileWork() { stop(); }
 
-    /// The host's thread. `stop` waits for the work under way, and frees the commands that are held.
+    /// The host's thread. `stop` waits for the work that is being executed, and frees the commands that are held.
     void start() { worker.start(); }
     void stop();
 
-    /// From `run` until its last step has returned.
+    /// True from `run` until `lastStep` has returned.
     bool isBusy() const { return busy; }
 
-    /// Calls `work` on the files thread, which alone uses what it captured, and then `lastStep` on the backend thread.
-    /// Only while nothing else is under way.
+    /// Calls `work` on the files thread, which alone may use what it captured, and then `lastStep` on the backend
+    /// thread. Only while no other work is being executed.
     void run(Step work, Step lastStep);
 
-    /// Keeps a command, with its waiter, while work is under way.
+    /// Keeps a command, and the thread that waits for it, until the work is finished.
     void hold(Message command) { held.push_back(std::move(command)); }
 
-    /// The work is done: takes its last step, and gives the commands that were held to `execute` in their order, up to
-    /// one that starts new work.
+    /// Calls the last step of finished work, and passes the held commands to `execute` in their order, up to one that
+    /// starts new work.
     void finish(const std::function<void(Message& command)>& execute);
 
     /// Any thread.

@@ -8,7 +8,7 @@
 
 namespace Backend
 {
-/// What a window shows when it is made; it is notified of every later change.
+/// What a window needs when it is made; it is notified of every later change.
 struct GuiStart {
     RegistrySettings settings{};
     Bank bank{};
@@ -16,6 +16,6 @@ struct GuiStart {
     MidiEngine::MidiInputPorts inputs{};
     MidiEngine::MidiOutputPorts outputs{};
     ScreenState screens{};
-    bool isVstPlugin = false;  ///< whether a host of plug-ins shows it, which places it itself
+    bool isVstPlugin = false;  ///< a plug-in host shows the window and places it
 };
 }  // namespace Backend

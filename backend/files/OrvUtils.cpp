@@ -47,7 +47,7 @@ void report(const std::string& path, const std::error_code& error)
     if (error) DbgStream() << path << ": not removed: " << error.message();
 }
 
-/// The names of the files in a folder, links to files included.
+/// The names of the files in a folder, including links to files.
 std::vector<fs::path> filesIn(const std::string& folder)
 {
     std::vector<fs::path> names;
@@ -76,7 +76,7 @@ void removeFile(const fs::path& path)
     report(textOf(path), error);
 }
 
-/// Only a folder with nothing in it can be removed.
+/// Removes an empty folder.
 void removeIfEmpty(const std::string& folder)
 {
     std::error_code error;
@@ -85,7 +85,7 @@ void removeIfEmpty(const std::string& folder)
         fs::remove(path, error);
 }
 
-/// A relative path, folders included, that does not lead out of where it starts.
+/// Whether a relative path leads to a place below the folder in which it starts.
 bool staysBelow(std::string_view page)
 {
     const fs::path path = pathOf(page);
@@ -167,8 +167,8 @@ void OrvUtils::uninstall()
     if (chosenDataFolder.empty()) removeIfEmpty(getCompanyAppDataDir());
 }
 
-/// Removes from a folder what the factory put there and the user has not changed, and the folder itself once nothing is
-/// left in it.
+/// Removes from a folder the files of the factory content that the user has not changed, and then the folder if it is
+/// empty.
 void OrvUtils::removeFiles(const std::string& folder, std::string_view name)
 {
     const fs::path source = pathOf(factoryFolder(name));

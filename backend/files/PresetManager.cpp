@@ -75,7 +75,7 @@ bool PresetManager::save(std::string_view name, const ElementWriter& writeElemen
     return !error;
 }
 
-/// The entry takes its new name also if the file could not: the window has renamed its own already.
+/// The entry is renamed even if the file could not be: the window has already renamed its own.
 bool PresetManager::rename(std::string_view oldName, std::string_view newName)
 {
     const std::string oldPath = getPresetPath(oldName);

@@ -11,7 +11,7 @@ namespace Backend
 {
 namespace
 {
-// What the stored form has room for, its NUL included.
+// The size of the stored form, including its NUL.
 constexpr std::size_t STRING_BUFFER = 1000;
 
 std::optional<std::string> load(const SettingsStore& store, const char* name, const std::string&)
@@ -96,7 +96,7 @@ bool RegistrySettings::loadFromRegistry(const std::string& key)
     return true;
 }
 
-/// The key is read again first: another program may have written other values meanwhile.
+/// The stored values are read again first, because another program may have changed them.
 bool RegistrySettings::saveToRegistry(const std::string& key)
 {
     SettingsStore store(key);

@@ -11,9 +11,9 @@
 
 namespace Backend
 {
-/// The values of all settings, see `Settings.h`. The backend owns the original, the window a copy. They are read once
-/// when the backend starts and written once when it ends; only what was set is written, so that a new default reaches
-/// every user who never changed the value. One thread.
+/// The values of all settings, see `Settings.h`. The backend has the original, the window a copy. They are read when
+/// the backend starts and written when it ends. Only values that were set are written, so that a new default applies to
+/// every user who has not changed the setting. One thread.
 class ORV_API RegistrySettings
 {
 public:
@@ -22,22 +22,22 @@ public:
     {
         return std::get<Settings::placeOf<row>()>(values).value;
     }
-    /// The value is written the next time, also if it is the default.
+    /// The value will be written, even if it is the default.
     template <const auto& row>
     void set(const Settings::ValueOf<row>& value)
     {
         std::get<Settings::placeOf<row>()>(values) = {value, true};
     }
 
-    /// Takes every value that is stored under the key and fits; the others stay as they are. False if there can be no
-    /// such key.
+    /// Reads all values that are stored under the key and valid; the others keep their values. False if the key cannot
+    /// be read.
     bool loadFromRegistry(const std::string& key);
 
-    /// Writes what was set since it was last written, and the choices of ports always. False if that failed; what was
-    /// set is then written the next time.
+    /// Writes what was set since the last write, and always the choices of ports. False if that failed; then these
+    /// values are written the next time.
     bool saveToRegistry(const std::string& key);
 
-    /// Path of the bank loaded at the start; empty or blank for the one in the banks folder.
+    /// Path of the bank that is loaded at the start; empty or blank for the one in the banks folder.
     const std::string& getDefaultBank() const { return get<Settings::DEFAULT_BANK>(); }
     void setDefaultBank(const std::string& path) { set<Settings::DEFAULT_BANK>(path); }
 
@@ -49,7 +49,7 @@ public:
     bool getMidiThru() const { return get<Settings::MIDI_THRU>(); }
     void setMidiThru(bool on) { set<Settings::MIDI_THRU>(on); }
 
-    /// The retrospective record: on by default, and its size in bytes. The folder is not used.
+    /// The retrospective record: whether it is on (the default), and its size in bytes. The folder is not used.
     bool isRetroRecordEnabled() const { return get<Settings::RETRO_RECORD_ENABLED>(); }
     void setRetroRecordEnabled(bool on) { set<Settings::RETRO_RECORD_ENABLED>(on); }
     int getRetroRecordBufferSize() const { return get<Settings::RETRO_RECORD_BUFFER_SIZE>(); }
@@ -57,7 +57,7 @@ public:
     const std::string& getMidiBufferDir() const { return get<Settings::MIDI_BUFFER_DIR>(); }
     void setMidiBufferDir(const std::string& folder) { set<Settings::MIDI_BUFFER_DIR>(folder); }
 
-    /// What a movement of the mouse is divided by.
+    /// The divisor of mouse movements.
     int getMouseSensitivity() const { return get<Settings::MOUSE_SENSITIVITY>(); }
     void setMouseSensitivity(int divisor) { set<Settings::MOUSE_SENSITIVITY>(divisor); }
 
@@ -73,7 +73,7 @@ public:
     int getDisplayHeight() const { return get<Settings::DISPLAY_HEIGHT>(); }
     void setDisplayHeight(int pixels) { set<Settings::DISPLAY_HEIGHT>(pixels); }
 
-    /// The window. A position of all -1 is none.
+    /// The window. A position of four times -1 means none.
     bool getDockToBottomEdge() const { return get<Settings::DOCK_TO_BOTTOM_EDGE>(); }
     void setDockToBottomEdge(bool on) { set<Settings::DOCK_TO_BOTTOM_EDGE>(on); }
     const WindowsLib::Rect& getLastWindowPosition() const { return get<Settings::LAST_WINDOW_POSITION>(); }
@@ -83,11 +83,11 @@ public:
     bool getUseSkinBorder() const { return get<Settings::USE_SKIN_BORDER>(); }
     void setUseSkinBorder(bool on) { set<Settings::USE_SKIN_BORDER>(on); }
 
-    /// Index of the output for events that name none, -1 for none. -1 until the first list of ports settles it.
+    /// Index of the output for events that name none, -1 for none. It is -1 until the first list of ports arrives.
     int getDefaultMidiOutput() const { return get<Settings::DEFAULT_MIDI_OUTPUT>(); }
     void setDefaultMidiOutput(int port) { set<Settings::DEFAULT_MIDI_OUTPUT>(port); }
 
-    /// What a simple program plays with: velocity, channel (0 for the first), and whether notes are stacked.
+    /// The settings of a simple program: velocity, channel (from 0), and whether notes are stacked.
     int getLiteVelocity() const { return get<Settings::LITE_VELOCITY>(); }
     void setLiteVelocity(int velocity) { set<Settings::LITE_VELOCITY>(velocity); }
     int getLiteChannel() const { return get<Settings::LITE_CHANNEL>(); }
@@ -103,14 +103,14 @@ public:
     std::vector<bool> getScreens() const { return getBoolVectorFromString(get<Settings::SCREEN_STATE>()); }
     void setScreens(const std::vector<bool>& bits) { set<Settings::SCREEN_STATE>(getStringFromBoolVector(bits)); }
 
-    /// The user's choice per port index. They grow on demand (new ones false) and outlive a device that is away.
+    /// The user's choice for each port index. The lists grow on demand, with false; missing devices keep theirs.
     std::vector<bool> getEnabledMidiInputs() const { return enabledInputs; }
     std::vector<bool> getEnabledMidiOutputs() const { return enabledOutputs; }
     /// A negative index is ignored.
     void setMidiInputEnabled(int port, bool enabled);
     void setMidiOutputEnabled(int port, bool enabled);
 
-    /// The stored form of such a list, a letter each: Y (or y) for true, and N, or anything else, for false.
+    /// The stored form of such a list, one letter each: Y or y for true, N or anything else for false.
     static std::vector<bool> getBoolVectorFromString(std::string_view text);
     static std::string getStringFromBoolVector(const std::vector<bool>& bits);
 
@@ -136,7 +136,7 @@ private:
 
     decltype(standards(Settings::ALL)) values = standards(Settings::ALL);
 
-    // The working form of the two lists of ports
+    // The lists of ports, as they are used
     std::vector<bool> enabledInputs;
     std::vector<bool> enabledOutputs;
 };

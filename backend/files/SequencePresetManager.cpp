@@ -24,13 +24,13 @@ constexpr const char* FOLDER = "Sequences";
 constexpr const char* EXTENSION = ".seq";
 constexpr std::string_view OFF = "Off";
 
-/// What the name is stored as, empty if the user may not call a file so.
+/// The name under which a preset is stored, empty if it is not valid.
 std::string storedName(std::string_view name)
 {
     return isValidFileName(name) ? std::string(Text::trim(name)) : std::string();
 }
 
-/// True if there is none.
+/// Writes an error to the debug stream. True if there is none.
 bool report(const std::error_code& error, const std::string& path, const char* what)
 {
     if (error) WindowsLib::DbgStream() << path << ": " << what << ": " << error.message();

@@ -10,41 +10,41 @@ namespace Backend::SequenceManagement
 {
 struct SequenceSetting;
 
-/// The sequence of the preset of that name: its nodes, none if the file cannot be read. No name, and "Off", give no
-/// sequence.
+/// The sequence of the preset of that name, without nodes if its file cannot be read. An empty name, and "Off", give
+/// no sequence.
 ORV_API SequenceSetting sequenceFromPreset(std::string_view name);
-/// Reads the nodes of the preset that a setting names; a setting without one stays as it is.
+/// Reads the nodes of the preset that `setting` names; without a name nothing changes.
 ORV_API void loadSequencePreset(SequenceSetting& setting);
 
-/// The names of the sequences in the user's folder, by their bytes, each once.
+/// The names of the sequence presets in the data folder, sorted by their bytes, each once.
 using SequencePresetList = std::vector<std::string>;
 
-/// The sequences that stand by themselves: files "NAME.seq" in the data folder's "Sequences", each an XML document with
-/// the text of one sequence. The list is read once, at the start. A name that would leave the folder names nothing.
-/// No operation reports an error; what could not be done is written to the debug stream. Its owner's thread.
+/// The presets of sequences: files "NAME.seq" in the folder "Sequences" of the data folder, each an XML document with
+/// the text of one sequence, and the list of them. The list is read once, at the start. A name that would lead out of
+/// the folder is refused. Failures are written to the debug stream. The thread of its owner.
 class ORV_API SequencePresetManager
 {
 public:
-    /// Reads the list from the folder, every file whatever its extension. Where there is no folder it first becomes a
-    /// copy of the factory's.
+    /// Reads the list from the folder, with files of any extension. A folder that does not exist is first made as a
+    /// copy of the factory content.
     void load();
 
     const SequencePresetList& getList() const { return list; }
     bool exists(std::string_view name) const { return indexOf(name) >= 0; }
-    /// The place of exactly that name in the list, or -1.
+    /// The index of exactly that name in the list, or -1.
     int indexOf(std::string_view name) const;
 
-    /// Writes the sequence of that text (see `parseSequence`) in place of the one of that name, whole or not at all,
-    /// and lists it. False, and nothing changed, if the name is no valid one or the file cannot be written.
+    /// Writes a sequence, given as text (see `parseSequence`), as a whole, in place of one of the same name, and adds
+    /// it to the list. False, and nothing is changed, if the name is not valid or the file cannot be written.
     bool addPreset(std::string_view name, std::string_view text);
 
-    /// Only if the old name is there and the new one, which must be a valid one, is not.
+    /// Renames a preset, if it is in the list, and the new name is valid and not in the list.
     void renamePreset(std::string_view oldName, std::string_view newName);
 
-    /// Removes a listed preset, entry and file.
+    /// Removes a preset's entry and file.
     void deletePreset(std::string_view name);
 
-    /// The file of a name, existing or not; empty if the name would leave the folder.
+    /// The path of a preset's file, existing or not; empty if the name would lead out of the folder.
     static std::string getPresetPath(std::string_view name);
 
 private:

@@ -9,14 +9,14 @@
 
 namespace Backend::Joystick
 {
-/// What an axis sends, in order.
+/// The events that an axis sends, in order.
 struct ORV_API AxisConfiguration {
     JoyAxisElementId id{};
     std::vector<AxisFunction> functions{};
 
     bool isEmpty() const { return functions.empty(); }
 
-    /// From an "Axis" element; one that names no axis has an id that is not valid.
+    /// From an "Axis" element; without the name of an axis the id is not valid.
     static AxisConfiguration fromXml(const XmlElement& element);
     void writeXml(std::ostream& out, int indent) const;
 

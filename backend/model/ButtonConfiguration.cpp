@@ -27,7 +27,7 @@ void writeSlot(std::ostream& out, int indent, const char* tag, const Function* f
     out << tabs(indent) << xmlEndTag(tag) << '\n';
 }
 
-/// Makes the function of the first element inside `slot`.
+/// Makes the function of the first element in `slot`.
 std::unique_ptr<Function> readSlot(const XmlElement& slot, const FunctionFactory& createFunction)
 {
     XmlElement first;

@@ -13,36 +13,36 @@
 
 namespace Backend
 {
-/// What a key of the computer or a button of a joystick does: entries that run in their order. The derived class says
-/// which key or button it is, and names the element in which the entries stand.
+/// The binding of a key of the computer or a button of a joystick: entries that are executed in their order. The
+/// derived class has the id of the key or button and the name of its element in files.
 class ButtonConfiguration
 {
 public:
     virtual ~ButtonConfiguration() = default;
 
-    /// Writes the element of the derived class after `indent` TABs, with `writeEntries` inside it.
+    /// Writes the element of the derived class, indented by `indent` TABs, with `writeEntries` inside it.
     virtual void writeXml(std::ostream& out, int indent) const = 0;
 
     const std::vector<ButtonFunction>& getEntries() const { return entries; }
     void addEntry(ButtonFunction entry) { entries.push_back(std::move(entry)); }
 
-    // By entry, from 0.
+    // By the index of the entry, from 0
 
-    /// Replaces the entry's function, or with the number after the last entry adds an entry of that function alone. A
-    /// higher number changes nothing.
+    /// Replaces the function of an entry. The index after the last adds an entry with that function alone; a higher
+    /// index is ignored.
     void setDownFunction(std::unique_ptr<FunctionManagement::Function> function, std::size_t index);
     void setUpFunction(std::unique_ptr<FunctionManagement::Function> function, std::size_t index);
 
-    /// The type name; NO_FUNCTION for an empty slot and outside the entries.
+    /// The type name of the function; NO_FUNCTION for an empty slot and outside the entries.
     std::string_view getDownFunctionType(std::size_t index) const;
     std::string_view getUpFunctionType(std::size_t index) const;
 
-    /// Whether the entry does anything.
+    /// Whether the entry has a function.
     bool isUsed(std::size_t index) const { return index < entries.size() && entries[index].isUsed(); }
-    /// Whether no entry does anything.
+    /// Whether no entry has a function.
     bool isEmpty() const;
 
-    /// Calls `visit` with each down and up function there is.
+    /// Calls `visit` with each down and up function.
     template <class Visitor>
     void forEachFunction(Visitor&& visit) const
     {
@@ -58,14 +58,14 @@ protected:
     ButtonConfiguration& operator=(const ButtonConfiguration&) = default;
     ButtonConfiguration& operator=(ButtonConfiguration&&) noexcept = default;
 
-    /// Equal entries in order, or both empty.
+    /// Whether all entries are equal, or both have none.
     bool hasSameEntries(const ButtonConfiguration& other) const;
 
-    /// One "Function" element for each entry, two levels deeper than the derived element at `indent`.
+    /// Writes a "Function" element for each entry, indented by two TABs more than the derived element.
     void writeEntries(std::ostream& out, int indent) const;
 
-    /// Adds an entry for each "Function" element inside `element`, also for an empty one. Where `createFunction` makes
-    /// nothing of an element, the slot stays empty.
+    /// Adds an entry for each "Function" element in `element`, also for an empty one. If `createFunction` returns none,
+    /// the slot stays empty.
     void readEntries(const XmlElement& element, const FunctionManagement::FunctionFactory& createFunction);
 
 private:

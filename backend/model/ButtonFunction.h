@@ -6,10 +6,10 @@
 
 namespace Backend
 {
-/// What a key or a button does when it goes down and when it comes up. A null function does nothing. A copy holds
-/// clones.
+/// The functions that a key or a button executes when it is pressed and released; null for none. A copy has copies of
+/// them.
 struct ButtonFunction {
-    bool keepSending = false;  ///< the down function runs again on every auto-repeat
+    bool keepSending = false;  ///< the down function is executed again at every repeat
     std::unique_ptr<FunctionManagement::Function> downFunction{};
     std::unique_ptr<FunctionManagement::Function> upFunction{};
 
@@ -19,12 +19,12 @@ struct ButtonFunction {
     ButtonFunction& operator=(ButtonFunction other) noexcept;
     ~ButtonFunction() = default;
 
-    /// Whether it does anything.
+    /// Whether there is a function.
     bool isUsed() const;
-    /// An empty slot is equal to a function that does nothing.
+    /// No function is equal to a function that does nothing.
     bool operator==(const ButtonFunction& other) const;
 };
 
-/// The type name, NO_FUNCTION for an empty slot.
+/// The type name of a function, NO_FUNCTION for null.
 std::string_view typeOf(const std::unique_ptr<FunctionManagement::Function>& function);
 }  // namespace Backend

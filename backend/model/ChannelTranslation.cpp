@@ -18,7 +18,7 @@ ChannelTranslation ChannelTranslation::fromXmlString(std::string_view text)
 
 std::string ChannelTranslation::toXmlString() const { return std::to_string(channel); }
 
-/// An unchanged channel becomes the event's own, which the layers leave as it is.
+/// With "unchanged" the channel becomes the event's own, so that the layers keep it.
 void ChannelTranslation::applyTo(MidiEngine::OrvMidiMessage& event) const
 {
     if (channel == UNCHANGED) return event.setChannel(event.getChannel());

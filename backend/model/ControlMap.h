@@ -9,21 +9,21 @@
 
 namespace Backend::Controls
 {
-/// The controls by their cells, walked row by row.
+/// The controls by their cells, sorted by rows.
 class ORV_API ControlMap final : public Component::ElementMap<Control, Cell>
 {
 public:
-    /// The grid: selection moves through rows and columns 0 to 15.
+    /// The size of the grid: the selection moves through rows and columns 0 to 15.
     static constexpr std::int32_t ROWS = 16;
     static constexpr std::int32_t COLUMNS = 16;
 
     using ElementMap::put;
-    /// Takes the place of what stands at its cell.
+    /// Adds a control, in place of the present one in its cell.
     void put(Control control);
 
-    /// A `Controls` element: its controls replace those here, or with "merge" join them. The last of a cell counts.
+    /// Reads a `Controls` element: its controls replace the present ones, or with "merge" only those in their cells.
     void readXml(const XmlElement& section);
-    /// The element, one tag a line after `indent` TABs: the controls of `cells`, to be merged, or without cells all.
+    /// Writes the element, indented by `indent` TABs: the controls of `cells`, to be merged, or without cells all.
     void writeXml(std::ostream& out, int indent, std::span<const Cell> cells) const;
 
     template <class Visit>
@@ -39,7 +39,7 @@ public:
         while (const Control* control = iterator->next()) visit(*control);
     }
 
-    /// The first that is selected, or null.
+    /// The first selected control, or null.
     Control* findSelected();
 };
 }  // namespace Backend::Controls

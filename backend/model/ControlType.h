@@ -6,15 +6,15 @@
 
 namespace Backend::Controls
 {
-/// How a control looks on the screen. One that is nothing, or only a label, never sends.
+/// The look of a control. A label, and one without a look, never sends.
 struct ControlType {
     enum class Kind : std::int32_t { none = 0, edit = 1, vfader = 2, hfader = 3, knob = 4, label = 5 };
 
     Kind kind = Kind::none;
 
-    /// From "edit", "vfader", "hfader", "knob" or "label", blanks around it aside; anything else is none.
+    /// From "edit", "vfader", "hfader", "knob" or "label", with blanks around it; any other text is none.
     static ControlType fromXmlString(std::string_view text);
-    /// The same words; none prints as the empty text.
+    /// The same words; empty for none.
     std::string toXmlString() const;
 
     bool sends() const { return kind != Kind::none && kind != Kind::label; }

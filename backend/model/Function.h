@@ -19,34 +19,34 @@ namespace Backend::FunctionManagement
 {
 class FunctionVisitor;
 
-/// The type name of an empty slot: no function at all, or one that does nothing.
+/// The type name for no function, and for a function that does nothing.
 inline constexpr std::string_view NO_FUNCTION = "NoFunction";
 
-/// One action that can be bound to a key, a button or an axis. It has exactly one owner; copies are clones. It holds
-/// its parameters and a reference to the backend, which must outlive it, and keeps no state between executions.
+/// An action that can be bound to a key or a button, with its parameters. It has one owner; copies are made with
+/// `clone`. It refers to the backend, which must outlive it, and keeps no state between executions.
 class Function
 {
 public:
     virtual ~Function() = default;
 
-    /// Same class and same parameters.
+    /// Whether class and parameters are equal.
     virtual bool equals(const Function& other) const = 0;
     virtual std::unique_ptr<Function> clone() const = 0;
 
-    /// Performs the action. The backend thread.
+    /// Executes the action. The backend thread.
     virtual void execute() = 0;
 
-    /// The name of the function's element in files.
+    /// The name of the function's element in files, its type name.
     virtual std::string_view getType() const = 0;
     virtual void accept(FunctionVisitor& visitor) = 0;
 
-    /// Writes the function's element, a line of its own, after `indent` TABs.
+    /// Writes the function's element as a line, indented by `indent` TABs.
     virtual void writeXml(std::ostream& out, int indent) const = 0;
 
-    /// Which note of which zone it plays; none for most.
+    /// The note that it plays and its zone; none for most functions.
     virtual FunctionNoteSpan getNoteSpan() const { return {}; }
 
-    /// The number of the sentence that explains it, see HelpTexts.h.
+    /// The number of its help text, see HelpTexts.h.
     virtual int getHelpId() const = 0;
 
 protected:
@@ -55,6 +55,6 @@ protected:
     Function& operator=(const Function&) = default;
 };
 
-/// Makes a function from its element; null for an element that is none.
+/// Makes a function from its element; null for an unknown element.
 using FunctionFactory = std::function<std::unique_ptr<Function>(const XmlElement& element)>;
 }  // namespace Backend::FunctionManagement

@@ -6,7 +6,7 @@
 
 namespace Backend::FunctionManagement
 {
-/// Which notes of which zone a function, or a section of the inputs, plays.
+/// The lowest and the highest note that a function or translation plays in a zone.
 struct FunctionNoteSpan {
     static constexpr std::int16_t NO_ZONE = 255;
 
@@ -15,7 +15,7 @@ struct FunctionNoteSpan {
     MidiEngine::Note highNote{};
     std::uint8_t flag = 0;
 
-    /// Whether it counts: both notes are notes.
+    /// Whether it plays notes.
     bool isPlayed() const { return lowNote.isNote() && highNote.isNote(); }
 
     bool operator==(const FunctionNoteSpan&) const = default;

@@ -8,16 +8,16 @@
 
 namespace Backend::Joystick
 {
-/// A joystick's own buttons are 0 to 31; the directions of its point-of-view hat are the buttons after them.
+/// The first direction of the point-of-view hat; the directions are numbered after the buttons 0 to 31.
 inline constexpr int FIRST_DIRECTION = 32;
 
-/// The hat's reading in hundredths of a degree that presses each direction: forward, back, left, right. A reading in
-/// between presses none.
+/// The readings of the hat, in hundredths of a degree, that count as a pressed direction: forward, back, left, right.
+/// Readings in between press none.
 inline constexpr std::array<std::uint16_t, 4> DIRECTIONS{0, 18000, 27000, 9000};
 
 inline constexpr int BUTTONS = FIRST_DIRECTION + static_cast<int>(DIRECTIONS.size());
 
-/// A button of a joystick.
+/// The id of a button.
 struct JoyButtonElementId {
     int joystick = -1;  ///< 0 or 1
     int button = -1;    ///< 0 to 35

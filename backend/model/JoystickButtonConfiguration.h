@@ -6,17 +6,17 @@
 
 namespace Backend::Joystick
 {
-/// What one button of a joystick does. A copy holds functions of its own.
+/// The binding of a button of a joystick. A copy has copies of its functions.
 class ORV_API JoystickButtonConfiguration final : public ButtonConfiguration
 {
 public:
     JoyButtonElementId id{};
 
     JoystickButtonConfiguration() = default;
-    /// A button that does nothing.
+    /// An unbound button.
     explicit JoystickButtonConfiguration(const JoyButtonElementId& unbound) : id(unbound) {}
 
-    /// From a "Button" element; one that names no button has an id that is not valid.
+    /// From a "Button" element; without the name of a button the id is not valid.
     static JoystickButtonConfiguration fromXml(const XmlElement& element,
                                                const FunctionManagement::FunctionFactory& create);
     void writeXml(std::ostream& out, int indent) const override;

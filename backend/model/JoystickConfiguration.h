@@ -11,35 +11,35 @@
 
 namespace Backend::Joystick
 {
-/// The buttons, by joystick and number. It holds every button that there is, and no other.
+/// The buttons by their ids. It always contains all buttons of both joysticks.
 class JoystickButtonConfigurationMap final
     : public Component::ElementMap<JoystickButtonConfiguration, JoyButtonElementId>
 {
 };
 
-/// The axes, likewise.
+/// The axes by their ids, all of them as well.
 class AxisConfigurationMap final : public Component::ElementMap<AxisConfiguration, JoyAxisElementId>
 {
 };
 
-/// What the axes and buttons of both joysticks do, and which joysticks are disabled: the content of a program's
-/// section.
+/// The bindings of the axes and buttons of both joysticks, and which joysticks are disabled: the content of the
+/// joystick section.
 struct ORV_API JoystickConfiguration {
     JoystickButtonConfigurationMap buttons;
     AxisConfigurationMap axes;
     std::bitset<JOYSTICKS> disabled;
 
-    /// Nothing is bound; `clear` leaves which joysticks are disabled.
+    /// Nothing is bound. `clear` keeps the disabled joysticks.
     JoystickConfiguration() { clear(); }
     void clear();
 
-    /// Each takes the place of the one of its id. An id that is not valid is passed over.
+    /// Replaces the configuration of an id; ignored if the id is not valid.
     void put(const JoystickButtonConfiguration& button);
     void put(const AxisConfiguration& axis);
 
-    /// The children of a "Joystick" element, each in place of the one of its id.
+    /// Reads the children of a "Joystick" element, each in place of the present one of its id.
     void readXml(const XmlElement& section, const FunctionManagement::FunctionFactory& create);
-    /// A line for each, after `indent` TABs, of those that are bound: axes, then buttons.
+    /// Writes a line for each bound axis and button, indented by `indent` TABs.
     void writeXml(std::ostream& out, int indent) const;
 
     std::vector<JoystickButtonConfiguration> allButtons() const;

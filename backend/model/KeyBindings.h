@@ -4,12 +4,12 @@
 
 namespace Backend::ComputerInput
 {
-/// What the keys of the computer do: the content of a program's section.
+/// The bindings of the computer's keys: the content of the section.
 struct KeyBindings {
     KeyConfigurationMap keys;
-    bool useKeyUpMod = false;  ///< a key is released with the modifiers held then; otherwise without any
+    bool useKeyUpMod = false;  ///< a released key is looked up with the modifiers held then; if false, without any
 
-    /// No keys, released without modifiers.
+    /// Removes all keys; keys are released without modifiers.
     void clear() { *this = {}; }
 
     bool operator==(const KeyBindings&) const = default;

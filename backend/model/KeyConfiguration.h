@@ -6,19 +6,19 @@
 
 namespace Backend::ComputerInput
 {
-/// What one key of the computer does, with the modifiers that it is pressed with. One without entries is an unbound
-/// key. A copy holds functions of its own.
+/// The binding of a key of the computer, with the modifiers of its press. Without entries the key is unbound. A copy
+/// has copies of its functions.
 class ORV_API KeyConfiguration final : public ButtonConfiguration
 {
 public:
     Key key{};
-    bool global = true;  ///< plays while the global keyboard is on; if not, the key passes to the foreground window
+    bool global = true;  ///< captured by the global keyboard; if not, another program with the focus gets it
 
     KeyConfiguration() = default;
     /// An unbound key.
     explicit KeyConfiguration(const Key& unbound) : key(unbound) {}
 
-    /// From a "Key" element. A text that is no key's gives the key of code -1.
+    /// From a "Key" element. An unknown key gives a key of code -1.
     static KeyConfiguration fromXml(const XmlElement& element, const FunctionManagement::FunctionFactory& create);
     void writeXml(std::ostream& out, int indent) const override;
 

@@ -6,14 +6,14 @@
 
 namespace Backend::ComputerInput
 {
-/// The keys that have a configuration, by ascending packed form.
+/// The configured keys, sorted by their packed form.
 class ORV_API KeyConfigurationMap final : public Component::ElementMap<KeyConfiguration, Key>
 {
 public:
-    /// Takes the place of what the map holds for its key.
+    /// Adds a configuration, in place of the present one of its key.
     void put(KeyConfiguration configuration);
 
-    /// The same keys, configured alike.
+    /// Whether keys and configurations are equal.
     bool operator==(const KeyConfigurationMap& other) const;
 };
 }  // namespace Backend::ComputerInput

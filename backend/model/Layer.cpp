@@ -18,7 +18,7 @@ Value itemAttribute(const XmlElement& element, std::string_view name, const Valu
     return Value::fromXmlString(element.getAttribute(name, defaultValue.toXmlString()));
 }
 
-/// Of the first element inside.
+/// The arpeggio of the first element in `element`.
 std::optional<ArpeggioSetting> readArpeggio(const XmlElement& element)
 {
     XmlElement first;

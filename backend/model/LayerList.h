@@ -8,7 +8,7 @@
 
 namespace Backend::Layers
 {
-/// The layers in order of processing, a `Layers` element.
+/// The layers in order of processing, the element `Layers`.
 class ORV_API LayerList final : public SectionList<Layer, LayerId>
 {
 public:

@@ -14,7 +14,7 @@ namespace
 {
 constexpr std::uint32_t KIND = 0xFFFF;
 
-/// A row of the numbers of version 2: from `first` to `last`, counted up in the first data byte.
+/// A range of the event numbers of version 2, `first` to `last`; the first data byte counts up with them.
 struct Version2Row {
     int first;
     int last;

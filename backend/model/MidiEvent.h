@@ -12,21 +12,21 @@ class XmlElement;
 
 namespace Backend::MidiInput
 {
-/// A kind of incoming event, the key of its translations: notes and controllers by their number, any other event by
-/// its status alone. The second data byte and the message's own channel never count.
+/// A kind of incoming event, for which there can be an entry with translations: notes and controllers by their number,
+/// other events by their status. The second data byte, and the channel in the message, are not compared.
 struct ORV_API MidiEvent {
     static constexpr std::int8_t ALL = -1;
 
-    std::int8_t input = ALL;    ///< an input port, or all of them
-    std::int8_t channel = ALL;  ///< 0 to 15, or all of them
+    std::int8_t input = ALL;    ///< an input port, or all inputs
+    std::int8_t channel = ALL;  ///< 0 to 15, or all channels
     MidiEngine::MidiMessage message{};
 
     /// From the attributes "input", "channel" and "midiEvent" of an element.
     static MidiEvent fromXml(const XmlElement& element);
-    /// The attributes of its element, with a blank before each.
+    /// The attributes of its element, each preceded by a blank.
     std::string toXmlAttributes() const;
 
-    /// Whether the first data byte counts.
+    /// Whether the first data byte is compared.
     constexpr bool hasNumber() const { return message.isNote() || message.isControllerChange(); }
 
     /// Input, channel, status and number from the high byte down.
@@ -37,13 +37,13 @@ struct ORV_API MidiEvent {
         return byte(input) << 24 | byte(channel) << 16 | status << 8 | (hasNumber() ? message.getD1() : 0u);
     }
 
-    /// The same kind of event, whatever its input and channel are.
+    /// Whether the messages are of the same kind; inputs and channels are not compared.
     bool isSameKind(const MidiEvent& other) const;
 
     bool operator==(const MidiEvent& other) const { return getPacked() == other.getPacked(); }
     std::strong_ordering operator<=>(const MidiEvent& other) const { return getPacked() <=> other.getPacked(); }
 };
 
-/// The event that a number of version 2 stands for, none for an unknown one. Inputs and channels count from 1 there.
+/// The event of a number of version 2, none for an unknown number. Inputs and channels count from 1.
 ORV_API std::optional<MidiEvent> midiEventFromVersion2(int number, int input, int channel);
 }  // namespace Backend::MidiInput

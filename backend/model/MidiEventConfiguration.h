@@ -12,7 +12,7 @@
 
 namespace Backend::MidiInput
 {
-/// The translations of one kind of event, which run in their order. A copy holds clones.
+/// The entry of a kind of incoming event: translations, which are executed in their order. A copy has copies of them.
 class ORV_API MidiEventConfiguration
 {
 public:
@@ -24,31 +24,31 @@ public:
     MidiEventConfiguration& operator=(MidiEventConfiguration other) noexcept;
     ~MidiEventConfiguration() = default;
 
-    /// A "MidiEvent" element. A translation of which `createTranslation` makes nothing is left out.
+    /// From a "MidiEvent" element. Translations for which `createTranslation` returns none are left out.
     static MidiEventConfiguration fromXml(const XmlElement& element,
                                           const TranslationManagement::TranslationFactory& createTranslation);
-    /// The element, one tag a line after `indent` TABs.
+    /// Writes the element, one tag a line, indented by `indent` TABs.
     void writeXml(std::ostream& out, int indent) const;
 
     const MidiEvent& getEvent() const { return event; }
     const Translations& getTranslations() const { return translations; }
-    /// After the others; null is none.
+    /// Appends a translation; null is ignored.
     void addTranslation(std::unique_ptr<TranslationManagement::Translation> translation);
 
-    /// The type name, from 0. Where there is none an event without translations is UNCHANGED, and any further row
+    /// The type name of a translation, by its index. Without one it is UNCHANGED in an entry without translations, else
     /// DO_NOTHING.
     std::string_view getTranslationType(std::size_t index) const;
 
-    /// Whether it leaves its event as it is.
+    /// Whether the event is left as it is.
     bool isEmpty() const;
 
-    /// Gives every translation its backend.
+    /// Sets the backend of every translation.
     void setOrv(OrvIF& orv);
 
-    /// Runs the translations whose condition holds, each on the same message.
+    /// Executes the translations whose condition is met, all with the same message.
     void execute(const MidiEngine::OrvMidiMessage& message) const;
 
-    /// Appends what the translations can play in zones.
+    /// Appends the notes that the translations can play in zones.
     void getNoteSpans(std::vector<FunctionManagement::FunctionNoteSpan>& result) const;
 
 private:

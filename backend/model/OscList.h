@@ -8,7 +8,7 @@
 
 namespace Backend::Oscillators
 {
-/// The oscillators in the order in which they play, an `Oscillators` element.
+/// The oscillators in the order in which they are played, the element `Oscillators`.
 class ORV_API OscList final : public Layers::SectionList<Oscillator, OscId>
 {
 public:

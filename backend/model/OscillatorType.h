@@ -14,7 +14,7 @@ struct ORV_API OscillatorType {
 
     Kind kind = Kind::sin;
 
-    /// From exactly "sin", "tri", "saw", "pulse" or "random"; anything else is a sine.
+    /// From exactly "sin", "tri", "saw", "pulse" or "random"; any other text is a sine.
     static OscillatorType fromXmlString(std::string_view text);
     std::string toXmlString() const;
 

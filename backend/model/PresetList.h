@@ -8,10 +8,10 @@
 
 namespace Backend
 {
-/// A preset as a list shows it.
+/// An entry of a list of presets.
 struct PresetEntry {
-    std::string name;    ///< of its file, without folder and extension
-    bool merge = false;  ///< whether loading adds to what is there instead of replacing it
+    std::string name;    ///< the file name, without folder and extension
+    bool merge = false;  ///< loading adds to the present content instead of replacing it
 
     bool operator==(const PresetEntry&) const = default;
 };
@@ -22,16 +22,16 @@ class ORV_API PresetList
 public:
     const std::vector<PresetEntry>& getEntries() const { return entries; }
 
-    /// The entry of exactly that name, or null. It lives until the list changes.
+    /// The entry of exactly that name, or null. Valid until the list changes.
     const PresetEntry* find(std::string_view name) const;
 
-    /// An entry of that name takes over the new one's `merge`.
+    /// Adds an entry; a present one of that name gets the new `merge`.
     void add(PresetEntry entry);
 
-    /// Nothing happens if there is no such entry.
+    /// Ignored if there is no such entry.
     void remove(std::string name);
 
-    /// The entry of the old name gets the new one, in place of an entry that has it.
+    /// Renames an entry; one that has the new name already is replaced.
     void rename(std::string_view oldName, std::string newName);
 
     void clear() { entries.clear(); }

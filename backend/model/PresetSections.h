@@ -6,7 +6,7 @@
 
 namespace Backend
 {
-/// A section of a program whose presets are kept: the folder they lie in, and the root element of their files.
+/// A section that has presets: their folder, and the root element of their files.
 struct PresetSection {
     const char* folder;
     const char* rootElement;
@@ -23,7 +23,7 @@ inline constexpr PresetSection OSCILLATORS{"Oscillator Presets", "Oscillators"};
 
 inline constexpr std::array ALL{COMPUTER_INPUT, CONTROLS, JOYSTICK, LAYERS, MIDI_INPUT, OSCILLATORS};
 
-/// The place of one of them in `ALL`.
+/// The index of a section in `ALL`.
 constexpr std::size_t indexOf(const PresetSection& section)
 {
     std::size_t index = 0;

@@ -4,7 +4,7 @@
 
 namespace Backend
 {
-/// The current program: what a performer plays with.
+/// The current program: number, name and tempo.
 struct Program {
     static constexpr int LOWEST_TEMPO = 20;
     static constexpr int HIGHEST_TEMPO = 250;

@@ -4,7 +4,7 @@
 
 namespace Backend
 {
-/// The screens of the window, in the order in which their state is kept.
+/// The screens of the window, in the order in which their state is stored.
 enum class Screen : std::uint8_t {
     system,
     help,

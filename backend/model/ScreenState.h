@@ -6,8 +6,8 @@
 
 namespace Backend
 {
-/// Which screens the window shows. One that was never closed shows what a first look needs: what can be set, what the
-/// pointed thing does, the keys to press and the notes they play.
+/// Which screens the window shows. By default those that a new user needs: the system screen, the help, the keys and
+/// the notes that they play.
 struct ORV_API ScreenState {
     bool system = true;
     bool help = true;
@@ -22,7 +22,7 @@ struct ORV_API ScreenState {
     bool cc = false;
     bool zones = false;
 
-    /// One for each screen, in the order above; a list that is too short leaves the rest as a new window has it.
+    /// One element for each screen, in the order above; screens that are missing in a list have their defaults.
     std::vector<bool> toBits() const;
     static ScreenState fromBits(const std::vector<bool>& bits);
 

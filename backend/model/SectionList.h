@@ -15,25 +15,25 @@
 
 namespace Backend::Layers
 {
-/// A section of a program that is a row of items: layers, oscillators. An id is a position, so the list
-/// numbers the items that are added. `Item` says the tags, `SECTION` and `ELEMENT`.
+/// The items of a section that is a list: layers or oscillators. The id of an item is its index. `Item` defines the
+/// tags, `SECTION` and `ELEMENT`.
 template <class Item, class Id>
 class SectionList : public Component::ElementList<Item, Id>
 {
 public:
-    /// More are not taken, whatever a file says.
+    /// The highest number of items.
     static constexpr Id MOST = 10000;
 
     std::span<Item> all() { return elements; }
 
-    /// Appends the item under the next id.
+    /// Appends an item and sets its id.
     void add(Item item)
     {
         item.id = static_cast<Id>(elements.size());
         elements.push_back(std::move(item));
     }
 
-    /// Takes the place of the item of the same id, growing the list to it with default ones if need be. A negative id,
+    /// Replaces the item of the same id; if there are not so many, default items are added before it. A negative id,
     /// and one of `MOST` or more, is ignored.
     void put(const Item& item)
     {
@@ -44,8 +44,8 @@ public:
 
     void clear() { elements.clear(); }
 
-    /// The section's element: its items replace those here, or with "merge" join them. `readItem(element, id)` makes an
-    /// item of its element.
+    /// Reads the section's element: its items replace the present ones, or with "merge" are added. `readItem(element,
+    /// id)` makes an item of its element.
     template <class ReadItem>
     void readXml(const XmlElement& section, ReadItem&& readItem)
     {
@@ -57,8 +57,8 @@ public:
     }
     void readXml(const XmlElement& section) { readXml(section, &Item::fromXml); }
 
-    /// The element, one tag a line, indented by `indent` TABs: the items of `ids`, to be merged, or without ids all of
-    /// them.
+    /// Writes the element, one tag a line, indented by `indent` TABs: the items of `ids`, marked to be merged, or
+    /// without ids all items.
     void writeXml(std::ostream& out, int indent, std::span<const Id> ids) const
     {
         const std::string tabs(static_cast<std::size_t>(indent), '\t');
@@ -68,8 +68,8 @@ public:
         out << tabs << xmlEndTag(Item::SECTION) << '\n';
     }
 
-    /// Moves the selection up or down from the first selected item, or to the one that is named, and calls
-    /// `notify(item)` for each whose selection was set. A target outside the list changes nothing.
+    /// Selects the item above or below the first selected one, or that of an id, and calls `notify(item)` for each item
+    /// whose selection was set. Without an item there nothing changes.
     template <class Notify>
     void select(const SelectType& to, Notify&& notify)
     {
@@ -88,13 +88,13 @@ public:
         setSelected(elements[static_cast<std::size_t>(target)], true);
     }
 
-    /// Selects the items of `ids` and no others.
+    /// Selects the items of `ids` only.
     void selectOnly(const std::vector<Id>& ids)
     {
         for (Item& item : elements) item.selected = std::ranges::find(ids, item.id) != ids.end();
     }
 
-    /// Calls `visit` with each item that `select` names: all, the selected ones, or the one of that id.
+    /// Calls `visit` with the items that `select` names: all, the selected ones, or that of an id.
     template <class Visit>
     void forEachNamed(const SelectType& select, Visit&& visit)
     {

@@ -12,7 +12,7 @@ namespace
 {
 constexpr std::string_view SEQUENCE = "Sequence";
 
-/// A sequence without text is a single rest.
+/// A sequence without text has a single node, a rest.
 std::vector<SequenceNode> readNodes(const XmlElement& setting)
 {
     XmlElement first;

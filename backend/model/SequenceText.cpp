@@ -1,4 +1,4 @@
-// The text of a sequence, both ways.
+// Reading and printing the text of a sequence.
 
 #include <array>
 
@@ -9,9 +9,9 @@ namespace Backend::SequenceManagement
 {
 namespace
 {
-constexpr int WORDS = 3;  // of an offset that count
+constexpr int WORDS = 3;  // of an offset; further words are ignored
 
-/// Calls `take` for each part; nothing at all is one empty part, and a delimiter at the end adds none.
+/// Calls `take` for each part. An empty text is one empty part; a delimiter at the end adds none.
 template <class Take>
 void forEachPart(std::string_view text, char delimiter, Take&& take)
 {

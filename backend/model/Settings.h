@@ -8,11 +8,11 @@
 
 #include "platform/Rect.h"
 
-/// The settings that belong to the installation rather than to a program. A row says everything about one; the store,
-/// the command, the message to the window and the fields of the setup dialog refer to it.
+/// The settings of the installation. A row has everything about one: the store, the command, the message to the window
+/// and the field of the setup dialog refer to it.
 namespace Backend::Settings
 {
-/// The message that the window gets when a setting was changed: none, one of its own, or the one with all settings.
+/// The message to the window when a setting was changed: none, one of its own, or that with all settings.
 enum class Notice { none, own, all };
 
 template <class Type>
@@ -21,10 +21,10 @@ struct Setting {
 
     const char* name;  ///< in the store
     Type standard;     ///< the default
-    /// Of the command that changes it, and of a message of its own; 0 if there is no such command.
+    /// Of the command that changes it, and of its own message; 0 if there is no command.
     unsigned int number = 0;
     Notice notice = Notice::none;
-    /// Of numbers: what a command may set. Nothing is checked where the two are equal.
+    /// The range that a command may set. If both are equal, nothing is checked.
     int lowest = 0;
     int highest = 0;
 
@@ -72,7 +72,7 @@ inline constexpr Switch LITE_STACK_NOTES{"LiteStackNotes", true, 33271};
 inline constexpr Switch CLICK_ZONE_CHANNEL_TRANSPOSE{"ClickZoneChannelTranspose", false, 33272, Notice::own};
 inline constexpr Text SCREEN_STATE{"ScreenState", ""};
 
-/// All of them, in the order in which they are written.
+/// All settings, in the order in which they are written.
 inline constexpr std::tuple ALL{&PROG_DIR,
                                 &DEFAULT_BANK,
                                 &GLOBAL_KEYBOARD,
@@ -107,7 +107,7 @@ using ValueOf = typename std::remove_cvref_t<decltype(row)>::Value;
 template <const auto& row>
 using ResultOf = std::conditional_t<std::is_scalar_v<ValueOf<row>>, ValueOf<row>, const ValueOf<row>&>;
 
-/// The place of a row in `ALL`.
+/// The index of a row in `ALL`.
 template <const auto& row>
 constexpr std::size_t placeOf()
 {

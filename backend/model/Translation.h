@@ -26,12 +26,12 @@ namespace Backend::MidiInput::TranslationManagement
 {
 class TranslationVisitor;
 
-/// What an event without translations shows as, and what a further row shows as that is not set yet.
+/// The type names shown for an event without translations, and for a further row that is not set.
 inline constexpr std::string_view UNCHANGED = "Unchanged";
 inline constexpr std::string_view DO_NOTHING = "DoNothing";
 
-/// What is made of one incoming event: another event, or one of the functions, with what it needs taken from the
-/// event's data bytes. It has exactly one owner; copies are clones. Without a backend it does nothing.
+/// What happens with an incoming event: another event is played, or a function is executed, with numbers from the
+/// event's data bytes. It has one owner; copies are made with `clone`. Without a backend it does nothing.
 class ORV_API Translation
 {
 public:
@@ -39,26 +39,26 @@ public:
 
     virtual std::unique_ptr<Translation> clone() const = 0;
 
-    /// The name of the translation's element in files.
+    /// The name of the translation's element in files, its type name.
     virtual std::string_view getType() const = 0;
 
-    /// Writes the translation's element, a line of its own, after `indent` TABs.
+    /// Writes the translation's element as a line, indented by `indent` TABs.
     virtual void writeXml(std::ostream& out, int indent) const = 0;
     virtual void accept(TranslationVisitor& visitor) = 0;
 
-    /// Whether it leaves every event as it would be without it.
+    /// Whether every event is played as if there were no translation.
     virtual bool isPassThrough() const { return false; }
 
-    /// Translates one event; the condition is the caller's to ask. The backend thread.
+    /// Translates an event; the caller checks the condition. The backend thread.
     virtual void execute(const MidiEngine::OrvMidiMessage& message) = 0;
 
-    /// Gives the translation its backend, which must outlive it.
+    /// Sets the backend, which must outlive the translation.
     virtual void setOrv(OrvIF& backend) { orvIF = &backend; }
 
-    /// Which notes of which zone it can play when `event` comes in; none for most.
+    /// The notes that it can play for `event`, and their zone; none for most translations.
     virtual FunctionManagement::FunctionNoteSpan getNoteSpan(const MidiEvent& /*event*/) const { return {}; }
 
-    /// The number of the sentence that explains it, see HelpTexts.h.
+    /// The number of its help text, see HelpTexts.h.
     virtual int getHelpId() const = 0;
 
     const MidiTranslationCondition& getCondition() const { return condition; }
@@ -76,6 +76,6 @@ private:
     OrvIF* orvIF = nullptr;
 };
 
-/// Makes a translation from its "Translation" element; null for an element that is none.
+/// Makes a translation from its "Translation" element; null for an unknown element.
 using TranslationFactory = std::function<std::unique_ptr<Translation>(const XmlElement& element)>;
 }  // namespace Backend::MidiInput::TranslationManagement

@@ -7,17 +7,17 @@
 
 namespace Backend
 {
-/// Where the window is asked to go along one axis. Only the window knows how large the screen is.
+/// A coordinate of a requested window position. The window converts it, since only the window has the screen's size.
 struct ORV_API WindowCoordinate {
     enum class Unit {
         pixels,
-        dataByte  ///< 0 is the one end of the whole virtual screen, 127 the other
+        dataByte  ///< 0 is one end of the virtual screen, 127 the other
     };
 
-    RelativeFixedValue value{};  ///< blank leaves the window where it is; a data byte is never relative
+    RelativeFixedValue value{};  ///< blank for no change; a data byte is never relative
     Unit unit = Unit::pixels;
 
-    /// The same in pixels, on a screen of that many.
+    /// The same in pixels, on a screen of that size.
     RelativeFixedValue inPixels(std::int32_t screenSize) const;
 
     bool operator==(const WindowCoordinate&) const = default;

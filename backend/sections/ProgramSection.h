@@ -18,14 +18,14 @@ namespace Backend
 {
 class MessageManager;
 
-/// A section of a program, as the backend knows each of the seven: an element in programs, and with presets also in
-/// files of its own. The backend thread's; in debug builds a change on another thread is asserted.
+/// A section of a program, with what all seven sections have in common: an element in program files and, for a section
+/// with presets, preset files of its own. The backend thread's; debug builds assert that no other thread changes it.
 class ORV_API ProgramSection
 {
 public:
     /// A section without presets. The backend must outlive it.
     ProgramSection(OrvIF& backend, const char* elementName) : orv(backend), tag(elementName) {}
-    /// A section with presets, whose root element is also its own in a program.
+    /// A section with presets. The root element of its presets is also its element in a program.
     ProgramSection(OrvIF& backend, const PresetSection& presetSection)
         : orv(backend), tag(presetSection.rootElement), presets(presetSection)
     {
@@ -41,42 +41,42 @@ public:
 
     // Programs
 
-    /// The section's element: what it holds replaces what is here, or with "merge" joins it. An element of another name
-    /// changes nothing.
+    /// Reads the section's element: its content replaces the present one, or with "merge" is added to it. An element of
+    /// another name changes nothing.
     virtual void loadSection(const XmlElement& section);
-    /// Reads the element whatever its name, and publishes the section.
+    /// Reads an element of any name, and publishes the section.
     virtual void readXml(const XmlElement& section) = 0;
-    /// The element as a program holds it, one tag a line, indented by `indent` TABs.
+    /// Writes the element as a program holds it, one tag a line, indented by `indent` TABs.
     virtual void writeInProgram(std::ostream& out, int indent) const = 0;
     /// Empties the section, as a program without its element does.
     virtual void setDefaults() = 0;
 
-    // Presets; a section without presets ignores them
+    // Presets; ignored by a section without presets
 
     bool hasPresets() const { return presets.has_value(); }
     /// Only of a section with presets.
     PresetManager& getPresets() { return *presets; }
     const PresetManager& getPresets() const { return *presets; }
 
-    /// Reads the preset as `loadSection` does. One that is missing, cannot be read or is another section's changes
-    /// nothing.
+    /// Reads a preset as `loadSection` does. A preset that is missing, cannot be read or belongs to another section
+    /// changes nothing.
     virtual void loadPreset(const std::string& name);
     virtual void renamePreset(const std::string& name, const std::string& newName);
     virtual void deletePreset(const std::string& name);
 
-    /// Appends what the section's functions and translations can play in zones.
+    /// Appends the notes that the section's functions and translations can play in zones.
     virtual void getNoteSpans(std::vector<FunctionManagement::FunctionNoteSpan>&) const {}
 
     /// Sends the section to the window, if there is one.
     virtual void notifyGui() const = 0;
 
 protected:
-    /// The root element of a preset, or no element where `loadPreset` would change nothing.
+    /// The root element of a preset, or no element if `loadPreset` would change nothing.
     XmlElement readPreset(const std::string& name) const;
     /// Writes a preset with the element that `write` appends.
     void writePreset(const std::string& name, const std::function<void(std::ostream& out)>& write);
 
-    /// Posts to the window, if there is one.
+    /// Posts a message to the window, if there is one.
     template <class... Arguments>
     void postToGui(const TypedMessage<Arguments...>& message, const std::type_identity_t<Arguments>&... arguments) const
     {

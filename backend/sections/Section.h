@@ -11,9 +11,9 @@
 
 namespace Backend
 {
-/// A section whose items, named by an `Id`, are held in a `Content`. What a section adds is how its content is read and
-/// written, and what is published of it. Each change starts at `edit` and ends with `publish` or with a message of what
-/// is new.
+/// A section whose items, each with an `Id`, are held in a `Content`. A derived section says how its content is read
+/// and written, and what of it is published. Each change starts with `edit` and ends with `publish`, or with a message
+/// that has only the change.
 template <class Content, class Id>
 class Section : public ProgramSection
 {
@@ -26,7 +26,7 @@ public:
         publish();
     }
 
-    /// The element with the items of `ids`, to be merged when it is read, or without ids with all items.
+    /// Writes the element with the items of `ids`, marked to be merged when it is read; without ids, with all items.
     virtual void writeXml(std::ostream& out, int indent, std::span<const Id> ids) const = 0;
     void writeInProgram(std::ostream& out, int indent) const override { writeXml(out, indent, {}); }
 
@@ -45,7 +45,7 @@ public:
 protected:
     const Content& getContent() const { return content; }
 
-    /// The content, to be changed: all changes begin here.
+    /// The content, to be changed. Every change starts here.
     Content& edit()
     {
         assert(isOnBackendThread());
@@ -55,10 +55,10 @@ protected:
     /// Reads the children of a section's element, and whether they are to be merged.
     virtual void readContent(const XmlElement& section, Content& into) = 0;
 
-    /// Passes the content on to what plays it.
+    /// Passes the content to the part of the backend that plays it.
     virtual void updatePlaying() = 0;
 
-    /// Passes the content on to what plays it and, unless `redraw` is false, to the window.
+    /// Passes the content to what plays it and, unless `redraw` is false, to the window.
     void publish(bool redraw = true)
     {
         updatePlaying();
@@ -69,7 +69,7 @@ private:
     Content content;
 };
 
-/// The rows of `Messages`, see `PresetMessages`, of a section's manager.
+/// The rows of the message table for the preset commands of `Messages`, see `PresetMessages`.
 template <class Manager, class Messages>
 constexpr auto presetCommands()
 {

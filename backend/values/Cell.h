@@ -10,11 +10,11 @@ struct Cell {
     std::int32_t row = -1;
     std::int32_t col = -1;
 
-    /// From "<row>,<col>". Without a comma only the row is set; what is no number is -1.
+    /// From "<row>,<col>". Without a comma only the row is set; a part that is no number gives -1.
     static Cell fromXmlString(std::string_view text);
     std::string toXmlString() const;
 
-    /// In one word, as it travels in a message: the row in the upper half, the column in the lower, 16 bits each.
+    /// Packed into one word: the row in the upper 16 bits, the column in the lower.
     constexpr std::uint32_t getPacked() const
     {
         return static_cast<std::uint32_t>(row) << 16 | (static_cast<std::uint32_t>(col) & 0xFFFF);

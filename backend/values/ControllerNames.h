@@ -6,6 +6,6 @@
 
 namespace Backend::MidiEngine
 {
-/// The name of controller 0 to 127 as the screens show it (after MIDI 1.0, table III); empty outside.
+/// The display name of a controller, 0 to 127 (after MIDI 1.0, table III); empty for other numbers.
 ORV_API std::string getControllerName(int controller);
 }  // namespace Backend::MidiEngine

@@ -4,27 +4,27 @@
 
 namespace Backend::Component
 {
-/// Walks the elements of a collection once, from the first to the last. The collection must outlive it.
+/// Iterates over the elements of a collection once, from the first to the last. The collection must outlive it.
 template <class Element>
 class IteratorIF
 {
 public:
     virtual ~IteratorIF() = default;
     virtual bool hasNext() const = 0;
-    /// The current element, after which the iterator moves on; null at the end.
+    /// Returns the current element and advances to the next; null at the end.
     virtual Element* next() = 0;
 };
 
 template <class Element>
 using ConstIteratorIF = IteratorIF<const Element>;
 
-/// What every section of a program is: elements that are found by their id. Pointers to elements hold as long as the
-/// storage of the collection says.
+/// The elements of a section, found by their ids. How long a pointer to an element is valid depends on the derived
+/// class.
 template <class Element, class Id>
 class ElementCollection
 {
 public:
-    /// A walk over all elements in the order of the collection, for the caller to keep.
+    /// An iterator over all elements in the order of the collection; the caller owns it.
     virtual std::unique_ptr<IteratorIF<Element>> createIterator() = 0;
     /// Null if no element has that id.
     virtual Element* findElement(const Id& id) = 0;

@@ -9,8 +9,8 @@
 
 namespace Backend::Component
 {
-/// The elements of an `ElementList` in order. It holds an index, so it survives a vector that moves in memory, and
-/// stops at the first index outside.
+/// Iterates over an `ElementList`. It holds an index, so it stays valid when the vector moves in memory, and it stops
+/// at the first index outside.
 template <class Element, class Vector>
 class IndexIterator final : public IteratorIF<Element>
 {
@@ -30,8 +30,8 @@ using VectorIterator = IndexIterator<Element, std::vector<Element>>;
 template <class Element>
 using ConstVectorIterator = IndexIterator<const Element, const std::vector<Element>>;
 
-/// Elements in a row, whose ids are their positions from 0 up: `Id` converts to a 32-bit number. A pointer to an
-/// element holds until elements are added or removed.
+/// Elements in a vector, whose ids are their indices from 0: `Id` converts to a 32-bit number. A pointer to an element
+/// is valid until elements are added or removed.
 template <class Element, class Id>
 class ElementList : public ElementCollection<Element, Id>
 {
@@ -51,11 +51,11 @@ public:
     std::size_t size() const { return elements.size(); }
 
 protected:
-    // The caller that adds and removes gives the elements their ids.
+    // Code that adds or removes elements sets their ids.
     std::vector<Element> elements;
 
 private:
-    // An id below 0 becomes an index outside every vector.
+    // An id below 0 becomes an index that no vector has.
     static std::size_t indexOf(const Id& id)
     {
         return static_cast<std::size_t>(std::int64_t{static_cast<std::int32_t>(id)});

@@ -9,8 +9,8 @@
 
 namespace Backend::Component
 {
-/// The elements of an `ElementMap` by ascending id. It remembers an id and no place in the map, so elements may come
-/// and go while it walks.
+/// Iterates over an `ElementMap` by ascending id. It holds an id and no position in the map, so elements may be added
+/// and removed meanwhile.
 template <class Element, class Map>
 class MapIterator final : public IteratorIF<Element>
 {
@@ -39,8 +39,8 @@ using HashMapIterator = MapIterator<Element, std::map<Id, Element>>;
 template <class Element, class Id>
 using ConstHashMapIterator = MapIterator<const Element, const std::map<Id, Element>>;
 
-/// Elements by id. The order of a walk shows in stored files, so it is that of the ids, which is the order of their
-/// packed form: the elements are sorted rather than hashed. An element stays where it is until it is removed.
+/// Elements by id, sorted, because files list them in the order of the ids, which is that of their packed form. A
+/// pointer to an element is valid until that element is removed.
 template <class Element, class Id>
 class ElementMap : public ElementCollection<Element, Id>
 {
@@ -65,7 +65,7 @@ public:
         return found == elements.end() ? nullptr : &found->second;
     }
 
-    /// Takes the place of what the map holds for that id.
+    /// Adds an element, in place of the present one of that id.
     void put(const Id& id, Element element) { elements.insert_or_assign(id, std::move(element)); }
     void remove(const Id& id) { elements.erase(id); }
     void clear() { elements.clear(); }

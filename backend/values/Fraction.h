@@ -9,11 +9,11 @@ struct Fraction {
     std::int32_t numerator = 1;
     std::int32_t denominator = 1;
 
-    /// From "3/4", "3\4", "3_4" or "3" for 3/1. Each number goes to the nearer end of its range; what is no number
-    /// is 1. Only the first 220 characters are read.
+    /// From "3/4", "3\4", "3_4", or "3" for 3/1. Each number is limited to its range; a part that is no number gives 1.
+    /// Only the first 220 characters are read.
     static Fraction fromXmlString(std::string_view text);
 
-    /// "3_4", which may also stand in the name of a file.
+    /// "3_4", which is also valid in a file name.
     std::string toXmlString() const;
     /// "3/4", for the screen.
     std::string toDisplayString() const;

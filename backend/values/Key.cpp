@@ -9,7 +9,7 @@ struct Modifier {
     std::string_view prefix;
 };
 
-// In the order in which they stand before a name.
+// In the order in which they precede a name.
 constexpr Modifier MODIFIERS[] = {
     {&Key::shift, "Shift "}, {&Key::control, "Control "}, {&Key::alt, "Alt "}, {&Key::win, "Win "}};
 }  // namespace

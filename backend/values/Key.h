@@ -7,8 +7,8 @@
 
 #include "platform/Export.h"
 
-/// A computer key with the modifiers held. Codes are virtual key numbers, with some of the system's own for keys that
-/// those do not tell apart; eight of their bits count. Keys compare, are ordered and cross threads in the packed form.
+/// A computer key with the modifiers held. Codes are Windows virtual key codes of eight bits, with own codes for keys
+/// that these do not distinguish. Keys are compared, sorted and sent to other threads in their packed form.
 struct ORV_API Key {
     std::int32_t keyCode = -1;  ///< -1 for no key
     bool shift = false;
@@ -16,18 +16,18 @@ struct ORV_API Key {
     bool alt = false;
     bool win = false;
 
-    /// From its text, "Control Alt Delete": modifiers in the order Shift, Control, Alt, Win, each followed by one
-    /// blank, then the name of the key. A name that is none gives code -1 and leaves the modifiers. Not every name that
-    /// is printed is read: "Left Alt" gives code -1.
+    /// From a text such as "Control Alt Delete": modifiers in the order Shift, Control, Alt, Win, each followed by one
+    /// blank, then the name of the key. An unknown name gives code -1 and keeps the modifiers. Not every printed name
+    /// can be read: "Left Alt" gives code -1.
     static Key fromXmlString(std::string_view text);
 
     /// The modifiers and the name, "Unknown" for a code without one.
     std::string toXmlString() const;
 
-    /// From the single number of old files: from 300 up with Shift, from 600 Control, from 900 both.
+    /// From the single number of version 2: from 300 with Shift, from 600 with Control, from 900 with both.
     static Key fromLegacyCode(std::int32_t code);
 
-    /// The inverse of `getPacked`; no key comes back as code 255, which is equal to it.
+    /// The inverse of `getPacked`; "no key" becomes code 255, which compares equal to it.
     static Key fromPacked(std::uint32_t packed);
 
     /// The low byte of the code, and from bit 8 up Shift, Control, Alt and Win.

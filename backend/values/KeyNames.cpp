@@ -6,7 +6,7 @@ namespace
 {
 using KeyName = Word<std::int32_t>;
 
-// Read and printed alike.
+// Names that are both read and printed.
 // clang-format off
 constexpr auto KEY_NAMES = std::to_array<KeyName>({
     {'A', "A"}, {'B', "B"}, {'C', "C"}, {'D', "D"}, {'E', "E"}, {'F', "F"}, {'G', "G"}, {'H', "H"}, {'I', "I"},
@@ -27,8 +27,8 @@ constexpr auto KEY_NAMES = std::to_array<KeyName>({
 });
 // clang-format on
 
-// The plain modifiers are read under the names that old setups use for them, but shown as the left ones that they are.
-// The stored settings of every release hold this difference, so it stays: a key stored as "Left Alt" reads as no key.
+// These names are read, but the keys are printed as left ones. Files of all versions depend on this difference: a key
+// that is stored as "Left Alt" is read as no key.
 constexpr auto READ_ONLY = std::to_array<KeyName>({{16, "Shift"}, {17, "Control"}, {2, "Alt"}});
 constexpr auto PRINTED_ONLY =
     std::to_array<KeyName>({{16, "Left Shift"}, {17, "Left Control"}, {91, "Left Windows"}, {164, "Left Alt"}});

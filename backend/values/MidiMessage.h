@@ -35,22 +35,22 @@ enum class MessageType : std::uint32_t {
     systemReset = 0xFF
 };
 
-/// A status below 0xF0 without its channel bits; from 0xF0 up as it is.
+/// A status below 0xF0 without its channel bits; a status from 0xF0 is returned unchanged.
 constexpr MessageType fixStatus(std::uint32_t status)
 {
     return static_cast<MessageType>(status < 0xF0 ? status & 0xF0 : status);
 }
 
-/// 0 to 15; what lies outside goes to the nearer end.
+/// Limits a channel to 0 to 15.
 constexpr int clampChannel(int channel) { return channel < 1 ? 0 : channel >= 15 ? 15 : channel; }
 
-/// One MIDI event as a plain value. Nothing here fails: bad values pass through, and `isValid` shows them.
+/// A MIDI message as a plain value. Bad values are stored as they are; `isValid` reports them.
 class ORV_API MidiMessage
 {
 public:
     constexpr MidiMessage() = default;
 
-    /// `type` may carry channel bits, which are stripped. `channel` goes to 0 to 15.
+    /// `type` may have channel bits, which are removed. `channel` is limited to 0 to 15.
     constexpr explicit MidiMessage(MessageType type, int data1 = 0, int data2 = 0, int onChannel = 0)
         : status(fixStatus(static_cast<std::uint32_t>(type))),
           d1(static_cast<std::uint8_t>(data1)),
@@ -59,7 +59,7 @@ public:
     {
     }
 
-    /// The inverse of `getWparam`; the channel is taken as it stands.
+    /// The inverse of `getWparam`; the channel is not limited.
     constexpr explicit MidiMessage(std::uint32_t packed)
         : status(fixStatus(packed & 0xFF)),
           d1(static_cast<std::uint8_t>(packed >> 8)),
@@ -68,11 +68,11 @@ public:
     {
     }
 
-    /// The inverse of `toXmlString`; a name that is none gives status 0.
+    /// The inverse of `toXmlString`; an unknown name gives status 0.
     explicit MidiMessage(std::string_view text);
     static MidiMessage fromXmlString(std::string_view text) { return MidiMessage(text); }
 
-    /// A note on of velocity 0, or nothing for no note.
+    /// A note-on with velocity 0, or an empty message for no note.
     constexpr explicit MidiMessage(Note note)
     {
         if (note.isNote()) *this = note;
@@ -81,7 +81,7 @@ public:
 
     constexpr MessageType getStatus() const { return status; }
     constexpr void setMessageType(MessageType type) { status = fixStatus(static_cast<std::uint32_t>(type)); }
-    /// From 0xF0 up.
+    /// Status 0xF0 and above.
     constexpr bool isSystem() const { return status >= MessageType::systemExclusive; }
     /// The status byte ORed with the channel; a system message has none.
     constexpr std::uint32_t getStatusWithChannel() const
@@ -98,7 +98,7 @@ public:
     constexpr void setToNoteOff() { status = MessageType::noteOff; }
 
     constexpr bool isNote() const { return isNoteOn() || isNoteOff(); }
-    /// Looks at the status only: a note on of velocity 0 is a note on.
+    /// Compares the status only: also true for a note-on with velocity 0.
     constexpr bool isNoteOn() const { return status == MessageType::noteOn; }
     constexpr bool isNoteOff() const { return status == MessageType::noteOff; }
     constexpr bool isControllerChange() const { return status == MessageType::controllerChange; }
@@ -115,10 +115,10 @@ public:
     bool isValid() const;
     bool hasParameters() const;
 
-    /// Data bytes that follow the status: 0 to 2. A system exclusive counts as 2, because no body is carried.
+    /// The number of data bytes, 0 to 2. A system exclusive counts as 2, because its body is not stored.
     int getMessageSize() const;
 
-    /// The one 32-bit word in which a message crosses a thread: status, d1, d2, channel from the low byte up.
+    /// Packed into one 32-bit word for other threads: status, d1, d2, channel from the low byte up.
     constexpr std::uint32_t getWparam() const
     {
         return getStatusByte() | std::uint32_t{d1} << 8 | std::uint32_t{d2} << 16 |
@@ -135,17 +135,17 @@ public:
     std::string getEventName() const { return getEventNameStatic(status); }
     static std::string getEventNameStatic(MessageType type);
 
-    /// "Note 60 (C4)", "Control Change 7: Channel Volume", otherwise the event's name.
+    /// "Note 60 (C4)", "Control Change 7: Channel Volume", or the name of the event.
     std::string getEventNameWithCcAndNoteDetail() const;
 
-    /// "Note On,60": the name, and for notes and controllers the number after a comma. A stored message is a pattern
-    /// for a kind of event: d2 and the channel are not part of it.
+    /// "Note On,60": the name, for notes and controllers with their number. A stored message identifies a kind of
+    /// event: d2 and the channel are not part of it.
     std::string toXmlString() const;
 
     bool operator==(const MidiMessage&) const = default;
 
-    // Ordered by status, then d1 as a signed byte. `<=` is stricter by design: for one status and d1 it holds only
-    // between equal messages.
+    // Sorted by status, then by d1 as a signed byte. `<=` is deliberately stricter: for one status and d1 it is true
+    // only for equal messages.
     bool operator<(const MidiMessage& other) const;
     bool operator>=(const MidiMessage& other) const { return !(*this < other); }
     bool operator<=(const MidiMessage& other) const;

@@ -8,7 +8,7 @@
 #include "backend/values/RelativeFixedValue.h"
 #include "backend/values/SelectType.h"
 
-/// How a translation derives a number, or a selection, from the incoming event. Data bytes count as signed bytes.
+/// How a translation gets a number, or a selection, from the incoming event. Data bytes are signed bytes.
 struct MidiTranslationValue {
     enum class Kind : std::int32_t {
         up = 0,
@@ -23,22 +23,22 @@ struct MidiTranslationValue {
     };
 
     Kind kind = Kind::useD2;
-    RelativeFixedValue fixed{};  ///< the value when specific; its number is the signed amount when D1 or D2 relative
+    RelativeFixedValue fixed{};  ///< the value if specific; the amount that is added to D1 or D2 if these are relative
 
-    /// From "up", "down", "selected", "D1", "D2", "D1 +5", "D2 -5"; anything else is specific, and its first token
-    /// says the value. Tokens are cut off at the next blank. No text stands for all.
+    /// From "up", "down", "selected", "D1", "D2", "D1 +5", "D2 -5"; in any other text the first token is a specific
+    /// value. Tokens end at a blank. There is no text for all.
     static MidiTranslationValue fromXmlString(std::string_view text);
     std::string toXmlString() const;
 
-    /// The number. Only `specific` and `all` can be relative. An amount that leaves 32 bits stops at their end. Up,
-    /// down and selected have no number and give the blank setting; ask those for `getSelectType`.
+    /// The number, limited to 32 bits. Only `specific` and `all` can be relative. Up, down and selected have no number
+    /// and give the blank setting; they need `getSelectType`.
     RelativeFixedValue getValue(const Backend::MidiEngine::MidiMessage& message) const;
     RelativeFixedValue getValue(const Backend::MidiEngine::OrvMidiMessage& message) const
     {
         return getValue(message.getMidiMessage());
     }
 
-    /// The selection; a number counts as that of a specific item.
+    /// The selection; a number selects the item of that number.
     SelectType getSelectType(const Backend::MidiEngine::MidiMessage& message) const;
     SelectType getSelectType(const Backend::MidiEngine::OrvMidiMessage& message) const
     {

@@ -14,10 +14,10 @@ constexpr std::array<std::string_view, 12> NOTE_NAMES{"C", "C#", "D", "D#", "E",
 
 constexpr std::array<int, 7> PITCH_CLASS_OF_LETTER{9, 11, 0, 2, 4, 5, 7};  // A to G
 
-// The degree of each pitch above the tonic; one between two degrees counts as the upper.
+// The degree of each pitch above the tonic; a pitch between two degrees counts as the upper one.
 constexpr std::array<int, 12> DEGREE{0, 1, 1, 2, 2, 3, 4, 4, 5, 5, 6, 6};
 
-// Semitones of a step of one scale tone (first row) to an octave (last), from each degree of the major scale.
+// Semitones of an interval of one scale tone (first row) to an octave (last row), from each degree of the major scale.
 constexpr int STEPS[7][7] = {{2, 2, 1, 2, 2, 2, 1},  //
                              {4, 3, 3, 4, 4, 3, 3},  //
                              {5, 5, 5, 6, 5, 5, 5},  //
@@ -31,12 +31,12 @@ int diatonic(int interval, int base, int key)
     const int degree = DEGREE[static_cast<unsigned>(((base - key) % 12 + 12) % 12)];
     const int steps = (interval > 0 ? interval : -interval) - 1;
     if (interval > 0) return base + 12 * (steps / 7) + STEPS[steps % 7][degree];
-    // Downward the scale reads like its mirror image about the second degree.
+    // Downwards the scale is its mirror image about the second degree.
     return base - 12 * (steps / 7) - STEPS[steps % 7][(9 - degree) % 7];
 }
 }  // namespace
 
-// The low byte, as a signed one: an empty text is no note.
+// The low byte as a signed number: an empty text gives no note.
 Note::Note(std::string_view text) : number(static_cast<std::int8_t>(parseNote(text))) {}
 
 Note::Note(int interval, Note base, Note key)
@@ -68,7 +68,7 @@ int parseNote(std::string_view text)
     if (text.starts_with('b')) accidental = -1;
     if (accidental != 0) text.remove_prefix(1);
 
-    // Unsigned, so that an octave out of range wraps; a caller that wants a note keeps the low byte.
+    // Unsigned, so that an octave out of range wraps; callers that need a note use the low byte.
     const auto octave = static_cast<std::uint32_t>(text.empty() ? 4 : Text::parseInteger(text).value_or(4));
     return static_cast<int>(static_cast<std::uint32_t>(pitchClass + accidental) + 12 * (octave + 1));
 }

@@ -9,7 +9,7 @@
 
 namespace Backend::MidiEngine
 {
-/// A note number as a value; negative is no note. Middle C is 60, "C4".
+/// A note number; a negative one is no note. Middle C is 60, "C4".
 class ORV_API Note
 {
 public:
@@ -20,8 +20,8 @@ public:
     explicit Note(std::string_view text);
     static Note fromXmlString(std::string_view text) { return Note(text); }
 
-    /// `base` moved by `interval` steps (up above 0, down below) through the major scale on `key`, a pitch class 0 to
-    /// 11. A pitch outside the scale counts as the degree above it. The result is not brought into range.
+    /// Moves `base` by `interval` steps (up if positive, down if negative) in the major scale on `key`, a pitch class 0
+    /// to 11. A pitch outside the scale counts as the degree above it. The result is not limited.
     Note(int interval, Note base, Note key);
 
     constexpr int getNumber() const { return number; }
@@ -36,7 +36,7 @@ private:
     std::int16_t number = -1;
 };
 
-/// Brings any number into 0 to 127 by whole octaves, as few as it takes.
+/// Transposes a number into 0 to 127 by as few octaves as possible.
 constexpr int foldNote(std::int64_t number)
 {
     if (number < 0) return static_cast<int>(number + (-number - 1) / 12 * 12 + 12);
@@ -46,10 +46,10 @@ constexpr int foldNote(std::int64_t number)
 
 enum class Octave { without, with };
 
-/// "C#" or "C#4" of a note number from 0 upwards; empty below.
+/// "C#" or "C#4" for a note number; empty for a negative one.
 ORV_API std::string getNoteName(int noteNumber, Octave octave);
 
-/// The number that a note's text stands for, 255 for an empty text (which is -1 as a signed byte), unclipped.
+/// The number of a note's text, not limited; 255 for an empty text (which is -1 as a signed byte).
 ORV_API int parseNote(std::string_view text);
 }  // namespace Backend::MidiEngine
 

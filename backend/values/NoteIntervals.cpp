@@ -13,7 +13,7 @@ struct NoteInterval {
 
 constexpr std::int32_t QUARTER_NOTE = 480;
 
-// By length; index 1 comes first.
+// Sorted by length; the first has index 1.
 constexpr auto INTERVALS = std::to_array<NoteInterval>(
     {{20, "1/64 Triplet"}, {40, "1/32 Triplet"}, {60, "1/32"},           {80, "1/16 Triplet"}, {120, "1/16"},
      {160, "1/8 Triplet"}, {180, "1/16 Dotted"}, {240, "1/8"},           {320, "1/4 Triplet"}, {360, "1/8 Dotted"},

@@ -4,13 +4,13 @@
 #include <string>
 #include <string_view>
 
-/// On, off, or the other of what it is now.
+/// On, off, or toggle: the opposite of the present state.
 struct OnOffToggle {
     enum class State : std::int32_t { on = 0, off = 1, toggle = 2 };
 
     State state = State::toggle;
 
-    /// From exactly "on" or "off"; anything else is toggle.
+    /// From exactly "on" or "off"; any other text is toggle.
     static OnOffToggle fromXmlString(std::string_view text);
     std::string toXmlString() const;
 

@@ -8,17 +8,17 @@
 
 namespace Backend::MidiEngine
 {
-/// What the timed queue carries: a MIDI event, or an order to the engine itself.
+/// The kinds of items in the engine's queue: MIDI events and resets.
 enum class MidiEngineMessageType : std::uint32_t { midiEvent = 0, reset = 1, hardReset = 2 };
 
-/// The system's event: a MIDI message with where it came from, where it goes and when. A plain value that copies
-/// without allocating.
+/// An event: a MIDI message with its input, output, zone, channel and pulse. A plain value that is copied without
+/// allocating.
 class ORV_API OrvMidiMessage
 {
 public:
-    static constexpr std::int8_t DEFAULT_CHANNEL = -1;  ///< the event has no channel of its own; the layers decide
-    static constexpr std::int8_t DEFAULT_INPUT = -1;    ///< made inside the system
-    static constexpr std::int8_t DEFAULT_OUTPUT = -1;   ///< through the layers, or to the default output
+    static constexpr std::int8_t DEFAULT_CHANNEL = -1;  ///< no channel of its own; the layers set it
+    static constexpr std::int8_t DEFAULT_INPUT = -1;    ///< made by the backend
+    static constexpr std::int8_t DEFAULT_OUTPUT = -1;   ///< to the layers, or to the default output
     static constexpr std::int8_t DEFAULT_ZONE = -1;     ///< in no zone
 
     static constexpr std::int32_t UNTIMED = -1;  ///< played in the next slice
@@ -46,14 +46,14 @@ public:
     {
     }
 
-    /// `channel` below 0 is the default channel, above 15 counts as 15; `pulse` below 0 is untimed.
+    /// A `channel` below 0 is the default channel, one above 15 counts as 15; a `pulse` below 0 means no time.
     constexpr OrvMidiMessage(MessageType type, int d1, int d2, int channel, int toOutput, int inZone, int fromInput,
                              std::int32_t pulse)
         : OrvMidiMessage(Fields{type, d1, d2, channel, toOutput, inZone, fromInput, pulse})
     {
     }
 
-    /// The inverse of `getWparam` and `getLparam`. What does not travel in them is as by default.
+    /// The inverse of `getWparam` and `getLparam`. Everything that these do not contain has its default.
     constexpr OrvMidiMessage(std::uint32_t wparam, std::int32_t lparam)
         : zone(static_cast<std::int8_t>(static_cast<std::uint32_t>(lparam) >> 24)),
           output(static_cast<std::int8_t>(lparam)),
@@ -65,7 +65,7 @@ public:
 
     constexpr explicit OrvMidiMessage(std::uint32_t wparam) : midiMessage(wparam) {}
 
-    /// `channel` replaces the message's own; below 0 it is the default channel.
+    /// `channel` replaces that of the message; below 0 it is the default channel.
     constexpr OrvMidiMessage(const MidiMessage& message, int toOutput, int channel, int inZone, const Cell& control)
         : zone(static_cast<std::int8_t>(inZone)),
           output(static_cast<std::int8_t>(toOutput)),
@@ -92,7 +92,7 @@ public:
     constexpr void setD2(int value) { midiMessage.setD2(value); }
     constexpr std::int8_t getChannel() const { return midiMessage.getChannel(); }
 
-    /// Below 0 the event takes the default channel and stores 0; otherwise the channel is its own from now on.
+    /// Sets the channel; below 0 the event has the default channel, and 0 is stored.
     constexpr void setChannel(int channel)
     {
         defaultChannel = channel < 0;
@@ -145,7 +145,7 @@ public:
                                          byte(zone) << 24);
     }
 
-    /// Whether the two packed words hold the whole event: they do unless it is timed or comes from a control's cell
+    /// Whether the two packed words contain the whole event: not if it has a pulse, or was sent by a control in a cell
     /// within 0 to 15 each way.
     constexpr bool fitsParameters() const
     {

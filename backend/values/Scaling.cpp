@@ -17,7 +17,8 @@ struct Range {
     double low, high;
 };
 
-/// From `in`, which does not run downwards, to `out`; a negative value comes out negated.
+/// Maps from `in`, whose end is not below its start, to `out`; a negative value is mapped like the positive one and
+/// negated.
 std::int32_t scale(double value, Range in, Range out)
 {
     const double clamped = std::clamp(std::abs(value), in.low, in.high);
@@ -36,13 +37,13 @@ std::int32_t scaleRange(std::int32_t inFrom, std::int32_t inTo, std::int32_t val
     const double end = outTo;
     if (inFrom > inTo) return scale(from - value + to, {to, from}, {start, end});
     if (outFrom <= outTo) return scale(value, {from, to}, {start, end});
-    // A falling output is the rising one mirrored, so that halves round the other way.
+    // A falling output is mirrored, so that halves are rounded downwards.
     return saturate(end + start - scale(value, {from, to}, {end, start}));
 }
 
 std::int32_t scaleLogarithmic(std::int32_t knob, std::int32_t low, std::int32_t high)
 {
-    if (knob <= 0) return high;  // where rounding could fall short of it
+    if (knob <= 0) return high;  // rounding could give a little less
     const float lowest = std::log(static_cast<float>(low));
     const float range = std::log(static_cast<float>(high)) - lowest;
     const float scaled = std::exp(range * (127.0F - static_cast<float>(knob)) / 127.0F + lowest);

@@ -6,15 +6,15 @@
 
 #include "backend/values/Cell.h"
 
-/// Which control of the grid is addressed. `cell` is its place when `kind` is `specific`; (-1, -1) counts as the
-/// selected one.
+/// Which control of the grid is meant. `cell` is its cell if `kind` is `specific`; a cell of (-1, -1) means the
+/// selected control.
 struct SelectControlType {
     enum class Kind : std::int32_t { up = 0, down = 1, left = 2, right = 3, selected = 4, specific = 5, all = 6 };
 
     Kind kind = Kind::right;
     Cell cell{0, 0};
 
-    /// From exactly one of the six words; anything else is specific and read as a cell.
+    /// From exactly one of the six words; any other text is specific and read as a cell.
     static SelectControlType fromXmlString(std::string_view text);
     std::string toXmlString() const;
 

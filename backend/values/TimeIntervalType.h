@@ -10,7 +10,7 @@ struct TimeIntervalType {
 
     Kind kind = Kind::noteInterval;
 
-    /// From exactly "ppq"; anything else is a note interval.
+    /// From exactly "ppq"; any other text is a note interval.
     static TimeIntervalType fromXmlString(std::string_view text);
     std::string toXmlString() const;
 

@@ -1,5 +1,5 @@
-// The words of a line of each kind. Inputs, outputs, channels, zones, rows and columns count from 1, and 0
-// stands for none, for all, or for the default. Words after the required ones may be left out from the end.
+// The entries of each block, word by word. Inputs, outputs, channels, zones, rows and columns count from 1; 0 means
+// none, all, or the default. Words after the required ones may be missing at the end.
 
 #include "backend/files/version2/Blocks.h"
 #include "backend/model/MidiEvent.h"
@@ -27,7 +27,7 @@ constexpr int LAST_CELL = 15;
 constexpr int HIGHEST_EVENT = 393;
 constexpr int NOTE_OFF_VELOCITY = 100;
 
-/// An event by its number; with 0, or nothing, none.
+/// Reads the number of an event; 0 and a missing word mean none.
 std::optional<MidiMessage> readEvent(Words& words)
 {
     const int number = words.number(0, HIGHEST_EVENT, 0);
@@ -53,7 +53,7 @@ std::string element(std::string_view tag, const std::string& inside)
 
 // --- I <input> <channel> <event> [<to event> <to output> <to channel> <to zone>]
 //
-// Without an event to become, the event stays what it is.
+// Without a number after the first event, the event stays the same.
 
 std::string translationText(const std::optional<MidiMessage>& to, const MidiParameters& place)
 {
@@ -81,9 +81,9 @@ bool readInput(Words& words, Sections& sections)
 
 // --- K <key> <event> <value> [<up event> <up value> <output> <channel> <zone>]
 //
-// A note on that names no event for the key's release gets its note off.
+// A note-on without an event for the release of the key gets its note-off.
 
-/// The text that reads as this key, empty if there is none. Not every name that is printed is read.
+/// A text that is read as this key, empty if there is none. Not every printed name can be read.
 std::string idOf(const Key& key)
 {
     for (const std::string& id : {key.toXmlString(), std::string("Shift"), std::string("Control")})
@@ -122,7 +122,7 @@ bool readKey(Words& words, Sections& sections)
 
 // --- C <row> <column> <type> <name> <value> <min> <max> <release> <auto send> <size> <event> <output> <channel> <zone>
 //
-// The type is a word, "none" for a place that is kept free; the name "_" is none; -1 is no release.
+// The type is a word, "none" for an empty cell; the name "_" is none; -1 is no release.
 
 bool readControl(Words& words, Sections& sections)
 {

@@ -5,8 +5,8 @@
 
 namespace Backend::Version2
 {
-/// Reads blocks, with blank lines between them, up to a line that begins none, or the end. The first letter of a block
-/// names its section, and each line of it that begins so is an entry. What the entries look like stands with their
-/// readers.
+/// Reads blocks, separated by blank lines, up to a line that begins no block, or the end. The first letter of a block
+/// names its section, and each line of the block that begins with it is an entry. The entries are described at the
+/// functions that read them.
 void readBlocks(Lines& lines, Sections& sections);
 }  // namespace Backend::Version2

@@ -16,7 +16,7 @@ namespace
 {
 constexpr int NUMBERS = 128;
 
-/// The value goes where the event has room for it.
+/// Sets the value of the function, in the byte that its event has for it.
 template <class Function>
 std::string write(const MidiMessage& event, int value, MidiParameters parameters)
 {
@@ -47,7 +47,7 @@ constexpr auto KINDS =
                          {MessageType::channelPressure, "MidiChannelPressure", write<MidiChannelPressure>},
                          {MessageType::pitchBend, "MidiPitchBend", write<MidiPitchBend>}});
 
-/// Of a channel message, which all have a row.
+/// For a channel message; each has a row.
 const Kind& kindOf(const MidiMessage& event)
 {
     std::size_t row = 0;

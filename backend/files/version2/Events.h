@@ -11,12 +11,12 @@ namespace Backend::Version2
 /// The largest value that an event can carry.
 int highestValue(const MidiEngine::MidiMessage& event);
 
-/// The element of the function that plays an event with that value, a line of its own.
+/// The element of a function that plays an event with that value, as one line.
 std::string functionText(const MidiEngine::MidiMessage& event, int value, FunctionManagement::MidiParameters place);
 
 /// The type name of the translation into an event.
 std::string_view translationType(const MidiEngine::MidiMessage& event);
 
-/// A text of lines, each after that many TABs.
+/// Indents each line of `text` by that many TABs.
 std::string indented(std::string_view text, int tabs);
 }  // namespace Backend::Version2

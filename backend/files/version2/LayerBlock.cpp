@@ -2,9 +2,9 @@
 //   <transpose> <key> <velocity> <numerator> <denominator>
 //   <arpeggio> <beat> <length> <template> <template mode> <tempo> <tempo source>
 //
-// Toggle is 0 to 2. Transpose and velocity are "+5" and "-5" for more and less, "60" for instead, "_" for unchanged.
-// The key counts from 1 for C, the numbers after the velocity compress it. The arpeggio is a word, beat and length are
-// pulses. A template of -1 is none. What starts with a tempo gives it to the program.
+// Toggle is 0 to 2. In transpose and velocity, "+5" and "-5" are added, "60" replaces, "_" leaves unchanged. The key
+// counts from 1 for C; numerator and denominator compress the velocity. The arpeggio is a word, beat and length are in
+// pulses. A template of -1 is none. A line with a tempo sets the tempo of the program.
 
 #include "backend/files/version2/LayerBlock.h"
 

@@ -7,8 +7,8 @@
 
 namespace Backend::Version2
 {
-/// The lines of a file, one after the other. Lines end with CR, LF or both. A byte order mark is passed over; a text
-/// that is not UTF-8 is read as Windows-1252; control characters count as blanks.
+/// The lines of a file, one after another. Lines end with CR, LF or both. A byte order mark is skipped; a text that is
+/// not UTF-8 is read as Windows-1252; control characters count as blanks.
 class Lines
 {
 public:
@@ -21,10 +21,10 @@ public:
     char letter() const { return current().empty() ? '\0' : current().front(); }
     void next() { at += atEnd() ? 0 : 1; }
     void passBlankLines();
-    /// Beyond a block: up to the blank line after it, with a line in the debug stream for each line that is left out.
+    /// Skips a block: goes to the blank line after it, and reports each line in the debug stream.
     void passBlock(std::string_view reason);
 
-    /// Writes to the debug stream why the current line does not count.
+    /// Writes to the debug stream why the current line is left out.
     void report(std::string_view reason) const;
 
 private:

@@ -17,9 +17,9 @@ namespace Backend::Version2
 namespace
 {
 constexpr const char* DEFAULT_PRESET = "000 - Default";
-constexpr int DEFAULT_ZONES = 2;  // those that the default preset plays in
+constexpr int DEFAULT_ZONES = 2;  // those in which the keys of the default preset play
 
-/// The lines of an element without the indentation of the first one.
+/// The lines of an element, without the indentation of the first one.
 std::string withoutIndent(std::string_view text, TextSpan element)
 {
     const auto lineBegin = withItsLines(text, element).begin;
@@ -41,7 +41,7 @@ std::string readDefaultPreset()
     return {bytes.begin(), bytes.end()};
 }
 
-/// A section's start tag, its attribute "merge", then its other attributes, its elements, and its end tag.
+/// Writes the start tag of a section, its attribute "merge" and its other attributes, its elements, and its end tag.
 template <class Elements>
 void writeSection(std::ostream& out, int indent, const char* tag, bool merge, const std::string& attributes,
                   const Elements& elements)
@@ -87,7 +87,8 @@ void Sections::writeProgram(std::ostream& out, const std::string& name) const
 {
     out << xmlOpenTag("Program") << xmlStringAttribute("name", name) << xmlIntAttribute("tempo", tempo)
         << xmlIntAttribute("tempoSource", tempoSource) << xmlCloseOpen() << '\n';
-    // A section that names a preset is read from the preset alone, so keys of the file's own must not name one.
+    // A section that names a preset is read from the preset alone, so it must not be named if the file has keys of its
+    // own.
     writeSection(out, 1, "ComputerInput", false, ownKeys.empty() ? xmlStringAttribute("preset", DEFAULT_PRESET) : "",
                  valuesOf(keys));
     writeMidiInput(out, 1, false);

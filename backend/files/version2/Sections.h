@@ -21,26 +21,26 @@ struct InputEvent {
     auto operator<=>(const InputEvent&) const = default;
 };
 
-/// What a program or a preset of version 2 becomes: the elements of its sections as text, each element without
-/// indentation and with a line end after each tag.
+/// The sections that a program or preset of version 2 is converted to, as text: each element without indentation, with
+/// a line end after each tag.
 struct Sections {
-    std::map<Key, std::string> keys{};     ///< all, those of the default preset included
-    std::map<Key, std::string> ownKeys{};  ///< those that the file itself names
+    std::map<Key, std::string> keys{};     ///< including those of the default preset
+    std::map<Key, std::string> ownKeys{};  ///< those in the file itself
     std::map<InputEvent, std::vector<std::string>> translations{};
     std::map<Cell, std::string> controls{};
     std::vector<std::string> layers{};
     int tempo = 120;
     int tempoSource = -1;
 
-    /// Begins with the keys of the preset "000 - Default", if there is one.
+    /// Starts with the keys of the preset "000 - Default", if there is one.
     static Sections withDefaultKeys();
 
     void putKey(const Key& key, const std::string& element) { keys[key] = ownKeys[key] = element; }
 
-    /// A `Program` element. While its keys are those of the default preset it names that too.
+    /// Writes a `Program` element. If its keys are those of the default preset, it names that.
     void writeProgram(std::ostream& out, const std::string& name) const;
 
-    // One section each, after `indent` TABs. A section to be merged has only the keys that the file names.
+    // One section each, indented by `indent` TABs. A section to be merged has only the keys of the file.
     void writeComputerInput(std::ostream& out, int indent, bool merge) const;
     void writeMidiInput(std::ostream& out, int indent, bool merge) const;
     void writeControls(std::ostream& out, int indent, bool merge) const;

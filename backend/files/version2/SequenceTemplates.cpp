@@ -17,7 +17,7 @@ enum Mode { NOTES = 0, VELOCITIES = 1, NOTES_AND_VELOCITIES = 2 };
 
 constexpr int FIRST_DRUMS = 33;
 constexpr int LAST_DRUMS = 44;
-constexpr int SLOW_DRUMS_9 = 44;  // the same preset as 41, at half the pace
+constexpr int SLOW_DRUMS_9 = 44;  // the same preset as 41, at half the tempo
 
 constexpr auto FROM_0 = std::to_array<std::string_view>({
     "001 - Oct 1 Up",

@@ -23,7 +23,7 @@ using WindowsLib::DbgStream;
 constexpr std::size_t LARGEST_SOURCE = 64u << 20;
 constexpr char PROGRAM = 'P';
 
-/// The end of a program's line: nothing but up to ten numbers, which mean nothing here.
+/// Skips up to ten numbers, which are not used. False if anything else follows.
 bool passNumbers(Words& words)
 {
     constexpr int NUMBERS = 10;
@@ -51,7 +51,7 @@ void convertOneProgram(Lines& lines, std::ostream& out)
     sections.writeProgram(out, name);
 }
 
-/// After a block that is none of a program, to where the next program begins.
+/// Skips blocks that are no part of a program, up to the next program.
 void passToProgram(Lines& lines)
 {
     for (lines.passBlankLines(); !lines.atEnd() && lines.letter() != PROGRAM; lines.passBlankLines())
@@ -62,7 +62,7 @@ using Converter = std::string (*)(std::string_view name, std::string_view text);
 
 enum class NoProgram { allowed, refused };
 
-/// Whether the first line that is not blank is a program's. A bank may have none.
+/// Whether the first line that is not blank is that of a program. A bank may have none.
 bool isVersion2(Lines lines, NoProgram noProgram)
 {
     lines.passBlankLines();

@@ -7,17 +7,17 @@
 #include "backend/model/PresetSections.h"
 #include "platform/Export.h"
 
-/// Conversion of the files that version 2 of the product wrote: lines of words in blocks, under the same extensions.
-/// The source is never changed, and nothing but the source, the presets of the computer input and the target is
-/// touched. A line that is not understood is left out, with file, line and reason in the debug stream.
+/// Conversion of the files of version 2 of the product: lines of words in blocks, with the same extensions. The source
+/// is never changed; only the source, the presets of the computer input and the target are opened. A line that cannot
+/// be read is left out, and reported in the debug stream with file, line and reason.
 namespace Backend::Version2
 {
-/// Makes a bank or a program file. False, and the target stays as it is, if the source is the target, cannot be read or
+/// Makes a bank or a program file. False, and the target is not changed, if the source is the target, cannot be read or
 /// does not begin with a program, or the target cannot be written. A bank may have no program.
 ORV_API bool importBank(const std::string& source, const std::string& target);
 ORV_API bool importProgram(const std::string& source, const std::string& target);
 
-/// Whether both paths name one file that exists.
+/// Whether both paths are those of one existing file.
 bool isSameFile(const std::string& path, const std::string& other);
 
 /// A preset's section element, and which section it is.
@@ -26,10 +26,10 @@ struct Preset {
     std::string element;
 };
 
-/// None if the source cannot be read or is no preset of a section that version 2 had.
+/// Reads a preset. Nothing if the source cannot be read or is no preset of a section that version 2 had.
 ORV_API std::optional<Preset> readPreset(const std::string& source);
 
-/// The same with texts; `name` is the file name in the debug stream.
+/// Converts a text; `name` is the file name in the debug stream.
 ORV_API std::string convertBank(std::string_view name, std::string_view text);
 ORV_API std::string convertProgram(std::string_view name, std::string_view text);
 ORV_API std::optional<Preset> convertPreset(std::string_view name, std::string_view text);

@@ -5,26 +5,26 @@
 
 namespace Backend::Version2
 {
-/// The words of a line from left to right. A word that is missing at the end leaves what it stands for at its default;
-/// a word that does not fit its place makes the line one that is not understood.
+/// The words of a line from left to right. If a word is missing at the end, its value is the default; if a word is not
+/// valid, the whole line is refused.
 class Words
 {
 public:
     explicit Words(std::string_view line) : rest(line) {}
 
-    /// The next word, empty after the last.
+    /// The next word, empty at the end.
     std::string_view word();
-    /// The same with a blank for each "_".
+    /// The next word, with blanks in place of "_".
     std::string text();
-    /// A whole number within the limits.
+    /// The next word as a whole number within the limits.
     int number(int lowest, int highest, int missing);
-    /// The same for what counts from 1, with 0 for none: gives what counts from 0, and -1.
+    /// The next word as a number that counts from 1, with 0 for none: returned from 0, and -1 for none.
     int ordinal(int highest) { return number(0, highest + 1, 0) - 1; }
     bool flag(bool missing) { return number(0, 1, missing ? 1 : 0) == 1; }
 
-    /// Makes the line one that is not understood.
+    /// Marks the line as not valid.
     void refuse() { isGood = false; }
-    /// Every word was in its place, and none is left.
+    /// Whether every word was valid, and none is left.
     bool areUnderstood() const { return isGood && rest.find_first_not_of(' ') == std::string_view::npos; }
 
 private:

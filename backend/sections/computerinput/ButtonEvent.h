@@ -9,11 +9,11 @@
 
 namespace Backend
 {
-/// What happens to a key or a button. It repeats while it is held.
+/// An event of a key or button. A held one repeats.
 enum class ButtonEvent { down, repeat, up };
 
-/// How often the down functions of each button that is down have run, by their place among its entries. A key is one
-/// button whatever its modifiers. The backend thread.
+/// Counts how often the down functions of each held button were executed, by their index among its entries. A key is
+/// one button with any modifiers. The backend thread.
 class DownRuns
 {
 public:
@@ -33,12 +33,12 @@ private:
     std::vector<Run> runs;
 };
 
-/// Executes what a button does, entry by entry. A repeat executes the down functions that are to be sent again, and
-/// ends at an entry that is not and does nothing. Where such a down function is a note on and the up function a note
-/// off, the up function is executed once for each down function that ran at its place, so that every note on gets its
-/// note off. A function may replace the configuration it stands in. The backend thread.
+/// Executes the functions of a button, entry by entry. A repeat executes the down functions that are marked to be sent
+/// again, up to the first entry that is not and has no function. If such a down function is a note-on and the up
+/// function a note-off, the up function is executed once for each time the down function was, so that every note-on
+/// gets its note-off. A function may replace the configuration that contains it. The backend thread.
 void runButton(const ButtonConfiguration& button, ButtonEvent event, DownRuns& downRuns, std::int32_t id);
 
-/// Appends what each function of a button plays in a zone.
+/// Appends the notes that the functions of a button play in zones.
 void appendNoteSpans(const ButtonConfiguration& button, std::vector<FunctionManagement::FunctionNoteSpan>& spans);
 }  // namespace Backend

@@ -59,7 +59,7 @@ void ComputerInputManager::readKeys(const XmlElement& section, KeyBindings& into
     });
 }
 
-/// Whether a program may name the preset instead of its keys.
+/// Whether a program may name the preset instead of holding the keys.
 bool ComputerInputManager::isStoredIn(const std::string& preset) const
 {
     const XmlElement root = preset.empty() ? XmlElement() : readPreset(preset);

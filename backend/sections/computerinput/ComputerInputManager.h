@@ -13,8 +13,8 @@
 
 namespace Backend::ComputerInput
 {
-/// What the computer's keys do: reads and writes the program's section, finds what a key is bound to and runs it, and
-/// notifies the window of every change. The backend thread's.
+/// The bindings of the computer's keys: reads and writes the section, executes what a key is bound to, and notifies the
+/// window of every change. The backend thread's. See docs/behaviour/programs-and-banks.md for key presets in programs.
 class ORV_API ComputerInputManager final : public Section<KeyBindings, Key>
 {
 public:
@@ -23,19 +23,19 @@ public:
     const KeyConfigurationMap& getKeys() const { return getContent().keys; }
     bool getUseKeyUpMod() const { return getContent().useKeyUpMod; }
     void setUseKeyUpMod(bool on) { edit().useKeyUpMod = on; }
-    /// The preset that the keys came from, empty if none. They may have changed since.
+    /// The preset from which the keys were loaded, empty if none. They may have been changed since.
     const std::string& getCurrentPreset() const { return currentPreset; }
 
     ComputerInputMessageManager& getMessageManager() override { return messageManager; }
 
     // Files
 
-    /// A section that names a preset is that preset; where it cannot be loaded the keys stay as they are, of no preset.
+    /// Reads the keys, or loads the preset that the element names. If that fails, the keys stay, of no preset.
     void loadSection(const XmlElement& section) override;
 
-    /// The element with the keys of `keysToSave`, to be merged, those without a configuration as unbound ones; or
-    /// without any, all keys. While the keys are those of the current preset's file, and the file replaces and does not
-    /// merge, the preset's name is written instead of them, unless `forceInline`.
+    /// Writes the element with the keys of `keysToSave`, marked to be merged; a key without a configuration is written
+    /// as unbound. Without `keysToSave`, all keys are written, or only the name of the current preset if its file holds
+    /// exactly these keys and does not merge. With `forceInline` the keys are always written.
     void writeSection(std::ostream& out, int indent, std::span<const Key> keysToSave, bool forceInline) const;
     void writeXml(std::ostream& out, int indent, std::span<const Key> keysToSave) const override
     {
@@ -43,23 +43,23 @@ public:
     }
     void writeInProgram(std::ostream& out, int indent) const override { writeSection(out, indent, {}, false); }
 
-    /// The preset becomes the current one. One whose name is not UTF-8, which no program can name, is loaded only.
+    /// Makes the preset the current one, unless its name is not UTF-8, which no program can hold.
     void loadPreset(const std::string& name) override;
-    /// Adds a preset's keys to `map`, in place of them unless the preset is to be merged, and reads its option. False,
-    /// and nothing changed, if it cannot be loaded.
+    /// Adds the keys of a preset to `map`, in place of the present ones unless the preset merges, and reads its option.
+    /// False, and nothing is changed, if it cannot be loaded.
     bool loadPresetInto(const std::string& name, KeyConfigurationMap& map, bool& useKeyUpModOut) const;
-    /// Whether the keys are others than those of a preset; false if it is missing.
+    /// Whether the keys differ from those of a preset; false if there is no such preset.
     bool isPresetChanged(const std::string& name) const;
-    /// The current preset keeps its keys under its new name; without its file there is no current preset.
+    /// A current preset stays the current one under its new name, if its file could be renamed.
     void renamePreset(const std::string& name, const std::string& newName) override;
     void deletePreset(const std::string& name) override;
 
-    /// No keys, released without modifiers, of no preset.
+    /// Removes all keys and the current preset; keys are released without modifiers.
     void setDefaults() override;
 
     // Playing
 
-    /// Runs the functions of a key, in order. A repeat runs only the down functions that are to be sent again.
+    /// Executes the functions of a key, in order; a repeat only the down functions that are marked to be sent again.
     void keyEvent(const Key& key, bool isDown, bool isRepeat);
     void keyDown(const Key& key, bool isRepeat) { keyEvent(key, true, isRepeat); }
     void keyUp(const Key& key) { keyEvent(key, false, false); }
@@ -68,10 +68,10 @@ public:
 
     // Requests of the window
 
-    /// Each takes the place of the configuration of its key. With `notify` the window gets them back.
+    /// Each replaces the configuration of its key. With `notify` they are sent back to the window.
     void mergeKeyConfigurations(const std::vector<KeyConfiguration>& configurations, bool notify);
 
-    /// A key's configuration; an unbound one if it had none. It lives until the key's configuration is replaced.
+    /// The configuration of a key; an unbound one is added if there is none. Valid until that of the key is replaced.
     KeyConfiguration& getOrCreate(const Key& key);
 
     void notifyGui() const override;

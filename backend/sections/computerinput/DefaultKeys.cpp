@@ -16,7 +16,7 @@ using namespace std::string_view_literals;
 using MidiEngine::getNoteName;
 using MidiEngine::Octave;
 
-/// A row of keys that are played like a piano's, one semitone each.
+/// A row of keys that are played like a piano, one semitone each.
 struct PianoRow {
     int zone;
     int lowestNote;
@@ -34,7 +34,7 @@ constexpr PianoRow PIANO[] = {{0, 60, UPPER_ROWS}, {1, 48, LOWER_ROWS}};
 
 enum class Sends { once, asLongAsHeld };
 
-/// Any other key. Functions are the insides of their elements' tags; empty for none.
+/// Any other key. The functions are written like elements without the brackets; empty for none.
 struct OtherKey {
     std::string_view key;
     Sends sends;
@@ -81,10 +81,10 @@ constexpr OtherKey OTHERS[] = {
     {"Numpad 3", Sends::once, "", R"(ShowControl type="toggle")"},
     {"Numpad 9", Sends::once, "", R"(ShowMidiInput type="toggle")"},
     {"Numpad Enter", Sends::once, "", R"(ShowZone type="toggle")"},
-    {"", Sends::once, R"(MoveWindow x="542" y="449")"},  // of no key: old setups have it, and it survives in them
+    {"", Sends::once, R"(MoveWindow x="542" y="449")"},  // without a key, as in old setups
 };
 
-// What is left between two black keys of the upper rows: it is listed, and does nothing.
+// It has no semitone between two black keys of the upper rows; it is listed without a function.
 constexpr std::string_view UNBOUND_KEY = "1";
 
 std::string noteElement(const char* type, int zone, const std::string& note)

@@ -6,8 +6,8 @@
 
 namespace Backend::ComputerInput
 {
-/// What the keys do to begin with, as the "ComputerInput" element of a file, one tag a line, indented by `indent` TABs:
-/// the two lower rows of letters and the two upper ones are a piano each, in zone 1 from C3 and in zone 0 from C4; the
-/// other keys select and move controls, transpose zones, bend, and show screens.
+/// The bindings of a new user, as the "ComputerInput" element of a file, one tag a line, indented by `indent` TABs. The
+/// two lower rows of letters play a piano from C3 in zone 1, the two upper ones from C4 in zone 0; the other keys
+/// select and move controls, transpose zones, bend, and show screens.
 ORV_API std::string defaultKeysXml(int indent);
 }  // namespace Backend::ComputerInput

@@ -39,14 +39,14 @@ void ControlManager::writeXml(std::ostream& out, int indent, std::span<const Cel
 
 // --- selection
 
-/// A cell of (-1, -1) is none given: the selected control.
+/// The control of the cell; for a cell of (-1, -1), the selected one.
 Control* ControlManager::findTarget(const SelectControlType& select)
 {
     if (select.kind == Kind::specific && select.cell != Cell{}) return edit().findElement(select.cell);
     return edit().findSelected();
 }
 
-/// The first control after a cell, or null at the edge of the grid.
+/// The first control after a cell in that direction, or null at the edge of the grid.
 Control* ControlManager::findFrom(Cell cell, Kind direction)
 {
     while (true) {
@@ -111,7 +111,7 @@ void ControlManager::setSelectedAt(const Cell& cell, bool selected)
 
 // --- publishing
 
-/// Another list of controls is another group of linked ones, and time slices get the events that it follows.
+/// Forgets the group of linked controls, and passes the events that controls follow to the engine.
 void ControlManager::updatePlaying()
 {
     link.forget();

@@ -15,8 +15,8 @@
 
 namespace Backend::Controls
 {
-/// The controls of the screen. A control sends its value as events and follows the same event when it passes through
-/// the engine from anywhere else. The window is notified of every change. The backend thread's.
+/// The controls of the screen. A control sends its value as events, and follows the same event when the engine plays it
+/// for any other reason. The window is notified of every change. The backend thread's. See docs/behaviour/controls.md.
 class ORV_API ControlManager final : public Section<ControlMap, Cell>
 {
 public:
@@ -24,47 +24,47 @@ public:
 
     const ControlMap& getControls() const { return getContent(); }
     ControlMessageManager& getMessageManager() override { return messageManager; }
-    /// The time slices' access to the controls.
+    /// For the engine, which posts played events with it.
     ControlUpdates& getUpdates() { return updates; }
     void notifyGui() const override;
 
-    /// As a program or a preset holds it, see `writeXml`.
+    /// Writes the element as a program or a preset holds it, see `writeXml`.
     void writeSection(std::ostream& out, int indent, std::span<const Cell> cells) const
     {
         writeXml(out, indent, cells);
     }
     void writeXml(std::ostream& out, int indent, std::span<const Cell> cells) const override;
 
-    // What functions do
+    // Operations of functions
 
-    /// Moves the selection from the first selected control, past empty cells: left and right run through the grid like
-    /// text, up and down stop at its edge. Without one it starts before the first column or above the first row. Or
-    /// selects the control of a cell. No control there, no change.
+    /// Moves the selection from the first selected control to the next control, past empty cells: left and right
+    /// through the grid like text, up and down within the column. Without a selected control it starts before the first
+    /// column or above the first row. Or selects the control of a cell. Without a control there nothing changes.
     void selectControl(const SelectControlType& select);
-    /// The control of a cell, or else the first selected one, takes a value and sends it.
+    /// Changes the value of the control of a cell, or else of the first selected one, and sends it.
     void changeControl(const SelectControlType& select, const RelativeFixedValue& amount);
-    /// All controls, that of a cell, or else the first selected one, send what they have.
+    /// Sends the value of all controls, of that of a cell, or else of the first selected one.
     void sendControlData(const SelectControlType& select);
 
-    /// Every control in the order of the cells, or only those that are to send when a program is loaded.
+    /// Sends all values in the order of the cells, or only those of controls that send when a program is loaded.
     void sendAll(bool onlyAutoSend);
 
-    /// The control takes a value, within its range. With `send` it sends it; a bank select or a program change goes out
-    /// between its companions, the controls on the same way that hold the other parts: bank MSB, bank LSB, program. If
-    /// it is selected, the other selected controls move with it, and send with it.
+    /// Sets the value of a control, limited to its range. With `send` it is sent; a bank select or a program change is
+    /// sent together with those of the other controls that have the same output, channel and zone, in the order bank
+    /// MSB, bank LSB, program. If the control is selected, the other selected controls move with it, and send too.
     void setControlValue(Control& control, std::int32_t value, bool notify, bool send);
 
-    /// Sets every control that follows an event that was sent, except the one that sent it. Sends nothing.
+    /// Sets every control that follows an event that was played, except the control that sent it. Nothing is sent.
     void updateControls(const MidiEngine::OrvMidiMessage& event);
 
-    // From the window
+    // Operations of the window
 
-    /// Each takes the place of the control of its cell; with `deleteMissing` all others go. With `notify` the window
-    /// gets the controls back.
+    /// Each replaces the control of its cell; with `deleteMissing` all other controls are removed. With `notify` the
+    /// controls are sent back to the window.
     void mergeControls(const std::vector<Control>& changed, bool notify, bool deleteMissing);
-    /// As `changeControl` on a cell; it never means the selected one.
+    /// As `changeControl`, but never for the selected control.
     void setValueAt(const Cell& cell, std::int32_t value);
-    /// Selects a control beside what is selected, or not any more. The window knows.
+    /// Adds a control to the selection or removes it. The window, which has done the same, is not notified.
     void setSelectedAt(const Cell& cell, bool selected);
 
 private:
@@ -75,7 +75,7 @@ private:
     void moveLinked(const Control& moved, std::int64_t delta, bool send);
     void setSelected(Control& control, bool selected);
     void notifyGuiOfValue(const Control& control) const;
-    /// What is read is selected nowhere and sends nothing by itself.
+    /// Controls that are read are not selected, and do not send.
     void readContent(const XmlElement& section, ControlMap& into) override { into.readXml(section); }
     void updatePlaying() override;
 

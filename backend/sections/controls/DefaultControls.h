@@ -7,10 +7,10 @@
 
 namespace Backend::Controls
 {
-/// The controls that a new user has: faders for what a keyboard's wheels and pedals send, boxes for bank and program.
-/// The boxes below the faders hold the same events, so each shows what the other does.
+/// The controls of a new user: faders for the wheels and pedals of a keyboard, edits for bank and program. The edits
+/// below the faders have the same events as these, so each shows the value of the other.
 ORV_API ControlMap defaultControls();
 
-/// Their `Controls` element, as factory content holds it, one tag a line, indented by `indent` TABs.
+/// Their `Controls` element for the factory content, one tag a line, indented by `indent` TABs.
 ORV_API std::string defaultControlsXml(int indent);
 }  // namespace Backend::Controls

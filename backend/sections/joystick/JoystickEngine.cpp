@@ -87,7 +87,7 @@ void JoystickEngine::compareButtons(int joystick, const Pressed& before, const P
     }
 }
 
-/// The buttons, then the directions.
+/// The pressed buttons, then the directions of the hat.
 JoystickEngine::Pressed JoystickEngine::pressedIn(const JoystickReading& reading)
 {
     Pressed pressed(reading.buttons);

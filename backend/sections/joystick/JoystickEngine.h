@@ -15,46 +15,46 @@
 
 namespace Backend::Joystick
 {
-/// Watches both joysticks and reports what changes. What it reports follows from the readings and the time alone
-/// (`take`); the thread, once started, only feeds it. The first reading of a joystick reports nothing, whenever it
-/// comes: it is what later ones are compared with. A joystick that goes releases the buttons it held.
+/// Reads both joysticks and reports changes. The reports depend on the readings and the times passed to `take` alone;
+/// the thread only calls it. The first reading after a joystick was plugged in reports nothing; later ones are compared
+/// with it. A joystick that is unplugged releases the buttons that were held.
 class ORV_API JoystickEngine
 {
 public:
     static constexpr std::chrono::milliseconds POLL_INTERVAL{10};
-    /// How often to look for a joystick while there is none.
+    /// How often to look for a joystick while none is plugged in.
     static constexpr std::chrono::milliseconds LOOK_INTERVAL{200};
 
-    /// Receives the reports, on the engine's thread.
+    /// Receives the reports, on the thread of the engine.
     class Listener
     {
     public:
         virtual ~Listener() = default;
-        /// 0 to 65535.
+        /// `value` is 0 to 65535.
         virtual void axisChanged(const JoyAxisElementId& id, int value) = 0;
-        /// Also again and again while it is held, as a repeat.
+        /// Called again as a repeat while the button is held.
         virtual void buttonDown(const JoyButtonElementId& id, bool repeat) = 0;
         virtual void buttonUp(const JoyButtonElementId& id) = 0;
     };
 
-    /// The listener must outlive it.
+    /// `reportTo` must outlive the engine.
     explicit JoystickEngine(Listener& reportTo) : listener(reportTo) {}
     ~JoystickEngine() { stop(); }
 
     JoystickEngine(const JoystickEngine&) = delete;
     JoystickEngine& operator=(const JoystickEngine&) = delete;
 
-    /// Starts and ends the thread that watches the system's joysticks. At its end both go, with what they held. One
-    /// thread at a time.
+    /// Starts and stops the thread that reads the joysticks of the system. When it stops, held buttons are released.
+    /// There must be only one such thread.
     void start();
     void stop();
 
-    // On the engine's thread, or on any one thread while it is not started
+    // The engine's thread, or any single thread while that is not started
 
-    /// How held buttons repeat from now on.
+    /// Sets how held buttons repeat.
     void setRepeat(const KeyRepeat& repeat);
 
-    /// Compares with the readings before and reports; `now` is in milliseconds and may wrap round.
+    /// Compares with the previous readings and reports the changes; `now` is in milliseconds and may wrap round.
     void take(const Joysticks::Readings& readings, std::uint32_t now);
 
 private:

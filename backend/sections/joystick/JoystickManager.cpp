@@ -18,7 +18,7 @@ constexpr const char* DISABLED_INPUTS = "DisabledInputs";
 
 constexpr bool isJoystick(int number) { return number >= 0 && number < JOYSTICKS; }
 
-/// Two numbers of 16 bits each.
+/// Packs two numbers of 16 bits.
 constexpr std::uint32_t packed(std::uint32_t low, std::int32_t high)
 {
     return (low & 0xFFFF) | static_cast<std::uint32_t>(high) << 16;
@@ -95,7 +95,7 @@ JoystickManager::JoystickManager(OrvIF& backend, MessageManagerMaster& master)
 
 void JoystickManager::readContent(const XmlElement& section, JoystickConfiguration& into)
 {
-    // First, so that what is held is released by the functions that it was pressed with.
+    // First, so that held buttons are released by the functions with which they were pressed.
     forEachElement(section, [this](const XmlElement& child) {
         if (child.getTagName() == DISABLED_INPUTS) readDisabledInputs(child);
     });

@@ -15,11 +15,11 @@
 
 namespace Backend::Joystick
 {
-/// What moves an axis or presses a button: the device, or the window's grids and buttons.
+/// What moved an axis or pressed a button: the device, or the controls of the window.
 enum class Source { joystick, gui };
 
-/// What the joysticks do: reads and writes the program's section, sends what an axis is bound to, runs what a button is
-/// bound to, and notifies the window of every change. The backend thread's, but for the engine.
+/// The bindings of the joysticks: reads and writes the section, sends the events of an axis, executes the functions of
+/// a button, and notifies the window of every change. The backend thread's, except the engine.
 class ORV_API JoystickManager final : public Section<JoystickConfiguration, JoyButtonElementId>
 {
 public:
@@ -27,27 +27,27 @@ public:
 
     const JoystickConfiguration& getConfiguration() const { return getContent(); }
     JoystickMessageManager& getMessageManager() override { return messageManager; }
-    /// See there for the threads that may call it.
+    /// `JoystickEngine` says which threads may call it.
     JoystickEngine& getEngine() { return engine; }
 
-    /// The axes and buttons that are bound, whatever the ids, and which joysticks are disabled.
+    /// Writes all bound axes and buttons, whatever `ids` are, and which joysticks are disabled.
     void writeXml(std::ostream& out, int indent, std::span<const JoyButtonElementId> ids) const override;
     void savePreset(const std::string& name) { Section::savePreset(name, {}); }
 
-    // Playing. What a disabled joystick does is ignored; the window's grids and buttons go on.
+    // Operations of joysticks. Those of a disabled joystick are ignored, those of the window are not.
 
     /// Sends the events of an axis.
     void setAxis(const JoyAxisElementId& id, AxisMode mode, int value, Source source);
-    /// Runs the functions of a button.
+    /// Executes the functions of a button.
     void pressButton(const JoyButtonElementId& id, ButtonEvent event, Source source);
 
     bool isDisabled(int joystick) const;
-    /// A joystick that is disabled releases the buttons that it holds.
+    /// A joystick that is disabled releases its held buttons.
     void enableJoystick(int joystick, bool enabled);
 
     void getNoteSpans(std::vector<FunctionManagement::FunctionNoteSpan>& result) const override;
 
-    // Requests of the window: each takes the place of the one of its id. With `notify` the window gets them back.
+    // Operations of the window: each replaces the configuration of its id. With `notify` the window gets them back.
 
     void setButtonConfigurations(const std::vector<JoystickButtonConfiguration>& buttons, bool notify);
     void setAxisConfigurations(const std::vector<AxisConfiguration>& axes, bool notify);
@@ -73,12 +73,12 @@ private:
 
     void readDisabledInputs(const XmlElement& section);
     void releaseHeldButtons(int joystick);
-    /// Where the element lists disabled joysticks, the others are enabled.
+    /// If the element lists disabled joysticks, the others are enabled.
     void readContent(const XmlElement& section, JoystickConfiguration& into) override;
     void updatePlaying() override { orv.updateZones(); }
 
     std::set<JoyButtonElementId> held;  // on the devices
-    DownRuns downRuns;  // by joystick and button
+    DownRuns downRuns;                  // by joystick and button
     JoystickMessageManager messageManager;
     JoystickEngineListener listener;
     JoystickEngine engine;

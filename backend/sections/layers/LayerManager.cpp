@@ -11,7 +11,7 @@ namespace Backend::Layers
 {
 namespace
 {
-/// The sum wraps as 32-bit numbers do; no limit is set to a transposition.
+/// The new value of a transposition, which has no limits; the sum wraps as 32-bit numbers do.
 std::int32_t changed(std::int32_t current, const RelativeFixedValue& value)
 {
     return static_cast<std::int32_t>(value.appliedTo(current));
@@ -63,7 +63,7 @@ void LayerManager::setSelected(const std::vector<LayerId>& ids) { edit().selectO
 
 // --- operations
 
-/// `change` alters a layer and returns the new value for the window.
+/// `change` changes a layer and returns the new value for the window.
 template <class Message, class Change>
 void LayerManager::changeLayers(const SelectType& select, const Message& message, Change&& change)
 {

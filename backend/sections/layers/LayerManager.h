@@ -16,8 +16,8 @@
 
 namespace Backend::Layers
 {
-/// The layers of the program. Every change is published: the engine gets a reset, so that no note hangs, and then a
-/// copy; the window gets what changed. The backend thread's.
+/// The layers of the program. Every change is published: the engine is reset, so that no note hangs, and gets a copy;
+/// the window gets what has changed. The backend thread's.
 class ORV_API LayerManager final : public Section<LayerList, LayerId>
 {
 public:
@@ -29,17 +29,17 @@ public:
 
     void writeXml(std::ostream& out, int indent, std::span<const LayerId> ids) const override;
 
-    // From the window: with `redraw` it gets the list back.
+    // Operations of the window: with `redraw` the list is sent back to it.
 
-    /// Each takes the place of the layer of its id.
+    /// Each replaces the layer of its id.
     void mergeLayers(const std::vector<Layer>& changed, bool redraw);
     void setLayers(const LayerList& newLayers, bool redraw);
     void setSelected(const std::vector<LayerId>& ids);
 
-    // On the layers that `select` names: all, the selected ones, or the one of that id; other kinds name none. The list
-    // is published once, whatever it named.
+    // Operations on the layers that `select` names: all, the selected ones, or that of an id; other kinds name none.
+    // The list is published once.
 
-    /// The layer's transposition keeps its kind, relative or fixed. No limit applies.
+    /// A transposition stays relative or fixed, as the layer has it. It has no limits.
     void changeTranspose(const SelectType& select, const RelativeFixedValue& value);
     void changeVelocity(const SelectType& select, const RelativeFixedValue& value);
     void changeMute(const SelectType& select, const OnOffToggle& value);
@@ -47,10 +47,10 @@ public:
     void changeSolo(const SelectType& select, const OnOffToggle& value);
     void changeNoteToggle(const SelectType& select, const NoteToggle& value);
 
-    /// Moves the selection up or down from the first selected layer, or to a layer. A target outside the list changes
-    /// nothing.
+    /// Selects the layer above or below the first selected one, or that of an id. Without a layer there nothing
+    /// changes.
     void dataSelect(const SelectType& select);
-    /// Asks the window to open the settings of a layer; changes nothing here.
+    /// Requests the window to open the dialog of a layer's settings.
     void editSelect(const SelectType& select) const;
 
 private:

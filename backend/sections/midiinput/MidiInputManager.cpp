@@ -31,18 +31,18 @@ MidiInputManager::MidiInputManager(OrvIF& backend, MessageManagerMaster& master)
 
 void MidiInputManager::translate(MidiEngine::OrvMidiMessage message)
 {
-    // Many keyboards release a key with a note on of velocity 0. From here on it is a note off.
+    // Many keyboards send a note-on with velocity 0 when a key is released.
     if (message.isNoteOn() && message.getD2() == 0) {
         message.setToNoteOff();
         message.setD2(RELEASE_VELOCITY);
     }
     const MidiEventConfiguration* const found = getContent().findBest(message);
     if (found != nullptr && !found->getTranslations().empty()) {
-        // Of a copy: a translation may load another program or preset, which replaces what is here.
+        // A copy, because a translation may load another program or preset, which replaces the entries.
         const MidiEventConfiguration configuration = *found;
         return configuration.execute(message);
     }
-    message.setDefaultChannel(true);  // the layers give it theirs
+    message.setDefaultChannel(true);  // the layers set the channel
     orv.getOrvMessageManager().postPlayMidi(message);
 }
 

@@ -11,8 +11,8 @@
 
 namespace Backend::MidiInput
 {
-/// The translations of incoming events. After every change the zones are worked out anew and the
-/// window is notified. The backend thread's.
+/// The translations of incoming MIDI events: reads and writes the section, and executes what it has for an event. After
+/// a change, zones are determined again, and the window is notified. The backend thread's.
 class ORV_API MidiInputManager final : public Section<MidiEventConfigurationMap, MidiEvent>
 {
 public:
@@ -22,18 +22,18 @@ public:
     MidiInputMessageManager& getMessageManager() override { return messageManager; }
     void notifyGui() const override;
 
-    /// Plays what the event's translations make of it. One without translations goes to the layers, which give it their
-    /// channel; one whose conditions all fail is swallowed. A note on of velocity 0 is a note off of velocity 100.
+    /// Plays what the translations of the event's entry make of it. An event without an entry goes to the layers, which
+    /// set its channel. A note-on with velocity 0 counts as a note-off with velocity 100.
     void translate(MidiEngine::OrvMidiMessage message);
 
-    /// As a program or a preset holds it, see `MidiEventConfigurationMap::writeXml`.
+    /// Writes the element as a program or a preset holds it, see `MidiEventConfigurationMap::writeXml`.
     void writeSection(std::ostream& out, int indent, std::span<const MidiEvent> eventsToSave) const
     {
         writeXml(out, indent, eventsToSave);
     }
     void writeXml(std::ostream& out, int indent, std::span<const MidiEvent> eventsToSave) const override;
 
-    /// Each takes the place of the configuration of its event. With `notify` the window gets them back.
+    /// Each replaces the entry of its event. With `notify` they are sent back to the window.
     void mergeEventConfigurations(const std::vector<MidiEventConfiguration>& configurations, bool notify);
 
     void getNoteSpans(std::vector<FunctionManagement::FunctionNoteSpan>& result) const override;

@@ -17,7 +17,7 @@ namespace
 {
 constexpr std::int32_t KNOB_END = 127;
 
-/// One entry further in the table of note intervals; the last entry is out of reach.
+/// The next speed in the table of note intervals, in that direction; the last entry is not reached.
 std::optional<std::int32_t> stepNoteInterval(std::int32_t speed, std::int32_t step)
 {
     constexpr std::int32_t FIRST = 1;
@@ -27,7 +27,7 @@ std::optional<std::int32_t> stepNoteInterval(std::int32_t speed, std::int32_t st
     return noteIntervalFromIndex(index);
 }
 
-/// The position of a knob that stands for a speed. What a file holds may lie beyond its ends.
+/// The position of a knob at that speed. A file may have speeds beyond its ends.
 std::int32_t knobOf(std::int32_t speed)
 {
     const double fastest = std::log(Oscillator::FASTEST);
@@ -98,7 +98,7 @@ void OscManager::dataSelect(const SelectType& select)
     });
 }
 
-/// Where the one that is named is selected, all that are follow it.
+/// If the oscillator of an id is selected, all selected ones are changed.
 template <class Change>
 void OscManager::changeNamed(const SelectType& select, Change&& change)
 {

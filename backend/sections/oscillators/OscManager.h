@@ -14,8 +14,8 @@
 
 namespace Backend::Oscillators
 {
-/// The oscillators of the program. A new list is published: the engine gets a reset and then a copy, and the window a
-/// copy. Speed and playing change in the engine's present list. The backend thread's.
+/// The oscillators of the program. A new list is published: the engine is reset and gets a copy, and the window gets a
+/// copy. Speed and playing are changed in the list that the engine has. The backend thread's.
 class ORV_API OscManager final : public Section<OscList, OscId>
 {
 public:
@@ -27,26 +27,26 @@ public:
 
     void writeXml(std::ostream& out, int indent, std::span<const OscId> ids) const override;
 
-    // From the window: with `redraw` it gets the list back.
+    // Operations of the window: with `redraw` the list is sent back to it.
 
-    /// Each takes the place of the oscillator of its id.
+    /// Each replaces the oscillator of its id.
     void mergeOscillators(const std::vector<Oscillator>& changed, bool redraw);
     void setOscillators(const OscList& newOscillators, bool redraw);
     void setSelected(const std::vector<OscId>& ids);
     void setSpeedMode(OscId id, TimeIntervalType mode);
 
-    /// Moves the selection up or down from the first selected oscillator, or to an oscillator. A target outside the
-    /// list changes nothing.
+    /// Selects the oscillator above or below the first selected one, or that of an id. Without an oscillator there
+    /// nothing changes.
     void dataSelect(const SelectType& select);
 
-    // On the oscillators that `select` names: all, the selected ones, or the one of that id, and with it, if it is
-    // selected, all that are; other kinds name none. Speeds end up within `Oscillator::FASTEST` and `SLOWEST`.
+    // Operations on the oscillators that `select` names: all, the selected ones, or that of an id and, if it is
+    // selected, all selected ones; other kinds name none. Speeds are limited to `Oscillator::FASTEST` to `SLOWEST`.
 
     void changePlaying(const SelectType& select, const OnOffToggle& value);
-    /// Fixed: pulses per cycle. Relative: one note interval longer or shorter, up to "8 Whole", or, where the speed is
-    /// shown in pulses, so many of the 127 steps of a logarithmic knob, which turns towards the faster end.
+    /// A fixed value is in pulses per cycle. A relative one goes one note interval longer or shorter, up to "8 Whole";
+    /// if the speed is shown in pulses, it moves a logarithmic knob of 127 steps, whose upper end is the fastest speed.
     void changeSpeed(const SelectType& select, const RelativeFixedValue& value);
-    /// A knob, 0 to 127, from the slowest speed to the fastest: over the note intervals, or logarithmically.
+    /// The position of a knob, 0 to 127, from the slowest speed to the fastest: in note intervals, or logarithmically.
     void setSpeedFromMidi(const SelectType& select, std::int32_t value);
 
 private:

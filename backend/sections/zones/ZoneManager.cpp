@@ -125,7 +125,7 @@ Zone* ZoneManager::findSelected()
     return selected;
 }
 
-/// The next zone that exists after `start` in steps of `step`, or null.
+/// The next existing zone after `start` in steps of `step`, or null.
 Zone* ZoneManager::findFrom(int start, int step)
 {
     for (int id = start + step; step != 0 && id >= 0 && id <= HIGHEST_ZONE; id += step)

@@ -26,23 +26,23 @@ public:
     ZoneMessageManager& getMessageManager() override { return messageManager; }
     void notifyGui() const override { postToGui(GuiMessage::ZONES, getContent()); }
 
-    /// All zones, whatever the ids.
+    /// Writes all zones, whatever `ids` are.
     void writeXml(std::ostream& out, int indent, std::span<const ZoneId> ids) const override;
 
-    /// Works out anew which zones exist and which notes are played in them, from what the inputs play, in the order of
-    /// `spans`. A zone that none plays in goes, with its transposition; the selected one stays so, or the lowest is.
+    /// Determines which zones exist, and their notes, from those of the inputs, in the order of `spans`. A zone without
+    /// notes is removed, with its transposition; if it was the selected one, the lowest zone is selected.
     void updateZones(std::span<const FunctionManagement::FunctionNoteSpan> spans);
 
-    /// Widens the zone of the span's number, or adds one. Not published.
+    /// Extends the zone of the span, or adds it. Does not publish.
     void mergeSpan(const FunctionManagement::FunctionNoteSpan& span);
 
-    /// Of a zone that exists; the low 8 bits count. A note that is held keeps its note off.
+    /// Transposes an existing zone; only the low 8 bits count. Held notes keep their note-offs.
     void setZoneTranspose(int id, int transpose);
 
-    /// All zones, the one of that number, or with any other kind the selected one.
+    /// Transposes all zones, that of an id, or with any other kind the selected one.
     void changeTranspose(const SelectType& select, const RelativeFixedValue& value);
 
-    /// The next zone up or down, past gaps, or the one of that number; an unknown number leaves none selected.
+    /// Selects the next zone up or down, past gaps, or that of an id; with an unknown id none is selected.
     void selectZone(const SelectType& select);
     void setSelected(const std::vector<ZoneId>& ids);
 
@@ -52,8 +52,8 @@ private:
     Zone* findSelected();
     Zone* findFrom(int start, int step);
     void selectOnly(Zone* zone);
-    /// The zones that are here stay, with the transpositions of the element or none; the lowest zone becomes the
-    /// selected one.
+    /// The zones stay; they get the transpositions of the element, or none. The lowest zone becomes
+    /// the selected one.
     void readContent(const XmlElement& section, ZoneMap& into) override;
     void updatePlaying() override;
 
