@@ -110,7 +110,7 @@ void Orv::startRetroRecord()
     midiEngine.setEventRecorder(enabled ? &engineRecorder : nullptr);
 }
 
-/// Commands that use the bank or a file wait while another one still works with files.
+/// Commands that use the bank or a file wait while the files thread works.
 void Orv::handleCommand(Message& message)
 {
     const auto execute = [this](Message& command) { executeOrvCommand(*this, command); };
@@ -122,8 +122,8 @@ void Orv::handleCommand(Message& message)
         execute(message);
 }
 
-/// A new user gets the installed banks, and a default bank among them. A folder without anything is one that an earlier
-/// run made without them.
+/// Copies the installed banks for a new user, with a default bank among them. An empty folder counts as a new user's,
+/// because it may have been made when no banks were installed.
 void Orv::prepareBanks()
 {
     const std::string folder = OrvUtils::pathIn(OrvUtils::getOrvAppDataDir(), BANKS);
@@ -261,7 +261,7 @@ void Orv::takeInputEvent(const OrvMidiMessage& event)
     midiInputManager.translate(event);
 }
 
-/// Before an input is disabled or removed, its open notes get their note offs on the path of its events.
+/// Plays the note-offs of the notes that an input holds, before it is disabled or removed, on the path of its events.
 void Orv::releaseHeldNotes(int input)
 {
     if (!isEnabled(midiInputPorts, input)) return;
@@ -330,7 +330,8 @@ void Orv::resetOrv()
 
 // --- rest
 
-/// Two looks: if nothing changed between them and every worker rested at both, all rested at once.
+/// Checks twice: if nothing has changed between the two checks, and every worker was at rest in both, all were at rest
+/// at the same time.
 bool Orv::isAtRest() const
 {
     const auto look = [this] {

@@ -48,8 +48,8 @@ namespace Version2
 struct Preset;
 }
 
-/// The backend: it owns every part by value, in the order in which they come to life. Its own thread is the authority
-/// over all of them; the engine, the display and the window work on copies.
+/// The backend: has all its parts as members, in the order of their construction. Its thread is the only one that
+/// changes their data; the engine, the display and the window have copies.
 class Orv final : public OrvIF
 {
 public:
@@ -317,7 +317,7 @@ public:
         program.number = number;
     }
 
-    /// What `createOrvGui` makes; null for nothing. Before `start`.
+    /// The factory for `createOrvGui`; null for no window. Before `start`.
     void setGuiFactory(GuiFactory factory) { guiFactory = factory; }
 
 private:
@@ -374,17 +374,17 @@ private:
     bool hasDisplayListener GUARDED_BY(guiWindowLock) = false;  // of the host
     GuiFactory guiFactory = nullptr;
     MessageManagerMaster messageManagerMaster;
-    FileWork files;  // while it is busy it has `bankFile`
+    FileWork files;  // while it is busy, its work uses `bankFile`
     MessageManager orvCommands;
     OrvMessageManager orvMessageManager;
     RegistrySettings registrySettings;
     Bank bank;
-    BankFile bankFile;  // the current bank's, once there is one
+    BankFile bankFile;  // of the current bank, if there is one
     Program program;
     MidiEngine::MidiInputPorts midiInputPorts;
     MidiEngine::MidiOutputPorts midiOutputPorts;
     HeldNotes heldNotes;
-    bool initializing = false;  // what is loaded now is sent at the end of it, when there are ports
+    bool initializing = false;  // controls send their values at the end of it, when there are ports
     MidiEngine::MidiEngine midiEngine;
     Display::Display display;
     RetroRecord::RetroRecordManager retroRecord;

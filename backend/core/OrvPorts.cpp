@@ -17,7 +17,7 @@ using MidiEngine::MidiOutputPorts;
 
 namespace
 {
-// The operating system's own software synthesizer, which sounds on a first run.
+// The software synthesizer of the operating system, so that something sounds on the first run.
 constexpr std::array<std::string_view, 2> SYSTEM_SYNTHESIZERS{"Microsoft GS Wavetable Synth",
                                                               "Microsoft GS Wavetable SW Synth"};
 
@@ -26,7 +26,7 @@ bool isSystemSynthesizer(const MidiOutputPort& port)
     return std::ranges::find(SYSTEM_SYNTHESIZERS, port.name) != SYSTEM_SYNTHESIZERS.end();
 }
 
-// Whether an input's number still belongs to the same device.
+// Whether the number of an input still belongs to the same device.
 bool isStillThere(const MidiInputPort& before, const MidiInputPorts& ports, std::size_t index)
 {
     return index < ports.size() && ports[index].enabled && ports[index].found && ports[index].name == before.name;
@@ -55,8 +55,8 @@ void Orv::setMidiOutputPorts(const MidiOutputPorts& ports)
     notifyGui(GuiMessage::MIDI_OUTPUT_PORTS, ports);
 }
 
-/// Keeps a default that may still come back or is enabled; otherwise the system's synthesizer, or the first output
-/// that is enabled.
+/// Keeps the default output if it is enabled or may come back. Otherwise the synthesizer of the system, or the first
+/// enabled output, becomes the default.
 void Orv::fixDefaultMidiOutput()
 {
     int output = registrySettings.getDefaultMidiOutput();
@@ -99,7 +99,7 @@ void Orv::changeDefaultMidiOutput(const SelectType& select)
     if (output >= 0) setDefaultMidiOutput(output);
 }
 
-/// The first output from `from` in steps of `step` (0: that one only) that is enabled and open, or -1.
+/// The first enabled and open output from `from` in steps of `step` (0: only that one), or -1.
 int Orv::findOpenOutput(std::int64_t from, int step) const
 {
     for (std::int64_t output = from; output >= 0 && output < std::ssize(midiOutputPorts); output += step) {

@@ -1,4 +1,4 @@
-// How a program comes in: from a bank or a file, section by section.
+// Loading programs from a bank, a file or a text. See docs/behaviour/programs-and-banks.md.
 
 #include <array>
 #include <string_view>
@@ -20,7 +20,7 @@ constexpr std::string_view PROGRAM_FILE = ".prg";
 constexpr int ONLY_PROGRAM = 0;
 }  // namespace
 
-/// A file without a single program is no bank.
+/// A file without a program is not loaded.
 void Orv::loadBank(const std::string& path)
 {
     assertBackendThread();
@@ -53,7 +53,7 @@ void Orv::changeProgram(int number)
     loadProgramFrom(bank.name, number);
 }
 
-/// A key's function waits for a save as a command does.
+/// The function of a key waits for a save, as a command does.
 void Orv::changeProgram(const SelectType& select)
 {
     assertBackendThread();
@@ -71,7 +71,8 @@ void Orv::loadProgram(const std::string& path)
     loadProgramFrom(path, program.number);
 }
 
-/// A program file has one program; in a bank it is the one of that number. Everything is read before anything changes.
+/// Loads the only program of a program file, or the program of that number of a bank. The file is read before anything
+/// changes.
 void Orv::loadProgramFrom(const std::string& path, int number)
 {
     BankFile other;
@@ -105,7 +106,7 @@ void Orv::loadProgramFromString(const std::string& text, int number)
     refuseLoad();
 }
 
-/// What is loaded stays, and the window gets a message that there is no such program.
+/// Nothing changes; the window gets the message that there is no such program.
 void Orv::refuseLoad() const { notifyProgram(IsThere::no); }
 
 /// Without an element the sections stay, and the program has no name.

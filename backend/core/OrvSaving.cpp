@@ -1,4 +1,5 @@
-// How a program goes out: into a bank, into a file of its own, as a text; and what changes a bank.
+// Saving programs into a bank, as a file or as a text, and changing the size of a bank. See
+// docs/behaviour/programs-and-banks.md.
 
 #include <algorithm>
 #include <functional>
@@ -27,7 +28,7 @@ using WindowsLib::DbgStream;
 
 void notifyDone(const WindowHandle& window, bool written) { notify(window, GuiMessage::OPERATION_DONE, written); }
 
-/// A text that could not be read again is not worth the file that it would replace.
+/// Writes a text, unless it could not be read again.
 bool writeDocument(const std::string& path, const std::string& text)
 {
     const bool isDocument = XmlDocument(text, XmlDocument::Source::text).getRoot().hasElement();
@@ -58,7 +59,7 @@ std::string Orv::getProgramAsString()
     return writeProgramFile("OrvProgramFile");
 }
 
-/// On the files thread; then the window gets the result.
+/// Calls `write` on the files thread; then the window gets the result.
 void Orv::writeFile(std::function<bool()> write, const WindowHandle& window)
 {
     const auto written = std::make_shared<bool>(false);
@@ -86,9 +87,9 @@ void Orv::saveToBank(const std::string& path, const WindowHandle& window)
     saveInto(path, program.number, window);
 }
 
-/// A program that is saved in its own place is what is loaded, so it plays on. Otherwise the current one is loaded
-/// again at once, as it is stored: what is changed while the file is written comes after it. If the file cannot be
-/// written, the program comes back as it was to be saved.
+/// A program that is saved in its own place is not loaded again, so it plays on. Otherwise the current program is
+/// loaded at once as the bank will have it, so that changes during the save are kept. If the file cannot be written,
+/// the program is restored.
 void Orv::saveInto(const std::string& path, int number, const WindowHandle& window)
 {
     if (number < 0 || path.empty() || bank.name.empty()) return;

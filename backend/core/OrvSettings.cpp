@@ -1,7 +1,7 @@
 #include "backend/core/Orv.h"
 #include "backend/messages/GuiMessages.h"
 
-// The settings that change something in the backend.
+// Settings with an effect in the backend.
 
 namespace Backend
 {
@@ -34,7 +34,7 @@ void Orv::setRetroRecordBufferSize(int bytes)
     retroRecord.setBufferSize(bytes);
 }
 
-/// While the record is off the engine gives nothing to it.
+/// While the record is off, the engine passes no events to it.
 void Orv::enableRetroRecord(bool on)
 {
     assertBackendThread();

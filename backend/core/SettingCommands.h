@@ -7,8 +7,8 @@
 
 namespace Backend
 {
-/// Changes a setting, and notifies the window if its row says so. A value outside its limits changes nothing. The
-/// backend thread.
+/// Changes a setting, and notifies the window if its row says so. A value outside the range is ignored. The backend
+/// thread.
 template <const auto& row>
 void changeSetting(OrvIF& orv, const Settings::ValueOf<row>& value)
 {
@@ -19,7 +19,7 @@ void changeSetting(OrvIF& orv, const Settings::ValueOf<row>& value)
         notify(orv.getGuiWindowHandle(), GuiMessage::SETTINGS, orv.getRegistrySettings());
 }
 
-/// Executes the command of a setting that has no effect in the backend but its value. False if there is none of that
-/// number.
+/// Executes the command of a setting that only has to be stored, without an effect in the backend. False if there is
+/// none of that number.
 bool executeSettingCommand(OrvIF& orv, Message& message);
 }  // namespace Backend

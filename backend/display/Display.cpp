@@ -29,7 +29,7 @@ void Display::end()
     listener = nullptr;
 }
 
-/// What is dropped is deleted when this returns.
+/// Frees the listener at the end.
 void Display::dropListener(std::unique_ptr<DisplayListener> dropped)
 {
     if (listener == dropped.get()) listener = nullptr;

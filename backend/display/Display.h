@@ -13,9 +13,9 @@ namespace Backend::Display
 {
 class DisplayListener;
 
-/// The running log of MIDI events. It is written on a thread of its own, so that neither playing nor the window pays
-/// for it, and a listener asks for what is new. All operations are the display thread's, called by its message
-/// manager, but for `start`, `end` and `getMessageManager`.
+/// The log of MIDI events. Its text is made on a thread of its own, so that it delays neither playing nor the window; a
+/// listener requests new text. All operations belong to the display thread, where the message manager calls them,
+/// except `start`, `end` and `getMessageManager`.
 class ORV_API Display
 {
 public:
@@ -24,9 +24,9 @@ public:
     Display(const Display&) = delete;
     Display& operator=(const Display&) = delete;
 
-    /// The log begins with the product's name and version.
+    /// Starts the log with the name and version of the product.
     void start();
-    /// From then on the listener is called no more.
+    /// The listener is not called after this.
     void end();
 
     DisplayMessageManager& getMessageManager() { return messageManager; }
@@ -54,10 +54,10 @@ private:
     bool displayNumbers = false;
     bool displayMidiInputEvents = false;
     bool displayMidiOutputEvents = true;
-    MidiEngine::MidiInputPorts midiInputPorts;  // for their names alone
+    MidiEngine::MidiInputPorts midiInputPorts;  // for their names
     MidiEngine::MidiOutputPorts midiOutputPorts;
 
-    // Last, so that its thread ends before what it works on goes
+    // Last, so that its thread ends before the members that it uses are destroyed
     DisplayMessageManager messageManager;
 };
 }  // namespace Backend::Display

@@ -20,7 +20,7 @@ std::string signedNumber(std::uint8_t byte) { return std::to_string(static_cast<
 
 std::string named(std::uint8_t byte, const std::string& name) { return signedNumber(byte) + " (" + name + ")"; }
 
-/// Both bytes as one number, a pitch bend not centred.
+/// Both bytes as one number; 8192 is the centre of a pitch bend.
 std::string value(const MidiMessage& message) { return std::to_string(message.getD2() * 128u + message.getD1()); }
 
 bool hasChannel(MessageType type) { return type <= MessageType::systemExclusive; }
@@ -31,7 +31,7 @@ bool isEvent(MessageType type)
     return status >= 0x80 && status <= 0xFF && status != 0xF1 && status != 0xF4;
 }
 
-/// The columns after the event's name.
+/// The columns after the name of the event.
 std::string data(const MidiMessage& message)
 {
     const std::uint8_t d1 = message.getD1();

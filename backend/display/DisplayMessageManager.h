@@ -13,31 +13,31 @@ namespace Backend::Display
 class Display;
 class DisplayListener;
 
-/// The display's command set and its thread. Any thread but a time slice, where nothing else is said; all return at
-/// once.
+/// The commands of the display, and its thread. Any thread but a time slice, unless an operation says otherwise; all
+/// return at once.
 class ORV_API DisplayMessageManager
 {
 public:
     explicit DisplayMessageManager(Display& display);
 
     void start() { worker.start(); }
-    /// Ends the thread after the messages posted before, and waits for that.
+    /// Stops the thread after the messages posted before, and waits for its end.
     void stop() { worker.stop(); }
 
     void postAddText(const std::string& text);
-    /// Gives the listener the whole text.
+    /// Passes the whole text to the listener.
     void postResendText();
-    /// Gives the listener what is new, if anything is.
+    /// Passes new text to the listener, if there is any.
     void postUpdateListener();
     void postMidiInputEvent(const MidiEngine::OrvMidiMessage& event);
     void postMidiOutputEvent(const MidiEngine::OrvMidiMessage& event);
-    /// The same inside a time slice, without an allocation; `wake` follows once the engine lock is left.
+    /// The same inside a time slice, without an allocation; `wake` must be called after the lock was released.
     void postMidiOutputEventFromSlice(const MidiEngine::OrvMidiMessage& event);
     void wake() { worker.queue().wake(); }
-    /// Null for none. It must live until another takes its place or the display has ended.
+    /// Null for none. It must exist until it is replaced or the display has ended.
     void setListener(DisplayListener* listener);
-    /// For a listener that cannot wait for that, as a window that closes: it is deleted after its last call. Another
-    /// that has taken its place stays.
+    /// For a listener that cannot wait for that, such as a closing window: it is deleted after its last call. A
+    /// listener that has replaced it stays.
     void dropListener(std::unique_ptr<DisplayListener> listener);
     void postSetDisplayNumbers(bool on);
     void postSetDisplayMidiInputEvents(bool on);

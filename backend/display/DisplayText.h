@@ -8,27 +8,27 @@
 
 namespace Backend::Display
 {
-/// The log, in a buffer that never grows: when it is full its older half goes, wherever that cuts. It knows how much
-/// of it the listener has.
+/// The text of the log, in a buffer of fixed size: when it is full, the older half is removed, even within a line. It
+/// keeps track of how much the listener has received.
 class ORV_API DisplayText
 {
 public:
-    /// Room for the text with the NUL at its end.
+    /// The size of the buffer, with the NUL at the end of the text.
     static constexpr std::size_t CAPACITY = 30000;
-    /// A piece of that many characters or more is dropped.
+    /// A text of that many characters or more is dropped.
     static constexpr std::size_t TOO_LONG = 15000;
 
     DisplayText() { text.reserve(CAPACITY); }
 
-    /// After the older half went the listener counts as having all that is left: it keeps its own longer copy.
+    /// Appends text. If the older half was removed, the listener counts as having all of the rest, in its longer copy.
     void append(std::string_view piece);
 
     const std::string& all() const { return text; }
 
-    /// What the listener has not; from then on it has it.
+    /// The text that the listener has not received; it counts as received then.
     const char* takeUnsent();
     bool hasUnsent() const { return sentLength < text.size(); }
-    /// All of it; from then on the listener has it.
+    /// The whole text; it counts as received then.
     const char* takeAll();
 
 private:

@@ -6,7 +6,7 @@ namespace Backend
 {
 class MessageManagerMaster;
 
-/// Which threads may use what belongs to the backend thread.
+/// Checks which threads may use what belongs to the backend thread.
 class ORV_API BackendThread
 {
 public:
@@ -14,7 +14,7 @@ public:
     /// `StandIn`. For assertions.
     static bool isCurrent(const MessageManagerMaster& master);
 
-    /// Lets the thread that made it use the backend while it exists. For tests, which look at a backend at rest.
+    /// The thread that makes it may use the backend as long as it exists. For tests, which inspect a backend at rest.
     class ORV_API StandIn
     {
     public:

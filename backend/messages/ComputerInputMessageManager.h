@@ -22,8 +22,8 @@ inline constexpr TypedMessage<Key, bool> KEY_DOWN{33475, "KeyDown"};
 inline constexpr TypedMessage<Key> KEY_UP{33476, "KeyUp"};
 }  // namespace ComputerInputMessage
 
-/// What the window asks of the keys, and the keys themselves. Any thread but the time slice. Configurations travel as
-/// copies.
+/// The commands of the section of the computer's keys, from the window and for pressed keys. Any thread but the time
+/// slice. Messages contain copies of configurations.
 class ORV_API ComputerInputMessageManager final : public PresetMessageManager<ComputerInputMessage::Presets>
 {
 public:
@@ -39,7 +39,7 @@ public:
 
     void postSetUseKeyUpMod(bool on) { master.post(ComputerInputMessage::SET_USE_KEY_UP_MOD(on)); }
 
-    /// A key goes in its packed form, in the message itself.
+    /// The message contains the key in its packed form.
     void postKeyDown(const Key& key, bool isRepeat) { master.post(ComputerInputMessage::KEY_DOWN(key, isRepeat)); }
 
     void postKeyUp(const Key& key) { master.post(ComputerInputMessage::KEY_UP(key)); }

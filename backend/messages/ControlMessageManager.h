@@ -22,7 +22,7 @@ inline constexpr TypedMessage<Cell, std::int32_t> SET_VALUE{33975, "SetValue"};
 inline constexpr TypedMessage<Cell, bool> SET_SELECTED{33976, "SetSelected"};
 }  // namespace ControlMessage
 
-/// What the window and the time slices ask of the controls. Any thread; time slices have `getUpdates`.
+/// The commands of the controls section, from the window. Any thread but the time slice, which uses `ControlUpdates`.
 class ORV_API ControlMessageManager final : public PresetMessageManager<ControlMessage::Presets>
 {
 public:
@@ -36,7 +36,7 @@ public:
         master.post(ControlMessage::SET_CONTROLS(changed, notifyGui, deleteMissing));
     }
 
-    /// The user moves a control; without one at that cell nothing happens.
+    /// The user moves a control; ignored if there is none in that cell.
     void postSetValue(const Cell& cell, std::int32_t value) { master.post(ControlMessage::SET_VALUE(cell, value)); }
 
     void postSetSelected(const Cell& cell, bool selected) { master.post(ControlMessage::SET_SELECTED(cell, selected)); }

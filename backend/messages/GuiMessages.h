@@ -32,16 +32,16 @@ struct SavedRecord;
 using SaveReport = std::vector<SavedRecord>;
 }  // namespace RetroRecord
 
-/// What the backend notifies the window of, besides the changes of settings (`SettingMessages.h`). Lists and records
-/// travel as copies.
+/// The messages of the backend to the window, besides the changes of settings (`SettingMessages.h`). They contain copies
+/// of lists and records.
 namespace GuiMessage
 {
-/// What a save of the record wrote.
+/// The result of saving the record.
 inline constexpr TypedMessage<RetroRecord::SaveReport> RETRO_RECORD_SAVED{32880, "RetroRecordSaved"};
 /// 0 to 100 percent.
 inline constexpr TypedMessage<int> RETRO_RECORD_FILL{32881, "RetroRecordFill"};
 
-/// All of them.
+/// All settings.
 inline constexpr TypedMessage<RegistrySettings> SETTINGS{33219, "Settings"};
 inline constexpr TypedMessage<MidiEngine::MidiInputPorts> MIDI_INPUT_PORTS{33221, "MidiInputPorts"};
 inline constexpr TypedMessage<MidiEngine::MidiOutputPorts> MIDI_OUTPUT_PORTS{33223, "MidiOutputPorts"};
@@ -52,27 +52,27 @@ inline constexpr TypedMessage<> SHOW_SAVE_DIALOG{33242, "ShowSaveDialog"};
 inline constexpr TypedMessage<> SHOW_PROGRAM_MENU{33243, "ShowProgramMenu"};
 inline constexpr TypedMessage<> SHOW_DEFAULT_MIDI_OUTPUT_MENU{33244, "ShowDefaultMidiOutputMenu"};
 inline constexpr TypedMessage<WindowMove> MOVE_WINDOW{33245, "MoveWindow"};
-/// An event on its way to the player.
+/// An event that is sent to the player.
 inline constexpr TypedMessage<MidiEngine::OrvMidiMessage> MIDI_OUTPUT_EVENT{33248, "MidiOutputEvent"};
-/// A hard reset was done.
+/// A hard reset was executed.
 inline constexpr TypedMessage<> ORV_RESET{33253, "OrvReset"};
 inline constexpr TypedMessage<Program> PROGRAM_NAME{33255, "ProgramName"};
-/// True if the file had no such program.
+/// True if the file has no such program.
 inline constexpr TypedMessage<Program, bool> PROGRAM{33257, "Program"};
 /// The output, -1 for none.
 inline constexpr TypedMessage<int> DEFAULT_MIDI_OUTPUT{33258, "DefaultMidiOutput"};
 inline constexpr TypedMessage<Screen, OnOffToggle::State> SHOW_SCREEN{33261, "ShowScreen"};
-/// The place in PresetSections::ALL, and false if its folder did not take a change.
+/// The index in PresetSections::ALL, and false if its folder could not be changed.
 inline constexpr TypedMessage<std::uint32_t, bool, PresetList> PRESETS{33275, "Presets"};
-/// The sequence presets have changed, or, if false, one could not be written.
+/// True if the sequence presets have changed, false if one could not be written.
 inline constexpr TypedMessage<bool> SEQUENCE_PRESETS{33276, "SequencePresets"};
 
 /// Those that were replaced.
 inline constexpr TypedMessage<std::vector<ComputerInput::KeyConfiguration>> KEY_CONFIGURATIONS{33469,
                                                                                                "KeyConfigurations"};
-/// Whether modifiers count on key up.
+/// Whether a released key is looked up with its modifiers.
 inline constexpr TypedMessage<bool, ComputerInput::KeyConfigurationMap> COMPUTER_INPUT{33470, "ComputerInput"};
-/// What the keys do has changed; the preset they came from.
+/// The bindings of the keys have changed; the preset that they came from.
 inline constexpr TypedMessage<std::string> COMPUTER_INPUT_CHANGED{33471, "ComputerInputChanged"};
 /// A preset was loaded.
 inline constexpr TypedMessage<> COMPUTER_INPUT_PRESET{33472, "ComputerInputPreset"};
@@ -95,7 +95,7 @@ inline constexpr TypedMessage<Layers::LayerId, bool> LAYER_MUTE{34723, "LayerMut
 inline constexpr TypedMessage<Layers::LayerId, bool> LAYER_MONO{34724, "LayerMono"};
 inline constexpr TypedMessage<Layers::LayerId, bool> LAYER_SOLO{34725, "LayerSolo"};
 inline constexpr TypedMessage<Layers::LayerId, NoteToggle::Mode> LAYER_NOTE_TOGGLE{34726, "LayerNoteToggle"};
-/// Opens the settings of a layer.
+/// Opens the dialog of a layer.
 inline constexpr TypedMessage<SelectType> LAYER_EDIT{34727, "LayerEdit"};
 
 inline constexpr TypedMessage<Zones::ZoneId, std::int32_t> ZONE_TRANSPOSE{34969, "ZoneTranspose"};
@@ -105,7 +105,7 @@ inline constexpr TypedMessage<Zones::ZoneId, bool> ZONE_SELECTED{34971, "ZoneSel
 /// Those that were replaced.
 inline constexpr TypedMessage<std::vector<Joystick::JoystickButtonConfiguration>> JOYSTICK_BUTTONS{35219,
                                                                                                    "JoystickButtons"};
-/// Likewise.
+/// The same for axes.
 inline constexpr TypedMessage<std::vector<Joystick::AxisConfiguration>> JOYSTICK_AXES{35222, "JoystickAxes"};
 inline constexpr TypedMessage<int, bool> JOYSTICK_ENABLED{35223, "JoystickEnabled"};
 inline constexpr TypedMessage<Joystick::JoystickElement> JOYSTICK_BUTTON_DOWN{35224, "JoystickButtonDown"};
@@ -119,7 +119,7 @@ inline constexpr TypedMessage<Oscillators::OscId, bool> OSC_PLAYING{35471, "OscP
 /// Pulses per cycle.
 inline constexpr TypedMessage<Oscillators::OscId, std::int32_t> OSC_SPEED{35472, "OscSpeed"};
 inline constexpr TypedMessage<Oscillators::OscId, TimeIntervalType::Kind> OSC_SPEED_MODE{35473, "OscSpeedMode"};
-/// The running value.
+/// The present value.
 inline constexpr TypedMessage<Oscillators::OscId, std::int32_t> OSC_VALUE{35475, "OscValue"};
 }  // namespace GuiMessage
 }  // namespace Backend

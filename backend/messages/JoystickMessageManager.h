@@ -10,7 +10,7 @@
 
 namespace Backend::Joystick
 {
-/// An axis or a button of a joystick, as it travels in a message.
+/// An axis or a button of a joystick, packed for a message.
 struct JoystickElement {
     int joystick = 0;
     int part = 0;  ///< the number of the axis or button
@@ -69,8 +69,8 @@ using Presets = PresetMessages<35235>;
 inline constexpr TypedMessage<int, bool> ENABLE_JOYSTICK{35239, "EnableJoystick"};
 }  // namespace JoystickMessage
 
-/// What joysticks report and the window asks of them. Any thread but the time slice. Configurations travel as copies;
-/// axes and buttons go in the message itself. An id that is not valid does nothing.
+/// The commands of the joystick section, from the window and for the reports of joysticks. Any thread but the time
+/// slice. Messages contain copies of configurations. An id that is not valid is ignored.
 class ORV_API JoystickMessageManager final : public PresetMessageManager<JoystickMessage::Presets>
 {
 public:
@@ -79,7 +79,7 @@ public:
     {
     }
 
-    // A joystick's reports, ignored while it is disabled
+    // Reports of a joystick, ignored while it is disabled
 
     /// 0 to 65535.
     void postJoystickAxis(const JoyAxisElementId& id, int value)
@@ -97,7 +97,7 @@ public:
         master.post(JoystickMessage::JOYSTICK_BUTTON_UP({id.joystick, id.button}));
     }
 
-    // The window's requests
+    // Commands of the window
 
     /// X and Y together, or U and V, each from 0 to 65535.
     void postXyGrid(int joystick, AxisMode mode, int x, int y)

@@ -20,7 +20,7 @@ using Presets = PresetMessages<34721, std::vector<LayerId>>;
 inline constexpr TypedMessage<std::vector<LayerId>> SET_SELECTED{34725, "SetSelected"};
 }  // namespace LayerMessage
 
-/// What the window asks of the layers. Any thread but the time slice.
+/// The commands of the layers section. Any thread but the time slice.
 class ORV_API LayerMessageManager final : public PresetMessageManager<LayerMessage::Presets>
 {
 public:

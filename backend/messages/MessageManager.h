@@ -10,13 +10,13 @@ namespace Backend
 {
 class MessageManagerMaster;
 
-/// The numbers from `first` to `last` belong to one manager.
+/// The numbers of a manager's messages, `first` to `last`.
 struct MessageRange {
     unsigned int first;
     unsigned int last;
 };
 
-/// One section's commands: it posts them, and has those of its range of numbers handled on the thread of its master.
+/// The commands of a section: posts them, and executes those of its range of numbers on the thread of its master.
 class ORV_API MessageManager
 {
 public:
@@ -31,10 +31,10 @@ public:
     MessageManager(const MessageManager&) = delete;
     MessageManager& operator=(const MessageManager&) = delete;
 
-    /// True if that number lies in this manager's range.
+    /// Whether the number is in this manager's range.
     virtual bool wantMessage(unsigned int message) const { return message >= range.first && message <= range.last; }
 
-    /// Executes the message; one without a command is ignored.
+    /// Executes the message; one without an operation is ignored.
     virtual void handleMessage(Message& message) { handle(message); }
 
     bool currentThreadIsManagerThread() const;

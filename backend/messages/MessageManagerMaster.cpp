@@ -7,7 +7,7 @@ namespace Backend
 {
 namespace
 {
-constexpr std::size_t ROOM_FOR_SLICES = 1024;  // messages of time slices under way
+constexpr std::size_t ROOM_FOR_SLICES = 1024;  // messages that time slices can post without an allocation
 }
 
 MessageManagerMaster::MessageManagerMaster()

@@ -10,8 +10,8 @@ namespace Backend
 {
 class MessageManager;
 
-/// The backend thread: it offers each message to the managers in the order in which they were added, and the first
-/// that handles it executes it. A message without a manager is freed.
+/// The backend thread. Each message is executed by the first manager that accepts its number, in the order in which the
+/// managers were added. A message that no manager accepts is freed.
 class ORV_API MessageManagerMaster
 {
 public:
@@ -24,24 +24,24 @@ public:
 
     void start() { worker.start(); }
 
-    /// Ends the thread after the messages posted before, and waits for that.
+    /// Stops the thread after the messages posted before, and waits for its end.
     void stop() { worker.stop(); }
 
-    /// Before `start` only. The manager is not owned and must outlive the thread.
+    /// Only before `start`. The manager is not owned and must outlive the thread.
     void addMessageManager(MessageManager* manager) { messageManagers.push_back(manager); }
 
-    /// Any thread. Posts before `start` wait.
+    /// Any thread. Messages posted before `start` wait.
     void postMessage(unsigned int message, std::uint32_t wparam, std::int32_t lparam);
     void post(Message message) { worker.post(std::move(message)); }
 
-    /// Waits until the message was carried out. Not on the backend thread.
+    /// Waits until the message was executed. Not on the backend thread.
     void send(Message message) { worker.send(std::move(message)); }
 
     bool currentThreadIsManagerThread() const { return worker.currentThreadIsWorker(); }
 
     const Worker& getWorker() const { return worker; }
 
-    /// The thread's queue, for posts from a time slice.
+    /// The queue of the thread, for posts from a time slice.
     MessageQueue& getQueue() { return worker.queue(); }
 
 private:

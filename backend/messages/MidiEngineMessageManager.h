@@ -14,7 +14,7 @@
 
 namespace Backend::MidiEngine
 {
-/// The engine's commands: its operations of the same names.
+/// The commands of the engine, which execute its operations of the same names.
 namespace MidiEngineMessage
 {
 inline constexpr unsigned int STOP = 32869;
@@ -36,19 +36,19 @@ inline constexpr TypedMessage<Oscillators::OscId, bool> SET_OSC_PLAYING{32884, "
 inline constexpr TypedMessage<Oscillators::OscId, int> SET_OSC_SPEED{32885, "SetOscSpeed"};
 }  // namespace MidiEngineMessage
 
-/// What executes the engine's commands.
+/// The interface that executes the engine's commands.
 class MidiEngineCommands
 {
 public:
     virtual ~MidiEngineCommands() = default;
-    /// The engine command thread.
+    /// The engine's command thread.
     virtual void handleMessage(Message& message) = 0;
     /// See `MidiEngineMessageManager`; they wait.
     virtual void sendReset() = 0;
     virtual void sendHardReset() = 0;
 };
 
-/// The engine's command set, executed on a thread of its own, each command as one short stay under the engine lock.
+/// The commands of the engine, executed on a thread of its own. Each holds the engine lock for a short time only.
 /// `post` commands may be called on any thread but inside a time slice.
 class ORV_API MidiEngineMessageManager
 {
@@ -83,7 +83,7 @@ public:
         worker.post(MidiEngineMessage::ENABLE_MIDI_OUTPUT(port, enabled));
     }
     void postSetDefaultMidiOutput(int port) { worker.post(MidiEngineMessage::SET_DEFAULT_MIDI_OUTPUT(port)); }
-    /// A reset comes first, and the layers with it. The worker waits for the slice that does both.
+    /// The layers replace the present ones directly after a reset; the command thread waits for the slice of both.
     void postSetLayerList(std::vector<Layers::Layer> layers)
     {
         worker.post(MidiEngineMessage::SET_LAYER_LIST(std::move(layers)));
@@ -97,20 +97,20 @@ public:
     {
         worker.post(MidiEngineMessage::SET_ZONE_MAP(std::move(zones)));
     }
-    /// Only the transposition, and only if that zone is there.
+    /// Only the transposition, and only if there is such a zone.
     void postSetZone(const Zones::Zone& zone) { worker.post(MidiEngineMessage::SET_ZONE(zone)); }
     void postSetTempo(int bpm) { worker.post(MidiEngineMessage::SET_TEMPO(bpm)); }
     void postSetTempoSource(int source) { worker.post(MidiEngineMessage::SET_TEMPO_SOURCE(source)); }
     void postSetMidiThru(bool on) { worker.post(MidiEngineMessage::SET_MIDI_THRU(on)); }
-    /// Starts or stops an oscillator; its stop value is sent first. An id outside the list is ignored.
+    /// Starts or stops an oscillator; its stop value is sent too. An id outside the list is ignored.
     void postSetOscPlaying(Oscillators::OscId id, bool playing)
     {
         worker.post(MidiEngineMessage::SET_OSC_PLAYING(id, playing));
     }
     void postSetOscSpeed(Oscillators::OscId id, int speed) { worker.post(MidiEngineMessage::SET_OSC_SPEED(id, speed)); }
 
-    /// Ends every note and waits until a time slice has done so; done at once before the first slice, and when called
-    /// on the time-slice thread itself (outside a slice). The clock runs internally meanwhile.
+    /// Ends every note and waits until a time slice has done so; executed at once before the first slice, and on the
+    /// thread of the time slices (outside a slice). The clock is internal meanwhile.
     void sendReset() { commands.sendReset(); }
     /// The same, followed by all sound off, all controllers off and a system reset on the default output.
     void sendHardReset() { commands.sendHardReset(); }

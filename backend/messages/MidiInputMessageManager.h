@@ -19,7 +19,7 @@ inline constexpr TypedMessage<std::vector<MidiEventConfiguration>, bool> SET_EVE
 using Presets = PresetMessages<33720, std::vector<MidiEvent>>;
 }  // namespace MidiInputMessage
 
-/// What the window asks of the translations of incoming events. Any thread but the time slice.
+/// The commands of the MIDI input section. Any thread but the time slice.
 class ORV_API MidiInputMessageManager final : public PresetMessageManager<MidiInputMessage::Presets>
 {
 public:

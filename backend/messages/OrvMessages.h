@@ -20,8 +20,8 @@ namespace Backend
 struct HostStart;
 struct HostState;
 
-/// What the outside world asks of the backend: the operations of `OrvIF` of the same names, with their arguments. The
-/// commands that change a setting are in `SettingMessages.h`.
+/// The commands of the backend, which execute the operations of `OrvIF` of the same names. The commands that change a
+/// setting are in `SettingMessages.h`.
 namespace OrvMessage
 {
 inline constexpr MessageRange RANGE{33218, 33280};
@@ -72,7 +72,7 @@ inline constexpr TypedMessage<std::string> SAVE_RETRO_RECORD{33276, "SaveRetroRe
 inline constexpr TypedRequest<HostStart> GET_HOST_START{{33278, "GetHostStart"}};
 inline constexpr TypedMessage<int> SET_PROGRAM_NUMBER{33279, "SetProgramNumber"};
 inline constexpr TypedMessage<int> RELEASE_MIDI_INPUT{33280, "ReleaseMidiInput"};
-/// From the files thread: its work is done.
+/// From the files thread: its work is finished.
 inline constexpr TypedMessage<> FILES_DONE{33277, "FilesDone"};
 }  // namespace OrvMessage
 }  // namespace Backend

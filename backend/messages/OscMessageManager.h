@@ -28,7 +28,7 @@ inline constexpr TypedMessage<SelectType, std::int32_t> SET_SPEED_FROM_MIDI{3547
 inline constexpr TypedMessage<OscId, TimeIntervalType> SET_SPEED_MODE{35479, "SetSpeedMode"};
 }  // namespace OscMessage
 
-/// What the window asks of the oscillators, see `OscManager`. Any thread but the time slice.
+/// The commands of the oscillators section, see `OscManager`. Any thread but the time slice.
 class ORV_API OscMessageManager final : public PresetMessageManager<OscMessage::Presets>
 {
 public:

@@ -7,8 +7,8 @@
 
 namespace Backend
 {
-/// The commands of each section with presets: four numbers from `FIRST` on. `Ids` is the list of the items to be saved;
-/// a section whose presets always hold all items has none.
+/// The preset commands of a section: four numbers from `FIRST`. `Ids` is the type of the list of items to be saved; a
+/// section that always saves all items has none.
 template <unsigned int FIRST, class... Ids>
 struct PresetMessages {
     static constexpr TypedMessage<std::string> LOAD_PRESET{FIRST, "LoadPreset"};
@@ -17,7 +17,7 @@ struct PresetMessages {
     static constexpr TypedMessage<std::string, Ids...> SAVE_PRESET{FIRST + 3, "SavePreset"};
 };
 
-/// A message manager with those commands.
+/// A message manager with the preset commands.
 template <class Messages>
 class PresetMessageManager;
 
@@ -38,7 +38,7 @@ public:
 
     void postDeletePreset(const std::string& name) { master.post(Messages::DELETE_PRESET(name)); }
 
-    /// The items of `ids`, to be merged when they are loaded; an empty list for all items.
+    /// Saves the items of `ids`, to be merged when they are loaded, or with an empty list all items.
     void postSavePreset(const std::string& name, const Ids&... ids)
     {
         master.post(Messages::SAVE_PRESET(name, ids...));

@@ -5,8 +5,8 @@
 
 namespace Backend
 {
-/// The command that changes a setting, and the window's message when it was changed: the setting's number with the
-/// value.
+/// The command that changes a setting, and the message to the window when it was changed: the number of the setting
+/// with its value.
 template <const auto& row>
 inline constexpr TypedMessage<Settings::ValueOf<row>> SETTING{row.number, row.name};
 }  // namespace Backend

@@ -22,7 +22,7 @@ namespace Backend
 {
 namespace MessageCode
 {
-/// Values that travel in one of a message's two 32-bit parameters: integers, enumerations, and what packs itself.
+/// The types that fit into one 32-bit parameter of a message: integers, enumerations, and types with a packed form.
 template <class Value>
 concept Word = (std::is_integral_v<Value> && sizeof(Value) <= sizeof(std::uint32_t)) || std::is_enum_v<Value>;
 template <class Value>
@@ -58,13 +58,13 @@ constexpr Value fromWord(std::uint32_t word)
 
 template <class... Arguments>
 inline constexpr std::size_t WORDS = (std::size_t{0} + ... + (IS_WORD<Arguments> ? 1 : 0));
-/// At most two words and one value that is none: the value is the payload. Everything else travels as a tuple.
+/// At most two words, which are the parameters, and one other value, the payload. Otherwise the payload is a tuple.
 template <class... Arguments>
 inline constexpr bool IS_DIRECT = WORDS<Arguments...> <= 2 && sizeof...(Arguments) - WORDS<Arguments...> <= 1;
 }  // namespace MessageCode
 
-/// A message, declared once: its number, its name for the debug stream, and the types of its arguments. Called with
-/// them it makes the message; `on` makes the row of its receiver. Both refuse other types when they are compiled.
+/// The declaration of a message: its number, its name for the debug stream, and the types of its arguments. Calling it
+/// with arguments makes the message; `on` makes a row for its receiver. Both refuse other types at compile time.
 template <class... Arguments>
 struct TypedMessage {
     unsigned int number;
@@ -92,7 +92,7 @@ struct TypedMessage {
         return message;
     }
 
-    /// Calls `operation` with the message's arguments; not at all if the payload is missing.
+    /// Calls `operation` with the arguments; not if the payload is missing.
     template <class Operation>
     static void deliver(Message& message, Operation&& operation)
     {
@@ -124,7 +124,7 @@ private:
     }
 };
 
-/// An event in the two parameters, without a control's cell and a pulse, which do not fit.
+/// An event in the two parameters, without the cell of a control and without a pulse, which do not fit.
 template <>
 struct TypedMessage<MidiEngine::OrvMidiMessage> {
     unsigned int number;
@@ -144,12 +144,12 @@ struct TypedMessage<MidiEngine::OrvMidiMessage> {
     }
 };
 
-/// A whole event, as an owned copy.
+/// A whole event, as a copy.
 struct WholeEvent {
     MidiEngine::OrvMidiMessage event;
 };
 
-/// An event by one of two messages: in the parameters where it fits, as an owned copy where it does not.
+/// An event as one of two messages: in the parameters if it fits, else as a copy.
 struct EventMessage {
     TypedMessage<MidiEngine::OrvMidiMessage> viaParam;
     TypedMessage<WholeEvent> viaAlloc;
@@ -160,13 +160,13 @@ struct EventMessage {
     }
 };
 
-/// A message that is answered: its sender waits, see `ask`.
+/// A message with an answer, for which its sender waits, see `ask`.
 template <class Result, class... Arguments>
 struct TypedRequest : TypedMessage<std::shared_ptr<Result>, Arguments...> {
 };
 
-/// Sends a request through a worker, or whatever else can `send`, and returns the answer; a default one if the worker
-/// has stopped. Not on the receiver's thread.
+/// Sends a request with `send` of a worker or the like, and returns the answer; a default one if the worker has
+/// stopped. Not on the receiver's thread.
 template <class Sender, class Result, class... Arguments>
 Result ask(Sender& sender, const TypedRequest<Result, Arguments...>& request,
            std::type_identity_t<Arguments>... arguments)
@@ -176,7 +176,7 @@ Result ask(Sender& sender, const TypedRequest<Result, Arguments...>& request,
     return std::move(*answer);
 }
 
-/// Posts to the window, if there is one.
+/// Posts a message to the window, if there is one.
 template <class... Arguments>
 void notify(const WindowHandle& window, const TypedMessage<Arguments...>& type,
             const std::type_identity_t<Arguments>&... arguments)
@@ -184,7 +184,7 @@ void notify(const WindowHandle& window, const TypedMessage<Arguments...>& type,
     if (window) window.post(type(arguments...));
 }
 
-/// A row of a receiver's table: what a message does to it.
+/// A row of a message table: executes a message.
 template <class Target>
 struct Command {
     unsigned int number;
@@ -209,7 +209,7 @@ struct Signature<Result (*)(Owner&, Parameters...)> {
     using Target = Owner;
 };
 
-/// True if an operation takes these arguments as they are: the same types, nothing narrowed or converted.
+/// Whether an operation takes exactly these types of arguments, without a conversion.
 template <class Operation, class... Arguments>
 struct Takes : std::false_type {
 };
@@ -241,8 +241,8 @@ consteval void checkRequest(const TypedRequest<Result, Arguments...>&)
 }
 }  // namespace MessageCode
 
-/// The row that calls `operation`, a member function or a function of the target, with the message's arguments. A
-/// member may be inherited; then the target is named.
+/// A row that calls `operation`, a function or a member function of the target, with the arguments of the message. For
+/// an inherited member the target must be named.
 template <const auto& type, auto operation, class Target = typename MessageCode::Signature<decltype(operation)>::Target>
 constexpr auto on()
 {
@@ -254,7 +254,7 @@ constexpr auto on()
                            }};
 }
 
-/// The rows of an event that comes in the parameters, and of one that comes as a copy.
+/// The rows of an event in the parameters, and of one as a copy.
 template <const EventMessage& type, auto operation>
 constexpr auto onParam()
 {
@@ -276,7 +276,7 @@ constexpr auto onAlloc()
                            }};
 }
 
-/// The row that answers a request with what `operation` returns.
+/// A row that answers a request with the result of `operation`.
 template <const auto& request, auto operation>
 constexpr auto answer()
 {
@@ -301,7 +301,7 @@ constexpr std::array<Command<Target>, FIRST + SECOND> operator+(const std::array
     return all;
 }
 
-/// Executes the row of the message's number. One without a row is reported to the debug stream and ignored.
+/// Executes the row of the message's number. A number without a row is reported in the debug stream and ignored.
 template <class Target>
 void execute(std::span<const Command<Target>> table, Target& target, Message& message)
 {

@@ -19,7 +19,7 @@ inline constexpr TypedMessage<SelectType> SELECT_ZONE{34970, "SelectZone"};
 inline constexpr TypedMessage<std::vector<ZoneId>> SET_SELECTED{34971, "SetSelected"};
 }  // namespace ZoneMessage
 
-/// What the window asks of the zones. Any thread but the time slice.
+/// The commands of the zones section. Any thread but the time slice.
 class ORV_API ZoneMessageManager final : public MessageManager
 {
 public:

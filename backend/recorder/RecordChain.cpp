@@ -22,8 +22,8 @@ namespace
 {
 constexpr std::string_view EXTENSION = ".tmp";
 constexpr std::string_view LOCK_EXTENSION = ".lock";
-// Begins the base name of a chain that is not for a later run. In the name of an output that begins with it, it stands
-// twice.
+// The first character of the base name of a chain that is not kept for a later run. In the name of an output that
+// begins with it, it is doubled.
 constexpr char NEW_NAME = '~';
 
 bool isNewName(std::string_view baseName)
@@ -32,12 +32,12 @@ bool isNewName(std::string_view baseName)
 }
 
 struct ChainFile {
-    int number;  // LOCK for the chain's lock
+    int number;  // LOCK for the lock file
     std::string baseName;
 };
 constexpr int LOCK = -1;
 
-/// The parts of a file name in the folder, if it is a chain's.
+/// The parts of a chain's file name; nothing for any other file.
 std::optional<ChainFile> parseFileName(std::string_view name)
 {
     if (name.ends_with(LOCK_EXTENSION))
@@ -51,7 +51,7 @@ std::optional<ChainFile> parseFileName(std::string_view name)
     return ChainFile{number, std::string(base.substr(0, base.size() - EXTENSION.size()))};
 }
 
-/// Visits the chain files in a folder; `visit` may remove them.
+/// Calls `visit` with the files of chains in a folder; `visit` may remove them.
 template <class Visit>
 void forEachChainFile(const fs::path& folder, Visit visit)
 {
@@ -76,13 +76,13 @@ void removeFile(const fs::path& path)
     if (error) DbgStream() << textOf(path) << ": not removed: " << error.message();
 }
 
-/// The bytes of a file of a record, and how far they are one.
+/// The bytes of a file, and how many of them are whole events.
 struct FileContent {
     std::vector<std::uint8_t> bytes;
     WholeEvents whole;
 };
 
-/// A file that is not there is empty, and of one that is too large the beginning counts.
+/// Reads a file; a missing one counts as empty, and of one that is too large the beginning is read.
 std::error_code readFile(const fs::path& path, FileContent& content)
 {
     std::error_code error;
@@ -125,7 +125,7 @@ fs::path RecordChain::lockPath() const { return lockPathOf(folder, baseName); }
 
 void RecordChain::takeNewName()
 {
-    constexpr int ATTEMPTS = 100;  // none fails but where the folder takes no files
+    constexpr int ATTEMPTS = 100;  // all fail only if no file can be created in the folder
     std::random_device random;
     for (int attempt = 0; attempt < ATTEMPTS && !lock; ++attempt) {
         baseName = NEW_NAME + std::to_string(random());
@@ -167,7 +167,7 @@ bool RecordChain::rollOver()
         removeFile(pathOfFile(FILES - 1));
     std::error_code error;
     for (int number = filesInUse - 2; number >= 0; --number)
-        fs::rename(pathOfFile(number), pathOfFile(number + 1), error);  // one that is not there does no harm
+        fs::rename(pathOfFile(number), pathOfFile(number + 1), error);  // a missing file is no error
     return !fs::exists(pathOfFile(0), error) && !error;
 }
 

@@ -12,19 +12,19 @@
 
 namespace Backend::RetroRecord
 {
-/// Whether the files of an earlier run are taken over, or the record starts clean and goes with its owner.
+/// Whether the record continues that of an earlier run and is kept for a later one, or is deleted at the end.
 enum class Restore { no, yes };
 
-/// The files of one output's record: "<number>_<base name>.tmp" in a folder, number 0 being written, higher ones older.
-/// Dropping the oldest is one file less, never a rewrite. No other chain, in this process or another, has the same
-/// files at the same time. Nothing here throws; a disk that fails leaves files as they are.
+/// The files with the record of one output: "<number>_<base name>.tmp" in a folder. Number 0 is written, higher ones
+/// are older. The oldest events are dropped by removing a file. No other chain, in this or another process, uses the
+/// same files. Nothing here throws; if the disk fails, the files stay as they are.
 class ORV_API RecordChain
 {
 public:
     static constexpr int FILES = 10;
     static constexpr std::uintmax_t LARGEST_FILE = 200'000'000 / FILES;
 
-    /// With `restore`, the files that `name` had before; if another chain has them, or without `restore`, new ones.
+    /// With `restore`, uses the present files of `name`; without it, or if another chain uses them, new ones.
     RecordChain(std::filesystem::path folder, const std::string& name, Restore restore);
     ~RecordChain();
     RecordChain(const RecordChain&) = delete;
@@ -33,19 +33,19 @@ public:
     std::filesystem::path pathOfFile(int number) const;
     int getFilesInUse() const { return filesInUse; }
 
-    /// Makes file number 0 fit to be appended to: its folder is there, and what is no whole event at its end is cut
-    /// away. Returns how many bytes it has; nothing if it cannot be a record's file.
+    /// Prepares file number 0 for appending: creates its folder, and cuts off an incomplete event at its end. Returns
+    /// its size; nothing if it is no file of a record.
     std::optional<std::uintmax_t> prepareNewest();
 
-    /// Makes room for a new file number 0 by counting up all others. False if the old one is still there.
+    /// Adds 1 to the number of each file, so that number 0 is free. False if it is not.
     bool rollOver();
 
-    /// Appends all whole events, oldest first. With an error nothing is lost and the bytes are of no use.
+    /// Appends all whole events, oldest first. After an error the files are as before, and `bytes` must not be used.
     std::error_code appendTo(std::vector<std::uint8_t>& bytes, bool& anyPlayed) const;
 
     void removeFiles();
 
-    /// Removes from a folder the files of chains that are not for a later run and whose owners were killed.
+    /// Removes the files of chains that are not kept for a later run and whose processes were killed.
     static void removeOrphans(const std::filesystem::path& folder);
 
 private:

@@ -16,7 +16,7 @@ bool isForbidden(char character)
     return character == '/' || character == ':' || code < 32 || code == 127;
 }
 
-/// Cut between two characters.
+/// Cuts the name between two characters.
 std::string cut(const std::string& name)
 {
     if (name.size() <= LONGEST_NAME) return name;

@@ -8,7 +8,7 @@
 
 namespace Backend::RetroRecord
 {
-/// What each output is called in a file name: its name with `_` for `/`, `:` and control characters, at most 120 bytes
-/// of it. A twin is numbered, "Piano_2", so that no two are equal.
+/// The names of the outputs for file names: with `_` for `/`, `:` and control characters, at most 120 bytes. Equal
+/// names are numbered, "Piano_2".
 ORV_API std::vector<std::string> fileNamesOf(const MidiEngine::MidiOutputPorts& ports);
 }  // namespace Backend::RetroRecord

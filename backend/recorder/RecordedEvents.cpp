@@ -16,7 +16,7 @@ constexpr std::uint8_t FIRST_SYSTEM_STATUS = 0xF0;
 constexpr std::uint8_t ESCAPE = 0xF7;
 constexpr std::uint32_t LONGEST_DELTA = LONGEST_SILENCE / MILLISECONDS_PER_TICK;
 constexpr std::size_t LONGEST_SYSTEM_MESSAGE = 3;
-constexpr std::size_t TRACK_LENGTH = 18;  // where it stands in the file
+constexpr std::size_t TRACK_LENGTH = 18;  // its position in the file
 constexpr std::size_t TRACK = 22;
 
 bool isSystem(const MidiMessage& message)
@@ -26,13 +26,13 @@ bool isSystem(const MidiMessage& message)
 
 bool isData(std::uint8_t byte) { return byte < FIRST_STATUS; }
 
-/// Takes one event after the other off the front of the bytes.
+/// Reads the events at the front of the bytes, one after another.
 class EventReader
 {
 public:
     explicit EventReader(Bytes allBytes) : bytes(allBytes) {}
 
-    /// False if what is left does not begin with a whole event.
+    /// False if the rest does not begin with a whole event.
     bool next() { return takeDelta() && takeMessage(); }
 
     std::size_t left() const { return bytes.size(); }
@@ -47,7 +47,7 @@ private:
         return true;
     }
 
-    /// A variable-length quantity: seven bits a byte, the highest bit set in all but the last.
+    /// Reads a variable-length quantity: seven bits in each byte, the highest bit set in all but the last.
     bool takeDelta()
     {
         std::uint32_t delta = 0;
@@ -138,7 +138,7 @@ std::vector<std::uint8_t> beginMidiFile()
             0,   0};
 }
 
-/// All sound off and the end of the track, both directly after the last event.
+/// Appends all sound off and the end of the track, both directly after the last event.
 void finishMidiFile(std::vector<std::uint8_t>& file)
 {
     file.insert(file.end(), {0, 0xB0, 120, 0, 0, 0xFF, 0x2F, 0});

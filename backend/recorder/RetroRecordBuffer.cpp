@@ -24,7 +24,7 @@ bool isTaken(const std::string& path)
     return fs::symlink_status(pathOf(path), none).type() != fs::file_type::not_found;
 }
 
-/// The first name that is free, or the last there is.
+/// The first free name, or the last one that was tried.
 std::string freeName(const std::string& name)
 {
     std::string path = name + ".mid";
@@ -68,7 +68,7 @@ bool RetroRecordBuffer::openFile()
     return file.good();
 }
 
-/// A file older than the newest has its whole share of the room.
+/// Each file but the newest counts with its full size.
 int RetroRecordBuffer::getFill() const
 {
     constexpr std::int64_t SHARE = 100 / RecordChain::FILES;
@@ -76,7 +76,7 @@ int RetroRecordBuffer::getFill() const
     return static_cast<int>(SHARE * (chain.getFilesInUse() - 1) + newest);
 }
 
-/// A file that failed is opened again after a while.
+/// A file that failed is tried again after a while.
 bool RetroRecordBuffer::isReady(Milliseconds time)
 {
     if (file.good()) return true;
@@ -96,7 +96,7 @@ void RetroRecordBuffer::addEvent(const MidiMessage& message, Milliseconds time)
     if (!file) failed = time;
 }
 
-/// An event may have been under way when the record started.
+/// Negative differences are possible: an event may have been played before the record was started.
 int RetroRecordBuffer::millisecondsSince(Milliseconds time) const
 {
     const auto delta = static_cast<std::int32_t>(time - lastTime);

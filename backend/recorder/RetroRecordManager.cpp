@@ -26,11 +26,12 @@ constexpr TypedMessage<int> SET_BUFFER_SIZE{32873, "SetBufferSize"};
 constexpr TypedMessage<bool> ENABLE{32874, "Enable"};
 constexpr TypedMessage<WindowHandle> SET_FILL_LISTENER{32875, "SetFillListener"};
 
-// Some seconds of the densest playing, should the disk stand still.
+// Some seconds of the densest playing, for a disk that is busy.
 constexpr std::size_t SLICE_POOL = 4096;
 constexpr std::uint32_t FIRST_SYSTEM_STATUS = 0xF0;
 
-/// An event as one word, so that it travels without an allocation: status, data bytes and output from the low byte up.
+/// Packs an event into one word, so that posting it needs no allocation: status, data bytes and output from the low
+/// byte up.
 std::uint32_t packed(const MidiMessage& message, int output)
 {
     const auto bare = static_cast<std::uint32_t>(message.getStatus());
@@ -161,7 +162,7 @@ void RetroRecordManager::handleSetBufferSize(int bytes)
 void RetroRecordManager::handleSetFillListener(const WindowHandle& window)
 {
     listener = window;
-    sentFill = 0;  // what a window shows until it receives one
+    sentFill = 0;  // the window shows this until it receives a message
 }
 
 void RetroRecordManager::sendFill()

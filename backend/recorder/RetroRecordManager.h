@@ -16,36 +16,36 @@
 
 namespace Backend::RetroRecord
 {
-/// The retrospective record: whatever the engine plays is kept for a while, for each enabled output, and can be made
-/// into MIDI files at any time. Everything that touches the disk runs on a thread of its own. All operations are posts
-/// that any thread may make, except `start`, `end` and those that name a thread.
+/// The retrospective record: keeps what was played lately at each enabled output, and saves it as MIDI files on
+/// request. Everything that uses the disk runs on a thread of its own. All operations are posts that any thread may
+/// make, except `start`, `end` and those that name a thread.
 class ORV_API RetroRecordManager
 {
 public:
     using Clock = std::function<Milliseconds()>;
 
-    /// The size of the whole record of an output, in bytes.
+    /// The range of the size of an output's record, in bytes.
     static constexpr int SMALLEST_BUFFER = Settings::RETRO_RECORD_BUFFER_SIZE.lowest;
     static constexpr int LARGEST_BUFFER = Settings::RETRO_RECORD_BUFFER_SIZE.highest;
     static bool isBufferSize(int bytes) { return bytes >= SMALLEST_BUFFER && bytes <= LARGEST_BUFFER; }
 
-    /// `clock` is called on the recorder's thread; events have its time, too.
+    /// `clock` is called on the recorder's thread; it must be the clock whose time events have.
     RetroRecordManager(Clock clock, Restore restore);
     ~RetroRecordManager() { end(); }
 
-    /// Makes the folder of the record and starts the thread. A size outside the limits goes to the nearer one. Without
-    /// a folder ("") nothing is recorded.
+    /// Creates the folder of the record and starts the thread. The size is limited to its range. Without a folder ("")
+    /// nothing is recorded.
     void start(bool enabled, int bufferSize, const std::string& folder);
 
-    /// Ends the thread after what was posted before, and closes the record.
+    /// Stops the thread after the messages posted before, and closes the record.
     void end();
 
-    /// The outputs that are enabled are recorded. The record of one that was recorded before goes on; that of another
-    /// goes, if it is not for a later run.
+    /// Records the outputs that are enabled. The record of an output that was recorded before continues; that of any
+    /// other output is removed, unless it is kept for a later run.
     void setOutputs(const MidiEngine::MidiOutputPorts& ports);
 
-    /// Inside a time slice: one wait-free push. `output` 0 to 127, others are ignored. `wake` follows once the engine
-    /// lock is left.
+    /// Time slice only: one wait-free push. `output` is 0 to 127, others are ignored. `wake` must be called after the
+    /// engine lock was released.
     void addEvent(const MidiEngine::MidiMessage& message, int output, Milliseconds time);
     void wake() { worker.queue().wake(); }
 
@@ -53,14 +53,14 @@ public:
     /// thread.
     void save(const std::string& stem, SaveListener whenSaved);
 
-    /// Ignored outside the limits. What is recorded already goes as new events come.
+    /// Ignored outside the range. If the record is too large, the oldest events are dropped when new ones come.
     void setBufferSize(int bytes);
 
-    /// From now on `window`, which starts with 0, gets GuiMessage::RETRO_RECORD_FILL whenever it changes: the fill of
-    /// the fullest record, see `RetroRecordBuffer::getFill`. One window at a time; an empty handle for none.
+    /// Sends GuiMessage::RETRO_RECORD_FILL to `window` whenever the fill of the fullest record changes, see
+    /// `RetroRecordBuffer::getFill`. The window must start with 0. One window at a time; an empty handle for none.
     void setFillListener(const WindowHandle& window);
 
-    /// While it is off events are dropped and the record stands as it is.
+    /// While it is off, events are dropped and the record is kept.
     void enable(bool on);
 
     const Worker& getWorker() const { return worker; }
@@ -84,7 +84,7 @@ private:
     int fileSize = 0;
     bool enabled = false;
     WindowHandle listener;
-    int sentFill = 0;  // the last that the listener got
+    int sentFill = 0;  // the last one that the window received
 
     Worker worker;
 };

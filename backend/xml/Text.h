@@ -4,10 +4,10 @@
 #include <string>
 #include <string_view>
 
-/// The text helpers that every attribute parser uses. None of them depends on the locale.
+/// Text functions for parsing attributes. None of them depends on the locale.
 namespace Text
 {
-/// Without the blanks (character 32 only) on both sides.
+/// Removes the blanks (character 32 only) on both sides.
 inline std::string_view trim(std::string_view text)
 {
     const auto first = text.find_first_not_of(' ');
@@ -15,8 +15,8 @@ inline std::string_view trim(std::string_view text)
     return text.substr(first, text.find_last_not_of(' ') - first + 1);
 }
 
-/// Cuts `rest` at the first `delimiter`: the trimmed part before it is the token, the part after it stays in `rest`.
-/// Without a delimiter everything is the token and `rest` becomes empty.
+/// Splits `rest` at the first `delimiter`: returns the trimmed part before it, and leaves the part after it in `rest`.
+/// Without a delimiter the whole text is returned and `rest` becomes empty.
 inline std::string_view nextToken(std::string_view& rest, char delimiter)
 {
     const auto at = rest.find(delimiter);
@@ -25,7 +25,7 @@ inline std::string_view nextToken(std::string_view& rest, char delimiter)
     return trim(token);
 }
 
-/// The decimal integer at the start of `text`, as stream extraction reads it: white space and a sign may stand before
-/// it, and it ends where the digits end. None if there is no number or it does not fit 32 bits.
+/// Parses the decimal integer at the start of `text` like a stream: white space and a sign may precede it, and it ends
+/// at the first character that is no digit. Nothing if there is no number, or it does not fit 32 bits.
 std::optional<int> parseInteger(std::string_view text);
 }  // namespace Text

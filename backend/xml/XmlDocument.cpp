@@ -10,7 +10,7 @@
 
 namespace
 {
-/// The whole file, or as much of it as shows that it is too large; none if there is no such file.
+/// Reads the file, up to one byte more than is allowed; nothing if there is no such file.
 std::optional<std::string> readFile(std::string_view path)
 {
     const std::filesystem::path file(std::u8string(path.begin(), path.end()));

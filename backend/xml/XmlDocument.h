@@ -6,9 +6,9 @@
 
 #include "backend/xml/XmlElement.h"
 
-/// An XML document that was read, from a file or from a text in memory, in UTF-8. What cannot be read has no root, and
-/// the debug stream gets the file, the place and the reason: a missing file, bad tags, anything but white space,
-/// comments and instructions around the one root element, bytes that are not UTF-8, and what passes the limits below.
+/// An XML document in UTF-8, from a file or a text. One that cannot be read has no root, and the debug stream gets
+/// file, place and reason: a missing file, wrong tags, anything but white space, comments and instructions beside the
+/// one root element, bytes that are not UTF-8, and documents beyond the limits below.
 ///
 /// The limits keep a hostile file to about 450 MB of memory while it is read, and to little stack: nothing recurses. A
 /// document type is passed over: its entities are never expanded and no other file is ever fetched. A reference to an

@@ -10,7 +10,7 @@
 
 namespace
 {
-// Lower case or upper case, nothing between.
+// Lower case or upper case, not mixed.
 constexpr auto TRUTHS = std::to_array<Word<bool>>({{true, "true"},
                                                    {true, "TRUE"},
                                                    {true, "yes"},

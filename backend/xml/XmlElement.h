@@ -11,22 +11,22 @@ class xml_document;
 struct xml_node_struct;
 }  // namespace pugi
 
-/// An element of a document that was read, and at once a cursor over the child nodes of its parent. Comments,
-/// processing instructions and text count as positions, where the cursor holds no element; white space alone between
-/// two tags does not. Nothing here fails: without an element every question has its default answer. A copy shares the
-/// parsed nodes, and they live as long as anyone holds them, also without the document. All text is UTF-8.
+/// An element of a document, and also a cursor over the child nodes of its parent. Comments, processing instructions
+/// and text are positions without an element; white space alone between two tags is none. Without an element, every
+/// getter returns its default. Copies share the parsed nodes, which exist as long as any copy does, even without the
+/// document. All text is UTF-8.
 ///
-/// The walk over the children of `parent` is `forEachElement`, or by hand: from `begin` on, while `hasSiblings` and the
-/// position is not the child count of `end`.
+/// To iterate over the children of `parent`, use `forEachElement`, or start with `begin` and call `next` while
+/// `hasSiblings` is true and the position is not the child count of `end`.
 class XmlElement
 {
 public:
-    /// No element, outside any list: what a bad document has for a root, and what an end cursor is.
+    /// No element: the root of a document that could not be read, and the end cursor.
     XmlElement() = default;
 
     bool hasElement() const { return element != nullptr; }
 
-    /// The tag, empty without an element.
+    /// The tag name, empty without an element.
     std::string getTagName() const;
 
     /// The first attribute of that name, up to its first NUL.
@@ -38,23 +38,23 @@ public:
     /// The decimal number at the start of the attribute; the default if there is none or it does not fit 32 bits.
     std::int32_t getIntAttribute(std::string_view name, std::int32_t defaultValue) const;
 
-    /// The same for a field of eight bits: the default also for a number outside -128 to 127.
+    /// The same for eight bits: the default also for a number outside -128 to 127.
     std::int8_t getByteAttribute(std::string_view name, std::int8_t defaultValue) const;
 
-    /// All the text inside the element and the elements inside it, in order.
+    /// The text inside the element and its descendants, in order.
     std::string getText() const;
 
-    /// A cursor at the first child node, an end cursor without an element.
+    /// A cursor at the first child node; the end cursor without an element.
     XmlElement begin() const;
-    /// An end cursor, which has this element's child count.
+    /// The end cursor, which has the child count of this element.
     XmlElement end() const;
-    /// Moves on by one node, also past the last; returns a copy. A root and an end cursor stay.
+    /// Advances by one node, also beyond the last; returns a copy. A root and an end cursor do not move.
     XmlElement next();
 
     bool hasSiblings() const { return siblings != nullptr; }
-    /// The index among the siblings, -1 for a root and for an end cursor.
+    /// The index among the siblings, -1 for a root and for the end cursor.
     std::int32_t getPosition() const { return position; }
-    /// The child nodes of the element, 0 without one.
+    /// The number of child nodes, 0 without an element.
     std::int32_t getChildCount() const { return childCount; }
 
 private:
@@ -63,15 +63,15 @@ private:
     explicit XmlElement(std::shared_ptr<const pugi::xml_document> parsed);
     void enter(pugi::xml_node_struct* atNode);
 
-    std::shared_ptr<const pugi::xml_document> document;  // keeps what the pointers below point to
+    std::shared_ptr<const pugi::xml_document> document;  // owns the nodes below
     pugi::xml_node_struct* element = nullptr;
     pugi::xml_node_struct* siblings = nullptr;  // their parent
-    pugi::xml_node_struct* node = nullptr;      // of any kind, at the position
+    pugi::xml_node_struct* node = nullptr;      // of any type, at the position
     std::int32_t position = -1;
     std::int32_t childCount = 0;
 };
 
-/// Calls `visit` with each child element of `parent`, in order, and passes over all other nodes.
+/// Calls `visit` with each child element of `parent`, in order; other nodes are skipped.
 template <class Visitor>
 void forEachElement(const XmlElement& parent, Visitor visit)
 {

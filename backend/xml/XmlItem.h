@@ -3,7 +3,7 @@
 #include <concepts>
 #include <string>
 
-/// Any value that can stand in an attribute: it prints its text. What it prints is written as it is, so it is free of
+/// Any value that can be written in an attribute: it prints its text. The text is not escaped, so it must not contain
 /// the characters that `xmlEscape` replaces.
 template <class Value>
 concept XmlItem = requires(const Value& value)

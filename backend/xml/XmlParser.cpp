@@ -8,10 +8,10 @@
 
 namespace
 {
-// Text outside the root is kept so that it can be refused; white space alone never is.
+// Text outside the root is parsed so that it can be refused; white space alone never is.
 constexpr unsigned FLAGS = pugi::parse_default | pugi::parse_comments | pugi::parse_pi | pugi::parse_fragment;
 
-/// Walks the whole tree, without recursion, to the first thing that the parser lets pass and we do not.
+/// Visits the whole tree, without recursion, and finds the first thing that the parser accepts and we do not.
 class Inspector final : public pugi::xml_tree_walker
 {
 public:

@@ -11,7 +11,7 @@
 
 namespace Backend
 {
-/// A parameter that stands in an attribute of its owner's element.
+/// A parameter that is stored in an attribute of its owner's element.
 template <class Owner, class Value>
 struct Attribute {
     std::string_view name;
@@ -33,7 +33,7 @@ inline void writeAttribute(std::ostream& out, std::string_view name, std::int8_t
     out << xmlCharAttribute(name, number);
 }
 
-/// What is not there stays as it is.
+/// A missing attribute leaves the value unchanged.
 inline void readAttribute(const XmlElement& element, std::string_view name, std::string& text)
 {
     text = element.getAttribute(name, text);
@@ -48,8 +48,8 @@ void readAttribute(const XmlElement& element, std::string_view name, Value& valu
     value = Value::fromXmlString(element.getAttribute(name, value.toXmlString()));
 }
 
-/// What the parameters of a family are good for, written once: `Family::attributes()` lists them as a tuple of
-/// Attribute in the order in which they are written.
+/// Reads, writes and compares the parameters of a family: `Family::attributes()` lists them as a tuple of Attribute, in
+/// the order in which they are written.
 template <class Family>
 void writeAttributes(std::ostream& out, const Family& family)
 {

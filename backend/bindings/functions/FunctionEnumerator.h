@@ -5,7 +5,7 @@
 
 namespace Backend::FunctionManagement
 {
-/// Takes what there is to pick from.
+/// Receives the functions that can be picked.
 class FunctionEnumerator
 {
 public:
@@ -13,6 +13,6 @@ public:
     virtual void addFunction(const FunctionInfo& function) = 0;
 };
 
-/// Adds every function that is offered, in the order in which pickers show them; the first stands for none.
+/// Adds every function that is offered, in the order of the pickers; the first one means no function.
 ORV_API void enumerateFunctions(FunctionEnumerator& enumerator);
 }  // namespace Backend::FunctionManagement

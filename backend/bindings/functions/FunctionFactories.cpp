@@ -1,4 +1,4 @@
-// What derives from the table of contents: the factories and the list for pickers.
+// The factories and the list for pickers, which are made from FunctionList.h.
 
 #include "backend/bindings/functions/FunctionFactories.h"
 #include "backend/bindings/functions/FunctionEnumerator.h"
@@ -11,7 +11,7 @@ namespace
 template <class Type>
 constexpr bool IS_MADE = !std::is_same_v<Type, Functions::NoFunction>;
 
-/// Calls `make` with the class of that type name, if functions of it are made.
+/// Calls `make` with the class of that type name, if functions of it can be made.
 template <class Make>
 void withClass(std::string_view typeName, Make&& make)
 {

@@ -15,8 +15,8 @@
 
 namespace Backend::FunctionManagement
 {
-/// What all functions share. A concrete class, `Derived`, says its `info` and what `execute` does; its family brings
-/// the parameters, listed by `attributes`.
+/// The base of all functions. A concrete class, `Derived`, defines its `info` and `execute`; its family has the
+/// parameters and lists them in `attributes`.
 template <class Derived, class Settings>
 class FunctionOf : public Function, public Settings
 {
@@ -42,7 +42,7 @@ public:
     }
     int getHelpId() const override { return Derived::info.helpId; }
 
-    /// From its element.
+    /// From the function's element.
     void readParameters(const XmlElement& element) { readAttributes(element, derived()); }
     void writeParameters(std::ostream& out) const { writeAttributes(out, derived()); }
     bool hasSameParameters(const Derived& other) const { return hasSameAttributes(derived(), other); }
@@ -62,7 +62,7 @@ private:
 template <class Derived>
 using ActionFunction = FunctionOf<Derived, ActionSettingsType>;
 
-/// Switches something on, off, or to the other of what it is.
+/// Sets a switch to on, off, or the opposite of its state.
 template <class Derived>
 class ToggleFunction : public FunctionOf<Derived, OnOffToggleSettingsType>
 {
@@ -78,7 +78,7 @@ protected:
     OnOffToggle toggle{};
 };
 
-/// Loads a stored preset of `Derived::SECTION` by its name.
+/// Loads a preset of `Derived::SECTION`.
 template <class Derived>
 class PresetFunction : public FunctionOf<Derived, LoadPresetSettingsType>
 {
@@ -97,7 +97,7 @@ protected:
 
 inline constexpr RelativeFixedValue BLANK{.relative = true, .value = 0};
 
-/// Where a parameter starts.
+/// The value of a parameter that a picker starts with.
 template <class Value>
 constexpr Value startValue()
 {
@@ -109,8 +109,8 @@ constexpr RelativeFixedValue startValue()
     return BLANK;
 }
 
-/// Addresses items of a list, to select one or to change a setting of them: which of the two, `Derived::flags` say, and
-/// with that which attributes there are.
+/// Selects items of a list, or changes a setting of them. `Derived::flags` says which of the two, and so which
+/// attributes there are.
 template <class Derived, class Settings, class Value>
 class ChangeFunctionOf : public FunctionOf<Derived, Settings>
 {
@@ -162,7 +162,7 @@ using BooleanFunction = ChangeFunctionOf<Derived, ChangeBooleanSettingsType, OnO
 template <class Derived>
 using NoteToggleFunction = ChangeFunctionOf<Derived, ChangeNoteToggleSettingsType, NoteToggle>;
 
-/// Acts on controls of the grid. `Derived::start` is the selection it starts from, `Derived::flags` what it takes.
+/// Acts on controls of the grid. `Derived::start` is what a picker starts with, `Derived::flags` what can be selected.
 template <class Derived>
 class ControlFunctionOf : public FunctionOf<Derived, SelectControlSettingsType>
 {

@@ -4,7 +4,7 @@
 
 namespace Backend
 {
-/// How a function or a translation is called: on the screen, in files, and where its explanation stands.
+/// The names of a function or a translation, on the screen and in files, and its help text.
 struct FunctionInfo {
     std::string_view displayName;
     std::string_view typeName;

@@ -83,8 +83,8 @@ class ChangeLayerNoteToggle;
 class MidiEndOfSysEx;
 }  // namespace Functions
 
-/// The table of contents: every function with its family, in the order in which pickers show them. The last one is
-/// read and written but not offered. Lists, visitors and factories derive from it.
+/// Every function with its family, in the order of the pickers. The last one is read and written but not offered.
+/// Lists, visitors and factories are made from this list.
 using FunctionRows = TypeList<
     CatalogueRow<NoFunctionSettingsType, Functions::NoFunction>, CatalogueRow<MidiSettingsType, Functions::MidiNoteOn>,
     CatalogueRow<MidiSettingsType, Functions::MidiNoteOff>, CatalogueRow<MidiSettingsType, Functions::MidiKeyPressure>,
@@ -149,7 +149,7 @@ using FunctionRows = TypeList<
 using AllFunctions = ClassesOf<FunctionRows>;
 static_assert(AllFunctions::size == 64);
 
-/// One operation for each function class.
+/// Has an operation for each function class.
 class FunctionVisitor : public VisitorOf<AllFunctions>
 {
 };
@@ -159,7 +159,7 @@ using AllFunctionSettings =
              MoveWindowSettingsType, SelectSettingsType, ChangeBooleanSettingsType, ChangeNoteToggleSettingsType,
              SelectControlSettingsType, MidiSettingsType>;
 
-/// One operation for each kind of settings.
+/// Has an operation for each kind of settings.
 class FunctionSettingsTypeVisitor : public VisitorOf<AllFunctionSettings>
 {
 };

@@ -14,13 +14,13 @@
 
 namespace Backend::FunctionManagement
 {
-/// What an editor sees of a function: its parameters, without its class.
+/// The parameters of a function as an editor sees them, without the function's class.
 class FunctionSettingsType
 {
 public:
     virtual ~FunctionSettingsType() = default;
 
-    /// Shows the kind of settings to a visitor.
+    /// Calls the visitor's operation for this kind of settings.
     virtual void accept(FunctionSettingsTypeVisitor& visitor) = 0;
 
 protected:
@@ -29,7 +29,7 @@ protected:
     FunctionSettingsType& operator=(const FunctionSettingsType&) = default;
 };
 
-/// A kind of settings, which also shows the function's class to its own visitor.
+/// A kind of settings, which can also show the function's class to a visitor of its own.
 template <class Self>
 class FunctionSettingsOf : public FunctionSettingsType
 {
@@ -46,7 +46,7 @@ class NoFunctionSettingsType : public FunctionSettingsOf<NoFunctionSettingsType>
 {
 };
 
-/// Of a function without parameters.
+/// For a function without parameters.
 class ActionSettingsType : public FunctionSettingsOf<ActionSettingsType>
 {
 };
@@ -61,7 +61,7 @@ public:
 class LoadPresetSettingsType : public FunctionSettingsOf<LoadPresetSettingsType>
 {
 public:
-    /// The preset's name.
+    /// The name of the preset.
     virtual std::string getPreset() const = 0;
     virtual void setPreset(const std::string& name) = 0;
 };
@@ -75,8 +75,8 @@ public:
     virtual void setY(RelativeFixedValue position) = 0;
 };
 
-/// Of a function that addresses items of a list and may change a setting of them. What a function does not have, select
-/// or value, answers with its default and ignores the setter; the flags say so.
+/// For a function that selects items of a list or changes a setting of them. If it has no selection or no value, as the
+/// flags say, the getter returns the default and the setter does nothing.
 template <class Self, class Value>
 class ChangeSettingsOf : public FunctionSettingsOf<Self>
 {
@@ -109,7 +109,7 @@ class SelectControlSettingsType : public FunctionSettingsOf<SelectControlSetting
 public:
     virtual SelectControlType getSelectControlType() const = 0;
     virtual void setSelectControlType(SelectControlType select) = 0;
-    /// Blank, and the setter ignored, where there is no value.
+    /// Blank, and the setter does nothing, if there is no value.
     virtual RelativeFixedValue getValue() const = 0;
     virtual void setValue(RelativeFixedValue newValue) = 0;
 
@@ -119,9 +119,9 @@ public:
     virtual bool allowAll() const = 0;
 };
 
-/// Of a function that plays a MIDI event. A part that the event does not have is -1 for zone, output and channel and 0
-/// for the data, and its setter is ignored. Values are kept as signed bytes; the first data value of pitch bend and
-/// song position has 14 bits and they have no second.
+/// For a function that plays a MIDI event. A part that the event does not have is -1 for zone, output and channel and 0
+/// for the data, and its setter does nothing. Values are stored as signed bytes; the first data value of pitch bend and
+/// song position has 14 bits, and they have no second.
 class MidiSettingsType : public FunctionSettingsOf<MidiSettingsType>
 {
 public:

@@ -1,6 +1,6 @@
 #pragma once
 
-// Every function class.
+// Includes every function class.
 
 #include "backend/bindings/functions/ControlFunctions.h"
 #include "backend/bindings/functions/LayerFunctions.h"

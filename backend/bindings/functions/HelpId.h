@@ -2,8 +2,8 @@
 
 namespace Backend::HelpId
 {
-/// Which sentence explains a function or a translation. A screen has four in a row: in general, and when it is shown,
-/// hidden and toggled.
+/// The numbers of the help texts of functions and translations. A screen has four in a row: a general one, and those
+/// for show, hide and toggle.
 enum Number : int {
     noFunction = 5345,
     moveWindow = 5346,

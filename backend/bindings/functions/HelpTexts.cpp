@@ -101,7 +101,7 @@ constexpr auto TEXTS = std::to_array<HelpText>({
     {HelpId::translateToSystemReset, "Change midi event type to system reset (0xff)."},
 });
 
-/// The names of the screens, which follow "the" in their four sentences.
+/// The names of the screens, inserted into the sentences below.
 constexpr auto SCREENS = std::to_array<HelpText>({
     {HelpId::showSystem, "main screen"},
     {HelpId::showHelp, "help"},
@@ -117,7 +117,7 @@ constexpr auto SCREENS = std::to_array<HelpText>({
     {HelpId::showLayer, "layers"},
 });
 
-/// For the function as such, and when it shows, hides or toggles.
+/// In general, and for show, hide and toggle.
 constexpr std::array<std::string_view, 4> SCREEN_VERBS{"Show or hide the ", "Show the ", "Hide the ",
                                                        "Show the hidden or hide the shown "};
 

@@ -7,6 +7,6 @@
 
 namespace Backend
 {
-/// The sentence of that number, in English; empty if there is none.
+/// The help text of that number, in English; empty if there is none.
 ORV_API std::string helpText(int helpId);
 }  // namespace Backend

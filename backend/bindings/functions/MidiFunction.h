@@ -7,12 +7,12 @@
 
 namespace Backend::FunctionManagement
 {
-/// A data value of a MIDI function: its attribute, and where it starts. A function read from a file and one picked from
-/// a list start differently.
+/// A data value of a MIDI function: its attribute, and its initial value, which differs for a function from a file and
+/// one from a picker.
 struct MidiDataShape {
     enum class Text { number, note };
 
-    std::string_view attribute{};  ///< none for an event without this value
+    std::string_view attribute{};  ///< empty if the event does not have this value
     int fromFile = 0;
     int picked = 0;
     Text text = Text::number;
@@ -20,7 +20,7 @@ struct MidiDataShape {
     constexpr bool exists() const { return !attribute.empty(); }
 };
 
-/// What a MIDI function plays.
+/// The event of a MIDI function.
 struct MidiShape {
     enum class Path { layers, engine };
     enum class Width { bytes, fourteenBits };
@@ -45,11 +45,11 @@ struct MidiParameters {
     static MidiParameters fromXml(const XmlElement& element, const MidiShape& shape);
     void writeXml(std::ostream& out, const MidiShape& shape) const;
 
-    /// Keeps a data value in as many bits as the shape has.
+    /// Sets a data value, limited to the bits that the shape has.
     void setD1(int value, const MidiShape& shape);
     void setD2(int value, const MidiShape& shape);
 
-    /// Plays the event: a channel message and the song position through the layers, the others straight to the engine.
+    /// Plays the event: a channel message or a song position through the layers, any other directly.
     void play(OrvIF& orv, const MidiShape& shape) const;
 
     bool operator==(const MidiParameters&) const = default;

@@ -8,7 +8,7 @@ namespace Backend::FunctionManagement::Functions
 inline constexpr MidiDataShape NOTE{"note", -1, 60, MidiDataShape::Text::note};
 inline constexpr MidiDataShape VELOCITY{"velocity", 100, 100};
 
-/// A system message that passes the layers by.
+/// A system message that does not go through the layers.
 constexpr MidiShape systemMessage(MidiEngine::MessageType status, MidiDataShape d1 = {})
 {
     return {.status = status, .path = MidiShape::Path::engine, .hasChannel = false, .d1 = d1};
@@ -21,7 +21,7 @@ public:
     static constexpr MidiShape shape{.status = MidiEngine::MessageType::noteOn, .d1 = NOTE, .d2 = VELOCITY};
     using MidiFunction::MidiFunction;
 
-    /// Its note in its zone, if it names one.
+    /// Its note, if it has a zone.
     FunctionNoteSpan getNoteSpan() const override;
 };
 

@@ -5,7 +5,7 @@
 
 namespace Backend::FunctionManagement::Functions
 {
-/// What an empty slot does: nothing.
+/// The function of an empty slot, which does nothing.
 class NoFunction final : public FunctionOf<NoFunction, NoFunctionSettingsType>
 {
 public:

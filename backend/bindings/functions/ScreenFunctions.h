@@ -6,7 +6,7 @@
 
 namespace Backend::FunctionManagement::Functions
 {
-/// Shows a screen, hides it, or does the other of the two.
+/// Shows a screen, hides it, or toggles it.
 template <class Derived>
 class ShowFunction : public ToggleFunction<Derived>
 {
@@ -158,7 +158,7 @@ public:
     void execute() override { orv().showDefaultMidiOutputMenu(); }
 };
 
-/// Moves the main window: blank leaves a coordinate, "+n" moves by that many pixels, "n" goes there.
+/// Moves the main window: "+n" moves by that many pixels, "n" to that position, blank leaves the coordinate unchanged.
 class MoveWindowFunction final : public FunctionOf<MoveWindowFunction, MoveWindowSettingsType>
 {
 public:

@@ -2,7 +2,7 @@
 
 namespace Backend
 {
-/// What a picker offers for an operation that addresses items of a list, or changes a setting of them.
+/// What a picker offers for a function that selects items of a list or changes a setting of them.
 struct SelectFlags {
     bool hasSelect;
     bool hasValue;

@@ -5,7 +5,7 @@
 
 namespace Backend::FunctionManagement::Functions
 {
-/// The window did not request the change, so it is notified.
+/// The window did not make the change, so it is notified.
 inline constexpr bool NOTIFY = true;
 
 class ChangeProgram final : public SelectFunction<ChangeProgram>

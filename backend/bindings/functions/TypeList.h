@@ -5,12 +5,12 @@
 
 namespace Backend
 {
-/// Types in a row, which may be incomplete.
+/// A list of types, which may be incomplete.
 template <class... Types>
 struct TypeList {
     static constexpr std::size_t size = sizeof...(Types);
 
-    /// Calls `visit(std::type_identity<Type>{})` for each, in order.
+    /// Calls `visit(std::type_identity<Type>{})` for each type, in order.
     template <class Visit>
     static constexpr void forEach(Visit&& visit)
     {
@@ -18,7 +18,7 @@ struct TypeList {
     }
 };
 
-/// A class of a catalogue, and the settings interface of its family.
+/// A row of a list of classes: a class and the settings interface of its family.
 template <class Settings, class Type>
 struct CatalogueRow;
 
@@ -48,14 +48,14 @@ struct Catalogue<TypeList<CatalogueRow<Settings, Types>...>> {
 };
 }  // namespace Detail
 
-/// All classes of a catalogue, in its order.
+/// The classes of a list, in its order.
 template <class Rows>
 using ClassesOf = typename Detail::Catalogue<Rows>::All;
-/// Those of one family.
+/// The classes of one family.
 template <class Rows, class Settings>
 using FamilyOf = typename Detail::Catalogue<Rows>::template Of<Settings>;
 
-/// A visitor with one operation, `visit`, for each type of a list.
+/// A visitor with an operation `visit` for each type of a list.
 template <class List>
 class VisitorOf;
 
@@ -64,7 +64,7 @@ class VisitorOf<TypeList<>>
 {
 public:
     virtual ~VisitorOf() = default;
-    void visit() = delete;  // gives the types something to overload
+    void visit() = delete;  // so that there is a `visit` to overload
 };
 
 template <class First, class... Rest>

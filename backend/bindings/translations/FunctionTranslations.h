@@ -7,14 +7,14 @@ namespace Backend::MidiInput::TranslationManagement::Translations
 {
 namespace Functions = FunctionManagement::Functions;
 
-/// The names of a function under another type name.
+/// The display name and help text of a function, with another type name.
 template <class Like>
 constexpr TranslationInfo renamed(std::string_view typeName)
 {
     return {Like::info.displayName, typeName, Like::info.helpId};
 }
 
-/// Swallows the event.
+/// Drops the event.
 class DoNothing final : public TranslationOf<DoNothing, ActionSettingsType>
 {
 public:
@@ -184,7 +184,7 @@ public:
     static constexpr TranslationInfo info{"Start Stop Oscillator", "ChangeOscPlaying", HelpId::changeOscPlaying};
 };
 
-/// A value taken from the event is the position of a knob, any other is a speed.
+/// A value taken from the event is the position of a knob, any other one is a speed.
 class ChangeOscSpeed final : public SelectTranslation<ChangeOscSpeed, Functions::ChangeOscSpeed>
 {
 public:

@@ -33,7 +33,8 @@ void MidiTranslationParameters::play(OrvIF& orv, MidiEngine::OrvMidiMessage mess
     orv.getOrvMessageManager().postPlayMidi(message);
 }
 
-/// A data value never falls when a byte of the event rises, so the lowest and the highest event give the ends.
+/// A higher byte of the event never gives a lower data value, so the results of the lowest and the highest event are
+/// the ends.
 FunctionNoteSpan MidiTranslationParameters::getNoteSpan(const MidiEvent& event, MessageType status) const
 {
     const MessageType played = status != MessageType::none ? status : event.message.getStatus();

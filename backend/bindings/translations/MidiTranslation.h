@@ -9,9 +9,9 @@
 
 namespace Backend::MidiInput::TranslationManagement
 {
-/// The event that a MIDI translation makes of the incoming one.
+/// The parameters of a MIDI translation: how the incoming event is changed.
 struct MidiTranslationParameters {
-    std::int8_t zone = -1;    ///< -1 for none, whatever the event had
+    std::int8_t zone = -1;    ///< replaces the zone of the event; -1 for none
     std::int8_t output = -1;  ///< -1 for the output of the event
     ChannelTranslation channel{};
     MidiTranslationValue d1{.kind = MidiTranslationValue::Kind::useD1};
@@ -24,18 +24,18 @@ struct MidiTranslationParameters {
                           Attribute{"channel", &P::channel}, Attribute{"D1", &P::d1}, Attribute{"D2", &P::d2}};
     }
 
-    /// Plays the result after the events that the backend has queued. Both data bytes are taken from the incoming
-    /// event, so they can change places, and go to 0 to 127. `status` none keeps the event's own.
+    /// Plays the result after the events that the backend has queued. Both data bytes are computed from the incoming
+    /// event, so they can be exchanged, and limited to 0 to 127. With `status` none the event keeps its own.
     void play(OrvIF& orv, MidiEngine::OrvMidiMessage message, MidiEngine::MessageType status) const;
 
-    /// The notes that the result can have when `event` comes in, if it is a note on in a zone. What the kind of event
-    /// leaves open can be anything.
+    /// The notes that the result can have for `event`, if it is a note-on in a zone. A part that `event` does not
+    /// determine can have any value.
     FunctionManagement::FunctionNoteSpan getNoteSpan(const MidiEvent& event, MidiEngine::MessageType status) const;
 
     bool operator==(const MidiTranslationParameters&) const = default;
 };
 
-/// Plays the event with other data, and with the status of `Derived::status` unless that is none.
+/// Plays the event with other data and, unless `Derived::status` is none, another status.
 template <class Derived>
 class MidiTranslation : public TranslationOf<Derived, MidiSettingsType>
 {

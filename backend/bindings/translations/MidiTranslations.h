@@ -7,14 +7,14 @@ namespace Backend::MidiInput::TranslationManagement::Translations
 {
 namespace Functions = FunctionManagement::Functions;
 
-/// Plays the event as it came, with what the parameters change.
+/// Plays the event with the changes of the parameters.
 class Unchanged final : public MidiTranslation<Unchanged>
 {
 public:
     static constexpr TranslationInfo info{"Unchanged", UNCHANGED, HelpId::translateUnchanged};
     static constexpr auto status = MidiEngine::MessageType::none;
 
-    /// With nothing changed, on no condition.
+    /// True without changes and without a condition.
     bool isPassThrough() const override
     {
         return parameters == MidiTranslationParameters{} &&
@@ -22,7 +22,7 @@ public:
     }
 };
 
-/// Makes the event that the function `Like` plays. The function's type name may differ, its display name does not.
+/// Plays the event of the function `Like`, with the same display name; the type name may differ.
 template <class Derived, class Like>
 class MidiTranslationTo : public MidiTranslation<Derived>
 {

@@ -7,7 +7,7 @@ namespace Backend::MidiInput::TranslationManagement
 {
 using TranslationInfo = FunctionInfo;
 
-/// Takes what there is to pick from.
+/// Receives the translations that can be picked.
 class TranslationEnumerator
 {
 public:
@@ -15,6 +15,6 @@ public:
     virtual void addTranslation(const TranslationInfo& translation) = 0;
 };
 
-/// Adds every translation, in the order in which pickers show them.
+/// Adds every translation, in the order of the pickers.
 ORV_API void enumerateTranslations(TranslationEnumerator& enumerator);
 }  // namespace Backend::MidiInput::TranslationManagement

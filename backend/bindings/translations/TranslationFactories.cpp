@@ -1,4 +1,4 @@
-// What derives from the table of contents: the factories and the list for pickers.
+// The factories and the list for pickers, which are made from TranslationList.h.
 
 #include "backend/bindings/translations/TranslationFactories.h"
 #include "backend/bindings/translations/TranslationEnumerator.h"

@@ -7,10 +7,10 @@
 
 namespace Backend::MidiInput::TranslationManagement
 {
-/// A translation of that type name with default parameters and on no condition; null for an unknown name.
+/// A translation of that type name with default parameters and without a condition; null for an unknown name.
 ORV_API std::unique_ptr<Translation> createTranslation(std::string_view typeName);
 
-/// A translation from a "Translation" element: its condition, and the class that its first child element names. Null
-/// for an unknown name; missing attributes have their defaults.
+/// A translation from a "Translation" element: its condition, and the class named by its first child element. Null for
+/// an unknown name; missing attributes have their defaults.
 ORV_API std::unique_ptr<Translation> createTranslationFromXml(const XmlElement& element);
 }  // namespace Backend::MidiInput::TranslationManagement

@@ -15,8 +15,8 @@
 
 namespace Backend::MidiInput::TranslationManagement
 {
-/// What all translations share. A concrete class, `Derived`, says its `info`; its family brings the parameters, listed
-/// by `attributes`, and `run(orv, message)`, which is what it does.
+/// The base of all translations. A concrete class, `Derived`, defines its `info`; its family has the parameters, lists
+/// them in `attributes`, and executes the translation with `run(orv, message)`.
 template <class Derived, class Settings>
 class TranslationOf : public Translation, public Settings
 {
@@ -39,7 +39,7 @@ public:
     }
     int getHelpId() const override { return Derived::info.helpId; }
 
-    /// From its element.
+    /// From the translation's element.
     void readParameters(const XmlElement& element) { readAttributes(element, derived()); }
     void writeParameters(std::ostream& out) const { writeAttributes(out, derived()); }
 
@@ -50,8 +50,8 @@ private:
     const Derived& derived() const { return static_cast<const Derived&>(*this); }
 };
 
-// The families that do what a function does, `Like`: they set one up with what the event says, and run it. They have
-// its names and flags, unless `Derived` has others.
+// Families that execute a function, `Like`, with values from the event. Unless `Derived` has others, they have its
+// names and flags.
 
 template <class Derived, class Like>
 class ActionTranslation : public TranslationOf<Derived, ActionSettingsType>
@@ -106,7 +106,7 @@ private:
     std::string preset;
 };
 
-/// What is taken from the event, or as it stands.
+/// The selection: from the event, or fixed.
 inline SelectType selectFor(const MidiTranslationValue& select, const MidiEngine::OrvMidiMessage& message)
 {
     return select.getSelectType(message);
@@ -119,15 +119,15 @@ inline SelectType selectFor(SelectType select, const MidiEngine::OrvMidiMessage&
 inline OnOffToggle valueFor(OnOffToggle value, const MidiEngine::OrvMidiMessage&) { return value; }
 inline NoteToggle valueFor(NoteToggle value, const MidiEngine::OrvMidiMessage&) { return value; }
 
-/// Where a selection starts: the event picks the item, but what changes items changes the selected ones.
+/// The selection that a picker starts with: the event selects the item; a change applies to the selected items.
 template <class Select>
 constexpr Select startSelect(const SelectFlags& flags)
 {
     return {flags.allowUpDown ? Select{}.kind : Select::Kind::selected};
 }
 
-/// Addresses items of a list, to select one or to change a setting of them: which of the two, the flags say, and with
-/// that which attributes there are.
+/// Selects items of a list, or changes a setting of them. The flags say which of the two, and so which attributes there
+/// are.
 template <class Derived, class Like, class Settings, class Select, class Value>
 class ChangeTranslationOf : public TranslationOf<Derived, Settings>
 {
@@ -190,14 +190,14 @@ class SelectTranslation
     : public ChangeTranslationOf<Derived, Like, SelectSettingsType, MidiTranslationValue, MidiTranslationValue>
 {
 public:
-    // The event may say which item to select, but not which one to change.
+    // The event can determine which item is selected, but not which one is changed.
     bool allowUseD1() const override { return this->hasSelect() && !this->hasValue(); }
     bool allowUseD2() const override { return allowUseD1(); }
     bool allowD1Relative() const override { return allowUseD1(); }
     bool allowD2Relative() const override { return allowUseD1(); }
 };
 
-/// Acts on controls of the grid. The value stands in the file also where nothing uses it.
+/// Acts on controls of the grid. The value is written even if it is not used.
 template <class Derived, class Like>
 class ControlTranslation : public TranslationOf<Derived, SelectControlSettingsType>
 {
@@ -219,7 +219,7 @@ public:
 
     void run(OrvIF& orv, const MidiEngine::OrvMidiMessage& message) const
     {
-        // A blank value is the default one here: the second data byte.
+        // A blank value means the default: the second data byte.
         const bool isBlank = value == MidiTranslationValue{MidiTranslationValue::Kind::specific, {true, 0}};
         Like function(orv);
         function.setSelectControlType(selectControlType);

@@ -82,8 +82,8 @@ class ChangeLayerSolo;
 class ChangeLayerNoteToggle;
 }  // namespace Translations
 
-/// The table of contents: every translation with its family, in the order in which pickers show them. Lists, visitors
-/// and factories derive from it.
+/// Every translation with its family, in the order of the pickers. Lists, visitors and factories are made from this
+/// list.
 using TranslationRows = TypeList<
     CatalogueRow<MidiSettingsType, Translations::Unchanged>, CatalogueRow<ActionSettingsType, Translations::DoNothing>,
     CatalogueRow<MidiSettingsType, Translations::MidiNoteOn>, CatalogueRow<MidiSettingsType, Translations::MidiNoteOff>,
@@ -151,7 +151,7 @@ using TranslationRows = TypeList<
 using AllTranslations = ClassesOf<TranslationRows>;
 static_assert(AllTranslations::size == 64);
 
-/// One operation for each translation class.
+/// Has an operation for each translation class.
 class TranslationVisitor : public VisitorOf<AllTranslations>
 {
 };

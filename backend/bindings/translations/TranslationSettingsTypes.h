@@ -14,8 +14,8 @@
 
 namespace Backend::MidiInput::TranslationManagement
 {
-/// What an editor sees of a translation: its parameters, without its class. The class is shown to the visitor of its
-/// family. The families are those of the functions; numbers may come from the event.
+/// The parameters of a translation as an editor sees them, without the translation's class, which is shown to the
+/// visitor of its family. The families are those of the functions; numbers may come from the event.
 template <class Self>
 class TranslationSettingsOf
 {
@@ -33,7 +33,7 @@ protected:
     TranslationSettingsOf& operator=(const TranslationSettingsOf&) = default;
 };
 
-/// Of a translation without parameters.
+/// For a translation without parameters.
 class ActionSettingsType : public TranslationSettingsOf<ActionSettingsType>
 {
 };
@@ -48,7 +48,7 @@ public:
 class LoadPresetSettingsType : public TranslationSettingsOf<LoadPresetSettingsType>
 {
 public:
-    /// The preset's name.
+    /// The name of the preset.
     virtual std::string getPreset() const = 0;
     virtual void setPreset(const std::string& name) = 0;
 };
@@ -62,8 +62,8 @@ public:
     virtual void setY(MidiTranslationValue position) = 0;
 };
 
-/// Of a translation that addresses items of a list and may change a setting of them. What it does not have, select or
-/// value, answers with its default and ignores the setter; the flags say so.
+/// For a translation that selects items of a list or changes a setting of them. If it has no selection or no value, as
+/// the flags say, the getter returns the default and the setter does nothing.
 template <class Self, class Select, class Value>
 class ChangeSettingsOf : public TranslationSettingsOf<Self>
 {
@@ -110,7 +110,7 @@ public:
     virtual bool allowAll() const = 0;
 };
 
-/// Of a translation that plays a MIDI event.
+/// For a translation that plays a MIDI event.
 class MidiSettingsType : public TranslationSettingsOf<MidiSettingsType>
 {
 public:

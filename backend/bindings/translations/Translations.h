@@ -1,6 +1,6 @@
 #pragma once
 
-// Every translation class.
+// Includes every translation class.
 
 #include "backend/bindings/translations/FunctionTranslations.h"
 #include "backend/bindings/translations/MidiTranslations.h"
