@@ -15,7 +15,7 @@ public:
     /// True if the event says that the focus has moved; `isOwnProcess` then refers to the new window.
     bool handle(const xcb_generic_event_t& event);
 
-    /// Asks the server for the focus, without an event.
+    /// Reads the focus from the server, without an event.
     void update();
 
 private:

@@ -3,7 +3,7 @@
 
 namespace
 {
-/// When the library is loaded: the backend knows of no window by itself.
+/// When the library is loaded: the backend does not depend on the window.
 [[maybe_unused]] const bool hasWindow = [] {
     Backend::OrvFactory::setGuiFactory(&Gui::OrvGuiFactory::createOrvGui);
     return true;

@@ -4,8 +4,8 @@
 
 #include "platform/ThreadSafety.h"
 
-/// A std::mutex that clang's thread-safety analysis knows: members that it guards are marked GUARDED_BY. For state that
-/// no time slice touches; the engine's own lock is `CriticalSection`.
+/// A std::mutex that clang's thread-safety analysis understands: members that it guards are marked GUARDED_BY. For
+/// state that no time slice touches; the engine's own lock is `CriticalSection`.
 class CAPABILITY("mutex") Mutex
 {
 public:

@@ -32,8 +32,8 @@ enum class RealTimeStep { clock, backend, commands };
 /// to the debug stream, once for each step.
 ORV_API bool requestRealTimePriority(RealTimeStep step);
 
-/// Says that a thread of another program is the clock, and its real-time priority, 0 for none. Later requests ask for
-/// less.
+/// A thread of another program is the clock, with this real-time priority, 0 for none. Later requests are for lower
+/// priorities.
 ORV_API void noteClockPriority(int priority);
 
 /// The real-time priority of the calling thread, 0 for none.

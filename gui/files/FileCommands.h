@@ -9,7 +9,7 @@ namespace Gui
 class OrvGuiIF;
 }
 
-/// The commands of the user on banks and files. Each asks its questions in dialogs, which open and return at once, and
+/// The commands of the user on banks and files. Each opens its dialogs, returns at once, and
 /// posts commands to the backend. The GUI thread, while the window is open; `parent` is a control of it.
 namespace Gui::Files
 {

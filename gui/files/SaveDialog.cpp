@@ -80,7 +80,7 @@ void SaveDialog::addButtons()
     static_cast<QVBoxLayout*>(layout())->addLayout(row);
 }
 
-/// Shows the bank and the program as the window knows them now.
+/// Shows the present bank and program.
 void SaveDialog::showBank()
 {
     bank = gui.getCurrentBank();
@@ -123,7 +123,7 @@ void SaveDialog::accept()
     anotherBank->isChecked() ? saveToAnotherBank() : saveToProgram();
 }
 
-/// Does not ask for a program that replaces itself, unless the name there is another one.
+/// Saving a program in its own place is not confirmed, unless the name there is another one.
 void SaveDialog::saveToCurrentBank()
 {
     const int number = programs->currentRow();

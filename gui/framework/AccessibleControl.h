@@ -18,7 +18,7 @@ public:
     virtual QString getAccessibleValue() const = 0;
     /// Whether it offers a press action.
     virtual bool isPressable() const { return true; }
-    /// Does what a click does.
+    /// Has the effect of a click.
     virtual void pressAccessible() {}
 
 protected:

@@ -21,7 +21,7 @@ public:
 
     enum class Action { momentary, latching };
 
-    /// The place of a button in a row, `x` logical pixels from the left.
+    /// The position of a button in a row, `x` logical pixels from the left.
     static constexpr QRect at(int x) { return {x, 6, 29, 20}; }
 
     Button(GuiContext& guiContext, int buttonId, const QString& label, const QRect& rectangle, QWidget* parent,

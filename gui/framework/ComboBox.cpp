@@ -76,7 +76,7 @@ void ComboBox::typed(const QString& text)
     selectedIndex = entry == entries.end() ? -1 : static_cast<int>(entry - entries.begin());
 }
 
-/// A choice by the user: validated, made, reported.
+/// Makes a choice of the user, if it is valid, and reports it.
 void ComboBox::choose(int index)
 {
     if (onValidate && onValidate(index)) return;

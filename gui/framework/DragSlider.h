@@ -9,8 +9,8 @@
 
 namespace Gui
 {
-/// A value between two limits that is dragged, turned with the wheel, or stepped with the arrow keys. A middle click
-/// lets it follow the mouse without a button held, until the next click. Derived classes draw it.
+/// A value between two limits that is changed by dragging, the wheel or the arrow keys. After a middle click it follows
+/// the mouse without a button held, until the next click. Derived classes draw it.
 class DragSlider : public QAbstractSlider
 {
 public:
@@ -30,7 +30,7 @@ protected:
     DragSlider(GuiContext& guiContext, Qt::Orientation direction, QWidget* parent);
 
     GuiContext& getContext() const { return context; }
-    /// Where the value stands between its limits, 0 to 1.
+    /// The position of the value between its limits, 0 to 1.
     qreal getFraction() const;
 
     void mousePressEvent(QMouseEvent* event) override;

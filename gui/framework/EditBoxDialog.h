@@ -9,7 +9,7 @@ namespace Gui
 {
 class EditBox;
 
-/// Asks for a line of text. Spaces around it are dropped. The GUI thread.
+/// A dialog for a line of text. Blanks on both sides are removed. The GUI thread.
 class EditBoxDialog final : public QDialog
 {
 public:
@@ -25,7 +25,7 @@ public:
         QString title;
         QString question;
     };
-    /// What to ask before a text is accepted; without a question nothing is asked.
+    /// The question to ask before a text is accepted; none without a callback.
     std::function<Doubt(const QString& text)> doubt;
 
     /// Adds a control below the line; the dialog takes ownership.

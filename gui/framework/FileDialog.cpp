@@ -21,7 +21,7 @@ using Purpose = FileQuestion::Purpose;
 constexpr QSize SIZE(680, 440);
 constexpr int SIDEBAR = 130;
 
-/// The folders to reach with one click: the one that it starts in and the user's own.
+/// The folders in the side bar: the one shown at first and the user's home folder.
 QList<QUrl> shortcutsFrom(const QString& folder)
 {
     QList<QUrl> places;
@@ -32,7 +32,7 @@ QList<QUrl> shortcutsFrom(const QString& folder)
     return places;
 }
 
-/// Asks its own questions, because those of Qt block until they are answered.
+/// Has its own message boxes, because those of Qt block until they are closed.
 class FileDialog final : public QFileDialog
 {
 public:

@@ -9,16 +9,16 @@ class QWidget;
 
 namespace Gui
 {
-/// What to ask for.
+/// The choices of a file dialog.
 struct FileQuestion {
     enum class Purpose { open, save };
 
     Purpose purpose = Purpose::open;
     QString title{};
     QStringList filters{};  ///< "Bank Files (*.bnk)"
-    QString folder{};       ///< where it starts
-    QString extension{};    ///< to save: what the name ends in, without the dot; added where it is missing
-    QString name{};         ///< to save: what stands there at first
+    QString folder{};       ///< shown at first
+    QString extension{};    ///< to save: the extension of the name, without the dot; added if it is missing
+    QString name{};         ///< to save: the name offered at first
 };
 
 /// Opens a dialog for one file, drawn by the skin, and returns at once. `chosen` gets the path in UTF-8: of a file that

@@ -78,7 +78,7 @@ public:
     const WindowsLib::Pen& getBlackPen() const { return blackPen; }
     const WindowsLib::Cursor& getRedCursor() const { return redCursor; }
 
-    /// Each named for its place: `font1` to `font9`, and those for special sizes.
+    /// The roles of fonts: `font1` to `font9`, and those for special sizes.
     enum class FontRole : std::size_t {
         font1,
         font2,

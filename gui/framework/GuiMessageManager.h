@@ -10,7 +10,7 @@ class GuiMessageManager
 public:
     virtual ~GuiMessageManager() = default;
     virtual bool wantsMessage(unsigned int number) const = 0;
-    /// May take the payload; what it leaves is freed with the message.
+    /// May move the payload out of the message; otherwise it is freed with the message.
     virtual void handleMessage(Message& message) = 0;
 };
 }  // namespace Gui

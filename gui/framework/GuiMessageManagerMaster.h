@@ -8,11 +8,11 @@
 
 namespace Gui
 {
-/// Passes each message of the backend to the first manager that wants it.
+/// Passes each message of the backend to the first manager that accepts it.
 class ORV_API GuiMessageManagerMaster
 {
 public:
-    /// Not owned. They are asked in this order.
+    /// Not owned. Messages are offered to them in this order.
     void addMessageManager(GuiMessageManager* manager) { managers.push_back(manager); }
     void clear() { managers.clear(); }
 
@@ -20,7 +20,7 @@ public:
     bool currentThreadIsManagerThread() const { return std::this_thread::get_id() == guiThread; }
 
     bool wantMessage(unsigned int number) const { return find(number) != nullptr; }
-    /// False if no manager wants it.
+    /// False if no manager accepts it.
     bool handleMessage(Message& message) const;
 
 private:

@@ -58,7 +58,7 @@ GuiWindow::GuiWindow(std::function<void(Message&)> handle)
 
 GuiWindow::~GuiWindow() { queue->close(); }
 
-/// Polls while messages come; asks to be woken once none has come.
+/// Polls as long as messages arrive; after that the next post wakes the loop.
 void GuiWindow::drain()
 {
     int handled = 0;

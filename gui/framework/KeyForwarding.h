@@ -5,6 +5,6 @@ class QWidget;
 
 namespace Gui
 {
-/// Sends a key event of `control` to its parent, so that the key plays; true if it was accepted there.
+/// Sends a key event of `control` to its parent, which plays it; true if it was accepted there.
 bool forwardToParent(const QWidget& control, const QKeyEvent& event);
 }  // namespace Gui

@@ -84,7 +84,7 @@ void drawButton(QPainter& painter, const GdiManager& gdi, const QRect& rectangle
     if (isLow || rectangle.width() < SMALL_WIDTH)
         painter.setFont(gdi.getFont(isPlus || isMinus ? FontRole::font5 : FontRole::font3));
     painter.setPen(inkOf(gdi, state, control));
-    // The signs stand low in their line.
+    // The font draws these signs low in their line.
     const int lift = (isLow && isPlus) || isMinus ? 1 : 0;
     painter.drawText(rectangle.translated(0, -lift), Qt::AlignCenter | Qt::TextShowMnemonic | Qt::TextSingleLine,
                      state.label);

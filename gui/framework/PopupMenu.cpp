@@ -31,7 +31,7 @@ QAction& PopupMenu::addItem(const Item& item)
     action->setData(id);
     action->setEnabled(item.enabled);
     if (item.brush) action->setProperty(Property::COLOR, *item.brush);
-    QFont font;  // what it does not say comes from the menu's
+    QFont font;  // properties that are not set are those of the menu
     font.setBold(item.useBold);
     action->setFont(font);
     return *action;

@@ -12,6 +12,6 @@ namespace Gui
 /// Shows a sentence.
 void showMessage(QWidget& parent, const QString& title, const QString& text);
 
-/// Asks a question; `yes` is called if the answer is yes. Escape means no, and no is the default button.
+/// A question; `yes` is called if the answer is yes. Escape means no, and no is the default button.
 void ask(QWidget& parent, const QString& title, const QString& text, std::function<void()> yes);
 }  // namespace Gui

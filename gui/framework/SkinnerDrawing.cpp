@@ -189,7 +189,7 @@ void Skinner::drawSlider(QPainter& painter, const QStyleOptionComplex& option) c
     if (slider == nullptr) return;
     const qreal span = static_cast<qreal>(slider->maximum) - slider->minimum;
     qreal fraction = span > 0 ? (static_cast<qreal>(slider->sliderPosition) - slider->minimum) / span : 0;
-    // Upside down is against the way a position counts, from the top and from the left.
+    // Positions count from the top and from the left.
     if (slider->upsideDown != (slider->orientation == Qt::Vertical)) fraction = 1 - fraction;
     Look::drawFader(painter, gdi, option.rect, {slider->orientation, fraction, KNOB, isEnabled(option)});
 }

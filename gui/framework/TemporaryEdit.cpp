@@ -8,7 +8,7 @@ namespace Gui
 {
 namespace
 {
-/// Whether it belongs to the edit: its menu does.
+/// Whether the object is the edit or its menu.
 bool isPartOf(const QWidget& edit, const QObject* object)
 {
     while (object != nullptr && object != &edit) object = object->parent();

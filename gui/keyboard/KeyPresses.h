@@ -8,11 +8,11 @@
 namespace Gui
 {
 /// The keys that are down, from all sources, so that each is pressed once, repeats while it is held, and is released
-/// exactly once. Independent of Qt. The GUI thread.
+/// exactly once. Independent of Qt. The GUI thread. See docs/behaviour/keyboard.md.
 class KeyPresses
 {
 public:
-    /// Where a key event comes from. A key is released by the source that pressed it last.
+    /// The sources of key events. A key is released by the source that pressed it last.
     enum class Source {
         window,  ///< typed into our window
         hook,    ///< typed into another program and intercepted by the global keyboard

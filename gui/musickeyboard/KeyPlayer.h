@@ -10,7 +10,7 @@ class OrvMessageManager;
 namespace Gui::Output
 {
 /// Plays the keys that the left button presses on the music keyboard, through the layers, or to the default output
-/// where no layer takes the note.
+/// if no layer takes the note.
 class KeyPlayer final : public MusicKeyboardCtl::Listener
 {
 public:

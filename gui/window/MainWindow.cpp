@@ -94,7 +94,7 @@ MainWindow::MainWindow(OrvGuiIF& owner, QWidget* parent, Resized onResize)
 
 MainWindow::~MainWindow()
 {
-    hide();  // while everything that its screens call exists
+    hide();  // while the objects that its screens use exist
     qApp->removeEventFilter(this);
     keyboard->releaseAll();
 }

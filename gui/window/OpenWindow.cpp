@@ -43,7 +43,7 @@ void OpenWindow::makeMainWindow()
     skinner.skinWindow(*main);
 }
 
-/// The host resizes its frame; with docking the bottom edge keeps its place.
+/// The host resizes its frame; with docking the bottom edge stays where it is.
 void OpenWindow::sizeChanged(QSize before, QSize now) const
 {
     parent.windowResized(now.width(), now.height());

@@ -34,16 +34,16 @@ struct OpenWindow {
 
     /// Makes the main window. Its screens use the other members through `OrvGuiIF`, so this follows the constructor.
     void makeMainWindow();
-    /// Shows it in its parent, at the position where it was last closed, if that is on a screen of the desktop.
+    /// Shows the window in its parent, at the position where it was last closed, if that is on a screen of the desktop.
     void show();
 
     void move(const Backend::WindowMove& move) const;
-    /// Its position on the desktop with its frame, in pixels.
+    /// The position of the window on the desktop, with its frame, in pixels.
     WindowsLib::Rect getPosition() const;
 
     /// Opens the dialog, or brings the open one to the front; false for that.
     bool showSetupDialog();
-    /// Shows the settings and ports that the window knows now, where they are on show.
+    /// Updates the setup dialog, if it is open.
     void refreshSetup() const;
 
     /// The dialog on top, or the window.
@@ -62,7 +62,7 @@ private:
     void sizeChanged(QSize before, QSize now) const;
     void restorePosition() const;
 
-    bool placed = false;                 // until then the bottom edge has no place to keep
+    bool placed = false;                 // the bottom edge has a position to be kept
     QPointer<Setup::SetupDialog> setup;  // while it is open; a child of the main window
 };
 }  // namespace Gui

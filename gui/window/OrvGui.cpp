@@ -93,7 +93,7 @@ void OrvGui::showProgramMenu() { open->main->getSystemPanel().showProgramMenu();
 
 void OrvGui::showDefaultMidiOutputMenu() { open->main->getSystemPanel().showDefaultMidiOutputMenu(); }
 
-/// The backend does not report every change of a setting, so the dialog asks for all of them.
+/// The backend does not report every change of a setting, so all of them are requested.
 void OrvGui::showSetupDialog()
 {
     if (open && open->showSetupDialog()) getOrvMessageManager().postRefreshGui();
@@ -124,7 +124,7 @@ void OrvGui::displayHelp(const QWidget& control)
     displayHelp(control.property(Property::HELP).toString().toStdString());
 }
 
-/// An empty text leaves the last one in place.
+/// An empty text changes nothing.
 void OrvGui::displayHelp(const std::string& text)
 {
     if (open && open->main && !text.empty()) open->main->getHelpPanel().showText(text);

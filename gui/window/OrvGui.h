@@ -18,8 +18,8 @@ namespace Gui
 {
 struct OpenWindow;
 
-/// The window's object. It exists while the window is closed, too, and keeps its copy of what the backend reported;
-/// everything that belongs to Qt is made in `create` and destroyed in `destroy`. The GUI thread.
+/// The window, open or closed. It has a copy of what the backend reported, also while it is closed; all Qt objects are
+/// made in `create` and destroyed in `destroy`. The GUI thread.
 class ORV_API OrvGui final : public OrvGuiIF
 {
 public:

@@ -1,4 +1,4 @@
-// The changes that the backend reports: each is kept in the window's copy and shown where it is on show.
+// The changes that the backend reports: each is stored in the window's copy, and shown if the window is open.
 #include "api/OrvIF.h"
 #include "api/OrvMessageManager.h"
 #include "api/ParentWindow.h"

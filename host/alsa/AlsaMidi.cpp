@@ -15,7 +15,7 @@ namespace
 constexpr const char* CLIENTS = "/proc/asound/seq/clients";
 constexpr std::size_t LARGEST_LIST = 1u << 20;
 
-// A plain variadic function, as ALSA wants it.
+// ALSA requires a variadic function.
 void printNothing(const char*, int, const char*, int, const char*, ...) {}
 
 void ignoreError(RtMidiError::Type, const std::string&, void*) {}

@@ -274,15 +274,15 @@ void LivePlay::end()
     ended = true;
     system.stopListening();
     endNotes();
-    updateDisplay();  // with the last note offs
+    updateDisplay();  // with the last note-offs
     orv->getOrvMessageManager().sendEnd();
     clock.stop();
     orv->stop();
     system.close();
 }
 
-// In the list only: the user's stored choice stays. When the backend is at rest, the note offs of what the inputs held
-// are queued for the slices.
+// In the list only: the user's stored choice stays. When the backend is at rest, the note-offs of the notes that inputs
+// held are queued for the slices.
 void LivePlay::switchInputsOff()
 {
     orv->stopJoysticks();

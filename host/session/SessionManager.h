@@ -10,7 +10,7 @@
 namespace Host
 {
 /// The connection to the session manager that started this program. The protocol is that of the Non Session Manager,
-/// API 1.0: Open Sound Control over UDP. One object per process.
+/// API 1.0: Open Sound Control over UDP. One object per process. See docs/behaviour/sessions.md.
 class SessionManager
 {
 public:

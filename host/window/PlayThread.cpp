@@ -17,7 +17,7 @@ constexpr int FAILED = 1;
 
 std::atomic<PlayThread*> present{nullptr};
 
-/// When the window system dies, Qt calls exit: every note is ended then, too.
+/// Qt calls exit when the connection to the window system is lost: every note is ended then, too.
 extern "C" void orvaneEndPlaying()
 {
     if (PlayThread* thread = present.load()) thread->end();

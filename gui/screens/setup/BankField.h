@@ -13,7 +13,7 @@ class OrvGuiIF;
 namespace Gui::Setup
 {
 /// The bank that is loaded at the start: its path is typed, chosen, or taken from the current bank. An empty path
-/// stands for the bank in the banks folder.
+/// means the bank in the banks folder.
 class BankField final : public ValueField<QString>
 {
 public:

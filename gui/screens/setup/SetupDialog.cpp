@@ -121,7 +121,7 @@ void SetupDialog::askAll(QStringList questions)
     ask(*this, tr("Confirm"), first, [this, questions] { askAll(questions); });
 }
 
-/// The backend does not report every change of a setting, so the dialog asks for all of them.
+/// The backend does not report every change of a setting, so all of them are requested.
 void SetupDialog::apply()
 {
     const auto changed = pages->findChanged();

@@ -55,7 +55,7 @@ SystemPanel::SystemPanel(OrvGuiIF& owner, Panel* around)
 
 OrvMessageManager& SystemPanel::commands() const { return gui.getOrvMessageManager(); }
 
-/// Shows what the window knows already.
+/// Shows the data that the window has.
 void SystemPanel::showAll()
 {
     const RegistrySettings& settings = gui.getRegistrySettings();
