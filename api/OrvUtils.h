@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -55,9 +56,10 @@ public:
     /// Whether an input device has the name of the virtual port.
     static bool virtualMidiPortExists();
 
-    /// Opens a page of the manual, "" for the first one. A name that leads out of the manual opens nothing. Returns an
-    /// empty text, or a sentence for the user that says why the page cannot be opened and names its file.
-    static std::string showManual(std::string_view page);
+    /// Opens a page of the manual, "" for the first one. A name that leads out of the manual opens nothing. What it
+    /// returns gives a sentence for the user that says why the page cannot be opened and names its file; an empty text
+    /// while no reason is known, which may be some seconds long. That may be called on any one thread, and never waits.
+    static std::function<std::string()> showManual(std::string_view page);
 
 private:
     static void removeFiles(const std::string& folder, std::string_view name);

@@ -180,18 +180,20 @@ void OrvUtils::removeFiles(const std::string& folder, std::string_view name)
 
 bool OrvUtils::virtualMidiPortExists() { return std::ranges::count(getMidiInputDevices(), getOrvPortName()) > 0; }
 
-std::string OrvUtils::showManual(std::string_view page)
+std::function<std::string()> OrvUtils::showManual(std::string_view page)
 {
     const std::string_view name = Text::trim(page);
     const std::string manual = pathIn(getOrvProgDir(), "Manual");
-    if (manual.empty()) return "The manual is not installed.";
+    if (manual.empty()) return [] { return std::string("The manual is not installed."); };
     if (!staysBelow(name)) {
         DbgStream() << "no page of the manual: " << name;
-        return "";
+        return [] { return std::string(); };
     }
     const std::string file = pathIn(manual, name.empty() ? "index.htm" : name);
-    const std::string problem = openDocument(file);
-    return problem.empty() ? "" : "The manual cannot be opened because " + problem + ". Its file is " + file + ".";
+    return [file, document = OpenedDocument(file)]() mutable {
+        const std::string problem = document.getProblem();
+        return problem.empty() ? "" : "The manual cannot be opened because " + problem + ". Its file is " + file + ".";
+    };
 }
 
 void OrvUtils::installMidiPort() { DbgStream() << "this system has no driver for a virtual MIDI port to install"; }

@@ -25,8 +25,9 @@ std::string findProgram(const std::string& name)
     return "";
 }
 
-/// In the child: forks again, so that this process need not wait for the program, and executes it in a new session.
-[[noreturn]] void becomeDetached(char* const* arguments)
+/// In the child: forks again, so that this process need not wait for the program, and executes it in a new session,
+/// with `output` as its standard output.
+[[noreturn]] void becomeDetached(char* const* arguments, int output)
 {
     ::setsid();
     if (::fork() != 0) ::_exit(0);
@@ -34,21 +35,47 @@ std::string findProgram(const std::string& name)
     ::sigemptyset(&none);
     ::sigprocmask(SIG_SETMASK, &none, nullptr);
     const int nothing = ::open("/dev/null", O_RDWR);
-    for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) ::dup2(nothing, stream);
+    ::dup2(nothing, STDIN_FILENO);
+    ::dup2(output, STDOUT_FILENO);
+    ::dup2(nothing, STDERR_FILENO);
     ::execv(arguments[0], arguments);
     ::_exit(127);
 }
 }  // namespace
 
-std::string openDocument(const std::string& path)
+OpenedDocument::OpenedDocument(const std::string& path)
 {
     std::string program = findProgram("xdg-open");
-    if (program.empty()) return "xdg-open is not installed";
+    if (program.empty()) {
+        problem = "xdg-open is not installed";
+        return;
+    }
+    std::string shell = "/bin/sh";
+    std::string option = "-c";
+    std::string script = R"("$0" "$1" >/dev/null; echo $?)";
     std::string document = path;
-    char* const arguments[] = {program.data(), document.data(), nullptr};
-    const pid_t child = ::fork();
-    if (child == 0) becomeDetached(arguments);
-    if (child < 0) return "no process can be started";
-    ::waitpid(child, nullptr, 0);
-    return "";
+    char* const arguments[] = {shell.data(), option.data(), script.data(), program.data(), document.data(), nullptr};
+    int streams[2];
+    const bool hasStreams = ::pipe2(streams, O_CLOEXEC | O_NONBLOCK) == 0;
+    const pid_t child = hasStreams ? ::fork() : -1;
+    if (child == 0) becomeDetached(arguments, streams[1]);
+    if (hasStreams) {
+        ::close(streams[1]);
+        result = {new int(streams[0]), [](const int* stream) {
+                      ::close(*stream);
+                      delete stream;
+                  }};
+    }
+    if (child < 0)
+        problem = "no process can be started";
+    else
+        ::waitpid(child, nullptr, 0);
+}
+
+std::string OpenedDocument::getProblem()
+{
+    char status = '0';
+    if (problem.empty() && ::read(*result, &status, 1) == 1 && status != '0')
+        problem = "xdg-open finds no program for it";
+    return problem;
 }

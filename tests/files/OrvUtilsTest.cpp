@@ -101,7 +101,7 @@ TEST(OrvUtils, OpensPagesOfTheManualAndNothingElse)
     const PrivateFolders folder;
     ::setenv("PATH", folder.string().c_str(), 1);
     OrvUtils::setOrvProgDir("/prog");
-    EXPECT_EQ(OrvUtils::showManual(""),
+    EXPECT_EQ(OrvUtils::showManual("")(),
               "The manual cannot be opened because xdg-open is not installed. Its file is /prog/Manual/index.htm.");
     OrvUtils::setOrvProgDir("");
     folder.write("xdg-open", "#!/bin/sh\nprintf '%s\\n' \"$1\" >>\"" + (folder / "opened").string() + "\"\n");
@@ -112,7 +112,7 @@ TEST(OrvUtils, OpensPagesOfTheManualAndNothingElse)
         for (int i = 0; i < 1000 && folder.read("opened").size() == before; ++i)
             std::this_thread::sleep_for(std::chrono::milliseconds(10));
     };
-    EXPECT_EQ(OrvUtils::showManual("before.htm"), "The manual is not installed.");
+    EXPECT_EQ(OrvUtils::showManual("before.htm")(), "The manual is not installed.");
     OrvUtils::setOrvProgDir("/prog");
     for (const std::string_view page : {"../x.htm", "/etc/passwd", "a/../../x", "..", "a\\b", "file:x"})
         OrvUtils::showManual(page);

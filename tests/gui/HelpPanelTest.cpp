@@ -73,5 +73,11 @@ TEST_F(HelpPanel, OpensTheManualWhereThereIsOne)
     QTest::mouseClick(&button("Manual"), Qt::LeftButton);
     EXPECT_TRUE(QTest::qWaitFor([this] { return !folder.read("opened").empty(); }));
     EXPECT_EQ(folder.read("opened"), (folder / "prog/Manual/index.htm").string());
+
+    folder.write("xdg-open", "#!/bin/sh\nexit 3\n");
+    QTest::mouseClick(&button("Manual"), Qt::LeftButton);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return help().starts_with("The manual"); }, 30000));
+    EXPECT_EQ(help(), "The manual cannot be opened because xdg-open finds no program for it. Its file is " +
+                          (folder / "prog/Manual/index.htm").string() + ".");
     qputenv("PATH", path);
 }

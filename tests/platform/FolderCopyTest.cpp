@@ -81,13 +81,15 @@ TEST(Shell, GivesTheDocumentToTheDesktopAndGoesOn)
     const TemporaryFolder folder;
     const std::string path = folder.string() + "/a page; touch x $(y) 'z'.htm";
     ::setenv("PATH", folder.string().c_str(), 1);
-    EXPECT_EQ(openDocument(path), "xdg-open is not installed");
+    EXPECT_EQ(OpenedDocument(path).getProblem(), "xdg-open is not installed");
 
     folder.write("xdg-open", "#!/bin/sh\nprintf '%s' \"$1\" >\"" + folder.string() + "/opening\"\n/bin/mv \"" +
                                  folder.string() + "/opening\" \"" + folder.string() + "/opened\"\n");
     ::chmod((folder / "xdg-open").c_str(), 0755);
-    EXPECT_EQ(openDocument(path), "");
+    OpenedDocument document(path);
+    EXPECT_EQ(document.getProblem(), "");
     for (int i = 0; i < 1000 && folder.read("opened").empty(); ++i)
         std::this_thread::sleep_for(std::chrono::milliseconds(10));
     EXPECT_EQ(folder.read("opened"), path);
+    EXPECT_EQ(document.getProblem(), "");
 }

@@ -3,7 +3,6 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 
-#include "api/OrvUtils.h"
 #include "gui/framework/ManualButton.h"
 #include "gui/framework/Properties.h"
 
@@ -45,10 +44,8 @@ void HelpPanel::addManualButton()
     button->setFocusPolicy(Qt::TabFocus);
     button->setAccessibleName(tr("Manual"));
     Property::setHelp(*button, tr("Manual: opens the manual in your web browser."));
-    connect(button, &QPushButton::clicked, this, [this] {
-        const std::string problem = Backend::OrvUtils::showManual("");
-        if (!problem.empty()) showText(problem);
-    });
+    connect(button, &QPushButton::clicked, this,
+            [this] { openManual(*this, "", [this](const QString& problem) { edit->setPlainText(problem); }); });
 }
 
 void HelpPanel::showText(const std::string& text) { edit->setPlainText(QString::fromStdString(text)); }
