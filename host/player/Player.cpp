@@ -29,6 +29,7 @@ void Player::playMidi(const Backend::MidiEngine::OrvMidiMessage& event)
     if (port == nullptr) return;
     const auto message = toShortMessage(event);
     if (!message || isForwardedClock(event, *message)) return;
+    if (message->startsNote() && !noteOnsAccepted.load()) return;
     port->play(*message, stamp);
     played = true;
 }

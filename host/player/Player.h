@@ -44,6 +44,9 @@ public:
     void setClockIn(int input) { clockIn = input; }
     void setClockOut(int output) { clockOut = output; }
 
+    /// Note-ons are dropped until they are accepted again; note-offs and all other messages are played. Any thread.
+    void acceptNoteOns(bool accept) { noteOnsAccepted.store(accept); }
+
     /// The input whose MIDI clock sets the tempo, -1 for none. Any thread.
     int getClockSource() const
     {
@@ -93,6 +96,7 @@ private:
     std::atomic<int> tempo{FIRST_TEMPO};
     std::atomic<char> tempoSource{-1};
     std::atomic<bool> outputRequest{false};
+    std::atomic<bool> noteOnsAccepted{true};
     std::atomic<int> externalTempo{0};
     std::atomic<std::uint32_t> milliseconds{monotonicMilliseconds()};
 

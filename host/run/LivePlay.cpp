@@ -292,11 +292,12 @@ void LivePlay::switchInputsOff()
     waitForRest();
 }
 
-/// Inputs off, two slices for what they released, a reset.
+/// Inputs off, two slices for what they released, a reset, after which no note begins.
 void LivePlay::endNotes()
 {
     switchInputsOff();
     clock.waitForSlices(SLICES_FOR_INPUTS_TO_END);
+    player.acceptNoteOns(false);  // the window may still post keys
     orv->getOrvMessageManager().sendReset();
     waitForRest();
 }
@@ -307,6 +308,8 @@ void LivePlay::suspend(const std::function<void()>& stopProcess)
     endNotes();
     waitUntil([this] { return soundingNotes(ports) == 0; }, LONGEST_WAIT_FOR_DELIVERY);
     stopProcess();
+    orv->getOrvMessageManager().sendReset();  // the engine forgets the note-ons that were dropped
+    player.acceptNoteOns(true);
     orv->getOrvMessageManager().postSetMidiInputPorts(ports.inputList());
     orv->startJoysticks();
 }

@@ -54,10 +54,10 @@ def song(messages):
 class Program:
     """A program in the background, with what it has printed so far."""
 
-    def __init__(self, test, *command, env=None):
+    def __init__(self, test, *command, env=None, **options):
         self.out, self.err = (tempfile.TemporaryFile() for _ in range(2))
         self.process = subprocess.Popen(command, stdin=subprocess.PIPE, stdout=self.out, stderr=self.err,
-                                        env=env or test.environment, cwd=test.folder, bufsize=0)
+                                        env=env or test.environment, cwd=test.folder, bufsize=0, **options)
         test.addCleanup(self.clean)
 
     def clean(self):

@@ -63,16 +63,17 @@ class Window(live.Graph):
             file.write(PROGRAM.format(channel=channel))
         return path
 
-    def open(self, *arguments, env=None):
-        program = Program(self, live.ORVANE, *arguments, env=env)
+    def open(self, *arguments, **options):
+        program = Program(self, live.ORVANE, *arguments, **options)
         until(lambda: "Closing the window" in program.printed or program.process.poll() is not None, "orvane")
         self.assertIsNone(program.process.poll(), program.complained)
         until(lambda: self.windows(), "the window")
         return program
 
-    def openPlaying(self, *arguments):
+    def openPlaying(self, *arguments, **options):
         """What is played comes to the monitor."""
-        return self.open("--default-output", "Orvane Out", "--connect", "orvane:Orvane Out=monitor:input", *arguments)
+        return self.open("--default-output", "Orvane Out", "--connect", "orvane:Orvane Out=monitor:input", *arguments,
+                         **options)
 
     def windows(self):
         return self.tool("xdotool", "search", "--onlyvisible", "--name", f"^{TITLE}$", status=None).split()
@@ -188,6 +189,20 @@ class Window(live.Graph):
         until(lambda: self.monitor.received.count("90 3c 64") == 3, "the third note and no more")
         self.assertEqual(orvane.end(signal.SIGTERM), 0, orvane.complained)
         self.key("keyup", Q)
+        self.checkSilence()
+
+    def test_suspended_while_keys_play_it_leaves_no_note_sounding(self):
+        orvane = self.openPlaying(self.write("keys.prg"), process_group=0)  # a job of ours, which can be suspended
+        self.awaitKeys()
+        Program(self, "xdotool", "key", "--delay", "1", "--repeat", "1000000", str(Q))
+        for _ in range(5):
+            known = len(self.monitor.received)
+            until(lambda: len(self.monitor.received) > known + 20, "keys that play")
+            orvane.process.send_signal(signal.SIGTSTP)
+            self.assertTrue(os.WIFSTOPPED(os.waitpid(orvane.process.pid, os.WUNTRACED)[1]))
+            self.checkSilence()
+            orvane.process.send_signal(signal.SIGCONT)
+        self.assertEqual(orvane.end(), 0, orvane.complained)
         self.checkSilence()
 
     def test_the_window_comes_back_as_it_was(self):
