@@ -218,7 +218,6 @@ void Orv::addSequencePreset(const std::string& name, const std::string& text)
 void Orv::deleteSequencePreset(const std::string& name)
 {
     assertBackendThread();
-    sequencePresets.deletePreset(name);
-    notifyGui(GuiMessage::SEQUENCE_PRESETS, true);
+    notifyGui(GuiMessage::SEQUENCE_PRESETS, sequencePresets.deletePreset(name));
 }
 }  // namespace Backend

@@ -96,15 +96,16 @@ void SequencePresetManager::renamePreset(std::string_view oldName, std::string_v
     insert(stored);
 }
 
-void SequencePresetManager::deletePreset(std::string_view name)
+bool SequencePresetManager::deletePreset(std::string_view name)
 {
     const int place = indexOf(name);
-    if (place < 0) return;
+    if (place < 0) return false;
     const std::string path = getPresetPath(name);
     std::error_code error;
     fs::remove(pathOf(path), error);
-    report(error, path, "not removed");
+    if (!report(error, path, "not removed")) return false;
     list.erase(list.begin() + place);
+    return true;
 }
 
 std::string SequencePresetManager::getPresetPath(std::string_view name)

@@ -41,8 +41,8 @@ public:
     /// Renames a preset, if it is in the list, and the new name is valid and not in the list.
     void renamePreset(std::string_view oldName, std::string_view newName);
 
-    /// Removes a preset's entry and file.
-    void deletePreset(std::string_view name);
+    /// Removes a listed preset, entry and file. False, and it stays listed, if the file cannot be removed.
+    bool deletePreset(std::string_view name);
 
     /// The path of a preset's file, existing or not; empty if the name would lead out of the folder.
     static std::string getPresetPath(std::string_view name);

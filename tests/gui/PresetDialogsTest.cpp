@@ -240,6 +240,12 @@ TEST_F(PresetDialogs, SequencesAreWrittenByTheBackendAndListedInTheWindow)
     EXPECT_TRUE(gui->editSequencePreset("Up", "0,12"));
     settle();
     EXPECT_TRUE(holds(">0,12<"));
+    fs::remove(file);
+    fs::create_directories(file + "/in the way");
+    gui->deleteSequencePreset("Up");
+    settle();
+    EXPECT_EQ(answer(), "Error: The folder \"Sequences\" could not be changed.");
+    fs::remove(file + "/in the way");
     gui->deleteSequencePreset("Up");
     EXPECT_EQ(lists(), "0-");
     EXPECT_FALSE(fs::exists(file));
