@@ -1,6 +1,7 @@
 #include "gui/files/FileCommands.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QLabel>
 
 #include "api/Bank.h"
@@ -55,7 +56,12 @@ void changeBankSize(OrvGuiIF& gui, QWidget& parent, int size)
 }
 }  // namespace
 
-QString getBanksFolder() { return QString::fromStdString(OrvUtils::pathIn(OrvUtils::getOrvAppDataDir(), "Banks")); }
+QString getBanksFolder()
+{
+    const QString folder = QString::fromStdString(OrvUtils::pathIn(OrvUtils::getOrvAppDataDir(), "Banks"));
+    if (!folder.isEmpty()) QDir().mkpath(folder);
+    return folder;
+}
 
 QString bankFilter() { return tr("Bank Files (*.bnk)"); }
 

@@ -21,7 +21,7 @@ void importVersion2File(OrvGuiIF& gui, QWidget& parent);
 void makeDefaultBank(OrvGuiIF& gui, QWidget& parent);
 
 // For these and their dialogs
-QString getBanksFolder();
+QString getBanksFolder();  ///< It is made if it is not there.
 QString bankFilter();
 QString programFilter();
 }  // namespace Gui::Files

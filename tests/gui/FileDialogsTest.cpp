@@ -71,7 +71,6 @@ TEST_F(FileDialogs, LoadABankOrAProgramAndSayWhereThereIsNone)
 
 TEST_F(FileDialogs, StartInTheFolderOfTheBanks)
 {
-    std::filesystem::create_directories(OrvUtils::pathIn(OrvUtils::getOrvAppDataDir(), "Banks"));
     click("Load");
     const auto& load = static_cast<QFileDialog&>(dialog("Load"));
     EXPECT_EQ(load.directory().path().toStdString(), OrvUtils::pathIn(OrvUtils::getOrvAppDataDir(), "Banks"));
