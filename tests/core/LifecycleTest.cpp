@@ -58,6 +58,20 @@ TEST(Lifecycle, ANewUserGetsTheFactorysPresetsAndBanksAndADefaultBank)
               "DefaultBank=string:" + bank + "\nEnabledMidiInputs=string:\nEnabledMidiOutputs=string:\n");
 }
 
+TEST(Lifecycle, BanksComeOnceThereIsContentForThem)
+{
+    Life life;
+    OrvUtils::setOrvProgDir("");
+    life.begin();
+    life.end();
+    EXPECT_FALSE(std::filesystem::exists(life / DATA / "Banks"));
+    OrvUtils::setOrvProgDir((life / "prog").string());
+    life.write("prog/Default/Banks/Default Bank.bnk", "bank");
+    life.begin();
+    life.end();
+    EXPECT_EQ(life.read(DATA + "/Banks/Default Bank.bnk"), "bank");
+}
+
 TEST(Lifecycle, AnEditSavedIntoTheDefaultBankIsThereTheNextTimeAndNothingElseChanged)
 {
     Life life;
