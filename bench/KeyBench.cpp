@@ -1,6 +1,7 @@
 // The time from a pressed key to the player: `build/release/bin/bench_keys [PRESSES]`. The key is posted to the backend
 // thread, its note to the engine's command thread, and the slice after the one that takes it from the queue plays it;
-// slices have a millisecond. Then the same while a program is saved into a bank of a thousand, again and again.
+// slices have a millisecond. Then the same while a program is saved into a bank of a thousand, again and again. All
+// threads but those of the saves have real-time priority where the system grants it.
 
 #include <cstdio>
 
@@ -46,6 +47,8 @@ private:
 int main(int argc, char** argv)
 {
     LiveStage stage;
+    const bool realTime = requestRealTimePriority(RealTimeStep::backend);
+    std::printf("%s real-time priority\n", realTime ? "with" : "without");
     const int presses = countOfPresses(argc, argv, 2000);
     measureKeys(stage, "key to player", presses, postedKeys(stage));
 

@@ -15,9 +15,9 @@
 #include "backend/messages/LayerMessageManager.h"
 #include "tests/stage/PrivateFolders.h"
 
-/// The library with a clock that runs, a slice each millisecond, for what happens while it plays. One input, one
-/// output, one layer; the key Q plays C4. Its user is new, with folders of its own. For a program that links the
-/// backend or the library.
+/// The library with a clock that runs, a slice each millisecond, for what happens while it plays, with real-time
+/// priorities where the system grants them. One input, one output, one layer; the key Q plays C4. Its user is new, with
+/// folders of its own. For a program that links the backend or the library.
 class LiveStage
 {
 public:
@@ -56,6 +56,7 @@ public:
 
     LiveStage() : orv(Backend::OrvFactory::createOrv("Live Stage", player, false))
     {
+        orv->requestRealTime();
         orv->start();
         commands().sendInitialize();
         commands().sendSetMidiInputPorts({{{.name = "In"}}});
@@ -100,6 +101,7 @@ private:
     {
         constexpr std::int32_t FIRST_PULSE = 50000000;
         player.clockThread = currentThreadId();
+        requestRealTimePriority(RealTimeStep::clock);
         auto next = std::chrono::steady_clock::now();
         for (std::int32_t pulse = FIRST_PULSE; !stopping; ++pulse) {
             orv->playTimeSlice(pulse, pulse + 1);
