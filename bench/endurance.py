@@ -68,11 +68,11 @@ class Endurance(hotplug.Stage):
         orvane, stream = self.start()
         monitor = self.monitor()
         self.tool("jack_connect", "X:Orvane Out", "monitor:input")
-        gaps, received, asleep = [], [], 0  # the monitors count as one instrument that is never switched off
+        gaps, received, ignored = [], [], 0  # by all monitors together, as by one receiver
         for turn in range(AMOUNT + 1):
             while not self.receives(monitor):  # a busy server sometimes accepts a client and never runs it
                 received += [f"80 {note} 40" for note in sounding(received)]
-                asleep += 1
+                ignored += 1
                 monitor.clean()
                 monitor = self.monitor(connected_to="X:Orvane Out")
             if turn == AMOUNT:
@@ -89,7 +89,7 @@ class Endurance(hotplug.Stage):
             gaps.append(time.monotonic() - started[0])
             monitor = self.monitor(connected_to="X:Orvane Out")
         print(f"{AMOUNT} restarts; back in the graph after {sorted(gaps)[len(gaps) // 2]:.2f} s in the middle, "
-              f"{max(gaps):.2f} s at most; {self.memory(orvane)} kB; {asleep} monitors were never run")
+              f"{max(gaps):.2f} s at most; {self.memory(orvane)} kB; {ignored} monitors were never run")
         self.finish(orvane, stream, monitor, received)
 
     def virtual(self):
