@@ -1,45 +1,93 @@
 #pragma once
 
-#include <sys/types.h>
+#include <signal.h>
+#include <unistd.h>
 #include <xcb/xcb.h>
+#include <xcb/xtest.h>
 
-#include <cstdint>
-#include <functional>
+#include <cstdio>
+#include <cstdlib>
 #include <memory>
+#include <stdexcept>
 #include <string>
 
-namespace KeyboardHook
+#include "backend/values/Key.h"
+#include "keyboardhook/KeyTable.h"
+
+/// The name of a key, with those of the modifiers in front.
+inline std::string nameOf(std::uint8_t scanCode, std::uint8_t modifiers = 0)
 {
-using Connection = std::unique_ptr<xcb_connection_t, decltype(&xcb_disconnect)>;
+    const auto code = static_cast<std::uint32_t>(KeyTable::virtualKeyAt(scanCode));
+    return Key::fromPacked(code | std::uint32_t{modifiers} << 8).toXmlString();
+}
+
+/// A client of the X server that DISPLAY names.
+class Client
+{
+public:
+    /// Until the server has done all that was asked for.
+    void waitForAnswer() { std::free(xcb_get_input_focus_reply(get(), xcb_get_input_focus(get()), nullptr)); }
+    xcb_connection_t* get() const { return connection.get(); }
+
+    static std::uint8_t scanCodeOf(const std::string& key)
+    {
+        for (const auto& place : KeyTable::PLACES)
+            if (nameOf(place.scanCode) == key) return place.scanCode;
+        throw std::invalid_argument(key);
+    }
+
+private:
+    std::unique_ptr<xcb_connection_t, decltype(&xcb_disconnect)> connection{xcb_connect(nullptr, nullptr),
+                                                                            &xcb_disconnect};
+};
 
 /// An X server of our own that nobody sees. While it lives, DISPLAY is its name. Held keys repeat soon.
 class PrivateDisplay
 {
 public:
-    static bool isInstalled();
+    static bool isInstalled() { return ::access("/usr/bin/Xvfb", X_OK) == 0; }
 
-    PrivateDisplay();
+    PrivateDisplay()
+    {
+        // Ends by itself with its last client, should we end before.
+        server = ::popen(
+            "echo $$; exec /usr/bin/Xvfb -displayfd 1 -nolisten tcp -terminate -screen 0 320x240x24"
+            " -ardelay 100 -arinterval 20 2>/dev/null",
+            "re");
+        int number = 0;
+        if (server == nullptr || std::fscanf(server, "%d %d", &process, &number) != 2)
+            throw std::runtime_error("Xvfb does not start");
+        ::setenv("DISPLAY", (":" + std::to_string(number)).c_str(), 1);
+        fingers = std::make_unique<Client>();
+    }
     ~PrivateDisplay() { end(); }
-
     PrivateDisplay(const PrivateDisplay&) = delete;
     PrivateDisplay& operator=(const PrivateDisplay&) = delete;
 
-    void end();
-
-    /// Fingers on its keyboard, by the names of keys.
-    void press(const std::string& key) { move(key, XCB_KEY_PRESS); }
-    void release(const std::string& key) { move(key, XCB_KEY_RELEASE); }
-    void tap(const std::string& key)
+    void end()
     {
-        press(key);
-        release(key);
+        if (server == nullptr) return;
+        ::kill(process, SIGTERM);
+        ::pclose(std::exchange(server, nullptr));
+        ::unsetenv("DISPLAY");
+    }
+
+    /// Plays on its keyboard: "Q<W<Q>W>" where Q and W go down before both come up.
+    void play(const std::string& keys)
+    {
+        for (std::size_t start = 0, end; (end = keys.find_first_of("<>", start)) != std::string::npos;
+             start = end + 1) {
+            const std::uint8_t type = keys[end] == '<' ? XCB_KEY_PRESS : XCB_KEY_RELEASE;
+            xcb_test_fake_input(fingers->get(), type, Client::scanCodeOf(keys.substr(start, end - start)),
+                                XCB_CURRENT_TIME, XCB_NONE, 0, 0, 0);
+            fingers->waitForAnswer();
+        }
     }
 
 private:
-    void move(const std::string& key, std::uint8_t type);
-
+    std::FILE* server = nullptr;
     pid_t process = -1;
-    Connection fingers{nullptr, &xcb_disconnect};
+    std::unique_ptr<Client> fingers;
 };
 
 /// A program with a window that writes down which keys it gets: Q< where one goes down, Q> where it comes up.
@@ -48,28 +96,54 @@ class Program
 public:
     enum class Whose { another, ours };
 
-    explicit Program(Whose whose = Whose::another);
+    explicit Program(Whose whose = Whose::another)
+    {
+        auto* const to = client.get();
+        const xcb_screen_t* const screen = xcb_setup_roots_iterator(xcb_get_setup(to)).data;
+        root = screen->root;
+        window = xcb_generate_id(to);
+        const std::uint32_t events = XCB_EVENT_MASK_KEY_PRESS | XCB_EVENT_MASK_KEY_RELEASE;
+        xcb_create_window(to, XCB_COPY_FROM_PARENT, window, root, 0, 0, 100, 100, 0, XCB_WINDOW_CLASS_INPUT_OUTPUT,
+                          screen->root_visual, XCB_CW_EVENT_MASK, &events);
+        constexpr std::string_view PROPERTY = "_NET_WM_PID";
+        auto* const atom = xcb_intern_atom_reply(to, xcb_intern_atom(to, 0, PROPERTY.size(), PROPERTY.data()), nullptr);
+        const auto process = static_cast<std::uint32_t>(whose == Whose::ours ? ::getpid() : ::getppid());
+        xcb_change_property(to, XCB_PROP_MODE_REPLACE, window, atom->atom, XCB_ATOM_CARDINAL, 32, 1, &process);
+        std::free(atom);
+        xcb_map_window(to, window);
+        focus();
+    }
 
     /// Its window gets the focus.
-    void focus();
+    void focus()
+    {
+        xcb_set_input_focus(client.get(), XCB_INPUT_FOCUS_PARENT, window, XCB_CURRENT_TIME);
+        client.waitForAnswer();
+    }
     /// It takes a key for itself, wherever the focus is.
-    void take(const std::string& key, std::uint16_t modifiers);
+    void take(const std::string& key, std::uint16_t modifiers)
+    {
+        xcb_grab_key(client.get(), 0, root, modifiers, Client::scanCodeOf(key), XCB_GRAB_MODE_ASYNC,
+                     XCB_GRAB_MODE_ASYNC);
+        client.waitForAnswer();
+    }
 
-    /// What it got so far, after waiting for as much as is expected.
-    const std::string& typed(const std::string& expected);
+    /// What it got so far.
+    const std::string& received()
+    {
+        while (xcb_generic_event_t* const event = xcb_poll_for_event(client.get())) {
+            const int type = event->response_type & 0x7F;
+            if (type == XCB_KEY_PRESS || type == XCB_KEY_RELEASE)
+                text += nameOf(reinterpret_cast<const xcb_key_press_event_t*>(event)->detail) +
+                        (type == XCB_KEY_PRESS ? '<' : '>');
+            std::free(event);
+        }
+        return text;
+    }
 
 private:
-    void read();
-
-    Connection connection{nullptr, &xcb_disconnect};
+    Client client;
     xcb_window_t root = 0;
     xcb_window_t window = 0;
     std::string text;
 };
-
-/// The name of a key, with those of the modifiers in front.
-std::string nameOf(std::uint8_t scanCode, std::uint8_t modifiers = 0);
-
-/// Whether it comes true before patience ends.
-bool waitUntil(const std::function<bool()>& condition);
-}  // namespace KeyboardHook
