@@ -6,74 +6,57 @@
 #include <QElapsedTimer>
 
 #include "tests/stage/LiveStage.h"
+#include "tests/stage/TestEvent.h"
 
-namespace Host
-{
-namespace
-{
 using Backend::Screen;
+using Host::DesktopWindow;
 
-void processEventsUntil(const std::function<bool()>& condition)
-{
-    QElapsedTimer patience;
-    for (patience.start(); !condition() && patience.elapsed() < 20000;) QApplication::processEvents();
-    ASSERT_TRUE(condition());
-}
-
-/// Plays without a rest: keys, notes and what the window is told of.
-class Performer
-{
-public:
-    explicit Performer(LiveStage& liveStage) : stage(liveStage), thread([this] { play(); }) {}
-    ~Performer()
+struct DesktopWindows : testing::Test {
+    static void processEventsUntil(const std::function<bool()>& condition)
     {
-        stopping = true;
-        thread.join();
+        QElapsedTimer patience;
+        for (patience.start(); !condition() && patience.elapsed() < 20000;) QApplication::processEvents();
+        ASSERT_TRUE(condition());
+    }
+    std::unique_ptr<DesktopWindow> openWindow()
+    {
+        return std::make_unique<DesktopWindow>(*stage.orv, [] {});
     }
 
-private:
-    void play()
-    {
-        using namespace Backend::MidiEngine;
-        auto& commands = stage.commands();
-        const Key key = Key::fromXmlString("Q");
-        for (int step = 0; !stopping; ++step) {
-            const int note = 40 + step % 40;
-            commands.postKeyDown(key, false);
-            commands.postProcessMidiInputEvent(
-                {MessageType::noteOn, note, 100, 0, OrvMidiMessage::DEFAULT_OUTPUT, 0, 0, -1});
-            commands.postExecuteFunction(step % 2 == 0 ? "<ShowDisplay/>" : "<MoveWindow x='+1'/>");
-            std::this_thread::sleep_for(std::chrono::microseconds(500));
-            commands.postProcessMidiInputEvent(
-                {MessageType::noteOff, note, 64, 0, OrvMidiMessage::DEFAULT_OUTPUT, 0, 0, -1});
-            commands.postKeyUp(key);
-        }
-    }
-
-    LiveStage& stage;
-    std::atomic<bool> stopping{false};
-    std::thread thread;
+    LiveStage stage;
 };
-}  // namespace
 
-TEST(DesktopWindow, OpensAndClosesAHundredTimesWhileItPlays)
+TEST_F(DesktopWindows, OpenAndCloseAHundredTimesWhileTheEnginePlays)
 {
     constexpr int TIMES = 100;
-    LiveStage stage;
-    {
-        const Performer performer(stage);
-        for (int time = 0; time < TIMES; ++time) {
-            DesktopWindow window(*stage.orv, [] {});
-            const int before = stage.player.events;
-            processEventsUntil([&] { return stage.player.events > before; });
-            window.getGui().showScreen(Screen::help, time % 2 == 0);
-            if (time % 3 == 0) {  // once more in the same frame
-                window.getGui().destroy();
-                EXPECT_TRUE(window.getGui().create(window.getFrame()));
-                QApplication::processEvents();
-            }
+    // Plays without a rest: keys, notes and what the window is notified of.
+    std::jthread performer([this](const std::stop_token& stop) {
+        auto& commands = stage.commands();
+        const Key key = Key::fromXmlString("Q");
+        for (int step = 0; !stop.stop_requested(); ++step) {
+            const int note = 40 + step % 40;
+            commands.postKeyDown(key, false);
+            commands.postProcessMidiInputEvent(noteOn(note).channel(0).zone(0).input(0));
+            commands.postExecuteFunction(step % 2 == 0 ? "<ShowDisplay/>" : "<MoveWindow x='+1'/>");
+            std::this_thread::sleep_for(std::chrono::microseconds(500));
+            commands.postProcessMidiInputEvent(noteOff(note).channel(0).zone(0).input(0));
+            commands.postKeyUp(key);
+        }
+    });
+    for (int time = 0; time < TIMES; ++time) {
+        const auto window = openWindow();
+        EXPECT_EQ(window->getGui().isScreenShowing(Screen::help), time % 2 == 1 || time == 0) << "as the last time";
+        const int before = stage.player.events;
+        processEventsUntil([&] { return stage.player.events > before; });
+        window->getGui().showScreen(Screen::help, time % 2 == 0);
+        window->getGui().showScreen(Screen::display, true);  // prints what is played
+        if (time % 3 == 0) {                                 // once more in the same frame
+            window->getGui().destroy();
+            EXPECT_TRUE(window->getGui().create(window->getFrame()));
+            QApplication::processEvents();
         }
     }
+    performer = {};
     stage.rest();
     std::this_thread::sleep_for(std::chrono::milliseconds(5));  // the slices that play the rest
     stage.rest();
@@ -82,31 +65,16 @@ TEST(DesktopWindow, OpensAndClosesAHundredTimesWhileItPlays)
     EXPECT_TRUE(stage.player.isSilent());
 }
 
-TEST(DesktopWindow, ShowsTheScreensOfTheLastTime)
+TEST_F(DesktopWindows, FollowTheSettingsOfTheirFrame)
 {
-    LiveStage stage;
-    {
-        DesktopWindow window(*stage.orv, [] {});
-        EXPECT_TRUE(window.getGui().isScreenShowing(Screen::help));
-        window.getGui().showScreen(Screen::help, false);
-        window.getGui().showScreen(Screen::display, true);
-    }
-    DesktopWindow window(*stage.orv, [] {});
-    EXPECT_FALSE(window.getGui().isScreenShowing(Screen::help));
-    EXPECT_TRUE(window.getGui().isScreenShowing(Screen::display));
-}
-
-TEST(DesktopWindow, FollowsTheSettingsOfItsFrame)
-{
-    LiveStage stage;
     stage.commands().postSetAlwaysOnTop(true);
     stage.rest();
-    DesktopWindow window(*stage.orv, [] {});
-    EXPECT_TRUE(window.getFrame().windowFlags().testFlag(Qt::WindowStaysOnTopHint));
-    EXPECT_TRUE(window.getFrame().windowFlags().testFlag(Qt::FramelessWindowHint));
+    const auto window = openWindow();
+    const auto is = [&window](Qt::WindowType flag) { return window->getFrame().windowFlags().testFlag(flag); };
+    EXPECT_TRUE(is(Qt::WindowStaysOnTopHint));
+    EXPECT_TRUE(is(Qt::FramelessWindowHint));
     stage.commands().postSetUseSkinBorder(false);
-    processEventsUntil([&] { return !window.getFrame().windowFlags().testFlag(Qt::FramelessWindowHint); });
+    processEventsUntil([&] { return !is(Qt::FramelessWindowHint); });
     stage.commands().postSetAlwaysOnTop(false);
-    processEventsUntil([&] { return !window.getFrame().windowFlags().testFlag(Qt::WindowStaysOnTopHint); });
+    processEventsUntil([&] { return !is(Qt::WindowStaysOnTopHint); });
 }
-}  // namespace Host

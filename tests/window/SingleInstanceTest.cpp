@@ -2,37 +2,30 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-#include <fstream>
 #include <mutex>
+#include <sstream>
 
 #include "tests/stage/PrivateFolders.h"
 
-namespace Host
-{
-namespace
-{
 using Files = std::vector<std::string>;
-using Result = SingleInstance::Result;
+using Result = Host::SingleInstance::Result;
 
 /// A user with an empty folder of run-time files.
-class User
-{
-public:
-    User() { ::setenv("XDG_RUNTIME_DIR", runtime.string().c_str(), 1); }
-    ~User() { ::unsetenv("XDG_RUNTIME_DIR"); }
+struct SingleInstance : testing::Test {
+    SingleInstance() { ::setenv("XDG_RUNTIME_DIR", runtime.string().c_str(), 1); }
+    ~SingleInstance() { ::unsetenv("XDG_RUNTIME_DIR"); }
+    static auto acquire() { return Host::SingleInstance::acquire(); }
+    static Result notify(const Files& files = {}) { return Host::SingleInstance::notify(files); }
 
     TemporaryFolder runtime;
     PrivateFolders folders;
 };
-}  // namespace
 
-TEST(SingleInstance, PassesTheFilesOfLaterStartsToTheOneWindow)
+TEST_F(SingleInstance, PassesTheFilesOfLaterStartsToTheOneWindow)
 {
-    const User user;
-    const auto instance = SingleInstance::acquire();
+    const auto instance = acquire();
     ASSERT_TRUE(instance);
-    EXPECT_FALSE(SingleInstance::acquire()) << "one for each user";
+    EXPECT_FALSE(acquire()) << "one for each user";
 
     std::mutex lock;
     std::vector<Files> received;
@@ -42,60 +35,51 @@ TEST(SingleInstance, PassesTheFilesOfLaterStartsToTheOneWindow)
         return true;
     });
     const std::vector<Files> all = {{}, {"/a.prg"}, {"/a b\n.bnk", "", "/ö"}, Files(2000, "/a/rather/long/path.bnk")};
-    for (const Files& files : all) EXPECT_EQ(SingleInstance::notify(files), Result::accepted);
+    for (const Files& files : all) EXPECT_EQ(notify(files), Result::accepted);
     const std::lock_guard guard(lock);
     EXPECT_EQ(received, all);
 }
 
-TEST(SingleInstance, IsFreeAgainWhenTheWindowIsClosed)
+TEST_F(SingleInstance, IsFreeAgainWhenTheWindowIsClosed)
 {
-    const User user;
-    EXPECT_EQ(SingleInstance::notify({}), Result::noAnswer);
+    EXPECT_EQ(notify(), Result::noAnswer);
     {
-        const auto instance = SingleInstance::acquire();
+        const auto instance = acquire();
         instance->listen([](const Files&) { return false; });
-        EXPECT_EQ(SingleInstance::notify({}), Result::noAnswer) << "it refuses files while it closes";
+        EXPECT_EQ(notify(), Result::noAnswer) << "it refuses files while it closes";
         instance->stopListening();
-        EXPECT_EQ(SingleInstance::notify({}), Result::noAnswer);
-        EXPECT_FALSE(SingleInstance::acquire()) << "the lock is given back last";
+        EXPECT_EQ(notify(), Result::noAnswer);
+        EXPECT_FALSE(acquire()) << "the lock is given back last";
     }
-    EXPECT_TRUE(SingleInstance::acquire());
-    EXPECT_EQ(user.runtime.contents(), "");
+    EXPECT_TRUE(acquire());
+    EXPECT_EQ(runtime.contents(), "");
 }
 
-TEST(SingleInstance, IsSeparateForEachSettingsFolder)
+TEST_F(SingleInstance, ReplacesWhatAKilledProgramLeft)
 {
-    const User user;
-    const auto instance = SingleInstance::acquire();
-    Folders::setSettings((user.folders / "other").string());
-    EXPECT_EQ(SingleInstance::notify({}), Result::noAnswer);
-    EXPECT_TRUE(SingleInstance::acquire());
-}
-
-TEST(SingleInstance, ReplacesWhatAKilledProgramLeft)
-{
-    const User user;
-    const auto left = [&] {
-        const auto instance = SingleInstance::acquire();
-        return user.runtime.contents();
-    }();
-    for (std::size_t start = 0; start < left.size(); start = left.find(' ', start) + 1) {
-        user.runtime.write(left.substr(start, left.find(' ', start) - start), "");
-        if (left.find(' ', start) == std::string::npos) break;
+    std::istringstream left;
+    {
+        const auto killed = acquire();
+        left.str(runtime.contents());
     }
-    const auto instance = SingleInstance::acquire();
+    for (std::string name; left >> name;) runtime.write(name, "");
+    EXPECT_NE(runtime.contents(), "");
+    const auto instance = acquire();
     ASSERT_TRUE(instance);
     instance->listen([](const Files&) { return true; });
-    EXPECT_EQ(SingleInstance::notify({}), Result::accepted);
+    EXPECT_EQ(notify(), Result::accepted);
 }
 
-TEST(SingleInstance, IsImpossibleWithoutAUsableFolder)
+TEST_F(SingleInstance, IsSeparateForEachSettingsFolderAndImpossibleWithoutAUsableOne)
 {
-    const User user;
-    const std::string tooLong = user.runtime.string() + "/" + std::string(120, 'x');
+    const auto instance = acquire();
+    Folders::setSettings((folders / "other").string());
+    EXPECT_EQ(notify(), Result::noAnswer);
+    EXPECT_TRUE(acquire());
+
+    const std::string tooLong = runtime.string() + "/" + std::string(120, 'x');
     std::filesystem::create_directory(tooLong);
     ::setenv("XDG_RUNTIME_DIR", tooLong.c_str(), 1);
-    EXPECT_FALSE(SingleInstance::acquire());
-    EXPECT_EQ(SingleInstance::notify({}), Result::impossible);
+    EXPECT_FALSE(acquire());
+    EXPECT_EQ(notify(), Result::impossible);
 }
-}  // namespace Host
