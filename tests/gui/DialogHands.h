@@ -1,99 +1,113 @@
 #pragma once
 
-#include <gtest/gtest.h>
+#include <sys/resource.h>
 
-#include <QDialog>
 #include <QFileDialog>
-#include <QLineEdit>
 #include <QMessageBox>
 #include <QSettings>
-#include <QTest>
+#include <csignal>
 
 #include "api/Bank.h"
-#include "tests/gui/OpenWindow.h"
-#include "tests/sections/KeyStage.h"
+#include "tests/gui/WindowStage.h"
 
-/// An open window, and hands for its dialogs.
+/// An open window, and hands for its dialogs, which go by their titles.
 struct DialogHands : OpenWindow, testing::Test {
+    using Answer = QMessageBox::StandardButton;
+
     DialogHands() { QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, (folder / "qt").c_str()); }
 
-    /// The dialog of that title that is open; null if there is none.
-    QDialog* find(const QString& title)
+    QList<QDialog*> openDialogs() const
     {
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        for (auto* dialog : surroundings.findChildren<QDialog*>())
-            if (dialog->isVisible() && dialog->windowTitle() == title) return dialog;
-        return nullptr;
+        auto all = surroundings.findChildren<QDialog*>();
+        all.removeIf([](const QDialog* each) { return !each->isVisible(); });
+        return all;
     }
-    QDialog& dialog(const QString& title)
+    /// Every control in it has a name.
+    QDialog& dialog(const QString& title) const
     {
-        if (auto* found = find(title)) return *found;
+        for (auto* each : openDialogs()) {
+            if (each->windowTitle() != title) continue;
+            expectNames(*QAccessible::queryAccessibleInterface(each), title.toStdString());
+            return *each;
+        }
         throw std::runtime_error("no dialog " + title.toStdString());
     }
     /// The titles of all that are open, sorted.
-    std::string dialogs()
+    std::string dialogs() const
     {
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         QStringList titles;
-        for (auto* each : surroundings.findChildren<QDialog*>())
-            if (each->isVisible()) titles.append(each->windowTitle());
+        for (const auto* each : openDialogs()) titles.append(each->windowTitle());
         titles.sort();
         return titles.join(", ").toStdString();
     }
 
-    /// Of a dialog's parts the one of that text.
+    /// The button of that text.
     template <class Button = QAbstractButton>
-    Button& buttonIn(QWidget& around, const QString& text)
+    static Button& buttonIn(QWidget& around, const QString& text)
     {
         for (auto* each : around.findChildren<Button*>())
             if (each->text().remove('&') == text) return *each;
         throw std::runtime_error("no button " + text.toStdString());
     }
-    void pressIn(const QString& title, const QString& text)
-    {
-        QTest::mouseClick(&buttonIn(dialog(title), text), Qt::LeftButton);
-        settle();
-    }
-    QLineEdit& lineIn(const QString& title) { return *dialog(title).findChild<QLineEdit*>(); }
+    QLineEdit& lineIn(const QString& title) const { return *dialog(title).findChild<QLineEdit*>(); }
+    QListWidget& listIn(const QString& title) const { return *dialog(title).findChild<QListWidget*>(); }
 
+    // These answer the message box that follows, if it has that button, and return what it said: "Error: Entry cannot
+    // be blank". Without a box that is empty.
+    std::string pressIn(const QString& title, const QString& text, Answer reply = Answer::Ok)
+    {
+        Hands::click(buttonIn(dialog(title), text));
+        return answer(reply);
+    }
     /// Types into a dialog's line and presses Enter.
-    void enter(const QString& title, const QString& text)
+    std::string enter(const QString& title, const QString& text, Answer reply = Answer::Ok)
     {
-        QLineEdit& line = lineIn(title);
-        line.selectAll();
-        QTest::keyClick(&line, Qt::Key_Delete);
-        QTest::keyClicks(&line, text);
+        replaceText(lineIn(title), text);
+        return confirm(lineIn(title), reply);
+    }
+    std::string confirm(QLineEdit& line, Answer reply = Answer::Ok)
+    {
         QTest::keyClick(&line, Qt::Key_Return);
-        settle();
+        return answer(reply);
     }
-    /// Names a file in the dialog of that title.
-    void chooseFile(const QString& title, const std::string& path)
+    std::string chooseFile(const QString& title, const std::string& path, Answer reply = Answer::Ok)
     {
-        auto* line = dialog(title).findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
-        line->setText(QString::fromStdString(path));
-        QTest::keyClick(line, Qt::Key_Return);
-        settle();
+        auto& line = *dialog(title).findChild<QLineEdit*>("fileNameEdit");
+        line.setText(QString::fromStdString(path));
+        return confirm(line, reply);
     }
-
-    /// What the open box says: "Error: Entry cannot be blank"; empty if there is none.
-    std::string said()
+    std::string answer(Answer reply = Answer::Ok)
     {
-        for (auto* box : surroundings.findChildren<QMessageBox*>())
-            if (box->isVisible()) return (box->windowTitle() + ": " + box->text()).toStdString();
+        settle();
+        for (auto* box : surroundings.findChildren<QMessageBox*>()) {
+            if (!box->isVisible()) continue;
+            dialog(box->windowTitle());
+            std::string text = (box->windowTitle() + ": " + box->text()).toStdString();
+            if (auto* button = box->button(reply)) Hands::click(*button);
+            settle();
+            return text;
+        }
         return "";
     }
-    /// Answers it, and says what it said.
-    std::string answer(QMessageBox::StandardButton answer = QMessageBox::Ok)
+    void leave(const QString& title)
     {
-        std::string text = said();
-        for (auto* box : surroundings.findChildren<QMessageBox*>())
-            if (box->isVisible()) {
-                QTest::mouseClick(box->button(answer), Qt::LeftButton);
-                break;
-            }
+        QTest::keyClick(&dialog(title), Qt::Key_Escape);
         settle();
-        return text;
     }
+    /// No file of this process grows beyond a few bytes meanwhile, whichever thread writes it.
+    static std::string onFullDisk(const std::function<std::string()>& action)
+    {
+        std::signal(SIGXFSZ, SIG_IGN);
+        rlimit before{};
+        getrlimit(RLIMIT_FSIZE, &before);
+        const rlimit full{.rlim_cur = 16, .rlim_max = before.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &full);
+        const std::string said = action();
+        setrlimit(RLIMIT_FSIZE, &before);
+        return said;
+    }
+
     /// Whether what is typed plays once the dialogs are gone.
     bool isPlayingAgain()
     {
@@ -106,31 +120,38 @@ struct DialogHands : OpenWindow, testing::Test {
         choose(item);
     }
 
-    /// One key that plays a note takes the place of all.
-    void loadKey(const std::string& id, const std::string& note)
-    {
-        const std::string section = "<ComputerInput>" + noteKey(id, note) + "</ComputerInput>";
-        orv->getComputerInputManager().loadSection(XmlDocument(section, XmlDocument::Source::text).getRoot());
-        settle();
-    }
     /// "W", wherever the keys go; what is played then.
     std::string key(QEvent::Type type)
     {
-        QWidget* focus = QApplication::focusWidget();
-        QKeyEvent event(type, Qt::Key_W, {}, 25, 0, 0, QStringLiteral("w"));
-        QApplication::sendEvent(focus == nullptr ? QApplication::activeWindow() : focus, &event);
-        settle();
+        send(type, 25, Qt::Key_W);
         return played();
     }
 
-    /// The names of a bank's programs.
-    std::string namesIn(const std::string& bank) { return namesOf((folder / bank).string()); }
-    std::string namesOf(const std::string& path)
+    /// The names of the programs of a bank in the folder.
+    std::string namesIn(const std::string& bank) const
     {
         std::string names;
-        for (const auto& name : Backend::Bank::fromFile(path).programNames) names += (names.empty() ? "" : ", ") + name;
+        for (const auto& name : Backend::Bank::fromFile(path(bank)).programNames)
+            names += (names.empty() ? "" : ", ") + name;
         return names;
     }
 
-    using Answer = QMessageBox::StandardButton;
+private:
+    static void expectNames(QAccessibleInterface& part, const std::string& path)
+    {
+        using Role = QAccessible::Role;
+        // What names another control or shows a part of one.
+        constexpr Role NAMELESS[] = {Role::StaticText, Role::ScrollBar,   Role::Splitter, Role::Grip,
+                                     Role::Cell,       Role::ListItem,    Role::TreeItem, Role::Client,
+                                     Role::Pane,       Role::LayeredPane, Role::Border,   Role::Grouping,
+                                     Role::PopupMenu,  Role::Separator};
+        if (part.state().invisible) return;
+        const std::string here =
+            path + "/" + (part.object() != nullptr ? part.object()->metaObject()->className() : "part");
+        EXPECT_TRUE(std::ranges::count(NAMELESS, part.role()) > 0 || !part.text(QAccessible::Name).trimmed().isEmpty())
+            << here << " has no name";
+        if (part.role() == Role::Table || part.role() == Role::Tree || part.role() == Role::List) return;  // of items
+        for (int child = 0; child < part.childCount(); ++child)
+            if (auto* inner = part.child(child)) expectNames(*inner, here);
+    }
 };

@@ -1,106 +1,88 @@
-#include <gtest/gtest.h>
-
-#include <QMessageBox>
-
-#include "backend/messages/GuiMessages.h"
-#include "gui/framework/EditBox.h"
 #include "gui/framework/EditBoxDialog.h"
-#include "gui/framework/OperationDialog.h"
-#include "platform/Message.h"
-#include "tests/gui/GuiStage.h"
+#include "gui/framework/Operation.h"
+#include "tests/gui/DialogHands.h"
 
-namespace
-{
 using Backend::GuiMessage::OPERATION_DONE;
-using Gui::EditBox;
-using Gui::EditBoxDialog;
-using Gui::OperationDialog;
 
-TEST(OperationDialog, StartsWhenItIsShownAndClosesWhenAllIsDone)
-{
-    for (const bool written : {true, false}) {
-        GuiStage stage;
-        bool started = false;
-        OperationDialog dialog(
-            "Saving...", OPERATION_DONE, [&] { started = true; }, stage.window);
-        EXPECT_FALSE(started);
-        dialog.open();
-        EXPECT_TRUE(started);
-        EXPECT_TRUE(dialog.isVisible());
-        dialog.handleMessage({.number = OPERATION_DONE + 1, .wparam = 1});
-        EXPECT_TRUE(dialog.isVisible());
-        dialog.handleMessage({.number = OPERATION_DONE, .wparam = written ? 1u : 0u});
-        EXPECT_FALSE(dialog.isVisible());
-        EXPECT_EQ(dialog.result() == QDialog::Accepted, written);
-    }
-}
-
-TEST(OperationDialog, LetsTheKeysPlayOnAndClosesByHand)
-{
-    GuiStage stage;
-    OperationDialog dialog(
-        "Saving...", OPERATION_DONE, [] {}, stage.window);
-    dialog.open();
-    QTest::keyClick(&dialog, Qt::Key_A);
-    QTest::keyClick(&dialog, Qt::Key_Return);
-    EXPECT_EQ(stage.window.played, (std::vector<int>{Qt::Key_A, Qt::Key_Return}));
-    QTest::keyClick(&dialog, Qt::Key_Escape);
-    EXPECT_FALSE(dialog.isVisible());
-    dialog.handleMessage({.number = OPERATION_DONE, .wparam = 1});
-}
-
-struct DialogStage : GuiStage {
-    explicit DialogStage(EditBoxDialog::Blank blank)
+struct Operations : DialogHands {
+    /// One that the test itself brings to its end.
+    void start()
     {
-        showEditBoxDialog(window, "New Preset", "Name", "Old", blank,
-                          [this](const QString& text) { accepted.push_back(text); });
+        Gui::run(*control("Playing keyboard").parentWidget(),
+                 {.title = "Saving...",
+                  .post = [this](const WindowHandle& handle) { window = handle; },
+                  .failure = "Not saved."});
         settle();
-        dialog = window.findChild<EditBoxDialog*>();
-        edit = dialog->findChild<EditBox*>();
+        QObject::connect(&dialog("Saving..."), &QDialog::finished, [this](int code) { result = code; });
+    }
+    /// What the message box said that followed.
+    std::string end(bool done)
+    {
+        window.post({.number = OPERATION_DONE, .wparam = done});
+        return answer();
     }
 
-    std::vector<QString> accepted;
-    EditBoxDialog* dialog;
-    EditBox* edit;
+    WindowHandle window;
+    int result = -1;
 };
 
-TEST(EditBoxDialog, GivesTheTextWithoutTheSpacesAround)
+TEST_F(Operations, CloseByTheMessageOrByHandAndSayWhatFailed)
 {
-    DialogStage stage(EditBoxDialog::Blank::refused);
-    EXPECT_EQ(stage.edit->text(), "Old");
-    QTest::keyClicks(stage.edit, "  Rag Time ");
-    QTest::keyClick(stage.edit, Qt::Key_Return);
-    EXPECT_EQ(stage.accepted, std::vector<QString>{"Rag Time"});
-    GuiStage::settle();
-    EXPECT_EQ(stage.window.findChild<EditBoxDialog*>(), nullptr);
-    EXPECT_TRUE(stage.window.played.empty());
+    start();
+    QTest::keyClick(&dialog("Saving..."), Qt::Key_Return);
+    window.post({.number = OPERATION_DONE + 1, .wparam = 1});
+    settle();
+    EXPECT_EQ(dialogs(), "Saving...");
+    EXPECT_EQ(end(true), "");
+    EXPECT_EQ(dialogs(), "");
+    EXPECT_EQ(result, QDialog::Accepted);
+    start();
+    EXPECT_EQ(end(false), "Error: Not saved.");
+    EXPECT_EQ(result, QDialog::Rejected);
+    EXPECT_TRUE(isPlayingAgain());
+
+    start();
+    pressIn("Saving...", "Close");
+    EXPECT_EQ(dialogs(), "");
+    start();
+    leave("Saving...");
+    EXPECT_TRUE(isPlayingAgain());
+    EXPECT_EQ(end(false), "Error: Not saved.");
+    start();
+    gui->destroy();
+    window.post({.number = OPERATION_DONE});
+    rest();
 }
 
-TEST(EditBoxDialog, StaysAndSaysSoWhenABlankIsRefused)
+TEST_F(Operations, DoNotStopThePlaying)
 {
-    DialogStage stage(EditBoxDialog::Blank::refused);
-    stage.edit->setText("  ");
-    QTest::keyClick(stage.edit, Qt::Key_Return);
-    GuiStage::settle();
-    auto* error = stage.dialog->findChild<QMessageBox*>();
-    ASSERT_NE(error, nullptr);
-    EXPECT_EQ(error->text(), "Entry cannot be blank");
-    EXPECT_EQ(error->windowTitle(), "Error");
-    QTest::keyClick(error, Qt::Key_Return);
-    EXPECT_TRUE(stage.dialog->isVisible());
-    EXPECT_TRUE(stage.accepted.empty());
+    start();
+    press("C4");
+    EXPECT_EQ(played(), "C4 on");
+    load(noteKey("W", "D4"));
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog("Saving...")));
+    EXPECT_EQ(key(QEvent::KeyPress), "D4 on");
+    EXPECT_EQ(dialogs(), "Saving...");
+    end(true);
+    EXPECT_TRUE(isPlayingAgain());
+    release("C4");
+    EXPECT_EQ(played(), "C4 off") << "the key that is held stays down";
+    EXPECT_EQ(key(QEvent::KeyRelease), "D4 off");
 }
 
-TEST(EditBoxDialog, TakesABlankThatIsAllowedAndNothingWhenCancelled)
-{
-    DialogStage blank(EditBoxDialog::Blank::allowed);
-    blank.edit->clear();
-    blank.dialog->accept();
-    EXPECT_EQ(blank.accepted, std::vector<QString>{""});
+using EditBoxDialogs = DialogHands;
 
-    DialogStage cancelled(EditBoxDialog::Blank::allowed);
-    QTest::keyClick(cancelled.edit, Qt::Key_Escape);
-    EXPECT_FALSE(cancelled.dialog->isVisible());
-    EXPECT_TRUE(cancelled.accepted.empty());
+TEST_F(EditBoxDialogs, TakeABlankThatIsAllowedAndNothingWhenCancelled)
+{
+    std::vector<QString> accepted;
+    const auto show = [&] {
+        showEditBoxDialog(*control("Playing keyboard").parentWidget(), "New", "Name", "Old",
+                          Gui::EditBoxDialog::Blank::allowed, [&](const QString& text) { accepted.push_back(text); });
+        EXPECT_EQ(lineIn("New").text(), "Old");
+    };
+    show();
+    EXPECT_EQ(enter("New", ""), "");
+    show();
+    leave("New");
+    EXPECT_EQ(accepted, std::vector<QString>{""});
 }
-}  // namespace

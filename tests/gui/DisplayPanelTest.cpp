@@ -1,214 +1,151 @@
 #include "gui/screens/display/DisplayPanel.h"
 
-#include <gtest/gtest.h>
-
-#include <QApplication>
 #include <QClipboard>
-#include <QPushButton>
 #include <QScrollBar>
-#include <atomic>
-#include <thread>
 
 #include "backend/display/DisplayMessageManager.h"
-#include "backend/files/RegistrySettings.h"
 #include "gui/framework/DisplayHeight.h"
-#include "gui/framework/GdiManager.h"
 #include "gui/screens/display/HeightEdge.h"
 #include "gui/screens/display/LogView.h"
-#include "tests/gui/ScreenStage.h"
+#include "tests/gui/WindowStage.h"
 
 using namespace Gui::Display;
-using namespace Backend::MidiEngine;
 using Backend::Screen;
+namespace DisplayHeight = Gui::DisplayHeight;
 
-namespace
-{
 /// The window with its display.
-struct DisplayStage : ScreenStage {
-    DisplayPanel* panel = nullptr;
-    LogView* log = nullptr;
-
-    DisplayStage() { look(); }
-
-    void look()
+struct DisplayScreen : WindowStage, testing::Test {
+    DisplayScreen()
     {
-        gui->showScreen(Screen::display, true);
-        panel = find<DisplayPanel>();
-        log = find<LogView>();
+        open({.system = false, .help = false, .display = true, .computerInput = false, .output = false});
+        log = &control<LogView>("Events");
+        edge = &control<HeightEdge>("Height of the display");
+        panel = dynamic_cast<DisplayPanel*>(edge->parentWidget());
+        playing = surroundings.focusWidget();
     }
     Backend::Display::DisplayMessageManager& display() { return orv->getDisplayMessageManager(); }
-    bool comesToShow(const QString& text)
+    std::string text() const { return log->toPlainText().toStdString(); }
+    bool comesToEndWith(const std::string& end)
     {
-        return QTest::qWaitFor([&] { return log->toPlainText() == text; });
+        return QTest::qWaitFor([&] { return text().ends_with(end); });
     }
     void press(const char* button) { control<QPushButton>(button).click(); }
-    const Backend::RegistrySettings& settings()
-    {
-        settle();
-        return orv->getRegistrySettings();
-    }
+
+    LogView* log;
+    HeightEdge* edge;
+    DisplayPanel* panel;
+    QWidget* playing;
 };
-}  // namespace
 
-TEST(DisplayPanel, ShowsTheLogAndWhatIsNew)
+TEST_F(DisplayScreen, ShowsTheLogAndWhatIsNew)
 {
-    DisplayStage stage;
-    EXPECT_TRUE(stage.comesToShow("Orvane 3.2")) << "what was there before";
-    stage.play(noteOn(60).output(1).channel(0));
-    stage.play(noteOff(60).output(1).channel(0));
-    stage.playSlices();
-    EXPECT_TRUE(stage.comesToShow("Orvane 3.2\nOut 2\t1\tNote On\t60 (C4)\t100\nOut 2\t1\tNote Off\t60 (C4)\t64"));
+    EXPECT_TRUE(comesToEndWith("Orvane 3.2")) << "what was there before";
+    play(noteOn(60).output(1).channel(0));
+    play(noteOff(60).output(1).channel(0));
+    playSlices();
+    EXPECT_TRUE(comesToEndWith("64"));
+    EXPECT_EQ(text(), "Orvane 3.2\nOut 2\t1\tNote On\t60 (C4)\t100\nOut 2\t1\tNote Off\t60 (C4)\t64");
 
-    stage.press("Clear");
-    EXPECT_TRUE(stage.log->toPlainText().isEmpty());
-    stage.display().postAddText("new\r\n");
-    EXPECT_TRUE(stage.comesToShow("new"));
+    press("Clear");
+    EXPECT_EQ(text(), "");
+    display().postAddText("new\r\n");
+    EXPECT_TRUE(comesToEndWith("new"));
 
-    stage.gui->showScreen(Screen::display, false);
-    stage.display().postAddText("newer\r\n");
-    stage.rest();
+    gui->showScreen(Screen::display, false);
+    display().postAddText("newer\r\n");
+    rest();
     QTest::qWait(150);
-    EXPECT_EQ(stage.log->toPlainText(), "new") << "out of sight it costs nothing";
-    stage.gui->showScreen(Screen::display, true);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return stage.log->toPlainText().endsWith("\nnew\nnewer"); }));
-    EXPECT_TRUE(stage.log->toPlainText().startsWith("Orvane 3.2\n"));
+    EXPECT_EQ(text(), "new") << "out of sight it costs nothing";
+    gui->showScreen(Screen::display, true);
+    EXPECT_TRUE(comesToEndWith("\nnew\nnewer"));
+    EXPECT_TRUE(text().starts_with("Orvane 3.2\n"));
 }
 
-TEST(DisplayPanel, FollowsTheEndUnlessAReaderLooksElsewhere)
+TEST_F(DisplayScreen, FollowsTheEndUnlessAReaderLooksElsewhere)
 {
-    DisplayStage stage;
     std::string lines;
     for (int i = 0; i < 100; ++i) lines += "line\r\n";
-    stage.panel->setText(lines);
-    QScrollBar& bar = *stage.log->verticalScrollBar();
+    panel->setText(lines);
+    QScrollBar& bar = *log->verticalScrollBar();
     EXPECT_EQ(bar.value(), bar.maximum());
     EXPECT_GT(bar.maximum(), 50);
-    stage.panel->addText(lines);
+    panel->addText(lines);
     EXPECT_EQ(bar.value(), bar.maximum());
     bar.setValue(30);
-    stage.panel->addText(lines);
+    panel->addText(lines);
     EXPECT_EQ(bar.value(), 30);
-    for (int i = 0; i < LogView::MOST_LINES / 100; ++i) stage.panel->addText(lines);
-    EXPECT_EQ(stage.log->blockCount(), LogView::MOST_LINES) << "the oldest go";
+    for (int i = 0; i < LogView::MOST_LINES / 100; ++i) panel->addText(lines);
+    EXPECT_EQ(log->blockCount(), LogView::MOST_LINES) << "the oldest go";
 }
 
-TEST(DisplayPanel, PostsItsSettingsAndShowsThem)
+TEST_F(DisplayScreen, PostsItsSettingsAndShowsThem)
 {
-    DisplayStage stage;
-    EXPECT_TRUE(stage.settings().getDisplayMidiOutputEvents());
-    stage.press("Show input events");
-    stage.press("Show output events");
-    stage.press("Number the lines");
-    stage.press("Large font");
-    EXPECT_TRUE(stage.settings().getDisplayMidiInputEvents());
-    EXPECT_FALSE(stage.settings().getDisplayMidiOutputEvents());
-    EXPECT_TRUE(stage.settings().getDisplayNumbers());
-    EXPECT_TRUE(stage.settings().getLargeDisplayFont());
-    const auto& gdi = stage.gui->getGdiManager();
-    EXPECT_EQ(stage.log->font(), gdi.getFont(Gui::GdiManager::FontRole::large));
+    const auto& gdi = gui->getGdiManager();
+    EXPECT_TRUE(settings().getDisplayMidiOutputEvents());
+    for (const char* button : {"Show input events", "Show output events", "Number the lines", "Large font"})
+        press(button);
+    EXPECT_TRUE(settings().getDisplayMidiInputEvents());
+    EXPECT_FALSE(settings().getDisplayMidiOutputEvents());
+    EXPECT_TRUE(settings().getDisplayNumbers());
+    EXPECT_TRUE(settings().getLargeDisplayFont());
+    EXPECT_EQ(log->font(), gdi.getFont(Gui::GdiManager::FontRole::large));
 
-    stage.commands().postSetLargeDisplayFont(false);
-    stage.settle();
-    EXPECT_EQ(stage.log->font(), gdi.getFont(Gui::GdiManager::FontRole::font4));
-    EXPECT_FALSE(stage.control<QPushButton>("Large font").isChecked());
-
-    stage.gui->destroy();
-    stage.open();
-    stage.settle();
-    EXPECT_TRUE(stage.control<QPushButton>("Show input events").isChecked());
-    EXPECT_FALSE(stage.control<QPushButton>("Show output events").isChecked());
+    commands().postSetLargeDisplayFont(false);
+    settle();
+    EXPECT_EQ(log->font(), gdi.getFont(Gui::GdiManager::FontRole::font4));
+    EXPECT_FALSE(control<QPushButton>("Large font").isChecked());
+    reopen();
+    EXPECT_TRUE(control<QPushButton>("Show input events").isChecked());
+    EXPECT_FALSE(control<QPushButton>("Show output events").isChecked());
 }
 
-TEST(DisplayPanel, IsAsHighAsItsEdgeIsDragged)
+TEST_F(DisplayScreen, IsAsHighAsItsEdgeIsDragged)
 {
-    DisplayStage stage;
-    EXPECT_EQ(stage.panel->height(), 200);
-    auto* edge = stage.find<HeightEdge>();
-    const int window = stage.surroundings.height();
-    const auto dragTo = [&](int y) {
-        QMouseEvent move(QEvent::MouseMove, QPointF(), QPointF(100, y), Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(edge, &move);
-    };
-    QTest::mousePress(edge, Qt::LeftButton, Qt::NoModifier, {100, 3});
+    EXPECT_EQ(panel->height(), 200);
+    const int before = surroundings.height();
+    mouseDown(*edge, {100, 3});
     const int start = edge->mapToGlobal(QPoint(100, 3)).y();
-    dragTo(start + 50);
-    EXPECT_EQ(stage.panel->height(), 250);
-    EXPECT_EQ(stage.surroundings.height(), window + 50);
-    EXPECT_EQ(stage.settings().getDisplayHeight(), 200) << "kept when it is let go";
-    dragTo(start + 1000);
-    EXPECT_EQ(stage.panel->height(), Gui::DisplayHeight::HIGHEST);
-    dragTo(start - 1000);
-    EXPECT_EQ(stage.panel->height(), Gui::DisplayHeight::LOWEST);
-    dragTo(start - 40);
+    const auto dragBy = [&](int pixels) {
+        mouseMove(*edge, edge->mapFromGlobal(QPoint(100, start + pixels)));
+        return panel->height();
+    };
+    EXPECT_EQ(dragBy(50), 250);
+    EXPECT_EQ(surroundings.height(), before + 50);
+    EXPECT_EQ(settings().getDisplayHeight(), 200) << "kept when it is let go";
+    EXPECT_EQ(dragBy(1000), DisplayHeight::HIGHEST);
+    EXPECT_EQ(dragBy(-1000), DisplayHeight::LOWEST);
+    EXPECT_EQ(dragBy(-40), 160);
     QTest::mouseRelease(edge, Qt::LeftButton);
-    EXPECT_EQ(stage.panel->height(), 160);
-    EXPECT_EQ(stage.settings().getDisplayHeight(), 160);
+    EXPECT_EQ(panel->height(), 160);
+    EXPECT_EQ(settings().getDisplayHeight(), 160);
     QTest::keyClick(edge, Qt::Key_Down);
-    EXPECT_GT(stage.settings().getDisplayHeight(), 160) << "by the keyboard too";
+    EXPECT_GT(settings().getDisplayHeight(), 160) << "by the keyboard too";
 
-    stage.commands().postSetDisplayHeight(10000);
-    stage.gui->destroy();
-    stage.open();
-    stage.settle();
-    EXPECT_EQ(stage.find<DisplayPanel>()->height(), Gui::DisplayHeight::HIGHEST);
+    commands().postSetDisplayHeight(10000);
+    reopen();
+    EXPECT_EQ(control("Height of the display").parentWidget()->height(), DisplayHeight::HIGHEST);
 }
 
-TEST(DisplayPanel, CopiesWhatIsSelectedAndTakesNoOtherKey)
+TEST_F(DisplayScreen, CopiesWhatIsSelectedAndTakesNoOtherKey)
 {
-    DisplayStage stage;
-    stage.panel->setText("one\r\ntwo\r\n");
-    stage.surroundings.activateWindow();
-    QWidget* player = stage.surroundings.focusWidget();
-    ASSERT_NE(player, stage.log);
-    QTest::mouseClick(stage.log->viewport(), Qt::LeftButton, Qt::NoModifier, {5, 5});
-    EXPECT_EQ(stage.surroundings.focusWidget(), player) << "a click goes on playing";
+    panel->setText("one\r\ntwo\r\n");
+    QWidget& view = *log->viewport();
+    QTest::mouseClick(&view, Qt::LeftButton, {}, {5, 5});
+    ASSERT_NE(playing, log);
+    EXPECT_EQ(surroundings.focusWidget(), playing) << "a click goes on playing";
 
-    const QPoint end(stage.log->viewport()->width() - 5, 5);
-    QTest::mousePress(stage.log->viewport(), Qt::LeftButton, Qt::NoModifier, {5, 5});
-    QTest::mouseMove(stage.log->viewport(), end);
-    QTest::mouseRelease(stage.log->viewport(), Qt::LeftButton, Qt::NoModifier, end);
-    EXPECT_EQ(stage.surroundings.focusWidget(), stage.log);
-    QTest::keyPress(stage.log, Qt::Key_Control);
-    QTest::keyClick(stage.log, Qt::Key_C, Qt::ControlModifier);
+    mouseDown(view, {5, 5});
+    QTest::mouseMove(&view, {view.width() - 5, 5});
+    mouseUp(view, {view.width() - 5, 5});
+    EXPECT_EQ(surroundings.focusWidget(), log);
+    QTest::keyPress(log, Qt::Key_Control);
+    QTest::keyClick(log, Qt::Key_C, Qt::ControlModifier);
     EXPECT_EQ(QApplication::clipboard()->text(), "one");
-    EXPECT_EQ(stage.surroundings.focusWidget(), stage.log);
+    EXPECT_EQ(surroundings.focusWidget(), log);
 
-    struct Keys final : QObject {
-        QString typed;
-        bool eventFilter(QObject*, QEvent* event) override
-        {
-            if (event->type() == QEvent::KeyPress) typed += static_cast<QKeyEvent*>(event)->text();
-            return false;
-        }
-    } keys;
-    player->installEventFilter(&keys);
-    QTest::keyClick(stage.log, Qt::Key_Q);
-    EXPECT_EQ(keys.typed, "q") << "it plays";
-    EXPECT_EQ(stage.surroundings.focusWidget(), player);
-    EXPECT_EQ(stage.log->toPlainText(), "one\ntwo");
-}
-
-TEST(DisplayPanel, ClosesAtAnyMomentWhileTheDisplayPrints)
-{
-    DisplayStage stage;
-    std::atomic<bool> over = false;
-    std::thread printer([&] {
-        while (!over) {
-            stage.display().postAddText("a line of some length\r\n");
-            stage.display().postUpdateListener();
-            std::this_thread::yield();
-        }
-    });
-    for (int i = 0; i < 100; ++i) {
-        stage.gui->destroy();
-        stage.gui->create(stage);
-        if (i % 4 == 0) QApplication::processEvents();
-    }
-    over = true;
-    printer.join();
-    stage.look();
-    EXPECT_TRUE(QTest::qWaitFor([&] { return stage.log->toPlainText().endsWith("some length"); }));
-    stage.gui->destroy();
-    stage.display().postResendText();
-    stage.rest();
+    load(noteKey("Q", "C4"));
+    QTest::keyPress(log, Qt::Key_Q);
+    EXPECT_EQ(played(), "C4 on");
+    EXPECT_EQ(surroundings.focusWidget(), playing);
+    EXPECT_EQ(text(), "one\ntwo");
 }

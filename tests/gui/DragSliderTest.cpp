@@ -1,17 +1,11 @@
-#include <gtest/gtest.h>
-
 #include "gui/framework/Fader.h"
 #include "gui/framework/Knob.h"
 #include "tests/gui/GuiStage.h"
 
-namespace
-{
-using Gui::Fader;
-using Gui::Knob;
-using Role = Gui::GdiManager::Role;
+using Values = std::vector<int>;
 
-struct FaderStage : GuiStage {
-    explicit FaderStage(Qt::Orientation orientation = Qt::Vertical) : fader(*this, orientation, &window)
+struct Faders : GuiStage, testing::Test {
+    Faders()
     {
         fader.resize(fader.sizeHint());
         fader.showValue(64);
@@ -20,119 +14,98 @@ struct FaderStage : GuiStage {
         show(fader);
     }
 
-    using Values = std::vector<int>;
-    Fader fader;
+    Gui::Fader fader{*this, Qt::Vertical, &window};
     Values reported;
     int released = 0;
 };
 
-TEST(Fader, FollowsTheMouseByItsSensitivity)
+TEST_F(Faders, FollowTheMouseByItsSensitivity)
 {
-    FaderStage stage;
-    stage.sensitivity = 2;
-    GuiStage::press(stage.fader, {10, 50});
-    EXPECT_EQ(stage.fader.cursor().pixmap().isNull(), false) << "the red cursor";
-    GuiStage::move(stage.fader, {10, 49});
-    GuiStage::move(stage.fader, {10, 40});
-    GuiStage::move(stage.fader, {10, 53});
-    GuiStage::release(stage.fader, {10, 53});
-    EXPECT_EQ(stage.reported, (FaderStage::Values{69, 63}));
-    EXPECT_EQ(stage.released, 1);
-    EXPECT_EQ(stage.fader.cursor().shape(), Qt::ArrowCursor);
-    GuiStage::move(stage.fader, {10, 0}, Qt::NoButton);
-    EXPECT_EQ(stage.fader.value(), 63);
+    sensitivity = 2;
+    mouseDown(fader, {10, 50});
+    EXPECT_FALSE(fader.cursor().pixmap().isNull()) << "the red cursor";
+    for (const int y : {49, 40, 53}) mouseMove(fader, {10, y});
+    mouseUp(fader, {10, 53});
+    EXPECT_EQ(reported, (Values{69, 63}));
+    EXPECT_EQ(released, 1);
+    EXPECT_EQ(fader.cursor().shape(), Qt::ArrowCursor);
+    mouseMove(fader, {10, 0}, Qt::NoButton);
+    EXPECT_EQ(fader.value(), 63);
 }
 
-TEST(Fader, StopsAtItsLimitAndComesBackFromWhereItWasTaken)
+TEST_F(Faders, StopAtTheirLimitComeBackFromWhereTheyWereTakenAndGoSidewaysWhenTheyLie)
 {
-    FaderStage stage;
-    stage.fader.setDragStep(10);
-    GuiStage::press(stage.fader, {10, 50});
-    GuiStage::move(stage.fader, {10, -1000});
-    EXPECT_EQ(stage.fader.value(), 127);
-    GuiStage::move(stage.fader, {10, 44});
-    EXPECT_EQ(stage.fader.value(), 124);
+    fader.setDragStep(10);
+    mouseDown(fader, {10, 50});
+    for (const int y : {-1000, 44}) mouseMove(fader, {10, y});
+    EXPECT_EQ(reported, (Values{127, 124}));
+
+    Gui::Fader lying(*this, Qt::Horizontal, &window);
+    lying.resize(lying.sizeHint());
+    mouseDown(show(lying), {10, 5});
+    mouseMove(lying, {15, 0});
+    EXPECT_EQ(lying.value(), 5);
 }
 
-TEST(Fader, GoesSidewaysWhenItLies)
+TEST_F(Faders, ReportWheelAndKeysButNotASetValue)
 {
-    FaderStage stage(Qt::Horizontal);
-    GuiStage::press(stage.fader, {10, 5});
-    GuiStage::move(stage.fader, {15, 0});
-    EXPECT_EQ(stage.reported, FaderStage::Values{69});
+    fader.showValue(10);
+    wheel(fader, 1, Qt::ShiftModifier);
+    QTest::keyClick(&fader, Qt::Key_Up);
+    QTest::keyClick(&fader, Qt::Key_Z);
+    EXPECT_EQ(reported, (Values{11, 12}));
+    EXPECT_EQ(window.played, Values{Qt::Key_Z});
+    expectAccessible(fader, QAccessible::Slider);
+    QAccessible::queryAccessibleInterface(&fader)->valueInterface()->setCurrentValue(100);
+    EXPECT_EQ(reported.back(), 100) << "a screen reader turns it";
 }
 
-TEST(Fader, ReportsWheelAndKeysButNotASetValue)
+TEST_F(Faders, BelongToTheHandThatHoldsThemUntilTheyAreHiddenOrDisabled)
 {
-    FaderStage stage;
-    stage.fader.showValue(10);
-    GuiStage::wheel(stage.fader, 1, Qt::ShiftModifier);
-    QTest::keyClick(&stage.fader, Qt::Key_Up);
-    QTest::keyClick(&stage.fader, Qt::Key_Z);
-    EXPECT_EQ(stage.reported, (FaderStage::Values{11, 12}));
-    EXPECT_EQ(stage.window.played, std::vector<int>{Qt::Key_Z});
+    mouseDown(fader, {10, 50});
+    mouseMove(fader, {10, 40});
+    fader.showValue(3);
+    EXPECT_EQ(fader.value(), 74);
+    mouseUp(fader, {10, 40});
+    EXPECT_EQ(fader.value(), 3) << "the last one shown, when it is let go";
+    EXPECT_EQ(reported, Values{74});
+    mouseDown(fader, {10, 50});
+    fader.hide();
+    EXPECT_EQ(released, 2);
+    fader.show();
+    mouseDown(fader, {10, 50});
+    fader.setEnabled(false);
+    EXPECT_EQ(released, 3);
 }
 
-TEST(Fader, BelongsToTheHandThatHoldsIt)
+TEST_F(Faders, AsKnobsFollowTheMouseWithoutAButtonAfterAMiddleClick)
 {
-    FaderStage stage;
-    GuiStage::press(stage.fader, {10, 50});
-    GuiStage::move(stage.fader, {10, 40});
-    stage.fader.showValue(3);
-    EXPECT_EQ(stage.fader.value(), 74);
-    GuiStage::release(stage.fader, {10, 40});
-    EXPECT_EQ(stage.fader.value(), 3) << "the last one shown, when it is let go";
-    EXPECT_EQ(stage.reported, FaderStage::Values{74});
-}
-
-TEST(Fader, IsLetGoWhenItIsHiddenOrDisabled)
-{
-    FaderStage stage;
-    GuiStage::press(stage.fader, {10, 50});
-    stage.fader.hide();
-    EXPECT_EQ(stage.released, 1);
-    stage.fader.show();
-    GuiStage::press(stage.fader, {10, 50});
-    stage.fader.setEnabled(false);
-    EXPECT_EQ(stage.released, 2);
-}
-
-TEST(Knob, FollowsTheMouseWithoutAButtonAfterAMiddleClick)
-{
-    GuiStage stage;
-    Knob knob(stage, &stage.window);
+    Gui::Knob knob(*this, &window);
     knob.resize(knob.sizeHint());
-    stage.show(knob);
-    GuiStage::press(knob, {5, 20}, Qt::MiddleButton);
-    GuiStage::release(knob, {5, 20}, Qt::MiddleButton);
-    GuiStage::move(knob, {5, 10}, Qt::NoButton);
+    expectAccessible(knob, QAccessible::Slider);
+    QTest::mouseClick(&show(knob), Qt::MiddleButton, {}, {5, 20});
+    mouseMove(knob, {5, 10}, Qt::NoButton);
     EXPECT_EQ(knob.value(), 10);
-    GuiStage::press(knob, {5, 10});
-    GuiStage::release(knob, {5, 10});
-    GuiStage::move(knob, {5, 0}, Qt::NoButton);
+    QTest::mouseClick(&knob, Qt::LeftButton, {}, {5, 10});
+    mouseMove(knob, {5, 0}, Qt::NoButton);
     EXPECT_EQ(knob.value(), 10);
 }
 
-TEST(Fader, ShowsItsValueAndIsAsSharpAsTheScreen)
+TEST_F(Faders, ShowTheirValueAndAreAsSharpAsTheScreen)
 {
-    FaderStage stage;
-    const auto rowsOfDisc = [&] {
-        const QImage picture = GuiStage::picture(stage.fader);
-        std::vector<int> rows;
-        for (int y = 0; y < picture.height(); ++y)
-            if (picture.pixelColor(picture.width() / 2 - 1, y) == stage.colour(Role::selectedButton)) rows.push_back(y);
+    const double scale = fader.devicePixelRatioF();
+    const auto rowsOfDisc = [&](int value) {
+        fader.showValue(value);
+        const QImage image = picture(fader);
+        Values rows;
+        for (int y = 0; y < image.height(); ++y)
+            if (image.pixelColor(image.width() / 2 - 1, y) == colour(Role::selectedButton)) rows.push_back(y);
         return rows;
     };
-    const double scale = stage.fader.devicePixelRatioF();
-    stage.fader.showValue(0);
-    const auto low = rowsOfDisc();
-    stage.fader.showValue(127);
-    const auto high = rowsOfDisc();
-    ASSERT_FALSE(low.empty());
-    ASSERT_FALSE(high.empty());
+    const auto low = rowsOfDisc(0);
+    const auto high = rowsOfDisc(127);
+    ASSERT_TRUE(!low.empty() && !high.empty());
     EXPECT_LT(high.back(), 16 * scale);
     EXPECT_GT(low.front(), 84 * scale);
-
-    EXPECT_TRUE(scale < 2 || GuiStage::isSharp(GuiStage::picture(stage.fader)));
+    EXPECT_TRUE(scale < 2 || isSharp(picture(fader)));
 }
-}  // namespace

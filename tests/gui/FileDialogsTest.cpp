@@ -1,81 +1,64 @@
-#include <QListWidget>
 #include <QRadioButton>
-#include <filesystem>
 
 #include "api/OrvUtils.h"
-#include "backend/files/RegistrySettings.h"
-#include "backend/messages/GuiMessages.h"
 #include "backend/model/PresetList.h"
 #include "backend/model/PresetSections.h"
-#include "backend/model/Program.h"
-#include "gui/presets/PresetGuiOwner.h"
 #include "tests/gui/DialogHands.h"
-#include "tests/gui/FullDisk.h"
 
 using namespace Backend;
-namespace fs = std::filesystem;
-
-namespace
-{
-constexpr const char* WHOLE_PROGRAM = "<Program name=\"Alone\" tempo=\"77\">\n</Program>\n";
 
 struct FileDialogs : DialogHands {
-    std::string current() { return orv->getProgram().name + " of " + orv->getBank().name; }
+    FileDialogs() { folder.write("Other.bnk", "<Bank>\n<Program name=\"Alone\">\n</Program>\n</Bank>\n"); }
 
-    void openSaveDialog(const QString& target, const QString& name = {})
+    std::string current() { return orv->getProgram().name + " of " + orv->getBank().name; }
+    // They return what the message box said that followed.
+    std::string load(const char* file)
+    {
+        click("Load");
+        return chooseFile("Load", path(file));
+    }
+    std::string save(const QString& target = {}, const QString& name = {}, Answer reply = Answer::No)
     {
         click("Save");
-        auto& save = dialog("Save");
         if (!name.isEmpty()) lineIn("Save").setText(name);
-        if (!target.isEmpty()) buttonIn<QRadioButton>(save, target).setChecked(true);
+        if (!target.isEmpty()) buttonIn<QRadioButton>(dialog("Save"), target).setChecked(true);
+        return pressIn("Save", "Save", reply);
     }
-    QListWidget& programs() { return *dialog("Save").findChild<QListWidget*>(); }
+    std::string changeBankSize(const QString& programs)
+    {
+        openFileMenu("Change Bank Size...");
+        return enter("Change Bank Size", programs, Answer::No);
+    }
 };
-}  // namespace
 
 TEST_F(FileDialogs, LoadABankOrAProgramAndSayWhereThereIsNone)
 {
-    folder.write("Alone.prg", std::string("<ProgramFile>\n") + WHOLE_PROGRAM + "</ProgramFile>\n");
-    folder.write("Other.bnk", std::string("<Bank>\n") + WHOLE_PROGRAM + "</Bank>\n");
+    folder.write("Alone.prg", "<ProgramFile>\n<Program name=\"Alone\">\n</Program>\n</ProgramFile>\n");
     folder.write("Text.prg", "no program");
     folder.write("Text.bnk", "no bank");
-
-    click("Load");
-    chooseFile("Load", (folder / "Alone.prg").string());
-    EXPECT_EQ(current(), "Alone of " + (folder / "Three.bnk").string());
+    EXPECT_EQ(load("Alone.prg"), "");
+    EXPECT_EQ(current(), "Alone of " + path("Three.bnk"));
     EXPECT_TRUE(isPlayingAgain());
-    click("Load");
-    chooseFile("Load", (folder / "Other.bnk").string());
-    EXPECT_EQ(current(), "Alone of " + (folder / "Other.bnk").string());
-    EXPECT_EQ(said(), "");
+    EXPECT_EQ(load("Other.bnk"), "");
+    EXPECT_EQ(current(), "Alone of " + path("Other.bnk"));
 
-    commands().postLoadBank((folder / "Three.bnk").string());
+    commands().postLoadBank(path("Three.bnk"));
     click("Next program");
-    struct Row {
-        const char* file;
-        const char* said;
-    };
-    for (const Row& row : {Row{"Other.bnk", "Load: \"Other.bnk\" has no program 2."},
-                           Row{"Text.prg", "Load: There is no program in \"Text.prg\"."},
-                           Row{"Text.bnk", "Load: There is no program in \"Text.bnk\"."}}) {
-        click("Load");
-        chooseFile("Load", (folder / row.file).string());
-        EXPECT_EQ(answer(), row.said);
-    }
-    click("Load");
-    chooseFile("Load", (folder / "Missing.bnk").string());
-    EXPECT_EQ(answer(), "Error: There is no file \"Missing.bnk\".");
-    QTest::keyClick(&dialog("Load"), Qt::Key_Escape);
+    EXPECT_EQ(load("Other.bnk"), "Load: \"Other.bnk\" has no program 2.");
+    EXPECT_EQ(load("Text.prg"), "Load: There is no program in \"Text.prg\".");
+    EXPECT_EQ(load("Text.bnk"), "Load: There is no program in \"Text.bnk\".");
+    EXPECT_EQ(load("Missing.bnk"), "Error: There is no file \"Missing.bnk\".");
+    leave("Load");
     EXPECT_EQ(dialogs(), "");
 }
 
 TEST_F(FileDialogs, StartInTheFolderOfTheBanks)
 {
+    const std::string banks = OrvUtils::pathIn(OrvUtils::getOrvAppDataDir(), "Banks");
     click("Load");
-    const auto& load = static_cast<QFileDialog&>(dialog("Load"));
-    EXPECT_EQ(load.directory().path().toStdString(), OrvUtils::pathIn(OrvUtils::getOrvAppDataDir(), "Banks"));
-    EXPECT_EQ(load.nameFilters()[0], "Bank Files (*.bnk)");
-    EXPECT_EQ(load.nameFilters()[1], "Program Files (*.prg)");
+    const auto& dialogOfLoad = static_cast<QFileDialog&>(dialog("Load"));
+    EXPECT_EQ(dialogOfLoad.directory().path().toStdString(), banks);
+    EXPECT_EQ(dialogOfLoad.nameFilters().mid(0, 2).join(" "), "Bank Files (*.bnk) Program Files (*.prg)");
     gui->showSaveDialog();
     gui->showLoadDialog();
     EXPECT_EQ(dialogs(), "Load") << "one at a time";
@@ -87,8 +70,8 @@ TEST_F(FileDialogs, SaveAProgramInItsPlaceWithoutAQuestion)
     gui->getWindowHandle().post({.number = GuiMessage::SHOW_SAVE_DIALOG});
     settle();
     EXPECT_EQ(lineIn("Save").text(), "P0");
-    EXPECT_EQ(programs().currentRow(), 0);
-    EXPECT_EQ(programs().item(2)->text(), "3: P2");
+    EXPECT_EQ(listIn("Save").currentRow(), 0);
+    EXPECT_EQ(listIn("Save").item(2)->text(), "3: P2");
     pressIn("Save", "Save");
     EXPECT_EQ(dialogs(), "");
     EXPECT_NE(folder.read("Three.bnk").find("<Program name=\"P0\" tempo=\"99\""), std::string::npos);
@@ -97,132 +80,97 @@ TEST_F(FileDialogs, SaveAProgramInItsPlaceWithoutAQuestion)
 
 TEST_F(FileDialogs, AskBeforeAnotherProgramOfTheBankIsReplaced)
 {
-    openSaveDialog({}, "  Organ & <Bass> ");
-    pressIn("Save", "Save");
-    EXPECT_EQ(answer(Answer::No), "Confirm Overwrite: Program 1 \"P0\" will be replaced. Continue?");
-    programs().setCurrentRow(2);
-    pressIn("Save", "Save");
-    EXPECT_EQ(answer(Answer::No), "Confirm Overwrite: Program 3 \"P2\" will be replaced. Continue?");
-    EXPECT_EQ(namesIn("Three.bnk"), "P0, P1, P2");
-    EXPECT_EQ(dialogs(), "Save") << "a no returns to it";
-    pressIn("Save", "Save");
-    answer(Answer::Yes);
+    EXPECT_EQ(save({}, "  Organ & <Bass> "), "Confirm Overwrite: Program 1 \"P0\" will be replaced. Continue?");
+    listIn("Save").setCurrentRow(2);
+    for (const Answer reply : {Answer::No, Answer::Yes}) {
+        EXPECT_EQ(namesIn("Three.bnk"), "P0, P1, P2");
+        EXPECT_EQ(dialogs(), "Save") << "a no returns to it";
+        EXPECT_EQ(pressIn("Save", "Save", reply), "Confirm Overwrite: Program 3 \"P2\" will be replaced. Continue?");
+    }
     EXPECT_EQ(namesIn("Three.bnk"), "P0, P1, Organ & <Bass>");
     EXPECT_EQ(dialogs(), "");
 }
 
 TEST_F(FileDialogs, RefuseToSaveWithoutANameOrAnotherProgramThanWasShown)
 {
-    openSaveDialog({}, "  ");
-    pressIn("Save", "Save");
-    EXPECT_EQ(answer(), "Error: Name cannot be blank");
+    EXPECT_EQ(save({}, "  ", Answer::Ok), "Error: Name cannot be blank");
     lineIn("Save").setText("Mine");
     commands().postChangeProgram({.kind = SelectType::Kind::up});
     settle();
-    pressIn("Save", "Save");
-    EXPECT_EQ(answer(), "Error: Another program was loaded in the meantime. The dialog shows that one now.");
+    EXPECT_EQ(pressIn("Save", "Save"),
+              "Error: Another program was loaded in the meantime. The dialog shows that one now.");
     EXPECT_EQ(lineIn("Save").text(), "P1");
-    EXPECT_EQ(programs().currentRow(), 1);
+    EXPECT_EQ(listIn("Save").currentRow(), 1);
     EXPECT_EQ(namesIn("Three.bnk"), "P0, P1, P2");
 }
 
 TEST_F(FileDialogs, SaveToAnotherBankOrAFileAndAskBeforeItIsReplaced)
 {
-    folder.write("Other.bnk", "<Bank>\n<Program name=\"Old\">\n</Program>\n</Bank>\n");
-    openSaveDialog("In another bank...", "New");
-    pressIn("Save", "Save");
-    chooseFile("Save To Bank", (folder / "Other.bnk").string());
-    EXPECT_EQ(answer(Answer::Yes), "Confirm Overwrite: Program 1 \"Old\" of \"Other.bnk\" will be replaced. Continue?");
+    save("In another bank...", "New");
+    EXPECT_EQ(chooseFile("Save To Bank", path("Other.bnk"), Answer::Yes),
+              "Confirm Overwrite: Program 1 \"Alone\" of \"Other.bnk\" will be replaced. Continue?");
     EXPECT_EQ(namesIn("Other.bnk"), "New");
-    EXPECT_EQ(current(), "New of " + (folder / "Other.bnk").string());
+    EXPECT_EQ(current(), "New of " + path("Other.bnk"));
 
-    commands().postLoadBank((folder / "Three.bnk").string());
+    commands().postLoadBank(path("Three.bnk"));
     click("Next program");
-    openSaveDialog("In another bank...");
-    pressIn("Save", "Save");
-    chooseFile("Save To Bank", (folder / "Other.bnk").string());
-    EXPECT_EQ(answer(), "Error: \"Other.bnk\" has no program 2 that this one could replace.");
-    QTest::keyClick(&dialog("Save"), Qt::Key_Escape);
+    save("In another bank...");
+    EXPECT_EQ(chooseFile("Save To Bank", path("Other.bnk")),
+              "Error: \"Other.bnk\" has no program 2 that this one could replace.");
+    leave("Save");
 
-    openSaveDialog("As a program file...", "What? A/B");
-    pressIn("Save", "Save");
+    const auto name = [this](const std::string& file) {
+        return chooseFile("Save To Program File", path(file), file == "Solo 1.5.prg" ? Answer::No : Answer::Ok);
+    };
+    save("As a program file...", "What? A/B");
     EXPECT_EQ(dialog("Save To Program File").findChild<QLineEdit*>("fileNameEdit")->text(), "What AB.prg");
-    chooseFile("Save To Program File", (folder / "Solo 1.5").string());
+    EXPECT_EQ(name("Solo 1.5"), "");
     EXPECT_EQ(namesIn("Solo 1.5.prg"), "What? A/B");
     EXPECT_EQ(dialogs(), "");
 
-    openSaveDialog("As a program file...", "Third");
-    pressIn("Save", "Save");
-    struct Row {
-        std::string file;
-        std::string said;
-    };
-    const std::string base = (folder / "").string();
-    for (const Row& row :
-         {Row{base + "a:b", R"(Error: Name cannot contain any of the following characters: \ / : * ? " < > |)"},
-          Row{base + "none/x.prg", "Error: There is no folder \"" + base + "none\"."}}) {
-        chooseFile("Save To Program File", row.file);
-        EXPECT_EQ(answer(), row.said);
-    }
-    chooseFile("Save To Program File", (folder / "SOLO 1.5.PRG").string());
+    save("As a program file...", "Third");
+    EXPECT_EQ(name("a:b"), R"(Error: Name cannot contain any of the following characters: \ / : * ? " < > |)");
+    EXPECT_EQ(name("none/x.prg"), "Error: There is no folder \"" + path("none") + "\".");
+    EXPECT_EQ(name("SOLO 1.5.PRG"), "");
     EXPECT_EQ(namesIn("SOLO 1.5.prg"), "Third") << "the extension that loading knows";
-    openSaveDialog("As a program file...", "Fourth");
-    pressIn("Save", "Save");
-    chooseFile("Save To Program File", (folder / "Solo 1.5.prg").string());
-    EXPECT_EQ(answer(Answer::No), "Confirm Overwrite: \"Solo 1.5.prg\" already exists. Overwrite?");
+    save("As a program file...", "Fourth");
+    EXPECT_EQ(name("Solo 1.5.prg"), "Confirm Overwrite: \"Solo 1.5.prg\" already exists. Overwrite?");
     EXPECT_EQ(namesIn("Solo 1.5.prg"), "What? A/B");
 }
 
 TEST_F(FileDialogs, KeepTheFileAndSaySoWhereItCannotBeWritten)
 {
     const std::string before = folder.read("Three.bnk");
-    {
-        openSaveDialog({});
-        const FullDisk full;
-        pressIn("Save", "Save");
-        EXPECT_EQ(said(), "Error: The program could not be saved; \"Three.bnk\" is as it was.");
-    }
-    answer();
+    const std::string files = folder.contents();
+    EXPECT_EQ(onFullDisk([this] { return save({}, {}, Answer::Ok); }),
+              "Error: The program could not be saved; \"Three.bnk\" is as it was.");
     EXPECT_EQ(folder.read("Three.bnk"), before);
     EXPECT_EQ(orv->getProgram().name, "P0") << "what is not saved is still there";
-    {
-        openFileMenu("Change Bank Size...");
-        const FullDisk full;
-        enter("Change Bank Size", "9");
-        EXPECT_EQ(said(), "Error: The bank could not be written; \"Three.bnk\" is as it was.");
-    }
-    answer();
+    openFileMenu("Change Bank Size...");
+    EXPECT_EQ(onFullDisk([this] { return enter("Change Bank Size", "9"); }),
+              "Error: The bank could not be written; \"Three.bnk\" is as it was.");
     EXPECT_EQ(folder.read("Three.bnk"), before);
-    EXPECT_EQ(folder.contents(), "Three.bnk") << "nothing is left over";
+    EXPECT_EQ(folder.contents(), files) << "nothing is left over";
 
-    openSaveDialog("As a program file...");
-    pressIn("Save", "Save");
-    chooseFile("Save To Program File", "/proc/x");
-    EXPECT_EQ(answer(), "Error: The program could not be saved; \"x.prg\" is as it was.");
+    save("As a program file...");
+    EXPECT_EQ(chooseFile("Save To Program File", "/proc/x"),
+              "Error: The program could not be saved; \"x.prg\" is as it was.");
     EXPECT_EQ(dialogs(), "");
 }
 
 TEST_F(FileDialogs, ChangeTheSizeOfTheBankAndAskBeforeProgramsGo)
 {
-    for (const char* wrong : {"0", "-1", "many", "10000"}) {
-        openFileMenu("Change Bank Size...");
-        enter("Change Bank Size", wrong);
-        EXPECT_EQ(answer(), "Error: Enter a number from 1 to 9999");
-        QTest::keyClick(&dialog("Change Bank Size"), Qt::Key_Escape);
-    }
     openFileMenu("Change Bank Size...");
     EXPECT_EQ(lineIn("Change Bank Size").text(), "3");
-    enter("Change Bank Size", "3");
+    for (const char* wrong : {"0", "-1", "many", "10000"})
+        EXPECT_EQ(enter("Change Bank Size", wrong), "Error: Enter a number from 1 to 9999") << wrong;
+    EXPECT_EQ(enter("Change Bank Size", "3"), "");
     EXPECT_EQ(dialogs(), "") << "nothing to do";
-    openFileMenu("Change Bank Size...");
-    enter("Change Bank Size", "5");
+    EXPECT_EQ(changeBankSize("5"), "");
     EXPECT_EQ(namesIn("Three.bnk"), "P0, P1, P2, Empty, Empty");
-    openFileMenu("Change Bank Size...");
-    enter("Change Bank Size", "2");
-    EXPECT_EQ(answer(Answer::No), "Change Bank Size: Programs 3 to 5 of the bank will be deleted. Continue?");
+    EXPECT_EQ(changeBankSize("2"), "Change Bank Size: Programs 3 to 5 of the bank will be deleted. Continue?");
     EXPECT_EQ(namesIn("Three.bnk"), "P0, P1, P2, Empty, Empty");
-    QTest::keyClick(&lineIn("Change Bank Size"), Qt::Key_Return);
-    answer(Answer::Yes);
+    confirm(lineIn("Change Bank Size"), Answer::Yes);
     EXPECT_EQ(namesIn("Three.bnk"), "P0, P1");
     EXPECT_EQ(gui->getNumberOfPrograms(), 2);
     EXPECT_EQ(dialogs(), "");
@@ -234,54 +182,50 @@ TEST_F(FileDialogs, MakeTheBankTheOneForTheStart)
     EXPECT_EQ(answer(Answer::Yes),
               "Default Bank: \"Three.bnk\" will be loaded at every start, and now: what was not "
               "saved is lost. Continue?");
-    EXPECT_EQ(orv->getRegistrySettings().getDefaultBank(), (folder / "Three.bnk").string());
+    EXPECT_EQ(settings().getDefaultBank(), path("Three.bnk"));
     click("More about files");
     EXPECT_EQ(menu(), "Change Bank Size..., -Set As Default Bank..., Import Version 2 File...");
 }
 
 TEST_F(FileDialogs, ImportFilesOfVersion2)
 {
+    const std::string old = "P 1 Two_Hands 0\n\nP 2 One_Hand 0\n";
+    folder.write("old.bnk", old);
+    folder.write("old.PRG", "P 1 Solo 0\n");
+    folder.write("old.pst", "\nkey\nK\n");
+    folder.write("any.txt", "P 1 Solo 0\n");
     const auto import = [this](const char* file) {
         openFileMenu("Import Version 2 File...");
-        chooseFile("Select Version 2 File To Import", (folder / file).string());
+        chooseFile("Select Version 2 File To Import", path(file));
     };
-    folder.write("old.bnk", "P 1 Two_Hands 0\n\nP 2 One_Hand 0\n");
+    const auto name = [this](const char* file) {
+        return chooseFile("Select Name Of New File", path(file), Answer::Yes);
+    };
     import("old.bnk");
-    chooseFile("Select Name Of New File", (folder / "old.bnk").string());
-    EXPECT_EQ(answer(Answer::Yes), "Confirm Overwrite: \"old.bnk\" already exists. Overwrite?");
+    EXPECT_EQ(name("old.bnk"), "Confirm Overwrite: \"old.bnk\" already exists. Overwrite?");
     EXPECT_EQ(answer(), "Error: A file cannot be imported into itself.");
     import("old.bnk");
-    chooseFile("Select Name Of New File", (folder / "new").string());
+    EXPECT_EQ(name("new"), "");
     EXPECT_EQ(namesIn("new.bnk"), "Two Hands, One Hand");
-    EXPECT_EQ(folder.read("old.bnk"), "P 1 Two_Hands 0\n\nP 2 One_Hand 0\n");
+    EXPECT_EQ(folder.read("old.bnk"), old);
 
-    folder.write("old.PRG", "P 1 Solo 0\n");
     import("old.PRG");
-    {
-        const FullDisk full;
-        chooseFile("Select Name Of New File", (folder / "solo").string());
-        EXPECT_EQ(said(), "Error: \"old.PRG\" could not be imported; nothing was written.");
-    }
-    answer();
+    EXPECT_EQ(onFullDisk([this] { return chooseFile("Select Name Of New File", path("solo")); }),
+              "Error: \"old.PRG\" could not be imported; nothing was written.");
     import("old.PRG");
-    chooseFile("Select Name Of New File", (folder / "solo").string());
+    EXPECT_EQ(name("solo"), "");
     EXPECT_EQ(namesIn("solo.prg"), "Solo");
 
-    folder.write("old.pst", "\nkey\nK\n");
     import("old.pst");
     EXPECT_EQ(lineIn("Enter Preset Name").text(), "default preset name");
-    enter("Enter Preset Name", "  ");
-    EXPECT_EQ(answer(), "Error: Entry cannot be blank");
-    enter("Enter Preset Name", "Mine");
+    EXPECT_EQ(enter("Enter Preset Name", "  "), "Error: Entry cannot be blank");
+    EXPECT_EQ(enter("Enter Preset Name", "Mine"), "");
     EXPECT_EQ(dialogs(), "");
     EXPECT_NE(gui->getPresetList(PresetSections::COMPUTER_INPUT).find("Mine"), nullptr);
     import("old.pst");
-    enter("Enter Preset Name", "Mine");
-    EXPECT_EQ(answer(Answer::No), "Confirm Overwrite: Preset already exists. Overwrite?");
+    EXPECT_EQ(enter("Enter Preset Name", "Mine", Answer::No), "Confirm Overwrite: Preset already exists. Overwrite?");
+    leave("Enter Preset Name");
 
-    QTest::keyClick(&dialog("Enter Preset Name"), Qt::Key_Escape);
-
-    folder.write("any.txt", "P 1 Solo 0\n");
     import("any.txt");
     EXPECT_EQ(dialogs(), "") << "no file of version 2";
 }

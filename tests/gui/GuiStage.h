@@ -1,37 +1,24 @@
 #pragma once
 
-#include <QApplication>
-#include <QImage>
-#include <QKeyEvent>
-#include <QMenu>
-#include <QMouseEvent>
-#include <QTest>
-#include <QWheelEvent>
-#include <QWidget>
-#include <string>
-#include <vector>
-
-#include "gui/framework/GdiManager.h"
 #include "api/GuiContext.h"
+#include "gui/framework/GdiManager.h"
+#include "gui/framework/Properties.h"
 #include "gui/framework/Skinner.h"
+#include "tests/gui/Hands.h"
 
-/// A skinned window that is shown, what its controls need, and hands for them.
-class GuiStage : public Gui::GuiContext
-{
-public:
+/// A skinned window that is shown, and what its controls need.
+struct GuiStage : Gui::GuiContext, Hands {
+    using Role = Gui::GdiManager::Role;
+
     /// Takes the keys that nothing inside it wants, as one that plays them.
-    class Window : public QWidget
-    {
-    public:
-        std::vector<int> played;
-        bool plays = true;
-
-    protected:
+    struct Window : QWidget {
         void keyPressEvent(QKeyEvent* event) override
         {
             event->setAccepted(plays);
             if (plays) played.push_back(event->key());
         }
+        std::vector<int> played;
+        bool plays = true;
     };
 
     GuiStage()
@@ -61,52 +48,20 @@ public:
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
 
-    static void wheel(QWidget& control, int notches, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+    /// What a screen reader says of it.
+    static void expectAccessible(QWidget& control, QAccessible::Role role, const std::string& value = "")
     {
-        const QPoint middle = control.rect().center();
-        QWheelEvent event(middle, control.mapToGlobal(middle), {}, {0, 120 * notches}, Qt::NoButton, modifiers,
-                          Qt::NoScrollPhase, false);
-        QApplication::sendEvent(&control, &event);
-    }
-
-    static void mouse(QWidget& control, QEvent::Type type, Qt::MouseButton button, QPoint place)
-    {
-        const bool moves = type == QEvent::MouseMove;
-        QMouseEvent event(type, place, control.mapToGlobal(place), moves ? Qt::NoButton : button,
-                          type == QEvent::MouseButtonRelease ? Qt::NoButton : button, Qt::NoModifier);
-        QApplication::sendEvent(&control, &event);
-    }
-
-    static void press(QWidget& control, QPoint place, Qt::MouseButton button = Qt::LeftButton)
-    {
-        mouse(control, QEvent::MouseButtonPress, button, place);
-    }
-    static void move(QWidget& control, QPoint place, Qt::MouseButton button = Qt::LeftButton)
-    {
-        mouse(control, QEvent::MouseMove, button, place);
-    }
-    static void release(QWidget& control, QPoint place, Qt::MouseButton button = Qt::LeftButton)
-    {
-        mouse(control, QEvent::MouseButtonRelease, button, place);
-    }
-
-    /// The open menu, or none.
-    static QMenu* openMenu() { return qobject_cast<QMenu*>(QApplication::activePopupWidget()); }
-
-    static void choose(const QString& text)
-    {
-        for (QAction* action : openMenu()->actions())
-            if (action->text() == text) {
-                openMenu()->setActiveAction(action);
-                return QTest::keyClick(openMenu(), Qt::Key_Return);
-            }
+        control.setAccessibleName("Its name");
+        const auto* reported = QAccessible::queryAccessibleInterface(&control);
+        ASSERT_NE(reported, nullptr);
+        EXPECT_EQ(reported->role(), role);
+        EXPECT_EQ(reported->text(QAccessible::Name), "Its name");
+        EXPECT_EQ(reported->text(QAccessible::Value).toStdString(), value);
     }
 
     /// As it is on the screen, in device pixels.
     static QImage picture(QWidget& widget) { return widget.grab().toImage().convertToFormat(QImage::Format_RGB32); }
-
     static QColor cornerColour(QWidget& control) { return picture(control).pixelColor(0, 0); }
-
     static bool shows(const QImage& picture, const QColor& colour)
     {
         for (int y = 0; y < picture.height(); ++y)
@@ -114,6 +69,7 @@ public:
                 if (picture.pixelColor(x, y) == colour) return true;
         return false;
     }
+    bool shows(QWidget& widget, Role role) const { return shows(picture(widget), colour(role)); }
 
     /// Whether a picture of 200 % shows more than one of 100 % blown up would.
     static bool isSharp(const QImage& image)
@@ -125,7 +81,7 @@ public:
         return false;
     }
 
-    QColor colour(Gui::GdiManager::Role role) const { return gdi.getColour(role); }
+    QColor colour(Role role) const { return gdi.getColour(role); }
 
     Gui::GdiManager gdi;
     Gui::Skinner skinner{gdi};

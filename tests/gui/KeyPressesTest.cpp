@@ -1,175 +1,112 @@
-#include <gtest/gtest.h>
-
-#include <string>
-
 #include "gui/keyboard/KeyPresses.h"
 
-namespace
-{
-using Gui::KeyPresses;
-using Source = KeyPresses::Source;
+#include <gtest/gtest.h>
 
-/// Keys by their codes in a string, with "Shift " and the like before them.
-class Board : public KeyPresses::Listener
-{
-public:
-    void keyDown(const Key& key, bool isRepeat) override { say(key.toXmlString() + (isRepeat ? " again" : " down")); }
-    void keyUp(const Key& key) override { say(key.toXmlString() + " up"); }
+#include <sstream>
+
+using Source = Gui::KeyPresses::Source;
+
+/// Key events are written as "Shift A<" where a key goes down, "A=" where it repeats and "A>" where it comes up, with
+/// the modifiers that are held and separated by commas.
+struct KeyPresses : testing::Test, Gui::KeyPresses::Listener {
+    void keyDown(const Key& key, bool isRepeat) override { say(key.toXmlString() + (isRepeat ? "=" : "<")); }
+    void keyUp(const Key& key) override { say(key.toXmlString() + ">"); }
     void showKey(int code, bool down) override { lit += (down ? " +" : " -") + std::to_string(code); }
+    void say(const std::string& event) { said += (said.empty() ? "" : ",") + event; }
 
-    void press(int code, Key held = {}, Source source = Source::window)
+    /// By its name as it is printed.
+    static Key keyOf(const std::string& name)
     {
-        held.keyCode = code;
-        presses.press(source, held);
+        Key key = Key::fromXmlString(name);
+        for (int code = 0; code < 256 && key.keyCode < 0; ++code)
+            if (name.ends_with(Key{.keyCode = code}.toXmlString())) key.keyCode = code;
+        return key;
     }
-    void release(int code, Key held = {}, Source source = Source::window)
+    /// What is reported when these happen.
+    std::string play(const std::string& events, Source source = Source::window)
     {
-        held.keyCode = code;
-        presses.release(source, held);
+        std::istringstream list(events);
+        for (std::string event; std::getline(list, event, ',');) {
+            const Key key = keyOf(event.substr(0, event.size() - 1));
+            event.back() == '>' ? presses.release(source, key) : presses.press(source, key, event.back() == '=');
+        }
+        return std::exchange(said, "");
     }
 
-    std::string reported()
-    {
-        std::string text;
-        text.swap(said);
-        return text;
-    }
-
-    KeyPresses presses{*this};
-    std::string lit;
-
-private:
-    void say(const std::string& text) { said += (said.empty() ? "" : ", ") + text; }
-
+    Gui::KeyPresses presses{*this};
     std::string said;
+    std::string lit;
 };
 
-constexpr Key WITH_SHIFT{.shift = true};
-constexpr Key WITH_CONTROL{.control = true};
-constexpr Key WITH_ALT{.alt = true};
-constexpr Key WITH_WIN{.win = true};
-enum Code { RIGHT_SHIFT = 1, SHIFT = 16, CONTROL = 17, WINDOWS = 91, ALT = 164, RIGHT_ALT = 165, RIGHT_CONTROL = 225 };
-
-TEST(KeyPresses, AKeyThatIsHeldRepeatsAndComesUpOnce)
+TEST_F(KeyPresses, AreReportedWithTheirModifiers)
 {
-    Board board;
-    board.press('A'), board.press('A'), board.press('A'), board.release('A'), board.release('A'), board.press('A');
-    EXPECT_EQ(board.reported(), "A down, A again, A again, A up, A down");
+    using Row = std::tuple<const char*, const char*, const char*>;
+    for (const auto& [rule, happened, reported] : {
+             Row{"a key that is held repeats and comes up once", "A<,A<,A=,A>,A>,A<,A>", "A<,A=,A=,A>,A<,A>"},
+             {"a repeat of a key that did not go down here is nothing", "A=,A>", ""},
+             {"a modifier does not modify itself", "Shift Left Shift<,Shift Left Shift>", "Left Shift<,Left Shift>"},
+             {"", "Shift Right Shift<,Shift Right Shift>", "Right Shift<,Right Shift>"},
+             {"", "Control Left Control<,Control Left Control>", "Left Control<,Left Control>"},
+             {"", "Control Right Control<,Control Right Control>", "Right Control<,Right Control>"},
+             {"", "Alt Left Alt<,Alt Left Alt>", "Left Alt<,Left Alt>"},
+             {"", "Alt Right Alt<,Alt Right Alt>", "Right Alt<,Right Alt>"},
+             {"", "Win Right Windows<,Win Right Windows>", "Right Windows<,Right Windows>"},
+             {"but another one does", "Shift Control Left Control<,Shift Control Left Control>",
+              "Shift Left Control<,Shift Left Control>"},
+             {"of two of a kind the one that is still held modifies the other",
+              "Left Control<,Control Right Control<,Left Control>,Right Control>",
+              "Left Control<,Right Control<,Control Left Control>,Right Control>"},
+             {"Shift while another key is held does not go down; a release is never a chord",
+              "A<,Left Shift<,Right Shift<,Left Shift>,Right Shift>,A>", "A<,Shift Left Shift>,Right Shift>,A>"},
+             {"Shift and Control are no other keys",
+              "Left Control<,Control Left Shift<,Control Right Shift<,Right Shift>,Left Shift>,Left Control>",
+              "Left Control<,Control Left Shift<,Control Right Shift<,Shift Right Shift>,Left Shift>,Left Control>"},
+             {"a modifier that was down before counts too", "Alt Left Shift<,Win Right Shift<", ""},
+             {"", "Left Shift>,Right Shift>", "Shift Left Shift>,Right Shift>"},
+             {"the right Alt key is Alt even where it picks signs", "Right Alt<,Q<,Q>,Right Alt>,Q<,Q>",
+              "Right Alt<,Alt Q<,Alt Q>,Right Alt>,Q<,Q>"},
+             {"a modifier that came up unseen is released by the next key",
+              "Left Control<,Left Windows<,Q<,Left Control>,Q>", "Left Control<,Left Windows<,Left Control>,Q<,Q>"},
+         })
+        EXPECT_EQ(play(happened), reported) << rule;
+    presses.press(Source::window, {.keyCode = -1});
+    EXPECT_EQ(play(""), "");
 }
 
-TEST(KeyPresses, ARepeatOfAKeyThatDidNotGoDownHereIsNothing)
+TEST_F(KeyPresses, OfAChordAndOfTheLeftWindowsKeyAreShownInPart)
 {
-    Board board;
-    board.presses.press(Source::window, {.keyCode = 'A'}, true);
-    board.release('A');
-    board.presses.press(Source::window, {.keyCode = -1});
-    EXPECT_EQ(board.reported(), "");
+    EXPECT_EQ(play("Left Windows<,Left Windows>"), "Left Windows<");
+    EXPECT_EQ(lit, " +91 -91");
+    play("A<,Left Shift<");
+    EXPECT_EQ(lit, " +91 -91 +65");
 }
 
-TEST(KeyPresses, AModifierDoesNotModifyItself)
+TEST_F(KeyPresses, AreReleasedTogetherAsTheyWentDown)
 {
-    struct Row {
-        int code;
-        Key held;
-        const char* reported;
-    };
-    for (const auto& [code, held, reported] : {
-             Row{SHIFT, WITH_SHIFT, "Left Shift down, Left Shift up"},
-             Row{RIGHT_SHIFT, WITH_SHIFT, "Right Shift down, Right Shift up"},
-             Row{CONTROL, WITH_CONTROL, "Left Control down, Left Control up"},
-             Row{RIGHT_CONTROL, WITH_CONTROL, "Right Control down, Right Control up"},
-             Row{ALT, WITH_ALT, "Left Alt down, Left Alt up"},
-             Row{RIGHT_ALT, WITH_ALT, "Right Alt down, Right Alt up"},
-             Row{92, WITH_WIN, "Right Windows down, Right Windows up"},
-             Row{CONTROL, {.shift = true, .control = true}, "Shift Left Control down, Shift Left Control up"},
-         }) {
-        Board board;
-        board.press(code, held), board.release(code, held);
-        EXPECT_EQ(board.reported(), reported);
-    }
+    play("Shift A<,B<");
+    play("C<", Source::hook);
+    presses.releaseAll(Source::window);
+    EXPECT_EQ(play(""), "Shift A>,B>");
+    EXPECT_EQ(play("A>"), "");
+    presses.releaseAll(Source::hook);
+    EXPECT_EQ(play(""), "C>");
+    EXPECT_EQ(lit, " +65 +66 +67 -65 -66 -67");
 }
 
-TEST(KeyPresses, OfTwoOfAKindTheOneThatIsStillHeldModifiesTheOther)
+TEST_F(KeyPresses, BelongToTheSourceThatWasTheLast)
 {
-    Board board;
-    board.press(CONTROL), board.press(RIGHT_CONTROL, WITH_CONTROL), board.release(CONTROL),
-        board.release(RIGHT_CONTROL);
-    EXPECT_EQ(board.reported(), "Left Control down, Right Control down, Control Left Control up, Right Control up");
+    EXPECT_EQ(play("A<", Source::hook), "A<");
+    EXPECT_EQ(play("A<", Source::picture), "A=");
+    presses.releaseAll(Source::hook);
+    EXPECT_EQ(play("A>", Source::hook), "");
+    EXPECT_EQ(play("A>", Source::picture), "A>");
 }
 
-TEST(KeyPresses, ShiftWhileAnotherKeyIsHeldDoesNotGoDown)
+TEST_F(KeyPresses, FromBeforeAreNothingUntilTheyComeUp)
 {
-    Board board;
-    board.press('A'), board.press(SHIFT), board.press(RIGHT_SHIFT);
-    EXPECT_EQ(board.reported(), "A down");
-    EXPECT_EQ(board.lit, " +65");
-    board.release(SHIFT);
-    EXPECT_EQ(board.reported(), "Shift Left Shift up") << "with the other Shift still held; a release is never a chord";
-
-    Board chord;
-    chord.press(CONTROL), chord.press(SHIFT, WITH_CONTROL), chord.press(RIGHT_SHIFT, WITH_CONTROL);
-    EXPECT_EQ(chord.reported(), "Left Control down, Control Left Shift down, Control Right Shift down")
-        << "Shift and Control are no other keys";
-
-    Board held;
-    held.press(SHIFT, WITH_ALT), held.press(RIGHT_SHIFT, WITH_WIN);
-    EXPECT_EQ(held.reported(), "") << "a modifier that was down before counts too";
+    presses.ignoreUntilReleased('A');
+    EXPECT_EQ(play("A<,A>"), "");
+    EXPECT_EQ(play("A<"), "A<");
+    presses.ignoreUntilReleased('A');
+    EXPECT_EQ(play("A>"), "A>") << "what went down here is ours";
 }
-
-TEST(KeyPresses, TheRightAltKeyIsAltEvenWhereItPicksSigns)
-{
-    Board board;
-    board.press(RIGHT_ALT), board.press('Q'), board.release('Q'), board.release(RIGHT_ALT), board.press('Q');
-    EXPECT_EQ(board.reported(), "Right Alt down, Alt Q down, Alt Q up, Right Alt up, Q down");
-}
-
-TEST(KeyPresses, OfTheLeftWindowsKeyTheReleaseIsOnlyShown)
-{
-    Board board;
-    board.press(WINDOWS), board.release(WINDOWS);
-    EXPECT_EQ(board.reported(), "Left Windows down");
-    EXPECT_EQ(board.lit, " +91 -91");
-}
-
-TEST(KeyPresses, AModifierThatCameUpUnseenIsReleasedByTheNextKey)
-{
-    Board board;
-    board.press(CONTROL), board.press(WINDOWS), board.press('Q');
-    EXPECT_EQ(board.reported(), "Left Control down, Left Windows down, Left Control up, Q down");
-    board.release(CONTROL);
-    EXPECT_EQ(board.reported(), "");
-}
-
-TEST(KeyPresses, AreReleasedTogetherAsTheyWentDown)
-{
-    Board board;
-    board.press('A', WITH_SHIFT), board.press('B'), board.press('C', {}, Source::hook);
-    board.reported();
-    board.presses.releaseAll(Source::window);
-    EXPECT_EQ(board.reported(), "Shift A up, B up");
-    board.release('A'), board.presses.releaseAll(Source::hook);
-    EXPECT_EQ(board.reported(), "C up");
-    EXPECT_EQ(board.lit, " +65 +66 +67 -65 -66 -67");
-}
-
-TEST(KeyPresses, AKeyBelongsToWhoPressedItLast)
-{
-    Board board;
-    board.press('A', {}, Source::hook), board.press('A', {}, Source::picture);
-    board.presses.releaseAll(Source::hook), board.release('A', {}, Source::hook),
-        board.release('A', {}, Source::picture);
-    EXPECT_EQ(board.reported(), "A down, A again, A up");
-}
-
-TEST(KeyPresses, WhatWasDownBeforeIsNothingUntilItComesUp)
-{
-    Board board;
-    board.presses.ignoreUntilReleased('A');
-    board.press('A'), board.release('A');
-    EXPECT_EQ(board.reported(), "");
-    board.press('A');
-    board.presses.ignoreUntilReleased('A');
-    board.release('A');
-    EXPECT_EQ(board.reported(), "A down, A up") << "what went down here is ours";
-}
-}  // namespace

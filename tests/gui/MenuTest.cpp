@@ -1,17 +1,22 @@
-#include <gtest/gtest.h>
-
 #include "gui/framework/PopupMenu.h"
 #include "tests/gui/GuiStage.h"
 
-namespace
-{
 using Gui::PopupMenu;
-using Role = Gui::GdiManager::Role;
 
-TEST(PopupMenu, ReportsWhatWasChosenAlsoInASubmenu)
+struct PopupMenus : GuiStage, testing::Test {
+    void show()
+    {
+        menu.show(window.mapToGlobal(QPoint(10, 10)));
+        menu.setActiveAction(nullptr);
+        settle();
+    }
+
+    PopupMenu menu{&window};
+};
+
+TEST_F(PopupMenus, ReportWhatWasChosenAlsoInASubmenu)
 {
-    GuiStage stage;
-    PopupMenu menu(&stage.window);
+    expectAccessible(menu, QAccessible::PopupMenu);
     int chosen = -1;
     menu.onChosen = [&](int id) { chosen = id; };
     menu.addItem("R&B");
@@ -25,42 +30,34 @@ TEST(PopupMenu, ReportsWhatWasChosenAlsoInASubmenu)
 
     menu.setSelected(40);
     EXPECT_TRUE(pianos.actions()[0]->isChecked());
-    menu.show(stage.window.mapToGlobal(QPoint(10, 10)));
-    GuiStage::settle();
+    show();
     QTest::keyClick(&menu, Qt::Key_Up);
     QTest::keyClick(&menu, Qt::Key_Right);
-    GuiStage::choose("Grand");
+    choose("Grand");
     EXPECT_EQ(chosen, 40);
 
     menu.clear();
-    GuiStage::settle();
+    settle();
     EXPECT_TRUE(menu.actions().isEmpty());
     EXPECT_EQ(menu.findChild<PopupMenu*>(), nullptr);
 }
 
-TEST(PopupMenu, IsDrawnFromTheRolesAndMarksOfItsItems)
+TEST_F(PopupMenus, AreDrawnFromTheRolesAndMarksOfTheirItems)
 {
-    GuiStage stage;
-    PopupMenu menu(&stage.window);
     const QString block = QString(4, QChar(0x2588));  // full blocks: pixels of pure ink
     menu.addItem(block);
     menu.addItem({.text = block, .enabled = false});
-    menu.addItem({.text = block, .brush = stage.colour(Role::frame)});
+    menu.addItem({.text = block, .brush = colour(Role::frame)});
     menu.addItem({.text = block, .useBold = true});
     menu.setSelected(3);
-    menu.show(stage.window.mapToGlobal(QPoint(10, 10)));
-    menu.setActiveAction(nullptr);
-    GuiStage::settle();
-    const auto shows = [&](int item, const QColor& colour) {
-        return GuiStage::shows(menu.grab(menu.actionGeometry(menu.actions()[item])).toImage(), colour);
+    show();
+    const auto has = [&](int item, Role role) {
+        return shows(menu.grab(menu.actionGeometry(menu.actions()[item])).toImage(), colour(role));
     };
-    EXPECT_TRUE(shows(0, stage.colour(Role::unselectedButton)));
-    EXPECT_TRUE(shows(1, stage.colour(Role::disabledButton)));
-    EXPECT_TRUE(shows(2, stage.colour(Role::frame)));
-    EXPECT_TRUE(shows(3, stage.colour(Role::selectedButton)));
-    EXPECT_TRUE(shows(3, stage.colour(Role::background))) << "what is current can be read";
-    EXPECT_FALSE(shows(0, stage.colour(Role::selectedButton)));
+    const Role inks[] = {Role::unselectedButton, Role::disabledButton, Role::frame, Role::selectedButton};
+    for (int item = 0; item < 4; ++item) EXPECT_TRUE(has(item, inks[item])) << item;
+    EXPECT_TRUE(has(3, Role::background)) << "what is current can be read";
+    EXPECT_FALSE(has(0, Role::selectedButton));
     EXPECT_TRUE(menu.actions()[3]->font().bold());
     EXPECT_FALSE(menu.actions()[0]->font().bold());
 }
-}  // namespace

@@ -1,78 +1,59 @@
-#include <QCheckBox>
-#include <QListWidget>
-#include <algorithm>
-#include <fstream>
-
 #include "api/OrvUtils.h"
 #include "backend/files/SequencePresetManager.h"
 #include "backend/model/PresetSections.h"
 #include "tests/gui/DialogHands.h"
-#include "tests/gui/FullDisk.h"
 
 using namespace Backend;
 namespace fs = std::filesystem;
 
-namespace
-{
-constexpr const char* CHARACTERS = R"(Error: Name cannot contain any of the following characters: \ / : * ? " < > |)";
-
 struct PresetDialogs : DialogHands {
+    static constexpr const char* CHARACTERS =
+        R"(Error: Name cannot contain any of the following characters: \ / : * ? " < > |)";
+
     PresetDialogs()
     {
-        gui->showScreen(Screen::computerInput, true);
-        loadKey("Q", "C4");
-        save("one");
-        loadKey("W", "D4");
-        save("two");
         const PresetList factory = presets().getList();
-        for (const auto& entry : factory.getEntries())
-            if (entry.name != "one" && entry.name != "two") commands().postDeletePreset(entry.name);
+        for (const auto& entry : factory.getEntries()) commands().postDeletePreset(entry.name);
+        load(noteKey("Q", "C4"));
+        commands().postSavePreset("one", {});
+        settle();
+        load(noteKey("W", "D4"));
+        commands().postSavePreset("two", {});
         settle();
     }
 
     ComputerInput::ComputerInputMessageManager& commands() { return orv->getComputerInputMessageManager(); }
-    PresetManager& presets() { return orv->getComputerInputManager().getPresets(); }
-    void save(const std::string& name)
-    {
-        commands().postSavePreset(name, {});
-        settle();
-    }
-    std::string keys()
-    {
-        std::string all;
-        const auto iterator = orv->getComputerInputManager().getKeys().createIterator();
-        while (const auto* key = iterator->next()) all += key->key.toXmlString();
-        return all;
-    }
-
+    PresetManager& presets() { return keys().getPresets(); }
     void openMenu(const QString& item)
     {
         click("Preset of the keys: save and edit");
         choose(item);
     }
-    QListWidget& names() { return *dialog("Presets").findChild<QListWidget*>(); }
-    void select(const QString& name) { names().setCurrentItem(names().findItems(name, Qt::MatchExactly).at(0)); }
+    void select(const QString& name)
+    {
+        QListWidget& list = listIn("Presets");
+        list.setCurrentItem(list.findItems(name, Qt::MatchExactly).at(0));
+    }
     /// The dialog's list, the list of the keys' row and the folder, which agree.
     std::string listed()
     {
         std::string inDialog, inFolder, inRow;
-        const auto add = [](std::string& all, const std::string& name) { all += (all.empty() ? "" : ", ") + name; };
-        for (int row = 0; row < names().count(); ++row) add(inDialog, names().item(row)->text().toStdString());
+        const QListWidget& list = listIn("Presets");
+        for (int row = 0; row < list.count(); ++row) inDialog += list.item(row)->text().toStdString() + " ";
         for (const auto& entry : gui->getPresetList(PresetSections::COMPUTER_INPUT).getEntries())
-            add(inRow, entry.name);
-        std::vector<std::string> files;
-        for (const auto& file : fs::directory_iterator(presets().getFolder())) files.push_back(file.path().stem());
-        std::sort(files.begin(), files.end());
-        for (const auto& file : files) add(inFolder, file);
-        return inDialog == inRow && inRow == inFolder ? inDialog : inDialog + " / " + inRow + " / " + inFolder;
+            inRow += entry.name + " ";
+        std::set<std::string> files;
+        for (const auto& file : fs::directory_iterator(presets().getFolder())) files.insert(file.path().stem());
+        for (const auto& file : files) inFolder += file + " ";
+        return inDialog == inRow && inRow == inFolder ? inDialog : inDialog + "/ " + inRow + "/ " + inFolder;
     }
-    std::string contentOf(const std::string& name)
+    static std::string readAll(const std::string& path)
     {
-        std::ifstream file(presets().getPresetPath(name));
+        std::ifstream file(path);
         return {std::istreambuf_iterator<char>(file), {}};
     }
+    std::string contentOf(const std::string& name) { return readAll(presets().getPresetPath(name)); }
 };
-}  // namespace
 
 TEST_F(PresetDialogs, AddSavesTheKeysUnderANameThatAFileCanHave)
 {
@@ -80,87 +61,75 @@ TEST_F(PresetDialogs, AddSavesTheKeysUnderANameThatAFileCanHave)
     pressIn("Presets", "Add");
     const auto& selectedOnly = buttonIn<QCheckBox>(dialog("Add Preset"), "Selected Only");
     EXPECT_FALSE(selectedOnly.isEnabled()) << "nothing can be selected";
-    enter("Add Preset", "   ");
-    EXPECT_EQ(answer(), "Error: Name cannot be blank");
-    for (const char* name : {"a\\b", "a/b", "a:b", "a*", "a?", "\"a\"", "<a", "a>", "a|b"}) {
-        enter("Add Preset", name);
-        EXPECT_EQ(answer(), CHARACTERS) << name;
-    }
-    EXPECT_EQ(listed(), "one, two");
+    EXPECT_EQ(enter("Add Preset", "   "), "Error: Name cannot be blank");
+    for (const char* name : {"a\\b", "a/b", "a:b", "a*", "a?", "\"a\"", "<a", "a>", "a|b"})
+        EXPECT_EQ(enter("Add Preset", name), CHARACTERS) << name;
+    EXPECT_EQ(listed(), "one two ");
     enter("Add Preset", "  Rag Time ");
     EXPECT_EQ(dialogs(), "Presets");
-    EXPECT_EQ(listed(), "Rag Time, one, two");
+    EXPECT_EQ(listed(), "Rag Time one two ");
     EXPECT_NE(contentOf("Rag Time").find("<ComputerInput merge=\"false\""), std::string::npos);
 
     const std::string before = contentOf("one");
     pressIn("Presets", "Add");
-    enter("Add Preset", "one");
-    EXPECT_EQ(answer(Answer::No), "Confirm Overwrite: Preset already exists. Overwrite?");
+    EXPECT_EQ(enter("Add Preset", "one", Answer::No), "Confirm Overwrite: Preset already exists. Overwrite?");
     EXPECT_EQ(contentOf("one"), before);
     EXPECT_EQ(dialogs(), "Add Preset, Presets") << "a no returns to it";
-    QTest::keyClick(&lineIn("Add Preset"), Qt::Key_Return);
-    answer(Answer::Yes);
+    confirm(lineIn("Add Preset"), Answer::Yes);
     EXPECT_EQ(contentOf("one"), contentOf("two"));
-    EXPECT_EQ(listed(), "Rag Time, one, two");
+    EXPECT_EQ(listed(), "Rag Time one two ");
     pressIn("Presets", "Close");
     EXPECT_TRUE(isPlayingAgain());
 }
 
-TEST_F(PresetDialogs, DeleteAsksFirst)
+TEST_F(PresetDialogs, EditGivesAnotherNameAlsoThatOfAnotherAndDeleteAsksFirst)
 {
     openMenu("Edit Presets...");
     pressIn("Presets", "Delete");
     pressIn("Presets", "Edit");
     EXPECT_EQ(dialogs(), "Presets") << "nothing is selected";
     select("one");
-    pressIn("Presets", "Delete");
-    EXPECT_EQ(answer(Answer::No), "Delete Preset: Are you sure you want to delete?");
-    EXPECT_EQ(listed(), "one, two");
-    pressIn("Presets", "Delete");
-    answer(Answer::Yes);
-    EXPECT_EQ(listed(), "two");
-    EXPECT_EQ(keys(), "W") << "what is loaded stays";
-}
-
-TEST_F(PresetDialogs, EditGivesAnotherNameAlsoThatOfAnother)
-{
-    openMenu("Edit Presets...");
-    select("one");
     pressIn("Presets", "Edit");
     EXPECT_EQ(lineIn("Edit Preset Name").text(), "one");
-    enter("Edit Preset Name", " ");
-    EXPECT_EQ(answer(), "Error: Name cannot be blank");
-    enter("Edit Preset Name", "a|b");
-    EXPECT_EQ(answer(), CHARACTERS);
+    EXPECT_EQ(enter("Edit Preset Name", " "), "Error: Name cannot be blank");
+    EXPECT_EQ(enter("Edit Preset Name", "a|b"), CHARACTERS);
     lineIn("Edit Preset Name").setText("Größe");
-    QTest::keyClick(&lineIn("Edit Preset Name"), Qt::Key_Return);
-    settle();
-    EXPECT_EQ(listed(), "Größe, two");
+    confirm(lineIn("Edit Preset Name"));
+    EXPECT_EQ(listed(), "Größe two ");
     const std::string kept = contentOf("Größe");
 
     select("Größe");
-    const QPoint place = names().visualItemRect(names().currentItem()).center();
-    QTest::mouseClick(names().viewport(), Qt::LeftButton, {}, place);
-    QTest::mouseDClick(names().viewport(), Qt::LeftButton, {}, place);
+    const QListWidget& list = listIn("Presets");
+    const QPoint place = list.visualItemRect(list.currentItem()).center();
+    QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, place);
+    QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, place);
     enter("Edit Preset Name", "two");
-    EXPECT_EQ(listed(), "two");
+    EXPECT_EQ(listed(), "two ");
     EXPECT_EQ(contentOf("two"), kept);
+
+    select("two");
+    EXPECT_EQ(pressIn("Presets", "Delete", Answer::No), "Delete Preset: Are you sure you want to delete?");
+    EXPECT_EQ(listed(), "two ");
+    pressIn("Presets", "Delete", Answer::Yes);
+    EXPECT_EQ(listed(), "");
+    EXPECT_EQ(names(), "W") << "what is loaded stays";
 }
 
 TEST_F(PresetDialogs, TheListLoadsAPreset)
 {
-    auto& list = control<QLineEdit>("Preset of the keys");
-    EXPECT_EQ(list.text(), "none");
-    QTest::mouseClick(&list, Qt::LeftButton);
+    EXPECT_EQ(textOf("Preset of the keys"), "none");
+    Hands::click(edit("Preset of the keys"));
     EXPECT_EQ(menu(), "one, two");
     choose("one");
-    EXPECT_EQ(keys(), "Q");
-    EXPECT_EQ(list.text(), "one");
+    EXPECT_EQ(names(), "Q");
+    EXPECT_EQ(textOf("Preset of the keys"), "one");
     openMenu("Save Preset As...");
     enter("Add Preset", "another");
-    QTest::mouseClick(&list, Qt::LeftButton);
+    Hands::click(edit("Preset of the keys"));
     EXPECT_EQ(menu(), "another, *one, two");
-    QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape);
+    choose("another");
+    commands().postLoadPreset("two");
+    EXPECT_EQ(textOf("Preset of the keys"), "two");
 }
 
 TEST_F(PresetDialogs, SayThatTheFolderTookNothingAndShowWhatIsThere)
@@ -168,26 +137,21 @@ TEST_F(PresetDialogs, SayThatTheFolderTookNothingAndShowWhatIsThere)
     constexpr const char* SENTENCE = "Error: The folder \"Computer Input Presets\" could not be changed.";
     const std::string before = contentOf("two");
     openMenu("Edit Presets...");
-    for (const QString name : {"three", "two"}) {
-        pressIn("Presets", "Add");
-        const FullDisk full;
-        enter("Add Preset", name);
-        if (name == "two") answer(Answer::Yes);
-        EXPECT_EQ(answer(), SENTENCE);
-    }
-    EXPECT_EQ(listed(), "one, two");
+    pressIn("Presets", "Add");
+    EXPECT_EQ(onFullDisk([this] { return enter("Add Preset", "three"); }), SENTENCE);
+    pressIn("Presets", "Add");
+    EXPECT_EQ(onFullDisk([this] { return enter("Add Preset", "two", Answer::Yes), answer(); }), SENTENCE);
+    EXPECT_EQ(listed(), "one two ");
     EXPECT_EQ(contentOf("two"), before);
 
     const fs::path place = presets().getFolder();
     fs::rename(place, place.string() + " away");
     std::ofstream(place) << "no folder";
     pressIn("Presets", "Add");
-    enter("Add Preset", "three");
-    EXPECT_EQ(answer(), SENTENCE);
+    EXPECT_EQ(enter("Add Preset", "three"), SENTENCE);
     select("one");
     pressIn("Presets", "Edit");
-    enter("Edit Preset Name", "four");
-    EXPECT_EQ(answer(), SENTENCE);
+    EXPECT_EQ(enter("Edit Preset Name", "four"), SENTENCE);
     EXPECT_EQ(dialogs(), "Presets");
 }
 
@@ -213,40 +177,29 @@ TEST_F(PresetDialogs, TheKeysPlayOnUntilThereIsATextToType)
 
 TEST_F(PresetDialogs, SequencesAreWrittenByTheBackendAndListedInTheWindow)
 {
-    const auto lists = [this] {
-        settle();
-        const auto& inWindow = gui->getSequencePresetList();
-        return std::to_string(std::ranges::count(inWindow, "Up")) +
-               (orv->getSequencePresetManager().exists("Up") ? "+" : "-");
-    };
     const std::string file = SequenceManagement::SequencePresetManager::getPresetPath("Up");
-    const auto holds = [&file](const char* text) {
-        std::ifstream in(file);
-        return std::string(std::istreambuf_iterator<char>(in), {}).find(text) != std::string::npos;
+    const auto expect = [&](const std::string& notes) {
+        settle();
+        EXPECT_EQ(std::ranges::count(gui->getSequencePresetList(), "Up"), notes.empty() ? 0 : 1);
+        EXPECT_EQ(orv->getSequencePresetManager().exists("Up"), !notes.empty());
+        EXPECT_EQ(fs::exists(file), !notes.empty());
+        EXPECT_NE(readAll(file).find(notes), std::string::npos) << notes;
     };
     EXPECT_FALSE(gui->editSequencePreset("Up", "0"));
     EXPECT_FALSE(gui->addSequencePreset("../Up", "0"));
-    EXPECT_EQ(lists(), "0-");
+    expect("");
     EXPECT_TRUE(gui->addSequencePreset("Up", "0,4,7"));
-    EXPECT_EQ(lists(), "1+");
-    EXPECT_TRUE(holds(">0,4,7<"));
-    {
-        const FullDisk full;
-        EXPECT_TRUE(gui->editSequencePreset("Up", "0,12"));
-        settle();
-    }
-    EXPECT_EQ(answer(), "Error: The folder \"Sequences\" could not be changed.");
-    EXPECT_TRUE(holds(">0,4,7<")) << "whole";
-    EXPECT_TRUE(gui->editSequencePreset("Up", "0,12"));
-    settle();
-    EXPECT_TRUE(holds(">0,12<"));
+    expect(">0,4,7<");
+    const auto edit = [this] { return gui->editSequencePreset("Up", "0,12") ? answer() : "refused"; };
+    EXPECT_EQ(onFullDisk(edit), "Error: The folder \"Sequences\" could not be changed.");
+    expect(">0,4,7<");
+    EXPECT_EQ(edit(), "");
+    expect(">0,12<");
     fs::remove(file);
     fs::create_directories(file + "/in the way");
     gui->deleteSequencePreset("Up");
-    settle();
     EXPECT_EQ(answer(), "Error: The folder \"Sequences\" could not be changed.");
     fs::remove(file + "/in the way");
     gui->deleteSequencePreset("Up");
-    EXPECT_EQ(lists(), "0-");
-    EXPECT_FALSE(fs::exists(file));
+    expect("");
 }

@@ -1,120 +1,93 @@
-#include "gui/framework/Skinner.h"
-
-#include <gtest/gtest.h>
-
-#include <QCheckBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QListWidget>
 #include <QPlainTextEdit>
-#include <QPushButton>
 #include <QSlider>
 
-#include "gui/framework/Properties.h"
 #include "tests/gui/GuiStage.h"
 
-namespace
-{
 using Gui::Skinner;
-using Role = Gui::GdiManager::Role;
 namespace Property = Gui::Property;
 
-QColor inkOf(const QWidget& widget) { return widget.palette().color(QPalette::WindowText); }
+struct Skins : GuiStage, testing::Test {
+    static QColor ink(const QWidget& widget) { return widget.palette().color(QPalette::WindowText); }
+    static QColor ground(const QWidget& widget) { return widget.palette().color(QPalette::Window); }
+    /// Of the left edge, five pixels down.
+    static QColor frameColour(QWidget& control) { return picture(control).pixelColor(0, 5); }
 
-TEST(Skinner, SkinsWhatIsMadeLaterToo)
+    QLineEdit edit{"64", &window};
+    QLabel label{"x", &window};
+};
+
+TEST_F(Skins, CoverWhatIsMadeLaterToo)
 {
-    GuiStage stage;
-    auto* box = new QWidget(&stage.window);
-    auto* label = new QLabel("late", box);
-    box->show();
-    GuiStage::settle();
-    EXPECT_EQ(inkOf(*label), stage.colour(Role::label));
-    EXPECT_EQ(label->palette().color(QPalette::Window), stage.colour(Role::background));
+    auto* box = new QWidget(&window);
+    auto* late = new QLabel("late", box);
+    show(*box);
+    EXPECT_EQ(ink(*late), colour(Role::label));
+    EXPECT_EQ(ground(*late), colour(Role::background));
     auto* later = new QLineEdit(box);
-    later->show();
-    GuiStage::settle();
-    EXPECT_EQ(later->style(), &stage.skinner);
+    show(*later);
+    EXPECT_EQ(later->style(), &skinner);
 }
 
-TEST(Skinner, ColoursALabelByItsMarks)
+TEST_F(Skins, ColourALabelByItsMarksAndLeaveItItsFont)
 {
-    GuiStage stage;
-    QLabel label("x", &stage.window);
-    QLineEdit edit(&stage.window);
-    stage.show(label);
-    stage.show(edit);
-    Skinner::setText(label, true);
-    EXPECT_EQ(inkOf(label), stage.colour(Role::text));
-    Skinner::setGrayText(label, true);
-    EXPECT_EQ(inkOf(label), stage.colour(Role::labelDisabled));
-    Skinner::setGrayText(label, false);
-    Skinner::setText(label, false);
-    Skinner::enableControl(label, edit, false);
-    EXPECT_EQ(inkOf(label), stage.colour(Role::labelDisabled));
-    EXPECT_FALSE(edit.isEnabled());
-    EXPECT_EQ(inkOf(edit), stage.colour(Role::labelDisabled));
-    Skinner::enableControl(label, edit, true);
-    EXPECT_EQ(inkOf(label), stage.colour(Role::label));
-    EXPECT_EQ(inkOf(edit), stage.colour(Role::label));
-    label.setProperty(Property::BKCOLOR, stage.colour(Role::selectedCell));
-    EXPECT_EQ(label.palette().color(QPalette::Window), stage.colour(Role::selectedCell));
-}
-
-TEST(Skinner, LeavesAControlItsOwnFont)
-{
-    GuiStage stage;
-    QLabel label("big", &stage.window);
-    label.setFont(stage.gdi.getFont(Gui::GdiManager::FontRole::large));
-    stage.show(label);
+    label.setFont(gdi.getFont(Gui::GdiManager::FontRole::large));
+    show(label);
+    show(edit);
     Skinner::setText(label, true);
     EXPECT_EQ(label.font().pixelSize(), 72);
+    EXPECT_EQ(ink(label), colour(Role::text));
+    Skinner::setGrayText(label, true);
+    EXPECT_EQ(ink(label), colour(Role::labelDisabled));
+    Skinner::setGrayText(label, false);
+    Skinner::setText(label, false);
+    for (const bool on : {false, true}) {
+        Skinner::enableControl(label, edit, on);
+        EXPECT_EQ(ink(label), colour(on ? Role::label : Role::labelDisabled));
+        EXPECT_EQ(ink(edit), colour(on ? Role::label : Role::labelDisabled));
+        EXPECT_EQ(edit.isEnabled(), on);
+    }
+    label.setProperty(Property::BKCOLOR, colour(Role::selectedCell));
+    EXPECT_EQ(ground(label), colour(Role::selectedCell));
 }
 
-TEST(Skinner, BlanksAnEditWhoseValuesDifferWithoutANotice)
+TEST_F(Skins, BlankAnEditWhoseValuesDifferWithoutANotice)
 {
-    GuiStage stage;
-    QLineEdit edit("64", &stage.window);
     int reported = 0;
     QObject::connect(&edit, &QLineEdit::textChanged, [&] { ++reported; });
-    stage.show(edit);
+    show(edit);
     Skinner::indicateInvalidValue(edit, true);
     EXPECT_EQ(edit.text(), "");
-    EXPECT_EQ(inkOf(edit), stage.colour(Role::labelDisabled));
+    EXPECT_EQ(ink(edit), colour(Role::labelDisabled));
     edit.setText("64");
     Skinner::indicateInvalidValue(edit, false);
     EXPECT_EQ(edit.text(), "64");
-    EXPECT_EQ(inkOf(edit), stage.colour(Role::label));
+    EXPECT_EQ(ink(edit), colour(Role::label));
     EXPECT_EQ(reported, 1);
 }
 
-TEST(Skinner, FlipsASwitchOfTwoPositionsAtAClick)
+TEST_F(Skins, FlipASwitchOfTwoPositionsAtAClick)
 {
-    GuiStage stage;
-    QSlider slider(Qt::Horizontal, &stage.window);
+    QSlider slider(Qt::Horizontal, &window);
     slider.setRange(0, 1);
     slider.resize(60, 20);
     slider.setProperty(Property::TOGGLE, true);
-    stage.show(slider);
-    QTest::mouseClick(&slider, Qt::LeftButton, {}, {2, 10});
-    EXPECT_EQ(slider.value(), 1);
-    QTest::mouseClick(&slider, Qt::LeftButton, {}, {58, 10});
-    EXPECT_EQ(slider.value(), 0);
-    slider.setEnabled(false);
-    QTest::mouseClick(&slider, Qt::LeftButton, {}, {58, 10});
-    EXPECT_EQ(slider.value(), 0);
+    show(slider);
+    for (const auto& [x, enabled, value] : {std::tuple(2, true, 1), {58, true, 0}, {58, false, 0}}) {
+        slider.setEnabled(enabled);
+        QTest::mouseClick(&slider, Qt::LeftButton, {}, {x, 10});
+        EXPECT_EQ(slider.value(), value);
+    }
 }
 
-TEST(Skinner, DrawsAVerticalTrackbarWithItsHighestValueOnTop)
+TEST_F(Skins, DrawAVerticalTrackbarWithItsHighestValueOnTop)
 {
-    GuiStage stage;
-    QSlider slider(Qt::Vertical, &stage.window);
+    QSlider slider(Qt::Vertical, &window);
     slider.setRange(0, 10);
     slider.resize(20, 100);
-    stage.show(slider);
+    show(slider);
     const auto isDiscAt = [&](int y) {
-        const QImage picture = GuiStage::picture(slider);
         const double scale = slider.devicePixelRatioF();
-        return picture.pixelColor(qRound(9 * scale), qRound(y * scale)) == stage.colour(Role::selectedButton);
+        return picture(slider).pixelColor(qRound(9 * scale), qRound(y * scale)) == colour(Role::selectedButton);
     };
     EXPECT_TRUE(isDiscAt(93));
     EXPECT_FALSE(isDiscAt(5));
@@ -124,54 +97,44 @@ TEST(Skinner, DrawsAVerticalTrackbarWithItsHighestValueOnTop)
     EXPECT_TRUE(isDiscAt(93));
 }
 
-TEST(Skinner, FramesWhatIsTypedInAndFillsAButton)
+TEST_F(Skins, FrameWhatIsTypedInAndFillAButton)
 {
-    GuiStage stage;
-    QLineEdit edit(&stage.window);
-    QPlainTextEdit text(&stage.window);
-    QPushButton button(&stage.window);
-    stage.show(edit);
-    stage.show(text);
-    stage.show(button);
-    EXPECT_EQ(GuiStage::picture(edit).pixelColor(0, 5), stage.colour(Role::controlBorder));
-    EXPECT_EQ(GuiStage::picture(text).pixelColor(0, 5), stage.colour(Role::controlBorder));
-    EXPECT_EQ(GuiStage::cornerColour(button), stage.colour(Role::unselectedButton));
+    QPlainTextEdit text(&window);
+    QPushButton button(&window);
+    show(text);
+    show(button);
+    EXPECT_EQ(frameColour(show(edit)), colour(Role::controlBorder));
+    EXPECT_EQ(frameColour(text), colour(Role::controlBorder));
+    EXPECT_EQ(cornerColour(button), colour(Role::unselectedButton));
     edit.setEnabled(false);
     button.setDown(true);
-    EXPECT_EQ(GuiStage::picture(edit).pixelColor(0, 5), stage.colour(Role::controlBorderDisabled));
-    EXPECT_EQ(GuiStage::cornerColour(button), stage.colour(Role::selectedButton));
+    EXPECT_EQ(frameColour(edit), colour(Role::controlBorderDisabled));
+    EXPECT_EQ(cornerColour(button), colour(Role::selectedButton));
 
-    text.setProperty(Property::BKCOLOR, stage.colour(Role::selectedCell));
+    text.setProperty(Property::BKCOLOR, colour(Role::selectedCell));
     const QPoint inside = text.viewport()->rect().center();
-    EXPECT_EQ(text.viewport()->grab(QRect(inside, QSize(1, 1))).toImage().pixelColor(0, 0),
-              stage.colour(Role::selectedCell));
+    EXPECT_EQ(text.viewport()->grab(QRect(inside, QSize(1, 1))).toImage().pixelColor(0, 0), colour(Role::selectedCell));
 }
 
-TEST(Skinner, MarksTheChosenRowOfAListAndACheckedBox)
+TEST_F(Skins, MarkTheChosenRowOfAListAndACheckedBox)
 {
-    GuiStage stage;
-    QListWidget list(&stage.window);
+    QListWidget list(&window);
     list.addItems({"one", "two"});
     list.resize(100, 100);
-    stage.show(list);
+    show(list);
     list.setCurrentRow(1);
     const auto groundOf = [&](int row) {
-        const QRect place = list.visualItemRect(list.item(row));
-        const QImage picture = list.viewport()->grab(place).toImage();
-        return picture.pixelColor(picture.width() * 3 / 4, picture.height() / 2);
+        const QImage image = list.viewport()->grab(list.visualItemRect(list.item(row))).toImage();
+        return image.pixelColor(image.width() * 3 / 4, image.height() / 2);
     };
-    EXPECT_EQ(groundOf(0), stage.colour(Role::background));
-    EXPECT_EQ(groundOf(1), stage.colour(Role::selectedCell));
+    EXPECT_EQ(groundOf(0), colour(Role::background));
+    EXPECT_EQ(groundOf(1), colour(Role::selectedCell));
 
-    QCheckBox box("Mute", &stage.window);
-    stage.show(box);
-    const auto markColour = [&] {
-        const QImage picture = GuiStage::picture(box);
-        return picture.pixelColor(6 * picture.height() / box.height(), picture.height() / 2);
-    };
-    EXPECT_EQ(markColour(), stage.colour(Role::background));
-    QTest::mouseClick(&box, Qt::LeftButton, {}, {5, box.height() / 2});
-    EXPECT_TRUE(box.isChecked());
-    EXPECT_EQ(markColour(), stage.colour(Role::selectedButton));
+    QCheckBox box("Mute", &window);
+    show(box);
+    for (const Role mark : {Role::background, Role::selectedButton}) {
+        const QImage image = picture(box);
+        EXPECT_EQ(image.pixelColor(6 * image.height() / box.height(), image.height() / 2), colour(mark));
+        QTest::mouseClick(&box, Qt::LeftButton, {}, {5, box.height() / 2});
+    }
 }
-}  // namespace

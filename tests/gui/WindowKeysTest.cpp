@@ -1,120 +1,92 @@
-#include <gtest/gtest.h>
-
-#include <QAbstractButton>
-#include <QLineEdit>
-#include <QMenu>
-
 #include "tests/gui/WindowStage.h"
 
-namespace
-{
-const std::string KEYS = noteKey("Q", "C4") + noteKey("Shift Q", "D4") + noteKey("Tab", "E4") + noteKey("Space", "F4") +
-                         noteKey("Escape", "G4");
+struct WindowKeys : WindowStage, testing::Test {
+    static constexpr quint32 Q = 24, TAB = 23, SPACE = 65, ESCAPE = 9, F12 = 96;
 
-constexpr quint32 Q = 24;
-constexpr quint32 TAB = 23;
-constexpr quint32 SPACE = 65;
-constexpr quint32 ESCAPE = 9;
-
-struct PlayingWindow : WindowStage {
-    PlayingWindow()
+    WindowKeys()
     {
-        load(KEYS);
-        for (int screen = 0; screen < 12; ++screen) gui->showScreen(static_cast<Backend::Screen>(screen), false);
+        open(NO_SCREENS);
+        load(noteKey("Q", "C4") + noteKey("Shift Q", "D4") + noteKey("Tab", "E4") + noteKey("Space", "F4") +
+             noteKey("Escape", "G4"));
+        text.setParent(control("Playing keyboard").parentWidget());
+        text.show();
+    }
+    void tap(quint32 place, Qt::Key key)
+    {
+        keyDown(place, key);
+        keyUp(place, key);
     }
 
-    bool isPlaying() { return focus().accessibleName() == QLatin1String("Playing keyboard"); }
-    /// Something of a screen's to type in.
-    QLineEdit& addText()
-    {
-        auto* const text = new QLineEdit(control<QWidget>("Playing keyboard").parentWidget());
-        text->show();
-        return *text;
-    }
+    QLineEdit& text = *new QLineEdit;  // something of a screen's to type in
 };
 
-TEST(WindowKeys, PlayFromTheStartAndRepeat)
+TEST_F(WindowKeys, PlayFromTheStartAndRepeat)
 {
-    PlayingWindow window;
-    ASSERT_TRUE(window.isPlaying());
-    window.keyDown(Q), window.keyDown(Q), window.keyUp(Q);
-    EXPECT_EQ(window.playedNow(), "C4 on, C4 off");
-    window.keyDown(TAB, Qt::Key_Tab), window.keyUp(TAB, Qt::Key_Tab);
-    window.keyDown(ESCAPE, Qt::Key_Escape), window.keyUp(ESCAPE, Qt::Key_Escape);
-    EXPECT_EQ(window.playedNow(), "E4 on, E4 off, G4 on, G4 off") << "by itself Tab is a key to play on";
+    ASSERT_TRUE(isPlaying());
+    keyDown(Q), keyDown(Q), keyUp(Q);
+    EXPECT_EQ(played(), "C4 on, C4 off");
+    tap(TAB, Qt::Key_Tab);
+    tap(ESCAPE, Qt::Key_Escape);
+    EXPECT_EQ(played(), "E4 on, E4 off, G4 on, G4 off") << "by itself Tab is a key to play on";
+    keyDown(Q);
+    click(control("MIDI thru"));
+    EXPECT_EQ(played(), "C4 on") << "a click does not end what is held";
+    EXPECT_TRUE(isPlaying());
+    keyUp(Q);
+    EXPECT_EQ(played(), "C4 off");
 }
 
-TEST(WindowKeys, ComeUpWhenTheFocusGoes)
+TEST_F(WindowKeys, ComeUpWhenTheFocusGoes)
 {
-    PlayingWindow window;
-    window.orv->getComputerInputMessageManager().postSetUseKeyUpMod(true);
-    const auto afterwards = [&](const std::function<void()>& happening) {
-        window.keyDown(Q, Qt::Key_Q, Qt::ShiftModifier);
-        EXPECT_EQ(window.playedNow(), "D4 on");
-        happening();
-        const std::string reported = window.playedNow();
-        window.focus().clearFocus();
-        window.comeBack();
-        return reported;
-    };
-    QLineEdit& text = window.addText();
-    EXPECT_EQ(afterwards([&] { text.setFocus(); }), "D4 off") << "as it went down";
+    orv->getComputerInputMessageManager().postSetUseKeyUpMod(true);
     QWidget other;
     other.show();
-    EXPECT_EQ(afterwards([&] {
-                  other.activateWindow();
-                  ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
-              }),
-              "D4 off");
-    QMenu menu(&window.surroundings);
+    QMenu menu(&surroundings);
     menu.addAction("one");
-    EXPECT_EQ(afterwards([&] { menu.popup({}); }), "D4 off");
-    menu.close();
-    window.keyDown(Q, Qt::Key_Q);
-    window.gui->destroy();
-    EXPECT_EQ(window.playedNow(), "C4 on, C4 off");
+    const std::function<void()> losses[] = {[&] { text.setFocus(); },
+                                            [&] {
+                                                other.activateWindow();
+                                                ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+                                            },
+                                            [&] { menu.popup({}); }};
+    for (const auto& loseFocus : losses) {
+        keyDown(Q, Qt::Key_Q, Qt::ShiftModifier);
+        EXPECT_EQ(played(), "D4 on");
+        loseFocus();
+        EXPECT_EQ(played(), "D4 off") << "as it went down";
+        menu.close();
+        focus().clearFocus();
+        comeBack();
+    }
+    keyDown(Q, Qt::Key_Q);
+    gui->destroy();
+    EXPECT_EQ(played(), "C4 on, C4 off");
 }
 
-TEST(WindowKeys, DoNotPlayInAText)
+TEST_F(WindowKeys, DoNotPlayInAText)
 {
-    PlayingWindow window;
-    QLineEdit& text = window.addText();
     text.setFocus();
     QTest::keyClicks(&text, "q");
-    window.keyDown(96, Qt::Key_F12), window.keyUp(96, Qt::Key_F12);
-    EXPECT_EQ(window.playedNow(), "");
+    tap(F12, Qt::Key_F12);
+    EXPECT_EQ(played(), "");
     EXPECT_EQ(text.text(), "q");
-    window.keyDown(ESCAPE, Qt::Key_Escape), window.keyUp(ESCAPE, Qt::Key_Escape);
-    EXPECT_TRUE(window.isPlaying());
-    EXPECT_EQ(window.playedNow(), "") << "Escape only came back";
+    tap(ESCAPE, Qt::Key_Escape);
+    EXPECT_TRUE(isPlaying());
+    EXPECT_EQ(played(), "") << "Escape only came back";
 }
 
-TEST(WindowKeys, ReachTheControlsWithControlAndTab)
+TEST_F(WindowKeys, ReachTheControlsWithControlAndTab)
 {
-    PlayingWindow window;
-    auto& thru = window.control<QAbstractButton>("MIDI thru");
-    window.keyDown(TAB, Qt::Key_Tab, Qt::ControlModifier);
-    EXPECT_FALSE(window.isPlaying());
-    for (int control = 0; control < 100 && &window.focus() != &thru; ++control)
-        QTest::keyClick(&window.focus(), Qt::Key_Tab);
+    auto& thru = control<QAbstractButton>("MIDI thru");
+    keyDown(TAB, Qt::Key_Tab, Qt::ControlModifier);
+    EXPECT_FALSE(isPlaying());
+    for (int tabs = 0; tabs < 100 && &focus() != &thru; ++tabs) QTest::keyClick(&focus(), Qt::Key_Tab);
     const bool before = thru.isChecked();
-    window.keyDown(SPACE, Qt::Key_Space), window.keyUp(SPACE, Qt::Key_Space);
+    tap(SPACE, Qt::Key_Space);
     EXPECT_NE(thru.isChecked(), before) << "a key works the control";
-    EXPECT_EQ(window.playedNow(), "");
-    window.keyDown(Q, Qt::Key_Q), window.keyUp(Q, Qt::Key_Q);
-    EXPECT_EQ(window.playedNow(), "C4 on, C4 off") << "what it has no use for plays";
-    window.keyDown(ESCAPE, Qt::Key_Escape);
-    EXPECT_TRUE(window.isPlaying());
+    EXPECT_EQ(played(), "");
+    tap(Q, Qt::Key_Q);
+    EXPECT_EQ(played(), "C4 on, C4 off") << "what it has no use for plays";
+    keyDown(ESCAPE, Qt::Key_Escape);
+    EXPECT_TRUE(isPlaying());
 }
-
-TEST(WindowKeys, AClickLeavesHeldNotesAlone)
-{
-    PlayingWindow window;
-    window.keyDown(Q);
-    QTest::mouseClick(&window.control<QAbstractButton>("MIDI thru"), Qt::LeftButton);
-    EXPECT_EQ(window.playedNow(), "C4 on");
-    EXPECT_TRUE(window.isPlaying());
-    window.keyUp(Q);
-    EXPECT_EQ(window.playedNow(), "C4 off");
-}
-}  // namespace
