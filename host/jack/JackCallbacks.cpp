@@ -76,6 +76,15 @@ void JackCallbacks::registerAt(jack_client_t* client)
             self.notify(self.portsChanged);
         },
         this);
+    // The ports of a client that closes are unregistered when it is not active any more, and the server reports only
+    // the client.
+    jack_set_client_registration_callback(
+        client,
+        [](const char*, int, void* object) {
+            auto& self = *static_cast<JackCallbacks*>(object);
+            self.notify(self.portsChanged);
+        },
+        this);
     jack_set_port_connect_callback(
         client,
         [](jack_port_id_t, jack_port_id_t, int, void* object) {
