@@ -3,24 +3,18 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <cstdint>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 
 #include "backend/files/BankFile.h"
 #include "backend/xml/XmlDocument.h"
+#include "fuzz/Fuzzing.h"
 
 using namespace Backend;
 
 namespace
 {
 const std::string SAVED = "<Program name=\"saved\">\n\t<Layers merge=\"false\">\n\t</Layers>\n</Program>\n";
-
-void require(bool truth)
-{
-    if (!truth) std::abort();
-}
 
 /// In memory where there is such a folder: every save waits for the disk.
 const std::string& path()
@@ -78,17 +72,17 @@ void checkSize(BankFile& bank, int size)
 }
 }  // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+void tryInput(std::string_view input)
 {
-    if (size == 0) return 0;
-    const std::string text(reinterpret_cast<const char*>(data) + 1, size - 1);
+    if (input.empty()) return;
+    const std::string text(input.substr(1));
     std::ofstream(path(), std::ios::binary) << text;
     const bool isDocument = XmlDocument(text, XmlDocument::Source::text).getRoot().hasElement();
     BankFile bank;
     require(bank.open(path()) == isDocument);
     require(bank.getProgramNames() == namesIn(text));
-    if (!isDocument) return 0;
-    checkSave(bank, text, data[0] % 4);
-    checkSize(bank, 1 + data[0] / 4 % 4);
-    return 0;
+    if (!isDocument) return;
+    const auto choice = static_cast<unsigned char>(input[0]);
+    checkSave(bank, text, choice % 4);
+    checkSize(bank, 1 + choice / 4 % 4);
 }

@@ -1,23 +1,17 @@
 // Any document is read as translations of MIDI events, never more than it has; what they write is read as the same
 // again, and every event can be looked up and asked for its zones.
-#include <cstdint>
-#include <cstdlib>
 #include <sstream>
 
 #include "backend/bindings/translations/TranslationFactories.h"
 #include "backend/model/MidiEventConfigurationMap.h"
 #include "backend/xml/XmlDocument.h"
+#include "fuzz/Fuzzing.h"
 
 using namespace Backend;
 using namespace Backend::MidiInput;
 
 namespace
 {
-void require(bool truth)
-{
-    if (!truth) std::abort();
-}
-
 MidiEventConfigurationMap read(std::string_view text)
 {
     MidiEventConfigurationMap map;
@@ -52,12 +46,11 @@ void playTo(const MidiEventConfigurationMap& map, const MidiEvent& event)
 }
 }  // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+void tryInput(std::string_view text)
 {
-    const auto map = read({reinterpret_cast<const char*>(data), size});
+    const auto map = read(text);
     const std::string printed = print(read(print(map)));  // a TAB in a name has become a blank by now
     require(print(read(printed)) == printed);
     const auto iterator = map.createIterator();
     while (const MidiEventConfiguration* configuration = iterator->next()) playTo(map, configuration->getEvent());
-    return 0;
 }

@@ -1,8 +1,8 @@
 // Any bytes are read as a performance or refused with one printable line, never more.
 #include <algorithm>
-#include <cstdlib>
 
 #include "api/FunctionText.h"
+#include "fuzz/Fuzzing.h"
 #include "host/common/InputError.h"
 #include "host/common/LastPulse.h"
 #include "host/performance/PerformanceFile.h"
@@ -10,11 +10,6 @@
 
 namespace
 {
-void require(bool truth)
-{
-    if (!truth) std::abort();
-}
-
 void checkCommand(const Host::TimedCommand& timed)
 {
     require(timed.time >= 0 && timed.time <= Host::LAST_PULSE);
@@ -29,16 +24,13 @@ void checkCommand(const Host::TimedCommand& timed)
 }
 }  // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+void tryInput(std::string_view text)
 try {
-    const std::string_view text(reinterpret_cast<const char*>(data), size);
     const std::vector<Host::TimedCommand> commands = Host::parsePerformance(text, "fuzz.perf");
     require(std::ranges::is_sorted(commands, {}, &Host::TimedCommand::time));
     std::ranges::for_each(commands, checkCommand);
-    return 0;
 } catch (const Host::InputError& error) {
     const std::string_view line = error.what();
     require(line.starts_with("fuzz.perf:") && isUtf8(line));
     require(std::ranges::none_of(line, [](char letter) { return static_cast<unsigned char>(letter) < ' '; }));
-    return 0;
 }

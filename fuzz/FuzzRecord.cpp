@@ -1,10 +1,10 @@
 // Whatever lies in the files of an earlier run's record, it is taken over: what is saved is a MIDI file by our reader,
 // and ends with what was played since.
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 
 #include "backend/recorder/RetroRecordBuffer.h"
+#include "fuzz/Fuzzing.h"
 #include "host/midifile/MidiFileReader.h"
 #include "tests/stage/TemporaryFolder.h"
 
@@ -18,12 +18,12 @@ void require(bool truth)
 }
 }  // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+void tryInput(std::string_view input)
 {
     static const TemporaryFolder folder;
-    const std::string text(reinterpret_cast<const char*>(data), size);
+    const std::string text(input);
     // The first byte says where the older file ends.
-    const std::size_t older = size == 0 ? 0 : data[0] % size;
+    const std::size_t older = text.empty() ? 0 : static_cast<unsigned char>(text[0]) % text.size();
     folder.write("chain/1_Out.tmp", text.substr(0, older));
     folder.write("chain/0_Out.tmp", text.substr(older));
 
@@ -37,5 +37,4 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const auto& [time, status, d1, d2] = events[events.size() - 2];  // behind it all sound off
     require(status == 0x95 && d1 == 60 && d2 == 100 && events.back().time == time);
     std::filesystem::remove(saved.file);
-    return 0;
 }

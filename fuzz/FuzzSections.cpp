@@ -1,41 +1,20 @@
-// Any program is read, section by section; what a section then writes, it reads back.
-#include <cstdlib>
+// The keys of any program are read; what their section then writes, it reads back.
 #include <memory>
 #include <sstream>
 
-#include "api/MidiPlayer.h"
-#include "api/OrvFactory.h"
-#include "api/OrvIF.h"
 #include "backend/sections/computerinput/ComputerInputManager.h"
 #include "backend/xml/XmlDocument.h"
-#include "tests/stage/PrivateFolders.h"
+#include "fuzz/Fuzzing.h"
+#include "tests/stage/LiveStage.h"
 
 using namespace Backend;
 
 namespace
 {
-void require(bool truth)
-{
-    if (!truth) std::abort();
-}
-
-class SilentPlayer final : public MidiEngine::MidiPlayer
-{
-public:
-    void playMidi(const MidiEngine::OrvMidiMessage&) override {}
-    void enableMidiInput(int, bool) override {}
-    void enableMidiOutput(int, bool) override {}
-    ThreadId getThreadId() override { return 0; }
-    void pulseSequencer() override {}
-    void setTempo(int) override {}
-    void setTempoSource(char) override {}
-    char getTempoSource() override { return -1; }
-};
-
 /// One backend for all, whose threads do not run: what is posted is freed when it goes.
 struct House {
     PrivateFolders folders;
-    SilentPlayer player;
+    LiveStage::Player player;
     std::unique_ptr<OrvIF> orv{OrvFactory::createOrv("Fuzz", player, false)};
 };
 
@@ -58,7 +37,7 @@ void checkComputerInput(OrvIF& orv, const XmlElement& section)
 }
 }  // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+void tryInput(std::string_view input)
 {
     constexpr int UNTIL_WHAT_WAITS_IS_FREED = 1000;
     static auto house = std::make_unique<House>();
@@ -66,10 +45,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         house.reset();
         house = std::make_unique<House>();
     }
-    const std::string text(reinterpret_cast<const char*>(data), size);
+    const std::string text(input);
     forEachElement(parse("<Program>" + text + "</Program>"), [&](const XmlElement& section) {
         if (section.getTagName() == "ComputerInput") checkComputerInput(*house->orv, section);
     });
     checkComputerInput(*house->orv, parse("<ComputerInput>" + text + "</ComputerInput>"));
-    return 0;
 }

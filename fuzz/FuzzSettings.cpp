@@ -1,14 +1,9 @@
-#include <cstdint>
-#include <cstdlib>
-#include <string>
-#include <string_view>
-
+// Any file is read, and what is written back reads the same.
+#include "fuzz/Fuzzing.h"
 #include "platform/linux/SettingsText.h"
 
-/// Any file is read, and what is written back reads the same.
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+void tryInput(std::string_view text)
 {
-    const std::string_view text(reinterpret_cast<const char*>(data), size);
     SettingsText settings(text);
     settings.getNumber("A");
     settings.getBytes("A");
@@ -16,7 +11,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     settings.setString("B", text);
     if (value) settings.setString("A", *value);
     const SettingsText again(settings.print());
-    if (again.print() != settings.print() || again.getString("B") != std::string(text)) std::abort();
-    if (value && again.getString("A") != value) std::abort();
-    return 0;
+    require(again.print() == settings.print() && again.getString("B") == text);
+    require(!value || again.getString("A") == value);
 }
