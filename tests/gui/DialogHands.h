@@ -1,14 +1,12 @@
 #pragma once
 
-#include <sys/resource.h>
-
 #include <QFileDialog>
 #include <QMessageBox>
 #include <QSettings>
-#include <csignal>
 
 #include "api/Bank.h"
 #include "tests/gui/WindowStage.h"
+#include "tests/stage/FullDisk.h"
 
 /// An open window, and hands for its dialogs, which go by their titles.
 struct DialogHands : OpenWindow, testing::Test {
@@ -98,14 +96,8 @@ struct DialogHands : OpenWindow, testing::Test {
     /// No file of this process grows beyond a few bytes meanwhile, whichever thread writes it.
     static std::string onFullDisk(const std::function<std::string()>& action)
     {
-        std::signal(SIGXFSZ, SIG_IGN);
-        rlimit before{};
-        getrlimit(RLIMIT_FSIZE, &before);
-        const rlimit full{.rlim_cur = 16, .rlim_max = before.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &full);
-        const std::string said = action();
-        setrlimit(RLIMIT_FSIZE, &before);
-        return said;
+        const FullDisk full;
+        return action();
     }
 
     /// Whether what is typed plays once the dialogs are gone.

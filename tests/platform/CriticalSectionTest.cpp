@@ -17,7 +17,7 @@ TEST(CriticalSection, LetsOneThreadInAtATime)
 {
     CriticalSection section;
     int count = 0;
-    std::vector<std::thread> threads;
+    std::vector<std::jthread> threads;
     for (int i = 0; i < 3; ++i)
         threads.emplace_back([&] {
             for (int round = 0; round < 10000; ++round) {
@@ -25,7 +25,7 @@ TEST(CriticalSection, LetsOneThreadInAtATime)
                 ++count;
             }
         });
-    for (auto& thread : threads) thread.join();
+    threads.clear();
     EXPECT_EQ(count, 30000);
 }
 
@@ -38,8 +38,8 @@ TEST(CriticalSection, AWaiterServesItsMessagesUntilTheLockIsFreeOrItMustQuit)
 
     Event thirdRound;
     std::thread waiter([&] {
-        EXPECT_FALSE(section.waitWithMessageLoop([] { return false; })) << "received to quit";
-        EXPECT_FALSE(section.tryEnter()) << "and the lock not taken";
+        EXPECT_FALSE(section.waitWithMessageLoop([] { return false; })) << "ends at once";
+        EXPECT_FALSE(section.tryEnter()) << "without the lock";
         int rounds = 0;
         EXPECT_TRUE(section.waitWithMessageLoop([&] {
             if (++rounds == 3) thirdRound.set();

@@ -10,18 +10,6 @@
 
 namespace
 {
-/// Counts how many of it live.
-struct Counted {
-    explicit Counted(int& c) : count(&c) { ++*count; }
-    Counted(Counted&& other) noexcept : count(std::exchange(other.count, nullptr)) {}
-    Counted& operator=(Counted&&) = delete;
-    ~Counted()
-    {
-        if (count != nullptr) --*count;
-    }
-    int* count;
-};
-
 std::vector<unsigned> takeAll(MessageQueue& queue)
 {
     std::vector<unsigned> numbers;
@@ -32,11 +20,11 @@ std::vector<unsigned> takeAll(MessageQueue& queue)
 
 TEST(MessageQueue, KeepsTheOrderOfAllPostersAndOfCauseAndEffect)
 {
-    // Three posters hand a baton round: each message is caused by the one before, whoever posted it.
+    // Three posters take turns: each message is caused by the one before, whoever posted it.
     constexpr unsigned ROUNDS = 20000;
     MessageQueue queue(16);
     std::atomic<unsigned> turn{0};
-    std::vector<std::thread> posters;
+    std::vector<std::jthread> posters;
     for (unsigned me = 0; me < 3; ++me)
         posters.emplace_back([&, me] {
             for (unsigned number = me; number < ROUNDS; number += 3) {
@@ -53,7 +41,6 @@ TEST(MessageQueue, KeepsTheOrderOfAllPostersAndOfCauseAndEffect)
         queue.waitForMessage();
         queue.handleNext([&](Message& message) { ASSERT_EQ(message.number, expected); });
     }
-    for (auto& poster : posters) poster.join();
     EXPECT_TRUE(queue.isDrained());
     EXPECT_EQ(queue.handledCount(), ROUNDS);
 }
@@ -63,16 +50,13 @@ TEST(MessageQueue, LosesNothingWhenEverybodyPostsAtOnceAndTheConsumerSleeps)
     constexpr unsigned EACH = 30000;
     MessageQueue queue(64);
     std::array<unsigned, 4> last{};
-    std::vector<std::thread> posters;
+    std::vector<std::jthread> posters;
     for (unsigned me = 0; me < last.size(); ++me)
         posters.emplace_back([&, me] {
             for (unsigned i = 1; i <= EACH; ++i) {
-                if (me == 0) {
-                    queue.postFromSlice({.number = me, .wparam = i});
-                    if (i % 16 == 0) queue.wake();
-                } else {
-                    queue.post({.number = me, .wparam = i});
-                }
+                if (me != 0) queue.post({.number = me, .wparam = i});
+                if (me == 0) queue.postFromSlice({.number = me, .wparam = i});
+                if (me == 0 && i % 16 == 0) queue.wake();
             }
             queue.wake();
         });
@@ -83,33 +67,32 @@ TEST(MessageQueue, LosesNothingWhenEverybodyPostsAtOnceAndTheConsumerSleeps)
             last[message.number] = message.wparam;
         });
     }
-    for (auto& poster : posters) poster.join();
     EXPECT_TRUE(queue.isDrained());
 }
 
 TEST(MessageQueue, FreesThePayloadNobodyTakes)
 {
-    int alive = 0;
+    const auto shared = std::make_shared<int>();
+    const auto message = [&](unsigned number) {
+        return Message{.number = number, .payload = Payload::of(std::shared_ptr(shared))};
+    };
     MessageQueue queue;
-    queue.post({.number = 1, .payload = Payload::of(Counted(alive))});
-    EXPECT_EQ(alive, 1);
+    queue.post(message(1));
+    EXPECT_EQ(shared.use_count(), 2);
     takeAll(queue);
-    EXPECT_EQ(alive, 0) << "handled without a look at it";
+    EXPECT_EQ(shared.use_count(), 1) << "handled without a look at it";
 
-    queue.post({.number = 2, .payload = Payload::of(Counted(alive))});
+    queue.post(message(2));
     queue.close();
-    EXPECT_EQ(alive, 0) << "waiting when the queue closed";
+    EXPECT_EQ(shared.use_count(), 1) << "waiting when the queue closed";
 
-    queue.post({.number = 3, .payload = Payload::of(Counted(alive))});
-    queue.postFromSlice({.number = 4, .payload = Payload::of(Counted(alive))});
-    EXPECT_EQ(alive, 0) << "posted to a closed queue";
+    queue.post(message(3));
+    queue.postFromSlice(message(4));
+    EXPECT_EQ(shared.use_count(), 1) << "posted to a closed queue";
 
     queue.open();
-    {
-        MessageQueue shortLived;
-        shortLived.post({.number = 5, .payload = Payload::of(Counted(alive))});
-    }
-    EXPECT_EQ(alive, 0) << "waiting when the queue went";
+    MessageQueue().post(message(5));
+    EXPECT_EQ(shared.use_count(), 1) << "waiting when the queue went";
 
     queue.post({.number = 6});
     EXPECT_EQ(takeAll(queue), std::vector{6u});

@@ -6,10 +6,7 @@
 #include <thread>
 #include <vector>
 
-namespace
-{
-constexpr unsigned STOP = 99;
-}
+static constexpr unsigned STOP = 99;
 
 TEST(Worker, HandlesWhatWaitedBeforeItRanAndBeforeItStops)
 {
@@ -35,7 +32,7 @@ TEST(Worker, EverySenderGetsItsOwnAnswer)
     std::atomic<int> done{0};
     Worker worker("worker", STOP, [&](Message&) { ++done; });
     worker.start();
-    std::vector<std::thread> senders;
+    std::vector<std::jthread> senders;
     for (int i = 0; i < 4; ++i)
         senders.emplace_back([&] {
             for (int round = 0; round < 500; ++round) {
@@ -44,7 +41,7 @@ TEST(Worker, EverySenderGetsItsOwnAnswer)
                 EXPECT_GT(done.load(), before);
             }
         });
-    for (auto& sender : senders) sender.join();
+    senders.clear();
     worker.stop();
     EXPECT_EQ(done.load(), 2000);
 

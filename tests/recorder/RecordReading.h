@@ -17,22 +17,20 @@ inline std::string readRecord(const std::string& file)
     for (int i = 0; i < 4; ++i) length = length << 8 | byte();
     if (length != file.size() - at || !file.ends_with(std::string("\0\xB0\x78\0\0\xFF\x2F\0", 8))) return WRONG;
     std::string text;
-    const std::size_t end = file.size() - 8;
-    while (at < end) {
+    while (at < file.size() - 8) {
         unsigned ticks = 0;
         std::uint8_t next = 0;
         do ticks = ticks << 7 | ((next = byte()) & 0x7F);
         while (next >= 0x80);
-        text += (text.empty() ? "" : " ") + std::to_string(ticks) + ":";
         const std::uint8_t status = byte();
-        std::size_t size = status == 0xF7 ? 1u + byte() : (status & 0xE0) == 0xC0 ? 2 : 3;
-        char digits[8];
-        std::snprintf(digits, sizeof digits, "%02X", status);
-        for (text += digits; size > 1; --size) {
+        char digits[16];
+        std::snprintf(digits, sizeof digits, "%u:%02X", ticks, status);
+        text += (text.empty() ? "" : " ") + std::string(digits);
+        for (int size = status == 0xF7 ? byte() : (status & 0xE0) == 0xC0 ? 1 : 2; size > 0; --size) {
             std::snprintf(digits, sizeof digits, ".%02X", byte());
             text += digits;
         }
-        if (status < 0x80 || status == 0xF0 || status == 0xFF || at > end) return WRONG;
+        if (status < 0x80 || status == 0xF0 || status == 0xFF || at > file.size() - 8) return WRONG;
     }
     return text;
 }

@@ -1,18 +1,15 @@
 #include "backend/recorder/RetroRecordBuffer.h"
 
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <algorithm>
-#include <csignal>
-#include <memory>
-#include <vector>
 
 #include "backend/recorder/RecordedEvents.h"
 #include "tests/recorder/RecordReading.h"
 #include "tests/stage/FileFault.h"
+#include "tests/stage/FullDisk.h"
 #include "tests/stage/TemporaryFolder.h"
 
 using namespace Backend::RetroRecord;
@@ -22,11 +19,9 @@ namespace fs = std::filesystem;
 
 namespace
 {
-constexpr int FILE_SIZE = 10000;
-
 /// A record of one output with a clock of its own, chains in "chain", saved files in "takes".
 struct Recorder {
-    Recorder(const TemporaryFolder& temporaryFolder, Restore restore, int fileSize = FILE_SIZE)
+    Recorder(const TemporaryFolder& temporaryFolder, Restore restore, int fileSize = 10000)
         : folder(temporaryFolder), buffer(folder / "chain", "Out", restore, fileSize)
     {
         fs::create_directories(folder / "takes");
@@ -40,39 +35,33 @@ struct Recorder {
     {
         return buffer.save((folder / "takes/t").string(), [this] { return now; });
     }
-    /// What is saved, as `readRecord` tells it, and "" for no file.
+    /// What is saved, as `readRecord` reads it, and "" for no file.
     std::string saved()
     {
         const SavedRecord record = save();
         EXPECT_FALSE(record.error) << record.error.message();
-        return record.file.empty() ? "" : readRecord(folder.read("takes/" + fs::path(record.file).filename().string()));
+        return record.file.empty() ? "" : take(fs::path(record.file).filename());
     }
+    std::string take(const std::string& name) const { return readRecord(folder.read("takes/" + name)); }
 
     const TemporaryFolder& folder;
     std::uint32_t now = 1000;
     RetroRecordBuffer buffer;
 };
 
-/// The files of a size each that a folder holds.
 std::uintmax_t bytesIn(const fs::path& folder)
 {
     std::uintmax_t bytes = 0;
     for (const auto& entry : fs::directory_iterator(folder)) bytes += entry.file_size();
     return bytes;
 }
+
+struct Record : testing::Test {
+    const TemporaryFolder folder;
+};
 }  // namespace
 
-TEST(Record, ASavedFileIsAPlainMidiFileToTheLastByte)
-{
-    const TemporaryFolder folder;
-    Recorder recorder(folder, Restore::no);
-    recorder.note(60, 640);
-    EXPECT_EQ(recorder.save(), (SavedRecord{(folder / "takes/t_Out.mid").string(), {}}));
-    EXPECT_EQ(folder.read("takes/t_Out.mid"),
-              std::string("MThd\0\0\0\6\0\0\0\1\0\x60MTrk\0\0\0\x0D\x81\0\x90\x3C\x64\0\xB0\x78\0\0\xFF\x2F\0", 35));
-}
-
-TEST(Record, CountsTimeInFiveMillisecondsAndCutsSilence)
+TEST_F(Record, CountsTimeInFiveMillisecondsAndCutsSilence)
 {
     const struct {
         std::uint32_t start, time;
@@ -82,58 +71,36 @@ TEST(Record, CountsTimeInFiveMillisecondsAndCutsSilence)
                 {1000, 2147484649, "0"}, {0xFFFFFFFE, 8, "2"}, {0x7FFFFFFF, 0x80000009, "2"},
                 {1000, 995, "0"}};
     for (const auto& row : ROWS) {
-        const TemporaryFolder folder;
-        Recorder recorder(folder, Restore::no);
+        const TemporaryFolder fresh;
+        Recorder recorder(fresh, Restore::no);
         recorder.buffer.start(row.start);
         recorder.buffer.addEvent(MidiMessage(MessageType::startSong), row.time);
         EXPECT_EQ(recorder.saved(), row.ticks + ":F7.FA") << row.start << " to " << row.time;
     }
-    const TemporaryFolder folder;
     Recorder recorder(folder, Restore::no);
     for (const std::uint32_t time : {2000u, 1990u, 2000u})
         recorder.buffer.addEvent(MidiMessage(MessageType::startSong), time);
     EXPECT_EQ(recorder.saved(), "200:F7.FA 1400:F7.FA 2:F7.FA") << "a clock that goes back costs seven seconds, once";
 }
 
-TEST(Record, HoldsEveryMessageThatAMidiFileCan)
+TEST_F(Record, HoldsEveryMessageThatAMidiFileCan)
 {
-    const struct {
-        MidiMessage message;
-        std::string event;
-    } ROWS[] = {{MidiMessage(MessageType::noteOff, 60, 1, 15), "8F.3C.01"},
-                {MidiMessage(MessageType::noteOn, 127, 0), "90.7F.00"},
-                {MidiMessage(MessageType::keyPressure, 60, 1, 2), "A2.3C.01"},
-                {MidiMessage(MessageType::controllerChange, 7, 127, 9), "B9.07.7F"},
-                {MidiMessage(MessageType::programChange, 5, 200, 9), "C9.05"},
-                {MidiMessage(MessageType::channelPressure, 5, 0, 1), "D1.05"},
-                {MidiMessage(MessageType::pitchBend, 1, 64, 3), "E3.01.40"},
-                {MidiMessage(MessageType::systemExclusive, 1, 2, 3), "F7.F0.01.02"},
-                {MidiMessage(MessageType::songPosition, 1, 2, 3), "F7.F2.01.02"},
-                {MidiMessage(MessageType::songSelect, 1), "F7.F3.01"},
-                {MidiMessage(MessageType::unofficialBusSelect, 1), "F7.F5.01"},
-                {MidiMessage(MessageType::tuneRequest), "F7.F6"},
-                {MidiMessage(MessageType::endOfSysex), "F7.F7"},
-                {MidiMessage(MessageType::timingTick), "F7.F8"},
-                {MidiMessage(static_cast<MessageType>(0xF4)), "F7.F4"},
-                {MidiMessage(MessageType::systemReset), ""},
-                {MidiMessage(), ""},
-                {MidiMessage(static_cast<MessageType>(0x70), 1, 1), ""},
-                {MidiMessage(MessageType::noteOn, 128, 1), ""},
-                {MidiMessage(MessageType::noteOn, 1, 128), ""},
-                {MidiMessage(MessageType::songSelect, 255), ""}};
-    const TemporaryFolder folder;
     Recorder recorder(folder, Restore::no);
     std::string all;
-    for (const auto& [message, event] : ROWS) {
-        recorder.play(message);
-        if (!event.empty()) all += (all.empty() ? "0:" : " 0:") + event;
+    for (const std::string event : {"8F.3C.01", "90.7F.00", "A2.3C.01", "B9.07.7F", "C9.05", "D1.05", "E3.01.40",
+                                    "F7.F0.01.02", "F7.F2.01.02", "F7.F3.01", "F7.F4", "F7.F5.01", "F7.F7", "F7.F8"}) {
+        unsigned status = 0, d1 = 99, d2 = 99;  // data that the message does not have
+        std::sscanf(event.c_str() + (event.starts_with("F7.") ? 3 : 0), "%x.%x.%x", &status, &d1, &d2);
+        recorder.play(MidiMessage(MessageType{status}, static_cast<int>(d1), static_cast<int>(d2), status & 15));
+        all += (all.empty() ? "0:" : " 0:") + event;
     }
+    const int NONE[][3] = {{0xFF, 0, 0}, {0, 0, 0}, {0x70, 1, 1}, {0x90, 128, 1}, {0x90, 1, 128}, {0xF3, 255, 0}};
+    for (const auto& [status, d1, d2] : NONE) recorder.play(MidiMessage(static_cast<MessageType>(status), d1, d2));
     EXPECT_EQ(recorder.saved(), all);
 }
 
-TEST(Record, SavingEmptiesItAndNeverReplacesATake)
+TEST_F(Record, SavingEmptiesItAndNeverReplacesATake)
 {
-    const TemporaryFolder folder;
     Recorder recorder(folder, Restore::no);
     EXPECT_EQ(recorder.saved(), "") << "nothing was played";
     recorder.play(MidiMessage(MessageType::controllerChange, 120, 0, 5));
@@ -145,16 +112,15 @@ TEST(Record, SavingEmptiesItAndNeverReplacesATake)
         recorder.buffer.start(recorder.now);
     }
     EXPECT_EQ(folder.contents("takes"), "t_Out.mid t_Out_0.mid t_Out_1.mid");
-    EXPECT_EQ(readRecord(folder.read("takes/t_Out_1.mid")), "10:90.40.64");
+    EXPECT_EQ(recorder.take("t_Out_1.mid"), "10:90.40.64");
     for (int number = 0; number <= 500; ++number) folder.write("takes/t_Out_" + std::to_string(number) + ".mid", "");
     recorder.note(1);
     recorder.saved();
-    EXPECT_EQ(readRecord(folder.read("takes/t_Out_500.mid")), "0:90.01.64") << "the last name there is";
+    EXPECT_EQ(recorder.take("t_Out_500.mid"), "0:90.01.64") << "the last name there is";
 }
 
-TEST(Record, RollsOverAndDropsTheOldest)
+TEST_F(Record, RollsOverAndDropsTheOldest)
 {
-    const TemporaryFolder folder;
     constexpr int SMALL = 100;
     Recorder recorder(folder, Restore::no, SMALL);
     constexpr int EVENTS_PER_FILE = (SMALL - LONGEST_EVENT) / 4 + 1;
@@ -174,24 +140,8 @@ TEST(Record, RollsOverAndDropsTheOldest)
     EXPECT_LE(bytesIn(folder / "chain"), 10u * 40);
 }
 
-TEST(Record, AnHourOfDensePlayingTakesNoMoreThanItsBuffer)
+TEST_F(Record, OfAnEarlierRunGoesOn)
 {
-    const TemporaryFolder folder;
-    Recorder recorder(folder, Restore::no);
-    std::uintmax_t most = 0;
-    for (int second = 0; second < 3600; ++second) {
-        for (int event = 0; event < 200; ++event) recorder.note(event % 128, 5);
-        recorder.buffer.flush();
-        if (second % 60 == 0) most = std::max(most, bytesIn(folder / "chain"));
-    }
-    EXPECT_LE(most, 10u * FILE_SIZE);
-    EXPECT_GE(most, 9u * FILE_SIZE);
-    EXPECT_GE(std::ranges::count(recorder.saved(), ':'), 9 * FILE_SIZE / 4);
-}
-
-TEST(Record, OfAnEarlierRunGoesOn)
-{
-    const TemporaryFolder folder;
     {
         Recorder recorder(folder, Restore::yes, 100);
         for (int note = 0; note < 40; ++note) recorder.note(note);
@@ -210,14 +160,13 @@ TEST(Record, OfAnEarlierRunGoesOn)
     EXPECT_EQ(folder.read("chain/1_Outer.tmp"), "another's");
 }
 
-TEST(Record, OfAnyOutputOutlivesARestart)
+TEST_F(Record, OfAnyOutputOutlivesARestart)
 {
-    const TemporaryFolder folder;
     const std::string names[] = {"Out", "~", "~7", "~~7"};
     const auto forEach = [&](const auto& visit) {
         RecordChain::removeOrphans(folder / "chain");
         for (const std::string& name : names) {
-            RetroRecordBuffer buffer(folder / "chain", name, Restore::yes, FILE_SIZE);
+            RetroRecordBuffer buffer(folder / "chain", name, Restore::yes, 10000);
             buffer.start(0);
             visit(buffer);
         }
@@ -228,9 +177,8 @@ TEST(Record, OfAnyOutputOutlivesARestart)
     });
 }
 
-TEST(Record, ThatIsNotForALaterRunGoesWithItsOwner)
+TEST_F(Record, ThatIsNotForALaterRunGoesWithItsOwner)
 {
-    const TemporaryFolder folder;
     folder.write("chain/3_~123.tmp", "of a run that was killed");
     folder.write("chain/~123.lock", "");
     {
@@ -243,7 +191,7 @@ TEST(Record, ThatIsNotForALaterRunGoesWithItsOwner)
     EXPECT_EQ(folder.contents("chain"), "");
 }
 
-TEST(Record, WhatIsDamagedIsLeftOutAndTheRestKept)
+TEST_F(Record, WhatIsDamagedIsLeftOutAndTheRestKept)
 {
     const std::string good("\0\x90\x3C\x64", 4);
     const struct {
@@ -261,25 +209,24 @@ TEST(Record, WhatIsDamagedIsLeftOutAndTheRestKept)
                 {std::string(5000, '\0'), ""},
                 {std::string("\x8A\x78\xF7\2\xF3\1", 6), "1400:F7.F3.01 "}};
     for (const auto& row : ROWS) {
-        const TemporaryFolder folder;
-        folder.write("chain/1_Out.tmp", row.damaged);
-        folder.write("chain/0_Out.tmp", row.damaged);
-        Recorder recorder(folder, Restore::yes);
+        const TemporaryFolder fresh;
+        fresh.write("chain/1_Out.tmp", row.damaged);
+        fresh.write("chain/0_Out.tmp", row.damaged);
+        Recorder recorder(fresh, Restore::yes);
         recorder.note(1);
         EXPECT_EQ(recorder.saved(), row.kept + row.kept + "0:90.01.64") << testing::PrintToString(row.damaged);
     }
-    const TemporaryFolder folder;
     fs::create_directories(folder / "chain/0_Out.tmp");
     Recorder recorder(folder, Restore::yes);
     recorder.note(1);
     EXPECT_TRUE(recorder.save().error) << "a folder in its place";
 }
 
-TEST(Record, ASaveThatMeetsAFullDiskLosesNothing)
+TEST_F(Record, ASaveThatMeetsAFullDiskLosesNothing)
 {
     for (int call = 0;; ++call) {
-        const TemporaryFolder folder;
-        Recorder recorder(folder, Restore::yes);
+        const TemporaryFolder fresh;
+        Recorder recorder(fresh, Restore::yes);
         recorder.note(60);
         SavedRecord saved;
         bool happened = false;
@@ -288,14 +235,13 @@ TEST(Record, ASaveThatMeetsAFullDiskLosesNothing)
             saved = recorder.save();
             happened = fault.hasHappened();
         }
-        EXPECT_EQ(folder.contents("takes"), saved.error ? "" : "t_Out.mid") << "call " << call;
+        EXPECT_EQ(fresh.contents("takes"), saved.error ? "" : "t_Out.mid") << "call " << call;
         recorder.note(62);
         const std::string again = recorder.saved();
         EXPECT_EQ(again, saved.error ? "0:90.3C.64 0:90.3E.64" : "0:90.3E.64") << "call " << call;
         if (!happened) break;
         ASSERT_LT(call, 50);
     }
-    const TemporaryFolder folder;
     Recorder recorder(folder, Restore::no);
     recorder.note(60);
     const auto now = [] { return 0u; };
@@ -303,13 +249,13 @@ TEST(Record, ASaveThatMeetsAFullDiskLosesNothing)
     EXPECT_EQ(recorder.saved(), "0:90.3C.64");
 }
 
-TEST(Record, IsInATakeOrStillThereWhereverTheProcessIsKilled)
+TEST_F(Record, IsInATakeOrStillThereWhereverTheProcessIsKilled)
 {
     for (int call = 0;; ++call) {
-        const TemporaryFolder folder;
+        const TemporaryFolder fresh;
         const pid_t child = ::fork();
         if (child == 0) {
-            Recorder recorder(folder, Restore::yes);
+            Recorder recorder(fresh, Restore::yes);
             recorder.note(60);
             const FileFault fault(FileFault::Kind::death, call);
             recorder.save();
@@ -318,32 +264,27 @@ TEST(Record, IsInATakeOrStillThereWhereverTheProcessIsKilled)
         int status = 0;
         ASSERT_EQ(::waitpid(child, &status, 0), child);
         if (WIFEXITED(status)) break;
-        Recorder recorder(folder, Restore::yes);
+        Recorder recorder(fresh, Restore::yes);
         recorder.note(62);
         const std::string later = recorder.saved();
-        const bool isInTake = readRecord(folder.read("takes/t_Out.mid")) == "0:90.3C.64";
-        EXPECT_TRUE(isInTake || later == "0:90.3C.64 0:90.3E.64") << "killed in call " << call << ": " << later;
+        EXPECT_TRUE(recorder.take("t_Out.mid") == "0:90.3C.64" || later == "0:90.3C.64 0:90.3E.64")
+            << "killed in call " << call << ": " << later;
     }
 }
 
-TEST(Record, GoesOnWhenAFullDiskHasRoomAgain)
+TEST_F(Record, GoesOnWhenAFullDiskHasRoomAgain)
 {
-    const TemporaryFolder folder;
     Recorder recorder(folder, Restore::no);
     recorder.note(60);
     recorder.buffer.flush();
-    ::signal(SIGXFSZ, SIG_IGN);
-    rlimit old{};
-    ::getrlimit(RLIMIT_FSIZE, &old);
-    rlimit small = old;
-    small.rlim_cur = 7;  // the first event and most of the second
-    ::setrlimit(RLIMIT_FSIZE, &small);
-    for (int note = 0; note < 100; ++note) {
-        recorder.note(note, 10);
-        recorder.buffer.flush();
+    {
+        const FullDisk full(7);  // the first event and most of the second
+        for (int note = 0; note < 100; ++note) {
+            recorder.note(note, 10);
+            recorder.buffer.flush();
+        }
+        EXPECT_TRUE(recorder.save().error);
     }
-    EXPECT_TRUE(recorder.save().error);
-    ::setrlimit(RLIMIT_FSIZE, &old);
     recorder.note(61, 100);
     recorder.buffer.flush();
     recorder.note(62, 10000);
@@ -351,9 +292,8 @@ TEST(Record, GoesOnWhenAFullDiskHasRoomAgain)
         << "but for the event that met the full disk, and its ten milliseconds";
 }
 
-TEST(Record, OutlivesItsFolder)
+TEST_F(Record, OutlivesItsFolder)
 {
-    const TemporaryFolder folder;
     Recorder recorder(folder, Restore::no, 100);
     recorder.note(60);
     fs::remove_all(folder / "chain");

@@ -16,6 +16,8 @@ using namespace Backend::RetroRecord;
 
 namespace
 {
+using Takes = std::map<std::string, std::string>;
+
 /// A stage whose record is saved into its folder, under the stem "t".
 struct RecordStage : Stage {
     std::shared_ptr<MessageQueue> window = std::make_shared<MessageQueue>();
@@ -26,19 +28,22 @@ struct RecordStage : Stage {
         play(noteOn(number).output(output).channel(0));
         playSlices();
     }
-    /// The saved files as `readRecord` tells them, by name, which are gone behind that.
-    std::map<std::string, std::string> saved()
+    /// The saved files as `readRecord` reads them, by name, which are gone behind that.
+    Takes saved()
     {
         SaveReport report;
         orv->saveRetroRecord((folders / "t").string(), [&](const SaveReport& result) { report = result; });
         rest();
-        std::map<std::string, std::string> takes;
-        for (const auto& [file, error] : report) {
-            if (file.empty()) continue;
-            const std::string name = std::filesystem::path(file).filename();
-            takes[name] = readRecord(folders.read(name));
+        EXPECT_FALSE(report.empty());
+        Takes takes;
+        for (const auto& entry : std::filesystem::directory_iterator(folders / ""))
+            if (entry.path().extension() == ".mid") takes[entry.path().filename()] = "";
+        for (auto& [name, text] : takes) {
+            text = readRecord(folders.read(name));
             std::filesystem::remove(folders / name);
         }
+        for (const auto& [file, error] : report)
+            EXPECT_TRUE(file.empty() || takes.contains(std::filesystem::path(file).filename())) << file;
         return takes;
     }
     /// The fills that the window received since the last call: "0 1 ".
@@ -52,8 +57,6 @@ struct RecordStage : Stage {
         return received;
     }
 };
-
-using Takes = std::map<std::string, std::string>;
 }  // namespace
 
 TEST(RetroRecord, KeepsWhatIsPlayedForEachOutputAndNotifiesTheWindow)
@@ -150,7 +153,6 @@ TEST(RetroRecord, NamesFilesSoThatTheyCanBeWritten)
 TEST(RetroRecord, LosesNothingThatIsPlayedWhileItIsSaved)
 {
     RecordStage stage;
-    std::string all;
     for (int round = 0; round < 20; ++round) {
         stage.orv->saveRetroRecord((stage.folders / "t").string());
         for (int note = 0; note < 100; ++note)
@@ -159,14 +161,8 @@ TEST(RetroRecord, LosesNothingThatIsPlayedWhileItIsSaved)
     }
     stage.rest();
     stage.playSlices();
-    stage.orv->saveRetroRecord((stage.folders / "t").string());
-    stage.rest();
-    std::size_t events = 0;
-    for (const auto& entry : std::filesystem::directory_iterator(stage.folders / ""))
-        if (entry.path().extension() == ".mid") {
-            const std::string text = readRecord(stage.folders.read(entry.path().filename()));
-            events += static_cast<std::size_t>(std::ranges::count(text, ':'));
-        }
-    EXPECT_EQ(events, stage.player.events.size());
-    EXPECT_EQ(events, 2000u);
+    std::ptrdiff_t events = 0;
+    for (const auto& [name, text] : stage.saved()) events += std::ranges::count(text, ':');
+    EXPECT_EQ(events, 2000);
+    EXPECT_EQ(stage.player.events.size(), 2000u);
 }
