@@ -8,145 +8,137 @@
 #include <thread>
 #include <utility>
 
+#include "tests/host/HostTesting.h"
+
 namespace Host
 {
 namespace
 {
+using Testing::off;
+using Testing::on;
+using Messages = std::vector<ShortMessage>;
+
 /// Devices that the test plugs in and unplugs, with the messages that each received.
-struct Bench {
-    std::vector<MidiDevice> sources;
-    std::vector<MidiDevice> sinks;
+struct FakeDevices final : MidiDevices {
+    std::vector<MidiDevice> devices;
     bool changed = false;
-    std::map<std::string, MidiDevices::Arrived> openSources;  // by the device's name, while it is open
-    std::map<std::string, std::vector<ShortMessage>> received;
+    std::map<std::string, Arrived> openSources;  // by the device's name, while it is open
+    std::map<std::string, Messages> received;
     std::atomic<std::size_t> sent{0};
 
-    void plug(const MidiDevice& device)
-    {
-        sources.push_back(device);
-        sinks.push_back(device);
-        changed = true;
-    }
-    void unplug(const std::string& name)
-    {
-        const auto isIt = [&](const MidiDevice& device) { return device.name == name; };
-        std::erase_if(sources, isIt);
-        std::erase_if(sinks, isIt);
-        changed = true;
-    }
-};
+    struct Source final : MidiSource {
+        Source(FakeDevices& fakeDevices, std::string ofName) : devices(fakeDevices), name(std::move(ofName)) {}
+        ~Source() override { devices.openSources.erase(name); }
+        FakeDevices& devices;
+        std::string name;
+    };
+    struct Sink final : MidiSink {
+        Sink(FakeDevices& fakeDevices, const std::string& ofName)
+            : devices(fakeDevices), received(fakeDevices.received[ofName])
+        {
+        }
+        void send(const ShortMessage& message) override
+        {
+            received.push_back(message);
+            devices.sent.fetch_add(1);
+        }
+        FakeDevices& devices;
+        Messages& received;
+    };
 
-struct FakeSource final : MidiSource {
-    FakeSource(Bench& onBench, std::string ofName) : bench(onBench), name(std::move(ofName)) {}
-    ~FakeSource() override { bench.openSources.erase(name); }
-    Bench& bench;
-    std::string name;
-};
-
-struct FakeSink final : MidiSink {
-    FakeSink(Bench& onBench, const std::string& name) : bench(onBench), received(bench.received[name]) {}
-    void send(const ShortMessage& message) override
-    {
-        received.push_back(message);
-        bench.sent.fetch_add(1);
-    }
-    Bench& bench;
-    std::vector<ShortMessage>& received;
-};
-
-struct FakeDevices final : MidiDevices {
-    explicit FakeDevices(Bench& onBench) : bench(onBench) {}
     bool isAvailable() const override { return true; }
-    bool haveChanged() override { return std::exchange(bench.changed, false); }
-    std::vector<MidiDevice> findSources() override { return bench.sources; }
-    std::vector<MidiDevice> findSinks() override { return bench.sinks; }
+    bool haveChanged() override { return std::exchange(changed, false); }
+    std::vector<MidiDevice> findSources() override { return devices; }
+    std::vector<MidiDevice> findSinks() override { return devices; }
     std::unique_ptr<MidiSource> openSource(const MidiDevice& device, Arrived arrived) override
     {
-        bench.openSources[device.name] = std::move(arrived);
-        return std::make_unique<FakeSource>(bench, device.name);
+        openSources[device.name] = std::move(arrived);
+        return std::make_unique<Source>(*this, device.name);
     }
     std::unique_ptr<MidiSink> openSink(const MidiDevice& device) override
     {
-        return std::make_unique<FakeSink>(bench, device.name);
+        return std::make_unique<Sink>(*this, device.name);
     }
-    Bench& bench;
 };
 
-const ShortMessage ON{{0x90, 60, 100}, 3};
-const ShortMessage OFF{{0x80, 60, 64}, 3};  // with the release velocity of `noteOff`
-
+/// A system with a piano.
 struct Rig {
-    Bench bench;
     Ports ports;
+    FakeDevices& devices = *new FakeDevices;
     std::unique_ptr<AlsaSystem> system;
 
-    explicit Rig(const MidiDevice& device)
+    Rig()
     {
-        bench.plug(device);
-        system = std::make_unique<AlsaSystem>(std::make_unique<FakeDevices>(bench), ports);
+        devices.devices.push_back({"24:0", "Piano"});
+        system = std::make_unique<AlsaSystem>(std::unique_ptr<MidiDevices>(&devices), ports);
     }
-    OutputPort& output(const std::string& name)
+    /// Whether that changed the ports.
+    bool plug(const MidiDevice& device)
     {
-        return **std::ranges::find(ports.outputs(), name, [](const auto& port) { return port->name; });
+        devices.devices.push_back(device);
+        devices.changed = true;
+        return system->refresh();
     }
+    bool unplug(const std::string& name)
+    {
+        std::erase_if(devices.devices, [&](const MidiDevice& device) { return device.name == name; });
+        devices.changed = true;
+        return system->refresh();
+    }
+    bool isOpen(const std::string& name) const { return devices.openSources.contains(name); }
+    OutputPort& piano() { return *ports.outputs()[2]; }
     /// Plays and waits until the sender has sent it.
-    void play(const std::string& name, const ShortMessage& message)
+    void play(const ShortMessage& message)
     {
-        const std::size_t before = bench.sent;
-        output(name).play(message, 0);
+        const std::size_t before = devices.sent;
+        piano().play(message, 0);
         system->deliver();
-        while (bench.sent == before) std::this_thread::yield();
+        while (devices.sent == before) std::this_thread::yield();
     }
 };
 }  // namespace
 
 TEST(AlsaSystem, UpdatesThePortsToDevicesThatArePluggedInAndUnplugged)
 {
-    Rig rig({"24:0", "Piano"});
+    Rig rig;
+    EXPECT_EQ(rig.piano().name, "Piano");
     EXPECT_FALSE(rig.system->refresh());
-    rig.bench.plug({"28:0", "Organ"});
-    EXPECT_TRUE(rig.system->refresh());
-    EXPECT_TRUE(rig.bench.openSources.contains("Organ"));
-    rig.bench.unplug("Piano");
-    EXPECT_TRUE(rig.system->refresh());
-    EXPECT_FALSE(rig.bench.openSources.contains("Piano"));
-    EXPECT_FALSE(rig.output("Piano").found);
+    EXPECT_TRUE(rig.plug({"28:0", "Organ"}));
+    EXPECT_TRUE(rig.isOpen("Organ"));
+    EXPECT_TRUE(rig.unplug("Piano"));
+    EXPECT_FALSE(rig.isOpen("Piano"));
+    EXPECT_FALSE(rig.piano().found);
     EXPECT_EQ(rig.ports.inputs().size(), 3u);
 
     std::vector<int> inputs;
     rig.system->listen([&](const auto& event) { inputs.push_back(event.getInput()); });
-    rig.bench.plug({"32:0", "Piano"});
-    rig.system->refresh();
-    rig.bench.openSources["Piano"](ON);
-    rig.bench.openSources["Organ"](ON);
+    rig.plug({"32:0", "Piano"});
+    rig.devices.openSources["Piano"](on(60));
+    rig.devices.openSources["Organ"](on(60));
     EXPECT_EQ(inputs, (std::vector<int>{1, 2})) << "each with its old number";
 }
 
 TEST(AlsaSystem, SendsTheMissingNoteOffsToADeviceThatIsPluggedInAgain)
 {
-    Rig rig({"24:0", "Piano"});
-    rig.play("Piano", ON);
-    rig.bench.unplug("Piano");
-    rig.system->refresh();
-    rig.output("Piano").play({{0x90, 62, 100}, 3}, 0);  // while there is no device
-    rig.bench.plug({"24:0", "Piano"});
-    rig.system->refresh();
-    EXPECT_EQ(rig.bench.received["Piano"], (std::vector<ShortMessage>{ON, OFF}));
-    rig.play("Piano", ON);
+    Rig rig;
+    rig.play(on(60));
+    rig.unplug("Piano");
+    rig.piano().play(on(62), 0);  // while there is no device
+    rig.plug({"24:0", "Piano"});
+    EXPECT_EQ(rig.devices.received["Piano"], (Messages{on(60), off(60)}));
+    rig.play(on(60));
     rig.system->close();
-    EXPECT_EQ(rig.bench.received["Piano"], (std::vector<ShortMessage>{ON, OFF, ON, OFF}));
+    EXPECT_EQ(rig.devices.received["Piano"], (Messages{on(60), off(60), on(60), off(60)}));
 }
 
 TEST(AlsaSystem, ADisabledDeviceStaysClosedWhenItIsPluggedInAgain)
 {
-    Rig rig({"24:0", "Piano"});
+    Rig rig;
     rig.system->enableInput(1, false);
-    rig.bench.unplug("Piano");
-    rig.system->refresh();
-    rig.bench.plug({"24:0", "Piano"});
-    rig.system->refresh();
-    EXPECT_FALSE(rig.bench.openSources.contains("Piano"));
+    rig.unplug("Piano");
+    rig.plug({"24:0", "Piano"});
+    EXPECT_FALSE(rig.isOpen("Piano"));
     rig.system->enableInput(1, true);
-    EXPECT_TRUE(rig.bench.openSources.contains("Piano"));
+    EXPECT_TRUE(rig.isOpen("Piano"));
 }
 }  // namespace Host

@@ -2,29 +2,31 @@
 
 #include <algorithm>
 #include <cmath>
-#include <string>
-#include <utility>
-#include <vector>
+#include <map>
+#include <optional>
 
 #include "host/clock/Clock.h"
 #include "host/clock/ClockPorts.h"
 #include "host/midi/StatusByte.h"
+#include "tests/host/HostTesting.h"
 #include "tests/stage/Allocations.h"
+#include "tests/stage/TestEvent.h"
 
 namespace Host
 {
-using Backend::MidiEngine::MessageType;
-using Backend::MidiEngine::OrvMidiMessage;
-
 namespace
 {
 constexpr std::uint32_t RATE = 48000;
 constexpr std::uint32_t PERIOD = 256;
 constexpr std::uint32_t ALMOST_WRAPPED = 0xFFFF0000;
-constexpr int FRAMES_PER_TICK = 1000;  // at 120 beats per minute
+
+const ShortMessage TICK{{StatusByte::TICK}, 1};
+const ShortMessage START{{StatusByte::START}, 1};
+const ShortMessage CONTINUE{{StatusByte::CONTINUE}, 1};
+const ShortMessage STOP{{StatusByte::STOP}, 1};
 
 struct Sent {
-    std::string bytes;
+    ShortMessage message;
     std::uint32_t frame;
 };
 
@@ -51,90 +53,81 @@ struct Graph {
     {
         player.setClockIn(links.in);
         player.setClockOut(links.out);
-        if (links.out >= 0) clock.setClockOut(&out);
+        clock.setClockOut(&out);
         out.open();
         clock.startInGraph(RATE);
     }
 
     /// Plays for that long, while the messages arrive at their frames.
-    void play(double seconds, std::vector<Sent> arriving = {}, const Transport* transport = nullptr)
+    void play(double seconds, const std::vector<Sent>& arriving = {})
     {
         const auto end = frame + static_cast<std::uint32_t>(seconds * RATE);
-        std::size_t next = 0;
-        for (; frame < end; frame += PERIOD) {
-            for (; next < arriving.size() && arriving[next].frame < frame + PERIOD; ++next) receive(arriving[next]);
-            Transport now;
-            if (transport != nullptr) {
-                now = *transport;
-                now.seconds += (frame - transportBegan) / double{RATE};
-                now.beats = now.seconds * now.bpm / 60;
-            }
-            clock.playPeriod(start + frame, PERIOD, transport != nullptr ? &now : nullptr);
+        for (auto next = arriving.begin(); frame < end; frame += PERIOD) {
+            for (; next != arriving.end() && next->frame < frame + PERIOD; ++next) receive(*next);
+            Transport now = transport.value_or(Transport());
+            now.seconds += (frame - transportBegan) / double{RATE};
+            now.beats = now.seconds * now.bpm / 60;
+            clock.playPeriod(start + frame, PERIOD, transport ? &now : nullptr);
             deliver();
         }
     }
 
-    void receive(const Sent& message)
+    /// The same with a clock at the input, whose ticks come behind a message.
+    void follow(double bpm, double seconds, std::vector<Sent> arriving = {})
     {
-        ShortMessage bytes{{}, static_cast<std::uint8_t>(message.bytes.size())};
-        std::ranges::transform(message.bytes, bytes.bytes.begin(),
-                               [](char byte) { return static_cast<std::uint8_t>(byte); });
-        clock.receiveInGraph(0, bytes, start + message.frame);
+        for (double at = 0; at < seconds * RATE; at += RATE * 60 / bpm / 24)
+            arriving.push_back({TICK, frame + static_cast<std::uint32_t>(at)});
+        play(seconds, arriving);
     }
+
+    void setTransport(const Transport& newTransport)
+    {
+        transport = newTransport;
+        transportBegan = frame;
+    }
+
+    void receive(const Sent& sentMessage) { clock.receiveInGraph(0, sentMessage.message, start + sentMessage.frame); }
 
     void deliver()
     {
         out.deliver(0, [&](const ShortMessage& message, std::uint32_t stamp) {
-            sent.push_back({std::string(message.bytes.begin(), message.bytes.begin() + message.size), stamp - start});
+            sent.push_back({message, stamp - start});
             return true;
         });
     }
 
-    /// The messages that were sent, with the number of ticks between them: "start 96 stop at 5 continue 12".
-    std::string song() const
+    /// The messages sent since the last call, with the number of ticks between them: "start 96 stop at 5 continue 12 ".
+    std::string song()
     {
+        static const std::map<int, std::string> NAMES{
+            {0xFA, "start "}, {0xFB, "continue "}, {0xFC, "stop "}, {0xF2, "at "}};
         std::string text;
         int ticks = 0;
-        for (const Sent& message : sent) {
-            const auto status = static_cast<std::uint8_t>(message.bytes[0]);
-            if (status == StatusByte::TICK) {
+        sent.push_back({{}, frame});  // behind the last ticks
+        for (const auto& [message, at] : std::exchange(sent, {})) {
+            if (message == TICK) {
                 ++ticks;
                 continue;
             }
             if (ticks > 0) text += std::to_string(std::exchange(ticks, 0)) + " ";
-            text += status == StatusByte::START      ? "start "
-                    : status == StatusByte::CONTINUE ? "continue "
-                    : status == StatusByte::STOP
-                        ? "stop "
-                        : "at " + std::to_string(message.bytes[1] + 128 * message.bytes[2]) + " ";
+            if (message.size > 0) text += NAMES.at(message.bytes[0]);
+            if (message.size > 1) text += std::to_string(message.bytes[1] + 128 * message.bytes[2]) + " ";
         }
-        if (ticks > 0) text += std::to_string(ticks) + " ";
-        return text.substr(0, text.size() - 1);
+        return text;
     }
 
     std::vector<std::uint32_t> tickFrames() const
     {
         std::vector<std::uint32_t> frames;
-        for (const Sent& message : sent)
-            if (static_cast<std::uint8_t>(message.bytes[0]) == StatusByte::TICK) frames.push_back(message.frame);
+        for (const auto& [message, at] : sent)
+            if (message == TICK) frames.push_back(at);
         return frames;
     }
 
+    std::optional<Transport> transport;
     std::uint32_t transportBegan = 0;
 };
 
-std::string byte(std::uint8_t value) { return std::string(1, static_cast<char>(value)); }
-
-/// Ticks at `bpm` from a frame on, with a first message at the frame of the first tick.
-std::vector<Sent> clockOf(double bpm, double seconds, std::uint32_t from, const std::string& first = {})
-{
-    std::vector<Sent> messages;
-    if (!first.empty()) messages.push_back({first, from});
-    const double step = RATE * 60 / bpm / 24;
-    for (double at = 0; at < seconds * RATE; at += step)
-        messages.push_back({byte(StatusByte::TICK), from + static_cast<std::uint32_t>(at)});
-    return messages;
-}
 }  // namespace
 
 TEST(ClockSender, SendsAStartThenTicksAtTheirFramesAndAStopAtTheEnd)
@@ -143,21 +136,21 @@ TEST(ClockSender, SendsAStartThenTicksAtTheirFramesAndAStopAtTheEnd)
     graph.play(2);
     graph.clock.stop();
     graph.deliver();
-    EXPECT_EQ(graph.song(), "start 96 stop");
     const auto frames = graph.tickFrames();
-    for (std::size_t tick = 0; tick < frames.size(); ++tick) ASSERT_EQ(frames[tick], FRAMES_PER_TICK * tick);
+    EXPECT_EQ(graph.song(), "start 96 stop ");
+    for (std::size_t tick = 0; tick < frames.size(); ++tick) ASSERT_EQ(frames[tick], 1000 * tick);
 }
 
 TEST(ClockSender, ATickComesBeforeTheNotesOfItsPulse)
 {
     Graph graph;
     graph.inSlice = [&] {
-        if (graph.pulses == 21) graph.player.playMidi({MessageType::noteOn, 60, 100, 0, 0, 0, -1, -1});
+        if (graph.pulses == 21) graph.player.playMidi(noteOn(60).output(0).channel(0));
     };
     graph.play(0.03);
     ASSERT_EQ(graph.sent.size(), 4u);
-    EXPECT_EQ(graph.sent[2].bytes, byte(StatusByte::TICK));
-    EXPECT_EQ(graph.sent[3].bytes[0], '\x90');
+    EXPECT_EQ(graph.sent[2].message, TICK);
+    EXPECT_EQ(graph.sent[3].message, Testing::on(60));
     EXPECT_EQ(graph.sent[2].frame, graph.sent[3].frame);
 }
 
@@ -168,7 +161,7 @@ TEST(ClockSender, LeavesRoomForNotesInAPortThatIsNotDelivered)
     clock.setPort(&port);
     port.open();
     for (int pulse = 0; pulse < 1'000'000; ++pulse) clock.passPulse(pulse, 0, 0);
-    for (int note = 0; note < 1000; ++note) port.play({{0x90, static_cast<std::uint8_t>(note % 128), 1}, 3}, 0);
+    for (int note = 0; note < 1000; ++note) port.play(Testing::on(note % 128), 0);
     EXPECT_EQ(port.lossCount(), 0u);
     int notes = 0;
     port.deliver(0, [&](const ShortMessage& message, std::uint32_t) { return notes += message.startsNote(), true; });
@@ -180,9 +173,9 @@ TEST(TempoController, FollowsTheInputOfTheProgramOrElseThatOfTheOption)
     for (const bool byProgram : {true, false}) {
         Graph graph({.in = byProgram ? -1 : 0, .out = 0});
         if (byProgram) graph.player.setTempoSource(0);
-        graph.play(8, clockOf(150, 8, 0));
+        graph.follow(150, 8);
         const std::int32_t before = graph.pulses;
-        graph.play(8, clockOf(150, 8, graph.frame));
+        graph.follow(150, 8);
         EXPECT_NEAR(graph.pulses - before, 8 * 1200, 3);
         EXPECT_EQ(graph.player.takeExternalTempo(), 150);
         graph.play(2);
@@ -193,7 +186,7 @@ TEST(TempoController, FollowsTheInputOfTheProgramOrElseThatOfTheOption)
         if (!byProgram) continue;
         graph.player.setTempoSource(-1);
         graph.play(1);
-        graph.play(2, clockOf(150, 2, graph.frame));
+        graph.follow(150, 2);
         EXPECT_NEAR(graph.pulses - before, 10 * 1200 + 5 * 480, 25) << "the input is not followed any more";
     }
 }
@@ -202,13 +195,13 @@ TEST(TempoController, AResetHasNoEffect)
 {
     Graph graph;
     graph.player.setTempoSource(0);
-    graph.play(4, clockOf(200, 4, 0));
+    graph.follow(200, 4);
     const std::int32_t before = graph.pulses;
     for (int round = 0; round < 20; ++round) {
         graph.player.setTempoSource(-1);
-        graph.play(0.03, clockOf(200, 0.03, graph.frame));
+        graph.follow(200, 0.03);
         graph.player.setTempoSource(0);
-        graph.play(0.24, clockOf(200, 0.24, graph.frame));
+        graph.follow(200, 0.24);
     }
     EXPECT_NEAR(graph.pulses - before, graph.frame / 48000.0 * 1600 - 6400, 40);
 }
@@ -216,34 +209,34 @@ TEST(TempoController, AResetHasNoEffect)
 TEST(TempoController, ForwardsTheExternalClockTickByTick)
 {
     Graph graph({.in = 0, .out = 0});
-    graph.play(2, clockOf(130, 1.99, 0));
+    graph.follow(130, 1.99);
     graph.sent.clear();
-    graph.play(4, clockOf(130, 4, graph.frame, byte(StatusByte::START)));
+    graph.follow(130, 4, {{START, graph.frame}});
     const auto beforeStop = graph.song();
-    EXPECT_TRUE(beforeStop.ends_with("start 208")) << beforeStop;
-    graph.sent.clear();
-    graph.play(0.3, {{byte(StatusByte::STOP), graph.frame}, {std::string("\xF2\x05\x01"), graph.frame}});
+    EXPECT_TRUE(beforeStop.ends_with("start 208 ")) << beforeStop;
+    graph.play(0.3, {{STOP, graph.frame}, {{{StatusByte::SONG_POSITION, 5, 1}, 3}, graph.frame}});
     const std::uint32_t began = graph.frame;
-    graph.play(10, clockOf(170, 10, began, byte(StatusByte::CONTINUE)));
-    const auto song = graph.song();
-    EXPECT_TRUE(song.starts_with("stop at 133 ")) << song;
-    EXPECT_TRUE(song.ends_with(" continue 680")) << song;
+    graph.follow(170, 10, {{CONTINUE, began}});
     const auto frames = graph.tickFrames();
     for (std::size_t tick = 0; tick < 24; ++tick) {
         const double masters = began + (679.0 - static_cast<double>(tick)) * RATE * 60 / 170 / 24;
         EXPECT_NEAR(frames[frames.size() - 1 - tick], masters, 48) << "a millisecond, tick " << tick;
     }
+    const auto song = graph.song();
+    EXPECT_TRUE(song.starts_with("stop at 133 ")) << song;
+    EXPECT_TRUE(song.ends_with(" continue 680 ")) << song;
 }
 
 TEST(TempoController, AForwardedStartIsNotSentASecondTimeByTheLayers)
 {
     Graph graph({.in = 0, .out = 0});
-    graph.player.playMidi({MessageType::startSong, 0, 0, 0, 0, 0, 0, -1});   // from the external clock
-    graph.player.playMidi({MessageType::startSong, 0, 0, 0, 0, 0, -1, -1});  // from a key
-    graph.player.playMidi({MessageType::noteOn, 60, 1, 0, 0, 0, 0, -1});
+    const TestEvent start = TestEvent{Backend::MidiEngine::MessageType::startSong, 0}.output(0).channel(0);
+    graph.player.playMidi(start.input(0));  // from the external clock
+    graph.player.playMidi(start);           // from a key
+    graph.player.playMidi(noteOn(60).output(0).channel(0).input(0));
     graph.deliver();
     ASSERT_EQ(graph.sent.size(), 2u);
-    EXPECT_EQ(graph.sent[0].bytes, byte(StatusByte::START));
+    EXPECT_EQ(graph.sent[0].message, START);
 }
 
 TEST(TempoController, FollowsAClockWithoutAGraphToo)
@@ -257,8 +250,7 @@ TEST(TempoController, FollowsAClockWithoutAGraphToo)
     double pulsesBefore = 0;
     for (double nextPulse = 0, nextTick = 0; time < 60; time += 0.001) {
         for (; nextTick <= time; nextTick += 2.5 / 90)
-            controller.receive(0, {{StatusByte::TICK, 0, 0}, 1},
-                               static_cast<std::uint32_t>(static_cast<std::int64_t>(nextTick * 1e6)));
+            controller.receive(0, TICK, static_cast<std::uint32_t>(static_cast<std::int64_t>(nextTick * 1e6)));
         controller.process(time, static_cast<std::uint32_t>(static_cast<std::int64_t>(time * 1e6)), 1e6);
         for (; nextPulse <= time; ++pulses) nextPulse += 1 / (8 * controller.passPulse(nextPulse, 0));
         if (time < 30) pulsesBefore = pulses;
@@ -269,30 +261,26 @@ TEST(TempoController, FollowsAClockWithoutAGraphToo)
 TEST(Transport, StartsAndStopsTheClockThatIsSent)
 {
     Graph graph;
-    Transport transport;
-    graph.play(0.5, {}, &transport);
-    EXPECT_EQ(graph.song(), "25") << "half a second, in whole periods";
-    transport.rolling = true;
-    graph.transportBegan = graph.frame;
-    graph.sent.clear();
-    graph.play(1, {}, &transport);
-    EXPECT_TRUE(graph.song().starts_with("start ")) << graph.song();
-    transport = {.rolling = false, .seconds = 10.1};  // a sixteenth is an eighth of a second
-    graph.transportBegan = graph.frame;
-    graph.sent.clear();
-    graph.play(1, {}, &transport);
-    transport.rolling = true;
-    graph.transportBegan = graph.frame;
-    graph.play(1, {}, &transport);
-    EXPECT_TRUE(graph.song().starts_with("stop ")) << graph.song();
-    EXPECT_NE(graph.song().find("at 81 1 continue"), std::string::npos) << graph.song();
+    graph.setTransport({});
+    graph.play(0.5);
+    EXPECT_EQ(graph.song(), "25 ") << "half a second, in whole periods";
+    graph.setTransport({.rolling = true});
+    graph.play(1);
+    const auto rolling = graph.song();
+    EXPECT_TRUE(rolling.starts_with("start ")) << rolling;
+    for (const bool rolls : {false, true}) {
+        graph.setTransport({.rolling = rolls, .seconds = 10.1});  // a sixteenth is an eighth of a second
+        graph.play(1);
+    }
+    const auto song = graph.song();
+    EXPECT_TRUE(song.starts_with("stop ") && song.find("at 81 1 continue") != std::string::npos) << song;
 }
 
 TEST(Transport, ATimebaseMasterGivesTempoAndPhase)
 {
     Graph graph;
-    const Transport transport{.rolling = true, .bpm = 93.7};
-    graph.play(10, {}, &transport);
+    graph.setTransport({.rolling = true, .bpm = 93.7});
+    graph.play(10);
     const auto frames = graph.tickFrames();
     const double step = RATE * 60 / 93.7 / 24;
     for (std::size_t tick = frames.size() - 24; tick < frames.size(); ++tick) {
@@ -305,8 +293,8 @@ TEST(Transport, ATimebaseMasterGivesTempoAndPhase)
 TEST(Clock, APeriodWithBothMidiClocksAllocatesNothing)
 {
     Graph graph({.in = 0, .out = 0});
-    graph.play(1, clockOf(120, 1, 0, byte(StatusByte::START)));
-    graph.receive({byte(StatusByte::TICK), graph.frame});
+    graph.follow(120, 1, {{START, 0}});
+    graph.receive({TICK, graph.frame});
     const auto before = allocationsOfThisThread();
     graph.clock.playPeriod(graph.start + graph.frame, 24000);
     EXPECT_EQ(allocationsOfThisThread(), before);

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include "tests/host/HostTesting.h"
-#include "tests/host/MidiFileBytes.h"
 
 namespace Host
 {
@@ -14,13 +13,8 @@ using Testing::complaintOf;
 using Testing::midiFile;
 using Events = std::vector<MidiFileEvent>;
 
-const Bytes END{0x00, 0xFF, 0x2F, 0x00};
-
-Bytes operator+(Bytes left, const Bytes& right)
-{
-    left.insert(left.end(), right.begin(), right.end());
-    return left;
-}
+using Testing::operator+;
+const Bytes& END = Testing::END_OF_TRACK;
 
 Events read(const Bytes& bytes) { return readMidiFile(bytes, "song.mid"); }
 std::string complaintAbout(const Bytes& bytes)
@@ -84,18 +78,18 @@ TEST(MidiFileReader, KeepsTheOrderOfTicksWithinOnePulse)
 TEST(MidiFileReader, SkipsOtherChunksAndReadsTracksThatTheHeaderDoesNotCount)
 {
     const Bytes note{0, 0x90, 60, 100};
-    const Events heard{{0, 0x90, 60, 100}};
+    const Events note1{{0, 0x90, 60, 100}};
     Bytes file = midiFile(0, 480, {});
     file[11] = 1;
-    EXPECT_EQ(read(file + Testing::chunk("XFIH", {1, 2, 3}) + Testing::chunk("MTrk", note + END)), heard);
-    EXPECT_EQ(read(oneTrack(note + END) + Bytes{0, 0, 0}), heard) << "padding";
+    EXPECT_EQ(read(file + Testing::chunk("XFIH", {1, 2, 3}) + Testing::chunk("MTrk", note + END)), note1);
+    EXPECT_EQ(read(oneTrack(note + END) + Bytes{0, 0, 0}), note1) << "padding";
     for (const int count : {0, 1}) {  // fewer than there are
         Bytes more = midiFile(1, 480, {note + END, END, note + END});
         more[11] = static_cast<std::uint8_t>(count);
-        EXPECT_EQ(read(more + Bytes{'M', 'T', 'r', 'k', 0, 0, 0, 9, 0}), (Events{heard[0], heard[0]})) << count;
+        EXPECT_EQ(read(more + Bytes{'M', 'T', 'r', 'k', 0, 0, 0, 9, 0}), (Events{note1[0], note1[0]})) << count;
     }
-    EXPECT_EQ(read(oneTrack(note + END + note)), heard) << "after the end of track";
-    EXPECT_EQ(read(oneTrack(note)), heard) << "no end of track";
+    EXPECT_EQ(read(oneTrack(note + END + note)), note1) << "after the end of track";
+    EXPECT_EQ(read(oneTrack(note)), note1) << "no end of track";
     EXPECT_EQ(read(oneTrack({})), Events{});
 }
 

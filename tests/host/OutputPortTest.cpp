@@ -5,34 +5,33 @@
 #include <thread>
 #include <vector>
 
-#include "backend/values/OrvMidiMessage.h"
 #include "host/player/Player.h"
 #include "host/ports/Ports.h"
+#include "tests/host/HostTesting.h"
 #include "tests/stage/Allocations.h"
+#include "tests/stage/TestEvent.h"
 
 namespace Host
 {
 namespace
 {
-ShortMessage on(int note, int channel = 0)
-{
-    return {{static_cast<std::uint8_t>(0x90 | channel), static_cast<std::uint8_t>(note), 100}, 3};
-}
-ShortMessage off(int note, int channel = 0)
-{
-    return {{static_cast<std::uint8_t>(0x80 | channel), static_cast<std::uint8_t>(note), 64}, 3};
-}
-ShortMessage controller(int number, int value)
-{
-    return {{0xB0, static_cast<std::uint8_t>(number), static_cast<std::uint8_t>(value)}, 3};
-}
+using Testing::controller;
+using Testing::off;
+using Testing::on;
+using Messages = std::vector<ShortMessage>;
 
-/// The device of a port; it takes `capacity` messages at a time.
+/// A port with a device, which takes `capacity` messages at a time.
 struct Device {
-    std::vector<ShortMessage> received;
+    OutputPort port{"Out"};
+    Messages received;
     std::size_t capacity = ~std::size_t{0};
 
-    void receiveFrom(OutputPort& port)
+    Device() { port.open(); }
+    void play(const Messages& messages)
+    {
+        for (const ShortMessage& message : messages) port.play(message, 0);
+    }
+    void receive()
     {
         std::size_t taken = 0;
         port.deliver(0, [&](const ShortMessage& message, std::uint32_t) {
@@ -41,6 +40,13 @@ struct Device {
             received.push_back(message);
             return true;
         });
+    }
+    /// What it receives from now on.
+    Messages receiveAnew()
+    {
+        received.clear();
+        receive();
+        return received;
     }
 
     NoteSet sounding() const
@@ -53,116 +59,83 @@ struct Device {
         return notes;
     }
 };
-
-using Messages = std::vector<ShortMessage>;
 }  // namespace
-
-TEST(OutputPort, DeliversInOrder)
-{
-    OutputPort port("Out");
-    Device device;
-    port.open();
-    for (const auto& message : {on(60), controller(7, 100), off(60), on(62), off(62)}) port.play(message, 0);
-    device.receiveFrom(port);
-    EXPECT_EQ(device.received, (Messages{on(60), controller(7, 100), off(60), on(62), off(62)}));
-}
 
 TEST(OutputPort, SendsTheMissingNoteOffsBeforeItCloses)
 {
-    OutputPort port("Out");
     Device device;
-    port.open();
-    const ShortMessage onOfVelocityZero{{0x90, 67, 0}, 3};
-    for (const auto& message : {on(60), on(64), on(67), off(60), onOfVelocityZero, on(64, 15), controller(64, 127)})
-        port.play(message, 0);
-    device.receiveFrom(port);
-    device.received.clear();
+    const Messages played{
+        on(60), on(64), on(67), off(60), Testing::shortMessage(0x90, 67, 0), on(64, 15), controller(64, 127)};
+    device.play(played);
+    device.receive();
+    EXPECT_EQ(device.received, played);
 
-    port.close();
-    port.play(on(72), 0);
-    device.receiveFrom(port);
-    EXPECT_EQ(device.received, (Messages{off(64), off(64, 15), controller(64, 0)}));
-    EXPECT_FALSE(port.isClosing());
-
-    device.receiveFrom(port);
-    port.open();
-    device.receiveFrom(port);
-    EXPECT_EQ(device.received.size(), 3u) << "messages played while it was closed are dropped";
+    device.port.close();
+    device.play({on(72)});
+    EXPECT_EQ(device.receiveAnew(), (Messages{off(64), off(64, 15), controller(64, 0)}));
+    EXPECT_FALSE(device.port.isClosing());
+    EXPECT_EQ(device.receiveAnew(), Messages{});
+    device.port.open();
+    EXPECT_EQ(device.receiveAnew(), Messages{}) << "messages played while it was closed are dropped";
 }
 
 TEST(OutputPort, ASlowDeviceGetsEveryNoteOff)
 {
-    OutputPort port("Out");
     Device device;
     device.capacity = 1;
-    port.open();
-    for (const int note : {60, 64, 67}) port.play(on(note), 0);
-    device.receiveFrom(port);
-    port.close();
+    device.play({on(60), on(64), on(67)});
+    device.receive();
+    device.port.close();
     for (int turn = 0; turn < 5; ++turn) {
-        EXPECT_TRUE(port.isClosing());
-        device.receiveFrom(port);
+        EXPECT_TRUE(device.port.isClosing());
+        device.receive();
     }
-    EXPECT_FALSE(port.isClosing());
+    EXPECT_FALSE(device.port.isClosing());
     EXPECT_EQ(device.received, (Messages{on(60), on(64), on(67), off(60), off(64), off(67)}));
 }
 
 TEST(OutputPort, ADevicePluggedInAgainGetsTheNoteOffsThatItMayHaveMissed)
 {
-    OutputPort port("Out");
     Device device;
-    port.open();
-    for (const auto& message : {on(60), on(62), off(62), controller(64, 127), controller(64, 0)}) port.play(message, 0);
-    device.receiveFrom(port);
-    port.play(on(64), 0);  // waits
-    port.close();
-    port.unplug();
-    EXPECT_EQ(port.soundingNotes(), 2);
-    device.received.clear();
-    device.receiveFrom(port);
-    EXPECT_EQ(device.received, (Messages{off(60), off(62), controller(64, 0)}));
-    EXPECT_FALSE(port.isClosing());
+    device.play({on(60), on(62), off(62), controller(64, 127), controller(64, 0)});
+    device.receive();
+    device.play({on(64)});  // waits
+    device.port.close();
+    device.port.unplug();
+    EXPECT_EQ(device.port.soundingNotes(), 2);
+    EXPECT_EQ(device.receiveAnew(), (Messages{off(60), off(62), controller(64, 0)}));
+    EXPECT_FALSE(device.port.isClosing());
 }
 
 TEST(OutputPort, AReceiverConnectedAgainGetsTheNoteOffsThatItMissedTwice)
 {
-    OutputPort port("Out");
     Device device;
-    port.open();
-    for (const int note : {60, 62, 64}) port.play(on(note), 0);
-    port.play(off(64), 0);
-    device.receiveFrom(port);
-    port.receiverDisconnected();
-    device.receiveFrom(port);
-    for (const auto& message : {off(60), on(66), off(66), on(64)}) port.play(message, 0);
-    device.receiveFrom(port);
-    device.received.clear();
-    port.receiverConnected();
-    port.play(off(62), 0);
-    device.receiveFrom(port);
-    EXPECT_EQ(device.received, (Messages{off(60), off(62)})) << "62 and 64 still sound";
-    for (const bool first : {true, false}) {
-        device.received.clear();
-        port.receiverReady();
-        device.receiveFrom(port);
-        EXPECT_EQ(device.received, first ? Messages{off(60)} : Messages{}) << "a second time, once";
-    }
+    device.play({on(60), on(62), on(64), off(64)});
+    device.receive();
+    device.port.receiverDisconnected();
+    device.receive();
+    device.play({off(60), on(66), off(66), on(64)});
+    device.receive();
+    device.port.receiverConnected();
+    device.play({off(62)});
+    EXPECT_EQ(device.receiveAnew(), (Messages{off(60), off(62)})) << "62 and 64 still sound";
+    device.port.receiverReady();
+    EXPECT_EQ(device.receiveAnew(), Messages{off(60)}) << "a second time";
+    device.port.receiverReady();
+    EXPECT_EQ(device.receiveAnew(), Messages{}) << "once";
 }
 
 TEST(OutputPort, SendsTheRecentNoteOffsAgainAfterAMissedPeriod)
 {
-    OutputPort port("Out");
     Device device;
-    port.open();
-    for (const auto& message : {on(60), on(62), off(60), off(62), on(62)}) port.play(message, 0);
-    device.receiveFrom(port);
-    port.periodMissed();
-    device.received.clear();
+    device.play({on(60), on(62), off(60), off(62), on(62)});
+    device.receive();
+    device.port.periodMissed();
     device.capacity = 0;
-    device.receiveFrom(port);
+    EXPECT_EQ(device.receiveAnew(), Messages{});
     device.capacity = 10;
-    device.receiveFrom(port);
-    device.receiveFrom(port);
+    device.receive();
+    device.receive();
     EXPECT_EQ(device.received, Messages{off(60)});
 }
 
@@ -180,42 +153,34 @@ TEST(PendingNoteOffs, ANoteOffIsRecentForHalfASecond)
 
 TEST(OutputPort, AFullRingDropsNoNoteOff)
 {
-    OutputPort port("Out");
     Device device;
-    port.open();
-    port.play(on(60), 0);
-    device.receiveFrom(port);
-    for (std::uint32_t count = 0; count < 3 * MidiRing::ROOM; ++count) port.play(controller(1, 5), 0);
-    EXPECT_GT(port.lossCount(), MidiRing::ROOM);
-    // More note-offs than the ring can hold
-    for (std::uint32_t count = 0; count < MidiRing::ROOM; ++count) port.play(off(61), 0);
-    port.play(off(60), 0);
-    port.play(on(62), 0);
-    device.receiveFrom(port);
+    device.play({on(60)});
+    device.receive();
+    device.play(Messages(3 * MidiRing::ROOM, controller(1, 5)));
+    EXPECT_GT(device.port.lossCount(), MidiRing::ROOM);
+    device.play(Messages(MidiRing::ROOM, off(61)));  // more than the ring can hold
+    device.play({off(60), on(62)});
+    device.receive();
     EXPECT_TRUE(device.sounding().none());
     EXPECT_EQ(std::ranges::count(device.received, on(62)), 0) << "no message overtakes a note-off";
-
-    port.play(on(65), 0);
-    device.receiveFrom(port);
-    EXPECT_EQ(device.received.back(), on(65)) << "after an overload it plays on";
+    device.play({on(65)});
+    EXPECT_EQ(device.receiveAnew(), Messages{on(65)}) << "after an overload it plays on";
 }
 
 TEST(OutputPort, NoNoteIsLeftSoundingUnderOverload)
 {
-    OutputPort port("Out");
     Device device;
-    port.open();
     std::atomic<bool> done{false};
     std::thread listener([&] {
-        while (!done.load()) device.receiveFrom(port);
-        device.receiveFrom(port);
+        while (!done.load()) device.receive();
+        device.receive();
     });
     std::mt19937 random(1);
     for (int burst = 0; burst < 40; ++burst) {
         for (int count = 0; count < 3000; ++count)
-            port.play(on(static_cast<int>(random() % 128), static_cast<int>(random() % 16)), 0);
+            device.port.play(on(static_cast<int>(random() % 128), static_cast<int>(random() % 16)), 0);
         for (int channel = 0; channel < CHANNELS; ++channel)
-            for (int note = 0; note < NOTES; ++note) port.play(off(note, channel), 0);
+            for (int note = 0; note < NOTES; ++note) device.port.play(off(note, channel), 0);
     }
     done.store(true);
     listener.join();
@@ -229,17 +194,12 @@ TEST(Player, PlaysWithoutAllocatingAndIgnoresAnInvalidPort)
     OutputPort& port = *ports.addOutput("Out");
     port.open();
     Player player(ports, requests);
-    Backend::MidiEngine::OrvMidiMessage note(Backend::MidiEngine::MessageType::noteOn, 60, 100, 0, 0, -1, -1, -1);
-
     const auto before = allocationsOfThisThread();
-    for (const int output : {0, -1, 1, 127}) {
-        note.setOutput(output);
-        player.playMidi(note);
-    }
+    for (const int output : {0, -1, 1, 127}) player.playMidi(noteOn(60).output(output).channel(0));
     EXPECT_EQ(allocationsOfThisThread(), before);
-    Device device;
-    device.receiveFrom(port);
-    EXPECT_EQ(device.received, Messages{on(60)});
+    Messages received;
+    port.deliver(0, [&](const ShortMessage& message, std::uint32_t) { return received.push_back(message), true; });
+    EXPECT_EQ(received, Messages{on(60)});
 }
 
 TEST(Player, StoresRequestsForTheControlThread)

@@ -5,7 +5,6 @@
 #include "host/common/WholeFile.h"
 #include "host/performance/CommandParser.h"
 #include "tests/host/HostTesting.h"
-#include "tests/host/MidiFileBytes.h"
 
 namespace Host
 {
@@ -163,13 +162,13 @@ TEST(ReadInput, TellsFilesApartByTheirEnding)
 {
     const Testing::TemporaryFolder folder;
     const auto music = Testing::midiFile(0, 240, {{0x7B, 0x95, 60, 100}});
-    const Commands heard{{246, MidiCommand{0, 0x90, 5, 60, 100}}};
+    const Commands expected{{246, MidiCommand{0, 0x90, 5, 60, 100}}};
     for (const char* name : {"a.mid", "b.MID", "c.midi"}) {
         writeWholeFile(folder / name, music);
-        EXPECT_EQ(readInput(folder / name), heard) << name;
+        EXPECT_EQ(readInput(folder / name), expected) << name;
     }
     writeWholeFile(folder / "d.Perf", "246 midi 0 95 3C 64");
-    EXPECT_EQ(readInput(folder / "d.Perf"), heard);
+    EXPECT_EQ(readInput(folder / "d.Perf"), expected);
     writeWholeFile(folder / "e.perf", "246 midi");
     EXPECT_EQ(complaintOf([&] { readInput(folder / "e.perf"); }),
               (folder / "e.perf").string() + ":1: INPUT is missing");

@@ -7,6 +7,7 @@
 #include "host/clock/SliceLoad.h"
 #include "host/run/Status.h"
 #include "host/terminal/LineOutput.h"
+#include "tests/host/HostTesting.h"
 #include "tests/stage/Allocations.h"
 
 namespace Host
@@ -15,8 +16,8 @@ using namespace std::chrono_literals;
 
 TEST(SliceLoad, KnowsMedianAndExtremesToAnEighth)
 {
-    const auto isAbout = [](std::chrono::nanoseconds told, std::chrono::nanoseconds real) {
-        return told >= real && told <= real + real / 8 + 1ns;
+    const auto isAbout = [](std::chrono::nanoseconds reported, std::chrono::nanoseconds real) {
+        return reported >= real && reported <= real + real / 8 + 1ns;
     };
     SliceLoad load;
     load.add(7ms);  // before the look
@@ -41,18 +42,17 @@ TEST(SliceLoad, KnowsMedianAndExtremesToAnEighth)
     EXPECT_EQ(SliceLoad::summarise({}, {}).slices, 0u);
 }
 
-TEST(StatusLine, TellsWhatIsConnectedWhatSoundsAndWhatWasLost)
+TEST(StatusLine, ShowsWhatIsConnectedWhatSoundsAndWhatWasLost)
 {
     Ports ports;
     ports.addInput("Keys")->found = false;
     InputPort& loop = *ports.addInput("Loop");
-    for (int event = 0; event < EventLimit::BURST + 3; ++event) loop.limit.passes({{0xB0, 1, 64}, 3}, 0);
+    for (int event = 0; event < EventLimit::BURST + 3; ++event) loop.limit.passes(Testing::controller(1, 64), 0);
     OutputPort& organ = *ports.addOutput("Organ");
     ports.addOutput("Bells")->enabled = false;
     organ.open();
-    for (const std::uint8_t note : {std::uint8_t{60}, std::uint8_t{64}, std::uint8_t{67}})
-        organ.play({{0x90, note, 100}, 3}, 0);
-    organ.play({{0x80, 64, 64}, 3}, 0);
+    for (const ShortMessage& message : {Testing::on(60), Testing::on(64), Testing::on(67), Testing::off(64)})
+        organ.play(message, 0);
     organ.deliver(0, [](const ShortMessage&, std::uint32_t) { return true; });
     Status status;
     status.system = "ALSA";

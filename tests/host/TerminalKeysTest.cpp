@@ -7,7 +7,6 @@ namespace Host
 {
 namespace
 {
-using namespace std::chrono_literals;
 using namespace std::string_view_literals;
 
 std::string textOf(const std::vector<Key>& keys)
@@ -25,16 +24,6 @@ std::string typed(std::string_view bytes)
     return text;
 }
 
-/// What a held key sends, on a clock of our own: letters for keys, < where one goes down, = repeats, > comes up.
-struct Fingers {
-    std::string sent;
-    HeldKey held{[this](const KeyCommand& command) {
-        sent += command.key.toXmlString() + "<=>"[static_cast<int>(command.action)];
-    }};
-
-    HeldKey::Time at(int milliseconds) { return HeldKey::Time(std::chrono::milliseconds(milliseconds)); }
-    void receive(const char* key, int milliseconds) { held.receive(Key::fromXmlString(key), at(milliseconds)); }
-};
 }  // namespace
 
 TEST(TerminalKeys, AreThoseOfTheUsLayout)
@@ -80,45 +69,37 @@ TEST(TerminalKeys, MayComeInPieces)
     EXPECT_FALSE(parser.isWaiting()) << "no sequence is that long";
 }
 
-TEST(HeldKey, ComesUpWhenNoRepeatComes)
+TEST(HeldKey, ComesUpWhenNoRepeatComesInTimeOrAnotherKey)
 {
-    Fingers fingers;
-    fingers.receive("A", 1000);
-    EXPECT_EQ(fingers.held.getEnd(), fingers.at(1600));
-    fingers.held.advanceTo(fingers.at(1599));
-    EXPECT_EQ(fingers.sent, "A<");
-    fingers.held.advanceTo(fingers.at(1600));
-    EXPECT_EQ(fingers.sent, "A<A>");
-    EXPECT_EQ(fingers.held.getEnd(), std::nullopt);
-    fingers.held.advanceTo(fingers.at(9000));
-    fingers.held.release();
-    EXPECT_EQ(fingers.sent, "A<A>");
-}
-
-TEST(HeldKey, ComesUpSoonerOnceRepeatsCame)
-{
-    Fingers fingers;
-    fingers.receive("A", 0);
-    fingers.receive("A", 599);
-    fingers.receive("A", 630);
-    fingers.held.advanceTo(fingers.at(729));
-    EXPECT_EQ(fingers.sent, "A<A=A=");
-    fingers.held.advanceTo(fingers.at(730));
-    EXPECT_EQ(fingers.sent, "A<A=A=A>");
-    fingers.receive("A", 731);
-    fingers.receive("A", 2000);
-    EXPECT_EQ(fingers.sent, "A<A=A=A>A<A>A<") << "too late for a repeat, also if nobody looked in between";
-}
-
-TEST(HeldKey, ComesUpWhenAnotherArrives)
-{
-    Fingers fingers;
-    fingers.receive("A", 0);
-    fingers.receive("Shift A", 1);
-    fingers.receive("B", 2);
-    EXPECT_EQ(fingers.sent, "A<A>Shift A<Shift A>B<");
-    EXPECT_EQ(fingers.held.getEnd(), fingers.at(602)) << "and has its first repeat before it";
-    fingers.held.release();
-    EXPECT_EQ(fingers.sent, "A<A>Shift A<Shift A>B<B>");
+    // What arrives and when, in milliseconds ("" for a look at the clock), and what was sent by then: < where a key
+    // goes down, = repeats, > comes up.
+    struct Step {
+        const char* key;
+        int milliseconds;
+        const char* sent;
+    };
+    const std::vector<Step> CASES[] = {
+        {{"A", 1000, "A<"}, {"", 1599, "A<"}, {"", 1600, "A<A>"}, {"", 9000, "A<A>"}},
+        {{"A", 0, "A<"}, {"A", 599, "A<A="}, {"A", 630, "A<A=A="}, {"", 729, "A<A=A="}, {"", 730, "A<A=A=A>"}},
+        {{"A", 0, "A<"}, {"A", 2000, "A<A>A<"}},  // too late for a repeat, also if nobody looked in between
+        {{"A", 0, "A<"}, {"Shift A", 1, "A<A>Shift A<"}, {"B", 2, "A<A>Shift A<Shift A>B<"}}};
+    for (const auto& steps : CASES) {
+        std::string sent;
+        HeldKey held([&](const KeyCommand& command) {
+            sent += command.key.toXmlString() + "<=>"[static_cast<int>(command.action)];
+        });
+        const auto time = [](int milliseconds) { return HeldKey::Time(std::chrono::milliseconds(milliseconds)); };
+        for (const auto& [key, milliseconds, expected] : steps) {
+            if (*key == 0) held.advanceTo(time(milliseconds));
+            if (*key != 0) held.receive(Key::fromXmlString(key), time(milliseconds));
+            EXPECT_EQ(sent, expected);
+            if (*key == 0) continue;
+            EXPECT_EQ(held.getEnd(), time(milliseconds + (sent.ends_with("=") ? 100 : 600)));
+        }
+        const bool isDown = !sent.ends_with(">");
+        held.release();
+        EXPECT_TRUE(sent.ends_with(">") && held.getEnd() == std::nullopt);
+        EXPECT_EQ(sent.size() > std::string_view(steps.back().sent).size(), isDown) << "once";
+    }
 }
 }  // namespace Host

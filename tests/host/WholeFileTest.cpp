@@ -1,13 +1,11 @@
 #include "host/common/WholeFile.h"
 
-#include <sys/resource.h>
 #include <sys/stat.h>
-#include <csignal>
-#include <fstream>
 
 #include <gtest/gtest.h>
 
 #include "tests/host/HostTesting.h"
+#include "tests/stage/FullDisk.h"
 
 namespace Host
 {
@@ -21,41 +19,6 @@ std::string textOf(const fs::path& path)
 {
     const std::vector<std::uint8_t> bytes = readWholeFile(path);
     return {bytes.begin(), bytes.end()};
-}
-
-std::string complaintWriting(const fs::path& path)
-{
-    return complaintOf([&] { writeWholeFile(path, "new"); });
-}
-
-/// No file may grow beyond some bytes while this stands, as on a disk that fills up.
-class FullDisk
-{
-public:
-    explicit FullDisk(rlim_t bytes) : oldAction(std::signal(SIGXFSZ, SIG_IGN))
-    {
-        ::getrlimit(RLIMIT_FSIZE, &oldLimit);
-        const rlimit limit{bytes, oldLimit.rlim_max};
-        ::setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    ~FullDisk()
-    {
-        ::setrlimit(RLIMIT_FSIZE, &oldLimit);
-        std::signal(SIGXFSZ, oldAction);
-    }
-
-private:
-    void (*oldAction)(int);
-    rlimit oldLimit{};
-};
-
-TEST(WholeFile, SaysWhyAFileCannotBeRead)
-{
-    const TemporaryFolder folder;
-    const fs::path missing = folder / "none.perf";
-    EXPECT_EQ(complaintOf([&] { readWholeFile(missing); }), missing.string() + ": no such file or directory");
-    EXPECT_EQ(complaintOf([&] { readWholeFile(folder / ""); }), (folder / "").string() + ": is a directory");
-    EXPECT_EQ(complaintOf([] { readWholeFile("/dev/zero", 100000); }), "/dev/zero: larger than 100000 bytes");
 }
 
 TEST(WholeFile, ReplacesAFileKeepingItsModeAndTheLinkToIt)
@@ -81,19 +44,24 @@ TEST(WholeFile, ReplacesAFileKeepingItsModeAndTheLinkToIt)
     EXPECT_EQ(folder.contents(), "dangling.mid later.mid latest.mid link.mid take.mid takes today");
 }
 
-TEST(WholeFile, SaysWhyAFileCannotBeWrittenAndLeavesNothingBehind)
+TEST(WholeFile, SaysWhyAFileCannotBeReadOrWrittenAndLeavesNothingBehind)
 {
     const TemporaryFolder folder;
     fs::create_directory(folder / "sub");
     fs::create_symlink("loop", folder / "loop");
     writeWholeFile(folder / "plain", "old");
-
-    EXPECT_EQ(complaintWriting(folder / "none" / "a.mid"),
-              (folder / "none/a.mid").string() + ": no such file or directory");
-    EXPECT_EQ(complaintWriting(folder / "plain" / "a.mid"), (folder / "plain/a.mid").string() + ": not a directory");
-    EXPECT_EQ(complaintWriting(folder / "sub"), (folder / "sub").string() + ": is a directory");
-    EXPECT_EQ(complaintWriting(folder / "loop"), (folder / "loop").string() + ": too many levels of symbolic links");
-    EXPECT_EQ(complaintWriting("/dev/full"), "/dev/full: no space left on device");
+    const std::pair<fs::path, const char*> UNREADABLE[] = {{folder / "none", "no such file or directory"},
+                                                           {folder / "sub", "is a directory"},
+                                                           {"/dev/zero", "larger than 100000 bytes"}};
+    for (const auto& [path, reason] : UNREADABLE)
+        EXPECT_EQ(complaintOf([&] { readWholeFile(path, 100000); }), path.string() + ": " + reason);
+    const std::pair<fs::path, const char*> UNWRITABLE[] = {{folder / "none" / "a.mid", "no such file or directory"},
+                                                           {folder / "plain" / "a.mid", "not a directory"},
+                                                           {folder / "sub", "is a directory"},
+                                                           {folder / "loop", "too many levels of symbolic links"},
+                                                           {"/dev/full", "no space left on device"}};
+    for (const auto& [path, reason] : UNWRITABLE)
+        EXPECT_EQ(complaintOf([&] { writeWholeFile(path, "new"); }), path.string() + ": " + reason);
     EXPECT_EQ(folder.contents(), "loop plain sub");
 }
 
