@@ -9,11 +9,10 @@ import sys
 
 ROOT = os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
 BIN = os.path.abspath(sys.argv[1] if len(sys.argv) > 1 else ROOT + "/build/release") + "/bin/"
-sys.argv[1:] = [BIN + "orvane", BIN + "midi_source", "", BIN + "clock_source"]
+sys.argv[1:] = [BIN + "orvane", BIN + "midi_peer", ""]
 sys.path.insert(0, ROOT + "/tests/e2e")
-from clock import Clocks, START, TICK  # noqa: E402
+from clock import Clocks, RATE, START, TICK, clock  # noqa: E402
 
-RATE = 48000
 SETTLED = 4 * 24
 
 
@@ -30,7 +29,7 @@ class Measurement(Clocks):
         self.orvane("--clock-in", "Orvane In", "--clock-out", "Orvane Out")
         for bpm, jitter, drift, beats in ((120, 0, 0, 60), (120, 1, 0, 60), (120, 3, 0, 60), (180, 1, 0, 60),
                                           (100, 1, 0.5, 60), (120, 1, -2, 20)):
-            record = self.source("master", "orvane:Orvane In", "orvane:Orvane Out", bpm, jitter, drift, beats)
+            record = self.source(*clock(bpm, jitter, drift, beats), to="orvane:Orvane In")
             began = next(frame for frame, message in record.sent if message == START)
             start = next(index for index, (_, message) in enumerate(record.received) if message == START)
             received = [frame - began for frame, message in record.received[start:] if message == TICK][:beats * 24]

@@ -1,4 +1,4 @@
-"""Memory and losses in long runs: endurance.py ORVANE MIDI_SOURCE [minutes M | restarts N | virtual M]
+"""Memory and losses in long runs: endurance.py ORVANE MIDI_PEER [minutes M | restarts N | virtual M]
 
 minutes M: M minutes of a stream of notes, with devices that are plugged in and unplugged; prints the status line and
 the memory once a minute. restarts N: the JACK server is killed and started again N times during the stream. virtual M:
@@ -22,13 +22,11 @@ from live import Monitor, Server, until
 
 
 class Endurance(hotplug.Stage):
-    PERIOD = ("-r", "48000", "-p", "1024")
-
     def start(self):
         self.serve()
         orvane = self.orvane("--client", "X", "--default-output", "Orvane Out", "--status")
         self.tool("jack_lsp")
-        return orvane, Stream(orvane, 1)
+        return orvane, Stream(orvane)
 
     def memory(self, program):
         with open(f"/proc/{program.process.pid}/status") as status:
@@ -50,7 +48,7 @@ class Endurance(hotplug.Stage):
             print(f"{minute:5.1f} min, {self.memory(orvane)} kB: {orvane.printed.splitlines()[-1]}", flush=True)
             until_then = begin + 60 * (int(minute) + 1)
             while time.monotonic() < until_then:
-                guest = Monitor(self, "guest", tried=False)
+                guest = Monitor(self, "guest")
                 time.sleep(2)
                 guest.clean()
                 time.sleep(2)

@@ -1,5 +1,4 @@
-"""Live playing as its users meet it, in a JACK graph and without one:
-live.py ORVANE MIDI_SOURCE MIDI_FILE_READERS.sh
+"""Live playing as its users meet it, in a JACK graph and without one: live.py ORVANE MIDI_PEER MIDI_FILE_READERS.sh
 
 Every test has a JACK server of its own. No test asserts a time: the limits only keep a hanging program from lasting."""
 import glob
@@ -14,8 +13,8 @@ import unittest
 import uuid
 import wave
 
-ORVANE, MIDI_SOURCE, READERS = sys.argv[1:4]
-PATIENCE = 60
+ORVANE, MIDI_PEER, READERS = sys.argv[1:4]
+PATIENCE = 120
 
 
 def until(condition, what, patience=PATIENCE):
@@ -64,7 +63,7 @@ class Program:
         if self.process.poll() is None:
             self.process.terminate()
             try:
-                self.process.wait(5)
+                self.process.wait(20)
             except subprocess.TimeoutExpired:
                 self.process.kill()
         self.process.wait()
@@ -83,10 +82,16 @@ class Program:
     def complained(self):
         return self.text(self.err)
 
-    def say(self, line):
-        self.process.stdin.write(line.encode() + b"\n")
+    def say(self, *lines):
+        self.process.stdin.write("".join(line + "\n" for line in lines).encode())
 
-    def isPending(self, sent):
+    def await_start(self, sign):
+        until(lambda: sign in self.printed or self.process.poll() is not None, "the start: " + sign)
+
+    def await_complaint(self, text, count=1):
+        until(lambda: self.complained.count(text) >= count, f"'{text}' in {self.complained}")
+
+    def has_pending(self, sent):
         """Whether the program has not yet taken a signal that it was sent."""
         with open(f"/proc/{self.process.pid}/status") as status:
             pending = re.search(r"^ShdPnd:\s*(\w+)", status.read(), re.M).group(1)
@@ -98,13 +103,14 @@ class Program:
 
 
 class Server(Program):
-    """A JACK server. A machine has room for eight, and one that was killed keeps its place until a server of its name
-    ends properly."""
+    """A JACK server. Its periods are long, and in each it waits for its clients, so that no message is lost on a busy
+    machine. There is room for eight, and one that was killed keeps its place until a server of its name ends
+    properly."""
 
-    def __init__(self, test, *options):
+    def __init__(self, test, rate=48000, period=4096):
         self.test = test
-        super().__init__(test, "jackd", "-r", "-n", test.environment["JACK_DEFAULT_SERVER"], "-d", "dummy",
-                         *(options or ("-r", "48000", "-p", "1024")))
+        super().__init__(test, "jackd", "-S", "-r", "-n", test.environment["JACK_DEFAULT_SERVER"], "-d", "dummy",
+                         "-r", str(rate), "-p", str(period))
         until(lambda: "system:playback_1" in test.ports(), "the server")
 
     def stop(self):
@@ -118,42 +124,33 @@ class Server(Program):
             os.remove(left)  # left over by killed clients
 
 
-class Monitor(Program):
-    """Receives messages at its port, NAME:input, and prints them as hexadecimal bytes.
+class Peer(Program):
+    """Another program in the graph, with what it sent and received; see midi_peer.cpp."""
 
-    The server of a busy machine sometimes accepts a client and never runs it. So a monitor is tried with a probe, and
-    replaced if it does not receive it; not where the player of the probe would disturb the test."""
+    def __init__(self, test, name, *events, to="none", source="none"):
+        super().__init__(test, MIDI_PEER, name, to, source, *map(str, events))
+        self.await_start("ready")
 
-    PROBE = "fe"
-    TRIES = 4
-
-    def __init__(self, test, name, tried=True):
-        self.known = 0
-        for _ in range(self.TRIES):
-            super().__init__(test, "stdbuf", "-oL", "jack_midi_dump", name)
-            until(lambda: name + ":input" in test.ports(), "the monitor")
-            if not tried or self.is_run(test, name):
-                return
-            self.clean()
-            until(lambda: name + ":input" not in test.ports(), "the deaf monitor's end")
-        raise AssertionError("no monitor receives anything")
-
-    def is_run(self, test, name):
-        test.play(name + ":input", "0:" + self.PROBE)
-        try:
-            until(lambda: self.received == [self.PROBE], "the probe", 5)
-        except AssertionError:
-            return False
-        self.known = 1
-        return True
+    def record(self, verb):
+        """The messages so far with their frames."""
+        lines = (line.split() for line in self.printed.rpartition("\n")[0].splitlines())
+        return [(int(line[1]), " ".join(line[2:])) for line in lines if line[0] == verb]
 
     @property
     def received(self):
-        lines = (re.match(r"\s*\d+:((?: [0-9a-f]{2})+)", line) for line in self.printed.splitlines())
-        return [line.group(1).strip() for line in lines if line][self.known:]
+        return [message for _, message in self.record("received")]
 
     def await_message(self, message):
-        until(lambda: message in self.received, f"{message} among {self.received}")
+        """Or the beginning of one."""
+        until(lambda: any(received.startswith(message) for received in self.received),
+              f"{message} among {self.received}")
+
+
+class Monitor(Peer):
+    """Receives messages at its port, NAME:input."""
+
+    def __init__(self, test, name="monitor"):
+        super().__init__(test, name, source="-")
 
 
 class Graph(unittest.TestCase):
@@ -167,10 +164,17 @@ class Graph(unittest.TestCase):
         for name in ("DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"):
             self.environment.pop(name, None)
         self.server = None
+        self.started = []
 
     def tearDown(self):
-        if self.server:
-            self.server.stop()
+        """What still plays ends properly."""
+        try:
+            for orvane in self.started:
+                if orvane.process.poll() is None:
+                    self.assertEqual(orvane.end(), 0, orvane.complained)
+        finally:
+            if self.server:
+                self.server.stop()
 
     def serve(self):
         """Starts the server."""
@@ -189,21 +193,46 @@ class Graph(unittest.TestCase):
         lines = self.tool("jack_lsp", "-c", port, status=None).splitlines()
         return {line.strip() for line in lines if line.startswith(" ")}
 
+    def write(self, name, text):
+        path = self.folder + "/" + name
+        with open(path, "w") as file:
+            file.write(text)
+        return path
+
     def orvane(self, *arguments):
         program = Program(self, ORVANE, "run", *arguments)
-        until(lambda: "Ctrl+C" in program.printed or program.process.poll() is not None, "orvane")
+        program.await_start("Ctrl+C")
         self.assertIsNone(program.process.poll(), program.complained)
+        self.started.append(program)
         return program
 
+    def playing(self, *arguments):
+        """In a graph, with a monitor of its output."""
+        self.serve()
+        monitor = Monitor(self)
+        return self.orvane("--default-output", "Orvane Out", "--connect", "Orvane Out=monitor:input",
+                           *arguments), monitor
+
     def play(self, port, *events):
-        """A second player plays, each event as MILLISECONDS:BYTES."""
-        self.tool(MIDI_SOURCE, "player", port, *events)
+        """Another program plays, each event as FRAME:BYTES. When it leaves, Orvane releases its keys."""
+        self.tool(MIDI_PEER, "player", port, "none", *events)
+
+    def hold(self, *events, to="orvane:Orvane In"):
+        """Another program plays and stays."""
+        return Peer(self, "keys", *events, "stay", to=to)
+
+    def refuse(self, *arguments):
+        """Starts Orvane with arguments that it does not accept, and returns its one line."""
+        result = subprocess.run([ORVANE, *arguments], capture_output=True, timeout=PATIENCE, env=self.environment,
+                                cwd=self.folder, stdin=subprocess.DEVNULL)
+        self.assertEqual((result.returncode, result.stdout, result.stderr.count(b"\n")), (2, b"", 1), arguments)
+        return result.stderr.decode()
 
 
 class Live(Graph):
     def test_messages_of_another_program_are_played_except_those_kept_in_the_host(self):
         self.serve()
-        monitor = Monitor(self, "monitor")
+        monitor = Monitor(self)
         orvane = self.orvane("--client", "X", "--default-output", "Orvane Out", "--connect",
                              "X:Orvane Out=monitor:input", "--connect", "nobody:there=monitor:input")
         self.assertEqual(orvane.complained.count("\n"), 1, orvane.complained)
@@ -211,57 +240,45 @@ class Live(Graph):
         messages = ["90 3c 64", "b0 07 7f", "c0 05", "d0 44", "e0 00 40", "a0 3c 01", "fa", "fb", "fc", "f2 01 02",
                     "80 3c 40", "ff"]
         kept = ["f8", "fe", "f0 01 02 f7"]
-        self.play("X:Orvane In", *(f"{20 * at}:{message.replace(' ', '')}"
+        self.play("X:Orvane In", *(f"{960 * at}:{message.replace(' ', '')}"
                                    for at, message in enumerate(messages[:6] + kept + messages[6:])))
         monitor.await_message("ff")
         self.assertEqual(song(monitor.received), messages)
-        self.assertEqual(orvane.end(), 0)
-        self.assertEqual(sounding(monitor.received), [])
 
     def test_every_midi_port_of_the_graph_is_a_port_of_its_own(self):
         self.serve()
-        monitor = Monitor(self, "monitor")
-        source = Program(self, MIDI_SOURCE, "keys", "-", "0:933c64", "100:833c40")
-        until(lambda: "keys:out" in self.ports(), "the second player")
-        listed = self.tool(ORVANE, "ports")
-        self.assertEqual(listed.splitlines(), [
-            "Back end: JACK", "Inputs", "   0  Orvane In", "   1  keys:out", "Outputs", "   0  Orvane Synthesizer",
-            "   1  Orvane Out", "   2  monitor:input"])
-        source.clean()
-        source = Program(self, MIDI_SOURCE, "keys", "-", "200:933c64", "300:833c40")
-        until(lambda: "keys:out" in self.ports(), "the second player")
-        orvane = self.orvane("--default-output", "2")
+        monitor = Monitor(self)
+        notes = (f"{4800 * turn}:{status}3c40" for turn, status in enumerate(["93", "83"] * 200))
+        Peer(self, "keys", *notes, to="-")
+        self.assertEqual(self.tool(ORVANE, "ports").splitlines(), [
+            "Back end: JACK", "Inputs", "   0  Orvane In", "   1  keys:output", "Outputs",
+            "   0  Orvane Synthesizer", "   1  Orvane Out", "   2  monitor:input"])
+        self.orvane("--default-output", "2")
         self.assertIn("monitor:input", self.connections("orvane:to monitor:input"))
-        self.assertEqual(source.process.wait(PATIENCE), 0)
         monitor.await_message("80 3c 40")
-        self.assertEqual(song(monitor.received), ["90 3c 64", "80 3c 40"], "the layer gives them its channel")
-        self.assertEqual(orvane.end(), 0)
+        self.assertEqual(set(song(monitor.received)), {"90 3c 40", "80 3c 40"}, "the layer gives them its channel")
 
     def test_a_signal_ends_with_every_note_off(self):
+        self.serve()
+        thru, direct = Monitor(self, "thru"), Monitor(self, "direct")
         for sent in (signal.SIGINT, signal.SIGTERM, signal.SIGHUP):
             with self.subTest(signal=sent.name):
-                self.serve()
-                thru, direct = Monitor(self, "thru"), Monitor(self, "direct")
                 orvane = self.orvane("--default-output", "thru:input")
-                self.play("orvane:Orvane In", "0:903c64", "10:913e64")
+                keys = self.hold("0:903c64", "480:913e64")
                 output = next(line.split()[0] for line in orvane.printed.splitlines() if line.endswith("direct:input"))
-                orvane.say(f"play {output} 9 -1 144 36 100")
-                orvane.say(f"play {output} 0 -1 176 64 127")
-                thru.await_message("90 3e 64")
-                direct.await_message("b0 40 7f")
+                orvane.say(f"play {output} 9 -1 144 36 100", f"play {output} 0 -1 176 64 127")
+                until(lambda: sounding(thru.received) == ["3c", "3e"] and sounding(direct.received) == ["24"] and
+                      direct.received[-1] == "b0 40 7f", "the notes and the pedal")
                 self.assertEqual(orvane.end(sent), 0, orvane.complained)
-                for monitor, expected in ((thru, ["80 3c", "80 3e"]), (direct, ["89 24", "b0 40 00"])):
-                    for message in expected:
-                        until(lambda: any(received.startswith(message) for received in monitor.received),
-                              f"{message} among {monitor.received}")
+                until(lambda: not sounding(thru.received) + sounding(direct.received), "the note-offs")
+                until(lambda: [said for said in direct.received if said[0] == "b"][-1] == "b0 40 00", "the pedal")
                 self.assertEqual(orvane.complained, "")
-                self.startAfresh()
+                keys.clean()
 
     def test_what_was_played_is_saved_by_a_command_and_by_a_signal_and_kept_for_the_next_run(self):
         self.serve()
         orvane = self.orvane("--display")
-        orvane.say("play 1 0 -1 144 60 100")
-        orvane.say("play 0 0 -1 192 7 0")
+        orvane.say("play 1 0 -1 144 60 100", "play 0 0 -1 192 7 0")
         until(lambda: "Orvane Out\t1\tNote On\t60 (C4)\t100\nOrvane Synthesizer\t1\tProgram Change" in orvane.printed,
               f"the display, {orvane.printed}")
         orvane.say("record take")
@@ -273,9 +290,8 @@ class Live(Graph):
 
         orvane = self.orvane()
         orvane.process.send_signal(signal.SIGUSR1)
-        until(lambda: "saved " in orvane.complained, "the record of the run before")
-        until(lambda: "nothing was played" in orvane.complained or orvane.process.send_signal(signal.SIGUSR1), "the end")
-        self.assertEqual(orvane.end(), 0)
+        orvane.await_complaint("saved ")
+        until(lambda: "nothing was played" in orvane.complained or orvane.process.send_signal(signal.SIGUSR1), "a no")
         takes = sorted(glob.glob(self.folder + "/*.mid"))
         self.assertEqual([re.sub("[0-9. -]+", " ", os.path.basename(take)) for take in takes],
                          ["record _Orvane Out mid", "take_Orvane Out mid", "take_Orvane Synthesizer mid"])
@@ -284,11 +300,6 @@ class Live(Graph):
             events = take.read()
         self.assertTrue(b"\x90\x3e\x64" in events and b"\x80\x3e" in events, "the note and the end's note off")
 
-    def startAfresh(self):
-        self.tearDown()
-        self.doCleanups()
-        self.setUp()
-
     def test_programs_change_by_option_by_command_by_key_and_by_midi(self):
         program = """<Program name="{0}"><ComputerInput>
             <Key id="F9"><Function><Down><ChangeProgram type="up"/></Down></Function></Key>
@@ -296,78 +307,57 @@ class Live(Graph):
             </ComputerInput><MidiInput><MidiEvent midiEvent="Program Change"><Translation>
             <ChangeProgram type="D1"/></Translation></MidiEvent></MidiInput>
             <Layers><Layer channel="{0}"/></Layers></Program>"""
-        bank = self.folder + "/four.bnk"
-        with open(bank, "w") as file:
-            file.write("<Bank>" + "".join(program.format(number) for number in range(4)) + "</Bank>")
-        self.serve()
-        monitor = Monitor(self, "monitor")
-        orvane = self.orvane("--client", "X", "--default-output", "Orvane Out", "--connect",
-                             "X:Orvane Out=monitor:input", "--load", bank, "--number", "1")
-        received = []
+        bank = self.write("four.bnk", "<Bank>" + "".join(map(program.format, range(4))) + "</Bank>")
+        orvane, monitor = self.playing("--load", bank, "--number", "1")
+        expected = []
 
-        def press(channel):
-            orvane.say("key down Q")
-            orvane.say("key up Q")
-            for message in (f"9{channel} 3c 64", f"8{channel} 3c 64"):
-                received.append(message)
-                monitor.await_message(message)
+        def expect(*messages):
+            expected.extend(messages)
+            until(lambda: len(song(monitor.received)) >= len(expected), f"{expected}, not {monitor.received}")
+            self.assertEqual(song(monitor.received), expected)
 
-        press(1)
-        orvane.say("key down F9")
-        orvane.say("key up F9")
-        press(2)
-        orvane.say('function <ChangeProgram type="0"/>')
-        press(0)
-        self.play("X:Orvane In", "0:c003", "50:903c64", "100:803c40")
-        for message in ("93 3c 64", "83 3c 40"):
-            received.append(message)
-            monitor.await_message(message)
-        orvane.say("key down F9")
-        orvane.say("key up F9")  # the last program stays
-        orvane.say('function <ChangeProgram type="down"/>')
-        orvane.say("key down Q")
-        orvane.say("key up Q")
-        received += ["92 3c 64", "82 3c 64"]
-        until(lambda: len(song(monitor.received)) >= len(received), "the program before the last")
-        self.assertEqual(orvane.end(), 0)
-        self.assertEqual(song(monitor.received), received)
+        orvane.say("key down Q", "key up Q")
+        expect("91 3c 64", "81 3c 64")
+        orvane.say("key down F9", "key up F9", "key down Q", "key up Q")
+        expect("92 3c 64", "82 3c 64")
+        orvane.say('function <ChangeProgram type="0"/>', "key down Q", "key up Q")
+        expect("90 3c 64", "80 3c 64")
+        self.play("orvane:Orvane In", "0:c003", "2400:903c64", "4800:803c40")
+        expect("93 3c 64", "83 3c 40")
+        orvane.say("key down F9", "key up F9")  # the last program stays
+        orvane.say('function <ChangeProgram type="down"/>', "key down Q", "key up Q")
+        expect("92 3c 64", "82 3c 64")
 
     def test_a_disabled_output_ends_its_notes_and_can_be_enabled_again(self):
-        self.serve()
-        monitor = Monitor(self, "monitor")
-        orvane = self.orvane("--connect", "Orvane Out=monitor:input")
+        orvane, monitor = self.playing()
         orvane.say("play 2 0 -1 144 60 100")
         monitor.await_message("90 3c 64")
         orvane.say("enable output 2 off")
         until(lambda: not sounding(monitor.received), "the note-off")
         until(lambda: not self.connections("orvane:to monitor:input"), "the end of the connection")
-        orvane.say("play 2 0 -1 144 62 100")
-        orvane.say("play 1 0 -1 176 1 1")
+        orvane.say("play 2 0 -1 144 62 100", "play 1 0 -1 176 1 1")
         monitor.await_message("b0 01 01")
         orvane.say("enable output 2 on")
         until(lambda: self.connections("orvane:to monitor:input"), "the connection")
         orvane.say("nonsense")
-        until(lambda: "standard input:6: " in orvane.complained, "the complaint")
+        orvane.await_complaint("standard input:6: ")
         # The list that says the output is back may still be under way when the first note is played.
         until(lambda: orvane.say("play 2 0 -1 144 65 100") or "90 41 64" in monitor.received, "a note")
         self.assertNotIn("90 3e 64", monitor.received)
         orvane.process.stdin.close()
         self.assertEqual(orvane.end(), 0)
-        until(lambda: monitor.received[-1].startswith("80"), "the last note off")
+        until(lambda: not sounding(monitor.received), "the last note-off")
 
     def test_a_disabled_input_is_not_received(self):
-        self.serve()
-        monitor = Monitor(self, "monitor")
-        orvane = self.orvane("--default-output", "2")
+        orvane, monitor = self.playing()
         self.play("orvane:Orvane In", "0:903c64")
         monitor.await_message("90 3c 64")
         orvane.say("enable input 0 off")
         until(lambda: not sounding(monitor.received), "the note-off of the input")
         self.play("orvane:Orvane In", "0:904064")
-        orvane.say("play 2 0 -1 176 1 1")
+        orvane.say("play 1 0 -1 176 1 1")
         monitor.await_message("b0 01 01")
-        self.assertEqual([received[:5] for received in monitor.received], ["90 3c", "80 3c", "b0 01"])
-        self.assertEqual(orvane.end(), 0)
+        self.assertEqual([received[:5] for received in song(monitor.received)], ["90 3c", "80 3c", "b0 01"])
 
     def test_the_built_in_synthesizer_sounds(self):
         self.serve()
@@ -375,14 +365,12 @@ class Live(Graph):
         self.assertEqual(self.connections("orvane:Synthesizer Left"), {"system:playback_1"})
         self.assertEqual(self.connections("orvane:Synthesizer Right"), {"system:playback_2"})
         orvane.say("play -1 0 -1 144 60 120")
-        with tempfile.TemporaryDirectory() as folder:
-            path = os.path.join(folder, "sound.wav")
-            self.tool("jack_rec", "-f", path, "-d", "1", "-b", "16", "orvane:Synthesizer Left",
-                      "orvane:Synthesizer Right", status=None)
-            with wave.open(path) as sound:
-                samples = memoryview(sound.readframes(sound.getnframes())).cast("h")
+        path = self.folder + "/sound.wav"
+        self.tool("jack_rec", "-f", path, "-d", "1", "-b", "16", "orvane:Synthesizer Left",
+                  "orvane:Synthesizer Right", status=None)
+        with wave.open(path) as sound:
+            samples = memoryview(sound.readframes(sound.getnframes())).cast("h")
         self.assertGreater(max(samples), 300, "silence")
-        self.assertEqual(orvane.end(), 0)
 
     def test_a_server_that_dies_does_not_stop_the_program(self):
         for sent in (signal.SIGKILL, signal.SIGTERM):
@@ -391,12 +379,10 @@ class Live(Graph):
                 orvane = self.orvane("--default-output", "1")
                 self.play("orvane:Orvane In", "0:903c64")
                 self.server.end(sent)
-                until(lambda: "server is gone" in orvane.complained, "the complaint")
-                for command in ("play 1 0 -1 144 60 100", "enable output 1 off", "enable input 0 off", "nonsense"):
-                    orvane.say(command)
-                until(lambda: "standard input:4" in orvane.complained, "the complaint")
+                orvane.await_complaint("server is gone")
+                orvane.say("play 1 0 -1 144 60 100", "enable output 1 off", "enable input 0 off", "nonsense")
+                orvane.await_complaint("standard input:4")
                 self.assertEqual(orvane.end(), 0, orvane.complained)
-                self.startAfresh()
 
     def test_with_a_server_that_hangs_it_ends_and_a_second_signal_ends_at_once(self):
         self.serve()
@@ -405,32 +391,34 @@ class Live(Graph):
             until(lambda: f"{other}:Orvane Out" in self.connections(f"{one}:from {other}:Orvane Out"), "both to settle")
         self.server.process.send_signal(signal.SIGSTOP)
         hurried.process.send_signal(signal.SIGTERM)
-        until(lambda: not hurried.isPending(signal.SIGTERM), "the first signal to be taken")
+        until(lambda: not hurried.has_pending(signal.SIGTERM), "the first signal to be taken")
         self.assertEqual(hurried.end(signal.SIGINT), 128 + signal.SIGINT)
         self.assertEqual(patient.end(), 0)
 
     def test_without_a_server_it_says_so_and_runs(self):
         listed = self.tool(ORVANE, "ports")
         self.assertNotIn("Back end: JACK", listed)
-        orvane = self.orvane("--tempo", "250", "--connect", "a:b=c:d")
+        orvane = self.orvane("--tempo", "250", "--connect", "a:b=c:d", "--transport", "--clock-out", "0")
         self.assertIn("a:b=c:d: there is no JACK server", orvane.complained)
+        self.assertIn("--transport: there is no JACK server", orvane.complained)
         self.assertEqual("no MIDI ports" in orvane.complained, "Back end: none" in listed)
         self.assertEqual("synthesizer is silent" in orvane.complained, "Synthesizer (Couldn't Open)" in listed)
-        orvane.say("play 0 0 -1 144 60 100")
-        orvane.say("midi 0 90 3C")
-        orvane.say("play 0")
-        until(lambda: "standard input:3: " in orvane.complained, "the complaint")
+        orvane.say("play 0 0 -1 144 60 100", "midi 0 90 3C", "play 0", "x" * (1 << 20), "", "# a comment", "nonsense")
+        for line, reason in ((3, ""), (4, "the line is too long\n"), (7, "")):
+            orvane.await_complaint(f"standard input:{line}: {reason}")
+        self.assertEqual(orvane.complained.count("standard input:"), 3)
         self.assertEqual(orvane.end(signal.SIGTERM), 0)
 
     def test_without_any_output_the_program_alone_renders_the_demonstration(self):
         listed = self.tool(ORVANE, "ports")
         if "Back end: none" not in listed or "Couldn't Open" not in listed:
             self.skipTest("this machine has an output")
-        with tempfile.TemporaryDirectory() as folder:
-            result = subprocess.run([ORVANE], cwd=folder, env=self.environment, capture_output=True, timeout=120)
-            self.assertEqual(result.returncode, 0, result.stderr)
-            self.assertIn(b"There is no window, because there is no display.\n", result.stderr)
-            self.assertEqual(sorted(os.listdir(folder)), ["demonstration.mid", "demonstration.wav"])
+        os.mkdir(self.folder + "/here")
+        result = subprocess.run([ORVANE], cwd=self.folder + "/here", env=self.environment, capture_output=True,
+                                timeout=PATIENCE)
+        self.assertEqual(result.returncode, 0, result.stderr)
+        self.assertIn(b"There is no window, because there is no display.\n", result.stderr)
+        self.assertEqual(sorted(os.listdir(self.folder + "/here")), ["demonstration.mid", "demonstration.wav"])
 
     def test_a_wrong_option_is_one_line_and_status_2(self):
         self.serve()
@@ -439,14 +427,13 @@ class Live(Graph):
                           ["run", "--default-output", "Nowhere"], ["run", "--default-output", "2"],
                           ["run", "--load", "no.bnk"], ["run", "--load", ORVANE], ["run", "--number", "-1"],
                           ["run", "--client", "a:b"], ["run", "--client", ""], ["ports", "--nonsense"]):
-            result = subprocess.run([ORVANE, *arguments], capture_output=True, timeout=PATIENCE, env=self.environment,
-                                    stdin=subprocess.DEVNULL)
-            self.assertEqual(result.returncode, 2, arguments)
-            self.assertEqual(len(result.stderr.splitlines()), 1, result.stderr)
-            self.assertEqual(result.stdout, b"")
+            self.refuse(*arguments)
+        for option, value in (("--clock-in", "Nowhere"), ("--clock-out", "99")):
+            self.assertIn(f"{option}: there is no ", self.refuse("run", option, value))
+        self.assertEqual(self.refuse("run", "--keys"), "orvane: --keys: standard input is not a terminal\n")
         self.assertEqual(self.tool(ORVANE, "--version"), "Orvane 3.2\n")
         self.assertIn("--default-output", self.tool(ORVANE, "run", "--help"))
 
 
 if __name__ == "__main__":
-    unittest.main(argv=sys.argv[:1], verbosity=1)
+    unittest.main(argv=sys.argv[:1] + sys.argv[4:], verbosity=1)

@@ -43,43 +43,41 @@ class Page(HTMLParser):
             self.title += data
 
 
-def pages():
-    return {name: Page(name) for name in sorted(os.listdir(MANUAL)) if name.endswith(".htm")}
-
-
 def size_of(picture):
     with open(os.path.join(MANUAL, picture), "rb") as file:
         return struct.unpack(">II", file.read(24)[16:])
 
 
 class Manual(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.pages = {name: Page(name) for name in sorted(os.listdir(MANUAL)) if name.endswith(".htm")}
+
     def test_every_page_is_well_formed_and_has_a_title_of_its_own(self):
-        found = pages()
-        for name, page in found.items():
+        for name, page in self.pages.items():
             self.assertEqual(page.problems, [], name)
-        self.assertEqual(len({page.title for page in found.values()} - {""}), len(found))
+        self.assertEqual(len({page.title for page in self.pages.values()} - {""}), len(self.pages))
 
     def test_every_link_leads_somewhere_within_the_manual(self):
-        found = pages()
-        for name, page in found.items():
+        for name, page in self.pages.items():
             for link in page.links:
                 target, _, anchor = link.partition("#")
                 with self.subTest(page=name, link=link):
                     self.assertIn(target or name, os.listdir(MANUAL))
                     if anchor:
-                        self.assertIn(anchor, found[target or name].anchors)
+                        self.assertIn(anchor, self.pages[target or name].anchors)
 
     def test_every_page_is_reached_from_the_first(self):
-        found, reached, next_ones = pages(), set(), {FIRST}
+        reached, next_ones = set(), {FIRST}
         while next_ones:
             reached |= next_ones
-            links = {link.partition("#")[0] for name in next_ones for link in found[name].links}
-            next_ones = (links & set(found)) - reached
-        self.assertEqual(reached, set(found))
+            links = {link.partition("#")[0] for name in next_ones for link in self.pages[name].links}
+            next_ones = (links & set(self.pages)) - reached
+        self.assertEqual(reached, set(self.pages))
 
     def test_every_picture_is_there_sharp_on_any_display_and_described(self):
         count = 0
-        for name, page in pages().items():
+        for name, page in self.pages.items():
             for picture in page.pictures:
                 with self.subTest(page=name, picture=picture):
                     width, height = size_of(picture["src"])
@@ -91,12 +89,11 @@ class Manual(unittest.TestCase):
 
     def test_every_topic_that_the_program_names_has_its_page(self):
         topics = {FIRST}
-        for room in ("gui", "backend", "host", "apps"):
-            for path in glob.glob(f"{SOURCE}/{room}/**/*.cpp", recursive=True) + \
-                    glob.glob(f"{SOURCE}/{room}/**/*.h", recursive=True):
+        for folder in ("gui", "backend", "host", "apps"):
+            for path in glob.glob(f"{SOURCE}/{folder}/**/*.[ch]*", recursive=True):
                 with open(path, encoding="utf-8") as file:
                     topics |= set(re.findall(r'"([^"\n]*\.htm)"', file.read()))
-        self.assertEqual(topics - set(pages()), set())
+        self.assertEqual(topics - set(self.pages), set())
 
 
 if __name__ == "__main__":

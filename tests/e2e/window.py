@@ -1,19 +1,18 @@
 """The window as its users meet it, on a display and in a JACK graph of the test's own:
-window.py ORVANE MIDI_SOURCE MIDI_FILE_READERS.sh X_CLIENT"""
+window.py ORVANE MIDI_PEER MIDI_FILE_READERS.sh"""
+import ctypes
 import glob
 import os
 import re
 import shutil
 import signal
 import socket
-import subprocess
 import sys
 import unittest
 
 import live
-from live import Monitor, Program, sounding, until
+from live import Monitor, Program, song, sounding, until
 
-X_CLIENT = sys.argv[4]
 TITLE = "Orvane 3"
 
 # What a key is called by its place: the codes of every PC keyboard.
@@ -25,7 +24,6 @@ PROGRAM = """<ProgramFile><Program name="Test">
     </Function></Key></ComputerInput>
     <MidiInput>
     <MidiEvent midiEvent="Controller Change,20"><Translation><ShowDisplay/></Translation></MidiEvent>
-    <MidiEvent midiEvent="Controller Change,21"><Translation><ShowHelp/></Translation></MidiEvent>
     <MidiEvent midiEvent="Controller Change,22"><Translation><MoveWindowTranslation x="120" y="80"/></Translation>
     </MidiEvent></MidiInput>
     <Layers><Layer channel="{channel}"/></Layers></Program></ProgramFile>"""
@@ -37,10 +35,35 @@ class Display(Program):
     def __init__(self, test):
         super().__init__(test, "Xvfb", "-displayfd", "1", "-screen", "0", "1280x1024x24", "-nolisten", "tcp",
                          "-noreset")
-        until(lambda: self.printed.endswith("\n") or self.process.poll() is not None, "the display")
+        self.await_start("\n")
         if self.process.poll() is not None:
             test.skipTest("this machine gives no display: " + self.complained)
         self.name = ":" + self.printed.strip()
+
+
+class OtherProgram:
+    """Another program on the display."""
+
+    def __init__(self, test):
+        self.x = ctypes.CDLL("libX11.so.6")
+        self.x.XOpenDisplay.restype = ctypes.c_void_p
+        self.display = ctypes.c_void_p(self.x.XOpenDisplay(test.display.name.encode()))
+
+    def close(self, window):
+        """As the desktop does."""
+        protocols = self.x.XInternAtom(self.display, b"WM_PROTOCOLS", 0)
+        delete = self.x.XInternAtom(self.display, b"WM_DELETE_WINDOW", 0)
+        event = (ctypes.c_long * 24)(33, 0, 0, 0, window, protocols, 32, delete)  # an XClientMessageEvent
+        self.x.XSendEvent(self.display, window, 0, 0, event)
+        self.x.XSync(self.display, 0)
+
+    def take_focus(self):
+        """With a window of its own."""
+        root = self.x.XDefaultRootWindow(self.display)
+        window = self.x.XCreateSimpleWindow(self.display, root, 900, 0, 50, 50, 0, 0, 0)
+        self.x.XMapRaised(self.display, window)
+        self.x.XSetInputFocus(self.display, window, 2, 0)
+        self.x.XSync(self.display, 0)
 
 
 class Window(live.Graph):
@@ -49,31 +72,32 @@ class Window(live.Graph):
         for tool in ("Xvfb", "xdotool"):
             if not shutil.which(tool):
                 self.skipTest(tool + " is not installed")
-        runtime = self.folder + "/runtime"
-        os.mkdir(runtime, 0o700)
-        self.environment["XDG_RUNTIME_DIR"] = runtime
+        self.environment["XDG_RUNTIME_DIR"] = self.folder + "/runtime"
+        os.mkdir(self.folder + "/runtime", 0o700)
         self.display = Display(self)
         self.environment["DISPLAY"] = self.display.name
         self.serve()
-        self.monitor = Monitor(self, "monitor")
+        self.monitor = Monitor(self)
 
-    def write(self, name, channel=0):
-        path = os.path.join(self.folder, name)
-        with open(path, "w") as file:
-            file.write(PROGRAM.format(channel=channel))
-        return path
+    def program(self, name, channel=0):
+        return self.write(name, PROGRAM.format(channel=channel))
 
     def open(self, *arguments, **options):
         program = Program(self, live.ORVANE, *arguments, **options)
-        until(lambda: "Closing the window" in program.printed or program.process.poll() is not None, "orvane")
+        program.await_start("Closing the window")
         self.assertIsNone(program.process.poll(), program.complained)
+        self.started.append(program)
         until(lambda: self.windows(), "the window")
         return program
 
-    def openPlaying(self, *arguments, **options):
+    def open_playing(self, *arguments, **options):
         """What is played comes to the monitor."""
         return self.open("--default-output", "Orvane Out", "--connect", "orvane:Orvane Out=monitor:input", *arguments,
                          **options)
+
+    def close(self, orvane):
+        OtherProgram(self).close(int(self.windows()[0]))
+        self.assertEqual(orvane.process.wait(live.PATIENCE), 0, orvane.complained)
 
     def windows(self):
         return self.tool("xdotool", "search", "--onlyvisible", "--name", f"^{TITLE}$", status=None).split()
@@ -83,25 +107,26 @@ class Window(live.Graph):
         text = self.tool("xdotool", "getwindowgeometry", "--shell", self.windows()[0])
         return [int(re.search(name + r"=(-?\d+)", text).group(1)) for name in ("X", "Y", "WIDTH", "HEIGHT")]
 
-    def focused(self):
-        return self.tool("xdotool", "getwindowfocus", "getwindowname", status=None).strip()
+    def await_focus(self):
+        until(lambda: self.tool("xdotool", "getwindowfocus", "getwindowname", status=None) == TITLE + "\n", "the focus")
 
-    def awaitKeys(self):
-        """Waits until keys play. The window leaves out one that goes down while the focus arrives, which might have been
-        held before."""
-        until(lambda: self.focused() == TITLE, "the focus")
+    def await_keys(self):
+        """Waits until keys play. The window leaves out one that goes down while the focus arrives, which might have
+        been held before."""
+        self.await_focus()
         known = self.monitor.received.count("90 3e 64")
         until(lambda: self.key("key", W) or self.monitor.received.count("90 3e 64") > known, "a key that plays")
-        self.checkSilence()
+        self.await_silence()
 
     def key(self, action, code):
         self.tool("xdotool", action, str(code))
 
-    def holdANote(self):
-        self.play("orvane:Orvane In", "0:903c64")
-        self.monitor.await_message("90 3c 64")
+    def hold_a_note(self):
+        keys = self.hold("0:903c64")
+        until(lambda: sounding(self.monitor.received) == ["3c"], "the note")
+        return keys
 
-    def checkSilence(self):
+    def await_silence(self):
         until(lambda: not sounding(self.monitor.received), "the note-off")
 
     def settings(self):
@@ -111,134 +136,121 @@ class Window(live.Graph):
             return dict(line.strip().split("=", 1) for line in file if "=" in line)
 
     def test_closing_the_window_ends_the_program_with_every_note_off(self):
-        orvane = self.openPlaying()
-        self.holdANote()
-        self.tool(X_CLIENT, "close", TITLE)
-        self.assertEqual(orvane.process.wait(live.PATIENCE), 0, orvane.complained)
-        self.checkSilence()
-        self.assertEqual(set(self.monitor.received), {"90 3c 64", "80 3c 64"})
+        orvane = self.open_playing()
+        self.hold_a_note()
+        self.close(orvane)
+        self.await_silence()
+        self.assertEqual([message[:5] for message in song(self.monitor.received)], ["90 3c", "80 3c"])
         self.assertEqual(orvane.complained, "")
 
-    def test_a_signal_ends_the_program_with_every_note_off(self):
+    def test_a_signal_saves_the_record_and_another_ends_the_program_with_every_note_off(self):
         for sent in (signal.SIGTERM, signal.SIGINT, signal.SIGHUP):
             with self.subTest(signal=sent.name):
-                orvane = self.openPlaying()
-                self.holdANote()
+                orvane = self.open_playing()
+                keys = self.hold_a_note()
+                orvane.process.send_signal(signal.SIGUSR1)
+                orvane.await_complaint("saved ")
                 self.assertEqual(orvane.end(sent), 0, orvane.complained)
-                self.checkSilence()
-
-    def test_a_signal_saves_the_record(self):
-        orvane = self.openPlaying()
-        self.holdANote()
-        orvane.process.send_signal(signal.SIGUSR1)
-        until(lambda: "saved " in orvane.complained, "the record")
-        self.assertEqual(orvane.end(), 0)
+                self.await_silence()
+                keys.clean()
 
     def test_the_clock_the_status_and_the_graph_go_on_beside_it(self):
-        orvane = self.openPlaying("--clock-out", "Orvane Out", "--status")
+        orvane = self.open_playing("--clock-out", "Orvane Out", "--status")
         until(lambda: self.monitor.received.count("f8") > 48, "ticks")
         self.assertEqual(self.monitor.received[:2], ["fa", "f8"])
         until(lambda: "\nJACK 48000 Hz" in orvane.printed, "the status")
         self.server.end(signal.SIGKILL)
-        until(lambda: "server is gone" in orvane.complained, "the complaint")
+        orvane.await_complaint("server is gone")
         self.serve()
-        until(lambda: "server is back" in orvane.complained, "the return")
+        orvane.await_complaint("server is back")
         self.monitor.clean()
-        self.monitor = Monitor(self, "monitor", tried=False)
+        self.monitor = Monitor(self)
         until(lambda: self.monitor.received.count("f8") > 48, "ticks")
-        self.holdANote()
-        self.tool(X_CLIENT, "close", TITLE)
-        self.assertEqual(orvane.process.wait(live.PATIENCE), 0, orvane.complained)
-        self.checkSilence()
-        self.assertEqual(set(self.monitor.received), {"f8", "90 3c 64", "80 3c 64", "fc"})
+        self.hold_a_note()
+        self.close(orvane)
+        self.await_silence()
+        self.assertEqual({message[:5] for message in self.monitor.received}, {"f8", "90 3c", "80 3c", "fc"})
 
     def test_a_display_that_hangs_or_dies_leaves_no_note_sounding(self):
-        orvane = self.openPlaying()
-        self.holdANote()
+        orvane = self.open_playing()
+        keys = self.hold_a_note()
         self.display.process.send_signal(signal.SIGSTOP)
         orvane.end(signal.SIGTERM)
-        self.checkSilence()
+        self.await_silence()
+        keys.clean()
         self.display.process.send_signal(signal.SIGCONT)
 
-        orvane = self.openPlaying()
-        self.holdANote()
+        orvane = self.open_playing()
+        self.hold_a_note()
         self.display.process.kill()
         self.assertNotEqual(orvane.process.wait(live.PATIENCE), 0)
-        self.checkSilence()
+        self.await_silence()
 
     def test_keys_play_and_are_released_with_the_focus(self):
-        orvane = self.openPlaying(self.write("keys.prg"))
-        self.awaitKeys()
-        self.key("keydown", Q)
-        self.monitor.await_message("90 3c 64")
-        self.key("keyup", Q)
-        self.checkSilence()
-
-        self.key("keydown", Q)
-        until(lambda: self.monitor.received.count("90 3c 64") == 2, "the second note")
-        other = Program(self, X_CLIENT, "stay")
-        until(lambda: "here" in other.printed, "the other window")
-        self.checkSilence()
+        orvane = self.open_playing(self.program("keys.prg"))
+        self.await_keys()
+        for count in (1, 2):
+            self.key("keydown", Q)
+            until(lambda: self.monitor.received.count("90 3c 64") == count, "the note")
+            if count == 1:
+                self.key("keyup", Q)
+                self.await_silence()
+        OtherProgram(self).take_focus()
+        self.await_silence()
         self.key("keyup", Q)
         self.key("key", Q)
-        other.clean()
 
         self.tool("xdotool", "windowfocus", "--sync", self.windows()[0])
-        self.awaitKeys()
+        self.await_keys()
         self.key("keydown", Q)
         until(lambda: self.monitor.received.count("90 3c 64") == 3, "the third note and no more")
         self.assertEqual(orvane.end(signal.SIGTERM), 0, orvane.complained)
         self.key("keyup", Q)
-        self.checkSilence()
+        self.await_silence()
 
     def test_suspended_while_keys_play_it_leaves_no_note_sounding(self):
-        orvane = self.openPlaying(self.write("keys.prg"), process_group=0)  # a job of ours, which can be suspended
-        self.awaitKeys()
+        orvane = self.open_playing(self.program("keys.prg"), process_group=0)  # a job of ours, which can be suspended
+        self.await_keys()
         Program(self, "xdotool", "key", "--delay", "1", "--repeat", "1000000", str(Q))
         for _ in range(5):
             known = len(self.monitor.received)
             until(lambda: len(self.monitor.received) > known + 20, "keys that play")
             orvane.process.send_signal(signal.SIGTSTP)
             self.assertTrue(os.WIFSTOPPED(os.waitpid(orvane.process.pid, os.WUNTRACED)[1]))
-            self.checkSilence()
+            self.await_silence()
             orvane.process.send_signal(signal.SIGCONT)
         self.assertEqual(orvane.end(), 0, orvane.complained)
-        self.checkSilence()
+        self.await_silence()
 
     def test_the_window_comes_back_as_it_was(self):
-        orvane = self.openPlaying(self.write("screens.prg"))
-        _, _, width, height = self.place()
+        orvane = self.open_playing(self.program("screens.prg"))
+        height = self.place()[3]
         self.play("orvane:Orvane In", "0:b01401")  # the display shows
         until(lambda: self.place()[3] > height, "a larger window")
         self.play("orvane:Orvane In", "0:b01601")
         until(lambda: self.place()[:2] == [120, 80], "the window at its new place")
         place = self.place()
-        self.tool(X_CLIENT, "close", TITLE)
-        self.assertEqual(orvane.process.wait(live.PATIENCE), 0)
+        self.close(orvane)
         shown = self.settings()
 
-        orvane = self.openPlaying()
+        orvane = self.open_playing()
         until(lambda: self.place() == place, f"the window as it was, {place}, not {self.place()}")
         self.assertEqual(orvane.end(), 0)
         self.assertEqual(self.settings(), shown)
 
     def test_a_second_start_offers_the_window_of_the_first(self):
-        first = self.openPlaying(self.write("one.prg", 0))
-        other = Program(self, X_CLIENT, "stay")
-        until(lambda: "here" in other.printed, "the other window")
-        self.write("two.prg", 2)
+        first = self.open_playing(self.program("one.prg", 0))
+        OtherProgram(self).take_focus()
+        self.program("two.prg", 2)
         second = Program(self, live.ORVANE, "two.prg", "--load", "two.prg")
         self.assertEqual(second.process.wait(live.PATIENCE), 0, second.complained)
         self.assertEqual((second.printed.count("\n"), second.complained), (1, ""))
         self.assertIn("already open", second.printed)
-        until(lambda: self.focused() == TITLE, "the focus")
-        until(lambda: self.play("orvane:Orvane In", "0:903c64", "1:803c40") or "92 3c 64" in self.monitor.received,
+        self.await_focus()
+        until(lambda: self.play("orvane:Orvane In", "0:903c64", "48:803c40") or "92 3c 64" in self.monitor.received,
               "the program of the second start")
 
-        wrong = subprocess.run([live.ORVANE, "no.prg"], env=self.environment, cwd=self.folder, capture_output=True,
-                               timeout=live.PATIENCE)
-        self.assertEqual((wrong.returncode, wrong.stderr.count(b"\n")), (2, 1), wrong.stderr)
-
+        self.refuse("no.prg")
         another = self.open(env={**self.environment, "XDG_CONFIG_HOME": self.folder + "/another"})
         self.assertEqual(len(self.windows()), 2)
         self.assertEqual(another.end(), 0)
@@ -255,10 +267,10 @@ class Window(live.Graph):
         killed.process.kill()
         killed.process.wait()
         orvane = self.open()
-        (door,) = glob.glob(self.environment["XDG_RUNTIME_DIR"] + "/orvane-*.socket")
+        (path,) = glob.glob(self.environment["XDG_RUNTIME_DIR"] + "/orvane-*.socket")
         for nonsense in (b"", b"orvane window 1", b"nonsense\0" * 1000):
             with socket.socket(socket.AF_UNIX) as visitor:
-                visitor.connect(door)
+                visitor.connect(path)
                 visitor.sendall(nonsense)
                 visitor.shutdown(socket.SHUT_WR)
                 self.assertEqual(visitor.recv(1), b"")
@@ -271,10 +283,10 @@ class Window(live.Graph):
                                 ({"DISPLAY": "", "WAYLAND_DISPLAY": "nowhere"}, "the display nowhere does not answer")):
             with self.subTest(changes):
                 orvane = Program(self, live.ORVANE, "--client", "blind", env={**self.environment, **changes})
-                until(lambda: "Commands are read" in orvane.printed, "orvane")
+                orvane.await_start("Commands are read")
                 self.assertEqual(orvane.complained, f"orvane: There is no window, because {reason}.\n")
                 self.assertEqual(orvane.end(), 0)
 
 
 if __name__ == "__main__":
-    unittest.main(argv=sys.argv[:1] + sys.argv[5:], verbosity=1)
+    unittest.main(argv=sys.argv[:1] + sys.argv[4:], verbosity=1)
