@@ -50,8 +50,8 @@ keys() {
 }
 
 restarts() {
-    build release orvane midi_source || return 1
-    nice -n 10 python3 bench/endurance.py build/release/bin/orvane build/release/bin/midi_source restarts 100
+    build release orvane midi_peer || return 1
+    nice -n 10 python3 bench/endurance.py build/release/bin/orvane build/release/bin/midi_peer restarts 100
 }
 
 fuzz_one() {

@@ -2,10 +2,12 @@
 #include <memory>
 #include <sstream>
 
+#include "api/OrvFactory.h"
 #include "backend/sections/computerinput/ComputerInputManager.h"
 #include "backend/xml/XmlDocument.h"
 #include "fuzz/Fuzzing.h"
-#include "tests/stage/LiveStage.h"
+#include "tests/stage/PrivateFolders.h"
+#include "tests/stage/SilentPlayer.h"
 
 using namespace Backend;
 
@@ -14,7 +16,7 @@ namespace
 /// One backend for all, whose threads do not run: what is posted is freed when it goes.
 struct House {
     PrivateFolders folders;
-    LiveStage::Player player;
+    SilentPlayer player;
     std::unique_ptr<OrvIF> orv{OrvFactory::createOrv("Fuzz", player, false)};
 };
 

@@ -1,28 +1,11 @@
 #include "api/OrvFactory.h"
-
-#include <gtest/gtest.h>
-
-#include <thread>
-
 #include "backend/files/GuiStart.h"
 #include "backend/files/RegistrySettings.h"
-#include "backend/messages/GuiMessages.h"
 #include "backend/messages/MessageManagerMaster.h"
-#include "backend/model/Program.h"
 #include "tests/stage/Stage.h"
 
 using namespace Backend;
 using namespace Backend::MidiEngine;
-
-namespace
-{
-std::vector<unsigned> messagesOf(MessageQueue& window)
-{
-    std::vector<unsigned> numbers;
-    while (window.handleNext([&](Message& message) { numbers.push_back(message.number); })) {}
-    return numbers;
-}
-}  // namespace
 
 TEST(Orv, PostsBeforeTheStartWaitAndThoseOfManyThreadsKeepTheirOrder)
 {
@@ -57,7 +40,7 @@ TEST(Orv, MakesTheWindowThatItWasGivenWithWhatItKnowsAndLaterSendsItAll)
     static char made;
     OrvFactory::setGuiFactory([](OrvIF&, GuiStart known) {
         start = std::move(known);
-        return reinterpret_cast<Gui::OrvGuiIF*>(&made);  // nobody looks into it
+        return reinterpret_cast<Gui::OrvGuiIF*>(&made);  // it is not used
     });
     Stage stage;
     OrvFactory::setGuiFactory(nullptr);
@@ -70,17 +53,15 @@ TEST(Orv, MakesTheWindowThatItWasGivenWithWhatItKnowsAndLaterSendsItAll)
     EXPECT_EQ(start.screens, (ScreenState{.system = false, .zones = true}));
     EXPECT_EQ(Stage().commands().sendCreateOrvGui(false), nullptr) << "a backend that has none";
 
-    const auto window = std::make_shared<MessageQueue>();
-    stage.orv->setGuiWindowHandle(WindowHandle(window));
+    stage.openWindow();
     stage.commands().postRefreshGui();
-    stage.rest();
     using namespace GuiMessage;
-    EXPECT_EQ(messagesOf(*window),
-              (std::vector<unsigned>{SETTINGS,      MIDI_INPUT_PORTS, MIDI_OUTPUT_PORTS, BANK,
-                                     PROGRAM,       OSCILLATORS,      PRESETS,           JOYSTICK_BUTTONS,
-                                     JOYSTICK_AXES, PRESETS,          COMPUTER_INPUT,    COMPUTER_INPUT_CHANGED,
-                                     PRESETS,       MIDI_INPUT,       PRESETS,           CONTROLS,
-                                     PRESETS,       LAYERS,           PRESETS,           ZONES}))
+    EXPECT_EQ(stage.received(TestWindow::number),
+              TestWindow::numbers({SETTINGS,      MIDI_INPUT_PORTS, MIDI_OUTPUT_PORTS, BANK,
+                                   PROGRAM,       OSCILLATORS,      PRESETS,           JOYSTICK_BUTTONS,
+                                   JOYSTICK_AXES, PRESETS,          COMPUTER_INPUT,    COMPUTER_INPUT_CHANGED,
+                                   PRESETS,       MIDI_INPUT,       PRESETS,           CONTROLS,
+                                   PRESETS,       LAYERS,           PRESETS,           ZONES}))
         << "all sections, with their presets";
 }
 
@@ -103,17 +84,16 @@ TEST(Orv, EndsWhileSlicesRunAndCommandsPour)
         });
         pouring = false;
         hand.join();
-        stage.commands().sendEndInitialize();  // returns, although nobody is there to do it
+        stage.commands().sendEndInitialize();  // returns, although nothing executes it
     }
 }
 
 TEST(Orv, AnUnknownMessageIsIgnored)
 {
     Stage stage;
-    for (const unsigned number : {1u, 33217u, 33218u, 33275u, 40000u})
-        stage.orv->getMessageManagerMaster().postMessage(number, 1, 2);
-    stage.orv->getMessageManagerMaster().post({.number = 33257});  // a row may come without its payload
-    stage.orv->getMessageManagerMaster().post({.number = 33264});
+    auto& master = stage.orv->getMessageManagerMaster();
+    for (const unsigned number : {1u, 33217u, 33218u, 33275u, 40000u}) master.postMessage(number, 1, 2);
+    for (const unsigned number : {33257u, 33264u}) master.post({.number = number});  // a row without its payload
     stage.press("C4");
     EXPECT_EQ(stage.played(), "C4 on");
 }
@@ -122,9 +102,8 @@ TEST(Orv, AnEventFromAControlOrWithAPulseArrivesWhole)
 {
     Stage stage;
     stage.play({MidiMessage(MessageType::controllerChange, 7, 9), 0, 1, -1, {2, 3}});
-    stage.commands().postPlayMidi(noteOn(60).output(0).channel(0).pulse(stage.pulse + 5));
-    stage.commands().postProcessMidiInputEvent(noteOn(62).channel(0).input(1).pulse(stage.pulse + 5));
-    stage.rest();
+    stage.play(noteOn(60).output(0).channel(0).pulse(stage.pulse + 5));
+    stage.arrive(noteOn(62).channel(0).input(1).pulse(stage.pulse + 5));
     stage.playSlices(2);
     ASSERT_EQ(stage.player.events.size(), 1u);
     EXPECT_EQ(stage.player.events[0].getFromControl(), (Cell{2, 3}));
@@ -136,62 +115,55 @@ TEST(Orv, AnEventFromAControlOrWithAPulseArrivesWhole)
 TEST(Tempo, IsTakenWithinItsLimitsAndReachesTheHost)
 {
     Stage stage;
-    const auto change = [&](bool relative, int value) {
-        stage.commands().postChangeTempo({relative, value}, false);
+    for (const auto& [change, tempo] : {std::pair<RelativeFixedValue, int>{{true, 0}, 120},
+                                        {{false, 250}, 250},
+                                        {{false, 251}, 250},
+                                        {{true, -5}, 245},
+                                        {{true, 10}, 245},
+                                        {{true, 2147483647}, 245},
+                                        {{false, 20}, 20},
+                                        {{false, 19}, 20}}) {
+        if (change.value != 0) stage.commands().postChangeTempo(change, false);
         stage.rest();
-        return stage.orv->getTempo();
-    };
-    EXPECT_EQ(stage.orv->getTempo(), 120);
-    EXPECT_EQ(change(false, 250), 250);
-    EXPECT_EQ(change(false, 251), 250);
-    EXPECT_EQ(change(true, -5), 245);
-    EXPECT_EQ(change(true, 10), 245);
-    EXPECT_EQ(change(true, 2147483647), 245);
-    EXPECT_EQ(change(false, 20), 20);
-    EXPECT_EQ(change(false, 19), 20);
-    EXPECT_EQ(stage.player.requests, (std::vector<std::string>{"tempo 250", "tempo 245", "tempo 20"}));
+        EXPECT_EQ(stage.orv->getTempo(), tempo) << change.toXmlString();
+    }
+    EXPECT_EQ(stage.player.takeRequests(), "tempo 250, tempo 245, tempo 20");
 }
 
 TEST(Tempo, ComesFromTheClockInsideOrFromAnInput)
 {
     Stage stage;
-    const auto choose = [&](int source) {
+    for (const auto& [source, current] : {std::pair{2, 2}, {3, 2}, {-2, 2}, {-1, -1}}) {
         stage.commands().postSetTempoSource(source, false);
         stage.rest();
-        return stage.orv->getTempoSource();
-    };
-    EXPECT_EQ(choose(2), 2);
-    EXPECT_EQ(choose(3), 2) << "there are three inputs";
-    EXPECT_EQ(choose(-2), 2);
-    EXPECT_EQ(choose(-1), -1);
-    EXPECT_EQ(stage.player.requests, (std::vector<std::string>{"source 2", "source -1"}));
+        EXPECT_EQ(stage.orv->getTempoSource(), current) << source;
+    }
+    EXPECT_EQ(stage.player.takeRequests(), "source 2, source -1") << "there are three inputs";
 }
 
 TEST(Gui, ReceivesChangesWhenAskedTo)
 {
     Stage stage;
-    const auto window = std::make_shared<MessageQueue>(64);
-    stage.orv->setGuiWindowHandle(WindowHandle(window));
-    stage.commands().postChangeTempo({false, 90}, true);
-    stage.commands().postChangeTempo({false, 91}, false);
-    stage.commands().postChangeTempo({false, 900}, true);
-    stage.commands().postSetTempoSource(1, true);
-    stage.commands().postChangeMidiThru({OnOffToggle::State::toggle}, true);
-    stage.commands().postChangeMidiThru({OnOffToggle::State::toggle}, false);
-    stage.commands().postChangeDefaultMidiOutput({SelectType::Kind::up});
-    stage.commands().postEnableMidiInput(1, false);
-    stage.commands().postEnableMidiOutput(1, false);
-    stage.rest();
+    auto& commands = stage.commands();
+    const auto received = [&] { return stage.received(TestWindow::number); };
+    stage.openWindow();
+    commands.postChangeTempo({false, 90}, true);
+    commands.postChangeTempo({false, 91}, false);
+    commands.postChangeTempo({false, 900}, true);
+    commands.postSetTempoSource(1, true);
+    commands.postChangeMidiThru({OnOffToggle::State::toggle}, true);
+    commands.postChangeMidiThru({OnOffToggle::State::toggle}, false);
+    commands.postChangeDefaultMidiOutput({SelectType::Kind::up});
+    commands.postEnableMidiInput(1, false);
+    commands.postEnableMidiOutput(1, false);
     using namespace GuiMessage;
-    EXPECT_EQ(messagesOf(*window),
-              (std::vector<unsigned>{PROGRAM, PROGRAM, MIDI_THRU, DEFAULT_MIDI_OUTPUT, MIDI_INPUT_PORTS}));
+    EXPECT_EQ(received(), TestWindow::numbers({PROGRAM, PROGRAM, MIDI_THRU, DEFAULT_MIDI_OUTPUT, MIDI_INPUT_PORTS}));
     EXPECT_TRUE(stage.orv->getRegistrySettings().getMidiThru()) << "toggled twice";
 
     auto ports = stage.outputs({"Out 1", "Out 2"});
     ports[1].enabled = false;
-    stage.commands().sendSetMidiOutputPorts(ports);
-    EXPECT_EQ(messagesOf(*window), (std::vector<unsigned>{DEFAULT_MIDI_OUTPUT, MIDI_OUTPUT_PORTS}));
-    stage.commands().postResetOrv();
-    stage.rest();
-    EXPECT_EQ(messagesOf(*window).back(), static_cast<unsigned>(ORV_RESET));
+    commands.sendSetMidiOutputPorts(ports);
+    EXPECT_EQ(received(), TestWindow::numbers({DEFAULT_MIDI_OUTPUT, MIDI_OUTPUT_PORTS}));
+    commands.postResetOrv();
+    EXPECT_TRUE(received().ends_with(std::to_string(ORV_RESET)));
 }

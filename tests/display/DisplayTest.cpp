@@ -1,10 +1,5 @@
 #include "backend/display/Display.h"
 
-#include <gtest/gtest.h>
-
-#include <memory>
-#include <utility>
-
 #include "api/DisplayListener.h"
 #include "backend/display/DisplayLine.h"
 #include "tests/stage/Stage.h"
@@ -29,7 +24,7 @@ struct DisplayStage : Stage {
     DisplayStage()
     {
         orv->setDisplayListener(&listener);
-        received();
+        text();
     }
     ~DisplayStage()
     {
@@ -37,27 +32,20 @@ struct DisplayStage : Stage {
         rest();
     }
     /// What is new.
-    std::string received()
+    std::string text()
     {
         rest();
         display.postUpdateListener();
         rest();
         return std::exchange(listener.received, "");
     }
-    void playNoteOn(int output)
-    {
-        play(noteOn(60).output(output).channel(0));
-        playSlices();
-    }
 };
 }  // namespace
 
 TEST(DisplayLine, ShowsEachKindOfEventInItsColumns)
 {
-    const struct {
-        MidiMessage message;
-        std::string line;
-    } ROWS[] = {
+    const auto unknown = [](int status) { return MidiMessage(static_cast<MessageType>(status)); };
+    const std::pair<MidiMessage, std::string> rows[] = {
         {MidiMessage(MessageType::noteOff, 60, 64, 1), "P\t2\tNote Off\t60 (C4)\t64"},
         {MidiMessage(MessageType::noteOn, 0, 127, 15), "P\t16\tNote On\t0 (C-1)\t127"},
         {MidiMessage(MessageType::keyPressure, 60, 1), "P\t1\tKey Pressure\t60\t1"},
@@ -73,15 +61,11 @@ TEST(DisplayLine, ShowsEachKindOfEventInItsColumns)
         {MidiMessage(MessageType::endOfSysex), "P\t\tEnd Of Sysex"},
         {MidiMessage(MessageType::timingTick), "P\t\tTiming Tick"},
         {MidiMessage(MessageType::startSong), "P\t\tStart Song"},
-        {MidiMessage(MessageType::activeSensing), "P\t\tActive Sensing"},
-        {MidiMessage(static_cast<MessageType>(0xF9)), "P\t\tUnknown"},
         {MidiMessage(MessageType::systemReset), "P\t\tSystem Reset"},
-        {MidiMessage(static_cast<MessageType>(0xF1)), "-"},
-        {MidiMessage(static_cast<MessageType>(0xF4)), "-"},
-        {MidiMessage(), "-"},
-        {MidiMessage(static_cast<MessageType>(0x70)), "-"},
+        {unknown(0xF9), "P\t\tUnknown"},
         {MidiMessage(MessageType::keyPressure, 255, 128), "P\t1\tKey Pressure\t-1\t-128"}};
-    for (const auto& [message, line] : ROWS) EXPECT_EQ(formatLine("P", message), line + "\r\n");
+    for (const auto& [message, line] : rows) EXPECT_EQ(formatLine("P", message), line + "\r\n");
+    for (const int status : {0xF1, 0xF4, 0x70, 0}) EXPECT_EQ(formatLine("P", unknown(status)), "-\r\n");
 }
 
 TEST(DisplayText, DropsItsOlderHalfWhenFull)
@@ -110,33 +94,34 @@ TEST(Display, ShowsWhatIsPlayedAndWhatComesInWhenAskedTo)
 {
     DisplayStage stage;
     stage.display.postResendText();
-    EXPECT_EQ(stage.received(), "=Orvane 3.2\r\n") << "the listener came when it was there already";
-    stage.playNoteOn(1);
-    EXPECT_EQ(stage.received(), "+Out 2\t1\tNote On\t60 (C4)\t100\r\n");
-    EXPECT_EQ(stage.received(), "");
+    EXPECT_EQ(stage.text(), "=Orvane 3.2\r\n") << "the listener came when it was there already";
+    stage.play(noteOn(60).output(1).channel(0));
+    stage.playSlices();
+    EXPECT_EQ(stage.text(), "+Out 2\t1\tNote On\t60 (C4)\t100\r\n");
+    EXPECT_EQ(stage.text(), "");
     stage.commands().postSetDisplayNumbers(true);
     stage.press("D4", 9, 2, 1);
-    EXPECT_EQ(stage.received(), "") << "input is not shown, and takes no number";
+    EXPECT_EQ(stage.text(), "") << "input is not shown, and takes no number";
     stage.playSlices();
-    EXPECT_EQ(stage.received(), "+1  Out 1\t1\tNote On\t62 (D4)\t9\r\n");
+    EXPECT_EQ(stage.text(), "+1  Out 1\t1\tNote On\t62 (D4)\t9\r\n");
 
     stage.commands().postSetDisplayMidiInputEvents(true);
     stage.commands().postSetDisplayMidiOutputEvents(false);
-    stage.midi(1, MessageType::noteOn, 62, 0, 2);
-    stage.midi(7, MessageType::noteOn, 62, 0, 2);
+    for (const int input : {1, 7}) stage.arrive(noteOn(62, 0).channel(2).input(input));
     stage.playSlices();
-    EXPECT_EQ(stage.received(), "+2  > In 2\t3\tNote On\t62 (D4)\t0\r\n")
+    EXPECT_EQ(stage.text(), "+2  > In 2\t3\tNote On\t62 (D4)\t0\r\n")
         << "as it came, and from inputs alone that are there";
     stage.commands().postSetDisplayMidiOutputEvents(true);
     stage.commands().postSetDisplayNumbers(false);
     stage.rest();
-    stage.orv->displayMidiInputEvent(TestEvent{MessageType::timingTick, 0, 0}.channel(0).input(9));
-    stage.orv->displayMidiOutputEvent(TestEvent{MessageType::timingTick, 0, 0}.channel(0));
-    stage.orv->displayMidiOutputEvent(TestEvent{MessageType::timingTick, 0, 0}.output(3).channel(0));
-    EXPECT_EQ(stage.received(), "+> ???\t\tTiming Tick\r\n???\t\tTiming Tick\r\n???\t\tTiming Tick\r\n");
+    const TestEvent tick = event(MessageType::timingTick).channel(0);
+    stage.orv->displayMidiInputEvent(tick.input(9));
+    stage.orv->displayMidiOutputEvent(tick);
+    stage.orv->displayMidiOutputEvent(tick.output(3));
+    EXPECT_EQ(stage.text(), "+> ???\t\tTiming Tick\r\n???\t\tTiming Tick\r\n???\t\tTiming Tick\r\n");
     stage.commands().sendSetMidiOutputPorts(stage.outputs({"Other"}));
-    stage.orv->displayMidiOutputEvent(TestEvent{MessageType::timingTick, 0, 0}.output(0).channel(0));
-    EXPECT_EQ(stage.received(), "+Other\t\tTiming Tick\r\n");
+    stage.orv->displayMidiOutputEvent(tick.output(0));
+    EXPECT_EQ(stage.text(), "+Other\t\tTiming Tick\r\n");
 }
 
 TEST(Display, KeepsItsTextWithoutAListener)
@@ -147,7 +132,7 @@ TEST(Display, KeepsItsTextWithoutAListener)
     stage.display.postUpdateListener();
     stage.display.postAddText("text\r\n");
     stage.display.setListener(&stage.listener);
-    EXPECT_EQ(stage.received(), "+text\r\n") << "the banner was sent before";
+    EXPECT_EQ(stage.text(), "+text\r\n") << "the banner was sent before";
 }
 
 TEST(Display, DeletesADroppedListenerBehindItsLastCall)
@@ -175,5 +160,5 @@ TEST(Display, DeletesADroppedListenerBehindItsLastCall)
     stage.display.setListener(second.get());
     stage.display.setListener(&stage.listener);
     stage.display.dropListener(std::move(second));
-    EXPECT_EQ(stage.received(), "+text") << "the one in its place stays";
+    EXPECT_EQ(stage.text(), "+text") << "the one in its place stays";
 }

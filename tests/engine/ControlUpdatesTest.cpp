@@ -1,7 +1,5 @@
 #include "backend/engine/ControlUpdates.h"
 
-#include <gtest/gtest.h>
-
 #include "tests/sections/ControlStage.h"
 
 using namespace Backend::Controls;
@@ -12,8 +10,8 @@ TEST(ControlUpdates, CarryWholeEventsAndFollowOnlyWhatControlsDo)
     for (const Cell& cell : {Cell{0, 0}, {15, 15}, {3, 12}, {-1, -1}})
         for (const int channel : {-1, 0, 15})
             for (const int where : {-1, 0, 127}) {
-                const OrvMidiMessage event(MidiMessage(MessageType::pitchBend, 127, 1), where, channel, 127 - where,
-                                           cell);
+                const MidiMessage bend(MessageType::pitchBend, 127, 1);
+                const OrvMidiMessage event(bend, where, channel, 127 - where, cell);
                 const OrvMidiMessage read = ControlUpdates::read(ControlUpdates::pack(event));
                 EXPECT_EQ(read.getMidiMessage(), event.getMidiMessage());
                 EXPECT_EQ(read.getOutput(), where);

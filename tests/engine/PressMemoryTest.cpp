@@ -1,12 +1,10 @@
 #include "backend/engine/PressMemory.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
 #include <map>
 #include <random>
 
 #include "backend/engine/DefaultOutputMemory.h"
+#include "tests/stage/Stage.h"
 
 using namespace Backend::MidiEngine;
 
@@ -62,7 +60,7 @@ TEST(PressMemory, AnswersWithTheLatestOutcomeAndEndsTheOthersWhole)
         const bool isOne = below(2) == 0;
         DefaultOutputMemory& memory = isOne ? one : other;
         Runs& runs = model[{isOne, input, note}];
-        const DefaultRoute route({MessageType::noteOn, 60, 1, -1, -1, -1, input, -1}, output);
+        const DefaultRoute route(noteOn(60).input(input), output);
         if (below(1000) == 0) {
             const auto isGone = [&](int each) { return each == output; };
             presses.forgetOutputs(isGone);

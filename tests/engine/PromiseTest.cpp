@@ -1,16 +1,12 @@
-#include <gtest/gtest.h>
-
 #include <cstdio>
 #include <cstdlib>
 #include <map>
 #include <random>
 #include <set>
 #include <tuple>
-#include <vector>
 
 #include "backend/messages/LayerMessageManager.h"
 #include "backend/messages/ZoneMessageManager.h"
-#include "backend/model/Program.h"
 #include "tests/stage/Stage.h"
 
 using namespace Backend;
@@ -44,22 +40,36 @@ public:
     /// The notes whose last event is a note on.
     std::string sounding() const
     {
-        std::string text;
-        for (const auto& [where, on] : last)
-            if (on)
-                text += "output " + std::to_string(std::get<0>(where)) + " channel " +
-                        std::to_string(std::get<1>(where)) + " note " + std::to_string(std::get<2>(where)) + "; ";
-        return text;
+        return joined(last, [](const auto& each) {
+            const auto& [output, channel, note] = each.first;
+            return !each.second ? ""
+                                : "output " + std::to_string(output) + " channel " + std::to_string(channel) +
+                                      " note " + std::to_string(note) + ";";
+        });
     }
 
     bool hasPlayed() const { return last.size() > 10; }
 
 protected:
     using Where = std::tuple<int, int, int>;
+    struct Act {
+        unsigned weight;
+        std::function<void()> run;
+    };
 
     virtual void act() = 0;
 
     int below(unsigned limit) { return static_cast<int>(random() % limit); }
+    /// One of them, each as often as its weight says.
+    void oneOf(const std::vector<Act>& acts)
+    {
+        unsigned total = 0;
+        for (const Act& each : acts) total += each.weight;
+        int place = below(total);
+        const auto chosen =
+            std::ranges::find_if(acts, [&](const Act& each) { return (place -= static_cast<int>(each.weight)) < 0; });
+        chosen->run();
+    }
     template <class Held>
     auto any(const Held& held)
     {
@@ -71,16 +81,18 @@ protected:
     {
         if (!keys.insert(key).second) return;
         const auto& [input, channel, note] = key;
-        stage.commands().postProcessMidiInputEvent(
-            {MessageType::noteOn, note, 1 + below(127), channel, -1, -1, input, -1});
+        stage.commands().postProcessMidiInputEvent(noteOn(note, 1 + below(127)).channel(channel).input(input));
     }
     void keyUp(const Where key)
     {
         keys.erase(key);
         const auto& [input, channel, note] = key;
-        const bool asNoteOn = below(2) == 0;
-        stage.commands().postProcessMidiInputEvent({asNoteOn ? MessageType::noteOn : MessageType::noteOff, note,
-                                                    asNoteOn ? 0 : 64, channel, -1, -1, input, -1});
+        const TestEvent event = below(2) == 0 ? noteOn(note, 0) : noteOff(note);
+        stage.commands().postProcessMidiInputEvent(event.channel(channel).input(input));
+    }
+    void anyKeyUp()
+    {
+        if (!keys.empty()) keyUp(any(keys));
     }
 
     void pressComputerKey(const std::string& key)
@@ -92,10 +104,24 @@ protected:
     {
         if (computerKeys.erase(key) > 0) stage.commands().postKeyUp(Key::fromXmlString(key));
     }
+    void releaseComputerKeys()
+    {
+        while (!computerKeys.empty()) releaseComputerKey(*computerKeys.begin());
+    }
     void releaseAll()
     {
         while (!keys.empty()) keyUp(*keys.begin());
-        while (!computerKeys.empty()) releaseComputerKey(*computerKeys.begin());
+        releaseComputerKeys();
+    }
+
+    void changeDefaultOutput()
+    {
+        stage.commands().postChangeDefaultMidiOutput({SelectType::Kind::specific, below(OUTPUTS)});
+    }
+    void switchAnInput()
+    {
+        const int input = below(INPUTS);
+        stage.commands().postEnableMidiInput(input, below(3) != 0);
     }
 
     void collect()
@@ -122,19 +148,21 @@ class LayerEditor final : public RestlessPerformer
 public:
     explicit LayerEditor(unsigned seed) : RestlessPerformer(seed, 3)
     {
-        stage.folders.write("keys.prg", "<ProgramFile><Program><ComputerInput>" + repeatingKey("Q", "E4") +
-                                            repeatingKey("W", "F4") +
-                                            "</ComputerInput><Layers><Layer/></Layers></Program></ProgramFile>");
-        stage.commands().postLoadProgram((stage.folders / "keys.prg").string());
+        // Computer keys whose note is sent again while they are held
+        const auto repeatingKey = [](const std::string& key, const std::string& note) {
+            return "<Key id='" + key + "'><Function keepSending='true'><Down><MidiNoteOn zone='1' note='" + note +
+                   "'/></Down><Up><MidiNoteOff zone='1' note='" + note + "'/></Up></Function></Key>";
+        };
+        own = stage.loadFile("keys.prg", "<ProgramFile><Program><ComputerInput>" + repeatingKey("Q", "E4") +
+                                             repeatingKey("W", "F4") +
+                                             "</ComputerInput><Layers><Layer/></Layers></Program></ProgramFile>");
     }
 
     void liftTheHands() override
     {
         releaseAll();
-        while (!notes.empty()) noteOff(*notes.begin());
-        stage.rest();
-        stage.playSlices(2);
-        collect();
+        while (!notes.empty()) endNote(*notes.begin());
+        playAll();
     }
 
 private:
@@ -142,78 +170,43 @@ private:
 
     void act() override
     {
-        switch (below(23)) {
-            case 0:
-                stage.setThru(below(2) == 0);
-                break;
-            case 1:
-                stage.commands().postChangeDefaultMidiOutput({SelectType::Kind::specific, below(OUTPUTS)});
-                break;
-            case 2:
-                stage.commands().postEnableMidiInput(below(INPUTS), below(3) != 0);
-                break;
-            case 3:
-                changeOutputs();
-                break;
-            case 4:
-                changeInputs();
-                break;
-            case 5:
-                if (below(10) == 0) stage.commands().postResetOrv();
-                break;
-            case 6:
-            case 7:
-            case 8:
-            case 9:
-                keyDown({below(INPUTS), below(2), 60 + below(4)});
-                break;
-            case 10:
-            case 11:
-            case 12:
-                if (!keys.empty()) keyUp(any(keys));
-                break;
-            case 13:
-                changeLayers();
-                break;
-            case 14:
-                moveZones();
-                break;
-            case 15:
-                if (below(4) == 0) loadProgram();
-                break;
-            case 16:
-                if (below(4) == 0) retrigger();
-                break;
-            case 17:
-            case 18:
-                pressComputerKey(below(2) == 0 ? "Q" : "W");
-                break;
-            case 19:
-                while (!computerKeys.empty()) releaseComputerKey(*computerKeys.begin());
-                break;
-            default:
-                if (below(2) == 0)
-                    noteOn({below(OUTPUTS + 1) - 1, below(3) - 1, below(4) - 1, 60 + below(4)});
-                else if (!notes.empty())
-                    noteOff(any(notes));
-        }
+        oneOf({{1, [&] { stage.setThru(below(2) == 0); }},
+               {1, [&] { changeDefaultOutput(); }},
+               {1, [&] { switchAnInput(); }},
+               {1, [&] { changeOutputs(); }},
+               {1, [&] { changeInputs(); }},
+               {1, [&] { below(10) == 0 ? stage.commands().postResetOrv() : void(); }},
+               {4,
+                [&] {
+                    keyDown({below(INPUTS), below(2), 60 + below(4)});
+                }},
+               {3, [&] { anyKeyUp(); }},
+               {1, [&] { changeLayers(); }},
+               {1, [&] { moveZones(); }},
+               {1, [&] { below(4) == 0 ? loadProgram() : void(); }},
+               {1, [&] { below(4) == 0 ? retrigger() : void(); }},
+               {2, [&] { pressComputerKey(below(2) == 0 ? "Q" : "W"); }},
+               {1, [&] { releaseComputerKeys(); }},
+               {3, [&] {
+                    if (below(2) == 0)
+                        startNote({below(OUTPUTS + 1) - 1, below(3) - 1, below(4) - 1, 60 + below(4)});
+                    else if (!notes.empty())
+                        endNote(any(notes));
+                }}});
     }
 
-    // Computer keys whose note is sent again while they are held
-
-    static std::string repeatingKey(const std::string& key, const std::string& note)
+    void playAll()
     {
-        return "<Key id='" + key + "'><Function keepSending='true'><Down><MidiNoteOn zone='1' note='" + note +
-               "'/></Down><Up><MidiNoteOff zone='1' note='" + note + "'/></Up></Function></Key>";
+        stage.rest();
+        stage.playSlices(2);
+        collect();
     }
 
     void loadProgram()
     {
-        while (!computerKeys.empty())
-            releaseComputerKey(*computerKeys.begin());  // what another program's keys do is not theirs
-        const std::string own = (stage.folders / "keys.prg").string();
-        const std::string* const programs[] = {&own, &program, &missing};
-        stage.commands().postLoadProgram(*programs[below(3)]);
+        releaseComputerKeys();  // what another program's keys do is not theirs
+        const std::string programs[] = {own, ORVANE_EXAMPLES "/demonstration.prg", "missing.prg"};
+        stage.commands().postLoadProgram(programs[below(3)]);
     }
 
     /// Every note that is held in a zone once more, in a transposition that was never used before: one note off is all
@@ -221,8 +214,7 @@ private:
     void retrigger()
     {
         if (freshTranspose > 60) return;
-        stage.rest();
-        stage.playSlices(2);
+        playAll();
         std::vector<Zones::Zone> zones;
         for (std::int8_t id = 0; id < 3; ++id) zones.push_back({.id = id, .transpose = freshTranspose});
         ++freshTranspose;
@@ -232,27 +224,28 @@ private:
             if (std::get<2>(note) < 0) continue;
             notes.erase(note);
             retriggered.erase(note);
-            noteOn(note);
+            startNote(note);
             retriggered.insert(note);
         }
-        stage.rest();
-        stage.playSlices(2);
-        collect();
+        playAll();
     }
 
-    void noteOn(const Own& note)
+    static TestEvent placed(const TestEvent& event, const Own& note)
+    {
+        const auto& [output, channel, zone, number] = note;
+        return event.output(output).channel(channel).zone(zone);
+    }
+    void startNote(const Own& note)
     {
         if (retriggered.contains(note)) return;  // it might join presses whose note offs never come
         notes.insert(note);
-        const auto& [output, channel, zone, number] = note;
-        stage.commands().postPlayMidi({MessageType::noteOn, number, 1 + below(127), channel, output, zone, -1, -1});
+        stage.commands().postPlayMidi(placed(noteOn(std::get<3>(note), 1 + below(127)), note));
     }
-    void noteOff(const Own note)
+    void endNote(const Own note)
     {
         notes.erase(notes.find(note));
         retriggered.erase(note);
-        const auto& [output, channel, zone, number] = note;
-        stage.commands().postPlayMidi({MessageType::noteOff, number, below(128), channel, output, zone, -1, -1});
+        stage.commands().postPlayMidi(placed(noteOff(std::get<3>(note), below(128)), note));
     }
 
     void changeLayers()
@@ -277,7 +270,7 @@ private:
         stage.orv->getLayerMessageManager().postSetLayers(layers, false);
     }
 
-    /// Of any type, in pulses so few that the performer meets its beats.
+    /// Of any type, in pulses so few that the performer plays across its beats.
     void arpeggiate(Layers::Layer& layer)
     {
         using ArpeggioManagement::ArpeggioSetting;
@@ -289,10 +282,8 @@ private:
     {
         if (below(3) != 0) return stage.orv->getZoneMessageManager().postSetZoneTranspose(below(3), below(25) - 12);
         std::vector<Zones::Zone> zones;
-        for (int id = 0; id < 3; ++id)
-            if (below(3) != 0)
-                zones.push_back(
-                    {.id = static_cast<Zones::ZoneId>(id), .transpose = static_cast<std::int8_t>(below(25) - 12)});
+        for (std::int8_t id = 0; id < 3; ++id)
+            if (below(3) != 0) zones.push_back({.id = id, .transpose = static_cast<std::int8_t>(below(25) - 12)});
         stage.engine().postSetZoneMap(zones);
     }
 
@@ -322,8 +313,7 @@ private:
         stage.commands().postSetMidiInputPorts(ports);
     }
 
-    const std::string program{ORVANE_EXAMPLES "/demonstration.prg"};
-    const std::string missing{"missing.prg"};
+    std::string own;  // the program with the computer keys
     std::multiset<Own> notes;
     std::set<Own> retriggered;
     std::int8_t freshTranspose = 13;
@@ -334,11 +324,7 @@ private:
 class ProgramChanger final : public RestlessPerformer
 {
 public:
-    explicit ProgramChanger(unsigned seed) : RestlessPerformer(seed, 12)
-    {
-        stage.commands().postLoadBank(ORVANE_RESTLESS_BANK);
-        stage.rest();
-    }
+    explicit ProgramChanger(unsigned seed) : RestlessPerformer(seed, 12) { stage.load(ORVANE_RESTLESS_BANK); }
 
     /// In a program that holds no note by itself, with time for the last beat of every arpeggio.
     void liftTheHands() override
@@ -346,10 +332,7 @@ public:
         stage.rest();
         changeProgram(1 + below(3));
         for (int step = 0; step < 60; ++step) {
-            if (below(3) == 0)
-                changeRoutes();
-            else
-                playKeys();
+            changeRoutesOrPlay();
             if (below(3) != 0) stage.rest();
             stage.slice(below(6));
         }
@@ -365,69 +348,46 @@ public:
     }
 
 private:
-    void act() override
-    {
-        if (below(20) == 0) return changeLayers();
-        return below(3) == 0 ? changeRoutes() : playKeys();
-    }
+    void act() override { below(20) == 0 ? changeLayers() : changeRoutesOrPlay(); }
+
+    void changeRoutesOrPlay() { below(3) == 0 ? changeRoutes() : playKeys(); }
 
     /// All of it ends what sounds.
     void changeLayers()
     {
         const std::string any = " type='" + std::to_string(below(3)) + "'";
-        switch (below(6)) {
-            case 0:
-                return execute("<ChangeLayerTranspose" + any + " value='+3'/>");
-            case 1:
-                return execute("<ChangeLayerMono" + any + "/>");
-            case 2:
-                return execute("<ChangeLayerMute" + any + "/>");
-            case 3:
-                return turn(20);
-            default:
-                return changeProgram(below(4));
-        }
+        oneOf({{1, [&] { execute("<ChangeLayerTranspose" + any + " value='+3'/>"); }},
+               {1, [&] { execute("<ChangeLayerMono" + any + "/>"); }},
+               {1, [&] { execute("<ChangeLayerMute" + any + "/>"); }},
+               {1, [&] { turn(20); }},
+               {2, [&] { changeProgram(below(4)); }}});
     }
 
-    /// None of it may part a note off from its note on.
+    /// None of it may separate a note off from its note on.
     void changeRoutes()
     {
-        switch (below(6)) {
-            case 0:
-                return stage.commands().postChangeMidiThru({}, false);
-            case 1:
-                return stage.commands().postChangeDefaultMidiOutput({SelectType::Kind::specific, below(3)});
-            case 2:
-                return stage.commands().postEnableMidiInput(below(INPUTS), below(3) != 0);
-            case 3:
-                return execute("<ChangeZoneTranspose type='1' value='" + std::to_string(below(25) - 12) + "'/>");
-            case 4:
-                return execute("<ChangeOscPlaying type='all'/>");
-            default:
-                return turn(21 + below(2));
-        }
+        oneOf({{1, [&] { stage.commands().postChangeMidiThru({}, false); }},
+               {1, [&] { changeDefaultOutput(); }},
+               {1, [&] { switchAnInput(); }},
+               {1, [&] { execute("<ChangeZoneTranspose type='1' value='" + std::to_string(below(25) - 12) + "'/>"); }},
+               {1, [&] { execute("<ChangeOscPlaying type='all'/>"); }},
+               {1, [&] { turn(21 + below(2)); }}});
     }
 
-    void turn(int controller)
+    void turn(int number)
     {
-        stage.commands().postProcessMidiInputEvent(
-            {MessageType::controllerChange, controller, below(24), 0, -1, -1, below(INPUTS), -1});
+        stage.commands().postProcessMidiInputEvent(controller(number, below(24)).channel(0).input(below(INPUTS)));
     }
 
     void playKeys()
     {
-        switch (below(5)) {
-            case 0:
-            case 1:
-                return keyDown({below(INPUTS), below(2), 60 + below(5)});
-            case 2:
-                if (!keys.empty()) keyUp(any(keys));
-                return;
-            case 3:
-                return pressComputerKey(std::string(1, "ABCABCABCABCDEF"[below(15)]));
-            default:
-                if (!computerKeys.empty()) releaseComputerKey(any(computerKeys));
-        }
+        oneOf({{2,
+                [&] {
+                    keyDown({below(INPUTS), below(2), 60 + below(5)});
+                }},
+               {1, [&] { anyKeyUp(); }},
+               {1, [&] { pressComputerKey(std::string(1, "ABCABCABCABCDEF"[below(15)])); }},
+               {1, [&] { computerKeys.empty() ? void() : releaseComputerKey(any(computerKeys)); }}});
     }
 
     void changeProgram(int number) { stage.commands().postChangeProgram({SelectType::Kind::specific, number}); }
@@ -461,23 +421,3 @@ void expectSilenceAfter(unsigned performers)
 TEST(Promise, NoNoteIsLeftSoundingWhateverChanged) { expectSilenceAfter<LayerEditor>(60); }
 
 TEST(Promise, NoNoteIsLeftSoundingWhateverProgramsCameAndWent) { expectSilenceAfter<ProgramChanger>(40); }
-
-TEST(Promise, AKeyHeldThroughAResetMixesUpNoLaterPressOfItsRoute)
-{
-    Stage stage;
-    Layers::Layer layer;
-    layer.minVelocity = 20;
-    stage.setLayers({layer});
-    const auto press = [&](int velocity, int transpose) {
-        stage.engine().postSetZoneMap({{.id = 1, .transpose = static_cast<std::int8_t>(transpose)}});
-        stage.play({MessageType::noteOn, 60, velocity, -1, -1, 1, -1, -1});
-    };
-    press(100, 12);
-    EXPECT_EQ(stage.played(), "C5 on");
-    stage.engine().sendReset();
-    press(100, 0);
-    press(10, 0);
-    EXPECT_EQ(stage.played(), "C5 off, C4 on") << "the last was too soft";
-    for (int release = 0; release < 3; ++release) stage.play({MessageType::noteOff, 60, 64, -1, -1, 1, -1, -1});
-    EXPECT_EQ(stage.played(), "C4 off");
-}

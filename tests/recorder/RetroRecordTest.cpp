@@ -20,8 +20,6 @@ using Takes = std::map<std::string, std::string>;
 
 /// A stage whose record is saved into its folder, under the stem "t".
 struct RecordStage : Stage {
-    std::shared_ptr<MessageQueue> window = std::make_shared<MessageQueue>();
-
     void note(int number, int output, std::uint32_t silence = 0)
     {
         player.milliseconds += silence;
@@ -46,15 +44,12 @@ struct RecordStage : Stage {
             EXPECT_TRUE(file.empty() || takes.contains(std::filesystem::path(file).filename())) << file;
         return takes;
     }
-    /// The fills that the window received since the last call: "0 1 ".
+    /// The fills that the window received since the last call: "0, 1".
     std::string fills()
     {
-        rest();
-        std::string received;
-        while (window->handleNext([&](Message& message) {
-            if (message.number == 32881u) received += std::to_string(message.wparam) + " ";
-        })) {}
-        return received;
+        return received([](Message& message) {
+            return message.number == GuiMessage::RETRO_RECORD_FILL ? std::to_string(message.wparam) : "";
+        });
     }
 };
 }  // namespace
@@ -66,8 +61,8 @@ TEST(RetroRecord, KeepsWhatIsPlayedForEachOutputAndNotifiesTheWindow)
     stage.note(60, 0, 1000);
     stage.note(61, 1, 20000);
     stage.note(62, 0, 500);
-    stage.play(TestEvent{MessageType::timingTick, 0, 0}.output(1).channel(5));
-    stage.play(TestEvent{MessageType::systemReset, 0, 0}.output(1).channel(5));
+    stage.play(event(MessageType::timingTick).output(1).channel(5));
+    stage.play(event(MessageType::systemReset).output(1).channel(5));
     stage.playSlices();
     EXPECT_EQ(stage.saved(),
               (Takes{{"t_Out 1.mid", "200:90.3C.64 1400:90.3E.64"}, {"t_Out 2.mid", "1400:90.3D.64 100:F7.F8"}}));
@@ -103,19 +98,19 @@ TEST(RetroRecord, ReportsHowFullTheFullestIs)
 {
     RecordStage stage;
     stage.commands().postSetRetroRecordBufferSize(1000);
-    stage.orv->getRetroRecordManager().setFillListener(WindowHandle(stage.window));
+    stage.orv->getRetroRecordManager().setFillListener(stage.window.handle());
     EXPECT_EQ(stage.fills(), "") << "a window starts with 0";
     stage.note(60, 0);
-    EXPECT_EQ(stage.fills(), "1 ") << "empty means empty";
+    EXPECT_EQ(stage.fills(), "1") << "empty means empty";
     for (int i = 0; i < 30; ++i) stage.note(60, 1);
     const std::string fills = stage.fills();
-    EXPECT_TRUE(fills.starts_with("2 3 ") && fills.ends_with("10 11 12 13 ")) << fills << ": 23 events are a tenth";
+    EXPECT_TRUE(fills.starts_with("2, 3, ") && fills.ends_with("10, 11, 12, 13")) << fills << ": 23 events are a tenth";
     stage.note(60, 0);
     EXPECT_EQ(stage.fills(), "");
     for (int i = 0; i < 500; ++i) stage.note(60, 1);
-    EXPECT_NE(stage.fills().find("99 100 91 92 "), std::string::npos) << "the oldest tenth went";
+    EXPECT_NE(stage.fills().find("99, 100, 91, 92"), std::string::npos) << "the oldest tenth went";
     stage.saved();
-    EXPECT_EQ(stage.fills(), "0 ");
+    EXPECT_EQ(stage.fills(), "0");
     stage.orv->getRetroRecordManager().setFillListener({});
     stage.note(60, 0);
     EXPECT_EQ(stage.fills(), "");

@@ -1,12 +1,8 @@
 #pragma once
 
-#include <string>
-#include <vector>
-
 #include "backend/sections/controls/ControlManager.h"
-#include "tests/stage/Stage.h"
+#include "tests/sections/SectionStage.h"
 
-using Backend::MidiEngine::MessageType;
 using Backend::MidiEngine::MidiMessage;
 
 /// A fader that sends one event through the layers.
@@ -25,43 +21,33 @@ inline SelectControlType at(std::int32_t row, std::int32_t col)
     return {SelectControlType::Kind::specific, {row, col}};
 }
 
-/// The backend at rest with these controls, which may be called from here.
-struct ControlStage : Stage {
-    explicit ControlStage(const std::vector<Backend::Controls::Control>& all)
+/// With these controls.
+struct ControlStage : SectionStage<Backend::Controls::ControlManager> {
+    explicit ControlStage(const std::vector<Backend::Controls::Control>& all = {})
+        : SectionStage(&Backend::OrvIF::getControlManager)
     {
-        controls().mergeControls(all, false, true);
+        section.mergeControls(all, false, true);
     }
 
-    Backend::Controls::ControlManager& controls() { return orv->getControlManager(); }
+    Backend::Controls::ControlMessageManager& messages() { return section.getMessageManager(); }
 
-    /// A control is moved.
     void move(const Cell& cell, std::int32_t value)
     {
-        orv->getControlMessageManager().postSetValue(cell, value);
+        messages().postSetValue(cell, value);
         rest();
     }
     void link(const std::vector<Cell>& cells)
     {
-        for (const Cell& cell : cells) orv->getControlMessageManager().postSetSelected(cell, true);
+        for (const Cell& cell : cells) messages().postSetSelected(cell, true);
         rest();
     }
 
-    /// All values in the order of the cells, after whatever still plays.
+    /// All values in the order of the cells, after what still plays.
     std::string values()
     {
         playSlices();
-        std::string text;
-        controls().getControls().forEach([&](const Backend::Controls::Control& control) {
-            text += (text.empty() ? "" : " ") + std::to_string(control.value);
-        });
-        return text;
-    }
-    std::string selected()
-    {
-        std::string text;
-        controls().getControls().forEach([&](const Backend::Controls::Control& control) {
-            if (control.selected) text += (text.empty() ? "" : " ") + control.cell.toXmlString();
-        });
-        return text;
+        std::vector<std::string> all;
+        section.getControls().forEach([&](const auto& control) { all.push_back(std::to_string(control.value)); });
+        return joined(all);
     }
 };

@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <string>
-
 using namespace Backend::Joystick;
 
 namespace
@@ -113,7 +111,7 @@ TEST(JoystickEngine, LetsAJoystickGoWithWhatItHeldAndComeBackAnew)
     stage.first.axes[3] = 1;
     stage.first.buttons = 0b100;
     EXPECT_EQ(stage.take(810), "") << "the first reading says where it rests";
-    EXPECT_EQ(stage.take(9000), "1:0 repeat") << "nobody saw the other button go down, so it does not repeat";
+    EXPECT_EQ(stage.take(9000), "1:0 repeat") << "the other button was down when it came, so it does not repeat";
     stage.first.buttons = 0;
     stage.first.axes[3] = 2;
     EXPECT_EQ(stage.take(9001), "0:U=2 0:2 up");

@@ -1,10 +1,4 @@
-#include "backend/sections/joystick/JoystickManager.h"
-
-#include <gtest/gtest.h>
-
-#include "backend/messages/GuiMessages.h"
 #include "backend/messages/MessageManagerMaster.h"
-#include "backend/sections/zones/ZoneManager.h"
 #include "tests/sections/JoystickStage.h"
 
 using namespace Backend;
@@ -13,7 +7,6 @@ using namespace Backend::Joystick;
 TEST(AxisFunction, ScalesTheAxisToItsLimits)
 {
     constexpr auto raw = AxisMode::raw;
-    constexpr auto position = AxisMode::position;
     constexpr auto finished = AxisMode::finished;
     struct Row {
         std::int32_t min, max, offset;
@@ -26,13 +19,12 @@ TEST(AxisFunction, ScalesTheAxisToItsLimits)
              {0, 127, 0, raw, 32768, 64},
              {127, 0, 0, raw, 0, 127},
              {127, 0, 0, raw, 65535, 0},
-             {0, 16383, 0, raw, 65535, 16383},
              {10, 20, 0, raw, -70000, 10},
              {0, 127, -10, raw, 5159, 0},  // 10/127 of the way are cut off at both ends: 5159 to 60376
              {0, 127, -10, raw, 16384, 26},
              {0, 127, -10, raw, 60376, 127},
              {0, 127, -10, raw, 65535, 127},
-             {0, 127, -10, position, 16384, 32},  // no matter for the window's grids
+             {0, 127, -10, AxisMode::position, 16384, 32},  // no matter for the window's grids
              {0, 127, -10, static_cast<AxisMode>(7), 16384, 32},
              {0, 127, 10, raw, 1000, 2},
              {0, 127, 10, raw, 65535, 127},
@@ -84,42 +76,63 @@ TEST(DisabledJoystick, IsIgnoredWhileItsGridStillPlays)
     EXPECT_EQ(stage.played(), "C4 on");
 }
 
-TEST(JoystickButtons, AddTheZonesTheyPlayIn)
+TEST(DisabledJoystick, IsNamedByTheSection)
+{
+    JoystickStage stage;
+    const auto disabled = [&](const std::string& content) {
+        stage.load(content);
+        return (stage.section.isDisabled(0) ? "0" : "") + std::string(stage.section.isDisabled(1) ? "1" : "");
+    };
+    EXPECT_EQ(disabled("<DisabledInputs>1</DisabledInputs>"), "1");
+    EXPECT_EQ(disabled(""), "1") << "as it was";
+    EXPECT_EQ(disabled("<DisabledInputs> 0 ,x,, 1,2,-1</DisabledInputs>"), "01");
+    EXPECT_EQ(stage.written(), "<Joystick merge='false'><DisabledInputs>0,1</DisabledInputs></Joystick>");
+    EXPECT_EQ(disabled("<DisabledInputs/>"), "");
+
+    stage.load(noteButton(0, 0, "C4"));
+    stage.down(0, 0);
+    stage.load("<DisabledInputs>0</DisabledInputs>" + noteButton(0, 0, "D4"));
+    EXPECT_EQ(stage.played(), "C4 on, C4 off") << "by what it was pressed with";
+}
+
+TEST(JoystickSection, MergesInPlaceOfWhatItNames)
+{
+    JoystickStage stage;
+    stage.load(controllerAxis(0, "X", 1) + noteButton(0, 1, "C4") + noteButton(0, 2, "D4"));
+    stage.load(noteButton(0, 2, "E4") + "<Axis joystick='0' axis='X'/>", "merge='true'");
+    stage.down(0, 1), stage.down(0, 2), stage.axis(0, "X", 0), stage.up(0, 1), stage.up(0, 2);
+    EXPECT_EQ(stage.played(), "C4 on, E4 on, C4 off, E4 off");
+}
+
+TEST(JoystickSection, AddsTheZonesThatItsButtonsPlayIn)
 {
     JoystickStage stage;
     stage.load(noteButton(0, 1, "C4", " zone='2'") + noteButton(1, 0, "G4", " zone='2'") + noteButton(0, 2, "C4"));
-    const auto& zones = stage.orv->getZoneManager().getZones();
-    ASSERT_EQ(zones.size(), 1u);
-    EXPECT_EQ(zones.findElement(2)->highNote.toXmlString(), "G4");
+    EXPECT_EQ(stage.zones(), "2 C4-G4");
     stage.messages().postSetButtonConfigurations({JoystickButtonConfiguration({1, 0})}, false);
     stage.rest();
-    EXPECT_EQ(zones.findElement(2)->highNote.toXmlString(), "C4");
+    EXPECT_EQ(stage.zones(), "2 C4-C4");
 }
 
 TEST(JoystickWindow, IsNotifiedOfWhatMovesAndWhatIsBound)
 {
     JoystickStage stage;
-    const auto window = std::make_shared<MessageQueue>();
     const auto received = [&] {
-        std::string text;
-        stage.rest();
-        while (window->handleNext([&](Message& message) {
-            if (message.number == GuiMessage::ZONES) return;
-            text += (text.empty() ? "" : ", ") + std::to_string(message.number);
-            if (auto* buttons = message.payload.get<std::vector<JoystickButtonConfiguration>>())
-                text += " " + std::to_string(buttons->size());
-            else if (auto* axes = message.payload.get<std::vector<AxisConfiguration>>())
-                text += " " + std::to_string(axes->size());
-            else
-                text += " " + std::to_string(message.wparam) + " " + std::to_string(message.lparam);
-        })) {}
-        return text;
+        return stage.received([](Message& message) -> std::string {
+            if (message.number == GuiMessage::ZONES) return "";
+            const std::string number = std::to_string(message.number) + " ";
+            if (const auto* buttons = message.payload.get<std::vector<JoystickButtonConfiguration>>())
+                return number + std::to_string(buttons->size());
+            if (const auto* axes = message.payload.get<std::vector<AxisConfiguration>>())
+                return number + std::to_string(axes->size());
+            return TestWindow::words(message);
+        });
     };
-    stage.orv->setGuiWindowHandle(WindowHandle(window));
+    stage.openWindow();
     stage.load(
         "<Axis joystick='1' axis='R'><Function midiEvent='Pitch Bend' min='16383' max='-1'/>"
         "<Function midiEvent='Channel Pressure'/></Axis>");
-    EXPECT_EQ(received(), "35219 72, 35222 12");
+    EXPECT_EQ(received(), "35219 72, 35222 12") << "all there are";
     stage.axis(1, "R", 65535);
     EXPECT_EQ(received(), "35226 " + std::to_string(0xFFFFu << 16 | 5u << 8 | 1u) + " " +
                               std::to_string(static_cast<std::int32_t>(0xFFFF3FFF)))

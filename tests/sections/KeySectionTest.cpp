@@ -1,54 +1,9 @@
-#include <gtest/gtest.h>
-
 #include "backend/bindings/functions/FunctionFactories.h"
-#include "backend/messages/GuiMessages.h"
 #include "tests/sections/KeyStage.h"
+#include "tests/stage/Allocations.h"
 
 using namespace Backend;
 using namespace Backend::ComputerInput;
-
-namespace
-{
-std::string keysOf(const std::string& section) { return section.substr(section.find('\n') + 1); }
-
-std::string attributesOf(const std::string& section) { return section.substr(0, section.find('\n')); }
-
-KeyConfiguration plays(OrvIF& orv, const std::string& key, const std::string& function)
-{
-    const XmlDocument document("<Key id='" + key + "'><Function><Down><" + function + "/></Down></Function></Key>",
-                               XmlDocument::Source::text);
-    return KeyConfiguration::fromXml(document.getRoot(), [&](const XmlElement& element) {
-        return FunctionManagement::createFunctionFromXml(element, orv);
-    });
-}
-}  // namespace
-
-TEST(KeySection, ReadsBackWhatItWritesByAscendingKey)
-{
-    KeyStage stage;
-    stage.load(
-        "<Key id='Shift B' global='false'/><key id='Q'/>text<!-- c --><Other/>"
-        "<Key id='B'><Function><Down><ResetOrv/></Down></Function></Key>"
-        "<Key id='A'/><Key id='B'><Function keepSending='yes'><Down><Nonsense/></Down>"
-        "<Up><SelectZone type='down'/></Up></Function></Key>",
-        "useKeyUpMod='yes'");
-    const std::string text =
-        "<ComputerInput merge=\"false\" useKeyUpMod=\"true\">\n"
-        "\t<Key id=\"A\" global=\"true\">\n\t</Key>\n"
-        "\t<Key id=\"B\" global=\"true\">\n"
-        "\t\t\t<Function keepSending=\"true\">\n"
-        "\t\t\t\t<Up>\n\t\t\t\t\t<SelectZone type=\"down\"/>\n\t\t\t\t</Up>\n"
-        "\t\t\t</Function>\n\t</Key>\n"
-        "\t<Key id=\"Shift B\" global=\"false\">\n\t</Key>\n"
-        "</ComputerInput>\n";
-    EXPECT_EQ(stage.written(), text);
-    stage.load("");
-    EXPECT_EQ(stage.names(), "");
-    stage.keys().loadSection(XmlDocument(text, XmlDocument::Source::text).getRoot());
-    EXPECT_EQ(stage.written(), text);
-    stage.keys().loadSection(XmlDocument("<MidiInput preset='x'/>", XmlDocument::Source::text).getRoot());
-    EXPECT_EQ(stage.written(), text);
-}
 
 TEST(KeySection, MergesOrReplaces)
 {
@@ -63,84 +18,78 @@ TEST(KeySection, MergesOrReplaces)
     EXPECT_EQ(stage.names(), "A");
 }
 
-TEST(KeySection, OfOneListIsWrittenToBeMergedWithUnboundKeysForMissingOnes)
-{
-    KeyStage stage;
-    stage.load(noteKey("A", "C4") + noteKey("B", "D4"));
-    const std::string section = stage.written({"Shift F1", "B"});
-    EXPECT_EQ(attributesOf(section), "<ComputerInput merge=\"true\" useKeyUpMod=\"false\">");
-    EXPECT_TRUE(keysOf(section).starts_with("\t<Key id=\"Shift F1\" global=\"true\">\n\t</Key>\n\t<Key id=\"B\""));
-    EXPECT_EQ(section.find("id=\"A\""), std::string::npos);
-}
-
 TEST(KeyPreset, IsReferredToWhileTheKeysAreItsOwn)
 {
     KeyStage stage;
+    ComputerInputManager& keys = stage.keys();
     stage.load(noteKey("A", "C4"));
-    stage.keys().savePreset("One & only", {});
-    EXPECT_EQ(stage.keys().getCurrentPreset(), "") << "saved is not loaded";
+    keys.savePreset("One & only", {});
+    EXPECT_EQ(keys.getCurrentPreset(), "") << "saved is not loaded";
     const std::string embedded = stage.written();
-    const std::string reference =
-        "<ComputerInput preset=\"One &amp; only\" merge=\"false\" useKeyUpMod=\"false\">\n</ComputerInput>\n";
+    const auto reference = [](const std::string& name) {
+        return "<ComputerInput preset='" + name + "' merge='false' useKeyUpMod='false'></ComputerInput>";
+    };
     stage.load(noteKey("Z", "E4"), "preset=' One &amp; only '");
-    EXPECT_EQ(stage.names(), "A") << "what stands in the element is ignored";
+    EXPECT_EQ(stage.names(), "A") << "the content of the element is ignored";
     stage.load(noteKey("B", "C4"), "preset='Missing'");
-    EXPECT_EQ(stage.names() + stage.keys().getCurrentPreset(), "A") << "the keys stay, of no preset";
-    stage.keys().loadPreset("One & only");
-    EXPECT_EQ(stage.written(), reference);
-    EXPECT_EQ(stage.written({}, true), embedded);
+    EXPECT_EQ(stage.names() + keys.getCurrentPreset(), "A") << "the keys stay, of no preset";
+    keys.loadPreset("One & only");
+    EXPECT_EQ(stage.written(), reference("One &amp; only"));
+    EXPECT_EQ(flat(writtenBy([&](std::ostream& out) { keys.writeSection(out, 0, {}, true); })), embedded);
 
-    const auto changed = [&] { return stage.keys().isPresetChanged("One & only"); };
-    stage.keys().setUseKeyUpMod(true);
-    EXPECT_TRUE(changed());
-    stage.keys().setUseKeyUpMod(false);
-    EXPECT_FALSE(changed());
-    stage.keys().getOrCreate(Key::fromXmlString("B"));
-    EXPECT_TRUE(changed()) << "a key more, though it does nothing";
-    EXPECT_EQ(attributesOf(stage.written()), "<ComputerInput merge=\"false\" useKeyUpMod=\"false\">");
-    stage.keys().loadPreset("One & only");
-    stage.keys().getOrCreate(Key::fromXmlString("A")).global = false;
-    EXPECT_TRUE(changed());
-    stage.keys().loadPreset("One & only");
-    stage.keys().getOrCreate(Key::fromXmlString("A")).addEntry({});
-    EXPECT_TRUE(changed());
+    const auto isChangedBy = [&](auto&& change) {
+        keys.loadPreset("One & only");
+        change();
+        return keys.isPresetChanged("One & only");
+    };
+    const auto key = [&](const char* id) -> KeyConfiguration& { return keys.getOrCreate(Key::fromXmlString(id)); };
+    EXPECT_FALSE(isChangedBy([] {}));
+    EXPECT_TRUE(isChangedBy([&] { keys.setUseKeyUpMod(true); }));
+    EXPECT_TRUE(isChangedBy([&] { key("A").global = false; }));
+    EXPECT_TRUE(isChangedBy([&] { key("A").addEntry({}); }));
+    EXPECT_TRUE(isChangedBy([&] { key("B"); })) << "a key more, though it does nothing";
+    EXPECT_TRUE(stage.written().starts_with("<ComputerInput merge='false' useKeyUpMod='false'><Key id='A'"));
 
-    stage.keys().loadPreset("One & only");
-    stage.keys().renamePreset("One & only", " Other ");
-    EXPECT_EQ(stage.keys().getCurrentPreset(), "Other");
-    EXPECT_EQ(attributesOf(stage.written()), "<ComputerInput preset=\"Other\" merge=\"false\" useKeyUpMod=\"false\">");
+    keys.loadPreset("One & only");
+    keys.renamePreset("One & only", " Other ");
+    EXPECT_EQ(keys.getCurrentPreset(), "Other");
+    EXPECT_EQ(stage.written(), reference("Other"));
     stage.writePreset("Joins", "<ComputerInput merge='true'/>");
-    stage.keys().loadPreset("Joins");
+    keys.loadPreset("Joins");
     EXPECT_EQ(stage.written(), embedded) << "a program that named it would join its keys to those of before";
     for (const bool deleted : {true, false}) {
-        stage.keys().savePreset("Other", {});
-        stage.keys().loadPreset("Other");
+        keys.savePreset("Other", {});
+        keys.loadPreset("Other");
         if (deleted)
-            stage.keys().deletePreset("Other");
+            keys.deletePreset("Other");
         else
-            std::filesystem::remove(stage.keys().getPresets().getPresetPath("Other"));
+            std::filesystem::remove(keys.getPresets().getPresetPath("Other"));
         EXPECT_EQ(stage.written(), embedded);
-        EXPECT_EQ(stage.keys().getCurrentPreset(), deleted ? "" : "Other");
+        EXPECT_EQ(keys.getCurrentPreset(), deleted ? "" : "Other");
     }
-    EXPECT_FALSE(stage.keys().isPresetChanged("Other"));
+    EXPECT_FALSE(keys.isPresetChanged("Other"));
     stage.writePreset("K\xE9", "<ComputerInput>" + noteKey("B", "D4") + "</ComputerInput>");
-    stage.keys().loadPreset("K\xE9");
-    EXPECT_EQ(stage.names() + stage.keys().getCurrentPreset(), "B") << "no program can hold a name that is not UTF-8";
+    keys.loadPreset("K\xE9");
+    EXPECT_EQ(stage.names() + keys.getCurrentPreset(), "B") << "no program can hold a name that is not UTF-8";
     stage.load("", "preset='  '");
-    EXPECT_EQ(stage.names() + stage.keys().getCurrentPreset(), "");
+    EXPECT_EQ(stage.names() + keys.getCurrentPreset(), "");
 }
 
 TEST(KeyConfigurations, OfTheWindowReplaceThoseOfTheirKeys)
 {
     KeyStage stage;
     stage.load(noteKey("A", "C4") + noteKey("B", "D4"));
-    stage.orv->getComputerInputMessageManager().postSetKeyConfigurations(
-        {plays(*stage.orv, "B", "MidiNoteOn output='0' channel='0' zone='3' note='E4'"), KeyConfiguration{}}, true);
+    const XmlElement played = rootOf(noteKey("B", "E4", " zone='3'"));
+    const auto create = [&](const XmlElement& element) {
+        return FunctionManagement::createFunctionFromXml(element, *stage.orv);
+    };
+    stage.keys().getMessageManager().postSetKeyConfigurations(
+        {KeyConfiguration::fromXml(played, create), KeyConfiguration{}}, true);
     stage.rest();
     EXPECT_EQ(stage.names(), "A, B, Unknown");
-    stage.down("A"), stage.down("B"), stage.up("B");
+    stage.down("A"), stage.down("B");
     EXPECT_EQ(stage.played(), "C4 on, E4 on");
-    EXPECT_NE(stage.orv->getZoneManager().getZones().findElement(3), nullptr);
+    EXPECT_EQ(stage.zones(), "3 E4-E4");
 
     const KeyConfigurationMap copy = stage.orv->getComputerInputConfiguration();
     EXPECT_EQ(copy, stage.keys().getKeys());
@@ -151,53 +100,71 @@ TEST(KeyConfigurations, OfTheWindowReplaceThoseOfTheirKeys)
 
 TEST(KeyConfigurations, ArePostedToTheWindow)
 {
+    using namespace GuiMessage;
     KeyStage stage;
-    const auto window = std::make_shared<MessageQueue>(64);
     const auto received = [&] {
-        std::vector<unsigned> numbers;
-        while (window->handleNext([&](Message& message) {
-            if (message.number == GuiMessage::COMPUTER_INPUT) {
-                EXPECT_EQ(message.wparam, 1u);
-                EXPECT_EQ(message.payload.get<KeyConfigurationMap>()->size(), 2u);
-            }
-            if (message.number == GuiMessage::KEY_CONFIGURATIONS) {
-                EXPECT_EQ(message.payload.get<std::vector<KeyConfiguration>>()->size(), 1u);
-            }
-            const bool isOfOthers = message.number == GuiMessage::ZONES || message.number == GuiMessage::PRESETS;
-            if (!isOfOthers) numbers.push_back(message.number);
-        })) {}
-        return numbers;
+        return stage.received([](Message& message) -> std::string {
+            const std::string number = TestWindow::number(message);
+            if (const auto* map = message.payload.get<KeyConfigurationMap>())
+                return number + (message.wparam == 1 ? ":" : "?") + std::to_string(map->size());
+            if (const auto* some = message.payload.get<std::vector<KeyConfiguration>>())
+                return number + ":" + std::to_string(some->size());
+            return message.number == ZONES || message.number == PRESETS ? "" : number;
+        });
     };
-    using Numbers = std::vector<unsigned>;
-    stage.orv->setGuiWindowHandle(WindowHandle(window));
+    stage.openWindow();
     stage.load("<Key id='A'/><Key id='B'/>", "useKeyUpMod='true'");
-    EXPECT_EQ(received(), (Numbers{GuiMessage::COMPUTER_INPUT, GuiMessage::COMPUTER_INPUT_CHANGED}));
+    EXPECT_EQ(received(), "33470:2, 33471");
     stage.keys().savePreset("P", {});
     stage.keys().loadPreset("P");
-    EXPECT_EQ(received(), (Numbers{GuiMessage::COMPUTER_INPUT, GuiMessage::COMPUTER_INPUT_CHANGED,
-                                   GuiMessage::COMPUTER_INPUT_PRESET}));
+    EXPECT_EQ(received(), "33470:2, 33471, 33472");
     stage.keys().mergeKeyConfigurations({KeyConfiguration{}}, true);
-    EXPECT_EQ(received(), (Numbers{GuiMessage::KEY_CONFIGURATIONS, GuiMessage::COMPUTER_INPUT_CHANGED}));
+    EXPECT_EQ(received(), "33469:1, 33471");
     stage.keys().mergeKeyConfigurations({KeyConfiguration{}}, false);
-    EXPECT_EQ(received(), (Numbers{GuiMessage::COMPUTER_INPUT_CHANGED}));
+    EXPECT_EQ(received(), "33471");
 }
 
 TEST(KeyZones, AreThoseThatTheKeysPlayIn)
 {
-    const auto zoneKey = [](const std::string& id, const std::string& note, const std::string& zone) {
-        return noteKey(id, note, " zone='" + zone + "'");
-    };
     KeyStage stage;
-    stage.load(zoneKey("A", "C4", "2") + zoneKey("B", "G3", "2") + zoneKey("C", "E4", "0") + zoneKey("D", "E4", "-1") +
-               "<Key id='E'><Function><Down><ResetOrv/></Down><Up><MidiNoteOn zone='5' note='C1'/></Up></Function>"
-               "</Key><Key id='F'><Function><Down><MidiNoteOn zone='6'/></Down></Function></Key>");
-    std::vector<FunctionManagement::FunctionNoteSpan> spans;
-    stage.keys().getNoteSpans(spans);
-    EXPECT_EQ(spans.size(), 4u);
-    const auto& zones = stage.orv->getZoneManager().getZones();
-    ASSERT_EQ(zones.size(), 3u);
-    EXPECT_EQ(zones.findElement(2)->lowNote.toXmlString() + zones.findElement(2)->highNote.toXmlString(), "G3C4");
-    EXPECT_NE(zones.findElement(5), nullptr);
+    stage.load(
+        noteKey("A", "C4", " zone='2'") + noteKey("B", "G3", " zone='2'") + noteKey("C", "E4", " zone='0'") +
+        noteKey("D", "E4", " zone='-1'") +
+        "<Key id='E'><Function><Down><ResetOrv/></Down><Up><MidiNoteOn zone='5' note='C1'/></Up></Function>"
+        "</Key><Key id='F'><Function><Down><MidiNoteOn zone='6'/></Down><Up><MidiNoteOff zone='7' note='C1'/></Up>"
+        "</Function></Key>");
+    EXPECT_EQ(stage.zones(), "0 E4-E4, 2 G3-C4, 5 C1-C1");
     stage.keys().setDefaults();
-    EXPECT_EQ(zones.size(), 0u);
+    EXPECT_EQ(stage.zones(), "");
+}
+
+TEST(KeyEvent, OfAModifierIsThatOfAKeyOfItsOwn)
+{
+    KeyStage stage;
+    stage.load(noteKey("Control", "C4") + noteKey("Right Control", "D4") + noteKey("nonsense", "E4"));
+    stage.down("Control"), stage.up("Control"), stage.down("Right Control");
+    EXPECT_EQ(stage.played(), "C4 on, C4 off, D4 on");
+    stage.down("");
+    EXPECT_EQ(stage.played(), "E4 on") << "what no text names is the key of code -1";
+}
+
+TEST(KeyEvent, AllocatesTheCopyOfTheEntriesAndWhatTheQueuesTake)
+{
+    KeyStage stage;
+    stage.load(noteKey("A", "C4"));
+    const Key key = Key::fromXmlString("A");
+    const auto count = [](auto&& act) {
+        const auto before = allocationsOfThisThread();
+        act();
+        return allocationsOfThisThread() - before;
+    };
+    constexpr std::uint64_t QUEUE = 1;    // a place in a queue
+    constexpr std::uint64_t ENTRIES = 3;  // their row, and the two functions in it
+    EXPECT_EQ(count([&] { stage.commands().postKeyDown(key, false); }), QUEUE);
+    EXPECT_EQ(count([&] { stage.commands().postKeyUp(key); }), QUEUE);
+    stage.rest();
+    EXPECT_EQ(count([&] { stage.keys().keyEvent(key, true, false); }), ENTRIES + QUEUE);
+    EXPECT_EQ(count([&] { stage.keys().keyEvent(key, false, false); }), ENTRIES + QUEUE);
+    EXPECT_EQ(count([&] { stage.keys().keyEvent(Key{.keyCode = 66}, true, false); }), 0u);
+    EXPECT_EQ(stage.played(), "C4 on, C4 off, C4 on, C4 off");
 }

@@ -15,14 +15,14 @@ int callsToGo = -1;
 std::string names;
 bool watching = false;
 
-bool strikes(const char* name)
+bool fails(const char* name)
 {
     if (!watching) return false;
     names += (names.empty() ? "" : " ") + std::string(name);
     return callsToGo-- == 0 && armed != FileFault::Kind::none;
 }
 
-int fail()
+int failure()
 {
     if (armed == FileFault::Kind::death) ::kill(::getpid(), SIGKILL);
     errno = ENOSPC;
@@ -60,29 +60,29 @@ int __wrap_open(const char* path, int flags, ...)
     va_start(arguments, flags);
     const mode_t mode = (flags & O_CREAT) != 0 ? va_arg(arguments, mode_t) : 0;
     va_end(arguments);
-    return strikes("open") ? fail() : __real_open(path, flags, mode);
+    return fails("open") ? failure() : __real_open(path, flags, mode);
 }
 
 ssize_t __wrap_write(int file, const void* bytes, std::size_t size)
 {
-    if (!strikes("write")) return __real_write(file, bytes, size);
+    if (!fails("write")) return __real_write(file, bytes, size);
     if (__real_write(file, bytes, size / 2) < 0) return -1;
-    return fail();
+    return failure();
 }
 
-int __wrap_fsync(int file) { return strikes("fsync") ? fail() : __real_fsync(file); }
+int __wrap_fsync(int file) { return fails("fsync") ? failure() : __real_fsync(file); }
 
-int __wrap_fchmod(int file, mode_t mode) { return strikes("fchmod") ? fail() : __real_fchmod(file, mode); }
+int __wrap_fchmod(int file, mode_t mode) { return fails("fchmod") ? failure() : __real_fchmod(file, mode); }
 
 int __wrap_close(int file)
 {
-    const bool happened = strikes("close");
+    const bool happened = fails("close");
     const int result = __real_close(file);
-    return happened ? fail() : result;
+    return happened ? failure() : result;
 }
 
-int __wrap_rename(const char* from, const char* to) { return strikes("rename") ? fail() : __real_rename(from, to); }
+int __wrap_rename(const char* from, const char* to) { return fails("rename") ? failure() : __real_rename(from, to); }
 
-int __wrap_unlink(const char* path) { return strikes("unlink") ? fail() : __real_unlink(path); }
+int __wrap_unlink(const char* path) { return fails("unlink") ? failure() : __real_unlink(path); }
 }
 // NOLINTEND

@@ -1,16 +1,17 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
-/// While it stands, one call of the system that touches a file goes wrong: the disk is full, or the process dies there.
-/// A write that meets its fault has written half of its bytes. The test program links `test_file_fault`, which puts
-/// itself between our code and open, write, fsync, fchmod, close, rename and unlink. One thread.
+/// While it exists, one call of the system on a file fails: the disk is full, or the process is killed there. A write
+/// that fails has written half of its bytes. The test program links `test_file_fault`, which replaces open, write,
+/// fsync, fchmod, close, rename and unlink. One thread.
 class FileFault
 {
 public:
     enum class Kind { fullDisk, death, none };
 
-    /// The fault meets the call of that number, counted from 0.
+    /// The call of that number fails, counted from 0.
     FileFault(Kind kind, int call);
     ~FileFault();
     FileFault(const FileFault&) = delete;
@@ -22,3 +23,12 @@ public:
     /// The calls so far, by name and separated by blanks.
     std::string calls() const;
 };
+
+/// What `save` returns while its call of that number finds a full disk; nothing if there were not that many calls.
+template <class Save>
+std::optional<bool> saveWithFault(int call, Save&& save)
+{
+    const FileFault fault(FileFault::Kind::fullDisk, call);
+    const bool saved = save();
+    return fault.hasHappened() ? std::optional(saved) : std::nullopt;
+}

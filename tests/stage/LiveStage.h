@@ -8,12 +8,12 @@
 #include <string>
 #include <thread>
 
-#include "api/MidiPlayer.h"
 #include "api/OrvFactory.h"
 #include "api/OrvMessageManager.h"
 #include "backend/messages/BackendThread.h"
 #include "backend/messages/LayerMessageManager.h"
 #include "tests/stage/PrivateFolders.h"
+#include "tests/stage/SilentPlayer.h"
 
 /// The library with a clock that runs, a slice each millisecond, for what happens while it plays, with real-time
 /// priorities where the system grants them. One input, one output, one layer; the key Q plays C4. Its user is new, with
@@ -24,7 +24,7 @@ public:
     using Time = std::chrono::steady_clock::time_point;
 
     /// Counts what arrives.
-    class Player final : public Backend::MidiEngine::MidiPlayer
+    class Player final : public SilentPlayer
     {
     public:
         std::atomic<int> events{0};
@@ -37,13 +37,7 @@ public:
             if (event.isNote()) sounding[static_cast<std::size_t>(event.getD1())] = event.isNoteOn();
             ++events;
         }
-        void enableMidiInput(int, bool) override {}
-        void enableMidiOutput(int, bool) override {}
         ThreadId getThreadId() override { return clockThread; }
-        void pulseSequencer() override {}
-        void setTempo(int) override {}
-        void setTempoSource(char) override {}
-        char getTempoSource() override { return -1; }
 
         bool isSilent() const
         {

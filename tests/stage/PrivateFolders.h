@@ -4,7 +4,7 @@
 #include "tests/stage/TemporaryFolder.h"
 
 /// A user's folders for one test: application data in "data", settings in "config". Nothing of the real user's is read
-/// or written while it stands.
+/// or written while it exists.
 class PrivateFolders : public TemporaryFolder
 {
 public:

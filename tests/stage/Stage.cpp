@@ -1,6 +1,5 @@
 #include "tests/stage/Stage.h"
 
-#include <atomic>
 #include <thread>
 
 #include "api/OrvFactory.h"
@@ -26,33 +25,7 @@ std::string describe(const OrvMidiMessage& event)
     if (event.getChannel() != 0) text += " channel " + std::to_string(event.getChannel());
     return text;
 }
-
-template <class Ports>
-Ports makePorts(std::initializer_list<const char*> names)
-{
-    Ports ports;
-    for (const char* name : names) ports.push_back({{.name = name}});
-    return ports;
-}
-
-const char* onOff(bool on) { return on ? " on" : " off"; }
 }  // namespace
-
-void RecordingPlayer::enableMidiInput(int port, bool enabled)
-{
-    requests.push_back("input " + std::to_string(port) + onOff(enabled));
-}
-
-void RecordingPlayer::enableMidiOutput(int port, bool enabled)
-{
-    requests.push_back("output " + std::to_string(port) + onOff(enabled));
-}
-
-void RecordingPlayer::setTempoSource(char source)
-{
-    tempoSource = source;
-    requests.push_back("source " + std::to_string(source));
-}
 
 Stage::Stage() : orv(OrvFactory::createOrv("Stage", player, false))
 {
@@ -72,29 +45,19 @@ Stage::~Stage()
     orv->stop();
 }
 
-MidiInputPorts Stage::inputs(std::initializer_list<const char*> names) const
-{
-    return makePorts<MidiInputPorts>(names);
-}
-
-MidiOutputPorts Stage::outputs(std::initializer_list<const char*> names) const
-{
-    return makePorts<MidiOutputPorts>(names);
-}
-
 void Stage::press(const std::string& note, int velocity, int channel, int input)
 {
-    midi(input, MessageType::noteOn, parseNote(note), velocity, channel);
+    arrive(noteOn(parseNote(note), velocity).channel(channel).input(input));
 }
 
 void Stage::release(const std::string& note, int channel, int input)
 {
-    midi(input, MessageType::noteOff, parseNote(note), 64, channel);
+    arrive(noteOff(parseNote(note)).channel(channel).input(input));
 }
 
-void Stage::midi(int input, MessageType type, int d1, int d2, int channel)
+void Stage::arrive(const OrvMidiMessage& event)
 {
-    commands().postProcessMidiInputEvent({type, d1, d2, channel, -1, -1, input, -1});
+    commands().postProcessMidiInputEvent(event);
     rest();
 }
 
@@ -134,13 +97,7 @@ std::string Stage::played()
     return takePlayed();
 }
 
-std::string Stage::takePlayed()
-{
-    std::string text;
-    for (const auto& event : player.events) text += (text.empty() ? "" : ", ") + describe(event);
-    player.events.clear();
-    return text;
-}
+std::string Stage::takePlayed() { return joined(std::exchange(player.events, {}), describe, ", "); }
 
 void Stage::playWhile(const std::function<void()>& task)
 {
@@ -154,6 +111,12 @@ void Stage::playWhile(const std::function<void()>& task)
         std::this_thread::yield();
     }
     other.join();
+}
+
+std::string Stage::received(const TestWindow::Describe& describe)
+{
+    rest();
+    return window.received(describe);
 }
 
 void Stage::setOutputEnabled(int output, bool enabled)
@@ -176,4 +139,20 @@ void Stage::setThru(bool on)
 {
     commands().postChangeMidiThru({on ? OnOffToggle::State::on : OnOffToggle::State::off}, false);
     rest();
+}
+
+void Stage::load(const std::string& path)
+{
+    if (path.ends_with(".bnk"))
+        commands().postLoadBank(path);
+    else
+        commands().postLoadProgram(path);
+    rest();
+}
+
+std::string Stage::loadFile(const std::string& name, const std::string& text)
+{
+    folders.write(name, text);
+    load((folders / name).string());
+    return (folders / name).string();
 }

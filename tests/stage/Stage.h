@@ -1,40 +1,50 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <atomic>
-#include <functional>
 #include <initializer_list>
 #include <memory>
 #include <string>
 #include <vector>
 
-#include "api/MidiPlayer.h"
 #include "api/OrvIF.h"
 #include "api/OrvMessageManager.h"
 #include "backend/messages/BackendThread.h"
 #include "backend/messages/MidiEngineMessageManager.h"
 #include "backend/model/Layer.h"
 #include "tests/stage/PrivateFolders.h"
+#include "tests/stage/SilentPlayer.h"
 #include "tests/stage/TestEvent.h"
+#include "tests/stage/TestWindow.h"
 
-/// A player that writes down what it gets. Called by one thread at a time, under the engine lock.
-class RecordingPlayer final : public Backend::MidiEngine::MidiPlayer
+/// A player that records what it gets. Called by one thread at a time, under the engine lock.
+class RecordingPlayer final : public SilentPlayer
 {
 public:
     std::vector<Backend::MidiEngine::OrvMidiMessage> events;
     std::vector<std::string> requests;  ///< "input 1 off", "tempo 90", "source 2"
     ThreadId thread = currentThreadId();
     char tempoSource = -1;
-    std::atomic<std::uint32_t> milliseconds{0};  ///< the time that stands until a test moves it
+    std::atomic<std::uint32_t> milliseconds{0};  ///< the time, which only a test changes
 
     void playMidi(const Backend::MidiEngine::OrvMidiMessage& event) override { events.push_back(event); }
-    void enableMidiInput(int port, bool enabled) override;
-    void enableMidiOutput(int port, bool enabled) override;
+    void enableMidiInput(int port, bool enabled) override { request("input", port, enabled ? " on" : " off"); }
+    void enableMidiOutput(int port, bool enabled) override { request("output", port, enabled ? " on" : " off"); }
     ThreadId getThreadId() override { return thread; }
-    void pulseSequencer() override {}
-    void setTempo(int bpm) override { requests.push_back("tempo " + std::to_string(bpm)); }
-    void setTempoSource(char source) override;
+    void setTempo(int bpm) override { request("tempo", bpm); }
+    void setTempoSource(char source) override { request("source", tempoSource = source); }
     char getTempoSource() override { return tempoSource; }
     std::uint32_t getMilliseconds() override { return milliseconds; }
+
+    /// What was requested since the last call, "input 1 off, tempo 90".
+    std::string takeRequests() { return joined(std::exchange(requests, {}), std::identity(), ", "); }
+
+private:
+    void request(const std::string& what, int value, const std::string& how = "")
+    {
+        requests.push_back(what + " " + std::to_string(value) + how);
+    }
 };
 
 /// The library on a stage: real threads, a clock that is a counter and a recording player. Ports "In 1".."In 3" and
@@ -51,8 +61,8 @@ public:
     /// A key of input 1 (or another) on a channel.
     void press(const std::string& note, int velocity = 100, int channel = 0, int input = 0);
     void release(const std::string& note, int channel = 0, int input = 0);
-    void midi(int input, Backend::MidiEngine::MessageType type, int d1, int d2, int channel);
-
+    /// An event that arrives at the input that it names.
+    void arrive(const Backend::MidiEngine::OrvMidiMessage& event);
     /// An event of the backend's own.
     void play(const Backend::MidiEngine::OrvMidiMessage& event);
 
@@ -72,12 +82,26 @@ public:
     /// Runs `task` on another thread and plays slices until it is done.
     void playWhile(const std::function<void()>& task);
 
-    Backend::MidiEngine::MidiInputPorts inputs(std::initializer_list<const char*> names) const;
-    Backend::MidiEngine::MidiOutputPorts outputs(std::initializer_list<const char*> names) const;
+    /// From now on the backend has a window.
+    void openWindow() { orv->setGuiWindowHandle(window.handle()); }
+    /// What the window received since the last call, once nothing is left to do.
+    std::string received(const TestWindow::Describe& describe = TestWindow::words);
+
+    static auto inputs(const std::vector<const char*>& names)
+    {
+        return ports<Backend::MidiEngine::MidiInputPorts>(names);
+    }
+    static auto outputs(const std::vector<const char*>& names)
+    {
+        return ports<Backend::MidiEngine::MidiOutputPorts>(names);
+    }
     void setOutputEnabled(int output, bool enabled);
     void setThru(bool on);
     /// Replaces all layers.
     void setLayers(const std::vector<Backend::Layers::Layer>& layers);
+    /// Loads a bank or a program, as its name ends, from a file with this text in `folders`; its path.
+    std::string loadFile(const std::string& name, const std::string& text);
+    void load(const std::string& path);
 
     Backend::OrvMessageManager& commands() { return orv->getOrvMessageManager(); }
     Backend::MidiEngine::MidiEngineMessageManager& engine() { return orv->getMidiEngineMessageManager(); }
@@ -85,6 +109,16 @@ public:
     PrivateFolders folders;
     Backend::BackendThread::StandIn standIn;  // the test's thread uses a backend at rest
     RecordingPlayer player;
+    TestWindow window;
     std::unique_ptr<Backend::OrvIF> orv;
     std::int32_t pulse = START;
+
+private:
+    template <class Ports>
+    static Ports ports(const std::vector<const char*>& names)
+    {
+        Ports ports;
+        for (const char* name : names) ports.push_back({{.name = name}});
+        return ports;
+    }
 };

@@ -2,13 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <fstream>
-#include <sstream>
-
 #include "backend/values/ControllerNames.h"
-#include "backend/values/OrvMidiMessage.h"
 #include "backend/values/ProgramNames.h"
+#include "tests/stage/TemporaryFolder.h"
+#include "tests/stage/TestEvent.h"
 
 using namespace Backend::MidiEngine;
 
@@ -28,42 +25,39 @@ TEST(MidiMessage, KeepsStatusAndChannelApart)
     EXPECT_EQ(MidiMessage(type(0x90), 0, 0, 16).getChannel(), 15);
     EXPECT_EQ(MidiMessage(type(0x90), 0, 0, -1).getChannel(), 0);
     EXPECT_EQ(MidiMessage(type(0xF8)).getStatus(), MessageType::timingTick);
-}
 
-TEST(MidiMessage, PacksTheShortMessageOfAnOutput)
-{
-    EXPECT_EQ(MidiMessage(type(0x90), 60, 100, 3).getMidiOutShortMsg(), 0x643C93u);
-    MidiMessage strange(type(0x90), 60, 100);
+    EXPECT_EQ(message.getMidiOutShortMsg(), 0x643C93u);
+    MidiMessage strange = message;
     strange.setChannel(20);
     EXPECT_EQ(strange.getMidiOutShortMsg(), 0x643C90u);
 }
 
 TEST(MidiMessage, KnowsEveryTypeByNameAndSize)
 {
-    struct Row {
+    const struct {
         int status;
         const char* name;
         int size;
-    };
-    for (const auto& [status, name, size] : {Row{0x80, "Note Off", 2},
-                                             {0x90, "Note On", 2},
-                                             {0xA0, "Key Pressure", 2},
-                                             {0xB0, "Controller Change", 2},
-                                             {0xC0, "Program Change", 1},
-                                             {0xD0, "Channel Pressure", 1},
-                                             {0xE0, "Pitch Bend", 2},
-                                             {0xF0, "System Exclusive", 2},
-                                             {0xF2, "Song Position", 2},
-                                             {0xF3, "Song Select", 1},
-                                             {0xF5, "Unofficial Bus Select", 1},
-                                             {0xF6, "Tune Request", 0},
-                                             {0xF7, "End Of Sysex", 0},
-                                             {0xF8, "Timing Tick", 0},
-                                             {0xFA, "Start Song", 0},
-                                             {0xFB, "Continue Song", 0},
-                                             {0xFC, "Stop Song", 0},
-                                             {0xFE, "Active Sensing", 0},
-                                             {0xFF, "System Reset", 0}}) {
+    } rows[] = {{0x80, "Note Off", 2},
+                {0x90, "Note On", 2},
+                {0xA0, "Key Pressure", 2},
+                {0xB0, "Controller Change", 2},
+                {0xC0, "Program Change", 1},
+                {0xD0, "Channel Pressure", 1},
+                {0xE0, "Pitch Bend", 2},
+                {0xF0, "System Exclusive", 2},
+                {0xF2, "Song Position", 2},
+                {0xF3, "Song Select", 1},
+                {0xF5, "Unofficial Bus Select", 1},
+                {0xF6, "Tune Request", 0},
+                {0xF7, "End Of Sysex", 0},
+                {0xF8, "Timing Tick", 0},
+                {0xFA, "Start Song", 0},
+                {0xFB, "Continue Song", 0},
+                {0xFC, "Stop Song", 0},
+                {0xFE, "Active Sensing", 0},
+                {0xFF, "System Reset", 0}};
+    for (const auto& [status, name, size] : rows) {
         const MidiMessage message(type(status));
         EXPECT_EQ(message.getEventName(), name);
         EXPECT_EQ(message.getMessageSize(), size) << name;
@@ -79,22 +73,17 @@ TEST(MidiMessage, KnowsEveryTypeByNameAndSize)
 
 TEST(MidiMessage, IsStoredAsAPattern)
 {
-    struct Row {
-        const char* text;
-        const char* back;
-    };
-    for (const auto& [text, back] : {Row{"Note On,60", "Note On,60"},
-                                     {"Note Off, 7 ", "Note Off,7"},
-                                     {"Controller Change,300", "Controller Change,44"},
-                                     {"Note On", "Note On,0"},
-                                     {"Note On,x", "Note On,0"},
-                                     {"Pitch Bend,5", "Pitch Bend"},
-                                     {"Pitch Bend", "Pitch Bend"},
-                                     {"note on,60", "Unknown"},
-                                     {" Note On,60", "Unknown"},
-                                     {"Foo", "Unknown"},
-                                     {"", "Unknown"}})
-        EXPECT_EQ(MidiMessage(std::string_view(text)).toXmlString(), back) << text;
+    constexpr std::pair<std::string_view, const char*> rows[] = {{"Note On,60", "Note On,60"},
+                                                                 {"Note Off, 7 ", "Note Off,7"},
+                                                                 {"Controller Change,300", "Controller Change,44"},
+                                                                 {"Note On", "Note On,0"},
+                                                                 {"Note On,x", "Note On,0"},
+                                                                 {"Pitch Bend,5", "Pitch Bend"},
+                                                                 {"Pitch Bend", "Pitch Bend"},
+                                                                 {"note on,60", "Unknown"},
+                                                                 {" Note On,60", "Unknown"},
+                                                                 {"", "Unknown"}};
+    for (const auto& [text, back] : rows) EXPECT_EQ(MidiMessage(text).toXmlString(), back) << text;
     EXPECT_EQ(MidiMessage(Note(61)).toXmlString(), "Note On,61");
     EXPECT_FALSE(MidiMessage(Note(-1)).isValid());
 }
@@ -127,16 +116,13 @@ TEST(MidiMessage, OrdersByStatusAndFirstByteAlone)
 
 TEST(MidiMessage, WritesAsManyBytesAsItsTypeHas)
 {
-    const auto path = std::filesystem::temp_directory_path() / ("orvane-bytes-" + std::to_string(::getpid()));
-    {
-        std::ofstream file(path, std::ios::binary);
-        EXPECT_EQ(MidiMessage(type(0x90), 60, 100, 3).writeBytes(file), 3);
-        EXPECT_EQ(MidiMessage(type(0xC0), 5, 9, 1).writeBytes(file), 2);
-        EXPECT_EQ(MidiMessage(type(0xF8), 5, 9).writeBytes(file), 1);
-    }
-    std::ifstream file(path, std::ios::binary);
-    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(file), {}), "\x93\x3C\x64\xC1\x05\xF8");
-    std::filesystem::remove(path);
+    const TemporaryFolder folder;
+    std::ofstream file(folder / "bytes", std::ios::binary);
+    EXPECT_EQ(MidiMessage(type(0x90), 60, 100, 3).writeBytes(file), 3);
+    EXPECT_EQ(MidiMessage(type(0xC0), 5, 9, 1).writeBytes(file), 2);
+    EXPECT_EQ(MidiMessage(type(0xF8), 5, 9).writeBytes(file), 1);
+    file.close();
+    EXPECT_EQ(folder.read("bytes"), "\x93\x3C\x64\xC1\x05\xF8");
 }
 
 TEST(OrvMidiMessage, CrossesAThreadInTwoWords)
@@ -145,7 +131,8 @@ TEST(OrvMidiMessage, CrossesAThreadInTwoWords)
         for (const int output : {-1, 0, 127})
             for (const int input : {-1, 5})
                 for (const int channel : {-1, 0, 15}) {
-                    const OrvMidiMessage event(type(0xB0), 7, 127, channel, output, zone, input, -1);
+                    const OrvMidiMessage event =
+                        controller(7, 127).channel(channel).output(output).zone(zone).input(input);
                     const OrvMidiMessage back(event.getWparam(), event.getLparam());
                     EXPECT_EQ(back.getMidiMessage(), event.getMidiMessage());
                     EXPECT_EQ(back.getZone(), zone);
@@ -159,25 +146,25 @@ TEST(OrvMidiMessage, CrossesAThreadInTwoWords)
 
 TEST(OrvMidiMessage, TravelsWholeWhenItIsTimedOrComesFromAControl)
 {
-    const MidiMessage note(type(0x90), 60, 100);
-    EXPECT_TRUE(OrvMidiMessage(note, -1, 0, -1, {}).fitsParameters());
-    EXPECT_FALSE(OrvMidiMessage(note, -1, 0, -1, {0, 0}).fitsParameters());
-    EXPECT_FALSE(OrvMidiMessage(note, -1, 0, -1, {15, 15}).fitsParameters());
-    EXPECT_TRUE(OrvMidiMessage(note, -1, 0, -1, {16, 0}).fitsParameters());
-    EXPECT_FALSE(OrvMidiMessage(type(0x90), 60, 100, 0, -1, -1, -1, 0).fitsParameters());
+    const auto fits = [](const Cell& control) {
+        return OrvMidiMessage(MidiMessage(type(0x90), 60, 100), -1, 0, -1, control).fitsParameters();
+    };
+    EXPECT_TRUE(fits({}) && fits({16, 0}));
+    EXPECT_FALSE(fits({0, 0}) || fits({15, 15}));
+    EXPECT_FALSE(OrvMidiMessage(noteOn(60).pulse(0)).fitsParameters());
 }
 
 TEST(OrvMidiMessage, ANegativeChannelIsTheDefaultOne)
 {
-    OrvMidiMessage event(type(0x95), 60, 100, -1, -1, -1, -1, -1);
-    EXPECT_TRUE(event.isDefaultChannel());
-    EXPECT_EQ(event.getChannel(), 0);
-    event.setChannel(9);
-    EXPECT_FALSE(event.isDefaultChannel());
-    event.setChannel(-3);
-    EXPECT_TRUE(event.isDefaultChannel());
-    EXPECT_EQ(event.getChannel(), 0);
-    EXPECT_TRUE(event.isDefaultOutput());
+    OrvMidiMessage message = event(type(0x95), 60, 100);
+    EXPECT_TRUE(message.isDefaultChannel());
+    EXPECT_EQ(message.getChannel(), 0);
+    message.setChannel(9);
+    EXPECT_FALSE(message.isDefaultChannel());
+    message.setChannel(-3);
+    EXPECT_TRUE(message.isDefaultChannel());
+    EXPECT_EQ(message.getChannel(), 0);
+    EXPECT_TRUE(message.isDefaultOutput());
     EXPECT_EQ(OrvMidiMessage(MidiMessage(type(0x90)), 2, 20, 3, {}).getChannel(), 20) << "stored as it is";
     EXPECT_FALSE(OrvMidiMessage::createSystemReset(1).isDefaultChannel());
     EXPECT_TRUE(OrvMidiMessage::createAllSoundOffCC(1, 4).getMidiMessage().isAllSoundOff());

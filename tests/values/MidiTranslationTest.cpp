@@ -11,11 +11,6 @@ using Backend::MidiEngine::OrvMidiMessage;
 namespace
 {
 MidiMessage noteOn(int d1, int d2) { return MidiMessage(MessageType::noteOn, d1, d2); }
-
-RelativeFixedValue valueOf(std::string_view text, int d1, int d2)
-{
-    return MidiTranslationValue::fromXmlString(text).getValue(noteOn(d1, d2));
-}
 }  // namespace
 
 TEST(MidiTranslationCondition, HasThreeTokens)
@@ -38,24 +33,16 @@ TEST(MidiTranslationCondition, HasThreeTokens)
 
 TEST(MidiTranslationCondition, ComparesADataByteAsASignedOne)
 {
-    struct Truth {
-        const char* text;
-        bool below, equal, above;  // for 63, 64 and 65 in D1
+    const auto isTrue = [](const char* condition, int d1, int d2 = 0) {
+        return MidiTranslationCondition::fromXmlString(condition).isTrue(noteOn(d1, d2));
     };
-    for (const auto& [text, below, equal, above] : {Truth{"Off", true, true, true},
-                                                    {"D1 lt 64", true, false, false},
-                                                    {"D1 gt 64", false, false, true},
-                                                    {"D1 le 64", true, true, false},
-                                                    {"D1 ge 64", false, true, true},
-                                                    {"D1 eq 64", false, true, false},
-                                                    {"D1 ne 64", true, false, true}}) {
-        const auto condition = MidiTranslationCondition::fromXmlString(text);
-        EXPECT_EQ(condition.isTrue(noteOn(63, 0)), below) << text;
-        EXPECT_EQ(condition.isTrue(noteOn(64, 0)), equal) << text;
-        EXPECT_EQ(condition.isTrue(noteOn(65, 0)), above) << text;
-    }
-    EXPECT_TRUE(MidiTranslationCondition::fromXmlString("D2 lt 0").isTrue(noteOn(0, 200)));
-    EXPECT_TRUE(MidiTranslationCondition::fromXmlString("D2 eq 7").isTrue(OrvMidiMessage(noteOn(0, 7).getWparam())));
+    constexpr std::pair<const char*, const char*> rows[] = {
+        {"Off", "yyy"},      {"D1 lt 64", "ynn"}, {"D1 gt 64", "nny"}, {"D1 le 64", "yyn"},
+        {"D1 ge 64", "nyy"}, {"D1 eq 64", "nyn"}, {"D1 ne 64", "yny"}};
+    for (const auto& [condition, truths] : rows)
+        for (const int d1 : {63, 64, 65}) EXPECT_EQ(isTrue(condition, d1), truths[d1 - 63] == 'y') << condition << d1;
+    EXPECT_TRUE(isTrue("D2 lt 0", 0, 200));
+    EXPECT_TRUE(isTrue("D2 eq 7", 0, 7));
     const MidiTranslationCondition unknown{MidiTranslationCondition::Operand::d1,
                                            static_cast<MidiTranslationCondition::Comparison>(9)};
     EXPECT_FALSE(unknown.isTrue(noteOn(0, 0)));
@@ -82,30 +69,33 @@ TEST(MidiTranslationValue, IsAWordADataByteOrANumber)
     EXPECT_EQ((MidiTranslationValue{Kind::all, {true, 3}}).toXmlString(), "+3");
 }
 
-TEST(MidiTranslationValue, GivesANumber)
+TEST(MidiTranslationValue, GivesANumberAndASelection)
 {
-    EXPECT_EQ(valueOf("D1", 60, 100), (RelativeFixedValue{false, 60}));
-    EXPECT_EQ(valueOf("D2", 60, 100), (RelativeFixedValue{false, 100}));
-    EXPECT_EQ(valueOf("D1 +5", 60, 100), (RelativeFixedValue{false, 65}));
-    EXPECT_EQ(valueOf("D2 -12", 60, 100), (RelativeFixedValue{false, 88}));
-    EXPECT_EQ(valueOf("D2", 60, 200), (RelativeFixedValue{false, -56}));
-    EXPECT_EQ(valueOf("+3", 60, 100), (RelativeFixedValue{true, 3}));
-    EXPECT_EQ(valueOf("3", 60, 100), (RelativeFixedValue{false, 3}));
-    EXPECT_EQ(valueOf("selected", 60, 100), (RelativeFixedValue{true, 0}));
-    EXPECT_EQ(valueOf("D2 +2147483647", 60, 100).value, std::numeric_limits<std::int32_t>::max());
-}
+    const struct {
+        const char* text;
+        int d2;
+        RelativeFixedValue value;
+    } rows[] = {{"D1", 100, {false, 60}},
+                {"D2", 100, {false, 100}},
+                {"D1 +5", 100, {false, 65}},
+                {"D2 -12", 100, {false, 88}},
+                {"D2", 200, {false, -56}},
+                {"+3", 100, {true, 3}},
+                {"3", 100, {false, 3}},
+                {"selected", 100, {true, 0}},
+                {"D2 +2147483647", 100, {false, std::numeric_limits<std::int32_t>::max()}}};
+    for (const auto& [text, d2, value] : rows)
+        EXPECT_EQ(MidiTranslationValue::fromXmlString(text).getValue(noteOn(60, d2)), value) << text;
 
-TEST(MidiTranslationValue, GivesASelection)
-{
     using Kind = SelectType::Kind;
-    const auto selectionOf = [](std::string_view text) {
-        return MidiTranslationValue::fromXmlString(text).getSelectType(OrvMidiMessage(noteOn(60, 100).getWparam()));
-    };
-    EXPECT_EQ(selectionOf("up"), (SelectType{Kind::up}));
-    EXPECT_EQ(selectionOf("down"), (SelectType{Kind::down}));
-    EXPECT_EQ(selectionOf("selected"), (SelectType{Kind::selected}));
-    EXPECT_EQ(selectionOf("D1 -60"), (SelectType{Kind::specific, 0}));
-    EXPECT_EQ(selectionOf("+3"), (SelectType{Kind::specific, 3}));
-    EXPECT_EQ((MidiTranslationValue{MidiTranslationValue::Kind::all, {}}).getSelectType(noteOn(60, 100)),
+    const OrvMidiMessage event(noteOn(60, 100).getWparam());
+    const std::pair<const char*, SelectType> selections[] = {{"up", {Kind::up}},
+                                                             {"down", {Kind::down}},
+                                                             {"selected", {Kind::selected}},
+                                                             {"D1 -60", {Kind::specific, 0}},
+                                                             {"+3", {Kind::specific, 3}}};
+    for (const auto& [text, selection] : selections)
+        EXPECT_EQ(MidiTranslationValue::fromXmlString(text).getSelectType(event), selection) << text;
+    EXPECT_EQ((MidiTranslationValue{MidiTranslationValue::Kind::all, {}}).getSelectType(event),
               (SelectType{Kind::all}));
 }

@@ -6,22 +6,30 @@ using namespace Backend::MidiEngine;
 
 TEST(Note, ReadsItsText)
 {
-    struct Row {
-        const char* text;
-        int number;
-    };
-    for (const auto& [text, number] :
-         {Row{"C4", 60},         {"c#4", 61},  {"Bb", 70}, {"60", 60},   {"", 255},  {"C-1", 0},
-          {"g9", 127},           {"Cb4", 59},  {"a", 69},  {"B#3", 60},  {"H4", 60}, {"300", 44},
-          {"E+4", 64},           {"F# 4", 66}, {"Gx", 67}, {"G12", 163}, {"7up", 7}, {"C2147483647", 0},
-          {"C#-2147483648", 13}, {"D4 x", 62}})
-        EXPECT_EQ(parseNote(text), number) << text;
+    constexpr std::pair<const char*, int> rows[] = {{"C4", 60},
+                                                    {"c#4", 61},
+                                                    {"Bb", 70},
+                                                    {"60", 60},
+                                                    {"", 255},
+                                                    {"C-1", 0},
+                                                    {"g9", 127},
+                                                    {"Cb4", 59},
+                                                    {"a", 69},
+                                                    {"B#3", 60},
+                                                    {"H4", 60},
+                                                    {"300", 44},
+                                                    {"E+4", 64},
+                                                    {"F# 4", 66},
+                                                    {"Gx", 67},
+                                                    {"G12", 163},
+                                                    {"7up", 7},
+                                                    {"C2147483647", 0},
+                                                    {"C#-2147483648", 13},
+                                                    {"D4 x", 62}};
+    for (const auto& [text, number] : rows) EXPECT_EQ(parseNote(text), number) << text;
     EXPECT_FALSE(Note("").isNote());
-    EXPECT_EQ(Note("99999999999").getNumber(), 60) << "a number nobody can read";
-}
+    EXPECT_EQ(Note("99999999999").getNumber(), 60) << "a number out of range";
 
-TEST(Note, PrintsItsNameAndReadsItBack)
-{
     EXPECT_EQ(Note(0).toXmlString(), "C-1");
     EXPECT_EQ(Note(-1).toXmlString(), "");
     EXPECT_EQ(getNoteName(61, Octave::without), "C#");
@@ -30,35 +38,15 @@ TEST(Note, PrintsItsNameAndReadsItBack)
 
 TEST(Note, MovesThroughTheScaleOfItsKey)
 {
-    struct Row {
+    // The key of 2 is D: a third goes from D to F#, from E to G. A pitch outside the scale counts as the degree above.
+    const struct {
         int interval, base, key, result;
-    };
-    for (const auto& [interval, base, key, result] :
-         {Row{1, 60, 0, 62},
-          {2, 60, 0, 64},
-          {-1, 60, 0, 59},
-          {-1, 62, 0, 60},
-          {8, 60, 0, 74},
-          {0, 61, 0, 61},
-          // a third in D: D to F#, E to G; a pitch outside the scale counts as the degree above
-          {2, 62, 2, 66},
-          {2, 64, 2, 67},
-          {1, 61, 0, 63},
-          {7, 61, 0, 73},
-          {-7, 61, 0, 49},
-          {-8, 60, 0, 47},
-          // downward through C major: F to E, E to C, B to E
-          {-1, 65, 0, 64},
-          {-2, 64, 0, 60},
-          {-4, 71, 0, 64},
-          {3, 65, 0, 71},
-          {1, 0, 11, 2}})
+    } rows[] = {{1, 60, 0, 62},  {2, 60, 0, 64},  {-1, 60, 0, 59}, {-1, 62, 0, 60}, {8, 60, 0, 74},  {0, 61, 0, 61},
+                {2, 62, 2, 66},  {2, 64, 2, 67},  {1, 61, 0, 63},  {7, 61, 0, 73},  {-7, 61, 0, 49}, {-8, 60, 0, 47},
+                {-1, 65, 0, 64}, {-2, 64, 0, 60}, {-4, 71, 0, 64}, {3, 65, 0, 71},  {1, 0, 11, 2}};
+    for (const auto& [interval, base, key, result] : rows)
         EXPECT_EQ(Note(interval, Note(base), Note(key)).getNumber(), result)
             << interval << " steps from " << base << " in " << key;
-}
-
-TEST(Note, SevenStepsUpAreAnOctaveAndTheScaleComesBackDown)
-{
     for (int key = 0; key < 12; ++key)
         for (const int degree : {0, 2, 4, 5, 7, 9, 11}) {
             const Note base(60 + key + degree);

@@ -6,19 +6,6 @@
 
 namespace
 {
-template <class Value>
-class EveryValue : public testing::Test
-{
-};
-
-template <class Tuple>
-struct AsTypes;
-template <class... Values>
-struct AsTypes<std::tuple<Values...>> {
-    using Type = testing::Types<Values...>;
-};
-TYPED_TEST_SUITE(EveryValue, AsTypes<ValueTypes>::Type);
-
 /// Texts such as attributes hold, and such as they should not.
 class Texts
 {
@@ -39,17 +26,26 @@ public:
 private:
     std::minstd_rand random{1};
 };
-}  // namespace
 
-TYPED_TEST(EveryValue, PrintsTheSameAgainWhenItsPrintIsRead)
+template <class Value>
+void expectRoundTrips()
 {
-    static_assert(std::is_trivially_copyable_v<TypeParam>, "values are copied freely");
+    static_assert(std::is_trivially_copyable_v<Value>, "values are copied freely");
     Texts texts;
     for (int round = 0; round < 20000; ++round) {
         const std::string text = texts.next();
-        const auto value = TypeParam::fromXmlString(text);
+        const auto value = Value::fromXmlString(text);
         if (!mirrors(value)) continue;
-        ASSERT_EQ(TypeParam::fromXmlString(value.toXmlString()).toXmlString(), value.toXmlString())
-            << "'" << text << "'";
+        const std::string printed = value.toXmlString();
+        ASSERT_EQ(Value::fromXmlString(printed).toXmlString(), printed) << typeid(Value).name() << " '" << text << "'";
     }
 }
+
+template <class... Values>
+void expectAllRoundTrips(const std::tuple<Values...>*)
+{
+    (expectRoundTrips<Values>(), ...);
+}
+}  // namespace
+
+TEST(EveryValue, PrintsTheSameAgainWhenItsPrintIsRead) { expectAllRoundTrips(static_cast<ValueTypes*>(nullptr)); }

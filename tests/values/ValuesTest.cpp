@@ -41,7 +41,7 @@ TEST(Fraction, TakesTheFirstKindOfSeparatorAndStaysInRange)
     EXPECT_EQ((Fraction{2, 3}).toDisplayString(), "2/3");
 }
 
-TEST(OnOffToggle, IsToggleUnlessItSaysOnOrOff)
+TEST(Words, AreReadAsTheyArePrintedAndOthersAreADefault)
 {
     using State = OnOffToggle::State;
     expectRows<OnOffToggle>({{"on", {State::on}, "on"},
@@ -50,10 +50,7 @@ TEST(OnOffToggle, IsToggleUnlessItSaysOnOrOff)
                              {"", {}, "toggle"},
                              {"On", {State::toggle}, "toggle"},
                              {" on", {State::toggle}, "toggle"}});
-}
 
-TEST(NoteToggle, IsOffUnlessItNamesAType)
-{
     using Mode = NoteToggle::Mode;
     expectRows<NoteToggle>({{"type1", {Mode::type1}, "type1"},
                             {"  type2 ", {Mode::type2}, "type2"},
@@ -61,6 +58,35 @@ TEST(NoteToggle, IsOffUnlessItNamesAType)
                             {"", {}, "off"},
                             {"Type1", {}, "off"},
                             {"\ttype1", {}, "off"}});
+
+    using Select = SelectType::Kind;
+    expectRows<SelectType>({{"up", {Select::up, 0}, "up"},
+                            {"down", {Select::down, 0}, "down"},
+                            {"selected", {Select::selected, 0}, "selected"},
+                            {"all", {Select::all, 0}, "all"},
+                            {"12", {Select::specific, 12}, "12"},
+                            {"-1", {Select::specific, -1}, "-1"},
+                            {"", {Select::specific, 0}, "0"},
+                            {" up", {Select::specific, 0}, "0"},
+                            {"All", {Select::specific, 0}, "0"}});
+
+    using Kind = SelectControlType::Kind;
+    expectRows<SelectControlType>({{"up", {Kind::up}, "up"},
+                                   {"down", {Kind::down}, "down"},
+                                   {"left", {Kind::left}, "left"},
+                                   {"right", {}, "right"},
+                                   {"selected", {Kind::selected}, "selected"},
+                                   {"all", {Kind::all}, "all"},
+                                   {"1,2", {Kind::specific, {1, 2}}, "1,2"},
+                                   {"4", {Kind::specific, {4, -1}}, "4,-1"},
+                                   {"", {Kind::specific, {-1, -1}}, "-1,-1"},
+                                   {"Left", {Kind::specific, {-1, -1}}, "-1,-1"}});
+
+    using Interval = TimeIntervalType::Kind;
+    expectRows<TimeIntervalType>({{"ppq", {Interval::ppq}, "ppq"},
+                                  {"noteInterval", {}, "noteInterval"},
+                                  {"", {}, "noteInterval"},
+                                  {"PPQ", {}, "noteInterval"}});
 }
 
 TEST(RelativeFixedValue, IsRelativeWithASignOrBlank)
@@ -80,42 +106,4 @@ TEST(RelativeFixedValue, IsRelativeWithASignOrBlank)
                                     {"-2147483648", {true, -2147483648}, "-2147483648"},
                                     {"2147483648", {false, 0}, "0"}});
     EXPECT_EQ((RelativeFixedValue{false, -3}).toXmlString(), "-3");
-}
-
-TEST(SelectType, IsAWordOrANumber)
-{
-    using Kind = SelectType::Kind;
-    expectRows<SelectType>({{"up", {Kind::up, 0}, "up"},
-                            {"down", {Kind::down, 0}, "down"},
-                            {"selected", {Kind::selected, 0}, "selected"},
-                            {"all", {Kind::all, 0}, "all"},
-                            {"12", {Kind::specific, 12}, "12"},
-                            {"-1", {Kind::specific, -1}, "-1"},
-                            {"", {Kind::specific, 0}, "0"},
-                            {" up", {Kind::specific, 0}, "0"},
-                            {"All", {Kind::specific, 0}, "0"}});
-}
-
-TEST(SelectControlType, IsAWordOrACell)
-{
-    using Kind = SelectControlType::Kind;
-    expectRows<SelectControlType>({{"up", {Kind::up}, "up"},
-                                   {"down", {Kind::down}, "down"},
-                                   {"left", {Kind::left}, "left"},
-                                   {"right", {}, "right"},
-                                   {"selected", {Kind::selected}, "selected"},
-                                   {"all", {Kind::all}, "all"},
-                                   {"1,2", {Kind::specific, {1, 2}}, "1,2"},
-                                   {"4", {Kind::specific, {4, -1}}, "4,-1"},
-                                   {"", {Kind::specific, {-1, -1}}, "-1,-1"},
-                                   {"Left", {Kind::specific, {-1, -1}}, "-1,-1"}});
-}
-
-TEST(TimeIntervalType, IsANoteIntervalUnlessItSaysPpq)
-{
-    using Kind = TimeIntervalType::Kind;
-    expectRows<TimeIntervalType>({{"ppq", {Kind::ppq}, "ppq"},
-                                  {"noteInterval", {}, "noteInterval"},
-                                  {"", {}, "noteInterval"},
-                                  {"PPQ", {}, "noteInterval"}});
 }

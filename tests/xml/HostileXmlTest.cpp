@@ -1,16 +1,12 @@
-// Documents that mean harm cost little and have no root, or mean nothing.
+// Documents that are to do harm cost little and have no root, or mean nothing.
 #include <gtest/gtest.h>
 
-#include <string>
-
-#include "backend/xml/XmlDocument.h"
 #include "platform/Utf8.h"
+#include "tests/stage/Text.h"
 
 namespace
 {
 using namespace std::string_literals;
-
-XmlElement rootOf(std::string_view text) { return XmlDocument(text, XmlDocument::Source::text).getRoot(); }
 
 std::string repeat(std::string_view piece, std::size_t times)
 {

@@ -1,21 +1,17 @@
-#include "backend/xml/XmlDocument.h"
-
 #include <gtest/gtest.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
+#include "tests/stage/TemporaryFolder.h"
+#include "tests/stage/Text.h"
 
 namespace
 {
 using namespace std::string_literals;
 
-// Before anyone asks, so that the debug stream can be listened to.
+// Before the first document, so that the debug stream is on.
 const bool DEBUGGING = setenv("ORVANE_DEBUG", "1", 1) == 0;
 
-/// What the debug stream says when a text is read.
+/// What is written to the debug stream when a text is read.
 std::string complaintAbout(std::string_view textOrPath, XmlDocument::Source source = XmlDocument::Source::text)
 {
     testing::internal::CaptureStderr();
@@ -24,30 +20,15 @@ std::string complaintAbout(std::string_view textOrPath, XmlDocument::Source sour
     EXPECT_EQ(hasRoot, complaint.empty()) << textOrPath.substr(0, 80);
     return complaint;
 }
-
-/// A file in the temporary folder, for as long as this lives.
-class TemporaryFile
-{
-public:
-    explicit TemporaryFile(std::string_view content, const std::string& name = "document.xml")
-        : path(testing::TempDir() + "orvane-" + std::to_string(getpid()) + name)
-    {
-        std::ofstream(path, std::ios::binary) << content;
-    }
-    ~TemporaryFile() { std::filesystem::remove(path); }
-    TemporaryFile(const TemporaryFile&) = delete;
-    TemporaryFile& operator=(const TemporaryFile&) = delete;
-
-    const std::string path;
-};
 }  // namespace
 
 TEST(XmlDocument, ReadsAFileOrAText)
 {
-    const TemporaryFile file(
-        "\xEF\xBB\xBF<?xml version=\"1.0\" encoding=\"utf-8\"?>\r\n<Program name=\"\xC3\x84\"/>\r\n",
-        "\xC3\xA4 program.xml");
-    EXPECT_EQ(XmlDocument(file.path, XmlDocument::Source::file).getRoot().getAttribute("name"), "\xC3\x84");
+    const TemporaryFolder folder;
+    const std::string name = "\xC3\xA4 program.xml";
+    folder.write(name, "\xEF\xBB\xBF<?xml version=\"1.0\" encoding=\"utf-8\"?>\r\n<Program name=\"\xC3\x84\"/>\r\n");
+    const XmlElement root = XmlDocument((folder / name).string(), XmlDocument::Source::file).getRoot();
+    EXPECT_EQ(root.getAttribute("name"), "\xC3\x84");
     EXPECT_EQ(complaintAbout("<!-- x --><?pi?>\n<a/>\n<!-- y -->\n"), "");
     EXPECT_EQ(complaintAbout("<!DOCTYPE a [<!ENTITY b 'c'>]><a/>"), "");
 }
@@ -58,7 +39,7 @@ TEST(XmlDocument, HasNoRootWhenItDoesNotParse)
                              "<a x=1/>", "<a x='1/>", "<a/><b/>", "<a/>rest", "first<a/>", "<a/><![CDATA[rest]]>",
                              "<a/>&#32;", "<a", "<a/><", "<!-- <a/>", "&lt;a/>"}) {
         EXPECT_NE(complaintAbout(text), "") << text;
-        const XmlElement root = XmlDocument(text, XmlDocument::Source::text).getRoot();
+        const XmlElement root = rootOf(text);
         EXPECT_FALSE(root.hasElement()) << text;
         EXPECT_EQ(root.getAttribute("x", "default"), "default");
         EXPECT_EQ(root.getChildCount(), 0);
@@ -69,9 +50,11 @@ TEST(XmlDocument, HasNoRootWhenItDoesNotParse)
 TEST(XmlDocument, ReportsFileLineAndReasonToTheDebugStream)
 {
     ASSERT_TRUE(DEBUGGING);
-    const TemporaryFile file("<a>\n<b>\n</a>\n");
-    EXPECT_EQ(complaintAbout(file.path, XmlDocument::Source::file),
-              "orvane: " + file.path + ", line 3 (byte 10): not read: Start-end tags mismatch\n");
+    const TemporaryFolder folder;
+    folder.write("a.xml", "<a>\n<b>\n</a>\n");
+    const std::string path = (folder / "a.xml").string();
+    EXPECT_EQ(complaintAbout(path, XmlDocument::Source::file),
+              "orvane: " + path + ", line 3 (byte 10): not read: Start-end tags mismatch\n");
     EXPECT_EQ(complaintAbout("<a/>\n<b/>"),
               "orvane: XML text, line 2 (byte 6): not read: more than one root element\n");
     EXPECT_EQ(complaintAbout("<a>\n\xFF</a>"), "orvane: XML text, line 2 (byte 4): not read: not UTF-8\n");
@@ -79,10 +62,10 @@ TEST(XmlDocument, ReportsFileLineAndReasonToTheDebugStream)
 
 TEST(XmlDocument, ReadsOnlyFiles)
 {
-    const std::string pipe = testing::TempDir() + "orvane-pipe-" + std::to_string(getpid());
+    const TemporaryFolder folder;
+    const std::string pipe = (folder / "pipe").string();
     ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
     for (const std::string& path : {pipe, ""s, "/nowhere/at/all.xml"s, "/"s, "/dev/zero"s, "/dev/null"s})
         EXPECT_EQ(complaintAbout(path, XmlDocument::Source::file),
                   "orvane: " + path + ": not read: no file that can be read\n");
-    std::filesystem::remove(pipe);
 }

@@ -2,12 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include "backend/xml/XmlDocument.h"
+#include "tests/stage/Text.h"
 
 namespace
 {
-XmlElement rootOf(std::string_view text) { return XmlDocument(text, XmlDocument::Source::text).getRoot(); }
-
 /// The walk over the children, a tag for each position, "-" where there is no element.
 std::string walk(const XmlElement& parent)
 {
@@ -98,17 +96,10 @@ TEST(XmlElement, ReadsABoolInLowerOrUpperCaseOnly)
 
 TEST(XmlElement, ReadsADecimalNumberOrTheDefault)
 {
-    for (const auto& [text, number] : {std::pair<std::string, int>{"-1", -1},
-                                       {"12abc", 12},
-                                       {" +7 ", 7},
-                                       {"010", 10},
-                                       {"0x10", 0},
-                                       {"2147483647", 2147483647},
-                                       {"2147483648", 99},
-                                       {"", 99},
-                                       {"abc", 99},
-                                       {"- 1", 99},
-                                       {"--1", 99}})
+    const std::pair<std::string, int> rows[] = {
+        {"-1", -1},         {"12abc", 12}, {" +7 ", 7}, {"010", 10}, {"0x10", 0}, {"2147483647", 2147483647},
+        {"2147483648", 99}, {"", 99},      {"abc", 99}, {"- 1", 99}, {"--1", 99}};
+    for (const auto& [text, number] : rows)
         EXPECT_EQ(rootOf("<a x=\"" + text + "\"/>").getIntAttribute("x", 99), number) << text;
     EXPECT_EQ(rootOf("<a/>").getIntAttribute("x", 99), 99);
     for (const auto& [text, number] : {std::pair{"127", 127}, {"-128", -128}, {"128", 99}, {"300", 99}, {"-999", 99}})
@@ -125,11 +116,7 @@ TEST(XmlElement, GathersItsText)
 
 TEST(XmlElement, OutlivesItsDocument)
 {
-    XmlElement child;
-    {
-        const XmlDocument document("<a><b name='x'><c/></b></a>", XmlDocument::Source::text);
-        child = document.getRoot().begin();
-    }
+    const XmlElement child = rootOf("<a><b name='x'><c/></b></a>").begin();
     EXPECT_EQ(child.getAttribute("name"), "x");
     EXPECT_EQ(walk(child), "c ");
 }
