@@ -1,16 +1,8 @@
 // What functions do when they run.
 
-#include <gtest/gtest.h>
-
 #include "backend/bindings/functions/FunctionFactories.h"
 #include "backend/bindings/functions/Functions.h"
 #include "backend/files/RegistrySettings.h"
-#include "backend/messages/GuiMessages.h"
-#include "backend/messages/LayerMessageManager.h"
-#include "backend/model/Screen.h"
-#include "backend/model/WindowMove.h"
-#include "backend/sections/layers/LayerManager.h"
-#include "backend/xml/XmlDocument.h"
 #include "tests/stage/Stage.h"
 
 using namespace Backend;
@@ -18,49 +10,25 @@ using namespace Backend::FunctionManagement;
 
 namespace
 {
-/// A stage with a window, where the backend is at rest whenever a function runs.
 struct FunctionStage : Stage {
-    FunctionStage() { orv->setGuiWindowHandle(WindowHandle(window)); }
+    FunctionStage() { openWindow(); }
 
-    void run(const std::string& element)
+    /// What the window receives when a function runs.
+    std::string run(const std::string& element)
     {
-        const auto function = createFunctionFromXml(XmlDocument(element, XmlDocument::Source::text).getRoot(), *orv);
-        ASSERT_TRUE(function) << element;
-        function->execute();
-        rest();
-    }
-
-    /// "number wparam lparam" of each message since the last call.
-    std::string received()
-    {
-        std::string text;
-        while (window->handleNext([&](Message& message) {
-            text += std::to_string(message.number) + " " + std::to_string(message.wparam) + " " +
-                    std::to_string(message.lparam) + "\n";
+        const auto function = createFunctionFromXml(rootOf(element), *orv);
+        EXPECT_TRUE(function) << element;
+        if (function) function->execute();
+        return received([](Message& message) -> std::string {
+            std::string text = TestWindow::words(message);
             if (const auto* move = message.payload.get<WindowMove>())
-                text += move->x.value.toXmlString() + "," + move->y.value.toXmlString() + "\n";
-            if (const auto* select = message.payload.get<SelectControlType>()) text += select->toXmlString() + "\n";
-        })) {}
-        return text;
+                text += " " + move->x.value.toXmlString() + "," + move->y.value.toXmlString();
+            if (const auto* select = message.payload.get<SelectControlType>()) text += " " + select->toXmlString();
+            return text;
+        });
     }
-
-    std::shared_ptr<MessageQueue> window = std::make_shared<MessageQueue>(64);
 };
 }  // namespace
-
-TEST(MidiFunctions, OnlyANoteOnInAZoneSpansANote)
-{
-    Stage stage;
-    const auto spanOf = [&](const char* element) {
-        return createFunctionFromXml(XmlDocument(element, XmlDocument::Source::text).getRoot(), *stage.orv)
-            ->getNoteSpan();
-    };
-    const MidiEngine::Note c4(60);
-    EXPECT_EQ(spanOf(R"(<MidiNoteOn zone="0" note="C4"/>)"),
-              (FunctionNoteSpan{.zone = 0, .lowNote = c4, .highNote = c4}));
-    EXPECT_EQ(spanOf(R"(<MidiNoteOn note="C4"/>)"), FunctionNoteSpan{});
-    EXPECT_EQ(spanOf(R"(<MidiNoteOff zone="0" note="C4"/>)"), FunctionNoteSpan{});
-}
 
 TEST(MidiFunctions, KeepTheirParametersInAsManyBitsAsTheyHave)
 {
@@ -88,9 +56,9 @@ TEST(ScreenFunctions, AskTheWindow)
 {
     const auto screen = [](Screen which, OnOffToggle::State state) {
         return std::to_string(GuiMessage::SHOW_SCREEN) + " " + std::to_string(static_cast<int>(which)) + " " +
-               std::to_string(static_cast<int>(state)) + "\n";
+               std::to_string(static_cast<int>(state));
     };
-    const auto only = [](unsigned number) { return std::to_string(number) + " 0 0\n"; };
+    const auto only = [](unsigned number) { return std::to_string(number) + " 0 0"; };
     using enum OnOffToggle::State;
     const std::pair<const char*, std::string> rows[] = {
         {R"(<ShowSystem type="on"/>)", screen(Screen::system, on)},
@@ -108,32 +76,23 @@ TEST(ScreenFunctions, AskTheWindow)
         {"<ShowSaveDialog/>", only(GuiMessage::SHOW_SAVE_DIALOG)},
         {"<ShowProgramMenu/>", only(GuiMessage::SHOW_PROGRAM_MENU)},
         {"<ShowDefaultMidiOutputMenu/>", only(GuiMessage::SHOW_DEFAULT_MIDI_OUTPUT_MENU)},
-        {R"(<MoveWindow x="+10"/>)", only(GuiMessage::MOVE_WINDOW) + "+10,\n"},
-        {R"(<SetWidgetFocus type="2,3"/>)", only(GuiMessage::SET_WIDGET_FOCUS) + "2,3\n"},
+        {R"(<MoveWindow x="+10"/>)", only(GuiMessage::MOVE_WINDOW) + " +10,"},
+        {R"(<SetWidgetFocus type="2,3"/>)", only(GuiMessage::SET_WIDGET_FOCUS) + " 2,3"},
     };
     FunctionStage stage;
-    for (const auto& [element, received] : rows) {
-        stage.run(element);
-        EXPECT_EQ(stage.received(), received) << element;
-    }
+    for (const auto& [element, received] : rows) EXPECT_EQ(stage.run(element), received) << element;
 }
 
 TEST(SystemFunctions, ChangeProgramTempoOutputAndSwitchesAndNotifyTheWindow)
 {
     FunctionStage stage;
-    stage.run(R"(<ChangeTempo value="+10"/>)");
+    const RegistrySettings& settings = stage.orv->getRegistrySettings();
+    EXPECT_TRUE(stage.run(R"(<ChangeTempo value="+10"/>)").starts_with(std::to_string(GuiMessage::PROGRAM)));
     EXPECT_EQ(stage.orv->getTempo(), 130);
-    EXPECT_TRUE(stage.received().starts_with(std::to_string(GuiMessage::PROGRAM)));
-
-    stage.run("<ChangeDefaultMidiOutput/>");
-    EXPECT_EQ(stage.received(), std::to_string(GuiMessage::DEFAULT_MIDI_OUTPUT) + " 1 0\n");
-    stage.run(R"(<ChangeDefaultMidiOutput type="0"/>)");
-    EXPECT_EQ(stage.received(), std::to_string(GuiMessage::DEFAULT_MIDI_OUTPUT) + " 0 0\n");
-
-    const bool thru = stage.orv->getRegistrySettings().getMidiThru();
+    EXPECT_EQ(stage.run("<ChangeDefaultMidiOutput/>"), std::to_string(GuiMessage::DEFAULT_MIDI_OUTPUT) + " 1 0");
+    EXPECT_EQ(settings.getDefaultMidiOutput(), 1);
     stage.run("<ChangeMidiThru/>");
-    EXPECT_EQ(stage.orv->getRegistrySettings().getMidiThru(), !thru);
-    stage.run(R"(<ChangeGlobalKeyboard type="on"/>)");
-    EXPECT_TRUE(stage.orv->getRegistrySettings().getGlobalKeyboard());
-    EXPECT_NE(stage.received().find(std::to_string(GuiMessage::GLOBAL_KEYBOARD) + " 1"), std::string::npos);
+    EXPECT_FALSE(settings.getMidiThru());
+    EXPECT_EQ(stage.run(R"(<ChangeGlobalKeyboard type="on"/>)"), std::to_string(GuiMessage::GLOBAL_KEYBOARD) + " 1 0");
+    EXPECT_TRUE(settings.getGlobalKeyboard());
 }
