@@ -2,7 +2,6 @@
 
 #include <sys/stat.h>
 
-#include <chrono>
 #include <thread>
 
 #include <gtest/gtest.h>

@@ -8,6 +8,7 @@
 #include "backend/files/FileName.h"
 #include "tests/stage/FileFault.h"
 #include "tests/stage/PrivateFolders.h"
+#include "tests/stage/Text.h"
 
 using namespace Backend;
 
@@ -15,7 +16,6 @@ namespace
 {
 const std::string FOLDER = "data/Brinlow Software/Orvane 3/Layer Presets";
 const std::string FACTORY = "prog/Default/Layer Presets";
-const std::string HEAD = "<?xml version=\"1.0\" encoding=\"utf-8\"?>\n\n";
 
 /// The layers' presets of a user whose folders are the test's.
 struct Presets : PrivateFolders {
@@ -26,12 +26,14 @@ struct Presets : PrivateFolders {
     /// The names, each with a + if it is one to merge.
     std::string list() const
     {
-        std::string all;
-        for (const PresetEntry& entry : manager.getList().getEntries())
-            all += (all.empty() ? "" : ",") + entry.name + (entry.merge ? "+" : "");
-        return all;
+        return joined(
+            manager.getList().getEntries(),
+            [](const PresetEntry& entry) { return entry.name + (entry.merge ? "+" : ""); }, ",");
     }
-
+    void writePreset(const std::string& name, const std::string& attributes = "") const
+    {
+        write(FOLDER + "/" + name, XML_HEAD + "<Layers" + attributes + "/>");
+    }
     bool save(std::string_view name, bool merge = false)
     {
         return manager.save(name, [&](std::string& text) {
@@ -48,13 +50,13 @@ TEST(PresetManager, StartsANewUserWithTheFactorysPresets)
     EXPECT_EQ(presets.list(), "") << "the factory's folder is missing";
     EXPECT_FALSE(std::filesystem::exists(presets / FOLDER));
 
-    presets.write(FACTORY + "/Organ.pst", HEAD + "<Layers merge=\"true\"/>");
-    presets.write(FACTORY + "/Bass.pst", HEAD + "<Layers/>");
+    presets.write(FACTORY + "/Organ.pst", XML_HEAD + "<Layers merge=\"true\"/>");
+    presets.write(FACTORY + "/Bass.pst", XML_HEAD + "<Layers/>");
     presets.manager.refresh();
     EXPECT_EQ(presets.list(), "Bass,Organ+");
     EXPECT_EQ(presets.contents(FOLDER), "Bass.pst Organ.pst");
 
-    presets.write(FACTORY + "/New.pst", HEAD + "<Layers/>");
+    presets.write(FACTORY + "/New.pst", XML_HEAD + "<Layers/>");
     presets.manager.remove("Bass");
     presets.manager.refresh();
     EXPECT_EQ(presets.list(), "Organ+") << "from then on the folder is the user's";
@@ -63,13 +65,13 @@ TEST(PresetManager, StartsANewUserWithTheFactorysPresets)
 TEST(PresetManager, ListsEveryFileByItsBaseName)
 {
     Presets presets;
-    presets.write(FOLDER + "/b.pst", HEAD + "<Layers merge=\"true\">\n</Layers>\n");
-    presets.write(FOLDER + "/a.pst", HEAD + "<Layers merge=\"true\">");
-    presets.write(FOLDER + "/Z.pst", HEAD + "<Layers merge=\"yes\"/>");
+    presets.writePreset("b.pst", " merge=\"true\"");
+    presets.writePreset("a.pst", " merge=\"true\">");
+    presets.writePreset("Z.pst", " merge=\"yes\"");
+    presets.writePreset("v1.2.pst", " merge=\"1\"");
+    presets.writePreset("Ünder:score? ?.pst", " merge=\"true\"");
+    presets.writePreset("both.pst", " merge=\"true\"");
     presets.write(FOLDER + "/notes.txt", "buy strings");
-    presets.write(FOLDER + "/v1.2.pst", HEAD + "<Layers merge=\"1\"/>");
-    presets.write(FOLDER + "/Ünder:score? ?.pst", HEAD + "<Layers merge=\"true\"/>");
-    presets.write(FOLDER + "/both.pst", HEAD + "<Layers merge=\"true\"/>");
     presets.write(FOLDER + "/both.txt", "");
     presets.write(FOLDER + "/folder.pst/inside.pst", "");
     presets.write(FOLDER + "/.orvane-1-1", "half a preset");
@@ -77,9 +79,7 @@ TEST(PresetManager, ListsEveryFileByItsBaseName)
     presets.manager.refresh();
     EXPECT_EQ(presets.list(), "Z+,a,b+,both,notes,v1.2,Ünder:score? ?+");
     EXPECT_EQ(presets.manager.findPreset("Ünder:score? ?"), (presets / FOLDER / "Ünder:score? ?.pst").string());
-    EXPECT_EQ(presets.manager.findPreset("notes"), "");
-    EXPECT_EQ(presets.manager.findPreset("folder"), "");
-    EXPECT_EQ(presets.manager.findPreset("pipe"), "");
+    for (const char* other : {"notes", "folder", "pipe"}) EXPECT_EQ(presets.manager.findPreset(other), "") << other;
 }
 
 TEST(PresetManager, SavesUnderTheTrimmedNameAndListsItOnce)
@@ -88,7 +88,7 @@ TEST(PresetManager, SavesUnderTheTrimmedNameAndListsItOnce)
     EXPECT_TRUE(presets.save("  Two words "));
     EXPECT_TRUE(presets.save("Alto"));
     EXPECT_EQ(presets.list(), "Alto,Two words");
-    EXPECT_EQ(presets.read(FOLDER + "/Two words.pst"), HEAD + "<Layers merge=\"false\">\n</Layers>\n");
+    EXPECT_EQ(presets.read(FOLDER + "/Two words.pst"), XML_HEAD + "<Layers merge=\"false\">\n</Layers>\n");
     EXPECT_TRUE(presets.save("Two words", true));
     EXPECT_EQ(presets.list(), "Alto,Two words+");
     EXPECT_EQ(presets.manager.getPresetPath("x"), (presets / FOLDER / "x.pst").string());
@@ -125,19 +125,9 @@ TEST(PresetManager, NeverLeavesItsFolder)
     Presets presets;
     presets.write("data/Brinlow Software/Orvane 3/out.pst", "out");
     presets.save("in");
-    const std::string names[] = {"",
-                                 ".",
-                                 "..",
-                                 "../out",
-                                 "..\\out",
-                                 "/etc/x",
-                                 "a/b",
-                                 "a\nb",
-                                 std::string("a\0b", 3),
-                                 std::string(252, 'x'),
-                                 "\x7f",
-                                 "../../../config/x"};
-    for (const std::string& name : names) {
+    for (const std::string& name :
+         std::vector<std::string>{"", ".", "..", "../out", "..\\out", "/etc/x", "a/b", "a\nb", std::string("a\0b", 3),
+                                  std::string(252, 'x'), "\x7f", "../../../config/x"}) {
         EXPECT_EQ(presets.manager.getPresetPath(name), "") << name;
         EXPECT_EQ(presets.manager.findPreset(name), "") << name;
         EXPECT_FALSE(isValidFileName(name)) << name;
@@ -166,14 +156,10 @@ TEST(PresetManager, KeepsTheOldPresetWhateverFails)
     for (int call = 0;; ++call) {
         Presets presets;
         presets.save("a", false);
-        bool saved = false;
-        {
-            const FileFault fault(FileFault::Kind::fullDisk, call);
-            saved = presets.save("a", true);
-            if (!fault.hasHappened()) break;
-        }
-        EXPECT_EQ(presets.list(), saved ? "a+" : "a") << "call " << call;
+        const auto saved = saveWithFault(call, [&] { return presets.save("a", true); });
+        if (!saved) break;
+        EXPECT_EQ(presets.list(), *saved ? "a+" : "a") << "call " << call;
         presets.manager.refresh();
-        EXPECT_EQ(presets.list(), saved ? "a+" : "a") << "call " << call;
+        EXPECT_EQ(presets.list(), *saved ? "a+" : "a") << "call " << call;
     }
 }
