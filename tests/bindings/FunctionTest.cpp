@@ -93,6 +93,7 @@ TEST(SystemFunctions, ChangeProgramTempoOutputAndSwitchesAndNotifyTheWindow)
     EXPECT_EQ(settings.getDefaultMidiOutput(), 1);
     stage.run("<ChangeMidiThru/>");
     EXPECT_FALSE(settings.getMidiThru());
-    EXPECT_EQ(stage.run(R"(<ChangeGlobalKeyboard type="on"/>)"), std::to_string(GuiMessage::GLOBAL_KEYBOARD) + " 1 0");
+    EXPECT_EQ(stage.run(R"(<ChangeGlobalKeyboard type="on"/>)"),
+              std::to_string(Settings::GLOBAL_KEYBOARD.number) + " 1 0");
     EXPECT_TRUE(settings.getGlobalKeyboard());
 }

@@ -157,7 +157,8 @@ TEST(Gui, ReceivesChangesWhenAskedTo)
     commands.postEnableMidiInput(1, false);
     commands.postEnableMidiOutput(1, false);
     using namespace GuiMessage;
-    EXPECT_EQ(received(), TestWindow::numbers({PROGRAM, PROGRAM, MIDI_THRU, DEFAULT_MIDI_OUTPUT, MIDI_INPUT_PORTS}));
+    EXPECT_EQ(received(), TestWindow::numbers(
+                              {PROGRAM, PROGRAM, Settings::MIDI_THRU.number, DEFAULT_MIDI_OUTPUT, MIDI_INPUT_PORTS}));
     EXPECT_TRUE(stage.orv->getRegistrySettings().getMidiThru()) << "toggled twice";
 
     auto ports = stage.outputs({"Out 1", "Out 2"});

@@ -197,7 +197,7 @@ TEST(Bank, TheWindowIsNotifiedOfNamesBanksAndScreens)
     stage.commands().postSetScreenState({.help = true});
     EXPECT_EQ(stage.received([&](Message& message) -> std::string {
         if (message.number == GuiMessage::ORV_RESET) return "reset";
-        if (const auto* path = message.payload.get<std::string>(); message.number == GuiMessage::DEFAULT_BANK)
+        if (const auto* path = message.payload.get<std::string>(); message.number == Settings::DEFAULT_BANK.number)
             return *path == bank ? "default" : "?";
         if (const auto* loaded = message.payload.get<Bank>()) return joined(loaded->programNames);
         const auto* program = message.payload.get<Program>();

@@ -12,8 +12,8 @@ namespace
 /// An event of channel 0 to output 0, where it names no others.
 OrvMidiMessage sent(TestEvent event)
 {
-    if (event.onChannel < 0) event.onChannel = 0;
-    if (event.toOutput < 0) event.toOutput = 0;
+    if (event.fields.channel < 0) event.fields.channel = 0;
+    if (event.fields.output < 0) event.fields.output = 0;
     return event;
 }
 

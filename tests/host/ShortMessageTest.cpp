@@ -33,7 +33,10 @@ TEST(ShortMessage, HasAsManyBytesAsItsStatusRequires)
                 {0xF4, 0, 0, 0, {}},
                 {0x00, 60, 60, 0, {}}};
     for (const auto& [status, d1, d2, channel, bytes] : ROWS)
-        EXPECT_EQ(bytesOf(toShortMessage({static_cast<MessageType>(status), d1, d2, channel, 0, -1, -1, -1})), bytes)
+        EXPECT_EQ(
+            bytesOf(toShortMessage(Backend::MidiEngine::OrvMidiMessage(
+                {.type = static_cast<MessageType>(status), .d1 = d1, .d2 = d2, .channel = channel, .output = 0}))),
+            bytes)
             << status;
 }
 
