@@ -6,40 +6,40 @@
 
 namespace Backend::MidiEngine
 {
-/// What the host supplies: the way out to real MIDI devices, and the owner of the clock. The host keeps it alive as
-/// long as the backend. Every operation but `getThreadId` may be called with the engine lock held, so none of them may
-/// wait for the engine, and those that open devices or change the clock only leave a request for a thread of the host.
+/// The host's side of the engine: sends events to MIDI devices, and owns the clock. It must outlive the backend. Every
+/// operation except `getThreadId` may be called with the engine lock held, so none may wait for the engine; those that
+/// open devices or change the clock only store a request for a thread of the host.
 class ORV_API MidiPlayer
 {
 public:
     virtual ~MidiPlayer() = default;
 
-    /// Plays one event on port `getOutput()`, its channel resolved. Inside a time slice. After a hard reset without a
-    /// default output the port is -1: nothing to play it on.
+    /// Plays an event on port `getOutput()`; its channel is set. Inside a time slice. The port is -1 after a hard reset
+    /// without a default output; then there is nothing to play.
     virtual void playMidi(const OrvMidiMessage& event) = 0;
 
     /// Opens or closes an input port, by its index.
     virtual void enableMidiInput(int port, bool enabled) = 0;
 
-    /// Opens or closes an output port, by its index. The host answers with the refreshed list of outputs.
+    /// Opens or closes an output port, by its index. The host then sends the updated list of outputs.
     virtual void enableMidiOutput(int port, bool enabled) = 0;
 
     /// The thread on which the host calls `playTimeSlice`. Any thread.
     virtual ThreadId getThreadId() = 0;
 
-    /// One pulse of a tempo tapped by hand.
+    /// A tap of a tempo that is tapped by hand.
     virtual void pulseSequencer() = 0;
 
     /// Beats per minute, 20 to 250.
     virtual void setTempo(int bpm) = 0;
 
-    /// -1 is the internal clock, otherwise the input port whose timing ticks set the tempo.
+    /// -1 for the internal clock, otherwise the input port whose MIDI clock sets the tempo.
     virtual void setTempoSource(char source) = 0;
     virtual char getTempoSource() = 0;
 
-    /// The time that played events have in the retrospective record: milliseconds of a clock that wraps round. Any
-    /// thread; asked at most once in a time slice, which it must not keep waiting. Hosts whose time is not the system's
-    /// have their own.
+    /// The time of played events for the retrospective record, in milliseconds of a clock that wraps round. Any thread;
+    /// called at most once in a time slice, and must not wait. A host with a time of its own overrides it, the default
+    /// is the system's.
     virtual std::uint32_t getMilliseconds();
 };
 }  // namespace Backend::MidiEngine

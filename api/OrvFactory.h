@@ -23,21 +23,21 @@ using GuiFactory = Gui::OrvGuiIF* (*)(OrvIF& orv, GuiStart start);
 class ORV_API OrvFactory
 {
 public:
-    /// A backend with no thread running yet, or null when memory runs out. The caller deletes it; `player` must
-    /// outlive it. `applicationName` names the place of its settings (one that is no file name has none), and
-    /// `retroRecordOption` says whether the retrospective record of an earlier run goes on, and this one is kept for a
-    /// later run; otherwise it starts clean and goes with the backend.
+    /// Makes a backend without a running thread; null if memory runs out. The caller deletes it; `player` must outlive
+    /// it. `applicationName` is the name of its settings (without a valid file name nothing is stored). With
+    /// `retroRecordOption` the retrospective record of an earlier run is continued, and this one is kept for a later
+    /// run; otherwise it starts empty and is deleted with the backend.
     static OrvIF* createOrv(const std::string& applicationName, MidiEngine::MidiPlayer& player, bool retroRecordOption);
 
-    /// The same, owned: it is deleted with the pointer.
+    /// The same as a smart pointer.
     static std::unique_ptr<OrvIF> makeOrv(const std::string& applicationName, MidiEngine::MidiPlayer& player,
                                           bool retroRecordOption)
     {
         return std::unique_ptr<OrvIF>(createOrv(applicationName, player, retroRecordOption));
     }
 
-    /// What `OrvIF::createOrvGui` makes from now on, in backends created later: the library's own window, unless a host
-    /// brings another. Null for none. Before any thread creates a backend.
+    /// The factory for `OrvIF::createOrvGui` in backends that are made from now on: by default the library's own
+    /// window; null for none. To be called before any thread makes a backend.
     static void setGuiFactory(GuiFactory factory);
 };
 }  // namespace Backend

@@ -65,7 +65,7 @@ class ORV_API OrvGuiIF : public GuiContext
 public:
     /// Once, before the first `create`.
     virtual void initialize() = 0;
-    /// Closes the window if it is open. Nothing may be called after it.
+    /// Closes the window if it is open. The last call.
     virtual void end() = 0;
 
     /// Opens the window in the parent that the host provides, with the screens that it showed when it was closed. False
@@ -80,7 +80,7 @@ public:
 
     virtual const Backend::MidiEngine::MidiOutputPorts& getMidiOutputPorts() const = 0;
     virtual const Backend::MidiEngine::MidiInputPorts& getMidiInputPorts() const = 0;
-    /// Empty while it is closed.
+    /// Empty while the window is closed.
     virtual WindowHandle getWindowHandle() const = 0;
     virtual const Backend::RegistrySettings& getRegistrySettings() const = 0;
     /// The output of events without an output of their own; -1 for none.
@@ -93,7 +93,7 @@ public:
     virtual void showSaveDialog() = 0;
     virtual void showLoadDialog() = 0;
     virtual void importVersion2File() = 0;
-    /// Loads a bank, or a program if the path ends in ".prg". A message box says so if the file holds none. A path in
+    /// Loads a bank, or a program if the path ends in ".prg". If the file has none, a message box reports it. A path in
     /// UTF-8.
     virtual void loadFile(const std::string& path) = 0;
 
@@ -103,7 +103,7 @@ public:
     virtual void handleDefaultBankChanged(const std::string& path) = 0;
     virtual void handleBankChanged(const Backend::Bank& bank) = 0;
     virtual void handleProgramChanged(const Backend::Program& program) = 0;
-    /// The file had no program of that number.
+    /// The file has no program of that number.
     virtual void handleProgramMissing(const Backend::Program& program) = 0;
     virtual void handleProgramNameChanged(const Backend::Program& program) = 0;
     virtual void handleMidiInputPortsChanged(const Backend::MidiEngine::MidiInputPorts& ports) = 0;
@@ -121,20 +121,20 @@ public:
     virtual void toggleScreen(Backend::Screen screen) = 0;
     virtual bool isScreenShowing(Backend::Screen screen) const = 0;
 
-    /// The presets of a section, and what changes them.
+    /// The presets of a section, and the commands that change them.
     virtual const Backend::PresetList& getPresetList(const Backend::PresetSection& section) const = 0;
     virtual Preset::PresetGuiOwner& getComputerInputPanelAsPresetGuiOwner() = 0;
 
-    /// Has the host move the window.
+    /// Requests the host to move the window.
     virtual void moveWindow(const Backend::WindowMove& move) = 0;
     /// An event sent to an output: shown on the output screen.
     virtual void displayMidiOutputEvent(const Backend::MidiEngine::OrvMidiMessage& event) = 0;
     virtual void setDockToBottomEdge(bool on) = 0;
     virtual GuiMessageManagerMaster& getGuiMessageManagerMaster() = 0;
 
-    /// The keyboard that layers and zones are aligned with; only while the window is open.
+    /// The piano keyboard; layers and zones are aligned with its keys. Only while the window is open.
     virtual Output::MusicKeyboardCtl& getMainMusicKeyboardCtl() = 0;
-    /// Show every key of the pictures as up.
+    /// Draws every key of the pictures as released.
     virtual void clearMusicKeyboardHilight() = 0;
     virtual void clearComputerKeyboardHilight() = 0;
 
@@ -147,20 +147,20 @@ public:
     /// The names of the sequence presets, sorted. The backend alone writes their files; the window reads the folder at
     /// its start and after each change.
     virtual const std::vector<std::string>& getSequencePresetList() const = 0;
-    /// Has the backend write a preset, in place of one of that name. False for a name that no file can have; if the
-    /// file cannot be written, a message box says so later.
+    /// Requests the backend to write a preset, in place of one of that name. False if the name is not valid; if the
+    /// file cannot be written, a message box reports it later.
     virtual bool addSequencePreset(const std::string& name, const std::string& text) = 0;
-    /// The same for a preset that exists; false as well if there is none.
+    /// The same for a preset that exists; false also if there is none.
     virtual bool editSequencePreset(const std::string& name, const std::string& text) = 0;
     virtual void deleteSequencePreset(const std::string& name) = 0;
     virtual const Backend::SequenceManagement::SequencePresetManager& getSequencePresetManager() const = 0;
 
-    /// Gives the focus back to playing, unless a text is being edited.
+    /// Returns the focus to playing, unless a text is being edited.
     virtual void setFocus() = 0;
 
     /// The keys of the computer that are down; only while the window is open.
     virtual KeyPresses& getKeyPresses() = 0;
-    /// One line that says why the global keyboard does not work, or not fully; empty if it does.
+    /// One line that says why the global keyboard does not work, or only in part; empty if it does.
     virtual std::string getGlobalKeyboardReason() const = 0;
 
     /// Pop-up menus at the system panel.
@@ -173,7 +173,7 @@ public:
     virtual void handleRetroRecordEnabledChanged(bool on) = 0;
     virtual void handleMidiThruChanged(bool on) = 0;
     virtual void handleGlobalKeyboardChanged(bool on) = 0;
-    /// The global keyboard was switched by a key of its own, wherever the focus was.
+    /// The global keyboard was switched on or off by a key of its own, in any window.
     virtual void handleGlobalKeySwitched(bool on) = 0;
     /// The bindings of the computer's keys have changed.
     virtual void handleKeysChanged(const Backend::ComputerInput::KeyConfigurationMap& keys) = 0;

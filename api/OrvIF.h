@@ -130,19 +130,19 @@ class ORV_API OrvIF
 public:
     /// The longest time slice is one pulse shorter: a slice of that many pulses or more means that the clock jumped.
     static constexpr std::int32_t MAX_TIME_SLICE = 5000;
-    /// The pulse at which a host's clock starts; earlier ones are left to what was due before.
+    /// The pulse at which a host's clock starts; lower ones are for events that were due before.
     static constexpr std::int32_t FIRST_PULSE = 50000000;
 
     virtual ~OrvIF() = default;
 
-    /// [backend] Reads the settings and the lists of presets, copies the factory content for a new user, and starts
-    /// what the backend consists of; sends the controls that send when a program is loaded, once the ports are known;
-    /// stops it again and saves the settings. See `OrvMessageManager::sendInitialize` and its neighbours.
+    /// [backend] Reads the settings and the lists of presets, copies the factory content for a new user, and starts the
+    /// parts of the backend; sends the values of controls that are set to do so, once the ports are known; stops the
+    /// parts and saves the settings. See `OrvMessageManager::sendInitialize` and the operations after it.
     virtual void initialize() = 0;
     virtual void endInitialize() = 0;
     virtual void end() = 0;
 
-    /// [host] Start the backend thread; end it after the commands that were posted before, and wait for that.
+    /// [host] Start the backend thread; stop it after the commands that were posted before, and wait for its end.
     virtual void start() = 0;
     virtual void stop() = 0;
 
@@ -155,50 +155,50 @@ public:
     virtual MidiEngine::MidiEngineMessageManager& getMidiEngineMessageManager() = 0;
     virtual Controls::ControlMessageManager& getControlMessageManager() = 0;
 
-    /// [backend] Kept in the settings: where the window was, in logical pixels.
+    /// [backend] Stored in the settings: the position of the window, in logical pixels.
     virtual void setLastWindowPosition(const WindowsLib::Rect& position) = 0;
 
     /// [any] As `setGuiWindowHandle` with an empty handle.
     virtual void removeGuiWindowHandle() = 0;
 
-    /// [backend] Kept in the settings, and the window is notified.
+    /// [backend] Stored in the settings, and the window is notified.
     virtual void setDockToBottomEdge(bool on) = 0;
-    /// [backend] The bank that is loaded at the start; it is loaded now too. A file that is no bank with a program
-    /// changes nothing.
+    /// [backend] The bank that is loaded at the start; it is also loaded now. A file that is not a bank with a program
+    /// is ignored.
     virtual void setDefaultBank(const std::string& path) = 0;
-    /// [backend] Kept in the settings, and the window is notified: what a movement of the mouse is divided by; below 1
-    /// counts as 1.
+    /// [backend] Stored in the settings, and the window is notified: the divisor of mouse movements; below 1 counts as
+    /// 1.
     virtual void setMouseSensitivity(int divisor) = 0;
 
-    /// [backend] The host's whole lists, at the start and whenever something changed; a port's index is its number, at
-    /// most 128 are used.
+    /// [backend] The host's complete lists, to be set at the start and after every change; the index of a port is its
+    /// number, at most 128 are used.
     virtual void setMidiInputPorts(const MidiEngine::MidiInputPorts& ports) = 0;
     virtual void setMidiOutputPorts(const MidiEngine::MidiOutputPorts& ports) = 0;
     virtual MidiEngine::MidiInputPorts getMidiInputPorts() const = 0;
     virtual MidiEngine::MidiOutputPorts getMidiOutputPorts() const = 0;
 
-    /// [backend] The user's choice. The backend's list of outputs changes only when the host sends the refreshed one.
+    /// [backend] The user's choice. The backend's list of outputs changes only when the host sends the updated one.
     virtual void enableMidiInput(int port, bool enabled) = 0;
     virtual void enableMidiOutput(int port, bool enabled) = 0;
 
-    /// [backend] Takes an event whose `getInput` is an enabled port; any other is dropped.
+    /// [backend] Processes an event whose `getInput` is an enabled port; any other event is dropped.
     virtual void processMidiInputEvent(const MidiEngine::OrvMidiMessage& event) = 0;
 
-    /// [backend] Replaces the current program by the one of a file, keeping its number; of a ".prg" file its only one,
-    /// of any other the one of that number. A file without any program, here and below, is refused: everything stays,
-    /// and the window gets `GuiMessage::PROGRAM` with true. Otherwise every note is ended; what the program lacks is
-    /// emptied; where the file has no program of that number, the sections stay and the program has no name. Last, the
-    /// controls that are to send then do.
+    /// [backend] Replaces the current program by that of a file and keeps its number. A ".prg" file has one program, of
+    /// any other file that of the number is loaded.
+    /// A file without any program, here and below, is refused: nothing changes, and the window gets
+    /// `GuiMessage::PROGRAM` with true.
+    /// See docs/behaviour/programs-and-banks.md for what is ended, emptied and sent.
     virtual void loadProgram(const std::string& path) = 0;
-    /// [backend] The program of that number, from 0, of the current bank.
+    /// [backend] Loads the program of that number, from 0, of the current bank.
     virtual void changeProgram(int number) = 0;
-    /// [backend] The program of a text that `getProgramAsString` gave, under that number.
+    /// [backend] Loads a program from a text of `getProgramAsString`, under that number.
     virtual void loadProgramFromString(const std::string& text, int number) = 0;
     /// [backend] Makes the file the current bank and loads the program of the current number.
     virtual void loadBank(const std::string& path) = 0;
 
-    /// [backend] Make a new file of one of version 2, whole or not at all; nothing that plays is touched. The preset
-    /// gets a name and enters the list of the section that its file is for. See `Version2::importBank`.
+    /// [backend] Convert a file of version 2 to a new one, completely or not at all; nothing that plays is changed. The
+    /// preset gets a name and is added to the list of its section. See `Version2::importBank`.
     virtual void importVersion2Bank(const std::string& source, const std::string& target,
                                     const WindowHandle& window) = 0;
     virtual void importVersion2Program(const std::string& source, const std::string& target,
@@ -206,37 +206,37 @@ public:
     virtual void importVersion2Preset(const std::string& source, const std::string& name,
                                       const WindowHandle& window) = 0;
 
-    /// [backend] Put the current program in the place of one of the current bank, or of the one of the current number
-    /// in another bank, which becomes the current one. A program that is saved in the place of another is then loaded
-    /// again as the bank has it. A bank without such a program stays as it is; so does, here and below, any file that
-    /// could not be written in full. Files are written on a thread of their own: keys, MIDI and edits go on, while
-    /// commands that use the bank or a file, `end` among them, wait.
+    /// [backend] Save the current program in the place of a program of the current bank, or of the one of the current
+    /// number in another bank, which becomes the current one. After a save in the place of another program, the current
+    /// program is loaded again as the bank has it. A file that has no such program, or, here and below, cannot be
+    /// written completely, stays as it is. Files are written on the files thread: keys, MIDI and edits go on, while
+    /// commands that use the bank or a file, including `end`, wait.
     ///
-    /// `window`, here and with the imports, is the progress dialog, or none. It gets `GuiMessage::OPERATION_DONE` when
-    /// all is done or has failed, unless there was nothing to do: no path, no bank, a number below 0.
+    /// `window`, here and with the imports, is the progress dialog, or none. It gets `GuiMessage::OPERATION_DONE` at
+    /// the end, unless there was nothing to do: no path, no bank, a number below 0.
     virtual void saveToCurrentBank(int number, const WindowHandle& window) = 0;
     virtual void saveToBank(const std::string& path, const WindowHandle& window) = 0;
-    /// [backend] Writes the current program as a file of its own.
+    /// [backend] Saves the current program as a file of its own.
     virtual void saveToProgram(const std::string& path, const WindowHandle& window) = 0;
-    /// [backend] The current program as a text, for a host that keeps its state.
+    /// [backend] The current program as text, for a host that stores its state.
     virtual std::string getProgramAsString() = 0;
 
-    /// [backend] Kept in the settings, and the window is notified.
+    /// [backend] Stored in the settings, and the window is notified.
     virtual void setAlwaysOnTop(bool on) = 0;
     virtual void setUseSkinBorder(bool on) = 0;
 
-    /// [any] Ask the window to show or hide a screen; nothing without a window. So do the operations of that kind
+    /// [any] Request the window to show or hide a screen; ignored without a window. So do the operations of that kind
     /// below.
     virtual void showSystemPanel(bool on) = 0;
     virtual void toggleSystemPanel() = 0;
 
-    /// [backend] Kept in the settings: the height of the display in logical pixels; whether it shows numbers instead
+    /// [backend] Stored in the settings: the height of the display in logical pixels; whether it shows numbers instead
     /// of names.
     virtual void setDisplayHeight(int pixels) = 0;
     virtual void setDisplayNumbers(bool on) = 0;
-    /// [backend] Kept in the settings, and the window is notified.
+    /// [backend] Stored in the settings, and the window is notified.
     virtual void setLargeDisplayFont(bool on) = 0;
-    /// [backend] Kept in the settings: what the display shows.
+    /// [backend] Stored in the settings: what the display shows.
     virtual void setDisplayMidiInputEvents(bool on) = 0;
     virtual void setDisplayMidiOutputEvents(bool on) = 0;
 
@@ -255,13 +255,13 @@ public:
     virtual void toggleZone() = 0;
     virtual void showSaveDialog() = 0;
 
-    /// [any] Gives an event to the engine, which plays it in the next slice, or at its pulse if it has one.
+    /// [any] Passes an event to the engine, which plays it in the next slice, or at its pulse if it has one.
     virtual void playMidi(const MidiEngine::OrvMidiMessage& event) = 0;
-    /// [any] Gives an event of an input to the display.
+    /// [any] Passes an event of an input to the display.
     virtual void displayMidiInputEvent(const MidiEngine::OrvMidiMessage& event) = 0;
 
-    /// The sections and their commands: [backend] what a section itself offers, [real-time] a reference to its
-    /// commands.
+    /// The sections and their commands:
+    /// [backend] the section itself, [real-time] a reference to its commands.
     virtual Oscillators::OscManager& getOscManager() = 0;
     virtual Oscillators::OscMessageManager& getOscMessageManager() = 0;
     /// [any]
@@ -283,7 +283,7 @@ public:
     /// [any]
     virtual void showComputerInput(bool on) = 0;
     virtual void toggleComputerInput() = 0;
-    /// [any] A key of the computer goes down, again and again while it is held, and comes up. They post.
+    /// [any] A key of the computer is pressed, repeats while it is held, and is released. They post.
     virtual void keyDown(const Key& key, bool isRepeat) = 0;
     virtual void keyUp(const Key& key) = 0;
     /// [backend] See `ComputerInputManager`.
@@ -319,14 +319,14 @@ public:
     virtual Bank& getBank() = 0;
     virtual Program& getProgram() = 0;
 
-    /// The host's clock call: plays what is due from pulse `startPpq` up to, not including, `endPpq`, at 480 pulses
-    /// per quarter note. Always on the same thread, the one that `MidiPlayer::getThreadId` names; in a real-time
-    /// callback too, since it allocates nothing and waits for no thread longer than that takes to swap a list. Spans
-    /// follow each other without gaps; one of MAX_TIME_SLICE pulses or more plays nothing, one that ends before it
-    /// starts catches up.
+    /// The host's clock calls this: plays what is due from pulse `startPpq` up to, but not including, `endPpq`, at 480
+    /// pulses per quarter note. Always on one thread, that of `MidiPlayer::getThreadId`, which may be a real-time
+    /// callback: it does not allocate, and waits for other threads only while they swap a list. The slices follow each
+    /// other without gaps; one of MAX_TIME_SLICE pulses or more plays nothing, one that ends before it starts plays
+    /// what is late.
     virtual void playTimeSlice(std::int32_t startPpq, std::int32_t endPpq) = 0;
 
-    /// [backend] Read from the settings store in `initialize`, kept there in `end`.
+    /// [backend] Read from the settings store in `initialize`, written to it in `end`.
     virtual RegistrySettings& getRegistrySettings() = 0;
 
     /// [real-time] The backend thread.
@@ -336,64 +336,64 @@ public:
     virtual int getTempo() const = 0;
     /// [backend] -1 for the internal clock, otherwise an input port.
     virtual int getTempoSource() const = 0;
-    /// [backend] Ignored if the result lies outside 20 to 250. With `notify` the window is notified.
+    /// [backend] Ignored if the result is outside 20 to 250. With `notify` the window is notified.
     virtual void changeTempo(const RelativeFixedValue& value, bool notify) = 0;
     /// [backend] Ignored if `source` is neither -1 nor the index of an input port.
     virtual void setTempoSource(int source, bool notify) = 0;
 
-    /// [backend] Works out anew which zones the inputs play in.
+    /// [backend] Determines again in which zones the inputs play.
     virtual void updateZones() = 0;
 
-    /// [backend] Ends every note and sends the hard reset's messages to the default output. Waits for a time slice.
+    /// [backend] Ends every note and sends the messages of a hard reset to the default output. Waits for a time slice.
     virtual void resetOrv() = 0;
 
-    /// [backend] Cuts programs off the end of the current bank's file, or appends empty ones. A program beyond the new
-    /// end gives way to the last one before it.
+    /// [backend] Removes programs from the end of the current bank's file, or appends empty ones. If the current
+    /// program is removed, the last one that is left is loaded.
     virtual void changeBankSize(int size, const WindowHandle& window) = 0;
-    /// [backend] Of the current program, in memory alone. A name that is not UTF-8 is ignored.
+    /// [backend] Renames the current program, in memory only. A name that is not UTF-8 is ignored.
     virtual void changeProgramName(const std::string& name) = 0;
 
-    /// [backend] The sequences that stand by themselves.
+    /// [backend] The presets of sequences.
     virtual SequenceManagement::SequencePresetManager& getSequencePresetManager() = 0;
-    /// [backend] Writes the sequence of that text as a preset, in place of one of that name.
+    /// [backend] Writes a sequence, given as text, as a preset, in place of one of that name.
     virtual void addSequencePreset(const std::string& name, const std::string& text) = 0;
 
-    /// [backend] See `ControlManager`; the values of a control are 0 to 127, or 0 to 16383 where it is fine.
+    /// [backend] See `ControlManager`; the values of a control are 0 to 127, or 0 to 16383 for pitch bend.
     virtual void selectControl(const SelectControlType& select) = 0;
     virtual void changeControl(const SelectControlType& select, const RelativeFixedValue& value) = 0;
     virtual void sendControlData(const SelectControlType& select) = 0;
 
-    /// [backend] The next, previous or given program of the bank; ignored at either end.
+    /// [backend] The next, previous or given program of the bank; ignored if there is none.
     virtual void changeProgram(const SelectType& select) = 0;
 
     /// [backend] The next, previous or given output that is enabled and open becomes the default one.
     virtual void changeDefaultMidiOutput(const SelectType& select) = 0;
 
-    /// [any] Asks the window for the pop-up menu of programs.
+    /// [any] Requests the window to open the menu of programs.
     virtual void showProgramMenu() = 0;
 
-    /// [backend] See `ZoneManager`; transposition in half tones.
+    /// [backend] See `ZoneManager`; transposition in semitones.
     virtual void changeZoneTranspose(const SelectType& select, const RelativeFixedValue& value) = 0;
     virtual void selectZone(const SelectType& select) = 0;
 
-    /// [any] Asks the window for the pop-up menu of outputs.
+    /// [any] Requests the window to open the menu of outputs.
     virtual void showDefaultMidiOutputMenu() = 0;
 
-    /// [backend] Kept in the settings: which screens the window showed when it was closed.
+    /// [backend] Stored in the settings: which screens the window showed when it was closed.
     virtual void setScreenState(const ScreenState& state) = 0;
     virtual ScreenState getScreenState() const = 0;
 
     /// [real-time] The retrospective record.
     virtual RetroRecord::RetroRecordManager& getRetroRecordManager() = 0;
-    /// [backend] Kept in the settings, and the window is notified: bytes for each output, 1000 to 200000000.
+    /// [backend] Stored in the settings, and the window is notified: bytes for each output, 1000 to 200000000.
     virtual void setRetroRecordBufferSize(int bytes) = 0;
     virtual void enableRetroRecord(bool on) = 0;
 
-    /// [backend] Kept in the settings; with `notify` the window is notified.
+    /// [backend] Stored in the settings; with `notify` the window is notified.
     virtual void changeMidiThru(const OnOffToggle& value, bool notify) = 0;
     virtual void changeGlobalKeyboard(const OnOffToggle& value, bool notify) = 0;
 
-    /// [backend] See `LayerManager`; transposition in half tones, velocity in steps of MIDI.
+    /// [backend] See `LayerManager`; transposition in semitones, velocity in MIDI steps.
     virtual void selectLayer(const SelectType& select) = 0;
     virtual void editLayer(const SelectType& select) = 0;
     virtual void changeLayerTranspose(const SelectType& select, const RelativeFixedValue& value) = 0;
@@ -403,89 +403,89 @@ public:
     virtual void changeLayerSolo(const SelectType& select, const OnOffToggle& value) = 0;
     virtual void changeLayerNoteToggle(const SelectType& select, const NoteToggle& value) = 0;
 
-    /// [any] Gives an event of an output to the display. While there is a window or a display listener, the engine
-    /// gives it what it plays by itself.
+    /// [any] Passes an event of an output to the display. While there is a window or a display listener, the engine
+    /// passes played events to it by itself.
     virtual void displayMidiOutputEvent(const MidiEngine::OrvMidiMessage& event) = 0;
 
-    /// [backend] Kept in the settings: what a simple program plays with: velocity 0 to 127, channel 0 to 15.
+    /// [backend] Stored in the settings, for simple programs: velocity 0 to 127, channel 0 to 15.
     virtual void setLiteVelocity(int velocity) = 0;
     virtual void setLiteChannel(int channel) = 0;
     virtual void setLiteStackNotes(bool on) = 0;
 
-    /// [backend] Kept in the settings, and the window is notified.
+    /// [backend] Stored in the settings, and the window is notified.
     virtual void setClickZoneChannelTranspose(bool on) = 0;
 
-    /// [any] True when every worker has handled to its end all that was posted to it, or waits in a reset for a time
+    /// [any] True if every worker has completely handled all messages posted to it, or waits in a reset for a time
     /// slice. Only a post, a slice or a `send` ends that state.
     virtual bool isAtRest() const = 0;
 
     /// [real-time] True while a reset waits for a time slice.
     virtual bool isResetWaiting() const = 0;
 
-    /// [any] Asks the window to put the cursor into a control.
+    /// [any] Requests the window to set the cursor into a control.
     virtual void setWidgetFocus(const SelectControlType& select) = 0;
-    /// [any] For a host that wants the same chance each time: what is left to it from now on depends on the seed alone.
+    /// [any] Seeds random numbers, for a host that needs the same ones each time: they depend on the seed alone.
     virtual void setRandomSeed(std::uint32_t seed) = 0;
 
-    /// [backend] Makes a function of its element, `<ChangeTempo value="+10"/>`, and runs it; a text that is none does
-    /// nothing, see `FunctionText`.
+    /// [backend] Makes a function of its element, `<ChangeTempo value="+10"/>`, and executes it; any other text is
+    /// ignored, see `FunctionText`.
     virtual void executeFunction(const std::string& xml) = 0;
 
-    /// [any] Asks the window to move, in pixels or along the whole screen.
+    /// [any] Requests the window to move, in pixels or along the whole screen.
     virtual void moveWindow(const WindowMove& move) = 0;
 
-    /// [host] From here until `stopJoysticks`, or `stop`, the joysticks that are plugged in play, on a thread of their
-    /// own; at the end the buttons that are held are released. A host that does not call it may report joysticks
-    /// itself, see `OrvMessageManager::postJoystickAxis`.
+    /// [host] From now until `stopJoysticks`, or `stop`, the joysticks of the system are read, on a thread of their
+    /// own; at the end held buttons are released. A host that does not call it may report joysticks itself, see
+    /// `OrvMessageManager::postJoystickAxis`.
     virtual void startJoysticks() = 0;
     virtual void stopJoysticks() = 0;
 
     /// [backend] Makes the window's object, which the caller deletes; see `OrvMessageManager::sendCreateOrvGui`. Null
-    /// where the library has no window.
+    /// if the library has no window.
     virtual Gui::OrvGuiIF* createOrvGui(bool isVstPlugin) = 0;
-    /// [backend] Sends the window all that it shows. For one that was just opened.
+    /// [backend] Sends all data to the window. For a window that was just opened.
     virtual void refreshGui() = 0;
 
-    /// [backend] Writes the settings, as `end` does, and returns what else a host must keep to restore its state.
+    /// [backend] Writes the settings, as `end` does, and returns what else a host must store to restore the state.
     virtual HostState saveState() = 0;
 
     /// [backend] Removes a sequence preset and its file. The window is notified of this, and of `addSequencePreset`, by
     /// GuiMessage::SEQUENCE_PRESETS.
     virtual void deleteSequencePreset(const std::string& name) = 0;
-    /// [any] Saves and empties the retrospective record: an output's becomes the MIDI file "<stem>_<output name>.mid".
-    /// The window is notified of the result.
+    /// [any] Saves and empties the retrospective record: that of an output becomes the MIDI file "<stem>_<output
+    /// name>.mid". The window is notified of the result.
     virtual void saveRetroRecord(const std::string& stem) = 0;
 
-    /// [backend] Loads a preset of that section. One that is missing, cannot be read or is another section's changes
-    /// nothing.
+    /// [backend] Loads a preset of that section. A preset that is missing, cannot be read or belongs to another section
+    /// changes nothing.
     virtual void loadPreset(const PresetSection& section, const std::string& name) = 0;
 
     /// [backend] See `OscManager`; speed in pulses per cycle, 40 to 30720.
     virtual void selectOsc(const SelectType& select) = 0;
     virtual void changeOscPlaying(const SelectType& select, const OnOffToggle& value) = 0;
     virtual void changeOscSpeed(const SelectType& select, const RelativeFixedValue& value) = 0;
-    /// [backend] A knob's position, 0 to 127, from the slowest speed to the fastest.
+    /// [backend] The position of a knob, 0 to 127, from the slowest speed to the fastest.
     virtual void setOscSpeedFromMidi(const SelectType& select, std::int32_t value) = 0;
 
     /// [any] As the other one, but `listener` gets the result, on the recorder's thread.
     virtual void saveRetroRecord(const std::string& stem, RetroRecord::SaveListener listener) = 0;
 
-    /// [any] What gets the display's text, in place of a window; null for none. It must live until another takes its
-    /// place or the backend has ended. `updateDisplayListener` gives it what is new, `resendDisplayText` the whole
-    /// text.
+    /// [any] Receives the text of the display, in place of a window; null for none.
+    /// It must exist until it is replaced or the backend has ended.
+    /// `updateDisplayListener` passes new text to it, `resendDisplayText` the whole text.
     virtual void setDisplayListener(Display::DisplayListener* listener) = 0;
     virtual void updateDisplayListener() = 0;
     virtual void resendDisplayText() = 0;
 
-    /// [host] Before `start`: the backend thread and the thread of the engine's commands will request real-time
-    /// priority, below that of the clock. What the system granted is in `realTimeAnswer`.
+    /// [host] Before `start`: the backend thread and the engine's command thread will request real-time priority, below
+    /// that of the clock. `realTimeAnswer` has the result.
     virtual void requestRealTime() = 0;
 
-    /// [backend] What a host needs of the settings and of what was loaded at the start.
+    /// [backend] What a host gets from the settings and from what was loaded at the start.
     virtual HostStart getHostStart() const = 0;
 
-    /// [backend] The number, from 0, of the program that the next bank loads, the one at the start included. Nothing is
-    /// loaded now.
+    /// [backend] The number, from 0, of the program that the next bank loads, including the one at the start. Nothing
+    /// is loaded now.
     virtual void setProgramNumber(int number) = 0;
 
     /// [backend] Plays the note-offs of the notes that this input holds, as if their keys were released.

@@ -9,9 +9,9 @@ class QWidget;
 
 namespace Gui
 {
-/// The host's side of the window: the parent it is placed in, and notices for the host. A host derives from it and
-/// passes it to `OrvGuiIF::create`; it must live until `destroy`. All operations are called on the GUI thread. Each
-/// window of a process has one of its own.
+/// The host's side of the window: its parent, and notifications of the host. A host derives from it and passes it to
+/// `OrvGuiIF::create`; it must exist until `destroy`. All operations are called on the GUI thread. Each window of a
+/// process has its own.
 class ORV_API ParentWindow
 {
 public:
@@ -27,8 +27,8 @@ public:
     /// The host is to move the window with its frame, in logical pixels; a blank value leaves that axis unchanged.
     virtual void moveWindow(const RelativeFixedValue& x, const RelativeFixedValue& y) = 0;
 
-    /// Notices for a host that has switches of its own, or its own frame. The last two also come when the window opens,
-    /// before it is made.
+    /// Notifications for a host that has switches of its own, or its own frame. The last two also come when the window
+    /// opens, before it is made.
     virtual void systemPanelShown([[maybe_unused]] bool on) {}
     virtual void globalKeyboardChanged([[maybe_unused]] bool on) {}
     virtual void alwaysOnTopChanged([[maybe_unused]] bool on) {}

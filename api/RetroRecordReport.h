@@ -17,7 +17,7 @@ struct ORV_API SavedRecord {
     bool operator==(const SavedRecord&) const = default;
 };
 
-/// The result of a save, an entry for each recorded output by rising index. The payload of
+/// The result of a save, an entry for each recorded output in ascending order. The payload of
 /// GuiMessage::RETRO_RECORD_SAVED.
 using SaveReport = std::vector<SavedRecord>;
 

@@ -6,13 +6,13 @@
 
 namespace Backend
 {
-/// What a host must know of a setting to store it before a backend starts. Any thread.
+/// The name and type of a setting, for a host that stores it before a backend starts. Any thread.
 struct ORV_API SettingInfo {
     enum class Kind {
         text,       ///< UTF-8
         onOff,      ///< 0 or 1
-        number,     ///< of 32 bits, signed
-        rectangle,  ///< left, top, right and bottom as such numbers, each with its lowest byte first
+        number,     ///< signed, of 32 bits
+        rectangle,  ///< left, top, right and bottom as such numbers, lowest byte first
     };
 
     const char* name;  ///< in the settings store
