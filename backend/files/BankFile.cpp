@@ -89,8 +89,9 @@ bool BankFile::takeNames(std::string_view text)
 {
     names.clear();
     auto found = scanElements(text, PROGRAM);
-    if (!found) return refuse("the tags do not add up");
-    if (!parse(withoutPrograms(text, *found)).hasElement()) return refuse("no document around the programs");
+    if (!found) return refuse("start tags and end tags do not match");
+    if (!parse(withoutPrograms(text, *found)).hasElement())
+        return refuse("the document around the programs is not well-formed");
     for (const TextSpan& program : found->elements) {
         const XmlElement element = parse(program.of(text));
         if (element.getTagName() != PROGRAM)
@@ -128,7 +129,7 @@ XmlElement BankFile::fetch(std::size_t number) const
 bool BankFile::replaceProgram(int number, std::string_view element)
 {
     const XmlElement program = parse(element);
-    if (program.getTagName() != PROGRAM) return refuse("what was to be saved is no program that can be read");
+    if (program.getTagName() != PROGRAM) return refuse("the program to be saved is not well-formed");
     std::string text;
     if (!load(text)) return false;
     if (!hasProgram(number)) return refuse("no program " + std::to_string(number));
@@ -152,7 +153,8 @@ bool BankFile::replaceProgram(int number, std::string_view element)
 
 bool BankFile::resize(int programs)
 {
-    if (programs <= 0 || programs > MAX_PROGRAMS) return refuse("no size for a bank: " + std::to_string(programs));
+    if (programs <= 0 || programs > MAX_PROGRAMS)
+        return refuse("not a valid size of a bank: " + std::to_string(programs));
     std::string text;
     if (!load(text)) return false;
     const auto size = static_cast<std::size_t>(programs);

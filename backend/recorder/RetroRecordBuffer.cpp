@@ -115,7 +115,7 @@ void RetroRecordBuffer::flush()
     if (std::exchange(isFlushed, true) || !file) return;
     if (!file.flush()) {
         failed = lastTime;
-        WindowsLib::DbgStream() << outputName << ": not recorded: the disk takes no more";
+        WindowsLib::DbgStream() << outputName << ": not recorded: the file cannot be written";
     }
 }
 

@@ -31,7 +31,7 @@ private:
         if (depth() == 0 && isText) return "text outside the root element";
         if (depth() == 0 && node.type() == pugi::node_element && roots++ > 0) return "more than one root element";
         if (depth() >= XmlDocument::MAX_NESTING) return "elements nested too deep";
-        return hasOnlyCharacters(node) ? nullptr : "a reference to something that is no character";
+        return hasOnlyCharacters(node) ? nullptr : "a reference to an invalid character";
     }
 
     static bool hasOnlyCharacters(const pugi::xml_node& node)

@@ -13,7 +13,7 @@ namespace
 jack_port_t* registerAudioOutput(jack_client_t* client, const char* name)
 {
     jack_port_t* port = jack_port_register(client, name, JACK_DEFAULT_AUDIO_TYPE, JackPortIsOutput, 0);
-    if (port == nullptr) throw std::runtime_error("the JACK server gives no audio port");
+    if (port == nullptr) throw std::runtime_error("the JACK server refuses another audio port");
     return port;
 }
 

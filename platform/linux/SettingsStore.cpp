@@ -81,7 +81,7 @@ struct SettingsStore::File {
         std::error_code error;
         fs::rename(path, aside, error);
         DbgStream() << path.string() << ": "
-                    << (error ? "cannot be moved aside: " + error.message() : "kept as " + aside.string());
+                    << (error ? "cannot be renamed: " + error.message() : "kept as " + aside.string());
         return !error;
     }
 

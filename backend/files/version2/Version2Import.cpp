@@ -139,7 +139,7 @@ std::optional<Preset> convertPreset(std::string_view name, std::string_view text
     lines.next();
     const auto kind = std::ranges::find(KINDS, Words(lines.current()).word(), &Kind::word);
     if (kind == KINDS.end()) {
-        lines.report("no kind of preset");
+        lines.report("not a preset");
         return std::nullopt;
     }
     lines.next();
