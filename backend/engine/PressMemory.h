@@ -9,19 +9,19 @@
 
 namespace Backend::MidiEngine
 {
-/// The open presses of each key, so that a note off follows its note on whatever was changed in between. What a press
-/// became is its outcome: a value (the note that its zone made of it, or the output that it got) and the class of its
-/// velocity. Equal outcomes of a key are counted as one run; the run that was pressed last is the latest.
+/// Remembers the open presses of each key, so that a note-off ends what its note-on started, even after changes in
+/// between. A press has an outcome: a value (the note that its zone made of it, or its output) and the class of its
+/// velocity. Presses of a key with equal outcomes are counted as one run; the latest run is the one pressed last.
 ///
-/// Memory is fixed: `capacity` runs. When it is full, a run without open presses makes room. If there is none either,
-/// `press` refuses the press, and its note on must not be played; so no note off is ever lost. Pressing and releasing
+/// The memory has a fixed size of `capacity` runs. When it is full, a run without open presses is replaced; if there is
+/// none, `press` refuses, and the note-on must not be played, so that no note-off is ever lost. Pressing and releasing
 /// takes constant time as long as a key has one outcome. Time slice only. See docs/decisions/0006.
 class PressMemory
 {
 public:
     static constexpr std::size_t CAPACITY = 16384;
 
-    /// Two kinds of keys share the memory: of notes in zones and velocity ranges, and of notes for the default output.
+    /// The memory has keys of two kinds: for notes in zones and velocity ranges, and for notes to the default output.
     using Key = std::uint64_t;
     static constexpr Key OUTPUT_KEY = Key{1} << 63;
 
@@ -35,18 +35,18 @@ public:
 
     static constexpr std::uint32_t byte(int value) { return static_cast<std::uint8_t>(value); }
 
-    /// The key of a note on its route.
+    /// The key for a note on its route.
     static constexpr Key keyOf(const OrvMidiMessage& note)
     {
         return note.getRoute() | Key{byte(note.getChannel())} << 32 | Key{note.getD1()} << 40;
     }
 
-    /// One press more. False if it cannot be remembered.
+    /// Adds a press. False if the memory is full.
     bool press(Key key, Outcome outcome, std::uint8_t velocity, std::uint32_t count = 1);
 
-    /// Takes one press from the key's latest run and calls `noteOff(value, velocity)` for it, also when that run has no
-    /// open press left; then once for each press of every other run, oldest run first. Those runs are forgotten.
-    /// `velocity` is that of the run's latest press. False, and nothing called, if nothing is known of the key.
+    /// Takes one press from the key's latest run and calls `noteOff(value, velocity)`, even if that run has no open
+    /// press; then calls it for each press of all other runs, oldest run first, and forgets these. `velocity` is that
+    /// of the run's latest press. False, without a call, if there is no run of the key.
     template <class NoteOff>
     bool release(Key key, NoteOff&& noteOff)
     {
@@ -65,7 +65,7 @@ public:
         return true;
     }
 
-    /// Forgets the runs of `OUTPUT_KEY` keys whose output is gone.
+    /// Forgets the runs of `OUTPUT_KEY` keys to outputs that are gone.
     template <class IsGone>
     void forgetOutputs(IsGone&& isGone)
     {
@@ -90,10 +90,10 @@ private:
     static constexpr Index NONE = std::numeric_limits<Index>::max();
     static constexpr std::size_t SLOTS = 8192;
 
-    // The runs of a slot are chained; those of one key stand in their order, the latest first.
+    // Each slot has a chain of runs; those of one key are sorted, the latest first.
     struct Run {
         Key key;
-        std::uint32_t count;  // 0 only where the key has no other run
+        std::uint32_t count;  // 0 only if the key has no other run
         Index next;
         Outcome outcome;
         std::uint8_t velocity;
@@ -114,7 +114,7 @@ private:
     bool startRun(Key key, Outcome outcome, std::uint8_t velocity, std::uint32_t count);
     void unlink(Index run);
     void putFirst(Index run);
-    /// The key's other runs, taken out of the chain, oldest first.
+    /// Removes the key's other runs from the chain and returns the first, the oldest.
     Index detachOlder(Index latest);
     /// A free run, or `NONE`.
     Index take();
@@ -122,9 +122,9 @@ private:
 
     std::vector<Run> runs;
     std::vector<Index> heads;
-    std::size_t used = 0;  // runs from the beginning that were ever in use
-    Index free = NONE;     // chain of those that are free again
+    std::size_t used = 0;  // the number of runs, from the first, that were ever in use
+    Index free = NONE;     // the first of the chain of free runs
     std::size_t usedUp = 0;
-    std::size_t hand = 0;  // where the search for a used-up run goes on
+    std::size_t hand = 0;  // the position at which the search for a run without presses continues
 };
 }  // namespace Backend::MidiEngine
