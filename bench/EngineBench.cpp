@@ -1,9 +1,10 @@
 #include "bench/EngineBench.h"
 
-#include "backend/sections/controls/DefaultControls.h"
+#include "backend/model/ControlMap.h"
 
 using Backend::MidiEngine::MessageType;
 using Backend::MidiEngine::MidiEngine;
+using Backend::MidiEngine::MidiMessage;
 using Backend::MidiEngine::MidiOutputPorts;
 using Backend::MidiEngine::OrvMidiMessage;
 
@@ -21,7 +22,15 @@ EngineBench::EngineBench(const std::vector<Workload::Event>& workload, Path path
 
 void EngineBench::followWithControls()
 {
-    updates.setFollowed(Backend::Controls::defaultControls());
+    Backend::Controls::ControlMap controls;
+    const auto addControlOf = [&](const MidiMessage& event) {
+        const auto column = static_cast<std::int32_t>(controls.size());
+        controls.put({.cell = {0, column}, .functions = {{.midiEvent = event}}});
+    };
+    addControlOf(MidiMessage(MessageType::pitchBend));
+    addControlOf(MidiMessage(MessageType::controllerChange, 1));
+    addControlOf(MidiMessage(MessageType::controllerChange, 7));
+    updates.setFollowed(controls);
     engine.setControlUpdates(&updates);
     hasControls = true;
 }

@@ -40,7 +40,8 @@ public:
     /// Plays `events` on channel 0 to output 0, through `layers` of the workload's layers, if any.
     EngineBench(const std::vector<Workload::Event>& events, Path path, int layers = 0);
 
-    /// The default controls follow the events from now on; their updates are read and discarded after each slice.
+    /// Controls follow the pitch bend and two controllers from now on; their updates are read and discarded after each
+    /// slice.
     void followWithControls();
 
     /// Plays all events once.

@@ -1,7 +1,6 @@
 #include <limits>
 
 #include "backend/core/EngineRecorder.h"
-#include "backend/sections/controls/DefaultControls.h"
 #include "tests/engine/EngineStage.h"
 #include "tests/stage/Allocations.h"
 
@@ -82,7 +81,9 @@ TEST(TimeSlice, AllocatesNothingInTheSteadyState)
     std::vector<Layers::Layer> layers(7);
     MessageQueue controls(1024);
     Controls::ControlUpdates updates(controls);
-    updates.setFollowed(Controls::defaultControls());
+    Controls::ControlMap followed;
+    followed.put({.functions = {{.midiEvent = MidiMessage(MessageType::controllerChange, 7)}}});
+    updates.setFollowed(followed);
     stage.engine.setControlUpdates(&updates);
     layers[0].mono = true;
     layers[1].minVelocity = 30;

@@ -1,7 +1,5 @@
 // What all sections of a program have in common: presets, and what they write to be merged.
 
-#include "backend/sections/computerinput/DefaultKeys.h"
-#include "backend/sections/controls/DefaultControls.h"
 #include "backend/sections/layers/LayerManager.h"
 #include "backend/sections/midiinput/MidiInputManager.h"
 #include "backend/sections/oscillators/OscManager.h"
@@ -99,22 +97,25 @@ TEST(SectionPresets, AreSavedLoadedRenamedAndDeletedByMessage)
     expectPresets(stage, orv.getLayerManager(), "<Layer channel='3'/>", "<Layer/><Layer/>", 0);
 }
 
-TEST(Defaults, OfTheKeysAndTheControlsAreThoseOfTheFactory)
+TEST(Defaults, OfTheKeysAndTheControlsAreAlsoInTheDefaultBank)
 {
     const std::string content = ORVANE_CONTENT "/Default/";
-    const std::string bank = fileText(content + "Banks/Default Bank.bnk");
-    const auto expectInContent = [&](const std::string& presets, std::string (*xml)(int)) {
-        EXPECT_EQ(fileText(content + presets + "/000 - Default.pst"), XML_HEAD + xml(0));
-        EXPECT_NE(bank.find(xml(1)), std::string::npos) << presets;
+    const auto defaultPreset = [&](const std::string& folder) {
+        const std::string text = fileText(content + folder + "/000 - Default.pst");
+        EXPECT_TRUE(text.starts_with(XML_HEAD)) << folder;
+        std::string inBank;
+        std::istringstream lines(text.substr(XML_HEAD.size()));
+        for (std::string line; std::getline(lines, line);) inBank += "\t" + line + "\n";
+        EXPECT_NE(fileText(content + "Banks/Default Bank.bnk").find(inBank), std::string::npos) << folder;
+        return lines.str();
     };
-    expectInContent("Computer Input Presets", ComputerInput::defaultKeysXml);
-    expectInContent("Control Presets", Controls::defaultControlsXml);
     ControlStage controls;
-    controls.loadElement(Controls::defaultControlsXml(0));
-    EXPECT_EQ(controls.written(), flat(Controls::defaultControlsXml(0)));
+    const std::string controlsXml = defaultPreset("Control Presets");
+    controls.loadElement(controlsXml);
+    EXPECT_EQ(controls.written(), flat(controlsXml));
 
     KeyStage stage;
-    const XmlElement keys = rootOf(ComputerInput::defaultKeysXml(0));
+    const XmlElement keys = rootOf(defaultPreset("Computer Input Presets"));
     EXPECT_EQ(keys.getChildCount(), 75);
     stage.keys().loadSection(keys);
     EXPECT_EQ(stage.keys().getKeys().size(), 75u) << "no key occurs twice";
