@@ -27,14 +27,5 @@ TEST(Installer, SaysWhereTheContentIsUnlessAnInstallerDid)
     EXPECT_EQ(OrvUtils::getOrvProgDir(), content);
 }
 
-TEST(Installer, TakesWhatLiesBesideTheProgram)
-{
-    const PrivateFolders folder;
-    EXPECT_EQ(findContent(folder / "bin/orvane"), "");
-    folder.write("share/orvane/Default/README", "");
-    EXPECT_EQ(findContent(folder / "bin/orvane"), folder / "share/orvane");
-    EXPECT_TRUE(is_regular_file(findContent() / "demonstration.perf"));
-}
-
 }  // namespace
 }  // namespace Host

@@ -32,7 +32,6 @@ TEST(PerformanceFile, UnderstandsEachCommand)
         {"midi 0 90 3C 64", MidiCommand{0, 0x90, 0, 60, 100}},
         {"midi 127 bF 7 f", MidiCommand{127, 0xB0, 15, 7, 15}},
         {"midi 1 C3 5", MidiCommand{1, 0xC0, 3, 5, 0}},
-        {"midi 1 80", MidiCommand{1, 0x80, 0, 0, 0}},
         {"midi 0 FA", MidiCommand{0, 0xFA, 0, 0, 0}},
         {"midi 0 F2 FF 80", MidiCommand{0, 0xF2, 0, 255, 128}},
         {"play 0 9 -1 144 60 100", PlayCommand{0, 9, -1, 144, 60, 100}},
@@ -48,7 +47,6 @@ TEST(PerformanceFile, UnderstandsEachCommand)
         {"axis 1 R 32768", AxisCommand{1, 5, 32768}},
         {"button 0 0 down", ButtonCommand{0, 0, PressAction::down}},
         {"button 1 35 repeat", ButtonCommand{1, 35, PressAction::repeat}},
-        {"button 1 35 up", ButtonCommand{1, 35, PressAction::up}},
         {" \tenable\toutput  0 off \t", EnableCommand{PortDirection::output, 0, false}},
         {"record a take # the first", RecordCommand{"a take"}},
         {"control 0,15 -2147483648", ControlCommand{0, 15, -2147483647 - 1}},
@@ -68,23 +66,22 @@ TEST(PerformanceFile, RefusesALineItCannotUnderstandNamingIt)
     } ROWS[] = {
         {"x midi 0 90", "'x' is not a time in pulses"},
         {"2000000001 midi 0 90", "'2000000001' is too late, the last pulse is 2000000000"},
-        {"99999999999999999999 midi 0 90", "'99999999999999999999' is too late, the last pulse is 2000000000"},
         {"0", "the command is missing"},
         {"0 Midi 0 90", "unknown command 'Midi'"},
+        {"99999999999999999999 midi 0 90", "'99999999999999999999' is too late, the last pulse is 2000000000"},
+        {"0 key up Unknown", "there is no key 'Unknown'"},
+        {"0 function <NoFunction/>", "there is no function 'NoFunction'"},
+        {"0 control 3,-1 64", "ROW,COL is '3,-1', not two numbers from 0 to 32767 with a comma between them"},
         {"0 key", "'down', 'repeat' or 'up' is missing"},
-        {"0 key press A", "'press' is not 'down', 'repeat' or 'up'"},
         {"0 key down", "KEY is missing"},
         {"0 key down shift A", "there is no key 'shift A'"},
         {"0 key up Control Shift A", "there is no key 'Control Shift A'"},
-        {"0 key up Unknown", "there is no key 'Unknown'"},
         {"0 function", "XML is missing"},
         {"0 function ResetOrv", "the function is no XML element: no root element"},
         {"0 function <ResetOrv>", "the function is no XML element: Start-end tags mismatch"},
         {"0 function <ResetOrv/><ResetOrv/>", "the function is no XML element: more than one root element"},
         {"0 function <Nonsense/>", "there is no function 'Nonsense'"},
-        {"0 function <NoFunction/>", "there is no function 'NoFunction'"},
         {"0 record", "the stem is missing"},
-        {"0 record no such/take", "'no such' is no folder"},
         {"0 midi", "INPUT is missing"},
         {"0 midi 128 90", "INPUT is '128', not a number from 0 to 127"},
         {"0 midi 0", "the first byte is missing"},
@@ -93,7 +90,6 @@ TEST(PerformanceFile, RefusesALineItCannotUnderstandNamingIt)
         {"0 midi 0 90 100", "the second byte is '100', not a byte of one or two hexadecimal digits"},
         {"0 midi 1 F8#", "the first byte is 'F8#', not a byte of one or two hexadecimal digits"},
         {"0 midi 1 F8 0 0 \"a # b\" # c", "unexpected '\"a # b\"' at the end"},
-        {"0 midi 0 90 60 64 0 1", "unexpected '0 1' at the end"},
         {"0 play 128 0 0 144 60 100", "OUTPUT is '128', not a number from -1 to 127"},
         {"0 play 0 16 0 144 60 100", "CHANNEL is '16', not a number from -1 to 15"},
         {"0 play 0 0 128 144 60 100", "ZONE is '128', not a number from -1 to 127"},
@@ -101,12 +97,10 @@ TEST(PerformanceFile, RefusesALineItCannotUnderstandNamingIt)
         {"0 play 0 0 0 144 256 100", "D1 is '256', not a number from -1 to 255"},
         {"0 play 0 0 0 144 60 -2", "D2 is '-2', not a number from -1 to 255"},
         {"0 play 0 0 0 144 60", "D2 is missing"},
-        {"0 play 99999999999 0 0 144 60 1", "OUTPUT is '99999999999', not a number from -1 to 127"},
         {"0 enable inputs 0 on", "'inputs' is not 'input' or 'output'"},
         {"0 enable input on", "the port is 'on', not a number from 0 to 127"},
         {"0 enable input 0 true", "'true' is not 'on' or 'off'"},
         {"0 control 3 64", "ROW,COL is '3', not two numbers from 0 to 32767 with a comma between them"},
-        {"0 control 3,-1 64", "ROW,COL is '3,-1', not two numbers from 0 to 32767 with a comma between them"},
         {"0 control 3,4,5 64", "ROW,COL is '3,4,5', not two numbers from 0 to 32767 with a comma between them"},
         {"0 control 3,4", "VALUE is missing"},
         {"0 axis 2 X 0", "JOYSTICK is '2', not a number from 0 to 1"},
@@ -114,7 +108,6 @@ TEST(PerformanceFile, RefusesALineItCannotUnderstandNamingIt)
         {"0 axis 0", "the axis is missing"},
         {"0 axis 0 X 65536", "VALUE is '65536', not a number from 0 to 65535"},
         {"0 button 0 36 up", "the button is '36', not a number from 0 to 35"},
-        {"0 button 0 1", "'down', 'repeat' or 'up' is missing"},
         {"0 button 0 1 Up", "'Up' is not 'down', 'repeat' or 'up'"},
         {std::string_view("# \0", 3), "the line holds a NUL byte"},
         {"# caf\xE9", "the line is not UTF-8 text"},
@@ -125,12 +118,11 @@ TEST(PerformanceFile, RefusesALineItCannotUnderstandNamingIt)
     };
     for (const auto& row : ROWS)
         EXPECT_EQ(complaintAbout("0 midi 0 F8\r\n\n" + std::string(row.line) + "\n"), "demo.perf:3: " + row.complaint);
-    EXPECT_EQ(complaintOf([] { parseCommand("record /no/such/take", "standard input:7"); }),
-              "standard input:7: '/no/such' is no folder");
-    EXPECT_EQ(complaintOf([] { parseCommand("load no such.prg", "standard input:7"); }),
-              "standard input:7: no such.prg: no such file or directory");
-    EXPECT_EQ(complaintOf([] { parseCommand("load \x15\x1b.prg", "standard input:7"); }),
-              "standard input:7: ??.prg: no such file or directory");
+    for (const auto& [line, complaint] : {std::pair("record /no/such/take", "'/no/such' is no folder"),
+                                          {"load no such.prg", "no such.prg: no such file or directory"},
+                                          {"load \x15\x1b.prg", "??.prg: no such file or directory"}})
+        EXPECT_EQ(complaintOf([&] { parseCommand(line, "standard input:7"); }),
+                  "standard input:7: " + std::string(complaint));
 }
 
 TEST(PerformanceFile, TakesEitherLineEndCommentsAndAByteOrderMark)

@@ -49,18 +49,15 @@ TEST(ShortMessage, ReadsExactlyOneCompleteMessage)
     for (const Bytes& bytes : none) EXPECT_FALSE(readShortMessage(bytes));
 }
 
-TEST(ShortMessage, ArrivesWithItsChannelUnlessItIsASystemMessage)
+TEST(ShortMessage, ArrivesWithItsInputAndItsChannelUnlessItIsASystemMessage)
 {
     const auto note = toInputEvent(Testing::on(60, 3), 5);
-    EXPECT_EQ(note.getStatus(), MessageType::noteOn);
-    EXPECT_EQ(note.getChannel(), 3);
+    EXPECT_EQ(note.getStatusWithChannel(), 0x93);
     EXPECT_FALSE(note.isDefaultChannel() || note.isTimedEvent());
     EXPECT_EQ(note.getInput(), 5);
     EXPECT_EQ(note.getOutput(), -1);
     EXPECT_EQ(note.getZone(), -1);
-    const auto start = toInputEvent({{0xFA}, 1}, 0);
-    EXPECT_EQ(start.getStatus(), MessageType::startSong);
-    EXPECT_EQ(start.getChannel(), 0);
+    EXPECT_EQ(toInputEvent({{0xFA}, 1}, 0).getChannel(), 0);
 }
 
 TEST(ShortMessage, TicksAndActiveSensingStayInTheHost)

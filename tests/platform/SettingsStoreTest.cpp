@@ -5,7 +5,6 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/stage/FileFault.h"
 #include "tests/stage/PrivateFolders.h"
 
 namespace
@@ -135,27 +134,6 @@ TEST(SettingsStore, HasNoPlaceForAKeyThatIsNoFileName)
         EXPECT_FALSE(store.save()) << key;
     }
     EXPECT_EQ(folder.contents(), "");
-}
-
-TEST(SettingsStore, HoldsTheOldValuesOrTheNewOnesWhateverFails)
-{
-    for (int call = 0;; ++call) {
-        const PrivateFolders folder;
-        folder.write(FILE_NAME, "A=number:1\nB=number:1\n");
-        SettingsStore store(KEY);
-        store.setNumber("A", 2);
-        store.setNumber("B", 2);
-        {
-            const FileFault fault(FileFault::Kind::fullDisk, call);
-            store.save();
-            if (!fault.hasHappened()) break;
-        }
-        const SettingsStore found(KEY);
-        EXPECT_EQ(found.getNumber("A"), found.getNumber("B")) << "call " << call;
-        EXPECT_TRUE(found.getNumber("A")) << "call " << call;
-        EXPECT_TRUE(store.save()) << "and goes on when there is room again";
-        EXPECT_EQ(SettingsStore(KEY).getNumber("A"), 2);
-    }
 }
 
 TEST(Folders, AreTheUsersByTheEnvironmentUnlessTheHostSaysOtherwise)
