@@ -9,7 +9,7 @@ import sys
 
 ROOT = os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
 BIN = os.path.abspath(sys.argv[1] if len(sys.argv) > 1 else ROOT + "/build/release") + "/bin/"
-sys.argv[1:] = [BIN + "orvane", BIN + "midi_peer", ""]
+sys.argv[1:] = [BIN + "orvane", BIN + "midi_peer"]
 sys.path.insert(0, ROOT + "/tests/e2e")
 from clock import Clocks, RATE, START, TICK, clock  # noqa: E402
 

@@ -15,7 +15,6 @@ import unittest
 sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "../tests/e2e"))
 sys.argv[1:3] = map(os.path.abspath, sys.argv[1:3])
 ORVANE, KIND, AMOUNT = sys.argv[1], sys.argv[3], int(sys.argv[4])
-sys.argv.append("")  # an argument of the tests that is not used here
 import hotplug
 from hotplug import Stream, sounding
 from live import Monitor, Server, until

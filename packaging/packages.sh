@@ -6,7 +6,7 @@ BUILD_PACKAGES="g++ cmake ninja-build ccache pkg-config
     libxcb1-dev libxcb-xkb-dev libxkbcommon-dev qt6-base-dev fonts-liberation timgm6mb-soundfont"
 
 TEST_PACKAGES="$BUILD_PACKAGES clang libclang-rt-14-dev libgtest-dev libbenchmark-dev
-    appstream desktop-file-utils groff-base jackd2 pipewire pipewire-bin pipewire-jack abcmidi python3 python3-mido
+    appstream desktop-file-utils groff-base jackd2 pipewire pipewire-bin pipewire-jack abcmidi python3
     libxcb-xtest0-dev xauth xdotool xvfb"
 
 install_packages() {

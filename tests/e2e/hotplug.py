@@ -1,4 +1,4 @@
-"""Devices and servers that stop and return while Orvane plays: hotplug.py ORVANE MIDI_PEER MIDI_FILE_READERS.sh"""
+"""Devices and servers that stop and return while Orvane plays: hotplug.py ORVANE MIDI_PEER"""
 import os
 import re
 import shutil
@@ -93,19 +93,22 @@ class InJack(Stage):
         self.end(orvane, bells)
         self.assertEqual(self.numbers("Outputs"), ["Orvane Synthesizer", "Orvane Out", "bells:input", "drums:input"])
 
-    def test_a_keyboard_unplugged_with_keys_down_leaves_nothing_sounding(self):
+    def test_a_keyboard_unplugged_or_disconnected_with_keys_down_leaves_nothing_sounding(self):
         orvane, monitor = self.playing()
-        for note in ("3c", "40"):
-            keys = self.keys("-", note)
-            until(lambda: sounding(monitor.received) == [note], "the note")
-            self.assertIn("orvane:from keys:output", self.connections("keys:output"))
-            keys.clean()
+        for to, note, end in (("-", "3c", Program.clean), ("-", "40", Program.clean),
+                              ("orvane:Orvane In", "43", Program.clean),
+                              ("orvane:Orvane In", "45",
+                               lambda keys: self.tool("jack_disconnect", "keys:output", "orvane:Orvane In"))):
+            keys = self.keys(to, note)
+            # The last note-on: once disconnected, the keyboard gets a port of its own.
+            monitor.await_message(f"90 {note} 49")
+            until(lambda: to != "-" or "orvane:from keys:output" in self.connections("keys:output"), "the connection")
+            end(keys)
             until(lambda: not sounding(monitor.received), "the end of the note")
+            note_ons = [received for received in monitor.received if received.startswith("90 " + note)]
+            self.assertEqual(len(set(note_ons)), len(note_ons), "connected by the user, it is not received twice")
+            keys.clean()
         self.assertEqual(self.numbers("Inputs"), ["Orvane In", "keys:output"])
-        self.keys("orvane:Orvane In", "43")
-        until(lambda: sounding(monitor.received) == ["43"], "the note")
-        note_ons = [received for received in monitor.received if received.startswith("90 43")]
-        self.assertEqual(len(set(note_ons)), len(note_ons), "connected by the user, it is not received twice")
         self.end(orvane, monitor)
 
     def test_numbers_and_choices_are_kept_for_the_next_run(self):
@@ -169,20 +172,6 @@ class InJack(Stage):
             until(lambda: monitor.received.count("90 3c 64") == turn and not sounding(monitor.received), "the note")
         orvane.say("play 1 0 -1 144 62 100")
         monitor.await_message("90 3e 64")
-
-    def test_a_connection_removed_with_keys_down_leaves_nothing_sounding(self):
-        self.serve()
-        monitor = self.monitor()
-        orvane = self.orvane("--client", "X", "--default-output", "Orvane Out", "--connect",
-                             "X:Orvane Out=monitor:input")
-        for disconnect in (lambda keys: self.tool("jack_disconnect", "keys:output", "X:Orvane In"), Program.clean):
-            keys = self.keys("X:Orvane In", "3c")
-            until(lambda: sounding(monitor.received) == ["3c"], "the note")
-            # After the last note-on: once disconnected, the keyboard gets a port of its own.
-            monitor.await_message("90 3c 49")
-            disconnect(keys)
-            until(lambda: not sounding(monitor.received), "its end")
-            keys.clean()
 
     def test_a_feedback_loop_is_reported_and_does_not_block_other_notes(self):
         self.write("two.bnk",  # each input message is sent twice
@@ -266,4 +255,4 @@ class InPipeWire(Stage):
 
 
 if __name__ == "__main__":
-    unittest.main(argv=sys.argv[:1] + sys.argv[4:], verbosity=1)
+    unittest.main(argv=sys.argv[:1] + sys.argv[3:], verbosity=1)

@@ -1,4 +1,4 @@
-"""Playing from the keys of a terminal, in a JACK graph: keys.py ORVANE MIDI_PEER MIDI_FILE_READERS.sh"""
+"""Playing from the keys of a terminal, in a JACK graph: keys.py ORVANE MIDI_PEER"""
 import array
 import fcntl
 import os
@@ -133,4 +133,4 @@ class Keys(live.Graph):
         self.assertEqual(orvane.wait(live.PATIENCE), 0)
 
 
-unittest.main(argv=sys.argv[:1] + sys.argv[4:], verbosity=1)
+unittest.main(argv=sys.argv[:1] + sys.argv[3:], verbosity=1)
