@@ -8,15 +8,7 @@
 #include "host/midifile/MidiFileReader.h"
 #include "tests/stage/TemporaryFolder.h"
 
-namespace
-{
 using namespace Backend;
-
-void require(bool truth)
-{
-    if (!truth) std::abort();
-}
-}  // namespace
 
 void tryInput(std::string_view input)
 {
