@@ -45,6 +45,7 @@ void JackDevices::leaveGraph()
 {
     client = nullptr;
     connections.markAllLost();
+    outputsToDisconnect.clear();
     receiversReadyAt.reset();
     for (auto* own : {&callbacks.inputs, &callbacks.outputs})
         for (auto& port : *own) port.store(nullptr);
@@ -62,6 +63,7 @@ bool JackDevices::refresh()
 {
     processXruns();
     updateNewReceivers();
+    if (!outputsToDisconnect.empty()) disconnectOutputs();
     // Calls of a server that hangs would not return.
     if ((!callbacks.portsChanged && !callbacks.connectionsChanged) || !callbacks.waitFor(1)) return false;
     if (callbacks.portsChanged.exchange(false)) return updateDevices(NewDevices::delayed);
@@ -338,9 +340,22 @@ void JackDevices::enableOutput(std::size_t index, bool enabled)
         return;
     }
     port.close();
-    if (callbacks.waitUntilClosed(index, index + 1) && callbacks.waitFor(JackCallbacks::UNTIL_READ) && own != nullptr &&
-        belongsToADevice(port))
-        jack_disconnect(client, jack_port_name(own), port.device.address.c_str());
+    if (own != nullptr && belongsToADevice(port)) outputsToDisconnect.insert(index);
+    disconnectOutputs();
+}
+
+/// Once the receiver has read the note-offs. A server that is too busy for that, or refuses, is asked again at the next
+/// refresh.
+void JackDevices::disconnectOutputs()
+{
+    std::erase_if(outputsToDisconnect, [this](std::size_t index) {
+        const OutputPort& port = *ports.outputs()[index];
+        jack_port_t* own = callbacks.outputs[index];
+        if (port.enabled || own == nullptr) return true;
+        if (!callbacks.waitUntilClosed(index, index + 1) || !callbacks.waitFor(JackCallbacks::UNTIL_READ)) return false;
+        const char* device = port.device.address.c_str();
+        return jack_disconnect(client, jack_port_name(own), device) == 0 || jack_port_connected_to(own, device) == 0;
+    });
 }
 
 void JackDevices::connect(const std::string& from, const std::string& to)

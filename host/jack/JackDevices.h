@@ -68,6 +68,7 @@ private:
     void openInput(std::size_t index);
     void openOutput(std::size_t index);
     void openNewOutputs();
+    void disconnectOutputs();
     bool isSynthesizerThere() const { return callbacks.synthesizer.load() != nullptr; }
 
     void updateNewReceivers();
@@ -95,6 +96,7 @@ private:
     std::optional<Time> receiversReadyAt;    // a receiver that was connected since the last cycle is ready then
     std::map<std::string, Time> newDevices;  // when each new address was first found
     std::vector<std::pair<std::size_t, jack_port_t*>> newOutputs;
+    std::set<std::size_t> outputsToDisconnect;  // disabled, still connected to their devices
     std::array<std::optional<Time>, Ports::MOST>
         connectAt;  // when to connect each input, unless its device is connected to "Orvane In"
 };

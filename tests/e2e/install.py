@@ -76,10 +76,25 @@ class Install(unittest.TestCase):
             settings.write(f"ProgDir=string:{self.there('orvane')}/\n")
         (library,) = (os.path.join(root, name) for root, _, names in os.walk(self.prefix) for name in names
                       if name == "libOrv3_32.so")
-        for call in ("commitPort", "commitNoPort", "uninstall"):
-            self.run_there(sys.executable, "-c", f"import ctypes; ctypes.CDLL({library!r}).{call}()")
-            contents = [names for _, _, names in os.walk(self.folder + "/data")]
-            self.assertEqual(any(contents), call != "uninstall", contents)
+        data = self.folder + "/data"
+        presets = data + "/Brinlow Software/Orvane 3/Layer Presets"
+        shutil.rmtree(data, ignore_errors=True)
+        shutil.copytree(self.there("orvane/Default/Layer Presets"), presets)
+        factory = os.listdir(presets)
+        with open(presets + "/Mine.pst", "w"):
+            pass
+
+        def call(operation):
+            self.run_there(sys.executable, "-c", f"import ctypes; ctypes.CDLL({library!r}).{operation}()")
+
+        call("commitPort")
+        call("commitNoPort")
+        self.assertEqual(sorted(os.listdir(presets)), sorted([*factory, "Mine.pst"]))
+        call("uninstall")
+        self.assertEqual(os.listdir(presets), ["Mine.pst"])
+        os.remove(presets + "/Mine.pst")
+        call("uninstall")
+        self.assertEqual(os.listdir(data), [])
 
     def test_the_manual_comes_with_its_pictures(self):
         manual = self.there("orvane/Manual")

@@ -190,6 +190,7 @@ class Graph(unittest.TestCase):
         return self.tool("jack_lsp", status=None).splitlines()
 
     def connections(self, port):
+        time.sleep(0.5)  # a synchronous server changes no connection while clients come and go
         lines = self.tool("jack_lsp", "-c", port, status=None).splitlines()
         return {line.strip() for line in lines if line.startswith(" ")}
 
