@@ -142,4 +142,8 @@ TEST(OscOperations, ArePlayedAndShown)
     EXPECT_EQ(stage.state(), ": 7") << "a program's do not play";
     stage.loadFile("b.prg", "<P><Program/></P>");
     EXPECT_EQ(stage.state(), ": ") << "and one without the section has none";
+    OscList list;
+    list.add(third);
+    stage.messages().postSetOscillators(list, false);
+    EXPECT_EQ(stage.state(), ": 4");
 }

@@ -25,8 +25,10 @@ TEST(Zones, StayThroughASecondSectionWithItsTranspositions)
     stage.load("<Zone id='5' transpose='12'/><Zone id='2' transpose='-3'/>");
     EXPECT_EQ(stage.selected(), 2) << "the lowest";
     stage.load("<Zone id='2' transpose='1'/><Other/><Zone/>");
+    stage.section.getMessageManager().postSetZoneTranspose(0, 4);
+    stage.rest();
     EXPECT_EQ(stage.written(),
-              "<Zones merge='false'><Zone id='0' transpose='0'/><Zone id='2' transpose='1'/>"
+              "<Zones merge='false'><Zone id='0' transpose='4'/><Zone id='2' transpose='1'/>"
               "<Zone id='5' transpose='0'/></Zones>");
     EXPECT_EQ(stage.selected(), 0);
     stage.orv->updateZones();
