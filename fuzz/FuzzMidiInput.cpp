@@ -33,7 +33,8 @@ void playTo(const MidiEventConfigurationMap& map, const MidiEvent& event)
     const auto input = event.input < 0 ? 0 : event.input;
     const auto channel = event.channel < 0 ? 0 : event.channel;
     const MidiEngine::MidiMessage& message = event.message;
-    const MidiEngine::OrvMidiMessage incoming(message.getStatus(), message.getD1(), 100, channel, -1, -1, input, -1);
+    const MidiEngine::OrvMidiMessage incoming(
+        {.type = message.getStatus(), .d1 = message.getD1(), .d2 = 100, .channel = channel, .input = input});
     const MidiEventConfiguration* found = map.findBest(incoming);
     if (found == nullptr) return;
     require(found->getEvent().isSameKind(event));

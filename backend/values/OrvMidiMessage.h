@@ -46,13 +46,6 @@ public:
     {
     }
 
-    /// A `channel` below 0 is the default channel, one above 15 counts as 15; a `pulse` below 0 means no time.
-    constexpr OrvMidiMessage(MessageType type, int d1, int d2, int channel, int toOutput, int inZone, int fromInput,
-                             std::int32_t pulse)
-        : OrvMidiMessage(Fields{type, d1, d2, channel, toOutput, inZone, fromInput, pulse})
-    {
-    }
-
     /// The inverse of `getWparam` and `getLparam`. Everything that these do not contain has its default.
     constexpr OrvMidiMessage(std::uint32_t wparam, std::int32_t lparam)
         : zone(static_cast<std::int8_t>(static_cast<std::uint32_t>(lparam) >> 24)),

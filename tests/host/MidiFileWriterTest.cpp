@@ -63,8 +63,8 @@ TEST(MidiFileWriter, WritesTheBytesThatAPortGetsWhateverTheStatusAndChannel)
 {
     for (int status = 0x80; status <= 0xFF; status += status < 0xF0 ? 0x10 : 1)
         for (int channel = 0; channel < 16; ++channel) {
-            const Backend::MidiEngine::OrvMidiMessage event(static_cast<MessageType>(status), 1, 2, channel, 0, -1, -1,
-                                                            -1);
+            const Backend::MidiEngine::OrvMidiMessage event(
+                {.type = static_cast<MessageType>(status), .d1 = 1, .d2 = 2, .channel = channel, .output = 0});
             auto live = toShortMessage(event);
             if (status == 0xF0) live = ShortMessage{{0xF0, 1, 2}, 3};  // which a file can hold without a body
             if (!live) continue;
