@@ -28,10 +28,10 @@ TEST_F(Buttons, ActWhenTheyGoDownAndLatchUntilTheNextPress)
     EXPECT_EQ(button.geometry(), QRect(5, 6, 29, 20));
     expectAccessible(button, QAccessible::Button);
     expectAccessible(latch, QAccessible::CheckBox);
-    mouseDown(button, {2, 2});
+    QTest::mousePress(&button, Qt::LeftButton, {}, {2, 2});
     EXPECT_TRUE(button.isPressed());
     EXPECT_EQ(notices, "5+ ");
-    mouseUp(button, {2, 2});
+    QTest::mouseRelease(&button, Qt::LeftButton, {}, {2, 2});
     EXPECT_FALSE(button.isPressed());
 
     click(latch);
@@ -108,7 +108,7 @@ TEST_F(Buttons, OfAGroupLetGoOfTheOthers)
     }
     expectAccessible(one, QAccessible::RadioButton);
     latch.setPressed(true);
-    for (RadioButton* pressed : {&one, &two, &two}) mouseDown(*pressed, {1, 1});
+    for (RadioButton* pressed : {&one, &two, &two}) QTest::mousePress(pressed, Qt::LeftButton, {}, {1, 1});
     EXPECT_FALSE(one.isPressed());
     EXPECT_TRUE(two.isPressed());
     EXPECT_TRUE(latch.isPressed());

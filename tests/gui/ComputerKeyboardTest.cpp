@@ -9,7 +9,6 @@
 
 using namespace Backend::FunctionManagement;
 using namespace Gui::ComputerInput;
-using Backend::Screen;
 using Role = Gui::GdiManager::Role;
 
 struct ComputerKeyboard : WindowStage, testing::Test {
@@ -21,8 +20,8 @@ struct ComputerKeyboard : WindowStage, testing::Test {
     }
     ComputerKeyboardCtl& keyboard() { return control<ComputerKeyboardCtl>("Computer keyboard"); }
     QCheckBox& useKeyUpModifiers() { return *surroundings.findChild<QCheckBox*>(); }
-    void mouseDown(int code) { Hands::mouseDown(keyboard(), keyboard().getPlace(code)); }
-    void mouseUp(int code) { Hands::mouseUp(keyboard(), keyboard().getPlace(code)); }
+    void mouseDown(int code) { QTest::mousePress(&keyboard(), Qt::LeftButton, {}, keyboard().getPlace(code)); }
+    void mouseUp(int code) { QTest::mouseRelease(&keyboard(), Qt::LeftButton, {}, keyboard().getPlace(code)); }
     /// Between the two texts of a key.
     void expectColour(int code, Role role)
     {
@@ -89,9 +88,9 @@ TEST_F(ComputerKeyboard, PlaysUnderTheMouseAndLeavesNoNoteWhenItGoes)
     EXPECT_EQ(played(), "C4 off") << "wherever it is let go";
     EXPECT_EQ(keyboard().getAccessibleValue(), "");
     mouseDown('Q');
-    gui->showScreen(Screen::computerInput, false);
+    gui->showScreen(Backend::Screen::computerInput, false);
     EXPECT_EQ(played(), "C4 on, C4 off");
-    gui->showScreen(Screen::computerInput, true);
+    gui->showScreen(Backend::Screen::computerInput, true);
     mouseDown('Q');
     gui->destroy();
     EXPECT_EQ(played(), "C4 on, C4 off");

@@ -1,10 +1,8 @@
 #include "gui/framework/Properties.h"
 #include "tests/gui/DialogHands.h"
 
-namespace
-{
 /// What is wrong with the controls that are seen, a line each: no help, or a text that is cut off.
-std::string unhelpfulOrCutOff(const QWidget& window)
+static std::string unhelpfulOrCutOff(const QWidget& window)
 {
     std::string all;
     for (const auto* control : window.findChildren<QWidget*>()) {
@@ -22,8 +20,6 @@ std::string unhelpfulOrCutOff(const QWidget& window)
     }
     return all;
 }
-}  // namespace
-
 using ControlNames = DialogHands;
 
 TEST_F(ControlNames, OfTheSystemPanelHaveHelpAndRoomForTheirTexts)

@@ -22,10 +22,10 @@ struct Faders : GuiStage, testing::Test {
 TEST_F(Faders, FollowTheMouseByItsSensitivity)
 {
     sensitivity = 2;
-    mouseDown(fader, {10, 50});
+    QTest::mousePress(&fader, Qt::LeftButton, {}, {10, 50});
     EXPECT_FALSE(fader.cursor().pixmap().isNull()) << "the red cursor";
     for (const int y : {49, 40, 53}) mouseMove(fader, {10, y});
-    mouseUp(fader, {10, 53});
+    QTest::mouseRelease(&fader, Qt::LeftButton, {}, {10, 53});
     EXPECT_EQ(reported, (Values{69, 63}));
     EXPECT_EQ(released, 1);
     EXPECT_EQ(fader.cursor().shape(), Qt::ArrowCursor);
@@ -36,13 +36,13 @@ TEST_F(Faders, FollowTheMouseByItsSensitivity)
 TEST_F(Faders, StopAtTheirLimitComeBackFromWhereTheyWereTakenAndGoSidewaysWhenTheyLie)
 {
     fader.setDragStep(10);
-    mouseDown(fader, {10, 50});
+    QTest::mousePress(&fader, Qt::LeftButton, {}, {10, 50});
     for (const int y : {-1000, 44}) mouseMove(fader, {10, y});
     EXPECT_EQ(reported, (Values{127, 124}));
 
     Gui::Fader lying(*this, Qt::Horizontal, &window);
     lying.resize(lying.sizeHint());
-    mouseDown(show(lying), {10, 5});
+    QTest::mousePress(&show(lying), Qt::LeftButton, {}, {10, 5});
     mouseMove(lying, {15, 0});
     EXPECT_EQ(lying.value(), 5);
 }
@@ -62,18 +62,18 @@ TEST_F(Faders, ReportWheelAndKeysButNotASetValue)
 
 TEST_F(Faders, BelongToTheHandThatHoldsThemUntilTheyAreHiddenOrDisabled)
 {
-    mouseDown(fader, {10, 50});
+    QTest::mousePress(&fader, Qt::LeftButton, {}, {10, 50});
     mouseMove(fader, {10, 40});
     fader.showValue(3);
     EXPECT_EQ(fader.value(), 74);
-    mouseUp(fader, {10, 40});
+    QTest::mouseRelease(&fader, Qt::LeftButton, {}, {10, 40});
     EXPECT_EQ(fader.value(), 3) << "the last one shown, when it is let go";
     EXPECT_EQ(reported, Values{74});
-    mouseDown(fader, {10, 50});
+    QTest::mousePress(&fader, Qt::LeftButton, {}, {10, 50});
     fader.hide();
     EXPECT_EQ(released, 2);
     fader.show();
-    mouseDown(fader, {10, 50});
+    QTest::mousePress(&fader, Qt::LeftButton, {}, {10, 50});
     fader.setEnabled(false);
     EXPECT_EQ(released, 3);
 }

@@ -63,7 +63,7 @@ TEST_F(EditBoxes, HaveLimitsByDefaultAndReportTheWheelLikeTypingButNotASetNumber
     EXPECT_EQ(reported, "1 ");
 }
 
-TEST_F(EditBoxes, OfferNotesByNameAndNumber)
+TEST_F(EditBoxes, OfferNotesByNameAndNumberAndElseNumbersIfTheyAreFewAndNotNegative)
 {
     Property::set(edit, Property::SHOW_NOTE_STRING, true);
     edit.setText("C4");
@@ -75,10 +75,8 @@ TEST_F(EditBoxes, OfferNotesByNameAndNumber)
     EXPECT_EQ(reported, "D4 ");
     settle();
     EXPECT_EQ(edit.findChild<QMenu*>(), nullptr) << "the menu goes when it is closed";
-}
+    Property::set(edit, Property::SHOW_NOTE_STRING, false);
 
-TEST_F(EditBoxes, OfferTheirNumbersIfTheyAreFewAndNotNegative)
-{
     Skinner::showZeroAsBlank(edit, true);
     for (const auto& [lowest, highest, entries] :
          std::vector<std::tuple<int, int, int>>{{0, 127, 128}, {1, 500, 500}, {0, 500, 0}, {-1, 5, 0}, {0, 0, 0}}) {

@@ -17,14 +17,6 @@
 /// What a user does with controls and menus.
 struct Hands {
     static void click(QWidget& control) { QTest::mouseClick(&control, Qt::LeftButton); }
-    static void mouseDown(QWidget& control, QPoint place, Qt::MouseButton button = Qt::LeftButton)
-    {
-        QTest::mousePress(&control, button, {}, place);
-    }
-    static void mouseUp(QWidget& control, QPoint place, Qt::MouseButton button = Qt::LeftButton)
-    {
-        QTest::mouseRelease(&control, button, {}, place);
-    }
     static void mouseMove(QWidget& control, QPoint place, Qt::MouseButton held = Qt::LeftButton)
     {
         QMouseEvent event(QEvent::MouseMove, place, control.mapToGlobal(place), Qt::NoButton, held, Qt::NoModifier);
@@ -44,7 +36,6 @@ struct Hands {
         QTest::keyClicks(&line, text);
     }
 
-    /// The open menu, or none.
     static QMenu* openMenu() { return qobject_cast<QMenu*>(QApplication::activePopupWidget()); }
 
     /// Its entries, with "*" before the current one and "-" before those that cannot be chosen.

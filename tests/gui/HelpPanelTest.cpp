@@ -1,8 +1,8 @@
 #include <QPlainTextEdit>
 #include <QWindow>
 
-#include "backend/bindings/functions/HelpTexts.h"
 #include "api/OrvUtils.h"
+#include "backend/bindings/functions/HelpTexts.h"
 #include "tests/gui/WindowStage.h"
 
 struct HelpPanel : OpenWindow, testing::Test {

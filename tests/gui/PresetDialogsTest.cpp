@@ -47,12 +47,7 @@ struct PresetDialogs : DialogHands {
         for (const auto& file : files) inFolder += file + " ";
         return inDialog == inRow && inRow == inFolder ? inDialog : inDialog + "/ " + inRow + "/ " + inFolder;
     }
-    static std::string readAll(const std::string& path)
-    {
-        std::ifstream file(path);
-        return {std::istreambuf_iterator<char>(file), {}};
-    }
-    std::string contentOf(const std::string& name) { return readAll(presets().getPresetPath(name)); }
+    std::string contentOf(const std::string& name) { return folders.read(presets().getPresetPath(name)); }
 };
 
 TEST_F(PresetDialogs, AddSavesTheKeysUnderANameThatAFileCanHave)
@@ -183,7 +178,7 @@ TEST_F(PresetDialogs, SequencesAreWrittenByTheBackendAndListedInTheWindow)
         EXPECT_EQ(std::ranges::count(gui->getSequencePresetList(), "Up"), notes.empty() ? 0 : 1);
         EXPECT_EQ(orv->getSequencePresetManager().exists("Up"), !notes.empty());
         EXPECT_EQ(fs::exists(file), !notes.empty());
-        EXPECT_NE(readAll(file).find(notes), std::string::npos) << notes;
+        EXPECT_NE(folders.read(file).find(notes), std::string::npos) << notes;
     };
     EXPECT_FALSE(gui->editSequencePreset("Up", "0"));
     EXPECT_FALSE(gui->addSequencePreset("../Up", "0"));

@@ -97,7 +97,7 @@ TEST_F(Skins, DrawAVerticalTrackbarWithItsHighestValueOnTop)
     EXPECT_TRUE(isDiscAt(93));
 }
 
-TEST_F(Skins, FrameWhatIsTypedInAndFillAButton)
+TEST_F(Skins, FrameWhatIsTypedInFillAButtonAndMarkTheChosenRowOfAListAndACheckedBox)
 {
     QPlainTextEdit text(&window);
     QPushButton button(&window);
@@ -114,10 +114,7 @@ TEST_F(Skins, FrameWhatIsTypedInAndFillAButton)
     text.setProperty(Property::BKCOLOR, colour(Role::selectedCell));
     const QPoint inside = text.viewport()->rect().center();
     EXPECT_EQ(text.viewport()->grab(QRect(inside, QSize(1, 1))).toImage().pixelColor(0, 0), colour(Role::selectedCell));
-}
 
-TEST_F(Skins, MarkTheChosenRowOfAListAndACheckedBox)
-{
     QListWidget list(&window);
     list.addItems({"one", "two"});
     list.resize(100, 100);

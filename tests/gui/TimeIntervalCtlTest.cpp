@@ -35,7 +35,6 @@ struct TimeIntervalsInPulses : TimeIntervals {
 
 TEST_F(TimeIntervals, ShowANoteLengthOrANumber)
 {
-    EXPECT_EQ(ctl.getText(), "1/4");
     expectAccessible(ctl, QAccessible::SpinBox, "1/4");
     ctl.setValue(481);
     EXPECT_EQ(ctl.getText(), "481");
@@ -49,9 +48,9 @@ TEST_F(TimeIntervals, ShowANoteLengthOrANumber)
 TEST_F(TimeIntervals, AreDraggedByNamedLengths)
 {
     sensitivity = 10;
-    mouseDown(ctl, up(0));
+    QTest::mousePress(&ctl, Qt::LeftButton, {}, up(0));
     for (const int pixels : {9, 25, -10, 0}) mouseMove(ctl, up(pixels));
-    mouseUp(ctl, up(0));
+    QTest::mouseRelease(&ctl, Qt::LeftButton, {}, up(0));
     EXPECT_EQ(reported, "720 360 480 ");
     EXPECT_EQ(openMenu(), nullptr) << "a drag that comes back is no click";
 }
@@ -60,14 +59,14 @@ TEST_F(TimeIntervalsInPulses, StopAtTheirLimitAndComeBackFromWhereTheyWereTaken)
 {
     ctl.setValue(50);
     for (const auto button : {Qt::LeftButton, Qt::RightButton}) {
-        mouseDown(ctl, up(0), button);
+        QTest::mousePress(&ctl, button, {}, up(0));
         EXPECT_EQ(ctl.cursor().pixmap().isNull(), button == Qt::LeftButton);
         mouseMove(ctl, up(-500), button);
         EXPECT_EQ(ctl.getValue(), 40);
         mouseMove(ctl, up(-9), button);
         EXPECT_EQ(ctl.getValue(), 41);
         mouseMove(ctl, up(0), button);
-        mouseUp(ctl, up(0), button);
+        QTest::mouseRelease(&ctl, button, {}, up(0));
         EXPECT_EQ(ctl.cursor().shape(), Qt::ArrowCursor);
     }
     ctl.setLimits(60, 100);
@@ -126,7 +125,7 @@ TEST_F(TimeIntervalsInPulses, TakeATypedNumberBetweenTheirLimits)
     reported.clear();
     click();
     QTest::keyClicks(edit(), "960");
-    mouseDown(ctl.getLabel(), {2, 2});
+    QTest::mousePress(&ctl.getLabel(), Qt::LeftButton, {}, {2, 2});
     EXPECT_EQ(reported, "960 NOTE 960 ") << "by a click elsewhere, too";
     EXPECT_EQ(edit(), nullptr);
 }

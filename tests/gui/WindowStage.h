@@ -41,9 +41,8 @@ struct WindowStage : KeyStage, Hands, Gui::ParentWindow {
     void open(const Backend::ScreenState& screens)
     {
         open();
-        const auto bits = screens.toBits();
-        for (std::size_t screen = 0; screen < bits.size(); ++screen)
-            gui->showScreen(static_cast<Backend::Screen>(screen), bits[screen]);
+        for (std::size_t screen = 0; screen < screens.toBits().size(); ++screen)
+            gui->showScreen(static_cast<Backend::Screen>(screen), screens.toBits()[screen]);
         settle();
     }
     void reopen()
@@ -90,14 +89,8 @@ struct WindowStage : KeyStage, Hands, Gui::ParentWindow {
 
     /// Keys go to the control with the focus, by their places on the board: 24 is "Q", 50 and 62 Shift, 37 and 105
     /// Control.
-    void keyDown(quint32 place, int key = 0, Qt::KeyboardModifiers held = {})
-    {
-        send(QEvent::KeyPress, place, key, held);
-    }
-    void keyUp(quint32 place, int key = 0, Qt::KeyboardModifiers held = {})
-    {
-        send(QEvent::KeyRelease, place, key, held);
-    }
+    void keyDown(auto... key) { send(QEvent::KeyPress, key...); }
+    void keyUp(auto... key) { send(QEvent::KeyRelease, key...); }
     QWidget& focus()
     {
         for (QWidget* focus : {QApplication::focusWidget(), QApplication::activeWindow()})
@@ -122,7 +115,7 @@ struct WindowStage : KeyStage, Hands, Gui::ParentWindow {
     std::optional<bool> systemPanel;
     std::optional<bool> globalKeyboard;
 
-    void send(QEvent::Type type, quint32 place, int key, Qt::KeyboardModifiers held = {})
+    void send(QEvent::Type type, quint32 place, int key = 0, Qt::KeyboardModifiers held = {})
     {
         QKeyEvent event(type, key, held, place, 0, 0, key > 0 && key < 128 ? QString(QChar(key)).toLower() : "");
         QApplication::sendEvent(&focus(), &event);

@@ -5,7 +5,6 @@
 #include "api/OrvFactory.h"
 #include "gui/window/OrvGuiFactory.h"
 
-/// Backends of these tests have windows.
 int main(int argc, char** argv)
 {
     testing::InitGoogleTest(&argc, argv);

@@ -4,13 +4,12 @@
 #include <linux/input-event-codes.h>
 
 #include <sstream>
-#include <string>
 
 #include "backend/values/Key.h"
 
 constexpr int ABOVE_LINUX = 8;  // what the X server adds to the numbers of Linux
 
-TEST(KeyTable, HasEveryKeyOfTheBoardOnceAndNoOther)
+TEST(KeyTable, HasEveryKeyOfTheBoardOnceUnderItsNameAndNoOther)
 {
     EXPECT_EQ(KeyTable::PLACES.size(), 105u);
     for (const auto& [scanCode, virtualKey] : KeyTable::PLACES) {
@@ -25,10 +24,7 @@ TEST(KeyTable, HasEveryKeyOfTheBoardOnceAndNoOther)
     for (const int scanCode : {KEY_VOLUMEUP + ABOVE_LINUX, -1, 256})
         EXPECT_EQ(KeyTable::virtualKeyAt(scanCode), -1) << scanCode;
     for (const int virtualKey : {-1, 0, 0x100 + 'A'}) EXPECT_EQ(KeyTable::scanCodeOf(virtualKey), -1) << virtualKey;
-}
 
-TEST(KeyTable, NamesKeysByTheirPlaces)
-{
     // The names of a code and of those that follow it.
     const std::pair<int, const char*> RUNS[] = {
         {KEY_ESC, "Escape,1,2,3,4,5,6,7,8,9,0,Minus,Equals,Backspace"},

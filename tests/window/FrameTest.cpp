@@ -50,7 +50,7 @@ TEST_F(Frames, MoveAsTheyAreAskedAndStayAlongABlankAxis)
     EXPECT_EQ(frame.pos(), QPoint(70, 7));
 }
 
-TEST_F(Frames, StayOnTopWhileTheyAreAskedTo)
+TEST_F(Frames, StayOnTopWhileTheyAreAskedToAskBeforeTheyCloseAndComeBackWhenTheyWereMinimised)
 {
     const WId window = frame.winId();
     for (const bool on : {true, true, false}) {
@@ -59,10 +59,7 @@ TEST_F(Frames, StayOnTopWhileTheyAreAskedTo)
     }
     EXPECT_EQ(frame.winId(), window) << "a new one would lose the focus, and the keys that are down";
     EXPECT_TRUE(frame.isVisible());
-}
 
-TEST_F(Frames, AskBeforeTheyCloseAndComeBackToTheFrontWhenTheyWereMinimised)
-{
     frame.close();
     EXPECT_EQ(asked, 1);
     press("Close");

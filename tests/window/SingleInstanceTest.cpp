@@ -40,7 +40,7 @@ TEST_F(SingleInstance, PassesTheFilesOfLaterStartsToTheOneWindow)
     EXPECT_EQ(received, all);
 }
 
-TEST_F(SingleInstance, IsFreeAgainWhenTheWindowIsClosed)
+TEST_F(SingleInstance, IsFreeAgainWhenTheWindowIsClosedOrWasKilled)
 {
     EXPECT_EQ(notify(), Result::noAnswer);
     {
@@ -53,10 +53,7 @@ TEST_F(SingleInstance, IsFreeAgainWhenTheWindowIsClosed)
     }
     EXPECT_TRUE(acquire());
     EXPECT_EQ(runtime.contents(), "");
-}
 
-TEST_F(SingleInstance, ReplacesWhatAKilledProgramLeft)
-{
     std::istringstream left;
     {
         const auto killed = acquire();
