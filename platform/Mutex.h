@@ -11,7 +11,6 @@ class CAPABILITY("mutex") Mutex
 public:
     void lock() ACQUIRE() { mutex.lock(); }
     void unlock() RELEASE() { mutex.unlock(); }
-    bool try_lock() TRY_ACQUIRE(true) { return mutex.try_lock(); }
 
 private:
     std::mutex mutex;
