@@ -1,7 +1,7 @@
 # A module: one folder, one static library, and an include path that shows this folder alone.
 #
 #     orv_module(orv_engine backend/engine
-#       USES orv_model orv_messages      modules whose headers it may include; so may whoever uses it
+#       USES orv_model orv_messages      modules whose headers it may include; so may the modules that use it
 #       LINKS PkgConfig::SDL2            libraries and modules that its sources alone use
 #       PRECOMPILE qt                    the kind of its precompiled headers; standard without it
 #       ALONE ChordArpeggio.cpp          sources that a unity build compiles by themselves, because names that are local to

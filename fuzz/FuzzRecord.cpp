@@ -26,7 +26,7 @@ void tryInput(std::string_view input)
     require(!saved.error && !saved.file.empty());
     const auto events = Host::readMidiFile(std::filesystem::path(saved.file));
     require(events.size() >= 2);
-    const auto& [time, status, d1, d2] = events[events.size() - 2];  // behind it all sound off
+    const auto& [time, status, d1, d2] = events[events.size() - 2];  // after it all sound off
     require(status == 0x95 && d1 == 60 && d2 == 100 && events.back().time == time);
     std::filesystem::remove(saved.file);
 }

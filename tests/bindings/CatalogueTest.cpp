@@ -50,7 +50,7 @@ std::string printAll(const Translation& translation)
     return translation.getCondition().toXmlString() + " " + print(translation);
 }
 
-/// What stands in an element behind its type.
+/// What follows the type in an element.
 template <class Item>
 std::string attributesOf(const Item& item)
 {
@@ -92,7 +92,7 @@ std::string flagsOf(const Type& translation)
     return text;
 }
 
-/// Calls `visit` for each attribute of an element with the text before its value and the text behind that.
+/// Calls `visit` for each attribute of an element with the text before its value and the text after that.
 template <class Visit>
 void forEachAttribute(std::string element, Visit visit)
 {
@@ -134,10 +134,10 @@ TEST(FunctionCatalogue, IsOfFunctionsThatReadBackWhatTheyWriteAndDifferByEachPar
         EXPECT_TRUE(plain.clone()->equals(plain));
         EXPECT_FALSE(plain.equals(*createFunction(type == "ResetOrv" ? "ShowHelp" : "ResetOrv", *stage.orv)));
         EXPECT_FALSE(helpText(plain.getHelpId()).empty());
-        forEachAttribute(print(plain), [&](const std::string& before, const std::string& behind) {
+        forEachAttribute(print(plain), [&](const std::string& before, const std::string& after) {
             bool matters = false;
             for (const char* other : {"off", "+5", "3,4", "type2", "D5"}) {
-                const auto changed = readFunction(before + other + behind, *stage.orv);
+                const auto changed = readFunction(before + other + after, *stage.orv);
                 matters = matters || !changed->equals(plain);
                 EXPECT_TRUE(readFunction(print(*changed), *stage.orv)->equals(*changed)) << before << other;
                 EXPECT_TRUE(changed->clone()->equals(*changed)) << before << other;
@@ -188,14 +188,14 @@ TEST(TranslationCatalogue, IsOfTranslationsThatReadBackWhatTheyWriteAndSurviveAC
 
         // Each attribute becomes the first of some words that is read back as it stands.
         std::string element = print(plain);
-        forEachAttribute(element, [&](const std::string& before, const std::string& behind) {
+        forEachAttribute(element, [&](const std::string& before, const std::string& after) {
             constexpr std::array WORDS{"off", "D1 +5", "type2", "17", "3,4"};
             const auto* word = std::ranges::find_if(WORDS, [&](const std::string& each) {
-                const std::string other = before + each + behind;
+                const std::string other = before + each + after;
                 return other != element && print(*readTranslation(other)) == other;
             });
             EXPECT_NE(word, WORDS.end()) << "what else can it be? " << element;
-            return element = word == WORDS.end() ? element : before + *word + behind;
+            return element = word == WORDS.end() ? element : before + *word + after;
         });
         const auto made = readTranslation(element, "D2 ne 1");
         EXPECT_EQ(printAll(*made), "D2 ne 1 " + element);

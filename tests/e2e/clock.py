@@ -66,7 +66,7 @@ class Record:
 
 class Clocks(live.Graph):
     def source(self, *events, to, ticks=0):
-        """The record of another program without a gap, up to the clock's stop and that many ticks behind it."""
+        """The record of another program without a gap, up to the clock's stop and that many ticks after it."""
         for _ in range(TRIES):
             peer = Peer(self, "master", *events, to=to, source=OUT)
             until(lambda: len(Record(peer).frames(TICK, STOP)) >= ticks and STOP in peer.received, "the stop")

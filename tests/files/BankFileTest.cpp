@@ -57,16 +57,16 @@ TEST(BankFile, AProgramTakesThePlaceOfAnotherAndNothingElseMoves)
         {HEAD + "<Program name=\"&lt;Program \" x='</Program><Program '/>\n", "<Program/>\n", END},
         {"\xEF\xBB\xBF<Bank><Program/>\n<!--\n-->", "<Program name='b'\n/>", program("c") + END},
     };
-    for (const auto& [before, old, behind] : rows) {
-        BankFolder folder(before + old + behind);
-        ASSERT_TRUE(folder.isOpen) << before + old + behind;
+    for (const auto& [before, old, after] : rows) {
+        BankFolder folder(before + old + after);
+        ASSERT_TRUE(folder.isOpen) << before + old + after;
         ASSERT_TRUE(folder.bank.replaceProgram(1, fresh));
         const bool ownLine = before.ends_with('\n');
-        EXPECT_EQ(folder.text(), before + (ownLine ? "" : "\n") + fresh + behind);
+        EXPECT_EQ(folder.text(), before + (ownLine ? "" : "\n") + fresh + after);
         folder.names();
         if (!ownLine) continue;
         EXPECT_TRUE(folder.bank.replaceProgram(1, old)) << "by what the first save left behind";
-        EXPECT_EQ(folder.text(), before + old + behind);
+        EXPECT_EQ(folder.text(), before + old + after);
     }
 
     BankFolder folder("<Bank><Program name='a'/><Program name='b'/><Program name='c'/></Bank>");

@@ -137,7 +137,7 @@ TEST(RegistrySettings, ThatCouldNotBeWrittenAreWrittenTheNextTime)
     RegistrySettings settings;
     settings.setLiteVelocity(64);
     {
-        const FileFault disk(FileFault::Kind::fullDisk, 2);  // behind the two calls that read
+        const FileFault disk(FileFault::Kind::fullDisk, 2);  // after the two calls that read
         settings.saveToRegistry(KEY);
         ASSERT_TRUE(disk.hasHappened());
     }

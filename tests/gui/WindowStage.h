@@ -57,7 +57,7 @@ struct WindowStage : KeyStage, Hands, Gui::ParentWindow {
         gui->setFocus();
     }
 
-    /// Until the backend has done all, and the window has handled all of it: the last message is freed behind the
+    /// Until the backend has done all, and the window has handled all of it: the last message is freed after the
     /// others.
     void settle()
     {

@@ -72,7 +72,7 @@ struct Graph {
         }
     }
 
-    /// The same with a clock at the input, whose ticks come behind a message.
+    /// The same with a clock at the input, whose ticks come after a message.
     void follow(double bpm, double seconds, std::vector<Sent> arriving = {})
     {
         for (double at = 0; at < seconds * RATE; at += RATE * 60 / bpm / 24)
@@ -103,7 +103,7 @@ struct Graph {
             {0xFA, "start "}, {0xFB, "continue "}, {0xFC, "stop "}, {0xF2, "at "}};
         std::string text;
         int ticks = 0;
-        sent.push_back({{}, frame});  // behind the last ticks
+        sent.push_back({{}, frame});  // after the last ticks
         for (const auto& [message, at] : std::exchange(sent, {})) {
             if (message == TICK) {
                 ++ticks;

@@ -9,7 +9,7 @@
 
 namespace
 {
-// Taken behind a condition that the analysis does not follow.
+// Taken under a condition that the analysis does not follow.
 void letGo(CriticalSection& section) NO_THREAD_SAFETY_ANALYSIS { section.leave(); }
 }  // namespace
 

@@ -20,7 +20,7 @@ std::vector<unsigned> takeAll(MessageQueue& queue)
 
 TEST(MessageQueue, KeepsTheOrderOfAllPostersAndOfCauseAndEffect)
 {
-    // Three posters take turns: each message is caused by the one before, whoever posted it.
+    // Three posters take turns: each message is caused by the one before, whichever thread posted it.
     constexpr unsigned ROUNDS = 20000;
     MessageQueue queue(16);
     std::atomic<unsigned> turn{0};

@@ -71,7 +71,7 @@ TEST(Worker, RestsOnlyWhenAMessageIsHandledToItsEnd)
     goOn.set();
     entered.wait();
     worker.post({.number = 2});
-    EXPECT_TRUE(worker.rest().resting) << "waiting for a slice, whatever stands behind it";
+    EXPECT_TRUE(worker.rest().resting) << "waiting for a slice, whatever follows it in the queue";
     goOn.set();
     worker.stop();
     EXPECT_NE(worker.rest().changes, idle.changes);

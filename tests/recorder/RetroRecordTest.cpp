@@ -26,7 +26,7 @@ struct RecordStage : Stage {
         play(noteOn(number).output(output).channel(0));
         playSlices();
     }
-    /// The saved files as `readRecord` reads them, by name, which are gone behind that.
+    /// The saved files as `readRecord` reads them, by name, which are removed then.
     Takes saved()
     {
         SaveReport report;
