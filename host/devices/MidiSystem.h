@@ -57,6 +57,9 @@ public:
     /// Sends what was played. Called by the clock's own thread after each slice in which a message was played.
     virtual void deliver() = 0;
 
+    /// Waits until the receivers have read what was sent, at most two seconds. Control thread.
+    virtual void waitUntilRead() {}
+
     /// Updates the ports to devices that were plugged in or unplugged and to a server that was stopped or started. True
     /// if a list of ports has changed. To be called several times a second, and whenever `wake` is set.
     virtual bool refresh() = 0;

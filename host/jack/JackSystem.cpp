@@ -162,6 +162,11 @@ bool JackSystem::enterNewGraph()
     return true;
 }
 
+void JackSystem::waitUntilRead()
+{
+    if (client.get() != nullptr) callbacks.waitFor(JackCallbacks::UNTIL_READ);
+}
+
 bool JackSystem::refresh()
 {
     if (!client) return enterNewGraph();

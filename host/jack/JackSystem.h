@@ -33,6 +33,7 @@ public:
     void startClock(Clock& clock) override;
     bool followTransport() override;
     void deliver() override {}
+    void waitUntilRead() override;
     bool refresh() override;
     void enableInput(std::size_t index, bool enabled) override;
     void enableOutput(std::size_t index, bool enabled) override;

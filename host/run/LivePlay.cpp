@@ -307,6 +307,7 @@ void LivePlay::suspend(const std::function<void()>& stopProcess)
     const MutexLock noCommand(executing);
     endNotes();
     waitUntil([this] { return soundingNotes(ports) == 0; }, LONGEST_WAIT_FOR_DELIVERY);
+    system.waitUntilRead();  // a graph that waits for its clients stands still from here on
     stopProcess();
     orv->getOrvMessageManager().sendReset();  // the engine forgets the note-ons that were dropped
     player.acceptNoteOns(true);
