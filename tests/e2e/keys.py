@@ -8,6 +8,7 @@ import subprocess
 import sys
 import tempfile
 import termios
+import time
 import unittest
 
 import live
@@ -124,9 +125,12 @@ class Keys(live.Graph):
         waiting = array.array("i", [0])
 
         def fills_the_pipe():
+            before = waiting[0]
             orvane.stdin.write(b"play 0 0 0 144 60 100\nplay 0 0 0 128 60 100\n" * 100)
             orvane.stdin.flush()
-            return fcntl.ioctl(orvane.stdout, termios.FIONREAD, waiting) == 0 and waiting[0] > 50000
+            time.sleep(0.5)  # several updates of the display
+            fcntl.ioctl(orvane.stdout, termios.FIONREAD, waiting)
+            return waiting[0] == before > 20000  # no further piece fits
 
         until(fills_the_pipe, "a full pipe")
         orvane.send_signal(signal.SIGINT)
