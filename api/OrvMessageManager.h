@@ -11,11 +11,12 @@ class MessageManagerMaster;
 /// No window, for operations that notify a window at the end.
 extern ORV_API const WindowHandle NO_WINDOW;
 
-/// The commands of the backend, for a host and the window. Any thread but the backend thread, and not in a time slice
-/// or another real-time callback: every operation allocates. `post` operations queue the command and return; `send`
-/// operations return when it was executed. A `send` that resets waits for time slices, so the thread that plays them
-/// must not call it. Commands are executed in the order in which they were posted, by the operations of `OrvIF` of the
-/// same names, which describe the arguments.
+/// The commands of the backend, for a host and the window. Not in a time slice or another real-time callback, because
+/// an operation may allocate. `post` operations queue the command and return; any thread. `send` operations return when
+/// it was executed; any thread but the backend thread, which would wait for itself. A command that resets waits for
+/// time slices, and so does a `send` that follows it: while one is queued, the thread that plays them must not send.
+/// Commands are executed in the order in which they were posted, by the operations of `OrvIF` of the same names, which
+/// describe the arguments.
 class ORV_API OrvMessageManager final
 {
 public:
