@@ -467,8 +467,8 @@ public:
     /// [backend] The position of a knob, 0 to 127, from the slowest speed to the fastest.
     virtual void setOscSpeedFromMidi(const SelectType& select, std::int32_t value) = 0;
 
-    /// [any] As the other one, but `listener` gets the result, on the recorder's thread.
-    virtual void saveRetroRecord(const std::string& stem, RetroRecord::SaveListener listener) = 0;
+    /// [any] As `saveRetroRecord`, but `listener` gets the result, on the recorder's thread, in place of the window.
+    virtual void saveRetroRecordFor(const std::string& stem, RetroRecord::SaveListener listener) = 0;
 
     /// [any] Receives the text of the display, in place of a window; null for none.
     /// It must exist until it is replaced or the backend has ended.

@@ -301,7 +301,7 @@ public:
     {
         oscManager.setSpeedFromMidi(select, value);
     }
-    void saveRetroRecord(const std::string& stem, RetroRecord::SaveListener listener) override
+    void saveRetroRecordFor(const std::string& stem, RetroRecord::SaveListener listener) override
     {
         retroRecord.save(stem, std::move(listener));
     }

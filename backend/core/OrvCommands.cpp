@@ -62,7 +62,7 @@ constexpr auto COMMANDS = std::to_array<Command<OrvIF>>({
     on<SET_PROGRAM_NUMBER, &OrvIF::setProgramNumber>(),
     on<RELEASE_MIDI_INPUT, &OrvIF::releaseMidiInput>(),
     on<DELETE_SEQUENCE_PRESET, &OrvIF::deleteSequencePreset>(),
-    on<SAVE_RETRO_RECORD, static_cast<void (OrvIF::*)(const std::string&)>(&OrvIF::saveRetroRecord)>(),
+    on<SAVE_RETRO_RECORD, &OrvIF::saveRetroRecord>(),
     answer<SAVE_STATE, &OrvIF::saveState>(),
     answer<GET_HOST_START, &OrvIF::getHostStart>(),
     answer<CREATE_ORV_GUI, &OrvIF::createOrvGui>(),

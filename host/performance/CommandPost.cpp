@@ -60,7 +60,7 @@ void postKind(OrvMessageManager& backend, const FunctionCommand& command) { back
 
 void postKind(const Destination& destination, const RecordCommand& command)
 {
-    destination.orv.saveRetroRecord(command.stem, destination.whenSaved);
+    destination.orv.saveRetroRecordFor(command.stem, destination.whenSaved);
 }
 
 void postKind(OrvMessageManager& backend, const ControlCommand& command)

@@ -96,7 +96,7 @@ void LivePlay::execute(const Command& command)
 
 void LivePlay::saveRecord(const std::string& stem)
 {
-    orv->saveRetroRecord(stem, [this](const auto& saved) { reportSaved(saved); });
+    orv->saveRetroRecordFor(stem, [this](const auto& saved) { reportSaved(saved); });
 }
 
 void LivePlay::reportSaved(const SaveReport& saved) const

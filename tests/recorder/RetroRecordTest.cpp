@@ -30,7 +30,7 @@ struct RecordStage : Stage {
     Takes saved()
     {
         SaveReport report;
-        orv->saveRetroRecord((folders / "t").string(), [&](const SaveReport& result) { report = result; });
+        orv->saveRetroRecordFor((folders / "t").string(), [&](const SaveReport& result) { report = result; });
         rest();
         EXPECT_FALSE(report.empty());
         Takes takes;
