@@ -181,7 +181,8 @@ public:
     virtual void enableMidiInput(int port, bool enabled) = 0;
     virtual void enableMidiOutput(int port, bool enabled) = 0;
 
-    /// [backend] Processes an event whose `getInput` is an enabled port; any other event is dropped.
+    /// [backend] Processes an event whose `getInput` is an enabled port; any other event is dropped. A host that plays
+    /// live calls `playMidiInputEvent` instead.
     virtual void processMidiInputEvent(const MidiEngine::OrvMidiMessage& event) = 0;
 
     /// [backend] Replaces the current program by that of a file and keeps its number. A ".prg" file has one program, of
@@ -490,5 +491,27 @@ public:
 
     /// [backend] Plays the note-offs of the notes that this input holds, as if their keys were released.
     virtual void releaseMidiInput(int port) = 0;
+
+    /// [backend] An event of this input that was to be posted is lost, see `playMidiInputEvent`.
+    virtual void midiInputEventLost(int port) = 0;
+
+    /// [any] The longest time, in nanoseconds, for which a command held the lock that the slices need, or a slice
+    /// waited for it, since the last call.
+    virtual std::int64_t takeLongestHold() = 0;
+
+    /// [real-time] An event of this input is posted with `OrvMessageManager::postProcessMidiInputEvent` without having
+    /// been passed to `playMidiInputEvent`, as by a host that cannot play now. An input below 0 is ignored.
+    virtual void deferMidiInputEvent(int input) = 0;
+
+    /// [real-time] Plays an event of an input at once, as the next slice would play it at its first pulse: through
+    /// translations, zones and layers, to `MidiPlayer::playMidi`, on the calling thread. Before it returns it may wait
+    /// for the lock of the slices. One caller at a time for each input; outside a slice.
+    ///
+    /// False if that is not possible: the event executes a function, the input is disabled, no slice was played yet, or
+    /// an earlier event of the input has not been played. Then the caller posts it with
+    /// `OrvMessageManager::postProcessMidiInputEvent`, or, if it lost the event,
+    /// `OrvMessageManager::postMidiInputEventLost`: one post for each event that got false, in the order of the events.
+    /// Until all that they made has been played, every later event of that input gets false too.
+    virtual bool playMidiInputEvent(const MidiEngine::OrvMidiMessage& event) = 0;
 };
 }  // namespace Backend

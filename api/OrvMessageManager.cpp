@@ -79,6 +79,8 @@ void OrvMessageManager::postProcessMidiInputEvent(const OrvMidiMessage& event)
     master.post(OrvMessage::PROCESS_MIDI_INPUT_EVENT(event));
 }
 
+void OrvMessageManager::postMidiInputEventLost(int port) { master.post(OrvMessage::MIDI_INPUT_EVENT_LOST(port)); }
+
 void OrvMessageManager::postChangeControl(const Cell& cell, std::int32_t value)
 {
     master.post(Controls::ControlMessage::SET_VALUE(cell, value));

@@ -56,6 +56,8 @@ public:
 
     /// A received MIDI event: the host sets its input to the port number.
     void postProcessMidiInputEvent(const MidiEngine::OrvMidiMessage& event);
+    /// In its place for an event that the host has lost, see `OrvIF::playMidiInputEvent`.
+    void postMidiInputEventLost(int port);
     /// For an input that lost its connection, see `OrvIF::releaseMidiInput`.
     void postReleaseMidiInput(int port);
     /// The user moves the control of that cell; ignored if there is none.

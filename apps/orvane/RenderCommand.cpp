@@ -48,6 +48,8 @@ void addRenderCommand(CLI::App& program)
                      "Seed of random numbers, such as those of random oscillators; 0 counts as 1")
         ->check(CLI::Range(std::uint32_t{0}, std::numeric_limits<std::uint32_t>::max()))
         ->capture_default_str();
+    command->add_flag("--live-input", settings.liveInput,
+                      "Play events of MIDI inputs at once where they need no function, as live playing does");
     command
         ->add_option("--data", settings.data,
                      "Use this data folder, which is kept; by default a temporary one with the factory content")

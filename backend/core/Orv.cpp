@@ -54,6 +54,7 @@ Orv::~Orv()
     midiEngine.end();
     midiEngine.setEventRecorder(nullptr);
     midiEngine.setEventLog(nullptr);
+    midiEngine.setInputLog(nullptr);
     stop();
 }
 
@@ -89,6 +90,7 @@ void Orv::end()
     midiEngine.end();
     midiEngine.setEventRecorder(nullptr);
     midiEngine.setEventLog(nullptr);
+    midiEngine.setInputLog(nullptr);
     retroRecord.end();
     display.end();
     registrySettings.saveToRegistry(OrvUtils::getRegistryKey(applicationName));
@@ -100,6 +102,7 @@ void Orv::startDisplay()
     commands.postSetDisplayNumbers(registrySettings.getDisplayNumbers());
     commands.postSetDisplayMidiInputEvents(registrySettings.getDisplayMidiInputEvents());
     commands.postSetDisplayMidiOutputEvents(registrySettings.getDisplayMidiOutputEvents());
+    midiEngine.setInputLog(registrySettings.getDisplayMidiInputEvents() ? &engineLog : nullptr);
     display.start();
 }
 
@@ -116,6 +119,8 @@ void Orv::handleCommand(Message& message)
     const auto execute = [this](Message& command) { executeOrvCommand(*this, command); };
     if (message.number == OrvMessage::FILES_DONE)
         files.finish(execute);
+    else if (message.number == OrvMessage::SETTLE_MIDI_INPUT)
+        midiEngine.getMessageManager().postSettleMidiInput(static_cast<int>(message.wparam));
     else if (files.isBusy() && waitsForFiles(message.number))
         files.hold(std::move(message));
     else
@@ -246,29 +251,34 @@ void Orv::executeFunction(const std::string& xml)
 void Orv::processMidiInputEvent(const OrvMidiMessage& event)
 {
     assertBackendThread();
-    if (!isEnabled(midiInputPorts, event.getInput())) {
+    if (isEnabled(midiInputPorts, event.getInput())) {
+        displayMidiInputEvent(event);
+        midiEngine.followMidiInput(event);
+        midiInputManager.translate(event);
+    } else {
         WindowsLib::DbgStream() << "dropped " << event.getMidiMessage().toXmlString() << ", input "
                                 << int{event.getInput()} << ": no such input, or not enabled";
-        return;
     }
-    displayMidiInputEvent(event);
-    takeInputEvent(event);
+    settleMidiInput(event.getInput());
 }
 
-void Orv::takeInputEvent(const OrvMidiMessage& event)
+/// Sends a marker behind all that an event of the input made: first through the queue of this thread, then through that
+/// of the engine.
+void Orv::settleMidiInput(int input)
 {
-    heldNotes.follow(event);
-    midiInputManager.translate(event);
+    if (midiEngine.isDeferring(input)) messageManagerMaster.post(OrvMessage::SETTLE_MIDI_INPUT(input));
 }
 
 /// Plays the note-offs of the notes that an input holds, before it is disabled or removed, on the path of its events.
+/// Until they are played, no event of that input is played at once.
 void Orv::releaseHeldNotes(int input)
 {
     if (!isEnabled(midiInputPorts, input)) return;
-    heldNotes.release(input, [&](int channel, int note) {
-        takeInputEvent(OrvMidiMessage(
+    midiEngine.takeHeldNotes(input).forEach([&](int channel, int note) {
+        midiInputManager.translate(OrvMidiMessage(
             {.type = MessageType::noteOff, .d1 = note, .d2 = RELEASE_VELOCITY, .channel = channel, .input = input}));
     });
+    settleMidiInput(input);
 }
 
 void Orv::playMidi(const OrvMidiMessage& event) { midiEngine.getMessageManager().postPlayMidi(event); }

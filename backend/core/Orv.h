@@ -16,7 +16,6 @@
 #include "api/OrvMessageManager.h"
 #include "backend/core/EngineLog.h"
 #include "backend/core/EngineRecorder.h"
-#include "backend/core/HeldNotes.h"
 #include "backend/core/SettingCommands.h"
 #include "backend/display/Display.h"
 #include "backend/engine/MidiEngine.h"
@@ -306,6 +305,13 @@ public:
         retroRecord.save(stem, std::move(listener));
     }
     void releaseMidiInput(int port) override;
+    void midiInputEventLost(int port) override { settleMidiInput(port); }
+    std::int64_t takeLongestHold() override { return midiEngine.takeLongestHold(); }
+    void deferMidiInputEvent(int input) override { midiEngine.deferMidiInputEvent(input); }
+    bool playMidiInputEvent(const MidiEngine::OrvMidiMessage& event) override
+    {
+        return midiEngine.playMidiInputEvent(event);
+    }
     void setDisplayListener(Display::DisplayListener* listener) override;
     void updateDisplayListener() override { display.getMessageManager().postUpdateListener(); }
     void resendDisplayText() override { display.getMessageManager().postResendText(); }
@@ -362,7 +368,8 @@ private:
     void saveInto(const std::string& path, int number, const WindowHandle& window);
     ProgramSection& findSection(const PresetSection& section) const;
     void notifyGuiOfPresets(const PresetManager& presets, bool done) const;
-    void takeInputEvent(const MidiEngine::OrvMidiMessage& event);
+    void settleMidiInput(int input);
+    void publishInputs();
     void releaseHeldNotes(int input);
     void fixDefaultMidiOutput();
     void setDefaultMidiOutput(int output);
@@ -383,7 +390,6 @@ private:
     Program program;
     MidiEngine::MidiInputPorts midiInputPorts;
     MidiEngine::MidiOutputPorts midiOutputPorts;
-    HeldNotes heldNotes;
     bool initializing = false;  // controls send their values at the end of it, when there are ports
     MidiEngine::MidiEngine midiEngine;
     Display::Display display;

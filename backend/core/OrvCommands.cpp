@@ -60,6 +60,7 @@ constexpr auto COMMANDS = std::to_array<Command<OrvIF>>({
     on<SET_TEMPO_SOURCE, &OrvIF::setTempoSource>(),
     on<LOAD_PROGRAM_FROM_STRING, &OrvIF::loadProgramFromString>(),
     on<SET_PROGRAM_NUMBER, &OrvIF::setProgramNumber>(),
+    on<MIDI_INPUT_EVENT_LOST, &OrvIF::midiInputEventLost>(),
     on<RELEASE_MIDI_INPUT, &OrvIF::releaseMidiInput>(),
     on<DELETE_SEQUENCE_PRESET, &OrvIF::deleteSequencePreset>(),
     on<SAVE_RETRO_RECORD, &OrvIF::saveRetroRecord>(),

@@ -39,10 +39,13 @@ void Orv::setMidiInputPorts(const MidiInputPorts& ports)
     for (std::size_t input = 0; input < midiInputPorts.size(); ++input)
         if (!isStillThere(midiInputPorts[input], ports, input)) releaseHeldNotes(static_cast<int>(input));
     midiInputPorts = ports;
-    midiEngine.getMessageManager().postSetMidiInputPorts(ports);
+    publishInputs();
     display.getMessageManager().postSetMidiInputPorts(ports);
     notifyGui(GuiMessage::MIDI_INPUT_PORTS, ports);
 }
+
+/// At once, not by a message: no event of an input that is disabled may be played any more.
+void Orv::publishInputs() { midiEngine.setMidiInputPorts(midiInputPorts); }
 
 void Orv::setMidiOutputPorts(const MidiOutputPorts& ports)
 {
@@ -122,6 +125,7 @@ void Orv::enableMidiInput(int port, bool enabled)
     if (port < 0 || static_cast<std::size_t>(port) >= midiInputPorts.size()) return;
     if (!enabled) releaseHeldNotes(port);
     midiInputPorts[static_cast<std::size_t>(port)].enabled = enabled;
+    publishInputs();
     registrySettings.setMidiInputEnabled(port, enabled);
     midiEngine.getMessageManager().postEnableMidiInput(port, enabled);
     notifyGui(GuiMessage::MIDI_INPUT_PORTS, midiInputPorts);

@@ -70,6 +70,11 @@ void DisplayMessageManager::postMidiOutputEvent(const MidiEngine::OrvMidiMessage
     worker.post(MIDI_OUTPUT_EVENT(event));
 }
 
+void DisplayMessageManager::postMidiInputEventFromSlice(const MidiEngine::OrvMidiMessage& event)
+{
+    worker.queue().postFromSlice(MIDI_INPUT_EVENT(event));
+}
+
 void DisplayMessageManager::postMidiOutputEventFromSlice(const MidiEngine::OrvMidiMessage& event)
 {
     worker.queue().postFromSlice(MIDI_OUTPUT_EVENT(event));

@@ -32,6 +32,7 @@ public:
     void postMidiInputEvent(const MidiEngine::OrvMidiMessage& event);
     void postMidiOutputEvent(const MidiEngine::OrvMidiMessage& event);
     /// The same inside a time slice, without an allocation; `wake` must be called after the lock was released.
+    void postMidiInputEventFromSlice(const MidiEngine::OrvMidiMessage& event);
     void postMidiOutputEventFromSlice(const MidiEngine::OrvMidiMessage& event);
     void wake() { worker.queue().wake(); }
     /// Null for none. It must exist until it is replaced or the display has ended.

@@ -4,7 +4,7 @@
 
 namespace Backend::MidiEngine
 {
-/// Where the engine logs what it plays, to be shown. Must outlive the slices.
+/// Where the engine logs what it plays and receives, to be shown. Must outlive the slices.
 class EventLog
 {
 public:
@@ -12,6 +12,8 @@ public:
 
     /// Inside a time slice: must not wait, allocate or call the system.
     virtual void addFromSlice(const OrvMidiMessage& event) = 0;
+    /// The same for an event of an input.
+    virtual void addInputFromSlice(const OrvMidiMessage& event) = 0;
 
     /// After a slice that added events, without the engine lock.
     virtual void wake() = 0;

@@ -36,18 +36,46 @@ std::int32_t MidiEngine::milliseconds2Ppq(double milliseconds, int tempo)
     return pulse >= 0 ? static_cast<std::int32_t>(std::min(pulse, LAST_PULSE)) : 0;
 }
 
-void MidiEngine::appendTimedEvent(const OrvMidiMessage& event)
+[[gnu::flatten]] void MidiEngine::appendTimedEvent(const OrvMidiMessage& event)
 {
     const Locked lock(criticalSection);
     timedEvents.push_back(event);
 }
 
-// The old lists are freed with the argument, outside the lock.
 void MidiEngine::setMidiInputPorts(MidiInputPorts ports)
 {
-    const Locked lock(criticalSection);
-    midiInputPorts.swap(ports);
+    LiveInputs::Held room;
+    for (std::size_t input = 0; input < std::min(ports.size(), room.size()); ++input)
+        room[input] = std::make_unique<HeldNotes>();
+    const CommandLock lock(criticalSection, longestHold);
+    liveInputs.setPorts(ports, room);
 }
+
+// The old ones are freed with the argument, outside the lock.
+void MidiEngine::setMidiTranslations(LiveInputs::Translations translations)
+{
+    const CommandLock lock(criticalSection, longestHold);
+    liveInputs.swapTranslations(translations);
+}
+
+void MidiEngine::followMidiInput(const OrvMidiMessage& event)
+{
+    const CommandLock lock(criticalSection, longestHold);
+    liveInputs.follow(event);
+}
+
+HeldNotes MidiEngine::takeHeldNotes(int input)
+{
+    auto notes = std::make_unique<HeldNotes>();
+    {
+        const CommandLock lock(criticalSection, longestHold);
+        deferred.add(input);
+        liveInputs.swapHeld(static_cast<std::size_t>(input), notes);
+    }
+    return *notes;
+}
+
+void MidiEngine::settleMidiInput(int input) { appendTimedEvent(OrvMidiMessage::createInputMarker(input)); }
 
 void MidiEngine::setMidiOutputPorts(MidiOutputPorts ports)
 {
@@ -56,7 +84,7 @@ void MidiEngine::setMidiOutputPorts(MidiOutputPorts ports)
         enabled[static_cast<unsigned>(output)] = isEnabled(ports, output);
     const auto isGone = [&](int output) { return !enabled[static_cast<unsigned>(output)]; };
 
-    const Locked lock(criticalSection);
+    const CommandLock lock(criticalSection, longestHold);
     midiOutputPorts.swap(ports);
     enabledOutputs = enabled;
     for (int output = 0; output < NoteCounters::OUTPUTS; ++output)
@@ -68,38 +96,38 @@ void MidiEngine::setMidiOutputPorts(MidiOutputPorts ports)
 
 void MidiEngine::enableMidiInput(int port, bool enabled)
 {
-    const Locked lock(criticalSection);
+    const CommandLock lock(criticalSection, longestHold);
     midiPlayer.enableMidiInput(port, enabled);
 }
 
 void MidiEngine::enableMidiOutput(int port, bool enabled)
 {
-    const Locked lock(criticalSection);
+    const CommandLock lock(criticalSection, longestHold);
     midiPlayer.enableMidiOutput(port, enabled);
 }
 
 void MidiEngine::setDefaultMidiOutput(int port)
 {
     const bool isOutput = port >= 0 && port < NoteCounters::OUTPUTS;
-    const Locked lock(criticalSection);
+    const CommandLock lock(criticalSection, longestHold);
     defaultMidiOutput = isOutput ? port : OrvMidiMessage::DEFAULT_OUTPUT;
 }
 
 void MidiEngine::setMidiThru(bool on)
 {
-    const Locked lock(criticalSection);
+    const CommandLock lock(criticalSection, longestHold);
     midiThru = on;
 }
 
 void MidiEngine::setTempo(int bpm)
 {
-    const Locked lock(criticalSection);
+    const CommandLock lock(criticalSection, longestHold);
     midiPlayer.setTempo(bpm);
 }
 
 void MidiEngine::setTempoSource(int source)
 {
-    const Locked lock(criticalSection);
+    const CommandLock lock(criticalSection, longestHold);
     keptTempoSource = source;
     // During a reset the clock is internal; the new source is set at the end of the reset.
     if (resetsUnderWay == 0) midiPlayer.setTempoSource(static_cast<char>(source));
@@ -107,42 +135,48 @@ void MidiEngine::setTempoSource(int source)
 
 void MidiEngine::setGuiWindowHandle(WindowHandle window)
 {
-    const Locked lock(criticalSection);
+    const CommandLock lock(criticalSection, longestHold);
     std::swap(guiWindow, window);
     updateObserved();
 }
 
 void MidiEngine::setEventRecorder(EventRecorder* newRecorder)
 {
-    const Locked lock(criticalSection);
+    const CommandLock lock(criticalSection, longestHold);
     recorder = newRecorder;
     updateObserved();
 }
 
 void MidiEngine::setEventLog(EventLog* newLog)
 {
-    const Locked lock(criticalSection);
+    const CommandLock lock(criticalSection, longestHold);
     eventLog = newLog;
     updateObserved();
+}
+
+void MidiEngine::setInputLog(EventLog* newLog)
+{
+    const CommandLock lock(criticalSection, longestHold);
+    inputLog = newLog;
 }
 
 void MidiEngine::updateObserved() { isObserved = guiWindow || recorder != nullptr || eventLog != nullptr; }
 
 void MidiEngine::setControlUpdates(Controls::ControlUpdates* updates)
 {
-    const Locked lock(criticalSection);
+    const CommandLock lock(criticalSection, longestHold);
     controlUpdates = updates;
 }
 
 void MidiEngine::setZoneMap(std::vector<Zones::Zone> newZones)
 {
-    const Locked lock(criticalSection);
+    const CommandLock lock(criticalSection, longestHold);
     zones.set(newZones);
 }
 
 void MidiEngine::setZone(Zones::Zone zone)
 {
-    const Locked lock(criticalSection);
+    const CommandLock lock(criticalSection, longestHold);
     zones.setTranspose(zone);
 }
 
@@ -150,7 +184,7 @@ void MidiEngine::setOscPlaying(Oscillators::OscId id, bool playing)
 {
     Slice slice;
     {
-        const Locked lock(criticalSection);
+        const CommandLock lock(criticalSection, longestHold);
         Oscillators::EngineOscillator* oscillator = oscillators.find(id);
         if (oscillator == nullptr) return;
         if (const std::int32_t stopValue = oscillator->getStopValue(); stopValue >= 0) {
@@ -165,13 +199,13 @@ void MidiEngine::setOscPlaying(Oscillators::OscId id, bool playing)
 
 void MidiEngine::setOscSpeed(Oscillators::OscId id, int speed)
 {
-    const Locked lock(criticalSection);
+    const CommandLock lock(criticalSection, longestHold);
     if (auto* oscillator = oscillators.find(id)) oscillator->setSpeed(speed);
 }
 
 void MidiEngine::setRandomSeed(std::uint32_t seed)
 {
-    const Locked lock(criticalSection);
+    const CommandLock lock(criticalSection, longestHold);
     random = RandomSource(seed);
 }
 }  // namespace Backend::MidiEngine

@@ -15,6 +15,9 @@
 #include "backend/engine/EngineZones.h"
 #include "backend/engine/EventLog.h"
 #include "backend/engine/EventRecorder.h"
+#include "backend/engine/HeldNotes.h"
+#include "backend/engine/LiveInputs.h"
+#include "backend/engine/LongestHold.h"
 #include "backend/engine/NoteCounters.h"
 #include "backend/engine/PressMemory.h"
 #include "backend/engine/PulseSpan.h"
@@ -64,6 +67,11 @@ public:
     /// See `OrvIF::playTimeSlice`. The player's thread.
     void playTimeSlice(std::int32_t startPpq, std::int32_t endPpq) EXCLUDES(criticalSection);
 
+    /// See `OrvIF::playMidiInputEvent` and `OrvIF::deferMidiInputEvent`.
+    bool playMidiInputEvent(const OrvMidiMessage& event) EXCLUDES(criticalSection);
+    void deferMidiInputEvent(int input) { deferred.add(input); }
+    bool isDeferring(int input) const { return deferred.hasAny(input); }
+
     /// The pulse of a clock that has run that long at `tempo` beats per minute, limited to 0 to the highest pulse.
     static std::int32_t milliseconds2Ppq(double milliseconds, int tempo);
 
@@ -72,7 +80,16 @@ public:
     /// Queues an event. One without a pulse is played at the first pulse of the slice after the one that takes it from
     /// the queue.
     void appendTimedEvent(const OrvMidiMessage& event) EXCLUDES(criticalSection);
+    /// The events of all other inputs are deferred.
     void setMidiInputPorts(MidiInputPorts ports) EXCLUDES(criticalSection);
+    /// What events of inputs are translated by; not null.
+    void setMidiTranslations(LiveInputs::Translations translations) EXCLUDES(criticalSection);
+    /// An event of an input that takes the way through the backend, for the notes that the input holds.
+    void followMidiInput(const OrvMidiMessage& event) EXCLUDES(criticalSection);
+    /// Takes the notes that an input holds. Its events are deferred until one more `settleMidiInput`.
+    HeldNotes takeHeldNotes(int input) EXCLUDES(criticalSection);
+    /// Queues a marker: what a deferred event of that input made is played when it comes due.
+    void settleMidiInput(int input) EXCLUDES(criticalSection);
     /// Counters and stored presses of an output that is missing from the list or disabled are cleared.
     void setMidiOutputPorts(MidiOutputPorts ports) EXCLUDES(criticalSection);
     void enableMidiInput(int port, bool enabled) EXCLUDES(criticalSection);
@@ -87,6 +104,9 @@ public:
     void setEventRecorder(EventRecorder* newRecorder) EXCLUDES(criticalSection);
     /// Receives what is played, for the display; null for none. It must outlive the slices.
     void setEventLog(EventLog* newLog) EXCLUDES(criticalSection);
+    /// Receives the events of inputs that are played at once, for the display; null for none. It must outlive the
+    /// slices.
+    void setInputLog(EventLog* newLog) EXCLUDES(criticalSection);
     /// Receives the events that controls may follow; null for none. It must outlive the slices.
     void setControlUpdates(Controls::ControlUpdates* updates) EXCLUDES(criticalSection);
     /// Replaces the zones. Open presses keep their sounding note.
@@ -110,6 +130,8 @@ public:
     void sendReset() override EXCLUDES(criticalSection);
     void sendHardReset() override EXCLUDES(criticalSection);
     bool isResetWaiting() const { return resetsWaiting > 0; }
+    /// See `OrvIF::takeLongestHold`.
+    std::int64_t takeLongestHold() { return longestHold.take(); }
 
     /// Passes a tap of the tempo to the host.
     void pulseSequencer() { midiPlayer.pulseSequencer(); }
@@ -220,6 +242,8 @@ public:
     [[gnu::noinline]] void drop(Slice& slice, const OrvMidiMessage& event, const char* why);
 
 private:
+    static constexpr std::int32_t NO_PULSE = -1;
+
     void drain(Slice& slice, std::int32_t endPpq) REQUIRES(criticalSection);
     void walk(Slice& slice, std::int32_t startPpq, std::int32_t endPpq) REQUIRES(criticalSection);
     void processSpan(Slice& slice, std::int64_t from, std::int64_t until, std::int32_t minPpq)
@@ -227,6 +251,8 @@ private:
     void processPpq(Slice& slice, std::int32_t ppq, std::int32_t minPpq) REQUIRES(criticalSection);
     void playDue(Slice& slice, std::int32_t ppq, std::int32_t minPpq) REQUIRES(criticalSection);
     void playArpeggios(Slice& slice, std::int32_t ppq) REQUIRES(criticalSection);
+    [[gnu::noinline]] bool serve(Slice& slice, const OrvMidiMessage& item) REQUIRES(criticalSection);
+    bool playLive(Slice& slice, const OrvMidiMessage& event) REQUIRES(criticalSection);
     void requeue() REQUIRES(criticalSection);
     static void finish(Slice& slice);
     [[gnu::noinline]] static void report(std::span<const Slice::Drop> drops);
@@ -258,10 +284,14 @@ private:
     std::atomic<bool> timeSlicesRunning{false};
     std::atomic<int> resetsWaiting{0};
 
+    DeferredEvents deferred;
+    LongestHold longestHold;  // of the engine lock, by commands
+
     CriticalSection criticalSection;
 
     // Guarded by the engine lock
-    MidiInputPorts midiInputPorts GUARDED_BY(criticalSection);
+    LiveInputs liveInputs GUARDED_BY(criticalSection);
+    std::int32_t nextPulse GUARDED_BY(criticalSection) = NO_PULSE;  // the end of the last slice
     MidiOutputPorts midiOutputPorts GUARDED_BY(criticalSection);
     std::array<bool, 256> enabledOutputs GUARDED_BY(criticalSection){};  // by the output's byte; none is enabled
     int defaultMidiOutput GUARDED_BY(criticalSection) = -1;
@@ -269,6 +299,7 @@ private:
     WindowHandle guiWindow GUARDED_BY(criticalSection);
     EventRecorder* recorder GUARDED_BY(criticalSection) = nullptr;
     EventLog* eventLog GUARDED_BY(criticalSection) = nullptr;
+    EventLog* inputLog GUARDED_BY(criticalSection) = nullptr;
     bool isObserved GUARDED_BY(criticalSection) = false;  // played events go to the window, the log or the record
     Controls::ControlUpdates* controlUpdates GUARDED_BY(criticalSection) = nullptr;
     std::vector<OrvMidiMessage> timedEvents GUARDED_BY(criticalSection);  // in order of arrival

@@ -24,6 +24,8 @@ constexpr auto COMMANDS = std::to_array<Command<MidiEngine>>({
     on<SET_TEMPO_SOURCE, &MidiEngine::setTempoSource>(),
     on<SET_MIDI_THRU, &MidiEngine::setMidiThru>(),
     on<SET_OSC_PLAYING, &MidiEngine::setOscPlaying>(),
+    on<SET_MIDI_TRANSLATIONS, &MidiEngine::setMidiTranslations>(),
+    on<SETTLE_MIDI_INPUT, &MidiEngine::settleMidiInput>(),
     on<SET_OSC_SPEED, &MidiEngine::setOscSpeed>(),
 });
 }  // namespace

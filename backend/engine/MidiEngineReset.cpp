@@ -42,19 +42,20 @@ void MidiEngine::setOscList(std::vector<Oscillators::Oscillator> newOscillators)
 void MidiEngine::runReset(const OrvMidiMessage& order, ResetRequest& request)
 {
     Slice slice;
-    const bool atOnce = isMidiPlayerThread();
-    {
-        const Locked lock(criticalSection);
-        if (atOnce)
+    if (isMidiPlayerThread()) {
+        {
+            const Locked lock(criticalSection);
             executeReset(slice, order, request);
-        else
-            queueReset(order, request);
+        }
+        return finish(slice);
     }
-    finish(slice);
-    if (atOnce) return;
+    {
+        const CommandLock lock(criticalSection, longestHold);
+        queueReset(order, request);
+    }
 
     request.done.wait();
-    const Locked lock(criticalSection);
+    const CommandLock lock(criticalSection, longestHold);
     if (--resetsUnderWay == 0) midiPlayer.setTempoSource(static_cast<char>(keptTempoSource));
 }
 

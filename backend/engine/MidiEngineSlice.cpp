@@ -25,17 +25,66 @@ void MidiEngine::playTimeSlice(std::int32_t startPpq, std::int32_t endPpq)
 {
     Slice slice;
     {
-        const Locked lock(criticalSection);
+        const PlayLock lock(criticalSection, longestHold);
         timeSlicesRunning = true;
         drain(slice, endPpq);
         walk(slice, startPpq, endPpq);
         requeue();
+        nextPulse = endPpq;
         slice.drops.swap(drops);
     }
     finish(slice);
 }
 
-/// Takes the events from the queue. Resets are executed at once; an event without a pulse gets the end of the slice.
+bool MidiEngine::playMidiInputEvent(const OrvMidiMessage& event)
+{
+    Slice slice;
+    {
+        const PlayLock lock(criticalSection, longestHold);
+        if (!playLive(slice, event)) {
+            deferred.add(event.getInput());
+            return false;
+        }
+        slice.drops.swap(drops);
+    }
+    finish(slice);
+    return true;
+}
+
+/// Plays an event of an input as the next slice would. False, with nothing done, if it has to take the other way.
+bool MidiEngine::playLive(Slice& slice, const OrvMidiMessage& event)
+{
+    if (nextPulse == NO_PULSE || deferred.hasAny(event.getInput())) return false;
+    const OrvMidiMessage received = MidiInput::MidiEventConfigurationMap::asReceived(event);
+    const LiveInputs::Way way = liveInputs.findWay(received);
+    if (!way.isDirect) return false;
+    if (inputLog != nullptr) {
+        inputLog->addInputFromSlice(event);
+        slice.log = inputLog;
+    }
+    liveInputs.follow(event);
+    LiveInputs::translate(way, received, [&](OrvMidiMessage& result) {
+        Slice::proves(criticalSection);
+        result.setPpq(nextPulse);
+        playMidi(slice, result);
+    });
+    return true;
+}
+
+/// Executes a reset. False for a marker that is still to come due; one whose pulse the clock skipped comes due here.
+bool MidiEngine::serve(Slice& slice, const OrvMidiMessage& item)
+{
+    if (!item.isInputMarker()) {
+        serveReset(slice, item);
+        return true;
+    }
+    const bool isSkipped = item.isTimedEvent() && item.getPpq() < nextPulse;
+    if (isSkipped) deferred.settle(item.getInput());
+    return isSkipped;
+}
+
+/// Takes the events from the queue. Resets are executed at once; an event without a pulse, or a marker, gets the end of
+/// the slice.
 void MidiEngine::drain(Slice& slice, std::int32_t endPpq)
 {
     earliest = std::numeric_limits<std::int32_t>::max();
@@ -43,10 +92,7 @@ void MidiEngine::drain(Slice& slice, std::int32_t endPpq)
     pending.swap(timedEvents);
     auto kept = pending.begin();
     for (auto event = kept; event != pending.end(); ++event) {
-        if (event->getMidiEngineMessageType() != MidiEngineMessageType::midiEvent) {
-            serveReset(slice, *event);
-            continue;
-        }
+        if (event->getMidiEngineMessageType() != MidiEngineMessageType::midiEvent && serve(slice, *event)) continue;
         if (!event->isTimedEvent()) event->setPpq(endPpq);
         earliest = std::min(earliest, event->getPpq());
         if (kept != event) *kept = *event;
@@ -132,8 +178,10 @@ void MidiEngine::requeue()
 void MidiEngine::playMidi(Slice& slice, OrvMidiMessage& event)
 {
     Slice::proves(criticalSection);
-    if (event.getChannel() < -1 || event.getChannel() > 15 || event.getOutput() < -1)
+    if (event.getChannel() < -1 || event.getChannel() > 15 || event.getOutput() < -1) {
+        if (event.isInputMarker()) return deferred.settle(event.getInput());
         return drop(slice, event, "no such channel or output");
+    }
     if (event.isNote() && (event.getZone() >= 0 || layers.hasVelocityRange())) return playRemembered(slice, event);
     playOn(slice, event);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <utility>
 #include <vector>
 
@@ -11,6 +12,11 @@
 #include "backend/values/OrvMidiMessage.h"
 #include "platform/Export.h"
 #include "platform/Worker.h"
+
+namespace Backend::MidiInput
+{
+class MidiEventConfigurationMap;
+}
 
 namespace Backend::MidiEngine
 {
@@ -34,6 +40,9 @@ inline constexpr TypedMessage<int> SET_TEMPO_SOURCE{32882, "SetTempoSource"};
 inline constexpr TypedMessage<bool> SET_MIDI_THRU{32883, "SetMidiThru"};
 inline constexpr TypedMessage<Oscillators::OscId, bool> SET_OSC_PLAYING{32884, "SetOscPlaying"};
 inline constexpr TypedMessage<Oscillators::OscId, int> SET_OSC_SPEED{32885, "SetOscSpeed"};
+inline constexpr TypedMessage<std::shared_ptr<const MidiInput::MidiEventConfigurationMap>> SET_MIDI_TRANSLATIONS{
+    32886, "SetMidiTranslations"};
+inline constexpr TypedMessage<int> SETTLE_MIDI_INPUT{32887, "SettleMidiInput"};
 }  // namespace MidiEngineMessage
 
 /// The interface that executes the engine's commands.
@@ -107,6 +116,13 @@ public:
     {
         worker.post(MidiEngineMessage::SET_OSC_PLAYING(id, playing));
     }
+    /// What events of inputs are translated by; not null.
+    void postSetMidiTranslations(std::shared_ptr<const MidiInput::MidiEventConfigurationMap> translations)
+    {
+        worker.post(MidiEngineMessage::SET_MIDI_TRANSLATIONS(std::move(translations)));
+    }
+    /// Everything that a deferred event of that input made has been posted.
+    void postSettleMidiInput(int input) { worker.post(MidiEngineMessage::SETTLE_MIDI_INPUT(input)); }
     void postSetOscSpeed(Oscillators::OscId id, int speed) { worker.post(MidiEngineMessage::SET_OSC_SPEED(id, speed)); }
 
     /// Ends every note and waits until a time slice has done so; executed at once before the first slice, and on the

@@ -24,7 +24,7 @@ struct HostState;
 /// setting are in `SettingMessages.h`.
 namespace OrvMessage
 {
-inline constexpr MessageRange RANGE{33218, 33280};
+inline constexpr MessageRange RANGE{33218, 33282};
 
 inline constexpr TypedRequest<std::string> GET_PROGRAM_AS_STRING{{33218, "GetProgramAsString"}};
 inline constexpr TypedMessage<> INITIALIZE{33219, "Initialize"};
@@ -72,6 +72,9 @@ inline constexpr TypedMessage<std::string> SAVE_RETRO_RECORD{33276, "SaveRetroRe
 inline constexpr TypedRequest<HostStart> GET_HOST_START{{33278, "GetHostStart"}};
 inline constexpr TypedMessage<int> SET_PROGRAM_NUMBER{33279, "SetProgramNumber"};
 inline constexpr TypedMessage<int> RELEASE_MIDI_INPUT{33280, "ReleaseMidiInput"};
+inline constexpr TypedMessage<int> MIDI_INPUT_EVENT_LOST{33281, "MidiInputEventLost"};
+/// From the backend itself, behind what an event of that input made.
+inline constexpr TypedMessage<int> SETTLE_MIDI_INPUT{33282, "SettleMidiInput"};
 /// From the files thread: its work is finished.
 inline constexpr TypedMessage<> FILES_DONE{33277, "FilesDone"};
 }  // namespace OrvMessage

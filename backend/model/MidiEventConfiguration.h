@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <iosfwd>
 #include <memory>
@@ -47,6 +48,30 @@ public:
 
     /// Executes the translations whose condition is met, all with the same message.
     void execute(const MidiEngine::OrvMidiMessage& message) const;
+
+    /// Whether an event makes an entry execute a function, which only the backend thread does.
+    bool executesFunction(const MidiEngine::OrvMidiMessage& message) const
+    {
+        return std::ranges::any_of(translations, [&](const auto& translation) {
+            return translation->getResult() == TranslationManagement::Translation::Result::function &&
+                   translation->getCondition().isTrue(message);
+        });
+    }
+
+    /// The other way to execute them, for an event that executes no function: calls `play(OrvMidiMessage&)` for each
+    /// event that is played, and allocates nothing.
+    template <class Play>
+    void forEachResult(const MidiEngine::OrvMidiMessage& message, Play&& play) const
+    {
+        for (const auto& translation : translations) {
+            if (translation->getResult() != TranslationManagement::Translation::Result::event ||
+                !translation->getCondition().isTrue(message))
+                continue;
+            MidiEngine::OrvMidiMessage result = message;
+            translation->applyTo(result);
+            play(result);
+        }
+    }
 
     /// Appends the notes that the translations can play in zones.
     void getNoteSpans(std::vector<FunctionManagement::FunctionNoteSpan>& result) const;

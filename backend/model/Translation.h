@@ -52,6 +52,13 @@ public:
     /// Translates an event; the caller checks the condition. The backend thread.
     virtual void execute(const MidiEngine::OrvMidiMessage& message) = 0;
 
+    /// What is made of an event. Only a function needs the backend thread.
+    enum class Result { function, event, nothing };
+    virtual Result getResult() const { return Result::function; }
+
+    /// Changes an event into the one that is played in its place; for `Result::event`. Any thread, real-time.
+    virtual void applyTo(MidiEngine::OrvMidiMessage& /*event*/) const {}
+
     /// Sets the backend, which must outlive the translation.
     virtual void setOrv(OrvIF& backend) { orvIF = &backend; }
 

@@ -33,4 +33,12 @@ OrvMidiMessage OrvMidiMessage::createSystemReset(int output)
 OrvMidiMessage OrvMidiMessage::createOrvReset() { return OrvMidiMessage(MidiEngineMessageType::reset); }
 
 OrvMidiMessage OrvMidiMessage::createOrvHardReset() { return OrvMidiMessage(MidiEngineMessageType::hardReset); }
+
+OrvMidiMessage OrvMidiMessage::createInputMarker(int input)
+{
+    OrvMidiMessage marker(MidiEngineMessageType::inputMarker);
+    marker.input = static_cast<std::int8_t>(input);
+    marker.output = DEFAULT_OUTPUT - 1;
+    return marker;
+}
 }  // namespace Backend::MidiEngine

@@ -8,8 +8,8 @@
 
 namespace Backend::MidiEngine
 {
-/// The kinds of items in the engine's queue: MIDI events and resets.
-enum class MidiEngineMessageType : std::uint32_t { midiEvent = 0, reset = 1, hardReset = 2 };
+/// The kinds of items in the engine's queue: MIDI events, resets, and markers behind what an event of an input made.
+enum class MidiEngineMessageType : std::uint32_t { midiEvent = 0, reset = 1, hardReset = 2, inputMarker = 3 };
 
 /// An event: a MIDI message with its input, output, zone, channel and pulse. A plain value that is copied without
 /// allocating.
@@ -73,6 +73,8 @@ public:
     static OrvMidiMessage createSystemReset(int output);
     static OrvMidiMessage createOrvReset();
     static OrvMidiMessage createOrvHardReset();
+    /// Its output is none at all, so that it costs the events nothing on their way.
+    static OrvMidiMessage createInputMarker(int input);
 
     constexpr const MidiMessage& getMidiMessage() const { return midiMessage; }
     constexpr void setMidiMessage(const MidiMessage& message) { midiMessage = message; }
@@ -112,6 +114,8 @@ public:
     constexpr MidiEngineMessageType getMidiEngineMessageType() const { return midiEngineMessageType; }
     constexpr bool isOrvReset() const { return midiEngineMessageType == MidiEngineMessageType::reset; }
     constexpr bool isOrvHardReset() const { return midiEngineMessageType == MidiEngineMessageType::hardReset; }
+
+    constexpr bool isInputMarker() const { return midiEngineMessageType == MidiEngineMessageType::inputMarker; }
 
     bool hasParameters() const { return midiMessage.hasParameters(); }
     constexpr bool isNote() const { return midiMessage.isNote(); }

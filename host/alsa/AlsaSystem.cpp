@@ -128,10 +128,10 @@ void AlsaSystem::openOutput(std::size_t index)
 
 // --- in
 
-void AlsaSystem::listen(Listener newListener)
+void AlsaSystem::listen(InputReceiver& newReceiver)
 {
     const MutexLock lock(receiving);
-    listener = std::move(newListener);
+    receiver = &newReceiver;
 }
 
 void AlsaSystem::startClock(Clock& songClock)
@@ -141,7 +141,11 @@ void AlsaSystem::startClock(Clock& songClock)
     clock = &songClock;
 }
 
-void AlsaSystem::stopListening() { listen(nullptr); }
+void AlsaSystem::stopListening()
+{
+    const MutexLock lock(receiving);
+    receiver = nullptr;
+}
 
 void AlsaSystem::receive(std::size_t input, const ShortMessage& message)
 {
@@ -150,7 +154,12 @@ void AlsaSystem::receive(std::size_t input, const ShortMessage& message)
     const bool passes = !staysInHost(message) && port.limit.passes(message, monotonicMilliseconds());
     const MutexLock lock(receiving);
     if (clock != nullptr) clock->receive(static_cast<int>(input), message);
-    if (listener && passes) listener(toInputEvent(message, static_cast<int>(input)));
+    if (receiver == nullptr || !passes) return;
+    const auto event = toInputEvent(message, static_cast<int>(input));
+    if (receiver->play(event))
+        messagesWait.set();
+    else
+        receiver->post(event);
 }
 
 void AlsaSystem::enableInput(std::size_t index, bool enabled)

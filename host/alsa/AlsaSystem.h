@@ -26,7 +26,7 @@ public:
 
     std::string name() const override { return devices->isAvailable() ? "ALSA" : "none"; }
     std::string description() const override;
-    void listen(Listener newListener) override;
+    void listen(InputReceiver& newReceiver) override;
     void stopListening() override;
     void startClock(Clock& songClock) override;
     void deliver() override { messagesWait.set(); }
@@ -62,7 +62,7 @@ private:
 
     // Shared by the threads of the devices and the control thread
     Mutex receiving;
-    Listener listener GUARDED_BY(receiving);
+    InputReceiver* receiver GUARDED_BY(receiving) = nullptr;
     Clock* clock GUARDED_BY(receiving) = nullptr;
 
     std::atomic<bool> stopping{false};

@@ -71,7 +71,7 @@ void Clock::waitForSlices(std::uint64_t count) const
     while (slices.count() < enough && std::chrono::steady_clock::now() < giveUp) std::this_thread::sleep_for(TICK);
 }
 
-void Clock::playPeriod(std::uint32_t firstStamp, std::uint32_t frames, const Transport* transport)
+void Clock::playPeriod(std::uint32_t firstStamp, std::uint32_t frames, const Transport* transport, PeriodInputs* inputs)
 {
     periods.fetch_add(1);
     if (!owner.enter(Owner::graph)) {
@@ -80,7 +80,8 @@ void Clock::playPeriod(std::uint32_t firstStamp, std::uint32_t frames, const Tra
     }
     periodsAfterHang = 0;
     player.setClockThread();
-    const std::uint32_t periodStart = monotonicMilliseconds();
+    periodStart = monotonicMilliseconds();
+    periodStamp = firstStamp;
     const std::uint64_t slicesBefore = slices.count();
     const bool isLate = synchronise(std::chrono::steady_clock::now(), frames);
     const auto rate = static_cast<double>(framesPerSecond);
@@ -88,17 +89,34 @@ void Clock::playPeriod(std::uint32_t firstStamp, std::uint32_t frames, const Tra
     tempo.process(seconds, firstStamp, rate);
     while (framePulses->ticksToPulse() < frames) {
         const auto frame = static_cast<std::uint32_t>(std::max<std::int64_t>(framePulses->ticksToPulse(), 0));
-        player.setStamp(firstStamp + frame);
-        player.setMilliseconds(periodStart + static_cast<std::uint32_t>(frame * std::int64_t{1000} / framesPerSecond));
+        playInputs(inputs, frame);
+        setFrame(frame);
         const double bpm = tempo.passPulse(seconds + frame / rate, firstStamp + frame);
         slices.play(1);
         framePulses->passPulse(bpm);
     }
+    playInputs(inputs, frames);
     framePulses->passTicks(frames);
     seconds += frames / rate;
     if (isLate) slices.noteLate(slices.count() - slicesBefore);
     graphTime += std::chrono::nanoseconds(frames * NANOSECONDS / framesPerSecond);
     owner.leave();
+}
+
+void Clock::playInputs(PeriodInputs* inputs, std::uint32_t lastFrame)
+{
+    if (inputs == nullptr) return;
+    for (auto frame = inputs->nextFrame(); frame && *frame <= lastFrame; frame = inputs->nextFrame()) {
+        setFrame(*frame);
+        inputs->playNext();
+    }
+}
+
+/// What is played from now on is at that frame of the period.
+void Clock::setFrame(std::uint32_t frame)
+{
+    player.setStamp(periodStamp + frame);
+    player.setMilliseconds(periodStart + static_cast<std::uint32_t>(frame * std::int64_t{1000} / framesPerSecond));
 }
 
 /// The first period after slices of the clock's own thread begins where those ended. True if a period was missed.

@@ -7,6 +7,7 @@
 #include <optional>
 
 #include "host/clock/ClockOwner.h"
+#include "host/clock/PeriodInputs.h"
 #include "host/clock/PulseClock.h"
 #include "host/clock/Slices.h"
 #include "host/clock/TempoController.h"
@@ -65,9 +66,12 @@ public:
     /// The graph hung and does not own the clock again: it should send nothing in this period.
     bool isResuming() const { return graphHangs() || graph.load() == Graph::returning; }
 
-    /// Plays the next `frames` frames, the first of which has that stamp. `transport` is the state of the graph's
-    /// transport at that frame, null if it is not followed.
-    void playPeriod(std::uint32_t firstStamp, std::uint32_t frames, const Transport* transport = nullptr);
+    /// Plays the next `frames` frames, the first of which has that stamp: the messages of `inputs` and the pulses, each
+    /// at its frame, a message before the pulse of the same frame. `transport` is the state of the graph's transport at
+    /// the first frame. Either may be null. Nothing is played, and
+    /// the messages are left, if the graph does not own the clock.
+    void playPeriod(std::uint32_t firstStamp, std::uint32_t frames, const Transport* transport = nullptr,
+                    PeriodInputs* inputs = nullptr);
 
     /// A message arrived at an input at the frame of that stamp, in a period that is about to be played. Messages of
     /// the external MIDI clock are processed, others ignored.
@@ -96,6 +100,8 @@ private:
     bool hasStalled();
     void takeOver();
     void handBack();
+    void playInputs(PeriodInputs* inputs, std::uint32_t lastFrame);
+    void setFrame(std::uint32_t frame);
     bool synchronise(Time now, std::uint32_t frames);
     void tick();
     int takeDuePulses(Time now);
@@ -122,6 +128,8 @@ private:
     Time graphTime;        // the end of the last period played
     bool resumes = false;  // the next period is the first after the thread played
     double seconds = 0;    // played so far
+    std::uint32_t periodStamp = 0;
+    std::uint32_t periodStart = 0;  // milliseconds
 
     // Used by the clock's own thread
     PulseClock timePulses;

@@ -44,27 +44,27 @@ bool ClockSender::passPulse(double position, double time, std::uint32_t newStamp
 void ClockSender::send(const Command& command, double position)
 {
     if (command.status == StatusByte::SONG_POSITION) {
-        port->play(songPosition(command.sixteenths), stamp);
+        port->playClock(songPosition(command.sixteenths), stamp);
         return;
     }
-    port->play(realTime(command.status), stamp);
+    port->playClock(realTime(command.status), stamp);
     if (command.status == StatusByte::STOP) return;
     // A tick that was sent just before is sent again and keeps its number.
     const double sinceTick = position - static_cast<double>((ticks - 1) * PULSES_PER_TICK);
     const bool isRepeated = sinceTick < PULSES_PER_TICK / 2.0;
     songStart = isRepeated ? ticks - 1 : ticks;
     ++songs;
-    if (isRepeated) port->playTick(realTime(StatusByte::TICK), stamp);
+    if (isRepeated) port->playClock(realTime(StatusByte::TICK), stamp);
 }
 
 void ClockSender::sendTick()
 {
-    port->playTick(realTime(StatusByte::TICK), stamp);
+    port->playClock(realTime(StatusByte::TICK), stamp);
     ++ticks;
 }
 
 void ClockSender::end()
 {
-    if (OutputPort* const last = std::exchange(port, nullptr)) last->play(realTime(StatusByte::STOP), stamp);
+    if (OutputPort* const last = std::exchange(port, nullptr)) last->playClock(realTime(StatusByte::STOP), stamp);
 }
 }  // namespace Host

@@ -12,13 +12,16 @@ namespace Host
 /// whether or not a song runs, and start, continue, stop and song position. The first tick of a song is the tick
 /// nearest to its start: if that was sent just before the start, it is sent again after it.
 ///
-/// Ticks are dropped while the ring of the port is more than a quarter full, so that notes find room. All operations
-/// belong to the thread that plays the slices.
+/// All operations belong to the thread that plays the slices.
 class ClockSender
 {
 public:
     /// The port to send to, null for none. Before the first pulse.
-    void setPort(OutputPort* clockPort) { port = clockPort; }
+    void setPort(OutputPort* clockPort)
+    {
+        port = clockPort;
+        if (port != nullptr) port->carryClock();
+    }
 
     // Each is sent at the first pulse at or after `time` (seconds, as in `passPulse`), in the order of the calls.
 

@@ -1,13 +1,12 @@
 #pragma once
 
-#include <functional>
 #include <set>
 #include <string>
 #include <utility>
 #include <vector>
 
-#include "backend/values/OrvMidiMessage.h"
 #include "host/clock/Clock.h"
+#include "host/ports/InputReceiver.h"
 #include "host/ports/Ports.h"
 #include "platform/Thread.h"
 
@@ -19,8 +18,6 @@ namespace Host
 class MidiSystem
 {
 public:
-    using Listener = std::function<void(const Backend::MidiEngine::OrvMidiMessage&)>;
-
     virtual ~MidiSystem() = default;
 
     /// "JACK", "ALSA" or "none".
@@ -42,10 +39,11 @@ public:
     /// Messages for the user since the last call, one sentence each.
     std::vector<std::string> takeNews() { return std::exchange(news, {}); }
 
-    /// Passes each event of an open input to `listener`, on a thread of the system.
-    virtual void listen(Listener listener) = 0;
+    /// Passes each event of an open input to `receiver`, on a thread of the system. The receiver must outlive this
+    /// object.
+    virtual void listen(InputReceiver& receiver) = 0;
 
-    /// The listener is not called after this has returned.
+    /// No event that arrives from now on is passed on, and none is posted after this has returned.
     virtual void stopListening() = 0;
 
     /// Starts the clock, in the process callback if there is a graph.

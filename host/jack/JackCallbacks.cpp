@@ -116,11 +116,13 @@ int JackCallbacks::process(jack_nframes_t frames, void* object)
 void JackCallbacks::playPeriod(jack_nframes_t frames)
 {
     const std::size_t count = ports.outputs().size();  // a port added during the slices is delivered in the next period
-    receiveAll(frames);
     if (isNewThread.exchange(false)) updatePriority();
     updateRate();
     Clock* const songClock = clock.load();
-    if (songClock != nullptr) play(*songClock, frames);
+    InputReceiver* const listener = receiver.load();
+    if (listener != nullptr) arrivals.begin(*listener, songClock, periodStart, frames);
+    if (songClock != nullptr) play(*songClock, listener != nullptr ? &arrivals : nullptr, frames);
+    if (listener != nullptr && arrivals.end()) reader.wake();
     const bool delivers = songClock == nullptr || !songClock->isResuming();
     for (std::size_t index = 1; index < count; ++index) {
         jack_port_t* const own = outputs[index];
@@ -134,17 +136,6 @@ void JackCallbacks::playPeriod(jack_nframes_t frames)
     periods.fetch_add(1);
 }
 
-void JackCallbacks::receiveAll(jack_nframes_t frames)
-{
-    bool arrived = false;
-    for (std::size_t index = 0, count = ports.inputs().size(); index < count && receives.load(); ++index)
-        if (jack_port_t* own = inputs[index]) {
-            const JackClockSink sink{clock.load(), static_cast<int>(index), periodStart};
-            arrived = receive(*ports.inputs()[index], own, frames, sink) || arrived;
-        }
-    if (arrived) reader.wake();
-}
-
 void JackCallbacks::updateRate()
 {
     const jack_nframes_t newRate = rate.load();
@@ -153,13 +144,13 @@ void JackCallbacks::updateRate()
     if (auto* const sound = synthesizer.load()) sound->setRate(newRate);
 }
 
-void JackCallbacks::play(Clock& songClock, jack_nframes_t frames)
+void JackCallbacks::play(Clock& songClock, PeriodInputs* arrived, jack_nframes_t frames)
 {
     if (followsTransport.load()) {
         const Transport transport = findTransport(playedClient);
-        songClock.playPeriod(periodStart, frames, &transport);
+        songClock.playPeriod(periodStart, frames, &transport, arrived);
     } else {
-        songClock.playPeriod(periodStart, frames);
+        songClock.playPeriod(periodStart, frames, nullptr, arrived);
     }
 }
 

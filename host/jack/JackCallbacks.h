@@ -8,6 +8,7 @@
 #include <jack/jack.h>
 
 #include "host/clock/Clock.h"
+#include "host/jack/JackInputs.h"
 #include "host/jack/JackSynthesizer.h"
 #include "host/ports/InputReader.h"
 #include "host/ports/Ports.h"
@@ -35,13 +36,13 @@ public:
 
     // Our JACK port for each port of the lists, null for none. Written by the control thread, read by the process
     // callback.
-    std::array<std::atomic<jack_port_t*>, Ports::MOST> inputs{};
+    JackInputs::JackPorts inputs{};
     std::array<std::atomic<jack_port_t*>, Ports::MOST> outputs{};  ///< output 0, the synthesizer, has none
 
     std::atomic<JackSynthesizer*> synthesizer{nullptr};  ///< null while it has no ports
     std::atomic<Clock*> clock{nullptr};
     std::atomic<bool> followsTransport{false};
-    std::atomic<bool> receives{false};  ///< the inputs are read
+    std::atomic<InputReceiver*> receiver{nullptr};  ///< null while the inputs are not read
 
     // Set by the server's callbacks; the control thread resets the changes.
     std::atomic<bool> serverLost{false};
@@ -71,10 +72,9 @@ private:
     void notify(std::atomic<bool>& change);
 
     void playPeriod(jack_nframes_t frames);
-    void receiveAll(jack_nframes_t frames);
     void updateRate();
     void updatePriority();
-    void play(Clock& songClock, jack_nframes_t frames);
+    void play(Clock& songClock, PeriodInputs* arrived, jack_nframes_t frames);
 
     Ports& ports;
     InputReader& reader;
@@ -87,6 +87,7 @@ private:
     std::atomic<int> priority{0};
 
     // Used by the process callback
+    JackInputs arrivals{ports, inputs};
     std::uint32_t periodStart = 0;
     jack_nframes_t playedRate = 0;
     jack_client_t* playedClient = nullptr;  // still set while the client is being closed

@@ -142,7 +142,7 @@ void JackDevices::updateConnections(bool portsChanged)
     }
     // Messages sent before a connection passes them on would be lost.
     if (connections.restore(client)) callbacks.waitFor(JackCallbacks::UNTIL_CONNECTED);
-    if (callbacks.receives.load()) connectInputs();
+    if (callbacks.receiver.load() != nullptr) connectInputs();
     for (const JackConnection& added : connections.takeNew()) {
         if (OutputPort* output = findOutput(added)) {
             output->receiverConnected();

@@ -73,16 +73,16 @@ bool JackSystem::followTransport()
     return true;
 }
 
-void JackSystem::listen(Listener listener)
+void JackSystem::listen(InputReceiver& receiver)
 {
-    reader.start(std::move(listener));
-    callbacks.receives.store(true);
+    reader.start(receiver);
+    callbacks.receiver.store(&receiver);
     if (client && !isServerLost()) devices.connectInputs();
 }
 
 void JackSystem::stopListening()
 {
-    callbacks.receives.store(false);
+    callbacks.receiver.store(nullptr);
     reader.stop();
 }
 

@@ -28,7 +28,7 @@ public:
     std::string description() const override;
     std::string status() const override;
     RealTimeAnswer clockPriority() const override;
-    void listen(Listener listener) override;
+    void listen(InputReceiver& receiver) override;
     void stopListening() override;
     void startClock(Clock& clock) override;
     bool followTransport() override;

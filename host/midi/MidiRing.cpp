@@ -2,7 +2,7 @@
 
 namespace Host
 {
-void MidiRing::push(const ShortMessage& message, std::uint32_t stamp)
+bool MidiRing::push(const ShortMessage& message, std::uint32_t stamp)
 {
     const std::uint32_t next = written.load(std::memory_order_relaxed);
     const std::uint32_t waiting = next - taken.load(std::memory_order_acquire);
@@ -11,19 +11,24 @@ void MidiRing::push(const ShortMessage& message, std::uint32_t stamp)
     if (!keepsNoteOffs && waiting < (message.endsNote() ? ROOM : ROOM_FOR_ALL)) {
         (*ring)[next % ROOM] = {message, stamp};
         written.store(next + 1, std::memory_order_release);
-    } else if (message.endsNote()) {
-        overflowStamp.store(stamp, std::memory_order_relaxed);
-        keepNoteOff(message);
-    } else {
-        losses.fetch_add(1, std::memory_order_relaxed);
+        return true;
     }
+    if (message.endsNote()) {
+        overflowStamp.store(stamp, std::memory_order_relaxed);
+        return keepNoteOff(message);
+    }
+    losses.fetch_add(1, std::memory_order_relaxed);
+    return false;
 }
 
-void MidiRing::keepNoteOff(const ShortMessage& message)
+/// False if the note had one already.
+bool MidiRing::keepNoteOff(const ShortMessage& message)
 {
     const std::size_t index = noteIndex(message);
-    overflowedNoteOffs[index / BITS].fetch_or(std::uint64_t{1} << index % BITS, std::memory_order_release);
+    const std::uint64_t bit = std::uint64_t{1} << index % BITS;
+    const std::uint64_t before = overflowedNoteOffs[index / BITS].fetch_or(bit, std::memory_order_release);
     overflowed.store(true, std::memory_order_release);
+    return (before & bit) == 0;
 }
 
 void MidiRing::collectOverflow()

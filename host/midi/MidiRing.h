@@ -29,8 +29,9 @@ public:
 
     MidiRing() : ring(std::make_unique<std::array<StampedMessage, ROOM>>()) {}
 
-    /// The producer's thread.
-    void push(const ShortMessage& message, std::uint32_t stamp);
+    /// False if the message was dropped, or is a note-off that is kept together with an earlier one. The producer's
+    /// thread; producers that take turns under a lock count as one.
+    bool push(const ShortMessage& message, std::uint32_t stamp);
 
     /// Passes the messages to `take(const StampedMessage&)` until that returns false, which leaves the message at the
     /// front. True if the ring is empty then. The consumer's thread.
@@ -60,7 +61,7 @@ public:
 private:
     static constexpr std::size_t BITS = 64;
 
-    void keepNoteOff(const ShortMessage& message);
+    bool keepNoteOff(const ShortMessage& message);
     void collectOverflow();
 
     template <class Take>

@@ -19,13 +19,11 @@ struct Destination {
     operator OrvMessageManager&() const { return orv.getOrvMessageManager(); }
 };
 
-void postKind(OrvMessageManager& backend, const MidiCommand& command)
+void postKind(const Destination& destination, const MidiCommand& command)
 {
-    backend.postProcessMidiInputEvent(OrvMidiMessage({.type = static_cast<MessageType>(command.status),
-                                                      .d1 = command.d1,
-                                                      .d2 = command.d2,
-                                                      .channel = command.channel,
-                                                      .input = command.input}));
+    const OrvMidiMessage event = toEvent(command);
+    destination.orv.deferMidiInputEvent(event.getInput());
+    destination.orv.getOrvMessageManager().postProcessMidiInputEvent(event);
 }
 
 void postKind(OrvMessageManager& backend, const PlayCommand& command)
@@ -81,6 +79,15 @@ void postKind(OrvMessageManager& backend, const ButtonCommand& command)
         backend.postJoystickButtonDown(command.joystick, command.button, command.action == PressAction::repeat);
 }
 }  // namespace
+
+OrvMidiMessage toEvent(const MidiCommand& command)
+{
+    return OrvMidiMessage({.type = static_cast<MessageType>(command.status),
+                           .d1 = command.d1,
+                           .d2 = command.d2,
+                           .channel = command.channel,
+                           .input = command.input});
+}
 
 void post(Backend::OrvIF& orv, const Command& command, const Backend::RetroRecord::SaveListener& whenSaved)
 {

@@ -31,7 +31,7 @@ void Player::playMidi(const Backend::MidiEngine::OrvMidiMessage& event)
     if (!message || isForwardedClock(event, *message)) return;
     if (message->startsNote() && !noteOnsAccepted.load()) return;
     port->play(*message, stamp);
-    played = true;
+    markPlayed();
 }
 
 /// The external clock is forwarded by `ClockSender`; the same messages through the layers would arrive there twice.

@@ -20,7 +20,7 @@ public:
     /// `requestEvent` is set for each request. Both must outlive the player.
     Player(const Ports& allPorts, Event& requestEvent);
 
-    // Time slice
+    // With the engine lock held, in a slice or for an event of an input that is played at once
     void playMidi(const Backend::MidiEngine::OrvMidiMessage& event) override;
 
     // Any thread, with the engine lock held
@@ -77,10 +77,10 @@ public:
     void reportExternalTempo(double bpm);
 
     /// A message was sent to a port without the player.
-    void markPlayed() { played = true; }
+    void markPlayed() { played.store(true, std::memory_order_relaxed); }
 
-    /// Whether a message was played since the last call.
-    bool takePlayed() { return std::exchange(played, false); }
+    /// Whether a message was played since the last call, by whichever thread.
+    bool takePlayed() { return played.load(std::memory_order_relaxed) && played.exchange(false); }
 
     /// Whether an output was to be enabled or disabled since the last call. Control thread.
     bool takeOutputRequest() { return outputRequest.exchange(false); }
@@ -98,11 +98,11 @@ private:
     std::atomic<bool> outputRequest{false};
     std::atomic<bool> noteOnsAccepted{true};
     std::atomic<int> externalTempo{0};
+    std::atomic<bool> played{false};
     std::atomic<std::uint32_t> milliseconds{monotonicMilliseconds()};
 
     // Used by the thread that plays the slices
     std::uint32_t stamp = 0;
-    bool played = false;
     int reportedTempo = 0;
     int ticksSinceReport = 0;
 };

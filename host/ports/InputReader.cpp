@@ -2,10 +2,10 @@
 
 namespace Host
 {
-void InputReader::start(Listener listener)
+void InputReader::start(InputReceiver& receiver)
 {
     stopping.store(false);
-    thread.start("orvane inputs", [this, to = std::move(listener)] { run(to); });
+    thread.start("orvane inputs", [this, &receiver] { run(receiver); });
 }
 
 void InputReader::stop()
@@ -15,16 +15,22 @@ void InputReader::stop()
     thread.join();
 }
 
-void InputReader::run(const Listener& listener)
+void InputReader::run(InputReceiver& receiver)
 {
     requestRealTimePriority(RealTimeStep::backend);
     while (!stopping.load()) {
         arrived.wait();
         for (std::size_t index = 0; index < ports.inputs().size(); ++index)
-            ports.inputs()[index]->arrived.drain([&](const StampedMessage& next) {
-                listener(toInputEvent(next.message, static_cast<int>(index)));
-                return true;
-            });
+            post(*ports.inputs()[index], static_cast<int>(index), receiver);
     }
+}
+
+void InputReader::post(InputPort& port, int input, InputReceiver& receiver)
+{
+    port.arrived.drain([&](const StampedMessage& next) {
+        receiver.post(toInputEvent(next.message, input));
+        return true;
+    });
+    for (auto lost = port.lost.exchange(0); lost > 0; --lost) receiver.postLost(input);
 }
 }  // namespace Host

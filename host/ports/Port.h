@@ -1,6 +1,8 @@
 #pragma once
 
 #include <atomic>
+#include <cstdint>
+#include <memory>
 #include <string>
 #include <utility>
 
@@ -35,25 +37,23 @@ struct Port {
     std::atomic<bool> wanted{true};
 };
 
-/// An input. The thread that receives from the device pushes into `arrived`; one host thread takes the messages from
-/// there and posts them to the backend.
+/// An input. A process callback, which must not post, pushes the messages that it cannot play into `arrived`; one host
+/// thread takes them from there and posts them to the backend.
 struct InputPort : Port {
     using Port::Port;
 
     /// Messages are accepted. Written by the control thread.
     std::atomic<bool> open{false};
 
-    /// Pushes a message unless the rate limit drops it. `stamp` and `milliseconds` as in `StampedMessage` and
-    /// `EventLimit`. True if it was pushed. The thread that receives from the device.
-    bool take(const ShortMessage& message, std::uint32_t stamp, std::uint32_t milliseconds)
+    /// For a message that is to be posted. The thread that receives from the device.
+    void queue(const ShortMessage& message)
     {
-        const bool passes = limit.passes(message, milliseconds);
-        if (passes) arrived.push(message, stamp);
-        return passes;
+        if (!arrived.push(message, 0)) lost.fetch_add(1, std::memory_order_release);
     }
 
     EventLimit limit;
     MidiRing arrived;
+    std::atomic<std::uint32_t> lost{0};  ///< messages that `arrived` could not take and of which nobody was told yet
 };
 
 /// An output. The time slices play into its ring; one other thread, or the same thread at another moment, delivers the
@@ -81,17 +81,22 @@ class OutputPort : public Port
 public:
     using Port::Port;
 
-    /// Never waits, allocates or makes a system call. `stamp` as in `StampedMessage`. Time slice.
+    /// Never waits, allocates or makes a system call. `stamp` as in `StampedMessage`. One thread at a time: the engine
+    /// lock is held.
     void play(const ShortMessage& message, std::uint32_t stamp)
     {
         if (state.load(std::memory_order_relaxed) == State::open) waiting.push(message, stamp);
     }
 
-    /// The same for a tick of a MIDI clock, which is dropped when the ring is more than a quarter full, to leave room
-    /// for notes. Time slice.
-    void playTick(const ShortMessage& tick, std::uint32_t stamp)
+    /// This port carries a MIDI clock, which has a ring of its own, because it is sent outside the engine lock. Before
+    /// anything plays.
+    void carryClock() { clock = std::make_unique<MidiRing>(); }
+
+    /// Sends a message of the MIDI clock, before what is played with the same stamp. While many wait they are dropped.
+    /// The thread that plays the slices.
+    void playClock(const ShortMessage& message, std::uint32_t stamp)
     {
-        if (!waiting.isCrowded()) play(tick, stamp);
+        if (state.load(std::memory_order_relaxed) == State::open && !clock->isCrowded()) clock->push(message, stamp);
     }
 
     void open() { state.store(State::open); }               ///< Control thread.
@@ -115,10 +120,10 @@ public:
             return;
         }
         const bool delivered = waiting.drain([&](const StampedMessage& next) {
-            if (!send(next.message, next.stamp)) return false;
+            if (!deliverClock(send, &next.stamp) || !send(next.message, next.stamp)) return false;
             noteOffs.record(next.message);
             return true;
-        });
+        }) && deliverClock(send, nullptr);
         const bool released = before == State::closing && delivered && noteOffs.release(sendNow);
         sounding.store(noteOffs.soundingNotes(), std::memory_order_relaxed);
         if (released) replace(State::closing, State::closed);
@@ -161,14 +166,31 @@ private:
         if ((events & READY) != 0) noteOffs.queueSentOnce();
     }
 
+    /// Sends the messages of the MIDI clock, up to that stamp if there is one. False if `send` can take no more.
+    template <class Send>
+    bool deliverClock(Send& send, const std::uint32_t* until)
+    {
+        if (!clock) return true;
+        bool accepted = true;
+        clock->drain([&](const StampedMessage& next) {
+            if (until != nullptr && static_cast<std::int32_t>(next.stamp - *until) > 0) return false;
+            accepted = send(next.message, next.stamp);
+            return accepted;
+        });
+        return accepted;
+    }
+
     void discardWaiting()
     {
-        waiting.drain([](const StampedMessage&) { return true; });
+        const auto discard = [](const StampedMessage&) { return true; };
+        waiting.drain(discard);
+        if (clock) clock->drain(discard);
     }
 
     void replace(State expected, State next) { state.compare_exchange_strong(expected, next); }
 
     MidiRing waiting;
+    std::unique_ptr<MidiRing> clock;  // null unless it carries one
     PendingNoteOffs noteOffs;
     std::atomic<int> sounding{0};
     std::atomic<State> state{State::closed};

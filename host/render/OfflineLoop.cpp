@@ -62,10 +62,10 @@ void OfflineLoop::play(const std::vector<TimedCommand>& commands)
     const std::int32_t last = lastCommand + std::max(settings.tail, settings.slice);
     auto next = commands.begin();
     std::int32_t ppq = 0;
+    if (settings.liveInput) playSlice(0, 0);  // nothing is played at once before the first slice
     for (; ppq <= last; ppq += settings.slice) {
         for (; next != commands.end() && next->time <= ppq; ++next) {
-            post(*orv, next->command,
-                 [this](const auto& report) { savedRecords.insert(savedRecords.end(), report.begin(), report.end()); });
+            execute(next->command);
             waitUntilAtRest(ppq);
         }
         playSlice(ppq, settings.slice);
@@ -74,6 +74,17 @@ void OfflineLoop::play(const std::vector<TimedCommand>& commands)
     playReset(ppq);
     waitUntilAtRest(ppq);
     end = ppq;
+}
+
+void OfflineLoop::execute(const Command& command)
+{
+    const auto* const midi = settings.liveInput ? std::get_if<MidiCommand>(&command) : nullptr;
+    if (midi == nullptr) {
+        post(*orv, command,
+             [this](const auto& report) { savedRecords.insert(savedRecords.end(), report.begin(), report.end()); });
+    } else if (const auto event = toEvent(*midi); !orv->playMidiInputEvent(event)) {
+        orv->getOrvMessageManager().postProcessMidiInputEvent(event);
+    }
 }
 
 void OfflineLoop::loadSetups()

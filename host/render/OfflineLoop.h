@@ -34,6 +34,7 @@ public:
         std::uint32_t seed = 1;                     ///< of random numbers; 0 counts as 1
         std::vector<std::string> choices;           ///< settings by their stored names, "MidiThru=0"
         bool display = false;                       ///< whether the display gets the events that are played
+        bool liveInput = false;                     ///< events of inputs are played at once where that is possible
     };
 
     /// Starts the library and loads the files. Throws InputError for the data folder and the choices, and
@@ -65,6 +66,7 @@ private:
     };
 
     void loadSetups();
+    void execute(const Command& command);
     void playSlice(std::int32_t ppq, std::int32_t length);
     void waitUntilAtRest(std::int32_t ppq);
     void playReset(std::int32_t ppq);

@@ -15,7 +15,6 @@
 namespace Host
 {
 using namespace std::chrono_literals;
-using Backend::MidiEngine::OrvMidiMessage;
 using Backend::RetroRecord::SavedRecord;
 using Backend::RetroRecord::SaveReport;
 
@@ -83,7 +82,7 @@ void LivePlay::start(const Setup& setup, const ClockPorts& links)
     if (links.out >= 0) clock.setClockOut(ports.outputs()[static_cast<std::size_t>(links.out)].get());
     system.startClock(clock);
     orv->startJoysticks();
-    system.listen([&backend](const OrvMidiMessage& event) { backend.postProcessMidiInputEvent(event); });
+    system.listen(arrivals);
 }
 
 // --- commands
@@ -187,6 +186,7 @@ Status LivePlay::status()
     status.load = SliceLoad::summarise(std::exchange(loadBefore, counts), counts);
     status.lateSlices = load.lateCount();
     status.realTime = describeRealTime();
+    status.longestHold = std::chrono::nanoseconds(orv->takeLongestHold());
     return status;
 }
 

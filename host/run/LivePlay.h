@@ -17,6 +17,7 @@
 #include "host/player/Player.h"
 #include "host/ports/PortMemory.h"
 #include "host/ports/Ports.h"
+#include "host/run/BackendInputs.h"
 #include "host/run/LiveDisplay.h"
 #include "host/run/Status.h"
 #include "platform/Mutex.h"
@@ -92,6 +93,7 @@ private:
     Player player;
     LiveDisplay display;
     std::unique_ptr<Backend::OrvIF> orv;
+    BackendInputs arrivals{*orv};
     SliceLoad load;
     SliceLoad::Counts loadBefore{};
     Slices slices;

@@ -51,7 +51,7 @@ std::string describeStatus(const Status& status, const Ports& ports)
 {
     return status.system + " | in " + describeOpen(ports.inputs()) + ", out " + describeOpen(ports.outputs()) + " | " +
            std::to_string(status.tempo) + " bpm | slice " + describeLoad(status.load) + ", " +
-           std::to_string(status.lateSlices) + " late | " + std::to_string(soundingNotes(ports)) +
-           " notes | real time: " + status.realTime + describeLosses(ports);
+           std::to_string(status.lateSlices) + " late, lock held " + microseconds(status.longestHold) + " us | " +
+           std::to_string(soundingNotes(ports)) + " notes | real time: " + status.realTime + describeLosses(ports);
 }
 }  // namespace Host

@@ -188,7 +188,8 @@ class InJack(Stage):
         until(lambda: re.search(r"Orvane In: \d+ limited", orvane.printed), "what was left out")
         orvane.say("play 2 0 -1 144 72 100", "play 2 0 -1 128 72 64")
         monitor.await_message("80 48 40")
-        self.assertEqual(orvane.complained.count("\n"), 2, orvane.complained)
+        told = [line for line in orvane.complained.splitlines() if "JACK server" not in line]  # a busy one may hang
+        self.assertEqual(len(told), 2, orvane.complained)
         self.tool("jack_disconnect", "orvane:Orvane Out", "orvane:Orvane In")
         until(lambda: "| 0 notes |" in orvane.printed.splitlines()[-1], "the end of all notes")
 
@@ -197,7 +198,7 @@ class InJack(Stage):
         orvane = self.orvane("--status", "--tempo", "96", "--default-output", "Orvane Out")
         orvane.say("play 1 0 -1 144 60 100")
         line = re.compile(r"^JACK 48000 Hz, 4096 frames, \d+ xruns \| in 1 of 1, out 2 of 2 \| 96 bpm \| "
-                          r"slice \d+/\d+/\d+ us, \d+ late \| 1 notes \| real time: [a-z, ]+$", re.M)
+                          r"slice \d+/\d+/\d+ us, \d+ late, lock held \d+ us \| 1 notes \| real time: [a-z, ]+$", re.M)
         until(lambda: len(line.findall(orvane.printed)) >= 2, "two lines in " + orvane.printed)
         self.server.end(signal.SIGKILL)
         until(lambda: "\nno JACK server | in 0 of 1, out 0 of 2 | 96 bpm" in orvane.printed, "a line without a server")

@@ -76,19 +76,30 @@ protected:
         return *std::next(held.begin(), below(static_cast<unsigned>(held.size())));
     }
 
+    // The events of input 0 take the direct way, those of input 1 the way through the backend, those of input 2 either.
+    void arrive(const OrvMidiMessage& event)
+    {
+        const bool isPosted = event.getInput() == 1 || (event.getInput() == 2 && below(2) == 0);
+        if (isPosted)
+            stage.orv->deferMidiInputEvent(event.getInput());
+        else if (stage.orv->playMidiInputEvent(event))
+            return;
+        stage.commands().postProcessMidiInputEvent(event);
+    }
+
     // A key of an input is down once; the device reports its release whatever became of the port.
     void keyDown(const Where& key)
     {
         if (!keys.insert(key).second) return;
         const auto& [input, channel, note] = key;
-        stage.commands().postProcessMidiInputEvent(noteOn(note, 1 + below(127)).channel(channel).input(input));
+        arrive(noteOn(note, 1 + below(127)).channel(channel).input(input));
     }
     void keyUp(const Where key)
     {
         keys.erase(key);
         const auto& [input, channel, note] = key;
         const TestEvent event = below(2) == 0 ? noteOn(note, 0) : noteOff(note);
-        stage.commands().postProcessMidiInputEvent(event.channel(channel).input(input));
+        arrive(event.channel(channel).input(input));
     }
     void anyKeyUp()
     {
@@ -374,10 +385,7 @@ private:
                {1, [&] { turn(21 + below(2)); }}});
     }
 
-    void turn(int number)
-    {
-        stage.commands().postProcessMidiInputEvent(controller(number, below(24)).channel(0).input(below(INPUTS)));
-    }
+    void turn(int number) { arrive(controller(number, below(24)).channel(0).input(below(INPUTS))); }
 
     void playKeys()
     {

@@ -60,8 +60,10 @@ TEST(StatusLine, ShowsWhatIsConnectedWhatSoundsAndWhatWasLost)
     status.load = {10, 900ns, 4us, 20001ns};
     status.lateSlices = 5;
     status.realTime = "none";
+    status.longestHold = 11500ns;
     EXPECT_EQ(describeStatus(status, ports),
-              "ALSA | in 1 of 2, out 1 of 2 | 96 bpm | slice 1/4/21 us, 5 late | 2 notes | real time: none | Loop: 3 "
+              "ALSA | in 1 of 2, out 1 of 2 | 96 bpm | slice 1/4/21 us, 5 late, lock held 12 us | 2 notes | real time: "
+              "none | Loop: 3 "
               "limited");
 }
 

@@ -20,6 +20,7 @@ class DoNothing final : public TranslationOf<DoNothing, ActionSettingsType>
 public:
     static constexpr TranslationInfo info{"Do Nothing", DO_NOTHING, HelpId::translateToNothing};
 
+    Result getResult() const override { return Result::nothing; }
     void run(OrvIF&, const MidiEngine::OrvMidiMessage&) const {}
 };
 

@@ -21,16 +21,20 @@ int dataFor(const MidiTranslationValue& value, const MidiMessage& message)
 }
 }  // namespace
 
-void MidiTranslationParameters::play(OrvIF& orv, MidiEngine::OrvMidiMessage message, MessageType status) const
+void MidiTranslationParameters::applyTo(MidiEngine::OrvMidiMessage& event, MessageType status) const
 {
-    const MidiMessage incoming = message.getMidiMessage();
-    if (status != MessageType::none) message.setStatus(status);
-    if (output != MidiEngine::OrvMidiMessage::DEFAULT_OUTPUT) message.setOutput(output);
-    channel.applyTo(message);
-    message.setZone(zone);
-    message.setD1(dataFor(d1, incoming));
-    message.setD2(dataFor(d2, incoming));
-    orv.getOrvMessageManager().postPlayMidi(message);
+    const MidiMessage incoming = event.getMidiMessage();
+    if (status != MessageType::none) event.setStatus(status);
+    if (output != MidiEngine::OrvMidiMessage::DEFAULT_OUTPUT) event.setOutput(output);
+    channel.applyTo(event);
+    event.setZone(zone);
+    event.setD1(dataFor(d1, incoming));
+    event.setD2(dataFor(d2, incoming));
+}
+
+void postPlayMidi(OrvIF& orv, const MidiEngine::OrvMidiMessage& event)
+{
+    orv.getOrvMessageManager().postPlayMidi(event);
 }
 
 /// A higher byte of the event never gives a lower data value, so the results of the lowest and the highest event are

@@ -24,9 +24,9 @@ struct MidiTranslationParameters {
                           Attribute{"channel", &P::channel}, Attribute{"D1", &P::d1}, Attribute{"D2", &P::d2}};
     }
 
-    /// Plays the result after the events that the backend has queued. Both data bytes are computed from the incoming
-    /// event, so they can be exchanged, and limited to 0 to 127. With `status` none the event keeps its own.
-    void play(OrvIF& orv, MidiEngine::OrvMidiMessage message, MidiEngine::MessageType status) const;
+    /// Changes an incoming event into the result. Both data bytes are computed from the incoming event, so they can be
+    /// exchanged, and limited to 0 to 127. With `status` none the event keeps its own.
+    void applyTo(MidiEngine::OrvMidiMessage& event, MidiEngine::MessageType status) const;
 
     /// The notes that the result can have for `event`, if it is a note-on in a zone. A part that `event` does not
     /// determine can have any value.
@@ -34,6 +34,9 @@ struct MidiTranslationParameters {
 
     bool operator==(const MidiTranslationParameters&) const = default;
 };
+
+/// Posts an event to the backend's own queue.
+void postPlayMidi(OrvIF& orv, const MidiEngine::OrvMidiMessage& event);
 
 /// Plays the event with other data and, unless `Derived::status` is none, another status.
 template <class Derived>
@@ -51,9 +54,13 @@ public:
     MidiTranslationValue getD2() const override { return parameters.d2; }
     void setD2(MidiTranslationValue value) override { parameters.d2 = value; }
 
-    void run(OrvIF& orv, const MidiEngine::OrvMidiMessage& message) const
+    Translation::Result getResult() const override { return Translation::Result::event; }
+    void applyTo(MidiEngine::OrvMidiMessage& event) const override { parameters.applyTo(event, Derived::status); }
+    /// Plays the result after the events that the backend has queued.
+    void run(OrvIF& orv, MidiEngine::OrvMidiMessage message) const
     {
-        parameters.play(orv, message, Derived::status);
+        applyTo(message);
+        postPlayMidi(orv, message);
     }
 
     FunctionManagement::FunctionNoteSpan getNoteSpan(const MidiEvent& event) const override

@@ -1,19 +1,19 @@
 #include "backend/sections/midiinput/MidiInputManager.h"
 
 #include <array>
+#include <memory>
 #include <utility>
 
 #include "api/OrvMessageManager.h"
 #include "backend/bindings/translations/TranslationFactories.h"
 #include "backend/messages/GuiMessages.h"
+#include "backend/messages/MidiEngineMessageManager.h"
 #include "backend/model/PresetSections.h"
 
 namespace Backend::MidiInput
 {
 namespace
 {
-constexpr int RELEASE_VELOCITY = 100;
-
 constexpr auto COMMANDS =
     std::to_array<Command<MidiInputManager>>({
         on<MidiInputMessage::SET_EVENT_CONFIGURATIONS, &MidiInputManager::mergeEventConfigurations>(),
@@ -29,21 +29,23 @@ MidiInputManager::MidiInputManager(OrvIF& backend, MessageManagerMaster& master)
 
 // --- events
 
-void MidiInputManager::translate(MidiEngine::OrvMidiMessage message)
+void MidiInputManager::translate(const MidiEngine::OrvMidiMessage& event)
 {
-    // Many keyboards send a note-on with velocity 0 when a key is released.
-    if (message.isNoteOn() && message.getD2() == 0) {
-        message.setToNoteOff();
-        message.setD2(RELEASE_VELOCITY);
-    }
-    const MidiEventConfiguration* const found = getContent().findBest(message);
-    if (found != nullptr && !found->getTranslations().empty()) {
+    MidiEngine::OrvMidiMessage message = MidiEventConfigurationMap::asReceived(event);
+    if (const MidiEventConfiguration* const found = getContent().findTranslations(message)) {
         // A copy, because a translation may load another program or preset, which replaces the entries.
         const MidiEventConfiguration configuration = *found;
         return configuration.execute(message);
     }
     message.setDefaultChannel(true);  // the layers set the channel
     orv.getOrvMessageManager().postPlayMidi(message);
+}
+
+void MidiInputManager::updatePlaying()
+{
+    orv.getMidiEngineMessageManager().postSetMidiTranslations(
+        std::make_shared<const MidiEventConfigurationMap>(getContent()));
+    orv.updateZones();
 }
 
 void MidiInputManager::getNoteSpans(std::vector<FunctionManagement::FunctionNoteSpan>& result) const

@@ -23,8 +23,8 @@ public:
     void notifyGui() const override;
 
     /// Plays what the translations of the event's entry make of it. An event without an entry goes to the layers, which
-    /// set its channel. A note-on with velocity 0 counts as a note-off with velocity 100.
-    void translate(MidiEngine::OrvMidiMessage message);
+    /// set its channel.
+    void translate(const MidiEngine::OrvMidiMessage& event);
 
     /// Writes the element as a program or a preset holds it, see `MidiEventConfigurationMap::writeXml`.
     void writeSection(std::ostream& out, int indent, std::span<const MidiEvent> eventsToSave) const
@@ -40,7 +40,7 @@ public:
 
 private:
     void readContent(const XmlElement& section, MidiEventConfigurationMap& into) override;
-    void updatePlaying() override { orv.updateZones(); }
+    void updatePlaying() override;
 
     MidiInputMessageManager messageManager;
 };

@@ -1,0 +1,28 @@
+#include "backend/engine/LiveInputs.h"
+
+#include <utility>
+
+namespace Backend::MidiEngine
+{
+LiveInputs::Way LiveInputs::findWay(const OrvMidiMessage& received) const
+{
+    const int input = received.getInput();
+    if (input < 0 || !enabled[static_cast<std::size_t>(input)]) return {};
+    const auto* const entry = translations->findTranslations(received);
+    return {.isDirect = entry == nullptr || !entry->executesFunction(received), .entry = entry};
+}
+
+void LiveInputs::follow(const OrvMidiMessage& event)
+{
+    if (event.getInput() < 0) return;
+    if (auto* const notes = held[static_cast<std::size_t>(event.getInput())].get()) notes->follow(event);
+}
+
+void LiveInputs::setPorts(const MidiInputPorts& ports, Held& room)
+{
+    for (std::size_t input = 0; input < INPUTS; ++input) {
+        enabled[input] = isEnabled(ports, static_cast<int>(input));
+        if (enabled[input] && !held[input]) held[input] = std::move(room[input]);
+    }
+}
+}  // namespace Backend::MidiEngine
