@@ -58,12 +58,14 @@ int main()
             std::this_thread::sleep_for(std::chrono::microseconds(10417));
         }
     };
+    // What arrives at an input is played at once, unless it executes a function.
+    const auto receive = [&](const OrvMidiMessage& event) {
+        if (!orv->playMidiInputEvent(event)) commands.postProcessMidiInputEvent(event);
+    };
     for (const int note : {60, 64, 67}) {
-        commands.postProcessMidiInputEvent(
-            OrvMidiMessage({.type = MessageType::noteOn, .d1 = note, .d2 = 100, .channel = 0, .input = 0}));
+        receive(OrvMidiMessage({.type = MessageType::noteOn, .d1 = note, .d2 = 100, .channel = 0, .input = 0}));
         playFor(12);
-        commands.postProcessMidiInputEvent(
-            OrvMidiMessage({.type = MessageType::noteOff, .d1 = note, .d2 = 100, .channel = 0, .input = 0}));
+        receive(OrvMidiMessage({.type = MessageType::noteOff, .d1 = note, .d2 = 100, .channel = 0, .input = 0}));
         playFor(12);
     }
 

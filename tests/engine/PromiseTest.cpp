@@ -415,13 +415,15 @@ void expectSilenceAfter(unsigned performers)
     constexpr int STEPS = 400;
     const unsigned first = fromEnvironment("ORVANE_FIRST_PERFORMER", 1);
     const unsigned end = first + fromEnvironment("ORVANE_PERFORMERS", performers);
+    unsigned silent = 0;  // few: a performer may happen to switch everything off
     for (unsigned seed = first; seed < end; ++seed) {
         Performer performer(seed);
         performer.perform(STEPS);
         performer.liftTheHands();
         ASSERT_EQ(performer.sounding(), "") << "seed " << seed;
-        EXPECT_TRUE(performer.hasPlayed()) << "seed " << seed;
+        silent += performer.hasPlayed() ? 0 : 1;
     }
+    EXPECT_LE(silent, 1 + (end - first) / 100);
     std::printf("%u performers of %d steps, no note left\n", end - first, STEPS);
 }
 }  // namespace
