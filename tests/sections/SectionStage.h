@@ -15,6 +15,7 @@ struct SectionStage : Stage {
     }
     void loadElement(const std::string& element)
     {
+        rest();  // this thread stands in for the backend's
         section.loadSection(rootOf(element));
         rest();
     }
