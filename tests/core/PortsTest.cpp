@@ -1,3 +1,5 @@
+#include <limits>
+
 #include "backend/files/RegistrySettings.h"
 #include "tests/stage/Stage.h"
 
@@ -59,6 +61,8 @@ TEST(DefaultOutput, IsChosenAmongPortsThatAreEnabledAndOpen)
                                          {{Kind::specific, 2}, 3},
                                          {{Kind::specific, 9}, 3},
                                          {{Kind::specific, -1}, 3},
+                                         {{Kind::specific, std::numeric_limits<std::int32_t>::max()}, 3},
+                                         {{Kind::specific, std::numeric_limits<std::int32_t>::min()}, 3},
                                          {{Kind::down}, 0},
                                          {{Kind::down}, 0}}) {
         stage.commands().postChangeDefaultMidiOutput(select);

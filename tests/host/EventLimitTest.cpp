@@ -47,6 +47,8 @@ TEST(EventLimit, NeverDropsTheNoteOffOfANoteThatPassed)
     EXPECT_TRUE(limit.passes(controller(64, 127), 0));
     while (limit.passes(controller(1, 64), 0)) {}
     EXPECT_FALSE(limit.passes(on(67), 0));
+    for (std::uint8_t status = 0xFF; status >= 0xF0; --status)
+        EXPECT_FALSE(limit.passes({{status, 60, 0}, 3}, 0)) << "it has no channel, and ends nothing";
     for (const int note : {60, 64, 60}) EXPECT_TRUE(limit.passes(off(note), 0));
     EXPECT_TRUE(limit.passes(controller(64, 0), 0));
     EXPECT_FALSE(limit.passes(off(67), 0)) << "whose note on did not pass";

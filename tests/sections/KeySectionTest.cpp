@@ -5,6 +5,9 @@
 using namespace Backend;
 using namespace Backend::ComputerInput;
 
+// Before the first line, so that the debug stream is on.
+static const bool DEBUGGING = setenv("ORVANE_DEBUG", "1", 1) == 0;
+
 TEST(KeySection, MergesOrReplaces)
 {
     KeyStage stage;
@@ -69,7 +72,10 @@ TEST(KeyPreset, IsReferredToWhileTheKeysAreItsOwn)
     }
     EXPECT_FALSE(keys.isPresetChanged("Other"));
     stage.writePreset("K\xE9", "<ComputerInput>" + noteKey("B", "D4") + "</ComputerInput>");
+    ASSERT_TRUE(DEBUGGING);
+    testing::internal::CaptureStderr();
     keys.loadPreset("K\xE9");
+    EXPECT_NE(testing::internal::GetCapturedStderr().find("K\xE9 is not UTF-8"), std::string::npos);
     EXPECT_EQ(stage.names() + keys.getCurrentPreset(), "B") << "no program can hold a name that is not UTF-8";
     stage.load("", "preset='  '");
     EXPECT_EQ(stage.names() + keys.getCurrentPreset(), "");
