@@ -26,7 +26,9 @@ Clock::duration timeOf(LiveStage& stage, const std::function<void()>& action)
 
 double milliseconds(Clock::duration duration) { return std::chrono::duration<double, std::milli>(duration).count(); }
 
-void print(const std::string& name, std::vector<Clock::duration> times)
+}  // namespace
+
+void printKeys(const std::string& name, KeyTimes times)
 {
     std::ranges::sort(times);
     const auto at = [&](double part) {
@@ -35,7 +37,6 @@ void print(const std::string& name, std::vector<Clock::duration> times)
     std::printf("%s, %zu presses: median %.2f ms, 99th percentile %.2f ms, longest %.2f ms\n", name.c_str(),
                 times.size(), at(0.5), at(0.99), at(1));
 }
-}  // namespace
 
 KeySender postedKeys(LiveStage& stage)
 {
@@ -44,15 +45,13 @@ KeySender postedKeys(LiveStage& stage)
             .release = [&stage, key] { stage.commands().postKeyUp(key); }};
 }
 
-void measureKeys(LiveStage& stage, const std::string& name, int presses, const KeySender& way)
+void pressKeys(LiveStage& stage, int presses, const KeySender& way, KeyTimes& times)
 {
-    std::vector<Clock::duration> times;
     for (int press = 0; press < presses; ++press) {
         times.push_back(timeOf(stage, way.press));
         timeOf(stage, way.release);
         std::this_thread::sleep_for(std::chrono::microseconds(press * 137 % 1000));  // anywhere within a slice
     }
-    print(name, std::move(times));
 }
 
 int countOfPresses(int argc, char** argv, int otherwise)

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <chrono>
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "tests/stage/LiveStage.h"
 
@@ -14,9 +16,14 @@ struct KeySender {
 /// Keys that are posted directly to the backend.
 KeySender postedKeys(LiveStage& stage);
 
-/// Measures the time from the press of a key until the player gets its note, `presses` times, and prints the median,
-/// the 99th percentile and the maximum. On a thread of its own.
-void measureKeys(LiveStage& stage, const std::string& name, int presses, const KeySender& way);
+/// The times from the press of a key until the player gets its note.
+using KeyTimes = std::vector<std::chrono::steady_clock::duration>;
+
+/// Presses the key `presses` times and adds the times. On a thread of its own.
+void pressKeys(LiveStage& stage, int presses, const KeySender& way, KeyTimes& times);
+
+/// Prints the median, the 99th percentile and the maximum.
+void printKeys(const std::string& name, KeyTimes times);
 
 /// The first argument, or `otherwise`.
 int countOfPresses(int argc, char** argv, int otherwise);

@@ -61,6 +61,13 @@ KeySender typedKeys(QWidget& focus)
     };
     return {.press = [post] { post(QEvent::KeyPress); }, .release = [post] { post(QEvent::KeyRelease); }};
 }
+
+void measureKeys(LiveStage& stage, const std::string& name, int presses, const KeySender& way)
+{
+    KeyTimes times;
+    pressKeys(stage, presses, way, times);
+    printKeys(name, std::move(times));
+}
 }  // namespace
 
 int main(int argc, char** argv)

@@ -114,7 +114,7 @@ constexpr std::size_t placeOf()
     return std::apply(
         [](const auto*... rows) {
             std::size_t place = 0;
-            (void)((static_cast<const void*>(rows) == static_cast<const void*>(&row) || (++place, false)) || ...);
+            (void)((std::string_view(rows->name) == row.name || (++place, false)) || ...);
             return place;
         },
         ALL);
