@@ -40,7 +40,7 @@ private:
     std::array<std::atomic<std::uint32_t>, INPUTS> counts{};
 };
 
-/// The MIDI inputs as the engine sees them: which are enabled, how their events are translated, and which notes they
+/// What the engine keeps of the MIDI inputs: which are enabled, how their events are translated, and which notes they
 /// hold.
 class LiveInputs
 {

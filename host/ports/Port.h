@@ -53,7 +53,7 @@ struct InputPort : Port {
 
     EventLimit limit;
     MidiRing arrived;
-    std::atomic<std::uint32_t> lost{0};  ///< messages that `arrived` could not take and of which nobody was told yet
+    std::atomic<std::uint32_t> lost{0};  ///< messages that `arrived` could not take, not yet reported
 };
 
 /// An output. The time slices play into its ring; one other thread, or the same thread at another moment, delivers the
