@@ -99,6 +99,54 @@ void forEachAttribute(std::string element, Visit visit)
     for (auto quote = element.find("=\""); quote != std::string::npos; quote = element.find("=\"", quote + 1))
         element = visit(element.substr(0, quote + 2), element.substr(element.find('"', quote + 2)));
 }
+
+// Not templates, as they would be compiled for each of the types.
+
+void expectToReadBackAndDiffer(const Function& plain, OrvIF& orv)
+{
+    const std::string type(plain.getType());
+    SCOPED_TRACE(type);
+    EXPECT_TRUE(plain.equals(plain));
+    EXPECT_TRUE(plain.clone()->equals(plain));
+    EXPECT_FALSE(plain.equals(*createFunction(type == "ResetOrv" ? "ShowHelp" : "ResetOrv", orv)));
+    EXPECT_FALSE(helpText(plain.getHelpId()).empty());
+    forEachAttribute(print(plain), [&](const std::string& before, const std::string& after) {
+        bool matters = false;
+        for (const char* other : {"off", "+5", "3,4", "type2", "D5"}) {
+            const auto changed = readFunction(before + other + after, orv);
+            matters = matters || !changed->equals(plain);
+            EXPECT_TRUE(readFunction(print(*changed), orv)->equals(*changed)) << before << other;
+            EXPECT_TRUE(changed->clone()->equals(*changed)) << before << other;
+        }
+        EXPECT_TRUE(matters) << before;
+        return print(plain);
+    });
+}
+
+void expectToReadBackAndClone(const Translation& plain)
+{
+    const std::string type(plain.getType());
+    SCOPED_TRACE(type);
+    EXPECT_EQ(printAll(*createTranslation(type)), printAll(plain));
+    EXPECT_EQ(printAll(*readTranslation("<" + type + "/>")), printAll(plain));
+    EXPECT_EQ(plain.isPassThrough(), type == UNCHANGED);
+    EXPECT_FALSE(helpText(plain.getHelpId()).empty());
+
+    // Each attribute becomes the first of some words that is read back as it stands.
+    std::string element = print(plain);
+    forEachAttribute(element, [&](const std::string& before, const std::string& after) {
+        constexpr std::array WORDS{"off", "D1 +5", "type2", "17", "3,4"};
+        const auto* word = std::ranges::find_if(WORDS, [&](const std::string& each) {
+            const std::string other = before + each + after;
+            return other != element && print(*readTranslation(other)) == other;
+        });
+        EXPECT_NE(word, WORDS.end()) << "what else can it be? " << element;
+        return element = word == WORDS.end() ? element : before + *word + after;
+    });
+    const auto made = readTranslation(element, "D2 ne 1");
+    EXPECT_EQ(printAll(*made), "D2 ne 1 " + element);
+    EXPECT_EQ(printAll(*made->clone()), "D2 ne 1 " + element);
+}
 }  // namespace
 
 TEST(FunctionCatalogue, IsTheOneOfFilesAndPickers)
@@ -126,25 +174,8 @@ TEST(FunctionCatalogue, IsOfFunctionsThatReadBackWhatTheyWriteAndDifferByEachPar
     Stage stage;
     std::set<std::string> sentences;
     AllFunctions::forEach([&]<class Type>(std::type_identity<Type>) {
-        const std::string type(Type::info.typeName);
-        SCOPED_TRACE(type);
-        EXPECT_TRUE(sentences.insert(helpText(Type::info.helpId)).second) << "a sentence of its own";
-        const Type plain(*stage.orv);
-        EXPECT_TRUE(plain.equals(plain));
-        EXPECT_TRUE(plain.clone()->equals(plain));
-        EXPECT_FALSE(plain.equals(*createFunction(type == "ResetOrv" ? "ShowHelp" : "ResetOrv", *stage.orv)));
-        EXPECT_FALSE(helpText(plain.getHelpId()).empty());
-        forEachAttribute(print(plain), [&](const std::string& before, const std::string& after) {
-            bool matters = false;
-            for (const char* other : {"off", "+5", "3,4", "type2", "D5"}) {
-                const auto changed = readFunction(before + other + after, *stage.orv);
-                matters = matters || !changed->equals(plain);
-                EXPECT_TRUE(readFunction(print(*changed), *stage.orv)->equals(*changed)) << before << other;
-                EXPECT_TRUE(changed->clone()->equals(*changed)) << before << other;
-            }
-            EXPECT_TRUE(matters) << before;
-            return print(plain);
-        });
+        EXPECT_TRUE(sentences.insert(helpText(Type::info.helpId)).second) << Type::info.typeName;
+        expectToReadBackAndDiffer(Type(*stage.orv), *stage.orv);
     });
     EXPECT_EQ(helpText(HelpId::noFunction), "No function.");
     EXPECT_EQ(helpText(HelpId::showHelp + 1), "Show the help.");
@@ -177,30 +208,7 @@ TEST(TranslationCatalogue, IsTheOneOfFilesAndPickers)
 
 TEST(TranslationCatalogue, IsOfTranslationsThatReadBackWhatTheyWriteAndSurviveAClone)
 {
-    AllTranslations::forEach([]<class Type>(std::type_identity<Type>) {
-        const Type plain;
-        const std::string type(plain.getType());
-        SCOPED_TRACE(type);
-        EXPECT_EQ(printAll(*createTranslation(type)), printAll(plain));
-        EXPECT_EQ(printAll(*readTranslation("<" + type + "/>")), printAll(plain));
-        EXPECT_EQ(plain.isPassThrough(), type == UNCHANGED);
-        EXPECT_FALSE(helpText(plain.getHelpId()).empty());
-
-        // Each attribute becomes the first of some words that is read back as it stands.
-        std::string element = print(plain);
-        forEachAttribute(element, [&](const std::string& before, const std::string& after) {
-            constexpr std::array WORDS{"off", "D1 +5", "type2", "17", "3,4"};
-            const auto* word = std::ranges::find_if(WORDS, [&](const std::string& each) {
-                const std::string other = before + each + after;
-                return other != element && print(*readTranslation(other)) == other;
-            });
-            EXPECT_NE(word, WORDS.end()) << "what else can it be? " << element;
-            return element = word == WORDS.end() ? element : before + *word + after;
-        });
-        const auto made = readTranslation(element, "D2 ne 1");
-        EXPECT_EQ(printAll(*made), "D2 ne 1 " + element);
-        EXPECT_EQ(printAll(*made->clone()), "D2 ne 1 " + element);
-    });
+    AllTranslations::forEach([]<class Type>(std::type_identity<Type>) { expectToReadBackAndClone(Type()); });
 }
 
 TEST(TranslationCatalogue, PassesThroughOnlyWhatNothingChangesOrHoldsBack)
