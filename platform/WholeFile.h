@@ -10,6 +10,13 @@
 
 #include "platform/Export.h"
 
+namespace WholeFile
+{
+/// How a file is written: as fast as the disk takes it, or at some 30 MB a second, because a burst of writing delays
+/// every thread of the machine, whatever its priority.
+enum class Pace { fast, gentle };
+}  // namespace WholeFile
+
 /// The replacement of a file. `stage` writes the new content to a temporary file in the same folder and flushes it to
 /// the disk; `commit` renames that to the target. A crash or a full disk at any moment leaves the whole old file or the
 /// whole new one. Links are followed to the file they name, an existing file's mode is kept, and a read-only file is
@@ -25,7 +32,8 @@ public:
     ~StagedFile();
 
     /// Once. After an error no temporary file is left.
-    std::error_code stage(const std::filesystem::path& path, std::span<const std::uint8_t> bytes);
+    std::error_code stage(const std::filesystem::path& path, std::span<const std::uint8_t> bytes,
+                          WholeFile::Pace pace = WholeFile::Pace::fast);
 
     /// After an error the target is the old file.
     std::error_code commit();
@@ -49,7 +57,7 @@ namespace WholeFile
 ORV_API std::error_code read(const std::filesystem::path& path, std::size_t largest, std::vector<std::uint8_t>& bytes);
 
 /// Replaces one file as StagedFile does.
-ORV_API std::error_code replace(const std::filesystem::path& path, std::string_view text);
+ORV_API std::error_code replace(const std::filesystem::path& path, std::string_view text, Pace pace = Pace::fast);
 
 /// A free name in the folder of `target`, for the file or folder that will replace it.
 ORV_API std::filesystem::path temporaryBeside(const std::filesystem::path& target);

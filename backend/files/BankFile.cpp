@@ -174,7 +174,8 @@ bool BankFile::resize(int programs)
 bool BankFile::write(const std::string& text)
 {
     if (text.size() > MAX_SIZE) return refuse("it would be too large");
-    if (const auto error = WholeFile::replace(pathOf(path), text)) return refuse("not written: " + error.message());
+    if (const auto error = WholeFile::replace(pathOf(path), text, WholeFile::Pace::gentle))
+        return refuse("not written: " + error.message());
     return true;
 }
 

@@ -6,8 +6,10 @@
 
 #include <atomic>
 #include <cerrno>
+#include <chrono>
 #include <optional>
 #include <string>
+#include <thread>
 #include <utility>
 
 namespace
@@ -61,6 +63,18 @@ public:
         return {};
     }
 
+    std::error_code writeGently(Bytes bytes)
+    {
+        constexpr std::size_t PIECE = 128u << 10;
+        constexpr auto PAUSE = std::chrono::milliseconds(4);
+        for (; bytes.size() > PIECE; bytes = bytes.subspan(PIECE)) {
+            if (auto error = write(bytes.first(PIECE))) return error;
+            ::sync_file_range(number, 0, 0, SYNC_FILE_RANGE_WRITE);  // else `sync` writes all of it at once
+            std::this_thread::sleep_for(PAUSE);
+        }
+        return write(bytes);
+    }
+
     std::error_code setMode(mode_t mode) { return check(::fchmod(number, mode)); }
     std::error_code sync() { return check(::fsync(number)); }
 
@@ -104,10 +118,10 @@ std::error_code followLinks(const fs::path& path, fs::path& target)
     return {};
 }
 
-std::error_code writeAll(Descriptor& file, std::optional<mode_t> mode, Bytes bytes)
+std::error_code writeAll(Descriptor& file, std::optional<mode_t> mode, Bytes bytes, WholeFile::Pace pace)
 {
     if (auto error = file.whyNotOpen()) return error;
-    if (auto error = file.write(bytes)) return error;
+    if (auto error = pace == WholeFile::Pace::gentle ? file.writeGently(bytes) : file.write(bytes)) return error;
     if (mode)
         if (auto error = file.setMode(*mode & 07777)) return error;
     if (auto error = file.sync()) return error;
@@ -143,7 +157,7 @@ StagedFile::~StagedFile()
     if (!temporary.empty()) ::unlink(temporary.c_str());
 }
 
-std::error_code StagedFile::stage(const fs::path& path, Bytes bytes)
+std::error_code StagedFile::stage(const fs::path& path, Bytes bytes, WholeFile::Pace pace)
 {
     const std::optional<mode_t> oldMode = modeOf(path);
     if (oldMode && S_ISDIR(*oldMode)) return errorOf(EISDIR);
@@ -158,7 +172,7 @@ std::error_code StagedFile::stage(const fs::path& path, Bytes bytes)
     const fs::path beside = WholeFile::temporaryBeside(target);
     Descriptor file(beside, O_WRONLY | O_CREAT | O_EXCL, oldMode ? 0600 : 0666);
     if (!file.whyNotOpen()) temporary = beside;
-    const auto error = writeAll(file, oldMode, bytes);
+    const auto error = writeAll(file, oldMode, bytes, pace);
     if (error && !temporary.empty()) ::unlink(std::exchange(temporary, {}).c_str());
     return error;
 }
@@ -192,10 +206,11 @@ std::error_code read(const fs::path& path, std::size_t largest, std::vector<std:
     }
 }
 
-std::error_code replace(const fs::path& path, std::string_view text)
+std::error_code replace(const fs::path& path, std::string_view text, Pace pace)
 {
     StagedFile file;
-    if (auto error = file.stage(path, {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()})) return error;
+    if (auto error = file.stage(path, {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()}, pace))
+        return error;
     return file.commit();
 }
 
