@@ -2,6 +2,7 @@
 
 #include <poll.h>
 #include <pthread.h>
+#include <signal.h>
 #include <sys/eventfd.h>
 #include <unistd.h>
 
@@ -16,6 +17,15 @@ namespace
 /// In milliseconds; shorter than the time between releasing a key and pressing it again.
 constexpr int RECONCILE_INTERVAL = 20;
 constexpr int FOR_EVER = -1;
+
+/// A write to a server that has just ended fails, and must not end the process.
+void blockBrokenPipes()
+{
+    sigset_t signals;
+    sigemptyset(&signals);
+    sigaddset(&signals, SIGPIPE);
+    pthread_sigmask(SIG_BLOCK, &signals, nullptr);
+}
 }  // namespace
 
 HookThread::~HookThread()
@@ -82,6 +92,7 @@ void HookThread::wake() const { ::eventfd_write(wakeDescriptor, 1); }
 void HookThread::run()
 {
     pthread_setname_np(pthread_self(), "orv-keyboard");
+    blockBrokenPipes();
     {
         Capture capture(*server, [&] { toggle(capture); });
         while (!isStopping() && server->isAlive()) {
