@@ -8,6 +8,7 @@
 
 #include "host/midi/MidiRing.h"
 #include "host/midi/PendingNoteOffs.h"
+#include "host/midi/StatusByte.h"
 #include "host/ports/EventLimit.h"
 #include "platform/Clock.h"
 
@@ -92,11 +93,12 @@ public:
     /// anything plays.
     void carryClock() { clock = std::make_unique<MidiRing>(); }
 
-    /// Sends a message of the MIDI clock, before what is played with the same stamp. While many wait they are dropped.
-    /// The thread that plays the slices.
+    /// Sends a message of the MIDI clock, before what is played with the same stamp. While many wait, ticks are
+    /// dropped. The thread that plays the slices.
     void playClock(const ShortMessage& message, std::uint32_t stamp)
     {
-        if (state.load(std::memory_order_relaxed) == State::open && !clock->isCrowded()) clock->push(message, stamp);
+        const bool isDropped = message.bytes[0] == StatusByte::TICK && clock->isCrowded();
+        if (state.load(std::memory_order_relaxed) == State::open && !isDropped) clock->push(message, stamp);
     }
 
     void open() { state.store(State::open); }               ///< Control thread.
