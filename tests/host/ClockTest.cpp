@@ -40,6 +40,33 @@ struct Recording {
 
 }  // namespace
 
+TEST(Clock, PlaysWhatArrivesBeforeThePulseOfItsFrameAndOnlyInAGraphThatOwnsIt)
+{
+    Recording recording;
+    struct : PeriodInputs {
+        std::optional<std::uint32_t> nextFrame() override
+        {
+            return frames.empty() ? std::nullopt : std::optional(frames.front());
+        }
+        void playNext() override
+        {
+            frames.erase(frames.begin());
+            slicesBefore.push_back(slices->count());
+        }
+        Slices* slices = nullptr;
+        std::vector<std::uint32_t> frames;
+        std::vector<std::uint64_t> slicesBefore;
+    } inputs;
+    inputs.slices = &recording.slices;
+    inputs.frames = {0, 49, 50, 51, 255};
+    recording.clock.playPeriod(0, 256, nullptr, &inputs);
+    EXPECT_EQ(inputs.frames.size(), 5u) << "the clock was not started";
+    recording.clock.startInGraph(48000);  // a pulse every 50 frames, at first with frame 0
+    recording.clock.playPeriod(0, 256, nullptr, &inputs);
+    EXPECT_EQ(inputs.slicesBefore, (std::vector<std::uint64_t>{0, 1, 1, 2, 6}));
+    recording.clock.stop();
+}
+
 TEST(PulseClock, AfterAnHourEveryPulseStillFallsOnItsFrame)
 {
     const struct {
