@@ -14,8 +14,8 @@ class ORV_API MidiPlayer
 public:
     virtual ~MidiPlayer() = default;
 
-    /// Plays an event on port `getOutput()`; its channel is set. Inside a time slice. The port is -1 after a hard reset
-    /// without a default output; then there is nothing to play.
+    /// Plays an event on port `getOutput()`; its channel is set. In a time slice or `OrvIF::playMidiInputEvent`, on its
+    /// thread. The port is -1 after a hard reset without a default output; then there is nothing to play.
     virtual void playMidi(const OrvMidiMessage& event) = 0;
 
     /// Opens or closes an input port, by its index.

@@ -19,9 +19,10 @@ class EventLog;
 class EventRecorder;
 struct ResetRequest;
 
-/// Proof of being inside a time slice, with the engine lock held: only the engine can make a `Slice`, and every
-/// function that plays takes one as an argument. Inside a slice nothing is allocated in the steady state, nothing calls
-/// the system, takes another lock or throws. What has to wait until the lock is released is collected here.
+/// Proof of being inside a time slice, or of playing an event of an input at once, with the engine lock held: only the
+/// engine can make a `Slice`, and every function that plays takes one as an argument. Inside a slice nothing is
+/// allocated in the steady state, nothing calls the system, takes another lock or throws. What has to wait until the
+/// lock is released is collected here.
 class Slice
 {
 public:
