@@ -107,7 +107,11 @@ void Capture::handle(const xcb_generic_event_t& event)
 // The server stops after each key event, so every branch replies to it, once.
 void Capture::pressed(std::uint8_t scanCode)
 {
-    if (!hasGrab) physicallyDown = (keyboard.keysDown() & ~grabbed) | down | downBefore;
+    if (!hasGrab) {
+        const KeySet physical = keyboard.keysDown();  // at this event, since the server stops after it
+        downBefore &= physical;
+        physicallyDown = (physical & ~grabbed) | down | downBefore;
+    }
     physicallyDown.set(scanCode);
     if (settings.controlKeys[scanCode]) {
         keyboard.proceed();
