@@ -389,6 +389,9 @@ public:
     /// [backend] Stored in the settings, and the window is notified: bytes for each output, 1000 to 200000000.
     virtual void setRetroRecordBufferSize(int bytes) = 0;
     virtual void enableRetroRecord(bool on) = 0;
+    /// [backend] Stored in the settings, and the window is notified: whether held notes ring on when layers,
+    /// oscillators or the program are replaced. A change ends all notes.
+    virtual void setKeepNotes(bool on) = 0;
 
     /// [backend] Stored in the settings; with `notify` the window is notified.
     virtual void changeMidiThru(const OnOffToggle& value, bool notify) = 0;

@@ -72,6 +72,7 @@ void Orv::initialize()
         presets.onChange = [this, &presets](bool done) { notifyGuiOfPresets(presets, done); };
     }
     midiEngine.initialize(registrySettings.getDefaultMidiOutput(), registrySettings.getMidiThru());
+    midiEngine.setKeepNotes(keepsNotes());
     prepareBanks();
     initializing = true;
     loadBank(registrySettings.getDefaultBank());
@@ -254,12 +255,19 @@ void Orv::processMidiInputEvent(const OrvMidiMessage& event)
     if (isEnabled(midiInputPorts, event.getInput())) {
         displayMidiInputEvent(event);
         midiEngine.followMidiInput(event);
-        midiInputManager.translate(event);
+        translate(event);
     } else {
         WindowsLib::DbgStream() << "dropped " << event.getMidiMessage().toXmlString() << ", input "
                                 << int{event.getInput()} << ": no such input, or not enabled";
     }
     settleMidiInput(event.getInput());
+}
+
+void Orv::translate(const OrvMidiMessage& event)
+{
+    const OrvMidiMessage received = MidiInput::MidiEventConfigurationMap::asReceived(event);
+    for (const auto& translations : midiEngine.takeMidiTranslations(received, midiInputManager.getPublished()))
+        midiInputManager.translate(*translations, received);
 }
 
 /// Sends a marker behind all that an event of the input made: first through the queue of this thread, then through that
@@ -269,15 +277,20 @@ void Orv::settleMidiInput(int input)
     if (midiEngine.isDeferring(input)) messageManagerMaster.post(OrvMessage::SETTLE_MIDI_INPUT(input));
 }
 
-/// Plays the note-offs of the notes that an input holds, before it is disabled or removed, on the path of its events.
-/// Until they are played, no event of that input is played at once.
+/// Plays the note-offs of the notes that an input holds, before it is disabled or removed, on the path of its events;
+/// while held notes are kept, its pedals go up as well. Until that is played, no event of that input is played at once.
 void Orv::releaseHeldNotes(int input)
 {
     if (!isEnabled(midiInputPorts, input)) return;
-    midiEngine.takeHeldNotes(input).forEach([&](int channel, int note) {
-        midiInputManager.translate(OrvMidiMessage(
-            {.type = MessageType::noteOff, .d1 = note, .d2 = RELEASE_VELOCITY, .channel = channel, .input = input}));
+    const MidiEngine::HeldNotes held = midiEngine.takeHeldNotes(input);
+    held.forEach([&](int channel, int note) {
+        translate(
+            {{.type = MessageType::noteOff, .d1 = note, .d2 = RELEASE_VELOCITY, .channel = channel, .input = input}});
     });
+    if (keepsNotes())
+        held.forEachPedal([&](int channel, int controller) {
+            translate({{.type = MessageType::controllerChange, .d1 = controller, .channel = channel, .input = input}});
+        });
     settleMidiInput(input);
 }
 

@@ -237,6 +237,7 @@ public:
     RetroRecord::RetroRecordManager& getRetroRecordManager() override { return retroRecord; }
     void setRetroRecordBufferSize(int bytes) override;
     void enableRetroRecord(bool on) override;
+    void setKeepNotes(bool on) override;
     void changeMidiThru(const OnOffToggle& value, bool notify) override;
     void changeGlobalKeyboard(const OnOffToggle& value, bool notify) override;
     void selectLayer(const SelectType& select) override { layerManager.dataSelect(select); }
@@ -369,6 +370,8 @@ private:
     ProgramSection& findSection(const PresetSection& section) const;
     void notifyGuiOfPresets(const PresetManager& presets, bool done) const;
     void settleMidiInput(int input);
+    void translate(const MidiEngine::OrvMidiMessage& event);
+    bool keepsNotes() const { return registrySettings.get<Settings::KEEP_NOTES>(); }
     void publishInputs();
     void releaseHeldNotes(int input);
     void fixDefaultMidiOutput();

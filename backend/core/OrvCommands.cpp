@@ -54,6 +54,7 @@ constexpr auto COMMANDS = std::to_array<Command<OrvIF>>({
     on<TOGGLE_SYSTEM_PANEL, &OrvIF::toggleSystemPanel>(),
     on<SETTING<Settings::RETRO_RECORD_BUFFER_SIZE>, &OrvIF::setRetroRecordBufferSize>(),
     on<SETTING<Settings::RETRO_RECORD_ENABLED>, &OrvIF::enableRetroRecord>(),
+    on<SETTING<Settings::KEEP_NOTES>, &OrvIF::setKeepNotes>(),
     on<CHANGE_TEMPO, &OrvIF::changeTempo>(),
     on<CHANGE_MIDI_THRU, &OrvIF::changeMidiThru>(),
     on<CHANGE_GLOBAL_KEYBOARD, &OrvIF::changeGlobalKeyboard>(),

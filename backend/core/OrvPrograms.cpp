@@ -112,8 +112,10 @@ void Orv::refuseLoad() const { notifyProgram(IsThere::no); }
 /// Without an element the sections stay, and the program has no name.
 void Orv::replaceProgram(const XmlElement& element, int number)
 {
-    midiEngine.sendReset();
-    notifyGui(GuiMessage::ORV_RESET);
+    if (!keepsNotes()) {
+        midiEngine.sendReset();
+        notifyGui(GuiMessage::ORV_RESET);
+    }
     program = Program{};
     program.number = number;
     if (element.hasElement()) readProgram(element);

@@ -44,6 +44,13 @@ void Orv::enableRetroRecord(bool on)
     midiEngine.setEventRecorder(on ? &engineRecorder : nullptr);
 }
 
+void Orv::setKeepNotes(bool on)
+{
+    assertBackendThread();
+    changeSetting<Settings::KEEP_NOTES>(*this, on);
+    midiEngine.getMessageManager().postSetKeepNotes(on);
+}
+
 void Orv::changeGlobalKeyboard(const OnOffToggle& value, bool notify)
 {
     assertBackendThread();

@@ -39,6 +39,9 @@ public:
     /// Ends the sounding notes, forgets all notes and sets the sequence back to its first node.
     void stop(ArpeggioVoice& voice);
 
+    /// Whether it holds no note and plays none.
+    bool isEmpty() const { return notes.empty(); }
+
     /// The pulse of the beat on which it last started notes, -1 while it is idle or waits for its first beat.
     std::int32_t getLastStart() const { return lastStart; }
 

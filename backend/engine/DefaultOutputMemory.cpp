@@ -18,10 +18,10 @@ bool DefaultOutputMemory::press(PressMemory& presses, std::size_t note, DefaultR
     if (isMine) {
         const auto count = static_cast<std::uint32_t>(cell & MOST);
         const auto output = static_cast<std::uint8_t>(outputOf(cell));
-        if (!presses.press(key, {.value = output}, 0, count)) return false;
+        if (!presses.press(key, {.outcome = {.value = output}, .count = count})) return false;
         cell = IN_PRESSES;
     }
-    return presses.press(key, {.value = static_cast<std::uint8_t>(route.getDefaultOutput())}, 0);
+    return presses.press(key, {.outcome = {.value = static_cast<std::uint8_t>(route.getDefaultOutput())}});
 }
 
 void DefaultOutputMemory::clear()

@@ -36,11 +36,14 @@ class DefaultOutputMemory
 public:
     static constexpr int NONE = -1;
 
-    /// `owner` distinguishes this table from the others that share a `PressMemory`.
-    DefaultOutputMemory(std::size_t notes, std::size_t owner)
-        : cells(notes), ownKey(PressMemory::OUTPUT_KEY | PressMemory::Key{owner} << 32)
-    {
-    }
+    /// The number of owners.
+    static constexpr std::uint32_t OWNERS = 1u << 20;
+
+    explicit DefaultOutputMemory(std::size_t notes) : cells(notes) {}
+
+    /// Distinguishes this table from the others that share a `PressMemory`; below `OWNERS`. While nothing is stored.
+    void setOwner(std::uint32_t owner) { ownKey = PressMemory::OUTPUT_KEY | PressMemory::Key{owner} << 32; }
+    std::uint32_t getOwner() const { return static_cast<std::uint32_t>(ownKey >> 32) % OWNERS; }
 
     /// Counts a note-on to the default output. False if the note has another route or output: then call `press`.
     bool pressUsual(std::size_t note, DefaultRoute route)
@@ -74,7 +77,7 @@ public:
             if ((cell & MOST) > 0) --cell;
             return noteOff(outputOf(cell));
         }
-        const auto toOutput = [&](std::uint8_t output, std::uint8_t) { noteOff(int{output}); };
+        const auto toOutput = [&](const PressMemory::Run& run, PressMemory::Index) { noteOff(int{run.outcome.value}); };
         if (!presses.release(keyOf(note, route), toOutput)) noteOff(route.getDefaultOutput());
     }
 
@@ -116,7 +119,7 @@ private:
     }
 
     std::vector<Word> cells;
-    PressMemory::Key ownKey;
+    PressMemory::Key ownKey = PressMemory::OUTPUT_KEY;
     bool isEmpty = true;
 };
 }  // namespace Backend::MidiEngine

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <utility>
 
 #include "backend/engine/MidiEngine.h"
 
@@ -41,7 +42,7 @@ std::int64_t shapedVelocity(const Layer& layer, int velocity)
 }
 }  // namespace
 
-EngineLayer::EngineLayer(const Layer& layer, std::size_t number)
+EngineLayer::EngineLayer(const Layer& layer)
     : keepsNotes(layer.mono || layer.toggle.mode != NoteToggle::Mode::off || layer.arpeggio),
       minVelocity(layer.minVelocity),
       maxVelocity(layer.maxVelocity),
@@ -49,13 +50,14 @@ EngineLayer::EngineLayer(const Layer& layer, std::size_t number)
       output(layer.output),
       channel(layer.channel >= MidiEngine::NoteCounters::CHANNELS ? std::int8_t{0} : layer.channel),
       useNoteStack(layer.useNoteStack),
+      settings(layer.asPlayed()),
       mono(layer.mono),
       toggle(layer.toggle.mode),
       minNote(layer.minNote.getNumber()),
       maxNote(layer.maxNote.getNumber()),
       sequence(layer.sequenceSetting),
       arpeggio(layer.arpeggio ? ArpeggioManagement::createArpeggio(*layer.arpeggio) : nullptr),
-      defaultOutputs(NOTES, number)
+      defaultOutputs(NOTES)
 {
     for (std::size_t byte = 0; byte < NOTES; ++byte) {
         const int note = static_cast<std::int8_t>(byte);
@@ -262,6 +264,29 @@ void EngineLayer::reset(Slice& slice, MidiEngine::MidiEngine& engine)
     noteStack.clear();
     toggledNotes.reset();
     defaultOutputs.clear();
+    taken.clear();
 }
 
+void EngineLayer::continueFrom(EngineLayer& other) noexcept
+{
+    sequence.continueFrom(other.sequence);
+    arpeggio.swap(other.arpeggio);
+    std::swap(noteStack, other.noteStack);
+    toggledNotes = other.toggledNotes;
+    std::swap(defaultOutputs, other.defaultOutputs);
+    taken = other.taken;
+}
+
+void EngineLayer::endToggledNotes(Slice& slice, MidiEngine::MidiEngine& engine)
+{
+    constexpr int VELOCITY = 100;
+    if (toggle == NoteToggle::Mode::off) return;
+    for (std::size_t note = 0; note < toggledNotes.size(); ++note) {
+        if (!toggledNotes[note]) continue;
+        emitKeptNoteOff(slice, engine,
+                        {{.type = MidiEngine::MessageType::noteOff, .d1 = static_cast<int>(note), .d2 = VELOCITY}});
+    }
+    toggledNotes.reset();
+    noteStack.clear();
+}
 }  // namespace Backend::Layers

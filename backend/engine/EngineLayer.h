@@ -8,6 +8,7 @@
 #include "backend/engine/Arpeggio.h"
 #include "backend/engine/DefaultOutputMemory.h"
 #include "backend/engine/HeldNoteStack.h"
+#include "backend/engine/PressMemory.h"
 #include "backend/engine/SequencePlayer.h"
 #include "backend/engine/Slice.h"
 #include "backend/model/Layer.h"
@@ -23,22 +24,53 @@ namespace Backend::Layers
 /// A layer as the engine plays it: tables computed from its settings, and the notes that it holds. It takes the notes
 /// of its note range, velocity range and zone, and sends them, with its own transposition, velocity, channel and
 /// output, to the player or to its arpeggio. Its settings never change: an edited layer is a new `EngineLayer`, which
-/// replaces this one after a reset. Time slice only, except the constructor.
+/// replaces this one after a reset or, if held notes ring on, at once, while this one plays what it holds. Time slice
+/// only, except the constructor.
 class EngineLayer
 {
 public:
-    /// `number` identifies the layer in its list, from 1.
-    EngineLayer(const Layer& settings, std::size_t number);
+    explicit EngineLayer(const Layer& settings);
+
+    // Replacing one that has sounding notes
+
+    /// Whether the layers have equal settings, but for their number and selection.
+    bool isLike(const EngineLayer& other) const { return settings == other.settings; }
+    /// Takes over all that a layer with equal settings holds and remembers. `other` is not played any more.
+    void continueFrom(EngineLayer& other) noexcept;
+    /// Ends the notes that a toggle layer keeps on, the lowest first.
+    void endToggledNotes(MidiEngine::Slice& slice, MidiEngine::MidiEngine& engine);
+    /// Whether a key is held whose press the layer took, or its arpeggio plays.
+    bool holdsAny(const MidiEngine::PressMemory& presses) const
+    {
+        return (arpeggio != nullptr && !arpeggio->isEmpty()) ||
+               (toggle == NoteToggle::Mode::off && presses.anyOpenIn(taken));
+    }
+    bool hasVelocityRange() const { return settings.hasVelocityRange(); }
+
+    /// Distinguishes the layer from all others that play, see `DefaultOutputMemory::setOwner`.
+    std::uint32_t getOwner() const { return defaultOutputs.getOwner(); }
+    void setOwner(std::uint32_t owner) { defaultOutputs.setOwner(owner); }
+
+    /// The runs of presses that the layer took.
+    MidiEngine::RunSet& getTaken() { return taken; }
+    const MidiEngine::RunSet& getTaken() const { return taken; }
 
     /// Whether the layer takes that note (a data byte, compared as a signed one).
     bool hasInRange(std::uint8_t note) const;
+    /// Whether the layer takes the velocity and the zone of that note.
+    bool takes(const MidiEngine::OrvMidiMessage& event) const { return takesVelocity(event) && takesZone(event); }
 
-    /// Plays a note-on or note-off within the layer's note range. That may play nothing, or also notes of other keys
-    /// (mono, toggle). `route` is that of the event.
+    /// Plays a note-on or note-off within the layer's note range, if the layer takes it. That may play nothing, or also
+    /// notes of other keys (mono, toggle). `route` is that of the event.
     void playNote(MidiEngine::Slice& slice, MidiEngine::MidiEngine& engine, const MidiEngine::OrvMidiMessage& event,
                   MidiEngine::DefaultRoute route)
     {
-        if (!takesVelocity(event) || !takesZone(event)) return;
+        if (takes(event)) playTaken(slice, engine, event, route);
+    }
+    /// The same for an event that the layer takes, or for the note-off of a press that it took.
+    void playTaken(MidiEngine::Slice& slice, MidiEngine::MidiEngine& engine, const MidiEngine::OrvMidiMessage& event,
+                   MidiEngine::DefaultRoute route)
+    {
         if (keepsNotes)
             keepNote(slice, engine, event);
         else if (event.isNoteOn())
@@ -129,6 +161,7 @@ private:
     std::array<std::uint8_t, 256> sounding;    // the note to play, by the note of the event
     std::array<std::uint8_t, 256> velocities;  // the velocity to play, by that of the event
 
+    Layer settings;
     bool mono;
     NoteToggle::Mode toggle;
     int minNote;
@@ -138,5 +171,6 @@ private:
     HeldNoteStack noteStack;
     std::bitset<256> toggledNotes;
     MidiEngine::DefaultOutputMemory defaultOutputs;  // by the note of the event
+    MidiEngine::RunSet taken;
 };
 }  // namespace Backend::Layers

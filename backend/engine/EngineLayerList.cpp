@@ -32,13 +32,13 @@ EngineLayerList::EngineLayerList(std::span<const Layer> layers)
     : anyVelocityRange(std::ranges::any_of(layers, &Layer::hasVelocityRange))
 {
     list.reserve(layers.size());
-    for (const Layer& layer : layers) list.emplace_back(layer, list.size() + 1);  // 0 is the direct path
+    for (const Layer& layer : layers) list.push_back(std::make_unique<EngineLayer>(layer));
     if (anyVelocityRange) velocityClasses = classesOf(layers);
     const bool anySolo = std::ranges::any_of(layers, &Layer::solo);
     for (std::size_t i = 0; i < layers.size(); ++i)
-        if (anySolo ? layers[i].solo : !layers[i].mute) playingLayers.push_back(&list[i]);
-    for (EngineLayer& layer : list)
-        if (layer.hasArpeggio()) withArpeggio.push_back(&layer);
+        if (anySolo ? layers[i].solo : !layers[i].mute) playingLayers.push_back(list[i].get());
+    for (const auto& layer : list)
+        if (layer->hasArpeggio()) withArpeggio.push_back(layer.get());
 
     for (std::size_t note = 0; note + 1 < firstOfNote.size(); ++note) {
         firstOfNote[note] = static_cast<std::uint32_t>(byNote.size());

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <memory>
 #include <span>
 #include <vector>
 
@@ -29,7 +30,20 @@ public:
     std::uint8_t getVelocityClass(std::uint8_t velocity) const { return velocityClasses[velocity]; }
 
     /// All layers, muted ones included.
-    std::span<EngineLayer> all() { return list; }
+    std::span<const std::unique_ptr<EngineLayer>> all() const { return list; }
+
+    /// Takes over the state of each layer that has equal settings and the same place in `before`. Calls
+    /// `replaced(std::unique_ptr<EngineLayer>&)` for each of the other layers of `before`.
+    template <class Replaced>
+    void continueFrom(EngineLayerList& before, Replaced&& replaced)
+    {
+        for (std::size_t place = 0; place < before.list.size(); ++place) {
+            if (place < list.size() && list[place]->isLike(*before.list[place]))
+                list[place]->continueFrom(*before.list[place]);
+            else
+                replaced(before.list[place]);
+        }
+    }
     /// The layers that play: those with solo if there are any, otherwise those that are not muted.
     std::span<EngineLayer* const> playing() const { return playingLayers; }
     /// All layers that have an arpeggio.
@@ -41,7 +55,7 @@ public:
     }
 
 private:
-    std::vector<EngineLayer> list;
+    std::vector<std::unique_ptr<EngineLayer>> list;
     std::vector<EngineLayer*> playingLayers;
     std::vector<EngineLayer*> withArpeggio;
     std::vector<EngineLayer*> byNote;  // those of note 0, then those of note 1, and so on

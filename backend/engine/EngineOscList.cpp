@@ -1,5 +1,6 @@
 #include "backend/engine/EngineOscList.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "backend/engine/MidiEngine.h"
@@ -9,6 +10,7 @@ namespace Backend::Oscillators
 EngineOscList::EngineOscList(std::span<const Oscillator> oscillators) : list(oscillators.begin(), oscillators.end())
 {
     playing.reserve(list.size());
+    starting.reserve(list.size());
     gatherPlaying();
 }
 
@@ -18,6 +20,31 @@ void EngineOscList::swap(EngineOscList& other) noexcept
     playing.swap(other.playing);
     starting.swap(other.starting);
     std::swap(lastPpq, other.lastPpq);
+}
+
+void EngineOscList::continueFrom(MidiEngine::Slice& slice, MidiEngine::MidiEngine& engine, const EngineOscList& before)
+{
+    for (std::size_t place = 0; place < list.size(); ++place) {
+        EngineOscillator& oscillator = list[place];
+        const EngineOscillator* const old = place < before.list.size() ? &before.list[place] : nullptr;
+        if (old != nullptr && oscillator.isLike(*old)) {
+            oscillator.continueFrom(*old);
+            if (std::ranges::find(before.starting, old) != before.starting.end()) starting.push_back(&oscillator);
+        } else {
+            oscillator.skip(before.lastPpq);
+        }
+    }
+    for (std::size_t place = 0; place < before.list.size(); ++place) {
+        const EngineOscillator& old = before.list[place];
+        const bool continues = place < list.size() && list[place].isLike(old) && list[place].isPlaying();
+        if (!old.isPlaying() || continues || old.getStopValue() < 0) continue;
+        if (old.hasEvent()) {
+            MidiEngine::OrvMidiMessage event = old.makeEvent(old.getStopValue());
+            engine.playMidi(slice, event);
+        }
+        engine.showOscValue(slice, old.getId(), old.getStopValue());
+    }
+    lastPpq = before.lastPpq;
 }
 
 EngineOscillator* EngineOscList::find(OscId id)

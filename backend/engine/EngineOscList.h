@@ -21,6 +21,10 @@ public:
 
     void swap(EngineOscList& other) noexcept;
 
+    /// Takes over the state of each oscillator that has equal settings, whether it plays or not, and the same place in
+    /// `before`. Of the others of `before`, those that play end as if they were stopped.
+    void continueFrom(MidiEngine::Slice& slice, MidiEngine::MidiEngine& engine, const EngineOscList& before);
+
     /// Null if there is no such id.
     EngineOscillator* find(OscId id);
     void setPlaying(EngineOscillator& oscillator, bool on);

@@ -59,26 +59,39 @@ std::int64_t unitsIntoCycle(double phase, std::int64_t units)
 }
 }  // namespace
 
-EngineOscillator::EngineOscillator(const Oscillator& settings)
-    : kind(settings.type.kind),
+EngineOscillator::EngineOscillator(const Oscillator& oscillator)
+    : kind(oscillator.type.kind),
       flows(kind != Kind::pulse && kind != Kind::random),
-      inverted(settings.max < settings.min),
-      playing(settings.playing),
-      range(rangeOf(settings)),
-      base(std::min(settings.min, settings.max)),
+      inverted(oscillator.max < oscillator.min),
+      playing(oscillator.playing),
+      range(rangeOf(oscillator)),
+      base(std::min(oscillator.min, oscillator.max)),
       sine(range, base),
       period(periodOf(kind, range)),
-      mirror(std::int64_t{settings.min} + settings.max),
-      detail(std::max<std::int64_t>(std::abs(std::int64_t{settings.detail}), 1)),
-      id(settings.id),
-      stopValue(settings.stopValue),
-      hasMessage(settings.midiMessage.isValid()),
-      message(settings.midiMessage, settings.output, settings.channel, settings.zone, {})
+      mirror(std::int64_t{oscillator.min} + oscillator.max),
+      detail(std::max<std::int64_t>(std::abs(std::int64_t{oscillator.detail}), 1)),
+      id(oscillator.id),
+      settings(oscillator.asPlayed()),
+      stopValue(oscillator.stopValue),
+      hasMessage(oscillator.midiMessage.isValid()),
+      message(oscillator.midiMessage, oscillator.output, oscillator.channel, oscillator.zone, {})
 {
-    setSpeed(settings.speed);
+    setSpeed(oscillator.speed);
 }
 
-void EngineOscillator::setSpeed(std::int32_t speed) { perPulse = speed == 0 ? 0 : period / speed; }
+void EngineOscillator::setSpeed(std::int32_t speed)
+{
+    settings.speed = speed;
+    perPulse = speed == 0 ? 0 : period / speed;
+}
+
+void EngineOscillator::continueFrom(const EngineOscillator& other)
+{
+    phase = other.phase;
+    changesLeft = other.changesLeft;
+    shows = other.shows;
+    lastValue = other.lastValue;
+}
 
 OrvMidiMessage EngineOscillator::makeEvent(std::int64_t value) const
 {

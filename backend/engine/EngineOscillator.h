@@ -21,7 +21,7 @@ namespace Backend::Oscillators
 class EngineOscillator
 {
 public:
-    explicit EngineOscillator(const Oscillator& settings);
+    explicit EngineOscillator(const Oscillator& oscillator);
 
     bool isPlaying() const { return playing; }
     /// A stopped wave continues from the same phase when it is started again.
@@ -29,6 +29,14 @@ public:
     /// Pulses per cycle. With 0 the wave does not move, below 0 it runs backwards.
     void setSpeed(std::int32_t speed);
 
+    /// Whether both have equal settings, but for their number, their selection, and whether they play.
+    bool isLike(const EngineOscillator& other) const { return settings == other.settings; }
+    /// Takes over the phase of one with equal settings, and its last value.
+    void continueFrom(const EngineOscillator& other);
+    /// Advances the phase by `pulses` without playing.
+    void skip(std::int32_t pulses) { phase += perPulse * pulses; }
+
+    OscId getId() const { return id; }
     std::int32_t getStopValue() const { return stopValue; }
     /// Whether there is a message that carries the values.
     bool hasEvent() const { return hasMessage; }
@@ -61,6 +69,7 @@ private:
     bool shows = true;                  // whether the next value is shown; alternates where values are left out
     std::int64_t lastValue = -1;
     OscId id;
+    Oscillator settings;
     std::int32_t stopValue;
     bool hasMessage;
     MidiEngine::OrvMidiMessage message;

@@ -7,6 +7,8 @@ namespace Backend::MidiEngine
 void HeldNotes::follow(const OrvMidiMessage& event)
 {
     const auto channel = static_cast<unsigned>(event.getChannel());
+    if (event.isPedal() && channel < CHANNELS)
+        pedals[channel * PEDALS + event.getD1() - FIRST_PEDAL] = event.getD2() > 0;
     if (!event.isNote() || channel >= CHANNELS || event.getD1() >= NOTES) return;
     auto& count = held[channel * NOTES + event.getD1()];
     if (event.isNoteOff() || event.getD2() == 0)

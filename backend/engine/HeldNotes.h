@@ -1,13 +1,15 @@
 #pragma once
 
 #include <array>
+#include <bitset>
 #include <cstdint>
 
 #include "backend/values/OrvMidiMessage.h"
 
 namespace Backend::MidiEngine
 {
-/// The notes that a MIDI input holds: note-ons without a note-off. Guarded by the engine lock.
+/// The notes and pedals that a MIDI input holds: note-ons without a note-off, and pedals that are down. Guarded by the
+/// engine lock.
 class HeldNotes
 {
 public:
@@ -23,10 +25,22 @@ public:
                 release(static_cast<int>(key / NOTES), static_cast<int>(key % NOTES));
     }
 
+    /// Calls `release(channel, controller)` for each pedal that is down, lowest channel first.
+    template <class Release>
+    void forEachPedal(Release&& release) const
+    {
+        for (unsigned pedal = 0; pedal < pedals.size(); ++pedal)
+            if (pedals[pedal])
+                release(static_cast<int>(pedal / PEDALS), static_cast<int>(FIRST_PEDAL + pedal % PEDALS));
+    }
+
 private:
+    static constexpr unsigned FIRST_PEDAL = 64;
+    static constexpr unsigned PEDALS = 4;
     static constexpr unsigned CHANNELS = 16;
     static constexpr unsigned NOTES = 128;
 
     std::array<std::uint16_t, CHANNELS * NOTES> held{};
+    std::bitset<CHANNELS * PEDALS> pedals;
 };
 }  // namespace Backend::MidiEngine

@@ -6,10 +6,7 @@ namespace Backend::MidiEngine
 {
 LiveInputs::Way LiveInputs::findWay(const OrvMidiMessage& received) const
 {
-    const int input = received.getInput();
-    if (input < 0 || !enabled[static_cast<std::size_t>(input)]) return {};
-    const auto* const entry = translations->findTranslations(received);
-    return {.isDirect = entry == nullptr || !entry->executesFunction(received), .entry = entry};
+    return isEnabled(received.getInput()) ? findWay(received, translations.now()) : Way{};
 }
 
 void LiveInputs::follow(const OrvMidiMessage& event)
@@ -21,7 +18,7 @@ void LiveInputs::follow(const OrvMidiMessage& event)
 void LiveInputs::setPorts(const MidiInputPorts& ports, Held& room)
 {
     for (std::size_t input = 0; input < INPUTS; ++input) {
-        enabled[input] = isEnabled(ports, static_cast<int>(input));
+        enabled[input] = MidiEngine::isEnabled(ports, static_cast<int>(input));
         if (enabled[input] && !held[input]) held[input] = std::move(room[input]);
     }
 }

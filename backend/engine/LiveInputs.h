@@ -7,6 +7,7 @@
 #include <memory>
 
 #include "backend/engine/HeldNotes.h"
+#include "backend/engine/InputTranslations.h"
 #include "backend/model/MidiEventConfigurationMap.h"
 #include "backend/model/MidiPort.h"
 #include "backend/values/OrvMidiMessage.h"
@@ -46,7 +47,6 @@ class LiveInputs
 {
 public:
     static constexpr std::size_t INPUTS = DeferredEvents::INPUTS;
-    using Translations = std::shared_ptr<const MidiInput::MidiEventConfigurationMap>;
     using Held = std::array<std::unique_ptr<HeldNotes>, INPUTS>;
 
     /// How an event is played.
@@ -56,6 +56,13 @@ public:
     };
     /// `received` as `MidiEventConfigurationMap::asReceived` gives it.
     Way findWay(const OrvMidiMessage& received) const;
+    /// The way of an event by these translations.
+    static Way findWay(const OrvMidiMessage& received, const MidiInput::MidiEventConfigurationMap& map)
+    {
+        const auto* const entry = map.findTranslations(received);
+        return {.isDirect = entry == nullptr || !entry->executesFunction(received), .entry = entry};
+    }
+    bool isEnabled(int input) const { return input >= 0 && enabled[static_cast<std::size_t>(input)]; }
 
     /// Calls `play(OrvMidiMessage&)` for each event that is played for one that goes the direct way.
     template <class Play>
@@ -73,8 +80,7 @@ public:
 
     /// Takes over `room` for inputs that hold no notes yet. Inputs outside the list are disabled.
     void setPorts(const MidiInputPorts& ports, Held& room);
-    /// Replaces the translations, which are never null; `newOnes` gets the old ones.
-    void swapTranslations(Translations& newOnes) { translations.swap(newOnes); }
+    InputTranslations& getTranslations() { return translations; }
     /// Exchanges the notes that an input holds.
     void swapHeld(std::size_t input, std::unique_ptr<HeldNotes>& notes)
     {
@@ -84,6 +90,6 @@ public:
 private:
     std::array<bool, INPUTS> enabled{};
     Held held;
-    Translations translations = std::make_shared<const MidiInput::MidiEventConfigurationMap>();
+    InputTranslations translations;
 };
 }  // namespace Backend::MidiEngine

@@ -14,7 +14,7 @@ constexpr std::size_t ROOM_FOR_EVENTS = 1024;
 }
 
 MidiEngine::MidiEngine(MidiPlayer& player)
-    : midiPlayer(player), directOutputs(NoteCounters::CHANNELS * NoteCounters::NOTES, 0), messageManager(*this)
+    : midiPlayer(player), directOutputs(NoteCounters::CHANNELS * NoteCounters::NOTES), messageManager(*this)
 {
     timedEvents.reserve(ROOM_FOR_EVENTS);
     pending.reserve(ROOM_FOR_EVENTS);
@@ -52,11 +52,26 @@ void MidiEngine::setMidiInputPorts(MidiInputPorts ports)
     liveInputs.setPorts(ports, room);
 }
 
-// The old ones are freed with the argument, outside the lock.
-void MidiEngine::setMidiTranslations(LiveInputs::Translations translations)
+void MidiEngine::setMidiTranslations(InputTranslations::Shared translations)
 {
+    InputTranslations::Room gone;  // freed outside the lock
     const CommandLock lock(criticalSection, longestHold);
-    liveInputs.swapTranslations(translations);
+    liveInputs.getTranslations().set(std::move(translations), gone);
+}
+
+std::vector<InputTranslations::Shared> MidiEngine::takeMidiTranslations(const OrvMidiMessage& received,
+                                                                        const InputTranslations::Shared& now)
+{
+    std::vector<InputTranslations::Shared> found;
+    InputTranslations::Room gone;  // freed outside the lock
+    const CommandLock lock(criticalSection, longestHold);
+    if (keepNotes) {
+        InputTranslations& translations = liveInputs.getTranslations();
+        translations.release(received, [&](const InputTranslations::Shared& map) { found.push_back(map); });
+        translations.press(received, now, gone);
+    }
+    if (found.empty()) found.push_back(now);
+    return found;
 }
 
 void MidiEngine::followMidiInput(const OrvMidiMessage& event)
@@ -92,7 +107,8 @@ void MidiEngine::setMidiOutputPorts(MidiOutputPorts ports)
         if (isGone(output)) noteCounters.clearOutput(output);
     presses.forgetOutputs(isGone);
     directOutputs.forget(isGone);
-    for (Layers::EngineLayer& layer : layers.all()) layer.forgetOutputs(isGone);
+    pedals.forgetOutputs(isGone);
+    layers.forEach([&](Layers::EngineLayer& layer) { layer.forgetOutputs(isGone); });
 }
 
 void MidiEngine::enableMidiInput(int port, bool enabled)

@@ -10,15 +10,16 @@
 #include "api/OrvIF.h"
 #include "backend/engine/ControlUpdates.h"
 #include "backend/engine/DefaultOutputMemory.h"
-#include "backend/engine/EngineLayerList.h"
 #include "backend/engine/EngineOscList.h"
 #include "backend/engine/EngineZones.h"
 #include "backend/engine/EventLog.h"
 #include "backend/engine/EventRecorder.h"
 #include "backend/engine/HeldNotes.h"
+#include "backend/engine/LayersInPlay.h"
 #include "backend/engine/LiveInputs.h"
 #include "backend/engine/LongestHold.h"
 #include "backend/engine/NoteCounters.h"
+#include "backend/engine/PedalMemory.h"
 #include "backend/engine/PressMemory.h"
 #include "backend/engine/PulseSpan.h"
 #include "backend/engine/RandomSource.h"
@@ -83,7 +84,13 @@ public:
     /// The events of all other inputs are deferred.
     void setMidiInputPorts(MidiInputPorts ports) EXCLUDES(criticalSection);
     /// What events of inputs are translated by; not null.
-    void setMidiTranslations(LiveInputs::Translations translations) EXCLUDES(criticalSection);
+    void setMidiTranslations(InputTranslations::Shared translations) EXCLUDES(criticalSection);
+    /// What an event of an input that takes the way through the backend is translated by, in this order: `now`, which
+    /// is the backend's or, while held notes are kept, what a note or pedal that is released met when it was pressed.
+    /// To be called once for each event, as `MidiEventConfigurationMap::asReceived` gives it.
+    std::vector<InputTranslations::Shared> takeMidiTranslations(const OrvMidiMessage& received,
+                                                                const InputTranslations::Shared& now)
+        EXCLUDES(criticalSection);
     /// An event of an input that takes the way through the backend, for the notes that the input holds.
     void followMidiInput(const OrvMidiMessage& event) EXCLUDES(criticalSection);
     /// Takes the notes that an input holds. Its events are deferred until one more `settleMidiInput`.
@@ -113,11 +120,18 @@ public:
     void setZoneMap(std::vector<Zones::Zone> zones) EXCLUDES(criticalSection);
     /// Replaces the transposition of a zone; ignored if there is no such zone.
     void setZone(Zones::Zone zone) EXCLUDES(criticalSection);
-    /// Replaces the layers directly after a reset, so that no event is played in between. Waits like `sendReset`.
+    /// Replaces the layers directly after a reset, so that no event is played in between; while notes are kept, without
+    /// a reset. Waits like `sendReset`.
     void setLayerList(std::vector<Layers::Layer> layers) EXCLUDES(criticalSection);
 
     /// The same for the oscillators.
     void setOscList(std::vector<Oscillators::Oscillator> oscillators) EXCLUDES(criticalSection);
+    /// Whether lists are replaced without a reset from now on, so that held notes ring on. A change resets, and waits
+    /// like `sendReset`. See docs/decisions/0025.
+    void setKeepNotes(bool on) EXCLUDES(criticalSection);
+    /// Frees the older layers that have nothing left to play.
+    void freeSilentLayers() EXCLUDES(criticalSection);
+
     /// Starts or stops an oscillator; its phase is kept. Its stop value, if it has one, is played before the first
     /// value of the wave and after the last.
     void setOscPlaying(Oscillators::OscId id, bool playing) EXCLUDES(criticalSection);
@@ -253,6 +267,11 @@ private:
     void playArpeggios(Slice& slice, std::int32_t ppq) REQUIRES(criticalSection);
     [[gnu::noinline]] bool serve(Slice& slice, const OrvMidiMessage& item) REQUIRES(criticalSection);
     bool playLive(Slice& slice, const OrvMidiMessage& event) REQUIRES(criticalSection);
+    bool releaseLive(Slice& slice, const OrvMidiMessage& event, const OrvMidiMessage& received)
+        REQUIRES(criticalSection);
+    void playTranslated(Slice& slice, const LiveInputs::Way& way, const OrvMidiMessage& received)
+        REQUIRES(criticalSection);
+    void startLive(Slice& slice, const OrvMidiMessage& event) REQUIRES(criticalSection);
     void requeue() REQUIRES(criticalSection);
     static void finish(Slice& slice);
     [[gnu::noinline]] static void report(std::span<const Slice::Drop> drops);
@@ -266,6 +285,10 @@ private:
     void show(Slice& slice, const OrvMidiMessage& event) REQUIRES(criticalSection);
     void postToWindow(Slice& slice, Message message) REQUIRES(criticalSection);
     void playRemembered(Slice& slice, OrvMidiMessage& note) REQUIRES(criticalSection);
+    bool rememberPress(PressMemory::Key key, const OrvMidiMessage& noteOn) REQUIRES(criticalSection);
+    void playToTakers(Slice& slice, const OrvMidiMessage& noteOff, PressMemory::Index run) REQUIRES(criticalSection);
+    void playPedal(Slice& slice, OrvMidiMessage& event) REQUIRES(criticalSection);
+    void freeLayersLater(Slice& slice) REQUIRES(criticalSection);
     void playOn(Slice& slice, OrvMidiMessage& event) REQUIRES(criticalSection);
     void playThroughLayers(Slice& slice, const OrvMidiMessage& event) REQUIRES(criticalSection);
 
@@ -273,6 +296,7 @@ private:
     void queueReset(const OrvMidiMessage& order, ResetRequest& request) REQUIRES(criticalSection);
     void serveReset(Slice& slice, const OrvMidiMessage& order) REQUIRES(criticalSection);
     void executeReset(Slice& slice, const OrvMidiMessage& order, ResetRequest& request) REQUIRES(criticalSection);
+    void replaceRinging(Slice& slice, ResetRequest& request) REQUIRES(criticalSection);
     void updateObserved() REQUIRES(criticalSection);
     void reset(Slice& slice) REQUIRES(criticalSection);
     void hardReset(Slice& slice) REQUIRES(criticalSection);
@@ -309,7 +333,10 @@ private:
     std::vector<ResetRequest*> resetRequests GUARDED_BY(criticalSection);  // one for each queued reset, oldest first
     int resetsUnderWay GUARDED_BY(criticalSection) = 0;
     int keptTempoSource GUARDED_BY(criticalSection) = -1;
-    Layers::EngineLayerList layers GUARDED_BY(criticalSection);
+    bool keepNotes GUARDED_BY(criticalSection) = false;
+    bool remembersAll GUARDED_BY(criticalSection) = false;  // all presses, not only those in zones
+    Layers::LayersInPlay layers GUARDED_BY(criticalSection);
+    bool silentLayersPosted GUARDED_BY(criticalSection) = false;
     Oscillators::EngineOscList oscillators GUARDED_BY(criticalSection);
     RandomSource random GUARDED_BY(criticalSection);
     std::int32_t startTime GUARDED_BY(criticalSection) = -1;      // of the arpeggios' grid
@@ -317,6 +344,7 @@ private:
     Zones::EngineZones zones GUARDED_BY(criticalSection);
     PressMemory presses GUARDED_BY(criticalSection);
     SentPairs sentPairs GUARDED_BY(criticalSection);
+    PedalMemory pedals GUARDED_BY(criticalSection);
     DefaultOutputMemory directOutputs GUARDED_BY(criticalSection);
     NoteCounters noteCounters GUARDED_BY(criticalSection);
 

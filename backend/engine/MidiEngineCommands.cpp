@@ -27,6 +27,8 @@ constexpr auto COMMANDS = std::to_array<Command<MidiEngine>>({
     on<SET_MIDI_TRANSLATIONS, &MidiEngine::setMidiTranslations>(),
     on<SETTLE_MIDI_INPUT, &MidiEngine::settleMidiInput>(),
     on<SET_OSC_SPEED, &MidiEngine::setOscSpeed>(),
+    on<SET_KEEP_NOTES, &MidiEngine::setKeepNotes>(),
+    on<FREE_SILENT_LAYERS, &MidiEngine::freeSilentLayers>(),
 });
 }  // namespace
 

@@ -1,4 +1,5 @@
-// Resets, which end all notes, and the new lists of layers and oscillators, which replace the old ones after a reset.
+// Resets, which end all notes, and new lists of layers and oscillators, which replace the old ones after a reset, or
+// without one.
 
 #include <utility>
 
@@ -24,19 +25,39 @@ void MidiEngine::sendHardReset()
     runReset(OrvMidiMessage::createOrvHardReset(), request);
 }
 
-// The request has the old layers afterwards; they are freed with it, outside the lock.
+// The request has the old lists afterwards; they are freed with it, outside the lock.
+
 void MidiEngine::setLayerList(std::vector<Layers::Layer> newLayers)
 {
     ResetRequest request;
     request.layers.emplace(newLayers);
-    runReset(OrvMidiMessage::createOrvReset(), request);
+    runReset(OrvMidiMessage::createReplacement(), request);
 }
 
 void MidiEngine::setOscList(std::vector<Oscillators::Oscillator> newOscillators)
 {
     ResetRequest request;
     request.oscillators.emplace(newOscillators);
+    runReset(OrvMidiMessage::createReplacement(), request);
+}
+
+void MidiEngine::setKeepNotes(bool on)
+{
+    {
+        const CommandLock lock(criticalSection, longestHold);
+        if (keepNotes == on) return;
+    }
+    ResetRequest request;
+    request.keepNotes = on;
     runReset(OrvMidiMessage::createOrvReset(), request);
+}
+
+void MidiEngine::freeSilentLayers()
+{
+    Layers::LayersInPlay::Older silent;
+    const CommandLock lock(criticalSection, longestHold);
+    layers.takeSilent(presses, silent);
+    silentLayersPosted = false;
 }
 
 void MidiEngine::runReset(const OrvMidiMessage& order, ResetRequest& request)
@@ -85,12 +106,35 @@ void MidiEngine::serveReset(Slice& slice, const OrvMidiMessage& order)
 
 void MidiEngine::executeReset(Slice& slice, const OrvMidiMessage& order, ResetRequest& request)
 {
-    if (order.isOrvHardReset())
-        hardReset(slice);
-    else
-        reset(slice);
-    if (request.layers) layers.swap(*request.layers);
-    if (request.oscillators) oscillators.swap(*request.oscillators);
+    if (order.isReplacement() && keepNotes)
+        replaceRinging(slice, request);
+    else {
+        if (order.isOrvHardReset())
+            hardReset(slice);
+        else
+            reset(slice);
+        if (request.layers) layers.replace(*request.layers);
+        if (request.oscillators) oscillators.swap(*request.oscillators);
+    }
+    if (request.keepNotes) {
+        keepNotes = *request.keepNotes;
+        liveInputs.getTranslations().forgetPresses();
+        pedals.clear();
+    }
+    remembersAll = keepNotes || layers.now().hasVelocityRange();
+}
+
+/// Held notes ring on.
+void MidiEngine::replaceRinging(Slice& slice, ResetRequest& request)
+{
+    if (request.oscillators) {
+        request.oscillators->continueFrom(slice, *this, oscillators);
+        oscillators.swap(*request.oscillators);
+    }
+    if (!request.layers) return;
+    layers.replaceRinging(slice, *this, presses, *request.layers);
+    updateStartTime(slice);
+    wakeArpeggios(slice);
 }
 
 void MidiEngine::reset(Slice& slice)
@@ -101,7 +145,7 @@ void MidiEngine::reset(Slice& slice)
         playMidiInternal(slice, noteOff, false);
     });
     presses.clear();
-    for (Layers::EngineLayer& layer : layers.all()) layer.reset(slice, *this);
+    layers.reset(slice, *this);
     startTime = -1;
     wakeArpeggios(slice);
     directOutputs.clear();

@@ -19,6 +19,9 @@ constexpr int placeOf(int channel, int note)
     const bool inRange = channel >= 0 && channel < NoteCounters::CHANNELS && note < NoteCounters::NOTES;
     return inRange ? channel * NoteCounters::NOTES + note : -1;
 }
+
+/// Any other event names its output or its channel.
+bool isForLayers(const OrvMidiMessage& event) { return event.isDefaultOutput() && event.isDefaultChannel(); }
 }  // namespace
 
 void MidiEngine::playTimeSlice(std::int32_t startPpq, std::int32_t endPpq)
@@ -30,6 +33,7 @@ void MidiEngine::playTimeSlice(std::int32_t startPpq, std::int32_t endPpq)
         drain(slice, endPpq);
         walk(slice, startPpq, endPpq);
         requeue();
+        if (layers.hasOlder()) freeLayersLater(slice);
         nextPulse = endPpq;
         slice.drops.swap(drops);
     }
@@ -56,19 +60,47 @@ bool MidiEngine::playLive(Slice& slice, const OrvMidiMessage& event)
 {
     if (nextPulse == NO_PULSE || deferred.hasAny(event.getInput())) return false;
     const OrvMidiMessage received = MidiInput::MidiEventConfigurationMap::asReceived(event);
+    if (keepNotes && liveInputs.getTranslations().knows(received)) return releaseLive(slice, event, received);
     const LiveInputs::Way way = liveInputs.findWay(received);
     if (!way.isDirect) return false;
+    startLive(slice, event);
+    if (keepNotes) liveInputs.getTranslations().press(received);
+    playTranslated(slice, way, received);
+    return true;
+}
+
+/// The release of a note or pedal, by what it met when it was pressed.
+bool MidiEngine::releaseLive(Slice& slice, const OrvMidiMessage& event, const OrvMidiMessage& received)
+{
+    const auto isDirect = [&](const InputTranslations::Shared& map) {
+        return LiveInputs::findWay(received, *map).isDirect;
+    };
+    if (!liveInputs.isEnabled(event.getInput()) || !liveInputs.getTranslations().allPresses(received, isDirect))
+        return false;
+    startLive(slice, event);
+    liveInputs.getTranslations().release(received, [&](const InputTranslations::Shared& map) {
+        Slice::proves(criticalSection);
+        playTranslated(slice, LiveInputs::findWay(received, *map), received);
+    });
+    return true;
+}
+
+void MidiEngine::startLive(Slice& slice, const OrvMidiMessage& event)
+{
     if (inputLog != nullptr) {
         inputLog->addInputFromSlice(event);
         slice.log = inputLog;
     }
     liveInputs.follow(event);
+}
+
+void MidiEngine::playTranslated(Slice& slice, const LiveInputs::Way& way, const OrvMidiMessage& received)
+{
     LiveInputs::translate(way, received, [&](OrvMidiMessage& result) {
         Slice::proves(criticalSection);
         result.setPpq(nextPulse);
         playMidi(slice, result);
     });
-    return true;
 }
 
 /// Executes a reset. False for a marker that is still to come due; one whose pulse the clock skipped comes due here.
@@ -151,17 +183,29 @@ void MidiEngine::playDue(Slice& slice, std::int32_t ppq, std::int32_t minPpq)
 /// stops may end the grid of the others.
 void MidiEngine::playArpeggios(Slice& slice, std::int32_t ppq)
 {
-    for (Layers::EngineLayer* layer : layers.arpeggiating()) layer->playArpeggio(slice, *this, ppq);
-    arpeggiosIdle = {.from = ppq, .until = ArpeggioManagement::Arpeggio::NEVER};
-    for (const Layers::EngineLayer* layer : layers.arpeggiating())
-        arpeggiosIdle.until = std::min(arpeggiosIdle.until, layer->nextArpeggioPulse(ppq, startTime));
+    layers.forEachArpeggio([&](Layers::EngineLayer& layer) { layer.playArpeggio(slice, *this, ppq); });
+    std::int32_t until = ArpeggioManagement::Arpeggio::NEVER;
+    const std::int32_t start = startTime;
+    layers.forEachArpeggio(
+        [&](const Layers::EngineLayer& layer) { until = std::min(until, layer.nextArpeggioPulse(ppq, start)); });
+    arpeggiosIdle = {.from = ppq, .until = until};
 }
 
 void MidiEngine::updateStartTime(Slice&)
 {
     Slice::proves(criticalSection);
-    const auto runs = [](const Layers::EngineLayer* layer) { return layer->getArpeggioStart() >= 0; };
-    if (std::ranges::none_of(layers.arpeggiating(), runs)) startTime = -1;
+    bool anyRuns = false;
+    layers.forEachArpeggio([&](const Layers::EngineLayer& layer) { anyRuns |= layer.getArpeggioStart() >= 0; });
+    if (!anyRuns) startTime = -1;
+}
+
+/// The command thread frees older layers that have nothing left to play.
+void MidiEngine::freeLayersLater(Slice& slice)
+{
+    if (silentLayersPosted || !layers.hasSilent(presses)) return;
+    silentLayersPosted = true;
+    messageManager.postFreeSilentLayersFromSlice();
+    slice.commands = &messageManager;
 }
 
 /// Puts the events that were not due back into the queue, after those queued during the slice.
@@ -182,38 +226,70 @@ void MidiEngine::playMidi(Slice& slice, OrvMidiMessage& event)
         if (event.isInputMarker()) return deferred.settle(event.getInput());
         return drop(slice, event, "no such channel or output");
     }
-    if (event.isNote() && (event.getZone() >= 0 || layers.hasVelocityRange())) return playRemembered(slice, event);
+    if (event.isNote() && (event.getZone() >= 0 || remembersAll)) return playRemembered(slice, event);
+    if (keepNotes && event.isPedal()) return playPedal(slice, event);
     playOn(slice, event);
+}
+
+/// Plays a pedal event. One that goes up goes up also where the route sent it when it was down, whether it is sent
+/// there now or not.
+void MidiEngine::playPedal(Slice& slice, OrvMidiMessage& event)
+{
+    const OrvMidiMessage received = event;
+    const PressMemory::Key route = PressMemory::keyOf(received);
+    const bool isDown = received.getD2() > 0;
+    const bool passes = midiThru || received.getInput() < 0;
+    if (isDown && !pedals.hasRoom()) return drop(slice, event, "too many pedals are down");
+    sentPairs.begin();
+    playOn(slice, event);
+    if (isDown) {
+        if (passes)
+            sentPairs.forEach([&](int output, int channel) {
+                Slice::proves(criticalSection);
+                pedals.press(route, output, channel);
+            });
+        return;
+    }
+    pedals.release(route, [&](int output, int channel) {
+        Slice::proves(criticalSection);
+        if (!isOutputEnabled(slice, output) || (passes && sentPairs.contains(output, channel))) return;
+        playMidiInternal(
+            slice,
+            {{.type = MessageType::controllerChange, .d1 = received.getD1(), .channel = channel, .output = output}},
+            false);
+    });
 }
 
 void MidiEngine::playOn(Slice& slice, OrvMidiMessage& event)
 {
-    if (event.isDefaultOutput() && event.isDefaultChannel())
+    if (isForLayers(event))
         playThroughLayers(slice, event);
     else
         playDirect(slice, event);
 }
 
-/// Plays a note that has a zone, or any note while a layer has a velocity range. Its note-off ends what the note-on
-/// started, even if zones or layers were changed in between.
+/// Plays a note that has a zone, or any note while a layer has a velocity range or held notes are kept. Its note-off
+/// ends what the note-on started, even if zones or layers were changed in between.
 void MidiEngine::playRemembered(Slice& slice, OrvMidiMessage& note)
 {
     const PressMemory::Key key = PressMemory::keyOf(note);
     const bool isInZone = note.getZone() >= 0;
-    const bool hasVelocityRange = layers.hasVelocityRange();
+    const bool hasVelocityRange = layers.now().hasVelocityRange();
     if (note.isNoteOn()) {
-        const std::uint8_t velocity = note.getD2();
         if (isInZone) note.setD1(zones.press(note));
-        if (!presses.press(key, {.value = note.getD1(), .velocityClass = layers.getVelocityClass(velocity)}, velocity))
-            return drop(slice, note, "too many keys are down");
+        if (!rememberPress(key, note)) return drop(slice, note, "too many keys are down");
         return playOn(slice, note);
     }
-    const bool isKnown = presses.release(key, [&](std::uint8_t sounding, std::uint8_t velocity) {
-        OrvMidiMessage noteOff = note;
-        noteOff.setD1(sounding);
-        if (hasVelocityRange) noteOff.setD2(velocity);
+    const bool isKnown = presses.release(key, [&](const PressMemory::Run& run, PressMemory::Index index) {
         Slice::proves(criticalSection);
-        playOn(slice, noteOff);
+        OrvMidiMessage noteOff = note;
+        noteOff.setD1(run.outcome.value);
+        const bool isOlder = keepNotes && run.generation != layers.getGeneration() && isForLayers(note);
+        if (hasVelocityRange || (isOlder && layers.hasVelocityRange(index))) noteOff.setD2(run.velocity);
+        if (isOlder)
+            playToTakers(slice, noteOff, index);
+        else
+            playOn(slice, noteOff);
     });
     if (isKnown) return;
     if (isInZone) note.setD1(zones.getLastSounding(note));
@@ -221,17 +297,47 @@ void MidiEngine::playRemembered(Slice& slice, OrvMidiMessage& note)
     playOn(slice, note);
 }
 
+/// Remembers a press with its sounding note. While held notes are kept, two presses have one outcome only if the same
+/// layers took them; as long as the layers are not replaced, that is the case. False if the memory is full.
+bool MidiEngine::rememberPress(PressMemory::Key key, const OrvMidiMessage& noteOn)
+{
+    const std::uint8_t velocity = noteOn.getD2();
+    const PressMemory::Press press{
+        .outcome = {.value = noteOn.getD1(), .velocityClass = layers.now().getVelocityClass(velocity)},
+        .velocity = velocity,
+        .generation = layers.getGeneration()};
+    if (!keepNotes) return presses.press(key, press);
+    const bool hasTakers = isForLayers(noteOn);
+    const auto isSame = [&](const PressMemory::Run& run, PressMemory::Index index) {
+        Slice::proves(criticalSection);
+        return run.outcome.value == press.outcome.value &&
+               layers.now().getVelocityClass(run.velocity) == press.outcome.velocityClass &&
+               (!hasTakers || run.generation == press.generation || layers.areTakers(index, noteOn));
+    };
+    const auto [run, isNew] = presses.press(key, press, isSame);
+    if (run != PressMemory::NONE && isNew && hasTakers) layers.setTakers(run, noteOn);
+    return run != PressMemory::NONE;
+}
+
+/// A note-off of a press that layers of an earlier moment took.
+void MidiEngine::playToTakers(Slice& slice, const OrvMidiMessage& noteOff, PressMemory::Index run)
+{
+    const DefaultRoute route(noteOff, defaultMidiOutput);
+    layers.forEachTaker(run, [&](Layers::EngineLayer& layer) { layer.playTaken(slice, *this, noteOff, route); });
+}
+
 /// Passes the event to every layer that takes it.
 void MidiEngine::playThroughLayers(Slice& slice, const OrvMidiMessage& event)
 {
-    if (layers.isEmpty()) return drop(slice, event, "there is no layer");
+    const Layers::EngineLayerList& list = layers.now();
+    if (list.isEmpty()) return drop(slice, event, "there is no layer");
     if (event.isNote()) {
         const DefaultRoute route(event, defaultMidiOutput);
-        for (Layers::EngineLayer* layer : layers.taking(event.getD1())) layer->playNote(slice, *this, event, route);
+        for (Layers::EngineLayer* layer : list.taking(event.getD1())) layer->playNote(slice, *this, event, route);
         return;
     }
     sentPairs.begin();
-    for (Layers::EngineLayer* layer : layers.playing()) layer->playOther(slice, *this, event);
+    for (Layers::EngineLayer* layer : list.playing()) layer->playOther(slice, *this, event);
     if (sentPairs.hasAny()) postUpdateControl(slice, event);  // once, however many layers sent it
 }
 
@@ -277,6 +383,7 @@ void MidiEngine::playOtherDirect(Slice& slice, OrvMidiMessage& event)
     if (event.isDefaultOutput()) event.setOutput(defaultMidiOutput);
     if (!isOutputEnabled(slice, event.getOutput())) return drop(slice, event, "output missing or not enabled");
     postUpdateControl(slice, update);
+    if (keepNotes) isFirstTo(slice, event.getOutput(), event.getChannel());
     playMidiInternal(slice, event, false);
 }
 
@@ -354,6 +461,7 @@ void MidiEngine::finish(Slice& slice)
     if (slice.recorder != nullptr) slice.recorder->wake();
     if (slice.log != nullptr) slice.log->wake();
     if (slice.controls != nullptr) slice.controls->wake();
+    if (slice.commands != nullptr) slice.commands->wake();
     for (ResetRequest* request = slice.served; request != nullptr;) {
         ResetRequest* next = request->next;
         request->done.set();  // the sender may destroy the request now

@@ -6,34 +6,33 @@ namespace Backend::MidiEngine
 {
 PressMemory::PressMemory(std::size_t capacity) : runs(capacity), heads(SLOTS, NONE) {}
 
-bool PressMemory::press(Key key, Outcome outcome, std::uint8_t velocity, std::uint32_t count)
+OrvMidiMessage PressMemory::noteOffOf(const Run& run)
 {
-    const Index latest = find(heads[slotOf(key)], key);
-    if (latest == NONE) return startRun(key, outcome, velocity, count);
-    if (runs[latest].count == 0) {
-        --usedUp;
-        runs[latest].outcome = outcome;
-    }
-    Index run = latest;
-    while (run != NONE && runs[run].outcome != outcome) run = find(runs[run].next, key);
-    if (run == NONE) return startRun(key, outcome, velocity, count);
-    if (runs[run].count > std::numeric_limits<std::uint32_t>::max() - count) return false;
-    runs[run].count += count;
-    runs[run].velocity = velocity;
-    if (run != latest) {
-        unlink(run);
-        putFirst(run);
-    }
-    return true;
+    const auto byteAt = [&](int bits) { return static_cast<std::int8_t>(run.key >> bits); };
+    OrvMidiMessage noteOff({.type = MessageType::noteOff,
+                            .d1 = run.outcome.value,
+                            .d2 = run.velocity,
+                            .channel = byteAt(32),
+                            .output = byteAt(8),
+                            .zone = byteAt(0),
+                            .input = byteAt(16)});
+    noteOff.setDefaultChannel(byteAt(24) != 0);
+    return noteOff;
 }
 
-bool PressMemory::startRun(Key key, Outcome outcome, std::uint8_t velocity, std::uint32_t count)
+PressMemory::Index PressMemory::startRun(Key key, const Press& press)
 {
     const Index run = take();
-    if (run == NONE) return false;
-    runs[run] = {.key = key, .count = count, .next = NONE, .outcome = outcome, .velocity = velocity};
+    if (run == NONE) return NONE;
+    runs[run] = {.key = key,
+                 .count = press.count,
+                 .generation = press.generation,
+                 .next = NONE,
+                 .outcome = press.outcome,
+                 .velocity = press.velocity};
     putFirst(run);
-    return true;
+    markOpen(run);
+    return run;
 }
 
 void PressMemory::unlink(Index run)
@@ -91,6 +90,7 @@ void PressMemory::clear()
 {
     if (used == 0) return;
     std::ranges::fill(heads, NONE);
+    open.clear();
     used = usedUp = hand = 0;
     free = NONE;
 }

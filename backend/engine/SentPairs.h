@@ -21,6 +21,18 @@ public:
         return true;
     }
 
+    bool contains(int output, int channel) const
+    {
+        return pairs[static_cast<unsigned>(output) * 16 + static_cast<unsigned>(channel)] == event;
+    }
+    /// Calls `visit(output, channel)` for each pair, the lowest first.
+    template <class Visit>
+    void forEach(Visit&& visit) const
+    {
+        for (int pair = 0; pair < static_cast<int>(pairs.size()); ++pair)
+            if (contains(pair / 16, pair % 16)) visit(pair / 16, pair % 16);
+    }
+
     /// Whether the present event was sent at all.
     bool hasAny() const { return latest == event; }
 

@@ -36,6 +36,8 @@ public:
         if (currentNode > 0) --currentNode;
     }
     void rewind() { currentNode = 0; }
+    /// Goes to the node that another player of the same sequence has reached.
+    void continueFrom(const SequencePlayer& other) { currentNode = other.currentNode; }
 
     /// Plays a note-on or note-off once for each offset of a node.
     void play(MidiEngine::Slice& slice, MidiEngine::MidiEngine& engine, const MidiEngine::OrvMidiMessage& event,

@@ -16,6 +16,7 @@ class ControlUpdates;
 namespace Backend::MidiEngine
 {
 class EventLog;
+class MidiEngineMessageManager;
 class EventRecorder;
 struct ResetRequest;
 
@@ -47,6 +48,7 @@ private:
     EventLog* log = nullptr;                       // the same
     std::optional<std::uint32_t> milliseconds;     // the time of the slice, once it was read
     Controls::ControlUpdates* controls = nullptr;  // to be woken as well
+    MidiEngineMessageManager* commands = nullptr;  // the same
     std::vector<Drop> drops;                       // for the debug stream
 };
 }  // namespace Backend::MidiEngine

@@ -43,6 +43,8 @@ inline constexpr TypedMessage<Oscillators::OscId, int> SET_OSC_SPEED{32885, "Set
 inline constexpr TypedMessage<std::shared_ptr<const MidiInput::MidiEventConfigurationMap>> SET_MIDI_TRANSLATIONS{
     32886, "SetMidiTranslations"};
 inline constexpr TypedMessage<int> SETTLE_MIDI_INPUT{32887, "SettleMidiInput"};
+inline constexpr TypedMessage<bool> SET_KEEP_NOTES{32888, "SetKeepNotes"};
+inline constexpr TypedMessage<> FREE_SILENT_LAYERS{32889, "FreeSilentLayers"};
 }  // namespace MidiEngineMessage
 
 /// The interface that executes the engine's commands.
@@ -64,7 +66,9 @@ class ORV_API MidiEngineMessageManager
 public:
     explicit MidiEngineMessageManager(MidiEngineCommands& engineCommands)
         : commands(engineCommands),
-          worker("orv-engine", MidiEngineMessage::STOP, [this](Message& message) { commands.handleMessage(message); })
+          worker(
+              "orv-engine", MidiEngineMessage::STOP, [this](Message& message) { commands.handleMessage(message); },
+              SLICE_POOL)
     {
     }
 
@@ -92,7 +96,8 @@ public:
         worker.post(MidiEngineMessage::ENABLE_MIDI_OUTPUT(port, enabled));
     }
     void postSetDefaultMidiOutput(int port) { worker.post(MidiEngineMessage::SET_DEFAULT_MIDI_OUTPUT(port)); }
-    /// The layers replace the present ones directly after a reset; the command thread waits for the slice of both.
+    /// The layers replace the present ones directly after a reset, or without one while notes are kept; the command
+    /// thread waits for the slice of both.
     void postSetLayerList(std::vector<Layers::Layer> layers)
     {
         worker.post(MidiEngineMessage::SET_LAYER_LIST(std::move(layers)));
@@ -123,7 +128,14 @@ public:
     }
     /// Everything that a deferred event of that input made has been posted.
     void postSettleMidiInput(int input) { worker.post(MidiEngineMessage::SETTLE_MIDI_INPUT(input)); }
+    /// Whether held notes ring on when layers or oscillators are replaced. A change resets.
+    void postSetKeepNotes(bool on) { worker.post(MidiEngineMessage::SET_KEEP_NOTES(on)); }
     void postSetOscSpeed(Oscillators::OscId id, int speed) { worker.post(MidiEngineMessage::SET_OSC_SPEED(id, speed)); }
+
+    /// Frees the older layers that have nothing left to play. Inside a time slice only; `wake` follows once the engine
+    /// lock is left.
+    void postFreeSilentLayersFromSlice() { worker.queue().postFromSlice(MidiEngineMessage::FREE_SILENT_LAYERS()); }
+    void wake() { worker.queue().wake(); }
 
     /// Ends every note and waits until a time slice has done so; executed at once before the first slice, and on the
     /// thread of the time slices (outside a slice). The clock is internal meanwhile.
@@ -135,6 +147,8 @@ public:
     const Worker& getWorker() const { return worker; }
 
 private:
+    static constexpr std::size_t SLICE_POOL = 4;
+
     MidiEngineCommands& commands;
     Worker worker;
 };

@@ -95,4 +95,12 @@ std::string Layer::getLayerString(const std::string& outputName) const
     if (arpeggio) text += "  " + arpeggio->toString();
     return text;
 }
+
+Layer Layer::asPlayed() const
+{
+    Layer layer = *this;
+    layer.id = -1;
+    layer.selected = false;
+    return layer;
+}
 }  // namespace Backend::Layers

@@ -57,6 +57,9 @@ struct ORV_API Layer {
 
     bool hasVelocityRange() const { return minVelocity != 0 || maxVelocity != 127; }
 
+    /// A copy without number and selection: two layers are played alike if these are equal.
+    Layer asPlayed() const;
+
     bool operator==(const Layer&) const = default;
 };
 }  // namespace Backend::Layers

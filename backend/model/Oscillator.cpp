@@ -34,4 +34,13 @@ void Oscillator::writeXml(std::ostream& out, int indent) const
         << xmlItemAttribute("midiMessage", midiMessage) << xmlCharAttribute("output", output)
         << xmlCharAttribute("channel", channel) << xmlCharAttribute("zone", zone) << xmlCloseEmpty() << '\n';
 }
+
+Oscillator Oscillator::asPlayed() const
+{
+    Oscillator oscillator = *this;
+    oscillator.id = -1;
+    oscillator.selected = oscillator.playing = false;
+    oscillator.speedMode = {};
+    return oscillator;
+}
 }  // namespace Backend::Oscillators

@@ -43,6 +43,10 @@ struct ORV_API Oscillator {
     /// Writes the element on one line, indented by `indent` TABs.
     void writeXml(std::ostream& out, int indent) const;
 
+    /// A copy without number, selection, and how the speed is shown, of an oscillator that stands: two are played alike
+    /// if these are equal.
+    Oscillator asPlayed() const;
+
     bool operator==(const Oscillator&) const = default;
 };
 }  // namespace Backend::Oscillators

@@ -46,6 +46,8 @@ inline constexpr Text PROG_DIR{"ProgDir", ""};
 inline constexpr Text DEFAULT_BANK{"DefaultBank", "", 33230, Notice::own};
 inline constexpr Switch GLOBAL_KEYBOARD{"GlobalKeyboard", false, 33266, Notice::own};
 inline constexpr Switch MIDI_THRU{"MidiThru", true, 33265, Notice::own};
+/// Held notes ring on over a change of layers, oscillators or program, see docs/decisions/0025.
+inline constexpr Switch KEEP_NOTES{"KeepNotes", false, 33283, Notice::all};
 inline constexpr Switch RETRO_RECORD_ENABLED{"RetroRecordEnabled", true, 33263, Notice::own};
 /// Bytes for each output.
 inline constexpr Number RETRO_RECORD_BUFFER_SIZE{
@@ -77,6 +79,7 @@ inline constexpr std::tuple ALL{&PROG_DIR,
                                 &DEFAULT_BANK,
                                 &GLOBAL_KEYBOARD,
                                 &MIDI_THRU,
+                                &KEEP_NOTES,
                                 &RETRO_RECORD_ENABLED,
                                 &RETRO_RECORD_BUFFER_SIZE,
                                 &MIDI_BUFFER_DIR,

@@ -2,6 +2,7 @@
 
 #include <sstream>
 
+#include "backend/files/RegistrySettings.h"
 #include "backend/messages/BackendThread.h"
 #include "backend/xml/XmlDocument.h"
 #include "platform/DbgStream.h"
@@ -12,6 +13,8 @@ void ProgramSection::loadSection(const XmlElement& section)
 {
     if (section.getTagName() == tag) readXml(section);
 }
+
+bool ProgramSection::keepsNotes() const { return orv.getRegistrySettings().get<Settings::KEEP_NOTES>(); }
 
 XmlElement ProgramSection::readPreset(const std::string& name) const
 {

@@ -71,6 +71,9 @@ public:
     virtual void notifyGui() const = 0;
 
 protected:
+    /// Whether held notes ring on over changes.
+    bool keepsNotes() const;
+
     /// The root element of a preset, or no element if `loadPreset` would change nothing.
     XmlElement readPreset(const std::string& name) const;
     /// Writes a preset with the element that `write` appends.

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cassert>
+#include <cstdint>
 #include <span>
 #include <string>
 #include <vector>
@@ -49,8 +50,11 @@ protected:
     Content& edit()
     {
         assert(isOnBackendThread());
+        ++revision;
         return content;
     }
+    /// Grows with every change.
+    std::uint64_t getRevision() const { return revision; }
 
     /// Reads the children of a section's element, and whether they are to be merged.
     virtual void readContent(const XmlElement& section, Content& into) = 0;
@@ -67,6 +71,7 @@ protected:
 
 private:
     Content content;
+    std::uint64_t revision = 0;
 };
 
 /// The rows of the message table for the preset commands of `Messages`, see `PresetMessages`.

@@ -34,6 +34,8 @@ OrvMidiMessage OrvMidiMessage::createOrvReset() { return OrvMidiMessage(MidiEngi
 
 OrvMidiMessage OrvMidiMessage::createOrvHardReset() { return OrvMidiMessage(MidiEngineMessageType::hardReset); }
 
+OrvMidiMessage OrvMidiMessage::createReplacement() { return OrvMidiMessage(MidiEngineMessageType::replacement); }
+
 OrvMidiMessage OrvMidiMessage::createInputMarker(int input)
 {
     OrvMidiMessage marker(MidiEngineMessageType::inputMarker);

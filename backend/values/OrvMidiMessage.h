@@ -8,8 +8,15 @@
 
 namespace Backend::MidiEngine
 {
-/// The kinds of items in the engine's queue: MIDI events, resets, and markers behind what an event of an input made.
-enum class MidiEngineMessageType : std::uint32_t { midiEvent = 0, reset = 1, hardReset = 2, inputMarker = 3 };
+/// The kinds of items in the engine's queue: MIDI events, resets, markers behind what an event of an input made, and
+/// new lists that are taken over without a reset.
+enum class MidiEngineMessageType : std::uint32_t {
+    midiEvent = 0,
+    reset = 1,
+    hardReset = 2,
+    inputMarker = 3,
+    replacement = 4
+};
 
 /// An event: a MIDI message with its input, output, zone, channel and pulse. A plain value that is copied without
 /// allocating.
@@ -73,6 +80,7 @@ public:
     static OrvMidiMessage createSystemReset(int output);
     static OrvMidiMessage createOrvReset();
     static OrvMidiMessage createOrvHardReset();
+    static OrvMidiMessage createReplacement();
     /// Its output is none at all, so that it costs the events nothing on their way.
     static OrvMidiMessage createInputMarker(int input);
 
@@ -98,8 +106,8 @@ public:
     constexpr std::int8_t getOutput() const { return output; }
     constexpr void setOutput(int port) { output = static_cast<std::int8_t>(port); }
     constexpr bool isDefaultOutput() const { return output == DEFAULT_OUTPUT; }
-    /// Where the event comes from and goes to, as it names it: zone, output, input and default-channel flag from the low
-    /// byte up.
+    /// Where the event comes from and goes to, as it names it: zone, output, input and default-channel flag from the
+    /// low byte up.
     constexpr std::uint32_t getRoute() const
     {
         return byte(zone) | byte(output) << 8 | byte(input) << 16 | byte(defaultChannel) << 24;
@@ -114,7 +122,7 @@ public:
     constexpr MidiEngineMessageType getMidiEngineMessageType() const { return midiEngineMessageType; }
     constexpr bool isOrvReset() const { return midiEngineMessageType == MidiEngineMessageType::reset; }
     constexpr bool isOrvHardReset() const { return midiEngineMessageType == MidiEngineMessageType::hardReset; }
-
+    constexpr bool isReplacement() const { return midiEngineMessageType == MidiEngineMessageType::replacement; }
     constexpr bool isInputMarker() const { return midiEngineMessageType == MidiEngineMessageType::inputMarker; }
 
     bool hasParameters() const { return midiMessage.hasParameters(); }
@@ -122,6 +130,8 @@ public:
     constexpr bool isNoteOn() const { return midiMessage.isNoteOn(); }
     constexpr bool isNoteOff() const { return midiMessage.isNoteOff(); }
     constexpr bool isControllerChange() const { return midiMessage.isControllerChange(); }
+    /// The sustain, sostenuto or soft pedal: controllers 64, 66 and 67 of the MIDI standard.
+    constexpr bool isPedal() const { return isControllerChange() && (getD1() == 64 || getD1() == 66 || getD1() == 67); }
     constexpr bool isProgramChange() const { return midiMessage.isProgramChange(); }
     constexpr bool isChannelPressure() const { return midiMessage.isChannelPressure(); }
     constexpr bool isPitchBend() const { return midiMessage.isPitchBend(); }

@@ -54,6 +54,10 @@ constexpr Switch CLICK_ZONE_CHANNEL_TRANSPOSE = setting<Rows::CLICK_ZONE_CHANNEL
     "Click before or after zone transposes zone.",
     "A click on the piano keyboard outside a zone transposes that zone by octaves so that it includes the key.");
 
+constexpr Switch KEEP_NOTES = setting<Rows::KEEP_NOTES>(
+    "Held notes ring on over changes",
+    "Notes that you hold ring on when you change the program or edit a layer, until you release their keys.");
+
 constexpr Switch RECORD = setting<Rows::RETRO_RECORD_ENABLED>(
     "Record what is played", "Record: keeps what you play, so that you can save it afterwards.");
 

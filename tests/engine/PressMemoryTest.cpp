@@ -50,8 +50,9 @@ TEST(PressMemory, AnswersWithTheLatestOutcomeAndEndsTheOthersWhole)
     std::mt19937 random(7);
     const auto below = [&](unsigned limit) { return static_cast<int>(random() % limit); };
     PressMemory presses;
-    DefaultOutputMemory one(NOTES, 0);
-    DefaultOutputMemory other(NOTES, 1);
+    DefaultOutputMemory one(NOTES);
+    DefaultOutputMemory other(NOTES);
+    other.setOwner(1);
     std::map<std::tuple<bool, int, int>, Runs> model;
     for (int step = 0; step < 100000; ++step) {
         const int note = below(NOTES);
@@ -88,21 +89,21 @@ TEST(PressMemory, RefusesAPressOnlyWhenAllItsRunsAreOpen)
     PressMemory presses(3);
     const auto ended = [&](PressMemory::Key key) {
         std::string text;
-        const auto add = [&](int value, int velocity) {
-            text += std::to_string(value) + "/" + std::to_string(velocity) + " ";
+        const auto add = [&](const PressMemory::Run& run, PressMemory::Index) {
+            text += std::to_string(run.outcome.value) + "/" + std::to_string(run.velocity) + " ";
         };
         return presses.release(key, add) ? text : "unknown";
     };
-    EXPECT_TRUE(presses.press(1, {10, 0}, 100));
-    EXPECT_TRUE(presses.press(1, {10, 1}, 20));
-    EXPECT_TRUE(presses.press(1, {10, 0}, 90)) << "joins its run, which is the latest again";
-    EXPECT_TRUE(presses.press(2, {20, 0}, 50));
-    EXPECT_FALSE(presses.press(3, {30, 0}, 50));
+    EXPECT_TRUE(presses.press(1, {{10, 0}, 100}));
+    EXPECT_TRUE(presses.press(1, {{10, 1}, 20}));
+    EXPECT_TRUE(presses.press(1, {{10, 0}, 90})) << "joins its run, which is the latest again";
+    EXPECT_TRUE(presses.press(2, {{20, 0}, 50}));
+    EXPECT_FALSE(presses.press(3, {{30, 0}, 50}));
     EXPECT_EQ(ended(3), "unknown");
     EXPECT_EQ(ended(1), "10/90 10/20 ");
-    EXPECT_TRUE(presses.press(3, {30, 0}, 50)) << "where the other outcome was";
-    EXPECT_FALSE(presses.press(4, {40, 0}, 50));
+    EXPECT_TRUE(presses.press(3, {{30, 0}, 50})) << "where the other outcome was";
+    EXPECT_FALSE(presses.press(4, {{40, 0}, 50}));
     EXPECT_EQ(ended(1) + ended(1), "10/90 10/90 ") << "also when it is used up";
-    EXPECT_TRUE(presses.press(4, {40, 0}, 50)) << "in place of the one that is used up";
+    EXPECT_TRUE(presses.press(4, {{40, 0}, 50})) << "in place of the one that is used up";
     EXPECT_EQ(ended(1) + ended(2) + ended(3) + ended(4), "unknown20/50 30/50 40/50 ");
 }

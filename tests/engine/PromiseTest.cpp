@@ -6,6 +6,7 @@
 #include <tuple>
 
 #include "backend/messages/LayerMessageManager.h"
+#include "backend/messages/SettingMessages.h"
 #include "backend/messages/ZoneMessageManager.h"
 #include "tests/stage/Stage.h"
 
@@ -21,7 +22,11 @@ constexpr int OUTPUTS = 3;
 class RestlessPerformer
 {
 public:
-    RestlessPerformer(unsigned seed, unsigned longestSlice) : random(seed), sliceLimit(longestSlice) {}
+    /// Every second one lets held notes ring on.
+    RestlessPerformer(unsigned seed, unsigned longestSlice) : random(seed), sliceLimit(longestSlice)
+    {
+        stage.commands().postSetting(SETTING<Settings::KEEP_NOTES>(keepsNotes = seed % 2 == 0));
+    }
     virtual ~RestlessPerformer() = default;
 
     void perform(int steps)
@@ -145,6 +150,7 @@ protected:
 
     std::mt19937 random;
     unsigned sliceLimit;
+    bool keepsNotes = false;
     Stage stage;
     std::set<Where> keys;
     std::set<std::string> computerKeys;
@@ -215,7 +221,7 @@ private:
 
     void loadProgram()
     {
-        releaseComputerKeys();  // what another program's keys do is not theirs
+        if (!keepsNotes) releaseComputerKeys();  // what another program's keys do is not theirs
         const std::string programs[] = {own, ORVANE_EXAMPLES "/demonstration.prg", "missing.prg"};
         stage.commands().postLoadProgram(programs[below(3)]);
     }

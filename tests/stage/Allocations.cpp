@@ -6,9 +6,17 @@
 namespace
 {
 thread_local std::uint64_t allocations = 0;
+thread_local std::uint64_t releases = 0;
+
+void release(void* memory)
+{
+    if (memory != nullptr) ++releases;
+    std::free(memory);
 }
+}  // namespace
 
 std::uint64_t allocationsOfThisThread() { return allocations; }
+std::uint64_t releasesOfThisThread() { return releases; }
 
 void* operator new(std::size_t size)
 {
@@ -24,5 +32,5 @@ void* operator new(std::size_t size, const std::nothrow_t&) noexcept
     return std::malloc(size == 0 ? 1 : size);
 }
 
-void operator delete(void* memory) noexcept { std::free(memory); }
-void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
+void operator delete(void* memory) noexcept { release(memory); }
+void operator delete(void* memory, std::size_t) noexcept { release(memory); }

@@ -147,14 +147,31 @@ void ComputerInputManager::setDefaults()
 
 void ComputerInputManager::keyEvent(const Key& key, bool isDown, bool isRepeat)
 {
-    const bool hasModifiers = isDown || getUseKeyUpMod();
-    const KeyConfiguration* configuration = getKeys().findElement(hasModifiers ? key : Key{.keyCode = key.keyCode});
+    const ButtonEvent event = !isDown ? ButtonEvent::up : isRepeat ? ButtonEvent::repeat : ButtonEvent::down;
+    const std::shared_ptr<const KeyBindings> kept = bindingsOf(key.keyCode, event);
+    const KeyBindings& bindings = kept ? *kept : getContent();
+    const bool hasModifiers = isDown || bindings.useKeyUpMod;
+    const KeyConfiguration* configuration = bindings.keys.findElement(hasModifiers ? key : Key{.keyCode = key.keyCode});
     if (configuration == nullptr) {
         if (!isDown) downRuns.forget(key.keyCode);
         return;
     }
-    const ButtonEvent event = !isDown ? ButtonEvent::up : isRepeat ? ButtonEvent::repeat : ButtonEvent::down;
     runButton(*configuration, event, downRuns, key.keyCode);
+}
+
+/// The bindings that a key keeps, null for those of the moment.
+std::shared_ptr<const KeyBindings> ComputerInputManager::bindingsOf(std::int32_t keyCode, ButtonEvent event)
+{
+    if (event == ButtonEvent::down && keepsNotes() && !held.contains(keyCode)) {
+        if (!latest.bindings || latest.revision != getRevision())
+            latest = {getRevision(), std::make_shared<const KeyBindings>(getContent())};
+        held[keyCode] = latest.bindings;
+    }
+    const auto found = held.find(keyCode);
+    if (found == held.end()) return nullptr;
+    const std::shared_ptr<const KeyBindings> bindings = found->second;
+    if (event == ButtonEvent::up) held.erase(found);
+    return bindings;
 }
 
 void ComputerInputManager::getNoteSpans(std::vector<FunctionNoteSpan>& result) const

@@ -1,6 +1,9 @@
 #pragma once
 
+#include <cstdint>
 #include <iosfwd>
+#include <map>
+#include <memory>
 #include <span>
 #include <string>
 #include <vector>
@@ -60,6 +63,7 @@ public:
     // Playing
 
     /// Executes the functions of a key, in order; a repeat only the down functions that are marked to be sent again.
+    /// While held notes are kept, a key that is down keeps the bindings that it met, until it is up.
     void keyEvent(const Key& key, bool isDown, bool isRepeat);
     void keyDown(const Key& key, bool isRepeat) { keyEvent(key, true, isRepeat); }
     void keyUp(const Key& key) { keyEvent(key, false, false); }
@@ -82,9 +86,17 @@ private:
     void updatePlaying() override { orv.updateZones(); }
     bool isStoredIn(const std::string& preset) const;
     void setCurrentPreset(const std::string& name);
+    std::shared_ptr<const KeyBindings> bindingsOf(std::int32_t keyCode, ButtonEvent event);
     void notifyGuiOfChange() const;
 
+    struct Snapshot {
+        std::uint64_t revision = 0;
+        std::shared_ptr<const KeyBindings> bindings;
+    };
+
     DownRuns downRuns;  // by key code
+    Snapshot latest;
+    std::map<std::int32_t, std::shared_ptr<const KeyBindings>> held;  // while notes are kept, by key code
     ComputerInputMessageManager messageManager;
     std::string currentPreset;
 };

@@ -150,7 +150,8 @@ void JoystickManager::pressButton(const JoyButtonElementId& id, ButtonEvent even
     if (source == Source::joystick && isDisabled(id.joystick)) return;
     const JoystickElement which{id.joystick, id.button};
     const auto place = static_cast<std::int32_t>(which.getPacked());
-    const JoystickButtonConfiguration* const button = getContent().buttons.findElement(id);
+    const std::optional<JoystickButtonConfiguration> own = keptFunctions(id, event);
+    const JoystickButtonConfiguration* const button = own ? &*own : getContent().buttons.findElement(id);
     if (button == nullptr) {
         if (event == ButtonEvent::up) downRuns.forget(place);
         return;
@@ -160,6 +161,19 @@ void JoystickManager::pressButton(const JoyButtonElementId& id, ButtonEvent even
     runButton(*button, event, downRuns, place);
     if (event == ButtonEvent::down) postToGui(GuiMessage::JOYSTICK_BUTTON_DOWN, which);
     if (event == ButtonEvent::up) postToGui(GuiMessage::JOYSTICK_BUTTON_UP, which);
+}
+
+/// What the button kept when it went down; nothing if it has the functions of the moment.
+std::optional<JoystickButtonConfiguration> JoystickManager::keptFunctions(const JoyButtonElementId& id,
+                                                                          ButtonEvent event)
+{
+    if (event == ButtonEvent::down && keepsNotes())
+        if (const auto* const bound = getContent().buttons.findElement(id)) kept.emplace(id, *bound);
+    const auto found = kept.find(id);
+    if (found == kept.end()) return std::nullopt;
+    std::optional functions = found->second;
+    if (event == ButtonEvent::up) kept.erase(found);
+    return functions;
 }
 
 bool JoystickManager::isDisabled(int joystick) const

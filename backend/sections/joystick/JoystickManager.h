@@ -1,6 +1,8 @@
 #pragma once
 
 #include <iosfwd>
+#include <map>
+#include <optional>
 #include <set>
 #include <span>
 #include <string>
@@ -38,7 +40,8 @@ public:
 
     /// Sends the events of an axis.
     void setAxis(const JoyAxisElementId& id, AxisMode mode, int value, Source source);
-    /// Executes the functions of a button.
+    /// Executes the functions of a button. While held notes are kept, a button that is down keeps its functions until
+    /// it is up.
     void pressButton(const JoyButtonElementId& id, ButtonEvent event, Source source);
 
     bool isDisabled(int joystick) const;
@@ -77,8 +80,11 @@ private:
     void readContent(const XmlElement& section, JoystickConfiguration& into) override;
     void updatePlaying() override { orv.updateZones(); }
 
-    std::set<JoyButtonElementId> held;  // on the devices
-    DownRuns downRuns;                  // by joystick and button
+    std::optional<JoystickButtonConfiguration> keptFunctions(const JoyButtonElementId& id, ButtonEvent event);
+
+    std::set<JoyButtonElementId> held;                               // on the devices
+    std::map<JoyButtonElementId, JoystickButtonConfiguration> kept;  // while notes are kept
+    DownRuns downRuns;                                               // by joystick and button
     JoystickMessageManager messageManager;
     JoystickEngineListener listener;
     JoystickEngine engine;

@@ -29,22 +29,17 @@ MidiInputManager::MidiInputManager(OrvIF& backend, MessageManagerMaster& master)
 
 // --- events
 
-void MidiInputManager::translate(const MidiEngine::OrvMidiMessage& event)
+void MidiInputManager::translate(const MidiEventConfigurationMap& map, MidiEngine::OrvMidiMessage received)
 {
-    MidiEngine::OrvMidiMessage message = MidiEventConfigurationMap::asReceived(event);
-    if (const MidiEventConfiguration* const found = getContent().findTranslations(message)) {
-        // A copy, because a translation may load another program or preset, which replaces the entries.
-        const MidiEventConfiguration configuration = *found;
-        return configuration.execute(message);
-    }
-    message.setDefaultChannel(true);  // the layers set the channel
-    orv.getOrvMessageManager().postPlayMidi(message);
+    if (const MidiEventConfiguration* const found = map.findTranslations(received)) return found->execute(received);
+    received.setDefaultChannel(true);  // the layers set the channel
+    orv.getOrvMessageManager().postPlayMidi(received);
 }
 
 void MidiInputManager::updatePlaying()
 {
-    orv.getMidiEngineMessageManager().postSetMidiTranslations(
-        std::make_shared<const MidiEventConfigurationMap>(getContent()));
+    published = std::make_shared<const MidiEventConfigurationMap>(getContent());
+    orv.getMidiEngineMessageManager().postSetMidiTranslations(published);
     orv.updateZones();
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <iosfwd>
+#include <memory>
 #include <span>
 #include <vector>
 
@@ -22,9 +23,13 @@ public:
     MidiInputMessageManager& getMessageManager() override { return messageManager; }
     void notifyGui() const override;
 
-    /// Plays what the translations of the event's entry make of it. An event without an entry goes to the layers, which
-    /// set its channel.
-    void translate(const MidiEngine::OrvMidiMessage& event);
+    /// The configuration as it was published last. It does not change.
+    const std::shared_ptr<const MidiEventConfigurationMap>& getPublished() const { return published; }
+
+    /// Plays what the translations of an event's entry make of it. An event without an entry goes to the layers, which
+    /// set its channel. `received` as `MidiEventConfigurationMap::asReceived` gives it; `map` stays while it is
+    /// executed, because a translation may load another program.
+    void translate(const MidiEventConfigurationMap& map, MidiEngine::OrvMidiMessage received);
 
     /// Writes the element as a program or a preset holds it, see `MidiEventConfigurationMap::writeXml`.
     void writeSection(std::ostream& out, int indent, std::span<const MidiEvent> eventsToSave) const
@@ -42,6 +47,7 @@ private:
     void readContent(const XmlElement& section, MidiEventConfigurationMap& into) override;
     void updatePlaying() override;
 
+    std::shared_ptr<const MidiEventConfigurationMap> published = std::make_shared<const MidiEventConfigurationMap>();
     MidiInputMessageManager messageManager;
 };
 }  // namespace Backend::MidiInput

@@ -60,6 +60,17 @@ OscManager::OscManager(OrvIF& backend, MessageManagerMaster& master)
 {
 }
 
+/// While held notes are kept, an oscillator with equal settings at the same place goes on playing.
+void OscManager::readContent(const XmlElement& section, OscList& into)
+{
+    const std::vector<Oscillator> before = into.getOscillators();
+    into.readXml(section);
+    if (!keepsNotes()) return;
+    for (const Oscillator& old : before)
+        if (Oscillator* const now = into.findElement(old.id); now != nullptr && now->asPlayed() == old.asPlayed())
+            now->playing = old.playing;
+}
+
 void OscManager::writeXml(std::ostream& out, int indent, std::span<const OscId> ids) const
 {
     getContent().writeXml(out, indent, ids);

@@ -53,7 +53,7 @@ private:
     template <class Change>
     void changeNamed(const SelectType& select, Change&& change);
     void setSpeed(Oscillator& oscillator, std::int32_t speed);
-    void readContent(const XmlElement& section, OscList& into) override { into.readXml(section); }
+    void readContent(const XmlElement& section, OscList& into) override;
     void updatePlaying() override;
 
     OscMessageManager messageManager;

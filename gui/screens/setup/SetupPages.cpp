@@ -83,6 +83,7 @@ void SetupPages::makePages()
     Property::setHelp(globalKeyboard.getControl(),
                       QString::fromStdString(GlobalKeyboard::describe(gui.getGlobalKeyboardReason())));
     add<SwitchField>(Switches::MIDI_THRU, playing);
+    add<SwitchField>(Switches::KEEP_NOTES, playing);
     add<SwitchField>(Switches::CLICK_ZONE_CHANNEL_TRANSPOSE, playing);
     add<NumberField>(MOUSE_SENSITIVITY, playing);
 
