@@ -35,6 +35,20 @@ void EngineBench::followWithControls()
     hasControls = true;
 }
 
+void EngineBench::keepNotes(int layers, bool older)
+{
+    constexpr int IN_EVERY_LAYER = 60;
+    engine.setKeepNotes(true);
+    if (!older) return;
+    auto others = Workload::layers(layers);
+    for (auto& layer : others) layer.velocity.value = 1;
+    engine.setLayerList(others);
+    engine.appendTimedEvent(OrvMidiMessage({.type = MessageType::noteOn, .d1 = IN_EVERY_LAYER, .d2 = 100, .input = 1}));
+    slice();
+    slice();
+    engine.setLayerList(Workload::layers(layers));
+}
+
 void EngineBench::playRound()
 {
     for (std::size_t next = 0; next < events.size();) {

@@ -44,6 +44,9 @@ public:
     /// slice.
     void followWithControls();
 
+    /// Held notes ring on over changes from now on. With `older`, one is held in as many layers that were replaced.
+    void keepNotes(int layers, bool older);
+
     /// Plays all events once.
     void playRound();
 

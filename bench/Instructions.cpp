@@ -17,13 +17,14 @@ using Backend::MidiEngine::MidiOutputPorts;
 
 namespace
 {
-enum class Controls { none, followed };
+enum class Extra { none, followed, kept, older };
 
 void play(const std::vector<Workload::Event>& workload, int rounds, EngineBench::Path path, int layers = 0,
-          Controls controls = Controls::none)
+          Extra extra = Extra::none)
 {
     EngineBench bench(workload, path, layers);
-    if (controls == Controls::followed) bench.followWithControls();
+    if (extra == Extra::followed) bench.followWithControls();
+    if (extra == Extra::kept || extra == Extra::older) bench.keepNotes(layers, extra == Extra::older);
     for (int round = 0; round < rounds; ++round) bench.playRound();
 }
 
@@ -87,8 +88,12 @@ int main(int argc, char** argv)
         play(Workload::notes(), rounds, EngineBench::Path::layers, std::atoi(argv[1] + 6));
     else if (path.starts_with("mix_"))
         play(Workload::mix(), rounds, EngineBench::Path::layers, std::atoi(argv[1] + 4));
+    else if (path.starts_with("kept_"))
+        play(Workload::notes(), rounds, EngineBench::Path::layers, std::atoi(argv[1] + 5), Extra::kept);
+    else if (path.starts_with("older_"))
+        play(Workload::notes(), rounds, EngineBench::Path::layers, std::atoi(argv[1] + 6), Extra::older);
     else if (path.starts_with("controls_"))
-        play(Workload::mix(), rounds, EngineBench::Path::layers, std::atoi(argv[1] + 9), Controls::followed);
+        play(Workload::mix(), rounds, EngineBench::Path::layers, std::atoi(argv[1] + 9), Extra::followed);
     else if (path == "idle_pulse")
         idlePulses(rounds);
     else if (path.starts_with("arpeggios_"))

@@ -19,6 +19,8 @@ per named_output 65536 event
 per default_output 65536 event
 for layers in 1 4 16 64; do per notes_$layers 65536 "event, through $layers layers"; done
 for layers in 1 4 16 64; do per mix_$layers 65536 "event, through $layers layers"; done
+for layers in 1 4 16 64; do per kept_$layers 65536 "event, through $layers layers, while notes are kept"; done
+for layers in 1 4 16 64; do per older_$layers 65536 "event, the same with a note held in older layers"; done
 for layers in 1 16; do per controls_$layers 65536 "event, through $layers layers, followed by controls"; done
 per idle_pulse 65536 pulse
 for kind in idle chord up down up_down; do per arpeggios_$kind 65536 "pulse, with 16 arpeggios"; done

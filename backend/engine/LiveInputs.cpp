@@ -6,7 +6,7 @@ namespace Backend::MidiEngine
 {
 LiveInputs::Way LiveInputs::findWay(const OrvMidiMessage& received) const
 {
-    return isEnabled(received.getInput()) ? findWay(received, translations.now()) : Way{};
+    return takesEvents(received.getInput()) ? findWay(received, translations.now()) : Way{};
 }
 
 void LiveInputs::follow(const OrvMidiMessage& event)
@@ -18,7 +18,7 @@ void LiveInputs::follow(const OrvMidiMessage& event)
 void LiveInputs::setPorts(const MidiInputPorts& ports, Held& room)
 {
     for (std::size_t input = 0; input < INPUTS; ++input) {
-        enabled[input] = MidiEngine::isEnabled(ports, static_cast<int>(input));
+        enabled[input] = isEnabled(ports, static_cast<int>(input));
         if (enabled[input] && !held[input]) held[input] = std::move(room[input]);
     }
 }

@@ -62,7 +62,7 @@ public:
         const auto* const entry = map.findTranslations(received);
         return {.isDirect = entry == nullptr || !entry->executesFunction(received), .entry = entry};
     }
-    bool isEnabled(int input) const { return input >= 0 && enabled[static_cast<std::size_t>(input)]; }
+    bool takesEvents(int input) const { return input >= 0 && enabled[static_cast<std::size_t>(input)]; }
 
     /// Calls `play(OrvMidiMessage&)` for each event that is played for one that goes the direct way.
     template <class Play>

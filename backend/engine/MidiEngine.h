@@ -25,6 +25,7 @@
 #include "backend/engine/RandomSource.h"
 #include "backend/engine/SentPairs.h"
 #include "backend/engine/Slice.h"
+#include "backend/engine/UsualPresses.h"
 #include "backend/messages/MidiEngineMessageManager.h"
 #include "backend/model/MidiPort.h"
 #include "backend/values/OrvMidiMessage.h"
@@ -284,11 +285,14 @@ private:
     void record(Slice& slice, const OrvMidiMessage& event) REQUIRES(criticalSection);
     void show(Slice& slice, const OrvMidiMessage& event) REQUIRES(criticalSection);
     void postToWindow(Slice& slice, Message message) REQUIRES(criticalSection);
-    void playRemembered(Slice& slice, OrvMidiMessage& note) REQUIRES(criticalSection);
-    bool rememberPress(PressMemory::Key key, const OrvMidiMessage& noteOn) REQUIRES(criticalSection);
+    [[gnu::noinline]] void playRemembered(Slice& slice, OrvMidiMessage& note) REQUIRES(criticalSection);
+    [[gnu::noinline]] void playKept(Slice& slice, OrvMidiMessage& note) REQUIRES(criticalSection);
+    bool rememberPress(PressMemory::Key key, const OrvMidiMessage& noteOn, std::uint32_t count = 1)
+        REQUIRES(criticalSection);
+    void moveUsual(Slice& slice, int note) REQUIRES(criticalSection);
     void playToTakers(Slice& slice, const OrvMidiMessage& noteOff, PressMemory::Index run) REQUIRES(criticalSection);
     void playPedal(Slice& slice, OrvMidiMessage& event) REQUIRES(criticalSection);
-    void freeLayersLater(Slice& slice) REQUIRES(criticalSection);
+    void freeSilentLayersLater(Slice& slice) REQUIRES(criticalSection);
     void playOn(Slice& slice, OrvMidiMessage& event) REQUIRES(criticalSection);
     void playThroughLayers(Slice& slice, const OrvMidiMessage& event) REQUIRES(criticalSection);
 
@@ -334,8 +338,9 @@ private:
     int resetsUnderWay GUARDED_BY(criticalSection) = 0;
     int keptTempoSource GUARDED_BY(criticalSection) = -1;
     bool keepNotes GUARDED_BY(criticalSection) = false;
-    bool remembersAll GUARDED_BY(criticalSection) = false;  // all presses, not only those in zones
     Layers::LayersInPlay layers GUARDED_BY(criticalSection);
+    bool remembersAll GUARDED_BY(criticalSection) = false;      // all presses, not only those in zones
+    bool olderMayBeSilent GUARDED_BY(criticalSection) = false;  // an older layer has been played or reset
     bool silentLayersPosted GUARDED_BY(criticalSection) = false;
     Oscillators::EngineOscList oscillators GUARDED_BY(criticalSection);
     RandomSource random GUARDED_BY(criticalSection);
@@ -343,6 +348,7 @@ private:
     Layers::PulseSpan arpeggiosIdle GUARDED_BY(criticalSection);  // the pulses in which no arpeggio does anything
     Zones::EngineZones zones GUARDED_BY(criticalSection);
     PressMemory presses GUARDED_BY(criticalSection);
+    UsualPresses usualPresses GUARDED_BY(criticalSection);  // while held notes are kept
     SentPairs sentPairs GUARDED_BY(criticalSection);
     PedalMemory pedals GUARDED_BY(criticalSection);
     DefaultOutputMemory directOutputs GUARDED_BY(criticalSection);

@@ -122,6 +122,7 @@ void MidiEngine::executeReset(Slice& slice, const OrvMidiMessage& order, ResetRe
         pedals.clear();
     }
     remembersAll = keepNotes || layers.now().hasVelocityRange();
+    olderMayBeSilent = layers.hasOlder();
 }
 
 /// Held notes ring on.
@@ -132,6 +133,7 @@ void MidiEngine::replaceRinging(Slice& slice, ResetRequest& request)
         oscillators.swap(*request.oscillators);
     }
     if (!request.layers) return;
+    for (int note = 0; note < NoteCounters::NOTES * 2; ++note) moveUsual(slice, note);
     layers.replaceRinging(slice, *this, presses, *request.layers);
     updateStartTime(slice);
     wakeArpeggios(slice);
@@ -145,6 +147,7 @@ void MidiEngine::reset(Slice& slice)
         playMidiInternal(slice, noteOff, false);
     });
     presses.clear();
+    usualPresses.clear();
     layers.reset(slice, *this);
     startTime = -1;
     wakeArpeggios(slice);

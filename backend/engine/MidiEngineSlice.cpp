@@ -33,7 +33,7 @@ void MidiEngine::playTimeSlice(std::int32_t startPpq, std::int32_t endPpq)
         drain(slice, endPpq);
         walk(slice, startPpq, endPpq);
         requeue();
-        if (layers.hasOlder()) freeLayersLater(slice);
+        if (olderMayBeSilent) freeSilentLayersLater(slice);
         nextPulse = endPpq;
         slice.drops.swap(drops);
     }
@@ -75,7 +75,7 @@ bool MidiEngine::releaseLive(Slice& slice, const OrvMidiMessage& event, const Or
     const auto isDirect = [&](const InputTranslations::Shared& map) {
         return LiveInputs::findWay(received, *map).isDirect;
     };
-    if (!liveInputs.isEnabled(event.getInput()) || !liveInputs.getTranslations().allPresses(received, isDirect))
+    if (!liveInputs.takesEvents(event.getInput()) || !liveInputs.getTranslations().allPresses(received, isDirect))
         return false;
     startLive(slice, event);
     liveInputs.getTranslations().release(received, [&](const InputTranslations::Shared& map) {
@@ -189,6 +189,7 @@ void MidiEngine::playArpeggios(Slice& slice, std::int32_t ppq)
     layers.forEachArpeggio(
         [&](const Layers::EngineLayer& layer) { until = std::min(until, layer.nextArpeggioPulse(ppq, start)); });
     arpeggiosIdle = {.from = ppq, .until = until};
+    olderMayBeSilent = layers.hasOlder();
 }
 
 void MidiEngine::updateStartTime(Slice&)
@@ -200,8 +201,9 @@ void MidiEngine::updateStartTime(Slice&)
 }
 
 /// The command thread frees older layers that have nothing left to play.
-void MidiEngine::freeLayersLater(Slice& slice)
+void MidiEngine::freeSilentLayersLater(Slice& slice)
 {
+    olderMayBeSilent = false;
     if (silentLayersPosted || !layers.hasSilent(presses)) return;
     silentLayersPosted = true;
     messageManager.postFreeSilentLayersFromSlice();
@@ -226,7 +228,8 @@ void MidiEngine::playMidi(Slice& slice, OrvMidiMessage& event)
         if (event.isInputMarker()) return deferred.settle(event.getInput());
         return drop(slice, event, "no such channel or output");
     }
-    if (event.isNote() && (event.getZone() >= 0 || remembersAll)) return playRemembered(slice, event);
+    if (event.isNote() && (event.getZone() >= 0 || remembersAll))
+        return keepNotes ? playKept(slice, event) : playRemembered(slice, event);
     if (keepNotes && event.isPedal()) return playPedal(slice, event);
     playOn(slice, event);
 }
@@ -274,6 +277,7 @@ void MidiEngine::playRemembered(Slice& slice, OrvMidiMessage& note)
 {
     const PressMemory::Key key = PressMemory::keyOf(note);
     const bool isInZone = note.getZone() >= 0;
+    const bool isUsual = keepNotes && UsualPresses::isUsual(note);
     const bool hasVelocityRange = layers.now().hasVelocityRange();
     if (note.isNoteOn()) {
         if (isInZone) note.setD1(zones.press(note));
@@ -282,6 +286,7 @@ void MidiEngine::playRemembered(Slice& slice, OrvMidiMessage& note)
     }
     const bool isKnown = presses.release(key, [&](const PressMemory::Run& run, PressMemory::Index index) {
         Slice::proves(criticalSection);
+        if (isUsual && run.count > 0) usualPresses.removeElsewhere(note.getD1());
         OrvMidiMessage noteOff = note;
         noteOff.setD1(run.outcome.value);
         const bool isOlder = keepNotes && run.generation != layers.getGeneration() && isForLayers(note);
@@ -299,13 +304,14 @@ void MidiEngine::playRemembered(Slice& slice, OrvMidiMessage& note)
 
 /// Remembers a press with its sounding note. While held notes are kept, two presses have one outcome only if the same
 /// layers took them; as long as the layers are not replaced, that is the case. False if the memory is full.
-bool MidiEngine::rememberPress(PressMemory::Key key, const OrvMidiMessage& noteOn)
+bool MidiEngine::rememberPress(PressMemory::Key key, const OrvMidiMessage& noteOn, std::uint32_t count)
 {
     const std::uint8_t velocity = noteOn.getD2();
     const PressMemory::Press press{
         .outcome = {.value = noteOn.getD1(), .velocityClass = layers.now().getVelocityClass(velocity)},
         .velocity = velocity,
-        .generation = layers.getGeneration()};
+        .generation = layers.getGeneration(),
+        .count = count};
     if (!keepNotes) return presses.press(key, press);
     const bool hasTakers = isForLayers(noteOn);
     const auto isSame = [&](const PressMemory::Run& run, PressMemory::Index index) {
@@ -315,13 +321,46 @@ bool MidiEngine::rememberPress(PressMemory::Key key, const OrvMidiMessage& noteO
                (!hasTakers || run.generation == press.generation || layers.areTakers(index, noteOn));
     };
     const auto [run, isNew] = presses.press(key, press, isSame);
-    if (run != PressMemory::NONE && isNew && hasTakers) layers.setTakers(run, noteOn);
-    return run != PressMemory::NONE;
+    if (run == PressMemory::NONE) return false;
+    if (isNew && hasTakers) layers.setTakers(run, noteOn);
+    if (UsualPresses::isUsual(noteOn)) usualPresses.addElsewhere(noteOn.getD1(), count);
+    return true;
+}
+
+/// Plays a note while held notes are kept.
+void MidiEngine::playKept(Slice& slice, OrvMidiMessage& note)
+{
+    if (!UsualPresses::isUsual(note)) return playRemembered(slice, note);
+    const Layers::EngineLayerList& list = layers.now();
+    if (note.isNoteOn()) {
+        if (!usualPresses.press(note, list.getVelocityClass(note.getD2()))) {
+            if (usualPresses.has(note)) moveUsual(slice, note.getD1());
+            return playRemembered(slice, note);
+        }
+    } else {
+        const int velocity = usualPresses.release(note);
+        if (velocity == UsualPresses::NOT_HERE) return playRemembered(slice, note);
+        if (list.hasVelocityRange()) note.setD2(velocity);
+    }
+    playThroughLayers(slice, note);
+}
+
+/// Moves the usual presses of a note to the memory for all others, with the layers that took them. If that is full,
+/// they end.
+void MidiEngine::moveUsual(Slice& slice, int note)
+{
+    usualPresses.take(note, [&](OrvMidiMessage event, std::uint32_t count) {
+        Slice::proves(criticalSection);
+        if (rememberPress(PressMemory::keyOf(event), event, count)) return;
+        event.setToNoteOff();
+        for (; count > 0; --count) playThroughLayers(slice, event);
+    });
 }
 
 /// A note-off of a press that layers of an earlier moment took.
 void MidiEngine::playToTakers(Slice& slice, const OrvMidiMessage& noteOff, PressMemory::Index run)
 {
+    olderMayBeSilent = true;
     const DefaultRoute route(noteOff, defaultMidiOutput);
     layers.forEachTaker(run, [&](Layers::EngineLayer& layer) { layer.playTaken(slice, *this, noteOff, route); });
 }

@@ -38,12 +38,12 @@ public:
 
     /// Presses of a key with equal outcomes.
     struct Run {
-        Key key;
-        std::uint32_t count;       ///< of open presses; 0 only if the key has no other run
-        std::uint32_t generation;  ///< of the layers that the latest press met, see `MidiEngine`
-        Index next;
+        Key key = 0;
+        std::uint32_t count = 0;       ///< of open presses; 0 only if the key has no other run
+        std::uint32_t generation = 0;  ///< of the layers that the latest press met, see `MidiEngine`
+        Index next = NONE;
         Outcome outcome;
-        std::uint8_t velocity;  ///< of the latest press
+        std::uint8_t velocity = 0;  ///< of the latest press
     };
 
     /// One press, or `count` presses that are alike.
