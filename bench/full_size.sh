@@ -4,6 +4,7 @@
 #     performer   10,000,000 steps of the restless performer, silent after every 400
 #     saves       1,000 kills at random moments of saves
 #     keys        from a key to the player, without saves and during saves into a bank of 1,000
+#     changes     10,000 program changes under held notes, by both ways of live input
 #     restarts    100 kills and restarts of the JACK server under a stream of notes
 #     fuzzers     each fuzzer 10,000,000 inputs or 5 minutes, two at a time
 #     asan, tsan  every test under the sanitizer
@@ -54,6 +55,11 @@ restarts() {
     nice -n 10 python3 bench/endurance.py build/release/bin/orvane build/release/bin/midi_peer restarts 100
 }
 
+changes() {
+    build release orvane || return 1
+    nice -n 10 python3 bench/program_changes.py build/release/bin/orvane
+}
+
 fuzz_one() {
     log=$LOGS/${1##*/}.log
     kept=build/fuzz/corpus/${1##*/}
@@ -86,7 +92,7 @@ if [ "${1:-}" = fuzz_one ]; then
     exit
 fi
 status=0
-[ $# -gt 0 ] || set -- saves keys restarts performer fuzzers asan tsan
+[ $# -gt 0 ] || set -- saves keys changes restarts performer fuzzers asan tsan
 for run in "$@"; do
     echo "--- $run"
     "$run" || status=1

@@ -1,15 +1,14 @@
 #include "host/midi/PendingNoteOffs.h"
 
+#include <array>
 #include <utility>
 
 namespace Host
 {
 namespace
 {
-constexpr std::uint8_t SUSTAIN = 64;
-constexpr std::uint8_t SOSTENUTO = 66;
+constexpr std::array<std::uint8_t, 3> PEDALS{64, 66, 67};
 constexpr std::uint8_t RELEASE_VELOCITY = 64;
-constexpr int PEDAL_DOWN = 64;  // and above
 constexpr std::uint32_t QUARTER_SECOND = 250;
 }  // namespace
 
@@ -22,7 +21,7 @@ ShortMessage noteOff(std::size_t index)
 
 ShortMessage PendingNoteOffs::pedalUp(std::size_t index)
 {
-    return {{static_cast<std::uint8_t>(0xB0 | index % CHANNELS), index < CHANNELS ? SUSTAIN : SOSTENUTO, 0}, 3};
+    return {{static_cast<std::uint8_t>(0xB0 | index % CHANNELS), PEDALS[index / CHANNELS], 0}, 3};
 }
 
 void PendingNoteOffs::setSounding(std::size_t index, bool sounds)
@@ -48,8 +47,8 @@ void PendingNoteOffs::record(const ShortMessage& message)
     if (message.endsNote()) setSounding(noteIndex(message), false);
     if (!message.isController()) return;
     const auto channel = static_cast<std::size_t>(message.channel());
-    if (message.bytes[1] == SUSTAIN) setPedal(channel, message.bytes[2] >= PEDAL_DOWN);
-    if (message.bytes[1] == SOSTENUTO) setPedal(CHANNELS + channel, message.bytes[2] >= PEDAL_DOWN);
+    for (std::size_t pedal = 0; pedal < PEDALS.size(); ++pedal)  // half a pedal is down too
+        if (message.bytes[1] == PEDALS[pedal]) setPedal(pedal * CHANNELS + channel, message.bytes[2] > 0);
 }
 
 void PendingNoteOffs::beginDelivery(std::uint32_t milliseconds)

@@ -24,8 +24,8 @@ inline std::size_t noteIndex(const ShortMessage& message)
 ShortMessage noteOff(std::size_t index);
 
 /// Tracks the notes that sound at the receivers of an output, and the note-offs that some receiver may not have got.
-/// Pedals (sustain and sostenuto, controllers 64 and 66) are tracked in the same way as notes: a pedal that is up is
-/// the "note-off" of one that is down. It keeps five sets:
+/// Pedals (sustain, sostenuto and soft, controllers 64, 66 and 67) are tracked in the same way as notes: a pedal that
+/// is up is the "note-off" of one that is down. It keeps five sets:
 ///
 /// | set         | holds                                                    | filled by          | emptied by         |
 /// |-------------|----------------------------------------------------------|--------------------|--------------------|
@@ -95,7 +95,7 @@ public:
 private:
     struct Notes {
         NoteSet notes;
-        std::bitset<2 * CHANNELS> pedals;  // sustain, then sostenuto
+        std::bitset<3 * CHANNELS> pedals;  // sustain, sostenuto, soft
     };
 
     static void add(Notes& to, const Notes& notes)
