@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "backend/values/Key.h"
 #include "keyboardhook/KeyTable.h"
 #include "platform/DbgStream.h"
 
@@ -12,7 +13,7 @@ namespace
 KeySet makeKeyboard()
 {
     KeySet keys;
-    for (const auto& place : KeyTable::PLACES) keys.set(place.scanCode);
+    for (const auto& place : KeyTable::getPlaces()) keys.set(place.scanCode);
     return keys;
 }
 const KeySet KEYBOARD_KEYS = makeKeyboard();
@@ -21,8 +22,9 @@ struct ModifierKey {
     int virtualKey;
     Modifiers modifier;
 };
-constexpr ModifierKey MODIFIER_KEYS[] = {{16, SHIFT}, {1, SHIFT}, {17, CONTROL}, {225, CONTROL},
-                                         {164, ALT},  {165, ALT}, {91, WIN},     {92, WIN}};
+constexpr ModifierKey MODIFIER_KEYS[] = {
+    {Key::LEFT_SHIFT, SHIFT}, {Key::RIGHT_SHIFT, SHIFT}, {Key::LEFT_CONTROL, CONTROL}, {Key::RIGHT_CONTROL, CONTROL},
+    {Key::LEFT_ALT, ALT},     {Key::RIGHT_ALT, ALT},     {Key::LEFT_WINDOWS, WIN},     {Key::RIGHT_WINDOWS, WIN}};
 
 std::uint8_t modifiersOf(const KeySet& keys)
 {

@@ -10,6 +10,21 @@
 /// A computer key with the modifiers held. Codes are Windows virtual key codes of eight bits, with own codes for keys
 /// that these do not distinguish. Keys are compared, sorted and sent to other threads in their packed form.
 struct ORV_API Key {
+    /// The codes of the keys that are not the letter or the digit on them.
+    // clang-format off
+    enum Code : std::uint8_t {
+        RIGHT_SHIFT = 1, PRINT_SCREEN = 5, BACKSPACE = 8, TAB, ENTER = 13, LEFT_SHIFT = 16, LEFT_CONTROL, PAUSE = 19,
+        CAPS_LOCK, ESCAPE = 27, SPACE = 32, PAGE_UP, PAGE_DOWN, END, HOME, LEFT, UP, RIGHT, DOWN, INSERT = 45, DELETE,
+        LEFT_WINDOWS = 91, RIGHT_WINDOWS, MENU,  ///< `MENU` is "Windows Key" in files
+        NUMPAD_0 = 96, NUMPAD_1, NUMPAD_2, NUMPAD_3, NUMPAD_4, NUMPAD_5, NUMPAD_6, NUMPAD_7, NUMPAD_8, NUMPAD_9,
+        NUMPAD_MULTIPLY, NUMPAD_ADD, NUMPAD_SUBTRACT = 109, NUMPAD_PERIOD, NUMPAD_DIVIDE,
+        F1, F2, F3, F4, F5, F6, F7, F8, F9, F10, F11, F12, NUM_LOCK = 144, SCROLL_LOCK, LEFT_ALT = 164, RIGHT_ALT,
+        SEMICOLON = 186, EQUALS, COMMA, MINUS, PERIOD, SLASH, QUOTE, LEFT_BRACKET = 219, BACKSLASH, RIGHT_BRACKET,
+        APOSTROPHE, RIGHT_OF_LEFT_SHIFT,  ///< `VK_OEM_8`, because 226 is taken; the key has no name
+        RIGHT_CONTROL = 225, NUMPAD_ENTER
+    };
+    // clang-format on
+
     std::int32_t keyCode = -1;  ///< -1 for no key
     bool shift = false;
     bool control = false;

@@ -87,7 +87,7 @@ void GlobalKeyboard::setKeys(const KeyConfigurationMap& keys)
 GlobalKeyboard::Codes GlobalKeyboard::findExcluded(const KeyConfigurationMap& keys)
 {
     Codes codes;
-    for (const auto& place : KeyTable::PLACES) codes.insert(place.virtualKey);
+    for (const auto& place : KeyTable::getPlaces()) codes.insert(place.virtualKey);
     forEach(keys, [&codes](const KeyConfiguration& configuration) {
         if (configuration.global && !configuration.isEmpty()) codes.erase(configuration.key.keyCode);
     });

@@ -6,14 +6,7 @@ namespace Gui
 {
 namespace
 {
-constexpr int LEFT_SHIFT = 16;
-constexpr int RIGHT_SHIFT = 1;
-constexpr int LEFT_CONTROL = 17;
-constexpr int RIGHT_CONTROL = 225;
-constexpr int LEFT_ALT = 164;
-constexpr int RIGHT_ALT = 165;
-constexpr int LEFT_WINDOWS = 91;
-constexpr int RIGHT_WINDOWS = 92;
+using enum Key::Code;
 
 struct ModifierKey {
     int code;

@@ -9,6 +9,8 @@ namespace Gui
 {
 namespace
 {
+using enum Key::Code;
+
 struct Meaning {
     int key;  ///< of Qt::Key
     int code;
@@ -16,32 +18,34 @@ struct Meaning {
 
 // clang-format off
 constexpr Meaning MEANINGS[] = {
-    {Qt::Key_Shift, 16}, {Qt::Key_Control, 17}, {Qt::Key_Alt, 164}, {Qt::Key_AltGr, 165}, {Qt::Key_Meta, 91},
-    {Qt::Key_Super_L, 91}, {Qt::Key_Super_R, 92}, {Qt::Key_Menu, 93},
-    {Qt::Key_Backspace, 8}, {Qt::Key_Tab, 9}, {Qt::Key_Backtab, 9}, {Qt::Key_Return, 13}, {Qt::Key_Enter, 226},
-    {Qt::Key_Pause, 19}, {Qt::Key_CapsLock, 20}, {Qt::Key_Escape, 27}, {Qt::Key_Space, 32}, {Qt::Key_PageUp, 33},
-    {Qt::Key_PageDown, 34}, {Qt::Key_End, 35}, {Qt::Key_Home, 36}, {Qt::Key_Left, 37}, {Qt::Key_Up, 38},
-    {Qt::Key_Right, 39}, {Qt::Key_Down, 40}, {Qt::Key_Insert, 45}, {Qt::Key_Delete, 46}, {Qt::Key_Print, 5},
-    {Qt::Key_NumLock, 144}, {Qt::Key_ScrollLock, 145},
-    {Qt::Key_Exclam, '1'}, {Qt::Key_At, '2'}, {Qt::Key_NumberSign, '3'}, {Qt::Key_Dollar, '4'},
-    {Qt::Key_Percent, '5'}, {Qt::Key_AsciiCircum, '6'}, {Qt::Key_Ampersand, '7'}, {Qt::Key_Asterisk, '8'},
-    {Qt::Key_ParenLeft, '9'}, {Qt::Key_ParenRight, '0'},
-    {Qt::Key_Semicolon, 186}, {Qt::Key_Colon, 186}, {Qt::Key_Equal, 187}, {Qt::Key_Plus, 187}, {Qt::Key_Comma, 188},
-    {Qt::Key_Less, 188}, {Qt::Key_Minus, 189}, {Qt::Key_Underscore, 189}, {Qt::Key_Period, 190},
-    {Qt::Key_Greater, 190}, {Qt::Key_Slash, 191}, {Qt::Key_Question, 191}, {Qt::Key_QuoteLeft, 192},
-    {Qt::Key_AsciiTilde, 192}, {Qt::Key_BracketLeft, 219}, {Qt::Key_BraceLeft, 219}, {Qt::Key_Backslash, 220},
-    {Qt::Key_Bar, 220}, {Qt::Key_BracketRight, 221}, {Qt::Key_BraceRight, 221}, {Qt::Key_Apostrophe, 222},
-    {Qt::Key_QuoteDbl, 222},
+    {Qt::Key_Shift, LEFT_SHIFT}, {Qt::Key_Control, LEFT_CONTROL}, {Qt::Key_Alt, LEFT_ALT}, {Qt::Key_AltGr, RIGHT_ALT},
+    {Qt::Key_Meta, LEFT_WINDOWS}, {Qt::Key_Super_L, LEFT_WINDOWS}, {Qt::Key_Super_R, RIGHT_WINDOWS},
+    {Qt::Key_Menu, MENU}, {Qt::Key_Backspace, BACKSPACE}, {Qt::Key_Tab, TAB}, {Qt::Key_Backtab, TAB},
+    {Qt::Key_Return, ENTER}, {Qt::Key_Enter, NUMPAD_ENTER}, {Qt::Key_Pause, PAUSE}, {Qt::Key_CapsLock, CAPS_LOCK},
+    {Qt::Key_Escape, ESCAPE}, {Qt::Key_Space, SPACE}, {Qt::Key_PageUp, PAGE_UP}, {Qt::Key_PageDown, PAGE_DOWN},
+    {Qt::Key_End, END}, {Qt::Key_Home, HOME}, {Qt::Key_Left, LEFT}, {Qt::Key_Up, UP}, {Qt::Key_Right, RIGHT},
+    {Qt::Key_Down, DOWN}, {Qt::Key_Insert, INSERT}, {Qt::Key_Delete, DELETE}, {Qt::Key_Print, PRINT_SCREEN},
+    {Qt::Key_NumLock, NUM_LOCK}, {Qt::Key_ScrollLock, SCROLL_LOCK}, {Qt::Key_Exclam, '1'}, {Qt::Key_At, '2'},
+    {Qt::Key_NumberSign, '3'}, {Qt::Key_Dollar, '4'}, {Qt::Key_Percent, '5'}, {Qt::Key_AsciiCircum, '6'},
+    {Qt::Key_Ampersand, '7'}, {Qt::Key_Asterisk, '8'}, {Qt::Key_ParenLeft, '9'}, {Qt::Key_ParenRight, '0'},
+    {Qt::Key_Semicolon, SEMICOLON}, {Qt::Key_Colon, SEMICOLON}, {Qt::Key_Equal, EQUALS}, {Qt::Key_Plus, EQUALS},
+    {Qt::Key_Comma, COMMA}, {Qt::Key_Less, COMMA}, {Qt::Key_Minus, MINUS}, {Qt::Key_Underscore, MINUS},
+    {Qt::Key_Period, PERIOD}, {Qt::Key_Greater, PERIOD}, {Qt::Key_Slash, SLASH}, {Qt::Key_Question, SLASH},
+    {Qt::Key_QuoteLeft, QUOTE}, {Qt::Key_AsciiTilde, QUOTE}, {Qt::Key_BracketLeft, LEFT_BRACKET},
+    {Qt::Key_BraceLeft, LEFT_BRACKET}, {Qt::Key_Backslash, BACKSLASH}, {Qt::Key_Bar, BACKSLASH},
+    {Qt::Key_BracketRight, RIGHT_BRACKET}, {Qt::Key_BraceRight, RIGHT_BRACKET}, {Qt::Key_Apostrophe, APOSTROPHE},
+    {Qt::Key_QuoteDbl, APOSTROPHE},
 };
 
 // The keys with another meaning on the keypad.
 constexpr Meaning KEYPAD[] = {
-    {Qt::Key_Asterisk, 106}, {Qt::Key_Plus, 107}, {Qt::Key_Minus, 109}, {Qt::Key_Period, 110}, {Qt::Key_Comma, 110},
-    {Qt::Key_Slash, 111}, {Qt::Key_Enter, 226}, {Qt::Key_Return, 226},
+    {Qt::Key_Asterisk, NUMPAD_MULTIPLY}, {Qt::Key_Plus, NUMPAD_ADD}, {Qt::Key_Minus, NUMPAD_SUBTRACT},
+    {Qt::Key_Period, NUMPAD_PERIOD}, {Qt::Key_Comma, NUMPAD_PERIOD}, {Qt::Key_Slash, NUMPAD_DIVIDE},
+    {Qt::Key_Enter, NUMPAD_ENTER}, {Qt::Key_Return, NUMPAD_ENTER},
     // Without Num Lock
-    {Qt::Key_Insert, 96}, {Qt::Key_End, 97}, {Qt::Key_Down, 98}, {Qt::Key_PageDown, 99}, {Qt::Key_Left, 100},
-    {Qt::Key_Clear, 101}, {Qt::Key_Right, 102}, {Qt::Key_Home, 103}, {Qt::Key_Up, 104}, {Qt::Key_PageUp, 105},
-    {Qt::Key_Delete, 110},
+    {Qt::Key_Insert, NUMPAD_0}, {Qt::Key_End, NUMPAD_1}, {Qt::Key_Down, NUMPAD_2}, {Qt::Key_PageDown, NUMPAD_3},
+    {Qt::Key_Left, NUMPAD_4}, {Qt::Key_Clear, NUMPAD_5}, {Qt::Key_Right, NUMPAD_6}, {Qt::Key_Home, NUMPAD_7},
+    {Qt::Key_Up, NUMPAD_8}, {Qt::Key_PageUp, NUMPAD_9}, {Qt::Key_Delete, NUMPAD_PERIOD},
 };
 // clang-format on
 
@@ -54,8 +58,6 @@ int findCode(const Meaning (&meanings)[SIZE], int key)
 
 int codeByMeaning(int key, bool onKeypad)
 {
-    constexpr int NUMPAD_0 = 96;
-    constexpr int F1 = 112;
     const bool isDigit = key >= Qt::Key_0 && key <= Qt::Key_9;
     if (onKeypad && isDigit) return NUMPAD_0 + key - Qt::Key_0;
     if (const int code = onKeypad ? findCode(KEYPAD, key) : -1; code >= 0) return code;

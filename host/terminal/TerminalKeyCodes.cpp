@@ -8,25 +8,7 @@ namespace Host
 {
 namespace
 {
-enum Code : std::int32_t {
-    BACKSPACE = 8,
-    TAB = 9,
-    ENTER = 13,
-    SPACE = 32,
-    PAGE_UP = 33,
-    PAGE_DOWN = 34,
-    END = 35,
-    HOME = 36,
-    LEFT = 37,
-    UP = 38,
-    RIGHT = 39,
-    DOWN = 40,
-    INSERT = 45,
-    DELETE = 46,
-    NUMPAD_0 = 96,
-    F1 = 112,
-    NUMPAD_ENTER = 226
-};
+using enum Key::Code;
 
 /// A key by the character it types alone and with Shift.
 struct Signs {
@@ -35,11 +17,13 @@ struct Signs {
     std::int32_t code;
 };
 
-constexpr Signs SIGNS[] = {{'1', '!', '1'}, {'2', '@', '2'}, {'3', '#', '3'}, {'4', '$', '4'},  {'5', '%', '5'},
-                           {'6', '^', '6'}, {'7', '&', '7'}, {'8', '*', '8'}, {'9', '(', '9'},  {'0', ')', '0'},
-                           {';', ':', 186}, {'=', '+', 187}, {',', '<', 188}, {'-', '_', 189},  {'.', '>', 190},
-                           {'/', '?', 191}, {'`', '~', 192}, {'[', '{', 219}, {'\\', '|', 220}, {']', '}', 221},
-                           {'\'', '"', 222}};
+constexpr Signs SIGNS[] = {{'1', '!', '1'},        {'2', '@', '2'},           {'3', '#', '3'},
+                           {'4', '$', '4'},        {'5', '%', '5'},           {'6', '^', '6'},
+                           {'7', '&', '7'},        {'8', '*', '8'},           {'9', '(', '9'},
+                           {'0', ')', '0'},        {';', ':', SEMICOLON},     {'=', '+', EQUALS},
+                           {',', '<', COMMA},      {'-', '_', MINUS},         {'.', '>', PERIOD},
+                           {'/', '?', SLASH},      {'`', '~', QUOTE},         {'[', '{', LEFT_BRACKET},
+                           {'\\', '|', BACKSLASH}, {']', '}', RIGHT_BRACKET}, {'\'', '"', APOSTROPHE}};
 
 /// A key by the final letter or the number of its escape sequence.
 struct Ending {
@@ -47,16 +31,16 @@ struct Ending {
     std::int32_t code;
 };
 
-constexpr Ending LETTERS[] = {{'A', UP},  {'B', DOWN}, {'C', RIGHT},  {'D', LEFT},   {'H', HOME},
-                              {'F', END}, {'P', F1},   {'Q', F1 + 1}, {'R', F1 + 2}, {'S', F1 + 3}};
+constexpr Ending LETTERS[] = {{'A', UP},  {'B', DOWN}, {'C', RIGHT}, {'D', LEFT}, {'H', HOME},
+                              {'F', END}, {'P', F1},   {'Q', F2},    {'R', F3},   {'S', F4}};
 
-constexpr Ending NUMBERS[] = {{1, HOME},      {2, INSERT},  {3, DELETE},  {4, END},      {5, PAGE_UP},
-                              {6, PAGE_DOWN}, {7, HOME},    {8, END},     {11, F1},      {12, F1 + 1},
-                              {13, F1 + 2},   {14, F1 + 3}, {15, F1 + 4}, {17, F1 + 5},  {18, F1 + 6},
-                              {19, F1 + 7},   {20, F1 + 8}, {21, F1 + 9}, {23, F1 + 10}, {24, F1 + 11}};
+constexpr Ending NUMBERS[] = {{1, HOME}, {2, INSERT}, {3, DELETE}, {4, END},  {5, PAGE_UP}, {6, PAGE_DOWN}, {7, HOME},
+                              {8, END},  {11, F1},    {12, F2},    {13, F3},  {14, F4},     {15, F5},       {17, F6},
+                              {18, F7},  {19, F8},    {20, F9},    {21, F10}, {23, F11},    {24, F12}};
 
 // The keypad of a terminal in application keypad mode.
-constexpr Ending KEYPAD[] = {{'j', 106}, {'k', 107}, {'m', 109}, {'n', 110}, {'o', 111}, {'M', NUMPAD_ENTER}};
+constexpr Ending KEYPAD[] = {{'j', NUMPAD_MULTIPLY}, {'k', NUMPAD_ADD},    {'m', NUMPAD_SUBTRACT},
+                             {'n', NUMPAD_PERIOD},   {'o', NUMPAD_DIVIDE}, {'M', NUMPAD_ENTER}};
 
 std::optional<Key> findEnding(std::span<const Ending> endings, int sign)
 {

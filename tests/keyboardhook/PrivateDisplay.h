@@ -31,7 +31,7 @@ public:
 
     static std::uint8_t scanCodeOf(const std::string& key)
     {
-        for (const auto& place : KeyTable::PLACES)
+        for (const auto& place : KeyTable::getPlaces())
             if (nameOf(place.scanCode) == key) return place.scanCode;
         throw std::invalid_argument(key);
     }

@@ -34,7 +34,7 @@ template <class Value>
 bool mirrors(const Value& value)
 {
     if constexpr (std::is_same_v<Value, Key>)
-        return value.keyCode != 16 && value.keyCode != 17;
+        return value.keyCode != Key::LEFT_SHIFT && value.keyCode != Key::LEFT_CONTROL;
     else
         return true;
 }

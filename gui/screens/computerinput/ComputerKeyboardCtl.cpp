@@ -9,7 +9,6 @@
 #include "gui/keyboard/KeyPresses.h"
 #include "gui/screens/computerinput/FunctionCaption.h"
 #include "gui/screens/computerinput/KeyboardPlan.h"
-#include "keyboardhook/KeyTable.h"
 
 namespace Gui::ComputerInput
 {
@@ -38,7 +37,7 @@ bool isBlackKey(int note)
 
 QString nameOf(const Key& key)
 {
-    if (key.keyCode == KeyTable::KEY_RIGHT_OF_LEFT_SHIFT) return QObject::tr("The key right of the left Shift");
+    if (key.keyCode == Key::RIGHT_OF_LEFT_SHIFT) return QObject::tr("The key right of the left Shift");
     return QString::fromStdString(key.toXmlString());
 }
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <cstring>
 
+#include "backend/values/Key.h"
 #include "gui/keyboard/XKeyboard.h"
 #include "gui/screens/computerinput/KeyboardPlan.h"
 #include "keyboardhook/KeyTable.h"
@@ -10,13 +11,10 @@ namespace Gui::ComputerInput
 {
 namespace
 {
-constexpr int NUMPAD_0 = 96;
-constexpr int NUMPAD_SLASH = 111;
-
 /// The keypad types other characters with Num Lock; its labels are the same on every layout.
 bool followsLayout(const PlannedKey& key)
 {
-    return std::strlen(key.label) == 1 && (key.code < NUMPAD_0 || key.code > NUMPAD_SLASH);
+    return std::strlen(key.label) == 1 && (key.code < Key::NUMPAD_0 || key.code > Key::NUMPAD_DIVIDE);
 }
 }  // namespace
 
