@@ -4,7 +4,6 @@
 #include <ostream>
 #include <string>
 #include <string_view>
-#include <tuple>
 
 #include "backend/xml/XmlElement.h"
 #include "backend/xml/XmlWriter.h"
@@ -48,24 +47,21 @@ void readAttribute(const XmlElement& element, std::string_view name, Value& valu
     value = Value::fromXmlString(element.getAttribute(name, value.toXmlString()));
 }
 
-/// Reads, writes and compares the parameters of a family: `Family::attributes()` lists them as a tuple of Attribute, in
-/// the order in which they are written.
+/// Reads, writes and compares the parameters of a family: `Family::attributes(use)` calls `use` with an Attribute for
+/// each of them, in the order in which they are written.
 template <class Family>
 void writeAttributes(std::ostream& out, const Family& family)
 {
-    std::apply([&](const auto&... row) { (writeAttribute(out, row.name, family.*row.member), ...); },
-               Family::attributes());
+    Family::attributes([&](const auto&... row) { (writeAttribute(out, row.name, family.*row.member), ...); });
 }
 template <class Family>
 void readAttributes(const XmlElement& element, Family& family)
 {
-    std::apply([&](const auto&... row) { (readAttribute(element, row.name, family.*row.member), ...); },
-               Family::attributes());
+    Family::attributes([&](const auto&... row) { (readAttribute(element, row.name, family.*row.member), ...); });
 }
 template <class Family>
 bool hasSameAttributes(const Family& one, const Family& other)
 {
-    return std::apply([&](const auto&... row) { return ((one.*row.member == other.*row.member) && ...); },
-                      Family::attributes());
+    return Family::attributes([&](const auto&... row) { return ((one.*row.member == other.*row.member) && ...); });
 }
 }  // namespace Backend

@@ -24,7 +24,7 @@ void withClass(std::string_view typeName, Make&& make)
 std::unique_ptr<Function> createFunction(std::string_view typeName, OrvIF& orv)
 {
     std::unique_ptr<Function> function;
-    withClass(typeName, [&]<class Type>(std::type_identity<Type>) { function = std::make_unique<Type>(orv); });
+    withClass(typeName, [&]<class Type>(std::type_identity<Type>) { function.reset(new Type(orv)); });
     return function;
 }
 
@@ -32,9 +32,9 @@ std::unique_ptr<Function> createFunctionFromXml(const XmlElement& element, OrvIF
 {
     std::unique_ptr<Function> function;
     withClass(element.getTagName(), [&]<class Type>(std::type_identity<Type>) {
-        auto made = std::make_unique<Type>(orv);
+        auto* const made = new Type(orv);
+        function.reset(made);
         made->readParameters(element);
-        function = std::move(made);
     });
     return function;
 }

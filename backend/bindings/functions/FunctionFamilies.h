@@ -4,7 +4,6 @@
 #include <ostream>
 #include <string>
 #include <string_view>
-#include <tuple>
 
 #include "api/OrvIF.h"
 #include "backend/bindings/functions/Attributes.h"
@@ -30,7 +29,7 @@ public:
         const auto* same = dynamic_cast<const Derived*>(&other);
         return same != nullptr && derived().hasSameParameters(*same);
     }
-    std::unique_ptr<Function> clone() const override { return std::make_unique<Derived>(derived()); }
+    std::unique_ptr<Function> clone() const override { return std::unique_ptr<Function>(new Derived(derived())); }
     std::string_view getType() const override { return Derived::info.typeName; }
     void accept(FunctionVisitor& visitor) override { visitor.visit(derived()); }
     void accept(typename Settings::Visitor& visitor) override { visitor.visit(derived()); }
@@ -47,7 +46,7 @@ public:
     void writeParameters(std::ostream& out) const { writeAttributes(out, derived()); }
     bool hasSameParameters(const Derived& other) const { return hasSameAttributes(derived(), other); }
 
-    static constexpr std::tuple<> attributes() { return {}; }
+    static auto attributes(auto&& use) { return use(); }
 
 protected:
     OrvIF& orv() const { return orvIF; }
@@ -72,7 +71,7 @@ public:
     OnOffToggle getOnOffToggle() const override { return toggle; }
     void setOnOffToggle(OnOffToggle newToggle) override { toggle = newToggle; }
 
-    static constexpr auto attributes() { return std::tuple{Attribute{"type", &ToggleFunction::toggle}}; }
+    static auto attributes(auto&& use) { return use(Attribute{"type", &ToggleFunction::toggle}); }
 
 protected:
     OnOffToggle toggle{};
@@ -89,7 +88,7 @@ public:
     void setPreset(const std::string& name) override { preset = name; }
     void execute() override { this->orv().loadPreset(Derived::SECTION, preset); }
 
-    static constexpr auto attributes() { return std::tuple{Attribute{"preset", &PresetFunction::preset}}; }
+    static auto attributes(auto&& use) { return use(Attribute{"preset", &PresetFunction::preset}); }
 
 protected:
     std::string preset;
@@ -138,16 +137,16 @@ public:
     bool allowSpecific() const override { return Derived::flags.allowSpecific; }
     bool allowAll() const override { return Derived::flags.allowAll; }
 
-    static constexpr auto attributes()
+    static auto attributes(auto&& use)
     {
         constexpr Attribute select{"type", &ChangeFunctionOf::selectType};
         constexpr Attribute number{"value", &ChangeFunctionOf::value};
         if constexpr (!Derived::flags.hasValue)
-            return std::tuple{select};
+            return use(select);
         else if constexpr (!Derived::flags.hasSelect)
-            return std::tuple{number};
+            return use(number);
         else
-            return std::tuple{select, number};
+            return use(select, number);
     }
 
 protected:
@@ -185,13 +184,13 @@ public:
     bool hasValue() const override { return Derived::flags.hasValue; }
     bool allowAll() const override { return Derived::flags.allowAll; }
 
-    static constexpr auto attributes()
+    static auto attributes(auto&& use)
     {
         constexpr Attribute select{"type", &ControlFunctionOf::selectControlType};
         if constexpr (Derived::flags.hasValue)
-            return std::tuple{select, Attribute{"value", &ControlFunctionOf::value}};
+            return use(select, Attribute{"value", &ControlFunctionOf::value});
         else
-            return std::tuple{select};
+            return use(select);
     }
 
 protected:

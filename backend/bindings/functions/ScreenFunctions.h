@@ -172,9 +172,9 @@ public:
     RelativeFixedValue getY() const override { return y; }
     void setY(RelativeFixedValue position) override { y = position; }
 
-    static constexpr auto attributes()
+    static auto attributes(auto&& use)
     {
-        return std::tuple{Attribute{"x", &MoveWindowFunction::x}, Attribute{"y", &MoveWindowFunction::y}};
+        return use(Attribute{"x", &MoveWindowFunction::x}, Attribute{"y", &MoveWindowFunction::y});
     }
 
 private:

@@ -106,9 +106,9 @@ public:
 
     void run(OrvIF& orv, const MidiEngine::OrvMidiMessage& message) const;
 
-    static constexpr auto attributes()
+    static auto attributes(auto&& use)
     {
-        return std::tuple{Attribute{"x", &MoveWindowTranslation::x}, Attribute{"y", &MoveWindowTranslation::y}};
+        return use(Attribute{"x", &MoveWindowTranslation::x}, Attribute{"y", &MoveWindowTranslation::y});
     }
 
 private:

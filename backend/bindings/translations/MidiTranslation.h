@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <tuple>
 
 #include "backend/bindings/functions/HelpId.h"
 #include "backend/bindings/translations/TranslationFamilies.h"
@@ -17,11 +16,11 @@ struct MidiTranslationParameters {
     MidiTranslationValue d1{.kind = MidiTranslationValue::Kind::useD1};
     MidiTranslationValue d2{.kind = MidiTranslationValue::Kind::useD2};
 
-    static constexpr auto attributes()
+    static auto attributes(auto&& use)
     {
         using P = MidiTranslationParameters;
-        return std::tuple{Attribute{"zone", &P::zone}, Attribute{"output", &P::output},
-                          Attribute{"channel", &P::channel}, Attribute{"D1", &P::d1}, Attribute{"D2", &P::d2}};
+        return use(Attribute{"zone", &P::zone}, Attribute{"output", &P::output}, Attribute{"channel", &P::channel},
+                   Attribute{"D1", &P::d1}, Attribute{"D2", &P::d2});
     }
 
     /// Changes an incoming event into the result. Both data bytes are computed from the incoming event, so they can be

@@ -30,7 +30,7 @@ XmlElement firstChild(const XmlElement& parent)
 std::unique_ptr<Translation> createTranslation(std::string_view typeName)
 {
     std::unique_ptr<Translation> translation;
-    withClass(typeName, [&]<class Type>(std::type_identity<Type>) { translation = std::make_unique<Type>(); });
+    withClass(typeName, [&]<class Type>(std::type_identity<Type>) { translation.reset(new Type); });
     return translation;
 }
 
@@ -39,11 +39,12 @@ std::unique_ptr<Translation> createTranslationFromXml(const XmlElement& element)
     const XmlElement child = firstChild(element);
     std::unique_ptr<Translation> translation;
     withClass(child.getTagName(), [&]<class Type>(std::type_identity<Type>) {
-        auto made = std::make_unique<Type>();
+        auto* const made = new Type;
+        translation.reset(made);
         made->readParameters(child);
-        made->setCondition(MidiTranslationCondition::fromXmlString(element.getAttribute("condition")));
-        translation = std::move(made);
     });
+    if (translation)
+        translation->setCondition(MidiTranslationCondition::fromXmlString(element.getAttribute("condition")));
     return translation;
 }
 

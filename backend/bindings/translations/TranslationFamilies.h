@@ -4,7 +4,6 @@
 #include <ostream>
 #include <string>
 #include <string_view>
-#include <tuple>
 
 #include "api/OrvIF.h"
 #include "backend/bindings/functions/Attributes.h"
@@ -23,7 +22,7 @@ class TranslationOf : public Translation, public Settings
 public:
     using Settings::accept;
 
-    std::unique_ptr<Translation> clone() const override { return std::make_unique<Derived>(derived()); }
+    std::unique_ptr<Translation> clone() const override { return std::unique_ptr<Translation>(new Derived(derived())); }
     std::string_view getType() const override { return Derived::info.typeName; }
     void writeXml(std::ostream& out, int indent) const override
     {
@@ -43,7 +42,7 @@ public:
     void readParameters(const XmlElement& element) { readAttributes(element, derived()); }
     void writeParameters(std::ostream& out) const { writeAttributes(out, derived()); }
 
-    static constexpr std::tuple<> attributes() { return {}; }
+    static auto attributes(auto&& use) { return use(); }
 
 private:
     Derived& derived() { return static_cast<Derived&>(*this); }
@@ -78,7 +77,7 @@ public:
         function.execute();
     }
 
-    static constexpr auto attributes() { return std::tuple{Attribute{"type", &ToggleTranslation::toggle}}; }
+    static auto attributes(auto&& use) { return use(Attribute{"type", &ToggleTranslation::toggle}); }
 
 private:
     OnOffToggle toggle{};
@@ -100,7 +99,7 @@ public:
         function.execute();
     }
 
-    static constexpr auto attributes() { return std::tuple{Attribute{"preset", &PresetTranslation::preset}}; }
+    static auto attributes(auto&& use) { return use(Attribute{"preset", &PresetTranslation::preset}); }
 
 private:
     std::string preset;
@@ -161,16 +160,16 @@ public:
         function.execute();
     }
 
-    static constexpr auto attributes()
+    static auto attributes(auto&& use)
     {
         constexpr Attribute select{"type", &ChangeTranslationOf::selectType};
         constexpr Attribute number{"value", &ChangeTranslationOf::value};
         if constexpr (!Derived::flags.hasValue)
-            return std::tuple{select};
+            return use(select);
         else if constexpr (!Derived::flags.hasSelect)
-            return std::tuple{number};
+            return use(number);
         else
-            return std::tuple{select, number};
+            return use(select, number);
     }
 
 protected:
@@ -227,10 +226,10 @@ public:
         function.execute();
     }
 
-    static constexpr auto attributes()
+    static auto attributes(auto&& use)
     {
-        return std::tuple{Attribute{"type", &ControlTranslation::selectControlType},
-                          Attribute{"value", &ControlTranslation::value}};
+        return use(Attribute{"type", &ControlTranslation::selectControlType},
+                   Attribute{"value", &ControlTranslation::value});
     }
 
 private:
