@@ -4,9 +4,9 @@
 #
 # A source still includes what it uses.
 set(orv_headers_standard
-  <algorithm> <array> <atomic> <charconv> <chrono> <cstdint> <filesystem> <functional> <map> <memory> <optional> <set>
-  <span> <sstream> <string> <string_view> <utility> <vector>)
-set(orv_headers_test ${orv_headers_standard} <cstdlib> <fstream> <random> <thread> <gtest/gtest.h>)
+  <algorithm> <array> <atomic> <charconv> <chrono> <cstdint> <filesystem> <functional> <map> <memory> <mutex> <optional>
+  <set> <span> <sstream> <string> <string_view> <thread> <tuple> <utility> <vector>)
+set(orv_headers_test ${orv_headers_standard} <cstdlib> <fstream> <random> <gtest/gtest.h>)
 set(orv_headers_qt ${orv_headers_standard}
   <QApplication> <QBoxLayout> <QCheckBox> <QDialog> <QKeyEvent> <QLabel> <QLineEdit> <QListWidget> <QMenu> <QMouseEvent>
   <QPainter> <QPushButton> <QString> <QStringList> <QTimer> <QWheelEvent> <QWidget>)

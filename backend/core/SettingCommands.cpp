@@ -1,7 +1,5 @@
 #include "backend/core/SettingCommands.h"
 
-#include <utility>
-
 namespace Backend
 {
 namespace
@@ -14,16 +12,12 @@ bool executeIf(OrvIF& orv, Message& message)
     SETTING<row>.deliver(message, [&](const auto& value) { changeSetting<row>(orv, value); });
     return true;
 }
-
-template <std::size_t... place>
-bool executeAny(OrvIF& orv, Message& message, std::index_sequence<place...>)
-{
-    return (executeIf<*std::get<place>(Settings::ALL)>(orv, message) || ...);
-}
 }  // namespace
 
 bool executeSettingCommand(OrvIF& orv, Message& message)
 {
-    return executeAny(orv, message, std::make_index_sequence<std::tuple_size_v<decltype(Settings::ALL)>>());
+    bool done = false;
+    Settings::All::forEach([&]<const auto & row>() { done = done || executeIf<row>(orv, message); });
+    return done;
 }
 }  // namespace Backend

@@ -69,18 +69,16 @@ SettingInfo::Kind kindOf(const Settings::Number&) { return SettingInfo::Kind::nu
 SettingInfo::Kind kindOf(const Settings::Rectangle&) { return SettingInfo::Kind::rectangle; }
 }  // namespace
 
-template <class Values, class Visit>
-void RegistrySettings::visitAll(Values& values, Visit visit)
+template <class Visit>
+void RegistrySettings::visitAll(Visit visit)
 {
-    std::apply(
-        [&](const auto*... rows) { std::apply([&](auto&... stored) { (visit(rows->name, stored), ...); }, values); },
-        Settings::ALL);
+    Settings::All::forEach([&]<const auto & row>() { visit(row.name, static_cast<Stored<row>&>(values)); });
 }
 
 std::vector<SettingInfo> SettingInfo::getTable()
 {
     std::vector<SettingInfo> table;
-    std::apply([&](const auto*... rows) { (table.push_back({rows->name, kindOf(*rows)}), ...); }, Settings::ALL);
+    Settings::All::forEach([&]<const auto & row>() { table.push_back({row.name, kindOf(row)}); });
     return table;
 }
 
@@ -88,7 +86,7 @@ bool RegistrySettings::loadFromRegistry(const std::string& key)
 {
     const SettingsStore store(key);
     if (!store.isOpen()) return false;
-    visitAll(values, [&](const char* name, auto& stored) {
+    visitAll([&](const char* name, auto& stored) {
         if (auto value = load(store, name, stored.value)) stored.value = std::move(*value);
     });
     enabledInputs = getBoolVectorFromString(get<Settings::ENABLED_MIDI_INPUTS>());
@@ -103,11 +101,11 @@ bool RegistrySettings::saveToRegistry(const std::string& key)
     if (!store.isOpen()) return false;
     set<Settings::ENABLED_MIDI_INPUTS>(getStringFromBoolVector(enabledInputs));
     set<Settings::ENABLED_MIDI_OUTPUTS>(getStringFromBoolVector(enabledOutputs));
-    visitAll(values, [&](const char* name, const auto& stored) {
+    visitAll([&](const char* name, const auto& stored) {
         if (stored.dirty) save(store, name, stored.value);
     });
     if (!store.save()) return false;
-    visitAll(values, [](const char*, auto& stored) { stored.dirty = false; });
+    visitAll([](const char*, auto& stored) { stored.dirty = false; });
     return true;
 }
 

@@ -2,7 +2,6 @@
 
 #include <string>
 #include <string_view>
-#include <tuple>
 #include <vector>
 
 #include "backend/model/Settings.h"
@@ -16,17 +15,23 @@ namespace Backend
 /// every user who has not changed the setting. One thread.
 class ORV_API RegistrySettings
 {
+    template <const auto& row>
+    struct Stored {
+        Settings::ValueOf<row> value{row.standard};
+        bool dirty = false;  // set since it was last written
+    };
+
 public:
     template <const auto& row>
     Settings::ResultOf<row> get() const
     {
-        return std::get<Settings::placeOf<row>()>(values).value;
+        return static_cast<const Stored<row>&>(values).value;
     }
     /// The value will be written, even if it is the default.
     template <const auto& row>
     void set(const Settings::ValueOf<row>& value)
     {
-        std::get<Settings::placeOf<row>()>(values) = {value, true};
+        static_cast<Stored<row>&>(values) = {value, true};
     }
 
     /// Reads all values that are stored under the key and valid; the others keep their values. False if the key cannot
@@ -115,26 +120,17 @@ public:
     static std::string getStringFromBoolVector(const std::vector<bool>& bits);
 
 private:
-    template <class Type>
-    struct Stored {
-        typename Settings::Setting<Type>::Value value;
-        bool dirty = false;  // set since it was last written
+    template <class List>
+    struct Values;
+    template <const auto&... rows>
+    struct Values<Settings::Rows<rows...>> : Stored<rows>... {
     };
-    template <class... Types>
-    static std::tuple<Stored<Types>...> standards(const std::tuple<const Settings::Setting<Types>*...>& rows)
-    {
-        return std::apply(
-            [](const auto*... row) {
-                return std::tuple(Stored<Types>{typename Settings::Setting<Types>::Value(row->standard)}...);
-            },
-            rows);
-    }
 
-    /// Calls `visit` with each row and its value in turn.
-    template <class Values, class Visit>
-    static void visitAll(Values& values, Visit visit);
+    /// Calls `visit` with the name and the value of each row in turn.
+    template <class Visit>
+    void visitAll(Visit visit);
 
-    decltype(standards(Settings::ALL)) values = standards(Settings::ALL);
+    Values<Settings::All> values;
 
     // The lists of ports, as they are used
     std::vector<bool> enabledInputs;

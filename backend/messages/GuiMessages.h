@@ -4,9 +4,11 @@
 #include <string>
 #include <vector>
 
-#include "backend/messages/JoystickMessageManager.h"
 #include "backend/messages/TypedMessage.h"
+#include "backend/model/AxisConfiguration.h"
 #include "backend/model/ControlMap.h"
+#include "backend/model/JoystickButtonConfiguration.h"
+#include "backend/model/JoystickElement.h"
 #include "backend/model/KeyConfigurationMap.h"
 #include "backend/model/LayerList.h"
 #include "backend/model/MidiEventConfigurationMap.h"
@@ -32,8 +34,8 @@ struct SavedRecord;
 using SaveReport = std::vector<SavedRecord>;
 }  // namespace RetroRecord
 
-/// The messages of the backend to the window, besides the changes of settings (`SettingMessages.h`). They contain copies
-/// of lists and records.
+/// The messages of the backend to the window, besides the changes of settings (`SettingMessages.h`). They contain
+/// copies of lists and records.
 namespace GuiMessage
 {
 /// The result of saving the record.

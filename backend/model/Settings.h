@@ -1,9 +1,7 @@
 #pragma once
 
-#include <cstddef>
 #include <string>
 #include <string_view>
-#include <tuple>
 #include <type_traits>
 
 #include "platform/Rect.h"
@@ -74,33 +72,23 @@ inline constexpr Switch LITE_STACK_NOTES{"LiteStackNotes", true, 33271};
 inline constexpr Switch CLICK_ZONE_CHANNEL_TRANSPOSE{"ClickZoneChannelTranspose", false, 33272, Notice::own};
 inline constexpr Text SCREEN_STATE{"ScreenState", ""};
 
+template <const auto&... rows>
+struct Rows {
+    /// Calls `visit.template operator()<row>()` for each row, in order.
+    template <class Visit>
+    static void forEach(Visit&& visit)
+    {
+        (visit.template operator()<rows>(), ...);
+    }
+};
+
 /// All settings, in the order in which they are written.
-inline constexpr std::tuple ALL{&PROG_DIR,
-                                &DEFAULT_BANK,
-                                &GLOBAL_KEYBOARD,
-                                &MIDI_THRU,
-                                &KEEP_NOTES,
-                                &RETRO_RECORD_ENABLED,
-                                &RETRO_RECORD_BUFFER_SIZE,
-                                &MIDI_BUFFER_DIR,
-                                &LARGE_DISPLAY_FONT,
-                                &MOUSE_SENSITIVITY,
-                                &DOCK_TO_BOTTOM_EDGE,
-                                &DISPLAY_MIDI_INPUT_EVENTS,
-                                &DISPLAY_MIDI_OUTPUT_EVENTS,
-                                &DISPLAY_NUMBERS,
-                                &DISPLAY_HEIGHT,
-                                &LAST_WINDOW_POSITION,
-                                &ENABLED_MIDI_INPUTS,
-                                &ENABLED_MIDI_OUTPUTS,
-                                &ALWAYS_ON_TOP,
-                                &USE_SKIN_BORDER,
-                                &DEFAULT_MIDI_OUTPUT,
-                                &LITE_VELOCITY,
-                                &LITE_CHANNEL,
-                                &LITE_STACK_NOTES,
-                                &CLICK_ZONE_CHANNEL_TRANSPOSE,
-                                &SCREEN_STATE};
+using All =
+    Rows<PROG_DIR, DEFAULT_BANK, GLOBAL_KEYBOARD, MIDI_THRU, KEEP_NOTES, RETRO_RECORD_ENABLED, RETRO_RECORD_BUFFER_SIZE,
+         MIDI_BUFFER_DIR, LARGE_DISPLAY_FONT, MOUSE_SENSITIVITY, DOCK_TO_BOTTOM_EDGE, DISPLAY_MIDI_INPUT_EVENTS,
+         DISPLAY_MIDI_OUTPUT_EVENTS, DISPLAY_NUMBERS, DISPLAY_HEIGHT, LAST_WINDOW_POSITION, ENABLED_MIDI_INPUTS,
+         ENABLED_MIDI_OUTPUTS, ALWAYS_ON_TOP, USE_SKIN_BORDER, DEFAULT_MIDI_OUTPUT, LITE_VELOCITY, LITE_CHANNEL,
+         LITE_STACK_NOTES, CLICK_ZONE_CHANNEL_TRANSPOSE, SCREEN_STATE>;
 
 /// The type of a row's value.
 template <const auto& row>
@@ -109,17 +97,4 @@ using ValueOf = typename std::remove_cvref_t<decltype(row)>::Value;
 /// How a value is returned: texts and rectangles by reference.
 template <const auto& row>
 using ResultOf = std::conditional_t<std::is_scalar_v<ValueOf<row>>, ValueOf<row>, const ValueOf<row>&>;
-
-/// The index of a row in `ALL`.
-template <const auto& row>
-constexpr std::size_t placeOf()
-{
-    return std::apply(
-        [](const auto*... rows) {
-            std::size_t place = 0;
-            (void)((std::string_view(rows->name) == row.name || (++place, false)) || ...);
-            return place;
-        },
-        ALL);
-}
 }  // namespace Backend::Settings
