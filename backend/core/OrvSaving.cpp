@@ -106,17 +106,20 @@ void Orv::saveInto(const std::string& path, int number, const WindowHandle& wind
 
     const auto file = std::make_shared<BankFile>(isCurrentBank ? std::move(bankFile) : BankFile());
     const auto written = std::make_shared<bool>(false);
-    files.run([=] { *written = file->open(path) && file->replaceProgram(number, text); },
-              [=, this] {
-                  if (isCurrentBank || *written) bankFile = std::move(*file);
-                  if (*written) {
-                      takeBank(path);
-                      notifyGui(GuiMessage::BANK, bank);
-                      if (isCurrentProgram) notifyProgram(IsThere::yes);
-                  }
-                  if (!*written && !isCurrentProgram) replaceProgram(saved, current);
-                  notifyDone(window, *written);
-              });
+    files.run(
+        [=] {
+            *written = file->create(path, number, text) || (file->open(path) && file->replaceProgram(number, text));
+        },
+        [=, this] {
+            if (isCurrentBank || *written) bankFile = std::move(*file);
+            if (*written) {
+                takeBank(path);
+                notifyGui(GuiMessage::BANK, bank);
+                if (isCurrentProgram) notifyProgram(IsThere::yes);
+            }
+            if (!*written && !isCurrentProgram) replaceProgram(saved, current);
+            notifyDone(window, *written);
+        });
 }
 
 void Orv::changeBankSize(int size, const WindowHandle& window)

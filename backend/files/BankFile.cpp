@@ -151,6 +151,18 @@ bool BankFile::replaceProgram(int number, std::string_view element)
     return true;
 }
 
+bool BankFile::create(const std::string& newPath, int number, std::string_view element)
+{
+    path = newPath;
+    isRead = false;
+    std::error_code none;
+    if (number < 0 || number >= MAX_PROGRAMS || std::filesystem::exists(pathOf(path), none)) return false;
+    if (parse(element).getTagName() != PROGRAM) return refuse("the program to be saved is not well-formed");
+    std::string text = xmlOpenTag("Bank") + xmlCloseOpen() + "\n";
+    for (int before = 0; before < number; ++before) text += emptyProgram();
+    return write(text.append(element) + xmlEndTag("Bank") + "\n") && open(path);
+}
+
 bool BankFile::resize(int programs)
 {
     if (programs <= 0 || programs > MAX_PROGRAMS)

@@ -36,6 +36,10 @@ public:
     /// or the text is no `Program` element.
     bool replaceProgram(int number, std::string_view element);
 
+    /// Sets the file to one that is not there yet, and writes a bank whose last program is this element, with empty
+    /// ones before it. False, and nothing is written, if the file is there or the text is no `Program` element.
+    bool create(const std::string& newPath, int number, std::string_view element);
+
     /// Removes programs from the end of the file, or appends empty ones. False if the file could not be written.
     bool resize(int programs);
 

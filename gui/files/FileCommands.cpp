@@ -91,6 +91,7 @@ void showBankSizeDialog(OrvGuiIF& gui, QWidget& parent)
                                      EditBoxDialog::Blank::refused, parent);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     EditBox& edit = dialog->getEdit();
+    Property::set(edit, Property::NOWHEEL, false);
     edit.setProperty(Property::MIN, 1);
     edit.setProperty(Property::MAX, MOST_PROGRAMS);
     dialog->addOption(new QLabel(tr("The bank is loaded again: what was not saved is lost.")));

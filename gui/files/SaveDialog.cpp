@@ -1,5 +1,6 @@
 #include "gui/files/SaveDialog.h"
 
+#include <QFileInfo>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QListWidget>
@@ -31,7 +32,7 @@ SaveDialog::SaveDialog(OrvGuiIF& owner, QWidget& parent)
       gui(owner),
       name(new EditBox),
       currentBank(new QRadioButton),
-      anotherBank(new QRadioButton(tr("In another bank..."))),
+      anotherBank(new QRadioButton(tr("In another bank, or a new one..."))),
       programFile(new QRadioButton(tr("As a program file..."))),
       programs(new QListWidget)
 {
@@ -40,6 +41,7 @@ SaveDialog::SaveDialog(OrvGuiIF& owner, QWidget& parent)
     auto* label = new QLabel(tr("Program name:"));
     label->setBuddy(name);
     name->setAccessibleName(tr("Program name"));
+    Property::set(*name, Property::NOWHEEL, true);
     Property::setHelp(*name, tr("The name of the program, as the bank will show it."));
     column->addWidget(label);
     column->addWidget(name);
@@ -52,8 +54,8 @@ SaveDialog::SaveDialog(OrvGuiIF& owner, QWidget& parent)
 void SaveDialog::addTargets()
 {
     Property::setHelp(*currentBank, tr("Into the bank that is loaded, in place of the program chosen below."));
-    Property::setHelp(*anotherBank, tr("Into another bank, in place of its program of the same number. That bank is "
-                                       "loaded then."));
+    Property::setHelp(*anotherBank, tr("Into another bank, in place of its program of the same number, or into a new "
+                                       "one. That bank is loaded then."));
     Property::setHelp(*programFile, tr("Into a file of its own (.prg)."));
     programs->setMinimumSize(LIST);
     programs->setAccessibleName(tr("Program to replace"));
@@ -139,12 +141,23 @@ void SaveDialog::saveToCurrentBank()
 
 void SaveDialog::saveToAnotherBank()
 {
-    showFileDialog(*this, {.title = tr("Save To Bank"), .filters = {bankFilter()}, .folder = getBanksFolder()},
+    showFileDialog(*this,
+                   {.purpose = FileQuestion::Purpose::save,
+                    .title = tr("Save To Bank"),
+                    .filters = {bankFilter()},
+                    .folder = getBanksFolder(),
+                    .extension = QStringLiteral("bnk"),
+                    .asksToReplace = false},
                    [this](const std::string& path) { askToReplaceIn(path); });
 }
 
+/// A bank that is not there yet is made without a question.
 void SaveDialog::askToReplaceIn(const std::string& path)
 {
+    const auto go = [this, path] {
+        save(path, [this, path](const auto& window) { gui.getOrvMessageManager().postSaveToBank(path, window); });
+    };
+    if (!QFileInfo::exists(QString::fromStdString(path))) return go();
     const std::vector<std::string> names = Backend::Bank::fromFile(path).programNames;
     const auto number = static_cast<std::size_t>(program.number);
     const QString place = QString::number(program.number + 1);
@@ -155,9 +168,7 @@ void SaveDialog::askToReplaceIn(const std::string& path)
     ask(*this, tr("Confirm Overwrite"),
         tr("Program %1 \"%2\" of \"%3\" will be replaced. Continue?")
             .arg(place, QString::fromStdString(names[number]), file),
-        [this, path] {
-            save(path, [this, path](const auto& window) { gui.getOrvMessageManager().postSaveToBank(path, window); });
-        });
+        go);
 }
 
 void SaveDialog::saveToProgram()

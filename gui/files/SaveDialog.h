@@ -20,8 +20,8 @@ class OrvGuiIF;
 namespace Gui::Files
 {
 /// Saves the current program under a name: into the current bank in place of one of its programs, into another bank in
-/// place of the program of the same number, or as a file of its own. Replacing anything but an earlier version of the
-/// same program has to be confirmed. Closes when the command is posted. The GUI thread.
+/// place of the program of the same number, into a new bank, or as a file of its own. Replacing anything but an earlier
+/// version of the same program has to be confirmed. Closes when the command is posted. The GUI thread.
 class SaveDialog final : public QDialog
 {
 public:

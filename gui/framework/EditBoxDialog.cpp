@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "gui/framework/EditBox.h"
+#include "gui/framework/Properties.h"
 #include "gui/framework/Question.h"
 
 namespace Gui
@@ -20,6 +21,7 @@ EditBoxDialog::EditBoxDialog(const QString& title, const QString& prompt, const 
         refuse = [](const QString& text) { return text.isEmpty() ? tr("Entry cannot be blank") : QString(); };
     auto* label = new QLabel(prompt);
     label->setBuddy(edit);
+    Property::set(*edit, Property::NOWHEEL, true);  // a text; that of a number has limits
     edit->setText(startText);
     edit->selectAll();
     edit->setMinimumWidth(200);

@@ -40,6 +40,7 @@ public:
         : QFileDialog(&parent, question.title, question.folder),
           purpose(question.purpose),
           extension(question.extension),
+          asksToReplace(question.asksToReplace),
           chosen(std::move(onChosen))
     {
         setOption(DontUseNativeDialog);
@@ -80,7 +81,7 @@ private:
                                    ? tr("There is no folder \"%1\".").arg(info.path())
                                    : refuseFileName(info.fileName());
         if (!reason.isEmpty()) return showMessage(*this, tr("Error"), reason);
-        if (!info.exists()) return take(file);
+        if (!info.exists() || !asksToReplace) return take(file);
         ask(*this, tr("Confirm Overwrite"), tr("\"%1\" already exists. Overwrite?").arg(info.fileName()),
             [this, file] { take(file); });
     }
@@ -100,6 +101,7 @@ private:
 
     const Purpose purpose;
     const QString extension;
+    const bool asksToReplace;
     const std::function<void(const std::string& path)> chosen;
 };
 }  // namespace

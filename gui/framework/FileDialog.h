@@ -15,10 +15,11 @@ struct FileQuestion {
 
     Purpose purpose = Purpose::open;
     QString title{};
-    QStringList filters{};  ///< "Bank Files (*.bnk)"
-    QString folder{};       ///< shown at first
-    QString extension{};    ///< to save: the extension of the name, without the dot; added if it is missing
-    QString name{};         ///< to save: the name offered at first
+    QStringList filters{};      ///< "Bank Files (*.bnk)"
+    QString folder{};           ///< shown at first
+    QString extension{};        ///< to save: the extension of the name, without the dot; added if it is missing
+    QString name{};             ///< to save: the name offered at first
+    bool asksToReplace = true;  ///< to save: whether a file that is there may be replaced only after a question
 };
 
 /// Opens a dialog for one file, drawn by the skin, and returns at once. `chosen` gets the path in UTF-8: of a file that

@@ -106,7 +106,7 @@ TEST_F(FileDialogs, RefuseToSaveWithoutANameOrAnotherProgramThanWasShown)
 
 TEST_F(FileDialogs, SaveToAnotherBankOrAFileAndAskBeforeItIsReplaced)
 {
-    save("In another bank...", "New");
+    save("In another bank, or a new one...", "New");
     EXPECT_EQ(chooseFile("Save To Bank", path("Other.bnk"), Answer::Yes),
               "Confirm Overwrite: Program 1 \"Alone\" of \"Other.bnk\" will be replaced. Continue?");
     EXPECT_EQ(namesIn("Other.bnk"), "New");
@@ -114,10 +114,13 @@ TEST_F(FileDialogs, SaveToAnotherBankOrAFileAndAskBeforeItIsReplaced)
 
     commands().postLoadBank(path("Three.bnk"));
     click("Next program");
-    save("In another bank...");
+    save("In another bank, or a new one...");
     EXPECT_EQ(chooseFile("Save To Bank", path("Other.bnk")),
               "Error: \"Other.bnk\" has no program 2 that this one could replace.");
-    leave("Save");
+    pressIn("Save", "Save");
+    EXPECT_EQ(chooseFile("Save To Bank", path("Brand new")), "") << "there is no such file yet";
+    EXPECT_EQ(namesIn("Brand new.bnk"), "Empty, P1");
+    EXPECT_EQ(current(), "P1 of " + path("Brand new.bnk"));
 
     const auto name = [this](const std::string& file) {
         return chooseFile("Save To Program File", path(file), file == "Solo 1.5.prg" ? Answer::No : Answer::Ok);
