@@ -47,6 +47,7 @@ ComboBox::ComboBox(GuiContext& context, Typing typing, QWidget* parent)
     menu->onChosen = [this](int index) {
         menuShowing = false;
         choose(index);
+        if (!isReadOnly()) clearFocus();  // the choice ends typing
     };
 }
 
@@ -176,8 +177,9 @@ bool ComboBox::handleKey(const QKeyEvent& event)
 
 void ComboBox::keyPressEvent(QKeyEvent* event)
 {
-    if (isReadOnly() && forwardToParent(*this, *event)) return;
-    if (!handleKey(*event) && !isReadOnly()) EditBox::keyPressEvent(event);
+    if (handleKey(*event)) return;
+    if (!isReadOnly()) return EditBox::keyPressEvent(event);
+    event->setAccepted(forwardToParent(*this, *event));
 }
 
 void ComboBox::keyReleaseEvent(QKeyEvent* event)

@@ -13,9 +13,9 @@ namespace Gui
 class GuiContext;
 class PopupMenu;
 
-/// A line with a list of entries: the wheel steps through them, a click opens them as a menu. A read-only one first
-/// offers its keys to its parent, which plays them; the keys that the parent ignores open the menu and step through the
-/// entries. The GUI thread.
+/// A line with a list of entries: the wheel and the arrow keys step through them, a click or Space opens them as a
+/// menu, in which letters move to the next entry that begins with them. A read-only one passes every other key to its
+/// parent, which plays it. The GUI thread.
 class ComboBox : public EditBox, public AccessibleControl
 {
 public:

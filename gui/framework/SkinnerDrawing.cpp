@@ -266,6 +266,7 @@ int Skinner::pixelMetric(PixelMetric metric, const QStyleOption* option, const Q
 int Skinner::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                        QStyleHintReturn* answer) const
 {
+    if (hint == SH_Menu_KeyboardSearch) return 1;
     if (hint == SH_EtchDisabledText || hint == SH_DitherDisabledText) return 0;
     if (hint == SH_Table_GridLineColor) return static_cast<int>(gdi.getColour(Role::unusedButton).rgba());
     return QProxyStyle::styleHint(hint, option, widget, answer);

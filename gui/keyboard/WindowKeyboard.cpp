@@ -52,6 +52,7 @@ WindowKeyboard::WindowKeyboard(QWidget& playedWindow, KeyPresses::Listener& list
       focusControl(new FocusControl(keyInput, &playedWindow))
 {
     qApp->installEventFilter(this);
+    connect(qApp, &QApplication::focusChanged, this, &WindowKeyboard::focusMoved);
 }
 
 WindowKeyboard::~WindowKeyboard() { qApp->removeEventFilter(this); }
@@ -59,6 +60,12 @@ WindowKeyboard::~WindowKeyboard() { qApp->removeEventFilter(this); }
 void WindowKeyboard::takeFocus()
 {
     if (!takesText(QApplication::focusWidget())) focusControl->setFocus();
+}
+
+void WindowKeyboard::takeFocusFrom(const QWidget& part)
+{
+    const QWidget* focused = window.window()->focusWidget();
+    if (focused != nullptr && isWithin(*focused, part)) focusControl->setFocus();
 }
 
 void WindowKeyboard::keyPressed(const QKeyEvent& event)
@@ -101,7 +108,9 @@ void WindowKeyboard::handleInWindow(QWidget& widget, const QEvent& event)
         case QEvent::FocusIn:
             if (window.isAncestorOf(&widget) && !takesText(&widget)) keyInput.focusGained();
             break;
-        case QEvent::FocusOut:
+        case QEvent::FocusOut:  // a menu opens; `focusMoved` is called for everything else
+            if (static_cast<const QFocusEvent&>(event).reason() == Qt::PopupFocusReason) keyInput.focusLost();
+            break;
         case QEvent::WindowDeactivate:
             if (!isPlayedIn(QApplication::activeModalWidget())) keyInput.focusLost();
             break;
@@ -110,10 +119,21 @@ void WindowKeyboard::handleInWindow(QWidget& widget, const QEvent& event)
     }
 }
 
+/// From one control to another, keys stay down; their releases reach the window from either.
+void WindowKeyboard::focusMoved(const QWidget* from, const QWidget* to)
+{
+    if (from == nullptr || !window.isAncestorOf(from)) return;
+    const bool stays = to != nullptr && window.isAncestorOf(to) && !takesText(to);
+    if (!stays && !isPlayedIn(QApplication::activeModalWidget())) keyInput.focusLost();
+}
+
 /// True for a key that is played here.
 bool WindowKeyboard::handleInDialog(QWidget& widget, QEvent& event)
 {
     switch (event.type()) {
+        case QEvent::Hide:
+            if (widget.isWindow()) returnFocus();
+            return false;
         case QEvent::WindowDeactivate:
             widget.window()->isHidden() ? dialogClosed() : keyInput.focusLost();
             return false;
@@ -129,6 +149,14 @@ bool WindowKeyboard::handleInDialog(QWidget& widget, QEvent& event)
         default:
             return false;
     }
+}
+
+/// Once the choice of the menu, or the answer of the dialog, has had its effect; a text that is edited keeps the focus.
+void WindowKeyboard::returnFocus()
+{
+    QTimer::singleShot(0, this, [this] {
+        if (!takesText(window.window()->focusWidget())) focusControl->setFocus();
+    });
 }
 
 /// The window, or a dialog below, gets the focus a moment later, unless another program has taken it.

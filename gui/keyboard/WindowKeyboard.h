@@ -12,7 +12,8 @@ namespace Gui
 class FocusControl;
 
 /// The computer keyboard of a window: plays the keys typed into it while no text is edited, and those typed into its
-/// dialogs in which nothing can be typed. Keys that are down are released when the focus leaves. The GUI thread.
+/// dialogs in which nothing can be typed. Keys that are down are released when the focus leaves the window or goes to a
+/// text; between its controls they stay down. The focus returns when a menu or a dialog closes. The GUI thread.
 class WindowKeyboard final : public QObject
 {
 public:
@@ -22,6 +23,8 @@ public:
 
     /// Gives the focus back to playing, unless a text is being edited.
     void takeFocus();
+    /// Gives the focus back to playing if a control of `part`, which is about to be hidden, has it.
+    void takeFocusFrom(const QWidget& part);
 
     /// Key events of the window that no control used.
     void keyPressed(const QKeyEvent& event);
@@ -40,7 +43,9 @@ protected:
 private:
     void handleInWindow(QWidget& widget, const QEvent& event);
     bool handleInDialog(QWidget& widget, QEvent& event);
+    void focusMoved(const QWidget* from, const QWidget* to);
     void dialogClosed();
+    void returnFocus();
 
     QWidget& window;
     KeyPresses keyPresses;

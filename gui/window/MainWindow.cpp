@@ -110,7 +110,7 @@ void MainWindow::makeButtons()
     resetButton = make(QStringLiteral("R"), 5);
     resetButton->setAccessibleName(tr("Reset"));
     Property::setHelp(*resetButton, tr("Reset (panic): ends every note on all channels of all outputs."));
-    connect(resetButton, &QPushButton::clicked, [&commands] { commands.postResetOrv(); });
+    connect(resetButton, &QPushButton::pressed, [&commands] { commands.postResetOrv(); });
     thruButton = make(QStringLiteral("T"), 37);
     makeSwitch(*thruButton, Switches::MIDI_THRU, commands);
     keyboardButton = make(QStringLiteral("K"), 69);
@@ -150,6 +150,7 @@ void MainWindow::showScreen(Screen screen, bool on)
 {
     Panel* panel = panelOf(screen);
     if (panel == nullptr) return;
+    if (!on) keyboard->takeFocusFrom(*panel);
     panel->show(on);
     fit();  // a hidden column gets no resize event
     systemPanel->screenShown(screen, on);

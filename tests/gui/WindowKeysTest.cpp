@@ -63,6 +63,32 @@ TEST_F(WindowKeys, ComeUpWhenTheFocusGoes)
     EXPECT_EQ(played(), "C4 on, C4 off");
 }
 
+TEST_F(WindowKeys, StayDownWhileTheFocusGoesBetweenControlsAndPlayAgainAfterMenusAndHiddenScreens)
+{
+    gui->showScreen(Backend::Screen::system, true);
+    keyDown(Q, Qt::Key_Q);
+    keyDown(TAB, Qt::Key_Tab, Qt::ControlModifier);
+    QTest::keyClick(&focus(), Qt::Key_Tab);
+    EXPECT_FALSE(isPlaying());
+    EXPECT_EQ(played(), "C4 on");
+    keyUp(Q, Qt::Key_Q);
+    EXPECT_EQ(played(), "C4 off");
+
+    gui->showScreen(Backend::Screen::system, false);
+    EXPECT_TRUE(isPlaying()) << "the screen with the focus is hidden";
+    gui->showScreen(Backend::Screen::system, true);
+    for (const char* how : {"chosen", "left"}) {
+        auto& output = control("Default MIDI output");
+        output.setFocus();
+        QTest::keyClick(&output, Qt::Key_Space);
+        ASSERT_NE(openMenu(), nullptr);
+        QTest::keyClick(openMenu(), how == std::string("chosen") ? Qt::Key_Return : Qt::Key_Escape);
+        surroundings.activateWindow();
+        EXPECT_TRUE(QTest::qWaitFor([&] { return isPlaying(); })) << how;
+    }
+    EXPECT_EQ(played(), "");
+}
+
 TEST_F(WindowKeys, DoNotPlayInATextAndReachTheControlsWithControlAndTab)
 {
     text.setFocus();
