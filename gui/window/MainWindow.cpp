@@ -10,6 +10,7 @@
 #include "api/OrvGuiIF.h"
 #include "api/OrvMessageManager.h"
 #include "backend/files/RegistrySettings.h"
+#include "gui/framework/GuiMessageManagerMaster.h"
 #include "gui/framework/Panel.h"
 #include "gui/framework/Properties.h"
 #include "gui/framework/Switches.h"
@@ -90,6 +91,7 @@ MainWindow::MainWindow(OrvGuiIF& owner, QWidget* parent, Resized onResize)
     column->show(true);
     fit();
     qApp->installEventFilter(this);
+    gui.getGuiMessageManagerMaster().addMessageManager(&zoneMessages);
 }
 
 MainWindow::~MainWindow()
@@ -204,6 +206,13 @@ void MainWindow::setGlobalKeyboard(bool on)
 {
     keyboardButton->setChecked(on);
     Property::setHelp(*keyboardButton, QString::fromStdString(GlobalKeyboard::describe(gui.getGlobalKeyboardReason())));
+}
+
+void MainWindow::handleZones(const Backend::Zones::ZoneMap& zones) { computerInputPanel->handleZones(zones); }
+
+void MainWindow::handleZoneTranspose(Backend::Zones::ZoneId zone, int transpose)
+{
+    computerInputPanel->handleZoneTranspose(zone, transpose);
 }
 
 // --- help, focus and keys

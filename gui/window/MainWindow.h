@@ -6,6 +6,8 @@
 
 #include "backend/model/Screen.h"
 #include "backend/model/ScreenState.h"
+#include "backend/model/ZoneMap.h"
+#include "gui/window/ZoneGuiMessageManager.h"
 
 class QPushButton;
 
@@ -61,6 +63,10 @@ public:
     /// Whether a dialog of it is open.
     bool hasDialog() const;
 
+    // Changes of the zones, which several screens show
+    void handleZones(const Backend::Zones::ZoneMap& zones);
+    void handleZoneTranspose(Backend::Zones::ZoneId zone, int transpose);
+
     void setMidiThru(bool on);
     void setGlobalKeyboard(bool on);
 
@@ -89,6 +95,7 @@ private:
 
     OrvGuiIF& gui;
     const Resized resized;
+    ZoneGuiMessageManager zoneMessages{*this};
     std::unique_ptr<PlayedKeys> playedKeys;
     std::unique_ptr<WindowKeyboard> keyboard;
     QPushButton* resetButton = nullptr;  // these are owned by their Qt parents

@@ -42,8 +42,8 @@ TEST_F(ComputerKeyboard, ShowsWhatItsKeysDoInTheBackend)
     EXPECT_EQ(keyboard().getCaption('W'), "");
     EXPECT_EQ(keyboard().getHelp('W').toStdString(), "W: does nothing.");
     EXPECT_EQ(keyboard().getHelp('Q').toStdString(),
-              "Q\nDown: Midi Note On: output 0, channel 0, note C4, velocity 100\n"
-              "Up: Midi Note Off: output 0, channel 0, note C4, velocity 100");
+              "Q\nDown: Midi Note On: output 1, channel 1, note C4, velocity 100\n"
+              "Up: Midi Note Off: output 1, channel 1, note C4, velocity 100");
     expectColour('Q', Role::unselectedButton);
     expectColour('W', Role::background);
 
@@ -53,6 +53,16 @@ TEST_F(ComputerKeyboard, ShowsWhatItsKeysDoInTheBackend)
     orv->getComputerInputMessageManager().postSetKeyConfigurations({reset}, true);
     EXPECT_EQ(keyboard().getCaption('Q'), "Reset");
     EXPECT_EQ(keyboard().getHelp('Q').toStdString(), "Q\nDown: Reset ORV\nOther programs keep this key.");
+
+    load("<Key id='Q'><Function><Down><MidiNoteOn zone='1' note='C4'/></Down></Function></Key>");
+    EXPECT_EQ(keyboard().getCaption('Q'), "C4");
+    expectColour('Q', Role::text);
+    commands().postExecuteFunction("<ChangeZoneTranspose type='1' value='-12'/>");
+    settle();
+    EXPECT_EQ(keyboard().getCaption('Q'), "C3") << "as it sounds";
+    EXPECT_EQ(keyboard().getHelp('Q').toStdString(), "Q\nDown: Midi Note On: zone 2, note C4, velocity 100");
+    reopen();
+    EXPECT_EQ(keyboard().getCaption('Q'), "C3");
 
     load("", "useKeyUpMod='true'");
     EXPECT_EQ(keyboard().getCaption('Q'), "");
@@ -108,7 +118,7 @@ TEST_F(ComputerKeyboard, HasAFewLettersForEveryFunction)
         if (function == nullptr) continue;
         const QString caption = FunctionCaption::shortNameOf(*function);
         EXPECT_FALSE(caption.isEmpty()) << type;
-        EXPECT_LE(caption.size(), 7) << type;
+        EXPECT_LE(caption.size(), 9) << type;
     }
     using Row = std::pair<const char*, const char*>;
     for (const auto& [xml, caption] : {
@@ -118,6 +128,9 @@ TEST_F(ComputerKeyboard, HasAFewLettersForEveryFunction)
              {"<ChangeControl type='selected' value='127'/>", "Ctl 127"},
              {"<SelectControl type='left'/>", "Sel lf"},
              {"<ChangeProgram type='up'/>", "Prog+"},
+             {"<SelectZone type='0'/>", "Zone 1"},
+             {"<MidiPitchBend value='0'/>", "Bend -100"},
+             {"<MidiPitchBend value='16383'/>", "Bend +100"},
          }) {
         const XmlDocument document(xml, XmlDocument::Source::text);
         EXPECT_EQ(FunctionCaption::shortNameOf(*createFunctionFromXml(document.getRoot(), *orv)), caption);

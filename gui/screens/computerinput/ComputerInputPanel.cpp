@@ -29,7 +29,7 @@ constexpr int KEYBOARD_TOP = 34;
 }  // namespace
 
 ComputerInputPanel::ComputerInputPanel(OrvGuiIF& owner, Panel* around)
-    : Panel(around), gui(owner), messages(*this), keyboard(new ComputerKeyboardCtl(owner, keys, this))
+    : Panel(around), gui(owner), messages(*this), keyboard(new ComputerKeyboardCtl(owner, keys, zones, this))
 {
     makeTopRow();
     keyboard->move((WIDTH - keyboard->width()) / 2, KEYBOARD_TOP);
@@ -78,6 +78,20 @@ void ComputerInputPanel::handleComputerInput(bool useKeyUpMod, KeyConfigurationM
 void ComputerInputPanel::handleComputerInputChanged(const std::string& preset) { presets->showCurrent(preset); }
 
 void ComputerInputPanel::handlePresetLoaded() { keyboard->showConfigurations(); }
+
+void ComputerInputPanel::handleZones(const Backend::Zones::ZoneMap& newZones)
+{
+    zones = newZones;
+    keyboard->showConfigurations();
+}
+
+void ComputerInputPanel::handleZoneTranspose(Backend::Zones::ZoneId zone, int transpose)
+{
+    auto* const changed = zones.findElement(zone);
+    if (changed == nullptr) return;
+    changed->transpose = static_cast<std::int8_t>(transpose);
+    keyboard->showConfigurations();
+}
 
 void ComputerInputPanel::handlePresetsChanged(const Backend::PresetList& list) { presets->setPresets(list); }
 

@@ -5,6 +5,7 @@
 
 #include "backend/model/KeyConfigurationMap.h"
 #include "backend/model/PresetList.h"
+#include "backend/model/ZoneMap.h"
 #include "gui/framework/Panel.h"
 #include "gui/screens/computerinput/ComputerInputGuiMessageManager.h"
 
@@ -41,6 +42,8 @@ public:
     /// The preset that the keys were loaded from; empty if none.
     void handleComputerInputChanged(const std::string& preset);
     void handlePresetLoaded();
+    void handleZones(const Backend::Zones::ZoneMap& newZones);
+    void handleZoneTranspose(Backend::Zones::ZoneId zone, int transpose);
     void handlePresetsChanged(const Backend::PresetList& list);
 
 private:
@@ -49,6 +52,7 @@ private:
 
     OrvGuiIF& gui;
     Backend::ComputerInput::KeyConfigurationMap keys;
+    Backend::Zones::ZoneMap zones;
     ComputerInputGuiMessageManager messages;
     ComputerKeyboardCtl* keyboard;
     Preset::PresetCtl* presets = nullptr;

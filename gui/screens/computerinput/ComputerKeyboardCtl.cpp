@@ -44,8 +44,8 @@ QString nameOf(const Key& key)
 
 ComputerKeyboardCtl::ComputerKeyboardCtl(OrvGuiIF& owner,
                                          const Backend::ComputerInput::KeyConfigurationMap& configurations,
-                                         QWidget* parent)
-    : QWidget(parent), gui(owner), keys(configurations)
+                                         const Backend::Zones::ZoneMap& playedZones, QWidget* parent)
+    : QWidget(parent), gui(owner), keys(configurations), zones(playedZones)
 {
     setAccessibleName(tr("Computer keyboard"));
     setMouseTracking(true);
@@ -107,7 +107,7 @@ const KeyConfiguration* ComputerKeyboardCtl::findConfiguration(int keyCode) cons
 QString ComputerKeyboardCtl::getCaption(int keyCode) const
 {
     const KeyConfiguration* const configuration = findConfiguration(keyCode);
-    return configuration == nullptr ? QString() : FunctionCaption::captionOf(*configuration);
+    return configuration == nullptr ? QString() : FunctionCaption::captionOf(*configuration, zones);
 }
 
 QString ComputerKeyboardCtl::getHelp(int keyCode) const
@@ -126,10 +126,11 @@ ComputerKeyboardCtl::Look ComputerKeyboardCtl::lookOf(int keyCode) const
     if (down.contains(keyCode)) return {Role::selectedButton, Role::background, Role::background};
     const KeyConfiguration* const configuration = findConfiguration(keyCode);
     if (configuration == nullptr) return {Role::background, Role::unselectedButton, Role::label};
-    const int note = FunctionCaption::firstNoteOf(*configuration);
+    const auto [note, zone] = FunctionCaption::firstNoteOf(*configuration, zones);
     if (note < 0) return {Role::selectedCell, Role::label, Role::text};
-    if (isBlackKey(note)) return {Role::unusedButton, Role::selectedButton, Role::labelDisabled};
-    return {Role::unselectedButton, Role::background, Role::background};
+    const bool second = zone > 0 && zone % 2 != 0;
+    if (isBlackKey(note)) return {second ? Role::greenPen : Role::unusedButton, Role::selectedButton, Role::text};
+    return {second ? Role::text : Role::unselectedButton, Role::background, Role::background};
 }
 
 // --- the picture

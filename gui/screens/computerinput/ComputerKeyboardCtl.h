@@ -4,6 +4,7 @@
 #include <set>
 
 #include "backend/model/KeyConfigurationMap.h"
+#include "backend/model/ZoneMap.h"
 #include "gui/framework/AccessibleControl.h"
 #include "gui/framework/GdiManager.h"
 #include "gui/screens/computerinput/KeyLabels.h"
@@ -17,13 +18,14 @@ namespace Gui::ComputerInput
 {
 struct PlannedKey;
 
-/// The picture of the computer's keyboard. Each key shows its label and its function; keys that are down are lit, and
-/// while a modifier is down the functions under that modifier are shown. Keys can be pressed with the mouse.
+/// The picture of the computer's keyboard. Each key shows its label and its function, a note as it sounds and in the
+/// colour of its zone; keys that are down are lit, and while a modifier is down the functions under that modifier are
+/// shown. Keys can be pressed with the mouse.
 class ComputerKeyboardCtl final : public QWidget, public AccessibleControl
 {
 public:
     ComputerKeyboardCtl(OrvGuiIF& owner, const Backend::ComputerInput::KeyConfigurationMap& configurations,
-                        QWidget* parent);
+                        const Backend::Zones::ZoneMap& playedZones, QWidget* parent);
 
     // By key code; a code without a key is ignored.
     void showKeyDown(int keyCode);
@@ -36,7 +38,7 @@ public:
     /// The middle of a key, in logical pixels.
     QPoint getPlace(int keyCode) const;
 
-    /// The configurations have changed.
+    /// The configurations or the zones have changed.
     void showConfigurations();
 
     QAccessible::Role getAccessibleRole() const override { return QAccessible::Graphic; }
@@ -71,6 +73,7 @@ private:
 
     OrvGuiIF& gui;
     const Backend::ComputerInput::KeyConfigurationMap& keys;
+    const Backend::Zones::ZoneMap& zones;
     KeyLabels labels;
     std::set<int> down;
     Key held;  // the modifiers that are down

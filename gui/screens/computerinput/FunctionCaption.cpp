@@ -30,15 +30,15 @@ constexpr ShortName SHORT_NAMES[] = {
     {"MidiSongSelect", "Song"}, {"MidiBusSelect", "Bus"}, {"MidiTuneRequest", "Tune"}, {"MidiTimingTick", "Tick"},
     {"MidiStartSong", "Start"}, {"MidiContinueSong", "Cont"}, {"MidiStopSong", "Stop"}, {"MidiActiveSensing", "Sense"},
     {"MidiSystemReset", "SysRst"}, {"MidiEndOfSysEx", "EOX"},
-    {"ShowSystem", "Main"}, {"ShowHelp", "Help"}, {"ShowDisplay", "Displ"}, {"ShowOscillator", "Oscs"},
-    {"ShowJoystick", "Joyst"}, {"ShowMidiInput", "MIDI"}, {"ShowComputerInput", "Keys"}, {"ShowControl", "Contr"},
-    {"ShowOutput", "Outp"}, {"ShowCC", "CCs"}, {"ShowZone", "Zones"}, {"ShowLayer", "Layers"},
+    {"ShowSystem", "Main"}, {"ShowHelp", "Help"}, {"ShowDisplay", "Display"}, {"ShowOscillator", "Oscs"},
+    {"ShowJoystick", "Joy"}, {"ShowMidiInput", "MIDI"}, {"ShowComputerInput", "Keys"}, {"ShowControl", "Ctrls"},
+    {"ShowOutput", "Output"}, {"ShowCC", "CCs"}, {"ShowZone", "Zones"}, {"ShowLayer", "Layers"},
     {"ShowSaveDialog", "Save"}, {"MoveWindow", "Move"},
     {"LoadOscillatorPreset", "Preset"}, {"LoadJoystickInputPreset", "Preset"}, {"LoadMidiInputPreset", "Preset"},
     {"LoadComputerInputPreset", "Preset"}, {"LoadControlPreset", "Preset"}, {"LoadLayerPreset", "Preset"},
     {"ChangeProgram", "Prog"}, {"ShowProgramMenu", "Progs"}, {"ChangeDefaultMidiOutput", "Out"},
     {"ShowDefaultMidiOutputMenu", "Outs"}, {"ChangeMidiThru", "Thru"}, {"ChangeGlobalKeyboard", "Global"},
-    {"ChangeTempo", "Tmp"}, {"ResetOrv", "Reset"},
+    {"ChangeTempo", "Tempo"}, {"ResetOrv", "Reset"},
     {"DataSelectOsc", "Osc"}, {"ChangeOscPlaying", "Run"}, {"ChangeOscSpeed", "Spd"},
     {"SelectControl", "Sel"}, {"SetWidgetFocus", "Foc"}, {"ChangeControl", "Ctl"}, {"SendControlData", "Send"},
     {"SelectZone", "Zone"}, {"ChangeZoneTranspose", "ZT"}, {"DataSelectLayer", "Lay"}, {"EditSelectLayer", "Edit"},
@@ -63,6 +63,15 @@ bool isNote(MidiEngine::MessageType status)
 
 QString noteOf(const MidiSettingsType& midi) { return toText(Note(midi.getD1()).toXmlString()); }
 
+/// In which direction, and how far of the whole way.
+QString bendOf(int value)
+{
+    constexpr int MIDDLE = 8192;
+    constexpr int PERCENT = 100;
+    const int percent = (value - MIDDLE) * PERCENT / (value > MIDDLE ? MIDDLE - 1 : MIDDLE);
+    return value > MIDDLE ? QStringLiteral(" +%1").arg(percent) : QStringLiteral(" %1").arg(percent);
+}
+
 QString select(const SelectType& which)
 {
     switch (which.kind) {
@@ -71,7 +80,7 @@ QString select(const SelectType& which)
         case SelectType::Kind::down:
             return QStringLiteral("-");
         case SelectType::Kind::specific:
-            return ' ' + QString::number(which.value);
+            return ' ' + QString::number(which.value + 1);  // shown from 1
         default:
             return {};
     }
@@ -105,6 +114,7 @@ QString suffixOf(const Function& function)
 {
     if (const auto* midi = as<MidiSettingsType>(function)) {
         if (isNote(midi->getStatus())) return ' ' + noteOf(*midi);
+        if (midi->getStatus() == MidiEngine::MessageType::pitchBend) return bendOf(midi->getD1());
         const bool numbered = midi->getStatus() == MidiEngine::MessageType::controllerChange ||
                               midi->getStatus() == MidiEngine::MessageType::programChange;
         return numbered ? QString::number(midi->getD1()) : QString();
@@ -141,13 +151,17 @@ private:
     std::vector<FunctionInfo> functions;
 };
 
-/// -1 means the default for a zone, output or channel; elsewhere it is a number.
-bool isLeftOut(const QString& name, const QString& value)
+/// Counted from 0 in files and from 1 on the screen; -1 is the default, or none.
+bool isCounted(const QString& name) { return QStringList{"zone", "output", "channel"}.contains(name); }
+
+/// Whether the attribute is the number of an item of a list.
+bool isSpecific(const Function& function, const QString& name)
 {
-    return value == QLatin1String("-1") && QStringList{"zone", "output", "channel"}.contains(name);
+    const auto* item = as<SelectSettingsType>(function);
+    return name == QLatin1String("type") && item != nullptr && item->getSelectType().kind == SelectType::Kind::specific;
 }
 
-/// The parameters that are set, as in files.
+/// The parameters that are set.
 QStringList parametersOf(const Function& function)
 {
     std::ostringstream out;
@@ -156,7 +170,12 @@ QStringList parametersOf(const Function& function)
     QStringList parameters;
     for (auto found = attribute.globalMatch(toText(out.str())); found.hasNext();) {
         const auto match = found.next();
-        if (!isLeftOut(match.captured(1), match.captured(2))) parameters << match.captured(1) + ' ' + match.captured(2);
+        const QString name = match.captured(1);
+        const QString value = match.captured(2);
+        if (!isCounted(name) && !isSpecific(function, name))
+            parameters << name + ' ' + value;
+        else if (value.toInt() >= 0)
+            parameters << name + ' ' + QString::number(value.toInt() + 1);
     }
     return parameters;
 }
@@ -174,6 +193,14 @@ QString shortNameOf(const Function& function)
     return row == std::end(SHORT_NAMES) ? QString() : QString::fromLatin1(row->text) + suffixOf(function);
 }
 
+int soundingNoteOf(const Function& function, const Zones::ZoneMap& zones)
+{
+    if (!isNoteOn(function)) return -1;
+    const auto& midi = *as<MidiSettingsType>(function);
+    const auto* zone = zones.findElement(midi.getZone());
+    return zone == nullptr ? midi.getD1() : MidiEngine::foldNote(midi.getD1() + zone->transpose);
+}
+
 QString describe(const Function& function)
 {
     static const DisplayNames names;
@@ -182,13 +209,16 @@ QString describe(const Function& function)
     return parameters.isEmpty() ? name : name + QStringLiteral(": ") + parameters.join(QStringLiteral(", "));
 }
 
-QString captionOf(const ButtonConfiguration& button)
+QString captionOf(const ButtonConfiguration& button, const Zones::ZoneMap& zones)
 {
     QStringList captions;
     for (const ButtonFunction& entry : button.getEntries()) {
         const bool goesDown = entry.downFunction != nullptr && entry.downFunction->getType() != NO_FUNCTION;
         const auto& function = goesDown ? entry.downFunction : entry.upFunction;
-        const QString caption = function == nullptr ? QString() : shortNameOf(*function);
+        const int note = function == nullptr ? -1 : soundingNoteOf(*function, zones);
+        const QString caption = note >= 0             ? toText(Note(note).toXmlString())
+                                : function == nullptr ? QString()
+                                                      : shortNameOf(*function);
         if (!caption.isEmpty() && !captions.contains(caption)) captions << caption;
     }
     return captions.join(' ');
@@ -205,12 +235,13 @@ QString describe(const ButtonConfiguration& button)
     return lines.join('\n');
 }
 
-int firstNoteOf(const ButtonConfiguration& button)
+PlayedNote firstNoteOf(const ButtonConfiguration& button, const Zones::ZoneMap& zones)
 {
-    int note = -1;
-    button.forEachFunction([&note](const Function& function) {
-        if (note < 0 && isNoteOn(function)) note = as<MidiSettingsType>(function)->getD1();
+    PlayedNote played;
+    button.forEachFunction([&](const Function& function) {
+        if (played.note < 0 && isNoteOn(function))
+            played = {soundingNoteOf(function, zones), as<MidiSettingsType>(function)->getZone()};
     });
-    return note;
+    return played;
 }
 }  // namespace Gui::ComputerInput::FunctionCaption

@@ -1,0 +1,19 @@
+#include "gui/window/ZoneGuiMessageManager.h"
+
+#include <array>
+
+#include "backend/messages/GuiMessages.h"
+#include "gui/window/MainWindow.h"
+
+namespace Gui
+{
+namespace
+{
+constexpr auto COMMANDS = std::to_array<Backend::Command<MainWindow>>({
+    Backend::on<Backend::GuiMessage::ZONE_TRANSPOSE, &MainWindow::handleZoneTranspose>(),
+    Backend::on<Backend::GuiMessage::ZONES, &MainWindow::handleZones>(),
+});
+}  // namespace
+
+ZoneGuiMessageManager::ZoneGuiMessageManager(MainWindow& window) : TableMessageManager(COMMANDS, window) {}
+}  // namespace Gui
