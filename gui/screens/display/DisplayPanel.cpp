@@ -104,7 +104,7 @@ void DisplayPanel::setText(const std::string& text) { log->setText(text); }
 void DisplayPanel::handleSettingsChanged(const RegistrySettings& settings)
 {
     for (std::size_t i = 0; i < SWITCHES; ++i) switches[i]->setChecked((settings.*Switches::DISPLAY[i].get)());
-    log->setLargeFont(settings.getLargeDisplayFont());
+    log->setLarge(settings.getLargeDisplayFont());
     if (edge->isSliderDown()) return;
     const QSignalBlocker quiet(edge);
     edge->setValue(settings.getDisplayHeight());
@@ -114,7 +114,7 @@ void DisplayPanel::handleSettingsChanged(const RegistrySettings& settings)
 void DisplayPanel::handleLargeDisplayFontChanged(bool on)
 {
     switches[LARGE]->setChecked(on);
-    log->setLargeFont(on);
+    log->setLarge(on);
 }
 
 /// Keys typed into the log are played.

@@ -1,7 +1,9 @@
 #include "gui/screens/display/LogView.h"
 
 #include <QKeyEvent>
+#include <QPainter>
 #include <QScrollBar>
+#include <QTextBlock>
 #include <QTextOption>
 #include <algorithm>
 
@@ -13,7 +15,6 @@ namespace Gui::Display
 namespace
 {
 constexpr qreal TABS[] = {200, 232, 390, 560};  // port, channel, event, first and second value
-constexpr qreal TAB_OF_LARGE_FONT = 40;         // a gap between the columns
 constexpr qreal MARGIN = 4;
 
 QString linesOf(const std::string& text)
@@ -22,6 +23,30 @@ QString linesOf(const std::string& text)
     lines.remove('\r');
     if (lines.endsWith('\n')) lines.chop(1);
     return lines;
+}
+
+/// What the values of an event mean, if it says so in brackets: "60 (C4)".
+QString meaningOf(const QString& value)
+{
+    const auto open = value.indexOf(QLatin1String(" ("));
+    return open < 0 ? QString() : value.mid(open + 2).chopped(1);
+}
+
+/// A line of the log as a few words: port, channel, event, first and second value become "C4  100  ch 1".
+QString inFewWords(const QString& line)
+{
+    enum Column { port, channel, event, first, second };
+    const QStringList columns = line.split('\t');
+    if (columns.size() <= event) return line;
+    const QString meaning = meaningOf(columns.value(first));
+    QStringList words{meaning.isEmpty() ? columns[event] : meaning};
+    if (meaning.isEmpty() && columns.size() > first) words << columns[first];
+    if (columns[event] == QLatin1String("Note Off"))
+        words << QStringLiteral("off");
+    else if (columns.size() > second)
+        words << columns[second];
+    if (!columns[channel].isEmpty()) words << QStringLiteral("ch ") + columns[channel];
+    return words.join(QStringLiteral("  "));
 }
 
 bool isModifier(int key)
@@ -46,7 +71,11 @@ LogView::LogView(GdiManager& manager, QWidget* parent) : QPlainTextEdit(parent),
     takeFont();
 }
 
-void LogView::addText(const std::string& text) { appendPlainText(linesOf(text)); }
+void LogView::addText(const std::string& text)
+{
+    appendPlainText(linesOf(text));
+    if (large) viewport()->update();
+}
 
 void LogView::setText(const std::string& text)
 {
@@ -54,35 +83,57 @@ void LogView::setText(const std::string& text)
     verticalScrollBar()->setValue(verticalScrollBar()->maximum());
 }
 
-void LogView::setLargeFont(bool on)
+void LogView::setLarge(bool on)
 {
     if (on == large) return;
-    const QScrollBar& bar = *verticalScrollBar();
-    const bool atEnd = bar.value() == bar.maximum();
     large = on;
-    takeFont();
-    if (atEnd) verticalScrollBar()->setValue(bar.maximum());
+    setVerticalScrollBarPolicy(large ? Qt::ScrollBarAlwaysOff : Qt::ScrollBarAlwaysOn);
+    viewport()->update();
 }
+
+QString LogView::getNewestEvent() const { return inFewWords(document()->lastBlock().text()); }
 
 void LogView::takeFont()
 {
-    setFont(gdi.getFont(large ? GdiManager::FontRole::large : GdiManager::FontRole::font4));
+    setFont(gdi.getFont(GdiManager::FontRole::font4));
     QTextOption option = document()->defaultTextOption();
     QList<QTextOption::Tab> tabs;
-    if (!large)
-        for (const qreal place : TABS) tabs.append(QTextOption::Tab(place, QTextOption::LeftTab));
+    for (const qreal place : TABS) tabs.append(QTextOption::Tab(place, QTextOption::LeftTab));
     option.setTabs(tabs);
-    option.setTabStopDistance(TAB_OF_LARGE_FONT);
     document()->setDefaultTextOption(option);
-    document()->setDocumentMargin(large ? 0 : MARGIN);
+    document()->setDocumentMargin(MARGIN);
+}
+
+void LogView::paintEvent(QPaintEvent* event)
+{
+    if (large)
+        paintNewestEvent();
+    else
+        QPlainTextEdit::paintEvent(event);
+}
+
+/// In one line, as large as it fits.
+void LogView::paintNewestEvent()
+{
+    QPainter painter(viewport());
+    const QRectF room = viewport()->rect().adjusted(4, 4, -4, -4);
+    const QString text = getNewestEvent();
+    QFont font = gdi.getFont(GdiManager::FontRole::large);
+    const QFontMetricsF metrics(font);
+    const qreal fitting = std::min(
+        {1.0, room.width() / std::max(1.0, metrics.horizontalAdvance(text)), room.height() / metrics.height()});
+    font.setPixelSize(std::max(8, static_cast<int>(font.pixelSize() * fitting)));
+    painter.fillRect(viewport()->rect(), palette().color(QPalette::Base));
+    painter.setFont(font);
+    painter.setPen(palette().color(QPalette::Text));
+    painter.drawText(room, Qt::AlignCenter | Qt::TextSingleLine, text);
 }
 
 /// The skin sets the font of every control; this one restores its own.
 void LogView::changeEvent(QEvent* event)
 {
     QPlainTextEdit::changeEvent(event);
-    const auto role = large ? GdiManager::FontRole::large : GdiManager::FontRole::font4;
-    if (event->type() == QEvent::FontChange && font() != gdi.getFont(role)) takeFont();
+    if (event->type() == QEvent::FontChange && font() != gdi.getFont(GdiManager::FontRole::font4)) takeFont();
 }
 
 void LogView::keyPressEvent(QKeyEvent* event)

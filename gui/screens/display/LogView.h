@@ -11,7 +11,8 @@ class GdiManager;
 
 namespace Gui::Display
 {
-/// The last lines of the log, to be read and copied. It scrolls with the newest line while that is visible. It has the
+/// The last lines of the log, to be read and copied, or in large letters the newest event alone, which can be read from
+/// a distance. The log scrolls with the newest line while that is visible. It has the
 /// focus only after lines were selected with the mouse or after Tab, and uses only the keys that move in it and copy.
 class LogView final : public QPlainTextEdit
 {
@@ -28,15 +29,19 @@ public:
     /// Replaces the lines and scrolls to the end.
     void setText(const std::string& text);
 
-    void setLargeFont(bool on);
+    void setLarge(bool on);
+    /// The newest event as it is shown in large letters: "C4  100  ch 1".
+    QString getNewestEvent() const;
 
 protected:
+    void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void changeEvent(QEvent* event) override;
 
 private:
     void takeFont();
+    void paintNewestEvent();
 
     GdiManager& gdi;
     bool large = false;
