@@ -59,20 +59,20 @@ void MusicKeyboardCtl::displayMidiOutputEvent(const OrvMidiMessage& event)
     notes.take(event);
     const int note = event.getD1();
     if (event.isNoteOn() && notes.isSounding(note)) started.set(static_cast<std::size_t>(note));
-    showSoon();
+    changed();
 }
 
 void MusicKeyboardCtl::clearHilight()
 {
     notes.clear();
     started.reset();
-    showSoon();
+    changed();
 }
 
 void MusicKeyboardCtl::handleMidiOutputPortsChanged(const Backend::MidiEngine::MidiOutputPorts& ports)
 {
     notes.handleMidiOutputPortsChanged(ports);
-    showSoon();
+    changed();
 }
 
 bool MusicKeyboardCtl::isLit(int note) const
@@ -88,20 +88,24 @@ QString MusicKeyboardCtl::getSoundingNames() const
     return names.join(' ');
 }
 
-void MusicKeyboardCtl::showSoon()
+/// The first change is shown at once, what follows within the frame at its end.
+void MusicKeyboardCtl::changed()
 {
-    if (!frame.isActive()) frame.start(FRAME);
+    isStale = true;
+    if (!frame.isActive()) showFrame();
 }
 
 void MusicKeyboardCtl::showFrame()
 {
+    if (!std::exchange(isStale, false)) return;
+    frame.start(FRAME);
     const Keys before = lit;
     for (int note = 0; note < KeyOutlines::NOTES; ++note) {
         const auto key = static_cast<std::size_t>(note);
         lit[key] = notes.isSounding(note) || started[key];
         if (lit[key] != before[key]) update(KeyOutlines::keyRectangle(note));
     }
-    if (started.any()) showSoon();  // some of them may have ended
+    isStale = started.any();  // some of them may have ended
     started.reset();
     if (lit != before) accessibleValueChanged(*this, getSoundingNames());
 }

@@ -19,8 +19,9 @@ namespace Gui::Output
 enum class KeyState;
 
 /// A piano keyboard of 128 notes. Keys are lit while their notes sound, and the mouse plays them: a key is down while
-/// the left button is, and dragging plays from key to key. It repaints at most once a frame, and only the keys that
-/// changed; a note that ends within a frame is shown for one. The places of the keys are in `KeyOutlines`.
+/// the left button is, and dragging plays from key to key. A change is shown at once, further ones at most once a frame
+/// and only the keys that changed; a note that ends within a frame is shown for one. The places of the keys are in
+/// `KeyOutlines`.
 class MusicKeyboardCtl final : public QWidget, public AccessibleControl
 {
 public:
@@ -66,7 +67,7 @@ private:
     void hold(const QPoint& point);
     void release();
     void showFrame();
-    void showSoon();
+    void changed();
     KeyState stateOf(int note) const;
 
     static constexpr int NO_KEY = -1;
@@ -78,6 +79,7 @@ private:
     Keys started;  // note-ons since the last frame
     Keys lit;      // the keys drawn as sounding
     int heldKey = NO_KEY;
+    bool isStale = false;    // what is drawn may differ from what sounds
     bool isDragged = false;  // the left button is down
     QTimer frame;
 };
