@@ -33,7 +33,7 @@ constexpr Switch DISPLAY_TABLE[] = {
     setting<Rows::DISPLAY_MIDI_OUTPUT_EVENTS>("Show output events",
                                               "Lists the MIDI events that are sent to the outputs."),
     setting<Rows::DISPLAY_NUMBERS>("Number the lines", "Numbers the lines of the display."),
-    setting<Rows::LARGE_DISPLAY_FONT>("Large font", "A larger font for the display, to be read from a distance.")};
+    setting<Rows::LARGE_DISPLAY_FONT>("Large font", "Shows the newest event alone, in large letters.")};
 
 constexpr Switch WINDOW_TABLE[] = {
     setting<Rows::DOCK_TO_BOTTOM_EDGE>(
@@ -50,19 +50,12 @@ constexpr Switch MIDI_THRU{"MIDI thru", "MIDI thru: events received at the MIDI 
 constexpr Switch GLOBAL_KEYBOARD{"Global keyboard", "", &Settings::getGlobalKeyboard,
                                  &postToggle<&Commands::postChangeGlobalKeyboard>};
 
-constexpr Switch CLICK_ZONE_CHANNEL_TRANSPOSE = setting<Rows::CLICK_ZONE_CHANNEL_TRANSPOSE>(
-    "Click before or after zone transposes zone.",
-    "A click on the piano keyboard outside a zone transposes that zone by octaves so that it includes the key.");
-
 constexpr Switch KEEP_NOTES = setting<Rows::KEEP_NOTES>(
     "Held notes ring on over changes",
     "Notes that you hold ring on when you change the program or edit a layer, until you release their keys.");
 
 constexpr Switch RECORD = setting<Rows::RETRO_RECORD_ENABLED>(
     "Record what is played", "Record: keeps what you play, so that you can save it afterwards.");
-
-constexpr Switch LITE_STACK_NOTES = setting<Rows::LITE_STACK_NOTES>(
-    "Stack Notes", "Stack Notes: such a host sends the note-off of a repeated note only once all its keys are up.");
 
 constexpr std::span<const Switch> DISPLAY(DISPLAY_TABLE);
 constexpr std::span<const Switch> WINDOW(WINDOW_TABLE);

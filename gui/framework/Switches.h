@@ -25,10 +25,8 @@ namespace Switches
 {
 extern const Switch MIDI_THRU;
 extern const Switch GLOBAL_KEYBOARD;  ///< its help: `GlobalKeyboard::describe`
-extern const Switch CLICK_ZONE_CHANNEL_TRANSPOSE;
 extern const Switch KEEP_NOTES;
 extern const Switch RECORD;
-extern const Switch LITE_STACK_NOTES;
 extern const std::span<const Switch> DISPLAY;  ///< input events, output events, numbers, large font
 extern const std::span<const Switch> WINDOW;   ///< docking, always on top, border
 }  // namespace Switches

@@ -60,19 +60,16 @@ struct SetupDialog : DialogHands {
     }
 
     using Switch = std::pair<const char*, bool (RegistrySettings::*)() const>;
-    static constexpr Switch SWITCHES[] = {
-        {"MIDI thru", &RegistrySettings::getMidiThru},
-        {"Global keyboard", &RegistrySettings::getGlobalKeyboard},
-        {"Click before or after zone transposes zone.", &RegistrySettings::getClickZoneChannelTranspose},
-        {"Record what is played", &RegistrySettings::isRetroRecordEnabled},
-        {"Show input events", &RegistrySettings::getDisplayMidiInputEvents},
-        {"Show output events", &RegistrySettings::getDisplayMidiOutputEvents},
-        {"Number the lines", &RegistrySettings::getDisplayNumbers},
-        {"Large font", &RegistrySettings::getLargeDisplayFont},
-        {"Dock to bottom edge", &RegistrySettings::getDockToBottomEdge},
-        {"Always on top", &RegistrySettings::getAlwaysOnTop},
-        {"Metallic Border", &RegistrySettings::getUseSkinBorder},
-        {"Stack Notes", &RegistrySettings::getLiteStackNotes}};
+    static constexpr Switch SWITCHES[] = {{"MIDI thru", &RegistrySettings::getMidiThru},
+                                          {"Global keyboard", &RegistrySettings::getGlobalKeyboard},
+                                          {"Record what is played", &RegistrySettings::isRetroRecordEnabled},
+                                          {"Show input events", &RegistrySettings::getDisplayMidiInputEvents},
+                                          {"Show output events", &RegistrySettings::getDisplayMidiOutputEvents},
+                                          {"Number the lines", &RegistrySettings::getDisplayNumbers},
+                                          {"Large font", &RegistrySettings::getLargeDisplayFont},
+                                          {"Dock to bottom edge", &RegistrySettings::getDockToBottomEdge},
+                                          {"Always on top", &RegistrySettings::getAlwaysOnTop},
+                                          {"Metallic Border", &RegistrySettings::getUseSkinBorder}};
 
     /// As the dialog shows them, or as the backend has them.
     std::vector<bool> switches(bool shown)
@@ -89,7 +86,6 @@ struct SetupDialog : DialogHands {
     static constexpr Number NUMBERS[] = {
         {"Mouse sensitivity", 1, 4, 4, 1, 100, "", &RegistrySettings::getMouseSensitivity},
         {"Height of the display", 200, 60, 60, 60, 600, "", &RegistrySettings::getDisplayHeight},
-        {"Velocity", 100, 127, 127, 1, 127, "", &RegistrySettings::getLiteVelocity},
         {"Buffer size", 100, 200000, 200000000, 1, 200000, "KB", &RegistrySettings::getRetroRecordBufferSize}};
 };
 
@@ -100,16 +96,16 @@ TEST_F(SetupDialog, ChangesAreDoneAtOkAndNotBeforeAndNeverByCancel)
     for (const QString end : {"Escape", "Cancel", "OK"}) {
         EXPECT_EQ(shownSwitches(), before);
         for (const auto& [name, get] : SWITCHES) flip(name);
-        enter("Velocity", "127");
+        enter("Height of the display", "300");
         flipPort("MIDI outputs", 2);
         EXPECT_EQ(setSwitches(), before);
-        if (end == "Escape") QTest::keyClick(&reach("Velocity"), Qt::Key_Escape);
+        if (end == "Escape") QTest::keyClick(&reach("Height of the display"), Qt::Key_Escape);
         if (end != "Escape") press(end);
         playSlices();
         EXPECT_EQ(dialogs(), "");
         if (end == "OK") before.flip();
         EXPECT_EQ(setSwitches(), before) << end.toStdString();
-        EXPECT_EQ(settings().getLiteVelocity(), end == "OK" ? 127 : 100);
+        EXPECT_EQ(settings().getDisplayHeight(), end == "OK" ? 300 : 200);
         EXPECT_EQ(player.requests.empty(), end != "OK");
         click("Setup");
     }
@@ -214,13 +210,11 @@ TEST_F(SetupDialog, ChoicesAreFromLists)
     EXPECT_EQ(shown("Default MIDI output"), "Out 1");
     QTest::keyClick(&reach("Default MIDI output"), Qt::Key_Down);
     EXPECT_EQ(shown("Default MIDI output"), "Out 3") << "one that is open";
-    EXPECT_EQ(shown("Channel"), "1");
-    Hands::click(reach("Channel"));
-    EXPECT_EQ(menu(), "*1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16");
-    choose("10");
+    Hands::click(reach("Default MIDI output"));
+    EXPECT_EQ(menu(), "Out 1, -Out 2 (Not Enabled), *Out 3");
+    choose("Out 3");
     press("OK");
     EXPECT_EQ(settings().getDefaultMidiOutput(), 2);
-    EXPECT_EQ(settings().getLiteChannel(), 9);
 }
 
 TEST_F(SetupDialog, TheDefaultBankIsAFileThatIsThere)
@@ -261,16 +255,16 @@ TEST_F(SetupDialog, TheDefaultBankIsAFileThatIsThere)
 TEST_F(SetupDialog, OkPostsOnlyWhatWasChanged)
 {
     flip("Large font"), flip("Large font");
-    enter("Velocity", "100");
+    enter("Height of the display", "200");
     // What is in the backend alone stays, because nothing is posted.
-    settings().setLiteVelocity(99);
+    settings().setDisplayHeight(99);
     settings().setAlwaysOnTop(true);
     settings().setDefaultBank("else");
     player.requests.clear();
     press("OK");
     EXPECT_EQ(dialogs(), "");
     playSlices();
-    EXPECT_EQ(settings().getLiteVelocity(), 99);
+    EXPECT_EQ(settings().getDisplayHeight(), 99);
     EXPECT_TRUE(settings().getAlwaysOnTop());
     EXPECT_EQ(settings().getDefaultBank(), "else");
     EXPECT_TRUE(player.requests.empty());
@@ -286,19 +280,18 @@ TEST_F(SetupDialog, FieldsThatAreNotTouchedFollowAndTheOthersStay)
     commands().postSetAlwaysOnTop(true);
     commands().postSetUseSkinBorder(false);
     commands().postSetDockToBottomEdge(true);
-    commands().postSetClickZoneChannelTranspose(true);
     commands().postSetRetroRecordBufferSize(55000);
     commands().postEnableRetroRecord(false);
     commands().postChangeMidiThru({OnOffToggle::State::toggle}, true);
     commands().postChangeGlobalKeyboard({OnOffToggle::State::on}, true);
     commands().postChangeDefaultMidiOutput({.kind = SelectType::Kind::specific, .value = 1});
     commands().postEnableMidiInput(0, false);
-    commands().postSetLiteVelocity(9);
+    commands().postSetDisplayHeight(90);
     commands().postRefreshGui();
     EXPECT_EQ(shownSwitches(), setSwitches());
     EXPECT_EQ(shown("Mouse sensitivity"), "7");
     EXPECT_EQ(shown("Buffer size"), "55");
-    EXPECT_EQ(shown("Velocity"), "9");
+    EXPECT_EQ(shown("Height of the display"), "90");
     EXPECT_EQ(shown("Default MIDI output"), "Out 2");
     EXPECT_EQ(ports("MIDI inputs"), "In 1|In 2|*In 3|");
     commands().postSetMidiInputPorts(inputs({"In 1", "In 2", "In 3", "In 4"}));
@@ -327,7 +320,7 @@ TEST_F(SetupDialog, IsOneOnlyAndGoesWithTheWindow)
     gui->showSetupDialog();
     EXPECT_EQ(surroundings.findChildren<Gui::Setup::SetupDialog*>().size(), 1);
     flip("Large font");
-    enter("Velocity", "0");
+    enter("Height of the display", "0");
     Hands::click(field<QAbstractButton>("OK"));
     EXPECT_EQ(dialogs(), "Invalid entry, Setup");
     gui->destroy();

@@ -17,7 +17,6 @@ namespace
 {
 constexpr int KILOBYTE = 1000;
 constexpr const auto& RECORD = Backend::Settings::RETRO_RECORD_BUFFER_SIZE;
-constexpr int CHANNELS = 16;
 
 std::vector<MidiPort> getInputs(const OrvGuiIF& gui)
 {
@@ -35,13 +34,6 @@ std::vector<ComboBox::Entry> getOutputEntries(const OrvGuiIF& gui)
     for (const MidiPort& port : gui.getMidiOutputPorts())
         entries.push_back({.text = QString::fromStdString(port.getDisplayName()),
                            .enabled = port.enabled && port.found && !port.couldNotOpen});
-    return entries;
-}
-
-std::vector<ComboBox::Entry> getChannelEntries(const OrvGuiIF&)
-{
-    std::vector<ComboBox::Entry> entries;
-    for (int channel = 1; channel <= CHANNELS; ++channel) entries.push_back({.text = QString::number(channel)});
     return entries;
 }
 }  // namespace
@@ -108,26 +100,4 @@ constexpr Number DISPLAY_HEIGHT{"Height:",
                                 1,
                                 &Settings::getDisplayHeight,
                                 &Commands::postSetDisplayHeight};
-
-constexpr Number LITE_VELOCITY{"Velocity:",
-                               "",
-                               "",
-                               "Velocity",
-                               "Velocity of the notes of such a host, 1 to 127.",
-                               "",
-                               "",
-                               1,
-                               127,
-                               1,
-                               &Settings::getLiteVelocity,
-                               &Commands::postSetLiteVelocity};
-
-constexpr Choice LITE_CHANNEL{"Channel:",
-                              "Channel",
-                              "MIDI channel of such a host, 1 to 16.",
-                              70,
-                              &getChannelEntries,
-                              [](const OrvGuiIF& gui) { return gui.getRegistrySettings().getLiteChannel(); },
-                              [](const OrvGuiIF&, int channel) { return std::to_string(channel + 1); },
-                              [](Commands& commands, int channel) { commands.postSetLiteChannel(channel); }};
 }  // namespace Gui::Setup

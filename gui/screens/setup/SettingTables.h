@@ -62,6 +62,4 @@ extern const Choice DEFAULT_OUTPUT;
 extern const Number MOUSE_SENSITIVITY;
 extern const Number RECORD_SIZE;
 extern const Number DISPLAY_HEIGHT;
-extern const Number LITE_VELOCITY;
-extern const Choice LITE_CHANNEL;
 }  // namespace Gui::Setup

@@ -84,7 +84,6 @@ void SetupPages::makePages()
                       QString::fromStdString(GlobalKeyboard::describe(gui.getGlobalKeyboardReason())));
     add<SwitchField>(Switches::MIDI_THRU, playing);
     add<SwitchField>(Switches::KEEP_NOTES, playing);
-    add<SwitchField>(Switches::CLICK_ZONE_CHANNEL_TRANSPOSE, playing);
     add<NumberField>(MOUSE_SENSITIVITY, playing);
 
     QBoxLayout& bank = addPage({tr("Bank"), tr("The bank that is loaded at every start.")});
@@ -103,13 +102,7 @@ void SetupPages::makePages()
     QBoxLayout& window = addPage({tr("Window"), tr("Position, stacking and border of the window on the desktop.")});
     for (const Switch& row : Switches::WINDOW) add<SwitchField>(row, window);
 
-    QBoxLayout& lite = addPage({tr("Lite"), tr("Velocity, channel and note stacking of a host that plays without "
-                                               "programs. This program does not use them.")});
-    add<NumberField>(LITE_VELOCITY, lite);
-    add<ChoiceField>(LITE_CHANNEL, lite);
-    add<SwitchField>(Switches::LITE_STACK_NOTES, lite);
-
-    for (QBoxLayout* rows : {&playing, &bank, &record, &display, &window, &lite}) rows->addStretch();
+    for (QBoxLayout* rows : {&playing, &bank, &record, &display, &window}) rows->addStretch();
 }
 
 // --- values
