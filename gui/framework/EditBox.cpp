@@ -1,11 +1,15 @@
 #include "gui/framework/EditBox.h"
 
+#include <QApplication>
+#include <QClipboard>
 #include <QContextMenuEvent>
 #include <QDialog>
 #include <QKeyEvent>
 #include <QWheelEvent>
 #include <algorithm>
+#include <functional>
 #include <utility>
+#include <vector>
 
 #include "backend/values/Note.h"
 #include "gui/framework/PopupMenu.h"
@@ -100,12 +104,34 @@ void EditBox::wheelEvent(QWheelEvent* event)
     event->accept();
 }
 
+PopupMenu& EditBox::makeTextMenu()
+{
+    struct Command {
+        QString name;
+        bool enabled;
+        std::function<void()> execute;
+    };
+    const bool canWrite = !isReadOnly();
+    const std::vector<Command> commands{
+        {tr("Undo"), canWrite && isUndoAvailable(), [this] { undo(); }},
+        {tr("Cut"), canWrite && hasSelectedText(), [this] { cut(); }},
+        {tr("Copy"), hasSelectedText(), [this] { copy(); }},
+        {tr("Paste"), canWrite && !QApplication::clipboard()->text().isEmpty(), [this] { paste(); }},
+        {tr("Select all"), !text().isEmpty(), [this] { selectAll(); }}};
+    auto* menu = new PopupMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    for (const Command& command : commands) menu->addItem({.text = command.name, .enabled = command.enabled});
+    menu->onChosen = [commands](int chosen) { commands[static_cast<std::size_t>(chosen)].execute(); };
+    return *menu;
+}
+
 void EditBox::contextMenuEvent(QContextMenuEvent* event)
 {
     const bool notes = isSet(*this, Property::SHOW_NOTE_STRING);
     Range range = getRange();
     if (notes) range = {std::max(range.lowest, 0), std::min(range.highest, HIGHEST_DATA)};
-    if (!notes && (range.highest - range.lowest >= LONGEST_MENU || range.lowest < 0 || range.highest <= 0)) return;
+    if (!notes && (range.highest - range.lowest >= LONGEST_MENU || range.lowest < 0 || range.highest <= 0))
+        return makeTextMenu().show(event->globalPos());
 
     auto* menu = new PopupMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);

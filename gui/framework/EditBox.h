@@ -6,8 +6,10 @@
 
 namespace Gui
 {
+class PopupMenu;
+
 /// A line to type in. Its properties (`Properties.h`) say what it holds, a number between limits, a note or any text,
-/// and what the wheel and the menu do with it.
+/// and what the wheel and the menu do with it: the values to choose from, or the commands of a text.
 class EditBox : public QLineEdit
 {
 public:
@@ -38,6 +40,7 @@ private:
     };
     Range getRange() const;
     void choose(int number);
+    PopupMenu& makeTextMenu();
 
     Wheel wheel;
 };

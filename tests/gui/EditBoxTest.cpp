@@ -63,7 +63,7 @@ TEST_F(EditBoxes, HaveLimitsByDefaultAndReportTheWheelLikeTypingButNotASetNumber
     EXPECT_EQ(reported, "1 ");
 }
 
-TEST_F(EditBoxes, OfferNotesByNameAndNumberAndElseNumbersIfTheyAreFewAndNotNegative)
+TEST_F(EditBoxes, OfferNotesByNameAndNumberElseNumbersIfTheyAreFewAndNotNegativeElseCutAndPaste)
 {
     Property::set(edit, Property::SHOW_NOTE_STRING, true);
     edit.setText("C4");
@@ -79,14 +79,20 @@ TEST_F(EditBoxes, OfferNotesByNameAndNumberAndElseNumbersIfTheyAreFewAndNotNegat
 
     Skinner::showZeroAsBlank(edit, true);
     for (const auto& [lowest, highest, entries] :
-         std::vector<std::tuple<int, int, int>>{{0, 127, 128}, {1, 500, 500}, {0, 500, 0}, {-1, 5, 0}, {0, 0, 0}}) {
+         std::vector<std::tuple<int, int, int>>{{0, 127, 128}, {1, 500, 500}, {0, 500, 5}, {-1, 5, 5}, {0, 0, 5}}) {
         Skinner::setMinMax(edit, lowest, highest);
         openContextMenu();
         QMenu* menu = openMenu();
-        ASSERT_EQ(menu == nullptr ? 0 : menu->actions().size(), entries) << lowest << " to " << highest;
-        if (menu == nullptr) continue;
-        EXPECT_EQ(menu->actions().front()->text(), lowest == 0 ? "" : "1");
+        ASSERT_NE(menu, nullptr);
+        ASSERT_EQ(menu->actions().size(), entries) << lowest << " to " << highest;
+        EXPECT_EQ(menu->actions().front()->text(), entries == 5 ? "Undo" : lowest == 0 ? "" : "1");
         menu->close();
+    }
+    edit.setText("text");
+    for (const auto& [command, left] : {std::pair("Select all", "text"), {"Cut", ""}, {"Paste", "text"}}) {
+        openContextMenu();
+        choose(command);
+        EXPECT_EQ(edit.text(), left);
     }
 }
 
