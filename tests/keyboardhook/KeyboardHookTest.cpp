@@ -110,11 +110,13 @@ TEST_F(GlobalKeyboard, TakesKeysFromAnotherProgramWhileItIsOnAndLeavesNothingBeh
 TEST_F(GlobalKeyboard, KeepsAChordToTheLastKeyAndItsRepeatsOrUntilItIsSwitchedOff)
 {
     switchOn();
+    display->repeatKeys(true);
     display->play("Q<W<Q>");
     EXPECT_TRUE(waitUntil([&] { return received().starts_with("Q<W<Q>W=W="); })) << received();
     display->play("W>Escape<Escape>");
     expectAll(*program, "Escape<Escape>");
     expectLast(*this, "W=W>");
+    display->repeatKeys(false);
 
     text.clear();
     display->play("Q<W<");
@@ -187,11 +189,13 @@ TEST_F(GlobalKeyboard, LeavesOurOwnWindowItsKeysAndCountsOneThatWentDownThereOnl
     }));
     received();
     text.clear();
+    display->repeatKeys(true);
     display->play("Q<");
     expectLast(own, "Q>Q<");  // repeats, as a plain program sees it
     program->focus();
     switchOn();
     std::this_thread::sleep_for(std::chrono::milliseconds(100));  // it repeats all the while
+    display->repeatKeys(false);
     display->play("Q>W<W>Q<Q>");
     expectAll(*this, "W<W>Q<Q>");
 }

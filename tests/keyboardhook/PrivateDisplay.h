@@ -41,7 +41,7 @@ private:
                                                                             &xcb_disconnect};
 };
 
-/// An X server of our own that nobody sees. While it lives, DISPLAY is its name. Held keys repeat soon.
+/// An X server of our own that nobody sees. While it lives, DISPLAY is its name.
 class PrivateDisplay
 {
 public:
@@ -59,6 +59,7 @@ public:
             throw std::runtime_error("Xvfb does not start");
         ::setenv("DISPLAY", (":" + std::to_string(number)).c_str(), 1);
         fingers = std::make_unique<Client>();
+        repeatKeys(false);
     }
     ~PrivateDisplay() { end(); }
     PrivateDisplay(const PrivateDisplay&) = delete;
@@ -70,6 +71,14 @@ public:
         ::kill(process, SIGTERM);
         ::pclose(std::exchange(server, nullptr));
         ::unsetenv("DISPLAY");
+    }
+
+    /// Whether held keys repeat, soon. A busy machine may hold a key that long although a test releases it at once.
+    void repeatKeys(bool on)
+    {
+        const std::uint32_t mode = on ? XCB_AUTO_REPEAT_MODE_ON : XCB_AUTO_REPEAT_MODE_OFF;
+        xcb_change_keyboard_control(fingers->get(), XCB_KB_AUTO_REPEAT_MODE, &mode);
+        fingers->waitForAnswer();
     }
 
     /// Plays on its keyboard: "Q<W<Q>W>" where Q and W go down before both come up.
