@@ -20,8 +20,10 @@ constexpr int EDGE = 3;  // logical pixels
 constexpr QSize FIRST_SIZE(104, 33);
 
 // An X server refuses the focus if the time stamp of the request is older than the last change of focus. Qt's time
-// stamp is old if the window was not used for a while; the events of the first attempt bring the present one.
+// stamp is old if the window was not used for a while; the events of an attempt bring the present one, on a busy
+// machine late.
 constexpr auto UNTIL_THE_TIME_IS_KNOWN = std::chrono::milliseconds(100);
+constexpr int ATTEMPTS = 20;
 }  // namespace
 
 Frame::Frame(std::function<void()> requestClose)
@@ -56,9 +58,15 @@ void Frame::raiseAboveAll()
 {
     setWindowState(windowState() & ~Qt::WindowMinimized);
     raise();
+    activate(ATTEMPTS);
+}
+
+void Frame::activate(int attempts)
+{
     activateWindow();
-    QTimer::singleShot(UNTIL_THE_TIME_IS_KNOWN, this, [this] {
-        if (!isActiveWindow()) activateWindow();
+    if (attempts == 1) return;
+    QTimer::singleShot(UNTIL_THE_TIME_IS_KNOWN, this, [this, attempts] {
+        if (!isActiveWindow()) activate(attempts - 1);
     });
 }
 

@@ -36,6 +36,7 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
+    void activate(int attempts);
     void fit();
     void setFlag(Qt::WindowType flag, bool on);
 
