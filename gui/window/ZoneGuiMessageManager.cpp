@@ -9,11 +9,11 @@ namespace Gui
 {
 namespace
 {
-constexpr auto COMMANDS = std::to_array<Backend::Command<MainWindow>>({
+constexpr auto ZONE_COMMANDS = std::to_array<Backend::Command<MainWindow>>({
     Backend::on<Backend::GuiMessage::ZONE_TRANSPOSE, &MainWindow::handleZoneTranspose>(),
     Backend::on<Backend::GuiMessage::ZONES, &MainWindow::handleZones>(),
 });
 }  // namespace
 
-ZoneGuiMessageManager::ZoneGuiMessageManager(MainWindow& window) : TableMessageManager(COMMANDS, window) {}
+ZoneGuiMessageManager::ZoneGuiMessageManager(MainWindow& window) : TableMessageManager(ZONE_COMMANDS, window) {}
 }  // namespace Gui
