@@ -25,6 +25,15 @@ def until(condition, what, patience=PATIENCE):
         time.sleep(0.02)
 
 
+def graph_runs(condition):
+    """Whether it comes true: a busy server may lose the wake-up of a client and hang for good."""
+    try:
+        until(condition, "the graph", 30)
+    except AssertionError:
+        return False
+    return True
+
+
 def sounding(messages):
     """The notes whose last message is a note-on. A note-off may be repeated."""
     notes = {}
