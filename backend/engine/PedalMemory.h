@@ -34,9 +34,10 @@ public:
     template <class PedalUp>
     void release(PressMemory::Key route, PedalUp&& pedalUp)
     {
-        const auto [from, until] = std::ranges::equal_range(entries, route, {}, &Entry::first);
-        for (auto entry = from; entry != until; ++entry)
-            pedalUp(entry->second / NoteCounters::CHANNELS, entry->second % NoteCounters::CHANNELS);
+        const auto from = std::ranges::lower_bound(entries, route, {}, &Entry::first);
+        auto until = from;
+        for (; until != entries.end() && until->first == route; ++until)
+            pedalUp(until->second / NoteCounters::CHANNELS, until->second % NoteCounters::CHANNELS);
         entries.erase(from, until);
     }
 
