@@ -119,7 +119,7 @@ TEST(Saving, WhatCannotBeSavedStaysInMemoryAndTheDialogIsNotified)
     EXPECT_EQ(stage.results(), "") << "nothing was asked for";
     stage.commands().postSaveToCurrentBank(2, dialog);
     stage.commands().postSaveToBank(stage.path("broken.bnk"), dialog);
-    stage.commands().postSaveToBank(stage.path("none.bnk"), dialog);
+    stage.commands().postSaveToBank(stage.path("no/bank.bnk"), dialog);
     stage.commands().postSaveToProgram(stage.path("no/folder.prg"), dialog);
     EXPECT_EQ(stage.results(), "f, f, f, f");
     stage.commands().postChangeProgramName("\xFF");
