@@ -23,12 +23,18 @@ struct CommandStage : Stage {
 
 enum class Window { isNotified, isNot };
 
-/// The command of that number stores a value, and then the default, in the setting of the row.
-template <const auto& row>
+using Host = OrvMessageManager;
+
+/// The command of that number stores a value in the setting of the row, and what `send` posts for a host the default.
+template <const auto& row, auto send>
 void expectStored(CommandStage& stage, unsigned number, int value, Window window)
 {
     for (const int each : {value, static_cast<int>(row.standard)}) {
-        stage.post(number, static_cast<unsigned>(each));
+        if (each == value)
+            stage.post(number, static_cast<unsigned>(each));
+        else
+            (stage.orv->getOrvMessageManager().*send)(row.standard);
+        stage.rest();
         EXPECT_EQ(static_cast<int>(stage.orv->getRegistrySettings().get<row>()), each) << row.name;
         const std::string notice = std::to_string(number) + " " + std::to_string(each) + " 0";
         EXPECT_EQ(stage.received(), window == Window::isNotified ? notice : "") << row.name;
@@ -40,21 +46,23 @@ TEST(Commands, WithASettingStoreItUnderTheirNumberAndNotifyTheWindowThatShowsIt)
 {
     using enum Window;
     CommandStage stage;
-    expectStored<Settings::DOCK_TO_BOTTOM_EDGE>(stage, 33229, 1, isNotified);
-    expectStored<Settings::DISPLAY_HEIGHT>(stage, 33231, 77, isNot);
-    expectStored<Settings::DISPLAY_NUMBERS>(stage, 33232, 1, isNot);
-    expectStored<Settings::LARGE_DISPLAY_FONT>(stage, 33233, 1, isNotified);
-    expectStored<Settings::DISPLAY_MIDI_INPUT_EVENTS>(stage, 33234, 1, isNot);
-    expectStored<Settings::DISPLAY_MIDI_OUTPUT_EVENTS>(stage, 33235, 0, isNot);
-    expectStored<Settings::ALWAYS_ON_TOP>(stage, 33236, 1, isNotified);
-    expectStored<Settings::USE_SKIN_BORDER>(stage, 33260, 0, isNotified);
-    expectStored<Settings::RETRO_RECORD_BUFFER_SIZE>(stage, 33262, 1000, isNotified);
-    expectStored<Settings::RETRO_RECORD_ENABLED>(stage, 33263, 0, isNotified);
-    expectStored<Settings::MOUSE_SENSITIVITY>(stage, 33268, 3, isNotified);
-    expectStored<Settings::LITE_VELOCITY>(stage, 33269, 64, isNot);
-    expectStored<Settings::LITE_CHANNEL>(stage, 33270, 9, isNot);
-    expectStored<Settings::LITE_STACK_NOTES>(stage, 33271, 0, isNot);
-    expectStored<Settings::CLICK_ZONE_CHANNEL_TRANSPOSE>(stage, 33272, 1, isNotified);
+    expectStored<Settings::DOCK_TO_BOTTOM_EDGE, &Host::postSetDockToBottomEdge>(stage, 33229, 1, isNotified);
+    expectStored<Settings::DISPLAY_HEIGHT, &Host::postSetDisplayHeight>(stage, 33231, 77, isNot);
+    expectStored<Settings::DISPLAY_NUMBERS, &Host::postSetDisplayNumbers>(stage, 33232, 1, isNot);
+    expectStored<Settings::LARGE_DISPLAY_FONT, &Host::postSetLargeDisplayFont>(stage, 33233, 1, isNotified);
+    expectStored<Settings::DISPLAY_MIDI_INPUT_EVENTS, &Host::postSetDisplayMidiInputEvents>(stage, 33234, 1, isNot);
+    expectStored<Settings::DISPLAY_MIDI_OUTPUT_EVENTS, &Host::postSetDisplayMidiOutputEvents>(stage, 33235, 0, isNot);
+    expectStored<Settings::ALWAYS_ON_TOP, &Host::postSetAlwaysOnTop>(stage, 33236, 1, isNotified);
+    expectStored<Settings::USE_SKIN_BORDER, &Host::postSetUseSkinBorder>(stage, 33260, 0, isNotified);
+    expectStored<Settings::RETRO_RECORD_BUFFER_SIZE, &Host::postSetRetroRecordBufferSize>(stage, 33262, 1000,
+                                                                                          isNotified);
+    expectStored<Settings::RETRO_RECORD_ENABLED, &Host::postEnableRetroRecord>(stage, 33263, 0, isNotified);
+    expectStored<Settings::MOUSE_SENSITIVITY, &Host::postSetMouseSensitivity>(stage, 33268, 3, isNotified);
+    expectStored<Settings::LITE_VELOCITY, &Host::postSetLiteVelocity>(stage, 33269, 64, isNot);
+    expectStored<Settings::LITE_CHANNEL, &Host::postSetLiteChannel>(stage, 33270, 9, isNot);
+    expectStored<Settings::LITE_STACK_NOTES, &Host::postSetLiteStackNotes>(stage, 33271, 0, isNot);
+    expectStored<Settings::CLICK_ZONE_CHANNEL_TRANSPOSE, &Host::postSetClickZoneChannelTranspose>(stage, 33272, 1,
+                                                                                                  isNotified);
     for (const unsigned size : {999u, 200000001u}) stage.post(33262, size);
     EXPECT_EQ(stage.orv->getRegistrySettings().getRetroRecordBufferSize(), 100000) << "out of range";
     EXPECT_EQ(stage.received(), "");
