@@ -76,9 +76,13 @@ std::uint32_t LayersInPlay::nextOwner()
     return lastOwner;
 }
 
-void LayersInPlay::setTakers(PressMemory::Index run, const OrvMidiMessage& noteOn)
+void LayersInPlay::clearTakers(PressMemory::Index run)
 {
     forEach([&](EngineLayer& layer) { layer.getTaken().remove(run); });
+}
+
+void LayersInPlay::addTakers(PressMemory::Index run, const OrvMidiMessage& noteOn)
+{
     for (EngineLayer* layer : list.taking(noteOn.getD1()))
         if (layer->takes(noteOn)) layer->getTaken().add(run);
 }

@@ -53,7 +53,9 @@ public:
 
     // Which layers took a press: the layers of the moment that take its note
 
-    void setTakers(MidiEngine::PressMemory::Index run, const MidiEngine::OrvMidiMessage& noteOn);
+    /// For a run that starts anew: no layer has taken it.
+    void clearTakers(MidiEngine::PressMemory::Index run);
+    void addTakers(MidiEngine::PressMemory::Index run, const MidiEngine::OrvMidiMessage& noteOn);
     /// Whether exactly the layers that would take that press have taken those of the run.
     bool areTakers(MidiEngine::PressMemory::Index run, const MidiEngine::OrvMidiMessage& noteOn) const;
     /// Whether an older layer that took it does not take every velocity.

@@ -322,7 +322,8 @@ bool MidiEngine::rememberPress(PressMemory::Key key, const OrvMidiMessage& noteO
     };
     const auto [run, isNew] = presses.press(key, press, isSame);
     if (run == PressMemory::NONE) return false;
-    if (isNew && hasTakers) layers.setTakers(run, noteOn);
+    if (isNew) layers.clearTakers(run);
+    if (isNew && hasTakers) layers.addTakers(run, noteOn);
     if (UsualPresses::isUsual(noteOn)) usualPresses.addElsewhere(noteOn.getD1(), count);
     return true;
 }
