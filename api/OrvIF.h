@@ -516,5 +516,9 @@ public:
     /// `OrvMessageManager::postMidiInputEventLost`: one post for each event that got false, in the order of the events.
     /// Until all that they made has been played, every later event of that input gets false too.
     virtual bool playMidiInputEvent(const MidiEngine::OrvMidiMessage& event) = 0;
+
+    /// [backend] A beat is tapped now: from the second of several taps in time, the tempo follows them. Ignored while
+    /// the tempo comes from an input.
+    virtual void tapTempo() = 0;
 };
 }  // namespace Backend

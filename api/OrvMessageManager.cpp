@@ -86,6 +86,8 @@ void OrvMessageManager::postChangeControl(const Cell& cell, std::int32_t value)
     master.post(Controls::ControlMessage::SET_VALUE(cell, value));
 }
 
+void OrvMessageManager::postTapTempo() { master.post(OrvMessage::TAP_TEMPO()); }
+
 void OrvMessageManager::postResetOrv() { master.post(OrvMessage::RESET_ORV()); }
 
 void OrvMessageManager::postLoadProgram(const std::string& path) { master.post(OrvMessage::LOAD_PROGRAM(path)); }

@@ -108,6 +108,7 @@ public:
     void postJoystickButtonUp(int joystick, int button);
     void postToggleSystemPanel();
     void postChangeTempo(const RelativeFixedValue& value, bool notify);
+    void postTapTempo();
     void postChangeMidiThru(const OnOffToggle& value, bool notify);
     void postSetTempoSource(int source, bool notify);
 

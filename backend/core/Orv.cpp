@@ -12,6 +12,7 @@
 #include "backend/model/WindowMove.h"
 #include "backend/xml/Text.h"
 #include "backend/xml/XmlDocument.h"
+#include "platform/Clock.h"
 #include "platform/DbgStream.h"
 #include "platform/Path.h"
 
@@ -323,6 +324,15 @@ void Orv::changeTempo(const RelativeFixedValue& value, bool notify)
     program.tempo = static_cast<int>(tempo);
     midiEngine.getMessageManager().postSetTempo(program.tempo);
     if (notify) notifyGui(GuiMessage::PROGRAM, program, false);
+}
+
+void Orv::tapTempo()
+{
+    assertBackendThread();
+    if (program.tempoSource != Program::INTERNAL_TEMPO_SOURCE) return;
+    if (const auto tempo = taps.tap(monotonicMilliseconds()))
+        changeTempo({.relative = false, .value = std::clamp(*tempo, Program::LOWEST_TEMPO, Program::HIGHEST_TEMPO)},
+                    true);
 }
 
 void Orv::setTempoSource(int source, bool notify)

@@ -17,6 +17,7 @@
 #include "backend/core/EngineLog.h"
 #include "backend/core/EngineRecorder.h"
 #include "backend/core/SettingCommands.h"
+#include "backend/core/TapTempo.h"
 #include "backend/display/Display.h"
 #include "backend/engine/MidiEngine.h"
 #include "backend/files/BankFile.h"
@@ -201,6 +202,7 @@ public:
     int getTempoSource() const override { return onBackendThread(program.tempoSource); }
     void changeTempo(const RelativeFixedValue& value, bool notify) override;
     void setTempoSource(int source, bool notify) override;
+    void tapTempo() override;
     void updateZones() override;
     void resetOrv() override;
     void changeBankSize(int size, const WindowHandle& window) override;
@@ -389,6 +391,7 @@ private:
     OrvMessageManager orvMessageManager;
     RegistrySettings registrySettings;
     Bank bank;
+    TapTempo taps;
     BankFile bankFile;  // of the current bank, if there is one
     Program program;
     MidiEngine::MidiInputPorts midiInputPorts;

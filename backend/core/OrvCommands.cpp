@@ -62,6 +62,7 @@ constexpr auto COMMANDS = std::to_array<Command<OrvIF>>({
     on<LOAD_PROGRAM_FROM_STRING, &OrvIF::loadProgramFromString>(),
     on<SET_PROGRAM_NUMBER, &OrvIF::setProgramNumber>(),
     on<MIDI_INPUT_EVENT_LOST, &OrvIF::midiInputEventLost>(),
+    on<TAP_TEMPO, &OrvIF::tapTempo>(),
     on<RELEASE_MIDI_INPUT, &OrvIF::releaseMidiInput>(),
     on<DELETE_SEQUENCE_PRESET, &OrvIF::deleteSequencePreset>(),
     on<SAVE_RETRO_RECORD, &OrvIF::saveRetroRecord>(),

@@ -24,7 +24,7 @@ struct HostState;
 /// setting are in `SettingMessages.h`.
 namespace OrvMessage
 {
-inline constexpr MessageRange RANGE{33218, 33283};
+inline constexpr MessageRange RANGE{33218, 33286};
 
 inline constexpr TypedRequest<std::string> GET_PROGRAM_AS_STRING{{33218, "GetProgramAsString"}};
 inline constexpr TypedMessage<> INITIALIZE{33219, "Initialize"};
@@ -76,6 +76,7 @@ inline constexpr TypedMessage<int> MIDI_INPUT_EVENT_LOST{33281, "MidiInputEventL
 /// From the backend itself, behind what an event of that input made.
 inline constexpr TypedMessage<int> SETTLE_MIDI_INPUT{33282, "SettleMidiInput"};
 /// From the files thread: its work is finished.
+inline constexpr TypedMessage<> TAP_TEMPO{33284, "TapTempo"};
 inline constexpr TypedMessage<> FILES_DONE{33277, "FilesDone"};
 }  // namespace OrvMessage
 }  // namespace Backend

@@ -129,8 +129,8 @@ TEST_F(ComputerKeyboard, HasAFewLettersForEveryFunction)
              {"<SelectControl type='left'/>", "Sel lf"},
              {"<ChangeProgram type='up'/>", "Prog+"},
              {"<SelectZone type='0'/>", "Zone 1"},
-             {"<MidiPitchBend value='0'/>", "Bend -100"},
-             {"<MidiPitchBend value='16383'/>", "Bend +100"},
+             {"<MidiPitchBend value='0'/>", "Bend-"},
+             {"<MidiPitchBend value='16383'/>", "Bend+"},
          }) {
         const XmlDocument document(xml, XmlDocument::Source::text);
         EXPECT_EQ(FunctionCaption::shortNameOf(*createFunctionFromXml(document.getRoot(), *orv)), caption);

@@ -81,9 +81,10 @@ class ChangeLayerMono;
 class ChangeLayerSolo;
 class ChangeLayerNoteToggle;
 class MidiEndOfSysEx;
+class TapTempo;
 }  // namespace Functions
 
-/// Every function with its family, in the order of the pickers. The last one is read and written but not offered.
+/// Every function with its family, in the order of the pickers. MidiEndOfSysEx is read and written but not offered.
 /// Lists, visitors and factories are made from this list.
 using FunctionRows = TypeList<
     CatalogueRow<NoFunctionSettingsType, Functions::NoFunction>, CatalogueRow<MidiSettingsType, Functions::MidiNoteOn>,
@@ -144,10 +145,10 @@ using FunctionRows = TypeList<
     CatalogueRow<ChangeBooleanSettingsType, Functions::ChangeLayerMono>,
     CatalogueRow<ChangeBooleanSettingsType, Functions::ChangeLayerSolo>,
     CatalogueRow<ChangeNoteToggleSettingsType, Functions::ChangeLayerNoteToggle>,
-    CatalogueRow<MidiSettingsType, Functions::MidiEndOfSysEx>>;
+    CatalogueRow<MidiSettingsType, Functions::MidiEndOfSysEx>, CatalogueRow<ActionSettingsType, Functions::TapTempo>>;
 
 using AllFunctions = ClassesOf<FunctionRows>;
-static_assert(AllFunctions::size == 64);
+static_assert(AllFunctions::size == 65);
 
 /// Has an operation for each function class.
 class FunctionVisitor : public VisitorOf<AllFunctions>

@@ -57,6 +57,7 @@ enum Number : int {
     dataSelectOsc = 5396,
     changeOscPlaying = 5397,
     changeOscSpeed = 5398,
+    tapTempo = 5399,
     showSystem = 5400,
     showHelp = 5404,
     showDisplay = 5408,

@@ -54,6 +54,7 @@ constexpr auto TEXTS = std::to_array<HelpText>({
     {HelpId::sendControlData, "Send the value of a control, or of all controls, without changing it."},
     {HelpId::changeProgram, "Change to another program of the bank: the next, the previous, or one by its number."},
     {HelpId::showProgramMenu, "Open the menu of programs."},
+    {HelpId::tapTempo, "Tap the tempo: it follows the beats that are tapped."},
     {HelpId::resetOrv, "End every note and reset the default MIDI output."},
     {HelpId::showSaveDialog, "Open the save dialog for the current program."},
     {HelpId::selectZone, "Select a zone, for the functions that change the selected zone."},

@@ -66,6 +66,15 @@ public:
     void execute() override { orv().resetOrv(); }
 };
 
+class TapTempo final : public ActionFunction<TapTempo>
+{
+public:
+    static constexpr FunctionInfo info{"Tap Tempo", "TapTempo", HelpId::tapTempo};
+    using FunctionOf::FunctionOf;
+
+    void execute() override { orv().tapTempo(); }
+};
+
 class SelectZone final : public SelectFunction<SelectZone>
 {
 public:

@@ -171,6 +171,10 @@ class ResetOrv final : public ActionTranslation<ResetOrv, Functions::ResetOrv>
 {
 };
 
+class TapTempo final : public ActionTranslation<TapTempo, Functions::TapTempo>
+{
+};
+
 // --- oscillators
 
 class DataSelectOscillator final : public SelectTranslation<DataSelectOscillator, Functions::DataSelectOsc>

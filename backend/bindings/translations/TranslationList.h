@@ -80,6 +80,7 @@ class ChangeLayerMute;
 class ChangeLayerMono;
 class ChangeLayerSolo;
 class ChangeLayerNoteToggle;
+class TapTempo;
 }  // namespace Translations
 
 /// Every translation with its family, in the order of the pickers. Lists, visitors and factories are made from this
@@ -146,10 +147,11 @@ using TranslationRows = TypeList<
     CatalogueRow<ChangeBooleanSettingsType, Translations::ChangeLayerMute>,
     CatalogueRow<ChangeBooleanSettingsType, Translations::ChangeLayerMono>,
     CatalogueRow<ChangeBooleanSettingsType, Translations::ChangeLayerSolo>,
-    CatalogueRow<ChangeNoteToggleSettingsType, Translations::ChangeLayerNoteToggle>>;
+    CatalogueRow<ChangeNoteToggleSettingsType, Translations::ChangeLayerNoteToggle>,
+    CatalogueRow<ActionSettingsType, Translations::TapTempo>>;
 
 using AllTranslations = ClassesOf<TranslationRows>;
-static_assert(AllTranslations::size == 64);
+static_assert(AllTranslations::size == 65);
 
 /// Has an operation for each translation class.
 class TranslationVisitor : public VisitorOf<AllTranslations>

@@ -38,7 +38,7 @@ constexpr ShortName SHORT_NAMES[] = {
     {"LoadComputerInputPreset", "Preset"}, {"LoadControlPreset", "Preset"}, {"LoadLayerPreset", "Preset"},
     {"ChangeProgram", "Prog"}, {"ShowProgramMenu", "Progs"}, {"ChangeDefaultMidiOutput", "Out"},
     {"ShowDefaultMidiOutputMenu", "Outs"}, {"ChangeMidiThru", "Thru"}, {"ChangeGlobalKeyboard", "Global"},
-    {"ChangeTempo", "Tempo"}, {"ResetOrv", "Reset"},
+    {"ChangeTempo", "Tempo"}, {"ResetOrv", "Reset"}, {"TapTempo", "Tap"},
     {"DataSelectOsc", "Osc"}, {"ChangeOscPlaying", "Run"}, {"ChangeOscSpeed", "Spd"},
     {"SelectControl", "Sel"}, {"SetWidgetFocus", "Foc"}, {"ChangeControl", "Ctl"}, {"SendControlData", "Send"},
     {"SelectZone", "Zone"}, {"ChangeZoneTranspose", "ZT"}, {"DataSelectLayer", "Lay"}, {"EditSelectLayer", "Edit"},
@@ -63,12 +63,14 @@ bool isNote(MidiEngine::MessageType status)
 
 QString noteOf(const MidiSettingsType& midi) { return toText(Note(midi.getD1()).toXmlString()); }
 
-/// In which direction, and how far of the whole way.
+/// In which direction; the percentage if it is not the whole way.
 QString bendOf(int value)
 {
     constexpr int MIDDLE = 8192;
     constexpr int PERCENT = 100;
     const int percent = (value - MIDDLE) * PERCENT / (value > MIDDLE ? MIDDLE - 1 : MIDDLE);
+    if (percent == PERCENT) return QStringLiteral("+");
+    if (percent == -PERCENT) return QStringLiteral("-");
     return value > MIDDLE ? QStringLiteral(" +%1").arg(percent) : QStringLiteral(" %1").arg(percent);
 }
 
