@@ -39,6 +39,8 @@ class SequencePresetManager;
 namespace Gui
 {
 class GuiMessageManagerMaster;
+enum class KeyTarget;
+struct HostStatus;
 class KeyPresses;
 class ParentWindow;
 class Skinner;
@@ -194,6 +196,21 @@ public:
     /// The position of the window with its frame on the desktop.
     virtual WindowsLib::Rect getMainWindowPosition() const = 0;
     virtual bool isVstPlugin() const = 0;
+
+    /// What was done, for three seconds in the status line.
+    virtual void displayMessage(const std::string& text) = 0;
+    /// The state of the host, for the status line.
+    virtual void showHostStatus(const HostStatus& status) = 0;
+    /// Where the keys of the computer go has changed.
+    virtual void handleKeyTarget(KeyTarget target) = 0;
+
+    /// The scale that the user wants, 75 to 400 percent; it is stored.
+    virtual void setScale(int percent) = 0;
+    /// The room for the window has changed: asks the host for the scale again.
+    virtual void refit() = 0;
+    /// The small window with three buttons alone, or the screens that it replaced.
+    virtual void setCompact(bool on) = 0;
+    virtual bool isCompact() const = 0;
 
     /// The backend wrote or removed a sequence; `done` is false if the file could not be changed.
     virtual void handleSequencePresetsChanged(bool done) = 0;

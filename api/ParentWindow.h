@@ -27,6 +27,13 @@ public:
     /// The host is to move the window with its frame, in logical pixels; a blank value leaves that axis unchanged.
     virtual void moveWindow(const RelativeFixedValue& x, const RelativeFixedValue& y) = 0;
 
+    /// The window is to be shown at this scale, in percent; `width` and `height` are its natural size at 100 percent,
+    /// in logical pixels. Returns the scale at which the host shows it, so that nothing is out of reach. Called before
+    /// `windowResized`, whenever the scale changes, and by `OrvGuiIF::refit`.
+    virtual int fitScale(int percent, [[maybe_unused]] int width, [[maybe_unused]] int height) { return percent; }
+    /// Whether the keys of the computer play now.
+    virtual void keysPlayChanged([[maybe_unused]] bool on) {}
+
     /// Notifications for a host that has switches of its own, or its own frame. The last two also come when the window
     /// opens, before it is made.
     virtual void systemPanelShown([[maybe_unused]] bool on) {}

@@ -24,12 +24,13 @@ SCREENS = ["system", "help", "display", "oscillators", "joystick", "midi-input",
            "layers", "cc", "zones"]  # in the order of the setting
 HELD_KEYS = [24, 26, 28]  # Q, E and T, by their positions
 DIALOGS = [  # picture, title, the screen with its button, the position of the button, the keys that choose from its menu
-    ("setup-dialog", "Setup", "system", (630, 40), []),  # its page of the record
-    ("save-dialog", "Save", "system", (192, 112), []),
-    ("bank-size-dialog", "Change Bank Size", "system", (278, 112), ["Down", "Return"]),
-    ("presets-dialog", "Presets", "computer-input", (432, 44), ["Down", "Down", "Return"]),
+    ("setup-dialog", "Setup", "system", (922, 146), []),  # its page of the record
+    ("save-dialog", "Save", "system", (822, 146), ["Down", "Down", "Return"]),
+    ("bank-size-dialog", "Change Bank Size", "system", (822, 146), ["Down", "Down", "Down", "Return"]),
+    ("presets-dialog", "Presets", "computer-input", (433, 45), ["Down", "Down", "Return"]),
 ]
 THREE_BUTTONS = 300  # a window with a screen is wider
+SERVER = "orvane-screenshots"  # a JACK server of its own, so that there is sound
 PATIENCE = 30
 
 
@@ -81,12 +82,26 @@ def png(lines, width, height):
             chunk(b"IDAT", zlib.compress(b"".join(b"\0" + line for line in lines), 9)) + chunk(b"IEND", b""))
 
 
+class Server:
+    """Without a sound card."""
+
+    def __init__(self):
+        environment = {**os.environ, "JACK_DEFAULT_SERVER": SERVER}
+        self.process = subprocess.Popen(["jackd", "-r", "-n", SERVER, "-d", "dummy", "-r", "48000", "-p", "256"],
+                                        stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        run("jack_wait", "-w", "-t", "10", env=environment)
+
+    def end(self):
+        self.process.terminate()
+        self.process.wait()
+
+
 class NewUser:
     def __init__(self, folder, display):
         os.makedirs(folder + "/runtime", 0o700)
         self.folder = folder
         self.environment = {**os.environ, "DISPLAY": display.name, "QT_QPA_PLATFORM": "xcb",
-                            "JACK_NO_START_SERVER": "1", "JACK_DEFAULT_SERVER": "none",
+                            "JACK_NO_START_SERVER": "1", "JACK_DEFAULT_SERVER": SERVER,
                             "XDG_CONFIG_HOME": folder + "/config", "XDG_DATA_HOME": folder + "/data",
                             "XDG_RUNTIME_DIR": folder + "/runtime"}
 
@@ -110,7 +125,7 @@ class NewUser:
         time.sleep(1)
         for key in heldKeys:
             self.tool("xdotool", "keydown", str(key))
-        time.sleep(2)  # until everything is drawn
+        time.sleep(3)  # until everything is drawn, and what the status line says for three seconds is gone
 
     def openDialog(self, title, place, scale, keys):
         left, top, _, _ = self.geometry()
@@ -181,11 +196,13 @@ def main():
     os.makedirs(PICTURES, exist_ok=True)
     with tempfile.TemporaryDirectory() as folder:
         display = Display(folder)
+        server = Server()
         try:
             user = NewUser(folder + "/home", display)
             takeScreens(user, display)
             takeDialogs(user, display)
         finally:
+            server.end()
             display.end()
 
 

@@ -71,6 +71,10 @@ inline constexpr Number LITE_CHANNEL{"LiteChannel", 0, 33270};
 inline constexpr Switch LITE_STACK_NOTES{"LiteStackNotes", true, 33271};
 inline constexpr Switch CLICK_ZONE_CHANNEL_TRANSPOSE{"ClickZoneChannelTranspose", false, 33272, Notice::own};
 inline constexpr Text SCREEN_STATE{"ScreenState", ""};
+/// Percent.
+inline constexpr Number WINDOW_SCALE{"WindowScale", 100, 33285, Notice::all, 75, 400};
+/// In the order of `GdiManager::SKINS`.
+inline constexpr Number SKIN{"Skin", 0, 33286, Notice::all, 0, 2};
 
 template <const auto&... rows>
 struct Rows {
@@ -88,7 +92,7 @@ using All =
          MIDI_BUFFER_DIR, LARGE_DISPLAY_FONT, MOUSE_SENSITIVITY, DOCK_TO_BOTTOM_EDGE, DISPLAY_MIDI_INPUT_EVENTS,
          DISPLAY_MIDI_OUTPUT_EVENTS, DISPLAY_NUMBERS, DISPLAY_HEIGHT, LAST_WINDOW_POSITION, ENABLED_MIDI_INPUTS,
          ENABLED_MIDI_OUTPUTS, ALWAYS_ON_TOP, USE_SKIN_BORDER, DEFAULT_MIDI_OUTPUT, LITE_VELOCITY, LITE_CHANNEL,
-         LITE_STACK_NOTES, CLICK_ZONE_CHANNEL_TRANSPOSE, SCREEN_STATE>;
+         LITE_STACK_NOTES, CLICK_ZONE_CHANNEL_TRANSPOSE, SCREEN_STATE, WINDOW_SCALE, SKIN>;
 
 /// The type of a row's value.
 template <const auto& row>

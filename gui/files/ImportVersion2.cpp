@@ -47,6 +47,7 @@ void importFile(OrvGuiIF& gui, QWidget& parent, const std::string& source, const
             run(parent,
                 {.title = title,
                  .post = [=, &gui](const auto& window) { (gui.getOrvMessageManager().*post)(source, target, window); },
+                 .done = [&gui, source] { gui.displayMessage("Imported " + shownFileName(source).toStdString()); },
                  .failure = failure(source)});
         });
 }
@@ -79,6 +80,7 @@ void importPreset(OrvGuiIF& gui, QWidget& parent, const std::string& source)
                          [&gui, source, name = dialog->getText().toStdString()](const auto& window) {
                              gui.getOrvMessageManager().postImportVersion2Preset(source, name, window);
                          },
+                     .done = [&gui, source] { gui.displayMessage("Imported " + shownFileName(source).toStdString()); },
                      .failure = failure(source)});
     });
     dialog->open();

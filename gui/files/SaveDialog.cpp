@@ -131,7 +131,7 @@ void SaveDialog::saveToCurrentBank()
     const int number = programs->currentRow();
     const std::string& old = bank.programNames[static_cast<std::size_t>(number)];
     const auto go = [this, number] {
-        save(bank.name,
+        save(bank.name, number,
              [this, number](const auto& window) { gui.getOrvMessageManager().postSaveToCurrentBank(number, window); });
     };
     if (number == program.number && old == name->text().trimmed().toStdString()) return go();
@@ -155,7 +155,8 @@ void SaveDialog::saveToAnotherBank()
 void SaveDialog::askToReplaceIn(const std::string& path)
 {
     const auto go = [this, path] {
-        save(path, [this, path](const auto& window) { gui.getOrvMessageManager().postSaveToBank(path, window); });
+        save(path, program.number,
+             [this, path](const auto& window) { gui.getOrvMessageManager().postSaveToBank(path, window); });
     };
     if (!QFileInfo::exists(QString::fromStdString(path))) return go();
     const std::vector<std::string> names = Backend::Bank::fromFile(path).programNames;
@@ -181,22 +182,29 @@ void SaveDialog::saveToProgram()
                     .extension = QStringLiteral("prg"),
                     .name = asFileName(name->text(), tr("Program")) + ".prg"},
                    [this](const std::string& path) {
-                       save(path, [this, path](const auto& window) {
+                       save(path, program.number, [this, path](const auto& window) {
                            gui.getOrvMessageManager().postSaveToProgram(path, window);
                        });
                    });
 }
 
 /// If another program was loaded while a question was open, nothing is saved and the dialog says so.
-void SaveDialog::save(const std::string& target, std::function<void(const WindowHandle& window)> post)
+void SaveDialog::save(const std::string& target, int number, std::function<void(const WindowHandle& window)> post)
 {
     if (!isUpToDate()) return accept();
     const std::string newName = name->text().trimmed().toStdString();
     if (newName != program.name) gui.getOrvMessageManager().postChangeProgramName(newName);
     QDialog::accept();
+    const QString saved = shownFileName(target).section('.', 0, -2);
+    const bool isProgram = QString::fromStdString(target).endsWith(QLatin1String(".prg"));
     run(*parentWidget(),
         {.title = tr("Saving..."),
          .post = std::move(post),
+         .done =
+             [&window = gui, text = isProgram ? tr("Saved as %1").arg(saved)
+                                              : tr("Saved to %1, program %2").arg(saved).arg(number + 1)] {
+                 window.displayMessage(text.toStdString());
+             },
          .failure = tr("The program could not be saved; \"%1\" is as it was.").arg(shownFileName(target))});
 }
 }  // namespace Gui::Files

@@ -40,7 +40,7 @@ private:
     void saveToAnotherBank();
     void askToReplaceIn(const std::string& path);
     void saveToProgram();
-    void save(const std::string& target, std::function<void(const WindowHandle& window)> post);
+    void save(const std::string& target, int number, std::function<void(const WindowHandle& window)> post);
 
     OrvGuiIF& gui;
     Backend::Bank bank;  // as shown in the dialog

@@ -16,6 +16,8 @@
 
 namespace Gui
 {
+using Role = GdiManager::Role;
+
 namespace
 {
 constexpr int ARROW_WIDTH = 14;
@@ -32,7 +34,6 @@ ComboBox::ComboBox(GuiContext& context, Typing typing, QWidget* parent)
     : EditBox(parent), guiContext(context), menu(new PopupMenu(this))
 {
     setProperty(Property::COMBO_BOX, true);
-    setTextMargins(1, 0, ARROW_WIDTH, 0);
     if (typing == Typing::readOnly) {
         setReadOnly(true);
         setFocusPolicy(Qt::TabFocus);  // a click must not take the focus from playing
@@ -106,7 +107,17 @@ void ComboBox::openMenu()
     menu->showBelow(*this);
 }
 
-QRect ComboBox::arrow() const { return {width() - ARROW_WIDTH, 0, ARROW_WIDTH, height()}; }
+QRect ComboBox::arrow() const
+{
+    const int wide = guiContext.getGdiManager().px(ARROW_WIDTH);
+    return {width() - wide, 0, wide, height()};
+}
+
+void ComboBox::resizeEvent(QResizeEvent* event)
+{
+    setTextMargins(1, 0, arrow().width(), 0);
+    EditBox::resizeEvent(event);
+}
 
 bool ComboBox::opensMenu(const QMouseEvent& event) const
 {
@@ -196,7 +207,7 @@ QSize ComboBox::sizeHint() const
 {
     int widest = 0;
     for (const Entry& entry : entries) widest = std::max(widest, fontMetrics().horizontalAdvance(displayOf(entry)));
-    return {widest + ARROW_WIDTH + 6, EditBox::sizeHint().height()};
+    return {widest + guiContext.getGdiManager().px(ARROW_WIDTH) + 6, EditBox::sizeHint().height()};
 }
 
 void ComboBox::paintEvent(QPaintEvent* event)
@@ -204,9 +215,8 @@ void ComboBox::paintEvent(QPaintEvent* event)
     QLineEdit::paintEvent(event);
     QPainter painter(this);
     const GdiManager& gdi = guiContext.getGdiManager();
-    using Role = GdiManager::Role;
     Look::drawTriangle(painter, arrow().adjusted(3, 0, -3, 0), Look::Direction::down,
                        gdi.getColour(isEnabled() ? Role::label : Role::labelDisabled));
-    if (hasFocus() && isReadOnly()) Look::drawFocus(painter, gdi, rect().adjusted(1, 1, -1, -1));
+    if (hasFocus() && isReadOnly()) Look::drawFocus(painter, gdi, rect());
 }
 }  // namespace Gui

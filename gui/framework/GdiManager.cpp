@@ -1,6 +1,7 @@
 #include "gui/framework/GdiManager.h"
 
 #include <QPainter>
+#include <cmath>
 #include <utility>
 
 namespace Gui
@@ -36,7 +37,9 @@ constexpr std::array<FontRow, GdiManager::FONTS> FONT_TABLE{{{"Small Fonts", -7}
                                                              {"Tahoma", -11},
                                                              {"System", -8, bold},
                                                              {"Arial", 12},
-                                                             {"Arial", -72, bold}}};
+                                                             {"Arial", -72, bold},
+                                                             {"Arial", -32, bold},
+                                                             {"Arial", -24, bold}}};
 
 Colour of(const GdiManager::Palette& palette, GdiManager::Role role) { return palette[static_cast<std::size_t>(role)]; }
 }  // namespace
@@ -48,29 +51,58 @@ GdiManager::GdiManager(const Palette& palette)
       blackPen(2, of(palette, Role::background)),
       redCursor(LIGHT_RED)
 {
-    for (std::size_t i = 0; i < FONTS; ++i)
-        fonts[i] = std::make_shared<const Font>(FONT_TABLE[i].face, FONT_TABLE[i].height, FONT_TABLE[i].weight);
+    makeFonts();
 }
 
-const Bitmap& GdiManager::getKnob(Colour foreground, Colour background, Edge edge, int size, double scale)
+void GdiManager::makeFonts()
 {
-    const KnobKey key{foreground, background, size, edge, scale};
+    for (std::size_t i = 0; i < FONTS; ++i)
+        fonts[i] = std::make_shared<const Font>(FONT_TABLE[i].face, px(FONT_TABLE[i].height), FONT_TABLE[i].weight);
+}
+
+void GdiManager::setPalette(const Palette& palette)
+{
+    brushes = makeBrushes(palette, std::make_index_sequence<ROLES>{});
+    greenPen = WindowsLib::Pen(2, of(palette, Role::greenPen));
+    greenPen2 = WindowsLib::Pen(1, of(palette, Role::unusedButton));
+    blackPen = WindowsLib::Pen(2, of(palette, Role::background));
+}
+
+void GdiManager::setScale(double factor)
+{
+    if (factor == scale) return;
+    scale = factor;
+    makeFonts();
+}
+
+int GdiManager::px(double length) const { return static_cast<int>(std::lround(length * scale)); }
+
+QRect GdiManager::px(const QRect& rectangle) const
+{
+    const int left = px(rectangle.left());
+    const int top = px(rectangle.top());
+    return {left, top, px(rectangle.left() + rectangle.width()) - left, px(rectangle.top() + rectangle.height()) - top};
+}
+
+const Bitmap& GdiManager::getKnob(Colour foreground, Colour background, Edge edge, int size, double ratio)
+{
+    const KnobKey key{foreground, background, size, edge, ratio};
     auto knob = knobs.find(key);
-    if (knob == knobs.end()) knob = knobs.emplace(key, createKnob(foreground, background, edge, size, scale)).first;
+    if (knob == knobs.end()) knob = knobs.emplace(key, createKnob(foreground, background, edge, size, ratio)).first;
     return knob->second;
 }
 
-QPixmap GdiManager::createKnob(Colour foreground, Colour background, Edge edge, int size, double scale)
+QPixmap GdiManager::createKnob(Colour foreground, Colour background, Edge edge, int size, double ratio)
 {
-    QPixmap pixmap(QSize(size + 1, size + 1) * scale);
-    pixmap.setDevicePixelRatio(scale);
+    QPixmap pixmap(QSize(size + 1, size + 1) * ratio);
+    pixmap.setDevicePixelRatio(ratio);
     pixmap.fill(WindowsLib::toQColor(background));
     QPainter painter(&pixmap);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     painter.setBrush(WindowsLib::toQColor(foreground));
     // Without the smooth edge a pixel's place is its corner, not its middle.
-    const qreal shift = edge == Edge::smooth ? 0 : 0.5 / scale;
+    const qreal shift = edge == Edge::smooth ? 0 : 0.5 / ratio;
     painter.drawEllipse(QRectF(shift, shift, size - 2 * shift, size - 2 * shift));
     return pixmap;
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QRect>
+#include <QSize>
 #include <array>
 #include <compare>
 #include <cstddef>
@@ -17,7 +19,8 @@
 namespace Gui
 {
 /// Every brush, pen and font of the window, made once and returned by role: the look is one table of colours and one of
-/// fonts. What it returns lives as long as it does. The GUI thread, once there is an application.
+/// fonts, and a scale for all lengths. What it returns lives until the skin or the scale is changed. The GUI thread,
+/// once there is an application.
 class ORV_API GdiManager
 {
 public:
@@ -64,7 +67,62 @@ public:
         DARK_GREY, DARK_GREEN, DARK_GREY,         LIGHT_RED,   AMBER, LIGHT_GREY, DARK_DARK_DARK_GREEN, DARK_DARK_GREY,
         GREEN};
 
+    /// White, yellow and grey on black.
+    static constexpr Palette HIGH_CONTRAST{BLACK,
+                                           WHITE,
+                                           WindowsLib::rgb(255, 255, 0),
+                                           WindowsLib::rgb(255, 255, 0),
+                                           WindowsLib::rgb(255, 255, 0),
+                                           WindowsLib::rgb(200, 200, 200),
+                                           WindowsLib::rgb(90, 90, 90),
+                                           DARK_RED,
+                                           WindowsLib::rgb(150, 150, 150),
+                                           WHITE,
+                                           WindowsLib::rgb(150, 150, 150),
+                                           WindowsLib::rgb(255, 80, 80),
+                                           WindowsLib::rgb(255, 255, 0),
+                                           WindowsLib::rgb(190, 190, 190),
+                                           WindowsLib::rgb(50, 50, 50),
+                                           WindowsLib::rgb(0, 0, 160),
+                                           WHITE};
+
+    /// Green and brown on white; what is on is orange.
+    static constexpr Palette LIGHT{WHITE,
+                                   WindowsLib::rgb(0, 110, 0),
+                                   WindowsLib::rgb(184, 92, 0),
+                                   WindowsLib::rgb(184, 92, 0),
+                                   WindowsLib::rgb(184, 92, 0),
+                                   WindowsLib::rgb(0, 136, 0),
+                                   WindowsLib::rgb(200, 225, 200),
+                                   WindowsLib::rgb(240, 150, 150),
+                                   WindowsLib::rgb(130, 130, 130),
+                                   WindowsLib::rgb(0, 110, 0),
+                                   WindowsLib::rgb(140, 140, 140),
+                                   WindowsLib::rgb(225, 45, 20),
+                                   WindowsLib::rgb(90, 60, 0),
+                                   WindowsLib::rgb(110, 110, 110),
+                                   WindowsLib::rgb(225, 235, 225),
+                                   WindowsLib::rgb(205, 225, 250),
+                                   WindowsLib::rgb(0, 80, 0)};
+
+    struct Skin {
+        const char* name;
+        const Palette& palette;
+    };
+    static constexpr std::array<Skin, 3> SKINS{
+        {{"Classic", PALETTE}, {"High contrast", HIGH_CONTRAST}, {"Light", LIGHT}}};
+
     explicit GdiManager(const Palette& palette = PALETTE);
+
+    /// Another palette or scale, 1 for 100 percent. The windows have to be skinned and laid out again.
+    void setPalette(const Palette& palette);
+    void setScale(double factor);
+
+    double getScale() const { return scale; }
+    /// A length of 100 percent in pixels of this scale, rounded; of a rectangle each edge.
+    int px(double length) const;
+    QSize px(const QSize& size) const { return {px(size.width()), px(size.height())}; }
+    QRect px(const QRect& rectangle) const;
 
     /// A copy makes no new font.
     GdiManager(const GdiManager&) = default;
@@ -91,19 +149,21 @@ public:
         font9,
         big,
         small,
-        large
+        large,
+        stageName,  ///< of the program
+        stageTempo
     };
-    static constexpr std::size_t FONTS = 12;
+    static constexpr std::size_t FONTS = 14;
     const QFont& getFont(FontRole role) const { return fonts[static_cast<std::size_t>(role)]->getHandle(); }
 
     enum class Edge { plain, smooth };
 
     /// A filled disc in a square of `size` + 1 logical pixels, whose last row and column are background. Drawn once for
-    /// each set of arguments, as sharp as `scale` device pixels for a logical one.
+    /// each set of arguments, as sharp as `ratio` device pixels for a logical one.
     const WindowsLib::Bitmap& getKnob(WindowsLib::Colour foreground, WindowsLib::Colour background, Edge edge, int size,
-                                      double scale = 1);
+                                      double ratio = 1);
     static QPixmap createKnob(WindowsLib::Colour foreground, WindowsLib::Colour background, Edge edge, int size,
-                              double scale = 1);
+                              double ratio = 1);
 
 private:
     struct KnobKey {
@@ -111,11 +171,14 @@ private:
         WindowsLib::Colour background;
         int size;
         Edge edge;
-        double scale;
+        double ratio;
 
         auto operator<=>(const KnobKey&) const = default;
     };
 
+    void makeFonts();
+
+    double scale = 1;
     std::array<WindowsLib::Brush, ROLES> brushes;
     WindowsLib::Pen greenPen;
     WindowsLib::Pen greenPen2;

@@ -4,6 +4,7 @@
 #include <QPolygonF>
 #include <QTransform>
 #include <algorithm>
+#include <cmath>
 
 #include "gui/framework/Properties.h"
 
@@ -26,7 +27,7 @@ QColor fillOf(const GdiManager& gdi, const ButtonState& state, const QWidget* co
 {
     if (!state.enabled) return gdi.getColour(Role::disabledButton);
     if (const QVariant own = control == nullptr ? QVariant() : control->property(Property::COLOR); own.isValid())
-        return own.value<QColor>();
+        return own.typeId() == QMetaType::Int ? gdi.getColour(static_cast<Role>(own.toInt())) : own.value<QColor>();
     return gdi.getColour(state.pressed ? Role::selectedButton : Role::unselectedButton);
 }
 
@@ -36,9 +37,25 @@ QColor inkOf(const GdiManager& gdi, const ButtonState& state, const QWidget* con
     return WindowsLib::toQColor(state.pressed && !state.enabled ? GdiManager::WHITE : GdiManager::BLACK);
 }
 
+/// Whole device pixels on all sides wherever the rectangle is, so that no side is lost or blurred.
+void drawRing(QPainter& painter, const QRect& rectangle, double thickness, const QColor& colour)
+{
+    const qreal ratio = painter.device()->devicePixelRatioF();
+    const qreal line = std::max(1.0, std::floor(thickness * ratio)) / ratio;
+    const QRectF all(rectangle);
+    painter.fillRect(QRectF(all.left(), all.top(), all.width(), line), colour);
+    painter.fillRect(QRectF(all.left(), all.bottom() - line, all.width(), line), colour);
+    painter.fillRect(QRectF(all.left(), all.top(), line, all.height()), colour);
+    painter.fillRect(QRectF(all.right() - line, all.top(), line, all.height()), colour);
+}
+
 void fillButton(QPainter& painter, const GdiManager& gdi, const QRect& rectangle, const ButtonState& state,
                 const QWidget* control)
 {
+    if (state.isSwitch && !state.pressed && state.enabled) {
+        painter.fillRect(rectangle, gdi.getColour(Role::background));
+        return drawFrame(painter, gdi, rectangle, true);
+    }
     if (!isMarked(control, Property::GRAYTEXT)) return painter.fillRect(rectangle, fillOf(gdi, state, control));
     painter.fillRect(rectangle, gdi.getColour(Role::unselectedButton));
     painter.fillRect(rectangle, QBrush(gdi.getColour(Role::selectedButton), Qt::Dense4Pattern));
@@ -47,16 +64,22 @@ void fillButton(QPainter& painter, const GdiManager& gdi, const QRect& rectangle
 
 void drawFrame(QPainter& painter, const GdiManager& gdi, const QRect& rectangle, bool enabled)
 {
-    painter.setPen(gdi.getColour(enabled ? Role::controlBorder : Role::controlBorderDisabled));
-    painter.setBrush(Qt::NoBrush);
-    painter.drawRect(rectangle.adjusted(0, 0, -1, -1));
+    drawRing(painter, rectangle, gdi.getScale(),
+             gdi.getColour(enabled ? Role::controlBorder : Role::controlBorderDisabled));
 }
 
 void drawFocus(QPainter& painter, const GdiManager& gdi, const QRect& rectangle)
 {
-    painter.setPen(QPen(gdi.getColour(Role::text), 1, Qt::DotLine));
-    painter.setBrush(Qt::NoBrush);
-    painter.drawRect(rectangle.adjusted(0, 0, -1, -1));
+    drawRing(painter, rectangle, 2 * gdi.getScale(), gdi.getColour(Role::text));
+}
+
+QColor inkOn(const QColor& fill)
+{
+    constexpr double MIDDLE = 0.18;  // both contrasts are equal there
+    const auto linear = [](double part) { return std::pow(part, 2.2); };
+    const double luminance =
+        0.2126 * linear(fill.redF()) + 0.7152 * linear(fill.greenF()) + 0.0722 * linear(fill.blueF());
+    return luminance > MIDDLE ? Qt::black : Qt::white;
 }
 
 void drawTriangle(QPainter& painter, const QRectF& place, Direction direction, const QColor& colour)
@@ -80,10 +103,11 @@ void drawButton(QPainter& painter, const GdiManager& gdi, const QRect& rectangle
 
     const bool isPlus = state.label == QLatin1String("+");
     const bool isMinus = state.label == QLatin1String("-");
-    const bool isLow = rectangle.height() < SMALL_HEIGHT;
-    if (isLow || rectangle.width() < SMALL_WIDTH)
+    const bool isLow = rectangle.height() < gdi.px(SMALL_HEIGHT);
+    if (isLow || rectangle.width() < gdi.px(SMALL_WIDTH))
         painter.setFont(gdi.getFont(isPlus || isMinus ? FontRole::font5 : FontRole::font3));
-    painter.setPen(inkOf(gdi, state, control));
+    const bool isOutline = state.isSwitch && !state.pressed && state.enabled;
+    painter.setPen(isOutline ? gdi.getColour(Role::label) : inkOf(gdi, state, control));
     // The font draws these signs low in their line.
     const int lift = (isLow && isPlus) || isMinus ? 1 : 0;
     painter.drawText(rectangle.translated(0, -lift), Qt::AlignCenter | Qt::TextShowMnemonic | Qt::TextSingleLine,

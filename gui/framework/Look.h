@@ -13,11 +13,15 @@ namespace Gui::Look
 {
 enum class Direction { up, down, left, right };
 
-/// One pixel around, in the role of a control's border.
+/// A line around, as many device pixels thick on every side as fit a pixel of the scale, in the role of a control's
+/// border.
 void drawFrame(QPainter& painter, const GdiManager& gdi, const QRect& rectangle, bool enabled);
 
-/// Marks the control that has the keyboard focus.
+/// Marks the control that has the keyboard focus: a ring of two pixels.
 void drawFocus(QPainter& painter, const GdiManager& gdi, const QRect& rectangle);
+
+/// What is drawn on this colour: black or white.
+QColor inkOn(const QColor& fill);
 
 /// As large as fits into the middle of `place`.
 void drawTriangle(QPainter& painter, const QRectF& place, Direction direction, const QColor& colour);
@@ -26,6 +30,7 @@ struct ButtonState {
     QString label;
     bool enabled = true;
     bool pressed = false;
+    bool isSwitch = false;  ///< an outline while it is off
 };
 
 /// A push button. Its marks (COLOR, SELECTED, GRAYTEXT) are properties of `control`, which may be null; a small one has

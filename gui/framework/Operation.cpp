@@ -19,6 +19,7 @@ public:
     RunningOperation(QWidget& around, const Operation& operation)
         : parent(around),
           failure(operation.failure),
+          done(operation.done),
           window([this](Message& message) { handleMessage(message); }),
           dialog(*new OperationDialog(
               operation.title, OPERATION_DONE, [this, post = operation.post] { post(window.getHandle()); }, around))
@@ -33,11 +34,15 @@ private:
         dialog.handleMessage(message);
         if (message.number != OPERATION_DONE) return;
         dialog.deleteLater();
-        if (message.wparam == 0) showMessage(parent, tr("Error"), failure);
+        if (message.wparam == 0)
+            showMessage(parent, tr("Error"), failure);
+        else if (done)
+            done();
     }
 
     QWidget& parent;
     const QString failure;
+    const std::function<void()> done;
     GuiWindow window;
     OperationDialog& dialog;
 };

@@ -13,8 +13,9 @@ namespace Gui
 struct Operation {
     QString title;  ///< of the progress dialog
     std::function<void(const WindowHandle& window)>
-        post;         ///< posts it to the backend, which notifies `window` of the end
-    QString failure;  ///< the sentence that is shown if it fails
+        post;                      ///< posts it to the backend, which notifies `window` of the end
+    std::function<void()> done{};  ///< called if it succeeded
+    QString failure;               ///< the sentence that is shown if it fails
 };
 
 /// Starts it and returns at once. Its progress dialog closes when `GuiMessage::OPERATION_DONE` comes. A failure is

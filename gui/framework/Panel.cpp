@@ -3,13 +3,20 @@
 #include <algorithm>
 #include <cassert>
 
+#include "gui/framework/GdiManager.h"
+
 namespace Gui
 {
-Panel::Panel(Panel* parent) : QWidget(parent), parentPanel(parent)
+Panel::Panel(const GdiManager& manager) : gdi(manager)
 {
     setVisible(false);
     setFixedSize(0, 0);
-    if (parent == nullptr) return;
+}
+
+Panel::Panel(Panel* parent) : QWidget(parent), gdi(parent->gdi), parentPanel(parent)
+{
+    setVisible(false);
+    setFixedSize(0, 0);
     assert(parent->childPanels.size() < MOST_CHILDREN);
     parent->childPanels.push_back(this);
 }
@@ -28,20 +35,45 @@ void Panel::show(bool visible)
     if (parentPanel != nullptr) parentPanel->layOut();
 }
 
-void Panel::setPanelSize(QSize newSize)
+void Panel::setPanelSize(QSize size)
 {
-    if (newSize == size()) return;
-    setFixedSize(newSize);
+    ownSize = size;
+    takeSize(gdi.px(size));
+}
+
+void Panel::takeSize(QSize pixels)
+{
+    if (pixels == size()) return;
+    setFixedSize(pixels);
     if (parentPanel != nullptr && shown) parentPanel->layOut();
 }
 
 bool Panel::hasShownChild() const { return std::ranges::any_of(childPanels, &Panel::isShown); }
 
+void Panel::place(QWidget& control, const QRect& rectangle)
+{
+    const auto known = std::ranges::find(placed, &control, [](const auto& each) { return each.first.data(); });
+    if (known != placed.end())
+        known->second = rectangle;
+    else
+        placed.emplace_back(&control, rectangle);
+    control.setGeometry(gdi.px(rectangle));
+}
+
+void Panel::rescale()
+{
+    for (const auto& [control, rectangle] : placed)
+        if (control) control->setGeometry(gdi.px(rectangle));
+    for (Panel* child : childPanels) child->rescale();
+    scaleChanged();
+    hasShownChild() ? layOut() : takeSize(gdi.px(ownSize));
+}
+
 void Panel::layOut()
 {
     const QSize column = placeChildren();
     columnResized(column);
-    setPanelSize(column);
+    takeSize(column);
 }
 
 /// One below the other with a gap between two, and the size they need.
@@ -52,7 +84,7 @@ QSize Panel::placeChildren()
     bool first = true;
     for (Panel* child : childPanels) {
         if (!child->shown) continue;
-        if (!first) bottom += GAP;
+        if (!first) bottom += gdi.px(GAP);
         first = false;
         child->move(0, bottom);
         bottom += child->height();

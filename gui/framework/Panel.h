@@ -1,21 +1,28 @@
 #pragma once
 
+#include <QPointer>
 #include <QWidget>
 #include <cstddef>
+#include <utility>
 #include <vector>
 
 namespace Gui
 {
+class GdiManager;
+
 /// A screen, or a part of one. Panels are stacked in a column, and each is shown and hidden by itself: those below it
-/// move, and the panels around it grow or shrink. The Qt parent owns its panels. The GUI thread.
+/// move, and the panels around it grow or shrink. Sizes and places are given in logical pixels of 100 percent and
+/// follow the scale. The Qt parent owns its panels. The GUI thread.
 class Panel : public QWidget
 {
 public:
     static constexpr std::size_t MOST_CHILDREN = 200;
     static constexpr int GAP = 5;  ///< logical pixels between two visible panels
 
-    /// Hidden until `show`. With a parent it is added at the bottom of its column.
-    explicit Panel(Panel* parentPanel = nullptr);
+    /// A column. The manager, which has the scale, must outlive it.
+    explicit Panel(const GdiManager& manager);
+    /// Hidden until `show`. Added at the bottom of its parent's column.
+    explicit Panel(Panel* parentPanel);
     ~Panel() override;
 
     /// Ignored if it is in that state already.
@@ -28,16 +35,30 @@ public:
 
     bool hasShownChild() const;
 
+    /// Places everything again after a change of the scale, also in the panels inside.
+    void rescale();
+
 protected:
     /// The size of the whole column changed.
     virtual void columnResized(QSize) {}
+    /// The scale has changed. What was placed by `place` follows without it.
+    virtual void scaleChanged() {}
+
+    /// Places a control of this panel.
+    void place(QWidget& control, const QRect& rectangle);
+
+    const GdiManager& getGdi() const { return gdi; }
 
 private:
     void layOut();
     QSize placeChildren();
+    void takeSize(QSize pixels);
 
-    Panel* parentPanel;
+    const GdiManager& gdi;
+    Panel* parentPanel = nullptr;
     std::vector<Panel*> childPanels;
+    std::vector<std::pair<QPointer<QWidget>, QRect>> placed;
+    QSize ownSize{0, 0};  // in logical pixels
     bool shown = false;
 };
 }  // namespace Gui

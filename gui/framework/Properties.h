@@ -3,12 +3,15 @@
 #include <QVariant>
 #include <QWidget>
 
+#include "gui/framework/GdiManager.h"
+
 // Named Qt properties that change how a control looks and behaves. A property that is not set has its default: false,
 // no limit, the colour of the role.
 namespace Gui::Property
 {
 inline constexpr const char* SELECTED = "SELECTED";  ///< button, menu item: drawn as selected
-inline constexpr const char* COLOR = "COLOR";        ///< button: a QColor in place of the role's
+inline constexpr const char* COLOR = "COLOR";        ///< button: a QColor, or another role, in place of its role's
+inline constexpr const char* FONT = "FONT";          ///< any: a `GdiManager::FontRole` in place of the skin's
 inline constexpr const char* BKCOLOR = "BKCOLOR";    ///< label, edit: a QColor in place of the background's
 inline constexpr const char* TEXT = "TEXT";          ///< label, edit: in the colour of values
 inline constexpr const char* GRAYTEXT = "GRAYTEXT";  ///< any: in the colour of disabled labels
@@ -23,6 +26,9 @@ inline constexpr const char* NUMBERS_ONLY = "NUMBERS_ONLY";              ///< ed
 inline constexpr const char* TOGGLE = "TOGGLE";                          ///< slider: a switch of two positions
 inline constexpr const char* COMBO_BOX = "ComboBox";                     ///< edit: it belongs to a ComboBox
 inline constexpr const char* HELP = "HELP";                              ///< any: its text on the help screen
+
+inline void setColour(QObject& control, GdiManager::Role role) { control.setProperty(COLOR, static_cast<int>(role)); }
+inline void setFont(QObject& control, GdiManager::FontRole role) { control.setProperty(FONT, static_cast<int>(role)); }
 
 inline bool isSet(const QObject& control, const char* property) { return control.property(property).toBool(); }
 inline void set(QObject& control, const char* property, bool on)

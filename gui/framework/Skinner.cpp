@@ -9,6 +9,7 @@
 #include <QMouseEvent>
 #include <QRadioButton>
 
+#include "gui/framework/Look.h"
 #include "gui/framework/Properties.h"
 
 namespace Gui
@@ -67,6 +68,13 @@ void Skinner::skinWindow(QWidget& window)
     for (QWidget* child : window.findChildren<QWidget*>()) skinChild(*child);
 }
 
+void Skinner::refresh(QWidget& window)
+{
+    polish(&window);
+    for (QWidget* child : window.findChildren<QWidget*>())
+        if (child->style() == this) polish(child);
+}
+
 void Skinner::skinChild(QWidget& child)
 {
     child.setStyle(this);
@@ -110,17 +118,18 @@ QPalette Skinner::paletteFor(const QWidget& widget) const
     palette.setColor(QPalette::PlaceholderText, gdi.getColour(Role::labelDisabled));
     const bool hasCells = qobject_cast<const QAbstractItemView*>(&widget) != nullptr;
     palette.setColor(QPalette::Highlight, gdi.getColour(hasCells ? Role::selectedCell : Role::selectedButton));
-    palette.setColor(QPalette::HighlightedText, gdi.getColour(hasCells ? Role::selectedButton : Role::background));
+    palette.setColor(QPalette::HighlightedText,
+                     hasCells ? gdi.getColour(Role::text) : Look::inkOn(gdi.getColour(Role::selectedButton)));
     return palette;
 }
 
-/// A font that was set on the control is kept.
 void Skinner::polish(QWidget* widget)
 {
     if (isViewport(*widget)) return widget->update();
     widget->setPalette(paletteFor(*widget));
-    if (!widget->testAttribute(Qt::WA_SetFont))
-        widget->setFont(gdi.getFont(isPushButton(*widget) ? FontRole::font7 : FontRole::font9));
+    const QVariant own = widget->property(Property::FONT);
+    const FontRole usual = isPushButton(*widget) ? FontRole::font7 : FontRole::font9;
+    widget->setFont(gdi.getFont(own.isValid() ? static_cast<FontRole>(own.toInt()) : usual));
     widget->update();
 }
 

@@ -21,6 +21,8 @@ public:
 
     /// Skins a window and its controls, those that are made later included.
     void skinWindow(QWidget& window);
+    /// Draws a skinned window again after a change of the palette or the scale.
+    void refresh(QWidget& window);
 
     // Set a property of a control and repaint it.
     static void setGrayText(QWidget& control, bool on);

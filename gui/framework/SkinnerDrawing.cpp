@@ -1,3 +1,4 @@
+#include <QAbstractButton>
 #include <QAction>
 #include <QMenu>
 #include <QPainter>
@@ -104,15 +105,18 @@ void Skinner::drawComplexControl(ComplexControl control, const QStyleOptionCompl
 void Skinner::drawPushButton(QPainter& painter, const QStyleOption& option, const QString& text,
                              const QWidget* widget) const
 {
-    Look::drawButton(painter, gdi, option.rect, {text, isEnabled(option), isOn(option)}, widget);
-    if ((option.state & State_HasFocus) != 0) Look::drawFocus(painter, gdi, option.rect.adjusted(1, 1, -1, -1));
+    const auto* button = qobject_cast<const QAbstractButton*>(widget);
+    Look::drawButton(painter, gdi, option.rect,
+                     {text, isEnabled(option), isOn(option), button != nullptr && button->isCheckable()}, widget);
+    if ((option.state & State_HasFocus) != 0) Look::drawFocus(painter, gdi, option.rect);
 }
 
 void Skinner::drawCheckMark(QPainter& painter, const QStyleOption& option) const
 {
     Look::drawFrame(painter, gdi, option.rect, isEnabled(option));
     if ((option.state & State_On) == 0) return;
-    painter.fillRect(option.rect.adjusted(3, 3, -3, -3),
+    const int gap = gdi.px(3);
+    painter.fillRect(option.rect.adjusted(gap, gap, -gap, -gap),
                      gdi.getColour(isEnabled(option) ? Role::selectedButton : Role::disabledButton));
 }
 
@@ -126,7 +130,7 @@ void Skinner::drawRadioMark(QPainter& painter, const QStyleOption& option) const
     if ((option.state & State_On) != 0) {
         painter.setPen(Qt::NoPen);
         painter.setBrush(gdi.getColour(isEnabled(option) ? Role::selectedButton : Role::disabledButton));
-        painter.drawEllipse(QRectF(option.rect).adjusted(3, 3, -3, -3));
+        painter.drawEllipse(QRectF(option.rect).marginsRemoved(QMarginsF(3, 3, 3, 3) * gdi.getScale()));
     }
     painter.restore();
 }
@@ -168,10 +172,11 @@ void Skinner::drawMenuItem(QPainter& painter, const QStyleOption& option, const 
 
     const QVariant own = action == nullptr ? QVariant() : action->property(Property::COLOR);
     QColor ink = own.isValid() ? own.value<QColor>() : gdi.getColour(inkOf(*item, action));
-    if (ink == fill) ink = gdi.getColour(Role::background);
+    if (pointed) ink = gdi.getColour(Role::text);
+    if (current) ink = Look::inkOn(fill);
     painter.setPen(ink);
     painter.setFont(item->font);
-    const QRect place = option.rect.adjusted(MENUGAP, 0, -MENUGAP, 0);
+    const QRect place = option.rect.adjusted(gdi.px(MENUGAP), 0, -gdi.px(MENUGAP), 0);
     painter.drawText(place, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine | Qt::TextShowMnemonic, item->text);
     if (item->menuItemType == QStyleOptionMenuItem::SubMenu) {
         const int side = place.height() / 2;
@@ -191,7 +196,7 @@ void Skinner::drawSlider(QPainter& painter, const QStyleOptionComplex& option) c
     qreal fraction = span > 0 ? (static_cast<qreal>(slider->sliderPosition) - slider->minimum) / span : 0;
     // Positions count from the top and from the left.
     if (slider->upsideDown != (slider->orientation == Qt::Vertical)) fraction = 1 - fraction;
-    Look::drawFader(painter, gdi, option.rect, {slider->orientation, fraction, KNOB, isEnabled(option)});
+    Look::drawFader(painter, gdi, option.rect, {slider->orientation, fraction, gdi.px(KNOB), isEnabled(option)});
 }
 
 void Skinner::drawScrollBar(QPainter& painter, const QStyleOptionComplex& option, const QWidget* widget) const
@@ -234,7 +239,8 @@ QSize Skinner::sizeFromContents(ContentsType type, const QStyleOption* option, c
         type == CT_MenuItem && item != nullptr && item->menuItemType != QStyleOptionMenuItem::Separator) {
         const QSize text = QFontMetrics(item->font).size(Qt::TextSingleLine | Qt::TextShowMnemonic, item->text);
         const int arrow = item->menuItemType == QStyleOptionMenuItem::SubMenu ? text.height() : 0;
-        return {text.width() + MENU_EXTRA_WIDTH + 2 * MENUGAP + arrow, text.height() + MENU_EXTRA_HEIGHT};
+        return {text.width() + gdi.px(MENU_EXTRA_WIDTH) + 2 * gdi.px(MENUGAP) + arrow,
+                text.height() + gdi.px(MENU_EXTRA_HEIGHT)};
     }
     return QProxyStyle::sizeFromContents(type, option, contents, widget);
 }
@@ -246,13 +252,13 @@ int Skinner::pixelMetric(PixelMetric metric, const QStyleOption* option, const Q
         case PM_IndicatorHeight:
         case PM_ExclusiveIndicatorWidth:
         case PM_ExclusiveIndicatorHeight:
-            return CHECK_MARK;
+            return gdi.px(CHECK_MARK);
         case PM_SliderLength:
         case PM_SliderThickness:
         case PM_SliderControlThickness:
-            return KNOB + 1;
+            return gdi.px(KNOB + 1);
         case PM_ScrollBarExtent:
-            return SCROLL_BAR;
+            return gdi.px(SCROLL_BAR);
         case PM_MenuPanelWidth:
             return 1;  // its frame
         case PM_ButtonShiftHorizontal:

@@ -119,9 +119,17 @@ void WindowKeyboard::handleInWindow(QWidget& widget, const QEvent& event)
     }
 }
 
+KeyTarget WindowKeyboard::findTarget(const QWidget* focus) const
+{
+    if (focus == nullptr || !isWithin(*focus, window)) return KeyTarget::elsewhere;
+    const bool plays = window.isAncestorOf(focus) ? !takesText(focus) : isPlayedIn(focus->window());
+    return plays ? KeyTarget::music : KeyTarget::text;
+}
+
 /// From one control to another, keys stay down; their releases reach the window from either.
 void WindowKeyboard::focusMoved(const QWidget* from, const QWidget* to)
 {
+    if (onTarget) onTarget(findTarget(to));
     if (from == nullptr || !window.isAncestorOf(from)) return;
     const bool stays = to != nullptr && window.isAncestorOf(to) && !takesText(to);
     if (!stays && !isPlayedIn(QApplication::activeModalWidget())) keyInput.focusLost();

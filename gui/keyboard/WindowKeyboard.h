@@ -1,7 +1,9 @@
 #pragma once
 
 #include <QObject>
+#include <functional>
 
+#include "gui/framework/KeyTarget.h"
 #include "gui/keyboard/KeyInput.h"
 #include "gui/keyboard/KeyPresses.h"
 
@@ -36,6 +38,10 @@ public:
     void releaseAll();
 
     KeyPresses& getKeyPresses() { return keyPresses; }
+
+    /// The keys go elsewhere now.
+    std::function<void(KeyTarget target)> onTarget;
+    KeyTarget findTarget(const QWidget* focus) const;
 
 protected:
     bool eventFilter(QObject* object, QEvent* event) override;

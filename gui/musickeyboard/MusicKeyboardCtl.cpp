@@ -4,6 +4,7 @@
 #include <QPaintEvent>
 #include <QPainter>
 #include <QStringList>
+#include <algorithm>
 #include <chrono>
 #include <utility>
 
@@ -26,16 +27,16 @@ constexpr int LOUDEST = 127;
 QString nameOf(int note) { return QString::fromStdString(Backend::MidiEngine::getNoteName(note, Octave::with)); }
 
 /// A quadratic curve: the middle of a key is loud already, and the front third changes little.
-int velocityAt(int note, int y)
+int velocityAt(const QRect& key, int y)
 {
-    const double fromFront = 1.0 - static_cast<double>(y) / (KeyOutlines::keyRectangle(note).height() - 1);
+    const double fromFront = 1.0 - static_cast<double>(y) / (key.height() - 1);
     return LOUDEST - static_cast<int>((LOUDEST - 1) * fromFront * fromFront);
 }
 }  // namespace
 
 MusicKeyboardCtl::MusicKeyboardCtl(GuiContext& guiContext, QWidget* parent) : QWidget(parent), context(guiContext)
 {
-    setFixedSize(KeyOutlines::WIDTH, KeyOutlines::WHITE_HEIGHT + KeyboardPainter::LABEL_HEIGHT);
+    rescale();
     setAttribute(Qt::WA_OpaquePaintEvent);
     setMouseTracking(true);  // to notice that the button was released elsewhere
     setAccessibleName(tr("Music keyboard"));
@@ -44,6 +45,14 @@ MusicKeyboardCtl::MusicKeyboardCtl(GuiContext& guiContext, QWidget* parent) : QW
         tr("Shows the notes that sound. Click a key to play it: velocity 1 at the back, 127 at the front edge."));
     frame.setSingleShot(true);
     connect(&frame, &QTimer::timeout, this, [this] { showFrame(); });
+}
+
+void MusicKeyboardCtl::rescale()
+{
+    const GdiManager& gdi = context.getGdiManager();
+    keys = KeyOutlines(gdi.getScale());
+    setFixedSize(keys.getWidth(), keys.getWhiteHeight() + gdi.px(KeyboardPainter::LABEL_HEIGHT));
+    update();
 }
 
 void MusicKeyboardCtl::setListener(Listener* newListener)
@@ -56,6 +65,11 @@ void MusicKeyboardCtl::setListener(Listener* newListener)
 
 void MusicKeyboardCtl::displayMidiOutputEvent(const OrvMidiMessage& event)
 {
+    const auto output = static_cast<std::size_t>(event.getOutput());
+    if (output < silentOutputs.size() && silentOutputs.test(output)) {
+        unsent.take(event);
+        return changed();
+    }
     notes.take(event);
     const int note = event.getD1();
     if (event.isNoteOn() && notes.isSounding(note)) started.set(static_cast<std::size_t>(note));
@@ -65,6 +79,7 @@ void MusicKeyboardCtl::displayMidiOutputEvent(const OrvMidiMessage& event)
 void MusicKeyboardCtl::clearHilight()
 {
     notes.clear();
+    unsent.clear();
     started.reset();
     changed();
 }
@@ -72,12 +87,22 @@ void MusicKeyboardCtl::clearHilight()
 void MusicKeyboardCtl::handleMidiOutputPortsChanged(const Backend::MidiEngine::MidiOutputPorts& ports)
 {
     notes.handleMidiOutputPortsChanged(ports);
+    silentOutputs.reset();
+    for (std::size_t output = 0; output < std::min(ports.size(), silentOutputs.size()); ++output)
+        silentOutputs.set(output, !ports[output].enabled || !ports[output].found || ports[output].couldNotOpen);
+    for (int output = 0; output < SoundingNotes::OUTPUTS; ++output)
+        if (!silentOutputs.test(static_cast<std::size_t>(output))) unsent.clearOutput(output);
     changed();
 }
 
 bool MusicKeyboardCtl::isLit(int note) const
 {
     return note >= 0 && note < KeyOutlines::NOTES && lit.test(static_cast<std::size_t>(note));
+}
+
+bool MusicKeyboardCtl::isHollow(int note) const
+{
+    return note >= 0 && note < KeyOutlines::NOTES && hollow.test(static_cast<std::size_t>(note));
 }
 
 QString MusicKeyboardCtl::getSoundingNames() const
@@ -103,7 +128,10 @@ void MusicKeyboardCtl::showFrame()
     for (int note = 0; note < KeyOutlines::NOTES; ++note) {
         const auto key = static_cast<std::size_t>(note);
         lit[key] = notes.isSounding(note) || started[key];
-        if (lit[key] != before[key]) update(KeyOutlines::keyRectangle(note));
+        const bool isUnsent = unsent.isSounding(note);
+        const bool isOther = lit[key] != before[key] || hollow[key] != isUnsent;
+        hollow[key] = isUnsent;
+        if (isOther) update(keys.keyRectangle(note));
     }
     isStale = started.any();  // some of them may have ended
     started.reset();
@@ -114,12 +142,13 @@ void MusicKeyboardCtl::showFrame()
 
 void MusicKeyboardCtl::mousePressEvent(QMouseEvent* event)
 {
-    const int note = KeyOutlines::noteAt(event->position().toPoint());
+    const int note = keys.noteAt(event->position().toPoint());
     if (event->button() == Qt::LeftButton) {
         isDragged = true;
         hold(event->position().toPoint());
     } else if (event->button() == Qt::RightButton && note != NO_KEY && listener != nullptr) {
-        listener->keyPressed(note, velocityAt(note, event->position().toPoint().y()), Qt::RightButton);
+        listener->keyPressed(note, velocityAt(keys.keyRectangle(note), event->position().toPoint().y()),
+                             Qt::RightButton);
     }
 }
 
@@ -155,14 +184,14 @@ bool MusicKeyboardCtl::event(QEvent* event)
 /// Holds the key at that point instead of the one held now; outside the keys none.
 void MusicKeyboardCtl::hold(const QPoint& point)
 {
-    const int note = KeyOutlines::noteAt(point);
+    const int note = keys.noteAt(point);
     if (note == heldKey) return;
     const int before = std::exchange(heldKey, note);
     for (const int changed : {before, note})
-        if (changed != NO_KEY) update(KeyOutlines::keyRectangle(changed));
+        if (changed != NO_KEY) update(keys.keyRectangle(changed));
     if (listener == nullptr) return;
     if (before != NO_KEY) listener->keyReleased(before);
-    if (note != NO_KEY) listener->keyPressed(note, velocityAt(note, point.y()), Qt::LeftButton);
+    if (note != NO_KEY) listener->keyPressed(note, velocityAt(keys.keyRectangle(note), point.y()), Qt::LeftButton);
 }
 
 void MusicKeyboardCtl::release()
@@ -170,7 +199,7 @@ void MusicKeyboardCtl::release()
     isDragged = false;
     const int note = std::exchange(heldKey, NO_KEY);
     if (note == NO_KEY) return;
-    update(KeyOutlines::keyRectangle(note));
+    update(keys.keyRectangle(note));
     if (listener != nullptr) listener->keyReleased(note);
 }
 
@@ -180,16 +209,17 @@ void MusicKeyboardCtl::paintEvent(QPaintEvent* event)
 {
     const GdiManager& gdi = context.getGdiManager();
     QPainter canvas(this);
-    KeyboardPainter painter(canvas, gdi);
+    KeyboardPainter painter(canvas, gdi, keys);
     canvas.fillRect(event->rect(), gdi.getBrush(GdiManager::Role::background).getHandle());
     for (int note = 0; note < KeyOutlines::NOTES; ++note)
-        if (event->region().intersects(KeyOutlines::keyRectangle(note))) painter.paintKey(note, stateOf(note));
-    if (event->rect().bottom() >= KeyOutlines::WHITE_HEIGHT) painter.paintLabels();
+        if (event->region().intersects(keys.keyRectangle(note))) painter.paintKey(note, stateOf(note));
+    if (event->rect().bottom() >= keys.getWhiteHeight()) painter.paintLabels();
 }
 
 KeyState MusicKeyboardCtl::stateOf(int note) const
 {
     if (isLit(note)) return KeyState::sounding;
+    if (isHollow(note)) return KeyState::seen;
     return note == heldKey ? KeyState::held : KeyState::up;
 }
 }  // namespace Gui::Output

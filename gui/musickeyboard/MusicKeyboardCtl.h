@@ -47,9 +47,15 @@ public:
     void clearHilight();
     void handleMidiOutputPortsChanged(const Backend::MidiEngine::MidiOutputPorts& ports);
 
+    /// The scale has changed.
+    void rescale();
+    const KeyOutlines& getOutlines() const { return keys; }
+
     /// Whether the key is drawn as sounding.
     bool isLit(int note) const;
-    /// The names of those keys, "C4 E4"; empty for none.
+    /// Whether its note is played, but by no output that can send it.
+    bool isHollow(int note) const;
+    /// The names of the keys that are lit, "C4 E4"; empty for none.
     QString getSoundingNames() const;
 
     QAccessible::Role getAccessibleRole() const override { return QAccessible::Graphic; }
@@ -74,10 +80,14 @@ private:
     using Keys = std::bitset<KeyOutlines::NOTES>;
 
     GuiContext& context;
+    KeyOutlines keys;
     Listener* listener = nullptr;
     SoundingNotes notes;
+    SoundingNotes unsent;  // those of outputs that cannot send
+    std::bitset<SoundingNotes::OUTPUTS> silentOutputs;
     Keys started;  // note-ons since the last frame
     Keys lit;      // the keys drawn as sounding
+    Keys hollow;
     int heldKey = NO_KEY;
     bool isStale = false;    // what is drawn may differ from what sounds
     bool isDragged = false;  // the left button is down

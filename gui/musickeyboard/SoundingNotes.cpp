@@ -61,6 +61,7 @@ void SoundingNotes::clearChannel(int output, int channel)
 
 void SoundingNotes::clearOutput(int output)
 {
+    if (!outputs.contains(output)) return;
     for (int channel = 0; channel < CHANNELS; ++channel) clearChannel(output, channel);
 }
 

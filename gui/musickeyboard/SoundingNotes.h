@@ -14,12 +14,14 @@ class SoundingNotes
 {
 public:
     static constexpr int NOTES = 128;
+    static constexpr int OUTPUTS = 128;  ///< the most there are
 
     /// A note-on with velocity 0 ends a note. "All sound off" and "all notes off" end those of a channel, a system
     /// reset those of an output. Other events are ignored.
     void take(const Backend::MidiEngine::OrvMidiMessage& event);
 
     void clear();
+    void clearOutput(int output);
     /// Ends the notes of outputs that are disabled or missing.
     void handleMidiOutputPortsChanged(const Backend::MidiEngine::MidiOutputPorts& ports);
 
@@ -34,7 +36,6 @@ private:
     void start(int output, int channel, int note);
     void end(int output, int channel, int note);
     void clearChannel(int output, int channel);
-    void clearOutput(int output);
 
     std::map<int, Counts> outputs;
     std::array<int, NOTES> sounding{};  // of all outputs and channels

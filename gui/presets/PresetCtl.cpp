@@ -13,15 +13,17 @@ namespace Gui::Preset
 {
 namespace
 {
-constexpr int BUTTON_WIDTH = 66;
+constexpr int BUTTON_WIDTH = 66;  // logical pixels
 constexpr int GAP = 4;
 }  // namespace
 
-PresetCtl::PresetCtl(OrvGuiIF& gui, const QString& name, Commands sectionCommands, QWidget* parent)
+PresetCtl::PresetCtl(OrvGuiIF& owner, const QString& name, Commands sectionCommands, QWidget* parent)
     : QWidget(parent),
+      gui(owner),
+      gdi(owner.getGdiManager()),
       commands(std::move(sectionCommands)),
-      choices(new ComboBox(gui, ComboBox::Typing::readOnly, this)),
-      button(new QPushButton(tr("PRESETS"), this)),
+      choices(new ComboBox(owner, ComboBox::Typing::readOnly, this)),
+      button(new QPushButton(tr("Presets"), this)),
       menu(new PopupMenu(this))
 {
     choices->setAccessibleName(name);
@@ -33,7 +35,6 @@ PresetCtl::PresetCtl(OrvGuiIF& gui, const QString& name, Commands sectionCommand
     Property::setHelp(*button, tr("Presets: saves what is here as a preset, renames and deletes presets."));
     button->setFocusPolicy(Qt::TabFocus);
     connect(button, &QPushButton::clicked, this, [this] { showMenu(); });
-    setFixedHeight(HEIGHT);
     listChanged();
 }
 
@@ -41,8 +42,9 @@ PresetCtl::~PresetCtl() { delete dialog; }
 
 void PresetCtl::resizeEvent(QResizeEvent*)
 {
-    choices->setGeometry(0, 0, width() - BUTTON_WIDTH - GAP, HEIGHT);
-    button->setGeometry(width() - BUTTON_WIDTH, 0, BUTTON_WIDTH, HEIGHT);
+    const int wide = gdi.px(BUTTON_WIDTH);
+    choices->setGeometry(0, 0, width() - wide - gdi.px(GAP), height());
+    button->setGeometry(width() - wide, 0, wide, height());
 }
 
 // --- changes that the backend reports
@@ -50,6 +52,9 @@ void PresetCtl::resizeEvent(QResizeEvent*)
 void PresetCtl::setPresets(const Backend::PresetList& presets)
 {
     list = presets;
+    if (list.find(saving) != nullptr)
+        gui.displayMessage(tr("Saved preset %1").arg(QString::fromStdString(saving)).toStdString());
+    saving.clear();
     listChanged();
 }
 
@@ -76,6 +81,7 @@ void PresetCtl::listChanged()
 void PresetCtl::addPreset(const std::string& name, bool selectedOnly)
 {
     commands.save(name, selectedOnly);
+    saving = name;
     list.add({.name = name});
     listChanged();
 }

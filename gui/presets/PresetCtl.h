@@ -11,6 +11,7 @@ class QPushButton;
 namespace Gui
 {
 class ComboBox;
+class GdiManager;
 class OrvGuiIF;
 class PopupMenu;
 }  // namespace Gui
@@ -33,10 +34,10 @@ public:
         std::function<bool()> hasSelection{};
     };
 
-    static constexpr int HEIGHT = 20;
+    static constexpr int HEIGHT = 22;  ///< logical pixels
 
     /// `name` is its accessible name: "Preset of the keys".
-    PresetCtl(OrvGuiIF& gui, const QString& name, Commands sectionCommands, QWidget* parent);
+    PresetCtl(OrvGuiIF& owner, const QString& name, Commands sectionCommands, QWidget* parent);
     ~PresetCtl() override;
 
     // Changes that the backend reports
@@ -58,10 +59,13 @@ private:
     void showDialog();
     void listChanged();
 
+    OrvGuiIF& gui;
+    const GdiManager& gdi;
     const Commands commands;
     Backend::PresetList list;
     std::string current;
-    ComboBox* choices;  // owned by their Qt parents
+    std::string saving;  // the preset that the backend writes; empty for none
+    ComboBox* choices;   // owned by their Qt parents
     QPushButton* button;
     PopupMenu* menu;
     QPointer<PresetsDialog> dialog;

@@ -1,10 +1,13 @@
 #include "gui/window/MainWindow.h"
 
 #include <QApplication>
+#include <QContextMenuEvent>
 #include <QDialog>
 #include <QEvent>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QPushButton>
+#include <QScrollArea>
 #include <algorithm>
 
 #include "api/OrvGuiIF.h"
@@ -12,6 +15,7 @@
 #include "backend/files/RegistrySettings.h"
 #include "gui/framework/GuiMessageManagerMaster.h"
 #include "gui/framework/Panel.h"
+#include "gui/framework/PopupMenu.h"
 #include "gui/framework/Properties.h"
 #include "gui/framework/Switches.h"
 #include "gui/framework/WidgetTree.h"
@@ -22,6 +26,8 @@
 #include "gui/screens/display/DisplayPanel.h"
 #include "gui/screens/help/HelpPanel.h"
 #include "gui/screens/output/OutputPanel.h"
+#include "gui/screens/system/ScreenButtons.h"
+#include "gui/screens/system/StagePanel.h"
 #include "gui/screens/system/SystemPanel.h"
 
 namespace Gui
@@ -31,10 +37,12 @@ using Backend::ScreenState;
 
 namespace
 {
-constexpr QPoint COLUMN_PLACE(4, 5);
+constexpr int MARGIN = 4;  // logical pixels, as all of these
+constexpr int GAP = 8;
 constexpr QSize COMPACT(104, 33);
 constexpr int BUTTON_TOP = 6;
 constexpr QSize BUTTON(29, 20);
+constexpr const char* PLACE = "PLACE";
 
 constexpr Screen SCREENS[] = {
     Screen::system,        Screen::help,     Screen::display, Screen::oscillators, Screen::joystick, Screen::midiInput,
@@ -45,16 +53,28 @@ constexpr Screen SCREENS[] = {
 class MainWindow::Column final : public Panel
 {
 public:
-    Column(QWidget* parent, std::function<void()> onResize) : resized(std::move(onResize))
-    {
-        setParent(parent);
-        move(COLUMN_PLACE);
-    }
+    Column(const GdiManager& manager, std::function<void()> onResize) : Panel(manager), resized(std::move(onResize)) {}
 
 private:
     void resizeEvent(QResizeEvent*) override { resized(); }
 
     const std::function<void()> resized;
+};
+
+/// The part of the window in which the column scrolls. Keys are left to playing.
+class MainWindow::ColumnView final : public QScrollArea
+{
+public:
+    ColumnView(QWidget* parent, QWidget& column) : QScrollArea(parent)
+    {
+        setFrameShape(QFrame::NoFrame);
+        setFocusPolicy(Qt::NoFocus);
+        setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+        setWidget(&column);
+    }
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override { event->ignore(); }
 };
 
 /// Posts keys to the backend, which plays them, and shows them on the picture of the keyboard.
@@ -82,14 +102,16 @@ MainWindow::MainWindow(OrvGuiIF& owner, QWidget* parent, Resized onResize)
       resized(std::move(onResize)),
       playedKeys(std::make_unique<PlayedKeys>(*this)),
       keyboard(std::make_unique<WindowKeyboard>(*this, *playedKeys)),
-      column(new Column(this, [this] { fit(); }))
+      column(new Column(owner.getGdiManager(), [this] { fit(); }))
 {
     setWindowTitle(QStringLiteral("OrvGui"));
     setAutoFillBackground(true);
     makeButtons();
     makePanels();
+    view = new ColumnView(this, *column);
     column->show(true);
-    fit();
+    rescale();
+    keyboard->onTarget = [this](KeyTarget target) { showKeyTarget(target); };
     qApp->installEventFilter(this);
     gui.getGuiMessageManagerMaster().addMessageManager(&zoneMessages);
 }
@@ -106,11 +128,12 @@ void MainWindow::makeButtons()
     auto& commands = gui.getOrvMessageManager();
     const auto make = [this](const QString& label, int left) {
         auto* button = new QPushButton(label, this);
-        button->setGeometry({{left, BUTTON_TOP}, BUTTON});
+        button->setProperty(PLACE, QRect({left, BUTTON_TOP}, BUTTON));
         return button;
     };
     resetButton = make(QStringLiteral("R"), 5);
     resetButton->setAccessibleName(tr("Reset"));
+    Property::setColour(*resetButton, GdiManager::Role::frame);
     Property::setHelp(*resetButton, tr("Reset (panic): ends every note on all channels of all outputs."));
     connect(resetButton, &QPushButton::pressed, [&commands] { commands.postResetOrv(); });
     thruButton = make(QStringLiteral("T"), 37);
@@ -121,7 +144,8 @@ void MainWindow::makeButtons()
 
 void MainWindow::makePanels()
 {
-    systemPanel = new System::SystemPanel(gui, column);
+    stagePanel = new System::StagePanel(gui, gui.getGdiManager(), this);
+    systemPanel = new System::SystemPanel(gui, *stagePanel, column);
     helpPanel = new Help::HelpPanel(gui, column);
     displayPanel = new Display::DisplayPanel(gui, column);
     computerInputPanel = new ComputerInput::ComputerInputPanel(gui, column);
@@ -153,7 +177,9 @@ void MainWindow::showScreen(Screen screen, bool on)
     Panel* panel = panelOf(screen);
     if (panel == nullptr) return;
     if (!on) keyboard->takeFocusFrom(*panel);
+    if (!on && screen == Screen::system) keyboard->takeFocusFrom(*stagePanel);
     panel->show(on);
+    if (screen == Screen::system) stagePanel->show(on);
     fit();  // a hidden column gets no resize event
     systemPanel->screenShown(screen, on);
 }
@@ -185,19 +211,107 @@ void MainWindow::setScreenState(const ScreenState& state)
 /// Takes the size of the screens that are shown, or of the three buttons where there are none.
 void MainWindow::fit()
 {
+    if (view == nullptr) return;  // it is being made
     const bool compact = !column->hasShownChild();
     for (auto* button : {resetButton, thruButton, keyboardButton}) button->setVisible(compact);
-    column->setVisible(!compact);
+    view->setVisible(!compact);
     if (compact) {
         setMidiThru(gui.getRegistrySettings().getMidiThru());
         setGlobalKeyboard(gui.getRegistrySettings().getGlobalKeyboard());
     }
-    const QSize needed = compact ? COMPACT : column->size() + QSize(2 * COLUMN_PLACE.x(), 2 * COLUMN_PLACE.y());
-    if (needed == lastSize) return;
-    const QSize before = lastSize;
-    lastSize = needed;
-    setFixedSize(needed);
-    resized(before, needed);
+    const GdiManager& gdi = gui.getGdiManager();
+    const QSize needed =
+        compact ? gdi.px(COMPACT) : QSize(gdi.px(WIDTH), getStageHeight() + column->height() + 2 * gdi.px(MARGIN));
+    if (needed != lastSize) {
+        const QSize before = lastSize;
+        lastSize = needed;
+        resized(before, needed);
+        resize(parentWidget() == nullptr ? needed : parentWidget()->size());
+    }
+    layOut();
+}
+
+/// With the gap below it.
+int MainWindow::getStageHeight() const
+{
+    return stagePanel->isShown() ? stagePanel->height() + gui.getGdiManager().px(GAP) : 0;
+}
+
+void MainWindow::layOut()
+{
+    const GdiManager& gdi = gui.getGdiManager();
+    const int margin = gdi.px(MARGIN);
+    const int left = std::max(0, (width() - gdi.px(WIDTH)) / 2) + margin;
+    stagePanel->move(left, margin);
+    const int top = margin + getStageHeight();
+    view->setGeometry(left, top, std::max(0, std::min(width() - left, gdi.px(WIDTH) - margin)),
+                      std::max(0, height() - top - margin));
+    for (auto* button : {resetButton, thruButton, keyboardButton})
+        button->setGeometry(gdi.px(button->property(PLACE).toRect()));
+}
+
+void MainWindow::resizeEvent(QResizeEvent*) { layOut(); }
+
+void MainWindow::rescale()
+{
+    stagePanel->rescale();
+    column->rescale();
+    fit();
+}
+
+QSize MainWindow::getNaturalSize() const
+{
+    const double scale = gui.getGdiManager().getScale();
+    return {qRound(lastSize.width() / scale), qRound(lastSize.height() / scale)};
+}
+
+// --- the small window, and the menu of screens
+
+bool MainWindow::isCompact() const { return !column->hasShownChild(); }
+
+void MainWindow::setCompact(bool on)
+{
+    if (on == isCompact()) return;
+    if (on) {
+        stateBeforeCompact = getScreenState();
+        for (const Screen screen : SCREENS) gui.showScreen(screen, false);
+        return;
+    }
+    const auto bits = stateBeforeCompact.value_or(ScreenState{}).toBits();
+    for (const Screen screen : SCREENS)
+        if (bits[static_cast<std::size_t>(screen)]) gui.showScreen(screen, true);
+    if (isCompact()) gui.showScreen(Screen::system, true);
+}
+
+/// Of the background: all screens, and the small window.
+void MainWindow::contextMenuEvent(QContextMenuEvent* event)
+{
+    const QWidget* there = childAt(event->pos());
+    const bool isBackground = there == nullptr || there == view->viewport() ||
+                              dynamic_cast<const Panel*>(there) != nullptr ||
+                              qobject_cast<const QLabel*>(there) != nullptr;
+    if (isBackground) showScreenMenu(event->globalPos());
+}
+
+void MainWindow::showScreenMenu(const QPoint& globalPosition)
+{
+    constexpr int SMALL_WINDOW = 100;
+    auto* menu = new PopupMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    for (const Screen screen : SCREENS) {
+        if (panelOf(screen) == nullptr) continue;
+        QAction& item = menu->addItem({.text = System::nameOf(screen), .id = static_cast<int>(screen)});
+        item.setCheckable(true);
+        item.setChecked(isShowing(screen));
+    }
+    menu->addItem({.text = isCompact() ? tr("Show the screens") : tr("Small window"), .id = SMALL_WINDOW});
+    menu->onChosen = [this](int id) {
+        if (id == SMALL_WINDOW)
+            setCompact(!isCompact());
+        else
+            gui.toggleScreen(static_cast<Screen>(id));
+    };
+    menu->show(globalPosition);
 }
 
 void MainWindow::setMidiThru(bool on) { thruButton->setChecked(on); }
@@ -227,6 +341,7 @@ void MainWindow::showHelpOf(const QWidget& control)
 /// Pointing at a control of the window or of its dialogs, or going there by keys, shows its help.
 bool MainWindow::eventFilter(QObject* object, QEvent* event)
 {
+    if (event->type() == QEvent::Resize && object == parentWidget()) resize(parentWidget()->size());
     if (event->type() != QEvent::Enter && event->type() != QEvent::FocusIn) return false;
     const auto* widget = qobject_cast<QWidget*>(object);
     if (widget != nullptr && (widget->window() == window() || isWithin(*widget, *this))) showHelpOf(*widget);
@@ -247,6 +362,18 @@ void MainWindow::setPlayingFocus() { keyboard->takeFocus(); }
 void MainWindow::keyPressEvent(QKeyEvent* event) { keyboard->keyPressed(*event); }
 
 void MainWindow::keyReleaseEvent(QKeyEvent* event) { keyboard->keyReleased(*event); }
+
+void MainWindow::showKeyTarget(KeyTarget target)
+{
+    stagePanel->showKeyTarget(target);
+    gui.handleKeyTarget(target);
+}
+
+void MainWindow::showEvent(QShowEvent* event)
+{
+    QWidget::showEvent(event);
+    showKeyTarget(keyboard->findTarget(QApplication::focusWidget()));
+}
 
 void MainWindow::hideEvent(QHideEvent* event)
 {

@@ -3,10 +3,12 @@
 #include <QWidget>
 #include <functional>
 #include <memory>
+#include <optional>
 
 #include "backend/model/Screen.h"
 #include "backend/model/ScreenState.h"
 #include "backend/model/ZoneMap.h"
+#include "gui/framework/KeyTarget.h"
 #include "gui/window/ZoneGuiMessageManager.h"
 
 class QPushButton;
@@ -36,17 +38,23 @@ class OutputPanel;
 }
 namespace System
 {
+class StagePanel;
 class SystemPanel;
-}
+}  // namespace System
 
 /// The window itself: the screens in one column, or three buttons while no screen is shown, and the computer keyboard
-/// that plays in it. Its size follows its screens. The GUI thread.
+/// that plays in it. Its natural size follows its screens; with less height the column scrolls below the upper rows of
+/// the system screen, with more width it is centred. The GUI thread.
 class MainWindow final : public QWidget
 {
 public:
+    /// The width of all screens with the margins and room for a scroll bar, in logical pixels.
+    static constexpr int WIDTH = 980;
+
     using Resized = std::function<void(QSize before, QSize now)>;
 
-    /// A child of `parent`, or a window of its own where that is null. `onResize` is called when the size changes.
+    /// A child of `parent`, which it fills, or a window of its own where that is null. `onResize` is called when its
+    /// natural size changes.
     MainWindow(OrvGuiIF& owner, QWidget* parent, Resized onResize);
     ~MainWindow() override;
 
@@ -54,6 +62,15 @@ public:
     void showScreen(Backend::Screen screen, bool on);
     void toggleScreen(Backend::Screen screen);
     bool isShowing(Backend::Screen screen) const;
+
+    /// Hides all screens, or shows those that were hidden so, at least the system screen.
+    void setCompact(bool on);
+    bool isCompact() const;
+
+    /// The scale has changed.
+    void rescale();
+    /// The natural size in logical pixels of 100 percent.
+    QSize getNaturalSize() const;
 
     Backend::ScreenState getScreenState() const;
     void setScreenState(const Backend::ScreenState& state);
@@ -71,6 +88,7 @@ public:
     void setGlobalKeyboard(bool on);
 
     System::SystemPanel& getSystemPanel() { return *systemPanel; }
+    System::StagePanel& getStagePanel() { return *stagePanel; }
     Help::HelpPanel& getHelpPanel() { return *helpPanel; }
     Display::DisplayPanel& getDisplayPanel() { return *displayPanel; }
     ComputerInput::ComputerInputPanel& getComputerInputPanel() { return *computerInputPanel; }
@@ -81,15 +99,23 @@ protected:
     bool eventFilter(QObject* object, QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
+    void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
 
 private:
     class Column;
+    class ColumnView;
     class PlayedKeys;
 
     void makeButtons();
     void makePanels();
     void fit();
+    void layOut();
+    int getStageHeight() const;
+    void showScreenMenu(const QPoint& globalPosition);
+    void showKeyTarget(KeyTarget target);
     void showHelpOf(const QWidget& control);
     Panel* panelOf(Backend::Screen screen) const;
 
@@ -101,13 +127,16 @@ private:
     QPushButton* resetButton = nullptr;  // these are owned by their Qt parents
     QPushButton* thruButton = nullptr;
     QPushButton* keyboardButton = nullptr;
+    ColumnView* view = nullptr;
     Column* column = nullptr;
+    System::StagePanel* stagePanel = nullptr;
     System::SystemPanel* systemPanel = nullptr;
     Help::HelpPanel* helpPanel = nullptr;
     Display::DisplayPanel* displayPanel = nullptr;
     ComputerInput::ComputerInputPanel* computerInputPanel = nullptr;
     Output::OutputPanel* outputPanel = nullptr;
     QSize lastSize;
+    std::optional<Backend::ScreenState> stateBeforeCompact;
     Backend::ScreenState storedState;  // of screens that do not exist yet, it is kept as it is
 };
 }  // namespace Gui

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QScreen>
 #include <QWindow>
+#include <algorithm>
 
 #include "api/OrvGuiIF.h"
 #include "api/ParentWindow.h"
@@ -43,10 +44,29 @@ void OpenWindow::makeMainWindow()
     skinner.skinWindow(*main);
 }
 
+void OpenWindow::applyLook()
+{
+    const auto& settings = gui.getRegistrySettings();
+    constexpr int LAST_SKIN = static_cast<int>(GdiManager::SKINS.size()) - 1;
+    const int skin = std::clamp(settings.get<Backend::Settings::SKIN>(), 0, LAST_SKIN);
+    const QSize natural = main->getNaturalSize();
+    const int percent =
+        parent.fitScale(settings.get<Backend::Settings::WINDOW_SCALE>(), natural.width(), natural.height());
+    const double scale = percent / 100.0;
+    if (skin == shownSkin && scale == gdi.getScale()) return;
+    const bool isOtherScale = scale != gdi.getScale();
+    shownSkin = skin;
+    gdi.setPalette(GdiManager::SKINS[static_cast<std::size_t>(skin)].palette);
+    gdi.setScale(scale);
+    skinner.refresh(*main);
+    if (isOtherScale) main->rescale();
+}
+
 /// The host resizes its frame; with docking the bottom edge stays where it is.
-void OpenWindow::sizeChanged(QSize before, QSize now) const
+void OpenWindow::sizeChanged(QSize before, QSize now)
 {
     parent.windowResized(now.width(), now.height());
+    if (main && before.width() != now.width()) applyLook();  // another scale may fit
     if (placed && gui.getRegistrySettings().getDockToBottomEdge() && before.height() != now.height())
         parent.moveWindow(UNCHANGED, by(before.height() - now.height()));
 }

@@ -34,6 +34,8 @@ struct OpenWindow {
 
     /// Makes the main window. Its screens use the other members through `OrvGuiIF`, so this follows the constructor.
     void makeMainWindow();
+    /// Applies the skin and the scale of the settings; the scale only as far as the host has room for it.
+    void applyLook();
     /// Shows the window in its parent, at the position where it was last closed, if that is on a screen of the desktop.
     void show();
 
@@ -59,9 +61,10 @@ struct OpenWindow {
     std::unique_ptr<MainWindow> main;
 
 private:
-    void sizeChanged(QSize before, QSize now) const;
+    void sizeChanged(QSize before, QSize now);
     void restorePosition() const;
 
+    int shownSkin = 0;
     bool placed = false;                 // the bottom edge has a position to be kept
     QPointer<Setup::SetupDialog> setup;  // while it is open; a child of the main window
 };

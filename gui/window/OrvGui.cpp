@@ -9,12 +9,14 @@
 #include "api/OrvMessageManager.h"
 #include "api/ParentWindow.h"
 #include "backend/bindings/functions/HelpTexts.h"
+#include "backend/messages/SettingMessages.h"
 #include "backend/model/WindowMove.h"
 #include "gui/framework/Properties.h"
 #include "gui/screens/computerinput/ComputerInputPanel.h"
 #include "gui/screens/computerinput/ComputerKeyboardCtl.h"
 #include "gui/screens/help/HelpPanel.h"
 #include "gui/screens/output/OutputPanel.h"
+#include "gui/screens/system/StagePanel.h"
 #include "gui/screens/system/SystemPanel.h"
 #include "gui/window/OpenWindow.h"
 #include "gui/window/OrvGuiFactory.h"
@@ -44,6 +46,7 @@ bool OrvGui::create(ParentWindow& parentWindow)
     open = std::make_unique<OpenWindow>(*this, parentWindow);
     open->makeMainWindow();
     open->main->setScreenState(shown.screens);
+    open->applyLook();
     open->show();
     setFocus();
     globalKeyboard.open(getWindowHandle(), shown.settings.getGlobalKeyboard());
@@ -87,9 +90,31 @@ void OrvGui::toggleScreen(Screen screen) { showScreen(screen, !isScreenShowing(s
 
 bool OrvGui::isScreenShowing(Screen screen) const { return open && open->main->isShowing(screen); }
 
+void OrvGui::setCompact(bool on)
+{
+    if (open) open->main->setCompact(on);
+}
+
+bool OrvGui::isCompact() const { return open && open->main->isCompact(); }
+
+void OrvGui::setScale(int percent)
+{
+    using Setting = Settings::Number;
+    constexpr const Setting& row = Settings::WINDOW_SCALE;
+    const int wanted = std::clamp(percent, row.lowest, row.highest);
+    shown.settings.set<Settings::WINDOW_SCALE>(wanted);
+    refit();
+    getOrvMessageManager().postSetting(SETTING<Settings::WINDOW_SCALE>(wanted));
+}
+
+void OrvGui::refit()
+{
+    if (open) open->applyLook();
+}
+
 void OrvGui::setFocus() { open->main->setPlayingFocus(); }
 
-void OrvGui::showProgramMenu() { open->main->getSystemPanel().showProgramMenu(); }
+void OrvGui::showProgramMenu() { open->main->getStagePanel().showProgramList(); }
 
 void OrvGui::showDefaultMidiOutputMenu() { open->main->getSystemPanel().showDefaultMidiOutputMenu(); }
 
@@ -128,6 +153,12 @@ void OrvGui::displayHelp(const QWidget& control)
 void OrvGui::displayHelp(const std::string& text)
 {
     if (open && open->main && !text.empty()) open->main->getHelpPanel().showText(text);
+}
+
+void OrvGui::displayMessage(const std::string& text)
+{
+    if (open) open->main->getStagePanel().showMessage(QString::fromStdString(text).replace('\n', ' '));
+    displayHelp(text);
 }
 
 void OrvGui::displayHelp(int helpId) { displayHelp(helpText(helpId)); }

@@ -110,6 +110,13 @@ public:
     WindowsLib::Rect getMainWindowPosition() const override;
     bool isVstPlugin() const override { return shown.isVstPlugin; }
     void handleSequencePresetsChanged(bool done) override;
+    void displayMessage(const std::string& text) override;
+    void showHostStatus(const HostStatus& status) override;
+    void handleKeyTarget(KeyTarget target) override;
+    void setScale(int percent) override;
+    void refit() override;
+    void setCompact(bool on) override;
+    bool isCompact() const override;
 
 private:
     template <class Value>

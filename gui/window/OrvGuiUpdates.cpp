@@ -6,6 +6,7 @@
 #include "gui/framework/Question.h"
 #include "gui/screens/display/DisplayPanel.h"
 #include "gui/screens/output/OutputPanel.h"
+#include "gui/screens/system/StagePanel.h"
 #include "gui/screens/system/SystemPanel.h"
 #include "gui/window/OpenWindow.h"
 #include "gui/window/OrvGui.h"
@@ -37,6 +38,7 @@ void OrvGui::handleSettingsChanged(const RegistrySettings& settings)
     handleDefaultMidiOutputChanged(settings.getDefaultMidiOutput());
     handleRetroRecordEnabledChanged(settings.isRetroRecordEnabled());
     open->main->getDisplayPanel().handleSettingsChanged(settings);
+    open->applyLook();
     open->refreshSetup();
 }
 
@@ -164,8 +166,20 @@ void OrvGui::handleMidiOutputPortsChanged(const MidiOutputPorts& ports)
 
 void OrvGui::handleResetOrv() { clearMusicKeyboardHilight(); }
 
+void OrvGui::showHostStatus(const HostStatus& status)
+{
+    if (open) open->main->getStagePanel().handleHostStatus(status);
+}
+
+/// Also while the window is being closed.
+void OrvGui::handleKeyTarget(KeyTarget target)
+{
+    if (open) open->parent.keysPlayChanged(target == KeyTarget::music);
+}
+
 void OrvGui::displayMidiOutputEvent(const OrvMidiMessage& event)
 {
+    open->main->getStagePanel().displayMidiOutputEvent();
     open->main->getOutputPanel().displayMidiOutputEvent(event);
 }
 }  // namespace Gui

@@ -39,6 +39,11 @@ std::string AlsaSystem::description() const
            (soundCard ? ", sound output of the system" : ", no sound output");
 }
 
+std::string AlsaSystem::trouble() const
+{
+    return soundCard ? "" : "no JACK server is running, and the system has no sound output";
+}
+
 void AlsaSystem::addSynthesizer()
 {
     if (ports.outputs().size() == 0) ports.addOutput(SYNTHESIZER_NAME);

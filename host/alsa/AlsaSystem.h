@@ -26,6 +26,7 @@ public:
 
     std::string name() const override { return devices->isAvailable() ? "ALSA" : "none"; }
     std::string description() const override;
+    std::string trouble() const override;
     void listen(InputReceiver& newReceiver) override;
     void stopListening() override;
     void startClock(Clock& songClock) override;

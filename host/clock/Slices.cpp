@@ -25,6 +25,7 @@ void Slices::playTo(std::int32_t endPpq)
         load->add(std::chrono::steady_clock::now() - start);
     }
     next = endPpq;
+    present.store(endPpq, std::memory_order_relaxed);
     played.fetch_add(1, std::memory_order_release);
 }
 }  // namespace Host

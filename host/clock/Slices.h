@@ -42,6 +42,9 @@ public:
     /// Plays the next `pulses` pulses, 0 to `LONGEST`.
     void play(int pulses);
 
+    /// The pulse after the last slice. Any thread.
+    std::int32_t getPulse() const { return present.load(std::memory_order_relaxed); }
+
     /// How many slices have been played. Any thread.
     std::uint64_t count() const { return played.load(std::memory_order_acquire); }
 
@@ -54,5 +57,6 @@ private:
     SliceLoad* load = nullptr;
     std::int32_t next = FIRST_PULSE;
     std::atomic<std::uint64_t> played{0};
+    std::atomic<std::int32_t> present{-1};
 };
 }  // namespace Host

@@ -29,6 +29,9 @@ public:
     /// The same in a few words, with xruns: "JACK 48000 Hz, 256 frames, 3 xruns".
     virtual std::string status() const { return name(); }
 
+    /// Why the built-in synthesizer is silent, or the devices are gone, as a clause; empty if nothing is wrong.
+    virtual std::string trouble() const { return {}; }
+
     /// Whether the thread that plays the slices has real-time priority.
     virtual RealTimeAnswer clockPriority() const { return realTimeAnswer(RealTimeStep::clock); }
 

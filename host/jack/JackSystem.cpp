@@ -49,6 +49,12 @@ std::string JackSystem::status() const
            " xruns";
 }
 
+std::string JackSystem::trouble() const
+{
+    if (!client) return "the JACK server is gone";
+    return hangs ? "the JACK server hangs" : "";
+}
+
 RealTimeAnswer JackSystem::clockPriority() const
 {
     if (!client) return MidiSystem::clockPriority();

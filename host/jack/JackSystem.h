@@ -27,6 +27,7 @@ public:
     std::string name() const override { return "JACK"; }
     std::string description() const override;
     std::string status() const override;
+    std::string trouble() const override;
     RealTimeAnswer clockPriority() const override;
     void listen(InputReceiver& receiver) override;
     void stopListening() override;

@@ -190,6 +190,14 @@ Status LivePlay::status()
     return status;
 }
 
+Gui::HostStatus LivePlay::windowStatus()
+{
+    return {.system = system.status(),
+            .trouble = system.trouble(),
+            .activeInputs = arrivals.takeActive(),
+            .pulse = slices.getPulse()};
+}
+
 std::string LivePlay::describeRealTime() const
 {
     const RealTimeAnswer clockAnswer =

@@ -6,6 +6,7 @@
 #include <memory>
 #include <string>
 
+#include "api/HostStatus.h"
 #include "api/OrvIF.h"
 #include "host/clock/Clock.h"
 #include "host/clock/ClockPorts.h"
@@ -55,6 +56,9 @@ public:
 
     /// The state now, with the load since the last call.
     Status status();
+
+    /// For the status line of a window. Control thread.
+    Gui::HostStatus windowStatus();
 
     /// The load since the start.
     SliceLoad::Summary wholeLoad() const { return SliceLoad::summarise({}, load.counts()); }

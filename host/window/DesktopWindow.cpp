@@ -13,6 +13,9 @@ DesktopWindow::DesktopWindow(Backend::OrvIF& orv, std::function<void()> closeReq
 {
     if (!gui) throw std::bad_alloc();
     gui->initialize();
+    frame.onScale = [this](int percent) { gui->setScale(percent); };
+    frame.onRefit = [this] { gui->refit(); };
+    frame.onToggleCompact = [this] { gui->setCompact(!gui->isCompact()); };
     gui->create(frame);
     frame.show();
     frame.raiseAboveAll();

@@ -34,6 +34,6 @@ void HelpLine::showWaiting()
         const MutexLock guard(lock);
         lines = std::exchange(waiting, {});
     }
-    if (!lines.empty()) gui->displayHelp(lines);
+    if (!lines.empty()) gui->displayMessage(lines);
 }
 }  // namespace Host

@@ -11,8 +11,8 @@ class OrvGuiIF;
 
 namespace Host
 {
-/// Shows lines to the user in the help text of the window, because a program that a desktop started has no visible
-/// standard error. Lines that arrive before the window is open are shown together when it is.
+/// Shows lines to the user in the status line and the help text of the window, because a program that a desktop started
+/// has no visible standard error. Lines that arrive before the window is open are shown together when it is.
 class HelpLine
 {
 public:

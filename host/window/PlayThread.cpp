@@ -14,6 +14,7 @@ namespace
 {
 constexpr auto LONGEST_WAIT_FOR_THE_WINDOW = 2s;
 constexpr int FAILED = 1;
+constexpr auto STATUS_INTERVAL = std::chrono::milliseconds(100);
 
 std::atomic<PlayThread*> present{nullptr};
 
@@ -60,13 +61,31 @@ void PlayThread::play()
     LiveHost host(options, signals, event, report);
     host.start();
     playing.set_value(&host);
-    host.playUntil([this] { return isEnding(); });
+    host.playUntil([this, &host] {
+        reportStatus(host);
+        return isEnding();
+    });
     if (!isWindowClosed.load()) {
         closeWindow();
         windowClosed.waitFor(LONGEST_WAIT_FOR_THE_WINDOW);
     }
     host.end();
     if (!isWindowClosed.load()) exitWithoutWindow();
+}
+
+void PlayThread::setStatusReceiver(std::function<void(const Gui::HostStatus& status)> receiver)
+{
+    const MutexLock guard(lock);
+    statusReceiver = std::move(receiver);
+}
+
+void PlayThread::reportStatus(LiveHost& host)
+{
+    const auto now = std::chrono::steady_clock::now();
+    if (now - lastStatus < STATUS_INTERVAL) return;
+    lastStatus = now;
+    const MutexLock guard(lock);
+    if (statusReceiver) statusReceiver(host.getPlay().windowStatus());
 }
 
 /// The window may still use any object, so none is destroyed before the process ends.

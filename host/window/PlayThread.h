@@ -1,12 +1,15 @@
 #pragma once
 
 #include <atomic>
+#include <chrono>
 #include <functional>
 #include <future>
 
+#include "api/HostStatus.h"
 #include "host/run/LiveHost.h"
 #include "host/run/ProcessSignals.h"
 #include "platform/Event.h"
+#include "platform/Mutex.h"
 #include "platform/Thread.h"
 
 namespace Host
@@ -25,6 +28,9 @@ public:
 
     PlayThread(const PlayThread&) = delete;
     PlayThread& operator=(const PlayThread&) = delete;
+
+    /// Gets the status of playing ten times a second, on the control thread, until `end`. Null for none.
+    void setStatusReceiver(std::function<void(const Gui::HostStatus& status)> receiver) EXCLUDES(lock);
 
     /// Waits until it plays. Throws what `LiveHost::start` throws.
     LiveHost& waitUntilPlaying() { return *playing.get_future().get(); }
@@ -46,6 +52,11 @@ private:
     const std::function<void()> closeWindow;
     Event event;
     ProcessSignals signals{event};
+    void reportStatus(LiveHost& host) EXCLUDES(lock);
+
+    Mutex lock;
+    std::function<void(const Gui::HostStatus& status)> statusReceiver GUARDED_BY(lock);
+    std::chrono::steady_clock::time_point lastStatus;
     std::promise<LiveHost*> playing;
     std::atomic<bool> isWindowClosed{false};
     Event windowClosed;

@@ -109,11 +109,16 @@ void playWithWindow(PlayThread& play, SingleInstance* instance, HelpLine& helpLi
     LiveHost& host = play.waitUntilPlaying();
     DesktopWindow window(host.getPlay().getOrv(), &leaveEventLoop);
     helpLine.attach(window.getGui());
+    play.setStatusReceiver([&window](const Gui::HostStatus& status) {
+        QMetaObject::invokeMethod(
+            &window.getFrame(), [&window, status] { window.getGui().showHostStatus(status); }, Qt::QueuedConnection);
+    });
     if (options.display) window.getGui().showScreen(Backend::Screen::display, true);
     if (instance != nullptr) acceptOtherStarts(*instance, play, host, window.getFrame());
     standardOutput().write(host.describe() + "Closing the window, or Ctrl+C, ends every note and the program.\n");
     QApplication::exec();
     if (instance != nullptr) instance->stopListening();
+    play.setStatusReceiver(nullptr);
     helpLine.detach();
 }
 }  // namespace

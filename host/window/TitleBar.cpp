@@ -8,6 +8,7 @@
 #include <QWindow>
 
 #include "host/window/Colours.h"
+#include "host/window/Frame.h"
 
 namespace Host
 {
@@ -22,6 +23,21 @@ QPainterPath minimiseSign(const QRectF& square)
 {
     QPainterPath path(square.bottomLeft());
     path.lineTo(square.bottomRight());
+    return path;
+}
+
+QPainterPath maximiseSign(const QRectF& square)
+{
+    QPainterPath path;
+    path.addRect(square);
+    return path;
+}
+
+/// A small window.
+QPainterPath compactSign(const QRectF& square)
+{
+    QPainterPath path;
+    path.addRect(square.left(), square.center().y(), square.width(), square.height() / 2);
     return path;
 }
 
@@ -63,19 +79,45 @@ private:
 };
 }  // namespace
 
-TitleBar::TitleBar(QWidget* frame)
-    : QWidget(frame),
+TitleBar::TitleBar(Frame& window)
+    : QWidget(&window),
+      frame(window),
+      compact(new SignButton(this, &compactSign, tr("Small window"))),
       minimise(new SignButton(this, &minimiseSign, tr("Minimise"))),
+      maximise(new SignButton(this, &maximiseSign, tr("Maximise"))),
       close(new SignButton(this, &closeSign, tr("Close")))
 {
-    connect(minimise, &QAbstractButton::clicked, frame, &QWidget::showMinimized);
-    connect(close, &QAbstractButton::clicked, frame, &QWidget::close);
+    connect(compact, &QAbstractButton::clicked, this, [this] {
+        if (frame.onToggleCompact) frame.onToggleCompact();
+    });
+    connect(minimise, &QAbstractButton::clicked, &frame, &QWidget::showMinimized);
+    connect(maximise, &QAbstractButton::clicked, &frame, &Frame::toggleMaximised);
+    connect(close, &QAbstractButton::clicked, &frame, &QWidget::close);
 }
 
+std::vector<QAbstractButton*> TitleBar::getButtons() const { return {close, maximise, minimise, compact}; }
+
+void TitleBar::showMaximised(bool on)
+{
+    maximise->setAccessibleName(on ? tr("Restore") : tr("Maximise"));
+    maximise->setToolTip(maximise->accessibleName());
+}
+
+void TitleBar::showKeysPlay(bool on)
+{
+    keysPlay = on;
+    update();
+}
+
+/// From the right; those without room are left out.
 void TitleBar::resizeEvent(QResizeEvent*)
 {
-    close->setGeometry(width() - BUTTON, 0, BUTTON, HEIGHT);
-    minimise->setGeometry(width() - 2 * BUTTON, 0, BUTTON, HEIGHT);
+    int left = width();
+    for (QAbstractButton* button : getButtons()) {
+        left -= BUTTON;
+        button->setGeometry(left, 0, BUTTON, HEIGHT);
+        button->setVisible(left >= 0);
+    }
 }
 
 void TitleBar::paintEvent(QPaintEvent*)
@@ -85,8 +127,8 @@ void TitleBar::paintEvent(QPaintEvent*)
     const QRect sign(MARGIN, (HEIGHT - SIGN) / 2, SIGN, SIGN);
     window()->windowIcon().paint(&painter, sign);
     const int left = sign.right() + MARGIN;
-    const QRect room(left, 0, minimise->x() - left, HEIGHT);
-    painter.setPen(Colours::BRIGHT);
+    const QRect room(left, 0, compact->x() - left, HEIGHT);
+    painter.setPen(keysPlay ? Colours::BRIGHT : Colours::LINE);
     painter.drawText(room, Qt::AlignVCenter | Qt::AlignLeft,
                      fontMetrics().elidedText(window()->windowTitle(), Qt::ElideRight, room.width()));
 }
@@ -97,6 +139,8 @@ void TitleBar::mousePressEvent(QMouseEvent* event)
     grip = event->globalPosition().toPoint() - window()->pos();
     window()->windowHandle()->startSystemMove();
 }
+
+void TitleBar::mouseDoubleClickEvent(QMouseEvent*) { frame.toggleMaximised(); }
 
 /// Moves the window where the desktop does not.
 void TitleBar::mouseMoveEvent(QMouseEvent* event)

@@ -32,9 +32,8 @@ PROGRAM = """<ProgramFile><Program name="Test">
 class Display(Program):
     """An X server without a screen."""
 
-    def __init__(self, test):
-        super().__init__(test, "Xvfb", "-displayfd", "1", "-screen", "0", "1280x1024x24", "-nolisten", "tcp",
-                         "-noreset")
+    def __init__(self, test, size):
+        super().__init__(test, "Xvfb", "-displayfd", "1", "-screen", "0", size + "x24", "-nolisten", "tcp", "-noreset")
         self.await_start("\n")
         if self.process.poll() is not None:
             test.skipTest("this machine gives no display: " + self.complained)
@@ -74,10 +73,13 @@ class Window(live.Graph):
                 self.skipTest(tool + " is not installed")
         self.environment["XDG_RUNTIME_DIR"] = self.folder + "/runtime"
         os.mkdir(self.folder + "/runtime", 0o700)
-        self.display = Display(self)
-        self.environment["DISPLAY"] = self.display.name
+        self.show("1280x1024")
         self.serve()
         self.monitor = Monitor(self)
+
+    def show(self, size):
+        self.display = Display(self, size)
+        self.environment["DISPLAY"] = self.display.name
 
     def program(self, name, channel=0):
         return self.write(name, PROGRAM.format(channel=channel))
@@ -241,6 +243,30 @@ class Window(live.Graph):
         until(lambda: self.place() == place, f"the window as it was, {place}, not {self.place()}")
         self.assertEqual(orvane.end(), 0)
         self.assertEqual(self.settings(), shown)
+
+    def test_a_small_display_shows_all_of_it_and_keys_play_after_a_list(self):
+        self.show("1024x600")
+        orvane = self.open_playing(self.program("keys.prg"))
+        self.await_keys()
+        self.play("orvane:Orvane In", "0:b01401")  # the display shows
+        for scale in ("100", "200"):
+            until(lambda: self.place()[3] == 600, f"a window as high as the display at {scale} %, {self.place()}")
+            left, top, width, _ = self.place()
+            self.assertTrue(left >= 0 and top >= 0 and left + width <= 1024, f"{scale} %: {self.place()}")
+            if scale == "100":
+                self.close(orvane)
+                (path,) = glob.glob(self.folder + "/config/**/3.2", recursive=True)
+                with open(path, "a") as file:
+                    file.write("WindowScale=number:200\n")
+                orvane = self.open_playing(self.program("keys.prg"))
+                self.await_focus()
+        left, top, width, _ = self.place()
+        self.tool("xdotool", "mousemove", str(left + width // 4), str(top + 60), "click", "1")  # the program's name
+        self.tool("xdotool", "key", "--delay", "100", "Return")
+        self.await_keys()
+        self.key("key", Q)
+        until(lambda: "90 3c 64" in self.monitor.received, "a note after the list")
+        self.assertEqual(orvane.end(), 0, orvane.complained)
 
     def test_a_second_start_offers_the_window_of_the_first(self):
         first = self.open_playing(self.program("one.prg", 0))

@@ -29,7 +29,8 @@ TEST_F(ControlNames, OfTheSystemPanelHaveHelpAndRoomForTheirTexts)
         const auto* accessible = QAccessible::queryAccessibleInterface(candidate);
         EXPECT_FALSE(accessible->text(QAccessible::Name).isEmpty()) << candidate->metaObject()->className();
     }
-    EXPECT_EQ(unhelpfulOrCutOff(*control("Tempo").parentWidget()), "");
+    for (const char* part : {"Tempo", "Files", "Computer keyboard", "Music keyboard"})
+        EXPECT_EQ(unhelpfulOrCutOff(*control(part).parentWidget()), "") << part;
 }
 
 TEST_F(ControlNames, OfTheSetupHaveHelpAndRoomForTheirTexts)
@@ -49,4 +50,28 @@ TEST_F(ControlNames, OfTheSetupHaveHelpAndRoomForTheirTexts)
         }
     }
     EXPECT_LE(titles.sizeHintForColumn(0), titles.viewport()->width());
+}
+
+TEST_F(ControlNames, AreWalkedByTabAloneAlsoWhereTheColumnIsScrolled)
+{
+    gui->showScreen(Backend::Screen::display, true);
+    surroundings.resize(surroundings.width(), 300);
+    settle();
+    std::vector<QWidget*> missing;
+    for (auto* control : surroundings.findChildren<QWidget*>())
+        if ((control->focusPolicy() & Qt::TabFocus) != 0 && control->isVisible() && control->isEnabled())
+            missing.push_back(control);
+    EXPECT_GT(missing.size(), 25u);
+    QTest::keyClick(&focus(), Qt::Key_Tab, Qt::ControlModifier);
+    for (std::size_t tabs = 0; tabs < 100 && !missing.empty(); ++tabs) {
+        QWidget& here = focus();
+        std::erase(missing, &here);
+        EXPECT_FALSE(QAccessible::queryAccessibleInterface(&here)->text(QAccessible::Name).isEmpty())
+            << here.metaObject()->className();
+        EXPECT_FALSE(here.visibleRegion().isEmpty()) << here.accessibleName().toStdString() << " is scrolled away";
+        QTest::keyClick(&here, Qt::Key_Tab);
+    }
+    for (const auto* control : missing) ADD_FAILURE() << control->accessibleName().toStdString() << " is not reached";
+    QTest::keyClick(&focus(), Qt::Key_Escape);
+    EXPECT_TRUE(isPlaying());
 }

@@ -108,7 +108,7 @@ struct DialogHands : OpenWindow, testing::Test {
     }
     void openFileMenu(const QString& item)
     {
-        click("More about files");
+        click("Files");
         choose(item);
     }
 

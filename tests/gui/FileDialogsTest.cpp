@@ -14,12 +14,12 @@ struct FileDialogs : DialogHands {
     // They return what the message box said that followed.
     std::string load(const char* file)
     {
-        click("Load");
+        openFileMenu("Load...");
         return chooseFile("Load", path(file));
     }
     std::string save(const QString& target = {}, const QString& name = {}, Answer reply = Answer::No)
     {
-        click("Save");
+        openFileMenu("Save...");
         if (!name.isEmpty()) lineIn("Save").setText(name);
         if (!target.isEmpty()) buttonIn<QRadioButton>(dialog("Save"), target).setChecked(true);
         return pressIn("Save", "Save", reply);
@@ -55,7 +55,7 @@ TEST_F(FileDialogs, LoadABankOrAProgramAndSayWhereThereIsNone)
 TEST_F(FileDialogs, StartInTheFolderOfTheBanks)
 {
     const std::string banks = OrvUtils::pathIn(OrvUtils::getOrvAppDataDir(), "Banks");
-    click("Load");
+    openFileMenu("Load...");
     const auto& dialogOfLoad = static_cast<QFileDialog&>(dialog("Load"));
     EXPECT_EQ(dialogOfLoad.directory().path().toStdString(), banks);
     EXPECT_EQ(dialogOfLoad.nameFilters().mid(0, 2).join(" "), "Bank Files (*.bnk) Program Files (*.prg)");
@@ -186,8 +186,8 @@ TEST_F(FileDialogs, MakeTheBankTheOneForTheStart)
               "Default Bank: \"Three.bnk\" will be loaded at every start, and now: what was not "
               "saved is lost. Continue?");
     EXPECT_EQ(settings().getDefaultBank(), path("Three.bnk"));
-    click("More about files");
-    EXPECT_EQ(menu(), "Change Bank Size..., -Set As Default Bank..., Import Version 2 File...");
+    click("Files");
+    EXPECT_EQ(menu(), "Load..., Save..., Change Bank Size..., -Set As Default Bank..., Import Version 2 File...");
 }
 
 TEST_F(FileDialogs, ImportFilesOfVersion2)

@@ -1,3 +1,6 @@
+#include <cmath>
+
+#include "gui/framework/Look.h"
 #include "tests/gui/GuiStage.h"
 
 using Gui::GdiManager;
@@ -41,4 +44,34 @@ TEST(GdiManager, DrawsAKnobOnceForEachLookAndLeavesItsLastRowAndColumnToTheBackg
     const WindowsLib::Bitmap bitmap(fine);
     EXPECT_EQ(bitmap.getWidth(), 11);
     EXPECT_EQ(bitmap.getHeight(), 11);
+}
+
+TEST(GdiManager, HaveSkinsThatCanBeRead)
+{
+    const auto luminance = [](const QColor& colour) {
+        const auto linear = [](double part) {
+            return part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+        };
+        return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) + 0.0722 * linear(colour.blueF());
+    };
+    const auto contrast = [&](const QColor& one, const QColor& other) {
+        const auto [darker, lighter] = std::minmax(luminance(one), luminance(other));
+        return (lighter + 0.05) / (darker + 0.05);
+    };
+    using enum GdiManager::Role;
+    for (const auto& skin : GdiManager::SKINS) {
+        const GdiManager manager(skin.palette);
+        const auto colour = [&](GdiManager::Role role) { return manager.getColour(role); };
+        for (const auto ink : {text, label, frame, selectedButton, unselectedButton})
+            EXPECT_GE(contrast(colour(ink), colour(background)), 4.5) << skin.name;
+        EXPECT_GE(contrast(colour(text), colour(selectedCell)), 4.5) << skin.name;
+        EXPECT_GE(contrast(colour(label), colour(selectedCell)), 4.5) << skin.name;
+        EXPECT_GE(contrast(colour(labelDisabled), colour(background)), 3) << skin.name;
+        EXPECT_GE(contrast(colour(disabledButton), colour(background)), 3) << skin.name;
+        EXPECT_GE(contrast(Qt::black, colour(disabledButton)), 3) << skin.name;
+        for (const auto fill : {selectedButton, unselectedButton, frame})
+            EXPECT_GE(contrast(Qt::black, colour(fill)), 4.5) << skin.name << ": as of RESET";
+        for (const auto fill : {unusedButton, greenPen, text})
+            EXPECT_GE(contrast(Gui::Look::inkOn(colour(fill)), colour(fill)), 4.5) << skin.name;
+    }
 }

@@ -11,13 +11,17 @@ struct HelpPanel : OpenWindow, testing::Test {
     bool fits() { return area().document()->size().height() + 1 <= 4; }
     void pointAt(QWidget& widget)
     {
-        QTest::mouseMove(surroundings.windowHandle(), widget.mapTo(&surroundings, widget.rect().center()));
+        const QPointF middle = widget.rect().center();
+        QEnterEvent event(middle, middle, widget.mapToGlobal(middle));
+        QApplication::sendEvent(&widget, &event);
         settle();
     }
 };
 
 TEST_F(HelpPanel, BeginsWithWhatANewUserNeedsAndSaysWhatIsPointedAtOrHasTheFocus)
 {
+    QCursor::setPos(790, 790);  // beside the window
+    reopen();
     for (const char* word : {"Q", "Z", "Ctrl+Tab", "Escape"}) EXPECT_NE(help().find(word), std::string::npos) << word;
     EXPECT_TRUE(area().isReadOnly() && fits());
     const char* reset = "Reset (panic): ends every note on all channels of all outputs.";

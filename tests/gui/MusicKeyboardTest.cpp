@@ -15,11 +15,13 @@ static OrvMidiMessage sent(TestEvent event)
     return event;
 }
 
+static const KeyOutlines KEYS;
+
 /// A point of the key that no other key covers, near its front.
 static QPoint frontOf(int note)
 {
     constexpr int ABOVE_THE_FRONT = 5;
-    const QRect key = KeyOutlines::keyRectangle(note);
+    const QRect key = KEYS.keyRectangle(note);
     return {key.center().x(), key.bottom() - ABOVE_THE_FRONT};
 }
 /// The output screen, its keyboard and the mouse on it.
@@ -51,30 +53,31 @@ struct MusicKeyboard : WindowStage, testing::Test {
     MusicKeyboardCtl* keyboard;
 };
 
-TEST(KeyOutlines, GiveEveryKeyAPlaceOfItsOwn)
+TEST(KeyOutlines, GiveEveryKeyAPlaceOfItsOwnAtEveryScale)
 {
-    for (int note = 0; note < KeyOutlines::NOTES; ++note) EXPECT_EQ(KeyOutlines::noteAt(frontOf(note)), note);
-    for (int note = 1; note < KeyOutlines::NOTES; ++note) {
-        EXPECT_GT(KeyOutlines::leftEdge(note), KeyOutlines::leftEdge(note - 1)) << note;
-        EXPECT_GT(KeyOutlines::rightEdge(note), KeyOutlines::rightEdge(note - 1)) << note;
+    for (int note = 0; note < KeyOutlines::NOTES; ++note) EXPECT_EQ(KEYS.noteAt(frontOf(note)), note);
+    for (const double scale : {0.75, 1.0, 1.25, 1.5, 1.75, 4.0}) {
+        const KeyOutlines keys(scale);
+        for (int note = 1; note < KeyOutlines::NOTES; ++note) {
+            EXPECT_GT(keys.leftEdge(note), keys.leftEdge(note - 1)) << note;
+            EXPECT_GT(keys.rightEdge(note), keys.rightEdge(note - 1)) << note;
+        }
+        EXPECT_EQ(keys.leftEdge(-3), qRound(5 * scale));
+        EXPECT_NEAR(keys.rightEdge(200), 955 * scale, 1);
     }
-    EXPECT_EQ(KeyOutlines::leftEdge(0), 5);
-    EXPECT_EQ(KeyOutlines::rightEdge(127), 755) << "75 white keys of 10";
-    EXPECT_EQ(KeyOutlines::leftEdge(-3), 5);
-    EXPECT_EQ(KeyOutlines::rightEdge(200), 755);
 }
 
 TEST(KeyOutlines, AgreeWithTheKeyThatIsHit)
 {
-    for (int y = -1; y <= KeyOutlines::WHITE_HEIGHT; ++y) {
-        for (int x = 0; x < KeyOutlines::WIDTH; ++x) {
+    for (int y = -1; y <= KEYS.getWhiteHeight(); ++y) {
+        for (int x = 0; x < KEYS.getWidth(); ++x) {
             std::vector<int> outlined;
             for (int note = 0; note < KeyOutlines::NOTES; ++note)
-                if (x >= KeyOutlines::leftEdge(note) - 1 && x <= KeyOutlines::rightEdge(note) + 1 &&
-                    KeyOutlines::keyOutline(note).contains(QPointF(x + 0.5, y + 0.5)))
+                if (x >= KEYS.leftEdge(note) - 1 && x <= KEYS.rightEdge(note) + 1 &&
+                    KEYS.keyOutline(note).contains(QPointF(x + 0.5, y + 0.5)))
                     outlined.push_back(note);
             ASSERT_LE(outlined.size(), 1u) << x << " " << y << ": outlines overlap";
-            ASSERT_EQ(KeyOutlines::noteAt({x, y}), outlined.empty() ? -1 : outlined[0]) << x << " " << y;
+            ASSERT_EQ(KEYS.noteAt({x, y}), outlined.empty() ? -1 : outlined[0]) << x << " " << y;
         }
     }
 }
@@ -122,6 +125,15 @@ TEST_F(MusicKeyboard, LightsWhatIsPlayed)
     commands().postResetOrv();
     EXPECT_TRUE(shows(""));
 
+    auto ports = gui->getMidiOutputPorts();
+    ports[1].couldNotOpen = true;
+    keyboard->handleMidiOutputPortsChanged(ports);
+    keyboard->displayMidiOutputEvent(sent(noteOn(74).output(1)));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return keyboard->isHollow(74); })) << "it is played, but nothing sounds";
+    EXPECT_FALSE(keyboard->isLit(74));
+    keyboard->displayMidiOutputEvent(sent(noteOff(74).output(1)));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !keyboard->isHollow(74); }));
+
     keyboard->displayMidiOutputEvent(sent(noteOn(72)));
     keyboard->displayMidiOutputEvent(sent(noteOff(72)));
     EXPECT_TRUE(QTest::qWaitFor([&] { return keyboard->isLit(72); })) << "though it was over at once";
@@ -147,7 +159,7 @@ TEST_F(MusicKeyboard, PlaysWhatTheMousePressesLouderNearerToTheFront)
     EXPECT_EQ(played(), "") << "a drag that began elsewhere";
 
     const auto velocityAt = [&](int note, int y) {
-        QTest::mouseClick(keyboard, Qt::LeftButton, {}, {KeyOutlines::keyRectangle(note).center().x(), y});
+        QTest::mouseClick(keyboard, Qt::LeftButton, {}, {KEYS.keyRectangle(note).center().x(), y});
         rest();
         playSlices();
         const int velocity = player.events.empty() ? -1 : player.events.front().getD2();
@@ -155,9 +167,9 @@ TEST_F(MusicKeyboard, PlaysWhatTheMousePressesLouderNearerToTheFront)
         return velocity;
     };
     EXPECT_EQ(velocityAt(61, 0), 1);
-    EXPECT_EQ(velocityAt(61, KeyOutlines::BLACK_HEIGHT - 1), 127);
-    EXPECT_EQ(velocityAt(60, KeyOutlines::WHITE_HEIGHT - 1), 127);
-    const int middle = velocityAt(61, KeyOutlines::BLACK_HEIGHT / 2);
+    EXPECT_EQ(velocityAt(61, KEYS.getBlackHeight() - 1), 127);
+    EXPECT_EQ(velocityAt(60, KEYS.getWhiteHeight() - 1), 127);
+    const int middle = velocityAt(61, KEYS.getBlackHeight() / 2);
     EXPECT_TRUE(middle > 80 && middle < 110) << middle;
 }
 

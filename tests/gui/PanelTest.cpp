@@ -1,5 +1,7 @@
 #include "gui/framework/Panel.h"
 
+#include "gui/framework/GdiManager.h"
+
 #include <gtest/gtest.h>
 
 using Gui::Panel;
@@ -8,7 +10,8 @@ struct Panels : testing::Test {
     struct Sized : Panel {
         Sized(Panel& parent, int width, int height) : Panel(&parent) { setPanelSize({width, height}); }
     };
-    Panel master;
+    Gui::GdiManager gdi;
+    Panel master{gdi};
     Sized first{master, 100, 20};
     Sized second{master, 120, 30};
     Sized third{master, 80, 40};
@@ -59,4 +62,8 @@ TEST_F(Panels, GrowWithAPanelInsideOnceThatIsShown)
     keyboard.setPanelSize({300, 60});
     EXPECT_EQ(layers.y(), 65);
     EXPECT_EQ(master.height(), 120);
+    gdi.setScale(1.25);
+    master.rescale();
+    EXPECT_EQ(layers.y(), 75 + 6);
+    EXPECT_EQ(master.size(), QSize(375, 75 + 6 + 50 + 6 + 13)) << "each length is rounded";
 }

@@ -30,7 +30,7 @@ TEST_F(Skins, CoverWhatIsMadeLaterToo)
 
 TEST_F(Skins, ColourALabelByItsMarksAndLeaveItItsFont)
 {
-    label.setFont(gdi.getFont(Gui::GdiManager::FontRole::large));
+    Property::setFont(label, Gui::GdiManager::FontRole::large);
     show(label);
     show(edit);
     Skinner::setText(label, true);

@@ -4,6 +4,9 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QMouseEvent>
+#include <QScreen>
+#include <vector>
 
 struct Frames : testing::Test {
     Frames() { frame.show(); }
@@ -36,6 +39,48 @@ TEST_F(Frames, AreAsLargeAsWhatTheyShowAndTheirBorder)
     frame.useSkinBorderChanged(true);
     EXPECT_EQ(frame.size(), withBorder + QSize(100, -100));
     EXPECT_TRUE(frame.isVisible());
+}
+
+TEST_F(Frames, AreScaledAndResizedByTheirEdgesAndNeverWiderThanTheDesktop)
+{
+    const QSize room = frame.screen()->availableGeometry().size();
+    std::vector<int> scales;
+    frame.onScale = [&](int percent) { scales.push_back(percent); };
+    EXPECT_EQ(frame.fitScale(150, 200, 100), 150);
+    frame.windowResized(300, 150);
+    EXPECT_LE(frame.fitScale(400, 1000, 500) * 1000, 100 * room.width()) << "what is beside it could not be reached";
+    EXPECT_EQ(frame.fitScale(150, 200, 100), 150);
+
+    const auto drag = [this](QPoint from, QPoint by) {
+        const auto send = [this](QEvent::Type type, QPoint place, QPoint global) {
+            const auto buttons = type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton;
+            QMouseEvent event(type, place, global, Qt::LeftButton, buttons, Qt::NoModifier);
+            QApplication::sendEvent(&frame, &event);
+        };
+        const QPoint global = frame.mapToGlobal(from);
+        send(QEvent::MouseButtonPress, from, global);
+        send(QEvent::MouseMove, from + by, global + by);
+        send(QEvent::MouseButtonRelease, from + by, global + by);
+    };
+    drag({frame.width() - 1, 50}, {100, 0});
+    EXPECT_EQ(scales, std::vector<int>{200});
+    const int height = frame.height();
+    drag({50, height - 1}, {0, -40});
+    EXPECT_EQ(frame.height(), height - 40);
+    frame.windowResized(300, 2 * room.height());
+    EXPECT_EQ(frame.height(), height - 40) << "the user chose it";
+    drag({50, frame.height() - 1}, {0, 2 * room.height()});
+    EXPECT_EQ(frame.height(), room.height());
+
+    frame.toggleMaximised();
+    EXPECT_EQ(frame.fitScale(150, 200, 10), std::min(400, 100 * (room.width() - 8) / 200)) << "the largest that fits";
+    EXPECT_EQ(frame.fitScale(150, 200, 5000), 100) << "and no smaller than that";
+    frame.toggleMaximised();
+    EXPECT_EQ(frame.fitScale(150, 200, 100), 150);
+    int toggled = 0;
+    frame.onToggleCompact = [&] { ++toggled; };
+    press("Small window");
+    EXPECT_EQ(toggled, 1);
 }
 
 TEST_F(Frames, MoveAsTheyAreAskedAndStayAlongABlankAxis)

@@ -19,12 +19,13 @@ using Backend::ComputerInput::KeyConfigurationMap;
 
 namespace
 {
-constexpr int WIDTH = 760;
+constexpr int WIDTH = 960;
+constexpr int HEIGHT = 34 + 238 + 8;
 constexpr int MARGIN = 8;
 constexpr int ROW = 22;
 constexpr QRect PRESET_LABEL(MARGIN, 4, 50, ROW);
 constexpr QRect PRESET_NAME(MARGIN + 50, 4, 400, ROW);
-constexpr QRect USE_MODIFIERS(530, 4, 222, ROW);
+constexpr QRect USE_MODIFIERS(730, 4, 222, ROW);
 constexpr int KEYBOARD_TOP = 34;
 }  // namespace
 
@@ -32,15 +33,21 @@ ComputerInputPanel::ComputerInputPanel(OrvGuiIF& owner, Panel* around)
     : Panel(around), gui(owner), messages(*this), keyboard(new ComputerKeyboardCtl(owner, keys, zones, this))
 {
     makeTopRow();
-    keyboard->move((WIDTH - keyboard->width()) / 2, KEYBOARD_TOP);
-    setPanelSize({WIDTH, KEYBOARD_TOP + keyboard->height() + MARGIN});
+    setPanelSize({WIDTH, HEIGHT});
+    scaleChanged();
     gui.getGuiMessageManagerMaster().addMessageManager(&messages);
+}
+
+void ComputerInputPanel::scaleChanged()
+{
+    keyboard->rescale();
+    keyboard->move((getGdi().px(WIDTH) - keyboard->width()) / 2, getGdi().px(KEYBOARD_TOP));
 }
 
 void ComputerInputPanel::makeTopRow()
 {
     auto* const label = new QLabel(tr("Preset:"), this);
-    label->setGeometry(PRESET_LABEL);
+    place(*label, PRESET_LABEL);
     auto& commands = gui.getOrvIF().getComputerInputMessageManager();
     presets = new Preset::PresetCtl(
         gui, tr("Preset of the keys"),
@@ -49,10 +56,10 @@ void ComputerInputPanel::makeTopRow()
          .rename = [&commands](const auto& name, const auto& newName) { commands.postRenamePreset(name, newName); },
          .remove = [&commands](const auto& name) { commands.postDeletePreset(name); }},
         this);
-    presets->setGeometry(PRESET_NAME);
+    place(*presets, PRESET_NAME);
 
     useModifiers = new QCheckBox(tr("Use modifiers on key up"), this);
-    useModifiers->setGeometry(USE_MODIFIERS);
+    place(*useModifiers, USE_MODIFIERS);
     useModifiers->setLayoutDirection(Qt::RightToLeft);  // the check box is at the right edge of the panel
     Property::setHelp(*useModifiers, tr("When off, shift / ctrl / alt / win modifier state is ignored for key up."));
     connect(useModifiers, &QCheckBox::clicked,

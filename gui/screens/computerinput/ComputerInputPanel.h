@@ -46,6 +46,9 @@ public:
     void handleZoneTranspose(Backend::Zones::ZoneId zone, int transpose);
     void handlePresetsChanged(const Backend::PresetList& list);
 
+protected:
+    void scaleChanged() override;
+
 private:
     void makeTopRow();
     void showKeys();

@@ -6,6 +6,7 @@
 
 #include "api/OrvGuiIF.h"
 #include "backend/values/Note.h"
+#include "gui/framework/Look.h"
 #include "gui/keyboard/KeyPresses.h"
 #include "gui/screens/computerinput/FunctionCaption.h"
 #include "gui/screens/computerinput/KeyboardPlan.h"
@@ -19,9 +20,9 @@ using Source = KeyPresses::Source;
 
 namespace
 {
-constexpr qreal UNIT_WIDTH = 33;
-constexpr qreal UNIT_HEIGHT = 32;
-constexpr qreal GAP = 2;
+constexpr double UNIT_WIDTH = 42;  // logical pixels
+constexpr double UNIT_HEIGHT = 38;
+constexpr double GAP = 3;
 
 const PlannedKey* findPlanned(int keyCode)
 {
@@ -49,7 +50,14 @@ ComputerKeyboardCtl::ComputerKeyboardCtl(OrvGuiIF& owner,
 {
     setAccessibleName(tr("Computer keyboard"));
     setMouseTracking(true);
-    setFixedSize(qRound(KeyboardPlan::WIDTH * UNIT_WIDTH), qRound(KeyboardPlan::HEIGHT * UNIT_HEIGHT));
+    rescale();
+}
+
+void ComputerKeyboardCtl::rescale()
+{
+    const GdiManager& gdi = gui.getGdiManager();
+    setFixedSize(gdi.px(KeyboardPlan::WIDTH * UNIT_WIDTH), gdi.px(KeyboardPlan::HEIGHT * UNIT_HEIGHT));
+    update();
 }
 
 // --- what is down
@@ -123,33 +131,47 @@ QString ComputerKeyboardCtl::getHelp(int keyCode) const
 
 ComputerKeyboardCtl::Look ComputerKeyboardCtl::lookOf(int keyCode) const
 {
-    if (down.contains(keyCode)) return {Role::selectedButton, Role::background, Role::background};
+    const GdiManager& gdi = gui.getGdiManager();
+    if (down.contains(keyCode)) return filled(Role::selectedButton);
     const KeyConfiguration* const configuration = findConfiguration(keyCode);
-    if (configuration == nullptr) return {Role::background, Role::unselectedButton, Role::label};
+    if (configuration == nullptr)
+        return {gdi.getColour(Role::background), gdi.getColour(Role::label), gdi.getColour(Role::label)};
     const auto [note, zone] = FunctionCaption::firstNoteOf(*configuration, zones);
-    if (note < 0) return {Role::selectedCell, Role::label, Role::text};
-    const bool second = zone > 0 && zone % 2 != 0;
-    if (isBlackKey(note)) return {second ? Role::greenPen : Role::unusedButton, Role::selectedButton, Role::text};
-    return {second ? Role::text : Role::unselectedButton, Role::background, Role::background};
+    if (note < 0) return {gdi.getColour(Role::selectedCell), gdi.getColour(Role::text), gdi.getColour(Role::text)};
+    const bool isOtherZone = zone > 0 && zone % 2 != 0;
+    if (isBlackKey(note)) return filled(isOtherZone ? Role::greenPen : Role::unusedButton);
+    return filled(isOtherZone ? Role::text : Role::unselectedButton);
+}
+
+ComputerKeyboardCtl::Look ComputerKeyboardCtl::filled(Role fill) const
+{
+    const QColor colour = gui.getGdiManager().getColour(fill);
+    const QColor ink = Gui::Look::inkOn(colour);
+    return {colour, ink, ink};
 }
 
 // --- the picture
 
-QRectF ComputerKeyboardCtl::rectOf(const PlannedKey& key) const
+/// Whole pixels, so that every frame is sharp.
+QRect ComputerKeyboardCtl::rectOf(const PlannedKey& key) const
 {
-    return {key.x * UNIT_WIDTH, key.y * UNIT_HEIGHT, key.width * UNIT_WIDTH - GAP, key.height * UNIT_HEIGHT - GAP};
+    const GdiManager& gdi = gui.getGdiManager();
+    const QPoint corner(gdi.px(key.x * UNIT_WIDTH), gdi.px(key.y * UNIT_HEIGHT));
+    const QPoint end(gdi.px((key.x + key.width) * UNIT_WIDTH - GAP), gdi.px((key.y + key.height) * UNIT_HEIGHT - GAP));
+    return {corner, end - QPoint(1, 1)};
 }
 
 QPoint ComputerKeyboardCtl::getPlace(int keyCode) const
 {
     const PlannedKey* const key = findPlanned(keyCode);
-    return key == nullptr ? QPoint(-1, -1) : rectOf(*key).center().toPoint();
+    return key == nullptr ? QPoint(-1, -1) : rectOf(*key).center();
 }
 
 const PlannedKey* ComputerKeyboardCtl::keyAt(QPointF place) const
 {
     const auto all = KeyboardPlan::getKeys();
-    const auto found = std::ranges::find_if(all, [&](const PlannedKey& key) { return rectOf(key).contains(place); });
+    const auto found =
+        std::ranges::find_if(all, [&](const PlannedKey& key) { return rectOf(key).contains(place.toPoint()); });
     return found == all.end() ? nullptr : &*found;
 }
 
@@ -166,18 +188,20 @@ void ComputerKeyboardCtl::paintKey(QPainter& painter, const PlannedKey& key) con
     const GdiManager& gdi = gui.getGdiManager();
     const Look look = lookOf(key.code);
     const QRectF place = rectOf(key);
-    painter.setPen(QPen(gdi.getColour(Role::unusedButton), 1));
-    painter.setBrush(gdi.getColour(look.fill));
-    painter.drawRoundedRect(place.adjusted(0.5, 0.5, -0.5, -0.5), CORNER, CORNER);
+    painter.setPen(QPen(gdi.getColour(Role::controlBorder), 1));
+    painter.setBrush(look.fill);
+    painter.drawRoundedRect(place.adjusted(0.5, 0.5, -0.5, -0.5), gdi.px(CORNER), gdi.px(CORNER));
 
-    const QRectF inside = place.adjusted(3, 2, -2, -2);
-    painter.setPen(gdi.getColour(look.label));
+    const QRectF inside = place.adjusted(gdi.px(4), gdi.px(2), -gdi.px(2), -gdi.px(2));
+    painter.setPen(look.label);
     const QString label = labels.get(key);
     painter.setFont(gdi.getFont(FontRole::font9));
     if (painter.fontMetrics().horizontalAdvance(label) > inside.width()) painter.setFont(gdi.getFont(FontRole::font3));
     painter.drawText(inside, Qt::AlignTop | Qt::AlignLeft | Qt::TextSingleLine, label);
-    painter.setPen(gdi.getColour(look.caption));
-    painter.setFont(gdi.getFont(FontRole::font3));
+    painter.setPen(look.caption);
+    painter.setFont(gdi.getFont(FontRole::font9));
+    if (painter.fontMetrics().horizontalAdvance(getCaption(key.code)) > inside.width())
+        painter.setFont(gdi.getFont(FontRole::font3));
     const QString caption =
         painter.fontMetrics().elidedText(getCaption(key.code), Qt::ElideRight, static_cast<int>(inside.width()) + 1);
     painter.drawText(inside, Qt::AlignBottom | Qt::AlignLeft | Qt::TextSingleLine, caption);

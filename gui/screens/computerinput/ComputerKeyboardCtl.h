@@ -38,6 +38,8 @@ public:
     /// The middle of a key, in logical pixels.
     QPoint getPlace(int keyCode) const;
 
+    /// The scale has changed.
+    void rescale();
     /// The configurations or the zones have changed.
     void showConfigurations();
 
@@ -57,14 +59,15 @@ protected:
 private:
     /// How a key is painted.
     struct Look {
-        GdiManager::Role fill;
-        GdiManager::Role label;
-        GdiManager::Role caption;
+        QColor fill;
+        QColor label;
+        QColor caption;
     };
 
     const Backend::ComputerInput::KeyConfiguration* findConfiguration(int keyCode) const;
     Look lookOf(int keyCode) const;
-    QRectF rectOf(const PlannedKey& key) const;
+    Look filled(GdiManager::Role fill) const;
+    QRect rectOf(const PlannedKey& key) const;
     const PlannedKey* keyAt(QPointF place) const;
     void paintKey(QPainter& painter, const PlannedKey& key) const;
     void showHelp(const PlannedKey* key);

@@ -32,7 +32,7 @@ constexpr int GAP = 4;
 constexpr int TEXT_TOP = BUTTON_HEIGHT + GAP;
 
 /// The buttons of the settings in `Switches::DISPLAY`.
-constexpr const char* LABELS[] = {"INPUT", "OUTPUT", "NUMBERS", "LARGE"};
+constexpr const char* LABELS[] = {"Input", "Output", "Numbers", "Large"};
 constexpr std::size_t LARGE = 3;
 }  // namespace
 
@@ -69,7 +69,7 @@ void DisplayPanel::makeButtons()
     int left = 0;
     const auto make = [&](const QString& label) {
         auto* button = new QPushButton(label, this);
-        button->setGeometry(left, 0, BUTTON_WIDTH, BUTTON_HEIGHT);
+        place(*button, {left, 0, BUTTON_WIDTH, BUTTON_HEIGHT});
         button->setFocusPolicy(Qt::TabFocus);
         left += BUTTON_WIDTH + GAP;
         return button;
@@ -78,7 +78,7 @@ void DisplayPanel::makeButtons()
         switches[i] = make(tr(LABELS[i]));
         makeSwitch(*switches[i], Switches::DISPLAY[i], gui.getOrvMessageManager());
     }
-    auto* clear = make(tr("CLEAR"));
+    auto* clear = make(tr("Clear"));
     clear->setAccessibleName(tr("Clear"));
     Property::setHelp(*clear,
                       tr("Clear: empties the view. The events come back when the display is hidden and shown again."));
@@ -144,8 +144,12 @@ void DisplayPanel::hideEvent(QHideEvent* event)
 void DisplayPanel::resizeEvent(QResizeEvent* event)
 {
     Panel::resizeEvent(event);
-    const int bottom = height() - HeightEdge::THICKNESS;
-    log->setGeometry(0, TEXT_TOP, width(), bottom - TEXT_TOP);
-    edge->setGeometry(0, bottom, width(), HeightEdge::THICKNESS);
+    const int top = getGdi().px(TEXT_TOP);
+    const int thickness = getGdi().px(HeightEdge::THICKNESS);
+    const int bottom = height() - thickness;
+    log->setGeometry(0, top, width(), bottom - top);
+    edge->setGeometry(0, bottom, width(), thickness);
 }
+
+void DisplayPanel::scaleChanged() { log->rescale(); }
 }  // namespace Gui::Display

@@ -35,7 +35,7 @@ class LogView;
 class DisplayPanel final : public Panel
 {
 public:
-    static constexpr int WIDTH = 760;
+    static constexpr int WIDTH = 960;
 
     DisplayPanel(OrvGuiIF& owner, Panel* around);
     ~DisplayPanel() override;
@@ -50,6 +50,7 @@ protected:
     void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void scaleChanged() override;
 
 private:
     static constexpr std::size_t SWITCHES = 4;

@@ -42,7 +42,7 @@ void HeightEdge::paintEvent(QPaintEvent*)
 void HeightEdge::mousePressEvent(QMouseEvent* event)
 {
     if (event->button() != Qt::LeftButton) return event->ignore();
-    grabbedAt = event->globalPosition().toPoint().y() - value();
+    grabbedAt = event->globalPosition().y() - value() * gdi.getScale();
     setSliderDown(true);
     update();
 }
@@ -50,7 +50,7 @@ void HeightEdge::mousePressEvent(QMouseEvent* event)
 /// Global positions, because the edge moves with the pointer.
 void HeightEdge::mouseMoveEvent(QMouseEvent* event)
 {
-    if (isSliderDown()) setValue(event->globalPosition().toPoint().y() - grabbedAt);
+    if (isSliderDown()) setValue(qRound((event->globalPosition().y() - grabbedAt) / gdi.getScale()));
 }
 
 void HeightEdge::mouseReleaseEvent(QMouseEvent* event)

@@ -27,6 +27,6 @@ protected:
 
 private:
     GdiManager& gdi;
-    int grabbedAt = 0;  // the position on the desktop that means height 0
+    double grabbedAt = 0;  // the position on the desktop that means height 0
 };
 }  // namespace Gui::Display

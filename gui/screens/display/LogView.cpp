@@ -14,7 +14,7 @@ namespace Gui::Display
 {
 namespace
 {
-constexpr qreal TABS[] = {200, 232, 390, 560};  // port, channel, event, first and second value
+constexpr double TABS[] = {260, 300, 480, 680};  // port, channel, event, first and second value
 constexpr qreal MARGIN = 4;
 
 QString linesOf(const std::string& text)
@@ -68,7 +68,8 @@ LogView::LogView(GdiManager& manager, QWidget* parent) : QPlainTextEdit(parent),
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     Property::set(*this, Property::TEXT, true);
-    takeFont();
+    Property::setFont(*this, GdiManager::FontRole::font4);
+    rescale();
 }
 
 void LogView::addText(const std::string& text)
@@ -93,12 +94,11 @@ void LogView::setLarge(bool on)
 
 QString LogView::getNewestEvent() const { return inFewWords(document()->lastBlock().text()); }
 
-void LogView::takeFont()
+void LogView::rescale()
 {
-    setFont(gdi.getFont(GdiManager::FontRole::font4));
     QTextOption option = document()->defaultTextOption();
     QList<QTextOption::Tab> tabs;
-    for (const qreal place : TABS) tabs.append(QTextOption::Tab(place, QTextOption::LeftTab));
+    for (const double place : TABS) tabs.append(QTextOption::Tab(gdi.px(place), QTextOption::LeftTab));
     option.setTabs(tabs);
     document()->setDefaultTextOption(option);
     document()->setDocumentMargin(MARGIN);
@@ -127,13 +127,6 @@ void LogView::paintNewestEvent()
     painter.setFont(font);
     painter.setPen(palette().color(QPalette::Text));
     painter.drawText(room, Qt::AlignCenter | Qt::TextSingleLine, text);
-}
-
-/// The skin sets the font of every control; this one restores its own.
-void LogView::changeEvent(QEvent* event)
-{
-    QPlainTextEdit::changeEvent(event);
-    if (event->type() == QEvent::FontChange && font() != gdi.getFont(GdiManager::FontRole::font4)) takeFont();
 }
 
 void LogView::keyPressEvent(QKeyEvent* event)

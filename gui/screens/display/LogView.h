@@ -30,6 +30,8 @@ public:
     void setText(const std::string& text);
 
     void setLarge(bool on);
+    /// The scale has changed.
+    void rescale();
     /// The newest event as it is shown in large letters: "C4  100  ch 1".
     QString getNewestEvent() const;
 
@@ -37,10 +39,8 @@ protected:
     void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
-    void changeEvent(QEvent* event) override;
 
 private:
-    void takeFont();
     void paintNewestEvent();
 
     GdiManager& gdi;

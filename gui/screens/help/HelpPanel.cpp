@@ -10,8 +10,8 @@ namespace Gui::Help
 {
 namespace
 {
-constexpr QSize SIZE(760, 60);
-constexpr QRect MANUAL_BUTTON(668, 0, 92, 20);
+constexpr QSize SIZE(960, 60);
+constexpr QRect MANUAL_BUTTON(864, 0, 96, 24);
 
 QString firstText()
 {
@@ -28,7 +28,7 @@ HelpPanel::HelpPanel(OrvGuiIF&, Panel* around) : Panel(around), edit(new QPlainT
     edit->setReadOnly(true);
     edit->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     edit->setFocusPolicy(Qt::TabFocus);  // a click must not take the focus from playing
-    edit->setGeometry(QRect({}, SIZE));
+    place(*edit, QRect({}, SIZE));
     edit->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     edit->setAccessibleName(tr("Help"));
     Property::set(*edit, Property::TEXT, true);
@@ -38,9 +38,9 @@ HelpPanel::HelpPanel(OrvGuiIF&, Panel* around) : Panel(around), edit(new QPlainT
 
 void HelpPanel::addManualButton()
 {
-    edit->setFixedWidth(MANUAL_BUTTON.left() - GAP);
-    auto* button = new QPushButton(tr("MANUAL"), this);
-    button->setGeometry(MANUAL_BUTTON);
+    place(*edit, {0, 0, MANUAL_BUTTON.left() - GAP, SIZE.height()});
+    auto* button = new QPushButton(tr("Manual"), this);
+    place(*button, MANUAL_BUTTON);
     button->setFocusPolicy(Qt::TabFocus);
     button->setAccessibleName(tr("Manual"));
     Property::setHelp(*button, tr("Manual: opens the manual in your web browser."));

@@ -16,13 +16,11 @@ namespace
 constexpr auto GLOW = std::chrono::milliseconds(120);
 constexpr int SIDE = 14;
 constexpr int PITCH = SIDE + 2;
-
-QRect squareOf(int channel) { return {channel * PITCH, 0, SIDE, SIDE}; }
 }  // namespace
 
 ChannelLights::ChannelLights(GdiManager& manager, QWidget* parent) : QWidget(parent), gdi(manager)
 {
-    setFixedSize(CHANNELS * PITCH, SIDE);
+    rescale();
     setAccessibleName(tr("Channels"));
     Property::setHelp(*this, tr("MIDI channels 1 to 16: each is lit while events are sent on it."));
     connect(&look, &QTimer::timeout, this, [this] {
@@ -41,6 +39,14 @@ void ChannelLights::displayMidiOutputEvent(const Backend::MidiEngine::OrvMidiMes
     if (isLit(channel)) return;
     show(lit | played);
     if (!look.isActive()) look.start(GLOW);
+}
+
+void ChannelLights::rescale() { setFixedSize(CHANNELS * gdi.px(PITCH), gdi.px(SIDE)); }
+
+QRect ChannelLights::squareOf(int channel) const
+{
+    const int side = gdi.px(SIDE);
+    return {channel * gdi.px(PITCH), 0, side, side};
 }
 
 void ChannelLights::clear()

@@ -24,6 +24,8 @@ public:
 
     void displayMidiOutputEvent(const Backend::MidiEngine::OrvMidiMessage& event);
     void clear();
+    /// The scale has changed.
+    void rescale();
 
     /// Channels from 0.
     bool isLit(int channel) const { return lit.test(static_cast<std::size_t>(channel)); }
@@ -35,6 +37,7 @@ private:
     using Channels = std::bitset<CHANNELS>;
 
     void show(const Channels& channels);
+    QRect squareOf(int channel) const;
 
     GdiManager& gdi;
     Channels lit;

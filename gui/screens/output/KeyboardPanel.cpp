@@ -15,6 +15,7 @@ constexpr int ROW = 20;
 constexpr int LABEL_WIDTH = 60;
 constexpr int NAME_WIDTH = 400;
 constexpr int MARGIN = 5;
+constexpr QSize SIZE(960, 106);
 }  // namespace
 
 KeyboardPanel::KeyboardPanel(OrvGuiIF& owner, Panel* around)
@@ -26,10 +27,9 @@ KeyboardPanel::KeyboardPanel(OrvGuiIF& owner, Panel* around)
       outputName(new QLabel(this))
 {
     makeTopRow();
-    keyboard->move(0, ROW);
     keyboard->setListener(&player);
-    setPanelSize({keyboard->width(), ROW + keyboard->height()});
-    handleDefaultMidiOutputChanged(gui.getDefaultMidiOutput());
+    setPanelSize(SIZE);
+    scaleChanged();
 }
 
 /// Releases a held key; the player is destroyed before the keyboard.
@@ -37,14 +37,22 @@ KeyboardPanel::~KeyboardPanel() { keyboard->setListener(nullptr); }
 
 void KeyboardPanel::makeTopRow()
 {
-    auto* label = new QLabel(tr("OUTPUT"), this);
-    label->setGeometry(MARGIN, 0, LABEL_WIDTH, ROW);
-    outputName->setGeometry(MARGIN + LABEL_WIDTH, 0, NAME_WIDTH, ROW);
+    auto* label = new QLabel(tr("Output"), this);
+    place(*label, {MARGIN, 0, LABEL_WIDTH, ROW});
+    place(*outputName, {MARGIN + LABEL_WIDTH, 0, NAME_WIDTH, ROW});
     outputName->setTextFormat(Qt::PlainText);
     Property::set(*outputName, Property::TEXT, true);
     Property::setHelp(*outputName, tr("Default output: MIDI events without an output of their own are sent there. It "
                                       "is chosen on the system screen."));
-    lights->move(keyboard->width() - MARGIN - lights->width(), (ROW - lights->height()) / 2);
+}
+
+void KeyboardPanel::scaleChanged()
+{
+    keyboard->rescale();
+    keyboard->move(0, getGdi().px(ROW));
+    lights->rescale();
+    lights->move(keyboard->width() - getGdi().px(MARGIN) - lights->width(), (getGdi().px(ROW) - lights->height()) / 2);
+    handleDefaultMidiOutputChanged(gui.getDefaultMidiOutput());
 }
 
 void KeyboardPanel::displayMidiOutputEvent(const Backend::MidiEngine::OrvMidiMessage& event)
@@ -68,7 +76,7 @@ void KeyboardPanel::handleMidiOutputPortsChanged(const Backend::MidiEngine::Midi
 void KeyboardPanel::handleDefaultMidiOutputChanged(int output)
 {
     const QString name = output < 0 ? tr("none") : QString::fromStdString(gui.getMidiOutputName(output));
-    outputName->setText(QFontMetrics(outputName->font()).elidedText(name, Qt::ElideRight, NAME_WIDTH));
+    outputName->setText(QFontMetrics(outputName->font()).elidedText(name, Qt::ElideRight, getGdi().px(NAME_WIDTH)));
     outputName->setAccessibleName(tr("Default output: %1").arg(name));
 }
 }  // namespace Gui::Output

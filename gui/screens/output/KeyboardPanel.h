@@ -30,6 +30,9 @@ public:
     void handleMidiOutputPortsChanged(const Backend::MidiEngine::MidiOutputPorts& ports);
     void handleDefaultMidiOutputChanged(int output);
 
+protected:
+    void scaleChanged() override;
+
 private:
     void makeTopRow();
 

@@ -1,10 +1,14 @@
 #include "gui/screens/setup/SettingTables.h"
 
+#include <algorithm>
+
 #include "api/OrvGuiIF.h"
 #include "api/OrvMessageManager.h"
 #include "backend/files/RegistrySettings.h"
+#include "backend/messages/SettingMessages.h"
 #include "backend/model/Settings.h"
 #include "gui/framework/DisplayHeight.h"
+#include "gui/framework/GdiManager.h"
 
 namespace Gui::Setup
 {
@@ -36,7 +40,55 @@ std::vector<ComboBox::Entry> getOutputEntries(const OrvGuiIF& gui)
                            .enabled = port.enabled && port.found && !port.couldNotOpen});
     return entries;
 }
+constexpr int SCALES[] = {75, 100, 125, 150, 175, 200, 250, 300, 400};
+
+std::vector<ComboBox::Entry> getScaleEntries(const OrvGuiIF&)
+{
+    std::vector<ComboBox::Entry> entries;
+    for (const int percent : SCALES) entries.push_back({.text = QString::number(percent) + " %"});
+    return entries;
+}
+
+int getScale(const OrvGuiIF& gui)
+{
+    const int percent = gui.getRegistrySettings().get<Backend::Settings::WINDOW_SCALE>();
+    const auto* const entry = std::ranges::find(SCALES, percent);
+    return entry == std::end(SCALES) ? -percent : static_cast<int>(entry - SCALES);
+}
+
+std::vector<ComboBox::Entry> getSkinEntries(const OrvGuiIF&)
+{
+    std::vector<ComboBox::Entry> entries;
+    for (const auto& skin : GdiManager::SKINS) entries.push_back({.text = QString::fromLatin1(skin.name)});
+    return entries;
+}
 }  // namespace
+
+/// A scale that is not in the list, as it is dragged, is below 0.
+constexpr Choice WINDOW_SCALE{
+    "Scale:",
+    "Scale of the window",
+    "Scale of the window: of all texts and controls. The side edges of the window change it, too. It is never wider "
+    "than "
+    "the desktop.",
+    90,
+    &getScaleEntries,
+    &getScale,
+    [](const OrvGuiIF&, int scale) { return std::to_string(-scale) + " %"; },
+    [](Commands& commands, int entry) {
+        if (entry >= 0)
+            commands.postSetting(SETTING<Backend::Settings::WINDOW_SCALE>(SCALES[static_cast<std::size_t>(entry)]));
+    }};
+
+constexpr Choice SKIN{
+    "Colours:",
+    "Colours of the window",
+    "Colours of the window: classic, high contrast, or light for a bright place.",
+    150,
+    &getSkinEntries,
+    [](const OrvGuiIF& gui) { return gui.getRegistrySettings().get<Backend::Settings::SKIN>(); },
+    [](const OrvGuiIF&, int) { return std::string(); },
+    [](Commands& commands, int skin) { commands.postSetting(SETTING<Backend::Settings::SKIN>(skin)); }};
 
 constexpr PortSide INPUTS{
     "MIDI inputs",

@@ -62,4 +62,6 @@ extern const Choice DEFAULT_OUTPUT;
 extern const Number MOUSE_SENSITIVITY;
 extern const Number RECORD_SIZE;
 extern const Number DISPLAY_HEIGHT;
+extern const Choice WINDOW_SCALE;
+extern const Choice SKIN;
 }  // namespace Gui::Setup

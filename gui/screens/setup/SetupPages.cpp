@@ -99,7 +99,9 @@ void SetupPages::makePages()
     for (const Switch& row : Switches::DISPLAY) add<SwitchField>(row, display);
     add<NumberField>(DISPLAY_HEIGHT, display);
 
-    QBoxLayout& window = addPage({tr("Window"), tr("Position, stacking and border of the window on the desktop.")});
+    QBoxLayout& window = addPage({tr("Window"), tr("Scale, colours, position, stacking and border of the window.")});
+    add<ChoiceField>(WINDOW_SCALE, window);
+    add<ChoiceField>(SKIN, window);
     for (const Switch& row : Switches::WINDOW) add<SwitchField>(row, window);
 
     for (QBoxLayout* rows : {&playing, &bank, &record, &display, &window}) rows->addStretch();

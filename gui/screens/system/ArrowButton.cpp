@@ -6,7 +6,7 @@ namespace Gui::System
 {
 namespace
 {
-constexpr int AROUND = 6;
+constexpr int AROUND = 14;
 }
 
 ArrowButton::ArrowButton(const GdiManager& manager, Look::Direction pointsTo, QWidget* parent)
@@ -18,7 +18,7 @@ void ArrowButton::paintEvent(QPaintEvent* event)
 {
     QPushButton::paintEvent(event);
     QPainter painter(this);
-    const QRectF place = QRectF(rect()).adjusted(AROUND, AROUND, -AROUND, -AROUND);
+    const QRectF place = QRectF(rect()).adjusted(gdi.px(AROUND), 0, -gdi.px(AROUND), 0);
     Look::drawTriangle(painter, place, direction, gdi.getColour(GdiManager::Role::background));
 }
 }  // namespace Gui::System

@@ -11,7 +11,7 @@ class GdiManager;
 
 namespace Gui::System
 {
-/// Shows how full the record is: a bar, and the percentage in it.
+/// Shows how full the record is: a light that is on while it records, a bar, and the percentage in it.
 class RecordGauge final : public QWidget, public AccessibleControl
 {
 public:
@@ -19,6 +19,7 @@ public:
 
     /// 0 to 100 percent.
     void showFill(int percent);
+    void showRecording(bool on);
 
     QAccessible::Role getAccessibleRole() const override { return QAccessible::ProgressBar; }
     QString getAccessibleValue() const override;
@@ -30,5 +31,6 @@ protected:
 private:
     const GdiManager& gdi;
     int fill = 0;
+    bool isRecording = false;
 };
 }  // namespace Gui::System

@@ -1,7 +1,6 @@
 #include "gui/screens/system/SystemPanel.h"
 
 #include <QCursor>
-#include <QLabel>
 #include <QPushButton>
 
 #include "api/Bank.h"
@@ -16,11 +15,9 @@
 #include "gui/framework/PopupMenu.h"
 #include "gui/framework/Properties.h"
 #include "gui/keyboard/GlobalKeyboard.h"
-#include "gui/screens/system/ProgramNameComboBox.h"
 #include "gui/screens/system/RecordFile.h"
-#include "gui/screens/system/RecordGauge.h"
 #include "gui/screens/system/ScreenButtons.h"
-#include "gui/screens/system/TempoEdit.h"
+#include "gui/screens/system/StagePanel.h"
 
 namespace Gui::System
 {
@@ -45,8 +42,8 @@ void select(ComboBox& choices, int index, const QString& otherwise)
 }
 }  // namespace
 
-SystemPanel::SystemPanel(OrvGuiIF& owner, Panel* around)
-    : Panel(around), gui(owner), messages(*this), menu(new PopupMenu(this))
+SystemPanel::SystemPanel(OrvGuiIF& owner, StagePanel& stagePanel, Panel* around)
+    : Panel(around), gui(owner), stage(stagePanel), messages(*this), menu(new PopupMenu(this))
 {
     addControls();
     showAll();
@@ -70,22 +67,11 @@ void SystemPanel::showAll()
 
 // --- changes that the backend reports
 
-void SystemPanel::handleBankChanged(const Bank& bank)
-{
-    programs->setProgramNames(bank.programNames);
-    const QString name = QString::fromStdString(gui.getCurrentBankName());
-    bankName->setText(bankName->fontMetrics().elidedText(name, Qt::ElideMiddle, bankName->width()));
-    bankName->setAccessibleName(name);
-    Property::setHelp(*bankName, tr("Bank: %1").arg(QString::fromStdString(bank.name)));
-    const auto size = bank.programNames.size();
-    bankSize->setText(size == 1 ? tr("1 program") : tr("%1 programs").arg(size));
-}
+void SystemPanel::handleBankChanged(const Bank& bank) { stage.handleBankChanged(bank); }
 
 void SystemPanel::handleProgramChanged(const Program& program)
 {
-    programNumber->setText(QString::number(program.number + 1));
-    programs->showProgram(program.number, QString::fromStdString(program.name));
-    tempo->showTempo(program.tempo);
+    stage.handleProgramChanged(program);
     select(*tempoSource, program.tempoSource + 1, QStringLiteral("???"));
 }
 
@@ -94,6 +80,7 @@ void SystemPanel::handleMidiInputPortsChanged(const MidiInputPorts& ports)
     std::vector<ComboBox::Entry> entries{{.text = tr("Internal")}};
     for (const MidiPort& port : ports) entries.push_back(entryOf(port));
     tempoSource->setEntries(std::move(entries));
+    stage.handleMidiInputPortsChanged(ports);
     select(*tempoSource, gui.getCurrentProgram().tempoSource + 1, QStringLiteral("???"));
 }
 
@@ -107,6 +94,7 @@ void SystemPanel::handleMidiOutputPortsChanged(const MidiOutputPorts& ports)
 
 void SystemPanel::handleDefaultMidiOutputChanged(int index)
 {
+    stage.handleOutputChanged();
     select(*output, index, index < 0 ? tr("None") : QString::fromStdString(gui.getMidiOutputName(index)));
 }
 
@@ -118,13 +106,17 @@ void SystemPanel::handleGlobalKeyboardChanged(bool on)
     Property::setHelp(*keyboardButton, QString::fromStdString(GlobalKeyboard::describe(gui.getGlobalKeyboardReason())));
 }
 
-void SystemPanel::handleRetroRecordEnabledChanged(bool on) { recordButton->setChecked(on); }
+void SystemPanel::handleRetroRecordEnabledChanged(bool on)
+{
+    recordButton->setChecked(on);
+    stage.handleRetroRecordEnabledChanged(on);
+}
 
-void SystemPanel::handleRetroRecordFillChanged(int percent) { recordGauge->showFill(percent); }
+void SystemPanel::handleRetroRecordFillChanged(int percent) { stage.handleRetroRecordFillChanged(percent); }
 
 void SystemPanel::handleRetroRecordSaved(const RetroRecord::SaveReport& report)
 {
-    gui.displayHelp(RecordFile::describe(report));
+    gui.displayMessage(RecordFile::describe(report));
 }
 
 // --- screens
@@ -135,39 +127,35 @@ void SystemPanel::screenShown(Screen screen, bool on) { screens->screenShown(scr
 
 // --- menus
 
-void SystemPanel::showMenu(ComboBox& choices)
+void SystemPanel::showDefaultMidiOutputMenu()
 {
-    if (isVisible()) return choices.openMenu();
-    if (choices.getEntries().empty()) return;
+    if (isVisible()) return output->openMenu();
+    if (output->getEntries().empty()) return;
     menu->clear();
-    for (const ComboBox::Entry& entry : choices.getEntries())
+    for (const ComboBox::Entry& entry : output->getEntries())
         menu->addItem({.text = entry.text, .enabled = entry.enabled});
-    menu->setSelected(choices.getSelectedIndex());
-    menu->onChosen = [&choices](int index) { choices.onChange(index); };
+    menu->setSelected(output->getSelectedIndex());
+    menu->onChosen = [this](int index) { output->onChange(index); };
     menu->show(QCursor::pos());
 }
-
-void SystemPanel::showProgramMenu()
-{
-    programs->cancelTyping();
-    showMenu(*programs);
-}
-
-void SystemPanel::showDefaultMidiOutputMenu() { showMenu(*output); }
 
 void SystemPanel::showFileMenu(const QWidget& button)
 {
     const std::string& bank = gui.getCurrentBank().name;
     menu->clear();
+    menu->addItem(tr("Load..."));
+    menu->addItem(tr("Save..."));
     menu->addItem({.text = tr("Change Bank Size..."), .enabled = gui.getNumberOfPrograms() > 0});
     menu->addItem({.text = tr("Set As Default Bank..."),
                    .enabled = !bank.empty() && bank != gui.getRegistrySettings().getDefaultBank()});
     menu->addItem(tr("Import Version 2 File..."));
     menu->setSelected(-1);
     menu->onChosen = [this](int item) {
-        if (item == 0) Files::showBankSizeDialog(gui, *this);
-        if (item == 1) Files::makeDefaultBank(gui, *this);
-        if (item == 2) gui.importVersion2File();
+        if (item == 0) gui.showLoadDialog();
+        if (item == 1) gui.showSaveDialog();
+        if (item == 2) Files::showBankSizeDialog(gui, *this);
+        if (item == 3) Files::makeDefaultBank(gui, *this);
+        if (item == 4) gui.importVersion2File();
     };
     menu->showBelow(button);
 }
@@ -175,11 +163,4 @@ void SystemPanel::showFileMenu(const QWidget& button)
 // --- what the user does
 
 void SystemPanel::saveRecord() { commands().postSaveRetroRecord(RecordFile::stem()); }
-
-/// Ends editing and gives the focus back to playing.
-void SystemPanel::leave()
-{
-    if (QWidget* edit = window()->focusWidget()) edit->clearFocus();
-    gui.setFocus();
-}
 }  // namespace Gui::System

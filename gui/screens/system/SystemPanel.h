@@ -1,7 +1,5 @@
 #pragma once
 
-#include <string>
-
 #include "backend/model/MidiPort.h"
 #include "backend/model/Screen.h"
 #include "backend/recorder/RetroRecordManager.h"
@@ -28,17 +26,17 @@ struct Switch;
 
 namespace Gui::System
 {
-class ProgramNameComboBox;
-class RecordGauge;
 class ScreenButtons;
-class TempoEdit;
+class StagePanel;
 
-/// The system screen: program and bank, tempo, default output, MIDI thru, the record, and the buttons of the other
-/// screens. It posts what the user does to the backend; changes that the backend reports are shown and posted nowhere.
+/// The lower rows of the system screen: the other screens, files and setup; default output, clock, MIDI thru and
+/// record. The upper rows are the stage panel. It posts what the user does to the backend; changes that the backend
+/// reports are shown here and in the stage panel, and posted nowhere.
 class SystemPanel final : public Panel
 {
 public:
-    SystemPanel(OrvGuiIF& owner, Panel* around);
+    /// `stagePanel` must outlive it.
+    SystemPanel(OrvGuiIF& owner, StagePanel& stagePanel, Panel* around);
 
     // Changes that the backend reports
     void handleBankChanged(const Backend::Bank& bank);
@@ -56,50 +54,35 @@ public:
     void offerScreen(Backend::Screen screen);
     void screenShown(Backend::Screen screen, bool on);
 
-    /// Open at their controls, or at the pointer while the panel is hidden, and return at once.
-    void showProgramMenu();
+    /// Opens at its control, or at the pointer while the panel is hidden, and returns at once.
     void showDefaultMidiOutputMenu();
 
 private:
-    // SystemPanelRows.cpp: the controls
     void addControls();
-    void addProgram();
-    void addBank();
-    void addTempo();
-    void addOutput();
-    void addSwitches();
     void addScreens();
-    void addRecord();
-    void addFiles();
+    void addPorts();
+    void addSwitches();
     template <class Control>
-    Control* add(Control* control, const QRect& place, const QString& name, const QString& help);
-    QLabel* addLabel(const QString& text, const QRect& place);
-    QLabel* addValue(const QRect& place);
-    ComboBox* addChoices(const QRect& place, const QString& name, const QString& help);
-    QPushButton* addButton(const QString& label, const QRect& place, const QString& name, const QString& help);
-    QPushButton* addSwitch(const QString& label, const QRect& place, const Switch& setting);
+    Control* add(Control* control, const QRect& rectangle, const QString& name, const QString& help);
+    void addLabel(const QString& text, const QRect& rectangle);
+    ComboBox* addChoices(const QRect& rectangle, const QString& name, const QString& help);
+    QPushButton* addButton(const QString& label, const QRect& rectangle, const QString& name, const QString& help);
+    QPushButton* addSwitch(const QString& label, const QRect& rectangle, const Switch& setting);
 
     Backend::OrvMessageManager& commands() const;
     void showAll();
 
     void saveRecord();
-    void leave();
-    void showMenu(ComboBox& choices);
     void showFileMenu(const QWidget& button);
 
     OrvGuiIF& gui;
+    StagePanel& stage;
     SystemGuiMessageManager messages;
-    QLabel* programNumber = nullptr;  // owned by the panel
-    ProgramNameComboBox* programs = nullptr;
-    QLabel* bankName = nullptr;
-    QLabel* bankSize = nullptr;
-    TempoEdit* tempo = nullptr;
-    ComboBox* tempoSource = nullptr;
+    ComboBox* tempoSource = nullptr;  // owned by the panel
     ComboBox* output = nullptr;
     QPushButton* thruButton = nullptr;
     QPushButton* keyboardButton = nullptr;
     QPushButton* recordButton = nullptr;
-    RecordGauge* recordGauge = nullptr;
     ScreenButtons* screens = nullptr;
     PopupMenu* menu;
 };

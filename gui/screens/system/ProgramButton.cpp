@@ -1,0 +1,70 @@
+#include "gui/screens/system/ProgramButton.h"
+
+#include <QContextMenuEvent>
+#include <QPainter>
+
+#include "gui/framework/Look.h"
+
+namespace Gui::System
+{
+using Role = GdiManager::Role;
+using FontRole = GdiManager::FontRole;
+
+namespace
+{
+constexpr int TEXT_MARGIN = 8;
+constexpr int NAME_HEIGHT = 42;
+}  // namespace
+
+ProgramButton::ProgramButton(const GdiManager& manager, QWidget* parent) : QAbstractButton(parent), gdi(manager)
+{
+    setFocusPolicy(Qt::TabFocus);
+}
+
+void ProgramButton::showProgram(int programNumber, const QString& programName, const QString& line)
+{
+    number = programNumber;
+    name = programName;
+    below = line;
+    setToolTip(name);
+    update();
+    accessibleValueChanged(*this, getAccessibleValue());
+}
+
+QString ProgramButton::getAccessibleValue() const { return QString::number(number + 1) + ' ' + name; }
+
+/// A name that is too long is drawn smaller, down to half the size, and then cut off.
+void ProgramButton::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    const QRect inside = rect().adjusted(gdi.px(TEXT_MARGIN), 0, -gdi.px(TEXT_MARGIN), 0);
+    QRect line(inside.left(), inside.top(), inside.width(), gdi.px(NAME_HEIGHT));
+    QFont font = gdi.getFont(FontRole::stageName);
+    painter.setFont(font);
+    painter.setPen(gdi.getColour(Role::label));
+    const QString digits = QString::number(number + 1);
+    painter.drawText(line, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine, digits);
+    line.setLeft(line.left() + painter.fontMetrics().horizontalAdvance(digits) + 2 * gdi.px(TEXT_MARGIN));
+
+    const int needed = painter.fontMetrics().horizontalAdvance(name);
+    if (needed > line.width())
+        font.setPixelSize(std::max(font.pixelSize() / 2, font.pixelSize() * line.width() / needed));
+    painter.setFont(font);
+    painter.setPen(gdi.getColour(Role::text));
+    painter.drawText(line, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine,
+                     painter.fontMetrics().elidedText(name, Qt::ElideRight, line.width()));
+
+    line.setTop(line.bottom());
+    line.setBottom(inside.bottom());
+    painter.setFont(gdi.getFont(FontRole::font9));
+    painter.setPen(gdi.getColour(Role::label));
+    painter.drawText(line, Qt::AlignTop | Qt::AlignLeft | Qt::TextSingleLine,
+                     painter.fontMetrics().elidedText(below, Qt::ElideRight, line.width()));
+    if (hasFocus()) Look::drawFocus(painter, gdi, rect());
+}
+
+void ProgramButton::contextMenuEvent(QContextMenuEvent* event)
+{
+    if (onMenu) onMenu(event->globalPos());
+}
+}  // namespace Gui::System

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QAbstractButton>
+#include <functional>
+
+#include "gui/framework/AccessibleControl.h"
+
+namespace Gui
+{
+class GdiManager;
+}
+
+namespace Gui::System
+{
+/// The current program, to be read from two metres away: its number, its name and, below it, the next program of the
+/// bank. A click opens the list of programs; a right click opens a menu.
+class ProgramButton final : public QAbstractButton, public AccessibleControl
+{
+public:
+    ProgramButton(const GdiManager& manager, QWidget* parent);
+
+    std::function<void(const QPoint& globalPosition)> onMenu;
+
+    /// `number` counts from 0. `line` stands below the name.
+    void showProgram(int number, const QString& programName, const QString& line);
+
+    QAccessible::Role getAccessibleRole() const override { return QAccessible::ButtonMenu; }
+    QString getAccessibleValue() const override;
+    void pressAccessible() override { click(); }
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+
+private:
+    const GdiManager& gdi;
+    int number = 0;
+    QString name;
+    QString below;
+};
+}  // namespace Gui::System

@@ -1,0 +1,248 @@
+#include "gui/screens/system/StagePanel.h"
+
+#include <QCursor>
+#include <QPushButton>
+
+#include "api/Bank.h"
+#include "api/OrvGuiIF.h"
+#include "api/OrvMessageManager.h"
+#include "backend/files/RegistrySettings.h"
+#include "backend/model/Program.h"
+#include "gui/framework/ActivityLights.h"
+#include "gui/framework/EditBox.h"
+#include "gui/framework/EditBoxDialog.h"
+#include "gui/framework/PopupMenu.h"
+#include "gui/framework/Properties.h"
+#include "gui/screens/system/ArrowButton.h"
+#include "gui/screens/system/BeatLight.h"
+#include "gui/screens/system/KeyBadge.h"
+#include "gui/screens/system/ProgramButton.h"
+#include "gui/screens/system/ProgramList.h"
+#include "gui/screens/system/RecordGauge.h"
+#include "gui/screens/system/StatusText.h"
+#include "gui/screens/system/TempoEdit.h"
+
+namespace Gui::System
+{
+using namespace Backend;
+using MidiEngine::MidiInputPorts;
+
+namespace
+{
+constexpr QSize STAGE_SIZE(960, 96);
+constexpr int STATUS_TOP = 72;
+constexpr int STATUS_HEIGHT = 24;
+
+SelectType specificProgram(int number) { return {.kind = SelectType::Kind::specific, .value = number}; }
+
+QRect inStatusLine(int left, int right) { return {left, STATUS_TOP, right - left, STATUS_HEIGHT}; }
+}  // namespace
+
+StagePanel::StagePanel(OrvGuiIF& owner, const GdiManager& manager, QWidget* parent)
+    : Panel(manager), gui(owner), menu(new PopupMenu(this))
+{
+    setParent(parent);
+    setPanelSize(STAGE_SIZE);
+    addProgram();
+    addTempo();
+    addReset();
+    addStatusLine();
+    handleMidiInputPortsChanged(gui.getMidiInputPorts());
+    handleProgramChanged(gui.getCurrentProgram());
+    handleRetroRecordEnabledChanged(gui.getRegistrySettings().isRetroRecordEnabled());
+    showStatus();
+}
+
+OrvMessageManager& StagePanel::commands() const { return gui.getOrvMessageManager(); }
+
+// --- the controls, in Tab order
+
+template <class Control>
+Control* StagePanel::add(Control* control, const QRect& rectangle, const QString& name, const QString& help)
+{
+    place(*control, rectangle);
+    control->setAccessibleName(name);
+    Property::setHelp(*control, help);
+    return control;
+}
+
+void StagePanel::addProgram()
+{
+    const auto addArrow = [this](Look::Direction direction, SelectType::Kind kind, const QRect& rectangle,
+                                 const QString& name, const QString& help) {
+        auto* arrow = add(new ArrowButton(getGdi(), direction, this), rectangle, name, help);
+        arrow->setFocusPolicy(Qt::TabFocus);  // a click must not take the focus from playing
+        connect(arrow, &QPushButton::pressed, this, [this, kind] { commands().postChangeProgram({.kind = kind}); });
+    };
+    addArrow(Look::Direction::left, SelectType::Kind::down, {0, 0, 48, 64}, tr("Previous program"),
+             tr("Changes to the previous program of the bank."));
+    program =
+        add(new ProgramButton(getGdi(), this), {52, 0, 564, 64}, tr("Program"),
+            tr("Program: click for the list of programs, right-click to rename it. The bank gets the name when you "
+               "save the program."));
+    program->onMenu = [this](const QPoint& position) { showProgramMenu(position); };
+    connect(program, &QAbstractButton::clicked, this, &StagePanel::showProgramList);
+    addArrow(Look::Direction::right, SelectType::Kind::up, {620, 0, 48, 64}, tr("Next program"),
+             tr("Changes to the next program of the bank."));
+}
+
+void StagePanel::addTempo()
+{
+    beat = add(new BeatLight(getGdi(), this), {684, 24, 16, 16}, tr("Beat"), tr("Beat: lights up at each beat."));
+    tempo = add(new TempoEdit(this), {708, 12, 72, 40}, tr("Tempo"),
+                tr("Tempo: 20 to 250 beats per minute. Type a number, +5 or -5, or turn the wheel."));
+    Property::set(*tempo, Property::TEXT, true);
+    Property::setFont(*tempo, GdiManager::FontRole::stageTempo);
+    tempo->setAlignment(Qt::AlignCenter);
+    tempo->onChange = [this](const RelativeFixedValue& change) { commands().postChangeTempo(change, true); };
+    tempo->onLeave = [this] { leave(); };
+    auto* tap = add(new QPushButton(tr("Tap"), this), {788, 12, 56, 40}, tr("Tap tempo"),
+                    tr("Tap: click in time, twice or more, and the tempo follows. A key or a pedal can do it, too."));
+    tap->setFocusPolicy(Qt::TabFocus);
+    connect(tap, &QPushButton::pressed, this, [this] { commands().postTapTempo(); });
+}
+
+void StagePanel::addReset()
+{
+    auto* reset = add(new QPushButton(tr("RESET"), this), {896, 8, 64, 48}, tr("Reset"),
+                      tr("Reset (panic): ends every note on all channels of all outputs."));
+    reset->setFocusPolicy(Qt::TabFocus);
+    Property::setColour(*reset, GdiManager::Role::frame);
+    connect(reset, &QPushButton::pressed, this, [this] { commands().postResetOrv(); });
+}
+
+void StagePanel::addStatusLine()
+{
+    badge =
+        add(new KeyBadge(getGdi(), this), inStatusLine(0, 96), tr("Keys"),
+            tr("Where the keys of the computer go: KEYS PLAY, TYPING into a text, or ELSEWHERE, to another program. "
+               "Click beside the controls, or press Escape, to play."));
+    status =
+        add(new StatusText(getGdi(), this), inStatusLine(104, 680), tr("Status"),
+            tr("The output and its state. What is wrong is shown in red until it is put right; a click leads there."));
+    connect(status, &QAbstractButton::clicked, this,
+            [this] { status->hasTrouble() ? gui.showSetupDialog() : gui.showDefaultMidiOutputMenu(); });
+    inputs = add(new ActivityLights(getGdi(), tr("In"), this), inStatusLine(688, 800), tr("MIDI input"),
+                 tr("A light for each MIDI input, which is lit while events come in."));
+    output = add(new ActivityLights(getGdi(), tr("Out"), this), inStatusLine(804, 844), tr("MIDI output"),
+                 tr("Lit while events go out."));
+    output->setPorts({tr("Events go out")});
+    record = add(new RecordGauge(getGdi(), this), inStatusLine(852, 960), tr("Fill of the record"),
+                 tr("Fill of the record in percent, of the output with the most events. When it is full, the "
+                    "oldest tenth is deleted. Its size is set in the setup."));
+}
+
+// --- program and tempo
+
+void StagePanel::handleBankChanged(const Bank&) { showProgram(); }
+
+void StagePanel::handleProgramChanged(const Program& changed)
+{
+    tempo->showTempo(changed.tempo);
+    showProgram();
+}
+
+/// Below the name: the bank and the next program.
+void StagePanel::showProgram()
+{
+    const Program& now = gui.getCurrentProgram();
+    const auto& names = gui.getCurrentBank().programNames;
+    const auto next = static_cast<std::size_t>(now.number) + 1;
+    QString below = QString::fromStdString(gui.getCurrentBankName());
+    if (now.number >= 0 && next < names.size())
+        below = tr("%1: next %2 %3").arg(below, QString::number(next + 1), QString::fromStdString(names[next]));
+    program->showProgram(now.number, QString::fromStdString(now.name), below);
+}
+
+void StagePanel::showProgramList()
+{
+    const auto& names = gui.getCurrentBank().programNames;
+    if (names.empty()) return;
+    auto* list = new ProgramList(getGdi(), names, gui.getCurrentProgram().number, this);
+    list->onChosen = [this](int number) { commands().postChangeProgram(specificProgram(number)); };
+    list->showAt(isVisible() ? program->mapToGlobal(QPoint(0, program->height())) : QCursor::pos());
+}
+
+void StagePanel::showProgramMenu(const QPoint& globalPosition)
+{
+    menu->clear();
+    menu->addItem(tr("Rename..."));
+    menu->addItem(tr("Save..."));
+    menu->setSelected(-1);
+    menu->onChosen = [this](int item) { item == 0 ? rename() : gui.showSaveDialog(); };
+    menu->show(globalPosition);
+}
+
+void StagePanel::rename()
+{
+    auto* dialog =
+        new EditBoxDialog(tr("Rename Program"), tr("Name:"), QString::fromStdString(gui.getCurrentProgram().name),
+                          EditBoxDialog::Blank::refused, *this);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    connect(dialog, &QDialog::accepted, this,
+            [this, dialog] { commands().postChangeProgramName(dialog->getText().toStdString()); });
+    dialog->open();
+}
+
+/// Ends editing and gives the focus back to playing.
+void StagePanel::leave()
+{
+    if (QWidget* edit = window()->focusWidget()) edit->clearFocus();
+    gui.setFocus();
+}
+
+// --- the status line
+
+void StagePanel::handleMidiInputPortsChanged(const MidiInputPorts& ports)
+{
+    QStringList names;
+    for (const auto& port : ports)
+        names << (port.enabled && port.found ? QString::fromStdString(port.getName()) : QString());
+    inputs->setPorts(names);
+}
+
+void StagePanel::handleOutputChanged() { showStatus(); }
+
+void StagePanel::handleRetroRecordEnabledChanged(bool on) { record->showRecording(on); }
+
+void StagePanel::handleRetroRecordFillChanged(int percent) { record->showFill(percent); }
+
+void StagePanel::handleHostStatus(const HostStatus& newStatus)
+{
+    host = newStatus;
+    inputs->flash(host.activeInputs);
+    if (host.pulse >= 0) beat->showClock(host.pulse, gui.getCurrentProgram().tempo);
+    showStatus();
+}
+
+void StagePanel::displayMidiOutputEvent() { output->flash(1); }
+
+void StagePanel::showKeyTarget(KeyTarget target) { badge->show(target); }
+
+void StagePanel::showMessage(const QString& text) { status->showMessage(text); }
+
+void StagePanel::showStatus()
+{
+    const int index = gui.getDefaultMidiOutput();
+    QStringList parts{
+        tr("Output: %1").arg(index < 0 ? tr("none") : QString::fromStdString(gui.getMidiOutputName(index)))};
+    if (!host.system.empty()) parts << QString::fromStdString(host.system);
+    status->showState(parts.join(QStringLiteral("   ")));
+    status->showTrouble(findTrouble());
+}
+
+/// Why nothing can be heard, and where that is put right; empty if nothing is wrong.
+QString StagePanel::findTrouble() const
+{
+    const auto& ports = gui.getMidiOutputPorts();
+    const int index = gui.getDefaultMidiOutput();
+    if (index < 0 || static_cast<std::size_t>(index) >= ports.size()) return tr("No output is chosen. Setup");
+    const auto& port = ports[static_cast<std::size_t>(index)];
+    const QString name = QString::fromStdString(port.getName());
+    if (!port.enabled) return tr("No sound: the output \"%1\" is switched off. Setup").arg(name);
+    if (port.found && !port.couldNotOpen) return {};
+    if (!host.trouble.empty()) return tr("No sound: %1. Setup").arg(QString::fromStdString(host.trouble));
+    return port.found ? tr("No sound: \"%1\" could not be opened. Setup").arg(name)
+                      : tr("No sound: \"%1\" is not plugged in. Setup").arg(name);
+}
+}  // namespace Gui::System

@@ -1,0 +1,89 @@
+#pragma once
+
+#include <QString>
+
+#include "api/HostStatus.h"
+#include "backend/model/MidiPort.h"
+#include "gui/framework/KeyTarget.h"
+#include "gui/framework/Panel.h"
+
+class QPushButton;
+
+namespace Backend
+{
+class OrvMessageManager;
+struct Bank;
+struct Program;
+}  // namespace Backend
+
+namespace Gui
+{
+class ActivityLights;
+class OrvGuiIF;
+class PopupMenu;
+}  // namespace Gui
+
+namespace Gui::System
+{
+class BeatLight;
+class KeyBadge;
+class ProgramButton;
+class RecordGauge;
+class StatusText;
+class TempoEdit;
+
+/// The two upper rows of the system screen, which never scroll away. The first one has what is needed on a stage:
+/// program, tempo and RESET. The second one, the status line, says where the keys go, whether sound goes out, what is
+/// wrong and what was done.
+class StagePanel final : public Panel
+{
+public:
+    StagePanel(OrvGuiIF& owner, const GdiManager& manager, QWidget* parent);
+
+    // Changes that the backend and the host report
+    void handleBankChanged(const Backend::Bank& bank);
+    void handleProgramChanged(const Backend::Program& program);
+    void handleMidiInputPortsChanged(const Backend::MidiEngine::MidiInputPorts& ports);
+    /// The output ports or the default output.
+    void handleOutputChanged();
+    void handleRetroRecordEnabledChanged(bool on);
+    void handleRetroRecordFillChanged(int percent);
+    void handleHostStatus(const HostStatus& status);
+    void displayMidiOutputEvent();
+
+    void showKeyTarget(KeyTarget target);
+    /// What was done, for three seconds.
+    void showMessage(const QString& text);
+
+    /// Opens below the name, or at the pointer while the panel is hidden, and returns at once.
+    void showProgramList();
+
+private:
+    void addProgram();
+    void addTempo();
+    void addReset();
+    void addStatusLine();
+    template <class Control>
+    Control* add(Control* control, const QRect& rectangle, const QString& name, const QString& help);
+
+    Backend::OrvMessageManager& commands() const;
+    void showProgram();
+    void showProgramMenu(const QPoint& globalPosition);
+    void rename();
+    void showStatus();
+    QString findTrouble() const;
+    void leave();
+
+    OrvGuiIF& gui;
+    HostStatus host;
+    ProgramButton* program = nullptr;  // owned by the panel
+    BeatLight* beat = nullptr;
+    TempoEdit* tempo = nullptr;
+    KeyBadge* badge = nullptr;
+    StatusText* status = nullptr;
+    ActivityLights* inputs = nullptr;
+    ActivityLights* output = nullptr;
+    RecordGauge* record = nullptr;
+    PopupMenu* menu;
+};
+}  // namespace Gui::System
