@@ -82,7 +82,7 @@ class Keys(live.Graph):
         orvane.type(b"\x03")
         self.expect_end(orvane)
         monitor.await_message("80 53")
-        self.assertEqual(orvane.complained, "")
+        self.assertEqual(orvane.complaints, [])
 
     def test_the_terminal_is_as_it_was_after_every_end(self):
         for sent, status in ((signal.SIGTERM, 0), (signal.SIGHUP, 0), (signal.SIGQUIT, -signal.SIGQUIT),

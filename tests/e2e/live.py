@@ -25,8 +25,8 @@ def until(condition, what, patience=PATIENCE):
         time.sleep(0.02)
 
 
-def graph_runs(condition):
-    """Whether it comes true: a busy server may lose the wake-up of a client and hang for good."""
+def comes_true(condition):
+    """A busy server may lose an event, or the wake-up of a client, and hang for good."""
     try:
         until(condition, "the graph", 30)
     except AssertionError:
@@ -91,6 +91,11 @@ class Program:
     def complained(self):
         return self.text(self.err)
 
+    @property
+    def complaints(self):
+        """Without those of a server that hung for a while, as a busy one does."""
+        return [line for line in self.complained.splitlines() if not re.search("JACK server (hangs|runs again)", line)]
+
     def say(self, *lines):
         self.process.stdin.write("".join(line + "\n" for line in lines).encode())
 
@@ -121,7 +126,7 @@ class Server(Program):
         for _ in range(4):
             super().__init__(test, "jackd", "-S", "-r", "-n", test.environment["JACK_DEFAULT_SERVER"], "-d", "dummy",
                              "-r", str(rate), "-p", str(period))
-            if graph_runs(test.is_served):
+            if comes_true(test.is_served):
                 return
             complained = self.complained
             self.clean()
@@ -256,7 +261,7 @@ class Live(Graph):
         monitor = Monitor(self)
         orvane = self.orvane("--client", "X", "--default-output", "Orvane Out", "--connect",
                              "X:Orvane Out=monitor:input", "--connect", "nobody:there=monitor:input")
-        self.assertEqual(orvane.complained.count("\n"), 1, orvane.complained)
+        self.assertEqual(len(orvane.complaints), 1, orvane.complained)
         self.assertIn("nobody:there", orvane.complained)
         messages = ["90 3c 64", "b0 07 7f", "c0 05", "d0 44", "e0 00 40", "a0 3c 01", "fa", "fb", "fc", "f2 01 02",
                     "80 3c 40", "ff"]
@@ -293,7 +298,7 @@ class Live(Graph):
                 self.assertEqual(orvane.end(sent), 0, orvane.complained)
                 until(lambda: not sounding(thru.received) + sounding(direct.received), "the note-offs")
                 until(lambda: [said for said in direct.received if said[0] == "b"][-1] == "b0 40 00", "the pedal")
-                self.assertEqual(orvane.complained, "")
+                self.assertEqual(orvane.complaints, [])
                 keys.clean()
 
     def test_what_was_played_is_saved_by_a_command_and_by_a_signal_and_kept_for_the_next_run(self):
@@ -303,7 +308,7 @@ class Live(Graph):
         until(lambda: "Orvane Out\t1\tNote On\t60 (C4)\t100\nOrvane Synthesizer\t1\tProgram Change" in orvane.printed,
               f"the display, {orvane.printed}")
         orvane.say("record take")
-        until(lambda: orvane.complained.count("\n") == 2, "the takes")
+        until(lambda: len(orvane.complaints) == 2, "the takes")
         orvane.say("play 1 0 -1 144 62 100")
         until(lambda: "62 (D4)" in orvane.printed, "the display")
         self.assertEqual(orvane.end(), 0)

@@ -136,7 +136,7 @@ class Session(live.Graph):
 
         self.assertEqual(self.manager.open(self.folder + "/another")[:3], ("/error", "/nsm/client/open", -8))
         self.end(orvane)
-        self.assertEqual(orvane.complained, "")
+        self.assertEqual(orvane.complaints, [])
 
     def test_what_is_saved_is_there_when_the_session_is_opened_again(self):
         bank = self.bank(self.folder + "/banks/My Bank.bnk", ["First", "Second"])
