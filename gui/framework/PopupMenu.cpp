@@ -1,6 +1,7 @@
 #include "gui/framework/PopupMenu.h"
 
 #include <QAction>
+#include <QKeyEvent>
 
 #include "gui/framework/Properties.h"
 
@@ -68,6 +69,35 @@ void PopupMenu::show(const QPoint& globalPosition)
     popup(globalPosition);
     for (QAction* action : actions())
         if (action->isChecked()) setActiveAction(action);
+}
+
+void PopupMenu::showEvent(QShowEvent* event)
+{
+    typed.clear();
+    QMenu::showEvent(event);
+}
+
+void PopupMenu::keyPressEvent(QKeyEvent* event)
+{
+    const QString text = event->text();
+    const bool chooses = typed.isEmpty() && text == QLatin1String(" ");
+    if (text.isEmpty() || !text.front().isPrint() || chooses) return QMenu::keyPressEvent(event);
+    QAction* found = findItem(typed + text);
+    typed = found != nullptr ? typed + text : text;
+    if (found == nullptr) found = findItem(text);
+    if (found != nullptr) setActiveAction(found);
+}
+
+/// The first one that begins with `text`, or else has a word that does; null if there is none.
+QAction* PopupMenu::findItem(const QString& text) const
+{
+    QAction* other = nullptr;
+    for (QAction* action : actions()) {
+        if (!action->isEnabled()) continue;
+        if (action->text().startsWith(text, Qt::CaseInsensitive)) return action;
+        if (other == nullptr && action->text().contains(' ' + text, Qt::CaseInsensitive)) other = action;
+    }
+    return other;
 }
 
 void PopupMenu::showBelow(const QWidget& control) { show(control.mapToGlobal(QPoint(0, control.height()))); }

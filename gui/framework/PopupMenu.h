@@ -7,7 +7,8 @@
 
 namespace Gui
 {
-/// A menu drawn by the skin. `show` returns at once; the choice is reported later. The GUI thread.
+/// A menu drawn by the skin. `show` returns at once; the choice is reported later. Typing selects the item whose text
+/// begins so, or has a word that does. The GUI thread.
 class PopupMenu : public QMenu
 {
 public:
@@ -38,7 +39,14 @@ public:
     void show(const QPoint& globalPosition);
     void showBelow(const QWidget& control);
 
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+
 private:
     QAction* markSelected(int id);
+    QAction* findItem(const QString& text) const;
+
+    QString typed;  // since it was shown, or since nothing matched
 };
 }  // namespace Gui

@@ -36,6 +36,11 @@ TEST_F(PopupMenus, ReportWhatWasChosenAlsoInASubmenu)
     choose("Grand");
     EXPECT_EQ(chosen, 40);
 
+    show();
+    QTest::keyClicks(&menu, "r");
+    QTest::keyClick(&menu, Qt::Key_Return);
+    EXPECT_EQ(chosen, 0) << "found by typing";
+
     menu.clear();
     settle();
     EXPECT_TRUE(menu.actions().isEmpty());
