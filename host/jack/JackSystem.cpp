@@ -1,6 +1,7 @@
 #include "host/jack/JackSystem.h"
 
 #include <chrono>
+#include <cmath>
 #include <stdexcept>
 #include <thread>
 #include <utility>
@@ -45,7 +46,8 @@ std::string JackSystem::status() const
     if (!client) return "no JACK server";
     if (hangs) return "JACK server hangs";
     return "JACK " + std::to_string(jack_get_sample_rate(client.get())) + " Hz, " +
-           std::to_string(jack_get_buffer_size(client.get())) + " frames, " + std::to_string(callbacks.getXruns()) +
+           std::to_string(jack_get_buffer_size(client.get())) + " frames, load " +
+           std::to_string(std::lround(jack_cpu_load(client.get()))) + " %, " + std::to_string(callbacks.getXruns()) +
            " xruns";
 }
 
