@@ -21,34 +21,34 @@ std::array<Brush, sizeof...(ROLE)> makeBrushes(const GdiManager::Palette& palett
 
 struct FontRow {
     const char* face;
-    int height;
     Font::Weight weight = Font::Weight::normal;
 };
 
 using enum Font::Weight;
-constexpr std::array<FontRow, GdiManager::FONTS> FONT_TABLE{{{"Small Fonts", -7},
-                                                             {"Small Fonts", -8, bold},
-                                                             {"Small Fonts", -8},
-                                                             {"Microsoft Sans Serif", 14},
-                                                             {"MS Sans Serif", -8, bold},
-                                                             {"Microsoft Sans Serif", -11, bold},
-                                                             {"Tahoma", -11, bold},
-                                                             {"MS Sans Serif", -14},
-                                                             {"Tahoma", -11},
-                                                             {"System", -8, bold},
-                                                             {"Arial", 12},
-                                                             {"Arial", -72, bold},
-                                                             {"Arial", -32, bold},
-                                                             {"Arial", -24, bold}}};
+constexpr std::array<FontRow, GdiManager::FONTS> FONT_TABLE{{{"Small Fonts"},
+                                                             {"Small Fonts", bold},
+                                                             {"Small Fonts"},
+                                                             {"Microsoft Sans Serif"},
+                                                             {"MS Sans Serif", bold},
+                                                             {"Microsoft Sans Serif", bold},
+                                                             {"Tahoma", bold},
+                                                             {"MS Sans Serif"},
+                                                             {"Tahoma"},
+                                                             {"System", bold},
+                                                             {"Arial"},
+                                                             {"Arial", bold},
+                                                             {"Arial", bold},
+                                                             {"Arial", bold}}};
 
 Colour of(const GdiManager::Palette& palette, GdiManager::Role role) { return palette[static_cast<std::size_t>(role)]; }
 }  // namespace
 
-GdiManager::GdiManager(const Palette& palette)
-    : brushes(makeBrushes(palette, std::make_index_sequence<ROLES>{})),
-      greenPen(2, of(palette, Role::greenPen)),
-      greenPen2(1, of(palette, Role::unusedButton)),
-      blackPen(2, of(palette, Role::background)),
+GdiManager::GdiManager(const Skin& skin)
+    : sizes(&skin.sizes),
+      brushes(makeBrushes(skin.palette, std::make_index_sequence<ROLES>{})),
+      greenPen(2, of(skin.palette, Role::greenPen)),
+      greenPen2(1, of(skin.palette, Role::unusedButton)),
+      blackPen(2, of(skin.palette, Role::background)),
       redCursor(LIGHT_RED)
 {
     makeFonts();
@@ -57,15 +57,17 @@ GdiManager::GdiManager(const Palette& palette)
 void GdiManager::makeFonts()
 {
     for (std::size_t i = 0; i < FONTS; ++i)
-        fonts[i] = std::make_shared<const Font>(FONT_TABLE[i].face, px(FONT_TABLE[i].height), FONT_TABLE[i].weight);
+        fonts[i] = std::make_shared<const Font>(FONT_TABLE[i].face, px((*sizes)[i]), FONT_TABLE[i].weight);
 }
 
-void GdiManager::setPalette(const Palette& palette)
+void GdiManager::setSkin(const Skin& skin)
 {
-    brushes = makeBrushes(palette, std::make_index_sequence<ROLES>{});
-    greenPen = WindowsLib::Pen(2, of(palette, Role::greenPen));
-    greenPen2 = WindowsLib::Pen(1, of(palette, Role::unusedButton));
-    blackPen = WindowsLib::Pen(2, of(palette, Role::background));
+    brushes = makeBrushes(skin.palette, std::make_index_sequence<ROLES>{});
+    greenPen = WindowsLib::Pen(2, of(skin.palette, Role::greenPen));
+    greenPen2 = WindowsLib::Pen(1, of(skin.palette, Role::unusedButton));
+    blackPen = WindowsLib::Pen(2, of(skin.palette, Role::background));
+    sizes = &skin.sizes;
+    makeFonts();
 }
 
 void GdiManager::setScale(double factor)

@@ -105,17 +105,42 @@ public:
                                    WindowsLib::rgb(205, 225, 250),
                                    WindowsLib::rgb(0, 80, 0)};
 
+    /// The roles of fonts: `font1` to `font9`, and those for special sizes.
+    enum class FontRole : std::size_t {
+        font1,
+        font2,
+        font3,
+        font4,
+        font5,
+        font6,
+        font7,
+        font8,
+        font9,
+        big,
+        small,
+        large,
+        stageName,  ///< of the program
+        stageTempo
+    };
+    static constexpr std::size_t FONTS = 14;
+    /// The heights of the fonts by role, in logical pixels: below 0 of the letters, above 0 of the line.
+    using FontSizes = std::array<int, FONTS>;
+    static constexpr FontSizes SIZES{-7, -8, -8, 14, -8, -11, -11, -14, -11, -8, 12, -72, -32, -24};
+    /// Where there is room, larger.
+    static constexpr FontSizes LARGER_SIZES{-8, -9, -9, 15, -9, -12, -12, -15, -12, -9, 13, -72, -36, -26};
+
     struct Skin {
         const char* name;
         const Palette& palette;
+        const FontSizes& sizes;
     };
     static constexpr std::array<Skin, 3> SKINS{
-        {{"Classic", PALETTE}, {"High contrast", HIGH_CONTRAST}, {"Light", LIGHT}}};
+        {{"Classic", PALETTE, SIZES}, {"High contrast", HIGH_CONTRAST, LARGER_SIZES}, {"Light", LIGHT, SIZES}}};
 
-    explicit GdiManager(const Palette& palette = PALETTE);
+    explicit GdiManager(const Skin& skin = SKINS[0]);
 
-    /// Another palette or scale, 1 for 100 percent. The windows have to be skinned and laid out again.
-    void setPalette(const Palette& palette);
+    /// Another skin or scale, 1 for 100 percent. The windows have to be skinned and laid out again.
+    void setSkin(const Skin& skin);
     void setScale(double factor);
 
     double getScale() const { return scale; }
@@ -136,24 +161,6 @@ public:
     const WindowsLib::Pen& getBlackPen() const { return blackPen; }
     const WindowsLib::Cursor& getRedCursor() const { return redCursor; }
 
-    /// The roles of fonts: `font1` to `font9`, and those for special sizes.
-    enum class FontRole : std::size_t {
-        font1,
-        font2,
-        font3,
-        font4,
-        font5,
-        font6,
-        font7,
-        font8,
-        font9,
-        big,
-        small,
-        large,
-        stageName,  ///< of the program
-        stageTempo
-    };
-    static constexpr std::size_t FONTS = 14;
     const QFont& getFont(FontRole role) const { return fonts[static_cast<std::size_t>(role)]->getHandle(); }
 
     enum class Edge { plain, smooth };
@@ -179,6 +186,7 @@ private:
     void makeFonts();
 
     double scale = 1;
+    const FontSizes* sizes;
     std::array<WindowsLib::Brush, ROLES> brushes;
     WindowsLib::Pen greenPen;
     WindowsLib::Pen greenPen2;

@@ -1,5 +1,6 @@
 #include "gui/framework/Look.h"
 
+#include <QLinearGradient>
 #include <QPainter>
 #include <QPolygonF>
 #include <QTransform>
@@ -71,6 +72,14 @@ void drawFrame(QPainter& painter, const GdiManager& gdi, const QRect& rectangle,
 void drawFocus(QPainter& painter, const GdiManager& gdi, const QRect& rectangle)
 {
     drawRing(painter, rectangle, 2 * gdi.getScale(), gdi.getColour(Role::text));
+}
+
+void drawMetal(QPainter& painter, const QRect& rectangle)
+{
+    QLinearGradient metal(rectangle.topLeft(), rectangle.bottomLeft());
+    metal.setColorAt(0, WindowsLib::toQColor(GdiManager::LIGHT_GREY));
+    metal.setColorAt(1, WindowsLib::toQColor(GdiManager::DARK_DARK_GREY));
+    painter.fillRect(rectangle, metal);
 }
 
 QColor inkOn(const QColor& fill)

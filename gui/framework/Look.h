@@ -20,6 +20,9 @@ void drawFrame(QPainter& painter, const GdiManager& gdi, const QRect& rectangle,
 /// Marks the control that has the keyboard focus: a ring of two pixels.
 void drawFocus(QPainter& painter, const GdiManager& gdi, const QRect& rectangle);
 
+/// The metal of a window's border, lit from above.
+void drawMetal(QPainter& painter, const QRect& rectangle);
+
 /// What is drawn on this colour: black or white.
 QColor inkOn(const QColor& fill);
 

@@ -13,6 +13,7 @@
 #include "api/OrvGuiIF.h"
 #include "api/OrvMessageManager.h"
 #include "backend/files/RegistrySettings.h"
+#include "gui/framework/DialogFrame.h"
 #include "gui/framework/GuiMessageManagerMaster.h"
 #include "gui/framework/Panel.h"
 #include "gui/framework/PopupMenu.h"
@@ -212,16 +213,17 @@ void MainWindow::setScreenState(const ScreenState& state)
 void MainWindow::fit()
 {
     if (view == nullptr) return;  // it is being made
-    const bool compact = !column->hasShownChild();
-    for (auto* button : {resetButton, thruButton, keyboardButton}) button->setVisible(compact);
+    const bool compact = isCompact();
+    const bool hasButtons = !stagePanel->isShown();
+    for (auto* button : {resetButton, thruButton, keyboardButton}) button->setVisible(hasButtons);
     view->setVisible(!compact);
-    if (compact) {
+    if (hasButtons) {
         setMidiThru(gui.getRegistrySettings().getMidiThru());
         setGlobalKeyboard(gui.getRegistrySettings().getGlobalKeyboard());
     }
     const GdiManager& gdi = gui.getGdiManager();
     const QSize needed =
-        compact ? gdi.px(COMPACT) : QSize(gdi.px(WIDTH), getStageHeight() + column->height() + 2 * gdi.px(MARGIN));
+        compact ? gdi.px(COMPACT) : QSize(gdi.px(WIDTH), getHeadHeight() + column->height() + 2 * gdi.px(MARGIN));
     if (needed != lastSize) {
         const QSize before = lastSize;
         lastSize = needed;
@@ -231,10 +233,11 @@ void MainWindow::fit()
     layOut();
 }
 
-/// With the gap below it.
-int MainWindow::getStageHeight() const
+/// Of what never scrolls away: the upper rows of the system screen with the gap below them, or the three buttons.
+int MainWindow::getHeadHeight() const
 {
-    return stagePanel->isShown() ? stagePanel->height() + gui.getGdiManager().px(GAP) : 0;
+    const GdiManager& gdi = gui.getGdiManager();
+    return stagePanel->isShown() ? stagePanel->height() + gdi.px(GAP) : gdi.px(COMPACT.height()) - gdi.px(MARGIN);
 }
 
 void MainWindow::layOut()
@@ -243,7 +246,7 @@ void MainWindow::layOut()
     const int margin = gdi.px(MARGIN);
     const int left = std::max(0, (width() - gdi.px(WIDTH)) / 2) + margin;
     stagePanel->move(left, margin);
-    const int top = margin + getStageHeight();
+    const int top = margin + getHeadHeight();
     view->setGeometry(left, top, std::max(0, std::min(width() - left, gdi.px(WIDTH) - margin)),
                       std::max(0, height() - top - margin));
     for (auto* button : {resetButton, thruButton, keyboardButton})
@@ -342,10 +345,19 @@ void MainWindow::showHelpOf(const QWidget& control)
 bool MainWindow::eventFilter(QObject* object, QEvent* event)
 {
     if (event->type() == QEvent::Resize && object == parentWidget()) resize(parentWidget()->size());
+    if (auto* dialog = qobject_cast<QDialog*>(object);
+        dialog != nullptr && event->type() == QEvent::Polish && isWithin(*dialog, *this))
+        frameDialog(*dialog);
     if (event->type() != QEvent::Enter && event->type() != QEvent::FocusIn) return false;
     const auto* widget = qobject_cast<QWidget*>(object);
     if (widget != nullptr && (widget->window() == window() || isWithin(*widget, *this))) showHelpOf(*widget);
     return false;
+}
+
+/// As the window is framed.
+void MainWindow::frameDialog(QDialog& dialog) const
+{
+    if (gui.getRegistrySettings().getUseSkinBorder()) DialogFrame::addTo(dialog, gui.getGdiManager());
 }
 
 bool MainWindow::hasDialog() const

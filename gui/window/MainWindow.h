@@ -11,6 +11,7 @@
 #include "gui/framework/KeyTarget.h"
 #include "gui/window/ZoneGuiMessageManager.h"
 
+class QDialog;
 class QPushButton;
 
 namespace Gui
@@ -42,9 +43,10 @@ class StagePanel;
 class SystemPanel;
 }  // namespace System
 
-/// The window itself: the screens in one column, or three buttons while no screen is shown, and the computer keyboard
-/// that plays in it. Its natural size follows its screens; with less height the column scrolls below the upper rows of
-/// the system screen, with more width it is centred. The GUI thread.
+/// The window itself: the screens in one column, and the computer keyboard that plays in it. Three buttons, with reset
+/// among them, stand where the system screen is hidden, and alone while no screen is shown. Its natural size follows
+/// its screens; with less height the column scrolls below the upper rows of the system screen, with more width it is
+/// centred. The GUI thread.
 class MainWindow final : public QWidget
 {
 public:
@@ -113,10 +115,11 @@ private:
     void makePanels();
     void fit();
     void layOut();
-    int getStageHeight() const;
+    int getHeadHeight() const;
     void showScreenMenu(const QPoint& globalPosition);
     void showKeyTarget(KeyTarget target);
     void showHelpOf(const QWidget& control);
+    void frameDialog(QDialog& dialog) const;
     Panel* panelOf(Backend::Screen screen) const;
 
     OrvGuiIF& gui;

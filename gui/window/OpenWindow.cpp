@@ -56,7 +56,7 @@ void OpenWindow::applyLook()
     if (skin == shownSkin && scale == gdi.getScale()) return;
     const bool isOtherScale = scale != gdi.getScale();
     shownSkin = skin;
-    gdi.setPalette(GdiManager::SKINS[static_cast<std::size_t>(skin)].palette);
+    gdi.setSkin(GdiManager::SKINS[static_cast<std::size_t>(skin)]);
     gdi.setScale(scale);
     skinner.refresh(*main);
     if (isOtherScale) main->rescale();
@@ -86,8 +86,10 @@ void OpenWindow::restorePosition() const
 {
     const auto& settings = gui.getRegistrySettings();
     const auto last = settings.getLastWindowPosition();
-    const int height = main->window()->frameGeometry().height();
-    const QPoint place(last.left, settings.getDockToBottomEdge() ? last.bottom - height : last.top);
+    const auto height = [this] { return main->window()->frameGeometry().height(); };
+    const int cut = height() - (last.bottom - last.top);
+    if (last.bottom > last.top && cut > 0) parent.heightChosen(main->height() - cut);
+    const QPoint place(last.left, settings.getDockToBottomEdge() ? last.bottom - height() : last.top);
     if (place.x() >= 0 && place.y() >= 0 && QGuiApplication::screenAt(place) != nullptr)
         parent.moveWindow(to(place.x()), to(place.y()));
 }
@@ -100,7 +102,9 @@ void OpenWindow::move(const Backend::WindowMove& move) const
 
 WindowsLib::Rect OpenWindow::getPosition() const
 {
-    const QRect frame = main->window()->frameGeometry();
+    const QWidget& top = *main->window();
+    const bool fillsScreen = top.isMaximized() || top.isFullScreen();
+    const QRect frame = fillsScreen ? top.normalGeometry() : top.frameGeometry();
     return {frame.left(), frame.top(), frame.left() + frame.width(), frame.top() + frame.height()};
 }
 

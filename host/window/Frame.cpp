@@ -102,6 +102,12 @@ QSize Frame::getRoom() const
     return all - QSize(around.left() + around.right(), around.top() + around.bottom());
 }
 
+void Frame::heightChosen(int height)
+{
+    chosenHeight = height;
+    fit();
+}
+
 /// A window is never wider than the desktop: what is beside it could not be reached.
 int Frame::fitScale(int percent, int width, int newHeight)
 {
@@ -130,6 +136,13 @@ void Frame::fit()
     resize(QSize(inside.width(), std::min(wanted, tallest)).grownBy(around));
     isFitting = false;
     placeContent();
+    keepReachable();
+}
+
+/// It may have been left on a larger desktop.
+void Frame::showEvent(QShowEvent* event)
+{
+    QWidget::showEvent(event);
     keepReachable();
 }
 

@@ -40,6 +40,7 @@ public:
     QWidget* getWidget() override { return content; }
     void windowResized(int width, int height) override;
     int fitScale(int percent, int width, int height) override;
+    void heightChosen(int height) override;
     void moveWindow(const RelativeFixedValue& x, const RelativeFixedValue& y) override;
     void keysPlayChanged(bool on) override;
     void alwaysOnTopChanged(bool on) override { setFlag(Qt::WindowStaysOnTopHint, on); }
@@ -48,6 +49,7 @@ public:
 protected:
     void paintEvent(QPaintEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
+    void showEvent(QShowEvent* event) override;
     void changeEvent(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;

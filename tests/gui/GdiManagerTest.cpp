@@ -60,7 +60,7 @@ TEST(GdiManager, HaveSkinsThatCanBeRead)
     };
     using enum GdiManager::Role;
     for (const auto& skin : GdiManager::SKINS) {
-        const GdiManager manager(skin.palette);
+        const GdiManager manager(skin);
         const auto colour = [&](GdiManager::Role role) { return manager.getColour(role); };
         for (const auto ink : {text, label, frame, selectedButton, unselectedButton})
             EXPECT_GE(contrast(colour(ink), colour(background)), 4.5) << skin.name;

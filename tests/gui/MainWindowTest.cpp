@@ -45,6 +45,9 @@ TEST_F(MainWindow, IsThreeButtonsWhileNoScreenShows)
     choose("Show the screens");
     EXPECT_TRUE(gui->isScreenShowing(Screen::system)) << "nobody is locked out";
     gui->showScreen(Screen::help, true);
+    gui->showScreen(Screen::system, false);
+    EXPECT_EQ(control<QPushButton>("Reset").text(), "R") << "always there";
+    gui->showScreen(Screen::system, true);
     gui->setCompact(true);
     EXPECT_EQ(size, COMPACT);
     gui->setCompact(false);

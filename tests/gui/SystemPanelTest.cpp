@@ -75,6 +75,7 @@ TEST_F(SystemPanel, AProgramIsRenamedFromItsMenu)
         QApplication::sendEvent(&control("Program"), &event);
         choose("Rename...");
         auto& dialog = *surroundings.findChild<QDialog*>();
+        EXPECT_TRUE(dialog.windowFlags().testFlag(Qt::FramelessWindowHint)) << "its frame is the window's";
         replaceText(*dialog.findChild<QLineEdit*>(), name);
         QTest::keyClick(&dialog, Qt::Key_Return);
         surroundings.activateWindow();

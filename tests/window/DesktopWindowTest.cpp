@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QElapsedTimer>
+#include <QScreen>
 
 #include "tests/stage/LiveStage.h"
 #include "tests/stage/TestEvent.h"
@@ -77,4 +78,19 @@ TEST_F(DesktopWindows, FollowTheSettingsOfTheirFrame)
     processEventsUntil([&] { return !is(Qt::FramelessWindowHint); });
     stage.commands().postSetAlwaysOnTop(false);
     processEventsUntil([&] { return !is(Qt::WindowStaysOnTopHint); });
+}
+
+TEST_F(DesktopWindows, OpenAsTheyWereLeftAndWhollyOnTheDesktop)
+{
+    auto window = openWindow();
+    window->getFrame().heightChosen(300);
+    const QRect left = window->getFrame().geometry();
+    window.reset();
+    window = openWindow();
+    EXPECT_EQ(window->getFrame().geometry(), left);
+    const QRect room = window->getFrame().screen()->availableGeometry();
+    window->getFrame().move(room.bottomRight() - QPoint(50, 50));
+    window.reset();
+    window = openWindow();
+    EXPECT_EQ(window->getFrame().frameGeometry().bottom(), room.bottom());
 }
