@@ -1,4 +1,5 @@
 #include "gui/framework/Properties.h"
+#include "backend/messages/SettingMessages.h"
 #include "tests/gui/DialogHands.h"
 
 /// What is wrong with the controls that are seen, a line each: no help, or a text that is cut off.
@@ -29,8 +30,12 @@ TEST_F(ControlNames, OfTheSystemPanelHaveHelpAndRoomForTheirTexts)
         const auto* accessible = QAccessible::queryAccessibleInterface(candidate);
         EXPECT_FALSE(accessible->text(QAccessible::Name).isEmpty()) << candidate->metaObject()->className();
     }
-    for (const char* part : {"Tempo", "Files", "Computer keyboard", "Music keyboard"})
-        EXPECT_EQ(unhelpfulOrCutOff(*control(part).parentWidget()), "") << part;
+    for (const int skin : {0, 1}) {
+        commands().postSetting(Backend::SETTING<Backend::Settings::SKIN>(skin));
+        settle();
+        for (const char* part : {"Tempo", "Files", "Computer keyboard", "Music keyboard"})
+            EXPECT_EQ(unhelpfulOrCutOff(*control(part).parentWidget()), "") << part << skin;
+    }
 }
 
 TEST_F(ControlNames, OfTheSetupHaveHelpAndRoomForTheirTexts)
