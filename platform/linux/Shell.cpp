@@ -52,7 +52,7 @@ OpenedDocument::OpenedDocument(const std::string& path)
     }
     std::string shell = "/bin/sh";
     std::string option = "-c";
-    std::string script = R"("$0" "$1" >/dev/null; echo $?)";
+    std::string script = R"("$0" "$1" >/dev/null; printf %s $?)";
     std::string document = path;
     char* const arguments[] = {shell.data(), option.data(), script.data(), program.data(), document.data(), nullptr};
     int streams[2];
