@@ -3,6 +3,8 @@
 #include <jack/metadata.h>
 
 #include "host/common/InputError.h"
+#include "host/jack/SharedMemory.h"
+
 namespace Host
 {
 namespace
@@ -73,7 +75,9 @@ JackClient openJackClient(const std::string& name)
 {
     jack_set_error_function(printNothing);
     jack_set_info_function(printNothing);
-    return JackClient(jack_client_open(name.c_str(), JackNoStartServer, nullptr));
+    JackClient client(jack_client_open(name.c_str(), JackNoStartServer, nullptr));
+    if (client) unlockJackMemory();
+    return client;
 }
 
 std::size_t longestClientName() { return static_cast<std::size_t>(jack_client_name_size()) - 1; }
