@@ -8,11 +8,13 @@
 #include "apps/orvane/RenderCommand.h"
 #include "apps/orvane/RunCommand.h"
 #include "host/common/InputError.h"
+#include "platform/ThreadStack.h"
 
 namespace
 {
 constexpr int INVALID_INPUT = 2;
 constexpr int FAILED = 1;
+constexpr std::size_t THREAD_STACK = 1024 * 1024;  // of which a thread touches some ten KB
 
 int reportError(std::string line, int exitStatus)
 {
@@ -45,6 +47,7 @@ int execute(int argc, char** argv)
 
 int main(int argc, char** argv)
 {
+    setThreadStack(THREAD_STACK);
     try {
         return execute(argc, argv);
     } catch (const Host::InputError& error) {
