@@ -1,6 +1,7 @@
 #include "host/window/RunWithWindow.h"
 
 #include <QApplication>
+#include <QFontMetrics>
 #include <chrono>
 #include <clocale>
 #include <filesystem>
@@ -43,6 +44,9 @@ private:
     int count = 3;
     QApplication application;
 };
+
+/// Reads the system's list of fonts, which takes about as long as opening the MIDI system, so it is done meanwhile.
+void loadFonts() { QFontMetrics(QApplication::font()).horizontalAdvance(QLatin1Char('A')); }
 
 bool isNothingButFiles(const RunOptions& options)
 {
@@ -137,6 +141,7 @@ int runWithWindow(const RunOptions& options, const std::string& platform)
             helpLine.show(line);
         },
         &leaveEventLoop);
+    loadFonts();
     playWithWindow(play, instance.get(), helpLine, options);
     play.end();
     return 0;
