@@ -41,5 +41,8 @@ public:
     /// called at most once in a time slice, and must not wait. A host with a time of its own overrides it, the default
     /// is the system's.
     virtual std::uint32_t getMilliseconds();
+
+    /// The engine rests (`OrvIF::tryRest`) and now has something to play: the next slice is due at once. Any thread.
+    virtual void wakeClock() {}
 };
 }  // namespace Backend::MidiEngine

@@ -510,8 +510,8 @@ public:
     /// translations, zones and layers, to `MidiPlayer::playMidi`, on the calling thread. Before it returns it may wait
     /// for the lock of the slices. One caller at a time for each input; outside a slice.
     ///
-    /// False if that is not possible: the event executes a function, the input is disabled, no slice was played yet, or
-    /// an earlier event of the input has not been played. Then the caller posts it with
+    /// False if that is not possible: the event executes a function, the input is disabled, no slice was played yet,
+    /// the engine rests, or an earlier event of the input has not been played. Then the caller posts it with
     /// `OrvMessageManager::postProcessMidiInputEvent`, or, if it lost the event,
     /// `OrvMessageManager::postMidiInputEventLost`: one post for each event that got false, in the order of the events.
     /// Until all that they made has been played, every later event of that input gets false too.
@@ -520,5 +520,10 @@ public:
     /// [backend] A beat is tapped now: from the second of several taps in time, the tempo follows them. Ignored while
     /// the tempo comes from an input.
     virtual void tapTempo() = 0;
+
+    /// Between two slices, on their thread. True if there is nothing to play until an event or a command comes. Then
+    /// the next slice may come later than usual: until it begins, `playMidiInputEvent` returns false for every event,
+    /// and `MidiPlayer::wakeClock` is called as soon as there is something to play.
+    virtual bool tryRest() = 0;
 };
 }  // namespace Backend

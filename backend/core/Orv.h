@@ -191,6 +191,7 @@ public:
     Display::DisplayMessageManager& getDisplayMessageManager() override { return display.getMessageManager(); }
     Bank& getBank() override { return onBackendThread(bank); }
     Program& getProgram() override { return onBackendThread(program); }
+    bool tryRest() override { return midiEngine.tryRest(); }
     void playTimeSlice(std::int32_t startPpq, std::int32_t endPpq) override
     {
         midiEngine.playTimeSlice(startPpq, endPpq);

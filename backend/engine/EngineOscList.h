@@ -40,6 +40,9 @@ public:
         for (EngineOscillator* oscillator : playing) oscillator->step(slice, engine, pulses);
     }
 
+    /// No oscillator plays, and no stop value is to be played.
+    bool isIdle() const { return playing.empty() && starting.empty(); }
+
 private:
     void gatherPlaying();
     void playStopValues(MidiEngine::Slice& slice, MidiEngine::MidiEngine& engine);

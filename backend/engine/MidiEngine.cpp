@@ -41,6 +41,7 @@ std::int32_t MidiEngine::milliseconds2Ppq(double milliseconds, int tempo)
 {
     const Locked lock(criticalSection);
     timedEvents.push_back(event);
+    endRest();
 }
 
 void MidiEngine::setMidiInputPorts(MidiInputPorts ports)
@@ -210,6 +211,7 @@ void MidiEngine::setOscPlaying(Oscillators::OscId id, bool playing)
             showOscValue(slice, id, stopValue);
         }
         oscillators.setPlaying(*oscillator, playing);
+        endRest();
     }
     finish(slice);
 }

@@ -68,6 +68,8 @@ public:
 
     /// See `OrvIF::playTimeSlice`. The player's thread.
     void playTimeSlice(std::int32_t startPpq, std::int32_t endPpq) EXCLUDES(criticalSection);
+    /// See `OrvIF::tryRest`. The player's thread.
+    bool tryRest() EXCLUDES(criticalSection);
 
     /// See `OrvIF::playMidiInputEvent` and `OrvIF::deferMidiInputEvent`.
     bool playMidiInputEvent(const OrvMidiMessage& event) EXCLUDES(criticalSection);
@@ -274,6 +276,10 @@ private:
         REQUIRES(criticalSection);
     void startLive(Slice& slice, const OrvMidiMessage& event) REQUIRES(criticalSection);
     void requeue() REQUIRES(criticalSection);
+    void endRest() REQUIRES(criticalSection)
+    {
+        if (resting) midiPlayer.wakeClock();
+    }
     static void finish(Slice& slice);
     [[gnu::noinline]] static void report(std::span<const Slice::Drop> drops);
 
@@ -345,6 +351,7 @@ private:
     Oscillators::EngineOscList oscillators GUARDED_BY(criticalSection);
     RandomSource random GUARDED_BY(criticalSection);
     std::int32_t startTime GUARDED_BY(criticalSection) = -1;      // of the arpeggios' grid
+    bool resting GUARDED_BY(criticalSection) = false;             // until the next slice
     Layers::PulseSpan arpeggiosIdle GUARDED_BY(criticalSection);  // the pulses in which no arpeggio does anything
     Zones::EngineZones zones GUARDED_BY(criticalSection);
     PressMemory presses GUARDED_BY(criticalSection);

@@ -89,6 +89,7 @@ void MidiEngine::queueReset(const OrvMidiMessage& order, ResetRequest& request)
         midiPlayer.setTempoSource(-1);
     }
     timedEvents.push_back(order);
+    endRest();
     resetRequests.push_back(&request);
     ++resetsWaiting;
     if (request.waiter != nullptr) request.waiter->setWaiting(true);

@@ -30,6 +30,7 @@ void MidiEngine::playTimeSlice(std::int32_t startPpq, std::int32_t endPpq)
     {
         const PlayLock lock(criticalSection, longestHold);
         timeSlicesRunning = true;
+        resting = false;
         drain(slice, endPpq);
         walk(slice, startPpq, endPpq);
         requeue();
@@ -38,6 +39,13 @@ void MidiEngine::playTimeSlice(std::int32_t startPpq, std::int32_t endPpq)
         slice.drops.swap(drops);
     }
     finish(slice);
+}
+
+bool MidiEngine::tryRest()
+{
+    const PlayLock lock(criticalSection, longestHold);
+    resting = timedEvents.empty() && oscillators.isIdle() && arpeggiosIdle.until == ArpeggioManagement::Arpeggio::NEVER;
+    return resting;
 }
 
 bool MidiEngine::playMidiInputEvent(const OrvMidiMessage& event)
@@ -55,10 +63,11 @@ bool MidiEngine::playMidiInputEvent(const OrvMidiMessage& event)
     return true;
 }
 
-/// Plays an event of an input as the next slice would. False, with nothing done, if it has to take the other way.
+/// Plays an event of an input as the next slice would. False, with nothing done, if it has to take the other way. While
+/// the engine rests, the pulse of the last slice is long over.
 bool MidiEngine::playLive(Slice& slice, const OrvMidiMessage& event)
 {
-    if (nextPulse == NO_PULSE || deferred.hasAny(event.getInput())) return false;
+    if (nextPulse == NO_PULSE || resting || deferred.hasAny(event.getInput())) return false;
     const OrvMidiMessage received = MidiInput::MidiEventConfigurationMap::asReceived(event);
     if (keepNotes && liveInputs.getTranslations().knows(received)) return releaseLive(slice, event, received);
     const LiveInputs::Way way = liveInputs.findWay(received);

@@ -16,6 +16,8 @@ namespace
 constexpr std::int64_t NANOSECONDS = 1'000'000'000;
 constexpr auto TICK = 1ms;
 constexpr auto MOST_TO_CATCH_UP = 100ms;  // 200 pulses at the highest tempo
+constexpr auto UNTIL_REST = 1s;
+constexpr auto REST = 20ms;
 constexpr auto STAND_BY_INTERVAL = 50ms;
 constexpr auto LONGEST_SILENCE = 500ms;
 constexpr int PERIODS_TO_RESUME = 3;  // a server that hung may run two at once, and then the first is lost
@@ -226,8 +228,10 @@ void Clock::handBack()
 
 void Clock::tick()
 {
-    nextTick += TICK;
-    std::this_thread::sleep_until(nextTick);
+    if (!rest()) {
+        nextTick += TICK;
+        std::this_thread::sleep_until(nextTick);
+    }
     const Time now = std::chrono::steady_clock::now();
     if (now - nextTick > TICK) slices.noteLate(1);
     nextTick = std::max(nextTick, now - TICK);
@@ -237,7 +241,19 @@ void Clock::tick()
     slices.play(takeDuePulses(now));
     const bool played = player.takePlayed();
     owner.leave();
-    if (played) afterSlice();
+    if (!played) return;
+    lastPlayed = now;
+    afterSlice();
+}
+
+/// True if it rested: then the next slice is due now. A clock that is sent or followed needs every pulse in time.
+bool Clock::rest()
+{
+    if (nextTick - lastPlayed < UNTIL_REST || sendsClock || player.getClockSource() >= 0) return false;
+    if (!tryRestEngine || !tryRestEngine()) return false;
+    player.waitForWork(REST);
+    nextTick = std::chrono::steady_clock::now();
+    return true;
 }
 
 int Clock::takeDuePulses(Time now)

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <functional>
 #include <optional>
+#include <utility>
 
 #include "host/clock/ClockOwner.h"
 #include "host/clock/PeriodInputs.h"
@@ -19,7 +20,8 @@ namespace Host
 {
 /// The host's clock: it plays time slices at the tempo of its tempo controller. In an audio graph the process callback
 /// plays them, one slice per pulse, with the frame of the pulse as its stamp. Without a graph the clock's own thread
-/// plays a slice about every millisecond. That thread also runs beside a graph and takes over at the pulse where the
+/// plays a slice about every millisecond, or a longer one every 20 ms after a second in which nothing was played, while
+/// the engine rests. That thread also runs beside a graph and takes over at the pulse where the
 /// graph stopped. `ClockOwner` says which of the two plays:
 ///
 /// | graph     | entered by                                       | owner of the clock                  |
@@ -41,7 +43,14 @@ public:
     // Control thread
 
     /// The port that a MIDI clock is sent to, null for none. Before the start.
-    void setClockOut(OutputPort* port) { tempo.setClockOut(port); }
+    void setClockOut(OutputPort* port)
+    {
+        sendsClock = port != nullptr;
+        tempo.setClockOut(port);
+    }
+
+    /// Whether the engine rests now (`OrvIF::tryRest`). Without it the clock does not rest. Before the start.
+    void setTryRest(std::function<bool()> tryRest) { tryRestEngine = std::move(tryRest); }
 
     void startOnThread();
     void startInGraph(std::int64_t framesPerSecond);
@@ -104,12 +113,15 @@ private:
     void setFrame(std::uint32_t frame);
     bool synchronise(Time now, std::uint32_t frames);
     void tick();
+    bool rest();
     int takeDuePulses(Time now);
 
     Slices& slices;
     Player& player;
     TempoController tempo{player};
     const std::function<void()> afterSlice;
+    std::function<bool()> tryRestEngine;
+    bool sendsClock = false;
 
     ClockOwner owner;
     std::atomic<bool> stopping{false};
@@ -135,6 +147,7 @@ private:
     PulseClock timePulses;
     Time lastTick;
     Time nextTick;
+    Time lastPlayed;  // a message
     Time lastLook;
     std::chrono::nanoseconds silence{0};  // since the last process callback
     std::uint32_t periodsSeen = 0;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <atomic>
+#include <chrono>
 #include <cstdint>
 
 #include "api/MidiPlayer.h"
@@ -34,6 +35,7 @@ public:
     /// The input whose MIDI clock sets the tempo, -1 for that of `setClockIn`.
     void setTempoSource(char source) override { tempoSource.store(source, std::memory_order_relaxed); }
     char getTempoSource() override { return tempoSource.load(std::memory_order_relaxed); }
+    void wakeClock() override { clockWake.set(); }
     /// The time of the present slice, or of the last one.
     std::uint32_t getMilliseconds() override { return milliseconds.load(std::memory_order_relaxed); }
 
@@ -63,6 +65,9 @@ public:
     /// The calling thread plays the slices from now on. A plain read if it did before.
     void setClockThread();
 
+    /// Waits for `wakeClock`, at most that long.
+    void waitForWork(std::chrono::milliseconds longest) { clockWake.waitFor(longest); }
+
     /// The stamp of the events of the next slice.
     void setStamp(std::uint32_t newStamp) { stamp = newStamp; }
 
@@ -90,6 +95,7 @@ private:
 
     const Ports& ports;
     Event& requested;
+    Event clockWake;
     int clockIn = -1;
     int clockOut = -1;
     std::atomic<ThreadId> clockThread{0};

@@ -60,6 +60,7 @@ LivePlay::~LivePlay() { end(); }
 void LivePlay::start(const Setup& setup, const ClockPorts& links)
 {
     slices.measureInto(&load);
+    clock.setTryRest([backend = orv.get()] { return backend->tryRest(); });
     installIfNeeded();
     if (setup.loads.empty()) orv->getOrvMessageManager().postSetProgramNumber(setup.number);
     orv->requestRealTime();

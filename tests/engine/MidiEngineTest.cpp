@@ -1,6 +1,7 @@
 #include <limits>
 
 #include "backend/core/EngineRecorder.h"
+#include "backend/model/OscList.h"
 #include "tests/engine/EngineStage.h"
 #include "tests/stage/Allocations.h"
 
@@ -117,6 +118,43 @@ TEST(TimeSlice, AllocatesNothingInTheSteadyState)
     EXPECT_EQ(counted, 0u);
     EXPECT_EQ(controls.handledCount(), 400u);
     EXPECT_GT(stage.player.events.size(), 6000u);
+}
+
+TEST(Rest, LastsUntilThereIsSomethingToPlayAndWakesTheClock)
+{
+    EngineStage stage;
+    stage.engine.setMidiInputPorts(MidiInputPorts(1));
+    stage.engine.setMidiTranslations(std::make_shared<const MidiInput::MidiEventConfigurationMap>());
+    const OrvMidiMessage live = noteOn(61).channel(0).input(0);
+    EXPECT_FALSE(stage.engine.tryRest()) << "no slice was played";
+    stage.slice(0, 1);
+    EXPECT_TRUE(stage.engine.playMidiInputEvent(live));
+    EXPECT_TRUE(stage.engine.tryRest());
+    EXPECT_FALSE(stage.engine.playMidiInputEvent(live)) << "the pulse of the last slice is long over";
+    EXPECT_EQ(stage.player.takeRequests(), "");
+    stage.add(noteOn(60).channel(0));
+    EXPECT_EQ(stage.player.takeRequests(), "wake 1");
+    EXPECT_FALSE(stage.engine.tryRest()) << "the note is queued";
+    stage.slice(1, 20);
+    EXPECT_FALSE(stage.engine.tryRest()) << "its pulse is the next one";
+    EXPECT_EQ(stage.slice(20, 21), "60");
+
+    Oscillators::OscList oscillators;
+    oscillators.readXml(rootOf("<Oscillators><Oscillator midiMessage='Controller Change,1'/></Oscillators>"));
+    stage.engine.setOscList(oscillators.getOscillators());
+    std::vector<Layers::Layer> layers(1);
+    layers[0].arpeggio = {ArpeggioManagement::ArpeggioSetting::Type::up, 2, 1};
+    stage.engine.setLayerList(layers);
+    stage.slice(21, 22);
+    EXPECT_TRUE(stage.engine.tryRest());
+    stage.engine.setOscPlaying(0, true);
+    EXPECT_EQ(stage.player.takeRequests(), "wake 1");
+    EXPECT_FALSE(stage.engine.tryRest()) << "an oscillator plays";
+    stage.engine.setOscPlaying(0, false);
+    stage.add(noteOn(60));
+    stage.slice(22, 24);
+    stage.slice(24, 30);
+    EXPECT_FALSE(stage.engine.tryRest()) << "an arpeggio plays";
 }
 
 TEST(DirectPath, DropsWhatHasNoPortAndWhatNoLayerTakes)

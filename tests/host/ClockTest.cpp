@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <mutex>
+#include <thread>
 #include <vector>
 
 namespace Host
@@ -65,6 +67,30 @@ TEST(Clock, PlaysWhatArrivesBeforeThePulseOfItsFrameAndOnlyInAGraphThatOwnsIt)
     recording.clock.playPeriod(0, 256, nullptr, &inputs);
     EXPECT_EQ(inputs.slicesBefore, (std::vector<std::uint64_t>{0, 1, 1, 2, 6}));
     recording.clock.stop();
+}
+
+TEST(Clock, RestsOnlyWhileTheEngineDoesAndIsWokenToContinueWithoutAGap)
+{
+    Recording recording;
+    std::atomic<int> rests{0};
+    std::atomic<bool> isEngineResting{true};
+    recording.clock.setTryRest([&] { return isEngineResting && ++rests > 0; });
+    const auto waitFor = [](const auto& condition) {
+        while (!condition()) std::this_thread::sleep_for(1ms);
+    };
+    recording.clock.startOnThread();
+    waitFor([&] { return rests > 2; });
+    isEngineResting = false;
+    recording.player.wakeClock();
+    const auto count = recording.slices.count();
+    waitFor([&] { return recording.slices.count() > count + 10; });
+    recording.player.markPlayed();
+    waitFor([&] { return recording.slices.count() > count + 12; });
+    const int before = rests;
+    isEngineResting = true;
+    waitFor([&] { return rests > before; });
+    recording.clock.stop();
+    recording.expectContiguous();
 }
 
 TEST(PulseClock, AfterAnHourEveryPulseStillFallsOnItsFrame)

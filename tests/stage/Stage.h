@@ -23,7 +23,7 @@ class RecordingPlayer final : public SilentPlayer
 {
 public:
     std::vector<Backend::MidiEngine::OrvMidiMessage> events;
-    std::vector<std::string> requests;  ///< "input 1 off", "tempo 90", "source 2"
+    std::vector<std::string> requests;  ///< "input 1 off", "tempo 90", "source 2", "wake 1"
     ThreadId thread = currentThreadId();
     char tempoSource = -1;
     std::atomic<std::uint32_t> milliseconds{0};  ///< the time, which only a test changes
@@ -35,6 +35,7 @@ public:
     void setTempo(int bpm) override { request("tempo", bpm); }
     void setTempoSource(char source) override { request("source", tempoSource = source); }
     char getTempoSource() override { return tempoSource; }
+    void wakeClock() override { request("wake", 1); }
     std::uint32_t getMilliseconds() override { return milliseconds; }
 
     /// What was requested since the last call, "input 1 off, tempo 90".
