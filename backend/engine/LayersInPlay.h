@@ -41,6 +41,13 @@ public:
         for (EngineLayer* layer : list.arpeggiating()) visit(*layer);
     }
 
+    bool hasArpeggio() const
+    {
+        bool has = false;
+        forEachArpeggio([&has](const EngineLayer&) { has = true; });
+        return has;
+    }
+
     /// Forgets all notes. What was older is ready for `takeSilent` then.
     void reset(MidiEngine::Slice& slice, MidiEngine::MidiEngine& engine);
 

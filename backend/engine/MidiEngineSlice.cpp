@@ -57,6 +57,7 @@ bool MidiEngine::playMidiInputEvent(const OrvMidiMessage& event)
             deferred.add(event.getInput());
             return false;
         }
+        endRest();
         slice.drops.swap(drops);
     }
     finish(slice);
@@ -64,10 +65,10 @@ bool MidiEngine::playMidiInputEvent(const OrvMidiMessage& event)
 }
 
 /// Plays an event of an input as the next slice would. False, with nothing done, if it has to take the other way. While
-/// the engine rests, the pulse of the last slice is long over.
+/// the engine rests, the pulse of the last slice is long over, and an arpeggio would begin at it.
 bool MidiEngine::playLive(Slice& slice, const OrvMidiMessage& event)
 {
-    if (nextPulse == NO_PULSE || resting || deferred.hasAny(event.getInput())) return false;
+    if (nextPulse == NO_PULSE || (resting && layers.hasArpeggio()) || deferred.hasAny(event.getInput())) return false;
     const OrvMidiMessage received = MidiInput::MidiEventConfigurationMap::asReceived(event);
     if (keepNotes && liveInputs.getTranslations().knows(received)) return releaseLive(slice, event, received);
     const LiveInputs::Way way = liveInputs.findWay(received);

@@ -14,6 +14,7 @@ namespace
 {
 constexpr std::size_t SYNTHESIZER = 0;
 constexpr int MOST_XRUNS_AT_END = 5;
+constexpr long LOAD_STEP = 5;  // percent; the line is not painted anew for less
 constexpr auto UNTIL_READER_STOPPED = 200ms;
 }  // namespace
 
@@ -47,8 +48,8 @@ std::string JackSystem::status() const
     if (hangs) return "JACK server hangs";
     return "JACK " + std::to_string(jack_get_sample_rate(client.get())) + " Hz, " +
            std::to_string(jack_get_buffer_size(client.get())) + " frames, load " +
-           std::to_string(std::lround(jack_cpu_load(client.get()))) + " %, " + std::to_string(callbacks.getXruns()) +
-           " xruns";
+           std::to_string(LOAD_STEP * std::lround(jack_cpu_load(client.get()) / LOAD_STEP)) + " %, " +
+           std::to_string(callbacks.getXruns()) + " xruns";
 }
 
 std::string JackSystem::trouble() const

@@ -36,8 +36,12 @@ public:
     void setTempoSource(char source) override { tempoSource.store(source, std::memory_order_relaxed); }
     char getTempoSource() override { return tempoSource.load(std::memory_order_relaxed); }
     void wakeClock() override { clockWake.set(); }
-    /// The time of the present slice, or of the last one.
-    std::uint32_t getMilliseconds() override { return milliseconds.load(std::memory_order_relaxed); }
+    /// The time of the present slice, or of the last one; while the clock rests, that of now.
+    std::uint32_t getMilliseconds() override
+    {
+        return resting.load(std::memory_order_relaxed) ? monotonicMilliseconds()
+                                                       : milliseconds.load(std::memory_order_relaxed);
+    }
 
     int getTempo() const { return tempo.load(std::memory_order_relaxed); }
 
@@ -66,7 +70,12 @@ public:
     void setClockThread();
 
     /// Waits for `wakeClock`, at most that long.
-    void waitForWork(std::chrono::milliseconds longest) { clockWake.waitFor(longest); }
+    void waitForWork(std::chrono::milliseconds longest)
+    {
+        resting.store(true, std::memory_order_relaxed);
+        clockWake.waitFor(longest);
+        resting.store(false, std::memory_order_relaxed);
+    }
 
     /// The stamp of the events of the next slice.
     void setStamp(std::uint32_t newStamp) { stamp = newStamp; }
@@ -105,6 +114,7 @@ private:
     std::atomic<bool> noteOnsAccepted{true};
     std::atomic<int> externalTempo{0};
     std::atomic<bool> played{false};
+    std::atomic<bool> resting{false};
     std::atomic<std::uint32_t> milliseconds{monotonicMilliseconds()};
 
     // Used by the thread that plays the slices

@@ -1,5 +1,7 @@
 #include "host/synthesizer/Synthesizer.h"
 
+#include <algorithm>
+#include <cmath>
 #include <stdexcept>
 
 namespace Host
@@ -8,7 +10,8 @@ namespace
 {
 constexpr double LOWEST_RATE = 8000;
 constexpr double HIGHEST_RATE = 96000;
-constexpr double GAIN = 0.6;  // a full chord at full velocity stays below full scale
+constexpr double GAIN = 0.6;        // a full chord at full velocity stays below full scale
+constexpr float INAUDIBLE = 1e-5F;  // -100 dB
 constexpr std::uint8_t SYSTEM_RESET = 0xFF;
 
 bool isPossible(double sampleRate) { return sampleRate >= LOWEST_RATE && sampleRate <= HIGHEST_RATE; }
@@ -68,9 +71,19 @@ void Synthesizer::play(const ShortMessage& message)
     }
 }
 
+/// Once the voices and their reverberation have died away, until the next note, there is nothing to compute.
 void Synthesizer::render(float* left, float* right, int frames)
 {
+    const bool hasVoices = fluid_synth_get_active_voice_count(synth.get()) > 0;
+    if (isSilent && !hasVoices) {
+        std::fill_n(left, frames, 0.0F);
+        std::fill_n(right, frames, 0.0F);
+        return;
+    }
     fluid_synth_write_float(synth.get(), frames, left, 0, 1, right, 0, 1);
+    const auto isAudible = [](float sample) { return std::abs(sample) > INAUDIBLE; };
+    isSilent =
+        !hasVoices && std::none_of(left, left + frames, isAudible) && std::none_of(right, right + frames, isAudible);
 }
 
 // Deprecated, but the only function that keeps the programs and controllers of the channels.

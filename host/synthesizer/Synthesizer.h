@@ -45,5 +45,6 @@ public:
 private:
     FluidPointer<fluid_settings_t> settings;
     FluidPointer<fluid_synth_t> synth;
+    bool isSilent = false;  // since the last block
 };
 }  // namespace Host
