@@ -34,6 +34,7 @@ class MessageManagerMaster;
 class OrvMessageManager;
 class RegistrySettings;
 struct Bank;
+struct Edit;
 struct PresetSection;
 struct Program;
 struct ScreenState;
@@ -525,5 +526,19 @@ public:
     /// the next slice may come later than usual: `MidiPlayer::wakeClock` is called as soon as there is something to play,
     /// or an input played.
     virtual bool tryRest() = 0;
+
+    /// [backend] An edit of the window: a step of the history of the current program, which marks it as edited. What it
+    /// does not name stays as functions may have changed it meanwhile. The window gets GuiMessage::EDIT_DONE, also if
+    /// nothing was changed.
+    virtual void edit(const Edit& edit) = 0;
+    /// [backend] Restores the fields that the last edit changed, or sets them again; then the window gets
+    /// GuiMessage::EDIT_DONE with that number.
+    virtual void undo(std::uint32_t gesture) = 0;
+    virtual void redo(std::uint32_t gesture) = 0;
+    /// [backend] Whether an edited program that another one follows is kept as a draft, with its history; off at the
+    /// start. While it is on, saving never loads a program.
+    virtual void keepDrafts(bool on) = 0;
+    /// [backend] The edits of the current program count as lost: it has no history, and no draft will be kept.
+    virtual void discardEdits() = 0;
 };
 }  // namespace Backend

@@ -8,6 +8,7 @@
 #include "backend/messages/MidiEngineMessageManager.h"
 #include "backend/messages/OrvMessages.h"
 #include "backend/messages/SettingMessages.h"
+#include "backend/model/Edit.h"
 
 namespace Backend
 {
@@ -212,6 +213,16 @@ void OrvMessageManager::postSetTempoSource(int source, bool notify)
 {
     master.post(OrvMessage::SET_TEMPO_SOURCE(source, notify));
 }
+
+void OrvMessageManager::postEdit(const Edit& edit) { master.post(OrvMessage::EDIT(edit)); }
+
+void OrvMessageManager::postUndo(std::uint32_t gesture) { master.post(OrvMessage::UNDO(gesture)); }
+
+void OrvMessageManager::postRedo(std::uint32_t gesture) { master.post(OrvMessage::REDO(gesture)); }
+
+void OrvMessageManager::postKeepDrafts(bool on) { master.post(OrvMessage::KEEP_DRAFTS(on)); }
+
+void OrvMessageManager::postDiscardEdits() { master.post(OrvMessage::DISCARD_EDITS()); }
 
 // --- settings
 

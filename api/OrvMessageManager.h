@@ -111,6 +111,13 @@ public:
     void postTapTempo();
     void postChangeMidiThru(const OnOffToggle& value, bool notify);
     void postSetTempoSource(int source, bool notify);
+    /// An edit of the window, see `OrvIF::edit`. `gesture` is the number of the acknowledgement.
+    void postEdit(const Edit& edit);
+    void postUndo(std::uint32_t gesture);
+    void postRedo(std::uint32_t gesture);
+    /// For a host whose window edits programs.
+    void postKeepDrafts(bool on);
+    void postDiscardEdits();
 
     /// Settings: stored, and the window is notified of those that it did not change itself. Changes a setting:
     /// `postSetting(SETTING<Settings::ALWAYS_ON_TOP>(true))`. The operations below do the same.

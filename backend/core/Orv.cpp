@@ -221,6 +221,8 @@ void Orv::refreshGui()
     notifyGui(GuiMessage::MIDI_OUTPUT_PORTS, midiOutputPorts);
     notifyGui(GuiMessage::BANK, bank);
     notifyGui(GuiMessage::PROGRAM, program, false);
+    shownEdited = getEdited();
+    notifyGui(GuiMessage::PROGRAM_EDITED, shownEdited.isCurrent, shownEdited.others);
     for (const ProgramSection* section : sections) {
         section->notifyGui();
         if (section->hasPresets()) notifyGuiOfPresets(section->getPresets(), true);

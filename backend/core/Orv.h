@@ -4,6 +4,7 @@
 #include <cassert>
 #include <functional>
 #include <iosfwd>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -14,8 +15,10 @@
 #include "api/OrvFactory.h"
 #include "api/OrvIF.h"
 #include "api/OrvMessageManager.h"
+#include "backend/core/Drafts.h"
 #include "backend/core/EngineLog.h"
 #include "backend/core/EngineRecorder.h"
+#include "backend/core/ProgramValues.h"
 #include "backend/core/SettingCommands.h"
 #include "backend/core/TapTempo.h"
 #include "backend/display/Display.h"
@@ -28,6 +31,7 @@
 #include "backend/messages/BackendThread.h"
 #include "backend/messages/GuiMessages.h"
 #include "backend/messages/MessageManagerMaster.h"
+#include "backend/model/Edit.h"
 #include "backend/model/Program.h"
 #include "backend/model/Screen.h"
 #include "backend/model/ScreenState.h"
@@ -326,6 +330,11 @@ public:
         assertBackendThread();
         program.number = number;
     }
+    void edit(const Edit& edit) override;
+    void undo(std::uint32_t gesture) override;
+    void redo(std::uint32_t gesture) override;
+    void keepDrafts(bool on) override;
+    void discardEdits() override;
 
     /// The factory for `createOrvGui`; null for no window. Before `start`.
     void setGuiFactory(GuiFactory factory) { guiFactory = factory; }
@@ -355,7 +364,25 @@ private:
     void updateEventLog() REQUIRES(guiWindowLock);
     void prepareBanks();
 
-    void loadProgramFrom(const std::string& path, int number);
+    Records* findRecords(std::string_view section);
+    RecordChanges execute(const Edit& edit);
+    RecordChanges executeRecords(Records& records, const Edit& edit) const;
+    RecordChanges executePreset(const Edit& edit);
+    void apply(const RecordChanges& changes);
+    void publishProgramValues();
+    void acknowledge(const EditDone& done);
+    struct Edited {
+        bool isCurrent = false;
+        int others = 0;  // other programs
+
+        bool operator==(const Edited&) const = default;
+    };
+    Edited getEdited() const;
+    void updateEdited();
+    void leaveProgram();
+    void enterProgram(const XmlElement& stored, int number);
+
+    std::optional<XmlElement> findProgram(const std::string& path, int number);
     static bool openProgramFile(BankFile& file, const std::string& path);
     bool openBank(const std::string& path);
     void takeBank(const std::string& path);
@@ -395,6 +422,11 @@ private:
     TapTempo taps;
     BankFile bankFile;  // of the current bank, if there is one
     Program program;
+    ProgramValues programValues{program, [this] { publishProgramValues(); }};
+    EditHistory history;  // of the current program
+    Drafts drafts;
+    bool keepsDrafts = false;
+    Edited shownEdited;
     MidiEngine::MidiInputPorts midiInputPorts;
     MidiEngine::MidiOutputPorts midiOutputPorts;
     bool initializing = false;  // controls send their values at the end of it, when there are ports

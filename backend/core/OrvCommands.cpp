@@ -7,6 +7,7 @@
 #include "api/OrvIF.h"
 #include "backend/core/SettingCommands.h"
 #include "backend/messages/OrvMessages.h"
+#include "backend/model/Edit.h"
 
 namespace Backend
 {
@@ -66,6 +67,11 @@ constexpr auto COMMANDS = std::to_array<Command<OrvIF>>({
     on<RELEASE_MIDI_INPUT, &OrvIF::releaseMidiInput>(),
     on<DELETE_SEQUENCE_PRESET, &OrvIF::deleteSequencePreset>(),
     on<SAVE_RETRO_RECORD, &OrvIF::saveRetroRecord>(),
+    on<EDIT, &OrvIF::edit>(),
+    on<UNDO, &OrvIF::undo>(),
+    on<REDO, &OrvIF::redo>(),
+    on<KEEP_DRAFTS, &OrvIF::keepDrafts>(),
+    on<DISCARD_EDITS, &OrvIF::discardEdits>(),
     answer<SAVE_STATE, &OrvIF::saveState>(),
     answer<GET_HOST_START, &OrvIF::getHostStart>(),
     answer<CREATE_ORV_GUI, &OrvIF::createOrvGui>(),

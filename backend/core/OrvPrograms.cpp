@@ -34,6 +34,8 @@ bool Orv::openBank(const std::string& path)
         refuseLoad();
         return false;
     }
+    history = {};
+    drafts.forgetFrom(bank.name, 0);
     if (path != bank.name) bankFile = std::move(file);
     takeBank(path);
     return true;
@@ -50,7 +52,10 @@ void Orv::showBank()
 void Orv::changeProgram(int number)
 {
     assertBackendThread();
-    loadProgramFrom(bank.name, number);
+    const auto stored = findProgram(bank.name, number);
+    if (!stored) return refuseLoad();
+    leaveProgram();
+    enterProgram(*stored, number);
 }
 
 /// The function of a key waits for a save, as a command does.
@@ -65,26 +70,32 @@ void Orv::changeProgram(const SelectType& select)
     changeProgram(static_cast<int>(number));
 }
 
+/// A program of another file is not what the bank has under its number.
 void Orv::loadProgram(const std::string& path)
 {
     assertBackendThread();
-    loadProgramFrom(path, program.number);
+    const auto element = findProgram(path, program.number);
+    if (!element) return refuseLoad();
+    history = {};
+    if (keepsDrafts && path != bank.name && element->hasElement()) history.setUnsaved();
+    replaceProgram(*element, program.number);
+    updateEdited();
 }
 
-/// Loads the only program of a program file, or the program of that number of a bank. The file is read before anything
-/// changes.
-void Orv::loadProgramFrom(const std::string& path, int number)
+/// The only program of a program file, or the program of that number of a bank, which may be no element; nothing if the
+/// file cannot be loaded.
+std::optional<XmlElement> Orv::findProgram(const std::string& path, int number)
 {
     BankFile other;
     BankFile& file = path == bank.name ? bankFile : other;
     XmlElement element;
     if (!path.empty()) {
-        if (!openProgramFile(file, path)) return refuseLoad();
+        if (!openProgramFile(file, path)) return std::nullopt;
         element = file.readProgram(path.ends_with(PROGRAM_FILE) ? ONLY_PROGRAM : number);
-        if (file.getProgramNames().empty()) return refuseLoad();
+        if (file.getProgramNames().empty()) return std::nullopt;
     }
     if (!element.hasElement()) DbgStream() << path << ": no program " << number;
-    replaceProgram(element, number);
+    return element;
 }
 
 bool Orv::openProgramFile(BankFile& file, const std::string& path)
@@ -101,9 +112,14 @@ void Orv::loadProgramFromString(const std::string& text, int number)
     forEachElement(XmlDocument(text, XmlDocument::Source::text).getRoot(), [&](const XmlElement& child) {
         if (child.getTagName() == "Program" && !element.hasElement()) element = child;
     });
-    if (element.hasElement()) return replaceProgram(element, number);
-    DbgStream() << "a program's text: no program in it, not loaded";
-    refuseLoad();
+    if (!element.hasElement()) {
+        DbgStream() << "a program's text: no program in it, not loaded";
+        return refuseLoad();
+    }
+    leaveProgram();
+    drafts.forget(bank.name, number);
+    replaceProgram(element, number);
+    updateEdited();
 }
 
 /// Nothing changes; the window gets the message that there is no such program.
@@ -129,11 +145,7 @@ void Orv::notifyProgram(IsThere isThere) const { notifyGui(GuiMessage::PROGRAM, 
 
 void Orv::readProgram(const XmlElement& element)
 {
-    program.name = element.getAttribute("name");
-    const int tempo = element.getIntAttribute("tempo", program.tempo);
-    if (tempo >= Program::LOWEST_TEMPO && tempo <= Program::HIGHEST_TEMPO) program.tempo = tempo;
-    program.tempoSource = element.getByteAttribute("tempoSource", Program::INTERNAL_TEMPO_SOURCE);
-
+    ProgramValues::read(element, program);
     std::array<bool, std::tuple_size_v<decltype(sections)>> found{};
     forEachElement(element, [&](const XmlElement& child) {
         for (std::size_t i = 0; i < sections.size(); ++i)

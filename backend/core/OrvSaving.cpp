@@ -41,8 +41,7 @@ bool writeDocument(const std::string& path, const std::string& text)
 std::string Orv::writeProgram()
 {
     std::ostringstream out;
-    out << xmlOpenTag("Program") << xmlStringAttribute("name", program.name) << xmlIntAttribute("tempo", program.tempo)
-        << xmlIntAttribute("tempoSource", program.tempoSource) << xmlCloseOpen() << '\n';
+    out << xmlOpenTag("Program") << ProgramValues::toXmlAttributes(program) << xmlCloseOpen() << '\n';
     for (const ProgramSection* section : sections) section->writeInProgram(out, 1);
     out << xmlEndTag("Program") << '\n';
     return out.str();
@@ -87,9 +86,9 @@ void Orv::saveToBank(const std::string& path, const WindowHandle& window)
     saveInto(path, program.number, window);
 }
 
-/// A program that is saved in its own place is not loaded again, so it plays on. Otherwise the current program is
-/// loaded at once as the bank will have it, so that changes during the save are kept. If the file cannot be written,
-/// the program is restored.
+/// A program that is saved in its own place is not loaded again, so it plays on; while drafts are kept, nor is one that
+/// is saved in another place. Otherwise the current program is loaded at once as the bank will have it, so that changes
+/// during the save are kept. If the file cannot be written, the program is restored.
 void Orv::saveInto(const std::string& path, int number, const WindowHandle& window)
 {
     if (number < 0 || path.empty() || bank.name.empty()) return;
@@ -102,10 +101,16 @@ void Orv::saveInto(const std::string& path, int number, const WindowHandle& wind
 
     const int current = program.number;
     const bool isCurrentProgram = number == current;
-    if (!isCurrentProgram) replaceProgram(bankFile.readProgram(current), current);
+    const bool loadsAgain = !isCurrentProgram && !keepsDrafts;
+    if (loadsAgain) {
+        history = {};
+        replaceProgram(bankFile.readProgram(current), current);
+        updateEdited();
+    }
 
     const auto file = std::make_shared<BankFile>(isCurrentBank ? std::move(bankFile) : BankFile());
     const auto written = std::make_shared<bool>(false);
+    const EditHistory::State state = history.getState();
     files.run(
         [=] {
             *written = file->create(path, number, text) || (file->open(path) && file->replaceProgram(number, text));
@@ -115,9 +120,14 @@ void Orv::saveInto(const std::string& path, int number, const WindowHandle& wind
             if (*written) {
                 takeBank(path);
                 notifyGui(GuiMessage::BANK, bank);
-                if (isCurrentProgram) notifyProgram(IsThere::yes);
+                drafts.forget(path, number);
+                if (isCurrentProgram) {
+                    history.setSaved(state);
+                    notifyProgram(IsThere::yes);
+                }
+                updateEdited();
             }
-            if (!*written && !isCurrentProgram) replaceProgram(saved, current);
+            if (!*written && loadsAgain) replaceProgram(saved, current);
             notifyDone(window, *written);
         });
 }
@@ -134,6 +144,7 @@ void Orv::changeBankSize(int size, const WindowHandle& window)
                   bankFile = std::move(*file);
                   if (*written) {
                       takeBank(std::string(bank.name));
+                      drafts.forgetFrom(bank.name, size);
                       showBank();
                   }
                   notifyDone(window, *written);

@@ -7,6 +7,7 @@
 #include "backend/messages/TypedMessage.h"
 #include "backend/model/AxisConfiguration.h"
 #include "backend/model/ControlMap.h"
+#include "backend/model/Edit.h"
 #include "backend/model/JoystickButtonConfiguration.h"
 #include "backend/model/JoystickElement.h"
 #include "backend/model/KeyConfigurationMap.h"
@@ -68,6 +69,10 @@ inline constexpr TypedMessage<Screen, OnOffToggle::State> SHOW_SCREEN{33261, "Sh
 inline constexpr TypedMessage<std::uint32_t, bool, PresetList> PRESETS{33275, "Presets"};
 /// True if the sequence presets have changed, false if one could not be written.
 inline constexpr TypedMessage<bool> SEQUENCE_PRESETS{33276, "SequencePresets"};
+/// An edit of the window, an undo or a redo was executed.
+inline constexpr TypedMessage<EditDone> EDIT_DONE{33287, "EditDone"};
+/// Whether the current program was edited since it was saved, and how many others were.
+inline constexpr TypedMessage<bool, int> PROGRAM_EDITED{33288, "ProgramEdited"};
 
 /// Those that were replaced.
 inline constexpr TypedMessage<std::vector<ComputerInput::KeyConfiguration>> KEY_CONFIGURATIONS{33469,

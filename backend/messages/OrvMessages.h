@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 #include "backend/messages/TypedMessage.h"
@@ -17,6 +18,7 @@ class OrvGuiIF;
 
 namespace Backend
 {
+struct Edit;
 struct HostStart;
 struct HostState;
 
@@ -24,7 +26,7 @@ struct HostState;
 /// setting are in `SettingMessages.h`.
 namespace OrvMessage
 {
-inline constexpr MessageRange RANGE{33218, 33286};
+inline constexpr MessageRange RANGE{33218, 33292};
 
 inline constexpr TypedRequest<std::string> GET_PROGRAM_AS_STRING{{33218, "GetProgramAsString"}};
 inline constexpr TypedMessage<> INITIALIZE{33219, "Initialize"};
@@ -75,8 +77,14 @@ inline constexpr TypedMessage<int> RELEASE_MIDI_INPUT{33280, "ReleaseMidiInput"}
 inline constexpr TypedMessage<int> MIDI_INPUT_EVENT_LOST{33281, "MidiInputEventLost"};
 /// From the backend itself, behind what an event of that input made.
 inline constexpr TypedMessage<int> SETTLE_MIDI_INPUT{33282, "SettleMidiInput"};
-/// From the files thread: its work is finished.
 inline constexpr TypedMessage<> TAP_TEMPO{33284, "TapTempo"};
+inline constexpr TypedMessage<Edit> EDIT{33287, "Edit"};
+/// Undo and redo with the number by which they are acknowledged.
+inline constexpr TypedMessage<std::uint32_t> UNDO{33288, "Undo"};
+inline constexpr TypedMessage<std::uint32_t> REDO{33289, "Redo"};
+inline constexpr TypedMessage<bool> KEEP_DRAFTS{33290, "KeepDrafts"};
+inline constexpr TypedMessage<> DISCARD_EDITS{33291, "DiscardEdits"};
+/// From the files thread: its work is finished.
 inline constexpr TypedMessage<> FILES_DONE{33277, "FilesDone"};
 }  // namespace OrvMessage
 }  // namespace Backend

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "backend/model/AxisConfiguration.h"
+#include "backend/model/Edit.h"
 #include "backend/model/JoystickButtonConfiguration.h"
 #include "backend/values/ElementMap.h"
 #include "platform/Export.h"
@@ -41,6 +42,10 @@ struct ORV_API JoystickConfiguration {
     void readXml(const XmlElement& section, const FunctionManagement::FunctionFactory& create);
     /// Writes a line for each bound axis and button, indented by `indent` TABs.
     void writeXml(std::ostream& out, int indent) const;
+
+    /// The number of a button or an axis as a record that the window edits.
+    static constexpr RecordId recordOf(const JoyButtonElementId& id) { return id.joystick << 8 | id.button; }
+    static constexpr RecordId recordOf(const JoyAxisElementId& id) { return 1 << 16 | id.joystick << 8 | id.axis; }
 
     std::vector<JoystickButtonConfiguration> allButtons() const;
     std::vector<AxisConfiguration> allAxes() const;

@@ -42,6 +42,24 @@ public:
         elements[static_cast<std::size_t>(item.id)] = item;
     }
 
+    /// Inserts an item before that of `id`; those after it move up. The size of the list appends it. Any other id, and
+    /// a list of `MOST` items, is ignored.
+    void insert(Id id, Item item)
+    {
+        const auto place = static_cast<std::size_t>(id);
+        if (id < 0 || place > elements.size() || elements.size() >= MOST) return;
+        elements.insert(elements.begin() + id, std::move(item));
+        number(place);
+    }
+
+    /// Removes the item of `id`; those after it move down. An unknown id is ignored.
+    void remove(Id id)
+    {
+        if (this->findElement(id) == nullptr) return;
+        elements.erase(elements.begin() + id);
+        number(static_cast<std::size_t>(id));
+    }
+
     void clear() { elements.clear(); }
 
     /// Reads the section's element: its items replace the present ones, or with "merge" are added. `readItem(element,
@@ -106,5 +124,12 @@ public:
 
 protected:
     using Component::ElementList<Item, Id>::elements;
+
+private:
+    /// Sets the ids from an index on.
+    void number(std::size_t first)
+    {
+        for (std::size_t index = first; index < elements.size(); ++index) elements[index].id = static_cast<Id>(index);
+    }
 };
 }  // namespace Backend::Layers

@@ -76,6 +76,9 @@ inline constexpr Number WINDOW_SCALE{"WindowScale", 100, 33285, Notice::all, 75,
 /// In the order of `GdiManager::SKINS`.
 inline constexpr Number SKIN{"Skin", 0, 33286, Notice::all, 0, 2};
 
+/// "Ask before changes are lost", a value of `BeforeLoss`.
+inline constexpr Number ASK_BEFORE_LOSS{"AskBeforeLoss", 1, 33292, Notice::all, 0, 2};
+
 template <const auto&... rows>
 struct Rows {
     /// Calls `visit.template operator()<row>()` for each row, in order.
@@ -92,7 +95,7 @@ using All =
          MIDI_BUFFER_DIR, LARGE_DISPLAY_FONT, MOUSE_SENSITIVITY, DOCK_TO_BOTTOM_EDGE, DISPLAY_MIDI_INPUT_EVENTS,
          DISPLAY_MIDI_OUTPUT_EVENTS, DISPLAY_NUMBERS, DISPLAY_HEIGHT, LAST_WINDOW_POSITION, ENABLED_MIDI_INPUTS,
          ENABLED_MIDI_OUTPUTS, ALWAYS_ON_TOP, USE_SKIN_BORDER, DEFAULT_MIDI_OUTPUT, LITE_VELOCITY, LITE_CHANNEL,
-         LITE_STACK_NOTES, CLICK_ZONE_CHANNEL_TRANSPOSE, SCREEN_STATE, WINDOW_SCALE, SKIN>;
+         LITE_STACK_NOTES, CLICK_ZONE_CHANNEL_TRANSPOSE, SCREEN_STATE, WINDOW_SCALE, SKIN, ASK_BEFORE_LOSS>;
 
 /// The type of a row's value.
 template <const auto& row>

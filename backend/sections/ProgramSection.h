@@ -11,6 +11,7 @@
 #include "backend/files/PresetManager.h"
 #include "backend/messages/TypedMessage.h"
 #include "backend/model/FunctionNoteSpan.h"
+#include "backend/sections/Records.h"
 #include "backend/xml/XmlElement.h"
 #include "platform/Export.h"
 
@@ -20,7 +21,7 @@ class MessageManager;
 
 /// A section of a program, with what all seven sections have in common: an element in program files and, for a section
 /// with presets, preset files of its own. The backend thread's; debug builds assert that no other thread changes it.
-class ORV_API ProgramSection
+class ORV_API ProgramSection : public Records
 {
 public:
     /// A section without presets. The backend must outlive it.
@@ -30,8 +31,6 @@ public:
         : orv(backend), tag(presetSection.rootElement), presets(presetSection)
     {
     }
-    virtual ~ProgramSection() = default;
-
     ProgramSection(const ProgramSection&) = delete;
     ProgramSection& operator=(const ProgramSection&) = delete;
 

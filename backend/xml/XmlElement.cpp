@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iterator>
 #include <pugixml.hpp>
+#include <sstream>
 #include <utility>
 
 #include "backend/xml/Text.h"
@@ -75,6 +76,21 @@ std::int8_t XmlElement::getByteAttribute(std::string_view name, std::int8_t defa
 {
     const std::int32_t number = getIntAttribute(name, defaultValue);
     return std::in_range<std::int8_t>(number) ? static_cast<std::int8_t>(number) : defaultValue;
+}
+
+std::vector<std::pair<std::string, std::string>> XmlElement::getAttributes() const
+{
+    std::vector<std::pair<std::string, std::string>> attributes;
+    for (const pugi::xml_attribute& attribute : pugi::xml_node(element).attributes())
+        attributes.emplace_back(attribute.name(), attribute.value());
+    return attributes;
+}
+
+std::string XmlElement::toXml() const
+{
+    std::ostringstream out;
+    pugi::xml_node(element).print(out, "", pugi::format_raw, pugi::encoding_utf8);
+    return out.str();
 }
 
 std::string XmlElement::getText() const

@@ -4,6 +4,8 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 namespace pugi
 {
@@ -40,6 +42,13 @@ public:
 
     /// The same for eight bits: the default also for a number outside -128 to 127.
     std::int8_t getByteAttribute(std::string_view name, std::int8_t defaultValue) const;
+
+    /// Names and values of all attributes, in order.
+    std::vector<std::pair<std::string, std::string>> getAttributes() const;
+
+    /// The element with all that it contains as a text that reads as the same element, on one line; empty without an
+    /// element.
+    std::string toXml() const;
 
     /// The text inside the element and its descendants, in order.
     std::string getText() const;

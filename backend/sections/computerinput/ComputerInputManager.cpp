@@ -18,6 +18,9 @@ using FunctionManagement::FunctionNoteSpan;
 
 namespace
 {
+constexpr const char* PRESET = "preset";
+constexpr const char* USE_KEY_UP_MOD = "useKeyUpMod";
+
 constexpr auto COMMANDS =
     std::to_array<Command<ComputerInputManager>>({
         on<ComputerInputMessage::SET_KEY_CONFIGURATIONS, &ComputerInputManager::mergeKeyConfigurations>(),
@@ -40,7 +43,7 @@ void ComputerInputManager::loadSection(const XmlElement& section)
 {
     if (section.getTagName() != getTag()) return;
     currentPreset.clear();
-    const std::string preset(Text::trim(section.getAttribute("preset")));
+    const std::string preset(Text::trim(section.getAttribute(PRESET)));
     if (preset.empty())
         readXml(section);
     else
@@ -49,13 +52,17 @@ void ComputerInputManager::loadSection(const XmlElement& section)
 
 void ComputerInputManager::readKeys(const XmlElement& section, KeyBindings& into) const
 {
-    into.useKeyUpMod = section.getBoolAttribute("useKeyUpMod", false);
+    into.useKeyUpMod = section.getBoolAttribute(USE_KEY_UP_MOD, false);
     if (!section.getBoolAttribute("merge", false)) into.keys.clear();
-    const auto create = [this](const XmlElement& element) {
-        return FunctionManagement::createFunctionFromXml(element, orv);
-    };
     forEachElement(section, [&](const XmlElement& child) {
-        if (child.getTagName() == "Key") into.keys.put(KeyConfiguration::fromXml(child, create));
+        if (child.getTagName() == "Key") into.keys.put(readKey(child));
+    });
+}
+
+KeyConfiguration ComputerInputManager::readKey(const XmlElement& element) const
+{
+    return KeyConfiguration::fromXml(element, [this](const XmlElement& function) {
+        return FunctionManagement::createFunctionFromXml(function, orv);
     });
 }
 
@@ -75,8 +82,8 @@ void ComputerInputManager::writeSection(std::ostream& out, int indent, std::span
     const std::string tabs(static_cast<std::size_t>(indent), '\t');
     const std::string preset(Text::trim(currentPreset));
     const bool isReference = !forceInline && isStoredIn(preset);
-    out << tabs << xmlOpenTag(getTag()) << (isReference ? xmlStringAttribute("preset", preset) : "")
-        << xmlBoolAttribute("merge", !keysToSave.empty()) << xmlBoolAttribute("useKeyUpMod", getUseKeyUpMod())
+    out << tabs << xmlOpenTag(getTag()) << (isReference ? xmlStringAttribute(PRESET, preset) : "")
+        << xmlBoolAttribute("merge", !keysToSave.empty()) << xmlBoolAttribute(USE_KEY_UP_MOD, getUseKeyUpMod())
         << xmlCloseOpen() << '\n';
     const auto write = [&](const KeyConfiguration& configuration) { configuration.writeXml(out, indent + 1); };
     if (!isReference && keysToSave.empty()) {
@@ -141,6 +148,49 @@ void ComputerInputManager::setDefaults()
 {
     currentPreset.clear();
     Section::setDefaults();
+}
+
+// --- edits
+
+namespace
+{
+Key keyOf(RecordId id) { return Key::fromPacked(static_cast<std::uint32_t>(id)); }
+}  // namespace
+
+std::vector<RecordId> ComputerInputManager::getRecordIds() const
+{
+    std::vector<RecordId> ids =
+        recordIds(getKeys(), [](const auto& key) { return static_cast<RecordId>(key.key.getPacked()); });
+    ids.push_back(SECTION_RECORD);
+    return ids;
+}
+
+std::string ComputerInputManager::writeRecord(RecordId id) const
+{
+    if (id != SECTION_RECORD) return textOf(getKeys().findElement(keyOf(id)));
+    return xmlOpenTag(getTag()) + xmlStringAttribute(PRESET, currentPreset) +
+           xmlBoolAttribute(USE_KEY_UP_MOD, getUseKeyUpMod()) + xmlCloseEmpty();
+}
+
+void ComputerInputManager::replaceRecord(RecordId id, const XmlElement& element)
+{
+    if (id != SECTION_RECORD) return addRecord(id, element);
+    currentPreset = element.getAttribute(PRESET);
+    setUseKeyUpMod(element.getBoolAttribute(USE_KEY_UP_MOD, false));
+}
+
+/// A key without a name, which no file can have, has its code from the id.
+void ComputerInputManager::addRecord(RecordId id, const XmlElement& element)
+{
+    if (id == SECTION_RECORD) return;
+    KeyConfiguration configuration = readKey(element);
+    configuration.key = keyOf(id);
+    edit().keys.put(std::move(configuration));
+}
+
+void ComputerInputManager::removeRecord(RecordId id)
+{
+    if (id != SECTION_RECORD) edit().keys.remove(keyOf(id));
 }
 
 // --- playing

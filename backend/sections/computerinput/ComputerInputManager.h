@@ -60,6 +60,14 @@ public:
     /// Removes all keys and the current preset; keys are released without modifiers.
     void setDefaults() override;
 
+    // Edits
+
+    std::vector<RecordId> getRecordIds() const override;
+    std::string writeRecord(RecordId id) const override;
+    void replaceRecord(RecordId id, const XmlElement& element) override;
+    void addRecord(RecordId id, const XmlElement& element) override;
+    void removeRecord(RecordId id) override;
+
     // Playing
 
     /// Executes the functions of a key, in order; a repeat only the down functions that are marked to be sent again.
@@ -83,6 +91,7 @@ public:
 private:
     void readContent(const XmlElement& section, KeyBindings& into) override { readKeys(section, into); }
     void readKeys(const XmlElement& section, KeyBindings& into) const;
+    KeyConfiguration readKey(const XmlElement& element) const;
     void updatePlaying() override { orv.updateZones(); }
     bool isStoredIn(const std::string& preset) const;
     void setCurrentPreset(const std::string& name);

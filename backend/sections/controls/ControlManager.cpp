@@ -1,6 +1,7 @@
 #include "backend/sections/controls/ControlManager.h"
 
 #include <array>
+#include <utility>
 
 #include "backend/messages/GuiMessages.h"
 #include "backend/model/PresetSections.h"
@@ -36,6 +37,40 @@ void ControlManager::writeXml(std::ostream& out, int indent, std::span<const Cel
 {
     getContent().writeXml(out, indent, cells);
 }
+
+// --- edits
+
+namespace
+{
+Cell cellOf(RecordId id) { return Cell::fromPacked(static_cast<std::uint32_t>(id)); }
+}  // namespace
+
+std::vector<RecordId> ControlManager::getRecordIds() const
+{
+    return recordIds(getContent(),
+                     [](const Control& control) { return static_cast<RecordId>(control.cell.getPacked()); });
+}
+
+std::string ControlManager::writeRecord(RecordId id) const { return textOf(getContent().findElement(cellOf(id))); }
+
+void ControlManager::replaceRecord(RecordId id, const XmlElement& element)
+{
+    const Control* const old = getContent().findElement(cellOf(id));
+    if (old == nullptr) return;
+    Control control = Control::fromXml(element);
+    control.cell = old->cell;
+    control.selected = old->selected;
+    edit().put(std::move(control));
+}
+
+void ControlManager::addRecord(RecordId id, const XmlElement& element)
+{
+    Control control = Control::fromXml(element);
+    control.cell = cellOf(id);
+    edit().put(std::move(control));
+}
+
+void ControlManager::removeRecord(RecordId id) { edit().remove(cellOf(id)); }
 
 // --- selection
 

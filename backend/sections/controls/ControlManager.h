@@ -35,6 +35,12 @@ public:
     }
     void writeXml(std::ostream& out, int indent, std::span<const Cell> cells) const override;
 
+    std::vector<RecordId> getRecordIds() const override;
+    std::string writeRecord(RecordId id) const override;
+    void replaceRecord(RecordId id, const XmlElement& element) override;
+    void addRecord(RecordId id, const XmlElement& element) override;
+    void removeRecord(RecordId id) override;
+
     // Operations of functions
 
     /// Moves the selection from the first selected control to the next control, past empty cells: left and right

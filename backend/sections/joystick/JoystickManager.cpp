@@ -15,6 +15,7 @@ namespace Backend::Joystick
 namespace
 {
 constexpr const char* DISABLED_INPUTS = "DisabledInputs";
+constexpr const char* DISABLED = "disabled";
 
 constexpr bool isJoystick(int number) { return number >= 0 && number < JOYSTICKS; }
 
@@ -97,18 +98,22 @@ void JoystickManager::readContent(const XmlElement& section, JoystickConfigurati
 {
     // First, so that held buttons are released by the functions with which they were pressed.
     forEachElement(section, [this](const XmlElement& child) {
-        if (child.getTagName() == DISABLED_INPUTS) readDisabledInputs(child);
+        if (child.getTagName() == DISABLED_INPUTS) setDisabled(child.getText());
     });
     if (!section.getBoolAttribute("merge", false)) into.clear();
-    into.readXml(section,
-                 [this](const XmlElement& element) { return FunctionManagement::createFunctionFromXml(element, orv); });
+    into.readXml(section, functionFactory());
 }
 
-void JoystickManager::readDisabledInputs(const XmlElement& section)
+FunctionManagement::FunctionFactory JoystickManager::functionFactory() const
 {
-    const std::string text = section.getText();
+    return [this](const XmlElement& element) { return FunctionManagement::createFunctionFromXml(element, orv); };
+}
+
+/// Their numbers, "0,1".
+void JoystickManager::setDisabled(const std::string& numbers)
+{
     std::bitset<JOYSTICKS> listed;
-    for (std::string_view rest = text; !rest.empty();) {
+    for (std::string_view rest = numbers; !rest.empty();) {
         const int joystick = Text::parseInteger(Text::nextToken(rest, ',')).value_or(-1);
         if (isJoystick(joystick)) listed.set(static_cast<std::size_t>(joystick));
     }
@@ -121,11 +126,55 @@ void JoystickManager::writeXml(std::ostream& out, int indent, std::span<const Jo
     const std::string tabs(static_cast<std::size_t>(indent), '\t');
     out << tabs << xmlOpenTag(getTag()) << xmlBoolAttribute("merge", false) << xmlCloseOpen() << '\n';
     getContent().writeXml(out, indent + 1);
+    out << tabs << '\t' << xmlStartTag(DISABLED_INPUTS) << disabledNumbers() << xmlEndTag(DISABLED_INPUTS) << '\n'
+        << tabs << xmlEndTag(getTag()) << '\n';
+}
+
+std::string JoystickManager::disabledNumbers() const
+{
     std::string numbers;
     for (int joystick = 0; joystick < JOYSTICKS; ++joystick)
         if (isDisabled(joystick)) numbers += (numbers.empty() ? "" : ",") + std::to_string(joystick);
-    out << tabs << '\t' << xmlStartTag(DISABLED_INPUTS) << numbers << xmlEndTag(DISABLED_INPUTS) << '\n'
-        << tabs << xmlEndTag(getTag()) << '\n';
+    return numbers;
+}
+
+// --- edits
+
+namespace
+{
+JoyButtonElementId buttonOf(RecordId id) { return {id >> 8, id & 0xFF}; }
+JoyAxisElementId axisOf(RecordId id) { return {(id >> 8) - (1 << 8), id & 0xFF}; }
+}  // namespace
+
+std::vector<RecordId> JoystickManager::getRecordIds() const
+{
+    const auto recordOf = [](const auto& part) { return JoystickConfiguration::recordOf(part.id); };
+    std::vector<RecordId> ids = recordIds(getContent().buttons, recordOf);
+    for (const RecordId axis : recordIds(getContent().axes, recordOf)) ids.push_back(axis);
+    ids.push_back(SECTION_RECORD);
+    return ids;
+}
+
+std::string JoystickManager::writeRecord(RecordId id) const
+{
+    if (id == SECTION_RECORD)
+        return xmlOpenTag(getTag()) + xmlStringAttribute(DISABLED, disabledNumbers()) + xmlCloseEmpty();
+    if (const auto* const button = getContent().buttons.findElement(buttonOf(id))) return textOf(button);
+    return textOf(getContent().axes.findElement(axisOf(id)));
+}
+
+void JoystickManager::replaceRecord(RecordId id, const XmlElement& element)
+{
+    if (id == SECTION_RECORD) return setDisabled(element.getAttribute(DISABLED));
+    if (buttonOf(id).isValid()) {
+        auto button = JoystickButtonConfiguration::fromXml(element, functionFactory());
+        button.id = buttonOf(id);
+        edit().put(button);
+    } else if (axisOf(id).isValid()) {
+        auto axis = AxisConfiguration::fromXml(element);
+        axis.id = axisOf(id);
+        edit().put(axis);
+    }
 }
 
 // --- playing

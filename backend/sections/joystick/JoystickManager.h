@@ -36,6 +36,14 @@ public:
     void writeXml(std::ostream& out, int indent, std::span<const JoyButtonElementId> ids) const override;
     void savePreset(const std::string& name) { Section::savePreset(name, {}); }
 
+    // Edits: every axis and button is always there; removing one unbinds it.
+
+    std::vector<RecordId> getRecordIds() const override;
+    std::string writeRecord(RecordId id) const override;
+    void replaceRecord(RecordId id, const XmlElement& element) override;
+    void addRecord(RecordId, const XmlElement&) override {}
+    void removeRecord(RecordId id) override { replaceRecord(id, {}); }
+
     // Operations of joysticks. Those of a disabled joystick are ignored, those of the window are not.
 
     /// Sends the events of an axis.
@@ -74,7 +82,9 @@ private:
         JoystickMessageManager& messages;
     };
 
-    void readDisabledInputs(const XmlElement& section);
+    FunctionManagement::FunctionFactory functionFactory() const;
+    std::string disabledNumbers() const;
+    void setDisabled(const std::string& numbers);
     void releaseHeldButtons(int joystick);
     /// If the element lists disabled joysticks, the others are enabled.
     void readContent(const XmlElement& section, JoystickConfiguration& into) override;

@@ -26,23 +26,28 @@ constexpr auto COMMANDS = std::to_array<Command<LayerManager>>({
 }  // namespace
 
 LayerManager::LayerManager(OrvIF& backend, MessageManagerMaster& master)
-    : Section(backend, PresetSections::LAYERS),
+    : ListSection(backend, PresetSections::LAYERS),
       messageManager(master, [this](Message& message) { execute<LayerManager>(COMMANDS, *this, message); })
 {
 }
 
 void LayerManager::readContent(const XmlElement& section, LayerList& into)
 {
-    into.readXml(section, [](const XmlElement& element, LayerId id) {
-        Layer layer = Layer::fromXml(element, id);
-        SequenceManagement::loadSequencePreset(layer.sequenceSetting);
-        return layer;
-    });
+    into.readXml(section, [this](const XmlElement& element, LayerId id) { return readItem(element, id); });
 }
 
-void LayerManager::writeXml(std::ostream& out, int indent, std::span<const LayerId> ids) const
+Layer LayerManager::readItem(const XmlElement& element, LayerId id) const
 {
-    getContent().writeXml(out, indent, ids);
+    Layer layer = Layer::fromXml(element, id);
+    SequenceManagement::loadSequencePreset(layer.sequenceSetting);
+    return layer;
+}
+
+void LayerManager::replaceItem(Layer& layer, Layer read)
+{
+    read.selected = layer.selected;
+    read.solo = layer.solo;
+    layer = std::move(read);
 }
 
 // --- requests of the window

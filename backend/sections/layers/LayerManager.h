@@ -18,7 +18,7 @@ namespace Backend::Layers
 {
 /// The layers of the program. Every change is published: the engine is reset, so that no note hangs, and gets a copy;
 /// the window gets what has changed. The backend thread's.
-class ORV_API LayerManager final : public Section<LayerList, LayerId>
+class ORV_API LayerManager final : public ListSection<LayerList, Layer, LayerId>
 {
 public:
     LayerManager(OrvIF& backend, MessageManagerMaster& master);
@@ -26,8 +26,6 @@ public:
     const LayerList& getLayers() const { return getContent(); }
     LayerMessageManager& getMessageManager() override { return messageManager; }
     void notifyGui() const override;
-
-    void writeXml(std::ostream& out, int indent, std::span<const LayerId> ids) const override;
 
     // Operations of the window: with `redraw` the list is sent back to it.
 
@@ -57,6 +55,8 @@ private:
     template <class Message, class Change>
     void changeLayers(const SelectType& select, const Message& message, Change&& change);
     void readContent(const XmlElement& section, LayerList& into) override;
+    Layer readItem(const XmlElement& element, LayerId id) const override;
+    void replaceItem(Layer& layer, Layer read) override;
     void updatePlaying() override;
 
     LayerMessageManager messageManager;

@@ -63,15 +63,56 @@ void MidiInputManager::writeXml(std::ostream& out, int indent, std::span<const M
     getContent().writeXml(out, indent, eventsToSave);
 }
 
+// --- edits
+
+namespace
+{
+RecordId recordOf(const MidiEventConfiguration& configuration)
+{
+    return static_cast<RecordId>(configuration.getEvent().getPacked());
+}
+}  // namespace
+
+std::vector<RecordId> MidiInputManager::getRecordIds() const { return recordIds(getContent(), recordOf); }
+
+const MidiEventConfiguration* MidiInputManager::findRecord(RecordId id) const
+{
+    const auto iterator = getContent().createIterator();
+    while (const MidiEventConfiguration* configuration = iterator->next())
+        if (recordOf(*configuration) == id) return configuration;
+    return nullptr;
+}
+
+std::string MidiInputManager::writeRecord(RecordId id) const { return textOf(findRecord(id)); }
+
+void MidiInputManager::replaceRecord(RecordId id, const XmlElement& element)
+{
+    if (findRecord(id) != nullptr) addRecord(id, element);
+}
+
+void MidiInputManager::addRecord(RecordId id, const XmlElement& element)
+{
+    auto configuration = MidiEventConfiguration::fromXml(element, TranslationManagement::createTranslationFromXml);
+    if (recordOf(configuration) == id) put(std::move(configuration));
+}
+
+void MidiInputManager::removeRecord(RecordId id)
+{
+    if (const MidiEventConfiguration* const found = findRecord(id)) edit().remove(MidiEvent(found->getEvent()));
+}
+
+void MidiInputManager::put(MidiEventConfiguration configuration)
+{
+    const MidiEvent event = configuration.getEvent();
+    configuration.setOrv(orv);
+    edit().put(event, std::move(configuration));
+}
+
 // --- requests of the window
 
 void MidiInputManager::mergeEventConfigurations(const std::vector<MidiEventConfiguration>& configurations, bool notify)
 {
-    for (MidiEventConfiguration configuration : configurations) {
-        const MidiEvent event = configuration.getEvent();
-        configuration.setOrv(orv);
-        edit().put(event, std::move(configuration));
-    }
+    for (const MidiEventConfiguration& configuration : configurations) put(configuration);
     updatePlaying();
     if (notify) postToGui(GuiMessage::MIDI_EVENT_CONFIGURATIONS, configurations);
 }

@@ -38,12 +38,22 @@ public:
     }
     void writeXml(std::ostream& out, int indent, std::span<const MidiEvent> eventsToSave) const override;
 
+    // Edits: an event that is added is that of the record's attributes.
+
+    std::vector<RecordId> getRecordIds() const override;
+    std::string writeRecord(RecordId id) const override;
+    void replaceRecord(RecordId id, const XmlElement& element) override;
+    void addRecord(RecordId id, const XmlElement& element) override;
+    void removeRecord(RecordId id) override;
+
     /// Each replaces the entry of its event. With `notify` they are sent back to the window.
     void mergeEventConfigurations(const std::vector<MidiEventConfiguration>& configurations, bool notify);
 
     void getNoteSpans(std::vector<FunctionManagement::FunctionNoteSpan>& result) const override;
 
 private:
+    const MidiEventConfiguration* findRecord(RecordId id) const;
+    void put(MidiEventConfiguration configuration);
     void readContent(const XmlElement& section, MidiEventConfigurationMap& into) override;
     void updatePlaying() override;
 

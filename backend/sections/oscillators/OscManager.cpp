@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 #include <optional>
+#include <utility>
 
 #include "backend/messages/GuiMessages.h"
 #include "backend/messages/MidiEngineMessageManager.h"
@@ -55,7 +56,7 @@ constexpr auto COMMANDS = std::to_array<Command<OscManager>>({
 }  // namespace
 
 OscManager::OscManager(OrvIF& backend, MessageManagerMaster& master)
-    : Section(backend, PresetSections::OSCILLATORS),
+    : ListSection(backend, PresetSections::OSCILLATORS),
       messageManager(master, [this](Message& message) { execute<OscManager>(COMMANDS, *this, message); })
 {
 }
@@ -71,9 +72,36 @@ void OscManager::readContent(const XmlElement& section, OscList& into)
             now->playing = old.playing;
 }
 
-void OscManager::writeXml(std::ostream& out, int indent, std::span<const OscId> ids) const
+// --- edits
+
+void OscManager::replaceItem(Oscillator& oscillator, Oscillator read)
 {
-    getContent().writeXml(out, indent, ids);
+    read.selected = oscillator.selected;
+    read.playing = oscillator.playing;
+    oscillator.speed = read.speed;
+    if (read.asPlayed() == oscillator.asPlayed())
+        orv.getMidiEngineMessageManager().postSetOscSpeed(oscillator.id, oscillator.speed);
+    else
+        isListEdited = true;
+    oscillator = read;
+}
+
+void OscManager::addRecord(OscId id, const XmlElement& element)
+{
+    ListSection::addRecord(id, element);
+    isListEdited = true;
+}
+
+void OscManager::removeRecord(OscId id)
+{
+    ListSection::removeRecord(id);
+    isListEdited = true;
+}
+
+void OscManager::publishRecords()
+{
+    if (std::exchange(isListEdited, false)) updatePlaying();
+    notifyGui();
 }
 
 // --- requests of the window

@@ -16,7 +16,7 @@ namespace Backend::Oscillators
 {
 /// The oscillators of the program. A new list is published: the engine is reset and gets a copy, and the window gets a
 /// copy. Speed and playing are changed in the list that the engine has. The backend thread's.
-class ORV_API OscManager final : public Section<OscList, OscId>
+class ORV_API OscManager final : public ListSection<OscList, Oscillator, OscId>
 {
 public:
     OscManager(OrvIF& backend, MessageManagerMaster& master);
@@ -25,7 +25,9 @@ public:
     OscMessageManager& getMessageManager() override { return messageManager; }
     void notifyGui() const override;
 
-    void writeXml(std::ostream& out, int indent, std::span<const OscId> ids) const override;
+    void addRecord(OscId id, const XmlElement& element) override;
+    void removeRecord(OscId id) override;
+    void publishRecords() override;
 
     // Operations of the window: with `redraw` the list is sent back to it.
 
@@ -54,8 +56,12 @@ private:
     void changeNamed(const SelectType& select, Change&& change);
     void setSpeed(Oscillator& oscillator, std::int32_t speed);
     void readContent(const XmlElement& section, OscList& into) override;
+    Oscillator readItem(const XmlElement& element, OscId id) const override { return Oscillator::fromXml(element, id); }
+    /// A change of the speed alone does not interrupt what plays.
+    void replaceItem(Oscillator& oscillator, Oscillator read) override;
     void updatePlaying() override;
 
+    bool isListEdited = false;  // by more than speeds
     OscMessageManager messageManager;
 };
 }  // namespace Backend::Oscillators

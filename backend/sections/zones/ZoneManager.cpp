@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <ostream>
+#include <utility>
 
 #include "backend/messages/MidiEngineMessageManager.h"
 #include "backend/xml/XmlWriter.h"
@@ -16,6 +17,12 @@ namespace
 {
 constexpr int HIGHEST_ZONE = 127;
 constexpr ZoneId NO_ZONE = -1;
+
+void writeZone(std::ostream& out, const Zone& zone)
+{
+    out << xmlOpenTag("Zone") << xmlCharAttribute("id", zone.id) << xmlCharAttribute("transpose", zone.transpose)
+        << xmlCloseEmpty();
+}
 
 constexpr auto COMMANDS = std::to_array<Command<ZoneManager>>({
     on<ZoneMessage::SET_ZONE_TRANSPOSE, &ZoneManager::setZoneTranspose>(),
@@ -59,11 +66,63 @@ void ZoneManager::writeXml(std::ostream& out, int indent, std::span<const ZoneId
     const std::string tabs(static_cast<std::size_t>(indent), '\t');
     out << tabs << xmlOpenTag(getTag()) << xmlBoolAttribute("merge", false) << xmlCloseOpen() << '\n';
     const auto iterator = getContent().createIterator();
-    while (const Zone* zone = iterator->next())
-        out << tabs << '\t' << xmlOpenTag("Zone") << xmlCharAttribute("id", zone->id)
-            << xmlCharAttribute("transpose", zone->transpose) << xmlCloseEmpty() << '\n';
+    while (const Zone* zone = iterator->next()) {
+        out << tabs << '\t';
+        writeZone(out, *zone);
+        out << '\n';
+    }
     out << tabs << xmlEndTag(getTag()) << '\n';
 }
+
+// --- edits
+
+std::vector<RecordId> ZoneManager::getRecordIds() const
+{
+    return recordIds(getContent(), [](const Zone& zone) { return zone.id; });
+}
+
+std::string ZoneManager::writeRecord(RecordId id) const
+{
+    std::ostringstream out;
+    const bool isZone = id >= 0 && id <= HIGHEST_ZONE;
+    if (const Zone* const zone = isZone ? getContent().findElement(static_cast<ZoneId>(id)) : nullptr)
+        writeZone(out, *zone);
+    return out.str();
+}
+
+void ZoneManager::replaceRecord(RecordId id, const XmlElement& element)
+{
+    setZoneTranspose(id, element.getByteAttribute("transpose", 0));
+}
+
+/// An input section may have added it already, with its notes.
+void ZoneManager::addRecord(RecordId id, const XmlElement& element)
+{
+    if (findZone(id) != nullptr) return replaceRecord(id, element);
+    if (id < 0 || id > HIGHEST_ZONE) return;
+    const auto zone = static_cast<ZoneId>(id);
+    edit().put(zone, {.id = zone, .transpose = element.getByteAttribute("transpose", 0)});
+    isMapEdited = true;
+}
+
+void ZoneManager::removeRecord(RecordId id)
+{
+    if (findZone(id) == nullptr) return;
+    edit().remove(static_cast<ZoneId>(id));
+    isMapEdited = true;
+}
+
+void ZoneManager::publishRecords()
+{
+    if (std::exchange(isMapEdited, false)) publish();
+}
+
+Zone* ZoneManager::findZone(RecordId id)
+{
+    return id >= 0 && id <= HIGHEST_ZONE ? edit().findElement(static_cast<ZoneId>(id)) : nullptr;
+}
+
+// --- what exists
 
 void ZoneManager::updateZones(std::span<const FunctionNoteSpan> spans)
 {
@@ -96,7 +155,7 @@ void ZoneManager::mergeSpan(const FunctionNoteSpan& span)
 
 void ZoneManager::setZoneTranspose(int id, int transpose)
 {
-    Zone* zone = id >= 0 && id <= HIGHEST_ZONE ? edit().findElement(static_cast<ZoneId>(id)) : nullptr;
+    Zone* const zone = findZone(id);
     if (zone == nullptr) return;
     zone->transpose = static_cast<std::int8_t>(transpose);
     orv.getMidiEngineMessageManager().postSetZone(*zone);

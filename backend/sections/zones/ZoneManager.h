@@ -29,6 +29,15 @@ public:
     /// Writes all zones, whatever `ids` are.
     void writeXml(std::ostream& out, int indent, std::span<const ZoneId> ids) const override;
 
+    // A zone is added and removed by undo and redo of what made it, after the inputs have determined the zones.
+
+    std::vector<RecordId> getRecordIds() const override;
+    std::string writeRecord(RecordId id) const override;
+    void replaceRecord(RecordId id, const XmlElement& element) override;
+    void addRecord(RecordId id, const XmlElement& element) override;
+    void removeRecord(RecordId id) override;
+    void publishRecords() override;
+
     /// Determines which zones exist, and their notes, from those of the inputs, in the order of `spans`. A zone without
     /// notes is removed, with its transposition; if it was the selected one, the lowest zone is selected.
     void updateZones(std::span<const FunctionManagement::FunctionNoteSpan> spans);
@@ -47,6 +56,7 @@ public:
     void setSelected(const std::vector<ZoneId>& ids);
 
 private:
+    Zone* findZone(RecordId id);
     template <class Visit>
     void forEachZone(Visit&& visit);
     Zone* findSelected();
@@ -57,6 +67,7 @@ private:
     void readContent(const XmlElement& section, ZoneMap& into) override;
     void updatePlaying() override;
 
+    bool isMapEdited = false;
     ZoneMessageManager messageManager;
 };
 }  // namespace Backend::Zones

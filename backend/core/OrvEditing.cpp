@@ -1,0 +1,162 @@
+// Edits of the window, with their history, and the drafts of edited programs. See docs/behaviour/editing.md.
+
+#include <algorithm>
+#include <ranges>
+#include <utility>
+
+#include "backend/core/Orv.h"
+#include "backend/messages/GuiMessages.h"
+#include "backend/xml/XmlDocument.h"
+
+namespace Backend
+{
+using RecordEditing::Snapshot;
+using RecordEditing::takeSnapshot;
+
+Records* Orv::findRecords(std::string_view section)
+{
+    if (section == ProgramValues::SECTION) return &programValues;
+    const auto found = std::ranges::find(sections, section, &ProgramSection::getTag);
+    return found == sections.end() ? nullptr : *found;
+}
+
+void Orv::edit(const Edit& edit)
+{
+    assertBackendThread();
+    EditStep step{.name = edit.name, .gesture = edit.gesture};
+    if (edit.program == program.number) step.changes = execute(edit);
+    const bool isChanged = !step.changes.empty();
+    if (isChanged) history.add(std::move(step));
+    acknowledge({.kind = EditDone::Kind::edited, .gesture = edit.gesture, .name = isChanged ? edit.name : ""});
+}
+
+/// Input sections determine which zones exist, so every edit may change those too; no edit adds or removes one
+/// directly.
+RecordChanges Orv::execute(const Edit& edit)
+{
+    Records* const records = findRecords(edit.section);
+    if (records == nullptr) return {};
+    const Snapshot zones = takeSnapshot(zoneManager);
+    RecordChanges changes = edit.preset.empty() ? executeRecords(*records, edit) : executePreset(edit);
+    if (records == &zoneManager) changes.clear();
+    std::ranges::move(RecordEditing::differences(zoneManager.getTag(), zones, takeSnapshot(zoneManager)),
+                      std::back_inserter(changes));
+    return changes;
+}
+
+RecordChanges Orv::executeRecords(Records& records, const Edit& edit) const
+{
+    RecordChanges changes;
+    for (const RecordEdit& record : edit.records)
+        if (&records != &zoneManager || record.kind == RecordEdit::Kind::change)
+            std::ranges::move(RecordEditing::edit(records, edit.section, record), std::back_inserter(changes));
+    if (!changes.empty()) records.publishRecords();
+    return changes;
+}
+
+RecordChanges Orv::executePreset(const Edit& edit)
+{
+    const auto found = std::ranges::find(sections, std::string_view(edit.section), &ProgramSection::getTag);
+    if (found == sections.end()) return {};
+    const Snapshot before = takeSnapshot(**found);
+    (*found)->loadPreset(edit.preset);
+    return RecordEditing::differences(edit.section, before, takeSnapshot(**found));
+}
+
+void Orv::undo(std::uint32_t gesture)
+{
+    assertBackendThread();
+    const EditStep* const step = history.undo();
+    if (step != nullptr) {
+        RecordChanges changes;
+        for (const RecordChange& change : std::views::reverse(step->changes)) changes.push_back(change.reversed());
+        apply(changes);
+    }
+    acknowledge({EditDone::Kind::undone, gesture, step != nullptr ? step->name : ""});
+}
+
+void Orv::redo(std::uint32_t gesture)
+{
+    assertBackendThread();
+    const EditStep* const step = history.redo();
+    if (step != nullptr) apply(step->changes);
+    acknowledge({EditDone::Kind::redone, gesture, step != nullptr ? step->name : ""});
+}
+
+/// Zones last, because publishing an input section determines them anew.
+void Orv::apply(const RecordChanges& changes)
+{
+    std::vector<Records*> changed;
+    const auto applyIf = [&](bool areZones) {
+        for (const RecordChange& change : changes) {
+            Records* const records = findRecords(change.section);
+            if ((records == &zoneManager) != areZones) continue;
+            RecordEditing::apply(*records, change);
+            if (std::ranges::find(changed, records) == changed.end()) changed.push_back(records);
+        }
+        for (Records* const records : std::exchange(changed, {})) records->publishRecords();
+    };
+    applyIf(false);
+    applyIf(true);
+}
+
+void Orv::publishProgramValues()
+{
+    midiEngine.getMessageManager().postSetTempo(program.tempo);
+    midiEngine.getMessageManager().postSetTempoSource(program.tempoSource);
+    notifyProgram(IsThere::yes);
+}
+
+void Orv::acknowledge(const EditDone& done)
+{
+    notifyGui(GuiMessage::EDIT_DONE, done);
+    updateEdited();
+}
+
+// --- drafts
+
+void Orv::keepDrafts(bool on)
+{
+    assertBackendThread();
+    keepsDrafts = on;
+}
+
+void Orv::discardEdits()
+{
+    assertBackendThread();
+    history = {};
+    drafts.forget(bank.name, program.number);
+    updateEdited();
+}
+
+/// The window gets the number of edited programs when it changes, see `PROGRAM_EDITED`.
+void Orv::updateEdited()
+{
+    const Edited now = getEdited();
+    if (now == shownEdited) return;
+    shownEdited = now;
+    notifyGui(GuiMessage::PROGRAM_EDITED, now.isCurrent, now.others);
+}
+
+Orv::Edited Orv::getEdited() const { return {history.isEdited(), static_cast<int>(drafts.count())}; }
+
+/// Before another program takes the place of the current one.
+void Orv::leaveProgram()
+{
+    EditHistory left = std::exchange(history, {});
+    if (!keepsDrafts) return;
+    const bool isLost = registrySettings.get<Settings::ASK_BEFORE_LOSS>() == static_cast<int>(BeforeLoss::never);
+    if (left.isEdited() && isLost) left = {};
+    drafts.keep(bank.name, program.number, {left.isEdited() ? writeProgram() : "", std::move(left)});
+}
+
+/// Loads the draft of a program, or the element that its bank has.
+void Orv::enterProgram(const XmlElement& stored, int number)
+{
+    Draft draft = drafts.take(bank.name, number);
+    const bool isEdited = !draft.text.empty();
+    replaceProgram(isEdited ? XmlDocument(draft.text, XmlDocument::Source::text).getRoot() : stored, number);
+    history = std::move(draft.history);
+    updateEdited();
+}
+}  // namespace Backend

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "backend/sections/Records.h"
+#include "platform/Export.h"
+
+namespace Backend
+{
+/// What one gesture of the window changed, in order.
+struct EditStep {
+    std::string name;
+    std::uint32_t gesture = 0;
+    RecordChanges changes{};
+    std::uint64_t state = 0;  ///< after the step; set by the history
+};
+
+/// The edits of a program since it was loaded. A plain value. It executes nothing: the caller applies the steps that it
+/// returns.
+class ORV_API EditHistory
+{
+public:
+    /// What the program is after some step, for `setSaved`.
+    using State = std::uint64_t;
+
+    /// Adds a step after the present one; those that were undone are gone. If the present step is of the same gesture,
+    /// it takes the changes; if nothing differs then, it is gone.
+    void add(EditStep step);
+
+    /// The step to be undone, or to be done again, which counts as executed; null if there is none. Valid until the
+    /// history is changed.
+    const EditStep* undo() { return position == 0 ? nullptr : &steps[--position]; }
+    const EditStep* redo() { return position == steps.size() ? nullptr : &steps[position++]; }
+
+    bool isEmpty() const { return steps.empty(); }
+
+    /// Whether the program differs from what the bank has.
+    bool isEdited() const { return getState() != saved; }
+    State getState() const { return position == 0 ? LOADED : steps[position - 1].state; }
+    /// The bank has this state now.
+    void setSaved(State state) { saved = state; }
+    /// The bank has none of the states, as after loading another file.
+    void setUnsaved() { saved = NONE; }
+
+private:
+    static constexpr State LOADED = 0;
+    static constexpr State NONE = ~State{0};
+
+    std::vector<EditStep> steps;
+    std::size_t position = 0;  // steps before it are executed, those from it on were undone
+    State newest = LOADED;
+    State saved = LOADED;
+};
+}  // namespace Backend
