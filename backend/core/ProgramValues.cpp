@@ -23,11 +23,9 @@ std::string ProgramValues::toXmlAttributes(const Program& program)
 
 void ProgramValues::read(const XmlElement& element, Program& into)
 {
-    const Program standard;
     into.name = element.getAttribute("name");
-    const int tempo = element.getIntAttribute("tempo", standard.tempo);
-    const bool isTempo = tempo >= Program::LOWEST_TEMPO && tempo <= Program::HIGHEST_TEMPO;
-    into.tempo = isTempo ? tempo : standard.tempo;
+    const int tempo = element.getIntAttribute("tempo", into.tempo);
+    if (tempo >= Program::LOWEST_TEMPO && tempo <= Program::HIGHEST_TEMPO) into.tempo = tempo;
     into.tempoSource = element.getByteAttribute("tempoSource", Program::INTERNAL_TEMPO_SOURCE);
 }
 }  // namespace Backend

@@ -28,7 +28,7 @@ public:
 
     /// Their attributes in the program's element.
     static std::string toXmlAttributes(const Program& program);
-    /// Reads them: an absent one has its default, and a tempo beyond the limits counts as absent.
+    /// Reads them: an absent tempo, or one beyond the limits, stays as it is in `into`.
     static void read(const XmlElement& element, Program& into);
 
 private:
