@@ -1,5 +1,4 @@
 #include <random>
-#include <thread>
 
 #include "backend/messages/SettingMessages.h"
 #include "backend/sections/computerinput/ComputerInputManager.h"
@@ -148,32 +147,29 @@ TEST(Editing, WhatFunctionsChangeMeanwhileIsKeptByEditsAndByUndo)
                   functions);
     };
     auto& commands = stage.commands();
-    const auto play = [&] {
-        for (int step = 1; step <= STEPS; ++step) {
-            commands.postExecuteFunction("<ChangeLayerTranspose type='1' value='+1'/>");
-            commands.postExecuteFunction("<ChangeControl type='1,1' value='+1'/>");
-            commands.postExecuteFunction("<ChangeOscSpeed type='0' value='" + std::to_string(1000 + step) + "'/>");
-            commands.postExecuteFunction("<ChangeTempo value='" + std::to_string(100 + step % 50) + "'/>");
-        }
+    const auto play = [&](int step) {
+        commands.postExecuteFunction("<ChangeLayerTranspose type='1' value='+1'/>");
+        commands.postExecuteFunction("<ChangeControl type='1,1' value='+1'/>");
+        commands.postExecuteFunction("<ChangeOscSpeed type='0' value='" + std::to_string(1000 + step) + "'/>");
+        commands.postExecuteFunction("<ChangeTempo value='" + std::to_string(100 + step % 50) + "'/>");
     };
-    const auto edit = [&] {
-        for (int step = 1; step <= STEPS; ++step) {
-            const auto post = [&](const char* section, RecordId id, const char* field, int value) {
-                commands.postEdit({.section = section,
-                                   .name = field,
-                                   .gesture = static_cast<std::uint32_t>(step / 50 + 1),
-                                   .records = {{.id = id, .fields = {{field, std::to_string(value)}}}}});
-            };
-            post("Layers", 1, "minVelocity", step % 100);
-            post("Controls", 1 << 16 | 1, "name", step);
-            post("Oscillators", 0, "detail", step % 30);
-            post("Program", 0, "name", step);
-        }
+    const auto edit = [&](int step) {
+        const auto post = [&](const char* section, RecordId id, const char* field, int value) {
+            commands.postEdit({.section = section,
+                               .name = field,
+                               .gesture = static_cast<std::uint32_t>(step / 50 + 1),
+                               .records = {{.id = id, .fields = {{field, std::to_string(value)}}}}});
+        };
+        post("Layers", 1, "minVelocity", step % 100);
+        post("Controls", 1 << 16 | 1, "name", step);
+        post("Oscillators", 0, "detail", step % 30);
+        post("Program", 0, "name", step);
     };
-    stage.playWhile([&] {
-        std::thread other(play);
-        edit();
-        other.join();
+    stage.playWhile([&] {  // in turn, so that they are executed in turn
+        for (int step = 1; step <= STEPS; ++step) {
+            play(step);
+            edit(step);
+        }
     });
     stage.rest();
     expect("0 2000 20 2000", "2000 2000 3000 100");
