@@ -26,6 +26,7 @@ class OrvMessageManager;
 class PresetList;
 class RegistrySettings;
 struct Bank;
+struct EditDone;
 struct PresetSection;
 struct Program;
 struct WindowMove;
@@ -38,6 +39,7 @@ class SequencePresetManager;
 
 namespace Gui
 {
+class EditPoster;
 class GuiMessageManagerMaster;
 enum class KeyTarget;
 struct HostStatus;
@@ -214,5 +216,11 @@ public:
 
     /// The backend wrote or removed a sequence; `done` is false if the file could not be changed.
     virtual void handleSequencePresetsChanged(bool done) = 0;
+
+    /// Posts the edits of the window; only while it is open.
+    virtual EditPoster& getEdits() = 0;
+    virtual void handleEditDone(const Backend::EditDone& done) = 0;
+    /// Whether the current program differs from what is saved, and how many others do.
+    virtual void handleProgramEdited(bool isEdited, int others) = 0;
 };
 }  // namespace Gui

@@ -14,6 +14,7 @@
 #include "api/OrvMessageManager.h"
 #include "backend/files/RegistrySettings.h"
 #include "gui/framework/DialogFrame.h"
+#include "gui/framework/EditPoster.h"
 #include "gui/framework/GuiMessageManagerMaster.h"
 #include "gui/framework/Panel.h"
 #include "gui/framework/PopupMenu.h"
@@ -371,7 +372,21 @@ KeyPresses& MainWindow::getKeyPresses() { return keyboard->getKeyPresses(); }
 void MainWindow::setPlayingFocus() { keyboard->takeFocus(); }
 
 /// Keys that the focused control did not use.
-void MainWindow::keyPressEvent(QKeyEvent* event) { keyboard->keyPressed(*event); }
+void MainWindow::keyPressEvent(QKeyEvent* event)
+{
+    if (!useWindowKey(*event)) keyboard->keyPressed(*event);
+}
+
+/// Control and Z undoes, with Shift it does again, unless a text is edited or the program binds those keys.
+bool MainWindow::useWindowKey(const QKeyEvent& event)
+{
+    const bool again = event.modifiers() == (Qt::ControlModifier | Qt::ShiftModifier);
+    if (event.key() != Qt::Key_Z || (!again && event.modifiers() != Qt::ControlModifier)) return false;
+    if (keyboard->findTarget(QApplication::focusWidget()) == KeyTarget::text) return false;
+    if (computerInputPanel->isBound({.keyCode = 'Z', .shift = again, .control = true})) return false;
+    again ? gui.getEdits().redo() : gui.getEdits().undo();
+    return true;
+}
 
 void MainWindow::keyReleaseEvent(QKeyEvent* event) { keyboard->keyReleased(*event); }
 

@@ -118,6 +118,7 @@ private:
     int getHeadHeight() const;
     void showScreenMenu(const QPoint& globalPosition);
     void showKeyTarget(KeyTarget target);
+    bool useWindowKey(const QKeyEvent& event);
     void showHelpOf(const QWidget& control);
     void frameDialog(QDialog& dialog) const;
     Panel* panelOf(Backend::Screen screen) const;

@@ -29,7 +29,8 @@ OpenWindow::OpenWindow(OrvGuiIF& owner, ParentWindow& parentWindow)
       skinner(gdi),
       messages(owner),
       globalKeys(owner),
-      window([&owner](Message& message) { owner.getGuiMessageManagerMaster().handleMessage(message); })
+      window([&owner](Message& message) { owner.getGuiMessageManagerMaster().handleMessage(message); }),
+      edits(owner.getOrvMessageManager())
 {
     gui.getGuiMessageManagerMaster().addMessageManager(&messages);
     gui.getGuiMessageManagerMaster().addMessageManager(&globalKeys);

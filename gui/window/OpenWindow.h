@@ -3,6 +3,7 @@
 #include <QPointer>
 #include <memory>
 
+#include "gui/framework/EditPoster.h"
 #include "gui/framework/GdiManager.h"
 #include "gui/framework/GuiWindow.h"
 #include "gui/framework/Skinner.h"
@@ -58,6 +59,7 @@ struct OpenWindow {
     OrvGuiMessageManager messages;
     GlobalKeyMessageManager globalKeys;
     GuiWindow window;
+    EditPoster edits;
     std::unique_ptr<MainWindow> main;
 
 private:

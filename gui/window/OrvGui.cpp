@@ -112,6 +112,8 @@ void OrvGui::refit()
     if (open) open->applyLook();
 }
 
+EditPoster& OrvGui::getEdits() { return open->edits; }
+
 void OrvGui::setFocus() { open->main->setPlayingFocus(); }
 
 void OrvGui::showProgramMenu() { open->main->getStagePanel().showProgramList(); }

@@ -117,6 +117,9 @@ public:
     void refit() override;
     void setCompact(bool on) override;
     bool isCompact() const override;
+    EditPoster& getEdits() override;
+    void handleEditDone(const Backend::EditDone& done) override;
+    void handleProgramEdited(bool isEdited, int others) override;
 
 private:
     template <class Value>

@@ -54,6 +54,8 @@ constexpr auto COMMANDS = std::to_array<Command<OrvGuiIF>>({
     on<GuiMessage::ORV_RESET, &OrvGuiIF::handleResetOrv>(),
     on<GuiMessage::PROGRAM_NAME, &OrvGuiIF::handleProgramNameChanged>(),
     on<GuiMessage::PROGRAM, &changeProgram>(),
+    on<GuiMessage::EDIT_DONE, &OrvGuiIF::handleEditDone>(),
+    on<GuiMessage::PROGRAM_EDITED, &OrvGuiIF::handleProgramEdited>(),
     on<GuiMessage::DEFAULT_MIDI_OUTPUT, &OrvGuiIF::handleDefaultMidiOutputChanged>(),
     on<SETTING<Settings::USE_SKIN_BORDER>, &OrvGuiIF::handleUseSkinBorderChanged>(),
     on<GuiMessage::SHOW_SCREEN, &showScreen>(),

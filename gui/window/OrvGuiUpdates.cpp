@@ -2,6 +2,7 @@
 #include "api/OrvIF.h"
 #include "api/OrvMessageManager.h"
 #include "api/ParentWindow.h"
+#include "gui/framework/EditPoster.h"
 #include "gui/framework/FileNames.h"
 #include "gui/framework/Question.h"
 #include "gui/screens/display/DisplayPanel.h"
@@ -130,6 +131,7 @@ void OrvGui::handleBankChanged(const Bank& bank)
 void OrvGui::handleProgramChanged(const Program& program)
 {
     shown.program = program;
+    open->edits.setProgram(program.number);
     open->main->getSystemPanel().handleProgramChanged(program);
     loading.clear();
 }
@@ -144,6 +146,14 @@ void OrvGui::handleProgramMissing(const Program& program)
                 isBank ? QObject::tr("\"%1\" has no program %2.").arg(file, QString::number(program.number + 1))
                        : QObject::tr("There is no program in \"%1\".").arg(file));
 }
+
+void OrvGui::handleEditDone(const EditDone& done)
+{
+    open->edits.acknowledge();
+    open->main->getStagePanel().handleEditDone(done);
+}
+
+void OrvGui::handleProgramEdited(bool isEdited, int) { open->main->getStagePanel().handleProgramEdited(isEdited); }
 
 void OrvGui::handleProgramNameChanged(const Program& program) { handleProgramChanged(program); }
 

@@ -8,6 +8,7 @@
 #include <optional>
 #include <thread>
 
+#include "api/OrvMessageManager.h"
 #include "host/terminal/LineOutput.h"
 #include "host/terminal/StandardError.h"
 #include "host/window/DesktopWindow.h"
@@ -111,6 +112,7 @@ void acceptOtherStarts(SingleInstance& instance, const PlayThread& play, LiveHos
 void playWithWindow(PlayThread& play, SingleInstance* instance, HelpLine& helpLine, const RunOptions& options)
 {
     LiveHost& host = play.waitUntilPlaying();
+    host.getPlay().getOrv().getOrvMessageManager().postKeepDrafts(true);
     DesktopWindow window(host.getPlay().getOrv(), &leaveEventLoop);
     helpLine.attach(window.getGui());
     play.setStatusReceiver([&window](const Gui::HostStatus& status) {

@@ -83,7 +83,18 @@ TEST_F(SystemPanel, AProgramIsRenamedFromItsMenu)
     };
     rename("My <Piano>");
     EXPECT_EQ(program(), "My <Piano> 120");
-    EXPECT_EQ(said("Program"), "1 My <Piano>");
+    EXPECT_EQ(said("Program"), "1 My <Piano> *");
+    const auto pressZ = [this](Qt::KeyboardModifiers modifiers) {
+        comeBack();
+        QTest::keyClick(surroundings.focusWidget(), Qt::Key_Z, modifiers);
+        settle();
+        return said("Program") + ", " + said("Status");
+    };
+    EXPECT_EQ(pressZ(Qt::ControlModifier), "1 P0, Undone: program name");
+    EXPECT_EQ(pressZ(Qt::ControlModifier), "1 P0, Nothing to undo");
+    EXPECT_EQ(pressZ(Qt::ControlModifier | Qt::ShiftModifier), "1 My <Piano> *, Redone: program name");
+    load("<Key id='Control Z'><Function><Down><ResetOrv/></Down></Function></Key>");
+    EXPECT_EQ(pressZ(Qt::ControlModifier).substr(0, 14), "1 My <Piano> *") << "the program binds the key";
     EXPECT_EQ(played(), "");
     EXPECT_TRUE(QTest::qWaitFor([&] { return isPlaying(); }));
 }

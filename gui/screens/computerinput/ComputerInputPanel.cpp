@@ -7,6 +7,8 @@
 #include "api/OrvGuiIF.h"
 #include "api/OrvIF.h"
 #include "backend/messages/ComputerInputMessageManager.h"
+#include "backend/model/PresetSections.h"
+#include "gui/framework/EditPoster.h"
 #include "gui/framework/GuiMessageManagerMaster.h"
 #include "gui/framework/Properties.h"
 #include "gui/presets/PresetCtl.h"
@@ -51,7 +53,13 @@ void ComputerInputPanel::makeTopRow()
     auto& commands = gui.getOrvIF().getComputerInputMessageManager();
     presets = new Preset::PresetCtl(
         gui, tr("Preset of the keys"),
-        {.load = [&commands](const auto& name) { commands.postLoadPreset(name); },
+        {.load =
+             [this](const auto& name) {
+                 gui.getEdits().post({.section = Backend::PresetSections::COMPUTER_INPUT.rootElement,
+                                      .name = tr("preset of the keys").toStdString(),
+                                      .gesture = gui.getEdits().beginGesture(),
+                                      .preset = name});
+             },
          .save = [&commands](const auto& name, bool) { commands.postSavePreset(name, {}); },
          .rename = [&commands](const auto& name, const auto& newName) { commands.postRenamePreset(name, newName); },
          .remove = [&commands](const auto& name) { commands.postDeletePreset(name); }},
@@ -62,8 +70,17 @@ void ComputerInputPanel::makeTopRow()
     place(*useModifiers, USE_MODIFIERS);
     useModifiers->setLayoutDirection(Qt::RightToLeft);  // the check box is at the right edge of the panel
     Property::setHelp(*useModifiers, tr("When off, shift / ctrl / alt / win modifier state is ignored for key up."));
-    connect(useModifiers, &QCheckBox::clicked,
-            [this](bool on) { gui.getOrvIF().getComputerInputMessageManager().postSetUseKeyUpMod(on); });
+    connect(useModifiers, &QCheckBox::clicked, [this](bool on) {
+        gui.getEdits().change(Backend::PresetSections::COMPUTER_INPUT.rootElement, Backend::SECTION_RECORD,
+                              {"useKeyUpMod", on ? "true" : "false"}, tr("use modifiers on key up").toStdString(),
+                              gui.getEdits().beginGesture());
+    });
+}
+
+bool ComputerInputPanel::isBound(const Key& key) const
+{
+    const KeyConfiguration* const configuration = keys.findElement(key);
+    return configuration != nullptr && !configuration->isEmpty();
 }
 
 // --- changes that the backend reports

@@ -35,6 +35,8 @@ public:
 
     ComputerKeyboardCtl& getKeyboard() { return *keyboard; }
     Preset::PresetGuiOwner& getPresets();
+    /// Whether the key does something.
+    bool isBound(const Key& key) const;
 
     // Changes that the backend reports
     void handleKeyConfigurations(const std::vector<Backend::ComputerInput::KeyConfiguration>& configurations);

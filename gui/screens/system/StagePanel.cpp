@@ -11,6 +11,7 @@
 #include "gui/framework/ActivityLights.h"
 #include "gui/framework/EditBox.h"
 #include "gui/framework/EditBoxDialog.h"
+#include "gui/framework/EditPoster.h"
 #include "gui/framework/PopupMenu.h"
 #include "gui/framework/Properties.h"
 #include "gui/screens/system/ArrowButton.h"
@@ -78,8 +79,8 @@ void StagePanel::addProgram()
              tr("Changes to the previous program of the bank."));
     program =
         add(new ProgramButton(getGdi(), this), {52, 0, 564, 64}, tr("Program"),
-            tr("Program: click for the list of programs, right-click to rename it. The bank gets the name when you "
-               "save the program."));
+            tr("Program: click for the list of programs, right-click to rename it or to undo. A star marks a program "
+               "that was edited and not yet saved."));
     program->onMenu = [this](const QPoint& position) { showProgramMenu(position); };
     connect(program, &QAbstractButton::clicked, this, &StagePanel::showProgramList);
     addArrow(Look::Direction::right, SelectType::Kind::up, {620, 0, 48, 64}, tr("Next program"),
@@ -94,7 +95,7 @@ void StagePanel::addTempo()
     Property::set(*tempo, Property::TEXT, true);
     Property::setFont(*tempo, GdiManager::FontRole::stageTempo);
     tempo->setAlignment(Qt::AlignCenter);
-    tempo->onChange = [this](const RelativeFixedValue& change) { commands().postChangeTempo(change, true); };
+    tempo->onChange = [this](const RelativeFixedValue& change) { changeTempo(change); };
     tempo->onLeave = [this] { leave(); };
     auto* tap = add(new QPushButton(tr("Tap"), this), {788, 12, 56, 40}, tr("Tap tempo"),
                     tr("Tap: click in time, twice or more, and the tempo follows. A key or a pedal can do it, too."));
@@ -136,11 +137,49 @@ void StagePanel::addStatusLine()
 
 void StagePanel::handleBankChanged(const Bank&) { showProgram(); }
 
-void StagePanel::handleProgramChanged(const Program& changed)
+void StagePanel::handleProgramChanged(const Program&)
 {
-    tempo->showTempo(changed.tempo);
+    showTempo();
     showProgram();
 }
+
+void StagePanel::handleEditDone(const EditDone& done)
+{
+    if (gui.getEdits().isIdle()) wantedTempo.reset();
+    showTempo();
+    const QString name = QString::fromStdString(done.name);
+    if (done.kind == EditDone::Kind::undone)
+        showMessage(name.isEmpty() ? tr("Nothing to undo") : tr("Undone: %1").arg(name));
+    if (done.kind == EditDone::Kind::redone)
+        showMessage(name.isEmpty() ? tr("Nothing to redo") : tr("Redone: %1").arg(name));
+}
+
+void StagePanel::handleProgramEdited(bool edited)
+{
+    isEdited = edited;
+    showProgram();
+}
+
+void StagePanel::editProgram(const char* field, const std::string& value, const QString& name, std::uint32_t gesture)
+{
+    gui.getEdits().change("Program", 0, {field, value}, name.toStdString(), gesture);
+}
+
+/// Changes that follow each other within a second, as of the wheel, are one gesture.
+void StagePanel::changeTempo(const RelativeFixedValue& change)
+{
+    constexpr int ONE_GESTURE = 1000;  // milliseconds
+    const auto value = change.appliedTo(wantedTempo.value_or(gui.getCurrentProgram().tempo));
+    if (value < Program::LOWEST_TEMPO || value > Program::HIGHEST_TEMPO) return;
+    if (!sinceTempoEdit.isValid() || sinceTempoEdit.elapsed() > ONE_GESTURE)
+        tempoGesture = gui.getEdits().beginGesture();
+    sinceTempoEdit.start();
+    wantedTempo = static_cast<int>(value);
+    editProgram("tempo", std::to_string(*wantedTempo), tr("tempo"), tempoGesture);
+    showTempo();
+}
+
+void StagePanel::showTempo() { tempo->showTempo(wantedTempo.value_or(gui.getCurrentProgram().tempo)); }
 
 /// Below the name: the bank and the next program.
 void StagePanel::showProgram()
@@ -151,7 +190,8 @@ void StagePanel::showProgram()
     QString below = QString::fromStdString(gui.getCurrentBankName());
     if (now.number >= 0 && next < names.size())
         below = tr("%1: next %2 %3").arg(below, QString::number(next + 1), QString::fromStdString(names[next]));
-    program->showProgram(now.number, QString::fromStdString(now.name), below);
+    const QString name = QString::fromStdString(now.name);
+    program->showProgram(now.number, isEdited ? name + QStringLiteral(" *") : name, below);
 }
 
 void StagePanel::showProgramList()
@@ -168,8 +208,15 @@ void StagePanel::showProgramMenu(const QPoint& globalPosition)
     menu->clear();
     menu->addItem(tr("Rename..."));
     menu->addItem(tr("Save..."));
+    menu->addItem(tr("Undo"));
+    menu->addItem(tr("Redo"));
     menu->setSelected(-1);
-    menu->onChosen = [this](int item) { item == 0 ? rename() : gui.showSaveDialog(); };
+    menu->onChosen = [this](int item) {
+        if (item == 0) rename();
+        if (item == 1) gui.showSaveDialog();
+        if (item == 2) gui.getEdits().undo();
+        if (item == 3) gui.getEdits().redo();
+    };
     menu->show(globalPosition);
 }
 
@@ -179,8 +226,9 @@ void StagePanel::rename()
         new EditBoxDialog(tr("Rename Program"), tr("Name:"), QString::fromStdString(gui.getCurrentProgram().name),
                           EditBoxDialog::Blank::refused, *this);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
-    connect(dialog, &QDialog::accepted, this,
-            [this, dialog] { commands().postChangeProgramName(dialog->getText().toStdString()); });
+    connect(dialog, &QDialog::accepted, this, [this, dialog] {
+        editProgram("name", dialog->getText().toStdString(), tr("program name"), gui.getEdits().beginGesture());
+    });
     dialog->open();
 }
 

@@ -1,9 +1,14 @@
 #pragma once
 
+#include <QElapsedTimer>
 #include <QString>
+#include <cstdint>
+#include <optional>
+#include <string>
 
 #include "api/HostStatus.h"
 #include "backend/model/MidiPort.h"
+#include "backend/values/RelativeFixedValue.h"
 #include "gui/framework/KeyTarget.h"
 #include "gui/framework/Panel.h"
 
@@ -13,6 +18,7 @@ namespace Backend
 {
 class OrvMessageManager;
 struct Bank;
+struct EditDone;
 struct Program;
 }  // namespace Backend
 
@@ -50,6 +56,8 @@ public:
     void handleRetroRecordFillChanged(int percent);
     void handleHostStatus(const HostStatus& status);
     void displayMidiOutputEvent();
+    void handleEditDone(const Backend::EditDone& done);
+    void handleProgramEdited(bool isEdited);
 
     void showKeyTarget(KeyTarget target);
     /// What was done, for three seconds.
@@ -70,6 +78,9 @@ private:
     void showProgram();
     void showProgramMenu(const QPoint& globalPosition);
     void rename();
+    void editProgram(const char* field, const std::string& value, const QString& name, std::uint32_t gesture);
+    void changeTempo(const RelativeFixedValue& change);
+    void showTempo();
     void showStatus();
     QString findTrouble() const;
     void leave();
@@ -85,5 +96,9 @@ private:
     ActivityLights* output = nullptr;
     RecordGauge* record = nullptr;
     PopupMenu* menu;
+    bool isEdited = false;
+    std::optional<int> wantedTempo;  // while its edit is not acknowledged
+    QElapsedTimer sinceTempoEdit;
+    std::uint32_t tempoGesture = 0;
 };
 }  // namespace Gui::System

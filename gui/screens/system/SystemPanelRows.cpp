@@ -4,6 +4,7 @@
 #include "api/OrvGuiIF.h"
 #include "api/OrvMessageManager.h"
 #include "gui/framework/ComboBox.h"
+#include "gui/framework/EditPoster.h"
 #include "gui/framework/Properties.h"
 #include "gui/framework/Switches.h"
 #include "gui/screens/system/ScreenButtons.h"
@@ -95,7 +96,10 @@ void SystemPanel::addPorts()
     tempoSource =
         addChoices(at(1, 336, 536), tr("Tempo source"),
                    tr("Tempo source: Internal uses the tempo above; an input uses the MIDI clock received there."));
-    tempoSource->onChange = [this](int index) { commands().postSetTempoSource(index - 1, true); };
+    tempoSource->onChange = [this](int index) {
+        gui.getEdits().change("Program", 0, {"tempoSource", std::to_string(index - 1)},
+                              tr("tempo source").toStdString(), gui.getEdits().beginGesture());
+    };
 }
 
 void SystemPanel::addSwitches()
