@@ -512,8 +512,8 @@ public:
     /// for the lock of the slices. One caller at a time for each input; outside a slice.
     ///
     /// False if that is not possible: the event executes a function, the input is disabled, no slice was played yet,
-    /// the engine rests and a layer has an arpeggio, or an earlier event of the input has not been played. Then the caller posts it with
-    /// `OrvMessageManager::postProcessMidiInputEvent`, or, if it lost the event,
+    /// the engine rests and a layer has an arpeggio, or an earlier event of the input has not been played. Then the
+    /// caller posts it with `OrvMessageManager::postProcessMidiInputEvent`, or, if it lost the event,
     /// `OrvMessageManager::postMidiInputEventLost`: one post for each event that got false, in the order of the events.
     /// Until all that they made has been played, every later event of that input gets false too.
     virtual bool playMidiInputEvent(const MidiEngine::OrvMidiMessage& event) = 0;
@@ -523,8 +523,8 @@ public:
     virtual void tapTempo() = 0;
 
     /// Between two slices, on their thread. True if there is nothing to play until an event or a command comes. Then
-    /// the next slice may come later than usual: `MidiPlayer::wakeClock` is called as soon as there is something to play,
-    /// or an input played.
+    /// the next slice may come later than usual: `MidiPlayer::wakeClock` is called as soon as there is something to
+    /// play, or an input played.
     virtual bool tryRest() = 0;
 
     /// [backend] An edit of the window: a step of the history of the current program, which marks it as edited. What it
