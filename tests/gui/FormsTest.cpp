@@ -11,8 +11,8 @@
 
 using namespace Backend;
 using namespace Gui::Forms;
-using Edit = FormField::Edit;
-using Fields = std::vector<FormField>;
+using FieldEdit = FormField::Edit;
+using FieldList = std::vector<FormField>;
 
 struct Forms : GuiStage, testing::Test {
     struct Names final : FunctionManagement::FunctionEnumerator,
@@ -43,7 +43,7 @@ struct Forms : GuiStage, testing::Test {
     }
 
     /// What a form shows, without what has no effect now.
-    static std::string valuesOf(const Fields& fields)
+    static std::string valuesOf(const FieldList& fields)
     {
         std::string all;
         for (const auto& field : fields)
@@ -70,7 +70,7 @@ struct Forms : GuiStage, testing::Test {
     template <class Binding>
     void walk(Binding& binding)
     {
-        const Fields fields = fieldsOf(binding, lists);
+        const FieldList fields = fieldsOf(binding, lists);
         form->setRecords({fields});
         settle();
         const auto expect = [&](const FormField& field, const QString& value) {
@@ -79,11 +79,11 @@ struct Forms : GuiStage, testing::Test {
             EXPECT_EQ(valuesOf(fieldsOf(*copyOf(binding), lists)), valuesOf(fields)) << binding.getType();
         };
         const std::function<void(const FormField&)> walkField = [&](const FormField& field) {
-            if (field.edit == Edit::text) {
+            if (field.edit == FieldEdit::text) {
                 type(field.name, "Mine & yours");
                 return expect(field, "Mine & yours");
             }
-            if (field.edit != Edit::list) return walkNumber(field, expect);
+            if (field.edit != FieldEdit::list) return walkNumber(field, expect);
             auto& list = control(field.name);
             QTest::keyClick(&list, Qt::Key_Down);  // from one that is missing
             for (std::size_t i = 0; i < field.choices.size(); ++i) QTest::keyClick(&list, Qt::Key_Up);
@@ -99,11 +99,11 @@ struct Forms : GuiStage, testing::Test {
     }
     void walkNumber(const FormField& field, const auto& expect)
     {
-        const bool isNote = field.edit == Edit::note;
+        const bool isNote = field.edit == FieldEdit::note;
         const auto shown = [&](int number) {
             return isNote ? QString(number == 0 ? "C-1" : "G9") : QString::number(number);
         };
-        const QString lowest = shown(std::max(field.lowest, field.edit == Edit::change ? 0 : field.lowest));
+        const QString lowest = shown(std::max(field.lowest, field.edit == FieldEdit::change ? 0 : field.lowest));
         type(field.name, lowest);
         expect(field, lowest);
         type(field.name, QString::number(field.highest + 1));
@@ -111,11 +111,11 @@ struct Forms : GuiStage, testing::Test {
         EXPECT_NE(control(field.name).accessibleDescription(), "") << "it says why";
         type(field.name, "what");
         expect(field, shown(field.highest));
-        if (field.edit == Edit::change) {
+        if (field.edit == FieldEdit::change) {
             type(field.name, "+5");
             expect(field, "+5");
         }
-        if (field.mayBeBlank || field.edit == Edit::change) {
+        if (field.mayBeBlank || field.edit == FieldEdit::change) {
             type(field.name, "");
             expect(field, "");
         }
@@ -149,8 +149,8 @@ TEST_F(Forms, ShowWhereRecordsDifferAndSetAllOfThem)
 {
     const auto low = FunctionManagement::createFunction("MidiNoteOn", *backend.orv);
     const auto high = low->clone();
-    const Fields lowFields = fieldsOf(*low, lists);
-    const Fields highFields = fieldsOf(*high, lists);
+    const FieldList lowFields = fieldsOf(*low, lists);
+    const FieldList highFields = fieldsOf(*high, lists);
     form->setRecords({lowFields, highFields});
     settle();
     std::vector<QString> changed;
