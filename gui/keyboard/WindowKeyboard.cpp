@@ -72,7 +72,7 @@ void WindowKeyboard::keyPressed(const QKeyEvent& event)
 {
     if (event.key() == Qt::Key_Escape)
         focusControl->setFocus();
-    else if (!takesText(QApplication::focusWidget()))
+    else if (!takesText(QApplication::focusWidget()) && !(onWindowKey && onWindowKey(event)))
         keyInput.press(event);
 }
 
@@ -90,6 +90,8 @@ bool WindowKeyboard::eventFilter(QObject* object, QEvent* event)
 {
     auto* widget = qobject_cast<QWidget*>(object);
     if (widget == nullptr) return false;
+    if (widget == focusControl && event->type() == QEvent::KeyPress && onWindowKey)
+        return onWindowKey(*static_cast<QKeyEvent*>(event));
     if (widget->window() != window.window()) return isWithin(*widget, window) && handleInDialog(*widget, *event);
     handleInWindow(*widget, *event);
     return false;

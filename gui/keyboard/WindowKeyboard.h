@@ -42,6 +42,8 @@ public:
     /// The keys go elsewhere now.
     std::function<void(KeyTarget target)> onTarget;
     KeyTarget findTarget(const QWidget* focus) const;
+    /// Asked about each key while no text is edited, before it is played: true for one that is used up.
+    std::function<bool(const QKeyEvent& event)> onWindowKey;
 
 protected:
     bool eventFilter(QObject* object, QEvent* event) override;

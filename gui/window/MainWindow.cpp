@@ -113,6 +113,7 @@ MainWindow::MainWindow(OrvGuiIF& owner, QWidget* parent, Resized onResize)
     view = new ColumnView(this, *column);
     column->show(true);
     rescale();
+    keyboard->onWindowKey = [this](const QKeyEvent& event) { return useWindowKey(event); };
     keyboard->onTarget = [this](KeyTarget target) { showKeyTarget(target); };
     qApp->installEventFilter(this);
     gui.getGuiMessageManagerMaster().addMessageManager(&zoneMessages);
@@ -372,17 +373,13 @@ KeyPresses& MainWindow::getKeyPresses() { return keyboard->getKeyPresses(); }
 void MainWindow::setPlayingFocus() { keyboard->takeFocus(); }
 
 /// Keys that the focused control did not use.
-void MainWindow::keyPressEvent(QKeyEvent* event)
-{
-    if (!useWindowKey(*event)) keyboard->keyPressed(*event);
-}
+void MainWindow::keyPressEvent(QKeyEvent* event) { keyboard->keyPressed(*event); }
 
-/// Control and Z undoes, with Shift it does again, unless a text is edited or the program binds those keys.
+/// Control and Z undoes, with Shift it does again, unless the program binds those keys.
 bool MainWindow::useWindowKey(const QKeyEvent& event)
 {
     const bool again = event.modifiers() == (Qt::ControlModifier | Qt::ShiftModifier);
     if (event.key() != Qt::Key_Z || (!again && event.modifiers() != Qt::ControlModifier)) return false;
-    if (keyboard->findTarget(QApplication::focusWidget()) == KeyTarget::text) return false;
     if (computerInputPanel->isBound({.keyCode = 'Z', .shift = again, .control = true})) return false;
     again ? gui.getEdits().redo() : gui.getEdits().undo();
     return true;

@@ -54,8 +54,6 @@ constexpr auto COMMANDS = std::to_array<Command<OrvGuiIF>>({
     on<GuiMessage::ORV_RESET, &OrvGuiIF::handleResetOrv>(),
     on<GuiMessage::PROGRAM_NAME, &OrvGuiIF::handleProgramNameChanged>(),
     on<GuiMessage::PROGRAM, &changeProgram>(),
-    on<GuiMessage::EDIT_DONE, &OrvGuiIF::handleEditDone>(),
-    on<GuiMessage::PROGRAM_EDITED, &OrvGuiIF::handleProgramEdited>(),
     on<GuiMessage::DEFAULT_MIDI_OUTPUT, &OrvGuiIF::handleDefaultMidiOutputChanged>(),
     on<SETTING<Settings::USE_SKIN_BORDER>, &OrvGuiIF::handleUseSkinBorderChanged>(),
     on<GuiMessage::SHOW_SCREEN, &showScreen>(),
@@ -67,6 +65,8 @@ constexpr auto COMMANDS = std::to_array<Command<OrvGuiIF>>({
     on<SETTING<Settings::CLICK_ZONE_CHANNEL_TRANSPOSE>, &OrvGuiIF::handleClickZoneChannelTransposeChanged>(),
     on<GuiMessage::PRESETS, &changePresets>(),
     on<GuiMessage::SEQUENCE_PRESETS, &OrvGuiIF::handleSequencePresetsChanged>(),
+    on<GuiMessage::EDIT_DONE, &OrvGuiIF::handleEditDone>(),
+    on<GuiMessage::PROGRAM_EDITED, &OrvGuiIF::handleProgramEdited>(),
 });
 }  // namespace
 

@@ -204,7 +204,7 @@ class InJack(Stage):
         self.serve()
         orvane = self.orvane("--status", "--tempo", "96", "--default-output", "Orvane Out")
         orvane.say("play 1 0 -1 144 60 100")
-        line = re.compile(r"^JACK 48000 Hz, 4096 frames, \d+ xruns \| in 1 of 1, out 2 of 2 \| 96 bpm \| "
+        line = re.compile(r"^JACK 48000 Hz, 4096 frames, load \d+ %, \d+ xruns \| in 1 of 1, out 2 of 2 \| 96 bpm \| "
                           r"slice \d+/\d+/\d+ us, \d+ late, lock held \d+ us \| 1 notes \| real time: [a-z, ]+$", re.M)
         until(lambda: len(line.findall(orvane.printed)) >= 2, "two lines in " + orvane.printed)
         self.server.end(signal.SIGKILL)
