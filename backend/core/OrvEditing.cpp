@@ -1,7 +1,6 @@
 // Edits of the window, with their history, and the drafts of edited programs. See docs/behaviour/editing.md.
 
 #include <algorithm>
-#include <ranges>
 #include <utility>
 
 #include "backend/core/Orv.h"
@@ -69,7 +68,8 @@ void Orv::undo(std::uint32_t gesture)
     const EditStep* const step = history.undo();
     if (step != nullptr) {
         RecordChanges changes;
-        for (const RecordChange& change : std::views::reverse(step->changes)) changes.push_back(change.reversed());
+        for (auto change = step->changes.rbegin(); change != step->changes.rend(); ++change)
+            changes.push_back(change->reversed());
         apply(changes);
     }
     acknowledge({EditDone::Kind::undone, gesture, step != nullptr ? step->name : ""});

@@ -18,7 +18,9 @@ bool isElementField(std::string_view name) { return name.starts_with('<'); }
 std::string& valueIn(Fields& fields, std::string_view name)
 {
     const auto found = std::ranges::find(fields, name, &Field::name);
-    return found != fields.end() ? found->value : fields.emplace_back(std::string(name), "").value;
+    if (found != fields.end()) return found->value;
+    fields.push_back({.name = std::string(name), .value = ""});
+    return fields.back().value;
 }
 
 Fields readFields(const std::string& text)

@@ -15,7 +15,7 @@ using Role = GdiManager::Role;
 namespace
 {
 constexpr auto GLOW = std::chrono::milliseconds(120);
-constexpr int DISC = 8;
+constexpr int LIGHT_SIZE = 8;
 constexpr int PITCH = 12;
 constexpr int GAP = 6;
 constexpr int MOST = 64;
@@ -66,7 +66,7 @@ void ActivityLights::paintEvent(QPaintEvent*)
     painter.setPen(gdi.getColour(Role::label));
     painter.drawText(rect(), Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine, label);
     int left = painter.fontMetrics().horizontalAdvance(label) + gdi.px(GAP);
-    const int disc = gdi.px(DISC);
+    const int disc = gdi.px(LIGHT_SIZE);
     for (int port = 0; port < names.size() && left + disc <= width(); ++port) {
         if (names[port].isEmpty()) continue;
         painter.setPen(gdi.getColour(Role::controlBorder));
