@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -208,6 +209,8 @@ public:
 
     /// The scale that the user wants, 75 to 400 percent; it is stored.
     virtual void setScale(int percent) = 0;
+    /// The height that the user has given the window, in logical pixels, 0 for its natural one; it is stored.
+    virtual void setHeight(int height) = 0;
     /// The room for the window has changed: asks the host for the scale again.
     virtual void refit() = 0;
     /// The small window with three buttons alone, or the screens that it replaced.
@@ -222,5 +225,9 @@ public:
     virtual void handleEditDone(const Backend::EditDone& done) = 0;
     /// Whether the current program differs from what is saved, and how many others do.
     virtual void handleProgramEdited(bool isEdited, int others) = 0;
+    enum class Loss { ofProgram, ofAll };
+    /// Before edits of the current program, or of all programs, are lost: calls `goOn` at once if there are none, or if
+    /// the user does not want to be asked; otherwise after a yes.
+    virtual void askBeforeLoss(Loss loss, std::function<void()> goOn) = 0;
 };
 }  // namespace Gui

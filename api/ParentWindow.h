@@ -31,8 +31,7 @@ public:
     /// in logical pixels. Returns the scale at which the host shows it, so that nothing is out of reach. Called before
     /// `windowResized`, whenever the scale changes, and by `OrvGuiIF::refit`.
     virtual int fitScale(int percent, [[maybe_unused]] int width, [[maybe_unused]] int height) { return percent; }
-    /// When the window opens: the height that the user left it at, in logical pixels, which is less than its natural
-    /// one.
+    /// When the window opens: the height that the user has given it (`OrvGuiIF::setHeight`), in logical pixels.
     virtual void heightChosen([[maybe_unused]] int height) {}
     /// Whether the keys of the computer play now.
     virtual void keysPlayChanged([[maybe_unused]] bool on) {}

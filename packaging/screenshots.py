@@ -27,7 +27,7 @@ DIALOGS = [  # picture, title, the screen with its button, the position of the b
     ("setup-dialog", "Setup", "system", (922, 146), []),  # its page of the record
     ("save-dialog", "Save", "system", (822, 146), ["Down", "Down", "Return"]),
     ("bank-size-dialog", "Change Bank Size", "system", (822, 146), ["Down", "Down", "Down", "Return"]),
-    ("presets-dialog", "Presets", "computer-input", (433, 45), ["Down", "Down", "Return"]),
+    ("presets-dialog", "Presets", "computer-input", (433, 74), ["Down", "Down", "Return"]),
 ]
 THREE_BUTTONS = 300  # a window with a screen is wider
 SERVER = "orvane-screenshots"  # a JACK server of its own, so that there is sound

@@ -75,7 +75,8 @@ inline constexpr Text SCREEN_STATE{"ScreenState", ""};
 inline constexpr Number WINDOW_SCALE{"WindowScale", 100, 33285, Notice::all, 75, 400};
 /// In the order of `GdiManager::SKINS`.
 inline constexpr Number SKIN{"Skin", 0, 33286, Notice::all, 0, 2};
-
+/// Of the window inside its frame, in logical pixels, as the user has dragged it; 0 for its natural height.
+inline constexpr Number WINDOW_HEIGHT{"WindowHeight", 0, 33293, Notice::none, 0, 20'000};
 /// "Ask before changes are lost", a value of `BeforeLoss`.
 inline constexpr Number ASK_BEFORE_LOSS{"AskBeforeLoss", 1, 33292, Notice::all, 0, 2};
 
@@ -90,12 +91,12 @@ struct Rows {
 };
 
 /// All settings, in the order in which they are written.
-using All =
-    Rows<PROG_DIR, DEFAULT_BANK, GLOBAL_KEYBOARD, MIDI_THRU, KEEP_NOTES, RETRO_RECORD_ENABLED, RETRO_RECORD_BUFFER_SIZE,
-         MIDI_BUFFER_DIR, LARGE_DISPLAY_FONT, MOUSE_SENSITIVITY, DOCK_TO_BOTTOM_EDGE, DISPLAY_MIDI_INPUT_EVENTS,
-         DISPLAY_MIDI_OUTPUT_EVENTS, DISPLAY_NUMBERS, DISPLAY_HEIGHT, LAST_WINDOW_POSITION, ENABLED_MIDI_INPUTS,
-         ENABLED_MIDI_OUTPUTS, ALWAYS_ON_TOP, USE_SKIN_BORDER, DEFAULT_MIDI_OUTPUT, LITE_VELOCITY, LITE_CHANNEL,
-         LITE_STACK_NOTES, CLICK_ZONE_CHANNEL_TRANSPOSE, SCREEN_STATE, WINDOW_SCALE, SKIN, ASK_BEFORE_LOSS>;
+using All = Rows<PROG_DIR, DEFAULT_BANK, GLOBAL_KEYBOARD, MIDI_THRU, KEEP_NOTES, RETRO_RECORD_ENABLED,
+                 RETRO_RECORD_BUFFER_SIZE, MIDI_BUFFER_DIR, LARGE_DISPLAY_FONT, MOUSE_SENSITIVITY, DOCK_TO_BOTTOM_EDGE,
+                 DISPLAY_MIDI_INPUT_EVENTS, DISPLAY_MIDI_OUTPUT_EVENTS, DISPLAY_NUMBERS, DISPLAY_HEIGHT,
+                 LAST_WINDOW_POSITION, ENABLED_MIDI_INPUTS, ENABLED_MIDI_OUTPUTS, ALWAYS_ON_TOP, USE_SKIN_BORDER,
+                 DEFAULT_MIDI_OUTPUT, LITE_VELOCITY, LITE_CHANNEL, LITE_STACK_NOTES, CLICK_ZONE_CHANNEL_TRANSPOSE,
+                 SCREEN_STATE, WINDOW_SCALE, SKIN, WINDOW_HEIGHT, ASK_BEFORE_LOSS>;
 
 /// The type of a row's value.
 template <const auto& row>

@@ -87,10 +87,9 @@ void OpenWindow::restorePosition() const
 {
     const auto& settings = gui.getRegistrySettings();
     const auto last = settings.getLastWindowPosition();
-    const auto height = [this] { return main->window()->frameGeometry().height(); };
-    const int cut = height() - (last.bottom - last.top);
-    if (last.bottom > last.top && cut > 0) parent.heightChosen(main->height() - cut);
-    const QPoint place(last.left, settings.getDockToBottomEdge() ? last.bottom - height() : last.top);
+    if (const int height = settings.get<Backend::Settings::WINDOW_HEIGHT>(); height > 0) parent.heightChosen(height);
+    const int height = main->window()->frameGeometry().height();
+    const QPoint place(last.left, settings.getDockToBottomEdge() ? last.bottom - height : last.top);
     if (place.x() >= 0 && place.y() >= 0 && QGuiApplication::screenAt(place) != nullptr)
         parent.moveWindow(to(place.x()), to(place.y()));
 }

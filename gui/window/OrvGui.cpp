@@ -107,6 +107,12 @@ void OrvGui::setScale(int percent)
     getOrvMessageManager().postSetting(SETTING<Settings::WINDOW_SCALE>(wanted));
 }
 
+void OrvGui::setHeight(int height)
+{
+    shown.settings.set<Settings::WINDOW_HEIGHT>(height);
+    getOrvMessageManager().postSetting(SETTING<Settings::WINDOW_HEIGHT>(height));
+}
+
 void OrvGui::refit()
 {
     if (open) open->applyLook();

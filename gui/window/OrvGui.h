@@ -114,12 +114,14 @@ public:
     void showHostStatus(const HostStatus& status) override;
     void handleKeyTarget(KeyTarget target) override;
     void setScale(int percent) override;
+    void setHeight(int height) override;
     void refit() override;
     void setCompact(bool on) override;
     bool isCompact() const override;
     EditPoster& getEdits() override;
     void handleEditDone(const Backend::EditDone& done) override;
     void handleProgramEdited(bool isEdited, int others) override;
+    void askBeforeLoss(Loss loss, std::function<void()> goOn) override;
 
 private:
     template <class Value>
@@ -133,6 +135,8 @@ private:
     GlobalKeyboard globalKeyboard;
     std::array<Backend::PresetList, Backend::PresetSections::ALL.size()> presetLists;
     Backend::SequenceManagement::SequencePresetManager sequencePresets;
+    bool isEdited = false;             // the current program
+    int otherEdited = 0;               // programs
     std::string loading;               // the file that the user chose, until its program is shown
     std::unique_ptr<OpenWindow> open;  // null while the window is closed
 };

@@ -1,6 +1,9 @@
 // Files and presets: their dialogs, and the changes that the backend makes to files.
+#include <utility>
+
 #include "api/OrvMessageManager.h"
 #include "backend/files/FileName.h"
+#include "backend/model/Edit.h"
 #include "gui/files/FileCommands.h"
 #include "gui/framework/Question.h"
 #include "gui/screens/computerinput/ComputerInputPanel.h"
@@ -28,11 +31,26 @@ void OrvGui::importVersion2File()
 
 void OrvGui::loadFile(const std::string& path)
 {
-    loading = path;
-    if (path.ends_with(".prg"))
-        getOrvMessageManager().postLoadProgram(path);
-    else
-        getOrvMessageManager().postLoadBank(path);
+    const bool isProgram = path.ends_with(".prg");
+    askBeforeLoss(isProgram ? Loss::ofProgram : Loss::ofAll, [this, path, isProgram] {
+        loading = path;
+        if (isProgram)
+            getOrvMessageManager().postLoadProgram(path);
+        else
+            getOrvMessageManager().postLoadBank(path);
+    });
+}
+
+void OrvGui::askBeforeLoss(Loss loss, std::function<void()> goOn)
+{
+    const int setting = shown.settings.get<Settings::ASK_BEFORE_LOSS>();
+    const int programs = (isEdited ? 1 : 0) + (loss == Loss::ofAll ? otherEdited : 0);
+    if (!open || programs == 0 || setting == static_cast<int>(BeforeLoss::never)) return goOn();
+    const QString text = programs > 1 || !isEdited
+                             ? QObject::tr("Edited programs that are not saved: %1. Lose their changes?").arg(programs)
+                             : QObject::tr("\"%1\" was edited and is not saved. Lose its changes?")
+                                   .arg(QString::fromStdString(shown.program.name));
+    ask(open->getDialogParent(), QObject::tr("Changes that are not saved"), text, std::move(goOn));
 }
 
 // --- presets

@@ -153,7 +153,12 @@ void OrvGui::handleEditDone(const EditDone& done)
     open->main->getStagePanel().handleEditDone(done);
 }
 
-void OrvGui::handleProgramEdited(bool isEdited, int) { open->main->getStagePanel().handleProgramEdited(isEdited); }
+void OrvGui::handleProgramEdited(bool edited, int others)
+{
+    isEdited = edited;
+    otherEdited = others;
+    open->main->getStagePanel().handleProgramEdited(edited);
+}
 
 void OrvGui::handleProgramNameChanged(const Program& program) { handleProgramChanged(program); }
 

@@ -90,7 +90,7 @@ void Frame::windowResized(int width, int newHeight)
 {
     const bool isOther = inside.height() != newHeight && !isFitting;
     inside = QSize(width, newHeight);
-    if (isOther && chosenHeight > newHeight) chosenHeight = 0;
+    if (isOther && chosenHeight > newHeight) chooseHeight(0);
     fit();
 }
 
@@ -100,6 +100,12 @@ QSize Frame::getRoom() const
     const QMargins around = getBorder();
     const QSize all = isFullScreen() ? screen()->size() : screen()->availableGeometry().size();
     return all - QSize(around.left() + around.right(), around.top() + around.bottom());
+}
+
+void Frame::chooseHeight(int height)
+{
+    chosenHeight = height;
+    if (onHeight) onHeight(height);
 }
 
 void Frame::heightChosen(int height)
@@ -172,7 +178,7 @@ void Frame::resizeEvent(QResizeEvent*)
     placeContent();
     if (isFitting || fillsScreen() || border == Border::own || natural.isEmpty()) return;
     const QSize now = content->size();
-    if (now.height() != inside.height()) chosenHeight = now.height();
+    if (now.height() != inside.height()) chooseHeight(now.height());
     if (now.width() != inside.width() && onScale) onScale(ALL * now.width() / natural.width());
 }
 
@@ -230,7 +236,7 @@ void Frame::drag(const QPoint& global)
 {
     const QMargins around = getBorder();
     if (dragged == Edge::bottom) {
-        chosenHeight = std::max(1, gripGeometry.height() + global.y() - grip.y() - around.top() - around.bottom());
+        chooseHeight(std::max(1, gripGeometry.height() + global.y() - grip.y() - around.top() - around.bottom()));
         return fit();
     }
     if (natural.isEmpty() || !onScale) return;

@@ -23,6 +23,9 @@ public:
 
     /// The user dragged a side edge: the scale in percent.
     std::function<void(int percent)> onScale;
+    /// The user dragged the bottom edge, or it gave way to other screens: the height of the content, 0 for its natural
+    /// one.
+    std::function<void(int height)> onHeight;
     /// The room has changed, so another scale may fit.
     std::function<void()> onRefit;
     /// The user wants the small window, or the screens back.
@@ -60,6 +63,7 @@ protected:
 private:
     enum class Edge { none, left, right, bottom };
 
+    void chooseHeight(int height);
     void activate(int attempts);
     void fit();
     void placeContent();

@@ -1,6 +1,8 @@
 #include <QRadioButton>
 
 #include "api/OrvUtils.h"
+#include "backend/messages/SettingMessages.h"
+#include "backend/model/Edit.h"
 #include "backend/model/PresetList.h"
 #include "backend/model/PresetSections.h"
 #include "tests/gui/DialogHands.h"
@@ -12,10 +14,10 @@ struct FileDialogs : DialogHands {
 
     std::string current() { return orv->getProgram().name + " of " + orv->getBank().name; }
     // They return what the message box said that followed.
-    std::string load(const char* file)
+    std::string load(const char* file, Answer reply = Answer::Ok)
     {
         openFileMenu("Load...");
-        return chooseFile("Load", path(file));
+        return chooseFile("Load", path(file), reply);
     }
     std::string save(const QString& target = {}, const QString& name = {}, Answer reply = Answer::No)
     {
@@ -50,6 +52,48 @@ TEST_F(FileDialogs, LoadABankOrAProgramAndSayWhereThereIsNone)
     EXPECT_EQ(load("Missing.bnk"), "Error: There is no file \"Missing.bnk\".");
     leave("Load");
     EXPECT_EQ(dialogs(), "");
+}
+
+TEST_F(FileDialogs, AskBeforeEditsAreLostWhenTheUserWantsIt)
+{
+    commands().postKeepDrafts(true);
+    const auto edit = [this] {
+        Hands::wheel(control("Tempo"), 1);
+        settle();
+    };
+    const auto askWhen = [this](BeforeLoss when) {
+        commands().postSetting(SETTING<Settings::ASK_BEFORE_LOSS>(static_cast<int>(when)));
+        settle();
+    };
+    const auto number = [this] { return orv->getProgram().number; };
+    const std::string ofOne =
+        "Changes that are not saved: \"" + orv->getProgram().name + "\" was edited and is not saved. Lose its changes?";
+    edit();
+    EXPECT_EQ(load("Other.bnk", Answer::No), ofOne);
+    EXPECT_EQ(orv->getBank().name, path("Three.bnk"));
+    click("Next program");
+    EXPECT_EQ(answer(), "") << "it is kept as a draft";
+    EXPECT_EQ(number(), 1);
+    int closed = 0;
+    const auto close = [&] { gui->askBeforeLoss(Gui::OrvGuiIF::Loss::ofAll, [&] { ++closed; }); };
+    close();
+    EXPECT_EQ(answer(Answer::Yes),
+              "Changes that are not saved: Edited programs that are not saved: 1. Lose their changes?");
+    EXPECT_EQ(closed, 1);
+    askWhen(BeforeLoss::never);
+    close();
+    EXPECT_EQ(closed, 2);
+
+    askWhen(BeforeLoss::ask);
+    click("Previous program");
+    click("Next program");
+    EXPECT_EQ(answer(Answer::No), ofOne);
+    EXPECT_EQ(number(), 0);
+    click("Next program");
+    EXPECT_EQ(answer(Answer::Yes), ofOne);
+    EXPECT_EQ(number(), 1);
+    close();
+    EXPECT_EQ(closed, 3) << "nothing is edited any more";
 }
 
 TEST_F(FileDialogs, StartInTheFolderOfTheBanks)

@@ -84,6 +84,7 @@ TEST_F(DesktopWindows, OpenAsTheyWereLeftAndWhollyOnTheDesktop)
 {
     auto window = openWindow();
     window->getFrame().heightChosen(300);
+    window->getFrame().onHeight(300);
     const QRect left = window->getFrame().geometry();
     window.reset();
     window = openWindow();

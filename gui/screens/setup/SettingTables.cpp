@@ -90,6 +90,21 @@ constexpr Choice SKIN{
     [](const OrvGuiIF&, int) { return std::string(); },
     [](Commands& commands, int skin) { commands.postSetting(SETTING<Backend::Settings::SKIN>(skin)); }};
 
+constexpr Choice ASK_BEFORE_LOSS{
+    "Ask before changes are lost:",
+    "Ask before changes are lost",
+    "When to ask before changes of a program are lost that are not saved. Where a program change does not ask, the "
+    "edited "
+    "program is kept until Orvane ends or a bank is loaded.",
+    230,
+    [](const OrvGuiIF&) {
+        return std::vector<ComboBox::Entry>{
+            {.text = "At every program change"}, {.text = "Before closing and loading"}, {.text = "Never"}};
+    },
+    [](const OrvGuiIF& gui) { return gui.getRegistrySettings().get<Backend::Settings::ASK_BEFORE_LOSS>(); },
+    [](const OrvGuiIF&, int) { return std::string(); },
+    [](Commands& commands, int when) { commands.postSetting(SETTING<Backend::Settings::ASK_BEFORE_LOSS>(when)); }};
+
 constexpr PortSide INPUTS{
     "MIDI inputs",
     "MIDI inputs: those with a check mark are received. A device that is not plugged in is opened when it is.",

@@ -64,4 +64,5 @@ extern const Number RECORD_SIZE;
 extern const Number DISPLAY_HEIGHT;
 extern const Choice WINDOW_SCALE;
 extern const Choice SKIN;
+extern const Choice ASK_BEFORE_LOSS;
 }  // namespace Gui::Setup

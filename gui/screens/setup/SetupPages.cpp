@@ -86,8 +86,10 @@ void SetupPages::makePages()
     add<SwitchField>(Switches::KEEP_NOTES, playing);
     add<NumberField>(MOUSE_SENSITIVITY, playing);
 
-    QBoxLayout& bank = addPage({tr("Bank"), tr("The bank that is loaded at every start.")});
+    QBoxLayout& bank =
+        addPage({tr("Bank"), tr("The bank that is loaded at every start, and what is asked before changes are lost.")});
     add<BankField>(bank);
+    add<ChoiceField>(ASK_BEFORE_LOSS, bank);
 
     QBoxLayout& record = addPage(
         {tr("Record"), tr("The retrospective record: on or off, and its size, 1 to 200000 KB for each output.")});

@@ -7,6 +7,7 @@
 #include "api/OrvGuiIF.h"
 #include "api/OrvMessageManager.h"
 #include "backend/files/RegistrySettings.h"
+#include "backend/model/Edit.h"
 #include "backend/model/Program.h"
 #include "gui/framework/ActivityLights.h"
 #include "gui/framework/EditBox.h"
@@ -73,7 +74,7 @@ void StagePanel::addProgram()
                                  const QString& name, const QString& help) {
         auto* arrow = add(new ArrowButton(getGdi(), direction, this), rectangle, name, help);
         arrow->setFocusPolicy(Qt::TabFocus);  // a click must not take the focus from playing
-        connect(arrow, &QPushButton::pressed, this, [this, kind] { commands().postChangeProgram({.kind = kind}); });
+        connect(arrow, &QPushButton::pressed, this, [this, kind] { changeProgram({.kind = kind}); });
     };
     addArrow(Look::Direction::left, SelectType::Kind::down, {0, 0, 48, 64}, tr("Previous program"),
              tr("Changes to the previous program of the bank."));
@@ -199,8 +200,19 @@ void StagePanel::showProgramList()
     const auto& names = gui.getCurrentBank().programNames;
     if (names.empty()) return;
     auto* list = new ProgramList(getGdi(), names, gui.getCurrentProgram().number, this);
-    list->onChosen = [this](int number) { commands().postChangeProgram(specificProgram(number)); };
+    list->onChosen = [this](int number) { changeProgram(specificProgram(number)); };
     list->showAt(isVisible() ? program->mapToGlobal(QPoint(0, program->height())) : QCursor::pos());
+}
+
+/// An edited program is kept as a draft, unless the user wants to be asked.
+void StagePanel::changeProgram(const SelectType& select)
+{
+    const int setting = gui.getRegistrySettings().get<Settings::ASK_BEFORE_LOSS>();
+    if (!isEdited || setting != static_cast<int>(BeforeLoss::ask)) return commands().postChangeProgram(select);
+    gui.askBeforeLoss(OrvGuiIF::Loss::ofProgram, [this, select] {
+        commands().postDiscardEdits();
+        commands().postChangeProgram(select);
+    });
 }
 
 void StagePanel::showProgramMenu(const QPoint& globalPosition)

@@ -9,6 +9,7 @@
 #include "api/HostStatus.h"
 #include "backend/model/MidiPort.h"
 #include "backend/values/RelativeFixedValue.h"
+#include "backend/values/SelectType.h"
 #include "gui/framework/KeyTarget.h"
 #include "gui/framework/Panel.h"
 
@@ -79,6 +80,7 @@ private:
     void showProgramMenu(const QPoint& globalPosition);
     void rename();
     void editProgram(const char* field, const std::string& value, const QString& name, std::uint32_t gesture);
+    void changeProgram(const SelectType& select);
     void changeTempo(const RelativeFixedValue& change);
     void showTempo();
     void showStatus();
