@@ -55,7 +55,7 @@ TEST(GdiManager, HaveSkinsThatCanBeRead)
         return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) + 0.0722 * linear(colour.blueF());
     };
     const auto contrast = [&](const QColor& one, const QColor& other) {
-        const auto [darker, lighter] = std::minmax(luminance(one), luminance(other));
+        const auto [darker, lighter] = std::minmax({luminance(one), luminance(other)});
         return (lighter + 0.05) / (darker + 0.05);
     };
     using enum GdiManager::Role;
