@@ -278,7 +278,7 @@ private:
     void requeue() REQUIRES(criticalSection);
     void endRest() REQUIRES(criticalSection)
     {
-        if (resting) midiPlayer.wakeClock();
+        if (std::exchange(wakesClock, false)) midiPlayer.wakeClock();
     }
     static void finish(Slice& slice);
     [[gnu::noinline]] static void report(std::span<const Slice::Drop> drops);
@@ -352,6 +352,7 @@ private:
     RandomSource random GUARDED_BY(criticalSection);
     std::int32_t startTime GUARDED_BY(criticalSection) = -1;      // of the arpeggios' grid
     bool resting GUARDED_BY(criticalSection) = false;             // until the next slice
+    bool wakesClock GUARDED_BY(criticalSection) = false;          // once in a rest
     Layers::PulseSpan arpeggiosIdle GUARDED_BY(criticalSection);  // the pulses in which no arpeggio does anything
     Zones::EngineZones zones GUARDED_BY(criticalSection);
     PressMemory presses GUARDED_BY(criticalSection);

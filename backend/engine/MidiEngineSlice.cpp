@@ -30,7 +30,7 @@ void MidiEngine::playTimeSlice(std::int32_t startPpq, std::int32_t endPpq)
     {
         const PlayLock lock(criticalSection, longestHold);
         timeSlicesRunning = true;
-        resting = false;
+        resting = wakesClock = false;
         drain(slice, endPpq);
         walk(slice, startPpq, endPpq);
         requeue();
@@ -45,6 +45,7 @@ bool MidiEngine::tryRest()
 {
     const PlayLock lock(criticalSection, longestHold);
     resting = timedEvents.empty() && oscillators.isIdle() && arpeggiosIdle.until == ArpeggioManagement::Arpeggio::NEVER;
+    wakesClock = resting;
     return resting;
 }
 
