@@ -89,14 +89,18 @@ void Clock::playPeriod(std::uint32_t firstStamp, std::uint32_t frames, const Tra
     const auto rate = static_cast<double>(framesPerSecond);
     if (transport != nullptr) tempo.processTransport(seconds, *transport);
     tempo.process(seconds, firstStamp, rate);
+    const bool isQuiet = (inputs == nullptr || !inputs->nextFrame()) && tryRest();
+    const int longest = isQuiet ? Slices::LONGEST : 1;
+    int pulses = 0;
     while (framePulses->ticksToPulse() < frames) {
         const auto frame = static_cast<std::uint32_t>(std::max<std::int64_t>(framePulses->ticksToPulse(), 0));
         playInputs(inputs, frame);
         setFrame(frame);
         const double bpm = tempo.passPulse(seconds + frame / rate, firstStamp + frame);
-        slices.play(1);
+        if (++pulses == longest) slices.play(std::exchange(pulses, 0));
         framePulses->passPulse(bpm);
     }
+    if (pulses > 0) slices.play(pulses);
     playInputs(inputs, frames);
     framePulses->passTicks(frames);
     seconds += frames / rate;
@@ -246,11 +250,13 @@ void Clock::tick()
     afterSlice();
 }
 
-/// True if it rested: then the next slice is due now. A clock that is sent or followed needs every pulse in time.
+/// A clock that is sent or followed needs every pulse in time.
+bool Clock::tryRest() const { return !sendsClock && player.getClockSource() < 0 && tryRestEngine && tryRestEngine(); }
+
+/// True if it rested: then the next slice is due now.
 bool Clock::rest()
 {
-    if (nextTick - lastPlayed < UNTIL_REST || sendsClock || player.getClockSource() >= 0) return false;
-    if (!tryRestEngine || !tryRestEngine()) return false;
+    if (nextTick - lastPlayed < UNTIL_REST || !tryRest()) return false;
     player.waitForWork(REST);
     nextTick = std::chrono::steady_clock::now();
     return true;

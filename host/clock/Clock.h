@@ -19,10 +19,10 @@
 namespace Host
 {
 /// The host's clock: it plays time slices at the tempo of its tempo controller. In an audio graph the process callback
-/// plays them, one slice per pulse, with the frame of the pulse as its stamp. Without a graph the clock's own thread
-/// plays a slice about every millisecond, or a longer one every 20 ms after a second in which nothing was played, while
-/// the engine rests. That thread also runs beside a graph and takes over at the pulse where the
-/// graph stopped. `ClockOwner` says which of the two plays:
+/// plays them, one slice per pulse, with the frame of the pulse as its stamp, or one for a period in which nothing
+/// arrives while the engine rests. Without a graph the clock's own thread plays a slice about every millisecond, or a
+/// longer one every 20 ms after a second in which nothing was played, while the engine rests. That thread also runs
+/// beside a graph and takes over at the pulse where the graph stopped. `ClockOwner` says which of the two plays:
 ///
 /// | graph     | entered by                                       | owner of the clock                  |
 /// |-----------|--------------------------------------------------|-------------------------------------|
@@ -113,6 +113,7 @@ private:
     void setFrame(std::uint32_t frame);
     bool synchronise(Time now, std::uint32_t frames);
     void tick();
+    bool tryRest() const;
     bool rest();
     int takeDuePulses(Time now);
 

@@ -93,6 +93,24 @@ TEST(Clock, RestsOnlyWhileTheEngineDoesAndIsWokenToContinueWithoutAGap)
     recording.expectContiguous();
 }
 
+TEST(Clock, InAGraphPlaysOneSliceForAQuietPeriodWhileTheEngineRests)
+{
+    Recording recording;
+    bool isEngineResting = false;
+    recording.clock.setTryRest([&] { return isEngineResting; });
+    recording.clock.startInGraph(48000);
+    recording.clock.playPeriod(0, 256);
+    EXPECT_EQ(recording.spans.size(), 6u);
+    isEngineResting = true;
+    recording.clock.playPeriod(256, 250);
+    EXPECT_EQ(recording.spans.size(), 7u);
+    recording.player.setClockIn(0);
+    recording.clock.playPeriod(506, 250);
+    EXPECT_EQ(recording.spans.size(), 12u) << "every pulse of a clock that is followed";
+    recording.clock.stop();
+    recording.expectContiguous();
+}
+
 TEST(PulseClock, AfterAnHourEveryPulseStillFallsOnItsFrame)
 {
     const struct {
