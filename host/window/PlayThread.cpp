@@ -14,7 +14,8 @@ namespace
 {
 constexpr auto LONGEST_WAIT_FOR_THE_WINDOW = 2s;
 constexpr int FAILED = 1;
-constexpr auto STATUS_INTERVAL = std::chrono::milliseconds(100);
+constexpr auto STATUS_INTERVAL = 100ms;
+constexpr auto LONGEST_WITHOUT_STATUS = 500ms;
 
 std::atomic<PlayThread*> present{nullptr};
 
@@ -82,10 +83,17 @@ void PlayThread::setStatusReceiver(std::function<void(const Gui::HostStatus& sta
 void PlayThread::reportStatus(LiveHost& host)
 {
     const auto now = std::chrono::steady_clock::now();
-    if (now - lastStatus < STATUS_INTERVAL) return;
-    lastStatus = now;
+    if (now - lastLook < STATUS_INTERVAL) return;
+    lastLook = now;
     const MutexLock guard(lock);
-    if (statusReceiver) statusReceiver(host.getPlay().windowStatus());
+    if (!statusReceiver) return;
+    const Gui::HostStatus status = host.getPlay().windowStatus();
+    const bool isNews =
+        status.activeInputs != 0 || status.system != reported.system || status.trouble != reported.trouble;
+    if (!isNews && now - lastReport < LONGEST_WITHOUT_STATUS) return;
+    lastReport = now;
+    reported = status;
+    statusReceiver(status);
 }
 
 /// The window may still use any object, so none is destroyed before the process ends.

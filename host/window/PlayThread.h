@@ -29,7 +29,8 @@ public:
     PlayThread(const PlayThread&) = delete;
     PlayThread& operator=(const PlayThread&) = delete;
 
-    /// Gets the status of playing ten times a second, on the control thread, until `end`. Null for none.
+    /// Gets the status of playing on the control thread, until `end`: within 100 ms when it changes, else twice a
+    /// second. Null for none.
     void setStatusReceiver(std::function<void(const Gui::HostStatus& status)> receiver) EXCLUDES(lock);
 
     /// Waits until it plays. Throws what `LiveHost::start` throws.
@@ -56,7 +57,9 @@ private:
 
     Mutex lock;
     std::function<void(const Gui::HostStatus& status)> statusReceiver GUARDED_BY(lock);
-    std::chrono::steady_clock::time_point lastStatus;
+    std::chrono::steady_clock::time_point lastLook;
+    std::chrono::steady_clock::time_point lastReport;
+    Gui::HostStatus reported;
     std::promise<LiveHost*> playing;
     std::atomic<bool> isWindowClosed{false};
     Event windowClosed;

@@ -24,15 +24,17 @@ BeatLight::BeatLight(const GdiManager& manager, QWidget* parent) : QWidget(paren
     connect(&beat, &QTimer::timeout, this, [this] {
         setLit(true);
         dark.start(GLOW);
+        beat.start(beatTime);
     });
     connect(&dark, &QTimer::timeout, this, [this] { setLit(false); });
 }
 
 void BeatLight::showClock(std::int32_t pulse, int beatsPerMinute)
 {
-    if (!isVisible() || beatsPerMinute <= 0) return;
-    const int rest = PULSES_PER_BEAT - pulse % PULSES_PER_BEAT;
-    beat.start(rest * MILLISECONDS_PER_MINUTE / (PULSES_PER_BEAT * beatsPerMinute));
+    beat.stop();
+    if (!isVisible() || pulse < 0 || beatsPerMinute <= 0) return;
+    beatTime = MILLISECONDS_PER_MINUTE / beatsPerMinute;
+    beat.start((PULSES_PER_BEAT - pulse % PULSES_PER_BEAT) * beatTime / PULSES_PER_BEAT);
 }
 
 void BeatLight::setLit(bool on)

@@ -271,7 +271,7 @@ void StagePanel::handleHostStatus(const HostStatus& newStatus)
 {
     host = newStatus;
     inputs->flash(host.activeInputs);
-    if (host.pulse >= 0) beat->showClock(host.pulse, gui.getCurrentProgram().tempo);
+    beat->showClock(host.pulse, gui.getCurrentProgram().tempo);
     showStatus();
 }
 
