@@ -28,9 +28,10 @@ constexpr QSize FIRST_SIZE(104, 33);
 
 // An X server refuses the focus if the time stamp of the request is older than the last change of focus. Qt's time
 // stamp is old if the window was not used for a while; the events of an attempt bring the present one, on a busy
-// machine late.
+// machine late. Qt may report for 100 ms that a window is active which has lost the focus.
 constexpr auto UNTIL_THE_TIME_IS_KNOWN = std::chrono::milliseconds(100);
 constexpr int ATTEMPTS = 20;
+constexpr int TIMES_ACTIVE = 3;  // in a row
 }  // namespace
 
 Frame::Frame(std::function<void()> requestClose)
@@ -74,16 +75,16 @@ void Frame::raiseAboveAll()
 {
     setWindowState(windowState() & ~Qt::WindowMinimized);
     raise();
-    activate(ATTEMPTS);
+    activate(ATTEMPTS, 0);
 }
 
-void Frame::activate(int attempts)
+/// `timesActive`: how often in a row the window was reported to be active.
+void Frame::activate(int attempts, int timesActive)
 {
-    activateWindow();
-    if (attempts == 1) return;
-    QTimer::singleShot(UNTIL_THE_TIME_IS_KNOWN, this, [this, attempts] {
-        if (!isActiveWindow()) activate(attempts - 1);
-    });
+    if (timesActive == 0) activateWindow();
+    if (attempts == 1 || timesActive == TIMES_ACTIVE) return;
+    QTimer::singleShot(UNTIL_THE_TIME_IS_KNOWN, this,
+                       [=, this] { activate(attempts - 1, isActiveWindow() ? timesActive + 1 : 0); });
 }
 
 void Frame::windowResized(int width, int newHeight)

@@ -64,7 +64,7 @@ private:
     enum class Edge { none, left, right, bottom };
 
     void chooseHeight(int height);
-    void activate(int attempts);
+    void activate(int attempts, int timesActive);
     void fit();
     void placeContent();
     void keepReachable();
