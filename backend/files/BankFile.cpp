@@ -42,6 +42,24 @@ std::string withoutPrograms(std::string_view text, const ElementLayout& layout)
     return rest += text.substr(from);
 }
 
+/// A well-formed `Program` element with another name and all its other bytes.
+std::string renamed(std::string text, const std::string& name)
+{
+    constexpr std::string_view BLANKS = " \t\r\n";
+    const std::string tag = xmlOpenTag(PROGRAM);
+    const std::size_t first = text.find(tag) + tag.size();
+    const std::string attribute = xmlStringAttribute("name", name);
+    std::size_t end = first;
+    for (std::size_t begin = first;; begin = end) {
+        const std::size_t key = text.find_first_not_of(BLANKS, begin);
+        if (text[key] == '>' || text[key] == '/') return text.insert(first, attribute);
+        const std::size_t quote = text.find_first_of("\"'", key);
+        end = text.find(text[quote], quote + 1) + 1;
+        if (text.substr(key, text.find_first_of("= \t\r\n", key) - key) == "name")
+            return text.replace(begin, end - begin, attribute);
+    }
+}
+
 auto lineOf(std::string_view text, std::size_t place) { return 1 + std::ranges::count(text.substr(0, place), '\n'); }
 }  // namespace
 
@@ -59,7 +77,7 @@ BankFile::Stamp BankFile::stampOf(const std::string& path)
     return {std::filesystem::last_write_time(pathOf(path), none), std::filesystem::file_size(pathOf(path), none)};
 }
 
-bool BankFile::readText(std::string& text) const
+bool BankFile::readFile(std::string& text) const
 {
     std::error_code error;
     if (!std::filesystem::is_regular_file(pathOf(path), error)) return refuse("no file that can be read");
@@ -75,7 +93,7 @@ bool BankFile::load(std::string& text)
     const Stamp now = stampOf(path);
     const bool isKnown = std::exchange(isRead, false) && now == stamp;
     stamp = now;
-    isRead = readText(text) && ((isKnown && scanElements(text, PROGRAM) == layout) || takeNames(text));
+    isRead = readFile(text) && ((isKnown && scanElements(text, PROGRAM) == layout) || takeNames(text));
     if (!isRead) {
         layout = {};
         names.clear();
@@ -114,6 +132,13 @@ XmlElement BankFile::readProgram(int number)
     return load(text) && hasProgram(number) ? fetch(static_cast<std::size_t>(number)) : XmlElement();
 }
 
+std::string BankFile::readText(int number)
+{
+    std::string text;
+    return load(text) && hasProgram(number) ? std::string(layout.elements[static_cast<std::size_t>(number)].of(text))
+                                            : std::string();
+}
+
 /// Reads the program from its place in the file; no element if it is not there.
 XmlElement BankFile::fetch(std::size_t number) const
 {
@@ -149,6 +174,62 @@ bool BankFile::replaceProgram(int number, std::string_view element)
     names[index] = program.getAttribute("name");
     stamp = stampOf(path);
     return true;
+}
+
+std::optional<Arrangement> BankFile::arrange(const Arrangement& programs)
+{
+    std::string text;
+    if (!load(text)) return std::nullopt;
+    auto back = invert(programs, text);
+    if (!back) {
+        refuse("its programs cannot be put into that order");
+        return std::nullopt;
+    }
+    std::string newText = text.substr(0, withItsLines(text, layout.elements.front()).begin);
+    std::vector<std::string> newNames;
+    for (const ArrangedProgram& program : programs) {
+        const bool isNew = program.number < 0;
+        const ArrangedProgram piece = isNew ? program : cut(text, static_cast<std::size_t>(program.number));
+        newNames.push_back(program.name ? *program.name : parse(piece.element).getAttribute("name"));
+        newText += lineBreakBefore(newText, newText.size()) + piece.before +
+                   (program.name ? renamed(piece.element, *program.name) : piece.element);
+    }
+    newText += lineBreakBefore(newText, newText.size()) + text.substr(withItsLines(text, layout.elements.back()).end);
+    auto newLayout = scanElements(newText, PROGRAM);
+    if (!newLayout || newLayout->elements.size() != newNames.size() || !write(newText)) return std::nullopt;
+    layout = std::move(*newLayout);
+    names = std::move(newNames);
+    stamp = stampOf(path);
+    return back;
+}
+
+/// What leads back from an arrangement; nothing if it is not a possible one.
+std::optional<Arrangement> BankFile::invert(const Arrangement& programs, std::string_view text) const
+{
+    if (programs.empty() || programs.size() > MAX_PROGRAMS || names.empty()) return std::nullopt;
+    Arrangement back(names.size());
+    for (std::size_t place = 0; place < programs.size(); ++place) {
+        const ArrangedProgram& program = programs[place];
+        if (program.number < 0) {
+            if (parse(program.element).getTagName() != PROGRAM) return std::nullopt;
+            continue;
+        }
+        const auto number = static_cast<std::size_t>(program.number);
+        if (!hasProgram(program.number) || back[number].number >= 0) return std::nullopt;
+        back[number].number = static_cast<int>(place);
+        if (program.name) back[number].name = names[number];
+    }
+    for (std::size_t number = 0; number < back.size(); ++number)
+        if (back[number].number < 0) back[number] = cut(text, number);
+    return back;
+}
+
+/// The text of a program with what stands before it.
+ArrangedProgram BankFile::cut(std::string_view text, std::size_t number) const
+{
+    const TextSpan lines = withItsLines(text, layout.elements[number]);
+    const std::size_t begin = number == 0 ? lines.begin : withItsLines(text, layout.elements[number - 1]).end;
+    return {.before = std::string(text.substr(begin, lines.begin - begin)), .element = std::string(lines.of(text))};
 }
 
 bool BankFile::create(const std::string& newPath, int number, std::string_view element)

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -12,6 +13,17 @@
 
 namespace Backend
 {
+/// A program of a bank whose programs are put into another order.
+struct ArrangedProgram {
+    int number = -1;                    ///< that it has now; below 0 for one that the bank does not have yet
+    std::string before{};               ///< then what stands before it in the file
+    std::string element{};              ///< then its `Program` element
+    std::optional<std::string> name{};  ///< a new name
+
+    bool operator==(const ArrangedProgram&) const = default;
+};
+using Arrangement = std::vector<ArrangedProgram>;
+
 /// A bank file, or a program file with one program. The file is read and checked as a whole once; after that a program
 /// is read from its place alone, in any size of bank. If another program has changed the file, it is read again.
 /// Writing replaces the file as a whole, and keeps every byte outside the programs that are written. An operation that
@@ -40,6 +52,15 @@ public:
     /// ones before it. False, and nothing is written, if the file is there or the text is no `Program` element.
     bool create(const std::string& newPath, int number, std::string_view element);
 
+    /// The text of the `Program` element of that number; empty if there is none.
+    std::string readText(int number);
+
+    /// Puts the programs into that order, at least one; those that are not named are removed. What stands before a
+    /// program since the one before it, as a comment, goes with it. Returns what leads back; nothing, and nothing is
+    /// written, if a number is unknown or named twice, a text is no `Program` element, or the file could not be
+    /// written.
+    std::optional<Arrangement> arrange(const Arrangement& programs);
+
     /// Removes programs from the end of the file, or appends empty ones. False if the file could not be written.
     bool resize(int programs);
 
@@ -54,10 +75,12 @@ private:
 
     static Stamp stampOf(const std::string& path);
     bool isUnchanged() const { return isRead && stampOf(path) == stamp; }
-    bool readText(std::string& text) const;
+    bool readFile(std::string& text) const;
     bool load(std::string& text);
     bool hasProgram(int number) const { return number >= 0 && static_cast<std::size_t>(number) < names.size(); }
     XmlElement fetch(std::size_t number) const;
+    std::optional<Arrangement> invert(const Arrangement& programs, std::string_view text) const;
+    ArrangedProgram cut(std::string_view text, std::size_t number) const;
     bool takeNames(std::string_view text);
     bool write(const std::string& text);
     bool refuse(std::string_view reason) const;

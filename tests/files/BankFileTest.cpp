@@ -132,6 +132,41 @@ TEST(BankFile, GrowsByEmptyProgramsAndShrinksFromTheEnd)
     }
 }
 
+TEST(BankFile, PutsProgramsIntoAnyOrderAndBackToTheByte)
+{
+    const std::string file = "<Bank><!-- head -->\r\n<Program name='a' />\r\n<!-- <Program> of b -->\n<Other/>" +
+                             program("b&amp;c") +
+                             "\t<Program\n tempo='9' name = 'd'></Program><Program/>\n<!-- end --></Bank>";
+    BankFolder folder(file);
+    ASSERT_EQ(folder.names(), "a b&c d -");
+    const struct {
+        Arrangement order;
+        const char* names;
+    } ROWS[] = {
+        {{{.number = 3}, {.number = 1}, {.number = 0}, {.number = 2}}, "- b&c a d"},
+        {{{.number = 2, .name = "x>\"y"}, {.number = 3, .name = "z"}}, "x>\"y z"},
+        {{{.number = 0}, {.element = program("new")}, {.number = 1}, {.number = 2}, {.number = 3}}, "a new b&c d -"},
+        {{{.element = "<Program/>", .name = "only"}}, "only"},
+    };
+    for (const auto& [order, names] : ROWS) {
+        const auto back = folder.bank.arrange(order);
+        ASSERT_TRUE(back) << names;
+        EXPECT_EQ(folder.names(), names);
+        const auto again = folder.bank.arrange(*back);
+        ASSERT_TRUE(again) << names;
+        EXPECT_EQ(folder.names(), "a b&c d -");
+        EXPECT_TRUE(folder.bank.arrange(*again));
+        EXPECT_EQ(folder.names(), names);
+        ASSERT_TRUE(folder.bank.arrange(*back));
+    }
+    EXPECT_NE(folder.text().find("<!-- <Program> of b -->\n<Other/>" + program("b&amp;c")), std::string::npos);
+    const std::string before = folder.text();
+    for (const Arrangement& wrong :
+         {Arrangement{}, {{.number = 4}}, {{.number = 0}, {.number = 0}}, {{.element = "<A/>"}}})
+        EXPECT_FALSE(folder.bank.arrange(wrong));
+    EXPECT_EQ(folder.text(), before);
+}
+
 TEST(BankFile, IsReadAnewWhenSomeoneElseWroteToIt)
 {
     BankFolder folder(HEAD + program("a") + program("b") + END);
