@@ -27,6 +27,7 @@ class OrvMessageManager;
 class PresetList;
 class RegistrySettings;
 struct Bank;
+struct BankEditDone;
 struct EditDone;
 struct PresetSection;
 struct Program;
@@ -223,6 +224,7 @@ public:
     /// Posts the edits of the window; only while it is open.
     virtual EditPoster& getEdits() = 0;
     virtual void handleEditDone(const Backend::EditDone& done) = 0;
+    virtual void handleBankEditDone(const Backend::BankEditDone& done) = 0;
     /// Whether the current program differs from what is saved, and how many others do.
     virtual void handleProgramEdited(bool isEdited, int others) = 0;
     enum class Loss { ofProgram, ofAll };

@@ -34,6 +34,7 @@ class MessageManagerMaster;
 class OrvMessageManager;
 class RegistrySettings;
 struct Bank;
+struct BankEdit;
 struct Edit;
 struct PresetSection;
 struct Program;
@@ -540,5 +541,15 @@ public:
     virtual void keepDrafts(bool on) = 0;
     /// [backend] The edits of the current program count as lost: it has no history, and no draft will be kept.
     virtual void discardEdits() = 0;
+
+    /// [backend] A change of the programs of a bank by the user, a step of the history of that bank. The file is
+    /// replaced as a whole on the files thread. In the current bank the current program keeps playing under its new
+    /// number, with its edits, and drafts follow their programs; if the current program is removed, that in its place
+    /// is loaded. Then the window gets GuiMessage::BANK_EDIT_DONE, also if nothing could be changed.
+    virtual void editBank(const BankEdit& edit) = 0;
+    /// [backend] Undoes the last change of that bank (empty: the current one), or does it again. A program that was
+    /// removed comes back with its edits.
+    virtual void undoBank(const std::string& path) = 0;
+    virtual void redoBank(const std::string& path) = 0;
 };
 }  // namespace Backend

@@ -8,6 +8,7 @@
 #include "backend/messages/MidiEngineMessageManager.h"
 #include "backend/messages/OrvMessages.h"
 #include "backend/messages/SettingMessages.h"
+#include "backend/model/BankEdit.h"
 #include "backend/model/Edit.h"
 
 namespace Backend
@@ -223,6 +224,12 @@ void OrvMessageManager::postRedo(std::uint32_t gesture) { master.post(OrvMessage
 void OrvMessageManager::postKeepDrafts(bool on) { master.post(OrvMessage::KEEP_DRAFTS(on)); }
 
 void OrvMessageManager::postDiscardEdits() { master.post(OrvMessage::DISCARD_EDITS()); }
+
+void OrvMessageManager::postEditBank(const BankEdit& edit) { master.post(OrvMessage::EDIT_BANK(edit)); }
+
+void OrvMessageManager::postUndoBank(const std::string& path) { master.post(OrvMessage::UNDO_BANK(path)); }
+
+void OrvMessageManager::postRedoBank(const std::string& path) { master.post(OrvMessage::REDO_BANK(path)); }
 
 // --- settings
 

@@ -118,6 +118,10 @@ public:
     /// For a host whose window edits programs.
     void postKeepDrafts(bool on);
     void postDiscardEdits();
+    /// A change of the programs of a bank, see `OrvIF::editBank`. Of undo and redo, an empty path is the current bank.
+    void postEditBank(const BankEdit& edit);
+    void postUndoBank(const std::string& path);
+    void postRedoBank(const std::string& path);
 
     /// Settings: stored, and the window is notified of those that it did not change itself. Changes a setting:
     /// `postSetting(SETTING<Settings::ALWAYS_ON_TOP>(true))`. The operations below do the same.

@@ -32,6 +32,22 @@ public:
         return node ? std::move(node.mapped()) : Draft{};
     }
     void forget(const std::string& bank, int number) { drafts.erase({bank, number}); }
+    /// Removes the drafts of a bank and returns them by their numbers.
+    std::map<int, Draft> takeAll(const std::string& bank)
+    {
+        std::map<int, Draft> taken;
+        for (auto row = drafts.lower_bound({bank, 0}); row != drafts.end() && row->first.first == bank;) {
+            taken.emplace(row->first.second, std::move(row->second));
+            row = drafts.erase(row);
+        }
+        return taken;
+    }
+    /// The text of an edited program; empty if it is not edited.
+    std::string textOf(const std::string& bank, int number) const
+    {
+        const auto found = drafts.find({bank, number});
+        return found == drafts.end() ? std::string() : found->second.text;
+    }
     /// The drafts of the programs of a bank from that number on.
     void forgetFrom(const std::string& bank, int number)
     {

@@ -4,17 +4,20 @@
 #include <cassert>
 #include <functional>
 #include <iosfwd>
+#include <map>
 #include <optional>
 #include <span>
 #include <string>
 #include <string_view>
 #include <type_traits>
 #include <utility>
+#include <vector>
 
 #include "api/Bank.h"
 #include "api/OrvFactory.h"
 #include "api/OrvIF.h"
 #include "api/OrvMessageManager.h"
+#include "backend/core/BankHistory.h"
 #include "backend/core/Drafts.h"
 #include "backend/core/EngineLog.h"
 #include "backend/core/EngineRecorder.h"
@@ -335,6 +338,9 @@ public:
     void redo(std::uint32_t gesture) override;
     void keepDrafts(bool on) override;
     void discardEdits() override;
+    void editBank(const BankEdit& edit) override;
+    void undoBank(const std::string& path) override;
+    void redoBank(const std::string& path) override;
 
     /// The factory for `createOrvGui`; null for no window. Before `start`.
     void setGuiFactory(GuiFactory factory) { guiFactory = factory; }
@@ -385,6 +391,13 @@ private:
     std::optional<XmlElement> findProgram(const std::string& path, int number);
     static bool openProgramFile(BankFile& file, const std::string& path);
     bool openBank(const std::string& path);
+    struct BankWork;
+    BankWork takeBankFile(const std::string& path);
+    std::map<int, std::string> findEditedTexts(const BankEdit& edit);
+    void addBankStep(BankWork& work, const std::string& name);
+    void repeatBankStep(const std::string& path, BankHistory::Way way);
+    std::vector<std::pair<int, Draft>> followArrangement(const Arrangement& order);
+    void acknowledgeBank(BankEditDone::Kind kind, const std::string& path, const std::string& name) const;
     void takeBank(const std::string& path);
     void showBank();
     void refuseLoad() const;
@@ -425,6 +438,7 @@ private:
     ProgramValues programValues{program, [this] { publishProgramValues(); }};
     EditHistory history;  // of the current program
     Drafts drafts;
+    std::map<std::string, BankHistory> bankHistories;  // by path
     bool keepsDrafts = false;
     Edited shownEdited;
     MidiEngine::MidiInputPorts midiInputPorts;

@@ -7,6 +7,7 @@
 #include "api/OrvIF.h"
 #include "backend/core/SettingCommands.h"
 #include "backend/messages/OrvMessages.h"
+#include "backend/model/BankEdit.h"
 #include "backend/model/Edit.h"
 
 namespace Backend
@@ -72,6 +73,9 @@ constexpr auto COMMANDS = std::to_array<Command<OrvIF>>({
     on<REDO, &OrvIF::redo>(),
     on<KEEP_DRAFTS, &OrvIF::keepDrafts>(),
     on<DISCARD_EDITS, &OrvIF::discardEdits>(),
+    on<EDIT_BANK, &OrvIF::editBank>(),
+    on<UNDO_BANK, &OrvIF::undoBank>(),
+    on<REDO_BANK, &OrvIF::redoBank>(),
     answer<SAVE_STATE, &OrvIF::saveState>(),
     answer<GET_HOST_START, &OrvIF::getHostStart>(),
     answer<CREATE_ORV_GUI, &OrvIF::createOrvGui>(),
@@ -80,7 +84,7 @@ constexpr auto COMMANDS = std::to_array<Command<OrvIF>>({
 constexpr auto WAIT_FOR_FILES = std::to_array<unsigned int>(
     {END, Settings::DEFAULT_BANK.number, IMPORT_VERSION2_BANK, IMPORT_VERSION2_PROGRAM, IMPORT_VERSION2_PRESET,
      SAVE_TO_CURRENT_BANK, SAVE_TO_BANK, SAVE_TO_PROGRAM, LOAD_PROGRAM, LOAD_BANK, CHANGE_BANK_SIZE, CHANGE_PROGRAM,
-     LOAD_PROGRAM_FROM_STRING, SET_PROGRAM_NUMBER, SAVE_STATE});
+     LOAD_PROGRAM_FROM_STRING, SET_PROGRAM_NUMBER, SAVE_STATE, EDIT_BANK, UNDO_BANK, REDO_BANK});
 }  // namespace
 
 bool waitsForFiles(unsigned int number) { return std::ranges::count(WAIT_FOR_FILES, number) > 0; }

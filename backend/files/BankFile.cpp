@@ -42,24 +42,6 @@ std::string withoutPrograms(std::string_view text, const ElementLayout& layout)
     return rest += text.substr(from);
 }
 
-/// A well-formed `Program` element with another name and all its other bytes.
-std::string renamed(std::string text, const std::string& name)
-{
-    constexpr std::string_view BLANKS = " \t\r\n";
-    const std::string tag = xmlOpenTag(PROGRAM);
-    const std::size_t first = text.find(tag) + tag.size();
-    const std::string attribute = xmlStringAttribute("name", name);
-    std::size_t end = first;
-    for (std::size_t begin = first;; begin = end) {
-        const std::size_t key = text.find_first_not_of(BLANKS, begin);
-        if (text[key] == '>' || text[key] == '/') return text.insert(first, attribute);
-        const std::size_t quote = text.find_first_of("\"'", key);
-        end = text.find(text[quote], quote + 1) + 1;
-        if (text.substr(key, text.find_first_of("= \t\r\n", key) - key) == "name")
-            return text.replace(begin, end - begin, attribute);
-    }
-}
-
 auto lineOf(std::string_view text, std::size_t place) { return 1 + std::ranges::count(text.substr(0, place), '\n'); }
 }  // namespace
 
@@ -135,19 +117,23 @@ XmlElement BankFile::readProgram(int number)
 std::string BankFile::readText(int number)
 {
     std::string text;
-    return load(text) && hasProgram(number) ? std::string(layout.elements[static_cast<std::size_t>(number)].of(text))
-                                            : std::string();
+    const bool isThere = (isUnchanged() || load(text)) && hasProgram(number);
+    return isThere ? read(layout.elements[static_cast<std::size_t>(number)]) : std::string();
+}
+
+std::string BankFile::read(const TextSpan& place) const
+{
+    std::string text(place.end - place.begin, '\0');
+    std::ifstream file(pathOf(path), std::ios::binary);
+    file.seekg(static_cast<std::streamoff>(place.begin));
+    file.read(text.data(), static_cast<std::streamsize>(text.size()));
+    return text;
 }
 
 /// Reads the program from its place in the file; no element if it is not there.
 XmlElement BankFile::fetch(std::size_t number) const
 {
-    const TextSpan& place = layout.elements[number];
-    std::string text(place.end - place.begin, '\0');
-    std::ifstream file(pathOf(path), std::ios::binary);
-    file.seekg(static_cast<std::streamoff>(place.begin));
-    file.read(text.data(), static_cast<std::streamsize>(text.size()));
-    const XmlElement element = parse(text);
+    const XmlElement element = parse(read(layout.elements[number]));
     return element.getTagName() == PROGRAM && element.getAttribute("name") == names[number] ? element : XmlElement();
 }
 
@@ -191,16 +177,33 @@ std::optional<Arrangement> BankFile::arrange(const Arrangement& programs)
         const bool isNew = program.number < 0;
         const ArrangedProgram piece = isNew ? program : cut(text, static_cast<std::size_t>(program.number));
         newNames.push_back(program.name ? *program.name : parse(piece.element).getAttribute("name"));
-        newText += lineBreakBefore(newText, newText.size()) + piece.before +
-                   (program.name ? renamed(piece.element, *program.name) : piece.element);
+        if (piece.before.empty() && isNew) newText += lineBreakBefore(newText, newText.size());
+        newText += piece.before + (program.name ? renamed(piece.element, *program.name) : piece.element);
     }
-    newText += lineBreakBefore(newText, newText.size()) + text.substr(withItsLines(text, layout.elements.back()).end);
+    newText += text.substr(withItsLines(text, layout.elements.back()).end);
     auto newLayout = scanElements(newText, PROGRAM);
     if (!newLayout || newLayout->elements.size() != newNames.size() || !write(newText)) return std::nullopt;
     layout = std::move(*newLayout);
     names = std::move(newNames);
     stamp = stampOf(path);
     return back;
+}
+
+std::string BankFile::renamed(std::string text, const std::string& name)
+{
+    constexpr std::string_view BLANKS = " \t\r\n";
+    const std::string tag = xmlOpenTag(PROGRAM);
+    const std::size_t first = text.find(tag) + tag.size();
+    const std::string attribute = xmlStringAttribute("name", name);
+    std::size_t end = first;
+    for (std::size_t begin = first;; begin = end) {
+        const std::size_t key = text.find_first_not_of(BLANKS, begin);
+        if (text[key] == '>' || text[key] == '/') return text.insert(first, attribute);
+        const std::size_t quote = text.find_first_of("\"'", key);
+        end = text.find(text[quote], quote + 1) + 1;
+        if (text.substr(key, text.find_first_of("= \t\r\n", key) - key) == "name")
+            return text.replace(begin, end - begin, attribute);
+    }
 }
 
 /// What leads back from an arrangement; nothing if it is not a possible one.

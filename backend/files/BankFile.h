@@ -52,14 +52,18 @@ public:
     /// ones before it. False, and nothing is written, if the file is there or the text is no `Program` element.
     bool create(const std::string& newPath, int number, std::string_view element);
 
-    /// The text of the `Program` element of that number; empty if there is none.
+    /// The text of the `Program` element of that number; empty if there is none. If the file has just been changed by
+    /// another program, it may be any text.
     std::string readText(int number);
 
     /// Puts the programs into that order, at least one; those that are not named are removed. What stands before a
-    /// program since the one before it, as a comment, goes with it. Returns what leads back; nothing, and nothing is
-    /// written, if a number is unknown or named twice, a text is no `Program` element, or the file could not be
-    /// written.
+    /// program since the one before it, as a comment, goes with it; what stands before the first one stays. Returns
+    /// what leads back; nothing, and nothing is written, if a number is unknown or named twice, a text is no `Program`
+    /// element, or the file could not be written.
     std::optional<Arrangement> arrange(const Arrangement& programs);
+
+    /// A well-formed `Program` element with another name and all its other bytes.
+    static std::string renamed(std::string element, const std::string& name);
 
     /// Removes programs from the end of the file, or appends empty ones. False if the file could not be written.
     bool resize(int programs);
@@ -76,6 +80,7 @@ private:
     static Stamp stampOf(const std::string& path);
     bool isUnchanged() const { return isRead && stampOf(path) == stamp; }
     bool readFile(std::string& text) const;
+    std::string read(const TextSpan& place) const;
     bool load(std::string& text);
     bool hasProgram(int number) const { return number >= 0 && static_cast<std::size_t>(number) < names.size(); }
     XmlElement fetch(std::size_t number) const;

@@ -7,6 +7,7 @@
 #include "backend/messages/TypedMessage.h"
 #include "backend/model/AxisConfiguration.h"
 #include "backend/model/ControlMap.h"
+#include "backend/model/BankEdit.h"
 #include "backend/model/Edit.h"
 #include "backend/model/JoystickButtonConfiguration.h"
 #include "backend/model/JoystickElement.h"
@@ -73,6 +74,7 @@ inline constexpr TypedMessage<bool> SEQUENCE_PRESETS{33276, "SequencePresets"};
 inline constexpr TypedMessage<EditDone> EDIT_DONE{33287, "EditDone"};
 /// Whether the current program was edited since it was saved, and how many others were.
 inline constexpr TypedMessage<bool, int> PROGRAM_EDITED{33288, "ProgramEdited"};
+inline constexpr TypedMessage<BankEditDone> BANK_EDIT_DONE{33297, "BankEditDone"};
 
 /// Those that were replaced.
 inline constexpr TypedMessage<std::vector<ComputerInput::KeyConfiguration>> KEY_CONFIGURATIONS{33469,

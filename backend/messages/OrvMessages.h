@@ -18,6 +18,7 @@ class OrvGuiIF;
 
 namespace Backend
 {
+struct BankEdit;
 struct Edit;
 struct HostStart;
 struct HostState;
@@ -26,7 +27,7 @@ struct HostState;
 /// setting are in `SettingMessages.h`.
 namespace OrvMessage
 {
-inline constexpr MessageRange RANGE{33218, 33293};
+inline constexpr MessageRange RANGE{33218, 33299};
 
 inline constexpr TypedRequest<std::string> GET_PROGRAM_AS_STRING{{33218, "GetProgramAsString"}};
 inline constexpr TypedMessage<> INITIALIZE{33219, "Initialize"};
@@ -84,6 +85,9 @@ inline constexpr TypedMessage<std::uint32_t> UNDO{33288, "Undo"};
 inline constexpr TypedMessage<std::uint32_t> REDO{33289, "Redo"};
 inline constexpr TypedMessage<bool> KEEP_DRAFTS{33290, "KeepDrafts"};
 inline constexpr TypedMessage<> DISCARD_EDITS{33291, "DiscardEdits"};
+inline constexpr TypedMessage<BankEdit> EDIT_BANK{33297, "EditBank"};
+inline constexpr TypedMessage<std::string> UNDO_BANK{33298, "UndoBank"};
+inline constexpr TypedMessage<std::string> REDO_BANK{33299, "RedoBank"};
 /// From the files thread: its work is finished.
 inline constexpr TypedMessage<> FILES_DONE{33277, "FilesDone"};
 }  // namespace OrvMessage

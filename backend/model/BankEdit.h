@@ -17,8 +17,8 @@ struct BankEdit {
     };
 
     Kind kind = Kind::add;
-    std::string name;  ///< as the user reads it: "move program 3"
-    std::string bank;  ///< the path of its file; empty for the current bank
+    std::string name{};  ///< as the user reads it: "move program 3"
+    std::string bank{};  ///< the path of its file; empty for the current bank
     std::vector<int> programs{};
     int to = 0;            ///< the number of programs for the end
     std::string source{};  ///< the path of another bank; empty for `bank` itself

@@ -120,6 +120,7 @@ public:
     bool isCompact() const override;
     EditPoster& getEdits() override;
     void handleEditDone(const Backend::EditDone& done) override;
+    void handleBankEditDone(const Backend::BankEditDone& done) override;
     void handleProgramEdited(bool isEdited, int others) override;
     void askBeforeLoss(Loss loss, std::function<void()> goOn) override;
 

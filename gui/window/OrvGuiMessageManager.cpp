@@ -67,6 +67,7 @@ constexpr auto COMMANDS = std::to_array<Command<OrvGuiIF>>({
     on<GuiMessage::SEQUENCE_PRESETS, &OrvGuiIF::handleSequencePresetsChanged>(),
     on<GuiMessage::EDIT_DONE, &OrvGuiIF::handleEditDone>(),
     on<GuiMessage::PROGRAM_EDITED, &OrvGuiIF::handleProgramEdited>(),
+    on<GuiMessage::BANK_EDIT_DONE, &OrvGuiIF::handleBankEditDone>(),
 });
 }  // namespace
 

@@ -153,6 +153,8 @@ void OrvGui::handleEditDone(const EditDone& done)
     open->main->getStagePanel().handleEditDone(done);
 }
 
+void OrvGui::handleBankEditDone(const BankEditDone& done) { open->main->getStagePanel().handleBankEditDone(done); }
+
 void OrvGui::handleProgramEdited(bool edited, int others)
 {
     isEdited = edited;

@@ -132,7 +132,7 @@ TEST(BankFile, GrowsByEmptyProgramsAndShrinksFromTheEnd)
     }
 }
 
-TEST(BankFile, PutsProgramsIntoAnyOrderAndBackToTheByte)
+TEST(BankFile, PutsProgramsIntoAnyOrderAndBack)
 {
     const std::string file = "<Bank><!-- head -->\r\n<Program name='a' />\r\n<!-- <Program> of b -->\n<Other/>" +
                              program("b&amp;c") +

@@ -7,6 +7,7 @@
 #include "api/OrvGuiIF.h"
 #include "api/OrvMessageManager.h"
 #include "backend/files/RegistrySettings.h"
+#include "backend/model/BankEdit.h"
 #include "backend/model/Edit.h"
 #include "backend/model/Program.h"
 #include "gui/framework/ActivityLights.h"
@@ -148,11 +149,33 @@ void StagePanel::handleEditDone(const EditDone& done)
 {
     if (gui.getEdits().isIdle()) wantedTempo.reset();
     showTempo();
+    if (done.kind == EditDone::Kind::undone) showUndone(done.name);
+    if (done.kind == EditDone::Kind::redone) showRedone(done.name);
+}
+
+void StagePanel::handleBankEditDone(const BankEditDone& done)
+{
     const QString name = QString::fromStdString(done.name);
-    if (done.kind == EditDone::Kind::undone)
-        showMessage(name.isEmpty() ? tr("Nothing to undo") : tr("Undone: %1").arg(name));
-    if (done.kind == EditDone::Kind::redone)
-        showMessage(name.isEmpty() ? tr("Nothing to redo") : tr("Redone: %1").arg(name));
+    switch (done.kind) {
+        case BankEditDone::Kind::edited:
+            return showMessage(tr("Done: %1").arg(name));
+        case BankEditDone::Kind::undone:
+            return showUndone(done.name);
+        case BankEditDone::Kind::redone:
+            return showRedone(done.name);
+        case BankEditDone::Kind::failed:
+            return showMessage(tr("Not done: %1. The bank stays as it was.").arg(name));
+    }
+}
+
+void StagePanel::showUndone(const std::string& name)
+{
+    showMessage(name.empty() ? tr("Nothing to undo") : tr("Undone: %1").arg(QString::fromStdString(name)));
+}
+
+void StagePanel::showRedone(const std::string& name)
+{
+    showMessage(name.empty() ? tr("Nothing to redo") : tr("Redone: %1").arg(QString::fromStdString(name)));
 }
 
 void StagePanel::handleProgramEdited(bool edited)

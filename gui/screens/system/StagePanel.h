@@ -19,6 +19,7 @@ namespace Backend
 {
 class OrvMessageManager;
 struct Bank;
+struct BankEditDone;
 struct EditDone;
 struct Program;
 }  // namespace Backend
@@ -58,6 +59,7 @@ public:
     void handleHostStatus(const HostStatus& status);
     void displayMidiOutputEvent();
     void handleEditDone(const Backend::EditDone& done);
+    void handleBankEditDone(const Backend::BankEditDone& done);
     void handleProgramEdited(bool isEdited);
 
     void showKeyTarget(KeyTarget target);
@@ -84,6 +86,8 @@ private:
     void changeTempo(const RelativeFixedValue& change);
     void showTempo();
     void showStatus();
+    void showUndone(const std::string& name);
+    void showRedone(const std::string& name);
     QString findTrouble() const;
     void leave();
 
