@@ -40,6 +40,7 @@ Synthesizer::Synthesizer(const std::filesystem::path& soundFont, double sampleRa
 
 void Synthesizer::play(const ShortMessage& message)
 {
+    isSilent = false;
     fluid_synth_t* to = synth.get();
     const int channel = message.channel();
     const int d1 = message.bytes[1];
@@ -74,16 +75,15 @@ void Synthesizer::play(const ShortMessage& message)
 /// Once the voices and their reverberation have died away, until the next note, there is nothing to compute.
 void Synthesizer::render(float* left, float* right, int frames)
 {
-    const bool hasVoices = fluid_synth_get_active_voice_count(synth.get()) > 0;
-    if (isSilent && !hasVoices) {
+    if (isSilent) {
         std::fill_n(left, frames, 0.0F);
         std::fill_n(right, frames, 0.0F);
         return;
     }
     fluid_synth_write_float(synth.get(), frames, left, 0, 1, right, 0, 1);
     const auto isAudible = [](float sample) { return std::abs(sample) > INAUDIBLE; };
-    isSilent =
-        !hasVoices && std::none_of(left, left + frames, isAudible) && std::none_of(right, right + frames, isAudible);
+    isSilent = fluid_synth_get_active_voice_count(synth.get()) == 0 && std::none_of(left, left + frames, isAudible) &&
+               std::none_of(right, right + frames, isAudible);
 }
 
 // Deprecated, but the only function that keeps the programs and controllers of the channels.
