@@ -22,7 +22,7 @@ constexpr int MOST = 64;
 }  // namespace
 
 ActivityLights::ActivityLights(const GdiManager& manager, const QString& labelText, QWidget* parent)
-    : QWidget(parent), gdi(manager), label(labelText)
+    : Indicator(manager, parent), label(labelText)
 {
     connect(&look, &QTimer::timeout, this, [this] {
         if (lit != seen) update();

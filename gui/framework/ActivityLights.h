@@ -2,18 +2,15 @@
 
 #include <QStringList>
 #include <QTimer>
-#include <QWidget>
 #include <cstdint>
 
-#include "gui/framework/AccessibleControl.h"
+#include "gui/framework/Indicator.h"
 
 namespace Gui
 {
-class GdiManager;
-
 /// A row of lights with a label before it, one for each of up to 64 ports. A light is lit by an event of its port and
 /// goes out soon after the last one. The GUI thread.
-class ActivityLights final : public QWidget, public AccessibleControl
+class ActivityLights final : public Indicator
 {
 public:
     ActivityLights(const GdiManager& manager, const QString& labelText, QWidget* parent);
@@ -25,16 +22,13 @@ public:
 
     bool isLit(int port) const { return (lit >> port & 1) != 0; }
 
-    QAccessible::Role getAccessibleRole() const override { return QAccessible::Indicator; }
     /// The names of the lights, those that are lit first said to be active.
     QString getAccessibleValue() const override;
-    bool isPressable() const override { return false; }
 
 protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    const GdiManager& gdi;
     const QString label;
     QStringList names;
     std::uint64_t lit = 0;

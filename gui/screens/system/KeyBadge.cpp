@@ -12,8 +12,7 @@ void KeyBadge::show(KeyTarget newTarget)
 {
     if (newTarget == target) return;
     target = newTarget;
-    update();
-    accessibleValueChanged(*this, getAccessibleValue());
+    stateChanged();
 }
 
 QString KeyBadge::getAccessibleValue() const

@@ -13,22 +13,18 @@ namespace
 constexpr int LIGHT = 8;  // logical pixels
 }
 
-RecordGauge::RecordGauge(const GdiManager& manager, QWidget* parent) : QWidget(parent), gdi(manager) {}
-
 void RecordGauge::showFill(int percent)
 {
     if (percent == fill) return;
     fill = percent;
-    update();
-    accessibleValueChanged(*this, getAccessibleValue());
+    stateChanged();
 }
 
 void RecordGauge::showRecording(bool on)
 {
     if (on == isRecording) return;
     isRecording = on;
-    update();
-    accessibleValueChanged(*this, getAccessibleValue());
+    stateChanged();
 }
 
 QString RecordGauge::getAccessibleValue() const

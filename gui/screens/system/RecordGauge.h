@@ -1,21 +1,14 @@
 #pragma once
 
-#include <QWidget>
-
-#include "gui/framework/AccessibleControl.h"
-
-namespace Gui
-{
-class GdiManager;
-}
+#include "gui/framework/Indicator.h"
 
 namespace Gui::System
 {
 /// Shows how full the record is: a light that is on while it records, a bar, and the percentage in it.
-class RecordGauge final : public QWidget, public AccessibleControl
+class RecordGauge final : public Indicator
 {
 public:
-    RecordGauge(const GdiManager& manager, QWidget* parent);
+    RecordGauge(const GdiManager& manager, QWidget* parent) : Indicator(manager, parent) {}
 
     /// 0 to 100 percent.
     void showFill(int percent);
@@ -23,13 +16,11 @@ public:
 
     QAccessible::Role getAccessibleRole() const override { return QAccessible::ProgressBar; }
     QString getAccessibleValue() const override;
-    bool isPressable() const override { return false; }
 
 protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    const GdiManager& gdi;
     int fill = 0;
     bool isRecording = false;
 };
