@@ -68,12 +68,12 @@ Field& SetupPages::add(Arguments&&... arguments)
 void SetupPages::makePages()
 {
     QBoxLayout& in =
-        addPage({tr("MIDI Inputs"),
+        addPage({tr("MIDI inputs"),
                  tr("MIDI inputs: those with a check mark are received. Uncheck one to ignore its device.")});
     inputs = &add<PortListField>(INPUTS, in);
 
     QBoxLayout& out = addPage(
-        {tr("MIDI Outputs"), tr("MIDI outputs: those with a check mark can be played. Below, the default output.")});
+        {tr("MIDI outputs"), tr("MIDI outputs: those with a check mark can be played. Below, the default output.")});
     outputs = &add<PortListField>(OUTPUTS, out);
     add<ChoiceField>(DEFAULT_OUTPUT, out);
 
