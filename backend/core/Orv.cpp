@@ -66,12 +66,8 @@ void Orv::initialize()
     startDisplay();
     startRetroRecord();
     sequencePresets.load();
-    for (ProgramSection* section : sections) {
-        if (!section->hasPresets()) continue;
-        PresetManager& presets = section->getPresets();
-        presets.refresh();
-        presets.onChange = [this, &presets](bool done) { notifyGuiOfPresets(presets, done); };
-    }
+    for (ProgramSection* section : sections)
+        if (section->hasPresets()) connectPresets(*section);
     midiEngine.initialize(registrySettings.getDefaultMidiOutput(), registrySettings.getMidiThru());
     midiEngine.setKeepNotes(keepsNotes());
     prepareBanks();
@@ -227,6 +223,7 @@ void Orv::refreshGui()
         section->notifyGui();
         if (section->hasPresets()) notifyGuiOfPresets(section->getPresets(), true);
     }
+    updateSectionPresets(Repeat::yes);
 }
 
 void Orv::showScreen(Screen screen, OnOffToggle::State state) const

@@ -371,9 +371,10 @@ private:
     void prepareBanks();
 
     Records* findRecords(std::string_view section);
-    RecordChanges execute(const Edit& edit);
+    enum class Preset { none, loaded };
+    RecordChanges execute(const Edit& edit, Preset& preset);
     RecordChanges executeRecords(Records& records, const Edit& edit) const;
-    RecordChanges executePreset(const Edit& edit);
+    RecordChanges executePreset(const Edit& edit, Preset& preset);
     void apply(const RecordChanges& changes);
     void publishProgramValues();
     void acknowledge(const EditDone& done);
@@ -384,7 +385,9 @@ private:
         bool operator==(const Edited&) const = default;
     };
     Edited getEdited() const;
+    enum class Repeat { no, yes };  // of what the window was sent already
     void updateEdited();
+    void updateSectionPresets(Repeat repeat = Repeat::no);
     void leaveProgram();
     void enterProgram(const XmlElement& stored, int number);
 
@@ -411,6 +414,7 @@ private:
     bool savePreset(const std::string& source, const Version2::Preset& preset, const std::string& name);
     void saveInto(const std::string& path, int number, const WindowHandle& window);
     ProgramSection& findSection(const PresetSection& section) const;
+    void connectPresets(ProgramSection& section);
     void notifyGuiOfPresets(const PresetManager& presets, bool done) const;
     void settleMidiInput(int input);
     void translate(const MidiEngine::OrvMidiMessage& event);
@@ -441,6 +445,7 @@ private:
     std::map<std::string, BankHistory> bankHistories;  // by path
     bool keepsDrafts = false;
     Edited shownEdited;
+    std::array<SectionPreset, PresetSections::ALL.size()> shownPresets;
     MidiEngine::MidiInputPorts midiInputPorts;
     MidiEngine::MidiOutputPorts midiOutputPorts;
     bool initializing = false;  // controls send their values at the end of it, when there are ports

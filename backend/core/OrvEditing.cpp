@@ -23,20 +23,22 @@ void Orv::edit(const Edit& edit)
 {
     assertBackendThread();
     EditStep step{.name = edit.name, .gesture = edit.gesture};
-    if (edit.program == program.number) step.changes = execute(edit);
+    Preset preset = Preset::none;
+    if (edit.program == program.number) step.changes = execute(edit, preset);
     const bool isChanged = !step.changes.empty();
     if (isChanged) history.add(std::move(step));
+    if (preset == Preset::loaded) history.setPreset(edit.section, edit.preset);
     acknowledge({.kind = EditDone::Kind::edited, .gesture = edit.gesture, .name = isChanged ? edit.name : ""});
 }
 
 /// Input sections determine which zones exist, so every edit may change those too; no edit adds or removes one
 /// directly.
-RecordChanges Orv::execute(const Edit& edit)
+RecordChanges Orv::execute(const Edit& edit, Preset& preset)
 {
     Records* const records = findRecords(edit.section);
     if (records == nullptr) return {};
     const Snapshot zones = takeSnapshot(zoneManager);
-    RecordChanges changes = edit.preset.empty() ? executeRecords(*records, edit) : executePreset(edit);
+    RecordChanges changes = edit.preset.empty() ? executeRecords(*records, edit) : executePreset(edit, preset);
     if (records == &zoneManager) changes.clear();
     std::ranges::move(RecordEditing::differences(zoneManager.getTag(), zones, takeSnapshot(zoneManager)),
                       std::back_inserter(changes));
@@ -53,12 +55,12 @@ RecordChanges Orv::executeRecords(Records& records, const Edit& edit) const
     return changes;
 }
 
-RecordChanges Orv::executePreset(const Edit& edit)
+RecordChanges Orv::executePreset(const Edit& edit, Preset& preset)
 {
     const auto found = std::ranges::find(sections, std::string_view(edit.section), &ProgramSection::getTag);
     if (found == sections.end()) return {};
     const Snapshot before = takeSnapshot(**found);
-    (*found)->loadPreset(edit.preset);
+    if ((*found)->loadPreset(edit.preset)) preset = Preset::loaded;
     return RecordEditing::differences(edit.section, before, takeSnapshot(**found));
 }
 
@@ -132,6 +134,7 @@ void Orv::discardEdits()
 /// The window gets the number of edited programs when it changes, see `PROGRAM_EDITED`.
 void Orv::updateEdited()
 {
+    updateSectionPresets();
     const Edited now = getEdited();
     if (now == shownEdited) return;
     shownEdited = now;

@@ -214,7 +214,38 @@ ProgramSection& Orv::findSection(const PresetSection& section) const
 void Orv::loadPreset(const PresetSection& section, const std::string& name)
 {
     assertBackendThread();
-    findSection(section).loadPreset(name);
+    if (findSection(section).loadPreset(name)) history.setPreset(section.rootElement, name);
+    updateSectionPresets();
+}
+
+/// Reads the list of presets; the history follows what becomes of them.
+void Orv::connectPresets(ProgramSection& section)
+{
+    PresetManager& presets = section.getPresets();
+    presets.refresh();
+    presets.onChange = [this, &section](const PresetChange& change) {
+        if (change.done) history.presetChanged(section.getTag(), change.oldName, change.newName);
+        notifyGuiOfPresets(section.getPresets(), change.done);
+        updateSectionPresets();
+    };
+    section.onSaved = [this, &section](const std::string& name) {
+        const bool isOther = &section == &computerInputManager && name != computerInputManager.getCurrentPreset();
+        if (!isOther) history.setPreset(section.getTag(), name);
+        updateSectionPresets();
+    };
+}
+
+/// The window gets the preset of a section when it changes. Keys know theirs, because programs name it.
+void Orv::updateSectionPresets(Repeat repeat)
+{
+    for (std::size_t index = 0; index < shownPresets.size(); ++index) {
+        SectionPreset preset = history.getPreset(PresetSections::ALL[index].rootElement);
+        if (index == PresetSections::indexOf(PresetSections::COMPUTER_INPUT))
+            preset.name = computerInputManager.getCurrentPreset();
+        if (repeat == Repeat::no && preset == shownPresets[index]) continue;
+        shownPresets[index] = preset;
+        notifyGui(GuiMessage::SECTION_PRESET, static_cast<std::uint32_t>(index), preset.isEdited, preset.name);
+    }
 }
 
 void Orv::notifyGuiOfPresets(const PresetManager& presets, bool done) const

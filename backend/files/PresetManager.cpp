@@ -55,15 +55,18 @@ std::string PresetManager::findPreset(std::string_view name) const
     return "";
 }
 
-void PresetManager::changed(bool done) const
+/// Returns whether it was done.
+bool PresetManager::changed(const PresetChange& change) const
 {
-    if (onChange) onChange(done);
+    if (onChange) onChange(change);
+    return change.done;
 }
 
 bool PresetManager::save(std::string_view name, const ElementWriter& writeElement)
 {
-    const std::string path = isValidFileName(name) ? getPresetPath(Text::trim(name)) : "";
-    if (path.empty()) return changed(false), false;
+    const std::string newName(Text::trim(name));
+    const std::string path = isValidFileName(newName) ? getPresetPath(newName) : "";
+    if (path.empty()) return changed({.done = false, .newName = newName});
     std::string text = xmlHeader() + "\n\n";
     writeElement(text);
     std::error_code error;
@@ -71,33 +74,33 @@ bool PresetManager::save(std::string_view name, const ElementWriter& writeElemen
     if (!error) error = WholeFile::replace(pathOf(path), text);
     report(path, "not saved", error);
     if (!error) list.add(readEntry(pathOf(path)));
-    changed(!error);
-    return !error;
+    return changed({.done = !error, .newName = newName});
 }
 
-/// The entry is renamed even if the file could not be: the window has already renamed its own.
 bool PresetManager::rename(std::string_view oldName, std::string_view newName)
 {
+    PresetChange change{.done = false, .oldName = std::string(oldName), .newName = std::string(Text::trim(newName))};
     const std::string oldPath = getPresetPath(oldName);
-    const std::string newPath = isValidFileName(newName) ? getPresetPath(Text::trim(newName)) : "";
-    if (list.find(oldName) == nullptr || oldPath.empty() || newPath.empty()) return false;
+    const std::string newPath = isValidFileName(change.newName) ? getPresetPath(change.newName) : "";
+    if (list.find(oldName) == nullptr || oldPath.empty() || newPath.empty()) return changed(change);
     std::error_code error;
     fs::rename(pathOf(oldPath), pathOf(newPath), error);
     report(oldPath, "not renamed", error);
-    list.rename(oldName, std::string(Text::trim(newName)));
-    changed(!error);
-    return true;
+    change.done = !error;
+    if (change.done) list.rename(oldName, change.newName);
+    return changed(change);
 }
 
 bool PresetManager::remove(std::string_view name)
 {
-    if (list.find(name) == nullptr) return false;
+    PresetChange change{.done = false, .oldName = std::string(name)};
+    if (list.find(name) == nullptr) return changed(change);
     const std::string path = getPresetPath(name);
     std::error_code error;
     if (!path.empty()) fs::remove(pathOf(path), error);
     report(path, "not removed", error);
-    list.remove(std::string(name));
-    changed(!error);
-    return true;
+    change.done = !error;
+    if (change.done) list.remove(change.oldName);
+    return changed(change);
 }
 }  // namespace Backend

@@ -10,6 +10,13 @@
 
 namespace Backend
 {
+/// An attempt to save, rename or remove a preset.
+struct PresetChange {
+    bool done = true;       ///< false if the folder could not be changed; the list has not changed then
+    std::string oldName{};  ///< the preset that was renamed or removed
+    std::string newName{};  ///< its new name, or that of the preset that was saved
+};
+
 /// The presets of one section: files "NAME.pst" in one folder of the data folder, each an XML document whose root is
 /// the section's element, and the list of them. The list is read once, at the start. A name that would lead out of the
 /// folder is refused. Failures are written to the debug stream. The backend thread's.
@@ -18,8 +25,8 @@ class ORV_API PresetManager
 public:
     explicit PresetManager(const PresetSection& presetSection) : section(presetSection) {}
 
-    /// Called after each attempt to save, rename or remove; `done` is false if the folder could not be changed.
-    std::function<void(bool done)> onChange;
+    /// Called after each attempt to save, rename or remove.
+    std::function<void(const PresetChange& change)> onChange;
 
     const PresetSection& getSection() const { return section; }
     const PresetList& getList() const { return list; }
@@ -45,14 +52,15 @@ public:
     bool save(std::string_view name, const ElementWriter& writeElement);
 
     /// Renames a preset; one that has the new name already is replaced. False, and nothing is changed, if it is not in
-    /// the list or the new name is not valid.
+    /// the list, the new name is not valid or the file cannot be renamed.
     bool rename(std::string_view oldName, std::string_view newName);
 
-    /// Removes a preset's entry and file. False if it is not in the list.
+    /// Removes a preset's entry and file. False, and nothing is changed, if it is not in the list or the file cannot be
+    /// removed.
     bool remove(std::string_view name);
 
 private:
-    void changed(bool done) const;
+    bool changed(const PresetChange& change) const;
 
     PresetSection section;
     PresetList list;

@@ -75,6 +75,9 @@ inline constexpr TypedMessage<EditDone> EDIT_DONE{33287, "EditDone"};
 /// Whether the current program was edited since it was saved, and how many others were.
 inline constexpr TypedMessage<bool, int> PROGRAM_EDITED{33288, "ProgramEdited"};
 inline constexpr TypedMessage<BankEditDone> BANK_EDIT_DONE{33297, "BankEditDone"};
+/// The index in PresetSections::ALL, whether the section was edited since it was loaded from a preset or saved as one,
+/// and its name; empty for none.
+inline constexpr TypedMessage<std::uint32_t, bool, std::string> SECTION_PRESET{33298, "SectionPreset"};
 
 /// Those that were replaced.
 inline constexpr TypedMessage<std::vector<ComputerInput::KeyConfiguration>> KEY_CONFIGURATIONS{33469,

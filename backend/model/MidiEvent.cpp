@@ -42,6 +42,14 @@ std::string MidiEvent::toXmlAttributes() const
            xmlItemAttribute("midiEvent", message);
 }
 
+MidiEvent MidiEvent::fromPacked(std::uint32_t packed)
+{
+    const std::uint32_t status = packed >> 8 & 0xFF;
+    const std::uint32_t number = packed & 0xFF;
+    return {static_cast<std::int8_t>(packed >> 24), static_cast<std::int8_t>(packed >> 16),
+            MidiMessage(number << 8 | status)};
+}
+
 bool MidiEvent::isSameKind(const MidiEvent& other) const { return (getPacked() & KIND) == (other.getPacked() & KIND); }
 
 std::optional<MidiEvent> midiEventFromVersion2(int number, int input, int channel)

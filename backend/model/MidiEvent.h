@@ -37,6 +37,9 @@ struct ORV_API MidiEvent {
         return byte(input) << 24 | byte(channel) << 16 | status << 8 | (hasNumber() ? message.getD1() : 0u);
     }
 
+    /// The inverse of `getPacked`; what is not compared is 0.
+    static MidiEvent fromPacked(std::uint32_t packed);
+
     /// Whether the messages are of the same kind; inputs and channels are not compared.
     bool isSameKind(const MidiEvent& other) const;
 

@@ -63,4 +63,25 @@ void EditHistory::add(EditStep step)
     }
     position = steps.size();
 }
+
+void EditHistory::presetChanged(const std::string& section, const std::string& oldName, const std::string& newName)
+{
+    for (auto& [place, preset] : presets) {
+        if (place.second != section) continue;
+        if (preset.name == newName) preset.isEdited = true;
+        if (preset.name == oldName) preset.name = newName;
+    }
+}
+
+SectionPreset EditHistory::getPreset(const std::string& section) const
+{
+    bool isEdited = false;
+    for (std::size_t count = position;; --count) {
+        const auto preset = presets.find({stateAfter(count), section});
+        if (preset != presets.end()) return {preset->second.name, isEdited || preset->second.isEdited};
+        if (count == 0) return {"", isEdited};
+        const auto isOfSection = [&](const RecordChange& change) { return change.section == section; };
+        isEdited = isEdited || std::ranges::any_of(steps[count - 1].changes, isOfSection);
+    }
+}
 }  // namespace Backend

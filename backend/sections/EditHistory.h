@@ -2,7 +2,9 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <map>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "backend/sections/Records.h"
@@ -16,6 +18,14 @@ struct EditStep {
     std::uint32_t gesture = 0;
     RecordChanges changes{};
     std::uint64_t state = 0;  ///< after the step; set by the history
+};
+
+/// The preset that a section was loaded from or saved as most recently; empty for none.
+struct SectionPreset {
+    std::string name;
+    bool isEdited = false;  ///< whether steps have changed the section since, or the preset itself was replaced
+
+    bool operator==(const SectionPreset&) const = default;
 };
 
 /// The edits of a program since it was loaded. A plain value. It executes nothing: the caller applies the steps that it
@@ -39,17 +49,26 @@ public:
 
     /// Whether the program differs from what the bank has.
     bool isEdited() const { return getState() != saved; }
-    State getState() const { return position == 0 ? LOADED : steps[position - 1].state; }
+    State getState() const { return stateAfter(position); }
     /// The bank has this state now.
     void setSaved(State state) { saved = state; }
     /// The bank has none of the states, as after loading another file.
     void setUnsaved() { saved = NONE; }
 
+    /// In the present state, the section was loaded from this preset, or saved as it.
+    void setPreset(const std::string& section, const std::string& name) { presets[{getState(), section}] = {name}; }
+    /// A preset was written, or renamed from `oldName`, or removed without a new name.
+    void presetChanged(const std::string& section, const std::string& oldName, const std::string& newName);
+    SectionPreset getPreset(const std::string& section) const;
+
 private:
     static constexpr State LOADED = 0;
     static constexpr State NONE = ~State{0};
 
+    State stateAfter(std::size_t count) const { return count == 0 ? LOADED : steps[count - 1].state; }
+
     std::vector<EditStep> steps;
+    std::map<std::pair<State, std::string>, SectionPreset> presets;  // by state and section
     std::size_t position = 0;  // steps before it are executed, those from it on were undone
     State newest = LOADED;
     State saved = LOADED;

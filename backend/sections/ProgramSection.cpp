@@ -4,6 +4,7 @@
 
 #include "backend/files/RegistrySettings.h"
 #include "backend/messages/BackendThread.h"
+#include "backend/xml/Text.h"
 #include "backend/xml/XmlDocument.h"
 #include "platform/DbgStream.h"
 
@@ -26,19 +27,23 @@ XmlElement ProgramSection::readPreset(const std::string& name) const
     return {};
 }
 
-void ProgramSection::loadPreset(const std::string& name)
+bool ProgramSection::loadPreset(const std::string& name)
 {
-    if (const XmlElement root = readPreset(name); root.hasElement()) readXml(root);
+    const XmlElement root = readPreset(name);
+    if (root.hasElement()) readXml(root);
+    return root.hasElement();
 }
 
 void ProgramSection::writePreset(const std::string& name, const std::function<void(std::ostream& out)>& write)
 {
     if (!presets) return;
-    presets->save(name, [&](std::string& text) {
+    const bool isSaved = presets->save(name, [&](std::string& text) {
         std::ostringstream out;
         write(out);
         text += out.str();
     });
+    const PresetEntry* const entry = isSaved ? presets->getList().find(Text::trim(name)) : nullptr;
+    if (entry != nullptr && !entry->merge && onSaved) onSaved(entry->name);
 }
 
 void ProgramSection::renamePreset(const std::string& name, const std::string& newName)

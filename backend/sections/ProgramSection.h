@@ -57,9 +57,12 @@ public:
     PresetManager& getPresets() { return *presets; }
     const PresetManager& getPresets() const { return *presets; }
 
-    /// Reads a preset as `loadSection` does. A preset that is missing, cannot be read or belongs to another section
-    /// changes nothing.
-    virtual void loadPreset(const std::string& name);
+    /// Called when the whole section was saved as a preset.
+    std::function<void(const std::string& name)> onSaved;
+
+    /// Reads a preset as `loadSection` does. False, and nothing is changed, if it is missing, cannot be read or belongs
+    /// to another section.
+    virtual bool loadPreset(const std::string& name);
     virtual void renamePreset(const std::string& name, const std::string& newName);
     virtual void deletePreset(const std::string& name);
 

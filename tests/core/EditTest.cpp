@@ -230,6 +230,54 @@ TEST(Editing, WhatCannotBeEditedChangesNothingAndIsAcknowledged)
     EXPECT_EQ(stage.text(), before);
 }
 
+TEST(Editing, ASectionIsMarkedWhereItDiffersFromThePresetThatWasLoadedOrSaved)
+{
+    EditStage stage;
+    stage.loadSections("<Layers><Layer/></Layers>");
+    auto& layers = stage.orv->getLayerMessageManager();
+    const auto shown = [&] {
+        stage.rest();
+        return stage.received([](Message& message) {
+            std::string preset;
+            const bool isOfLayers = message.wparam == PresetSections::indexOf(PresetSections::LAYERS);
+            if (message.number == GuiMessage::SECTION_PRESET && isOfLayers)
+                GuiMessage::SECTION_PRESET.deliver(message, [&](auto, bool isEdited, const std::string& name) {
+                    preset = '"' + name + (isEdited ? "\" edited" : "\"");
+                });
+            return preset;
+        });
+    };
+    const auto edit = [&](const std::string& transpose) { stage.set("Layers", 0, "transpose", transpose); };
+    const auto undone = [&] { return stage.commands().postUndo(++stage.lastGesture), shown(); };
+    shown();
+    layers.postSavePreset("A", {});
+    EXPECT_EQ(shown(), "\"A\"");
+    layers.postSavePreset("one layer", {0});
+    stage.rename("another section");
+    EXPECT_EQ(shown(), "");
+    edit("+1");
+    EXPECT_EQ(shown(), "\"A\" edited");
+    EXPECT_EQ(undone(), "\"A\"");
+    stage.commands().postRedo(++stage.lastGesture);
+    EXPECT_EQ(shown(), "\"A\" edited");
+    layers.postSavePreset("B", {});
+    EXPECT_EQ(shown(), "\"B\"");
+    stage.edit({.section = "Layers", .name = "load", .gesture = ++stage.lastGesture, .preset = "A"});
+    EXPECT_EQ(shown(), "\"A\"");
+    EXPECT_EQ(undone(), "\"B\"");
+    layers.postSavePreset("A", {});
+    EXPECT_EQ(shown(), "\"A\"");
+    EXPECT_EQ(undone(), "\"A\" edited") << "which has other layers now";
+    layers.postRenamePreset("A", "Z");
+    EXPECT_EQ(shown(), "\"Z\" edited");
+    layers.postDeletePreset("Z");
+    EXPECT_EQ(shown(), "\"\" edited");
+    stage.commands().postExecuteFunction("<LoadLayerPreset preset='B'/>");
+    EXPECT_EQ(shown(), "\"B\"");
+    stage.loadSections("<Layers/>");
+    EXPECT_EQ(shown(), "\"\"");
+}
+
 TEST(Editing, APresetOfKeysIsAStepWithItsName)
 {
     EditStage stage;

@@ -98,15 +98,16 @@ void ComputerInputManager::writeSection(std::ostream& out, int indent, std::span
     out << tabs << xmlEndTag(getTag()) << '\n';
 }
 
-void ComputerInputManager::loadPreset(const std::string& name)
+bool ComputerInputManager::loadPreset(const std::string& name)
 {
     const XmlElement root = readPreset(name);
-    if (!root.hasElement()) return;
+    if (!root.hasElement()) return false;
     currentPreset = isUtf8(name) ? name : "";
     if (currentPreset.empty())
         WindowsLib::DbgStream() << "the name of the preset " << name << " is not UTF-8, no program will refer to it";
     readXml(root);
     postToGui(GuiMessage::COMPUTER_INPUT_PRESET);
+    return true;
 }
 
 bool ComputerInputManager::loadPresetInto(const std::string& name, KeyConfigurationMap& map, bool& useKeyUpModOut) const

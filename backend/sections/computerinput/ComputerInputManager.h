@@ -47,7 +47,7 @@ public:
     void writeInProgram(std::ostream& out, int indent) const override { writeSection(out, indent, {}, false); }
 
     /// Makes the preset the current one, unless its name is not UTF-8, which no program can hold.
-    void loadPreset(const std::string& name) override;
+    bool loadPreset(const std::string& name) override;
     /// Adds the keys of a preset to `map`, in place of the present ones unless the preset merges, and reads its option.
     /// False, and nothing is changed, if it cannot be loaded.
     bool loadPresetInto(const std::string& name, KeyConfigurationMap& map, bool& useKeyUpModOut) const;
