@@ -231,5 +231,9 @@ public:
     /// Before edits of the current program, or of all programs, are lost: calls `goOn` at once if there are none, or if
     /// the user does not want to be asked; otherwise after a yes.
     virtual void askBeforeLoss(Loss loss, std::function<void()> goOn) = 0;
+
+    /// The preset that a section, by its index in `PresetSections::ALL`, was loaded from or saved as, empty for none,
+    /// and whether the section was edited since.
+    virtual void handleSectionPreset(std::size_t section, bool isEdited, const std::string& name) = 0;
 };
 }  // namespace Gui

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "gui/framework/EditBox.h"
+#include "gui/framework/ErrorLine.h"
 #include "gui/framework/Properties.h"
 #include "gui/framework/Question.h"
 
@@ -14,7 +15,7 @@ namespace Gui
 {
 EditBoxDialog::EditBoxDialog(const QString& title, const QString& prompt, const QString& startText, Blank blank,
                              QWidget& parent)
-    : QDialog(&parent), column(new QVBoxLayout(this)), edit(new EditBox)
+    : QDialog(&parent), column(new QVBoxLayout(this)), edit(new EditBox), error(new ErrorLine)
 {
     setWindowTitle(title);
     if (blank == Blank::refused)
@@ -26,6 +27,7 @@ EditBoxDialog::EditBoxDialog(const QString& title, const QString& prompt, const 
     edit->selectAll();
     edit->setMinimumWidth(200);
     edit->setAccessibleName(prompt);
+    connect(edit, &QLineEdit::textEdited, error, [this] { error->showError({}); });
     auto* ok = new QPushButton(tr("OK"));
     ok->setDefault(true);
     connect(ok, &QPushButton::clicked, this, &QDialog::accept);
@@ -34,6 +36,7 @@ EditBoxDialog::EditBoxDialog(const QString& title, const QString& prompt, const 
 
     column->addWidget(label);
     column->addWidget(edit);
+    column->addWidget(error);
     auto* buttons = new QHBoxLayout;
     buttons->addStretch();
     buttons->addWidget(ok);
@@ -50,8 +53,11 @@ void EditBoxDialog::addOption(QWidget* option)
 void EditBoxDialog::accept()
 {
     const QString text = edit->text().trimmed();
-    if (const QString reason = refuse ? refuse(text) : QString(); !reason.isEmpty())
-        return showMessage(*this, tr("Error"), reason);
+    if (const QString reason = refuse ? refuse(text) : QString(); !reason.isEmpty()) return error->showError(reason);
+    if (const QString warning = warn ? warn(text) : QString(); !warning.isEmpty() && warnedOf != text) {
+        warnedOf = text;
+        return error->showError(warning);
+    }
     const Doubt doubted = doubt ? doubt(text) : Doubt();
     if (doubted.question.isEmpty()) return take(text);
     ask(*this, doubted.title, doubted.question, [this, text] { take(text); });

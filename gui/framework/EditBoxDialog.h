@@ -8,6 +8,7 @@ class QVBoxLayout;
 namespace Gui
 {
 class EditBox;
+class ErrorLine;
 
 /// A dialog for a line of text. Blanks on both sides are removed. The GUI thread.
 class EditBoxDialog final : public QDialog
@@ -20,6 +21,8 @@ public:
 
     /// Returns why a text is refused, or an empty string. It gets the trimmed text, a blank one too.
     std::function<QString(const QString& text)> refuse;
+    /// Returns what a text would do that may not be wanted, or an empty string. Such a text has to be accepted twice.
+    std::function<QString(const QString& text)> warn;
 
     struct Doubt {
         QString title;
@@ -35,7 +38,7 @@ public:
     /// The accepted text; empty until then.
     const QString& getText() const { return acceptedText; }
 
-    /// A text that is refused leaves the dialog open and says why.
+    /// A text that is refused leaves the dialog open, which says why below the line.
     void accept() override;
 
 private:
@@ -43,6 +46,8 @@ private:
 
     QVBoxLayout* column;
     EditBox* edit;
+    ErrorLine* error;
+    QString warnedOf;
     QString acceptedText;
 };
 

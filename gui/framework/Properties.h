@@ -10,7 +10,8 @@
 namespace Gui::Property
 {
 inline constexpr const char* SELECTED = "SELECTED";  ///< button, menu item: drawn as selected
-inline constexpr const char* COLOR = "COLOR";        ///< button: a QColor, or another role, in place of its role's
+inline constexpr const char* COLOR =
+    "COLOR";  ///< button: a QColor, or another role, in place of its role's; label: a role
 inline constexpr const char* FONT = "FONT";          ///< any: a `GdiManager::FontRole` in place of the skin's
 inline constexpr const char* BKCOLOR = "BKCOLOR";    ///< label, edit: a QColor in place of the background's
 inline constexpr const char* TEXT = "TEXT";          ///< label, edit: in the colour of values

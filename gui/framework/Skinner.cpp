@@ -5,6 +5,7 @@
 #include <QAbstractSlider>
 #include <QCheckBox>
 #include <QChildEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMouseEvent>
 #include <QRadioButton>
@@ -100,6 +101,9 @@ QColor Skinner::labelColour(const QWidget& widget) const
 {
     if (isSet(widget, Property::GRAYTEXT) || isSet(widget, Property::DISABLED))
         return gdi.getColour(Role::labelDisabled);
+    const QVariant own = widget.property(Property::COLOR);
+    if (own.isValid() && qobject_cast<const QLabel*>(&widget) != nullptr)
+        return gdi.getColour(static_cast<Role>(own.toInt()));
     return gdi.getColour(isSet(widget, Property::TEXT) ? Role::text : Role::label);
 }
 

@@ -1,6 +1,7 @@
 #include "gui/presets/PresetCtl.h"
 
 #include <QPushButton>
+#include <string_view>
 #include <utility>
 
 #include "api/OrvGuiIF.h"
@@ -11,24 +12,31 @@
 
 namespace Gui::Preset
 {
+using namespace Backend;
+
 namespace
 {
 constexpr int BUTTON_WIDTH = 66;  // logical pixels
 constexpr int GAP = 4;
 }  // namespace
 
-PresetCtl::PresetCtl(OrvGuiIF& owner, const QString& name, Commands sectionCommands, QWidget* parent)
+PresetCtl::PresetCtl(OrvGuiIF& owner, const PresetSection& presetSection, QWidget* parent, Selection selected)
     : QWidget(parent),
       gui(owner),
       gdi(owner.getGdiManager()),
-      commands(std::move(sectionCommands)),
+      section(presetSection),
+      commands(commandsOf(owner, presetSection)),
+      selection(std::move(selected)),
+      list(owner.getPresetList(presetSection)),
       choices(new ComboBox(owner, ComboBox::Typing::readOnly, this)),
       button(new QPushButton(tr("Presets"), this)),
       menu(new PopupMenu(this))
 {
+    const QString name = nameOf(section);
     choices->setAccessibleName(name);
-    Property::setHelp(*choices, tr("Preset: choose one to load it. What a preset does not name stays or goes, as it "
-                                   "was saved."));
+    Property::setHelp(*choices,
+                      tr("Preset: choose one to load it. What a preset does not name stays or goes, as it was "
+                         "saved. A star marks what was edited since."));
     Property::set(*choices, Property::TEXT, true);
     choices->onChange = [this](int index) { commands.load(list.getEntries()[static_cast<std::size_t>(index)].name); };
     button->setAccessibleName(tr("%1: save and edit").arg(name));
@@ -47,15 +55,29 @@ void PresetCtl::resizeEvent(QResizeEvent*)
     button->setGeometry(width() - wide, 0, wide, height());
 }
 
+std::vector<PresetCtl*> PresetCtl::findAll(const QWidget& window, const PresetSection& section)
+{
+    std::vector<PresetCtl*> rows;
+    for (QWidget* each : window.findChildren<QWidget*>())
+        if (auto* row = dynamic_cast<PresetCtl*>(each);
+            row != nullptr && std::string_view(row->section.folder) == section.folder)
+            rows.push_back(row);
+    return rows;
+}
+
 // --- changes that the backend reports
 
-void PresetCtl::setPresets(const Backend::PresetList& presets)
+void PresetCtl::setPresets(const PresetList& presets, bool done)
 {
     list = presets;
-    if (list.find(saving) != nullptr)
+    if (done && list.find(saving) != nullptr)
         gui.displayMessage(tr("Saved preset %1").arg(QString::fromStdString(saving)).toStdString());
     saving.clear();
     listChanged();
+    if (done) return failure.clear();
+    if (dialog == nullptr || !dialog->isVisible()) showDialog();
+    const QString reason = tr("The folder \"%1\" could not be changed.").arg(section.folder);
+    dialog->showError(failure.isEmpty() ? reason : failure + ' ' + reason);
 }
 
 void PresetCtl::showCurrent(const std::string& name)
@@ -64,7 +86,15 @@ void PresetCtl::showCurrent(const std::string& name)
     const auto& entries = list.getEntries();
     const auto* entry = list.find(name);
     choices->setSelectedIndex(entry == nullptr ? -1 : static_cast<int>(entry - entries.data()));
-    if (entry == nullptr) choices->setText(name.empty() ? tr("none") : QString::fromStdString(name));
+    const QString shown = name.empty() ? tr("none") : QString::fromStdString(name);
+    choices->setText(isEdited && !name.empty() ? shown + QStringLiteral(" *") : shown);
+    choices->home(false);
+}
+
+void PresetCtl::showEdited(bool on)
+{
+    isEdited = on;
+    showCurrent(current);
 }
 
 void PresetCtl::listChanged()
@@ -80,8 +110,9 @@ void PresetCtl::listChanged()
 
 void PresetCtl::addPreset(const std::string& name, bool selectedOnly)
 {
-    commands.save(name, selectedOnly);
+    commands.save(name, selectedOnly && selection ? selection() : std::vector<RecordId>());
     saving = name;
+    failure = tr("\"%1\" was not saved.").arg(QString::fromStdString(name));
     list.add({.name = name});
     listChanged();
 }
@@ -89,6 +120,7 @@ void PresetCtl::addPreset(const std::string& name, bool selectedOnly)
 void PresetCtl::renamePreset(const std::string& oldName, const std::string& newName)
 {
     commands.rename(oldName, newName);
+    failure = tr("\"%1\" was not renamed.").arg(QString::fromStdString(oldName));
     list.rename(oldName, newName);
     listChanged();
 }
@@ -96,6 +128,7 @@ void PresetCtl::renamePreset(const std::string& oldName, const std::string& newN
 void PresetCtl::deletePreset(const std::string& name)
 {
     commands.remove(name);
+    failure = tr("\"%1\" was not deleted.").arg(QString::fromStdString(name));
     list.remove(name);
     listChanged();
 }

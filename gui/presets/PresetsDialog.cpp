@@ -2,12 +2,13 @@
 
 #include <QCheckBox>
 #include <QCoreApplication>
-#include <QHBoxLayout>
+#include <QGridLayout>
 #include <QListWidget>
 #include <QPushButton>
 #include <QVBoxLayout>
 
 #include "gui/framework/EditBoxDialog.h"
+#include "gui/framework/ErrorLine.h"
 #include "gui/framework/FileNames.h"
 #include "gui/framework/ManualButton.h"
 #include "gui/framework/Properties.h"
@@ -57,7 +58,7 @@ void showAddPresetDialog(PresetGuiOwner& owner, QWidget& parent)
 }
 
 PresetsDialog::PresetsDialog(PresetGuiOwner& presetOwner, QWidget& parent)
-    : QDialog(&parent), owner(presetOwner), names(new QListWidget)
+    : QDialog(&parent), owner(presetOwner), names(new QListWidget), error(new ErrorLine)
 {
     setWindowTitle(tr("Presets"));
     names->setMinimumSize(LIST);
@@ -65,8 +66,8 @@ PresetsDialog::PresetsDialog(PresetGuiOwner& presetOwner, QWidget& parent)
     Property::setHelp(*names, tr("The presets of this section. A double click on one changes its name."));
     connect(names, &QListWidget::itemDoubleClicked, this, [this] { editPreset(); });
 
-    auto* row = new QHBoxLayout(this);
-    row->addWidget(names);
+    auto* grid = new QGridLayout(this);
+    grid->addWidget(names, 0, 0);
     auto* column = new QVBoxLayout;
     addButton(*column, tr("Add"), tr("Saves this section as a preset."), &PresetsDialog::addPreset);
     addButton(*column, tr("Delete"), tr("Deletes the selected preset, after asking."), &PresetsDialog::deletePreset);
@@ -77,7 +78,8 @@ PresetsDialog::PresetsDialog(PresetGuiOwner& presetOwner, QWidget& parent)
     close->setDefault(true);
     connect(close, &QPushButton::clicked, this, &QDialog::accept);
     column->addWidget(close);
-    row->addLayout(column);
+    grid->addLayout(column, 0, 1);
+    grid->addWidget(error, 1, 0, 1, 2);
     refill();
 }
 
@@ -87,7 +89,10 @@ void PresetsDialog::addButton(QBoxLayout& column, const QString& label, const QS
     auto* button = new QPushButton(label);
     button->setAutoDefault(false);
     Property::setHelp(*button, help);
-    connect(button, &QPushButton::clicked, this, action);
+    connect(button, &QPushButton::clicked, this, [this, action] {
+        showError({});
+        (this->*action)();
+    });
     column.addWidget(button);
 }
 
@@ -101,6 +106,8 @@ void PresetsDialog::refill()
         if (item->text() == selected) names->setCurrentItem(item);
     }
 }
+
+void PresetsDialog::showError(const QString& text) { error->showError(text); }
 
 QString PresetsDialog::selectedName() const
 {
@@ -123,6 +130,10 @@ void PresetsDialog::editPreset()
     const QString name = selectedName();
     if (name.isEmpty()) return;
     EditBoxDialog& dialog = makeNameDialog(tr("Edit Preset Name"), name, *this);
+    dialog.warn = [this, name](const QString& newName) {
+        const bool isTaken = newName != name && owner.getPresetList().find(newName.toStdString()) != nullptr;
+        return isTaken ? tr("Another preset has this name. OK once more replaces it.") : QString();
+    };
     connect(&dialog, &QDialog::accepted, this,
             [this, name, &dialog] { owner.renamePreset(name.toStdString(), dialog.getText().toStdString()); });
     dialog.open();

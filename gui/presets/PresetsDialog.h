@@ -5,6 +5,11 @@
 class QBoxLayout;
 class QListWidget;
 
+namespace Gui
+{
+class ErrorLine;
+}
+
 namespace Gui::Preset
 {
 class PresetGuiOwner;
@@ -20,6 +25,8 @@ public:
 
     /// The list has changed.
     void refill();
+    /// What could not be done, until the next command.
+    void showError(const QString& text);
 
 private:
     void addButton(QBoxLayout& column, const QString& label, const QString& help, void (PresetsDialog::*action)());
@@ -30,5 +37,6 @@ private:
 
     PresetGuiOwner& owner;
     QListWidget* names;
+    ErrorLine* error;
 };
 }  // namespace Gui::Preset

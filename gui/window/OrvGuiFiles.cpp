@@ -6,7 +6,7 @@
 #include "backend/model/Edit.h"
 #include "gui/files/FileCommands.h"
 #include "gui/framework/Question.h"
-#include "gui/screens/computerinput/ComputerInputPanel.h"
+#include "gui/presets/PresetCtl.h"
 #include "gui/window/OpenWindow.h"
 #include "gui/window/OrvGui.h"
 
@@ -66,9 +66,19 @@ void OrvGui::handlePresetsChanged(std::size_t section, const PresetList& presets
 {
     if (section >= presetLists.size()) return;
     presetLists[section] = presets;
-    if (section == PresetSections::indexOf(PresetSections::COMPUTER_INPUT))
-        open->main->getComputerInputPanel().handlePresetsChanged(presets);
-    showPresetResult(PresetSections::ALL[section].folder, done);
+    const PresetSection& changed = PresetSections::ALL[section];
+    const auto rows = Preset::PresetCtl::findAll(*open->main, changed);
+    for (auto* row : rows) row->setPresets(presets, done);
+    if (rows.empty()) showPresetResult(changed.folder, done);
+}
+
+void OrvGui::handleSectionPreset(std::size_t section, bool edited, const std::string& name)
+{
+    if (section >= presetLists.size()) return;
+    for (auto* row : Preset::PresetCtl::findAll(*open->main, PresetSections::ALL[section])) {
+        row->showCurrent(name);
+        row->showEdited(edited);
+    }
 }
 
 const PresetList& OrvGui::getPresetList(const PresetSection& section) const

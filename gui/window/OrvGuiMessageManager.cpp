@@ -37,6 +37,11 @@ void changePresets(OrvGuiIF& gui, std::uint32_t section, bool done, const Preset
     gui.handlePresetsChanged(section, presets, done);
 }
 
+void changeSectionPreset(OrvGuiIF& gui, std::uint32_t section, bool isEdited, const std::string& name)
+{
+    gui.handleSectionPreset(section, isEdited, name);
+}
+
 constexpr auto COMMANDS = std::to_array<Command<OrvGuiIF>>({
     on<GuiMessage::SETTINGS, &OrvGuiIF::handleSettingsChanged>(),
     on<GuiMessage::MIDI_INPUT_PORTS, &OrvGuiIF::handleMidiInputPortsChanged>(),
@@ -68,6 +73,7 @@ constexpr auto COMMANDS = std::to_array<Command<OrvGuiIF>>({
     on<GuiMessage::EDIT_DONE, &OrvGuiIF::handleEditDone>(),
     on<GuiMessage::PROGRAM_EDITED, &OrvGuiIF::handleProgramEdited>(),
     on<GuiMessage::BANK_EDIT_DONE, &OrvGuiIF::handleBankEditDone>(),
+    on<GuiMessage::SECTION_PRESET, &changeSectionPreset>(),
 });
 }  // namespace
 

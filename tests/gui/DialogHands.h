@@ -5,6 +5,7 @@
 #include <QSettings>
 
 #include "api/Bank.h"
+#include "gui/framework/ErrorLine.h"
 #include "tests/gui/WindowStage.h"
 #include "tests/stage/FullDisk.h"
 
@@ -51,8 +52,8 @@ struct DialogHands : OpenWindow, testing::Test {
     QLineEdit& lineIn(const QString& title) const { return *dialog(title).findChild<QLineEdit*>(); }
     QListWidget& listIn(const QString& title) const { return *dialog(title).findChild<QListWidget*>(); }
 
-    // These answer the message box that follows, if it has that button, and return what it said: "Error: Entry cannot
-    // be blank". Without a box that is empty.
+    // These answer the message box that follows, if it has that button, and return what it said: "Confirm Overwrite:
+    // Preset already exists. Overwrite?". Without a box they return the line in which a dialog says what is wrong.
     std::string pressIn(const QString& title, const QString& text, Answer reply = Answer::Ok)
     {
         Hands::click(buttonIn(dialog(title), text));
@@ -86,6 +87,10 @@ struct DialogHands : OpenWindow, testing::Test {
             settle();
             return text;
         }
+        for (const auto* each : openDialogs())
+            for (const auto* label : each->findChildren<QLabel*>())
+                if (dynamic_cast<const Gui::ErrorLine*>(label) != nullptr && label->isVisible())
+                    return label->text().toStdString();
         return "";
     }
     void leave(const QString& title)

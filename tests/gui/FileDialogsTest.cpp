@@ -210,7 +210,7 @@ TEST_F(FileDialogs, ChangeTheSizeOfTheBankAndAskBeforeProgramsGo)
     openFileMenu("Change Bank Size...");
     EXPECT_EQ(lineIn("Change Bank Size").text(), "3");
     for (const char* wrong : {"0", "-1", "many", "10000"})
-        EXPECT_EQ(enter("Change Bank Size", wrong), "Error: Enter a number from 1 to 9999") << wrong;
+        EXPECT_EQ(enter("Change Bank Size", wrong), "Enter a number from 1 to 9999") << wrong;
     EXPECT_EQ(enter("Change Bank Size", "3"), "");
     EXPECT_EQ(dialogs(), "") << "nothing to do";
     EXPECT_EQ(changeBankSize("5"), "");
@@ -265,7 +265,7 @@ TEST_F(FileDialogs, ImportFilesOfVersion2)
 
     import("old.pst");
     EXPECT_EQ(lineIn("Enter Preset Name").text(), "default preset name");
-    EXPECT_EQ(enter("Enter Preset Name", "  "), "Error: Entry cannot be blank");
+    EXPECT_EQ(enter("Enter Preset Name", "  "), "Entry cannot be blank");
     EXPECT_EQ(enter("Enter Preset Name", "Mine"), "");
     EXPECT_EQ(dialogs(), "");
     EXPECT_NE(gui->getPresetList(PresetSections::COMPUTER_INPUT).find("Mine"), nullptr);

@@ -1,6 +1,10 @@
 #include "api/OrvUtils.h"
 #include "backend/files/SequencePresetManager.h"
+#include "backend/model/MidiEvent.h"
 #include "backend/model/PresetSections.h"
+#include "gui/framework/ComboBox.h"
+#include "gui/framework/EditPoster.h"
+#include "gui/presets/PresetCtl.h"
 #include "tests/gui/DialogHands.h"
 
 using namespace Backend;
@@ -8,7 +12,7 @@ namespace fs = std::filesystem;
 
 struct PresetDialogs : DialogHands {
     static constexpr const char* CHARACTERS =
-        R"(Error: Name cannot contain any of the following characters: \ / : * ? " < > |)";
+        R"(Name cannot contain any of the following characters: \ / : * ? " < > |)";
 
     PresetDialogs()
     {
@@ -56,7 +60,7 @@ TEST_F(PresetDialogs, AddSavesTheKeysUnderANameThatAFileCanHave)
     pressIn("Presets", "Add");
     const auto& selectedOnly = buttonIn<QCheckBox>(dialog("Add Preset"), "Selected Only");
     EXPECT_FALSE(selectedOnly.isEnabled()) << "nothing can be selected";
-    EXPECT_EQ(enter("Add Preset", "   "), "Error: Name cannot be blank");
+    EXPECT_EQ(enter("Add Preset", "   "), "Name cannot be blank");
     for (const char* name : {"a\\b", "a/b", "a:b", "a*", "a?", "\"a\"", "<a", "a>", "a|b"})
         EXPECT_EQ(enter("Add Preset", name), CHARACTERS) << name;
     EXPECT_EQ(listed(), "one two ");
@@ -86,7 +90,7 @@ TEST_F(PresetDialogs, EditGivesAnotherNameAlsoThatOfAnotherAndDeleteAsksFirst)
     select("one");
     pressIn("Presets", "Edit");
     EXPECT_EQ(lineIn("Edit Preset Name").text(), "one");
-    EXPECT_EQ(enter("Edit Preset Name", " "), "Error: Name cannot be blank");
+    EXPECT_EQ(enter("Edit Preset Name", " "), "Name cannot be blank");
     EXPECT_EQ(enter("Edit Preset Name", "a|b"), CHARACTERS);
     lineIn("Edit Preset Name").setText("Größe");
     confirm(lineIn("Edit Preset Name"));
@@ -98,7 +102,9 @@ TEST_F(PresetDialogs, EditGivesAnotherNameAlsoThatOfAnotherAndDeleteAsksFirst)
     const QPoint place = list.visualItemRect(list.currentItem()).center();
     QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, place);
     QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, place);
-    enter("Edit Preset Name", "two");
+    EXPECT_EQ(enter("Edit Preset Name", "two"), "Another preset has this name. OK once more replaces it.");
+    EXPECT_EQ(listed(), "Größe two ");
+    confirm(lineIn("Edit Preset Name"));
     EXPECT_EQ(listed(), "two ");
     EXPECT_EQ(contentOf("two"), kept);
 
@@ -129,25 +135,86 @@ TEST_F(PresetDialogs, TheListLoadsAPreset)
 
 TEST_F(PresetDialogs, SayThatTheFolderTookNothingAndShowWhatIsThere)
 {
-    constexpr const char* SENTENCE = "Error: The folder \"Computer Input Presets\" could not be changed.";
+    const auto sentence = [](const std::string& what) {
+        return what + " The folder \"Computer Input Presets\" could not be changed.";
+    };
     const std::string before = contentOf("two");
     openMenu("Edit Presets...");
     pressIn("Presets", "Add");
-    EXPECT_EQ(onFullDisk([this] { return enter("Add Preset", "three"); }), SENTENCE);
+    EXPECT_EQ(onFullDisk([this] { return enter("Add Preset", "three"); }), sentence("\"three\" was not saved."));
     pressIn("Presets", "Add");
-    EXPECT_EQ(onFullDisk([this] { return enter("Add Preset", "two", Answer::Yes), answer(); }), SENTENCE);
+    EXPECT_EQ(onFullDisk([this] { return enter("Add Preset", "two", Answer::Yes), answer(); }),
+              sentence("\"two\" was not saved."));
     EXPECT_EQ(listed(), "one two ");
     EXPECT_EQ(contentOf("two"), before);
 
     const fs::path place = presets().getFolder();
     fs::rename(place, place.string() + " away");
     std::ofstream(place) << "no folder";
-    pressIn("Presets", "Add");
-    EXPECT_EQ(enter("Add Preset", "three"), SENTENCE);
+    leave("Presets");
+    openMenu("Save Preset As...");
+    EXPECT_EQ(enter("Add Preset", "three"), sentence("\"three\" was not saved."));
     select("one");
-    pressIn("Presets", "Edit");
-    EXPECT_EQ(enter("Edit Preset Name", "four"), SENTENCE);
-    EXPECT_EQ(dialogs(), "Presets");
+    EXPECT_EQ(pressIn("Presets", "Edit"), "") << "the line is gone";
+    EXPECT_EQ(enter("Edit Preset Name", "four"), sentence("\"one\" was not renamed."));
+    EXPECT_EQ(pressIn("Presets", "Delete", Answer::Yes), "") << "nothing is selected";
+    select("two");
+    pressIn("Presets", "Delete", Answer::Yes);
+    EXPECT_EQ(answer(), sentence("\"two\" was not deleted."));
+    fs::remove(place);
+    fs::rename(place.string() + " away", place);
+    EXPECT_EQ(listed(), "one two ") << "nothing is lost";
+}
+
+/// Joysticks have no selection: their preset has all of them, and replaces.
+TEST_F(PresetDialogs, EverySectionSavesWhatIsSelectedAndAddsItToAnotherProgram)
+{
+    struct Row {
+        const PresetSection& section;
+        QString record;         // "%" in it stands for one of these
+        QStringList different;  // of the first and the second record, and of that of another program
+        std::vector<RecordId> selected;
+    };
+    const auto id = [](const auto& item) { return static_cast<RecordId>(item.getPacked()); };
+    const QString event = "<MidiEvent midiEvent='Note On,%'><Translation><DoNothing/></Translation></MidiEvent>";
+    const QString axis = "<Axis joystick='0' axis='%'><Function midiEvent='Pitch Bend'/></Axis>";
+    const MidiInput::MidiEvent note61{-1, -1, MidiEngine::MidiMessage(MidiEngine::Note(61))};
+    const Key key = Key::fromXmlString("Shift B");
+    const Row rows[] = {{PresetSections::LAYERS, "<Layer channel='%'/>", {"1", "2", "5"}, {1}},
+                        {PresetSections::OSCILLATORS, "<Oscillator speed='%'/>", {"7", "8", "9"}, {1}},
+                        {PresetSections::CONTROLS, "<Control cell='%'/>", {"1,2", "3,4", "5,6"}, {id(Cell{3, 4})}},
+                        {PresetSections::COMPUTER_INPUT, noteKey("%", "C4").c_str(), {"A", "Shift B", "C"}, {id(key)}},
+                        {PresetSections::MIDI_INPUT, event, {"60", "61", "62"}, {id(note61)}},
+                        {PresetSections::JOYSTICK, axis, {"X", "Y", "Z"}, {}}};
+    for (const Row& row : rows) {
+        const std::string tag = row.section.rootElement;
+        SCOPED_TRACE(tag);
+        const auto textOf = [&] {
+            settle();
+            const std::string program = OpenWindow::commands().sendGetProgramAsString();
+            const std::size_t start = program.find("<" + tag + " ");
+            return program.substr(start, program.find("</" + tag + ">") - start);
+        };
+        const auto load = [&](std::initializer_list<int> records) {
+            std::string text = "<F><Program><" + tag + ">";
+            for (const int each : records) text += QString(row.record).replace('%', row.different[each]).toStdString();
+            folder.write("a.prg", text + "</" + tag + "></Program></F>");
+            OpenWindow::commands().postLoadProgram(path("a.prg"));
+            return textOf();
+        };
+        const std::string expected = row.selected.empty() ? load({0, 1}) : load({2, 1});
+        load({0, 1});
+        Gui::Preset::PresetCtl presetRow(*gui, row.section, &edit("Preset of the keys"), [&] { return row.selected; });
+        presetRow.addPreset("!some", true);
+        const std::string before = load({2});
+        auto& list = *presetRow.findChild<QLineEdit*>();
+        dynamic_cast<Gui::ComboBox&>(list).onChange(0);
+        EXPECT_EQ(textOf(), expected);
+        EXPECT_EQ(list.text().toStdString(), "!some");
+        gui->getEdits().undo();
+        EXPECT_EQ(textOf(), before);
+        EXPECT_EQ(list.text().toStdString(), "none");
+    }
 }
 
 TEST_F(PresetDialogs, TheKeysPlayOnUntilThereIsATextToType)

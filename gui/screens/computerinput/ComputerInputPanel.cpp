@@ -5,8 +5,6 @@
 #include <QSignalBlocker>
 
 #include "api/OrvGuiIF.h"
-#include "api/OrvIF.h"
-#include "backend/messages/ComputerInputMessageManager.h"
 #include "backend/model/PresetSections.h"
 #include "gui/framework/EditPoster.h"
 #include "gui/framework/GuiMessageManagerMaster.h"
@@ -50,20 +48,7 @@ void ComputerInputPanel::makeTopRow()
 {
     auto* const label = new QLabel(tr("Preset:"), this);
     place(*label, PRESET_LABEL);
-    auto& commands = gui.getOrvIF().getComputerInputMessageManager();
-    presets = new Preset::PresetCtl(
-        gui, tr("Preset of the keys"),
-        {.load =
-             [this](const auto& name) {
-                 gui.getEdits().post({.section = Backend::PresetSections::COMPUTER_INPUT.rootElement,
-                                      .name = tr("preset of the keys").toStdString(),
-                                      .gesture = gui.getEdits().beginGesture(),
-                                      .preset = name});
-             },
-         .save = [&commands](const auto& name, bool) { commands.postSavePreset(name, {}); },
-         .rename = [&commands](const auto& name, const auto& newName) { commands.postRenamePreset(name, newName); },
-         .remove = [&commands](const auto& name) { commands.postDeletePreset(name); }},
-        this);
+    presets = new Preset::PresetCtl(gui, Backend::PresetSections::COMPUTER_INPUT, this);
     place(*presets, PRESET_NAME);
 
     useModifiers = new QCheckBox(tr("Use modifiers on key up"), this);
@@ -116,8 +101,6 @@ void ComputerInputPanel::handleZoneTranspose(Backend::Zones::ZoneId zone, int tr
     changed->transpose = static_cast<std::int8_t>(transpose);
     keyboard->showConfigurations();
 }
-
-void ComputerInputPanel::handlePresetsChanged(const Backend::PresetList& list) { presets->setPresets(list); }
 
 Preset::PresetGuiOwner& ComputerInputPanel::getPresets() { return *presets; }
 

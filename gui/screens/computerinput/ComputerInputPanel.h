@@ -4,7 +4,6 @@
 #include <vector>
 
 #include "backend/model/KeyConfigurationMap.h"
-#include "backend/model/PresetList.h"
 #include "backend/model/ZoneMap.h"
 #include "gui/framework/Panel.h"
 #include "gui/screens/computerinput/ComputerInputGuiMessageManager.h"
@@ -46,7 +45,6 @@ public:
     void handlePresetLoaded();
     void handleZones(const Backend::Zones::ZoneMap& newZones);
     void handleZoneTranspose(Backend::Zones::ZoneId zone, int transpose);
-    void handlePresetsChanged(const Backend::PresetList& list);
 
 protected:
     void scaleChanged() override;
