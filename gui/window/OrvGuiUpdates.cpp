@@ -159,7 +159,7 @@ void OrvGui::handleProgramEdited(bool edited, int others)
 {
     isEdited = edited;
     otherEdited = others;
-    open->main->getStagePanel().handleProgramEdited(edited);
+    open->main->getStagePanel().handleProgramEdited(edited, others);
 }
 
 void OrvGui::handleProgramNameChanged(const Program& program) { handleProgramChanged(program); }

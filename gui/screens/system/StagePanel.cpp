@@ -82,7 +82,7 @@ void StagePanel::addProgram()
     program =
         add(new ProgramButton(getGdi(), this), {52, 0, 564, 64}, tr("Program"),
             tr("Program: click for the list of programs, right-click to rename it or to undo. A star marks a program "
-               "that was edited and not yet saved."));
+               "that was edited and not yet saved, and a bank with such programs."));
     program->onMenu = [this](const QPoint& position) { showProgramMenu(position); };
     connect(program, &QAbstractButton::clicked, this, &StagePanel::showProgramList);
     addArrow(Look::Direction::right, SelectType::Kind::up, {620, 0, 48, 64}, tr("Next program"),
@@ -178,9 +178,10 @@ void StagePanel::showRedone(const std::string& name)
     showMessage(name.empty() ? tr("Nothing to redo") : tr("Redone: %1").arg(QString::fromStdString(name)));
 }
 
-void StagePanel::handleProgramEdited(bool edited)
+void StagePanel::handleProgramEdited(bool edited, int otherEdited)
 {
     isEdited = edited;
+    isBankEdited = edited || otherEdited > 0;
     showProgram();
 }
 
@@ -211,11 +212,13 @@ void StagePanel::showProgram()
     const Program& now = gui.getCurrentProgram();
     const auto& names = gui.getCurrentBank().programNames;
     const auto next = static_cast<std::size_t>(now.number) + 1;
-    QString below = QString::fromStdString(gui.getCurrentBankName());
+    const auto marked = [](const std::string& name, bool isMarked) {
+        return QString::fromStdString(name) + (isMarked ? QStringLiteral(" *") : QString());
+    };
+    QString below = marked(gui.getCurrentBankName(), isBankEdited);
     if (now.number >= 0 && next < names.size())
         below = tr("%1: next %2 %3").arg(below, QString::number(next + 1), QString::fromStdString(names[next]));
-    const QString name = QString::fromStdString(now.name);
-    program->showProgram(now.number, isEdited ? name + QStringLiteral(" *") : name, below);
+    program->showProgram(now.number, marked(now.name, isEdited), below);
 }
 
 void StagePanel::showProgramList()

@@ -60,7 +60,8 @@ public:
     void displayMidiOutputEvent();
     void handleEditDone(const Backend::EditDone& done);
     void handleBankEditDone(const Backend::BankEditDone& done);
-    void handleProgramEdited(bool isEdited);
+    /// `otherEdited` counts programs.
+    void handleProgramEdited(bool isEdited, int otherEdited);
 
     void showKeyTarget(KeyTarget target);
     /// What was done, for three seconds.
@@ -102,7 +103,8 @@ private:
     ActivityLights* output = nullptr;
     RecordGauge* record = nullptr;
     PopupMenu* menu;
-    bool isEdited = false;
+    bool isEdited = false;           // the program
+    bool isBankEdited = false;       // any of its programs
     std::optional<int> wantedTempo;  // while its edit is not acknowledged
     QElapsedTimer sinceTempoEdit;
     std::uint32_t tempoGesture = 0;
