@@ -17,14 +17,14 @@ void InputTranslations::set(Shared map, Room& gone)
 
 void InputTranslations::press(const OrvMidiMessage& received, const Shared& map, Room& gone)
 {
-    if (isDown(received)) press(received, placeOf(map, gone.front()));
+    if (received.isPress()) press(received, placeOf(map, gone.front()));
 }
 
 /// Maps that both leave the event and its release as they are count as one. A pedal that is moved further down was
 /// pressed already.
 void InputTranslations::press(const OrvMidiMessage& received, std::size_t place)
 {
-    if (!isDown(received)) return;
+    if (!received.isPress()) return;
     OrvMidiMessage released = received;
     if (received.isPedal())
         released.setD2(0);

@@ -39,15 +39,19 @@ public:
     void press(const OrvMidiMessage& received, const Shared& map, Room& gone);
 
     /// Whether it is a note-off, or a pedal that goes up, of a press.
-    bool knows(const OrvMidiMessage& received) const { return isUp(received) && presses.hasOpen(keyOf(received)); }
+    bool knows(const OrvMidiMessage& received) const
+    {
+        return received.isRelease() && presses.hasOpen(keyOf(received));
+    }
     /// For a note-off, or a pedal that goes up: calls `visit(const Shared&)` for the map of each press of it, the
     /// latest first, until it returns false. True if there is a press and it never did.
     template <class Visit>
     bool allPresses(const OrvMidiMessage& received, Visit&& visit) const
     {
-        return isUp(received) && presses.allOpen(keyOf(received), [&](const PressMemory::Run& run, PressMemory::Index) {
-            return visit(places[run.outcome.value].map);
-        });
+        return received.isRelease() &&
+               presses.allOpen(keyOf(received), [&](const PressMemory::Run& run, PressMemory::Index) {
+                   return visit(places[run.outcome.value].map);
+               });
     }
     /// Forgets a press, and all those that met other entries than the latest one, as `PressMemory::release` does. Calls
     /// `visit(const Shared&)` for each; never if nothing is known.
@@ -65,14 +69,6 @@ public:
 private:
     static constexpr std::size_t CAPACITY = 4096;
 
-    static bool isDown(const OrvMidiMessage& event)
-    {
-        return event.isNoteOn() || (event.isPedal() && event.getD2() > 0);
-    }
-    static bool isUp(const OrvMidiMessage& event)
-    {
-        return event.isNoteOff() || (event.isPedal() && event.getD2() == 0);
-    }
     static PressMemory::Key keyOf(const OrvMidiMessage& event);
     void press(const OrvMidiMessage& received, std::size_t place);
     /// The place of a map, which is a new one if need be. `gone` gets the map that was there.

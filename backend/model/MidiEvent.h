@@ -6,6 +6,7 @@
 #include <string>
 
 #include "backend/values/MidiMessage.h"
+#include "backend/values/OrvMidiMessage.h"
 #include "platform/Export.h"
 
 class XmlElement;
@@ -21,6 +22,11 @@ struct ORV_API MidiEvent {
     std::int8_t channel = ALL;  ///< 0 to 15, or all channels
     MidiEngine::MidiMessage message{};
 
+    /// Of exactly the input and channel of an event.
+    static constexpr MidiEvent of(const MidiEngine::OrvMidiMessage& event)
+    {
+        return {event.getInput(), event.getChannel(), event.getMidiMessage()};
+    }
     /// From the attributes "input", "channel" and "midiEvent" of an element.
     static MidiEvent fromXml(const XmlElement& element);
     /// The attributes of its element, each preceded by a blank.

@@ -13,8 +13,8 @@ const MidiEventConfiguration* MidiEventConfigurationMap::findBest(const MidiEngi
     const auto input = message.getInput();
     const auto channel = message.getChannel();
     const auto& kind = message.getMidiMessage();
-    for (const MidiEvent& key : {MidiEvent{input, channel, kind}, MidiEvent{input, ALL, kind},
-                                 MidiEvent{ALL, channel, kind}, MidiEvent{ALL, ALL, kind}})
+    for (const MidiEvent& key : {MidiEvent::of(message), MidiEvent{input, ALL, kind}, MidiEvent{ALL, channel, kind},
+                                 MidiEvent{ALL, ALL, kind}})
         if (const MidiEventConfiguration* found = findElement(key)) return found;
     return nullptr;
 }

@@ -55,3 +55,21 @@ struct ORV_API Key {
     constexpr bool operator==(const Key& other) const { return getPacked() == other.getPacked(); }
     constexpr auto operator<=>(const Key& other) const { return getPacked() <=> other.getPacked(); }
 };
+
+/// A key that is a modifier of others.
+struct ModifierKey {
+    std::int32_t code;
+    bool Key::*modifier;
+};
+inline constexpr ModifierKey MODIFIERS_BY_KEY[] = {
+    {Key::LEFT_SHIFT, &Key::shift},      {Key::RIGHT_SHIFT, &Key::shift}, {Key::LEFT_CONTROL, &Key::control},
+    {Key::RIGHT_CONTROL, &Key::control}, {Key::LEFT_ALT, &Key::alt},      {Key::RIGHT_ALT, &Key::alt},
+    {Key::LEFT_WINDOWS, &Key::win},      {Key::RIGHT_WINDOWS, &Key::win}};
+
+/// The modifier of a modifier key, null for any other key.
+constexpr bool Key::*modifierOf(std::int32_t keyCode)
+{
+    for (const auto& [code, modifier] : MODIFIERS_BY_KEY)
+        if (code == keyCode) return modifier;
+    return nullptr;
+}

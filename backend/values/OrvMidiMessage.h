@@ -132,6 +132,10 @@ public:
     constexpr bool isControllerChange() const { return midiMessage.isControllerChange(); }
     /// The sustain, sostenuto or soft pedal: controllers 64, 66 and 67 of the MIDI standard.
     constexpr bool isPedal() const { return isControllerChange() && (getD1() == 64 || getD1() == 66 || getD1() == 67); }
+    /// A note-on, also with velocity 0, or a pedal that goes down.
+    constexpr bool isPress() const { return isNoteOn() || (isPedal() && getD2() > 0); }
+    /// What ends a press: a note-off, or a pedal that goes up.
+    constexpr bool isRelease() const { return isNoteOff() || (isPedal() && getD2() == 0); }
     constexpr bool isProgramChange() const { return midiMessage.isProgramChange(); }
     constexpr bool isChannelPressure() const { return midiMessage.isChannelPressure(); }
     constexpr bool isPitchBend() const { return midiMessage.isPitchBend(); }

@@ -8,24 +8,9 @@ namespace
 {
 using enum Key::Code;
 
-struct ModifierKey {
-    int code;
-    bool Key::*modifier;
-};
-constexpr ModifierKey MODIFIER_KEYS[] = {{LEFT_SHIFT, &Key::shift},     {RIGHT_SHIFT, &Key::shift},
-                                         {LEFT_CONTROL, &Key::control}, {RIGHT_CONTROL, &Key::control},
-                                         {LEFT_ALT, &Key::alt},         {RIGHT_ALT, &Key::alt},
-                                         {LEFT_WINDOWS, &Key::win},     {RIGHT_WINDOWS, &Key::win}};
-
 constexpr bool isShift(int code) { return code == LEFT_SHIFT || code == RIGHT_SHIFT; }
 constexpr bool isShiftOrControl(int code) { return isShift(code) || code == LEFT_CONTROL || code == RIGHT_CONTROL; }
 }  // namespace
-
-bool Key::*KeyPresses::modifierOf(int keyCode)
-{
-    const auto* const row = std::ranges::find(MODIFIER_KEYS, keyCode, &ModifierKey::code);
-    return row == std::end(MODIFIER_KEYS) ? nullptr : row->modifier;
-}
 
 void KeyPresses::press(Source source, const Key& key, bool isRepeat)
 {
@@ -66,7 +51,7 @@ bool KeyPresses::isHeld(bool Key::*modifier) const
 /// right Alt key as held, so that one is left out.
 void KeyPresses::releaseLostModifiers(Source source, const Key& held)
 {
-    for (const auto& [code, modifier] : MODIFIER_KEYS) {
+    for (const auto& [code, modifier] : MODIFIERS_BY_KEY) {
         const auto found = presses.find(code);
         if (found == presses.end() || found->second.source != source || code == RIGHT_ALT || held.*modifier) continue;
         endPress(found, Key{.keyCode = code});

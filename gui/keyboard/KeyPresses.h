@@ -50,9 +50,6 @@ public:
     /// The codes of the keys that are down, ignored ones included.
     std::vector<int> getCodesDown(Source source) const;
 
-    /// The modifier of a modifier key, null for any other key.
-    static bool Key::*modifierOf(int keyCode);
-
 private:
     struct Press {
         Source source;

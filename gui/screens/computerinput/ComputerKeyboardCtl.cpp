@@ -83,7 +83,7 @@ void ComputerKeyboardCtl::changed()
 {
     held = Key();
     for (const int code : down)
-        if (bool Key::*const modifier = KeyPresses::modifierOf(code)) held.*modifier = true;
+        if (bool Key::*const modifier = modifierOf(code)) held.*modifier = true;
     update();
     accessibleValueChanged(*this, getAccessibleValue());
 }
@@ -107,7 +107,7 @@ const KeyConfiguration* ComputerKeyboardCtl::findConfiguration(int keyCode) cons
 {
     Key key = held;
     key.keyCode = keyCode;
-    if (bool Key::*const own = KeyPresses::modifierOf(keyCode)) key.*own = false;
+    if (bool Key::*const own = modifierOf(keyCode)) key.*own = false;
     const KeyConfiguration* const found = keys.findElement(key);
     return found == nullptr || found->isEmpty() ? nullptr : found;
 }
@@ -122,7 +122,7 @@ QString ComputerKeyboardCtl::getHelp(int keyCode) const
 {
     Key key = held;
     key.keyCode = keyCode;
-    if (bool Key::*const own = KeyPresses::modifierOf(keyCode)) key.*own = false;
+    if (bool Key::*const own = modifierOf(keyCode)) key.*own = false;
     const KeyConfiguration* const configuration = findConfiguration(keyCode);
     if (configuration == nullptr) return nameOf(key) + tr(": does nothing.");
     const QString away = configuration->global ? QString() : tr("\nOther programs keep this key.");
