@@ -30,12 +30,14 @@ class OrvGuiIF;
 
 namespace Backend
 {
+class Learning;
 class MessageManagerMaster;
 class OrvMessageManager;
 class RegistrySettings;
 struct Bank;
 struct BankEdit;
 struct Edit;
+struct LearnKinds;
 struct PresetSection;
 struct Program;
 struct ScreenState;
@@ -551,5 +553,10 @@ public:
     /// removed comes back with its edits.
     virtual void undoBank(const std::string& path) = 0;
     virtual void redoBank(const std::string& path) = 0;
+    /// [backend] The next event of these kinds, from any input, is not played but sent to the window once, with this
+    /// number (GuiMessage::LEARNED); no kinds end it, and so does the window's close. A learned press is swallowed with
+    /// its release; everything else plays on. See docs/behaviour/learning.md.
+    virtual void learn(const LearnKinds& kinds, std::uint32_t number) = 0;
+    virtual Learning& getLearning() = 0;
 };
 }  // namespace Backend

@@ -225,6 +225,10 @@ void OrvMessageManager::postKeepDrafts(bool on) { master.post(OrvMessage::KEEP_D
 
 void OrvMessageManager::postDiscardEdits() { master.post(OrvMessage::DISCARD_EDITS()); }
 
+void OrvMessageManager::postLearn(const LearnKinds& kinds, std::uint32_t number)
+{
+    master.post(OrvMessage::LEARN(kinds, number));
+}
 void OrvMessageManager::postEditBank(const BankEdit& edit) { master.post(OrvMessage::EDIT_BANK(edit)); }
 
 void OrvMessageManager::postUndoBank(const std::string& path) { master.post(OrvMessage::UNDO_BANK(path)); }

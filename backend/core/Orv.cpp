@@ -181,7 +181,9 @@ void Orv::setGuiWindowHandle(const WindowHandle& window)
         updateEventLog();
     }
     midiEngine.setGuiWindowHandle(window);
-    if (!window) retroRecord.setFillListener({});
+    if (window) return;
+    retroRecord.setFillListener({});
+    orvMessageManager.postLearn({}, 0);
 }
 
 void Orv::setDisplayListener(Display::DisplayListener* listener)
@@ -254,8 +256,10 @@ void Orv::processMidiInputEvent(const OrvMidiMessage& event)
     assertBackendThread();
     if (isEnabled(midiInputPorts, event.getInput())) {
         displayMidiInputEvent(event);
-        midiEngine.followMidiInput(event);
-        translate(event);
+        if (!swallows(event)) {
+            midiEngine.followMidiInput(event);
+            translate(event);
+        }
     } else {
         WindowsLib::DbgStream() << "dropped " << event.getMidiMessage().toXmlString() << ", input "
                                 << int{event.getInput()} << ": no such input, or not enabled";
@@ -282,6 +286,8 @@ void Orv::settleMidiInput(int input)
 void Orv::releaseHeldNotes(int input)
 {
     if (!isEnabled(midiInputPorts, input)) return;
+    learning.forgetMidiInput(input);
+    updateRefusal();
     const MidiEngine::HeldNotes held = midiEngine.takeHeldNotes(input);
     held.forEach([&](int channel, int note) {
         translate(

@@ -39,6 +39,7 @@
 #include "backend/model/Screen.h"
 #include "backend/model/ScreenState.h"
 #include "backend/recorder/RetroRecordManager.h"
+#include "backend/sections/Learning.h"
 #include "backend/sections/computerinput/ComputerInputManager.h"
 #include "backend/sections/controls/ControlManager.h"
 #include "backend/sections/joystick/JoystickManager.h"
@@ -341,6 +342,8 @@ public:
     void editBank(const BankEdit& edit) override;
     void undoBank(const std::string& path) override;
     void redoBank(const std::string& path) override;
+    void learn(const LearnKinds& kinds, std::uint32_t number) override;
+    Learning& getLearning() override { return onBackendThread(learning); }
 
     /// The factory for `createOrvGui`; null for no window. Before `start`.
     void setGuiFactory(GuiFactory factory) { guiFactory = factory; }
@@ -418,6 +421,9 @@ private:
     void notifyGuiOfPresets(const PresetManager& presets, bool done) const;
     void settleMidiInput(int input);
     void translate(const MidiEngine::OrvMidiMessage& event);
+    bool swallows(const MidiEngine::OrvMidiMessage& event);
+    void reportLearned(const Learned& learned);
+    void updateRefusal();
     bool keepsNotes() const { return registrySettings.get<Settings::KEEP_NOTES>(); }
     void publishInputs();
     void releaseHeldNotes(int input);
@@ -454,6 +460,11 @@ private:
     RetroRecord::RetroRecordManager retroRecord;
     EngineRecorder engineRecorder{retroRecord};
     EngineLog engineLog{display.getMessageManager()};
+    Learning learning{{.report = [this](const Learned& learned) { reportLearned(learned); },
+                       .playAxis =
+                           [this](const Joystick::JoyAxisElementId& id, int value) {
+                               joystickManager.setAxis(id, Joystick::AxisMode::raw, value, Joystick::Source::joystick);
+                           }}};
     Oscillators::OscManager oscManager;
     Joystick::JoystickManager joystickManager;
     ComputerInput::ComputerInputManager computerInputManager;

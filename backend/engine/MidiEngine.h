@@ -75,6 +75,9 @@ public:
     bool playMidiInputEvent(const OrvMidiMessage& event) EXCLUDES(criticalSection);
     void deferMidiInputEvent(int input) { deferred.add(input); }
     bool isDeferring(int input) const { return deferred.hasAny(input); }
+    /// Whether `playMidiInputEvent` refuses every event, because the backend learns one. Any thread, without the lock:
+    /// an event that is being played at the moment arrived before.
+    void refuseMidiInputEvents(bool on) { refusesInputs.store(on, std::memory_order_relaxed); }
 
     /// The pulse of a clock that has run that long at `tempo` beats per minute, limited to 0 to the highest pulse.
     static std::int32_t milliseconds2Ppq(double milliseconds, int tempo);
@@ -319,6 +322,7 @@ private:
     std::atomic<int> resetsWaiting{0};
 
     DeferredEvents deferred;
+    std::atomic<bool> refusesInputs{false};
     LongestHold longestHold;  // of the engine lock, by commands
 
     CriticalSection criticalSection;

@@ -69,6 +69,7 @@ bool MidiEngine::playMidiInputEvent(const OrvMidiMessage& event)
 /// the engine rests, the pulse of the last slice is long over, and an arpeggio would begin at it.
 bool MidiEngine::playLive(Slice& slice, const OrvMidiMessage& event)
 {
+    if (refusesInputs.load(std::memory_order_relaxed)) return false;
     if (nextPulse == NO_PULSE || (resting && layers.hasArpeggio()) || deferred.hasAny(event.getInput())) return false;
     const OrvMidiMessage received = MidiInput::MidiEventConfigurationMap::asReceived(event);
     if (keepNotes && liveInputs.getTranslations().knows(received)) return releaseLive(slice, event, received);

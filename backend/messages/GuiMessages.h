@@ -13,6 +13,7 @@
 #include "backend/model/JoystickElement.h"
 #include "backend/model/KeyConfigurationMap.h"
 #include "backend/model/LayerList.h"
+#include "backend/model/Learned.h"
 #include "backend/model/MidiEventConfigurationMap.h"
 #include "backend/model/MidiPort.h"
 #include "backend/model/OscList.h"
@@ -74,6 +75,7 @@ inline constexpr TypedMessage<bool> SEQUENCE_PRESETS{33276, "SequencePresets"};
 inline constexpr TypedMessage<EditDone> EDIT_DONE{33287, "EditDone"};
 /// Whether the current program was edited since it was saved, and how many others were.
 inline constexpr TypedMessage<bool, int> PROGRAM_EDITED{33288, "ProgramEdited"};
+inline constexpr TypedMessage<Learned> LEARNED{33294, "Learned"};
 inline constexpr TypedMessage<BankEditDone> BANK_EDIT_DONE{33297, "BankEditDone"};
 /// The index in PresetSections::ALL, whether the section was edited since it was loaded from a preset or saved as one,
 /// and its name; empty for none.

@@ -35,6 +35,7 @@ inline constexpr TypedMessage<JoystickElement> GUI_BUTTON_UP{35234, "GuiButtonUp
 /// LOAD_PRESET, RENAME_PRESET, DELETE_PRESET and SAVE_PRESET.
 using Presets = PresetMessages<35235>;
 inline constexpr TypedMessage<int, bool> ENABLE_JOYSTICK{35239, "EnableJoystick"};
+inline constexpr TypedMessage<JoystickElement, int> AXIS_FOUND{35240, "AxisFound"};
 }  // namespace JoystickMessage
 
 /// The commands of the joystick section, from the window and for the reports of joysticks. Any thread but the time
@@ -53,6 +54,12 @@ public:
     void postJoystickAxis(const JoyAxisElementId& id, int value)
     {
         master.post(JoystickMessage::JOYSTICK_AXIS({id.joystick, id.axis, AxisMode::raw}, value));
+    }
+
+    /// Where an axis stands when its joystick is plugged in; nothing is played.
+    void postAxisFound(const JoyAxisElementId& id, int value)
+    {
+        master.post(JoystickMessage::AXIS_FOUND({id.joystick, id.axis, AxisMode::raw}, value));
     }
 
     void postJoystickButtonDown(const JoyButtonElementId& id, bool repeat)

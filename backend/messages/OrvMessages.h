@@ -4,6 +4,7 @@
 #include <string>
 
 #include "backend/messages/TypedMessage.h"
+#include "backend/model/Learned.h"
 #include "backend/model/MidiPort.h"
 #include "backend/model/ScreenState.h"
 #include "backend/values/OnOffToggle.h"
@@ -85,6 +86,8 @@ inline constexpr TypedMessage<std::uint32_t> UNDO{33288, "Undo"};
 inline constexpr TypedMessage<std::uint32_t> REDO{33289, "Redo"};
 inline constexpr TypedMessage<bool> KEEP_DRAFTS{33290, "KeepDrafts"};
 inline constexpr TypedMessage<> DISCARD_EDITS{33291, "DiscardEdits"};
+/// The kinds, none to end it, and the number by which it is reported.
+inline constexpr TypedMessage<LearnKinds, std::uint32_t> LEARN{33294, "Learn"};
 inline constexpr TypedMessage<BankEdit> EDIT_BANK{33297, "EditBank"};
 inline constexpr TypedMessage<std::string> UNDO_BANK{33298, "UndoBank"};
 inline constexpr TypedMessage<std::string> REDO_BANK{33299, "RedoBank"};

@@ -6,6 +6,7 @@
 #include "backend/bindings/functions/FunctionFactories.h"
 #include "backend/messages/GuiMessages.h"
 #include "backend/model/PresetSections.h"
+#include "backend/sections/Learning.h"
 #include "backend/sections/computerinput/ButtonEvent.h"
 #include "backend/xml/Text.h"
 #include "backend/xml/XmlWriter.h"
@@ -199,6 +200,7 @@ void ComputerInputManager::removeRecord(RecordId id)
 void ComputerInputManager::keyEvent(const Key& key, bool isDown, bool isRepeat)
 {
     const ButtonEvent event = !isDown ? ButtonEvent::up : isRepeat ? ButtonEvent::repeat : ButtonEvent::down;
+    if (orv.getLearning().takeKey(key, event)) return;
     const std::shared_ptr<const KeyBindings> kept = bindingsOf(key.keyCode, event);
     const KeyBindings& bindings = kept ? *kept : getContent();
     const bool hasModifiers = isDown || bindings.useKeyUpMod;

@@ -53,19 +53,22 @@ void JoystickEngine::take(const Joysticks::Readings& readings, std::uint32_t now
     for (int joystick = 0; joystick < JOYSTICKS; ++joystick) {
         const auto& reading = readings[static_cast<std::size_t>(joystick)];
         auto& last = watched[static_cast<std::size_t>(joystick)].last;
-        if (last && reading) compareAxes(joystick, *last, *reading);
+        if (reading) compareAxes(joystick, last ? &*last : nullptr, *reading);
         if (last) compareButtons(joystick, pressedIn(*last), reading ? pressedIn(*reading) : Pressed{}, now);
         last = reading;
     }
 }
 
-void JoystickEngine::compareAxes(int joystick, const JoystickReading& before, const JoystickReading& reading)
+void JoystickEngine::compareAxes(int joystick, const JoystickReading* before, const JoystickReading& reading)
 {
     for (std::size_t axis = 0; axis < JOY_AXES.size(); ++axis) {
         const auto [name, position, isReversed] = JOY_AXES[axis];
-        const int value = reading.axes[position];
-        if (value != before.axes[position])
-            listener.axisChanged({joystick, static_cast<int>(axis)}, isReversed ? HIGHEST_POSITION - value : value);
+        const JoyAxisElementId id{joystick, static_cast<int>(axis)};
+        const int value = isReversed ? HIGHEST_POSITION - reading.axes[position] : reading.axes[position];
+        if (before == nullptr)
+            listener.axisFound(id, value);
+        else if (reading.axes[position] != before->axes[position])
+            listener.axisChanged(id, value);
     }
 }
 

@@ -16,8 +16,8 @@
 namespace Backend::Joystick
 {
 /// Reads both joysticks and reports changes. The reports depend on the readings and the times passed to `take` alone;
-/// the thread only calls it. The first reading after a joystick was plugged in reports nothing; later ones are compared
-/// with it. A joystick that is unplugged releases the buttons that were held.
+/// the thread only calls it. The first reading after a joystick was plugged in only reports where the axes stand; later
+/// ones are compared with it. A joystick that is unplugged releases the buttons that were held.
 class ORV_API JoystickEngine
 {
 public:
@@ -30,7 +30,8 @@ public:
     {
     public:
         virtual ~Listener() = default;
-        /// `value` is 0 to 65535.
+        /// The joystick was plugged in. Values are 0 to 65535.
+        virtual void axisFound(const JoyAxisElementId&, int /*value*/) {}
         virtual void axisChanged(const JoyAxisElementId& id, int value) = 0;
         /// Called again as a repeat while the button is held.
         virtual void buttonDown(const JoyButtonElementId& id, bool repeat) = 0;
@@ -67,7 +68,8 @@ private:
 
     static Pressed pressedIn(const JoystickReading& reading);
     void run();
-    void compareAxes(int joystick, const JoystickReading& before, const JoystickReading& reading);
+    /// `before` is null for the first reading.
+    void compareAxes(int joystick, const JoystickReading* before, const JoystickReading& reading);
     void compareButtons(int joystick, const Pressed& before, const Pressed& pressed, std::uint32_t now);
 
     Listener& listener;

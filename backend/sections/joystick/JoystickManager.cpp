@@ -7,6 +7,7 @@
 #include "backend/bindings/functions/FunctionFactories.h"
 #include "backend/messages/GuiMessages.h"
 #include "backend/model/PresetSections.h"
+#include "backend/sections/Learning.h"
 #include "backend/xml/Text.h"
 #include "backend/xml/XmlWriter.h"
 
@@ -46,6 +47,11 @@ void moveAnyAxis(JoystickManager& manager, const JoystickElement& element, int v
     manager.setAxis({element.joystick, element.part}, element.mode, value, SOURCE);
 }
 
+void axisFound(JoystickManager& manager, const JoystickElement& element, int value)
+{
+    manager.axisFound({element.joystick, element.part}, value);
+}
+
 template <Source SOURCE>
 void buttonDown(JoystickManager& manager, const JoystickElement& element, bool isRepeat)
 {
@@ -79,6 +85,7 @@ constexpr auto COMMANDS = std::to_array<Command<JoystickManager>>({
                               on<JOYSTICK_BUTTON_UP, &buttonUp<Source::joystick>>(),
                               on<GUI_BUTTON_DOWN, &buttonDown<Source::gui>>(),
                               on<GUI_BUTTON_UP, &buttonUp<Source::gui>>(),
+                              on<AXIS_FOUND, &axisFound>(),
                               on<ENABLE_JOYSTICK, &JoystickManager::enableJoystick>(),
                           }) +
                           presetCommands<JoystickManager, JoystickMessage::Presets>();
@@ -181,7 +188,8 @@ void JoystickManager::replaceRecord(RecordId id, const XmlElement& element)
 
 void JoystickManager::setAxis(const JoyAxisElementId& id, AxisMode mode, int value, Source source)
 {
-    if (source == Source::joystick && isDisabled(id.joystick)) return;
+    if (source == Source::joystick && isDisabled(id.joystick)) return orv.getLearning().setAxis(id, value);
+    if (source == Source::joystick && orv.getLearning().takeAxis(id, value)) return;
     const AxisConfiguration* const axis = getContent().axes.findElement(id);
     if (axis == nullptr) return;
     for (const AxisFunction& function : axis->functions) {
@@ -197,6 +205,7 @@ void JoystickManager::setAxis(const JoyAxisElementId& id, AxisMode mode, int val
 void JoystickManager::pressButton(const JoyButtonElementId& id, ButtonEvent event, Source source)
 {
     if (source == Source::joystick && isDisabled(id.joystick)) return;
+    if (source == Source::joystick && orv.getLearning().takeButton(id, event)) return;
     const JoystickElement which{id.joystick, id.button};
     const auto place = static_cast<std::int32_t>(which.getPacked());
     const std::optional<JoystickButtonConfiguration> own = keptFunctions(id, event);
@@ -211,6 +220,8 @@ void JoystickManager::pressButton(const JoyButtonElementId& id, ButtonEvent even
     if (event == ButtonEvent::down) postToGui(GuiMessage::JOYSTICK_BUTTON_DOWN, which);
     if (event == ButtonEvent::up) postToGui(GuiMessage::JOYSTICK_BUTTON_UP, which);
 }
+
+void JoystickManager::axisFound(const JoyAxisElementId& id, int value) { orv.getLearning().setAxis(id, value); }
 
 /// What the button kept when it went down; nothing if it has the functions of the moment.
 std::optional<JoystickButtonConfiguration> JoystickManager::keptFunctions(const JoyButtonElementId& id,

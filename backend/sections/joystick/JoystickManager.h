@@ -48,6 +48,8 @@ public:
 
     /// Sends the events of an axis.
     void setAxis(const JoyAxisElementId& id, AxisMode mode, int value, Source source);
+    /// Where an axis of a new joystick stands.
+    void axisFound(const JoyAxisElementId& id, int value);
     /// Executes the functions of a button. While held notes are kept, a button that is down keeps its functions until
     /// it is up.
     void pressButton(const JoyButtonElementId& id, ButtonEvent event, Source source);
@@ -71,6 +73,7 @@ private:
     {
     public:
         explicit JoystickEngineListener(JoystickMessageManager& postTo) : messages(postTo) {}
+        void axisFound(const JoyAxisElementId& id, int value) override { messages.postAxisFound(id, value); }
         void axisChanged(const JoyAxisElementId& id, int value) override { messages.postJoystickAxis(id, value); }
         void buttonDown(const JoyButtonElementId& id, bool repeat) override
         {

@@ -1,0 +1,30 @@
+// Events of inputs that the window learns.
+
+#include "backend/core/Orv.h"
+#include "backend/messages/GuiMessages.h"
+
+namespace Backend
+{
+void Orv::learn(const LearnKinds& kinds, std::uint32_t number)
+{
+    assertBackendThread();
+    learning.start(kinds, number);
+    updateRefusal();
+}
+
+void Orv::reportLearned(const Learned& learned)
+{
+    notifyGui(GuiMessage::LEARNED, learned);
+    updateRefusal();
+}
+
+/// The engine plays no event of an input at once that may have to be swallowed here.
+void Orv::updateRefusal() { midiEngine.refuseMidiInputEvents(learning.needsMidiEvents()); }
+
+bool Orv::swallows(const MidiEngine::OrvMidiMessage& event)
+{
+    const bool isSwallowed = learning.takeMidiEvent(MidiInput::MidiEventConfigurationMap::asReceived(event));
+    updateRefusal();
+    return isSwallowed;
+}
+}  // namespace Backend
