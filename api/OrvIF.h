@@ -558,5 +558,10 @@ public:
     /// its release; everything else plays on. See docs/behaviour/learning.md.
     virtual void learn(const LearnKinds& kinds, std::uint32_t number) = 0;
     virtual Learning& getLearning() = 0;
+    /// [backend] While it is on, the last event of each kind that MIDI inputs receive is kept, at most 200. It begins
+    /// with none; the window's close ends it.
+    virtual void watchMidiInputs(bool on) = 0;
+    /// [any] Sends them to the window (GuiMessage::RECEIVED_EVENTS) if one has come since the last call.
+    virtual void sendReceivedEvents() = 0;
 };
 }  // namespace Backend

@@ -235,6 +235,8 @@ void OrvMessageManager::postUndoBank(const std::string& path) { master.post(OrvM
 
 void OrvMessageManager::postRedoBank(const std::string& path) { master.post(OrvMessage::REDO_BANK(path)); }
 
+void OrvMessageManager::postWatchMidiInputs(bool on) { master.post(OrvMessage::WATCH_MIDI_INPUTS(on)); }
+
 // --- settings
 
 void OrvMessageManager::postSetting(Message setting) { master.post(std::move(setting)); }

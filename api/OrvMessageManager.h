@@ -121,6 +121,8 @@ public:
     /// For a window that learns an event, see `OrvIF::learn`; with no kinds it ends. `number` comes back with what was
     /// learned.
     void postLearn(const LearnKinds& kinds, std::uint32_t number);
+    /// See `OrvIF::watchMidiInputs`.
+    void postWatchMidiInputs(bool on);
     /// A change of the programs of a bank, see `OrvIF::editBank`. Of undo and redo, an empty path is the current bank.
     void postEditBank(const BankEdit& edit);
     void postUndoBank(const std::string& path);

@@ -100,7 +100,7 @@ void Orv::startDisplay()
     commands.postSetDisplayNumbers(registrySettings.getDisplayNumbers());
     commands.postSetDisplayMidiInputEvents(registrySettings.getDisplayMidiInputEvents());
     commands.postSetDisplayMidiOutputEvents(registrySettings.getDisplayMidiOutputEvents());
-    midiEngine.setInputLog(registrySettings.getDisplayMidiInputEvents() ? &engineLog : nullptr);
+    updateInputLog();
     display.start();
 }
 
@@ -184,6 +184,7 @@ void Orv::setGuiWindowHandle(const WindowHandle& window)
     if (window) return;
     retroRecord.setFillListener({});
     orvMessageManager.postLearn({}, 0);
+    orvMessageManager.postWatchMidiInputs(false);
 }
 
 void Orv::setDisplayListener(Display::DisplayListener* listener)

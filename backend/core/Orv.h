@@ -344,6 +344,8 @@ public:
     void redoBank(const std::string& path) override;
     void learn(const LearnKinds& kinds, std::uint32_t number) override;
     Learning& getLearning() override { return onBackendThread(learning); }
+    void watchMidiInputs(bool on) override;
+    void sendReceivedEvents() override { display.getMessageManager().postSendReceivedEvents(getGuiWindowHandle()); }
 
     /// The factory for `createOrvGui`; null for no window. Before `start`.
     void setGuiFactory(GuiFactory factory) { guiFactory = factory; }
@@ -424,6 +426,7 @@ private:
     bool swallows(const MidiEngine::OrvMidiMessage& event);
     void reportLearned(const Learned& learned);
     void updateRefusal();
+    void updateInputLog();
     bool keepsNotes() const { return registrySettings.get<Settings::KEEP_NOTES>(); }
     void publishInputs();
     void releaseHeldNotes(int input);
@@ -460,6 +463,7 @@ private:
     RetroRecord::RetroRecordManager retroRecord;
     EngineRecorder engineRecorder{retroRecord};
     EngineLog engineLog{display.getMessageManager()};
+    bool watchesInputs = false;
     Learning learning{{.report = [this](const Learned& learned) { reportLearned(learned); },
                        .playAxis =
                            [this](const Joystick::JoyAxisElementId& id, int value) {

@@ -77,6 +77,7 @@ constexpr auto COMMANDS = std::to_array<Command<OrvIF>>({
     on<UNDO_BANK, &OrvIF::undoBank>(),
     on<REDO_BANK, &OrvIF::redoBank>(),
     on<LEARN, &OrvIF::learn>(),
+    on<WATCH_MIDI_INPUTS, &OrvIF::watchMidiInputs>(),
     answer<SAVE_STATE, &OrvIF::saveState>(),
     answer<GET_HOST_START, &OrvIF::getHostStart>(),
     answer<CREATE_ORV_GUI, &OrvIF::createOrvGui>(),

@@ -1,4 +1,4 @@
-// Events of inputs that the window learns.
+// Events of inputs that the window learns or watches.
 
 #include "backend/core/Orv.h"
 #include "backend/messages/GuiMessages.h"
@@ -26,5 +26,19 @@ bool Orv::swallows(const MidiEngine::OrvMidiMessage& event)
     const bool isSwallowed = learning.takeMidiEvent(MidiInput::MidiEventConfigurationMap::asReceived(event));
     updateRefusal();
     return isSwallowed;
+}
+
+void Orv::watchMidiInputs(bool on)
+{
+    assertBackendThread();
+    watchesInputs = on;
+    display.getMessageManager().postKeepReceivedEvents(on);
+    updateInputLog();
+}
+
+void Orv::updateInputLog()
+{
+    const bool isLogged = watchesInputs || registrySettings.getDisplayMidiInputEvents();
+    midiEngine.setInputLog(isLogged ? &engineLog : nullptr);
 }
 }  // namespace Backend

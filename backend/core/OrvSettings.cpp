@@ -17,7 +17,7 @@ void Orv::setDisplayMidiInputEvents(bool on)
     assertBackendThread();
     changeSetting<Settings::DISPLAY_MIDI_INPUT_EVENTS>(*this, on);
     display.getMessageManager().postSetDisplayMidiInputEvents(on);
-    midiEngine.setInputLog(on ? &engineLog : nullptr);
+    updateInputLog();
 }
 
 void Orv::setDisplayMidiOutputEvents(bool on)

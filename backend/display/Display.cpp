@@ -2,6 +2,7 @@
 
 #include "api/DisplayListener.h"
 #include "backend/display/DisplayLine.h"
+#include "backend/messages/GuiMessages.h"
 
 namespace Backend::Display
 {
@@ -45,8 +46,21 @@ void Display::updateListener()
     if (listener != nullptr && text.hasUnsent()) listener->addText(text.takeUnsent());
 }
 
+void Display::keepReceivedEvents(bool on)
+{
+    receivedEvents.reset();
+    if (on) receivedEvents.emplace();
+}
+
+void Display::sendReceivedEvents(const WindowHandle& window)
+{
+    if (receivedEvents && receivedEvents->takeChanged())
+        notify(window, GuiMessage::RECEIVED_EVENTS, receivedEvents->getEvents());
+}
+
 void Display::addMidiInputEvent(const MidiEngine::OrvMidiMessage& event)
 {
+    if (receivedEvents) receivedEvents->add(event);
     if (!displayMidiInputEvents) return;
     text.append(formatLine(takeNumber() + "> " + nameOf(midiInputPorts, event.getInput()), event.getMidiMessage()));
 }

@@ -1,13 +1,16 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "backend/display/DisplayMessageManager.h"
 #include "backend/display/DisplayText.h"
+#include "backend/display/ReceivedEvents.h"
 #include "backend/model/MidiPort.h"
 #include "backend/values/OrvMidiMessage.h"
 #include "platform/Export.h"
+#include "platform/WindowHandle.h"
 
 namespace Backend::Display
 {
@@ -39,6 +42,8 @@ public:
     void addMidiOutputEvent(const MidiEngine::OrvMidiMessage& event);
     void setListener(DisplayListener* newListener) { listener = newListener; }
     void dropListener(std::unique_ptr<DisplayListener> dropped);
+    void keepReceivedEvents(bool on);
+    void sendReceivedEvents(const WindowHandle& window);
     void setDisplayNumbers(bool on) { displayNumbers = on; }
     void setDisplayMidiInputEvents(bool on) { displayMidiInputEvents = on; }
     void setDisplayMidiOutputEvents(bool on) { displayMidiOutputEvents = on; }
@@ -50,6 +55,7 @@ private:
 
     DisplayListener* listener = nullptr;  // not owned
     DisplayText text;
+    std::optional<ReceivedEvents> receivedEvents;
     int lineNumber = 1;
     bool displayNumbers = false;
     bool displayMidiInputEvents = false;

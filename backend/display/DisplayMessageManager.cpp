@@ -26,6 +26,9 @@ constexpr TypedMessage<MidiEngine::MidiInputPorts> SET_MIDI_INPUT_PORTS{32879, "
 constexpr TypedMessage<MidiEngine::MidiOutputPorts> SET_MIDI_OUTPUT_PORTS{32880, "SetMidiOutputPorts"};
 constexpr TypedMessage<std::unique_ptr<DisplayListener>> DROP_LISTENER{32881, "DropListener"};
 
+constexpr TypedMessage<bool> KEEP_RECEIVED_EVENTS{32882, "KeepReceivedEvents"};
+constexpr TypedMessage<WindowHandle> SEND_RECEIVED_EVENTS{32883, "SendReceivedEvents"};
+
 /// Events of slices that can wait without an allocation.
 constexpr std::size_t ROOM_FOR_EVENTS = 1024;
 
@@ -42,6 +45,8 @@ constexpr auto COMMANDS = std::to_array<Command<Display>>({
     on<SET_MIDI_INPUT_PORTS, &Display::setMidiInputPorts>(),
     on<SET_MIDI_OUTPUT_PORTS, &Display::setMidiOutputPorts>(),
     on<DROP_LISTENER, &Display::dropListener>(),
+    on<KEEP_RECEIVED_EVENTS, &Display::keepReceivedEvents>(),
+    on<SEND_RECEIVED_EVENTS, &Display::sendReceivedEvents>(),
 });
 }  // namespace
 
@@ -85,6 +90,13 @@ void DisplayMessageManager::setListener(DisplayListener* listener) { worker.post
 void DisplayMessageManager::dropListener(std::unique_ptr<DisplayListener> listener)
 {
     worker.post(DROP_LISTENER(std::move(listener)));
+}
+
+void DisplayMessageManager::postKeepReceivedEvents(bool on) { worker.post(KEEP_RECEIVED_EVENTS(on)); }
+
+void DisplayMessageManager::postSendReceivedEvents(const WindowHandle& window)
+{
+    worker.post(SEND_RECEIVED_EVENTS(window));
 }
 
 void DisplayMessageManager::postSetDisplayNumbers(bool on) { worker.post(SET_DISPLAY_NUMBERS(on)); }

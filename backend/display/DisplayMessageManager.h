@@ -6,6 +6,7 @@
 #include "backend/model/MidiPort.h"
 #include "backend/values/OrvMidiMessage.h"
 #include "platform/Export.h"
+#include "platform/WindowHandle.h"
 #include "platform/Worker.h"
 
 namespace Backend::Display
@@ -40,6 +41,10 @@ public:
     /// For a listener that cannot wait for that, such as a closing window: it is deleted after its last call. A
     /// listener that has replaced it stays.
     void dropListener(std::unique_ptr<DisplayListener> listener);
+    /// See `OrvIF::watchMidiInputs`.
+    void postKeepReceivedEvents(bool on);
+    /// Sends GuiMessage::RECEIVED_EVENTS, if there are new ones.
+    void postSendReceivedEvents(const WindowHandle& window);
     void postSetDisplayNumbers(bool on);
     void postSetDisplayMidiInputEvents(bool on);
     void postSetDisplayMidiOutputEvents(bool on);

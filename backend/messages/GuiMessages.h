@@ -76,6 +76,8 @@ inline constexpr TypedMessage<EditDone> EDIT_DONE{33287, "EditDone"};
 /// Whether the current program was edited since it was saved, and how many others were.
 inline constexpr TypedMessage<bool, int> PROGRAM_EDITED{33288, "ProgramEdited"};
 inline constexpr TypedMessage<Learned> LEARNED{33294, "Learned"};
+/// The last event of each kind that inputs have received since they are watched, see `OrvIF::watchMidiInputs`.
+inline constexpr TypedMessage<std::vector<MidiEngine::OrvMidiMessage>> RECEIVED_EVENTS{33295, "ReceivedEvents"};
 inline constexpr TypedMessage<BankEditDone> BANK_EDIT_DONE{33297, "BankEditDone"};
 /// The index in PresetSections::ALL, whether the section was edited since it was loaded from a preset or saved as one,
 /// and its name; empty for none.

@@ -88,6 +88,7 @@ inline constexpr TypedMessage<bool> KEEP_DRAFTS{33290, "KeepDrafts"};
 inline constexpr TypedMessage<> DISCARD_EDITS{33291, "DiscardEdits"};
 /// The kinds, none to end it, and the number by which it is reported.
 inline constexpr TypedMessage<LearnKinds, std::uint32_t> LEARN{33294, "Learn"};
+inline constexpr TypedMessage<bool> WATCH_MIDI_INPUTS{33295, "WatchMidiInputs"};
 inline constexpr TypedMessage<BankEdit> EDIT_BANK{33297, "EditBank"};
 inline constexpr TypedMessage<std::string> UNDO_BANK{33298, "UndoBank"};
 inline constexpr TypedMessage<std::string> REDO_BANK{33299, "RedoBank"};

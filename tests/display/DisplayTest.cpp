@@ -162,3 +162,17 @@ TEST(Display, DeletesADroppedListenerBehindItsLastCall)
     stage.display.dropListener(std::move(second));
     EXPECT_EQ(stage.text(), "+text") << "the one in its place stays";
 }
+
+TEST(ReceivedEvents, KeepAsManyKindsAsFit)
+{
+    ReceivedEvents received;
+    for (int kind = 0; kind < 200; ++kind) received.add(controller(kind % 100, 1).channel(kind / 100).input(0));
+    received.add(controller(0, 9).channel(0).input(0));
+    received.add(controller(0, 9).channel(0).input(1));
+    const auto& events = received.getEvents();
+    ASSERT_EQ(events.size(), ReceivedEvents::MOST);
+    EXPECT_EQ(events[0].getD2(), 9);
+    EXPECT_EQ(events[1].getInput(), 1) << "in the place of the oldest";
+    EXPECT_TRUE(received.takeChanged());
+    EXPECT_FALSE(received.takeChanged());
+}
