@@ -29,6 +29,7 @@ class RegistrySettings;
 struct Bank;
 struct BankEditDone;
 struct EditDone;
+struct Learned;
 struct PresetSection;
 struct Program;
 struct WindowMove;
@@ -43,9 +44,11 @@ namespace Gui
 {
 class EditPoster;
 class GuiMessageManagerMaster;
+class InputWatch;
 enum class KeyTarget;
 struct HostStatus;
 class KeyPresses;
+class Learner;
 class ParentWindow;
 class Skinner;
 
@@ -235,5 +238,11 @@ public:
     /// The preset that a section, by its index in `PresetSections::ALL`, was loaded from or saved as, empty for none,
     /// and whether the section was edited since.
     virtual void handleSectionPreset(std::size_t section, bool isEdited, const std::string& name) = 0;
+    /// What learns events for controls of the window, and what shows those that MIDI inputs receive; only while it is
+    /// open.
+    virtual Learner& getLearner() = 0;
+    virtual void handleLearned(const Backend::Learned& learned) = 0;
+    virtual InputWatch& getInputWatch() = 0;
+    virtual void handleReceivedEvents(const std::vector<Backend::MidiEngine::OrvMidiMessage>& events) = 0;
 };
 }  // namespace Gui

@@ -90,11 +90,22 @@ bool WindowKeyboard::eventFilter(QObject* object, QEvent* event)
 {
     auto* widget = qobject_cast<QWidget*>(object);
     if (widget == nullptr) return false;
+    if (isToBeLearned(*widget, *event)) {
+        event->accept();
+        if (event->type() == QEvent::KeyPress) keyInput.press(*static_cast<QKeyEvent*>(event));
+        return true;
+    }
     if (widget == focusControl && event->type() == QEvent::KeyPress && onWindowKey)
         return onWindowKey(*static_cast<QKeyEvent*>(event));
     if (widget->window() != window.window()) return isWithin(*widget, window) && handleInDialog(*widget, *event);
     handleInWindow(*widget, *event);
     return false;
+}
+
+bool WindowKeyboard::isToBeLearned(const QWidget& widget, const QEvent& event) const
+{
+    const bool isKey = event.type() == QEvent::KeyPress || event.type() == QEvent::ShortcutOverride;
+    return playsEveryKey && isKey && (widget.window() == window.window() || isWithin(widget, window));
 }
 
 /// A click beside a text ends its editing; the keys that play follow the focus.

@@ -32,6 +32,10 @@ public:
     void keyPressed(const QKeyEvent& event);
     void keyReleased(const QKeyEvent& event);
 
+    /// While a key is learned, every one that is pressed in the window or its dialogs is played, whatever has the
+    /// focus.
+    void playEveryKey(bool on) { playsEveryKey = on; }
+
     /// Releases the keys that were typed into the window.
     void releaseTyped();
     /// Releases every key, whatever its source.
@@ -50,6 +54,7 @@ protected:
 
 private:
     void handleInWindow(QWidget& widget, const QEvent& event);
+    bool isToBeLearned(const QWidget& widget, const QEvent& event) const;
     bool handleInDialog(QWidget& widget, QEvent& event);
     void focusMoved(const QWidget* from, const QWidget* to);
     void dialogClosed();
@@ -59,5 +64,6 @@ private:
     KeyPresses keyPresses;
     KeyInput keyInput;
     FocusControl* focusControl;  // a child of the window
+    bool playsEveryKey = false;
 };
 }  // namespace Gui

@@ -372,6 +372,8 @@ KeyPresses& MainWindow::getKeyPresses() { return keyboard->getKeyPresses(); }
 
 void MainWindow::setPlayingFocus() { keyboard->takeFocus(); }
 
+void MainWindow::playEveryKey(bool on) { keyboard->playEveryKey(on); }
+
 /// Keys that the focused control did not use.
 void MainWindow::keyPressEvent(QKeyEvent* event) { keyboard->keyPressed(*event); }
 

@@ -79,6 +79,8 @@ public:
 
     /// Gives the focus back to playing, unless a text is being edited.
     void setPlayingFocus();
+    /// See `WindowKeyboard`.
+    void playEveryKey(bool on);
     /// Whether a dialog of it is open.
     bool hasDialog() const;
 

@@ -30,7 +30,9 @@ OpenWindow::OpenWindow(OrvGuiIF& owner, ParentWindow& parentWindow)
       messages(owner),
       globalKeys(owner),
       window([&owner](Message& message) { owner.getGuiMessageManagerMaster().handleMessage(message); }),
-      edits(owner.getOrvMessageManager())
+      edits(owner.getOrvMessageManager()),
+      learner(owner.getOrvMessageManager()),
+      inputWatch(owner.getOrvIF())
 {
     gui.getGuiMessageManagerMaster().addMessageManager(&messages);
     gui.getGuiMessageManagerMaster().addMessageManager(&globalKeys);
@@ -43,6 +45,7 @@ void OpenWindow::makeMainWindow()
     main = std::make_unique<MainWindow>(gui, parent.getWidget(),
                                         [this](QSize before, QSize now) { sizeChanged(before, now); });
     skinner.skinWindow(*main);
+    learner.onLearnsKeys = [this](bool on) { main->playEveryKey(on); };
 }
 
 void OpenWindow::applyLook()

@@ -6,6 +6,8 @@
 #include "gui/framework/EditPoster.h"
 #include "gui/framework/GdiManager.h"
 #include "gui/framework/GuiWindow.h"
+#include "gui/framework/InputWatch.h"
+#include "gui/framework/Learner.h"
 #include "gui/framework/Skinner.h"
 #include "gui/keyboard/GlobalKeyMessageManager.h"
 #include "gui/window/MainWindow.h"
@@ -60,6 +62,8 @@ struct OpenWindow {
     GlobalKeyMessageManager globalKeys;
     GuiWindow window;
     EditPoster edits;
+    Learner learner;
+    InputWatch inputWatch;
     std::unique_ptr<MainWindow> main;
 
 private:

@@ -120,6 +120,10 @@ void OrvGui::refit()
 
 EditPoster& OrvGui::getEdits() { return open->edits; }
 
+Learner& OrvGui::getLearner() { return open->learner; }
+
+InputWatch& OrvGui::getInputWatch() { return open->inputWatch; }
+
 void OrvGui::setFocus() { open->main->setPlayingFocus(); }
 
 void OrvGui::showProgramMenu() { open->main->getStagePanel().showProgramList(); }

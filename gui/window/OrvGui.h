@@ -124,6 +124,10 @@ public:
     void handleProgramEdited(bool isEdited, int others) override;
     void handleSectionPreset(std::size_t section, bool edited, const std::string& name) override;
     void askBeforeLoss(Loss loss, std::function<void()> goOn) override;
+    Learner& getLearner() override;
+    void handleLearned(const Backend::Learned& learned) override;
+    InputWatch& getInputWatch() override;
+    void handleReceivedEvents(const std::vector<Backend::MidiEngine::OrvMidiMessage>& events) override;
 
 private:
     template <class Value>

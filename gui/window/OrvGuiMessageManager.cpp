@@ -72,6 +72,8 @@ constexpr auto COMMANDS = std::to_array<Command<OrvGuiIF>>({
     on<GuiMessage::SEQUENCE_PRESETS, &OrvGuiIF::handleSequencePresetsChanged>(),
     on<GuiMessage::EDIT_DONE, &OrvGuiIF::handleEditDone>(),
     on<GuiMessage::PROGRAM_EDITED, &OrvGuiIF::handleProgramEdited>(),
+    on<GuiMessage::LEARNED, &OrvGuiIF::handleLearned>(),
+    on<GuiMessage::RECEIVED_EVENTS, &OrvGuiIF::handleReceivedEvents>(),
     on<GuiMessage::BANK_EDIT_DONE, &OrvGuiIF::handleBankEditDone>(),
     on<GuiMessage::SECTION_PRESET, &changeSectionPreset>(),
 });

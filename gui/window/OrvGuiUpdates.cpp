@@ -194,6 +194,13 @@ void OrvGui::handleKeyTarget(KeyTarget target)
     if (open) open->parent.keysPlayChanged(target == KeyTarget::music);
 }
 
+void OrvGui::handleLearned(const Learned& learned) { open->learner.handleLearned(learned); }
+
+void OrvGui::handleReceivedEvents(const std::vector<OrvMidiMessage>& events)
+{
+    open->inputWatch.handleReceivedEvents(events);
+}
+
 void OrvGui::displayMidiOutputEvent(const OrvMidiMessage& event)
 {
     open->main->getStagePanel().displayMidiOutputEvent();

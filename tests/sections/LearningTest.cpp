@@ -1,24 +1,14 @@
-#include "backend/sections/Learning.h"
-
 #include "backend/model/MidiEvent.h"
 #include "tests/sections/JoystickStage.h"
 #include "tests/sections/KeyStage.h"
 
 using namespace Backend;
 using namespace Backend::Joystick;
-using Backend::MidiEngine::OrvMidiMessage;
 
 namespace
 {
-const Key SHIFT{.keyCode = Key::LEFT_SHIFT}, A{.keyCode = 'A'}, SHIFT_A{.keyCode = 'A', .shift = true};
-
 /// With a window. A plays C4 and, with Shift, C5; a button plays D4, and an axis controller 7.
 struct LearnStage : JoystickStage {
-    struct Step {
-        std::function<void()> act;
-        const char* result;  ///< what was played and, after " > ", what was learned
-    };
-
     LearnStage()
     {
         openWindow();
@@ -26,53 +16,39 @@ struct LearnStage : JoystickStage {
                                   "</ComputerInput><Joystick>" + controllerAxis(0, "X", 7) + noteButton(0, 4, "D4") +
                                   "</Joystick><Layers><Layer/></Layers></Program></ProgramFile>");
         section.getEngine().take({JoystickReading{}}, 0);  // plugged in, with its axes at the centre
-        played();
-        received();
+        result();
     }
 
-    void learn(const LearnKinds& kinds)
+    void learn(const LearnKinds& kinds) { commands().postLearn(kinds, ++number); }
+
+    /// "+A" presses, "=A" repeats and "-A" releases a key, or the button "4"; "X7" moves the axis.
+    void act(const std::string& what)
     {
-        commands().postLearn(kinds, ++number);
-        rest();
+        const std::string part = what.substr(1);
+        const Key key = part == "Shift" ? Key{.keyCode = Key::LEFT_SHIFT} : Key::fromXmlString(part);
+        const bool isUp = what[0] == '-', isRepeat = what[0] == '=';
+        if (what == "?keys") return learn({.key = true});
+        if (what == "?joystick") return learn({.joystickButton = true, .joystickAxis = true});
+        if (what[0] == 'X') return axis(0, "X", std::stoi(part));
+        if (part == "4") return isUp ? up(0, 4) : down(0, 4, isRepeat);
+        isUp ? commands().postKeyUp(key) : commands().postKeyDown(key, isRepeat);
     }
 
-    void run(const std::vector<Step>& steps)
+    /// What was played and, after "> ", what was learned.
+    std::string result()
     {
-        for (const Step& step : steps) {
-            step.act();
-            const std::string what = played();
-            const std::string learned = received([&](Message& message) { return describe(message); });
-            EXPECT_EQ(what + (learned.empty() ? "" : " > " + learned), step.result) << "step " << &step - &steps[0];
-        }
-    }
-
-    std::string describe(Message& message) const
-    {
-        const auto* const learned = message.number == GuiMessage::LEARNED ? message.payload.get<Learned>() : nullptr;
-        if (learned == nullptr) return "";
-        EXPECT_EQ(learned->number, number);
-        if (const auto* key = std::get_if<Key>(&learned->input)) return key->toXmlString();
-        if (const auto* id = std::get_if<JoyButtonElementId>(&learned->input)) return std::to_string(id->button);
-        if (const auto* id = std::get_if<JoyAxisElementId>(&learned->input)) return std::string(getAxisName(id->axis));
-        const auto& event = std::get<OrvMidiMessage>(learned->input);
-        return MidiInput::MidiEvent::of(event).toXmlAttributes() + " " + std::to_string(event.getD2());
-    }
-
-    std::function<void()> key(const Key& key, bool isDown, bool isRepeat = false)
-    {
-        return [=, this] { isDown ? commands().postKeyDown(key, isRepeat) : commands().postKeyUp(key); };
-    }
-    std::function<void()> button(bool isDown, bool isRepeat = false)
-    {
-        return [=, this] { isDown ? down(0, 4, isRepeat) : up(0, 4); };
-    }
-    std::function<void()> axisTo(int value)
-    {
-        return [=, this] { axis(0, "X", value); };
-    }
-    std::function<void()> learning(const LearnKinds& kinds)
-    {
-        return [=, this] { learn(kinds); };
+        return played() + received([&](Message& message) -> std::string {
+                   if (message.number != GuiMessage::LEARNED) return "";
+                   const auto& [request, input] = *message.payload.get<Learned>();
+                   EXPECT_EQ(request, number);
+                   if (const auto* key = std::get_if<Key>(&input)) return "> " + key->toXmlString();
+                   if (const auto* id = std::get_if<JoyButtonElementId>(&input))
+                       return "> " + std::to_string(id->button);
+                   if (const auto* id = std::get_if<JoyAxisElementId>(&input))
+                       return "> " + std::string(getAxisName(id->axis));
+                   const auto& event = std::get<MidiEngine::OrvMidiMessage>(input);
+                   return ">" + MidiInput::MidiEvent::of(event).toXmlAttributes() + " " + std::to_string(event.getD2());
+               });
     }
 
     std::uint32_t number = 0;
@@ -82,44 +58,21 @@ struct LearnStage : JoystickStage {
 TEST(Learning, SwallowsThePressThatIsLearnedAndPlaysWhatWasHeld)
 {
     LearnStage stage;
-    const auto ofKeys = stage.learning({.key = true});
-    const auto ofJoysticks = stage.learning({.joystickButton = true, .joystickAxis = true});
-    stage.run({
-        {stage.key(A, true), "C4 on"},
-        {ofKeys, ""},
-        {stage.key(A, false), "C4 off"},
-        {stage.key(SHIFT, true), ""},
-        {stage.key(SHIFT_A, true), " > Shift A"},
-        {stage.key(SHIFT_A, true, true), ""},
-        {stage.key(SHIFT_A, false), ""},
-        {stage.key(SHIFT, false), ""},
-        {stage.key(SHIFT_A, true), "C5 on"},
-        {stage.key(A, false), "C4 off"},
-        {ofKeys, ""},
-        {stage.key(SHIFT, true), ""},
-        {stage.key(SHIFT, false), " > Left Shift"},
-
-        {stage.button(true), "D4 on"},
-        {ofJoysticks, ""},
-        {stage.button(false), "D4 off"},
-        {stage.key(A, true), "C4 on"},  // no key is asked for
-        {stage.button(true), " > 4"},
-        {stage.button(true, true), ""},
-        {stage.button(false), ""},
-        {stage.button(true), "D4 on"},
-
-        {ofJoysticks, ""},
-        {stage.axisTo(32768 + Learning::AXIS_MOVEMENT - 1), ""},
-        {ofKeys, "Controller Change 7 95"},  // another one takes its place: the axis is not left where it was
-        {ofJoysticks, ""},
-        {stage.axisTo(32769), ""},
-        {stage.axisTo(32767), " > X"},
-        {stage.axisTo(0), "Controller Change 7 0"},
-        {ofJoysticks, ""},
-        {[&] { stage.orv->setGuiWindowHandle({}); }, ""},
-        {stage.button(false), "D4 off"},
-        {stage.button(true), "D4 on"},
-    });
+    int step = 0;
+    // clang-format off
+    for (const auto& [what, result] : std::initializer_list<std::pair<const char*, const char*>>{
+             {"+A", "C4 on"}, {"?keys", ""}, {"-A", "C4 off"}, {"+Shift", ""}, {"+Shift A", "> Shift A"},
+             {"=Shift A", ""}, {"-Shift A", ""}, {"-Shift", ""}, {"+Shift A", "C5 on"}, {"-A", "C4 off"},
+             {"?keys", ""}, {"+Shift", ""}, {"-Shift", "> Left Shift"},
+             {"+4", "D4 on"}, {"?joystick", ""}, {"-4", "D4 off"}, {"+A", "C4 on"}, {"+4", "> 4"}, {"=4", ""},
+             {"-4", ""}, {"+4", "D4 on"},
+             // A quarter of the way is learned; where another request takes its place, the axis plays its position
+             {"?joystick", ""}, {"X49151", ""}, {"?keys", "Controller Change 7 95"}, {"?joystick", ""},
+             {"X32768", ""}, {"X32767", "> X"}, {"X0", "Controller Change 7 0"}}) {
+        // clang-format on
+        stage.act(what);
+        EXPECT_EQ(stage.result(), result) << "step " << step++ << ", " << what;
+    }
 }
 
 /// By the way through the backend, and by that of a host that plays live.
@@ -127,30 +80,27 @@ TEST(Learning, OfMidiIsTheSameOnBothWays)
 {
     for (const bool isLive : {false, true}) {
         LearnStage stage;
-        const auto arrives = [&](const OrvMidiMessage& event) {
-            return [&stage, event, isLive] {
-                if (!isLive || !stage.orv->playMidiInputEvent(event)) stage.commands().postProcessMidiInputEvent(event);
-            };
+        const auto expect = [&](const TestEvent& event, const std::string& result) {
+            if (!isLive || !stage.orv->playMidiInputEvent(event)) stage.commands().postProcessMidiInputEvent(event);
+            EXPECT_EQ(stage.result(), result) << isLive;
         };
-        const TestEvent tick = event(MessageType::timingTick), sensing = event(MessageType::activeSensing);
-        const auto ofMidi = stage.learning({.midiEvent = true});
-        stage.run({
-            {arrives(noteOn(60).channel(3).input(1)), "C4 on"},
-            {arrives(controller(64, 127).input(1)), "Controller Change 64 127"},
-            {ofMidi, ""},
-            {arrives(noteOn(60, 0).channel(3).input(1)), "C4 off"},
-            {arrives(controller(64, 0).input(1)), "Controller Change 64 0"},
-            {arrives(tick.input(1)), "Timing Tick 0 0"},
-            {arrives(sensing.input(1)), "Active Sensing 0 0"},
-            {arrives(noteOn(62, 80).channel(3).input(1)), R"( >  input="1" channel="3" midiEvent="Note On,62" 80)"},
-            {arrives(noteOn(64).channel(3).input(1)), "E4 on"},
-            {arrives(noteOff(62).channel(2).input(1)), "D4 off"},
-            {arrives(noteOff(62).channel(3).input(1)), ""},
-            {arrives(noteOff(62).channel(3).input(1)), "D4 off"},
-            {ofMidi, ""},
-            {arrives(controller(64, 1).input(2)), R"( >  input="2" channel="0" midiEvent="Controller Change,64" 1)"},
-            {[&] { stage.commands().postEnableMidiInput(2, false); }, ""},
-        });
-        EXPECT_TRUE(stage.orv->playMidiInputEvent(noteOn(65).input(1))) << "nothing is waited for any more";
+        const auto c = noteOn(60).channel(3).input(1), d = noteOn(62, 80).channel(3).input(1);
+        expect(c, "C4 on");
+        expect(controller(64, 127).input(1), "Controller Change 64 127");
+        stage.learn({.midiEvent = true});
+        stage.rest();
+        expect(noteOn(60, 0).channel(3).input(1), "C4 off");
+        expect(controller(64, 0).input(1), "Controller Change 64 0");
+        expect(event(MessageType::timingTick).input(1), "Timing Tick 0 0");
+        expect(event(MessageType::activeSensing).input(1), "Active Sensing 0 0");
+        expect(d, R"(> input="1" channel="3" midiEvent="Note On,62" 80)");
+        expect(c, "C4 on");
+        for (const std::string off : {"", "D4 off"}) expect(noteOff(62).channel(3).input(1), off);
+        stage.learn({.midiEvent = true});
+        stage.rest();
+        expect(controller(64, 1).input(2), R"(> input="2" channel="0" midiEvent="Controller Change,64" 1)");
+        stage.commands().postEnableMidiInput(2, false);
+        stage.played();
+        EXPECT_TRUE(stage.orv->playMidiInputEvent(d)) << "no release is waited for";
     }
 }
