@@ -45,7 +45,9 @@ void Skinner::drawPrimitive(PrimitiveElement element, const QStyleOption* option
     switch (element) {
         case PE_PanelLineEdit:
             painter->fillRect(option->rect, option->palette.base());
-            return Look::drawFrame(*painter, gdi, option->rect, isEnabled(*option));
+            Look::drawFrame(*painter, gdi, option->rect, isEnabled(*option));
+            if (option->state.testFlag(State_HasFocus)) Look::drawFocus(*painter, gdi, option->rect);
+            return;
         case PE_PanelTipLabel:
             painter->fillRect(option->rect, gdi.getColour(Role::background));
             return Look::drawFrame(*painter, gdi, option->rect, true);
@@ -197,6 +199,7 @@ void Skinner::drawSlider(QPainter& painter, const QStyleOptionComplex& option) c
     // Positions count from the top and from the left.
     if (slider->upsideDown != (slider->orientation == Qt::Vertical)) fraction = 1 - fraction;
     Look::drawFader(painter, gdi, option.rect, {slider->orientation, fraction, gdi.px(KNOB), isEnabled(option)});
+    if (option.state.testFlag(State_HasFocus)) Look::drawFocus(painter, gdi, option.rect);
 }
 
 void Skinner::drawScrollBar(QPainter& painter, const QStyleOptionComplex& option, const QWidget* widget) const
