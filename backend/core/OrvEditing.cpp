@@ -12,6 +12,17 @@ namespace Backend
 using RecordEditing::Snapshot;
 using RecordEditing::takeSnapshot;
 
+namespace
+{
+std::vector<EditDone::Record> addedAndRemoved(const RecordChanges& changes)
+{
+    std::vector<EditDone::Record> records;
+    for (const RecordChange& change : changes)
+        if (change.kind != RecordEdit::Kind::change) records.push_back({change.section, change.kind, change.id});
+    return records;
+}
+}  // namespace
+
 Records* Orv::findRecords(std::string_view section)
 {
     if (section == ProgramValues::SECTION) return &programValues;
@@ -25,10 +36,11 @@ void Orv::edit(const Edit& edit)
     EditStep step{.name = edit.name, .gesture = edit.gesture};
     Preset preset = Preset::none;
     if (edit.program == program.number) step.changes = execute(edit, preset);
-    const bool isChanged = !step.changes.empty();
-    if (isChanged) history.add(std::move(step));
+    EditDone done{.gesture = edit.gesture, .name = step.changes.empty() ? "" : edit.name};
+    done.records = addedAndRemoved(step.changes);
+    if (!step.changes.empty()) history.add(std::move(step));
     if (preset == Preset::loaded) history.setPreset(edit.section, edit.preset);
-    acknowledge({.kind = EditDone::Kind::edited, .gesture = edit.gesture, .name = isChanged ? edit.name : ""});
+    acknowledge(done);
 }
 
 /// Input sections determine which zones exist, so every edit may change those too; no edit adds or removes one
@@ -68,21 +80,21 @@ void Orv::undo(std::uint32_t gesture)
 {
     assertBackendThread();
     const EditStep* const step = history.undo();
-    if (step != nullptr) {
-        RecordChanges changes;
+    RecordChanges changes;
+    if (step != nullptr)
         for (auto change = step->changes.rbegin(); change != step->changes.rend(); ++change)
             changes.push_back(change->reversed());
-        apply(changes);
-    }
-    acknowledge({EditDone::Kind::undone, gesture, step != nullptr ? step->name : ""});
+    apply(changes);
+    acknowledge({EditDone::Kind::undone, gesture, step != nullptr ? step->name : "", addedAndRemoved(changes)});
 }
 
 void Orv::redo(std::uint32_t gesture)
 {
     assertBackendThread();
     const EditStep* const step = history.redo();
-    if (step != nullptr) apply(step->changes);
-    acknowledge({EditDone::Kind::redone, gesture, step != nullptr ? step->name : ""});
+    const RecordChanges changes = step != nullptr ? step->changes : RecordChanges{};
+    apply(changes);
+    acknowledge({EditDone::Kind::redone, gesture, step != nullptr ? step->name : "", addedAndRemoved(changes)});
 }
 
 /// Zones last, because publishing an input section determines them anew.

@@ -55,10 +55,19 @@ struct Edit {
 /// The acknowledgement of an edit, and of undo and redo.
 struct EditDone {
     enum class Kind { edited, undone, redone };
+    /// A record that was added or removed.
+    struct Record {
+        std::string section;
+        RecordEdit::Kind kind = RecordEdit::Kind::add;
+        RecordId id = 0;
+
+        bool operator==(const Record&) const = default;
+    };
 
     Kind kind = Kind::edited;
     std::uint32_t gesture = 0;
-    std::string name{};  ///< of the edit; empty if nothing was changed
+    std::string name{};             ///< of the edit; empty if nothing was changed
+    std::vector<Record> records{};  ///< in the order of execution
 
     bool operator==(const EditDone&) const = default;
 };

@@ -49,11 +49,50 @@ void EditPoster::undo() { add({.kind = Kind::undone}); }
 
 void EditPoster::redo() { add({.kind = Kind::redone}); }
 
-void EditPoster::acknowledge()
+std::uint32_t EditPoster::gestureOf(const std::string& value)
+{
+    constexpr int ONE_GESTURE = 1000;  // milliseconds
+    const bool goesOn = value == lastValue && valueGesture == lastGesture && sinceLastValue.elapsed() <= ONE_GESTURE;
+    if (!goesOn) valueGesture = beginGesture();
+    lastValue = value;
+    sinceLastValue.start();
+    return valueGesture;
+}
+
+void EditPoster::acknowledge(const EditDone& done)
 {
     if (waiting.empty()) return;
     waiting.pop_front();
     if (!waiting.empty()) send(waiting.front());
+    isExecuting = true;
+    for (const Observer& observer : observers)
+        if (observer.owner != nullptr) observer.call(done);
+    isExecuting = false;
+    executeTasks();
+}
+
+void EditPoster::observe(const QObject& owner, std::function<void(const EditDone& done)> observer)
+{
+    std::erase_if(observers, [](const Observer& known) { return known.owner == nullptr; });
+    observers.push_back({&owner, std::move(observer)});
+}
+
+void EditPoster::whenIdle(const QObject& owner, std::function<void()> task)
+{
+    tasks.push_back({&owner, std::move(task)});
+    executeTasks();
+}
+
+void EditPoster::executeTasks()
+{
+    if (isExecuting) return;
+    isExecuting = true;
+    while (isIdle() && !tasks.empty()) {
+        const Task task = std::move(tasks.front());
+        tasks.pop_front();
+        if (task.owner != nullptr) task.execute();
+    }
+    isExecuting = false;
 }
 
 void EditPoster::add(Request request)

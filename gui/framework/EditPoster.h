@@ -1,8 +1,12 @@
 #pragma once
 
+#include <QElapsedTimer>
+#include <QPointer>
 #include <cstdint>
 #include <deque>
+#include <functional>
 #include <string>
+#include <vector>
 
 #include "backend/model/Edit.h"
 
@@ -23,6 +27,9 @@ public:
 
     /// A number for the edits of a drag, or of the typing of a value.
     std::uint32_t beginGesture() { return ++lastGesture; }
+    /// The number for an edit of the wheel: those of the same value that follow each other within a second are one
+    /// gesture, unless another one begins between them.
+    std::uint32_t gestureOf(const std::string& value);
 
     /// The program that the window shows, to which the edits belong.
     void setProgram(int number) { program = number; }
@@ -36,10 +43,15 @@ public:
     void redo();
 
     /// To be called for each `GuiMessage::EDIT_DONE`.
-    void acknowledge();
+    void acknowledge(const Backend::EditDone& done);
+    /// Calls `observer` with each acknowledgement, before `whenIdle` goes on, as long as `owner` exists.
+    void observe(const QObject& owner, std::function<void(const Backend::EditDone& done)> observer);
 
     /// Whether everything was acknowledged: until then the backend reports values that will be replaced.
     bool isIdle() const { return waiting.empty(); }
+    /// Calls `task` when everything was acknowledged, after the earlier tasks, unless `owner` is gone by then; a task
+    /// that posts makes the later ones wait.
+    void whenIdle(const QObject& owner, std::function<void()> task);
 
 private:
     /// An edit, or undo or redo, which have no records and no preset.
@@ -51,10 +63,26 @@ private:
     void add(Request request);
     bool joinLast(Backend::Edit& edit);
     void send(const Request& request);
+    void executeTasks();
 
     Backend::OrvMessageManager& commands;
     std::deque<Request> waiting;  // the first one was posted
+    struct Observer {
+        QPointer<const QObject> owner;
+        std::function<void(const Backend::EditDone&)> call;
+    };
+    struct Task {
+        QPointer<const QObject> owner;
+        std::function<void()> execute;
+    };
+    std::vector<Observer> observers;
+    std::deque<Task> tasks;
+    bool isExecuting = false;
+
     std::uint32_t lastGesture = 0;
+    std::uint32_t valueGesture = 0;
+    std::string lastValue;
+    QElapsedTimer sinceLastValue;
     int program = 0;
 };
 }  // namespace Gui

@@ -149,7 +149,7 @@ void OrvGui::handleProgramMissing(const Program& program)
 
 void OrvGui::handleEditDone(const EditDone& done)
 {
-    open->edits.acknowledge();
+    open->edits.acknowledge(done);
     open->main->getStagePanel().handleEditDone(done);
 }
 

@@ -14,7 +14,7 @@ TEST(EditPoster, ADragPostsOneEditAtATimeAndLosesNothing)
         stage.received([&](Message& message) {
             if (message.number == GuiMessage::EDIT_DONE) {
                 ++acknowledged;
-                poster.acknowledge();
+                GuiMessage::EDIT_DONE.deliver(message, [&](const EditDone& done) { poster.acknowledge(done); });
             }
             return std::string();
         });

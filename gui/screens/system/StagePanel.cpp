@@ -190,17 +190,12 @@ void StagePanel::editProgram(const char* field, const std::string& value, const 
     gui.getEdits().change("Program", 0, {field, value}, name.toStdString(), gesture);
 }
 
-/// Changes that follow each other within a second, as of the wheel, are one gesture.
 void StagePanel::changeTempo(const RelativeFixedValue& change)
 {
-    constexpr int ONE_GESTURE = 1000;  // milliseconds
     const auto value = change.appliedTo(wantedTempo.value_or(gui.getCurrentProgram().tempo));
     if (value < Program::LOWEST_TEMPO || value > Program::HIGHEST_TEMPO) return;
-    if (!sinceTempoEdit.isValid() || sinceTempoEdit.elapsed() > ONE_GESTURE)
-        tempoGesture = gui.getEdits().beginGesture();
-    sinceTempoEdit.start();
     wantedTempo = static_cast<int>(value);
-    editProgram("tempo", std::to_string(*wantedTempo), tr("tempo"), tempoGesture);
+    editProgram("tempo", std::to_string(*wantedTempo), tr("tempo"), gui.getEdits().gestureOf("tempo"));
     showTempo();
 }
 

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QElapsedTimer>
 #include <QString>
 #include <cstdint>
 #include <optional>
@@ -106,7 +105,5 @@ private:
     bool isEdited = false;           // the program
     bool isBankEdited = false;       // any of its programs
     std::optional<int> wantedTempo;  // while its edit is not acknowledged
-    QElapsedTimer sinceTempoEdit;
-    std::uint32_t tempoGesture = 0;
 };
 }  // namespace Gui::System
