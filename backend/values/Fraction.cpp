@@ -8,7 +8,10 @@ namespace
 {
 constexpr std::size_t LONGEST_TEXT = 220;
 
-std::int32_t parsePart(std::string_view text) { return std::clamp(Text::parseInteger(text).value_or(1), 1, 99); }
+std::int32_t parsePart(std::string_view text)
+{
+    return std::clamp(Text::parseInteger(text).value_or(1), 1, Fraction::HIGHEST);
+}
 
 /// The position of the first separator, of the first kind that the text contains; `npos` for none.
 std::size_t findSeparator(std::string_view text)

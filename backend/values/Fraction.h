@@ -4,8 +4,10 @@
 #include <string>
 #include <string_view>
 
-/// A ratio of two numbers from 1 to 99.
+/// A ratio of two numbers from 1 to `HIGHEST`.
 struct Fraction {
+    static constexpr std::int32_t HIGHEST = 99;
+
     std::int32_t numerator = 1;
     std::int32_t denominator = 1;
 

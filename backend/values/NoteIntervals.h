@@ -6,6 +6,8 @@
 // The note lengths that have a name, from "1/64 Triplet" (index 1) to "16 Whole" (index 22). Lengths are in pulses, 480
 // to the quarter note.
 
+inline constexpr std::int32_t NOTE_INTERVALS = 22;
+
 /// "1/8 Dotted" for 360; the plain number for a length without a name.
 std::string noteIntervalName(std::int32_t ppq);
 

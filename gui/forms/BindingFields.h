@@ -21,6 +21,7 @@ namespace Gui::Forms
 struct FieldLists {
     QStringList outputs{};                                     ///< by number; empty for one that is missing
     std::function<QStringList(const char* folder)> presets{};  ///< of a section, see `PresetSections`
+    QStringList sequences{};                                   ///< the presets of arpeggios' sequences
 };
 
 /// The settings of a function, or of a translation, in the order in which a form shows them; none for one without

@@ -5,6 +5,7 @@
 
 #include "backend/values/ControllerNames.h"
 #include "backend/values/Note.h"
+#include "backend/values/NoteIntervals.h"
 #include "backend/values/ProgramNames.h"
 
 namespace Gui::Forms
@@ -18,6 +19,8 @@ using Kind = MidiTranslationValue::Kind;
 
 constexpr int HIGHEST_DATA = 127;
 constexpr int CHANNELS = 16;
+constexpr int OCTAVE = 12;
+constexpr int WIDE_STEP = 10;
 constexpr int HIGHEST_CELL = 16;
 constexpr int HIGHEST_ITEM = 16'384;    // of a bank
 constexpr int HIGHEST_CHANGE = 32'767;  // of a position on the desktop, the largest of all
@@ -110,9 +113,9 @@ void FieldMaker::addList(const QString& name, Choices choices, Access<int> value
     };
 }
 
-void FieldMaker::addText(const QString& name, const QStringList& choices, Access<std::string> value)
+void FieldMaker::addText(const QString& name, const QStringList& choices, Access<std::string> value, IsUsed isUsed)
 {
-    fields.push_back({.name = name, .edit = Edit::text});
+    fields.push_back({.name = name, .edit = Edit::text, .isUsed = std::move(isUsed)});
     for (const QString& choice : choices) fields.back().choices.push_back({choice});
     fields.back().get = [value] { return QString::fromStdString(value.get()); };
     fields.back().set = [value](const QString& text) { value.set(text.toStdString()); };
@@ -125,6 +128,8 @@ void FieldMaker::addNumber(const QString& name, Limits limits, Access<int> value
                       .edit = limits.isNote ? Edit::note : Edit::number,
                       .lowest = limits.lowest,
                       .highest = limits.highest,
+                      .limits = limits.follow,
+                      .wideStep = limits.isNote ? OCTAVE : WIDE_STEP,
                       .mayBeBlank = limits.none.has_value(),
                       .isUsed = std::move(isUsed)});
     fields.back().get = [limits, value] {
@@ -138,15 +143,60 @@ void FieldMaker::addNumber(const QString& name, Limits limits, Access<int> value
     };
 }
 
-void FieldMaker::addChange(const QString& name, int lowest, int highest, Access<RelativeFixedValue> value,
-                           IsUsed isUsed)
+void FieldMaker::addChange(const QString& name, FormField::Range limits, Access<RelativeFixedValue> value,
+                           IsUsed isUsed, int wideStep)
 {
-    fields.push_back(
-        {.name = name, .edit = Edit::change, .lowest = lowest, .highest = highest, .isUsed = std::move(isUsed)});
+    fields.push_back({.name = name,
+                      .edit = Edit::change,
+                      .lowest = limits.lowest,
+                      .highest = limits.highest,
+                      .wideStep = wideStep,
+                      .isUsed = std::move(isUsed)});
     fields.back().get = [value] { return QString::fromStdString(value.get().toXmlString()); };
     fields.back().set = [value](const QString& text) {
         value.set(RelativeFixedValue::fromXmlString(text.toStdString()));
     };
+}
+
+void FieldMaker::addSwitch(const QString& name, Access<bool> value)
+{
+    addList(name, {{QObject::tr("On"), 1}, {QObject::tr("Off"), 0}},
+            {[value] { return value.get() ? 1 : 0; }, [value](int on) { value.set(on != 0); }});
+}
+
+void FieldMaker::addRange(const QString& lowName, const QString& highName, const Limits& limits, const Access<int>& low,
+                          const Access<int>& high)
+{
+    Limits ofLow = limits;
+    Limits ofHigh = limits;
+    ofLow.follow = [limits, high] { return FormField::Range{limits.lowest, high.get()}; };
+    ofHigh.follow = [limits, low] { return FormField::Range{low.get(), limits.highest}; };
+    addNumber(lowName, std::move(ofLow), low);
+    addNumber(highName, std::move(ofHigh), high);
+}
+
+void FieldMaker::addFraction(const QString& name, Access<Fraction> value)
+{
+    fields.push_back({.name = name, .edit = Edit::fraction});
+    fields.back().get = [value] { return QString::fromStdString(value.get().toDisplayString()); };
+    fields.back().set = [value](const QString& text) { value.set(Fraction::fromXmlString(text.toStdString())); };
+}
+
+void FieldMaker::addLength(const QString& name, FormField::Range pulses, Access<int> value, IsUsed isUsed)
+{
+    FormField field{.name = name, .edit = Edit::length, .lowest = pulses.lowest, .highest = pulses.highest};
+    for (int index = 1; index <= NOTE_INTERVALS; ++index) {
+        const int length = noteIntervalFromIndex(index);
+        if (length >= pulses.lowest && length <= pulses.highest)
+            field.choices.push_back({QString::fromStdString(noteIntervalName(length)), length});
+    }
+    field.get = [value] { return QString::fromStdString(noteIntervalName(value.get())); };
+    field.set = [value, choices = field.choices](const QString& text) {
+        const auto choice = std::ranges::find(choices, text, &FormField::Choice::text);
+        value.set(choice != choices.end() ? choice->value : text.toInt());
+    };
+    field.isUsed = std::move(isUsed);
+    fields.push_back(std::move(field));
 }
 
 // --- the lists that screens share
@@ -173,14 +223,18 @@ void FieldMaker::addChannel(bool isTranslation, Access<int> value)
     addList(QObject::tr("Channel"), std::move(choices), std::move(value));
 }
 
+FieldMaker::Choices FieldMaker::getDataMenu() { return named(MidiEngine::getControllerName); }
+
+FieldMaker::Choices FieldMaker::getGmProgramMenu() { return named(MidiEngine::getProgramName); }
+
 void FieldMaker::addController(const QString& name, Access<int> value)
 {
-    addList(name, named(MidiEngine::getControllerName), std::move(value));
+    addList(name, getDataMenu(), std::move(value));
 }
 
 void FieldMaker::addProgram(const QString& name, Access<int> value)
 {
-    addList(name, named(MidiEngine::getProgramName), std::move(value));
+    addList(name, getGmProgramMenu(), std::move(value));
 }
 
 // --- values of functions and translations
@@ -209,7 +263,7 @@ void FieldMaker::addValue(const QString& name, Access<NoteToggle> value)
 
 void FieldMaker::addValue(const QString& name, Access<RelativeFixedValue> value)
 {
-    addChange(name, 0, HIGHEST_CHANGE, std::move(value));
+    addChange(name, {0, HIGHEST_CHANGE}, std::move(value));
 }
 
 void FieldMaker::addValue(const QString& name, Access<MidiTranslationValue> value)
@@ -217,7 +271,7 @@ void FieldMaker::addValue(const QString& name, Access<MidiTranslationValue> valu
     Choices kinds = eventKinds();
     kinds.push_back({QObject::tr("Specific"), static_cast<int>(Kind::specific)});
     addList(name, std::move(kinds), kindOf(value));
-    addChange(QObject::tr("%1: specific").arg(name), 0, HIGHEST_CHANGE, fixedOf(value),
+    addChange(QObject::tr("%1: specific").arg(name), {0, HIGHEST_CHANGE}, fixedOf(value),
               isKind(value, {Kind::specific}));
     addChangeOfData(QObject::tr("%1: changed by").arg(name), value);
 }

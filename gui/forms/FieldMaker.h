@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "backend/values/Fraction.h"
 #include "backend/values/MidiTranslationValue.h"
 #include "backend/values/NoteToggle.h"
 #include "backend/values/OnOffToggle.h"
@@ -34,7 +35,7 @@ public:
     std::vector<FormField> take() { return std::move(fields); }
 
     void addList(const QString& name, Choices choices, Access<int> value, IsUsed isUsed = {});
-    void addText(const QString& name, const QStringList& choices, Access<std::string> value);
+    void addText(const QString& name, const QStringList& choices, Access<std::string> value, IsUsed isUsed = {});
     /// Shown as the number + `offset`; with `none` also blank, which is stored as that number.
     struct Limits {
         int lowest = 0;
@@ -42,14 +43,28 @@ public:
         int offset = 0;
         std::optional<int> none{};
         bool isNote = false;
+        std::function<FormField::Range()> follow{};  ///< limits that follow another value
     };
     void addNumber(const QString& name, Limits limits, Access<int> value, IsUsed isUsed = {});
-    void addChange(const QString& name, int lowest, int highest, Access<RelativeFixedValue> value, IsUsed isUsed = {});
+    void addChange(const QString& name, FormField::Range limits, Access<RelativeFixedValue> value, IsUsed isUsed = {},
+                   int wideStep = 10);
+
+    void addSwitch(const QString& name, Access<bool> value);
+    /// Two fields, of which the first is never above the second. The limits are those of the whole range.
+    void addRange(const QString& lowName, const QString& highName, const Limits& limits, const Access<int>& low,
+                  const Access<int>& high);
+    void addFraction(const QString& name, Access<Fraction> value);
+    /// In pulses, by the names of note lengths.
+    void addLength(const QString& name, FormField::Range pulses, Access<int> value, IsUsed isUsed = {});
 
     void addOutput(const QString& name, Access<int> value, IsUsed isUsed = {});
     void addZone(Access<int> value);
     /// `isTranslation` offers "Unchanged" as well.
     void addChannel(bool isTranslation, Access<int> value);
+    /// The data bytes with the names of their controllers: "7 Volume".
+    static Choices getDataMenu();
+    /// The programs of General MIDI: "0 Acoustic Grand".
+    static Choices getGmProgramMenu();
     void addController(const QString& name, Access<int> value);
     void addProgram(const QString& name, Access<int> value);
 

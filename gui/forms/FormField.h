@@ -10,15 +10,21 @@ namespace Gui::Forms
 /// record outlives its fields. The GUI thread.
 struct FormField {
     enum class Edit {
-        list,    ///< one of `choices`
-        text,    ///< any text, or one of `choices`
-        number,  ///< from `lowest` to `highest`
-        change,  ///< "60" replaces, "+5" and "-5" add, blank changes nothing
-        note     ///< "C4" or 60
+        list,     ///< one of `choices`
+        text,     ///< any text, or one of `choices`
+        number,   ///< from `lowest` to `highest`
+        change,   ///< "60" replaces, "+5" and "-5" add, blank changes nothing
+        note,     ///< "C4" or 60
+        length,   ///< a note length, "1/8 Dotted", or pulses
+        fraction  ///< "3/4"
     };
     struct Choice {
         QString text;
         int value = 0;
+    };
+    struct Range {
+        int lowest = 0;
+        int highest = 127;
     };
 
     QString name;
@@ -26,7 +32,9 @@ struct FormField {
     std::vector<Choice> choices{};
     int lowest = 0;
     int highest = 127;
-    bool mayBeBlank = false;  ///< a number or note: none
+    std::function<Range()> limits{};  ///< in place of the two, where they follow other fields
+    int wideStep = 10;                ///< of the wheel, a drag or an arrow key with Shift
+    bool mayBeBlank = false;          ///< a number or note: none
 
     /// The value as text; of a list the text of the choice, or of a number that has none ("9 (missing)").
     std::function<QString()> get{};
@@ -34,6 +42,8 @@ struct FormField {
     std::function<void(const QString& text)> set{};
     /// Whether the value is used with the present values of the others; null for always.
     std::function<bool()> isUsed{};
+
+    Range getRange() const { return limits ? limits() : Range{lowest, highest}; }
 };
 
 /// What is made of a text that was typed.
@@ -43,4 +53,8 @@ struct Taken {
 };
 
 Taken taken(const FormField& field, const QString& typed);
+
+/// What so many steps of the wheel, of a drag or of an arrow key make of a value; of a list, a text or a fraction the
+/// same value.
+Taken stepped(const FormField& field, const QString& value, int steps);
 }  // namespace Gui::Forms

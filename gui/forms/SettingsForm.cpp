@@ -1,12 +1,17 @@
 #include "gui/forms/SettingsForm.h"
 
 #include <QGridLayout>
+#include <QKeyEvent>
 #include <QLabel>
+#include <QMouseEvent>
 #include <QSignalBlocker>
+#include <QWheelEvent>
 #include <algorithm>
+#include <utility>
 
 #include "gui/framework/ComboBox.h"
 #include "gui/framework/EditBox.h"
+#include "gui/framework/MouseCapture.h"
 #include "gui/framework/Properties.h"
 
 namespace Gui::Forms
@@ -17,11 +22,58 @@ using Edit = FormField::Edit;
 
 constexpr int CONTROL_WIDTH = 180;  // logical pixels
 
+bool isNumber(const FormField& field)
+{
+    return field.edit == Edit::number || field.edit == Edit::change || field.edit == Edit::note ||
+           field.edit == Edit::length;
+}
+
 ComboBox::Typing typingOf(const FormField& field)
 {
     return field.edit == Edit::list ? ComboBox::Typing::readOnly : ComboBox::Typing::editable;
 }
 }  // namespace
+
+/// The name of a field. A drag of that of a number changes it, upwards or to the right by a step for each few pixels.
+class SettingsForm::FieldName final : public QLabel
+{
+public:
+    FieldName(SettingsForm& itsForm, std::size_t itsRow, const FormField& field)
+        : QLabel(field.name), form(itsForm), row(itsRow), capture(itsForm.context, *this), canBeDragged(isNumber(field))
+    {
+        if (canBeDragged) setCursor(Qt::SizeVerCursor);
+    }
+
+protected:
+    void mousePressEvent(QMouseEvent* event) override
+    {
+        if (!canBeDragged || event->button() != Qt::LeftButton || !form.rows[row].edit->isEnabled())
+            return QLabel::mousePressEvent(event);
+        capture.begin(event->globalPosition(), 0, MouseCapture::Pointer::plain);
+        form.dragged.emplace();
+        for (const auto& record : form.records) form.dragged->push_back(record[row].get());
+    }
+    void mouseMoveEvent(QMouseEvent* event) override
+    {
+        if (capture.isCaptured())
+            form.drag(row, capture.takeSteps(event->globalPosition()), event->modifiers().testFlag(Qt::ShiftModifier));
+    }
+    void mouseReleaseEvent(QMouseEvent*) override { end(); }
+    void hideEvent(QHideEvent*) override { end(); }
+
+private:
+    void end()
+    {
+        if (!capture.isCaptured()) return;
+        capture.end();
+        form.dragged.reset();
+    }
+
+    SettingsForm& form;
+    const std::size_t row;
+    MouseCapture capture;
+    const bool canBeDragged;
+};
 
 SettingsForm::SettingsForm(GuiContext& owner, QWidget* parent)
     : QWidget(parent), context(owner), grid(new QGridLayout(this))
@@ -39,6 +91,7 @@ void SettingsForm::setRecords(std::vector<std::vector<FormField>> fieldsOfRecord
             part->deleteLater();  // it may have called
         }
     rows.clear();
+    dragged.reset();
     records = std::move(fieldsOfRecords);
     if (records.empty()) return;
     for (const FormField& field : records.front()) addRow(field);
@@ -49,11 +102,9 @@ void SettingsForm::addRow(const FormField& field)
 {
     const std::size_t index = rows.size();
     const int line = static_cast<int>(index);
-    Row row{.label = new QLabel(field.name), .edit = nullptr, .list = nullptr, .remark = new QLabel};
+    Row row{.label = new FieldName(*this, index, field), .edit = nullptr, .list = nullptr, .remark = new QLabel};
     if (field.choices.empty()) {
         row.edit = new EditBox;
-        row.edit->setProperty(Property::MIN, field.lowest);
-        row.edit->setProperty(Property::MAX, field.highest);
         Property::set(*row.edit, Property::SHOW_NOTE_STRING, field.edit == Edit::note);
         Property::set(*row.edit, Property::NOWHEEL, field.edit == Edit::text);
     } else {
@@ -68,6 +119,7 @@ void SettingsForm::addRow(const FormField& field)
     row.edit->setAccessibleName(field.name);
     Property::set(*row.edit, Property::TEXT, true);
     row.label->setBuddy(row.edit);
+    if (isNumber(field)) row.edit->installEventFilter(this);
     Property::setColour(*row.remark, GdiManager::Role::frame);
     // The wheel and the menu report a text at once; a text that is typed is complete when it is left.
     connect(row.edit, &QLineEdit::textEdited, this, [this, index, edit = row.edit](const QString& text) {
@@ -108,18 +160,77 @@ void SettingsForm::showRow(std::size_t index)
         if (!isChoice && !differ) row.edit->setText(text);  // one that is missing
     }
     row.edit->setEnabled(used);
+    row.edit->setProperty(Property::MIN, field.getRange().lowest);
+    row.edit->setProperty(Property::MAX, field.getRange().highest);
     Property::set(*row.label, Property::DISABLED, !used);
 }
 
 void SettingsForm::change(std::size_t index, const QString& typed)
 {
     const Taken result = taken(records.front()[index], typed);
-    rows[index].remark->setText(result.remark);
-    rows[index].edit->setAccessibleDescription(result.remark);
-    rows[index].edit->setModified(false);
-    for (auto& record : records) record[index].set(result.text);
+    change(index, [&](const FormField&, std::size_t) { return result; });
+}
+
+/// Sets a field of each record to what is taken for it.
+void SettingsForm::change(std::size_t index,
+                          const std::function<Taken(const FormField& field, std::size_t record)>& take)
+{
+    QString remark;
+    std::vector<QString> texts;
+    for (std::size_t record = 0; record < records.size(); ++record) {
+        Taken result = take(records[record][index], record);
+        if (remark.isEmpty()) remark = result.remark;
+        texts.push_back(std::move(result.text));
+    }
     const QString name = records.front()[index].name;
+    rows[index].remark->setText(remark);
+    rows[index].edit->setAccessibleDescription(remark);
+    rows[index].edit->setModified(false);
+    if (!remark.isEmpty() && onRemark) onRemark(name + QStringLiteral(": ") + remark);
+    const auto set = [&] {
+        for (std::size_t record = 0; record < records.size(); ++record) records[record][index].set(texts[record]);
+    };
+    execute ? execute(name, set) : set();
     follow();
     if (onChange) onChange(name);
+}
+
+// --- steps
+
+int SettingsForm::getStep(std::size_t index, bool wide) const { return wide ? records.front()[index].wideStep : 1; }
+
+void SettingsForm::step(std::size_t index, int steps, bool wide)
+{
+    if (steps == 0) return;
+    if (rows[index].edit->isModified()) change(index, rows[index].edit->text());
+    change(index, [&](const FormField& field, std::size_t) {
+        return stepped(field, field.get(), steps * getStep(index, wide));
+    });
+}
+
+void SettingsForm::drag(std::size_t index, int steps, bool wide)
+{
+    const std::vector<QString> from = *dragged;
+    change(index, [&](const FormField& field, std::size_t record) {
+        return stepped(field, from[record], steps * getStep(index, wide));
+    });
+}
+
+bool SettingsForm::eventFilter(QObject* object, QEvent* event)
+{
+    const auto row = std::ranges::find(rows, object, &Row::edit);
+    if (row == rows.end()) return false;
+    const auto index = static_cast<std::size_t>(row - rows.begin());
+    if (event->type() == QEvent::Wheel) {
+        const auto& turned = static_cast<const QWheelEvent&>(*event);
+        step(index, wheel.takeNotches(turned), turned.modifiers().testFlag(Qt::ShiftModifier));
+        return true;
+    }
+    if (event->type() != QEvent::KeyPress) return false;
+    const auto& key = static_cast<const QKeyEvent&>(*event);
+    if (key.key() != Qt::Key_Up && key.key() != Qt::Key_Down) return false;
+    if (key.modifiers().testFlag(Qt::AltModifier)) return false;
+    step(index, key.key() == Qt::Key_Up ? 1 : -1, key.modifiers().testFlag(Qt::ShiftModifier));
+    return true;
 }
 }  // namespace Gui::Forms

@@ -19,7 +19,6 @@ namespace Gui
 namespace
 {
 constexpr std::int32_t QUARTER_NOTE = 480;
-constexpr std::int32_t INTERVALS = 22;
 constexpr int LABEL_WIDTH = 32;
 
 QString labelOf(TimeIntervalType kind)
@@ -30,9 +29,9 @@ QString labelOf(TimeIntervalType kind)
 /// Steps through the named lengths. From a length without a name the first step goes to the nearest one.
 std::int32_t steppedByNotes(std::int32_t from, int steps)
 {
-    const bool isBetween = noteIntervalIndex(from) == 0 && noteIntervalFromIndex(INTERVALS) > from;
+    const bool isBetween = noteIntervalIndex(from) == 0 && noteIntervalFromIndex(NOTE_INTERVALS) > from;
     const std::int32_t start = nearestNoteIntervalIndex(from) - (isBetween && steps > 0 ? 1 : 0);
-    const std::int32_t ppq = noteIntervalFromIndex(std::clamp(start + steps, 1, INTERVALS));
+    const std::int32_t ppq = noteIntervalFromIndex(std::clamp(start + steps, 1, NOTE_INTERVALS));
     return steps > 0 ? std::max(ppq, from) : std::min(ppq, from);
 }
 }  // namespace
@@ -160,7 +159,7 @@ void TimeIntervalCtl::openMenu()
 {
     auto* menu = new PopupMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
-    for (std::int32_t index = 1; index <= INTERVALS; ++index)
+    for (std::int32_t index = 1; index <= NOTE_INTERVALS; ++index)
         if (const auto ppq = noteIntervalFromIndex(index); ppq >= minimum && ppq <= maximum)
             menu->addItem({.text = QString::fromStdString(noteIntervalName(ppq)), .id = ppq});
     menu->setSelected(value);
