@@ -52,6 +52,10 @@ class Learner;
 class ParentWindow;
 class Skinner;
 
+namespace Forms
+{
+class EditableSections;
+}
 namespace Output
 {
 class MusicKeyboardCtl;
@@ -226,6 +230,8 @@ public:
 
     /// Posts the edits of the window; only while it is open.
     virtual EditPoster& getEdits() = 0;
+    /// Where a screen adds its section, for the window keys; only while the window is open.
+    virtual Forms::EditableSections& getEditableSections() = 0;
     virtual void handleEditDone(const Backend::EditDone& done) = 0;
     virtual void handleBankEditDone(const Backend::BankEditDone& done) = 0;
     /// Whether the current program differs from what is saved, and how many others do.

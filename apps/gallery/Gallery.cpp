@@ -7,6 +7,7 @@
 
 #include "apps/gallery/Bindings.h"
 #include "apps/gallery/Parts.h"
+#include "apps/gallery/Records.h"
 #include "apps/gallery/Widgets.h"
 #include "backend/files/GuiStart.h"
 #include "gui/framework/Skinner.h"
@@ -40,6 +41,7 @@ Gallery::Gallery(OrvIF& orv, const Appearance& appearance) : gui(OrvGuiFactory::
     column->addWidget(parts = new Parts(*gui));
     for (const auto kind : {Bindings::Of::functions, Bindings::Of::translations})
         column->addWidget(new Bindings(*gui, orv, kind));
+    column->addWidget(records = new Records(*gui));
     setWidget(all);
     setWidgetResizable(true);
     gui->getSkinner().skinWindow(*this);
@@ -89,7 +91,8 @@ QImage Gallery::takePicture()
     lighting.stop();
     show();
     activateWindow();
-    while (!isPhotographed || !parts->isLit()) QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    while (!isPhotographed || !parts->isLit() || !records->areShown())
+        QApplication::processEvents(QEventLoop::WaitForMoreEvents);
     settle();
     parts->light();
     return widget()->grab().toImage().convertToFormat(QImage::Format_RGB32);

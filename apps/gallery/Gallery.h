@@ -8,6 +8,7 @@
 #include "api/ParentWindow.h"
 
 class Parts;
+class Records;
 class Widgets;
 
 /// What a gallery looks like.
@@ -41,6 +42,7 @@ private:
     std::unique_ptr<Gui::OrvGuiIF> gui;
     Widgets* widgets;
     Parts* parts;
+    Records* records;
     bool isPhotographed = false;
     QTimer lighting;
 };

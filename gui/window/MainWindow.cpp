@@ -13,6 +13,7 @@
 #include "api/OrvGuiIF.h"
 #include "api/OrvMessageManager.h"
 #include "backend/files/RegistrySettings.h"
+#include "gui/forms/EditableSections.h"
 #include "gui/framework/DialogFrame.h"
 #include "gui/framework/EditPoster.h"
 #include "gui/framework/GuiMessageManagerMaster.h"
@@ -22,6 +23,7 @@
 #include "gui/framework/Switches.h"
 #include "gui/framework/WidgetTree.h"
 #include "gui/keyboard/GlobalKeyboard.h"
+#include "gui/keyboard/KeyReading.h"
 #include "gui/keyboard/WindowKeyboard.h"
 #include "gui/screens/computerinput/ComputerInputPanel.h"
 #include "gui/screens/computerinput/ComputerKeyboardCtl.h"
@@ -350,8 +352,10 @@ bool MainWindow::eventFilter(QObject* object, QEvent* event)
     if (auto* dialog = qobject_cast<QDialog*>(object);
         dialog != nullptr && event->type() == QEvent::Polish && isWithin(*dialog, *this))
         frameDialog(*dialog);
-    if (event->type() != QEvent::Enter && event->type() != QEvent::FocusIn) return false;
     const auto* widget = qobject_cast<QWidget*>(object);
+    if (event->type() == QEvent::KeyPress && widget != nullptr && isAncestorOf(widget))
+        return useSectionKey(static_cast<const QKeyEvent&>(*event));
+    if (event->type() != QEvent::Enter && event->type() != QEvent::FocusIn) return false;
     if (widget != nullptr && (widget->window() == window() || isWithin(*widget, *this))) showHelpOf(*widget);
     return false;
 }
@@ -377,14 +381,33 @@ void MainWindow::playEveryKey(bool on) { keyboard->playEveryKey(on); }
 /// Keys that the focused control did not use.
 void MainWindow::keyPressEvent(QKeyEvent* event) { keyboard->keyPressed(*event); }
 
-/// Control and Z undoes, with Shift it does again, unless the program binds those keys.
+/// Control and Z undoes, with Shift it does again; the keys of the section that is edited act on what is selected
+/// there. All unless the program binds them.
 bool MainWindow::useWindowKey(const QKeyEvent& event)
 {
+    using Forms::RecordEditor;
     const bool again = event.modifiers() == (Qt::ControlModifier | Qt::ShiftModifier);
-    if (event.key() != Qt::Key_Z || (!again && event.modifiers() != Qt::ControlModifier)) return false;
-    if (computerInputPanel->isBound({.keyCode = 'Z', .shift = again, .control = true})) return false;
-    again ? gui.getEdits().redo() : gui.getEdits().undo();
+    const bool isUndo = event.key() == Qt::Key_Z && (again || event.modifiers() == Qt::ControlModifier);
+    RecordEditor* const section = gui.getEditableSections().getActive();
+    const auto command = section != nullptr ? RecordEditor::commandOf(event) : std::nullopt;
+    if (!isUndo && !(command && section->canExecute(*command))) return false;
+    if (computerInputPanel->isBound(readKey(event))) return false;
+    if (command)
+        section->execute(*command);
+    else
+        again ? gui.getEdits().redo() : gui.getEdits().undo();
     return true;
+}
+
+/// Control and Tab moves from section to section, with Shift back.
+bool MainWindow::useSectionKey(const QKeyEvent& event)
+{
+    using Direction = Forms::EditableSections::Direction;
+    const bool isBack = event.key() == Qt::Key_Backtab || event.modifiers().testFlag(Qt::ShiftModifier);
+    if ((event.key() != Qt::Key_Tab && event.key() != Qt::Key_Backtab) ||
+        (event.modifiers() & ~Qt::ShiftModifier) != Qt::ControlModifier)
+        return false;
+    return gui.getEditableSections().moveFocus(isBack ? Direction::previous : Direction::next);
 }
 
 void MainWindow::keyReleaseEvent(QKeyEvent* event) { keyboard->keyReleased(*event); }

@@ -121,6 +121,7 @@ private:
     void showScreenMenu(const QPoint& globalPosition);
     void showKeyTarget(KeyTarget target);
     bool useWindowKey(const QKeyEvent& event);
+    bool useSectionKey(const QKeyEvent& event);
     void showHelpOf(const QWidget& control);
     void frameDialog(QDialog& dialog) const;
     Panel* panelOf(Backend::Screen screen) const;

@@ -3,6 +3,7 @@
 #include <QPointer>
 #include <memory>
 
+#include "gui/forms/EditableSections.h"
 #include "gui/framework/EditPoster.h"
 #include "gui/framework/GdiManager.h"
 #include "gui/framework/GuiWindow.h"
@@ -64,6 +65,7 @@ struct OpenWindow {
     EditPoster edits;
     Learner learner;
     InputWatch inputWatch;
+    Forms::EditableSections sections;
     std::unique_ptr<MainWindow> main;
 
 private:

@@ -123,6 +123,7 @@ EditPoster& OrvGui::getEdits() { return open->edits; }
 Learner& OrvGui::getLearner() { return open->learner; }
 
 InputWatch& OrvGui::getInputWatch() { return open->inputWatch; }
+Forms::EditableSections& OrvGui::getEditableSections() { return open->sections; }
 
 void OrvGui::setFocus() { open->main->setPlayingFocus(); }
 

@@ -119,6 +119,7 @@ public:
     void setCompact(bool on) override;
     bool isCompact() const override;
     EditPoster& getEdits() override;
+    Forms::EditableSections& getEditableSections() override;
     void handleEditDone(const Backend::EditDone& done) override;
     void handleBankEditDone(const Backend::BankEditDone& done) override;
     void handleProgramEdited(bool isEdited, int others) override;

@@ -31,7 +31,7 @@ TEST(Selection, FollowsTheMouseTheKeysAndTheRecords)
     EXPECT_EQ(changes, 0);
     using Keys = Qt::KeyboardModifiers;
     const auto click = [&](int id, Keys held = {}) { return [&, id, held] { selection.click(id, held); }; };
-    const auto key = [&](int key, Keys held = {}) { return [&, key, held] { selection.useKey(key, held); }; };
+    const auto key = [&](int code, Keys held = {}) { return [&, code, held] { selection.useKey(code, held); }; };
     const struct {
         std::function<void()> step;
         const char* expected;

@@ -1,3 +1,8 @@
+#include "backend/sections/layers/LayerManager.h"
+#include "gui/forms/EditableSections.h"
+#include "gui/forms/LayerRecords.h"
+#include "gui/forms/RecordEditor.h"
+#include "gui/forms/RecordList.h"
 #include "tests/gui/WindowStage.h"
 
 struct WindowKeys : WindowStage, testing::Test {
@@ -112,4 +117,57 @@ TEST_F(WindowKeys, DoNotPlayInATextAndReachTheControlsWithControlAndTab)
     EXPECT_EQ(played(), "C4 on, C4 off") << "what it has no use for plays";
     keyDown(ESCAPE, Qt::Key_Escape);
     EXPECT_TRUE(isPlaying());
+}
+
+TEST_F(WindowKeys, EditTheSectionThatWasUsedLastUnlessTheProgramBindsThem)
+{
+    struct Section {
+        Section(WindowKeys& stage, int top) : window(stage)
+        {
+            layers.take({{}, {}});
+            editor.report([] {});
+            list.setGeometry(0, top, 200, 100);
+            list.show();
+            stage.gui->getEditableSections().add(editor, list);
+        }
+        void click(int row)
+        {
+            QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, list.visualItemRect(list.item(row)).center());
+        }
+        std::string after(quint32 place, Qt::Key key, Qt::KeyboardModifiers held = {})
+        {
+            window.keyDown(place, key, held);
+            window.keyUp(place, key, held);
+            window.settle();
+            const auto count = window.orv->getLayerManager().getLayers().size();
+            return std::to_string(count) + (window.isPlaying() ? " plays" : "");
+        }
+
+        WindowKeys& window;
+        Gui::Forms::FieldLists lists;
+        Gui::Forms::LayerRecords layers{lists};
+        Gui::Forms::RecordEditor editor{layers, window.gui->getEdits(), {}};
+        Gui::Forms::RecordList list{editor, window.text.parentWidget()};
+    };
+    setLayers({{}, {}});
+    load(noteKey("Control D", "A4"));
+    orv->getComputerInputMessageManager().postSetUseKeyUpMod(true);
+    constexpr quint32 D = 40, DELETE = 119;
+    Section lower(*this, 100), upper(*this, 0);
+    EXPECT_EQ(upper.after(DELETE, Qt::Key_Delete), "2 plays") << "nothing is selected";
+    lower.click(0);
+    EXPECT_EQ(lower.after(DELETE, Qt::Key_Delete), "1 plays");
+    lower.click(0);
+    EXPECT_EQ(lower.after(D, Qt::Key_D, Qt::ControlModifier), "1 plays");
+    EXPECT_EQ(played(), "A4 on, A4 off") << "bound";
+    for (Section* next : {&upper, &lower, &upper}) {
+        keyDown(TAB, Qt::Key_Tab, Qt::ControlModifier);
+        EXPECT_EQ(&focus(), &next->list);
+    }
+    keyDown(TAB, Qt::Key_Backtab, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(&focus(), &lower.list);
+    lower.click(0);
+    EXPECT_EQ(lower.after(D, Qt::Key_D, Qt::ControlModifier), "2") << "there it is not played";
+    EXPECT_EQ(played(), "");
+    EXPECT_EQ(lower.after(ESCAPE, Qt::Key_Escape), "2 plays");
 }

@@ -1,0 +1,43 @@
+#include "gui/forms/RecordForm.h"
+
+#include <QVBoxLayout>
+
+#include "gui/forms/RecordEditor.h"
+#include "gui/forms/SettingsForm.h"
+#include "gui/framework/EditPoster.h"
+
+namespace Gui::Forms
+{
+RecordForm::RecordForm(GuiContext& owner, RecordEditor& shownEditor, QWidget* parent)
+    : QWidget(parent), editor(shownEditor), form(new SettingsForm(owner))
+{
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins({});
+    column->addWidget(form);
+    form->execute = [this](const QString& field, const std::function<void()>& set) {
+        editor.change(shown, field, gestureOf(field), set);
+    };
+    form->onRemark = [this](const QString& remark) { editor.say(remark); };
+    editor.observe(*this, [this] { showSelected(); });
+    showSelected();
+}
+
+void RecordForm::showSelected()
+{
+    const auto ids = editor.isOpen() ? editor.getSelection().getSelected() : std::vector<Backend::RecordId>();
+    setVisible(!ids.empty());
+    if (ids == shown) return form->follow();
+    shown = ids;
+    std::vector<std::vector<FormField>> fields;
+    for (const auto id : ids) fields.push_back(editor.getRecords().fieldsOf(id));
+    form->setRecords(std::move(fields));
+}
+
+std::uint32_t RecordForm::gestureOf(const QString& field)
+{
+    if (!form->isDragging()) dragGesture = 0;
+    if (!form->isDragging()) return editor.getEdits().gestureOf(field.toStdString());
+    if (dragGesture == 0) dragGesture = editor.getEdits().beginGesture();
+    return dragGesture;
+}
+}  // namespace Gui::Forms
