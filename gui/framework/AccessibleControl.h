@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QAccessible>
+#include <QRect>
 #include <QString>
 
 class QWidget;
@@ -24,5 +25,29 @@ public:
 protected:
     /// Notifies screen readers of a new value.
     static void accessibleValueChanged(QWidget& control, const QString& value);
+};
+
+/// A control that paints rows, which a screen reader reads as the items of a list. Rows are numbered from 0.
+class AccessibleList : public AccessibleControl
+{
+public:
+    virtual int getRowCount() const = 0;
+    virtual QString getRowName(int row) const = 0;
+    /// In the control.
+    virtual QRect getRowPlace(int row) const = 0;
+    virtual bool isRowSelected(int row) const = 0;
+    /// The row that keys change, -1 for none.
+    virtual int getCurrentRow() const = 0;
+    /// Has the effect of a click.
+    virtual void selectRow(int row) = 0;
+
+    QAccessible::Role getAccessibleRole() const override { return QAccessible::List; }
+    /// The name of the current row.
+    QString getAccessibleValue() const override;
+    bool isPressable() const override { return false; }
+
+protected:
+    /// Notifies screen readers that the current row is another one, or is called otherwise.
+    static void currentRowChanged(QWidget& control, const AccessibleList& list);
 };
 }  // namespace Gui

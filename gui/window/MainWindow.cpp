@@ -33,6 +33,7 @@
 #include "gui/screens/system/ScreenButtons.h"
 #include "gui/screens/system/StagePanel.h"
 #include "gui/screens/system/SystemPanel.h"
+#include "gui/screens/zones/ZonePanel.h"
 
 namespace Gui
 {
@@ -51,6 +52,12 @@ constexpr const char* PLACE = "PLACE";
 constexpr Screen SCREENS[] = {
     Screen::system,        Screen::help,     Screen::display, Screen::oscillators, Screen::joystick, Screen::midiInput,
     Screen::computerInput, Screen::controls, Screen::output,  Screen::layers,      Screen::cc,       Screen::zones};
+
+/// The screens below the music keyboard, inside the output screen.
+constexpr bool isInOutput(Screen screen)
+{
+    return screen == Screen::zones || screen == Screen::layers || screen == Screen::cc;
+}
 }  // namespace
 
 /// The screens, one below the other.
@@ -155,6 +162,7 @@ void MainWindow::makePanels()
     displayPanel = new Display::DisplayPanel(gui, column);
     computerInputPanel = new ComputerInput::ComputerInputPanel(gui, column);
     outputPanel = new Output::OutputPanel(gui, column);
+    zonePanel = new Zones::ZonePanel(gui, outputPanel);
     for (const Screen screen : SCREENS)
         if (screen != Screen::system && panelOf(screen) != nullptr) systemPanel->offerScreen(screen);
 }
@@ -172,6 +180,8 @@ Panel* MainWindow::panelOf(Screen screen) const
             return computerInputPanel;
         case Screen::output:
             return outputPanel;
+        case Screen::zones:
+            return zonePanel;
         default:
             return nullptr;
     }
@@ -179,14 +189,26 @@ Panel* MainWindow::panelOf(Screen screen) const
 
 void MainWindow::showScreen(Screen screen, bool on)
 {
+    if (panelOf(screen) == nullptr) return;
+    setShown(screen, on);
+    if (on && isInOutput(screen)) setShown(Screen::output, true);
+    fit();  // a hidden column gets no resize event
+    showScreenStates();
+}
+
+void MainWindow::setShown(Screen screen, bool on)
+{
     Panel* panel = panelOf(screen);
     if (panel == nullptr) return;
     if (!on) keyboard->takeFocusFrom(*panel);
     if (!on && screen == Screen::system) keyboard->takeFocusFrom(*stagePanel);
     panel->show(on);
     if (screen == Screen::system) stagePanel->show(on);
-    fit();  // a hidden column gets no resize event
-    systemPanel->screenShown(screen, on);
+}
+
+void MainWindow::showScreenStates()
+{
+    for (const Screen screen : SCREENS) systemPanel->screenShown(screen, isShowing(screen));
 }
 
 void MainWindow::toggleScreen(Screen screen) { showScreen(screen, !isShowing(screen)); }
@@ -194,14 +216,14 @@ void MainWindow::toggleScreen(Screen screen) { showScreen(screen, !isShowing(scr
 bool MainWindow::isShowing(Screen screen) const
 {
     const Panel* panel = panelOf(screen);
-    return panel != nullptr && panel->isShown();
+    return panel != nullptr && panel->isShown() && (!isInOutput(screen) || outputPanel->isShown());
 }
 
 ScreenState MainWindow::getScreenState() const
 {
     auto bits = storedState.toBits();
     for (const Screen screen : SCREENS)
-        if (panelOf(screen) != nullptr) bits[static_cast<std::size_t>(screen)] = isShowing(screen);
+        if (const Panel* panel = panelOf(screen)) bits[static_cast<std::size_t>(screen)] = panel->isShown();
     return ScreenState::fromBits(bits);
 }
 
@@ -209,8 +231,9 @@ void MainWindow::setScreenState(const ScreenState& state)
 {
     storedState = state;
     const auto bits = state.toBits();
-    for (const Screen screen : SCREENS) showScreen(screen, bits[static_cast<std::size_t>(screen)]);
+    for (const Screen screen : SCREENS) setShown(screen, bits[static_cast<std::size_t>(screen)]);
     fit();
+    showScreenStates();
 }
 
 /// Takes the size of the screens that are shown, or of the three buttons where there are none.
@@ -281,12 +304,13 @@ void MainWindow::setCompact(bool on)
     if (on == isCompact()) return;
     if (on) {
         stateBeforeCompact = getScreenState();
-        for (const Screen screen : SCREENS) gui.showScreen(screen, false);
+        for (const Screen screen : SCREENS)
+            if (!isInOutput(screen)) gui.showScreen(screen, false);
         return;
     }
     const auto bits = stateBeforeCompact.value_or(ScreenState{}).toBits();
     for (const Screen screen : SCREENS)
-        if (bits[static_cast<std::size_t>(screen)]) gui.showScreen(screen, true);
+        if (bits[static_cast<std::size_t>(screen)] && !isInOutput(screen)) gui.showScreen(screen, true);
     if (isCompact()) gui.showScreen(Screen::system, true);
 }
 
@@ -329,11 +353,21 @@ void MainWindow::setGlobalKeyboard(bool on)
     Property::setHelp(*keyboardButton, QString::fromStdString(GlobalKeyboard::describe(gui.getGlobalKeyboardReason())));
 }
 
-void MainWindow::handleZones(const Backend::Zones::ZoneMap& zones) { computerInputPanel->handleZones(zones); }
+void MainWindow::handleZones(const Backend::Zones::ZoneMap& zones)
+{
+    computerInputPanel->handleZones(zones);
+    zonePanel->handleZones(zones);
+}
 
 void MainWindow::handleZoneTranspose(Backend::Zones::ZoneId zone, int transpose)
 {
     computerInputPanel->handleZoneTranspose(zone, transpose);
+    zonePanel->handleZoneTranspose(zone, transpose);
+}
+
+void MainWindow::handleZoneSelected(Backend::Zones::ZoneId zone, bool selected)
+{
+    zonePanel->handleZoneSelected(zone, selected);
 }
 
 // --- help, focus and keys

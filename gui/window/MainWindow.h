@@ -42,6 +42,10 @@ namespace System
 class StagePanel;
 class SystemPanel;
 }  // namespace System
+namespace Zones
+{
+class ZonePanel;
+}
 
 /// The window itself: the screens in one column, and the computer keyboard that plays in it. Three buttons, with reset
 /// among them, stand where the system screen is hidden, and alone while no screen is shown. Its natural size follows
@@ -60,7 +64,8 @@ public:
     MainWindow(OrvGuiIF& owner, QWidget* parent, Resized onResize);
     ~MainWindow() override;
 
-    /// Ignored for a screen that does not exist yet.
+    /// Ignored for a screen that does not exist yet. A screen below the music keyboard shows the output screen, too; it
+    /// is hidden with it and returns with it.
     void showScreen(Backend::Screen screen, bool on);
     void toggleScreen(Backend::Screen screen);
     bool isShowing(Backend::Screen screen) const;
@@ -87,6 +92,7 @@ public:
     // Changes of the zones, which several screens show
     void handleZones(const Backend::Zones::ZoneMap& zones);
     void handleZoneTranspose(Backend::Zones::ZoneId zone, int transpose);
+    void handleZoneSelected(Backend::Zones::ZoneId zone, bool selected);
 
     void setMidiThru(bool on);
     void setGlobalKeyboard(bool on);
@@ -119,6 +125,8 @@ private:
     void layOut();
     int getHeadHeight() const;
     void showScreenMenu(const QPoint& globalPosition);
+    void setShown(Backend::Screen screen, bool on);
+    void showScreenStates();
     void showKeyTarget(KeyTarget target);
     bool useWindowKey(const QKeyEvent& event);
     bool useSectionKey(const QKeyEvent& event);
@@ -142,6 +150,7 @@ private:
     Display::DisplayPanel* displayPanel = nullptr;
     ComputerInput::ComputerInputPanel* computerInputPanel = nullptr;
     Output::OutputPanel* outputPanel = nullptr;
+    Zones::ZonePanel* zonePanel = nullptr;
     QSize lastSize;
     std::optional<Backend::ScreenState> stateBeforeCompact;
     Backend::ScreenState storedState;  // of screens that do not exist yet, it is kept as it is

@@ -12,6 +12,7 @@ namespace
 constexpr auto ZONE_COMMANDS = std::to_array<Backend::Command<MainWindow>>({
     Backend::on<Backend::GuiMessage::ZONE_TRANSPOSE, &MainWindow::handleZoneTranspose>(),
     Backend::on<Backend::GuiMessage::ZONES, &MainWindow::handleZones>(),
+    Backend::on<Backend::GuiMessage::ZONE_SELECTED, &MainWindow::handleZoneSelected>(),
 });
 }  // namespace
 

@@ -41,7 +41,7 @@ TEST_F(MainWindow, IsThreeButtonsWhileNoScreenShows)
     const QPoint background(100, 31);
     QContextMenuEvent event(QContextMenuEvent::Mouse, background, surroundings.mapToGlobal(background));
     QApplication::sendEvent(control("Playing keyboard").parentWidget(), &event);
-    EXPECT_EQ(menu(), "System, Help, Display, Keys, Output, Show the screens");
+    EXPECT_EQ(menu(), "System, Help, Display, Keys, Output, Zones, Show the screens");
     choose("Show the screens");
     EXPECT_TRUE(gui->isScreenShowing(Screen::system)) << "nobody is locked out";
     gui->showScreen(Screen::help, true);
@@ -52,6 +52,16 @@ TEST_F(MainWindow, IsThreeButtonsWhileNoScreenShows)
     EXPECT_EQ(size, COMPACT);
     gui->setCompact(false);
     EXPECT_TRUE(gui->isScreenShowing(Screen::system) && gui->isScreenShowing(Screen::help)) << "as they were";
+
+    gui->showScreen(Screen::zones, true);
+    EXPECT_TRUE(gui->isScreenShowing(Screen::output)) << "it is inside";
+    EXPECT_TRUE(control<QPushButton>("Zone screen").isChecked());
+    gui->showScreen(Screen::output, false);
+    EXPECT_FALSE(gui->isScreenShowing(Screen::zones) || control<QPushButton>("Zone screen").isChecked());
+    gui->showScreen(Screen::output, true);
+    EXPECT_TRUE(gui->isScreenShowing(Screen::zones)) << "it comes back with it";
+    reopen();
+    EXPECT_TRUE(gui->isScreenShowing(Screen::zones));
 }
 
 TEST_F(MainWindow, IsScaledAsAWholeToWholePixelsAndColouredByItsSkin)

@@ -1,0 +1,131 @@
+#include "gui/musickeyboard/BarList.h"
+
+#include <QContextMenuEvent>
+#include <QKeyEvent>
+#include <QPaintEvent>
+#include <QPainter>
+#include <algorithm>
+
+#include "api/GuiContext.h"
+#include "gui/framework/Look.h"
+
+namespace Gui::Output
+{
+namespace
+{
+constexpr int PAGE = 8;  // rows
+}
+
+BarList::BarList(GuiContext& guiContext, QWidget* parent) : QWidget(parent), context(guiContext)
+{
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setFocusPolicy(Qt::TabFocus);
+}
+
+const GdiManager& BarList::getGdi() const { return context.getGdiManager(); }
+
+void BarList::rescale()
+{
+    keys = KeyOutlines(getGdi().getScale());
+    setFixedSize(keys.getWidth(), getGdi().px(getLogicalHeight()));
+    update();
+}
+
+void BarList::rowsChanged()
+{
+    setFixedHeight(getGdi().px(getLogicalHeight()));
+    setCurrentRow(current);
+    update();
+}
+
+void BarList::setCurrentRow(int row)
+{
+    const int before = current;
+    current = std::min(std::max(row, 0), getRowCount() - 1);
+    if (current != before) update();
+    currentRowChanged(*this, *this);
+}
+
+// --- keys
+
+void BarList::keyPressEvent(QKeyEvent* event)
+{
+    const auto modifiers = event->modifiers() & ~Qt::KeypadModifier;
+    const int last = getRowCount() - 1;
+    if (modifiers == Qt::NoModifier) switch (event->key()) {
+            case Qt::Key_Up:
+                return moveTo(current - 1);
+            case Qt::Key_Down:
+                return moveTo(current + 1);
+            case Qt::Key_PageUp:
+                return moveTo(std::max(current - PAGE, 0));
+            case Qt::Key_PageDown:
+                return moveTo(std::min(current + PAGE, last));
+            case Qt::Key_Home:
+                return moveTo(0);
+            case Qt::Key_End:
+                return moveTo(last);
+            default:
+                break;
+        }
+    event->setAccepted(useKey(*event));
+}
+
+void BarList::moveTo(int row)
+{
+    if (row < 0 || row >= getRowCount()) return;
+    setCurrentRow(row);
+    selectRow(row);
+    if (onReveal) onReveal(getRowPlace(row));
+}
+
+/// That of the mouse is opened by its button.
+void BarList::contextMenuEvent(QContextMenuEvent* event)
+{
+    if (event->reason() == QContextMenuEvent::Keyboard && current >= 0)
+        showRowMenu(current, mapToGlobal(getRowPlace(current).center()));
+}
+
+void BarList::focusInEvent(QFocusEvent* event)
+{
+    QWidget::focusInEvent(event);
+    setCurrentRow(current);
+    if (onReveal && current >= 0) onReveal(getRowPlace(current));
+    update();
+}
+
+void BarList::focusOutEvent(QFocusEvent* event)
+{
+    QWidget::focusOutEvent(event);
+    update();
+}
+
+// --- drawing
+
+void BarList::paintEvent(QPaintEvent* event)
+{
+    QPainter painter(this);
+    painter.fillRect(event->rect(), getGdi().getColour(GdiManager::Role::background));
+    if (getRowCount() == 0) {
+        painter.setFont(getGdi().getFont(GdiManager::FontRole::font9));
+        painter.setPen(getGdi().getColour(GdiManager::Role::label));
+        painter.drawText(rect(), Qt::AlignCenter, getEmptyText());
+    }
+    for (int row = 0; row < getRowCount(); ++row) {
+        const QRect place = getRowPlace(row);
+        if (!event->region().intersects(place)) continue;
+        paintRow(painter, row);
+        if (row == current && hasFocus()) Look::drawFocus(painter, getGdi(), place);
+    }
+}
+
+void BarList::paintBar(QPainter& painter, const QRect& bar, GdiManager::Role fill, const QString& text) const
+{
+    const QColor colour = getGdi().getColour(fill);
+    painter.fillRect(bar, colour);
+    painter.setFont(getGdi().getFont(GdiManager::FontRole::font9));
+    painter.setPen(Look::inkOn(colour));
+    painter.drawText(bar, Qt::AlignCenter | Qt::TextSingleLine,
+                     painter.fontMetrics().elidedText(text, Qt::ElideRight, bar.width()));
+}
+}  // namespace Gui::Output
