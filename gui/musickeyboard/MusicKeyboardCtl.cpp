@@ -55,10 +55,10 @@ void MusicKeyboardCtl::rescale()
     update();
 }
 
-void MusicKeyboardCtl::setListener(Listener* newListener)
+MusicKeyboardCtl::Listener* MusicKeyboardCtl::setListener(Listener* newListener)
 {
     release();
-    listener = newListener;
+    return std::exchange(listener, newListener);
 }
 
 // --- what sounds

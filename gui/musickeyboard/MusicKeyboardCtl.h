@@ -38,9 +38,9 @@ public:
 
     MusicKeyboardCtl(GuiContext& guiContext, QWidget* parent);
 
-    /// Replaces the listener; the old one gets the release of a held key. Null for none. It must live until it is
-    /// replaced or the control is destroyed.
-    void setListener(Listener* newListener);
+    /// Replaces the listener and returns the old one, which gets the release of a held key. Null for none. It must live
+    /// until it is replaced or the control is destroyed.
+    Listener* setListener(Listener* newListener);
 
     /// An event on its way to an output.
     void displayMidiOutputEvent(const Backend::MidiEngine::OrvMidiMessage& event);

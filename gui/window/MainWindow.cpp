@@ -29,6 +29,7 @@
 #include "gui/screens/computerinput/ComputerKeyboardCtl.h"
 #include "gui/screens/display/DisplayPanel.h"
 #include "gui/screens/help/HelpPanel.h"
+#include "gui/screens/layers/MainPanel.h"
 #include "gui/screens/output/OutputPanel.h"
 #include "gui/screens/system/ScreenButtons.h"
 #include "gui/screens/system/StagePanel.h"
@@ -163,6 +164,7 @@ void MainWindow::makePanels()
     computerInputPanel = new ComputerInput::ComputerInputPanel(gui, column);
     outputPanel = new Output::OutputPanel(gui, column);
     zonePanel = new Zones::ZonePanel(gui, outputPanel);
+    layerPanel = new Layers::MainPanel(gui, outputPanel);
     for (const Screen screen : SCREENS)
         if (screen != Screen::system && panelOf(screen) != nullptr) systemPanel->offerScreen(screen);
 }
@@ -182,6 +184,8 @@ Panel* MainWindow::panelOf(Screen screen) const
             return outputPanel;
         case Screen::zones:
             return zonePanel;
+        case Screen::layers:
+            return layerPanel;
         default:
             return nullptr;
     }

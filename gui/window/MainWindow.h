@@ -33,6 +33,10 @@ namespace Help
 {
 class HelpPanel;
 }
+namespace Layers
+{
+class MainPanel;
+}
 namespace Output
 {
 class OutputPanel;
@@ -151,6 +155,7 @@ private:
     ComputerInput::ComputerInputPanel* computerInputPanel = nullptr;
     Output::OutputPanel* outputPanel = nullptr;
     Zones::ZonePanel* zonePanel = nullptr;
+    Layers::MainPanel* layerPanel = nullptr;
     QSize lastSize;
     std::optional<Backend::ScreenState> stateBeforeCompact;
     Backend::ScreenState storedState;  // of screens that do not exist yet, it is kept as it is

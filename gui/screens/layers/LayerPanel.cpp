@@ -1,0 +1,202 @@
+#include "gui/screens/layers/LayerPanel.h"
+
+#include <QLabel>
+#include <QPushButton>
+#include <algorithm>
+
+#include "api/OrvGuiIF.h"
+#include "gui/framework/EditPoster.h"
+#include "gui/framework/GdiManager.h"
+#include "gui/framework/GuiMessageManagerMaster.h"
+#include "gui/framework/Properties.h"
+#include "gui/musickeyboard/BarView.h"
+#include "gui/screens/layers/LayerCtl.h"
+
+namespace Gui::Layers
+{
+using Backend::Layers::Layer;
+
+namespace
+{
+constexpr int WIDTH = 960;  // logical pixels, as all of these
+constexpr int MARGIN = 5;
+constexpr int ROW = 20;
+constexpr int GAP = 4;
+constexpr int LABEL_WIDTH = 60;
+constexpr int BUTTON_WIDTH = 64;
+constexpr int MOST_ROWS = 10;
+}  // namespace
+
+LayerPanel::LayerPanel(OrvGuiIF& owner, Panel* around)
+    : Panel(around),
+      gui(owner),
+      edits(owner, layers, selection),
+      messages(*this),
+      list(new LayerCtl(owner, layers, selection, edits, nullptr)),
+      view(new Output::BarView(owner.getGdiManager(), *list, LayerGeometry::TOP + MOST_ROWS * LayerGeometry::PITCH,
+                               this))
+{
+    makeButtons();
+    selection.onChange = [this] { list->layersChanged(); };
+    list->onSelectRange = [this](Id id) { selectRange(id); };
+    list->onModeChange = [this] { showModes(); };
+    rangeSelect.onEnd = [this] { list->setRangedLayer(-1); };
+    fit();
+    gui.getGuiMessageManagerMaster().addMessageManager(&messages);
+}
+
+void LayerPanel::makeButtons()
+{
+    auto* const label = new QLabel(tr("Layers"), this);
+    place(*label, {MARGIN, 0, LABEL_WIDTH, ROW});
+    int left = MARGIN + LABEL_WIDTH;
+    const auto make = [&](const QString& text, const QString& name, const QString& help) {
+        auto* const button = new QPushButton(text, this);
+        place(*button, {left, 0, BUTTON_WIDTH, ROW - 2});
+        left += BUTTON_WIDTH + GAP;
+        button->setFocusPolicy(Qt::TabFocus);
+        button->setAccessibleName(name);
+        Property::setHelp(*button, help);
+        return button;
+    };
+    connect(make(tr("Add"), tr("Add layer"), tr("Adds a layer before the selected one, or at the end.")),
+            &QPushButton::clicked, [this] { edits.add(); });
+    connect(make(tr("Delete"), tr("Delete layers"), tr("Deletes the selected layers, or the last one.")),
+            &QPushButton::clicked, [this] { edits.remove(); });
+    soloButton = make(tr("Solo"), tr("Solo mode"),
+                      tr("On: the button of a layer solos it (S). Off: it mutes it (M). Solo is not saved."));
+    soloButton->setCheckable(true);
+    connect(soloButton, &QPushButton::clicked, [this](bool on) { list->setSoloMode(on); });
+    infoButton = make(tr("Info"), tr("Layer info"), tr("Shows the settings of the layers instead of their numbers."));
+    infoButton->setCheckable(true);
+    connect(infoButton, &QPushButton::clicked, [this](bool on) { list->setInfoMode(on); });
+    auto* const menu = make(tr("Menu"), tr("Menu of the layer"), tr("All that can be done to the current layer."));
+    connect(menu, &QPushButton::clicked,
+            [this, menu] { list->showRowMenu(list->getCurrentRow(), menu->mapToGlobal(QPoint(0, menu->height()))); });
+}
+
+void LayerPanel::showModes()
+{
+    soloButton->setChecked(list->isSoloMode());
+    infoButton->setChecked(list->isInfoMode());
+}
+
+void LayerPanel::setOpenSettings(std::function<void(const Forms::Selection&)> openSettings)
+{
+    list->onOpenSettings = [this, open = std::move(openSettings)] { open(selection); };
+}
+
+void LayerPanel::scaleChanged()
+{
+    list->rescale();
+    fit();
+}
+
+void LayerPanel::fit()
+{
+    const int height = view->getLogicalHeight();
+    place(*view, {0, ROW, WIDTH, height});
+    setPanelSize({WIDTH, ROW + height});
+}
+
+void LayerPanel::hideEvent(QHideEvent* event)
+{
+    rangeSelect.end();
+    Panel::hideEvent(event);
+}
+
+/// A second request for the same layer ends it.
+void LayerPanel::selectRange(Id id)
+{
+    const bool isSame = rangeSelect.isActive() && selection.isCurrent(id);
+    rangeSelect.end();
+    if (isSame) return;
+    list->selectRow(id);
+    if (list->onOpenSettings) list->onOpenSettings();
+    rangeSelect.begin(gui.getMainMusicKeyboardCtl(),
+                      [this, id, gesture = gui.getEdits().beginGesture()](int low, int high) {
+                          list->setRange(id, low, high, gesture);
+                      });
+    list->setRangedLayer(id);
+    gui.displayHelp(tr("Click the lowest note on the piano keyboard with the left button, the highest with the right "
+                       "one. Escape ends it.")
+                        .toStdString());
+}
+
+// --- changes that the backend reports
+
+void LayerPanel::handleLayers(const Backend::Layers::LayerList& newLayers)
+{
+    layers = newLayers.getLayers();
+    std::vector<Backend::RecordId> ids;
+    for (const Layer& layer : layers) ids.push_back(layer.id);
+    selection.setRecords(std::move(ids));
+    list->layersChanged();
+    fit();
+}
+
+template <class Change>
+void LayerPanel::change(Id id, Change&& change)
+{
+    if (id < 0 || id >= static_cast<Id>(layers.size())) return;
+    change(layers[static_cast<std::size_t>(id)]);
+    list->layersChanged();
+}
+
+void LayerPanel::handleLayerSelected(Id id, bool selected)
+{
+    change(id, [=](Layer& layer) { layer.selected = selected; });
+}
+
+void LayerPanel::handleLayerTranspose(Id id, std::int32_t transpose)
+{
+    change(id, [=](Layer& layer) { layer.transpose.value = transpose; });
+}
+
+void LayerPanel::handleLayerVelocity(Id id, std::int32_t velocity)
+{
+    change(id, [=](Layer& layer) { layer.velocity.value = velocity; });
+}
+
+void LayerPanel::handleLayerMute(Id id, bool mute)
+{
+    change(id, [=](Layer& layer) { layer.mute = mute; });
+}
+
+void LayerPanel::handleLayerMono(Id id, bool mono)
+{
+    change(id, [=](Layer& layer) { layer.mono = mono; });
+}
+
+void LayerPanel::handleLayerSolo(Id id, bool solo)
+{
+    change(id, [=](Layer& layer) { layer.solo = solo; });
+}
+
+void LayerPanel::handleLayerNoteToggle(Id id, NoteToggle::Mode mode)
+{
+    change(id, [=](Layer& layer) { layer.toggle.mode = mode; });
+}
+
+/// Functions have no window selection, so "selected" keeps the window's, and up and down go from it.
+void LayerPanel::handleLayerEdit(const SelectType& select)
+{
+    switch (select.kind) {
+        case SelectType::Kind::specific:
+            selection.select({select.value});
+            break;
+        case SelectType::Kind::up:
+            selection.move(Forms::Selection::Step::next, {});
+            break;
+        case SelectType::Kind::down:
+            selection.move(Forms::Selection::Step::previous, {});
+            break;
+        case SelectType::Kind::all:
+            selection.selectAll();
+            break;
+        case SelectType::Kind::selected:
+            break;
+    }
+    if (list->onOpenSettings) list->onOpenSettings();
+}
+}  // namespace Gui::Layers

@@ -1,0 +1,79 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <vector>
+
+#include "backend/model/LayerList.h"
+#include "backend/values/SelectType.h"
+#include "gui/forms/Selection.h"
+#include "gui/framework/Panel.h"
+#include "gui/screens/layers/LayerEdits.h"
+#include "gui/screens/layers/LayerGuiMessageManager.h"
+#include "gui/screens/layers/RangeSelect.h"
+
+class QPushButton;
+
+namespace Gui
+{
+class OrvGuiIF;
+
+namespace Output
+{
+class BarView;
+}
+}  // namespace Gui
+
+namespace Gui::Layers
+{
+class LayerCtl;
+
+/// The layers below the music keyboard, with their buttons. It shows its own copy of them.
+class LayerPanel final : public Panel
+{
+public:
+    using Id = Backend::Layers::LayerId;
+
+    LayerPanel(OrvGuiIF& owner, Panel* around);
+
+    /// Which layers the window edits.
+    Forms::Selection& getSelection() { return selection; }
+    /// Called to show the settings of the selected layers; null where there are none.
+    void setOpenSettings(std::function<void(const Forms::Selection&)> openSettings);
+
+    // Changes that the backend reports
+    void handleLayers(const Backend::Layers::LayerList& list);
+    void handleLayerSelected(Id id, bool selected);
+    void handleLayerTranspose(Id id, std::int32_t transpose);
+    void handleLayerVelocity(Id id, std::int32_t velocity);
+    void handleLayerMute(Id id, bool mute);
+    void handleLayerMono(Id id, bool mono);
+    void handleLayerSolo(Id id, bool solo);
+    void handleLayerNoteToggle(Id id, NoteToggle::Mode mode);
+    /// A function requests to edit a layer.
+    void handleLayerEdit(const SelectType& select);
+
+protected:
+    void scaleChanged() override;
+    void hideEvent(QHideEvent* event) override;
+
+private:
+    void makeButtons();
+    void fit();
+    void showModes();
+    void selectRange(Id id);
+    template <class Change>
+    void change(Id id, Change&& change);
+
+    OrvGuiIF& gui;
+    std::vector<Backend::Layers::Layer> layers;
+    Forms::Selection selection{Forms::Selection::Ids::indices};
+    LayerEdits edits;
+    LayerGuiMessageManager messages;
+    RangeSelect rangeSelect;
+    LayerCtl* list;
+    Output::BarView* view;
+    QPushButton* soloButton = nullptr;
+    QPushButton* infoButton = nullptr;
+};
+}  // namespace Gui::Layers

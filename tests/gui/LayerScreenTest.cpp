@@ -1,0 +1,201 @@
+#include "backend/messages/LayerMessageManager.h"
+#include "backend/sections/layers/LayerManager.h"
+#include "gui/framework/EditPoster.h"
+#include "gui/musickeyboard/MusicKeyboardCtl.h"
+#include "gui/screens/layers/LayerCtl.h"
+#include "tests/gui/WindowStage.h"
+
+using namespace Gui::Layers;
+using Backend::Layers::Layer;
+using Backend::MidiEngine::Note;
+using Part = LayerGeometry::Part;
+
+TEST(LayerGeometry, PutsEachBarUnderItsKeysAndFindsItsParts)
+{
+    const Gui::Output::KeyOutlines keys;
+    const LayerGeometry geometry(keys);
+    Layer layer;
+    layer.minNote = Note(60);
+    layer.maxNote = Note(71);
+    const QRect bar = geometry.barOf(2, layer);
+    EXPECT_EQ(bar, QRect(QPoint(keys.leftEdge(60), 34), QPoint(keys.rightEdge(71) - 1, 44)));
+    const auto partAt = [&](int x, int y = 40) { return geometry.partAt(2, layer, {x, y}); };
+    const std::pair<int, Part> ROWS[] = {{bar.left() - 6, Part::row},      {bar.left() - 5, Part::lowEnd},
+                                         {bar.left() + 1, Part::lowEnd},   {bar.left() + 2, Part::button},
+                                         {bar.left() + 13, Part::button},  {bar.left() + 14, Part::bar},
+                                         {bar.right() - 2, Part::bar},     {bar.right() - 1, Part::highEnd},
+                                         {bar.right() + 5, Part::highEnd}, {bar.right() + 6, Part::row}};
+    for (const auto& [x, part] : ROWS) EXPECT_EQ(partAt(x), part) << x - bar.left();
+    EXPECT_EQ(partAt(bar.center().x(), 46), Part::row) << "between two rows";
+    EXPECT_EQ(geometry.rowAt(33, 3), 1);
+    EXPECT_EQ(geometry.rowAt(50, 3), -1);
+
+    for (const int note : {0, 1, 60, 127}) {
+        EXPECT_EQ(geometry.lowNoteAt(keys.leftEdge(note)), note);
+        EXPECT_EQ(geometry.highNoteAt(keys.rightEdge(note) - 1), note);
+    }
+    layer.maxNote = Note(60);
+    EXPECT_EQ(geometry.buttonOf(geometry.barOf(0, layer)).width(), geometry.barOf(0, layer).width() / 2);
+    layer.maxNote = Note(40);
+    EXPECT_EQ(geometry.barOf(0, layer).left(), keys.leftEdge(60)) << "it takes no note, but it is seen";
+    EXPECT_GT(geometry.barOf(0, layer).width(), 0);
+}
+
+/// A window with the keys Q, C4, and Z, C3, and one layer, as in a new program.
+struct LayerScreen : WindowStage, testing::Test {
+    LayerScreen()
+    {
+        open({.system = false, .help = false, .computerInput = false, .output = false});
+        gui->showScreen(Backend::Screen::layers, true);
+        const auto key = [](const char* id, const char* note) {
+            const std::string event = std::string(" note='") + note + "'/>";
+            return std::string("<Key id='") + id + "'><Function><Down><MidiNoteOn" + event + "</Down><Up><MidiNoteOff" +
+                   event + "</Up></Function></Key>";
+        };
+        load(key("Q", "C4") + key("Z", "C3"));
+        list = &control<LayerCtl>("Layers");
+    }
+    void showLayers(const std::vector<Layer>& layers)
+    {
+        Backend::Layers::LayerList all;
+        for (const Layer& layer : layers) all.add(layer);
+        orv->getLayerMessageManager().postSetLayers(all, true);
+        settle();
+    }
+    QRect bar(int row)
+    {
+        settle();
+        return LayerGeometry(keys).barOf(row,
+                                         orv->getLayerManager().getLayers().getLayers()[static_cast<std::size_t>(row)]);
+    }
+    void click(int row, Qt::MouseButton button = Qt::LeftButton, Qt::KeyboardModifiers held = {})
+    {
+        QTest::mouseClick(list, button, held, bar(row).center());
+    }
+    void clickButton(int row) { QTest::mouseClick(list, Qt::LeftButton, {}, bar(row).topLeft() + QPoint(6, 5)); }
+    void clickPiano(int note, Qt::MouseButton button)
+    {
+        const QRect key = keys.keyRectangle(note);
+        QTest::mouseClick(&control("Music keyboard"), button, {}, {key.center().x(), key.bottom() - 5});
+    }
+    void operate(const QString& name) { Hands::click(control(name)); }
+    /// The rows, a line each.
+    std::string rows()
+    {
+        settle();
+        std::string all;
+        for (int row = 0; row < list->getRowCount(); ++row)
+            all += (row == 0 ? "" : "\n") + list->getRowName(row).toStdString();
+        return all;
+    }
+    /// The first event that a key plays, its bytes.
+    std::string statusAndNote(const char* key)
+    {
+        settle();
+        takePlayed();
+        player.events.clear();
+        down(key);
+        up(key);
+        playSlices();
+        if (player.events.empty()) return "nothing";
+        const auto event = player.events.front();
+        takePlayed();
+        char text[8];
+        std::snprintf(text, sizeof text, "%02x %02x", event.getStatusWithChannel(), event.getD1());
+        return text;
+    }
+
+    const Gui::Output::KeyOutlines keys;
+    LayerCtl* list;
+};
+
+TEST_F(LayerScreen, SplitsTheKeyboardWithTheMouse)
+{
+    EXPECT_EQ(rows(), "Layer 1, C-1 to G9, channel 1");
+    operate("Add layer");
+    gui->getEdits().change("Layers", 1, {"channel", "1"}, "channel", gui->getEdits().beginGesture());
+    settle();
+    click(1, Qt::MiddleButton);
+    clickPiano(60, Qt::LeftButton);
+    EXPECT_EQ(played(), "") << "it chooses instead of playing";
+    clickPiano(127, Qt::RightButton);
+    EXPECT_EQ(rows(), "Layer 1, C-1 to G9, channel 1\nLayer 2, C4 to G9, channel 2");
+
+    const QPoint end = QPoint(bar(0).right(), bar(0).center().y());
+    QTest::mousePress(list, Qt::LeftButton, {}, end);
+    for (const int note : {100, 80, 59}) mouseMove(*list, {keys.rightEdge(note), end.y()});
+    QTest::mouseRelease(list, Qt::LeftButton, {}, end);
+    EXPECT_EQ(rows(), "Layer 1, C-1 to B3, channel 1\nLayer 2, C4 to G9, channel 2");
+    EXPECT_EQ(statusAndNote("Q"), "91 3c");
+    EXPECT_EQ(statusAndNote("Z"), "90 30");
+    clickPiano(60, Qt::LeftButton);
+    EXPECT_EQ(played(), "C4 on channel 1, C4 off channel 1") << "the piano plays again";
+
+    gui->getEdits().undo();
+    EXPECT_EQ(rows(), "Layer 1, C-1 to G9, channel 1\nLayer 2, C4 to G9, channel 2") << "the drag is a step";
+    click(0, Qt::MiddleButton);
+    QTest::keyClick(&focus(), Qt::Key_Escape);
+    clickPiano(60, Qt::LeftButton);
+    EXPECT_EQ(played(), "C4 on, C4 on channel 1, C4 off, C4 off channel 1");
+}
+
+TEST_F(LayerScreen, MutesSolosCopiesAndDeletes)
+{
+    showLayers({{}, {}, {}});
+    clickButton(1);
+    EXPECT_NE(rows().find("Layer 2, C-1 to G9, channel 1, muted"), std::string::npos);
+    operate("Solo mode");
+    clickButton(2);
+    EXPECT_NE(rows().find("Layer 3, C-1 to G9, channel 1, solo"), std::string::npos);
+    clickButton(2);
+    EXPECT_EQ(rows().find("solo"), std::string::npos);
+
+    click(1);
+    settle();
+    EXPECT_TRUE(orv->getLayerManager().getLayers().getLayers()[1].selected) << "for functions, too";
+    EXPECT_TRUE(list->isRowSelected(1));
+    click(0, Qt::LeftButton, Qt::ControlModifier);
+    EXPECT_TRUE(list->isRowSelected(0) && list->isRowSelected(1));
+
+    click(1, Qt::RightButton);
+    EXPECT_NE(menu().find("Copy Layer 2 To Channel"), std::string::npos) << menu();
+    choose("Show Layer Info");
+    EXPECT_TRUE(control<QPushButton>("Layer info").isChecked());
+
+    operate("Delete layers");
+    EXPECT_EQ(rows(), "Layer 1, C-1 to G9, channel 1") << "both that were selected";
+    gui->getEdits().undo();
+    EXPECT_EQ(rows().substr(rows().rfind('\n')), "\nLayer 3, C-1 to G9, channel 1");
+    EXPECT_EQ(list->getRowCount(), 3);
+    operate("Delete layers");
+    EXPECT_EQ(list->getRowCount(), 3) << "it was posted";
+    EXPECT_NE(rows().find("Layer 2, C-1 to G9, channel 1, muted"), std::string::npos) << "the last one went";
+    EXPECT_EQ(list->getRowCount(), 2);
+}
+
+TEST_F(LayerScreen, IsOperatedByKeys)
+{
+    showLayers({{}, {}});
+    list->setFocus();
+    const auto key = [&](Qt::Key pressed, Qt::KeyboardModifiers modifiers = {}) {
+        QTest::keyClick(list, pressed, modifiers);
+        settle();
+        return list->getRowName(list->getCurrentRow()).toStdString();
+    };
+    EXPECT_EQ(key(Qt::Key_Down), "Layer 2, C-1 to G9, channel 1");
+    EXPECT_EQ(key(Qt::Key_Right), "Layer 2, C#-1 to G9, channel 1");
+    EXPECT_EQ(key(Qt::Key_Left, Qt::ControlModifier), "Layer 2, C-1 to G9, channel 1") << "as far as it goes";
+    EXPECT_EQ(key(Qt::Key_Left, Qt::ControlModifier | Qt::ShiftModifier), "Layer 2, C-1 to G8, channel 1");
+    EXPECT_EQ(key(Qt::Key_Space), "Layer 2, C-1 to G8, channel 1, muted");
+    EXPECT_EQ(key(Qt::Key_D, Qt::ControlModifier), "Layer 2, C-1 to G8, channel 1, muted");
+    EXPECT_EQ(list->getRowCount(), 3);
+    EXPECT_EQ(key(Qt::Key_Home), "Layer 1, C-1 to G9, channel 1");
+    key(Qt::Key_Delete);
+    EXPECT_EQ(rows(), "Layer 1, C-1 to G8, channel 1, muted\nLayer 2, C-1 to G8, channel 1, muted");
+    key(Qt::Key_Insert);
+    EXPECT_EQ(list->getRowCount(), 3);
+    takePlayed();
+    keyDown(24);
+    keyUp(24);
+    EXPECT_EQ(played(), "C4 on, C4 off") << "other keys play";
+}
