@@ -8,6 +8,7 @@
 
 #include "backend/bindings/functions/FunctionFactories.h"
 #include "backend/xml/XmlDocument.h"
+#include "gui/forms/LearnButton.h"
 #include "gui/framework/ActivityLights.h"
 #include "gui/framework/DialogFrame.h"
 #include "gui/framework/EditBoxDialog.h"
@@ -101,6 +102,14 @@ void Parts::addStatus()
     recording->showFill(70);
     recording->showRecording(true);
     rows->addRow("Activity, record", inLine({inputs, off, recording}));
+
+    const LearnKinds kinds{.key = true, .midiEvent = true, .joystickButton = true, .joystickAxis = true};
+    auto* learn = new Forms::LearnButton(gui.getLearner(), kinds);
+    auto* waiting = new Forms::LearnButton(gui.getLearner(), kinds);
+    waiting->setChecked(true);
+    auto* disabled = new Forms::LearnButton(gui.getLearner(), kinds);
+    disabled->setEnabled(false);
+    rows->addRow("Learn, waiting", inLine({learn, waiting, disabled}));
 }
 
 void Parts::addPresets()
