@@ -102,6 +102,13 @@ void BarList::focusOutEvent(QFocusEvent* event)
 
 // --- drawing
 
+/// The room of the focus ring: it lies around the bar where there is a gap.
+QRect BarList::ringOf(const QRect& place) const
+{
+    const int around = getGdi().px(2);
+    return place.adjusted(0, -around, 0, around).intersected(rect());
+}
+
 void BarList::paintEvent(QPaintEvent* event)
 {
     QPainter painter(this);
@@ -113,19 +120,28 @@ void BarList::paintEvent(QPaintEvent* event)
     }
     for (int row = 0; row < getRowCount(); ++row) {
         const QRect place = getRowPlace(row);
-        if (!event->region().intersects(place)) continue;
+        if (!event->region().intersects(ringOf(place))) continue;
         paintRow(painter, row);
-        if (row == current && hasFocus()) Look::drawFocus(painter, getGdi(), place);
+        if (row == current && hasFocus()) Look::drawFocus(painter, getGdi(), ringOf(place));
     }
 }
 
-void BarList::paintBar(QPainter& painter, const QRect& bar, GdiManager::Role fill, const QString& text) const
+void BarList::paintBar(QPainter& painter, const QRect& bar, GdiManager::Role fill, const QString& text,
+                       int before) const
 {
     const QColor colour = getGdi().getColour(fill);
     painter.fillRect(bar, colour);
     painter.setFont(getGdi().getFont(GdiManager::FontRole::font9));
-    painter.setPen(Look::inkOn(colour));
-    painter.drawText(bar, Qt::AlignCenter | Qt::TextSingleLine,
-                     painter.fontMetrics().elidedText(text, Qt::ElideRight, bar.width()));
+    const int needed = painter.fontMetrics().horizontalAdvance(text);
+    if (needed <= bar.width()) {
+        painter.setPen(Look::inkOn(colour));
+        return painter.drawText(bar, Qt::AlignCenter | Qt::TextSingleLine, text);
+    }
+    const int gap = getGdi().px(3);
+    const int right = bar.right() + gap;
+    const int left = right + needed <= width() ? right : bar.left() - before - gap - needed;
+    painter.setPen(getGdi().getColour(GdiManager::Role::label));
+    painter.drawText(QRect(std::max(left, 0), bar.top(), width(), bar.height()), Qt::AlignVCenter | Qt::TextSingleLine,
+                     text);
 }
 }  // namespace Gui::Output

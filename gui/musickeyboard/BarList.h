@@ -48,8 +48,10 @@ protected:
     /// Without effects beyond this list; limited to the rows there are.
     void setCurrentRow(int row);
 
-    /// A bar with its text in the middle, or from the left edge where that has no room.
-    void paintBar(QPainter& painter, const QRect& bar, GdiManager::Role fill, const QString& text) const;
+    /// A bar with its text in the middle, or beside it if it is narrower than the text; `before` is the
+    /// width of what is at its left.
+    void paintBar(QPainter& painter, const QRect& bar, GdiManager::Role fill, const QString& text,
+                  int before = 0) const;
 
     void paintEvent(QPaintEvent* event) final;
     void keyPressEvent(QKeyEvent* event) override;
@@ -59,6 +61,7 @@ protected:
 
 private:
     void moveTo(int row);
+    QRect ringOf(const QRect& place) const;
 
     GuiContext& context;
     KeyOutlines keys;

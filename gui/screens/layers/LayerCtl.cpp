@@ -360,7 +360,7 @@ void LayerCtl::paintRow(QPainter& painter, int row)
     const Role fill = selection.isSelected(row) ? Role::selectedButton
                       : isHeard(layer)          ? Role::unselectedButton
                                                 : Role::unusedButton;
-    paintBar(painter, bar.adjusted(button.width(), 0, 0, 0), fill, textOf(layer));
+    paintBar(painter, bar.adjusted(button.width(), 0, 0, 0), fill, textOf(layer), button.width());
     paintBar(painter, button, isOn ? Role::text : Role::disabledButton, soloMode ? tr("S") : tr("M"));
     if (row == ranged) Look::drawFocus(painter, getGdi(), bar);
     if (!layer.selected) return;

@@ -96,6 +96,7 @@ void LayerEdits::copy(Id id) { addCopy(id, QObject::tr("double %1").arg(nameOf(i
 
 void LayerEdits::selectForFunctions()
 {
+    for (Layer& layer : layers) layer.selected = selection.isSelected(layer.id);
     gui.getOrvIF().getLayerMessageManager().postSetSelected(selection.getSelected());
 }
 }  // namespace Gui::Layers

@@ -28,7 +28,7 @@ public:
     using Id = Backend::Layers::LayerId;
 
     /// All must outlive it. `shownLayers` are the layers as the backend reported them.
-    LayerEdits(OrvGuiIF& owner, const std::vector<Backend::Layers::Layer>& shownLayers, Forms::Selection& selected)
+    LayerEdits(OrvGuiIF& owner, std::vector<Backend::Layers::Layer>& shownLayers, Forms::Selection& selected)
         : gui(owner), layers(shownLayers), selection(selected)
     {
     }
@@ -47,7 +47,7 @@ public:
     /// A copy behind it.
     void copy(Id id);
 
-    /// The selection of the window becomes that which functions use.
+    /// The selection of the window becomes that which functions use; the backend does not report that.
     void selectForFunctions();
 
 private:
@@ -55,7 +55,7 @@ private:
     void addCopy(Id id, const QString& name, Backend::Fields fields);
 
     OrvGuiIF& gui;
-    const std::vector<Backend::Layers::Layer>& layers;
+    std::vector<Backend::Layers::Layer>& layers;
     Forms::Selection& selection;
 };
 }  // namespace Gui::Layers
