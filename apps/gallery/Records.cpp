@@ -2,6 +2,7 @@
 
 #include <QBoxLayout>
 #include <QLabel>
+#include <utility>
 
 #include "api/OrvFactory.h"
 #include "api/OrvIF.h"
@@ -46,6 +47,7 @@ struct Records::Program {
         if (message.number == GuiMessage::LAYERS)
             GuiMessage::LAYERS.deliver(message, [this](const Layers::LayerList& reported) {
                 editor.report([this, reported] { layers.take(reported.getLayers()); });
+                if (std::exchange(isFirst, false)) open();
             });
         if (message.number == GuiMessage::EDIT_DONE)
             GuiMessage::EDIT_DONE.deliver(message, [this](const EditDone& done) {
@@ -55,7 +57,15 @@ struct Records::Program {
             });
     }
 
+    /// The settings of two layers that differ.
+    void open()
+    {
+        editor.getSelection().select({0, 1});
+        editor.setOpen(true);
+    }
+
     QLabel& status;
+    bool isFirst = true;
     SilentPlayer player;
     std::unique_ptr<OrvIF> orv = OrvFactory::makeOrv("", player, false);
     Gui::EditPoster edits{orv->getOrvMessageManager()};
