@@ -15,9 +15,12 @@ using namespace Backend;
 namespace
 {
 using Edit = FormField::Edit;
+using Backend::MidiEngine::MessageType;
+using Backend::MidiEngine::MidiMessage;
 using Kind = MidiTranslationValue::Kind;
 
 constexpr int HIGHEST_DATA = 127;
+constexpr int HIGHEST_TWO_BYTES = 16383;
 constexpr int CHANNELS = 16;
 constexpr int OCTAVE = 12;
 constexpr int WIDE_STEP = 10;
@@ -227,9 +230,41 @@ FieldMaker::Choices FieldMaker::getDataMenu() { return named(MidiEngine::getCont
 
 FieldMaker::Choices FieldMaker::getGmProgramMenu() { return named(MidiEngine::getProgramName); }
 
-void FieldMaker::addController(const QString& name, Access<int> value)
+void FieldMaker::addController(const QString& name, Access<int> value, IsUsed isUsed)
 {
-    addList(name, getDataMenu(), std::move(value));
+    addList(name, getDataMenu(), std::move(value), std::move(isUsed));
+}
+
+void FieldMaker::addEvent(const QString& name, const Access<MidiMessage>& value)
+{
+    Choices choices{{QObject::tr("None"), static_cast<int>(MessageType::none)}};
+    for (const MessageType type :
+         {MessageType::noteOn, MessageType::noteOff, MessageType::keyPressure, MessageType::controllerChange,
+          MessageType::programChange, MessageType::channelPressure, MessageType::pitchBend, MessageType::songPosition,
+          MessageType::songSelect})
+        choices.push_back({QString::fromStdString(MidiMessage(type).getEventName()), static_cast<int>(type)});
+    addList(name, std::move(choices),
+            {[value] { return static_cast<int>(value.get().getStatus()); },
+             [value](int type) {
+                 MidiMessage event = value.get();
+                 event.setMessageType(static_cast<MessageType>(type));
+                 value.set(event);
+             }});
+    const Access<int> data{[value] { return static_cast<int>(value.get().getD1()); },
+                           [value](int d1) {
+                               MidiMessage event = value.get();
+                               event.setD1(d1);
+                               value.set(event);
+                           }};
+    addController(QObject::tr("Controller"), data, [value] { return value.get().isControllerChange(); });
+    addNumber(QObject::tr("Note"), {.isNote = true}, data,
+              [value] { return value.get().isNote() || value.get().getStatus() == MessageType::keyPressure; });
+}
+
+FormField::Range FieldMaker::getValueRange(const MidiMessage& event)
+{
+    const bool hasTwoBytes = event.isPitchBend() || event.getStatus() == MessageType::songPosition;
+    return {0, hasTwoBytes ? HIGHEST_TWO_BYTES : HIGHEST_DATA};
 }
 
 void FieldMaker::addProgram(const QString& name, Access<int> value)

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "backend/values/Fraction.h"
+#include "backend/values/MidiMessage.h"
 #include "backend/values/MidiTranslationValue.h"
 #include "backend/values/NoteToggle.h"
 #include "backend/values/OnOffToggle.h"
@@ -65,7 +66,11 @@ public:
     static Choices getDataMenu();
     /// The programs of General MIDI: "0 Acoustic Grand".
     static Choices getGmProgramMenu();
-    void addController(const QString& name, Access<int> value);
+    void addController(const QString& name, Access<int> value, IsUsed isUsed = {});
+    /// A list of the kinds of events that carry a value, and none; the controller, or the note, of those that have one.
+    void addEvent(const QString& name, const Access<Backend::MidiEngine::MidiMessage>& value);
+    /// The values that an event carries: two data bytes in a pitch bend or a song position, else one.
+    static FormField::Range getValueRange(const Backend::MidiEngine::MidiMessage& event);
     void addProgram(const QString& name, Access<int> value);
 
     void addValue(const QString& name, Access<OnOffToggle> value);

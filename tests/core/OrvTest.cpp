@@ -76,7 +76,13 @@ TEST(Orv, MakesTheWindowThatItWasGivenWithWhatItKnowsAndLaterSendsItAll)
                                                                        PRESETS,
                                                                        LAYERS,
                                                                        PRESETS,
-                                                                       ZONES}))
+                                                                       ZONES,
+                                                                       SECTION_PRESET,
+                                                                       SECTION_PRESET,
+                                                                       SECTION_PRESET,
+                                                                       SECTION_PRESET,
+                                                                       SECTION_PRESET,
+                                                                       SECTION_PRESET}))
         << "all sections, with their presets";
 }
 

@@ -4,6 +4,7 @@
 #include "backend/bindings/translations/TranslationFactories.h"
 #include "gui/forms/BindingFields.h"
 #include "gui/forms/BindingPicker.h"
+#include "gui/forms/FieldMaker.h"
 #include "gui/forms/SettingsForm.h"
 #include "tests/gui/GuiStage.h"
 #include "tests/sections/KeyStage.h"
@@ -165,6 +166,29 @@ TEST_F(Forms, ShowWhereRecordsDifferAndSetAllOfThem)
     EXPECT_EQ(valuesOf(lowFields), valuesOf(highFields));
     EXPECT_EQ(valuesOf(lowFields), "Zone= Output=Default Channel=Default Note=D#4 Velocity=101 ");
     EXPECT_EQ(changed, (std::vector<QString>{"Velocity", "Note"}));
+}
+
+TEST_F(Forms, TheLimitsOfAValueFollowItsEvent)
+{
+    MidiEngine::MidiMessage event(MidiEngine::MessageType::controllerChange, 7);
+    int top = 127;
+    FieldMaker maker(lists);
+    maker.addEvent("Event", {[&] { return event; }, [&](MidiEngine::MidiMessage chosen) { event = chosen; }});
+    maker.addNumber("Highest", {.follow = [&] { return FieldMaker::getValueRange(event); }},
+                    {[&] { return top; }, [&](int value) { top = value; }});
+    const FieldList fields = maker.take();
+    form->setRecords({fields});
+    settle();
+    EXPECT_EQ(valuesOf(fields), "Event=Controller Change Controller=7 Channel Volume Highest=127 ");
+    type("Highest", "9999");
+    EXPECT_EQ(top, 127);
+    fields[0].set("Pitch Bend");
+    form->follow();
+    EXPECT_FALSE(fields[1].isUsed() || fields[2].isUsed());
+    type("Highest", "99999");
+    EXPECT_EQ(top, 16383);
+    fields[0].set("None");
+    EXPECT_FALSE(event.isValid());
 }
 
 TEST_F(Forms, PickABindingByFamilyOrByTyping)
