@@ -22,6 +22,7 @@ TITLE = "^Orvane 3$"
 
 SCREENS = ["system", "help", "display", "oscillators", "joystick", "midi-input", "computer-input", "controls", "output",
            "layers", "cc", "zones"]  # in the order of the setting
+BELOW_OUTPUT = ["layers", "zones"]  # shown with that screen
 HELD_KEYS = [24, 26, 28]  # Q, E and T, by their positions
 DIALOGS = [  # picture, title, the screen with its button, the position of the button, the keys that choose from its menu
     ("setup-dialog", "Setup", "system", (922, 146), []),  # its page of the record
@@ -146,7 +147,8 @@ class NewUser:
     def showOnly(self, screen):
         """To be called after a window was open. A screen that does not exist leaves the three buttons."""
         (path,) = glob.glob(self.folder + "/config/**/3.2", recursive=True)
-        state = "".join("Y" if each == screen else "N" for each in SCREENS)
+        shown = [screen, "output"] if screen in BELOW_OUTPUT else [screen]
+        state = "".join("Y" if each in shown else "N" for each in SCREENS)
         with open(path) as file:
             text = re.sub("ScreenState=.*", "ScreenState=string:" + state, file.read())
         with open(path, "w") as file:
