@@ -8,8 +8,8 @@
 
 namespace Gui::Forms
 {
-RecordForm::RecordForm(GuiContext& owner, RecordEditor& shownEditor, QWidget* parent)
-    : QWidget(parent), editor(shownEditor), form(new SettingsForm(owner))
+RecordForm::RecordForm(GuiContext& owner, RecordEditor& shownEditor, QWidget* parent, int columns)
+    : QWidget(parent), editor(shownEditor), form(new SettingsForm(owner, nullptr, columns))
 {
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins({});

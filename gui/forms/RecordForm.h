@@ -22,7 +22,7 @@ class RecordForm final : public QWidget
 {
 public:
     /// The editor must outlive it.
-    RecordForm(GuiContext& owner, RecordEditor& shownEditor, QWidget* parent = nullptr);
+    RecordForm(GuiContext& owner, RecordEditor& shownEditor, QWidget* parent = nullptr, int columns = 1);
 
 private:
     void showSelected();

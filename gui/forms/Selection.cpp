@@ -195,7 +195,7 @@ bool Selection::hasRecord(Id id) const { return std::ranges::find(records, id) !
 void Selection::selectRange(State& next, Id to) const
 {
     if (!next.anchor) next.anchor = next.current.value_or(to);
-    const auto [from, until] = std::minmax(indexOf(records, *next.anchor), indexOf(records, to));
+    const auto [from, until] = std::minmax({indexOf(records, *next.anchor), indexOf(records, to)});
     next.selected.insert(records.begin() + from, records.begin() + until + 1);
     next.current = to;
 }

@@ -21,6 +21,7 @@ namespace
 using Edit = FormField::Edit;
 
 constexpr int CONTROL_WIDTH = 180;  // logical pixels
+constexpr int PARTS = 3;            // of a row
 
 bool isNumber(const FormField& field)
 {
@@ -75,11 +76,11 @@ private:
     const bool canBeDragged;
 };
 
-SettingsForm::SettingsForm(GuiContext& owner, QWidget* parent)
-    : QWidget(parent), context(owner), grid(new QGridLayout(this))
+SettingsForm::SettingsForm(GuiContext& owner, QWidget* parent, int columnCount)
+    : QWidget(parent), context(owner), columns(columnCount), grid(new QGridLayout(this))
 {
     grid->setContentsMargins({});
-    grid->setColumnStretch(2, 1);
+    for (int column = 0; column < columns; ++column) grid->setColumnStretch(column * PARTS + 2, 1);
 }
 
 void SettingsForm::setRecords(std::vector<std::vector<FormField>> fieldsOfRecords)
@@ -101,7 +102,9 @@ void SettingsForm::setRecords(std::vector<std::vector<FormField>> fieldsOfRecord
 void SettingsForm::addRow(const FormField& field)
 {
     const std::size_t index = rows.size();
-    const int line = static_cast<int>(index);
+    const int lines = (static_cast<int>(records.front().size()) + columns - 1) / columns;
+    const int line = static_cast<int>(index) % lines;
+    const int column = static_cast<int>(index) / lines * PARTS;
     Row row{.label = new FieldName(*this, index, field), .edit = nullptr, .list = nullptr, .remark = new QLabel};
     if (field.choices.empty()) {
         row.edit = new EditBox;
@@ -128,9 +131,9 @@ void SettingsForm::addRow(const FormField& field)
     connect(row.edit, &QLineEdit::editingFinished, this, [this, index, edit = row.edit] {
         if (edit->isModified()) change(index, edit->text());
     });
-    grid->addWidget(row.label, line, 0);
-    grid->addWidget(row.edit, line, 1);
-    grid->addWidget(row.remark, line, 2);
+    grid->addWidget(row.label, line, column);
+    grid->addWidget(row.edit, line, column + 1);
+    grid->addWidget(row.remark, line, column + 2);
     rows.push_back(row);
 }
 

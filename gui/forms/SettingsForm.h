@@ -27,7 +27,8 @@ namespace Gui::Forms
 class SettingsForm final : public QWidget
 {
 public:
-    explicit SettingsForm(GuiContext& owner, QWidget* parent = nullptr);
+    /// Rows go from top to bottom through `columnCount` columns.
+    explicit SettingsForm(GuiContext& owner, QWidget* parent = nullptr, int columnCount = 1);
 
     /// Called after the user has changed a field of all records: its name.
     std::function<void(const QString& name)> onChange;
@@ -66,6 +67,7 @@ private:
     void drag(std::size_t row, int steps, bool wide);
 
     GuiContext& context;
+    const int columns;
     QGridLayout* grid;
     std::vector<std::vector<FormField>> records;
     std::vector<Row> rows;

@@ -1,5 +1,6 @@
 #include "backend/messages/LayerMessageManager.h"
 #include "backend/sections/layers/LayerManager.h"
+#include "gui/forms/RecordForm.h"
 #include "gui/framework/EditPoster.h"
 #include "gui/musickeyboard/MusicKeyboardCtl.h"
 #include "gui/screens/layers/LayerCtl.h"
@@ -157,8 +158,8 @@ TEST_F(LayerScreen, MutesSolosCopiesAndDeletes)
     click(0, Qt::LeftButton, Qt::ControlModifier);
     EXPECT_TRUE(list->isRowSelected(0) && list->isRowSelected(1));
 
-    click(1, Qt::RightButton);
-    EXPECT_NE(menu().find("Copy Layer 2 To Channel"), std::string::npos) << menu();
+    operate("Menu of the layer");
+    EXPECT_NE(menu().find("Copy Layer 1 To Channel"), std::string::npos) << menu();
     choose("Show Layer Info");
     EXPECT_TRUE(control<QPushButton>("Layer info").isChecked());
 
@@ -167,10 +168,45 @@ TEST_F(LayerScreen, MutesSolosCopiesAndDeletes)
     gui->getEdits().undo();
     EXPECT_EQ(rows().substr(rows().rfind('\n')), "\nLayer 3, C-1 to G9, channel 1");
     EXPECT_EQ(list->getRowCount(), 3);
+    for (const int selected : {0, 1}) click(selected, Qt::LeftButton, Qt::ControlModifier);
     operate("Delete layers");
     EXPECT_EQ(list->getRowCount(), 3) << "it was posted";
     EXPECT_NE(rows().find("Layer 2, C-1 to G9, channel 1, muted"), std::string::npos) << "the last one went";
     EXPECT_EQ(list->getRowCount(), 2);
+}
+
+TEST_F(LayerScreen, SetsWhatIsSelectedBeneathIt)
+{
+    showLayers({{}, {}});
+    const auto isOpen = [this] {
+        return std::ranges::any_of(surroundings.findChildren<QWidget*>(), [](const QWidget* each) {
+            return dynamic_cast<const Gui::Forms::RecordForm*>(each) != nullptr && each->isVisible();
+        });
+    };
+    EXPECT_FALSE(isOpen());
+    const int height = size.height();
+    click(1, Qt::RightButton);
+    settle();
+    EXPECT_TRUE(isOpen());
+    EXPECT_GT(size.height(), height + 100);
+    click(0, Qt::LeftButton, Qt::ShiftModifier);
+    const auto type = [&](const char* field, const char* text) {
+        auto& edit = control<QLineEdit>(field);
+        edit.setFocus();
+        edit.selectAll();
+        QTest::keyClicks(&edit, text);
+        QTest::keyClick(&edit, Qt::Key_Return);
+        settle();
+    };
+    type("Transpose", "+12");
+    type("Highest note", "b3");
+    EXPECT_EQ(statusAndNote("Z"), "90 3c");
+    EXPECT_EQ(rows(), "Layer 1, C-1 to B3, channel 1\nLayer 2, C-1 to B3, channel 1");
+    gui->getEdits().undo();
+    EXPECT_EQ(rows(), "Layer 1, C-1 to G9, channel 1\nLayer 2, C-1 to G9, channel 1");
+    QTest::keyClick(list, Qt::Key_Return);
+    settle();
+    EXPECT_FALSE(isOpen());
 }
 
 TEST_F(LayerScreen, IsOperatedByKeys)
@@ -187,7 +223,7 @@ TEST_F(LayerScreen, IsOperatedByKeys)
     EXPECT_EQ(key(Qt::Key_Left, Qt::ControlModifier), "Layer 2, C-1 to G9, channel 1") << "as far as it goes";
     EXPECT_EQ(key(Qt::Key_Left, Qt::ControlModifier | Qt::ShiftModifier), "Layer 2, C-1 to G8, channel 1");
     EXPECT_EQ(key(Qt::Key_Space), "Layer 2, C-1 to G8, channel 1, muted");
-    EXPECT_EQ(key(Qt::Key_D, Qt::ControlModifier), "Layer 2, C-1 to G8, channel 1, muted");
+    EXPECT_EQ(key(Qt::Key_D, Qt::ControlModifier), "Layer 3, C-1 to G8, channel 1, muted");
     EXPECT_EQ(list->getRowCount(), 3);
     EXPECT_EQ(key(Qt::Key_Home), "Layer 1, C-1 to G9, channel 1");
     key(Qt::Key_Delete);

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "api/OrvGuiIF.h"
+#include "gui/forms/LayerRecords.h"
 #include "gui/forms/Selection.h"
 #include "gui/framework/EditPoster.h"
 #include "gui/framework/Look.h"
@@ -28,7 +29,7 @@ constexpr int CHANNELS = 16;
 constexpr int HIGHEST_NOTE = 127;
 constexpr int MARK = 5;  // logical pixels
 
-enum MenuItem { settings = 100, mute, solo, range, add, twice, remove, soloMode, info };
+enum MenuItem { mute = 100, solo, range, add, soloMode, info, channel };  // the last one is the first channel
 
 QString noteName(Backend::MidiEngine::Note note)
 {
@@ -36,7 +37,7 @@ QString noteName(Backend::MidiEngine::Note note)
 }
 }  // namespace
 
-LayerCtl::LayerCtl(OrvGuiIF& owner, const std::vector<Layer>& shownLayers, Forms::Selection& selected,
+LayerCtl::LayerCtl(OrvGuiIF& owner, const Forms::LayerRecords& shownLayers, Forms::Selection& selected,
                    LayerEdits& changes, QWidget* parent)
     : BarList(owner, parent), gui(owner), layers(shownLayers), selection(selected), edits(changes)
 {
@@ -80,9 +81,11 @@ void LayerCtl::setInfoMode(bool on)
 
 // --- the rows
 
+int LayerCtl::getRowCount() const { return static_cast<int>(layers.size()); }
+
 Layer LayerCtl::shownLayer(int row) const
 {
-    Layer layer = layers[static_cast<std::size_t>(row)];
+    Layer layer = layers.at(row);
     const bool isEdited = wanted && wanted->layer == layer.id && !gui.getEdits().isIdle();
     if (isEdited) {
         layer.minNote = Backend::MidiEngine::Note(wanted->low);
@@ -132,7 +135,8 @@ void LayerCtl::selectRow(int row)
 /// Whether it plays what it takes.
 bool LayerCtl::isHeard(const Layer& layer) const
 {
-    return !layer.mute && (layer.solo || std::ranges::none_of(layers, &Layer::solo));
+    const auto isSolo = [this](Id id) { return layers.at(id).solo; };
+    return !layer.mute && (layer.solo || std::ranges::none_of(layers.getIds(), isSolo));
 }
 
 // --- the mouse
@@ -149,7 +153,7 @@ void LayerCtl::mousePressEvent(QMouseEvent* event)
             return click(row, part, event->modifiers());
         case Qt::RightButton:
             selection.clickForMenu(row);
-            if (part == Part::row || part == Part::button || !onOpenSettings)
+            if (part == Part::row || part == Part::button)
                 showRowMenu(row, event->globalPosition().toPoint());
             else
                 onOpenSettings();
@@ -232,18 +236,15 @@ bool LayerCtl::useKey(const QKeyEvent& event)
 {
     const int row = getCurrentRow();
     const auto modifiers = event.modifiers() & ~Qt::KeypadModifier;
-    if (modifiers == Qt::ControlModifier && event.key() == Qt::Key_D && row >= 0) {
-        edits.copy(row);
-        return true;
-    }
+    if (modifiers == Qt::ControlModifier && row >= 0 && selection.getSelected().empty()) selectRow(row);
     if (moveEndByKey(event) || selectByKey(event)) return true;
-    if (modifiers != Qt::NoModifier) return false;
+    if (modifiers != Qt::NoModifier) return edits.useKey(event);
     switch (event.key()) {
         case Qt::Key_Return:
         case Qt::Key_Enter:
             if (row >= 0 && !selection.isSelected(row)) selectRow(row);
-            if (onOpenSettings) onOpenSettings();
-            return onOpenSettings != nullptr;
+            onOpenSettings();
+            return true;
         case Qt::Key_Space:
             if (row >= 0) pressButton(row);
             return true;
@@ -297,29 +298,25 @@ void LayerCtl::showRowMenu(int row, const QPoint& globalPosition)
 {
     const bool isLayer = row >= 0 && row < getRowCount();
     if (isLayer) selection.clickForMenu(row);
-    const Layer layer = isLayer ? layers[static_cast<std::size_t>(row)] : Layer();
+    const Layer layer = isLayer ? layers.at(row) : Layer();
     auto* menu = new PopupMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
     const auto item = [&](const QString& text, int id, bool enabled = true) {
         menu->addItem({.text = text, .enabled = enabled, .id = id});
     };
-    if (onOpenSettings) item(tr("Settings\tEnter"), settings, isLayer);
+    edits.addTo(*menu);
     item(layer.mute ? tr("Unmute") : tr("Mute"), mute, isLayer);
     item(layer.solo ? tr("End Solo") : tr("Solo"), solo, isLayer);
     item(tr("Set Range On The Piano Keyboard"), range, isLayer);
     PopupMenu& channels = menu->addSubMenu(tr("Copy Layer %1 To Channel").arg(row + 1), isLayer);
-    channels.addItem({.text = tr("Default"), .id = 0});
-    for (int channel = 1; channel <= CHANNELS; ++channel)
-        channels.addItem({.text = QString::number(channel), .id = channel});
+    channels.addItem({.text = tr("Default"), .id = channel});
+    for (int number = 1; number <= CHANNELS; ++number)
+        channels.addItem({.text = QString::number(number), .id = channel + number});
     item(tr("Add Layer\tIns"), add);
-    item(tr("Double Layer\tCtrl+D"), twice, isLayer);
-    item(tr("Delete Layer\tDel"), remove, isLayer);
     item(soloMode ? tr("Mute Buttons") : tr("Solo Buttons"), MenuItem::soloMode);
     item(infoMode ? tr("Hide Layer Info") : tr("Show Layer Info"), info);
     menu->onChosen = [this, row](int chosen) {
         switch (chosen) {
-            case settings:
-                return onOpenSettings();
             case mute:
                 return edits.toggleMute(row);
             case solo:
@@ -328,16 +325,12 @@ void LayerCtl::showRowMenu(int row, const QPoint& globalPosition)
                 return onSelectRange(row);
             case add:
                 return edits.add();
-            case twice:
-                return edits.copy(row);
-            case remove:
-                return edits.remove();
             case MenuItem::soloMode:
                 return setSoloMode(!soloMode);
             case info:
                 return setInfoMode(!infoMode);
             default:
-                return edits.copyToChannel(row, chosen - 1);
+                if (chosen >= channel) edits.copyToChannel(row, chosen - channel - 1);
         }
     };
     menu->show(globalPosition);

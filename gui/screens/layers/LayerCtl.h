@@ -14,8 +14,9 @@ class OrvGuiIF;
 
 namespace Forms
 {
+class LayerRecords;
 class Selection;
-}
+}  // namespace Forms
 }  // namespace Gui
 
 namespace Gui::Layers
@@ -31,10 +32,10 @@ public:
     using Id = Backend::Layers::LayerId;
 
     /// All must outlive it.
-    LayerCtl(OrvGuiIF& owner, const std::vector<Backend::Layers::Layer>& shownLayers, Forms::Selection& selected,
-             LayerEdits& changes, QWidget* parent);
+    LayerCtl(OrvGuiIF& owner, const Forms::LayerRecords& shownLayers, Forms::Selection& selected, LayerEdits& changes,
+             QWidget* parent);
 
-    std::function<void()> onOpenSettings;      ///< of the selected layers
+    std::function<void()> onOpenSettings;      ///< opens those of the selected layers, or closes them
     std::function<void(Id id)> onSelectRange;  ///< a click with the middle button, or from the menu
     std::function<void()> onModeChange;
 
@@ -55,7 +56,7 @@ public:
     /// The popup menu of a layer.
     void showRowMenu(int row, const QPoint& globalPosition) override;
 
-    int getRowCount() const override { return static_cast<int>(layers.size()); }
+    int getRowCount() const override;
     /// "Layer 2, C4 to G9, channel 2, muted".
     QString getRowName(int row) const override;
     QRect getRowPlace(int row) const override;
@@ -99,7 +100,7 @@ private:
     QString routeOf(const Backend::Layers::Layer& layer) const;
 
     OrvGuiIF& gui;
-    const std::vector<Backend::Layers::Layer>& layers;
+    const Forms::LayerRecords& layers;
     Forms::Selection& selection;
     LayerEdits& edits;
     bool soloMode = false;

@@ -2,15 +2,14 @@
 
 #include <QObject>
 #include <QString>
-#include <algorithm>
-#include <utility>
 
 #include "api/OrvGuiIF.h"
 #include "api/OrvIF.h"
 #include "api/OrvMessageManager.h"
 #include "backend/messages/LayerMessageManager.h"
 #include "backend/xml/XmlWriter.h"
-#include "gui/forms/Selection.h"
+#include "gui/forms/LayerRecords.h"
+#include "gui/forms/RecordEditor.h"
 #include "gui/framework/EditPoster.h"
 
 namespace Gui::Layers
@@ -18,27 +17,22 @@ namespace Gui::Layers
 using namespace Backend;
 using Backend::Layers::Layer;
 
-namespace
-{
-QString nameOf(Backend::Layers::LayerId id) { return QObject::tr("layer %1").arg(id + 1); }
-}  // namespace
+bool LayerEdits::hasLayer(Id id) const { return id >= 0 && id < static_cast<Id>(layers.size()); }
 
 void LayerEdits::setRange(Id id, int lowNote, int highNote, std::uint32_t gesture)
 {
     if (!hasLayer(id)) return;
-    const auto text = [](int note) { return MidiEngine::Note(note).toXmlString(); };
-    gui.getEdits().post({.section = Layer::SECTION,
-                         .name = QObject::tr("%1 range").arg(nameOf(id)).toStdString(),
-                         .gesture = gesture,
-                         .records = {{.id = id, .fields = {{"minNote", text(lowNote)}, {"maxNote", text(highNote)}}}}});
+    editor.change({id}, QObject::tr("range"), gesture, [&] {
+        layers.at(id).minNote = MidiEngine::Note(lowNote);
+        layers.at(id).maxNote = MidiEngine::Note(highNote);
+    });
 }
 
 void LayerEdits::toggleMute(Id id)
 {
     if (!hasLayer(id)) return;
-    const bool isMuted = layers[static_cast<std::size_t>(id)].mute;
-    gui.getEdits().change(Layer::SECTION, id, {"mute", isMuted ? "false" : "true"},
-                          QObject::tr("%1 mute").arg(nameOf(id)).toStdString(), gui.getEdits().beginGesture());
+    editor.change({id}, QObject::tr("mute"), editor.getEdits().beginGesture(),
+                  [&] { layers.at(id).mute = !layers.at(id).mute; });
 }
 
 /// Files do not hold it.
@@ -51,52 +45,41 @@ void LayerEdits::toggleSolo(Id id)
 
 void LayerEdits::add()
 {
-    const auto selected = selection.getSelected();
+    const auto selected = editor.getSelection().getSelected();
     const Id place = selected.empty() ? static_cast<Id>(layers.size()) : selected.front();
-    gui.getEdits().post({.section = Layer::SECTION,
-                         .name = QObject::tr("add %1").arg(nameOf(place)).toStdString(),
-                         .gesture = gui.getEdits().beginGesture(),
-                         .records = {{.kind = RecordEdit::Kind::add, .id = place}}});
-    selection.added(place);
+    editor.getEdits().post({.section = Layer::SECTION,
+                            .name = QObject::tr("add %1").arg(layers.nameOf(place)).toStdString(),
+                            .gesture = editor.getEdits().beginGesture(),
+                            .records = {{.kind = RecordEdit::Kind::add, .id = place}}});
 }
 
-/// From the last one on, because those behind move up.
 void LayerEdits::remove()
 {
-    auto ids = selection.getSelected();
-    if (ids.empty() && !layers.empty()) ids = {static_cast<Id>(layers.size()) - 1};
-    if (ids.empty()) return;
-    const QString name = ids.size() == 1 ? QObject::tr("delete %1").arg(nameOf(ids.front()))
-                                         : QObject::tr("delete %1 layers").arg(ids.size());
-    std::ranges::reverse(ids);
-    Edit edit{
-        .section = Layer::SECTION, .name = name.toStdString(), .gesture = gui.getEdits().beginGesture(), .records = {}};
-    for (const Id id : ids) edit.records.push_back({.kind = RecordEdit::Kind::remove, .id = id});
-    gui.getEdits().post(std::move(edit));
-    for (const Id id : ids) selection.removed(id);
-}
-
-void LayerEdits::addCopy(Id id, const QString& name, Fields fields)
-{
-    if (!hasLayer(id)) return;
-    gui.getEdits().post(
-        {.section = Layer::SECTION,
-         .name = name.toStdString(),
-         .gesture = gui.getEdits().beginGesture(),
-         .records = {{.kind = RecordEdit::Kind::add, .id = id + 1, .fields = std::move(fields), .copyOf = id}}});
-    selection.added(id + 1);
+    if (editor.getSelection().getSelected().empty() && layers.size() > 0)
+        editor.getSelection().select({static_cast<Id>(layers.size()) - 1});
+    editor.execute(Forms::RecordEditor::Command::remove);
 }
 
 void LayerEdits::copyToChannel(Id id, int channel)
 {
-    addCopy(id, QObject::tr("copy %1 to channel").arg(nameOf(id)), {{"channel", std::to_string(channel)}});
+    if (!hasLayer(id)) return;
+    editor.getEdits().post({.section = Layer::SECTION,
+                            .name = QObject::tr("copy %1 to channel").arg(layers.nameOf(id)).toStdString(),
+                            .gesture = editor.getEdits().beginGesture(),
+                            .records = {{.kind = RecordEdit::Kind::add,
+                                         .id = id + 1,
+                                         .fields = {{"channel", std::to_string(channel)}},
+                                         .copyOf = id}}});
 }
 
-void LayerEdits::copy(Id id) { addCopy(id, QObject::tr("double %1").arg(nameOf(id)), {}); }
+bool LayerEdits::useKey(const QKeyEvent& event) { return editor.useKey(event); }
+
+void LayerEdits::addTo(PopupMenu& menu) { editor.addTo(menu); }
 
 void LayerEdits::selectForFunctions()
 {
-    for (Layer& layer : layers) layer.selected = selection.isSelected(layer.id);
+    const Forms::Selection& selection = editor.getSelection();
+    for (const Id id : layers.getIds()) layers.at(id).selected = selection.isSelected(id);
     gui.getOrvIF().getLayerMessageManager().postSetSelected(selection.getSelected());
 }
 }  // namespace Gui::Layers

@@ -1,21 +1,22 @@
 #pragma once
 
 #include <cstdint>
-#include <vector>
 
-#include "backend/model/Edit.h"
 #include "backend/model/Layer.h"
 
-class QString;
+class QKeyEvent;
 
 namespace Gui
 {
 class OrvGuiIF;
 
+class PopupMenu;
+
 namespace Forms
 {
-class Selection;
-}
+class LayerRecords;
+class RecordEditor;
+}  // namespace Forms
 }  // namespace Gui
 
 namespace Gui::Layers
@@ -27,9 +28,9 @@ class LayerEdits
 public:
     using Id = Backend::Layers::LayerId;
 
-    /// All must outlive it. `shownLayers` are the layers as the backend reported them.
-    LayerEdits(OrvGuiIF& owner, std::vector<Backend::Layers::Layer>& shownLayers, Forms::Selection& selected)
-        : gui(owner), layers(shownLayers), selection(selected)
+    /// All must outlive it.
+    LayerEdits(OrvGuiIF& owner, Forms::LayerRecords& shownLayers, Forms::RecordEditor& recordEditor)
+        : gui(owner), layers(shownLayers), editor(recordEditor)
     {
     }
 
@@ -44,18 +45,19 @@ public:
     void remove();
     /// A copy behind it; below 0 on the default channel.
     void copyToChannel(Id id, int channel);
-    /// A copy behind it.
-    void copy(Id id);
+
+    /// The commands on the selected layers.
+    bool useKey(const QKeyEvent& event);
+    void addTo(PopupMenu& menu);
 
     /// The selection of the window becomes that which functions use; the backend does not report that.
     void selectForFunctions();
 
 private:
-    bool hasLayer(Id id) const { return id >= 0 && id < static_cast<Id>(layers.size()); }
-    void addCopy(Id id, const QString& name, Backend::Fields fields);
+    bool hasLayer(Id id) const;
 
     OrvGuiIF& gui;
-    std::vector<Backend::Layers::Layer>& layers;
-    Forms::Selection& selection;
+    Forms::LayerRecords& layers;
+    Forms::RecordEditor& editor;
 };
 }  // namespace Gui::Layers

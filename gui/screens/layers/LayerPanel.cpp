@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "api/OrvGuiIF.h"
+#include "gui/forms/EditableSections.h"
 #include "gui/framework/EditPoster.h"
 #include "gui/framework/GdiManager.h"
 #include "gui/framework/GuiMessageManagerMaster.h"
@@ -30,19 +31,35 @@ constexpr int MOST_ROWS = 10;
 LayerPanel::LayerPanel(OrvGuiIF& owner, Panel* around)
     : Panel(around),
       gui(owner),
-      edits(owner, layers, selection),
+      editor(layers, owner.getEdits(), [this](const QString& text) { gui.displayMessage(text.toStdString()); }),
+      edits(owner, layers, editor),
       messages(*this),
-      list(new LayerCtl(owner, layers, selection, edits, nullptr)),
+      list(new LayerCtl(owner, layers, editor.getSelection(), edits, nullptr)),
       view(new Output::BarView(owner.getGdiManager(), *list, LayerGeometry::TOP + MOST_ROWS * LayerGeometry::PITCH,
                                this))
 {
     makeButtons();
-    selection.onChange = [this] { list->layersChanged(); };
+    editor.observe(*this, [this] {
+        takeLists();
+        list->layersChanged();
+        fit();
+    });
+    list->onOpenSettings = [this] { editor.execute(Forms::RecordEditor::Command::settings); };
     list->onSelectRange = [this](Id id) { selectRange(id); };
     list->onModeChange = [this] { showModes(); };
     rangeSelect.onEnd = [this] { list->setRangedLayer(-1); };
     fit();
+    gui.getEditableSections().add(editor, *list);
     gui.getGuiMessageManagerMaster().addMessageManager(&messages);
+}
+
+/// What the settings offer.
+void LayerPanel::takeLists()
+{
+    lists.outputs.clear();
+    for (const auto& port : gui.getMidiOutputPorts()) lists.outputs << QString::fromStdString(port.getName());
+    lists.sequences.clear();
+    for (const std::string& name : gui.getSequencePresetList()) lists.sequences << QString::fromStdString(name);
 }
 
 void LayerPanel::makeButtons()
@@ -81,11 +98,6 @@ void LayerPanel::showModes()
     infoButton->setChecked(list->isInfoMode());
 }
 
-void LayerPanel::setOpenSettings(std::function<void(const Forms::Selection&)> openSettings)
-{
-    list->onOpenSettings = [this, open = std::move(openSettings)] { open(selection); };
-}
-
 void LayerPanel::scaleChanged()
 {
     list->rescale();
@@ -108,11 +120,10 @@ void LayerPanel::hideEvent(QHideEvent* event)
 /// A second request for the same layer ends it.
 void LayerPanel::selectRange(Id id)
 {
-    const bool isSame = rangeSelect.isActive() && selection.isCurrent(id);
+    const bool isSame = rangeSelect.isActive() && editor.getSelection().isCurrent(id);
     rangeSelect.end();
     if (isSame) return;
     list->selectRow(id);
-    if (list->onOpenSettings) list->onOpenSettings();
     rangeSelect.begin(gui.getMainMusicKeyboardCtl(),
                       [this, id, gesture = gui.getEdits().beginGesture()](int low, int high) {
                           list->setRange(id, low, high, gesture);
@@ -127,20 +138,14 @@ void LayerPanel::selectRange(Id id)
 
 void LayerPanel::handleLayers(const Backend::Layers::LayerList& newLayers)
 {
-    layers = newLayers.getLayers();
-    std::vector<Backend::RecordId> ids;
-    for (const Layer& layer : layers) ids.push_back(layer.id);
-    selection.setRecords(std::move(ids));
-    list->layersChanged();
-    fit();
+    editor.report([this, all = newLayers.getLayers()] { layers.take(all); });
 }
 
-template <class Change>
-void LayerPanel::change(Id id, Change&& change)
+void LayerPanel::change(Id id, std::function<void(Layer& layer)> change)
 {
-    if (id < 0 || id >= static_cast<Id>(layers.size())) return;
-    change(layers[static_cast<std::size_t>(id)]);
-    list->layersChanged();
+    editor.report([this, id, set = std::move(change)] {
+        if (id >= 0 && id < static_cast<Id>(layers.size())) set(layers.at(id));
+    });
 }
 
 void LayerPanel::handleLayerSelected(Id id, bool selected)
@@ -183,20 +188,20 @@ void LayerPanel::handleLayerEdit(const SelectType& select)
 {
     switch (select.kind) {
         case SelectType::Kind::specific:
-            selection.select({select.value});
+            editor.getSelection().select({select.value});
             break;
         case SelectType::Kind::up:
-            selection.move(Forms::Selection::Step::next, {});
+            editor.getSelection().move(Forms::Selection::Step::next, {});
             break;
         case SelectType::Kind::down:
-            selection.move(Forms::Selection::Step::previous, {});
+            editor.getSelection().move(Forms::Selection::Step::previous, {});
             break;
         case SelectType::Kind::all:
-            selection.selectAll();
+            editor.getSelection().selectAll();
             break;
         case SelectType::Kind::selected:
             break;
     }
-    if (list->onOpenSettings) list->onOpenSettings();
+    editor.setOpen(!editor.getSelection().getSelected().empty());
 }
 }  // namespace Gui::Layers

@@ -6,7 +6,8 @@
 
 #include "backend/model/LayerList.h"
 #include "backend/values/SelectType.h"
-#include "gui/forms/Selection.h"
+#include "gui/forms/LayerRecords.h"
+#include "gui/forms/RecordEditor.h"
 #include "gui/framework/Panel.h"
 #include "gui/screens/layers/LayerEdits.h"
 #include "gui/screens/layers/LayerGuiMessageManager.h"
@@ -36,10 +37,8 @@ public:
 
     LayerPanel(OrvGuiIF& owner, Panel* around);
 
-    /// Which layers the window edits.
-    Forms::Selection& getSelection() { return selection; }
-    /// Called to show the settings of the selected layers; null where there are none.
-    void setOpenSettings(std::function<void(const Forms::Selection&)> openSettings);
+    /// Which layers the window edits, and what it does to them.
+    Forms::RecordEditor& getEditor() { return editor; }
 
     // Changes that the backend reports
     void handleLayers(const Backend::Layers::LayerList& list);
@@ -62,12 +61,13 @@ private:
     void fit();
     void showModes();
     void selectRange(Id id);
-    template <class Change>
-    void change(Id id, Change&& change);
+    void takeLists();
+    void change(Id id, std::function<void(Backend::Layers::Layer& layer)> change);
 
     OrvGuiIF& gui;
-    std::vector<Backend::Layers::Layer> layers;
-    Forms::Selection selection{Forms::Selection::Ids::indices};
+    Forms::FieldLists lists;
+    Forms::LayerRecords layers{lists};
+    Forms::RecordEditor editor;
     LayerEdits edits;
     LayerGuiMessageManager messages;
     RangeSelect rangeSelect;

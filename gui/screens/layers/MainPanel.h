@@ -20,6 +20,8 @@ public:
     LayerPanel& getLayerPanel() { return *layerPanel; }
 
 private:
+    class Settings;
+
     LayerPanel* layerPanel;
 };
 }  // namespace Gui::Layers
