@@ -5,12 +5,14 @@
 #include <algorithm>
 
 #include "api/OrvGuiIF.h"
+#include "backend/model/PresetSections.h"
 #include "gui/forms/EditableSections.h"
 #include "gui/framework/EditPoster.h"
 #include "gui/framework/GdiManager.h"
 #include "gui/framework/GuiMessageManagerMaster.h"
 #include "gui/framework/Properties.h"
 #include "gui/musickeyboard/BarView.h"
+#include "gui/presets/PresetCtl.h"
 #include "gui/screens/layers/LayerCtl.h"
 
 namespace Gui::Layers
@@ -19,12 +21,11 @@ using Backend::Layers::Layer;
 
 namespace
 {
-constexpr int WIDTH = 960;  // logical pixels, as all of these
-constexpr int MARGIN = 5;
-constexpr int ROW = 20;
+constexpr int ROW = 24;  // logical pixels, as all of these
 constexpr int GAP = 4;
 constexpr int LABEL_WIDTH = 60;
 constexpr int BUTTON_WIDTH = 64;
+constexpr int PRESETS = 560;  // the left edge of their row
 constexpr int MOST_ROWS = 10;
 }  // namespace
 
@@ -69,7 +70,7 @@ void LayerPanel::makeButtons()
     int left = MARGIN + LABEL_WIDTH;
     const auto make = [&](const QString& text, const QString& name, const QString& help) {
         auto* const button = new QPushButton(text, this);
-        place(*button, {left, 0, BUTTON_WIDTH, ROW - 2});
+        place(*button, {left, 1, BUTTON_WIDTH, ROW - 5});
         left += BUTTON_WIDTH + GAP;
         button->setFocusPolicy(Qt::TabFocus);
         button->setAccessibleName(name);
@@ -90,6 +91,9 @@ void LayerPanel::makeButtons()
     auto* const menu = make(tr("Menu"), tr("Menu of the layer"), tr("All that can be done to the current layer."));
     connect(menu, &QPushButton::clicked,
             [this, menu] { list->showRowMenu(list->getCurrentRow(), menu->mapToGlobal(QPoint(0, menu->height()))); });
+    auto* const presets = new Preset::PresetCtl(gui, Backend::PresetSections::LAYERS, this,
+                                                [this] { return editor.getSelection().getSelected(); });
+    place(*presets, {PRESETS, 0, WIDTH - MARGIN - PRESETS, Preset::PresetCtl::HEIGHT});
 }
 
 void LayerPanel::showModes()

@@ -35,6 +35,9 @@ class LayerPanel final : public Panel
 public:
     using Id = Backend::Layers::LayerId;
 
+    static constexpr int WIDTH = 960;  ///< logical pixels, as the next one
+    static constexpr int MARGIN = 5;
+
     LayerPanel(OrvGuiIF& owner, Panel* around);
 
     /// Which layers the window edits, and what it does to them.

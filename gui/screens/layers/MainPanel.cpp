@@ -13,8 +13,6 @@ namespace Gui::Layers
 {
 namespace
 {
-constexpr int WIDTH = 960;  // logical pixels, as the next one
-constexpr int MARGIN = 5;
 constexpr int COLUMNS = 3;
 }  // namespace
 
@@ -44,8 +42,8 @@ private:
         const bool isOpen = !form->isHidden();
         if (isOpen) {
             const int height = static_cast<int>(std::ceil(form->sizeHint().height() / getGdi().getScale()));
-            place(*form, {MARGIN, 0, WIDTH - 2 * MARGIN, height});
-            setPanelSize({WIDTH, height});
+            place(*form, {LayerPanel::MARGIN, 0, LayerPanel::WIDTH - 2 * LayerPanel::MARGIN, height});
+            setPanelSize({LayerPanel::WIDTH, height});
         }
         show(isOpen);
     }
