@@ -13,6 +13,7 @@
 #include "gui/framework/EditBox.h"
 #include "gui/framework/MouseCapture.h"
 #include "gui/framework/Properties.h"
+#include "gui/framework/Skinner.h"
 
 namespace Gui::Forms
 {
@@ -153,7 +154,7 @@ void SettingsForm::showRow(std::size_t index)
         records, [&](const auto& record) { return !record[index].isUsed || record[index].isUsed(); });
     const QSignalBlocker quiet(row.edit);
     row.edit->setText(differ ? QString() : text);
-    Property::set(*row.edit, Property::GRAYTEXT, differ);
+    Skinner::indicateInvalidValue(*row.edit, differ);
     row.edit->setPlaceholderText(differ ? tr("different") : QString());
     if (row.list != nullptr) {
         const auto choice = std::ranges::find(field.choices, text, &FormField::Choice::text);
