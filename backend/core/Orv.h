@@ -451,7 +451,7 @@ private:
     ProgramValues programValues{program, [this] { publishProgramValues(); }};
     EditHistory history;  // of the current program
     Drafts drafts;
-    std::map<std::string, BankHistory> bankHistories;  // by path
+    std::map<std::string, BankHistory> bankHistories;  // by path, since it was loaded
     bool keepsDrafts = false;
     Edited shownEdited;
     std::array<SectionPreset, PresetSections::ALL.size()> shownPresets;

@@ -36,6 +36,7 @@ bool Orv::openBank(const std::string& path)
     }
     history = {};
     drafts.forgetFrom(bank.name, 0);
+    bankHistories.erase(path);
     if (path != bank.name) bankFile = std::move(file);
     takeBank(path);
     return true;

@@ -86,6 +86,8 @@ TEST(BankEdit, EveryKindIsDoneUndoneAndDoneAgain)
         EXPECT_EQ(stage.done(wrong), "failed: P0 P1 P2 P3");
     stage.commands().postChangeBankSize(3, NO_WINDOW);
     EXPECT_EQ(stage.redone(), "failed: P0 P1 P2") << "it was for four programs";
+    stage.load(stage.path("a.bnk"));
+    EXPECT_EQ(stage.redone(), "nothing: P0 P1 P2") << "another program may have changed the file";
 }
 
 TEST(BankEdit, DraftsAndTheCurrentProgramGoWithTheirPlaces)

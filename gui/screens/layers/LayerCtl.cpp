@@ -273,7 +273,7 @@ bool LayerCtl::moveEndByKey(const QKeyEvent& event)
     const Layer layer = shownLayer(row);
     const int now = (end == Part::lowEnd ? layer.minNote : layer.maxNote).getNumber();
     const int step = modifiers.testFlag(Qt::ControlModifier) ? OCTAVE : 1;
-    moveEnd(row, end, now + (isUp ? step : -step), gui.getEdits().beginGesture());
+    moveEnd(row, end, now + (isUp ? step : -step), gui.getEdits().gestureOf("range of layer " + std::to_string(row)));
     return true;
 }
 

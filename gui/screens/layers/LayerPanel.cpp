@@ -41,7 +41,7 @@ LayerPanel::LayerPanel(OrvGuiIF& owner, Panel* around)
 {
     makeButtons();
     editor.observe(*this, [this] {
-        takeLists();
+        if (editor.isOpen()) takeLists();
         list->layersChanged();
         fit();
     });

@@ -164,7 +164,7 @@ void StagePanel::handleBankEditDone(const BankEditDone& done)
         case BankEditDone::Kind::redone:
             return showRedone(done.name);
         case BankEditDone::Kind::failed:
-            return showMessage(tr("Not done: %1. The bank stays as it was.").arg(name));
+            return showMessage(tr("Not done: %1").arg(name));
     }
 }
 
