@@ -3,7 +3,7 @@
 #include "tests/core/EditStage.h"
 
 using namespace Backend;
-using Kind = BankEdit::Kind;
+using Change = BankEdit::Kind;
 
 namespace
 {
@@ -63,12 +63,12 @@ TEST(BankEdit, EveryKindIsDoneUndoneAndDoneAgain)
         BankEdit edit;
         const char* names;
     } ROWS[] = {
-        {{.kind = Kind::add, .name = "1", .to = 1, .programName = "New"}, "P0 New P1 P2 P3"},
-        {{.kind = Kind::copy, .name = "2", .programs = {3, 0}, .to = 4}, "P0 P1 P2 P3 P3 P0"},
-        {{.kind = Kind::copy, .name = "3", .programs = {1}, .to = 2, .source = stage.path("b.bnk")}, "P0 P1 y P2 P3"},
-        {{.kind = Kind::move, .name = "4", .programs = {3, 1}, .to = 1}, "P0 P3 P1 P2"},
-        {{.kind = Kind::rename, .name = "5", .programs = {2}, .programName = "Z"}, "P0 P1 Z P3"},
-        {{.kind = Kind::remove, .name = "6", .programs = {2, 0}}, "P1 P3"},
+        {{.kind = Change::add, .name = "1", .to = 1, .programName = "New"}, "P0 New P1 P2 P3"},
+        {{.kind = Change::copy, .name = "2", .programs = {3, 0}, .to = 4}, "P0 P1 P2 P3 P3 P0"},
+        {{.kind = Change::copy, .name = "3", .programs = {1}, .to = 2, .source = stage.path("b.bnk")}, "P0 P1 y P2 P3"},
+        {{.kind = Change::move, .name = "4", .programs = {3, 1}, .to = 1}, "P0 P3 P1 P2"},
+        {{.kind = Change::rename, .name = "5", .programs = {2}, .programName = "Z"}, "P0 P1 Z P3"},
+        {{.kind = Change::remove, .name = "6", .programs = {2, 0}}, "P1 P3"},
     };
     for (const auto& [edit, names] : ROWS) {
         EXPECT_EQ(stage.done(edit), std::string("done: ") + names);
@@ -79,10 +79,10 @@ TEST(BankEdit, EveryKindIsDoneUndoneAndDoneAgain)
         EXPECT_EQ(stage.current(), "P1 1 101 1") << names;
     }
     EXPECT_EQ(stage.undone(), "nothing: P0 P1 P2 P3");
-    for (const BankEdit& wrong : {BankEdit{.kind = Kind::remove, .name = "7", .programs = {0, 1, 2, 3}},
-                                  BankEdit{.kind = Kind::rename, .name = "7", .programs = {4}},
-                                  BankEdit{.kind = Kind::add, .name = "7", .to = 5},
-                                  BankEdit{.kind = Kind::add, .name = "7", .bank = stage.path("c.bnk")}})
+    for (const BankEdit& wrong : {BankEdit{.kind = Change::remove, .name = "7", .programs = {0, 1, 2, 3}},
+                                  BankEdit{.kind = Change::rename, .name = "7", .programs = {4}},
+                                  BankEdit{.kind = Change::add, .name = "7", .to = 5},
+                                  BankEdit{.kind = Change::add, .name = "7", .bank = stage.path("c.bnk")}})
         EXPECT_EQ(stage.done(wrong), "failed: P0 P1 P2 P3");
     stage.commands().postChangeBankSize(3, NO_WINDOW);
     EXPECT_EQ(stage.redone(), "failed: P0 P1 P2") << "it was for four programs";
@@ -96,20 +96,20 @@ TEST(BankEdit, DraftsAndTheCurrentProgramGoWithTheirPlaces)
     stage.rename("Mine");
     stage.changeProgram(SelectType::Kind::specific, 2);
     stage.rename("Third");
-    EXPECT_EQ(stage.done({.kind = Kind::move, .name = "m", .programs = {1, 2}, .to = 4}), "done: P0 P3 P1 P2");
+    EXPECT_EQ(stage.done({.kind = Change::move, .name = "m", .programs = {1, 2}, .to = 4}), "done: P0 P3 P1 P2");
     EXPECT_EQ(stage.current(), "Third 3 102 1") << "it plays on";
     EXPECT_EQ(stage.changeProgram(SelectType::Kind::down), "Mine 2 101 1");
     EXPECT_EQ(stage.undo(), "name Mine");
     EXPECT_EQ(stage.redo(), "name Mine");
 
-    EXPECT_EQ(stage.done({.kind = Kind::remove, .name = "r", .programs = {2, 3}}), "done: P0 P3");
+    EXPECT_EQ(stage.done({.kind = Change::remove, .name = "r", .programs = {2, 3}}), "done: P0 P3");
     EXPECT_EQ(stage.current(), "P3 1 103 1") << "the one that is last now";
     EXPECT_EQ(stage.undone(), "undone: P0 P3 P1 P2");
     EXPECT_EQ(stage.changeProgram(SelectType::Kind::up), "Mine 2 101 1");
     EXPECT_EQ(stage.changeProgram(SelectType::Kind::up), "Third 3 102 1");
     EXPECT_EQ(stage.undo(), "name Third");
 
-    EXPECT_EQ(stage.done({.kind = Kind::copy, .name = "c", .programs = {2}, .to = 0}), "done: Mine P0 P3 P1 P2")
+    EXPECT_EQ(stage.done({.kind = Change::copy, .name = "c", .programs = {2}, .to = 0}), "done: Mine P0 P3 P1 P2")
         << "with its edits";
 }
 
@@ -118,12 +118,16 @@ TEST(BankEdit, MovesBetweenBanksLoseNothing)
     BankStage stage;
     stage.rename("Mine");
     const std::string other = stage.path("b.bnk");
-    EXPECT_EQ(stage.done({.kind = Kind::move, .name = "m", .programs = {0, 1}, .source = other}), "failed: P0 P1 P2 P3")
+    EXPECT_EQ(stage.done({.kind = Change::move, .name = "m", .programs = {0, 1}, .source = other}),
+              "failed: P0 P1 P2 P3")
         << "a bank keeps one program";
-    EXPECT_EQ(
-        stage.done(
-            {.kind = Kind::move, .name = "m", .bank = other, .programs = {1}, .to = 1, .source = stage.path("a.bnk")}),
-        "done: P0 P2 P3");
+    EXPECT_EQ(stage.done({.kind = Change::move,
+                          .name = "m",
+                          .bank = other,
+                          .programs = {1},
+                          .to = 1,
+                          .source = stage.path("a.bnk")}),
+              "done: P0 P2 P3");
     EXPECT_EQ(joined(Bank::fromFile(other).programNames), "x Mine y");
     EXPECT_EQ(stage.undone(), "undone: P0 P1 P2 P3") << "each bank has its own history";
     EXPECT_EQ(stage.undone(other), "undone: P0 P1 P2 P3");

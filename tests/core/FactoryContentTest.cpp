@@ -8,7 +8,7 @@ using namespace Backend;
 namespace
 {
 const std::filesystem::path CONTENT = ORVANE_CONTENT "/Default";
-const std::filesystem::path BANK = CONTENT / "Banks/Default Bank.bnk";
+const std::filesystem::path FACTORY_BANK = CONTENT / "Banks/Default Bank.bnk";
 
 /// What stands from `start` to the end of `end`.
 std::string between(const std::string& text, const std::string& start, const std::string& end)
@@ -24,7 +24,7 @@ struct FactoryStage : Stage {
     {
         using enum std::filesystem::copy_options;
         std::filesystem::copy(CONTENT, OrvUtils::getOrvAppDataDir(), recursive | overwrite_existing);
-        load(BANK.string());
+        load(FACTORY_BANK.string());
         for (const std::string& name : orv->getBank().programNames) names.push_back(name);
     }
 
@@ -50,7 +50,7 @@ TEST(FactoryContent, ProgramsOfTheBankAreWhatSavingThemWouldWrite)
     for (std::size_t number = 1; number < stage.names.size(); ++number) {
         stage.change(number);
         EXPECT_EQ(stage.program(),
-                  between(fileText(BANK), "<Program name=\"" + stage.names[number] + '"', "</Program>\n"));
+                  between(fileText(FACTORY_BANK), "<Program name=\"" + stage.names[number] + '"', "</Program>\n"));
     }
 }
 

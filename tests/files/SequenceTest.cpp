@@ -9,8 +9,8 @@ using namespace Backend::SequenceManagement;
 
 namespace
 {
-const std::string FOLDER = "data/Brinlow Software/Orvane 3/Sequences";
-const std::string FACTORY = "prog/Default/Sequences";
+const std::string SEQUENCES = "data/Brinlow Software/Orvane 3/Sequences";
+const std::string FACTORY_SEQUENCES = "prog/Default/Sequences";
 
 std::string fileOf(const std::string& text)
 {
@@ -43,16 +43,16 @@ TEST(SequencePresets, StartWithTheFactorysAndAreTheUsersFromThenOn)
     Sequences sequences;
     sequences.manager.load();
     EXPECT_EQ(sequences.list(), "") << "the factory's folder is missing";
-    sequences.write(FACTORY + "/b.seq", fileOf("0,12"));
-    sequences.write(FACTORY + "/a.seq", fileOf("0"));
-    sequences.write(FACTORY + "/B.txt", "");
+    sequences.write(FACTORY_SEQUENCES + "/b.seq", fileOf("0,12"));
+    sequences.write(FACTORY_SEQUENCES + "/a.seq", fileOf("0"));
+    sequences.write(FACTORY_SEQUENCES + "/B.txt", "");
     sequences.manager.load();
     EXPECT_EQ(sequences.list(), "B,a,b");
     EXPECT_EQ(sequences.manager.indexOf("a"), 1);
     EXPECT_EQ(sequences.manager.indexOf("A"), -1);
 
     EXPECT_TRUE(sequences.manager.addPreset(" C 1 ", " 0 V0 , 7|12,"));
-    EXPECT_EQ(sequences.read(FOLDER + "/C 1.seq"), fileOf("0,7|12"));
+    EXPECT_EQ(sequences.read(SEQUENCES + "/C 1.seq"), fileOf("0,7|12"));
     EXPECT_TRUE(sequences.manager.addPreset("C 1", "5"));
     EXPECT_FALSE(sequences.manager.addPreset("a/b", "5"));
     EXPECT_FALSE(sequences.manager.addPreset(" ", "5"));
@@ -65,8 +65,8 @@ TEST(SequencePresets, StartWithTheFactorysAndAreTheUsersFromThenOn)
     sequences.manager.deletePreset("a");
     sequences.manager.deletePreset("A");
     EXPECT_EQ(sequences.list(), "B,b,d");
-    EXPECT_EQ(sequences.contents(FOLDER), "B.txt b.seq d.seq");
-    EXPECT_EQ(sequences.read(FOLDER + "/d.seq"), fileOf("5"));
+    EXPECT_EQ(sequences.contents(SEQUENCES), "B.txt b.seq d.seq");
+    EXPECT_EQ(sequences.read(SEQUENCES + "/d.seq"), fileOf("5"));
     sequences.manager.load();
     EXPECT_EQ(sequences.list(), "B,b,d");
 }
@@ -77,10 +77,10 @@ TEST(SequencePresets, AreTheBackendsToAddAndNotListedIfTheyCannotBeWritten)
     stage.commands().postAddSequencePreset("Mine", "0,7");
     stage.rest();
     EXPECT_TRUE(stage.orv->getSequencePresetManager().exists("Mine"));
-    EXPECT_EQ(stage.folders.read(FOLDER + "/Mine.seq"), fileOf("0,7"));
+    EXPECT_EQ(stage.folders.read(SEQUENCES + "/Mine.seq"), fileOf("0,7"));
 
     Sequences sequences;
-    sequences.write(FOLDER, "a file in the place of the folder");
+    sequences.write(SEQUENCES, "a file in the place of the folder");
     EXPECT_FALSE(sequences.manager.addPreset("a", "5"));
     EXPECT_EQ(sequences.list(), "");
 }
@@ -88,9 +88,9 @@ TEST(SequencePresets, AreTheBackendsToAddAndNotListedIfTheyCannotBeWritten)
 TEST(SequencePresets, ComeIntoALayerByName)
 {
     Sequences sequences;
-    sequences.write(FOLDER + "/x.seq", "<Any> 0 ,7</Any>");
-    sequences.write(FOLDER + "/off.seq", fileOf("1"));
-    sequences.write(FOLDER + "/bad.seq", "<Sequence>1");
+    sequences.write(SEQUENCES + "/x.seq", "<Any> 0 ,7</Any>");
+    sequences.write(SEQUENCES + "/off.seq", fileOf("1"));
+    sequences.write(SEQUENCES + "/bad.seq", "<Sequence>1");
     sequences.write("data/Brinlow Software/Orvane 3/out.seq", fileOf("1"));
     const SequenceSetting x = sequenceFromPreset(" x ");
     EXPECT_EQ(x.preset, "x");
@@ -121,7 +121,7 @@ TEST(SequenceTemplates, EachNamesASequenceThatIsInstalled)
         EXPECT_TRUE(setting.preset.empty() || manager.exists(setting.preset)) << setting.preset;
         if (!isGap) named.insert(setting.preset);
         EXPECT_EQ(fileOf(setting.getSequenceText()),
-                  isGap ? fileOf("") : folders.read(FOLDER + "/" + setting.preset + ".seq"))
+                  isGap ? fileOf("") : folders.read(SEQUENCES + "/" + setting.preset + ".seq"))
             << "as we would write it";
     }
     EXPECT_EQ(named.size(), manager.getList().size()) << "and each that is installed has a number";

@@ -10,14 +10,14 @@ using namespace Backend;
 
 namespace
 {
-const std::string DATA = "data/Brinlow Software/Orvane 3/";
+const std::string USER_DATA = "data/Brinlow Software/Orvane 3/";
 
 /// A user whose default preset binds A and B, and who has a sequence.
 struct OldFiles : PrivateFolders {
     OldFiles()
     {
-        write(DATA + "Sequences/037 - Drums 4.seq", "<Sequence>36</Sequence>");
-        write(DATA + "Computer Input Presets/000 - Default.pst",
+        write(USER_DATA + "Sequences/037 - Drums 4.seq", "<Sequence>36</Sequence>");
+        write(USER_DATA + "Computer Input Presets/000 - Default.pst",
               XML_HEAD +
                   "<ComputerInput merge=\"false\">\r\n\t<Key id=\"A\" global=\"true\">\r\n\t\t\t<Function>\r\n"
                   "\t\t\t</Function>\r\n\t</Key>\r\n\t<Key id=\"B\"/>\r\n</ComputerInput>\r\n");

@@ -8,7 +8,7 @@ using namespace Backend::Component;
 
 namespace
 {
-struct Row final : ElementList<int, int> {
+struct NumberRow final : ElementList<int, int> {
     void add(int element) { elements.push_back(element); }
     void removeLast() { elements.pop_back(); }
 };
@@ -54,7 +54,7 @@ TEST(ElementMap, MayChangeDuringAWalk)
 
 TEST(ElementList, FindsByPositionAndWalksInOrder)
 {
-    Row row;
+    NumberRow row;
     for (const int element : {7, 8, 9}) row.add(element);
     EXPECT_EQ(rest(row.createIterator()), (std::vector{7, 8, 9}));
     EXPECT_EQ(rest(std::as_const(row).createIterator()), (std::vector{7, 8, 9}));
@@ -64,7 +64,7 @@ TEST(ElementList, FindsByPositionAndWalksInOrder)
 
 TEST(ElementList, MayMoveInMemoryAndShrinkDuringAWalk)
 {
-    Row row;
+    NumberRow row;
     row.add(0);
     auto growing = row.createIterator();
     growing->next();

@@ -10,7 +10,7 @@ using Backend::MidiEngine::OrvMidiMessage;
 
 namespace
 {
-MidiMessage noteOn(int d1, int d2) { return MidiMessage(MessageType::noteOn, d1, d2); }
+MidiMessage plainNoteOn(int d1, int d2) { return MidiMessage(MessageType::noteOn, d1, d2); }
 }  // namespace
 
 TEST(MidiTranslationCondition, HasThreeTokens)
@@ -34,7 +34,7 @@ TEST(MidiTranslationCondition, HasThreeTokens)
 TEST(MidiTranslationCondition, ComparesADataByteAsASignedOne)
 {
     const auto isTrue = [](const char* condition, int d1, int d2 = 0) {
-        return MidiTranslationCondition::fromXmlString(condition).isTrue(noteOn(d1, d2));
+        return MidiTranslationCondition::fromXmlString(condition).isTrue(plainNoteOn(d1, d2));
     };
     constexpr std::pair<const char*, const char*> rows[] = {
         {"Off", "yyy"},      {"D1 lt 64", "ynn"}, {"D1 gt 64", "nny"}, {"D1 le 64", "yyn"},
@@ -45,7 +45,7 @@ TEST(MidiTranslationCondition, ComparesADataByteAsASignedOne)
     EXPECT_TRUE(isTrue("D2 eq 7", 0, 7));
     const MidiTranslationCondition unknown{MidiTranslationCondition::Operand::d1,
                                            static_cast<MidiTranslationCondition::Comparison>(9)};
-    EXPECT_FALSE(unknown.isTrue(noteOn(0, 0)));
+    EXPECT_FALSE(unknown.isTrue(plainNoteOn(0, 0)));
 }
 
 TEST(MidiTranslationValue, IsAWordADataByteOrANumber)
@@ -85,10 +85,10 @@ TEST(MidiTranslationValue, GivesANumberAndASelection)
                 {"selected", 100, {true, 0}},
                 {"D2 +2147483647", 100, {false, std::numeric_limits<std::int32_t>::max()}}};
     for (const auto& [text, d2, value] : rows)
-        EXPECT_EQ(MidiTranslationValue::fromXmlString(text).getValue(noteOn(60, d2)), value) << text;
+        EXPECT_EQ(MidiTranslationValue::fromXmlString(text).getValue(plainNoteOn(60, d2)), value) << text;
 
     using Kind = SelectType::Kind;
-    const OrvMidiMessage event(noteOn(60, 100).getWparam());
+    const OrvMidiMessage event(plainNoteOn(60, 100).getWparam());
     const std::pair<const char*, SelectType> selections[] = {{"up", {Kind::up}},
                                                              {"down", {Kind::down}},
                                                              {"selected", {Kind::selected}},
