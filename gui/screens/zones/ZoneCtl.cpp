@@ -142,9 +142,10 @@ void ZoneCtl::setTranspose(int row, int transpose, std::uint32_t gesture)
     changed(row);
 }
 
-void ZoneCtl::step(int row, int semitones)
+/// Holding a key or turning the wheel is one step of undo.
+std::uint32_t ZoneCtl::ongoingGesture(int row) const
 {
-    setTranspose(row, shownZone(row).transpose + semitones, gui.getEdits().beginGesture());
+    return gui.getEdits().gestureOf("transposition of zone " + std::to_string(at(row).id));
 }
 
 bool ZoneCtl::useKey(const QKeyEvent& event)
@@ -153,7 +154,9 @@ bool ZoneCtl::useKey(const QKeyEvent& event)
     const auto modifiers = event.modifiers() & ~Qt::KeypadModifier;
     const bool isShifted = modifiers == Qt::ShiftModifier;
     if ((!isUp && event.key() != Qt::Key_Left) || (!isShifted && modifiers != Qt::NoModifier)) return false;
-    if (getCurrentRow() >= 0) step(getCurrentRow(), (isUp ? 1 : -1) * (isShifted ? OCTAVE : 1));
+    const int row = getCurrentRow();
+    const int semitones = (isUp ? 1 : -1) * (isShifted ? OCTAVE : 1);
+    if (row >= 0) setTranspose(row, shownZone(row).transpose + semitones, ongoingGesture(row));
     return true;
 }
 
@@ -167,10 +170,8 @@ void ZoneCtl::showRowMenu(int row, const QPoint& globalPosition)
     menu->onChosen = [this, id = at(row).id](int chosen) {
         const int now = rowOf(id);
         if (now < 0) return;
-        if (chosen == NONE)
-            setTranspose(now, 0, gui.getEdits().beginGesture());
-        else
-            step(now, STEPS[chosen].semitones);
+        const int transpose = chosen == NONE ? 0 : shownZone(now).transpose + STEPS[chosen].semitones;
+        setTranspose(now, transpose, gui.getEdits().beginGesture());
     };
     menu->show(globalPosition);
 }
@@ -234,7 +235,8 @@ void ZoneCtl::wheelEvent(QWheelEvent* event)
     const int row = barAt(event->position().toPoint());
     if (!event->modifiers().testFlag(Qt::ControlModifier) || row < 0) return event->ignore();
     const int notches = wheel.takeNotches(*event);
-    if (notches != 0) step(row, notches * (event->modifiers().testFlag(Qt::ShiftModifier) ? OCTAVE : 1));
+    const int semitones = notches * (event->modifiers().testFlag(Qt::ShiftModifier) ? OCTAVE : 1);
+    if (notches != 0) setTranspose(row, shownZone(row).transpose + semitones, ongoingGesture(row));
 }
 
 bool ZoneCtl::event(QEvent* event)

@@ -69,7 +69,7 @@ private:
     int barAt(const QPoint& point) const;
     QString nameOf(Backend::Zones::ZoneId id) const;
     void reachFor(const QPoint& point);
-    void step(int row, int semitones);
+    std::uint32_t ongoingGesture(int row) const;
     void setTranspose(int row, int transpose, std::uint32_t gesture);
     void changed(int row);
 
