@@ -14,7 +14,9 @@ namespace Gui::Output
 namespace
 {
 constexpr int PAGE = 8;  // rows
-}
+constexpr int GAP = 3;   // logical pixels, as the next one
+constexpr int END = 16;  // from the end of the text at the right end to that of the bar
+}  // namespace
 
 BarList::BarList(GuiContext& guiContext, QWidget* parent) : QWidget(parent), context(guiContext)
 {
@@ -126,22 +128,32 @@ void BarList::paintEvent(QPaintEvent* event)
     }
 }
 
-void BarList::paintBar(QPainter& painter, const QRect& bar, GdiManager::Role fill, const QString& text,
-                       int before) const
+void BarList::paintBar(QPainter& painter, const Bar& bar) const
 {
-    const QColor colour = getGdi().getColour(fill);
-    painter.fillRect(bar, colour);
+    const QRect& place = bar.place;
+    const QColor colour = getGdi().getColour(bar.fill);
+    painter.fillRect(place, colour);
     painter.setFont(getGdi().getFont(GdiManager::FontRole::font9));
-    const int needed = painter.fontMetrics().horizontalAdvance(text);
-    if (needed <= bar.width()) {
-        painter.setPen(Look::inkOn(colour));
-        return painter.drawText(bar, Qt::AlignCenter | Qt::TextSingleLine, text);
-    }
-    const int gap = getGdi().px(3);
-    const int right = bar.right() + gap;
-    const int left = right + needed <= width() ? right : bar.left() - before - gap - needed;
+    const auto widthOf = [&](const QString& text) { return painter.fontMetrics().horizontalAdvance(text); };
+    const int gap = getGdi().px(GAP);
+    const int end = bar.end.isEmpty() ? 0 : widthOf(bar.end) + getGdi().px(END) + gap;
+    const bool hasText = widthOf(bar.text) <= place.width();
+    const bool hasEnd = hasText && widthOf(bar.text) + 2 * end <= place.width();
+    painter.setPen(Look::inkOn(colour));
+    if (hasText) painter.drawText(place, Qt::AlignCenter | Qt::TextSingleLine, bar.text);
+    if (hasEnd)
+        painter.drawText(place.adjusted(0, 0, -getGdi().px(END), 0),
+                         Qt::AlignRight | Qt::AlignVCenter | Qt::TextSingleLine, bar.end);
+
+    QStringList beside;
+    if (!hasText) beside << bar.text;
+    if (!hasEnd && !bar.end.isEmpty()) beside << bar.end;
+    if (beside.empty()) return;
+    const QString text = beside.join(QStringLiteral("  "));
+    const int right = place.right() + gap;
+    const int left = right + widthOf(text) <= width() ? right : place.left() - bar.before - gap - widthOf(text);
     painter.setPen(getGdi().getColour(GdiManager::Role::label));
-    painter.drawText(QRect(std::max(left, 0), bar.top(), width(), bar.height()), Qt::AlignVCenter | Qt::TextSingleLine,
-                     text);
+    painter.drawText(QRect(std::max(left, 0), place.top(), width(), place.height()),
+                     Qt::AlignVCenter | Qt::TextSingleLine, text);
 }
 }  // namespace Gui::Output

@@ -48,10 +48,15 @@ protected:
     /// Without effects beyond this list; limited to the rows there are.
     void setCurrentRow(int row);
 
-    /// A bar with its text in the middle, or beside it if it is narrower than the text; `before` is the
-    /// width of what is at its left.
-    void paintBar(QPainter& painter, const QRect& bar, GdiManager::Role fill, const QString& text,
-                  int before = 0) const;
+    struct Bar {
+        QRect place;
+        GdiManager::Role fill;
+        QString text;    ///< in its middle
+        QString end{};   ///< at its right end
+        int before = 0;  ///< the width of what is at its left
+    };
+    /// Texts for which the bar is too narrow are beside it.
+    void paintBar(QPainter& painter, const Bar& bar) const;
 
     void paintEvent(QPaintEvent* event) final;
     void keyPressEvent(QKeyEvent* event) override;

@@ -29,6 +29,7 @@
 #include "gui/screens/computerinput/ComputerKeyboardCtl.h"
 #include "gui/screens/display/DisplayPanel.h"
 #include "gui/screens/help/HelpPanel.h"
+#include "gui/screens/layers/LayerPanel.h"
 #include "gui/screens/layers/MainPanel.h"
 #include "gui/screens/output/OutputPanel.h"
 #include "gui/screens/system/ScreenButtons.h"
@@ -372,6 +373,13 @@ void MainWindow::handleZoneTranspose(Backend::Zones::ZoneId zone, int transpose)
 void MainWindow::handleZoneSelected(Backend::Zones::ZoneId zone, bool selected)
 {
     zonePanel->handleZoneSelected(zone, selected);
+}
+
+void MainWindow::handleMidiOutputPortsChanged(const Backend::MidiEngine::MidiOutputPorts& ports)
+{
+    outputPanel->handleMidiOutputPortsChanged(ports);
+    systemPanel->handleMidiOutputPortsChanged(ports);
+    layerPanel->getLayerPanel().handleMidiOutputPorts();
 }
 
 // --- help, focus and keys

@@ -5,6 +5,7 @@
 #include <memory>
 #include <optional>
 
+#include "backend/model/MidiPort.h"
 #include "backend/model/Screen.h"
 #include "backend/model/ScreenState.h"
 #include "backend/model/ZoneMap.h"
@@ -98,6 +99,7 @@ public:
     void handleZoneTranspose(Backend::Zones::ZoneId zone, int transpose);
     void handleZoneSelected(Backend::Zones::ZoneId zone, bool selected);
 
+    void handleMidiOutputPortsChanged(const Backend::MidiEngine::MidiOutputPorts& ports);
     void setMidiThru(bool on);
     void setGlobalKeyboard(bool on);
 

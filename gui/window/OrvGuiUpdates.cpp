@@ -174,8 +174,7 @@ void OrvGui::handleMidiInputPortsChanged(const MidiInputPorts& ports)
 void OrvGui::handleMidiOutputPortsChanged(const MidiOutputPorts& ports)
 {
     shown.outputs = ports;
-    open->main->getOutputPanel().handleMidiOutputPortsChanged(ports);
-    open->main->getSystemPanel().handleMidiOutputPortsChanged(ports);
+    open->main->handleMidiOutputPortsChanged(ports);
     open->refreshSetup();
 }
 

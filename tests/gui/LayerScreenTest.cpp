@@ -142,6 +142,10 @@ TEST_F(LayerScreen, SplitsTheKeyboardWithTheMouse)
 
 TEST_F(LayerScreen, MutesSolosCopiesAndDeletes)
 {
+    Layer lost;
+    lost.output = 7;
+    showLayers({lost});
+    EXPECT_EQ(rows(), "Layer 1, C-1 to G9, channel 1 of 7 (missing)");
     showLayers({{}, {}, {}});
     clickButton(1);
     EXPECT_NE(rows().find("Layer 2, C-1 to G9, channel 1, muted"), std::string::npos);

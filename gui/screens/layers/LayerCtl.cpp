@@ -120,8 +120,18 @@ QString LayerCtl::getRowName(int row) const
 QString LayerCtl::routeOf(const Layer& layer) const
 {
     QString route = layer.channel < 0 ? tr("default channel") : tr("channel %1").arg(layer.channel + 1);
-    if (layer.output >= 0) route += tr(" of %1").arg(QString::fromStdString(gui.getMidiOutputName(layer.output)));
+    if (layer.output >= 0) route += tr(" of %1").arg(outputName(layer.output));
     return route;
+}
+
+/// Its number, if the machine never had it.
+QString LayerCtl::outputName(int output) const
+{
+    const auto& ports = gui.getMidiOutputPorts();
+    const auto index = static_cast<std::size_t>(output);
+    const bool isKnown = index < ports.size() && !ports[index].name.empty();
+    const QString name = isKnown ? QString::fromStdString(ports[index].name) : QString::number(output);
+    return isKnown && ports[index].found ? name : tr("%1 (missing)").arg(name);
 }
 
 bool LayerCtl::isRowSelected(int row) const { return selection.isSelected(row); }
@@ -341,7 +351,26 @@ void LayerCtl::showRowMenu(int row, const QPoint& globalPosition)
 QString LayerCtl::textOf(const Layer& layer) const
 {
     if (!infoMode) return QString::number(layer.id + 1);
-    return QString::fromStdString(layer.getLayerString(gui.getMidiOutputName(layer.output)));
+    return QString::fromStdString(layer.getLayerString(outputName(layer.output).toStdString()));
+}
+
+/// What it makes of its notes and where it sends them, in short.
+QString LayerCtl::endOf(const Layer& layer) const
+{
+    QStringList parts;
+    if (infoMode) return {};
+    if (layer.arpeggio) parts << tr("arp");
+    if (layer.output >= 0) parts << outputName(layer.output);
+    parts << (layer.channel < 0 ? tr("ch default") : tr("ch %1").arg(layer.channel + 1));
+    return parts.join(QStringLiteral("  "));
+}
+
+/// One that takes the notes of a zone has the colour of its keys.
+Role LayerCtl::fillOf(const Layer& layer) const
+{
+    if (selection.isSelected(layer.id)) return Role::selectedButton;
+    if (!isHeard(layer)) return Role::unusedButton;
+    return layer.zone > 0 && layer.zone % 2 != 0 ? Role::text : Role::unselectedButton;
 }
 
 void LayerCtl::paintRow(QPainter& painter, int row)
@@ -350,11 +379,15 @@ void LayerCtl::paintRow(QPainter& painter, int row)
     const QRect bar = geometry().barOf(row, layer);
     const QRect button = geometry().buttonOf(bar);
     const bool isOn = soloMode ? layer.solo : layer.mute;
-    const Role fill = selection.isSelected(row) ? Role::selectedButton
-                      : isHeard(layer)          ? Role::unselectedButton
-                                                : Role::unusedButton;
-    paintBar(painter, bar.adjusted(button.width(), 0, 0, 0), fill, textOf(layer), button.width());
-    paintBar(painter, button, isOn ? Role::text : Role::disabledButton, soloMode ? tr("S") : tr("M"));
+    const Role fill = fillOf(layer);
+    paintBar(painter, {.place = bar.adjusted(button.width(), 0, 0, 0),
+                       .fill = fill,
+                       .text = textOf(layer),
+                       .end = endOf(layer),
+                       .before = button.width()});
+    paintBar(painter, {.place = button.adjusted(0, 0, -1, 0),
+                       .fill = isOn ? Role::text : Role::disabledButton,
+                       .text = soloMode ? tr("S") : tr("M")});
     if (row == ranged) Look::drawFocus(painter, getGdi(), bar);
     if (!layer.selected) return;
     const int side = getGdi().px(MARK);  // functions act on it

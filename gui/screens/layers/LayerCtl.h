@@ -97,7 +97,10 @@ private:
     bool moveEndByKey(const QKeyEvent& event);
     void showCursor(const QPoint& point);
     QString textOf(const Backend::Layers::Layer& layer) const;
+    QString endOf(const Backend::Layers::Layer& layer) const;
     QString routeOf(const Backend::Layers::Layer& layer) const;
+    QString outputName(int output) const;
+    GdiManager::Role fillOf(const Backend::Layers::Layer& layer) const;
 
     OrvGuiIF& gui;
     const Forms::LayerRecords& layers;

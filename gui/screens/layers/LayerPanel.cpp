@@ -187,6 +187,9 @@ void LayerPanel::handleLayerNoteToggle(Id id, NoteToggle::Mode mode)
     change(id, [=](Layer& layer) { layer.toggle.mode = mode; });
 }
 
+/// Names of outputs stand on the bars.
+void LayerPanel::handleMidiOutputPorts() { list->update(); }
+
 /// Functions have no window selection, so "selected" keeps the window's, and up and down go from it.
 void LayerPanel::handleLayerEdit(const SelectType& select)
 {

@@ -52,6 +52,7 @@ public:
     void handleLayerMono(Id id, bool mono);
     void handleLayerSolo(Id id, bool solo);
     void handleLayerNoteToggle(Id id, NoteToggle::Mode mode);
+    void handleMidiOutputPorts();
     /// A function requests to edit a layer.
     void handleLayerEdit(const SelectType& select);
 

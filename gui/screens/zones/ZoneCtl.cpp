@@ -258,6 +258,10 @@ void ZoneCtl::paintRow(QPainter& painter, int row)
         return painter.drawText(getRowPlace(row).adjusted(getGdi().px(5), 0, 0, 0), Qt::AlignVCenter, text);
     }
     const bool isOther = zone.id % 2 != 0;  // the colours of the keys that play in it
-    paintBar(painter, bar, zone.selected ? Role::selectedButton : isOther ? Role::text : Role::unselectedButton, text);
+    paintBar(painter, {.place = bar,
+                       .fill = zone.selected ? Role::selectedButton
+                               : isOther     ? Role::text
+                                             : Role::unselectedButton,
+                       .text = text});
 }
 }  // namespace Gui::Zones
