@@ -316,7 +316,11 @@ void Orv::updateZones()
 {
     assertBackendThread();
     std::vector<FunctionManagement::FunctionNoteSpan> spans;
-    for (const ProgramSection* section : sections) section->getNoteSpans(spans);
+    for (const ProgramSection* section : sections) {
+        const std::size_t before = spans.size();
+        section->getNoteSpans(spans);
+        for (auto& span : std::span(spans).subspan(before)) span.sources = section->getNoteSource();
+    }
     zoneManager.updateZones(spans);
 }
 

@@ -17,6 +17,7 @@ struct Zone {
     MidiEngine::Note lowNote{};   ///< lowest note that an input plays in it; not stored
     MidiEngine::Note highNote{};  ///< highest such note; not stored
     bool selected = false;        ///< functions with "selected" act on it; not stored
+    std::uint8_t sources = 0;     ///< the inputs that play in it, of `FunctionManagement::NoteSource`; not stored
 
     bool operator==(const Zone&) const = default;
 };

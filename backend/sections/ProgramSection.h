@@ -67,6 +67,8 @@ public:
     virtual void deletePreset(const std::string& name);
 
     /// Appends the notes that the section's functions and translations can play in zones.
+    /// What its notes count as, of `FunctionManagement::NoteSource`.
+    virtual std::uint8_t getNoteSource() const { return 0; }
     virtual void getNoteSpans(std::vector<FunctionManagement::FunctionNoteSpan>&) const {}
 
     /// Sends the section to the window, if there is one.

@@ -3,6 +3,7 @@
 #include "backend/bindings/translations/TranslationFactories.h"
 #include "backend/model/Program.h"
 #include "backend/model/WindowMove.h"
+#include "backend/sections/zones/ZoneManager.h"
 #include "tests/sections/SectionStage.h"
 
 using namespace Backend;
@@ -37,6 +38,8 @@ TEST(MidiInput, GivesTheZonesWhatItsTranslationsPlay)
     stage.load(entry("Note On,60", to("Unchanged zone='2' D1='48'")) +
                entry("Note On,61", to("MidiNoteOn zone='2' D1='D1 +6'") + to("MidiNoteOn zone='0'")));
     EXPECT_EQ(stage.zones(), "0 C#4-C#4, 2 C3-G4");
+    EXPECT_EQ(stage.orv->getZoneManager().getZones().findElement(2)->sources,
+              FunctionManagement::NoteSource::MIDI_INPUTS);
     stage.messages().postSetEventConfigurations({nothingFor(61)}, false);
     stage.rest();
     EXPECT_EQ(stage.zones(), "2 C3-C3");

@@ -76,6 +76,7 @@ public:
     void keyDown(const Key& key, bool isRepeat) { keyEvent(key, true, isRepeat); }
     void keyUp(const Key& key) { keyEvent(key, false, false); }
 
+    std::uint8_t getNoteSource() const override { return FunctionManagement::NoteSource::KEYS; }
     void getNoteSpans(std::vector<FunctionManagement::FunctionNoteSpan>& result) const override;
 
     // Requests of the window

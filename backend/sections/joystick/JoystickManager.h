@@ -58,6 +58,7 @@ public:
     /// A joystick that is disabled releases its held buttons.
     void enableJoystick(int joystick, bool enabled);
 
+    std::uint8_t getNoteSource() const override { return FunctionManagement::NoteSource::JOYSTICKS; }
     void getNoteSpans(std::vector<FunctionManagement::FunctionNoteSpan>& result) const override;
 
     // Operations of the window: each replaces the configuration of its id. With `notify` the window gets them back.

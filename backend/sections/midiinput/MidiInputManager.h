@@ -49,6 +49,7 @@ public:
     /// Each replaces the entry of its event. With `notify` they are sent back to the window.
     void mergeEventConfigurations(const std::vector<MidiEventConfiguration>& configurations, bool notify);
 
+    std::uint8_t getNoteSource() const override { return FunctionManagement::NoteSource::MIDI_INPUTS; }
     void getNoteSpans(std::vector<FunctionManagement::FunctionNoteSpan>& result) const override;
 
 private:

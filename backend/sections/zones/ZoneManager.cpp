@@ -128,7 +128,10 @@ void ZoneManager::updateZones(std::span<const FunctionNoteSpan> spans)
 {
     const Zone* const selected = findSelected();
     const ZoneId selectedId = selected != nullptr ? selected->id : NO_ZONE;
-    forEachZone([](Zone& zone) { zone.lowNote = zone.highNote = Note(); });
+    forEachZone([](Zone& zone) {
+        zone.lowNote = zone.highNote = Note();
+        zone.sources = 0;
+    });
     for (const FunctionNoteSpan& span : spans)
         if (span.isPlayed()) mergeSpan(span);
     forEachZone([this](const Zone& zone) {
@@ -145,7 +148,9 @@ void ZoneManager::mergeSpan(const FunctionNoteSpan& span)
     if (span.zone < 0 || span.zone > HIGHEST_ZONE) return;
     const auto id = static_cast<ZoneId>(span.zone);
     Zone* const zone = edit().findElement(id);
-    if (zone == nullptr) return edit().put(id, {.id = id, .lowNote = span.lowNote, .highNote = span.highNote});
+    if (zone == nullptr)
+        return edit().put(id, {.id = id, .lowNote = span.lowNote, .highNote = span.highNote, .sources = span.sources});
+    zone->sources |= span.sources;
     const auto number = [](Note note) { return note.getNumber(); };
     if (!zone->lowNote.isNote() || number(zone->lowNote) > number(span.lowNote)) zone->lowNote = span.lowNote;
     if (number(zone->highNote) < number(span.highNote)) zone->highNote = span.highNote;
