@@ -41,6 +41,7 @@ struct LearnKinds;
 struct PresetSection;
 struct Program;
 struct ScreenState;
+struct SetListEdit;
 struct WindowMove;
 
 namespace ComputerInput
@@ -563,5 +564,29 @@ public:
     virtual void watchMidiInputs(bool on) = 0;
     /// [any] Sends them to the window (GuiMessage::RECEIVED_EVENTS) if one has come since the last call.
     virtual void sendReceivedEvents() = 0;
+
+    /// [backend] A change of the set list of the current bank, a step of its history since it was loaded. It is written
+    /// beside the bank ("Gig.set" for "Gig.bnk") on the files thread; no command waits for that. The window gets
+    /// GuiMessage::BANK_EDIT_DONE with the path of that file, and, after each change, GuiMessage::SET_LIST. A file that
+    /// is there but no set list is never replaced; then there is nothing to edit. See
+    /// docs/behaviour/programs-and-banks.md.
+    virtual void editSetList(const SetListEdit& edit) = 0;
+    /// [backend] Undoes the last change of the set list, or does it again.
+    virtual void undoSetList() = 0;
+    virtual void redoSetList() = 0;
+    /// [backend] Whether the next and the previous program are those of the set list. It is stored with the list.
+    virtual void enableSetList(bool on) = 0;
+    /// [backend] Loads the program of the entry with that id, which becomes the current entry. Ignored if it is
+    /// missing.
+    virtual void goToSetEntry(int id) = 0;
+    /// [backend] Whether the current entry is read and written with the set list, for a host that plays live. Off at
+    /// the start: then each bank begins before the first entry. Before `initialize`, it applies to the bank of the
+    /// start.
+    virtual void keepSetPosition(bool on) = 0;
+    /// [backend] Stored in the settings, and the window is notified: the input whose MIDI program changes, with bank
+    /// select, load programs of the bank, -1 for all, -2 for none; and the channel, 0 to 15, -1 for all. Such events
+    /// are not translated. The number of the program is (MSB x 128 + LSB) x 128 + program.
+    virtual void setProgramChangeInput(int input) = 0;
+    virtual void setProgramChangeChannel(int channel) = 0;
 };
 }  // namespace Backend

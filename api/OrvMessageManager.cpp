@@ -10,6 +10,7 @@
 #include "backend/messages/SettingMessages.h"
 #include "backend/model/BankEdit.h"
 #include "backend/model/Edit.h"
+#include "backend/model/SetList.h"
 
 namespace Backend
 {
@@ -234,6 +235,18 @@ void OrvMessageManager::postEditBank(const BankEdit& edit) { master.post(OrvMess
 void OrvMessageManager::postUndoBank(const std::string& path) { master.post(OrvMessage::UNDO_BANK(path)); }
 
 void OrvMessageManager::postRedoBank(const std::string& path) { master.post(OrvMessage::REDO_BANK(path)); }
+
+void OrvMessageManager::postEditSetList(const SetListEdit& edit) { master.post(OrvMessage::EDIT_SET_LIST(edit)); }
+
+void OrvMessageManager::postUndoSetList() { master.post(OrvMessage::UNDO_SET_LIST()); }
+
+void OrvMessageManager::postRedoSetList() { master.post(OrvMessage::REDO_SET_LIST()); }
+
+void OrvMessageManager::postEnableSetList(bool on) { master.post(OrvMessage::ENABLE_SET_LIST(on)); }
+
+void OrvMessageManager::postGoToSetEntry(int id) { master.post(OrvMessage::GO_TO_SET_ENTRY(id)); }
+
+void OrvMessageManager::postKeepSetPosition(bool on) { master.post(OrvMessage::KEEP_SET_POSITION(on)); }
 
 void OrvMessageManager::postWatchMidiInputs(bool on) { master.post(OrvMessage::WATCH_MIDI_INPUTS(on)); }
 

@@ -127,6 +127,14 @@ public:
     void postEditBank(const BankEdit& edit);
     void postUndoBank(const std::string& path);
     void postRedoBank(const std::string& path);
+    /// The set list of the current bank, see `OrvIF::editSetList` and the operations after it.
+    void postEditSetList(const SetListEdit& edit);
+    void postUndoSetList();
+    void postRedoSetList();
+    void postEnableSetList(bool on);
+    void postGoToSetEntry(int id);
+    /// For a host that plays live; before `sendInitialize`.
+    void postKeepSetPosition(bool on);
 
     /// Settings: stored, and the window is notified of those that it did not change itself. Changes a setting:
     /// `postSetting(SETTING<Settings::ALWAYS_ON_TOP>(true))`. The operations below do the same.

@@ -70,6 +70,7 @@ void Orv::initialize()
         if (section->hasPresets()) connectPresets(*section);
     midiEngine.initialize(registrySettings.getDefaultMidiOutput(), registrySettings.getMidiThru());
     midiEngine.setKeepNotes(keepsNotes());
+    updateProgramChangeInput();
     prepareBanks();
     initializing = true;
     loadBank(registrySettings.getDefaultBank());
@@ -117,6 +118,9 @@ void Orv::handleCommand(Message& message)
     const auto execute = [this](Message& command) { executeOrvCommand(*this, command); };
     if (message.number == OrvMessage::FILES_DONE)
         files.finish(execute);
+    else if (message.number == OrvMessage::SET_LIST_WRITTEN)
+        OrvMessage::SET_LIST_WRITTEN.deliver(
+            message, [this](SetListWrite result, const std::string& path) { setListWritten(result, path); });
     else if (message.number == OrvMessage::SETTLE_MIDI_INPUT)
         midiEngine.getMessageManager().postSettleMidiInput(static_cast<int>(message.wparam));
     else if (files.isBusy() && waitsForFiles(message.number))
@@ -220,6 +224,7 @@ void Orv::refreshGui()
     notifyGui(GuiMessage::MIDI_OUTPUT_PORTS, midiOutputPorts);
     notifyGui(GuiMessage::BANK, bank);
     notifyGui(GuiMessage::PROGRAM, program, false);
+    notifyGui(GuiMessage::SET_LIST, setList);
     shownEdited = getEdited();
     notifyGui(GuiMessage::PROGRAM_EDITED, shownEdited.isCurrent, shownEdited.others);
     for (const ProgramSection* section : sections) {
@@ -257,7 +262,7 @@ void Orv::processMidiInputEvent(const OrvMidiMessage& event)
     assertBackendThread();
     if (isEnabled(midiInputPorts, event.getInput())) {
         displayMidiInputEvent(event);
-        if (!swallows(event)) {
+        if (!swallows(event) && !takeProgramChange(event)) {
             midiEngine.followMidiInput(event);
             translate(event);
         }

@@ -21,8 +21,10 @@
 #include "backend/core/Drafts.h"
 #include "backend/core/EngineLog.h"
 #include "backend/core/EngineRecorder.h"
+#include "backend/core/ProgramChanges.h"
 #include "backend/core/ProgramValues.h"
 #include "backend/core/SettingCommands.h"
+#include "backend/core/StepHistory.h"
 #include "backend/core/TapTempo.h"
 #include "backend/display/Display.h"
 #include "backend/engine/MidiEngine.h"
@@ -31,6 +33,7 @@
 #include "backend/files/GuiStart.h"
 #include "backend/files/RegistrySettings.h"
 #include "backend/files/SequencePresetManager.h"
+#include "backend/files/SetListFile.h"
 #include "backend/messages/BackendThread.h"
 #include "backend/messages/GuiMessages.h"
 #include "backend/messages/MessageManagerMaster.h"
@@ -346,6 +349,14 @@ public:
     Learning& getLearning() override { return onBackendThread(learning); }
     void watchMidiInputs(bool on) override;
     void sendReceivedEvents() override { display.getMessageManager().postSendReceivedEvents(getGuiWindowHandle()); }
+    void editSetList(const SetListEdit& edit) override;
+    void undoSetList() override;
+    void redoSetList() override;
+    void enableSetList(bool on) override;
+    void goToSetEntry(int id) override;
+    void keepSetPosition(bool on) override;
+    void setProgramChangeInput(int input) override;
+    void setProgramChangeChannel(int channel) override;
 
     /// The factory for `createOrvGui`; null for no window. Before `start`.
     void setGuiFactory(GuiFactory factory) { guiFactory = factory; }
@@ -396,6 +407,28 @@ private:
     void leaveProgram();
     void enterProgram(const XmlElement& stored, int number);
 
+    struct SetListStep {
+        std::string name;
+        SetList list;  // with the entries before it or, if it was undone, after it
+    };
+    using SetListHistory = StepHistory<SetListStep>;
+
+    void openSetList();
+    void updateSetList();
+    void rearrangeSetList(const Arrangement& order);
+    static std::vector<int> numbersOf(const Arrangement& order);
+    void renameInSetList(int number, const std::string& name);
+    void writeSetList();
+    void setListWritten(SetListWrite result, const std::string& path);
+    void repeatSetListStep(SetListHistory::Way way);
+    void setListChanged(BankEditDone::Kind kind, const std::string& name);
+    void acknowledgeSetList(BankEditDone::Kind kind, const std::string& name) const;
+    void stepInSetList(SelectType::Kind kind);
+    void followInSetList();
+    void setPositionChanged();
+    void updateProgramChangeInput();
+    bool takeProgramChange(const MidiEngine::OrvMidiMessage& event);
+
     std::optional<XmlElement> findProgram(const std::string& path, int number);
     static bool openProgramFile(BankFile& file, const std::string& path);
     bool openBank(const std::string& path);
@@ -408,6 +441,7 @@ private:
     void acknowledgeBank(BankEditDone::Kind kind, const std::string& path, const std::string& name) const;
     void takeBank(const std::string& path);
     void showBank();
+    bool loadFromBank(int number);
     void refuseLoad() const;
     void replaceProgram(const XmlElement& element, int number);
     enum class IsThere { no, yes };
@@ -453,6 +487,13 @@ private:
     Drafts drafts;
     std::map<std::string, BankHistory> bankHistories;  // by path, since it was loaded
     bool keepsDrafts = false;
+    SetList setList;                           // of the current bank
+    std::shared_ptr<SetListFile> setListFile;  // null without a bank
+    SetListHistory setListHistory;
+    int setListWrites = 0;       // that the files thread has not reported yet
+    bool setListFailed = false;  // the last one
+    bool keepsSetPosition = false;
+    ProgramChanges programChanges;
     Edited shownEdited;
     std::array<SectionPreset, PresetSections::ALL.size()> shownPresets;
     MidiEngine::MidiInputPorts midiInputPorts;

@@ -91,18 +91,32 @@ struct Orv::BankWork {
     std::optional<Arrangement> order{};  // nothing if it is not possible
     std::optional<Arrangement> back{};   // nothing if it was not written
     std::size_t programs = 0;            // that the bank has then
+    bool isCurrent = false;              // the set list of any other bank is changed in its file
 
     bool open() { return file.open(path); }
     void arrange()
     {
+        const auto names = file.getProgramNames();
         back = order ? file.arrange(*order) : std::nullopt;
         programs = file.getProgramNames().size();
+        if (back && !isCurrent) rearrangeSetList(names);
+    }
+
+private:
+    void rearrangeSetList(const std::vector<std::string>& names) const
+    {
+        SetListFile stored(path);
+        SetList list = stored.read();
+        list.resolve(names);
+        list.rearrange(numbersOf(*order), file.getProgramNames());
+        if (!list.isBroken()) stored.write(list);
     }
 };
 
 Orv::BankWork Orv::takeBankFile(const std::string& path)
 {
-    return {.path = path, .file = path == bank.name ? std::move(bankFile) : BankFile()};
+    const bool isCurrent = path == bank.name;
+    return {.path = path, .file = isCurrent ? std::move(bankFile) : BankFile(), .isCurrent = isCurrent};
 }
 
 void Orv::editBank(const BankEdit& edit)
@@ -216,6 +230,7 @@ std::vector<std::pair<int, Draft>> Orv::followArrangement(const Arrangement& ord
         if (order[place].number >= 0) places[order[place].number] = static_cast<int>(place);
     const bool isThere = static_cast<std::size_t>(program.number) < bank.programNames.size();
     takeBank(std::string(bank.name));
+    rearrangeSetList(order);
 
     std::vector<std::pair<int, Draft>> removed;
     for (auto& [number, draft] : drafts.takeAll(bank.name)) {

@@ -9,6 +9,7 @@
 #include "backend/messages/OrvMessages.h"
 #include "backend/model/BankEdit.h"
 #include "backend/model/Edit.h"
+#include "backend/model/SetList.h"
 
 namespace Backend
 {
@@ -78,15 +79,42 @@ constexpr auto COMMANDS = std::to_array<Command<OrvIF>>({
     on<REDO_BANK, &OrvIF::redoBank>(),
     on<LEARN, &OrvIF::learn>(),
     on<WATCH_MIDI_INPUTS, &OrvIF::watchMidiInputs>(),
+    on<EDIT_SET_LIST, &OrvIF::editSetList>(),
+    on<UNDO_SET_LIST, &OrvIF::undoSetList>(),
+    on<REDO_SET_LIST, &OrvIF::redoSetList>(),
+    on<ENABLE_SET_LIST, &OrvIF::enableSetList>(),
+    on<GO_TO_SET_ENTRY, &OrvIF::goToSetEntry>(),
+    on<KEEP_SET_POSITION, &OrvIF::keepSetPosition>(),
+    on<SETTING<Settings::PROGRAM_CHANGE_INPUT>, &OrvIF::setProgramChangeInput>(),
+    on<SETTING<Settings::PROGRAM_CHANGE_CHANNEL>, &OrvIF::setProgramChangeChannel>(),
     answer<SAVE_STATE, &OrvIF::saveState>(),
     answer<GET_HOST_START, &OrvIF::getHostStart>(),
     answer<CREATE_ORV_GUI, &OrvIF::createOrvGui>(),
 });
 
-constexpr auto WAIT_FOR_FILES = std::to_array<unsigned int>(
-    {END, Settings::DEFAULT_BANK.number, IMPORT_VERSION2_BANK, IMPORT_VERSION2_PROGRAM, IMPORT_VERSION2_PRESET,
-     SAVE_TO_CURRENT_BANK, SAVE_TO_BANK, SAVE_TO_PROGRAM, LOAD_PROGRAM, LOAD_BANK, CHANGE_BANK_SIZE, CHANGE_PROGRAM,
-     LOAD_PROGRAM_FROM_STRING, SET_PROGRAM_NUMBER, SAVE_STATE, EDIT_BANK, UNDO_BANK, REDO_BANK});
+constexpr auto WAIT_FOR_FILES = std::to_array<unsigned int>({END,
+                                                             Settings::DEFAULT_BANK.number,
+                                                             IMPORT_VERSION2_BANK,
+                                                             IMPORT_VERSION2_PROGRAM,
+                                                             IMPORT_VERSION2_PRESET,
+                                                             SAVE_TO_CURRENT_BANK,
+                                                             SAVE_TO_BANK,
+                                                             SAVE_TO_PROGRAM,
+                                                             LOAD_PROGRAM,
+                                                             LOAD_BANK,
+                                                             CHANGE_BANK_SIZE,
+                                                             CHANGE_PROGRAM,
+                                                             LOAD_PROGRAM_FROM_STRING,
+                                                             SET_PROGRAM_NUMBER,
+                                                             SAVE_STATE,
+                                                             EDIT_BANK,
+                                                             UNDO_BANK,
+                                                             REDO_BANK,
+                                                             EDIT_SET_LIST,
+                                                             UNDO_SET_LIST,
+                                                             REDO_SET_LIST,
+                                                             ENABLE_SET_LIST,
+                                                             GO_TO_SET_ENTRY});
 }  // namespace
 
 bool waitsForFiles(unsigned int number) { return std::ranges::count(WAIT_FOR_FILES, number) > 0; }

@@ -39,6 +39,7 @@ bool Orv::openBank(const std::string& path)
     bankHistories.erase(path);
     if (path != bank.name) bankFile = std::move(file);
     takeBank(path);
+    openSetList();
     return true;
 }
 
@@ -53,10 +54,18 @@ void Orv::showBank()
 void Orv::changeProgram(int number)
 {
     assertBackendThread();
+    const bool isOther = number != program.number;
+    if (loadFromBank(number) && isOther) followInSetList();
+}
+
+bool Orv::loadFromBank(int number)
+{
     const auto stored = findProgram(bank.name, number);
-    if (!stored) return refuseLoad();
+    if (!stored) refuseLoad();
+    if (!stored) return false;
     leaveProgram();
     enterProgram(*stored, number);
+    return true;
 }
 
 /// The function of a key waits for a save, as a command does.
@@ -64,6 +73,8 @@ void Orv::changeProgram(const SelectType& select)
 {
     assertBackendThread();
     if (files.isBusy()) return orvMessageManager.postChangeProgram(select);
+    const bool isStep = select.kind == SelectType::Kind::up || select.kind == SelectType::Kind::down;
+    if (isStep && setList.leads()) return stepInSetList(select.kind);
     std::int64_t number = select.value;
     if (select.kind == SelectType::Kind::up) number = std::int64_t{program.number} + 1;
     if (select.kind == SelectType::Kind::down) number = std::int64_t{program.number} - 1;

@@ -118,8 +118,10 @@ void Orv::saveInto(const std::string& path, int number, const WindowHandle& wind
         [=, this] {
             if (isCurrentBank || *written) bankFile = std::move(*file);
             if (*written) {
+                if (isCurrentBank && isCurrentProgram) renameInSetList(number, saved.getAttribute("name"));
                 takeBank(path);
                 notifyGui(GuiMessage::BANK, bank);
+                isCurrentBank ? updateSetList() : openSetList();
                 drafts.forget(path, number);
                 if (isCurrentProgram) {
                     history.setSaved(state);
@@ -144,6 +146,7 @@ void Orv::changeBankSize(int size, const WindowHandle& window)
                   bankFile = std::move(*file);
                   if (*written) {
                       takeBank(std::string(bank.name));
+                      updateSetList();
                       drafts.forgetFrom(bank.name, size);
                       showBank();
                   }

@@ -6,7 +6,8 @@ namespace Backend::MidiEngine
 {
 LiveInputs::Way LiveInputs::findWay(const OrvMidiMessage& received) const
 {
-    return takesEvents(received.getInput()) ? findWay(received, translations.now()) : Way{};
+    const bool isForBackend = !takesEvents(received.getInput()) || programChanges.takes(received);
+    return isForBackend ? Way{} : findWay(received, translations.now());
 }
 
 void LiveInputs::follow(const OrvMidiMessage& event)

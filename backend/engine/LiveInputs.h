@@ -10,6 +10,7 @@
 #include "backend/engine/InputTranslations.h"
 #include "backend/model/MidiEventConfigurationMap.h"
 #include "backend/model/MidiPort.h"
+#include "backend/model/ProgramChangeInput.h"
 #include "backend/values/OrvMidiMessage.h"
 
 namespace Backend::MidiEngine
@@ -81,6 +82,7 @@ public:
     /// Takes over `room` for inputs that hold no notes yet. Inputs outside the list are disabled.
     void setPorts(const MidiInputPorts& ports, Held& room);
     InputTranslations& getTranslations() { return translations; }
+    void setProgramChangeInput(const ProgramChangeInput& input) { programChanges = input; }
     /// Exchanges the notes that an input holds.
     void swapHeld(std::size_t input, std::unique_ptr<HeldNotes>& notes)
     {
@@ -91,5 +93,6 @@ private:
     std::array<bool, INPUTS> enabled{};
     Held held;
     InputTranslations translations;
+    ProgramChangeInput programChanges;
 };
 }  // namespace Backend::MidiEngine

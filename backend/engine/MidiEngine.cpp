@@ -53,6 +53,12 @@ void MidiEngine::setMidiInputPorts(MidiInputPorts ports)
     liveInputs.setPorts(ports, room);
 }
 
+void MidiEngine::setProgramChangeInput(const ProgramChangeInput& input)
+{
+    const CommandLock lock(criticalSection, longestHold);
+    liveInputs.setProgramChangeInput(input);
+}
+
 void MidiEngine::setMidiTranslations(InputTranslations::Shared translations)
 {
     InputTranslations::Room gone;  // freed outside the lock

@@ -89,6 +89,8 @@ public:
     void appendTimedEvent(const OrvMidiMessage& event) EXCLUDES(criticalSection);
     /// The events of all other inputs are deferred.
     void setMidiInputPorts(MidiInputPorts ports) EXCLUDES(criticalSection);
+    /// The program changes of these inputs are deferred, with their bank selects.
+    void setProgramChangeInput(const ProgramChangeInput& input) EXCLUDES(criticalSection);
     /// What events of inputs are translated by; not null.
     void setMidiTranslations(InputTranslations::Shared translations) EXCLUDES(criticalSection);
     /// What an event of an input that takes the way through the backend is translated by, in this order: `now`, which

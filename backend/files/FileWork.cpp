@@ -9,7 +9,7 @@ namespace Backend
 {
 namespace
 {
-enum Number : unsigned int { STOP = 36219, WORK = 36220 };
+enum Number : unsigned int { STOP = 36219, WORK = 36220, WORK_BESIDE = 36221 };
 }
 
 FileWork::FileWork(Step notifyBackend)
@@ -30,6 +30,8 @@ void FileWork::run(Step work, Step step)
     worker.post({.number = WORK, .payload = Payload::of(std::move(work))});
 }
 
+void FileWork::runBeside(Step work) { worker.post({.number = WORK_BESIDE, .payload = Payload::of(std::move(work))}); }
+
 /// The backend is notified even if the work ran out of memory; its result is then what was stored so far.
 void FileWork::handleMessage(Message& message)
 {
@@ -40,7 +42,7 @@ void FileWork::handleMessage(Message& message)
             WindowsLib::DbgStream() << "files: " << failure.what();
         }
     }
-    notify();
+    if (message.number == WORK) notify();
 }
 
 void FileWork::finish(const std::function<void(Message&)>& execute)

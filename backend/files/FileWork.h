@@ -32,6 +32,9 @@ public:
     /// thread. Only while no other work is being executed.
     void run(Step work, Step lastStep);
 
+    /// Calls `work` on the files thread after all work before. No command waits for it.
+    void runBeside(Step work);
+
     /// Keeps a command, and the thread that waits for it, until the work is finished.
     void hold(Message command) { held.push_back(std::move(command)); }
 

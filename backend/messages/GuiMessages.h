@@ -6,8 +6,8 @@
 
 #include "backend/messages/TypedMessage.h"
 #include "backend/model/AxisConfiguration.h"
-#include "backend/model/ControlMap.h"
 #include "backend/model/BankEdit.h"
+#include "backend/model/ControlMap.h"
 #include "backend/model/Edit.h"
 #include "backend/model/JoystickButtonConfiguration.h"
 #include "backend/model/JoystickElement.h"
@@ -16,10 +16,12 @@
 #include "backend/model/Learned.h"
 #include "backend/model/MidiEventConfigurationMap.h"
 #include "backend/model/MidiPort.h"
+#include "backend/model/Notice.h"
 #include "backend/model/OscList.h"
 #include "backend/model/PresetList.h"
 #include "backend/model/Program.h"
 #include "backend/model/Screen.h"
+#include "backend/model/SetList.h"
 #include "backend/model/WindowMove.h"
 #include "backend/model/ZoneMap.h"
 #include "backend/values/OnOffToggle.h"
@@ -82,6 +84,9 @@ inline constexpr TypedMessage<BankEditDone> BANK_EDIT_DONE{33297, "BankEditDone"
 /// The index in PresetSections::ALL, whether the section was edited since it was loaded from a preset or saved as one,
 /// and its name; empty for none.
 inline constexpr TypedMessage<std::uint32_t, bool, std::string> SECTION_PRESET{33298, "SectionPreset"};
+/// The set list of the current bank.
+inline constexpr TypedMessage<SetList> SET_LIST{33315, "SetList"};
+inline constexpr TypedMessage<Notice, std::string> NOTICE{33316, "Notice"};
 
 /// Those that were replaced.
 inline constexpr TypedMessage<std::vector<ComputerInput::KeyConfiguration>> KEY_CONFIGURATIONS{33469,

@@ -23,12 +23,14 @@ struct BankEdit;
 struct Edit;
 struct HostStart;
 struct HostState;
+struct SetListEdit;
+enum class SetListWrite;
 
 /// The commands of the backend, which execute the operations of `OrvIF` of the same names. The commands that change a
 /// setting are in `SettingMessages.h`.
 namespace OrvMessage
 {
-inline constexpr MessageRange RANGE{33218, 33299};
+inline constexpr MessageRange RANGE{33218, 33323};
 
 inline constexpr TypedRequest<std::string> GET_PROGRAM_AS_STRING{{33218, "GetProgramAsString"}};
 inline constexpr TypedMessage<> INITIALIZE{33219, "Initialize"};
@@ -92,6 +94,14 @@ inline constexpr TypedMessage<bool> WATCH_MIDI_INPUTS{33295, "WatchMidiInputs"};
 inline constexpr TypedMessage<BankEdit> EDIT_BANK{33297, "EditBank"};
 inline constexpr TypedMessage<std::string> UNDO_BANK{33298, "UndoBank"};
 inline constexpr TypedMessage<std::string> REDO_BANK{33299, "RedoBank"};
+inline constexpr TypedMessage<SetListEdit> EDIT_SET_LIST{33315, "EditSetList"};
+inline constexpr TypedMessage<> UNDO_SET_LIST{33316, "UndoSetList"};
+inline constexpr TypedMessage<> REDO_SET_LIST{33317, "RedoSetList"};
+inline constexpr TypedMessage<bool> ENABLE_SET_LIST{33318, "EnableSetList"};
+inline constexpr TypedMessage<int> GO_TO_SET_ENTRY{33319, "GoToSetEntry"};
+inline constexpr TypedMessage<bool> KEEP_SET_POSITION{33320, "KeepSetPosition"};
+/// From the files thread: the result, and the path of the file.
+inline constexpr TypedMessage<SetListWrite, std::string> SET_LIST_WRITTEN{33323, "SetListWritten"};
 /// From the files thread: its work is finished.
 inline constexpr TypedMessage<> FILES_DONE{33277, "FilesDone"};
 }  // namespace OrvMessage

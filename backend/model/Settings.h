@@ -80,6 +80,11 @@ inline constexpr Number WINDOW_HEIGHT{"WindowHeight", 0, 33293, Notice::none, 0,
 /// "Ask before changes are lost", a value of `BeforeLoss`.
 inline constexpr Number ASK_BEFORE_LOSS{"AskBeforeLoss", 1, 33292, Notice::all, 0, 2};
 
+/// Whose MIDI program changes load programs, see `ProgramChangeInput`: an input, -1 for all, -2 for none; a channel, -1
+/// for all.
+inline constexpr Number PROGRAM_CHANGE_INPUT{"ProgramChangeInput", -2, 33321, Notice::all, -2, 127};
+inline constexpr Number PROGRAM_CHANGE_CHANNEL{"ProgramChangeChannel", -1, 33322, Notice::all, -1, 15};
+
 template <const auto&... rows>
 struct Rows {
     /// Calls `visit.template operator()<row>()` for each row, in order.
@@ -91,12 +96,13 @@ struct Rows {
 };
 
 /// All settings, in the order in which they are written.
-using All = Rows<PROG_DIR, DEFAULT_BANK, GLOBAL_KEYBOARD, MIDI_THRU, KEEP_NOTES, RETRO_RECORD_ENABLED,
-                 RETRO_RECORD_BUFFER_SIZE, MIDI_BUFFER_DIR, LARGE_DISPLAY_FONT, MOUSE_SENSITIVITY, DOCK_TO_BOTTOM_EDGE,
-                 DISPLAY_MIDI_INPUT_EVENTS, DISPLAY_MIDI_OUTPUT_EVENTS, DISPLAY_NUMBERS, DISPLAY_HEIGHT,
-                 LAST_WINDOW_POSITION, ENABLED_MIDI_INPUTS, ENABLED_MIDI_OUTPUTS, ALWAYS_ON_TOP, USE_SKIN_BORDER,
-                 DEFAULT_MIDI_OUTPUT, LITE_VELOCITY, LITE_CHANNEL, LITE_STACK_NOTES, CLICK_ZONE_CHANNEL_TRANSPOSE,
-                 SCREEN_STATE, WINDOW_SCALE, SKIN, WINDOW_HEIGHT, ASK_BEFORE_LOSS>;
+using All =
+    Rows<PROG_DIR, DEFAULT_BANK, GLOBAL_KEYBOARD, MIDI_THRU, KEEP_NOTES, RETRO_RECORD_ENABLED, RETRO_RECORD_BUFFER_SIZE,
+         MIDI_BUFFER_DIR, LARGE_DISPLAY_FONT, MOUSE_SENSITIVITY, DOCK_TO_BOTTOM_EDGE, DISPLAY_MIDI_INPUT_EVENTS,
+         DISPLAY_MIDI_OUTPUT_EVENTS, DISPLAY_NUMBERS, DISPLAY_HEIGHT, LAST_WINDOW_POSITION, ENABLED_MIDI_INPUTS,
+         ENABLED_MIDI_OUTPUTS, ALWAYS_ON_TOP, USE_SKIN_BORDER, DEFAULT_MIDI_OUTPUT, LITE_VELOCITY, LITE_CHANNEL,
+         LITE_STACK_NOTES, CLICK_ZONE_CHANNEL_TRANSPOSE, SCREEN_STATE, WINDOW_SCALE, SKIN, WINDOW_HEIGHT,
+         ASK_BEFORE_LOSS, PROGRAM_CHANGE_INPUT, PROGRAM_CHANGE_CHANNEL>;
 
 /// The type of a row's value.
 template <const auto& row>

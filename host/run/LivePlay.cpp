@@ -62,6 +62,7 @@ void LivePlay::start(const Setup& setup, const ClockPorts& links)
     slices.measureInto(&load);
     clock.setTryRest([backend = orv.get()] { return backend->tryRest(); });
     installIfNeeded();
+    orv->getOrvMessageManager().postKeepSetPosition(true);
     if (setup.loads.empty()) orv->getOrvMessageManager().postSetProgramNumber(setup.number);
     orv->requestRealTime();
     orv->start();

@@ -56,33 +56,20 @@ TEST(Orv, MakesTheWindowThatItWasGivenWithWhatItKnowsAndLaterSendsItAll)
     stage.openWindow();
     stage.commands().postRefreshGui();
     using namespace GuiMessage;
-    EXPECT_EQ(stage.received(TestWindow::number), TestWindow::numbers({SETTINGS,
-                                                                       MIDI_INPUT_PORTS,
-                                                                       MIDI_OUTPUT_PORTS,
-                                                                       BANK,
-                                                                       PROGRAM,
-                                                                       PROGRAM_EDITED,
-                                                                       OSCILLATORS,
-                                                                       PRESETS,
-                                                                       JOYSTICK_BUTTONS,
-                                                                       JOYSTICK_AXES,
-                                                                       PRESETS,
-                                                                       COMPUTER_INPUT,
-                                                                       COMPUTER_INPUT_CHANGED,
-                                                                       PRESETS,
-                                                                       MIDI_INPUT,
-                                                                       PRESETS,
-                                                                       CONTROLS,
-                                                                       PRESETS,
-                                                                       LAYERS,
-                                                                       PRESETS,
-                                                                       ZONES,
-                                                                       SECTION_PRESET,
-                                                                       SECTION_PRESET,
-                                                                       SECTION_PRESET,
-                                                                       SECTION_PRESET,
-                                                                       SECTION_PRESET,
-                                                                       SECTION_PRESET}))
+    EXPECT_EQ(stage.received(TestWindow::number), TestWindow::numbers({SETTINGS,          MIDI_INPUT_PORTS,
+                                                                       MIDI_OUTPUT_PORTS, BANK,
+                                                                       PROGRAM,           SET_LIST,
+                                                                       PROGRAM_EDITED,    OSCILLATORS,
+                                                                       PRESETS,           JOYSTICK_BUTTONS,
+                                                                       JOYSTICK_AXES,     PRESETS,
+                                                                       COMPUTER_INPUT,    COMPUTER_INPUT_CHANGED,
+                                                                       PRESETS,           MIDI_INPUT,
+                                                                       PRESETS,           CONTROLS,
+                                                                       PRESETS,           LAYERS,
+                                                                       PRESETS,           ZONES,
+                                                                       SECTION_PRESET,    SECTION_PRESET,
+                                                                       SECTION_PRESET,    SECTION_PRESET,
+                                                                       SECTION_PRESET,    SECTION_PRESET}))
         << "all sections, with their presets";
 }
 
