@@ -16,16 +16,16 @@ using WindowsLib::DbgStream;
 
 namespace
 {
-constexpr std::string_view EXTENSION = ".set";
+constexpr std::string_view SET_EXTENSION = ".set";
 constexpr std::size_t MAX_SIZE = 16u << 20;  // bytes; an entry has some hundred
 
 std::string pathBeside(const std::string& bank)
 {
     std::filesystem::path path = pathOf(bank);
-    if (path.extension() == EXTENSION)
-        path += EXTENSION;  // not the bank itself
+    if (path.extension() == SET_EXTENSION)
+        path += SET_EXTENSION;  // not the bank itself
     else
-        path.replace_extension(EXTENSION);
+        path.replace_extension(SET_EXTENSION);
     return textOf(path);
 }
 

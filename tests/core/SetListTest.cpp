@@ -6,7 +6,7 @@
 #include "tests/core/EditStage.h"
 
 using namespace Backend;
-using Kind = SetListEdit::Kind;
+using ListChange = SetListEdit::Kind;
 using Step = SelectType::Kind;
 
 namespace
@@ -50,10 +50,10 @@ struct SetStage : EditStage {
                (notices.empty() ? "" : ": " + notices);
     }
     /// Entries by their rows; of `add`, programs.
-    std::string done(Kind kind, std::vector<int> rows, int before = -1, const std::string& note = "")
+    std::string done(ListChange kind, std::vector<int> rows, int before = -1, const std::string& note = "")
     {
         const auto idOf = [this](int row) { return list.getEntries()[static_cast<std::size_t>(row)].id; };
-        if (kind != Kind::add)
+        if (kind != ListChange::add)
             for (int& row : rows) row = idOf(row);
         commands().postEditSetList({kind, "e", rows, before < 0 ? 0 : idOf(before), note});
         return shown();
@@ -112,14 +112,14 @@ TEST(SetList, NextAndPreviousFollowItWhileItIsOn)
 TEST(SetList, IsEditedWithUndoAndLosesNothing)
 {
     SetStage stage;
-    EXPECT_EQ(stage.done(Kind::add, {1, 9}, 0, "two\nlines"), "P1(two lines) P2(capo 2) *P0 X? P3 P0");
-    EXPECT_EQ(stage.done(Kind::move, {1}, 2), "P1(two lines) P2(capo 2) *P0 X? P3 P0: failed") << "where it is";
-    EXPECT_EQ(stage.done(Kind::move, {2, 3}), "P1(two lines) P2(capo 2) P3 P0 *P0 X?");
-    EXPECT_EQ(stage.done(Kind::note, {5}, -1, "wait"), "P1(two lines) P2(capo 2) P3 P0 *P0 X?(wait)");
-    EXPECT_EQ(stage.done(Kind::remove, {4, 1}), "P1(two lines) P3 *P0 X?(wait)");
-    EXPECT_EQ(stage.done(Kind::note, {0}, -1, "\xff"), "P1(two lines) P3 *P0 X?(wait): failed");
+    EXPECT_EQ(stage.done(ListChange::add, {1, 9}, 0, "two\nlines"), "P1(two lines) P2(capo 2) *P0 X? P3 P0");
+    EXPECT_EQ(stage.done(ListChange::move, {1}, 2), "P1(two lines) P2(capo 2) *P0 X? P3 P0: failed") << "where it is";
+    EXPECT_EQ(stage.done(ListChange::move, {2, 3}), "P1(two lines) P2(capo 2) P3 P0 *P0 X?");
+    EXPECT_EQ(stage.done(ListChange::note, {5}, -1, "wait"), "P1(two lines) P2(capo 2) P3 P0 *P0 X?(wait)");
+    EXPECT_EQ(stage.done(ListChange::remove, {4, 1}), "P1(two lines) P3 *P0 X?(wait)");
+    EXPECT_EQ(stage.done(ListChange::note, {0}, -1, "\xff"), "P1(two lines) P3 *P0 X?(wait): failed");
     EXPECT_EQ(stage.reloaded(), "P1(two lines) P3 *P0 X?(wait)");
-    EXPECT_EQ(stage.done(Kind::remove, {0, 1, 2, 3}), "");
+    EXPECT_EQ(stage.done(ListChange::remove, {0, 1, 2, 3}), "");
     stage.commands().postUndoSetList();
     EXPECT_EQ(stage.shown(), "P1(two lines) P3 *P0 X?(wait)");
     stage.commands().postRedoSetList();
@@ -132,7 +132,7 @@ TEST(SetList, IsEditedWithUndoAndLosesNothing)
 TEST(SetList, FollowsTheProgramsOfTheBank)
 {
     SetStage stage;
-    stage.done(Kind::remove, {4});
+    stage.done(ListChange::remove, {4});
     EXPECT_EQ(stage.bankDone({.kind = BankEdit::Kind::move, .name = "m", .programs = {2}, .to = 0}),
               "P2(capo 2) *P0 X? P3");
     EXPECT_EQ(stage.bankDone({.kind = BankEdit::Kind::rename, .name = "r", .programs = {0}, .programName = "New"}),
@@ -162,11 +162,11 @@ TEST(SetList, IsNotWrittenOverWhatIsNotItsOwn)
 {
     SetStage stage;
     stage.folder.write("a.set", SetStage::setFile("on='true' position='3'"));
-    EXPECT_EQ(stage.done(Kind::remove, {0}), "P2(capo 2) P0 X? *P3 P0: notice 1") << "of another program";
+    EXPECT_EQ(stage.done(ListChange::remove, {0}), "P2(capo 2) P0 X? *P3 P0: notice 1") << "of another program";
     stage.folder.write("a.set", "<SetList><Ent");
     EXPECT_EQ(stage.reloaded(), "");
     EXPECT_TRUE(stage.list.isBroken());
-    EXPECT_EQ(stage.done(Kind::add, {0}), ": failed");
+    EXPECT_EQ(stage.done(ListChange::add, {0}), ": failed");
     stage.commands().postEnableSetList(true);
     EXPECT_EQ(stage.go(Step::up), 1);
     EXPECT_EQ(stage.folder.read("a.set"), "<SetList><Ent");

@@ -26,8 +26,8 @@ constexpr char PROGRAM = 'P';
 /// Skips up to ten numbers, which are not used. False if anything else follows.
 bool passNumbers(Words& words)
 {
-    constexpr int NUMBERS = 10;
-    for (int i = 0; i < NUMBERS; ++i) words.number(INT_MIN, INT_MAX, 0);
+    constexpr int MOST = 10;
+    for (int i = 0; i < MOST; ++i) words.number(INT_MIN, INT_MAX, 0);
     return words.areUnderstood();
 }
 
@@ -99,15 +99,16 @@ bool import(const std::string& source, const std::string& target, NoProgram noPr
     return !error;
 }
 
-struct Kind {
+struct SectionKind {
     std::string_view word;
     PresetSection section;
     void (Sections::*write)(std::ostream& out, int indent, bool merge) const;
 };
-constexpr auto KINDS = std::to_array<Kind>({{"key", PresetSections::COMPUTER_INPUT, &Sections::writeComputerInput},
-                                            {"midiin", PresetSections::MIDI_INPUT, &Sections::writeMidiInput},
-                                            {"control", PresetSections::CONTROLS, &Sections::writeControls},
-                                            {"layer", PresetSections::LAYERS, &Sections::writeLayers}});
+constexpr auto SECTION_KINDS =
+    std::to_array<SectionKind>({{"key", PresetSections::COMPUTER_INPUT, &Sections::writeComputerInput},
+                                {"midiin", PresetSections::MIDI_INPUT, &Sections::writeMidiInput},
+                                {"control", PresetSections::CONTROLS, &Sections::writeControls},
+                                {"layer", PresetSections::LAYERS, &Sections::writeLayers}});
 }  // namespace
 
 std::string convertBank(std::string_view name, std::string_view text)
@@ -137,8 +138,8 @@ std::optional<Preset> convertPreset(std::string_view name, std::string_view text
     Lines lines(name, text);
     const bool merge = lines.current() == "SELECTED";
     lines.next();
-    const auto kind = std::ranges::find(KINDS, Words(lines.current()).word(), &Kind::word);
-    if (kind == KINDS.end()) {
+    const auto kind = std::ranges::find(SECTION_KINDS, Words(lines.current()).word(), &SectionKind::word);
+    if (kind == SECTION_KINDS.end()) {
         lines.report("not a preset");
         return std::nullopt;
     }
