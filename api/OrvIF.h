@@ -103,7 +103,8 @@ class MidiInputMessageManager;
 namespace MidiEngine
 {
 class MidiEngineMessageManager;
-}
+struct NoteActivity;
+}  // namespace MidiEngine
 
 namespace RetroRecord
 {
@@ -588,5 +589,11 @@ public:
     /// are not translated. The number of the program is (MSB x 128 + LSB) x 128 + program.
     virtual void setProgramChangeInput(int input) = 0;
     virtual void setProgramChangeChannel(int channel) = 0;
+    /// [backend] While it is on, the notes at zones and layers are counted, beginning with none; the window's close
+    /// ends it.
+    virtual void watchNotes(bool on) = 0;
+    /// The notes at zones and layers, those included that were played and ended since the last call. False, with
+    /// `activity` as it was, if nothing has changed. One thread, which is not that of the slices; never waits.
+    virtual bool takeNoteActivity(MidiEngine::NoteActivity& activity) = 0;
 };
 }  // namespace Backend

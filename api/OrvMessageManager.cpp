@@ -250,6 +250,8 @@ void OrvMessageManager::postKeepSetPosition(bool on) { master.post(OrvMessage::K
 
 void OrvMessageManager::postWatchMidiInputs(bool on) { master.post(OrvMessage::WATCH_MIDI_INPUTS(on)); }
 
+void OrvMessageManager::postWatchNotes(bool on) { master.post(OrvMessage::WATCH_NOTES(on)); }
+
 // --- settings
 
 void OrvMessageManager::postSetting(Message setting) { master.post(std::move(setting)); }

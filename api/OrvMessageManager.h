@@ -123,6 +123,8 @@ public:
     void postLearn(const LearnKinds& kinds, std::uint32_t number);
     /// See `OrvIF::watchMidiInputs`.
     void postWatchMidiInputs(bool on);
+    /// See `OrvIF::watchNotes`.
+    void postWatchNotes(bool on);
     /// A change of the programs of a bank, see `OrvIF::editBank`. Of undo and redo, an empty path is the current bank.
     void postEditBank(const BankEdit& edit);
     void postUndoBank(const std::string& path);

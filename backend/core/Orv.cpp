@@ -189,6 +189,7 @@ void Orv::setGuiWindowHandle(const WindowHandle& window)
     retroRecord.setFillListener({});
     orvMessageManager.postLearn({}, 0);
     orvMessageManager.postWatchMidiInputs(false);
+    orvMessageManager.postWatchNotes(false);
 }
 
 void Orv::setDisplayListener(Display::DisplayListener* listener)

@@ -348,6 +348,8 @@ public:
     void learn(const LearnKinds& kinds, std::uint32_t number) override;
     Learning& getLearning() override { return onBackendThread(learning); }
     void watchMidiInputs(bool on) override;
+    void watchNotes(bool on) override;
+    bool takeNoteActivity(MidiEngine::NoteActivity& activity) override { return midiEngine.takeNoteActivity(activity); }
     void sendReceivedEvents() override { display.getMessageManager().postSendReceivedEvents(getGuiWindowHandle()); }
     void editSetList(const SetListEdit& edit) override;
     void undoSetList() override;

@@ -87,6 +87,7 @@ constexpr auto COMMANDS = std::to_array<Command<OrvIF>>({
     on<KEEP_SET_POSITION, &OrvIF::keepSetPosition>(),
     on<SETTING<Settings::PROGRAM_CHANGE_INPUT>, &OrvIF::setProgramChangeInput>(),
     on<SETTING<Settings::PROGRAM_CHANGE_CHANNEL>, &OrvIF::setProgramChangeChannel>(),
+    on<WATCH_NOTES, &OrvIF::watchNotes>(),
     answer<SAVE_STATE, &OrvIF::saveState>(),
     answer<GET_HOST_START, &OrvIF::getHostStart>(),
     answer<CREATE_ORV_GUI, &OrvIF::createOrvGui>(),

@@ -36,6 +36,12 @@ void Orv::watchMidiInputs(bool on)
     updateInputLog();
 }
 
+void Orv::watchNotes(bool on)
+{
+    assertBackendThread();
+    midiEngine.watchNotes(on);
+}
+
 void Orv::updateInputLog()
 {
     const bool isLogged = watchesInputs || registrySettings.getDisplayMidiInputEvents();

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "backend/engine/MidiEngine.h"
+#include "backend/model/NoteActivity.h"
 
 namespace Backend::Layers
 {
@@ -16,6 +17,7 @@ using MidiEngine::Slice;
 namespace
 {
 constexpr std::size_t NOTES = 256;  // the number of values of a data byte
+constexpr LayerId WATCHED_LAYERS{MidiEngine::NoteActivity::LAYERS};
 
 OrvMidiMessage withNote(OrvMidiMessage event, int note)
 {
@@ -50,6 +52,7 @@ EngineLayer::EngineLayer(const Layer& layer)
       output(layer.output),
       channel(layer.channel >= MidiEngine::NoteCounters::CHANNELS ? std::int8_t{0} : layer.channel),
       useNoteStack(layer.useNoteStack),
+      shownNumber(layer.id < WATCHED_LAYERS ? static_cast<std::uint8_t>(layer.id + 1) : std::uint8_t{0}),
       settings(layer.asPlayed()),
       mono(layer.mono),
       toggle(layer.toggle.mode),
@@ -192,6 +195,7 @@ OrvMidiMessage EngineLayer::shaped(const OrvMidiMessage& event, int port) const
     played.setChannel(channel);
     played.setD1(sounding[event.getD1()]);
     played.setD2(velocities[event.getD2()]);
+    played.setLayer(shownNumber, event.getD1());
     return played;
 }
 

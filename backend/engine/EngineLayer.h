@@ -158,6 +158,7 @@ private:
     std::int8_t output;
     std::int8_t channel;
     bool useNoteStack;
+    std::uint8_t shownNumber;                  // from 1; 0 if it is too high
     std::array<std::uint8_t, 256> sounding;    // the note to play, by the note of the event
     std::array<std::uint8_t, 256> velocities;  // the velocity to play, by that of the event
 

@@ -109,9 +109,14 @@ void MidiEngine::setMidiOutputPorts(MidiOutputPorts ports)
 
     const CommandLock lock(criticalSection, longestHold);
     midiOutputPorts.swap(ports);
+    bool anyEnds = false;
+    for (int output = 0; output < NoteCounters::OUTPUTS; ++output) {
+        if (!isGone(output)) continue;
+        anyEnds |= enabledOutputs[static_cast<unsigned>(output)];
+        noteCounters.clearOutput(output);
+    }
     enabledOutputs = enabled;
-    for (int output = 0; output < NoteCounters::OUTPUTS; ++output)
-        if (isGone(output)) noteCounters.clearOutput(output);
+    if (anyEnds && watchesNotes) noteWatch.clear();
     presses.forgetOutputs(isGone);
     directOutputs.forget(isGone);
     pedals.forgetOutputs(isGone);
@@ -184,7 +189,23 @@ void MidiEngine::setInputLog(EventLog* newLog)
     inputLog = newLog;
 }
 
-void MidiEngine::updateObserved() { isObserved = guiWindow || recorder != nullptr || eventLog != nullptr; }
+void MidiEngine::updateObserved()
+{
+    isObserved = guiWindow || recorder != nullptr || eventLog != nullptr || watchesNotes;
+}
+
+/// No slice counts while the counters are cleared.
+void MidiEngine::watchNotes(bool on)
+{
+    const auto set = [this](bool isOn) {
+        const CommandLock lock(criticalSection, longestHold);
+        watchesNotes = isOn;
+        updateObserved();
+    };
+    set(false);
+    noteWatch.clear();
+    if (on) set(true);
+}
 
 void MidiEngine::setControlUpdates(Controls::ControlUpdates* updates)
 {

@@ -19,6 +19,7 @@
 #include "backend/engine/LiveInputs.h"
 #include "backend/engine/LongestHold.h"
 #include "backend/engine/NoteCounters.h"
+#include "backend/engine/NoteWatch.h"
 #include "backend/engine/PedalMemory.h"
 #include "backend/engine/PressMemory.h"
 #include "backend/engine/PulseSpan.h"
@@ -124,6 +125,10 @@ public:
     void setInputLog(EventLog* newLog) EXCLUDES(criticalSection);
     /// Receives the events that controls may follow; null for none. It must outlive the slices.
     void setControlUpdates(Controls::ControlUpdates* updates) EXCLUDES(criticalSection);
+    /// Whether the notes at zones and layers are counted from now on, beginning with none. One thread.
+    void watchNotes(bool on) EXCLUDES(criticalSection);
+    /// See `NoteWatch::take`. One thread, without the lock.
+    bool takeNoteActivity(NoteActivity& activity) { return noteWatch.take(activity); }
     /// Replaces the zones. Open presses keep their sounding note.
     void setZoneMap(std::vector<Zones::Zone> zones) EXCLUDES(criticalSection);
     /// Replaces the transposition of a zone; ignored if there is no such zone.
@@ -326,6 +331,7 @@ private:
     DeferredEvents deferred;
     std::atomic<bool> refusesInputs{false};
     LongestHold longestHold;  // of the engine lock, by commands
+    NoteWatch noteWatch;      // slices count only while `watchesNotes` is on
 
     CriticalSection criticalSection;
 
@@ -341,6 +347,7 @@ private:
     EventLog* eventLog GUARDED_BY(criticalSection) = nullptr;
     EventLog* inputLog GUARDED_BY(criticalSection) = nullptr;
     bool isObserved GUARDED_BY(criticalSection) = false;  // played events go to the window, the log or the record
+    bool watchesNotes GUARDED_BY(criticalSection) = false;
     Controls::ControlUpdates* controlUpdates GUARDED_BY(criticalSection) = nullptr;
     std::vector<OrvMidiMessage> timedEvents GUARDED_BY(criticalSection);  // in order of arrival
     std::vector<OrvMidiMessage> pending GUARDED_BY(criticalSection);      // those of this slice

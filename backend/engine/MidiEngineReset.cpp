@@ -150,6 +150,7 @@ void MidiEngine::reset(Slice& slice)
     presses.clear();
     usualPresses.clear();
     layers.reset(slice, *this);
+    if (watchesNotes) noteWatch.clear();
     startTime = -1;
     wakeArpeggios(slice);
     directOutputs.clear();

@@ -374,6 +374,7 @@ void MidiEngine::moveUsual(Slice& slice, int note)
 void MidiEngine::playToTakers(Slice& slice, const OrvMidiMessage& noteOff, PressMemory::Index run)
 {
     olderMayBeSilent = true;
+    if (watchesNotes) noteWatch.pass(noteOff);
     const DefaultRoute route(noteOff, defaultMidiOutput);
     layers.forEachTaker(run, [&](Layers::EngineLayer& layer) { layer.playTaken(slice, *this, noteOff, route); });
 }
@@ -384,6 +385,7 @@ void MidiEngine::playThroughLayers(Slice& slice, const OrvMidiMessage& event)
     const Layers::EngineLayerList& list = layers.now();
     if (list.isEmpty()) return drop(slice, event, "there is no layer");
     if (event.isNote()) {
+        if (watchesNotes) noteWatch.pass(event);
         const DefaultRoute route(event, defaultMidiOutput);
         for (Layers::EngineLayer* layer : list.taking(event.getD1())) layer->playNote(slice, *this, event, route);
         return;
@@ -396,6 +398,7 @@ void MidiEngine::playThroughLayers(Slice& slice, const OrvMidiMessage& event)
 void MidiEngine::playDirect(Slice& slice, OrvMidiMessage& event)
 {
     if (!event.isNote()) return playOtherDirect(slice, event);
+    if (watchesNotes) noteWatch.pass(event);
     const DefaultRoute route(event, defaultMidiOutput);  // of the event as it was received
     if (event.isDefaultChannel()) event.setChannel(0);
     if (event.isDefaultOutput())
@@ -464,6 +467,7 @@ void MidiEngine::notifyObservers(Slice& slice, const OrvMidiMessage& event)
         slice.log = eventLog;
     }
     if (guiWindow) show(slice, event);
+    if (watchesNotes && event.isNote()) noteWatch.play(event);
 }
 
 /// All events of a slice are recorded with the same time.

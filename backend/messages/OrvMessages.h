@@ -102,6 +102,7 @@ inline constexpr TypedMessage<int> GO_TO_SET_ENTRY{33319, "GoToSetEntry"};
 inline constexpr TypedMessage<bool> KEEP_SET_POSITION{33320, "KeepSetPosition"};
 /// From the files thread: the result, and the path of the file.
 inline constexpr TypedMessage<SetListWrite, std::string> SET_LIST_WRITTEN{33323, "SetListWritten"};
+inline constexpr TypedMessage<bool> WATCH_NOTES{33300, "WatchNotes"};
 /// From the files thread: its work is finished.
 inline constexpr TypedMessage<> FILES_DONE{33277, "FilesDone"};
 }  // namespace OrvMessage

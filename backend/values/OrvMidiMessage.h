@@ -10,7 +10,7 @@ namespace Backend::MidiEngine
 {
 /// The kinds of items in the engine's queue: MIDI events, resets, markers behind what an event of an input made, and
 /// new lists that are taken over without a reset.
-enum class MidiEngineMessageType : std::uint32_t {
+enum class MidiEngineMessageType : std::uint8_t {
     midiEvent = 0,
     reset = 1,
     hardReset = 2,
@@ -116,6 +116,15 @@ public:
     constexpr void setZone(int number) { zone = static_cast<std::int8_t>(number); }
     constexpr std::int8_t getInput() const { return input; }
     constexpr const Cell& getFromControl() const { return fromControl; }
+    /// The layer that sends a note, from 1; 0 if no layer does, or one beyond the last number.
+    constexpr std::uint8_t getLayer() const { return layer; }
+    /// The note that came to that layer.
+    constexpr std::uint8_t getLayerNote() const { return layerNote; }
+    constexpr void setLayer(std::uint8_t number, std::uint8_t note)
+    {
+        layer = number;
+        layerNote = note;
+    }
     constexpr std::int32_t getPpq() const { return ppq; }
     constexpr void setPpq(std::int32_t pulse) { ppq = pulse; }
     constexpr bool isTimedEvent() const { return ppq >= 0; }
@@ -175,6 +184,8 @@ private:
     MidiMessage midiMessage;
     Cell fromControl;
     MidiEngineMessageType midiEngineMessageType = MidiEngineMessageType::midiEvent;
+    std::uint8_t layer = 0;
+    std::uint8_t layerNote = 0;
     std::int32_t ppq = UNTIMED;
 };
 }  // namespace Backend::MidiEngine

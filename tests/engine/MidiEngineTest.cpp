@@ -1,6 +1,7 @@
 #include <limits>
 
 #include "backend/core/EngineRecorder.h"
+#include "backend/model/NoteActivity.h"
 #include "backend/model/OscList.h"
 #include "tests/engine/EngineStage.h"
 #include "tests/stage/Allocations.h"
@@ -238,4 +239,55 @@ TEST(Window, SeesEveryEventThatIsPlayedAndNoneAfterItIsGone)
     stage.play(noteOff(60).output(1).channel(2));
     stage.played();
     EXPECT_EQ(stage.received(), "");
+}
+
+TEST(Window, SeesWhichZonesAndLayersNotesPass)
+{
+    EngineStage stage;
+    NoteActivity activity;
+    const auto report = [&] {
+        if (!stage.engine.takeNoteActivity(activity)) return std::string("the same");
+        std::string text;
+        const auto add = [&](const std::string& name, const NoteActivity::Notes& notes) {
+            for (std::size_t note = 0; note < notes.size(); ++note)
+                if (notes[note]) text += (text.empty() ? "" : ", ") + name + " " + std::to_string(note);
+        };
+        add("played", activity.played);
+        for (std::size_t zone = 0; zone < 4; ++zone) add("zone " + std::to_string(zone), activity.zones[zone]);
+        for (std::size_t layer = 0; layer < 3; ++layer) add("layer " + std::to_string(layer), activity.layers[layer]);
+        return text;
+    };
+    const auto after = [&](std::initializer_list<TestEvent> events) {
+        for (const TestEvent& event : events) stage.add(event.pulse(0));
+        stage.slice(0, 1);
+        return report();
+    };
+    stage.engine.setZoneMap({{.id = 2, .transpose = 12}});
+    std::vector<Layers::Layer> layers(3);
+    for (std::size_t layer = 0; layer < layers.size(); ++layer) layers[layer].id = static_cast<Layers::LayerId>(layer);
+    layers[0].minNote = Note(100);
+    layers[1].transpose.value = -5;
+    layers[2].mute = true;
+    stage.engine.setLayerList(layers);
+    report();
+    EXPECT_EQ(after({noteOn(40)}), "the same") << "nobody watches";
+    stage.engine.watchNotes(true);
+    EXPECT_EQ(after({noteOff(40), noteOn(60).zone(2)}), "played 72, zone 2 72, layer 1 72");
+    EXPECT_EQ(report(), "the same");
+    EXPECT_EQ(after({noteOn(72).input(1)}), "played 72, zone 2 72, layer 1 72");
+    EXPECT_EQ(after({noteOff(60).zone(2)}), "played 72, layer 1 72") << "another input holds it";
+    EXPECT_EQ(after({noteOff(72).input(1)}), "");
+    EXPECT_EQ(after({noteOn(9).channel(3), noteOff(9).channel(3)}), "played 9") << "it was short, without a layer";
+    EXPECT_EQ(report(), "");
+    after({noteOn(101)});
+    stage.engine.sendReset();
+    EXPECT_EQ(report(), "");
+
+    layers.resize(1);
+    layers[0].minNote = Note(0);
+    layers[0].arpeggio = {.beat = 10, .length = 4};
+    stage.engine.setLayerList(layers);
+    EXPECT_EQ(after({noteOn(64)}), "played 64, layer 0 64");
+    stage.slice(1, 9);
+    EXPECT_EQ(report(), "played 64") << "the arpeggio is between two notes";
 }
