@@ -5,17 +5,30 @@
 #include <QPaintEvent>
 #include <QPainter>
 #include <algorithm>
+#include <utility>
 
 #include "api/GuiContext.h"
 #include "gui/framework/Look.h"
 
 namespace Gui::Output
 {
+using Role = GdiManager::Role;
+
 namespace
 {
 constexpr int PAGE = 8;  // rows
-constexpr int GAP = 3;   // logical pixels, as the next one
+constexpr int GAP = 3;   // logical pixels, as the next ones
+constexpr int LINE = 2;
+constexpr int ARROW = 12;
 constexpr int END = 16;  // from the end of the text at the right end to that of the bar
+
+/// A role that is seen on bars of that one, in every skin.
+Role lightOn(const GdiManager& gdi, Role fill)
+{
+    for (const Role light : {Role::text, Role::selectedButton})
+        if (gdi.getColour(light) != gdi.getColour(fill)) return light;
+    return Role::selectedCell;
+}
 }  // namespace
 
 BarList::BarList(GuiContext& guiContext, QWidget* parent) : QWidget(parent), context(guiContext)
@@ -46,6 +59,19 @@ void BarList::setCurrentRow(int row)
     current = std::min(std::max(row, 0), getRowCount() - 1);
     if (current != before) update();
     currentRowChanged(*this, *this);
+}
+
+BarList::Notes BarList::getLitNotes(int row) const
+{
+    const auto index = static_cast<std::size_t>(row);
+    return index < lit.size() ? lit[index] : Notes();
+}
+
+void BarList::setLitNotes(std::vector<Notes> notes)
+{
+    if (notes == lit) return;
+    lit = std::move(notes);
+    update();
 }
 
 // --- keys
@@ -120,6 +146,7 @@ void BarList::paintEvent(QPaintEvent* event)
         painter.setPen(getGdi().getColour(GdiManager::Role::label));
         painter.drawText(rect(), Qt::AlignCenter, getEmptyText());
     }
+    paintLines(painter);
     for (int row = 0; row < getRowCount(); ++row) {
         const QRect place = getRowPlace(row);
         if (!event->region().intersects(ringOf(place))) continue;
@@ -128,11 +155,46 @@ void BarList::paintEvent(QPaintEvent* event)
     }
 }
 
+int BarList::middleOf(int note) const { return (keys.leftEdge(note) + keys.rightEdge(note)) / 2; }
+
+/// From the key of each lit note down to the lowest bar in which it is lit, behind the bars.
+void BarList::paintLines(QPainter& painter) const
+{
+    const int line = getGdi().px(LINE);
+    Notes drawn;
+    for (int row = getRowCount() - 1; row >= 0; --row) {
+        const Notes notes = getLitNotes(row) & ~drawn;
+        for (int note = 0; notes.any() && note < KeyOutlines::NOTES; ++note)
+            if (notes[static_cast<std::size_t>(note)])
+                painter.fillRect(QRect(middleOf(note) - line / 2, 0, line, getRowPlace(row).top()),
+                                 getGdi().getColour(Role::text));
+        drawn |= notes;
+    }
+}
+
+/// The bar of a lit row has a line at its lower edge, and an arrow head below each key.
+void BarList::paintArrows(QPainter& painter, const Bar& bar) const
+{
+    if (bar.lit.none()) return;
+    const QColor colour = getGdi().getColour(lightOn(getGdi(), bar.fill));
+    const int line = getGdi().px(LINE);
+    const int half = getGdi().px(ARROW / 2.0);
+    painter.fillRect(QRect(bar.place.left(), bar.place.bottom() + 1 - line, bar.place.width(), line), colour);
+    painter.setRenderHint(QPainter::Antialiasing);
+    for (int note = 0; note < KeyOutlines::NOTES; ++note)
+        if (bar.lit[static_cast<std::size_t>(note)])
+            Look::drawTriangle(painter,
+                               QRectF(middleOf(note) - half, bar.place.top(), 2 * half, bar.place.height() - line),
+                               Look::Direction::down, colour);
+    painter.setRenderHint(QPainter::Antialiasing, false);
+}
+
 void BarList::paintBar(QPainter& painter, const Bar& bar) const
 {
     const QRect& place = bar.place;
     const QColor colour = getGdi().getColour(bar.fill);
     painter.fillRect(place, colour);
+    paintArrows(painter, bar);
     painter.setFont(getGdi().getFont(GdiManager::FontRole::font9));
     const auto widthOf = [&](const QString& text) { return painter.fontMetrics().horizontalAdvance(text); };
     const int gap = getGdi().px(GAP);

@@ -2,7 +2,9 @@
 
 #include <QWidget>
 #include <functional>
+#include <vector>
 
+#include "backend/model/NoteActivity.h"
 #include "gui/framework/AccessibleControl.h"
 #include "gui/framework/GdiManager.h"
 #include "gui/musickeyboard/KeyOutlines.h"
@@ -21,6 +23,8 @@ class BarList : public QWidget, public AccessibleList
 public:
     BarList(GuiContext& guiContext, QWidget* parent);
 
+    using Notes = Backend::MidiEngine::NoteActivity::Notes;
+
     /// Called with the place of a row that should be scrolled to.
     std::function<void(const QRect& place)> onReveal;
 
@@ -28,6 +32,9 @@ public:
     void rescale();
 
     int getCurrentRow() const final { return current; }
+
+    /// The notes that are lit in the row: an arrow comes to its bar from the key of each.
+    Notes getLitNotes(int row) const;
 
 protected:
     /// Below its last row, in logical pixels.
@@ -45,14 +52,17 @@ protected:
 
     /// The rows, or what they show, are others.
     void rowsChanged();
+    /// Of each row; the rows that are missing have none.
+    void setLitNotes(std::vector<Notes> notes);
     /// Without effects beyond this list; limited to the rows there are.
     void setCurrentRow(int row);
 
     struct Bar {
         QRect place;
         GdiManager::Role fill;
-        QString text;    ///< in its middle
-        QString end{};   ///< at its right end
+        QString text;   ///< in its middle
+        QString end{};  ///< at its right end
+        Notes lit{};
         int before = 0;  ///< the width of what is at its left
     };
     /// Texts for which the bar is too narrow are beside it.
@@ -67,9 +77,13 @@ protected:
 private:
     void moveTo(int row);
     QRect ringOf(const QRect& place) const;
+    int middleOf(int note) const;
+    void paintLines(QPainter& painter) const;
+    void paintArrows(QPainter& painter, const Bar& bar) const;
 
     GuiContext& context;
     KeyOutlines keys;
     int current = -1;
+    std::vector<Notes> lit;  // by row
 };
 }  // namespace Gui::Output

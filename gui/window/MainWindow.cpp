@@ -115,7 +115,11 @@ MainWindow::MainWindow(OrvGuiIF& owner, QWidget* parent, Resized onResize)
       resized(std::move(onResize)),
       playedKeys(std::make_unique<PlayedKeys>(*this)),
       keyboard(std::make_unique<WindowKeyboard>(*this, *playedKeys)),
-      column(new Column(owner.getGdiManager(), [this] { fit(); }))
+      column(new Column(owner.getGdiManager(), [this] { fit(); })),
+      noteLights(owner.getOrvIF(), [this](const auto& activity) {
+          zonePanel->showNotes(activity);
+          layerPanel->getLayerPanel().showNotes(activity);
+      })
 {
     setWindowTitle(QStringLiteral("OrvGui"));
     setAutoFillBackground(true);
@@ -214,6 +218,13 @@ void MainWindow::setShown(Screen screen, bool on)
 void MainWindow::showScreenStates()
 {
     for (const Screen screen : SCREENS) systemPanel->screenShown(screen, isShowing(screen));
+    lightNotes();
+}
+
+/// While a screen that shows them is seen.
+void MainWindow::lightNotes()
+{
+    noteLights.setOn(isVisible() && (isShowing(Screen::zones) || isShowing(Screen::layers)));
 }
 
 void MainWindow::toggleScreen(Screen screen) { showScreen(screen, !isShowing(screen)); }
@@ -468,11 +479,13 @@ void MainWindow::showEvent(QShowEvent* event)
 {
     QWidget::showEvent(event);
     showKeyTarget(keyboard->findTarget(QApplication::focusWidget()));
+    lightNotes();
 }
 
 void MainWindow::hideEvent(QHideEvent* event)
 {
     keyboard->releaseTyped();
     QWidget::hideEvent(event);
+    lightNotes();
 }
 }  // namespace Gui

@@ -10,6 +10,7 @@
 #include "backend/model/ScreenState.h"
 #include "backend/model/ZoneMap.h"
 #include "gui/framework/KeyTarget.h"
+#include "gui/framework/NoteLights.h"
 #include "gui/window/ZoneGuiMessageManager.h"
 
 class QDialog;
@@ -133,6 +134,7 @@ private:
     void showScreenMenu(const QPoint& globalPosition);
     void setShown(Backend::Screen screen, bool on);
     void showScreenStates();
+    void lightNotes();
     void showKeyTarget(KeyTarget target);
     bool useWindowKey(const QKeyEvent& event);
     bool useSectionKey(const QKeyEvent& event);
@@ -158,6 +160,7 @@ private:
     Output::OutputPanel* outputPanel = nullptr;
     Zones::ZonePanel* zonePanel = nullptr;
     Layers::MainPanel* layerPanel = nullptr;
+    NoteLights noteLights;  // of the screens below the music keyboard
     QSize lastSize;
     std::optional<Backend::ScreenState> stateBeforeCompact;
     Backend::ScreenState storedState;  // of screens that do not exist yet, it is kept as it is

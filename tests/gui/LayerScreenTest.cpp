@@ -140,6 +140,38 @@ TEST_F(LayerScreen, SplitsTheKeyboardWithTheMouse)
     EXPECT_EQ(played(), "C4 on, C4 on channel 1, C4 off, C4 off channel 1");
 }
 
+TEST_F(LayerScreen, LightsWhatSoundsAndTakesARangeFromTwoPlayedNotes)
+{
+    Layer muted;
+    muted.mute = true;
+    showLayers({{}, muted});
+    const auto isLit = [&](int row, int note) {
+        playSlices();
+        return QTest::qWaitFor([&] { return list->getLitNotes(row)[static_cast<std::size_t>(note)]; });
+    };
+    const auto isDark = [&] {
+        playSlices();
+        return QTest::qWaitFor([&] { return list->getLitNotes(0).none(); });
+    };
+    down("Q");
+    EXPECT_TRUE(isLit(0, 60));
+    EXPECT_TRUE(list->getLitNotes(1).none()) << "it is muted";
+    click(1, Qt::MiddleButton);
+    down("Z");
+    EXPECT_TRUE(isLit(0, 48));
+    up("Z");
+    up("Q");
+    EXPECT_TRUE(isDark());
+    EXPECT_NE(rows().find("Layer 2, C-1 to G9"), std::string::npos) << "the note before does not count";
+    down("Q");
+    EXPECT_TRUE(isLit(0, 60));
+    up("Q");
+    EXPECT_TRUE(isDark());
+    EXPECT_NE(rows().find("Layer 2, C3 to C4"), std::string::npos) << rows();
+    gui->getEdits().undo();
+    EXPECT_NE(rows().find("Layer 2, C-1 to G9"), std::string::npos) << "both ends are one step";
+}
+
 TEST_F(LayerScreen, MutesSolosCopiesAndDeletes)
 {
     Layer lost;

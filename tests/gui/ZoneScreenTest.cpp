@@ -117,6 +117,12 @@ TEST_F(ZoneScreen, GoesWhereAClickBesideItIsIfThatIsSetAndFollowsTheKeys)
     settle();
     EXPECT_EQ(clickAt(0, 37), "Zone 1, C2 to G2, transposed by -24");
     EXPECT_EQ(clickAt(0, 60), "Zone 1, C4 to G4");
+    down("Q");
+    playSlices();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return list->getLitNotes(0)[60]; }));
+    up("Q");
+    playSlices();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return list->getLitNotes(0).none(); }));
 
     list->setFocus();
     const auto pressed = [&](int key, Qt::KeyboardModifiers modifiers = {}) {

@@ -46,10 +46,14 @@ LayerCtl::LayerCtl(OrvGuiIF& owner, const Forms::LayerRecords& shownLayers, Form
     Property::setHelp(
         *this,
         tr("Layers: the notes that each takes. Drag an end of a bar, or move the lower end by Left and Right, the "
-           "upper "
-           "one with Shift; Control makes it an octave. M mutes, S solos, or Space. Right click or Enter: settings. "
-           "Middle click: the range from the piano keyboard. Right click beside a bar: menu."));
+           "upper one with Shift; Control makes it an octave. M mutes, S solos, or Space. Right click or Enter: "
+           "settings. Middle click: the range from two played notes. Right click beside a bar: menu."));
     rescale();
+}
+
+void LayerCtl::showNotes(const Backend::MidiEngine::NoteActivity& activity)
+{
+    setLitNotes({activity.layers.begin(), activity.layers.end()});
 }
 
 void LayerCtl::layersChanged()
@@ -384,6 +388,7 @@ void LayerCtl::paintRow(QPainter& painter, int row)
                        .fill = fill,
                        .text = textOf(layer),
                        .end = endOf(layer),
+                       .lit = getLitNotes(row),
                        .before = button.width()});
     paintBar(painter, {.place = button.adjusted(0, 0, -1, 0),
                        .fill = isOn ? Role::text : Role::disabledButton,

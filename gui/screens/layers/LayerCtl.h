@@ -39,6 +39,7 @@ public:
     std::function<void(Id id)> onSelectRange;  ///< a click with the middle button, or from the menu
     std::function<void()> onModeChange;
 
+    void showNotes(const Backend::MidiEngine::NoteActivity& activity);
     /// The layers, or the selected ones, are others.
     void layersChanged();
     /// Sets an end, or both; one below 0 stays.

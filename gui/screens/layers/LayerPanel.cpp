@@ -133,9 +133,15 @@ void LayerPanel::selectRange(Id id)
                           list->setRange(id, low, high, gesture);
                       });
     list->setRangedLayer(id);
-    gui.displayHelp(tr("Click the lowest note on the piano keyboard with the left button, the highest with the right "
-                       "one. Escape ends it.")
+    gui.displayHelp(tr("Play the lowest and the highest note. Or click the lowest one on the piano keyboard with the "
+                       "left button, the highest with the right one. Escape ends it.")
                         .toStdString());
+}
+
+void LayerPanel::showNotes(const Backend::MidiEngine::NoteActivity& activity)
+{
+    list->showNotes(activity);
+    rangeSelect.takePlayed(activity.played);
 }
 
 // --- changes that the backend reports

@@ -43,6 +43,9 @@ public:
     /// Which layers the window edits, and what it does to them.
     Forms::RecordEditor& getEditor() { return editor; }
 
+    /// Lights the layers; while a range is taken, what is played sets it.
+    void showNotes(const Backend::MidiEngine::NoteActivity& activity);
+
     // Changes that the backend reports
     void handleLayers(const Backend::Layers::LayerList& list);
     void handleLayerSelected(Id id, bool selected);

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <algorithm>
 #include <utility>
 
 namespace Gui::Layers
@@ -12,6 +13,7 @@ void RangeSelect::begin(Output::MusicKeyboardCtl& clickedKeyboard, Chosen chosen
     keyboard = &clickedKeyboard;
     active = true;
     hasLow = hasHigh = false;
+    firstPlayed = -1;
     choose = std::move(chosen);
     player = keyboard->setListener(this);
     qApp->installEventFilter(this);
@@ -31,6 +33,19 @@ void RangeSelect::keyPressed(int note, int, Qt::MouseButton button)
     (isLow ? hasLow : hasHigh) = true;
     choose(isLow ? note : -1, isLow ? -1 : note);
     if (hasLow && hasHigh) end();
+}
+
+/// In any order; two notes that are played at once will do.
+void RangeSelect::takePlayed(const Notes& notes)
+{
+    const Notes started = notes & ~std::exchange(down, notes);
+    for (int note = 0; active && note < Output::KeyOutlines::NOTES; ++note) {
+        if (!started[static_cast<std::size_t>(note)]) continue;
+        const int first = std::exchange(firstPlayed, note);
+        if (first < 0) continue;
+        choose(std::min(first, note), std::max(first, note));
+        end();
+    }
 }
 
 bool RangeSelect::eventFilter(QObject* object, QEvent* event)

@@ -4,16 +4,19 @@
 #include <QPointer>
 #include <functional>
 
+#include "backend/model/NoteActivity.h"
 #include "gui/musickeyboard/MusicKeyboardCtl.h"
 
 namespace Gui::Layers
 {
-/// Takes the range of a layer from the music keyboard, which does not play meanwhile: a left click sets the lowest
-/// note, a right click the highest. It ends by itself when both were set, and by Escape. The GUI thread.
+/// Takes the range of a layer from two notes that are played on any input, or from the music keyboard, which does not
+/// play meanwhile: a left click sets the lowest note, a right click the highest. It ends by itself when both were set,
+/// and by Escape. The GUI thread.
 class RangeSelect final : public QObject, public Output::MusicKeyboardCtl::Listener
 {
 public:
-    /// A note that was clicked; -1 for the end that was not.
+    using Notes = Backend::MidiEngine::NoteActivity::Notes;
+    /// The note for an end, -1 if it stays.
     using Chosen = std::function<void(int lowNote, int highNote)>;
 
     ~RangeSelect() override { end(); }
@@ -24,6 +27,9 @@ public:
     void begin(Output::MusicKeyboardCtl& clickedKeyboard, Chosen chosen);
     void end();
     bool isActive() const { return active; }
+
+    /// The notes that are down now, or were since the last call. To be called also while it is not active.
+    void takePlayed(const Notes& notes);
 
     void keyPressed(int note, int velocity, Qt::MouseButton button) override;
     void keyReleased(int) override {}
@@ -38,5 +44,7 @@ private:
     bool active = false;
     bool hasLow = false;
     bool hasHigh = false;
+    Notes down;
+    int firstPlayed = -1;
 };
 }  // namespace Gui::Layers

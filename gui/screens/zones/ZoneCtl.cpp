@@ -5,11 +5,13 @@
 #include <QPainter>
 #include <QWheelEvent>
 #include <algorithm>
+#include <utility>
 
 #include "api/OrvGuiIF.h"
 #include "api/OrvIF.h"
 #include "backend/files/RegistrySettings.h"
 #include "backend/messages/ZoneMessageManager.h"
+#include "backend/model/FunctionNoteSpan.h"
 #include "gui/framework/EditPoster.h"
 #include "gui/framework/PopupMenu.h"
 #include "gui/framework/Properties.h"
@@ -19,6 +21,7 @@ namespace Gui::Zones
 using Backend::Zones::Zone;
 using Backend::Zones::ZoneId;
 using Role = GdiManager::Role;
+namespace NoteSource = Backend::FunctionManagement::NoteSource;
 
 namespace
 {
@@ -32,6 +35,16 @@ constexpr StepRow STEPS[] = {{"An octave up (Shift+Right)", OCTAVE},
                              {"A semitone up (Right)", 1},
                              {"A semitone down (Left)", -1},
                              {"An octave down (Shift+Left)", -OCTAVE}};
+
+/// What feeds a zone.
+QString sourcesOf(const Zone& zone)
+{
+    QStringList sources;
+    if (zone.sources & NoteSource::KEYS) sources << QObject::tr("keys");
+    if (zone.sources & NoteSource::MIDI_INPUTS) sources << QObject::tr("MIDI");
+    if (zone.sources & NoteSource::JOYSTICKS) sources << QObject::tr("joystick");
+    return sources.join(QStringLiteral(" + "));
+}
 
 QString signedText(int value) { return (value > 0 ? "+" : "") + QString::number(value); }
 }  // namespace
@@ -77,6 +90,14 @@ void ZoneCtl::handleZoneSelected(ZoneId id, bool selected)
     changed(row);
 }
 
+void ZoneCtl::showNotes(const Backend::MidiEngine::NoteActivity& activity)
+{
+    std::vector<Notes> notes;
+    for (const Zone& zone : rows)  // a file may name a zone below 0, in which nothing plays
+        notes.push_back(zone.id < 0 ? Notes() : activity.zones[static_cast<std::size_t>(zone.id)]);
+    setLitNotes(std::move(notes));
+}
+
 // --- the rows
 
 int ZoneCtl::rowOf(ZoneId id) const
@@ -112,6 +133,7 @@ QString ZoneCtl::getRowName(int row) const
     };
     QString name = tr("Zone %1").arg(zone.id + 1);
     if (zone.lowNote.isNote()) name += tr(", %1 to %2").arg(nameOfNote(zone.lowNote), nameOfNote(zone.highNote));
+    if ((zone.sources & ~NoteSource::KEYS) != 0) name += tr(", played by %1").arg(sourcesOf(zone));
     if (zone.transpose != 0) name += tr(", transposed by %1").arg(signedText(zone.transpose));
     return name;
 }
@@ -262,6 +284,8 @@ void ZoneCtl::paintRow(QPainter& painter, int row)
                        .fill = zone.selected ? Role::selectedButton
                                : isOther     ? Role::text
                                              : Role::unselectedButton,
-                       .text = text});
+                       .text = text,
+                       .end = sourcesOf(zone),
+                       .lit = getLitNotes(row)});
 }
 }  // namespace Gui::Zones

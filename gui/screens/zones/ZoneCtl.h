@@ -23,13 +23,15 @@ class ZoneCtl final : public Output::BarList
 public:
     ZoneCtl(OrvGuiIF& owner, QWidget* parent);
 
+    void showNotes(const Backend::MidiEngine::NoteActivity& activity);
+
     // Changes that the backend reports
     void handleZones(const Backend::Zones::ZoneMap& zones);
     void handleZoneTranspose(Backend::Zones::ZoneId id, int transpose);
     void handleZoneSelected(Backend::Zones::ZoneId id, bool selected);
 
     int getRowCount() const override { return static_cast<int>(rows.size()); }
-    /// "Zone 1, C3 to G4, transposed by -12".
+    /// "Zone 1, C3 to G4, transposed by -12". What plays in it is said if it is not the keys alone.
     QString getRowName(int row) const override;
     QRect getRowPlace(int row) const override;
     bool isRowSelected(int row) const override { return at(row).selected; }

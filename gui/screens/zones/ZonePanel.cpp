@@ -34,6 +34,8 @@ void ZonePanel::fit()
     setPanelSize(size);
 }
 
+void ZonePanel::showNotes(const Backend::MidiEngine::NoteActivity& activity) { zones->showNotes(activity); }
+
 void ZonePanel::handleZones(const Backend::Zones::ZoneMap& map)
 {
     zones->handleZones(map);

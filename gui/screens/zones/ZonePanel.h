@@ -3,6 +3,11 @@
 #include "backend/model/ZoneMap.h"
 #include "gui/framework/Panel.h"
 
+namespace Backend::MidiEngine
+{
+struct NoteActivity;
+}
+
 namespace Gui
 {
 class OrvGuiIF;
@@ -22,6 +27,8 @@ class ZonePanel final : public Panel
 {
 public:
     ZonePanel(OrvGuiIF& owner, Panel* around);
+
+    void showNotes(const Backend::MidiEngine::NoteActivity& activity);
 
     // Changes that the backend reports
     void handleZones(const Backend::Zones::ZoneMap& zones);
