@@ -27,9 +27,12 @@ HELD_KEYS = [24, 26, 28]  # Q, E and T, by their positions
 DIALOGS = [  # picture, title, the screen with its button, the position of the button, the keys that choose from its menu
     ("setup-dialog", "Setup", "system", (922, 146), []),  # its page of the record
     ("save-dialog", "Save", "system", (822, 146), ["Down", "Down", "Return"]),
+    ("set-list-dialog", "Set List", "system", (822, 146), ["Up", "Return"]),
     ("bank-size-dialog", "Change Bank Size", "system", (822, 146), ["Down", "Down", "Down", "Return"]),
     ("presets-dialog", "Presets", "computer-input", (433, 74), ["Down", "Down", "Return"]),
 ]
+SET_LIST = [(0, ""), (7, "D drone, no drums"), (2, "strings from bar 9"), (9, "play soft"), (5, "wait for drums"),
+            (1, "capo 2"), (6, "")]
 THREE_BUTTONS = 300  # a window with a screen is wider
 SERVER = "orvane-screenshots"  # a JACK server of its own, so that there is sound
 PATIENCE = 30
@@ -138,6 +141,14 @@ class NewUser:
         self.tool("xdotool", "mousemove", "3199", "3199")
         time.sleep(1)
 
+    def writeSetList(self):
+        (bank,) = glob.glob(self.folder + "/data/**/Default Bank.bnk", recursive=True)
+        with open(bank) as file:
+            names = re.findall('<Program name="([^"]*)"', file.read())
+        entries = [f'<Entry number="{number}" name="{names[number]}" note="{note}"/>' for number, note in SET_LIST]
+        with open(bank[:-4] + ".set", "w") as file:
+            file.write(f'<SetList on="true" position="0">{"".join(entries)}</SetList>')
+
     def close(self, heldKeys=()):
         for key in heldKeys:
             self.tool("xdotool", "keyup", str(key))
@@ -185,6 +196,8 @@ def takeDialogs(user, display):
     for name, title, screen, place, keys in DIALOGS:
         for scale in (1, 2):
             user.showOnly(screen)
+            if name == "set-list-dialog":
+                user.writeSetList()
             user.open(scale)
             user.openDialog(title, place, scale, keys)
             if name == "setup-dialog":
