@@ -26,6 +26,8 @@ class OrvIF;
 class OrvMessageManager;
 class PresetList;
 class RegistrySettings;
+class SetList;
+enum class Notice;
 struct Bank;
 struct BankEditDone;
 struct EditDone;
@@ -250,5 +252,9 @@ public:
     virtual void handleLearned(const Backend::Learned& learned) = 0;
     virtual InputWatch& getInputWatch() = 0;
     virtual void handleReceivedEvents(const std::vector<Backend::MidiEngine::OrvMidiMessage>& events) = 0;
+
+    virtual void handleSetListChanged(const Backend::SetList& list) = 0;
+    /// Shown in the status line.
+    virtual void handleNotice(Backend::Notice notice, const std::string& text) = 0;
 };
 }  // namespace Gui

@@ -16,23 +16,23 @@ using WindowsLib::DbgStream;
 
 namespace
 {
-constexpr std::string_view SET_EXTENSION = ".set";
-constexpr std::size_t MAX_SIZE = 16u << 20;  // bytes; an entry has some hundred
+constexpr std::string_view SET_FILE = ".set";
+constexpr std::size_t LARGEST_SET_FILE = 16u << 20;  // bytes; an entry has some hundred
 
 std::string pathBeside(const std::string& bank)
 {
     std::filesystem::path path = pathOf(bank);
-    if (path.extension() == SET_EXTENSION)
-        path += SET_EXTENSION;  // not the bank itself
+    if (path.extension() == SET_FILE)
+        path += SET_FILE;  // not the bank itself
     else
-        path.replace_extension(SET_EXTENSION);
+        path.replace_extension(SET_FILE);
     return textOf(path);
 }
 
-std::error_code readText(const std::string& path, std::string& text)
+std::error_code readSetFile(const std::string& path, std::string& text)
 {
     std::vector<std::uint8_t> bytes;
-    const auto error = WholeFile::read(pathOf(path), MAX_SIZE, bytes);
+    const auto error = WholeFile::read(pathOf(path), LARGEST_SET_FILE, bytes);
     text.assign(bytes.begin(), bytes.end());
     return error;
 }
@@ -44,7 +44,7 @@ SetList SetListFile::read()
 {
     const MutexLock lock(mutex);
     SetList list;
-    const auto error = readText(path, known);
+    const auto error = readSetFile(path, known);
     if (error == std::errc::no_such_file_or_directory) return list;
     if (error || !list.readXml(XmlDocument(known, XmlDocument::Source::text).getRoot())) {
         DbgStream() << path << ": no set list, it is left as it is: " << (error ? error.message() : "not its XML");
@@ -59,7 +59,7 @@ SetListWrite SetListFile::write(const SetList& list)
     const MutexLock lock(mutex);
     if (list.isBroken()) return SetListWrite::failed;
     std::string there;
-    const auto absent = readText(path, there);
+    const auto absent = readSetFile(path, there);
     if (!absent && there != known) return SetListWrite::changed;
     const std::string text = list.toXml();
     if (absent ? list.getEntries().empty() : text == there) return SetListWrite::written;

@@ -129,6 +129,8 @@ public:
     void handleLearned(const Backend::Learned& learned) override;
     InputWatch& getInputWatch() override;
     void handleReceivedEvents(const std::vector<Backend::MidiEngine::OrvMidiMessage>& events) override;
+    void handleSetListChanged(const Backend::SetList& list) override;
+    void handleNotice(Backend::Notice notice, const std::string& text) override;
 
 private:
     template <class Value>

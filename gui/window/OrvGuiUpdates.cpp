@@ -2,6 +2,7 @@
 #include "api/OrvIF.h"
 #include "api/OrvMessageManager.h"
 #include "api/ParentWindow.h"
+#include "backend/model/Notice.h"
 #include "gui/framework/EditPoster.h"
 #include "gui/framework/FileNames.h"
 #include "gui/framework/Question.h"
@@ -154,6 +155,24 @@ void OrvGui::handleEditDone(const EditDone& done)
 }
 
 void OrvGui::handleBankEditDone(const BankEditDone& done) { open->main->getStagePanel().handleBankEditDone(done); }
+
+void OrvGui::handleSetListChanged(const SetList& list) { open->main->getStagePanel().handleSetListChanged(list); }
+
+void OrvGui::handleNotice(Notice notice, const std::string& text)
+{
+    const auto sentence = [notice] {
+        switch (notice) {
+            case Notice::noSuchProgram:
+                return QObject::tr("The bank has no program %1.");
+            case Notice::setListChanged:
+                return QObject::tr("%1 was changed by another program and read again; your last change is not in it.");
+            case Notice::setListNotWritten:
+                return QObject::tr("%1 could not be written.");
+        }
+        return QString();
+    };
+    displayMessage(sentence().arg(shownFileName(text)).toStdString());
+}
 
 void OrvGui::handleProgramEdited(bool edited, int others)
 {

@@ -6,8 +6,8 @@
 #include "tests/core/EditStage.h"
 
 using namespace Backend;
-using ListChange = SetListEdit::Kind;
-using Step = SelectType::Kind;
+using SetKind = SetListEdit::Kind;
+using SetStep = SelectType::Kind;
 
 namespace
 {
@@ -50,10 +50,10 @@ struct SetStage : EditStage {
                (notices.empty() ? "" : ": " + notices);
     }
     /// Entries by their rows; of `add`, programs.
-    std::string done(ListChange kind, std::vector<int> rows, int before = -1, const std::string& note = "")
+    std::string done(SetKind kind, std::vector<int> rows, int before = -1, const std::string& note = "")
     {
         const auto idOf = [this](int row) { return list.getEntries()[static_cast<std::size_t>(row)].id; };
-        if (kind != ListChange::add)
+        if (kind != SetKind::add)
             for (int& row : rows) row = idOf(row);
         commands().postEditSetList({kind, "e", rows, before < 0 ? 0 : idOf(before), note});
         return shown();
@@ -63,7 +63,7 @@ struct SetStage : EditStage {
         commands().postEditBank(edit);
         return shown();
     }
-    int go(Step kind, int number = 0)
+    int go(SetStep kind, int number = 0)
     {
         changeProgram(kind, number);
         return orv->getProgram().number;
@@ -83,20 +83,20 @@ TEST(SetList, NextAndPreviousFollowItWhileItIsOn)
 {
     SetStage stage;
     EXPECT_EQ(stage.shown(), "P2(capo 2) *P0 X? P3 P0");
-    EXPECT_EQ(stage.go(Step::up), 3) << "the missing one is skipped";
-    EXPECT_EQ(stage.go(Step::up), 0);
-    EXPECT_EQ(stage.go(Step::up), 0) << "the end";
+    EXPECT_EQ(stage.go(SetStep::up), 3) << "the missing one is skipped";
+    EXPECT_EQ(stage.go(SetStep::up), 0);
+    EXPECT_EQ(stage.go(SetStep::up), 0) << "the end";
     EXPECT_EQ(stage.shown(), "P2(capo 2) P0 X? P3 *P0");
-    EXPECT_EQ(stage.go(Step::specific, 1), 1) << "not in the list";
-    EXPECT_EQ(stage.go(Step::down), 0) << "where the list was left";
-    EXPECT_EQ(stage.go(Step::down), 3);
-    EXPECT_EQ(stage.go(Step::specific, 2), 2);
+    EXPECT_EQ(stage.go(SetStep::specific, 1), 1) << "not in the list";
+    EXPECT_EQ(stage.go(SetStep::down), 0) << "where the list was left";
+    EXPECT_EQ(stage.go(SetStep::down), 3);
+    EXPECT_EQ(stage.go(SetStep::specific, 2), 2);
     EXPECT_EQ(stage.shown(), "*P2(capo 2) P0 X? P3 P0");
-    EXPECT_EQ(stage.go(Step::down), 2) << "the beginning";
-    EXPECT_EQ(stage.go(Step::up), 0);
+    EXPECT_EQ(stage.go(SetStep::down), 2) << "the beginning";
+    EXPECT_EQ(stage.go(SetStep::up), 0);
 
     stage.commands().postEnableSetList(false);
-    EXPECT_EQ(stage.go(Step::up), 1) << "as in the bank";
+    EXPECT_EQ(stage.go(SetStep::up), 1) << "as in the bank";
     stage.commands().postGoToSetEntry(stage.list.getEntries()[3].id);
     stage.commands().postGoToSetEntry(stage.list.getEntries()[2].id);
     EXPECT_EQ(stage.current(), "P3 3 103 4");
@@ -105,21 +105,21 @@ TEST(SetList, NextAndPreviousFollowItWhileItIsOn)
 
     stage.commands().postEnableSetList(true);
     stage.commands().postKeepSetPosition(false);
-    stage.changeProgram(Step::specific, 2);
+    stage.changeProgram(SetStep::specific, 2);
     EXPECT_EQ(stage.reloaded(), "*P2(capo 2) P0 X? P3 P0") << "as far as the program is in it";
 }
 
 TEST(SetList, IsEditedWithUndoAndLosesNothing)
 {
     SetStage stage;
-    EXPECT_EQ(stage.done(ListChange::add, {1, 9}, 0, "two\nlines"), "P1(two lines) P2(capo 2) *P0 X? P3 P0");
-    EXPECT_EQ(stage.done(ListChange::move, {1}, 2), "P1(two lines) P2(capo 2) *P0 X? P3 P0: failed") << "where it is";
-    EXPECT_EQ(stage.done(ListChange::move, {2, 3}), "P1(two lines) P2(capo 2) P3 P0 *P0 X?");
-    EXPECT_EQ(stage.done(ListChange::note, {5}, -1, "wait"), "P1(two lines) P2(capo 2) P3 P0 *P0 X?(wait)");
-    EXPECT_EQ(stage.done(ListChange::remove, {4, 1}), "P1(two lines) P3 *P0 X?(wait)");
-    EXPECT_EQ(stage.done(ListChange::note, {0}, -1, "\xff"), "P1(two lines) P3 *P0 X?(wait): failed");
+    EXPECT_EQ(stage.done(SetKind::add, {1, 9}, 0, "two\nlines"), "P1(two lines) P2(capo 2) *P0 X? P3 P0");
+    EXPECT_EQ(stage.done(SetKind::move, {1}, 2), "P1(two lines) P2(capo 2) *P0 X? P3 P0: failed") << "where it is";
+    EXPECT_EQ(stage.done(SetKind::move, {2, 3}), "P1(two lines) P2(capo 2) P3 P0 *P0 X?");
+    EXPECT_EQ(stage.done(SetKind::note, {5}, -1, "wait"), "P1(two lines) P2(capo 2) P3 P0 *P0 X?(wait)");
+    EXPECT_EQ(stage.done(SetKind::remove, {4, 1}), "P1(two lines) P3 *P0 X?(wait)");
+    EXPECT_EQ(stage.done(SetKind::note, {0}, -1, "\xff"), "P1(two lines) P3 *P0 X?(wait): failed");
     EXPECT_EQ(stage.reloaded(), "P1(two lines) P3 *P0 X?(wait)");
-    EXPECT_EQ(stage.done(ListChange::remove, {0, 1, 2, 3}), "");
+    EXPECT_EQ(stage.done(SetKind::remove, {0, 1, 2, 3}), "");
     stage.commands().postUndoSetList();
     EXPECT_EQ(stage.shown(), "P1(two lines) P3 *P0 X?(wait)");
     stage.commands().postRedoSetList();
@@ -132,7 +132,7 @@ TEST(SetList, IsEditedWithUndoAndLosesNothing)
 TEST(SetList, FollowsTheProgramsOfTheBank)
 {
     SetStage stage;
-    stage.done(ListChange::remove, {4});
+    stage.done(SetKind::remove, {4});
     EXPECT_EQ(stage.bankDone({.kind = BankEdit::Kind::move, .name = "m", .programs = {2}, .to = 0}),
               "P2(capo 2) *P0 X? P3");
     EXPECT_EQ(stage.bankDone({.kind = BankEdit::Kind::rename, .name = "r", .programs = {0}, .programName = "New"}),
@@ -162,13 +162,13 @@ TEST(SetList, IsNotWrittenOverWhatIsNotItsOwn)
 {
     SetStage stage;
     stage.folder.write("a.set", SetStage::setFile("on='true' position='3'"));
-    EXPECT_EQ(stage.done(ListChange::remove, {0}), "P2(capo 2) P0 X? *P3 P0: notice 1") << "of another program";
+    EXPECT_EQ(stage.done(SetKind::remove, {0}), "P2(capo 2) P0 X? *P3 P0: notice 1") << "of another program";
     stage.folder.write("a.set", "<SetList><Ent");
     EXPECT_EQ(stage.reloaded(), "");
     EXPECT_TRUE(stage.list.isBroken());
-    EXPECT_EQ(stage.done(ListChange::add, {0}), ": failed");
+    EXPECT_EQ(stage.done(SetKind::add, {0}), ": failed");
     stage.commands().postEnableSetList(true);
-    EXPECT_EQ(stage.go(Step::up), 1);
+    EXPECT_EQ(stage.go(SetStep::up), 1);
     EXPECT_EQ(stage.folder.read("a.set"), "<SetList><Ent");
 }
 

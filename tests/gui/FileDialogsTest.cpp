@@ -231,7 +231,8 @@ TEST_F(FileDialogs, MakeTheBankTheOneForTheStart)
               "saved is lost. Continue?");
     EXPECT_EQ(settings().getDefaultBank(), path("Three.bnk"));
     click("Files");
-    EXPECT_EQ(menu(), "Load..., Save..., Change Bank Size..., -Set As Default Bank..., Import Version 2 File...");
+    EXPECT_EQ(menu(),
+              "Load..., Save..., Change Bank Size..., -Set As Default Bank..., Import Version 2 File..., Set List...");
 }
 
 TEST_F(FileDialogs, ImportFilesOfVersion2)

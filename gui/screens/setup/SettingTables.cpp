@@ -6,6 +6,7 @@
 #include "api/OrvMessageManager.h"
 #include "backend/files/RegistrySettings.h"
 #include "backend/messages/SettingMessages.h"
+#include "backend/model/ProgramChangeInput.h"
 #include "backend/model/Settings.h"
 #include "gui/framework/DisplayHeight.h"
 #include "gui/framework/GdiManager.h"
@@ -104,6 +105,43 @@ constexpr Choice ASK_BEFORE_LOSS{
     [](const OrvGuiIF& gui) { return gui.getRegistrySettings().get<Backend::Settings::ASK_BEFORE_LOSS>(); },
     [](const OrvGuiIF&, int) { return std::string(); },
     [](Commands& commands, int when) { commands.postSetting(SETTING<Backend::Settings::ASK_BEFORE_LOSS>(when)); }};
+
+constexpr Choice PROGRAM_CHANGE_INPUT{
+    "Program changes from:",
+    "Input of program changes",
+    "MIDI program changes of this input, with bank select, change the program of the bank. They are not played then.",
+    150,
+    [](const OrvGuiIF& gui) {
+        std::vector<ComboBox::Entry> entries{{.text = "None"}, {.text = "All inputs"}};
+        for (const MidiPort& port : gui.getMidiInputPorts())
+            entries.push_back({.text = QString::fromStdString(port.getDisplayName())});
+        return entries;
+    },
+    [](const OrvGuiIF& gui) {
+        return gui.getRegistrySettings().get<Backend::Settings::PROGRAM_CHANGE_INPUT>() - ProgramChangeInput::OFF;
+    },
+    [](const OrvGuiIF&, int) { return std::string("???"); },
+    [](Commands& commands, int entry) {
+        commands.postSetting(SETTING<Backend::Settings::PROGRAM_CHANGE_INPUT>(entry + ProgramChangeInput::OFF));
+    }};
+
+constexpr Choice PROGRAM_CHANGE_CHANNEL{
+    "on channel:",
+    "Channel of program changes",
+    "Only program changes on this channel change the program.",
+    90,
+    [](const OrvGuiIF&) {
+        std::vector<ComboBox::Entry> entries{{.text = "All"}};
+        for (int channel = 1; channel <= 16; ++channel) entries.push_back({.text = QString::number(channel)});
+        return entries;
+    },
+    [](const OrvGuiIF& gui) {
+        return gui.getRegistrySettings().get<Backend::Settings::PROGRAM_CHANGE_CHANNEL>() - ProgramChangeInput::ALL;
+    },
+    [](const OrvGuiIF&, int) { return std::string(); },
+    [](Commands& commands, int entry) {
+        commands.postSetting(SETTING<Backend::Settings::PROGRAM_CHANGE_CHANNEL>(entry + ProgramChangeInput::ALL));
+    }};
 
 constexpr PortSide INPUTS{
     "MIDI inputs",

@@ -65,4 +65,6 @@ extern const Number DISPLAY_HEIGHT;
 extern const Choice WINDOW_SCALE;
 extern const Choice SKIN;
 extern const Choice ASK_BEFORE_LOSS;
+extern const Choice PROGRAM_CHANGE_INPUT;
+extern const Choice PROGRAM_CHANGE_CHANNEL;
 }  // namespace Gui::Setup

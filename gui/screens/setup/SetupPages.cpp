@@ -69,8 +69,10 @@ void SetupPages::makePages()
 {
     QBoxLayout& in =
         addPage({tr("MIDI inputs"),
-                 tr("MIDI inputs: those with a check mark are received. Uncheck one to ignore its device.")});
+                 tr("MIDI inputs: those with a check mark are received. Below, whose program changes are followed.")});
     inputs = &add<PortListField>(INPUTS, in);
+    add<ChoiceField>(PROGRAM_CHANGE_INPUT, in);
+    add<ChoiceField>(PROGRAM_CHANGE_CHANNEL, in);
 
     QBoxLayout& out = addPage(
         {tr("MIDI outputs"), tr("MIDI outputs: those with a check mark can be played. Below, the default output.")});

@@ -31,7 +31,17 @@ void ProgramButton::showProgram(int programNumber, const QString& programName, c
     accessibleValueChanged(*this, getAccessibleValue());
 }
 
-QString ProgramButton::getAccessibleValue() const { return QString::number(number + 1) + ' ' + name; }
+void ProgramButton::showNote(const QString& text)
+{
+    note = text;
+    update();
+}
+
+QString ProgramButton::getAccessibleValue() const
+{
+    const QString now = QString::number(number + 1) + ' ' + name;
+    return note.isEmpty() ? now : now + ". " + note;
+}
 
 /// A name that is too long is drawn smaller, down to half the size, and then cut off.
 void ProgramButton::paintEvent(QPaintEvent*)
@@ -56,11 +66,28 @@ void ProgramButton::paintEvent(QPaintEvent*)
 
     line.setTop(line.bottom());
     line.setBottom(inside.bottom());
-    painter.setFont(gdi.getFont(FontRole::font9));
-    painter.setPen(gdi.getColour(Role::label));
-    painter.drawText(line, Qt::AlignTop | Qt::AlignLeft | Qt::TextSingleLine,
-                     painter.fontMetrics().elidedText(below, Qt::ElideRight, line.width()));
+    paintLine(painter, line);
     if (hasFocus()) Look::drawFocus(painter, gdi, rect());
+}
+
+/// The note may take two thirds of the line.
+void ProgramButton::paintLine(QPainter& painter, QRect line) const
+{
+    const auto draw = [&painter](const QRect& room, const QString& text) {
+        painter.drawText(room, Qt::AlignTop | Qt::AlignLeft | Qt::TextSingleLine,
+                         painter.fontMetrics().elidedText(text, Qt::ElideRight, room.width()));
+    };
+    painter.setFont(gdi.getFont(FontRole::font9));
+    if (!note.isEmpty()) {
+        const int needed = painter.fontMetrics().horizontalAdvance(note + ' ');
+        QRect room = line;
+        room.setWidth(std::min(needed, line.width() * 2 / 3));
+        painter.setPen(gdi.getColour(Role::text));
+        draw(room, note);
+        line.setLeft(room.right() + 2 * gdi.px(TEXT_MARGIN));
+    }
+    painter.setPen(gdi.getColour(Role::label));
+    draw(line, below);
 }
 
 void ProgramButton::contextMenuEvent(QContextMenuEvent* event)

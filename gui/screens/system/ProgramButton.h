@@ -5,6 +5,8 @@
 
 #include "gui/framework/AccessibleControl.h"
 
+class QPainter;
+
 namespace Gui
 {
 class GdiManager;
@@ -13,7 +15,7 @@ class GdiManager;
 namespace Gui::System
 {
 /// The current program, to be read from two metres away: its number, its name and, below it, the next program of the
-/// bank. A click opens the list of programs; a right click opens a menu.
+/// bank or of the set list. A click opens the list of programs; a right click opens a menu.
 class ProgramButton final : public QAbstractButton, public AccessibleControl
 {
 public:
@@ -23,6 +25,8 @@ public:
 
     /// `number` counts from 0. `line` stands below the name.
     void showProgram(int number, const QString& programName, const QString& line);
+    /// Of the user, at the left of that line; empty for none.
+    void showNote(const QString& text);
 
     QAccessible::Role getAccessibleRole() const override { return QAccessible::ButtonMenu; }
     QString getAccessibleValue() const override;
@@ -33,9 +37,12 @@ protected:
     void contextMenuEvent(QContextMenuEvent* event) override;
 
 private:
+    void paintLine(QPainter& painter, QRect line) const;
+
     const GdiManager& gdi;
     int number = 0;
     QString name;
     QString below;
+    QString note;
 };
 }  // namespace Gui::System

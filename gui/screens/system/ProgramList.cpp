@@ -77,19 +77,21 @@ void ProgramList::showAt(const QPoint& globalPosition)
     if (list->currentItem() != nullptr) list->scrollToItem(list->currentItem(), QAbstractItemView::PositionAtCenter);
 }
 
-void ProgramList::find(const QString& text)
+void ProgramList::find(const QString& text) { showFitting(*list, text); }
+
+void ProgramList::showFitting(QListWidget& list, const QString& text)
 {
     const QString wanted = text.trimmed();
     QListWidgetItem* first = nullptr;
-    for (int row = 0; row < list->count(); ++row) {
-        QListWidgetItem* item = list->item(row);
+    for (int row = 0; row < list.count(); ++row) {
+        QListWidgetItem* item = list.item(row);
         const QString number = QString::number(row + 1);
         const bool fits =
             number.startsWith(wanted) || item->text().mid(number.size()).contains(wanted, Qt::CaseInsensitive);
         item->setHidden(!fits);
         if (fits && (first == nullptr || number == wanted)) first = item;
     }
-    if (first != nullptr) list->setCurrentItem(first);
+    if (first != nullptr) list.setCurrentItem(first);
 }
 
 void ProgramList::choose()

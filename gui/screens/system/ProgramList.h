@@ -25,6 +25,9 @@ public:
 
     std::function<void(int number)> onChosen;
 
+    /// Hides the rows of a list of all programs that do not fit what was typed, and selects the first one that does.
+    static void showFitting(QListWidget& list, const QString& text);
+
     /// With its top left corner there, or as near as it fits on the screen.
     void showAt(const QPoint& globalPosition);
 

@@ -22,6 +22,7 @@
 #include "gui/screens/system/ProgramButton.h"
 #include "gui/screens/system/ProgramList.h"
 #include "gui/screens/system/RecordGauge.h"
+#include "gui/screens/system/SetListDialog.h"
 #include "gui/screens/system/StatusText.h"
 #include "gui/screens/system/TempoEdit.h"
 
@@ -78,15 +79,15 @@ void StagePanel::addProgram()
         connect(arrow, &QPushButton::pressed, this, [this, kind] { changeProgram({.kind = kind}); });
     };
     addArrow(Look::Direction::left, SelectType::Kind::down, {0, 0, 48, 64}, tr("Previous program"),
-             tr("Changes to the previous program of the bank."));
+             tr("Changes to the previous program of the bank, or of the set list while it is on."));
     program =
         add(new ProgramButton(getGdi(), this), {52, 0, 564, 64}, tr("Program"),
-            tr("Program: click for the list of programs, right-click to rename it or to undo. A star marks a program "
-               "that was edited and not yet saved, and a bank with such programs."));
+            tr("Program: click for the list of programs, right-click to rename it, to undo, or for the set list. A "
+               "star marks a program that was edited and not yet saved, and a bank with such programs."));
     program->onMenu = [this](const QPoint& position) { showProgramMenu(position); };
     connect(program, &QAbstractButton::clicked, this, &StagePanel::showProgramList);
     addArrow(Look::Direction::right, SelectType::Kind::up, {620, 0, 48, 64}, tr("Next program"),
-             tr("Changes to the next program of the bank."));
+             tr("Changes to the next program of the bank, or of the set list while it is on."));
 }
 
 void StagePanel::addTempo()
@@ -137,7 +138,20 @@ void StagePanel::addStatusLine()
 
 // --- program and tempo
 
-void StagePanel::handleBankChanged(const Bank&) { showProgram(); }
+void StagePanel::handleBankChanged(const Bank&)
+{
+    showProgram();
+    if (setListDialog) setListDialog->showPrograms();
+}
+
+void StagePanel::handleSetListChanged(const SetList& list)
+{
+    if (list.isBroken() && !setList.isBroken())
+        showMessage(tr("The set list of this bank cannot be read; it is left as it is."));
+    setList = list;
+    showProgram();
+    if (setListDialog) setListDialog->showList(list);
+}
 
 void StagePanel::handleProgramChanged(const Program&)
 {
@@ -201,7 +215,7 @@ void StagePanel::changeTempo(const RelativeFixedValue& change)
 
 void StagePanel::showTempo() { tempo->showTempo(wantedTempo.value_or(gui.getCurrentProgram().tempo)); }
 
-/// Below the name: the bank and the next program.
+/// Below the name: the bank and the next program, or that of the set list with the notes of both.
 void StagePanel::showProgram()
 {
     const Program& now = gui.getCurrentProgram();
@@ -211,9 +225,30 @@ void StagePanel::showProgram()
         return QString::fromStdString(name) + (isMarked ? QStringLiteral(" *") : QString());
     };
     QString below = marked(gui.getCurrentBankName(), isBankEdited);
-    if (now.number >= 0 && next < names.size())
+    if (setList.leads())
+        below = describeNext() + below;
+    else if (now.number >= 0 && next < names.size())
         below = tr("%1: next %2 %3").arg(below, QString::number(next + 1), QString::fromStdString(names[next]));
+    const SetEntry* const entry = setList.leads() ? setList.find(setList.getCurrent()) : nullptr;
+    const bool isPlaying = entry != nullptr && !entry->isMissing && entry->number == now.number;
+    program->showNote(isPlaying ? QString::fromStdString(entry->note) : QString());
     program->showProgram(now.number, marked(now.name, isEdited), below);
+}
+
+QString StagePanel::describeNext() const
+{
+    const SetEntry* const next = setList.findNext();
+    if (next == nullptr) return tr("End of the set list.  ");
+    const QString text = tr("Next: %1 %2").arg(QString::number(next->number + 1), QString::fromStdString(next->name));
+    return text + (next->note.empty() ? QString() : " (" + QString::fromStdString(next->note) + ')') + ".  ";
+}
+
+void StagePanel::showSetList()
+{
+    if (gui.getCurrentBank().programNames.empty() || setListDialog) return;
+    setListDialog = new SetListDialog(gui, setList, *this);
+    setListDialog->setAttribute(Qt::WA_DeleteOnClose);
+    setListDialog->open();
 }
 
 void StagePanel::showProgramList()
@@ -243,12 +278,18 @@ void StagePanel::showProgramMenu(const QPoint& globalPosition)
     menu->addItem(tr("Save..."));
     menu->addItem(tr("Undo"));
     menu->addItem(tr("Redo"));
+    menu->addItem(tr("Set List..."));
+    QAction& follows = menu->addItem(tr("Follow the set list"));
+    follows.setCheckable(true);
+    follows.setChecked(setList.isOn());
     menu->setSelected(-1);
     menu->onChosen = [this](int item) {
         if (item == 0) rename();
         if (item == 1) gui.showSaveDialog();
         if (item == 2) gui.getEdits().undo();
         if (item == 3) gui.getEdits().redo();
+        if (item == 4) showSetList();
+        if (item == 5) commands().postEnableSetList(!setList.isOn());
     };
     menu->show(globalPosition);
 }

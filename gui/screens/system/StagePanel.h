@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QPointer>
 #include <QString>
 #include <cstdint>
 #include <optional>
@@ -7,6 +8,7 @@
 
 #include "api/HostStatus.h"
 #include "backend/model/MidiPort.h"
+#include "backend/model/SetList.h"
 #include "backend/values/RelativeFixedValue.h"
 #include "backend/values/SelectType.h"
 #include "gui/framework/KeyTarget.h"
@@ -36,6 +38,7 @@ class BeatLight;
 class KeyBadge;
 class ProgramButton;
 class RecordGauge;
+class SetListDialog;
 class StatusText;
 class TempoEdit;
 
@@ -61,6 +64,7 @@ public:
     void handleBankEditDone(const Backend::BankEditDone& done);
     /// `otherEdited` counts programs.
     void handleProgramEdited(bool isEdited, int otherEdited);
+    void handleSetListChanged(const Backend::SetList& list);
 
     void showKeyTarget(KeyTarget target);
     /// What was done, for three seconds.
@@ -68,6 +72,8 @@ public:
 
     /// Opens below the name, or at the pointer while the panel is hidden, and returns at once.
     void showProgramList();
+    /// Opens the dialog of the set list and returns at once. Ignored without a bank.
+    void showSetList();
 
 private:
     void addProgram();
@@ -79,6 +85,7 @@ private:
 
     Backend::OrvMessageManager& commands() const;
     void showProgram();
+    QString describeNext() const;
     void showProgramMenu(const QPoint& globalPosition);
     void rename();
     void editProgram(const char* field, const std::string& value, const QString& name, std::uint32_t gesture);
@@ -102,8 +109,10 @@ private:
     ActivityLights* output = nullptr;
     RecordGauge* record = nullptr;
     PopupMenu* menu;
-    bool isEdited = false;           // the program
-    bool isBankEdited = false;       // any of its programs
-    std::optional<int> wantedTempo;  // while its edit is not acknowledged
+    Backend::SetList setList;
+    QPointer<SetListDialog> setListDialog;  // while it is open
+    bool isEdited = false;                  // the program
+    bool isBankEdited = false;              // any of its programs
+    std::optional<int> wantedTempo;         // while its edit is not acknowledged
 };
 }  // namespace Gui::System

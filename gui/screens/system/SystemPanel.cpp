@@ -149,6 +149,7 @@ void SystemPanel::showFileMenu(const QWidget& button)
     menu->addItem({.text = tr("Set As Default Bank..."),
                    .enabled = !bank.empty() && bank != gui.getRegistrySettings().getDefaultBank()});
     menu->addItem(tr("Import Version 2 File..."));
+    menu->addItem({.text = tr("Set List..."), .enabled = gui.getNumberOfPrograms() > 0});
     menu->setSelected(-1);
     menu->onChosen = [this](int item) {
         if (item == 0) gui.showLoadDialog();
@@ -156,6 +157,7 @@ void SystemPanel::showFileMenu(const QWidget& button)
         if (item == 2) Files::showBankSizeDialog(gui, *this);
         if (item == 3) Files::makeDefaultBank(gui, *this);
         if (item == 4) gui.importVersion2File();
+        if (item == 5) stage.showSetList();
     };
     menu->showBelow(button);
 }
