@@ -24,6 +24,7 @@ public:
     virtual void writeXml(std::ostream& out, int indent) const = 0;
 
     const std::vector<ButtonFunction>& getEntries() const { return entries; }
+    std::vector<ButtonFunction>& getEntries() { return entries; }
     void addEntry(ButtonFunction entry) { entries.push_back(std::move(entry)); }
 
     // By the index of the entry, from 0

@@ -58,6 +58,13 @@ std::vector<RecordEdit> SectionRecords::makeAdditions(std::vector<Fields> added,
     return edits;
 }
 
+std::vector<RecordEdit> SectionRecords::makeRemovals(const std::vector<RecordId>& removed) const
+{
+    std::vector<RecordEdit> edits;
+    for (const RecordId id : removed) edits.push_back({.kind = RecordEdit::Kind::remove, .id = id});
+    return edits;
+}
+
 RecordEditor::RecordEditor(SectionRecords& shownRecords, EditPoster& poster,
                            std::function<void(const QString&)> sayInStatus, QObject* parent)
     : QObject(parent),
@@ -107,7 +114,7 @@ void RecordEditor::update()
     std::vector<RecordId> added;
     for (const EditDone::Record& record : std::exchange(moves, {})) {
         if (record.kind == RecordEdit::Kind::remove) {
-            selection.removed(record.id);
+            if (records.getKind().ids == Selection::Ids::indices) selection.removed(record.id);
         } else {
             selection.added(record.id);
             added.push_back(record.id);
@@ -115,7 +122,8 @@ void RecordEditor::update()
     }
     for (const auto& take : std::exchange(takes, {})) take();
     selection.setRecords(records.getIds());
-    if (!added.empty()) selection.select(added);
+    const auto isSelected = [this](RecordId id) { return selection.isSelected(id); };
+    if (!std::ranges::all_of(added, isSelected)) selection.select(added);
     isUpdating = false;
     notify();
 }
@@ -126,6 +134,7 @@ bool RecordEditor::canExecute(Command command) const
 {
     if (command == Command::paste) return !QApplication::clipboard()->text().isEmpty();
     const auto selected = selection.getSelected();
+    if (command == Command::twice && !records.getKind().canBeDoubled) return false;
     if (command == Command::twice) return !records.makeAdditions(readSelected(), selection).empty();
     return !selected.empty();
 }
@@ -169,8 +178,8 @@ bool RecordEditor::useKey(const QKeyEvent& event)
 void RecordEditor::addTo(PopupMenu& menu)
 {
     for (const CommandRow& row : COMMANDS) {
-        QAction& action =
-            menu.addItem({.text = tr(row.text) + '\t' + tr(row.keyName), .enabled = canExecute(row.command)});
+        const QString text = row.command == Command::remove ? records.getKind().removal : tr(row.text);
+        QAction& action = menu.addItem({.text = text + '\t' + tr(row.keyName), .enabled = canExecute(row.command)});
         connect(&action, &QAction::triggered, this, [this, command = row.command] { execute(command); });
     }
 }
@@ -221,6 +230,7 @@ void RecordEditor::paste()
 
 void RecordEditor::addTwice()
 {
+    if (!canExecute(Command::twice)) return;
     const auto selected = selection.getSelected();
     auto additions = records.makeAdditions(readSelected(), selection);
     if (!additions.empty()) post(tr("double %1").arg(describe(selected)), std::move(additions));
@@ -229,10 +239,10 @@ void RecordEditor::addTwice()
 void RecordEditor::removeSelected()
 {
     const auto selected = selection.getSelected();
-    std::vector<RecordEdit> removed;
-    for (const RecordId id : selected) removed.push_back({.kind = RecordEdit::Kind::remove, .id = id});
-    std::ranges::sort(removed, std::greater(), &RecordEdit::id);  // where ids are indices, the others keep theirs
-    if (!removed.empty()) post(tr("delete %1").arg(describe(selected)), std::move(removed));
+    auto descending = selected;  // where ids are indices, the others keep theirs
+    std::ranges::sort(descending, std::greater());
+    auto removals = records.makeRemovals(descending);
+    if (!removals.empty()) post(records.getKind().removal.toLower() + ' ' + describe(selected), std::move(removals));
 }
 
 // --- posting
@@ -249,7 +259,8 @@ void RecordEditor::change(const std::vector<RecordId>& ids, const QString& value
                        .gesture = gesture};
     for (std::size_t i = 0; i < ids.size(); ++i) {
         Fields changed = RecordFields::differing(before[i], RecordFields::read(records.write(ids[i])));
-        if (!changed.empty()) edit.records.push_back({.id = ids[i], .fields = std::move(changed)});
+        const auto kind = before[i].empty() ? RecordEdit::Kind::add : RecordEdit::Kind::change;
+        if (!changed.empty()) edit.records.push_back({.kind = kind, .id = ids[i], .fields = std::move(changed)});
     }
     if (edit.records.empty()) return;
     edits.post(std::move(edit));

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QObject>
 #include <QString>
 #include <string>
 #include <vector>
@@ -20,8 +21,10 @@ public:
         const char* section;  ///< its element in a program
         const char* element;  ///< of a record
         Selection::Ids ids;
-        QString one;   ///< "layer"
-        QString many;  ///< "layers"
+        QString one;                              ///< "layer"
+        QString many;                             ///< "layers"
+        QString removal = QObject::tr("Delete");  ///< the command that removes them
+        bool canBeDoubled = true;
     };
     virtual const Kind& getKind() const = 0;
 
@@ -30,7 +33,7 @@ public:
 
     // Of a record in `getIds`
 
-    /// The element as a program holds it.
+    /// The element as a program holds it; empty for one that the program does not have, which an edit adds.
     virtual std::string write(Backend::RecordId id) const = 0;
     /// As a list shows it.
     virtual QString describe(Backend::RecordId id) const = 0;
@@ -44,5 +47,7 @@ public:
     /// where ids are indices. A section with fixed ids says which ids they get; for as many of them as it has room.
     virtual std::vector<Backend::RecordEdit> makeAdditions(std::vector<Backend::Fields> added,
                                                            const Selection& selection) const;
+    /// What removes these; they are in descending order.
+    virtual std::vector<Backend::RecordEdit> makeRemovals(const std::vector<Backend::RecordId>& removed) const;
 };
 }  // namespace Gui::Forms

@@ -86,6 +86,8 @@ SettingsForm::SettingsForm(GuiContext& owner, QWidget* parent, int columnCount)
 
 void SettingsForm::setRecords(std::vector<std::vector<FormField>> fieldsOfRecords)
 {
+    const auto focused = std::ranges::find_if(rows, [](const Row& row) { return row.edit->hasFocus(); });
+    const QString focusedName = focused == rows.end() ? QString() : focused->edit->accessibleName();
     for (const Row& row : rows)
         for (QWidget* part :
              {static_cast<QWidget*>(row.label), static_cast<QWidget*>(row.edit), static_cast<QWidget*>(row.remark)}) {
@@ -98,6 +100,8 @@ void SettingsForm::setRecords(std::vector<std::vector<FormField>> fieldsOfRecord
     if (records.empty()) return;
     for (const FormField& field : records.front()) addRow(field);
     follow();
+    for (const Row& row : rows)
+        if (row.edit->accessibleName() == focusedName) row.edit->setFocus();
 }
 
 void SettingsForm::addRow(const FormField& field)

@@ -1,14 +1,15 @@
 #include "backend/bindings/functions/FunctionEnumerator.h"
 #include "backend/bindings/functions/FunctionFactories.h"
 #include "backend/model/Function.h"
+#include "gui/forms/FunctionCaption.h"
 #include "gui/keyboard/GlobalKeyboard.h"
 #include "gui/screens/computerinput/ComputerKeyboardCtl.h"
-#include "gui/screens/computerinput/FunctionCaption.h"
 #include "keyboardhook/KeyboardHookMessages.h"
 #include "tests/gui/WindowStage.h"
 
 using namespace Backend::FunctionManagement;
 using namespace Gui::ComputerInput;
+namespace FunctionCaption = Gui::Forms::FunctionCaption;
 using Role = Gui::GdiManager::Role;
 
 struct ComputerKeyboard : WindowStage, testing::Test {

@@ -74,4 +74,21 @@ public:
     using VisitorOf<TypeList<Rest...>>::visit;
     virtual void visit(First& type) = 0;
 };
+
+/// Implements a visitor of a list by one member template of `Self`: `void visitAny(Type& type)`.
+template <class Self, class Visitor, class List>
+class VisitsAny;
+
+template <class Self, class Visitor>
+class VisitsAny<Self, Visitor, TypeList<>> : public Visitor
+{
+};
+
+template <class Self, class Visitor, class First, class... Rest>
+class VisitsAny<Self, Visitor, TypeList<First, Rest...>> : public VisitsAny<Self, Visitor, TypeList<Rest...>>
+{
+public:
+    using VisitsAny<Self, Visitor, TypeList<Rest...>>::visit;
+    void visit(First& type) override { static_cast<Self&>(*this).visitAny(type); }
+};
 }  // namespace Backend

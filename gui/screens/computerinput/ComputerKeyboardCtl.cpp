@@ -6,14 +6,15 @@
 
 #include "api/OrvGuiIF.h"
 #include "backend/values/Note.h"
+#include "gui/forms/FunctionCaption.h"
 #include "gui/framework/Look.h"
 #include "gui/keyboard/KeyPresses.h"
-#include "gui/screens/computerinput/FunctionCaption.h"
 #include "gui/screens/computerinput/KeyboardPlan.h"
 
 namespace Gui::ComputerInput
 {
 using Backend::ComputerInput::KeyConfiguration;
+namespace FunctionCaption = Forms::FunctionCaption;
 using Role = GdiManager::Role;
 using FontRole = GdiManager::FontRole;
 using Source = KeyPresses::Source;

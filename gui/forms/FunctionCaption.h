@@ -11,7 +11,7 @@ class ButtonConfiguration;
 }
 
 /// Texts that describe functions.
-namespace Gui::ComputerInput::FunctionCaption
+namespace Gui::Forms::FunctionCaption
 {
 /// A few letters that fit on a key: the note, or the function and its value; empty for a function without effect.
 QString shortNameOf(const Backend::FunctionManagement::Function& function);
@@ -36,4 +36,4 @@ struct PlayedNote {
 
 /// The first note that it plays.
 PlayedNote firstNoteOf(const Backend::ButtonConfiguration& button, const Backend::Zones::ZoneMap& zones);
-}  // namespace Gui::ComputerInput::FunctionCaption
+}  // namespace Gui::Forms::FunctionCaption

@@ -1,4 +1,4 @@
-#include "gui/screens/computerinput/FunctionCaption.h"
+#include "gui/forms/FunctionCaption.h"
 
 #include <QRegularExpression>
 #include <QStringList>
@@ -10,7 +10,7 @@
 #include "backend/model/ButtonConfiguration.h"
 #include "backend/values/Note.h"
 
-namespace Gui::ComputerInput::FunctionCaption
+namespace Gui::Forms::FunctionCaption
 {
 using namespace Backend;
 using namespace Backend::FunctionManagement;
@@ -246,4 +246,4 @@ PlayedNote firstNoteOf(const ButtonConfiguration& button, const Zones::ZoneMap& 
     });
     return played;
 }
-}  // namespace Gui::ComputerInput::FunctionCaption
+}  // namespace Gui::Forms::FunctionCaption
