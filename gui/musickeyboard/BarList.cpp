@@ -5,6 +5,7 @@
 #include <QPaintEvent>
 #include <QPainter>
 #include <algorithm>
+#include <cstdlib>
 #include <utility>
 
 #include "api/GuiContext.h"
@@ -19,15 +20,17 @@ namespace
 constexpr int PAGE = 8;  // rows
 constexpr int GAP = 3;   // logical pixels, as the next ones
 constexpr int LINE = 2;
-constexpr int ARROW = 12;
+constexpr int ARROW = 16;
 constexpr int END = 16;  // from the end of the text at the right end to that of the bar
 
-/// A role that is seen on bars of that one, in every skin.
-Role lightOn(const GdiManager& gdi, Role fill)
+/// Lighter or darker than the fill in every skin.
+QColor lightOn(const GdiManager& gdi, Role fill)
 {
+    constexpr int ENOUGH = 40;  // of 255
+    const auto grey = [&](Role role) { return qGray(gdi.getColour(role).rgb()); };
     for (const Role light : {Role::text, Role::selectedButton})
-        if (gdi.getColour(light) != gdi.getColour(fill)) return light;
-    return Role::selectedCell;
+        if (std::abs(grey(light) - grey(fill)) >= ENOUGH) return gdi.getColour(light);
+    return gdi.getColour(Role::selectedCell);
 }
 }  // namespace
 
@@ -176,17 +179,14 @@ void BarList::paintLines(QPainter& painter) const
 void BarList::paintArrows(QPainter& painter, const Bar& bar) const
 {
     if (bar.lit.none()) return;
-    const QColor colour = getGdi().getColour(lightOn(getGdi(), bar.fill));
+    const QColor colour = lightOn(getGdi(), bar.fill);
     const int line = getGdi().px(LINE);
-    const int half = getGdi().px(ARROW / 2.0);
-    painter.fillRect(QRect(bar.place.left(), bar.place.bottom() + 1 - line, bar.place.width(), line), colour);
-    painter.setRenderHint(QPainter::Antialiasing);
-    for (int note = 0; note < KeyOutlines::NOTES; ++note)
-        if (bar.lit[static_cast<std::size_t>(note)])
-            Look::drawTriangle(painter,
-                               QRectF(middleOf(note) - half, bar.place.top(), 2 * half, bar.place.height() - line),
-                               Look::Direction::down, colour);
-    painter.setRenderHint(QPainter::Antialiasing, false);
+    const qreal size = getGdi().px(ARROW);
+    for (int note = 0; note < KeyOutlines::NOTES; ++note) {
+        if (!bar.lit[static_cast<std::size_t>(note)]) continue;
+        const qreal top = bar.place.top() + (bar.place.height() - line - size) / 2;
+        Look::drawTriangle(painter, {middleOf(note) - size / 2, top, size, size}, Look::Direction::down, colour);
+    }
 }
 
 void BarList::paintBar(QPainter& painter, const Bar& bar) const
@@ -216,6 +216,6 @@ void BarList::paintBar(QPainter& painter, const Bar& bar) const
     const int left = right + widthOf(text) <= width() ? right : place.left() - bar.before - gap - widthOf(text);
     painter.setPen(getGdi().getColour(GdiManager::Role::label));
     painter.drawText(QRect(std::max(left, 0), place.top(), width(), place.height()),
-                     Qt::AlignVCenter | Qt::TextSingleLine, text);
+                     Qt::AlignVCenter | Qt::TextSingleLine | Qt::TextDontClip, text);
 }
 }  // namespace Gui::Output
