@@ -168,6 +168,8 @@ public:
     /// The same for a preset that exists; false also if there is none.
     virtual bool editSequencePreset(const std::string& name, const std::string& text) = 0;
     virtual void deleteSequencePreset(const std::string& name) = 0;
+    /// One that has the new name already is replaced.
+    virtual void renameSequencePreset(const std::string& name, const std::string& newName) = 0;
     virtual const Backend::SequenceManagement::SequencePresetManager& getSequencePresetManager() const = 0;
 
     /// Returns the focus to playing, unless a text is being edited.
@@ -227,7 +229,7 @@ public:
     virtual void setCompact(bool on) = 0;
     virtual bool isCompact() const = 0;
 
-    /// The backend wrote or removed a sequence; `done` is false if the file could not be changed.
+    /// The backend wrote, renamed or removed a sequence; `done` is false if the file could not be changed.
     virtual void handleSequencePresetsChanged(bool done) = 0;
 
     /// Posts the edits of the window; only while it is open.
@@ -256,5 +258,7 @@ public:
     virtual void handleSetListChanged(const Backend::SetList& list) = 0;
     /// Shown in the status line.
     virtual void handleNotice(Backend::Notice notice, const std::string& text) = 0;
+    /// The step of its sequence that each layer plays, -1 for none.
+    virtual void handleSequenceSteps(const std::vector<int>& steps) = 0;
 };
 }  // namespace Gui

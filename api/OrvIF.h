@@ -595,5 +595,10 @@ public:
     /// The notes at zones and layers, those included that were played and ended since the last call. False, with
     /// `activity` as it was, if nothing has changed. One thread, which is not that of the slices; never waits.
     virtual bool takeNoteActivity(MidiEngine::NoteActivity& activity) = 0;
+    /// [backend] Gives a sequence preset and its file another name. Nothing happens if there is none, or if a preset
+    /// has the new name already. The window is notified as by `addSequencePreset`.
+    virtual void renameSequencePreset(const std::string& name, const std::string& newName) = 0;
+    /// [any] Sends to the window which step of its sequence each layer plays (GuiMessage::SEQUENCE_STEPS).
+    virtual void sendSequenceSteps() = 0;
 };
 }  // namespace Backend

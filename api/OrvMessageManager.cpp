@@ -107,6 +107,11 @@ void OrvMessageManager::postDeleteSequencePreset(const std::string& name)
     master.post(OrvMessage::DELETE_SEQUENCE_PRESET(name));
 }
 
+void OrvMessageManager::postRenameSequencePreset(const std::string& name, const std::string& newName)
+{
+    master.post(OrvMessage::RENAME_SEQUENCE_PRESET(name, newName));
+}
+
 void OrvMessageManager::postSaveRetroRecord(const std::string& stem)
 {
     master.post(OrvMessage::SAVE_RETRO_RECORD(stem));

@@ -73,6 +73,7 @@ public:
     /// See `OrvIF::addSequencePreset`.
     void postAddSequencePreset(const std::string& name, const std::string& text);
     void postDeleteSequencePreset(const std::string& name);
+    void postRenameSequencePreset(const std::string& name, const std::string& newName);
     /// Saves the retrospective record, see `OrvIF::saveRetroRecord`.
     void postSaveRetroRecord(const std::string& stem);
     void postSetDefaultBank(const std::string& path);

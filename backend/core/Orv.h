@@ -359,6 +359,8 @@ public:
     void keepSetPosition(bool on) override;
     void setProgramChangeInput(int input) override;
     void setProgramChangeChannel(int channel) override;
+    void renameSequencePreset(const std::string& name, const std::string& newName) override;
+    void sendSequenceSteps() override { getMidiEngineMessageManager().postSendSequenceSteps(); }
 
     /// The factory for `createOrvGui`; null for no window. Before `start`.
     void setGuiFactory(GuiFactory factory) { guiFactory = factory; }

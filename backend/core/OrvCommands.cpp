@@ -77,6 +77,7 @@ constexpr auto COMMANDS = std::to_array<Command<OrvIF>>({
     on<EDIT_BANK, &OrvIF::editBank>(),
     on<UNDO_BANK, &OrvIF::undoBank>(),
     on<REDO_BANK, &OrvIF::redoBank>(),
+    on<RENAME_SEQUENCE_PRESET, &OrvIF::renameSequencePreset>(),
     on<LEARN, &OrvIF::learn>(),
     on<WATCH_MIDI_INPUTS, &OrvIF::watchMidiInputs>(),
     on<EDIT_SET_LIST, &OrvIF::editSetList>(),

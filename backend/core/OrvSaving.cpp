@@ -268,4 +268,10 @@ void Orv::deleteSequencePreset(const std::string& name)
     assertBackendThread();
     notifyGui(GuiMessage::SEQUENCE_PRESETS, sequencePresets.deletePreset(name));
 }
+
+void Orv::renameSequencePreset(const std::string& name, const std::string& newName)
+{
+    assertBackendThread();
+    notifyGui(GuiMessage::SEQUENCE_PRESETS, sequencePresets.renamePreset(name, newName));
+}
 }  // namespace Backend

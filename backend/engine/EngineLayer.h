@@ -86,6 +86,12 @@ public:
     /// See `Arpeggio::getLastStart`; -1 without an arpeggio.
     std::int32_t getArpeggioStart() const { return arpeggio != nullptr ? arpeggio->getLastStart() : -1; }
 
+    /// The step of the sequence that the arpeggio plays; -1 while it plays none.
+    int getSequenceStep() const
+    {
+        return getArpeggioStart() < 0 || sequence.isEmpty() ? -1 : static_cast<int>(sequence.getCurrentNode());
+    }
+
     // For a layer with an arpeggio, see `Arpeggio::process` and `Arpeggio::nextActivePulse`.
     void playArpeggio(MidiEngine::Slice& slice, MidiEngine::MidiEngine& engine, std::int32_t ppq);
     std::int32_t nextArpeggioPulse(std::int32_t ppq, std::int32_t startTime) const

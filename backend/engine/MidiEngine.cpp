@@ -6,6 +6,8 @@
 #include <limits>
 #include <utility>
 
+#include "backend/messages/GuiMessages.h"
+
 namespace Backend::MidiEngine
 {
 namespace
@@ -160,6 +162,21 @@ void MidiEngine::setTempoSource(int source)
     keptTempoSource = source;
     // During a reset the clock is internal; the new source is set at the end of the reset.
     if (resetsUnderWay == 0) midiPlayer.setTempoSource(static_cast<char>(source));
+}
+
+void MidiEngine::sendSequenceSteps()
+{
+    constexpr std::size_t ROOM = 256;  // layers beyond it are not shown
+    std::vector<int> steps;
+    steps.reserve(ROOM);
+    WindowHandle window;
+    {
+        const CommandLock lock(criticalSection, longestHold);
+        window = guiWindow;
+        for (const auto& layer : layers.now().all().first(std::min(ROOM, layers.now().all().size())))
+            steps.push_back(layer->getSequenceStep());
+    }
+    notify(window, GuiMessage::SEQUENCE_STEPS, steps);
 }
 
 void MidiEngine::setGuiWindowHandle(WindowHandle window)

@@ -144,6 +144,8 @@ public:
     void setKeepNotes(bool on) EXCLUDES(criticalSection);
     /// Frees the older layers that have nothing left to play.
     void freeSilentLayers() EXCLUDES(criticalSection);
+    /// See `OrvIF::sendSequenceSteps`.
+    void sendSequenceSteps() EXCLUDES(criticalSection);
 
     /// Starts or stops an oscillator; its phase is kept. Its stop value, if it has one, is played before the first
     /// value of the wave and after the last.

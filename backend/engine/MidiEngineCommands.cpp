@@ -29,6 +29,7 @@ constexpr auto COMMANDS = std::to_array<Command<MidiEngine>>({
     on<SET_OSC_SPEED, &MidiEngine::setOscSpeed>(),
     on<SET_KEEP_NOTES, &MidiEngine::setKeepNotes>(),
     on<FREE_SILENT_LAYERS, &MidiEngine::freeSilentLayers>(),
+    on<SEND_SEQUENCE_STEPS, &MidiEngine::sendSequenceSteps>(),
 });
 }  // namespace
 

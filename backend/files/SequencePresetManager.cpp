@@ -84,16 +84,17 @@ bool SequencePresetManager::addPreset(std::string_view name, std::string_view te
     return true;
 }
 
-void SequencePresetManager::renamePreset(std::string_view oldName, std::string_view newName)
+bool SequencePresetManager::renamePreset(std::string_view oldName, std::string_view newName)
 {
     const std::string stored = storedName(newName);
-    if (!exists(oldName) || stored.empty() || exists(stored)) return;
+    if (!exists(oldName) || stored.empty() || exists(stored)) return false;
     const std::string path = getPresetPath(oldName);
     std::error_code error;
     fs::rename(pathOf(path), pathOf(getPresetPath(stored)), error);
-    report(error, path, "not renamed");
+    if (!report(error, path, "not renamed")) return false;
     list.erase(list.begin() + indexOf(oldName));
     insert(stored);
+    return true;
 }
 
 bool SequencePresetManager::deletePreset(std::string_view name)

@@ -38,8 +38,8 @@ public:
     /// it to the list. False, and nothing is changed, if the name is not valid or the file cannot be written.
     bool addPreset(std::string_view name, std::string_view text);
 
-    /// Renames a preset, if it is in the list, and the new name is valid and not in the list.
-    void renamePreset(std::string_view oldName, std::string_view newName);
+    /// Renames a preset, if it is in the list, and the new name is valid and not in the list. False if nothing changed.
+    bool renamePreset(std::string_view oldName, std::string_view newName);
 
     /// Removes a listed preset, entry and file. False, and it stays listed, if the file cannot be removed.
     bool deletePreset(std::string_view name);

@@ -87,6 +87,9 @@ inline constexpr TypedMessage<std::uint32_t, bool, std::string> SECTION_PRESET{3
 /// The set list of the current bank.
 inline constexpr TypedMessage<SetList> SET_LIST{33315, "SetList"};
 inline constexpr TypedMessage<Notice, std::string> NOTICE{33316, "Notice"};
+/// For each layer the step of its sequence that its arpeggio plays, -1 while it plays none; see
+/// `OrvIF::sendSequenceSteps`.
+inline constexpr TypedMessage<std::vector<int>> SEQUENCE_STEPS{33305, "SequenceSteps"};
 
 /// Those that were replaced.
 inline constexpr TypedMessage<std::vector<ComputerInput::KeyConfiguration>> KEY_CONFIGURATIONS{33469,

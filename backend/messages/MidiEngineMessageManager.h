@@ -45,6 +45,7 @@ inline constexpr TypedMessage<std::shared_ptr<const MidiInput::MidiEventConfigur
 inline constexpr TypedMessage<int> SETTLE_MIDI_INPUT{32887, "SettleMidiInput"};
 inline constexpr TypedMessage<bool> SET_KEEP_NOTES{32888, "SetKeepNotes"};
 inline constexpr TypedMessage<> FREE_SILENT_LAYERS{32889, "FreeSilentLayers"};
+inline constexpr TypedMessage<> SEND_SEQUENCE_STEPS{32890, "SendSequenceSteps"};
 }  // namespace MidiEngineMessage
 
 /// The interface that executes the engine's commands.
@@ -131,6 +132,9 @@ public:
     /// Whether held notes ring on when layers or oscillators are replaced. A change resets.
     void postSetKeepNotes(bool on) { worker.post(MidiEngineMessage::SET_KEEP_NOTES(on)); }
     void postSetOscSpeed(Oscillators::OscId id, int speed) { worker.post(MidiEngineMessage::SET_OSC_SPEED(id, speed)); }
+
+    /// See `OrvIF::sendSequenceSteps`.
+    void postSendSequenceSteps() { worker.post(MidiEngineMessage::SEND_SEQUENCE_STEPS()); }
 
     /// Frees the older layers that have nothing left to play. Inside a time slice only; `wake` follows once the engine
     /// lock is left.

@@ -103,6 +103,7 @@ inline constexpr TypedMessage<bool> KEEP_SET_POSITION{33320, "KeepSetPosition"};
 /// From the files thread: the result, and the path of the file.
 inline constexpr TypedMessage<SetListWrite, std::string> SET_LIST_WRITTEN{33323, "SetListWritten"};
 inline constexpr TypedMessage<bool> WATCH_NOTES{33300, "WatchNotes"};
+inline constexpr TypedMessage<std::string, std::string> RENAME_SEQUENCE_PRESET{33305, "RenameSequencePreset"};
 /// From the files thread: its work is finished.
 inline constexpr TypedMessage<> FILES_DONE{33277, "FilesDone"};
 }  // namespace OrvMessage

@@ -39,6 +39,14 @@ void RecordForm::showSelected()
     form->setRecords(std::move(fields));
 }
 
+void RecordForm::renew()
+{
+    shown.clear();
+    showSelected();
+}
+
+void RecordForm::focusFirst() { form->focusFirst(); }
+
 std::uint32_t RecordForm::gestureOf(const QString& field)
 {
     if (!form->isDragging()) dragGesture = 0;

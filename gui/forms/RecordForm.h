@@ -40,6 +40,11 @@ public:
     /// Shows what is selected, and the present version.
     void showSelected();
 
+    /// Fields offer other choices.
+    void renew();
+    /// The first field gets the focus.
+    void focusFirst();
+
 private:
     std::uint32_t gestureOf(const QString& field);
 

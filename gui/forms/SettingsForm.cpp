@@ -147,6 +147,11 @@ void SettingsForm::follow()
     for (std::size_t row = 0; row < rows.size(); ++row) showRow(row);
 }
 
+void SettingsForm::focusFirst()
+{
+    if (!rows.empty()) rows.front().edit->setFocus(Qt::TabFocusReason);
+}
+
 void SettingsForm::showRow(std::size_t index)
 {
     const Row& row = rows[index];

@@ -42,6 +42,9 @@ public:
     /// The records have been changed by something else. A text that is being typed stays.
     void follow();
 
+    /// The first field gets the focus.
+    void focusFirst();
+
     /// Whether a name is being dragged: what changes meanwhile is one gesture.
     bool isDragging() const { return dragged.has_value(); }
 

@@ -110,6 +110,7 @@ public:
     Display::DisplayPanel& getDisplayPanel() { return *displayPanel; }
     ComputerInput::ComputerInputPanel& getComputerInputPanel() { return *computerInputPanel; }
     Output::OutputPanel& getOutputPanel() { return *outputPanel; }
+    Layers::MainPanel& getLayerPanel() { return *layerPanel; }
     KeyPresses& getKeyPresses();
 
 protected:

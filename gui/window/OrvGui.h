@@ -83,6 +83,7 @@ public:
     bool addSequencePreset(const std::string& name, const std::string& text) override;
     bool editSequencePreset(const std::string& name, const std::string& text) override;
     void deleteSequencePreset(const std::string& name) override;
+    void renameSequencePreset(const std::string& name, const std::string& newName) override;
     const Backend::SequenceManagement::SequencePresetManager& getSequencePresetManager() const override
     {
         return sequencePresets;
@@ -131,6 +132,7 @@ public:
     void handleReceivedEvents(const std::vector<Backend::MidiEngine::OrvMidiMessage>& events) override;
     void handleSetListChanged(const Backend::SetList& list) override;
     void handleNotice(Backend::Notice notice, const std::string& text) override;
+    void handleSequenceSteps(const std::vector<int>& steps) override;
 
 private:
     template <class Value>

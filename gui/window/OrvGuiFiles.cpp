@@ -7,6 +7,7 @@
 #include "gui/files/FileCommands.h"
 #include "gui/framework/Question.h"
 #include "gui/presets/PresetCtl.h"
+#include "gui/screens/layers/MainPanel.h"
 #include "gui/window/OpenWindow.h"
 #include "gui/window/OrvGui.h"
 
@@ -100,9 +101,17 @@ bool OrvGui::editSequencePreset(const std::string& name, const std::string& text
 
 void OrvGui::deleteSequencePreset(const std::string& name) { getOrvMessageManager().postDeleteSequencePreset(name); }
 
+void OrvGui::renameSequencePreset(const std::string& name, const std::string& newName)
+{
+    if (!isValidFileName(newName) || name == newName) return;
+    if (sequencePresets.exists(newName)) deleteSequencePreset(newName);
+    getOrvMessageManager().postRenameSequencePreset(name, newName);
+}
+
 void OrvGui::handleSequencePresetsChanged(bool done)
 {
     sequencePresets.load();
+    open->main->getLayerPanel().handleSequencePresets();
     showPresetResult("Sequences", done);
 }
 }  // namespace Gui

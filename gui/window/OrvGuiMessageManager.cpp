@@ -76,6 +76,7 @@ constexpr auto COMMANDS = std::to_array<Command<OrvGuiIF>>({
     on<GuiMessage::RECEIVED_EVENTS, &OrvGuiIF::handleReceivedEvents>(),
     on<GuiMessage::BANK_EDIT_DONE, &OrvGuiIF::handleBankEditDone>(),
     on<GuiMessage::SECTION_PRESET, &changeSectionPreset>(),
+    on<GuiMessage::SEQUENCE_STEPS, &OrvGuiIF::handleSequenceSteps>(),
     on<GuiMessage::SET_LIST, &OrvGuiIF::handleSetListChanged>(),
     on<GuiMessage::NOTICE, &OrvGuiIF::handleNotice>(),
 });

@@ -7,6 +7,7 @@
 #include "gui/framework/FileNames.h"
 #include "gui/framework/Question.h"
 #include "gui/screens/display/DisplayPanel.h"
+#include "gui/screens/layers/MainPanel.h"
 #include "gui/screens/output/OutputPanel.h"
 #include "gui/screens/system/StagePanel.h"
 #include "gui/screens/system/SystemPanel.h"
@@ -217,6 +218,11 @@ void OrvGui::handleLearned(const Learned& learned) { open->learner.handleLearned
 void OrvGui::handleReceivedEvents(const std::vector<OrvMidiMessage>& events)
 {
     open->inputWatch.handleReceivedEvents(events);
+}
+
+void OrvGui::handleSequenceSteps(const std::vector<int>& steps)
+{
+    open->main->getLayerPanel().handleSequenceSteps(steps);
 }
 
 void OrvGui::displayMidiOutputEvent(const OrvMidiMessage& event)

@@ -1,9 +1,11 @@
 #include "backend/messages/LayerMessageManager.h"
 #include "backend/sections/layers/LayerManager.h"
 #include "gui/forms/RecordForm.h"
+#include "gui/framework/ComboBox.h"
 #include "gui/framework/EditPoster.h"
 #include "gui/musickeyboard/MusicKeyboardCtl.h"
 #include "gui/screens/layers/LayerCtl.h"
+#include "gui/screens/layers/SequenceGrid.h"
 #include "tests/gui/WindowStage.h"
 
 using namespace Gui::Layers;
@@ -270,4 +272,140 @@ TEST_F(LayerScreen, IsOperatedByKeys)
     keyDown(24);
     keyUp(24);
     EXPECT_EQ(played(), "C4 on, C4 off") << "other keys play";
+}
+
+/// Two layers with an arpeggio, both selected, and their settings open.
+struct SequenceScreen : LayerScreen {
+    SequenceScreen()
+    {
+        Layer layer;
+        layer.arpeggio.emplace().beat = 8;
+        showLayers({layer, layer});
+        click(0);
+        click(1, Qt::LeftButton, Qt::ControlModifier);
+        list->setFocus();
+        QTest::keyClick(list, Qt::Key_Return);
+        grid = &control<SequenceGrid>("Steps of the sequence");
+    }
+    /// Presses there, moves on and releases.
+    void draw(std::initializer_list<std::pair<int, int>> cells)
+    {
+        bool pressed = false;
+        for (const auto& [step, note] : cells) {
+            const QPoint place = grid->cellOf(step, note).center();
+            std::exchange(pressed, true) ? mouseMove(*grid, place) : QTest::mousePress(grid, Qt::LeftButton, {}, place);
+        }
+        QTest::mouseRelease(grid, Qt::LeftButton);
+    }
+    void keys(std::initializer_list<QKeyCombination> pressed)
+    {
+        for (const auto& each : pressed) QTest::keyClick(grid, each.key(), each.keyboardModifiers());
+    }
+    /// As the form shows it, after the backend has it in both layers: edits go to it one at a time.
+    std::string sequence()
+    {
+        std::string text;
+        const auto arrived = [&](const Layer& layer) { return layer.sequenceSetting.getSequenceText() == text; };
+        const auto allArrived = [&] {
+            settle();
+            text = control<QLineEdit>("Sequence: text").text().toStdString();
+            return std::ranges::all_of(orv->getLayerManager().getLayers().getLayers(), arrived);
+        };
+        EXPECT_TRUE(QTest::qWaitFor(allArrived, 20'000)) << text;
+        return text;
+    }
+
+    SequenceGrid* grid;
+};
+
+TEST_F(SequenceScreen, IsDrawnAndTypedAndBothAgree)
+{
+    draw({{0, 0}});
+    draw({{1, 7}});
+    draw({{0, 12}});
+    EXPECT_EQ(sequence(), "0|12,7");
+    draw({{2, -5}, {2, -4}, {2, -3}, {1, 2}});
+    EXPECT_EQ(sequence(), "0|12,2|7,-3") << "a line, with one note in each step";
+    gui->getEdits().undo();
+    EXPECT_EQ(sequence(), "0|12,7") << "the drag is a step";
+    draw({{1, 7}});
+    const QRect first = grid->getRowPlace(0);
+    QTest::mouseClick(grid, Qt::LeftButton, {}, {first.center().x(), first.bottom()});
+    EXPECT_EQ(sequence(), "0 V-127|12 V-127,-");
+
+    auto& text = control<QLineEdit>("Sequence: text");
+    text.setFocus();
+    replaceText(text, "3 V5 L960,,36");
+    QTest::keyClick(&text, Qt::Key_Return);
+    draw({{0, 5}});
+    EXPECT_EQ(sequence(), "3 V5 L960|5 V5,-,36") << "what the grid does not show stays";
+    EXPECT_EQ(grid->getRowName(0), "Step 1: +3, +5; velocity +5; at +5");
+}
+
+TEST_F(SequenceScreen, IsWrittenWithKeysAndButtons)
+{
+    grid->setFocus();
+    keys({Qt::Key_Space, Qt::Key_Right, Qt::Key_PageUp, Qt::Key_Space, Qt::Key_Down, Qt::Key_Space});
+    keys({Qt::SHIFT | Qt::Key_Up, Qt::CTRL | Qt::SHIFT | Qt::Key_Down});
+    EXPECT_EQ(sequence(), "0,11 V-9|12 V-9");
+    gui->getEdits().undo();
+    EXPECT_EQ(sequence(), "0,11 V1|12 V1");
+    keys({Qt::Key_Insert, Qt::Key_Home, Qt::Key_Delete, Qt::Key_End});
+    operate("Make the step a rest");
+    EXPECT_EQ(sequence(), "-,11 V1|12 V1,-");
+    for (int step = 0; step < 3; ++step) {
+        keys({Qt::Key_Home});
+        operate("Delete step");
+    }
+    EXPECT_EQ(sequence(), "") << "no steps: off";
+}
+
+TEST_F(SequenceScreen, LightsTheStepThatPlays)
+{
+    draw({{0, 0}, {1, 12}});
+    sequence();
+    const auto shown = [this] {
+        playSlices();
+        orv->sendSequenceSteps();
+        settle();
+        return grid->getPlayingStep();
+    };
+    EXPECT_EQ(shown(), -1);
+    down("Q");
+    EXPECT_EQ(shown(), 0);
+    playSlices(8);
+    EXPECT_EQ(shown(), 1) << "after a beat";
+    up("Q");
+    EXPECT_EQ(shown(), -1);
+}
+
+TEST_F(SequenceScreen, SavesRenamesChoosesAndDeletesPresets)
+{
+    draw({{0, 3}, {1, 5}});
+    const auto enter = [this](const QString& name) {
+        auto* line = QApplication::activeModalWidget()->findChild<QLineEdit*>();
+        replaceText(*line, name);
+        QTest::keyClick(line, Qt::Key_Return);
+        settle();
+    };
+    operate("Presets of sequences");
+    choose("Save Preset As...");
+    enter("Third");
+    operate("Presets of sequences");
+    choose("Edit Presets...");
+    auto* names = QApplication::activeModalWidget()->findChild<QListWidget*>();
+    names->setCurrentItem(names->findItems("Third", Qt::MatchExactly).at(0));
+    names->itemDoubleClicked(names->currentItem());
+    enter("Fourth");
+    QTest::keyClick(names, Qt::Key_Escape);
+
+    draw({{0, 3}});
+    auto& chosen = control<Gui::ComboBox>("Sequence");
+    EXPECT_EQ(chosen.text(), "--local--");
+    chosen.openMenu();
+    choose("Fourth");
+    EXPECT_EQ(sequence(), "3,5") << "the backend reads it";
+    gui->deleteSequencePreset("Fourth");
+    EXPECT_EQ(sequence(), "3,5") << "the layers keep its steps";
+    for (const std::string& name : gui->getSequencePresetList()) EXPECT_TRUE(name != "Third" && name != "Fourth");
 }

@@ -54,7 +54,8 @@ LayerPanel::LayerPanel(OrvGuiIF& owner, Panel* around)
     gui.getGuiMessageManagerMaster().addMessageManager(&messages);
 }
 
-/// What the settings offer.
+bool LayerPanel::hasListFocus() const { return list->hasFocus(); }
+
 void LayerPanel::takeLists()
 {
     lists.outputs.clear();

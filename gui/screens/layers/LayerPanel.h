@@ -42,6 +42,11 @@ public:
 
     /// Which layers the window edits, and what it does to them.
     Forms::RecordEditor& getEditor() { return editor; }
+    Forms::LayerRecords& getLayers() { return layers; }
+    /// Whether the user reached the layers by keys.
+    bool hasListFocus() const;
+    /// What the settings offer, the outputs and the presets of sequences, is other than before.
+    void takeLists();
 
     /// Lights the layers; while a range is taken, what is played sets it.
     void showNotes(const Backend::MidiEngine::NoteActivity& activity);
@@ -68,7 +73,6 @@ private:
     void fit();
     void showModes();
     void selectRange(Id id);
-    void takeLists();
     void change(Id id, std::function<void(Backend::Layers::Layer& layer)> change);
 
     OrvGuiIF& gui;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <vector>
+
 #include "gui/framework/Panel.h"
 
 namespace Gui
@@ -19,9 +21,16 @@ public:
 
     LayerPanel& getLayerPanel() { return *layerPanel; }
 
+    // Changes that the backend reports
+    /// The step of its sequence that each layer plays, -1 for none.
+    void handleSequenceSteps(const std::vector<int>& steps);
+    /// The window's list of sequence presets is another one.
+    void handleSequencePresets();
+
 private:
     class Settings;
 
     LayerPanel* layerPanel;
+    Settings* settings;
 };
 }  // namespace Gui::Layers
