@@ -65,7 +65,9 @@ class OtherProgram:
         self.x.XSync(self.display, 0)
 
 
-class Window(live.Graph):
+class WindowUser(live.Graph):
+    """With a display and a graph, the window's output at a monitor."""
+
     def setUp(self):
         super().setUp()
         for tool in ("Xvfb", "xdotool"):
@@ -137,6 +139,8 @@ class Window(live.Graph):
         with open(path) as file:
             return dict(line.strip().split("=", 1) for line in file if "=" in line)
 
+
+class Window(WindowUser):
     def test_closing_the_window_ends_the_program_with_every_note_off(self):
         orvane = self.open_playing()
         self.hold_a_note()

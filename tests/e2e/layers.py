@@ -1,0 +1,180 @@
+"""Layers and zones as a performer sets them up in the window of a new user, with the mouse alone and with the keyboard
+alone; then the bank is saved and played without the window: layers.py ORVANE MIDI_PEER"""
+import glob
+import re
+import sys
+import unittest
+
+import live
+from live import song, sounding, until
+from window import Q, WindowUser
+
+E, T, Z = 26, 28, 52  # keys by their places, as Q
+
+# Logical pixels from the top left corner of the window with the screens of the system, output, layers and zones
+SCREENS = "YNNNNNNNYYNY"
+FILES = (822, 146)
+PIANO, ZONES, ADD, LAYERS = 280, 312, (105, 357), 378
+ROW = 16  # of a layer
+
+
+def key(note, part=0.5):
+    """From the left edge of the window to that part of a white key, "C4"."""
+    return 13 + 950 / 75 * (7 * (int(note[1:]) + 1) + "CDEFGAB".index(note[0]) + part)
+
+
+def setting(number, layers):
+    """The control of a setting beneath so many layers, counted in the order of the form."""
+    return (160, 480, 822)[number // 8], LAYERS + ROW * layers + 11 + 28 * (number % 8)
+
+
+def cell(step, half_tone, layers):
+    return 60 + 36 * step, LAYERS + ROW * layers + 347 - 7 * half_tone
+
+
+CHANNEL, ARPEGGIO, BEAT, SEQUENCE, SEQUENCE_TEXT = 3, 15, 16, 18, 21
+GRID = 12  # behind the layers in the order of Tab
+
+
+class LayersAndZones(WindowUser):
+    def setUp(self):
+        super().setUp()
+        self.close(self.open())
+        (path,) = glob.glob(self.folder + "/config/**/3.2", recursive=True)
+        with open(path) as file:
+            text = file.read()
+        with open(path, "w") as file:
+            file.write(re.sub("ScreenState=.*", "ScreenState=string:" + SCREENS, text))
+        (self.bank,) = glob.glob(self.folder + "/data/**/Default Bank.bnk", recursive=True)
+        self.open_playing()
+        self.await_keys()
+
+    # --- hands
+
+    def mouse(self, place, *does):
+        left, top, _, _ = self.place()
+        self.tool("xdotool", "mousemove", str(round(left + place[0])), str(round(top + place[1])), *does)
+
+    def click(self, place, button=1, times=1):
+        self.mouse(place, *["click", str(button)] * times)
+
+    def drag(self, start, end, button=1):
+        self.mouse(start, "mousedown", str(button))
+        self.mouse(end, "mouseup", str(button))
+
+    def type(self, *keys):
+        self.tool("xdotool", "key", "--delay", "1", *keys)
+
+    def resize(self, action, *arguments):
+        """Does what changes the height of the window."""
+        before = self.place()[3]
+        action(*arguments)
+        until(lambda: self.place()[3] != before, f"another height than {before}")
+
+    def played(self, code):
+        """What a key plays, as a set: an arpeggio may play on."""
+        known = len(self.monitor.received)
+        self.key("key", code)
+        until(lambda: len(self.monitor.received) > known and not sounding(self.monitor.received), "a note and its end")
+        return {message[:5] for message in song(self.monitor.received[known:])}
+
+    def await_played(self, code, *messages):
+        """What the key plays once everything is done that was posted before."""
+        until(lambda: self.played(code) == set(messages), f"{messages}, not {self.monitor.received[-4:]}")
+
+    def arpeggio(self):
+        """Some notes of the arpeggio under three keys that are held."""
+        for code in (Q, E, T):
+            self.key("keydown", code)
+        known = len(self.monitor.received)
+
+        def notes():
+            return [message[:5] for message in self.monitor.received[known:] if message[:2] == "90"]
+
+        until(lambda: len(notes()) >= 20, "an arpeggio")
+        for code in (Q, E, T):
+            self.key("keyup", code)
+        self.await_silence()
+        return notes()[8:20]
+
+    # --- what both hands set up
+
+    def text(self):
+        with open(self.bank) as file:
+            return file.read()
+
+    def check(self, *steps):
+        """The arpeggio adds the steps of its sequence to the notes of the zone, which is a half-tone higher; so does
+        the saved bank without the window."""
+        arpeggio = self.arpeggio()
+        notes = ["90 %02x" % (note + step) for step in steps for note in (61, 65, 68)]
+        self.assertIn(" ".join(arpeggio), " ".join(notes * 8))
+        self.await_played(Z, "90 30", "80 30")
+
+        before = self.text()
+        self.click(FILES)
+        self.type("Down", "Down", "Return")
+        until(lambda: self.tool("xdotool", "search", "--onlyvisible", "--name", "^Save$", status=None), "the dialog")
+        self.type("Return")
+        until(lambda: self.text() != before, "the bank")
+        keys = [f"{at} key {action} {name}\n" for action, at in (("down", 0), ("up", 9000)) for name in "QET"]
+        performance = self.write("keys.perf", "".join(keys))
+        events = [line.split(",") for line in self.tool(live.ORVANE, "render", performance, "--load", self.bank,
+                                                        "--events", "-").splitlines()[1:]]
+        played = ["%02x %02x" % (int(status), int(note)) for _, _, status, note, _ in events]
+        self.assertIn(" ".join(arpeggio), " ".join(each for each in played if each[:2] == "90"))
+        self.assertEqual([each for each in played if each[:2] == "91"], ["91 3d", "91 41", "91 44"])
+
+    def test_a_split_a_stack_with_an_arpeggio_and_a_transposed_zone_by_the_mouse_alone(self):
+        self.resize(self.click, ADD)
+        self.click((300, LAYERS + ROW), 2)
+        self.click((key("C4"), PIANO))
+        self.click((key("G9"), PIANO), 3)
+        self.drag((key("G9", 1) - 1, LAYERS), (key("B3", 1), LAYERS))
+        self.resize(self.click, (key("G5"), LAYERS + ROW), 3)
+        self.click(setting(CHANNEL, 2), 5)
+        self.await_played(Q, "91 3c", "81 3c")
+        self.await_played(Z, "90 30", "80 30")
+
+        self.resize(self.click, ADD)
+        self.resize(self.click, setting(ARPEGGIO, 3), 5, 2)
+        self.click(setting(BEAT, 3), 5, 3)
+        for step, half_tone in enumerate((0, 7, 12)):
+            self.click(cell(step, half_tone, 3))
+
+        zone = (key("C4"), ZONES)
+        self.drag(zone, (zone[0] + 3, zone[1]), 3)  # no more than a click, which opens a menu
+        self.type("Escape")
+        self.await_played(Q, "90 3c", "80 3c", "91 3c", "81 3c")
+        self.key("keydown", Q)
+        self.drag(zone, (zone[0] + 4, zone[1]), 3)
+        self.key("keyup", Q)
+        self.await_played(Q, "90 3d", "80 3d", "91 3d", "81 3d")
+        self.check(0, 7, 12)
+
+    def test_the_same_by_the_keyboard_alone(self):
+        self.type("ctrl+Tab")  # the layers
+        self.resize(self.type, "Insert")
+        self.type(*["ctrl+Right"] * 5, "Up", *["ctrl+shift+Left"] * 5, *["shift+Left"] * 8, "Down")
+        self.resize(self.type, "Return")
+        self.type(*["Tab"] * CHANNEL, "Down", "ctrl+Tab")
+        self.await_played(Q, "91 3c", "81 3c")
+        self.await_played(Z, "90 30", "80 30")
+
+        self.resize(self.type, "Insert")
+        self.resize(self.type, "Return")
+        self.resize(self.type, "Return")
+        self.resize(self.type, *["Tab"] * ARPEGGIO, "Down", "Down")
+        self.type("Tab", "Down", "Down", "Down")
+        self.type(*["Tab"] * (SEQUENCE - BEAT), *["Down"] * 12)  # 011 - 5th Up
+        self.type(*["Tab"] * (SEQUENCE_TEXT - SEQUENCE), "0", "comma", "1", "2")
+        self.type("ctrl+Tab", *["Tab"] * GRID, "End", *["Up"] * 5, "space")
+        self.type("ctrl+Tab", "shift+Tab", "Right")  # the layers, the zones
+        self.await_played(Q, "90 3d", "80 3d", "91 3d", "81 3d")
+        self.check(0, 12, 5)
+        self.assertIn("<Sequence>0,12,5</Sequence>", self.text())
+        self.assertIn('<SequenceSetting preset=""', self.text())
+
+
+if __name__ == "__main__":
+    unittest.main(argv=sys.argv[:1] + sys.argv[3:], verbosity=1)
