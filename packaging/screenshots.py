@@ -2,8 +2,9 @@
 """Draws the pictures of the documentation anew: packaging/screenshots.py [ORVANE]
 
 Opens the window of a new user on a virtual display, at first with its default screens and then with each screen alone,
-at 100 and at 200 percent, while some keys are held; then the dialogs. Writes the pictures to docs/pictures: window.png,
-help.png, help@2x.png ... Look at them: on a busy machine a picture may be taken too early."""
+at 100 and at 200 percent, while some keys are held; then the dialogs, and the settings of a layer. Writes the pictures
+to docs/pictures: window.png, help.png, help@2x.png ... Look at them: on a busy machine a picture may be taken too
+early."""
 import glob
 import os
 import re
@@ -33,6 +34,13 @@ DIALOGS = [  # picture, title, the screen with its button, the position of the b
 ]
 SET_LIST = [(0, ""), (7, "D drone, no drums"), (2, "strings from bar 9"), (9, "play soft"), (5, "wait for drums"),
             (1, "capo 2"), (6, "")]
+SEQUENCE = """<ProgramFile><Program name="Sequence">
+    <ComputerInput><Key id="Q"><Function><Down><MidiNoteOn note="C4"/></Down><Up><MidiNoteOff note="C4"/></Up>
+    </Function></Key></ComputerInput>
+    <Layers><Layer><Arpeggio><UpArpeggio beat="480" length="240"/></Arpeggio>
+    <SequenceSetting><Sequence>0,0|7 V20,-,12,10 V-30,7|12,-,5</Sequence></SequenceSetting></Layer></Layers>
+    </Program></ProgramFile>"""
+FIRST_LAYER = (480, 201)  # its bar on the layer screen
 THREE_BUTTONS = 300  # a window with a screen is wider
 SERVER = "orvane-screenshots"  # a JACK server of its own, so that there is sound
 PATIENCE = 30
@@ -122,8 +130,8 @@ class NewUser:
         text = self.tool("xdotool", "getwindowgeometry", "--shell", self.window(title))
         return [int(re.search(name + r"=(-?\d+)", text).group(1)) for name in ("X", "Y", "WIDTH", "HEIGHT")]
 
-    def open(self, scale, heldKeys=()):
-        self.orvane = subprocess.Popen([ORVANE], env={**self.environment, "QT_SCALE_FACTOR": str(scale)},
+    def open(self, scale, heldKeys=(), arguments=()):
+        self.orvane = subprocess.Popen([ORVANE, *arguments], env={**self.environment, "QT_SCALE_FACTOR": str(scale)},
                                        cwd=self.folder, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         until(self.hasFocus, "the window")
         time.sleep(1)
@@ -207,6 +215,23 @@ def takeDialogs(user, display):
             user.close()
 
 
+def takeSequence(user, display):
+    program = user.folder + "/sequence.prg"
+    with open(program, "w") as file:
+        file.write(SEQUENCE)
+    for scale in (1, 2):
+        user.showOnly("layers")
+        user.open(scale, HELD_KEYS[:1], [program])
+        left, top, _, height = user.geometry()
+        user.tool("xdotool", "mousemove", str(left + FIRST_LAYER[0] * scale), str(top + FIRST_LAYER[1] * scale),
+                  "click", "3")
+        until(lambda: user.geometry()[3] > height, "the settings")
+        user.tool("xdotool", "mousemove", "3199", "3199")
+        time.sleep(1)
+        takePicture(user, display, "sequence" + suffix(scale))
+        user.close(HELD_KEYS[:1])
+
+
 def main():
     os.makedirs(PICTURES, exist_ok=True)
     with tempfile.TemporaryDirectory() as folder:
@@ -216,6 +241,7 @@ def main():
             user = NewUser(folder + "/home", display)
             takeScreens(user, display)
             takeDialogs(user, display)
+            takeSequence(user, display)
         finally:
             server.end()
             display.end()
