@@ -172,7 +172,7 @@ public:
     virtual void renameSequencePreset(const std::string& name, const std::string& newName) = 0;
     virtual const Backend::SequenceManagement::SequencePresetManager& getSequencePresetManager() const = 0;
 
-    /// Returns the focus to playing, unless a text is being edited.
+    /// Returns the focus to the control that learns an event, or else to playing, unless a text is being edited.
     virtual void setFocus() = 0;
 
     /// The keys of the computer that are down; only while the window is open.

@@ -38,7 +38,7 @@ LearnButton::LearnButton(Learner& owner, const LearnKinds& learnedKinds, QWidget
 
 void LearnButton::start()
 {
-    request = learner.start(kinds, [this](const Learned* learned) {
+    request = learner.start(kinds, *this, [this](const Learned* learned) {
         setWaiting(false);
         const auto callback = onLearned;
         if (learned != nullptr && callback) callback(learned->input);

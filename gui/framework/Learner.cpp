@@ -9,10 +9,11 @@ namespace Gui
 using Backend::Learned;
 using Backend::LearnKinds;
 
-std::uint32_t Learner::start(const LearnKinds& kinds, Done done)
+std::uint32_t Learner::start(const LearnKinds& kinds, QWidget& control, Done done)
 {
     if (const Done replaced = takeDone()) replaced(nullptr);
     whenDone = std::move(done);
+    learning = &control;
     commands.postLearn(kinds, ++number);
     if (onLearnsKeys) onLearnsKeys(kinds.key);
     return number;

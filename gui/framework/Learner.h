@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QPointer>
+#include <QWidget>
 #include <cstdint>
 #include <functional>
 
@@ -22,10 +24,14 @@ public:
     /// `backend` must outlive it.
     explicit Learner(Backend::OrvMessageManager& backend) : commands(backend) {}
 
-    /// `done` is called once, unless `end` is. Returns the number of the request.
-    std::uint32_t start(const Backend::LearnKinds& kinds, Done done);
+    /// `done` is called once, unless `end` is. `control`, which learns, has the focus meanwhile, see
+    /// `OrvGuiIF::setFocus`. Returns the number of the request.
+    std::uint32_t start(const Backend::LearnKinds& kinds, QWidget& control, Done done);
     /// Ignored for a request that has ended.
     void end(std::uint32_t request);
+
+    /// The control that learns; null if none does.
+    QWidget* getLearning() const { return whenDone ? learning : nullptr; }
 
     /// To be called for each `GuiMessage::LEARNED`.
     void handleLearned(const Backend::Learned& learned);
@@ -38,6 +44,7 @@ private:
 
     Backend::OrvMessageManager& commands;
     Done whenDone;
+    QPointer<QWidget> learning;
     std::uint32_t number = 0;
 };
 }  // namespace Gui

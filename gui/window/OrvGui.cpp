@@ -125,7 +125,13 @@ Learner& OrvGui::getLearner() { return open->learner; }
 InputWatch& OrvGui::getInputWatch() { return open->inputWatch; }
 Forms::EditableSections& OrvGui::getEditableSections() { return open->sections; }
 
-void OrvGui::setFocus() { open->main->setPlayingFocus(); }
+void OrvGui::setFocus()
+{
+    if (QWidget* const learning = open->learner.getLearning())
+        learning->setFocus();
+    else
+        open->main->setPlayingFocus();
+}
 
 void OrvGui::showProgramMenu() { open->main->getStagePanel().showProgramList(); }
 
