@@ -1,11 +1,14 @@
 #include "gui/forms/BindingFields.h"
 
 #include <QObject>
+#include <algorithm>
 #include <string_view>
 
+#include "api/OrvGuiIF.h"
 #include "backend/bindings/functions/FunctionSettingsTypes.h"
 #include "backend/bindings/translations/TranslationSettingsTypes.h"
 #include "backend/model/Function.h"
+#include "backend/model/PresetList.h"
 #include "backend/model/PresetSections.h"
 #include "backend/model/Translation.h"
 #include "gui/forms/FieldMaker.h"
@@ -193,6 +196,22 @@ bool addIf(MidiInput::TranslationManagement::Translation& translation, Add add)
     return settings != nullptr;
 }
 }  // namespace
+
+FieldLists takeLists(OrvGuiIF& gui)
+{
+    FieldLists lists;
+    for (const auto& port : gui.getMidiOutputPorts()) lists.outputs << QString::fromStdString(port.getName());
+    for (const std::string& name : gui.getSequencePresetList()) lists.sequences << QString::fromStdString(name);
+    lists.presets = [&gui](const char* folder) {
+        const auto section = std::ranges::find(PresetSections::ALL, std::string_view(folder),
+                                               [](const PresetSection& each) { return std::string_view(each.folder); });
+        QStringList names;
+        for (const PresetEntry& preset : gui.getPresetList(*section).getEntries())
+            names << QString::fromStdString(preset.name);
+        return names;
+    };
+    return lists;
+}
 
 std::vector<FormField> fieldsOf(FunctionManagement::Function& function, const FieldLists& lists)
 {

@@ -15,6 +15,11 @@ namespace Backend::MidiInput::TranslationManagement
 class Translation;
 }
 
+namespace Gui
+{
+class OrvGuiIF;
+}
+
 namespace Gui::Forms
 {
 /// The names that fields offer.
@@ -23,6 +28,8 @@ struct FieldLists {
     std::function<QStringList(const char* folder)> presets{};  ///< of a section, see `PresetSections`
     QStringList sequences{};                                   ///< the presets of arpeggios' sequences
 };
+/// Those that the window offers now. It must outlive them.
+FieldLists takeLists(OrvGuiIF& gui);
 
 /// The settings of a function, or of a translation, in the order in which a form shows them; none for one without
 /// parameters. Zones, items and cells are counted from 1, as on the screens.

@@ -56,13 +56,7 @@ LayerPanel::LayerPanel(OrvGuiIF& owner, Panel* around)
 
 bool LayerPanel::hasListFocus() const { return list->hasFocus(); }
 
-void LayerPanel::takeLists()
-{
-    lists.outputs.clear();
-    for (const auto& port : gui.getMidiOutputPorts()) lists.outputs << QString::fromStdString(port.getName());
-    lists.sequences.clear();
-    for (const std::string& name : gui.getSequencePresetList()) lists.sequences << QString::fromStdString(name);
-}
+void LayerPanel::takeLists() { lists = Forms::takeLists(gui); }
 
 void LayerPanel::makeButtons()
 {
