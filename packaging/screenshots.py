@@ -41,6 +41,7 @@ SEQUENCE = """<ProgramFile><Program name="Sequence">
     <SequenceSetting><Sequence>0,0|7 V20,-,12,10 V-30,7|12,-,5</Sequence></SequenceSetting></Layer></Layers>
     </Program></ProgramFile>"""
 FIRST_LAYER = (480, 201)  # its bar on the layer screen
+EDITED_KEY = (97, 196)  # Q on the keys screen
 THREE_BUTTONS = 300  # a window with a screen is wider
 SERVER = "orvane-screenshots"  # a JACK server of its own, so that there is sound
 PATIENCE = 30
@@ -139,10 +140,13 @@ class NewUser:
             self.tool("xdotool", "keydown", str(key))
         time.sleep(3)  # until everything is drawn, and what the status line says for three seconds is gone
 
-    def openDialog(self, title, place, scale, keys):
+    def click(self, place, scale, button="1"):
         left, top, _, _ = self.geometry()
-        self.tool("xdotool", "mousemove", str(left + place[0] * scale), str(top + place[1] * scale), "click", "1")
-        time.sleep(1)  # until the menu is shown
+        self.tool("xdotool", "mousemove", str(left + place[0] * scale), str(top + place[1] * scale), "click", button)
+        time.sleep(1)  # until the menu is shown, or the settings are
+
+    def openDialog(self, title, place, scale, keys):
+        self.click(place, scale)
         for key in keys:
             self.tool("xdotool", "key", key)
         until(lambda: self.window(f"^{title}$"), "the dialog " + title)
@@ -200,6 +204,18 @@ def takeScreens(user, display):
                 break
 
 
+def takeEditing(user, display):
+    """What a key does, beneath the board."""
+    for scale in (1, 2):
+        user.showOnly("computer-input")
+        user.open(scale)
+        user.click(EDITED_KEY, scale, "3")
+        user.tool("xdotool", "mousemove", "3199", "3199")
+        time.sleep(0.5)
+        takePicture(user, display, "computer-input-edit" + suffix(scale))
+        user.close()
+
+
 def takeDialogs(user, display):
     for name, title, screen, place, keys in DIALOGS:
         for scale in (1, 2):
@@ -240,6 +256,7 @@ def main():
         try:
             user = NewUser(folder + "/home", display)
             takeScreens(user, display)
+            takeEditing(user, display)
             takeDialogs(user, display)
             takeSequence(user, display)
         finally:

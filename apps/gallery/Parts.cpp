@@ -17,6 +17,7 @@
 #include "gui/musickeyboard/MusicKeyboardCtl.h"
 #include "gui/presets/PresetCtl.h"
 #include "gui/screens/computerinput/ComputerKeyboardCtl.h"
+#include "gui/screens/computerinput/KeySettings.h"
 #include "gui/screens/system/BeatLight.h"
 #include "gui/screens/system/KeyBadge.h"
 #include "gui/screens/system/ProgramButton.h"
@@ -57,7 +58,12 @@ QLabel* pictureOf(QWidget& widget)
 }
 }  // namespace
 
-Parts::Parts(OrvGuiIF& owner) : gui(owner), rows(new QFormLayout(this))
+Parts::Parts(OrvGuiIF& owner)
+    : gui(owner),
+      rows(new QFormLayout(this)),
+      keys(owner.getOrvIF(), lists),
+      edits(owner.getOrvMessageManager()),
+      keyEditor(keys, edits, [](const QString&) {})
 {
     addStatus();
     addPresets();
@@ -146,9 +152,10 @@ void Parts::addKeyboards()
     piano->setFixedSize(piano->size());
     rows->addRow(piano);
 
-    const auto bind = [this](const char* text) {
+    Backend::ComputerInput::KeyConfigurationMap bindings;
+    const auto bind = [&](const char* text) {
         const XmlDocument document(text, XmlDocument::Source::text);
-        keys.put(
+        bindings.put(
             Backend::ComputerInput::KeyConfiguration::fromXml(document.getRoot(), [this](const XmlElement& function) {
                 return FunctionManagement::createFunctionFromXml(function, gui.getOrvIF());
             }));
@@ -156,11 +163,17 @@ void Parts::addKeyboards()
     bind("<Key id='A'><Function><Down><MidiNoteOn zone='0' note='C4'/></Down></Function></Key>");
     bind("<Key id='K'><Function><Down><MidiNoteOn zone='1' note='C5'/></Down></Function></Key>");
     bind("<Key id='F1'><Function><Down><ResetOrv/></Down></Function></Key>");
-    auto* board = new Gui::ComputerInput::ComputerKeyboardCtl(gui, keys, zones, nullptr);
+    keys.take(bindings);
+    auto* board = new Gui::ComputerInput::ComputerKeyboardCtl(gui, keys, keyEditor, zones, nullptr);
     board->showConfigurations();
     board->showKeyDown('S');
     board->setFixedSize(board->size());
     rows->addRow(board);
+    keyEditor.getSelection().select({Gui::ComputerInput::KeyRecords::idOf({.keyCode = 'A'}),
+                                     Gui::ComputerInput::KeyRecords::idOf({.keyCode = 'K'})});
+    keyEditor.setOpen(true);
+    rows->addRow(sized(new Gui::ComputerInput::KeySettings(gui, keyEditor, keys, nullptr),
+                       gui.getGdiManager().px(QSize(944, Gui::ComputerInput::KeySettings::HEIGHT))));
 }
 
 void Parts::light()

@@ -5,8 +5,10 @@
 #include <vector>
 
 #include "api/OrvGuiIF.h"
-#include "backend/model/KeyConfigurationMap.h"
 #include "backend/model/ZoneMap.h"
+#include "gui/forms/RecordEditor.h"
+#include "gui/framework/EditPoster.h"
+#include "gui/screens/computerinput/KeyRecords.h"
 
 class QFormLayout;
 
@@ -38,6 +40,9 @@ private:
     QFormLayout* rows;
     std::vector<std::function<void()>> lights;
     Gui::Output::MusicKeyboardCtl* piano = nullptr;
-    Backend::ComputerInput::KeyConfigurationMap keys;
+    const Gui::Forms::FieldLists lists;
+    Gui::ComputerInput::KeyRecords keys;
+    Gui::EditPoster edits;
+    Gui::Forms::RecordEditor keyEditor;
     Backend::Zones::ZoneMap zones;
 };

@@ -40,6 +40,7 @@ BindingEditor::BindingEditor(GuiContext& owner, RecordEditor& shownEditor, Bindi
     line->addWidget(picker, PICKER_STRETCH);
     makeSettings(*line, owner);
     showSelected();
+    settings->showSelected();
 }
 
 void BindingEditor::makeEntries(QHBoxLayout& line)
@@ -183,7 +184,7 @@ bool BindingEditor::hasNotes() const
 /// Empty if they are of different types.
 std::string BindingEditor::getType() const
 {
-    const std::string type = records.getType(shown.front(), row);
+    const std::string type = shown.empty() ? std::string() : records.getType(shown.front(), row);
     const auto isSame = [&](RecordId id) { return records.getType(id, row) == type; };
     return std::ranges::all_of(shown, isSame) ? type : std::string();
 }

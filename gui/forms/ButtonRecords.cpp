@@ -15,16 +15,17 @@ namespace Gui::Forms
 {
 using namespace Backend;
 using FunctionManagement::Function;
-using FunctionManagement::MidiSettingsType;
 
 namespace
 {
+using Event = FunctionManagement::MidiSettingsType;
+
 bool isDown(int row) { return row % 2 == 0; }
 int entryOf(int row) { return row / 2; }
 
-MidiSettingsType* eventOf(Function* function, MidiEngine::MessageType status)
+Event* eventOf(Function* function, MidiEngine::MessageType status)
 {
-    auto* const event = dynamic_cast<MidiSettingsType*>(function);
+    auto* const event = dynamic_cast<Event*>(function);
     return event != nullptr && event->getStatus() == status ? event : nullptr;
 }
 
@@ -51,8 +52,8 @@ struct NotePair {
         off->setD1(on->getD1());
     }
 
-    MidiSettingsType* on;
-    MidiSettingsType* off;
+    Event* on;
+    Event* off;
 };
 
 /// Calls `set`, which changes the note-on; its note-off follows.
@@ -139,7 +140,7 @@ void ButtonRecords::setHelp(Id id, int row, QWidget& control) const
 
 bool ButtonRecords::hasNote(Id id, int row) const
 {
-    const auto* const event = dynamic_cast<const MidiSettingsType*>(findFunction(id, row));
+    const auto* const event = dynamic_cast<const Event*>(findFunction(id, row));
     return event != nullptr && AddFunctionBatchVisitor::hasNote(*event);
 }
 
@@ -162,7 +163,7 @@ void ButtonRecords::choose(Id id, int row, const std::string& typeName)
 
 void ButtonRecords::raiseNotes(const std::vector<Id>& ids, int row, RisingNotes notes)
 {
-    const int first = dynamic_cast<const MidiSettingsType&>(*findFunction(ids.front(), row)).getD1();
+    const int first = dynamic_cast<const Event&>(*findFunction(ids.front(), row)).getD1();
     if (first < 0) return;
     AddFunctionBatchVisitor visitor(notes, first);
     for (const Id id : ids) {

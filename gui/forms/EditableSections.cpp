@@ -1,5 +1,6 @@
 #include "gui/forms/EditableSections.h"
 
+#include <QScrollArea>
 #include <algorithm>
 #include <utility>
 
@@ -57,6 +58,8 @@ bool EditableSections::moveFocus(Direction direction)
     const Section& section = *visible[static_cast<std::size_t>(target)];
     active = section.editor;
     section.view->setFocus(isNext ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+    for (QWidget* around = section.view; around != nullptr; around = around->parentWidget())
+        if (auto* const column = qobject_cast<QScrollArea*>(around)) column->ensureWidgetVisible(section.view);
     return true;
 }
 }  // namespace Gui::Forms

@@ -2,15 +2,20 @@
 
 #include <QCheckBox>
 #include <QLabel>
+#include <QPushButton>
 #include <QSignalBlocker>
+#include <utility>
 
 #include "api/OrvGuiIF.h"
 #include "backend/model/PresetSections.h"
+#include "gui/forms/EditableSections.h"
+#include "gui/forms/LearnButton.h"
 #include "gui/framework/EditPoster.h"
 #include "gui/framework/GuiMessageManagerMaster.h"
 #include "gui/framework/Properties.h"
 #include "gui/presets/PresetCtl.h"
 #include "gui/screens/computerinput/ComputerKeyboardCtl.h"
+#include "gui/screens/computerinput/KeySettings.h"
 
 namespace Gui::ComputerInput
 {
@@ -25,15 +30,23 @@ constexpr int MARGIN = 8;
 constexpr int ROW = 22;
 constexpr QRect PRESET_LABEL(MARGIN, 4, 50, ROW);
 constexpr QRect PRESET_NAME(MARGIN + 50, 4, 400, ROW);
+constexpr QRect EDIT(470, 5, 64, ROW - 3);
+constexpr QRect LEARN(538, 5, 64, ROW - 3);
 constexpr QRect USE_MODIFIERS(730, 4, 222, ROW);
 constexpr int KEYBOARD_TOP = 34;
 }  // namespace
 
 ComputerInputPanel::ComputerInputPanel(OrvGuiIF& owner, Panel* around)
-    : Panel(around), gui(owner), messages(*this), keyboard(new ComputerKeyboardCtl(owner, keys, zones, this))
+    : Panel(around),
+      gui(owner),
+      records(owner.getOrvIF(), lists),
+      editor(records, owner.getEdits(), [this](const QString& text) { gui.displayMessage(text.toStdString()); }),
+      messages(*this),
+      keyboard(new ComputerKeyboardCtl(owner, records, editor, zones, this))
 {
     makeTopRow();
-    setPanelSize({WIDTH, HEIGHT});
+    makeEditing();
+    fit();
     scaleChanged();
     gui.getGuiMessageManagerMaster().addMessageManager(&messages);
 }
@@ -48,7 +61,8 @@ void ComputerInputPanel::makeTopRow()
 {
     auto* const label = new QLabel(tr("Preset:"), this);
     place(*label, PRESET_LABEL);
-    presets = new Preset::PresetCtl(gui, Backend::PresetSections::COMPUTER_INPUT, this);
+    presets = new Preset::PresetCtl(gui, Backend::PresetSections::COMPUTER_INPUT, this,
+                                    [this] { return editor.getSelection().getSelected(); });
     place(*presets, PRESET_NAME);
 
     useModifiers = new QCheckBox(tr("Use modifiers on key up"), this);
@@ -62,9 +76,63 @@ void ComputerInputPanel::makeTopRow()
     });
 }
 
+void ComputerInputPanel::makeEditing()
+{
+    // Before the settings, which are made from the lists.
+    editor.observe(*this, [this] {
+        if (editor.isOpen()) lists = Forms::takeLists(gui);
+    });
+    editButton = new QPushButton(tr("Edit"), this);
+    place(*editButton, EDIT);
+    editButton->setCheckable(true);
+    editButton->setFocusPolicy(Qt::TabFocus);
+    editButton->setAccessibleName(tr("Edit keys"));
+    Property::setHelp(*editButton,
+                      tr("On: a click on the board selects keys, and beneath it stands what they do. Off: a "
+                         "click plays, and a click with the right button edits a key."));
+    connect(editButton, &QPushButton::clicked, [this](bool on) { editor.setOpen(on); });
+
+    auto* const learn = new Forms::LearnButton(gui.getLearner(), {.key = true}, this);
+    place(*learn, LEARN);
+    learn->onLearned = [this](const auto& input) {
+        const Key key = std::get<Key>(input);
+        showModifiers(KeyRecords::withModifiers(-1, key));
+        editor.getSelection().select({KeyRecords::idOf(key)});
+        editor.setOpen(true);
+    };
+
+    settings = new KeySettings(gui, editor, records, this);
+    place(*settings, {MARGIN, HEIGHT, WIDTH - 2 * MARGIN, KeySettings::HEIGHT - MARGIN});
+    settings->onModifiers = [this](const Key& modifiers) { showModifiers(modifiers); };
+    editor.observe(*this, [this] { fit(); });
+    gui.getEditableSections().add(editor, *keyboard);
+}
+
+void ComputerInputPanel::fit()
+{
+    const bool isOpen = editor.isOpen();
+    editButton->setChecked(isOpen);
+    settings->setVisible(isOpen);
+    setPanelSize({WIDTH, HEIGHT + (isOpen ? KeySettings::HEIGHT : 0)});
+    if (!isOpen && records.getModifiers() != Key()) showModifiers({});
+}
+
+/// The same keys are selected under these.
+void ComputerInputPanel::showModifiers(const Key& modifiers)
+{
+    Forms::Selection& selection = editor.getSelection();
+    std::vector<Backend::RecordId> selected;
+    for (const auto id : selection.getSelected())
+        selected.push_back(KeyRecords::idOf(KeyRecords::withModifiers(KeyRecords::keyOf(id).keyCode, modifiers)));
+    records.setModifiers(modifiers);
+    settings->showModifiers();
+    selection.setRecords(records.getIds());
+    selection.select(selected);
+}
+
 bool ComputerInputPanel::isBound(const Key& key) const
 {
-    const KeyConfiguration* const configuration = keys.findElement(key);
+    const KeyConfiguration* const configuration = records.getKeys().findElement(key);
     return configuration != nullptr && !configuration->isEmpty();
 }
 
@@ -72,16 +140,23 @@ bool ComputerInputPanel::isBound(const Key& key) const
 
 void ComputerInputPanel::handleKeyConfigurations(const std::vector<KeyConfiguration>& configurations)
 {
-    for (const KeyConfiguration& configuration : configurations) keys.put(configuration);
-    showKeys();
+    for (const KeyConfiguration& configuration : configurations) reported.put(configuration);
+    showReported();
 }
 
 void ComputerInputPanel::handleComputerInput(bool useKeyUpMod, KeyConfigurationMap newKeys)
 {
-    keys = std::move(newKeys);
     const QSignalBlocker quiet(useModifiers);
     useModifiers->setChecked(useKeyUpMod);
-    showKeys();
+    reported = std::move(newKeys);
+    showReported();
+}
+
+/// An older report that waits shows the newest one.
+void ComputerInputPanel::showReported()
+{
+    gui.handleKeysChanged(reported);
+    editor.report([this] { records.take(reported); });
 }
 
 void ComputerInputPanel::handleComputerInputChanged(const std::string& preset) { presets->showCurrent(preset); }
@@ -103,10 +178,4 @@ void ComputerInputPanel::handleZoneTranspose(Backend::Zones::ZoneId zone, int tr
 }
 
 Preset::PresetGuiOwner& ComputerInputPanel::getPresets() { return *presets; }
-
-void ComputerInputPanel::showKeys()
-{
-    keyboard->showConfigurations();
-    gui.handleKeysChanged(keys);
-}
 }  // namespace Gui::ComputerInput

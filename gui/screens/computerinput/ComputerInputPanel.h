@@ -5,10 +5,13 @@
 
 #include "backend/model/KeyConfigurationMap.h"
 #include "backend/model/ZoneMap.h"
+#include "gui/forms/RecordEditor.h"
 #include "gui/framework/Panel.h"
 #include "gui/screens/computerinput/ComputerInputGuiMessageManager.h"
+#include "gui/screens/computerinput/KeyRecords.h"
 
 class QCheckBox;
+class QPushButton;
 
 namespace Gui
 {
@@ -24,9 +27,10 @@ class PresetGuiOwner;
 namespace Gui::ComputerInput
 {
 class ComputerKeyboardCtl;
+class KeySettings;
 
-/// The screen of the computer's keyboard: what each key does, and which are down. It shows its own copy of the
-/// bindings.
+/// The screen of the computer's keyboard: what each key does, and which are down; beneath it, what the selected keys do
+/// is edited. It shows its own copy of the bindings.
 class ComputerInputPanel final : public Panel
 {
 public:
@@ -36,6 +40,7 @@ public:
     Preset::PresetGuiOwner& getPresets();
     /// Whether the key does something.
     bool isBound(const Key& key) const;
+    KeyRecords& getRecords() { return records; }
 
     // Changes that the backend reports
     void handleKeyConfigurations(const std::vector<Backend::ComputerInput::KeyConfiguration>& configurations);
@@ -51,14 +56,22 @@ protected:
 
 private:
     void makeTopRow();
-    void showKeys();
+    void makeEditing();
+    void fit();
+    void showModifiers(const Key& modifiers);
+    void showReported();
 
     OrvGuiIF& gui;
-    Backend::ComputerInput::KeyConfigurationMap keys;
+    Forms::FieldLists lists;
+    KeyRecords records;
+    Forms::RecordEditor editor;
+    Backend::ComputerInput::KeyConfigurationMap reported;  // the records follow it when all edits are acknowledged
     Backend::Zones::ZoneMap zones;
     ComputerInputGuiMessageManager messages;
     ComputerKeyboardCtl* keyboard;
     Preset::PresetCtl* presets = nullptr;
     QCheckBox* useModifiers = nullptr;
+    QPushButton* editButton = nullptr;
+    KeySettings* settings = nullptr;
 };
 }  // namespace Gui::ComputerInput

@@ -1,19 +1,25 @@
 #include "gui/screens/computerinput/ComputerKeyboardCtl.h"
 
+#include <QContextMenuEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <algorithm>
+#include <cmath>
 
 #include "api/OrvGuiIF.h"
 #include "backend/values/Note.h"
 #include "gui/forms/FunctionCaption.h"
+#include "gui/forms/RecordEditor.h"
 #include "gui/framework/Look.h"
+#include "gui/framework/Properties.h"
 #include "gui/keyboard/KeyPresses.h"
+#include "gui/screens/computerinput/KeyRecords.h"
 #include "gui/screens/computerinput/KeyboardPlan.h"
 
 namespace Gui::ComputerInput
 {
 using Backend::ComputerInput::KeyConfiguration;
+using Forms::Selection;
 namespace FunctionCaption = Forms::FunctionCaption;
 using Role = GdiManager::Role;
 using FontRole = GdiManager::FontRole;
@@ -36,20 +42,17 @@ bool isBlackKey(int note)
 {
     return Backend::MidiEngine::getNoteName(note, Backend::MidiEngine::Octave::without).size() > 1;
 }
-
-QString nameOf(const Key& key)
-{
-    if (key.keyCode == Key::RIGHT_OF_LEFT_SHIFT) return QObject::tr("The key right of the left Shift");
-    return QString::fromStdString(key.toXmlString());
-}
 }  // namespace
 
-ComputerKeyboardCtl::ComputerKeyboardCtl(OrvGuiIF& owner,
-                                         const Backend::ComputerInput::KeyConfigurationMap& configurations,
+ComputerKeyboardCtl::ComputerKeyboardCtl(OrvGuiIF& owner, KeyRecords& shownRecords, Forms::RecordEditor& recordEditor,
                                          const Backend::Zones::ZoneMap& playedZones, QWidget* parent)
-    : QWidget(parent), gui(owner), keys(configurations), zones(playedZones)
+    : QWidget(parent), gui(owner), records(shownRecords), editor(recordEditor), zones(playedZones)
 {
     setAccessibleName(tr("Computer keyboard"));
+    setFocusPolicy(Qt::TabFocus);
+    Property::setHelp(*this, tr("What each key does; point at one to read it. The arrow keys go from key to key, Enter "
+                                "edits, Delete clears."));
+    editor.observe(*this, [this] { selectionChanged(); });
     setMouseTracking(true);
     rescale();
 }
@@ -95,21 +98,28 @@ void ComputerKeyboardCtl::showConfigurations()
     update();
 }
 
+/// The keys that are down; while it has the focus and there are none, the current one and what it does.
 QString ComputerKeyboardCtl::getAccessibleValue() const
 {
+    const auto current = editor.getSelection().getCurrent();
+    if (down.empty() && hasFocus() && current) return records.describe(*current);
     QStringList names;
-    for (const int code : down) names << nameOf(Key{.keyCode = code});
+    for (const int code : down) names << KeyRecords::textOf(Key{.keyCode = code});
     return names.join(QStringLiteral(", "));
 }
 
 // --- what a key does
 
+bool ComputerKeyboardCtl::isEditing() const { return editor.isOpen(); }
+
+Key ComputerKeyboardCtl::keyOf(int keyCode) const
+{
+    return KeyRecords::withModifiers(keyCode, isEditing() ? records.getModifiers() : held);
+}
+
 const KeyConfiguration* ComputerKeyboardCtl::findConfiguration(int keyCode) const
 {
-    Key key = held;
-    key.keyCode = keyCode;
-    if (bool Key::*const own = modifierOf(keyCode)) key.*own = false;
-    const KeyConfiguration* const found = keys.findElement(key);
+    const KeyConfiguration* const found = records.getKeys().findElement(keyOf(keyCode));
     return found == nullptr || found->isEmpty() ? nullptr : found;
 }
 
@@ -121,13 +131,10 @@ QString ComputerKeyboardCtl::getCaption(int keyCode) const
 
 QString ComputerKeyboardCtl::getHelp(int keyCode) const
 {
-    Key key = held;
-    key.keyCode = keyCode;
-    if (bool Key::*const own = modifierOf(keyCode)) key.*own = false;
     const KeyConfiguration* const configuration = findConfiguration(keyCode);
-    if (configuration == nullptr) return nameOf(key) + tr(": does nothing.");
-    const QString away = configuration->global ? QString() : tr("\nOther programs keep this key.");
-    return nameOf(key) + '\n' + FunctionCaption::describe(*configuration) + away;
+    const bool isLeft = configuration != nullptr && !configuration->global;
+    return records.describe(KeyRecords::idOf(keyOf(keyCode))) +
+           (isLeft ? tr("\nOther programs keep this key.") : QString());
 }
 
 ComputerKeyboardCtl::Look ComputerKeyboardCtl::lookOf(int keyCode) const
@@ -206,6 +213,21 @@ void ComputerKeyboardCtl::paintKey(QPainter& painter, const PlannedKey& key) con
     const QString caption =
         painter.fontMetrics().elidedText(getCaption(key.code), Qt::ElideRight, static_cast<int>(inside.width()) + 1);
     painter.drawText(inside, Qt::AlignBottom | Qt::AlignLeft | Qt::TextSingleLine, caption);
+    paintMarks(painter, key);
+}
+
+/// A selected key has a frame, the current one the ring of the focus around it.
+void ComputerKeyboardCtl::paintMarks(QPainter& painter, const PlannedKey& key) const
+{
+    const GdiManager& gdi = gui.getGdiManager();
+    const Selection& selection = editor.getSelection();
+    const auto id = KeyRecords::idOf(keyOf(key.code));
+    if (selection.isSelected(id)) {
+        painter.setBrush(Qt::NoBrush);
+        painter.setPen(QPen(gdi.getColour(Role::frame), gdi.px(2)));
+        painter.drawRect(rectOf(key).adjusted(gdi.px(2), gdi.px(2), -gdi.px(2), -gdi.px(2)));
+    }
+    if (hasFocus() && selection.isCurrent(id)) Gui::Look::drawFocus(painter, gdi, rectOf(key));
 }
 
 // --- the mouse
@@ -214,6 +236,7 @@ void ComputerKeyboardCtl::mousePressEvent(QMouseEvent* event)
 {
     const PlannedKey* const key = keyAt(event->position());
     if (event->button() != Qt::LeftButton || key == nullptr) return;
+    if (isEditing()) return editor.getSelection().click(KeyRecords::idOf(keyOf(key->code)), event->modifiers());
     releaseKeys();
     const auto modifiers = event->modifiers();
     gui.getKeyPresses().press(Source::picture, {.keyCode = key->code,
@@ -235,6 +258,15 @@ void ComputerKeyboardCtl::mouseReleaseEvent(QMouseEvent* event)
                                                       .win = modifiers.testFlag(Qt::MetaModifier)});
 }
 
+/// Opens the settings of the key, and then the menu of the section.
+void ComputerKeyboardCtl::contextMenuEvent(QContextMenuEvent* event)
+{
+    if (const PlannedKey* const key = keyAt(event->pos()))
+        editor.getSelection().clickForMenu(
+            KeyRecords::idOf(KeyRecords::withModifiers(key->code, records.getModifiers())));
+    isEditing() ? editor.showMenu(*this, event->globalPos()) : editor.setOpen(true);
+}
+
 void ComputerKeyboardCtl::releaseKeys() { gui.getKeyPresses().releaseAll(Source::picture); }
 
 void ComputerKeyboardCtl::mouseMoveEvent(QMouseEvent* event) { showHelp(keyAt(event->position())); }
@@ -245,6 +277,71 @@ void ComputerKeyboardCtl::showHelp(const PlannedKey* key)
     if (code == helpedKey) return;
     helpedKey = code;
     if (code >= 0) gui.displayHelp(getHelp(code).toStdString());
+}
+
+// --- the selection
+
+void ComputerKeyboardCtl::selectionChanged()
+{
+    if (isEditing()) releaseKeys();
+    showConfigurations();
+    if (hasFocus()) accessibleValueChanged(*this, getAccessibleValue());
+}
+
+void ComputerKeyboardCtl::keyPressEvent(QKeyEvent* event)
+{
+    const auto modifiers = event->modifiers() & ~Qt::KeypadModifier;
+    Selection& selection = editor.getSelection();
+    const auto current = selection.getCurrent();
+    if (Forms::RecordEditor::commandOf(*event) && current && selection.getSelected().empty())
+        selection.select({*current});
+    if (moveTo(event->key(), modifiers) || editor.useKey(*event)) return event->accept();
+    event->ignore();
+}
+
+/// An arrow key goes to the nearest key in its direction.
+bool ComputerKeyboardCtl::moveTo(int key, Qt::KeyboardModifiers modifiers)
+{
+    const QPoint direction = key == Qt::Key_Left    ? QPoint(-1, 0)
+                             : key == Qt::Key_Right ? QPoint(1, 0)
+                             : key == Qt::Key_Up    ? QPoint(0, -1)
+                             : key == Qt::Key_Down  ? QPoint(0, 1)
+                                                    : QPoint();
+    if (direction.isNull()) return false;
+    Selection& selection = editor.getSelection();
+    const auto current = selection.getCurrent();
+    const PlannedKey* const from = current ? findPlanned(KeyRecords::keyOf(*current).keyCode) : nullptr;
+    if (from == nullptr) return selection.useKey(key, modifiers);
+    const auto middleOf = [](const PlannedKey& each) {
+        return QRectF(each.x, each.y, each.width, each.height).center();
+    };
+    const PlannedKey* nearest = nullptr;
+    double least = 0;
+    for (const PlannedKey& each : KeyboardPlan::getKeys()) {
+        constexpr double SIDEWAYS = 3;  // a key straight ahead is nearer than one aside
+        const QPointF way = middleOf(each) - middleOf(*from);
+        const double ahead = way.x() * direction.x() + way.y() * direction.y();
+        const double aside = std::abs(way.x() * direction.y()) + std::abs(way.y() * direction.x());
+        const double distance = ahead + SIDEWAYS * aside;
+        if (ahead <= 0.5 || (nearest != nullptr && distance >= least)) continue;
+        nearest = &each;
+        least = distance;
+    }
+    if (nearest != nullptr)
+        selection.moveTo(KeyRecords::idOf(KeyRecords::withModifiers(nearest->code, records.getModifiers())), modifiers);
+    return true;
+}
+
+void ComputerKeyboardCtl::focusInEvent(QFocusEvent* event)
+{
+    QWidget::focusInEvent(event);
+    update();
+}
+
+void ComputerKeyboardCtl::focusOutEvent(QFocusEvent* event)
+{
+    QWidget::focusOutEvent(event);
+    update();
 }
 
 /// The layout may have been changed elsewhere, and a release of the mouse may be lost there.
