@@ -2,6 +2,7 @@
 
 #include <benchmark/benchmark.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <thread>
 
@@ -76,6 +77,18 @@ void replaceProgram(benchmark::State& state)
         if (!bank.replaceProgram(500, text)) state.SkipWithError("not written");
 }
 
+/// Moves a program to the beginning of the bank.
+void moveProgram(benchmark::State& state)
+{
+    BankFile bank;
+    bank.open(ThousandPrograms::get().path());
+    Arrangement order(PROGRAMS);
+    for (int place = 0; place < PROGRAMS; ++place) order[static_cast<std::size_t>(place)].number = place;
+    std::rotate(order.begin(), order.begin() + 500, order.begin() + 501);
+    for (auto _ : state)
+        if (!bank.arrange(order)) state.SkipWithError("not written");
+}
+
 /// Changes the program: the time until the backend is at rest, with resets executed at once.
 void changeProgram(benchmark::State& state)
 {
@@ -110,4 +123,5 @@ BENCHMARK(openBank)->Unit(benchmark::kMillisecond);
 BENCHMARK(readProgram)->Unit(benchmark::kMicrosecond);
 BENCHMARK(changeProgram)->Unit(benchmark::kMicrosecond)->UseRealTime();
 BENCHMARK(replaceProgram)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(moveProgram)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK_MAIN();

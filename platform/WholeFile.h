@@ -12,7 +12,7 @@
 
 namespace WholeFile
 {
-/// How a file is written: as fast as the disk takes it, or at some 30 MB a second, because a burst of writing delays
+/// How a file is written: as fast as the disk takes it, or at some 80 MB a second, because a burst of writing delays
 /// every thread of the machine, whatever its priority.
 enum class Pace { fast, gentle };
 }  // namespace WholeFile

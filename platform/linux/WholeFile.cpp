@@ -66,7 +66,7 @@ public:
     std::error_code writeGently(Bytes bytes)
     {
         constexpr std::size_t PIECE = 128u << 10;
-        constexpr auto PAUSE = std::chrono::milliseconds(4);
+        constexpr auto PAUSE = std::chrono::microseconds(1250);
         for (; bytes.size() > PIECE; bytes = bytes.subspan(PIECE)) {
             if (auto error = write(bytes.first(PIECE))) return error;
             ::sync_file_range(number, 0, 0, SYNC_FILE_RANGE_WRITE);  // else `sync` writes all of it at once
