@@ -260,5 +260,7 @@ public:
     virtual void handleNotice(Backend::Notice notice, const std::string& text) = 0;
     /// The step of its sequence that each layer plays, -1 for none.
     virtual void handleSequenceSteps(const std::vector<int>& steps) = 0;
+    /// The dialog in which the programs of the bank are arranged, unless another one is open.
+    virtual void showProgramsDialog() = 0;
 };
 }  // namespace Gui

@@ -36,6 +36,7 @@ class OrvMessageManager;
 class RegistrySettings;
 struct Bank;
 struct BankEdit;
+enum class NewBank;
 struct Edit;
 struct LearnKinds;
 struct PresetSection;
@@ -600,5 +601,12 @@ public:
     virtual void renameSequencePreset(const std::string& name, const std::string& newName) = 0;
     /// [any] Sends to the window which step of its sequence each layer plays (GuiMessage::SEQUENCE_STEPS).
     virtual void sendSequenceSteps() = 0;
+    /// [backend] Writes a new bank, which becomes the current one. A copy of the current bank replaces a file that is
+    /// there; the current program plays on, and its edits and the drafts go along. Of an empty bank its only program is
+    /// loaded; a file that is there stays, and nothing is changed. `window` as of `saveToCurrentBank`.
+    virtual void makeBank(const std::string& path, NewBank content, const WindowHandle& window) = 0;
+    /// [backend] Before `initialize`: stores at the end which bank and program are the current ones. With `loadsIt`,
+    /// `initialize` loads those of the last end, if the settings say so and the bank can be loaded.
+    virtual void continueLast(bool loadsIt) = 0;
 };
 }  // namespace Backend

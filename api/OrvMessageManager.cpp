@@ -237,6 +237,13 @@ void OrvMessageManager::postLearn(const LearnKinds& kinds, std::uint32_t number)
 }
 void OrvMessageManager::postEditBank(const BankEdit& edit) { master.post(OrvMessage::EDIT_BANK(edit)); }
 
+void OrvMessageManager::postMakeBank(const std::string& path, NewBank content, const WindowHandle& window)
+{
+    master.post(OrvMessage::MAKE_BANK(path, content, window));
+}
+
+void OrvMessageManager::postContinueLast(bool loadsIt) { master.post(OrvMessage::CONTINUE_LAST(loadsIt)); }
+
 void OrvMessageManager::postUndoBank(const std::string& path) { master.post(OrvMessage::UNDO_BANK(path)); }
 
 void OrvMessageManager::postRedoBank(const std::string& path) { master.post(OrvMessage::REDO_BANK(path)); }

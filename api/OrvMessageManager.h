@@ -138,6 +138,8 @@ public:
     void postGoToSetEntry(int id);
     /// For a host that plays live; before `sendInitialize`.
     void postKeepSetPosition(bool on);
+    void postMakeBank(const std::string& path, NewBank content, const WindowHandle& window);
+    void postContinueLast(bool loadsIt);
 
     /// Settings: stored, and the window is notified of those that it did not change itself. Changes a setting:
     /// `postSetting(SETTING<Settings::ALWAYS_ON_TOP>(true))`. The operations below do the same.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 #include "backend/values/RelativeFixedValue.h"
 #include "platform/Export.h"
@@ -42,5 +43,7 @@ public:
     virtual void globalKeyboardChanged([[maybe_unused]] bool on) {}
     virtual void alwaysOnTopChanged([[maybe_unused]] bool on) {}
     virtual void useSkinBorderChanged([[maybe_unused]] bool on) {}
+    /// The file name of the bank, when the window opens and when another bank is loaded.
+    virtual void documentChanged([[maybe_unused]] const std::string& fileName) {}
 };
 }  // namespace Gui

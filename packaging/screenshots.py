@@ -28,7 +28,7 @@ HELD_KEYS = [24, 26, 28]  # Q, E and T, by their positions
 DIALOGS = [  # picture, title, the screen with its button, the position of the button, the keys that choose from its menu
     ("setup-dialog", "Setup", "system", (922, 146), []),  # its page of the record
     ("save-dialog", "Save", "system", (822, 146), ["Down", "Down", "Return"]),
-    ("set-list-dialog", "Set List", "system", (822, 146), ["Up", "Return"]),
+    ("set-list-dialog", "Set List", "system", (822, 146), ["Up", "Up", "Return"]),
     ("bank-size-dialog", "Change Bank Size", "system", (822, 146), ["Down", "Down", "Down", "Return"]),
     ("presets-dialog", "Presets", "computer-input", (433, 74), ["Down", "Down", "Return"]),
 ]

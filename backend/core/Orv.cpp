@@ -73,8 +73,26 @@ void Orv::initialize()
     updateProgramChangeInput();
     prepareBanks();
     initializing = true;
-    loadBank(registrySettings.getDefaultBank());
+    loadFirstBank();
     initializing = false;
+}
+
+/// The bank and program of the last end, or the default bank.
+void Orv::loadFirstBank()
+{
+    const auto& last = registrySettings.get<Settings::LAST_BANK>();
+    const int number = registrySettings.get<Settings::LAST_PROGRAM>();
+    const bool isWanted = loadsLast && registrySettings.get<Settings::CONTINUE_LAST>() && !last.empty();
+    if (!isWanted || !openBank(last)) return loadBank(registrySettings.getDefaultBank());
+    program.number = static_cast<std::size_t>(number) < bank.programNames.size() ? number : 0;
+    showBank();
+}
+
+void Orv::continueLast(bool loadsIt)
+{
+    assertBackendThread();
+    storesLast = true;
+    loadsLast = loadsIt;
 }
 
 void Orv::endInitialize()
@@ -92,6 +110,10 @@ void Orv::end()
     midiEngine.setInputLog(nullptr);
     retroRecord.end();
     display.end();
+    if (storesLast && !bank.name.empty()) {
+        registrySettings.set<Settings::LAST_BANK>(bank.name);
+        registrySettings.set<Settings::LAST_PROGRAM>(program.number);
+    }
     registrySettings.saveToRegistry(OrvUtils::getRegistryKey(applicationName));
 }
 

@@ -337,6 +337,8 @@ public:
         assertBackendThread();
         program.number = number;
     }
+    void makeBank(const std::string& path, NewBank content, const WindowHandle& window) override;
+    void continueLast(bool loadsIt) override;
     void edit(const Edit& edit) override;
     void undo(std::uint32_t gesture) override;
     void redo(std::uint32_t gesture) override;
@@ -442,7 +444,10 @@ private:
     void addBankStep(BankWork& work, const std::string& name);
     void repeatBankStep(const std::string& path, BankHistory::Way way);
     std::vector<std::pair<int, Draft>> followArrangement(const Arrangement& order);
-    void acknowledgeBank(BankEditDone::Kind kind, const std::string& path, const std::string& name) const;
+    void acknowledgeBank(const BankEditDone& done) const;
+    void followCopy(const std::string& path, BankFile file);
+    void enterNewBank(const std::string& path, BankFile file);
+    void loadFirstBank();
     void takeBank(const std::string& path);
     void showBank();
     bool loadFromBank(int number);
@@ -455,6 +460,7 @@ private:
     std::string writeProgramFile(const char* root);
     void writeFile(std::function<bool()> write, const WindowHandle& window);
     bool savePreset(const std::string& source, const Version2::Preset& preset, const std::string& name);
+    void reportChange(const WindowHandle& window);
     void saveInto(const std::string& path, int number, const WindowHandle& window);
     ProgramSection& findSection(const PresetSection& section) const;
     void connectPresets(ProgramSection& section);
@@ -498,6 +504,8 @@ private:
     bool setListFailed = false;  // the last one
     bool keepsSetPosition = false;
     ProgramChanges programChanges;
+    bool storesLast = false;  // at the end: the current bank and program
+    bool loadsLast = false;   // at the start
     Edited shownEdited;
     std::array<SectionPreset, PresetSections::ALL.size()> shownPresets;
     MidiEngine::MidiInputPorts midiInputPorts;

@@ -94,6 +94,12 @@ struct Orv::BankWork {
     bool isCurrent = false;              // the set list of any other bank is changed in its file
 
     bool open() { return file.open(path); }
+    /// Whether it has the programs that the user sees, or the user sees none of it.
+    bool isAsShown(const BankEdit& edit) const
+    {
+        const auto seen = std::ranges::find(edit.shown, path, &Bank::name);
+        return seen == edit.shown.end() || seen->programNames == file.getProgramNames();
+    }
     void arrange()
     {
         const auto names = file.getProgramNames();
@@ -127,13 +133,14 @@ void Orv::editBank(const BankEdit& edit)
         std::map<int, std::string> texts{};
         BankWork target{};
         std::optional<BankWork> source{};  // of a copy or move from another bank
+        bool isStale = false;
 
         bool leavesSource() const { return source && edit.kind == BankEdit::Kind::move; }
     };
     const auto job = std::make_shared<Job>(Job{.edit = edit});
     if (job->edit.bank.empty()) job->edit.bank = bank.name;
     if (job->edit.source == job->edit.bank) job->edit.source.clear();
-    if (job->edit.bank.empty()) return acknowledgeBank(Kind::failed, edit.bank, edit.name);
+    if (job->edit.bank.empty()) return acknowledgeBank({Kind::failed, edit.bank, edit.name});
     const bool isFromHere = (job->edit.source.empty() ? job->edit.bank : job->edit.source) == bank.name;
     if (isFromHere) job->texts = findEditedTexts(job->edit);
     job->target = takeBankFile(job->edit.bank);
@@ -142,6 +149,8 @@ void Orv::editBank(const BankEdit& edit)
         [job] {
             BankFile& source = job->source ? job->source->file : job->target.file;
             if (!job->target.open() || (job->source && !job->source->open())) return;
+            job->isStale = !job->target.isAsShown(job->edit) || (job->source && !job->source->isAsShown(job->edit));
+            if (job->isStale) return;
             const Arranger arranger(job->edit, job->texts);
             if (job->leavesSource()) {
                 job->source->order = arranger.arrangeWithout(source);
@@ -153,9 +162,20 @@ void Orv::editBank(const BankEdit& edit)
         },
         [=, this] {
             const bool isDone = job->target.back && (!job->leavesSource() || job->source->back);
+            const Kind kind = job->isStale ? Kind::stale : isDone ? Kind::edited : Kind::failed;
+            BankEditDone done{kind, job->edit.bank, job->edit.name};
+            for (BankWork* work : {&job->target, job->source ? &*job->source : nullptr}) {
+                if (work == nullptr) continue;
+                const auto& names = work->file.getProgramNames();
+                if (!names.empty()) done.banks.push_back({work->path, names});
+            }
             if (job->source) addBankStep(*job->source, job->edit.name);
             addBankStep(job->target, job->edit.name);
-            acknowledgeBank(isDone ? Kind::edited : Kind::failed, job->edit.bank, job->edit.name);
+            if (job->isStale && bankFile.getProgramNames() != bank.programNames) {
+                takeBank(std::string(bank.name));
+                notifyGui(GuiMessage::BANK, bank);
+            }
+            acknowledgeBank(done);
         });
 }
 
@@ -198,7 +218,7 @@ void Orv::repeatBankStep(const std::string& path, BankHistory::Way way)
 {
     const Kind kind = way == BankHistory::Way::undo ? Kind::undone : Kind::redone;
     const BankStep* const step = bankHistories[path].find(way);
-    if (step == nullptr) return acknowledgeBank(kind, path, "");
+    if (step == nullptr) return acknowledgeBank({kind, path});
     const auto work = std::make_shared<BankWork>(takeBankFile(path));
     work->order = step->order;
     files.run(
@@ -207,17 +227,19 @@ void Orv::repeatBankStep(const std::string& path, BankHistory::Way way)
         },
         [=, this] {
             const bool isCurrentBank = path == bank.name;
-            if (isCurrentBank) bankFile = std::move(work->file);
             BankHistory& steps = bankHistories[path];
             BankStep& repeated = *steps.find(way);
-            if (!work->back) return acknowledgeBank(Kind::failed, path, repeated.name);
+            const BankEditDone done{
+                work->back ? kind : Kind::failed, path, repeated.name, {{path, work->file.getProgramNames()}}};
+            if (isCurrentBank) bankFile = std::move(work->file);
+            if (!work->back) return acknowledgeBank(done);
             repeated.order = std::move(*work->back);
             repeated.programs = work->programs;
             auto restored = std::exchange(repeated.drafts, {});
             if (isCurrentBank) repeated.drafts = followArrangement(*work->order);
             for (auto& [number, draft] : restored) drafts.keep(path, number, std::move(draft));
             steps.count(way);
-            acknowledgeBank(kind, path, repeated.name);
+            acknowledgeBank(done);
         });
 }
 
@@ -258,9 +280,50 @@ std::vector<std::pair<int, Draft>> Orv::followArrangement(const Arrangement& ord
     return removed;
 }
 
-void Orv::acknowledgeBank(Kind kind, const std::string& path, const std::string& name) const
+void Orv::acknowledgeBank(const BankEditDone& done) const
 {
-    if (kind == Kind::failed) WindowsLib::DbgStream() << path << ": not done: " << name;
-    notifyGui(GuiMessage::BANK_EDIT_DONE, BankEditDone{kind, path, name});
+    if (done.kind == Kind::failed) WindowsLib::DbgStream() << done.bank << ": not done: " << done.name;
+    notifyGui(GuiMessage::BANK_EDIT_DONE, done);
+}
+
+void Orv::makeBank(const std::string& path, NewBank content, const WindowHandle& window)
+{
+    assertBackendThread();
+    const bool isCopy = content == NewBank::copy;
+    if (path.empty() || (isCopy && bank.name.empty())) return;
+    const auto file = std::make_shared<BankFile>();
+    const auto written = std::make_shared<bool>(false);
+    files.run(
+        [=, source = bank.name] {
+            *written = isCopy ? file->open(source) && file->saveAs(path)
+                              : file->create(path, 0, BankFile::renamed(NEW_PROGRAM, "Empty"));
+        },
+        [=, this] {
+            if (*written) isCopy ? followCopy(path, std::move(*file)) : enterNewBank(path, std::move(*file));
+            notify(window, GuiMessage::OPERATION_DONE, *written);
+        });
+}
+
+/// The drafts and the current program belong to the copy from now on.
+void Orv::followCopy(const std::string& path, BankFile file)
+{
+    const std::string old = bank.name;
+    bankFile = std::move(file);
+    takeBank(path);
+    bankHistories.erase(path);
+    for (auto& [number, draft] : drafts.takeAll(old)) drafts.keep(path, number, std::move(draft));
+    notifyGui(GuiMessage::BANK, bank);
+    updateEdited();
+}
+
+void Orv::enterNewBank(const std::string& path, BankFile file)
+{
+    history = {};
+    drafts.forgetFrom(bank.name, 0);
+    bankHistories.erase(path);
+    bankFile = std::move(file);
+    takeBank(path);
+    program.number = 0;
+    showBank();
 }
 }  // namespace Backend

@@ -78,6 +78,8 @@ constexpr auto COMMANDS = std::to_array<Command<OrvIF>>({
     on<UNDO_BANK, &OrvIF::undoBank>(),
     on<REDO_BANK, &OrvIF::redoBank>(),
     on<RENAME_SEQUENCE_PRESET, &OrvIF::renameSequencePreset>(),
+    on<MAKE_BANK, &OrvIF::makeBank>(),
+    on<CONTINUE_LAST, &OrvIF::continueLast>(),
     on<LEARN, &OrvIF::learn>(),
     on<WATCH_MIDI_INPUTS, &OrvIF::watchMidiInputs>(),
     on<EDIT_SET_LIST, &OrvIF::editSetList>(),
@@ -116,7 +118,8 @@ constexpr auto WAIT_FOR_FILES = std::to_array<unsigned int>({END,
                                                              UNDO_SET_LIST,
                                                              REDO_SET_LIST,
                                                              ENABLE_SET_LIST,
-                                                             GO_TO_SET_ENTRY});
+                                                             GO_TO_SET_ENTRY,
+                                                             MAKE_BANK});
 }  // namespace
 
 bool waitsForFiles(unsigned int number) { return std::ranges::count(WAIT_FOR_FILES, number) > 0; }

@@ -92,6 +92,7 @@ void Orv::saveToBank(const std::string& path, const WindowHandle& window)
 void Orv::saveInto(const std::string& path, int number, const WindowHandle& window)
 {
     if (number < 0 || path.empty() || bank.name.empty()) return;
+    if (path == bank.name && window && !bankFile.isUnchanged()) return reportChange(window);
     const std::string text = writeProgram();
     const XmlElement saved = XmlDocument(text, XmlDocument::Source::text).getRoot();
     const bool isCurrentBank = path == bank.name;
@@ -132,6 +133,20 @@ void Orv::saveInto(const std::string& path, int number, const WindowHandle& wind
             if (!*written && loadsAgain) replaceProgram(saved, current);
             notifyDone(window, *written);
         });
+}
+
+/// The user is told that another program has changed the current bank, and sees its programs. The next save replaces
+/// one of these.
+void Orv::reportChange(const WindowHandle& window)
+{
+    const auto file = std::make_shared<BankFile>(std::move(bankFile));
+    files.run([=, path = bank.name] { file->open(path); },
+              [=, this] {
+                  bankFile = std::move(*file);
+                  takeBank(std::string(bank.name));
+                  notifyGui(GuiMessage::BANK, bank);
+                  notify(window, GuiMessage::FILE_CHANGED);
+              });
 }
 
 void Orv::changeBankSize(int size, const WindowHandle& window)

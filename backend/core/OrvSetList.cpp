@@ -131,7 +131,7 @@ void Orv::setListChanged(DoneKind kind, const std::string& name)
 
 void Orv::acknowledgeSetList(DoneKind kind, const std::string& name) const
 {
-    acknowledgeBank(kind, setListFile ? setListFile->getPath() : std::string(), name);
+    acknowledgeBank({kind, setListFile ? setListFile->getPath() : std::string(), name});
 }
 
 void Orv::enableSetList(bool on)

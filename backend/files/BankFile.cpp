@@ -176,7 +176,9 @@ std::optional<Arrangement> BankFile::arrange(const Arrangement& programs)
     for (const ArrangedProgram& program : programs) {
         const bool isNew = program.number < 0;
         const ArrangedProgram piece = isNew ? program : cut(text, static_cast<std::size_t>(program.number));
-        newNames.push_back(program.name ? *program.name : parse(piece.element).getAttribute("name"));
+        newNames.push_back(program.name ? *program.name
+                           : isNew      ? parse(piece.element).getAttribute("name")
+                                        : names[static_cast<std::size_t>(program.number)]);
         if (piece.before.empty() && isNew) newText += lineBreakBefore(newText, newText.size());
         newText += piece.before + (program.name ? renamed(piece.element, *program.name) : piece.element);
     }
@@ -265,6 +267,17 @@ bool BankFile::resize(int programs)
     newText += xmlEndTag(layout.rootName) + text.substr(layout.rootEnd.end);
     isRead = false;
     return write(newText);
+}
+
+bool BankFile::saveAs(const std::string& newPath)
+{
+    std::string text;
+    if (!load(text)) return false;
+    const std::string oldPath = std::exchange(path, newPath);
+    const bool isWritten = write(text);
+    if (!isWritten) path = oldPath;
+    stamp = stampOf(path);
+    return isWritten;
 }
 
 bool BankFile::write(const std::string& text)

@@ -65,6 +65,13 @@ public:
     /// A well-formed `Program` element with another name and all its other bytes.
     static std::string renamed(std::string element, const std::string& name);
 
+    /// Writes what the file has as another one, replacing what is there, and sets the file to that. False, and nothing
+    /// is changed, if it could not be read or written.
+    bool saveAs(const std::string& newPath);
+
+    /// False if the file has changed since it was read or written.
+    bool isUnchanged() const { return isRead && stampOf(path) == stamp; }
+
     /// Removes programs from the end of the file, or appends empty ones. False if the file could not be written.
     bool resize(int programs);
 
@@ -78,7 +85,6 @@ private:
     };
 
     static Stamp stampOf(const std::string& path);
-    bool isUnchanged() const { return isRead && stampOf(path) == stamp; }
     bool readFile(std::string& text) const;
     std::string read(const TextSpan& place) const;
     bool load(std::string& text);

@@ -55,6 +55,8 @@ inline constexpr TypedMessage<MidiEngine::MidiOutputPorts> MIDI_OUTPUT_PORTS{332
 inline constexpr TypedMessage<Bank> BANK{33240, "Bank"};
 /// To a progress dialog: false if nothing was written.
 inline constexpr TypedMessage<bool> OPERATION_DONE{33241, "OperationDone"};
+/// To a progress dialog, in place of that: nothing was written, because another program has changed the file.
+inline constexpr TypedMessage<> FILE_CHANGED{33310, "FileChanged"};
 inline constexpr TypedMessage<> SHOW_SAVE_DIALOG{33242, "ShowSaveDialog"};
 inline constexpr TypedMessage<> SHOW_PROGRAM_MENU{33243, "ShowProgramMenu"};
 inline constexpr TypedMessage<> SHOW_DEFAULT_MIDI_OUTPUT_MENU{33244, "ShowDefaultMidiOutputMenu"};

@@ -20,6 +20,7 @@ class OrvGuiIF;
 namespace Backend
 {
 struct BankEdit;
+enum class NewBank;
 struct Edit;
 struct HostStart;
 struct HostState;
@@ -104,6 +105,8 @@ inline constexpr TypedMessage<bool> KEEP_SET_POSITION{33320, "KeepSetPosition"};
 inline constexpr TypedMessage<SetListWrite, std::string> SET_LIST_WRITTEN{33323, "SetListWritten"};
 inline constexpr TypedMessage<bool> WATCH_NOTES{33300, "WatchNotes"};
 inline constexpr TypedMessage<std::string, std::string> RENAME_SEQUENCE_PRESET{33305, "RenameSequencePreset"};
+inline constexpr TypedMessage<std::string, NewBank, WindowHandle> MAKE_BANK{33310, "MakeBank"};
+inline constexpr TypedMessage<bool> CONTINUE_LAST{33311, "ContinueLast"};
 /// From the files thread: its work is finished.
 inline constexpr TypedMessage<> FILES_DONE{33277, "FilesDone"};
 }  // namespace OrvMessage

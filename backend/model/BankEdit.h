@@ -3,6 +3,8 @@
 #include <string>
 #include <vector>
 
+#include "api/Bank.h"
+
 namespace Backend
 {
 /// A change of the programs of a bank by the user, one step of the bank's history. Programs are counted from 0, as the
@@ -23,15 +25,30 @@ struct BankEdit {
     int to = 0;            ///< the number of programs for the end
     std::string source{};  ///< the path of another bank; empty for `bank` itself
     std::string programName{};
+    /// The programs of these banks as the user sees them. If one has others, nothing is changed.
+    std::vector<Bank> shown{};
+};
+
+/// What a new bank has.
+enum class NewBank {
+    empty,  ///< an empty program
+    copy    ///< the programs of the current bank
 };
 
 /// The acknowledgement of a change of a bank, and of undo and redo.
 struct BankEditDone {
-    enum class Kind { edited, undone, redone, failed };
+    enum class Kind {
+        edited,
+        undone,
+        redone,
+        failed,
+        stale  ///< nothing was changed, because a bank has other programs than those that were shown
+    };
 
     Kind kind = Kind::edited;
-    std::string bank{};  ///< the path of its file
-    std::string name{};  ///< of the step; empty if there is none
+    std::string bank{};         ///< the path of its file
+    std::string name{};         ///< of the step; empty if there is none
+    std::vector<Bank> banks{};  ///< those that could be read, as they are now
 
     bool operator==(const BankEditDone&) const = default;
 };

@@ -84,6 +84,15 @@ inline constexpr Number ASK_BEFORE_LOSS{"AskBeforeLoss", 1, 33292, Notice::all, 
 /// for all.
 inline constexpr Number PROGRAM_CHANGE_INPUT{"ProgramChangeInput", -2, 33321, Notice::all, -2, 127};
 inline constexpr Number PROGRAM_CHANGE_CHANNEL{"ProgramChangeChannel", -1, 33322, Notice::all, -1, 15};
+/// A start begins with the bank and program of the last end, which the two rows after it have; with the default bank if
+/// it is off.
+inline constexpr Switch CONTINUE_LAST{"ContinueLast", true, 33312, Notice::all};
+inline constexpr Text LAST_BANK{"LastBank", ""};
+inline constexpr Number LAST_PROGRAM{"LastProgram", 0};
+/// Paths of files that were loaded last, the newest first, a line each.
+inline constexpr Text RECENT_FILES{"RecentFiles", "", 33313, Notice::all};
+/// Where the dialogs for files start.
+inline constexpr Text FILE_FOLDER{"FileFolder", "", 33314, Notice::all};
 
 template <const auto&... rows>
 struct Rows {
@@ -96,13 +105,13 @@ struct Rows {
 };
 
 /// All settings, in the order in which they are written.
-using All =
-    Rows<PROG_DIR, DEFAULT_BANK, GLOBAL_KEYBOARD, MIDI_THRU, KEEP_NOTES, RETRO_RECORD_ENABLED, RETRO_RECORD_BUFFER_SIZE,
-         MIDI_BUFFER_DIR, LARGE_DISPLAY_FONT, MOUSE_SENSITIVITY, DOCK_TO_BOTTOM_EDGE, DISPLAY_MIDI_INPUT_EVENTS,
-         DISPLAY_MIDI_OUTPUT_EVENTS, DISPLAY_NUMBERS, DISPLAY_HEIGHT, LAST_WINDOW_POSITION, ENABLED_MIDI_INPUTS,
-         ENABLED_MIDI_OUTPUTS, ALWAYS_ON_TOP, USE_SKIN_BORDER, DEFAULT_MIDI_OUTPUT, LITE_VELOCITY, LITE_CHANNEL,
-         LITE_STACK_NOTES, CLICK_ZONE_CHANNEL_TRANSPOSE, SCREEN_STATE, WINDOW_SCALE, SKIN, WINDOW_HEIGHT,
-         ASK_BEFORE_LOSS, PROGRAM_CHANGE_INPUT, PROGRAM_CHANGE_CHANNEL>;
+using All = Rows<PROG_DIR, DEFAULT_BANK, GLOBAL_KEYBOARD, MIDI_THRU, KEEP_NOTES, RETRO_RECORD_ENABLED,
+                 RETRO_RECORD_BUFFER_SIZE, MIDI_BUFFER_DIR, LARGE_DISPLAY_FONT, MOUSE_SENSITIVITY, DOCK_TO_BOTTOM_EDGE,
+                 DISPLAY_MIDI_INPUT_EVENTS, DISPLAY_MIDI_OUTPUT_EVENTS, DISPLAY_NUMBERS, DISPLAY_HEIGHT,
+                 LAST_WINDOW_POSITION, ENABLED_MIDI_INPUTS, ENABLED_MIDI_OUTPUTS, ALWAYS_ON_TOP, USE_SKIN_BORDER,
+                 DEFAULT_MIDI_OUTPUT, LITE_VELOCITY, LITE_CHANNEL, LITE_STACK_NOTES, CLICK_ZONE_CHANNEL_TRANSPOSE,
+                 SCREEN_STATE, WINDOW_SCALE, SKIN, WINDOW_HEIGHT, ASK_BEFORE_LOSS, PROGRAM_CHANGE_INPUT,
+                 PROGRAM_CHANGE_CHANNEL, CONTINUE_LAST, LAST_BANK, LAST_PROGRAM, RECENT_FILES, FILE_FOLDER>;
 
 /// The type of a row's value.
 template <const auto& row>

@@ -2,12 +2,18 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QFile>
+#include <QFileInfo>
 #include <QLabel>
+#include <utility>
 
 #include "api/Bank.h"
 #include "api/OrvGuiIF.h"
 #include "api/OrvMessageManager.h"
 #include "api/OrvUtils.h"
+#include "backend/files/RegistrySettings.h"
+#include "backend/messages/SettingMessages.h"
+#include "backend/model/BankEdit.h"
 #include "gui/files/SaveDialog.h"
 #include "gui/framework/EditBox.h"
 #include "gui/framework/EditBoxDialog.h"
@@ -51,16 +57,57 @@ void changeBankSize(OrvGuiIF& gui, QWidget& parent, int size)
     run(parent,
         {.title = tr("Changing Bank Size..."),
          .post = [&gui, size](const auto& window) { gui.getOrvMessageManager().postChangeBankSize(size, window); },
+         .done = [&gui, size] { gui.displayMessage(tr("The bank has %1 programs now").arg(size).toStdString()); },
          .failure =
              tr("The bank could not be written; \"%1\" is as it was.").arg(shownFileName(gui.getCurrentBank().name))});
 }
 }  // namespace
 
+namespace
+{
 QString getBanksFolder()
 {
     const QString folder = QString::fromStdString(OrvUtils::pathIn(OrvUtils::getOrvAppDataDir(), "Banks"));
     if (!folder.isEmpty()) QDir().mkpath(folder);
     return folder;
+}
+
+std::string folderOfFactoryBanks()
+{
+    return OrvUtils::pathIn(OrvUtils::pathIn(OrvUtils::getOrvProgDir(), "Default"), "Banks");
+}
+
+/// Whether a bank is still as it was installed.
+bool isFactoryBank(const std::string& path)
+{
+    const QFileInfo bank(QString::fromStdString(path));
+    const QFileInfo installed(QDir(QString::fromStdString(folderOfFactoryBanks())), bank.fileName());
+    if (!installed.isFile() || installed.size() != bank.size()) return false;
+    QFile one(bank.filePath()), two(installed.filePath());
+    return one.open(QIODevice::ReadOnly) && two.open(QIODevice::ReadOnly) && one.readAll() == two.readAll();
+}
+}  // namespace
+
+void chooseFile(OrvGuiIF& gui, QWidget& parent, FileQuestion question,
+                std::function<void(const std::string& path)> chosen)
+{
+    namespace Settings = Backend::Settings;
+    const QString last = QString::fromStdString(gui.getRegistrySettings().get<Settings::FILE_FOLDER>());
+    question.folder = !last.isEmpty() && QFileInfo(last).isDir() ? last : getBanksFolder();
+    showFileDialog(parent, question, [&gui, chosen = std::move(chosen)](const std::string& path) {
+        const QString folder = QFileInfo(QString::fromStdString(path)).absolutePath();
+        gui.getOrvMessageManager().postSetting(Backend::SETTING<Settings::FILE_FOLDER>(folder.toStdString()));
+        chosen(path);
+    });
+}
+
+void askBeforeFactoryBank(OrvGuiIF& gui, QWidget& parent, const std::string& path, std::function<void()> goOn)
+{
+    if (!isFactoryBank(path)) return goOn();
+    ask(parent, tr("Factory Bank"),
+        tr("\"%1\" is as it was installed. Do you want to keep it, and to continue in a bank of your own?")
+            .arg(shownFileName(path)),
+        {tr("Change It"), goOn}, {tr("My Own Bank..."), [&gui, &parent, goOn] { saveBankAs(gui, parent, goOn); }});
 }
 
 QString bankFilter() { return tr("Bank Files (*.bnk)"); }
@@ -69,11 +116,10 @@ QString programFilter() { return tr("Program Files (*.prg)"); }
 
 void showLoadDialog(OrvGuiIF& gui, QWidget& parent)
 {
-    showFileDialog(parent,
-                   {.title = tr("Load"),
-                    .filters = {bankFilter(), programFilter(), tr("Bank And Program Files (*.bnk *.prg)")},
-                    .folder = getBanksFolder()},
-                   [&gui](const std::string& path) { gui.loadFile(path); });
+    chooseFile(
+        gui, parent,
+        {.title = tr("Load"), .filters = {bankFilter(), programFilter(), tr("Bank And Program Files (*.bnk *.prg)")}},
+        [&gui](const std::string& path) { gui.loadFile(path); });
 }
 
 void showSaveDialog(OrvGuiIF& gui, QWidget& parent)
@@ -107,8 +153,61 @@ void makeDefaultBank(OrvGuiIF& gui, QWidget& parent)
     const std::string path = gui.getCurrentBank().name;
     if (path.empty()) return showMessage(parent, tr("Error"), tr("There is no bank."));
     ask(parent, tr("Default Bank"),
-        tr("\"%1\" will be loaded at every start, and now: what was not saved is lost. Continue?")
+        tr("\"%1\" becomes the default bank and is loaded now: what was not saved is lost. Continue?")
             .arg(shownFileName(path)),
-        [&gui, path] { gui.getOrvMessageManager().postSetDefaultBank(path); });
+        [&gui, path] {
+            gui.getOrvMessageManager().postSetDefaultBank(path);
+            gui.displayMessage(tr("\"%1\" is the default bank").arg(shownFileName(path)).toStdString());
+        });
+}
+
+namespace
+{
+FileQuestion questionForBank(const QString& title)
+{
+    return {.purpose = FileQuestion::Purpose::save,
+            .title = title,
+            .filters = {bankFilter()},
+            .extension = QStringLiteral("bnk")};
+}
+
+void writeBank(OrvGuiIF& gui, QWidget& parent, const std::string& path, Backend::NewBank content,
+               std::function<void()> done)
+{
+    run(parent, {.title = tr("Writing Bank..."),
+                 .post = [&gui, path, content](
+                             const auto& window) { gui.getOrvMessageManager().postMakeBank(path, content, window); },
+                 .done =
+                     [&gui, path, done = std::move(done)] {
+                         gui.displayMessage(tr("The bank is \"%1\" now").arg(shownFileName(path)).toStdString());
+                         if (done) done();
+                     },
+                 .failure = tr("The bank \"%1\" could not be written.").arg(shownFileName(path))});
+}
+}  // namespace
+
+void makeNewBank(OrvGuiIF& gui, QWidget& parent)
+{
+    FileQuestion question = questionForBank(tr("New Bank"));
+    question.asksToReplace = false;
+    chooseFile(gui, parent, question, [&gui, &parent](const std::string& path) {
+        if (QFileInfo::exists(QString::fromStdString(path)))
+            return showMessage(parent, tr("Error"),
+                               tr("\"%1\" is there already. A new bank needs a new name.").arg(shownFileName(path)));
+        gui.askBeforeLoss(OrvGuiIF::Loss::ofAll,
+                          [&gui, &parent, path] { writeBank(gui, parent, path, Backend::NewBank::empty, {}); });
+    });
+}
+
+void saveBankAs(OrvGuiIF& gui, QWidget& parent, std::function<void()> done)
+{
+    const std::string bank = gui.getCurrentBank().name;
+    if (bank.empty()) return showMessage(parent, tr("Error"), tr("There is no bank."));
+    chooseFile(gui, parent, questionForBank(tr("Save Bank As")),
+               [&gui, &parent, bank, done = std::move(done)](const std::string& path) {
+                   if (QFileInfo(QString::fromStdString(path)) == QFileInfo(QString::fromStdString(bank)))
+                       return showMessage(parent, tr("Error"), tr("This is the bank that is loaded."));
+                   writeBank(gui, parent, path, Backend::NewBank::copy, done);
+               });
 }
 }  // namespace Gui::Files

@@ -33,12 +33,11 @@ using PostImport = void (Backend::OrvMessageManager::*)(const std::string& sourc
 void importFile(OrvGuiIF& gui, QWidget& parent, const std::string& source, const QString& title, PostImport post,
                 const QString& filter, const QString& extension)
 {
-    showFileDialog(
-        parent,
+    chooseFile(
+        gui, parent,
         {.purpose = FileQuestion::Purpose::save,
          .title = tr("Select Name Of New File"),
          .filters = {filter},
-         .folder = getBanksFolder(),
          .extension = extension,
          .name = shownFileName(source)},
         [=, &gui, &parent](const std::string& target) {
@@ -103,9 +102,10 @@ void importVersion2(OrvGuiIF& gui, QWidget& parent, const std::string& source)
 
 void importVersion2File(OrvGuiIF& gui, QWidget& parent)
 {
-    showFileDialog(
-        parent,
-        {.title = tr("Select Version 2 File To Import"), .filters = {tr("Version 2 Files (*.bnk *.prg *.pst)")}},
-        [&gui, &parent](const std::string& source) { importVersion2(gui, parent, source); });
+    chooseFile(gui, parent,
+               {.title = tr("Select Version 2 File To Import"),
+                .filters = {tr("Version 2 Files (*.bnk *.prg *.pst)"), bankFilter(), programFilter(),
+                            tr("Preset Files (*.pst)")}},
+               [&gui, &parent](const std::string& source) { importVersion2(gui, parent, source); });
 }
 }  // namespace Gui::Files

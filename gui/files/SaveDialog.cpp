@@ -25,7 +25,22 @@ namespace Gui::Files
 namespace
 {
 constexpr QSize LIST(380, 200);
+
+/// A bank that another program has changed is replaced only after a question.
+void runSave(OrvGuiIF& gui, QWidget& parent, Operation save, const QString& file)
+{
+    Operation again = save;
+    save.changed = [&gui, &parent, again, file] {
+        ask(parent, SaveDialog::tr("File Changed"),
+            SaveDialog::tr("\"%1\" was changed by another program since it was read. Its other programs stay as they "
+                           "are now; this one is replaced.")
+                .arg(file),
+            {SaveDialog::tr("Replace"), [&gui, &parent, again, file] { runSave(gui, parent, again, file); }},
+            {SaveDialog::tr("Save Elsewhere..."), [&gui] { gui.showSaveDialog(); }});
+    };
+    run(parent, save);
 }
+}  // namespace
 
 SaveDialog::SaveDialog(OrvGuiIF& owner, QWidget& parent)
     : QDialog(&parent),
@@ -131,8 +146,12 @@ void SaveDialog::saveToCurrentBank()
     const int number = programs->currentRow();
     const std::string& old = bank.programNames[static_cast<std::size_t>(number)];
     const auto go = [this, number] {
-        save(bank.name, number,
-             [this, number](const auto& window) { gui.getOrvMessageManager().postSaveToCurrentBank(number, window); });
+        askBeforeFactoryBank(gui, *this, bank.name, [this, number] {
+            if (gui.getCurrentBank().programNames == bank.programNames) bank = gui.getCurrentBank();  // their own
+            save(bank.name, number, [&backend = gui.getOrvMessageManager(), number](const auto& window) {
+                backend.postSaveToCurrentBank(number, window);
+            });
+        });
     };
     if (number == program.number && old == name->text().trimmed().toStdString()) return go();
     ask(*this, tr("Confirm Overwrite"),
@@ -141,22 +160,22 @@ void SaveDialog::saveToCurrentBank()
 
 void SaveDialog::saveToAnotherBank()
 {
-    showFileDialog(*this,
-                   {.purpose = FileQuestion::Purpose::save,
-                    .title = tr("Save To Bank"),
-                    .filters = {bankFilter()},
-                    .folder = getBanksFolder(),
-                    .extension = QStringLiteral("bnk"),
-                    .asksToReplace = false},
-                   [this](const std::string& path) { askToReplaceIn(path); });
+    chooseFile(gui, *this,
+               {.purpose = FileQuestion::Purpose::save,
+                .title = tr("Save To Bank"),
+                .filters = {bankFilter()},
+                .extension = QStringLiteral("bnk"),
+                .asksToReplace = false},
+               [this](const std::string& path) { askToReplaceIn(path); });
 }
 
 /// A bank that is not there yet is made without a question.
 void SaveDialog::askToReplaceIn(const std::string& path)
 {
     const auto go = [this, path] {
-        save(path, program.number,
-             [this, path](const auto& window) { gui.getOrvMessageManager().postSaveToBank(path, window); });
+        save(path, program.number, [&backend = gui.getOrvMessageManager(), path](const auto& window) {
+            backend.postSaveToBank(path, window);
+        });
     };
     if (!QFileInfo::exists(QString::fromStdString(path))) return go();
     const std::vector<std::string> names = Backend::Bank::fromFile(path).programNames;
@@ -174,18 +193,17 @@ void SaveDialog::askToReplaceIn(const std::string& path)
 
 void SaveDialog::saveToProgram()
 {
-    showFileDialog(*this,
-                   {.purpose = FileQuestion::Purpose::save,
-                    .title = tr("Save To Program File"),
-                    .filters = {programFilter()},
-                    .folder = getBanksFolder(),
-                    .extension = QStringLiteral("prg"),
-                    .name = asFileName(name->text(), tr("Program")) + ".prg"},
-                   [this](const std::string& path) {
-                       save(path, program.number, [this, path](const auto& window) {
-                           gui.getOrvMessageManager().postSaveToProgram(path, window);
-                       });
+    chooseFile(gui, *this,
+               {.purpose = FileQuestion::Purpose::save,
+                .title = tr("Save To Program File"),
+                .filters = {programFilter()},
+                .extension = QStringLiteral("prg"),
+                .name = asFileName(name->text(), tr("Program")) + ".prg"},
+               [this](const std::string& path) {
+                   save(path, program.number, [&backend = gui.getOrvMessageManager(), path](const auto& window) {
+                       backend.postSaveToProgram(path, window);
                    });
+               });
 }
 
 /// If another program was loaded while a question was open, nothing is saved and the dialog says so.
@@ -197,14 +215,13 @@ void SaveDialog::save(const std::string& target, int number, std::function<void(
     QDialog::accept();
     const QString saved = shownFileName(target).section('.', 0, -2);
     const bool isProgram = QString::fromStdString(target).endsWith(QLatin1String(".prg"));
-    run(*parentWidget(),
-        {.title = tr("Saving..."),
-         .post = std::move(post),
-         .done =
-             [&window = gui, text = isProgram ? tr("Saved as %1").arg(saved)
-                                              : tr("Saved to %1, program %2").arg(saved).arg(number + 1)] {
-                 window.displayMessage(text.toStdString());
-             },
-         .failure = tr("The program could not be saved; \"%1\" is as it was.").arg(shownFileName(target))});
+    const QString text =
+        isProgram ? tr("Saved as %1").arg(saved) : tr("Saved to %1, program %2").arg(saved).arg(number + 1);
+    runSave(gui, *parentWidget(),
+            {.title = tr("Saving..."),
+             .post = std::move(post),
+             .done = [&window = gui, text] { window.displayMessage(text.toStdString()); },
+             .failure = tr("The program could not be saved; \"%1\" is as it was.").arg(shownFileName(target))},
+            shownFileName(target));
 }
 }  // namespace Gui::Files

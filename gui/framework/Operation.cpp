@@ -8,6 +8,7 @@
 
 namespace Gui
 {
+using Backend::GuiMessage::FILE_CHANGED;
 using Backend::GuiMessage::OPERATION_DONE;
 
 namespace
@@ -20,6 +21,7 @@ public:
         : parent(around),
           failure(operation.failure),
           done(operation.done),
+          changed(operation.changed),
           window([this](Message& message) { handleMessage(message); }),
           dialog(*new OperationDialog(
               operation.title, OPERATION_DONE, [this, post = operation.post] { post(window.getHandle()); }, around))
@@ -32,6 +34,11 @@ private:
     void handleMessage(const Message& message)
     {
         dialog.handleMessage(message);
+        if (message.number == FILE_CHANGED) {
+            dialog.reject();
+            dialog.deleteLater();
+            if (changed) changed();
+        }
         if (message.number != OPERATION_DONE) return;
         dialog.deleteLater();
         if (message.wparam == 0)
@@ -43,6 +50,7 @@ private:
     QWidget& parent;
     const QString failure;
     const std::function<void()> done;
+    const std::function<void()> changed;
     GuiWindow window;
     OperationDialog& dialog;
 };

@@ -16,6 +16,8 @@ struct Operation {
         post;                      ///< posts it to the backend, which notifies `window` of the end
     std::function<void()> done{};  ///< called if it succeeded
     QString failure;               ///< the sentence that is shown if it fails
+    /// Called in place of both if nothing was written because another program has changed the file.
+    std::function<void()> changed{};
 };
 
 /// Starts it and returns at once. Its progress dialog closes when `GuiMessage::OPERATION_DONE` comes. A failure is

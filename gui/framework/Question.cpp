@@ -1,5 +1,6 @@
 #include "gui/framework/Question.h"
 
+#include <QAbstractButton>
 #include <QMessageBox>
 #include <utility>
 
@@ -28,6 +29,20 @@ void ask(QWidget& parent, const QString& title, const QString& text, std::functi
     QObject::connect(&box, &QMessageBox::finished, &parent, [yes = std::move(yes)](int answer) {
         if (answer == QMessageBox::Yes) yes();
     });
+    box.open();
+}
+
+void ask(QWidget& parent, const QString& title, const QString& text, Answer yes, Answer instead)
+{
+    QMessageBox& box = makeBox(parent, title, text, QMessageBox::Yes | QMessageBox::Save | QMessageBox::Cancel);
+    box.setDefaultButton(QMessageBox::Cancel);
+    box.button(QMessageBox::Yes)->setText(yes.text);
+    box.button(QMessageBox::Save)->setText(instead.text);
+    QObject::connect(&box, &QMessageBox::finished, &parent,
+                     [yes = std::move(yes.action), instead = std::move(instead.action)](int answer) {
+                         if (answer == QMessageBox::Yes) yes();
+                         if (answer == QMessageBox::Save) instead();
+                     });
     box.open();
 }
 }  // namespace Gui

@@ -54,6 +54,10 @@ constexpr Switch KEEP_NOTES = setting<Rows::KEEP_NOTES>(
     "Held notes ring on over changes",
     "Notes that you hold ring on when you change the program or edit a layer, until you release their keys.");
 
+constexpr Switch CONTINUE_LAST = setting<Rows::CONTINUE_LAST>(
+    "Begin where Orvane was closed",
+    "At the start the bank and program are loaded that were there when Orvane was closed, not the default bank.");
+
 constexpr Switch RECORD = setting<Rows::RETRO_RECORD_ENABLED>(
     "Record what is played", "Record: keeps what you play, so that you can save it afterwards.");
 

@@ -26,6 +26,7 @@ namespace Switches
 extern const Switch MIDI_THRU;
 extern const Switch GLOBAL_KEYBOARD;  ///< its help: `GlobalKeyboard::describe`
 extern const Switch KEEP_NOTES;
+extern const Switch CONTINUE_LAST;
 extern const Switch RECORD;
 extern const std::span<const Switch> DISPLAY;  ///< input events, output events, numbers, large font
 extern const std::span<const Switch> WINDOW;   ///< docking, always on top, border

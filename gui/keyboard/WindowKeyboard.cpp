@@ -22,7 +22,7 @@ constexpr auto FOCUS_RETURN_TIME = std::chrono::seconds(1);
 /// Whether it is a dialog in which nothing can be typed.
 bool isPlayedIn(const QWidget* dialog)
 {
-    if (qobject_cast<const QDialog*>(dialog) == nullptr) return false;
+    if (qobject_cast<const QDialog*>(dialog) == nullptr || dialog->property(TAKES_TYPING).toBool()) return false;
     const auto lines = dialog->findChildren<QLineEdit*>();
     return std::ranges::none_of(lines, [](const QLineEdit* line) { return !line->isReadOnly(); });
 }

@@ -3,11 +3,15 @@
 #include <QApplication>
 #include <QContextMenuEvent>
 #include <QDialog>
+#include <QDragEnterEvent>
+#include <QDropEvent>
 #include <QEvent>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QMimeData>
 #include <QPushButton>
 #include <QScrollArea>
+#include <QUrl>
 #include <algorithm>
 
 #include "api/OrvGuiIF.h"
@@ -123,6 +127,7 @@ MainWindow::MainWindow(OrvGuiIF& owner, QWidget* parent, Resized onResize)
 {
     setWindowTitle(QStringLiteral("OrvGui"));
     setAutoFillBackground(true);
+    setAcceptDrops(true);
     makeButtons();
     makePanels();
     view = new ColumnView(this, *column);
@@ -309,6 +314,32 @@ QSize MainWindow::getNaturalSize() const
 {
     const double scale = gui.getGdiManager().getScale();
     return {qRound(lastSize.width() / scale), qRound(lastSize.height() / scale)};
+}
+
+// --- files that are dropped
+
+namespace
+{
+/// The first one that can be loaded; empty if there is none.
+QString findFile(const QMimeData& data)
+{
+    for (const QUrl& url : data.urls())
+        if (const QString path = url.toLocalFile();
+            path.endsWith(QLatin1String(".bnk")) || path.endsWith(QLatin1String(".prg")))
+            return path;
+    return {};
+}
+}  // namespace
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event)
+{
+    if (!findFile(*event->mimeData()).isEmpty() && !hasDialog()) event->acceptProposedAction();
+}
+
+void MainWindow::dropEvent(QDropEvent* event)
+{
+    event->acceptProposedAction();
+    gui.loadFile(findFile(*event->mimeData()).toStdString());
 }
 
 // --- the small window, and the menu of screens

@@ -9,6 +9,7 @@
 #include "api/ParentWindow.h"
 #include "backend/files/RegistrySettings.h"
 #include "backend/model/WindowMove.h"
+#include "gui/files/ProgramsDialog.h"
 #include "gui/framework/GuiMessageManagerMaster.h"
 #include "gui/framework/WidgetTree.h"
 #include "gui/screens/setup/SetupDialog.h"

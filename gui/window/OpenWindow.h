@@ -25,6 +25,11 @@ namespace Gui
 class OrvGuiIF;
 class ParentWindow;
 
+namespace Files
+{
+class ProgramsDialog;
+}
+
 namespace Setup
 {
 class SetupDialog;
@@ -67,6 +72,7 @@ struct OpenWindow {
     InputWatch inputWatch;
     Forms::EditableSections sections;
     std::unique_ptr<MainWindow> main;
+    QPointer<Files::ProgramsDialog> programs;  // while it is open; a child of the main window
 
 private:
     void sizeChanged(QSize before, QSize now);

@@ -11,6 +11,7 @@
 #include "backend/bindings/functions/HelpTexts.h"
 #include "backend/messages/SettingMessages.h"
 #include "backend/model/WindowMove.h"
+#include "gui/framework/FileNames.h"
 #include "gui/framework/Properties.h"
 #include "gui/screens/computerinput/ComputerInputPanel.h"
 #include "gui/screens/computerinput/ComputerKeyboardCtl.h"
@@ -49,6 +50,7 @@ bool OrvGui::create(ParentWindow& parentWindow)
     open->applyLook();
     open->show();
     setFocus();
+    if (!shown.bank.name.empty()) parentWindow.documentChanged(shownFileName(shown.bank.name).toStdString());
     globalKeyboard.open(getWindowHandle(), shown.settings.getGlobalKeyboard());
     orv.setGuiWindowHandle(getWindowHandle());
     getOrvMessageManager().postRefreshGui();

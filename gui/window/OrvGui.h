@@ -133,6 +133,7 @@ public:
     void handleSetListChanged(const Backend::SetList& list) override;
     void handleNotice(Backend::Notice notice, const std::string& text) override;
     void handleSequenceSteps(const std::vector<int>& steps) override;
+    void showProgramsDialog() override;
 
 private:
     template <class Value>

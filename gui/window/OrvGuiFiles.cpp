@@ -5,6 +5,7 @@
 #include "backend/files/FileName.h"
 #include "backend/model/Edit.h"
 #include "gui/files/FileCommands.h"
+#include "gui/files/ProgramsDialog.h"
 #include "gui/framework/Question.h"
 #include "gui/presets/PresetCtl.h"
 #include "gui/screens/layers/MainPanel.h"
@@ -28,6 +29,15 @@ void OrvGui::showLoadDialog()
 void OrvGui::importVersion2File()
 {
     if (!open->main->hasDialog()) Files::importVersion2File(*this, *open->main);
+}
+
+void OrvGui::showProgramsDialog()
+{
+    if (shown.bank.programNames.empty() || open->main->hasDialog()) return;
+    open->programs = new Files::ProgramsDialog(*this, *open->main);
+    open->programs->setAttribute(Qt::WA_DeleteOnClose);
+    QObject::connect(open->programs, &QDialog::finished, open->main.get(), [this] { setFocus(); });
+    open->programs->open();
 }
 
 void OrvGui::loadFile(const std::string& path)

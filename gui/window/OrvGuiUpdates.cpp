@@ -1,8 +1,12 @@
 // The changes that the backend reports: each is stored in the window's copy, and shown if the window is open.
+#include <utility>
+
 #include "api/OrvIF.h"
 #include "api/OrvMessageManager.h"
 #include "api/ParentWindow.h"
 #include "backend/model/Notice.h"
+#include "gui/files/ProgramsDialog.h"
+#include "gui/files/RecentFiles.h"
 #include "gui/framework/EditPoster.h"
 #include "gui/framework/FileNames.h"
 #include "gui/framework/Question.h"
@@ -126,8 +130,14 @@ void OrvGui::handleKeysChanged(const Backend::ComputerInput::KeyConfigurationMap
 
 void OrvGui::handleBankChanged(const Bank& bank)
 {
+    const bool isOther = bank.name != shown.bank.name;
     shown.bank = bank;
     open->main->getSystemPanel().handleBankChanged(bank);
+    if (open->programs) open->programs->follow();
+    if (isOther) {
+        Files::addRecentFile(*this, bank.name);
+        open->parent.documentChanged(shownFileName(bank.name).toStdString());
+    }
 }
 
 void OrvGui::handleProgramChanged(const Program& program)
@@ -135,7 +145,11 @@ void OrvGui::handleProgramChanged(const Program& program)
     shown.program = program;
     open->edits.setProgram(program.number);
     open->main->getSystemPanel().handleProgramChanged(program);
-    loading.clear();
+    if (open->programs) open->programs->follow();
+    if (loading.empty()) return;
+    const std::string loaded = std::exchange(loading, {});
+    Files::addRecentFile(*this, loaded);
+    displayMessage(QObject::tr("Loaded %1").arg(shownFileName(loaded)).toStdString());
 }
 
 /// Only a user who has just chosen the file gets a message box.
@@ -155,7 +169,11 @@ void OrvGui::handleEditDone(const EditDone& done)
     open->main->getStagePanel().handleEditDone(done);
 }
 
-void OrvGui::handleBankEditDone(const BankEditDone& done) { open->main->getStagePanel().handleBankEditDone(done); }
+void OrvGui::handleBankEditDone(const BankEditDone& done)
+{
+    open->main->getStagePanel().handleBankEditDone(done);
+    if (open->programs) open->programs->handleBankEditDone(done);
+}
 
 void OrvGui::handleSetListChanged(const SetList& list) { open->main->getStagePanel().handleSetListChanged(list); }
 

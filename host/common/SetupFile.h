@@ -13,6 +13,11 @@ struct Setup {
     std::vector<std::string> loads{};  ///< programs (.prg) and banks (.bnk), in order; none for the user's default bank
     int number = 0;                    ///< the program taken from a bank, from 0
     std::string program{};             ///< a program as text, loaded last; empty for none
+    /// The end is stored as the place where the next start begins, and a start of which nothing else is known begins at
+    /// the one that is stored.
+    bool continuesLast = false;
+
+    bool isPlain() const { return loads.empty() && number == 0 && program.empty(); }
 
     bool operator==(const Setup&) const = default;
 };

@@ -64,6 +64,7 @@ void LivePlay::start(const Setup& setup, const ClockPorts& links)
     installIfNeeded();
     orv->getOrvMessageManager().postKeepSetPosition(true);
     if (setup.loads.empty()) orv->getOrvMessageManager().postSetProgramNumber(setup.number);
+    if (setup.continuesLast) orv->getOrvMessageManager().postContinueLast(setup.isPlain());
     orv->requestRealTime();
     orv->start();
     auto& backend = orv->getOrvMessageManager();
@@ -76,7 +77,8 @@ void LivePlay::start(const Setup& setup, const ClockPorts& links)
     backend.sendSetMidiOutputPorts(ports.outputList());
     storeNewChoices();
     backend.sendEndInitialize();
-    backend.postSetProgramNumber(setup.number);  // the program of these files, not that of the bank before
+    if (!setup.isPlain())
+        backend.postSetProgramNumber(setup.number);  // the program of these files, not that of the bank before
     for (const std::string& file : setup.loads) postLoad(backend, file);
     if (!setup.program.empty()) backend.postLoadProgramFromString(setup.program, setup.number);
     player.setClockIn(links.in);

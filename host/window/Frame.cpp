@@ -52,6 +52,12 @@ Frame::Frame(std::function<void()> requestClose)
     fit();
 }
 
+void Frame::documentChanged(const std::string& fileName)
+{
+    setWindowTitle(QString::fromStdString(fileName) + QStringLiteral(" - Orvane 3"));
+    title->update();
+}
+
 void Frame::setBorder(Border newBorder)
 {
     if (newBorder == border) return;

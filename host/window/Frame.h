@@ -48,6 +48,7 @@ public:
     void keysPlayChanged(bool on) override;
     void alwaysOnTopChanged(bool on) override { setFlag(Qt::WindowStaysOnTopHint, on); }
     void useSkinBorderChanged(bool on) override { setBorder(on ? Border::own : Border::desktop); }
+    void documentChanged(const std::string& fileName) override;
 
 protected:
     void paintEvent(QPaintEvent* event) override;

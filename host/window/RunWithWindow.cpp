@@ -136,8 +136,10 @@ int runWithWindow(const RunOptions& options, const std::string& platform)
     if (exitStatus) return *exitStatus;
     const Application application(platform);
     HelpLine helpLine;
+    RunOptions played = options;
+    played.setup.continuesLast = played.session == nullptr;
     PlayThread play(
-        options,
+        played,
         [&helpLine](const std::string& line) {
             reportOnStandardError(line);
             helpLine.show(line);

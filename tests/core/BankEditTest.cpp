@@ -45,7 +45,7 @@ private:
             std::string kind;
             if (message.number == GuiMessage::BANK_EDIT_DONE)
                 GuiMessage::BANK_EDIT_DONE.deliver(message, [&](const BankEditDone& reportedEdit) {
-                    constexpr const char* KINDS[] = {"done", "undone", "redone", "failed"};
+                    constexpr const char* KINDS[] = {"done", "undone", "redone", "failed", "stale"};
                     kind = reportedEdit.name.empty() ? "nothing" : KINDS[static_cast<int>(reportedEdit.kind)];
                 });
             return kind;
@@ -132,4 +132,31 @@ TEST(BankEdit, MovesBetweenBanksLoseNothing)
     EXPECT_EQ(stage.undone(), "undone: P0 P1 P2 P3") << "each bank has its own history";
     EXPECT_EQ(stage.undone(other), "undone: P0 P1 P2 P3");
     EXPECT_EQ(joined(Bank::fromFile(other).programNames), "x y");
+}
+
+TEST(BankEdit, NothingIsDoneToABankThatIsNotAsItWasShown)
+{
+    BankStage stage;
+    const Bank shown = stage.orv->getBank();
+    stage.folder.write("a.bnk", "<Bank><Program name='Q0'/><Program name='Q1'/></Bank>");
+    const BankEdit edit{.kind = Change::remove, .name = "r", .programs = {0}, .shown = {shown}};
+    EXPECT_EQ(stage.done(edit), "stale: Q0 Q1") << "and the window gets the programs";
+    EXPECT_EQ(joined(Bank::fromFile(stage.path("a.bnk")).programNames), "Q0 Q1");
+}
+
+TEST(BankEdit, ANewBankAndACopyAreTheCurrentOnes)
+{
+    BankStage stage;
+    const auto make = [&](const char* file, NewBank content) {
+        stage.commands().postMakeBank(stage.path(file), content, NO_WINDOW);
+        stage.rest();
+        return stage.current() + ": " + joined(stage.orv->getBank().programNames);
+    };
+    stage.rename("Mine");
+    EXPECT_EQ(make("c.bnk", NewBank::copy), "Mine 1 101 1: P0 P1 P2 P3") << "it plays on";
+    EXPECT_EQ(stage.folder.read("c.bnk"), stage.folder.read("a.bnk"));
+    EXPECT_EQ(stage.undo(), "name Mine");
+    EXPECT_EQ(make("b.bnk", NewBank::empty), "P1 1 101 1: P0 P1 P2 P3") << "what is there is not replaced";
+    EXPECT_EQ(make("d.bnk", NewBank::empty), "Empty 0 120 0: Empty");
+    EXPECT_EQ(make("missing/e.bnk", NewBank::copy), "Empty 0 120 0: Empty");
 }

@@ -17,11 +17,13 @@ struct Life : PrivateFolders {
     BackendThread::StandIn standIn;
     RecordingPlayer player;
     std::unique_ptr<OrvIF> orv;
+    std::optional<bool> continues;  // whether it loads what the last one stored
 
     void begin()
     {
         orv.reset(OrvFactory::createOrv("Lifecycle", player, false));
         orv->start();
+        if (continues) commands().postContinueLast(*continues);
         commands().sendInitialize();
     }
     /// Until the first notes can be played, and as many slices as those need.
@@ -136,4 +138,37 @@ TEST(Lifecycle, TheFirstProgramsControlsSendOnceThereArePorts)
     ASSERT_EQ(life.player.events.size(), 1u);
     EXPECT_EQ(life.player.events[0].getMidiMessage(), MidiEngine::MidiMessage(MessageType::programChange, 9));
     life.end();
+}
+
+TEST(Lifecycle, AStartBeginsWhereTheLastOneEnded)
+{
+    Life life;
+    life.write(DEFAULT_BANK, "<Bank><Program name='D'/></Bank>");
+    life.write("a.bnk", "<Bank><Program name='A0'/><Program name='A1'/></Bank>");
+    const auto first = [&life](std::optional<bool> continues, auto change) {
+        life.continues = continues;
+        life.begin();
+        const std::string name = life.orv->getProgram().name;
+        change(life.commands());
+        life.play();
+        life.end();
+        return name;
+    };
+    const auto nothing = [](OrvMessageManager&) {};
+    const auto loadsA1 = [&life](OrvMessageManager& commands) {
+        commands.postSetProgramNumber(1);
+        commands.postLoadBank((life / "a.bnk").string());
+    };
+    EXPECT_EQ(first(true, loadsA1), "D");
+    EXPECT_EQ(first(std::nullopt, nothing), "D") << "a host that does not want it";
+    EXPECT_EQ(first(true, nothing), "A1");
+    EXPECT_EQ(first(false, nothing), "D") << "files are loaded instead";
+    EXPECT_EQ(first(true, loadsA1), "D");
+    life.write("a.bnk", "<Bank><Program name='A0'/></Bank>");
+    EXPECT_EQ(first(true, nothing), "A0");
+    std::filesystem::remove(life / "a.bnk");
+    EXPECT_EQ(first(true, loadsA1), "D");
+    life.write("a.bnk", "<Bank><Program name='A0'/></Bank>");
+    life.write(SETTINGS_FILE, "ContinueLast=number:0\n");
+    EXPECT_EQ(first(true, nothing), "D");
 }

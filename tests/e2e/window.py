@@ -104,7 +104,7 @@ class WindowUser(live.Graph):
         self.assertEqual(orvane.process.wait(live.PATIENCE), 0, orvane.complained)
 
     def windows(self):
-        return self.tool("xdotool", "search", "--onlyvisible", "--name", f"^{TITLE}$", status=None).split()
+        return self.tool("xdotool", "search", "--onlyvisible", "--name", f"{TITLE}$", status=None).split()
 
     def place(self):
         """Left, top, width and height of the window."""
@@ -112,7 +112,8 @@ class WindowUser(live.Graph):
         return [int(re.search(name + r"=(-?\d+)", text).group(1)) for name in ("X", "Y", "WIDTH", "HEIGHT")]
 
     def await_focus(self):
-        until(lambda: self.tool("xdotool", "getwindowfocus", "getwindowname", status=None) == TITLE + "\n", "the focus")
+        name = ("xdotool", "getwindowfocus", "getwindowname")
+        until(lambda: self.tool(*name, status=None).endswith(TITLE + "\n"), "the focus")
 
     def await_keys(self):
         """Waits until keys play. The window leaves out one that goes down while the focus arrives, which might have

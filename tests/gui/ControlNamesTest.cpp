@@ -1,5 +1,5 @@
-#include "gui/framework/Properties.h"
 #include "backend/messages/SettingMessages.h"
+#include "gui/framework/Properties.h"
 #include "tests/gui/DialogHands.h"
 
 /// What is wrong with the controls that are seen, a line each: no help, or a text that is cut off.

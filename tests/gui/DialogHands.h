@@ -1,7 +1,10 @@
 #pragma once
 
+#include <QDragEnterEvent>
+#include <QDropEvent>
 #include <QFileDialog>
 #include <QMessageBox>
+#include <QMimeData>
 #include <QSettings>
 
 #include "api/Bank.h"
@@ -105,6 +108,14 @@ struct DialogHands : OpenWindow, testing::Test {
         return action();
     }
 
+    void drop(QWidget& target, const QPoint& place, const QMimeData& data, Qt::KeyboardModifiers held = {})
+    {
+        QDragEnterEvent enter(place, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, held);
+        QApplication::sendEvent(&target, &enter);
+        QDropEvent event(place, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, held);
+        QApplication::sendEvent(&target, &event);
+        settle();
+    }
     /// Whether what is typed plays once the dialogs are gone.
     bool isPlayingAgain()
     {

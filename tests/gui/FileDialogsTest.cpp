@@ -26,6 +26,7 @@ struct FileDialogs : DialogHands {
         if (!target.isEmpty()) buttonIn<QRadioButton>(dialog("Save"), target).setChecked(true);
         return pressIn("Save", "Save", reply);
     }
+    std::string folderOf(const char* file) { return std::filesystem::path(path(file)).parent_path().string(); }
     std::string changeBankSize(const QString& programs)
     {
         openFileMenu("Change Bank Size...");
@@ -106,6 +107,41 @@ TEST_F(FileDialogs, StartInTheFolderOfTheBanks)
     gui->showSaveDialog();
     gui->showLoadDialog();
     EXPECT_EQ(dialogs(), "Load") << "one at a time";
+}
+
+TEST_F(FileDialogs, StartInTheFolderOfTheLastFileAndOfferTheLastFilesAgain)
+{
+    load("Other.bnk");
+    openFileMenu("Load...");
+    EXPECT_EQ(static_cast<QFileDialog&>(dialog("Load")).directory().path().toStdString(), folderOf("Other.bnk"));
+    leave("Load");
+    click("Files");
+    Hands::choose("Recent Files");
+    choose("Three.bnk");
+    EXPECT_EQ(current(), "P0 of " + path("Three.bnk"));
+    EXPECT_EQ(control<QAbstractButton>("Status").toolTip(), "Loaded Three.bnk");
+
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile("a.txt"), QUrl::fromLocalFile(QString::fromStdString(path("Other.bnk")))});
+    drop(*surroundings.findChild<QWidget*>({}, Qt::FindDirectChildrenOnly), {10, 10}, data);
+    EXPECT_EQ(current(), "Alone of " + path("Other.bnk"));
+}
+
+TEST_F(FileDialogs, SayWhenAnotherProgramHasChangedTheBank)
+{
+    folder.write("Three.bnk", "<Bank>\n<Program name=\"Q0\"/>\n<Program name=\"Q1\"/>\n</Bank>\n");
+    const std::string question =
+        "File Changed: \"Three.bnk\" was changed by another program since it was read. Its other programs stay as they "
+        "are now; this one is replaced.";
+    EXPECT_EQ(save({}, {}, Answer::Cancel), question);
+    EXPECT_EQ(namesIn("Three.bnk"), "Q0, Q1");
+    folder.write("Three.bnk", "<Bank>\n<Program name=\"Q0\"/>\n<Program name=\"Q\"/>\n</Bank>\n");
+    openFileMenu("Save...");
+    EXPECT_EQ(pressIn("Save", "Save", Answer::Yes), "Confirm Overwrite: Program 1 \"Q0\" will be replaced. Continue?");
+    EXPECT_EQ(answer(Answer::Save), question);
+    EXPECT_EQ(dialogs(), "Save") << "elsewhere";
+    pressIn("Save", "Save", Answer::Yes);
+    EXPECT_EQ(namesIn("Three.bnk"), "P0, Q");
 }
 
 TEST_F(FileDialogs, SaveAProgramInItsPlaceWithoutAQuestion)
@@ -227,12 +263,14 @@ TEST_F(FileDialogs, MakeTheBankTheOneForTheStart)
 {
     openFileMenu("Set As Default Bank...");
     EXPECT_EQ(answer(Answer::Yes),
-              "Default Bank: \"Three.bnk\" will be loaded at every start, and now: what was not "
-              "saved is lost. Continue?");
+              "Default Bank: \"Three.bnk\" becomes the default bank and is loaded now: what was not saved is lost. "
+              "Continue?");
     EXPECT_EQ(settings().getDefaultBank(), path("Three.bnk"));
     click("Files");
-    EXPECT_EQ(menu(),
-              "Load..., Save..., Change Bank Size..., -Set As Default Bank..., Import Version 2 File..., Set List...");
+    EXPECT_EQ(
+        menu(),
+        "Load..., Save..., Change Bank Size..., -Set As Default Bank..., Import Version 2 File..., Programs..., New "
+        "Bank..., Save Bank As..., Set List..., Recent Files");
 }
 
 TEST_F(FileDialogs, ImportFilesOfVersion2)

@@ -223,8 +223,9 @@ TEST_F(SetupDialog, TheDefaultBankIsAFileThatIsThere)
     EXPECT_EQ(press("OK"), "Invalid entry: There is no bank \"/nowhere/no.bnk\".");
     press("Current bank as default");
     EXPECT_EQ(shown("Default bank"), path("Three.bnk"));
-    EXPECT_EQ(press("OK", Answer::Yes),
-              "Confirm: \"Three.bnk\" will be loaded at every start, and now: what was not saved is lost. Continue?");
+    EXPECT_EQ(
+        press("OK", Answer::Yes),
+        "Confirm: \"Three.bnk\" becomes the default bank and is loaded now: what was not saved is lost. Continue?");
     EXPECT_EQ(settings().getDefaultBank(), path("Three.bnk"));
 
     folder.write("Other.bnk", "<Bank>\n<Program name=\"Other\">\n</Program>\n</Bank>\n");

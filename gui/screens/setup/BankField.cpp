@@ -23,11 +23,12 @@ constexpr int BUTTON_WIDTH = 120;
 
 BankField::BankField(OrvGuiIF& owner, QBoxLayout& page) : gui(owner), edit(new EditBox)
 {
-    auto* label = new QLabel(EditBox::tr("Bank that is loaded at the start:"));
+    auto* label = new QLabel(EditBox::tr("Default bank:"));
     label->setBuddy(edit);
     page.addWidget(label);
     edit->setAccessibleName(EditBox::tr("Default bank"));
-    Property::setHelp(*edit, EditBox::tr("Default bank: it is loaded at every start, and at once if you change it. "
+    Property::setHelp(*edit, EditBox::tr("Default bank: a start loads it that does not begin where Orvane was "
+                                         "closed, and it is loaded at once if you change it. "
                                          "Leave it empty for the bank in your banks folder."));
     Property::set(*edit, Property::TEXT, true);
     Property::set(*edit, Property::NOWHEEL, true);
@@ -79,7 +80,7 @@ QString BankField::findFault() const
 QString BankField::getQuestion() const
 {
     if (getShown().isEmpty()) return {};
-    return EditBox::tr("\"%1\" will be loaded at every start, and now: what was not saved is lost. Continue?")
+    return EditBox::tr("\"%1\" becomes the default bank and is loaded now: what was not saved is lost. Continue?")
         .arg(QFileInfo(getShown()).fileName());
 }
 

@@ -89,8 +89,9 @@ void SetupPages::makePages()
     add<NumberField>(MOUSE_SENSITIVITY, playing);
 
     QBoxLayout& bank =
-        addPage({tr("Bank"), tr("The bank that is loaded at every start, and what is asked before changes are lost.")});
+        addPage({tr("Bank"), tr("The bank that a start loads, and what is asked before changes are lost.")});
     add<BankField>(bank);
+    add<SwitchField>(Switches::CONTINUE_LAST, bank);
     add<ChoiceField>(ASK_BEFORE_LOSS, bank);
 
     QBoxLayout& record = addPage(

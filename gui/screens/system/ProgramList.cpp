@@ -3,6 +3,7 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QPushButton>
 #include <QScreen>
 #include <QScrollBar>
 #include <QVBoxLayout>
@@ -34,6 +35,15 @@ ProgramList::ProgramList(const GdiManager& manager, const std::vector<std::strin
     column->setSpacing(margin);
     column->addWidget(search);
     column->addWidget(list);
+    auto* arrange = new QPushButton(tr("Arrange programs..."));
+    arrange->setAutoDefault(false);
+    Property::setHelp(*arrange, tr("Adds, moves, renames and deletes programs of the bank."));
+    connect(arrange, &QPushButton::clicked, this, [this] {
+        const auto wanted = onArrange;
+        close();
+        if (wanted) wanted();
+    });
+    column->addWidget(arrange);
     search->setPlaceholderText(tr("Type a number or a part of the name"));
     search->setAccessibleName(tr("Search programs"));
     Property::set(*search, Property::TEXT, true);

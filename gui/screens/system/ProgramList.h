@@ -24,6 +24,8 @@ public:
     ProgramList(const GdiManager& manager, const std::vector<std::string>& names, int current, QWidget* parent);
 
     std::function<void(int number)> onChosen;
+    /// The user wants to arrange the programs.
+    std::function<void()> onArrange;
 
     /// Hides the rows of a list of all programs that do not fit what was typed, and selects the first one that does.
     static void showFitting(QListWidget& list, const QString& text);

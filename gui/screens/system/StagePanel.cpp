@@ -178,6 +178,7 @@ void StagePanel::handleBankEditDone(const BankEditDone& done)
         case BankEditDone::Kind::redone:
             return showRedone(done.name);
         case BankEditDone::Kind::failed:
+        case BankEditDone::Kind::stale:
             return showMessage(tr("Not done: %1").arg(name));
     }
 }
@@ -257,6 +258,7 @@ void StagePanel::showProgramList()
     if (names.empty()) return;
     auto* list = new ProgramList(getGdi(), names, gui.getCurrentProgram().number, this);
     list->onChosen = [this](int number) { changeProgram(specificProgram(number)); };
+    list->onArrange = [this] { gui.showProgramsDialog(); };
     list->showAt(isVisible() ? program->mapToGlobal(QPoint(0, program->height())) : QCursor::pos());
 }
 

@@ -10,7 +10,9 @@
 #include "backend/files/RegistrySettings.h"
 #include "backend/model/Program.h"
 #include "gui/files/FileCommands.h"
+#include "gui/files/RecentFiles.h"
 #include "gui/framework/ComboBox.h"
+#include "gui/framework/FileNames.h"
 #include "gui/framework/GuiMessageManagerMaster.h"
 #include "gui/framework/PopupMenu.h"
 #include "gui/framework/Properties.h"
@@ -142,6 +144,7 @@ void SystemPanel::showDefaultMidiOutputMenu()
 void SystemPanel::showFileMenu(const QWidget& button)
 {
     const std::string& bank = gui.getCurrentBank().name;
+    constexpr int FIRST_RECENT = 100;
     menu->clear();
     menu->addItem(tr("Load..."));
     menu->addItem(tr("Save..."));
@@ -149,15 +152,29 @@ void SystemPanel::showFileMenu(const QWidget& button)
     menu->addItem({.text = tr("Set As Default Bank..."),
                    .enabled = !bank.empty() && bank != gui.getRegistrySettings().getDefaultBank()});
     menu->addItem(tr("Import Version 2 File..."));
+    menu->addItem({.text = tr("Programs..."), .enabled = gui.getNumberOfPrograms() > 0});
+    menu->addItem(tr("New Bank..."));
+    menu->addItem({.text = tr("Save Bank As..."), .enabled = !bank.empty()});
     menu->addItem({.text = tr("Set List..."), .enabled = gui.getNumberOfPrograms() > 0});
+    const std::vector<std::string> recent = Files::getRecentFiles(gui);
+    PopupMenu& recentMenu = menu->addSubMenu(tr("Recent Files"), !recent.empty());
+    int id = FIRST_RECENT;
+    for (const std::string& path : recent) {
+        QAction& item = recentMenu.addItem({.text = shownFileName(path), .id = id++});
+        item.setToolTip(QString::fromStdString(path));
+    }
     menu->setSelected(-1);
-    menu->onChosen = [this](int item) {
+    menu->onChosen = [this, recent](int item) {
+        if (item >= FIRST_RECENT) gui.loadFile(recent[static_cast<std::size_t>(item - FIRST_RECENT)]);
         if (item == 0) gui.showLoadDialog();
         if (item == 1) gui.showSaveDialog();
         if (item == 2) Files::showBankSizeDialog(gui, *this);
         if (item == 3) Files::makeDefaultBank(gui, *this);
         if (item == 4) gui.importVersion2File();
-        if (item == 5) stage.showSetList();
+        if (item == 5) gui.showProgramsDialog();
+        if (item == 6) Files::makeNewBank(gui, *this);
+        if (item == 7) Files::saveBankAs(gui, *this);
+        if (item == 8) stage.showSetList();
     };
     menu->showBelow(button);
 }

@@ -78,8 +78,8 @@ void SystemPanel::addScreens()
     screens = new ScreenButtons(gui, this);
     place(*screens, at(0, 0, ScreenButtons::WIDTH));
     auto* files = addButton(tr("Files..."), at(0, 768, 860), tr("Files"),
-                            tr("Files: loads and saves programs and banks, changes the size of the bank, sets the "
-                               "default bank, imports files of version 2."));
+                            tr("Files: loads, saves and arranges programs and banks, makes new banks, changes the size "
+                               "of the bank, sets the default bank, imports files of version 2."));
     connect(files, &QPushButton::clicked, this, [this, files] { showFileMenu(*files); });
     const auto* setup = addButton(tr("Setup..."), at(0, 868, 960), tr("Setup"),
                                   tr("Setup: MIDI ports, global keyboard, default bank, record, display and window."));
