@@ -33,6 +33,8 @@ public:
 
     const MidiEvent& getEvent() const { return event; }
     const Translations& getTranslations() const { return translations; }
+    /// To be changed; none of them may be null.
+    Translations& getTranslations() { return translations; }
     /// Appends a translation; null is ignored.
     void addTranslation(std::unique_ptr<TranslationManagement::Translation> translation);
 

@@ -84,10 +84,10 @@ TEST(MidiInputWindow, IsNotifiedOfEveryChangeAndAskedToMove)
     };
     stage.load(entry("Note On,60", to("DoNothing")) + entry("Note On,61", to("DoNothing")));
     EXPECT_EQ(received(), "all 2");
-    stage.messages().postSetEventConfigurations({nothingFor(62)}, true);
+    stage.messages().postSetEventConfigurations({nothingFor(61)}, true);
     EXPECT_EQ(received(), "1");
-    EXPECT_EQ(stage.orv->getMidiInputConfiguration().size(), 3u);
-    stage.messages().postSetEventConfigurations({nothingFor(63)}, false);
+    EXPECT_EQ(stage.orv->getMidiInputConfiguration().size(), 1u);
+    stage.messages().postSetEventConfigurations({nothingFor(62)}, false);
     EXPECT_EQ(received(), "") << "the window has it already";
 
     stage.load(entry("Controller Change,1", to("MoveWindowTranslation x='D1 +200' y='-10'")) +

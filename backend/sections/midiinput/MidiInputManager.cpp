@@ -112,7 +112,12 @@ void MidiInputManager::put(MidiEventConfiguration configuration)
 
 void MidiInputManager::mergeEventConfigurations(const std::vector<MidiEventConfiguration>& configurations, bool notify)
 {
-    for (const MidiEventConfiguration& configuration : configurations) put(configuration);
+    for (const MidiEventConfiguration& configuration : configurations) {
+        if (configuration.getTranslations().empty())
+            edit().remove(configuration.getEvent());
+        else
+            put(configuration);
+    }
     updatePlaying();
     if (notify) postToGui(GuiMessage::MIDI_EVENT_CONFIGURATIONS, configurations);
 }

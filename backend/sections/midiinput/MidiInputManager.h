@@ -46,7 +46,7 @@ public:
     void addRecord(RecordId id, const XmlElement& element) override;
     void removeRecord(RecordId id) override;
 
-    /// Each replaces the entry of its event. With `notify` they are sent back to the window.
+    /// Each replaces the entry of its event; one without translations removes it. With `notify` they are sent back to the window.
     void mergeEventConfigurations(const std::vector<MidiEventConfiguration>& configurations, bool notify);
 
     std::uint8_t getNoteSource() const override { return FunctionManagement::NoteSource::MIDI_INPUTS; }
