@@ -258,9 +258,15 @@ void RecordEditor::change(const std::vector<RecordId>& ids, const QString& value
                        .name = (describe(ids) + ' ' + value.toLower()).toStdString(),
                        .gesture = gesture};
     for (std::size_t i = 0; i < ids.size(); ++i) {
-        Fields changed = RecordFields::differing(before[i], RecordFields::read(records.write(ids[i])));
-        const auto kind = before[i].empty() ? RecordEdit::Kind::add : RecordEdit::Kind::change;
-        if (!changed.empty()) edit.records.push_back({.kind = kind, .id = ids[i], .fields = std::move(changed)});
+        const Fields after = RecordFields::read(records.write(ids[i]));
+        Fields changed = RecordFields::differing(before[i], after);
+        const bool isGone = after.empty();
+        const auto kind = before[i].empty() ? RecordEdit::Kind::add
+                          : isGone          ? RecordEdit::Kind::remove
+                                            : RecordEdit::Kind::change;
+        if (changed.empty()) continue;
+        if (isGone) changed.clear();
+        edit.records.push_back({.kind = kind, .id = ids[i], .fields = std::move(changed)});
     }
     if (edit.records.empty()) return;
     edits.post(std::move(edit));

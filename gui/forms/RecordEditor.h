@@ -73,7 +73,7 @@ public:
     void setOpen(bool open);
 
     /// Calls `set`, which changes the copies of these records, and posts the fields that differ then; records that it
-    /// makes are added. `value` names the edit: "layer 2 transpose". Does nothing while records are being added or
+    /// makes are added, those that it takes away removed. `value` names the edit: "layer 2 transpose". Does nothing while records are being added or
     /// removed by a command.
     void change(const std::vector<Backend::RecordId>& ids, const QString& value, std::uint32_t gesture,
                 const std::function<void()>& set);

@@ -35,6 +35,7 @@
 #include "gui/screens/help/HelpPanel.h"
 #include "gui/screens/layers/LayerPanel.h"
 #include "gui/screens/layers/MainPanel.h"
+#include "gui/screens/midiinput/MidiInputPanel.h"
 #include "gui/screens/output/OutputPanel.h"
 #include "gui/screens/system/ScreenButtons.h"
 #include "gui/screens/system/StagePanel.h"
@@ -171,6 +172,7 @@ void MainWindow::makePanels()
     systemPanel = new System::SystemPanel(gui, *stagePanel, column);
     helpPanel = new Help::HelpPanel(gui, column);
     displayPanel = new Display::DisplayPanel(gui, column);
+    midiInputPanel = new MidiInput::MidiInputPanel(gui, column);
     computerInputPanel = new ComputerInput::ComputerInputPanel(gui, column);
     outputPanel = new Output::OutputPanel(gui, column);
     zonePanel = new Zones::ZonePanel(gui, outputPanel);
@@ -188,6 +190,8 @@ Panel* MainWindow::panelOf(Screen screen) const
             return helpPanel;
         case Screen::display:
             return displayPanel;
+        case Screen::midiInput:
+            return midiInputPanel;
         case Screen::computerInput:
             return computerInputPanel;
         case Screen::output:

@@ -39,6 +39,10 @@ namespace Layers
 {
 class MainPanel;
 }
+namespace MidiInput
+{
+class MidiInputPanel;
+}
 namespace Output
 {
 class OutputPanel;
@@ -159,6 +163,7 @@ private:
     System::SystemPanel* systemPanel = nullptr;
     Help::HelpPanel* helpPanel = nullptr;
     Display::DisplayPanel* displayPanel = nullptr;
+    MidiInput::MidiInputPanel* midiInputPanel = nullptr;
     ComputerInput::ComputerInputPanel* computerInputPanel = nullptr;
     Output::OutputPanel* outputPanel = nullptr;
     Zones::ZonePanel* zonePanel = nullptr;
