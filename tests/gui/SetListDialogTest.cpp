@@ -92,9 +92,9 @@ TEST_F(SetListDialog, TheStageShowsNoteAndNextProgramWhileItIsOn)
     leave("Set List");
     comeBack();
     click("Next program");
-    EXPECT_EQ(said("Program"), "3 P2");
+    EXPECT_EQ(said("Program"), "3 P2. Next: 2 P1 (wait for drums)");
     click("Next program");
-    EXPECT_EQ(said("Program"), "2 P1. wait for drums");
+    EXPECT_EQ(said("Program"), "2 P1. wait for drums. End of the set list");
     click("Next program");
     EXPECT_EQ(program(), "P1") << "the end of the list";
     folder.write("Other.set", "no list");

@@ -31,16 +31,17 @@ void ProgramButton::showProgram(int programNumber, const QString& programName, c
     accessibleValueChanged(*this, getAccessibleValue());
 }
 
-void ProgramButton::showNote(const QString& text)
+void ProgramButton::showSetEntry(const QString& noteText, const QString& nextText)
 {
-    note = text;
-    update();
+    note = noteText;
+    next = nextText;
 }
 
 QString ProgramButton::getAccessibleValue() const
 {
-    const QString now = QString::number(number + 1) + ' ' + name;
-    return note.isEmpty() ? now : now + ". " + note;
+    QStringList parts{QString::number(number + 1) + ' ' + name, note, next};
+    parts.removeAll(QString());
+    return parts.join(QStringLiteral(". "));
 }
 
 /// A name that is too long is drawn smaller, down to half the size, and then cut off.
@@ -87,7 +88,7 @@ void ProgramButton::paintLine(QPainter& painter, QRect line) const
         line.setLeft(room.right() + 2 * gdi.px(TEXT_MARGIN));
     }
     painter.setPen(gdi.getColour(Role::label));
-    draw(line, below);
+    draw(line, next.isEmpty() ? below : next + QStringLiteral("   ") + below);
 }
 
 void ProgramButton::contextMenuEvent(QContextMenuEvent* event)

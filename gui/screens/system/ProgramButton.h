@@ -25,8 +25,9 @@ public:
 
     /// `number` counts from 0. `line` stands below the name.
     void showProgram(int number, const QString& programName, const QString& line);
-    /// Of the user, at the left of that line; empty for none.
-    void showNote(const QString& text);
+    /// Before `showProgram`: the user's note, and what comes next in the set list, at the left of that line; empty for
+    /// none.
+    void showSetEntry(const QString& noteText, const QString& nextText);
 
     QAccessible::Role getAccessibleRole() const override { return QAccessible::ButtonMenu; }
     QString getAccessibleValue() const override;
@@ -44,5 +45,6 @@ private:
     QString name;
     QString below;
     QString note;
+    QString next;
 };
 }  // namespace Gui::System

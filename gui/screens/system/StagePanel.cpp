@@ -226,22 +226,21 @@ void StagePanel::showProgram()
         return QString::fromStdString(name) + (isMarked ? QStringLiteral(" *") : QString());
     };
     QString below = marked(gui.getCurrentBankName(), isBankEdited);
-    if (setList.leads())
-        below = describeNext() + below;
-    else if (now.number >= 0 && next < names.size())
+    if (!setList.leads() && now.number >= 0 && next < names.size())
         below = tr("%1: next %2 %3").arg(below, QString::number(next + 1), QString::fromStdString(names[next]));
     const SetEntry* const entry = setList.leads() ? setList.find(setList.getCurrent()) : nullptr;
     const bool isPlaying = entry != nullptr && !entry->isMissing && entry->number == now.number;
-    program->showNote(isPlaying ? QString::fromStdString(entry->note) : QString());
+    program->showSetEntry(isPlaying ? QString::fromStdString(entry->note) : QString(), describeNext());
     program->showProgram(now.number, marked(now.name, isEdited), below);
 }
 
 QString StagePanel::describeNext() const
 {
+    if (!setList.leads()) return {};
     const SetEntry* const next = setList.findNext();
-    if (next == nullptr) return tr("End of the set list.  ");
+    if (next == nullptr) return tr("End of the set list");
     const QString text = tr("Next: %1 %2").arg(QString::number(next->number + 1), QString::fromStdString(next->name));
-    return text + (next->note.empty() ? QString() : " (" + QString::fromStdString(next->note) + ')') + ".  ";
+    return text + (next->note.empty() ? QString() : " (" + QString::fromStdString(next->note) + ')');
 }
 
 void StagePanel::showSetList()
