@@ -235,6 +235,7 @@ bool BankList::useKey(const QKeyEvent& event)
     const QKeyCombination pressed(event.modifiers() & ~Qt::KeypadModifier, static_cast<Qt::Key>(event.key()));
     const auto* const row = std::ranges::find(ROWS, pressed, &Row::key);
     if (row == ROWS.end()) return false;
+    onRefused({});
     row->action(*this);
     return true;
 }

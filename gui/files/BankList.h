@@ -27,6 +27,7 @@ public:
     std::function<void(int number)> onChosen;
     enum class Step { undo, redo };
     std::function<void(Step step)> onStep;
+    /// Why something is not done; empty when the user wants something else.
     std::function<void(const QString& text)> onRefused;
 
     /// Shows these programs; `current` is the one that plays, -1 for none here. Selected rows stay selected.
