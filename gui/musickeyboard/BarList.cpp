@@ -181,12 +181,15 @@ void BarList::paintArrows(QPainter& painter, const Bar& bar) const
     if (bar.lit.none()) return;
     const QColor colour = lightOn(getGdi(), bar.fill);
     const int line = getGdi().px(LINE);
+    painter.fillRect(QRect(bar.place.left(), bar.place.bottom() + 1 - line, bar.place.width(), line), colour);
     const qreal size = getGdi().px(ARROW);
+    painter.setClipRect(bar.place);
     for (int note = 0; note < KeyOutlines::NOTES; ++note) {
         if (!bar.lit[static_cast<std::size_t>(note)]) continue;
         const qreal top = bar.place.top() + (bar.place.height() - line - size) / 2;
         Look::drawTriangle(painter, {middleOf(note) - size / 2, top, size, size}, Look::Direction::down, colour);
     }
+    painter.setClipping(false);
 }
 
 void BarList::paintBar(QPainter& painter, const Bar& bar) const
