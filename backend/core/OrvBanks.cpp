@@ -174,6 +174,7 @@ void Orv::editBank(const BankEdit& edit)
             if (job->isStale && bankFile.getProgramNames() != bank.programNames) {
                 takeBank(std::string(bank.name));
                 notifyGui(GuiMessage::BANK, bank);
+                updateSetList();
             }
             acknowledgeBank(done);
         });
@@ -286,6 +287,16 @@ void Orv::acknowledgeBank(const BankEditDone& done) const
     notifyGui(GuiMessage::BANK_EDIT_DONE, done);
 }
 
+namespace
+{
+void copySetList(const std::string& source, const std::string& target)
+{
+    SetListFile copy(target);
+    copy.read();
+    copy.write(SetListFile(source).read());
+}
+}  // namespace
+
 void Orv::makeBank(const std::string& path, NewBank content, const WindowHandle& window)
 {
     assertBackendThread();
@@ -297,6 +308,7 @@ void Orv::makeBank(const std::string& path, NewBank content, const WindowHandle&
         [=, source = bank.name] {
             *written = isCopy ? file->open(source) && file->saveAs(path)
                               : file->create(path, 0, BankFile::renamed(NEW_PROGRAM, "Empty"));
+            if (isCopy && *written) copySetList(source, path);
         },
         [=, this] {
             if (*written) isCopy ? followCopy(path, std::move(*file)) : enterNewBank(path, std::move(*file));
@@ -311,6 +323,7 @@ void Orv::followCopy(const std::string& path, BankFile file)
     bankFile = std::move(file);
     takeBank(path);
     bankHistories.erase(path);
+    openSetList();
     for (auto& [number, draft] : drafts.takeAll(old)) drafts.keep(path, number, std::move(draft));
     notifyGui(GuiMessage::BANK, bank);
     updateEdited();
@@ -323,6 +336,7 @@ void Orv::enterNewBank(const std::string& path, BankFile file)
     bankHistories.erase(path);
     bankFile = std::move(file);
     takeBank(path);
+    openSetList();
     program.number = 0;
     showBank();
 }

@@ -145,6 +145,7 @@ void Orv::reportChange(const WindowHandle& window)
                   bankFile = std::move(*file);
                   takeBank(std::string(bank.name));
                   notifyGui(GuiMessage::BANK, bank);
+                  updateSetList();
                   notify(window, GuiMessage::FILE_CHANGED);
               });
 }

@@ -46,6 +46,8 @@ class LayersAndZones(WindowUser):
         with open(path, "w") as file:
             file.write(re.sub("ScreenState=.*", "ScreenState=string:" + SCREENS, text))
         (self.bank,) = glob.glob(self.folder + "/data/**/Default Bank.bnk", recursive=True)
+        with open(self.bank, "a") as file:
+            file.write("\n")  # a bank as it was installed is not replaced without a question
         self.open_playing()
         self.await_keys()
 

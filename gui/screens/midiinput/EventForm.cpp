@@ -21,7 +21,7 @@ using MidiEvent = EventRecords::MidiEvent;
 
 namespace
 {
-constexpr int COLUMNS = 5;
+constexpr int COLUMNS = 3;
 constexpr int CHANNELS = 16;
 
 /// What an input can receive.

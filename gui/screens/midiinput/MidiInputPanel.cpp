@@ -38,7 +38,7 @@ constexpr int LISTS_TOP = 30;
 constexpr int LISTS_HEIGHT = 158;
 constexpr int HALF = (WIDTH - 3 * MARGIN) / 2;
 constexpr int HEIGHT = LISTS_TOP + LISTS_HEIGHT + MARGIN;
-constexpr int SETTINGS_HEIGHT = 330;
+constexpr int SETTINGS_HEIGHT = 440;
 
 constexpr int FIRST_NOTE = 60;
 constexpr int USUAL_VELOCITY = 100;
