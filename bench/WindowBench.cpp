@@ -1,9 +1,10 @@
 // The load of the window's thread by a flood of played events: `build/release/bin/bench_window [EVENTS_PER_SECOND]`,
-// with each of the screens that show events, without a display.
+// with each of the screens that show events, without a display; and what it takes to paint many layers and zones.
 
 #include <time.h>
 
 #include <QApplication>
+#include <QPixmap>
 #include <QTimer>
 #include <QWidget>
 #include <algorithm>
@@ -12,14 +13,18 @@
 #include <cstdio>
 #include <cstdlib>
 #include <memory>
+#include <stdexcept>
+#include <string>
 #include <thread>
 
 #include "api/MidiPlayer.h"
 #include "api/OrvFactory.h"
 #include "api/OrvGuiIF.h"
+#include "api/OrvIF.h"
 #include "api/OrvMessageManager.h"
 #include "api/ParentWindow.h"
 #include "backend/messages/GuiMessages.h"
+#include "gui/musickeyboard/BarList.h"
 #include "gui/window/OrvGuiFactory.h"
 #include "tests/stage/PrivateFolders.h"
 
@@ -33,6 +38,9 @@ namespace
 {
 constexpr auto DURATION = 3s;
 constexpr auto TICK = 5ms;
+constexpr auto PATIENCE = 20s;
+constexpr int LAYERS = 64;
+constexpr int ZONES = 16;
 
 class SilentPlayer final : public MidiEngine::MidiPlayer
 {
@@ -88,6 +96,54 @@ public:
         gui->showScreen(Screen::output, output);
     }
     WindowHandle window() const { return gui->getWindowHandle(); }
+
+    /// A key that plays a note in the zone.
+    static std::string noteKey(int zone)
+    {
+        const std::string event =
+            " note='" + MidiEngine::Note(36 + 4 * zone).toXmlString() + "' zone='" + std::to_string(zone) + "'/>";
+        return "<Key id='" + std::string(1, static_cast<char>('A' + zone)) + "'><Function><Down><MidiNoteOn" + event +
+               "</Down><Up><MidiNoteOff" + event + "</Up></Function></Key>";
+    }
+
+    /// 64 layers, 16 zones and a held note in each zone, which all layers take.
+    void showBars()
+    {
+        gui->showScreen(Screen::zones, true);
+        gui->showScreen(Screen::layers, true);
+        std::string keys, layers;
+        for (int zone = 0; zone < ZONES; ++zone) keys += noteKey(zone);
+        for (int layer = 0; layer < LAYERS; ++layer)
+            layers += "<Layer channel='" + std::to_string(layer % 16) + "' output='0'/>";
+        auto& commands = orv->getOrvMessageManager();
+        commands.postLoadProgramFromString("<Bank><Program name='Bars'><ComputerInput>" + keys +
+                                               "</ComputerInput><Zones/><Layers>" + layers +
+                                               "</Layers></Program></Bank>",
+                                           0);
+        std::int32_t pulse = OrvIF::FIRST_PULSE;
+        const auto playUntil = [&](auto&& isDone) {
+            for (const auto end = Clock::now() + PATIENCE; !isDone(); ++pulse) {
+                if (Clock::now() > end) throw std::runtime_error("the layers are not shown");
+                orv->playTimeSlice(pulse, pulse + 1);
+                QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
+            }
+        };
+        const auto& zoneList = list("Zones");
+        const auto& layerList = list("Layers");
+        playUntil([&] { return zoneList.getRowCount() == ZONES && layerList.getRowCount() == LAYERS; });
+        for (int zone = 0; zone < ZONES; ++zone)
+            commands.postKeyDown(Key::fromXmlString(std::string(1, static_cast<char>('A' + zone))), false);
+        playUntil([&] { return layerList.getLitNotes(LAYERS - 1).count() == ZONES; });
+    }
+    void setScale(int percent) { gui->setScale(percent); }
+    Gui::Output::BarList& list(const QString& name) const
+    {
+        for (auto* widget : host.widget.findChildren<QWidget*>())
+            if (auto* list = dynamic_cast<Gui::Output::BarList*>(widget);
+                list != nullptr && list->accessibleName() == name)
+                return *list;
+        throw std::runtime_error("no list of " + name.toStdString());
+    }
 
 private:
     PrivateFolders folders;
@@ -157,6 +213,31 @@ Cost measure(const Instrument& instrument, int perSecond)
     poster.join();
     return cost;
 }
+
+/// Of all rows, and of those that are seen.
+void measureBars(Instrument& instrument)
+{
+    constexpr int ROUNDS = 100;
+    const auto cost = [](auto&& paint) {
+        const double before = threadMilliseconds();
+        for (int round = 0; round < ROUNDS; ++round) paint();
+        return (threadMilliseconds() - before) / ROUNDS;
+    };
+    instrument.showBars();
+    for (const int percent : {100, 200}) {
+        instrument.setScale(percent);
+        QCoreApplication::processEvents();
+        double all = 0, seen = 0;
+        for (const char* name : {"Zones", "Layers"}) {
+            Gui::Output::BarList& list = instrument.list(name);
+            QPixmap picture(list.size());
+            all += cost([&] { list.render(&picture); });
+            seen += cost([&] { list.repaint(); });
+        }
+        std::printf("64 layers and 16 zones, 16 notes, %d %%: %.2f ms to paint them all, %.2f ms what is seen\n",
+                    percent, all, seen);
+    }
+}
 }  // namespace
 
 int main(int argc, char** argv)
@@ -181,4 +262,5 @@ int main(int argc, char** argv)
             name, perSecond, (cost.milliseconds - idle) * 1e3 / cost.events, cost.milliseconds / (DURATION / 1ms) * 100,
             idle / (DURATION / 1ms) * 100, cost.longestGap);
     }
+    measureBars(instrument);
 }
