@@ -19,7 +19,7 @@ import zlib
 ROOT = os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
 ORVANE = os.path.abspath(sys.argv[1]) if len(sys.argv) > 1 else ROOT + "/build/start/bin/orvane"
 PICTURES = ROOT + "/docs/pictures"
-TITLE = "^Orvane 3$"
+TITLE = "(^| - )Orvane 3$"  # after the name of a bank
 
 SCREENS = ["system", "help", "display", "oscillators", "joystick", "midi-input", "computer-input", "controls", "output",
            "layers", "cc", "zones"]  # in the order of the setting
@@ -28,7 +28,7 @@ HELD_KEYS = [24, 26, 28]  # Q, E and T, by their positions
 DIALOGS = [  # picture, title, the screen with its button, the position of the button, the keys that choose from its menu
     ("setup-dialog", "Setup", "system", (922, 146), []),  # its page of the record
     ("save-dialog", "Save", "system", (822, 146), ["Down", "Down", "Return"]),
-    ("set-list-dialog", "Set List", "system", (822, 146), ["Up", "Up", "Return"]),
+    ("set-list-dialog", "Set List", "system", (822, 146), ["Up", "Return"]),
     ("bank-size-dialog", "Change Bank Size", "system", (822, 146), ["Down", "Down", "Down", "Return"]),
     ("presets-dialog", "Presets", "computer-input", (433, 74), ["Down", "Down", "Return"]),
 ]
@@ -125,7 +125,7 @@ class NewUser:
         return self.tool("xdotool", "search", "--onlyvisible", "--name", title).strip()
 
     def hasFocus(self):
-        return self.window() and re.match(TITLE, self.tool("xdotool", "getwindowfocus", "getwindowname").strip())
+        return self.window() and re.search(TITLE, self.tool("xdotool", "getwindowfocus", "getwindowname").strip())
 
     def geometry(self, title=TITLE):
         text = self.tool("xdotool", "getwindowgeometry", "--shell", self.window(title))
