@@ -250,7 +250,8 @@ bool LayerCtl::useKey(const QKeyEvent& event)
 {
     const int row = getCurrentRow();
     const auto modifiers = event.modifiers() & ~Qt::KeypadModifier;
-    if (modifiers == Qt::ControlModifier && row >= 0 && selection.getSelected().empty()) selectRow(row);
+    const bool isCommand = modifiers == Qt::ControlModifier && event.key() != Qt::Key_Control;
+    if (isCommand && row >= 0 && selection.getSelected().empty()) selectRow(row);
     if (moveEndByKey(event) || selectByKey(event)) return true;
     if (modifiers != Qt::NoModifier) return edits.useKey(event);
     switch (event.key()) {
