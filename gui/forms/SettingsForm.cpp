@@ -162,6 +162,7 @@ void SettingsForm::showRow(std::size_t index)
     const bool used = std::ranges::any_of(
         records, [&](const auto& record) { return !record[index].isUsed || record[index].isUsed(); });
     const QSignalBlocker quiet(row.edit);
+    const bool isReplacedByTyping = row.edit->hasFocus() && row.edit->selectedText() == row.edit->text();
     row.edit->setText(differ ? QString() : text);
     Skinner::indicateInvalidValue(*row.edit, differ);
     row.edit->setPlaceholderText(differ ? tr("different") : QString());
@@ -172,6 +173,7 @@ void SettingsForm::showRow(std::size_t index)
             row.list->setSelectedIndex(isChoice ? static_cast<int>(choice - field.choices.begin()) : -1);
         if (!isChoice && !differ) row.edit->setText(text);  // one that is missing
     }
+    if (isReplacedByTyping) row.edit->selectAll();
     row.edit->setEnabled(used);
     row.edit->setProperty(Property::MIN, field.getRange().lowest);
     row.edit->setProperty(Property::MAX, field.getRange().highest);

@@ -72,6 +72,14 @@ TEST_F(Forms, ShowWhereRecordsDifferAndSetAllOfThem)
     EXPECT_EQ(valuesOf(lowFields), valuesOf(highFields));
     EXPECT_EQ(valuesOf(lowFields), "Zone= Output=Default Channel=Default Note=D#4 Velocity=101 ");
     EXPECT_EQ(changed, (std::vector<QString>{"Velocity", "Note"}));
+
+    auto& velocity = control("Velocity");
+    velocity.setFocus(Qt::TabFocusReason);
+    settle();
+    for (const FieldList* fields : {&lowFields, &highFields}) (*fields)[4].set("50");
+    form->follow();
+    QTest::keyClicks(&velocity, "7\r");
+    EXPECT_EQ(velocity.text(), "7") << "typing replaces a value that came while all of the text was selected";
 }
 
 TEST_F(Forms, TheLimitsOfAValueFollowItsEvent)
