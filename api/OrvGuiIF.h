@@ -28,6 +28,7 @@ class PresetList;
 class RegistrySettings;
 class SetList;
 enum class Notice;
+enum class RecoveryResult;
 struct Bank;
 struct BankEditDone;
 struct EditDone;
@@ -240,6 +241,8 @@ public:
     virtual void handleBankEditDone(const Backend::BankEditDone& done) = 0;
     /// Whether the current program differs from what is saved, and how many others do.
     virtual void handleProgramEdited(bool isEdited, int others) = 0;
+    /// What became of the file of a process that ended without saving; see `OrvIF::keepRecovery`.
+    virtual void handleRecovery(Backend::RecoveryResult result, const std::string& path) = 0;
     enum class Loss { ofProgram, ofAll };
     /// Before edits of the current program, or of all programs, are lost: calls `goOn` at once if there are none, or if
     /// the user does not want to be asked; otherwise after a yes.

@@ -546,6 +546,15 @@ public:
     virtual void keepDrafts(bool on) = 0;
     /// [backend] The edits of the current program count as lost: it has no history, and no draft will be kept.
     virtual void discardEdits() = 0;
+    /// [backend] From now on until `end`, what is not saved is in a file of the settings folder within two seconds:
+    /// bank, number and text of the program, drafts, the latest steps of their histories, open screens. Threads that
+    /// play never wait for it. `end` removes the file. A file that a process left without `end` is restored first, see
+    /// `RecoveryPlan`; the window gets GuiMessage::RECOVERY, now or when it opens. For a host that keeps drafts, once,
+    /// after its files were loaded.
+    virtual void keepRecovery(const RecoveryPlan& plan) = 0;
+    /// [backend] Back to what is saved, of all programs: there are no drafts and no histories any more, and the current
+    /// program is loaded again. Ignored if nothing was restored.
+    virtual void discardRecovered() = 0;
 
     /// [backend] A change of the programs of a bank by the user, a step of the history of that bank. The file is
     /// replaced as a whole on the files thread. In the current bank the current program keeps playing under its new

@@ -258,6 +258,10 @@ void OrvMessageManager::postEnableSetList(bool on) { master.post(OrvMessage::ENA
 
 void OrvMessageManager::postGoToSetEntry(int id) { master.post(OrvMessage::GO_TO_SET_ENTRY(id)); }
 
+void OrvMessageManager::postKeepRecovery(const RecoveryPlan& plan) { master.post(OrvMessage::KEEP_RECOVERY(plan)); }
+
+void OrvMessageManager::postDiscardRecovered() { master.post(OrvMessage::DISCARD_RECOVERED()); }
+
 void OrvMessageManager::postKeepSetPosition(bool on) { master.post(OrvMessage::KEEP_SET_POSITION(on)); }
 
 void OrvMessageManager::postWatchMidiInputs(bool on) { master.post(OrvMessage::WATCH_MIDI_INPUTS(on)); }

@@ -119,6 +119,9 @@ public:
     /// For a host whose window edits programs.
     void postKeepDrafts(bool on);
     void postDiscardEdits();
+    /// After a crash, see `OrvIF::keepRecovery` and the operation after it.
+    void postKeepRecovery(const RecoveryPlan& plan);
+    void postDiscardRecovered();
     /// For a window that learns an event, see `OrvIF::learn`; with no kinds it ends. `number` comes back with what was
     /// learned.
     void postLearn(const LearnKinds& kinds, std::uint32_t number);

@@ -11,6 +11,7 @@
 #include "api/OrvMessageManager.h"
 #include "backend/engine/MidiEngine.h"
 #include "backend/files/BankFile.h"
+#include "backend/model/BankEdit.h"
 #include "backend/xml/XmlDocument.h"
 #include "bench/BigBank.h"
 #include "bench/EngineBench.h"
@@ -89,33 +90,70 @@ void moveProgram(benchmark::State& state)
         if (!bank.arrange(order)) state.SkipWithError("not written");
 }
 
-/// Changes the program: the time until the backend is at rest, with resets executed at once.
-void changeProgram(benchmark::State& state)
+/// The backend with the bank, of which nothing plays; resets are executed at once.
+class Backstage
 {
-    ThousandPrograms::get();
-    SummingPlayer player;
-    const std::unique_ptr<OrvIF> orv(OrvFactory::createOrv("Bench", player, false));
-    orv->start();
-    auto& commands = orv->getOrvMessageManager();
-    commands.sendInitialize();
-    std::int32_t pulse = MidiEngine::MidiEngine::FIRST_PULSE;
-    const auto rest = [&] {
+public:
+    Backstage()
+    {
+        orv->start();
+        commands().sendInitialize();
+        orv->playTimeSlice(pulse, pulse + 1);
+        ++pulse;
+        commands().postLoadBank(ThousandPrograms::get().path());
+        rest();
+    }
+    ~Backstage()
+    {
+        commands().sendEnd();
+        orv->stop();
+    }
+
+    OrvMessageManager& commands() { return orv->getOrvMessageManager(); }
+    void rest()
+    {
         while (!orv->isAtRest() || orv->isResetWaiting()) {
             if (orv->isResetWaiting()) orv->playTimeSlice(pulse, pulse);
             std::this_thread::yield();
         }
-    };
-    orv->playTimeSlice(pulse, pulse + 1);
-    ++pulse;
-    commands.postLoadBank(ThousandPrograms::get().path());
-    rest();
+    }
+
+private:
+    SummingPlayer player;
+    const std::unique_ptr<OrvIF> orv{OrvFactory::createOrv("Bench", player, false)};
+    std::int32_t pulse = MidiEngine::MidiEngine::FIRST_PULSE;
+};
+
+/// Changes the program: the time until the backend is at rest.
+void changeProgram(benchmark::State& state)
+{
+    ThousandPrograms::get();
+    Backstage backend;
     int number = 0;
     for (auto _ : state) {
-        commands.postChangeProgram({SelectType::Kind::specific, number = (number + 611) % PROGRAMS});
-        rest();
+        backend.commands().postChangeProgram({SelectType::Kind::specific, number = (number + 611) % PROGRAMS});
+        backend.rest();
     }
-    commands.sendEnd();
-    orv->stop();
+}
+
+/// A step of the user in the programs of a bank, in the way of the backend: the time until it is at rest. It is undone
+/// each time, which is not counted.
+void editBank(benchmark::State& state, BankEdit edit)
+{
+    const std::string other = ThousandPrograms::get().path() + ".other.bnk";
+    BigBank::write(other);
+    Backstage backend;
+    const bool fromOther = !edit.source.empty();
+    if (fromOther) edit.source = other;
+    for (auto _ : state) {
+        backend.commands().postEditBank(edit);
+        backend.rest();
+        state.PauseTiming();
+        backend.commands().postUndoBank("");
+        if (fromOther && edit.kind == BankEdit::Kind::move) backend.commands().postUndoBank(other);
+        backend.rest();
+        state.ResumeTiming();
+    }
 }
 }  // namespace
 
@@ -124,4 +162,13 @@ BENCHMARK(readProgram)->Unit(benchmark::kMicrosecond);
 BENCHMARK(changeProgram)->Unit(benchmark::kMicrosecond)->UseRealTime();
 BENCHMARK(replaceProgram)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(moveProgram)->Unit(benchmark::kMillisecond)->UseRealTime();
+#define BANK_STEP(name, ...) \
+    BENCHMARK_CAPTURE(editBank, name, BankEdit{__VA_ARGS__})->Unit(benchmark::kMillisecond)->UseRealTime()->MinTime(3)
+BANK_STEP(add, .kind = BankEdit::Kind::add, .to = 500, .programName = "New");
+BANK_STEP(copy, .kind = BankEdit::Kind::copy, .programs = {700}, .to = 500);
+BANK_STEP(move, .kind = BankEdit::Kind::move, .programs = {700}, .to = 0);
+BANK_STEP(rename, .kind = BankEdit::Kind::rename, .programs = {700}, .programName = "Mine");
+BANK_STEP(remove, .kind = BankEdit::Kind::remove, .programs = {700});
+BANK_STEP(copyFromOtherBank, .kind = BankEdit::Kind::copy, .programs = {700}, .to = 500, .source = "other");
+BANK_STEP(moveFromOtherBank, .kind = BankEdit::Kind::move, .programs = {700}, .to = 500, .source = "other");
 BENCHMARK_MAIN();

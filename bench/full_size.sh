@@ -3,8 +3,10 @@
 #
 #     performer   10,000,000 steps of the restless performer, silent after every 400
 #     saves       1,000 kills at random moments of saves
+#     recovery    200 kills at random moments of edits, and what is restored
 #     keys        from a key to the player, without saves and during saves into a bank of 1,000
 #     changes     10,000 program changes under held notes, by both ways of live input
+#     evening     a set list played in a window, a kill in the middle, and what was heard against what is rendered
 #     restarts    100 kills and restarts of the JACK server under a stream of notes
 #     fuzzers     each fuzzer 10,000,000 inputs or 5 minutes, two at a time
 #     asan, tsan  every test under the sanitizer
@@ -45,6 +47,11 @@ saves() {
     nice -n 10 python3 bench/crash_saves.py build/release/bin/bench_saves 1000
 }
 
+recovery() {
+    build release bench_recovery || return 1
+    nice -n 10 python3 bench/crash_recovery.py build/release/bin/bench_recovery 200
+}
+
 keys() {
     build release bench_keys || return 1
     build/release/bin/bench_keys
@@ -58,6 +65,11 @@ restarts() {
 changes() {
     build release orvane || return 1
     nice -n 10 python3 bench/program_changes.py build/release/bin/orvane
+}
+
+evening() {
+    build release orvane midi_peer || return 1
+    nice -n 10 python3 bench/evening.py build/release/bin/orvane build/release/bin/midi_peer
 }
 
 fuzz_one() {
@@ -92,7 +104,7 @@ if [ "${1:-}" = fuzz_one ]; then
     exit
 fi
 status=0
-[ $# -gt 0 ] || set -- saves keys changes restarts performer fuzzers asan tsan
+[ $# -gt 0 ] || set -- saves recovery keys changes evening restarts performer fuzzers asan tsan
 for run in "$@"; do
     echo "--- $run"
     "$run" || status=1

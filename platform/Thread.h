@@ -44,6 +44,9 @@ enum class RealTimeAnswer { none, refused, granted };
 /// The result of the last request of that step. Any thread.
 ORV_API RealTimeAnswer realTimeAnswer(RealTimeStep step);
 
+/// The calling thread yields to others in ordinary scheduling.
+ORV_API void lowerThreadPriority();
+
 /// A thread with a name that debuggers and process lists show (the first 15 characters of it). Started by `start`,
 /// joined by `join` or the destructor.
 class ORV_API Thread

@@ -114,6 +114,8 @@ void Orv::end()
         registrySettings.set<Settings::LAST_BANK>(bank.name);
         registrySettings.set<Settings::LAST_PROGRAM>(program.number);
     }
+    if (recovery) recovery->remove();
+    recovery.reset();
     registrySettings.saveToRegistry(OrvUtils::getRegistryKey(applicationName));
 }
 
@@ -143,6 +145,8 @@ void Orv::handleCommand(Message& message)
     else if (message.number == OrvMessage::SET_LIST_WRITTEN)
         OrvMessage::SET_LIST_WRITTEN.deliver(
             message, [this](SetListWrite result, const std::string& path) { setListWritten(result, path); });
+    else if (message.number == OrvMessage::WRITE_RECOVERY)
+        writeRecovery();
     else if (message.number == OrvMessage::SETTLE_MIDI_INPUT)
         midiEngine.getMessageManager().postSettleMidiInput(static_cast<int>(message.wparam));
     else if (files.isBusy() && waitsForFiles(message.number))
@@ -188,6 +192,7 @@ HostState Orv::saveState()
 {
     assertBackendThread();
     const bool written = registrySettings.saveToRegistry(OrvUtils::getRegistryKey(applicationName));
+    setRecoveryChanged();  // it must be newer than what the host writes now
     return {bank.name, program.number, getProgramAsString(), written};
 }
 
@@ -248,6 +253,7 @@ void Orv::refreshGui()
     notifyGui(GuiMessage::BANK, bank);
     notifyGui(GuiMessage::PROGRAM, program, false);
     notifyGui(GuiMessage::SET_LIST, setList);
+    if (recoveryResult != RecoveryResult::nothing) notifyGui(GuiMessage::RECOVERY, recoveryResult, recoveryPath);
     shownEdited = getEdited();
     notifyGui(GuiMessage::PROGRAM_EDITED, shownEdited.isCurrent, shownEdited.others);
     for (const ProgramSection* section : sections) {

@@ -2,9 +2,11 @@
 
 #include <array>
 #include <cassert>
+#include <filesystem>
 #include <functional>
 #include <iosfwd>
 #include <map>
+#include <memory>
 #include <optional>
 #include <span>
 #include <string>
@@ -31,6 +33,7 @@
 #include "backend/files/BankFile.h"
 #include "backend/files/FileWork.h"
 #include "backend/files/GuiStart.h"
+#include "backend/files/RecoveryFile.h"
 #include "backend/files/RegistrySettings.h"
 #include "backend/files/SequencePresetManager.h"
 #include "backend/files/SetListFile.h"
@@ -243,6 +246,7 @@ public:
     {
         assertBackendThread();
         registrySettings.setScreens(state.toBits());
+        setRecoveryChanged();
     }
     ScreenState getScreenState() const override
     {
@@ -344,6 +348,8 @@ public:
     void redo(std::uint32_t gesture) override;
     void keepDrafts(bool on) override;
     void discardEdits() override;
+    void keepRecovery(const RecoveryPlan& plan) override;
+    void discardRecovered() override;
     void editBank(const BankEdit& edit) override;
     void undoBank(const std::string& path) override;
     void redoBank(const std::string& path) override;
@@ -411,6 +417,13 @@ private:
     void updateEdited();
     void updateSectionPresets(Repeat repeat = Repeat::no);
     void leaveProgram();
+    void setRecoveryChanged();
+    void writeRecovery();
+    RecoveryState getUnsaved();
+    std::unique_ptr<RecoveryFile> restoreFrom(const std::filesystem::path& directory, const RecoveryPlan& plan);
+    bool restoreFile(const RecoveryFile& file, const RecoveryPlan& plan);
+    bool restore(const RecoveryState& state);
+    void reportRecovery(RecoveryResult result, const std::filesystem::path& path);
     void enterProgram(const XmlElement& stored, int number);
 
     struct SetListStep {
@@ -490,13 +503,19 @@ private:
     RegistrySettings registrySettings;
     Bank bank;
     TapTempo taps;
-    BankFile bankFile;  // of the current bank, if there is one
+    BankFile bankFile;       // of the current bank, if there is one
+    BankFile otherBankFile;  // of another bank whose programs were changed
     Program program;
     ProgramValues programValues{program, [this] { publishProgramValues(); }};
     EditHistory history;  // of the current program
     Drafts drafts;
     std::map<std::string, BankHistory> bankHistories;  // by path, since it was loaded
     bool keepsDrafts = false;
+    std::unique_ptr<RecoveryFile> recovery;       // null while none is kept
+    bool isRecoveryRequested = false;             // since it was written last
+    std::optional<RecoveryState> beforeRecovery;  // what was loaded before something was restored
+    RecoveryResult recoveryResult = RecoveryResult::nothing;
+    std::string recoveryPath;                  // that the result is about
     SetList setList;                           // of the current bank
     std::shared_ptr<SetListFile> setListFile;  // null without a bank
     SetListHistory setListHistory;

@@ -122,7 +122,7 @@ private:
 Orv::BankWork Orv::takeBankFile(const std::string& path)
 {
     const bool isCurrent = path == bank.name;
-    return {.path = path, .file = isCurrent ? std::move(bankFile) : BankFile(), .isCurrent = isCurrent};
+    return {.path = path, .file = std::move(isCurrent ? bankFile : otherBankFile), .isCurrent = isCurrent};
 }
 
 void Orv::editBank(const BankEdit& edit)
@@ -196,7 +196,7 @@ std::map<int, std::string> Orv::findEditedTexts(const BankEdit& edit)
 void Orv::addBankStep(BankWork& work, const std::string& name)
 {
     const bool isCurrentBank = work.path == bank.name;
-    if (isCurrentBank) bankFile = std::move(work.file);
+    (isCurrentBank ? bankFile : otherBankFile) = std::move(work.file);
     if (!work.back) return;
     BankStep step{.name = name, .order = std::move(*work.back), .programs = work.programs};
     if (isCurrentBank) step.drafts = followArrangement(*work.order);
@@ -232,7 +232,7 @@ void Orv::repeatBankStep(const std::string& path, BankHistory::Way way)
             BankStep& repeated = *steps.find(way);
             const BankEditDone done{
                 work->back ? kind : Kind::failed, path, repeated.name, {{path, work->file.getProgramNames()}}};
-            if (isCurrentBank) bankFile = std::move(work->file);
+            (isCurrentBank ? bankFile : otherBankFile) = std::move(work->file);
             if (!work->back) return acknowledgeBank(done);
             repeated.order = std::move(*work->back);
             repeated.programs = work->programs;

@@ -73,6 +73,8 @@ constexpr auto COMMANDS = std::to_array<Command<OrvIF>>({
     on<UNDO, &OrvIF::undo>(),
     on<REDO, &OrvIF::redo>(),
     on<KEEP_DRAFTS, &OrvIF::keepDrafts>(),
+    on<KEEP_RECOVERY, &OrvIF::keepRecovery>(),
+    on<DISCARD_RECOVERED, &OrvIF::discardRecovered>(),
     on<DISCARD_EDITS, &OrvIF::discardEdits>(),
     on<EDIT_BANK, &OrvIF::editBank>(),
     on<UNDO_BANK, &OrvIF::undoBank>(),
@@ -119,7 +121,9 @@ constexpr auto WAIT_FOR_FILES = std::to_array<unsigned int>({END,
                                                              REDO_SET_LIST,
                                                              ENABLE_SET_LIST,
                                                              GO_TO_SET_ENTRY,
-                                                             MAKE_BANK});
+                                                             MAKE_BANK,
+                                                             KEEP_RECOVERY,
+                                                             DISCARD_RECOVERED});
 }  // namespace
 
 bool waitsForFiles(unsigned int number) { return std::ranges::count(WAIT_FOR_FILES, number) > 0; }

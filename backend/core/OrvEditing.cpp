@@ -146,6 +146,7 @@ void Orv::discardEdits()
 /// The window gets the number of edited programs when it changes, see `PROGRAM_EDITED`.
 void Orv::updateEdited()
 {
+    setRecoveryChanged();
     updateSectionPresets();
     const Edited now = getEdited();
     if (now == shownEdited) return;

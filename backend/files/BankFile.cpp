@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <fstream>
+#include <functional>
 #include <utility>
 
 #include "backend/xml/XmlDocument.h"
@@ -17,6 +18,22 @@ namespace
 constexpr const char* PROGRAM = "Program";
 
 XmlElement parse(std::string_view text) { return XmlDocument(text, XmlDocument::Source::text).getRoot(); }
+
+std::size_t hashOf(std::string_view text) { return std::hash<std::string_view>()(text); }
+
+/// Whether the text is a `Program` element with nothing before it but blanks.
+bool isProgram(std::string_view text)
+{
+    return parse(text).getTagName() == PROGRAM && text.substr(text.find('<')).starts_with(xmlOpenTag(PROGRAM));
+}
+
+std::size_t sizeOfNew(const Arrangement& programs)
+{
+    std::size_t size = 0;
+    for (const ArrangedProgram& program : programs)
+        size += program.before.size() + program.element.size() + (program.name ? program.name->size() : 0) + 1;
+    return size;
+}
 
 std::string emptyProgram()
 {
@@ -48,6 +65,7 @@ auto lineOf(std::string_view text, std::size_t place) { return 1 + std::ranges::
 bool BankFile::open(const std::string& newPath)
 {
     if (newPath == path && isUnchanged()) return true;
+    isRead = isRead && newPath == path;
     path = newPath;
     std::string text;
     return load(text);
@@ -75,7 +93,7 @@ bool BankFile::load(std::string& text)
     const Stamp now = stampOf(path);
     const bool isKnown = std::exchange(isRead, false) && now == stamp;
     stamp = now;
-    isRead = readFile(text) && ((isKnown && scanElements(text, PROGRAM) == layout) || takeNames(text));
+    isRead = readFile(text) && ((isKnown && hashOf(text) == hash) || takeNames(text));
     if (!isRead) {
         layout = {};
         names.clear();
@@ -99,6 +117,7 @@ bool BankFile::takeNames(std::string_view text)
         names.push_back(element.getAttribute("name"));
     }
     layout = std::move(*found);
+    hash = hashOf(text);
     return true;
 }
 
@@ -158,7 +177,6 @@ bool BankFile::replaceProgram(int number, std::string_view element)
     layout.rootEnd.moveBy(growth);
     layout.elements[index] = {begin, begin + element.rfind('>') + 1};
     names[index] = program.getAttribute("name");
-    stamp = stampOf(path);
     return true;
 }
 
@@ -171,23 +189,29 @@ std::optional<Arrangement> BankFile::arrange(const Arrangement& programs)
         refuse("its programs cannot be put into that order");
         return std::nullopt;
     }
-    std::string newText = text.substr(0, withItsLines(text, layout.elements.front()).begin);
+    std::string newText;
+    newText.reserve(text.size() + sizeOfNew(programs));
+    newText.append(text, 0, withItsLines(text, layout.elements.front()).begin);
+    ElementLayout newLayout{.elements = {}, .rootName = layout.rootName, .rootEnd = layout.rootEnd};
     std::vector<std::string> newNames;
     for (const ArrangedProgram& program : programs) {
         const bool isNew = program.number < 0;
-        const ArrangedProgram piece = isNew ? program : cut(text, static_cast<std::size_t>(program.number));
-        newNames.push_back(program.name ? *program.name
-                           : isNew      ? parse(piece.element).getAttribute("name")
-                                        : names[static_cast<std::size_t>(program.number)]);
-        if (piece.before.empty() && isNew) newText += lineBreakBefore(newText, newText.size());
-        newText += piece.before + (program.name ? renamed(piece.element, *program.name) : piece.element);
+        const auto number = static_cast<std::size_t>(program.number);
+        std::string_view element = isNew ? program.element : withItsLines(text, layout.elements[number]).of(text);
+        const std::string other = program.name ? renamed(std::string(element), *program.name) : "";
+        if (program.name) element = other;
+        newNames.push_back(program.name ? *program.name : isNew ? parse(element).getAttribute("name") : names[number]);
+        newText += isNew ? program.before : gapBefore(text, number).of(text);
+        if (isNew && program.before.empty()) newText += lineBreakBefore(newText, newText.size());
+        newLayout.elements.push_back({newText.size() + element.find('<'), newText.size() + element.rfind('>') + 1});
+        newText += element;
     }
-    newText += text.substr(withItsLines(text, layout.elements.back()).end);
-    auto newLayout = scanElements(newText, PROGRAM);
-    if (!newLayout || newLayout->elements.size() != newNames.size() || !write(newText)) return std::nullopt;
-    layout = std::move(*newLayout);
+    const std::size_t end = withItsLines(text, layout.elements.back()).end;
+    newLayout.rootEnd.moveBy(newText.size() - end);
+    newText.append(text, end);
+    if (!write(newText)) return std::nullopt;
+    layout = std::move(newLayout);
     names = std::move(newNames);
-    stamp = stampOf(path);
     return back;
 }
 
@@ -216,7 +240,7 @@ std::optional<Arrangement> BankFile::invert(const Arrangement& programs, std::st
     for (std::size_t place = 0; place < programs.size(); ++place) {
         const ArrangedProgram& program = programs[place];
         if (program.number < 0) {
-            if (parse(program.element).getTagName() != PROGRAM) return std::nullopt;
+            if (!isProgram(program.element)) return std::nullopt;
             continue;
         }
         const auto number = static_cast<std::size_t>(program.number);
@@ -229,20 +253,26 @@ std::optional<Arrangement> BankFile::invert(const Arrangement& programs, std::st
     return back;
 }
 
+/// What stands between the lines of a program and those of the one before it; nothing before the first one.
+TextSpan BankFile::gapBefore(std::string_view text, std::size_t number) const
+{
+    const std::size_t end = withItsLines(text, layout.elements[number]).begin;
+    return {number == 0 ? end : withItsLines(text, layout.elements[number - 1]).end, end};
+}
+
 /// The text of a program with what stands before it.
 ArrangedProgram BankFile::cut(std::string_view text, std::size_t number) const
 {
-    const TextSpan lines = withItsLines(text, layout.elements[number]);
-    const std::size_t begin = number == 0 ? lines.begin : withItsLines(text, layout.elements[number - 1]).end;
-    return {.before = std::string(text.substr(begin, lines.begin - begin)), .element = std::string(lines.of(text))};
+    return {.before = std::string(gapBefore(text, number).of(text)),
+            .element = std::string(withItsLines(text, layout.elements[number]).of(text))};
 }
 
 bool BankFile::create(const std::string& newPath, int number, std::string_view element)
 {
+    std::error_code none;
+    if (number < 0 || number >= MAX_PROGRAMS || std::filesystem::exists(pathOf(newPath), none)) return false;
     path = newPath;
     isRead = false;
-    std::error_code none;
-    if (number < 0 || number >= MAX_PROGRAMS || std::filesystem::exists(pathOf(path), none)) return false;
     if (parse(element).getTagName() != PROGRAM) return refuse("the program to be saved is not well-formed");
     std::string text = xmlOpenTag("Bank") + xmlCloseOpen() + "\n";
     for (int before = 0; before < number; ++before) text += emptyProgram();
@@ -276,7 +306,6 @@ bool BankFile::saveAs(const std::string& newPath)
     const std::string oldPath = std::exchange(path, newPath);
     const bool isWritten = write(text);
     if (!isWritten) path = oldPath;
-    stamp = stampOf(path);
     return isWritten;
 }
 
@@ -285,6 +314,8 @@ bool BankFile::write(const std::string& text)
     if (text.size() > MAX_SIZE) return refuse("it would be too large");
     if (const auto error = WholeFile::replace(pathOf(path), text, WholeFile::Pace::gentle))
         return refuse("not written: " + error.message());
+    stamp = stampOf(path);
+    hash = hashOf(text);
     return true;
 }
 

@@ -91,6 +91,7 @@ private:
     bool hasProgram(int number) const { return number >= 0 && static_cast<std::size_t>(number) < names.size(); }
     XmlElement fetch(std::size_t number) const;
     std::optional<Arrangement> invert(const Arrangement& programs, std::string_view text) const;
+    TextSpan gapBefore(std::string_view text, std::size_t number) const;
     ArrangedProgram cut(std::string_view text, std::size_t number) const;
     bool takeNames(std::string_view text);
     bool write(const std::string& text);
@@ -99,6 +100,7 @@ private:
     std::string path;
     bool isRead = false;
     Stamp stamp;
+    std::size_t hash = 0;  // of the whole text, because two writes may have the same stamp
     ElementLayout layout;
     std::vector<std::string> names;
 };

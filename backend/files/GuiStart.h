@@ -1,6 +1,9 @@
 #pragma once
 
+#include <optional>
+
 #include "api/Bank.h"
+#include "api/HostState.h"
 #include "backend/files/RegistrySettings.h"
 #include "backend/model/MidiPort.h"
 #include "backend/model/Program.h"
@@ -16,6 +19,7 @@ struct GuiStart {
     MidiEngine::MidiInputPorts inputs{};
     MidiEngine::MidiOutputPorts outputs{};
     ScreenState screens{};
-    bool isVstPlugin = false;  ///< a plug-in host shows the window and places it
+    bool isVstPlugin = false;                      ///< a plug-in host shows the window and places it
+    std::optional<HostOverrides> hostOverrides{};  ///< none if the host executes no settings
 };
 }  // namespace Backend

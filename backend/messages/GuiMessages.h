@@ -20,6 +20,7 @@
 #include "backend/model/OscList.h"
 #include "backend/model/PresetList.h"
 #include "backend/model/Program.h"
+#include "backend/model/Recovery.h"
 #include "backend/model/Screen.h"
 #include "backend/model/SetList.h"
 #include "backend/model/WindowMove.h"
@@ -92,6 +93,8 @@ inline constexpr TypedMessage<Notice, std::string> NOTICE{33316, "Notice"};
 /// For each layer the step of its sequence that its arpeggio plays, -1 while it plays none; see
 /// `OrvIF::sendSequenceSteps`.
 inline constexpr TypedMessage<std::vector<int>> SEQUENCE_STEPS{33305, "SequenceSteps"};
+/// At the start, with the path of the recovery file that it is about.
+inline constexpr TypedMessage<RecoveryResult, std::string> RECOVERY{33325, "Recovery"};
 
 /// Those that were replaced.
 inline constexpr TypedMessage<std::vector<ComputerInput::KeyConfiguration>> KEY_CONFIGURATIONS{33469,

@@ -24,6 +24,7 @@ enum class NewBank;
 struct Edit;
 struct HostStart;
 struct HostState;
+struct RecoveryPlan;
 struct SetListEdit;
 enum class SetListWrite;
 
@@ -31,7 +32,7 @@ enum class SetListWrite;
 /// setting are in `SettingMessages.h`.
 namespace OrvMessage
 {
-inline constexpr MessageRange RANGE{33218, 33323};
+inline constexpr MessageRange RANGE{33218, 33359};
 
 inline constexpr TypedRequest<std::string> GET_PROGRAM_AS_STRING{{33218, "GetProgramAsString"}};
 inline constexpr TypedMessage<> INITIALIZE{33219, "Initialize"};
@@ -107,6 +108,10 @@ inline constexpr TypedMessage<bool> WATCH_NOTES{33300, "WatchNotes"};
 inline constexpr TypedMessage<std::string, std::string> RENAME_SEQUENCE_PRESET{33305, "RenameSequencePreset"};
 inline constexpr TypedMessage<std::string, NewBank, WindowHandle> MAKE_BANK{33310, "MakeBank"};
 inline constexpr TypedMessage<bool> CONTINUE_LAST{33311, "ContinueLast"};
+inline constexpr TypedMessage<RecoveryPlan> KEEP_RECOVERY{33325, "KeepRecovery"};
+inline constexpr TypedMessage<> DISCARD_RECOVERED{33326, "DiscardRecovered"};
+/// From the thread of the recovery file: it waits for what is not saved.
+inline constexpr TypedMessage<> WRITE_RECOVERY{33327, "WriteRecovery"};
 /// From the files thread: its work is finished.
 inline constexpr TypedMessage<> FILES_DONE{33277, "FilesDone"};
 }  // namespace OrvMessage

@@ -73,10 +73,10 @@ void EditHistory::presetChanged(const std::string& section, const std::string& o
     }
 }
 
-SectionPreset EditHistory::getPreset(const std::string& section) const
+SectionPreset EditHistory::presetAfter(std::size_t count, const std::string& section) const
 {
     bool isEdited = false;
-    for (std::size_t count = position;; --count) {
+    for (;; --count) {
         const auto preset = presets.find({stateAfter(count), section});
         if (preset != presets.end()) return {preset->second.name, isEdited || preset->second.isEdited};
         if (count == 0) return {"", isEdited};

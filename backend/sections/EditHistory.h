@@ -59,17 +59,25 @@ public:
     void setPreset(const std::string& section, const std::string& name) { presets[{getState(), section}] = {name}; }
     /// A preset was written, or renamed from `oldName`, or removed without a new name.
     void presetChanged(const std::string& section, const std::string& oldName, const std::string& newName);
-    SectionPreset getPreset(const std::string& section) const;
+    SectionPreset getPreset(const std::string& section) const { return presetAfter(position, section); }
+
+    /// A copy with at most so many steps on both sides of the present state, and some 256 KB of texts.
+    EditHistory getLatest(std::size_t count) const;
+    std::string toXml() const;
+    /// False if that is no history; then nothing changes.
+    bool readXml(const XmlElement& element);
 
 private:
     static constexpr State LOADED = 0;
     static constexpr State NONE = ~State{0};
 
-    State stateAfter(std::size_t count) const { return count == 0 ? LOADED : steps[count - 1].state; }
+    State stateAfter(std::size_t count) const { return count == 0 ? first : steps[count - 1].state; }
+    SectionPreset presetAfter(std::size_t count, const std::string& section) const;
 
     std::vector<EditStep> steps;
     std::map<std::pair<State, std::string>, SectionPreset> presets;  // by state and section
     std::size_t position = 0;  // steps before it are executed, those from it on were undone
+    State first = LOADED;      // before the first step
     State newest = LOADED;
     State saved = LOADED;
 };

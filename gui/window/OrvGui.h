@@ -124,6 +124,7 @@ public:
     void handleEditDone(const Backend::EditDone& done) override;
     void handleBankEditDone(const Backend::BankEditDone& done) override;
     void handleProgramEdited(bool isEdited, int others) override;
+    void handleRecovery(Backend::RecoveryResult result, const std::string& path) override;
     void handleSectionPreset(std::size_t section, bool edited, const std::string& name) override;
     void askBeforeLoss(Loss loss, std::function<void()> goOn) override;
     Learner& getLearner() override;

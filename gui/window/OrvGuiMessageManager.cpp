@@ -79,6 +79,7 @@ constexpr auto COMMANDS = std::to_array<Command<OrvGuiIF>>({
     on<GuiMessage::SEQUENCE_STEPS, &OrvGuiIF::handleSequenceSteps>(),
     on<GuiMessage::SET_LIST, &OrvGuiIF::handleSetListChanged>(),
     on<GuiMessage::NOTICE, &OrvGuiIF::handleNotice>(),
+    on<GuiMessage::RECOVERY, &OrvGuiIF::handleRecovery>(),
 });
 }  // namespace
 

@@ -5,6 +5,7 @@
 #include "api/OrvMessageManager.h"
 #include "api/ParentWindow.h"
 #include "backend/model/Notice.h"
+#include "backend/model/Recovery.h"
 #include "gui/files/ProgramsDialog.h"
 #include "gui/files/RecentFiles.h"
 #include "gui/framework/EditPoster.h"
@@ -198,6 +199,29 @@ void OrvGui::handleProgramEdited(bool edited, int others)
     isEdited = edited;
     otherEdited = others;
     open->main->getStagePanel().handleProgramEdited(edited, others);
+}
+
+void OrvGui::handleRecovery(RecoveryResult result, const std::string& path)
+{
+    const auto report = [this](const QString& text) { displayMessage(text.toStdString()); };
+    const QString file = QString::fromStdString(path);
+    if (result != RecoveryResult::notKept) open->main->getStagePanel().offerDiscard(result == RecoveryResult::restored);
+    switch (result) {
+        case RecoveryResult::nothing:
+            break;
+        case RecoveryResult::restored:
+            report(QObject::tr("What was not saved is there again. Discard goes back to what is saved."));
+            break;
+        case RecoveryResult::unreadable:
+            report(QObject::tr("What was not saved cannot be read; the file is kept as \"%1\".").arg(file));
+            break;
+        case RecoveryResult::bankMissing:
+            report(QObject::tr("What was not saved stays in \"%1\" until its bank can be loaded.").arg(file));
+            break;
+        case RecoveryResult::notKept:
+            report(QObject::tr("No file can be written to \"%1\": after a crash, edits would be lost.").arg(file));
+            break;
+    }
 }
 
 void OrvGui::handleProgramNameChanged(const Program& program) { handleProgramChanged(program); }

@@ -130,8 +130,8 @@ Setup SessionFolder::getSetup(const Report& report) const
             report("The session's bank cannot be loaded; the default bank is loaded instead: " + bank);
     }
     std::error_code none;
-    if (fs::exists(programPath(), none)) {
-        const auto bytes = readWholeFile(programPath());
+    if (fs::exists(getProgramPath(), none)) {
+        const auto bytes = readWholeFile(getProgramPath());
         setup.program.assign(bytes.begin(), bytes.end());
     }
     return setup;
@@ -140,8 +140,8 @@ Setup SessionFolder::getSetup(const Report& report) const
 std::string SessionFolder::save(const Backend::HostState& state) const
 {
     if (!state.areSettingsWritten) return "the settings cannot be written";
-    if (const auto error = WholeFile::replace(programPath(), state.program))
-        return textOf(programPath()) + ": " + error.message();
+    if (const auto error = WholeFile::replace(getProgramPath(), state.program))
+        return textOf(getProgramPath()) + ": " + error.message();
     SettingsStore session(OrvUtils::getRegistryKey(SESSION));
     session.setString(BANK, state.bank);
     session.setNumber(NUMBER, state.number);

@@ -26,10 +26,11 @@ public:
     /// Saves the state of the backend, which has written its settings. Returns an empty text, or why it was not saved.
     std::string save(const Backend::HostState& state) const;
 
+    std::filesystem::path getProgramPath() const { return folder / "program.xml"; }
+
 private:
     void copyUserFiles() const;
     void followMove() const;
-    std::filesystem::path programPath() const { return folder / "program.xml"; }
 
     const std::filesystem::path folder;
 };

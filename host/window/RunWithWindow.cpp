@@ -15,6 +15,7 @@
 #include "host/window/HelpLine.h"
 #include "host/window/PlayThread.h"
 #include "host/window/SingleInstance.h"
+#include "platform/Path.h"
 
 namespace Host
 {
@@ -109,10 +110,23 @@ void acceptOtherStarts(SingleInstance& instance, const PlayThread& play, LiveHos
     });
 }
 
+/// A bank on the command line is restored as it was edited; with other files the recovery file waits for a start
+/// without any. A session has its own.
+Backend::RecoveryPlan recoveryOf(const RunOptions& options)
+{
+    using enum Backend::RecoveryPlan::Restores;
+    if (options.session != nullptr) return {.restores = any, .newerThan = textOf(options.session->getProgramPath())};
+    const auto& files = options.setup.loads;
+    const bool isBank = files.size() == 1 && pathOf(files.front()).extension() == ".bnk";
+    return {.restores = files.empty() ? any : isBank ? ofCurrentBank : nothing};
+}
+
 void playWithWindow(PlayThread& play, SingleInstance* instance, HelpLine& helpLine, const RunOptions& options)
 {
     LiveHost& host = play.waitUntilPlaying();
-    host.getPlay().getOrv().getOrvMessageManager().postKeepDrafts(true);
+    auto& backend = host.getPlay().getOrv().getOrvMessageManager();
+    backend.postKeepDrafts(true);
+    backend.postKeepRecovery(recoveryOf(options));
     DesktopWindow window(host.getPlay().getOrv(), &leaveEventLoop);
     helpLine.attach(window.getGui());
     play.setStatusReceiver([&window](const Gui::HostStatus& status) {

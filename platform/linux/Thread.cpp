@@ -2,6 +2,7 @@
 
 #include <pthread.h>
 #include <sched.h>
+#include <sys/resource.h>
 #include <sys/syscall.h>
 #include <unistd.h>
 
@@ -59,6 +60,12 @@ bool requestRealTimePriority(RealTimeStep step)
     const bool granted = mayAsk && sched_setscheduler(0, SCHED_FIFO | SCHED_RESET_ON_FORK, &parameters) == 0;
     note(step, granted);
     return granted;
+}
+
+void lowerThreadPriority()
+{
+    constexpr int LOWER = 10;  // of a thread, where POSIX has processes
+    setpriority(PRIO_PROCESS, static_cast<id_t>(syscall(SYS_gettid)), LOWER);
 }
 
 RealTimeAnswer realTimeAnswer(RealTimeStep step) { return answers[static_cast<std::size_t>(step)].load(); }

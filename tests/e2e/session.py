@@ -1,10 +1,12 @@
 """A session of several programs, opened, saved and ended by a session manager of the test's own:
 session.py ORVANE MIDI_PEER"""
+import glob
 import os
 import shutil
 import signal
 import socket
 import struct
+import time
 import unittest
 
 import live
@@ -103,6 +105,13 @@ class Session(live.Graph):
     def program(self, folder=None):
         with open((folder or self.session) + "/program.xml") as file:
             return file.read()
+
+    def recovery(self):
+        """What is not saved."""
+        for path in glob.glob(self.session + "/**/recovery-1", recursive=True):
+            with open(path) as file:
+                return file.read()
+        return ""
 
     def await_program(self, name, tempo, folder=None):
         until(lambda: self.manager.save() and f'name="{name}" tempo="{tempo}"' in self.program(folder), name)
@@ -229,6 +238,29 @@ class Session(live.Graph):
                 self.end(orvane)
                 until(lambda: not sounding(monitor.received), "the note-off")
                 keys.clean()
+
+    def test_after_a_kill_a_session_goes_on_if_it_was_not_saved_since(self):
+        bank = self.write("two.bnk", "<Bank>\n" + "".join(
+            f"""<Program name="{name}"><MidiInput><MidiEvent midiEvent="Controller Change,20"><Translation>
+            <ChangeProgram type="{other}"/></Translation></MidiEvent></MidiInput></Program>\n"""
+            for other, name in ((1, "First"), (0, "Second"))) + "</Bank>\n")
+        orvane = self.start()
+        orvane.say("load " + bank)
+        self.await_program("First", 120)
+        self.end(orvane)
+        self.environment["DISPLAY"] = window.Display(self).name
+        for number, is_older in ((1, False), (0, True)):
+            orvane = self.start("--client", "Orvane")
+            orvane.await_start("Closing the window")
+            self.play("orvane.nTEST:Orvane In", "0:b01401")
+            until(lambda: f'bank="{bank}" number="{number}"' in self.recovery(), "the program in the recovery file")
+            self.assertEqual(orvane.end(signal.SIGKILL), -signal.SIGKILL)
+            if is_older:
+                os.utime(self.session + "/program.xml", (time.time() + 1, time.time() + 1))
+            orvane = self.start("--client", "Orvane")
+            orvane.await_start("Closing the window")
+            self.await_program("Second", 120)
+            self.end(orvane)
 
 
 if __name__ == "__main__":
