@@ -40,6 +40,16 @@ SEQUENCE = """<ProgramFile><Program name="Sequence">
     <Layers><Layer><Arpeggio><UpArpeggio beat="480" length="240"/></Arpeggio>
     <SequenceSetting><Sequence>0,0|7 V20,-,12,10 V-30,7|12,-,5</Sequence></SequenceSetting></Layer></Layers>
     </Program></ProgramFile>"""
+JOYSTICK_PRESET = ROOT + "/content/Default/Joystick Presets/001 - Bend and Modulation.pst"
+OSCILLATORS = """<ProgramFile><Program name="Sweeps">
+    <ComputerInput><Key id="Q"><Function><Down><ChangeOscPlaying type="all" value="on"/></Down></Function></Key>
+    </ComputerInput><Oscillators>
+    <Oscillator type="sin" speed="1920" detail="1" midiMessage="Controller Change,74"/>
+    <Oscillator type="tri" speed="160" min="4096" max="12288" midiMessage="Pitch Bend"/>
+    <Oscillator type="random" speed="480" midiMessage="Controller Change,10"/>
+    <Oscillator type="saw" speed="1000" speedMode="ppq" min="127" max="40" midiMessage="Controller Change,7"/>
+    </Oscillators><Layers><Layer/></Layers></Program></ProgramFile>"""
+FIRST_OSCILLATOR = (33, 111)  # its number on the oscillator screen
 FIRST_LAYER = (480, 201)  # its bar on the layer screen
 EDITED_KEY = (97, 196)  # Q on the keys screen
 THREE_BUTTONS = 300  # a window with a screen is wider
@@ -192,12 +202,21 @@ def suffix(scale):
     return "@2x" if scale == 2 else ""
 
 
+def writeJoystickProgram(path):
+    with open(JOYSTICK_PRESET) as file:
+        section = file.read().split("?>", 1)[1]
+    with open(path, "w") as file:
+        file.write(f'<ProgramFile><Program name="Joystick">{section}</Program></ProgramFile>')
+    return path
+
+
 def takeScreens(user, display):
     for screen in [None, *SCREENS]:
         for scale in (1, 2):
             if screen:
                 user.showOnly(screen)
-            user.open(scale, HELD_KEYS)
+            bound = [writeJoystickProgram(user.folder + "/joystick.prg")] if screen == "joystick" else []
+            user.open(scale, HELD_KEYS, bound)
             there = takePicture(user, display, (screen or "window") + suffix(scale))
             user.close(HELD_KEYS)
             if not there:

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <string>
 
 #include "platform/Export.h"
 
@@ -41,6 +42,9 @@ public:
     /// The state of each joystick now, by place; none where there is no joystick. A new one gets the lowest free place.
     /// A place stays empty for at least one reading after its joystick was unplugged.
     Readings read();
+
+    /// What the joystick in a place, 0 or 1, calls itself; empty without a joystick or a name.
+    std::string getName(std::size_t place) const;
 
 private:
     struct Devices;

@@ -141,6 +141,8 @@ inline constexpr TypedMessage<Joystick::JoystickElement> JOYSTICK_BUTTON_DOWN{35
 inline constexpr TypedMessage<Joystick::JoystickElement> JOYSTICK_BUTTON_UP{35225, "JoystickButtonUp"};
 /// Joystick, axis and, from bit 16, the value; `min` and, from bit 16, `max`.
 inline constexpr TypedMessage<std::uint32_t, std::int32_t> JOYSTICK_AXIS{35226, "JoystickAxis"};
+/// Whether a joystick is plugged in, and what it calls itself.
+inline constexpr TypedMessage<int, bool, std::string> JOYSTICK_DEVICE{35227, "JoystickDevice"};
 
 inline constexpr TypedMessage<Oscillators::OscList> OSCILLATORS{35469, "Oscillators"};
 inline constexpr TypedMessage<Oscillators::OscId, bool> OSC_SELECTED{35470, "OscSelected"};

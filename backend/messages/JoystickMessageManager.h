@@ -14,6 +14,7 @@ namespace JoystickMessage
 {
 inline constexpr MessageRange RANGE{35218, 35240};
 
+inline constexpr TypedMessage<int, bool, std::string> DEVICE_CHANGED{35218, "DeviceChanged"};
 inline constexpr TypedMessage<std::vector<JoystickButtonConfiguration>, bool> SET_BUTTON_CONFIGURATIONS{
     35219, "SetButtonConfigurations"};
 inline constexpr TypedMessage<std::vector<AxisConfiguration>, bool> SET_AXIS_CONFIGURATIONS{35220,
@@ -46,6 +47,12 @@ public:
     JoystickMessageManager(MessageManagerMaster& managerMaster, Handler handler)
         : PresetMessageManager(managerMaster, JoystickMessage::RANGE, std::move(handler))
     {
+    }
+
+    /// A joystick was plugged in, with what it calls itself, or was unplugged.
+    void postDeviceChanged(int joystick, bool present, const std::string& name)
+    {
+        master.post(JoystickMessage::DEVICE_CHANGED(joystick, present, name));
     }
 
     // Reports of a joystick, ignored while it is disabled

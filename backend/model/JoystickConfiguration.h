@@ -46,6 +46,9 @@ struct ORV_API JoystickConfiguration {
     /// The number of a button or an axis as a record that the window edits.
     static constexpr RecordId recordOf(const JoyButtonElementId& id) { return id.joystick << 8 | id.button; }
     static constexpr RecordId recordOf(const JoyAxisElementId& id) { return 1 << 16 | id.joystick << 8 | id.axis; }
+    /// The button or the axis of a record; not valid for a record of the other kind.
+    static constexpr JoyButtonElementId buttonOf(RecordId id) { return {id >> 8, id & 0xFF}; }
+    static constexpr JoyAxisElementId axisOf(RecordId id) { return {(id >> 8) - (1 << 8), id & 0xFF}; }
 
     std::vector<JoystickButtonConfiguration> allButtons() const;
     std::vector<AxisConfiguration> allAxes() const;

@@ -27,7 +27,13 @@ constexpr int SETTINGS_STRETCH = 5;
 
 BindingEditor::BindingEditor(GuiContext& owner, RecordEditor& shownEditor, BindingRecords& shownRecords, Of kind,
                              QWidget* parent)
-    : QWidget(parent), editor(shownEditor), records(shownRecords)
+    : BindingEditor(owner, shownEditor, shownRecords, new BindingPicker(kind), parent)
+{
+}
+
+BindingEditor::BindingEditor(GuiContext& owner, RecordEditor& shownEditor, BindingRecords& shownRecords,
+                             QWidget* picture, QWidget* parent)
+    : QWidget(parent), editor(shownEditor), records(shownRecords), picker(dynamic_cast<BindingPicker*>(picture))
 {
     editor.observe(*this, [this] { showSelected(); });
     auto* const line = new QHBoxLayout(this);
@@ -35,9 +41,8 @@ BindingEditor::BindingEditor(GuiContext& owner, RecordEditor& shownEditor, Bindi
     makeEntries(*line);
     common = new RecordForm(owner, editor);
     line->itemAt(0)->layout()->addWidget(common);
-    picker = new BindingPicker(kind);
-    picker->onChoose = [this](const std::string& typeName) { choose(typeName); };
-    line->addWidget(picker, PICKER_STRETCH);
+    if (picker != nullptr) picker->onChoose = [this](const std::string& typeName) { choose(typeName); };
+    line->addWidget(picture, PICKER_STRETCH);
     makeSettings(*line, owner);
     showSelected();
     settings->showSelected();
@@ -150,7 +155,7 @@ void BindingEditor::showRows()
 void BindingEditor::showRow()
 {
     const std::string type = getType();
-    if (picker->getChosen() != type) picker->setChosen(type);
+    if (picker != nullptr && picker->getChosen() != type) picker->setChosen(type);
     notesLine->setVisible(shown.size() > 1 && hasNotes());
     records.setHelp(shown.front(), row, *settings);
     const int entries = countRows() / records.getRowsPerEntry();
@@ -158,6 +163,7 @@ void BindingEditor::showRow()
     removeButton->setEnabled(entries > 1 || !records.write(shown.front()).empty());
     earlierButton->setEnabled(getEntry() > 0);
     laterButton->setEnabled(getEntry() + 1 < entries);
+    if (onShown) onShown(shown.front(), row);
 }
 
 void BindingEditor::chooseRow(int newRow)

@@ -36,6 +36,12 @@ public:
     /// All must outlive it. The records are those of the editor.
     BindingEditor(GuiContext& owner, RecordEditor& shownEditor, BindingRecords& shownRecords, Of kind,
                   QWidget* parent = nullptr);
+    /// For entries of one type: `picture`, which it owns, has the place of the picker.
+    BindingEditor(GuiContext& owner, RecordEditor& shownEditor, BindingRecords& shownRecords, QWidget* picture,
+                  QWidget* parent = nullptr);
+
+    /// Called when the current row, or what it does, may be another one.
+    std::function<void(Backend::RecordId first, int row)> onShown;
 
 private:
     void makeEntries(QHBoxLayout& line);
@@ -69,7 +75,7 @@ private:
     QPushButton* removeButton = nullptr;
     QPushButton* earlierButton = nullptr;
     QPushButton* laterButton = nullptr;
-    BindingPicker* picker = nullptr;
+    BindingPicker* picker = nullptr;  // null where there is a picture
     QWidget* notesLine = nullptr;
     ComboBox* notes = nullptr;
     RecordForm* common = nullptr;

@@ -108,6 +108,11 @@ void PresetCtl::listChanged()
 
 // --- what the user does
 
+std::string PresetCtl::fileOf(const std::string& name) const
+{
+    return std::string(section.folder) + "/" + name + ".pst";
+}
+
 void PresetCtl::addPreset(const std::string& name, bool selectedOnly)
 {
     commands.save(name, selectedOnly && selection ? selection() : std::vector<RecordId>());

@@ -50,6 +50,7 @@ public:
     void renamePreset(const std::string& oldName, const std::string& newName) override;
     void deletePreset(const std::string& name) override;
     const Backend::PresetList& getPresetList() const override { return list; }
+    std::string fileOf(const std::string& name) const override;
     bool hasSelection() const override { return selection && !selection().empty(); }
 
 protected:

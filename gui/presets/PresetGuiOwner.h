@@ -19,6 +19,8 @@ public:
     virtual void renamePreset(const std::string& oldName, const std::string& newName) = 0;
     virtual void deletePreset(const std::string& name) = 0;
     virtual const Backend::PresetList& getPresetList() const = 0;
+    /// The file name of a preset with its folder in the data folder, "Layer Presets/Organ.pst".
+    virtual std::string fileOf(const std::string& name) const = 0;
 
     /// Whether rows are selected that can be saved alone.
     virtual bool hasSelection() const = 0;

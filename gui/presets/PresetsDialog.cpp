@@ -2,11 +2,13 @@
 
 #include <QCheckBox>
 #include <QCoreApplication>
+#include <QFileInfo>
 #include <QGridLayout>
 #include <QListWidget>
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "api/OrvUtils.h"
 #include "gui/framework/EditBoxDialog.h"
 #include "gui/framework/ErrorLine.h"
 #include "gui/framework/FileNames.h"
@@ -17,6 +19,8 @@
 
 namespace Gui::Preset
 {
+using Backend::OrvUtils;
+
 namespace
 {
 constexpr QSize LIST(260, 220);
@@ -27,6 +31,13 @@ QString tr(const char* text) { return QCoreApplication::translate("PresetsDialog
 QString refusePresetName(const QString& name)
 {
     return name.isEmpty() ? tr("Name cannot be blank") : refuseFileName(name);
+}
+
+/// Whether saving under that name replaces a preset: one of the list, or one that another window has saved since.
+bool isTaken(const PresetGuiOwner& owner, const QString& name)
+{
+    const std::string file = OrvUtils::pathIn(OrvUtils::getOrvAppDataDir(), owner.fileOf(name.toStdString()));
+    return owner.getPresetList().find(name.toStdString()) != nullptr || QFileInfo::exists(QString::fromStdString(file));
 }
 
 EditBoxDialog& makeNameDialog(const QString& title, const QString& startText, QWidget& parent)
@@ -48,7 +59,7 @@ void showAddPresetDialog(PresetGuiOwner& owner, QWidget& parent)
     selectedOnly->setEnabled(owner.hasSelection());
     dialog.addOption(selectedOnly);
     dialog.doubt = [&owner](const QString& name) -> EditBoxDialog::Doubt {
-        if (owner.getPresetList().find(name.toStdString()) == nullptr) return {};
+        if (!isTaken(owner, name)) return {};
         return {tr("Confirm Overwrite"), tr("Preset already exists. Overwrite?")};
     };
     QObject::connect(&dialog, &QDialog::accepted, &parent, [&owner, &dialog, selectedOnly] {
@@ -131,8 +142,8 @@ void PresetsDialog::editPreset()
     if (name.isEmpty()) return;
     EditBoxDialog& dialog = makeNameDialog(tr("Edit Preset Name"), name, *this);
     dialog.warn = [this, name](const QString& newName) {
-        const bool isTaken = newName != name && owner.getPresetList().find(newName.toStdString()) != nullptr;
-        return isTaken ? tr("Another preset has this name. OK once more replaces it.") : QString();
+        const bool replaces = newName != name && isTaken(owner, newName);
+        return replaces ? tr("Another preset has this name. OK once more replaces it.") : QString();
     };
     connect(&dialog, &QDialog::accepted, this,
             [this, name, &dialog] { owner.renamePreset(name.toStdString(), dialog.getText().toStdString()); });

@@ -33,6 +33,7 @@
 #include "gui/screens/computerinput/ComputerKeyboardCtl.h"
 #include "gui/screens/display/DisplayPanel.h"
 #include "gui/screens/help/HelpPanel.h"
+#include "gui/screens/joystick/JoystickPanel.h"
 #include "gui/screens/layers/LayerPanel.h"
 #include "gui/screens/layers/MainPanel.h"
 #include "gui/screens/midiinput/MidiInputPanel.h"
@@ -172,6 +173,8 @@ void MainWindow::makePanels()
     systemPanel = new System::SystemPanel(gui, *stagePanel, column);
     helpPanel = new Help::HelpPanel(gui, column);
     displayPanel = new Display::DisplayPanel(gui, column);
+    oscPanel = new Oscillators::OscPanel(gui, column);
+    joystickPanel = new Joystick::JoystickPanel(gui, column);
     midiInputPanel = new MidiInput::MidiInputPanel(gui, column);
     computerInputPanel = new ComputerInput::ComputerInputPanel(gui, column);
     outputPanel = new Output::OutputPanel(gui, column);
@@ -190,6 +193,10 @@ Panel* MainWindow::panelOf(Screen screen) const
             return helpPanel;
         case Screen::display:
             return displayPanel;
+        case Screen::oscillators:
+            return oscPanel;
+        case Screen::joystick:
+            return joystickPanel;
         case Screen::midiInput:
             return midiInputPanel;
         case Screen::computerInput:
@@ -406,12 +413,14 @@ void MainWindow::setGlobalKeyboard(bool on)
 
 void MainWindow::handleZones(const Backend::Zones::ZoneMap& zones)
 {
+    joystickPanel->handleZones(zones);
     computerInputPanel->handleZones(zones);
     zonePanel->handleZones(zones);
 }
 
 void MainWindow::handleZoneTranspose(Backend::Zones::ZoneId zone, int transpose)
 {
+    joystickPanel->handleZoneTranspose(zone, transpose);
     computerInputPanel->handleZoneTranspose(zone, transpose);
     zonePanel->handleZoneTranspose(zone, transpose);
 }

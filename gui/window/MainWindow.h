@@ -35,6 +35,10 @@ namespace Help
 {
 class HelpPanel;
 }
+namespace Joystick
+{
+class JoystickPanel;
+}
 namespace Layers
 {
 class MainPanel;
@@ -163,6 +167,8 @@ private:
     System::SystemPanel* systemPanel = nullptr;
     Help::HelpPanel* helpPanel = nullptr;
     Display::DisplayPanel* displayPanel = nullptr;
+    Oscillators::OscPanel* oscPanel = nullptr;
+    Joystick::JoystickPanel* joystickPanel = nullptr;
     MidiInput::MidiInputPanel* midiInputPanel = nullptr;
     ComputerInput::ComputerInputPanel* computerInputPanel = nullptr;
     Output::OutputPanel* outputPanel = nullptr;

@@ -113,6 +113,13 @@ Joysticks::~Joysticks()
     SDL_TLSCleanup();  // SDL frees its thread-local data only for threads that it started
 }
 
+std::string Joysticks::getName(std::size_t place) const
+{
+    SDL_Joystick* const device = devices->places[place];
+    const char* const name = device != nullptr ? SDL_JoystickName(device) : nullptr;
+    return name != nullptr ? name : "";
+}
+
 Joysticks::Readings Joysticks::read()
 {
     Readings readings;

@@ -41,7 +41,10 @@ TEST_F(MainWindow, IsThreeButtonsWhileNoScreenShows)
     const QPoint background(100, 31);
     QContextMenuEvent event(QContextMenuEvent::Mouse, background, surroundings.mapToGlobal(background));
     QApplication::sendEvent(control("Playing keyboard").parentWidget(), &event);
-    EXPECT_EQ(menu(), "System, Help, Display, MIDI input, Keys, Output, Layers, Zones, Show the screens");
+    EXPECT_EQ(
+        menu(),
+        "System, Help, Display, Oscillators, Joystick, MIDI input, Keys, Controls, Output, Layers, CC, Zones, Show "
+        "the screens");
     choose("Show the screens");
     EXPECT_TRUE(gui->isScreenShowing(Screen::system)) << "nobody is locked out";
     gui->showScreen(Screen::help, true);

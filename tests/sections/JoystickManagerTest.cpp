@@ -132,7 +132,8 @@ TEST(JoystickWindow, IsNotifiedOfWhatMovesAndWhatIsBound)
     stage.load(
         "<Axis joystick='1' axis='R'><Function midiEvent='Pitch Bend' min='16383' max='-1'/>"
         "<Function midiEvent='Channel Pressure'/></Axis>");
-    EXPECT_EQ(received(), "35219 72, 35222 12") << "all there are";
+    EXPECT_EQ(received(), "35219 72, 35222 12, 35223 0 1, 35227 0 0, 35223 1 1, 35227 1 0")
+        << "all there are, on, and none plugged in";
     stage.axis(1, "R", 65535);
     EXPECT_EQ(received(), "35226 " + std::to_string(0xFFFFu << 16 | 5u << 8 | 1u) + " " +
                               std::to_string(static_cast<std::int32_t>(0xFFFF3FFF)))

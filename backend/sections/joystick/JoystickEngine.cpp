@@ -33,10 +33,23 @@ void JoystickEngine::run()
     bool isAny = false;
     do {
         const auto readings = joysticks.read();
+        reportDevices(readings, joysticks);
         take(readings, monotonicMilliseconds());
         isAny = std::ranges::any_of(readings, [](const auto& reading) { return reading.has_value(); });
     } while (!stopEvent.waitFor(isAny ? POLL_INTERVAL : LOOK_INTERVAL));
+    reportDevices({}, joysticks);
     take({}, monotonicMilliseconds());
+}
+
+/// Those that came or went since the last reading.
+void JoystickEngine::reportDevices(const Joysticks::Readings& readings, const Joysticks& joysticks)
+{
+    for (std::size_t joystick = 0; joystick < readings.size(); ++joystick) {
+        const bool isPresent = readings[joystick].has_value();
+        if (isPresent != watched[joystick].last.has_value())
+            listener.deviceChanged(static_cast<int>(joystick), isPresent,
+                                   isPresent ? joysticks.getName(joystick) : std::string());
+    }
 }
 
 void JoystickEngine::setRepeat(const KeyRepeat& repeat)

@@ -4,6 +4,7 @@
 #include <bitset>
 #include <cstdint>
 #include <optional>
+#include <string>
 
 #include "backend/model/JoyAxisElementId.h"
 #include "backend/model/JoyButtonElementId.h"
@@ -30,6 +31,9 @@ public:
     {
     public:
         virtual ~Listener() = default;
+        /// A joystick, 0 or 1, was plugged in, with what it calls itself, or was unplugged, without a name. Called only
+        /// while the engine reads the joysticks of the system.
+        virtual void deviceChanged(int /*joystick*/, bool /*present*/, const std::string& /*name*/) {}
         /// The joystick was plugged in. Values are 0 to 65535.
         virtual void axisFound(const JoyAxisElementId&, int /*value*/) {}
         virtual void axisChanged(const JoyAxisElementId& id, int value) = 0;
@@ -68,6 +72,7 @@ private:
 
     static Pressed pressedIn(const JoystickReading& reading);
     void run();
+    void reportDevices(const Joysticks::Readings& readings, const Joysticks& joysticks);
     /// `before` is null for the first reading.
     void compareAxes(int joystick, const JoystickReading* before, const JoystickReading& reading);
     void compareButtons(int joystick, const Pressed& before, const Pressed& pressed, std::uint32_t now);

@@ -69,6 +69,7 @@ constexpr int R = findAxis("R"), U = findAxis("U"), V = findAxis("V");
 
 using namespace JoystickMessage;
 constexpr auto COMMANDS = std::to_array<Command<JoystickManager>>({
+                              on<DEVICE_CHANGED, &JoystickManager::setDevice>(),
                               on<SET_BUTTON_CONFIGURATIONS, &JoystickManager::setButtonConfigurations>(),
                               on<SET_AXIS_CONFIGURATIONS, &JoystickManager::setAxisConfigurations>(),
                               on<XY_GRID, &moveGrid<X, Y>>(),
@@ -147,12 +148,6 @@ std::string JoystickManager::disabledNumbers() const
 
 // --- edits
 
-namespace
-{
-JoyButtonElementId buttonOf(RecordId id) { return {id >> 8, id & 0xFF}; }
-JoyAxisElementId axisOf(RecordId id) { return {(id >> 8) - (1 << 8), id & 0xFF}; }
-}  // namespace
-
 std::vector<RecordId> JoystickManager::getRecordIds() const
 {
     const auto recordOf = [](const auto& part) { return JoystickConfiguration::recordOf(part.id); };
@@ -166,20 +161,21 @@ std::string JoystickManager::writeRecord(RecordId id) const
 {
     if (id == SECTION_RECORD)
         return xmlOpenTag(getTag()) + xmlStringAttribute(DISABLED, disabledNumbers()) + xmlCloseEmpty();
-    if (const auto* const button = getContent().buttons.findElement(buttonOf(id))) return textOf(button);
-    return textOf(getContent().axes.findElement(axisOf(id)));
+    if (const auto* const button = getContent().buttons.findElement(JoystickConfiguration::buttonOf(id)))
+        return textOf(button);
+    return textOf(getContent().axes.findElement(JoystickConfiguration::axisOf(id)));
 }
 
 void JoystickManager::replaceRecord(RecordId id, const XmlElement& element)
 {
     if (id == SECTION_RECORD) return setDisabled(element.getAttribute(DISABLED));
-    if (buttonOf(id).isValid()) {
+    if (JoystickConfiguration::buttonOf(id).isValid()) {
         auto button = JoystickButtonConfiguration::fromXml(element, functionFactory());
-        button.id = buttonOf(id);
+        button.id = JoystickConfiguration::buttonOf(id);
         edit().put(button);
-    } else if (axisOf(id).isValid()) {
+    } else if (JoystickConfiguration::axisOf(id).isValid()) {
         auto axis = AxisConfiguration::fromXml(element);
-        axis.id = axisOf(id);
+        axis.id = JoystickConfiguration::axisOf(id);
         edit().put(axis);
     }
 }
@@ -236,6 +232,19 @@ std::optional<JoystickButtonConfiguration> JoystickManager::keptFunctions(const 
     return functions;
 }
 
+void JoystickManager::setDevice(int joystick, bool present, const std::string& name)
+{
+    if (!isJoystick(joystick)) return;
+    devices[static_cast<std::size_t>(joystick)] = present ? std::optional(name) : std::nullopt;
+    if (orv.getGuiWindowHandle()) showDevice(joystick);
+}
+
+void JoystickManager::showDevice(int joystick) const
+{
+    const auto& name = devices[static_cast<std::size_t>(joystick)];
+    postToGui(GuiMessage::JOYSTICK_DEVICE, joystick, name.has_value(), name.value_or(""));
+}
+
 bool JoystickManager::isDisabled(int joystick) const
 {
     return isJoystick(joystick) && getContent().disabled[static_cast<std::size_t>(joystick)];
@@ -282,5 +291,9 @@ void JoystickManager::notifyGui() const
     if (!orv.getGuiWindowHandle()) return;
     postToGui(GuiMessage::JOYSTICK_BUTTONS, getContent().allButtons());
     postToGui(GuiMessage::JOYSTICK_AXES, getContent().allAxes());
+    for (int joystick = 0; joystick < JOYSTICKS; ++joystick) {
+        postToGui(GuiMessage::JOYSTICK_ENABLED, joystick, !isDisabled(joystick));
+        showDevice(joystick);
+    }
 }
 }  // namespace Backend::Joystick

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <iosfwd>
 #include <map>
 #include <optional>
@@ -54,6 +55,9 @@ public:
     /// it is up.
     void pressButton(const JoyButtonElementId& id, ButtonEvent event, Source source);
 
+    /// A joystick was plugged in or unplugged; the window shows it.
+    void setDevice(int joystick, bool present, const std::string& name);
+
     bool isDisabled(int joystick) const;
     /// A joystick that is disabled releases its held buttons.
     void enableJoystick(int joystick, bool enabled);
@@ -74,6 +78,10 @@ private:
     {
     public:
         explicit JoystickEngineListener(JoystickMessageManager& postTo) : messages(postTo) {}
+        void deviceChanged(int joystick, bool present, const std::string& name) override
+        {
+            messages.postDeviceChanged(joystick, present, name);
+        }
         void axisFound(const JoyAxisElementId& id, int value) override { messages.postAxisFound(id, value); }
         void axisChanged(const JoyAxisElementId& id, int value) override { messages.postJoystickAxis(id, value); }
         void buttonDown(const JoyButtonElementId& id, bool repeat) override
@@ -87,6 +95,7 @@ private:
     };
 
     FunctionManagement::FunctionFactory functionFactory() const;
+    void showDevice(int joystick) const;
     std::string disabledNumbers() const;
     void setDisabled(const std::string& numbers);
     void releaseHeldButtons(int joystick);
@@ -96,6 +105,7 @@ private:
 
     std::optional<JoystickButtonConfiguration> keptFunctions(const JoyButtonElementId& id, ButtonEvent event);
 
+    std::array<std::optional<std::string>, JOYSTICKS> devices;       // the names of those that are plugged in
     std::set<JoyButtonElementId> held;                               // on the devices
     std::map<JoyButtonElementId, JoystickButtonConfiguration> kept;  // while notes are kept
     DownRuns downRuns;                                               // by joystick and button

@@ -90,14 +90,9 @@ std::vector<Forms::FormField> KeyRecords::fieldsOf(Id id)
 
 std::vector<RecordEdit> KeyRecords::makeAdditions(std::vector<Fields> added, const Forms::Selection& selection) const
 {
-    std::vector<Id> targets = selection.getSelected();
-    if (targets.empty()) {
+    std::vector<Id> targets = selection.getTargets(added.size());
+    if (targets.empty())
         for (Fields& fields : added) targets.push_back(idOf(Key::fromXmlString(RecordFields::valueOf(fields, "id"))));
-    } else if (targets.size() < added.size()) {
-        const auto& all = selection.getRecords();
-        const auto first = std::ranges::find(all, targets.front());
-        targets.assign(first, first + std::min(all.end() - first, std::ssize(added)));
-    }
     std::vector<RecordEdit> edits;
     for (std::size_t i = 0; i < targets.size(); ++i) {
         Fields fields = added[i % added.size()];
