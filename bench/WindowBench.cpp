@@ -1,5 +1,7 @@
 // The load of the window's thread by a flood of played events: `build/release/bin/bench_window [EVENTS_PER_SECOND]`,
-// with each of the screens that show events, without a display; and what it takes to paint many layers and zones.
+// with each of the screens that show events, without a display; what it takes to paint many layers and zones; and how
+// long slices take while a fader follows an oscillator, and while 16 fast ones run, half a minute each without and with
+// the screen that shows it.
 
 #include <time.h>
 
@@ -24,6 +26,7 @@
 #include "api/OrvMessageManager.h"
 #include "api/ParentWindow.h"
 #include "backend/messages/GuiMessages.h"
+#include "backend/messages/OscMessageManager.h"
 #include "gui/musickeyboard/BarList.h"
 #include "gui/window/OrvGuiFactory.h"
 #include "tests/stage/PrivateFolders.h"
@@ -41,6 +44,7 @@ constexpr auto TICK = 5ms;
 constexpr auto PATIENCE = 20s;
 constexpr int LAYERS = 64;
 constexpr int ZONES = 16;
+constexpr int OSCILLATORS = 16;
 
 class SilentPlayer final : public MidiEngine::MidiPlayer
 {
@@ -135,6 +139,36 @@ public:
             commands.postKeyDown(Key::fromXmlString(std::string(1, static_cast<char>('A' + zone))), false);
         playUntil([&] { return layerList.getLitNotes(LAYERS - 1).count() == ZONES; });
     }
+    /// An oscillator with a step at every pulse, and a fader and an edit that follow its controller; or 16 of the
+    /// fastest oscillators.
+    void playOscillators(Screen screen, bool on)
+    {
+        gui->showScreen(screen, on);
+        std::string oscillators, controls;
+        const bool followed = screen == Screen::controls;
+        for (int number = 1; number <= (followed ? 1 : OSCILLATORS); ++number)
+            oscillators += "<Oscillator detail='1' speed='" + std::string(followed ? "480" : "40") +
+                           "' midiMessage='Controller Change," + std::to_string(number) + "'/>";
+        const std::string event = "<Function midiEvent='Controller Change,1'/></Control>";
+        if (followed)
+            controls = "<Control cell='0,0' type='vfader' name='MW' size='2'>" + event +
+                       "<Control cell='2,0' type='edit'>" + event;
+        orv->getOrvMessageManager().postLoadProgramFromString(
+            "<Bank><Program name='Runs'><Oscillators>" + oscillators + "</Oscillators><Controls>" + controls +
+                "</Controls><Layers><Layer/></Layers></Program></Bank>",
+            0);
+    }
+    void startOscillators()
+    {
+        orv->getOscMessageManager().postChangePlaying({SelectType::Kind::all}, {OnOffToggle::State::on});
+    }
+    OrvIF& backend() { return *orv; }
+    QAbstractSlider* fader() const
+    {
+        for (auto* slider : host.widget.findChildren<QAbstractSlider*>())
+            if (slider->accessibleName() == "MW") return slider;
+        return nullptr;
+    }
     void setScale(int percent) { gui->setScale(percent); }
     Gui::Output::BarList& list(const QString& name) const
     {
@@ -214,6 +248,51 @@ Cost measure(const Instrument& instrument, int perSecond)
     return cost;
 }
 
+/// A slice of a pulse every millisecond; their times in microseconds, sorted.
+std::vector<double> playSlices(OrvIF& orv, const std::atomic<bool>& isOver)
+{
+    std::vector<double> times;
+    auto due = Clock::now();
+    for (std::int32_t pulse = OrvIF::FIRST_PULSE + 1'000'000; !isOver; ++pulse) {
+        std::this_thread::sleep_until(due += 1ms);
+        const auto start = Clock::now();
+        orv.playTimeSlice(pulse, pulse + 1);
+        times.push_back(std::chrono::duration<double, std::micro>(Clock::now() - start).count());
+    }
+    std::ranges::sort(times);
+    return times;
+}
+
+void measureOscillators(Instrument& instrument, Screen screen, const char* name)
+{
+    for (const bool shown : {false, true}) {
+        std::atomic<bool> isOver{false};
+        std::vector<double> times;
+        std::thread player([&] { times = playSlices(instrument.backend(), isOver); });
+        const auto pass = [](auto time) {
+            QTimer::singleShot(time, [] { QApplication::exit(); });
+            QApplication::exec();
+        };
+        instrument.playOscillators(screen, shown);
+        pass(1s);  // until the program is loaded
+        instrument.startOscillators();
+        int moves = 0;
+        if (auto* fader = instrument.fader()) QObject::connect(fader, &QAbstractSlider::valueChanged, [&] { ++moves; });
+        const double before = threadMilliseconds();
+        pass(FOLLOWED);
+        const double busy = threadMilliseconds() - before;
+        isOver = true;
+        player.join();
+        const auto part = [&](double share) {
+            return times[static_cast<std::size_t>(share * static_cast<double>(times.size() - 1))];
+        };
+        std::printf("%s %s slices %.1f us, 99.9 %% within %.1f, longest %.0f; %.1f %% of the window's thread", name,
+                    shown ? "shown: " : "hidden:", part(0.5), part(0.999), part(1), busy / (FOLLOWED / 1ms) * 100);
+        if (moves > 0) std::printf(", the fader moved %.1f times a second", moves / static_cast<double>(FOLLOWED / 1s));
+        std::printf("\n");
+    }
+}
+
 /// Of all rows, and of those that are seen.
 void measureBars(Instrument& instrument)
 {
@@ -263,4 +342,6 @@ int main(int argc, char** argv)
             idle / (DURATION / 1ms) * 100, cost.longestGap);
     }
     measureBars(instrument);
+    measureOscillators(instrument, Screen::controls, "a fader that follows an oscillator,");
+    measureOscillators(instrument, Screen::oscillators, "16 fast oscillators,");
 }

@@ -2,9 +2,9 @@
 """Draws the pictures of the documentation anew: packaging/screenshots.py [ORVANE]
 
 Opens the window of a new user on a virtual display, at first with its default screens and then with each screen alone,
-at 100 and at 200 percent, while some keys are held; then the dialogs, and the settings of a layer. Writes the pictures
-to docs/pictures: window.png, help.png, help@2x.png ... Look at them: on a busy machine a picture may be taken too
-early."""
+at 100 and at 200 percent, while some keys are held; then the dialogs, and the settings of a key, a control, a layer and
+an oscillator. Writes the pictures to docs/pictures: window.png, help.png, help@2x.png ... Look at them: on a busy
+machine a picture may be taken too early."""
 import glob
 import os
 import re
@@ -267,6 +267,21 @@ def takeSequence(user, display):
         user.close(HELD_KEYS[:1])
 
 
+def takeOscillators(user, display):
+    program = user.folder + "/oscillators.prg"
+    with open(program, "w") as file:
+        file.write(OSCILLATORS)
+    for scale in (1, 2):
+        user.showOnly("oscillators")
+        user.open(scale, HELD_KEYS[:1], [program])
+        takePicture(user, display, "oscillators" + suffix(scale))
+        user.click(FIRST_OSCILLATOR, scale, "3")
+        user.tool("xdotool", "mousemove", "3199", "3199")
+        time.sleep(0.5)
+        takePicture(user, display, "oscillators-edit" + suffix(scale))
+        user.close(HELD_KEYS[:1])
+
+
 def main():
     os.makedirs(PICTURES, exist_ok=True)
     with tempfile.TemporaryDirectory() as folder:
@@ -278,6 +293,7 @@ def main():
             takeEditing(user, display)
             takeDialogs(user, display)
             takeSequence(user, display)
+            takeOscillators(user, display)
         finally:
             server.end()
             display.end()

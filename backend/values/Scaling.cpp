@@ -51,3 +51,11 @@ std::int32_t scaleLogarithmic(std::int32_t knob, std::int32_t low, std::int32_t 
     if (scaled > static_cast<float>(low)) return static_cast<std::int32_t>(scaled);
     return low;
 }
+
+std::int32_t logarithmicKnob(std::int32_t value, std::int32_t low, std::int32_t high)
+{
+    constexpr std::int32_t END = 127;
+    const double lowest = std::log(low);
+    const double range = std::log(high) - lowest;
+    return static_cast<std::int32_t>(std::floor(END - (std::log(std::max(value, 1)) - lowest) / range * END + 0.5));
+}

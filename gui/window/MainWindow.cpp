@@ -37,6 +37,7 @@
 #include "gui/screens/layers/LayerPanel.h"
 #include "gui/screens/layers/MainPanel.h"
 #include "gui/screens/midiinput/MidiInputPanel.h"
+#include "gui/screens/oscillators/OscPanel.h"
 #include "gui/screens/output/OutputPanel.h"
 #include "gui/screens/system/ScreenButtons.h"
 #include "gui/screens/system/StagePanel.h"

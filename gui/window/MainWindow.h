@@ -47,6 +47,10 @@ namespace MidiInput
 {
 class MidiInputPanel;
 }
+namespace Oscillators
+{
+class OscPanel;
+}
 namespace Output
 {
 class OutputPanel;

@@ -24,8 +24,13 @@ PROGRAM = """<ProgramFile><Program name="Test">
     </Function></Key></ComputerInput>
     <MidiInput>
     <MidiEvent midiEvent="Controller Change,20"><Translation><ShowDisplay/></Translation></MidiEvent>
+    <MidiEvent midiEvent="Controller Change,21"><Translation><ShowControl/></Translation></MidiEvent>
+    <MidiEvent midiEvent="Controller Change,23"><Translation><ShowOscillator/></Translation></MidiEvent>
     <MidiEvent midiEvent="Controller Change,22"><Translation><MoveWindowTranslation x="120" y="80"/></Translation>
     </MidiEvent></MidiInput>
+    <Controls><Control cell="0,0" type="vfader" name="MW" size="2"><Function midiEvent="Controller Change,1"/></Control>
+    <Control cell="2,0" type="edit"><Function midiEvent="Controller Change,1"/></Control></Controls>
+    <Oscillators><Oscillator detail="1" stopValue="64" midiMessage="Controller Change,2"/></Oscillators>
     <Layers><Layer channel="{channel}"/></Layers></Program></ProgramFile>"""
 
 
@@ -218,6 +223,27 @@ class Window(WindowUser):
         self.assertEqual(orvane.end(signal.SIGTERM), 0, orvane.complained)
         self.key("keyup", Q)
         self.await_silence()
+
+    def test_a_fader_and_an_oscillator_of_the_window_are_heard(self):
+        orvane = self.open_playing(self.program("keys.prg"))
+        self.await_keys()
+        height = self.place()[3]
+        self.play("orvane:Orvane In", "0:b01501")  # the controls are shown
+        until(lambda: self.place()[3] > height, "a larger window")
+        self.tool("xdotool", "key", "ctrl+Tab", "ctrl+Tab", "Tab", "Up", "Up")  # past the keys, to the grid and MW
+        until(lambda: self.monitor.received[-2:] == ["b0 01 01", "b0 01 02"], "the fader")
+        self.tool("xdotool", "key", "Tab", "9", "Return")
+        until(lambda: self.monitor.received[-1:] == ["b0 01 09"], "the edit")
+
+        height = self.place()[3]
+        self.play("orvane:Orvane In", "0:b01701")  # the oscillators are shown, above the other screens
+        until(lambda: self.place()[3] > height, "a larger window")
+        self.tool("xdotool", "key", "ctrl+Tab", "Tab", "space")  # to the list, and to its first button
+        until(lambda: self.monitor.received[-1].startswith("b0 02") and "b0 02 40" in self.monitor.received, "the wave")
+        self.tool("xdotool", "key", "space")
+        until(lambda: self.monitor.received[-1] == "b0 02 40", "the stop value")
+        self.await_keys()
+        self.assertEqual(orvane.end(), 0, orvane.complained)
 
     def test_suspended_while_keys_play_it_leaves_no_note_sounding(self):
         orvane = self.open_playing(self.program("keys.prg"), process_group=0)  # a job of ours, which can be suspended

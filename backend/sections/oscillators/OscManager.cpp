@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cmath>
 #include <optional>
 #include <utility>
 
@@ -28,18 +27,10 @@ std::optional<std::int32_t> stepNoteInterval(std::int32_t speed, std::int32_t st
     return noteIntervalFromIndex(index);
 }
 
-/// The position of a knob at that speed. A file may have speeds beyond its ends.
-std::int32_t knobOf(std::int32_t speed)
-{
-    const double fastest = std::log(Oscillator::FASTEST);
-    const double range = std::log(Oscillator::SLOWEST) - fastest;
-    return static_cast<std::int32_t>(
-        std::floor(KNOB_END - (std::log(std::max(speed, 1)) - fastest) / range * KNOB_END + 0.5));
-}
-
 std::int32_t turnKnob(std::int32_t speed, std::int32_t steps)
 {
-    const std::int64_t knob = std::clamp<std::int64_t>(std::int64_t{knobOf(speed)} + steps, 0, KNOB_END);
+    const std::int64_t knob = std::clamp<std::int64_t>(
+        std::int64_t{logarithmicKnob(speed, Oscillator::FASTEST, Oscillator::SLOWEST)} + steps, 0, KNOB_END);
     return scaleLogarithmic(static_cast<std::int32_t>(knob), Oscillator::FASTEST, Oscillator::SLOWEST);
 }
 
