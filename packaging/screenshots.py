@@ -23,7 +23,7 @@ TITLE = "(^| - )Orvane 3$"  # after the name of a bank
 
 SCREENS = ["system", "help", "display", "oscillators", "joystick", "midi-input", "computer-input", "controls", "output",
            "layers", "cc", "zones"]  # in the order of the setting
-BELOW_OUTPUT = ["layers", "zones"]  # shown with that screen
+BELOW_OUTPUT = ["layers", "cc", "zones"]  # shown with that screen
 HELD_KEYS = [24, 26, 28]  # Q, E and T, by their positions
 DIALOGS = [  # picture, title, the screen with its button, the position of the button, the keys that choose from its menu
     ("setup-dialog", "Setup", "system", (922, 146), []),  # its page of the record

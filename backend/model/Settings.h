@@ -94,6 +94,21 @@ inline constexpr Text RECENT_FILES{"RecentFiles", "", 33313, Notice::all};
 /// Where the dialogs for files start.
 inline constexpr Text FILE_FOLDER{"FileFolder", "", 33314, Notice::all};
 
+/// The section of controllers: an output, -1 for the default output, a channel, and the controllers of its rows.
+inline constexpr Number CC_OUTPUT{"CcOutput", -1, 33355, Notice::all, -1, 127};
+inline constexpr Number CC_CHANNEL{"CcChannel", 0, 33356, Notice::all, 0, 15};
+inline constexpr Text CC_CONTROLLERS{"CcControllers", "7,10,11,64,91,93", 33357, Notice::all};
+
+/// Of the host that plays live, see `HostSettings`. The volume is in percent.
+inline constexpr Number SYNTHESIZER_VOLUME{"SynthesizerVolume", 100, 33340, Notice::host, 0, 100};
+inline constexpr Switch SYNTHESIZER_REVERB{"SynthesizerReverb", true, 33341, Notice::host};
+inline constexpr Text SOUND_FONT{"SoundFont", "", 33342, Notice::host};
+inline constexpr Text CLIENT_NAME{"ClientName", "", 33343, Notice::host};
+inline constexpr Switch CONNECT_SOUND{"ConnectSound", true, 33344, Notice::host};
+inline constexpr Number CLOCK_IN{"ClockIn", -1, 33345, Notice::host, -1, 127};
+inline constexpr Number CLOCK_OUT{"ClockOut", -1, 33346, Notice::host, -1, 127};
+inline constexpr Switch FOLLOW_TRANSPORT{"FollowTransport", false, 33347, Notice::host};
+
 template <const auto&... rows>
 struct Rows {
     /// Calls `visit.template operator()<row>()` for each row, in order.
@@ -105,13 +120,15 @@ struct Rows {
 };
 
 /// All settings, in the order in which they are written.
-using All = Rows<PROG_DIR, DEFAULT_BANK, GLOBAL_KEYBOARD, MIDI_THRU, KEEP_NOTES, RETRO_RECORD_ENABLED,
-                 RETRO_RECORD_BUFFER_SIZE, MIDI_BUFFER_DIR, LARGE_DISPLAY_FONT, MOUSE_SENSITIVITY, DOCK_TO_BOTTOM_EDGE,
-                 DISPLAY_MIDI_INPUT_EVENTS, DISPLAY_MIDI_OUTPUT_EVENTS, DISPLAY_NUMBERS, DISPLAY_HEIGHT,
-                 LAST_WINDOW_POSITION, ENABLED_MIDI_INPUTS, ENABLED_MIDI_OUTPUTS, ALWAYS_ON_TOP, USE_SKIN_BORDER,
-                 DEFAULT_MIDI_OUTPUT, LITE_VELOCITY, LITE_CHANNEL, LITE_STACK_NOTES, CLICK_ZONE_CHANNEL_TRANSPOSE,
-                 SCREEN_STATE, WINDOW_SCALE, SKIN, WINDOW_HEIGHT, ASK_BEFORE_LOSS, PROGRAM_CHANGE_INPUT,
-                 PROGRAM_CHANGE_CHANNEL, CONTINUE_LAST, LAST_BANK, LAST_PROGRAM, RECENT_FILES, FILE_FOLDER>;
+using All =
+    Rows<PROG_DIR, DEFAULT_BANK, GLOBAL_KEYBOARD, MIDI_THRU, KEEP_NOTES, RETRO_RECORD_ENABLED, RETRO_RECORD_BUFFER_SIZE,
+         MIDI_BUFFER_DIR, LARGE_DISPLAY_FONT, MOUSE_SENSITIVITY, DOCK_TO_BOTTOM_EDGE, DISPLAY_MIDI_INPUT_EVENTS,
+         DISPLAY_MIDI_OUTPUT_EVENTS, DISPLAY_NUMBERS, DISPLAY_HEIGHT, LAST_WINDOW_POSITION, ENABLED_MIDI_INPUTS,
+         ENABLED_MIDI_OUTPUTS, ALWAYS_ON_TOP, USE_SKIN_BORDER, DEFAULT_MIDI_OUTPUT, LITE_VELOCITY, LITE_CHANNEL,
+         LITE_STACK_NOTES, CLICK_ZONE_CHANNEL_TRANSPOSE, SCREEN_STATE, WINDOW_SCALE, SKIN, WINDOW_HEIGHT,
+         ASK_BEFORE_LOSS, PROGRAM_CHANGE_INPUT, PROGRAM_CHANGE_CHANNEL, CONTINUE_LAST, LAST_BANK, LAST_PROGRAM,
+         RECENT_FILES, FILE_FOLDER, DISPLAY_TIMES, CC_OUTPUT, CC_CHANNEL, CC_CONTROLLERS, SYNTHESIZER_VOLUME,
+         SYNTHESIZER_REVERB, SOUND_FONT, CLIENT_NAME, CONNECT_SOUND, CLOCK_IN, CLOCK_OUT, FOLLOW_TRANSPORT>;
 
 /// The type of a row's value.
 template <const auto& row>

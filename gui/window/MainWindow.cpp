@@ -29,6 +29,7 @@
 #include "gui/keyboard/GlobalKeyboard.h"
 #include "gui/keyboard/KeyReading.h"
 #include "gui/keyboard/WindowKeyboard.h"
+#include "gui/screens/cc/CcPanel.h"
 #include "gui/screens/computerinput/ComputerInputPanel.h"
 #include "gui/screens/computerinput/ComputerKeyboardCtl.h"
 #include "gui/screens/display/DisplayPanel.h"
@@ -181,6 +182,7 @@ void MainWindow::makePanels()
     outputPanel = new Output::OutputPanel(gui, column);
     zonePanel = new Zones::ZonePanel(gui, outputPanel);
     layerPanel = new Layers::MainPanel(gui, outputPanel);
+    ccPanel = new Cc::CcPanel(gui, outputPanel);
     for (const Screen screen : SCREENS)
         if (screen != Screen::system && panelOf(screen) != nullptr) systemPanel->offerScreen(screen);
 }
@@ -208,8 +210,8 @@ Panel* MainWindow::panelOf(Screen screen) const
             return zonePanel;
         case Screen::layers:
             return layerPanel;
-        default:
-            return nullptr;
+        case Screen::cc:
+            return ccPanel;
     }
 }
 
@@ -434,6 +436,7 @@ void MainWindow::handleZoneSelected(Backend::Zones::ZoneId zone, bool selected)
 void MainWindow::handleMidiOutputPortsChanged(const Backend::MidiEngine::MidiOutputPorts& ports)
 {
     outputPanel->handleMidiOutputPortsChanged(ports);
+    ccPanel->handleMidiOutputPortsChanged(ports);
     systemPanel->handleMidiOutputPortsChanged(ports);
     layerPanel->getLayerPanel().handleMidiOutputPorts();
 }

@@ -23,6 +23,10 @@ class OrvGuiIF;
 class Panel;
 class WindowKeyboard;
 
+namespace Cc
+{
+class CcPanel;
+}
 namespace ComputerInput
 {
 class ComputerInputPanel;
@@ -122,6 +126,7 @@ public:
     Display::DisplayPanel& getDisplayPanel() { return *displayPanel; }
     ComputerInput::ComputerInputPanel& getComputerInputPanel() { return *computerInputPanel; }
     Output::OutputPanel& getOutputPanel() { return *outputPanel; }
+    Cc::CcPanel& getCcPanel() { return *ccPanel; }
     Layers::MainPanel& getLayerPanel() { return *layerPanel; }
     KeyPresses& getKeyPresses();
 
@@ -178,6 +183,7 @@ private:
     Output::OutputPanel* outputPanel = nullptr;
     Zones::ZonePanel* zonePanel = nullptr;
     Layers::MainPanel* layerPanel = nullptr;
+    Cc::CcPanel* ccPanel = nullptr;
     NoteLights noteLights;  // of the screens below the music keyboard
     QSize lastSize;
     std::optional<Backend::ScreenState> stateBeforeCompact;

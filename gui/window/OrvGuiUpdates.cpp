@@ -11,6 +11,7 @@
 #include "gui/framework/EditPoster.h"
 #include "gui/framework/FileNames.h"
 #include "gui/framework/Question.h"
+#include "gui/screens/cc/CcPanel.h"
 #include "gui/screens/display/DisplayPanel.h"
 #include "gui/screens/layers/MainPanel.h"
 #include "gui/screens/output/OutputPanel.h"
@@ -46,6 +47,7 @@ void OrvGui::handleSettingsChanged(const RegistrySettings& settings)
     handleDefaultMidiOutputChanged(settings.getDefaultMidiOutput());
     handleRetroRecordEnabledChanged(settings.isRetroRecordEnabled());
     open->main->getDisplayPanel().handleSettingsChanged(settings);
+    open->main->getCcPanel().handleSettingsChanged(settings);
     open->applyLook();
     open->refreshSetup();
 }
@@ -99,6 +101,7 @@ void OrvGui::handleDefaultMidiOutputChanged(int output)
     keep(&RegistrySettings::setDefaultMidiOutput, output);
     open->main->getOutputPanel().handleDefaultMidiOutputChanged(output);
     open->main->getSystemPanel().handleDefaultMidiOutputChanged(output);
+    open->main->getCcPanel().handleDefaultMidiOutputChanged();
 }
 
 void OrvGui::handleGlobalKeyboardChanged(bool on)
@@ -271,5 +274,6 @@ void OrvGui::displayMidiOutputEvent(const OrvMidiMessage& event)
 {
     open->main->getStagePanel().displayMidiOutputEvent();
     open->main->getOutputPanel().displayMidiOutputEvent(event);
+    open->main->getCcPanel().displayMidiOutputEvent(event);
 }
 }  // namespace Gui
