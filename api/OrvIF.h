@@ -238,10 +238,11 @@ public:
     virtual void showSystemPanel(bool on) = 0;
     virtual void toggleSystemPanel() = 0;
 
-    /// [backend] Stored in the settings: the height of the display in logical pixels; whether it shows numbers instead
-    /// of names.
+    /// [backend] Stored in the settings: the height of the display in logical pixels; whether its lines begin with
+    /// their number, and with the time of day.
     virtual void setDisplayHeight(int pixels) = 0;
     virtual void setDisplayNumbers(bool on) = 0;
+    virtual void setDisplayTimes(bool on) = 0;
     /// [backend] Stored in the settings, and the window is notified.
     virtual void setLargeDisplayFont(bool on) = 0;
     /// [backend] Stored in the settings: what the display shows.

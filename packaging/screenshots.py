@@ -224,15 +224,16 @@ def takeScreens(user, display):
 
 
 def takeEditing(user, display):
-    """What a key does, beneath the board."""
-    for scale in (1, 2):
-        user.showOnly("computer-input")
-        user.open(scale)
-        user.click(EDITED_KEY, scale, "3")
-        user.tool("xdotool", "mousemove", "3199", "3199")
-        time.sleep(0.5)
-        takePicture(user, display, "computer-input-edit" + suffix(scale))
-        user.close()
+    """What a key does, beneath the board, and the settings of a control."""
+    for screen, place in (("computer-input", EDITED_KEY), ("controls", EDITED_CONTROL)):
+        for scale in (1, 2):
+            user.showOnly(screen)
+            user.open(scale)
+            user.click(place, scale, "3")
+            user.tool("xdotool", "mousemove", "3199", "3199")
+            time.sleep(0.5)
+            takePicture(user, display, screen + "-edit" + suffix(scale))
+            user.close()
 
 
 def takeDialogs(user, display):

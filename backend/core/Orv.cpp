@@ -123,6 +123,7 @@ void Orv::startDisplay()
 {
     auto& commands = display.getMessageManager();
     commands.postSetDisplayNumbers(registrySettings.getDisplayNumbers());
+    commands.postSetDisplayTimes(registrySettings.get<Settings::DISPLAY_TIMES>());
     commands.postSetDisplayMidiInputEvents(registrySettings.getDisplayMidiInputEvents());
     commands.postSetDisplayMidiOutputEvents(registrySettings.getDisplayMidiOutputEvents());
     updateInputLog();

@@ -125,6 +125,7 @@ public:
     void setUseSkinBorder(bool on) override { changeSetting<Settings::USE_SKIN_BORDER>(*this, on); }
     void setDisplayHeight(int pixels) override { changeSetting<Settings::DISPLAY_HEIGHT>(*this, pixels); }
     void setDisplayNumbers(bool on) override;
+    void setDisplayTimes(bool on) override;
     void setLargeDisplayFont(bool on) override { changeSetting<Settings::LARGE_DISPLAY_FONT>(*this, on); }
     void showSystemPanel(bool on) override { showScreen(Screen::system, onOrOff(on)); }
     void toggleSystemPanel() override { showScreen(Screen::system, OnOffToggle::State::toggle); }

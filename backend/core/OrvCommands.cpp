@@ -29,6 +29,7 @@ constexpr auto COMMANDS = std::to_array<Command<OrvIF>>({
     on<REMOVE_GUI_WINDOW_HANDLE, &OrvIF::removeGuiWindowHandle>(),
     on<SETTING<Settings::DEFAULT_BANK>, &OrvIF::setDefaultBank>(),
     on<SETTING<Settings::DISPLAY_NUMBERS>, &OrvIF::setDisplayNumbers>(),
+    on<SETTING<Settings::DISPLAY_TIMES>, &OrvIF::setDisplayTimes>(),
     on<SETTING<Settings::DISPLAY_MIDI_INPUT_EVENTS>, &OrvIF::setDisplayMidiInputEvents>(),
     on<SETTING<Settings::DISPLAY_MIDI_OUTPUT_EVENTS>, &OrvIF::setDisplayMidiOutputEvents>(),
     on<REFRESH_GUI, &OrvIF::refreshGui>(),

@@ -12,6 +12,13 @@ void Orv::setDisplayNumbers(bool on)
     display.getMessageManager().postSetDisplayNumbers(on);
 }
 
+void Orv::setDisplayTimes(bool on)
+{
+    assertBackendThread();
+    changeSetting<Settings::DISPLAY_TIMES>(*this, on);
+    display.getMessageManager().postSetDisplayTimes(on);
+}
+
 void Orv::setDisplayMidiInputEvents(bool on)
 {
     assertBackendThread();

@@ -1,5 +1,10 @@
 #include "backend/display/Display.h"
 
+#include <chrono>
+#include <ctime>
+#include <iomanip>
+#include <sstream>
+
 #include "api/DisplayListener.h"
 #include "backend/display/DisplayLine.h"
 #include "backend/messages/GuiMessages.h"
@@ -15,6 +20,20 @@ std::string nameOf(const Ports& ports, int index)
 {
     const bool isThere = index >= 0 && static_cast<std::size_t>(index) < ports.size();
     return isThere ? ports[static_cast<std::size_t>(index)].name : "???";
+}
+
+/// Here and now, to the millisecond: "09:05:00.042".
+std::string timeOfDay()
+{
+    using namespace std::chrono;
+    const auto now = time_point_cast<milliseconds>(system_clock::now());
+    const std::time_t second = system_clock::to_time_t(floor<seconds>(now));
+    std::tm local{};
+    localtime_r(&second, &local);
+    std::ostringstream text;
+    text << std::put_time(&local, "%H:%M:%S.") << std::setw(3) << std::setfill('0')
+         << (now.time_since_epoch() % seconds(1)).count();
+    return text.str();
 }
 }  // namespace
 
@@ -62,14 +81,19 @@ void Display::addMidiInputEvent(const MidiEngine::OrvMidiMessage& event)
 {
     if (receivedEvents) receivedEvents->add(event);
     if (!displayMidiInputEvents) return;
-    text.append(formatLine(takeNumber() + "> " + nameOf(midiInputPorts, event.getInput()), event.getMidiMessage()));
+    text.append(formatLine(takePrefix() + "> " + nameOf(midiInputPorts, event.getInput()), event.getMidiMessage()));
 }
 
 void Display::addMidiOutputEvent(const MidiEngine::OrvMidiMessage& event)
 {
     if (!displayMidiOutputEvents) return;
-    text.append(formatLine(takeNumber() + nameOf(midiOutputPorts, event.getOutput()), event.getMidiMessage()));
+    text.append(formatLine(takePrefix() + nameOf(midiOutputPorts, event.getOutput()), event.getMidiMessage()));
 }
 
-std::string Display::takeNumber() { return displayNumbers ? std::to_string(lineNumber++) + "  " : ""; }
+/// What a line begins with, as the settings say.
+std::string Display::takePrefix()
+{
+    const std::string number = displayNumbers ? std::to_string(lineNumber++) + "  " : "";
+    return displayTimes ? number + timeOfDay() + "  " : number;
+}
 }  // namespace Backend::Display

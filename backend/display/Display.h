@@ -45,19 +45,21 @@ public:
     void keepReceivedEvents(bool on);
     void sendReceivedEvents(const WindowHandle& window);
     void setDisplayNumbers(bool on) { displayNumbers = on; }
+    void setDisplayTimes(bool on) { displayTimes = on; }
     void setDisplayMidiInputEvents(bool on) { displayMidiInputEvents = on; }
     void setDisplayMidiOutputEvents(bool on) { displayMidiOutputEvents = on; }
     void setMidiInputPorts(const MidiEngine::MidiInputPorts& ports) { midiInputPorts = ports; }
     void setMidiOutputPorts(const MidiEngine::MidiOutputPorts& ports) { midiOutputPorts = ports; }
 
 private:
-    std::string takeNumber();
+    std::string takePrefix();
 
     DisplayListener* listener = nullptr;  // not owned
     DisplayText text;
     std::optional<ReceivedEvents> receivedEvents;
     int lineNumber = 1;
     bool displayNumbers = false;
+    bool displayTimes = false;
     bool displayMidiInputEvents = false;
     bool displayMidiOutputEvents = true;
     MidiEngine::MidiInputPorts midiInputPorts;  // for their names

@@ -28,6 +28,7 @@ constexpr TypedMessage<std::unique_ptr<DisplayListener>> DROP_LISTENER{32881, "D
 
 constexpr TypedMessage<bool> KEEP_RECEIVED_EVENTS{32882, "KeepReceivedEvents"};
 constexpr TypedMessage<WindowHandle> SEND_RECEIVED_EVENTS{32883, "SendReceivedEvents"};
+constexpr TypedMessage<bool> SET_DISPLAY_TIMES{32891, "SetDisplayTimes"};
 
 /// Events of slices that can wait without an allocation.
 constexpr std::size_t ROOM_FOR_EVENTS = 1024;
@@ -47,6 +48,7 @@ constexpr auto COMMANDS = std::to_array<Command<Display>>({
     on<DROP_LISTENER, &Display::dropListener>(),
     on<KEEP_RECEIVED_EVENTS, &Display::keepReceivedEvents>(),
     on<SEND_RECEIVED_EVENTS, &Display::sendReceivedEvents>(),
+    on<SET_DISPLAY_TIMES, &Display::setDisplayTimes>(),
 });
 }  // namespace
 
@@ -100,6 +102,7 @@ void DisplayMessageManager::postSendReceivedEvents(const WindowHandle& window)
 }
 
 void DisplayMessageManager::postSetDisplayNumbers(bool on) { worker.post(SET_DISPLAY_NUMBERS(on)); }
+void DisplayMessageManager::postSetDisplayTimes(bool on) { worker.post(SET_DISPLAY_TIMES(on)); }
 
 void DisplayMessageManager::postSetDisplayMidiInputEvents(bool on) { worker.post(SET_DISPLAY_MIDI_INPUT_EVENTS(on)); }
 

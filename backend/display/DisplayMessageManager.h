@@ -46,6 +46,7 @@ public:
     /// Sends GuiMessage::RECEIVED_EVENTS, if there are new ones.
     void postSendReceivedEvents(const WindowHandle& window);
     void postSetDisplayNumbers(bool on);
+    void postSetDisplayTimes(bool on);
     void postSetDisplayMidiInputEvents(bool on);
     void postSetDisplayMidiOutputEvents(bool on);
     void postSetMidiInputPorts(const MidiEngine::MidiInputPorts& ports);

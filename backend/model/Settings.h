@@ -58,6 +58,7 @@ inline constexpr Switch DOCK_TO_BOTTOM_EDGE{"DockToBottomEdge", false, 33229, No
 inline constexpr Switch DISPLAY_MIDI_INPUT_EVENTS{"DisplayMidiInputEvents", false, 33234};
 inline constexpr Switch DISPLAY_MIDI_OUTPUT_EVENTS{"DisplayMidiOutputEvents", true, 33235};
 inline constexpr Switch DISPLAY_NUMBERS{"DisplayNumbers", false, 33232};
+inline constexpr Switch DISPLAY_TIMES{"DisplayTimes", false, 33328};
 /// Pixels.
 inline constexpr Number DISPLAY_HEIGHT{"DisplayHeight", 200, 33231};
 inline constexpr Rectangle LAST_WINDOW_POSITION{"LastWindowPosition", {-1, -1, -1, -1}, 33227};

@@ -433,8 +433,15 @@ void MainWindow::handleZoneSelected(Backend::Zones::ZoneId zone, bool selected)
     zonePanel->handleZoneSelected(zone, selected);
 }
 
+void MainWindow::handleMidiInputPortsChanged(const Backend::MidiEngine::MidiInputPorts& ports)
+{
+    displayPanel->handleMidiInputPortsChanged(ports);
+    systemPanel->handleMidiInputPortsChanged(ports);
+}
+
 void MainWindow::handleMidiOutputPortsChanged(const Backend::MidiEngine::MidiOutputPorts& ports)
 {
+    displayPanel->handleMidiOutputPortsChanged(ports);
     outputPanel->handleMidiOutputPortsChanged(ports);
     ccPanel->handleMidiOutputPortsChanged(ports);
     systemPanel->handleMidiOutputPortsChanged(ports);

@@ -40,6 +40,36 @@ void OrvGui::showProgramsDialog()
     open->programs->open();
 }
 
+namespace
+{
+/// The section whose preset a file has; null for none.
+const PresetSection* sectionOfPreset(const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) return nullptr;
+    QXmlStreamReader xml(&file);
+    xml.readNextStartElement();
+    const auto* const section = std::ranges::find_if(
+        PresetSections::ALL, [&](const PresetSection& each) { return xml.name() == QLatin1String(each.rootElement); });
+    while (!xml.atEnd()) xml.readNext();
+    return xml.hasError() || section == PresetSections::ALL.end() ? nullptr : section;
+}
+}  // namespace
+
+/// A step of undo, as loading a preset of the list is.
+void OrvGui::loadPresetFile(const std::string& path)
+{
+    const QString name = shownFileName(path);
+    const PresetSection* const section = sectionOfPreset(QString::fromStdString(path));
+    if (section == nullptr) return displayMessage(QObject::tr("%1 has no preset").arg(name).toStdString());
+    getEdits().post({.section = section->rootElement,
+                     .name = QObject::tr("preset %1").arg(name).toStdString(),
+                     .gesture = getEdits().beginGesture(),
+                     .preset = path,
+                     .isPresetFile = true});
+    displayMessage(QObject::tr("Loaded %1").arg(name).toStdString());
+}
+
 void OrvGui::loadFile(const std::string& path)
 {
     const bool isProgram = path.ends_with(".prg");

@@ -1,7 +1,10 @@
 #include "backend/display/Display.h"
 
+#include <regex>
+
 #include "api/DisplayListener.h"
 #include "backend/display/DisplayLine.h"
+#include "backend/messages/SettingMessages.h"
 #include "tests/stage/Stage.h"
 
 using namespace Backend;
@@ -122,6 +125,10 @@ TEST(Display, ShowsWhatIsPlayedAndWhatComesInWhenAskedTo)
     stage.commands().sendSetMidiOutputPorts(stage.outputs({"Other"}));
     stage.orv->displayMidiOutputEvent(tick.output(0));
     EXPECT_EQ(stage.text(), "+Other\t\tTiming Tick\r\n");
+    stage.commands().postSetting(SETTING<Settings::DISPLAY_TIMES>(true));
+    stage.rest();
+    stage.orv->displayMidiOutputEvent(tick.output(0));
+    EXPECT_TRUE(std::regex_match(stage.text(), std::regex(R"(\+\d\d:\d\d:\d\d\.\d{3}  Other\t\tTiming Tick\r\n)")));
 }
 
 TEST(Display, KeepsItsTextWithoutAListener)

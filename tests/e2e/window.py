@@ -65,9 +65,19 @@ class OtherProgram:
         """With a window of its own."""
         root = self.x.XDefaultRootWindow(self.display)
         window = self.x.XCreateSimpleWindow(self.display, root, 900, 0, 50, 50, 0, 0, 0)
+        self.x.XSelectInput(self.display, window, 1)  # the keys that go down
         self.x.XMapRaised(self.display, window)
         self.x.XSetInputFocus(self.display, window, 2, 0)
         self.x.XSync(self.display, 0)
+
+
+    def keys(self):
+        """The places of the keys that have gone down in it."""
+        self.x.XSync(self.display, 0)
+        event, codes = (ctypes.c_uint * 48)(), []
+        while self.x.XCheckMaskEvent(self.display, 1, ctypes.byref(event)):
+            codes.append(event[21])
+        return codes
 
 
 class WindowUser(live.Graph):

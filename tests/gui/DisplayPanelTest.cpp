@@ -4,6 +4,7 @@
 #include <QScrollBar>
 
 #include "backend/display/DisplayMessageManager.h"
+#include "gui/framework/ComboBox.h"
 #include "gui/framework/DisplayHeight.h"
 #include "gui/screens/display/HeightEdge.h"
 #include "gui/screens/display/LogView.h"
@@ -77,14 +78,50 @@ TEST_F(DisplayScreen, FollowsTheEndUnlessAReaderLooksElsewhere)
     EXPECT_EQ(log->blockCount(), LogView::MOST_LINES) << "the oldest go";
 }
 
+TEST_F(DisplayScreen, ShowsWhatPassesTheFilterAndStandsStillInAPause)
+{
+    const auto choose = [&](const char* name, const char* entry) {
+        auto& list = control<Gui::ComboBox>(name);
+        const auto chosen = std::ranges::find(list.getEntries(), QString(entry), &Gui::ComboBox::Entry::text);
+        list.setSelectedIndex(static_cast<int>(chosen - list.getEntries().begin()));
+        list.onChange(list.getSelectedIndex());
+    };
+    const std::string in = "12  09:05:00.042  > In 2\t1\tNote On\t60 (C4)\t100";
+    const std::string out = "Out 2\t16\tNote Off\t60 (C4)\t64";
+    const std::string bend = "09:05:00.042  Out 2\t1\tPitch Bend\t8192";
+    panel->setText(in + "\r\n" + out + "\r\n" + bend + "\r\n");
+    choose("Shown port", "Out 2");
+    EXPECT_EQ(text(), out + "\n" + bend);
+    choose("Shown channel", "Channel 16");
+    EXPECT_EQ(text(), out);
+    choose("Shown port", "> In 2");
+    choose("Shown channel", "All channels");
+    EXPECT_EQ(text(), in);
+    choose("Shown port", "All ports");
+    choose("Shown events", "Notes");
+    EXPECT_EQ(text(), in + "\n" + out);
+
+    press("Pause");
+    panel->addText(bend + "\r\n" + in + "\r\n");
+    EXPECT_EQ(text(), in + "\n" + out);
+    choose("Shown events", "Pitch bend");
+    EXPECT_EQ(text(), bend) << "a filter does not end the pause";
+    press("Pause");
+    EXPECT_EQ(text(), bend + "\n" + bend);
+    press("Copy");
+    EXPECT_EQ(QApplication::clipboard()->text().toStdString(), text()) << "all, as nothing is selected";
+}
+
 TEST_F(DisplayScreen, PostsItsSettingsAndShowsThem)
 {
     EXPECT_TRUE(settings().getDisplayMidiOutputEvents());
-    for (const char* button : {"Show input events", "Show output events", "Number the lines", "Large font"})
+    for (const char* button :
+         {"Show input events", "Show output events", "Number the lines", "Show the time", "Large font"})
         press(button);
     EXPECT_TRUE(settings().getDisplayMidiInputEvents());
     EXPECT_FALSE(settings().getDisplayMidiOutputEvents());
     EXPECT_TRUE(settings().getDisplayNumbers());
+    EXPECT_TRUE(settings().get<Backend::Settings::DISPLAY_TIMES>());
     EXPECT_TRUE(settings().getLargeDisplayFont());
 
     const QColor ink = gui->getGdiManager().getColour(Gui::GdiManager::Role::text);

@@ -3,14 +3,20 @@
 #include <QCoreApplication>
 #include <QKeyEvent>
 #include <QPushButton>
+#include <algorithm>
 #include <chrono>
+#include <cstdint>
 #include <memory>
+#include <utility>
+#include <vector>
 
 #include "api/OrvGuiIF.h"
 #include "api/OrvIF.h"
 #include "api/OrvMessageManager.h"
 #include "backend/display/DisplayMessageManager.h"
 #include "backend/files/RegistrySettings.h"
+#include "backend/values/MidiMessage.h"
+#include "gui/framework/ComboBox.h"
 #include "gui/framework/DisplayHeight.h"
 #include "gui/framework/GuiMessageManagerMaster.h"
 #include "gui/framework/Properties.h"
@@ -22,18 +28,55 @@
 namespace Gui::Display
 {
 using Backend::RegistrySettings;
+using Backend::MidiEngine::MessageType;
+using Backend::MidiEngine::MidiMessage;
 
 namespace
 {
 constexpr auto PULL = std::chrono::milliseconds(100);
 constexpr int BUTTON_HEIGHT = 20;
 constexpr int BUTTON_WIDTH = 74;
-constexpr int GAP = 4;
-constexpr int TEXT_TOP = BUTTON_HEIGHT + GAP;
+constexpr int TEXT_TOP = BUTTON_HEIGHT + 4;
 
 /// The buttons of the settings in `Switches::DISPLAY`.
-constexpr const char* LABELS[] = {"Input", "Output", "Numbers", "Large"};
-constexpr std::size_t LARGE = 3;
+constexpr const char* LABELS[] = {"Input", "Output", "Numbers", "Times", "Large"};
+constexpr std::size_t LARGE = 4;
+
+constexpr int CHANNELS = 16;
+constexpr int PORT_WIDTH = 118;
+constexpr int CHANNEL_WIDTH = 92;
+constexpr int KIND_WIDTH = 106;
+
+/// What the list of events offers: a name and the events, from the first to the last.
+struct Kind {
+    const char* name;
+    MessageType first;
+    MessageType last;
+};
+constexpr Kind KINDS[] = {{"Notes", MessageType::noteOff, MessageType::noteOn},
+                          {"Key pressure", MessageType::keyPressure, MessageType::keyPressure},
+                          {"Controllers", MessageType::controllerChange, MessageType::controllerChange},
+                          {"Programs", MessageType::programChange, MessageType::programChange},
+                          {"Pressure", MessageType::channelPressure, MessageType::channelPressure},
+                          {"Pitch bend", MessageType::pitchBend, MessageType::pitchBend},
+                          {"System", MessageType::systemExclusive, MessageType::systemReset}};
+
+QStringList eventsOf(const Kind& kind)
+{
+    QStringList names;
+    for (auto status = static_cast<std::uint32_t>(kind.first); status <= static_cast<std::uint32_t>(kind.last);
+         ++status)
+        names << QString::fromStdString(MidiMessage::getEventNameStatic(static_cast<MessageType>(status)));
+    return names;
+}
+
+template <class Ports>
+QStringList namesOf(const Ports& ports, const QString& prefix)
+{
+    QStringList names;
+    for (const auto& each : ports) names << prefix + QString::fromStdString(each.getName());
+    return names;
+}
 }  // namespace
 
 DisplayPanel::DisplayPanel(OrvGuiIF& owner, Panel* around)
@@ -48,6 +91,7 @@ DisplayPanel::DisplayPanel(OrvGuiIF& owner, Panel* around)
     Property::setHelp(*log, tr("The MIDI events that are received and sent, one per line. Select lines to copy them."));
     log->onOtherKey = [this](const QKeyEvent& event) { playKey(event); };
     makeButtons();
+    makeFilter();
     makeEdge();
     handleSettingsChanged(gui.getRegistrySettings());
 
@@ -66,23 +110,92 @@ Backend::Display::DisplayMessageManager& DisplayPanel::getDisplay() const
 
 void DisplayPanel::makeButtons()
 {
-    int left = 0;
-    const auto make = [&](const QString& label) {
-        auto* button = new QPushButton(label, this);
-        place(*button, {left, 0, BUTTON_WIDTH, BUTTON_HEIGHT});
-        button->setFocusPolicy(Qt::TabFocus);
-        left += BUTTON_WIDTH + GAP;
-        return button;
-    };
     for (std::size_t i = 0; i < SWITCHES; ++i) {
-        switches[i] = make(tr(LABELS[i]));
+        switches[i] = makeButton(tr(LABELS[i]), {});
         makeSwitch(*switches[i], Switches::DISPLAY[i], gui.getOrvMessageManager());
     }
-    auto* clear = make(tr("Clear"));
-    clear->setAccessibleName(tr("Clear"));
-    Property::setHelp(*clear,
-                      tr("Clear: empties the view. The events come back when the display is hidden and shown again."));
-    connect(clear, &QPushButton::clicked, log, &LogView::clear);
+    auto* const pause = makeButton(
+        tr("Pause"), tr("Pause: the view stays as it is. What comes meanwhile is shown when the pause ends."));
+    pause->setCheckable(true);
+    connect(pause, &QPushButton::clicked, log, &LogView::setPaused);
+    auto* const copy =
+        makeButton(tr("Copy"), tr("Copy: the selected text, or else all that is shown, goes to the clipboard."));
+    connect(copy, &QPushButton::clicked, log, &LogView::copyText);
+    auto* const clear = makeButton(
+        tr("Clear"), tr("Clear: empties the view. The events come back when the display is hidden and shown again."));
+    connect(clear, &QPushButton::clicked, log, &LogView::empty);
+}
+
+QPushButton* DisplayPanel::makeButton(const QString& label, const QString& help)
+{
+    auto* const button = new QPushButton(label, this);
+    place(*button, {nextLeft, 0, BUTTON_WIDTH, BUTTON_HEIGHT});
+    nextLeft += BUTTON_WIDTH + GAP;
+    button->setFocusPolicy(Qt::TabFocus);
+    button->setAccessibleName(label);
+    Property::setHelp(*button, help);
+    return button;
+}
+
+// --- the filter
+
+void DisplayPanel::makeFilter()
+{
+    port = makeChoices(PORT_WIDTH, tr("Shown port"), tr("Shows the events of one input or output only."));
+    channel = makeChoices(CHANNEL_WIDTH, tr("Shown channel"), tr("Shows the events of one channel only."));
+    kind = makeChoices(KIND_WIDTH, tr("Shown events"), tr("Shows the events of one kind only."));
+    channel->addEntry({.text = tr("All channels")});
+    for (int number = 1; number <= CHANNELS; ++number) channel->addEntry({.text = tr("Channel %1").arg(number)});
+    channel->setSelectedIndex(0);
+    kind->addEntry({.text = tr("All events")});
+    for (const Kind& each : KINDS) kind->addEntry({.text = tr(each.name)});
+    kind->setSelectedIndex(0);
+    handleMidiInputPortsChanged(gui.getMidiInputPorts());
+    handleMidiOutputPortsChanged(gui.getMidiOutputPorts());
+}
+
+ComboBox* DisplayPanel::makeChoices(int width, const QString& name, const QString& help)
+{
+    auto* const choices = new ComboBox(gui, ComboBox::Typing::readOnly, this);
+    place(*choices, {nextLeft, 0, width, BUTTON_HEIGHT});
+    nextLeft += width + GAP;
+    choices->setAccessibleName(name);
+    Property::setHelp(*choices, help);
+    Property::set(*choices, Property::TEXT, true);
+    choices->onChange = [this](int) { useFilter(); };
+    return choices;
+}
+
+void DisplayPanel::handleMidiInputPortsChanged(const Backend::MidiEngine::MidiInputPorts& ports)
+{
+    inputs = namesOf(ports, QStringLiteral("> "));
+    showPorts();
+}
+
+void DisplayPanel::handleMidiOutputPortsChanged(const Backend::MidiEngine::MidiOutputPorts& ports)
+{
+    outputs = namesOf(ports, {});
+    showPorts();
+}
+
+/// A port that is gone is shown no longer.
+void DisplayPanel::showPorts()
+{
+    const QString chosen = port->text();
+    const QStringList all = QStringList(tr("All ports")) + inputs + outputs;
+    std::vector<ComboBox::Entry> entries;
+    for (const QString& name : all) entries.push_back({.text = name});
+    port->setEntries(std::move(entries));
+    port->setSelectedIndex(std::max(0, static_cast<int>(all.indexOf(chosen))));
+    if (port->text() != chosen) useFilter();
+}
+
+void DisplayPanel::useFilter()
+{
+    const int row = kind->getSelectedIndex();
+    log->setFilter({.port = port->getSelectedIndex() > 0 ? port->text() : QString(),
+                    .channel = channel->getSelectedIndex(),
+                    .events = row > 0 ? eventsOf(KINDS[row - 1]) : QStringList()});
 }
 
 void DisplayPanel::makeEdge()

@@ -1,9 +1,11 @@
 #pragma once
 
+#include <QStringList>
 #include <QTimer>
 #include <array>
 #include <string>
 
+#include "backend/model/MidiPort.h"
 #include "gui/framework/Panel.h"
 #include "gui/screens/display/DisplayGuiMessageManager.h"
 
@@ -22,8 +24,9 @@ class DisplayMessageManager;
 
 namespace Gui
 {
+class ComboBox;
 class OrvGuiIF;
-}
+}  // namespace Gui
 
 namespace Gui::Display
 {
@@ -45,6 +48,8 @@ public:
 
     void handleSettingsChanged(const Backend::RegistrySettings& settings);
     void handleLargeDisplayFontChanged(bool on);
+    void handleMidiInputPortsChanged(const Backend::MidiEngine::MidiInputPorts& ports);
+    void handleMidiOutputPortsChanged(const Backend::MidiEngine::MidiOutputPorts& ports);
 
 protected:
     void showEvent(QShowEvent* event) override;
@@ -53,9 +58,14 @@ protected:
     void scaleChanged() override;
 
 private:
-    static constexpr std::size_t SWITCHES = 4;
+    static constexpr std::size_t SWITCHES = 5;
 
     void makeButtons();
+    QPushButton* makeButton(const QString& label, const QString& help);
+    void makeFilter();
+    ComboBox* makeChoices(int width, const QString& name, const QString& help);
+    void showPorts();
+    void useFilter();
     void makeEdge();
     void playKey(const QKeyEvent& event);
     Backend::Display::DisplayMessageManager& getDisplay() const;
@@ -66,6 +76,12 @@ private:
     LogView* log;
     HeightEdge* edge;
     std::array<QPushButton*, SWITCHES> switches{};
+    int nextLeft = 0;  // of the next control in the row, in logical pixels
+    ComboBox* port = nullptr;
+    ComboBox* channel = nullptr;
+    ComboBox* kind = nullptr;
+    QStringList inputs;  // as lines begin with them
+    QStringList outputs;
     QTimer pull;
 };
 }  // namespace Gui::Display

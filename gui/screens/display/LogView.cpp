@@ -1,11 +1,14 @@
 #include "gui/screens/display/LogView.h"
 
+#include <QApplication>
+#include <QClipboard>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QScrollBar>
 #include <QTextBlock>
 #include <QTextOption>
 #include <algorithm>
+#include <utility>
 
 #include "gui/framework/GdiManager.h"
 #include "gui/framework/Properties.h"
@@ -17,12 +20,12 @@ namespace
 constexpr double TABS[] = {260, 300, 480, 680};  // port, channel, event, first and second value
 constexpr qreal MARGIN = 4;
 
-QString linesOf(const std::string& text)
+QStringList linesOf(const std::string& text)
 {
     QString lines = QString::fromStdString(text);
     lines.remove('\r');
     if (lines.endsWith('\n')) lines.chop(1);
-    return lines;
+    return lines.split('\n');
 }
 
 /// What the values of an event mean, if it says so in brackets: "60 (C4)".
@@ -35,17 +38,14 @@ QString meaningOf(const QString& value)
 /// A line of the log as a few words: port, channel, event, first and second value become "C4  100  ch 1".
 QString inFewWords(const QString& line)
 {
-    enum Column { port, channel, event, first, second };
-    const QStringList columns = line.split('\t');
-    if (columns.size() <= event) return line;
-    const QString meaning = meaningOf(columns.value(first));
-    QStringList words{meaning.isEmpty() ? columns[event] : meaning};
-    if (meaning.isEmpty() && columns.size() > first) words << columns[first];
-    if (columns[event] == QLatin1String("Note Off"))
-        words << QStringLiteral("off");
-    else if (columns.size() > second)
-        words << columns[second];
-    if (!columns[channel].isEmpty()) words << QStringLiteral("ch ") + columns[channel];
+    const EventColumns columns(line);
+    if (!columns.isEvent()) return line;
+    const QString meaning = meaningOf(columns.first);
+    QStringList words{meaning.isEmpty() ? columns.event : meaning};
+    if (meaning.isEmpty()) words << columns.first;
+    words << (columns.event == QLatin1String("Note Off") ? QStringLiteral("off") : columns.second);
+    if (!columns.channel.isEmpty()) words << QStringLiteral("ch ") + columns.channel;
+    words.removeAll(QString());
     return words.join(QStringLiteral("  "));
 }
 
@@ -74,14 +74,72 @@ LogView::LogView(GdiManager& manager, QWidget* parent) : QPlainTextEdit(parent),
 
 void LogView::addText(const std::string& text)
 {
-    appendPlainText(linesOf(text));
-    if (large) viewport()->update();
+    const QStringList added = linesOf(text);
+    for (const QString& line : added) keep(line);
+    waiting = std::min(waiting + static_cast<std::size_t>(added.size()), lines.size());
+    if (!paused) showLast(std::exchange(waiting, 0));
 }
 
 void LogView::setText(const std::string& text)
 {
-    setPlainText(linesOf(text));
+    lines.clear();
+    waiting = 0;
+    for (const QString& line : linesOf(text)) keep(line);
+    showAll();
+}
+
+void LogView::keep(const QString& line)
+{
+    lines.push_back(line);
+    if (lines.size() > MOST_LINES) lines.pop_front();
+}
+
+void LogView::showLast(std::size_t count)
+{
+    QStringList passing;
+    for (auto line = lines.end() - static_cast<std::ptrdiff_t>(count); line != lines.end(); ++line)
+        if (filter.passes(*line)) passing << *line;
+    if (passing.isEmpty()) return;
+    appendPlainText(passing.join('\n'));
+    if (large) viewport()->update();
+}
+
+/// All that did not come during the pause.
+void LogView::showAll()
+{
+    QStringList passing;
+    for (auto line = lines.begin(); line != lines.end() - static_cast<std::ptrdiff_t>(waiting); ++line)
+        if (filter.passes(*line)) passing << *line;
+    setPlainText(passing.join('\n'));
     verticalScrollBar()->setValue(verticalScrollBar()->maximum());
+}
+
+void LogView::setFilter(EventFilter newFilter)
+{
+    filter = std::move(newFilter);
+    showAll();
+}
+
+void LogView::setPaused(bool on)
+{
+    paused = on;
+    if (!paused) showLast(std::exchange(waiting, 0));
+}
+
+void LogView::empty()
+{
+    lines.clear();
+    waiting = 0;
+    clear();
+}
+
+void LogView::copyText()
+{
+    const bool isSelected = textCursor().hasSelection();
+    if (isSelected)
+        copy();
+    else
+        QApplication::clipboard()->setText(toPlainText());
 }
 
 void LogView::setLarge(bool on)

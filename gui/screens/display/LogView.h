@@ -1,8 +1,12 @@
 #pragma once
 
 #include <QPlainTextEdit>
+#include <cstddef>
+#include <deque>
 #include <functional>
 #include <string>
+
+#include "gui/screens/display/EventFilter.h"
 
 namespace Gui
 {
@@ -12,8 +16,9 @@ class GdiManager;
 namespace Gui::Display
 {
 /// The last lines of the log, to be read and copied, or in large letters the newest event alone, which can be read from
-/// a distance. The log scrolls with the newest line while that is visible. It has the
-/// focus only after lines were selected with the mouse or after Tab, and uses only the keys that move in it and copy.
+/// a distance. A filter chooses which lines are shown. The log scrolls with the newest line while that is visible. It
+/// has the focus only after lines were selected with the mouse or after Tab, and uses only the keys that move in it and
+/// copy.
 class LogView final : public QPlainTextEdit
 {
 public:
@@ -29,6 +34,15 @@ public:
     /// Replaces the lines and scrolls to the end.
     void setText(const std::string& text);
 
+    /// Lines that were left out are shown as well, if they pass now.
+    void setFilter(EventFilter newFilter);
+    /// What comes meanwhile is shown when it ends.
+    void setPaused(bool on);
+    /// Forgets all lines.
+    void empty();
+    /// What is selected, or else all that is shown, to the clipboard.
+    void copyText();
+
     void setLarge(bool on);
     /// The scale has changed.
     void rescale();
@@ -41,9 +55,16 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
+    void keep(const QString& line);
+    void showLast(std::size_t count);
+    void showAll();
     void paintNewestEvent();
 
     GdiManager& gdi;
+    std::deque<QString> lines;  // also those that are left out
+    EventFilter filter;
+    bool paused = false;
+    std::size_t waiting = 0;  // the last ones, which came during the pause
     bool large = false;
 };
 }  // namespace Gui::Display
