@@ -32,6 +32,7 @@ enum class RecoveryResult;
 struct Bank;
 struct BankEditDone;
 struct EditDone;
+struct HostOverrides;
 struct Learned;
 struct PresetSection;
 struct Program;
@@ -265,5 +266,7 @@ public:
     virtual void handleSequenceSteps(const std::vector<int>& steps) = 0;
     /// The dialog in which the programs of the bank are arranged, unless another one is open.
     virtual void showProgramsDialog() = 0;
+    /// What the host's command line replaces of the settings that it executes; null if the host executes none of them.
+    virtual const Backend::HostOverrides* getHostOverrides() const = 0;
 };
 }  // namespace Gui

@@ -618,5 +618,10 @@ public:
     /// [backend] Before `initialize`: stores at the end which bank and program are the current ones. With `loadsIt`,
     /// `initialize` loads those of the last end, if the settings say so and the bank can be loaded.
     virtual void continueLast(bool loadsIt) = 0;
+    /// [host] Before `start`: this host executes the settings of the synthesizer, JACK and the clocks. Without it the
+    /// setup of the window does not show them.
+    virtual void useHostSettings(HostSettingsUse use) = 0;
+    /// [backend] One of them was changed: passes them all to that host.
+    virtual void passHostSettings() = 0;
 };
 }  // namespace Backend

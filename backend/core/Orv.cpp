@@ -182,6 +182,14 @@ HostStart Orv::getHostStart() const
             registrySettings.getEnabledMidiOutputs()};
 }
 
+void Orv::useHostSettings(HostSettingsUse use) { hostSettings = std::move(use); }
+
+void Orv::passHostSettings()
+{
+    assertBackendThread();
+    if (hostSettings && hostSettings->changed) hostSettings->changed(registrySettings.getHostSettings());
+}
+
 void Orv::saveRetroRecord(const std::string& stem)
 {
     retroRecord.save(stem, [window = getGuiWindowHandle()](const RetroRecord::SaveReport& report) {
@@ -241,7 +249,8 @@ Gui::OrvGuiIF* Orv::createOrvGui(bool isVstPlugin)
                               .inputs = midiInputPorts,
                               .outputs = midiOutputPorts,
                               .screens = getScreenState(),
-                              .isVstPlugin = isVstPlugin});
+                              .isVstPlugin = isVstPlugin,
+                              .hostOverrides = hostSettings ? std::optional(hostSettings->overrides) : std::nullopt});
 }
 
 void Orv::refreshGui()

@@ -368,6 +368,8 @@ public:
     void keepSetPosition(bool on) override;
     void setProgramChangeInput(int input) override;
     void setProgramChangeChannel(int channel) override;
+    void useHostSettings(HostSettingsUse use) override;
+    void passHostSettings() override;
     void renameSequencePreset(const std::string& name, const std::string& newName) override;
     void sendSequenceSteps() override { getMidiEngineMessageManager().postSendSequenceSteps(); }
 
@@ -524,8 +526,9 @@ private:
     bool setListFailed = false;  // the last one
     bool keepsSetPosition = false;
     ProgramChanges programChanges;
-    bool storesLast = false;  // at the end: the current bank and program
-    bool loadsLast = false;   // at the start
+    std::optional<HostSettingsUse> hostSettings;  // none if the host executes no settings
+    bool storesLast = false;                      // at the end: the current bank and program
+    bool loadsLast = false;                       // at the start
     Edited shownEdited;
     std::array<SectionPreset, PresetSections::ALL.size()> shownPresets;
     MidiEngine::MidiInputPorts midiInputPorts;

@@ -113,6 +113,30 @@ void RegistrySettings::setMidiInputEnabled(int port, bool enabled) { setBit(enab
 
 void RegistrySettings::setMidiOutputEnabled(int port, bool enabled) { setBit(enabledOutputs, port, enabled); }
 
+HostSettings RegistrySettings::getHostSettings() const
+{
+    const auto valid = [this]<const auto & row>()
+    {
+        const int value = get<row>();
+        return row.allows(value) ? value : row.standard;
+    };
+    return {.volume = valid.operator()<Settings::SYNTHESIZER_VOLUME>(),
+            .reverb = get<Settings::SYNTHESIZER_REVERB>(),
+            .soundFont = get<Settings::SOUND_FONT>(),
+            .client = get<Settings::CLIENT_NAME>(),
+            .connectsSound = get<Settings::CONNECT_SOUND>(),
+            .clockIn = valid.operator()<Settings::CLOCK_IN>(),
+            .clockOut = valid.operator()<Settings::CLOCK_OUT>(),
+            .followsTransport = get<Settings::FOLLOW_TRANSPORT>()};
+}
+
+HostSettings HostSettings::load(const std::string& key)
+{
+    RegistrySettings settings;
+    settings.loadFromRegistry(key);
+    return settings.getHostSettings();
+}
+
 std::vector<bool> RegistrySettings::getBoolVectorFromString(std::string_view text)
 {
     std::vector<bool> bits;

@@ -4,6 +4,7 @@
 #include <string_view>
 #include <vector>
 
+#include "api/HostState.h"
 #include "backend/model/Settings.h"
 #include "platform/Export.h"
 #include "platform/Rect.h"
@@ -114,6 +115,9 @@ public:
     /// A negative index is ignored.
     void setMidiInputEnabled(int port, bool enabled);
     void setMidiOutputEnabled(int port, bool enabled);
+
+    /// Those that a host executes; a value outside its range is the default.
+    HostSettings getHostSettings() const;
 
     /// The stored form of such a list, one letter each: Y or y for true, N or anything else for false.
     static std::vector<bool> getBoolVectorFromString(std::string_view text);

@@ -10,8 +10,9 @@
 /// and the field of the setup dialog refer to it.
 namespace Backend::Settings
 {
-/// The message to the window when a setting was changed: none, one of its own, or that with all settings.
-enum class Notice { none, own, all };
+/// The message to the window when a setting was changed: none, one of its own, or that with all settings, which for a
+/// setting of the host goes to the host, too.
+enum class Notice { none, own, all, host };
 
 template <class Type>
 struct Setting {

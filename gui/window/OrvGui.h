@@ -135,6 +135,10 @@ public:
     void handleNotice(Backend::Notice notice, const std::string& text) override;
     void handleSequenceSteps(const std::vector<int>& steps) override;
     void showProgramsDialog() override;
+    const Backend::HostOverrides* getHostOverrides() const override
+    {
+        return shown.hostOverrides ? &*shown.hostOverrides : nullptr;
+    }
 
 private:
     template <class Value>

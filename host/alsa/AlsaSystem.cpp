@@ -5,6 +5,7 @@
 #include <stdexcept>
 #include <thread>
 
+#include "host/synthesizer/SoundFont.h"
 #include "platform/Clock.h"
 
 namespace Host
@@ -21,8 +22,8 @@ const MidiDevice FREE_INPUT{":in", "Orvane In"};
 const MidiDevice FREE_OUTPUT{":out", "Orvane Out"};
 }  // namespace
 
-AlsaSystem::AlsaSystem(std::unique_ptr<MidiDevices> allDevices, Ports& allPorts)
-    : ports(allPorts), devices(std::move(allDevices))
+AlsaSystem::AlsaSystem(std::unique_ptr<MidiDevices> allDevices, Ports& allPorts, const Sound& first)
+    : ports(allPorts), devices(std::move(allDevices)), sound(first)
 {
     addSynthesizer();
     sender.start("orvane outputs", [this] { runSender(); });
@@ -49,10 +50,25 @@ void AlsaSystem::addSynthesizer()
     if (ports.outputs().size() == 0) ports.addOutput(SYNTHESIZER_NAME);
     ports.outputs()[SYNTHESIZER]->found = false;  // as every device before the first scan
     try {
-        soundCard = std::make_unique<SoundCard>();
+        soundCard = std::make_unique<SoundCard>(
+            makeSynthesizer(sound, SoundCard::SAMPLE_RATE, SynthesizerUse::manyThreads, news));
     } catch (const std::runtime_error& reason) {
         news.push_back("The built-in synthesizer is silent: " + std::string(reason.what()) + ".");
     }
+}
+
+void AlsaSystem::setSound(const Sound& newSound)
+{
+    const bool isOtherFont = newSound.soundFont != sound.soundFont;
+    sound = newSound;
+    if (!soundCard) return;
+    soundCard->setSound(sound);
+    if (!isOtherFont) return;
+    auto next = makeNextSynthesizer(sound, SoundCard::SAMPLE_RATE, SynthesizerUse::manyThreads, news);
+    if (!next) return;
+    const MutexLock lock(sending);
+    if (!soundCard->replace(std::move(next)))
+        news.push_back("The built-in synthesizer is silent: the sound output cannot be opened again.");
 }
 
 // --- devices

@@ -21,7 +21,7 @@ namespace Host
 class AlsaSystem final : public MidiSystem
 {
 public:
-    AlsaSystem(std::unique_ptr<MidiDevices> allDevices, Ports& allPorts);
+    AlsaSystem(std::unique_ptr<MidiDevices> allDevices, Ports& allPorts, const Sound& first = {});
     ~AlsaSystem() override;
 
     std::string name() const override { return devices->isAvailable() ? "ALSA" : "none"; }
@@ -30,6 +30,7 @@ public:
     void listen(InputReceiver& newReceiver) override;
     void stopListening() override;
     void startClock(Clock& songClock) override;
+    void setSound(const Sound& newSound) override;
     void deliver() override { messagesWait.set(); }
     bool refresh() override;
     void enableInput(std::size_t index, bool enabled) override;
@@ -54,6 +55,7 @@ private:
 
     Ports& ports;
     const std::unique_ptr<MidiDevices> devices;
+    Sound sound;
     std::unique_ptr<SoundCard> soundCard;  // null if no sound output opens
     std::array<std::unique_ptr<MidiSource>, Ports::MOST> sources;
 

@@ -87,7 +87,10 @@ void Clock::playPeriod(std::uint32_t firstStamp, std::uint32_t frames, const Tra
     const std::uint64_t slicesBefore = slices.count();
     const bool isLate = synchronise(std::chrono::steady_clock::now(), frames);
     const auto rate = static_cast<double>(framesPerSecond);
-    if (transport != nullptr) tempo.processTransport(seconds, *transport);
+    if (transport != nullptr)
+        tempo.processTransport(seconds, *transport);
+    else
+        tempo.leaveTransport(seconds);
     tempo.process(seconds, firstStamp, rate);
     const bool isQuiet = (inputs == nullptr || !inputs->nextFrame()) && tryRest();
     const int longest = isQuiet ? Slices::LONGEST : 1;
@@ -251,7 +254,10 @@ void Clock::tick()
 }
 
 /// A clock that is sent or followed needs every pulse in time.
-bool Clock::tryRest() const { return !sendsClock && player.getClockSource() < 0 && tryRestEngine && tryRestEngine(); }
+bool Clock::tryRest() const
+{
+    return !tempo.sendsClock() && player.getClockSource() < 0 && tryRestEngine && tryRestEngine();
+}
 
 /// True if it rested: then the next slice is due now.
 bool Clock::rest()

@@ -42,10 +42,10 @@ public:
 
     // Control thread
 
-    /// The port that a MIDI clock is sent to, null for none. Before the start.
+    /// The port that a MIDI clock is sent to, null for none. Takes effect with the next slice.
     void setClockOut(OutputPort* port)
     {
-        sendsClock = port != nullptr;
+        if (port != nullptr) port->carryClock();
         tempo.setClockOut(port);
     }
 
@@ -122,7 +122,6 @@ private:
     TempoController tempo{player};
     const std::function<void()> afterSlice;
     std::function<bool()> tryRestEngine;
-    bool sendsClock = false;
 
     ClockOwner owner;
     std::atomic<bool> stopping{false};

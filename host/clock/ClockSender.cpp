@@ -1,6 +1,7 @@
 #include "host/clock/ClockSender.h"
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 #include "host/clock/ClockFollower.h"
@@ -22,6 +23,14 @@ ShortMessage songPosition(int sixteenths)
             3};
 }
 }  // namespace
+
+void ClockSender::setPort(OutputPort* clockPort, double position)
+{
+    end();
+    port = clockPort;
+    waitingCount = 0;
+    ticks = static_cast<std::int64_t>(std::ceil((position - NEAREST_PULSE) / PULSES_PER_TICK));
+}
 
 void ClockSender::add(const Command& command)
 {

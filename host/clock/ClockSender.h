@@ -16,12 +16,10 @@ namespace Host
 class ClockSender
 {
 public:
-    /// The port to send to, null for none. Before the first pulse.
-    void setPort(OutputPort* clockPort)
-    {
-        port = clockPort;
-        if (port != nullptr) port->carryClock();
-    }
+    /// The port to send to from now on, null for none; it carries a clock (`OutputPort::carryClock`). `position` as in
+    /// `passPulse`: the ticks before it are not sent. The port before gets a stop.
+    void setPort(OutputPort* clockPort, double position);
+    OutputPort* getPort() const { return port; }
 
     // Each is sent at the first pulse at or after `time` (seconds, as in `passPulse`), in the order of the calls.
 

@@ -27,6 +27,7 @@ void TempoController::receive(int input, const ShortMessage& message, std::uint3
 void TempoController::process(double now, std::uint32_t stamp, double stampsPerSecond)
 {
     selectSource(now);
+    selectClockOut(now);
     received.drain([&](const StampedMessage& next) {
         const double away = static_cast<std::int32_t>(next.stamp - stamp) / stampsPerSecond;
         if (sourceLeftAt < 0) processMessage(next.message, now + std::clamp(away, -FARTHEST_STAMP, FARTHEST_STAMP));
@@ -52,6 +53,20 @@ void TempoController::selectSource(double now)
     setsTempo = false;
     starting = 0;
     follower.reset(player.getTempo());
+}
+
+/// A port that is chosen while the clock runs gets the start of the song at once.
+void TempoController::selectClockOut(double now)
+{
+    OutputPort* const wanted = clockOut.load();
+    if (wanted == sender.getPort()) return;
+    sender.setPort(wanted, static_cast<double>(pulse) + lead);
+    player.markPlayed();  // the stop
+    if (pulse == 0) return;
+    if (hasTransport && transport.rolling)
+        startSong(now);
+    else if (!hasTransport && source < 0)
+        sender.start(now);
 }
 
 // --- the external clock
@@ -96,7 +111,8 @@ void TempoController::processTransport(double now, const Transport& newTransport
     const double expected = transport.seconds + now - transportTime;
     const bool continues =
         transport.rolling && newTransport.rolling && std::abs(newTransport.seconds - expected) < SAME_POSITION;
-    if (transport.rolling && !continues) stopSong(now);
+    const bool endsOwnSong = !hasTransport && pulse > 0;
+    if ((transport.rolling || endsOwnSong) && !continues) stopSong(now);
     hasTransport = true;
     transport = newTransport;
     transportTime = now;
@@ -105,6 +121,15 @@ void TempoController::processTransport(double now, const Transport& newTransport
         if (!follower.isActive(now)) player.reportExternalTempo(transport.bpm);
     }
     if (transport.rolling && !continues) startSong(now);
+}
+
+void TempoController::leaveTransport(double now)
+{
+    if (!hasTransport) return;
+    if (transport.rolling) stopSong(now);
+    hasTransport = false;
+    transport = {};
+    if (source < 0) sender.start(now);
 }
 
 /// The song continues at its next sixteenth, the resolution of a song position.

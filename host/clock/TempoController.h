@@ -1,5 +1,6 @@
 #pragma once
 
+#include <atomic>
 #include <cstdint>
 
 #include "host/clock/ClockFollower.h"
@@ -18,14 +19,16 @@ namespace Host
 /// An external tempo is reported to the player, which makes it the tempo of the program.
 ///
 /// Start, continue, stop and song position of the external clock are forwarded to the clock that is sent. If there is
-/// an external transport, that starts and stops it instead. With neither, a song starts with the first pulse.
+/// an external transport, that starts and stops it instead. With neither, a song starts with the first pulse
+/// that is sent.
 class TempoController
 {
 public:
     explicit TempoController(Player& songPlayer) : player(songPlayer) {}
 
-    /// Before the first pulse.
-    void setClockOut(OutputPort* port) { sender.setPort(port); }
+    /// The port that a MIDI clock is sent to from the next `process` on, null for none; it carries a clock. Any thread.
+    void setClockOut(OutputPort* port) { clockOut.store(port); }
+    bool sendsClock() const { return clockOut.load(std::memory_order_relaxed) != nullptr; }
 
     /// A message arrived at an input. Messages of the external clock are queued for `process`, others ignored. Never
     /// waits. One thread at a time.
@@ -43,6 +46,9 @@ public:
     /// Follows an external transport, which has this state now.
     void processTransport(double now, const Transport& newTransport);
 
+    /// There is no external transport, or it is not followed any more.
+    void leaveTransport(double now);
+
     /// A pulse is played at that time; messages of the clock that is sent with it get that stamp. Returns the tempo at
     /// which the next pulse follows, in beats per minute.
     double passPulse(double time, std::uint32_t stamp);
@@ -52,6 +58,7 @@ public:
 
 private:
     void selectSource(double now);
+    void selectClockOut(double now);
     void processMessage(const ShortMessage& message, double time);
     void processTick(double time);
     void startSong(double now);
@@ -61,6 +68,7 @@ private:
 
     Player& player;
     MidiRing received;
+    std::atomic<OutputPort*> clockOut{nullptr};
     ClockSender sender;
     std::int64_t pulse = 0;
 

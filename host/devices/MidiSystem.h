@@ -12,6 +12,8 @@
 
 namespace Host
 {
+struct Sound;
+
 /// The MIDI system of the machine: the devices of the ports, and the audio graph that may drive the clock. The
 /// constructor opens the devices and adds their ports; `refresh` follows devices that are plugged in and unplugged. All
 /// operations but `deliver` belong to the control thread.
@@ -52,8 +54,12 @@ public:
     /// Starts the clock, in the process callback if there is a graph.
     virtual void startClock(Clock& clock) = 0;
 
-    /// The clock follows the transport of the graph from now on. False if there is none.
-    virtual bool followTransport() { return false; }
+    /// Whether the clock follows the transport of the graph from now on. False if there is none.
+    virtual bool followTransport([[maybe_unused]] bool on) { return false; }
+
+    /// The user has changed the sound of the built-in synthesizer. Loading a sound font takes up to some seconds, while
+    /// it plays on; one that cannot be loaded changes nothing and is news.
+    virtual void setSound([[maybe_unused]] const Sound& sound) {}
 
     /// Sends what was played. Called by the clock's own thread after each slice in which a message was played.
     virtual void deliver() = 0;

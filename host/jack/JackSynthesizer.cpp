@@ -1,10 +1,10 @@
 #include "host/jack/JackSynthesizer.h"
 
 #include <stdexcept>
+#include <utility>
 
 #include "host/jack/JackClient.h"
 #include "host/jack/JackPorts.h"
-#include "host/synthesizer/SoundFont.h"
 
 namespace Host
 {
@@ -23,9 +23,39 @@ float* audioBuffer(jack_port_t* port, jack_nframes_t frames)
 }
 }  // namespace
 
-JackSynthesizer::JackSynthesizer(double sampleRate, OutputPort& output)
-    : port(output), synthesizer(findSoundFont(), sampleRate, SynthesizerUse::oneThread)
+JackSynthesizer::JackSynthesizer(std::unique_ptr<Synthesizer> soundSource, OutputPort& output)
+    : port(output), synthesizer(std::move(soundSource))
 {
+}
+
+JackSynthesizer::~JackSynthesizer()
+{
+    discardReplaced();
+    delete next.load();
+}
+
+void JackSynthesizer::setSound(const Sound& sound)
+{
+    volume.store(sound.volume);
+    reverb.store(sound.reverb);
+}
+
+void JackSynthesizer::replace(std::unique_ptr<Synthesizer> successor)
+{
+    discardReplaced();
+    delete next.exchange(successor.release());
+}
+
+void JackSynthesizer::takeChanges()
+{
+    if (next.load() != nullptr && replaced.load() == nullptr) {
+        Synthesizer* const successor = next.exchange(nullptr);
+        successor->takeChannels(*synthesizer);
+        replaced.store(synthesizer.release());
+        synthesizer.reset(successor);
+    }
+    synthesizer->setVolume(volume.load());
+    synthesizer->setReverb(reverb.load());
 }
 
 void JackSynthesizer::enter(jack_client_t* client)
@@ -49,14 +79,15 @@ void JackSynthesizer::render(std::uint32_t start, jack_nframes_t frames)
 {
     float* const leftBuffer = audioBuffer(left, frames);
     float* const rightBuffer = audioBuffer(right, frames);
+    takeChanges();
     jack_nframes_t done = 0;
     const auto renderTo = [&](jack_nframes_t frame) {
-        if (frame > done) synthesizer.render(leftBuffer + done, rightBuffer + done, static_cast<int>(frame - done));
+        if (frame > done) synthesizer->render(leftBuffer + done, rightBuffer + done, static_cast<int>(frame - done));
         done = frame;
     };
     port.deliver(start, [&](const ShortMessage& message, std::uint32_t stamp) {
         renderTo(frameOf(stamp, start, done, frames - 1));
-        synthesizer.play(message);
+        synthesizer->play(message);
         return true;
     });
     renderTo(frames);

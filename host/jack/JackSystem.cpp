@@ -6,6 +6,8 @@
 #include <thread>
 #include <utility>
 
+#include "host/synthesizer/SoundFont.h"
+
 namespace Host
 {
 using namespace std::chrono_literals;
@@ -18,17 +20,19 @@ constexpr long LOAD_STEP = 5;  // percent; the line is not painted anew for less
 constexpr auto UNTIL_READER_STOPPED = 200ms;
 }  // namespace
 
-JackSystem::JackSystem(JackClient openClient, std::string wantedName, Ports& allPorts, Event& wakeEvent)
+JackSystem::JackSystem(JackClient openClient, std::string wantedName, Ports& allPorts, Event& wakeEvent,
+                       const Sound& first)
     : clientName(std::move(wantedName)),
       ports(allPorts),
       reader(allPorts),
+      sound(first),
       callbacks(allPorts, reader, wakeEvent),
       devices(allPorts, callbacks, news, disconnectedInputs)
 {
-    makeSynthesizer(jack_get_sample_rate(openClient.get()));
+    addSynthesizer(jack_get_sample_rate(openClient.get()));
     if (!enterGraph(std::move(openClient)))
         news.push_back("The JACK server does not run the client.");
-    else if (isSynthesizerThere() && !synthesizer->connectToSoundCard(client.get()))
+    else if (sound.connects && isSynthesizerThere() && !synthesizer->connectToSoundCard(client.get()))
         news.push_back("The JACK graph has no sound output; connect the synthesizer's ports by hand.");
 }
 
@@ -76,10 +80,22 @@ void JackSystem::startClock(Clock& songClock)
     if (isServerLost()) songClock.graphLost();
 }
 
-bool JackSystem::followTransport()
+bool JackSystem::followTransport(bool on)
 {
-    callbacks.followsTransport.store(true);
+    callbacks.followsTransport.store(on);
     return true;
+}
+
+/// The rate of a new client is set when it enters the graph.
+void JackSystem::setSound(const Sound& newSound)
+{
+    const bool isOtherFont = newSound.soundFont != sound.soundFont;
+    sound = newSound;
+    if (!synthesizer) return;
+    synthesizer->setSound(sound);
+    if (!isOtherFont) return;
+    auto next = makeNextSynthesizer(sound, callbacks.getRate(), SynthesizerUse::oneThread, news);
+    if (next) synthesizer->replace(std::move(next));
 }
 
 void JackSystem::listen(InputReceiver& receiver)
@@ -97,12 +113,14 @@ void JackSystem::stopListening()
 
 // --- the server
 
-void JackSystem::makeSynthesizer(double sampleRate)
+void JackSystem::addSynthesizer(double sampleRate)
 {
     if (ports.outputs().size() == 0) ports.addOutput(SYNTHESIZER_NAME);
     OutputPort& port = *ports.outputs()[SYNTHESIZER];
     try {
-        synthesizer = std::make_unique<JackSynthesizer>(sampleRate, port);
+        synthesizer = std::make_unique<JackSynthesizer>(
+            makeSynthesizer(sound, sampleRate, SynthesizerUse::oneThread, news), port);
+        synthesizer->setSound(sound);
     } catch (const std::runtime_error& reason) {
         port.couldNotOpen = true;
         news.push_back("The built-in synthesizer is silent: " + std::string(reason.what()) + ".");
@@ -178,6 +196,7 @@ void JackSystem::waitUntilRead()
 
 bool JackSystem::refresh()
 {
+    if (synthesizer) synthesizer->discardReplaced();
     if (!client) return enterNewGraph();
     if (isServerLost()) {
         leaveLostGraph();

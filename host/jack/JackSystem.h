@@ -21,7 +21,7 @@ class JackSystem final : public MidiSystem
 {
 public:
     /// Adds the ports, activates the client and connects the ports to their devices.
-    JackSystem(JackClient openClient, std::string wantedName, Ports& allPorts, Event& wakeEvent);
+    JackSystem(JackClient openClient, std::string wantedName, Ports& allPorts, Event& wakeEvent, const Sound& first);
     ~JackSystem() override;
 
     std::string name() const override { return "JACK"; }
@@ -32,7 +32,8 @@ public:
     void listen(InputReceiver& receiver) override;
     void stopListening() override;
     void startClock(Clock& clock) override;
-    bool followTransport() override;
+    bool followTransport(bool on) override;
+    void setSound(const Sound& newSound) override;
     void deliver() override {}
     void waitUntilRead() override;
     bool refresh() override;
@@ -42,7 +43,7 @@ public:
     void close() override;
 
 private:
-    void makeSynthesizer(double sampleRate);
+    void addSynthesizer(double sampleRate);
     bool enterGraph(JackClient newClient);
     void enterSynthesizer();
     bool isSynthesizerThere() const { return callbacks.synthesizer.load() != nullptr; }
@@ -55,6 +56,7 @@ private:
     const std::string clientName;
     Ports& ports;
     InputReader reader;
+    Sound sound;
     std::unique_ptr<JackSynthesizer> synthesizer;  // null if it could not be made
     JackCallbacks callbacks;
     JackDevices devices;

@@ -37,8 +37,8 @@ void Player::playMidi(const Backend::MidiEngine::OrvMidiMessage& event)
 /// The external clock is forwarded by `ClockSender`; the same messages through the layers would arrive there twice.
 bool Player::isForwardedClock(const Backend::MidiEngine::OrvMidiMessage& event, const ShortMessage& message) const
 {
-    return event.getOutput() == clockOut && event.getInput() >= 0 && event.getInput() == getClockSource() &&
-           isClockMessage(message);
+    return event.getOutput() == clockOut.load(std::memory_order_relaxed) && event.getInput() >= 0 &&
+           event.getInput() == getClockSource() && isClockMessage(message);
 }
 
 void Player::reportExternalTempo(double bpm)

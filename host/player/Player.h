@@ -46,9 +46,9 @@ public:
     int getTempo() const { return tempo.load(std::memory_order_relaxed); }
 
     /// The input whose MIDI clock sets the tempo if the program names none, and the output that the host sends its MIDI
-    /// clock to; -1 for none. To be called before anything plays.
-    void setClockIn(int input) { clockIn = input; }
-    void setClockOut(int output) { clockOut = output; }
+    /// clock to; -1 for none. Control thread.
+    void setClockIn(int input) { clockIn.store(input, std::memory_order_relaxed); }
+    void setClockOut(int output) { clockOut.store(output, std::memory_order_relaxed); }
 
     /// Note-ons are dropped until they are accepted again; note-offs and all other messages are played. Any thread.
     void acceptNoteOns(bool accept) { noteOnsAccepted.store(accept); }
@@ -57,7 +57,7 @@ public:
     int getClockSource() const
     {
         const char source = tempoSource.load(std::memory_order_relaxed);
-        return source >= 0 ? source : clockIn;
+        return source >= 0 ? source : clockIn.load(std::memory_order_relaxed);
     }
 
     /// The tempo of an external clock that was measured since the last call and that the program does not have yet, 0
@@ -105,8 +105,8 @@ private:
     const Ports& ports;
     Event& requested;
     Event clockWake;
-    int clockIn = -1;
-    int clockOut = -1;
+    std::atomic<int> clockIn{-1};
+    std::atomic<int> clockOut{-1};
     std::atomic<ThreadId> clockThread{0};
     std::atomic<int> tempo{FIRST_TEMPO};
     std::atomic<char> tempoSource{-1};

@@ -89,16 +89,21 @@ public:
         if (state.load(std::memory_order_relaxed) == State::open) waiting.push(message, stamp);
     }
 
-    /// This port carries a MIDI clock, which has a ring of its own, because it is sent outside the engine lock. Before
-    /// anything plays.
-    void carryClock() { clock = std::make_unique<MidiRing>(); }
+    /// This port carries a MIDI clock, which has a ring of its own, because it is sent outside the engine lock. The
+    /// ring stays. Control thread.
+    void carryClock()
+    {
+        if (!clockRing) clockRing = std::make_unique<MidiRing>();
+        clock.store(clockRing.get());
+    }
 
     /// Sends a message of the MIDI clock, before what is played with the same stamp. While many wait, ticks are
     /// dropped. The thread that plays the slices.
     void playClock(const ShortMessage& message, std::uint32_t stamp)
     {
-        const bool isDropped = message.bytes[0] == StatusByte::TICK && clock->isCrowded();
-        if (state.load(std::memory_order_relaxed) == State::open && !isDropped) clock->push(message, stamp);
+        MidiRing& ring = *clock.load(std::memory_order_acquire);
+        const bool isDropped = message.bytes[0] == StatusByte::TICK && ring.isCrowded();
+        if (state.load(std::memory_order_relaxed) == State::open && !isDropped) ring.push(message, stamp);
     }
 
     void open() { state.store(State::open); }               ///< Control thread.
@@ -172,9 +177,10 @@ private:
     template <class Send>
     bool deliverClock(Send& send, const std::uint32_t* until)
     {
-        if (!clock) return true;
+        MidiRing* const ring = clock.load(std::memory_order_acquire);
+        if (ring == nullptr) return true;
         bool accepted = true;
-        clock->drain([&](const StampedMessage& next) {
+        ring->drain([&](const StampedMessage& next) {
             if (until != nullptr && static_cast<std::int32_t>(next.stamp - *until) > 0) return false;
             accepted = send(next.message, next.stamp);
             return accepted;
@@ -186,13 +192,14 @@ private:
     {
         const auto discard = [](const StampedMessage&) { return true; };
         waiting.drain(discard);
-        if (clock) clock->drain(discard);
+        if (MidiRing* const ring = clock.load(std::memory_order_acquire)) ring->drain(discard);
     }
 
     void replace(State expected, State next) { state.compare_exchange_strong(expected, next); }
 
     MidiRing waiting;
-    std::unique_ptr<MidiRing> clock;  // null unless it carries one
+    std::unique_ptr<MidiRing> clockRing;
+    std::atomic<MidiRing*> clock{nullptr};  // null unless it carries one
     PendingNoteOffs noteOffs;
     std::atomic<int> sounding{0};
     std::atomic<State> state{State::closed};

@@ -8,6 +8,8 @@
 
 #include "api/OrvMessageManager.h"
 #include "api/OrvUtils.h"
+#include "host/common/ApplicationName.h"
+#include "host/jack/JackClient.h"
 #include "host/run/PortList.h"
 #include "host/run/Run.h"
 #include "host/system/OpenMidiSystem.h"
@@ -28,6 +30,14 @@ std::string recordStem()
     std::strftime(name, sizeof name, "record %Y-%m-%d %H.%M.%S", &local);
     std::error_code none;
     return (std::filesystem::current_path(none) / name).string();
+}
+
+Sound soundOf(const Backend::HostSettings& settings)
+{
+    return {.volume = settings.volume,
+            .reverb = settings.reverb,
+            .soundFont = settings.soundFont,
+            .connects = settings.connectsSound};
 }
 
 /// Why nothing can pass through the port; empty if it is usable.
@@ -51,10 +61,11 @@ LiveHost::LiveHost(const RunOptions& runOptions, ProcessSignals& endSignals, Eve
       signals(endSignals),
       event(wakeUp),
       report(std::move(reportLine)),
+      settings(Backend::HostSettings::load(Backend::OrvUtils::getRegistryKey(APPLICATION_NAME))),
       memory(Backend::OrvUtils::getOrvAppDataDir(), report)
 {
     memory.restore(ports, SYNTHESIZER_NAME);
-    system = openMidiSystem(options.client, ports, event);
+    system = openMidiSystem(findClientName(), ports, event, soundOf(settings));
     for (const std::string& line : system->takeNews()) report(line);
 }
 
@@ -65,9 +76,9 @@ void LiveHost::start()
     const int defaultOutput = options.defaultOutput ? findOutput(ports.outputList(), *options.defaultOutput) : -1;
     const ClockPorts clocks = findClocks();
     reportUnusableClockPorts(clocks);
-    if (options.transport) followTransport();
+    followTransport();
     connectPorts();  // first, so that the receiver of the clock gets its start
-    play = std::make_unique<LivePlay>(*system, ports, memory, event, report, options.setup, clocks);
+    play = std::make_unique<LivePlay>(*system, ports, memory, event, report, options.setup, clocks, findOverrides());
     if (defaultOutput >= 0) setDefaultOutput(defaultOutput);
     if (options.tempo) play->getOrv().getOrvMessageManager().postChangeTempo({false, *options.tempo}, true);
     if (options.session != nullptr) options.session->begin(event);
@@ -76,9 +87,26 @@ void LiveHost::start()
                   describePorts(ports.inputList(), ports.outputList());
 }
 
+Backend::HostOverrides LiveHost::findOverrides() const
+{
+    return {.client = options.client != FIRST_CLIENT_NAME,
+            .clockIn = options.clockIn.has_value(),
+            .clockOut = options.clockOut.has_value(),
+            .transport = options.transport};
+}
+
+std::string LiveHost::findClientName() const
+{
+    if (findOverrides().client || settings.client.empty()) return options.client;
+    if (isClientName(settings.client)) return settings.client;
+    report("The name \"" + settings.client + "\" in the setup is none for JACK; the name is \"" + options.client +
+           "\".");
+    return options.client;
+}
+
 ClockPorts LiveHost::findClocks() const
 {
-    ClockPorts links;
+    ClockPorts links{.in = settings.clockIn, .out = settings.clockOut};
     if (options.clockIn) links.in = findInput(ports.inputList(), *options.clockIn, "--clock-in");
     if (options.clockOut) links.out = findOutput(ports.outputList(), *options.clockOut, "--clock-out");
     return links;
@@ -86,16 +114,35 @@ ClockPorts LiveHost::findClocks() const
 
 void LiveHost::reportUnusableClockPorts(const ClockPorts& links) const
 {
-    const auto check = [this](const Port& port, const char* option) {
-        if (const std::string reason = whyUnusable(port); !reason.empty()) report(option + (": " + reason));
+    const auto check = [this](const auto& list, int index, const char* option) {
+        if (index < 0 || static_cast<std::size_t>(index) >= list.size()) return;
+        if (const std::string reason = whyUnusable(*list[static_cast<std::size_t>(index)]); !reason.empty())
+            report(option + (": " + reason));
     };
-    if (links.in >= 0) check(*ports.inputs()[static_cast<std::size_t>(links.in)], "--clock-in");
-    if (links.out >= 0) check(*ports.outputs()[static_cast<std::size_t>(links.out)], "--clock-out");
+    check(ports.inputs(), links.in, options.clockIn ? "--clock-in" : "Clock from");
+    check(ports.outputs(), links.out, options.clockOut ? "--clock-out" : "Clock to");
 }
 
-void LiveHost::followTransport()
+void LiveHost::followTransport() const
 {
-    if (!system->followTransport()) report("--transport: there is no JACK server, so there is no transport to follow");
+    const bool follows = options.transport || settings.followsTransport;
+    if (!system->followTransport(follows) && follows)
+        report(std::string(options.transport ? "--transport" : "JACK transport") +
+               ": there is no JACK server, so there is no transport to follow");
+}
+
+/// What the command line says stays.
+void LiveHost::applySettings()
+{
+    const auto changed = play->takeSettings();
+    if (!changed) return;
+    const auto before = std::exchange(settings, *changed);
+    if (soundOf(settings) != soundOf(before)) system->setSound(soundOf(settings));
+    if (settings.followsTransport != before.followsTransport) followTransport();
+    if (settings.clockIn == before.clockIn && settings.clockOut == before.clockOut) return;
+    const ClockPorts clocks = findClocks();
+    reportUnusableClockPorts(clocks);
+    play->setClocks(clocks);
 }
 
 void LiveHost::setDefaultOutput(int output)
@@ -126,6 +173,7 @@ void LiveHost::playUntil(const std::function<bool()>& isEndRequested)
         if (signals.takeSaveRequest()) play->saveRecord(recordStem());
         if (signals.takeSuspendRequest()) play->suspend([this] { signals.suspend(); });
         if (options.session != nullptr) options.session->serve(play->getOrv().getOrvMessageManager());
+        applySettings();
         play->serve();
         showStatus();
     }

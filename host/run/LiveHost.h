@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "api/HostState.h"
 #include "host/common/Report.h"
 #include "host/devices/MidiSystem.h"
 #include "host/ports/PortMemory.h"
@@ -55,9 +56,12 @@ public:
     void end();
 
 private:
+    Backend::HostOverrides findOverrides() const;
+    std::string findClientName() const;
     ClockPorts findClocks() const;
     void reportUnusableClockPorts(const ClockPorts& links) const;
-    void followTransport();
+    void followTransport() const;
+    void applySettings();
     void setDefaultOutput(int output);
     void connectPorts();
     void showStatus();
@@ -66,6 +70,7 @@ private:
     ProcessSignals& signals;
     Event& event;
     const Report report;
+    Backend::HostSettings settings;
     Ports ports;
     PortMemory memory;
     std::unique_ptr<MidiSystem> system;

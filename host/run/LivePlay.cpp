@@ -41,9 +41,10 @@ void waitUntil(Condition&& condition, std::chrono::milliseconds longest)
 }  // namespace
 
 LivePlay::LivePlay(MidiSystem& midiSystem, Ports& allPorts, PortMemory& portMemory, Event& requests, Report reportLine,
-                   const Setup& setup, const ClockPorts& links)
+                   const Setup& setup, const ClockPorts& links, const Backend::HostOverrides& overrides)
     : system(midiSystem),
       ports(allPorts),
+      requested(requests),
       player(ports, requests),
       orv(createOrv(player)),
       slices([backend = orv.get()](std::int32_t from, std::int32_t to) { backend->playTimeSlice(from, to); },
@@ -52,12 +53,12 @@ LivePlay::LivePlay(MidiSystem& midiSystem, Ports& allPorts, PortMemory& portMemo
       memory(portMemory),
       report(std::move(reportLine))
 {
-    start(setup, links);
+    start(setup, links, overrides);
 }
 
 LivePlay::~LivePlay() { end(); }
 
-void LivePlay::start(const Setup& setup, const ClockPorts& links)
+void LivePlay::start(const Setup& setup, const ClockPorts& links, const Backend::HostOverrides& overrides)
 {
     slices.measureInto(&load);
     clock.setTryRest([backend = orv.get()] { return backend->tryRest(); });
@@ -65,6 +66,13 @@ void LivePlay::start(const Setup& setup, const ClockPorts& links)
     orv->getOrvMessageManager().postKeepSetPosition(true);
     if (setup.loads.empty()) orv->getOrvMessageManager().postSetProgramNumber(setup.number);
     if (setup.continuesLast) orv->getOrvMessageManager().postContinueLast(setup.isPlain());
+    orv->useHostSettings({.changed =
+                              [this](const Backend::HostSettings& settings) {
+                                  const MutexLock lock(settingsLock);
+                                  newSettings = settings;
+                                  requested.set();
+                              },
+                          .overrides = overrides});
     orv->requestRealTime();
     orv->start();
     auto& backend = orv->getOrvMessageManager();
@@ -81,12 +89,27 @@ void LivePlay::start(const Setup& setup, const ClockPorts& links)
         backend.postSetProgramNumber(setup.number);  // the program of these files, not that of the bank before
     for (const std::string& file : setup.loads) postLoad(backend, file);
     if (!setup.program.empty()) backend.postLoadProgramFromString(setup.program, setup.number);
-    player.setClockIn(links.in);
-    player.setClockOut(links.out);
-    if (links.out >= 0) clock.setClockOut(ports.outputs()[static_cast<std::size_t>(links.out)].get());
+    setClocks(links);
     system.startClock(clock);
     orv->startJoysticks();
     system.listen(arrivals);
+}
+
+std::optional<Backend::HostSettings> LivePlay::takeSettings()
+{
+    const MutexLock lock(settingsLock);
+    return std::exchange(newSettings, std::nullopt);
+}
+
+void LivePlay::setClocks(const ClockPorts& links)
+{
+    const auto isThere = [](int index, const auto& list) {
+        return index >= 0 && static_cast<std::size_t>(index) < list.size();
+    };
+    const bool sends = isThere(links.out, ports.outputs());
+    player.setClockIn(isThere(links.in, ports.inputs()) ? links.in : -1);
+    player.setClockOut(sends ? links.out : -1);
+    clock.setClockOut(sends ? ports.outputs()[static_cast<std::size_t>(links.out)].get() : nullptr);
 }
 
 // --- commands

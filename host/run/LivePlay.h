@@ -4,8 +4,10 @@
 #include <chrono>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 
+#include "api/HostState.h"
 #include "api/HostStatus.h"
 #include "api/OrvIF.h"
 #include "host/clock/Clock.h"
@@ -31,10 +33,11 @@ class LivePlay
 {
 public:
     /// All references must outlive this object. `requests` is set whenever `serve` has something to do. `reportLine` is
-    /// called on any thread. The files of `setup` can be loaded. New ports are added to `portMemory`. Throws
+    /// called on any thread. The files of `setup` can be loaded. `overrides`:
+    /// the settings that the command line replaces. New ports are added to `portMemory`. Throws
     /// std::bad_alloc.
     LivePlay(MidiSystem& midiSystem, Ports& allPorts, PortMemory& portMemory, Event& requests, Report reportLine,
-             const Setup& setup, const ClockPorts& links);
+             const Setup& setup, const ClockPorts& links, const Backend::HostOverrides& overrides = {});
 
     /// Calls `end` if that was not done.
     ~LivePlay();
@@ -63,6 +66,12 @@ public:
     /// The load since the start.
     SliceLoad::Summary wholeLoad() const { return SliceLoad::summarise({}, load.counts()); }
 
+    /// The settings of the host after the last change; none if there was none since the last call.
+    std::optional<Backend::HostSettings> takeSettings() EXCLUDES(settingsLock);
+
+    /// From now on. -1 for none; a port that does not exist counts as none.
+    void setClocks(const ClockPorts& links);
+
     /// Opens and closes the ports that the user enabled and disabled, follows devices that are plugged in and
     /// unplugged, and passes the tempo of an external clock to the backend. To be called several times a second.
     void serve();
@@ -76,7 +85,7 @@ public:
     void end();
 
 private:
-    void start(const Setup& setup, const ClockPorts& links);
+    void start(const Setup& setup, const ClockPorts& links, const Backend::HostOverrides& overrides);
     void reportSaved(const Backend::RetroRecord::SaveReport& saved) const;
     void applyStoredChoices(const Backend::HostStart& stored);
     void storeNewChoices();
@@ -94,6 +103,7 @@ private:
 
     MidiSystem& system;
     Ports& ports;
+    Event& requested;
     Player player;
     LiveDisplay display;
     std::unique_ptr<Backend::OrvIF> orv;
@@ -104,6 +114,8 @@ private:
     Clock clock;
     PortMemory& memory;
     const Report report;
+    Mutex settingsLock;
+    std::optional<Backend::HostSettings> newSettings GUARDED_BY(settingsLock);
     Mutex executing;               // held while a command is executed, and while the process is suspended
     std::size_t inputChoices = 0;  // stored so far
     std::size_t outputChoices = 0;

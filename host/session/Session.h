@@ -1,6 +1,7 @@
 #pragma once
 
 #include <atomic>
+#include <filesystem>
 #include <memory>
 #include <optional>
 #include <string>
@@ -38,6 +39,9 @@ public:
 
     /// Saves the session if that was requested, and replies. On the control thread.
     void serve(Backend::OrvMessageManager& backend);
+
+    /// The file of the program as it was saved. Any thread.
+    std::filesystem::path getProgramPath() const { return folder->getProgramPath(); }
 
     /// Receives nothing any more. To be called while `wakeUp` exists; a request that waits gets no reply.
     void end() { manager->stopReceiving(); }

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <memory>
+
+#include "host/synthesizer/Sound.h"
 #include "host/synthesizer/Synthesizer.h"
 
 namespace Host
@@ -9,13 +12,24 @@ class SoundCard
 {
 public:
     /// Throws std::runtime_error with one line for the user if no sound output opens. Prints nothing.
-    SoundCard();
+    explicit SoundCard(std::unique_ptr<Synthesizer> soundSource);
+
+    /// Volume and reverb. Any thread.
+    void setSound(const Sound& sound);
+
+    /// Another synthesizer takes over, with the programs and controllers; notes that sound end. False if the sound
+    /// output cannot be opened again. Not while another thread calls `play`.
+    bool replace(std::unique_ptr<Synthesizer> next);
 
     /// Plays at once. May wait for the rendering thread, so it must not be called in a time slice.
-    void play(const ShortMessage& message) { synthesizer.play(message); }
+    void play(const ShortMessage& message) { synthesizer->play(message); }
+
+    static constexpr double SAMPLE_RATE = 48000;
 
 private:
-    Synthesizer synthesizer;
+    bool open();
+
+    std::unique_ptr<Synthesizer> synthesizer;
     FluidPointer<fluid_audio_driver_t> driver;
 };
 }  // namespace Host

@@ -29,6 +29,14 @@ public:
     /// sample rate (per second) is not one from 8000 to 96000.
     Synthesizer(const std::filesystem::path& soundFont, double sampleRate, SynthesizerUse use);
 
+    /// In percent, 0 to 100. Neither allocates nor waits with `oneThread`, as the operation below.
+    void setVolume(int percent);
+    void setReverb(bool on);
+
+    /// Sample rate, programs, controllers, pitch bend and its range are those of another synthesizer; notes that sound
+    /// there do not come along. No other thread uses either. It allocates only if the rates differ.
+    void takeChannels(Synthesizer& other);
+
     /// Takes effect with the next block of 64 frames that is rendered.
     void play(const ShortMessage& message);
 
@@ -45,6 +53,9 @@ public:
 private:
     FluidPointer<fluid_settings_t> settings;
     FluidPointer<fluid_synth_t> synth;
+    double rate;
+    int volume = 100;
+    bool reverb = true;
     bool isSilent = false;  // since the last block
 };
 }  // namespace Host

@@ -6,10 +6,10 @@
 
 namespace Host
 {
-std::unique_ptr<MidiSystem> openMidiSystem(const std::string& clientName, Ports& ports, Event& wake)
+std::unique_ptr<MidiSystem> openMidiSystem(const std::string& clientName, Ports& ports, Event& wake, const Sound& sound)
 {
     if (auto client = openJackClient(clientName))
-        return std::make_unique<JackSystem>(std::move(client), clientName, ports, wake);
-    return std::make_unique<AlsaSystem>(std::make_unique<AlsaMidi>(clientName), ports);
+        return std::make_unique<JackSystem>(std::move(client), clientName, ports, wake, sound);
+    return std::make_unique<AlsaSystem>(std::make_unique<AlsaMidi>(clientName), ports, sound);
 }
 }  // namespace Host

@@ -8,6 +8,7 @@
 #include <optional>
 #include <thread>
 
+#include "api/HostState.h"
 #include "api/OrvMessageManager.h"
 #include "host/terminal/LineOutput.h"
 #include "host/terminal/StandardError.h"

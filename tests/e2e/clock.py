@@ -3,6 +3,7 @@ clock.py ORVANE MIDI_PEER
 
 What is asserted are messages in their order and distances in frames of the graph, which are exact; where the server
 left periods out, a try does not count."""
+import os
 import random
 import signal
 import sys
@@ -85,8 +86,12 @@ class Clocks(live.Graph):
         until(lambda: holds(Record(listener)), what)
         listener.clean()
 
-    def test_the_clock_that_is_sent_starts_ticks_to_the_frame_and_stops(self):
-        orvane, monitor = self.playing("--tempo", "120", "--clock-out", "Orvane Out")
+    def test_the_clock_of_the_setup_starts_ticks_to_the_frame_and_stops(self):
+        os.makedirs(self.folder + "/config/Brinlow Software/Orvane 3")
+        with open(self.folder + "/config/Brinlow Software/Orvane 3/3.2", "w") as settings:
+            settings.write("ClockOut=number:1\nSoundFont=string:/dev/null\nConnectSound=number:0\n")
+        orvane, monitor = self.playing("--tempo", "120")
+        self.assertIn("has the installed sounds: /dev/null is not a sound font.", orvane.complained)
         until(lambda: monitor.received.count(TICK) > 48, "ticks")
         self.assertEqual(monitor.received[:2], [START, TICK])
         self.expect(lambda record: runs_to_the_frame(record.frames(TICK), 1000, 48), "two beats of exact ticks")

@@ -3,6 +3,9 @@
 #include <QDir>
 #include <QStackedWidget>
 
+#include "api/HostState.h"
+#include "api/OrvUtils.h"
+#include "gui/framework/Properties.h"
 #include "tests/gui/DialogHands.h"
 
 using namespace Backend;
@@ -334,4 +337,37 @@ TEST_F(SetupDialog, IsOneOnlyAndGoesWithTheWindow)
     click("Setup");
     EXPECT_EQ(dialogs(), "Setup");
     EXPECT_FALSE(isChecked("Large font"));
+}
+
+TEST_F(SetupDialog, AHostThatExecutesThemHasSettingsForSoundAndClocks)
+{
+    EXPECT_EQ(list("Pages").findItems("Audio", Qt::MatchExactly).size(), 0);
+    EXPECT_EQ(shown("Install folder"), OrvUtils::getOrvProgDir());
+    gui->destroy();
+    gui->end();
+    HostSettings got;
+    orv->useHostSettings(
+        {.changed = [&](const HostSettings& settings) { got = settings; }, .overrides = {.clockIn = true}});
+    makeGui(Host::program);
+    open();
+    click("Setup");
+    for (const bool clock : {false, true})
+        EXPECT_EQ(reach(clock ? "Input of the MIDI clock" : "Output of the MIDI clock")
+                      .property(Gui::Property::HELP)
+                      .toString()
+                      .contains("The command line replaces it"),
+                  clock);
+    enter("Sound font", "/nowhere/no.sf2");
+    EXPECT_EQ(press("OK"), "Invalid entry: There is no sound font \"/nowhere/no.sf2\".");
+    enter("Sound font", QString::fromStdString(path("Three.bnk")));
+    enter("JACK client name", "a:b");
+    EXPECT_EQ(press("OK"), "Invalid entry: The JACK client name has at most 63 bytes and no colon.");
+    enter("JACK client name", "stage");
+    enter("Volume of the synthesizer", "40");
+    flip("Reverb"), flip("Connect the synthesizer at the start"), flip("Follow the JACK transport");
+    QTest::keyClick(&reach("Input of the MIDI clock"), Qt::Key_Down);
+    for (int times = 0; times < 2; ++times) QTest::keyClick(&reach("Output of the MIDI clock"), Qt::Key_Down);
+    EXPECT_EQ(press("OK"), "");
+    EXPECT_EQ(got, (HostSettings{40, false, path("Three.bnk"), "stage", false, 0, 1, true}));
+    EXPECT_EQ(settings().getHostSettings(), got);
 }

@@ -141,6 +141,26 @@ TEST(ClockSender, SendsAStartThenTicksAtTheirFramesAndAStopAtTheEnd)
     for (std::size_t tick = 0; tick < frames.size(); ++tick) ASSERT_EQ(frames[tick], 1000 * tick);
 }
 
+TEST(ClockSender, TheOutputAndTheTransportCanBeChosenWhileItPlays)
+{
+    Graph graph;
+    graph.clock.setClockOut(nullptr);
+    graph.play(1);
+    EXPECT_EQ(graph.song(), "");
+    graph.clock.setClockOut(&graph.out);
+    graph.play(1);
+    EXPECT_EQ(graph.song(), "start 49 ");
+    graph.setTransport({});
+    graph.play(1);
+    EXPECT_EQ(graph.song(), "stop 48 ");
+    graph.transport.reset();
+    graph.play(1);
+    EXPECT_EQ(graph.song(), "start 49 ");
+    graph.clock.setClockOut(nullptr);
+    graph.play(1);
+    EXPECT_EQ(graph.song(), "stop ");
+}
+
 TEST(ClockSender, ATickComesBeforeTheNotesOfItsPulse)
 {
     Graph graph;
@@ -158,7 +178,8 @@ TEST(ClockSender, LeavesRoomForNotesInAPortThatIsNotDelivered)
 {
     OutputPort port("Slow");
     ClockSender clock;
-    clock.setPort(&port);
+    port.carryClock();
+    clock.setPort(&port, 0);
     port.open();
     for (int pulse = 0; pulse < 1'000'000; ++pulse) clock.passPulse(pulse, 0, 0);
     for (int note = 0; note < 1000; ++note) port.play(Testing::on(note % 128), 0);

@@ -47,7 +47,7 @@ QString NumberField::findFault() const
 
 QString NumberField::getQuestion() const { return EditBox::tr(row.question); }
 
-void NumberField::post() const { (gui.getOrvMessageManager().*row.post)(edit->getNumber() * row.scale); }
+void NumberField::post() const { row.post(gui.getOrvMessageManager(), edit->getNumber() * row.scale); }
 
 QWidget& NumberField::getControl() const { return *edit; }
 

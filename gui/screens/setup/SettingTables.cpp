@@ -4,6 +4,7 @@
 
 #include "api/OrvGuiIF.h"
 #include "api/OrvMessageManager.h"
+#include "api/OrvUtils.h"
 #include "backend/files/RegistrySettings.h"
 #include "backend/messages/SettingMessages.h"
 #include "backend/model/ProgramChangeInput.h"
@@ -41,6 +42,17 @@ std::vector<ComboBox::Entry> getOutputEntries(const OrvGuiIF& gui)
                            .enabled = port.enabled && port.found && !port.couldNotOpen});
     return entries;
 }
+
+/// "None", then all ports.
+template <class Ports>
+std::vector<ComboBox::Entry> getPortEntries(const Ports& ports)
+{
+    std::vector<ComboBox::Entry> entries{{.text = "None"}};
+    for (const MidiPort& port : ports) entries.push_back({.text = QString::fromStdString(port.getDisplayName())});
+    return entries;
+}
+
+constexpr std::size_t LONGEST_CLIENT_NAME = 63;
 constexpr int SCALES[] = {75, 100, 125, 150, 175, 200, 250, 300, 400};
 
 std::vector<ComboBox::Entry> getScaleEntries(const OrvGuiIF&)
@@ -177,7 +189,7 @@ constexpr Number MOUSE_SENSITIVITY{"Mouse sensitivity:",
                                    100,
                                    1,
                                    &Settings::getMouseSensitivity,
-                                   &Commands::postSetMouseSensitivity};
+                                   [](Commands& commands, int value) { commands.postSetMouseSensitivity(value); }};
 
 constexpr Number RECORD_SIZE{"Buffer size:",
                              "",
@@ -191,7 +203,7 @@ constexpr Number RECORD_SIZE{"Buffer size:",
                              RECORD.highest / KILOBYTE,
                              KILOBYTE,
                              &Settings::getRetroRecordBufferSize,
-                             &Commands::postSetRetroRecordBufferSize};
+                             [](Commands& commands, int value) { commands.postSetRetroRecordBufferSize(value); }};
 
 constexpr Number DISPLAY_HEIGHT{"Height:",
                                 "",
@@ -204,5 +216,89 @@ constexpr Number DISPLAY_HEIGHT{"Height:",
                                 DisplayHeight::HIGHEST,
                                 1,
                                 &Settings::getDisplayHeight,
-                                &Commands::postSetDisplayHeight};
+                                [](Commands& commands, int value) { commands.postSetDisplayHeight(value); }};
+
+constexpr File DEFAULT_BANK{"Default bank:",
+                            "Default bank",
+                            "Default bank: a start loads it that does not begin where Orvane was closed, and it is "
+                            "loaded at once if you change it. Leave it empty for the bank in your banks folder.",
+                            "Choose default bank",
+                            "Chooses the file of a bank (.bnk).",
+                            "Default Bank",
+                            "Bank Files (*.bnk)",
+                            "There is no bank \"%1\".",
+                            [](const Settings& settings) -> const std::string& { return settings.getDefaultBank(); },
+                            [](Commands& commands, const std::string& path) { commands.postSetDefaultBank(path); }};
+
+constexpr Text INSTALL_FOLDER{
+    "Installed in:",
+    "Install folder",
+    "Install folder: Orvane's own banks, presets and manual are there. It cannot be changed here; you can copy it.",
+    [](const OrvGuiIF&) { return OrvUtils::getOrvProgDir(); },
+    nullptr,
+    nullptr};
+
+// --- of the host
+
+constexpr Number SYNTHESIZER_VOLUME{
+    "Volume:",
+    "",
+    "%",
+    "Volume of the synthesizer",
+    "Volume of the built-in synthesizer, 0 to 100 %. It applies to all its channels.",
+    "%",
+    "",
+    Backend::Settings::SYNTHESIZER_VOLUME.lowest,
+    Backend::Settings::SYNTHESIZER_VOLUME.highest,
+    1,
+    &Settings::get<Backend::Settings::SYNTHESIZER_VOLUME>,
+    [](Commands& commands, int value) { commands.postSetting(SETTING<Backend::Settings::SYNTHESIZER_VOLUME>(value)); }};
+
+constexpr File SOUND_FONT{
+    "Sound font:",
+    "Sound font",
+    "Sound font of the built-in synthesizer, a file .sf2 or .sf3. Leave it empty for the one that "
+    "is installed. Notes that sound end when another one is loaded.",
+    "Choose sound font",
+    "Chooses the file of a sound font (.sf2, .sf3).",
+    "Sound Font",
+    "Sound Fonts (*.sf2 *.sf3)",
+    "There is no sound font \"%1\".",
+    [](const Settings& settings) -> const std::string& { return settings.get<Backend::Settings::SOUND_FONT>(); },
+    [](Commands& commands, const std::string& path) {
+        commands.postSetting(SETTING<Backend::Settings::SOUND_FONT>(path));
+    }};
+
+constexpr Text CLIENT_NAME{
+    "JACK client:",
+    "JACK client name",
+    "JACK client name: how other programs see Orvane, from the next start on. Leave it empty for \"orvane\".",
+    [](const OrvGuiIF& gui) { return gui.getRegistrySettings().get<Backend::Settings::CLIENT_NAME>(); },
+    [](const std::string& text) {
+        const bool isValid = text.size() <= LONGEST_CLIENT_NAME && text.find(':') == std::string::npos;
+        return isValid ? std::string() : "The JACK client name has at most 63 bytes and no colon.";
+    },
+    [](Commands& commands, const std::string& text) {
+        commands.postSetting(SETTING<Backend::Settings::CLIENT_NAME>(text));
+    }};
+
+constexpr Choice CLOCK_IN{
+    "Clock from:",
+    "Input of the MIDI clock",
+    "The tempo follows the MIDI clock at this input, unless the program names another input.",
+    230,
+    [](const OrvGuiIF& gui) { return getPortEntries(gui.getMidiInputPorts()); },
+    [](const OrvGuiIF& gui) { return gui.getRegistrySettings().get<Backend::Settings::CLOCK_IN>() + 1; },
+    [](const OrvGuiIF&, int) { return std::string("???"); },
+    [](Commands& commands, int entry) { commands.postSetting(SETTING<Backend::Settings::CLOCK_IN>(entry - 1)); }};
+
+constexpr Choice CLOCK_OUT{
+    "Clock to:",
+    "Output of the MIDI clock",
+    "A MIDI clock is sent to this output: 24 ticks a beat, start, stop and song position.",
+    230,
+    [](const OrvGuiIF& gui) { return getPortEntries(gui.getMidiOutputPorts()); },
+    [](const OrvGuiIF& gui) { return gui.getRegistrySettings().get<Backend::Settings::CLOCK_OUT>() + 1; },
+    [](const OrvGuiIF&, int) { return std::string("???"); },
+    [](Commands& commands, int entry) { commands.postSetting(SETTING<Backend::Settings::CLOCK_OUT>(entry - 1)); }};
 }  // namespace Gui::Setup

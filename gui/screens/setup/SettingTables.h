@@ -33,7 +33,32 @@ struct Number {
     int highest;
     int scale;  ///< the stored value is the shown one times this
     int (Backend::RegistrySettings::*get)() const;
-    void (Backend::OrvMessageManager::*post)(int value);
+    void (*post)(Backend::OrvMessageManager& commands, int value);
+};
+
+/// A line of text.
+struct Text {
+    const char* label;
+    const char* name;
+    const char* help;
+    std::string (*get)(const OrvGuiIF& gui);
+    /// Why a text is invalid, empty if it is not; null for a line that cannot be changed.
+    std::string (*findFault)(const std::string& text);
+    void (*post)(Backend::OrvMessageManager& commands, const std::string& text);
+};
+
+/// A file, typed or chosen by a dialog.
+struct File {
+    const char* label;
+    const char* name;
+    const char* help;
+    const char* chooseName;  ///< of the button
+    const char* chooseHelp;
+    const char* title;    ///< of the dialog
+    const char* filter;   ///< "Bank Files (*.bnk)"
+    const char* missing;  ///< the fault of a file that is not there, "%1"
+    const std::string& (*get)(const Backend::RegistrySettings& settings);
+    void (*post)(Backend::OrvMessageManager& commands, const std::string& path);
 };
 
 struct Choice {
@@ -67,4 +92,11 @@ extern const Choice SKIN;
 extern const Choice ASK_BEFORE_LOSS;
 extern const Choice PROGRAM_CHANGE_INPUT;
 extern const Choice PROGRAM_CHANGE_CHANNEL;
+extern const File DEFAULT_BANK;
+extern const Text INSTALL_FOLDER;
+extern const Number SYNTHESIZER_VOLUME;
+extern const File SOUND_FONT;
+extern const Text CLIENT_NAME;
+extern const Choice CLOCK_IN;
+extern const Choice CLOCK_OUT;
 }  // namespace Gui::Setup

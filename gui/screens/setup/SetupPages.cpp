@@ -5,17 +5,20 @@
 #include <QStackedWidget>
 #include <utility>
 
+#include "api/HostState.h"
 #include "api/OrvGuiIF.h"
 #include "gui/framework/Properties.h"
 #include "gui/framework/Switches.h"
 #include "gui/keyboard/GlobalKeyboard.h"
 #include "gui/screens/setup/BankField.h"
 #include "gui/screens/setup/ChoiceField.h"
+#include "gui/screens/setup/FileField.h"
 #include "gui/screens/setup/NumberField.h"
 #include "gui/screens/setup/PortListField.h"
 #include "gui/screens/setup/SettingTables.h"
 #include "gui/screens/setup/SetupRow.h"
 #include "gui/screens/setup/SwitchField.h"
+#include "gui/screens/setup/TextField.h"
 
 namespace Gui::Setup
 {
@@ -79,6 +82,8 @@ void SetupPages::makePages()
     outputs = &add<PortListField>(OUTPUTS, out);
     add<ChoiceField>(DEFAULT_OUTPUT, out);
 
+    if (const auto* overrides = gui.getHostOverrides()) makeHostPages(*overrides);
+
     QBoxLayout& playing =
         addPage({tr("Playing"), tr("MIDI thru, the global keyboard and the sensitivity of the mouse.")});
     auto& globalKeyboard = add<SwitchField>(Switches::GLOBAL_KEYBOARD, playing);
@@ -93,6 +98,7 @@ void SetupPages::makePages()
     add<BankField>(bank);
     add<SwitchField>(Switches::CONTINUE_LAST, bank);
     add<ChoiceField>(ASK_BEFORE_LOSS, bank);
+    add<TextField>(INSTALL_FOLDER, bank);
 
     QBoxLayout& record = addPage(
         {tr("Record"), tr("The retrospective record: on or off, and its size, 1 to 200000 KB for each output.")});
@@ -110,6 +116,31 @@ void SetupPages::makePages()
     for (const Switch& row : Switches::WINDOW) add<SwitchField>(row, window);
 
     for (QBoxLayout* rows : {&playing, &bank, &record, &display, &window}) rows->addStretch();
+}
+
+/// Of the settings that not every host executes. What the command line replaces can be set for later starts.
+void SetupPages::makeHostPages(const Backend::HostOverrides& overrides)
+{
+    const auto addReplaced = [](const SettingField& field, bool isReplaced) {
+        QWidget& control = field.getControl();
+        if (isReplaced)
+            Property::setHelp(control, control.property(Property::HELP).toString() +
+                                           tr(" The command line replaces it until Orvane is closed."));
+    };
+    QBoxLayout& audio =
+        addPage({tr("Audio"), tr("The built-in synthesizer: volume, reverb and sound font; and Orvane in JACK.")});
+    add<NumberField>(SYNTHESIZER_VOLUME, audio);
+    add<SwitchField>(Switches::REVERB, audio);
+    add<FileField>(SOUND_FONT, audio);
+    addReplaced(add<TextField>(CLIENT_NAME, audio), overrides.client);
+    add<SwitchField>(Switches::CONNECT_SOUND, audio);
+    audio.addStretch();
+
+    QBoxLayout& clock = addPage({tr("Clock"), tr("MIDI clocks that are followed and sent, and the JACK transport.")});
+    addReplaced(add<ChoiceField>(CLOCK_IN, clock), overrides.clockIn);
+    addReplaced(add<ChoiceField>(CLOCK_OUT, clock), overrides.clockOut);
+    addReplaced(add<SwitchField>(Switches::TRANSPORT, clock), overrides.transport);
+    clock.addStretch();
 }
 
 // --- values

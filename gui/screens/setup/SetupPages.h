@@ -9,6 +9,11 @@ class QBoxLayout;
 class QListWidget;
 class QStackedWidget;
 
+namespace Backend
+{
+struct HostOverrides;
+}
+
 namespace Gui
 {
 class OrvGuiIF;
@@ -47,6 +52,7 @@ private:
     };
 
     void makePages();
+    void makeHostPages(const Backend::HostOverrides& overrides);
     QBoxLayout& addPage(const Page& page);
     template <class Field, class... Arguments>
     Field& add(Arguments&&... arguments);

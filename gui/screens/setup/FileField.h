@@ -1,0 +1,48 @@
+#pragma once
+
+#include "gui/screens/setup/SettingField.h"
+
+class QBoxLayout;
+class QPushButton;
+
+namespace Gui
+{
+class EditBox;
+class OrvGuiIF;
+}  // namespace Gui
+
+namespace Gui::Setup
+{
+struct File;
+
+/// A file: its path is typed, or chosen by a dialog. An empty path means the usual file.
+class FileField : public ValueField<QString>
+{
+public:
+    /// Both must outlive it.
+    FileField(OrvGuiIF& owner, const File& fileRow, QBoxLayout& page);
+
+    QString findFault() const override;
+    void post() const override;
+    QWidget& getControl() const override;
+
+protected:
+    /// Beside the button of the dialog.
+    QPushButton& addButton(const QString& label, const QString& name, const QString& help);
+    /// Where the dialog starts while the line is empty.
+    virtual QString getUsual() const { return {}; }
+
+    QString getShown() const override;
+    void show(const QString& path) override;
+
+    OrvGuiIF& gui;
+    EditBox* edit;
+
+private:
+    void choose();
+    QString getKnown() const override;
+
+    const File& row;
+    QBoxLayout* buttons;
+};
+}  // namespace Gui::Setup
