@@ -52,6 +52,7 @@ OSCILLATORS = """<ProgramFile><Program name="Sweeps">
 FIRST_OSCILLATOR = (33, 111)  # its number on the oscillator screen
 FIRST_LAYER = (480, 201)  # its bar on the layer screen
 EDITED_KEY = (97, 196)  # Q on the keys screen
+EDITED_CONTROL = (100, 130)  # MW on the control screen
 THREE_BUTTONS = 300  # a window with a screen is wider
 SERVER = "orvane-screenshots"  # a JACK server of its own, so that there is sound
 PATIENCE = 30

@@ -8,6 +8,22 @@
 
 namespace Backend::Controls
 {
+std::optional<Cell> ControlMap::step(Cell cell, SelectControlType::Kind direction)
+{
+    using Kind = SelectControlType::Kind;
+    if (direction == Kind::up) --cell.row;
+    if (direction == Kind::down) ++cell.row;
+    if (direction == Kind::left && --cell.col < 0) cell = {cell.row - 1, COLUMNS - 1};
+    if (direction == Kind::right && ++cell.col >= COLUMNS) cell = {cell.row + 1, 0};
+    const bool isDirection = direction <= Kind::right;
+    return isDirection && cell.row >= 0 && cell.row < ROWS ? std::optional(cell) : std::nullopt;
+}
+
+Cell ControlMap::getOutside(SelectControlType::Kind direction)
+{
+    return direction == SelectControlType::Kind::down ? Cell{-1, 0} : Cell{0, -1};
+}
+
 void ControlMap::put(Control control)
 {
     const Cell cell = control.cell;

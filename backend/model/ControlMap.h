@@ -1,10 +1,12 @@
 #pragma once
 
 #include <iosfwd>
+#include <optional>
 #include <span>
 
 #include "backend/model/Control.h"
 #include "backend/values/ElementMap.h"
+#include "backend/values/SelectControlType.h"
 #include "platform/Export.h"
 
 namespace Backend::Controls
@@ -16,6 +18,12 @@ public:
     /// The size of the grid: the selection moves through rows and columns 0 to 15.
     static constexpr std::int32_t ROWS = 16;
     static constexpr std::int32_t COLUMNS = 16;
+
+    /// The next cell in a direction: left and right through the grid like text, up and down within the column. None at
+    /// the edge of the grid, and for a kind that is no direction.
+    static std::optional<Cell> step(Cell cell, SelectControlType::Kind direction);
+    /// The cell before the first column or above the first row, from which the first step goes into the grid.
+    static Cell getOutside(SelectControlType::Kind direction);
 
     using ElementMap::put;
     /// Adds a control, in place of the present one in its cell.

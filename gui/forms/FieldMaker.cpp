@@ -235,6 +235,41 @@ void FieldMaker::addController(const QString& name, Access<int> value, IsUsed is
     addList(name, getDataMenu(), std::move(value), std::move(isUsed));
 }
 
+void FieldMaker::addValueEvent(const Access<MidiMessage>& value)
+{
+    Choices kinds{{QObject::tr("None"), static_cast<int>(MessageType::none)}};
+    for (const MessageType type : {MessageType::controllerChange, MessageType::pitchBend, MessageType::channelPressure,
+                                   MessageType::programChange, MessageType::keyPressure, MessageType::noteOn,
+                                   MessageType::noteOff, MessageType::songSelect})
+        kinds.push_back({QString::fromStdString(MidiMessage::getEventNameStatic(type)), static_cast<int>(type)});
+    addList(QObject::tr("Event"), std::move(kinds),
+            {[value] { return static_cast<int>(value.get().getStatus()); },
+             [value](int type) {
+                 MidiMessage event = value.get();
+                 event.setMessageType(static_cast<MessageType>(type));
+                 value.set(event);
+             }});
+    const auto data = [value](int (*get)(const MidiMessage&), void (MidiMessage::*set)(int)) {
+        return Access<int>{[value, get] { return get(value.get()); },
+                           [value, set](int number) {
+                               MidiMessage event = value.get();
+                               (event.*set)(number);
+                               value.set(event);
+                           }};
+    };
+    addController(QObject::tr("Controller"),
+                  data([](const MidiMessage& event) { return int{event.getD1()}; }, &MidiMessage::setD1),
+                  [value] { return value.get().isControllerChange(); });
+    addNumber(QObject::tr("Velocity"), {},
+              data([](const MidiMessage& event) { return int{event.getD2()}; }, &MidiMessage::setD2),
+              [value] { return value.get().isNote() || value.get().getStatus() == MessageType::keyPressure; });
+}
+
+int FieldMaker::getHighestValue(const MidiMessage& event)
+{
+    return event.isPitchBend() ? HIGHEST_TWO_BYTES : HIGHEST_DATA;
+}
+
 void FieldMaker::addEvent(const QString& name, const Access<MidiMessage>& value)
 {
     Choices choices{{QObject::tr("None"), static_cast<int>(MessageType::none)}};

@@ -67,6 +67,11 @@ public:
     /// The programs of General MIDI: "0 Acoustic Grand".
     static Choices getGmProgramMenu();
     void addController(const QString& name, Access<int> value, IsUsed isUsed = {});
+    /// An event that is sent with a value, which replaces one of its data bytes: the kind, and the controller or the
+    /// velocity of those that have one.
+    void addValueEvent(const Access<Backend::MidiEngine::MidiMessage>& value);
+    /// The highest value that such an event is sent with: two data bytes in a pitch bend, else one.
+    static int getHighestValue(const Backend::MidiEngine::MidiMessage& event);
     /// A list of the kinds of events that carry a value, and none; the controller, or the note, of those that have one.
     void addEvent(const QString& name, const Access<Backend::MidiEngine::MidiMessage>& value);
     /// The values that an event carries: two data bytes in a pitch bend or a song position, else one.

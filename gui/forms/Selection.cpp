@@ -83,6 +83,15 @@ std::vector<Selection::Id> Selection::getSelected() const
     return inOrder;
 }
 
+std::vector<Selection::Id> Selection::getTargets(std::size_t count) const
+{
+    std::vector<Id> targets = getSelected();
+    if (targets.empty() || targets.size() >= count) return targets;
+    const auto first = std::ranges::find(records, targets.front());
+    targets.assign(first, first + std::min(records.end() - first, static_cast<std::ptrdiff_t>(count)));
+    return targets;
+}
+
 void Selection::select(const std::vector<Id>& chosen)
 {
     State next{{}, state.current, {}};

@@ -47,6 +47,9 @@ public:
     std::optional<Id> getCurrent() const { return state.current; }
     /// In the order of the records.
     std::vector<Id> getSelected() const;
+    /// Those that so many pasted records replace: the selected ones if these are at least as many, else so many from
+    /// the first selected one on; fewer at the end, none without a selection.
+    std::vector<Id> getTargets(std::size_t count) const;
 
     /// Selects these, and nothing else; the last one is current. Unknown ones are ignored.
     void select(const std::vector<Id>& chosen);

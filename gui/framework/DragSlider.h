@@ -9,8 +9,9 @@
 
 namespace Gui
 {
-/// A value between two limits that is changed by dragging, the wheel or the arrow keys. After a middle click it follows
-/// the mouse without a button held, until the next click. Derived classes draw it.
+/// A value between two limits that is changed by dragging with the mouse or a finger, by the wheel or the arrow keys;
+/// each finger on a touch screen drags another one. After a middle click it follows the mouse without a button held,
+/// until the next click. With inverted controls upwards is down. Derived classes draw it.
 class DragSlider : public QAbstractSlider
 {
 public:
@@ -25,14 +26,17 @@ public:
 
     /// By how much one step of a drag changes the value; 1 unless set.
     void setDragStep(int newDragStep) { dragStep = newDragStep; }
+    /// The right mouse button drags like the left one, and opens no menu.
+    void dragByRightButton();
 
 protected:
     DragSlider(GuiContext& guiContext, Qt::Orientation direction, QWidget* parent);
 
     GuiContext& getContext() const { return context; }
-    /// The position of the value between its limits, 0 to 1.
+    /// The position of the value between its limits, 0 to 1; with an inverted appearance 1 to 0.
     qreal getFraction() const;
 
+    bool event(QEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
@@ -41,16 +45,20 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
-    enum class Hold { button, nothing };
+    enum class Hold { leftButton, rightButton, finger, nothing };
 
     void beginDrag(const QPointF& position, Hold newHold);
+    void dragTo(const QPointF& position);
     void endDrag();
+    void touch(const QTouchEvent& event);
 
     GuiContext& context;
     MouseCapture capture;
-    Hold hold = Hold::button;
+    Hold hold = Hold::leftButton;
+    bool dragsByRight = false;
     Wheel wheel;
     int dragStep = 1;
+    int finger = 0;
     bool quiet = false;
     std::optional<int> shownMeanwhile;
 };

@@ -97,6 +97,22 @@ void EditBox::keyReleaseEvent(QKeyEvent* event)
     event->accept();
 }
 
+int EditBox::stepsOf(int key)
+{
+    switch (key) {
+        case Qt::Key_Up:
+            return 1;
+        case Qt::Key_Down:
+            return -1;
+        case Qt::Key_PageUp:
+            return 10;
+        case Qt::Key_PageDown:
+            return -10;
+        default:
+            return 0;
+    }
+}
+
 void EditBox::wheelEvent(QWheelEvent* event)
 {
     if (isSet(*this, Property::NOWHEEL)) return event->ignore();

@@ -33,6 +33,9 @@ protected:
     void wheelEvent(QWheelEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
 
+    /// By how much Up, Down, Page Up and Page Down change a number, 0 for other keys.
+    static int stepsOf(int key);
+
 private:
     struct Range {
         int lowest;

@@ -1,6 +1,7 @@
 #include "gui/framework/Fader.h"
 
 #include <QPainter>
+#include <algorithm>
 
 #include "api/GuiContext.h"
 #include "gui/framework/Look.h"
@@ -20,10 +21,13 @@ QSize Fader::sizeHint() const
 
 void Fader::paintEvent(QPaintEvent*)
 {
-    constexpr int DISC = 14;
+    constexpr int DISC = 14;  // logical pixels; of a broad one, more
+    constexpr int LARGEST_DISC = 24;
     QPainter painter(this);
     GdiManager& gdi = getContext().getGdiManager();
-    Look::drawFader(painter, gdi, rect(), {orientation(), getFraction(), DISC, isEnabled()});
+    const int across = orientation() == Qt::Vertical ? width() : height();
+    const int disc = std::clamp(across / 2, gdi.px(DISC), gdi.px(LARGEST_DISC));
+    Look::drawFader(painter, gdi, rect(), {orientation(), getFraction(), disc, isEnabled()});
     if (hasFocus()) Look::drawFocus(painter, gdi, rect());
 }
 }  // namespace Gui

@@ -33,6 +33,7 @@ constexpr Switch DISPLAY_TABLE[] = {
     setting<Rows::DISPLAY_MIDI_OUTPUT_EVENTS>("Show output events",
                                               "Lists the MIDI events that are sent to the outputs."),
     setting<Rows::DISPLAY_NUMBERS>("Number the lines", "Numbers the lines of the display."),
+    setting<Rows::DISPLAY_TIMES>("Show the time", "Begins the lines of the display with the time of day."),
     setting<Rows::LARGE_DISPLAY_FONT>("Large font", "Shows the newest event alone, in large letters.")};
 
 constexpr Switch WINDOW_TABLE[] = {
@@ -60,6 +61,19 @@ constexpr Switch CONTINUE_LAST = setting<Rows::CONTINUE_LAST>(
 
 constexpr Switch RECORD = setting<Rows::RETRO_RECORD_ENABLED>(
     "Record what is played", "Record: keeps what you play, so that you can save it afterwards.");
+
+constexpr Switch REVERB =
+    setting<Rows::SYNTHESIZER_REVERB>("Reverb", "Reverb of the built-in synthesizer, for all its channels.");
+
+constexpr Switch CONNECT_SOUND = setting<Rows::CONNECT_SOUND>(
+    "Connect the synthesizer at the start",
+    "At the start the built-in synthesizer is connected to the sound card in JACK. Other connections of JACK are made "
+    "with --connect on the command line.");
+
+constexpr Switch TRANSPORT = setting<Rows::FOLLOW_TRANSPORT>(
+    "Follow the JACK transport",
+    "Tempo and position of the JACK transport set the tempo, and start and stop the MIDI clock that is sent. A MIDI "
+    "clock that is received comes before it.");
 
 constexpr std::span<const Switch> DISPLAY(DISPLAY_TABLE);
 constexpr std::span<const Switch> WINDOW(WINDOW_TABLE);

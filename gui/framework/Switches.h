@@ -28,7 +28,10 @@ extern const Switch GLOBAL_KEYBOARD;  ///< its help: `GlobalKeyboard::describe`
 extern const Switch KEEP_NOTES;
 extern const Switch CONTINUE_LAST;
 extern const Switch RECORD;
-extern const std::span<const Switch> DISPLAY;  ///< input events, output events, numbers, large font
+extern const Switch REVERB;
+extern const Switch CONNECT_SOUND;
+extern const Switch TRANSPORT;
+extern const std::span<const Switch> DISPLAY;  ///< input and output events, numbers, times, large font
 extern const std::span<const Switch> WINDOW;   ///< docking, always on top, border
 }  // namespace Switches
 

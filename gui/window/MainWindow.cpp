@@ -32,6 +32,7 @@
 #include "gui/screens/cc/CcPanel.h"
 #include "gui/screens/computerinput/ComputerInputPanel.h"
 #include "gui/screens/computerinput/ComputerKeyboardCtl.h"
+#include "gui/screens/controls/ControlPanel.h"
 #include "gui/screens/display/DisplayPanel.h"
 #include "gui/screens/help/HelpPanel.h"
 #include "gui/screens/joystick/JoystickPanel.h"
@@ -179,6 +180,7 @@ void MainWindow::makePanels()
     joystickPanel = new Joystick::JoystickPanel(gui, column);
     midiInputPanel = new MidiInput::MidiInputPanel(gui, column);
     computerInputPanel = new ComputerInput::ComputerInputPanel(gui, column);
+    controlPanel = new Controls::ControlPanel(gui, column);
     outputPanel = new Output::OutputPanel(gui, column);
     zonePanel = new Zones::ZonePanel(gui, outputPanel);
     layerPanel = new Layers::MainPanel(gui, outputPanel);
@@ -204,6 +206,8 @@ Panel* MainWindow::panelOf(Screen screen) const
             return midiInputPanel;
         case Screen::computerInput:
             return computerInputPanel;
+        case Screen::controls:
+            return controlPanel;
         case Screen::output:
             return outputPanel;
         case Screen::zones:

@@ -31,6 +31,10 @@ namespace ComputerInput
 {
 class ComputerInputPanel;
 }
+namespace Controls
+{
+class ControlPanel;
+}
 namespace Display
 {
 class DisplayPanel;
@@ -180,6 +184,7 @@ private:
     Joystick::JoystickPanel* joystickPanel = nullptr;
     MidiInput::MidiInputPanel* midiInputPanel = nullptr;
     ComputerInput::ComputerInputPanel* computerInputPanel = nullptr;
+    Controls::ControlPanel* controlPanel = nullptr;
     Output::OutputPanel* outputPanel = nullptr;
     Zones::ZonePanel* zonePanel = nullptr;
     Layers::MainPanel* layerPanel = nullptr;

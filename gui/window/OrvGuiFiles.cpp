@@ -6,6 +6,8 @@
 #include "backend/model/Edit.h"
 #include "gui/files/FileCommands.h"
 #include "gui/files/ProgramsDialog.h"
+#include "gui/framework/EditPoster.h"
+#include "gui/framework/FileNames.h"
 #include "gui/framework/Question.h"
 #include "gui/presets/PresetCtl.h"
 #include "gui/screens/layers/MainPanel.h"

@@ -82,16 +82,11 @@ Control* ControlManager::findTarget(const SelectControlType& select)
 }
 
 /// The first control after a cell in that direction, or null at the edge of the grid.
-Control* ControlManager::findFrom(Cell cell, Kind direction)
+Control* ControlManager::findFrom(const Cell& cell, Kind direction)
 {
-    while (true) {
-        if (direction == Kind::up) --cell.row;
-        if (direction == Kind::down) ++cell.row;
-        if (direction == Kind::left && --cell.col < 0) cell = {cell.row - 1, ControlMap::COLUMNS - 1};
-        if (direction == Kind::right && ++cell.col >= ControlMap::COLUMNS) cell = {cell.row + 1, 0};
-        if (cell.row < 0 || cell.row >= ControlMap::ROWS) return nullptr;
-        if (Control* control = edit().findElement(cell)) return control;
-    }
+    for (auto next = ControlMap::step(cell, direction); next; next = ControlMap::step(*next, direction))
+        if (Control* control = edit().findElement(*next)) return control;
+    return nullptr;
 }
 
 void ControlManager::selectControl(const SelectControlType& select)
@@ -102,11 +97,9 @@ void ControlManager::selectControl(const SelectControlType& select)
         case Kind::up:
         case Kind::down:
         case Kind::left:
-        case Kind::right: {
-            const Cell outside = select.kind == Kind::down ? Cell{-1, 0} : Cell{0, -1};
-            target = findFrom(old != nullptr ? old->cell : outside, select.kind);
+        case Kind::right:
+            target = findFrom(old != nullptr ? old->cell : ControlMap::getOutside(select.kind), select.kind);
             break;
-        }
         default:
             target = findTarget(select);
     }
@@ -138,10 +131,7 @@ void ControlManager::setValueAt(const Cell& cell, std::int32_t value)
 
 void ControlManager::setSelectedAt(const Cell& cell, bool selected)
 {
-    Control* control = edit().findElement(cell);
-    if (control == nullptr) return;
-    control->selected = selected;
-    link.forget();
+    if (Control* control = edit().findElement(cell)) setSelected(*control, selected);
 }
 
 // --- publishing

@@ -70,12 +70,12 @@ public:
     void mergeControls(const std::vector<Control>& changed, bool notify, bool deleteMissing);
     /// As `changeControl`, but never for the selected control.
     void setValueAt(const Cell& cell, std::int32_t value);
-    /// Adds a control to the selection or removes it. The window, which has done the same, is not notified.
+    /// Adds a control to the selection or removes it.
     void setSelectedAt(const Cell& cell, bool selected);
 
 private:
     Control* findTarget(const SelectControlType& select);
-    Control* findFrom(Cell cell, SelectControlType::Kind direction);
+    Control* findFrom(const Cell& cell, SelectControlType::Kind direction);
     void sendControl(const Control& control);
     void sendInOrder(const Control& control);
     void moveLinked(const Control& moved, std::int64_t delta, bool send);
