@@ -110,8 +110,8 @@ public:
     virtual void showSaveDialog() = 0;
     virtual void showLoadDialog() = 0;
     virtual void importVersion2File() = 0;
-    /// Loads a bank, or a program if the path ends in ".prg". If the file has none, a message box reports it. A path in
-    /// UTF-8.
+    /// Loads a bank, or a program if the path ends in ".prg"; if the file has none, a message box reports it. A preset
+    /// (".pst") replaces its section in the program, as a step that can be undone. A path in UTF-8.
     virtual void loadFile(const std::string& path) = 0;
 
     // Changes that the backend reports

@@ -72,7 +72,10 @@ RecordChanges Orv::executePreset(const Edit& edit, Preset& preset)
     const auto found = std::ranges::find(sections, std::string_view(edit.section), &ProgramSection::getTag);
     if (found == sections.end()) return {};
     const Snapshot before = takeSnapshot(**found);
-    if ((*found)->loadPreset(edit.preset)) preset = Preset::loaded;
+    if (edit.isPresetFile)
+        (*found)->loadPresetFile(edit.preset);
+    else if ((*found)->loadPreset(edit.preset))
+        preset = Preset::loaded;
     return RecordEditing::differences(edit.section, before, takeSnapshot(**found));
 }
 

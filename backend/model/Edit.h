@@ -49,7 +49,8 @@ struct Edit {
     std::uint32_t gesture = 0;  ///< successive edits with the same number, as of a drag, are one step
     int program = 0;            ///< the number of the program that the window shows; ignored if another one is current
     std::vector<RecordEdit> records{};
-    std::string preset{};  ///< instead of `records`: the preset of the section that is loaded
+    std::string preset{};       ///< instead of `records`: the preset of the section that is loaded
+    bool isPresetFile = false;  ///< `preset` is the path of a file in any folder
 };
 
 /// The acknowledgement of an edit, and of undo and redo.

@@ -19,7 +19,11 @@ bool ProgramSection::keepsNotes() const { return orv.getRegistrySettings().get<S
 
 XmlElement ProgramSection::readPreset(const std::string& name) const
 {
-    const std::string path = presets ? presets->findPreset(name) : "";
+    return readPresetFile(presets ? presets->findPreset(name) : "");
+}
+
+XmlElement ProgramSection::readPresetFile(const std::string& path) const
+{
     if (path.empty()) return {};
     const XmlElement root = XmlDocument(path, XmlDocument::Source::file).getRoot();
     if (!root.hasElement() || root.getTagName() == tag) return root;
@@ -31,6 +35,13 @@ bool ProgramSection::loadPreset(const std::string& name)
 {
     const XmlElement root = readPreset(name);
     if (root.hasElement()) readXml(root);
+    return root.hasElement();
+}
+
+bool ProgramSection::loadPresetFile(const std::string& path)
+{
+    const XmlElement root = readPresetFile(path);
+    loadSection(root);
     return root.hasElement();
 }
 

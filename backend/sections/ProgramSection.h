@@ -63,6 +63,8 @@ public:
     /// Reads a preset as `loadSection` does. False, and nothing is changed, if it is missing, cannot be read or belongs
     /// to another section.
     virtual bool loadPreset(const std::string& name);
+    /// The same with the path of a file in any folder, which the list of presets does not have.
+    bool loadPresetFile(const std::string& path);
     virtual void renamePreset(const std::string& name, const std::string& newName);
     virtual void deletePreset(const std::string& name);
 
@@ -80,6 +82,7 @@ protected:
 
     /// The root element of a preset, or no element if `loadPreset` would change nothing.
     XmlElement readPreset(const std::string& name) const;
+    XmlElement readPresetFile(const std::string& path) const;
     /// Writes a preset with the element that `write` appends.
     void writePreset(const std::string& name, const std::function<void(std::ostream& out)>& write);
 

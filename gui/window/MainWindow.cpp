@@ -342,8 +342,9 @@ namespace
 QString findFile(const QMimeData& data)
 {
     for (const QUrl& url : data.urls())
-        if (const QString path = url.toLocalFile();
-            path.endsWith(QLatin1String(".bnk")) || path.endsWith(QLatin1String(".prg")))
+        if (const QString path = url.toLocalFile(); path.endsWith(QLatin1String(".bnk")) ||
+                                                    path.endsWith(QLatin1String(".prg")) ||
+                                                    path.endsWith(QLatin1String(".pst")))
             return path;
     return {};
 }

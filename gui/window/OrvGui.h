@@ -145,6 +145,7 @@ private:
     void keep(void (Backend::RegistrySettings::*set)(Value), const std::type_identity_t<Value>& value);
     void showGlobalKeyboard(bool on);
     void showPresetResult(const char* folder, bool done) const;
+    void loadPresetFile(const std::string& path);
 
     Backend::OrvIF& orv;
     Backend::GuiStart shown;

@@ -1,9 +1,13 @@
 // Files and presets: their dialogs, and the changes that the backend makes to files.
+#include <QFile>
+#include <QXmlStreamReader>
+#include <algorithm>
 #include <utility>
 
 #include "api/OrvMessageManager.h"
 #include "backend/files/FileName.h"
 #include "backend/model/Edit.h"
+#include "backend/model/PresetSections.h"
 #include "gui/files/FileCommands.h"
 #include "gui/files/ProgramsDialog.h"
 #include "gui/framework/EditPoster.h"
@@ -74,6 +78,7 @@ void OrvGui::loadPresetFile(const std::string& path)
 
 void OrvGui::loadFile(const std::string& path)
 {
+    if (path.ends_with(".pst")) return loadPresetFile(path);
     const bool isProgram = path.ends_with(".prg");
     askBeforeLoss(isProgram ? Loss::ofProgram : Loss::ofAll, [this, path, isProgram] {
         loading = path;

@@ -5,6 +5,8 @@
 #include "backend/model/Edit.h"
 #include "backend/model/PresetList.h"
 #include "backend/model/PresetSections.h"
+#include "backend/sections/layers/LayerManager.h"
+#include "gui/framework/EditPoster.h"
 #include "tests/gui/DialogHands.h"
 
 using namespace Backend;
@@ -125,6 +127,17 @@ TEST_F(FileDialogs, StartInTheFolderOfTheLastFileAndOfferTheLastFilesAgain)
     data.setUrls({QUrl::fromLocalFile("a.txt"), QUrl::fromLocalFile(QString::fromStdString(path("Other.bnk")))});
     drop(*surroundings.findChild<QWidget*>({}, Qt::FindDirectChildrenOnly), {10, 10}, data);
     EXPECT_EQ(current(), "Alone of " + path("Other.bnk"));
+
+    for (const char* text : {"<Layers><Layer/><Layer/></Layers>", "<Layers>"}) {
+        folder.write("Two.pst", text);
+        data.setUrls({QUrl::fromLocalFile(QString::fromStdString(path("Two.pst")))});
+        drop(*surroundings.findChild<QWidget*>({}, Qt::FindDirectChildrenOnly), {10, 10}, data);
+        EXPECT_EQ(orv->getLayerManager().getLayers().size(), 2u);
+    }
+    EXPECT_EQ(control<QAbstractButton>("Status").toolTip(), "Two.pst has no preset");
+    gui->getEdits().undo();
+    settle();
+    EXPECT_EQ(orv->getLayerManager().getLayers().size(), 0u) << "a step as any other";
 }
 
 TEST_F(FileDialogs, SayWhenAnotherProgramHasChangedTheBank)
