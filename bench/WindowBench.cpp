@@ -5,6 +5,7 @@
 
 #include <time.h>
 
+#include <QAbstractSlider>
 #include <QApplication>
 #include <QPixmap>
 #include <QTimer>
@@ -18,6 +19,7 @@
 #include <stdexcept>
 #include <string>
 #include <thread>
+#include <vector>
 
 #include "api/MidiPlayer.h"
 #include "api/OrvFactory.h"
@@ -42,6 +44,7 @@ namespace
 constexpr auto DURATION = 3s;
 constexpr auto TICK = 5ms;
 constexpr auto PATIENCE = 20s;
+constexpr auto FOLLOWED = 30s;
 constexpr int LAYERS = 64;
 constexpr int ZONES = 16;
 constexpr int OSCILLATORS = 16;

@@ -186,7 +186,7 @@ void MainWindow::makePanels()
     layerPanel = new Layers::MainPanel(gui, outputPanel);
     ccPanel = new Cc::CcPanel(gui, outputPanel);
     for (const Screen screen : SCREENS)
-        if (screen != Screen::system && panelOf(screen) != nullptr) systemPanel->offerScreen(screen);
+        if (screen != Screen::system) systemPanel->offerScreen(screen);
 }
 
 Panel* MainWindow::panelOf(Screen screen) const
@@ -217,11 +217,11 @@ Panel* MainWindow::panelOf(Screen screen) const
         case Screen::cc:
             return ccPanel;
     }
+    return nullptr;
 }
 
 void MainWindow::showScreen(Screen screen, bool on)
 {
-    if (panelOf(screen) == nullptr) return;
     setShown(screen, on);
     if (on && isInOutput(screen)) setShown(Screen::output, true);
     fit();  // a hidden column gets no resize event
@@ -230,8 +230,7 @@ void MainWindow::showScreen(Screen screen, bool on)
 
 void MainWindow::setShown(Screen screen, bool on)
 {
-    Panel* panel = panelOf(screen);
-    if (panel == nullptr) return;
+    Panel* const panel = panelOf(screen);
     if (!on) keyboard->takeFocusFrom(*panel);
     if (!on && screen == Screen::system) keyboard->takeFocusFrom(*stagePanel);
     panel->show(on);
@@ -254,21 +253,18 @@ void MainWindow::toggleScreen(Screen screen) { showScreen(screen, !isShowing(scr
 
 bool MainWindow::isShowing(Screen screen) const
 {
-    const Panel* panel = panelOf(screen);
-    return panel != nullptr && panel->isShown() && (!isInOutput(screen) || outputPanel->isShown());
+    return panelOf(screen)->isShown() && (!isInOutput(screen) || outputPanel->isShown());
 }
 
 ScreenState MainWindow::getScreenState() const
 {
-    auto bits = storedState.toBits();
-    for (const Screen screen : SCREENS)
-        if (const Panel* panel = panelOf(screen)) bits[static_cast<std::size_t>(screen)] = panel->isShown();
+    auto bits = ScreenState{}.toBits();
+    for (const Screen screen : SCREENS) bits[static_cast<std::size_t>(screen)] = panelOf(screen)->isShown();
     return ScreenState::fromBits(bits);
 }
 
 void MainWindow::setScreenState(const ScreenState& state)
 {
-    storedState = state;
     const auto bits = state.toBits();
     for (const Screen screen : SCREENS) setShown(screen, bits[static_cast<std::size_t>(screen)]);
     fit();
@@ -396,7 +392,6 @@ void MainWindow::showScreenMenu(const QPoint& globalPosition)
     auto* menu = new PopupMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
     for (const Screen screen : SCREENS) {
-        if (panelOf(screen) == nullptr) continue;
         QAction& item = menu->addItem({.text = System::nameOf(screen), .id = static_cast<int>(screen)});
         item.setCheckable(true);
         item.setChecked(isShowing(screen));

@@ -120,6 +120,7 @@ public:
     void handleZoneTranspose(Backend::Zones::ZoneId zone, int transpose);
     void handleZoneSelected(Backend::Zones::ZoneId zone, bool selected);
 
+    void handleMidiInputPortsChanged(const Backend::MidiEngine::MidiInputPorts& ports);
     void handleMidiOutputPortsChanged(const Backend::MidiEngine::MidiOutputPorts& ports);
     void setMidiThru(bool on);
     void setGlobalKeyboard(bool on);
@@ -192,6 +193,5 @@ private:
     NoteLights noteLights;  // of the screens below the music keyboard
     QSize lastSize;
     std::optional<Backend::ScreenState> stateBeforeCompact;
-    Backend::ScreenState storedState;  // of screens that do not exist yet, it is kept as it is
 };
 }  // namespace Gui

@@ -232,7 +232,7 @@ void OrvGui::handleProgramNameChanged(const Program& program) { handleProgramCha
 void OrvGui::handleMidiInputPortsChanged(const MidiInputPorts& ports)
 {
     shown.inputs = ports;
-    open->main->getSystemPanel().handleMidiInputPortsChanged(ports);
+    open->main->handleMidiInputPortsChanged(ports);
     open->refreshSetup();
 }
 

@@ -150,8 +150,7 @@ class WindowUser(live.Graph):
         until(lambda: not sounding(self.monitor.received), "the note-off")
 
     def settings(self):
-        (path,) = (path for path in glob.glob(self.folder + "/config/**", recursive=True)
-                   if os.path.isfile(path) and not path.endswith(".lock"))
+        (path,) = glob.glob(self.folder + "/config/**/3.2", recursive=True)
         with open(path) as file:
             return dict(line.strip().split("=", 1) for line in file if "=" in line)
 

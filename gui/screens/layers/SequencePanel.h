@@ -67,6 +67,7 @@ private:
     void renamePreset(const std::string& oldName, const std::string& newName) override;
     void deletePreset(const std::string& name) override;
     const Backend::PresetList& getPresetList() const override { return presets; }
+    std::string fileOf(const std::string& name) const override { return "Sequences/" + name + ".seq"; }
     bool hasSelection() const override { return false; }
 
     OrvGuiIF& gui;

@@ -36,6 +36,11 @@ namespace
 constexpr QSize STAGE_SIZE(960, 96);
 constexpr int STATUS_TOP = 72;
 constexpr int STATUS_HEIGHT = 24;
+constexpr int STATUS_LEFT = 104;
+constexpr int STATUS_RIGHT = 680;
+constexpr int DISCARD_LEFT = 600;
+constexpr int STATUS_GAP = 8;
+constexpr int EDITS_UNTIL_OFFER_ENDS = 2;
 
 SelectType specificProgram(int number) { return {.kind = SelectType::Kind::specific, .value = number}; }
 
@@ -122,10 +127,20 @@ void StagePanel::addStatusLine()
             tr("Where the keys of the computer go: KEYS PLAY, TYPING into a text, or ELSEWHERE, to another program. "
                "Click beside the controls, or press Escape, to play."));
     status =
-        add(new StatusText(getGdi(), this), inStatusLine(104, 680), tr("Status"),
+        add(new StatusText(getGdi(), this), inStatusLine(STATUS_LEFT, STATUS_RIGHT), tr("Status"),
             tr("The output and its state. What is wrong is shown in red until it is put right; a click leads there."));
     connect(status, &QAbstractButton::clicked, this,
             [this] { status->hasTrouble() ? gui.showSetupDialog() : gui.showDefaultMidiOutputMenu(); });
+    discard = add(new QPushButton(tr("Discard"), this), inStatusLine(DISCARD_LEFT, STATUS_RIGHT),
+                  tr("Discard what was restored"),
+                  tr("Goes back to what is saved. What was not saved when the program ended without closing was "
+                     "restored; two edits end this offer."));
+    discard->setFocusPolicy(Qt::TabFocus);
+    discard->hide();
+    connect(discard, &QPushButton::clicked, this, [this] {
+        offerDiscard(false);
+        commands().postDiscardRecovered();
+    });
     inputs = add(new ActivityLights(getGdi(), tr("In"), this), inStatusLine(688, 800), tr("MIDI input"),
                  tr("A light for each MIDI input, which is lit while events come in."));
     output = add(new ActivityLights(getGdi(), tr("Out"), this), inStatusLine(804, 844), tr("MIDI output"),
@@ -165,6 +180,7 @@ void StagePanel::handleEditDone(const EditDone& done)
     showTempo();
     if (done.kind == EditDone::Kind::undone) showUndone(done.name);
     if (done.kind == EditDone::Kind::redone) showRedone(done.name);
+    if (!done.name.empty() && ++editsOfOffer >= EDITS_UNTIL_OFFER_ENDS) offerDiscard(false);
 }
 
 void StagePanel::handleBankEditDone(const BankEditDone& done)
@@ -339,6 +355,14 @@ void StagePanel::handleHostStatus(const HostStatus& newStatus)
 }
 
 void StagePanel::displayMidiOutputEvent() { output->flash(1); }
+
+void StagePanel::offerDiscard(bool on)
+{
+    editsOfOffer = 0;
+    if (!on && discard->hasFocus()) gui.setFocus();
+    discard->setVisible(on);
+    place(*status, inStatusLine(STATUS_LEFT, on ? DISCARD_LEFT - STATUS_GAP : STATUS_RIGHT));
+}
 
 void StagePanel::showKeyTarget(KeyTarget target) { badge->show(target); }
 

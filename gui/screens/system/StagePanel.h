@@ -66,6 +66,9 @@ public:
     void handleProgramEdited(bool isEdited, int otherEdited);
     void handleSetListChanged(const Backend::SetList& list);
 
+    /// Whether the status line offers to discard what was restored after a crash. Two edits end the offer.
+    void offerDiscard(bool on);
+
     void showKeyTarget(KeyTarget target);
     /// What was done, for three seconds.
     void showMessage(const QString& text);
@@ -108,6 +111,8 @@ private:
     ActivityLights* inputs = nullptr;
     ActivityLights* output = nullptr;
     RecordGauge* record = nullptr;
+    QPushButton* discard = nullptr;
+    int editsOfOffer = 0;  // since it was made
     PopupMenu* menu;
     Backend::SetList setList;
     QPointer<SetListDialog> setListDialog;  // while it is open

@@ -16,22 +16,6 @@ using Backend::Program;
 namespace
 {
 constexpr int WIDE_STEP = 12;
-
-int stepsOf(int key)
-{
-    switch (key) {
-        case Qt::Key_Up:
-            return 1;
-        case Qt::Key_Down:
-            return -1;
-        case Qt::Key_PageUp:
-            return 10;
-        case Qt::Key_PageDown:
-            return -10;
-        default:
-            return 0;
-    }
-}
 }  // namespace
 
 TempoEdit::TempoEdit(QWidget* parent) : EditBox(parent)
