@@ -127,7 +127,6 @@ void expectToReadBackAndClone(const Translation& plain)
 {
     const std::string type(plain.getType());
     SCOPED_TRACE(type);
-    EXPECT_EQ(printAll(*createTranslation(type)), printAll(plain));
     EXPECT_EQ(printAll(*readTranslation("<" + type + "/>")), printAll(plain));
     EXPECT_EQ(plain.isPassThrough(), type == UNCHANGED);
     EXPECT_FALSE(helpText(plain.getHelpId()).empty());
@@ -173,10 +172,14 @@ TEST(FunctionCatalogue, IsOfFunctionsThatReadBackWhatTheyWriteAndDifferByEachPar
 {
     Stage stage;
     std::set<std::string> sentences;
-    AllFunctions::forEach([&]<class Type>(std::type_identity<Type>) {
-        EXPECT_TRUE(sentences.insert(helpText(Type::info.helpId)).second) << Type::info.typeName;
-        expectToReadBackAndDiffer(Type(*stage.orv), *stage.orv);
-    });
+    const auto check = [&](const Function& function) {
+        EXPECT_TRUE(sentences.insert(helpText(function.getHelpId())).second) << function.getType();
+        expectToReadBackAndDiffer(function, *stage.orv);
+    };
+    check(Functions::NoFunction(*stage.orv));
+    check(*createFunction("MidiEndOfSysEx", *stage.orv));
+    for (const FunctionInfo& info : Offer().functions) check(*createFunction(info.typeName, *stage.orv));
+    EXPECT_EQ(sentences.size(), AllFunctions::size);
     EXPECT_EQ(helpText(HelpId::noFunction), "No function.");
     EXPECT_EQ(helpText(HelpId::showHelp + 1), "Show the help.");
     EXPECT_EQ(helpText(HelpId::translateToNoteOn), "Change midi event type to note on (0x9c).");
@@ -190,8 +193,9 @@ TEST(TranslationCatalogue, IsTheOneOfFilesAndPickers)
     std::size_t place = 0;
     AllTranslations::forEach([&]<class Type>(std::type_identity<Type>) {
         const TranslationInfo& info = offer.translations.at(place++);
-        catalogue += std::string(info.displayName) + " | " + std::string(info.typeName) + " |" + attributesOf(Type()) +
-                     " |" + flagsOf(Type()) + "\n";
+        const auto made = createTranslation(info.typeName);
+        catalogue += std::string(info.displayName) + " | " + std::string(info.typeName) + " |" + attributesOf(*made) +
+                     " |" + flagsOf(dynamic_cast<const Type&>(*made)) + "\n";
     });
     EXPECT_EQ(place, offer.translations.size());
     EXPECT_EQ(catalogue, catalogueOf("translations.txt"));
@@ -208,7 +212,8 @@ TEST(TranslationCatalogue, IsTheOneOfFilesAndPickers)
 
 TEST(TranslationCatalogue, IsOfTranslationsThatReadBackWhatTheyWriteAndSurviveAClone)
 {
-    AllTranslations::forEach([]<class Type>(std::type_identity<Type>) { expectToReadBackAndClone(Type()); });
+    for (const TranslationInfo& info : Offer().translations)
+        expectToReadBackAndClone(*createTranslation(info.typeName));
 }
 
 TEST(TranslationCatalogue, PassesThroughOnlyWhatNothingChangesOrHoldsBack)

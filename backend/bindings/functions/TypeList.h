@@ -91,4 +91,20 @@ public:
     using VisitsAny<Self, Visitor, TypeList<Rest...>>::visit;
     void visit(First& type) override { static_cast<Self&>(*this).visitAny(type); }
 };
+
+/// Four at a time: what compilers need for a chain of bases grows with more than the square of its length.
+template <class Self, class Visitor, class First, class Second, class Third, class Fourth, class... Rest>
+class VisitsAny<Self, Visitor, TypeList<First, Second, Third, Fourth, Rest...>>
+    : public VisitsAny<Self, Visitor, TypeList<Rest...>>
+{
+public:
+    using VisitsAny<Self, Visitor, TypeList<Rest...>>::visit;
+    void visit(First& type) override { visitAny(type); }
+    void visit(Second& type) override { visitAny(type); }
+    void visit(Third& type) override { visitAny(type); }
+    void visit(Fourth& type) override { visitAny(type); }
+
+private:
+    void visitAny(auto& type) { static_cast<Self&>(*this).visitAny(type); }
+};
 }  // namespace Backend
