@@ -20,7 +20,11 @@ struct ComputerKeyboard : WindowStage, testing::Test {
         settle();
     }
     ComputerKeyboardCtl& keyboard() { return control<ComputerKeyboardCtl>("Computer keyboard"); }
-    QCheckBox& useKeyUpModifiers() { return *surroundings.findChild<QCheckBox*>(); }
+    QCheckBox& useKeyUpModifiers()
+    {
+        const auto boxes = surroundings.findChildren<QCheckBox*>();
+        return **std::ranges::find(boxes, "Use modifiers on key up", &QCheckBox::text);
+    }
     void mouseDown(int code) { QTest::mousePress(&keyboard(), Qt::LeftButton, {}, keyboard().getPlace(code)); }
     void mouseUp(int code) { QTest::mouseRelease(&keyboard(), Qt::LeftButton, {}, keyboard().getPlace(code)); }
     /// Between the two texts of a key.

@@ -1,6 +1,4 @@
 #include "backend/bindings/functions/FunctionFactories.h"
-#include "backend/bindings/translations/TranslationEnumerator.h"
-#include "backend/bindings/translations/TranslationFactories.h"
 #include "gui/forms/BindingFields.h"
 #include "gui/forms/BindingPicker.h"
 #include "gui/forms/FieldMaker.h"
@@ -14,43 +12,12 @@ using namespace Backend;
 using namespace Gui::Forms;
 
 struct Forms : GuiStage, FieldWalk, testing::Test {
-    struct Names final : MidiInput::TranslationManagement::TranslationEnumerator {
-        void addTranslation(const FunctionInfo& translation) override { translations.push_back(translation.typeName); }
-        std::vector<std::string_view> translations;
-    };
-
-    Forms()
-    {
-        MidiInput::TranslationManagement::enumerateTranslations(names);
-        around = form = &show(*new SettingsForm(*this, &window));
-    }
-
-    static std::unique_ptr<MidiInput::TranslationManagement::Translation> copyOf(
-        const MidiInput::TranslationManagement::Translation& translation)
-    {
-        const std::string text = writtenBy([&](std::ostream& out) { translation.writeXml(out, 0); });
-        return MidiInput::TranslationManagement::createTranslationFromXml(
-            rootOf("<Translation>" + text + "</Translation>"));
-    }
+    Forms() { around = form = &show(*new SettingsForm(*this, &window)); }
 
     KeyStage backend;
-    Names names;
     FieldLists lists{.outputs = {"Piano", "", "Strings"}};
     SettingsForm* form = nullptr;
 };
-
-TEST_F(Forms, SetEverySettingOfEveryTranslation)
-{
-    for (const auto name : names.translations) {
-        const auto translation = MidiInput::TranslationManagement::createTranslation(name);
-        ASSERT_NE(translation, nullptr) << name;
-        const FieldList fields = fieldsOf(*translation, lists);
-        form->setRecords({fields});
-        settle();
-        walk(name, fields, [&] { return valuesOf(fieldsOf(*copyOf(*translation), lists)); });
-    }
-    EXPECT_GT(set, 700);
-}
 
 TEST_F(Forms, ShowWhereRecordsDifferAndSetAllOfThem)
 {

@@ -3,20 +3,19 @@
 #include "backend/bindings/functions/FunctionEnumerator.h"
 #include "backend/bindings/functions/FunctionFactories.h"
 #include "gui/forms/BindingFields.h"
-#include "gui/framework/EditPoster.h"
 #include "gui/keyboard/GlobalKeyboard.h"
 #include "gui/presets/PresetCtl.h"
 #include "gui/screens/computerinput/ComputerInputPanel.h"
 #include "gui/screens/computerinput/ComputerKeyboardCtl.h"
+#include "tests/gui/BindingStage.h"
 #include "tests/gui/FieldWalk.h"
-#include "tests/gui/WindowStage.h"
 #include "tests/stage/Text.h"
 
 using namespace Backend;
 using Gui::ComputerInput::ComputerKeyboardCtl;
 
 /// A window with the keys screen, in which no key does anything.
-struct KeyScreen : WindowStage, testing::Test {
+struct KeyScreen : BindingStage, testing::Test {
     static constexpr quint32 A = 38, LEFT_SHIFT = 50;
 
     KeyScreen()
@@ -26,11 +25,6 @@ struct KeyScreen : WindowStage, testing::Test {
         board = &control<ComputerKeyboardCtl>("Computer keyboard");
     }
 
-    void operate(const QString& name)
-    {
-        Hands::click(control(name));
-        settle();
-    }
     void select(int code, Qt::KeyboardModifiers held = {})
     {
         QTest::mouseClick(board, Qt::LeftButton, held, board->getPlace(code));
@@ -42,14 +36,6 @@ struct KeyScreen : WindowStage, testing::Test {
         settle();
     }
     QListWidget& list(const QString& name) { return control<QListWidget>(name); }
-    /// In the picker, by its name there.
-    void choose(const QString& function)
-    {
-        auto& functions = list("Functions");
-        for (int row = 0; row < functions.count(); ++row)
-            if (functions.item(row)->text().trimmed() == function) functions.setCurrentRow(row);
-        settle();
-    }
     void type(const QString& field, const QString& text)
     {
         auto& line = control<QLineEdit>(field);
@@ -87,11 +73,6 @@ struct KeyScreen : WindowStage, testing::Test {
     {
         settle();
         return written();
-    }
-    void undo()
-    {
-        gui->getEdits().undo();
-        settle();
     }
 
     ComputerKeyboardCtl* board;

@@ -1,17 +1,19 @@
 #include <QTreeWidget>
 
+#include "backend/bindings/translations/TranslationEnumerator.h"
+#include "backend/bindings/translations/TranslationFactories.h"
 #include "backend/sections/layers/LayerManager.h"
 #include "backend/sections/midiinput/MidiInputManager.h"
-#include "gui/framework/EditPoster.h"
 #include "gui/presets/PresetCtl.h"
 #include "gui/screens/midiinput/MidiInputPanel.h"
-#include "tests/gui/WindowStage.h"
+#include "tests/gui/BindingStage.h"
+#include "tests/gui/FieldWalk.h"
 #include "tests/stage/Text.h"
 
 using namespace Backend;
 
 /// A window with the screen of the MIDI inputs, and no entries.
-struct MidiInputScreen : WindowStage, testing::Test {
+struct MidiInputScreen : BindingStage, testing::Test {
     MidiInputScreen()
     {
         open(NO_SCREENS);
@@ -20,52 +22,6 @@ struct MidiInputScreen : WindowStage, testing::Test {
         gui->setFocus();
     }
 
-    void operate(const QString& name)
-    {
-        Hands::click(control(name));
-        settle();
-    }
-    void key(QWidget& target, auto... pressed)
-    {
-        QTest::keyClick(&target, pressed...);
-        settle();
-    }
-    /// In the picker, by its name there.
-    void choose(const QString& translation)
-    {
-        auto& list = control<QListWidget>("Translations");
-        for (int row = 0; row < list.count(); ++row)
-            if (list.item(row)->text().trimmed() == translation) list.setCurrentRow(row);
-        settle();
-    }
-    /// A value, or steps down a list.
-    void type(const QString& field, const QString& text)
-    {
-        auto& line = control<QLineEdit>(field);
-        line.setFocus();
-        replaceText(line, text);
-        key(line, Qt::Key_Return);
-    }
-    void step(const QString& field, int steps)
-    {
-        for (int i = 0; i < std::abs(steps); ++i) key(control(field), steps > 0 ? Qt::Key_Down : Qt::Key_Up);
-    }
-    void pick(const QString& list, const QString& text)
-    {
-        auto& line = control<QLineEdit>(list);
-        constexpr int MOST = 20;
-        for (int i = 0; i < MOST; ++i) QTest::keyClick(&line, Qt::Key_Up);
-        for (int i = 0; i < MOST && line.text() != text; ++i) QTest::keyClick(&line, Qt::Key_Down);
-        settle();
-    }
-    std::string rows(const char* name)
-    {
-        settle();
-        std::string all;
-        auto& list = control<QListWidget>(name);
-        for (int row = 0; row < list.count(); ++row) all += list.item(row)->text().toStdString() + "\n";
-        return all;
-    }
     std::string entries() { return rows("events"); }
     std::string translations() { return rows("Entries"); }
     std::string preview() { return settled<QLabel>("Preview: ").text().toStdString(); }
@@ -104,11 +60,6 @@ struct MidiInputScreen : WindowStage, testing::Test {
     {
         auto& list = control<QTreeWidget>("Received events");
         QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, list.visualItemRect(list.topLevelItem(row)).center());
-        settle();
-    }
-    void undo()
-    {
-        gui->getEdits().undo();
         settle();
     }
     /// The control whose name begins so.
@@ -159,7 +110,7 @@ TEST_F(MidiInputScreen, TurnsWhatIsReceivedIntoAnEntry)
     EXPECT_EQ(played("C4", 101, 0), "90 48 65 ");
     operate("Add entry");
     EXPECT_EQ(translations(), "1: If D2 > 100: Unchanged, D1: changed by 12\n2: Do Nothing\n");
-    choose("Unchanged");
+    choose("Unchanged", "Translations");
     step("Condition", 2);
     step("Comparison", 1);
     type("Compared with", "100");
@@ -215,7 +166,7 @@ TEST_F(MidiInputScreen, ALearnedFaderSetsTheVelocityOfALayerWhileTheOtherHandPla
     orv->setKeepNotes(true);
     operate("Learn");
     arrive(controller(7, 100).channel(4).input(1));
-    choose("Change Layer Velocity");
+    choose("Change Layer Velocity", "Translations");
     pick("Which", "Specific");
     EXPECT_EQ(preview(), "Control Change 7: Channel Volume 100 → Change Layer Velocity");
     takePlayed();
@@ -226,4 +177,41 @@ TEST_F(MidiInputScreen, ALearnedFaderSetsTheVelocityOfALayerWhileTheOtherHandPla
     EXPECT_EQ(orv->getLayerManager().getLayers().getLayers()[0].velocity.value, 30);
     release("E4");
     EXPECT_EQ(WindowStage::played(), "E4 off");
+}
+
+TEST_F(MidiInputScreen, BindsEveryTranslationWithEverySettingAndCondition)
+{
+    using namespace MidiInput::TranslationManagement;
+    struct : TranslationEnumerator {
+        void addTranslation(const FunctionInfo& info) override { all.push_back(info); }
+        std::vector<FunctionInfo> all;
+    } names;
+    enumerateTranslations(names);
+    Gui::Forms::FieldLists lists;
+    for (const auto& port : gui->getMidiOutputPorts()) lists.outputs << QString::fromStdString(port.getName());
+    operate("Add event");
+    const auto id = records().getIds()[0];
+    const auto now = [&] { return records().find(id)->getTranslations()[0].get(); };
+    const auto copy = [&] {
+        return MidiInput::MidiEventConfiguration::fromXml(rootOf(records().write(id)), createTranslationFromXml);
+    };
+    FieldWalk fields;
+    fields.around = control("Add event").parentWidget();
+    for (const FunctionInfo& info : names.all) {
+        choose(QString::fromUtf8(info.displayName.data(), static_cast<qsizetype>(info.displayName.size())),
+               "Translations");
+        ASSERT_EQ(now()->getType(), info.typeName);
+        fields.walk(info.typeName, Gui::Forms::fieldsOf(*now(), lists),
+                    [&] { return FieldWalk::valuesOf(Gui::Forms::fieldsOf(*copy().getTranslations()[0], lists)); });
+        while (!gui->getEdits().isIdle()) settle();
+        EXPECT_EQ(flat(midiInput().writeRecord(id)), flat(records().write(id))) << info.typeName;
+    }
+    choose("Do Nothing", "Translations");
+    const auto condition = records().fieldsOfRow(id, 0);
+    ASSERT_EQ(condition.size(), 3u);
+    fields.walk("condition", condition, [&] {
+        const std::string read = copy().getTranslations()[0]->getCondition().toXmlString();
+        return read == now()->getCondition().toXmlString() ? FieldWalk::valuesOf(condition) : read;
+    });
+    EXPECT_GT(fields.set, 700);
 }

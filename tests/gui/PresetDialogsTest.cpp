@@ -73,6 +73,11 @@ TEST_F(PresetDialogs, AddSavesTheKeysUnderANameThatAFileCanHave)
     pressIn("Presets", "Add");
     EXPECT_EQ(enter("Add Preset", "one", Answer::No), "Confirm Overwrite: Preset already exists. Overwrite?");
     EXPECT_EQ(contentOf("one"), before);
+    std::ofstream(presets().getPresetPath("of another window")).close();
+    EXPECT_EQ(enter("Add Preset", "of another window", Answer::No),
+              "Confirm Overwrite: Preset already exists. Overwrite?");
+    fs::remove(presets().getPresetPath("of another window"));
+    lineIn("Add Preset").setText("one");
     EXPECT_EQ(dialogs(), "Add Preset, Presets") << "a no returns to it";
     confirm(lineIn("Add Preset"), Answer::Yes);
     EXPECT_EQ(contentOf("one"), contentOf("two"));

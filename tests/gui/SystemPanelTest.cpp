@@ -1,6 +1,8 @@
 #include "gui/screens/system/ScreenButtons.h"
 
 #include "api/HostStatus.h"
+#include "backend/model/Recovery.h"
+#include "gui/framework/EditPoster.h"
 #include "tests/gui/WindowStage.h"
 
 using namespace Backend;
@@ -261,11 +263,9 @@ TEST_F(SystemPanel, ScreensHaveButtonsThatFollowThem)
     EXPECT_FALSE(button("Display screen").isChecked());
     orv->toggleHelp();
     EXPECT_FALSE(button("Help screen").isChecked());
-    EXPECT_THROW(button("Oscillator screen"), std::runtime_error) << "it is not there";
     EXPECT_THROW(button("System screen"), std::runtime_error);
 
     auto& screens = dynamic_cast<Gui::System::ScreenButtons&>(*button("Help screen").parentWidget());
-    for (int screen = 1; screen < 12; ++screen) screens.offerScreen(static_cast<Screen>(screen));
     const auto buttons = screens.findChildren<QAbstractButton*>();
     EXPECT_EQ(buttons.size(), 11);
     for (const auto* shown : buttons) {
@@ -292,4 +292,25 @@ TEST_F(SystemPanel, TheRecordIsSavedIntoTheMusicFolder)
     const std::string file = folder.contents("home/Music");
     EXPECT_TRUE(file.starts_with("record 20") && file.ends_with("_Out 1.mid")) << file;
     EXPECT_TRUE(help().starts_with("The record was saved as ") && help().find(file) != std::string::npos) << help();
+}
+
+TEST_F(SystemPanel, WhatWasRestoredCanBeDiscardedUntilTheSecondEdit)
+{
+    const auto report = [this](RecoveryResult result) {
+        Backend::notify(gui->getWindowHandle(), GuiMessage::RECOVERY, result, "/recovery-1");
+        settle();
+    };
+    const QWidget& discard = control("Discard what was restored");
+    EXPECT_FALSE(discard.isVisible());
+    report(RecoveryResult::restored);
+    for (const bool isOffered : {true, false}) {
+        EXPECT_TRUE(discard.isVisible());
+        gui->getEdits().change("Program", 0, {"tempo", isOffered ? "70" : "80"}, "tempo",
+                               gui->getEdits().beginGesture());
+        settle();
+        EXPECT_EQ(discard.isVisible(), isOffered);
+    }
+    report(RecoveryResult::unreadable);
+    EXPECT_FALSE(discard.isVisible());
+    EXPECT_EQ(said("Status"), "What was not saved cannot be read; the file is kept as \"/recovery-1\".");
 }
