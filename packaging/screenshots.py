@@ -246,7 +246,7 @@ def takeDialogs(user, display):
             user.open(scale)
             user.openDialog(title, place, scale, keys)
             if name == "setup-dialog":
-                user.tool("xdotool", "key", "Down", "Down", "Down", "Down")
+                user.tool("xdotool", "key", *["Down"] * 6)
                 time.sleep(0.5)
             takePicture(user, display, name + suffix(scale), f"^{title}$")
             user.close()
@@ -301,4 +301,5 @@ def main():
             display.end()
 
 
-main()
+if __name__ == "__main__":
+    main()
