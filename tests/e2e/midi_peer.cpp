@@ -154,11 +154,13 @@ bool waitFor(Peer& peer, Condition condition)
 /// Somebody else may have made the connection before.
 bool connect(Peer& peer, const char* from, const char* to)
 {
-    return waitFor(peer, [&, tries = 0]() mutable {
+    const bool connected = waitFor(peer, [&, tries = 0]() mutable {
         const int result = jack_connect(peer.client, from, to);
         if (result != 0 && result != EEXIST && ++tries == 2000) ending = true;
         return result == 0 || result == EEXIST;
     });
+    if (!connected) std::fprintf(stderr, "midi_peer: %s was not connected to %s.\n", from, to);
+    return connected;
 }
 
 void roll(Peer& peer, jack_nframes_t frame, double beats)
@@ -216,7 +218,10 @@ int main(int argc, char** argv)
         if (!parse(argv[index], peer.events.emplace_back())) return 2;
 
     const Client client = enter(peer, argv[1], source != "none", destination != "none");
-    if (!client) return 1;
+    if (!client) {
+        std::fprintf(stderr, "midi_peer: the server runs no client \"%s\".\n", argv[1]);
+        return 1;
+    }
     std::puts("ready");
     if (destination != "none" && destination != "-" && !connect(peer, jack_port_name(peer.output), argv[2])) return 1;
     if (source != "none" && source != "-" && !connect(peer, argv[3], jack_port_name(peer.input))) return 1;
