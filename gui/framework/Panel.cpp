@@ -27,6 +27,32 @@ Panel::~Panel()
     if (parentPanel != nullptr) std::erase(parentPanel->childPanels, this);
 }
 
+void Panel::moveAbove(Panel& other)
+{
+    assert(other.parentPanel == parentPanel);
+    auto& column = parentPanel->childPanels;
+    std::erase(column, this);
+    column.insert(std::ranges::find(column, &other), this);
+
+    // Qt orders only controls that Tab visits.
+    QWidget* before = nullptr;
+    bool isReached = false;
+    std::vector<QWidget*> controls;
+    for (QWidget* next = window()->nextInFocusChain(); next != window(); next = next->nextInFocusChain()) {
+        if ((next->focusPolicy() & Qt::TabFocus) == 0) continue;
+        isReached |= other.isAncestorOf(next);
+        if (isAncestorOf(next))
+            controls.push_back(next);
+        else if (!isReached)
+            before = next;
+    }
+    if (!isReached || before == nullptr) return;
+    for (QWidget* const control : controls) {
+        setTabOrder(before, control);
+        before = control;
+    }
+}
+
 void Panel::show(bool visible)
 {
     if (visible == shown) return;

@@ -25,6 +25,9 @@ public:
     explicit Panel(Panel* parentPanel);
     ~Panel() override;
 
+    /// Takes the place above another panel of the column, also in the order in which Tab visits them.
+    void moveAbove(Panel& other);
+
     /// Ignored if it is in that state already.
     virtual void show(bool visible);
     /// Whether it was shown, even if a panel around it is hidden.

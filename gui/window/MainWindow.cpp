@@ -60,9 +60,15 @@ constexpr int BUTTON_TOP = 6;
 constexpr QSize BUTTON(29, 20);
 constexpr const char* PLACE = "PLACE";
 
+/// As menus have them.
 constexpr Screen SCREENS[] = {
     Screen::system,        Screen::help,     Screen::display, Screen::oscillators, Screen::joystick, Screen::midiInput,
     Screen::computerInput, Screen::controls, Screen::output,  Screen::layers,      Screen::cc,       Screen::zones};
+
+/// As they are shown, one below the other.
+constexpr Screen DOWNWARDS[] = {Screen::system,   Screen::help,      Screen::display,       Screen::oscillators,
+                                Screen::joystick, Screen::midiInput, Screen::computerInput, Screen::controls,
+                                Screen::output,   Screen::zones,     Screen::layers,        Screen::cc};
 
 /// The screens below the music keyboard, inside the output screen.
 constexpr bool isInOutput(Screen screen)
@@ -126,8 +132,8 @@ MainWindow::MainWindow(OrvGuiIF& owner, QWidget* parent, Resized onResize)
       keyboard(std::make_unique<WindowKeyboard>(*this, *playedKeys)),
       column(new Column(owner.getGdiManager(), [this] { fit(); })),
       noteLights(owner.getOrvIF(), [this](const auto& activity) {
-          zonePanel->showNotes(activity);
-          layerPanel->getLayerPanel().showNotes(activity);
+          if (zonePanel != nullptr) zonePanel->showNotes(activity);
+          if (layerPanel != nullptr) layerPanel->getLayerPanel().showNotes(activity);
       })
 {
     setWindowTitle(QStringLiteral("OrvGui"));
@@ -170,23 +176,56 @@ void MainWindow::makeButtons()
     makeSwitch(*keyboardButton, Switches::GLOBAL_KEYBOARD, commands);
 }
 
+/// Those that the window needs also while they are hidden.
 void MainWindow::makePanels()
 {
     stagePanel = new System::StagePanel(gui, gui.getGdiManager(), this);
     systemPanel = new System::SystemPanel(gui, *stagePanel, column);
-    helpPanel = new Help::HelpPanel(gui, column);
-    displayPanel = new Display::DisplayPanel(gui, column);
-    oscPanel = new Oscillators::OscPanel(gui, column);
-    joystickPanel = new Joystick::JoystickPanel(gui, column);
-    midiInputPanel = new MidiInput::MidiInputPanel(gui, column);
-    computerInputPanel = new ComputerInput::ComputerInputPanel(gui, column);
-    controlPanel = new Controls::ControlPanel(gui, column);
-    outputPanel = new Output::OutputPanel(gui, column);
-    zonePanel = new Zones::ZonePanel(gui, outputPanel);
-    layerPanel = new Layers::MainPanel(gui, outputPanel);
-    ccPanel = new Cc::CcPanel(gui, outputPanel);
     for (const Screen screen : SCREENS)
         if (screen != Screen::system) systemPanel->offerScreen(screen);
+    helpPanel = new Help::HelpPanel(gui, column);
+    computerInputPanel = new ComputerInput::ComputerInputPanel(gui, column);
+    outputPanel = new Output::OutputPanel(gui, column);
+}
+
+Panel* MainWindow::makePanel(Screen screen)
+{
+    switch (screen) {
+        case Screen::system:
+        case Screen::help:
+        case Screen::computerInput:
+        case Screen::output:
+            break;
+        case Screen::display:
+            return displayPanel = new Display::DisplayPanel(gui, column);
+        case Screen::oscillators:
+            return oscPanel = new Oscillators::OscPanel(gui, column);
+        case Screen::joystick:
+            return joystickPanel = new Joystick::JoystickPanel(gui, column);
+        case Screen::midiInput:
+            return midiInputPanel = new MidiInput::MidiInputPanel(gui, column);
+        case Screen::controls:
+            return controlPanel = new Controls::ControlPanel(gui, column);
+        case Screen::zones:
+            return zonePanel = new Zones::ZonePanel(gui, outputPanel);
+        case Screen::layers:
+            return layerPanel = new Layers::MainPanel(gui, outputPanel);
+        case Screen::cc:
+            return ccPanel = new Cc::CcPanel(gui, sent, outputPanel);
+    }
+    return nullptr;
+}
+
+void MainWindow::ensureMade(Screen screen)
+{
+    if (panelOf(screen) != nullptr) return;
+    Panel* const made = makePanel(screen);
+    const auto isBelow = [&](Screen other) {
+        const Panel* const panel = panelOf(other);
+        return panel != nullptr && panel->parentWidget() == made->parentWidget();
+    };
+    const auto* const below = std::find_if(std::ranges::find(DOWNWARDS, screen) + 1, std::end(DOWNWARDS), isBelow);
+    if (below != std::end(DOWNWARDS)) made->moveAbove(*panelOf(*below));
 }
 
 Panel* MainWindow::panelOf(Screen screen) const
@@ -222,7 +261,9 @@ Panel* MainWindow::panelOf(Screen screen) const
 
 void MainWindow::showScreen(Screen screen, bool on)
 {
+    const bool isNew = on && panelOf(screen) == nullptr;
     setShown(screen, on);
+    if (isNew) gui.getOrvMessageManager().postRefreshGui();
     if (on && isInOutput(screen)) setShown(Screen::output, true);
     fit();  // a hidden column gets no resize event
     showScreenStates();
@@ -230,7 +271,9 @@ void MainWindow::showScreen(Screen screen, bool on)
 
 void MainWindow::setShown(Screen screen, bool on)
 {
+    if (on) ensureMade(screen);
     Panel* const panel = panelOf(screen);
+    if (panel == nullptr) return;
     if (!on) keyboard->takeFocusFrom(*panel);
     if (!on && screen == Screen::system) keyboard->takeFocusFrom(*stagePanel);
     panel->show(on);
@@ -253,13 +296,17 @@ void MainWindow::toggleScreen(Screen screen) { showScreen(screen, !isShowing(scr
 
 bool MainWindow::isShowing(Screen screen) const
 {
-    return panelOf(screen)->isShown() && (!isInOutput(screen) || outputPanel->isShown());
+    const Panel* const panel = panelOf(screen);
+    return panel != nullptr && panel->isShown() && (!isInOutput(screen) || outputPanel->isShown());
 }
 
 ScreenState MainWindow::getScreenState() const
 {
     auto bits = ScreenState{}.toBits();
-    for (const Screen screen : SCREENS) bits[static_cast<std::size_t>(screen)] = panelOf(screen)->isShown();
+    for (const Screen screen : SCREENS) {
+        const Panel* const panel = panelOf(screen);
+        bits[static_cast<std::size_t>(screen)] = panel != nullptr && panel->isShown();
+    }
     return ScreenState::fromBits(bits);
 }
 
@@ -416,36 +463,71 @@ void MainWindow::setGlobalKeyboard(bool on)
 
 void MainWindow::handleZones(const Backend::Zones::ZoneMap& zones)
 {
-    joystickPanel->handleZones(zones);
+    if (joystickPanel != nullptr) joystickPanel->handleZones(zones);
     computerInputPanel->handleZones(zones);
-    zonePanel->handleZones(zones);
+    if (zonePanel != nullptr) zonePanel->handleZones(zones);
 }
 
 void MainWindow::handleZoneTranspose(Backend::Zones::ZoneId zone, int transpose)
 {
-    joystickPanel->handleZoneTranspose(zone, transpose);
+    if (joystickPanel != nullptr) joystickPanel->handleZoneTranspose(zone, transpose);
     computerInputPanel->handleZoneTranspose(zone, transpose);
-    zonePanel->handleZoneTranspose(zone, transpose);
+    if (zonePanel != nullptr) zonePanel->handleZoneTranspose(zone, transpose);
 }
 
 void MainWindow::handleZoneSelected(Backend::Zones::ZoneId zone, bool selected)
 {
-    zonePanel->handleZoneSelected(zone, selected);
+    if (zonePanel != nullptr) zonePanel->handleZoneSelected(zone, selected);
 }
 
 void MainWindow::handleMidiInputPortsChanged(const Backend::MidiEngine::MidiInputPorts& ports)
 {
-    displayPanel->handleMidiInputPortsChanged(ports);
+    if (displayPanel != nullptr) displayPanel->handleMidiInputPortsChanged(ports);
     systemPanel->handleMidiInputPortsChanged(ports);
 }
 
 void MainWindow::handleMidiOutputPortsChanged(const Backend::MidiEngine::MidiOutputPorts& ports)
 {
-    displayPanel->handleMidiOutputPortsChanged(ports);
+    if (displayPanel != nullptr) displayPanel->handleMidiOutputPortsChanged(ports);
     outputPanel->handleMidiOutputPortsChanged(ports);
-    ccPanel->handleMidiOutputPortsChanged(ports);
+    if (ccPanel != nullptr) ccPanel->handleMidiOutputPortsChanged(ports);
     systemPanel->handleMidiOutputPortsChanged(ports);
-    layerPanel->getLayerPanel().handleMidiOutputPorts();
+    if (layerPanel != nullptr) layerPanel->getLayerPanel().handleMidiOutputPorts();
+}
+
+void MainWindow::handleSettingsChanged(const Backend::RegistrySettings& settings)
+{
+    if (displayPanel != nullptr) displayPanel->handleSettingsChanged(settings);
+    if (ccPanel != nullptr) ccPanel->handleSettingsChanged(settings);
+}
+
+void MainWindow::handleLargeDisplayFontChanged(bool on)
+{
+    if (displayPanel != nullptr) displayPanel->handleLargeDisplayFontChanged(on);
+}
+
+void MainWindow::handleDefaultMidiOutputChanged(int output)
+{
+    outputPanel->handleDefaultMidiOutputChanged(output);
+    systemPanel->handleDefaultMidiOutputChanged(output);
+    if (ccPanel != nullptr) ccPanel->handleDefaultMidiOutputChanged();
+}
+
+void MainWindow::handleSequenceSteps(const std::vector<int>& steps)
+{
+    if (layerPanel != nullptr) layerPanel->handleSequenceSteps(steps);
+}
+
+void MainWindow::handleSequencePresets()
+{
+    if (layerPanel != nullptr) layerPanel->handleSequencePresets();
+}
+
+void MainWindow::displayMidiOutputEvent(const Backend::MidiEngine::OrvMidiMessage& event)
+{
+    stagePanel->displayMidiOutputEvent();
+    outputPanel->displayMidiOutputEvent(event);
+    if (sent.take(event) && ccPanel != nullptr) ccPanel->handleSent();
 }
 
 // --- help, focus and keys
@@ -470,6 +552,15 @@ bool MainWindow::eventFilter(QObject* object, QEvent* event)
     if (event->type() != QEvent::Enter && event->type() != QEvent::FocusIn) return false;
     if (widget != nullptr && (widget->window() == window() || isWithin(*widget, *this))) showHelpOf(*widget);
     return false;
+}
+
+/// Also from what never scrolls away into the column.
+bool MainWindow::focusNextPrevChild(bool next)
+{
+    if (!QWidget::focusNextPrevChild(next)) return false;
+    QWidget* const focused = QApplication::focusWidget();
+    if (focused != nullptr && column->isAncestorOf(focused)) view->ensureWidgetVisible(focused);
+    return true;
 }
 
 /// As the window is framed.

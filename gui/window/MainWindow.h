@@ -11,10 +11,16 @@
 #include "backend/model/ZoneMap.h"
 #include "gui/framework/KeyTarget.h"
 #include "gui/framework/NoteLights.h"
+#include "gui/screens/cc/SentValues.h"
 #include "gui/window/ZoneGuiMessageManager.h"
 
 class QDialog;
 class QPushButton;
+
+namespace Backend
+{
+class RegistrySettings;
+}
 
 namespace Gui
 {
@@ -90,8 +96,8 @@ public:
     MainWindow(OrvGuiIF& owner, QWidget* parent, Resized onResize);
     ~MainWindow() override;
 
-    /// Ignored for a screen that does not exist yet. A screen below the music keyboard shows the output screen, too; it
-    /// is hidden with it and returns with it.
+    /// A screen below the music keyboard shows the output screen, too; it is hidden with it and returns with it. What
+    /// is not needed while it is hidden is made when it is shown for the first time, and requests its data then.
     void showScreen(Backend::Screen screen, bool on);
     void toggleScreen(Backend::Screen screen);
     bool isShowing(Backend::Screen screen) const;
@@ -106,6 +112,7 @@ public:
     QSize getNaturalSize() const;
 
     Backend::ScreenState getScreenState() const;
+    /// Before the window requests its data.
     void setScreenState(const Backend::ScreenState& state);
 
     /// Gives the focus back to playing, unless a text is being edited.
@@ -115,7 +122,13 @@ public:
     /// Whether a dialog of it is open.
     bool hasDialog() const;
 
-    // Changes of the zones, which several screens show
+    // What several screens show, or one that may not exist yet
+    void handleSettingsChanged(const Backend::RegistrySettings& settings);
+    void handleLargeDisplayFontChanged(bool on);
+    void handleDefaultMidiOutputChanged(int output);
+    void handleSequenceSteps(const std::vector<int>& steps);
+    void handleSequencePresets();
+    void displayMidiOutputEvent(const Backend::MidiEngine::OrvMidiMessage& event);
     void handleZones(const Backend::Zones::ZoneMap& zones);
     void handleZoneTranspose(Backend::Zones::ZoneId zone, int transpose);
     void handleZoneSelected(Backend::Zones::ZoneId zone, bool selected);
@@ -128,15 +141,13 @@ public:
     System::SystemPanel& getSystemPanel() { return *systemPanel; }
     System::StagePanel& getStagePanel() { return *stagePanel; }
     Help::HelpPanel& getHelpPanel() { return *helpPanel; }
-    Display::DisplayPanel& getDisplayPanel() { return *displayPanel; }
     ComputerInput::ComputerInputPanel& getComputerInputPanel() { return *computerInputPanel; }
     Output::OutputPanel& getOutputPanel() { return *outputPanel; }
-    Cc::CcPanel& getCcPanel() { return *ccPanel; }
-    Layers::MainPanel& getLayerPanel() { return *layerPanel; }
     KeyPresses& getKeyPresses();
 
 protected:
     bool eventFilter(QObject* object, QEvent* event) override;
+    bool focusNextPrevChild(bool next) override;
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
     void showEvent(QShowEvent* event) override;
@@ -153,6 +164,8 @@ private:
 
     void makeButtons();
     void makePanels();
+    Panel* makePanel(Backend::Screen screen);
+    void ensureMade(Backend::Screen screen);
     void fit();
     void layOut();
     int getHeadHeight() const;
@@ -180,16 +193,17 @@ private:
     System::StagePanel* stagePanel = nullptr;
     System::SystemPanel* systemPanel = nullptr;
     Help::HelpPanel* helpPanel = nullptr;
-    Display::DisplayPanel* displayPanel = nullptr;
+    ComputerInput::ComputerInputPanel* computerInputPanel = nullptr;
+    Output::OutputPanel* outputPanel = nullptr;
+    Display::DisplayPanel* displayPanel = nullptr;  // this and those that follow are null until they are shown
     Oscillators::OscPanel* oscPanel = nullptr;
     Joystick::JoystickPanel* joystickPanel = nullptr;
     MidiInput::MidiInputPanel* midiInputPanel = nullptr;
-    ComputerInput::ComputerInputPanel* computerInputPanel = nullptr;
     Controls::ControlPanel* controlPanel = nullptr;
-    Output::OutputPanel* outputPanel = nullptr;
     Zones::ZonePanel* zonePanel = nullptr;
     Layers::MainPanel* layerPanel = nullptr;
     Cc::CcPanel* ccPanel = nullptr;
+    Cc::SentValues sent;
     NoteLights noteLights;  // of the screens below the music keyboard
     QSize lastSize;
     std::optional<Backend::ScreenState> stateBeforeCompact;

@@ -3,6 +3,7 @@
 #include <QPointer>
 #include <memory>
 
+#include "backend/model/Recovery.h"
 #include "gui/forms/EditableSections.h"
 #include "gui/framework/EditPoster.h"
 #include "gui/framework/GdiManager.h"
@@ -72,6 +73,7 @@ struct OpenWindow {
     InputWatch inputWatch;
     Forms::EditableSections sections;
     std::unique_ptr<MainWindow> main;
+    Backend::RecoveryResult recovery = Backend::RecoveryResult::nothing;  // as it was reported last
     QPointer<Files::ProgramsDialog> programs;  // while it is open; a child of the main window
 
 private:

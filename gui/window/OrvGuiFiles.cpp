@@ -14,7 +14,6 @@
 #include "gui/framework/FileNames.h"
 #include "gui/framework/Question.h"
 #include "gui/presets/PresetCtl.h"
-#include "gui/screens/layers/MainPanel.h"
 #include "gui/window/OpenWindow.h"
 #include "gui/window/OrvGui.h"
 
@@ -158,7 +157,7 @@ void OrvGui::renameSequencePreset(const std::string& name, const std::string& ne
 void OrvGui::handleSequencePresetsChanged(bool done)
 {
     sequencePresets.load();
-    open->main->getLayerPanel().handleSequencePresets();
+    open->main->handleSequencePresets();
     showPresetResult("Sequences", done);
 }
 }  // namespace Gui

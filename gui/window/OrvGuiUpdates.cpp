@@ -11,10 +11,6 @@
 #include "gui/framework/EditPoster.h"
 #include "gui/framework/FileNames.h"
 #include "gui/framework/Question.h"
-#include "gui/screens/cc/CcPanel.h"
-#include "gui/screens/display/DisplayPanel.h"
-#include "gui/screens/layers/MainPanel.h"
-#include "gui/screens/output/OutputPanel.h"
 #include "gui/screens/system/StagePanel.h"
 #include "gui/screens/system/SystemPanel.h"
 #include "gui/window/OpenWindow.h"
@@ -46,8 +42,7 @@ void OrvGui::handleSettingsChanged(const RegistrySettings& settings)
     handleUseSkinBorderChanged(settings.getUseSkinBorder());
     handleDefaultMidiOutputChanged(settings.getDefaultMidiOutput());
     handleRetroRecordEnabledChanged(settings.isRetroRecordEnabled());
-    open->main->getDisplayPanel().handleSettingsChanged(settings);
-    open->main->getCcPanel().handleSettingsChanged(settings);
+    open->main->handleSettingsChanged(settings);
     open->applyLook();
     open->refreshSetup();
 }
@@ -93,15 +88,13 @@ void OrvGui::handleMidiThruChanged(bool on)
 void OrvGui::handleLargeDisplayFontChanged(bool on)
 {
     keep(&RegistrySettings::setLargeDisplayFont, on);
-    open->main->getDisplayPanel().handleLargeDisplayFontChanged(on);
+    open->main->handleLargeDisplayFontChanged(on);
 }
 
 void OrvGui::handleDefaultMidiOutputChanged(int output)
 {
     keep(&RegistrySettings::setDefaultMidiOutput, output);
-    open->main->getOutputPanel().handleDefaultMidiOutputChanged(output);
-    open->main->getSystemPanel().handleDefaultMidiOutputChanged(output);
-    open->main->getCcPanel().handleDefaultMidiOutputChanged();
+    open->main->handleDefaultMidiOutputChanged(output);
 }
 
 void OrvGui::handleGlobalKeyboardChanged(bool on)
@@ -206,6 +199,7 @@ void OrvGui::handleProgramEdited(bool edited, int others)
 
 void OrvGui::handleRecovery(RecoveryResult result, const std::string& path)
 {
+    if (std::exchange(open->recovery, result) == result) return;  // it is reported again with everything else
     const auto report = [this](const QString& text) { displayMessage(text.toStdString()); };
     const QString file = QString::fromStdString(path);
     if (result != RecoveryResult::notKept) open->main->getStagePanel().offerDiscard(result == RecoveryResult::restored);
@@ -265,15 +259,7 @@ void OrvGui::handleReceivedEvents(const std::vector<OrvMidiMessage>& events)
     open->inputWatch.handleReceivedEvents(events);
 }
 
-void OrvGui::handleSequenceSteps(const std::vector<int>& steps)
-{
-    open->main->getLayerPanel().handleSequenceSteps(steps);
-}
+void OrvGui::handleSequenceSteps(const std::vector<int>& steps) { open->main->handleSequenceSteps(steps); }
 
-void OrvGui::displayMidiOutputEvent(const OrvMidiMessage& event)
-{
-    open->main->getStagePanel().displayMidiOutputEvent();
-    open->main->getOutputPanel().displayMidiOutputEvent(event);
-    open->main->getCcPanel().displayMidiOutputEvent(event);
-}
+void OrvGui::displayMidiOutputEvent(const OrvMidiMessage& event) { open->main->displayMidiOutputEvent(event); }
 }  // namespace Gui

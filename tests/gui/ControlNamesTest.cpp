@@ -1,4 +1,5 @@
 #include "backend/messages/SettingMessages.h"
+#include "gui/framework/Panel.h"
 #include "gui/framework/Properties.h"
 #include "tests/gui/DialogHands.h"
 
@@ -57,9 +58,17 @@ TEST_F(ControlNames, OfTheSetupHaveHelpAndRoomForTheirTexts)
     EXPECT_LE(titles.sizeHintForColumn(0), titles.viewport()->width());
 }
 
-TEST_F(ControlNames, AreWalkedByTabAloneAlsoWhereTheColumnIsScrolled)
+TEST_F(ControlNames, AreWalkedByTabAloneFromTopToBottomAlsoWhereTheColumnIsScrolled)
 {
-    gui->showScreen(Backend::Screen::display, true);
+    for (const auto screen : {Backend::Screen::zones, Backend::Screen::oscillators, Backend::Screen::display})
+        gui->showScreen(screen, true);
+    const auto heightOf = [](const QWidget* control) {
+        int height = 0;  // of the screen in the column
+        for (int around = 0; control != nullptr; control = control->parentWidget())
+            if (dynamic_cast<const Gui::Panel*>(control) != nullptr) height = std::exchange(around, control->y());
+        return height;
+    };
+    int last = 0, timesUp = 0;
     surroundings.resize(surroundings.width(), 300);
     settle();
     std::vector<QWidget*> missing;
@@ -68,14 +77,16 @@ TEST_F(ControlNames, AreWalkedByTabAloneAlsoWhereTheColumnIsScrolled)
             missing.push_back(control);
     EXPECT_GT(missing.size(), 25u);
     QTest::keyClick(&focus(), Qt::Key_Tab, Qt::ControlModifier);
-    for (std::size_t tabs = 0; tabs < 100 && !missing.empty(); ++tabs) {
+    for (std::size_t tabs = 0; tabs < 200 && !missing.empty(); ++tabs) {
         QWidget& here = focus();
         std::erase(missing, &here);
+        timesUp += heightOf(&here) < std::exchange(last, heightOf(&here));
         EXPECT_FALSE(QAccessible::queryAccessibleInterface(&here)->text(QAccessible::Name).isEmpty())
             << here.metaObject()->className();
         EXPECT_FALSE(here.visibleRegion().isEmpty()) << here.accessibleName().toStdString() << " is scrolled away";
         QTest::keyClick(&here, Qt::Key_Tab);
     }
+    EXPECT_LE(timesUp, 1) << "the focus does not go from top to bottom";
     for (const auto* control : missing) ADD_FAILURE() << control->accessibleName().toStdString() << " is not reached";
     QTest::keyClick(&focus(), Qt::Key_Escape);
     EXPECT_TRUE(isPlaying());

@@ -74,7 +74,7 @@ std::vector<int> readControllers(const std::string& text)
 }
 }  // namespace
 
-CcPanel::CcPanel(OrvGuiIF& owner, Panel* around) : Panel(around), gui(owner)
+CcPanel::CcPanel(OrvGuiIF& owner, SentValues& sentValues, Panel* around) : Panel(around), gui(owner), sent(sentValues)
 {
     nextShow.setSingleShot(true);
     connect(&nextShow, &QTimer::timeout, this, [this] {
@@ -223,9 +223,8 @@ void CcPanel::handleMidiOutputPortsChanged(const MidiEngine::MidiOutputPorts& po
 
 void CcPanel::handleDefaultMidiOutputChanged() { showValues(); }
 
-void CcPanel::displayMidiOutputEvent(const MidiEngine::OrvMidiMessage& event)
+void CcPanel::handleSent()
 {
-    if (!sent.take(event)) return;
     isStale = true;
     if (!isVisible() || nextShow.isActive()) return;
     showValues();

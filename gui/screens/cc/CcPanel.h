@@ -30,9 +30,11 @@ class CcRow;
 class CcPanel final : public Panel
 {
 public:
-    CcPanel(OrvGuiIF& owner, Panel* around);
+    /// The values that outputs were sent must outlive it.
+    CcPanel(OrvGuiIF& owner, SentValues& sentValues, Panel* around);
 
-    void displayMidiOutputEvent(const Backend::MidiEngine::OrvMidiMessage& event);
+    /// One of these values was sent.
+    void handleSent();
 
     // Changes that the backend reports
     void handleSettingsChanged(const Backend::RegistrySettings& settings);
@@ -63,7 +65,7 @@ private:
     ComboBox* bankMsb = nullptr;
     ComboBox* bankLsb = nullptr;
     std::vector<CcRow*> rows;
-    SentValues sent;
+    SentValues& sent;
     bool isStale = false;  // values were sent that are not shown
     QTimer nextShow;
 };
