@@ -51,7 +51,7 @@ void AlsaSystem::addSynthesizer()
     ports.outputs()[SYNTHESIZER]->found = false;  // as every device before the first scan
     try {
         soundCard = std::make_unique<SoundCard>(
-            makeSynthesizer(sound, SoundCard::SAMPLE_RATE, SynthesizerUse::manyThreads, news));
+            [this] { return makeSynthesizer(sound, SoundCard::SAMPLE_RATE, SynthesizerUse::manyThreads, news); });
     } catch (const std::runtime_error& reason) {
         news.push_back("The built-in synthesizer is silent: " + std::string(reason.what()) + ".");
     }

@@ -2,6 +2,7 @@
 
 #include <alsa/asoundlib.h>
 
+#include <algorithm>
 #include <stdexcept>
 #include <utility>
 
@@ -12,14 +13,32 @@ namespace
 // Not "jack": it would start a server, and where a server runs this class is not used.
 constexpr const char* DRIVERS[] = {"pipewire", "pulseaudio", "alsa"};
 
+int renderNothing(void*, int frames, int, float*[], int channels, float* out[])
+{
+    for (int channel = 0; channel < channels; ++channel) std::fill_n(out[channel], frames, 0.0F);
+    return FLUID_OK;
+}
+
+bool hasOutput()
+{
+    const auto settings = makeFluidSettings();
+    return std::ranges::any_of(DRIVERS, [&](const char* name) {
+        if (fluid_settings_setstr(settings.get(), "audio.driver", name) != FLUID_OK) return false;
+        return FluidPointer<fluid_audio_driver_t>(new_fluid_audio_driver2(settings.get(), renderNothing, nullptr)) !=
+               nullptr;
+    });
+}
+
 // ALSA requires a variadic function.
 void ignoreError(const char*, int, const char*, int, const char*, ...) {}
 }  // namespace
 
-SoundCard::SoundCard(std::unique_ptr<Synthesizer> soundSource) : synthesizer(std::move(soundSource))
+SoundCard::SoundCard(const std::function<std::unique_ptr<Synthesizer>()>& makeSynthesizer)
 {
     snd_lib_error_set_handler(ignoreError);
-    if (!open()) throw std::runtime_error("no sound output can be opened");
+    // The sounds take megabytes, which are not loaded for nothing.
+    if (hasOutput()) synthesizer = makeSynthesizer();
+    if (!synthesizer || !open()) throw std::runtime_error("no sound output can be opened");
 }
 
 bool SoundCard::open()

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 
 #include "host/synthesizer/Sound.h"
@@ -11,8 +12,9 @@ namespace Host
 class SoundCard
 {
 public:
-    /// Throws std::runtime_error with one line for the user if no sound output opens. Prints nothing.
-    explicit SoundCard(std::unique_ptr<Synthesizer> soundSource);
+    /// Throws std::runtime_error with one line for the user if no sound output opens. The synthesizer is made if there
+    /// is one. Prints nothing.
+    explicit SoundCard(const std::function<std::unique_ptr<Synthesizer>()>& makeSynthesizer);
 
     /// Volume and reverb. Any thread.
     void setSound(const Sound& sound);

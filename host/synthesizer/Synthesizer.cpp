@@ -32,13 +32,15 @@ bool isSoundFont(const std::filesystem::path& file)
     return text.starts_with("RIFF") && text.ends_with("sfbk");
 }
 
-void disableLog()
+}  // namespace
+
+FluidPointer<fluid_settings_t> makeFluidSettings()
 {
     for (const int level : {FLUID_PANIC, FLUID_ERR, FLUID_WARN, FLUID_INFO, FLUID_DBG})
         fluid_set_log_function(
             level, [](int, const char*, void*) {}, nullptr);
+    return FluidPointer<fluid_settings_t>(new_fluid_settings());
 }
-}  // namespace
 
 Synthesizer::Synthesizer(const std::filesystem::path& soundFont, double sampleRate, SynthesizerUse use)
     : rate(sampleRate)
@@ -46,8 +48,7 @@ Synthesizer::Synthesizer(const std::filesystem::path& soundFont, double sampleRa
     if (soundFont.empty()) throw std::runtime_error("no General MIDI sound font is installed");
     if (!isSoundFont(soundFont)) throw std::runtime_error(soundFont.string() + " is not a sound font");
     if (!isPossible(sampleRate)) throw std::runtime_error("the synthesizer plays at 8000 to 96000 Hz only");
-    disableLog();
-    settings.reset(new_fluid_settings());
+    settings = makeFluidSettings();
     fluid_settings_setnum(settings.get(), "synth.sample-rate", sampleRate);
     fluid_settings_setnum(settings.get(), "synth.gain", GAIN);
     fluid_settings_setint(settings.get(), "synth.threadsafe-api", use == SynthesizerUse::manyThreads ? 1 : 0);

@@ -18,6 +18,9 @@ struct FluidDeleter {
 template <class Object>
 using FluidPointer = std::unique_ptr<Object, FluidDeleter>;
 
+/// The default settings. From here on FluidSynth prints nothing.
+FluidPointer<fluid_settings_t> makeFluidSettings();
+
 /// Whether several threads use a synthesizer at once; for a single thread it takes no lock.
 enum class SynthesizerUse { oneThread, manyThreads };
 
