@@ -132,9 +132,16 @@ bool AlsaMidi::haveChanged()
     return clients != before;
 }
 
-std::vector<MidiDevice> AlsaMidi::findSources() { return findDevices<RtMidiIn>(clientName); }
+// Without the sequencer RtMidi would say so on standard error, again and again.
+std::vector<MidiDevice> AlsaMidi::findSources()
+{
+    return hasSequencer ? findDevices<RtMidiIn>(clientName) : std::vector<MidiDevice>();
+}
 
-std::vector<MidiDevice> AlsaMidi::findSinks() { return findDevices<RtMidiOut>(clientName); }
+std::vector<MidiDevice> AlsaMidi::findSinks()
+{
+    return hasSequencer ? findDevices<RtMidiOut>(clientName) : std::vector<MidiDevice>();
+}
 
 std::unique_ptr<MidiSource> AlsaMidi::openSource(const MidiDevice& device, Arrived arrived)
 {
