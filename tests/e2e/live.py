@@ -397,15 +397,23 @@ class Live(Graph):
                 self.assertEqual(orvane.end(), 0, orvane.complained)
 
     def test_with_a_server_that_hangs_it_ends_and_a_second_signal_ends_at_once(self):
-        self.serve()
-        patient, hurried = self.orvane("--client", "patient"), self.orvane("--client", "hurried")
-        for one, other in (("patient", "hurried"), ("hurried", "patient")):
-            until(lambda: f"{other}:Orvane Out" in self.connections(f"{one}:from {other}:Orvane Out"), "both to settle")
-        self.server.process.send_signal(signal.SIGSTOP)
-        hurried.process.send_signal(signal.SIGTERM)
-        until(lambda: not hurried.has_pending(signal.SIGTERM), "the first signal to be taken")
-        self.assertEqual(hurried.end(signal.SIGINT), 128 + signal.SIGINT)
-        self.assertEqual(patient.end(), 0)
+        """Where the server stopped amid a request of a program, the second signal alone can end it, and the try does not
+        count for the first."""
+        for _ in range(3):
+            self.serve()
+            patient, hurried = self.orvane("--client", "patient"), self.orvane("--client", "hurried")
+            for one, other in (("patient", "hurried"), ("hurried", "patient")):
+                until(lambda: f"{other}:Orvane Out" in self.connections(f"{one}:from {other}:Orvane Out"), "both to settle")
+            self.server.process.send_signal(signal.SIGSTOP)
+            hurried.process.send_signal(signal.SIGTERM)
+            until(lambda: not hurried.has_pending(signal.SIGTERM), "the first signal to be taken")
+            self.assertEqual(hurried.end(signal.SIGINT), 128 + signal.SIGINT)
+            if comes_true(lambda: "JACK server hangs" in patient.complained):
+                self.assertEqual(patient.end(), 0)
+                return
+            patient.process.kill()
+            self.server.stop()
+        self.fail("the server stopped amid a request each time")
 
     def test_without_a_server_it_says_so_and_runs(self):
         listed = self.tool(ORVANE, "ports")
