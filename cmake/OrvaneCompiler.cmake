@@ -14,6 +14,9 @@ set(ORVANE_SANITIZE "" CACHE STRING "Sanitizers, as for -fsanitize=")
 # Oscillators are IEEE double, left to right: no contraction, ever.
 add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wno-sign-conversion -Wnon-virtual-dtor -Werror
                     -ffp-contract=off -fno-semantic-interposition)
+if(WIN32)
+  add_compile_definitions(UNICODE _UNICODE NOMINMAX WIN32_LEAN_AND_MEAN)
+endif()
 if(CMAKE_CXX_COMPILER_ID MATCHES "Clang")
   add_compile_options(-Wthread-safety -Wthread-safety-beta)
 endif()

@@ -1,5 +1,4 @@
-# 32-bit Windows from Debian: mingw-w64 with POSIX threads. packaging/windows-tools.sh installs it and builds the libraries,
-# into ORVANE_WINDOWS_ROOT.
+# 32-bit Windows from Debian: mingw-w64 with POSIX threads. packaging/windows/tools.sh installs it and builds the libraries.
 set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_SYSTEM_PROCESSOR i686)
 set(CMAKE_C_COMPILER i686-w64-mingw32-gcc-posix)
@@ -10,12 +9,15 @@ set(CMAKE_RC_COMPILER i686-w64-mingw32-windres)
 set(CMAKE_C_FLAGS_INIT "-msse2 -mfpmath=sse")
 set(CMAKE_CXX_FLAGS_INIT "-msse2 -mfpmath=sse")
 
-# The oldest Windows that Qt 6 runs on is 10.
-add_compile_definitions(WINVER=0x0A00 _WIN32_WINNT=0x0A00 UNICODE _UNICODE NOMINMAX WIN32_LEAN_AND_MEAN)
-
-set(ORVANE_WINDOWS_ROOT ${CMAKE_CURRENT_LIST_DIR}/../build/windows CACHE PATH "What packaging/windows-tools.sh made")
+set(ORVANE_WINDOWS_ROOT ${CMAKE_CURRENT_LIST_DIR}/../build/windows CACHE PATH "What packaging/windows/tools.sh made")
 set(CMAKE_FIND_ROOT_PATH ${ORVANE_WINDOWS_ROOT}/libraries ${ORVANE_WINDOWS_ROOT}/qt /usr/i686-w64-mingw32)
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
+set(ENV{PKG_CONFIG_LIBDIR} ${ORVANE_WINDOWS_ROOT}/libraries/lib/pkgconfig)
+
+# Qt's tools (moc, rcc) are those of this machine, in the same version.
+set(QT_HOST_PATH /usr CACHE PATH "")
+set(QT_HOST_PATH_CMAKE_DIR /usr/lib/${CMAKE_HOST_SYSTEM_PROCESSOR}-linux-gnu/cmake CACHE PATH "")
+set(CMAKE_CROSSCOMPILING_EMULATOR ${CMAKE_CURRENT_LIST_DIR}/../packaging/windows/wine.sh)

@@ -1,0 +1,30 @@
+#!/bin/sh
+# wine.sh PROGRAM [ARGUMENT...]: runs a Windows program under the Wine that tools.sh made. Paths mean the same inside:
+# the source tree and /tmp are mounted where they are, in a mount namespace that ends with the program.
+set -eu
+here=$(cd "$(dirname "$0")/../.." && pwd -P)
+windows=$(cd "${ORVANE_WINDOWS_ROOT:-$here/build/windows}" && pwd -P)
+
+if [ "${1:-}" != --inside ]; then
+    own=""
+    [ "$(id -u)" -eq 0 ] || own=--map-root-user
+    # shellcheck disable=SC2086
+    exec unshare $own --mount --propagation private sh "$here/packaging/windows/wine.sh" --inside "$@"
+fi
+shift
+
+root=$windows/wine
+for folder in /dev /proc /tmp "$here" "$windows"; do
+    mkdir -p "$root$folder"
+    mount --rbind "$folder" "$root$folder"
+done
+
+for folder in bin qt/bin runtime; do
+    dlls="${dlls:+$dlls;}Z:$(echo "$windows/$folder" | tr / '\\')"
+done
+export HOME="$windows/home" WINEPREFIX="$windows/home/prefix" WINEARCH=win32 WINEPATH="$dlls" LANG=C.UTF-8
+export WINEDEBUG="${WINEDEBUG:--all}" PATH=/usr/bin:/bin
+unset XDG_DATA_HOME XDG_CONFIG_HOME XDG_RUNTIME_DIR LD_PRELOAD LD_LIBRARY_PATH
+# Without these two Wine asks whether to install them.
+export WINEDLLOVERRIDES="mscoree=;mshtml="
+exec chroot --skip-chdir "$root" env --chdir="$PWD" wine "$@"
