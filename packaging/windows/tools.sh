@@ -92,19 +92,24 @@ qt() {
 
 # A root of its own, because the packages of 32 bits conflict with those of 64 on some machines
 wine() {
-    [ -f "$windows/wine.done" ] && return
-    echo "Installing Wine; the log is build/windows/log/wine"
-    as_root=""
-    [ "$(id -u)" -eq 0 ] || as_root=sudo
-    $as_root rm -rf "$windows/wine"
-    mirror=$(sed -n 's/^URIs: *//p' /etc/apt/sources.list.d/debian.sources 2>/dev/null | head -n 1)
-    # What it mounts goes with the namespace.
-    $as_root unshare --mount --propagation private debootstrap --arch=i386 --variant=minbase \
-        --include=wine,wine32,libxcursor1,libxi6,libxrandr2,libxrender1,libxinerama1,libxcomposite1,libxxf86vm1,fonts-liberation \
-        bookworm "$windows/wine" ${mirror:+"$mirror"} >"$windows/log/wine" 2>&1 || { tail -n 30 "$windows/log/wine" >&2; return 1; }
+    if [ ! -f "$windows/wine.done" ]; then
+        echo "Installing Wine; the log is build/windows/log/wine"
+        as_root=""
+        [ "$(id -u)" -eq 0 ] || as_root=sudo
+        $as_root rm -rf "$windows/wine"
+        mirror=$(sed -n 's/^URIs: *//p' /etc/apt/sources.list.d/debian.sources 2>/dev/null | head -n 1)
+        # What it mounts goes with the namespace.
+        # shellcheck disable=SC2086
+        $as_root unshare --mount --propagation private debootstrap --arch=i386 --variant=minbase \
+            --include=wine,wine32,libxcursor1,libxi6,libxrandr2,libxrender1,libxinerama1,libxcomposite1,libxxf86vm1,fonts-liberation \
+            bookworm "$windows/wine" ${mirror:+"$mirror"} >"$windows/log/wine" 2>&1 || {
+            tail -n 30 "$windows/log/wine" >&2
+            return 1
+        }
+        touch "$windows/wine.done"
+    fi
     mkdir -p "$windows/home"
-    packaging/windows/wine.sh wineboot --init >>"$windows/log/wine" 2>&1
-    touch "$windows/wine.done"
+    [ -d "$windows/home/prefix" ] || packaging/windows/wine.sh wineboot --init
 }
 
 [ $# -gt 0 ] || set -- libraries wine qt

@@ -23,8 +23,8 @@ for folder in bin qt/bin runtime; do
     dlls="${dlls:+$dlls;}Z:$(echo "$windows/$folder" | tr / '\\')"
 done
 export HOME="$windows/home" WINEPREFIX="$windows/home/prefix" WINEARCH=win32 WINEPATH="$dlls" LANG=C.UTF-8
-export WINEDEBUG="${WINEDEBUG:--all}" PATH=/usr/bin:/bin
+export WINEDEBUG="${WINEDEBUG:--all}" PATH=/usr/sbin:/usr/bin:/sbin:/bin
 unset XDG_DATA_HOME XDG_CONFIG_HOME XDG_RUNTIME_DIR LD_PRELOAD LD_LIBRARY_PATH
 # Without these two Wine asks whether to install them.
 export WINEDLLOVERRIDES="mscoree=;mshtml="
-exec chroot --skip-chdir "$root" env --chdir="$PWD" wine "$@"
+exec chroot "$root" env --chdir="$PWD" wine "$@"
