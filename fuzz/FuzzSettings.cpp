@@ -1,6 +1,6 @@
 // Any file is read, and what is written back reads the same.
 #include "fuzz/Fuzzing.h"
-#include "platform/linux/SettingsText.h"
+#include "platform/SettingsText.h"
 
 void tryInput(std::string_view text)
 {

@@ -10,7 +10,8 @@
 
 /// A lock with priority inheritance: its holder runs with the priority of the most urgent waiting thread, so that the
 /// time-slice thread never waits for threads of lower priority that do not hold the lock. Not recursive. Taking and
-/// leaving a free lock are one atomic exchange each, without a system call.
+/// leaving a free lock are one atomic exchange each, without a system call. Windows has no such lock: there it inherits
+/// no priority.
 class ORV_API CAPABILITY("lock") CriticalSection
 {
 public:
@@ -52,7 +53,7 @@ private:
     void enterContended();
     void leaveContended();
 
-    // The holder's thread id, 0 while free; the kernel sets a bit in it while others wait.
+    // The holder's thread id, 0 while free; with a bit set in it while others wait.
     std::atomic<std::uint32_t> owner{0};
 };
 

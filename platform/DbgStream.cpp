@@ -1,8 +1,9 @@
 #include "platform/DbgStream.h"
 
-#include <cstdio>
 #include <cstdlib>
 #include <string_view>
+
+#include "platform/DbgOutput.h"
 
 namespace WindowsLib
 {
@@ -10,15 +11,13 @@ bool DbgStream::isEnabled()
 {
     static const bool enabled = [] {
         const char* wanted = std::getenv("ORVANE_DEBUG");
-        return wanted != nullptr && std::string_view(wanted) == "1";
+        return (wanted != nullptr && std::string_view(wanted) == "1") || hasDebugger();
     }();
     return enabled;
 }
 
 DbgStream::~DbgStream()
 {
-    if (!isEnabled()) return;
-    const std::string whole = "orvane: " + line.str() + "\n";
-    std::fwrite(whole.data(), 1, whole.size(), stderr);
+    if (isEnabled()) writeDebugLine("orvane: " + line.str() + "\n");
 }
 }  // namespace WindowsLib

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <optional>
 
@@ -18,8 +19,8 @@ public:
     ~FileLock();
 
 private:
-    FileLock(std::filesystem::path lockPath, int openFile) : path(std::move(lockPath)), file(openFile) {}
+    FileLock(std::filesystem::path lockPath, std::intptr_t openFile) : path(std::move(lockPath)), file(openFile) {}
 
     std::filesystem::path path;
-    int file;
+    std::intptr_t file;  // of the system
 };

@@ -13,7 +13,9 @@
 /// Named values under one key, such as "Software\Brinlow Software\Orvane 3\3.2". A value has a type, and can
 /// only be read with that type.
 ///
-/// Where there is no registry a key is a file below `Folders::getSettings`, without the leading "Software": one line
+/// On Windows the values are in the registry, below HKEY_CURRENT_USER: a text is REG_SZ, a number REG_DWORD, bytes are
+/// REG_BINARY. On other systems, and where the host has chosen a folder for settings, a key is a file below
+/// `Folders::getSettings`, without the leading "Software": one line
 /// for each value, `Name=string:text`, `Name=number:-1`, `Name=hex:00ff`, in which a backslash, line feed, carriage
 /// return and NUL of a text are written \\, \n, \r and \0. A missing file is an empty key. Lines of any
 /// other form are kept. A file that cannot be read is never overwritten: `save` first renames it to the same name with
@@ -42,11 +44,11 @@ public:
     void setNumber(std::string_view name, std::int32_t number);
     void setBytes(std::string_view name, std::span<const std::uint8_t> bytes);
 
-    /// Writes the values: at any instant the file has the old values or the new ones. False if it could not be written;
-    /// it then has the old ones.
+    /// Writes the values: at any instant the file has the old values or the new ones; the registry has each value old
+    /// or new. False if not all could be written; a file then has the old ones.
     bool save();
 
 private:
-    struct File;
-    std::unique_ptr<File> file;
+    struct Values;
+    std::unique_ptr<Values> values;
 };

@@ -10,6 +10,10 @@
 /// A thread's number, unique while it lives; 0 is no thread.
 using ThreadId = std::uint32_t;
 
+#if defined(_WIN32)
+/// The calling thread's number, which the system keeps where it is read at once.
+ORV_API ThreadId currentThreadId();
+#else
 namespace Detail
 {
 // The initial-exec model makes this a plain read for the engine lock.
@@ -23,6 +27,7 @@ inline ThreadId currentThreadId()
     const ThreadId known = Detail::knownThreadId;
     return known != 0 ? known : Detail::learnThreadId();
 }
+#endif
 
 /// The threads with real-time priority, the most urgent first.
 enum class RealTimeStep { clock, backend, commands };
@@ -36,7 +41,7 @@ ORV_API bool requestRealTimePriority(RealTimeStep step);
 /// priorities.
 ORV_API void noteClockPriority(int priority);
 
-/// The real-time priority of the calling thread, 0 for none.
+/// The real-time priority of the calling thread, on Windows by how much it is raised; 0 for none.
 ORV_API int realTimePriority();
 
 enum class RealTimeAnswer { none, refused, granted };

@@ -50,5 +50,5 @@ FileLock::~FileLock()
 {
     if (file == NO_FILE) return;
     ::unlink(path.c_str());  // before the lock is released, so that no process takes a file that is being removed
-    ::close(file);
+    ::close(static_cast<int>(file));
 }

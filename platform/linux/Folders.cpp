@@ -49,6 +49,8 @@ std::string getSettings()
     return withoutSeparatorAtEnd(chosenSettings.empty() ? systemFolder("XDG_CONFIG_HOME", "/.config") : chosenSettings);
 }
 
+bool areSettingsInFiles() { return true; }
+
 void setLocalApplicationData(const std::string& folder) { chosenData = folder; }
 
 void setSettings(const std::string& folder) { chosenSettings = folder; }

@@ -1,4 +1,4 @@
-#include "platform/linux/SettingsText.h"
+#include "platform/SettingsText.h"
 
 #include <charconv>
 #include <utility>
