@@ -1,13 +1,13 @@
 #include "backend/display/Display.h"
 
 #include <chrono>
-#include <ctime>
 #include <iomanip>
 #include <sstream>
 
 #include "api/DisplayListener.h"
 #include "backend/display/DisplayLine.h"
 #include "backend/messages/GuiMessages.h"
+#include "platform/Clock.h"
 
 namespace Backend::Display
 {
@@ -28,8 +28,7 @@ std::string timeOfDay()
     using namespace std::chrono;
     const auto now = time_point_cast<milliseconds>(system_clock::now());
     const std::time_t second = system_clock::to_time_t(floor<seconds>(now));
-    std::tm local{};
-    localtime_r(&second, &local);
+    const std::tm local = localTime(second);
     std::ostringstream text;
     text << std::put_time(&local, "%H:%M:%S.") << std::setw(3) << std::setfill('0')
          << (now.time_since_epoch() % seconds(1)).count();

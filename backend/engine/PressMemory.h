@@ -180,7 +180,7 @@ private:
     // Each slot has a chain of runs; those of one key are sorted, the latest first.
     static constexpr std::size_t SLOTS = 8192;
 
-    static std::size_t slotOf(Key key) { return key * 0x9E3779B97F4A7C15u >> 51; }
+    static std::size_t slotOf(Key key) { return static_cast<std::size_t>(key * 0x9E3779B97F4A7C15u >> 51); }
     Index find(Index from, Key key) const
     {
         while (from != NONE && runs[from].key != key) from = runs[from].next;

@@ -18,8 +18,8 @@ std::optional<std::string> readFile(std::string_view path)
     if (!std::filesystem::is_regular_file(file, error)) return std::nullopt;
 
     std::ifstream in(file, std::ios::binary);
-    std::string text(std::min<std::uintmax_t>(std::filesystem::file_size(file, error), XmlDocument::MAX_SIZE + 1),
-                     '\0');
+    const auto size = std::min<std::uintmax_t>(std::filesystem::file_size(file, error), XmlDocument::MAX_SIZE + 1);
+    std::string text(static_cast<std::size_t>(size), '\0');
     if (error || !in.read(text.data(), static_cast<std::streamsize>(text.size()))) return std::nullopt;
     return text;
 }

@@ -15,3 +15,10 @@ std::uint32_t monotonicMilliseconds()
     const std::int64_t rest = now.QuadPart % perSecond;
     return static_cast<std::uint32_t>(now.QuadPart / perSecond * 1000 + rest * 1000 / perSecond);
 }
+
+std::tm localTime(std::time_t time)
+{
+    std::tm local{};
+    localtime_s(&local, &time);
+    return local;
+}
