@@ -9,7 +9,7 @@ set(CMAKE_RC_COMPILER i686-w64-mingw32-windres)
 set(CMAKE_C_FLAGS_INIT "-msse2 -mfpmath=sse")
 set(CMAKE_CXX_FLAGS_INIT "-msse2 -mfpmath=sse")
 
-set(ORVANE_WINDOWS_ROOT ${CMAKE_CURRENT_LIST_DIR}/../build/windows CACHE PATH "What packaging/windows/tools.sh made")
+set(ORVANE_WINDOWS_ROOT ${CMAKE_CURRENT_LIST_DIR}/../build/windows-tools CACHE PATH "What packaging/windows/tools.sh made")
 set(CMAKE_FIND_ROOT_PATH ${ORVANE_WINDOWS_ROOT}/libraries ${ORVANE_WINDOWS_ROOT}/qt /usr/i686-w64-mingw32)
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)

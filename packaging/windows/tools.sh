@@ -1,5 +1,5 @@
 #!/bin/sh
-# Makes in build/windows what building for 32-bit Windows and running the result need: the libraries from the
+# Makes in build/windows-tools what building for 32-bit Windows and running the result need: the libraries from the
 # distribution's sources, and a Wine of 32 bits in a root of its own. What is there stays; the first run takes an hour.
 #
 #     tools.sh [libraries] [qt] [wine]     these parts alone
@@ -9,7 +9,7 @@ cd "$(dirname "$0")/../.."
 
 install_packages g++-mingw-w64-i686-posix cmake ninja-build ccache dpkg-dev debootstrap googletest libcli11-dev qt6-base-dev \
     qt6-base-dev-tools
-windows=$PWD/build/windows
+windows=$PWD/build/windows-tools
 mkdir -p "$windows/sources" "$windows/log"
 
 # source PACKAGE: its source from the distribution, of the version that apt would install, without touching the lists of
@@ -40,7 +40,7 @@ cross_build() {
     prefix=$3
     shift 3
     [ -f "$windows/$name.done" ] && return
-    echo "Building $name for Windows; the log is build/windows/log/$name"
+    echo "Building $name for Windows; the log is build/windows-tools/log/$name"
     {
         cmake -S "$source" -B "$windows/build-$name" -G Ninja -DCMAKE_BUILD_TYPE=Release \
             -DCMAKE_TOOLCHAIN_FILE="$PWD/cmake/Windows32.cmake" -DCMAKE_INSTALL_PREFIX="$windows/$prefix" \
@@ -93,7 +93,7 @@ qt() {
 # A root of its own, because the packages of 32 bits conflict with those of 64 on some machines
 wine() {
     if [ ! -f "$windows/wine.done" ]; then
-        echo "Installing Wine; the log is build/windows/log/wine"
+        echo "Installing Wine; the log is build/windows-tools/log/wine"
         as_root=""
         [ "$(id -u)" -eq 0 ] || as_root=sudo
         $as_root rm -rf "$windows/wine"

@@ -3,7 +3,7 @@
 # the source tree and /tmp are mounted where they are, in a mount namespace that ends with the program.
 set -eu
 here=$(cd "$(dirname "$0")/../.." && pwd -P)
-windows=$(cd "${ORVANE_WINDOWS_ROOT:-$here/build/windows}" && pwd -P)
+windows=$(cd "${ORVANE_WINDOWS_ROOT:-$here/build/windows-tools}" && pwd -P)
 
 if [ "${1:-}" != --inside ]; then
     own=""
@@ -19,7 +19,7 @@ for folder in /dev /proc /tmp "$here" "$windows"; do
     mount --rbind "$folder" "$root$folder"
 done
 
-for folder in bin qt/bin runtime; do
+for folder in qt/bin runtime; do
     dlls="${dlls:+$dlls;}Z:$(echo "$windows/$folder" | tr / '\\')"
 done
 export HOME="$windows/home" WINEPREFIX="$windows/home/prefix" WINEARCH=win32 WINEPATH="$dlls" LANG=C.UTF-8
