@@ -1,10 +1,13 @@
 #include "keyboardhook/KeyTable.h"
 
-#include <linux/input-event-codes.h>
-
 #include <array>
 
 #include "backend/values/Key.h"
+#if defined(_WIN32)
+#include "keyboardhook/WindowsKeys.h"
+#else
+#include <linux/input-event-codes.h>
+#endif
 
 namespace KeyTable
 {
@@ -12,10 +15,20 @@ namespace
 {
 using enum Key::Code;
 
+#if defined(_WIN32)
+constexpr int FIRST_SCAN_CODE = 0;
+constexpr int PREFIX_BIT = 0x100;  // in key messages, and in Qt's native scan code
+
+/// As the table has it.
+constexpr std::int64_t fold(std::int64_t code) { return (code & PREFIX_BIT) != 0 ? (code & 0x7F) | EXTENDED : code; }
+#else
 constexpr int FIRST_SCAN_CODE = 8;  // what the X server adds to the numbers of Linux
 
+constexpr std::int64_t fold(std::int64_t code) { return code; }
+#endif
+
 struct Row {
-    int number;  ///< of the Linux input event
+    int number;  ///< of Linux, or the scan code of Windows
     std::uint8_t virtualKey;
 };
 
@@ -88,7 +101,7 @@ int find(const Codes& codes, std::int64_t code)
 
 std::span<const Place, KEYS> getPlaces() { return PLACES; }
 
-int virtualKeyAt(std::int64_t scanCode) { return find(VIRTUAL_KEYS, scanCode); }
+int virtualKeyAt(std::int64_t scanCode) { return find(VIRTUAL_KEYS, fold(scanCode)); }
 
 int scanCodeOf(std::int64_t virtualKey) { return find(SCAN_CODES, virtualKey); }
 }  // namespace KeyTable

@@ -8,7 +8,8 @@ class WindowHandle;
 
 /// The global keyboard: a library of its own that captures keys while other programs' windows have the focus, and posts
 /// them to our window (keyboardhook/KeyboardHookMessages.h). It exports these six functions only. They may be called on
-/// any thread, and what they set is in effect when they return. Without an X server they do nothing.
+/// any thread, and what they set is in effect when they return. Without an X server, where the system is not Windows,
+/// they do nothing.
 ///
 /// While it is on, all keys of the keyboard (keyboardhook/KeyTable.h) are captured except the excluded ones, those that
 /// another program has grabbed already, and single combinations that another program has grabbed (if the desktop has
@@ -18,7 +19,8 @@ class WindowHandle;
 ///
 /// A key that is down when it stops being captured is posted as up. A key that was down before it was captured is
 /// ignored until it is pressed again. Codes are virtual keys as in `Key`; others are ignored. Unloading the library, or
-/// the end of the process, ends the capture.
+/// the end of the process, ends the capture. On Windows the library stays in memory until the capture is off and there
+/// is no control key; no program can have grabbed a key there, so all that is said of grabs does not apply.
 extern "C" {
 /// The window that gets the keys and the changes, null for none. The handle is copied.
 ORV_API void setWindowHandle(const WindowHandle* window);
