@@ -1,16 +1,16 @@
 #pragma once
 
-#include <QSocketNotifier>
 #include <QTimer>
 #include <functional>
 #include <memory>
 
+#include "gui/framework/WakeSignal.h"
 #include "platform/WindowHandle.h"
 
 namespace Gui
 {
 /// The window's message queue, which Qt's event loop empties. A post from any thread, a time slice included, wakes the
-/// loop by one write to a descriptor; further posts within some milliseconds write nothing. Messages posted after the
+/// loop by one call of the system; further posts within some milliseconds need none. Messages posted after the
 /// destructor are freed. Belongs to the GUI thread.
 class GuiWindow
 {
@@ -25,14 +25,12 @@ public:
     WindowHandle getHandle() const { return WindowHandle(queue); }
 
 private:
-    class WakeSignal;
-
     void drain();
 
     const std::function<void(Message&)> handleMessage;
     std::shared_ptr<WakeSignal> wakeSignal;
     std::shared_ptr<MessageQueue> queue;
-    QSocketNotifier notifier;
+    std::unique_ptr<QObject> wakeUp;
     QTimer poll;
 };
 }  // namespace Gui

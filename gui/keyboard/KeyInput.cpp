@@ -5,7 +5,7 @@
 
 #include "gui/keyboard/KeyPresses.h"
 #include "gui/keyboard/KeyReading.h"
-#include "gui/keyboard/XKeyboard.h"
+#include "gui/keyboard/SystemKeyboard.h"
 #include "keyboardhook/KeyTable.h"
 
 namespace Gui
@@ -19,7 +19,7 @@ constexpr auto WATCH_INTERVAL = std::chrono::milliseconds(200);
 
 KeyInput::KeyInput(KeyPresses& keyPresses) : presses(keyPresses)
 {
-    XKeyboard::makeRepeatsDetectable();
+    SystemKeyboard::makeRepeatsDetectable();
     watch.setInterval(WATCH_INTERVAL);
     QObject::connect(&watch, &QTimer::timeout, [this] { releaseMissedKeys(); });
 }
@@ -39,7 +39,7 @@ void KeyInput::release(const QKeyEvent& event)
 /// the timer.
 void KeyInput::focusGained()
 {
-    const auto down = XKeyboard::getKeysDown();
+    const auto down = SystemKeyboard::getKeysDown();
     if (!down) return;
     QTimer::singleShot(0, &watch, [this, keys = *down] {
         for (std::size_t place = 0; place < keys.size(); ++place)
@@ -53,7 +53,7 @@ void KeyInput::focusLost() { presses.releaseAll(Source::window); }
 void KeyInput::releaseMissedKeys()
 {
     const auto codes = presses.getCodesDown(Source::window);
-    const auto down = codes.empty() ? std::nullopt : XKeyboard::getKeysDown();
+    const auto down = codes.empty() ? std::nullopt : SystemKeyboard::getKeysDown();
     if (!down) return watch.stop();
     for (const int code : codes) {
         const int place = KeyTable::scanCodeOf(code);

@@ -1,4 +1,4 @@
-#include "gui/keyboard/XKeyboard.h"
+#include "gui/keyboard/SystemKeyboard.h"
 
 #include <xkbcommon/xkbcommon.h>
 
@@ -9,7 +9,7 @@
 #include <X11/XKBlib.h>
 #include <X11/keysym.h>
 
-namespace Gui::XKeyboard
+namespace Gui::SystemKeyboard
 {
 namespace
 {
@@ -80,4 +80,4 @@ QString Layout::getLabel(int scanCode) const
     const QString capital = sign.toUpper();
     return capital.size() == sign.size() ? capital : sign;  // the German sharp s has none
 }
-}  // namespace Gui::XKeyboard
+}  // namespace Gui::SystemKeyboard

@@ -3,7 +3,7 @@
 #include <cstring>
 
 #include "backend/values/Key.h"
-#include "gui/keyboard/XKeyboard.h"
+#include "gui/keyboard/SystemKeyboard.h"
 #include "gui/screens/computerinput/KeyboardPlan.h"
 #include "keyboardhook/KeyTable.h"
 
@@ -20,7 +20,7 @@ bool followsLayout(const PlannedKey& key)
 
 bool KeyLabels::refresh()
 {
-    const XKeyboard::Layout layout;
+    const SystemKeyboard::Layout layout;
     std::map<int, QString> now;
     for (const PlannedKey& key : KeyboardPlan::getKeys()) {
         if (!followsLayout(key)) continue;

@@ -6,8 +6,8 @@
 
 namespace Gui
 {
-/// Keyboard state of the X server that Qt does not provide. Empty on other platforms. The GUI thread.
-namespace XKeyboard
+/// Keyboard state of the X server or of Windows that Qt does not provide. Empty on other platforms. The GUI thread.
+namespace SystemKeyboard
 {
 using Keys = std::bitset<256>;  ///< by scan code
 
@@ -31,7 +31,7 @@ public:
 
 private:
     void* map = nullptr;
-    int group = 0;
+    [[maybe_unused]] int group = 0;
 };
-}  // namespace XKeyboard
+}  // namespace SystemKeyboard
 }  // namespace Gui
