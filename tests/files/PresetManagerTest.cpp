@@ -1,7 +1,5 @@
 #include "backend/files/PresetManager.h"
 
-#include <sys/stat.h>
-
 #include <gtest/gtest.h>
 
 #include "api/OrvUtils.h"
@@ -75,7 +73,7 @@ TEST(PresetManager, ListsEveryFileByItsBaseName)
     presets.write(FOLDER + "/both.txt", "");
     presets.write(FOLDER + "/folder.pst/inside.pst", "");
     presets.write(FOLDER + "/.orvane-1-1", "half a preset");
-    ::mkfifo((presets / FOLDER / "pipe.pst").c_str(), 0600);
+    System::makeSpecialFile(presets / FOLDER / "pipe.pst");
     presets.manager.refresh();
     EXPECT_EQ(presets.list(), "Z+,a,b+,both,notes,v1.2,Ünder:score? ?+");
     EXPECT_EQ(presets.manager.findPreset("Ünder:score? ?"), (presets / FOLDER / "Ünder:score? ?.pst").string());

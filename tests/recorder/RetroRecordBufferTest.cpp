@@ -1,8 +1,6 @@
 #include "backend/recorder/RetroRecordBuffer.h"
 
 #include <gtest/gtest.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include <algorithm>
 
@@ -11,6 +9,8 @@
 #include "tests/stage/FileFault.h"
 #include "tests/stage/FullDisk.h"
 #include "tests/stage/TemporaryFolder.h"
+#include "tests/stage/Text.h"
+#include "tests/stage/Victim.h"
 
 using namespace Backend::RetroRecord;
 using Backend::MidiEngine::MessageType;
@@ -21,8 +21,8 @@ namespace
 {
 /// A record of one output with a clock of its own, chains in "chain", saved files in "takes".
 struct Recorder {
-    Recorder(const TemporaryFolder& temporaryFolder, Restore restore, int fileSize = 10000)
-        : folder(temporaryFolder), buffer(folder / "chain", "Out", restore, fileSize)
+    Recorder(const fs::path& where, Restore restore, int fileSize = 10000)
+        : folder(where), buffer(folder / "chain", "Out", restore, fileSize)
     {
         fs::create_directories(folder / "takes");
         buffer.start(now);
@@ -42,9 +42,9 @@ struct Recorder {
         EXPECT_FALSE(record.error) << record.error.message();
         return record.file.empty() ? "" : take(fs::path(record.file).filename());
     }
-    std::string take(const std::string& name) const { return readRecord(folder.read("takes/" + name)); }
+    std::string take(const std::string& name) const { return readRecord(fileText(folder / "takes" / name)); }
 
-    const TemporaryFolder& folder;
+    const fs::path folder;
     std::uint32_t now = 1000;
     RetroRecordBuffer buffer;
 };
@@ -253,17 +253,13 @@ TEST_F(Record, IsInATakeOrStillThereWhereverTheProcessIsKilled)
 {
     for (int call = 0;; ++call) {
         const TemporaryFolder fresh;
-        const pid_t child = ::fork();
-        if (child == 0) {
-            Recorder recorder(fresh, Restore::yes);
+        const auto save = [](const fs::path& there, int at) {
+            Recorder recorder(there, Restore::yes);
             recorder.note(60);
-            const FileFault fault(FileFault::Kind::death, call);
+            const FileFault fault(FileFault::Kind::death, at);
             recorder.save();
-            ::_exit(0);
-        }
-        int status = 0;
-        ASSERT_EQ(::waitpid(child, &status, 0), child);
-        if (WIFEXITED(status)) break;
+        };
+        if (!isKilledIn(call, fresh, save)) break;
         Recorder recorder(fresh, Restore::yes);
         recorder.note(62);
         const std::string later = recorder.saved();

@@ -1,12 +1,13 @@
 #include "backend/bindings/functions/FunctionFactories.h"
 #include "tests/sections/KeyStage.h"
 #include "tests/stage/Allocations.h"
+#include "tests/stage/System.h"
 
 using namespace Backend;
 using namespace Backend::ComputerInput;
 
 // Before the first line, so that the debug stream is on.
-static const bool DEBUGGING = setenv("ORVANE_DEBUG", "1", 1) == 0;
+static const bool DEBUGGING = (System::setVariable("ORVANE_DEBUG", "1"), true);
 
 TEST(KeySection, MergesOrReplaces)
 {

@@ -4,8 +4,8 @@
 #include <string>
 
 /// While it exists, one call of the system on a file fails: the disk is full, or the process is killed there. A write
-/// that fails has written half of its bytes. The test program links `test_file_fault`, which replaces open, write,
-/// fsync, fchmod, close, rename and unlink. One thread.
+/// that fails has written half of its bytes. The test program links `test_file_fault`, which replaces the calls that
+/// open a file, write, flush, close, rename and remove it; on Windows not those that only read or close. One thread.
 class FileFault
 {
 public:
@@ -22,6 +22,9 @@ public:
 
     /// The calls so far, by name and separated by blanks.
     std::string calls() const;
+
+    /// Those of the replacement of a file.
+    static const char* const REPLACEMENT;
 };
 
 /// What `save` returns while its call of that number finds a full disk; nothing if there were not that many calls.

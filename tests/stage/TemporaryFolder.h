@@ -1,12 +1,13 @@
 #pragma once
 
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <random>
 #include <set>
-#include <stdexcept>
 #include <string>
+
+#include "platform/Path.h"
 
 /// An empty folder that is gone after the test.
 class TemporaryFolder
@@ -14,28 +15,30 @@ class TemporaryFolder
 public:
     TemporaryFolder()
     {
-        std::string pattern = (std::filesystem::temp_directory_path() / "orvane-test-XXXXXX").string();
-        if (::mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("no temporary folder " + pattern);
-        path = pattern;
+        const std::filesystem::path parent = canonical(std::filesystem::temp_directory_path());
+        std::random_device random;
+        do path = parent / ("orvane-test-" + std::to_string(random()));
+        while (!create_directory(path));
     }
     ~TemporaryFolder() { std::filesystem::remove_all(path); }
     TemporaryFolder(const TemporaryFolder&) = delete;
     TemporaryFolder& operator=(const TemporaryFolder&) = delete;
 
-    std::filesystem::path operator/(const std::string& name) const { return path / name; }
-    std::string string() const { return path.string(); }
+    std::filesystem::path operator/(const std::string& name) const { return path / pathOf(name); }
+    operator const std::filesystem::path&() const { return path; }
+    std::string string() const { return textOf(path); }
 
     /// Writes a file, with the folders above it.
     void write(const std::string& name, const std::string& text) const
     {
-        std::filesystem::create_directories((path / name).parent_path());
-        std::ofstream(path / name, std::ios::binary) << text;
+        std::filesystem::create_directories((*this / name).parent_path());
+        std::ofstream(*this / name, std::ios::binary) << text;
     }
 
     /// A file's text, "" if there is none.
     std::string read(const std::string& name) const
     {
-        std::ifstream file(path / name, std::ios::binary);
+        std::ifstream file(*this / name, std::ios::binary);
         return {std::istreambuf_iterator<char>(file), {}};
     }
 
@@ -43,8 +46,8 @@ public:
     std::string contents(const std::string& folder = "") const
     {
         std::set<std::string> names;
-        for (const auto& entry : std::filesystem::directory_iterator(path / folder))
-            names.insert(entry.path().filename());
+        for (const auto& entry : std::filesystem::directory_iterator(*this / folder))
+            names.insert(textOf(entry.path().filename()));
         std::string all;
         for (const std::string& name : names) all += (all.empty() ? "" : " ") + name;
         return all;

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
-#include <sys/stat.h>
 
+#include "tests/stage/System.h"
 #include "tests/stage/TemporaryFolder.h"
 #include "tests/stage/Text.h"
 
@@ -9,7 +9,7 @@ namespace
 using namespace std::string_literals;
 
 // Before the first document, so that the debug stream is on.
-const bool DEBUGGING = setenv("ORVANE_DEBUG", "1", 1) == 0;
+const bool DEBUGGING = (System::setVariable("ORVANE_DEBUG", "1"), true);
 
 /// What is written to the debug stream when a text is read.
 std::string complaintAbout(std::string_view textOrPath, XmlDocument::Source source = XmlDocument::Source::text)
@@ -63,9 +63,11 @@ TEST(XmlDocument, ReportsFileLineAndReasonToTheDebugStream)
 TEST(XmlDocument, ReadsOnlyFiles)
 {
     const TemporaryFolder folder;
-    const std::string pipe = (folder / "pipe").string();
-    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
-    for (const std::string& path : {pipe, ""s, "/nowhere/at/all.xml"s, "/"s, "/dev/zero"s, "/dev/null"s})
+    const std::string pipe = textOf(folder / "pipe");
+    System::makeSpecialFile(pathOf(pipe));
+    std::vector<std::string> paths = System::devices();
+    paths.insert(paths.end(), {pipe, "", "/nowhere/at/all.xml", "/"});
+    for (const std::string& path : paths)
         EXPECT_EQ(complaintAbout(path, XmlDocument::Source::file),
                   "orvane: " + path + ": not read: no file that can be read\n");
 }

@@ -44,6 +44,8 @@ bool FileFault::hasHappened() const { return callsToGo < 0; }
 
 std::string FileFault::calls() const { return names; }
 
+const char* const FileFault::REPLACEMENT = "open write fchmod fsync close rename open fsync close";
+
 // NOLINTBEGIN: the linker's names
 extern "C" {
 int __real_open(const char* path, int flags, ...);
