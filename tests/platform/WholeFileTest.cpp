@@ -1,5 +1,7 @@
 #include "platform/WholeFile.h"
 
+#include <algorithm>
+
 #include <gtest/gtest.h>
 
 #include "tests/stage/FileFault.h"
