@@ -33,7 +33,7 @@ std::string chosenDataFolder;
 
 std::string withoutSeparatorAtEnd(std::string folder)
 {
-    if (folder.ends_with(static_cast<char>(fs::path::preferred_separator))) folder.pop_back();
+    if (folder.ends_with('/') || folder.ends_with(static_cast<char>(fs::path::preferred_separator))) folder.pop_back();
     return folder;
 }
 

@@ -30,7 +30,7 @@ struct Installed : PrivateFolders {
 TEST(OrvUtils, NamesTheFolders)
 {
     const PrivateFolders folder;
-    EXPECT_EQ(OrvUtils::getCompanyAppDataDir(), folder.string() + "/data/Brinlow Software");
+    EXPECT_EQ(OrvUtils::getCompanyAppDataDir(), textOf(folder / "data/Brinlow Software"));
     EXPECT_EQ(OrvUtils::getOrvAppDataDir(), (folder / DATA).string());
     EXPECT_TRUE(std::filesystem::is_directory(folder / "data"));
 

@@ -10,7 +10,7 @@
 #include "api/Bank.h"
 #include "gui/framework/ErrorLine.h"
 #include "tests/gui/WindowStage.h"
-#include "tests/stage/FullDisk.h"
+#include "tests/stage/linux/FullDisk.h"
 
 /// An open window, and hands for its dialogs, which go by their titles.
 struct DialogHands : OpenWindow, testing::Test {

@@ -1,15 +1,8 @@
-#include "backend/recorder/RetroRecordBuffer.h"
-
-#include <gtest/gtest.h>
-
 #include <algorithm>
 
 #include "backend/recorder/RecordedEvents.h"
-#include "tests/recorder/RecordReading.h"
+#include "tests/recorder/Recorder.h"
 #include "tests/stage/FileFault.h"
-#include "tests/stage/FullDisk.h"
-#include "tests/stage/TemporaryFolder.h"
-#include "tests/stage/Text.h"
 #include "tests/stage/Victim.h"
 
 using namespace Backend::RetroRecord;
@@ -19,46 +12,12 @@ namespace fs = std::filesystem;
 
 namespace
 {
-/// A record of one output with a clock of its own, chains in "chain", saved files in "takes".
-struct Recorder {
-    Recorder(const fs::path& where, Restore restore, int fileSize = 10000)
-        : folder(where), buffer(folder / "chain", "Out", restore, fileSize)
-    {
-        fs::create_directories(folder / "takes");
-        buffer.start(now);
-    }
-
-    void play(const MidiMessage& message, std::uint32_t silence = 0) { buffer.addEvent(message, now += silence); }
-    void note(int number, std::uint32_t silence = 0) { play(MidiMessage(MessageType::noteOn, number, 100), silence); }
-
-    SavedRecord save()
-    {
-        return buffer.save((folder / "takes/t").string(), [this] { return now; });
-    }
-    /// What is saved, as `readRecord` reads it, and "" for no file.
-    std::string saved()
-    {
-        const SavedRecord record = save();
-        EXPECT_FALSE(record.error) << record.error.message();
-        return record.file.empty() ? "" : take(fs::path(record.file).filename());
-    }
-    std::string take(const std::string& name) const { return readRecord(fileText(folder / "takes" / name)); }
-
-    const fs::path folder;
-    std::uint32_t now = 1000;
-    RetroRecordBuffer buffer;
-};
-
 std::uintmax_t bytesIn(const fs::path& folder)
 {
     std::uintmax_t bytes = 0;
     for (const auto& entry : fs::directory_iterator(folder)) bytes += entry.file_size();
     return bytes;
 }
-
-struct Record : testing::Test {
-    const TemporaryFolder folder;
-};
 }  // namespace
 
 TEST_F(Record, CountsTimeInFiveMillisecondsAndCutsSilence)
@@ -266,26 +225,6 @@ TEST_F(Record, IsInATakeOrStillThereWhereverTheProcessIsKilled)
         EXPECT_TRUE(recorder.take("t_Out.mid") == "0:90.3C.64" || later == "0:90.3C.64 0:90.3E.64")
             << "killed in call " << call << ": " << later;
     }
-}
-
-TEST_F(Record, GoesOnWhenAFullDiskHasRoomAgain)
-{
-    Recorder recorder(folder, Restore::no);
-    recorder.note(60);
-    recorder.buffer.flush();
-    {
-        const FullDisk full(7);  // the first event and most of the second
-        for (int note = 0; note < 100; ++note) {
-            recorder.note(note, 10);
-            recorder.buffer.flush();
-        }
-        EXPECT_TRUE(recorder.save().error);
-    }
-    recorder.note(61, 100);
-    recorder.buffer.flush();
-    recorder.note(62, 10000);
-    EXPECT_EQ(recorder.saved(), "0:90.3C.64 218:90.3D.64 1400:90.3E.64")
-        << "but for the event that met the full disk, and its ten milliseconds";
 }
 
 TEST_F(Record, OutlivesItsFolder)

@@ -35,13 +35,13 @@ struct RecordStage : Stage {
         EXPECT_FALSE(report.empty());
         Takes takes;
         for (const auto& entry : std::filesystem::directory_iterator(folders / ""))
-            if (entry.path().extension() == ".mid") takes[entry.path().filename()] = "";
+            if (entry.path().extension() == ".mid") takes[textOf(entry.path().filename())] = "";
         for (auto& [name, text] : takes) {
             text = readRecord(folders.read(name));
             std::filesystem::remove(folders / name);
         }
         for (const auto& [file, error] : report)
-            EXPECT_TRUE(file.empty() || takes.contains(std::filesystem::path(file).filename())) << file;
+            EXPECT_TRUE(file.empty() || takes.contains(textOf(pathOf(file).filename()))) << file;
         return takes;
     }
     /// The fills that the window received since the last call: "0, 1".

@@ -24,7 +24,7 @@ public:
     TemporaryFolder(const TemporaryFolder&) = delete;
     TemporaryFolder& operator=(const TemporaryFolder&) = delete;
 
-    std::filesystem::path operator/(const std::string& name) const { return path / pathOf(name); }
+    std::filesystem::path operator/(const std::string& name) const { return (path / pathOf(name)).make_preferred(); }
     operator const std::filesystem::path&() const { return path; }
     std::string string() const { return textOf(path); }
 
