@@ -12,14 +12,17 @@ install_packages g++-mingw-w64-i686-posix cmake ninja-build ccache dpkg-dev debo
 windows=$PWD/build/windows-tools
 mkdir -p "$windows/sources" "$windows/log"
 
-# source PACKAGE: its source from the distribution, of the version that apt would install, without touching the lists of
-# sources that this machine has
+# source_of PACKAGE: its source from the distribution. The lists of packages that this machine has stay as they are.
 source_of() {
     ls -d "$windows/sources/$1"-*/ >/dev/null 2>&1 && return
     (
         cd "$windows/sources"
         if [ ! -f lists.done ]; then
-            sed 's/^Types:.*/Types: deb-src/' /etc/apt/sources.list.d/debian.sources >debian.sources
+            if [ -f /etc/apt/sources.list.d/debian.sources ]; then
+                sed 's/^Types:.*/Types: deb-src/' /etc/apt/sources.list.d/debian.sources >debian.sources
+            else
+                sed -n 's/^deb \(.*debian.*\)/deb-src \1/p' /etc/apt/sources.list >debian.list
+            fi
             mkdir -p lists/partial
             apt_here update -q
             touch lists.done
@@ -29,7 +32,7 @@ source_of() {
 }
 
 apt_here() {
-    apt-get -o Dir::Etc::sourcelist="$windows/sources/debian.sources" -o Dir::Etc::sourceparts=/dev/null \
+    apt-get -o Dir::Etc::sourcelist="$(echo "$windows"/sources/debian.*s*)" -o Dir::Etc::sourceparts=/dev/null \
         -o Dir::State::lists="$windows/sources/lists" -o APT::Sandbox::User=root "$@"
 }
 
@@ -77,7 +80,7 @@ libraries() {
 
 qt() {
     source_of qt6-base
-    set -- cups dbus concurrent network printsupport sql xml
+    set -- dbus concurrent network printsupport sql xml
     for feature in "$@"; do
         set -- "$@" -DFEATURE_"$feature"=OFF
         shift
@@ -97,7 +100,8 @@ wine() {
         as_root=""
         [ "$(id -u)" -eq 0 ] || as_root=sudo
         $as_root rm -rf "$windows/wine"
-        mirror=$(sed -n 's/^URIs: *//p' /etc/apt/sources.list.d/debian.sources 2>/dev/null | head -n 1)
+        mirror=$(cat /etc/apt/sources.list.d/debian.sources /etc/apt/sources.list 2>/dev/null |
+            sed -n 's/^URIs: *//p; s/^deb  *\([a-z]*:[^ ]*debian[^ ]*\) .*/\1/p' | head -n 1)
         # What it mounts goes with the namespace.
         # shellcheck disable=SC2086
         $as_root unshare --mount --propagation private debootstrap --arch=i386 --variant=minbase \
