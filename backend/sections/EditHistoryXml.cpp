@@ -123,7 +123,7 @@ bool EditHistory::readXml(const XmlElement& element)
     read.first = readNumber(element, "first");
     read.newest = readNumber(element, "newest");
     read.saved = readNumber(element, "saved");
-    read.position = readNumber(element, "position");
+    read.position = static_cast<std::size_t>(readNumber(element, "position"));
     forEachElement(element, [&](const XmlElement& child) {
         if (child.getTagName() == "Step") read.steps.push_back(readStep(child));
         if (child.getTagName() == "Preset")

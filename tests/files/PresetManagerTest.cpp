@@ -6,6 +6,7 @@
 #include "backend/files/FileName.h"
 #include "tests/stage/FileFault.h"
 #include "tests/stage/PrivateFolders.h"
+#include "tests/stage/System.h"
 #include "tests/stage/Text.h"
 
 using namespace Backend;

@@ -7,7 +7,7 @@
 
 namespace
 {
-const std::string KEY = "Software\\Brinlow Software\\Orvane Test\\3.2";
+const std::string TEST_KEY = "Software\\Brinlow Software\\Orvane Test\\3.2";
 const wchar_t* const PATH = L"Software\\Brinlow Software\\Orvane Test";
 
 struct Registry : testing::Test {
@@ -31,7 +31,7 @@ struct Registry : testing::Test {
 TEST_F(Registry, KeepsEveryKindOfValueAndWhatItDoesNotKnow)
 {
     {
-        SettingsStore store(KEY);
+        SettingsStore store(TEST_KEY);
         EXPECT_TRUE(store.isOpen() && !store.exists());
         store.setString("Text", "\xC3\x84 bank.bnk");
         store.setString("Empty", "");
@@ -46,7 +46,7 @@ TEST_F(Registry, KeepsEveryKindOfValueAndWhatItDoesNotKnow)
     const std::wstring key = std::wstring(PATH) + L"\\3.2";
     const std::uint64_t future = 1;
     RegSetKeyValueW(HKEY_CURRENT_USER, key.c_str(), L"Future", REG_QWORD, &future, sizeof future);
-    SettingsStore store(KEY);
+    SettingsStore store(TEST_KEY);
     EXPECT_TRUE(store.exists());
     EXPECT_EQ(store.getString("text"), "\xC3\x84 bank.bnk") << "names are compared without case";
     EXPECT_EQ(store.getString("Empty"), "");
@@ -55,7 +55,7 @@ TEST_F(Registry, KeepsEveryKindOfValueAndWhatItDoesNotKnow)
     EXPECT_FALSE(store.getNumber("Text") || store.getString("Bytes") || store.getNumber("Future"));
     store.setNumber("Lowest", 7);
     ASSERT_TRUE(store.save());
-    EXPECT_EQ(SettingsStore(KEY).getNumber("Lowest"), 7);
+    EXPECT_EQ(SettingsStore(TEST_KEY).getNumber("Lowest"), 7);
     EXPECT_EQ(valueOf(L"Future", REG_QWORD).size(), sizeof future);
 }
 
