@@ -17,10 +17,15 @@ using enum Key::Code;
 
 #if defined(_WIN32)
 constexpr int FIRST_SCAN_CODE = 0;
-constexpr int PREFIX_BIT = 0x100;  // in key messages, and in Qt's native scan code
+constexpr std::int64_t PREFIX_BIT = 0x100;  // in key messages, and in Qt's native scan code
 
 /// As the table has it.
-constexpr std::int64_t fold(std::int64_t code) { return (code & PREFIX_BIT) != 0 ? (code & 0x7F) | EXTENDED : code; }
+constexpr std::int64_t fold(std::int64_t code)
+{
+    constexpr std::int64_t LARGEST = 0x7F;
+    const std::int64_t key = code & ~PREFIX_BIT;
+    return key >= 0 && key <= LARGEST ? scanCodeOf(static_cast<int>(key), key != code) : code;
+}
 #else
 constexpr int FIRST_SCAN_CODE = 8;  // what the X server adds to the numbers of Linux
 

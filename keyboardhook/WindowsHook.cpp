@@ -109,7 +109,8 @@ bool Capture::handle(const KBDLLHOOKSTRUCT& event, const std::function<void()>& 
 {
     constexpr DWORD LARGEST = 0x7F;  // the left Control that Alt Gr sends before itself has another one
     if (event.scanCode > LARGEST) return captures(KeyTable::KEY_RIGHTALT);
-    const std::size_t key = event.scanCode | ((event.flags & LLKHF_EXTENDED) != 0 ? KeyTable::EXTENDED : 0u);
+    const auto key = static_cast<std::size_t>(
+        KeyTable::scanCodeOf(static_cast<int>(event.scanCode), (event.flags & LLKHF_EXTENDED) != 0));
     const bool isUp = (event.flags & LLKHF_UP) != 0;
     physicallyDown.set(key, !isUp);
     if (settings.controlKeys[key] || controlsDown[key]) {

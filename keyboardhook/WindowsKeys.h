@@ -6,6 +6,13 @@ namespace KeyTable
 {
 inline constexpr int EXTENDED = 0x80;
 
+/// From seven bits and the mark for the prefix, which the system also sets for the right Shift key.
+constexpr int scanCodeOf(int code, bool hasPrefix)
+{
+    constexpr int RIGHT_SHIFT = 0x36;
+    return hasPrefix && code != RIGHT_SHIFT ? code | EXTENDED : code;
+}
+
 // clang-format off
 enum KeyNumber : int {
     KEY_ESC = 0x01, KEY_F1 = 0x3B, KEY_F2 = 0x3C, KEY_F3 = 0x3D, KEY_F4 = 0x3E, KEY_F5 = 0x3F, KEY_F6 = 0x40,

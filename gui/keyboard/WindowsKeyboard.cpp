@@ -1,5 +1,6 @@
 #include <windows.h>
 
+#include "backend/values/Key.h"
 #include "gui/keyboard/SystemKeyboard.h"
 #include "keyboardhook/KeyTable.h"
 
@@ -14,6 +15,18 @@ UINT withPrefix(int scanCode)
     const auto code = static_cast<UINT>(scanCode);
     return (scanCode & PREFIX_BIT) != 0 ? 0xE000u | (code & 0x7Fu) : code;
 }
+
+bool isDown(UINT virtualKey) { return virtualKey != 0 && GetAsyncKeyState(static_cast<int>(virtualKey)) < 0; }
+
+/// By the system's virtual key of the position. Num Lock and Pause share a scan code there, and a key of the keypad has
+/// that of an arrow without Num Lock; the codes of these keys are also the system's.
+bool isDown(const KeyTable::Place& place)
+{
+    if (place.virtualKey == Key::NUM_LOCK || place.virtualKey == Key::PAUSE) return isDown(UINT{place.virtualKey});
+    const bool isOnKeypad = place.virtualKey >= Key::NUMPAD_0 && place.virtualKey <= Key::NUMPAD_DIVIDE;
+    return (isOnKeypad && isDown(UINT{place.virtualKey})) ||
+           isDown(MapVirtualKeyW(withPrefix(place.scanCode), MAPVK_VSC_TO_VK_EX));
+}
 }  // namespace
 
 // Repeats come as presses.
@@ -22,10 +35,8 @@ void makeRepeatsDetectable() {}
 std::optional<Keys> getKeysDown()
 {
     Keys down;
-    for (const auto& place : KeyTable::getPlaces()) {
-        const UINT key = MapVirtualKeyW(withPrefix(place.scanCode), MAPVK_VSC_TO_VK_EX);
-        if (key != 0 && GetAsyncKeyState(static_cast<int>(key)) < 0) down.set(place.scanCode);
-    }
+    for (const auto& place : KeyTable::getPlaces())
+        if (isDown(place)) down.set(place.scanCode);
     return down;
 }
 
