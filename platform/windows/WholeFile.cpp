@@ -1,6 +1,8 @@
 #include "platform/WholeFile.h"
 
 #include <windows.h>
+// After windows.h
+#include <aclapi.h>
 
 #include <algorithm>
 #include <atomic>
@@ -112,13 +114,30 @@ std::error_code append(const fs::path& stream, Bytes bytes)
     return out.close();
 }
 
-/// `ReplaceFile` keeps attributes and access rights of the old file.
+/// The access list of the file that will be replaced. What cannot be kept is left as the folder
+/// gives it.
+void keepRights(const fs::path& from, const fs::path& to)
+{
+    PACL list = nullptr;
+    PSECURITY_DESCRIPTOR descriptor = nullptr;
+    SECURITY_DESCRIPTOR_CONTROL control = 0;
+    DWORD revision = 0;
+    if (GetNamedSecurityInfoW(from.c_str(), SE_FILE_OBJECT, DACL_SECURITY_INFORMATION, nullptr, nullptr, &list, nullptr,
+                              &descriptor) != ERROR_SUCCESS)
+        return;
+    GetSecurityDescriptorControl(descriptor, &control, &revision);
+    const SECURITY_INFORMATION inheritance =
+        (control & SE_DACL_PROTECTED) != 0 ? PROTECTED_DACL_SECURITY_INFORMATION : 0;
+    std::wstring name = to.native();
+    SetNamedSecurityInfoW(name.data(), SE_FILE_OBJECT, DACL_SECURITY_INFORMATION | inheritance, nullptr, nullptr, list,
+                          nullptr);
+    LocalFree(descriptor);
+}
+
+/// Not `ReplaceFile`: it renames twice, so that a crash between leaves no file of that name.
 std::error_code moveOver(const fs::path& temporary, const fs::path& target)
 {
-    if (GetFileAttributesW(target.c_str()) == INVALID_FILE_ATTRIBUTES)
-        return check(MoveFileExW(temporary.c_str(), target.c_str(), MOVEFILE_WRITE_THROUGH));
-    return check(
-        ReplaceFileW(target.c_str(), temporary.c_str(), nullptr, REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr, nullptr));
+    return check(MoveFileExW(temporary.c_str(), target.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH));
 }
 }  // namespace
 
@@ -149,8 +168,9 @@ std::error_code StagedFile::stage(const fs::path& path, Bytes bytes, WholeFile::
         return {};
     }
     const fs::path beside = WholeFile::temporaryBeside(target);
-    File file(beside, GENERIC_WRITE, CREATE_NEW);
+    File file(beside, GENERIC_WRITE, CREATE_NEW, exists ? attributes : DWORD{FILE_ATTRIBUTE_NORMAL});
     if (!file.whyNotOpen()) temporary = beside;
+    if (!file.whyNotOpen() && exists) keepRights(target, beside);
     const auto error = writeAll(file, bytes, pace);
     if (error && !temporary.empty()) {
         file.close();
