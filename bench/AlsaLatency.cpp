@@ -10,7 +10,7 @@
 #include <thread>
 
 #include "api/OrvMessageManager.h"
-#include "host/alsa/AlsaSystem.h"
+#include "host/devices/DeviceSystem.h"
 #include "host/run/LivePlay.h"
 #include "tests/host/FakeDevices.h"
 #include "tests/host/HostTesting.h"
@@ -27,7 +27,7 @@ public:
     Bench() : devices(*new Host::Testing::FakeDevices)
     {
         devices.devices = {{"24:0", "Piano"}, {"28:0", "Organ"}};
-        system = std::make_unique<Host::AlsaSystem>(std::unique_ptr<Host::MidiDevices>(&devices), ports);
+        system = std::make_unique<Host::DeviceSystem>(std::unique_ptr<Host::MidiDevices>(&devices), ports, nullptr);
         play = std::make_unique<Host::LivePlay>(
             *system, ports, memory, requests, [](const std::string&) {}, Host::Setup{}, Host::ClockPorts{});
         play->getOrv().getOrvMessageManager().postChangeDefaultMidiOutput({SelectType::Kind::specific, ORGAN});
@@ -60,14 +60,14 @@ public:
 
 private:
     static constexpr int PIANO = 1;  // behind "Orvane In"
-    static constexpr int ORGAN = 3;  // behind the synthesizer, "Orvane Out" and the piano
+    static constexpr int ORGAN = 2;  // behind "Orvane Out" and the piano
 
     PrivateFolders folders;
     Event requests;
     Host::Ports ports;
     Host::PortMemory memory{(folders / "data").string(), [](const std::string&) {}};
     Host::Testing::FakeDevices& devices;
-    std::unique_ptr<Host::AlsaSystem> system;
+    std::unique_ptr<Host::DeviceSystem> system;
     std::unique_ptr<Host::LivePlay> play;
 };
 

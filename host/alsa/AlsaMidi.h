@@ -2,26 +2,32 @@
 
 #include <string>
 
-#include "host/alsa/MidiDevices.h"
+#include "host/rtmidi/RtMidiDevices.h"
 
 namespace Host
 {
-/// The devices of the ALSA sequencer, through RtMidi. The address of a device is its full name in RtMidi.
-class AlsaMidi final : public MidiDevices
+/// The devices of the ALSA sequencer. The address of a device is its full name in RtMidi.
+class AlsaMidi final : public RtMidiDevices
 {
 public:
     /// `name` is the name of our clients of the sequencer.
     explicit AlsaMidi(std::string name);
 
+    std::string name() const override { return "ALSA"; }
+    std::string description() const override { return "the ALSA sequencer"; }
     bool isAvailable() const override { return hasSequencer; }
+    std::string whyUnavailable() const override
+    {
+        return "There is no JACK server and no ALSA sequencer, so no MIDI ports.";
+    }
+    bool hasVirtualPorts() const override { return true; }
     bool haveChanged() override;
-    std::vector<MidiDevice> findSources() override;
-    std::vector<MidiDevice> findSinks() override;
-    std::unique_ptr<MidiSource> openSource(const MidiDevice& device, Arrived arrived) override;
-    std::unique_ptr<MidiSink> openSink(const MidiDevice& device) override;
 
 private:
-    const std::string clientName;
+    bool hasSources() const override { return hasSequencer; }
+    bool hasSinks() const override { return hasSequencer; }
+    std::vector<MidiDevice> toDevices(const std::vector<std::string>& portNames) const override;
+
     const bool hasSequencer;
     std::string clients;  // the sequencer's list of clients at the last `haveChanged`
 };

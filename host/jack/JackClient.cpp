@@ -80,12 +80,7 @@ JackClient openJackClient(const std::string& name)
     return client;
 }
 
-std::size_t longestClientName() { return static_cast<std::size_t>(jack_client_name_size()) - 1; }
-
-bool isClientName(const std::string& name)
-{
-    return !name.empty() && name.size() <= longestClientName() && name.find(':') == std::string::npos;
-}
+std::size_t longestJackClientName() { return static_cast<std::size_t>(jack_client_name_size()) - 1; }
 
 std::vector<MidiDevice> findForeignMidiPorts(jack_client_t* client, JackPortFlags direction)
 {

@@ -20,10 +20,7 @@ using JackClient = std::unique_ptr<jack_client_t, JackCloser>;
 JackClient openJackClient(const std::string& name);
 
 /// The longest name of a client, in bytes.
-std::size_t longestClientName();
-
-/// Whether a client can have that name.
-bool isClientName(const std::string& name);
+std::size_t longestJackClientName();
 
 /// The names of the two free ports, which the user connects, and the prefixes of the ports that belong to a device.
 inline constexpr const char* FREE_INPUT = "Orvane In";

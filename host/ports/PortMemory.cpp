@@ -53,8 +53,10 @@ void PortMemory::restore(Ports& ports, std::string_view firstOutput)
 {
     for (const std::string& name : read(inputs)) markAbsent(ports.addInput(name));
     auto names = read(outputs);
-    std::erase(names, firstOutput);
-    names.insert(names.begin(), std::string(firstOutput));
+    if (!firstOutput.empty()) {
+        std::erase(names, firstOutput);
+        names.insert(names.begin(), std::string(firstOutput));
+    }
     for (const std::string& name : names) markAbsent(ports.addOutput(name));
 }
 

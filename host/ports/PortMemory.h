@@ -21,8 +21,8 @@ public:
     /// not changed.
     PortMemory(const std::string& folder, Report report);
 
-    /// Adds the stored ports, as not found, to empty lists. The first output is `firstOutput`, whatever the file says.
-    /// Lines that are empty, not UTF-8 or duplicates are ignored.
+    /// Adds the stored ports, as not found, to empty lists. The first output is `firstOutput`, whatever the file says,
+    /// unless that is empty. Lines that are empty, not UTF-8 or duplicates are ignored.
     void restore(Ports& ports, std::string_view firstOutput);
 
     /// Writes the names if there are more ports than names in the files.

@@ -9,9 +9,9 @@
 #include "api/OrvMessageManager.h"
 #include "api/OrvUtils.h"
 #include "host/common/ApplicationName.h"
-#include "host/jack/JackClient.h"
 #include "host/run/PortList.h"
 #include "host/run/Run.h"
+#include "host/system/ClientName.h"
 #include "host/system/OpenMidiSystem.h"
 
 namespace Host
@@ -64,7 +64,7 @@ LiveHost::LiveHost(const RunOptions& runOptions, ProcessSignals& endSignals, Eve
       settings(Backend::HostSettings::load(Backend::OrvUtils::getRegistryKey(APPLICATION_NAME))),
       memory(Backend::OrvUtils::getOrvAppDataDir(), report)
 {
-    memory.restore(ports, SYNTHESIZER_NAME);
+    memory.restore(ports, firstOutputName());
     system = openMidiSystem(findClientName(), ports, event, soundOf(settings));
     for (const std::string& line : system->takeNews()) report(line);
 }

@@ -65,7 +65,7 @@ int listPorts(const std::string& client)
     checkClientName(client);
     Event event;
     Ports ports;
-    PortMemory(Backend::OrvUtils::getOrvAppDataDir(), reportOnStandardError).restore(ports, SYNTHESIZER_NAME);
+    PortMemory(Backend::OrvUtils::getOrvAppDataDir(), reportOnStandardError).restore(ports, firstOutputName());
     const auto system = openMidiSystem(client, ports, event);
     for (const std::string& line : system->takeNews()) reportOnStandardError(line);
     std::cout << "Back end: " << system->name() << "\n"

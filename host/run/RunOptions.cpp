@@ -4,7 +4,7 @@
 
 #include "api/Bank.h"
 #include "host/common/InputError.h"
-#include "host/jack/JackClient.h"
+#include "host/system/ClientName.h"
 #include "host/terminal/StandardError.h"
 
 namespace Host

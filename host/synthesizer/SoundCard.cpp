@@ -6,10 +6,14 @@
 #include <stdexcept>
 #include <utility>
 
+#include "host/synthesizer/SoundFont.h"
+
 namespace Host
 {
 namespace
 {
+constexpr double SAMPLE_RATE = 48000;
+
 // Not "jack": it would start a server, and where a server runs this class is not used.
 constexpr const char* DRIVERS[] = {"pipewire", "pulseaudio", "alsa"};
 
@@ -33,11 +37,12 @@ bool hasOutput()
 void ignoreError(const char*, int, const char*, int, const char*, ...) {}
 }  // namespace
 
-SoundCard::SoundCard(const std::function<std::unique_ptr<Synthesizer>()>& makeSynthesizer)
+SoundCard::SoundCard(const Sound& first, std::vector<std::string>& news) : sound(first)
 {
     snd_lib_error_set_handler(ignoreError);
+    const MutexLock guard(lock);
     // The sounds take megabytes, which are not loaded for nothing.
-    if (hasOutput()) synthesizer = makeSynthesizer();
+    if (hasOutput()) synthesizer = makeSynthesizer(sound, SAMPLE_RATE, SynthesizerUse::manyThreads, news);
     if (!synthesizer || !open()) throw std::runtime_error("no sound output can be opened");
 }
 
@@ -51,18 +56,29 @@ bool SoundCard::open()
     return false;
 }
 
-void SoundCard::setSound(const Sound& sound)
+/// Some sound outputs can be opened once only, so the old driver is closed before another synthesizer takes over.
+void SoundCard::setSound(const Sound& newSound, std::vector<std::string>& news)
 {
-    synthesizer->setVolume(sound.volume);
-    synthesizer->setReverb(sound.reverb);
-}
-
-/// Some sound outputs can be opened once only, so the old driver is closed first.
-bool SoundCard::replace(std::unique_ptr<Synthesizer> next)
-{
+    const bool isOtherFont = newSound.soundFont != sound.soundFont;
+    sound = newSound;
+    {
+        const MutexLock guard(lock);
+        synthesizer->setVolume(sound.volume);
+        synthesizer->setReverb(sound.reverb);
+    }
+    if (!isOtherFont) return;
+    auto next = makeNextSynthesizer(sound, SAMPLE_RATE, SynthesizerUse::manyThreads, news);
+    if (!next) return;
+    const MutexLock guard(lock);
     next->takeChannels(*synthesizer);
     driver.reset();
     synthesizer = std::move(next);
-    return open();
+    if (!open()) news.push_back("The built-in synthesizer is silent: the sound output cannot be opened again.");
+}
+
+void SoundCard::play(const ShortMessage& message)
+{
+    const MutexLock guard(lock);
+    synthesizer->play(message);
 }
 }  // namespace Host

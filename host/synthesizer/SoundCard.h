@@ -1,37 +1,32 @@
 #pragma once
 
-#include <functional>
 #include <memory>
+#include <string>
+#include <vector>
 
-#include "host/synthesizer/Sound.h"
+#include "host/synthesizer/SoundOutput.h"
 #include "host/synthesizer/Synthesizer.h"
+#include "platform/Mutex.h"
 
 namespace Host
 {
 /// The built-in synthesizer on the system's own sound output, rendered by a thread of FluidSynth.
-class SoundCard
+class SoundCard final : public SoundOutput
 {
 public:
-    /// Throws std::runtime_error with one line for the user if no sound output opens. The synthesizer is made if there
-    /// is one. Prints nothing.
-    explicit SoundCard(const std::function<std::unique_ptr<Synthesizer>()>& makeSynthesizer);
+    /// See `OpenSoundOutput`.
+    SoundCard(const Sound& first, std::vector<std::string>& news);
 
-    /// Volume and reverb. Any thread.
-    void setSound(const Sound& sound);
-
-    /// Another synthesizer takes over, with the programs and controllers; notes that sound end. False if the sound
-    /// output cannot be opened again. Not while another thread calls `play`.
-    bool replace(std::unique_ptr<Synthesizer> next);
-
-    /// Plays at once. May wait for the rendering thread, so it must not be called in a time slice.
-    void play(const ShortMessage& message) { synthesizer->play(message); }
-
-    static constexpr double SAMPLE_RATE = 48000;
+    void setSound(const Sound& newSound, std::vector<std::string>& news) override EXCLUDES(lock);
+    void play(const ShortMessage& message) override EXCLUDES(lock);
 
 private:
-    bool open();
+    bool open() REQUIRES(lock);
 
-    std::unique_ptr<Synthesizer> synthesizer;
-    FluidPointer<fluid_audio_driver_t> driver;
+    Sound sound;  // the thread of `setSound`
+
+    Mutex lock;
+    std::unique_ptr<Synthesizer> synthesizer GUARDED_BY(lock);
+    FluidPointer<fluid_audio_driver_t> driver GUARDED_BY(lock);
 };
 }  // namespace Host

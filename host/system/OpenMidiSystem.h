@@ -13,4 +13,7 @@ namespace Host
 /// `ports` holds the ports of earlier runs, none of them found. Control thread.
 std::unique_ptr<MidiSystem> openMidiSystem(const std::string& clientName, Ports& ports, Event& wake,
                                            const Sound& sound = {});
+
+/// The name of output 0 in every run: the built-in synthesizer; empty where the program has none.
+std::string firstOutputName();
 }  // namespace Host

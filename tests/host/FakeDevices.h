@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "host/alsa/MidiDevices.h"
+#include "host/devices/MidiDevices.h"
 
 namespace Host::Testing
 {
@@ -39,7 +39,10 @@ struct FakeDevices final : MidiDevices {
         std::vector<ShortMessage>& received;
     };
 
+    std::string name() const override { return "fake"; }
+    std::string description() const override { return "fake devices"; }
     bool isAvailable() const override { return true; }
+    bool hasVirtualPorts() const override { return true; }
     bool haveChanged() override { return std::exchange(changed, false); }
     std::vector<MidiDevice> findSources() override { return devices; }
     std::vector<MidiDevice> findSinks() override { return devices; }

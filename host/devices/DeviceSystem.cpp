@@ -1,11 +1,10 @@
-#include "host/alsa/AlsaSystem.h"
+#include "host/devices/DeviceSystem.h"
 
 #include <algorithm>
 #include <chrono>
 #include <stdexcept>
 #include <thread>
 
-#include "host/synthesizer/SoundFont.h"
 #include "platform/Clock.h"
 
 namespace Host
@@ -22,63 +21,56 @@ const MidiDevice FREE_INPUT{":in", "Orvane In"};
 const MidiDevice FREE_OUTPUT{":out", "Orvane Out"};
 }  // namespace
 
-AlsaSystem::AlsaSystem(std::unique_ptr<MidiDevices> allDevices, Ports& allPorts, const Sound& first)
-    : ports(allPorts), devices(std::move(allDevices)), sound(first)
+DeviceSystem::DeviceSystem(std::unique_ptr<MidiDevices> allDevices, Ports& allPorts, OpenSoundOutput openSound,
+                           const Sound& first)
+    : ports(allPorts), devices(std::move(allDevices)), openSoundOutput(std::move(openSound))
 {
-    addSynthesizer();
+    if (openSoundOutput) addSynthesizer(first);
     sender.start("orvane outputs", [this] { runSender(); });
-    if (!devices->isAvailable()) news.push_back("There is no JACK server and no ALSA sequencer, so no MIDI ports.");
+    if (!devices->isAvailable()) news.push_back(devices->whyUnavailable());
     devices->haveChanged();  // changes count from here on
     updateDevices();
 }
 
-AlsaSystem::~AlsaSystem() { close(); }
+DeviceSystem::~DeviceSystem() { close(); }
 
-std::string AlsaSystem::description() const
+std::string DeviceSystem::description() const
 {
-    return std::string(devices->isAvailable() ? "the ALSA sequencer" : "no MIDI ports") +
-           (soundCard ? ", sound output of the system" : ", no sound output");
+    const std::string midi = devices->isAvailable() ? devices->description() : "no MIDI ports";
+    if (!openSoundOutput) return midi;
+    return midi + (soundOutput ? ", sound output of the system" : ", no sound output");
 }
 
-std::string AlsaSystem::trouble() const
+std::string DeviceSystem::trouble() const
 {
-    return soundCard ? "" : "no JACK server is running, and the system has no sound output";
+    if (!openSoundOutput || soundOutput) return {};
+    return "no JACK server is running, and the system has no sound output";
 }
 
-void AlsaSystem::addSynthesizer()
+void DeviceSystem::addSynthesizer(const Sound& first)
 {
     if (ports.outputs().size() == 0) ports.addOutput(SYNTHESIZER_NAME);
     ports.outputs()[SYNTHESIZER]->found = false;  // as every device before the first scan
     try {
-        soundCard = std::make_unique<SoundCard>(
-            [this] { return makeSynthesizer(sound, SoundCard::SAMPLE_RATE, SynthesizerUse::manyThreads, news); });
+        soundOutput = openSoundOutput(first, news);
     } catch (const std::runtime_error& reason) {
         news.push_back("The built-in synthesizer is silent: " + std::string(reason.what()) + ".");
     }
 }
 
-void AlsaSystem::setSound(const Sound& newSound)
+void DeviceSystem::setSound(const Sound& sound)
 {
-    const bool isOtherFont = newSound.soundFont != sound.soundFont;
-    sound = newSound;
-    if (!soundCard) return;
-    soundCard->setSound(sound);
-    if (!isOtherFont) return;
-    auto next = makeNextSynthesizer(sound, SoundCard::SAMPLE_RATE, SynthesizerUse::manyThreads, news);
-    if (!next) return;
-    const MutexLock lock(sending);
-    if (!soundCard->replace(std::move(next)))
-        news.push_back("The built-in synthesizer is silent: the sound output cannot be opened again.");
+    if (soundOutput) soundOutput->setSound(sound, news);
 }
 
 // --- devices
 
-bool AlsaSystem::refresh() { return devices->haveChanged() && updateDevices(); }
+bool DeviceSystem::refresh() { return devices->haveChanged() && updateDevices(); }
 
-bool AlsaSystem::updateDevices()
+bool DeviceSystem::updateDevices()
 {
     bool changed = false;
-    const auto markChange = [&](void (AlsaSystem::*change)(std::size_t)) {
+    const auto markChange = [&](void (DeviceSystem::*change)(std::size_t)) {
         return [this, &changed, change](std::size_t index) {
             (this->*change)(index);
             changed = true;
@@ -86,34 +78,34 @@ bool AlsaSystem::updateDevices()
     };
     auto foundSources = devices->findSources();
     auto foundSinks = devices->findSinks();
-    if (devices->isAvailable()) {
+    if (devices->isAvailable() && devices->hasVirtualPorts()) {
         foundSources.insert(foundSources.begin(), FREE_INPUT);
         foundSinks.insert(foundSinks.begin(), FREE_OUTPUT);
     }
-    foundSinks.insert(foundSinks.begin(), SYNTHESIZER_DEVICE);
-    ports.assignInputs(foundSources, markChange(&AlsaSystem::removeInput), markChange(&AlsaSystem::addInput));
-    ports.assignOutputs(foundSinks, markChange(&AlsaSystem::removeOutput), markChange(&AlsaSystem::addOutput));
+    if (openSoundOutput) foundSinks.insert(foundSinks.begin(), SYNTHESIZER_DEVICE);
+    ports.assignInputs(foundSources, markChange(&DeviceSystem::removeInput), markChange(&DeviceSystem::addInput));
+    ports.assignOutputs(foundSinks, markChange(&DeviceSystem::removeOutput), markChange(&DeviceSystem::addOutput));
     return changed;
 }
 
-void AlsaSystem::addInput(std::size_t index)
+void DeviceSystem::addInput(std::size_t index)
 {
     if (ports.inputs()[index]->enabled) openInput(index);
 }
 
-void AlsaSystem::removeInput(std::size_t index)
+void DeviceSystem::removeInput(std::size_t index)
 {
     ports.inputs()[index]->open.store(false);
     ports.inputs()[index]->couldNotOpen = false;
     sources[index].reset();
 }
 
-void AlsaSystem::addOutput(std::size_t index)
+void DeviceSystem::addOutput(std::size_t index)
 {
     if (ports.outputs()[index]->enabled) openOutput(index);
 }
 
-void AlsaSystem::removeOutput(std::size_t index)
+void DeviceSystem::removeOutput(std::size_t index)
 {
     OutputPort& port = *ports.outputs()[index];
     port.close();
@@ -123,7 +115,7 @@ void AlsaSystem::removeOutput(std::size_t index)
     port.unplug();
 }
 
-void AlsaSystem::openInput(std::size_t index)
+void DeviceSystem::openInput(std::size_t index)
 {
     InputPort& port = *ports.inputs()[index];
     port.open.store(true);
@@ -133,10 +125,10 @@ void AlsaSystem::openInput(std::size_t index)
 }
 
 /// Notes that sounded there when it was unplugged are ended first.
-void AlsaSystem::openOutput(std::size_t index)
+void DeviceSystem::openOutput(std::size_t index)
 {
     OutputPort& port = *ports.outputs()[index];
-    auto sink = index == SYNTHESIZER ? nullptr : devices->openSink(port.device);
+    auto sink = isSynthesizer(index) ? nullptr : devices->openSink(port.device);
     {
         const MutexLock lock(sending);
         sinks[index] = std::move(sink);
@@ -149,26 +141,26 @@ void AlsaSystem::openOutput(std::size_t index)
 
 // --- in
 
-void AlsaSystem::listen(InputReceiver& newReceiver)
+void DeviceSystem::listen(InputReceiver& newReceiver)
 {
     const MutexLock lock(receiving);
     receiver = &newReceiver;
 }
 
-void AlsaSystem::startClock(Clock& songClock)
+void DeviceSystem::startClock(Clock& songClock)
 {
     songClock.startOnThread();
     const MutexLock lock(receiving);
     clock = &songClock;
 }
 
-void AlsaSystem::stopListening()
+void DeviceSystem::stopListening()
 {
     const MutexLock lock(receiving);
     receiver = nullptr;
 }
 
-void AlsaSystem::receive(std::size_t input, const ShortMessage& message)
+void DeviceSystem::receive(std::size_t input, const ShortMessage& message)
 {
     InputPort& port = *ports.inputs()[input];
     if (!port.open.load(std::memory_order_relaxed)) return;
@@ -183,7 +175,7 @@ void AlsaSystem::receive(std::size_t input, const ShortMessage& message)
         receiver->post(event);
 }
 
-void AlsaSystem::enableInput(std::size_t index, bool enabled)
+void DeviceSystem::enableInput(std::size_t index, bool enabled)
 {
     InputPort& port = *ports.inputs()[index];
     port.enabled = enabled;
@@ -194,14 +186,14 @@ void AlsaSystem::enableInput(std::size_t index, bool enabled)
         removeInput(index);
 }
 
-void AlsaSystem::connect(const std::string&, const std::string&)
+void DeviceSystem::connect(const std::string&, const std::string&)
 {
     throw std::runtime_error("there is no JACK server");
 }
 
 // --- out
 
-void AlsaSystem::enableOutput(std::size_t index, bool enabled)
+void DeviceSystem::enableOutput(std::size_t index, bool enabled)
 {
     OutputPort& port = *ports.outputs()[index];
     port.enabled = enabled;
@@ -215,7 +207,7 @@ void AlsaSystem::enableOutput(std::size_t index, bool enabled)
     removeOutput(index);
 }
 
-void AlsaSystem::runSender()
+void DeviceSystem::runSender()
 {
     requestRealTimePriority(RealTimeStep::backend);
     while (!stopping.load()) {
@@ -224,7 +216,7 @@ void AlsaSystem::runSender()
     }
 }
 
-void AlsaSystem::deliverAll()
+void DeviceSystem::deliverAll()
 {
     const MutexLock lock(sending);
     for (std::size_t index = 0; index < ports.outputs().size(); ++index) {
@@ -234,18 +226,20 @@ void AlsaSystem::deliverAll()
             if (sink != nullptr)
                 sink->send(message);
             else
-                soundCard->play(message);
+                soundOutput->play(message);
             return true;
         });
     }
 }
 
-bool AlsaSystem::isOpen(std::size_t output) const
+bool DeviceSystem::isSynthesizer(std::size_t output) const { return openSoundOutput && output == SYNTHESIZER; }
+
+bool DeviceSystem::isOpen(std::size_t output) const
 {
-    return output == SYNTHESIZER ? soundCard != nullptr : sinks[output] != nullptr;
+    return isSynthesizer(output) ? soundOutput != nullptr : sinks[output] != nullptr;
 }
 
-void AlsaSystem::waitUntilClosed(std::size_t first, std::size_t end)
+void DeviceSystem::waitUntilClosed(std::size_t first, std::size_t end)
 {
     const auto isClosing = [&](std::size_t index) {
         const MutexLock lock(sending);
@@ -260,7 +254,7 @@ void AlsaSystem::waitUntilClosed(std::size_t first, std::size_t end)
     }
 }
 
-void AlsaSystem::close()
+void DeviceSystem::close()
 {
     if (!sender.isStarted()) return;
     stopListening();
@@ -274,6 +268,6 @@ void AlsaSystem::close()
         for (auto& sink : sinks) sink.reset();
     }
     for (auto& source : sources) source.reset();
-    soundCard.reset();
+    soundOutput.reset();
 }
 }  // namespace Host

@@ -6,25 +6,27 @@
 #include <memory>
 #include <string>
 
-#include "host/alsa/MidiDevices.h"
+#include "host/devices/MidiDevices.h"
 #include "host/devices/MidiSystem.h"
-#include "host/synthesizer/SoundCard.h"
+#include "host/synthesizer/SoundOutput.h"
 #include "platform/Event.h"
 #include "platform/Mutex.h"
 #include "platform/Thread.h"
 
 namespace Host
 {
-/// The host without a graph: the devices of the ALSA sequencer, two virtual ports that the user connects ("Orvane In",
-/// "Orvane Out"), and the built-in synthesizer on the system's sound output. The sequencer, the sound output or both
-/// may be missing. A thread of its own sends, so that the clock never waits for a device.
-class AlsaSystem final : public MidiSystem
+/// The host without a graph: the devices of the machine, two virtual ports that the user connects ("Orvane In", "Orvane
+/// Out") where there are such ports, and the built-in synthesizer on the system's sound output. The devices, the sound
+/// output or both may be missing. A thread of its own sends, so that the clock never waits for a device.
+class DeviceSystem final : public MidiSystem
 {
 public:
-    AlsaSystem(std::unique_ptr<MidiDevices> allDevices, Ports& allPorts, const Sound& first = {});
-    ~AlsaSystem() override;
+    /// Without `openSound` there is no built-in synthesizer, and the devices have the numbers from 0.
+    DeviceSystem(std::unique_ptr<MidiDevices> allDevices, Ports& allPorts, OpenSoundOutput openSound,
+                 const Sound& first = {});
+    ~DeviceSystem() override;
 
-    std::string name() const override { return devices->isAvailable() ? "ALSA" : "none"; }
+    std::string name() const override { return devices->isAvailable() ? devices->name() : "none"; }
     std::string description() const override;
     std::string trouble() const override;
     void listen(InputReceiver& newReceiver) override;
@@ -39,7 +41,7 @@ public:
     void close() override;
 
 private:
-    void addSynthesizer();
+    void addSynthesizer(const Sound& first);
     bool updateDevices();
     void addInput(std::size_t index);
     void removeInput(std::size_t index);
@@ -50,13 +52,14 @@ private:
     void receive(std::size_t input, const ShortMessage& message);
     void runSender();
     void deliverAll();
+    bool isSynthesizer(std::size_t output) const;
     bool isOpen(std::size_t output) const REQUIRES(sending);
     void waitUntilClosed(std::size_t firstOutput, std::size_t endOutput);
 
     Ports& ports;
     const std::unique_ptr<MidiDevices> devices;
-    Sound sound;
-    std::unique_ptr<SoundCard> soundCard;  // null if no sound output opens
+    const OpenSoundOutput openSoundOutput;
+    std::unique_ptr<SoundOutput> soundOutput;  // null if none opens
     std::array<std::unique_ptr<MidiSource>, Ports::MOST> sources;
 
     // Shared by the sender and the control thread; the synthesizer, output 0, has no sink

@@ -32,8 +32,16 @@ class MidiDevices
 public:
     virtual ~MidiDevices() = default;
 
-    /// False if this machine has no MIDI system.
+    /// The MIDI system, in a word and in a sentence for the user: "ALSA", "the ALSA sequencer".
+    virtual std::string name() const = 0;
+    virtual std::string description() const = 0;
+
+    /// False if this machine has no MIDI system. Then `whyUnavailable` is a sentence for the user.
     virtual bool isAvailable() const = 0;
+    virtual std::string whyUnavailable() const { return {}; }
+
+    /// Whether programs can have ports of their own, to which others connect.
+    virtual bool hasVirtualPorts() const = 0;
 
     /// True if devices may have been plugged in or unplugged since the last call. Cheap.
     virtual bool haveChanged() = 0;

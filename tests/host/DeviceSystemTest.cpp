@@ -1,4 +1,4 @@
-#include "host/alsa/AlsaSystem.h"
+#include "host/devices/DeviceSystem.h"
 
 #include <gtest/gtest.h>
 
@@ -22,12 +22,12 @@ using Testing::FakeDevices;
 struct Rig {
     Ports ports;
     FakeDevices& devices = *new FakeDevices;
-    std::unique_ptr<AlsaSystem> system;
+    std::unique_ptr<DeviceSystem> system;
 
     Rig()
     {
         devices.devices.push_back({"24:0", "Piano"});
-        system = std::make_unique<AlsaSystem>(std::unique_ptr<MidiDevices>(&devices), ports);
+        system = std::make_unique<DeviceSystem>(std::unique_ptr<MidiDevices>(&devices), ports, nullptr);
     }
     /// Whether that changed the ports.
     bool plug(const MidiDevice& device)
@@ -43,7 +43,7 @@ struct Rig {
         return system->refresh();
     }
     bool isOpen(const std::string& name) const { return devices.openSources.contains(name); }
-    OutputPort& piano() { return *ports.outputs()[2]; }
+    OutputPort& piano() { return *ports.outputs()[1]; }
     /// Plays and waits until the sender has sent it.
     void play(const ShortMessage& message)
     {
@@ -55,7 +55,7 @@ struct Rig {
 };
 }  // namespace
 
-TEST(AlsaSystem, UpdatesThePortsToDevicesThatArePluggedInAndUnplugged)
+TEST(DeviceSystem, UpdatesThePortsToDevicesThatArePluggedInAndUnplugged)
 {
     Rig rig;
     EXPECT_EQ(rig.piano().name, "Piano");
@@ -82,7 +82,7 @@ TEST(AlsaSystem, UpdatesThePortsToDevicesThatArePluggedInAndUnplugged)
     EXPECT_EQ(receiver.posted, (std::vector<int>{1, 2})) << "each with its old number";
 }
 
-TEST(AlsaSystem, SendsTheMissingNoteOffsToADeviceThatIsPluggedInAgain)
+TEST(DeviceSystem, SendsTheMissingNoteOffsToADeviceThatIsPluggedInAgain)
 {
     Rig rig;
     rig.play(on(60));
@@ -95,7 +95,7 @@ TEST(AlsaSystem, SendsTheMissingNoteOffsToADeviceThatIsPluggedInAgain)
     EXPECT_EQ(rig.devices.received["Piano"], (Messages{on(60), off(60), on(60), off(60)}));
 }
 
-TEST(AlsaSystem, ADisabledDeviceStaysClosedWhenItIsPluggedInAgain)
+TEST(DeviceSystem, ADisabledDeviceStaysClosedWhenItIsPluggedInAgain)
 {
     Rig rig;
     rig.system->enableInput(1, false);
