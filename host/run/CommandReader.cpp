@@ -1,11 +1,6 @@
 #include "host/run/CommandReader.h"
 
-#include <poll.h>
-#include <sys/eventfd.h>
-#include <unistd.h>
-
 #include <array>
-#include <cerrno>
 
 #include "host/common/InputError.h"
 #include "host/performance/CommandParser.h"
@@ -18,42 +13,26 @@ namespace
 constexpr std::size_t LONGEST_LINE = 65536;
 }  // namespace
 
-CommandReader::CommandReader(int from, std::string inputName, Execute executeCommand, Report reportLine)
-    : input(from),
+CommandReader::CommandReader(int fileDescriptor, std::string inputName, Execute executeCommand, Report reportLine)
+    : input(fileDescriptor),
       name(std::move(inputName)),
       execute(std::move(executeCommand)),
-      report(std::move(reportLine)),
-      stopEvent(eventfd(0, EFD_CLOEXEC))
+      report(std::move(reportLine))
 {
     thread.start("orvane commands", [this] { run(); });
 }
 
 CommandReader::~CommandReader()
 {
-    eventfd_write(stopEvent, 1);
+    input.interrupt();
     thread.join();
-    ::close(stopEvent);
 }
 
 void CommandReader::run()
 {
     std::array<char, 4096> bytes;
-    while (waitForInput()) {
-        const ssize_t size = ::read(input, bytes.data(), bytes.size());
-        if (size < 0 && errno == EINTR) continue;
-        if (size <= 0) break;
-        addBytes({bytes.data(), static_cast<std::size_t>(size)});
-    }
+    while (const std::size_t size = input.read(bytes)) addBytes({bytes.data(), size});
     if (!line.empty()) parseLine();
-}
-
-/// False once the destructor runs.
-bool CommandReader::waitForInput() const
-{
-    std::array<pollfd, 2> waited{{{stopEvent, POLLIN, 0}, {input, POLLIN, 0}}};
-    while (::poll(waited.data(), waited.size(), -1) < 0)
-        if (errno != EINTR) return false;
-    return waited[0].revents == 0;
 }
 
 void CommandReader::addBytes(std::string_view bytes)

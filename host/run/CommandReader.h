@@ -6,6 +6,7 @@
 
 #include "host/common/Report.h"
 #include "host/performance/PerformanceCommand.h"
+#include "host/terminal/InputStream.h"
 #include "platform/Thread.h"
 
 namespace Host
@@ -18,7 +19,7 @@ public:
     using Execute = std::function<void(const Command&)>;
 
     /// `name` stands before the line number in reports: "standard input:3: ...".
-    CommandReader(int input, std::string name, Execute executeCommand, Report reportLine);
+    CommandReader(int fileDescriptor, std::string name, Execute executeCommand, Report reportLine);
 
     /// Waits until a command that is being executed is done; unread input stays unread.
     ~CommandReader();
@@ -28,15 +29,13 @@ public:
 
 private:
     void run();
-    bool waitForInput() const;
     void addBytes(std::string_view bytes);
     void parseLine();
 
-    const int input;
+    InputStream input;
     const std::string name;
     const Execute execute;
     const Report report;
-    int stopEvent;
 
     // The thread's
     std::string line;

@@ -1,7 +1,5 @@
 #include "host/run/Run.h"
 
-#include <unistd.h>
-
 #include <iostream>
 #include <memory>
 
@@ -19,16 +17,18 @@ namespace Host
 {
 namespace
 {
+constexpr int STANDARD_INPUT = 0;
+
 void playFromKeys(ProcessSignals& signals, LiveHost& host)
 {
-    const TerminalKeyboard keyboard(STDIN_FILENO, [&](const Command& command) { host.getPlay().execute(command); });
+    const TerminalKeyboard keyboard(STANDARD_INPUT, [&](const Command& command) { host.getPlay().execute(command); });
     host.playUntil([&] { return signals.isEndRequested(); });
 }
 
 void playFromCommands(ProcessSignals& signals, LiveHost& host)
 {
     const CommandReader reader(
-        STDIN_FILENO, "standard input", [&](const Command& command) { host.getPlay().execute(command); },
+        STANDARD_INPUT, "standard input", [&](const Command& command) { host.getPlay().execute(command); },
         reportOnStandardError);
     host.playUntil([&] { return signals.isEndRequested(); });
 }
@@ -39,7 +39,7 @@ int run(const RunOptions& options, const std::function<int()>& otherwise)
     checkRunOptions(options);
     Event event;
     ProcessSignals signals(event);
-    const auto terminal = options.keys ? std::make_unique<RawTerminal>(STDIN_FILENO) : nullptr;
+    const auto terminal = options.keys ? std::make_unique<RawTerminal>(STANDARD_INPUT) : nullptr;
     LiveHost host(options, signals, event, reportOnStandardError);
     if (!host.hasOutput()) {
         if (otherwise) return otherwise();

@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "host/terminal/OutputStream.h"
 #include "platform/Mutex.h"
 
 namespace Host
@@ -16,7 +17,6 @@ class LineOutput
 public:
     /// The descriptor stays open and belongs to the caller.
     explicit LineOutput(int fileDescriptor);
-    ~LineOutput();
 
     LineOutput(const LineOutput&) = delete;
     LineOutput& operator=(const LineOutput&) = delete;
@@ -25,13 +25,8 @@ public:
     void write(std::string_view text) EXCLUDES(lock);
 
 private:
-    bool isWritable(int patience) const;
-    bool writeAll(std::string& text) const;
-
-    const int ownFile;  // another opening of the same pipe or terminal, which never blocks; -1 for none
-    const int file;
-
     Mutex lock;
+    OutputStream stream GUARDED_BY(lock);
     std::string unfinished GUARDED_BY(lock);
     std::uint64_t leftOut GUARDED_BY(lock) = 0;
     bool isStalled GUARDED_BY(lock) = false;

@@ -1,12 +1,10 @@
 #include "host/terminal/StatusLine.h"
 
-#include <sys/ioctl.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <atomic>
 
 #include "host/terminal/LineOutput.h"
+#include "host/terminal/TerminalWidth.h"
 
 namespace Host
 {
@@ -16,16 +14,8 @@ namespace
 {
 constexpr auto PAUSE = 1s;
 constexpr const char* ERASE_TO_THE_END = "\x1b[K";
-constexpr std::size_t USUAL_WIDTH = 80;
 
 std::atomic<bool> isShown{false};
-
-std::size_t terminalWidth()
-{
-    winsize size{};
-    const bool known = ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0;
-    return known ? size.ws_col : USUAL_WIDTH;
-}
 
 /// Cut to so many bytes, never within a character.
 std::string cut(std::string text, std::size_t longest)
@@ -36,7 +26,7 @@ std::string cut(std::string text, std::size_t longest)
 }
 }  // namespace
 
-StatusLine::StatusLine() : onTerminal(isatty(STDOUT_FILENO) == 1), next(std::chrono::steady_clock::now() + PAUSE) {}
+StatusLine::StatusLine() : next(std::chrono::steady_clock::now() + PAUSE) {}
 
 StatusLine::~StatusLine()
 {
@@ -54,9 +44,9 @@ bool StatusLine::isDue()
 // The cursor stays at the start of the line, so that the next output replaces it.
 void StatusLine::show(const std::string& line)
 {
-    if (onTerminal) {
+    if (const auto width = terminalWidth()) {
         isShown.store(true);
-        standardOutput().write(cut(line, terminalWidth() - 1) + ERASE_TO_THE_END + "\r");
+        standardOutput().write(cut(line, *width - 1) + ERASE_TO_THE_END + "\r");
     } else {
         standardOutput().write(line + "\n");
     }

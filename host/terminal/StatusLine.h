@@ -28,7 +28,6 @@ public:
     static const char* eraser();
 
 private:
-    const bool onTerminal;
     std::chrono::steady_clock::time_point next;
 };
 }  // namespace Host

@@ -1,13 +1,9 @@
 #pragma once
 
-#include <chrono>
 #include <functional>
-#include <optional>
+#include <memory>
 
 #include "host/performance/PerformanceCommand.h"
-#include "host/terminal/HeldKey.h"
-#include "host/terminal/TerminalKeyParser.h"
-#include "platform/Thread.h"
 
 namespace Host
 {
@@ -18,7 +14,8 @@ class TerminalKeyboard
 public:
     using Execute = std::function<void(const Command&)>;
 
-    TerminalKeyboard(int input, Execute execute);
+    /// The descriptor stays open and belongs to the caller.
+    TerminalKeyboard(int fileDescriptor, Execute execute);
 
     /// Releases the key that is held.
     ~TerminalKeyboard();
@@ -27,22 +24,7 @@ public:
     TerminalKeyboard& operator=(const TerminalKeyboard&) = delete;
 
 private:
-    using Time = HeldKey::Time;
-
-    void run();
-    std::optional<short> waitForInput() const;
-    std::optional<Time> nextTime() const;
-    bool read(short events);
-    void send(const std::vector<Key>& keys);
-
-    const int input;
-    int stopEvent;
-
-    // The thread's
-    HeldKey held;
-    TerminalKeyParser parser;
-    Time lastByte;
-
-    Thread thread;
+    class Reader;
+    const std::unique_ptr<Reader> reader;
 };
 }  // namespace Host

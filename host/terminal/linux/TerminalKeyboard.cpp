@@ -7,6 +7,12 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <chrono>
+#include <optional>
+
+#include "host/terminal/HeldKey.h"
+#include "host/terminal/TerminalKeyParser.h"
+#include "platform/Thread.h"
 
 namespace Host
 {
@@ -20,22 +26,52 @@ constexpr auto LONGEST_PAUSE_IN_A_SEQUENCE = 50ms;
 constexpr auto IN_THE_BACKGROUND = 100ms;
 }  // namespace
 
-TerminalKeyboard::TerminalKeyboard(int from, Execute execute)
-    : input(from),
-      stopEvent(eventfd(0, EFD_CLOEXEC)),
-      held([run = std::move(execute)](const KeyCommand& command) { run(command); })
+class TerminalKeyboard::Reader
 {
-    thread.start("orvane keys", [this] { run(); });
+public:
+    Reader(int from, Execute execute)
+        : input(from),
+          stopEvent(eventfd(0, EFD_CLOEXEC)),
+          held([run = std::move(execute)](const KeyCommand& command) { run(command); })
+    {
+        thread.start("orvane keys", [this] { run(); });
+    }
+
+    ~Reader()
+    {
+        eventfd_write(stopEvent, 1);
+        thread.join();
+        ::close(stopEvent);
+    }
+
+private:
+    using Time = HeldKey::Time;
+
+    void run();
+    std::optional<short> waitForInput() const;
+    std::optional<Time> nextTime() const;
+    bool read(short events);
+    void send(const std::vector<Key>& keys);
+
+    const int input;
+    const int stopEvent;
+
+    // The thread's
+    HeldKey held;
+    TerminalKeyParser parser;
+    Time lastByte;
+
+    Thread thread;
+};
+
+TerminalKeyboard::TerminalKeyboard(int fileDescriptor, Execute execute)
+    : reader(std::make_unique<Reader>(fileDescriptor, std::move(execute)))
+{
 }
 
-TerminalKeyboard::~TerminalKeyboard()
-{
-    eventfd_write(stopEvent, 1);
-    thread.join();
-    ::close(stopEvent);
-}
+TerminalKeyboard::~TerminalKeyboard() = default;
 
-void TerminalKeyboard::run()
+void TerminalKeyboard::Reader::run()
 {
     while (const auto events = waitForInput()) {
         if ((*events & POLLIN) != 0) {
@@ -51,7 +87,7 @@ void TerminalKeyboard::run()
 }
 
 /// The events of the input; none once the destructor runs.
-std::optional<short> TerminalKeyboard::waitForInput() const
+std::optional<short> TerminalKeyboard::Reader::waitForInput() const
 {
     std::array<pollfd, 2> waited{{{stopEvent, POLLIN, 0}, {input, POLLIN, 0}}};
     int timeout = -1;
@@ -66,7 +102,7 @@ std::optional<short> TerminalKeyboard::waitForInput() const
 }
 
 /// When there is something to do although no key arrives.
-std::optional<TerminalKeyboard::Time> TerminalKeyboard::nextTime() const
+std::optional<TerminalKeyboard::Reader::Time> TerminalKeyboard::Reader::nextTime() const
 {
     const auto end = held.getEnd();
     if (!parser.isWaiting()) return end;
@@ -75,7 +111,7 @@ std::optional<TerminalKeyboard::Time> TerminalKeyboard::nextTime() const
 }
 
 /// False at the end of the input.
-bool TerminalKeyboard::read(short events)
+bool TerminalKeyboard::Reader::read(short events)
 {
     std::array<char, 256> bytes;
     const ssize_t size = ::read(input, bytes.data(), bytes.size());
@@ -91,7 +127,7 @@ bool TerminalKeyboard::read(short events)
     return true;
 }
 
-void TerminalKeyboard::send(const std::vector<Key>& keys)
+void TerminalKeyboard::Reader::send(const std::vector<Key>& keys)
 {
     for (const Key& key : keys) held.receive(key, Clock::now());
 }
