@@ -180,13 +180,14 @@ void Clock::returnToGraph(std::int64_t rate)
 void Clock::run()
 {
     if (runsOnItsThread()) requestRealTimePriority(RealTimeStep::clock);
+    const TickTimer timer;
     while (!stopping.load()) {
         if (!runsOnItsThread())
             standBy();
         else if (graph.load() == Graph::returning)
             handBack();
         else
-            tick();
+            tick(timer);
     }
 }
 
@@ -233,11 +234,11 @@ void Clock::handBack()
     owner.transferTo(Owner::graph);
 }
 
-void Clock::tick()
+void Clock::tick(const TickTimer& timer)
 {
     if (!rest()) {
         nextTick += TICK;
-        std::this_thread::sleep_until(nextTick);
+        timer.sleepUntil(nextTick);
     }
     const Time now = std::chrono::steady_clock::now();
     if (now - nextTick > TICK) slices.noteLate(1);

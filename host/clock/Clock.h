@@ -12,6 +12,7 @@
 #include "host/clock/PulseClock.h"
 #include "host/clock/Slices.h"
 #include "host/clock/TempoController.h"
+#include "host/clock/TickTimer.h"
 #include "host/player/Player.h"
 #include "platform/Event.h"
 #include "platform/Thread.h"
@@ -112,7 +113,7 @@ private:
     void playInputs(PeriodInputs* inputs, std::uint32_t lastFrame);
     void setFrame(std::uint32_t frame);
     bool synchronise(Time now, std::uint32_t frames);
-    void tick();
+    void tick(const TickTimer& timer);
     bool tryRest() const;
     bool rest();
     int takeDuePulses(Time now);

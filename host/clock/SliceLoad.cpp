@@ -15,10 +15,10 @@ static_assert(SliceLoad::STEPS_PER_OCTAVE == 1u << STEP_BITS);
 std::size_t stepOf(std::uint64_t nanoseconds)
 {
     const auto width = static_cast<unsigned>(std::bit_width(nanoseconds));
-    if (width <= STEP_BITS) return nanoseconds;
+    if (width <= STEP_BITS) return static_cast<std::size_t>(nanoseconds);
     const unsigned octave = width - STEP_BITS;
     const std::uint64_t step = (nanoseconds >> (octave - 1)) & (SliceLoad::STEPS_PER_OCTAVE - 1);
-    return octave * SliceLoad::STEPS_PER_OCTAVE + step;
+    return octave * SliceLoad::STEPS_PER_OCTAVE + static_cast<std::size_t>(step);
 }
 
 /// The first number after a step.
