@@ -10,7 +10,8 @@
 namespace Host
 {
 /// The connection to the session manager that started this program. The protocol is that of the Non Session Manager,
-/// API 1.0: Open Sound Control over UDP. One object per process. See docs/behaviour/sessions.md.
+/// API 1.0: Open Sound Control over UDP. There is none on Windows. One object per process. See
+/// docs/behaviour/sessions.md.
 class SessionManager
 {
 public:
@@ -25,7 +26,8 @@ public:
     /// two are reported.
     static std::unique_ptr<SessionManager> announce(const Report& report);
 
-    ~SessionManager();
+    SessionManager() = default;
+    virtual ~SessionManager() = default;
 
     SessionManager(const SessionManager&) = delete;
     SessionManager& operator=(const SessionManager&) = delete;
@@ -33,20 +35,14 @@ public:
     const Opening& getOpening() const { return opening; }
 
     /// The replies to the requests to open and to save; `error` is empty if that was done. Any thread.
-    void replyOpened(const std::string& error);
-    void replySaved(const std::string& error);
+    virtual void replyOpened(const std::string& error) = 0;
+    virtual void replySaved(const std::string& error) = 0;
 
     /// From now on requests are received; each request to save calls `saveRequested` on a thread of this object.
-    void startReceiving(std::function<void()> saveRequested);
-    void stopReceiving();
+    virtual void startReceiving(std::function<void()> saveRequested) = 0;
+    virtual void stopReceiving() = 0;
 
-private:
-    struct Osc;
-
-    explicit SessionManager(std::unique_ptr<Osc> connection);
-    bool waitForSession(const Report& report);
-
-    std::unique_ptr<Osc> osc;
+protected:
     Opening opening;
 };
 }  // namespace Host

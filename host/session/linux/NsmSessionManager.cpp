@@ -45,17 +45,15 @@ using Address = std::unique_ptr<void, decltype(&lo_address_free)>;
 using Server = std::unique_ptr<void, decltype(&lo_server_free)>;
 
 bool speaksUdp(const Address& address) { return address && lo_address_get_protocol(address.get()) == LO_UDP; }
-}  // namespace
-
 /// Sends and receives. Messages are received one after the other, by `announce` until the session is open and then by
 /// the thread.
-struct SessionManager::Osc {
+struct Osc {
     Mutex sending{};
     Address manager GUARDED_BY(sending);
     Server server;  // messages are sent from its port, so that the replies arrive there
 
-    std::string refusal{};  // of the announcement
-    Opening opening{};      // empty before the request to open a session
+    std::string refusal{};              // of the announcement
+    SessionManager::Opening opening{};  // empty before the request to open a session
     std::function<void()> saveRequested{};
     const int stopEvent = eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
     Thread thread{};
@@ -114,7 +112,7 @@ struct SessionManager::Osc {
     }
 
     /// The program plays in one session for as long as it runs.
-    void handleOpening(Opening requested)
+    void handleOpening(SessionManager::Opening requested)
     {
         if (!opening.folder.empty())
             reply(OPEN, "Orvane plays in a session already", NOT_NOW);
@@ -139,6 +137,44 @@ struct SessionManager::Osc {
     }
 };
 
+class NsmSessionManager final : public SessionManager
+{
+public:
+    NsmSessionManager(Address manager, Server server) : osc(std::move(manager), std::move(server)) {}
+
+    /// False if no session was opened, which is reported.
+    bool waitForSession(const Report& report)
+    {
+        osc.announce();
+        const auto deadline = std::chrono::steady_clock::now() + LONGEST_WAIT_FOR_A_SESSION;
+        while (osc.opening.folder.empty()) {
+            const auto left =
+                std::chrono::duration_cast<std::chrono::milliseconds>(deadline - std::chrono::steady_clock::now());
+            if (!osc.refusal.empty())
+                return report(" refused Orvane, so the program does not belong to a session: " + osc.refusal), false;
+            if (left <= 0ms) return report(" does not answer, so the program does not belong to a session."), false;
+            lo_server_recv_noblock(osc.server.get(), static_cast<int>(left.count()));
+        }
+        opening = osc.opening;
+        return true;
+    }
+
+    void replyOpened(const std::string& error) override { osc.reply(OPEN, error); }
+    void replySaved(const std::string& error) override { osc.reply(SAVE, error); }
+
+    void startReceiving(std::function<void()> saveRequested) override
+    {
+        osc.saveRequested = std::move(saveRequested);
+        osc.thread.start("orvane session", [this] { osc.run(); });
+    }
+
+    void stopReceiving() override { osc.stop(); }
+
+private:
+    Osc osc;
+};
+}  // namespace
+
 std::unique_ptr<SessionManager> SessionManager::announce(const Report& report)
 {
     const char* url = std::getenv("NSM_URL");
@@ -150,41 +186,8 @@ std::unique_ptr<SessionManager> SessionManager::announce(const Report& report)
         report(here + " cannot be reached, so the program does not belong to a session.");
         return nullptr;
     }
-    std::unique_ptr<SessionManager> manager(
-        new SessionManager(std::make_unique<Osc>(std::move(address), std::move(server))));
-    return manager->waitForSession([&](const std::string& what) { report(here + what); }) ? std::move(manager)
-                                                                                          : nullptr;
+    auto manager = std::make_unique<NsmSessionManager>(std::move(address), std::move(server));
+    if (!manager->waitForSession([&](const std::string& what) { report(here + what); })) return nullptr;
+    return manager;
 }
-
-SessionManager::SessionManager(std::unique_ptr<Osc> connection) : osc(std::move(connection)) {}
-
-SessionManager::~SessionManager() = default;
-
-bool SessionManager::waitForSession(const Report& report)
-{
-    osc->announce();
-    const auto deadline = std::chrono::steady_clock::now() + LONGEST_WAIT_FOR_A_SESSION;
-    while (osc->opening.folder.empty()) {
-        const auto left =
-            std::chrono::duration_cast<std::chrono::milliseconds>(deadline - std::chrono::steady_clock::now());
-        if (!osc->refusal.empty())
-            return report(" refused Orvane, so the program does not belong to a session: " + osc->refusal), false;
-        if (left <= 0ms) return report(" does not answer, so the program does not belong to a session."), false;
-        lo_server_recv_noblock(osc->server.get(), static_cast<int>(left.count()));
-    }
-    opening = osc->opening;
-    return true;
-}
-
-void SessionManager::replyOpened(const std::string& error) { osc->reply(OPEN, error); }
-
-void SessionManager::replySaved(const std::string& error) { osc->reply(SAVE, error); }
-
-void SessionManager::startReceiving(std::function<void()> saveRequested)
-{
-    osc->saveRequested = std::move(saveRequested);
-    osc->thread.start("orvane session", [this] { osc->run(); });
-}
-
-void SessionManager::stopReceiving() { osc->stop(); }
 }  // namespace Host
