@@ -3,6 +3,7 @@
 #include <system_error>
 
 #include "api/OrvUtils.h"
+#include "host/common/ProgramFile.h"
 #include "platform/DbgStream.h"
 #include "platform/Path.h"
 
@@ -27,11 +28,7 @@ fs::path findContent(const fs::path& program)
     return isFolder(content / "Default") ? content : fs::path();
 }
 
-fs::path findContent()
-{
-    std::error_code none;
-    return findContent(fs::read_symlink("/proc/self/exe", none));
-}
+fs::path findContent() { return findContent(programFile()); }
 
 void installIfNeeded()
 {
