@@ -1,7 +1,5 @@
 #include "host/window/PlayThread.h"
 
-#include <unistd.h>
-
 #include <chrono>
 #include <cstdlib>
 #include <utility>
@@ -100,6 +98,6 @@ void PlayThread::reportStatus(LiveHost& host)
 void PlayThread::exitWithoutWindow()
 {
     report("The window does not respond, so the program ends without closing it. Every note was ended.");
-    _exit(FAILED);
+    std::_Exit(FAILED);
 }
 }  // namespace Host

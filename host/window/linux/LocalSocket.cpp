@@ -1,4 +1,4 @@
-#include "host/window/LocalSocket.h"
+#include "host/window/linux/LocalSocket.h"
 
 #include <sys/socket.h>
 #include <sys/stat.h>
@@ -7,6 +7,7 @@
 #include <unistd.h>
 
 #include <array>
+#include <utility>
 
 namespace Host
 {
@@ -66,7 +67,12 @@ LocalSocket::LocalSocket(int openFile) : file(openFile)
     ::setsockopt(file, SOL_SOCKET, SO_SNDTIMEO, &LONGEST_WAIT, sizeof LONGEST_WAIT);
 }
 
-LocalSocket::~LocalSocket() { ::close(file); }
+LocalSocket::LocalSocket(LocalSocket&& other) noexcept : file(std::exchange(other.file, -1)) {}
+
+LocalSocket::~LocalSocket()
+{
+    if (file >= 0) ::close(file);
+}
 
 bool LocalSocket::isOwnUsers() const
 {

@@ -5,8 +5,8 @@
 #include <cstdlib>
 #include <filesystem>
 
-#include "host/window/LocalSocket.h"
-#include "host/window/XServer.h"
+#include "host/window/linux/LocalSocket.h"
+#include "host/window/linux/XServer.h"
 
 namespace Host
 {

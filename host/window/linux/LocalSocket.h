@@ -19,6 +19,7 @@ public:
 
     static LocalSocket acceptFrom(int listeningSocket);
     static LocalSocket connectTo(const std::filesystem::path& path);
+    LocalSocket(LocalSocket&& other) noexcept;
     ~LocalSocket();
 
     LocalSocket(const LocalSocket&) = delete;
@@ -36,6 +37,6 @@ public:
 private:
     explicit LocalSocket(int openFile);
 
-    const int file;
+    int file;
 };
 }  // namespace Host

@@ -1,4 +1,4 @@
-#include "host/window/XServer.h"
+#include "host/window/linux/XServer.h"
 
 #include <X11/Xlib.h>
 
