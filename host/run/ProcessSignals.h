@@ -11,7 +11,8 @@ namespace Host
 /// - the terminal's stop signal (Ctrl+Z), unless it is ignored: the process is to be suspended.
 /// - user signal 1: the record is to be saved.
 ///
-/// A broken pipe and reading from the terminal in the background are ignored. One object per process, for the length of
+/// A broken pipe and reading from the terminal in the background are ignored. On Windows only the end can be requested:
+/// by Ctrl+C or Ctrl+Break, the closed console, the log-off and the shut-down. One object per process, for the length of
 /// `run`.
 class ProcessSignals
 {
