@@ -33,7 +33,7 @@ void note(RealTimeStep step, bool granted)
 /// The name for debuggers, where the system takes one (Windows 10).
 void nameThread(const std::string& name)
 {
-    using Set = HRESULT(WINAPI)(HANDLE, PCWSTR);
+    using Set = HRESULT WINAPI(HANDLE, PCWSTR);
     const auto set = reinterpret_cast<Set*>(
         reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"kernel32"), "SetThreadDescription")));
     if (set != nullptr) set(GetCurrentThread(), widen(name).c_str());
