@@ -20,7 +20,14 @@ public:
         do path = parent / ("orvane-test-" + std::to_string(random()));
         while (!create_directory(path));
     }
-    ~TemporaryFolder() { std::filesystem::remove_all(path); }
+    ~TemporaryFolder()
+    {
+        using std::filesystem::perms;
+        for (const auto& entry : std::filesystem::recursive_directory_iterator(path))  // Windows keeps read-only files
+            if (entry.symlink_status().type() == std::filesystem::file_type::regular)
+                permissions(entry.path(), perms::owner_write, std::filesystem::perm_options::add);
+        std::filesystem::remove_all(path);
+    }
     TemporaryFolder(const TemporaryFolder&) = delete;
     TemporaryFolder& operator=(const TemporaryFolder&) = delete;
 

@@ -60,12 +60,6 @@ BOOL WINAPI moveFile(LPCWSTR from, LPCWSTR to, DWORD flags)
     return fails("rename") ? failure(FALSE) : move(from, to, flags);
 }
 
-BOOL WINAPI replaceFile(LPCWSTR target, LPCWSTR by, LPCWSTR backup, DWORD flags, LPVOID exclude, LPVOID reserved)
-{
-    static const auto replace = real<decltype(ReplaceFileW)>("ReplaceFileW");
-    return fails("rename") ? failure(FALSE) : replace(target, by, backup, flags, exclude, reserved);
-}
-
 BOOL WINAPI removeFile(LPCWSTR path)
 {
     static const auto remove = real<decltype(DeleteFileW)>("DeleteFileW");
@@ -96,6 +90,5 @@ extern "C" {
 [[gnu::used]] decltype(&writeFile) pointerToWrite asm("__imp__WriteFile@20") = &writeFile;
 [[gnu::used]] decltype(&flushFile) pointerToFlush asm("__imp__FlushFileBuffers@4") = &flushFile;
 [[gnu::used]] decltype(&moveFile) pointerToMove asm("__imp__MoveFileExW@12") = &moveFile;
-[[gnu::used]] decltype(&replaceFile) pointerToReplace asm("__imp__ReplaceFileW@24") = &replaceFile;
 [[gnu::used]] decltype(&removeFile) pointerToRemove asm("__imp__DeleteFileW@4") = &removeFile;
 }
