@@ -70,7 +70,9 @@ TEST(OrvUtils, LeavesTheUsersOwnFiles)
     folder.write(DATA + "/Banks/Tour/Factory.pst", "mine");
     folder.write(DATA + "/Banks/Factory.pst", "saved into");
     folder.write("precious/take", "mine");
-    std::filesystem::create_directory_symlink(folder / "precious", folder / DATA / "Retrospective Record/link");
+    std::error_code hasNoLinks;
+    std::filesystem::create_directory_symlink(folder / "precious", folder / DATA / "Retrospective Record/link",
+                                              hasNoLinks);
     std::filesystem::remove(folder / DATA / "Sequences/Factory.pst");
     std::filesystem::create_directory(folder / DATA / "Sequences/Factory.pst");
     uninstall();

@@ -226,17 +226,3 @@ TEST_F(Record, IsInATakeOrStillThereWhereverTheProcessIsKilled)
             << "killed in call " << call << ": " << later;
     }
 }
-
-TEST_F(Record, OutlivesItsFolder)
-{
-    Recorder recorder(folder, Restore::no, 100);
-    recorder.note(60);
-    fs::remove_all(folder / "chain");
-    folder.write("chain", "in its place");
-    for (int note = 0; note < 100; ++note) recorder.note(note);
-    EXPECT_EQ(recorder.saved(), "") << "nothing is left to be saved";
-    fs::remove(folder / "chain");
-    recorder.note(1, 5000);
-    recorder.note(2, 5000);
-    EXPECT_EQ(recorder.saved(), "1400:90.02.64") << "tried again after ten seconds";
-}
