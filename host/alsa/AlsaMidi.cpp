@@ -1,7 +1,7 @@
 #include "host/alsa/AlsaMidi.h"
 
+#include <RtMidi.h>
 #include <alsa/asoundlib.h>
-#include <rtmidi/RtMidi.h>
 
 #include <cstdint>
 #include <utility>

@@ -1,6 +1,6 @@
 #include "host/rtmidi/RtMidiDevices.h"
 
-#include <rtmidi/RtMidi.h>
+#include <RtMidi.h>
 
 #include <algorithm>
 #include <utility>

@@ -1,6 +1,6 @@
 #include "host/winmm/WinmmMidi.h"
 
-#include <rtmidi/RtMidi.h>
+#include <RtMidi.h>
 #include <windows.h>
 
 #include <mmsystem.h>
