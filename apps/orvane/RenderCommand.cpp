@@ -6,6 +6,26 @@
 
 #include "host/common/InputError.h"
 #include "host/render/Render.h"
+#include "platform/Path.h"
+
+namespace
+{
+CLI::Option* addFile(CLI::App& command, const char* name, std::optional<std::filesystem::path>& file, const char* help)
+{
+    return command.add_option_function<std::string>(
+        name, [&file](const std::string& text) { file = pathOf(text); }, help);
+}
+
+CLI::Option* addFiles(CLI::App& command, const char* name, std::vector<std::filesystem::path>& files, const char* help)
+{
+    return command.add_option_function<std::vector<std::string>>(
+        name,
+        [&files](const std::vector<std::string>& texts) {
+            for (const std::string& text : texts) files.push_back(pathOf(text));
+        },
+        help);
+}
+}  // namespace
 
 void addRenderCommand(CLI::App& program)
 {
@@ -14,7 +34,7 @@ void addRenderCommand(CLI::App& program)
     const auto request = std::make_shared<Host::RenderRequest>();
     auto& settings = request->settings;
 
-    command->add_option("input", request->inputs, "Performance or MIDI files; several are played at the same time")
+    addFiles(*command, "input", request->inputs, "Performance or MIDI files; several are played at the same time")
         ->required()
         ->type_name("INPUT");
     command->add_option("--inputs", settings.inputs, "Number of MIDI inputs, 0 to 127")
@@ -31,10 +51,9 @@ void addRenderCommand(CLI::App& program)
     command->add_option("--tail", settings.tail, "How long to play on after the last command, in pulses, 0 to 90000000")
         ->check(CLI::Range(0, Host::OfflineLoop::LONGEST_TAIL))
         ->capture_default_str();
-    command
-        ->add_option("--load", settings.loads,
-                     "Load this program (.prg) or bank (.bnk) before the start; may be repeated, and the files are "
-                     "loaded in order")
+    addFiles(
+        *command, "--load", settings.loads,
+        "Load this program (.prg) or bank (.bnk) before the start; may be repeated, and the files are loaded in order")
         ->type_name("FILE")
         ->take_all()
         ->allow_extra_args(false);
@@ -50,9 +69,8 @@ void addRenderCommand(CLI::App& program)
         ->capture_default_str();
     command->add_flag("--live-input", settings.liveInput,
                       "Play events of MIDI inputs at once where they need no function, as live playing does");
-    command
-        ->add_option("--data", settings.data,
-                     "Use this data folder, which is kept; by default a temporary one with the factory content")
+    addFile(*command, "--data", settings.data,
+            "Use this data folder, which is kept; by default a temporary one with the factory content")
         ->type_name("DIR");
     command
         ->add_option("--set", settings.choices,
@@ -60,12 +78,12 @@ void addRenderCommand(CLI::App& program)
         ->type_name("NAME=VALUE")
         ->take_all()
         ->allow_extra_args(false);
-    command->add_option("--events", request->events, "Write the list of events that were played; - is standard output")
+    addFile(*command, "--events", request->events, "Write the list of events that were played; - is standard output")
         ->type_name("FILE");
-    command->add_option("--mid", request->mid, "Write the events to a Standard MIDI File")->type_name("FILE");
-    command->add_option("--wav", request->wav, "Write the sound of the built-in synthesizer to a WAV file")
+    addFile(*command, "--mid", request->mid, "Write the events to a Standard MIDI File")->type_name("FILE");
+    addFile(*command, "--wav", request->wav, "Write the sound of the built-in synthesizer to a WAV file")
         ->type_name("FILE");
-    command->add_option("--display", request->display, "Write the text that the display screen shows at the end")
+    addFile(*command, "--display", request->display, "Write the text that the display screen shows at the end")
         ->type_name("FILE");
 
     command->callback([request] { Host::render(*request); });

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "host/common/InputError.h"
+#include "platform/Path.h"
 #include "platform/Utf8.h"
 
 namespace Host
@@ -70,7 +71,7 @@ std::string_view PerformanceLine::rest(std::string_view name)
     return std::exchange(text, {});
 }
 
-std::filesystem::path PerformanceLine::file(std::string_view name) const { return folder / std::string(name); }
+std::filesystem::path PerformanceLine::file(std::string_view name) const { return folder / pathOf(name); }
 
 int PerformanceLine::number(std::string_view name, int lowest, int highest)
 {

@@ -1,6 +1,7 @@
 #include "host/render/RenderFolders.h"
 
-#include <cstdlib>
+#include <random>
+#include <string>
 #include <system_error>
 
 #include "api/OrvUtils.h"
@@ -45,10 +46,14 @@ void writeSettings(const std::vector<std::string>& choices)
 
 RenderFolders::Temporary::Temporary()
 {
-    std::error_code none;
-    std::string pattern = (fs::temp_directory_path(none) / "orvane-render-XXXXXX").string();
-    if (::mkdtemp(pattern.data()) == nullptr) throwIf(pattern, {errno, std::generic_category()});
-    path = pattern;
+    std::error_code error;
+    const fs::path parent = fs::temp_directory_path(error);
+    throwIf(parent, error);
+    std::random_device random;
+    do {
+        path = parent / ("orvane-render-" + std::to_string(random()));
+    } while (!fs::create_directory(path, error) && !error);  // the name is taken
+    throwIf(path, error);
 }
 
 RenderFolders::Temporary::~Temporary()

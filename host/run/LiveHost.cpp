@@ -13,6 +13,8 @@
 #include "host/run/Run.h"
 #include "host/system/ClientName.h"
 #include "host/system/OpenMidiSystem.h"
+#include "platform/Clock.h"
+#include "platform/Path.h"
 
 namespace Host
 {
@@ -23,20 +25,18 @@ constexpr auto SERVE_INTERVAL = std::chrono::milliseconds(100);
 /// A file stem in the current folder that contains date and time.
 std::string recordStem()
 {
-    const std::time_t now = std::time(nullptr);
-    std::tm local{};
-    localtime_r(&now, &local);
+    const std::tm local = localTime(std::time(nullptr));
     char name[40];
     std::strftime(name, sizeof name, "record %Y-%m-%d %H.%M.%S", &local);
     std::error_code none;
-    return (std::filesystem::current_path(none) / name).string();
+    return textOf(std::filesystem::current_path(none) / name);
 }
 
 Sound soundOf(const Backend::HostSettings& settings)
 {
     return {.volume = settings.volume,
             .reverb = settings.reverb,
-            .soundFont = settings.soundFont,
+            .soundFont = pathOf(settings.soundFont),
             .connects = settings.connectsSound};
 }
 

@@ -6,6 +6,7 @@
 #include "host/common/InputError.h"
 #include "host/system/ClientName.h"
 #include "host/terminal/StandardError.h"
+#include "platform/Path.h"
 
 namespace Host
 {
@@ -14,7 +15,7 @@ namespace
 /// Throws InputError unless every file can be loaded and the last bank has a program of that number.
 void checkSetup(const Setup& setup)
 {
-    for (const std::string& file : setup.loads) checkSetupFile(file);
+    for (const std::string& file : setup.loads) checkSetupFile(pathOf(file));
     const auto bank = std::find_if(setup.loads.rbegin(), setup.loads.rend(),
                                    [](const std::string& file) { return file.ends_with(".bnk"); });
     if (bank == setup.loads.rend()) return;

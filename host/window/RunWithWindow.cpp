@@ -60,7 +60,7 @@ bool isNothingButFiles(const RunOptions& options)
 
 std::vector<std::string> absolutePaths(std::vector<std::string> files)
 {
-    for (std::string& file : files) file = std::filesystem::absolute(file).string();
+    for (std::string& file : files) file = textOf(std::filesystem::absolute(pathOf(file)));
     return files;
 }
 
