@@ -1,10 +1,11 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <exception>
-#include <iostream>
+#include <utility>
 
 #include "apps/orvane/Open.h"
 #include "apps/orvane/PortsCommand.h"
+#include "apps/orvane/Program.h"
 #include "apps/orvane/RenderCommand.h"
 #include "apps/orvane/RunCommand.h"
 #include "host/common/InputError.h"
@@ -19,12 +20,12 @@ constexpr std::size_t THREAD_STACK = 1024 * 1024;  // of which a thread touches 
 int reportError(std::string line, int exitStatus)
 {
     std::ranges::replace(line, '\n', ' ');
-    std::cerr << "orvane: " + line + "\n";
+    showError("orvane: " + line);
     return exitStatus;
 }
 
 /// Executes the command line. Returns the exit status.
-int execute(int argc, char** argv)
+int execute(std::vector<std::string> arguments)
 {
     CLI::App program(
         "Orvane plays MIDI live: from MIDI devices, computer keys and joysticks through layers to MIDI outputs.",
@@ -37,7 +38,8 @@ int execute(int argc, char** argv)
     addPortsCommand(program, exitStatus);
     addRenderCommand(program);
     try {
-        program.parse(argc, argv);
+        std::ranges::reverse(arguments);  // as the parser takes them
+        program.parse(std::move(arguments));
     } catch (const CLI::Success& asked) {
         return program.exit(asked);
     }
@@ -45,11 +47,11 @@ int execute(int argc, char** argv)
 }
 }  // namespace
 
-int main(int argc, char** argv)
+int runProgram(std::vector<std::string> arguments)
 {
     setThreadStack(THREAD_STACK);
     try {
-        return execute(argc, argv);
+        return execute(std::move(arguments));
     } catch (const Host::InputError& error) {
         return reportError(error.what(), INVALID_INPUT);
     } catch (const CLI::ParseError& error) {
