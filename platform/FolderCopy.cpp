@@ -1,4 +1,5 @@
 #include "platform/FolderCopy.h"
+#include "platform/Path.h"
 
 #include <system_error>
 
@@ -11,7 +12,7 @@ namespace fs = std::filesystem;
 
 void report(const fs::path& path, const std::error_code& error)
 {
-    if (error) WindowsLib::DbgStream() << path.string() << ": not copied: " << error.message();
+    if (error) WindowsLib::DbgStream() << textOf(path) << ": not copied: " << error.message();
 }
 
 bool isThere(const fs::path& path)
@@ -56,7 +57,7 @@ void copyContent(const fs::path& from, const fs::path& to)
         else if (entry->is_regular_file(none))
             copyFile(entry->path(), target);
         else
-            WindowsLib::DbgStream() << entry->path().string() << ": not copied: neither a file nor a folder";
+            WindowsLib::DbgStream() << textOf(entry->path()) << ": not copied: neither a file nor a folder";
     }
     report(from, error);
 }

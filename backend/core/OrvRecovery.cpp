@@ -87,7 +87,7 @@ bool Orv::restoreFile(const RecoveryFile& file, const RecoveryPlan& plan)
 void Orv::reportRecovery(RecoveryResult result, const fs::path& path)
 {
     if (result != RecoveryResult::restored)
-        WindowsLib::DbgStream() << path.string() << ": nothing was restored from there";
+        WindowsLib::DbgStream() << ::textOf(path) << ": nothing was restored from there";
     recoveryResult = result;
     recoveryPath = ::textOf(path);
     notifyGui(GuiMessage::RECOVERY, recoveryResult, recoveryPath);

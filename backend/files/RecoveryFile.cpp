@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "platform/DbgStream.h"
+#include "platform/Path.h"
 #include "platform/WholeFile.h"
 
 namespace Backend
@@ -53,7 +54,7 @@ std::optional<std::string> RecoveryFile::read() const
 {
     std::vector<std::uint8_t> bytes;
     const auto error = WholeFile::read(path, LARGEST_RECOVERY, bytes);
-    if (error) DbgStream() << path.string() << ": cannot be read: " << error.message();
+    if (error) DbgStream() << textOf(path) << ": cannot be read: " << error.message();
     return error ? std::nullopt : std::optional(std::string(bytes.begin(), bytes.end()));
 }
 
@@ -67,7 +68,7 @@ fs::path RecoveryFile::moveAside(const char* appended) const
         aside += appended + ("-" + std::to_string(twin));
     }
     fs::rename(path, aside, error);
-    DbgStream() << path.string() << ": "
+    DbgStream() << textOf(path) << ": "
                 << (error ? "cannot be renamed: " + error.message() : "kept as " + aside.string());
     return error ? path : aside;
 }
@@ -98,7 +99,7 @@ void RecoveryFile::remove()
     stop();
     std::error_code error;
     fs::remove(path, error);
-    if (error) DbgStream() << path.string() << ": cannot be removed: " << error.message();
+    if (error) DbgStream() << textOf(path) << ": cannot be removed: " << error.message();
 }
 
 void RecoveryFile::stop()
@@ -120,7 +121,7 @@ void RecoveryFile::run(const std::function<void()>& request)
         if (text) try {
                 replace(text());
             } catch (const std::exception& failure) {
-                DbgStream() << path.string() << ": " << failure.what();
+                DbgStream() << textOf(path) << ": " << failure.what();
             }
         else if (isChanged.exchange(false)) {
             waitBeforeRequest();
@@ -146,7 +147,7 @@ void RecoveryFile::replace(const std::string& text)
     const bool isNew = error && !hasFailed;
     hasFailed = static_cast<bool>(error);
     if (!isNew) return;
-    DbgStream() << path.string() << ": not written: " << error.message();
+    DbgStream() << textOf(path) << ": not written: " << error.message();
     reportFailure();
 }
 }  // namespace Backend

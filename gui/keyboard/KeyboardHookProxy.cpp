@@ -5,13 +5,14 @@
 #include "keyboardhook/KeyboardHook.h"
 #include "platform/DbgStream.h"
 #include "platform/Module.h"
+#include "platform/Path.h"
 
 namespace Gui
 {
 KeyboardHookProxy::KeyboardHookProxy(const std::string& folder)
 {
     const auto path = std::filesystem::path(folder) / getLibraryFileName("KeyboardHook_32");
-    library = openLibrary(path.string(), reason);
+    library = openLibrary(textOf(path), reason);
     if (library != nullptr) {
         find<decltype(::setWindowHandle)>(setWindowHandle, "setWindowHandle");
         find<decltype(::setEnabled)>(setEnabled, "setEnabled");
