@@ -144,14 +144,6 @@ void syncFolderOf(const fs::path& target)
 }
 }  // namespace
 
-StagedFile::StagedFile(StagedFile&& other) noexcept
-    : target(std::move(other.target)),
-      temporary(std::exchange(other.temporary, {})),
-      stream(std::move(other.stream)),
-      streamBytes(std::move(other.streamBytes))
-{
-}
-
 StagedFile::~StagedFile()
 {
     if (!temporary.empty()) ::unlink(temporary.c_str());
@@ -204,14 +196,6 @@ std::error_code read(const fs::path& path, std::size_t largest, std::vector<std:
         }
         if (size > largest) return std::make_error_code(std::errc::file_too_large);
     }
-}
-
-std::error_code replace(const fs::path& path, std::string_view text, Pace pace)
-{
-    StagedFile file;
-    if (auto error = file.stage(path, {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()}, pace))
-        return error;
-    return file.commit();
 }
 
 fs::path temporaryBeside(const fs::path& target)

@@ -141,14 +141,6 @@ std::error_code moveOver(const fs::path& temporary, const fs::path& target)
 }
 }  // namespace
 
-StagedFile::StagedFile(StagedFile&& other) noexcept
-    : target(std::move(other.target)),
-      temporary(std::exchange(other.temporary, {})),
-      stream(std::move(other.stream)),
-      streamBytes(std::move(other.streamBytes))
-{
-}
-
 StagedFile::~StagedFile()
 {
     if (!temporary.empty()) DeleteFileW(temporary.c_str());
@@ -214,14 +206,6 @@ std::error_code read(const fs::path& path, std::size_t largest, std::vector<std:
         }
         if (size > largest) return std::make_error_code(std::errc::file_too_large);
     }
-}
-
-std::error_code replace(const fs::path& path, std::string_view text, Pace pace)
-{
-    StagedFile file;
-    if (auto error = file.stage(path, {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()}, pace))
-        return error;
-    return file.commit();
 }
 
 fs::path temporaryBeside(const fs::path& target)
