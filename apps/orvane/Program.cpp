@@ -31,6 +31,7 @@ int execute(std::vector<std::string> arguments)
         "Orvane plays MIDI live: from MIDI devices, computer keys and joysticks through layers to MIDI outputs.",
         "orvane");
     program.set_version_flag("--version", Host::VERSION);
+    program.allow_windows_style_options(false);  // a path may begin with a slash
     Host::RunOptions options;
     int exitStatus = 0;
     addRunOptions(program, options);
