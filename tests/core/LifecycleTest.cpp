@@ -1,3 +1,5 @@
+#include <regex>
+
 #include "api/OrvFactory.h"
 #include "api/OrvUtils.h"
 #include "backend/files/RegistrySettings.h"
@@ -59,8 +61,9 @@ TEST(Lifecycle, ANewUserGetsTheFactorysPresetsAndBanksAndADefaultBank)
     EXPECT_EQ(life.read(DEFAULT_BANK), "bank");
     EXPECT_FALSE(std::filesystem::exists(life / SETTINGS_FILE)) << "saved at the end alone";
     life.end();
+    const std::string asStored = std::regex_replace(bank, std::regex(R"(\\)"), R"(\\)");
     EXPECT_EQ(life.read(SETTINGS_FILE),
-              "DefaultBank=string:" + bank + "\nEnabledMidiInputs=string:\nEnabledMidiOutputs=string:\n");
+              "DefaultBank=string:" + asStored + "\nEnabledMidiInputs=string:\nEnabledMidiOutputs=string:\n");
 }
 
 TEST(Lifecycle, BanksComeOnceThereIsContentForThem)

@@ -51,11 +51,11 @@ struct RecoveryStage : EditStage {
 TEST(Recovery, TheNextStartHasBankProgramDraftsAndHistories)
 {
     const TemporaryFolder files;
-    const std::string bank = (files / "b\xC3\xA4nk.bnk").string();
+    const std::string bank = ::textOf(files / "b\xC3\xA4nk.bnk");
     std::string left;
     {
         RecoveryStage stage;
-        fs::copy_file(stage.makeBank(3), bank);
+        fs::copy_file(stage.makeBank(3), pathOf(bank));
         stage.keepRecovery();
         EXPECT_FALSE(fs::exists(stage.file())) << "nothing has changed";
         stage.load(bank);
@@ -132,7 +132,8 @@ TEST(Recovery, ABankOnTheCommandLineRestoresOnlyItsOwn)
     const std::string ofCommandLine = state.toText();
     for (const bool isOfBank : {false, true}) {
         RecoveryStage stage(ofCommandLine);
-        fs::copy_file(stage.makeBank(3), files / "a.bnk", fs::copy_options::overwrite_existing);
+        fs::remove(files / "a.bnk");
+        fs::copy_file(stage.makeBank(3), files / "a.bnk");
         stage.load(isOfBank ? state.bank : stage.path("a.bnk"));
         stage.keepRecovery({.restores = RecoveryPlan::Restores::ofCurrentBank});
         EXPECT_EQ(stage.orv->getProgram().name, isOfBank ? "Mine" : "P0");

@@ -1,13 +1,9 @@
 #include "backend/bindings/functions/FunctionFactories.h"
 #include "tests/sections/KeyStage.h"
 #include "tests/stage/Allocations.h"
-#include "tests/stage/System.h"
 
 using namespace Backend;
 using namespace Backend::ComputerInput;
-
-// Before the first line, so that the debug stream is on.
-static const bool DEBUGGING = (System::setVariable("ORVANE_DEBUG", "1"), true);
 
 TEST(KeySection, MergesOrReplaces)
 {
@@ -72,12 +68,6 @@ TEST(KeyPreset, IsReferredToWhileTheKeysAreItsOwn)
         EXPECT_EQ(keys.getCurrentPreset(), deleted ? "" : "Other");
     }
     EXPECT_FALSE(keys.isPresetChanged("Other"));
-    stage.writePreset("K\xE9", "<ComputerInput>" + noteKey("B", "D4") + "</ComputerInput>");
-    ASSERT_TRUE(DEBUGGING);
-    testing::internal::CaptureStderr();
-    keys.loadPreset("K\xE9");
-    EXPECT_NE(testing::internal::GetCapturedStderr().find("K\xE9 is not UTF-8"), std::string::npos);
-    EXPECT_EQ(stage.names() + keys.getCurrentPreset(), "B") << "no program can hold a name that is not UTF-8";
     stage.load("", "preset='  '");
     EXPECT_EQ(stage.names() + keys.getCurrentPreset(), "");
 }
