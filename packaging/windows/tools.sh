@@ -24,11 +24,11 @@ source_of() {
                 sed -n 's/^deb \(.*debian.*\)/deb-src \1/p' /etc/apt/sources.list >debian.list
             fi
             mkdir -p lists/partial
-            apt_here update -q
+            apt_here update -q || exit 1
             touch lists.done
         fi
         apt_here source -q "$1"
-    )
+    ) >"$windows/log/source-$1" 2>&1 || { tail -n 30 "$windows/log/source-$1" >&2; return 1; }
 }
 
 apt_here() {
