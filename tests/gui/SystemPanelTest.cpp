@@ -310,6 +310,8 @@ TEST_F(SystemPanel, WhatWasRestoredCanBeDiscardedUntilTheSecondEdit)
         settle();
         EXPECT_EQ(discard.isVisible(), isOffered);
     }
+    report(RecoveryResult::restored);
+    EXPECT_FALSE(discard.isVisible()) << "told once, whenever all data are reported again";
     report(RecoveryResult::unreadable);
     EXPECT_FALSE(discard.isVisible());
     EXPECT_EQ(said("Status"), "What was not saved cannot be read; the file is kept as \"/recovery-1\".");
