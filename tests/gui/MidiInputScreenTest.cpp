@@ -196,7 +196,7 @@ TEST_F(MidiInputScreen, BindsEveryTranslationWithEverySettingAndCondition)
         return MidiInput::MidiEventConfiguration::fromXml(rootOf(records().write(id)), createTranslationFromXml);
     };
     FieldWalk fields;
-    fields.around = control("Add event").parentWidget();
+    fields.around = control("Add event").parentWidget()->parentWidget();  // the screen
     for (const FunctionInfo& info : names.all) {
         choose(QString::fromUtf8(info.displayName.data(), static_cast<qsizetype>(info.displayName.size())),
                "Translations");

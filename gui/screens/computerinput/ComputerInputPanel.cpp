@@ -1,7 +1,6 @@
 #include "gui/screens/computerinput/ComputerInputPanel.h"
 
 #include <QCheckBox>
-#include <QLabel>
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <utility>
@@ -13,7 +12,7 @@
 #include "gui/framework/EditPoster.h"
 #include "gui/framework/GuiMessageManagerMaster.h"
 #include "gui/framework/Properties.h"
-#include "gui/presets/PresetCtl.h"
+#include "gui/presets/SectionRow.h"
 #include "gui/screens/computerinput/ComputerKeyboardCtl.h"
 #include "gui/screens/computerinput/KeySettings.h"
 
@@ -28,10 +27,6 @@ constexpr int WIDTH = 960;
 constexpr int HEIGHT = 34 + 238 + 8;
 constexpr int MARGIN = 8;
 constexpr int ROW = 22;
-constexpr QRect PRESET_LABEL(MARGIN, 4, 50, ROW);
-constexpr QRect PRESET_NAME(MARGIN + 50, 4, 400, ROW);
-constexpr QRect EDIT(470, 5, 64, ROW - 3);
-constexpr QRect LEARN(538, 5, 64, ROW - 3);
 constexpr QRect USE_MODIFIERS(730, 4, 222, ROW);
 constexpr int KEYBOARD_TOP = 34;
 }  // namespace
@@ -59,11 +54,9 @@ void ComputerInputPanel::scaleChanged()
 
 void ComputerInputPanel::makeTopRow()
 {
-    auto* const label = new QLabel(tr("Preset:"), this);
-    place(*label, PRESET_LABEL);
-    presets = new Preset::PresetCtl(gui, Backend::PresetSections::COMPUTER_INPUT, this,
-                                    [this] { return editor.getSelection().getSelected(); });
-    place(*presets, PRESET_NAME);
+    row = new Preset::SectionRow(gui, Backend::PresetSections::COMPUTER_INPUT, this,
+                                 [this] { return editor.getSelection().getSelected(); });
+    place(*row, {row->PLACE, row->SIZE});
 
     useModifiers = new QCheckBox(tr("Use modifiers on key up"), this);
     place(*useModifiers, USE_MODIFIERS);
@@ -82,18 +75,14 @@ void ComputerInputPanel::makeEditing()
     editor.observe(*this, [this] {
         if (editor.isOpen()) lists = Forms::takeLists(gui);
     });
-    editButton = new QPushButton(tr("Edit"), this);
-    place(*editButton, EDIT);
+    editButton = &row->addButton(tr("Edit"), tr("Edit keys"),
+                                 tr("On: a click on the board selects keys, and beneath it stands what they do. Off: a "
+                                    "click plays, and a click with the right button edits a key."));
     editButton->setCheckable(true);
-    editButton->setFocusPolicy(Qt::TabFocus);
-    editButton->setAccessibleName(tr("Edit keys"));
-    Property::setHelp(*editButton,
-                      tr("On: a click on the board selects keys, and beneath it stands what they do. Off: a "
-                         "click plays, and a click with the right button edits a key."));
     connect(editButton, &QPushButton::clicked, [this](bool on) { editor.setOpen(on); });
 
-    auto* const learn = new Forms::LearnButton(gui.getLearner(), {.key = true}, this);
-    place(*learn, LEARN);
+    auto* const learn = new Forms::LearnButton(gui.getLearner(), {.key = true}, row);
+    row->addButton(*learn);
     learn->onLearned = [this](const auto& input) {
         const Key key = std::get<Key>(input);
         showModifiers(KeyRecords::withModifiers(-1, key));
@@ -159,7 +148,10 @@ void ComputerInputPanel::showReported()
     editor.report([this] { records.take(reported); });
 }
 
-void ComputerInputPanel::handleComputerInputChanged(const std::string& preset) { presets->showCurrent(preset); }
+void ComputerInputPanel::handleComputerInputChanged(const std::string& preset)
+{
+    row->getPresets().showCurrent(preset);
+}
 
 void ComputerInputPanel::handlePresetLoaded() { keyboard->showConfigurations(); }
 
@@ -177,5 +169,5 @@ void ComputerInputPanel::handleZoneTranspose(Backend::Zones::ZoneId zone, int tr
     keyboard->showConfigurations();
 }
 
-Preset::PresetGuiOwner& ComputerInputPanel::getPresets() { return *presets; }
+Preset::PresetGuiOwner& ComputerInputPanel::getPresets() { return row->getPresets(); }
 }  // namespace Gui::ComputerInput

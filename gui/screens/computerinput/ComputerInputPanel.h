@@ -19,7 +19,7 @@ class OrvGuiIF;
 
 namespace Preset
 {
-class PresetCtl;
+class SectionRow;
 class PresetGuiOwner;
 }  // namespace Preset
 }  // namespace Gui
@@ -69,7 +69,7 @@ private:
     Backend::Zones::ZoneMap zones;
     ComputerInputGuiMessageManager messages;
     ComputerKeyboardCtl* keyboard;
-    Preset::PresetCtl* presets = nullptr;
+    Preset::SectionRow* row = nullptr;
     QCheckBox* useModifiers = nullptr;
     QPushButton* editButton = nullptr;
     KeySettings* settings = nullptr;

@@ -1,7 +1,6 @@
 #include "gui/screens/controls/ControlPanel.h"
 
 #include <QEvent>
-#include <QLabel>
 #include <QPushButton>
 #include <algorithm>
 #include <chrono>
@@ -18,8 +17,7 @@
 #include "gui/framework/EditPoster.h"
 #include "gui/framework/GdiManager.h"
 #include "gui/framework/GuiMessageManagerMaster.h"
-#include "gui/framework/Properties.h"
-#include "gui/presets/PresetCtl.h"
+#include "gui/presets/SectionRow.h"
 #include "gui/screens/controls/ControlGrid.h"
 #include "gui/screens/controls/ValueEdit.h"
 
@@ -32,10 +30,6 @@ namespace
 {
 constexpr int WIDTH = 960;  // logical pixels, as all of these
 constexpr int MARGIN = 8;
-constexpr int ROW = 22;
-constexpr int BUTTONS = 470;  // the left edge of their row
-constexpr int BUTTON_WIDTH = 64;
-constexpr int BUTTON_GAP = 4;
 constexpr int GRID_TOP = 34;
 constexpr int FORM_COLUMNS = 3;
 constexpr auto SHOW_INTERVAL = std::chrono::milliseconds(33);
@@ -67,36 +61,22 @@ ControlPanel::ControlPanel(OrvGuiIF& owner, Panel* around)
 
 void ControlPanel::makeTopRow()
 {
-    auto* const label = new QLabel(tr("Preset:"), this);
-    constexpr int LABEL_WIDTH = 50;
-    place(*label, {MARGIN, 4, LABEL_WIDTH, ROW});
-    auto* const presets =
-        new Preset::PresetCtl(gui, Backend::PresetSections::CONTROLS, this, [this] { return edits.getSelected(); });
-    place(*presets, {MARGIN + LABEL_WIDTH, 4, BUTTONS - 2 * MARGIN - LABEL_WIDTH, Preset::PresetCtl::HEIGHT});
-
-    int left = BUTTONS;
-    const auto put = [&](QPushButton& button, const QString& name, const QString& help) {
-        place(button, {left, 5, BUTTON_WIDTH, ROW - 3});
-        left += BUTTON_WIDTH + BUTTON_GAP;
-        if (name.isEmpty()) return;
-        button.setFocusPolicy(Qt::TabFocus);
-        button.setAccessibleName(name);
-        Property::setHelp(button, help);
-    };
-    auto* const add = new QPushButton(tr("Add"), this);
-    put(*add, tr("Add control"), tr("Adds a knob in the selected empty cell, or in the first one."));
-    connect(add, &QPushButton::clicked, [this] { edits.add(); });
-    deleteButton = new QPushButton(tr("Delete"), this);
-    put(*deleteButton, tr("Delete controls"), tr("Deletes the selected controls."));
+    auto& row =
+        *new Preset::SectionRow(gui, Backend::PresetSections::CONTROLS, this, [this] { return edits.getSelected(); });
+    place(row, {row.PLACE, row.SIZE});
+    connect(&row.addButton(tr("Add"), tr("Add control"),
+                           tr("Adds a knob in the selected empty cell, or in the first one.")),
+            &QPushButton::clicked, [this] { edits.add(); });
+    deleteButton = &row.addButton(tr("Delete"), tr("Delete controls"), tr("Deletes the selected controls."));
     connect(deleteButton, &QPushButton::clicked, [this] { editor.execute(Command::remove); });
-    editButton = new QPushButton(tr("Edit"), this);
-    put(*editButton, tr("Edit controls"),
+    editButton = &row.addButton(
+        tr("Edit"), tr("Edit controls"),
         tr("On: controls are dragged to their places, and beneath them stand the settings of those that are selected. "
            "Off: they play."));
     editButton->setCheckable(true);
     connect(editButton, &QPushButton::clicked, [this](bool on) { editor.setOpen(on); });
-    learn = new Forms::LearnButton(gui.getLearner(), {.midiEvent = true}, this);
-    put(*learn, {}, {});
+    learn = new Forms::LearnButton(gui.getLearner(), {.midiEvent = true}, &row);
+    row.addButton(*learn);
     learn->onLearned = [this](const auto& input) {
         edits.setEvent(std::get<Backend::MidiEngine::OrvMidiMessage>(input).getMidiMessage());
     };

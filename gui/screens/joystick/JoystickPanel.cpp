@@ -21,7 +21,7 @@
 #include "gui/framework/Fader.h"
 #include "gui/framework/GuiMessageManagerMaster.h"
 #include "gui/framework/Properties.h"
-#include "gui/presets/PresetCtl.h"
+#include "gui/presets/SectionRow.h"
 #include "gui/screens/joystick/AxisCurve.h"
 #include "gui/screens/joystick/GridCtl.h"
 #include "gui/screens/joystick/PartsCtl.h"
@@ -37,10 +37,6 @@ constexpr int WIDTH = 960;  // logical pixels, as all of these
 constexpr int MARGIN = 8;
 constexpr int ROW = 22;
 constexpr int STICK = (WIDTH - 3 * MARGIN) / 2;  // the width of a joystick
-constexpr QRect PRESET_LABEL(MARGIN, 4, 50, ROW);
-constexpr QRect PRESET_NAME(MARGIN + 50, 4, 400, ROW);
-constexpr QRect EDIT(470, 5, 64, ROW - 3);
-constexpr QRect LEARN(538, 5, 64, ROW - 3);
 constexpr int NAMES_TOP = 32;
 constexpr int ON_WIDTH = 50;
 constexpr int GRIDS_TOP = 58;
@@ -85,20 +81,16 @@ JoystickPanel::JoystickPanel(OrvGuiIF& owner, Panel* around)
 
 void JoystickPanel::makeTopRow()
 {
-    place(*new QLabel(tr("Preset:"), this), PRESET_LABEL);
-    place(*new Preset::PresetCtl(gui, Backend::PresetSections::JOYSTICK, this), PRESET_NAME);
-
-    editButton = new QPushButton(tr("Edit"), this);
-    place(*editButton, EDIT);
+    auto& row = *new Preset::SectionRow(gui, Backend::PresetSections::JOYSTICK, this);
+    place(row, {row.PLACE, row.SIZE});
+    editButton = &row.addButton(tr("Edit"), tr("Edit joysticks"),
+                                tr("On: a click selects buttons, and beneath them stands what they do. Off: a click "
+                                   "plays a button, and a click with the right button edits it."));
     editButton->setCheckable(true);
-    editButton->setFocusPolicy(Qt::TabFocus);
-    editButton->setAccessibleName(tr("Edit joysticks"));
-    Property::setHelp(*editButton, tr("On: a click selects buttons, and beneath them stands what they do. Off: a click "
-                                      "plays a button, and a click with the right button edits it."));
     connect(editButton, &QPushButton::clicked, [this](bool on) { edited->setOpen(on); });
 
-    auto* const learn = new Forms::LearnButton(gui.getLearner(), {.joystickButton = true, .joystickAxis = true}, this);
-    place(*learn, LEARN);
+    auto* const learn = new Forms::LearnButton(gui.getLearner(), {.joystickButton = true, .joystickAxis = true}, &row);
+    row.addButton(*learn);
     learn->onLearned = [this](const auto& input) {
         const auto* const button = std::get_if<JoyButtonElementId>(&input);
         Forms::RecordEditor& editor = button != nullptr ? buttonEditor : axisEditor;

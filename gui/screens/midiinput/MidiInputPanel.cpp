@@ -15,7 +15,7 @@
 #include "gui/framework/GuiMessageManagerMaster.h"
 #include "gui/framework/InputWatch.h"
 #include "gui/framework/Properties.h"
-#include "gui/presets/PresetCtl.h"
+#include "gui/presets/SectionRow.h"
 #include "gui/screens/midiinput/EventForm.h"
 #include "gui/screens/midiinput/EventText.h"
 #include "gui/screens/midiinput/ReceivedList.h"
@@ -30,10 +30,6 @@ namespace
 {
 constexpr int WIDTH = 960;  // logical pixels, as all of these
 constexpr int MARGIN = 8;
-constexpr int ROW = 22;
-constexpr int BUTTON_WIDTH = 64;
-constexpr int BUTTON_GAP = 4;
-constexpr int BUTTONS = 470;  // the left edge of their row
 constexpr int LISTS_TOP = 30;
 constexpr int LISTS_HEIGHT = 158;
 constexpr int HALF = (WIDTH - 3 * MARGIN) / 2;
@@ -66,35 +62,22 @@ MidiInputPanel::MidiInputPanel(OrvGuiIF& owner, Panel* around)
 
 void MidiInputPanel::makeTopRow()
 {
-    auto* const label = new QLabel(tr("Preset:"), this);
-    constexpr int LABEL_WIDTH = 50;
-    place(*label, {MARGIN, 4, LABEL_WIDTH, ROW});
-    auto* const presets = new Preset::PresetCtl(gui, Backend::PresetSections::MIDI_INPUT, this,
-                                                [this] { return editor.getSelection().getSelected(); });
-    place(*presets, {MARGIN + LABEL_WIDTH, 4, BUTTONS - 2 * MARGIN - LABEL_WIDTH, Preset::PresetCtl::HEIGHT});
-
-    int left = BUTTONS;
-    const auto put = [&](QPushButton& button, const QString& name, const QString& help) {
-        place(button, {left, 5, BUTTON_WIDTH, ROW - 3});
-        left += BUTTON_WIDTH + BUTTON_GAP;
-        if (name.isEmpty()) return;
-        button.setFocusPolicy(Qt::TabFocus);
-        button.setAccessibleName(name);
-        Property::setHelp(button, help);
-    };
-    auto* const add = new QPushButton(tr("Add"), this);
-    put(*add, tr("Add event"), tr("Adds an entry of a note of all inputs and channels; its event can be changed."));
-    connect(add, &QPushButton::clicked, [this] { addEntry(); });
-    deleteButton = new QPushButton(tr("Delete"), this);
-    put(*deleteButton, tr("Delete events"),
+    auto& row = *new Preset::SectionRow(gui, Backend::PresetSections::MIDI_INPUT, this,
+                                        [this] { return editor.getSelection().getSelected(); });
+    place(row, {row.PLACE, row.SIZE});
+    connect(&row.addButton(tr("Add"), tr("Add event"),
+                           tr("Adds an entry of a note of all inputs and channels; its event can be changed.")),
+            &QPushButton::clicked, [this] { addEntry(); });
+    deleteButton = &row.addButton(
+        tr("Delete"), tr("Delete events"),
         tr("Deletes the selected entries. Their events are played as they are, or as a more general entry says."));
     connect(deleteButton, &QPushButton::clicked, [this] { editor.execute(Command::remove); });
-    editButton = new QPushButton(tr("Edit"), this);
-    put(*editButton, tr("Edit events"), tr("Opens and closes the settings of the selected entries."));
+    editButton =
+        &row.addButton(tr("Edit"), tr("Edit events"), tr("Opens and closes the settings of the selected entries."));
     editButton->setCheckable(true);
     connect(editButton, &QPushButton::clicked, [this](bool on) { editor.setOpen(on); });
-    auto* const learn = new Forms::LearnButton(gui.getLearner(), {.midiEvent = true}, this);
-    put(*learn, {}, {});
+    auto* const learn = new Forms::LearnButton(gui.getLearner(), {.midiEvent = true}, &row);
+    row.addButton(*learn);
     learn->onLearned = [this](const auto& input) { addEntryOf(std::get<Event>(input)); };
 }
 

@@ -1,7 +1,6 @@
 #include "gui/screens/oscillators/OscPanel.h"
 
 #include <QEvent>
-#include <QLabel>
 #include <QPushButton>
 #include <algorithm>
 #include <chrono>
@@ -18,8 +17,7 @@
 #include "gui/framework/EditPoster.h"
 #include "gui/framework/GdiManager.h"
 #include "gui/framework/GuiMessageManagerMaster.h"
-#include "gui/framework/Properties.h"
-#include "gui/presets/PresetCtl.h"
+#include "gui/presets/SectionRow.h"
 #include "gui/screens/oscillators/OscStrip.h"
 
 namespace Gui::Oscillators
@@ -32,10 +30,6 @@ namespace
 {
 constexpr int WIDTH = 960;  // logical pixels, as all of these
 constexpr int MARGIN = 8;
-constexpr int ROW = 22;
-constexpr int BUTTONS = 470;  // the left edge of their row
-constexpr int BUTTON_WIDTH = 64;
-constexpr int BUTTON_GAP = 4;
 constexpr int LIST_TOP = 34;
 constexpr int FORM_COLUMNS = 3;
 constexpr auto SHOW_INTERVAL = std::chrono::milliseconds(33);
@@ -66,33 +60,21 @@ OscPanel::OscPanel(OrvGuiIF& owner, Panel* around)
 
 void OscPanel::makeTopRow()
 {
-    auto* const label = new QLabel(tr("Preset:"), this);
-    constexpr int LABEL_WIDTH = 50;
-    place(*label, {MARGIN, 4, LABEL_WIDTH, ROW});
-    auto* const presets = new Preset::PresetCtl(gui, PresetSections::OSCILLATORS, this,
-                                                [this] { return editor.getSelection().getSelected(); });
-    place(*presets, {MARGIN + LABEL_WIDTH, 4, BUTTONS - 2 * MARGIN - LABEL_WIDTH, Preset::PresetCtl::HEIGHT});
-
-    int left = BUTTONS;
-    const auto make = [&](const QString& text, const QString& name, const QString& help) {
-        auto* const button = new QPushButton(text, this);
-        place(*button, {left, 5, BUTTON_WIDTH, ROW - 3});
-        left += BUTTON_WIDTH + BUTTON_GAP;
-        button->setFocusPolicy(Qt::TabFocus);
-        button->setAccessibleName(name);
-        Property::setHelp(*button, help);
-        return button;
-    };
-    connect(make(tr("Add"), tr("Add oscillator"), tr("Adds an oscillator before the selected one, or at the end.")),
+    auto& row = *new Preset::SectionRow(gui, PresetSections::OSCILLATORS, this,
+                                        [this] { return editor.getSelection().getSelected(); });
+    place(row, {row.PLACE, row.SIZE});
+    connect(&row.addButton(tr("Add"), tr("Add oscillator"),
+                           tr("Adds an oscillator before the selected one, or at the end.")),
             &QPushButton::clicked, [this] { addOscillator(); });
-    connect(make(tr("Delete"), tr("Delete oscillators"), tr("Deletes the selected oscillators, or the last one.")),
+    connect(&row.addButton(tr("Delete"), tr("Delete oscillators"),
+                           tr("Deletes the selected oscillators, or the last one.")),
             &QPushButton::clicked, [this] {
                 if (editor.getSelection().getSelected().empty() && records.size() > 0)
                     editor.getSelection().select({static_cast<Id>(records.size()) - 1});
                 editor.execute(Command::remove);
             });
-    settingsButton = make(tr("Settings"), tr("Settings of oscillators"),
-                          tr("Shows the settings of the selected oscillators beneath them."));
+    settingsButton = &row.addButton(tr("Settings"), tr("Settings of oscillators"),
+                                    tr("Shows the settings of the selected oscillators beneath them."));
     settingsButton->setCheckable(true);
     connect(settingsButton, &QPushButton::clicked, [this](bool on) {
         if (on && editor.getSelection().getSelected().empty() && records.size() > 0) editor.getSelection().select({0});
