@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "host/common/InputError.h"
+#include "platform/Path.h"
 
 namespace Host
 {
@@ -20,7 +21,7 @@ void throwIf(const fs::path& path, std::error_code error)
     if (!error) return;
     std::string reason = error.message();
     reason[0] = static_cast<char>(std::tolower(static_cast<unsigned char>(reason[0])));
-    throw InputError(path.string() + ": " + reason);
+    throw InputError(textOf(path) + ": " + reason);
 }
 
 std::span<const std::uint8_t> bytesOf(std::string_view text)
@@ -34,7 +35,7 @@ std::vector<std::uint8_t> readWholeFile(const fs::path& path, std::size_t larges
     std::vector<std::uint8_t> bytes;
     const std::error_code error = ::WholeFile::read(path, largest, bytes);
     if (error == std::errc::file_too_large)
-        throw InputError(path.string() + ": larger than " + std::to_string(largest) + " bytes");
+        throw InputError(textOf(path) + ": larger than " + std::to_string(largest) + " bytes");
     throwIf(path, error);
     return bytes;
 }
@@ -45,7 +46,7 @@ void StagedFiles::add(const fs::path& path, std::span<const std::uint8_t> bytes)
     throwIf(path, staged.file.stage(path, bytes));
     for (const Staged& other : files)
         if (!staged.file.isStream() && other.file.getTarget() == staged.file.getTarget())
-            throw InputError(path.string() + ": named for two output files");
+            throw InputError(textOf(path) + ": named for two output files");
     files.push_back(std::move(staged));
 }
 

@@ -6,6 +6,7 @@
 #include "host/common/LastPulse.h"
 #include "host/common/WholeFile.h"
 #include "host/midifile/TrackReader.h"
+#include "platform/Path.h"
 
 namespace Host
 {
@@ -112,6 +113,6 @@ std::vector<MidiFileEvent> readMidiFile(std::span<const std::uint8_t> bytes, con
 
 std::vector<MidiFileEvent> readMidiFile(const std::filesystem::path& path)
 {
-    return readMidiFile(readWholeFile(path), path.string());
+    return readMidiFile(readWholeFile(path), textOf(path));
 }
 }  // namespace Host

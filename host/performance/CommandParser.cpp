@@ -8,6 +8,7 @@
 #include "api/FunctionText.h"
 #include "host/common/InputError.h"
 #include "host/common/SetupFile.h"
+#include "platform/Path.h"
 
 namespace Host
 {
@@ -82,7 +83,7 @@ Command parseLoad(PerformanceLine& line)
     } catch (const InputError& reason) {
         line.refuse(reason.what());
     }
-    return LoadCommand{path.string()};
+    return LoadCommand{textOf(path)};
 }
 
 PressAction parsePressAction(PerformanceLine& line)
@@ -119,7 +120,7 @@ Command parseRecord(PerformanceLine& line)
     const auto folder = stem.parent_path();
     std::error_code none;
     if (!folder.empty() && !std::filesystem::is_directory(folder, none))
-        line.refuse(Host::quoted(folder.string()) + " is no folder");
+        line.refuse(Host::quoted(textOf(folder)) + " is no folder");
     return RecordCommand{stem.string()};
 }
 

@@ -10,6 +10,7 @@
 #include "host/common/WholeFile.h"
 #include "host/performance/CommandParser.h"
 #include "host/performance/PerformanceLine.h"
+#include "platform/Path.h"
 
 namespace Host
 {
@@ -82,11 +83,11 @@ std::vector<TimedCommand> mergeByTime(std::vector<std::vector<TimedCommand>> inp
 
 std::vector<TimedCommand> readInput(const std::filesystem::path& path)
 {
-    const std::string ending = lowerCase(path.extension().string());
+    const std::string ending = lowerCase(textOf(path.extension()));
     if (ending == ".mid" || ending == ".midi") return fromMidiFile(readMidiFile(path));
-    if (ending != ".perf") throw InputError(path.string() + ": neither a performance (.perf) nor a MIDI file (.mid)");
+    if (ending != ".perf") throw InputError(textOf(path) + ": neither a performance (.perf) nor a MIDI file (.mid)");
     const std::vector<std::uint8_t> bytes = readWholeFile(path);
-    return parsePerformance({reinterpret_cast<const char*>(bytes.data()), bytes.size()}, path.string(),
+    return parsePerformance({reinterpret_cast<const char*>(bytes.data()), bytes.size()}, textOf(path),
                             path.parent_path());
 }
 }  // namespace Host

@@ -11,6 +11,7 @@
 #include "host/common/ApplicationName.h"
 #include "host/common/SetupFile.h"
 #include "host/performance/CommandPost.h"
+#include "platform/Path.h"
 #include "platform/Thread.h"
 
 namespace Host
@@ -92,7 +93,7 @@ void OfflineLoop::loadSetups()
     orv->getOrvMessageManager().postSetProgramNumber(
         settings.number);  // the program of these files, not that of the bank before
     for (const auto& path : settings.loads) {
-        postLoad(orv->getOrvMessageManager(), path.string());
+        postLoad(orv->getOrvMessageManager(), textOf(path));
         waitUntilAtRest(0);
     }
 }

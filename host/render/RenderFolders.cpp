@@ -22,7 +22,7 @@ namespace
 {
 void throwIf(const fs::path& path, const std::error_code& error)
 {
-    if (error) throw InputError(path.string() + ": " + error.message());
+    if (error) throw InputError(textOf(path) + ": " + error.message());
 }
 
 fs::path createdFolder(const fs::path& wanted)
