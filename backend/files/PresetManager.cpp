@@ -97,7 +97,8 @@ bool PresetManager::remove(std::string_view name)
     if (list.find(name) == nullptr) return changed(change);
     const std::string path = getPresetPath(name);
     std::error_code error;
-    if (!path.empty()) fs::remove(pathOf(path), error);
+    if (!path.empty() && !fs::remove(pathOf(path), error) && !error && !fs::is_directory(pathOf(getFolder())))
+        error = std::make_error_code(std::errc::not_a_directory);  // Windows takes it for a file that is gone
     report(path, "not removed", error);
     change.done = !error;
     if (change.done) list.remove(change.oldName);

@@ -1,5 +1,6 @@
 #include "gui/framework/FileDialog.h"
 
+#include <QComboBox>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -50,6 +51,10 @@ public:
         setNameFilters(question.filters);
         if (!question.name.isEmpty()) selectFile(question.name);
         setSidebarUrls(shortcutsFrom(question.folder));
+        for (auto* const list : findChildren<QComboBox*>())  // where Qt names none of them
+            if (list->accessibleName().isEmpty())
+                list->setAccessibleName(list->objectName() == QStringLiteral("lookInCombo") ? tr("Folder")
+                                                                                            : tr("Kind of file"));
         if (auto* splitter = findChild<QSplitter*>()) splitter->setSizes({SIDEBAR, SIZE.width() - SIDEBAR});
         resize(SIZE);
         setAttribute(Qt::WA_DeleteOnClose);
@@ -78,7 +83,7 @@ private:
         const QFileInfo info(file);
         const QString reason = info.isDir() ? tr("\"%1\" is a folder.").arg(info.fileName())
                                : !QFileInfo(info.absolutePath()).isDir()
-                                   ? tr("There is no folder \"%1\".").arg(info.path())
+                                   ? tr("There is no folder \"%1\".").arg(QDir::toNativeSeparators(info.path()))
                                    : refuseFileName(info.fileName());
         if (!reason.isEmpty()) return showMessage(*this, tr("Error"), reason);
         if (!info.exists() || !asksToReplace) return take(file);
@@ -96,7 +101,7 @@ private:
     void take(const QString& file)
     {
         QDialog::accept();
-        chosen(file.toStdString());
+        chosen(QDir::toNativeSeparators(file).toStdString());
     }
 
     const Purpose purpose;

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QContextMenuEvent>
 #include <QDialog>
+#include <QDir>
 #include <QDragEnterEvent>
 #include <QDropEvent>
 #include <QEvent>
@@ -385,9 +386,9 @@ namespace
 QString findFile(const QMimeData& data)
 {
     for (const QUrl& url : data.urls())
-        if (const QString path = url.toLocalFile(); path.endsWith(QLatin1String(".bnk")) ||
-                                                    path.endsWith(QLatin1String(".prg")) ||
-                                                    path.endsWith(QLatin1String(".pst")))
+        if (const QString path = QDir::toNativeSeparators(url.toLocalFile()); path.endsWith(QLatin1String(".bnk")) ||
+                                                                              path.endsWith(QLatin1String(".prg")) ||
+                                                                              path.endsWith(QLatin1String(".pst")))
             return path;
     return {};
 }
