@@ -5,11 +5,13 @@ set(CMAKE_C_COMPILER i686-w64-mingw32-gcc-posix)
 set(CMAKE_CXX_COMPILER i686-w64-mingw32-g++-posix)
 set(CMAKE_RC_COMPILER i686-w64-mingw32-windres)
 
-# The x87 unit rounds to more bits than the events' arithmetic has on 64-bit systems.
+# The x87 unit rounds to more bits than the events' arithmetic has on 64-bit systems. Where g++ 12 splits a cold part off a
+# function it may leave one of no size at the same address, and the unwinder then ends the program at an exception.
 set(CMAKE_C_FLAGS_INIT "-msse2 -mfpmath=sse")
-set(CMAKE_CXX_FLAGS_INIT "-msse2 -mfpmath=sse")
+set(CMAKE_CXX_FLAGS_INIT "-msse2 -mfpmath=sse -fno-reorder-blocks-and-partition")
 
-set(ORVANE_WINDOWS_ROOT ${CMAKE_CURRENT_LIST_DIR}/../build/windows-tools CACHE PATH "What packaging/windows/tools.sh made")
+get_filename_component(windows_tools ${CMAKE_CURRENT_LIST_DIR}/../build/windows-tools REALPATH)
+set(ORVANE_WINDOWS_ROOT ${windows_tools} CACHE PATH "What packaging/windows/tools.sh made")
 set(CMAKE_FIND_ROOT_PATH ${ORVANE_WINDOWS_ROOT}/libraries ${ORVANE_WINDOWS_ROOT}/qt /usr/i686-w64-mingw32)
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QAbstractSlider>
+#include <QTouchEvent>
 #include <functional>
 #include <optional>
 

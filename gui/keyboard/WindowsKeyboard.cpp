@@ -1,4 +1,5 @@
 #include <windows.h>
+#undef DELETE  // an access right there, a key here
 
 #include "backend/values/Key.h"
 #include "gui/keyboard/SystemKeyboard.h"

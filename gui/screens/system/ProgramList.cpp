@@ -1,5 +1,6 @@
 #include "gui/screens/system/ProgramList.h"
 
+#include <QCoreApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QListWidget>
