@@ -49,7 +49,7 @@ cross_build() {
             -DCMAKE_TOOLCHAIN_FILE="$PWD/cmake/Windows32.cmake" -DCMAKE_INSTALL_PREFIX="$windows/$prefix" \
             -DCMAKE_C_COMPILER_LAUNCHER=ccache -DCMAKE_CXX_COMPILER_LAUNCHER=ccache "$@" &&
             cmake --build "$windows/build-$name" -j "${ORVANE_JOBS:-$(nproc)}" &&
-            cmake --install "$windows/build-$name"
+            cmake --install "$windows/build-$name" --strip
     } >"$windows/log/$name" 2>&1 || { tail -n 30 "$windows/log/$name" >&2; return 1; }
     touch "$windows/$name.done"
 }
@@ -114,6 +114,7 @@ wine() {
     fi
     mkdir -p "$windows/home"
     [ -d "$windows/home/prefix" ] || packaging/windows/wine.sh wineboot --init
+    cp "$windows"/wine/usr/share/fonts/truetype/liberation/*.ttf "$windows/home/prefix/drive_c/windows/Fonts/"
 }
 
 [ $# -gt 0 ] || set -- libraries wine qt
