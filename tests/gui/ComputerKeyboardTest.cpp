@@ -79,7 +79,7 @@ TEST_F(ComputerKeyboard, ShowsWhatItsKeysDoInTheBackend)
 
 TEST_F(ComputerKeyboard, LightsTheKeysThatAreDownAndFollowsTheModifiers)
 {
-    constexpr quint32 LEFT_SHIFT = 50, Q = 24;
+    constexpr quint32 LEFT_SHIFT = Key::LEFT_SHIFT, Q = 'Q';
     keyDown(LEFT_SHIFT, Qt::Key_Shift);
     EXPECT_EQ(keyboard().getCaption('Q'), "D4");
     keyDown(Q, Qt::Key_Q, Qt::ShiftModifier);
@@ -146,15 +146,16 @@ using GlobalKeyboard = ComputerKeyboard;
 
 TEST_F(GlobalKeyboard, KeysOfOtherProgramsPlayOnceThoughOursAreHeld)
 {
-    hook(KeyboardHook::KEY_DOWN, {.scanCode = 24});
-    hook(KeyboardHook::KEY_DOWN, {.scanCode = 24, .repeat = true});
+    const auto Q = static_cast<std::uint8_t>(KeyTable::scanCodeOf('Q'));
+    hook(KeyboardHook::KEY_DOWN, {.scanCode = Q});
+    hook(KeyboardHook::KEY_DOWN, {.scanCode = Q, .repeat = true});
     EXPECT_EQ(keyboard().getAccessibleValue(), "Q");
     QWidget other;
     other.show();
     other.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
     EXPECT_EQ(played(), "C4 on") << "our focus has nothing to do with it";
-    hook(KeyboardHook::KEY_UP, {.scanCode = 24, .modifiers = KeyboardHook::SHIFT});
+    hook(KeyboardHook::KEY_UP, {.scanCode = Q, .modifiers = KeyboardHook::SHIFT});
     EXPECT_EQ(played(), "C4 off");
 
     hook(KeyboardHook::UD_KEYBOARDHOOK_GLOBAL_KEY_CHANGED, {.scanCode = 1});

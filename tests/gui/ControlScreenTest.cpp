@@ -138,19 +138,18 @@ TEST_F(ControlScreen, ShowsTheFactorySetAndPlaysItByMouseWheelTypingAndTwoFinger
 
 TEST_F(ControlScreen, IsSelectedAndChangedByTheKeysOfTheProgram)
 {
-    constexpr quint32 UP = 111, LEFT = 113, RIGHT = 114, DOWN = 116, HOME = 110;
-    keyOf(RIGHT), keyOf(RIGHT);
+    keyOf(Key::RIGHT), keyOf(Key::RIGHT);
     EXPECT_EQ(shown("0,1"), "0,1 MW 0*");
-    keyOf(DOWN), keyOf(HOME);
+    keyOf(Key::DOWN), keyOf(Key::HOME);
     EXPECT_EQ(sent(), "b0 01 0a, ");
     EXPECT_EQ(shown("2,1"), "2,1 Control Change 1: Modulation wheel 10*");
     EXPECT_EQ(shown("0,1"), "0,1 MW 10");
-    keyOf(LEFT), keyOf(LEFT);
+    keyOf(Key::LEFT), keyOf(Key::LEFT);
     EXPECT_EQ(shown("0,7"), "0,7 PROG 0*");
-    keyOf(DOWN), keyOf(UP);
+    keyOf(Key::DOWN), keyOf(Key::UP);
     EXPECT_EQ(shown("0,7"), "0,7 PROG 0*") << "the column has no other";
 
-    keyOf(41);  // F
+    keyOf('F');
     EXPECT_EQ(focus().accessibleName(), "PROG");
     QTest::keyClicks(&focus(), "12");
     EXPECT_EQ(sent(), "") << "it is typed";
@@ -158,10 +157,10 @@ TEST_F(ControlScreen, IsSelectedAndChangedByTheKeysOfTheProgram)
     EXPECT_EQ(sent(), "b0 00 00, b0 20 00, c0 0c 00, ");
     EXPECT_TRUE(isPlaying());
     QTest::mouseClick(control("PAN").parentWidget(), Qt::LeftButton, {}, {10, 6});
-    keyOf(42);  // G
+    keyOf('G');
     EXPECT_EQ(status(), "There is no edit.");
     gui->showScreen(Screen::controls, false);
-    keyOf(41);
+    keyOf('F');
     EXPECT_EQ(status(), "The controls are not shown.");
 }
 

@@ -10,13 +10,17 @@
 #include "api/Bank.h"
 #include "gui/framework/ErrorLine.h"
 #include "tests/gui/WindowStage.h"
-#include "tests/stage/linux/FullDisk.h"
+#include "tests/stage/FullDisk.h"
 
 /// An open window, and hands for its dialogs, which go by their titles.
 struct DialogHands : OpenWindow, testing::Test {
     using Answer = QMessageBox::StandardButton;
 
-    DialogHands() { QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, (folder / "qt").c_str()); }
+    DialogHands()
+    {
+        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope,
+                           QString::fromStdString((folder / "qt").string()));
+    }
 
     QList<QDialog*> openDialogs() const
     {
@@ -131,7 +135,7 @@ struct DialogHands : OpenWindow, testing::Test {
     /// "W", wherever the keys go; what is played then.
     std::string key(QEvent::Type type)
     {
-        send(type, 25, Qt::Key_W);
+        send(type, 'W', Qt::Key_W);
         return played();
     }
 

@@ -1,22 +1,7 @@
-#include <QPlainTextEdit>
 #include <QWindow>
 
-#include "api/OrvUtils.h"
 #include "backend/bindings/functions/HelpTexts.h"
-#include "tests/gui/WindowStage.h"
-
-struct HelpPanel : OpenWindow, testing::Test {
-    QPlainTextEdit& area() { return control<QPlainTextEdit>("Help"); }
-    std::string help() { return area().toPlainText().toStdString(); }
-    bool fits() { return area().document()->size().height() + 1 <= 4; }
-    void pointAt(QWidget& widget)
-    {
-        const QPointF middle = widget.rect().center();
-        QEnterEvent event(middle, middle, widget.mapToGlobal(middle));
-        QApplication::sendEvent(&widget, &event);
-        settle();
-    }
-};
+#include "tests/gui/HelpPanelStage.h"
 
 TEST_F(HelpPanel, BeginsWithWhatANewUserNeedsAndSaysWhatIsPointedAtOrHasTheFocus)
 {
@@ -47,27 +32,4 @@ TEST_F(HelpPanel, BeginsWithWhatANewUserNeedsAndSaysWhatIsPointedAtOrHasTheFocus
     EXPECT_TRUE(help().starts_with("Default MIDI output:"));
     gui->setFocus();
     EXPECT_TRUE(help().starts_with("Default MIDI output:")) << "playing leaves it";
-}
-
-TEST_F(HelpPanel, OpensTheManualWhereThereIsOne)
-{
-    EXPECT_THROW(button("Manual"), std::runtime_error);
-
-    folder.write("prog/Manual/index.htm", "");
-    folder.write("xdg-open", "#!/bin/sh\nprintf '%s' \"$1\" >\"" + path("opened") + "\"\n");
-    std::filesystem::permissions(path("xdg-open"), std::filesystem::perms::owner_all);
-    Backend::OrvUtils::setOrvProgDir(path("prog"));
-    qputenv("PATH", QByteArray::fromStdString(folder.string()) + ":" + qgetenv("PATH"));
-    reopen();
-    EXPECT_TRUE(fits());
-    EXPECT_FALSE(area().geometry().intersects(button("Manual").geometry()));
-    Hands::click(button("Manual"));
-    EXPECT_TRUE(QTest::qWaitFor([this] { return !folder.read("opened").empty(); }));
-    EXPECT_EQ(folder.read("opened"), path("prog/Manual/index.htm"));
-
-    folder.write("xdg-open", "#!/bin/sh\nexit 3\n");
-    Hands::click(button("Manual"));
-    EXPECT_TRUE(QTest::qWaitFor([this] { return help().starts_with("The manual"); }, 30000));
-    EXPECT_EQ(help(), "The manual cannot be opened because xdg-open finds no program for it. Its file is " +
-                          path("prog/Manual/index.htm") + ".");
 }

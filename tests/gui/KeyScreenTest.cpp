@@ -16,7 +16,7 @@ using Gui::ComputerInput::ComputerKeyboardCtl;
 
 /// A window with the keys screen, in which no key does anything.
 struct KeyScreen : BindingStage, testing::Test {
-    static constexpr quint32 A = 38, LEFT_SHIFT = 50;
+    static constexpr quint32 A = 'A', LEFT_SHIFT = Key::LEFT_SHIFT;
 
     KeyScreen()
     {

@@ -269,8 +269,8 @@ TEST_F(LayerScreen, IsOperatedByKeys)
     key(Qt::Key_Insert);
     EXPECT_EQ(list->getRowCount(), 3);
     takePlayed();
-    keyDown(24);
-    keyUp(24);
+    keyDown('Q');
+    keyUp('Q');
     EXPECT_EQ(played(), "C4 on, C4 off") << "other keys play";
 }
 

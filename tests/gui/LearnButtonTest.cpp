@@ -40,17 +40,17 @@ struct Learn : OpenWindow, testing::Test {
 TEST_F(Learn, TakesTheNextKeyWhateverItDoesElsewhere)
 {
     start(*ofKeys);
-    EXPECT_EQ(typed(24), "Q");
+    EXPECT_EQ(typed('Q'), "Q");
     EXPECT_FALSE(ofKeys->isChecked());
-    EXPECT_EQ(typed(24), "C4 on, C4 off");
+    EXPECT_EQ(typed('Q'), "C4 on, C4 off");
     start(*ofKeys);
-    EXPECT_EQ(typed(52, Qt::Key_Z, Qt::ControlModifier), "Control Z") << "and undoes nothing";
+    EXPECT_EQ(typed('Z', Qt::Key_Z, Qt::ControlModifier), "Control Z") << "and undoes nothing";
     ofKeys->setFocus();
-    EXPECT_EQ(typed(65, Qt::Key_Space), "");
+    EXPECT_EQ(typed(Key::SPACE, Qt::Key_Space), "");
     EXPECT_TRUE(ofKeys->isChecked());
-    EXPECT_EQ(typed(65, Qt::Key_Space), "Space") << "and is no click";
+    EXPECT_EQ(typed(Key::SPACE, Qt::Key_Space), "Space") << "and is no click";
     start(*ofMidi);
-    EXPECT_EQ(typed(24), "C4 on, C4 off");
+    EXPECT_EQ(typed('Q'), "C4 on, C4 off");
     press("C4");
     settle();
     EXPECT_EQ(std::exchange(learned, ""), "MIDI");
@@ -63,7 +63,7 @@ TEST_F(Learn, IsEndedByTheUser)
     QLineEdit text(&panel);
     text.show();
     const std::pair<const char*, std::function<void()>> ends[] = {
-        {"Escape", [&] { keyDown(9, Qt::Key_Escape), keyUp(9, Qt::Key_Escape); }},
+        {"Escape", [&] { keyDown(Key::ESCAPE, Qt::Key_Escape), keyUp(Key::ESCAPE, Qt::Key_Escape); }},
         {"a second click", [&] { Hands::click(*ofKeys); }},
         {"a text", [&] { text.setFocus(); }},
         {"hiding", [&] { ofKeys->hide(), ofKeys->show(); }},
@@ -79,7 +79,7 @@ TEST_F(Learn, IsEndedByTheUser)
         comeBack();
         text.clearFocus();
         gui->setFocus();
-        EXPECT_EQ(typed(24), "C4 on, C4 off") << name;
+        EXPECT_EQ(typed('Q'), "C4 on, C4 off") << name;
     }
     EXPECT_TRUE(ofMidi->isChecked());
     text.setParent(nullptr);

@@ -47,7 +47,8 @@ struct PresetDialogs : DialogHands {
         for (const auto& entry : gui->getPresetList(PresetSections::COMPUTER_INPUT).getEntries())
             inRow += entry.name + " ";
         std::set<std::string> files;
-        for (const auto& file : fs::directory_iterator(presets().getFolder())) files.insert(file.path().stem());
+        for (const auto& file : fs::directory_iterator(presets().getFolder()))
+            files.insert(::textOf(file.path().stem()));
         for (const auto& file : files) inFolder += file + " ";
         return inDialog == inRow && inRow == inFolder ? inDialog : inDialog + "/ " + inRow + "/ " + inFolder;
     }

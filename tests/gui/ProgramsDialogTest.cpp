@@ -108,7 +108,7 @@ TEST_F(ProgramsDialogs, TheBankOfTheFactoryIsKeptIfTheUserWants)
     leave("Programs");
     OrvUtils::setOrvProgDir(path("prog"));
     std::filesystem::create_directories(path("prog/Default/Banks"));
-    std::filesystem::copy(path("Three.bnk"), path("prog/Default/Banks"));
+    std::filesystem::copy(path("Three.bnk"), path("prog/Default/Banks/Three.bnk"));
     openFileMenu("Programs...");
     const std::string question =
         "Factory Bank: \"Three.bnk\" is as it was installed. Do you want to keep it, and to continue in a bank of your "

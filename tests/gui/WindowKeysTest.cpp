@@ -6,7 +6,7 @@
 #include "tests/gui/WindowStage.h"
 
 struct WindowKeys : WindowStage, testing::Test {
-    static constexpr quint32 Q = 24, TAB = 23, SPACE = 65, ESCAPE = 9, F12 = 96;
+    static constexpr quint32 Q = 'Q', TAB = Key::TAB, SPACE = Key::SPACE, ESCAPE = Key::ESCAPE, F12 = Key::F12;
 
     WindowKeys()
     {
@@ -152,7 +152,7 @@ TEST_F(WindowKeys, EditTheSectionThatWasUsedLastUnlessTheProgramBindsThem)
     setLayers({{}, {}});
     load(noteKey("Control D", "A4"));
     orv->getComputerInputMessageManager().postSetUseKeyUpMod(true);
-    constexpr quint32 D = 40, DELETE = 119;
+    constexpr quint32 D = 'D', DELETE = Key::DELETE;
     Section lower(*this, 100), upper(*this, 0);
     EXPECT_EQ(upper.after(DELETE, Qt::Key_Delete), "2 plays") << "nothing is selected";
     lower.click(0);

@@ -10,6 +10,7 @@
 #include "backend/model/ScreenState.h"
 #include "gui/framework/GdiManager.h"
 #include "gui/framework/GuiMessageManagerMaster.h"
+#include "keyboardhook/KeyTable.h"
 #include "tests/gui/Hands.h"
 #include "tests/sections/KeyStage.h"
 
@@ -87,8 +88,7 @@ struct WindowStage : KeyStage, Hands, Gui::ParentWindow {
         return *found;
     }
 
-    /// Keys go to the control with the focus, by their places on the board: 24 is "Q", 50 and 62 Shift, 37 and 105
-    /// Control.
+    /// Keys go to the control with the focus, by their places on the board: the codes of a `Key`, 0 for none.
     void keyDown(auto... key) { send(QEvent::KeyPress, key...); }
     void keyUp(auto... key) { send(QEvent::KeyRelease, key...); }
     QWidget& focus()
@@ -117,7 +117,8 @@ struct WindowStage : KeyStage, Hands, Gui::ParentWindow {
 
     void send(QEvent::Type type, quint32 place, int key = 0, Qt::KeyboardModifiers held = {})
     {
-        QKeyEvent event(type, key, held, place, 0, 0, key > 0 && key < 128 ? QString(QChar(key)).toLower() : "");
+        const auto scanCode = place == 0 ? 0 : static_cast<quint32>(KeyTable::scanCodeOf(place));
+        QKeyEvent event(type, key, held, scanCode, 0, 0, key > 0 && key < 128 ? QString(QChar(key)).toLower() : "");
         QApplication::sendEvent(&focus(), &event);
     }
 

@@ -136,8 +136,8 @@ TEST_F(ZoneScreen, GoesWhereAClickBesideItIsIfThatIsSetAndFollowsTheKeys)
     gui->getEdits().undo();
     EXPECT_EQ(row(1), "Zone 3, C3 to C3") << "a held arrow key is one step";
     takePlayed();
-    keyDown(24);
-    keyUp(24);
+    keyDown('Q');
+    keyUp('Q');
     EXPECT_EQ(played(), "C4 on, C4 off") << "other keys play";
     wheel(*list, 1, Qt::ControlModifier);
     EXPECT_EQ(row(0), "Zone 1, C4 to G4") << "the pointer is beside the bars";

@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include "host/alsa/AlsaMidi.h"
 #include "host/ports/PortMemory.h"
 #include "host/ports/Ports.h"
 #include "host/run/PortList.h"
@@ -132,12 +131,5 @@ TEST(HostPorts, AnOutputIsNamedByItsNameOrItsNumber)
     EXPECT_EQ(findOutput(outputs, "0"), 1) << "a name comes first";
     for (const char* none : {"3", "-1", "", "Bells", "1x", "99999999999999999999"})
         EXPECT_NE(Testing::complaintOf([&] { findOutput(outputs, none); }), "") << none;
-}
-
-TEST(HostPorts, TheNameOfASequencerDeviceHasNoAddress)
-{
-    EXPECT_EQ(withoutAddress("Keys:Keys MIDI 1 24:0"), "Keys:Keys MIDI 1");
-    EXPECT_EQ(withoutAddress("Keys:Keys MIDI 1"), "Keys:Keys MIDI 1");
-    EXPECT_EQ(withoutAddress("24:0"), "24:0");
 }
 }  // namespace Host

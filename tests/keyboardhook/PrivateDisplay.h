@@ -8,18 +8,11 @@
 #include <cstdio>
 #include <cstdlib>
 #include <memory>
-#include <stdexcept>
 #include <string>
+#include <string_view>
+#include <utility>
 
-#include "backend/values/Key.h"
-#include "keyboardhook/KeyTable.h"
-
-/// The name of a key, with those of the modifiers in front.
-inline std::string nameOf(std::uint8_t scanCode, std::uint8_t modifiers = 0)
-{
-    const auto code = static_cast<std::uint32_t>(KeyTable::virtualKeyAt(scanCode));
-    return Key::fromPacked(code | std::uint32_t{modifiers} << 8).toXmlString();
-}
+#include "tests/keyboardhook/KeyTexts.h"
 
 /// A client of the X server that DISPLAY names.
 class Client
@@ -28,13 +21,6 @@ public:
     /// Until the server has done all that was asked for.
     void waitForAnswer() { std::free(xcb_get_input_focus_reply(get(), xcb_get_input_focus(get()), nullptr)); }
     xcb_connection_t* get() const { return connection.get(); }
-
-    static std::uint8_t scanCodeOf(const std::string& key)
-    {
-        for (const auto& place : KeyTable::getPlaces())
-            if (nameOf(place.scanCode) == key) return place.scanCode;
-        throw std::invalid_argument(key);
-    }
 
 private:
     std::unique_ptr<xcb_connection_t, decltype(&xcb_disconnect)> connection{xcb_connect(nullptr, nullptr),
@@ -81,16 +67,14 @@ public:
         fingers->waitForAnswer();
     }
 
-    /// Plays on its keyboard: "Q<W<Q>W>" where Q and W go down before both come up.
+    /// Plays on its keyboard.
     void play(const std::string& keys)
     {
-        for (std::size_t start = 0, end; (end = keys.find_first_of("<>", start)) != std::string::npos;
-             start = end + 1) {
-            const std::uint8_t type = keys[end] == '<' ? XCB_KEY_PRESS : XCB_KEY_RELEASE;
-            xcb_test_fake_input(fingers->get(), type, Client::scanCodeOf(keys.substr(start, end - start)),
-                                XCB_CURRENT_TIME, XCB_NONE, 0, 0, 0);
+        forEachKey(keys, [this](std::uint8_t scanCode, bool isDown) {
+            xcb_test_fake_input(fingers->get(), isDown ? XCB_KEY_PRESS : XCB_KEY_RELEASE, scanCode, XCB_CURRENT_TIME,
+                                XCB_NONE, 0, 0, 0);
             fingers->waitForAnswer();
-        }
+        });
     }
 
 private:
@@ -132,8 +116,7 @@ public:
     /// It takes a key for itself, wherever the focus is.
     void take(const std::string& key, std::uint16_t modifiers)
     {
-        xcb_grab_key(client.get(), 0, root, modifiers, Client::scanCodeOf(key), XCB_GRAB_MODE_ASYNC,
-                     XCB_GRAB_MODE_ASYNC);
+        xcb_grab_key(client.get(), 0, root, modifiers, scanCodeOf(key), XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
         client.waitForAnswer();
     }
 

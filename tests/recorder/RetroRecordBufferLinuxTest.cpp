@@ -1,5 +1,5 @@
 #include "tests/recorder/Recorder.h"
-#include "tests/stage/linux/FullDisk.h"
+#include "tests/stage/FullDisk.h"
 
 using Backend::RetroRecord::Restore;
 

@@ -39,7 +39,7 @@ TEST_F(DesktopWindows, OpenAndCloseAgainAndAgainWhileTheEnginePlays)
             commands.postKeyDown(key, false);
             commands.postProcessMidiInputEvent(noteOn(note).channel(0).zone(0).input(0));
             commands.postExecuteFunction(step % 2 == 0 ? "<ShowDisplay/>" : "<MoveWindow x='+1'/>");
-            std::this_thread::sleep_for(std::chrono::microseconds(500));
+            std::this_thread::sleep_for(std::chrono::milliseconds(1));  // Windows cannot sleep less
             commands.postProcessMidiInputEvent(noteOff(note).channel(0).zone(0).input(0));
             commands.postKeyUp(key);
         }

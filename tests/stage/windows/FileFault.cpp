@@ -2,12 +2,17 @@
 
 #include <windows.h>
 
+#include <atomic>
+
+#include "tests/stage/FullDisk.h"
+
 namespace
 {
 FileFault::Kind armed = FileFault::Kind::none;
 int callsToGo = -1;
 std::string names;
 bool watching = false;
+std::atomic<bool> isDiskFull = false;
 
 bool fails(const char* name)
 {
@@ -43,6 +48,10 @@ HANDLE WINAPI openFile(LPCWSTR path, DWORD access, DWORD share, LPSECURITY_ATTRI
 BOOL WINAPI writeFile(HANDLE file, LPCVOID bytes, DWORD size, LPDWORD written, LPOVERLAPPED overlapped)
 {
     static const auto write = real<decltype(WriteFile)>("WriteFile");
+    if (isDiskFull) {
+        SetLastError(ERROR_DISK_FULL);
+        return FALSE;
+    }
     if (!fails("write")) return write(file, bytes, size, written, overlapped);
     write(file, bytes, size / 2, written, overlapped);
     return failure(FALSE);
@@ -66,6 +75,10 @@ BOOL WINAPI removeFile(LPCWSTR path)
     return fails("unlink") ? failure(FALSE) : remove(path);
 }
 }  // namespace
+
+FullDisk::FullDisk(std::uint64_t) { isDiskFull = true; }
+
+FullDisk::~FullDisk() { isDiskFull = false; }
 
 FileFault::FileFault(Kind kind, int call)
 {

@@ -9,14 +9,11 @@
 #include <thread>
 
 #include "gui/keyboard/KeyboardHookProxy.h"
-#include "keyboardhook/KeyboardHookMessages.h"
 #include "platform/Module.h"
-#include "platform/WindowHandle.h"
+#include "tests/keyboardhook/KeyReceiver.h"
 #include "tests/keyboardhook/PrivateDisplay.h"
 
-using namespace KeyboardHook;
-
-struct GlobalKeyboard : testing::Test {
+struct GlobalKeyboard : KeyReceiver, testing::Test {
     enum Codes : std::int32_t { CONTROL = 17, ESCAPE = 27, F11 = 122, F12 = 123 };
     static constexpr const char* FOLDER = ORVANE_LIBRARY_FOLDER;
 
@@ -35,49 +32,8 @@ struct GlobalKeyboard : testing::Test {
     void switchOn() { EXPECT_STREQ(hook->setEnabled(1), nullptr); }
     void switchOff() { EXPECT_STREQ(hook->setEnabled(0), nullptr); }
 
-    /// What a window of ours received so far: Q< where a key goes down, Q= where it repeats, Q> where it comes up, and
-    /// whether keys are taken.
-    const std::string& received()
-    {
-        while (queue->handleNext([this](const Message& message) { text += describe(message); })) {}
-        return text;
-    }
-    static std::string describe(const Message& message)
-    {
-        if (message.number == UD_KEYBOARDHOOK_GLOBAL_KEY_CHANGED) return message.wparam != 0 ? "(on)" : "(off)";
-        const auto event = KeyEvent::fromMessage(message);
-        return nameOf(event.scanCode, event.modifiers) + (message.number == KEY_UP     ? '>'
-                                                          : event.repeat               ? '='
-                                                          : message.number == KEY_DOWN ? '<'
-                                                                                       : '?');
-    }
-
-    /// Whether it comes true before patience ends.
-    static bool waitUntil(const std::function<bool()>& condition)
-    {
-        using namespace std::chrono_literals;
-        for (const auto start = std::chrono::steady_clock::now(); !condition();) {
-            if (std::chrono::steady_clock::now() - start > 10s) return false;
-            std::this_thread::sleep_for(1ms);
-        }
-        return true;
-    }
-    /// Of this window, or of a program.
-    static void expectAll(auto& of, const std::string& all)
-    {
-        waitUntil([&] { return of.received().size() >= all.size(); });
-        EXPECT_EQ(of.received(), all);
-    }
-    static void expectLast(auto& of, const std::string& end)
-    {
-        EXPECT_TRUE(waitUntil([&] { return of.received().ends_with(end); })) << of.received();
-    }
-
     std::optional<PrivateDisplay> display;
     std::optional<Program> program;
-    std::shared_ptr<MessageQueue> queue = std::make_shared<MessageQueue>();
-    WindowHandle handle{queue};
-    std::string text;
     std::optional<Gui::KeyboardHookProxy> hook;
 };
 
@@ -290,13 +246,4 @@ TEST_F(GlobalKeyboard, SaysWhatADesktopWithoutXCosts)
     switchOff();
     ::unsetenv("DISPLAY");
     EXPECT_STREQ(hook->setEnabled(1), "Global keys need an X server; this desktop (Wayland) gives none.");
-}
-
-TEST(KeyboardHookProxy, IsHarmlessWithoutItsLibrary)
-{
-    const Gui::KeyboardHookProxy proxy("/nowhere");
-    EXPECT_NE(proxy.getReason().find("/nowhere"), std::string::npos) << proxy.getReason();
-    EXPECT_TRUE(proxy.setWindowHandle == nullptr && proxy.setEnabled == nullptr);
-    EXPECT_TRUE(proxy.setExcludeKey == nullptr && proxy.clearExclude == nullptr);
-    EXPECT_TRUE(proxy.addControlKey == nullptr && proxy.clearControlKeys == nullptr);
 }

@@ -5,7 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/host/HostTesting.h"
-#include "tests/stage/linux/FullDisk.h"
+#include "tests/stage/FullDisk.h"
 
 namespace Host
 {
