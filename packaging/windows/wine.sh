@@ -29,5 +29,5 @@ export WINEPREFIX="$HOME/prefix"
 export WINEDEBUG="${WINEDEBUG:--all}" PATH=/usr/sbin:/usr/bin:/sbin:/bin
 unset XDG_DATA_HOME XDG_CONFIG_HOME XDG_RUNTIME_DIR LD_PRELOAD LD_LIBRARY_PATH
 # Without these two Wine asks whether to install them.
-export WINEDLLOVERRIDES="mscoree=;mshtml="
+export WINEDLLOVERRIDES="mscoree=;mshtml=${WINEDLLOVERRIDES:+;$WINEDLLOVERRIDES}"
 exec chroot "$root" env --chdir="$PWD" wine "$@"

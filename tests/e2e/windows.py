@@ -1,16 +1,17 @@
 """The program for Windows from its installation to its removal, under Wine as a new user:
-windows.py WINE INSTALLER DEMONSTRATION EXPECTED PICTURE
+windows.py WINE INSTALLER DEMONSTRATION EXPECTED MONITOR PICTURE
 
-WINE runs a Windows program, EXPECTED is a folder with what the demonstration plays on Linux, and PICTURE is written: the
-window while a key is held."""
+WINE runs a Windows program, EXPECTED is a folder with what the demonstration plays on Linux, MONITOR the library with a
+MIDI output that writes down what it gets (winmm_monitor.cpp), and PICTURE is written: the window while a key is held."""
 import os
+import shutil
 import subprocess
 import sys
 import tempfile
 import unittest
 
 sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "../../packaging"))
-WINE, INSTALLER, DEMONSTRATION, EXPECTED, PICTURE = map(os.path.abspath, sys.argv[1:6])
+WINE, INSTALLER, DEMONSTRATION, EXPECTED, MONITOR, PICTURE = map(os.path.abspath, sys.argv[1:7])
 import live
 import screenshots
 import window
@@ -32,7 +33,9 @@ class Installed(window.WindowUser):
         self.show()
         self.screen = Screen(self.display.name)
         self.addCleanup(self.screen.close)
-        self.environment.update(ORVANE_WINE_HOME=self.home, WINEPATH="")
+        self.environment.update(ORVANE_WINE_HOME=self.home, WINEPATH="", WINEDLLOVERRIDES="winmm=n,b",
+                                ORVANE_MONITOR=self.home + "/sent")
+        open(self.home + "/sent", "w").close()
 
     def wine(self, *command, status=0):
         result = subprocess.run([WINE, *command], capture_output=True, timeout=live.PATIENCE, env=self.environment)
@@ -74,19 +77,30 @@ class Installed(window.WindowUser):
             before, now = now, self.picture()
         return now
 
+    def sent(self):
+        """To the MIDI output, without what it gets at the start."""
+        with open(self.environment["ORVANE_MONITOR"]) as file:
+            return [line for line in file.read().splitlines() if line[:1] in "89"]
+
     def play_a_key(self):
-        """In the window. Without a MIDI output, as under Wine, the piano shows nothing."""
+        """In the window, which shows it on both of its keyboards."""
         program = Program(self, WINE, PROGRAMS + "\\bin\\orvanew.exe")
         until(lambda: self.windows() and self.screen.is_painted(), "the window")
         width, dark = self.settled()
+        self.assertEqual(self.sent(), [])
         self.screen.key(window.Q, 1)
+        until(lambda: self.sent() == ["90 3c 64"], "the note")
         until(lambda: self.picture()[1] != dark, "the key")
         _, lit = self.settled()
         lines = [b"".join(pixel.to_bytes(3, "big") for pixel in lit[at:at + width]) for at in range(0, len(lit), width)]
         with open(PICTURE, "wb") as file:
             file.write(screenshots.png(lines, width, len(lines)))
+        quarters = {index * 4 // len(dark) for index, (one, other) in enumerate(zip(dark, lit)) if one != other}
+        self.assertTrue({2, 3} <= quarters, f"the keys of the computer, and the piano below them: {quarters}")
         self.screen.key(window.Q, 0)
-        until(lambda: self.settled()[1] == dark, "the end of the note")
+        until(lambda: live.sounding(self.sent()) == [] and len(self.sent()) > 1, "the note off")
+        half = len(dark) // 2  # below what tells the fill of the record
+        until(lambda: self.settled()[1][half:] == dark[half:], "the dark keys")
         return program
 
     def test_it_is_installed_plays_and_is_removed_and_leaves_what_is_the_users(self):
@@ -104,11 +118,15 @@ class Installed(window.WindowUser):
             with open(played, "rb") as file, open(os.path.join(EXPECTED, os.path.basename(played)), "rb") as expected:
                 self.assertEqual(file.read(), expected.read(), played)
 
+        shutil.copy(MONITOR, self.path(PROGRAMS) + "/bin/winmm.dll")
+        installed = self.files(PROGRAMS)
         program = self.play_a_key()
         self.wine(INSTALLER, "/S", status=2)
         self.refuse_removal()
         self.assertEqual(self.files(PROGRAMS), installed, "nothing is changed while the program runs")
         self.close(program)
+        os.remove(self.path(PROGRAMS) + "/bin/winmm.dll")
+        installed.remove("bin/winmm.dll")
         banks = "C:\\users"
         own = self.files(banks)
         self.assertTrue([name for name in own if name.endswith(".bnk")], "what the first start gave the user")
