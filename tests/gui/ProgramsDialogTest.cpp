@@ -118,7 +118,7 @@ TEST_F(ProgramsDialogs, TheBankOfTheFactoryIsKeptIfTheUserWants)
     chooseFile("Save Bank As", path("Mine.bnk"));
     settle();  // the change follows the copy
     EXPECT_EQ(names("Mine.bnk") + names(), ": P0, New program, P1, P2: P0, P1, P2");
-    EXPECT_EQ(list().count(), 4);
+    ASSERT_TRUE(QTest::qWaitFor([this] { return list().count() == 4; }));
     EXPECT_EQ(withNames(press("New"), "Mine.bnk"), ": P0, P1, P2: P0, New program, New program, P1, P2");
     leave("Programs");
 
