@@ -70,7 +70,6 @@ TEST_F(GlobalKeyboard, ReleasesItsKeysWhenItIsUnloaded)
         play("Q<");
         expectAll(*this, "Q<");
     }
-    clear();
     EXPECT_EQ(received(), "Q<Q>");
     play("Q>W<W>");
     EXPECT_EQ(received(), "Q<Q>");
