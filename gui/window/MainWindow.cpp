@@ -21,7 +21,6 @@
 #include "gui/forms/EditableSections.h"
 #include "gui/framework/DialogFrame.h"
 #include "gui/framework/EditPoster.h"
-#include "gui/framework/GuiMessageManagerMaster.h"
 #include "gui/framework/Panel.h"
 #include "gui/framework/PopupMenu.h"
 #include "gui/framework/Properties.h"
@@ -30,27 +29,15 @@
 #include "gui/keyboard/GlobalKeyboard.h"
 #include "gui/keyboard/KeyReading.h"
 #include "gui/keyboard/WindowKeyboard.h"
-#include "gui/screens/cc/CcPanel.h"
 #include "gui/screens/computerinput/ComputerInputPanel.h"
 #include "gui/screens/computerinput/ComputerKeyboardCtl.h"
-#include "gui/screens/controls/ControlPanel.h"
-#include "gui/screens/display/DisplayPanel.h"
-#include "gui/screens/help/HelpPanel.h"
-#include "gui/screens/joystick/JoystickPanel.h"
-#include "gui/screens/layers/LayerPanel.h"
-#include "gui/screens/layers/MainPanel.h"
-#include "gui/screens/midiinput/MidiInputPanel.h"
-#include "gui/screens/oscillators/OscPanel.h"
-#include "gui/screens/output/OutputPanel.h"
 #include "gui/screens/system/ScreenButtons.h"
 #include "gui/screens/system/StagePanel.h"
-#include "gui/screens/system/SystemPanel.h"
-#include "gui/screens/zones/ZonePanel.h"
+#include "gui/window/ScreenColumn.h"
 
 namespace Gui
 {
 using Backend::Screen;
-using Backend::ScreenState;
 
 namespace
 {
@@ -60,35 +47,7 @@ constexpr QSize COMPACT(104, 33);
 constexpr int BUTTON_TOP = 6;
 constexpr QSize BUTTON(29, 20);
 constexpr const char* PLACE = "PLACE";
-
-/// As menus have them.
-constexpr Screen SCREENS[] = {
-    Screen::system,        Screen::help,     Screen::display, Screen::oscillators, Screen::joystick, Screen::midiInput,
-    Screen::computerInput, Screen::controls, Screen::output,  Screen::layers,      Screen::cc,       Screen::zones};
-
-/// As they are shown, one below the other.
-constexpr Screen DOWNWARDS[] = {Screen::system,   Screen::help,      Screen::display,       Screen::oscillators,
-                                Screen::joystick, Screen::midiInput, Screen::computerInput, Screen::controls,
-                                Screen::output,   Screen::zones,     Screen::layers,        Screen::cc};
-
-/// The screens below the music keyboard, inside the output screen.
-constexpr bool isInOutput(Screen screen)
-{
-    return screen == Screen::zones || screen == Screen::layers || screen == Screen::cc;
-}
 }  // namespace
-
-/// The screens, one below the other.
-class MainWindow::Column final : public Panel
-{
-public:
-    Column(const GdiManager& manager, std::function<void()> onResize) : Panel(manager), resized(std::move(onResize)) {}
-
-private:
-    void resizeEvent(QResizeEvent*) override { resized(); }
-
-    const std::function<void()> resized;
-};
 
 /// The part of the window in which the column scrolls. Keys are left to playing.
 class MainWindow::ColumnView final : public QScrollArea
@@ -116,7 +75,7 @@ public:
     void keyUp(const Key& key) override { commands.postKeyUp(key); }
     void showKey(int code, bool down) override
     {
-        auto& picture = window.computerInputPanel->getKeyboard();
+        auto& picture = window.screens->getComputerInputPanel().getKeyboard();
         down ? picture.showKeyDown(code) : picture.showKeyUp(code);
     }
 
@@ -130,25 +89,20 @@ MainWindow::MainWindow(OrvGuiIF& owner, QWidget* parent, Resized onResize)
       gui(owner),
       resized(std::move(onResize)),
       playedKeys(std::make_unique<PlayedKeys>(*this)),
-      keyboard(std::make_unique<WindowKeyboard>(*this, *playedKeys)),
-      column(new Column(owner.getGdiManager(), [this] { fit(); })),
-      noteLights(owner.getOrvIF(), [this](const auto& activity) {
-          if (zonePanel != nullptr) zonePanel->showNotes(activity);
-          if (layerPanel != nullptr) layerPanel->getLayerPanel().showNotes(activity);
-      })
+      keyboard(std::make_unique<WindowKeyboard>(*this, *playedKeys))
 {
     setWindowTitle(QStringLiteral("OrvGui"));
     setAutoFillBackground(true);
     setAcceptDrops(true);
     makeButtons();
-    makePanels();
-    view = new ColumnView(this, *column);
-    column->show(true);
+    screens = new ScreenColumn(gui, *keyboard, *this);
+    view = new ColumnView(this, *screens);
+    screens->onChange = [this] { fit(); };
+    screens->show(true);
     rescale();
     keyboard->onWindowKey = [this](const QKeyEvent& event) { return useWindowKey(event); };
     keyboard->onTarget = [this](KeyTarget target) { showKeyTarget(target); };
     qApp->installEventFilter(this);
-    gui.getGuiMessageManagerMaster().addMessageManager(&zoneMessages);
 }
 
 MainWindow::~MainWindow()
@@ -177,154 +131,11 @@ void MainWindow::makeButtons()
     makeSwitch(*keyboardButton, Switches::GLOBAL_KEYBOARD, commands);
 }
 
-/// Those that the window needs also while they are hidden.
-void MainWindow::makePanels()
-{
-    stagePanel = new System::StagePanel(gui, gui.getGdiManager(), this);
-    systemPanel = new System::SystemPanel(gui, *stagePanel, column);
-    for (const Screen screen : SCREENS)
-        if (screen != Screen::system) systemPanel->offerScreen(screen);
-    helpPanel = new Help::HelpPanel(gui, column);
-    computerInputPanel = new ComputerInput::ComputerInputPanel(gui, column);
-    outputPanel = new Output::OutputPanel(gui, column);
-}
-
-Panel* MainWindow::makePanel(Screen screen)
-{
-    switch (screen) {
-        case Screen::system:
-        case Screen::help:
-        case Screen::computerInput:
-        case Screen::output:
-            break;
-        case Screen::display:
-            return displayPanel = new Display::DisplayPanel(gui, column);
-        case Screen::oscillators:
-            return oscPanel = new Oscillators::OscPanel(gui, column);
-        case Screen::joystick:
-            return joystickPanel = new Joystick::JoystickPanel(gui, column);
-        case Screen::midiInput:
-            return midiInputPanel = new MidiInput::MidiInputPanel(gui, column);
-        case Screen::controls:
-            return controlPanel = new Controls::ControlPanel(gui, column);
-        case Screen::zones:
-            return zonePanel = new Zones::ZonePanel(gui, outputPanel);
-        case Screen::layers:
-            return layerPanel = new Layers::MainPanel(gui, outputPanel);
-        case Screen::cc:
-            return ccPanel = new Cc::CcPanel(gui, sent, outputPanel);
-    }
-    return nullptr;
-}
-
-void MainWindow::ensureMade(Screen screen)
-{
-    if (panelOf(screen) != nullptr) return;
-    Panel* const made = makePanel(screen);
-    const auto isBelow = [&](Screen other) {
-        const Panel* const panel = panelOf(other);
-        return panel != nullptr && panel->parentWidget() == made->parentWidget();
-    };
-    const auto* const below = std::find_if(std::ranges::find(DOWNWARDS, screen) + 1, std::end(DOWNWARDS), isBelow);
-    if (below != std::end(DOWNWARDS)) made->moveAbove(*panelOf(*below));
-}
-
-Panel* MainWindow::panelOf(Screen screen) const
-{
-    switch (screen) {
-        case Screen::system:
-            return systemPanel;
-        case Screen::help:
-            return helpPanel;
-        case Screen::display:
-            return displayPanel;
-        case Screen::oscillators:
-            return oscPanel;
-        case Screen::joystick:
-            return joystickPanel;
-        case Screen::midiInput:
-            return midiInputPanel;
-        case Screen::computerInput:
-            return computerInputPanel;
-        case Screen::controls:
-            return controlPanel;
-        case Screen::output:
-            return outputPanel;
-        case Screen::zones:
-            return zonePanel;
-        case Screen::layers:
-            return layerPanel;
-        case Screen::cc:
-            return ccPanel;
-    }
-    return nullptr;
-}
-
-void MainWindow::showScreen(Screen screen, bool on)
-{
-    const bool isNew = on && panelOf(screen) == nullptr;
-    setShown(screen, on);
-    if (isNew) gui.getOrvMessageManager().postRefreshGui();
-    if (on && isInOutput(screen)) setShown(Screen::output, true);
-    fit();  // a hidden column gets no resize event
-    showScreenStates();
-}
-
-void MainWindow::setShown(Screen screen, bool on)
-{
-    if (on) ensureMade(screen);
-    Panel* const panel = panelOf(screen);
-    if (panel == nullptr) return;
-    if (!on) keyboard->takeFocusFrom(*panel);
-    if (!on && screen == Screen::system) keyboard->takeFocusFrom(*stagePanel);
-    panel->show(on);
-    if (screen == Screen::system) stagePanel->show(on);
-}
-
-void MainWindow::showScreenStates()
-{
-    for (const Screen screen : SCREENS) systemPanel->screenShown(screen, isShowing(screen));
-    lightNotes();
-}
-
-/// While a screen that shows them is seen.
-void MainWindow::lightNotes()
-{
-    noteLights.setOn(isVisible() && (isShowing(Screen::zones) || isShowing(Screen::layers)));
-}
-
-void MainWindow::toggleScreen(Screen screen) { showScreen(screen, !isShowing(screen)); }
-
-bool MainWindow::isShowing(Screen screen) const
-{
-    const Panel* const panel = panelOf(screen);
-    return panel != nullptr && panel->isShown() && (!isInOutput(screen) || outputPanel->isShown());
-}
-
-ScreenState MainWindow::getScreenState() const
-{
-    auto bits = ScreenState{}.toBits();
-    for (const Screen screen : SCREENS) {
-        const Panel* const panel = panelOf(screen);
-        bits[static_cast<std::size_t>(screen)] = panel != nullptr && panel->isShown();
-    }
-    return ScreenState::fromBits(bits);
-}
-
-void MainWindow::setScreenState(const ScreenState& state)
-{
-    const auto bits = state.toBits();
-    for (const Screen screen : SCREENS) setShown(screen, bits[static_cast<std::size_t>(screen)]);
-    fit();
-    showScreenStates();
-}
-
 /// Takes the size of the screens that are shown, or of the three buttons where there are none.
 void MainWindow::fit()
 {
-    if (view == nullptr) return;  // it is being made
     const bool compact = isCompact();
-    const bool hasButtons = !stagePanel->isShown();
+    const bool hasButtons = !screens->getStagePanel().isShown();
     for (auto* button : {resetButton, thruButton, keyboardButton}) button->setVisible(hasButtons);
     view->setVisible(!compact);
     if (hasButtons) {
@@ -333,7 +144,7 @@ void MainWindow::fit()
     }
     const GdiManager& gdi = gui.getGdiManager();
     const QSize needed =
-        compact ? gdi.px(COMPACT) : QSize(gdi.px(WIDTH), getHeadHeight() + column->height() + 2 * gdi.px(MARGIN));
+        compact ? gdi.px(COMPACT) : QSize(gdi.px(WIDTH), getHeadHeight() + screens->height() + 2 * gdi.px(MARGIN));
     if (needed != lastSize) {
         const QSize before = lastSize;
         lastSize = needed;
@@ -347,7 +158,8 @@ void MainWindow::fit()
 int MainWindow::getHeadHeight() const
 {
     const GdiManager& gdi = gui.getGdiManager();
-    return stagePanel->isShown() ? stagePanel->height() + gdi.px(GAP) : gdi.px(COMPACT.height()) - gdi.px(MARGIN);
+    const Panel& stage = screens->getStagePanel();
+    return stage.isShown() ? stage.height() + gdi.px(GAP) : gdi.px(COMPACT.height()) - gdi.px(MARGIN);
 }
 
 void MainWindow::layOut()
@@ -355,7 +167,7 @@ void MainWindow::layOut()
     const GdiManager& gdi = gui.getGdiManager();
     const int margin = gdi.px(MARGIN);
     const int left = std::max(0, (width() - gdi.px(WIDTH)) / 2) + margin;
-    stagePanel->move(left, margin);
+    screens->getStagePanel().move(left, margin);
     const int top = margin + getHeadHeight();
     view->setGeometry(left, top, std::max(0, std::min(width() - left, gdi.px(WIDTH) - margin)),
                       std::max(0, height() - top - margin));
@@ -367,8 +179,8 @@ void MainWindow::resizeEvent(QResizeEvent*) { layOut(); }
 
 void MainWindow::rescale()
 {
-    stagePanel->rescale();
-    column->rescale();
+    screens->getStagePanel().rescale();
+    screens->rescale();
     fit();
 }
 
@@ -407,21 +219,11 @@ void MainWindow::dropEvent(QDropEvent* event)
 
 // --- the small window, and the menu of screens
 
-bool MainWindow::isCompact() const { return !column->hasShownChild(); }
+bool MainWindow::isCompact() const { return !screens->hasShownChild(); }
 
 void MainWindow::setCompact(bool on)
 {
-    if (on == isCompact()) return;
-    if (on) {
-        stateBeforeCompact = getScreenState();
-        for (const Screen screen : SCREENS)
-            if (!isInOutput(screen)) gui.showScreen(screen, false);
-        return;
-    }
-    const auto bits = stateBeforeCompact.value_or(ScreenState{}).toBits();
-    for (const Screen screen : SCREENS)
-        if (bits[static_cast<std::size_t>(screen)] && !isInOutput(screen)) gui.showScreen(screen, true);
-    if (isCompact()) gui.showScreen(Screen::system, true);
+    if (on != isCompact()) on ? screens->hideAll() : screens->showHidden();
 }
 
 /// Of the background: all screens, and the small window.
@@ -439,10 +241,10 @@ void MainWindow::showScreenMenu(const QPoint& globalPosition)
     constexpr int SMALL_WINDOW = 100;
     auto* menu = new PopupMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
-    for (const Screen screen : SCREENS) {
+    for (const Screen screen : ScreenColumn::SCREENS) {
         QAction& item = menu->addItem({.text = System::nameOf(screen), .id = static_cast<int>(screen)});
         item.setCheckable(true);
-        item.setChecked(isShowing(screen));
+        item.setChecked(screens->isShowing(screen));
     }
     menu->addItem({.text = isCompact() ? tr("Show the screens") : tr("Small window"), .id = SMALL_WINDOW});
     menu->onChosen = [this](int id) {
@@ -460,75 +262,6 @@ void MainWindow::setGlobalKeyboard(bool on)
 {
     keyboardButton->setChecked(on);
     Property::setHelp(*keyboardButton, QString::fromStdString(GlobalKeyboard::describe(gui.getGlobalKeyboardReason())));
-}
-
-void MainWindow::handleZones(const Backend::Zones::ZoneMap& zones)
-{
-    if (joystickPanel != nullptr) joystickPanel->handleZones(zones);
-    computerInputPanel->handleZones(zones);
-    if (zonePanel != nullptr) zonePanel->handleZones(zones);
-}
-
-void MainWindow::handleZoneTranspose(Backend::Zones::ZoneId zone, int transpose)
-{
-    if (joystickPanel != nullptr) joystickPanel->handleZoneTranspose(zone, transpose);
-    computerInputPanel->handleZoneTranspose(zone, transpose);
-    if (zonePanel != nullptr) zonePanel->handleZoneTranspose(zone, transpose);
-}
-
-void MainWindow::handleZoneSelected(Backend::Zones::ZoneId zone, bool selected)
-{
-    if (zonePanel != nullptr) zonePanel->handleZoneSelected(zone, selected);
-}
-
-void MainWindow::handleMidiInputPortsChanged(const Backend::MidiEngine::MidiInputPorts& ports)
-{
-    if (displayPanel != nullptr) displayPanel->handleMidiInputPortsChanged(ports);
-    systemPanel->handleMidiInputPortsChanged(ports);
-}
-
-void MainWindow::handleMidiOutputPortsChanged(const Backend::MidiEngine::MidiOutputPorts& ports)
-{
-    if (displayPanel != nullptr) displayPanel->handleMidiOutputPortsChanged(ports);
-    outputPanel->handleMidiOutputPortsChanged(ports);
-    if (ccPanel != nullptr) ccPanel->handleMidiOutputPortsChanged(ports);
-    systemPanel->handleMidiOutputPortsChanged(ports);
-    if (layerPanel != nullptr) layerPanel->getLayerPanel().handleMidiOutputPorts();
-}
-
-void MainWindow::handleSettingsChanged(const Backend::RegistrySettings& settings)
-{
-    if (displayPanel != nullptr) displayPanel->handleSettingsChanged(settings);
-    if (ccPanel != nullptr) ccPanel->handleSettingsChanged(settings);
-}
-
-void MainWindow::handleLargeDisplayFontChanged(bool on)
-{
-    if (displayPanel != nullptr) displayPanel->handleLargeDisplayFontChanged(on);
-}
-
-void MainWindow::handleDefaultMidiOutputChanged(int output)
-{
-    outputPanel->handleDefaultMidiOutputChanged(output);
-    systemPanel->handleDefaultMidiOutputChanged(output);
-    if (ccPanel != nullptr) ccPanel->handleDefaultMidiOutputChanged();
-}
-
-void MainWindow::handleSequenceSteps(const std::vector<int>& steps)
-{
-    if (layerPanel != nullptr) layerPanel->handleSequenceSteps(steps);
-}
-
-void MainWindow::handleSequencePresets()
-{
-    if (layerPanel != nullptr) layerPanel->handleSequencePresets();
-}
-
-void MainWindow::displayMidiOutputEvent(const Backend::MidiEngine::OrvMidiMessage& event)
-{
-    stagePanel->displayMidiOutputEvent();
-    outputPanel->displayMidiOutputEvent(event);
-    if (sent.take(event) && ccPanel != nullptr) ccPanel->handleSent();
 }
 
 // --- help, focus and keys
@@ -560,7 +293,7 @@ bool MainWindow::focusNextPrevChild(bool next)
 {
     if (!QWidget::focusNextPrevChild(next)) return false;
     QWidget* const focused = QApplication::focusWidget();
-    if (focused != nullptr && column->isAncestorOf(focused)) view->ensureWidgetVisible(focused);
+    if (focused != nullptr && screens->isAncestorOf(focused)) view->ensureWidgetVisible(focused);
     return true;
 }
 
@@ -595,7 +328,7 @@ bool MainWindow::useWindowKey(const QKeyEvent& event)
     RecordEditor* const section = gui.getEditableSections().getActive();
     const auto command = section != nullptr ? RecordEditor::commandOf(event) : std::nullopt;
     if (!isUndo && !(command && section->canExecute(*command))) return false;
-    if (computerInputPanel->isBound(readKey(event))) return false;
+    if (screens->getComputerInputPanel().isBound(readKey(event))) return false;
     if (command)
         section->execute(*command);
     else
@@ -618,7 +351,7 @@ void MainWindow::keyReleaseEvent(QKeyEvent* event) { keyboard->keyReleased(*even
 
 void MainWindow::showKeyTarget(KeyTarget target)
 {
-    stagePanel->showKeyTarget(target);
+    screens->getStagePanel().showKeyTarget(target);
     gui.handleKeyTarget(target);
 }
 
@@ -626,13 +359,11 @@ void MainWindow::showEvent(QShowEvent* event)
 {
     QWidget::showEvent(event);
     showKeyTarget(keyboard->findTarget(QApplication::focusWidget()));
-    lightNotes();
 }
 
 void MainWindow::hideEvent(QHideEvent* event)
 {
     keyboard->releaseTyped();
     QWidget::hideEvent(event);
-    lightNotes();
 }
 }  // namespace Gui

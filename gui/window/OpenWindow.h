@@ -58,6 +58,7 @@ struct OpenWindow {
     /// Updates the setup dialog, if it is open.
     void refreshSetup() const;
 
+    ScreenColumn& getScreens() const { return main->getScreens(); }
     /// The dialog on top, or the window.
     QWidget& getDialogParent() const;
 

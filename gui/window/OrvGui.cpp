@@ -46,7 +46,7 @@ bool OrvGui::create(ParentWindow& parentWindow)
     parentWindow.useSkinBorderChanged(shown.settings.getUseSkinBorder());
     open = std::make_unique<OpenWindow>(*this, parentWindow);
     open->makeMainWindow();
-    open->main->setScreenState(shown.screens);
+    open->getScreens().setState(shown.screens);
     open->applyLook();
     open->show();
     setFocus();
@@ -60,7 +60,7 @@ bool OrvGui::create(ParentWindow& parentWindow)
 void OrvGui::destroy()
 {
     if (!open) return;
-    shown.screens = open->main->getScreenState();
+    shown.screens = open->getScreens().getState();
     shown.settings.setLastWindowPosition(getMainWindowPosition());
     getOrvMessageManager().postSetScreenState(shown.screens);
     if (!shown.isVstPlugin) getOrvMessageManager().postSetLastWindowPosition(getMainWindowPosition());
@@ -84,13 +84,13 @@ OrvMessageManager& OrvGui::getOrvMessageManager() { return orv.getOrvMessageMana
 
 void OrvGui::showScreen(Screen screen, bool on)
 {
-    open->main->showScreen(screen, on);
+    open->getScreens().showScreen(screen, on);
     if (screen == Screen::system) open->parent.systemPanelShown(on);
 }
 
 void OrvGui::toggleScreen(Screen screen) { showScreen(screen, !isScreenShowing(screen)); }
 
-bool OrvGui::isScreenShowing(Screen screen) const { return open && open->main->isShowing(screen); }
+bool OrvGui::isScreenShowing(Screen screen) const { return open && open->getScreens().isShowing(screen); }
 
 void OrvGui::setCompact(bool on)
 {
@@ -135,9 +135,9 @@ void OrvGui::setFocus()
         open->main->setPlayingFocus();
 }
 
-void OrvGui::showProgramMenu() { open->main->getStagePanel().showProgramList(); }
+void OrvGui::showProgramMenu() { open->getScreens().getStagePanel().showProgramList(); }
 
-void OrvGui::showDefaultMidiOutputMenu() { open->main->getSystemPanel().showDefaultMidiOutputMenu(); }
+void OrvGui::showDefaultMidiOutputMenu() { open->getScreens().getSystemPanel().showDefaultMidiOutputMenu(); }
 
 /// The backend does not report every change of a setting, so all of them are requested.
 void OrvGui::showSetupDialog()
@@ -147,7 +147,7 @@ void OrvGui::showSetupDialog()
 
 Preset::PresetGuiOwner& OrvGui::getComputerInputPanelAsPresetGuiOwner()
 {
-    return open->main->getComputerInputPanel().getPresets();
+    return open->getScreens().getComputerInputPanel().getPresets();
 }
 
 // --- keys and keyboards
@@ -156,12 +156,12 @@ KeyPresses& OrvGui::getKeyPresses() { return open->main->getKeyPresses(); }
 
 Output::MusicKeyboardCtl& OrvGui::getMainMusicKeyboardCtl()
 {
-    return open->main->getOutputPanel().getMusicKeyboardCtl();
+    return open->getScreens().getOutputPanel().getMusicKeyboardCtl();
 }
 
-void OrvGui::clearMusicKeyboardHilight() { open->main->getOutputPanel().clearHilight(); }
+void OrvGui::clearMusicKeyboardHilight() { open->getScreens().getOutputPanel().clearHilight(); }
 
-void OrvGui::clearComputerKeyboardHilight() { open->main->getComputerInputPanel().getKeyboard().clearHilight(); }
+void OrvGui::clearComputerKeyboardHilight() { open->getScreens().getComputerInputPanel().getKeyboard().clearHilight(); }
 
 // --- help
 
@@ -173,12 +173,12 @@ void OrvGui::displayHelp(const QWidget& control)
 /// An empty text changes nothing.
 void OrvGui::displayHelp(const std::string& text)
 {
-    if (open && open->main && !text.empty()) open->main->getHelpPanel().showText(text);
+    if (open && open->main && !text.empty()) open->getScreens().getHelpPanel().showText(text);
 }
 
 void OrvGui::displayMessage(const std::string& text)
 {
-    if (open) open->main->getStagePanel().showMessage(QString::fromStdString(text).replace('\n', ' '));
+    if (open) open->getScreens().getStagePanel().showMessage(QString::fromStdString(text).replace('\n', ' '));
     displayHelp(text);
 }
 

@@ -157,7 +157,7 @@ void OrvGui::renameSequencePreset(const std::string& name, const std::string& ne
 void OrvGui::handleSequencePresetsChanged(bool done)
 {
     sequencePresets.load();
-    open->main->handleSequencePresets();
+    open->getScreens().handleSequencePresets();
     showPresetResult("Sequences", done);
 }
 }  // namespace Gui

@@ -42,7 +42,7 @@ void OrvGui::handleSettingsChanged(const RegistrySettings& settings)
     handleUseSkinBorderChanged(settings.getUseSkinBorder());
     handleDefaultMidiOutputChanged(settings.getDefaultMidiOutput());
     handleRetroRecordEnabledChanged(settings.isRetroRecordEnabled());
-    open->main->handleSettingsChanged(settings);
+    open->getScreens().handleSettingsChanged(settings);
     open->applyLook();
     open->refreshSetup();
 }
@@ -75,26 +75,26 @@ void OrvGui::handleUseSkinBorderChanged(bool on)
 void OrvGui::handleRetroRecordEnabledChanged(bool on)
 {
     keep(&RegistrySettings::setRetroRecordEnabled, on);
-    open->main->getSystemPanel().handleRetroRecordEnabledChanged(on);
+    open->getScreens().getSystemPanel().handleRetroRecordEnabledChanged(on);
 }
 
 void OrvGui::handleMidiThruChanged(bool on)
 {
     keep(&RegistrySettings::setMidiThru, on);
     open->main->setMidiThru(on);
-    open->main->getSystemPanel().handleMidiThruChanged(on);
+    open->getScreens().getSystemPanel().handleMidiThruChanged(on);
 }
 
 void OrvGui::handleLargeDisplayFontChanged(bool on)
 {
     keep(&RegistrySettings::setLargeDisplayFont, on);
-    open->main->handleLargeDisplayFontChanged(on);
+    open->getScreens().handleLargeDisplayFontChanged(on);
 }
 
 void OrvGui::handleDefaultMidiOutputChanged(int output)
 {
     keep(&RegistrySettings::setDefaultMidiOutput, output);
-    open->main->handleDefaultMidiOutputChanged(output);
+    open->getScreens().handleDefaultMidiOutputChanged(output);
 }
 
 void OrvGui::handleGlobalKeyboardChanged(bool on)
@@ -114,7 +114,7 @@ void OrvGui::showGlobalKeyboard(bool on)
 {
     keep(&RegistrySettings::setGlobalKeyboard, on);
     open->main->setGlobalKeyboard(on);
-    open->main->getSystemPanel().handleGlobalKeyboardChanged(on);
+    open->getScreens().getSystemPanel().handleGlobalKeyboardChanged(on);
     open->parent.globalKeyboardChanged(on);
 }
 
@@ -129,7 +129,7 @@ void OrvGui::handleBankChanged(const Bank& bank)
 {
     const bool isOther = bank.name != shown.bank.name;
     shown.bank = bank;
-    open->main->getSystemPanel().handleBankChanged(bank);
+    open->getScreens().getSystemPanel().handleBankChanged(bank);
     if (open->programs) open->programs->follow();
     if (isOther) {
         Files::addRecentFile(*this, bank.name);
@@ -141,7 +141,7 @@ void OrvGui::handleProgramChanged(const Program& program)
 {
     shown.program = program;
     open->edits.setProgram(program.number);
-    open->main->getSystemPanel().handleProgramChanged(program);
+    open->getScreens().getSystemPanel().handleProgramChanged(program);
     if (open->programs) open->programs->follow();
     if (loading.empty()) return;
     const std::string loaded = std::exchange(loading, {});
@@ -163,16 +163,19 @@ void OrvGui::handleProgramMissing(const Program& program)
 void OrvGui::handleEditDone(const EditDone& done)
 {
     open->edits.acknowledge(done);
-    open->main->getStagePanel().handleEditDone(done);
+    open->getScreens().getStagePanel().handleEditDone(done);
 }
 
 void OrvGui::handleBankEditDone(const BankEditDone& done)
 {
-    open->main->getStagePanel().handleBankEditDone(done);
+    open->getScreens().getStagePanel().handleBankEditDone(done);
     if (open->programs) open->programs->handleBankEditDone(done);
 }
 
-void OrvGui::handleSetListChanged(const SetList& list) { open->main->getStagePanel().handleSetListChanged(list); }
+void OrvGui::handleSetListChanged(const SetList& list)
+{
+    open->getScreens().getStagePanel().handleSetListChanged(list);
+}
 
 void OrvGui::handleNotice(Notice notice, const std::string& text)
 {
@@ -194,7 +197,7 @@ void OrvGui::handleProgramEdited(bool edited, int others)
 {
     isEdited = edited;
     otherEdited = others;
-    open->main->getStagePanel().handleProgramEdited(edited, others);
+    open->getScreens().getStagePanel().handleProgramEdited(edited, others);
 }
 
 void OrvGui::handleRecovery(RecoveryResult result, const std::string& path)
@@ -202,7 +205,8 @@ void OrvGui::handleRecovery(RecoveryResult result, const std::string& path)
     if (std::exchange(open->recovery, result) == result) return;  // it is reported again with everything else
     const auto report = [this](const QString& text) { displayMessage(text.toStdString()); };
     const QString file = QString::fromStdString(path);
-    if (result != RecoveryResult::notKept) open->main->getStagePanel().offerDiscard(result == RecoveryResult::restored);
+    if (result != RecoveryResult::notKept)
+        open->getScreens().getStagePanel().offerDiscard(result == RecoveryResult::restored);
     switch (result) {
         case RecoveryResult::nothing:
             break;
@@ -226,14 +230,14 @@ void OrvGui::handleProgramNameChanged(const Program& program) { handleProgramCha
 void OrvGui::handleMidiInputPortsChanged(const MidiInputPorts& ports)
 {
     shown.inputs = ports;
-    open->main->handleMidiInputPortsChanged(ports);
+    open->getScreens().handleMidiInputPortsChanged(ports);
     open->refreshSetup();
 }
 
 void OrvGui::handleMidiOutputPortsChanged(const MidiOutputPorts& ports)
 {
     shown.outputs = ports;
-    open->main->handleMidiOutputPortsChanged(ports);
+    open->getScreens().handleMidiOutputPortsChanged(ports);
     open->refreshSetup();
 }
 
@@ -243,7 +247,7 @@ void OrvGui::handleResetOrv() { clearMusicKeyboardHilight(); }
 
 void OrvGui::showHostStatus(const HostStatus& status)
 {
-    if (open) open->main->getStagePanel().handleHostStatus(status);
+    if (open) open->getScreens().getStagePanel().handleHostStatus(status);
 }
 
 /// Also while the window is being closed.
@@ -259,7 +263,7 @@ void OrvGui::handleReceivedEvents(const std::vector<OrvMidiMessage>& events)
     open->inputWatch.handleReceivedEvents(events);
 }
 
-void OrvGui::handleSequenceSteps(const std::vector<int>& steps) { open->main->handleSequenceSteps(steps); }
+void OrvGui::handleSequenceSteps(const std::vector<int>& steps) { open->getScreens().handleSequenceSteps(steps); }
 
-void OrvGui::displayMidiOutputEvent(const OrvMidiMessage& event) { open->main->displayMidiOutputEvent(event); }
+void OrvGui::displayMidiOutputEvent(const OrvMidiMessage& event) { open->getScreens().displayMidiOutputEvent(event); }
 }  // namespace Gui

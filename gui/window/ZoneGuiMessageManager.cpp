@@ -3,18 +3,18 @@
 #include <array>
 
 #include "backend/messages/GuiMessages.h"
-#include "gui/window/MainWindow.h"
+#include "gui/window/ScreenColumn.h"
 
 namespace Gui
 {
 namespace
 {
-constexpr auto ZONE_COMMANDS = std::to_array<Backend::Command<MainWindow>>({
-    Backend::on<Backend::GuiMessage::ZONE_TRANSPOSE, &MainWindow::handleZoneTranspose>(),
-    Backend::on<Backend::GuiMessage::ZONES, &MainWindow::handleZones>(),
-    Backend::on<Backend::GuiMessage::ZONE_SELECTED, &MainWindow::handleZoneSelected>(),
+constexpr auto ZONE_COMMANDS = std::to_array<Backend::Command<ScreenColumn>>({
+    Backend::on<Backend::GuiMessage::ZONE_TRANSPOSE, &ScreenColumn::handleZoneTranspose>(),
+    Backend::on<Backend::GuiMessage::ZONES, &ScreenColumn::handleZones>(),
+    Backend::on<Backend::GuiMessage::ZONE_SELECTED, &ScreenColumn::handleZoneSelected>(),
 });
 }  // namespace
 
-ZoneGuiMessageManager::ZoneGuiMessageManager(MainWindow& window) : TableMessageManager(ZONE_COMMANDS, window) {}
+ZoneGuiMessageManager::ZoneGuiMessageManager(ScreenColumn& screens) : TableMessageManager(ZONE_COMMANDS, screens) {}
 }  // namespace Gui

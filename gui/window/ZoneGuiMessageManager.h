@@ -4,12 +4,12 @@
 
 namespace Gui
 {
-class MainWindow;
+class ScreenColumn;
 
 /// Handles the messages of the zones.
-class ZoneGuiMessageManager final : public TableMessageManager<MainWindow>
+class ZoneGuiMessageManager final : public TableMessageManager<ScreenColumn>
 {
 public:
-    explicit ZoneGuiMessageManager(MainWindow& window);
+    explicit ZoneGuiMessageManager(ScreenColumn& screens);
 };
 }  // namespace Gui
