@@ -21,14 +21,11 @@ constexpr int BUTTON_WIDTH = 120;
 }
 
 FileField::FileField(OrvGuiIF& owner, const File& fileRow, QBoxLayout& page)
-    : gui(owner), edit(new EditBox), row(fileRow), buttons(new QHBoxLayout)
+    : EditField(owner, fileRow.name, fileRow.help), row(fileRow), buttons(new QHBoxLayout)
 {
     auto* label = new QLabel(EditBox::tr(row.label));
     label->setBuddy(edit);
     page.addWidget(label);
-    edit->setAccessibleName(EditBox::tr(row.name));
-    Property::setHelp(*edit, EditBox::tr(row.help));
-    Property::set(*edit, Property::TEXT, true);
     Property::set(*edit, Property::NOWHEEL, true);
     page.addWidget(edit);
     buttons->addStretch();
@@ -73,11 +70,5 @@ void FileField::post() const
     row.post(gui.getOrvMessageManager(), QDir::toNativeSeparators(path).toStdString());
 }
 
-QWidget& FileField::getControl() const { return *edit; }
-
 QString FileField::getKnown() const { return QString::fromStdString(row.get(gui.getRegistrySettings())); }
-
-QString FileField::getShown() const { return edit->text().trimmed(); }
-
-void FileField::show(const QString& path) { edit->setText(path); }
 }  // namespace Gui::Setup

@@ -1,22 +1,16 @@
 #pragma once
 
-#include "gui/screens/setup/SettingField.h"
+#include "gui/screens/setup/EditField.h"
 
 class QBoxLayout;
 class QPushButton;
-
-namespace Gui
-{
-class EditBox;
-class OrvGuiIF;
-}  // namespace Gui
 
 namespace Gui::Setup
 {
 struct File;
 
 /// A file: its path is typed, or chosen by a dialog. An empty path means the usual file.
-class FileField : public ValueField<QString>
+class FileField : public EditField
 {
 public:
     /// Both must outlive it.
@@ -24,19 +18,12 @@ public:
 
     QString findFault() const override;
     void post() const override;
-    QWidget& getControl() const override;
 
 protected:
     /// Beside the button of the dialog.
     QPushButton& addButton(const QString& label, const QString& name, const QString& help);
     /// Where the dialog starts while the line is empty.
     virtual QString getUsual() const { return {}; }
-
-    QString getShown() const override;
-    void show(const QString& path) override;
-
-    OrvGuiIF& gui;
-    EditBox* edit;
 
 private:
     void choose();

@@ -20,12 +20,9 @@ constexpr int WIDTH = 70;
 }
 
 NumberField::NumberField(OrvGuiIF& owner, const Number& numberRow, QBoxLayout& page)
-    : gui(owner), row(numberRow), edit(new EditBox)
+    : EditField(owner, numberRow.name, numberRow.help), row(numberRow)
 {
     edit->setFixedWidth(WIDTH);
-    edit->setAccessibleName(EditBox::tr(row.name));
-    Property::setHelp(*edit, EditBox::tr(row.help));
-    Property::set(*edit, Property::TEXT, true);
     Property::set(*edit, Property::NUMBERS_ONLY, true);
     Skinner::setMinMax(*edit, row.lowest, row.highest);
     SetupRow line(page, EditBox::tr(row.label), *edit);
@@ -49,11 +46,5 @@ QString NumberField::getQuestion() const { return EditBox::tr(row.question); }
 
 void NumberField::post() const { row.post(gui.getOrvMessageManager(), edit->getNumber() * row.scale); }
 
-QWidget& NumberField::getControl() const { return *edit; }
-
 QString NumberField::getKnown() const { return QString::number((gui.getRegistrySettings().*row.get)() / row.scale); }
-
-QString NumberField::getShown() const { return edit->text().trimmed(); }
-
-void NumberField::show(const QString& text) { edit->setText(text); }
 }  // namespace Gui::Setup

@@ -1,21 +1,15 @@
 #pragma once
 
-#include "gui/screens/setup/SettingField.h"
+#include "gui/screens/setup/EditField.h"
 
 class QBoxLayout;
-
-namespace Gui
-{
-class EditBox;
-class OrvGuiIF;
-}  // namespace Gui
 
 namespace Gui::Setup
 {
 struct Number;
 
 /// A row with a number to type. A text that is not a number within the limits is a fault.
-class NumberField final : public ValueField<QString>
+class NumberField final : public EditField
 {
 public:
     /// Both must outlive it.
@@ -24,15 +18,10 @@ public:
     QString findFault() const override;
     QString getQuestion() const override;
     void post() const override;
-    QWidget& getControl() const override;
 
 private:
     QString getKnown() const override;
-    QString getShown() const override;
-    void show(const QString& text) override;
 
-    OrvGuiIF& gui;
     const Number& row;
-    EditBox* edit;
 };
 }  // namespace Gui::Setup

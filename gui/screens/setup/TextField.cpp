@@ -16,13 +16,10 @@ constexpr int TEXT_WIDTH = 230;
 }
 
 TextField::TextField(OrvGuiIF& owner, const Text& textRow, QBoxLayout& page)
-    : gui(owner), row(textRow), edit(new EditBox)
+    : EditField(owner, textRow.name, textRow.help), row(textRow)
 {
     edit->setFixedWidth(TEXT_WIDTH);
     edit->setReadOnly(row.post == nullptr);
-    edit->setAccessibleName(EditBox::tr(row.name));
-    Property::setHelp(*edit, EditBox::tr(row.help));
-    Property::set(*edit, Property::TEXT, true);
     Property::set(*edit, Property::NOWHEEL, true);
     SetupRow(page, EditBox::tr(row.label), *edit);
 }
@@ -31,15 +28,11 @@ QString TextField::findFault() const { return QString::fromStdString(row.findFau
 
 void TextField::post() const { row.post(gui.getOrvMessageManager(), getShown().toStdString()); }
 
-QWidget& TextField::getControl() const { return *edit; }
-
 QString TextField::getKnown() const { return QString::fromStdString(row.get(gui)).trimmed(); }
-
-QString TextField::getShown() const { return edit->text().trimmed(); }
 
 void TextField::show(const QString& text)
 {
-    edit->setText(text);
+    EditField::show(text);
     edit->setCursorPosition(0);
 }
 }  // namespace Gui::Setup

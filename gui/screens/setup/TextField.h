@@ -1,21 +1,15 @@
 #pragma once
 
-#include "gui/screens/setup/SettingField.h"
+#include "gui/screens/setup/EditField.h"
 
 class QBoxLayout;
-
-namespace Gui
-{
-class EditBox;
-class OrvGuiIF;
-}  // namespace Gui
 
 namespace Gui::Setup
 {
 struct Text;
 
 /// A row with a line of text, which can be copied even if it cannot be changed.
-class TextField final : public ValueField<QString>
+class TextField final : public EditField
 {
 public:
     /// Both must outlive it.
@@ -23,15 +17,11 @@ public:
 
     QString findFault() const override;
     void post() const override;
-    QWidget& getControl() const override;
 
 private:
     QString getKnown() const override;
-    QString getShown() const override;
     void show(const QString& text) override;
 
-    OrvGuiIF& gui;
     const Text& row;
-    EditBox* edit;
 };
 }  // namespace Gui::Setup
