@@ -277,7 +277,7 @@ void CcPanel::send(const MidiEngine::OrvMidiMessage::Fields& event)
     MidiEngine::OrvMidiMessage whole(event);
     whole.setOutput(place.output);
     whole.setChannel(place.channel);
-    sent.take(whole);
+    sent.takeOwn(whole);
     gui.getOrvMessageManager().postPlayMidi(whole);
 }
 }  // namespace Gui::Cc

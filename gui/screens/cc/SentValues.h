@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <deque>
 #include <map>
 #include <optional>
 #include <utility>
@@ -25,8 +26,12 @@ public:
         auto operator<=>(const Place&) const = default;
     };
 
-    /// Takes an event that was sent; false if it changes nothing here. `Reset All Controllers` sets those that it
-    /// resets, and leaves volume, pan, effects, bank and program, as the MIDI standard recommends (RP-015).
+    /// Takes an event that this section hands to the engine. It counts at once: until the last one is reported, what
+    /// the report of an earlier one says of the same value is old.
+    void takeOwn(const Backend::MidiEngine::OrvMidiMessage& event);
+
+    /// Takes an event that is reported as sent; false if it changes nothing here. `Reset All Controllers` sets those
+    /// that it resets, and leaves volume, pan, effects, bank and program, as the MIDI standard recommends (RP-015).
     bool take(const Backend::MidiEngine::OrvMidiMessage& event);
 
     /// 0 to 127.
@@ -42,6 +47,10 @@ private:
         std::int8_t program = UNKNOWN;
     };
 
+    bool set(const Backend::MidiEngine::OrvMidiMessage& event);
+    bool isOld(const Backend::MidiEngine::OrvMidiMessage& event);
+
     std::map<Place, Channel> channels;
+    std::deque<Backend::MidiEngine::OrvMidiMessage> unreported;  // own events
 };
 }  // namespace Gui::Cc
