@@ -18,22 +18,17 @@
 #include "api/OrvGuiIF.h"
 #include "api/OrvMessageManager.h"
 #include "backend/files/RegistrySettings.h"
-#include "gui/forms/EditableSections.h"
 #include "gui/framework/DialogFrame.h"
-#include "gui/framework/EditPoster.h"
 #include "gui/framework/Panel.h"
 #include "gui/framework/PopupMenu.h"
 #include "gui/framework/Properties.h"
 #include "gui/framework/Switches.h"
 #include "gui/framework/WidgetTree.h"
 #include "gui/keyboard/GlobalKeyboard.h"
-#include "gui/keyboard/KeyReading.h"
-#include "gui/keyboard/WindowKeyboard.h"
-#include "gui/screens/computerinput/ComputerInputPanel.h"
-#include "gui/screens/computerinput/ComputerKeyboardCtl.h"
 #include "gui/screens/system/ScreenButtons.h"
 #include "gui/screens/system/StagePanel.h"
 #include "gui/window/ScreenColumn.h"
+#include "gui/window/WindowKeys.h"
 
 namespace Gui
 {
@@ -65,43 +60,18 @@ protected:
     void keyPressEvent(QKeyEvent* event) override { event->ignore(); }
 };
 
-/// Posts keys to the backend, which plays them, and shows them on the picture of the keyboard.
-class MainWindow::PlayedKeys final : public KeyPresses::Listener
-{
-public:
-    explicit PlayedKeys(MainWindow& mainWindow) : window(mainWindow), commands(mainWindow.gui.getOrvMessageManager()) {}
-
-    void keyDown(const Key& key, bool isRepeat) override { commands.postKeyDown(key, isRepeat); }
-    void keyUp(const Key& key) override { commands.postKeyUp(key); }
-    void showKey(int code, bool down) override
-    {
-        auto& picture = window.screens->getComputerInputPanel().getKeyboard();
-        down ? picture.showKeyDown(code) : picture.showKeyUp(code);
-    }
-
-private:
-    MainWindow& window;
-    Backend::OrvMessageManager& commands;
-};
-
 MainWindow::MainWindow(OrvGuiIF& owner, QWidget* parent, Resized onResize)
-    : QWidget(parent),
-      gui(owner),
-      resized(std::move(onResize)),
-      playedKeys(std::make_unique<PlayedKeys>(*this)),
-      keyboard(std::make_unique<WindowKeyboard>(*this, *playedKeys))
+    : QWidget(parent), gui(owner), resized(std::move(onResize)), keys(std::make_unique<WindowKeys>(owner, *this))
 {
     setWindowTitle(QStringLiteral("OrvGui"));
     setAutoFillBackground(true);
     setAcceptDrops(true);
     makeButtons();
-    screens = new ScreenColumn(gui, *keyboard, *this);
+    screens = new ScreenColumn(gui, keys->getKeyboard(), *this);
     view = new ColumnView(this, *screens);
     screens->onChange = [this] { fit(); };
     screens->show(true);
     rescale();
-    keyboard->onWindowKey = [this](const QKeyEvent& event) { return useWindowKey(event); };
-    keyboard->onTarget = [this](KeyTarget target) { showKeyTarget(target); };
     qApp->installEventFilter(this);
 }
 
@@ -109,7 +79,7 @@ MainWindow::~MainWindow()
 {
     hide();  // while the objects that its screens use exist
     qApp->removeEventFilter(this);
-    keyboard->releaseAll();
+    keys->getKeyboard().releaseAll();
 }
 
 void MainWindow::makeButtons()
@@ -282,7 +252,7 @@ bool MainWindow::eventFilter(QObject* object, QEvent* event)
         frameDialog(*dialog);
     const auto* widget = qobject_cast<QWidget*>(object);
     if (event->type() == QEvent::KeyPress && widget != nullptr && isAncestorOf(widget))
-        return useSectionKey(static_cast<const QKeyEvent&>(*event));
+        return keys->useSectionKey(static_cast<const QKeyEvent&>(*event));
     if (event->type() != QEvent::Enter && event->type() != QEvent::FocusIn) return false;
     if (widget != nullptr && (widget->window() == window() || isWithin(*widget, *this))) showHelpOf(*widget);
     return false;
@@ -309,61 +279,26 @@ bool MainWindow::hasDialog() const
     return std::ranges::any_of(dialogs, [](const QDialog* dialog) { return dialog->isVisible(); });
 }
 
-KeyPresses& MainWindow::getKeyPresses() { return keyboard->getKeyPresses(); }
+KeyPresses& MainWindow::getKeyPresses() { return keys->getKeyboard().getKeyPresses(); }
 
-void MainWindow::setPlayingFocus() { keyboard->takeFocus(); }
+void MainWindow::setPlayingFocus() { keys->getKeyboard().takeFocus(); }
 
-void MainWindow::playEveryKey(bool on) { keyboard->playEveryKey(on); }
+void MainWindow::playEveryKey(bool on) { keys->getKeyboard().playEveryKey(on); }
 
 /// Keys that the focused control did not use.
-void MainWindow::keyPressEvent(QKeyEvent* event) { keyboard->keyPressed(*event); }
+void MainWindow::keyPressEvent(QKeyEvent* event) { keys->getKeyboard().keyPressed(*event); }
 
-/// Control and Z undoes, with Shift it does again; the keys of the section that is edited act on what is selected
-/// there. All unless the program binds them.
-bool MainWindow::useWindowKey(const QKeyEvent& event)
-{
-    using Forms::RecordEditor;
-    const bool again = event.modifiers() == (Qt::ControlModifier | Qt::ShiftModifier);
-    const bool isUndo = event.key() == Qt::Key_Z && (again || event.modifiers() == Qt::ControlModifier);
-    RecordEditor* const section = gui.getEditableSections().getActive();
-    const auto command = section != nullptr ? RecordEditor::commandOf(event) : std::nullopt;
-    if (!isUndo && !(command && section->canExecute(*command))) return false;
-    if (screens->getComputerInputPanel().isBound(readKey(event))) return false;
-    if (command)
-        section->execute(*command);
-    else
-        again ? gui.getEdits().redo() : gui.getEdits().undo();
-    return true;
-}
-
-/// Control and Tab moves from section to section, with Shift back.
-bool MainWindow::useSectionKey(const QKeyEvent& event)
-{
-    using Direction = Forms::EditableSections::Direction;
-    const bool isBack = event.key() == Qt::Key_Backtab || event.modifiers().testFlag(Qt::ShiftModifier);
-    if ((event.key() != Qt::Key_Tab && event.key() != Qt::Key_Backtab) ||
-        (event.modifiers() & ~Qt::ShiftModifier) != Qt::ControlModifier)
-        return false;
-    return gui.getEditableSections().moveFocus(isBack ? Direction::previous : Direction::next);
-}
-
-void MainWindow::keyReleaseEvent(QKeyEvent* event) { keyboard->keyReleased(*event); }
-
-void MainWindow::showKeyTarget(KeyTarget target)
-{
-    screens->getStagePanel().showKeyTarget(target);
-    gui.handleKeyTarget(target);
-}
+void MainWindow::keyReleaseEvent(QKeyEvent* event) { keys->getKeyboard().keyReleased(*event); }
 
 void MainWindow::showEvent(QShowEvent* event)
 {
     QWidget::showEvent(event);
-    showKeyTarget(keyboard->findTarget(QApplication::focusWidget()));
+    keys->showTarget();
 }
 
 void MainWindow::hideEvent(QHideEvent* event)
 {
-    keyboard->releaseTyped();
+    keys->getKeyboard().releaseTyped();
     QWidget::hideEvent(event);
 }
 }  // namespace Gui

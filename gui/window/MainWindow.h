@@ -4,8 +4,6 @@
 #include <functional>
 #include <memory>
 
-#include "gui/framework/KeyTarget.h"
-
 class QDialog;
 class QPushButton;
 
@@ -14,7 +12,7 @@ namespace Gui
 class KeyPresses;
 class OrvGuiIF;
 class ScreenColumn;
-class WindowKeyboard;
+class WindowKeys;
 
 /// The window itself: the screens in one column, and the computer keyboard that plays in it. Three buttons, with reset
 /// among them, stand where the system screen is hidden, and alone while no screen is shown. Its natural size follows
@@ -69,23 +67,18 @@ protected:
 
 private:
     class ColumnView;
-    class PlayedKeys;
 
     void makeButtons();
     void fit();
     void layOut();
     int getHeadHeight() const;
     void showScreenMenu(const QPoint& globalPosition);
-    void showKeyTarget(KeyTarget target);
-    bool useWindowKey(const QKeyEvent& event);
-    bool useSectionKey(const QKeyEvent& event);
     void showHelpOf(const QWidget& control);
     void frameDialog(QDialog& dialog) const;
 
     OrvGuiIF& gui;
     const Resized resized;
-    std::unique_ptr<PlayedKeys> playedKeys;
-    std::unique_ptr<WindowKeyboard> keyboard;
+    std::unique_ptr<WindowKeys> keys;
     QPushButton* resetButton = nullptr;  // these are owned by their Qt parents
     QPushButton* thruButton = nullptr;
     QPushButton* keyboardButton = nullptr;
