@@ -1,5 +1,6 @@
 #include "backend/messages/SettingMessages.h"
 #include "gui/framework/ComboBox.h"
+#include "gui/screens/cc/SentValues.h"
 #include "tests/gui/ScreenStage.h"
 
 /// The controllers of a channel, below the piano.
@@ -56,4 +57,17 @@ TEST_F(CcScreen, KeepsItsRowsForTheNextWindow)
     settle();
     EXPECT_NO_THROW(choices("Controller 2"));
     EXPECT_THROW(choices("Controller 7"), std::runtime_error);
+}
+
+TEST(SentValues, KeepAnOwnValueUntilItsOwnReportArrives)
+{
+    Gui::Cc::SentValues values;
+    const auto bank = [](int value) { return event(MessageType::controllerChange, 0, value).output(1).channel(2); };
+    values.takeOwn(bank(0));
+    values.takeOwn(bank(1));
+    EXPECT_FALSE(values.take(bank(0))) << "the first one's report";
+    EXPECT_EQ(values.getController({.output = 1, .channel = 2}, 0), 1);
+    EXPECT_TRUE(values.take(bank(1)));
+    EXPECT_TRUE(values.take(bank(0))) << "of somebody else";
+    EXPECT_EQ(values.getController({.output = 1, .channel = 2}, 0), 0);
 }
