@@ -50,17 +50,16 @@ void WindowKeys::showTarget(KeyTarget target)
 /// there. All unless the program binds them.
 bool WindowKeys::useEditKey(const QKeyEvent& event)
 {
-    using Forms::RecordEditor;
-    const bool again = event.modifiers() == (Qt::ControlModifier | Qt::ShiftModifier);
-    const bool isUndo = event.key() == Qt::Key_Z && (again || event.modifiers() == Qt::ControlModifier);
-    RecordEditor* const section = gui.getEditableSections().getActive();
-    const auto command = section != nullptr ? RecordEditor::commandOf(event) : std::nullopt;
-    if (!isUndo && !(command && section->canExecute(*command))) return false;
     if (window.getScreens().getComputerInputPanel().isBound(readKey(event))) return false;
-    if (command)
-        section->execute(*command);
-    else
+    const bool again = event.modifiers() == (Qt::ControlModifier | Qt::ShiftModifier);
+    if (event.key() == Qt::Key_Z && (again || event.modifiers() == Qt::ControlModifier)) {
         again ? gui.getEdits().redo() : gui.getEdits().undo();
+        return true;
+    }
+    Forms::RecordEditor* const section = gui.getEditableSections().getActive();
+    const auto command = Forms::RecordEditor::commandOf(event);
+    if (section == nullptr || !command || !section->canExecute(*command)) return false;
+    section->execute(*command);
     return true;
 }
 
