@@ -51,8 +51,10 @@ TEST(ButtonConfiguration, CopiesItsFunctionsAndSetsASlotOfAnEntryOrAddsOneBehind
     EXPECT_TRUE(copy.isUsed(0) && copy.isUsed(2));
     EXPECT_FALSE(copy.isUsed(1) || copy.isUsed(3));
     copy.addEntry(copy.getEntries()[0]);
-    key = copy;
-    EXPECT_EQ(print(key), print(copy));
+    for (const KeyConfiguration& other : {copy, stage.read("<Function keepSending='true'/>")}) {
+        key = other;
+        EXPECT_EQ(print(key), print(other));
+    }
 }
 
 TEST(ButtonConfiguration, IsEmptyWhenNothingWouldHappenAndEqualToAnotherThatDoesTheSame)

@@ -58,4 +58,6 @@ TEST(MidiEventConfigurationMap, ReplacesOrMergesWhatItReadsAndWritesOnDemandWhat
               "<MidiInput merge='true'><MidiEvent input='5' channel='5' midiEvent='Note On,60'></MidiEvent>"
               "<MidiEvent input='-1' channel='-1' midiEvent='Note On,60'><Translation condition='Off'><ResetOrv/>"
               "</Translation></MidiEvent></MidiInput>");
+    const auto some = writtenBy([&](std::ostream& out) { map.writeXml(out, 0, std::vector{note(5, 5)}); });
+    EXPECT_NE(some.find("\n\t<MidiEvent "), some.npos) << "indented as everything that is written";
 }

@@ -10,7 +10,7 @@ namespace
 class EngineStage : JoystickEngine::Listener
 {
 public:
-    EngineStage() { engine.setRepeat({.delay = 500, .interval = 33}); }
+    EngineStage() { engine.setRepeat({.delay = 400, .interval = 25}); }
 
     JoystickReading first{};
     Joysticks::Readings readings{};
@@ -85,10 +85,10 @@ TEST(JoystickEngine, RepeatsAHeldButtonAsAKeyRepeats)
         stage.take(pressed - 10);
         stage.first.buttons = 1;
         EXPECT_EQ(stage.take(pressed), "0:0 down");
-        EXPECT_EQ(stage.take(pressed + 499), "");
-        EXPECT_EQ(stage.take(pressed + 500), "0:0 repeat") << pressed;
-        EXPECT_EQ(stage.take(pressed + 533), "") << "exceeded, not reached";
-        EXPECT_EQ(stage.take(pressed + 534), "0:0 repeat");
+        EXPECT_EQ(stage.take(pressed + 399), "");
+        EXPECT_EQ(stage.take(pressed + 400), "0:0 repeat") << pressed;
+        EXPECT_EQ(stage.take(pressed + 425), "") << "exceeded, not reached";
+        EXPECT_EQ(stage.take(pressed + 426), "0:0 repeat");
         stage.first.buttons = 0;
         EXPECT_EQ(stage.take(pressed + 600), "0:0 up");
         EXPECT_EQ(stage.take(pressed + 2000), "");
