@@ -3,6 +3,7 @@
 #include "api/OrvFactory.h"
 #include "api/OrvUtils.h"
 #include "backend/files/RegistrySettings.h"
+#include "backend/files/SequencePresetManager.h"
 #include "backend/model/PresetSections.h"
 #include "tests/stage/Stage.h"
 
@@ -84,7 +85,9 @@ TEST(Lifecycle, WhatTheUserChoseIsThereTheNextTime)
 {
     Life life;
     life.write(SETTINGS_FILE, "DefaultBank=string:/my/own.bnk\nMidiThru=number:0\nDefaultMidiOutput=number:1\n");
+    life.write(DATA + "/Sequences/Mine.seq", "");
     life.begin();
+    EXPECT_TRUE(life.orv->getSequencePresetManager().exists("Mine"));
     OrvMessageManager& commands = life.commands();
     commands.sendSetMidiInputPorts({{{.name = "In"}}});
     commands.sendSetMidiOutputPorts({{{.name = "Out 1"}}, {{.name = "Out 2"}}});
