@@ -38,7 +38,8 @@ class Display(Program):
     """An X server without a screen."""
 
     def __init__(self, test, size="1280x1024"):
-        super().__init__(test, "Xvfb", "-displayfd", "1", "-screen", "0", size + "x24", "-nolisten", "tcp", "-noreset")
+        super().__init__(test, "Xvfb", "-displayfd", "1", "-screen", "0", size + "x24", "-nolisten", "tcp", "-noreset",
+                         "-r")  # a busy machine may hold a key for longer than the delay of its repeat
         self.await_start("\n")
         if self.process.poll() is not None:
             test.skipTest("this machine gives no display: " + self.complained)
