@@ -25,8 +25,7 @@ public:
     template <class Function>
     void visitAny(Function& function)
     {
-        if constexpr (std::is_base_of_v<Backend::FunctionManagement::MidiSettingsType, Function>)
-            if (hasNote(function)) function.setD1(std::min(first + getInterval(), HIGHEST_NOTE));
+        if constexpr (std::is_base_of_v<Backend::FunctionManagement::MidiSettingsType, Function>) raise(function);
     }
 
     static bool hasNote(const Backend::FunctionManagement::MidiSettingsType& settings)
@@ -42,6 +41,11 @@ private:
     static constexpr std::array MAJOR{0, 2, 4, 5, 7, 9, 11};
     static constexpr std::array MINOR{0, 2, 3, 5, 7, 8, 10};
     static constexpr std::array PENTATONIC{0, 2, 4, 7, 9};
+
+    void raise(Backend::FunctionManagement::MidiSettingsType& event) const
+    {
+        if (hasNote(event)) event.setD1(std::min(first + getInterval(), HIGHEST_NOTE));
+    }
 
     int getInterval() const
     {

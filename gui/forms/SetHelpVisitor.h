@@ -22,6 +22,11 @@ public:
     }
 
 private:
+    static void setHelpText(QWidget& control, int helpId)
+    {
+        Property::setHelp(control, QString::fromStdString(Backend::helpText(helpId)));
+    }
+
     template <class Settings>
     class OfFamily final
         : public Backend::VisitsAny<OfFamily<Settings>, typename Settings::Visitor,
@@ -33,7 +38,7 @@ private:
         template <class Function>
         void visitAny(Function&)
         {
-            Property::setHelp(control, QString::fromStdString(Backend::helpText(Function::info.helpId)));
+            setHelpText(control, Function::info.helpId);
         }
 
     private:

@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "backend/xml/XmlElement.h"
-#include "backend/xml/XmlWriter.h"
+#include "backend/xml/XmlItem.h"
 
 namespace Backend
 {
@@ -19,17 +19,14 @@ struct Attribute {
 template <class Owner, class Value>
 Attribute(const char*, Value Owner::*) -> Attribute<Owner, Value>;
 
-inline void writeAttribute(std::ostream& out, std::string_view name, const std::string& text)
+// More than a hundred classes write themselves with these, so the code is not in the header.
+void writeAttribute(std::ostream& out, std::string_view name, const std::string& text);
+void writeAttribute(std::ostream& out, std::string_view name, std::int8_t number);
+/// Text that needs no escaping.
+void writeItemAttribute(std::ostream& out, std::string_view name, const std::string& text);
+void writeAttribute(std::ostream& out, std::string_view name, const XmlItem auto& value)
 {
-    out << xmlStringAttribute(name, text);
-}
-inline void writeAttribute(std::ostream& out, std::string_view name, const XmlItem auto& value)
-{
-    out << xmlItemAttribute(name, value);
-}
-inline void writeAttribute(std::ostream& out, std::string_view name, std::int8_t number)
-{
-    out << xmlCharAttribute(name, number);
+    writeItemAttribute(out, name, value.toXmlString());
 }
 
 /// A missing attribute leaves the value unchanged.
@@ -46,6 +43,10 @@ void readAttribute(const XmlElement& element, std::string_view name, Value& valu
 {
     value = Value::fromXmlString(element.getAttribute(name, value.toXmlString()));
 }
+
+/// Start and end the line of a function's or a translation's element.
+void startElement(std::ostream& out, int indent, std::string_view typeName);
+void endElement(std::ostream& out);
 
 /// Reads, writes and compares the parameters of a family: `Family::attributes(use)` calls `use` with an Attribute for
 /// each of them, in the order in which they are written.

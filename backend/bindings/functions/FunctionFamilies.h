@@ -35,9 +35,9 @@ public:
     void accept(typename Settings::Visitor& visitor) override { visitor.visit(derived()); }
     void writeXml(std::ostream& out, int indent) const override
     {
-        out << std::string(static_cast<std::size_t>(indent), '\t') << xmlOpenTag(Derived::info.typeName);
+        startElement(out, indent, Derived::info.typeName);
         derived().writeParameters(out);
-        out << xmlCloseEmpty() << '\n';
+        endElement(out);
     }
     int getHelpId() const override { return Derived::info.helpId; }
 

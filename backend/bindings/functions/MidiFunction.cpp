@@ -1,4 +1,5 @@
 #include "backend/bindings/functions/MidiFunctions.h"
+#include "backend/xml/XmlWriter.h"
 
 namespace Backend::FunctionManagement
 {

@@ -75,6 +75,22 @@ public:
     virtual void visit(First& type) = 0;
 };
 
+/// Eight at a time: what compilers need for a chain of bases grows with more than the square of its length.
+template <class A, class B, class C, class D, class E, class F, class G, class H, class... Rest>
+class VisitorOf<TypeList<A, B, C, D, E, F, G, H, Rest...>> : public VisitorOf<TypeList<Rest...>>
+{
+public:
+    using VisitorOf<TypeList<Rest...>>::visit;
+    virtual void visit(A& type) = 0;
+    virtual void visit(B& type) = 0;
+    virtual void visit(C& type) = 0;
+    virtual void visit(D& type) = 0;
+    virtual void visit(E& type) = 0;
+    virtual void visit(F& type) = 0;
+    virtual void visit(G& type) = 0;
+    virtual void visit(H& type) = 0;
+};
+
 /// Implements a visitor of a list by one member template of `Self`: `void visitAny(Type& type)`.
 template <class Self, class Visitor, class List>
 class VisitsAny;
@@ -92,17 +108,21 @@ public:
     void visit(First& type) override { static_cast<Self&>(*this).visitAny(type); }
 };
 
-/// Four at a time: what compilers need for a chain of bases grows with more than the square of its length.
-template <class Self, class Visitor, class First, class Second, class Third, class Fourth, class... Rest>
-class VisitsAny<Self, Visitor, TypeList<First, Second, Third, Fourth, Rest...>>
+template <class Self, class Visitor, class A, class B, class C, class D, class E, class F, class G, class H,
+          class... Rest>
+class VisitsAny<Self, Visitor, TypeList<A, B, C, D, E, F, G, H, Rest...>>
     : public VisitsAny<Self, Visitor, TypeList<Rest...>>
 {
 public:
     using VisitsAny<Self, Visitor, TypeList<Rest...>>::visit;
-    void visit(First& type) override { visitAny(type); }
-    void visit(Second& type) override { visitAny(type); }
-    void visit(Third& type) override { visitAny(type); }
-    void visit(Fourth& type) override { visitAny(type); }
+    void visit(A& type) override { visitAny(type); }
+    void visit(B& type) override { visitAny(type); }
+    void visit(C& type) override { visitAny(type); }
+    void visit(D& type) override { visitAny(type); }
+    void visit(E& type) override { visitAny(type); }
+    void visit(F& type) override { visitAny(type); }
+    void visit(G& type) override { visitAny(type); }
+    void visit(H& type) override { visitAny(type); }
 
 private:
     void visitAny(auto& type) { static_cast<Self&>(*this).visitAny(type); }

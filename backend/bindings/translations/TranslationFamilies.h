@@ -10,7 +10,6 @@
 #include "backend/bindings/translations/TranslationEnumerator.h"
 #include "backend/bindings/translations/TranslationSettingsTypes.h"
 #include "backend/model/Translation.h"
-#include "backend/xml/XmlWriter.h"
 
 namespace Backend::MidiInput::TranslationManagement
 {
@@ -26,9 +25,9 @@ public:
     std::string_view getType() const override { return Derived::info.typeName; }
     void writeXml(std::ostream& out, int indent) const override
     {
-        out << std::string(static_cast<std::size_t>(indent), '\t') << xmlOpenTag(Derived::info.typeName);
+        startElement(out, indent, Derived::info.typeName);
         derived().writeParameters(out);
-        out << xmlCloseEmpty() << '\n';
+        endElement(out);
     }
     void accept(TranslationVisitor& visitor) override { visitor.visit(derived()); }
     void accept(typename Settings::Visitor& visitor) override { visitor.visit(derived()); }

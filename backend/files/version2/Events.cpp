@@ -27,9 +27,9 @@ std::string write(const MidiMessage& event, int value, MidiParameters parameters
         parameters.setD1(HAS_NUMBER ? Function::shape.d1.picked : value, Function::shape);
     if (HAS_NUMBER) parameters.setD2(value, Function::shape);
     std::ostringstream out;
-    out << xmlOpenTag(Function::info.typeName);
+    startElement(out, 0, Function::info.typeName);
     parameters.writeXml(out, Function::shape);
-    out << xmlCloseEmpty() << '\n';
+    endElement(out);
     return out.str();
 }
 
