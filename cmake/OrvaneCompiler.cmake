@@ -20,6 +20,11 @@ endif()
 if(CMAKE_CXX_COMPILER_ID MATCHES "Clang")
   add_compile_options(-Wthread-safety -Wthread-safety-beta)
 endif()
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+  # The compiler collects its garbage from 512 MB on (in kilobytes), which few of our sources need: at its default, less
+  # than 128 MB, a twelfth of the time goes into it.
+  add_compile_options(--param=ggc-min-heapsize=524288)
+endif()
 if(ORVANE_SANITIZE)
   add_compile_options(-fsanitize=${ORVANE_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
   add_link_options(-fsanitize=${ORVANE_SANITIZE})
