@@ -13,12 +13,12 @@ namespace Host
 namespace
 {
 using Testing::on;
-constexpr double RATE = 48000;
+constexpr double SAMPLE_RATE = 48000;
 
 /// The loudest sample of the next fifth of a second.
 float loudest(Synthesizer& synthesizer)
 {
-    std::vector<float> left(static_cast<std::size_t>(RATE / 5)), right(left.size());
+    std::vector<float> left(static_cast<std::size_t>(SAMPLE_RATE / 5)), right(left.size());
     synthesizer.render(left.data(), right.data(), static_cast<int>(left.size()));
     return std::abs(*std::ranges::max_element(left, {}, [](float sample) { return std::abs(sample); }));
 }
@@ -27,8 +27,8 @@ TEST(Synthesizer, KeepsItsChannelsWithAnotherSoundFontAndStaysIfThatCannotBeLoad
 {
     std::vector<std::string> news;
     const Sound unreadable{.soundFont = "/dev/null"};
-    auto first = makeSynthesizer(unreadable, RATE, SynthesizerUse::oneThread, news);
-    EXPECT_EQ(makeNextSynthesizer(unreadable, RATE, SynthesizerUse::oneThread, news), nullptr);
+    auto first = makeSynthesizer(unreadable, SAMPLE_RATE, SynthesizerUse::oneThread, news);
+    EXPECT_EQ(makeNextSynthesizer(unreadable, SAMPLE_RATE, SynthesizerUse::oneThread, news), nullptr);
     EXPECT_EQ(news, (std::vector<std::string>{
                         "The built-in synthesizer has the installed sounds: /dev/null is not a sound font.",
                         "The built-in synthesizer keeps its sounds: /dev/null is not a sound font."}));
@@ -40,7 +40,7 @@ TEST(Synthesizer, KeepsItsChannelsWithAnotherSoundFontAndStaysIfThatCannotBeLoad
     first->setVolume(100);
     first->play({{0xB0, 7, 0}, 3});
 
-    const auto next = makeNextSynthesizer({.reverb = false}, RATE, SynthesizerUse::oneThread, news);
+    const auto next = makeNextSynthesizer({.reverb = false}, SAMPLE_RATE, SynthesizerUse::oneThread, news);
     const auto before = allocationsOfThisThread() + releasesOfThisThread();
     next->takeChannels(*first);
     next->setReverb(true);
