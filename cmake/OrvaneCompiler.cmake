@@ -21,8 +21,8 @@ if(CMAKE_CXX_COMPILER_ID MATCHES "Clang")
   add_compile_options(-Wthread-safety -Wthread-safety-beta)
 endif()
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
-  # The compiler collects its garbage from 512 MB on (in kilobytes), which few of our sources need: at its default, less
-  # than 128 MB, a twelfth of the time goes into it.
+  # The compiler collects its garbage from 512 MB on (in kilobytes), which few of our sources need: at its default, at
+  # most 128 MB, a twelfth of the time goes into it.
   add_compile_options(--param=ggc-min-heapsize=524288)
 endif()
 if(ORVANE_SANITIZE)
